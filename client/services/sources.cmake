@@ -1,0 +1,2 @@
+target_sources(plandesk_platform PRIVATE
+)

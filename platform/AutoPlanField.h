@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QString>
+
+/// Keys of the plan record and of its other-parameter map.
+///
+/// The values come from the linked platform; whoever uses them compares and stores them only.
+namespace AutoPlanField {
+
+/// What a plan is. Every value is text unless said otherwise.
+namespace BaseField {
+/// Id of the stored plan; given by the plan service, sent back with a modification.
+extern const QString autoPlanId;
+/// Side code, `Kelvo_Values::OrderSide`.
+extern const QString orderSide;
+/// Price mode code.
+extern const QString priceModel;
+/// Text of the first price input, sent under the no-limit price mode only.
+extern const QString priceFixed;
+/// First price formula as typed.
+extern const QString priceFormula1;
+/// Second price formula as typed; only where two formulas are compared.
+extern const QString priceFormula2;
+/// Target total in stored units, whole number as decimal text.
+extern const QString totalQty;
+/// Instruction mode code.
+extern const QString InstMode;
+/// Assignee of an ordinary plan, as displayed; absent where nobody is named.
+extern const QString expectedUser;
+/// Executor of a holdings-reduction plan, as displayed.
+extern const QString executeUser;
+/// First day, text in `OrloConstants::DateTimeFormatString::STD_DATE_FORMAT`.
+extern const QString beginDate;
+/// Last day, same format.
+extern const QString endDate;
+/// The other-parameter map as compact JSON text.
+extern const QString planOtherParam;
+/// Free text; absent where empty.
+extern const QString remark;
+/// Other parameter: target amount in yuan, as the input shows it.
+extern const QString tradeAmount;
+/// Other parameter: largest amount per day in yuan, as the input shows it.
+extern const QString dayMaxTradeAmount;
+/// Other parameter: parameter map of the algorithm, a map and no text.
+extern const QString algoParam;
+/// Other parameter: name of the algorithm.
+extern const QString algoStrategyName;
+/// Other parameter: sub-type code of the security.
+extern const QString securitySubType;
+/// Other parameter: ratio of the holdings to be reduced, 0 to 1 as decimal text.
+extern const QString JCRatio;
+/// Other parameter: holdings-reduction mode code.
+extern const QString JCModel;
+} // namespace BaseField
+
+/// How far a plan has come.
+namespace Progress {
+/// Other parameter: quantity per day in stored units, whole number as decimal text.
+extern const QString CurrentQty;
+} // namespace Progress
+
+} // namespace AutoPlanField

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QString>
+
+/// Codes shared by the client's accounts, securities and plans.
+///
+/// The values come from the linked platform; whoever uses them compares and stores them only.
+namespace Kelvo_Values {
+
+/// Order side of a plan.
+namespace OrderSide {
+extern const QString buy;
+extern const QString sell;
+} // namespace OrderSide
+
+/// Exchange codes.
+namespace Exchange {
+/// Shanghai.
+extern const QString sh;
+/// Shenzhen.
+extern const QString sz;
+} // namespace Exchange
+
+/// Ends of a symbol that tell its exchange.
+namespace SymbolPost {
+/// Shanghai.
+extern const QString sh;
+/// Shenzhen.
+extern const QString sz;
+} // namespace SymbolPost
+
+/// Security type codes.
+namespace MdcSecurityType {
+extern const QString StockType;
+extern const QString BondType;
+extern const QString FundType;
+} // namespace MdcSecurityType
+
+/// Security sub-type codes.
+namespace MdcSubSecurityType {
+/// Main board A-share.
+extern const QString Ashares;
+/// Growth enterprise board stock.
+extern const QString Gemstock;
+/// Small and medium board stock.
+extern const QString Smallandmediumstock;
+/// Asset-backed security.
+extern const QString Assetbackedsecurities;
+/// Exchange-traded open index fund.
+extern const QString TradingopenindexfundETF;
+} // namespace MdcSubSecurityType
+
+} // namespace Kelvo_Values

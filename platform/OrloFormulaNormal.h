@@ -1,0 +1,13 @@
+#pragma once
+
+#include "OrloFormulaPrompter.h"
+#include <QLineEdit>
+
+/// A line edit for a price formula.
+class OrloFormulaNormal : public QLineEdit, public OrloFormulaPrompter {
+    Q_OBJECT
+
+public:
+    explicit OrloFormulaNormal(QWidget* parent = nullptr);
+    ~OrloFormulaNormal() override;
+};

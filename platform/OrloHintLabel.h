@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QLabel>
+
+/// A caption or unit label.
+class OrloHintLabel : public QLabel {
+    Q_OBJECT
+
+public:
+    explicit OrloHintLabel(QWidget* parent = nullptr);
+    ~OrloHintLabel() override;
+};

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// Codes of the client's trading records.
+///
+/// The values come from the linked platform; whoever uses them compares and stores them only.
+namespace Orlo_Values {
+
+/// Order side as the security service knows it.
+namespace OrderSide {
+extern const QString buy;
+} // namespace OrderSide
+
+/// Entrust types: side and margin category in one code.
+namespace SideUnion {
+extern const QString normalBuy;
+extern const QString collateralBuy;
+extern const QString collateralSell;
+extern const QString marginBuy;
+extern const QString marginSell;
+extern const QString financingBuy;
+extern const QString financingSell;
+extern const QString marginBuyNormal;
+extern const QString marginSellNormal;
+extern const QString BondConversion;
+extern const QString paidRationShare;
+} // namespace SideUnion
+
+/// Hong Kong connect price types.
+namespace HKTimeInForce {
+/// Enhanced limit order.
+extern const QString InTrade;
+/// At-auction limit order.
+extern const QString BeforeTrade;
+} // namespace HKTimeInForce
+
+/// Asset property of a fund account.
+namespace FundAccountType {
+/// Credit (margin) account.
+extern const QString Credit;
+} // namespace FundAccountType
+
+/// Exchange codes beside those of `Kelvo_Values::Exchange`.
+namespace Exchange {
+/// Beijing.
+extern const QString bj;
+/// Hong Kong connect.
+extern const QString HkStockCirculation;
+} // namespace Exchange
+
+/// Security sub-type codes beside those of `Kelvo_Values::MdcSubSecurityType`.
+namespace MdcSubSecurityType {
+/// Stock of the Shanghai science and technology board.
+extern const QString ScienTechInnovateBoard;
+/// Beijing selected stock.
+extern const QString BjSelectedStock;
+/// Hong Kong connect stock.
+extern const QString HStcokCirculation;
+/// Real-estate investment trust fund.
+extern const QString Reits;
+/// Directed convertible bond.
+extern const QString DirectedConBond;
+/// Bond rights issue.
+extern const QString PaidRationBond;
+/// Stock rights issue.
+extern const QString PaidRationStock;
+/// Every bond sub-type but repurchases.
+extern const QStringList AllBondNoRepurchaseTypeList;
+/// Convertible bond sub-types.
+extern const QStringList ConvertableBondTypeList;
+} // namespace MdcSubSecurityType
+
+/// Special-treatment flag of a security.
+namespace StFlag {
+/// Not under special treatment.
+extern const QString Normal;
+} // namespace StFlag
+
+/// Agreements that a client signs.
+namespace ProtocolId {
+/// Risk disclosure of holdings-reduction plans.
+extern const QString AutoPlanReduceAgree;
+} // namespace ProtocolId
+
+} // namespace Orlo_Values
