@@ -1,0 +1,104 @@
+#include "LogCatcher.h"
+
+#include <QMutex>
+#include <QMutexLocker>
+
+namespace {
+
+LogCatcher* s_current = nullptr;
+
+QMutex& guard()
+{
+    static QMutex mutex(QMutex::Recursive);
+    return mutex;
+}
+
+/// The offscreen windowing system says so of every window; it is about no code of ours.
+bool isAboutTheWindowingSystem(const QString& text)
+{
+    return text.startsWith(QLatin1String("This plugin does not support"));
+}
+
+} // namespace
+
+LogCatcher::LogCatcher()
+{
+    const QMutexLocker lock(&guard());
+    m_outer = s_current;
+    s_current = this;
+    m_previous = qInstallMessageHandler(&LogCatcher::handle);
+}
+
+LogCatcher::~LogCatcher()
+{
+    const QMutexLocker lock(&guard());
+    qInstallMessageHandler(m_previous);
+    s_current = m_outer;
+}
+
+void LogCatcher::expectWarning(const QString& part, int count)
+{
+    const QMutexLocker lock(&guard());
+    for (int i = 0; i < count; ++i)
+        m_expected.append(part);
+}
+
+QList<LogLine> LogCatcher::lines() const
+{
+    const QMutexLocker lock(&guard());
+    return m_lines;
+}
+
+QList<LogLine> LogCatcher::linesWith(QtMsgType type, const QString& part) const
+{
+    QList<LogLine> found;
+    for (const LogLine& line : lines()) {
+        if (line.type == type && line.text.contains(part))
+            found.append(line);
+    }
+    return found;
+}
+
+void LogCatcher::clear()
+{
+    const QMutexLocker lock(&guard());
+    m_lines.clear();
+}
+
+QStringList LogCatcher::trouble() const
+{
+    const QMutexLocker lock(&guard());
+    QStringList sentences = m_unexpected;
+    for (const QString& part : m_expected)
+        sentences.append(QStringLiteral("An announced warning is missing: ") + part);
+    return sentences;
+}
+
+void LogCatcher::handle(QtMsgType type, const QMessageLogContext& context, const QString& text)
+{
+    const QMutexLocker lock(&guard());
+    if (s_current != nullptr)
+        s_current->take(type, context, text);
+}
+
+void LogCatcher::take(QtMsgType type, const QMessageLogContext& context, const QString& text)
+{
+    m_lines.append(
+        LogLine{ type, text, QString::fromUtf8(context.file), context.line, QString::fromUtf8(context.function) });
+    if (type == QtDebugMsg || type == QtInfoMsg || isAboutTheWindowingSystem(text) || isExpected(text))
+        return;
+    m_unexpected.append(QStringLiteral("An unannounced warning: ") + text);
+    if (m_previous != nullptr)
+        m_previous(type, context, text);
+}
+
+bool LogCatcher::isExpected(const QString& text)
+{
+    for (int i = 0; i < m_expected.size(); ++i) {
+        if (text.contains(m_expected.at(i))) {
+            m_expected.removeAt(i);
+            return true;
+        }
+    }
+    return false;
+}
