@@ -1,0 +1,165 @@
+#include "calendar/TradeCalendar.h"
+
+#include "Kelvo_Values.h"
+#include "Orlo_Values.h"
+
+#include <QDebug>
+#include <QFile>
+#include <QStringList>
+
+#include <algorithm>
+
+namespace {
+
+const QString mainland = QStringLiteral("mainland");
+const QString hongKong = QStringLiteral("hongkong");
+const QString provisional = QStringLiteral("provisional");
+const QStringList statuses{ QStringLiteral("announced"), provisional, QStringLiteral("computed") };
+const QString headings = QStringLiteral("market,date,holiday,status");
+
+bool isWeekend(const QDate& date)
+{
+    return date.dayOfWeek() >= Qt::Saturday;
+}
+
+QByteArray carriedClosures()
+{
+    QFile file(QStringLiteral(":/calendar/market_closures.csv"));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+const TradeCalendar& TradeCalendar::builtIn()
+{
+    static const TradeCalendar calendar = [] {
+        TradeCalendar loaded;
+        const QString reason = loaded.load(carriedClosures());
+        if (!reason.isEmpty())
+            qWarning().noquote() << "TradeCalendar::builtIn" << reason;
+        return loaded;
+    }();
+    return calendar;
+}
+
+void TradeCalendar::Closures::add(const QDate& date, bool isProvisional)
+{
+    days.insert(date);
+    if (isProvisional)
+        provisionalYears.insert(date.year());
+    firstYear = firstYear == 0 ? date.year() : qMin(firstYear, date.year());
+    lastYear = qMax(lastYear, date.year());
+}
+
+QString TradeCalendar::load(const QByteArray& csv)
+{
+    const QStringList lines = QString::fromUtf8(csv).split(QLatin1Char('\n'));
+    if (lines.constFirst().trimmed() != headings)
+        return QStringLiteral("休市表第1行不是表头“%1”").arg(headings);
+    Table table;
+    for (int i = 1; i < lines.size(); ++i) {
+        const QString line = lines.at(i).trimmed();
+        const QString reason = line.isEmpty() ? QString() : readLine(line, table);
+        if (!reason.isEmpty())
+            return QStringLiteral("休市表第%1行%2").arg(i + 1).arg(reason);
+    }
+    m_table = table;
+    m_told.clear();
+    return QString();
+}
+
+QString TradeCalendar::readLine(const QString& line, Table& table)
+{
+    const QStringList cells = line.split(QLatin1Char(','));
+    if (cells.size() != headings.count(QLatin1Char(',')) + 1)
+        return QStringLiteral("应有4列，实有%1列").arg(cells.size());
+    if (cells.at(0) != mainland && cells.at(0) != hongKong)
+        return QStringLiteral("市场“%1”未知").arg(cells.at(0));
+    const QDate date = QDate::fromString(cells.at(1), Qt::ISODate);
+    if (!date.isValid())
+        return QStringLiteral("日期“%1”无效").arg(cells.at(1));
+    if (!statuses.contains(cells.at(3)))
+        return QStringLiteral("状态“%1”未知").arg(cells.at(3));
+    table[cells.at(0)].add(date, cells.at(3) == provisional);
+    return QString();
+}
+
+TradeCalendar::Day TradeCalendar::day(const QString& exchange, const QDate& date) const
+{
+    const QList<const Closures*> closures = closuresOf(exchange);
+    if (closures.isEmpty() || !date.isValid())
+        return Day::Unknown;
+    if (isWeekend(date))
+        return Day::Closed;
+    const auto knows = [&date](const Closures* market) { return market->knows(date.year()); };
+    if (!std::all_of(closures.cbegin(), closures.cend(), knows))
+        return Day::Unknown;
+    const auto closed = [&date](const Closures* market) { return market->days.contains(date); };
+    return std::any_of(closures.cbegin(), closures.cend(), closed) ? Day::Closed : Day::Trades;
+}
+
+QList<QDate> TradeCalendar::tradeDays(const QString& exchange, const QDate& from, QString& error) const
+{
+    const QList<const Closures*> closures = closuresOf(exchange);
+    if (closures.isEmpty()) {
+        error = QStringLiteral("没有市场“%1”的交易日历").arg(exchange);
+        return {};
+    }
+    const auto knows = [&from](const Closures* market) { return market->knows(from.year()); };
+    if (!from.isValid() || !std::all_of(closures.cbegin(), closures.cend(), knows)) {
+        error = QStringLiteral("交易日历只到%1为止，无法确定%2之后的交易日")
+                    .arg(lastKnownDay(exchange).toString(Qt::ISODate), from.toString(Qt::ISODate));
+        return {};
+    }
+    tellUncertainty(exchange, closures);
+    QList<QDate> days;
+    const QDate last = lastKnownDay(exchange);
+    for (QDate date = from; date <= last; date = date.addDays(1)) {
+        if (day(exchange, date) == Day::Trades)
+            days << date;
+    }
+    return days;
+}
+
+QDate TradeCalendar::lastKnownDay(const QString& exchange) const
+{
+    QDate last;
+    for (const Closures* market : closuresOf(exchange)) {
+        const QDate end(market->lastYear, 12, 31);
+        last = last.isValid() ? qMin(last, end) : end;
+    }
+    return last;
+}
+
+// Empty when the exchange is unknown or its closures are missing.
+QList<const TradeCalendar::Closures*> TradeCalendar::closuresOf(const QString& exchange) const
+{
+    QStringList markets{ mainland };
+    if (exchange == Orlo_Values::Exchange::HkStockCirculation)
+        markets << hongKong;
+    else if (exchange != Kelvo_Values::Exchange::sh && exchange != Kelvo_Values::Exchange::sz
+        && exchange != Orlo_Values::Exchange::bj)
+        return {};
+    QList<const Closures*> closures;
+    for (const QString& market : qAsConst(markets)) {
+        const auto known = m_table.constFind(market);
+        if (known == m_table.cend())
+            return {};
+        closures << &*known;
+    }
+    return closures;
+}
+
+void TradeCalendar::tellUncertainty(const QString& exchange, const QList<const Closures*>& closures) const
+{
+    if (m_told.contains(exchange))
+        return;
+    m_told.insert(exchange);
+    QSet<int> years;
+    for (const Closures* market : closures)
+        years += market->provisionalYears;
+    for (const int year : qAsConst(years))
+        qInfo().noquote() << "TradeCalendar::tradeDays" << exchange << year << "年休市安排尚未公布，暂按法定节假日推算";
+    qInfo().noquote() << "TradeCalendar::tradeDays" << exchange << lastKnownDay(exchange).toString(Qt::ISODate)
+                      << "之后的交易日未知";
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QDate>
+#include <QHash>
+#include <QList>
+#include <QSet>
+#include <QString>
+
+/// Which days an exchange trades, from a table of closures. Knows no clock: days are arguments.
+///
+/// Shanghai, Shenzhen and Beijing follow the mainland's closures. Hong Kong connect trades when the mainland and Hong
+/// Kong both do.
+class TradeCalendar {
+public:
+    enum class Day { Trades, Closed, Unknown };
+
+    /// The calendar of the closures that the program carries.
+    static const TradeCalendar& builtIn();
+
+    /// Reads closures as `market,date,holiday,status` lines after a line of headings, replacing what was there.
+    /// Returns the reason, with the line, when the text is refused; the calendar is then as it was.
+    QString load(const QByteArray& csv);
+
+    /// Weekends are closed in every year; a weekday before the first or after the last listed year, or on an exchange
+    /// that the calendar does not know, is unknown.
+    Day day(const QString& exchange, const QDate& date) const;
+    /// Days on or after `from` on which the exchange trades, ascending, through the last listed year. When nothing is
+    /// known of `from`, the list is empty and `error` is set; otherwise `error` is left as it is.
+    QList<QDate> tradeDays(const QString& exchange, const QDate& from, QString& error) const;
+    /// The last day of the last year that is known for the exchange; invalid for an unknown exchange.
+    QDate lastKnownDay(const QString& exchange) const;
+
+private:
+    struct Closures {
+        QSet<QDate> days;
+        QSet<int> provisionalYears;
+        int firstYear = 0;
+        int lastYear = 0;
+
+        void add(const QDate& date, bool provisional);
+        bool knows(int year) const { return year >= firstYear && year <= lastYear; }
+    };
+    using Table = QHash<QString, Closures>;
+
+    static QString readLine(const QString& line, Table& table);
+    QList<const Closures*> closuresOf(const QString& exchange) const;
+    void tellUncertainty(const QString& exchange, const QList<const Closures*>& closures) const;
+
+    Table m_table;
+    mutable QSet<QString> m_told;
+};

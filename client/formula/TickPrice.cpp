@@ -1,0 +1,46 @@
+#include "formula/TickPrice.h"
+
+#include <cmath>
+
+namespace {
+
+constexpr qint64 thousand = 1000;
+// Beyond this a double no longer tells whole ticks apart.
+constexpr double largestTicks = 9.0e15;
+
+qint64 share(qint64 ticks, qint64 perMille)
+{
+    return qMax<qint64>(1, (ticks * perMille + thousand / 2) / thousand);
+}
+
+double ticksPerYuan(int pricePrecision)
+{
+    return std::pow(10.0, pricePrecision);
+}
+
+} // namespace
+
+TickPrice::Limits TickPrice::limits(qint64 previousClose, int limitPerMille)
+{
+    return { share(previousClose, thousand + limitPerMille), share(previousClose, thousand - limitPerMille) };
+}
+
+std::optional<qint64> TickPrice::fromYuan(double yuan, int pricePrecision)
+{
+    const double ticks = yuan * ticksPerYuan(pricePrecision);
+    if (!std::isfinite(ticks) || std::abs(ticks) > largestTicks)
+        return std::nullopt;
+    // 1.265 is stored a little below its value and must still be rounded up.
+    constexpr double tolerance = 1e-6;
+    return static_cast<qint64>(std::floor(ticks + 0.5 + tolerance));
+}
+
+double TickPrice::toYuan(qint64 ticks, int pricePrecision)
+{
+    return static_cast<double>(ticks) / ticksPerYuan(pricePrecision);
+}
+
+QString TickPrice::text(qint64 ticks, int pricePrecision)
+{
+    return QString::number(toYuan(ticks, pricePrecision), 'f', pricePrecision);
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "store/Database.h"
+
+/// Static configuration texts that come with the client, and the text of the agreement.
+namespace SampleTexts {
+
+/// Writes everything in one transaction.
+QString write(Database& database);
+
+} // namespace SampleTexts

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QString>
+#include <QtGlobal>
+
+/// Ends of a symbol beside those of `Kelvo_Values::SymbolPost`.
+namespace SymbolSuffix {
+inline const QString bj = QStringLiteral(".BJ");
+inline const QString hk = QStringLiteral(".HK");
+} // namespace SymbolSuffix
+
+/// Special-treatment flags beside `Orlo_Values::StFlag::Normal`.
+namespace SpecialTreatment {
+/// Other risk warning; the name begins with "ST".
+inline const QString st = QStringLiteral("ST");
+/// Delisting risk warning; the name begins with "*ST".
+inline const QString starSt = QStringLiteral("*ST");
+} // namespace SpecialTreatment
+
+/// One security of the market.
+struct Security {
+    /// Code, point and market, as "600000.SH".
+    QString symbol;
+    QString name;
+    /// `Kelvo_Values::MdcSecurityType`.
+    QString type;
+    /// `MdcSubSecurityType` of `Kelvo_Values` or `Orlo_Values`.
+    QString subType;
+    /// `Exchange` of `Kelvo_Values` or `Orlo_Values`.
+    QString exchange;
+    /// Decimals of the price; a tick is one unit of the last one.
+    int pricePrecision = 2;
+    /// Displayed quantity = stored quantity × factor; never 0.
+    int displayFactor = 1;
+    /// Lot step in displayed units; never 0.
+    int quantityStep = 1;
+    /// Daily price limit up and down in thousandths of the previous close; 0 means no limit.
+    int limitPerMille = 0;
+    /// `Orlo_Values::StFlag::Normal` or a flag of `SpecialTreatment`.
+    QString stFlag;
+    /// A sentence about the special treatment, empty when there is none.
+    QString stText;
+    /// Last close in ticks; 0 when there is none yet.
+    qint64 previousClose = 0;
+
+    bool hasPriceLimit() const { return limitPerMille > 0; }
+};

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "store/Database.h"
+
+#include <QMap>
+#include <QVector>
+
+/// Asset property of accounts that are not credit accounts.
+namespace AccountAsset {
+inline const QString ordinary = QStringLiteral("ordinary");
+} // namespace AccountAsset
+
+struct StoredAccount {
+    QString tradingAccount;
+    QString fundAccount;
+    /// As displayed.
+    QString name;
+    QString clientNo;
+    /// `AccountAsset::ordinary` or `Orlo_Values::FundAccountType::Credit`.
+    QString assetProperty;
+    /// The branch at which the account is kept.
+    QString branchNo;
+    /// Exchange code to security account.
+    QMap<QString, QString> exchangeAccounts;
+};
+
+/// Fund accounts with their exchange accounts, and whose they are.
+class AccountStore {
+public:
+    explicit AccountStore(Database& database);
+
+    QString add(const StoredAccount& account);
+    /// Gives the account to the user, after those that the user has.
+    QString assign(const QString& userId, const QString& tradingAccount);
+    /// In the order in which they were given; empty when the user is unknown or has none.
+    QVector<StoredAccount> accountsOf(const QString& userId);
+    /// A default account (empty trading account) when unknown.
+    StoredAccount account(const QString& tradingAccount);
+
+private:
+    QVector<StoredAccount> read(const QString& condition, const QString& value);
+    QMap<QString, QString> exchangeAccounts(const QString& tradingAccount);
+
+    Database& m_database;
+};

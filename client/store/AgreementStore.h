@@ -1,0 +1,33 @@
+#pragma once
+
+#include "store/Database.h"
+
+#include <QDateTime>
+#include <QStringList>
+
+struct StoredAgreement {
+    QString protocol;
+    QString title;
+    /// The text that a client reads before signing.
+    QString content;
+};
+
+/// Agreements and who signed them.
+class AgreementStore {
+public:
+    explicit AgreementStore(Database& database);
+
+    QString add(const StoredAgreement& agreement);
+    /// A default agreement (empty protocol) when unknown.
+    StoredAgreement agreement(const QString& protocol);
+
+    /// Signs for the client. A client that has signed already keeps the first signature; that is no error.
+    QString sign(const QString& protocol, const QString& clientNo, const QString& userId, const QDateTime& now);
+    /// Invalid when the client has not signed.
+    QDateTime signedTime(const QString& protocol, const QString& clientNo);
+    /// Client numbers of the user's accounts that have not signed, ascending, each once.
+    QStringList unsignedClientNumbers(const QString& protocol, const QString& userId);
+
+private:
+    Database& m_database;
+};

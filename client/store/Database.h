@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QString>
+#include <QVariant>
+
+#include <functional>
+
+/// One connection to the client's SQLite file.
+///
+/// Operations that can fail return the reason in Chinese, or an empty text when they succeeded.
+/// An object belongs to the thread that opened it; a worker thread opens the same file with an object of its own.
+class Database {
+public:
+    Database();
+    ~Database();
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+
+    /// Opens the file, creating it and its folder when absent and migrating an older schema in one transaction.
+    /// A newer schema, a damaged file and a file of another program are refused and left as they are.
+    QString open(const QString& fileName);
+    void close();
+    bool isOpen() const;
+    /// The opened file, empty while closed.
+    QString fileName() const;
+
+    /// Runs `work` in one write transaction: commits when it returns an empty text, else undoes everything
+    /// and returns its reason. Called within another `transaction`, it joins that one.
+    QString transaction(const std::function<QString()>& work);
+    /// Runs one statement with positional values. `isActive()` of the result tells success.
+    /// A null text is bound as an empty one; an invalid `QVariant` as NULL.
+    QSqlQuery query(const QString& statement, const QVariantList& values = {});
+    /// As `query`, for statements without a result.
+    QString execute(const QString& statement, const QVariantList& values = {});
+    /// A statement prepared once to be run many times; see `executePrepared`.
+    QSqlQuery prepare(const QString& statement);
+    static QString executePrepared(QSqlQuery& statement, const QVariantList& values);
+    /// Why `query` failed, empty when it did not.
+    static QString reasonOf(const QSqlQuery& query);
+
+private:
+    QString connect(const QString& fileName);
+    QString inspect();
+    QString configure();
+    QString migrate();
+    QString applyMigrations();
+    int number(const QString& statement);
+
+    const QString m_connectionName;
+    QSqlDatabase m_connection;
+    bool m_inTransaction = false;
+};

@@ -1,0 +1,143 @@
+#include "store/Schema.h"
+
+namespace {
+
+QStringList planTables()
+{
+    return {
+        QStringLiteral("CREATE TABLE plans ("
+                       "number INTEGER PRIMARY KEY AUTOINCREMENT, version INTEGER NOT NULL CHECK (version >= 1),"
+                       "creator TEXT NOT NULL, created_time TEXT NOT NULL, other_param TEXT) STRICT"),
+        QStringLiteral("CREATE TABLE plan_fields ("
+                       "plan INTEGER NOT NULL REFERENCES plans (number) ON DELETE CASCADE,"
+                       "key TEXT NOT NULL, value TEXT NOT NULL, PRIMARY KEY (plan, key)) STRICT, WITHOUT ROWID"),
+        QStringLiteral("CREATE TABLE plan_instructions ("
+                       "plan INTEGER NOT NULL REFERENCES plans (number) ON DELETE CASCADE,"
+                       "id TEXT NOT NULL, day TEXT NOT NULL, PRIMARY KEY (plan, id)) STRICT, WITHOUT ROWID"),
+        QStringLiteral("CREATE TABLE instruction_fields ("
+                       "plan INTEGER NOT NULL, id TEXT NOT NULL, key TEXT NOT NULL, value TEXT NOT NULL,"
+                       "PRIMARY KEY (plan, id, key),"
+                       "FOREIGN KEY (plan, id) REFERENCES plan_instructions (plan, id) ON DELETE CASCADE"
+                       ") STRICT, WITHOUT ROWID"),
+    };
+}
+
+QStringList accountTables()
+{
+    return {
+        QStringLiteral("CREATE TABLE users (id TEXT PRIMARY KEY, name TEXT NOT NULL) STRICT, WITHOUT ROWID"),
+        QStringLiteral("CREATE TABLE accounts ("
+                       "trading_account TEXT PRIMARY KEY, fund_account TEXT NOT NULL, name TEXT NOT NULL,"
+                       "client_no TEXT NOT NULL, asset_property TEXT NOT NULL, branch_no TEXT NOT NULL"
+                       ") STRICT, WITHOUT ROWID"),
+        QStringLiteral("CREATE TABLE user_accounts ("
+                       "user TEXT NOT NULL REFERENCES users (id), position INTEGER NOT NULL,"
+                       "trading_account TEXT NOT NULL REFERENCES accounts (trading_account),"
+                       "PRIMARY KEY (user, trading_account)) STRICT, WITHOUT ROWID"),
+        QStringLiteral("CREATE TABLE exchange_accounts ("
+                       "trading_account TEXT NOT NULL REFERENCES accounts (trading_account),"
+                       "exchange TEXT NOT NULL, security_account TEXT NOT NULL,"
+                       "PRIMARY KEY (trading_account, exchange)) STRICT, WITHOUT ROWID"),
+        QStringLiteral("CREATE TABLE positions ("
+                       "trading_account TEXT NOT NULL REFERENCES accounts (trading_account),"
+                       "security_account TEXT NOT NULL, symbol TEXT NOT NULL,"
+                       "quantity INTEGER NOT NULL, tradeable_quantity INTEGER NOT NULL,"
+                       "PRIMARY KEY (trading_account, security_account, symbol)) STRICT, WITHOUT ROWID"),
+    };
+}
+
+QStringList authorityTables()
+{
+    return {
+        QStringLiteral("CREATE TABLE order_authorities ("
+                       "user TEXT NOT NULL REFERENCES users (id),"
+                       "trading_account TEXT NOT NULL REFERENCES accounts (trading_account),"
+                       "instruction_type TEXT NOT NULL,"
+                       "PRIMARY KEY (user, trading_account, instruction_type)) STRICT, WITHOUT ROWID"),
+        QStringLiteral("CREATE TABLE rule_properties ("
+                       "user TEXT NOT NULL REFERENCES users (id),"
+                       "trading_account TEXT NOT NULL REFERENCES accounts (trading_account),"
+                       "instruction_type TEXT NOT NULL, property INTEGER NOT NULL,"
+                       "PRIMARY KEY (user, trading_account, instruction_type)) STRICT, WITHOUT ROWID"),
+        QStringLiteral("CREATE TABLE approval_chains ("
+                       "trading_account TEXT NOT NULL REFERENCES accounts (trading_account),"
+                       "instruction_type TEXT NOT NULL, chain_key TEXT NOT NULL UNIQUE,"
+                       "PRIMARY KEY (trading_account, instruction_type)) STRICT, WITHOUT ROWID"),
+        QStringLiteral("CREATE TABLE chain_users ("
+                       "chain_key TEXT NOT NULL REFERENCES approval_chains (chain_key),"
+                       "role TEXT NOT NULL CHECK (role IN ('execute', 'forward')),"
+                       "position INTEGER NOT NULL, user_name TEXT NOT NULL,"
+                       "PRIMARY KEY (chain_key, role, position)) STRICT, WITHOUT ROWID"),
+        QStringLiteral("CREATE TABLE agreements ("
+                       "protocol TEXT PRIMARY KEY, title TEXT NOT NULL, content TEXT NOT NULL) STRICT, WITHOUT ROWID"),
+        QStringLiteral("CREATE TABLE signatures ("
+                       "protocol TEXT NOT NULL REFERENCES agreements (protocol), client_no TEXT NOT NULL,"
+                       "user TEXT NOT NULL, signed_time TEXT NOT NULL,"
+                       "PRIMARY KEY (protocol, client_no)) STRICT, WITHOUT ROWID"),
+    };
+}
+
+QStringList marketTables()
+{
+    return {
+        QStringLiteral("CREATE TABLE securities ("
+                       "position INTEGER PRIMARY KEY, symbol TEXT NOT NULL UNIQUE, name TEXT NOT NULL,"
+                       "type TEXT NOT NULL, sub_type TEXT NOT NULL, exchange TEXT NOT NULL,"
+                       "price_precision INTEGER NOT NULL, display_factor INTEGER NOT NULL CHECK (display_factor > 0),"
+                       "quantity_step INTEGER NOT NULL CHECK (quantity_step > 0),"
+                       "limit_per_mille INTEGER NOT NULL CHECK (limit_per_mille >= 0),"
+                       "st_flag TEXT NOT NULL, st_text TEXT NOT NULL) STRICT"),
+        QStringLiteral("CREATE TABLE closing_prices ("
+                       "security INTEGER PRIMARY KEY REFERENCES securities (position) ON DELETE CASCADE,"
+                       "last_day TEXT NOT NULL, last_close INTEGER NOT NULL, closes BLOB NOT NULL) STRICT"),
+        QStringLiteral("CREATE TABLE trade_days ("
+                       "exchange TEXT NOT NULL, day TEXT NOT NULL, PRIMARY KEY (exchange, day)) STRICT, WITHOUT ROWID"),
+    };
+}
+
+QStringList configurationTables()
+{
+    return {
+        QStringLiteral("CREATE TABLE strategies ("
+                       "name TEXT PRIMARY KEY, alias TEXT NOT NULL, file TEXT NOT NULL,"
+                       "position INTEGER NOT NULL) STRICT, WITHOUT ROWID"),
+        QStringLiteral("CREATE TABLE strategy_lists ("
+                       "list TEXT NOT NULL CHECK (list IN ('white', 'black')), instruction_type TEXT NOT NULL,"
+                       "target_type TEXT NOT NULL, symbol TEXT NOT NULL, position INTEGER NOT NULL,"
+                       "strategy TEXT NOT NULL,"
+                       "PRIMARY KEY (list, instruction_type, target_type, symbol, position)) STRICT, WITHOUT ROWID"),
+        QStringLiteral("CREATE TABLE static_texts ("
+                       "category TEXT NOT NULL, key TEXT NOT NULL, text TEXT NOT NULL,"
+                       "PRIMARY KEY (category, key)) STRICT, WITHOUT ROWID"),
+    };
+}
+
+// Plans of version 1 knew only when they were created.
+QStringList planChangedTime()
+{
+    return {
+        QStringLiteral("ALTER TABLE plans ADD COLUMN changed_time TEXT NOT NULL DEFAULT ''"),
+        QStringLiteral("UPDATE plans SET changed_time = created_time"),
+    };
+}
+
+} // namespace
+
+const QVector<Schema::Migration>& Schema::migrations()
+{
+    static const QVector<Migration> steps{
+        { 1, planTables() + accountTables() + authorityTables() + marketTables() + configurationTables() },
+        { 2, planChangedTime() },
+    };
+    return steps;
+}
+
+int Schema::latestVersion()
+{
+    return migrations().constLast().version;
+}
+
+int Schema::applicationId()
+{
+    return 0x504C444B; // "PLDK"
+}

@@ -1,0 +1,103 @@
+#include "store/SecurityStore.h"
+
+#include "market/CloseCodec.h"
+
+#include <QSet>
+
+namespace {
+
+/// Hands out one shared copy of texts that many securities have in common.
+class SharedTexts {
+public:
+    QString share(const QVariant& text) { return *m_texts.insert(text.toString()); }
+
+private:
+    QSet<QString> m_texts;
+};
+
+} // namespace
+
+SecurityStore::SecurityStore(Database& database)
+    : m_database(database)
+{
+}
+
+void SecurityStore::beginAdding()
+{
+    m_addSecurity = m_database.prepare(
+        QStringLiteral("INSERT INTO securities (symbol, name, type, sub_type, exchange, price_precision,"
+                       " display_factor, quantity_step, limit_per_mille, st_flag, st_text)"
+                       " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"));
+    m_addCloses = m_database.prepare(
+        QStringLiteral("INSERT INTO closing_prices (security, last_day, last_close, closes) VALUES (?, ?, ?, ?)"));
+}
+
+QString SecurityStore::add(const Security& s, const CloseHistory& closes)
+{
+    const QString reason = Database::executePrepared(m_addSecurity,
+        { s.symbol, s.name, s.type, s.subType, s.exchange, s.pricePrecision, s.displayFactor, s.quantityStep,
+            s.limitPerMille, s.stFlag, s.stText });
+    if (!reason.isEmpty() || closes.ticks.isEmpty())
+        return reason;
+    return Database::executePrepared(m_addCloses,
+        { m_addSecurity.lastInsertId(), closes.lastDay.toString(Qt::ISODate), closes.ticks.constLast(),
+            CloseCodec::encode(closes.ticks) });
+}
+
+QString SecurityStore::readAll(const std::function<void(const Security&)>& take)
+{
+    QSqlQuery query = m_database.query(
+        QStringLiteral("SELECT symbol, name, type, sub_type, exchange, price_precision, display_factor,"
+                       " quantity_step, limit_per_mille, st_flag, st_text, coalesce(last_close, 0)"
+                       " FROM securities LEFT JOIN closing_prices ON security = position ORDER BY position"));
+    SharedTexts texts;
+    while (query.next()) {
+        Security s;
+        s.symbol = query.value(0).toString();
+        s.name = query.value(1).toString();
+        s.type = texts.share(query.value(2));
+        s.subType = texts.share(query.value(3));
+        s.exchange = texts.share(query.value(4));
+        s.pricePrecision = query.value(5).toInt();
+        s.displayFactor = query.value(6).toInt();
+        s.quantityStep = query.value(7).toInt();
+        s.limitPerMille = query.value(8).toInt();
+        s.stFlag = texts.share(query.value(9));
+        s.stText = query.value(10).toString();
+        s.previousClose = query.value(11).toLongLong();
+        take(s);
+    }
+    return Database::reasonOf(query);
+}
+
+int SecurityStore::count()
+{
+    QSqlQuery query = m_database.query(QStringLiteral("SELECT count(*) FROM securities"));
+    return query.next() ? query.value(0).toInt() : 0;
+}
+
+CloseHistory SecurityStore::closes(const QString& symbol)
+{
+    QSqlQuery query = m_database.query(
+        QStringLiteral("SELECT last_day, closes FROM closing_prices JOIN securities ON security = position"
+                       " WHERE symbol = ?"),
+        { symbol });
+    if (!query.next())
+        return CloseHistory();
+    const auto ticks = CloseCodec::decode(query.value(1).toByteArray());
+    if (!ticks)
+        return CloseHistory();
+    return { QDate::fromString(query.value(0).toString(), Qt::ISODate), *ticks };
+}
+
+QStringList SecurityStore::firstSymbols(const QString& subType, const QString& suffix, int limit)
+{
+    QSqlQuery query = m_database.query(
+        QStringLiteral("SELECT symbol FROM securities WHERE sub_type = ? AND (? = '' OR substr(symbol, -length(?)) = ?)"
+                       " ORDER BY position LIMIT ?"),
+        { subType, suffix, suffix, suffix, limit });
+    QStringList symbols;
+    while (query.next())
+        symbols << query.value(0).toString();
+    return symbols;
+}

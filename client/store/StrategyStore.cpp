@@ -1,0 +1,87 @@
+#include "store/StrategyStore.h"
+
+namespace {
+
+const QString white = QStringLiteral("white");
+const QString black = QStringLiteral("black");
+
+} // namespace
+
+StrategyStore::StrategyStore(Database& database)
+    : m_database(database)
+{
+}
+
+QString StrategyStore::setStrategies(const QVector<StoredStrategy>& strategies)
+{
+    return m_database.transaction([&] {
+        QString reason = m_database.execute(QStringLiteral("DELETE FROM strategies"));
+        for (int i = 0; i < strategies.size() && reason.isEmpty(); ++i) {
+            reason = m_database.execute(
+                QStringLiteral("INSERT INTO strategies (name, alias, file, position) VALUES (?, ?, ?, ?)"),
+                { strategies.at(i).name, strategies.at(i).alias, strategies.at(i).file, i });
+        }
+        return reason;
+    });
+}
+
+QVector<StoredStrategy> StrategyStore::strategies()
+{
+    QSqlQuery query = m_database.query(QStringLiteral("SELECT name, alias, file FROM strategies ORDER BY position"));
+    QVector<StoredStrategy> strategies;
+    while (query.next()) {
+        strategies << StoredStrategy{ query.value(0).toString(), query.value(1).toString(), query.value(2).toString() };
+    }
+    return strategies;
+}
+
+QString StrategyStore::setWhiteList(
+    const QString& instructionType, const QString& targetType, const QString& symbol, const QStringList& names)
+{
+    return setList({ white, instructionType, targetType, symbol }, names);
+}
+
+QStringList StrategyStore::whiteList(const QString& instructionType, const QString& targetType, const QString& symbol)
+{
+    const QStringList own = list({ white, instructionType, targetType, symbol });
+    return own.isEmpty() ? list({ white, instructionType, targetType, QString() }) : own;
+}
+
+QString StrategyStore::setBlackList(const QString& targetType, const QStringList& names)
+{
+    return setList({ black, QString(), targetType, QString() }, names);
+}
+
+QStringList StrategyStore::blackList(const QString& targetType)
+{
+    return list({ black, QString(), targetType, QString() });
+}
+
+QString StrategyStore::setList(const ListKey& key, const QStringList& names)
+{
+    return m_database.transaction([&] {
+        QString reason = m_database.execute(
+            QStringLiteral("DELETE FROM strategy_lists WHERE list = ? AND instruction_type = ? AND target_type = ?"
+                           " AND symbol = ?"),
+            { key.list, key.instructionType, key.targetType, key.symbol });
+        for (int i = 0; i < names.size() && reason.isEmpty(); ++i) {
+            reason = m_database.execute(
+                QStringLiteral("INSERT INTO strategy_lists (list, instruction_type, target_type, symbol, position,"
+                               " strategy) VALUES (?, ?, ?, ?, ?, ?)"),
+                { key.list, key.instructionType, key.targetType, key.symbol, i, names.at(i) });
+        }
+        return reason;
+    });
+}
+
+QStringList StrategyStore::list(const ListKey& key)
+{
+    QSqlQuery query =
+        m_database.query(QStringLiteral("SELECT strategy FROM strategy_lists WHERE list = ? AND instruction_type = ?"
+                                        " AND target_type = ? AND symbol = ? ORDER BY position"),
+            { key.list, key.instructionType, key.targetType, key.symbol });
+    QStringList names;
+    while (query.next())
+        names << query.value(0).toString();
+    return names;
+}
