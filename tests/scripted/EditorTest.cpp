@@ -1,0 +1,64 @@
+#include "EditorTest.h"
+
+#include <QVBoxLayout>
+#include <QtTest>
+
+AutoParamSetting& EditorTest::construct()
+{
+    destroy();
+    m_host = std::make_unique<QWidget>();
+    m_host->setObjectName(QStringLiteral("host"));
+    auto* const layout = new QVBoxLayout(m_host.get());
+    m_editor = new AutoParamSetting(m_host.get());
+    layout->addWidget(m_editor);
+    return *m_editor;
+}
+
+AutoParamSetting& EditorTest::constructShown()
+{
+    construct();
+    m_host->show();
+    return *m_editor;
+}
+
+AutoParamSetting& EditorTest::editor() const
+{
+    if (m_editor == nullptr)
+        qFatal("The test has not constructed an editor");
+    return *m_editor;
+}
+
+QWidget& EditorTest::host() const
+{
+    if (m_host == nullptr)
+        qFatal("The test has not constructed an editor");
+    return *m_host;
+}
+
+void EditorTest::destroy()
+{
+    m_host.reset();
+    m_editor = nullptr;
+}
+
+void EditorTest::callSlot(const char* name)
+{
+    if (!QMetaObject::invokeMethod(&editor(), name, Qt::DirectConnection))
+        qFatal("The editor has no such slot: %s", name);
+}
+
+void EditorTest::init()
+{
+    Script::instance().reset();
+    setToday(QDate(2024, 5, 6));
+    m_log = std::make_unique<LogCatcher>();
+}
+
+void EditorTest::cleanup()
+{
+    destroy();
+    const QStringList trouble = m_log->trouble();
+    m_log.reset();
+    Script::instance().reset();
+    QVERIFY2(trouble.isEmpty(), qPrintable(trouble.join(QLatin1Char('\n'))));
+}

@@ -1,0 +1,214 @@
+#include "Algo_Fields.h"
+#include "Algo_Values.h"
+#include "AutoPlanField.h"
+#include "InstructionTargetType.h"
+#include "Kelvo_Fields.h"
+#include "Kelvo_Values.h"
+#include "OrloConstants.h"
+#include "OrloPushButton.h"
+#include "Orlo_Fields.h"
+#include "Orlo_Values.h"
+
+// Each value is unlike every other and unlike the client's, so that a constant taken for another shows.
+
+namespace Algo_Fields {
+
+namespace AlgoInstContentInfo {
+const QString TradingAccount = QStringLiteral("af_AlgoInstContentInfo_TradingAccount");
+const QString Symbol = QStringLiteral("af_AlgoInstContentInfo_Symbol");
+const QString OrderSide = QStringLiteral("af_AlgoInstContentInfo_OrderSide");
+const QString EntrustProp = QStringLiteral("af_AlgoInstContentInfo_EntrustProp");
+} // namespace AlgoInstContentInfo
+
+} // namespace Algo_Fields
+
+namespace Algo_Values {
+
+namespace AlgoGlobalType {
+const QString instruction = QStringLiteral("av_AlgoGlobalType_instruction");
+} // namespace AlgoGlobalType
+
+namespace AlgoOrderSide {
+const QString BuyValue = QStringLiteral("av_AlgoOrderSide_BuyValue");
+const QString SellValue = QStringLiteral("av_AlgoOrderSide_SellValue");
+} // namespace AlgoOrderSide
+
+} // namespace Algo_Values
+
+namespace AutoPlanField {
+
+namespace BaseField {
+const QString autoPlanId = QStringLiteral("pf_BaseField_autoPlanId");
+const QString orderSide = QStringLiteral("pf_BaseField_orderSide");
+const QString priceModel = QStringLiteral("pf_BaseField_priceModel");
+const QString priceFixed = QStringLiteral("pf_BaseField_priceFixed");
+const QString priceFormula1 = QStringLiteral("pf_BaseField_priceFormula1");
+const QString priceFormula2 = QStringLiteral("pf_BaseField_priceFormula2");
+const QString totalQty = QStringLiteral("pf_BaseField_totalQty");
+const QString InstMode = QStringLiteral("pf_BaseField_InstMode");
+const QString expectedUser = QStringLiteral("pf_BaseField_expectedUser");
+const QString executeUser = QStringLiteral("pf_BaseField_executeUser");
+const QString beginDate = QStringLiteral("pf_BaseField_beginDate");
+const QString endDate = QStringLiteral("pf_BaseField_endDate");
+const QString planOtherParam = QStringLiteral("pf_BaseField_planOtherParam");
+const QString remark = QStringLiteral("pf_BaseField_remark");
+const QString tradeAmount = QStringLiteral("pf_BaseField_tradeAmount");
+const QString dayMaxTradeAmount = QStringLiteral("pf_BaseField_dayMaxTradeAmount");
+const QString algoParam = QStringLiteral("pf_BaseField_algoParam");
+const QString algoStrategyName = QStringLiteral("pf_BaseField_algoStrategyName");
+const QString securitySubType = QStringLiteral("pf_BaseField_securitySubType");
+const QString JCRatio = QStringLiteral("pf_BaseField_JCRatio");
+const QString JCModel = QStringLiteral("pf_BaseField_JCModel");
+} // namespace BaseField
+
+namespace Progress {
+const QString CurrentQty = QStringLiteral("pf_Progress_CurrentQty");
+} // namespace Progress
+
+} // namespace AutoPlanField
+
+namespace InstructionTargetType {
+
+const QString QtyOrder = QStringLiteral("tt_QtyOrder");
+const QString AmountOrder = QStringLiteral("tt_AmountOrder");
+
+} // namespace InstructionTargetType
+
+namespace Kelvo_Fields {
+
+namespace UserAccount {
+const QString userID = QStringLiteral("kf_UserAccount_userID");
+const QString tradingAccount = QStringLiteral("kf_UserAccount_tradingAccount");
+const QString securityExchange = QStringLiteral("kf_UserAccount_securityExchange");
+const QString securityAccount = QStringLiteral("kf_UserAccount_securityAccount");
+} // namespace UserAccount
+
+namespace Security {
+const QString symbol = QStringLiteral("kf_Security_symbol");
+const QString timeInForce = QStringLiteral("kf_Security_timeInForce");
+const QString transActTime = QStringLiteral("kf_Security_transActTime");
+const QString tradeableQty = QStringLiteral("kf_Security_tradeableQty");
+} // namespace Security
+
+} // namespace Kelvo_Fields
+
+namespace Kelvo_Values {
+
+namespace OrderSide {
+const QString buy = QStringLiteral("k_side_buy");
+const QString sell = QStringLiteral("k_side_sell");
+} // namespace OrderSide
+
+namespace Exchange {
+const QString sh = QStringLiteral("k_Exchange_sh");
+const QString sz = QStringLiteral("k_Exchange_sz");
+} // namespace Exchange
+
+namespace SymbolPost {
+const QString sh = QStringLiteral(".K_SH");
+const QString sz = QStringLiteral(".K_SZ");
+} // namespace SymbolPost
+
+namespace MdcSecurityType {
+const QString StockType = QStringLiteral("k_MdcSecurityType_StockType");
+const QString BondType = QStringLiteral("k_MdcSecurityType_BondType");
+const QString FundType = QStringLiteral("k_MdcSecurityType_FundType");
+} // namespace MdcSecurityType
+
+namespace MdcSubSecurityType {
+const QString Ashares = QStringLiteral("k_MdcSubSecurityType_Ashares");
+const QString Gemstock = QStringLiteral("k_MdcSubSecurityType_Gemstock");
+const QString Smallandmediumstock = QStringLiteral("k_MdcSubSecurityType_Smallandmediumstock");
+const QString Assetbackedsecurities = QStringLiteral("k_MdcSubSecurityType_Assetbackedsecurities");
+const QString TradingopenindexfundETF = QStringLiteral("k_MdcSubSecurityType_TradingopenindexfundETF");
+} // namespace MdcSubSecurityType
+
+} // namespace Kelvo_Values
+
+namespace OrloConstants {
+
+namespace DateTimeFormatString {
+const QString STD_DATE_FORMAT = QStringLiteral("yyyy/MM/dd");
+} // namespace DateTimeFormatString
+
+namespace DictionaryKey {
+const QString SideUnion2AlgoDefines = QStringLiteral("oc_DictionaryKey_SideUnion2AlgoDefines");
+const QString exchangeChineseName = QStringLiteral("oc_DictionaryKey_exchangeChineseName");
+} // namespace DictionaryKey
+
+} // namespace OrloConstants
+
+namespace Orlo_Fields {
+
+namespace AutoPlan {
+const QString templateCode = QStringLiteral("of_AutoPlan_templateCode");
+const QString subType = QStringLiteral("of_AutoPlan_subType");
+} // namespace AutoPlan
+
+namespace Security {
+const QString cumAmount = QStringLiteral("of_Security_cumAmount");
+} // namespace Security
+
+} // namespace Orlo_Fields
+
+namespace Orlo_Values {
+
+namespace OrderSide {
+const QString buy = QStringLiteral("o_OrderSide_buy");
+} // namespace OrderSide
+
+namespace SideUnion {
+const QString normalBuy = QStringLiteral("o_SideUnion_normalBuy");
+const QString collateralBuy = QStringLiteral("o_SideUnion_collateralBuy");
+const QString collateralSell = QStringLiteral("o_SideUnion_collateralSell");
+const QString marginBuy = QStringLiteral("o_SideUnion_marginBuy");
+const QString marginSell = QStringLiteral("o_SideUnion_marginSell");
+const QString financingBuy = QStringLiteral("o_SideUnion_financingBuy");
+const QString financingSell = QStringLiteral("o_SideUnion_financingSell");
+const QString marginBuyNormal = QStringLiteral("o_SideUnion_marginBuyNormal");
+const QString marginSellNormal = QStringLiteral("o_SideUnion_marginSellNormal");
+const QString BondConversion = QStringLiteral("o_SideUnion_BondConversion");
+const QString paidRationShare = QStringLiteral("o_SideUnion_paidRationShare");
+} // namespace SideUnion
+
+namespace HKTimeInForce {
+const QString InTrade = QStringLiteral("o_HKTimeInForce_InTrade");
+const QString BeforeTrade = QStringLiteral("o_HKTimeInForce_BeforeTrade");
+} // namespace HKTimeInForce
+
+namespace FundAccountType {
+const QString Credit = QStringLiteral("o_FundAccountType_Credit");
+} // namespace FundAccountType
+
+namespace Exchange {
+const QString bj = QStringLiteral("o_Exchange_bj");
+const QString HkStockCirculation = QStringLiteral("o_Exchange_HkStockCirculation");
+} // namespace Exchange
+
+namespace MdcSubSecurityType {
+const QString ScienTechInnovateBoard = QStringLiteral("o_MdcSubSecurityType_ScienTechInnovateBoard");
+const QString BjSelectedStock = QStringLiteral("o_MdcSubSecurityType_BjSelectedStock");
+const QString HStcokCirculation = QStringLiteral("o_MdcSubSecurityType_HStcokCirculation");
+const QString Reits = QStringLiteral("o_MdcSubSecurityType_Reits");
+const QString DirectedConBond = QStringLiteral("o_MdcSubSecurityType_DirectedConBond");
+const QString PaidRationBond = QStringLiteral("o_MdcSubSecurityType_PaidRationBond");
+const QString PaidRationStock = QStringLiteral("o_MdcSubSecurityType_PaidRationStock");
+const QStringList AllBondNoRepurchaseTypeList = { QStringLiteral("o_bond_treasury"),
+    QStringLiteral("o_bond_convertible"), DirectedConBond, QStringLiteral("o_bond_corporate") };
+const QStringList ConvertableBondTypeList = { QStringLiteral("o_bond_convertible"),
+    QStringLiteral("o_bond_exchangeable") };
+} // namespace MdcSubSecurityType
+
+namespace StFlag {
+const QString Normal = QStringLiteral("o_StFlag_Normal");
+} // namespace StFlag
+
+namespace ProtocolId {
+const QString AutoPlanReduceAgree = QStringLiteral("o_ProtocolId_AutoPlanReduceAgree");
+} // namespace ProtocolId
+
+} // namespace Orlo_Values
+
+const QString OrloPushButton::BtnStyleType::Normal = QStringLiteral("style_normal");
+const QString OrloPushButton::BtnStyleType::Highlight = QStringLiteral("style_highlight");
+const QString OrloPushButton::BtnStyleType::Text = QStringLiteral("style_text");
