@@ -1,0 +1,316 @@
+#include "algorithms/AlgorithmPanel.h"
+#include "Algo_Fields.h"
+#include "Algo_Values.h"
+#include "OrloBusinessDataInterface.h"
+#include "algorithms/ParamListWidget_single_p.h"
+#include "algorithms/StrategyLibrary.h"
+
+#include <QComboBox>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+namespace Content = Algo_Fields::AlgoInstContentInfo;
+namespace Side = Algo_Values::AlgoOrderSide;
+
+namespace {
+
+const QString SUCCESS = QStringLiteral("0");
+constexpr int NARROWEST = 420;
+
+QLabel* boldLabel(const QString& text, QWidget* parent)
+{
+    auto* const label = new QLabel(text, parent);
+    QFont font = label->font();
+    font.setBold(true);
+    label->setFont(font);
+    return label;
+}
+
+QString sideText(const QString& side)
+{
+    if (side == Side::BuyValue)
+        return QStringLiteral("买入");
+    return side == Side::SellValue ? QStringLiteral("卖出") : QStringLiteral("—");
+}
+
+} // namespace
+
+AlgorithmPanel::AlgorithmPanel(int offers, QWidget* parent)
+    : ParamListWidget_single(parent)
+    , m_offers(offers)
+{
+    setObjectName(QStringLiteral("algorithmPanel"));
+    setWindowTitle(QStringLiteral("算法参数设置"));
+    setMinimumWidth(NARROWEST);
+    // The editor makes a window of it; until then it must not appear inside its parent.
+    hide();
+    buildPanel();
+    connectPanel();
+    d->baseDataTaken = [this](const QMap<QString, QVariant>& handedOver) { takeValues(handedOver); };
+    replaceForm(nullptr);
+}
+
+AlgorithmPanel::~AlgorithmPanel() = default;
+
+void AlgorithmPanel::buildPanel()
+{
+    auto* const outer = new QVBoxLayout(this);
+    outer->setContentsMargins(0, 0, 0, 0);
+    auto* const border = new QFrame(this);
+    border->setObjectName(QStringLiteral("frame_algorithm"));
+    border->setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
+    outer->addWidget(border);
+
+    auto* const column = new QVBoxLayout(border);
+    column->addWidget(boldLabel(windowTitle(), border));
+    buildChoice(column);
+    m_formRoom = new QVBoxLayout;
+    column->addLayout(m_formRoom);
+    m_message = new QLabel(border);
+    m_message->setObjectName(QStringLiteral("lab_message"));
+    m_message->setWordWrap(true);
+    QPalette colors = m_message->palette();
+    colors.setColor(QPalette::WindowText, ParameterForm::faultColor());
+    m_message->setPalette(colors);
+    column->addWidget(m_message);
+    column->addStretch(1);
+    buildButtons(column);
+}
+
+void AlgorithmPanel::buildChoice(QVBoxLayout* column)
+{
+    m_baseData = new QLabel(this);
+    m_baseData->setObjectName(QStringLiteral("lab_baseData"));
+    column->addWidget(m_baseData);
+
+    auto* const line = new QHBoxLayout;
+    auto* const label = new QLabel(QStringLiteral("算法"), this);
+    m_strategies = new QComboBox(this);
+    m_strategies->setObjectName(QStringLiteral("combx_strategy"));
+    m_strategies->setEnabled((m_offers & StrategyChoice) != 0);
+    label->setBuddy(m_strategies);
+    line->addWidget(label);
+    line->addWidget(m_strategies, 1);
+    column->addLayout(line);
+
+    m_description = new QLabel(this);
+    m_description->setObjectName(QStringLiteral("lab_description"));
+    m_description->setWordWrap(true);
+    m_description->setEnabled(false);
+    column->addWidget(m_description);
+}
+
+void AlgorithmPanel::buildButtons(QVBoxLayout* column)
+{
+    m_ok = new QPushButton(QStringLiteral("确定"), this);
+    m_ok->setObjectName(QStringLiteral("btn_ok"));
+    m_cancel = new QPushButton(QStringLiteral("取消"), this);
+    m_cancel->setObjectName(QStringLiteral("btn_cancel"));
+    auto* const line = new QHBoxLayout;
+    line->addStretch(1);
+    for (QPushButton* const button : { m_ok, m_cancel }) {
+        // Return presses the button that has the focus, not always OK.
+        button->setAutoDefault(true);
+        line->addWidget(button);
+    }
+    column->addLayout(line);
+}
+
+void AlgorithmPanel::connectPanel()
+{
+    connect(
+        m_strategies, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &AlgorithmPanel::slotStrategyChanged);
+    connect(m_ok, &QPushButton::clicked, this, &AlgorithmPanel::slotOk);
+    connect(m_cancel, &QPushButton::clicked, this, &AlgorithmPanel::slotCancel);
+}
+
+QString AlgorithmPanel::LoadStrategy(const AesStrategy& strategy, const QMap<QString, QVariant>& defaults,
+    const QMap<QString, QVariant>& parameters, const QString& symbol)
+{
+    if (!strategy.name.isEmpty()) {
+        if (StrategyLibrary::instance().strategy(strategy.name).name.isEmpty())
+            return QStringLiteral("未找到算法【%1】的参数定义！").arg(strategy.name);
+        if (!d->choice.offered().contains(strategy.name))
+            return QStringLiteral("算法【%1】不在可选范围内，请重新选择！").arg(strategy.name);
+    }
+    m_symbol = symbol;
+    d->choice.load(strategy.name);
+    QMap<QString, QVariant> given = defaults;
+    for (auto it = parameters.cbegin(); it != parameters.cend(); ++it)
+        given.insert(it.key(), it.value());
+
+    const StrategyDefinition definition = StrategyLibrary::instance().strategy(strategy.name);
+    showStrategy(strategy.name, AlgorithmChoice::parameterValues(definition, given));
+    showBaseData();
+    if (!strategy.name.isEmpty())
+        show();
+    return SUCCESS;
+}
+
+QMap<QString, QVariant> AlgorithmPanel::GetParamMap() const
+{
+    return d->choice.confirmedMap();
+}
+
+QString AlgorithmPanel::GetStrategyName() const
+{
+    return d->choice.confirmedName();
+}
+
+bool AlgorithmPanel::HasParams() const
+{
+    return !d->choice.confirmedName().isEmpty();
+}
+
+void AlgorithmPanel::RefreshAlgoList()
+{
+    d->choice.refresh();
+    fillStrategies();
+}
+
+void AlgorithmPanel::ReInit()
+{
+    fillStrategies();
+    followSymbol();
+    showBaseData();
+}
+
+void AlgorithmPanel::ClearParams()
+{
+    d->choice.clear();
+    m_symbol.clear();
+    hide();
+    showStrategy({}, {});
+    showBaseData();
+}
+
+void AlgorithmPanel::fillStrategies()
+{
+    const QSignalBlocker blocker(m_strategies);
+    m_strategies->clear();
+    const QStringList offered = d->choice.offered();
+    for (const QString& name : offered)
+        m_strategies->addItem(StrategyLibrary::instance().strategy(name).alias, name);
+    selectStrategy(m_form ? m_form->strategyName() : QString());
+}
+
+void AlgorithmPanel::selectStrategy(const QString& name)
+{
+    const QSignalBlocker blocker(m_strategies);
+    m_strategies->setCurrentIndex(
+        m_strategies->findData(name, Qt::UserRole, Qt::MatchExactly | Qt::MatchCaseSensitive));
+}
+
+void AlgorithmPanel::showStrategy(const QString& name, const QMap<QString, QString>& values)
+{
+    selectStrategy(name);
+    const StrategyDefinition strategy = StrategyLibrary::instance().strategy(name);
+    replaceForm(strategy.name.isEmpty() ? nullptr : new ParameterForm(strategy, this));
+    m_description->setText(strategy.description);
+    m_description->setVisible(!strategy.description.isEmpty());
+    followSymbol();
+    if (m_form)
+        m_form->setValues(values);
+    adjustSize();
+}
+
+void AlgorithmPanel::replaceForm(ParameterForm* form)
+{
+    if (m_form) {
+        m_form->hide();
+        m_form->deleteLater();
+    }
+    m_form = form;
+    m_ok->setEnabled(m_form != nullptr);
+    const QString choose = m_strategies->count() > 0 ? QStringLiteral("请选择算法。")
+                                                     : QStringLiteral("当前证券和指令类型没有可用的算法。");
+    showMessage(m_form ? QString() : choose);
+    if (!m_form)
+        return;
+    m_formRoom->addWidget(m_form);
+    m_form->setVisible((m_offers & Parameters) != 0);
+    setTabOrder(m_strategies, m_form);
+    setTabOrder(m_form, m_ok);
+    setTabOrder(m_ok, m_cancel);
+}
+
+void AlgorithmPanel::showBaseData()
+{
+    const QMap<QString, QVariant> base = d->choice.baseData();
+    m_baseData->setText(QStringLiteral("账号：%1    证券：%2    方向：%3")
+                            .arg(base.value(Content::TradingAccount).toString(), m_symbol,
+                                sideText(base.value(Content::OrderSide).toString())));
+}
+
+void AlgorithmPanel::showMessage(const QString& message)
+{
+    m_message->setText(message);
+    m_message->setVisible(!message.isEmpty());
+}
+
+void AlgorithmPanel::takeValues(const QMap<QString, QVariant>& handedOver)
+{
+    if (handedOver.contains(Content::Symbol))
+        m_symbol = handedOver.value(Content::Symbol).toString();
+    const QString loaded = d->choice.loaded();
+    const StrategyDefinition strategy = StrategyLibrary::instance().strategy(loaded);
+    const QMap<QString, QString> values = AlgorithmChoice::parameterValues(strategy, handedOver);
+    if (m_form && m_form->strategyName() == loaded)
+        m_form->setValues(values);
+    else
+        showStrategy(loaded, values);
+    followSymbol();
+    showBaseData();
+}
+
+void AlgorithmPanel::followSymbol()
+{
+    if (m_form && !m_symbol.isEmpty())
+        m_form->setPriceDecimals(OrloBusinessDataInterface::GetPricePrecisionBySymbol(m_symbol, {}));
+}
+
+void AlgorithmPanel::slotStrategyChanged()
+{
+    const QString name = m_strategies->currentData().toString();
+    d->choice.load(name);
+    const bool confirmed = name == d->choice.confirmedName();
+    const StrategyDefinition strategy = StrategyLibrary::instance().strategy(name);
+    showStrategy(name,
+        confirmed ? AlgorithmChoice::parameterValues(strategy, d->choice.confirmedMap()) : QMap<QString, QString>());
+}
+
+void AlgorithmPanel::slotOk()
+{
+    if (!m_form)
+        return;
+    const ParameterForm::Fault fault = m_form->check();
+    m_form->markFault(fault.parameter);
+    showMessage(fault.message);
+    if (!fault.message.isEmpty())
+        return;
+    d->choice.confirm(m_form->strategy(), m_form->values());
+    hide();
+}
+
+void AlgorithmPanel::slotCancel()
+{
+    hide();
+}
+
+void AlgorithmPanel::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Escape:
+        return slotCancel();
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return slotOk();
+    default:
+        return ParamListWidget_single::keyPressEvent(event);
+    }
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "ParamListWidget_single.h"
+#include "algorithms/ParameterForm.h"
+
+class QComboBox;
+class QLabel;
+class QPushButton;
+class QVBoxLayout;
+
+/// The client's algorithm parameter widget: the strategy, the inputs of its parameters, OK and Cancel. OK checks and
+/// confirms; Cancel, Escape and closing leave what was confirmed before.
+class AlgorithmPanel : public ParamListWidget_single {
+    Q_OBJECT
+
+public:
+    /// What a panel offers, the bits of the factory's `flags`.
+    enum Offer { StrategyChoice = 1, Parameters = 2 };
+
+    AlgorithmPanel(int offers, QWidget* parent);
+    ~AlgorithmPanel() override;
+
+    /// A strategy without a name empties the panel and succeeds; one that is not offered, or whose parameters are
+    /// unknown, is refused and leaves the panel as it is.
+    QString LoadStrategy(const AesStrategy& strategy, const QMap<QString, QVariant>& defaults,
+        const QMap<QString, QVariant>& parameters, const QString& symbol) override;
+    QMap<QString, QVariant> GetParamMap() const override;
+    QString GetStrategyName() const override;
+    void RefreshAlgoList() override;
+    void ReInit() override;
+    bool HasParams() const override;
+    void ClearParams() override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void buildPanel();
+    void buildChoice(QVBoxLayout* column);
+    void buildButtons(QVBoxLayout* column);
+    void connectPanel();
+
+    void fillStrategies();
+    void selectStrategy(const QString& name);
+    void showStrategy(const QString& name, const QMap<QString, QString>& values);
+    void replaceForm(ParameterForm* form);
+    void showBaseData();
+    void showMessage(const QString& message);
+    void takeValues(const QMap<QString, QVariant>& handedOver);
+    void followSymbol();
+
+    void slotStrategyChanged();
+    void slotOk();
+    void slotCancel();
+
+    int m_offers;
+    QString m_symbol;
+    QVBoxLayout* m_formRoom = nullptr;
+    QLabel* m_baseData = nullptr;
+    QComboBox* m_strategies = nullptr;
+    QLabel* m_description = nullptr;
+    QLabel* m_message = nullptr;
+    QPushButton* m_ok = nullptr;
+    QPushButton* m_cancel = nullptr;
+    ParameterForm* m_form = nullptr;
+};

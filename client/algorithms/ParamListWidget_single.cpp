@@ -1,0 +1,33 @@
+#include "ParamListWidget_single.h"
+#include "algorithms/ParamListWidget_single_p.h"
+
+ParamListWidget_single::ParamListWidget_single(QWidget* parent)
+    : QWidget(parent)
+    , d(std::make_unique<Private>())
+{
+}
+
+ParamListWidget_single::~ParamListWidget_single() = default;
+
+void ParamListWidget_single::setAlgoWhiteList(QStringList names)
+{
+    d->choice.setWhiteList(names);
+}
+
+void ParamListWidget_single::setAlgoBlackList(QStringList names)
+{
+    d->choice.setBlackList(names);
+}
+
+QStringList ParamListWidget_single::getAuthorityAlgoList() const
+{
+    return d->choice.offered();
+}
+
+AlgoErrorCode ParamListWidget_single::setBaseInfoData(const QMap<QString, QVariant>& baseData, bool resetParams)
+{
+    const AlgoErrorCode result = d->choice.takeBaseData(baseData, resetParams);
+    if (d->baseDataTaken)
+        d->baseDataTaken(baseData);
+    return result;
+}

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "algorithms/StrategyDefinition.h"
+#include <QGridLayout>
+#include <QMap>
+#include <QWidget>
+#include <functional>
+
+/// The inputs of one strategy, one row per parameter: label, input, unit, range.
+class ParameterForm : public QWidget {
+    Q_OBJECT
+
+public:
+    /// What is wrong with the first input that is.
+    struct Fault {
+        QString parameter; ///< name of the parameter concerned; empty when nothing is wrong
+        QString message;   ///< a whole sentence for the trader
+    };
+
+    ParameterForm(const StrategyDefinition& strategy, QWidget* parent);
+
+    QString strategyName() const { return m_strategy.name; }
+    StrategyDefinition strategy() const { return m_strategy; }
+    bool hasInputs() const { return !m_rows.isEmpty(); }
+
+    /// Decimals of a price where the strategy's file leaves them open.
+    void setPriceDecimals(int decimals);
+
+    /// Shows values; those of other names are left alone.
+    void setValues(const QMap<QString, QString>& values);
+    /// Every parameter's value as entered, constants included; an empty text where nothing is entered.
+    QMap<QString, QString> values() const;
+    /// Checks what is entered, in the order of the rows, then the relations between them.
+    Fault check() const;
+    /// Marks the input of a parameter as faulty and gives it the focus; an empty name takes the mark away.
+    void markFault(const QString& parameter);
+
+    /// Colour of what is wrong, on light and on dark skins.
+    static QColor faultColor();
+    /// The defaults of the strategy's file.
+    static QMap<QString, QString> defaults(const StrategyDefinition& strategy);
+
+private:
+    struct Row {
+        StrategyParameter parameter;
+        StrategyControl control;
+        QWidget* input = nullptr;
+        std::function<QString()> value;
+        std::function<void(const QString&)> setValue;
+    };
+
+    static QString sentence(const Row& row, const QString& problem);
+    void addSection(const QString& title);
+    void addRow(const StrategyControl& control, const StrategyParameter& parameter);
+    void makeInput(Row& row);
+    void makeText(Row& row);
+    void makeStepper(Row& row);
+    void makeDropDown(Row& row);
+    void makeRadioButtons(Row& row);
+    void makeCheckBox(Row& row);
+
+    StrategyDefinition m_strategy;
+    QGridLayout* m_grid = nullptr;
+    QList<Row> m_rows;
+};

@@ -1,0 +1,560 @@
+#include "algorithms/StrategyReader.h"
+#include "algorithms/ParameterValue.h"
+
+#include <QRegularExpression>
+#include <algorithm>
+#include <optional>
+
+namespace {
+
+const QString CORE = QStringLiteral("http://www.fixprotocol.org/FIXatdl-1-1/Core");
+const QString LAYOUT = QStringLiteral("http://www.fixprotocol.org/FIXatdl-1-1/Layout");
+const QString VALIDATION = QStringLiteral("http://www.fixprotocol.org/FIXatdl-1-1/Validation");
+const QString INSTANCE = QStringLiteral("http://www.w3.org/2001/XMLSchema-instance");
+constexpr int MAX_TAG = 99999999;
+constexpr int MAX_PRECISION = 10;
+
+const QMap<QString, ParameterType>& parameterTypes()
+{
+    static const QMap<QString, ParameterType> types{
+        { QStringLiteral("Int_t"), ParameterType::Int },
+        { QStringLiteral("Float_t"), ParameterType::Float },
+        { QStringLiteral("Qty_t"), ParameterType::Qty },
+        { QStringLiteral("Price_t"), ParameterType::Price },
+        { QStringLiteral("Amt_t"), ParameterType::Amount },
+        { QStringLiteral("Percentage_t"), ParameterType::Percentage },
+        { QStringLiteral("Boolean_t"), ParameterType::Boolean },
+        { QStringLiteral("String_t"), ParameterType::String },
+        { QStringLiteral("Char_t"), ParameterType::Char },
+        { QStringLiteral("LocalMktTime_t"), ParameterType::LocalTime },
+    };
+    return types;
+}
+
+const QMap<QString, ControlType>& controlTypes()
+{
+    static const QMap<QString, ControlType> types{
+        { QStringLiteral("TextField_t"), ControlType::TextField },
+        { QStringLiteral("SingleSpinner_t"), ControlType::SingleSpinner },
+        { QStringLiteral("DoubleSpinner_t"), ControlType::DoubleSpinner },
+        { QStringLiteral("DropDownList_t"), ControlType::DropDownList },
+        { QStringLiteral("CheckBox_t"), ControlType::CheckBox },
+        { QStringLiteral("Clock_t"), ControlType::Clock },
+        { QStringLiteral("RadioButtonList_t"), ControlType::RadioButtonList },
+    };
+    return types;
+}
+
+const QMap<QString, RuleOperator>& ruleOperators()
+{
+    static const QMap<QString, RuleOperator> operators{
+        { QStringLiteral("LT"), RuleOperator::Less },
+        { QStringLiteral("LE"), RuleOperator::LessOrEqual },
+        { QStringLiteral("GT"), RuleOperator::Greater },
+        { QStringLiteral("GE"), RuleOperator::GreaterOrEqual },
+        { QStringLiteral("EQ"), RuleOperator::Equal },
+        { QStringLiteral("NE"), RuleOperator::NotEqual },
+    };
+    return operators;
+}
+
+/// The element's name as the tables of children write it; empty for a foreign vocabulary.
+QString elementKey(const QXmlStreamReader& xml)
+{
+    if (xml.namespaceUri() == CORE)
+        return xml.name().toString();
+    if (xml.namespaceUri() == LAYOUT)
+        return QStringLiteral("lay:") + xml.name();
+    if (xml.namespaceUri() == VALIDATION)
+        return QStringLiteral("val:") + xml.name();
+    return {};
+}
+
+/// "显示数量（股）" is the label "显示数量" with the unit "股".
+void splitUnit(StrategyControl& control)
+{
+    static const QRegularExpression form(QStringLiteral("^(.+)（([^（）]+)）$"));
+    const QRegularExpressionMatch match = form.match(control.label);
+    if (!match.hasMatch())
+        return;
+    control.label = match.captured(1);
+    control.unit = match.captured(2);
+}
+
+/// A default is written in the control's terms: an enumID, "true" or "false", otherwise the value.
+std::optional<QString> defaultValue(const StrategyControl& control, const StrategyParameter& parameter)
+{
+    if (control.initialValue.isEmpty())
+        return QString();
+    if (control.type == ControlType::CheckBox) {
+        if (control.initialValue == QLatin1String("true"))
+            return parameter.trueValue;
+        return control.initialValue == QLatin1String("false") ? std::optional(parameter.falseValue) : std::nullopt;
+    }
+    if (control.type != ControlType::DropDownList && control.type != ControlType::RadioButtonList)
+        return control.initialValue;
+    for (const EnumeratedValue& value : parameter.values) {
+        if (value.id == control.initialValue)
+            return value.text;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+StrategyReader::StrategyReader(const QByteArray& bytes, const QString& name)
+    : m_xml(bytes)
+    , m_name(name)
+{
+}
+
+StrategyFileContent StrategyReader::read()
+{
+    readRoot();
+    while (!m_xml.atEnd()) {
+        m_xml.readNext();
+        refuseOther();
+    }
+    if (m_content.error.reason.isEmpty() && m_xml.hasError())
+        m_content.error = parserError();
+    if (!m_content.isValid())
+        m_content.strategies.clear();
+    return m_content;
+}
+
+void StrategyReader::readRoot()
+{
+    while (!m_xml.atEnd() && m_xml.readNext() != QXmlStreamReader::StartElement)
+        refuseOther();
+    if (m_xml.hasError())
+        return;
+    if (elementKey(m_xml) != QLatin1String("Strategies"))
+        return fail(QStringLiteral("根元素应为FIXatdl 1.1的Strategies，而不是%1").arg(m_xml.qualifiedName()));
+    readNamespaces();
+    readStrategies();
+}
+
+void StrategyReader::readNamespaces()
+{
+    const QXmlStreamNamespaceDeclarations declarations = m_xml.namespaceDeclarations();
+    for (const QXmlStreamNamespaceDeclaration& declaration : declarations)
+        m_prefixes.insert(declaration.prefix().toString(), declaration.namespaceUri().toString());
+}
+
+void StrategyReader::readStrategies()
+{
+    static const QStringList known{ QStringLiteral("strategyIdentifierTag"), QStringLiteral("versionIdentifierTag"),
+        QStringLiteral("tag957Support"), QStringLiteral("xsi:schemaLocation") };
+    const QXmlStreamAttributes found = attributes(known);
+    number(found, known.at(0), 1, MAX_TAG, 0);
+    number(found, known.at(1), 1, MAX_TAG, 0);
+    flag(found, known.at(2), false);
+
+    QString description;
+    readChildren({ { QStringLiteral("Description"), [&] { readDescription(description); } },
+        { QStringLiteral("Strategy"), [this] { readStrategy(); } } });
+    if (!m_xml.hasError() && m_content.strategies.isEmpty())
+        fail(QStringLiteral("文件中没有策略"));
+}
+
+void StrategyReader::readStrategy()
+{
+    const QXmlStreamAttributes found =
+        attributes({ QStringLiteral("name"), QStringLiteral("uiRep"), QStringLiteral("version"),
+                       QStringLiteral("providerID"), QStringLiteral("wireValue"), QStringLiteral("fixMsgType") },
+            { QStringLiteral("name") });
+    StrategyDefinition strategy;
+    strategy.line = m_xml.lineNumber();
+    strategy.name = identifier(found, QStringLiteral("name"));
+    strategy.alias = found.value(QLatin1String("uiRep")).toString();
+    strategy.version = found.value(QLatin1String("version")).toString();
+    strategy.provider = found.value(QLatin1String("providerID")).toString();
+    strategy.wireValue = found.value(QLatin1String("wireValue")).toString();
+    requireValue(found, QStringLiteral("fixMsgType"), QStringLiteral("D"));
+    if (strategy.alias.isEmpty())
+        strategy.alias = strategy.name;
+    if (strategy.wireValue.isEmpty())
+        strategy.wireValue = strategy.name;
+
+    int layouts = 0;
+    readChildren({ { QStringLiteral("Description"), [&] { readDescription(strategy.description); } },
+        { QStringLiteral("Parameter"), [&] { readParameter(strategy); } },
+        { QStringLiteral("val:StrategyEdit"), [&] { readRule(strategy); } },
+        { QStringLiteral("lay:StrategyLayout"), [&] {
+             if (++layouts > 1)
+                 return fail(QStringLiteral("策略%1有多个StrategyLayout").arg(strategy.name));
+             readLayout(strategy);
+         } } });
+    finishStrategy(strategy);
+}
+
+void StrategyReader::finishStrategy(StrategyDefinition& strategy)
+{
+    if (m_xml.hasError() || !hasRoom(m_content.strategies, QStringLiteral("策略")))
+        return;
+    if (m_strategyNames.contains(strategy.name))
+        return fail(QStringLiteral("策略名“%1”重复").arg(strategy.name), strategy.line);
+    // Controls may stand before their parameters, so their defaults are understood last.
+    for (StrategyControl& control : strategy.controls) {
+        const StrategyParameter* const parameter = strategy.parameter(control.parameter);
+        const std::optional<QString> value = parameter ? defaultValue(control, *parameter) : QString();
+        if (!value)
+            return fail(
+                QStringLiteral("控件%1的默认值“%2”不是可选的值").arg(control.id, control.initialValue), control.line);
+        if (parameter)
+            control.initialValue = *value;
+    }
+    const StrategyFlaw flaw = StrategyChecks::check(strategy);
+    if (!flaw.reason.isEmpty())
+        return fail(flaw.reason, flaw.line);
+    m_strategyNames.insert(strategy.name);
+    m_content.strategies.append(strategy);
+}
+
+void StrategyReader::readDescription(QString& description)
+{
+    attributes({});
+    while (!m_xml.atEnd() && m_xml.readNext() != QXmlStreamReader::EndElement) {
+        if (m_xml.isStartElement())
+            return fail(QStringLiteral("Description中不能有元素%1").arg(m_xml.qualifiedName()));
+        if (m_xml.isCharacters())
+            description += m_xml.text();
+        else
+            refuseOther();
+        if (description.size() > StrategyFile::MAX_TEXT)
+            return fail(QStringLiteral("Description超过%1个字符").arg(StrategyFile::MAX_TEXT));
+    }
+    description = description.simplified();
+}
+
+void StrategyReader::readParameter(StrategyDefinition& strategy)
+{
+    const QXmlStreamAttributes found =
+        attributes({ QStringLiteral("name"), QStringLiteral("xsi:type"), QStringLiteral("fixTag"),
+                       QStringLiteral("use"), QStringLiteral("minValue"), QStringLiteral("maxValue"),
+                       QStringLiteral("constValue"), QStringLiteral("precision"), QStringLiteral("maxLength"),
+                       QStringLiteral("trueWireValue"), QStringLiteral("falseWireValue") },
+            { QStringLiteral("name"), QStringLiteral("xsi:type") });
+    if (m_xml.hasError() || !hasRoom(strategy.parameters, QStringLiteral("参数")))
+        return;
+
+    StrategyParameter parameter;
+    parameter.line = m_xml.lineNumber();
+    parameter.name = identifier(found, QStringLiteral("name"));
+    readParameterKind(parameter, found);
+    parameter.fixTag = number(found, QStringLiteral("fixTag"), 1, MAX_TAG, 0);
+    parameter.minValue = found.value(QLatin1String("minValue")).toString();
+    parameter.maxValue = found.value(QLatin1String("maxValue")).toString();
+    parameter.constValue = found.value(QLatin1String("constValue")).toString();
+
+    QString description;
+    readChildren({ { QStringLiteral("Description"), [&] { readDescription(description); } },
+        { QStringLiteral("EnumPair"), [&] { readEnumPair(parameter); } } });
+    strategy.parameters.append(parameter);
+}
+
+void StrategyReader::readParameterKind(StrategyParameter& parameter, const QXmlStreamAttributes& attributes)
+{
+    const QString type = typeName(attributes, CORE);
+    if (type == QLatin1String("UTCTimestamp_t"))
+        return fail(QStringLiteral("参数类型UTCTimestamp_t含有日期，计划跨多个交易日，请改用LocalMktTime_t"));
+    if (!parameterTypes().contains(type))
+        return fail(QStringLiteral("参数类型“%1”不支持").arg(type));
+    parameter.type = parameterTypes().value(type);
+
+    const QString use = attributes.value(QLatin1String("use")).toString();
+    parameter.required = use == QLatin1String("required");
+    if (!use.isEmpty() && !parameter.required && use != QLatin1String("optional"))
+        return fail(QStringLiteral("属性use的值“%1”应为required或optional").arg(use));
+
+    const bool numeric = ParameterValue::isNumber(parameter.type);
+    if (attributes.hasAttribute(QLatin1String("precision")) && (!numeric || parameter.type == ParameterType::Int))
+        return fail(QStringLiteral("参数类型%1不能有属性precision").arg(type));
+    parameter.precision = number(attributes, QStringLiteral("precision"), 0, MAX_PRECISION, parameter.precision);
+
+    if (attributes.hasAttribute(QLatin1String("maxLength")) && parameter.type != ParameterType::String)
+        return fail(QStringLiteral("参数类型%1不能有属性maxLength").arg(type));
+    parameter.maxLength =
+        number(attributes, QStringLiteral("maxLength"), 1, StrategyFile::MAX_TEXT, parameter.maxLength);
+
+    const QString yes = attributes.value(QLatin1String("trueWireValue")).toString();
+    const QString no = attributes.value(QLatin1String("falseWireValue")).toString();
+    if ((!yes.isEmpty() || !no.isEmpty()) && parameter.type != ParameterType::Boolean)
+        return fail(QStringLiteral("参数类型%1不能有属性trueWireValue或falseWireValue").arg(type));
+    parameter.trueValue = yes.isEmpty() ? parameter.trueValue : yes;
+    parameter.falseValue = no.isEmpty() ? parameter.falseValue : no;
+    if (parameter.trueValue == parameter.falseValue)
+        fail(QStringLiteral("属性trueWireValue与falseWireValue相同"));
+}
+
+void StrategyReader::readEnumPair(StrategyParameter& parameter)
+{
+    const QStringList both{ QStringLiteral("enumID"), QStringLiteral("wireValue") };
+    const QXmlStreamAttributes found = attributes(both, both);
+    if (parameter.type == ParameterType::Boolean)
+        return fail(QStringLiteral("Boolean_t参数不能有EnumPair"));
+    if (m_xml.hasError() || !hasRoom(parameter.values, QStringLiteral("EnumPair")))
+        return;
+    parameter.values.append({ identifier(found, both.at(0)), found.value(both.at(1)).toString() });
+    readChildren({});
+}
+
+void StrategyReader::readLayout(StrategyDefinition& strategy)
+{
+    attributes({});
+    int panels = 0;
+    readChildren({ { QStringLiteral("lay:StrategyPanel"), [&] {
+                        if (++panels > 1)
+                            return fail(QStringLiteral("StrategyLayout中只能有一个StrategyPanel"));
+                        readPanel(strategy, {}, 1);
+                    } } });
+    if (!m_xml.hasError() && panels == 0)
+        fail(QStringLiteral("StrategyLayout中没有StrategyPanel"));
+}
+
+void StrategyReader::readPanel(StrategyDefinition& strategy, const QString& section, int depth)
+{
+    if (depth > StrategyFile::MAX_PANEL_DEPTH)
+        return fail(QStringLiteral("StrategyPanel嵌套超过%1层").arg(StrategyFile::MAX_PANEL_DEPTH));
+    const QXmlStreamAttributes found =
+        attributes({ QStringLiteral("title"), QStringLiteral("orientation"), QStringLiteral("collapsible") });
+    requireValue(found, QStringLiteral("orientation"), QStringLiteral("VERTICAL"));
+    requireValue(found, QStringLiteral("collapsible"), QStringLiteral("false"));
+    const QString own = found.value(QLatin1String("title")).toString();
+    const QString title = own.isEmpty() ? section : own;
+
+    int controls = 0;
+    int panels = 0;
+    const auto either = [&](int& count, const std::function<void()>& readIt) {
+        ++count;
+        if (controls > 0 && panels > 0)
+            return fail(QStringLiteral("StrategyPanel中不能同时有Control和StrategyPanel"));
+        readIt();
+    };
+    readChildren({ { QStringLiteral("lay:Control"), [&] { either(controls, [&] { readControl(strategy, title); }); } },
+        { QStringLiteral("lay:StrategyPanel"),
+            [&] { either(panels, [&] { readPanel(strategy, title, depth + 1); }); } } });
+}
+
+void StrategyReader::readControl(StrategyDefinition& strategy, const QString& section)
+{
+    const QXmlStreamAttributes found = attributes(
+        { QStringLiteral("ID"), QStringLiteral("xsi:type"), QStringLiteral("label"), QStringLiteral("parameterRef"),
+            QStringLiteral("initValue"), QStringLiteral("tooltip"), QStringLiteral("increment"),
+            QStringLiteral("innerIncrement"), QStringLiteral("outerIncrement") },
+        { QStringLiteral("ID"), QStringLiteral("xsi:type"), QStringLiteral("label"), QStringLiteral("parameterRef") });
+    if (m_xml.hasError() || !hasRoom(strategy.controls, QStringLiteral("控件")))
+        return;
+
+    StrategyControl control;
+    control.line = m_xml.lineNumber();
+    control.id = identifier(found, QStringLiteral("ID"));
+    control.parameter = found.value(QLatin1String("parameterRef")).toString();
+    control.label = found.value(QLatin1String("label")).toString();
+    control.tooltip = found.value(QLatin1String("tooltip")).toString();
+    control.initialValue = found.value(QLatin1String("initValue")).toString();
+    control.section = section;
+    splitUnit(control);
+    readControlKind(control, found);
+    readChildren({ { QStringLiteral("lay:ListItem"), [&] { readListItem(control); } } });
+    strategy.controls.append(control);
+}
+
+void StrategyReader::readControlKind(StrategyControl& control, const QXmlStreamAttributes& attributes)
+{
+    const QString type = typeName(attributes, LAYOUT);
+    if (!controlTypes().contains(type))
+        return fail(QStringLiteral("控件类型“%1”不支持").arg(type));
+    control.type = controlTypes().value(type);
+
+    const bool two = control.type == ControlType::DoubleSpinner;
+    const QStringList foreign = two ? QStringList{ QStringLiteral("increment") }
+                                    : QStringList{ QStringLiteral("innerIncrement"), QStringLiteral("outerIncrement") };
+    for (const QString& name : foreign) {
+        if (attributes.hasAttribute(name))
+            return fail(QStringLiteral("控件类型%1不能有属性%2").arg(type, name));
+    }
+    control.increment = attributes.value(two ? QLatin1String("innerIncrement") : QLatin1String("increment")).toString();
+    control.outerIncrement = attributes.value(QLatin1String("outerIncrement")).toString();
+}
+
+void StrategyReader::readListItem(StrategyControl& control)
+{
+    const QStringList both{ QStringLiteral("enumID"), QStringLiteral("uiRep") };
+    const QXmlStreamAttributes found = attributes(both, both);
+    if (m_xml.hasError() || !hasRoom(control.items, QStringLiteral("ListItem")))
+        return;
+    control.items.append({ identifier(found, both.at(0)), found.value(both.at(1)).toString() });
+    readChildren({});
+}
+
+void StrategyReader::readRule(StrategyDefinition& strategy)
+{
+    const QXmlStreamAttributes found =
+        attributes({ QStringLiteral("errorMessage") }, { QStringLiteral("errorMessage") });
+    if (m_xml.hasError() || !hasRoom(strategy.rules, QStringLiteral("StrategyEdit")))
+        return;
+    StrategyRule rule;
+    rule.line = m_xml.lineNumber();
+    rule.message = found.value(QLatin1String("errorMessage")).toString();
+    int edits = 0;
+    readChildren({ { QStringLiteral("val:Edit"), [&] { readEdit(rule, edits); } } });
+    if (!m_xml.hasError() && edits == 0)
+        fail(QStringLiteral("StrategyEdit中没有Edit"), rule.line);
+    strategy.rules.append(rule);
+}
+
+void StrategyReader::readEdit(StrategyRule& rule, int& edits)
+{
+    if (++edits > 1)
+        return fail(QStringLiteral("StrategyEdit中只支持一个Edit"));
+    const QXmlStreamAttributes found = attributes(
+        { QStringLiteral("field"), QStringLiteral("operator"), QStringLiteral("field2"), QStringLiteral("value") },
+        { QStringLiteral("field"), QStringLiteral("operator") });
+    if (m_xml.hasError())
+        return;
+    readComparison(rule, found);
+    readChildren({});
+}
+
+void StrategyReader::readComparison(StrategyRule& rule, const QXmlStreamAttributes& attributes)
+{
+    const QString comparison = attributes.value(QLatin1String("operator")).toString();
+    if (!ruleOperators().contains(comparison))
+        return fail(QStringLiteral("比较符“%1”不支持").arg(comparison));
+    rule.comparison = ruleOperators().value(comparison);
+    rule.field = attributes.value(QLatin1String("field")).toString();
+    rule.otherField = attributes.value(QLatin1String("field2")).toString();
+    rule.value = attributes.value(QLatin1String("value")).toString();
+    if (rule.otherField.isEmpty() == rule.value.isEmpty())
+        fail(QStringLiteral("Edit应有field2或value之一"));
+}
+
+void StrategyReader::readChildren(const Children& children)
+{
+    while (!m_xml.atEnd() && m_xml.readNext() != QXmlStreamReader::EndElement) {
+        if (m_xml.isStartElement())
+            readChild(children);
+        else
+            refuseOther();
+    }
+}
+
+void StrategyReader::readChild(const Children& children)
+{
+    if (!m_xml.namespaceDeclarations().isEmpty())
+        return fail(QStringLiteral("命名空间只能在根元素上声明"));
+    const auto found = children.constFind(elementKey(m_xml));
+    if (found == children.cend())
+        return fail(QStringLiteral("元素%1不支持或不能出现在这里").arg(m_xml.qualifiedName()));
+    (*found)();
+}
+
+void StrategyReader::refuseOther()
+{
+    if (m_xml.tokenType() == QXmlStreamReader::DTD)
+        fail(QStringLiteral("不允许DTD和实体声明"));
+    else if (m_xml.tokenType() == QXmlStreamReader::EntityReference)
+        fail(QStringLiteral("不允许实体引用"));
+    else if (m_xml.tokenType() == QXmlStreamReader::ProcessingInstruction)
+        fail(QStringLiteral("不支持处理指令%1").arg(m_xml.processingInstructionTarget()));
+    else if (m_xml.isCharacters() && !m_xml.isWhitespace())
+        fail(QStringLiteral("元素之间有文字“%1”").arg(m_xml.text().toString().simplified().left(20)));
+}
+
+QXmlStreamAttributes StrategyReader::attributes(const QStringList& known, const QStringList& needed)
+{
+    const QXmlStreamAttributes found = m_xml.attributes();
+    for (const QXmlStreamAttribute& attribute : found) {
+        if (!isKnown(attribute, known))
+            fail(QStringLiteral("元素%1的属性%2不支持").arg(m_xml.name(), attribute.qualifiedName()));
+        else if (attribute.value().size() > StrategyFile::MAX_TEXT)
+            fail(QStringLiteral("属性%1超过%2个字符").arg(attribute.name()).arg(StrategyFile::MAX_TEXT));
+    }
+    for (const QString& name : needed) {
+        const QString value = name == QLatin1String("xsi:type")
+            ? found.value(INSTANCE, QStringLiteral("type")).toString()
+            : found.value(name).toString();
+        if (value.isEmpty())
+            fail(QStringLiteral("元素%1缺少属性%2").arg(m_xml.name(), name));
+    }
+    return found;
+}
+
+bool StrategyReader::isKnown(const QXmlStreamAttribute& attribute, const QStringList& known)
+{
+    if (attribute.namespaceUri().isEmpty())
+        return known.contains(attribute.name().toString());
+    return attribute.namespaceUri() == INSTANCE && known.contains(QStringLiteral("xsi:") + attribute.name());
+}
+
+QString StrategyReader::typeName(const QXmlStreamAttributes& attributes, const QString& vocabulary)
+{
+    const QString type = attributes.value(INSTANCE, QStringLiteral("type")).toString();
+    const int colon = type.indexOf(QLatin1Char(':'));
+    const QString prefix = type.left(std::max(colon, 0));
+    if (m_prefixes.value(prefix) != vocabulary)
+        fail(QStringLiteral("类型“%1”不属于%2").arg(type, vocabulary));
+    return type.mid(colon + 1);
+}
+
+int StrategyReader::number(
+    const QXmlStreamAttributes& attributes, const QString& name, int lowest, int highest, int absent)
+{
+    if (!attributes.hasAttribute(name))
+        return absent;
+    bool good = false;
+    const int value = attributes.value(name).toInt(&good);
+    if (!good || value < lowest || value > highest)
+        fail(QStringLiteral("属性%1的值“%2”应为%3至%4的整数")
+                 .arg(name, attributes.value(name).toString(), QString::number(lowest), QString::number(highest)));
+    return value;
+}
+
+bool StrategyReader::flag(const QXmlStreamAttributes& attributes, const QString& name, bool absent)
+{
+    if (!attributes.hasAttribute(name))
+        return absent;
+    const bool yes = attributes.value(name) == QLatin1String("true");
+    if (!yes && attributes.value(name) != QLatin1String("false"))
+        fail(QStringLiteral("属性%1的值“%2”应为true或false").arg(name, attributes.value(name).toString()));
+    return yes;
+}
+
+QString StrategyReader::identifier(const QXmlStreamAttributes& attributes, const QString& name)
+{
+    static const QRegularExpression form(
+        QRegularExpression::anchoredPattern(QStringLiteral("[A-Za-z][A-Za-z0-9_]{0,63}")));
+    const QString value = attributes.value(name).toString();
+    if (!form.match(value).hasMatch())
+        fail(QStringLiteral("属性%1的值“%2”应以字母开头，只含字母、数字和下划线，最多64个字符").arg(name, value));
+    return value;
+}
+
+void StrategyReader::requireValue(const QXmlStreamAttributes& attributes, const QString& name, const QString& only)
+{
+    if (attributes.hasAttribute(name) && attributes.value(name) != only)
+        fail(QStringLiteral("属性%1的值“%2”不支持，只支持%3").arg(name, attributes.value(name).toString(), only));
+}
+
+template <typename List> bool StrategyReader::hasRoom(const List& list, const QString& what)
+{
+    if (list.size() < StrategyFile::MAX_COUNT)
+        return true;
+    fail(QStringLiteral("%1超过%2个").arg(what).arg(StrategyFile::MAX_COUNT));
+    return false;
+}
+
+void StrategyReader::fail(const QString& reason, qint64 line)
+{
+    if (m_xml.hasError())
+        return;
+    m_content.error = { m_name, line, reason };
+    m_xml.raiseError(reason);
+}
+
+StrategyFileError StrategyReader::parserError() const
+{
+    const bool cut = m_xml.error() == QXmlStreamReader::PrematureEndOfDocumentError;
+    return { m_name, m_xml.lineNumber(), cut ? QStringLiteral("文件不完整") : QStringLiteral("XML格式不正确") };
+}
