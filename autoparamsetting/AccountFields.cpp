@@ -1,0 +1,140 @@
+#include "AutoParamSetting.h"
+
+#include "AgreementDC.h"
+#include "ComboItems.h"
+#include "InstructionBusinessDataInterface.h"
+#include "Kelvo_Values.h"
+#include "OrloBusinessDataInterface.h"
+#include "Orlo_Values.h"
+#include "PlanVocabulary.h"
+#include "ui_AutoParamSetting.h"
+#include <QDebug>
+#include <QSet>
+
+namespace {
+
+// What the client's account list is asked for: accounts that trade (3) and are open to automatic plans (16).
+constexpr int TradingAccounts = 3;
+constexpr int AutoPlanAccounts = 16;
+
+bool holdsMainland(const QMap<QString, QString>& accounts)
+{
+    return accounts.contains(Kelvo_Values::Exchange::sh) || accounts.contains(Kelvo_Values::Exchange::sz);
+}
+
+bool holdsMainlandOrBeijing(const QMap<QString, QString>& accounts)
+{
+    return holdsMainland(accounts) || accounts.contains(Orlo_Values::Exchange::bj);
+}
+
+// Bond trading needs a Shanghai or Shenzhen account here, although the instruction types accept Beijing for it: an
+// account that can trade nothing but bonds and only in Beijing has no bond to trade.
+bool isUsable(const QString& tradingAccount)
+{
+    using Instruction = InstructionBusinessDataInterface;
+    const auto accounts = OrloBusinessDataInterface::GetCurrentSecurityAccountByTradingAccount(tradingAccount);
+    if (Instruction::hasOrderAuthority(tradingAccount, AutoPlanInstructionType::Ordinary)
+        && holdsMainlandOrBeijing(accounts))
+        return true;
+    if (Instruction::hasOrderAuthority(tradingAccount, AutoPlanInstructionType::HkConnect)
+        && accounts.contains(Orlo_Values::Exchange::HkStockCirculation))
+        return true;
+    if (Instruction::hasOrderAuthority(tradingAccount, AutoPlanInstructionType::Credit) && holdsMainland(accounts))
+        return true;
+    return Instruction::hasOrderAuthority(tradingAccount, AutoPlanInstructionType::Bond) && holdsMainland(accounts);
+}
+
+void removeUnusable(QList<tagUserAccountInfo>& accounts)
+{
+    for (int i = accounts.size() - 1; i >= 0; --i) {
+        if (!isUsable(accounts.at(i).tradingAccount))
+            accounts.removeAt(i);
+    }
+}
+
+QStringList sortedWithoutDuplicates(QStringList users)
+{
+    users.removeDuplicates();
+    users.sort();
+    return users;
+}
+
+} // namespace
+
+void AutoParamSetting::InitComboxFundList()
+{
+    QList<tagUserAccountInfo> accounts = OrloBusinessDataInterface::GetFundAccountListByFundProp(
+        TradingAccounts, AutoPlanAccounts, false, QStringList(), true);
+    if (accounts.isEmpty()) {
+        ui->combx_fundAccount->SetAccountList(accounts);
+        ui->combx_fundAccount->setEnabled(false);
+        return;
+    }
+    removeUnusable(accounts);
+    for (const tagUserAccountInfo& account : qAsConst(accounts))
+        m_accountInfoMap.insert(account.tradingAccount, account);
+    ui->combx_fundAccount->SetAccountList(accounts);
+    if (accounts.size() > 1)
+        ui->combx_fundAccount->setCurrentIndex(-1);
+    else
+        ui->combx_fundAccount->setEnabled(false);
+    GetUnsignedClientNoList(); // asked ahead, so that the service has the answer ready when a reduction is chosen
+}
+
+QStringList AutoParamSetting::GetUnsignedClientNoList() const
+{
+    const QStringList unsignedNumbers =
+        AgreementDC::instance().GetUnsignedClientNoList(Orlo_Values::ProtocolId::AutoPlanReduceAgree);
+    QSet<QString> offered;
+    for (const tagUserAccountInfo& account : m_accountInfoMap)
+        offered.insert(account.clientNo);
+    return offered.intersect(QSet<QString>(unsignedNumbers.cbegin(), unsignedNumbers.cend())).values();
+}
+
+void AutoParamSetting::InitComboxAssignTo()
+{
+    ui->combx_assignTo->clear();
+    const bool reducesHoldings = currentCode(ui->combx_planType) == AutoPlanTemplate::ReduceHoldings;
+    const QString tradingAccount = ui->combx_fundAccount->GetCurTradingAccount();
+    if (tradingAccount.isEmpty() && !reducesHoldings) {
+        ui->combx_assignTo->addItem(AutoPlanAssignee::NotSpecified, QString());
+        ui->combx_assignTo->setCurrentIndex(0);
+        return;
+    }
+    const QString chainKey = InstructionBusinessDataInterface::getChainKeyForTraddingAccout(
+        tradingAccount, currentCode(ui->combx_instructionType));
+    if (reducesHoldings) {
+        const QStringList users = InstructionBusinessDataInterface::GetExcuteUsers(chainKey);
+        ui->combx_assignTo->addItems(users);
+        qDebug() << "AutoParamSetting::InitComboxAssignTo" << chainKey << users.size();
+        return;
+    }
+    const QStringList users =
+        InstructionBusinessDataInterface::GetForwardUsers(chainKey, VorInstructionNodeType::Forward);
+    ui->combx_assignTo->addItem(AutoPlanAssignee::NotSpecified, QString());
+    ui->combx_assignTo->addItems(sortedWithoutDuplicates(users));
+    ui->combx_assignTo->setCurrentIndex(0);
+}
+
+void AutoParamSetting::IsReduceHodingsMode(const QString& planType)
+{
+    const bool reduces = planType == AutoPlanTemplate::ReduceHoldings;
+    ui->la_targetTotalNum->setVisible(true);
+    ui->le_targetTotalNum->setVisible(true);
+    ui->la_entrustMaxNum->setVisible(!reduces);
+    ui->le_entrustMaxNum->setVisible(!reduces);
+    ui->lab_entrustMaxNumUnit->setVisible(!reduces);
+    ui->lab_targetTotalNumUnit->setVisible(!reduces);
+    ui->la_reduceHRatio->setVisible(reduces);
+    ui->le_reduceHRatio->setVisible(reduces);
+    ui->la_reduceHMode->setVisible(reduces);
+    ui->combx_reduceHMode->setVisible(reduces);
+    ui->date_effectivePeriod_Multi->setVisible(!reduces);
+    ui->date_effectivePeriod_Single->setVisible(reduces);
+    ui->la_assignTo->setText(reduces ? tr("执行人") : tr("分配给"));
+}
+
+void AutoParamSetting::slotComboxAccountChanged()
+{
+    InitComboxInstructionType();
+}

@@ -1,0 +1,111 @@
+#include "AlgorithmParameters.h"
+
+#include "AlgoTradeLogicNew.h"
+#include "Algo_Fields.h"
+#include "Algo_Values.h"
+#include "AutoParamSetting.h"
+#include "CDataBase.h"
+#include "ComboItems.h"
+#include "InstructionBusinessDataInterface.h"
+#include "Kelvo_Values.h"
+#include "OrloConstants.h"
+#include "OrloStrategyFactory.h"
+#include "OrloUtils.h"
+#include "OrloWidget.h"
+#include "ui_AutoParamSetting.h"
+#include <QDebug>
+
+namespace {
+
+namespace Content = Algo_Fields::AlgoInstContentInfo;
+
+constexpr int ChoiceAndParameters = 3;
+constexpr int CentredOverWindow = 2;
+const QString LoadSucceeded = QStringLiteral("0");
+
+QMap<QString, QVariant> baseData(const Ui::AutoParamSetting& ui)
+{
+    QMap<QString, QVariant> data;
+    data.insert(Content::TradingAccount, ui.combx_fundAccount->GetCurTradingAccount());
+    data.insert(Content::Symbol, ui.le_symbol->getSymbol());
+    AlgorithmParameters::insertSide(data, currentCode(ui.combx_tradeSide));
+    data.insert(Content::EntrustProp, AlgorithmParameters::orderProperty(currentCode(ui.combx_entrustType)));
+    return data;
+}
+
+} // namespace
+
+namespace AlgorithmParameters {
+
+ParamListWidget_single* createWidget(QWidget* editor, const QStringList& whiteList)
+{
+    ParamListWidget_single* const widget = OrloStrategyFactory::instance().CreateStrategyWgt(StrategyMode::Single,
+        editor, Algo_Values::AlgoGlobalType::instruction, whiteList, QStringList(), ChoiceAndParameters);
+    widget->setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    widget->setWindowModality(Qt::ApplicationModal);
+    return widget;
+}
+
+void refreshLists(ParamListWidget_single* widget, const QStringList& whiteList, const QStringList& blackList)
+{
+    widget->setAlgoWhiteList(whiteList);
+    widget->setAlgoBlackList(blackList);
+    widget->RefreshAlgoList();
+}
+
+void insertSide(QMap<QString, QVariant>& baseData, const QString& side)
+{
+    if (side == Kelvo_Values::OrderSide::buy)
+        baseData.insert(Content::OrderSide, Algo_Values::AlgoOrderSide::BuyValue);
+    else if (side == Kelvo_Values::OrderSide::sell)
+        baseData.insert(Content::OrderSide, Algo_Values::AlgoOrderSide::SellValue);
+}
+
+QString orderProperty(const QString& entrustType)
+{
+    return CDataBase::GetInstance()->GetStaticCfgValue(
+        OrloConstants::DictionaryKey::SideUnion2AlgoDefines, entrustType);
+}
+
+} // namespace AlgorithmParameters
+
+void AutoParamSetting::slotUpdateAlgoWhiteList()
+{
+    const QString symbol = ui->le_symbol->getSymbol();
+    const QString instructionType = currentCode(ui->combx_instructionType);
+    const QString targetType = currentCode(ui->combx_instructionTargetType);
+    m_algoWhiteList = InstructionBusinessDataInterface::getWhiteAlgoNameList(instructionType, targetType, symbol);
+    m_algoBlackList = InstructionBusinessDataInterface::getBlackAlgoNameList(targetType);
+}
+
+void AutoParamSetting::slotBtnAlgoParamSettingClicked()
+{
+    if (ui->combx_fundAccount->GetCurTradingAccount().isEmpty()) {
+        OrloWidget::ShowWarningMsgBox(tr("未选择资金帐号！"), this);
+        return;
+    }
+    if (!m_algoParamWidget)
+        m_algoParamWidget = AlgorithmParameters::createWidget(this, m_algoWhiteList);
+    QString name = m_algoParamWidget->GetStrategyName();
+    QMap<QString, QVariant> parameters = m_algoParamWidget->GetParamMap();
+    AlgorithmParameters::refreshLists(m_algoParamWidget, m_algoWhiteList, m_algoBlackList);
+
+    const QStringList authorised = m_algoParamWidget->getAuthorityAlgoList();
+    qInfo() << "AutoParamSetting::slotBtnAlgoParamSettingClicked" << name << parameters << m_algoWhiteList
+            << m_algoBlackList << authorised;
+    if (!authorised.isEmpty() && !authorised.contains(name)) {
+        name = authorised.first();
+        parameters.clear();
+    }
+    qInfo() << "AutoParamSetting::slotBtnAlgoParamSettingClicked" << name << parameters;
+
+    const AesStrategy strategy = AlgoTradeLogicNew::GetInstance()->GetStrategy(name);
+    const QString failure = m_algoParamWidget->LoadStrategy(strategy, {}, parameters, ui->le_symbol->getSymbol());
+    m_algoParamWidget->move(OrloUtils::GetWidgetPos(m_algoParamWidget, CentredOverWindow));
+    m_algoParamWidget->setBaseInfoData(baseData(*ui), false);
+    // A strategy with a name brings the widget up by itself when it is loaded.
+    if (name.isEmpty())
+        m_algoParamWidget->show();
+    if (failure != LoadSucceeded)
+        OrloWidget::ShowErrorMsgBox(failure, this);
+}

@@ -1,0 +1,168 @@
+#include "AutoParamSetting.h"
+
+#include "AesStrategy.h"
+#include "AgreementDialog.h"
+#include "AlgoTradeLogicNew.h"
+#include "AutoPlanLogic.h"
+#include "ComboItems.h"
+#include "PlanVocabulary.h"
+#include "ui_AutoParamSetting.h"
+
+namespace {
+
+constexpr int AlgoButtonWidth = 82;
+constexpr int FormulaMaxLength = 300;
+constexpr int SingleDateMode = 0;
+constexpr int DateRangeMode = 1;
+constexpr int PromptWhileTyping = 1;
+
+} // namespace
+
+AutoParamSetting::AutoParamSetting(QWidget* parent)
+    : QWidget(parent)
+    , ui(new Ui::AutoParamSetting)
+    , m_reserved(0)
+    , m_algoParamWidget(nullptr)
+    , m_startDayOffset(0)
+{
+    ui->setupUi(this);
+    initWidget();
+    initGuiData();
+    initConnect();
+    // A locked box announces nothing: the only account's types must cascade now that everything is connected.
+    if (!ui->combx_fundAccount->isEnabled())
+        InitComboxInstructionType();
+}
+
+AutoParamSetting::~AutoParamSetting()
+{
+    AgreementDialog::outlive(ui->combx_planType);
+    delete ui;
+}
+
+void AutoParamSetting::resetEnable()
+{
+    m_planId.clear();
+    ui->combx_fundAccount->ResetEnable();
+    ui->combx_instructionType->ResetEnable();
+    ui->combx_instructionTargetType->ResetEnable();
+    ui->combx_planType->ResetEnable();
+    ui->le_symbol->setEnabled(true);
+    if (currentCode(ui->combx_planType) == AutoPlanTemplate::ReduceHoldings)
+        ui->combx_tradeSide->setEnabled(false);
+    else
+        ui->combx_tradeSide->ResetEnable();
+    ui->combx_entrustType->ResetEnable();
+    ui->combx_priceType->ResetEnable();
+    ui->combx_priceMode->ResetEnable();
+    ui->lineEdit_price1->setEnabled(true);
+    ui->lineEdit_price2->setEnabled(true);
+    ui->le_targetTotalNum->setEnabled(true);
+    ui->le_entrustMaxNum->setEnabled(true);
+    ui->le_reduceHRatio->setEnabled(true);
+    ui->combx_instructionMode->ResetEnable();
+    ui->combx_assignTo->ResetEnable();
+    ui->date_effectivePeriod_Single->setEnabled(true);
+    ui->date_effectivePeriod_Multi->SetStartCalendarEnabled(true);
+    InitDateEffectivePeriod();
+    ui->combx_reduceHMode->setEnabled(true);
+    ui->le_remark->setEnabled(true);
+    InitComboxPriceType(QString());
+    InitComboxPriceMode(QString());
+}
+
+void AutoParamSetting::loadSkin(const QVariant& skin)
+{
+    if (!skin.isValid())
+        return;
+    setStyleSheet(skin.toString());
+}
+
+void AutoParamSetting::initWidget()
+{
+    ui->combx_fundAccount->setSearchEnabled();
+    ui->le_exchange->setEnabled(false);
+    ui->btn_algoParamSetting->setStyleType(OrloPushButton::BtnStyleType::Text);
+    ui->btn_algoParamSetting->setFixedWidth(AlgoButtonWidth);
+    InitHideWidget();
+    ui->btn_ok->setStyleType(OrloPushButton::BtnStyleType::Highlight);
+    ui->btn_cancel->setStyleType(OrloPushButton::BtnStyleType::Normal);
+    ui->subTitleWidget_basicParam->SetTitle(tr("基本参数"));
+    ui->subTitleWidget_detailParam->SetTitle(tr("交易计划参数"));
+    setQtyStepVisible(false, QString());
+}
+
+void AutoParamSetting::InitHideWidget()
+{
+    ui->la_reduceHRatio->hide();
+    ui->le_reduceHRatio->hide();
+    ui->la_reduceHMode->hide();
+    ui->combx_reduceHMode->hide();
+    ui->date_effectivePeriod_Single->hide();
+    ui->la_priceType->hide();
+    ui->combx_priceType->hide();
+    ui->la_entrustType->hide();
+    ui->combx_entrustType->hide();
+}
+
+void AutoParamSetting::initGuiData()
+{
+    InitComboxFundList();
+    InitComboxInstructionType();
+    InitComboxInstructionTargetType();
+    InitComboxPlanType();
+    InitLeSymbol();
+    slotSymbolChange();
+    InitComboxTradeSide();
+    InitComboxPriceType(QString());
+    InitComboxPriceMode(QString());
+    slotComboxPriceModeChanged();
+    InitLeTargetTotalNumAndMaxNumAndPlanNum();
+    InitComboxAssignTo();
+
+    const QList<int> weekend = { Qt::Sunday, Qt::Saturday };
+    ui->date_effectivePeriod_Multi->SetMode(DateRangeMode, false);
+    ui->date_effectivePeriod_Multi->SetExceptDayOfWeek(weekend);
+    ui->date_effectivePeriod_Single->SetMode(SingleDateMode, false);
+    ui->date_effectivePeriod_Single->SetExceptDayOfWeek(weekend);
+    InitDateEffectivePeriod();
+
+    ui->combx_reduceHMode->addItem(tr("连续90天减持不超过总股本1%"), ReduceHoldingsMode::Continuous90Days);
+    ui->lineEdit_price1->setMode(PromptWhileTyping);
+    ui->lineEdit_price1->setMaxLength(FormulaMaxLength);
+    ui->lineEdit_price2->setMode(PromptWhileTyping);
+    ui->lineEdit_price2->setMaxLength(FormulaMaxLength);
+}
+
+void AutoParamSetting::initConnect()
+{
+    // The services may answer from other threads, so what their signals carry must be known before connecting.
+    qRegisterMetaType<AesStrategy>();
+    qRegisterMetaType<QList<AesStrategy>>("QList<AesStrategy>");
+
+    connect(AlgoTradeLogicNew::GetInstance(), &AlgoTradeLogicNew::sigQryAlgoStrategiesRsp, this,
+        &AutoParamSetting::slotUpdateAlgoWhiteList);
+    connect(ui->combx_fundAccount, &QComboBox::currentTextChanged, this, &AutoParamSetting::slotComboxAccountChanged);
+    connect(ui->combx_instructionType, &QComboBox::currentTextChanged, this,
+        &AutoParamSetting::slotComboxInstructionTypeChanged);
+    connect(ui->combx_instructionTargetType, &QComboBox::currentTextChanged, this,
+        &AutoParamSetting::slotComboxInstructionTargetTypeChanged);
+    connect(ui->combx_planType, &QComboBox::currentTextChanged, this, &AutoParamSetting::slotComboxPlanTypeChanged);
+    connect(ui->le_symbol, &VorSearchBox::selectStockCodeChange, this, &AutoParamSetting::slotSymbolChange);
+    connect(ui->le_symbol, &VorSearchBox::selectStockNameChange, this, &AutoParamSetting::slotSymbolNameChange);
+    connect(ui->combx_tradeSide, &QComboBox::currentTextChanged, this, &AutoParamSetting::slotComboxTradeSideChanged);
+    connect(
+        ui->combx_entrustType, &QComboBox::currentTextChanged, this, &AutoParamSetting::slotComboxEntrustTypeChanged);
+    connect(ui->combx_priceType, &QComboBox::currentTextChanged, this, &AutoParamSetting::slotComboxPriceTypeChanged);
+    connect(ui->combx_priceMode, &QComboBox::currentTextChanged, this, &AutoParamSetting::slotComboxPriceModeChanged);
+    connect(ui->combx_instructionMode, &QComboBox::currentTextChanged, this,
+        &AutoParamSetting::slotComboxInstructionModeChanged);
+    connect(
+        ui->btn_algoParamSetting, &QAbstractButton::clicked, this, &AutoParamSetting::slotBtnAlgoParamSettingClicked);
+    connect(ui->btn_ok, &QAbstractButton::clicked, this, &AutoParamSetting::slotBtnOkClicked);
+    connect(ui->btn_cancel, &QAbstractButton::clicked, this, &AutoParamSetting::signalBtnCancelClicked);
+    connect(this, &AutoParamSetting::signalQuerySymbolMAInfo, &AutoPlanLogic::instance(),
+        &AutoPlanLogic::signalQuerySymbolMAInfo);
+    connect(&AutoPlanLogic::instance(), &AutoPlanLogic::signalQuerySymbolMAResponse, this,
+        &AutoParamSetting::slotQuerySymbolMAResponse);
+}

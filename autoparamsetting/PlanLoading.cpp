@@ -1,0 +1,319 @@
+#include "AutoParamSetting.h"
+
+#include "Algo_Fields.h"
+#include "AlgorithmParameters.h"
+#include "AutoPlanField.h"
+#include "AutoPlanLogic.h"
+#include "ComboItems.h"
+#include "InstructionBusinessDataInterface.h"
+#include "InstructionTargetType.h"
+#include "Kelvo_Fields.h"
+#include "OrloBusinessDataInterface.h"
+#include "OrloConstants.h"
+#include "Orlo_Fields.h"
+#include "ParamListWidget_single.h"
+#include "PlanVocabulary.h"
+#include "Today.h"
+#include "ui_AutoParamSetting.h"
+#include <QDebug>
+#include <QPointer>
+#include <cmath>
+
+namespace {
+
+namespace Base = AutoPlanField::BaseField;
+namespace Content = Algo_Fields::AlgoInstContentInfo;
+
+using FieldMap = QMap<QString, QVariant>;
+
+constexpr int ReviewRuleProperty = 1;
+constexpr int NoReviewRuleProperty = 0;
+
+/// A stored plan as the form takes it over: texts by key, the modes already reconciled with the user's rule.
+class StoredPlan {
+public:
+    StoredPlan(const FieldMap& record, const FieldMap& other)
+        : m_record(record)
+        , m_other(other)
+        , priceMode(text(Base::priceModel))
+        , instructionMode(text(Base::InstMode))
+    {
+    }
+
+    QString text(const QString& key) const { return m_record.value(key).toString(); }
+    QString otherText(const QString& key) const { return m_other.value(key).toString(); }
+    FieldMap otherMap(const QString& key) const { return m_other.value(key).toMap(); }
+    QString tradingAccount() const { return text(Kelvo_Fields::UserAccount::tradingAccount); }
+    QString symbol() const { return text(Kelvo_Fields::Security::symbol); }
+    QString instructionType() const { return text(Orlo_Fields::AutoPlan::subType); }
+    QString targetType() const
+    {
+        const QString code = otherText(AutoPlanFieldId::TargetType);
+        return code.isEmpty() ? InstructionTargetType::QtyOrder : code;
+    }
+    QString planType() const { return text(Orlo_Fields::AutoPlan::templateCode); }
+    bool reducesHoldings() const { return planType() == AutoPlanTemplate::ReduceHoldings; }
+    QString entrustType() const
+    {
+        const int number = m_other.value(AutoPlanFieldId::MarginInstructionSideType).toInt();
+        return InstructionBusinessDataInterface::transEnum2SideUnion(static_cast<VorMarginTradeType>(number));
+    }
+    QDate date(const QString& key) const
+    {
+        return QDate::fromString(text(key), OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
+    }
+
+    // A user bound to review must not receive an actively managed plan, nor the reverse. The price falls back to no
+    // limit with the mode, because the modes do not share their price modes.
+    void reconcileWithRule()
+    {
+        const int rule =
+            InstructionBusinessDataInterface::GetCurrentUserInstructionRuleProper(tradingAccount(), instructionType());
+        const bool active = instructionMode == AutoPlanInstMode::ActiveManage;
+        const bool reviewed = instructionMode == AutoPlanInstMode::NormalTradeReview
+            || instructionMode == AutoPlanInstMode::AlgoTradeReview;
+        if (active && rule == ReviewRuleProperty)
+            instructionMode = AutoPlanInstMode::AlgoTradeReview;
+        else if (reviewed && rule == NoReviewRuleProperty)
+            instructionMode = AutoPlanInstMode::ActiveManage;
+        else
+            return;
+        priceMode = AutoPlanPriceModel::NoLimit;
+    }
+
+private:
+    FieldMap m_record;
+    FieldMap m_other;
+
+public:
+    QString priceMode;
+    QString instructionMode;
+};
+
+/// Shows a stored number times a factor. A text that is no number empties the field instead of passing for zero.
+void showNumber(OrloDecimalLineEdit* field, const QString& text, double factor)
+{
+    bool isNumber = false;
+    const double value = text.toDouble(&isNumber);
+    if (text.isEmpty() || (isNumber && std::isfinite(value))) {
+        field->setValue(value * factor);
+        return;
+    }
+    qWarning() << "AutoParamSetting::copyPlan" << field->objectName() << "stored text is no number" << text;
+    field->clear();
+}
+
+void fillPriceType(const Ui::AutoParamSetting& ui, const StoredPlan& plan)
+{
+    if (plan.instructionType() != AutoPlanInstructionType::HkConnect)
+        return;
+    QString code = plan.otherText(Kelvo_Fields::Security::timeInForce);
+    // Plans stored before the price type had a field of its own keep it under the older one.
+    if (code.isEmpty())
+        code = plan.otherText(Kelvo_Fields::Security::transActTime);
+    selectCode(ui.combx_priceType, code);
+}
+
+void fillPrices(const Ui::AutoParamSetting& ui, const StoredPlan& plan)
+{
+    selectCode(ui.combx_priceMode, plan.priceMode);
+    ui.lineEdit_price1->SetFunctionItems(
+        plan.priceMode == AutoPlanPriceModel::Custom ? AutoPlanFormula::CompareFunctions : QStringList());
+    if (plan.priceMode == AutoPlanPriceModel::NoLimit) {
+        const int decimals = OrloBusinessDataInterface::GetPricePrecisionBySymbol(plan.symbol(), QString());
+        ui.lineEdit_price1->setText(QString::number(0.0, 'f', decimals));
+    } else {
+        ui.lineEdit_price1->setText(plan.text(Base::priceFormula1));
+    }
+    ui.lineEdit_price2->setText(plan.text(Base::priceFormula2));
+}
+
+void fillQuantities(const Ui::AutoParamSetting& ui, const StoredPlan& plan)
+{
+    const bool byAmount = plan.targetType() == InstructionTargetType::AmountOrder;
+    const double factor = byAmount ? 1 : OrloBusinessDataInterface::GetDispFactorBySymbol(plan.symbol());
+    showNumber(ui.le_targetTotalNum, byAmount ? plan.otherText(Base::tradeAmount) : plan.text(Base::totalQty), factor);
+    if (plan.reducesHoldings()) {
+        ui.le_entrustMaxNum->clear();
+        showNumber(ui.le_reduceHRatio, plan.otherText(Base::JCRatio), 1);
+        return;
+    }
+    showNumber(ui.le_entrustMaxNum,
+        plan.otherText(byAmount ? Base::dayMaxTradeAmount : AutoPlanField::Progress::CurrentQty), factor);
+    ui.le_reduceHRatio->clear();
+}
+
+FieldMap algorithmBaseData(const StoredPlan& plan)
+{
+    FieldMap data = plan.otherMap(Base::algoParam);
+    if (!data.contains(Content::TradingAccount))
+        data.insert(Content::TradingAccount, plan.tradingAccount());
+    data.insert(Content::Symbol, plan.symbol());
+    AlgorithmParameters::insertSide(data, plan.text(Base::orderSide));
+    data.insert(Content::EntrustProp, AlgorithmParameters::orderProperty(plan.entrustType()));
+    return data;
+}
+
+void fillAssignee(const Ui::AutoParamSetting& ui, const StoredPlan& plan)
+{
+    QString user = plan.text(plan.reducesHoldings() ? Base::executeUser : Base::expectedUser);
+    if (user.isEmpty() && !plan.reducesHoldings())
+        user = AutoPlanAssignee::NotSpecified;
+    ui.combx_assignTo->setCurrentIndex(ui.combx_assignTo->findData(user, Qt::DisplayRole, Qt::MatchCaseSensitive));
+}
+
+void fillFutureDates(const Ui::AutoParamSetting& ui, const StoredPlan& plan)
+{
+    if (plan.reducesHoldings())
+        ui.date_effectivePeriod_Single->SetDate(plan.date(Base::beginDate));
+    else
+        ui.date_effectivePeriod_Multi->SetStartEndDate(plan.date(Base::beginDate), plan.date(Base::endDate));
+}
+
+// A started plan can move its end, never its beginning.
+void fillStartedDates(const Ui::AutoParamSetting& ui, const StoredPlan& plan)
+{
+    const QDate begin = plan.date(Base::beginDate);
+    if (plan.reducesHoldings()) {
+        ui.date_effectivePeriod_Single->SetMinDate(begin);
+        ui.date_effectivePeriod_Single->SetMaxDate(begin);
+        ui.date_effectivePeriod_Single->SetDate(begin);
+        ui.date_effectivePeriod_Single->setEnabled(false);
+        return;
+    }
+    ui.date_effectivePeriod_Multi->SetMinDate(begin);
+    ui.date_effectivePeriod_Multi->SetStartCalendarEnabled(false);
+    ui.date_effectivePeriod_Multi->SetStartEndDate(begin, plan.date(Base::endDate));
+}
+
+void fillDates(const Ui::AutoParamSetting& ui, const StoredPlan& plan, bool edits)
+{
+    const QDate begin = plan.date(Base::beginDate);
+    if (!begin.isValid())
+        qWarning() << "AutoParamSetting::copyPlan stored text is no date" << plan.text(Base::beginDate);
+    else if (begin > today())
+        fillFutureDates(ui, plan);
+    else if (edits)
+        fillStartedDates(ui, plan);
+}
+
+} // namespace
+
+void AutoParamSetting::editPlan(const QString& planId)
+{
+    const QPointer<AutoParamSetting> self(this);
+    m_planId = planId;
+    copyPlan(planId);
+    if (!self)
+        return;
+    ui->combx_fundAccount->setEnabled(false);
+    ui->combx_instructionType->setEnabled(false);
+    ui->combx_instructionTargetType->setEnabled(false);
+    ui->combx_planType->setEnabled(false);
+    ui->le_symbol->setEnabled(false);
+    ui->combx_tradeSide->setEnabled(false);
+    ui->combx_entrustType->setEnabled(false);
+    if (currentCode(ui->combx_planType) == AutoPlanTemplate::ReduceHoldings) {
+        ui->le_entrustMaxNum->setEnabled(false);
+        ui->le_reduceHRatio->setEnabled(false);
+        ui->combx_reduceHMode->setEnabled(false);
+    }
+    ui->combx_instructionMode->setEnabled(false);
+    ui->combx_assignTo->setEnabled(false);
+}
+
+void AutoParamSetting::copyPlan(const QString& planId)
+{
+    const FieldMap record = AutoPlanLogic::instance().GetPlanInfo(planId);
+    if (record.isEmpty()) {
+        qWarning().noquote() << "AutoParamSetting::copyPlan"
+                             << tr("计划复制失败，失败原因：未找到计划ID【%1】的计划信息").arg(planId);
+        return;
+    }
+    const FieldMap other = AutoPlanLogic::instance().GetPlanOtherParamFromPlanInfo(record);
+    if (other.isEmpty()) {
+        qWarning().noquote() << "AutoParamSetting::copyPlan"
+                             << tr("计划复制失败，失败原因：未找到计划ID【%1】的计划扩展信息").arg(planId);
+        return;
+    }
+    StoredPlan plan(record, other);
+    plan.reconcileWithRule();
+
+    selectCode(ui->combx_fundAccount, plan.tradingAccount());
+    selectCode(ui->combx_instructionType, plan.instructionType());
+    selectCode(ui->combx_instructionTargetType, plan.targetType());
+    // Choosing holdings reduction may open the agreement dialog, and the host may close the editor under it.
+    const QPointer<AutoParamSetting> self(this);
+    selectCode(ui->combx_planType, plan.planType());
+    if (!self)
+        return;
+    {
+        const QSignalBlocker blocker(ui->le_symbol);
+        ui->le_symbol->setSymbol(plan.symbol());
+    }
+    slotSymbolChange();
+    ui->la_symbolName->setText(OrloBusinessDataInterface::GetSecurityChineseName(plan.symbol()));
+    selectCode(ui->combx_tradeSide, plan.text(Base::orderSide));
+    selectCode(ui->combx_entrustType, plan.entrustType());
+    InitComboxPriceType(plan.instructionMode);
+    fillPriceType(*ui, plan);
+    InitComboxPriceMode(plan.instructionMode);
+    fillPrices(*ui, plan);
+    fillQuantities(*ui, plan);
+
+    selectCode(ui->combx_instructionMode, plan.instructionMode);
+    if (plan.instructionMode == AutoPlanInstMode::AlgoTradeReview) {
+        if (!m_algoParamWidget)
+            m_algoParamWidget = AlgorithmParameters::createWidget(this, m_algoWhiteList);
+        AlgorithmParameters::refreshLists(m_algoParamWidget, m_algoWhiteList, m_algoBlackList);
+        if (!plan.otherText(Base::algoStrategyName).isEmpty())
+            m_algoParamWidget->setBaseInfoData(algorithmBaseData(plan), false);
+    }
+    fillAssignee(*ui, plan);
+    fillDates(*ui, plan, !m_planId.isEmpty());
+    if (plan.reducesHoldings())
+        selectCode(ui->combx_reduceHMode, plan.otherText(Base::JCModel));
+    ui->le_remark->setText(plan.text(Base::remark));
+}
+
+namespace {
+
+void selectSilently(QComboBox* box, int index)
+{
+    const QSignalBlocker blocker(box);
+    box->setCurrentIndex(index);
+}
+
+} // namespace
+
+void AutoParamSetting::clearUiData()
+{
+    if (ui->combx_fundAccount->isEnabled())
+        selectSilently(ui->combx_fundAccount, -1);
+    selectSilently(ui->combx_instructionType, -1);
+    selectSilently(ui->combx_planType, 0);
+    ui->le_symbol->setSymbol(QString());
+    ui->la_symbolName->setText(QString());
+    ui->le_exchange->clear();
+    ui->combx_tradeSide->setCurrentIndex(0);
+    selectSilently(ui->combx_priceType, 0);
+    selectSilently(ui->combx_priceMode, 0);
+    ui->lineEdit_price1->clear();
+    ui->lineEdit_price2->clear();
+    ui->lineEdit_price2->hide();
+    ui->le_targetTotalNum->clear();
+    ui->le_entrustMaxNum->clear();
+    ui->le_reduceHRatio->clear();
+    ui->le_reduceHRatio->hide();
+    selectSilently(ui->combx_instructionMode, 0);
+    ui->btn_algoParamSetting->hide();
+    if (m_algoParamWidget)
+        m_algoParamWidget->ClearParams();
+    ui->combx_assignTo->setCurrentIndex(0);
+    const QDate first = today().addDays(m_startDayOffset);
+    ui->date_effectivePeriod_Multi->SetStartEndDate(first, first);
+    ui->date_effectivePeriod_Single->SetDate(first);
+    selectSilently(ui->combx_reduceHMode, 0);
+    ui->combx_reduceHMode->hide();
+    ui->le_remark->clear();
+}

@@ -1,0 +1,181 @@
+#include "AutoParamSetting.h"
+
+#include "CBusinessDataBase.h"
+#include "CDataBase.h"
+#include "ComboItems.h"
+#include "InstructionTargetType.h"
+#include "Kelvo_Values.h"
+#include "OrloBusinessDataInterface.h"
+#include "OrloConstants.h"
+#include "Orlo_Values.h"
+#include "ParamListWidget_single.h"
+#include "PlanVocabulary.h"
+#include "ui_AutoParamSetting.h"
+#include <QDebug>
+
+namespace {
+
+namespace Type = Kelvo_Values::MdcSecurityType;
+namespace SubType = Kelvo_Values::MdcSubSecurityType;
+namespace OtherSubType = Orlo_Values::MdcSubSecurityType;
+
+constexpr int SearchByCodeAndName = 1;
+constexpr int MinMatchLength = 6;
+constexpr double LargestTarget = 2000000000;
+constexpr int NumberShowType = 0;
+constexpr int RatioShowType = 2;
+constexpr int RatioDecimals = 4;
+
+SymbolList symbolsOf(const QString& type, const QStringList& subTypes, const QStringList& suffixes)
+{
+    return CBusinessDataBase::GetInstance()->GetAllSymbolByTypeList(type, subTypes, suffixes, false, QStringList());
+}
+
+SymbolList symbolsOf(const QString& type, const QString& subType)
+{
+    return CBusinessDataBase::GetInstance()->GetAllSymbolByType(type, subType, QString(), false, QStringList());
+}
+
+QStringList mainland()
+{
+    return { Kelvo_Values::SymbolPost::sh, Kelvo_Values::SymbolPost::sz };
+}
+
+SymbolList ordinarySecurities(bool byAmount)
+{
+    SymbolList symbols = symbolsOf(Type::StockType,
+        { SubType::Ashares, SubType::Gemstock, OtherSubType::ScienTechInnovateBoard, OtherSubType::BjSelectedStock },
+        QStringList());
+    if (byAmount)
+        return symbols;
+    symbols += symbolsOf(Type::FundType, SubType::TradingopenindexfundETF);
+    symbols += symbolsOf(Type::FundType, { OtherSubType::Reits }, mainland());
+    return symbols;
+}
+
+SymbolList creditSecurities(bool byAmount)
+{
+    SymbolList symbols = symbolsOf(Type::StockType,
+        { SubType::Ashares, SubType::Smallandmediumstock, SubType::Gemstock, OtherSubType::ScienTechInnovateBoard },
+        QStringList());
+    symbols += symbolsOf(Type::BondType, OtherSubType::ConvertableBondTypeList, mainland());
+    if (!byAmount)
+        symbols += symbolsOf(Type::FundType, { OtherSubType::Reits }, mainland());
+    return symbols;
+}
+
+SymbolList bondSecurities()
+{
+    QStringList subTypes = OtherSubType::AllBondNoRepurchaseTypeList;
+    subTypes.removeAll(OtherSubType::DirectedConBond);
+    subTypes.append(SubType::Assetbackedsecurities);
+    return symbolsOf(Type::BondType, subTypes, mainland());
+}
+
+SymbolList securitiesFor(const QString& instructionType, bool byAmount)
+{
+    if (instructionType == AutoPlanInstructionType::Ordinary)
+        return ordinarySecurities(byAmount);
+    if (instructionType == AutoPlanInstructionType::Credit)
+        return creditSecurities(byAmount);
+    if (instructionType == AutoPlanInstructionType::Bond)
+        return bondSecurities();
+    if (instructionType == AutoPlanInstructionType::HkConnect)
+        return symbolsOf(Type::StockType, OtherSubType::HStcokCirculation);
+    return SymbolList();
+}
+
+void initQuantity(OrloDecimalLineEdit* field)
+{
+    field->SetShowType(NumberShowType);
+    field->setEmptyMode(false);
+    field->setMinimum(0);
+    field->setMaximum(LargestTarget);
+}
+
+} // namespace
+
+void AutoParamSetting::InitLeSymbol()
+{
+    ui->le_symbol->setSymbol(QString());
+    const bool byAmount = currentCode(ui->combx_instructionTargetType) == InstructionTargetType::AmountOrder;
+    ui->le_symbol->setSecurityList(securitiesFor(currentCode(ui->combx_instructionType), byAmount));
+    ui->le_symbol->setSearchMode(SearchByCodeAndName);
+    ui->le_symbol->setMinMatchLength(MinMatchLength);
+}
+
+void AutoParamSetting::slotSymbolChange()
+{
+    const QString symbol = ui->le_symbol->getSymbol();
+    if (symbol.isEmpty()) {
+        ui->la_symbolName->setText(QString());
+        ui->le_exchange->setText(QString());
+        setQtyStepVisible(false, QString());
+        return;
+    }
+    const QString exchange = OrloBusinessDataInterface::GetFirstSecurityExchangeBySymbol(symbol);
+    ui->le_exchange->setText(
+        CDataBase::GetInstance()->GetStaticCfgValue(OrloConstants::DictionaryKey::exchangeChineseName, exchange));
+    if (OrloBusinessDataInterface::GetSecuritySubTypeBySymbol(symbol) == OtherSubType::HStcokCirculation)
+        setQtyStepVisible(true, QString::number(OrloBusinessDataInterface::GetQtyStepBySymbol(symbol)));
+    else
+        setQtyStepVisible(false, QString());
+
+    setDisplayUnit(symbol);
+    InitComboxEntrustType();
+    slotComboxPriceModeChanged();
+    slotUpdateAlgoWhiteList();
+    if (m_algoParamWidget)
+        m_algoParamWidget->ReInit();
+    m_maPriceList.clear();
+    Q_EMIT signalQuerySymbolMAInfo(ui->combx_fundAccount->GetCurTradingAccount(), symbol);
+    InitDateEffectivePeriod();
+}
+
+void AutoParamSetting::slotSymbolNameChange(QString name)
+{
+    ui->la_symbolName->setText(name);
+}
+
+void AutoParamSetting::setDisplayUnit(const QString& symbol)
+{
+    const QString targetType = currentCode(ui->combx_instructionTargetType);
+    QString unit;
+    if (targetType == InstructionTargetType::QtyOrder)
+        unit = OrloBusinessDataInterface::GetSecurityTypeBySymbol(symbol) == Type::BondType ? tr("张") : tr("股");
+    else if (targetType == InstructionTargetType::AmountOrder)
+        unit = tr("元");
+    else
+        return;
+    ui->lab_targetTotalNumUnit->setText(unit);
+    ui->lab_entrustMaxNumUnit->setText(unit);
+}
+
+void AutoParamSetting::setQtyStepVisible(bool visible, const QString& step)
+{
+    ui->label_targetQtyStep->setText(step);
+    ui->label_maxEntrustQtyStep->setText(step);
+    ui->label_targetQtyStep->setVisible(visible);
+    ui->label_maxEntrustQtyStep->setVisible(visible);
+}
+
+void AutoParamSetting::InitLeTargetTotalNumAndMaxNumAndPlanNum()
+{
+    initQuantity(ui->le_targetTotalNum);
+    initQuantity(ui->le_entrustMaxNum);
+    ui->le_reduceHRatio->SetShowType(RatioShowType);
+    ui->le_reduceHRatio->setEmptyMode(true);
+    ui->le_reduceHRatio->setMinimum(0);
+    ui->le_reduceHRatio->setMaximum(1);
+    ui->le_reduceHRatio->setDecimals(RatioDecimals);
+}
+
+void AutoParamSetting::slotQuerySymbolMAResponse(QString symbol, QStringList priceList, QString failReason)
+{
+    qDebug() << "AutoParamSetting::slotQuerySymbolMAResponse" << symbol << priceList << failReason;
+    if (symbol != ui->le_symbol->getSymbol())
+        return;
+    if (failReason.isEmpty())
+        m_maPriceList = priceList;
+    InitLineEditPrice1AndPrice2(false);
+}

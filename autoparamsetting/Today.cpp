@@ -1,0 +1,6 @@
+#include "Today.h"
+
+QDate today()
+{
+    return QDate::currentDate();
+}

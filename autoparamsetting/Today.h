@@ -1,0 +1,6 @@
+#pragma once
+
+#include <QDate>
+
+/// The current local date. The editor's one place that reads the clock.
+QDate today();

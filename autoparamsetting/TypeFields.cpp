@@ -1,0 +1,249 @@
+#include "AutoParamSetting.h"
+
+#include "AgreementDialog.h"
+#include "CDataBase.h"
+#include "ComboItems.h"
+#include "InstructionBusinessDataInterface.h"
+#include "InstructionTargetType.h"
+#include "Kelvo_Values.h"
+#include "OrloBusiUtils.h"
+#include "OrloBusinessDataInterface.h"
+#include "OrloTradeLogic.h"
+#include "Orlo_Values.h"
+#include "ParamListWidget_single.h"
+#include "PlanVocabulary.h"
+#include "ui_AutoParamSetting.h"
+#include <QDebug>
+
+namespace {
+
+constexpr int ReviewRuleProperty = 1;
+constexpr int QuantityDecimals = 0;
+constexpr int AmountDecimals = 2;
+
+void appendConfigured(QComboBox* box, const QString& category, const QString& code)
+{
+    box->addItem(CDataBase::GetInstance()->GetStaticCfgValue(category, code), code);
+}
+
+void appendInstructionType(QComboBox* box, const QString& code)
+{
+    appendConfigured(box, AutoPlanStaticCfg::InstructionType, code);
+}
+
+void appendCreditTypes(QComboBox* box, const QString& tradingAccount, const QMap<QString, QString>& accounts)
+{
+    if (InstructionBusinessDataInterface::hasOrderAuthority(tradingAccount, AutoPlanInstructionType::Credit)
+        && (accounts.contains(Kelvo_Values::Exchange::sh) || accounts.contains(Kelvo_Values::Exchange::sz)))
+        appendInstructionType(box, AutoPlanInstructionType::Credit);
+}
+
+void appendOtherTypes(QComboBox* box, const QString& tradingAccount, const QMap<QString, QString>& accounts)
+{
+    const bool holdsMainland = accounts.contains(Kelvo_Values::Exchange::sh)
+        || accounts.contains(Kelvo_Values::Exchange::sz) || accounts.contains(Orlo_Values::Exchange::bj);
+    for (const QString& code : { AutoPlanInstructionType::Ordinary, AutoPlanInstructionType::Bond }) {
+        if (InstructionBusinessDataInterface::hasOrderAuthority(tradingAccount, code) && holdsMainland)
+            appendInstructionType(box, code);
+    }
+    if (InstructionBusinessDataInterface::hasOrderAuthority(tradingAccount, AutoPlanInstructionType::HkConnect)
+        && accounts.contains(Orlo_Values::Exchange::HkStockCirculation))
+        appendInstructionType(box, AutoPlanInstructionType::HkConnect);
+}
+
+// The plan's side is compared with an entrust type code: the client gives an ordinary buy the same code in both
+// families.
+QStringList entrustTypes(const QString& account, const QString& symbol, const QString& side, const QString& subType)
+{
+    namespace Union = Orlo_Values::SideUnion;
+    namespace SubType = Orlo_Values::MdcSubSecurityType;
+    const bool buys = side == Union::normalBuy;
+    if (subType == SubType::PaidRationStock || subType == SubType::PaidRationBond)
+        return { Union::paidRationShare };
+    if (SubType::ConvertableBondTypeList.contains(subType))
+        return { buys ? Union::collateralBuy : Union::collateralSell };
+    if (buys)
+        return { Union::collateralBuy, Union::financingBuy, Union::marginBuyNormal, Union::marginBuy };
+    QStringList types = { Union::collateralSell, Union::marginSellNormal, Union::marginSell, Union::financingSell };
+    if (OrloTradeLogic::instance().checkMarginBondConvertEnable(account, symbol, side, false))
+        types.append(Union::BondConversion);
+    return types;
+}
+
+bool entrustTypeAllowsAlgorithms(const QString& entrustType)
+{
+    namespace Union = Orlo_Values::SideUnion;
+    return QStringList{ Union::collateralBuy, Union::collateralSell, Union::marginBuy, Union::marginSell,
+        Union::financingBuy }
+        .contains(entrustType);
+}
+
+} // namespace
+
+void AutoParamSetting::InitComboxInstructionType()
+{
+    clearSilently(ui->combx_instructionType);
+    const QString tradingAccount = ui->combx_fundAccount->GetCurTradingAccount();
+    const auto accounts = OrloBusinessDataInterface::GetCurrentSecurityAccountByTradingAccount(tradingAccount);
+    if (OrloBusinessDataInterface::GetAccountAssetPropByTradingAccount(tradingAccount)
+        == Orlo_Values::FundAccountType::Credit)
+        appendCreditTypes(ui->combx_instructionType, tradingAccount, accounts);
+    else
+        appendOtherTypes(ui->combx_instructionType, tradingAccount, accounts);
+}
+
+void AutoParamSetting::InitComboxInstructionTargetType()
+{
+    clearSilently(ui->combx_instructionTargetType);
+    appendConfigured(ui->combx_instructionTargetType, AutoPlanStaticCfg::TargetType, InstructionTargetType::QtyOrder);
+    const QString type = currentCode(ui->combx_instructionType);
+    const int ruleProperty = InstructionBusinessDataInterface::GetCurrentUserInstructionRuleProper(
+        ui->combx_fundAccount->GetCurTradingAccount(), type);
+    const bool canBeAmount = type == AutoPlanInstructionType::Ordinary || type == AutoPlanInstructionType::Credit
+        || type == AutoPlanInstructionType::Bond;
+    if (ruleProperty == ReviewRuleProperty && canBeAmount)
+        appendConfigured(
+            ui->combx_instructionTargetType, AutoPlanStaticCfg::TargetType, InstructionTargetType::AmountOrder);
+}
+
+void AutoParamSetting::InitComboxPlanType()
+{
+    clearSilently(ui->combx_planType);
+    ui->combx_planType->addItem(tr("累计数量"), AutoPlanTemplate::CumulativeQty);
+    ui->combx_planType->addItem(tr("平均数量"), AutoPlanTemplate::AverageQty);
+    ui->combx_planType->addItem(tr("相同要素"), AutoPlanTemplate::SameElements);
+    if (currentCode(ui->combx_instructionType) == AutoPlanInstructionType::Ordinary
+        && currentCode(ui->combx_instructionTargetType) == InstructionTargetType::QtyOrder)
+        ui->combx_planType->addItem(tr("减持"), AutoPlanTemplate::ReduceHoldings);
+}
+
+void AutoParamSetting::InitComboxTradeSide()
+{
+    clearSilently(ui->combx_tradeSide);
+    if (currentCode(ui->combx_instructionType) != AutoPlanInstructionType::HkConnect)
+        ui->combx_tradeSide->addItem(tr("买入"), Kelvo_Values::OrderSide::buy);
+    ui->combx_tradeSide->addItem(tr("卖出"), Kelvo_Values::OrderSide::sell);
+}
+
+void AutoParamSetting::InitComboxEntrustType()
+{
+    clearSilently(ui->combx_entrustType);
+    if (currentCode(ui->combx_instructionType) != AutoPlanInstructionType::Credit)
+        return;
+    const QString account = currentCode(ui->combx_fundAccount);
+    const QString symbol = ui->le_symbol->getSymbol();
+    const QString side = currentCode(ui->combx_tradeSide);
+    if (account.isEmpty() || symbol.isEmpty() || side.isEmpty())
+        return;
+    const QString subType = OrloBusinessDataInterface::GetSecuritySubTypeBySymbol(symbol);
+    qDebug() << "AutoParamSetting::InitComboxEntrustType" << account << symbol << side << subType;
+    for (const QString& code : entrustTypes(account, symbol, side, subType))
+        ui->combx_entrustType->addItem(OrloBusiUtils::GetSideUnionChineseName(code), code);
+}
+
+void AutoParamSetting::InitComboxInstructionMode()
+{
+    // The mode of an edited plan is locked; what may be chosen around it must not rebuild it.
+    if (!m_planId.isEmpty() && !ui->combx_instructionMode->isEnabled())
+        return;
+    const QString type = currentCode(ui->combx_instructionType);
+    const int ruleProperty = InstructionBusinessDataInterface::GetCurrentUserInstructionRuleProper(
+        ui->combx_fundAccount->GetCurTradingAccount(), type);
+    const QString priceType = currentCode(ui->combx_priceType);
+    const QString priceMode = currentCode(ui->combx_priceMode);
+    qDebug() << "AutoParamSetting::InitComboxInstructionMode" << type << ruleProperty << priceType << priceMode
+             << ui->combx_fundAccount->GetCurFundAccount();
+    ui->combx_instructionMode->clear();
+    if (ruleProperty != ReviewRuleProperty) {
+        ui->combx_instructionMode->addItem(tr("主动管理"), AutoPlanInstMode::ActiveManage);
+        ui->btn_algoParamSetting->hide();
+        return;
+    }
+    if (currentCode(ui->combx_instructionTargetType) == InstructionTargetType::QtyOrder
+        && priceMode != AutoPlanPriceModel::NoLimit)
+        ui->combx_instructionMode->addItem(tr("普通交易复核"), AutoPlanInstMode::NormalTradeReview);
+    bool allowsAlgorithms = true;
+    if (type == AutoPlanInstructionType::HkConnect)
+        allowsAlgorithms = priceType == Orlo_Values::HKTimeInForce::InTrade;
+    else if (type == AutoPlanInstructionType::Credit)
+        allowsAlgorithms = entrustTypeAllowsAlgorithms(currentCode(ui->combx_entrustType));
+    if (allowsAlgorithms)
+        ui->combx_instructionMode->addItem(tr("算法交易复核"), AutoPlanInstMode::AlgoTradeReview);
+    if (m_algoParamWidget)
+        m_algoParamWidget->ReInit();
+}
+
+void AutoParamSetting::slotComboxInstructionTypeChanged()
+{
+    InitComboxInstructionTargetType();
+    InitComboxPlanType();
+    InitLeSymbol();
+    slotSymbolChange();
+    InitComboxTradeSide();
+    const QString type = currentCode(ui->combx_instructionType);
+    ui->la_priceType->setVisible(type == AutoPlanInstructionType::HkConnect);
+    ui->combx_priceType->setVisible(type == AutoPlanInstructionType::HkConnect);
+    ui->la_entrustType->setVisible(type == AutoPlanInstructionType::Credit);
+    ui->combx_entrustType->setVisible(type == AutoPlanInstructionType::Credit);
+    InitComboxEntrustType();
+    InitComboxInstructionMode();
+    InitLineEditPrice1AndPrice2(true);
+    slotSymbolChange();
+    InitComboxAssignTo();
+}
+
+void AutoParamSetting::slotComboxInstructionTargetTypeChanged()
+{
+    InitComboxPlanType();
+    InitLeSymbol();
+    slotSymbolChange();
+    const QString targetType = currentCode(ui->combx_instructionTargetType);
+    if (targetType == InstructionTargetType::QtyOrder || targetType == InstructionTargetType::AmountOrder) {
+        const int decimals = targetType == InstructionTargetType::QtyOrder ? QuantityDecimals : AmountDecimals;
+        ui->le_targetTotalNum->setDecimals(decimals);
+        ui->le_entrustMaxNum->setDecimals(decimals);
+    }
+    setDisplayUnit(ui->le_symbol->getSymbol());
+    InitComboxInstructionMode();
+    slotUpdateAlgoWhiteList();
+}
+
+void AutoParamSetting::slotComboxPlanTypeChanged()
+{
+    const QString planType = currentCode(ui->combx_planType);
+    ui->la_entrustMaxNum->setText(planType == AutoPlanTemplate::SameElements ? tr("每日计划量") : tr("每日最大委托量"));
+    if (planType != AutoPlanTemplate::ReduceHoldings) {
+        ui->combx_tradeSide->setEnabled(true);
+        IsReduceHodingsMode(planType);
+        InitComboxAssignTo();
+        return;
+    }
+    if (currentCode(ui->combx_tradeSide) == Kelvo_Values::OrderSide::buy)
+        selectCode(ui->combx_tradeSide, Kelvo_Values::OrderSide::sell);
+    ui->combx_tradeSide->setEnabled(false);
+    IsReduceHodingsMode(planType);
+    const QStringList unsignedNumbers = GetUnsignedClientNoList();
+    if (!unsignedNumbers.isEmpty() && isVisible() && !AgreementDialog::run(this, ui->combx_planType, unsignedNumbers))
+        return;
+    InitComboxAssignTo();
+}
+
+void AutoParamSetting::slotComboxTradeSideChanged()
+{
+    InitComboxEntrustType();
+}
+
+void AutoParamSetting::slotComboxPriceTypeChanged()
+{
+    InitComboxInstructionMode();
+}
+
+void AutoParamSetting::slotComboxEntrustTypeChanged()
+{
+    InitComboxInstructionMode();
+}
+
+void AutoParamSetting::slotComboxInstructionModeChanged()
+{
+    ui->btn_algoParamSetting->setVisible(currentCode(ui->combx_instructionMode) == AutoPlanInstMode::AlgoTradeReview);
+}
