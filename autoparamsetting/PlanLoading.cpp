@@ -18,6 +18,7 @@
 #include <QDebug>
 #include <QPointer>
 #include <cmath>
+#include <optional>
 
 namespace {
 
@@ -90,6 +91,28 @@ public:
     QString instructionMode;
 };
 
+/// The stored plan of an id; nothing, and a line in the log, when the service does not know it or its other parameters.
+std::optional<StoredPlan> readPlan(const QString& planId)
+{
+    const FieldMap record = AutoPlanLogic::instance().GetPlanInfo(planId);
+    if (record.isEmpty()) {
+        qWarning().noquote()
+            << "AutoParamSetting::copyPlan"
+            << AutoParamSetting::tr("计划复制失败，失败原因：未找到计划ID【%1】的计划信息").arg(planId);
+        return std::nullopt;
+    }
+    const FieldMap other = AutoPlanLogic::instance().GetPlanOtherParamFromPlanInfo(record);
+    if (other.isEmpty()) {
+        qWarning().noquote()
+            << "AutoParamSetting::copyPlan"
+            << AutoParamSetting::tr("计划复制失败，失败原因：未找到计划ID【%1】的计划扩展信息").arg(planId);
+        return std::nullopt;
+    }
+    StoredPlan plan(record, other);
+    plan.reconcileWithRule();
+    return plan;
+}
+
 /// Shows a stored number times a factor. A text that is no number empties the field instead of passing for zero.
 void showNumber(OrloDecimalLineEdit* field, const QString& text, double factor)
 {
@@ -143,6 +166,27 @@ void fillQuantities(const Ui::AutoParamSetting& ui, const StoredPlan& plan)
     ui.le_reduceHRatio->clear();
 }
 
+// Each choice is announced like a trader's own, so that the boxes below are refilled before they are chosen from.
+void selectTypes(const Ui::AutoParamSetting& ui, const StoredPlan& plan)
+{
+    selectCode(ui.combx_fundAccount, plan.tradingAccount());
+    selectCode(ui.combx_instructionType, plan.instructionType());
+    selectCode(ui.combx_instructionTargetType, plan.targetType());
+    selectCode(ui.combx_planType, plan.planType());
+}
+
+void selectSilently(QComboBox* box, int index)
+{
+    const QSignalBlocker blocker(box);
+    box->setCurrentIndex(index);
+}
+
+void setSymbolSilently(VorSearchBox* box, const QString& symbol)
+{
+    const QSignalBlocker blocker(box);
+    box->setSymbol(symbol);
+}
+
 FieldMap algorithmBaseData(const StoredPlan& plan)
 {
     FieldMap data = plan.otherMap(Base::algoParam);
@@ -152,6 +196,12 @@ FieldMap algorithmBaseData(const StoredPlan& plan)
     AlgorithmParameters::insertSide(data, plan.text(Base::orderSide));
     data.insert(Content::EntrustProp, AlgorithmParameters::orderProperty(plan.entrustType()));
     return data;
+}
+
+void fillAlgorithm(ParamListWidget_single* algorithm, const StoredPlan& plan)
+{
+    if (!plan.otherText(Base::algoStrategyName).isEmpty())
+        algorithm->setBaseInfoData(algorithmBaseData(plan), false);
 }
 
 void fillAssignee(const Ui::AutoParamSetting& ui, const StoredPlan& plan)
@@ -224,33 +274,17 @@ void AutoParamSetting::editPlan(const QString& planId)
 
 void AutoParamSetting::copyPlan(const QString& planId)
 {
-    const FieldMap record = AutoPlanLogic::instance().GetPlanInfo(planId);
-    if (record.isEmpty()) {
-        qWarning().noquote() << "AutoParamSetting::copyPlan"
-                             << tr("计划复制失败，失败原因：未找到计划ID【%1】的计划信息").arg(planId);
+    const std::optional<StoredPlan> stored = readPlan(planId);
+    if (!stored)
         return;
-    }
-    const FieldMap other = AutoPlanLogic::instance().GetPlanOtherParamFromPlanInfo(record);
-    if (other.isEmpty()) {
-        qWarning().noquote() << "AutoParamSetting::copyPlan"
-                             << tr("计划复制失败，失败原因：未找到计划ID【%1】的计划扩展信息").arg(planId);
-        return;
-    }
-    StoredPlan plan(record, other);
-    plan.reconcileWithRule();
-
-    selectCode(ui->combx_fundAccount, plan.tradingAccount());
-    selectCode(ui->combx_instructionType, plan.instructionType());
-    selectCode(ui->combx_instructionTargetType, plan.targetType());
-    // Choosing holdings reduction may open the agreement dialog, and the host may close the editor under it.
+    const StoredPlan& plan = *stored;
     const QPointer<AutoParamSetting> self(this);
-    selectCode(ui->combx_planType, plan.planType());
+    selectTypes(*ui, plan);
+    // Choosing holdings reduction may have opened the agreement dialog, and the host may have closed the editor under
+    // it.
     if (!self)
         return;
-    {
-        const QSignalBlocker blocker(ui->le_symbol);
-        ui->le_symbol->setSymbol(plan.symbol());
-    }
+    setSymbolSilently(ui->le_symbol, plan.symbol());
     slotSymbolChange();
     ui->la_symbolName->setText(OrloBusinessDataInterface::GetSecurityChineseName(plan.symbol()));
     selectCode(ui->combx_tradeSide, plan.text(Base::orderSide));
@@ -260,14 +294,12 @@ void AutoParamSetting::copyPlan(const QString& planId)
     InitComboxPriceMode(plan.instructionMode);
     fillPrices(*ui, plan);
     fillQuantities(*ui, plan);
-
     selectCode(ui->combx_instructionMode, plan.instructionMode);
     if (plan.instructionMode == AutoPlanInstMode::AlgoTradeReview) {
         if (!m_algoParamWidget)
             m_algoParamWidget = AlgorithmParameters::createWidget(this, m_algoWhiteList);
         AlgorithmParameters::refreshLists(m_algoParamWidget, m_algoWhiteList, m_algoBlackList);
-        if (!plan.otherText(Base::algoStrategyName).isEmpty())
-            m_algoParamWidget->setBaseInfoData(algorithmBaseData(plan), false);
+        fillAlgorithm(m_algoParamWidget, plan);
     }
     fillAssignee(*ui, plan);
     fillDates(*ui, plan, !m_planId.isEmpty());
@@ -275,16 +307,6 @@ void AutoParamSetting::copyPlan(const QString& planId)
         selectCode(ui->combx_reduceHMode, plan.otherText(Base::JCModel));
     ui->le_remark->setText(plan.text(Base::remark));
 }
-
-namespace {
-
-void selectSilently(QComboBox* box, int index)
-{
-    const QSignalBlocker blocker(box);
-    box->setCurrentIndex(index);
-}
-
-} // namespace
 
 void AutoParamSetting::clearUiData()
 {
