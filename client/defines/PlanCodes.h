@@ -39,6 +39,10 @@ inline const QString CompareMin = QStringLiteral("8");
 
 /// Field ids in an instruction's field map and in the other-parameter map.
 namespace FieldId {
+/// Price in yuan with the security's decimals; "0" in as many decimals without a limit.
+inline const QString Price = QStringLiteral("44");
+/// Day of the instruction, same format as a plan's dates.
+inline const QString TradeDate = QStringLiteral("75");
 /// Filled quantity in displayed units.
 inline const QString FilledQty = QStringLiteral("14");
 /// Issued quantity in displayed units.

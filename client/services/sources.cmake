@@ -1,2 +1,25 @@
 target_sources(plandesk_platform PRIVATE
+    ${PROJECT_SOURCE_DIR}/platform/AutoPlanLogic.h
+    services/AccountDirectory.cpp
+    services/AccountRecord.cpp
+    services/AgreementDC.cpp
+    services/AutoPlanLogic.cpp
+    services/BusinessDataInterface.cpp
+    services/CBusinessDataBase.cpp
+    services/CDataBase.cpp
+    services/ClientClock.cpp
+    services/ClientSession.cpp
+    services/EntrustTypes.cpp
+    services/InstructionBusinessDataInterface.cpp
+    services/MovingAverageDesk.cpp
+    services/MovingAverageDesk.h
+    services/OrloBusiUtils.cpp
+    services/OrloBusinessDataInterface.cpp
+    services/OrloTradeLogic.cpp
+    services/PlanCheck.cpp
+    services/PlanNews.cpp
+    services/PlanNews.h
+    services/PlanTexts.cpp
+    services/Signatures.cpp
+    services/TradeDates.cpp
 )

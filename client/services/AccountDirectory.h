@@ -1,0 +1,49 @@
+#pragma once
+
+#include "store/AccountStore.h"
+#include "store/AuthorityStore.h"
+
+#include <QHash>
+
+/// What one user may do on which accounts, read once and then answered from memory.
+class AccountDirectory {
+public:
+    /// Reads everything of the user, replacing what was there.
+    void load(Database& database, const QString& userId);
+    void clear();
+
+    const QVector<StoredAccount>& accounts() const { return m_accounts; }
+    /// Null when the account is unknown or not the user's; valid until the next `load`.
+    const StoredAccount* find(const QString& tradingAccount) const;
+    /// Numbers of the clients who own the user's accounts, each once.
+    QStringList clientNumbers() const;
+
+    bool hasAuthority(const QString& tradingAccount, const QString& instructionType) const;
+    /// 0 when none is stored.
+    int ruleProperty(const QString& tradingAccount, const QString& instructionType) const;
+    /// Empty when the account has no chain for the type.
+    QString chainKey(const QString& tradingAccount, const QString& instructionType) const;
+    /// User names in chain order, duplicates kept; empty when the chain is unknown.
+    QStringList executors(const QString& chainKey) const;
+    QStringList forwarders(const QString& chainKey) const;
+
+private:
+    struct Rights {
+        bool authority = false;
+        int ruleProperty = 0;
+        QString chainKey;
+    };
+    struct ChainUsers {
+        QStringList executors;
+        QStringList forwarders;
+    };
+    using RightsKey = QPair<QString, QString>;
+
+    void loadRights(AuthorityStore& store, const QString& userId, const QString& tradingAccount);
+    Rights rights(const QString& tradingAccount, const QString& instructionType) const;
+
+    QVector<StoredAccount> m_accounts;
+    QHash<QString, int> m_positions;
+    QHash<RightsKey, Rights> m_rights;
+    QHash<QString, ChainUsers> m_chains;
+};

@@ -1,0 +1,14 @@
+#include "AgreementDC.h"
+
+#include "services/ClientSession.h"
+
+AgreementDC& AgreementDC::instance()
+{
+    static AgreementDC agreements;
+    return agreements;
+}
+
+QStringList AgreementDC::GetUnsignedClientNoList(const QString& protocolId)
+{
+    return ClientSession::instance().unsignedClients(protocolId);
+}

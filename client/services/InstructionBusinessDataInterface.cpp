@@ -1,0 +1,66 @@
+#include "InstructionBusinessDataInterface.h"
+
+#include "services/ClientSession.h"
+#include "services/EntrustTypes.h"
+#include "store/StrategyStore.h"
+
+bool InstructionBusinessDataInterface::hasOrderAuthority(QString tradingAccount, QString instructionType)
+{
+    return ClientSession::instance().accounts().hasAuthority(tradingAccount, instructionType);
+}
+
+int InstructionBusinessDataInterface::GetCurrentUserInstructionRuleProper(
+    const QString& tradingAccount, const QString& instructionType)
+{
+    return ClientSession::instance().accounts().ruleProperty(tradingAccount, instructionType);
+}
+
+QString InstructionBusinessDataInterface::getChainKeyForTraddingAccout(
+    const QString& tradingAccount, QString instructionType)
+{
+    return ClientSession::instance().accounts().chainKey(tradingAccount, instructionType);
+}
+
+QStringList InstructionBusinessDataInterface::GetExcuteUsers(const QString& chainKey)
+{
+    return ClientSession::instance().accounts().executors(chainKey);
+}
+
+QStringList InstructionBusinessDataInterface::GetForwardUsers(const QString& chainKey, VorInstructionNodeType nodeType)
+{
+    switch (nodeType) {
+    case VorInstructionNodeType::Forward:
+        return ClientSession::instance().accounts().forwarders(chainKey);
+    case VorInstructionNodeType::Execute:
+        return ClientSession::instance().accounts().executors(chainKey);
+    case VorInstructionNodeType::Review:
+        break;
+    }
+    return {};
+}
+
+// Asked of the store each time: the lists change with every answer to a strategy query.
+QStringList InstructionBusinessDataInterface::getWhiteAlgoNameList(
+    const QString& instructionType, const QString& targetType, const QString& symbol)
+{
+    ClientSession& session = ClientSession::instance();
+    if (!session.isOpen())
+        return {};
+    return StrategyStore(session.database()).whiteList(instructionType, targetType, symbol);
+}
+
+QStringList InstructionBusinessDataInterface::getBlackAlgoNameList(const QString& targetType)
+{
+    ClientSession& session = ClientSession::instance();
+    return session.isOpen() ? StrategyStore(session.database()).blackList(targetType) : QStringList();
+}
+
+VorMarginTradeType InstructionBusinessDataInterface::transSideUnion2Enum(const QString& sideUnion)
+{
+    return entrustTypeOfCode(sideUnion).number;
+}
+
+QString InstructionBusinessDataInterface::transEnum2SideUnion(const VorMarginTradeType& tradeType)
+{
+    return entrustTypeOfNumber(tradeType).code;
+}

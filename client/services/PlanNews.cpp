@@ -1,0 +1,7 @@
+#include "services/PlanNews.h"
+
+PlanNews& PlanNews::instance()
+{
+    static PlanNews news;
+    return news;
+}
