@@ -1,0 +1,196 @@
+#include "CalendarPopup.h"
+
+#include "DateRules.h"
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QToolButton>
+
+namespace {
+
+constexpr int daysInWeek = 7;
+constexpr int weeksShown = 6;
+/// How far the keyboard looks for a day that can be chosen.
+constexpr int farthestStep = 400;
+
+QDate firstOfMonth(const QDate& date)
+{
+    return { date.year(), date.month(), 1 };
+}
+
+} // namespace
+
+CalendarPopup::CalendarPopup(const Refusal& refusal, const QDate& shown, QWidget* field)
+    : QFrame(field, Qt::Popup)
+    , m_refusal(refusal)
+    , m_title(new QLabel(this))
+{
+    setObjectName(QStringLiteral("calendarPopup"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    setFrameShape(QFrame::StyledPanel);
+    setAutoFillBackground(true);
+    setFocusPolicy(Qt::StrongFocus);
+    build();
+    const QDate around = shown.isValid() ? shown : QDate::currentDate();
+    m_marked = nearestChoosable(around);
+    showMonth(m_marked.isValid() ? m_marked : around);
+    adjustSize();
+}
+
+QDate CalendarPopup::markedDate() const
+{
+    return m_marked;
+}
+
+void CalendarPopup::build()
+{
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(6, 6, 6, 6);
+    grid->setSpacing(1);
+    addHead(grid);
+    const int side = fontMetrics().horizontalAdvance(QStringLiteral("000")) + 10;
+    for (int i = 0; i < daysInWeek * weeksShown; ++i) {
+        auto* day = new QToolButton(this);
+        day->setFocusPolicy(Qt::NoFocus);
+        day->setCheckable(true);
+        day->setAutoRaise(true);
+        day->setMinimumSize(side, fontMetrics().height() + 6);
+        day->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        connect(day, &QToolButton::clicked, this, [this, day] { choose(dateFromText(day->accessibleName())); });
+        grid->addWidget(day, 2 + i / daysInWeek, i % daysInWeek);
+        m_days.append(day);
+    }
+}
+
+void CalendarPopup::addHead(QGridLayout* grid)
+{
+    m_title->setObjectName(QStringLiteral("calendarMonth"));
+    m_title->setAlignment(Qt::AlignCenter);
+    grid->addWidget(newMonthButton(QStringLiteral("btnPreviousMonth"), QStringLiteral("‹"), tr("上个月"), -1), 0, 0);
+    grid->addWidget(m_title, 0, 1, 1, daysInWeek - 2);
+    const QString next = QStringLiteral("btnNextMonth");
+    grid->addWidget(newMonthButton(next, QStringLiteral("›"), tr("下个月"), 1), 0, daysInWeek - 1);
+    const QString names = tr("一二三四五六日");
+    for (int column = 0; column < daysInWeek; ++column) {
+        auto* name = new QLabel(names.mid(column, 1), this);
+        name->setAlignment(Qt::AlignCenter);
+        grid->addWidget(name, 1, column);
+    }
+}
+
+QToolButton* CalendarPopup::newMonthButton(
+    const QString& objectName, const QString& sign, const QString& name, int months)
+{
+    auto* button = new QToolButton(this);
+    button->setObjectName(objectName);
+    button->setText(sign);
+    button->setToolTip(name);
+    button->setAccessibleName(name);
+    button->setFocusPolicy(Qt::NoFocus);
+    button->setAutoRaise(true);
+    connect(button, &QToolButton::clicked, this, [this, months] { showMonth(m_month.addMonths(months)); });
+    return button;
+}
+
+void CalendarPopup::showMonth(const QDate& day)
+{
+    m_month = firstOfMonth(day);
+    m_title->setText(tr("%1年%2月").arg(m_month.year()).arg(m_month.month()));
+    QDate date = m_month.addDays(1 - m_month.dayOfWeek());
+    for (QToolButton* button : qAsConst(m_days)) {
+        showDay(button, date);
+        date = date.addDays(1);
+    }
+}
+
+void CalendarPopup::showDay(QToolButton* button, const QDate& date)
+{
+    const QString refusal = m_refusal(date);
+    button->setObjectName(QStringLiteral("day_") + dateText(date));
+    button->setAccessibleName(dateText(date));
+    button->setText(QString::number(date.day()));
+    button->setEnabled(refusal.isEmpty());
+    button->setToolTip(refusal);
+    button->setChecked(date == m_marked);
+    button->setVisible(date.month() == m_month.month());
+}
+
+void CalendarPopup::mark(const QDate& date)
+{
+    if (!date.isValid())
+        return;
+    m_marked = date;
+    showMonth(date);
+}
+
+/// Marks the same day of another month, or the nearest one in that direction.
+void CalendarPopup::markMonth(int months)
+{
+    const QDate base = (m_marked.isValid() ? m_marked : m_month).addMonths(months);
+    if (m_refusal(base).isEmpty()) {
+        mark(base);
+        return;
+    }
+    const QDate ahead = choosable(base, months);
+    mark(ahead.isValid() ? ahead : choosable(base, -months));
+}
+
+QDate CalendarPopup::choosable(const QDate& from, int step) const
+{
+    QDate date = from;
+    for (int i = 0; i < farthestStep; ++i) {
+        date = date.addDays(step);
+        if (m_refusal(date).isEmpty())
+            return date;
+    }
+    return {};
+}
+
+QDate CalendarPopup::nearestChoosable(const QDate& date) const
+{
+    if (m_refusal(date).isEmpty())
+        return date;
+    const QDate later = choosable(date, 1);
+    return later.isValid() ? later : choosable(date, -1);
+}
+
+void CalendarPopup::choose(const QDate& date)
+{
+    if (!date.isValid() || !m_refusal(date).isEmpty())
+        return;
+    Q_EMIT dateChosen(date);
+    close();
+}
+
+void CalendarPopup::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Left:
+        mark(choosable(m_marked, -1));
+        break;
+    case Qt::Key_Right:
+        mark(choosable(m_marked, 1));
+        break;
+    case Qt::Key_Up:
+        mark(choosable(m_marked, -daysInWeek));
+        break;
+    case Qt::Key_Down:
+        mark(choosable(m_marked, daysInWeek));
+        break;
+    case Qt::Key_PageUp:
+        markMonth(-1);
+        break;
+    case Qt::Key_PageDown:
+        markMonth(1);
+        break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+        choose(m_marked);
+        break;
+    case Qt::Key_Escape:
+        close();
+        break;
+    default:
+        QFrame::keyPressEvent(event);
+    }
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QDate>
+#include <QFrame>
+#include <QLabel>
+#include <QVector>
+#include <functional>
+
+class QGridLayout;
+class QToolButton;
+
+/// One month of days to choose from. Days that cannot be chosen are disabled, and the keyboard steps over them: arrows
+/// move by day and week, Page Up and Page Down by month, Enter chooses, Escape closes.
+class CalendarPopup : public QFrame {
+    Q_OBJECT
+
+public:
+    /// Says why a date cannot be chosen; empty when it can.
+    using Refusal = std::function<QString(const QDate&)>;
+
+    /// Shows the month of `shown` with that day marked, or the nearest one that can be chosen.
+    CalendarPopup(const Refusal& refusal, const QDate& shown, QWidget* field);
+
+    /// The marked day; invalid when none of the days around can be chosen.
+    QDate markedDate() const;
+
+Q_SIGNALS:
+    void dateChosen(const QDate& date);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void build();
+    void addHead(QGridLayout* grid);
+    QToolButton* newMonthButton(const QString& objectName, const QString& sign, const QString& name, int months);
+    void showMonth(const QDate& day);
+    void showDay(QToolButton* button, const QDate& date);
+    void mark(const QDate& date);
+    void markMonth(int months);
+    QDate choosable(const QDate& from, int step) const;
+    QDate nearestChoosable(const QDate& date) const;
+    void choose(const QDate& date);
+
+    Refusal m_refusal;
+    QLabel* m_title;
+    QVector<QToolButton*> m_days;
+    QDate m_month;
+    QDate m_marked;
+};

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "CalendarPopup.h"
+#include <QLineEdit>
+#include <QPointer>
+#include <QTimeEdit>
+#include <QToolButton>
+#include <QWidget>
+
+/// One date: a text field and the button of its calendar. What the trader types or picks is taken only when it can be
+/// chosen; what is set from outside is shown as it is and marked when it could not be chosen.
+class DateField : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `objectName` names the text field "le_…" and the button "btn_…Calendar".
+    DateField(const QString& objectName, const QString& title, QWidget* parent);
+
+    void setRefusal(const CalendarPopup::Refusal& refusal);
+    void setDate(const QDate& date);
+    QDate date() const;
+    void setTimeShown(bool shown);
+    /// Marks the date anew after the rules have changed.
+    void updateMark();
+    /// Shows a notice at the field.
+    void tell(const QString& text);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+Q_SIGNALS:
+    /// The trader has chosen another date.
+    void dateChosen(const QDate& date);
+
+private:
+    bool handleKey(int key, Qt::KeyboardModifiers modifiers);
+    bool takeTyped();
+    void take(const QDate& date);
+    void openCalendar();
+    void step(int days);
+
+    QLineEdit* m_edit;
+    QToolButton* m_button;
+    QTimeEdit* m_time;
+    QPointer<CalendarPopup> m_calendar;
+    CalendarPopup::Refusal m_refusal;
+    QDate m_date;
+};

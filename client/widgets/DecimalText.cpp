@@ -1,0 +1,84 @@
+#include "DecimalText.h"
+
+#include <QCoreApplication>
+#include <QRegularExpression>
+#include <cmath>
+
+namespace {
+
+constexpr double tolerance = 1e-10;
+/// Longer texts are no numbers that a field of this kind holds.
+constexpr int longestText = 32;
+
+QString decimalTr(const char* text)
+{
+    return QCoreApplication::translate("OrloDoubleSpinBox", text);
+}
+
+DecimalVerdict refused(const QString& reason)
+{
+    return { QValidator::Invalid, 0, reason };
+}
+
+DecimalVerdict unfinished(const QString& reason)
+{
+    return { QValidator::Intermediate, 0, reason };
+}
+
+QString tooSmall(const DecimalLimits& limits)
+{
+    return decimalTr("不能小于%1").arg(decimalText(limits.minimum, limits.decimals, true));
+}
+
+QString tooLarge(const DecimalLimits& limits)
+{
+    return decimalTr("不能大于%1").arg(decimalText(limits.maximum, limits.decimals, true));
+}
+
+/// A number outside the range may still grow into it while digits are appended, but only away from zero.
+DecimalVerdict judgeNumber(double number, const DecimalLimits& limits)
+{
+    if (number > limits.maximum + tolerance)
+        return number < 0 ? unfinished(tooLarge(limits)) : refused(tooLarge(limits));
+    if (number < limits.minimum - tolerance)
+        return number >= 0 ? unfinished(tooSmall(limits)) : refused(tooSmall(limits));
+    return { QValidator::Acceptable, number, {} };
+}
+
+} // namespace
+
+DecimalVerdict judgeDecimal(const QString& text, const DecimalLimits& limits)
+{
+    static const QRegularExpression form(QStringLiteral("^-?[0-9]*(\\.([0-9]*))?$"));
+    if (text.isEmpty())
+        return { QValidator::Acceptable, 0, {} };
+    const QRegularExpressionMatch match = form.match(text);
+    if (!match.hasMatch() || text.size() > longestText)
+        return refused(decimalTr("请输入数字，不带千分位和其他符号"));
+    if (text.startsWith(QLatin1Char('-')) && limits.minimum >= 0)
+        return refused(tooSmall(limits));
+    if (limits.decimals == 0 && text.contains(QLatin1Char('.')))
+        return refused(decimalTr("只能输入整数"));
+    if (match.capturedLength(2) > limits.decimals)
+        return refused(decimalTr("最多输入%1位小数").arg(limits.decimals));
+    if (text.endsWith(QLatin1Char('.')) || text == QLatin1String("-"))
+        return unfinished(decimalTr("数字不完整"));
+    return judgeNumber(text.toDouble(), limits);
+}
+
+bool isWithin(double number, const DecimalLimits& limits)
+{
+    return std::isfinite(number) && number >= limits.minimum - tolerance && number <= limits.maximum + tolerance;
+}
+
+QString decimalText(double number, int decimals, bool trimmed)
+{
+    QString text = QString::number(number, 'f', decimals);
+    if (!trimmed || !text.contains(QLatin1Char('.')))
+        return text;
+    while (text.endsWith(QLatin1Char('0')))
+        text.chop(1);
+    if (text.endsWith(QLatin1Char('.')))
+        text.chop(1);
+    return text;
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QLabel>
+#include <QTimer>
+
+/// A short notice at a field that says why an input was not taken. It goes away when the field is edited or hidden, or
+/// after some seconds. It never takes the focus.
+class FieldHint : public QLabel {
+    Q_OBJECT
+
+public:
+    /// Shows a notice at `field`, in place of an earlier one. Nothing happens while the field is not on the screen.
+    static void showAt(QWidget* field, const QString& text);
+    static void hideAt(QWidget* field);
+    /// The notice that is on the screen at `field`; empty when there is none.
+    static QString textAt(const QWidget* field);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    explicit FieldHint(QWidget* field);
+    static FieldHint* of(const QWidget* field);
+    void place();
+
+    QTimer m_timer;
+};

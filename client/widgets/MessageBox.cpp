@@ -1,0 +1,100 @@
+#include "MessageBox.h"
+
+#include "OrloPushButton.h"
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int textWidth = 320;
+constexpr int iconSize = 32;
+/// Longer texts, and those with a word wider than the box, scroll.
+constexpr int longestLabel = 400;
+constexpr int longestWord = 40;
+
+bool hasLongWord(const QString& text)
+{
+    int length = 0;
+    for (const QChar c : text) {
+        length = c.isSpace() || c.script() == QChar::Script_Han ? 0 : length + 1;
+        if (length > longestWord)
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+MessageBox::MessageBox(const Kind& kind, const QString& text, QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint)
+{
+    setObjectName(kind.objectName);
+    setWindowTitle(kind.title);
+    setWindowModality(parent ? Qt::WindowModal : Qt::ApplicationModal);
+
+    auto* icon = new QLabel(this);
+    icon->setPixmap(style()->standardIcon(kind.icon, nullptr, this).pixmap(iconSize));
+    auto* upper = new QHBoxLayout;
+    upper->setSpacing(12);
+    upper->addWidget(icon, 0, Qt::AlignTop);
+    upper->addWidget(newText(text), 1);
+
+    m_confirm = newButton(QStringLiteral("btnConfirm"), tr("确认"));
+    connect(m_confirm, &QPushButton::clicked, this, &QDialog::accept);
+    auto* buttons = new QHBoxLayout;
+    buttons->setObjectName(QStringLiteral("buttons"));
+    buttons->addStretch();
+    buttons->addWidget(m_confirm);
+
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(20, 16, 20, 16);
+    rows->setSpacing(16);
+    rows->addLayout(upper, 1);
+    rows->addLayout(buttons);
+    m_confirm->setDefault(true);
+    m_confirm->setFocus();
+}
+
+void MessageBox::addDecline(bool focused)
+{
+    QPushButton* decline = newButton(QStringLiteral("btnCancel"), tr("取消"));
+    connect(decline, &QPushButton::clicked, this, &QDialog::reject);
+    findChild<QHBoxLayout*>(QStringLiteral("buttons"))->addWidget(decline);
+    if (!focused)
+        return;
+    decline->setDefault(true);
+    decline->setFocus();
+}
+
+QWidget* MessageBox::newText(const QString& text)
+{
+    if (text.size() > longestLabel || hasLongWord(text)) {
+        auto* scrolled = new QPlainTextEdit(text, this);
+        scrolled->setObjectName(QStringLiteral("msgBoxText"));
+        scrolled->setReadOnly(true);
+        scrolled->setTabChangesFocus(true);
+        scrolled->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        scrolled->setMinimumSize(textWidth, 120);
+        return scrolled;
+    }
+    auto* label = new QLabel(this);
+    label->setObjectName(QStringLiteral("msgBoxText"));
+    label->setTextFormat(Qt::PlainText);
+    label->setText(text);
+    label->setWordWrap(true);
+    label->setMinimumWidth(textWidth);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return label;
+}
+
+QPushButton* MessageBox::newButton(const QString& objectName, const QString& text)
+{
+    auto* button = new OrloPushButton(this);
+    button->setObjectName(objectName);
+    button->setText(text);
+    button->setAutoDefault(true);
+    button->setMinimumWidth(72);
+    return button;
+}

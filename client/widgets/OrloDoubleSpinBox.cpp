@@ -1,0 +1,262 @@
+#include "OrloDoubleSpinBox.h"
+
+#include "DecimalText.h"
+#include "FieldHint.h"
+#include <QDebug>
+#include <QLineEdit>
+#include <QScopedValueRollback>
+#include <QWheelEvent>
+#include <optional>
+
+namespace {
+
+constexpr int ratioShowType = 2;
+
+} // namespace
+
+/// Qt's spin box always holds a number within its range. What makes the field empty is therefore kept here; while it
+/// is empty the range below reaches to 0, so that `value()` can be 0, and the asked range is held until a number comes.
+class OrloDoubleSpinBox::Private {
+public:
+    explicit Private(OrloDoubleSpinBox* box)
+        : q(box)
+    {
+    }
+
+    DecimalLimits limits() const;
+    void makeEmpty();
+    void showNumber(double number);
+    void showStart();
+    void textTyped(const QString& text);
+    void valueMoved(double value);
+
+    int showType = 0;
+    bool emptyMode = false;
+    bool empty = false;
+    bool untouched = true; ///< nobody has given a number yet; the field shows what it starts with
+    OrloDoubleSpinBox* q;
+
+private:
+    void stretchRange();
+    void releaseRange();
+
+    std::optional<DecimalLimits> asked;
+    double known = 0; ///< the number last given on purpose
+    bool moving = false;
+};
+
+DecimalLimits OrloDoubleSpinBox::Private::limits() const
+{
+    DecimalLimits now{ q->minimum(), q->maximum(), q->decimals() };
+    if (!asked)
+        return now;
+    // A bound that is still where stretching has put it stands for the asked one; another was set meanwhile.
+    if (now.minimum == qMin(0.0, asked->minimum))
+        now.minimum = asked->minimum;
+    if (now.maximum == qMax(0.0, asked->maximum))
+        now.maximum = asked->maximum;
+    return now;
+}
+
+void OrloDoubleSpinBox::Private::stretchRange()
+{
+    const DecimalLimits wanted = limits();
+    asked = wanted;
+    q->setRange(qMin(0.0, wanted.minimum), qMax(0.0, wanted.maximum));
+}
+
+void OrloDoubleSpinBox::Private::releaseRange()
+{
+    if (!asked)
+        return;
+    const DecimalLimits wanted = limits();
+    asked.reset();
+    q->setRange(wanted.minimum, wanted.maximum);
+}
+
+void OrloDoubleSpinBox::Private::makeEmpty()
+{
+    const QScopedValueRollback<bool> own(moving, true);
+    empty = true;
+    known = 0;
+    stretchRange();
+    q->QDoubleSpinBox::setValue(0);
+}
+
+void OrloDoubleSpinBox::Private::showNumber(double number)
+{
+    const QScopedValueRollback<bool> own(moving, true);
+    empty = false;
+    known = number;
+    q->QDoubleSpinBox::setValue(number);
+    releaseRange();
+}
+
+void OrloDoubleSpinBox::Private::showStart()
+{
+    if (emptyMode)
+        makeEmpty();
+    else
+        showNumber(limits().minimum);
+}
+
+void OrloDoubleSpinBox::Private::textTyped(const QString& text)
+{
+    FieldHint::hideAt(q);
+    const DecimalVerdict verdict = judgeDecimal(text, limits());
+    if (verdict.state != QValidator::Acceptable)
+        return;
+    untouched = false;
+    if (text.isEmpty()) {
+        makeEmpty();
+        return;
+    }
+    empty = false;
+    known = verdict.number;
+}
+
+/// Qt moves the number into the range when a bound or the decimals change. Nobody asked for that number.
+void OrloDoubleSpinBox::Private::valueMoved(double value)
+{
+    if (moving)
+        return;
+    if (untouched) {
+        showStart();
+        return;
+    }
+    if (empty) {
+        makeEmpty();
+        return;
+    }
+    const bool given = isWithin(known, limits());
+    if (!given) {
+        qWarning().noquote() << "OrloDoubleSpinBox: the range has left out" << known << "of" << q->objectName();
+        makeEmpty();
+        return;
+    }
+    if (!qFuzzyCompare(1 + known, 1 + value))
+        FieldHint::showAt(q, OrloDoubleSpinBox::tr("已按%1位小数取整").arg(q->decimals()));
+    showNumber(value);
+}
+
+OrloDoubleSpinBox::OrloDoubleSpinBox(QWidget* parent)
+    : QDoubleSpinBox(parent)
+    , d(std::make_unique<Private>(this))
+{
+    setLocale(QLocale::c());
+    setGroupSeparatorShown(false);
+    setFocusPolicy(Qt::StrongFocus);
+    setMinimumWidth(60);
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) { d->textTyped(text); });
+    connect(this, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
+        [this](double number) { d->valueMoved(number); });
+    d->showStart();
+}
+
+OrloDoubleSpinBox::~OrloDoubleSpinBox() = default;
+
+QString OrloDoubleSpinBox::GetStrValue() const
+{
+    return text();
+}
+
+void OrloDoubleSpinBox::SetShowType(int showType)
+{
+    d->showType = showType;
+    if (!d->empty)
+        d->showNumber(value());
+}
+
+void OrloDoubleSpinBox::setEmptyMode(bool emptyMode)
+{
+    d->emptyMode = emptyMode;
+    if (d->untouched)
+        d->showStart();
+}
+
+QValidator::State OrloDoubleSpinBox::validate(QString& text, int& position) const
+{
+    Q_UNUSED(position)
+    const DecimalVerdict verdict = judgeDecimal(text, d->limits());
+    if (verdict.state == QValidator::Invalid && hasFocus())
+        FieldHint::showAt(d->q, verdict.reason);
+    return verdict.state;
+}
+
+/// An unfinished number that is left: what can be finished is, anything else gives way to the former number.
+void OrloDoubleSpinBox::fixup(QString& text) const
+{
+    const DecimalVerdict verdict = judgeDecimal(text, d->limits());
+    if (verdict.state == QValidator::Acceptable)
+        return;
+    if (text.endsWith(QLatin1Char('.')))
+        text.chop(1);
+    if (text == QLatin1String("-"))
+        text.clear();
+    const DecimalVerdict fixed = judgeDecimal(text, d->limits());
+    if (fixed.state != QValidator::Acceptable || text.isEmpty())
+        FieldHint::showAt(d->q, text.isEmpty() ? verdict.reason : fixed.reason);
+}
+
+double OrloDoubleSpinBox::valueFromText(const QString& text) const
+{
+    return judgeDecimal(text, d->limits()).number;
+}
+
+QString OrloDoubleSpinBox::textFromValue(double value) const
+{
+    if (d->empty && value == this->value())
+        return {};
+    return decimalText(value, decimals(), d->showType == ratioShowType);
+}
+
+void OrloDoubleSpinBox::stepBy(int steps)
+{
+    if (buttonSymbols() == QAbstractSpinBox::NoButtons)
+        return;
+    const double next = value() + steps * singleStep();
+    const DecimalLimits limits = d->limits();
+    if (!isWithin(next, limits)) {
+        const QString text = decimalText(next, limits.decimals, true);
+        const DecimalVerdict verdict = judgeDecimal(text, limits);
+        FieldHint::showAt(this, verdict.reason);
+        return;
+    }
+    setValue(next);
+    selectAll();
+}
+
+void OrloDoubleSpinBox::clear()
+{
+    d->untouched = false;
+    d->makeEmpty();
+}
+
+void OrloDoubleSpinBox::setValue(double value)
+{
+    d->untouched = false;
+    if (isWithin(value, d->limits())) {
+        d->showNumber(value);
+        return;
+    }
+    qWarning().noquote() << "OrloDoubleSpinBox::setValue" << value << "does not fit" << objectName();
+    d->makeEmpty();
+}
+
+void OrloDoubleSpinBox::wheelEvent(QWheelEvent* event)
+{
+    event->ignore();
+}
+
+void OrloDoubleSpinBox::focusOutEvent(QFocusEvent* event)
+{
+    FieldHint::hideAt(this);
+    QDoubleSpinBox::focusOutEvent(event);
+}
+
+bool OrloDoubleSpinBox::event(QEvent* event)
+{
+    if (event->type() == QEvent::EnabledChange)
+        FieldHint::hideAt(this);
+    return QDoubleSpinBox::event(event);
+}

@@ -1,0 +1,129 @@
+#include "OrloFormulaPrompter.h"
+
+#include "FieldHint.h"
+#include "FormulaCompletion.h"
+#include "SuggestionPopup.h"
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+
+namespace {
+
+constexpr int whileTyping = 1;
+
+} // namespace
+
+class OrloFormulaPrompter::Private : public QObject {
+public:
+    explicit Private(QLineEdit* line);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+    int mode = 0;
+    QStringList functions;
+    QStringList items;
+
+private:
+    void typed();
+    void offer(bool asked);
+    void insert(const QString& chosen);
+
+    QLineEdit* edit;
+    SuggestionPopup* popup;
+    QStringList offered;
+    bool inserting = false;
+};
+
+OrloFormulaPrompter::Private::Private(QLineEdit* line)
+    : edit(line)
+    , popup(new SuggestionPopup(line))
+{
+    popup->setTabChooses(true);
+    edit->installEventFilter(this);
+    connect(edit, &QLineEdit::textEdited, this, &Private::typed);
+    connect(popup, &SuggestionPopup::rowChosen, this, [this](int row) { insert(offered.at(row)); });
+}
+
+void OrloFormulaPrompter::Private::typed()
+{
+    if (inserting)
+        return;
+    FieldHint::hideAt(edit);
+    if (mode == whileTyping)
+        offer(false);
+}
+
+/// Offers what fits at the cursor. Unasked, nothing is offered for an empty input or a name that is complete.
+void OrloFormulaPrompter::Private::offer(bool asked)
+{
+    const QString formula = edit->text();
+    const int cursor = edit->cursorPosition();
+    const QString token = FormulaCompletion::tokenBefore(formula, cursor);
+    offered.clear();
+    if (!token.isEmpty() || (FormulaCompletion::mayBeginAt(formula, cursor) && (asked || !formula.isEmpty())))
+        offered = FormulaCompletion::fitting(token, items + functions);
+    if (!asked && offered == QStringList(token))
+        offered.clear();
+    // Behind an operator Enter still belongs to the form, so nothing is marked there until the trader goes into the
+    // list.
+    popup->offer(offered, asked || !token.isEmpty() ? 0 : -1);
+}
+
+void OrloFormulaPrompter::Private::insert(const QString& chosen)
+{
+    const int cursor = edit->cursorPosition();
+    const auto edited = FormulaCompletion::inserted(edit->text(), cursor, chosen);
+    if (edited.formula.size() > edit->maxLength()) {
+        FieldHint::showAt(edit, QLineEdit::tr("最多输入%1个字符").arg(edit->maxLength()));
+        return;
+    }
+    const QScopedValueRollback<bool> own(inserting, true);
+    const int typedLength = FormulaCompletion::tokenBefore(edit->text(), cursor).size();
+    // Inserted over the selection, so that one undo takes it back.
+    edit->setSelection(cursor - typedLength, typedLength);
+    edit->insert(chosen);
+    edit->setCursorPosition(edited.cursor);
+}
+
+bool OrloFormulaPrompter::Private::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress && !edit->isReadOnly()) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() == Qt::Key_Space && key->modifiers() == Qt::ControlModifier) {
+            offer(true);
+            return true;
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+OrloFormulaPrompter::OrloFormulaPrompter(QLineEdit* edit)
+    : d(std::make_unique<Private>(edit))
+{
+}
+
+OrloFormulaPrompter::~OrloFormulaPrompter() = default;
+
+void OrloFormulaPrompter::setMode(int mode)
+{
+    d->mode = mode;
+}
+
+void OrloFormulaPrompter::SetFunctionItems(const QStringList& functions)
+{
+    d->functions = functions;
+}
+
+void OrloFormulaPrompter::SetFormulaItems(const QStringList& items)
+{
+    d->items = items;
+}
+
+QStringList OrloFormulaPrompter::FunctionItems() const
+{
+    return d->functions;
+}
+
+QStringList OrloFormulaPrompter::FormulaItems() const
+{
+    return d->items;
+}

@@ -1,0 +1,9 @@
+#include "OrloHintLabel.h"
+
+OrloHintLabel::OrloHintLabel(QWidget* parent)
+    : QLabel(parent)
+{
+    setTextFormat(Qt::PlainText);
+}
+
+OrloHintLabel::~OrloHintLabel() = default;

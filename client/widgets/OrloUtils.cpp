@@ -1,0 +1,40 @@
+#include "OrloUtils.h"
+
+#include "PopupPlace.h"
+
+namespace {
+
+constexpr int belowParent = 0;
+constexpr int besideParent = 1;
+
+/// Size with which a window will show, also before it was shown for the first time.
+QSize shownSize(QWidget* widget)
+{
+    if (widget->testAttribute(Qt::WA_Resized))
+        return widget->size();
+    widget->ensurePolished();
+    return widget->sizeHint().expandedTo(widget->minimumSize());
+}
+
+QPoint wantedPlace(const QWidget* parent, const QSize& size, int place)
+{
+    if (place == belowParent)
+        return parent->mapToGlobal(QPoint(0, parent->height()));
+    if (place == besideParent)
+        return parent->mapToGlobal(QPoint(parent->width(), 0));
+    const QWidget* window = parent->window();
+    return window->mapToGlobal(window->rect().center()) - QPoint(size.width() / 2, size.height() / 2);
+}
+
+} // namespace
+
+QPoint OrloUtils::GetWidgetPos(QWidget* widget, int place)
+{
+    if (!widget)
+        return {};
+    const QWidget* parent = widget->parentWidget();
+    const QSize size = shownSize(widget);
+    if (!parent)
+        return keptOnScreen(widget->pos(), size, widget);
+    return keptOnScreen(wantedPlace(parent, size, place), size, parent->window());
+}

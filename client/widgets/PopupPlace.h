@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QPoint>
+#include <QSize>
+#include <QWidget>
+
+/// Global position of a popup of a field: below it, above it where the screen ends, always wholly on the screen.
+QPoint popupPlace(const QWidget* field, const QSize& popup);
+
+/// Moves a rectangle of `size` that wants to be at `wanted` onto the screen on which `near` is.
+QPoint keptOnScreen(const QPoint& wanted, const QSize& size, const QWidget* near);
