@@ -48,8 +48,8 @@ Translation translate(const QVector<Token>& tokens)
         const bool isItem = token.kind == Kind::Item;
         const std::string text =
             isItem ? variable(FormulaLexer::items().indexOf(token.text)) : token.text.toStdString();
-        // The space keeps "1 2" from turning into 12.
-        result.append(text + " ", token.position);
+        // The space keeps "1 2" from turning into 12; the parser wants none behind the name of a function.
+        result.append(token.kind == Kind::Function ? text : text + " ", token.position);
     }
     return result;
 }

@@ -68,9 +68,9 @@ QString AuthorityStore::addChainUsers(const QString& chainKey, ChainRole role, c
     return m_database.transaction([&] {
         for (const QString& name : userNames) {
             const QString reason = m_database.execute(
-                QStringLiteral("INSERT INTO chain_users (chain_key, role, position, user_name) VALUES (?1, ?2,"
-                               " (SELECT count(*) FROM chain_users WHERE chain_key = ?1 AND role = ?2), ?3)"),
-                { chainKey, textOf(role), name });
+                QStringLiteral("INSERT INTO chain_users (chain_key, role, position, user_name) VALUES (?, ?,"
+                               " (SELECT count(*) FROM chain_users WHERE chain_key = ? AND role = ?), ?)"),
+                { chainKey, textOf(role), chainKey, textOf(role), name });
             if (!reason.isEmpty())
                 return reason;
         }

@@ -188,7 +188,7 @@ QSqlQuery Database::query(const QString& statement, const QVariantList& values)
 {
     QSqlQuery result(m_connection);
     result.setForwardOnly(true);
-    if (result.prepare(statement)) {
+    if (isOpen() && result.prepare(statement)) {
         bind(result, values);
         result.exec();
     }
@@ -204,14 +204,17 @@ QSqlQuery Database::prepare(const QString& statement)
 {
     QSqlQuery result(m_connection);
     result.setForwardOnly(true);
-    result.prepare(statement);
+    if (isOpen())
+        result.prepare(statement);
     return result;
 }
 
 QString Database::executePrepared(QSqlQuery& statement, const QVariantList& values)
 {
-    bind(statement, values);
-    statement.exec();
+    if (!statement.lastQuery().isEmpty()) {
+        bind(statement, values);
+        statement.exec();
+    }
     return reasonOf(statement);
 }
 

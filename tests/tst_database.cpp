@@ -1,0 +1,673 @@
+#include "store/AccountStore.h"
+#include "store/AgreementStore.h"
+#include "store/AuthorityStore.h"
+#include "store/Database.h"
+#include "store/InstructionStore.h"
+#include "store/PlanId.h"
+#include "store/PlanStore.h"
+#include "store/PositionStore.h"
+#include "store/Schema.h"
+#include "store/StaticTextStore.h"
+#include "store/StrategyStore.h"
+#include "store/TradeDayStore.h"
+#include "store/UserStore.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QThread>
+#include <QtTest>
+
+#include <memory>
+
+namespace {
+
+const QString otherParamKey = QStringLiteral("otherParam");
+const QDateTime morning(QDate(2024, 5, 6), QTime(9, 30, 0, 125));
+const QDateTime noon(QDate(2024, 5, 6), QTime(12, 0));
+
+PlanStore::Record sampleRecord()
+{
+    return { { QStringLiteral("symbol"), QStringLiteral("600000.SH") },
+        { QStringLiteral("remark"), QStringLiteral("分批买入 \"一\"; DROP TABLE plans") },
+        { QStringLiteral("empty"), QStringLiteral("") }, { otherParamKey, QStringLiteral("{\"JCRatio\":\"0.5\"}") } };
+}
+
+QByteArray contentOf(const QString& fileName)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool writeFile(const QString& fileName, const QByteArray& content)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+}
+
+/// A connection without any of the rules of `Database`.
+class RawFile {
+public:
+    explicit RawFile(const QString& fileName)
+    {
+        QSqlDatabase raw = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("raw"));
+        raw.setDatabaseName(fileName);
+        raw.open();
+    }
+    ~RawFile() { QSqlDatabase::removeDatabase(QStringLiteral("raw")); }
+
+    bool run(const QString& statement)
+    {
+        return QSqlQuery(QSqlDatabase::database(QStringLiteral("raw"))).exec(statement);
+    }
+    QVariant value(const QString& statement)
+    {
+        QSqlQuery query(QSqlDatabase::database(QStringLiteral("raw")));
+        return query.exec(statement) && query.next() ? query.value(0) : QVariant();
+    }
+};
+
+bool makeVersionOne(const QString& fileName)
+{
+    RawFile raw(fileName);
+    bool done = true;
+    for (const QString& statement : Schema::migrations().constFirst().statements)
+        done = done && raw.run(statement);
+    return done && raw.run(QStringLiteral("PRAGMA application_id = %1").arg(Schema::applicationId()))
+        && raw.run(QStringLiteral("PRAGMA user_version = 1"))
+        && raw.run(QStringLiteral("INSERT INTO plans (version, creator, created_time, other_param)"
+                                  " VALUES (3, 'trader01', '2023-12-01T10:00:00.000', '{}')"))
+        && raw.run(QStringLiteral("INSERT INTO plan_fields VALUES (1, 'symbol', '000001.SZ')"));
+}
+
+} // namespace
+
+class tst_database : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void aNewFileIsCreatedWithItsFolder();
+    void theConnectionIsDurableAndStrict();
+    void aReopenedFileKeepsItsPlans();
+    void anOlderSchemaIsMigratedWithItsPlans();
+    void aMigrationThatFailsLeavesTheOldSchema();
+    void aNewerSchemaIsRefusedAndLeftAsItIs();
+    void aFileThatCannotBeOpenedIsRefused_data();
+    void aFileThatCannotBeOpenedIsRefused();
+    void aFileOfAnotherProgramIsRefusedAndLeftAsItIs();
+    void aDamagedFileIsRefusedAndLeftAsItIs();
+    void aLockedFileIsToldWithinASecond();
+    void aTransactionThatGivesAReasonLeavesNothing();
+    void aWorkerThreadReadsWithAnObjectOfItsOwn();
+    void aClosedDatabaseGivesAReason();
+
+    void anIdIsTakenOnlyAsItIsWritten_data();
+    void anIdIsTakenOnlyAsItIsWritten();
+    void aCreatedPlanReadsBackAsItWas();
+    void aPlanWithoutOtherParametersHasNoSuchKey();
+    void idsAreNewAndAscending();
+    void aRecordThatIsNotTextIsRefusedWhole();
+    void anEmptyRecordIsRefused();
+    void aModifiedPlanCountsItsVersionUp();
+    void aModificationThatFailsLeavesThePlan();
+    void anUnknownPlanCannotBeModified();
+    void pagesShowTheNewestPlansFirst();
+    void plansOfAPeriodIncludeItsFirstAndLastDay();
+    void anOtherParameterTextOfAMegabyteReadsBack();
+
+    void instructionsBelongToTheirPlanAndDay();
+    void anInstructionOfAnUnknownPlanIsRefused();
+    void accountsComeInTheOrderInWhichTheyWereGiven();
+    void authoritiesAndRulesAreKeptPerUserAccountAndType();
+    void aChainKeepsItsOrderAndItsDuplicates();
+    void aSignatureIsKeptWithTimeAndUser();
+    void positionsAreFoundByAccountAndSymbol();
+    void aListForOneSecurityGoesBeforeTheGeneralOne();
+    void strategiesAndTextsReadBack();
+    void tradeDaysAreReplaced();
+
+private:
+    QString path(const QString& name) const { return m_folder->filePath(name); }
+    void addAccount(const QString& number, const QString& clientNo);
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<Database> m_database;
+};
+
+void tst_database::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(m_folder->isValid());
+    m_database = std::make_unique<Database>();
+    QCOMPARE(m_database->open(path(QStringLiteral("plans.db"))), QString());
+}
+
+void tst_database::cleanup()
+{
+    m_database.reset();
+    m_folder.reset();
+}
+
+void tst_database::addAccount(const QString& number, const QString& clientNo)
+{
+    const StoredAccount account{ number, QStringLiteral("F") + number, QStringLiteral("账户"), clientNo,
+        AccountAsset::ordinary, QStringLiteral("B001"), { { QStringLiteral("XSHG"), QStringLiteral("A1") } } };
+    QCOMPARE(AccountStore(*m_database).add(account), QString());
+}
+
+void tst_database::aNewFileIsCreatedWithItsFolder()
+{
+    const QString fileName = path(QStringLiteral("some/where/plans.db"));
+    Database database;
+    QCOMPARE(database.open(fileName), QString());
+    QVERIFY(database.isOpen());
+    QCOMPARE(database.fileName(), fileName);
+    QVERIFY(QFile::exists(fileName));
+}
+
+void tst_database::theConnectionIsDurableAndStrict()
+{
+    const auto value = [this](const QString& statement) {
+        QSqlQuery query = m_database->query(statement);
+        return query.next() ? query.value(0).toString() : QString();
+    };
+    QCOMPARE(value(QStringLiteral("PRAGMA journal_mode")), QStringLiteral("wal"));
+    QCOMPARE(value(QStringLiteral("PRAGMA synchronous")), QStringLiteral("2"));
+    QCOMPARE(value(QStringLiteral("PRAGMA foreign_keys")), QStringLiteral("1"));
+    QCOMPARE(value(QStringLiteral("PRAGMA user_version")), QString::number(Schema::latestVersion()));
+    QCOMPARE(value(QStringLiteral("SELECT count(*) FROM pragma_table_list"
+                                  " WHERE schema = 'main' AND name NOT LIKE 'sqlite%' AND NOT strict")),
+        QStringLiteral("0"));
+    QVERIFY(!m_database
+                 ->execute(QStringLiteral("INSERT INTO trade_days VALUES (?, ?)"),
+                     { QByteArray("\x01"), QStringLiteral("2024-05-06") })
+                 .isEmpty());
+}
+
+void tst_database::aReopenedFileKeepsItsPlans()
+{
+    const QString id = PlanStore(*m_database, otherParamKey).create(sampleRecord(), QStringLiteral("u"), morning).id;
+    m_database->close();
+    QVERIFY(!m_database->isOpen());
+    QCOMPARE(m_database->fileName(), QString());
+    QCOMPARE(m_database->open(path(QStringLiteral("plans.db"))), QString());
+    QCOMPARE(PlanStore(*m_database, otherParamKey).record(id), sampleRecord());
+}
+
+void tst_database::anOlderSchemaIsMigratedWithItsPlans()
+{
+    const QString fileName = path(QStringLiteral("old.db"));
+    QVERIFY(makeVersionOne(fileName));
+    Database database;
+    QCOMPARE(database.open(fileName), QString());
+    const StoredPlan plan = PlanStore(database, otherParamKey).plan(PlanId::fromNumber(1));
+    QCOMPARE(plan.version, 3);
+    QCOMPARE(plan.created, QDateTime(QDate(2023, 12, 1), QTime(10, 0)));
+    QCOMPARE(plan.changed, plan.created);
+    QCOMPARE(plan.record.value(QStringLiteral("symbol")).toString(), QStringLiteral("000001.SZ"));
+    database.close();
+    QCOMPARE(RawFile(fileName).value(QStringLiteral("PRAGMA user_version")).toInt(), Schema::latestVersion());
+}
+
+void tst_database::aMigrationThatFailsLeavesTheOldSchema()
+{
+    const QString fileName = path(QStringLiteral("old.db"));
+    QVERIFY(makeVersionOne(fileName));
+    QVERIFY(RawFile(fileName).run(QStringLiteral("ALTER TABLE plans ADD COLUMN changed_time TEXT")));
+    Database database;
+    const QString reason = database.open(fileName);
+    QVERIFY2(reason.contains(QStringLiteral("升级数据库失败")), qPrintable(reason));
+    QVERIFY(!database.isOpen());
+    RawFile raw(fileName);
+    QCOMPARE(raw.value(QStringLiteral("PRAGMA user_version")).toInt(), 1);
+    QCOMPARE(raw.value(QStringLiteral("SELECT count(*) FROM plans")).toInt(), 1);
+}
+
+void tst_database::aNewerSchemaIsRefusedAndLeftAsItIs()
+{
+    const QString fileName = path(QStringLiteral("newer.db"));
+    QVERIFY(makeVersionOne(fileName));
+    QVERIFY(RawFile(fileName).run(QStringLiteral("PRAGMA user_version = 99")));
+    const QByteArray before = contentOf(fileName);
+    Database database;
+    QCOMPARE(database.open(fileName),
+        QStringLiteral("无法打开数据库“%1”：数据库版本99高于本程序支持的版本%2，请升级程序")
+            .arg(fileName)
+            .arg(Schema::latestVersion()));
+    QVERIFY(!database.isOpen());
+    QCOMPARE(contentOf(fileName), before);
+}
+
+void tst_database::aFileThatCannotBeOpenedIsRefused_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("no name") << QString() << QStringLiteral("未指定数据库文件");
+    QTest::newRow("a folder") << QStringLiteral("folder") << QStringLiteral("该路径是文件夹");
+    QTest::newRow("a text") << QStringLiteral("text") << QStringLiteral("该文件不是数据库文件");
+    QTest::newRow("below a file") << QStringLiteral("text/plans.db") << QStringLiteral("无法创建所在文件夹");
+}
+
+void tst_database::aFileThatCannotBeOpenedIsRefused()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, reason);
+    const QByteArray text = QByteArray("这是一篇文章，不是数据库。").repeated(100);
+    QVERIFY(writeFile(path(QStringLiteral("text")), text));
+    QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("folder")));
+    const QString fileName = name.isEmpty() ? QString() : path(name);
+    Database database;
+    QCOMPARE(database.open(fileName), QStringLiteral("无法打开数据库“%1”：%2").arg(fileName, reason));
+    QVERIFY(!database.isOpen());
+    QCOMPARE(contentOf(path(QStringLiteral("text"))), text);
+}
+
+void tst_database::aFileOfAnotherProgramIsRefusedAndLeftAsItIs()
+{
+    const QString fileName = path(QStringLiteral("foreign.db"));
+    QVERIFY(RawFile(fileName).run(QStringLiteral("CREATE TABLE plans (name TEXT)")));
+    const QByteArray before = contentOf(fileName);
+    Database database;
+    QCOMPARE(database.open(fileName), QStringLiteral("无法打开数据库“%1”：该文件属于其他程序").arg(fileName));
+    QCOMPARE(contentOf(fileName), before);
+}
+
+void tst_database::aDamagedFileIsRefusedAndLeftAsItIs()
+{
+    PlanStore plans(*m_database, otherParamKey);
+    for (int i = 0; i < 500; ++i)
+        QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), morning).reason.isEmpty());
+    m_database->close();
+    const QString fileName = path(QStringLiteral("damaged.db"));
+    QByteArray content = contentOf(path(QStringLiteral("plans.db")));
+    const int pageSize = 4096;
+    QVERIFY(content.size() > 20 * pageSize);
+    content.replace(8 * pageSize, content.size() - 8 * pageSize, QByteArray(content.size() - 8 * pageSize, '\x5a'));
+    QVERIFY(writeFile(fileName, content));
+    Database database;
+    QCOMPARE(database.open(fileName), QStringLiteral("无法打开数据库“%1”：数据库文件已损坏").arg(fileName));
+    QCOMPARE(contentOf(fileName), content);
+}
+
+void tst_database::aLockedFileIsToldWithinASecond()
+{
+    Database other;
+    QCOMPARE(other.open(path(QStringLiteral("plans.db"))), QString());
+    QCOMPARE(other.execute(QStringLiteral("BEGIN IMMEDIATE")), QString());
+    QElapsedTimer timer;
+    timer.start();
+    const auto created = PlanStore(*m_database, otherParamKey).create(sampleRecord(), QStringLiteral("u"), morning);
+    QCOMPARE(created.reason, QStringLiteral("数据库正被其他程序占用，请稍后再试"));
+    QCOMPARE(created.id, QString());
+    QVERIFY(timer.elapsed() < 3000);
+    QCOMPARE(other.execute(QStringLiteral("ROLLBACK")), QString());
+    QVERIFY(!PlanStore(*m_database, otherParamKey).create(sampleRecord(), QStringLiteral("u"), morning).id.isEmpty());
+}
+
+void tst_database::aTransactionThatGivesAReasonLeavesNothing()
+{
+    PlanStore plans(*m_database, otherParamKey);
+    const QString reason = m_database->transaction([&] {
+        const auto created = plans.create(sampleRecord(), QStringLiteral("u"), morning);
+        return created.reason.isEmpty() ? QStringLiteral("改主意了") : created.reason;
+    });
+    QCOMPARE(reason, QStringLiteral("改主意了"));
+    QCOMPARE(plans.count(), 0);
+}
+
+void tst_database::aWorkerThreadReadsWithAnObjectOfItsOwn()
+{
+    PlanStore(*m_database, otherParamKey).create(sampleRecord(), QStringLiteral("u"), morning);
+    QString reason = QStringLiteral("not run");
+    int count = 0;
+    const std::unique_ptr<QThread> worker(QThread::create([&] {
+        Database database;
+        reason = database.open(path(QStringLiteral("plans.db")));
+        count = PlanStore(database, otherParamKey).count();
+    }));
+    worker->start();
+    QVERIFY(worker->wait(10000));
+    QCOMPARE(reason, QString());
+    QCOMPARE(count, 1);
+}
+
+void tst_database::aClosedDatabaseGivesAReason()
+{
+    m_database->close();
+    PlanStore plans(*m_database, otherParamKey);
+    QVERIFY(!plans.create(sampleRecord(), QStringLiteral("u"), morning).reason.isEmpty());
+    QCOMPARE(plans.count(), 0);
+    QVERIFY(plans.page(0, 10).isEmpty());
+}
+
+void tst_database::anIdIsTakenOnlyAsItIsWritten_data()
+{
+    QTest::addColumn<QString>("id");
+    QTest::addColumn<qint64>("number");
+    QTest::newRow("the first plan") << QStringLiteral("AP00000001") << qint64(1);
+    QTest::newRow("more than eight digits") << QStringLiteral("AP123456789") << qint64(123456789);
+    QTest::newRow("too few zeros") << QStringLiteral("AP1") << qint64(0);
+    QTest::newRow("lower case") << QStringLiteral("ap00000001") << qint64(0);
+    QTest::newRow("a sign") << QStringLiteral("AP+0000001") << qint64(0);
+    QTest::newRow("zero") << QStringLiteral("AP00000000") << qint64(0);
+    QTest::newRow("too large") << QStringLiteral("AP99999999999999999999") << qint64(0);
+    QTest::newRow("empty") << QString() << qint64(0);
+}
+
+void tst_database::anIdIsTakenOnlyAsItIsWritten()
+{
+    QFETCH(QString, id);
+    QFETCH(qint64, number);
+    QCOMPARE(PlanId::toNumber(id).value_or(0), number);
+}
+
+void tst_database::aCreatedPlanReadsBackAsItWas()
+{
+    PlanStore plans(*m_database, otherParamKey);
+    const auto created = plans.create(sampleRecord(), QStringLiteral("trader01"), morning);
+    QCOMPARE(created.reason, QString());
+    const StoredPlan plan = plans.plan(created.id);
+    QCOMPARE(plan.id, created.id);
+    QCOMPARE(plan.version, 1);
+    QCOMPARE(plan.creator, QStringLiteral("trader01"));
+    QCOMPARE(plan.created, morning);
+    QCOMPARE(plan.changed, morning);
+    QCOMPARE(plan.record, sampleRecord());
+    for (const QVariant& value : plan.record)
+        QCOMPARE(value.type(), QVariant::String);
+}
+
+void tst_database::aPlanWithoutOtherParametersHasNoSuchKey()
+{
+    PlanStore plans(*m_database, otherParamKey);
+    PlanStore::Record record = sampleRecord();
+    record.remove(otherParamKey);
+    const QString id = plans.create(record, QString(), morning).id;
+    QVERIFY(!plans.record(id).contains(otherParamKey));
+    record.insert(otherParamKey, QString());
+    QCOMPARE(plans.modify(id, record, noon), QString());
+    QVERIFY(plans.record(id).contains(otherParamKey));
+}
+
+void tst_database::idsAreNewAndAscending()
+{
+    PlanStore plans(*m_database, otherParamKey);
+    const QString first = plans.create(sampleRecord(), QStringLiteral("u"), morning).id;
+    QCOMPARE(m_database->execute(QStringLiteral("DELETE FROM plans")), QString());
+    const QString second = plans.create(sampleRecord(), QStringLiteral("u"), morning).id;
+    QCOMPARE(first, QStringLiteral("AP00000001"));
+    QCOMPARE(second, QStringLiteral("AP00000002"));
+    QCOMPARE(plans.record(first), PlanStore::Record());
+}
+
+void tst_database::aRecordThatIsNotTextIsRefusedWhole()
+{
+    PlanStore plans(*m_database, otherParamKey);
+    PlanStore::Record record = sampleRecord();
+    record.insert(QStringLiteral("totalQty"), 100.0);
+    const auto created = plans.create(record, QStringLiteral("u"), morning);
+    QCOMPARE(created.reason, QStringLiteral("计划字段“totalQty”的值不是文本"));
+    QCOMPARE(created.id, QString());
+    QCOMPARE(plans.count(), 0);
+}
+
+void tst_database::anEmptyRecordIsRefused()
+{
+    PlanStore plans(*m_database, otherParamKey);
+    QCOMPARE(plans.create({}, QStringLiteral("u"), morning).reason, QStringLiteral("计划内容为空"));
+    QCOMPARE(plans.count(), 0);
+}
+
+void tst_database::aModifiedPlanCountsItsVersionUp()
+{
+    PlanStore plans(*m_database, otherParamKey);
+    const QString id = plans.create(sampleRecord(), QStringLiteral("u"), morning).id;
+    const PlanStore::Record changed{ { QStringLiteral("symbol"), QStringLiteral("000001.SZ") } };
+    QCOMPARE(plans.modify(id, changed, noon), QString());
+    const StoredPlan plan = plans.plan(id);
+    QCOMPARE(plan.version, 2);
+    QCOMPARE(plan.record, changed);
+    QCOMPARE(plan.created, morning);
+    QCOMPARE(plan.changed, noon);
+}
+
+void tst_database::aModificationThatFailsLeavesThePlan()
+{
+    PlanStore plans(*m_database, otherParamKey);
+    const QString id = plans.create(sampleRecord(), QStringLiteral("u"), morning).id;
+    QCOMPARE(m_database->execute(QStringLiteral("CREATE TRIGGER no_remark BEFORE INSERT ON plan_fields"
+                                                " WHEN NEW.value = 'bad' BEGIN SELECT RAISE(ABORT, 'no'); END")),
+        QString());
+    PlanStore::Record changed = sampleRecord();
+    changed.insert(QStringLiteral("symbol"), QStringLiteral("bad"));
+    QVERIFY(!plans.modify(id, changed, noon).isEmpty());
+    QCOMPARE(plans.plan(id).version, 1);
+    QCOMPARE(plans.record(id), sampleRecord());
+}
+
+void tst_database::anUnknownPlanCannotBeModified()
+{
+    PlanStore plans(*m_database, otherParamKey);
+    for (const QString& id : { QStringLiteral("AP00000007"), QStringLiteral("nonsense"), QString() })
+        QCOMPARE(plans.modify(id, sampleRecord(), noon), QStringLiteral("计划%1不存在").arg(id));
+    QCOMPARE(plans.count(), 0);
+    QCOMPARE(plans.plan(QStringLiteral("AP00000007")).id, QString());
+}
+
+void tst_database::pagesShowTheNewestPlansFirst()
+{
+    PlanStore plans(*m_database, otherParamKey);
+    for (int i = 0; i < 5; ++i)
+        plans.create(sampleRecord(), QStringLiteral("u"), morning);
+    QCOMPARE(plans.count(), 5);
+    const QVector<StoredPlan> page = plans.page(1, 2);
+    QCOMPARE(page.size(), 2);
+    QCOMPARE(page.at(0).id, QStringLiteral("AP00000004"));
+    QCOMPARE(page.at(1).id, QStringLiteral("AP00000003"));
+    QCOMPARE(page.at(0).record, sampleRecord());
+    QCOMPARE(plans.page(4, 10).size(), 1);
+    QCOMPARE(plans.page(5, 10).size(), 0);
+    QCOMPARE(plans.page(-1, 10).size(), 0);
+    QCOMPARE(plans.page(0, 0).size(), 0);
+}
+
+void tst_database::plansOfAPeriodIncludeItsFirstAndLastDay()
+{
+    PlanStore plans(*m_database, otherParamKey);
+    const QString begin = QStringLiteral("begin");
+    const QString end = QStringLiteral("end");
+    const QString id = plans
+                           .create({ { begin, QStringLiteral("2024-05-06") }, { end, QStringLiteral("2024-05-08") } },
+                               QStringLiteral("u"), morning)
+                           .id;
+    QCOMPARE(plans.idsOfPeriod(begin, end, QDate(2024, 5, 5)), QStringList());
+    QCOMPARE(plans.idsOfPeriod(begin, end, QDate(2024, 5, 6)), QStringList{ id });
+    QCOMPARE(plans.idsOfPeriod(begin, end, QDate(2024, 5, 8)), QStringList{ id });
+    QCOMPARE(plans.idsOfPeriod(begin, end, QDate(2024, 5, 9)), QStringList());
+}
+
+void tst_database::anOtherParameterTextOfAMegabyteReadsBack()
+{
+    PlanStore plans(*m_database, otherParamKey);
+    PlanStore::Record record = sampleRecord();
+    record.insert(otherParamKey, QString(1 << 20, QChar(u'数')));
+    const QString id = plans.create(record, QStringLiteral("u"), morning).id;
+    QCOMPARE(plans.record(id), record);
+}
+
+void tst_database::instructionsBelongToTheirPlanAndDay()
+{
+    PlanStore plans(*m_database, otherParamKey);
+    InstructionStore instructions(*m_database);
+    const QString plan = plans.create(sampleRecord(), QStringLiteral("u"), morning).id;
+    const QString other = plans.create(sampleRecord(), QStringLiteral("u"), morning).id;
+    const InstructionStore::Fields fields{ { QStringLiteral("14"), QStringLiteral("0") },
+        { QStringLiteral("38"), QStringLiteral("500") } };
+    const auto first = instructions.add(plan, QDate(2024, 5, 6), fields);
+    const auto second = instructions.add(plan, QDate(2024, 5, 7), fields);
+    QCOMPARE(first.reason, QString());
+    QVERIFY(first.id < second.id);
+    QCOMPARE(instructions.update(plan, first.id, { { QStringLiteral("14"), QStringLiteral("300") } }), QString());
+
+    const auto all = instructions.ofPlan(plan);
+    QCOMPARE(all.keys(), QStringList({ first.id, second.id }));
+    QCOMPARE(all.value(first.id).value(QStringLiteral("14")).toString(), QStringLiteral("300"));
+    QCOMPARE(all.value(first.id).value(QStringLiteral("38")).toString(), QStringLiteral("500"));
+    QCOMPARE(all.value(second.id), fields);
+    QCOMPARE(instructions.ofDay(plan, QDate(2024, 5, 7)).keys(), QStringList{ second.id });
+    QCOMPARE(instructions.ofPlan(other).size(), 0);
+}
+
+void tst_database::anInstructionOfAnUnknownPlanIsRefused()
+{
+    InstructionStore instructions(*m_database);
+    const QString plan = QStringLiteral("AP00000001");
+    QCOMPARE(instructions.add(plan, QDate(2024, 5, 6), {}).reason, QStringLiteral("计划AP00000001不存在"));
+    QCOMPARE(instructions.update(plan, QStringLiteral("x"), {}), QStringLiteral("指令x不存在"));
+    QCOMPARE(instructions.ofPlan(plan).size(), 0);
+}
+
+void tst_database::accountsComeInTheOrderInWhichTheyWereGiven()
+{
+    UserStore users(*m_database);
+    QCOMPARE(users.add({ QStringLiteral("u1"), QStringLiteral("林岫") }), QString());
+    addAccount(QStringLiteral("2"), QStringLiteral("C2"));
+    addAccount(QStringLiteral("1"), QStringLiteral("C1"));
+    AccountStore accounts(*m_database);
+    QCOMPARE(accounts.assign(QStringLiteral("u1"), QStringLiteral("2")), QString());
+    QCOMPARE(accounts.assign(QStringLiteral("u1"), QStringLiteral("1")), QString());
+    QVERIFY(!accounts.assign(QStringLiteral("nobody"), QStringLiteral("1")).isEmpty());
+
+    const QVector<StoredAccount> mine = accounts.accountsOf(QStringLiteral("u1"));
+    QCOMPARE(mine.size(), 2);
+    QCOMPARE(mine.at(0).tradingAccount, QStringLiteral("2"));
+    QCOMPARE(mine.at(1).tradingAccount, QStringLiteral("1"));
+    QCOMPARE(mine.at(0).exchangeAccounts.value(QStringLiteral("XSHG")), QStringLiteral("A1"));
+    QCOMPARE(accounts.account(QStringLiteral("1")).clientNo, QStringLiteral("C1"));
+    QCOMPARE(accounts.account(QStringLiteral("9")).tradingAccount, QString());
+    QCOMPARE(users.user(QStringLiteral("u1")).name, QStringLiteral("林岫"));
+    QCOMPARE(users.user(QStringLiteral("u2")).id, QString());
+    QCOMPARE(users.users().size(), 1);
+}
+
+void tst_database::authoritiesAndRulesAreKeptPerUserAccountAndType()
+{
+    const QString user = QStringLiteral("u1");
+    const QString account = QStringLiteral("1");
+    UserStore(*m_database).add({ user, user });
+    addAccount(account, QStringLiteral("C1"));
+    AuthorityStore authorities(*m_database);
+    QCOMPARE(authorities.grant(user, account, QStringLiteral("5")), QString());
+    QVERIFY(authorities.hasAuthority(user, account, QStringLiteral("5")));
+    QVERIFY(!authorities.hasAuthority(user, account, QStringLiteral("1")));
+    QVERIFY(!authorities.hasAuthority(QStringLiteral("u2"), account, QStringLiteral("5")));
+    QCOMPARE(authorities.ruleProperty(user, account, QStringLiteral("5")), 0);
+    QCOMPARE(authorities.setRuleProperty(user, account, QStringLiteral("5"), 1), QString());
+    QCOMPARE(authorities.ruleProperty(user, account, QStringLiteral("5")), 1);
+    QCOMPARE(authorities.ruleProperty(user, account, QStringLiteral("1")), 0);
+}
+
+void tst_database::aChainKeepsItsOrderAndItsDuplicates()
+{
+    const QString key = QStringLiteral("K");
+    const QStringList names{ QStringLiteral("乙"), QStringLiteral("甲"), QStringLiteral("乙") };
+    addAccount(QStringLiteral("1"), QStringLiteral("C1"));
+    AuthorityStore chains(*m_database);
+    QCOMPARE(chains.addChain(QStringLiteral("1"), QStringLiteral("5"), key), QString());
+    QCOMPARE(chains.addChainUsers(key, ChainRole::Forward, names), QString());
+    QCOMPARE(chains.chainKey(QStringLiteral("1"), QStringLiteral("5")), key);
+    QCOMPARE(chains.chainKey(QStringLiteral("1"), QStringLiteral("1")), QString());
+    QCOMPARE(chains.chainUsers(key, ChainRole::Forward), names);
+    QCOMPARE(chains.chainUsers(key, ChainRole::Execute), QStringList());
+    QVERIFY(!chains.addChainUsers(QStringLiteral("other"), ChainRole::Execute, names).isEmpty());
+}
+
+void tst_database::aSignatureIsKeptWithTimeAndUser()
+{
+    const QString protocol = QStringLiteral("reduce");
+    UserStore(*m_database).add({ QStringLiteral("u1"), QStringLiteral("u1") });
+    addAccount(QStringLiteral("1"), QStringLiteral("C1"));
+    addAccount(QStringLiteral("2"), QStringLiteral("C2"));
+    for (const QString& account : { QStringLiteral("1"), QStringLiteral("2") })
+        AccountStore(*m_database).assign(QStringLiteral("u1"), account);
+    AgreementStore agreements(*m_database);
+    QCOMPARE(agreements.add({ protocol, QStringLiteral("标题"), QStringLiteral("正文") }), QString());
+    QCOMPARE(agreements.agreement(protocol).content, QStringLiteral("正文"));
+    QCOMPARE(agreements.unsignedClientNumbers(protocol, QStringLiteral("u1")),
+        QStringList({ QStringLiteral("C1"), QStringLiteral("C2") }));
+
+    QCOMPARE(agreements.sign(protocol, QStringLiteral("C1"), QStringLiteral("u1"), morning), QString());
+    QCOMPARE(agreements.sign(protocol, QStringLiteral("C1"), QStringLiteral("u1"), noon), QString());
+    QCOMPARE(agreements.signedTime(protocol, QStringLiteral("C1")), morning);
+    QVERIFY(!agreements.signedTime(protocol, QStringLiteral("C2")).isValid());
+    QCOMPARE(agreements.unsignedClientNumbers(protocol, QStringLiteral("u1")), QStringList{ QStringLiteral("C2") });
+    QVERIFY(!agreements.sign(QStringLiteral("unknown"), QStringLiteral("C1"), QString(), noon).isEmpty());
+}
+
+void tst_database::positionsAreFoundByAccountAndSymbol()
+{
+    addAccount(QStringLiteral("1"), QStringLiteral("C1"));
+    PositionStore positions(*m_database);
+    const QString symbol = QStringLiteral("600000.SH");
+    QCOMPARE(positions.set({ QStringLiteral("1"), QStringLiteral("A1"), symbol, 500, 300 }), QString());
+    QCOMPARE(positions.set({ QStringLiteral("1"), QStringLiteral("A2"), symbol, 7, 7 }), QString());
+    const auto found = positions.positions(QStringLiteral("1"), QStringLiteral("A1"), symbol);
+    QCOMPARE(found.size(), 1);
+    QCOMPARE(found.at(0).quantity, qint64(500));
+    QCOMPARE(found.at(0).tradeableQuantity, qint64(300));
+    QCOMPARE(positions.positions(QStringLiteral("1"), QString(), symbol).size(), 2);
+    QCOMPARE(positions.positions(QStringLiteral("1"), QStringLiteral("A1"), QStringLiteral("x")).size(), 0);
+}
+
+void tst_database::aListForOneSecurityGoesBeforeTheGeneralOne()
+{
+    StrategyStore strategies(*m_database);
+    const QString type = QStringLiteral("1");
+    const QString target = QStringLiteral("Q");
+    const QString symbol = QStringLiteral("600000.SH");
+    const QStringList general{ QStringLiteral("VWAP"), QStringLiteral("TWAP") };
+    const QStringList own{ QStringLiteral("SNIPER") };
+    QCOMPARE(strategies.setWhiteList(type, target, QString(), general), QString());
+    QCOMPARE(strategies.whiteList(type, target, symbol), general);
+    QCOMPARE(strategies.setWhiteList(type, target, symbol, own), QString());
+    QCOMPARE(strategies.whiteList(type, target, symbol), own);
+    QCOMPARE(strategies.whiteList(type, target, QStringLiteral("000001.SZ")), general);
+    QCOMPARE(strategies.whiteList(QStringLiteral("9"), target, symbol), QStringList());
+    QCOMPARE(strategies.blackList(target), QStringList());
+    QCOMPARE(strategies.setBlackList(target, own), QString());
+    QCOMPARE(strategies.setBlackList(target, general), QString());
+    QCOMPARE(strategies.blackList(target), general);
+}
+
+void tst_database::strategiesAndTextsReadBack()
+{
+    StrategyStore strategies(*m_database);
+    QCOMPARE(strategies.setStrategies({ { QStringLiteral("VWAP"), QStringLiteral("均价"), QStringLiteral("vwap.xml") },
+                 { QStringLiteral("POV"), QStringLiteral("占比"), QStringLiteral("pov.xml") } }),
+        QString());
+    QCOMPARE(strategies.strategies().size(), 2);
+    QCOMPARE(strategies.strategies().at(0).alias, QStringLiteral("均价"));
+
+    StaticTextStore texts(*m_database);
+    QCOMPARE(texts.set(QStringLiteral("c"), QStringLiteral("k"), QStringLiteral("文")), QString());
+    QCOMPARE(texts.text(QStringLiteral("c"), QStringLiteral("k")), QStringLiteral("文"));
+    QCOMPARE(texts.text(QStringLiteral("c"), QStringLiteral("x"), QStringLiteral("缺省")), QStringLiteral("缺省"));
+}
+
+void tst_database::tradeDaysAreReplaced()
+{
+    TradeDayStore days(*m_database);
+    const QString exchange = QStringLiteral("XSHG");
+    const QList<QDate> week{ QDate(2024, 5, 6), QDate(2024, 5, 7) };
+    QCOMPARE(days.replace(exchange, { QDate(2024, 4, 30) }), QString());
+    QCOMPARE(days.replace(exchange, week), QString());
+    QCOMPARE(days.days(exchange, QDate(2024, 1, 1)), week);
+    QCOMPARE(days.days(exchange, QDate(2024, 5, 7)), QList<QDate>{ week.at(1) });
+    QCOMPARE(days.days(QStringLiteral("XSHE"), QDate(2024, 1, 1)), QList<QDate>());
+}
+
+QTEST_GUILESS_MAIN(tst_database)
+#include "tst_database.moc"
