@@ -5,6 +5,8 @@
 
 #include <QtTest>
 
+#include <algorithm>
+
 using Day = TradeCalendar::Day;
 
 Q_DECLARE_METATYPE(TradeCalendar::Day)
