@@ -27,7 +27,7 @@ CalendarPopup::CalendarPopup(const Refusal& refusal, const QDate& shown, QWidget
     setObjectName(QStringLiteral("calendarPopup"));
     setAttribute(Qt::WA_DeleteOnClose);
     setFrameShape(QFrame::StyledPanel);
-    setAutoFillBackground(true);
+    setAttribute(Qt::WA_StyledBackground);
     setFocusPolicy(Qt::StrongFocus);
     build();
     const QDate around = shown.isValid() ? shown : QDate::currentDate();

@@ -1,5 +1,6 @@
 #include "ComboSearchPopup.h"
 
+#include "EvenRowDelegate.h"
 #include "PopupPlace.h"
 #include <QKeyEvent>
 #include <QPointer>
@@ -12,13 +13,14 @@ constexpr int rowsAtOnce = 10;
 } // namespace
 
 ComboSearchPopup::ComboSearchPopup(QComboBox* box)
-    : QFrame(box, Qt::Popup)
+    : QWidget(box, Qt::Popup)
     , m_box(box)
     , m_search(new QLineEdit(this))
     , m_list(new QListView(this))
 {
     setObjectName(QStringLiteral("comboSearchPopup"));
-    setFrameShape(QFrame::StyledPanel);
+    // A frame below a combo box would be left out by style sheets.
+    setAttribute(Qt::WA_StyledBackground);
     m_search->setObjectName(QStringLiteral("comboSearch"));
     m_search->setPlaceholderText(tr("输入文字筛选"));
     m_search->setClearButtonEnabled(true);
@@ -29,6 +31,7 @@ ComboSearchPopup::ComboSearchPopup(QComboBox* box)
     m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_items.setFilterCaseSensitivity(Qt::CaseInsensitive);
+    m_list->setItemDelegate(new EvenRowDelegate(m_list));
     m_list->setModel(&m_items);
 
     auto* rows = new QVBoxLayout(this);
@@ -62,7 +65,7 @@ void ComboSearchPopup::open()
 QSize ComboSearchPopup::wantedSize() const
 {
     const int shown = qBound(1, m_items.rowCount(), rowsAtOnce);
-    const int frame = 2 * (frameWidth() + m_list->frameWidth());
+    const int frame = 2 * m_list->frameWidth() + 10;
     const int width = qMax(m_box->width(), qMin(420, m_list->sizeHintForColumn(0) + 32 + frame));
     const int row = qMax(m_list->sizeHintForRow(0), fontMetrics().height());
     return { width, m_search->sizeHint().height() + 12 + shown * row + frame + 4 };
@@ -100,7 +103,7 @@ bool ComboSearchPopup::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == m_search && event->type() == QEvent::KeyPress)
         return handleKey(static_cast<QKeyEvent*>(event)->key());
-    return QFrame::eventFilter(watched, event);
+    return QWidget::eventFilter(watched, event);
 }
 
 bool ComboSearchPopup::handleKey(int key)

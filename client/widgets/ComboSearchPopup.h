@@ -1,14 +1,14 @@
 #pragma once
 
 #include <QComboBox>
-#include <QFrame>
 #include <QLineEdit>
 #include <QListView>
 #include <QSortFilterProxyModel>
+#include <QWidget>
 
 /// The popup of a combo box with a search field above its items. Typing narrows the items; Up, Down, Page Up and Page
 /// Down move, Enter chooses, Escape closes.
-class ComboSearchPopup : public QFrame {
+class ComboSearchPopup : public QWidget {
     Q_OBJECT
 
 public:

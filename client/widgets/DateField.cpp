@@ -24,7 +24,6 @@ DateField::DateField(const QString& objectName, const QString& title, QWidget* p
 {
     m_edit->setObjectName(QStringLiteral("le_") + objectName);
     m_edit->setAccessibleName(title);
-    m_edit->setPlaceholderText(tr("年-月-日"));
     m_edit->setMaxLength(10);
     m_edit->setFrame(false);
     m_edit->installEventFilter(this);
@@ -34,6 +33,7 @@ DateField::DateField(const QString& objectName, const QString& title, QWidget* p
     m_button->setToolTip(tr("打开日历"));
     m_button->setAccessibleName(title + tr("日历"));
     m_button->setFocusPolicy(Qt::StrongFocus);
+    m_button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
     m_time->setDisplayFormat(QStringLiteral("HH:mm:ss"));
     m_time->setVisible(false);
     auto* row = new QHBoxLayout(this);

@@ -1,19 +1,67 @@
 #include "OrloPushButton.h"
 
+#include <QApplication>
+#include <QEvent>
+#include <QFontInfo>
+#include <QScopedValueRollback>
 #include <QStyle>
 
 const QString OrloPushButton::BtnStyleType::Normal = QStringLiteral("normal");
 const QString OrloPushButton::BtnStyleType::Highlight = QStringLiteral("highlight");
 const QString OrloPushButton::BtnStyleType::Text = QStringLiteral("text");
 
-class OrloPushButton::Private {
+namespace {
+
+constexpr int smallestText = 9;
+constexpr int textMargin = 4;
+
+} // namespace
+
+class OrloPushButton::Private : public QObject {
 public:
+    explicit Private(OrloPushButton* button)
+        : q(button)
+    {
+        q->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void fitText();
+
     QString styleType = BtnStyleType::Normal;
+
+private:
+    OrloPushButton* q;
+    bool fitting = false;
 };
+
+bool OrloPushButton::Private::eventFilter(QObject* watched, QEvent* event)
+{
+    const QEvent::Type type = event->type();
+    if (type == QEvent::Resize || type == QEvent::Show || type == QEvent::FontChange || type == QEvent::StyleChange)
+        fitText();
+    return QObject::eventFilter(watched, event);
+}
+
+/// A button that is a text has no room of its own: forms fix its width to that of the text in the usual font, so in a
+/// larger one the text gives way.
+void OrloPushButton::Private::fitText()
+{
+    if (fitting || styleType != BtnStyleType::Text)
+        return;
+    const QScopedValueRollback<bool> own(fitting, true);
+    QFont font = q->parentWidget() ? q->parentWidget()->font() : QApplication::font(q);
+    const int room = q->maximumWidth() - textMargin;
+    int size = QFontInfo(font).pixelSize();
+    while (size > smallestText && QFontMetrics(font).horizontalAdvance(q->text()) > room)
+        font.setPixelSize(--size);
+    if (font != q->font())
+        q->setFont(font);
+}
 
 OrloPushButton::OrloPushButton(QWidget* parent)
     : QPushButton(parent)
-    , d(std::make_unique<Private>())
+    , d(std::make_unique<Private>(this))
 {
 }
 
@@ -28,6 +76,7 @@ void OrloPushButton::setStyleType(const QString& styleType)
     // A style sheet chooses its rules when it polishes a widget, not when a property changes.
     style()->unpolish(this);
     style()->polish(this);
+    d->fitText();
     update();
 }
 

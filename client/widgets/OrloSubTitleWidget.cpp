@@ -15,6 +15,7 @@ public:
         mark->setFrameShape(QFrame::VLine);
         title->setObjectName(QStringLiteral("titleText"));
         title->setTextFormat(Qt::PlainText);
+        q->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
         auto* row = new QHBoxLayout(q);
         row->setContentsMargins(0, 0, 0, 0);
         row->setSpacing(6);

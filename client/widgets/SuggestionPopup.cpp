@@ -1,5 +1,6 @@
 #include "SuggestionPopup.h"
 
+#include "EvenRowDelegate.h"
 #include "PopupPlace.h"
 #include <QKeyEvent>
 
@@ -27,6 +28,7 @@ SuggestionPopup::SuggestionPopup(QLineEdit* edit)
     setSelectionMode(QAbstractItemView::SingleSelection);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTextElideMode(Qt::ElideRight);
+    setItemDelegate(new EvenRowDelegate(this));
     setModel(&m_rows);
     connect(this, &QListView::clicked, this, [this](const QModelIndex& index) { choose(index.row()); });
     edit->installEventFilter(this);

@@ -182,7 +182,7 @@ VorSearchBox::VorSearchBox(QWidget* parent)
     : QLineEdit(parent)
     , d(std::make_unique<Private>(this))
 {
-    setPlaceholderText(tr("代码/名称"));
+    setToolTip(tr("输入证券代码或名称查找"));
 }
 
 VorSearchBox::~VorSearchBox() = default;

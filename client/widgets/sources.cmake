@@ -10,6 +10,8 @@ set(widget_sources
     DateRules.h
     DecimalText.cpp
     DecimalText.h
+    EvenRowDelegate.cpp
+    EvenRowDelegate.h
     FieldHint.cpp
     FieldHint.h
     FormulaCompletion.cpp
