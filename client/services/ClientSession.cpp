@@ -8,6 +8,7 @@
 #include "market/SampleMarket.h"
 #include "market/SampleTexts.h"
 #include "services/ClientClock.h"
+#include "services/SampleStrategyLists.h"
 #include "store/AgreementStore.h"
 #include "store/StaticTextStore.h"
 #include "store/TradeDayStore.h"
@@ -148,6 +149,8 @@ QString ClientSession::makeSampleData(const Progress& progress, const Options& o
     QString reason = SampleMarket::write(m_database, sample, progress);
     if (reason.isEmpty())
         reason = SampleTexts::write(m_database);
+    if (reason.isEmpty())
+        reason = SampleStrategyLists::write(m_database);
     return reason.isEmpty() ? SampleAccounts::write(m_database, QDateTime(sample.lastDay, QTime(9, 0))) : reason;
 }
 

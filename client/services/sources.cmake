@@ -9,8 +9,12 @@ target_sources(plandesk_platform PRIVATE
     services/CDataBase.cpp
     services/ClientClock.cpp
     services/ClientSession.cpp
+    services/DayPrice.cpp
+    services/DayShare.cpp
     services/EntrustTypes.cpp
+    services/FillSimulator.cpp
     services/InstructionBusinessDataInterface.cpp
+    services/InstructionIssuer.cpp
     services/MovingAverageDesk.cpp
     services/MovingAverageDesk.h
     services/OrloBusiUtils.cpp
@@ -20,6 +24,7 @@ target_sources(plandesk_platform PRIVATE
     services/PlanNews.cpp
     services/PlanNews.h
     services/PlanTexts.cpp
+    services/SampleStrategyLists.cpp
     services/Signatures.cpp
     services/TradeDates.cpp
 )

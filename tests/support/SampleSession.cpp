@@ -1,0 +1,88 @@
+#include "SampleSession.h"
+
+#include "AutoPlanField.h"
+#include "AutoPlanLogic.h"
+#include "Kelvo_Fields.h"
+#include "Kelvo_Values.h"
+#include "OrloBusinessDataInterface.h"
+#include "Orlo_Fields.h"
+#include "defines/PlanCodes.h"
+#include "services/ClientClock.h"
+#include "services/ClientSession.h"
+#include "store/SecurityStore.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace BaseField = AutoPlanField::BaseField;
+using namespace PlanCodes;
+
+SampleSession::SampleSession(const QString& userId, int marketSize)
+{
+    setClientToday(today());
+    ClientSession::Options options;
+    options.marketSize = marketSize;
+    m_reason = ClientSession::instance().open(file(), userId, ClientSession::Progress(), options);
+}
+
+SampleSession::~SampleSession()
+{
+    ClientSession::instance().close();
+    setClientToday(QDate());
+}
+
+QString SampleSession::reopen(const QString& userId)
+{
+    ClientSession::instance().close();
+    return ClientSession::instance().open(file(), userId);
+}
+
+QString SampleSession::symbolOf(const QString& subType, const QString& suffix)
+{
+    return SecurityStore(ClientSession::instance().database()).firstSymbols(subType, suffix, 1).value(0);
+}
+
+QMap<QString, QVariant> SampleSession::record()
+{
+    const QString account = QStringLiteral("100001");
+    const QString symbol = symbolOf(Kelvo_Values::MdcSubSecurityType::Ashares, Kelvo_Values::SymbolPost::sh);
+    const QString exchange = Kelvo_Values::Exchange::sh;
+    const QMap<QString, QVariant> plain{
+        { Kelvo_Fields::UserAccount::userID, QStringLiteral("trader01") },
+        { Orlo_Fields::AutoPlan::templateCode, PlanType::CumulativeQty },
+        { Orlo_Fields::AutoPlan::subType, InstructionType::Ordinary },
+        { Kelvo_Fields::UserAccount::tradingAccount, account },
+        { FieldId::Branch, QStringLiteral("B001") },
+        { Kelvo_Fields::Security::symbol, symbol },
+        { Kelvo_Fields::UserAccount::securityExchange, exchange },
+        { Kelvo_Fields::UserAccount::securityAccount,
+            OrloBusinessDataInterface::GetCurrentSecurityAccountByTradingAndExchange(account, exchange) },
+        { BaseField::orderSide, Kelvo_Values::OrderSide::buy },
+        { BaseField::priceModel, PriceModel::NoLimit },
+        { BaseField::priceFormula1, QStringLiteral("0.00") },
+        { BaseField::priceFixed, QStringLiteral("0.00") },
+        { BaseField::totalQty, QStringLiteral("1000") },
+        { BaseField::InstMode, InstMode::ActiveManage },
+        { BaseField::beginDate, QStringLiteral("2024-05-06") },
+        { BaseField::endDate, QStringLiteral("2024-05-10") },
+    };
+    return withOther(plain, { { AutoPlanField::Progress::CurrentQty, QStringLiteral("300") } });
+}
+
+QMap<QString, QVariant> SampleSession::withOther(
+    const QMap<QString, QVariant>& record, const QMap<QString, QVariant>& entries)
+{
+    QMap<QString, QVariant> other = AutoPlanLogic::instance().GetPlanOtherParamFromPlanInfo(record);
+    for (auto entry = entries.cbegin(); entry != entries.cend(); ++entry)
+        other.insert(entry.key(), entry.value());
+    const QJsonDocument document(QJsonObject::fromVariantMap(other));
+    QMap<QString, QVariant> changed = record;
+    changed.insert(BaseField::planOtherParam, QString::fromUtf8(document.toJson(QJsonDocument::Compact)));
+    return changed;
+}
+
+QString SampleSession::create(const QMap<QString, QVariant>& record)
+{
+    m_reason = AutoPlanLogic::instance().CreateNewPlan(record);
+    return m_reason.isEmpty() ? ClientSession::instance().plans().page(0, 1).value(0).id : QString();
+}

@@ -1,0 +1,168 @@
+#include "AutoPlanLogic.h"
+#include "Kelvo_Values.h"
+#include "LogCatcher.h"
+#include "SampleSession.h"
+#include "market/MovingAverages.h"
+#include "services/ClientSession.h"
+
+#include <QSignalSpy>
+#include <QThread>
+#include <QtTest>
+
+namespace {
+
+constexpr int patience = 10000;
+
+struct Answers {
+    QSignalSpy spy{ &AutoPlanLogic::instance(), &AutoPlanLogic::signalQuerySymbolMAResponse };
+
+    bool await() { return spy.count() > 0 || spy.wait(patience); }
+    QString symbol(int i) const { return spy.at(i).at(0).toString(); }
+    QStringList names(int i) const { return spy.at(i).at(1).toStringList(); }
+    QString reason(int i) const { return spy.at(i).at(2).toString(); }
+};
+
+void ask(const QString& symbol)
+{
+    Q_EMIT AutoPlanLogic::instance().signalQuerySymbolMAInfo(QStringLiteral("100001"), symbol);
+}
+
+QString share()
+{
+    return SampleSession::symbolOf(Kelvo_Values::MdcSubSecurityType::Ashares, Kelvo_Values::SymbolPost::sh);
+}
+
+} // namespace
+
+class TestMovingAverageQuery : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { m_log = std::make_unique<LogCatcher>(); }
+    void cleanup() { QCOMPARE(m_log->trouble(), QStringList()); }
+
+    void a_security_with_a_full_year_of_closes_has_every_average();
+    void an_answer_comes_after_the_question_has_returned();
+    void the_answer_is_emitted_from_another_thread();
+    void answers_come_in_the_order_of_the_questions();
+    void an_unknown_security_is_answered_with_a_reason();
+    void a_security_without_closes_has_no_average_and_no_reason();
+    void a_session_that_is_closed_answers_with_a_reason();
+    void an_answer_that_is_still_worked_out_is_dropped_when_the_session_closes();
+    void the_next_session_answers_again();
+
+private:
+    std::unique_ptr<LogCatcher> m_log;
+};
+
+void TestMovingAverageQuery::a_security_with_a_full_year_of_closes_has_every_average()
+{
+    const SampleSession session;
+    QCOMPARE(session.reason(), QString());
+    Answers answers;
+    ask(share());
+    QVERIFY(answers.await());
+    QCOMPARE(answers.spy.count(), 1);
+    QCOMPARE(answers.symbol(0), share());
+    QCOMPARE(answers.reason(0), QString());
+    QCOMPARE(answers.names(0), MovingAverages::names());
+}
+
+void TestMovingAverageQuery::an_answer_comes_after_the_question_has_returned()
+{
+    const SampleSession session;
+    Answers answers;
+    ask(share());
+    ask(QStringLiteral("999999.SH"));
+    QCOMPARE(answers.spy.count(), 0);
+    QTRY_COMPARE_WITH_TIMEOUT(answers.spy.count(), 2, patience);
+}
+
+void TestMovingAverageQuery::the_answer_is_emitted_from_another_thread()
+{
+    const SampleSession session;
+    std::atomic<QThread*> emitter{ nullptr };
+    QObject receiver;
+    connect(
+        &AutoPlanLogic::instance(), &AutoPlanLogic::signalQuerySymbolMAResponse, &receiver,
+        [&emitter] { emitter = QThread::currentThread(); }, Qt::DirectConnection);
+    ask(share());
+    QTRY_VERIFY_WITH_TIMEOUT(emitter != nullptr, patience);
+    QVERIFY(emitter != QThread::currentThread());
+}
+
+void TestMovingAverageQuery::answers_come_in_the_order_of_the_questions()
+{
+    const SampleSession session;
+    const QString bond = SampleSession::symbolOf(QStringLiteral("bond-treasury"), QString());
+    QVERIFY(!bond.isEmpty());
+    Answers answers;
+    ask(share());
+    ask(bond);
+    ask(share());
+    QTRY_COMPARE_WITH_TIMEOUT(answers.spy.count(), 3, patience);
+    QCOMPARE(answers.symbol(0), share());
+    QCOMPARE(answers.symbol(1), bond);
+    QCOMPARE(answers.symbol(2), share());
+}
+
+void TestMovingAverageQuery::an_unknown_security_is_answered_with_a_reason()
+{
+    const SampleSession session;
+    Answers answers;
+    ask(QStringLiteral("999999.SH"));
+    QVERIFY(answers.await());
+    QCOMPARE(answers.names(0), QStringList());
+    QCOMPARE(answers.reason(0), QStringLiteral("证券“999999.SH”不存在"));
+}
+
+void TestMovingAverageQuery::a_security_without_closes_has_no_average_and_no_reason()
+{
+    const SampleSession session;
+    QCOMPARE(ClientSession::instance().database().execute(QStringLiteral("DELETE FROM closing_prices")), QString());
+    Answers answers;
+    ask(share());
+    QVERIFY(answers.await());
+    QCOMPARE(answers.names(0), QStringList());
+    QCOMPARE(answers.reason(0), QString());
+}
+
+void TestMovingAverageQuery::a_session_that_is_closed_answers_with_a_reason()
+{
+    Answers answers;
+    ask(QStringLiteral("600000.SH"));
+    QVERIFY(answers.await());
+    QCOMPARE(answers.names(0), QStringList());
+    QCOMPARE(answers.reason(0), QStringLiteral("尚未登录，无法查询均价"));
+}
+
+void TestMovingAverageQuery::an_answer_that_is_still_worked_out_is_dropped_when_the_session_closes()
+{
+    auto session = std::make_unique<SampleSession>();
+    std::atomic_int answersAfterClosing{ 0 };
+    std::atomic_bool closed{ false };
+    QObject receiver;
+    connect(
+        &AutoPlanLogic::instance(), &AutoPlanLogic::signalQuerySymbolMAResponse, &receiver,
+        [&] { answersAfterClosing += closed ? 1 : 0; }, Qt::DirectConnection);
+    const QString symbol = share();
+    for (int i = 0; i < 50; ++i)
+        ask(symbol);
+    session.reset();
+    closed = true;
+    QCoreApplication::processEvents();
+    QCOMPARE(answersAfterClosing.load(), 0);
+}
+
+void TestMovingAverageQuery::the_next_session_answers_again()
+{
+    SampleSession session;
+    QCOMPARE(session.reopen(), QString());
+    Answers answers;
+    ask(share());
+    QVERIFY(answers.await());
+    QCOMPARE(answers.symbol(0), share());
+}
+
+QTEST_GUILESS_MAIN(TestMovingAverageQuery)
+#include "tst_moving_average_query.moc"
