@@ -96,9 +96,10 @@ void AlgorithmChoice::clear()
 QMap<QString, QString> AlgorithmChoice::parameterValues(
     const StrategyDefinition& strategy, const QMap<QString, QVariant>& map)
 {
+    const bool complete = map.value(BaseField::algoStrategyName).toString() == strategy.name;
     QMap<QString, QString> values;
     for (const StrategyParameter& parameter : strategy.parameters) {
-        if (map.contains(parameter.name))
+        if (complete || map.contains(parameter.name))
             values.insert(parameter.name, map.value(parameter.name).toString());
     }
     return values;

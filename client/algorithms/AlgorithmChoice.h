@@ -40,7 +40,8 @@ public:
     /// Forgets the strategy, its parameters and the base data; the lists stay.
     void clear();
 
-    /// The strategy's parameters in a map, as text.
+    /// The strategy's parameters in a map, as text. In a map that names the strategy every parameter counts, and an
+    /// absent one has been left empty; otherwise absent ones are absent.
     static QMap<QString, QString> parameterValues(
         const StrategyDefinition& strategy, const QMap<QString, QVariant>& map);
     /// Names of the first parameter or rule that the values fail, with what is wrong; empty when nothing is.

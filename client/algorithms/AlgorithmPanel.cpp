@@ -101,7 +101,6 @@ void AlgorithmPanel::buildChoice(QVBoxLayout* column)
     m_description = new QLabel(this);
     m_description->setObjectName(QStringLiteral("lab_description"));
     m_description->setWordWrap(true);
-    m_description->setEnabled(false);
     column->addWidget(m_description);
 }
 
@@ -147,6 +146,7 @@ QString AlgorithmPanel::LoadStrategy(const AesStrategy& strategy, const QMap<QSt
     const StrategyDefinition definition = StrategyLibrary::instance().strategy(strategy.name);
     showStrategy(strategy.name, AlgorithmChoice::parameterValues(definition, given));
     showBaseData();
+    m_strategies->setFocus(Qt::OtherFocusReason);
     if (!strategy.name.isEmpty())
         show();
     return SUCCESS;
@@ -234,8 +234,8 @@ void AlgorithmPanel::replaceForm(ParameterForm* form)
         return;
     m_formRoom->addWidget(m_form);
     m_form->setVisible((m_offers & Parameters) != 0);
-    setTabOrder(m_strategies, m_form);
-    setTabOrder(m_form, m_ok);
+    if (m_form->lastInput())
+        setTabOrder(m_form->lastInput(), m_ok);
     setTabOrder(m_ok, m_cancel);
 }
 

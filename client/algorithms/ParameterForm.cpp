@@ -13,6 +13,9 @@
 namespace {
 
 constexpr int COLUMNS = 4;
+constexpr int INPUT_WIDTH = 120;
+/// How strongly hints stand out against the background, of 255.
+constexpr int HINT_STRENGTH = 170;
 
 QString unitOf(const StrategyControl& control, const StrategyParameter& parameter)
 {
@@ -153,21 +156,33 @@ void ParameterForm::addRow(const StrategyControl& control, const StrategyParamet
     makeInput(row);
     row.input->setObjectName(QStringLiteral("input_") + parameter.name);
     row.input->setToolTip(control.tooltip);
+    row.input->setMinimumWidth(INPUT_WIDTH);
+    if (!row.lastFocus)
+        row.lastFocus = row.input;
 
     auto* const label = new QLabel(control.label, this);
     label->setBuddy(row.input);
-    auto* const unit = new QLabel(unitOf(control, parameter), this);
-    unit->setObjectName(QStringLiteral("unit_") + parameter.name);
-    auto* const hint = new QLabel(hintOf(parameter), this);
-    hint->setObjectName(QStringLiteral("hint_") + parameter.name);
-    hint->setEnabled(false);
-
     const int line = m_grid->rowCount();
     m_grid->addWidget(label, line, 0);
     m_grid->addWidget(row.input, line, 1);
-    m_grid->addWidget(unit, line, 2);
-    m_grid->addWidget(hint, line, 3);
+    addRemarks(row, line);
     m_rows.append(row);
+}
+
+void ParameterForm::addRemarks(const Row& row, int line)
+{
+    auto* const unit = new QLabel(unitOf(row.control, row.parameter), this);
+    unit->setObjectName(QStringLiteral("unit_") + row.parameter.name);
+    m_grid->addWidget(unit, line, 2);
+
+    auto* const hint = new QLabel(hintOf(row.parameter), this);
+    hint->setObjectName(QStringLiteral("hint_") + row.parameter.name);
+    QPalette faint = hint->palette();
+    QColor ink = faint.color(QPalette::WindowText);
+    ink.setAlpha(HINT_STRENGTH);
+    faint.setColor(QPalette::WindowText, ink);
+    hint->setPalette(faint);
+    m_grid->addWidget(hint, line, 3);
 }
 
 void ParameterForm::makeInput(Row& row)
@@ -228,6 +243,7 @@ void ParameterForm::makeRadioButtons(Row& row)
     for (const EnumeratedValue& item : qAsConst(row.control.items)) {
         auto* const button = new QRadioButton(item.text, row.input);
         line->addWidget(button);
+        row.lastFocus = button;
         group->addButton(button, offered.size());
         offered.append(valueOf(row.parameter, item.id));
     }

@@ -21,7 +21,6 @@ public:
 
     QString strategyName() const { return m_strategy.name; }
     StrategyDefinition strategy() const { return m_strategy; }
-    bool hasInputs() const { return !m_rows.isEmpty(); }
 
     /// Decimals of a price where the strategy's file leaves them open.
     void setPriceDecimals(int decimals);
@@ -32,6 +31,8 @@ public:
     QMap<QString, QString> values() const;
     /// Checks what is entered, in the order of the rows, then the relations between them.
     Fault check() const;
+    /// The last input in the order of the Tab key; null when there is none.
+    QWidget* lastInput() const { return m_rows.isEmpty() ? nullptr : m_rows.constLast().lastFocus; }
     /// Marks the input of a parameter as faulty and gives it the focus; an empty name takes the mark away.
     void markFault(const QString& parameter);
 
@@ -45,6 +46,7 @@ private:
         StrategyParameter parameter;
         StrategyControl control;
         QWidget* input = nullptr;
+        QWidget* lastFocus = nullptr; ///< the input itself unless it consists of several
         std::function<QString()> value;
         std::function<void(const QString&)> setValue;
     };
@@ -52,6 +54,7 @@ private:
     static QString sentence(const Row& row, const QString& problem);
     void addSection(const QString& title);
     void addRow(const StrategyControl& control, const StrategyParameter& parameter);
+    void addRemarks(const Row& row, int line);
     void makeInput(Row& row);
     void makeText(Row& row);
     void makeStepper(Row& row);

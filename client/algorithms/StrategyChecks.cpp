@@ -124,8 +124,6 @@ QString stepProblem(const StrategyControl& control, const StrategyParameter& par
     for (const QString& step : { control.increment, control.outerIncrement }) {
         if (step.isEmpty())
             continue;
-        if (!isSpinner(control.type))
-            return QStringLiteral("控件%1的类型不能有步长").arg(control.id);
         const bool good = ParameterValue::problem(unlimited(parameter), step).isEmpty() && step.toDouble() > 0;
         if (!good)
             return QStringLiteral("控件%1的步长“%2”应为大于零且符合参数类型的数字").arg(control.id, step);

@@ -267,24 +267,34 @@ void StrategyReader::readParameterKind(StrategyParameter& parameter, const QXmlS
     if (!use.isEmpty() && !parameter.required && use != QLatin1String("optional"))
         return fail(QStringLiteral("属性use的值“%1”应为required或optional").arg(use));
 
-    const bool numeric = ParameterValue::isNumber(parameter.type);
-    if (attributes.hasAttribute(QLatin1String("precision")) && (!numeric || parameter.type == ParameterType::Int))
-        return fail(QStringLiteral("参数类型%1不能有属性precision").arg(type));
-    parameter.precision = number(attributes, QStringLiteral("precision"), 0, MAX_PRECISION, parameter.precision);
+    const bool decimal = ParameterValue::isNumber(parameter.type) && parameter.type != ParameterType::Int;
+    const bool boolean = parameter.type == ParameterType::Boolean;
+    refuseForeign(attributes, type, decimal, { QStringLiteral("precision") });
+    refuseForeign(attributes, type, parameter.type == ParameterType::String, { QStringLiteral("maxLength") });
+    refuseForeign(attributes, type, boolean, { QStringLiteral("trueWireValue"), QStringLiteral("falseWireValue") });
+    readParameterText(parameter, attributes);
+}
 
-    if (attributes.hasAttribute(QLatin1String("maxLength")) && parameter.type != ParameterType::String)
-        return fail(QStringLiteral("参数类型%1不能有属性maxLength").arg(type));
+void StrategyReader::readParameterText(StrategyParameter& parameter, const QXmlStreamAttributes& attributes)
+{
+    parameter.precision = number(attributes, QStringLiteral("precision"), 0, MAX_PRECISION, parameter.precision);
     parameter.maxLength =
         number(attributes, QStringLiteral("maxLength"), 1, StrategyFile::MAX_TEXT, parameter.maxLength);
-
     const QString yes = attributes.value(QLatin1String("trueWireValue")).toString();
     const QString no = attributes.value(QLatin1String("falseWireValue")).toString();
-    if ((!yes.isEmpty() || !no.isEmpty()) && parameter.type != ParameterType::Boolean)
-        return fail(QStringLiteral("参数类型%1不能有属性trueWireValue或falseWireValue").arg(type));
     parameter.trueValue = yes.isEmpty() ? parameter.trueValue : yes;
     parameter.falseValue = no.isEmpty() ? parameter.falseValue : no;
     if (parameter.trueValue == parameter.falseValue)
         fail(QStringLiteral("属性trueWireValue与falseWireValue相同"));
+}
+
+void StrategyReader::refuseForeign(
+    const QXmlStreamAttributes& attributes, const QString& type, bool allowed, const QStringList& names)
+{
+    for (const QString& name : names) {
+        if (!allowed && attributes.hasAttribute(name))
+            fail(QStringLiteral("类型%1不能有属性%2").arg(type, name));
+    }
 }
 
 void StrategyReader::readEnumPair(StrategyParameter& parameter)
@@ -367,13 +377,10 @@ void StrategyReader::readControlKind(StrategyControl& control, const QXmlStreamA
         return fail(QStringLiteral("控件类型“%1”不支持").arg(type));
     control.type = controlTypes().value(type);
 
+    const bool one = control.type == ControlType::SingleSpinner;
     const bool two = control.type == ControlType::DoubleSpinner;
-    const QStringList foreign = two ? QStringList{ QStringLiteral("increment") }
-                                    : QStringList{ QStringLiteral("innerIncrement"), QStringLiteral("outerIncrement") };
-    for (const QString& name : foreign) {
-        if (attributes.hasAttribute(name))
-            return fail(QStringLiteral("控件类型%1不能有属性%2").arg(type, name));
-    }
+    refuseForeign(attributes, type, one, { QStringLiteral("increment") });
+    refuseForeign(attributes, type, two, { QStringLiteral("innerIncrement"), QStringLiteral("outerIncrement") });
     control.increment = attributes.value(two ? QLatin1String("innerIncrement") : QLatin1String("increment")).toString();
     control.outerIncrement = attributes.value(QLatin1String("outerIncrement")).toString();
 }

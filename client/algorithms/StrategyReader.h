@@ -27,6 +27,7 @@ private:
     void readDescription(QString& description);
     void readParameter(StrategyDefinition& strategy);
     void readParameterKind(StrategyParameter& parameter, const QXmlStreamAttributes& attributes);
+    void readParameterText(StrategyParameter& parameter, const QXmlStreamAttributes& attributes);
     void readEnumPair(StrategyParameter& parameter);
     void readLayout(StrategyDefinition& strategy);
     void readPanel(StrategyDefinition& strategy, const QString& section, int depth);
@@ -46,6 +47,8 @@ private:
     /// and hold every one of `needed`.
     QXmlStreamAttributes attributes(const QStringList& known, const QStringList& needed = {});
     bool isKnown(const QXmlStreamAttribute& attribute, const QStringList& known);
+    void refuseForeign(
+        const QXmlStreamAttributes& attributes, const QString& type, bool allowed, const QStringList& names);
     QString typeName(const QXmlStreamAttributes& attributes, const QString& vocabulary);
     int number(const QXmlStreamAttributes& attributes, const QString& name, int lowest, int highest, int absent);
     bool flag(const QXmlStreamAttributes& attributes, const QString& name, bool absent);
