@@ -128,15 +128,15 @@ void OrloDoubleSpinBox::Private::valueMoved(double value)
         makeEmpty();
         return;
     }
-    const bool given = isWithin(known, limits());
-    if (!given) {
+    if (!isWithin(known, limits())) {
         qWarning().noquote() << "OrloDoubleSpinBox: the range has left out" << known << "of" << q->objectName();
         makeEmpty();
         return;
     }
     if (!qFuzzyCompare(1 + known, 1 + value))
         FieldHint::showAt(q, OrloDoubleSpinBox::tr("已按%1位小数取整").arg(q->decimals()));
-    showNumber(value);
+    known = value;
+    releaseRange();
 }
 
 OrloDoubleSpinBox::OrloDoubleSpinBox(QWidget* parent)

@@ -1,0 +1,357 @@
+#include "FieldHint.h"
+#include "LogCatcher.h"
+#include "SuggestionPopup.h"
+#include "VorSearchBox.h"
+#include "WidgetServices.h"
+#include <QSignalSpy>
+#include <QTest>
+
+namespace {
+
+QString sh(int number)
+{
+    return QStringLiteral("600%1.SH").arg(number, 3, 10, QLatin1Char('0'));
+}
+
+} // namespace
+
+class SearchBoxTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void nothingMatchesBeforeTheLeastNumberOfCharacters();
+    void codesMatchByTheirBeginningWhateverTheCase();
+    void namesMatchByAnyPartInModeOneOnly();
+    void fullWidthDigitsAreDigits();
+    void atMostFiftyRowsAreLaidOut();
+    void exactCodesComeFirstEvenFromALaterRun();
+    void aKeyChoosesFromTheList();
+    void escapeClosesTheListAndKeepsTheText();
+    void aClickChoosesFromTheList();
+    void enterTakesTextThatCanMeanOneSecurityOnly_data();
+    void enterTakesTextThatCanMeanOneSecurityOnly();
+    void leavingTheFieldTakesACompleteCode();
+    void textThatMatchesNothingIsKeptWithAHint();
+    void tooShortATextSaysHowManyCharactersAreNeeded();
+    void editingUnchoosesOnce();
+    void setSymbolAnnouncesCodeThenNameAndOnlyChanges();
+    void setSymbolTakesWhatTheListDoesNotHold();
+    void blockedSignalsLookUpNoName();
+    void aNewListLeavesTheChoice();
+    void whoeverHearsAChoiceMayDeleteTheBox();
+    void whoeverHearsAChoiceMayChooseAnother();
+    void aKeystrokeReadsNoNamesOfTheMarketAgain();
+    void theIndexIsSharedByBoxes();
+
+private:
+    SuggestionPopup* list() const { return m_box->findChild<SuggestionPopup*>(); }
+    QStringList rows() const;
+    void type(const QString& text) { QTest::keyClicks(m_box, text); }
+
+    LogCatcher* m_log = nullptr;
+    QWidget* m_window = nullptr;
+    VorSearchBox* m_box = nullptr;
+    QLineEdit* m_other = nullptr;
+};
+
+void SearchBoxTest::init()
+{
+    m_log = new LogCatcher;
+    WidgetServices::instance() = WidgetServices();
+    auto& names = WidgetServices::instance().names;
+    QStringList stocks;
+    for (int i = 0; i < 120; ++i) {
+        stocks.append(sh(i));
+        names[sh(i)] = QStringLiteral("东海科技股份%1号").arg(i);
+    }
+    stocks << QStringLiteral("000001.SZ") << QStringLiteral("300750.SZ");
+    names[QStringLiteral("000001.SZ")] = QStringLiteral("南山银行控股集团");
+    names[QStringLiteral("300750.SZ")] = QStringLiteral("Alpha芯片ETF");
+    SymbolList market(stocks);
+    market += SymbolList({ QStringLiteral("600000.BJ"), QStringLiteral("000001.SH") });
+    m_window = new QWidget;
+    m_box = new VorSearchBox(m_window);
+    m_other = new QLineEdit(m_window);
+    m_other->move(0, 60);
+    m_window->resize(300, 120);
+    m_box->setSecurityList(market);
+    m_box->setSearchMode(1);
+    m_box->setMinMatchLength(6);
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window));
+    m_window->activateWindow();
+    m_box->setFocus();
+    QTRY_VERIFY(m_box->hasFocus());
+}
+
+void SearchBoxTest::cleanup()
+{
+    delete m_window;
+    QCOMPARE(m_log->trouble(), QStringList());
+    delete m_log;
+}
+
+QStringList SearchBoxTest::rows() const
+{
+    if (!list()->isVisible())
+        return {};
+    QStringList texts;
+    for (int row = 0; row < list()->model()->rowCount(); ++row)
+        texts.append(list()->model()->index(row, 0).data().toString());
+    return texts;
+}
+
+void SearchBoxTest::nothingMatchesBeforeTheLeastNumberOfCharacters()
+{
+    type(QStringLiteral("60000"));
+    QCOMPARE(rows(), QStringList());
+    QCOMPARE(WidgetServices::instance().nameLookups, 0);
+    type(QStringLiteral("1"));
+    QCOMPARE(rows(), QStringList{ QStringLiteral("600001.SH  东海科技股份1号") });
+}
+
+void SearchBoxTest::codesMatchByTheirBeginningWhateverTheCase()
+{
+    m_box->setSearchMode(0);
+    type(QStringLiteral("600007.s"));
+    QCOMPARE(rows().size(), 1);
+    QVERIFY(rows().first().startsWith(sh(7)));
+}
+
+void SearchBoxTest::namesMatchByAnyPartInModeOneOnly()
+{
+    m_box->setMinMatchLength(3);
+    m_box->setSearchMode(0);
+    m_box->insert(QStringLiteral("行控股"));
+    QCOMPARE(rows(), QStringList());
+    m_box->setSearchMode(1);
+    m_box->clear();
+    m_box->insert(QStringLiteral("行控股"));
+    QCOMPARE(rows(), QStringList{ QStringLiteral("000001.SZ  南山银行控股集团") });
+    m_box->clear();
+    m_box->insert(QStringLiteral("alpha"));
+    QCOMPARE(rows(), QStringList{ QStringLiteral("300750.SZ  Alpha芯片ETF") });
+}
+
+void SearchBoxTest::fullWidthDigitsAreDigits()
+{
+    m_box->insert(QStringLiteral("３００７５０"));
+    QCOMPARE(rows().size(), 1);
+    QTest::keyClick(m_box, Qt::Key_Return);
+    QCOMPARE(m_box->getSymbol(), QStringLiteral("300750.SZ"));
+}
+
+void SearchBoxTest::atMostFiftyRowsAreLaidOut()
+{
+    m_box->setMinMatchLength(2);
+    type(QStringLiteral("600"));
+    QCOMPARE(rows().size(), 50);
+    QVERIFY(list()->uniformItemSizes());
+    QCOMPARE(list()->markedRow(), -1);
+}
+
+void SearchBoxTest::exactCodesComeFirstEvenFromALaterRun()
+{
+    m_box->setMinMatchLength(1);
+    type(QStringLiteral("600000"));
+    QCOMPARE(rows().size(), 2);
+    QVERIFY(rows().at(0).startsWith(QStringLiteral("600000.SH")));
+    QVERIFY(rows().at(1).startsWith(QStringLiteral("600000.BJ")));
+}
+
+void SearchBoxTest::aKeyChoosesFromTheList()
+{
+    QSignalSpy codes(m_box, &VorSearchBox::selectStockCodeChange);
+    m_box->setMinMatchLength(3);
+    type(QStringLiteral("600"));
+    QTest::keyClick(m_box, Qt::Key_Down);
+    QTest::keyClick(m_box, Qt::Key_Down);
+    QTest::keyClick(m_box, Qt::Key_Up);
+    QTest::keyClick(m_box, Qt::Key_Down);
+    QCOMPARE(list()->markedRow(), 1);
+    QCOMPARE(codes.count(), 0);
+    QTest::keyClick(m_box, Qt::Key_Return);
+    QCOMPARE(codes.count(), 1);
+    QCOMPARE(m_box->getSymbol(), sh(1));
+    QCOMPARE(m_box->text(), sh(1));
+    QVERIFY(!list()->isVisible());
+}
+
+void SearchBoxTest::escapeClosesTheListAndKeepsTheText()
+{
+    type(QStringLiteral("600001"));
+    QVERIFY(list()->isVisible());
+    QTest::keyClick(m_box, Qt::Key_Escape);
+    QVERIFY(!list()->isVisible());
+    QCOMPARE(m_box->text(), QStringLiteral("600001"));
+    QCOMPARE(m_box->getSymbol(), QString());
+    QTest::keyClick(m_box, Qt::Key_Down);
+    QVERIFY2(list()->isVisible(), "Down opens the list again");
+}
+
+void SearchBoxTest::aClickChoosesFromTheList()
+{
+    m_box->setMinMatchLength(3);
+    type(QStringLiteral("600"));
+    const QRect third = list()->visualRect(list()->model()->index(2, 0));
+    QTest::mouseClick(list()->viewport(), Qt::LeftButton, Qt::NoModifier, third.center());
+    QCOMPARE(m_box->getSymbol(), sh(2));
+}
+
+void SearchBoxTest::enterTakesTextThatCanMeanOneSecurityOnly_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("chosen");
+    QTest::newRow("a code that one market has") << QStringLiteral("300750") << QStringLiteral("300750.SZ");
+    QTest::newRow("a code with its market") << QStringLiteral("000001.sz") << QStringLiteral("000001.SZ");
+    QTest::newRow("a code that two markets have") << QStringLiteral("000001") << QString();
+    QTest::newRow("a beginning that one symbol has") << QStringLiteral("600000.B") << QStringLiteral("600000.BJ");
+    QTest::newRow("blanks around a code") << QStringLiteral(" 300750 ") << QStringLiteral("300750.SZ");
+}
+
+void SearchBoxTest::enterTakesTextThatCanMeanOneSecurityOnly()
+{
+    QFETCH(QString, typed);
+    QFETCH(QString, chosen);
+    type(typed);
+    QTest::keyClick(m_box, Qt::Key_Return);
+    QCOMPARE(m_box->getSymbol(), chosen);
+    QCOMPARE(m_box->text(), chosen.isEmpty() ? typed : chosen);
+    QCOMPARE(FieldHint::textAt(m_box), chosen.isEmpty() ? QStringLiteral("有多只证券匹配，请从列表中选择") : QString());
+}
+
+void SearchBoxTest::leavingTheFieldTakesACompleteCode()
+{
+    QSignalSpy codes(m_box, &VorSearchBox::selectStockCodeChange);
+    type(QStringLiteral("300750"));
+    QTest::keyClick(m_box, Qt::Key_Tab);
+    QVERIFY(m_other->hasFocus());
+    QCOMPARE(m_box->getSymbol(), QStringLiteral("300750.SZ"));
+    QCOMPARE(codes.count(), 1);
+    QVERIFY(!list()->isVisible());
+}
+
+void SearchBoxTest::textThatMatchesNothingIsKeptWithAHint()
+{
+    type(QStringLiteral("999999"));
+    QCOMPARE(FieldHint::textAt(m_box), QStringLiteral("没有匹配的证券"));
+    QTest::keyClick(m_box, Qt::Key_Tab);
+    QCOMPARE(m_box->text(), QStringLiteral("999999"));
+    QCOMPARE(m_box->getSymbol(), QString());
+    QCOMPARE(FieldHint::textAt(m_box), QStringLiteral("没有匹配的证券"));
+}
+
+void SearchBoxTest::tooShortATextSaysHowManyCharactersAreNeeded()
+{
+    type(QStringLiteral("30075"));
+    QTest::keyClick(m_box, Qt::Key_Return);
+    QCOMPARE(FieldHint::textAt(m_box), QStringLiteral("请至少输入6个字符"));
+    QCOMPARE(m_box->getSymbol(), QString());
+}
+
+void SearchBoxTest::editingUnchoosesOnce()
+{
+    m_box->setSymbol(sh(3));
+    QSignalSpy codes(m_box, &VorSearchBox::selectStockCodeChange);
+    QSignalSpy names(m_box, &VorSearchBox::selectStockNameChange);
+    QTest::keyClick(m_box, Qt::Key_Backspace);
+    QCOMPARE(m_box->getSymbol(), QString());
+    QCOMPARE(codes.count(), 1);
+    QCOMPARE(codes.first().first().toString(), QString());
+    QCOMPARE(names.count(), 1);
+    QTest::keyClick(m_box, Qt::Key_Backspace);
+    QCOMPARE(codes.count(), 1);
+}
+
+void SearchBoxTest::setSymbolAnnouncesCodeThenNameAndOnlyChanges()
+{
+    QStringList heard;
+    connect(m_box, &VorSearchBox::selectStockCodeChange, this, [&](const QString& code) { heard << code; });
+    connect(m_box, &VorSearchBox::selectStockNameChange, this, [&](const QString& name) { heard << name; });
+    m_box->setSymbol(QString());
+    QCOMPARE(heard, QStringList());
+    m_box->setSymbol(sh(3));
+    m_box->setSymbol(sh(3));
+    QCOMPARE(heard, (QStringList{ sh(3), QStringLiteral("东海科技股份3号") }));
+    heard.clear();
+    m_box->setSymbol(QString());
+    QCOMPARE(heard, (QStringList{ QString(), QString() }));
+    QCOMPARE(m_box->text(), QString());
+}
+
+void SearchBoxTest::setSymbolTakesWhatTheListDoesNotHold()
+{
+    m_box->setSymbol(QStringLiteral("00700.HK"));
+    QCOMPARE(m_box->getSymbol(), QStringLiteral("00700.HK"));
+    QCOMPARE(m_box->text(), QStringLiteral("00700.HK"));
+}
+
+void SearchBoxTest::blockedSignalsLookUpNoName()
+{
+    QSignalSpy codes(m_box, &VorSearchBox::selectStockCodeChange);
+    {
+        const QSignalBlocker silent(m_box);
+        m_box->setSymbol(sh(3));
+    }
+    QCOMPARE(codes.count(), 0);
+    QCOMPARE(WidgetServices::instance().nameLookups, 0);
+    QCOMPARE(m_box->getSymbol(), sh(3));
+}
+
+void SearchBoxTest::aNewListLeavesTheChoice()
+{
+    m_box->setSymbol(sh(3));
+    QSignalSpy codes(m_box, &VorSearchBox::selectStockCodeChange);
+    m_box->setSecurityList(SymbolList());
+    QCOMPARE(m_box->getSymbol(), sh(3));
+    QCOMPARE(codes.count(), 0);
+}
+
+void SearchBoxTest::whoeverHearsAChoiceMayDeleteTheBox()
+{
+    connect(m_box, &VorSearchBox::selectStockCodeChange, this, [this] { delete std::exchange(m_box, nullptr); });
+    m_box->setSymbol(sh(3));
+    QVERIFY(!m_box);
+}
+
+void SearchBoxTest::whoeverHearsAChoiceMayChooseAnother()
+{
+    QStringList names;
+    connect(m_box, &VorSearchBox::selectStockNameChange, this, [&](const QString& name) { names << name; });
+    connect(m_box, &VorSearchBox::selectStockCodeChange, this, [this] { m_box->setSymbol(sh(4)); });
+    m_box->setSymbol(sh(3));
+    QCOMPARE(m_box->getSymbol(), sh(4));
+    QCOMPARE(names, QStringList{ QStringLiteral("东海科技股份4号") });
+}
+
+void SearchBoxTest::aKeystrokeReadsNoNamesOfTheMarketAgain()
+{
+    type(QStringLiteral("300750"));
+    int& lookups = WidgetServices::instance().nameLookups;
+    QVERIFY2(lookups >= 124, "the first search reads every name");
+    lookups = 0;
+    QTest::keyClick(m_box, Qt::Key_Backspace);
+    type(QStringLiteral("0.SZ"));
+    QCOMPARE(rows().size(), 1);
+    QVERIFY2(lookups <= 4, "later searches read those of the rows shown");
+}
+
+void SearchBoxTest::theIndexIsSharedByBoxes()
+{
+    const QStringList run{ sh(1), sh(2) };
+    const SymbolList list(run);
+    for (int i = 0; i < 2; ++i) {
+        WidgetServices::instance().nameLookups = 0;
+        VorSearchBox box;
+        box.setSecurityList(list);
+        box.setMinMatchLength(6);
+        QTest::keyClicks(&box, QStringLiteral("999999"));
+        QCOMPARE(WidgetServices::instance().nameLookups, i == 0 ? 2 : 0);
+    }
+}
+
+QTEST_MAIN(SearchBoxTest)
+#include "tst_search_box.moc"
