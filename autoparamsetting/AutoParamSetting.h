@@ -51,7 +51,7 @@ private Q_SLOTS:
     void slotComboxInstructionTargetTypeChanged();
     void slotComboxPlanTypeChanged();
     void slotSymbolChange();
-    void slotSymbolNameChange(QString name);
+    void slotSymbolNameChange(QString);
     void slotComboxTradeSideChanged();
     void slotComboxPriceTypeChanged();
     void slotComboxEntrustTypeChanged();

@@ -3,6 +3,16 @@
 #include <QVBoxLayout>
 #include <QtTest>
 
+QStringList lines(const char* text)
+{
+    QStringList found;
+    for (const QString& line : QString::fromUtf8(text).split(QLatin1Char('\n'))) {
+        if (!line.trimmed().isEmpty())
+            found.append(line.trimmed());
+    }
+    return found;
+}
+
 AutoParamSetting& EditorTest::construct()
 {
     destroy();

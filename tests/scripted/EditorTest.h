@@ -9,6 +9,9 @@
 #include <QWidget>
 #include <memory>
 
+/// The lines of a text, without the white space around them and without empty lines: long lists of calls stay readable.
+QStringList lines(const char* text);
+
 /// What every test of the editor starts from and is judged by. Before each test function the script is reset and today
 /// is 2024-05-06; after it, warnings that nobody announced and announced ones that did not come fail it.
 class EditorTest : public QObject {

@@ -30,8 +30,8 @@ QStringList ParamListWidget_single::getAuthorityAlgoList() const
 
 AlgoErrorCode ParamListWidget_single::setBaseInfoData(const QMap<QString, QVariant>& baseData, bool resetParams)
 {
-    Script::instance().record(QStringLiteral("panel.setBaseInfoData"), { baseData, resetParams });
     Script::instance().panelBaseData = baseData;
+    Script::instance().record(QStringLiteral("panel.setBaseInfoData"), { baseData, resetParams });
     return Script::instance().panelBaseDataAnswer;
 }
 

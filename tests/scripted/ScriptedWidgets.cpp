@@ -12,6 +12,7 @@
 #include <QEvent>
 #include <QLineEdit>
 #include <QPointer>
+#include <QStandardItemModel>
 #include <QWheelEvent>
 #include <cmath>
 
@@ -39,20 +40,28 @@ QVariantList asVariants(const QList<int>& numbers)
     return values;
 }
 
-/// Writes what a combo box holds and announces into the script's steps, ahead of everybody who listens to the box.
+QString orQuotes(const QString& text)
+{
+    return text.isEmpty() ? QStringLiteral("\"\"") : text;
+}
+
+/// Writes what a combo box holds and announces into the script's steps. The box gets a model to which we listen before
+/// the box itself does: an item is written down before the announcement that it causes.
 void writeSteps(QComboBox* combo)
 {
-    QObject::connect(combo->model(), &QAbstractItemModel::rowsRemoved, combo, [combo] {
+    auto* const model = new QStandardItemModel(0, 1, combo);
+    QObject::connect(model, &QAbstractItemModel::rowsRemoved, combo, [combo] {
         if (combo->count() == 0)
             Script::instance().step(combo->objectName() + QStringLiteral(".clear()"));
     });
-    QObject::connect(combo->model(), &QAbstractItemModel::rowsInserted, combo, [combo](const QModelIndex&, int first) {
-        Script::instance().step(
-            QStringLiteral("%1.append(%2, %3)")
-                .arg(combo->objectName(), combo->itemText(first), combo->itemData(first, Qt::UserRole).toString()));
+    QObject::connect(model, &QAbstractItemModel::rowsInserted, combo, [combo](const QModelIndex&, int first) {
+        const QString code = combo->itemData(first, Qt::UserRole).toString();
+        Script::instance().step(QStringLiteral("%1.append(%2, %3)")
+                                    .arg(combo->objectName(), orQuotes(combo->itemText(first)), orQuotes(code)));
     });
+    combo->setModel(model);
     QObject::connect(combo, &QComboBox::currentTextChanged, combo, [combo](const QString& text) {
-        Script::instance().step(QStringLiteral("%1 announces %2").arg(combo->objectName(), text));
+        Script::instance().step(QStringLiteral("%1 announces %2").arg(combo->objectName(), orQuotes(text)));
     });
 }
 
