@@ -23,7 +23,8 @@ QPoint wantedPlace(const QWidget* parent, const QSize& size, int place)
     if (place == besideParent)
         return parent->mapToGlobal(QPoint(parent->width(), 0));
     const QWidget* window = parent->window();
-    return window->mapToGlobal(window->rect().center()) - QPoint(size.width() / 2, size.height() / 2);
+    const QSize beyond = window->size() - size;
+    return window->mapToGlobal(QPoint(beyond.width() / 2, beyond.height() / 2));
 }
 
 } // namespace
