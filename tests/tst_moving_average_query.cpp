@@ -39,7 +39,7 @@ class TestMovingAverageQuery : public QObject {
 
 private Q_SLOTS:
     void init() { m_log = std::make_unique<LogCatcher>(); }
-    void cleanup() { QCOMPARE(m_log->trouble(), QStringList()); }
+    void cleanup();
 
     void a_security_with_a_full_year_of_closes_has_every_average();
     void an_answer_comes_after_the_question_has_returned();
@@ -54,6 +54,13 @@ private Q_SLOTS:
 private:
     std::unique_ptr<LogCatcher> m_log;
 };
+
+void TestMovingAverageQuery::cleanup()
+{
+    const QStringList trouble = m_log->trouble();
+    m_log.reset();
+    QCOMPARE(trouble, QStringList());
+}
 
 void TestMovingAverageQuery::a_security_with_a_full_year_of_closes_has_every_average()
 {

@@ -1,0 +1,541 @@
+#include "AgreementDC.h"
+#include "Algo_Fields.h"
+#include "AutoPlanField.h"
+#include "BusinessDataInterface.h"
+#include "CBusinessDataBase.h"
+#include "CDataBase.h"
+#include "InstructionBusinessDataInterface.h"
+#include "InstructionTargetType.h"
+#include "Kelvo_Fields.h"
+#include "Kelvo_Values.h"
+#include "LogCatcher.h"
+#include "OrloBusiUtils.h"
+#include "OrloBusinessDataInterface.h"
+#include "OrloConstants.h"
+#include "OrloTradeLogic.h"
+#include "Orlo_Fields.h"
+#include "Orlo_Values.h"
+#include "SampleSession.h"
+#include "defines/PlanCodes.h"
+#include "market/Security.h"
+#include "services/ClientSession.h"
+#include "services/Signatures.h"
+#include "store/AgreementStore.h"
+#include "store/StrategyStore.h"
+
+#include <QtTest>
+
+using Kelvo_Values::MdcSecurityType::BondType;
+using Kelvo_Values::MdcSecurityType::FundType;
+using Kelvo_Values::MdcSecurityType::StockType;
+using namespace PlanCodes;
+
+namespace {
+
+namespace SubType {
+using namespace Kelvo_Values::MdcSubSecurityType;
+using namespace Orlo_Values::MdcSubSecurityType;
+} // namespace SubType
+
+using Data = OrloBusinessDataInterface;
+using Rules = InstructionBusinessDataInterface;
+
+const QString& agreement()
+{
+    return Orlo_Values::ProtocolId::AutoPlanReduceAgree;
+}
+
+QList<tagUserAccountInfo> accountsOfUser()
+{
+    return Data::GetFundAccountListByFundProp(3, 16, false, QStringList(), true);
+}
+
+QStringList tradingAccounts()
+{
+    QStringList numbers;
+    for (const tagUserAccountInfo& account : accountsOfUser())
+        numbers << account.tradingAccount;
+    return numbers;
+}
+
+QString share()
+{
+    return SampleSession::symbolOf(SubType::Ashares, Kelvo_Values::SymbolPost::sh);
+}
+
+QString convertible()
+{
+    return SampleSession::symbolOf(SubType::ConvertableBondTypeList.constFirst(), Kelvo_Values::SymbolPost::sh);
+}
+
+int distinct(QStringList texts)
+{
+    texts.removeDuplicates();
+    return texts.size();
+}
+
+bool allEndWith(const SymbolList& symbols, const QString& suffix)
+{
+    const QStringList all = symbols.toStringList();
+    return !all.isEmpty()
+        && std::all_of(all.cbegin(), all.cend(), [&](const QString& symbol) { return symbol.endsWith(suffix); });
+}
+
+} // namespace
+
+class TestBusinessData : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init() { m_log = std::make_unique<LogCatcher>(); }
+    void cleanup();
+    void cleanupTestCase() { m_session.reset(); }
+
+    void codes_of_a_family_differ_from_each_other_data();
+    void codes_of_a_family_differ_from_each_other();
+    void a_purchase_has_the_same_code_in_all_three_families();
+    void the_list_of_bonds_holds_the_convertible_ones();
+    void the_first_user_is_logged_in_when_none_is_named();
+    void an_unknown_user_is_refused_and_the_session_stays_closed();
+    void a_stopped_start_leaves_no_session();
+    void a_database_that_cannot_be_opened_is_refused_with_a_reason();
+    void a_user_sees_the_own_accounts_in_their_order();
+    void a_user_without_accounts_sees_none();
+    void accounts_can_be_restricted_to_a_type();
+    void an_account_is_told_with_its_numbers();
+    void security_accounts_are_told_by_exchange();
+    void an_unknown_account_is_answered_empty();
+    void a_security_is_told_with_its_rules();
+    void a_bond_in_shanghai_is_kept_in_lots_of_ten();
+    void an_unknown_security_is_answered_as_the_contract_says();
+    void special_treatment_comes_with_a_sentence();
+    void symbols_are_chosen_by_sub_type_and_suffix();
+    void a_repeated_question_shares_the_same_symbols();
+    void excluded_symbols_are_left_out();
+    void positions_are_those_of_the_security_account();
+    void authorities_and_rules_belong_to_account_and_type();
+    void a_chain_names_executors_and_those_to_hand_on_to();
+    void entrust_types_turn_into_numbers_and_back();
+    void every_entrust_type_has_a_name_and_a_translation();
+    void static_texts_fall_back_to_the_default();
+    void a_security_of_its_own_list_comes_before_the_list_for_all();
+    void a_signature_is_stored_with_user_and_time_and_counts_at_once();
+    void a_signature_for_a_foreign_client_is_refused_for_all();
+    void a_bond_is_converted_only_where_it_can_be();
+    void without_a_session_every_answer_is_empty();
+
+private:
+    std::unique_ptr<SampleSession> m_session;
+    std::unique_ptr<LogCatcher> m_log;
+};
+
+void TestBusinessData::cleanup()
+{
+    const QStringList trouble = m_log->trouble();
+    m_log.reset();
+    QCOMPARE(trouble, QStringList());
+}
+
+void TestBusinessData::initTestCase()
+{
+    m_session = std::make_unique<SampleSession>();
+    QCOMPARE(m_session->reason(), QString());
+}
+
+void TestBusinessData::codes_of_a_family_differ_from_each_other_data()
+{
+    using namespace AutoPlanField;
+    QTest::addColumn<QStringList>("codes");
+    QTest::newRow("keys of a record and of its other parameters") << QStringList{ BaseField::autoPlanId,
+        BaseField::orderSide, BaseField::priceModel, BaseField::priceFixed, BaseField::priceFormula1,
+        BaseField::priceFormula2, BaseField::totalQty, BaseField::InstMode, BaseField::expectedUser,
+        BaseField::executeUser, BaseField::beginDate, BaseField::endDate, BaseField::planOtherParam, BaseField::remark,
+        BaseField::tradeAmount, BaseField::dayMaxTradeAmount, BaseField::algoParam, BaseField::algoStrategyName,
+        BaseField::securitySubType, BaseField::JCRatio, BaseField::JCModel, Progress::CurrentQty,
+        Kelvo_Fields::UserAccount::userID, Kelvo_Fields::UserAccount::tradingAccount,
+        Kelvo_Fields::UserAccount::securityExchange, Kelvo_Fields::UserAccount::securityAccount,
+        Kelvo_Fields::Security::symbol, Kelvo_Fields::Security::timeInForce, Kelvo_Fields::Security::transActTime,
+        Kelvo_Fields::Security::tradeableQty, Orlo_Fields::AutoPlan::templateCode, Orlo_Fields::AutoPlan::subType,
+        Orlo_Fields::Security::cumAmount, FieldId::Price, FieldId::TradeDate, FieldId::FilledQty, FieldId::IssuedQty,
+        FieldId::EndState, FieldId::TargetType, FieldId::IssuedAmount, FieldId::Branch, FieldId::MarginSide };
+    QTest::newRow("exchanges") << QStringList{ Kelvo_Values::Exchange::sh, Kelvo_Values::Exchange::sz,
+        Orlo_Values::Exchange::bj, Orlo_Values::Exchange::HkStockCirculation };
+    QTest::newRow("security types") << QStringList{ StockType, BondType, FundType };
+    QTest::newRow("security sub-types") << QStringList{ SubType::Ashares, SubType::Gemstock,
+        SubType::Smallandmediumstock, SubType::Assetbackedsecurities, SubType::TradingopenindexfundETF,
+        SubType::ScienTechInnovateBoard, SubType::BjSelectedStock, SubType::HStcokCirculation, SubType::Reits,
+        SubType::DirectedConBond, SubType::PaidRationBond, SubType::PaidRationStock };
+    QTest::newRow("bonds") << SubType::AllBondNoRepurchaseTypeList;
+    using namespace Orlo_Values::SideUnion;
+    QTest::newRow("entrust types") << QStringList{ normalBuy, collateralBuy, collateralSell, marginBuy, marginSell,
+        financingBuy, financingSell, marginBuyNormal, marginSellNormal, BondConversion, paidRationShare };
+    QTest::newRow("price types") << QStringList{ Orlo_Values::HKTimeInForce::InTrade,
+        Orlo_Values::HKTimeInForce::BeforeTrade };
+    QTest::newRow("sides") << QStringList{ Kelvo_Values::OrderSide::buy, Kelvo_Values::OrderSide::sell };
+    QTest::newRow("target types") << QStringList{ InstructionTargetType::QtyOrder, InstructionTargetType::AmountOrder };
+    using namespace Algo_Fields::AlgoInstContentInfo;
+    QTest::newRow("keys of an algorithm's base data") << QStringList{ TradingAccount, Symbol, OrderSide, EntrustProp };
+}
+
+void TestBusinessData::codes_of_a_family_differ_from_each_other()
+{
+    QFETCH(QStringList, codes);
+    QVERIFY(!codes.contains(QString()));
+    QCOMPARE(distinct(codes), codes.size());
+}
+
+void TestBusinessData::a_purchase_has_the_same_code_in_all_three_families()
+{
+    QCOMPARE(Orlo_Values::OrderSide::buy, Kelvo_Values::OrderSide::buy);
+    QCOMPARE(Orlo_Values::SideUnion::normalBuy, Kelvo_Values::OrderSide::buy);
+}
+
+void TestBusinessData::the_list_of_bonds_holds_the_convertible_ones()
+{
+    QVERIFY(SubType::ConvertableBondTypeList.contains(SubType::DirectedConBond));
+    for (const QString& code : SubType::ConvertableBondTypeList)
+        QVERIFY2(SubType::AllBondNoRepurchaseTypeList.contains(code), qPrintable(code));
+    QVERIFY(!SubType::AllBondNoRepurchaseTypeList.contains(QString()));
+}
+
+void TestBusinessData::the_first_user_is_logged_in_when_none_is_named()
+{
+    QCOMPARE(m_session->reopen(QString()), QString());
+    QCOMPARE(CBusinessDataBase::GetInstance()->GetLoginAccountDetail().value(Kelvo_Fields::UserAccount::userID),
+        QVariant(QStringLiteral("trader01")));
+}
+
+void TestBusinessData::an_unknown_user_is_refused_and_the_session_stays_closed()
+{
+    QCOMPARE(m_session->reopen(QStringLiteral("nobody")), QStringLiteral("用户“nobody”不存在"));
+    QVERIFY(!ClientSession::instance().isOpen());
+    QCOMPARE(tradingAccounts(), QStringList());
+    QCOMPARE(m_session->reopen(), QString());
+}
+
+void TestBusinessData::a_stopped_start_leaves_no_session()
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("stopped.db"));
+    ClientSession& session = ClientSession::instance();
+    QVERIFY(!session.open(file, QString(), [](int, int) { return false; }, {}).isEmpty());
+    QVERIFY(!session.isOpen());
+    QCOMPARE(m_session->reopen(), QString());
+}
+
+void TestBusinessData::a_database_that_cannot_be_opened_is_refused_with_a_reason()
+{
+    const QTemporaryDir folder;
+    QVERIFY(ClientSession::instance().open(folder.path(), QString()).contains(QStringLiteral("该路径是文件夹")));
+    QVERIFY(!ClientSession::instance().isOpen());
+    QCOMPARE(m_session->reopen(), QString());
+}
+
+void TestBusinessData::a_user_sees_the_own_accounts_in_their_order()
+{
+    const QStringList expected{ QStringLiteral("100001"), QStringLiteral("100002"), QStringLiteral("200001") };
+    QCOMPARE(tradingAccounts(), expected);
+}
+
+void TestBusinessData::a_user_without_accounts_sees_none()
+{
+    QCOMPARE(m_session->reopen(QStringLiteral("trader02")), QString());
+    QCOMPARE(tradingAccounts(), QStringList());
+    QCOMPARE(m_session->reopen(), QString());
+}
+
+void TestBusinessData::accounts_can_be_restricted_to_a_type()
+{
+    const QStringList credit{ Orlo_Values::FundAccountType::Credit };
+    const QList<tagUserAccountInfo> accounts = Data::GetFundAccountListByFundProp(3, 16, false, credit, true);
+    QCOMPARE(accounts.size(), 1);
+    QCOMPARE(accounts.constFirst().tradingAccount, QStringLiteral("200001"));
+    m_log->expectWarning(QStringLiteral("select no account"));
+    QCOMPARE(Data::GetFundAccountListByFundProp(1, 16, false, QStringList(), true).size(), 0);
+}
+
+void TestBusinessData::an_account_is_told_with_its_numbers()
+{
+    const tagUserAccountInfo account =
+        CBusinessDataBase::GetInstance()->GetAccountDetailsByTradinngAccount(QStringLiteral("100001"));
+    QCOMPARE(account.tradingAccount, QStringLiteral("100001"));
+    QVERIFY(!account.fundAccount.isEmpty());
+    QVERIFY(!account.accountName.isEmpty());
+    QCOMPARE(account.clientNo, QStringLiteral("C10001"));
+    QVERIFY(!account.branchNo.isEmpty());
+}
+
+void TestBusinessData::security_accounts_are_told_by_exchange()
+{
+    const QString account = QStringLiteral("200001");
+    const QMap<QString, QString> byExchange = Data::GetCurrentSecurityAccountByTradingAccount(account);
+    const QStringList expected{ Kelvo_Values::Exchange::sz, Kelvo_Values::Exchange::sh };
+    QCOMPARE(byExchange.keys(), expected);
+    QCOMPARE(Data::GetCurrentSecurityAccountByTradingAndExchange(account, Kelvo_Values::Exchange::sh),
+        byExchange.value(Kelvo_Values::Exchange::sh));
+    QCOMPARE(Data::GetCurrentSecurityAccountByTradingAndExchange(account, Orlo_Values::Exchange::HkStockCirculation),
+        QString());
+    QCOMPARE(Data::GetAccountAssetPropByTradingAccount(account), Orlo_Values::FundAccountType::Credit);
+}
+
+void TestBusinessData::an_unknown_account_is_answered_empty()
+{
+    const QString unknown = QStringLiteral("999");
+    QCOMPARE(CBusinessDataBase::GetInstance()->GetAccountDetailsByTradinngAccount(unknown).tradingAccount, QString());
+    QVERIFY(Data::GetCurrentSecurityAccountByTradingAccount(unknown).isEmpty());
+    QCOMPARE(Data::GetAccountAssetPropByTradingAccount(unknown), QString());
+    QCOMPARE(Rules::hasOrderAuthority(unknown, InstructionType::Ordinary), false);
+    QCOMPARE(Rules::GetCurrentUserInstructionRuleProper(unknown, InstructionType::Ordinary), 0);
+    QCOMPARE(Rules::getChainKeyForTraddingAccout(unknown, InstructionType::Ordinary), QString());
+}
+
+void TestBusinessData::a_security_is_told_with_its_rules()
+{
+    const QString symbol = share();
+    QCOMPARE(Data::GetFirstSecurityExchangeBySymbol(symbol), Kelvo_Values::Exchange::sh);
+    QCOMPARE(Data::GetSecurityTypeBySymbol(symbol), StockType);
+    QCOMPARE(Data::GetSecuritySubTypeBySymbol(symbol), SubType::Ashares);
+    QCOMPARE(CBusinessDataBase::GetInstance()->GetSecuritySubTypeBySymbol(symbol), SubType::Ashares);
+    QVERIFY(!Data::GetSecurityChineseName(symbol).isEmpty());
+    QCOMPARE(Data::GetQtyStepBySymbol(symbol), 100);
+    QCOMPARE(Data::GetDispFactorBySymbol(symbol), 1);
+    QCOMPARE(Data::GetPricePrecisionBySymbol(symbol, QString()), 2);
+    QVERIFY(CBusinessDataBase::GetInstance()->IsSymbolHasPriceLimit(symbol));
+}
+
+void TestBusinessData::a_bond_in_shanghai_is_kept_in_lots_of_ten()
+{
+    QCOMPARE(Data::GetDispFactorBySymbol(convertible()), 10);
+    QCOMPARE(Data::GetSecurityTypeBySymbol(convertible()), BondType);
+    QCOMPARE(Data::GetPricePrecisionBySymbol(convertible(), Kelvo_Values::Exchange::sh), 3);
+}
+
+void TestBusinessData::an_unknown_security_is_answered_as_the_contract_says()
+{
+    const QString unknown = QStringLiteral("999999.SH");
+    QString description = QStringLiteral("left over");
+    QCOMPARE(Data::GetFirstSecurityExchangeBySymbol(unknown), QString());
+    QCOMPARE(Data::GetSecurityTypeBySymbol(unknown), QString());
+    QCOMPARE(Data::GetSecurityChineseName(unknown), QString());
+    QCOMPARE(Data::GetQtyStepBySymbol(unknown), 0);
+    QCOMPARE(Data::GetDispFactorBySymbol(unknown), 1);
+    QCOMPARE(Data::GetPricePrecisionBySymbol(unknown, QString()), 2);
+    QCOMPARE(Data::GetSymbolStType(unknown, description), Orlo_Values::StFlag::Normal);
+    QCOMPARE(description, QString());
+    QVERIFY(!CBusinessDataBase::GetInstance()->IsSymbolHasPriceLimit(unknown));
+}
+
+void TestBusinessData::special_treatment_comes_with_a_sentence()
+{
+    QString description = QStringLiteral("left over");
+    QCOMPARE(Data::GetSymbolStType(share(), description), Orlo_Values::StFlag::Normal);
+    QCOMPARE(description, QString());
+    const QString sentence = QStringLiteral("该证券被实施其他风险警示");
+    QCOMPARE(ClientSession::instance().database().execute(
+                 QStringLiteral("UPDATE securities SET st_flag = ?, st_text = ? WHERE symbol = ?"),
+                 { SpecialTreatment::st, sentence, share() }),
+        QString());
+    QCOMPARE(m_session->reopen(), QString());
+    QCOMPARE(Data::GetSymbolStType(share(), description), SpecialTreatment::st);
+    QCOMPARE(description, sentence);
+}
+
+void TestBusinessData::symbols_are_chosen_by_sub_type_and_suffix()
+{
+    CBusinessDataBase* data = CBusinessDataBase::GetInstance();
+    const QStringList shares{ SubType::Ashares, SubType::BjSelectedStock };
+    const QStringList shanghai{ Kelvo_Values::SymbolPost::sh };
+    QVERIFY(allEndWith(data->GetAllSymbolByTypeList(StockType, shares, shanghai, false, {}), shanghai.first()));
+    QVERIFY(data->GetAllSymbolByTypeList(StockType, shares, {}, false, {}).size()
+        > data->GetAllSymbolByTypeList(StockType, shares, shanghai, false, {}).size());
+    QVERIFY(allEndWith(
+        data->GetAllSymbolByType(StockType, SubType::HStcokCirculation, QString(), false, {}), SymbolSuffix::hk));
+    QCOMPARE(data->GetAllSymbolByType(BondType, SubType::Ashares, QString(), false, {}).size(), 0);
+    QCOMPARE(data->GetAllSymbolByTypeList(StockType, {}, {}, false, {}).size(), 0);
+}
+
+void TestBusinessData::a_repeated_question_shares_the_same_symbols()
+{
+    const auto ask = [] {
+        return CBusinessDataBase::GetInstance()->GetAllSymbolByType(StockType, SubType::Ashares, QString(), false, {});
+    };
+    const SymbolList first = ask();
+    const SymbolList second = ask();
+    QCOMPARE(first.runs().size(), 1);
+    QVERIFY(first.runs().first().isSharedWith(second.runs().first()));
+}
+
+void TestBusinessData::excluded_symbols_are_left_out()
+{
+    CBusinessDataBase* data = CBusinessDataBase::GetInstance();
+    const int all = data->GetAllSymbolByType(StockType, SubType::Ashares, QString(), false, {}).size();
+    const SymbolList fewer = data->GetAllSymbolByType(StockType, SubType::Ashares, QString(), false, { share() });
+    QCOMPARE(fewer.size(), all - 1);
+    QVERIFY(!fewer.toStringList().contains(share()));
+}
+
+void TestBusinessData::positions_are_those_of_the_security_account()
+{
+    const tagUserAccountInfo account =
+        CBusinessDataBase::GetInstance()->GetAccountDetailsByTradinngAccount(QStringLiteral("100001"));
+    const QString securityAccount =
+        Data::GetCurrentSecurityAccountByTradingAndExchange(account.tradingAccount, Kelvo_Values::Exchange::sh);
+    const auto positionsIn = [&](const tagUserAccountInfo& owner, const QString& shareholder, const QString& seat) {
+        return BusinessDataInterface::GetPositionListByAccount(
+            owner, shareholder, share(), QString(), QString(), QString(), seat);
+    };
+    const auto positions = positionsIn(account, securityAccount, QString());
+    QCOMPARE(positions.size(), 1);
+    QCOMPARE(positions.first().value(Kelvo_Fields::Security::tradeableQty).toDouble(), 200000.0);
+    QCOMPARE(positionsIn(account, QStringLiteral("X"), QString()).size(), 0);
+    QCOMPARE(positionsIn(account, securityAccount, QStringLiteral("1")).size(), 0);
+    QCOMPARE(positionsIn(tagUserAccountInfo(), securityAccount, QString()).size(), 0);
+}
+
+void TestBusinessData::authorities_and_rules_belong_to_account_and_type()
+{
+    QVERIFY(Rules::hasOrderAuthority(QStringLiteral("100001"), InstructionType::Ordinary));
+    QVERIFY(!Rules::hasOrderAuthority(QStringLiteral("100001"), InstructionType::Credit));
+    QVERIFY(Rules::hasOrderAuthority(QStringLiteral("200001"), InstructionType::Credit));
+    QCOMPARE(Rules::GetCurrentUserInstructionRuleProper(QStringLiteral("100001"), InstructionType::Ordinary), 0);
+    QCOMPARE(Rules::GetCurrentUserInstructionRuleProper(QStringLiteral("100002"), InstructionType::Ordinary), 1);
+    QCOMPARE(Rules::GetCurrentUserInstructionRuleProper(QStringLiteral("100002"), InstructionType::Credit), 0);
+}
+
+void TestBusinessData::a_chain_names_executors_and_those_to_hand_on_to()
+{
+    const QString key = Rules::getChainKeyForTraddingAccout(QStringLiteral("100001"), InstructionType::Ordinary);
+    QVERIFY(!key.isEmpty());
+    QCOMPARE(Rules::GetExcuteUsers(key).size(), 3);
+    const QStringList forwarders = Rules::GetForwardUsers(key, VorInstructionNodeType::Forward);
+    QCOMPARE(forwarders.size(), 4);
+    QCOMPARE(distinct(forwarders), 3);
+    QCOMPARE(Rules::GetForwardUsers(key, VorInstructionNodeType::Execute), Rules::GetExcuteUsers(key));
+    QCOMPARE(Rules::GetForwardUsers(key, VorInstructionNodeType::Review), QStringList());
+    QCOMPARE(Rules::GetExcuteUsers(QString()), QStringList());
+}
+
+void TestBusinessData::entrust_types_turn_into_numbers_and_back()
+{
+    for (int number = 1; number <= static_cast<int>(VorMarginTradeType::PaidRationShare); ++number) {
+        const auto type = static_cast<VorMarginTradeType>(number);
+        const QString code = Rules::transEnum2SideUnion(type);
+        QVERIFY2(!code.isEmpty(), qPrintable(QString::number(number)));
+        QCOMPARE(Rules::transSideUnion2Enum(code), type);
+    }
+    QCOMPARE(Rules::transSideUnion2Enum(Orlo_Values::SideUnion::marginSell), VorMarginTradeType::MarginSell);
+    QCOMPARE(Rules::transEnum2SideUnion(VorMarginTradeType::None), QString());
+    QCOMPARE(Rules::transEnum2SideUnion(static_cast<VorMarginTradeType>(99)), QString());
+    QCOMPARE(Rules::transSideUnion2Enum(QString()), VorMarginTradeType::None);
+}
+
+void TestBusinessData::every_entrust_type_has_a_name_and_a_translation()
+{
+    using namespace Orlo_Values::SideUnion;
+    const QStringList codes{ normalBuy, collateralBuy, collateralSell, marginBuy, marginSell, financingBuy,
+        financingSell, marginBuyNormal, marginSellNormal, BondConversion, paidRationShare };
+    QStringList names;
+    for (const QString& code : codes) {
+        names << OrloBusiUtils::GetSideUnionChineseName(code);
+        QVERIFY(!CDataBase::GetInstance()
+                     ->GetStaticCfgValue(OrloConstants::DictionaryKey::SideUnion2AlgoDefines, code)
+                     .isEmpty());
+    }
+    QVERIFY(!names.contains(QString()));
+    QCOMPARE(distinct(names), codes.size());
+    QCOMPARE(OrloBusiUtils::GetSideUnionChineseName(QStringLiteral("?")), QString());
+}
+
+void TestBusinessData::static_texts_fall_back_to_the_default()
+{
+    CDataBase* texts = CDataBase::GetInstance();
+    const QStringList types{ InstructionType::Ordinary, InstructionType::Credit, InstructionType::Bond,
+        InstructionType::HkConnect };
+    for (const QString& type : types)
+        QVERIFY(!texts->GetStaticCfgValue(StaticCategory::InstructionType, type).isEmpty());
+    QVERIFY(!texts->GetStaticCfgValue(StaticCategory::TargetType, InstructionTargetType::QtyOrder).isEmpty());
+    QVERIFY(!texts->GetStaticCfgValue(OrloConstants::DictionaryKey::exchangeChineseName, Kelvo_Values::Exchange::sh)
+                 .isEmpty());
+    QCOMPARE(texts->GetStaticCfgValue(QStringLiteral("nowhere"), QStringLiteral("1")), QString());
+    QCOMPARE(texts->GetStaticCfgValue(QStringLiteral("nowhere"), QStringLiteral("1"), QStringLiteral("x")),
+        QStringLiteral("x"));
+}
+
+void TestBusinessData::a_security_of_its_own_list_comes_before_the_list_for_all()
+{
+    StrategyStore store(ClientSession::instance().database());
+    const QString& target = InstructionTargetType::QtyOrder;
+    const QStringList all{ QStringLiteral("TWAP"), QStringLiteral("VWAP") };
+    const QStringList own{ QStringLiteral("POV") };
+    QCOMPARE(store.setWhiteList(InstructionType::Ordinary, target, QString(), all), QString());
+    QCOMPARE(store.setWhiteList(InstructionType::Ordinary, target, share(), own), QString());
+    QCOMPARE(Rules::getWhiteAlgoNameList(InstructionType::Ordinary, target, share()), own);
+    QCOMPARE(Rules::getWhiteAlgoNameList(InstructionType::Ordinary, target, convertible()), all);
+    QCOMPARE(Rules::getBlackAlgoNameList(InstructionTargetType::AmountOrder), QStringList{ QStringLiteral("SNIPER") });
+    QCOMPARE(Rules::getBlackAlgoNameList(QString()), QStringList());
+}
+
+void TestBusinessData::a_signature_is_stored_with_user_and_time_and_counts_at_once()
+{
+    QCOMPARE(m_session->reopen(QStringLiteral("trader07")), QString());
+    const QStringList open = AgreementDC::instance().GetUnsignedClientNoList(agreement());
+    QCOMPARE(open, QStringList{ QStringLiteral("C10007") });
+    QVERIFY(!agreementTitle(agreement()).isEmpty());
+    QVERIFY(!agreementText(agreement()).isEmpty());
+    QCOMPARE(signAgreement(agreement(), open), QString());
+    QCOMPARE(AgreementDC::instance().GetUnsignedClientNoList(agreement()), QStringList());
+    QVERIFY(AgreementStore(ClientSession::instance().database()).signedTime(agreement(), open.first()).isValid());
+    QSqlQuery row = ClientSession::instance().database().query(
+        QStringLiteral("SELECT user FROM signatures WHERE client_no = ?"), { open.first() });
+    QVERIFY(row.next());
+    QCOMPARE(row.value(0).toString(), QStringLiteral("trader07"));
+    row.finish();
+    QCOMPARE(m_session->reopen(), QString());
+}
+
+void TestBusinessData::a_signature_for_a_foreign_client_is_refused_for_all()
+{
+    QCOMPARE(m_session->reopen(QStringLiteral("trader09")), QString());
+    const QStringList own = AgreementDC::instance().GetUnsignedClientNoList(agreement());
+    QCOMPARE(own, QStringList{ QStringLiteral("C10009") });
+    QCOMPARE(signAgreement(agreement(), own + QStringList{ QStringLiteral("C10010") }),
+        QStringLiteral("客户“C10010”不属于当前用户"));
+    QCOMPARE(signAgreement(agreement(), {}), QStringLiteral("请选择签署协议的客户"));
+    QCOMPARE(signAgreement(QStringLiteral("nothing"), own), QStringLiteral("协议“nothing”不存在"));
+    QCOMPARE(AgreementDC::instance().GetUnsignedClientNoList(agreement()), own);
+    QCOMPARE(m_session->reopen(), QString());
+}
+
+void TestBusinessData::a_bond_is_converted_only_where_it_can_be()
+{
+    OrloTradeLogic& logic = OrloTradeLogic::instance();
+    const QString credit = QStringLiteral("200001");
+    const QString& sell = Kelvo_Values::OrderSide::sell;
+    QVERIFY(logic.checkMarginBondConvertEnable(credit, convertible(), sell, false));
+    QVERIFY(!logic.checkMarginBondConvertEnable(credit, convertible(), Kelvo_Values::OrderSide::buy, false));
+    QVERIFY(!logic.checkMarginBondConvertEnable(credit, share(), sell, false));
+    QVERIFY(!logic.checkMarginBondConvertEnable(QStringLiteral("100001"), convertible(), sell, false));
+    QVERIFY(!logic.checkMarginBondConvertEnable(credit, QStringLiteral("999999.SH"), sell, false));
+}
+
+void TestBusinessData::without_a_session_every_answer_is_empty()
+{
+    const QString symbol = share();
+    ClientSession::instance().close();
+    QCOMPARE(tradingAccounts(), QStringList());
+    QVERIFY(CBusinessDataBase::GetInstance()->GetLoginAccountDetail().isEmpty());
+    QCOMPARE(Data::GetSecurityChineseName(symbol), QString());
+    QCOMPARE(
+        CBusinessDataBase::GetInstance()->GetAllSymbolByType(StockType, SubType::Ashares, QString(), false, {}).size(),
+        0);
+    QCOMPARE(
+        Rules::getWhiteAlgoNameList(InstructionType::Ordinary, InstructionTargetType::QtyOrder, symbol), QStringList());
+    QCOMPARE(AgreementDC::instance().GetUnsignedClientNoList(agreement()), QStringList());
+    QCOMPARE(signAgreement(agreement(), { QStringLiteral("C10001") }), QStringLiteral("尚未登录，无法签署协议"));
+    QCOMPARE(CDataBase::GetInstance()->GetStaticCfgValue(StaticCategory::InstructionType, InstructionType::Ordinary),
+        QString());
+}
+
+QTEST_GUILESS_MAIN(TestBusinessData)
+#include "tst_business_data.moc"

@@ -1,0 +1,363 @@
+#include "AutoPlanField.h"
+#include "AutoPlanLogic.h"
+#include "InstructionTargetType.h"
+#include "Kelvo_Fields.h"
+#include "Kelvo_Values.h"
+#include "LogCatcher.h"
+#include "Orlo_Fields.h"
+#include "SampleSession.h"
+#include "defines/PlanCodes.h"
+#include "formula/TickPrice.h"
+#include "services/ClientSession.h"
+#include "services/DayPrice.h"
+#include "services/DayShare.h"
+#include "services/FillSimulator.h"
+#include "services/InstructionIssuer.h"
+#include "services/PlanNews.h"
+#include "store/SecurityStore.h"
+
+#include <QSignalSpy>
+#include <QtTest>
+
+Q_DECLARE_METATYPE(PlanShare)
+
+namespace BaseField = AutoPlanField::BaseField;
+using namespace PlanCodes;
+using Record = QMap<QString, QVariant>;
+
+namespace {
+
+const QDate monday = SampleSession::today();
+const QDate tuesday = monday.addDays(1);
+const QDate saturday = monday.addDays(5);
+
+Record with(Record record, const QString& key, const QString& value)
+{
+    record.insert(key, value);
+    return record;
+}
+
+Record customPrice(const Record& record, const QString& formula)
+{
+    return with(with(record, BaseField::priceModel, PriceModel::Custom), BaseField::priceFormula1, formula);
+}
+
+/// Field texts of a plan's instructions, in the order of their ids.
+QStringList fieldOfAll(const QString& planId, const QString& key)
+{
+    QStringList texts;
+    const auto instructions = AutoPlanLogic::instance().GetPlanInstruction(planId);
+    for (const Record& fields : instructions)
+        texts << fields.value(key).toString();
+    return texts;
+}
+
+QVector<qint64> closesOfShare()
+{
+    return SecurityStore(ClientSession::instance().database())
+        .closes(SampleSession::record().value(Kelvo_Fields::Security::symbol).toString())
+        .ticks;
+}
+
+Security limitedShare()
+{
+    Security share;
+    share.symbol = QStringLiteral("600000.SH");
+    share.pricePrecision = 2;
+    share.quantityStep = 100;
+    share.limitPerMille = 100;
+    return share;
+}
+
+Record formulas(const QString& model, const QString& first, const QString& second)
+{
+    return { { BaseField::priceModel, model }, { BaseField::priceFormula1, first },
+        { BaseField::priceFormula2, second } };
+}
+
+DayPrice limitOf(qint64 limit)
+{
+    DayPrice price;
+    price.limit = limit;
+    price.reference = 1000;
+    return price;
+}
+
+} // namespace
+
+class TestInstructionIssuer : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void a_day_takes_its_share_data();
+    void a_day_takes_its_share();
+    void the_price_follows_the_mode_data();
+    void the_price_follows_the_mode();
+    void a_security_without_closes_has_no_price();
+    void fills_depend_on_the_distance_from_the_reference_data();
+    void fills_depend_on_the_distance_from_the_reference();
+
+    void a_plan_without_a_limit_is_filled_at_the_last_close();
+    void issuing_a_day_again_adds_nothing();
+    void the_next_day_takes_what_is_left_and_then_nothing();
+    void an_open_instruction_ends_the_next_day_and_gives_back_the_rest();
+    void an_amount_plan_buys_the_whole_lots_of_its_amount();
+    void a_reduction_without_a_total_sells_its_part_of_the_holdings();
+    void a_plan_outside_its_period_is_left_alone();
+    void a_day_without_trading_issues_nothing();
+    void a_formula_without_a_value_skips_its_plan_only();
+    void without_a_session_the_reason_is_told();
+
+private:
+    std::unique_ptr<SampleSession> m_session;
+    std::unique_ptr<LogCatcher> m_log;
+};
+
+void TestInstructionIssuer::init()
+{
+    m_log = std::make_unique<LogCatcher>();
+    m_session = std::make_unique<SampleSession>();
+    QCOMPARE(m_session->reason(), QString());
+}
+
+void TestInstructionIssuer::cleanup()
+{
+    m_session.reset();
+    const QStringList trouble = m_log->trouble();
+    m_log.reset();
+    QCOMPARE(trouble, QStringList());
+}
+
+void TestInstructionIssuer::a_day_takes_its_share_data()
+{
+    QTest::addColumn<PlanShare>("plan");
+    QTest::addColumn<qint64>("quantity");
+    const auto row = [](const char* sentence, const PlanShare& plan, qint64 quantity) {
+        QTest::newRow(sentence) << plan << quantity;
+    };
+    row("a cumulative plan takes the day's maximum", { PlanType::CumulativeQty, 1000, 300, 0, 1, 0 }, 300);
+    row("a cumulative plan without a maximum takes all", { PlanType::CumulativeQty, 1000, 0, 0, 1, 0 }, 1000);
+    row("a plan takes no more than is left", { PlanType::CumulativeQty, 1000, 300, 800, 1, 0 }, 200);
+    row("what is less than a lot is left", { PlanType::CumulativeQty, 1050, 0, 1000, 1, 0 }, 0);
+    row("a plan that is used up takes nothing", { PlanType::CumulativeQty, 1000, 300, 1200, 1, 0 }, 0);
+    row("same elements take the same each day", { PlanType::SameElements, 1000, 200, 0, 1, 0 }, 200);
+    row("an average plan rounds up to a lot", { PlanType::AverageQty, 1000, 0, 0, 3, 0 }, 400);
+    row("an average plan that divides evenly is not rounded", { PlanType::AverageQty, 900, 0, 0, 3, 0 }, 300);
+    row("an average plan keeps to the day's maximum", { PlanType::AverageQty, 1000, 300, 0, 3, 0 }, 300);
+    row("an average plan takes the rest on its last day", { PlanType::AverageQty, 1000, 0, 800, 1, 0 }, 200);
+    row("a reduction takes its ratio of the target", { PlanType::ReduceHoldings, 1000, 0, 0, 1, 0.3 }, 300);
+    row("a reduction takes no more than is left", { PlanType::ReduceHoldings, 1000, 0, 900, 1, 0.3 }, 100);
+    row("a reduction without a ratio takes nothing", { PlanType::ReduceHoldings, 1000, 0, 0, 1, 0 }, 0);
+}
+
+void TestInstructionIssuer::a_day_takes_its_share()
+{
+    QFETCH(PlanShare, plan);
+    QFETCH(qint64, quantity);
+    QCOMPARE(dayQuantity(plan, 100), quantity);
+    QCOMPARE(dayQuantity(plan, 0), qint64(0));
+}
+
+void TestInstructionIssuer::the_price_follows_the_mode_data()
+{
+    QTest::addColumn<Record>("record");
+    QTest::addColumn<qint64>("ticks");
+    QTest::addColumn<bool>("isCut");
+    const auto row = [](const char* sentence, const Record& record, qint64 ticks, bool isCut) {
+        QTest::newRow(sentence) << record << ticks << isCut;
+    };
+    const QString close = QStringLiteral("昨收价");
+    const QString higher = QStringLiteral("昨收价*1.013");
+    row("no limit has no price", formulas(PriceModel::NoLimit, QStringLiteral("0.00"), QString()), -1, false);
+    row("one formula is its own price", formulas(PriceModel::Custom, close, QString()), 115, false);
+    row("half a tick is rounded up", formulas(PriceModel::Custom, QStringLiteral("1.155"), QString()), 116, false);
+    row("the larger of two", formulas(PriceModel::CompareMax, close, higher), 116, false);
+    row("the smaller of two", formulas(PriceModel::CompareMin, close, higher), 115, false);
+    row("the upper limit is a whole tick", formulas(PriceModel::Custom, QStringLiteral("涨停价"), QString()), 127,
+        false);
+    row("a price above the limit is cut", formulas(PriceModel::Custom, QStringLiteral("昨收价*2"), QString()), 127,
+        true);
+    row("a price below the limit is cut", formulas(PriceModel::Custom, QStringLiteral("跌停价/2"), QString()), 104,
+        true);
+    row("an average is worked out", formulas(PriceModel::Custom, QStringLiteral("MA5"), QString()), 113, false);
+}
+
+void TestInstructionIssuer::the_price_follows_the_mode()
+{
+    QFETCH(Record, record);
+    QFETCH(qint64, ticks);
+    QFETCH(bool, isCut);
+    const DayPrice price = dayPrice(record, limitedShare(), { 111, 112, 113, 114, 115 });
+    QCOMPARE(price.reason, QString());
+    QCOMPARE(price.limit.value_or(-1), ticks);
+    QCOMPARE(price.cutToLimit, isCut);
+    QCOMPARE(price.reference, qint64(115));
+}
+
+void TestInstructionIssuer::a_security_without_closes_has_no_price()
+{
+    const Record record = formulas(PriceModel::NoLimit, QString(), QString());
+    QCOMPARE(dayPrice(record, limitedShare(), {}).reason, QStringLiteral("证券“600000.SH”没有收盘价"));
+}
+
+void TestInstructionIssuer::fills_depend_on_the_distance_from_the_reference_data()
+{
+    QTest::addColumn<bool>("isBuy");
+    QTest::addColumn<qint64>("limit");
+    QTest::addColumn<qint64>("quantity");
+    QTest::addColumn<qint64>("price");
+    QTest::newRow("a purchase above the reference is filled there") << true << 1050LL << 300LL << 1000LL;
+    QTest::newRow("a purchase one percent below gets half of its lots") << true << 990LL << 100LL << 990LL;
+    QTest::newRow("a purchase further below gets nothing") << true << 989LL << 0LL << 0LL;
+    QTest::newRow("a sale below the reference is filled there") << false << 950LL << 300LL << 1000LL;
+    QTest::newRow("a sale one percent above gets half of its lots") << false << 1010LL << 100LL << 1010LL;
+    QTest::newRow("a sale further above gets nothing") << false << 1011LL << 0LL << 0LL;
+}
+
+void TestInstructionIssuer::fills_depend_on_the_distance_from_the_reference()
+{
+    QFETCH(bool, isBuy);
+    QFETCH(qint64, limit);
+    QFETCH(qint64, quantity);
+    QFETCH(qint64, price);
+    const Fill fill = simulateFill(isBuy, limitOf(limit), 300, 100);
+    QCOMPARE(fill.quantity, quantity);
+    QCOMPARE(fill.price, price);
+}
+
+void TestInstructionIssuer::a_plan_without_a_limit_is_filled_at_the_last_close()
+{
+    const QString plan = m_session->create(SampleSession::record());
+    const QSignalSpy news(&PlanNews::instance(), &PlanNews::planStored);
+    const IssueResult result = InstructionIssuer::issueDay(monday);
+    QCOMPARE(result.reason, QString());
+    QCOMPARE(result.issued.size(), 1);
+    QCOMPARE(result.skipped.size(), 0);
+    QCOMPARE(news.count(), 1);
+    const auto instructions = AutoPlanLogic::instance().GetPlanInstruction(plan);
+    QCOMPARE(instructions.keys(), result.issued);
+    const Record fields = instructions.first();
+    QCOMPARE(fields.value(FieldId::IssuedQty).toString(), QStringLiteral("300"));
+    QCOMPARE(fields.value(FieldId::FilledQty).toString(), QStringLiteral("300"));
+    QCOMPARE(fields.value(FieldId::EndState).toString(), EndState::Ended);
+    QCOMPARE(fields.value(FieldId::TargetType).toString(), InstructionTargetType::QtyOrder);
+    QCOMPARE(fields.value(FieldId::Price).toString(), QStringLiteral("0.00"));
+    const double amount = 300 * TickPrice::toYuan(closesOfShare().constLast(), 2);
+    QCOMPARE(fields.value(Orlo_Fields::Security::cumAmount).toString(), QString::number(amount, 'f', 2));
+    QCOMPARE(fields.value(FieldId::IssuedAmount).toString(), QString::number(amount, 'f', 2));
+}
+
+void TestInstructionIssuer::issuing_a_day_again_adds_nothing()
+{
+    const QString plan = m_session->create(SampleSession::record());
+    QCOMPARE(InstructionIssuer::issueDay(monday).issued.size(), 1);
+    const auto before = AutoPlanLogic::instance().GetPlanInstruction(plan);
+    const QSignalSpy news(&PlanNews::instance(), &PlanNews::planStored);
+    const IssueResult again = InstructionIssuer::issueDay(monday);
+    QCOMPARE(again.reason, QString());
+    QCOMPARE(again.issued, QStringList());
+    QCOMPARE(again.alreadyIssued, QStringList{ plan });
+    QCOMPARE(AutoPlanLogic::instance().GetPlanInstruction(plan), before);
+    QCOMPARE(news.count(), 0);
+}
+
+void TestInstructionIssuer::the_next_day_takes_what_is_left_and_then_nothing()
+{
+    const QString plan = m_session->create(SampleSession::record());
+    for (int i = 0; i < 4; ++i)
+        QCOMPARE(InstructionIssuer::issueDay(monday.addDays(i)).issued.size(), 1);
+    const QStringList quantities{ QStringLiteral("300"), QStringLiteral("300"), QStringLiteral("300"),
+        QStringLiteral("100") };
+    QCOMPARE(fieldOfAll(plan, FieldId::IssuedQty), quantities);
+    const IssueResult last = InstructionIssuer::issueDay(monday.addDays(4));
+    QCOMPARE(last.issued, QStringList());
+    QCOMPARE(last.skipped.size(), 1);
+    QCOMPARE(last.skipped.first().planId, plan);
+    QCOMPARE(last.skipped.first().reason, QStringLiteral("剩余数量或金额不足一手"));
+}
+
+void TestInstructionIssuer::an_open_instruction_ends_the_next_day_and_gives_back_the_rest()
+{
+    const Record tight = with(customPrice(SampleSession::record(), QStringLiteral("昨收价*0.95")), BaseField::totalQty,
+        QStringLiteral("300"));
+    const QString plan = m_session->create(tight);
+    QCOMPARE(InstructionIssuer::issueDay(monday).issued.size(), 1);
+    QCOMPARE(fieldOfAll(plan, FieldId::EndState), QStringList{ EndState::Running });
+    QCOMPARE(fieldOfAll(plan, FieldId::FilledQty), QStringList{ QStringLiteral("0") });
+    QCOMPARE(InstructionIssuer::issueDay(tuesday).issued.size(), 1);
+    const QStringList states{ EndState::Ended, EndState::Running };
+    const QStringList quantities{ QStringLiteral("300"), QStringLiteral("300") };
+    QCOMPARE(fieldOfAll(plan, FieldId::EndState), states);
+    QCOMPARE(fieldOfAll(plan, FieldId::IssuedQty), quantities);
+}
+
+void TestInstructionIssuer::an_amount_plan_buys_the_whole_lots_of_its_amount()
+{
+    const double price = TickPrice::toYuan(closesOfShare().constLast(), 2);
+    const QString perDay = QString::number(price * 250, 'f', 2);
+    const Record record = SampleSession::withOther(SampleSession::record(),
+        { { FieldId::TargetType, InstructionTargetType::AmountOrder },
+            { BaseField::tradeAmount, QString::number(price * 10000, 'f', 2) },
+            { BaseField::dayMaxTradeAmount, perDay } });
+    const QString plan = m_session->create(record);
+    QCOMPARE(InstructionIssuer::issueDay(monday).issued.size(), 1);
+    QCOMPARE(fieldOfAll(plan, FieldId::IssuedQty), QStringList{ QStringLiteral("200") });
+    QCOMPARE(fieldOfAll(plan, FieldId::IssuedAmount), QStringList{ QString::number(price * 200, 'f', 2) });
+    QCOMPARE(fieldOfAll(plan, FieldId::TargetType), QStringList{ InstructionTargetType::AmountOrder });
+}
+
+void TestInstructionIssuer::a_reduction_without_a_total_sells_its_part_of_the_holdings()
+{
+    Record record = with(SampleSession::record(), Orlo_Fields::AutoPlan::templateCode, PlanType::ReduceHoldings);
+    record = with(
+        with(record, BaseField::totalQty, QStringLiteral("0")), BaseField::orderSide, Kelvo_Values::OrderSide::sell);
+    record = SampleSession::withOther(with(record, BaseField::endDate, QStringLiteral("2124-05-06")),
+        { { BaseField::JCRatio, QStringLiteral("0.1") },
+            { AutoPlanField::Progress::CurrentQty, QStringLiteral("0") } });
+    const QString plan = m_session->create(record);
+    QVERIFY2(!plan.isEmpty(), qPrintable(m_session->reason()));
+    QCOMPARE(InstructionIssuer::issueDay(monday).issued.size(), 1);
+    QCOMPARE(fieldOfAll(plan, FieldId::IssuedQty), QStringList{ QStringLiteral("20000") });
+}
+
+void TestInstructionIssuer::a_plan_outside_its_period_is_left_alone()
+{
+    m_session->create(with(SampleSession::record(), BaseField::beginDate, QStringLiteral("2024-05-07")));
+    const IssueResult result = InstructionIssuer::issueDay(monday);
+    QCOMPARE(result.reason, QString());
+    QCOMPARE(result.issued.size() + result.skipped.size() + result.alreadyIssued.size(), 0);
+}
+
+void TestInstructionIssuer::a_day_without_trading_issues_nothing()
+{
+    m_session->create(with(SampleSession::record(), BaseField::endDate, QStringLiteral("2024-05-13")));
+    const IssueResult result = InstructionIssuer::issueDay(saturday);
+    QCOMPARE(result.issued, QStringList());
+    QCOMPARE(result.skipped.size(), 1);
+    QCOMPARE(result.skipped.first().reason, QStringLiteral("2024-05-11不是交易日"));
+    QCOMPARE(InstructionIssuer::issueDay(QDate()).reason, QStringLiteral("日期无效"));
+}
+
+void TestInstructionIssuer::a_formula_without_a_value_skips_its_plan_only()
+{
+    const QString broken = m_session->create(customPrice(SampleSession::record(), QStringLiteral("1-1")));
+    const QString sound = m_session->create(SampleSession::record());
+    const IssueResult result = InstructionIssuer::issueDay(monday);
+    QCOMPARE(result.issued.size(), 1);
+    QVERIFY(result.issued.first().startsWith(sound));
+    QCOMPARE(result.skipped.size(), 1);
+    QCOMPARE(result.skipped.first().planId, broken);
+    QCOMPARE(result.skipped.first().reason, QStringLiteral("公式的结果不大于零"));
+}
+
+void TestInstructionIssuer::without_a_session_the_reason_is_told()
+{
+    ClientSession::instance().close();
+    QCOMPARE(InstructionIssuer::issueDay(monday).reason, QStringLiteral("尚未登录，无法下达指令"));
+}
+
+QTEST_GUILESS_MAIN(TestInstructionIssuer)
+#include "tst_instruction_issuer.moc"

@@ -1,0 +1,545 @@
+#include "AutoPlanField.h"
+#include "AutoPlanLogic.h"
+#include "InstructionTargetType.h"
+#include "Kelvo_Fields.h"
+#include "Kelvo_Values.h"
+#include "LogCatcher.h"
+#include "OrloBusinessDataInterface.h"
+#include "Orlo_Fields.h"
+#include "Orlo_Values.h"
+#include "SampleSession.h"
+#include "VorMarginTradeType.h"
+#include "defines/PlanCodes.h"
+#include "market/Security.h"
+#include "services/ClientClock.h"
+#include "services/ClientSession.h"
+#include "services/PlanCheck.h"
+#include "services/PlanNews.h"
+#include "services/PlanTexts.h"
+
+#include <QElapsedTimer>
+#include <QSignalSpy>
+#include <QtTest>
+
+namespace BaseField = AutoPlanField::BaseField;
+namespace UserAccount = Kelvo_Fields::UserAccount;
+using namespace PlanCodes;
+using Record = QMap<QString, QVariant>;
+
+namespace {
+
+AutoPlanLogic& service()
+{
+    return AutoPlanLogic::instance();
+}
+
+int storedPlans()
+{
+    return ClientSession::instance().plans().count();
+}
+
+/// The record with one field changed; a null text takes the field out.
+Record with(Record record, const QString& key, const QString& value)
+{
+    if (value.isNull())
+        record.remove(key);
+    else
+        record.insert(key, value);
+    return record;
+}
+
+Record reduction(Record record)
+{
+    record.insert(Orlo_Fields::AutoPlan::templateCode, PlanType::ReduceHoldings);
+    record.insert(BaseField::orderSide, Kelvo_Values::OrderSide::sell);
+    record.insert(BaseField::endDate, QStringLiteral("2124-05-06"));
+    record.insert(BaseField::executeUser, QStringLiteral("苏砚"));
+    return SampleSession::withOther(
+        record, { { BaseField::JCRatio, QStringLiteral("0.5") }, { BaseField::JCModel, QStringLiteral("1") } });
+}
+
+Record amountPlan(const Record& record)
+{
+    return SampleSession::withOther(record,
+        { { FieldId::TargetType, InstructionTargetType::AmountOrder },
+            { BaseField::tradeAmount, QStringLiteral("100000.00") },
+            { BaseField::dayMaxTradeAmount, QStringLiteral("30000.50") } });
+}
+
+Record customPrice(Record record, const QString& formula)
+{
+    record.insert(BaseField::priceModel, PriceModel::Custom);
+    record.insert(BaseField::priceFormula1, formula);
+    record.remove(BaseField::priceFixed);
+    return record;
+}
+
+/// Another connection that holds the write lock while it lives.
+class ForeignWriter {
+public:
+    explicit ForeignWriter(const QString& file)
+    {
+        QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name());
+        connection.setDatabaseName(file);
+        connection.open();
+        QSqlQuery(QStringLiteral("BEGIN IMMEDIATE"), connection);
+    }
+    ~ForeignWriter()
+    {
+        QSqlDatabase::database(name()).close();
+        QSqlDatabase::removeDatabase(name());
+    }
+
+private:
+    static QString name() { return QStringLiteral("foreign writer"); }
+};
+
+} // namespace
+
+class TestPlanService : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init() { m_log = std::make_unique<LogCatcher>(); }
+    void cleanup();
+    void cleanupTestCase() { m_session.reset(); }
+
+    void a_new_plan_is_read_back_as_it_was_sent();
+    void a_new_plan_is_announced_once();
+    void a_plan_that_is_acknowledged_survives_the_next_start();
+    void a_record_that_does_not_fit_is_refused_with_a_reason_data();
+    void a_record_that_does_not_fit_is_refused_with_a_reason();
+    void other_parameters_that_do_not_fit_are_refused_data();
+    void other_parameters_that_do_not_fit_are_refused();
+    void plans_of_every_kind_are_accepted();
+    void a_reduction_may_end_beyond_the_calendar();
+    void a_plan_with_an_id_is_not_created();
+    void a_value_that_is_no_text_is_refused();
+    void a_remark_of_the_longest_length_is_kept_whole();
+    void a_locked_database_answers_within_a_second_and_stores_nothing();
+    void a_change_replaces_the_record_and_counts_the_version();
+    void what_identifies_a_plan_cannot_be_changed_data();
+    void what_identifies_a_plan_cannot_be_changed();
+    void the_target_type_and_the_entrust_type_cannot_be_changed();
+    void a_change_of_an_unknown_plan_is_refused();
+    void a_refused_change_leaves_the_plan_as_it_was();
+    void a_started_plan_keeps_its_beginning();
+    void a_locked_database_refuses_a_change();
+    void an_unknown_id_has_no_record_and_no_instructions();
+    void other_parameters_are_read_whatever_stands_in_the_record_data();
+    void other_parameters_are_read_whatever_stands_in_the_record();
+    void trade_dates_are_those_of_the_exchange();
+    void hong_kong_connect_trades_when_both_markets_do();
+    void an_unknown_exchange_has_no_trade_dates();
+    void without_a_session_every_answer_is_empty();
+
+private:
+    QString refusal(const Record& record);
+
+    std::unique_ptr<SampleSession> m_session;
+    std::unique_ptr<LogCatcher> m_log;
+};
+
+void TestPlanService::cleanup()
+{
+    const QStringList trouble = m_log->trouble();
+    m_log.reset();
+    QCOMPARE(trouble, QStringList());
+}
+
+void TestPlanService::initTestCase()
+{
+    m_session = std::make_unique<SampleSession>();
+    QCOMPARE(m_session->reason(), QString());
+}
+
+/// The reason why a record is refused; nothing may have been stored or announced then.
+QString TestPlanService::refusal(const Record& record)
+{
+    const int before = storedPlans();
+    const QSignalSpy news(&PlanNews::instance(), &PlanNews::planStored);
+    const QString reason = service().CreateNewPlan(record);
+    if (!reason.isEmpty() && (storedPlans() != before || news.count() != 0))
+        return QStringLiteral("stored although refused: ") + reason;
+    return reason;
+}
+
+void TestPlanService::a_new_plan_is_read_back_as_it_was_sent()
+{
+    Record sent = with(SampleSession::record(), BaseField::remark, QStringLiteral("分批买入 \"一\"; DROP TABLE plans"));
+    const QString id = m_session->create(sent);
+    QVERIFY2(!id.isEmpty(), qPrintable(m_session->reason()));
+    const Record read = service().GetPlanInfo(id);
+    sent.insert(BaseField::autoPlanId, id);
+    QCOMPARE(read, sent);
+    QCOMPARE(service().GetPlanOtherParamFromPlanInfo(read).value(AutoPlanField::Progress::CurrentQty).toString(),
+        QStringLiteral("300"));
+    QCOMPARE(service().GetPlanInstruction(id).size(), 0);
+}
+
+void TestPlanService::a_new_plan_is_announced_once()
+{
+    const QSignalSpy news(&PlanNews::instance(), &PlanNews::planStored);
+    const QString id = m_session->create(SampleSession::record());
+    QCOMPARE(news.count(), 1);
+    QCOMPARE(news.at(0).at(0).toString(), id);
+}
+
+void TestPlanService::a_plan_that_is_acknowledged_survives_the_next_start()
+{
+    const QString id = m_session->create(SampleSession::record());
+    const Record before = service().GetPlanInfo(id);
+    QCOMPARE(m_session->reopen(), QString());
+    QVERIFY(!before.isEmpty());
+    QCOMPARE(service().GetPlanInfo(id), before);
+}
+
+void TestPlanService::a_record_that_does_not_fit_is_refused_with_a_reason_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<QString>("reason");
+    const auto row = [](const char* sentence, const QString& key, const QString& value, const QString& reason) {
+        QTest::newRow(sentence) << key << value << reason;
+    };
+    row("no account is named", UserAccount::tradingAccount, QString(), QStringLiteral("未指定账户"));
+    row("nobody knows the account", UserAccount::tradingAccount, QStringLiteral("999"),
+        QStringLiteral("账户“999”不存在"));
+    row("the account is another user's", UserAccount::tradingAccount, QStringLiteral("100003"),
+        QStringLiteral("账户“100003”不存在"));
+    row("the user may not place credit instructions for the account", Orlo_Fields::AutoPlan::subType,
+        InstructionType::Credit, QStringLiteral("没有账户“100001”的下单权限"));
+    row("no security is named", Kelvo_Fields::Security::symbol, QStringLiteral(""), QStringLiteral("未指定证券"));
+    row("nobody knows the security", Kelvo_Fields::Security::symbol, QStringLiteral("999999.SH"),
+        QStringLiteral("证券“999999.SH”不存在"));
+    row("the plan type is written in lower case", Orlo_Fields::AutoPlan::templateCode, QStringLiteral("tw-01"),
+        QStringLiteral("计划类型“tw-01”未知"));
+    row("the instruction type is none", Orlo_Fields::AutoPlan::subType, QStringLiteral("3"),
+        QStringLiteral("指令类型“3”未知"));
+    row("the side is none", BaseField::orderSide, QStringLiteral("0"), QStringLiteral("交易方向“0”未知"));
+    row("the price mode is none", BaseField::priceModel, QStringLiteral("2"), QStringLiteral("价格模式“2”未知"));
+    row("the instruction mode is missing", BaseField::InstMode, QString(), QStringLiteral("下单模式“”未知"));
+    row("the security does not trade on the exchange", UserAccount::securityExchange, Kelvo_Values::Exchange::sz,
+        QStringLiteral(""));
+    row("the security account is another's", UserAccount::securityAccount, QStringLiteral("X1"),
+        QStringLiteral("证券账户“X1”不属于该账户"));
+    row("the total is missing", BaseField::totalQty, QString(), QStringLiteral("目标总量“”不是正整数"));
+    row("the total is zero", BaseField::totalQty, QStringLiteral("0"), QStringLiteral("目标总量“0”不是正整数"));
+    row("the total is negative", BaseField::totalQty, QStringLiteral("-100"),
+        QStringLiteral("目标总量“-100”不是正整数"));
+    row("the total is no number", BaseField::totalQty, QStringLiteral("nan"),
+        QStringLiteral("目标总量“nan”不是正整数"));
+    row("the total is written with an exponent", BaseField::totalQty, QStringLiteral("1e400"),
+        QStringLiteral("目标总量“1e400”不是正整数"));
+    row("the total has decimals", BaseField::totalQty, QStringLiteral("100.5"),
+        QStringLiteral("目标总量“100.5”不是正整数"));
+    row("the total is longer than any quantity", BaseField::totalQty, QStringLiteral("1000000000000000"),
+        QStringLiteral("目标总量“1000000000000000”不是正整数"));
+    row("the beginning is no date", BaseField::beginDate, QStringLiteral("2024-02-30"), QStringLiteral("开始日期无效"));
+    row("the beginning is in another format", BaseField::beginDate, QStringLiteral("2024-5-6"),
+        QStringLiteral("开始日期无效"));
+    row("the beginning is a Saturday", BaseField::beginDate, QStringLiteral("2024-05-04"),
+        QStringLiteral("开始日期2024-05-04不是交易日"));
+    row("the beginning is a holiday", BaseField::beginDate, QStringLiteral("2024-05-01"),
+        QStringLiteral("开始日期2024-05-01不是交易日"));
+    row("the beginning lies beyond the calendar", BaseField::beginDate, QStringLiteral("2199-05-06"),
+        QStringLiteral("开始日期2199-05-06不在交易日历之内"));
+    row("the end is missing", BaseField::endDate, QString(), QStringLiteral("结束日期无效"));
+    row("the end lies before the beginning", BaseField::endDate, QStringLiteral("2024-04-30"),
+        QStringLiteral("结束日期早于开始日期"));
+    row("the end is a Sunday", BaseField::endDate, QStringLiteral("2024-05-12"),
+        QStringLiteral("结束日期2024-05-12不是交易日"));
+    row("the end lies beyond the calendar", BaseField::endDate, QStringLiteral("2124-05-08"),
+        QStringLiteral("结束日期2124-05-08不在交易日历之内"));
+    row("the other parameters are missing", BaseField::planOtherParam, QString(), QStringLiteral("缺少计划扩展信息"));
+    row("the other parameters are broken", BaseField::planOtherParam, QStringLiteral("{\"a\":"),
+        QStringLiteral("计划扩展信息不是有效的JSON对象"));
+    row("the other parameters are a list", BaseField::planOtherParam, QStringLiteral("[1]"),
+        QStringLiteral("计划扩展信息不是有效的JSON对象"));
+    row("the remark is one character too long", BaseField::remark,
+        QString(PlanCheck::longestRemark + 1, QLatin1Char('x')), QStringLiteral("备注超过200个字符"));
+}
+
+void TestPlanService::a_record_that_does_not_fit_is_refused_with_a_reason()
+{
+    QFETCH(QString, key);
+    QFETCH(QString, value);
+    QFETCH(QString, reason);
+    const Record record = with(SampleSession::record(), key, value);
+    const QString symbol = record.value(Kelvo_Fields::Security::symbol).toString();
+    if (reason.isEmpty())
+        reason = QStringLiteral("证券“%1”不在市场“%2”交易").arg(symbol, value);
+    QCOMPARE(refusal(record), reason);
+}
+
+void TestPlanService::other_parameters_that_do_not_fit_are_refused_data()
+{
+    QTest::addColumn<Record>("record");
+    QTest::addColumn<QString>("reason");
+    const Record plan = SampleSession::record();
+    const auto other = [](const Record& record, const QString& key, const QString& value) {
+        return SampleSession::withOther(record, { { key, value } });
+    };
+    QTest::newRow("nobody knows the target type")
+        << other(plan, FieldId::TargetType, QStringLiteral("X")) << QStringLiteral("指令单类型“X”未知");
+    QTest::newRow("nobody knows the price type")
+        << other(plan, Kelvo_Fields::Security::timeInForce, QStringLiteral("X")) << QStringLiteral("报价类型“X”未知");
+    QTest::newRow("nobody knows the entrust type")
+        << other(plan, FieldId::MarginSide, QStringLiteral("99")) << QStringLiteral("委托类别“99”未知");
+    QTest::newRow("the quantity of a day is negative") << other(plan, AutoPlanField::Progress::CurrentQty,
+        QStringLiteral("-1")) << QStringLiteral("每日委托量“-1”不是整数");
+    QTest::newRow("the target amount is missing")
+        << other(plan, FieldId::TargetType, InstructionTargetType::AmountOrder) << QStringLiteral("目标金额“”不是正数");
+    QTest::newRow("the target amount is zero") << other(amountPlan(plan), BaseField::tradeAmount,
+        QStringLiteral("0.00")) << QStringLiteral("目标金额“0.00”不是正数");
+    QTest::newRow("the target amount is endless") << other(amountPlan(plan), BaseField::tradeAmount,
+        QStringLiteral("inf")) << QStringLiteral("目标金额“inf”不是正数");
+    QTest::newRow("the target amount holds grouping") << other(amountPlan(plan), BaseField::tradeAmount,
+        QStringLiteral("1,000")) << QStringLiteral("目标金额“1,000”不是正数");
+    QTest::newRow("the amount of a day is no number") << other(amountPlan(plan), BaseField::dayMaxTradeAmount,
+        QStringLiteral("viel")) << QStringLiteral("每日最大金额“viel”不是数字");
+    QTest::newRow("the ratio of a reduction is more than all") << other(reduction(plan), BaseField::JCRatio,
+        QStringLiteral("1.0001")) << QStringLiteral("减持占比“1.0001”不在0到1之间");
+    QTest::newRow("the ratio of a reduction is missing")
+        << other(reduction(plan), BaseField::JCRatio, QStringLiteral("")) << QStringLiteral("减持占比“”不在0到1之间");
+    QTest::newRow("a formula does not parse")
+        << customPrice(plan, QStringLiteral("昨收价*")) << QStringLiteral("价格公式不正确：公式不完整");
+    QTest::newRow("a formula is empty") << customPrice(plan, QStringLiteral(""))
+                                        << QStringLiteral("价格公式不正确：公式为空");
+    Record compared = customPrice(plan, QStringLiteral("MA5"));
+    compared.insert(BaseField::priceModel, PriceModel::CompareMin);
+    QTest::newRow("the second formula of two is missing") << compared << QStringLiteral("价格2公式不正确：公式为空");
+}
+
+void TestPlanService::other_parameters_that_do_not_fit_are_refused()
+{
+    QFETCH(Record, record);
+    QFETCH(QString, reason);
+    const QString told = refusal(record);
+    QVERIFY2(told.startsWith(reason), qPrintable(told));
+}
+
+void TestPlanService::plans_of_every_kind_are_accepted()
+{
+    const Record plan = SampleSession::record();
+    Record compared = customPrice(plan, QStringLiteral("max(MA5,昨收价*1.01)"));
+    compared.insert(BaseField::priceModel, PriceModel::CompareMax);
+    compared.insert(BaseField::priceFormula2, QStringLiteral("涨停价"));
+    QCOMPARE(service().CreateNewPlan(amountPlan(plan)), QString());
+    QCOMPARE(service().CreateNewPlan(customPrice(plan, QStringLiteral("min(MA5,MA10)"))), QString());
+    QCOMPARE(service().CreateNewPlan(compared), QString());
+    QCOMPARE(service().CreateNewPlan(with(plan, Orlo_Fields::AutoPlan::templateCode, PlanType::AverageQty)), QString());
+    QCOMPARE(
+        service().CreateNewPlan(with(plan, Orlo_Fields::AutoPlan::templateCode, PlanType::SameElements)), QString());
+}
+
+void TestPlanService::a_reduction_may_end_beyond_the_calendar()
+{
+    QCOMPARE(service().CreateNewPlan(reduction(SampleSession::record())), QString());
+    QCOMPARE(
+        service().CreateNewPlan(with(reduction(SampleSession::record()), BaseField::totalQty, QStringLiteral("0"))),
+        QString());
+}
+
+void TestPlanService::a_plan_with_an_id_is_not_created()
+{
+    QCOMPARE(refusal(with(SampleSession::record(), BaseField::autoPlanId, QStringLiteral("AP00000001"))),
+        QStringLiteral("新建计划不能带有计划编号"));
+}
+
+void TestPlanService::a_value_that_is_no_text_is_refused()
+{
+    Record record = SampleSession::record();
+    record.insert(BaseField::totalQty, 1000);
+    QCOMPARE(refusal(record), QStringLiteral("计划字段“totalQty”的值不是文本"));
+}
+
+void TestPlanService::a_remark_of_the_longest_length_is_kept_whole()
+{
+    const QString remark(PlanCheck::longestRemark, QChar(0x5907));
+    const QString id = m_session->create(with(SampleSession::record(), BaseField::remark, remark));
+    QCOMPARE(service().GetPlanInfo(id).value(BaseField::remark).toString(), remark);
+}
+
+void TestPlanService::a_locked_database_answers_within_a_second_and_stores_nothing()
+{
+    const ForeignWriter lock(m_session->file());
+    QElapsedTimer clock;
+    clock.start();
+    QCOMPARE(refusal(SampleSession::record()), QStringLiteral("数据库正被其他程序占用，请稍后再试"));
+    QVERIFY2(clock.elapsed() < 2000, "the wait for the lock is bounded by less than a second");
+}
+
+void TestPlanService::a_change_replaces_the_record_and_counts_the_version()
+{
+    const QString id = m_session->create(SampleSession::record());
+    Record changed = with(SampleSession::record(), BaseField::totalQty, QStringLiteral("2000"));
+    changed.insert(BaseField::autoPlanId, id);
+    const QSignalSpy news(&PlanNews::instance(), &PlanNews::planStored);
+    QCOMPARE(service().modifyPlan(changed), QString());
+    QCOMPARE(service().GetPlanInfo(id), changed);
+    QCOMPARE(ClientSession::instance().plans().plan(id).version, 2);
+    QCOMPARE(news.count(), 1);
+    QCOMPARE(news.at(0).at(0).toString(), id);
+}
+
+void TestPlanService::what_identifies_a_plan_cannot_be_changed_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("the account") << UserAccount::tradingAccount << QStringLiteral("100002")
+                                 << QStringLiteral("账户不支持修改");
+    QTest::newRow("the security account")
+        << UserAccount::securityAccount << QStringLiteral("X") << QStringLiteral("证券账户不支持修改");
+    QTest::newRow("the instruction type")
+        << Orlo_Fields::AutoPlan::subType << InstructionType::Bond << QStringLiteral("指令类型不支持修改");
+    QTest::newRow("the plan type") << Orlo_Fields::AutoPlan::templateCode << PlanType::AverageQty
+                                   << QStringLiteral("计划类型不支持修改");
+    QTest::newRow("the side") << BaseField::orderSide << Kelvo_Values::OrderSide::sell
+                              << QStringLiteral("交易方向不支持修改");
+}
+
+void TestPlanService::what_identifies_a_plan_cannot_be_changed()
+{
+    QFETCH(QString, key);
+    QFETCH(QString, value);
+    QFETCH(QString, reason);
+    const QString id = m_session->create(SampleSession::record());
+    Record changed = with(SampleSession::record(), key, value);
+    changed.insert(BaseField::autoPlanId, id);
+    QCOMPARE(service().modifyPlan(changed), reason);
+}
+
+void TestPlanService::the_target_type_and_the_entrust_type_cannot_be_changed()
+{
+    const QString id = m_session->create(SampleSession::record());
+    const Record changed = with(amountPlan(SampleSession::record()), BaseField::autoPlanId, id);
+    QCOMPARE(service().modifyPlan(changed), QStringLiteral("指令单类型不支持修改"));
+    Record margin = SampleSession::withOther(
+        SampleSession::record(), { { FieldId::MarginSide, QString::number(int(VorMarginTradeType::MarginBuy)) } });
+    margin.insert(BaseField::autoPlanId, id);
+    QCOMPARE(service().modifyPlan(margin), QStringLiteral("委托类别不支持修改"));
+}
+
+void TestPlanService::a_change_of_an_unknown_plan_is_refused()
+{
+    const Record record = SampleSession::record();
+    QCOMPARE(service().modifyPlan(record), QStringLiteral("计划“”不存在"));
+    QCOMPARE(service().modifyPlan(with(record, BaseField::autoPlanId, QStringLiteral("AP99999999"))),
+        QStringLiteral("计划“AP99999999”不存在"));
+}
+
+void TestPlanService::a_refused_change_leaves_the_plan_as_it_was()
+{
+    const QString id = m_session->create(SampleSession::record());
+    const Record before = service().GetPlanInfo(id);
+    const QSignalSpy news(&PlanNews::instance(), &PlanNews::planStored);
+    QCOMPARE(service().modifyPlan(with(before, BaseField::totalQty, QStringLiteral("nan"))),
+        QStringLiteral("目标总量“nan”不是正整数"));
+    QCOMPARE(service().GetPlanInfo(id), before);
+    QCOMPARE(ClientSession::instance().plans().plan(id).version, 1);
+    QCOMPARE(news.count(), 0);
+}
+
+void TestPlanService::a_started_plan_keeps_its_beginning()
+{
+    const QString id = m_session->create(SampleSession::record());
+    const Record before = service().GetPlanInfo(id);
+    const Record later = with(before, BaseField::beginDate, QStringLiteral("2024-05-07"));
+    QCOMPARE(service().modifyPlan(later), QStringLiteral("计划已开始执行，开始日期不支持修改"));
+    setClientToday(SampleSession::today().addDays(-1));
+    QCOMPARE(service().modifyPlan(later), QString());
+    setClientToday(SampleSession::today());
+}
+
+void TestPlanService::a_locked_database_refuses_a_change()
+{
+    const QString id = m_session->create(SampleSession::record());
+    const Record before = service().GetPlanInfo(id);
+    {
+        const ForeignWriter lock(m_session->file());
+        QCOMPARE(service().modifyPlan(with(before, BaseField::totalQty, QStringLiteral("2000"))),
+            QStringLiteral("数据库正被其他程序占用，请稍后再试"));
+    }
+    QCOMPARE(service().GetPlanInfo(id), before);
+}
+
+void TestPlanService::an_unknown_id_has_no_record_and_no_instructions()
+{
+    QCOMPARE(service().GetPlanInfo(QStringLiteral("AP99999999")), Record());
+    QCOMPARE(service().GetPlanInfo(QStringLiteral("'; DROP TABLE plans")), Record());
+    QCOMPARE(service().GetPlanInstruction(QString()).size(), 0);
+}
+
+void TestPlanService::other_parameters_are_read_whatever_stands_in_the_record_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("entries");
+    QTest::newRow("nothing") << QString() << 0;
+    QTest::newRow("an object") << QStringLiteral("{\"a\":\"1\",\"b\":{\"c\":2}}") << 2;
+    QTest::newRow("an empty object") << QStringLiteral("{}") << 0;
+    QTest::newRow("an object that breaks off") << QStringLiteral("{\"a\":\"1\"") << 0;
+    QTest::newRow("a list") << QStringLiteral("[{\"a\":1}]") << 0;
+    QTest::newRow("a plain text") << QStringLiteral("TWAP") << 0;
+    QTest::newRow("lists within lists, a hundred thousand deep")
+        << QStringLiteral("{\"a\":") + QString(100000, QLatin1Char('[')) << 0;
+    QTest::newRow("an object of a megabyte")
+        << QStringLiteral("{\"a\":\"%1\"}").arg(QString(1 << 20, QLatin1Char('x'))) << 0;
+    QTest::newRow("an object of the longest length that is read")
+        << QStringLiteral("{\"a\":\"%1\"}").arg(QString(PlanTexts::longestOtherParam - 8, QLatin1Char('x'))) << 1;
+}
+
+void TestPlanService::other_parameters_are_read_whatever_stands_in_the_record()
+{
+    QFETCH(QString, text);
+    QFETCH(int, entries);
+    QCOMPARE(service().GetPlanOtherParamFromPlanInfo({ { BaseField::planOtherParam, text } }).size(), entries);
+}
+
+void TestPlanService::trade_dates_are_those_of_the_exchange()
+{
+    QString error = QStringLiteral("left over");
+    const QList<QDate> dates = service().GetTradeDateList(Kelvo_Values::Exchange::sh, error);
+    QCOMPARE(error, QString());
+    QVERIFY(std::is_sorted(dates.cbegin(), dates.cend()));
+    QVERIFY(dates.contains(SampleSession::today()));
+    QVERIFY(dates.contains(QDate(2024, 4, 30)));
+    QVERIFY(!dates.contains(QDate(2024, 5, 1)));
+    QVERIFY(!dates.contains(QDate(2024, 5, 11)));
+    QVERIFY(dates.constLast() > SampleSession::today().addYears(1));
+}
+
+void TestPlanService::hong_kong_connect_trades_when_both_markets_do()
+{
+    QString error;
+    const QList<QDate> dates = service().GetTradeDateList(Orlo_Values::Exchange::HkStockCirculation, error);
+    QCOMPARE(error, QString());
+    QVERIFY(dates.contains(SampleSession::today()));
+    QVERIFY2(!dates.contains(QDate(2024, 5, 15)), "the Buddha's birthday is kept in Hong Kong only");
+    QVERIFY2(!dates.contains(QDate(2024, 5, 2)), "the long May holiday is kept on the mainland only");
+}
+
+void TestPlanService::an_unknown_exchange_has_no_trade_dates()
+{
+    QString error;
+    QCOMPARE(service().GetTradeDateList(QStringLiteral("XNYS"), error), QList<QDate>());
+    QCOMPARE(error, QStringLiteral("没有市场“XNYS”的交易日历"));
+}
+
+void TestPlanService::without_a_session_every_answer_is_empty()
+{
+    const Record record = SampleSession::record();
+    ClientSession::instance().close();
+    QString error;
+    QCOMPARE(service().CreateNewPlan(record), QStringLiteral("尚未登录，无法处理计划"));
+    QCOMPARE(service().modifyPlan(record), QStringLiteral("尚未登录，无法处理计划"));
+    QCOMPARE(service().GetPlanInfo(QStringLiteral("AP00000001")), Record());
+    QCOMPARE(service().GetPlanInstruction(QStringLiteral("AP00000001")).size(), 0);
+    QCOMPARE(service().GetTradeDateList(Kelvo_Values::Exchange::sh, error), QList<QDate>());
+    QCOMPARE(error, QStringLiteral("尚未登录，无法查询交易日"));
+}
+
+QTEST_GUILESS_MAIN(TestPlanService)
+#include "tst_plan_service.moc"
