@@ -71,6 +71,291 @@ QString namedStrategy(const QString& name)
     return root(QStringLiteral("<Strategy name=\"%1\" uiRep=\"别名\" version=\"7\" providerID=\"X\"/>").arg(name));
 }
 
+const QString WHOLE_STRATEGY = QStringLiteral(R"(
+<Strategy name="Demo" uiRep="演示" version="3" providerID="ME" wireValue="d" fixMsgType="D">
+  <Description> 两行
+     说明 </Description>
+  <!-- a comment is no content -->
+  <Parameter name="Rate" xsi:type="Percentage_t" fixTag="7001" use="required" minValue="0.01" maxValue="0.5" precision="4"/>
+  <Parameter name="Speed" xsi:type="Char_t"><EnumPair enumID="e_a" wireValue="A"/><EnumPair enumID="e_b" wireValue="B"/></Parameter>
+  <Parameter name="Kind" xsi:type="Int_t" constValue="4"/>
+  <Parameter name="From" xsi:type="LocalMktTime_t"/>
+  <Parameter name="To" xsi:type="LocalMktTime_t"/>
+  <lay:StrategyLayout>
+    <lay:StrategyPanel orientation="VERTICAL" collapsible="false">
+      <lay:StrategyPanel title="一">
+        <lay:Control ID="c1" xsi:type="lay:SingleSpinner_t" parameterRef="Rate" label="比例" initValue="0.1" increment="0.01" tooltip="提示"/>
+      </lay:StrategyPanel>
+      <lay:StrategyPanel title="二">
+        <lay:Control ID="c2" xsi:type="lay:DropDownList_t" parameterRef="Speed" label="速度（档）" initValue="e_b">
+          <lay:ListItem enumID="e_b" uiRep="快"/><lay:ListItem enumID="e_a" uiRep="慢"/>
+        </lay:Control>
+        <lay:Control ID="c3" xsi:type="lay:Clock_t" parameterRef="From" label="起"/>
+        <lay:Control ID="c4" xsi:type="lay:Clock_t" parameterRef="To" label="止"/>
+      </lay:StrategyPanel>
+    </lay:StrategyPanel>
+  </lay:StrategyLayout>
+  <val:StrategyEdit errorMessage="起须早于止！"><val:Edit field="From" operator="LT" field2="To"/></val:StrategyEdit>
+</Strategy>)");
+
+/// One type of parameter with a control: the row's name, both types and a default.
+struct Pairing {
+    const char* row;
+    QString parameterType;
+    QString controlType;
+    QString value;
+};
+
+const QList<Pairing> PAIRINGS{
+    { "whole number", QStringLiteral("Int_t"), QStringLiteral("SingleSpinner_t"), QStringLiteral("5") },
+    { "decimal", QStringLiteral("Float_t"), QStringLiteral("SingleSpinner_t"), QStringLiteral("0.5") },
+    { "quantity in two steps", QStringLiteral("Qty_t"), QStringLiteral("DoubleSpinner_t"), QStringLiteral("500") },
+    { "price as text", QStringLiteral("Price_t"), QStringLiteral("TextField_t"), QStringLiteral("10.01") },
+    { "amount", QStringLiteral("Amt_t"), QStringLiteral("SingleSpinner_t"), QStringLiteral("1000.5") },
+    { "percentage", QStringLiteral("Percentage_t"), QStringLiteral("SingleSpinner_t"), QStringLiteral("0.25") },
+    { "yes or no", QStringLiteral("Boolean_t"), QStringLiteral("CheckBox_t"), QStringLiteral("true") },
+    { "text", QStringLiteral("String_t"), QStringLiteral("TextField_t"), QStringLiteral("abc") },
+    { "letter", QStringLiteral("Char_t"), QStringLiteral("TextField_t"), QStringLiteral("x") },
+    { "time", QStringLiteral("LocalMktTime_t"), QStringLiteral("Clock_t"), QStringLiteral("09:30:00") },
+    { "time as text", QStringLiteral("LocalMktTime_t"), QStringLiteral("TextField_t"), QStringLiteral("09:30:00") },
+};
+
+/// One file that is refused: the row's name, the file, the line and the reason.
+struct Refusal {
+    const char* row;
+    QString text;
+    int line;
+    const char* reason;
+};
+
+const QString NUMBER = type("Int_t");
+const QString SPINNER = type("lay:SingleSpinner_t");
+const QString LIST = type("lay:DropDownList_t");
+const QString PAIR = QStringLiteral("<EnumPair enumID=\"a\" wireValue=\"1\"/>");
+const QString OTHER = QStringLiteral("<EnumPair enumID=\"b\" wireValue=\"2\"/>");
+const QString ITEM = QStringLiteral("<lay:ListItem enumID=\"a\" uiRep=\"甲\"/>");
+const QString GOOD = parameter(NUMBER);
+const QString EDIT = QStringLiteral("<val:StrategyEdit errorMessage=\"m\">%1</val:StrategyEdit>");
+
+const QList<Refusal> REFUSALS{
+    { "an empty file", QString(), 1, "文件不完整" },
+    { "a cut file", QStringLiteral("<Strategies\n"), 2, "文件不完整" },
+    { "an element that is not closed", root(QStringLiteral("<Strategy name=\"S\">")), 3, "XML格式不正确" },
+    { "an attribute given twice", root(QStringLiteral("<Strategy name=\"a\"\nname=\"b\"/>")), 3, "XML格式不正确" },
+    { "an undeclared prefix", root(QStringLiteral("<no:Strategy/>")), 2, "XML格式不正确" },
+    { "another root", QStringLiteral("<?xml version=\"1.0\"?>\n<Algos/>"), 2,
+        "根元素应为FIXatdl 1.1的Strategies，而不是Algos" },
+    { "a root of another vocabulary", QStringLiteral("<Strategies xmlns=\"x\"/>"), 1,
+        "根元素应为FIXatdl 1.1的Strategies，而不是Strategies" },
+    { "a document type", QStringLiteral("<!DOCTYPE Strategies SYSTEM \"x.dtd\">\n") + root({}), 1,
+        "不允许DTD和实体声明" },
+    { "an undeclared entity", strategy(QStringLiteral("&more;")), 3, "XML格式不正确" },
+    { "a processing instruction", root(QStringLiteral("<?run this?>")), 2, "不支持处理指令run" },
+    { "a processing instruction after the end", namedStrategy(QStringLiteral("A")) + QStringLiteral("<?run?>"), 4,
+        "不支持处理指令run" },
+    { "no strategy", root({}), 3, "文件中没有策略" },
+    { "loose text", strategy(QStringLiteral("abc")), 4, "元素之间有文字“abc”" },
+
+    { "an unknown element", strategy(QStringLiteral("<Markets/>")), 3, "元素Markets不支持或不能出现在这里" },
+    { "an element in the wrong place", root(QStringLiteral("<Parameter/>")), 2, "元素Parameter不支持或不能出现在这里" },
+    { "a foreign element", strategy(QStringLiteral("<a xmlns=\"b\"/>")), 3, "命名空间只能在根元素上声明" },
+    { "an unknown attribute of a strategy", root(QStringLiteral("<Strategy name=\"S\"\n sentOrderLink=\"x\"/>")), 3,
+        "元素Strategy的属性sentOrderLink不支持" },
+    { "a foreign attribute", strategy(QStringLiteral("<Parameter lay:name=\"P\"/>")), 3,
+        "元素Parameter的属性lay:name不支持" },
+    { "another message type", root(QStringLiteral("<Strategy name=\"S\" fixMsgType=\"E\"/>")), 2,
+        "属性fixMsgType的值“E”不支持，只支持D" },
+    { "a root tag that is no tag",
+        QStringLiteral(
+            "<Strategies xmlns=\"http://www.fixprotocol.org/FIXatdl-1-1/Core\" strategyIdentifierTag=\"x\"/>"),
+        1, "属性strategyIdentifierTag的值“x”应为1至99999999的整数" },
+    { "a root flag that is no flag",
+        QStringLiteral("<Strategies xmlns=\"http://www.fixprotocol.org/FIXatdl-1-1/Core\" tag957Support=\"1\"/>"), 1,
+        "属性tag957Support的值“1”应为true或false" },
+    { "a strategy without a name", root(QStringLiteral("<Strategy/>")), 2, "元素Strategy缺少属性name" },
+    { "a strategy name with a blank", root(QStringLiteral("<Strategy name=\"a b\"/>")), 2,
+        "属性name的值“a b”应以字母开头，只含字母、数字和下划线，最多64个字符" },
+    { "a strategy twice", root(QStringLiteral("<Strategy name=\"S\"/>\n<Strategy name=\"S\"/>")), 3, "策略名“S”重复" },
+    { "an element in a description", strategy(QStringLiteral("<Description>a<b/></Description>")), 3,
+        "Description中不能有元素b" },
+
+    { "a parameter without a type", strategy(QStringLiteral("<Parameter name=\"P\"/>")), 3,
+        "元素Parameter缺少属性xsi:type" },
+    { "an unknown parameter type", strategy(parameter(type("Tenor_t"))), 3, "参数类型“Tenor_t”不支持" },
+    { "a type of another vocabulary", strategy(parameter(type("lay:Int_t"))), 3,
+        "类型“lay:Int_t”不属于http://www.fixprotocol.org/FIXatdl-1-1/Core" },
+    { "a time with a date", strategy(parameter(type("UTCTimestamp_t"))), 3,
+        "参数类型UTCTimestamp_t含有日期，计划跨多个交易日，请改用LocalMktTime_t" },
+    { "a use that is none", strategy(parameter(NUMBER + QStringLiteral(" use=\"maybe\""))), 3,
+        "属性use的值“maybe”应为required或optional" },
+    { "a tag of 0", strategy(parameter(NUMBER + QStringLiteral(" fixTag=\"0\""))), 3,
+        "属性fixTag的值“0”应为1至99999999的整数" },
+    { "decimals of a whole number", strategy(parameter(NUMBER + QStringLiteral(" precision=\"2\""))), 3,
+        "类型Int_t不能有属性precision" },
+    { "a length of a number", strategy(parameter(NUMBER + QStringLiteral(" maxLength=\"2\""))), 3,
+        "类型Int_t不能有属性maxLength" },
+    { "yes and no of a number", strategy(parameter(NUMBER + QStringLiteral(" trueWireValue=\"1\""))), 3,
+        "类型Int_t不能有属性trueWireValue" },
+    { "yes equal to no", strategy(parameter(type("Boolean_t") + QStringLiteral(" trueWireValue=\"N\""))), 3,
+        "属性trueWireValue与falseWireValue相同" },
+    { "a limit that is no number", parts(parameter(NUMBER + QStringLiteral(" minValue=\"nan\"")), control(SPINNER)), 3,
+        "参数P的minValue“nan”应为数字" },
+    { "a limit in scientific form",
+        parts(parameter(type("Float_t") + QStringLiteral(" maxValue=\"1e3\"")), control(SPINNER)), 3,
+        "参数P的maxValue“1e3”应为数字" },
+    { "limits the wrong way round",
+        parts(parameter(NUMBER + QStringLiteral(" minValue=\"2\" maxValue=\"1\"")), control(SPINNER)), 3,
+        "参数P的minValue大于maxValue" },
+    { "limits of a text",
+        parts(parameter(type("String_t") + QStringLiteral(" minValue=\"1\"")), control(type("lay:TextField_t"))), 3,
+        "参数P的类型不能有minValue或maxValue" },
+    { "a constant out of range", strategy(parameter(NUMBER + QStringLiteral(" maxValue=\"5\" constValue=\"6\""))), 3,
+        "参数P的constValue“6”应不大于5" },
+    { "a parameter twice",
+        strategy(parameter(NUMBER + QStringLiteral(" constValue=\"1\"")) + QLatin1Char('\n')
+            + parameter(NUMBER + QStringLiteral(" constValue=\"2\""))),
+        4, "参数名“P”重复" },
+    { "a value twice", parts(parameter(NUMBER, PAIR + PAIR), control(LIST, ITEM)), 3, "参数P的enumID“a”重复" },
+    { "a value that is none of its type",
+        parts(parameter(NUMBER, QStringLiteral("<EnumPair enumID=\"a\" wireValue=\"x\"/>")), control(LIST, ITEM)), 3,
+        "参数P的wireValue“x”应为数字" },
+    { "values of yes or no", strategy(parameter(type("Boolean_t"), PAIR)), 3, "Boolean_t参数不能有EnumPair" },
+    { "a value without an id", strategy(parameter(NUMBER, QStringLiteral("<EnumPair wireValue=\"1\"/>"))), 3,
+        "元素EnumPair缺少属性enumID" },
+    { "a parameter without a control", strategy(GOOD), 3, "参数P既没有控件也没有constValue" },
+
+    { "a second layout", parts(GOOD, control(SPINNER), QStringLiteral("<lay:StrategyLayout/>")), 7,
+        "策略S有多个StrategyLayout" },
+    { "a layout without a panel", strategy(QStringLiteral("<lay:StrategyLayout/>")), 3,
+        "StrategyLayout中没有StrategyPanel" },
+    { "two panels side by side at the top",
+        strategy(QStringLiteral("<lay:StrategyLayout><lay:StrategyPanel/>\n<lay:StrategyPanel/></lay:StrategyLayout>")),
+        4, "StrategyLayout中只能有一个StrategyPanel" },
+    { "a horizontal panel",
+        strategy(
+            QStringLiteral("<lay:StrategyLayout><lay:StrategyPanel orientation=\"HORIZONTAL\"/></lay:StrategyLayout>")),
+        3, "属性orientation的值“HORIZONTAL”不支持，只支持VERTICAL" },
+    { "controls beside panels", parts(GOOD, control(SPINNER) + QStringLiteral("\n<lay:StrategyPanel/>")), 6,
+        "StrategyPanel中不能同时有Control和StrategyPanel" },
+    { "panels too deep",
+        parts(GOOD,
+            QStringLiteral("<lay:StrategyPanel>").repeated(8) + QStringLiteral("</lay:StrategyPanel>").repeated(8)),
+        5, "StrategyPanel嵌套超过8层" },
+
+    { "a control without a parameter", parts({}, control(SPINNER)), 5, "控件c的参数“P”不存在" },
+    { "a control without a reference",
+        parts(GOOD, QStringLiteral("<lay:Control ID=\"c\" label=\"l\" %1/>").arg(SPINNER)), 5,
+        "元素Control缺少属性parameterRef" },
+    { "a control of a constant", parts(parameter(NUMBER + QStringLiteral(" constValue=\"1\"")), control(SPINNER)), 5,
+        "控件c的参数P是常量，不能有控件" },
+    { "a control id twice",
+        parts(GOOD + QStringLiteral("<Parameter name=\"Q\" %1/>").arg(NUMBER),
+            control(SPINNER)
+                + QStringLiteral("\n<lay:Control ID=\"c\" parameterRef=\"Q\" label=\"l\" %1/>").arg(SPINNER)),
+        6, "控件ID“c”重复" },
+    { "two controls of one parameter",
+        parts(GOOD,
+            control(SPINNER)
+                + QStringLiteral("\n<lay:Control ID=\"d\" parameterRef=\"P\" label=\"l\" %1/>").arg(SPINNER)),
+        6, "参数“P”有多个控件" },
+    { "an unknown control type", parts(GOOD, control(type("lay:Slider_t"))), 5, "控件类型“Slider_t”不支持" },
+    { "a check box for a number", parts(GOOD, control(type("lay:CheckBox_t"))), 5, "控件c的类型与参数P的类型不符" },
+    { "a spinner for a list", parts(parameter(NUMBER, PAIR), control(SPINNER)), 5, "控件c的类型与参数P的类型不符" },
+    { "list entries that do not match", parts(parameter(NUMBER, PAIR + OTHER), control(LIST, ITEM)), 5,
+        "控件c的ListItem与参数P的EnumPair不一致" },
+    { "a list entry twice", parts(parameter(NUMBER, PAIR), control(LIST, ITEM + ITEM)), 5, "控件c的ListItem“a”重复" },
+    { "entries of a spinner", parts(GOOD, control(SPINNER, ITEM)), 5, "控件c的类型不能有ListItem" },
+    { "a default out of range",
+        parts(parameter(NUMBER + QStringLiteral(" minValue=\"1\" maxValue=\"5\"")),
+            control(SPINNER + QStringLiteral(" initValue=\"6\""))),
+        5, "控件c的默认值“6”应在1至5之间" },
+    { "a default that is no entry",
+        parts(parameter(NUMBER, PAIR), control(LIST + QStringLiteral(" initValue=\"z\""), ITEM)), 5,
+        "控件c的默认值“z”不是可选的值" },
+    { "a default of a check box that is neither",
+        parts(parameter(type("Boolean_t")), control(type("lay:CheckBox_t") + QStringLiteral(" initValue=\"Y\""))), 5,
+        "控件c的默认值“Y”不是可选的值" },
+    { "a default time that is none",
+        parts(parameter(type("LocalMktTime_t")),
+            control(type("lay:Clock_t") + QStringLiteral(" initValue=\"24:00:00\""))),
+        5, "控件c的默认值“24:00:00”应为时间，如09:30:00" },
+    { "a step of 0", parts(GOOD, control(SPINNER + QStringLiteral(" increment=\"0\""))), 5,
+        "控件c的步长“0”应为大于零且符合参数类型的数字" },
+    { "a step of a text field", parts(GOOD, control(type("lay:TextField_t") + QStringLiteral(" increment=\"1\""))), 5,
+        "类型TextField_t不能有属性increment" },
+    { "a large step of a single spinner", parts(GOOD, control(SPINNER + QStringLiteral(" outerIncrement=\"9\""))), 5,
+        "类型SingleSpinner_t不能有属性outerIncrement" },
+    { "a rule that switches a control", parts(GOOD, control(SPINNER, QStringLiteral("<StateRule/>"))), 5,
+        "元素StateRule不支持或不能出现在这里" },
+
+    { "a rule without a comparison", parts(GOOD, control(SPINNER), EDIT.arg(QString())), 7, "StrategyEdit中没有Edit" },
+    { "a rule of two comparisons",
+        parts(GOOD, control(SPINNER),
+            EDIT.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"LT\" value=\"1\"/>\n<val:Edit/>"))),
+        8, "StrategyEdit中只支持一个Edit" },
+    { "a comparison that is unknown",
+        parts(GOOD, control(SPINNER), EDIT.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"EX\"/>"))), 7,
+        "比较符“EX”不支持" },
+    { "a comparison with nothing",
+        parts(GOOD, control(SPINNER), EDIT.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"LT\"/>"))), 7,
+        "Edit应有field2或value之一" },
+    { "a comparison of nothing",
+        parts(GOOD, control(SPINNER), EDIT.arg(QStringLiteral("<val:Edit field=\"Z\" operator=\"LT\" value=\"1\"/>"))),
+        7, "校验规则的参数“Z”不存在" },
+    { "a comparison with an unknown parameter",
+        parts(GOOD, control(SPINNER), EDIT.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"LT\" field2=\"Z\"/>"))),
+        7, "校验规则的参数“Z”不存在" },
+    { "a comparison with a bad value",
+        parts(GOOD, control(SPINNER), EDIT.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"LT\" value=\"x\"/>"))),
+        7, "参数P的校验值“x”应为数字" },
+    { "a comparison of a number with a time",
+        parts(GOOD + QStringLiteral("<Parameter name=\"Q\" %1 constValue=\"09:30:00\"/>").arg(type("LocalMktTime_t")),
+            control(SPINNER), EDIT.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"LT\" field2=\"Q\"/>"))),
+        7, "校验规则的参数P与Q类型不同，不能比较" },
+};
+
+/// One value of a parameter: the row's name, the parameter, the value and what is wrong with it.
+struct ValueCheck {
+    const char* row;
+    QString attributes;
+    QString value;
+    QString problem;
+};
+
+const QString WHOLE = type("Int_t") + QStringLiteral(" use=\"required\" minValue=\"1\" maxValue=\"5\"");
+const QString RATIO = type("Percentage_t") + QStringLiteral(" minValue=\"0.01\" maxValue=\"0.5\" precision=\"4\"");
+const QString TIME = type("LocalMktTime_t") + QStringLiteral(" minValue=\"09:30:00\"");
+
+const QList<ValueCheck> VALUE_CHECKS{
+    { "the lower limit passes", WHOLE, QStringLiteral("1"), QString() },
+    { "the upper limit passes", WHOLE, QStringLiteral("5"), QString() },
+    { "below the lower limit fails", WHOLE, QStringLiteral("0"), QStringLiteral("应在1至5之间") },
+    { "above the upper limit fails", WHOLE, QStringLiteral("6"), QStringLiteral("应在1至5之间") },
+    { "nothing fails where needed", WHOLE, QString(), QStringLiteral("必填") },
+    { "nothing passes where not needed", RATIO, QString(), QString() },
+    { "a fraction of a whole number fails", WHOLE, QStringLiteral("1.5"), QStringLiteral("应为整数") },
+    { "a whole number with zeros behind the point passes", WHOLE, QStringLiteral("2.0"), QString() },
+    { "nan fails", WHOLE, QStringLiteral("nan"), QStringLiteral("应为数字") },
+    { "infinity fails", WHOLE, QStringLiteral("inf"), QStringLiteral("应为数字") },
+    { "an exponent fails", WHOLE, QStringLiteral("1e0"), QStringLiteral("应为数字") },
+    { "a plus sign fails", WHOLE, QStringLiteral("+1"), QStringLiteral("应为数字") },
+    { "full-width digits fail", WHOLE, QStringLiteral("１"), QStringLiteral("应为数字") },
+    { "a line end behind a number fails", WHOLE, QStringLiteral("1\n"), QStringLiteral("应为数字") },
+    { "sixteen digits fail", WHOLE, QStringLiteral("1000000000000000"), QStringLiteral("应为数字") },
+    { "a percentage within its limits passes", RATIO, QStringLiteral("0.5"), QString() },
+    { "a percentage just above fails", RATIO, QStringLiteral("0.5001"), QStringLiteral("应在1至50之间") },
+    { "a percentage too fine fails", RATIO, QStringLiteral("0.12345"), QStringLiteral("最多2位小数") },
+    { "the first moment passes", TIME, QStringLiteral("09:30:00"), QString() },
+    { "a second before fails", TIME, QStringLiteral("09:29:59"), QStringLiteral("应不小于09:30:00") },
+    { "a time in short form is none", TIME, QStringLiteral("9:30"), QStringLiteral("应为时间，如09:30:00") },
+    { "two letters are no letter", type("Char_t"), QStringLiteral("ab"), QStringLiteral("应为一个字符") },
+    { "a control character fails", type("String_t"), QStringLiteral("a\x01"), QStringLiteral("含有不可见字符") },
+    { "a text too long fails", type("String_t") + QStringLiteral(" maxLength=\"3\""), QStringLiteral("abcd"),
+        QStringLiteral("最多3个字符") },
+    { "yes passes", type("Boolean_t"), QStringLiteral("Y"), QString() },
+    { "another word for yes fails", type("Boolean_t"), QStringLiteral("true"), QStringLiteral("不是可选的值") },
+};
+
 } // namespace
 
 class StrategyFilesTest : public QObject {
@@ -81,6 +366,7 @@ private Q_SLOTS:
     void cleanup();
 
     void aWholeStrategyIsRead();
+    void theControlsOfAStrategyAreRead();
     void everySupportedTypeIsRead_data();
     void everySupportedTypeIsRead();
     void whatDoesNotFitIsRefusedWithItsLine_data();
@@ -120,32 +406,7 @@ void StrategyFilesTest::cleanup()
 
 void StrategyFilesTest::aWholeStrategyIsRead()
 {
-    const StrategyFileContent content = readText(root(QStringLiteral(R"(
-<Strategy name="Demo" uiRep="演示" version="3" providerID="ME" wireValue="d" fixMsgType="D">
-  <Description> 两行
-     说明 </Description>
-  <!-- a comment is no content -->
-  <Parameter name="Rate" xsi:type="Percentage_t" fixTag="7001" use="required" minValue="0.01" maxValue="0.5" precision="4"/>
-  <Parameter name="Speed" xsi:type="Char_t"><EnumPair enumID="e_a" wireValue="A"/><EnumPair enumID="e_b" wireValue="B"/></Parameter>
-  <Parameter name="Kind" xsi:type="Int_t" constValue="4"/>
-  <Parameter name="From" xsi:type="LocalMktTime_t"/>
-  <Parameter name="To" xsi:type="LocalMktTime_t"/>
-  <lay:StrategyLayout>
-    <lay:StrategyPanel orientation="VERTICAL" collapsible="false">
-      <lay:StrategyPanel title="一">
-        <lay:Control ID="c1" xsi:type="lay:SingleSpinner_t" parameterRef="Rate" label="比例" initValue="0.1" increment="0.01" tooltip="提示"/>
-      </lay:StrategyPanel>
-      <lay:StrategyPanel title="二">
-        <lay:Control ID="c2" xsi:type="lay:DropDownList_t" parameterRef="Speed" label="速度（档）" initValue="e_b">
-          <lay:ListItem enumID="e_b" uiRep="快"/><lay:ListItem enumID="e_a" uiRep="慢"/>
-        </lay:Control>
-        <lay:Control ID="c3" xsi:type="lay:Clock_t" parameterRef="From" label="起"/>
-        <lay:Control ID="c4" xsi:type="lay:Clock_t" parameterRef="To" label="止"/>
-      </lay:StrategyPanel>
-    </lay:StrategyPanel>
-  </lay:StrategyLayout>
-  <val:StrategyEdit errorMessage="起须早于止！"><val:Edit field="From" operator="LT" field2="To"/></val:StrategyEdit>
-</Strategy>)")));
+    const StrategyFileContent content = readText(root(WHOLE_STRATEGY));
     QCOMPARE(content.error.text(), QStringLiteral("："));
     QCOMPARE(content.strategies.size(), 1);
     const StrategyDefinition demo = content.strategies.constFirst();
@@ -161,6 +422,15 @@ void StrategyFilesTest::aWholeStrategyIsRead()
     QVERIFY(demo.parameter(QStringLiteral("Rate"))->required);
     QVERIFY(!demo.parameter(QStringLiteral("Speed"))->required);
     QCOMPARE(demo.parameter(QStringLiteral("Kind"))->constValue, QStringLiteral("4"));
+    QCOMPARE(demo.rules.size(), 1);
+    QCOMPARE(demo.rules.at(0).message, QStringLiteral("起须早于止！"));
+}
+
+void StrategyFilesTest::theControlsOfAStrategyAreRead()
+{
+    const StrategyFileContent content = readText(root(WHOLE_STRATEGY));
+    QVERIFY(content.isValid());
+    const StrategyDefinition demo = content.strategies.constFirst();
     QCOMPARE(demo.controls.size(), 4);
     QCOMPARE(demo.controls.at(0).section, QStringLiteral("一"));
     QCOMPARE(demo.controls.at(0).tooltip, QStringLiteral("提示"));
@@ -168,8 +438,6 @@ void StrategyFilesTest::aWholeStrategyIsRead()
     QCOMPARE(demo.controls.at(1).label, QStringLiteral("速度"));
     QCOMPARE(demo.controls.at(1).unit, QStringLiteral("档"));
     QCOMPARE(demo.controls.at(1).initialValue, QStringLiteral("B"));
-    QCOMPARE(demo.rules.size(), 1);
-    QCOMPARE(demo.rules.at(0).message, QStringLiteral("起须早于止！"));
 }
 
 void StrategyFilesTest::everySupportedTypeIsRead_data()
@@ -177,23 +445,8 @@ void StrategyFilesTest::everySupportedTypeIsRead_data()
     QTest::addColumn<QString>("parameterType");
     QTest::addColumn<QString>("controlType");
     QTest::addColumn<QString>("value");
-    QTest::newRow("whole number") << QStringLiteral("Int_t") << QStringLiteral("SingleSpinner_t")
-                                  << QStringLiteral("5");
-    QTest::newRow("decimal") << QStringLiteral("Float_t") << QStringLiteral("SingleSpinner_t") << QStringLiteral("0.5");
-    QTest::newRow("quantity in two steps")
-        << QStringLiteral("Qty_t") << QStringLiteral("DoubleSpinner_t") << QStringLiteral("500");
-    QTest::newRow("price as text") << QStringLiteral("Price_t") << QStringLiteral("TextField_t")
-                                   << QStringLiteral("10.01");
-    QTest::newRow("amount") << QStringLiteral("Amt_t") << QStringLiteral("SingleSpinner_t") << QStringLiteral("1000.5");
-    QTest::newRow("percentage") << QStringLiteral("Percentage_t") << QStringLiteral("SingleSpinner_t")
-                                << QStringLiteral("0.25");
-    QTest::newRow("yes or no") << QStringLiteral("Boolean_t") << QStringLiteral("CheckBox_t") << QStringLiteral("true");
-    QTest::newRow("text") << QStringLiteral("String_t") << QStringLiteral("TextField_t") << QStringLiteral("abc");
-    QTest::newRow("letter") << QStringLiteral("Char_t") << QStringLiteral("TextField_t") << QStringLiteral("x");
-    QTest::newRow("time") << QStringLiteral("LocalMktTime_t") << QStringLiteral("Clock_t")
-                          << QStringLiteral("09:30:00");
-    QTest::newRow("time as text") << QStringLiteral("LocalMktTime_t") << QStringLiteral("TextField_t")
-                                  << QStringLiteral("09:30:00");
+    for (const Pairing& pairing : PAIRINGS)
+        QTest::newRow(pairing.row) << pairing.parameterType << pairing.controlType << pairing.value;
 }
 
 void StrategyFilesTest::everySupportedTypeIsRead()
@@ -213,200 +466,8 @@ void StrategyFilesTest::whatDoesNotFitIsRefusedWithItsLine_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("line");
     QTest::addColumn<QString>("reason");
-    const auto refused = [](const char* row, const QString& text, int line, const char* reason) {
-        QTest::newRow(row) << text << line << QString::fromUtf8(reason);
-    };
-    const QString number = type("Int_t");
-    const QString spinner = type("lay:SingleSpinner_t");
-    const QString list = type("lay:DropDownList_t");
-    const QString pair = QStringLiteral("<EnumPair enumID=\"a\" wireValue=\"1\"/>");
-    const QString other = QStringLiteral("<EnumPair enumID=\"b\" wireValue=\"2\"/>");
-    const QString item = QStringLiteral("<lay:ListItem enumID=\"a\" uiRep=\"甲\"/>");
-    const QString good = parameter(number);
-    const QString edit = QStringLiteral("<val:StrategyEdit errorMessage=\"m\">%1</val:StrategyEdit>");
-
-    refused("an empty file", QString(), 1, "文件不完整");
-    refused("a cut file", QStringLiteral("<Strategies\n"), 2, "文件不完整");
-    refused("an element that is not closed", root(QStringLiteral("<Strategy name=\"S\">")), 3, "XML格式不正确");
-    refused("an attribute given twice", root(QStringLiteral("<Strategy name=\"a\"\nname=\"b\"/>")), 3, "XML格式不正确");
-    refused("an undeclared prefix", root(QStringLiteral("<no:Strategy/>")), 2, "XML格式不正确");
-    refused("another root", QStringLiteral("<?xml version=\"1.0\"?>\n<Algos/>"), 2,
-        "根元素应为FIXatdl 1.1的Strategies，而不是Algos");
-    refused("a root of another vocabulary", QStringLiteral("<Strategies xmlns=\"x\"/>"), 1,
-        "根元素应为FIXatdl 1.1的Strategies，而不是Strategies");
-    refused("a document type", QStringLiteral("<!DOCTYPE Strategies SYSTEM \"x.dtd\">\n") + root({}), 1,
-        "不允许DTD和实体声明");
-    refused("an undeclared entity", strategy(QStringLiteral("&more;")), 3, "XML格式不正确");
-    refused("a processing instruction", root(QStringLiteral("<?run this?>")), 2, "不支持处理指令run");
-    refused("a processing instruction after the end", namedStrategy(QStringLiteral("A")) + QStringLiteral("<?run?>"), 4,
-        "不支持处理指令run");
-    refused("no strategy", root({}), 3, "文件中没有策略");
-    refused("loose text", strategy(QStringLiteral("abc")), 4, "元素之间有文字“abc”");
-
-    refused("an unknown element", strategy(QStringLiteral("<Markets/>")), 3, "元素Markets不支持或不能出现在这里");
-    refused("an element in the wrong place", root(QStringLiteral("<Parameter/>")), 2,
-        "元素Parameter不支持或不能出现在这里");
-    refused("a foreign element", strategy(QStringLiteral("<a xmlns=\"b\"/>")), 3, "命名空间只能在根元素上声明");
-    refused("an unknown attribute of a strategy", root(QStringLiteral("<Strategy name=\"S\"\n sentOrderLink=\"x\"/>")),
-        3, "元素Strategy的属性sentOrderLink不支持");
-    refused("a foreign attribute", strategy(QStringLiteral("<Parameter lay:name=\"P\"/>")), 3,
-        "元素Parameter的属性lay:name不支持");
-    refused("another message type", root(QStringLiteral("<Strategy name=\"S\" fixMsgType=\"E\"/>")), 2,
-        "属性fixMsgType的值“E”不支持，只支持D");
-    refused("a root tag that is no tag",
-        QStringLiteral(
-            "<Strategies xmlns=\"http://www.fixprotocol.org/FIXatdl-1-1/Core\" strategyIdentifierTag=\"x\"/>"),
-        1, "属性strategyIdentifierTag的值“x”应为1至99999999的整数");
-    refused("a root flag that is no flag",
-        QStringLiteral("<Strategies xmlns=\"http://www.fixprotocol.org/FIXatdl-1-1/Core\" tag957Support=\"1\"/>"), 1,
-        "属性tag957Support的值“1”应为true或false");
-    refused("a strategy without a name", root(QStringLiteral("<Strategy/>")), 2, "元素Strategy缺少属性name");
-    refused("a strategy name with a blank", root(QStringLiteral("<Strategy name=\"a b\"/>")), 2,
-        "属性name的值“a b”应以字母开头，只含字母、数字和下划线，最多64个字符");
-    refused(
-        "a strategy twice", root(QStringLiteral("<Strategy name=\"S\"/>\n<Strategy name=\"S\"/>")), 3, "策略名“S”重复");
-    refused("an element in a description", strategy(QStringLiteral("<Description>a<b/></Description>")), 3,
-        "Description中不能有元素b");
-
-    refused("a parameter without a type", strategy(QStringLiteral("<Parameter name=\"P\"/>")), 3,
-        "元素Parameter缺少属性xsi:type");
-    refused("an unknown parameter type", strategy(parameter(type("Tenor_t"))), 3, "参数类型“Tenor_t”不支持");
-    refused("a type of another vocabulary", strategy(parameter(type("lay:Int_t"))), 3,
-        "类型“lay:Int_t”不属于http://www.fixprotocol.org/FIXatdl-1-1/Core");
-    refused("a time with a date", strategy(parameter(type("UTCTimestamp_t"))), 3,
-        "参数类型UTCTimestamp_t含有日期，计划跨多个交易日，请改用LocalMktTime_t");
-    refused("a use that is none", strategy(parameter(number + QStringLiteral(" use=\"maybe\""))), 3,
-        "属性use的值“maybe”应为required或optional");
-    refused("a tag of 0", strategy(parameter(number + QStringLiteral(" fixTag=\"0\""))), 3,
-        "属性fixTag的值“0”应为1至99999999的整数");
-    refused("decimals of a whole number", strategy(parameter(number + QStringLiteral(" precision=\"2\""))), 3,
-        "类型Int_t不能有属性precision");
-    refused("a length of a number", strategy(parameter(number + QStringLiteral(" maxLength=\"2\""))), 3,
-        "类型Int_t不能有属性maxLength");
-    refused("yes and no of a number", strategy(parameter(number + QStringLiteral(" trueWireValue=\"1\""))), 3,
-        "类型Int_t不能有属性trueWireValue");
-    refused("yes equal to no", strategy(parameter(type("Boolean_t") + QStringLiteral(" trueWireValue=\"N\""))), 3,
-        "属性trueWireValue与falseWireValue相同");
-    refused("a limit that is no number",
-        parts(parameter(number + QStringLiteral(" minValue=\"nan\"")), control(spinner)), 3,
-        "参数P的minValue“nan”应为数字");
-    refused("a limit in scientific form",
-        parts(parameter(type("Float_t") + QStringLiteral(" maxValue=\"1e3\"")), control(spinner)), 3,
-        "参数P的maxValue“1e3”应为数字");
-    refused("limits the wrong way round",
-        parts(parameter(number + QStringLiteral(" minValue=\"2\" maxValue=\"1\"")), control(spinner)), 3,
-        "参数P的minValue大于maxValue");
-    refused("limits of a text",
-        parts(parameter(type("String_t") + QStringLiteral(" minValue=\"1\"")), control(type("lay:TextField_t"))), 3,
-        "参数P的类型不能有minValue或maxValue");
-    refused("a constant out of range", strategy(parameter(number + QStringLiteral(" maxValue=\"5\" constValue=\"6\""))),
-        3, "参数P的constValue“6”应不大于5");
-    refused("a parameter twice",
-        strategy(parameter(number + QStringLiteral(" constValue=\"1\"")) + QLatin1Char('\n')
-            + parameter(number + QStringLiteral(" constValue=\"2\""))),
-        4, "参数名“P”重复");
-    refused("a value twice", parts(parameter(number, pair + pair), control(list, item)), 3, "参数P的enumID“a”重复");
-    refused("a value that is none of its type",
-        parts(parameter(number, QStringLiteral("<EnumPair enumID=\"a\" wireValue=\"x\"/>")), control(list, item)), 3,
-        "参数P的wireValue“x”应为数字");
-    refused("values of yes or no", strategy(parameter(type("Boolean_t"), pair)), 3, "Boolean_t参数不能有EnumPair");
-    refused("a value without an id", strategy(parameter(number, QStringLiteral("<EnumPair wireValue=\"1\"/>"))), 3,
-        "元素EnumPair缺少属性enumID");
-    refused("a parameter without a control", strategy(good), 3, "参数P既没有控件也没有constValue");
-
-    refused("a second layout", parts(good, control(spinner), QStringLiteral("<lay:StrategyLayout/>")), 7,
-        "策略S有多个StrategyLayout");
-    refused("a layout without a panel", strategy(QStringLiteral("<lay:StrategyLayout/>")), 3,
-        "StrategyLayout中没有StrategyPanel");
-    refused("two panels side by side at the top",
-        strategy(QStringLiteral("<lay:StrategyLayout><lay:StrategyPanel/>\n<lay:StrategyPanel/></lay:StrategyLayout>")),
-        4, "StrategyLayout中只能有一个StrategyPanel");
-    refused("a horizontal panel",
-        strategy(
-            QStringLiteral("<lay:StrategyLayout><lay:StrategyPanel orientation=\"HORIZONTAL\"/></lay:StrategyLayout>")),
-        3, "属性orientation的值“HORIZONTAL”不支持，只支持VERTICAL");
-    refused("controls beside panels", parts(good, control(spinner) + QStringLiteral("\n<lay:StrategyPanel/>")), 6,
-        "StrategyPanel中不能同时有Control和StrategyPanel");
-    refused("panels too deep",
-        parts(good,
-            QStringLiteral("<lay:StrategyPanel>").repeated(8) + QStringLiteral("</lay:StrategyPanel>").repeated(8)),
-        5, "StrategyPanel嵌套超过8层");
-
-    refused("a control without a parameter", parts({}, control(spinner)), 5, "控件c的参数“P”不存在");
-    refused("a control without a reference",
-        parts(good, QStringLiteral("<lay:Control ID=\"c\" label=\"l\" %1/>").arg(spinner)), 5,
-        "元素Control缺少属性parameterRef");
-    refused("a control of a constant", parts(parameter(number + QStringLiteral(" constValue=\"1\"")), control(spinner)),
-        5, "控件c的参数P是常量，不能有控件");
-    refused("a control id twice",
-        parts(good + QStringLiteral("<Parameter name=\"Q\" %1/>").arg(number),
-            control(spinner)
-                + QStringLiteral("\n<lay:Control ID=\"c\" parameterRef=\"Q\" label=\"l\" %1/>").arg(spinner)),
-        6, "控件ID“c”重复");
-    refused("two controls of one parameter",
-        parts(good,
-            control(spinner)
-                + QStringLiteral("\n<lay:Control ID=\"d\" parameterRef=\"P\" label=\"l\" %1/>").arg(spinner)),
-        6, "参数“P”有多个控件");
-    refused("an unknown control type", parts(good, control(type("lay:Slider_t"))), 5, "控件类型“Slider_t”不支持");
-    refused(
-        "a check box for a number", parts(good, control(type("lay:CheckBox_t"))), 5, "控件c的类型与参数P的类型不符");
-    refused(
-        "a spinner for a list", parts(parameter(number, pair), control(spinner)), 5, "控件c的类型与参数P的类型不符");
-    refused("list entries that do not match", parts(parameter(number, pair + other), control(list, item)), 5,
-        "控件c的ListItem与参数P的EnumPair不一致");
-    refused(
-        "a list entry twice", parts(parameter(number, pair), control(list, item + item)), 5, "控件c的ListItem“a”重复");
-    refused("entries of a spinner", parts(good, control(spinner, item)), 5, "控件c的类型不能有ListItem");
-    refused("a default out of range",
-        parts(parameter(number + QStringLiteral(" minValue=\"1\" maxValue=\"5\"")),
-            control(spinner + QStringLiteral(" initValue=\"6\""))),
-        5, "控件c的默认值“6”应在1至5之间");
-    refused("a default that is no entry",
-        parts(parameter(number, pair), control(list + QStringLiteral(" initValue=\"z\""), item)), 5,
-        "控件c的默认值“z”不是可选的值");
-    refused("a default of a check box that is neither",
-        parts(parameter(type("Boolean_t")), control(type("lay:CheckBox_t") + QStringLiteral(" initValue=\"Y\""))), 5,
-        "控件c的默认值“Y”不是可选的值");
-    refused("a default time that is none",
-        parts(parameter(type("LocalMktTime_t")),
-            control(type("lay:Clock_t") + QStringLiteral(" initValue=\"24:00:00\""))),
-        5, "控件c的默认值“24:00:00”应为时间，如09:30:00");
-    refused("a step of 0", parts(good, control(spinner + QStringLiteral(" increment=\"0\""))), 5,
-        "控件c的步长“0”应为大于零且符合参数类型的数字");
-    refused("a step of a text field",
-        parts(good, control(type("lay:TextField_t") + QStringLiteral(" increment=\"1\""))), 5,
-        "类型TextField_t不能有属性increment");
-    refused("a large step of a single spinner", parts(good, control(spinner + QStringLiteral(" outerIncrement=\"9\""))),
-        5, "类型SingleSpinner_t不能有属性outerIncrement");
-    refused("a rule that switches a control", parts(good, control(spinner, QStringLiteral("<StateRule/>"))), 5,
-        "元素StateRule不支持或不能出现在这里");
-
-    refused(
-        "a rule without a comparison", parts(good, control(spinner), edit.arg(QString())), 7, "StrategyEdit中没有Edit");
-    refused("a rule of two comparisons",
-        parts(good, control(spinner),
-            edit.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"LT\" value=\"1\"/>\n<val:Edit/>"))),
-        8, "StrategyEdit中只支持一个Edit");
-    refused("a comparison that is unknown",
-        parts(good, control(spinner), edit.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"EX\"/>"))), 7,
-        "比较符“EX”不支持");
-    refused("a comparison with nothing",
-        parts(good, control(spinner), edit.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"LT\"/>"))), 7,
-        "Edit应有field2或value之一");
-    refused("a comparison of nothing",
-        parts(good, control(spinner), edit.arg(QStringLiteral("<val:Edit field=\"Z\" operator=\"LT\" value=\"1\"/>"))),
-        7, "校验规则的参数“Z”不存在");
-    refused("a comparison with an unknown parameter",
-        parts(good, control(spinner), edit.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"LT\" field2=\"Z\"/>"))),
-        7, "校验规则的参数“Z”不存在");
-    refused("a comparison with a bad value",
-        parts(good, control(spinner), edit.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"LT\" value=\"x\"/>"))),
-        7, "参数P的校验值“x”应为数字");
-    refused("a comparison of a number with a time",
-        parts(good + QStringLiteral("<Parameter name=\"Q\" %1 constValue=\"09:30:00\"/>").arg(type("LocalMktTime_t")),
-            control(spinner), edit.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"LT\" field2=\"Q\"/>"))),
-        7, "校验规则的参数P与Q类型不同，不能比较");
+    for (const Refusal& refusal : REFUSALS)
+        QTest::newRow(refusal.row) << refusal.text << refusal.line << QString::fromUtf8(refusal.reason);
 }
 
 void StrategyFilesTest::whatDoesNotFitIsRefusedWithItsLine()
@@ -493,41 +554,8 @@ void StrategyFilesTest::valuesAreChecked_data()
     QTest::addColumn<QString>("attributes");
     QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("problem");
-    const QString whole = type("Int_t") + QStringLiteral(" use=\"required\" minValue=\"1\" maxValue=\"5\"");
-    const QString ratio = type("Percentage_t") + QStringLiteral(" minValue=\"0.01\" maxValue=\"0.5\" precision=\"4\"");
-    const QString time = type("LocalMktTime_t") + QStringLiteral(" minValue=\"09:30:00\"");
-    QTest::newRow("the lower limit passes") << whole << QStringLiteral("1") << QString();
-    QTest::newRow("the upper limit passes") << whole << QStringLiteral("5") << QString();
-    QTest::newRow("below the lower limit fails") << whole << QStringLiteral("0") << QStringLiteral("应在1至5之间");
-    QTest::newRow("above the upper limit fails") << whole << QStringLiteral("6") << QStringLiteral("应在1至5之间");
-    QTest::newRow("nothing fails where needed") << whole << QString() << QStringLiteral("必填");
-    QTest::newRow("nothing passes where not needed") << ratio << QString() << QString();
-    QTest::newRow("a fraction of a whole number fails") << whole << QStringLiteral("1.5") << QStringLiteral("应为整数");
-    QTest::newRow("a whole number with zeros behind the point passes") << whole << QStringLiteral("2.0") << QString();
-    QTest::newRow("nan fails") << whole << QStringLiteral("nan") << QStringLiteral("应为数字");
-    QTest::newRow("infinity fails") << whole << QStringLiteral("inf") << QStringLiteral("应为数字");
-    QTest::newRow("an exponent fails") << whole << QStringLiteral("1e0") << QStringLiteral("应为数字");
-    QTest::newRow("a plus sign fails") << whole << QStringLiteral("+1") << QStringLiteral("应为数字");
-    QTest::newRow("full-width digits fail") << whole << QStringLiteral("１") << QStringLiteral("应为数字");
-    QTest::newRow("a line end behind a number fails") << whole << QStringLiteral("1\n") << QStringLiteral("应为数字");
-    QTest::newRow("sixteen digits fail") << whole << QStringLiteral("1000000000000000") << QStringLiteral("应为数字");
-    QTest::newRow("a percentage within its limits passes") << ratio << QStringLiteral("0.5") << QString();
-    QTest::newRow("a percentage just above fails")
-        << ratio << QStringLiteral("0.5001") << QStringLiteral("应在1至50之间");
-    QTest::newRow("a percentage too fine fails") << ratio << QStringLiteral("0.12345") << QStringLiteral("最多2位小数");
-    QTest::newRow("the first moment passes") << time << QStringLiteral("09:30:00") << QString();
-    QTest::newRow("a second before fails") << time << QStringLiteral("09:29:59") << QStringLiteral("应不小于09:30:00");
-    QTest::newRow("a time in short form is none")
-        << time << QStringLiteral("9:30") << QStringLiteral("应为时间，如09:30:00");
-    QTest::newRow("two letters are no letter")
-        << type("Char_t") << QStringLiteral("ab") << QStringLiteral("应为一个字符");
-    QTest::newRow("a control character fails")
-        << type("String_t") << QStringLiteral("a\x01") << QStringLiteral("含有不可见字符");
-    QTest::newRow("a text too long fails") << type("String_t") + QStringLiteral(" maxLength=\"3\"")
-                                           << QStringLiteral("abcd") << QStringLiteral("最多3个字符");
-    QTest::newRow("yes passes") << type("Boolean_t") << QStringLiteral("Y") << QString();
-    QTest::newRow("another word for yes fails")
-        << type("Boolean_t") << QStringLiteral("true") << QStringLiteral("不是可选的值");
+    for (const ValueCheck& check : VALUE_CHECKS)
+        QTest::newRow(check.row) << check.attributes << check.value << check.problem;
 }
 
 void StrategyFilesTest::valuesAreChecked()

@@ -26,7 +26,7 @@ QString unitOf(const StrategyControl& control, const StrategyParameter& paramete
 
 QString hintOf(const StrategyParameter& parameter)
 {
-    const QString range = ParameterValue::rangeHint(parameter);
+    QString range = ParameterValue::rangeHint(parameter);
     if (parameter.required || parameter.type == ParameterType::Boolean)
         return range;
     return range.isEmpty() ? QStringLiteral("选填") : QStringLiteral("%1，选填").arg(range);

@@ -180,7 +180,7 @@ QString ParameterValue::shown(const StrategyParameter& parameter, const QString&
 
 QString ParameterValue::entered(const StrategyParameter& parameter, const QString& text)
 {
-    const QString value = text.trimmed();
+    QString value = text.trimmed();
     if (parameter.type == ParameterType::LocalTime)
         return enteredTime(value);
     if (!isNumber(parameter.type) || !isDecimal(value))

@@ -92,7 +92,7 @@ QString enumerationProblem(const StrategyParameter& parameter)
     if (!wire.isEmpty())
         return QStringLiteral("参数%1的wireValue“%2”重复").arg(parameter.name, wire);
     for (const EnumeratedValue& value : parameter.values) {
-        const QString problem = valueProblem(unlimited(parameter), QStringLiteral("wireValue"), value.text);
+        QString problem = valueProblem(unlimited(parameter), QStringLiteral("wireValue"), value.text);
         if (!problem.isEmpty())
             return problem;
     }
@@ -149,7 +149,7 @@ QString controlProblem(const StrategyControl& control, const StrategyParameter* 
     if (!fits(control.type, *parameter))
         return QStringLiteral("控件%1的类型与参数%2的类型不符").arg(control.id, parameter->name);
     for (const auto find : { itemsProblem, stepProblem, defaultProblem }) {
-        const QString problem = find(control, *parameter);
+        QString problem = find(control, *parameter);
         if (!problem.isEmpty())
             return problem;
     }

@@ -28,7 +28,7 @@ struct StrategyFileContent {
 namespace StrategyFile {
 
 /// Largest size of a file in bytes.
-constexpr qint64 MAX_SIZE = 1024 * 1024;
+constexpr qint64 MAX_SIZE = 1048576;
 /// Most strategies of one file, parameters, controls and rules of one strategy, values of one parameter.
 constexpr int MAX_COUNT = 100;
 /// Deepest nesting of panels.

@@ -471,7 +471,7 @@ void StrategyReader::refuseOther()
 
 QXmlStreamAttributes StrategyReader::attributes(const QStringList& known, const QStringList& needed)
 {
-    const QXmlStreamAttributes found = m_xml.attributes();
+    QXmlStreamAttributes found = m_xml.attributes();
     for (const QXmlStreamAttribute& attribute : found) {
         if (!isKnown(attribute, known))
             fail(QStringLiteral("元素%1的属性%2不支持").arg(m_xml.name(), attribute.qualifiedName()));
@@ -532,7 +532,7 @@ QString StrategyReader::identifier(const QXmlStreamAttributes& attributes, const
 {
     static const QRegularExpression form(
         QRegularExpression::anchoredPattern(QStringLiteral("[A-Za-z][A-Za-z0-9_]{0,63}")));
-    const QString value = attributes.value(name).toString();
+    QString value = attributes.value(name).toString();
     if (!form.match(value).hasMatch())
         fail(QStringLiteral("属性%1的值“%2”应以字母开头，只含字母、数字和下划线，最多64个字符").arg(name, value));
     return value;
