@@ -366,6 +366,7 @@ private Q_SLOTS:
     void cleanup();
 
     void aWholeStrategyIsRead();
+    void theParametersOfAStrategyAreRead();
     void theControlsOfAStrategyAreRead();
     void everySupportedTypeIsRead_data();
     void everySupportedTypeIsRead();
@@ -416,14 +417,21 @@ void StrategyFilesTest::aWholeStrategyIsRead()
     QCOMPARE(demo.provider, QStringLiteral("ME"));
     QCOMPARE(demo.wireValue, QStringLiteral("d"));
     QCOMPARE(demo.description, QStringLiteral("两行 说明"));
+    QCOMPARE(demo.rules.size(), 1);
+    QCOMPARE(demo.rules.at(0).message, QStringLiteral("起须早于止！"));
+}
+
+void StrategyFilesTest::theParametersOfAStrategyAreRead()
+{
+    const StrategyFileContent content = readText(root(WHOLE_STRATEGY));
+    QVERIFY(content.isValid());
+    const StrategyDefinition demo = content.strategies.constFirst();
     QCOMPARE(demo.parameters.size(), 5);
     QCOMPARE(demo.parameter(QStringLiteral("Rate"))->fixTag, 7001);
     QCOMPARE(demo.parameter(QStringLiteral("Rate"))->precision, 4);
     QVERIFY(demo.parameter(QStringLiteral("Rate"))->required);
     QVERIFY(!demo.parameter(QStringLiteral("Speed"))->required);
     QCOMPARE(demo.parameter(QStringLiteral("Kind"))->constValue, QStringLiteral("4"));
-    QCOMPARE(demo.rules.size(), 1);
-    QCOMPARE(demo.rules.at(0).message, QStringLiteral("起须早于止！"));
 }
 
 void StrategyFilesTest::theControlsOfAStrategyAreRead()
