@@ -1,0 +1,164 @@
+#include "EditorDialog.h"
+
+#include "AutoParamSetting.h"
+#include "AutoPlanLogic.h"
+#include "OrloWidget.h"
+#include "Orlo_Fields.h"
+#include "defines/PlanCodes.h"
+#include "services/PlanNews.h"
+
+#include <QAbstractSpinBox>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPointer>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr QSize editorSize(517, 710);
+
+/// The first field of the form that takes the keyboard.
+QWidget* firstField(QWidget* form)
+{
+    for (QWidget* next = form->nextInFocusChain(); next != form; next = next->nextInFocusChain()) {
+        if (form->isAncestorOf(next) && next->isEnabled() && next->isVisible() && (next->focusPolicy() & Qt::TabFocus))
+            return next;
+    }
+    return form;
+}
+
+} // namespace
+
+EditorDialog::EditorDialog(QWidget* parent)
+    : QDialog(parent)
+    , m_area(new QScrollArea(this))
+{
+    setObjectName(QStringLiteral("planEditor"));
+    setWindowModality(Qt::WindowModal);
+    m_area->setFrameShape(QFrame::NoFrame);
+    m_area->setWidgetResizable(true);
+    auto* const room = new QVBoxLayout(this);
+    room->setContentsMargins(0, 0, 0, 0);
+    room->addWidget(m_area);
+    connect(&PlanNews::instance(), &PlanNews::planStored, this, &EditorDialog::planStored);
+}
+
+EditorDialog::~EditorDialog() = default;
+
+void EditorDialog::openNew()
+{
+    prepare(tr("新建计划"));
+    present();
+}
+
+void EditorDialog::openEdit(const QString& planId)
+{
+    prepare(tr("修改计划 %1").arg(planId));
+    m_holdsValues = true;
+    m_editor->editPlan(planId);
+    present();
+}
+
+void EditorDialog::openCopy(const QString& planId)
+{
+    prepare(tr("复制计划 %1").arg(planId));
+    m_holdsValues = true;
+    m_editor->copyPlan(planId);
+    present();
+}
+
+void EditorDialog::setSkin(const QString& sheet)
+{
+    m_skin = sheet;
+    if (m_editor)
+        m_editor->loadSkin(m_skin);
+}
+
+bool EditorDialog::mayClose()
+{
+    if (!isVisible() || contents() == m_openedWith)
+        return true;
+    const QPointer<EditorDialog> self(this);
+    const int answer = OrloWidget::ShowQuestionMsgBox(tr("计划尚未提交，关闭后填写的内容将丢失，是否关闭？"), this, 0);
+    return self && answer != 0;
+}
+
+void EditorDialog::leave()
+{
+    if (isVisible() && contents() != m_openedWith)
+        m_holdsValues = true;
+    QDialog::reject();
+}
+
+void EditorDialog::reject()
+{
+    if (mayClose())
+        leave();
+}
+
+// Enter belongs to the field or the button that has the focus; no button of the form answers it from elsewhere.
+void EditorDialog::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
+        QDialog::keyPressEvent(event);
+}
+
+void EditorDialog::prepare(const QString& title)
+{
+    setWindowTitle(title);
+    if (!m_editor || m_holdsValues)
+        makeEditor();
+    else
+        m_editor->resetEnable();
+}
+
+void EditorDialog::makeEditor()
+{
+    if (QWidget* const former = m_area->takeWidget())
+        former->deleteLater();
+    m_editor = new AutoParamSetting(this);
+    m_editor->setMinimumSize(editorSize);
+    m_editor->setAttribute(Qt::WA_StyledBackground);
+    m_holdsValues = false;
+    if (!m_skin.isEmpty())
+        m_editor->loadSkin(m_skin);
+    connect(m_editor, &AutoParamSetting::signalBtnCancelClicked, this, &EditorDialog::leave);
+    m_area->setWidget(m_editor);
+}
+
+void EditorDialog::present()
+{
+    const QSize wanted = editorSize.expandedTo(m_editor->minimumSizeHint());
+    const QSize room = screen()->availableSize();
+    // A form higher than the screen gets a scroll bar beside it, not over it.
+    const int bar = wanted.height() > room.height() ? m_area->verticalScrollBar()->sizeHint().width() : 0;
+    resize((wanted + QSize(bar, 0)).boundedTo(room));
+    show();
+    firstField(m_editor)->setFocus(Qt::OtherFocusReason);
+    m_area->verticalScrollBar()->setValue(0);
+    m_openedWith = contents();
+}
+
+// A reduction leaves rows behind that only the choice of another plan type brings back.
+void EditorDialog::planStored(const QString& planId)
+{
+    if (!isVisible())
+        return;
+    const QString type =
+        AutoPlanLogic::instance().GetPlanInfo(planId).value(Orlo_Fields::AutoPlan::templateCode).toString();
+    m_holdsValues = type == PlanCodes::PlanType::ReduceHoldings;
+}
+
+QStringList EditorDialog::contents() const
+{
+    QStringList texts;
+    for (const QComboBox* box : m_editor->findChildren<QComboBox*>())
+        texts << box->objectName() + QLatin1Char('=') + box->currentText();
+    for (const QLineEdit* line : m_editor->findChildren<QLineEdit*>())
+        texts << line->parent()->objectName() + QLatin1Char('=') + line->text();
+    return texts;
+}

@@ -1,0 +1,219 @@
+#include "MainWindow.h"
+
+#include "EditorDialog.h"
+#include "IssueReport.h"
+#include "OrloWidget.h"
+#include "PlanDetails.h"
+#include "PlanTableModel.h"
+#include "services/ClientClock.h"
+#include "services/ClientSession.h"
+#include "services/PlanNews.h"
+#include "widgets/Skins.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMenuBar>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTableView>
+#include <QToolBar>
+
+namespace {
+
+constexpr QSize usualSize(1340, 760);
+constexpr int detailsWidth = 300;
+
+} // namespace
+
+MainWindow::MainWindow(QWidget* parent)
+    : QMainWindow(parent)
+    , m_plans(new PlanTableModel(this))
+    , m_table(new QTableView(this))
+    , m_details(new PlanDetails(this))
+    , m_editor(new EditorDialog(this))
+{
+    const StoredUser& user = ClientSession::instance().user();
+    setObjectName(QStringLiteral("plandesk"));
+    setWindowTitle(tr("交易计划 - %1（%2）").arg(user.name, user.id));
+    resize(usualSize);
+    auto* const halves = new QSplitter(this);
+    halves->addWidget(m_table);
+    halves->addWidget(m_details);
+    halves->setStretchFactor(0, 1);
+    halves->setSizes({ usualSize.width() - detailsWidth, detailsWidth });
+    setCentralWidget(halves);
+    buildTable();
+    buildActions();
+    buildStatus();
+    connect(m_editor, &QDialog::finished, this, &MainWindow::editorClosed);
+    connect(&PlanNews::instance(), &PlanNews::planStored, this, &MainWindow::planStored);
+    refresh();
+    selectPlan(m_plans->plan(0).id);
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::setSkin(const QString& name)
+{
+    const QString sheet = skinSheet(name);
+    if (sheet.isEmpty())
+        return;
+    m_skin = name;
+    qApp->setStyleSheet(sheet);
+    m_editor->setSkin(sheet);
+}
+
+void MainWindow::selectPlan(const QString& planId)
+{
+    const int row = m_plans->rowOf(planId);
+    m_table->setCurrentIndex(m_plans->index(row, 0));
+    showCurrent();
+}
+
+QString MainWindow::currentPlan() const
+{
+    return m_plans->plan(m_table->currentIndex().row()).id;
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    if (!m_editor->mayClose()) {
+        event->ignore();
+        return;
+    }
+    if (m_editor->isVisible())
+        m_editor->leave();
+    QMainWindow::closeEvent(event);
+}
+
+void MainWindow::buildTable()
+{
+    m_table->setObjectName(QStringLiteral("planTable"));
+    m_table->setModel(m_plans);
+    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_table->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_table->setTabKeyNavigation(false);
+    m_table->setAlternatingRowColors(true);
+    m_table->setShowGrid(false);
+    m_table->setWordWrap(false);
+    m_table->setContextMenuPolicy(Qt::ActionsContextMenu);
+    m_table->verticalHeader()->hide();
+    m_table->horizontalHeader()->setHighlightSections(false);
+    const QVector<int> characters{ 11, 8, 10, 18, 5, 14, 12, 23, 23 };
+    for (int column = 0; column < characters.size(); ++column)
+        m_table->setColumnWidth(column, characters.at(column) * m_table->fontMetrics().averageCharWidth() * 6 / 5);
+    connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &MainWindow::showCurrent);
+    connect(m_table, &QTableView::doubleClicked, this, &MainWindow::openEdit);
+}
+
+QAction* MainWindow::addAction(const QString& name, const QString& text, const QList<QKeySequence>& keys)
+{
+    auto* const action = new QAction(text, this);
+    action->setObjectName(name);
+    action->setShortcuts(keys);
+    QMainWindow::addAction(action);
+    return action;
+}
+
+void MainWindow::buildActions()
+{
+    QAction* const create = addAction(QStringLiteral("action_new"), tr("新建"), { QKeySequence(Qt::CTRL + Qt::Key_N) });
+    m_edit = addAction(QStringLiteral("action_edit"), tr("编辑"),
+        { QKeySequence(Qt::CTRL + Qt::Key_E), QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter) });
+    m_copy = addAction(QStringLiteral("action_copy"), tr("复制"), { QKeySequence(Qt::CTRL + Qt::Key_D) });
+    QAction* const skin = addAction(QStringLiteral("action_skin"), tr("换肤"), { QKeySequence(Qt::Key_F8) });
+    QAction* const issue =
+        addAction(QStringLiteral("action_issue"), tr("下达当日指令"), { QKeySequence(Qt::CTRL + Qt::Key_I) });
+    QAction* const reload = addAction(QStringLiteral("action_refresh"), tr("刷新"), { QKeySequence(Qt::Key_F5) });
+    connect(create, &QAction::triggered, m_editor, &EditorDialog::openNew);
+    connect(m_edit, &QAction::triggered, this, &MainWindow::openEdit);
+    connect(m_copy, &QAction::triggered, this, &MainWindow::openCopy);
+    connect(skin, &QAction::triggered, this, &MainWindow::switchSkin);
+    connect(issue, &QAction::triggered, this, &MainWindow::issueToday);
+    connect(reload, &QAction::triggered, this, &MainWindow::refresh);
+
+    const QList<QAction*> ofPlans{ create, m_edit, m_copy };
+    m_table->addActions(ofPlans);
+    QMenu* const plans = menuBar()->addMenu(tr("计划(&P)"));
+    plans->addActions(ofPlans);
+    plans->addSeparator();
+    plans->addAction(issue);
+    QMenu* const view = menuBar()->addMenu(tr("视图(&V)"));
+    view->addActions({ reload, skin });
+    QToolBar* const bar = addToolBar(tr("工具栏"));
+    bar->setObjectName(QStringLiteral("toolBar"));
+    bar->setMovable(false);
+    bar->addActions(ofPlans + QList<QAction*>{ skin, issue });
+}
+
+void MainWindow::buildStatus()
+{
+    auto* const file = new QLabel(ClientSession::instance().database().fileName(), this);
+    file->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    statusBar()->addPermanentWidget(file);
+}
+
+void MainWindow::planStored(const QString& planId)
+{
+    if (m_editor->isVisible())
+        m_storedPlan = planId;
+}
+
+void MainWindow::editorClosed()
+{
+    if (!m_storedPlan.isEmpty()) {
+        refresh();
+        selectPlan(m_storedPlan);
+        m_storedPlan.clear();
+    }
+    m_table->setFocus();
+}
+
+void MainWindow::refresh()
+{
+    const QString current = currentPlan();
+    m_plans->refresh();
+    statusBar()->showMessage(tr("共%1个计划").arg(m_plans->rowCount()));
+    selectPlan(current);
+}
+
+void MainWindow::showCurrent()
+{
+    const StoredPlan plan = m_plans->plan(m_table->currentIndex().row());
+    m_details->showPlan(plan);
+    m_edit->setEnabled(!plan.id.isEmpty());
+    m_copy->setEnabled(!plan.id.isEmpty());
+}
+
+void MainWindow::switchSkin()
+{
+    const QStringList names = skinNames();
+    setSkin(names.at((names.indexOf(m_skin) + 1) % names.size()));
+}
+
+void MainWindow::issueToday()
+{
+    const QDate today = clientToday();
+    const IssueResult result = InstructionIssuer::issueDay(today);
+    refresh();
+    if (result.reason.isEmpty())
+        OrloWidget::ShowTipMsgBox(issueReport(today, result), this);
+    else
+        OrloWidget::ShowErrorMsgBox(result.reason, this);
+}
+
+void MainWindow::openEdit()
+{
+    if (!currentPlan().isEmpty())
+        m_editor->openEdit(currentPlan());
+}
+
+void MainWindow::openCopy()
+{
+    if (!currentPlan().isEmpty())
+        m_editor->openCopy(currentPlan());
+}

@@ -1,0 +1,128 @@
+#include "Options.h"
+
+#include "OrloConstants.h"
+#include "widgets/Skins.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QHash>
+#include <QTranslator>
+
+namespace {
+
+/// Qt's own texts about command lines, in Chinese.
+class ParserTexts : public QTranslator {
+public:
+    bool isEmpty() const override { return false; }
+
+    QString translate(const char* context, const char* source, const char*, int) const override
+    {
+        static const QHash<QByteArray, QString> texts{
+            { "Usage: %1", QStringLiteral("用法：%1") },
+            { "[options]", QStringLiteral("[选项]") },
+            { "Options:", QStringLiteral("选项：") },
+            { "Unknown option '%1'.", QStringLiteral("未知选项：%1") },
+            { "Unknown options: %1.", QStringLiteral("未知选项：%1") },
+            { "Missing value after '%1'.", QStringLiteral("选项%1缺少取值") },
+            { "Unexpected value after '%1'.", QStringLiteral("选项%1不带取值") },
+        };
+        return qstrcmp(context, "QCommandLineParser") == 0 ? texts.value(source) : QString();
+    }
+};
+
+class CommandLine {
+public:
+    CommandLine()
+    {
+        m_parser.setApplicationDescription(QStringLiteral("交易计划客户端：新建、修改、复制自动交易计划。"));
+        m_parser.addOptions({ m_help, m_user, m_database, m_skin, m_securities, m_walkthrough, m_issueDay });
+    }
+
+    Options read(const QStringList& arguments)
+    {
+        Options options;
+        if (!m_parser.parse(arguments)) {
+            options.error = m_parser.errorText();
+            return options;
+        }
+        if (m_parser.isSet(m_help)) {
+            options.help = m_parser.helpText();
+            return options;
+        }
+        options.error = problem();
+        if (options.error.isEmpty())
+            take(options);
+        return options;
+    }
+
+private:
+    QString problem() const
+    {
+        if (!m_parser.positionalArguments().isEmpty())
+            return QStringLiteral("多余的参数：%1").arg(m_parser.positionalArguments().constFirst());
+        for (const auto& option : { m_user, m_database, m_skin, m_securities, m_walkthrough, m_issueDay }) {
+            if (m_parser.isSet(option) && m_parser.value(option).trimmed().isEmpty())
+                return QStringLiteral("选项--%1缺少取值").arg(option.names().constFirst());
+        }
+        if (m_parser.isSet(m_walkthrough) && m_parser.isSet(m_issueDay))
+            return QStringLiteral("--walkthrough与--issue-day不能同时使用");
+        return problemOfValues();
+    }
+
+    QString problemOfValues() const
+    {
+        if (m_parser.isSet(m_skin) && !skinNames().contains(m_parser.value(m_skin)))
+            return QStringLiteral("没有皮肤“%1”，可选：%2")
+                .arg(m_parser.value(m_skin), skinNames().join(QStringLiteral("、")));
+        bool isNumber = false;
+        const int securities = m_parser.value(m_securities).toInt(&isNumber);
+        if (m_parser.isSet(m_securities) && (!isNumber || securities <= 0))
+            return QStringLiteral("证券数量“%1”不是正整数").arg(m_parser.value(m_securities));
+        if (m_parser.isSet(m_issueDay) && !issueDay().isValid())
+            return QStringLiteral("日期“%1”无效，格式为yyyy-MM-dd").arg(m_parser.value(m_issueDay));
+        return QString();
+    }
+
+    void take(Options& options) const
+    {
+        options.user = m_parser.value(m_user);
+        options.database = m_parser.value(m_database);
+        options.skin = m_parser.isSet(m_skin) ? m_parser.value(m_skin) : skinNames().constFirst();
+        options.securities = m_parser.value(m_securities).toInt();
+        options.walkthrough = m_parser.value(m_walkthrough);
+        options.issueDay = issueDay();
+    }
+
+    QDate issueDay() const
+    {
+        const QString text = m_parser.value(m_issueDay);
+        const QDate day = QDate::fromString(text, OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
+        return day.toString(OrloConstants::DateTimeFormatString::STD_DATE_FORMAT) == text ? day : QDate();
+    }
+
+    const QCommandLineOption m_help{ { QStringLiteral("h"), QStringLiteral("help") },
+        QStringLiteral("显示本说明并退出。") };
+    const QCommandLineOption m_user{ QStringLiteral("user"),
+        QStringLiteral("登录的用户编号，默认为示例数据的第一个用户。"), QStringLiteral("用户") };
+    const QCommandLineOption m_database{ QStringLiteral("database"),
+        QStringLiteral("数据库文件，不存在时新建并写入示例数据；默认在用户的数据目录中。"), QStringLiteral("文件") };
+    const QCommandLineOption m_skin{ QStringLiteral("skin"), QStringLiteral("皮肤：light（默认）或dark。"),
+        QStringLiteral("皮肤") };
+    const QCommandLineOption m_securities{ QStringLiteral("securities"),
+        QStringLiteral("新建数据库时示例证券的数量，例如100000。"), QStringLiteral("数量") };
+    const QCommandLineOption m_walkthrough{ QStringLiteral("walkthrough"),
+        QStringLiteral("自动演示：逐项填写并提交计划，核对数据库中的记录，把各步的图片写入该目录。"),
+        QStringLiteral("目录") };
+    const QCommandLineOption m_issueDay{ QStringLiteral("issue-day"),
+        QStringLiteral("为该日（yyyy-MM-dd）有效的计划下达指令，列出结果并退出。"), QStringLiteral("日期") };
+    QCommandLineParser m_parser;
+};
+
+} // namespace
+
+Options readOptions(const QStringList& arguments)
+{
+    ParserTexts texts;
+    QCoreApplication::installTranslator(&texts);
+    return CommandLine().read(arguments);
+}

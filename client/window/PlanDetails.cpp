@@ -1,0 +1,86 @@
+#include "PlanDetails.h"
+
+#include "InstructionTargetType.h"
+#include "OrloHintLabel.h"
+#include "Orlo_Fields.h"
+#include "PlanWording.h"
+#include "defines/PlanCodes.h"
+#include "services/ClientSession.h"
+
+#include <QFormLayout>
+
+using namespace PlanCodes;
+
+namespace {
+
+using Fields = InstructionStore::Fields;
+
+QString instructionText(const Fields& fields)
+{
+    const auto field = [&fields](const QString& key) { return fields.value(key).toString(); };
+    const bool byAmount = field(FieldId::TargetType) == InstructionTargetType::AmountOrder;
+    const QString issued = byAmount ? field(FieldId::IssuedAmount) : field(FieldId::IssuedQty);
+    const QString filled = byAmount ? field(Orlo_Fields::Security::cumAmount) : field(FieldId::FilledQty);
+    const QString state =
+        field(FieldId::EndState) == EndState::Ended ? QStringLiteral("已结束") : QStringLiteral("进行中");
+    return QStringLiteral("下达 %1，成交 %2，%3").arg(issued, filled, state);
+}
+
+} // namespace
+
+PlanDetails::PlanDetails(QWidget* parent)
+    : QScrollArea(parent)
+{
+    setObjectName(QStringLiteral("planDetails"));
+    setWidgetResizable(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    showPlan(StoredPlan());
+}
+
+void PlanDetails::showPlan(const StoredPlan& plan)
+{
+    auto* const room = new QWidget;
+    auto* const rows = new QFormLayout(room);
+    rows->setLabelAlignment(Qt::AlignRight | Qt::AlignTop);
+    rows->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    if (plan.id.isEmpty())
+        rows->addRow(new QLabel(tr("选择一个计划，查看全部内容。")));
+    for (const auto& field : PlanWording(plan).fields())
+        addRow(rows, field.first, field.second);
+    addInstructions(rows, plan.id);
+    setWidget(room);
+    // The skin paints the window; a scroll area would paint its own ground over it.
+    room->setAutoFillBackground(false);
+    viewport()->setAutoFillBackground(false);
+}
+
+void PlanDetails::addHeading(QFormLayout* rows, const QString& text)
+{
+    auto* const heading = new QLabel(text);
+    QFont font = heading->font();
+    font.setBold(true);
+    heading->setFont(font);
+    rows->addRow(heading);
+}
+
+void PlanDetails::addRow(QFormLayout* rows, const QString& caption, const QString& text)
+{
+    auto* const label = new OrloHintLabel;
+    label->setText(caption);
+    auto* const value = new QLabel;
+    value->setTextFormat(Qt::PlainText);
+    value->setText(text);
+    value->setWordWrap(true);
+    value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    rows->addRow(label, value);
+}
+
+void PlanDetails::addInstructions(QFormLayout* rows, const QString& planId)
+{
+    const QMap<QString, Fields> instructions = ClientSession::instance().instructions().ofPlan(planId);
+    if (instructions.isEmpty())
+        return;
+    addHeading(rows, tr("已下达指令"));
+    for (const Fields& fields : instructions)
+        addRow(rows, fields.value(FieldId::TradeDate).toString(), instructionText(fields));
+}

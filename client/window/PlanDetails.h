@@ -1,0 +1,23 @@
+#pragma once
+
+#include "store/PlanStore.h"
+
+#include <QScrollArea>
+
+class QFormLayout;
+
+/// Every field of one plan as captions and texts, and the instructions that were issued for it.
+class PlanDetails : public QScrollArea {
+    Q_OBJECT
+
+public:
+    explicit PlanDetails(QWidget* parent = nullptr);
+
+    /// Shows a plan; a default plan (empty id) shows a hint instead.
+    void showPlan(const StoredPlan& plan);
+
+private:
+    void addHeading(QFormLayout* rows, const QString& text);
+    void addRow(QFormLayout* rows, const QString& caption, const QString& text);
+    void addInstructions(QFormLayout* rows, const QString& planId);
+};

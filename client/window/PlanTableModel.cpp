@@ -1,0 +1,103 @@
+#include "PlanTableModel.h"
+
+#include "PlanWording.h"
+#include "services/ClientSession.h"
+#include "store/PlanId.h"
+
+namespace {
+
+constexpr int pageSize = 50;
+constexpr int keptPages = 8;
+
+} // namespace
+
+PlanTableModel::PlanTableModel(QObject* parent)
+    : QAbstractTableModel(parent)
+    , m_pages(keptPages)
+{
+}
+
+void PlanTableModel::refresh()
+{
+    beginResetModel();
+    m_pages.clear();
+    m_count = ClientSession::instance().isOpen() ? ClientSession::instance().plans().count() : 0;
+    endResetModel();
+}
+
+StoredPlan PlanTableModel::plan(int row) const
+{
+    if (row < 0 || row >= m_count)
+        return StoredPlan();
+    return page(row / pageSize).value(row % pageSize).plan;
+}
+
+// Rows stand by number, the newest first, so a few pages tell where a plan is.
+int PlanTableModel::rowOf(const QString& planId) const
+{
+    const auto wanted = PlanId::toNumber(planId);
+    int first = 0;
+    int last = wanted ? m_count - 1 : -1;
+    while (first <= last) {
+        const int middle = first + (last - first) / 2;
+        const auto number = PlanId::toNumber(plan(middle).id);
+        if (!number)
+            return -1;
+        if (*number == *wanted)
+            return middle;
+        if (*number > *wanted)
+            first = middle + 1;
+        else
+            last = middle - 1;
+    }
+    return -1;
+}
+
+int PlanTableModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : m_count;
+}
+
+int PlanTableModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : ColumnCount;
+}
+
+QVariant PlanTableModel::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid() || index.row() >= m_count || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
+        return QVariant();
+    return page(index.row() / pageSize).value(index.row() % pageSize).texts.value(index.column());
+}
+
+QVariant PlanTableModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    static const QStringList titles{ QStringLiteral("计划编号"), QStringLiteral("计划类型"), QStringLiteral("指令类型"),
+        QStringLiteral("证券"), QStringLiteral("方向"), QStringLiteral("目标"), QStringLiteral("价格模式"),
+        QStringLiteral("生效时段"), QStringLiteral("创建人/时间") };
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+        return QVariant();
+    return titles.value(section);
+}
+
+PlanTableModel::Row PlanTableModel::makeRow(const StoredPlan& plan)
+{
+    const PlanWording words(plan);
+    return { plan,
+        { plan.id, words.planType(), words.instructionType(), words.security(), words.side(), words.target(),
+            words.priceMode(), words.period(), words.creation() } };
+}
+
+const PlanTableModel::Page& PlanTableModel::page(int number) const
+{
+    if (const Page* known = m_pages.object(number))
+        return *known;
+    auto* const rows = new Page;
+    if (ClientSession::instance().isOpen()) {
+        const QVector<StoredPlan> plans = ClientSession::instance().plans().page(number * pageSize, pageSize);
+        for (const StoredPlan& plan : plans)
+            rows->append(makeRow(plan));
+    }
+    m_pages.insert(number, rows);
+    return *m_pages.object(number);
+}

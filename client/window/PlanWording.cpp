@@ -1,0 +1,321 @@
+#include "PlanWording.h"
+
+#include "AlgoTradeLogicNew.h"
+#include "AutoPlanField.h"
+#include "AutoPlanLogic.h"
+#include "CBusinessDataBase.h"
+#include "CDataBase.h"
+#include "InstructionBusinessDataInterface.h"
+#include "InstructionTargetType.h"
+#include "Kelvo_Fields.h"
+#include "Kelvo_Values.h"
+#include "OrloBusiUtils.h"
+#include "OrloBusinessDataInterface.h"
+#include "OrloConstants.h"
+#include "Orlo_Fields.h"
+#include "Orlo_Values.h"
+#include "algorithms/ParameterValue.h"
+#include "algorithms/StrategyLibrary.h"
+#include "defines/PlanCodes.h"
+
+#include <QHash>
+
+namespace Base = AutoPlanField::BaseField;
+namespace UserAccount = Kelvo_Fields::UserAccount;
+using namespace PlanCodes;
+
+namespace {
+
+using Words = QHash<QString, QString>;
+
+QString worded(const Words& words, const QString& code)
+{
+    return words.value(code, code);
+}
+
+const Words& planTypes()
+{
+    static const Words words{ { PlanType::CumulativeQty, QStringLiteral("累计数量") },
+        { PlanType::AverageQty, QStringLiteral("平均数量") }, { PlanType::SameElements, QStringLiteral("相同要素") },
+        { PlanType::ReduceHoldings, QStringLiteral("减持") } };
+    return words;
+}
+
+const Words& sides()
+{
+    static const Words words{ { Kelvo_Values::OrderSide::buy, QStringLiteral("买入") },
+        { Kelvo_Values::OrderSide::sell, QStringLiteral("卖出") } };
+    return words;
+}
+
+const Words& priceModes()
+{
+    static const Words words{ { PriceModel::NoLimit, QStringLiteral("不限价") },
+        { PriceModel::Custom, QStringLiteral("自定义") }, { PriceModel::CompareMax, QStringLiteral("比较值取最大") },
+        { PriceModel::CompareMin, QStringLiteral("比较值取最小") } };
+    return words;
+}
+
+const Words& instructionModes()
+{
+    static const Words words{ { InstMode::ActiveManage, QStringLiteral("主动管理") },
+        { InstMode::NormalReview, QStringLiteral("普通交易复核") },
+        { InstMode::AlgoReview, QStringLiteral("算法交易复核") } };
+    return words;
+}
+
+const Words& priceTypes()
+{
+    static const Words words{ { Orlo_Values::HKTimeInForce::InTrade, QStringLiteral("增强限价盘") },
+        { Orlo_Values::HKTimeInForce::BeforeTrade, QStringLiteral("竞价限价盘") } };
+    return words;
+}
+
+QString configured(const QString& category, const QString& code)
+{
+    return CDataBase::GetInstance()->GetStaticCfgValue(category, code, code);
+}
+
+QString timeText(const QDateTime& time)
+{
+    return time.toString(QStringLiteral("yyyy-MM-dd HH:mm"));
+}
+
+// The whole part in groups of three, whatever the system's language.
+QString grouped(QString number)
+{
+    const int point = number.indexOf(QLatin1Char('.'));
+    for (int at = (point < 0 ? number.size() : point) - 3; at > 0; at -= 3)
+        number.insert(at, QLatin1Char(','));
+    return number;
+}
+
+QString strategyParameters(const StrategyDefinition& strategy, const QMap<QString, QVariant>& values)
+{
+    QStringList lines;
+    for (const StrategyControl& control : strategy.controls) {
+        const QString value = values.value(control.parameter).toString();
+        const StrategyParameter* const parameter = strategy.parameter(control.parameter);
+        if (!value.isEmpty() && parameter)
+            lines << QStringLiteral("%1：%2").arg(control.label, ParameterValue::shown(*parameter, value));
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+} // namespace
+
+PlanWording::PlanWording(const StoredPlan& plan)
+    : m_plan(plan)
+    , m_other(AutoPlanLogic::instance().GetPlanOtherParamFromPlanInfo(plan.record))
+{
+}
+
+QString PlanWording::planType() const
+{
+    return worded(planTypes(), text(Orlo_Fields::AutoPlan::templateCode));
+}
+
+QString PlanWording::instructionType() const
+{
+    return configured(StaticCategory::InstructionType, text(Orlo_Fields::AutoPlan::subType));
+}
+
+QString PlanWording::targetType() const
+{
+    return configured(
+        StaticCategory::TargetType, isAmount() ? InstructionTargetType::AmountOrder : InstructionTargetType::QtyOrder);
+}
+
+QString PlanWording::security() const
+{
+    return QStringLiteral("%1 %2").arg(symbol(), OrloBusinessDataInterface::GetSecurityChineseName(symbol())).trimmed();
+}
+
+QString PlanWording::side() const
+{
+    return worded(sides(), text(Base::orderSide));
+}
+
+QString PlanWording::target() const
+{
+    return isAmount() ? amount(other(Base::tradeAmount)) : quantity(text(Base::totalQty));
+}
+
+QString PlanWording::perDay() const
+{
+    return isAmount() ? amount(other(Base::dayMaxTradeAmount)) : quantity(other(AutoPlanField::Progress::CurrentQty));
+}
+
+QString PlanWording::priceMode() const
+{
+    return worded(priceModes(), text(Base::priceModel));
+}
+
+QString PlanWording::period() const
+{
+    const QString begin = text(Base::beginDate);
+    return isReduction() ? QStringLiteral("%1 起").arg(begin)
+                         : QStringLiteral("%1 至 %2").arg(begin, text(Base::endDate));
+}
+
+QString PlanWording::creation() const
+{
+    return QStringLiteral("%1 %2").arg(m_plan.creator, timeText(m_plan.created));
+}
+
+QVector<QPair<QString, QString>> PlanWording::fields() const
+{
+    Fields all;
+    if (m_plan.id.isEmpty())
+        return all;
+    addBasics(all);
+    addPrices(all);
+    addTargets(all);
+    addAlgorithm(all);
+    addHistory(all);
+    Fields given;
+    for (const auto& field : qAsConst(all)) {
+        if (!field.second.isEmpty())
+            given << field;
+    }
+    return given;
+}
+
+void PlanWording::addBasics(Fields& fields) const
+{
+    fields << qMakePair(QStringLiteral("计划编号"), m_plan.id) << qMakePair(QStringLiteral("账户名称"), account())
+           << qMakePair(QStringLiteral("证券账户"), text(UserAccount::securityAccount))
+           << qMakePair(QStringLiteral("指令类型"), instructionType())
+           << qMakePair(QStringLiteral("指令单类型"), targetType()) << qMakePair(QStringLiteral("计划类型"), planType())
+           << qMakePair(QStringLiteral("证券"), security()) << qMakePair(QStringLiteral("市场"), exchange())
+           << qMakePair(QStringLiteral("交易方向"), side()) << qMakePair(QStringLiteral("报价类型"), priceType())
+           << qMakePair(QStringLiteral("委托类别"), entrustType());
+}
+
+void PlanWording::addPrices(Fields& fields) const
+{
+    const QString model = text(Base::priceModel);
+    const bool compares = model == PriceModel::CompareMax || model == PriceModel::CompareMin;
+    fields << qMakePair(QStringLiteral("价格模式"), priceMode());
+    if (model != PriceModel::NoLimit)
+        fields << qMakePair(compares ? QStringLiteral("价格1") : QStringLiteral("价格"), text(Base::priceFormula1));
+    if (compares)
+        fields << qMakePair(QStringLiteral("价格2"), text(Base::priceFormula2));
+}
+
+void PlanWording::addTargets(Fields& fields) const
+{
+    const bool sameEveryDay = text(Orlo_Fields::AutoPlan::templateCode) == PlanType::SameElements;
+    fields << qMakePair(QStringLiteral("目标总量"), target())
+           << qMakePair(sameEveryDay ? QStringLiteral("每日计划量") : QStringLiteral("每日最大委托量"), perDay())
+           << qMakePair(QStringLiteral("减持占比"), other(Base::JCRatio))
+           << qMakePair(QStringLiteral("下单模式"), instructionMode())
+           << qMakePair(isReduction() ? QStringLiteral("执行人") : QStringLiteral("分配给"), assignee())
+           << qMakePair(QStringLiteral("生效时段"), period())
+           << qMakePair(
+                  QStringLiteral("减持模式"), isReduction() ? QStringLiteral("连续90天减持不超过总股本1%") : QString())
+           << qMakePair(QStringLiteral("备注"), text(Base::remark));
+}
+
+void PlanWording::addAlgorithm(Fields& fields) const
+{
+    const QString name = other(Base::algoStrategyName);
+    if (name.isEmpty())
+        return;
+    const StrategyDefinition strategy = StrategyLibrary::instance().strategy(name);
+    fields << qMakePair(QStringLiteral("算法"), algorithm())
+           << qMakePair(
+                  QStringLiteral("算法参数"), strategyParameters(strategy, m_other.value(Base::algoParam).toMap()));
+}
+
+void PlanWording::addHistory(Fields& fields) const
+{
+    fields << qMakePair(QStringLiteral("创建"), creation());
+    if (m_plan.version > 1)
+        fields << qMakePair(QStringLiteral("修改"),
+            QStringLiteral("第%1版 %2").arg(QString::number(m_plan.version), timeText(m_plan.changed)));
+}
+
+QString PlanWording::symbol() const
+{
+    return text(Kelvo_Fields::Security::symbol);
+}
+
+bool PlanWording::isReduction() const
+{
+    return text(Orlo_Fields::AutoPlan::templateCode) == PlanType::ReduceHoldings;
+}
+
+bool PlanWording::isAmount() const
+{
+    return other(FieldId::TargetType) == InstructionTargetType::AmountOrder;
+}
+
+QString PlanWording::quantity(const QString& stored) const
+{
+    bool isNumber = false;
+    const qint64 number = stored.toLongLong(&isNumber);
+    if (!isNumber)
+        return stored;
+    const QString type = OrloBusinessDataInterface::GetSecurityTypeBySymbol(symbol());
+    const QString unit = type == Kelvo_Values::MdcSecurityType::BondType ? QStringLiteral("张") : QStringLiteral("股");
+    const int factor = OrloBusinessDataInterface::GetDispFactorBySymbol(symbol());
+    return QStringLiteral("%1 %2").arg(grouped(QString::number(number * factor)), unit);
+}
+
+QString PlanWording::amount(const QString& stored) const
+{
+    bool isNumber = false;
+    stored.toDouble(&isNumber);
+    return isNumber ? QStringLiteral("%1 元").arg(grouped(stored)) : stored;
+}
+
+QString PlanWording::account() const
+{
+    const QString tradingAccount = text(UserAccount::tradingAccount);
+    const tagUserAccountInfo account =
+        CBusinessDataBase::GetInstance()->GetAccountDetailsByTradinngAccount(tradingAccount);
+    if (account.accountName.isEmpty())
+        return tradingAccount;
+    return QStringLiteral("%1（%2）").arg(account.accountName, account.fundAccount);
+}
+
+QString PlanWording::exchange() const
+{
+    return configured(OrloConstants::DictionaryKey::exchangeChineseName, text(UserAccount::securityExchange));
+}
+
+QString PlanWording::priceType() const
+{
+    QString code = other(Kelvo_Fields::Security::timeInForce);
+    if (code.isEmpty())
+        code = other(Kelvo_Fields::Security::transActTime);
+    return worded(priceTypes(), code);
+}
+
+QString PlanWording::entrustType() const
+{
+    const int number = m_other.value(FieldId::MarginSide).toInt();
+    const QString code = InstructionBusinessDataInterface::transEnum2SideUnion(static_cast<VorMarginTradeType>(number));
+    return OrloBusiUtils::GetSideUnionChineseName(code);
+}
+
+QString PlanWording::instructionMode() const
+{
+    return worded(instructionModes(), text(Base::InstMode));
+}
+
+QString PlanWording::assignee() const
+{
+    if (isReduction())
+        return text(Base::executeUser);
+    const QString user = text(Base::expectedUser);
+    return user.isEmpty() ? QStringLiteral("默认不指定") : user;
+}
+
+QString PlanWording::algorithm() const
+{
+    const QString name = other(Base::algoStrategyName);
+    const QString alias = AlgoTradeLogicNew::GetInstance()->GetStrategy(name).alias;
+    return alias.isEmpty() || alias == name ? name : QStringLiteral("%1（%2）").arg(alias, name);
+}

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "store/PlanStore.h"
+
+#include <QPair>
+#include <QString>
+#include <QVector>
+
+/// A stored plan in words: what its codes and numbers mean to the trader. A code that is none is shown as it is stored;
+/// what the plan does not have is an empty text.
+class PlanWording {
+public:
+    explicit PlanWording(const StoredPlan& plan);
+
+    QString planType() const;
+    QString instructionType() const;
+    QString targetType() const;
+    /// Symbol and name.
+    QString security() const;
+    QString side() const;
+    /// The plan's total in displayed units or yuan, with its unit.
+    QString target() const;
+    QString perDay() const;
+    QString priceMode() const;
+    /// Begin and end; the begin alone for a plan without an end of its own.
+    QString period() const;
+    /// Who created the plan, and when.
+    QString creation() const;
+
+    /// Every field as caption and text, in the order of the form; fields that the plan does not have are left out.
+    /// Empty for a default plan.
+    QVector<QPair<QString, QString>> fields() const;
+
+private:
+    using Fields = QVector<QPair<QString, QString>>;
+
+    QString text(const QString& key) const { return m_plan.record.value(key).toString(); }
+    QString other(const QString& key) const { return m_other.value(key).toString(); }
+    QString symbol() const;
+    bool isReduction() const;
+    bool isAmount() const;
+    QString quantity(const QString& stored) const;
+    QString amount(const QString& stored) const;
+
+    QString account() const;
+    QString exchange() const;
+    QString priceType() const;
+    QString entrustType() const;
+    QString instructionMode() const;
+    QString assignee() const;
+    QString algorithm() const;
+
+    void addBasics(Fields& fields) const;
+    void addPrices(Fields& fields) const;
+    void addTargets(Fields& fields) const;
+    void addAlgorithm(Fields& fields) const;
+    void addHistory(Fields& fields) const;
+
+    const StoredPlan m_plan;
+    const QMap<QString, QVariant> m_other;
+};

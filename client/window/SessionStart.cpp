@@ -1,0 +1,83 @@
+#include "SessionStart.h"
+
+#include "services/ClientSession.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QProgressDialog>
+#include <QStandardPaths>
+#include <QTextStream>
+
+namespace {
+
+const QString databaseName = QStringLiteral("plandesk.sqlite");
+
+QString databaseOf(const Options& options)
+{
+    if (!options.database.isEmpty())
+        return options.database;
+    return options.walkthrough.isEmpty() ? usualDatabase() : QDir(options.walkthrough).filePath(databaseName);
+}
+
+/// Shows how far the sample data are; nothing is shown for a database that has them.
+class SampleProgress {
+public:
+    explicit SampleProgress(bool inWindow)
+        : m_inWindow(inWindow)
+    {
+    }
+
+    bool operator()(int done, int total) { return m_inWindow ? showDialog(done, total) : print(done, total); }
+
+private:
+    bool showDialog(int done, int total)
+    {
+        if (!m_dialog) {
+            m_dialog = std::make_unique<QProgressDialog>(
+                QStringLiteral("首次启动，正在生成示例行情……"), QStringLiteral("取消"), 0, total);
+            m_dialog->setWindowTitle(QStringLiteral("交易计划"));
+            m_dialog->setWindowModality(Qt::ApplicationModal);
+            m_dialog->setMinimumDuration(0);
+        }
+        m_dialog->setValue(done);
+        return !m_dialog->wasCanceled();
+    }
+
+    bool print(int done, int total)
+    {
+        const int tenth = total > 0 ? 10 * done / total : 10;
+        if (tenth > m_tenth)
+            QTextStream(stderr) << QStringLiteral("生成示例行情 %1%\n").arg(10 * tenth);
+        m_tenth = tenth;
+        return true;
+    }
+
+    const bool m_inWindow;
+    std::unique_ptr<QProgressDialog> m_dialog;
+    int m_tenth = 0;
+};
+
+QString reasonAgainstSize(const Options& options, const QString& file)
+{
+    const int present = ClientSession::instance().market().count();
+    if (options.securities == 0 || options.securities == present)
+        return QString();
+    return QStringLiteral("数据库%1中已有%2只证券，--securities只用于新建的数据库").arg(file).arg(present);
+}
+
+} // namespace
+
+QString usualDatabase()
+{
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)).filePath(databaseName);
+}
+
+QString startSession(const Options& options)
+{
+    const QString file = QFileInfo(databaseOf(options)).absoluteFilePath();
+    ClientSession::Options sample;
+    sample.marketSize = options.securities;
+    SampleProgress progress(options.wantsWindow());
+    const QString reason = ClientSession::instance().open(file, options.user, std::ref(progress), sample);
+    return reason.isEmpty() ? reasonAgainstSize(options, file) : reason;
+}

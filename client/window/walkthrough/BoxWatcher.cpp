@@ -1,0 +1,79 @@
+#include "BoxWatcher.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTest>
+
+namespace {
+
+const QString boxPrefix = QStringLiteral("msgBox");
+const QString agreement = QStringLiteral("agreementSign");
+
+bool isAsked(const QDialog& dialog)
+{
+    return dialog.objectName().startsWith(boxPrefix) || dialog.objectName() == agreement;
+}
+
+QString textOf(const QDialog& box)
+{
+    const QWidget* const text = box.findChild<QWidget*>(QStringLiteral("msgBoxText"));
+    if (const auto* const label = qobject_cast<const QLabel*>(text))
+        return label->text();
+    const auto* const scrolled = qobject_cast<const QPlainTextEdit*>(text);
+    return scrolled ? scrolled->toPlainText() : box.windowTitle();
+}
+
+} // namespace
+
+BoxWatcher::BoxWatcher()
+{
+    qApp->installEventFilter(this);
+}
+
+BoxWatcher::~BoxWatcher() = default;
+
+void BoxWatcher::expect(const QString& name, bool accept)
+{
+    m_expected << Box{ name, QString(), accept };
+}
+
+QVector<BoxWatcher::Box> BoxWatcher::take()
+{
+    m_expected.clear();
+    return std::exchange(m_seen, {});
+}
+
+bool BoxWatcher::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::Show)
+        return false;
+    auto* const dialog = qobject_cast<QDialog*>(watched);
+    if (!dialog || !isAsked(*dialog))
+        return false;
+    // Queued: answered from within the box's own event loop, which starts after this event.
+    const QPointer<QDialog> box(dialog);
+    const auto later = [this, box] {
+        if (box)
+            answer(box);
+    };
+    QMetaObject::invokeMethod(this, later, Qt::QueuedConnection);
+    return false;
+}
+
+void BoxWatcher::answer(QDialog* box)
+{
+    Box seen{ box->objectName(), textOf(*box), false };
+    if (!m_expected.isEmpty() && m_expected.constFirst().name == seen.name)
+        seen.accepted = m_expected.takeFirst().accepted;
+    if (m_onShown)
+        m_onShown(box);
+    m_seen << seen;
+    auto* const confirm = box->findChild<QPushButton*>(QStringLiteral("btnConfirm"));
+    if (seen.accepted && confirm)
+        QTest::mouseClick(confirm, Qt::LeftButton);
+    else
+        QTest::keyClick(box, Qt::Key_Escape);
+}

@@ -1,0 +1,124 @@
+#include "ClientFacts.h"
+
+#include "AutoPlanField.h"
+#include "Orlo_Values.h"
+#include "store/PlanId.h"
+
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QSqlRecord>
+#include <QUuid>
+
+ClientFacts::ClientFacts(const QString& databaseFile)
+    : m_connectionName(QUuid::createUuid().toString())
+{
+    QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
+    connection.setDatabaseName(databaseFile);
+    connection.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
+    if (!connection.open())
+        m_error = connection.lastError().text();
+}
+
+ClientFacts::~ClientFacts()
+{
+    QSqlDatabase::database(m_connectionName, false).close();
+    QSqlDatabase::removeDatabase(m_connectionName);
+}
+
+QStringList ClientFacts::planIds()
+{
+    QStringList ids;
+    const auto rows = ask(QStringLiteral("SELECT number FROM plans ORDER BY number"));
+    for (const QVariantList& row : rows)
+        ids << PlanId::fromNumber(row.constFirst().toLongLong());
+    return ids;
+}
+
+QMap<QString, QString> ClientFacts::record(const QString& planId)
+{
+    QMap<QString, QString> record;
+    const QVariantList number{ PlanId::toNumber(planId).value_or(0) };
+    const auto fields = ask(QStringLiteral("SELECT key, value FROM plan_fields WHERE plan = ?"), number);
+    for (const QVariantList& field : fields)
+        record.insert(field.at(0).toString(), field.at(1).toString());
+    const auto other =
+        ask(QStringLiteral("SELECT other_param FROM plans WHERE number = ? AND other_param IS NOT NULL"), number);
+    for (const QVariantList& row : other)
+        record.insert(AutoPlanField::BaseField::planOtherParam, row.constFirst().toString());
+    return record;
+}
+
+ClientFacts::Security ClientFacts::security(const QString& symbol)
+{
+    return read(QStringLiteral("WHERE symbol = ?"), { symbol });
+}
+
+ClientFacts::Security ClientFacts::firstOf(const QString& subType, const QString& exchange)
+{
+    return read(QStringLiteral("WHERE sub_type = ? AND exchange = ? AND st_flag = ? ORDER BY position LIMIT 1"),
+        { subType, exchange, Orlo_Values::StFlag::Normal });
+}
+
+ClientFacts::Security ClientFacts::held(
+    const QString& tradingAccount, const QString& exchange, const QString& subType, bool most)
+{
+    const auto positions =
+        ask(QStringLiteral("SELECT p.symbol, p.tradeable_quantity * s.display_factor FROM positions AS p"
+                           " JOIN securities AS s ON s.symbol = p.symbol"
+                           " WHERE p.trading_account = ? AND s.exchange = ? AND s.sub_type = ?"
+                           " ORDER BY p.tradeable_quantity, s.position"),
+            { tradingAccount, exchange, subType });
+    if (positions.isEmpty())
+        return Security();
+    const QVariantList& chosen = most ? positions.constLast() : positions.constFirst();
+    Security found = security(chosen.at(0).toString());
+    found.held = chosen.at(1).toLongLong();
+    return found;
+}
+
+QString ClientFacts::branchOf(const QString& tradingAccount)
+{
+    return text(QStringLiteral("SELECT branch_no FROM accounts WHERE trading_account = ?"), { tradingAccount });
+}
+
+QString ClientFacts::securityAccount(const QString& tradingAccount, const QString& exchange)
+{
+    return text(QStringLiteral("SELECT security_account FROM exchange_accounts"
+                               " WHERE trading_account = ? AND exchange = ?"),
+        { tradingAccount, exchange });
+}
+
+QVector<QVariantList> ClientFacts::ask(const QString& question, const QVariantList& values)
+{
+    QSqlQuery query(QSqlDatabase::database(m_connectionName, false));
+    query.prepare(question);
+    for (const QVariant& value : values)
+        query.addBindValue(value);
+    QVector<QVariantList> rows;
+    m_error = query.exec() ? QString() : query.lastError().text();
+    while (m_error.isEmpty() && query.next()) {
+        QVariantList row;
+        for (int column = 0; column < query.record().count(); ++column)
+            row << query.value(column);
+        rows << row;
+    }
+    return rows;
+}
+
+QString ClientFacts::text(const QString& question, const QVariantList& values)
+{
+    return ask(question, values).value(0).value(0).toString();
+}
+
+ClientFacts::Security ClientFacts::read(const QString& rest, const QVariantList& values)
+{
+    const QVariantList row = ask(QStringLiteral("SELECT symbol, exchange, sub_type, price_precision, display_factor,"
+                                                " quantity_step FROM securities ")
+            + rest,
+        values)
+                                 .value(0);
+    if (row.isEmpty())
+        return Security();
+    return { row.at(0).toString(), row.at(1).toString(), row.at(2).toString(), row.at(3).toInt(), row.at(4).toInt(),
+        row.at(5).toInt(), 0 };
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QMap>
+#include <QSqlDatabase>
+#include <QStringList>
+#include <QVariant>
+
+/// What stands in a client's database, read through a connection of its own that cannot write.
+class ClientFacts {
+public:
+    /// A security as stored. A default-constructed one (empty symbol) stands for "none such".
+    struct Security {
+        QString symbol;
+        QString exchange;
+        QString subType;
+        int pricePrecision = 2;
+        int displayFactor = 1;
+        int quantityStep = 1;
+        qint64 held = 0; ///< sellable quantity of the account it was looked up for, in displayed units
+    };
+
+    explicit ClientFacts(const QString& databaseFile);
+    ~ClientFacts();
+    ClientFacts(const ClientFacts&) = delete;
+    ClientFacts& operator=(const ClientFacts&) = delete;
+
+    /// Why the last question had no answer; empty when it had.
+    QString error() const { return m_error; }
+
+    /// Ids of all plans, oldest first.
+    QStringList planIds();
+    /// The record of a plan, its other-parameter text included; empty when there is none.
+    QMap<QString, QString> record(const QString& planId);
+
+    Security security(const QString& symbol);
+    /// The first security of a sub-type that is traded on an exchange and not under special treatment.
+    Security firstOf(const QString& subType, const QString& exchange);
+    /// The security of an exchange and sub-type of which the account may sell the most or the least.
+    Security held(const QString& tradingAccount, const QString& exchange, const QString& subType, bool most);
+
+    QString branchOf(const QString& tradingAccount);
+    QString securityAccount(const QString& tradingAccount, const QString& exchange);
+
+private:
+    QVector<QVariantList> ask(const QString& question, const QVariantList& values = {});
+    QString text(const QString& question, const QVariantList& values);
+    Security read(const QString& rest, const QVariantList& values);
+
+    const QString m_connectionName;
+    QString m_error;
+};

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "PlanForm.h"
+
+#include <QStringList>
+#include <QWidget>
+
+#include <functional>
+
+class QComboBox;
+class QLineEdit;
+
+/// Fills the plan editor in through mouse and key events on its widgets, as a trader would, and reads back what it
+/// then shows. Widgets are found by their object names.
+class FormDriver {
+public:
+    /// `form` is the editor; it must be visible and outlive the driver.
+    explicit FormDriver(QWidget* form);
+
+    /// Called with the window of the algorithm's parameters before it is confirmed.
+    void setOnPanel(const std::function<void(QWidget*)>& onPanel) { m_onPanel = onPanel; }
+
+    /// Fills in everything that is given, from top to bottom.
+    void fill(const PlanForm& plan);
+    /// Presses OK; returns when the boxes that it brings have been answered.
+    void confirm();
+    void cancel();
+
+    /// The following fill in one field.
+    void choose(const char* box, const QString& code);
+    void chooseText(const char* box, const QString& text);
+    void type(const char* field, const QString& text);
+    void enterSymbol(const QString& symbol);
+    void setAlgorithm(const QString& strategy, const QMap<QString, QString>& parameters);
+    /// Moves a date by trading days that the form lets one choose; negative steps go back.
+    void stepDate(const char* field, const char* line, int days);
+
+    /// The dates that the form shows.
+    ShownDates dates() const;
+    /// What could not be done as wanted since the last call, one sentence each.
+    QStringList takeProblems();
+
+    /// The widget of a name within the form; null and a problem when there is none.
+    template <class Widget> Widget* find(const char* name)
+    {
+        auto* const found = m_form->findChild<Widget*>(QLatin1String(name));
+        if (!found)
+            m_problems << QStringLiteral("表单中没有控件%1").arg(QLatin1String(name));
+        return found;
+    }
+
+private:
+    void takeKeyboard();
+    void chooseRow(QComboBox* box, int row);
+    void chooseBySearch(QComboBox* box, const QString& text);
+    void typeInto(QWidget* field, const QString& text);
+    void typeCharacters(QWidget* field, const QString& text);
+    void fillPrices(const PlanForm& plan);
+    void fillTargets(const PlanForm& plan);
+    void fillDates(const PlanForm& plan);
+
+    QWidget* m_form;
+    std::function<void(QWidget*)> m_onPanel;
+    QStringList m_problems;
+};

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "BoxWatcher.h"
+#include "ClientFacts.h"
+#include "FormDriver.h"
+#include "PlanForm.h"
+
+#include <QDir>
+#include <QString>
+#include <QStringList>
+
+class EditorDialog;
+class MainWindow;
+
+/// Does a trader's work in the client's window by itself: fills plans in through mouse and keyboard, sends them, and
+/// compares what the database then holds with what was filled in. Prints each stored record and writes a picture of
+/// every stage into a folder.
+class WalkThrough {
+public:
+    /// The window must be shown; the folder is made when it is missing.
+    WalkThrough(MainWindow& window, const QString& folder);
+
+    /// True when every stage went as it must; what did not is printed.
+    bool run();
+
+private:
+    void createOrdinary();
+    void createBond();
+    void createHongKong();
+    void createReduction();
+    void createWithAlgorithm();
+    void createByAmount();
+    void editStarted();
+    void copyOrdinary();
+    void answerQuestion();
+    void showOtherSkin();
+
+    bool prepare();
+    PlanForm ordinaryForm();
+    QString storeStartedPlan(const PlanForm& form, const ShownDates& dates);
+
+    void beginStage(const QString& name, const QString& title);
+    bool press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    bool openEditor(Qt::Key key);
+    void createPlan(const PlanForm& form);
+    void send(const QVector<BoxWatcher::Box>& boxes);
+    void checkStored(const QString& planId, const PlanForm& form, const ShownDates& dates);
+    QString newestPlan();
+    void picture(QWidget* widget, const QString& what);
+    void problem(const QString& text);
+    void collect(const QStringList& problems);
+
+    MainWindow& m_window;
+    EditorDialog& m_dialog;
+    const QDir m_folder;
+    ClientFacts m_facts;
+    BoxWatcher m_boxes;
+    QString m_stage;
+    QString m_freeAccount;     ///< an account whose instructions need no review
+    QString m_reviewedAccount; ///< an account whose instructions are reviewed
+    QString m_ordinaryPlan;
+    ShownDates m_ordinaryDates;
+    int m_pictures = 0;
+    int m_problems = 0;
+    int m_stored = 0;
+};
