@@ -30,6 +30,12 @@ using FieldMap = QMap<QString, QVariant>;
 
 const QString SampleStrategy = QStringLiteral("TWAP");
 
+QMap<QString, QString> priceModesByMode()
+{
+    return { { QStringLiteral("1"), QStringLiteral("6") }, { QStringLiteral("2"), QStringLiteral("7") },
+        { QStringLiteral("3"), QStringLiteral("8") } };
+}
+
 QString orBuy(const QString& side)
 {
     return side.isEmpty() ? Kelvo_Values::OrderSide::buy : side;
@@ -212,6 +218,69 @@ PlanSample PlanSample::reduction()
     plan.side = Kelvo_Values::OrderSide::sell;
     plan.assignee = QStringLiteral("执行甲");
     return plan;
+}
+
+PlanSample PlanKind::sample() const
+{
+    PlanSample plan = PlanSample::ofType(instructionType);
+    plan.planType = planType;
+    plan.targetType = targetType;
+    plan.mode = mode;
+    plan = plan.withPriceMode(priceModesByMode().value(mode));
+    plan.assignee = plan.reducesHoldings() ? QStringLiteral("执行甲") : QStringLiteral("甲");
+    plan.remark = QStringLiteral("备注甲");
+    if (plan.reducesHoldings())
+        plan.side = Kelvo_Values::OrderSide::sell;
+    if (plan.isByAmount()) {
+        plan.target = 250000;
+        plan.daily = 50000;
+    }
+    if (!plan.priceType.isEmpty() && mode == QLatin1String("1"))
+        plan.priceType = Orlo_Values::HKTimeInForce::BeforeTrade;
+    if (started)
+        plan.begin = QDate(2024, 5, 2);
+    return plan;
+}
+
+QString PlanKind::sentence() const
+{
+    return QStringLiteral("%1 of type %2 by %3 in mode %4 under rule %5, %6")
+        .arg(planType, instructionType,
+            targetType == InstructionTargetType::AmountOrder ? QStringLiteral("amount") : QStringLiteral("quantity"),
+            mode)
+        .arg(ruleProperty)
+        .arg(started ? QStringLiteral("started") : QStringLiteral("not started"));
+}
+
+bool PlanKind::switchesMode() const
+{
+    return (mode == QLatin1String("1")) == (ruleProperty == 1);
+}
+
+QString PlanKind::reconciledMode() const
+{
+    if (!switchesMode())
+        return mode;
+    return ruleProperty == 1 ? QStringLiteral("3") : QStringLiteral("1");
+}
+
+QString PlanKind::reconciledPriceMode() const
+{
+    return switchesMode() ? QStringLiteral("1") : sample().priceMode;
+}
+
+QList<PlanKind> PlanKind::all()
+{
+    QList<PlanKind> kinds;
+    for (const char* const planType : { "TW-01", "TW-02", "TW-03", "JC-01" })
+        for (const char* const type : { "1", "2", "5", "9" })
+            for (const QString& target : { InstructionTargetType::QtyOrder, InstructionTargetType::AmountOrder })
+                for (const char* const mode : { "1", "2", "3" })
+                    for (const int rule : { 0, 1 })
+                        for (const bool started : { false, true })
+                            kinds.append(PlanKind{ QString::fromLatin1(planType), QString::fromLatin1(type), target,
+                                QString::fromLatin1(mode), rule, started });
+    return kinds;
 }
 
 void openSampleMarket()

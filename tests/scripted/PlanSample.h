@@ -2,6 +2,7 @@
 
 #include "AutoParamSetting.h"
 #include <QDate>
+#include <QList>
 #include <QMap>
 #include <QString>
 #include <QVariant>
@@ -40,6 +41,28 @@ struct PlanSample {
     static PlanSample ofType(const QString& instructionType);
     /// A holdings reduction, carried out by user "执行甲".
     static PlanSample reduction();
+};
+
+/// One row of the table of stored plans: a plan of each type, under each rule, started or not.
+struct PlanKind {
+    QString planType;
+    QString instructionType;
+    QString targetType;
+    QString mode;
+    int ruleProperty = 0;
+    bool started = false;
+
+    /// The stored plan: it began on 2024-05-02 or begins on 2024-05-08. Modes "1", "2" and "3" come with the price
+    /// modes "6", "7" and "8"; an actively managed sale in Hong Kong is for the opening auction.
+    PlanSample sample() const;
+    QString sentence() const;
+    /// Mode and price mode after they were reconciled with the user's rule.
+    bool switchesMode() const;
+    QString reconciledMode() const;
+    QString reconciledPriceMode() const;
+
+    /// Every plan type, instruction type, target type, mode and rule, started and not.
+    static QList<PlanKind> all();
 };
 
 /// Two ordinary accounts and a credit account, the users "甲" and "乙", the executors "执行甲" and "执行乙", a stock
