@@ -121,22 +121,37 @@ void EditorDialog::makeEditor()
     if (QWidget* const former = m_area->takeWidget())
         former->deleteLater();
     m_editor = new AutoParamSetting(this);
-    m_editor->setMinimumSize(editorSize);
     m_editor->setAttribute(Qt::WA_StyledBackground);
     m_holdsValues = false;
     if (!m_skin.isEmpty())
         m_editor->loadSkin(m_skin);
     connect(m_editor, &AutoParamSetting::signalBtnCancelClicked, this, &EditorDialog::leave);
     m_area->setWidget(m_editor);
+    m_editor->installEventFilter(this);
+}
+
+// Rows come and go with the trader's choices, and none may be squeezed.
+bool EditorDialog::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_editor && event->type() == QEvent::LayoutRequest && isVisible())
+        fit();
+    return QDialog::eventFilter(watched, event);
+}
+
+void EditorDialog::fit()
+{
+    const QSize wanted =
+        editorSize.expandedTo(QSize(m_editor->minimumSizeHint().width(), m_editor->sizeHint().height()));
+    const QSize room = screen()->availableSize();
+    // A form higher than the screen gets a scroll bar beside it, not over it.
+    const int bar = wanted.height() > room.height() ? m_area->verticalScrollBar()->sizeHint().width() : 0;
+    m_editor->setMinimumSize(wanted);
+    resize((wanted + QSize(bar, 0)).boundedTo(room).expandedTo(isVisible() ? size() : QSize()));
 }
 
 void EditorDialog::present()
 {
-    const QSize wanted = editorSize.expandedTo(m_editor->minimumSizeHint());
-    const QSize room = screen()->availableSize();
-    // A form higher than the screen gets a scroll bar beside it, not over it.
-    const int bar = wanted.height() > room.height() ? m_area->verticalScrollBar()->sizeHint().width() : 0;
-    resize((wanted + QSize(bar, 0)).boundedTo(room));
+    fit();
     show();
     firstField(m_editor)->setFocus(Qt::OtherFocusReason);
     m_area->verticalScrollBar()->setValue(0);

@@ -36,12 +36,14 @@ public Q_SLOTS:
     void reject() override;
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void prepare(const QString& title);
     void makeEditor();
     void present();
+    void fit();
     void planStored(const QString& planId);
     QStringList contents() const;
 

@@ -23,8 +23,9 @@
 
 namespace {
 
-constexpr QSize usualSize(1340, 760);
+constexpr QSize usualSize(1366, 768);
 constexpr int detailsWidth = 300;
+constexpr int cellMargin = 16;
 
 } // namespace
 
@@ -102,10 +103,16 @@ void MainWindow::buildTable()
     m_table->setWordWrap(false);
     m_table->setContextMenuPolicy(Qt::ActionsContextMenu);
     m_table->verticalHeader()->hide();
+    m_table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_table->horizontalHeader()->setStretchLastSection(true);
     m_table->horizontalHeader()->setHighlightSections(false);
-    const QVector<int> characters{ 11, 8, 10, 18, 5, 14, 12, 23, 23 };
-    for (int column = 0; column < characters.size(); ++column)
-        m_table->setColumnWidth(column, characters.at(column) * m_table->fontMetrics().averageCharWidth() * 6 / 5);
+    // Wide enough for usual texts: measuring the rows would read them all.
+    const QStringList samples{ QStringLiteral("AP00000000"), QStringLiteral("累计数量"), QStringLiteral("港股通交易"),
+        QStringLiteral("600000.SH 四字证券"), QStringLiteral("方向"), QStringLiteral("10,000,000.00 元"),
+        QStringLiteral("比较值取最大"), QStringLiteral("0000-00-00 至 0000-00-00"),
+        QStringLiteral("trader01 0000-00-00 00:00") };
+    for (int column = 0; column < samples.size(); ++column)
+        m_table->setColumnWidth(column, m_table->fontMetrics().horizontalAdvance(samples.at(column)) + cellMargin);
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &MainWindow::showCurrent);
     connect(m_table, &QTableView::doubleClicked, this, &MainWindow::openEdit);
 }

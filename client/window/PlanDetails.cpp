@@ -67,6 +67,7 @@ void PlanDetails::addRow(QFormLayout* rows, const QString& caption, const QStrin
 {
     auto* const label = new OrloHintLabel;
     label->setText(caption);
+    label->setAlignment(Qt::AlignRight | Qt::AlignTop);
     auto* const value = new QLabel;
     value->setTextFormat(Qt::PlainText);
     value->setText(text);

@@ -90,6 +90,30 @@ QString grouped(QString number)
     return number;
 }
 
+/// The id of an enumerated value, under which its control lists the text; empty when the value is none of them.
+QString idOf(const StrategyParameter& parameter, const QString& value)
+{
+    for (const EnumeratedValue& known : parameter.values) {
+        if (known.text == value)
+            return known.id;
+    }
+    return QString();
+}
+
+QString parameterText(const StrategyControl& control, const StrategyParameter& parameter, const QString& value)
+{
+    if (parameter.type == ParameterType::Boolean)
+        return value == parameter.trueValue ? QStringLiteral("是") : QStringLiteral("否");
+    const QString id = idOf(parameter, value);
+    for (const EnumeratedValue& item : control.items) {
+        if (!id.isEmpty() && item.id == id)
+            return item.text;
+    }
+    const bool isShare = parameter.type == ParameterType::Percentage;
+    const QString unit = isShare ? QStringLiteral("%") : control.unit;
+    return QStringLiteral("%1 %2").arg(ParameterValue::shown(parameter, value), unit).trimmed();
+}
+
 QString strategyParameters(const StrategyDefinition& strategy, const QMap<QString, QVariant>& values)
 {
     QStringList lines;
@@ -97,7 +121,7 @@ QString strategyParameters(const StrategyDefinition& strategy, const QMap<QStrin
         const QString value = values.value(control.parameter).toString();
         const StrategyParameter* const parameter = strategy.parameter(control.parameter);
         if (!value.isEmpty() && parameter)
-            lines << QStringLiteral("%1：%2").arg(control.label, ParameterValue::shown(*parameter, value));
+            lines << QStringLiteral("%1：%2").arg(control.label, parameterText(control, *parameter, value));
     }
     return lines.join(QLatin1Char('\n'));
 }
