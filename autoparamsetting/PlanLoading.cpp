@@ -187,21 +187,21 @@ void setSymbolSilently(VorSearchBox* box, const QString& symbol)
     box->setSymbol(symbol);
 }
 
-FieldMap algorithmBaseData(const StoredPlan& plan)
+FieldMap algorithmBaseData(const StoredPlan& plan, const QString& entrustType)
 {
     FieldMap data = plan.otherMap(Base::algoParam);
     if (!data.contains(Content::TradingAccount))
         data.insert(Content::TradingAccount, plan.tradingAccount());
     data.insert(Content::Symbol, plan.symbol());
     AlgorithmParameters::insertSide(data, plan.text(Base::orderSide));
-    data.insert(Content::EntrustProp, AlgorithmParameters::orderProperty(plan.entrustType()));
+    data.insert(Content::EntrustProp, AlgorithmParameters::orderProperty(entrustType));
     return data;
 }
 
-void fillAlgorithm(ParamListWidget_single* algorithm, const StoredPlan& plan)
+void fillAlgorithm(ParamListWidget_single* algorithm, const StoredPlan& plan, const QString& entrustType)
 {
     if (!plan.otherText(Base::algoStrategyName).isEmpty())
-        algorithm->setBaseInfoData(algorithmBaseData(plan), false);
+        algorithm->setBaseInfoData(algorithmBaseData(plan, entrustType), false);
 }
 
 void fillAssignee(const Ui::AutoParamSetting& ui, const StoredPlan& plan)
@@ -288,7 +288,8 @@ void AutoParamSetting::copyPlan(const QString& planId)
     slotSymbolChange();
     ui->la_symbolName->setText(OrloBusinessDataInterface::GetSecurityChineseName(plan.symbol()));
     selectCode(ui->combx_tradeSide, plan.text(Base::orderSide));
-    selectCode(ui->combx_entrustType, plan.entrustType());
+    const QString entrustType = plan.entrustType();
+    selectCode(ui->combx_entrustType, entrustType);
     InitComboxPriceType(plan.instructionMode);
     fillPriceType(*ui, plan);
     InitComboxPriceMode(plan.instructionMode);
@@ -299,7 +300,7 @@ void AutoParamSetting::copyPlan(const QString& planId)
         if (!m_algoParamWidget)
             m_algoParamWidget = AlgorithmParameters::createWidget(this, m_algoWhiteList);
         AlgorithmParameters::refreshLists(m_algoParamWidget, m_algoWhiteList, m_algoBlackList);
-        fillAlgorithm(m_algoParamWidget, plan);
+        fillAlgorithm(m_algoParamWidget, plan, entrustType);
     }
     fillAssignee(*ui, plan);
     fillDates(*ui, plan, !m_planId.isEmpty());
