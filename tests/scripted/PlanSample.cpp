@@ -117,12 +117,12 @@ void fillQuantities(const AutoParamSetting& editor, const PlanSample& plan)
 
 void fillAlgorithm(const AutoParamSetting& editor, const PlanSample& plan)
 {
+    press(editor, "btn_algoParamSetting");
+    field<ParamListWidget_single>(editor, "")->hide();
     Script& script = Script::instance();
     script.panelHasParams = true;
     script.panelStrategy = SampleStrategy;
     script.panelParams = algorithmParameters(plan);
-    press(editor, "btn_algoParamSetting");
-    field<ParamListWidget_single>(editor, "")->hide();
 }
 
 void fillDates(const AutoParamSetting& editor, const PlanSample& plan)
@@ -158,6 +158,13 @@ void insertAssignee(FieldMap& record, const PlanSample& plan)
         record.insert(Base::executeUser, plan.assignee);
     else if (!plan.assignee.isEmpty())
         record.insert(Base::expectedUser, plan.assignee);
+}
+
+void keepParameters(Script& script)
+{
+    script.panelParams = script.panelBaseData;
+    script.panelHasParams = true;
+    script.panelStrategy = SampleStrategy;
 }
 
 } // namespace
@@ -391,15 +398,15 @@ void storePlan(const QString& planId, const PlanSample& plan)
     storePlan(planId, recordOf(plan));
 }
 
-void letPanelKeepItsParameters()
+void keepWhatIsSent()
 {
     Script::instance().onCall = [](const QString& call) {
-        if (!call.startsWith(QLatin1String("panel.setBaseInfoData(")))
-            return;
         Script& script = Script::instance();
-        for (auto it = script.panelBaseData.cbegin(); it != script.panelBaseData.cend(); ++it)
-            script.panelParams.insert(it.key(), it.value());
-        script.panelHasParams = true;
-        script.panelStrategy = SampleStrategy;
+        if (call.startsWith(QLatin1String("panel.setBaseInfoData(")))
+            keepParameters(script);
+        else if (call.startsWith(QLatin1String("CreateNewPlan(")))
+            storePlan(QStringLiteral("P%1").arg(script.plans.size() + 1), script.createdRecords.last());
+        else if (call.startsWith(QLatin1String("modifyPlan(")))
+            storePlan(script.modifiedRecords.last().value(Base::autoPlanId).toString(), script.modifiedRecords.last());
     };
 }

@@ -85,5 +85,6 @@ QMap<QString, QVariant> withOtherParam(const QMap<QString, QVariant>& record, co
 void storePlan(const QString& planId, const QMap<QString, QVariant>& record);
 void storePlan(const QString& planId, const PlanSample& plan);
 
-/// Has the scripted algorithm panel keep what it is handed, and answer with it, as a real one does.
-void letPanelKeepItsParameters();
+/// Has the scripted plan service keep the plans that it is sent, as "P1", "P2" and so on, and the scripted algorithm
+/// panel the parameters that it is handed, so that each answers with them later.
+void keepWhatIsSent();
