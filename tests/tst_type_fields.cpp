@@ -75,6 +75,7 @@ private Q_SLOTS:
     void anUnknownTargetTypeLeavesDecimalsAlone();
     void anotherTargetTypeTakesTheReductionAway();
     void anotherInstructionTypeClearsThePrices();
+    void anotherInstructionTypeLooksAtTheSecurityOnceMore();
     void theAlgorithmButtonFollowsTheMode();
     void onlyOneTypeOfAConnectAccountCascadesAtOnce();
 
@@ -966,6 +967,20 @@ void TypeFieldsTest::anotherInstructionTypeClearsThePrices()
     QCOMPARE(text(editor(), "lineEdit_price1"), QString());
     QCOMPARE(text(editor(), "lineEdit_price2"), QString());
     QCOMPARE(code(editor(), "combx_priceMode"), QStringLiteral("7"));
+}
+
+void TypeFieldsTest::anotherInstructionTypeLooksAtTheSecurityOnceMore()
+{
+    script().addOrdinaryAccount(QStringLiteral("acc1"));
+    construct();
+    // The market is written by hand after the prices were prepared: only a second look at the security empties it.
+    script().onCall = [this](const QString& call) {
+        if (call.startsWith(QLatin1String("lineEdit_price2.SetFormulaItems(")))
+            field<QLineEdit>(editor(), "le_exchange")->setText(QStringLiteral("by hand"));
+    };
+    choose(editor(), "combx_instructionType", QStringLiteral("5"));
+    QCOMPARE(script().calls.last(), QStringLiteral("GetForwardUsers(chain-acc1-5, 0)"));
+    QCOMPARE(text(editor(), "le_exchange"), QString());
 }
 
 void TypeFieldsTest::theAlgorithmButtonFollowsTheMode()
