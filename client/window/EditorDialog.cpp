@@ -89,7 +89,7 @@ bool EditorDialog::mayClose()
 
 void EditorDialog::leave()
 {
-    if (isVisible() && contents() != m_openedWith)
+    if (isVisible() && !m_stored && contents() != m_openedWith)
         m_holdsValues = true;
     QDialog::reject();
 }
@@ -110,6 +110,7 @@ void EditorDialog::keyPressEvent(QKeyEvent* event)
 void EditorDialog::prepare(const QString& title)
 {
     setWindowTitle(title);
+    m_stored = false;
     if (!m_editor || m_holdsValues)
         makeEditor();
     else
@@ -163,6 +164,7 @@ void EditorDialog::planStored(const QString& planId)
 {
     if (!isVisible())
         return;
+    m_stored = true;
     const QString type =
         AutoPlanLogic::instance().GetPlanInfo(planId).value(Orlo_Fields::AutoPlan::templateCode).toString();
     m_holdsValues = type == PlanCodes::PlanType::ReduceHoldings;

@@ -51,5 +51,6 @@ private:
     AutoParamSetting* m_editor = nullptr;
     QString m_skin;
     QStringList m_openedWith;   ///< what the form showed when it was opened
+    bool m_stored = false;      ///< a plan was stored since the form was opened
     bool m_holdsValues = false; ///< the form holds what `resetEnable` does not take away
 };

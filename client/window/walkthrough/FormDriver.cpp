@@ -25,6 +25,15 @@ QWidget* shownSuggestions(const QWidget* line)
 
 } // namespace
 
+// A window whose dialog has just closed counts as active already, so the application is asked instead of the window.
+bool takeKeyboard(QWidget* window)
+{
+    if (QApplication::activeWindow() == window)
+        return true;
+    window->activateWindow();
+    return QTest::qWaitFor([window] { return QApplication::activeWindow() == window; });
+}
+
 FormDriver::FormDriver(QWidget* form)
     : m_form(form)
 {
@@ -67,19 +76,15 @@ void FormDriver::cancel()
 }
 
 // Not every window system gives the keyboard back to the form when a list over it closes.
-void FormDriver::takeKeyboard()
+void FormDriver::takeForm()
 {
-    QWidget* const window = m_form->window();
-    if (window->isActiveWindow())
-        return;
-    window->activateWindow();
-    if (!QTest::qWaitForWindowActive(window))
+    if (!takeKeyboard(m_form->window()))
         m_problems << QStringLiteral("表单不能取得焦点");
 }
 
 void FormDriver::choose(const char* box, const QString& code)
 {
-    takeKeyboard();
+    takeForm();
     auto* const combo = code.isEmpty() ? nullptr : find<QComboBox>(box);
     if (!combo || combo->currentData(Qt::UserRole).toString() == code)
         return;
@@ -90,7 +95,7 @@ void FormDriver::choose(const char* box, const QString& code)
 
 void FormDriver::chooseText(const char* box, const QString& text)
 {
-    takeKeyboard();
+    takeForm();
     auto* const combo = text.isEmpty() ? nullptr : find<QComboBox>(box);
     if (!combo || combo->currentText() == text)
         return;
@@ -101,7 +106,7 @@ void FormDriver::chooseText(const char* box, const QString& text)
 
 void FormDriver::type(const char* field, const QString& text)
 {
-    takeKeyboard();
+    takeForm();
     auto* const input = find<QWidget>(field);
     if (!input)
         return;
@@ -113,7 +118,7 @@ void FormDriver::type(const char* field, const QString& text)
 
 void FormDriver::enterSymbol(const QString& symbol)
 {
-    takeKeyboard();
+    takeForm();
     auto* const box = find<VorSearchBox>("le_symbol");
     if (!box)
         return;
@@ -148,7 +153,7 @@ void FormDriver::setAlgorithm(const QString& strategy, const QMap<QString, QStri
 
 void FormDriver::stepDate(const char* field, const char* line, int days)
 {
-    takeKeyboard();
+    takeForm();
     auto* const dates = find<QWidget>(field);
     auto* const edit = dates ? dates->findChild<QLineEdit*>(QLatin1String(line)) : nullptr;
     if (!edit || !edit->isEnabled()) {

@@ -10,6 +10,9 @@
 class QComboBox;
 class QLineEdit;
 
+/// Gives a window the keyboard; false when it does not get it.
+bool takeKeyboard(QWidget* window);
+
 /// Fills the plan editor in through mouse and key events on its widgets, as a trader would, and reads back what it
 /// then shows. Widgets are found by their object names.
 class FormDriver {
@@ -50,7 +53,7 @@ public:
     }
 
 private:
-    void takeKeyboard();
+    void takeForm();
     void chooseRow(QComboBox* box, int row);
     void chooseBySearch(QComboBox* box, const QString& text);
     void typeInto(QWidget* field, const QString& text);

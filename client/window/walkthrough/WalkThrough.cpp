@@ -356,8 +356,7 @@ void WalkThrough::beginStage(const QString& name, const QString& title)
 /// A key in the main window; false, and a problem, when it cannot have the keyboard.
 bool WalkThrough::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
 {
-    m_window.activateWindow();
-    if (!QTest::qWaitForWindowActive(&m_window)) {
+    if (!takeKeyboard(&m_window)) {
         problem(QStringLiteral("主窗口不能取得焦点"));
         return false;
     }

@@ -1,0 +1,106 @@
+#include "LogCatcher.h"
+#include "MainWindow.h"
+#include "SampleSession.h"
+#include "TestToday.h"
+#include "services/ClientClock.h"
+#include "services/ClientSession.h"
+#include "walkthrough/WalkThrough.h"
+
+#include <QDir>
+#include <QImage>
+#include <QtTest>
+
+namespace {
+
+const QSize formSize(517, 710);
+
+QStringList pictures(const QString& folder, const QString& pattern)
+{
+    return QDir(folder).entryList({ pattern }, QDir::Files, QDir::Name);
+}
+
+} // namespace
+
+class TestWalkThrough : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QApplication::setFont(QFont(QStringLiteral("Sans Serif"), 9)); }
+    void init() { m_log = std::make_unique<LogCatcher>(); }
+    void cleanup();
+
+    void every_plan_is_stored_as_filled_in_on_any_day_data();
+    void every_plan_is_stored_as_filled_in_on_any_day();
+    void a_second_walk_through_the_same_database_passes_too();
+    void a_user_without_the_accounts_fails();
+
+private:
+    std::unique_ptr<LogCatcher> m_log;
+};
+
+void TestWalkThrough::cleanup()
+{
+    QCOMPARE(m_log->trouble(), QStringList());
+    m_log.reset();
+    setClientToday(QDate());
+}
+
+void TestWalkThrough::every_plan_is_stored_as_filled_in_on_any_day_data()
+{
+    QTest::addColumn<QDate>("today");
+    QTest::newRow("a Saturday") << QDate(2026, 11, 21);
+    QTest::newRow("the day before a week of holidays") << QDate(2024, 9, 30);
+    QTest::newRow("within a week of holidays") << QDate(2024, 10, 3);
+    QTest::newRow("the end of a year") << QDate(2025, 12, 31);
+}
+
+void TestWalkThrough::every_plan_is_stored_as_filled_in_on_any_day()
+{
+    QFETCH(QDate, today);
+    setToday(today);
+    SampleSession session;
+    setClientToday(today);
+    QCOMPARE(session.reopen(), QString());
+    QTemporaryDir folder;
+    MainWindow window;
+    window.setSkin(QStringLiteral("light"));
+    window.show();
+    QVERIFY(WalkThrough(window, folder.path()).run());
+    QCOMPARE(ClientSession::instance().plans().count(), 9);
+
+    const QStringList forms = pictures(folder.path(), QStringLiteral("*-form.png"));
+    QCOMPARE(forms.size(), 9);
+    for (const QString& form : forms)
+        QCOMPARE(QImage(folder.filePath(form)).size(), formSize);
+    QCOMPARE(pictures(folder.path(), QStringLiteral("*-box.png")).size(), 12);
+    QCOMPARE(pictures(folder.path(), QStringLiteral("*-panel.png")).size(), 2);
+}
+
+void TestWalkThrough::a_second_walk_through_the_same_database_passes_too()
+{
+    setToday(SampleSession::today());
+    SampleSession session;
+    QTemporaryDir folder;
+    for (int plans : { 9, 18 }) {
+        MainWindow window;
+        window.setSkin(QStringLiteral("dark"));
+        window.show();
+        QVERIFY(WalkThrough(window, folder.path()).run());
+        QCOMPARE(ClientSession::instance().plans().count(), plans);
+    }
+}
+
+void TestWalkThrough::a_user_without_the_accounts_fails()
+{
+    setToday(SampleSession::today());
+    SampleSession session(QStringLiteral("trader02"));
+    QCOMPARE(session.reason(), QString());
+    QTemporaryDir folder;
+    MainWindow window;
+    window.show();
+    QVERIFY(!WalkThrough(window, folder.path()).run());
+    QCOMPARE(ClientSession::instance().plans().count(), 0);
+}
+
+QTEST_MAIN(TestWalkThrough)
+#include "tst_walkthrough.moc"
