@@ -2,8 +2,8 @@
 
 #include "AgreementDC.h"
 #include "ComboItems.h"
+#include "ExchangeAccounts.h"
 #include "InstructionBusinessDataInterface.h"
-#include "Kelvo_Values.h"
 #include "OrloBusinessDataInterface.h"
 #include "Orlo_Values.h"
 #include "PlanVocabulary.h"
@@ -17,31 +17,22 @@ namespace {
 constexpr int TradingAccounts = 3;
 constexpr int AutoPlanAccounts = 16;
 
-bool holdsMainland(const QMap<QString, QString>& accounts)
-{
-    return accounts.contains(Kelvo_Values::Exchange::sh) || accounts.contains(Kelvo_Values::Exchange::sz);
-}
-
-bool holdsMainlandOrBeijing(const QMap<QString, QString>& accounts)
-{
-    return holdsMainland(accounts) || accounts.contains(Orlo_Values::Exchange::bj);
-}
-
 // Bond trading needs a Shanghai or Shenzhen account here, although the instruction types accept Beijing for it: an
 // account that can trade nothing but bonds and only in Beijing has no bond to trade.
 bool isUsable(const QString& tradingAccount)
 {
     using Instruction = InstructionBusinessDataInterface;
     const auto accounts = OrloBusinessDataInterface::GetCurrentSecurityAccountByTradingAccount(tradingAccount);
-    if (Instruction::hasOrderAuthority(tradingAccount, AutoPlanInstructionType::Ordinary)
-        && holdsMainlandOrBeijing(accounts))
+    if (Instruction::hasOrderAuthority(tradingAccount, AutoPlanInstructionType::Ordinary) && holdsMainland(accounts))
         return true;
     if (Instruction::hasOrderAuthority(tradingAccount, AutoPlanInstructionType::HkConnect)
         && accounts.contains(Orlo_Values::Exchange::HkStockCirculation))
         return true;
-    if (Instruction::hasOrderAuthority(tradingAccount, AutoPlanInstructionType::Credit) && holdsMainland(accounts))
+    if (Instruction::hasOrderAuthority(tradingAccount, AutoPlanInstructionType::Credit)
+        && holdsShanghaiOrShenzhen(accounts))
         return true;
-    return Instruction::hasOrderAuthority(tradingAccount, AutoPlanInstructionType::Bond) && holdsMainland(accounts);
+    return Instruction::hasOrderAuthority(tradingAccount, AutoPlanInstructionType::Bond)
+        && holdsShanghaiOrShenzhen(accounts);
 }
 
 void removeUnusable(QList<tagUserAccountInfo>& accounts)

@@ -53,12 +53,20 @@ void refreshLists(ParamListWidget_single* widget, const QStringList& whiteList, 
     widget->RefreshAlgoList();
 }
 
-void insertSide(QMap<QString, QVariant>& baseData, const QString& side)
+QString algorithmSide(const QString& side)
 {
     if (side == Kelvo_Values::OrderSide::buy)
-        baseData.insert(Content::OrderSide, Algo_Values::AlgoOrderSide::BuyValue);
-    else if (side == Kelvo_Values::OrderSide::sell)
-        baseData.insert(Content::OrderSide, Algo_Values::AlgoOrderSide::SellValue);
+        return Algo_Values::AlgoOrderSide::BuyValue;
+    if (side == Kelvo_Values::OrderSide::sell)
+        return Algo_Values::AlgoOrderSide::SellValue;
+    return QString();
+}
+
+void insertSide(QMap<QString, QVariant>& baseData, const QString& side)
+{
+    const QString code = algorithmSide(side);
+    if (!code.isEmpty())
+        baseData.insert(Content::OrderSide, code);
 }
 
 QString orderProperty(const QString& entrustType)

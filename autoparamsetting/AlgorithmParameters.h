@@ -16,7 +16,10 @@ ParamListWidget_single* createWidget(QWidget* editor, const QStringList& whiteLi
 /// Hands the lists over and lets the widget rebuild what it offers.
 void refreshLists(ParamListWidget_single* widget, const QStringList& whiteList, const QStringList& blackList);
 
-/// Puts a plan's side under the algorithm's own code; a side that is neither buy nor sell puts nothing.
+/// The algorithm's own code of a plan's side; empty for a side that is neither buy nor sell.
+QString algorithmSide(const QString& side);
+
+/// Puts a plan's side into base data in the algorithm's own code; a side that has none puts nothing.
 void insertSide(QMap<QString, QVariant>& baseData, const QString& side);
 
 /// The algorithm's order property of an entrust type; empty when it has none.

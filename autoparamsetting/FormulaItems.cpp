@@ -10,3 +10,13 @@ QStringList inPromptOrder(QStringList names)
         [&order](const QString& a, const QString& b) { return order.indexOf(a) < order.indexOf(b); });
     return names;
 }
+
+QStringList functionItems(const QString& priceMode)
+{
+    return priceMode == AutoPlanPriceModel::Custom ? AutoPlanFormula::CompareFunctions : QStringList();
+}
+
+QString zeroPrice(int decimals)
+{
+    return QString::number(0.0, 'f', decimals);
+}

@@ -5,6 +5,7 @@
 #include "AutoPlanField.h"
 #include "AutoPlanLogic.h"
 #include "ComboItems.h"
+#include "FormulaItems.h"
 #include "InstructionBusinessDataInterface.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Fields.h"
@@ -13,6 +14,7 @@
 #include "Orlo_Fields.h"
 #include "ParamListWidget_single.h"
 #include "PlanVocabulary.h"
+#include "QuantityRounding.h"
 #include "Today.h"
 #include "ui_AutoParamSetting.h"
 #include <QDebug>
@@ -26,9 +28,6 @@ namespace Base = AutoPlanField::BaseField;
 namespace Content = Algo_Fields::AlgoInstContentInfo;
 
 using FieldMap = QMap<QString, QVariant>;
-
-constexpr int ReviewRuleProperty = 1;
-constexpr int NoReviewRuleProperty = 0;
 
 /// A stored plan as the form takes it over: texts by key, the modes already reconciled with the user's rule.
 class StoredPlan {
@@ -65,7 +64,7 @@ public:
     }
 
     // A user bound to review must not receive an actively managed plan, nor the reverse. The price falls back to no
-    // limit with the mode, because the modes do not share their price modes.
+    // limit with the mode: whoever takes the plan over has to say the price again.
     void reconcileWithRule()
     {
         const int rule =
@@ -73,9 +72,9 @@ public:
         const bool active = instructionMode == AutoPlanInstMode::ActiveManage;
         const bool reviewed = instructionMode == AutoPlanInstMode::NormalTradeReview
             || instructionMode == AutoPlanInstMode::AlgoTradeReview;
-        if (active && rule == ReviewRuleProperty)
+        if (active && rule == AutoPlanRuleProperty::Review)
             instructionMode = AutoPlanInstMode::AlgoTradeReview;
-        else if (reviewed && rule == NoReviewRuleProperty)
+        else if (reviewed && rule == AutoPlanRuleProperty::NoReview)
             instructionMode = AutoPlanInstMode::ActiveManage;
         else
             return;
@@ -140,21 +139,25 @@ void fillPriceType(const Ui::AutoParamSetting& ui, const StoredPlan& plan)
 void fillPrices(const Ui::AutoParamSetting& ui, const StoredPlan& plan)
 {
     selectCode(ui.combx_priceMode, plan.priceMode);
-    ui.lineEdit_price1->SetFunctionItems(
-        plan.priceMode == AutoPlanPriceModel::Custom ? AutoPlanFormula::CompareFunctions : QStringList());
+    ui.lineEdit_price1->SetFunctionItems(functionItems(plan.priceMode));
     if (plan.priceMode == AutoPlanPriceModel::NoLimit) {
         const int decimals = OrloBusinessDataInterface::GetPricePrecisionBySymbol(plan.symbol(), QString());
-        ui.lineEdit_price1->setText(QString::number(0.0, 'f', decimals));
+        ui.lineEdit_price1->setText(zeroPrice(decimals));
     } else {
         ui.lineEdit_price1->setText(plan.text(Base::priceFormula1));
     }
     ui.lineEdit_price2->setText(plan.text(Base::priceFormula2));
 }
 
+int displayFactor(const QString& symbol)
+{
+    return usableDisplayFactor(OrloBusinessDataInterface::GetDispFactorBySymbol(symbol), "AutoParamSetting::copyPlan");
+}
+
 void fillQuantities(const Ui::AutoParamSetting& ui, const StoredPlan& plan)
 {
     const bool byAmount = plan.targetType() == InstructionTargetType::AmountOrder;
-    const double factor = byAmount ? 1 : OrloBusinessDataInterface::GetDispFactorBySymbol(plan.symbol());
+    const double factor = byAmount ? 1 : displayFactor(plan.symbol());
     showNumber(ui.le_targetTotalNum, byAmount ? plan.otherText(Base::tradeAmount) : plan.text(Base::totalQty), factor);
     if (plan.reducesHoldings()) {
         ui.le_entrustMaxNum->clear();
@@ -239,9 +242,13 @@ void fillStartedDates(const Ui::AutoParamSetting& ui, const StoredPlan& plan)
 void fillDates(const Ui::AutoParamSetting& ui, const StoredPlan& plan, bool edits)
 {
     const QDate begin = plan.date(Base::beginDate);
+    for (const QString& key : { Base::beginDate, Base::endDate }) {
+        if (!plan.date(key).isValid())
+            qWarning() << "AutoParamSetting::copyPlan stored text is no date" << key << plan.text(key);
+    }
     if (!begin.isValid())
-        qWarning() << "AutoParamSetting::copyPlan stored text is no date" << plan.text(Base::beginDate);
-    else if (begin > today())
+        return;
+    if (begin > today())
         fillFutureDates(ui, plan);
     else if (edits)
         fillStartedDates(ui, plan);

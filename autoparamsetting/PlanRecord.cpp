@@ -66,7 +66,7 @@ void insertPrice(FieldMap& record, const Ui::AutoParamSetting& ui)
     const QString priceMode = currentCode(ui.combx_priceMode);
     record.insert(Base::priceModel, priceMode);
     record.insert(Base::priceFormula1, ui.lineEdit_price1->text());
-    // The fixed price belongs to the no-limit mode: the plan service reads it as the price that stands for "any".
+    // The fixed price belongs to the no-limit mode alone: elsewhere the formulas speak.
     if (priceMode == AutoPlanPriceModel::NoLimit)
         record.insert(Base::priceFixed, ui.lineEdit_price1->text());
     if (priceMode == AutoPlanPriceModel::CompareMax || priceMode == AutoPlanPriceModel::CompareMin)

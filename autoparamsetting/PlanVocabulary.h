@@ -30,6 +30,12 @@ inline const QString NormalTradeReview = QStringLiteral("2");
 inline const QString AlgoTradeReview = QStringLiteral("3");
 } // namespace AutoPlanInstMode
 
+/// Whether a user's instructions go through review; the user's instruction rule property.
+namespace AutoPlanRuleProperty {
+constexpr int NoReview = 0;
+constexpr int Review = 1;
+} // namespace AutoPlanRuleProperty
+
 /// Price modes, in the client's own, sparse numbering.
 namespace AutoPlanPriceModel {
 inline const QString NoLimit = QStringLiteral("1");
@@ -68,7 +74,7 @@ inline const QStringList PromptOrder = { PreviousClose, UpperLimit, LowerLimit, 
     QStringLiteral("MA250") };
 } // namespace AutoPlanFormula
 
-/// The client's numeric field ids, as map keys.
+/// Map keys that are no constants of the client's: its numeric field ids, and one name.
 namespace AutoPlanFieldId {
 /// Target type code, in the other-parameter map and in an instruction.
 inline const QString TargetType = QStringLiteral("57134");

@@ -60,8 +60,7 @@ void AutoParamSetting::InitLineEditPrice1AndPrice2(bool clearTexts)
     const QString symbol = ui->le_symbol->getSymbol();
     const QString securityType = OrloBusinessDataInterface::GetSecurityTypeBySymbol(symbol);
     const QString priceMode = currentCode(ui->combx_priceMode);
-    ui->lineEdit_price1->SetFunctionItems(
-        priceMode == AutoPlanPriceModel::Custom ? AutoPlanFormula::CompareFunctions : QStringList());
+    ui->lineEdit_price1->SetFunctionItems(functionItems(priceMode));
 
     const QStringList items = formulaItems(symbol, securityType, m_maPriceList);
     const QString text1 = ui->lineEdit_price1->text();
@@ -72,7 +71,7 @@ void AutoParamSetting::InitLineEditPrice1AndPrice2(bool clearTexts)
     const int decimals = symbol.isEmpty() ? DefaultPriceDecimals
                                           : OrloBusinessDataInterface::GetPricePrecisionBySymbol(symbol, QString());
     if (priceMode == AutoPlanPriceModel::NoLimit) {
-        ui->lineEdit_price1->setText(QString::number(0.0, 'f', decimals));
+        ui->lineEdit_price1->setText(zeroPrice(decimals));
         return;
     }
     clearOrRestore(ui->lineEdit_price1, text1, clearTexts);

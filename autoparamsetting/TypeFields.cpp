@@ -3,6 +3,7 @@
 #include "AgreementDialog.h"
 #include "CDataBase.h"
 #include "ComboItems.h"
+#include "ExchangeAccounts.h"
 #include "InstructionBusinessDataInterface.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Values.h"
@@ -17,7 +18,6 @@
 
 namespace {
 
-constexpr int ReviewRuleProperty = 1;
 constexpr int QuantityDecimals = 0;
 constexpr int AmountDecimals = 2;
 
@@ -34,16 +34,14 @@ void appendInstructionType(QComboBox* box, const QString& code)
 void appendCreditTypes(QComboBox* box, const QString& tradingAccount, const QMap<QString, QString>& accounts)
 {
     if (InstructionBusinessDataInterface::hasOrderAuthority(tradingAccount, AutoPlanInstructionType::Credit)
-        && (accounts.contains(Kelvo_Values::Exchange::sh) || accounts.contains(Kelvo_Values::Exchange::sz)))
+        && holdsShanghaiOrShenzhen(accounts))
         appendInstructionType(box, AutoPlanInstructionType::Credit);
 }
 
 void appendOtherTypes(QComboBox* box, const QString& tradingAccount, const QMap<QString, QString>& accounts)
 {
-    const bool holdsMainland = accounts.contains(Kelvo_Values::Exchange::sh)
-        || accounts.contains(Kelvo_Values::Exchange::sz) || accounts.contains(Orlo_Values::Exchange::bj);
     for (const QString& code : { AutoPlanInstructionType::Ordinary, AutoPlanInstructionType::Bond }) {
-        if (InstructionBusinessDataInterface::hasOrderAuthority(tradingAccount, code) && holdsMainland)
+        if (InstructionBusinessDataInterface::hasOrderAuthority(tradingAccount, code) && holdsMainland(accounts))
             appendInstructionType(box, code);
     }
     if (InstructionBusinessDataInterface::hasOrderAuthority(tradingAccount, AutoPlanInstructionType::HkConnect)
@@ -51,23 +49,24 @@ void appendOtherTypes(QComboBox* box, const QString& tradingAccount, const QMap<
         appendInstructionType(box, AutoPlanInstructionType::HkConnect);
 }
 
-// The plan's side is compared with an entrust type code: the client gives an ordinary buy the same code in both
-// families.
-QStringList entrustTypes(const QString& account, const QString& symbol, const QString& side, const QString& subType)
+void appendEntrustTypes(QComboBox* box, const QStringList& codes)
+{
+    for (const QString& code : codes)
+        box->addItem(OrloBusiUtils::GetSideUnionChineseName(code), code);
+}
+
+void appendOrdinaryEntrustTypes(QComboBox* box, const QString& account, const QString& symbol, const QString& side)
 {
     namespace Union = Orlo_Values::SideUnion;
-    namespace SubType = Orlo_Values::MdcSubSecurityType;
-    const bool buys = side == Union::normalBuy;
-    if (subType == SubType::PaidRationStock || subType == SubType::PaidRationBond)
-        return { Union::paidRationShare };
-    if (SubType::ConvertableBondTypeList.contains(subType))
-        return { buys ? Union::collateralBuy : Union::collateralSell };
-    if (buys)
-        return { Union::collateralBuy, Union::financingBuy, Union::marginBuyNormal, Union::marginBuy };
-    QStringList types = { Union::collateralSell, Union::marginSellNormal, Union::marginSell, Union::financingSell };
+    if (side == Union::normalBuy) {
+        appendEntrustTypes(
+            box, { Union::collateralBuy, Union::financingBuy, Union::marginBuyNormal, Union::marginBuy });
+        return;
+    }
+    appendEntrustTypes(
+        box, { Union::collateralSell, Union::marginSellNormal, Union::marginSell, Union::financingSell });
     if (OrloTradeLogic::instance().checkMarginBondConvertEnable(account, symbol, side, false))
-        types.append(Union::BondConversion);
-    return types;
+        appendEntrustTypes(box, { Union::BondConversion });
 }
 
 bool entrustTypeAllowsAlgorithms(const QString& entrustType)
@@ -101,7 +100,7 @@ void AutoParamSetting::InitComboxInstructionTargetType()
         ui->combx_fundAccount->GetCurTradingAccount(), type);
     const bool canBeAmount = type == AutoPlanInstructionType::Ordinary || type == AutoPlanInstructionType::Credit
         || type == AutoPlanInstructionType::Bond;
-    if (ruleProperty == ReviewRuleProperty && canBeAmount)
+    if (ruleProperty == AutoPlanRuleProperty::Review && canBeAmount)
         appendConfigured(
             ui->combx_instructionTargetType, AutoPlanStaticCfg::TargetType, InstructionTargetType::AmountOrder);
 }
@@ -135,10 +134,19 @@ void AutoParamSetting::InitComboxEntrustType()
     const QString side = currentCode(ui->combx_tradeSide);
     if (account.isEmpty() || symbol.isEmpty() || side.isEmpty())
         return;
+    namespace Union = Orlo_Values::SideUnion;
+    namespace SubType = Orlo_Values::MdcSubSecurityType;
     const QString subType = OrloBusinessDataInterface::GetSecuritySubTypeBySymbol(symbol);
     qDebug() << "AutoParamSetting::InitComboxEntrustType" << account << symbol << side << subType;
-    for (const QString& code : entrustTypes(account, symbol, side, subType))
-        ui->combx_entrustType->addItem(OrloBusiUtils::GetSideUnionChineseName(code), code);
+    // The plan's side is compared with an entrust type: the client gives an ordinary buy the same code in both
+    // families.
+    if (subType == SubType::PaidRationStock || subType == SubType::PaidRationBond)
+        appendEntrustTypes(ui->combx_entrustType, { Union::paidRationShare });
+    else if (SubType::ConvertableBondTypeList.contains(subType))
+        appendEntrustTypes(
+            ui->combx_entrustType, { side == Union::normalBuy ? Union::collateralBuy : Union::collateralSell });
+    else
+        appendOrdinaryEntrustTypes(ui->combx_entrustType, account, symbol, side);
 }
 
 void AutoParamSetting::InitComboxInstructionMode()
@@ -154,7 +162,7 @@ void AutoParamSetting::InitComboxInstructionMode()
     qDebug() << "AutoParamSetting::InitComboxInstructionMode" << type << ruleProperty << priceType << priceMode
              << ui->combx_fundAccount->GetCurFundAccount();
     ui->combx_instructionMode->clear();
-    if (ruleProperty != ReviewRuleProperty) {
+    if (ruleProperty != AutoPlanRuleProperty::Review) {
         ui->combx_instructionMode->addItem(tr("主动管理"), AutoPlanInstMode::ActiveManage);
         ui->btn_algoParamSetting->hide();
         return;

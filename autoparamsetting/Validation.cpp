@@ -2,7 +2,7 @@
 
 #include "AlgoTradeLogicNew.h"
 #include "Algo_Fields.h"
-#include "Algo_Values.h"
+#include "AlgorithmParameters.h"
 #include "AutoPlanField.h"
 #include "AutoPlanLogic.h"
 #include "BusinessDataInterface.h"
@@ -222,15 +222,6 @@ Verdict algorithmIsSet(const CheckedPlan& plan)
     return warning(AutoParamSetting::tr("未设置算法参数！"));
 }
 
-bool algorithmSideFits(const QString& side, const QString& algorithmSide)
-{
-    if (side == Kelvo_Values::OrderSide::buy)
-        return algorithmSide == Algo_Values::AlgoOrderSide::BuyValue;
-    if (side == Kelvo_Values::OrderSide::sell)
-        return algorithmSide == Algo_Values::AlgoOrderSide::SellValue;
-    return true;
-}
-
 Verdict algorithmFitsPlan(const CheckedPlan& plan)
 {
     if (!plan.runsAlgorithm())
@@ -238,7 +229,8 @@ Verdict algorithmFitsPlan(const CheckedPlan& plan)
     const FieldMap parameters = plan.algorithm->GetParamMap();
     if (parameters.value(Content::TradingAccount).toString() != plan.tradingAccount())
         return warning(AutoParamSetting::tr("算法参数中的交易账号与计划参数不一致！"));
-    if (!algorithmSideFits(plan.side(), parameters.value(Content::OrderSide).toString()))
+    const QString side = AlgorithmParameters::algorithmSide(plan.side());
+    if (!side.isEmpty() && parameters.value(Content::OrderSide).toString() != side)
         return warning(AutoParamSetting::tr("算法参数中的交易方向与计划参数不一致！"));
     return passed();
 }
@@ -290,11 +282,13 @@ Verdict startedPlanKeepsItsBegin(const CheckedPlan& plan)
     const QDate begin = QDate::fromString(
         AutoPlanLogic::instance().GetPlanInfo(plan.planId).value(AutoPlanField::BaseField::beginDate).toString(),
         OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
+    if (!begin.isValid())
+        qWarning() << "AutoParamSetting::checkParam stored begin is no date, rule skipped for" << plan.planId;
     if (!begin.isValid() || begin > day)
         return passed();
     const OrloDateEdit* const range = plan.ui.date_effectivePeriod_Multi;
     const OrloDateEdit* const single = plan.ui.date_effectivePeriod_Single;
-    const bool beginMoved = (range->isVisible() && range->GetStartDate() != begin);
+    const bool beginMoved = range->isVisible() && range->GetStartDate() != begin;
     if (!beginMoved && range->isVisible() && range->GetEndDate() < day)
         return warning(AutoParamSetting::tr("计划已开始执行，结束日期不得早于当日！"));
     if (beginMoved || (single->isVisible() && single->GetDate() != begin))
@@ -302,8 +296,8 @@ Verdict startedPlanKeepsItsBegin(const CheckedPlan& plan)
     return passed();
 }
 
-// Unlike the lot rules this cuts the decimals off without any tolerance: a step is a habit of the market that may be
-// broken, so a number that only nearly fits is asked about.
+// Unlike the lot rules this cuts the decimals off without any tolerance: a step is a habit of the market, which the
+// trader may break, and only whole units are counted against it.
 Verdict fitsStep(
     const CheckedPlan& plan, const QLabel* stepHint, const OrloDecimalLineEdit* field, const QLabel* caption)
 {
@@ -332,7 +326,8 @@ Verdict dailyQuantityFitsStep(const CheckedPlan& plan)
 
 double availableHoldings(const QString& tradingAccount, const QString& symbol, const QString& targetText)
 {
-    const int factor = OrloBusinessDataInterface::GetDispFactorBySymbol(symbol);
+    const int factor =
+        usableDisplayFactor(OrloBusinessDataInterface::GetDispFactorBySymbol(symbol), "AutoParamSetting::checkParam");
     const tagUserAccountInfo account =
         CBusinessDataBase::GetInstance()->GetAccountDetailsByTradinngAccount(tradingAccount);
     const QString exchange = OrloBusinessDataInterface::GetFirstSecurityExchangeBySymbol(symbol);
