@@ -46,6 +46,8 @@ private Q_SLOTS:
     void theUserIsRecordedAsText_data();
     void theUserIsRecordedAsText();
     void anUnknownAccountHasEmptyFields();
+    void anAccountThatIsNotOnTheExchangeHasNoSecurityAccount();
+    void anUnknownSecurityHasEmptyFields();
 
     void thePriceModeDecidesTheFormulas_data();
     void thePriceModeDecidesTheFormulas();
@@ -263,6 +265,29 @@ void tst_plan_record::anUnknownAccountHasEmptyFields()
     QCOMPARE(record.value(QStringLiteral("10112")), QVariant(QString()));
     QVERIFY(record.contains(Kelvo_Fields::UserAccount::securityAccount));
     QCOMPARE(record.value(Kelvo_Fields::UserAccount::securityAccount), QVariant(QString()));
+}
+
+void tst_plan_record::anAccountThatIsNotOnTheExchangeHasNoSecurityAccount()
+{
+    script().addAccount(Account, { Kelvo_Values::Exchange::sz }, { QStringLiteral("1") });
+    open();
+    fillPlan(editor(), Stock);
+    const Record record = send();
+    QCOMPARE(record.value(Kelvo_Fields::UserAccount::securityExchange).toString(), Kelvo_Values::Exchange::sh);
+    QVERIFY(record.contains(Kelvo_Fields::UserAccount::securityAccount));
+    QCOMPARE(record.value(Kelvo_Fields::UserAccount::securityAccount), QVariant(QString()));
+}
+
+void tst_plan_record::anUnknownSecurityHasEmptyFields()
+{
+    open();
+    fillPlan(editor(), QStringLiteral("999999.K_SH"));
+    const Record record = send();
+    QCOMPARE(record.value(Kelvo_Fields::Security::symbol).toString(), QStringLiteral("999999.K_SH"));
+    QCOMPARE(record.value(Kelvo_Fields::UserAccount::securityExchange), QVariant(QString()));
+    QCOMPARE(record.value(Kelvo_Fields::UserAccount::securityAccount), QVariant(QString()));
+    QVERIFY(otherOf(record).contains(Base::securitySubType));
+    QCOMPARE(otherOf(record).value(Base::securitySubType).toString(), QString());
 }
 
 void tst_plan_record::thePriceModeDecidesTheFormulas_data()

@@ -57,6 +57,7 @@ private Q_SLOTS:
 
     void okOnTheClearedFormFailsInTheRules_data();
     void okOnTheClearedFormFailsInTheRules();
+    void okOnAFormThatNoServiceFilledFailsInTheRules();
     void theDeclaredSignalOfOkIsNeverEmitted();
 
     void okPressedAgainWhileABoxIsOpenSendsNothing_data();
@@ -324,6 +325,7 @@ void tst_submission::anEditOfAnUnknownPlanIsLeftToTheService()
     log().expectWarning(QStringLiteral("计划复制失败，失败原因：未找到计划ID【P9】的计划信息"));
     editor().editPlan(QStringLiteral("P9"));
     fill();
+    log().expectWarning(QStringLiteral("AutoParamSetting::checkParam stored begin is no date"));
     script().forget();
     press(editor(), "btn_ok");
     QCOMPARE(script().createdRecords.size(), 0);
@@ -432,6 +434,18 @@ void tst_submission::okOnTheClearedFormFailsInTheRules()
     QCOMPARE(sent(), 1);
     QCOMPARE(onlyBox().kind, QStringLiteral("warning"));
     QCOMPARE(onlyBox().text, message);
+}
+
+void tst_submission::okOnAFormThatNoServiceFilledFailsInTheRules()
+{
+    script().staticTexts.clear();
+    script().generalTradeDates.clear();
+    log().expectWarning(QStringLiteral("AutoParamSetting::InitDateEffectivePeriod"));
+    constructShown();
+    press(editor(), "btn_ok");
+    QCOMPARE(sent(), 0);
+    QCOMPARE(onlyBox().kind, QStringLiteral("warning"));
+    QCOMPARE(onlyBox().text, QStringLiteral("未绑定资金帐号！"));
 }
 
 void tst_submission::theDeclaredSignalOfOkIsNeverEmitted()
