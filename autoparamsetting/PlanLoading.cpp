@@ -242,13 +242,9 @@ void fillStartedDates(const Ui::AutoParamSetting& ui, const StoredPlan& plan)
 void fillDates(const Ui::AutoParamSetting& ui, const StoredPlan& plan, bool edits)
 {
     const QDate begin = plan.date(Base::beginDate);
-    for (const QString& key : { Base::beginDate, Base::endDate }) {
-        if (!plan.date(key).isValid())
-            qWarning() << "AutoParamSetting::copyPlan stored text is no date" << key << plan.text(key);
-    }
     if (!begin.isValid())
-        return;
-    if (begin > today())
+        qWarning() << "AutoParamSetting::copyPlan stored text is no date" << plan.text(Base::beginDate);
+    else if (begin > today())
         fillFutureDates(ui, plan);
     else if (edits)
         fillStartedDates(ui, plan);

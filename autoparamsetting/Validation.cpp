@@ -282,8 +282,7 @@ Verdict startedPlanKeepsItsBegin(const CheckedPlan& plan)
     const QDate begin = QDate::fromString(
         AutoPlanLogic::instance().GetPlanInfo(plan.planId).value(AutoPlanField::BaseField::beginDate).toString(),
         OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
-    if (!begin.isValid())
-        qWarning() << "AutoParamSetting::checkParam stored begin is no date, rule skipped for" << plan.planId;
+    // A begin that cannot be read has been warned of when the plan was loaded.
     if (!begin.isValid() || begin > day)
         return passed();
     const OrloDateEdit* const range = plan.ui.date_effectivePeriod_Multi;
