@@ -49,7 +49,7 @@ private Q_SLOTS:
     void anEditedPlanTakesItsStepsInOrder();
     void anEditKeepsTheStoredSecurityAccount_data();
     void anEditKeepsTheStoredSecurityAccount();
-    void anEditOfAnUnknownPlanIsLeftToTheService();
+    void anEditOfAPlanThatCouldNotBeLoadedIsLeftToTheService();
     void aRefusedModificationShowsIdAndReason_data();
     void aRefusedModificationShowsIdAndReason();
     void aRefusedModificationCanBeSentAgain();
@@ -318,14 +318,15 @@ void tst_submission::anEditKeepsTheStoredSecurityAccount()
     QCOMPARE(record.value(Kelvo_Fields::UserAccount::securityAccount), QVariant(sentAccount));
 }
 
-void tst_submission::anEditOfAnUnknownPlanIsLeftToTheService()
+void tst_submission::anEditOfAPlanThatCouldNotBeLoadedIsLeftToTheService()
 {
     open();
     script().modifyAnswer = QStringLiteral("计划不存在");
     log().expectWarning(QStringLiteral("计划复制失败，失败原因：未找到计划ID【P9】的计划信息"));
     editor().editPlan(QStringLiteral("P9"));
     fill();
-    log().expectWarning(QStringLiteral("AutoParamSetting::checkParam stored begin is no date"));
+    script().plans.insert(
+        QStringLiteral("P9"), { { AutoPlanField::BaseField::beginDate, QStringLiteral("2024/06/03") } });
     script().forget();
     press(editor(), "btn_ok");
     QCOMPARE(script().createdRecords.size(), 0);
