@@ -13,6 +13,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenuBar>
@@ -159,8 +160,9 @@ void MainWindow::buildActions()
 
 void MainWindow::buildStatus()
 {
-    auto* const file = new QLabel(ClientSession::instance().database().fileName(), this);
-    file->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    const QFileInfo database(ClientSession::instance().database().fileName());
+    auto* const file = new QLabel(database.fileName(), this);
+    file->setToolTip(database.absoluteFilePath());
     statusBar()->addPermanentWidget(file);
 }
 
