@@ -6,6 +6,7 @@
 #include "algorithms/StrategyQuery.h"
 #include "services/ClientSession.h"
 #include "walkthrough/WalkThrough.h"
+#include "widgets/Skins.h"
 
 #include <QApplication>
 #include <QLoggingCategory>
@@ -93,6 +94,7 @@ int run(const Options& options, bool display)
         return refuse(options.error, false);
     if (options.wantsWindow() && !display)
         return refuse(QStringLiteral("没有可用的显示设备；可用--walkthrough或--issue-day在没有窗口时运行"), false);
+    qApp->setStyleSheet(skinSheet(options.skin));
     const QString reason = startSession(options);
     if (!reason.isEmpty())
         return refuse(reason, options.wantsWindow());
