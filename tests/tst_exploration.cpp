@@ -1,0 +1,354 @@
+#include "Exploration.h"
+#include "RoundTrip.h"
+#include <QApplication>
+#include <csignal>
+#include <cstdio>
+#include <iostream>
+#include <random>
+#include <rapidcheck.h>
+#include <unistd.h>
+
+// Random traders, hosts and services against the editor and its oracle. Arguments: how many sequences, and the seed.
+
+namespace oracle {
+
+/// What RapidCheck prints of a sequence; the steps are told where they fail.
+static void showValue(const Sequence& sequence, std::ostream& out)
+{
+    out << sequence.steps.size() << " steps, told below";
+}
+
+} // namespace oracle
+
+namespace {
+
+using oracle::Exploration;
+using oracle::Seeds;
+using oracle::Sequence;
+using oracle::Step;
+
+constexpr int StepsPerSequence = 30;
+/// More steps are drawn than taken: some are not possible where they stand.
+constexpr int StepsDrawn = 60;
+constexpr int DefaultSequences = 3000;
+/// Seconds after which a sequence counts as hanging.
+constexpr unsigned LongestSequence = 20;
+
+struct Tally {
+    qint64 sequences = 0;
+    qint64 steps = 0;
+    qint64 sent = 0;
+    qint64 trips = 0;
+};
+
+Tally& tally()
+{
+    static Tally counted;
+    return counted;
+}
+
+class Dice {
+public:
+    explicit Dice(const rc::Random& random)
+        : m_random(random)
+    {
+    }
+
+    int upTo(int count) { return static_cast<int>(m_random.next() % static_cast<std::uint64_t>(count)); }
+    bool oneIn(int count) { return upTo(count) == 0; }
+    std::vector<int> several(int many, int count)
+    {
+        std::vector<int> drawn;
+        for (int i = 0; i < many; ++i)
+            drawn.push_back(upTo(count));
+        return drawn;
+    }
+
+private:
+    rc::Random m_random;
+};
+
+Seeds drawSeeds(Dice& dice)
+{
+    Seeds seeds;
+    seeds.accounts = dice.several(dice.oneIn(12) ? 0 : 1 + dice.upTo(3), oracle::AccountKindCount);
+    // Half of the accounts are those with which most can be done.
+    for (int& kind : seeds.accounts)
+        kind = dice.oneIn(2) ? 2 * dice.upTo(2) : kind;
+    seeds.rules = dice.several(16, 6);
+    for (int& rule : seeds.rules)
+        rule = rule == 5 ? 2 : rule % 2;
+    seeds.calendars = dice.oneIn(3) ? dice.several(4, oracle::CalendarCount) : std::vector<int>();
+    for (int i = dice.oneIn(8) ? 0 : 1 + dice.upTo(3); i > 0; --i)
+        seeds.plans.push_back(dice.several(oracle::PlanNumbers, 60));
+    seeds.today = dice.upTo(4);
+    seeds.users = dice.oneIn(4) ? dice.upTo(3) : 0;
+    seeds.algorithms = dice.oneIn(3) ? dice.upTo(4) : 0;
+    seeds.holdings = dice.upTo(3);
+    seeds.spent = dice.oneIn(2) ? dice.upTo(4) : 0;
+    seeds.unsignedClients = dice.oneIn(4) ? dice.upTo(16) : 0;
+    return seeds;
+}
+
+/// What a trader does from top to bottom.
+std::vector<int> fillingKinds()
+{
+    using namespace oracle;
+    return { FundAccount, InstructionType, TargetType, PlanType, ChooseSecurity, TradeSide, EntrustType, PriceType,
+        PriceMode, TypePrice1, TypePrice2, EnterTargetTotal, EnterDayMax, EnterRatio, InstructionMode, PressAlgorithms,
+        AssignTo, PickRange, PickDate, TypeRemark, PressOk, PressOk };
+}
+
+int drawKind(Dice& dice)
+{
+    using namespace oracle;
+    const int dealt = dice.upTo(100);
+    if (dealt < 45)
+        return dice.upTo(EmptyNumber);
+    if (dealt < 60)
+        return dice.oneIn(2) ? static_cast<int>(PressOk) : static_cast<int>(ChooseSecurity);
+    if (dealt < 68)
+        return dice.oneIn(2) ? static_cast<int>(EditPlan) : static_cast<int>(CopyPlan);
+    return dice.upTo(StepKindCount);
+}
+
+Step drawStep(Dice& dice, int kind)
+{
+    const bool takesFirst = kind == oracle::TargetType && !dice.oneIn(4);
+    return Step{ kind, takesFirst ? 0 : dice.upTo(64 * 3), dice.upTo(210) };
+}
+
+Sequence drawSequence(const rc::Random& random)
+{
+    Dice dice(random);
+    Sequence sequence;
+    sequence.seeds = drawSeeds(dice);
+    for (int i = dice.upTo(4); i > 0; --i)
+        sequence.steps.push_back(drawStep(dice, drawKind(dice)));
+    if (!dice.oneIn(4))
+        sequence.steps.push_back(drawStep(dice, oracle::FundAccount));
+    if (dice.oneIn(2)) {
+        for (const int kind : fillingKinds())
+            sequence.steps.push_back(drawStep(dice, kind));
+    }
+    while (sequence.steps.size() < StepsDrawn)
+        sequence.steps.push_back(drawStep(dice, drawKind(dice)));
+    return sequence;
+}
+
+/// A form that only a trader touches, filled twice from top to bottom.
+Sequence drawTrader(const rc::Random& random)
+{
+    Dice dice(random);
+    Sequence sequence;
+    sequence.seeds = drawSeeds(dice);
+    sequence.seeds.plans.clear();
+    sequence.seeds.spent = 0;
+    for (int time = 0; time < 2; ++time) {
+        for (const int kind : fillingKinds())
+            sequence.steps.push_back(drawStep(dice, kind));
+    }
+    return sequence;
+}
+
+// --- Shrinking
+
+rc::Seq<int> smaller(int number)
+{
+    return rc::shrink::towards(number, 0);
+}
+
+rc::Seq<Step> simpler(const Step& step)
+{
+    return rc::seq::concat(rc::seq::map(smaller(step.first),
+                               [=](int first) {
+                                   return Step{ step.kind, first, step.second };
+                               }),
+        rc::seq::map(smaller(step.second), [=](int second) {
+            return Step{ step.kind, step.first, second };
+        }));
+}
+
+template <class Member> rc::Seq<Sequence> withLess(const Sequence& sequence, Member Seeds::*member)
+{
+    return rc::seq::map(rc::shrink::removeChunks(sequence.seeds.*member), [=](const Member& less) {
+        Sequence changed = sequence;
+        changed.seeds.*member = less;
+        return changed;
+    });
+}
+
+rc::Seq<Sequence> withSmaller(const Sequence& sequence, std::vector<int> Seeds::*member)
+{
+    return rc::seq::map(rc::shrink::eachElement(sequence.seeds.*member, smaller), [=](const std::vector<int>& numbers) {
+        Sequence changed = sequence;
+        changed.seeds.*member = numbers;
+        return changed;
+    });
+}
+
+rc::Seq<Sequence> withSmaller(const Sequence& sequence, int Seeds::*member)
+{
+    return rc::seq::map(smaller(sequence.seeds.*member), [=](int number) {
+        Sequence changed = sequence;
+        changed.seeds.*member = number;
+        return changed;
+    });
+}
+
+rc::Seq<Sequence> withSmallerPlans(const Sequence& sequence)
+{
+    const auto simplerPlan = [](const std::vector<int>& numbers) { return rc::shrink::eachElement(numbers, smaller); };
+    return rc::seq::map(
+        rc::shrink::eachElement(sequence.seeds.plans, simplerPlan), [=](const std::vector<std::vector<int>>& plans) {
+            Sequence changed = sequence;
+            changed.seeds.plans = plans;
+            return changed;
+        });
+}
+
+rc::Seq<Sequence> withSteps(const Sequence& sequence, const rc::Seq<std::vector<Step>>& alternatives)
+{
+    return rc::seq::map(alternatives, [=](const std::vector<Step>& steps) {
+        Sequence changed = sequence;
+        changed.steps = steps;
+        return changed;
+    });
+}
+
+rc::Seq<Sequence> shrunk(const Sequence& sequence)
+{
+    return rc::seq::concat(withSteps(sequence, rc::shrink::removeChunks(sequence.steps)),
+        withLess(sequence, &Seeds::plans), withLess(sequence, &Seeds::accounts), withLess(sequence, &Seeds::calendars),
+        withLess(sequence, &Seeds::rules), withSmaller(sequence, &Seeds::accounts),
+        withSmaller(sequence, &Seeds::rules), withSmaller(sequence, &Seeds::calendars), withSmallerPlans(sequence),
+        withSmaller(sequence, &Seeds::today), withSmaller(sequence, &Seeds::users),
+        withSmaller(sequence, &Seeds::algorithms), withSmaller(sequence, &Seeds::holdings),
+        withSmaller(sequence, &Seeds::spent), withSmaller(sequence, &Seeds::unsignedClients),
+        withSteps(sequence, rc::shrink::eachElement(sequence.steps, simpler)));
+}
+
+rc::Gen<Sequence> sequences()
+{
+    return [](const rc::Random& random, int) {
+        return rc::shrinkable::shrinkRecur(drawSequence(random), [](const Sequence& one) { return shrunk(one); });
+    };
+}
+
+rc::Gen<Sequence> tradersOnly()
+{
+    return [](const rc::Random& random, int) {
+        return rc::shrinkable::shrinkRecur(drawTrader(random), [](const Sequence& one) { return shrunk(one); });
+    };
+}
+
+// --- The properties
+
+const Exploration* s_running = nullptr;
+
+QStringList indented(const QStringList& sentences)
+{
+    QStringList lines;
+    for (const QString& sentence : sentences)
+        lines.append(QStringLiteral("  ") + sentence);
+    return lines;
+}
+
+std::string report(const QStringList& told, const QStringList& differences)
+{
+    const QStringList lines = QStringList{ QStringLiteral("To follow it:") } + indented(told)
+        + QStringList{ QStringLiteral("Then these differ:") } + indented(differences);
+    return lines.join(QLatin1Char('\n')).toStdString();
+}
+
+/// The last words of a process that dies or hangs in the editor.
+void tellAndDie(int signal)
+{
+    std::signal(signal, SIG_DFL);
+    if (s_running != nullptr)
+        std::fprintf(
+            stderr, "\n%s\nThe program was ended there by signal %d\n", report(s_running->told(), {}).c_str(), signal);
+    std::raise(signal);
+}
+
+/// Takes steps until enough are taken or editor and oracle differ.
+int run(Exploration& exploration, const Sequence& sequence, int wanted, const std::function<void()>& afterEach)
+{
+    s_running = &exploration;
+    alarm(LongestSequence);
+    int taken = 0;
+    for (const Step& step : sequence.steps) {
+        if (taken == wanted || !exploration.differences().isEmpty())
+            break;
+        if (!exploration.take(step))
+            continue;
+        ++taken;
+        afterEach();
+    }
+    alarm(0);
+    s_running = nullptr;
+    return taken;
+}
+
+void editorDoesWhatItsOracleSays(const Sequence& sequence)
+{
+    Exploration exploration(worldOf(sequence.seeds));
+    tally().steps += run(exploration, sequence, StepsPerSequence, [] {});
+    ++tally().sequences;
+    tally().sent += exploration.sent();
+    if (!exploration.differences().isEmpty())
+        RC_FAIL(report(exploration.told(), exploration.differences()));
+}
+
+void plansComeBackAsTheyWereSent(const Sequence& sequence)
+{
+    QMap<QString, oracle::World> worlds;
+    {
+        Exploration exploration(worldOf(sequence.seeds));
+        run(exploration, sequence, static_cast<int>(sequence.steps.size()), [&] {
+            if (!exploration.created().isEmpty())
+                worlds.insert(exploration.created(), exploration.world());
+        });
+    }
+    RC_PRE(!worlds.isEmpty());
+    for (auto it = worlds.cbegin(); it != worlds.cend(); ++it) {
+        ++tally().trips;
+        const QStringList troubles = oracle::troublesOfRoundTrips(it.value(), it.key());
+        if (!troubles.isEmpty())
+            RC_FAIL(report({}, troubles));
+    }
+}
+
+bool check(const char* description, int count, quint64 seed, const std::function<void()>& property)
+{
+    rc::detail::TestMetadata metadata;
+    metadata.id = metadata.description = description;
+    rc::detail::TestParams parameters;
+    parameters.seed = seed;
+    parameters.maxSuccess = count;
+    parameters.maxDiscardRatio = 50;
+    std::fprintf(stderr, "%s\n", description);
+    const rc::detail::TestResult result = rc::detail::checkTestable(property, metadata, parameters);
+    rc::detail::printResultMessage(result, std::cerr);
+    std::cerr << std::endl;
+    return result.template is<rc::detail::SuccessResult>();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    for (const int signal : { SIGSEGV, SIGABRT, SIGFPE, SIGALRM })
+        std::signal(signal, tellAndDie);
+    const QStringList arguments = QCoreApplication::arguments();
+    const int count = arguments.size() > 1 ? arguments.at(1).toInt() : DefaultSequences;
+    const quint64 seed = arguments.size() > 2 ? arguments.at(2).toULongLong() : std::random_device()();
+    const bool explored =
+        check("The editor does what its oracle says", count, seed, [] { editorDoesWhatItsOracleSays(*sequences()); });
+    const bool travelled = check("A plan that was sent comes back as it was sent", count / 8, seed,
+        [] { plansComeBackAsTheyWereSent(*tradersOnly()); });
+    std::printf("sequences %lld steps %lld plans sent %lld round trips %lld\n", tally().sequences, tally().steps,
+        tally().sent, 4 * tally().trips);
+    return explored && travelled ? 0 : 1;
+}
