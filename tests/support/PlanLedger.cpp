@@ -1,0 +1,127 @@
+#include "PlanLedger.h"
+
+#include "AutoPlanField.h"
+#include "AutoPlanLogic.h"
+#include "SampleSession.h"
+#include "defines/PlanCodes.h"
+#include "store/Database.h"
+#include "store/PlanStore.h"
+
+namespace BaseField = AutoPlanField::BaseField;
+
+namespace {
+
+// A number between 1,000 and 9,999 that follows from the mark alone, on every machine.
+int numberOf(const QString& mark)
+{
+    unsigned sum = 7;
+    for (const QChar c : mark)
+        sum = (sum * 31 + c.unicode()) % 9000;
+    return static_cast<int>(sum) + 1000;
+}
+
+} // namespace
+
+PlanLedger::Record PlanLedger::recordOf(const Record& base, const QString& mark)
+{
+    Record record = base;
+    const QString number = QString::number(numberOf(mark));
+    record.insert(BaseField::remark, mark);
+    record.insert(BaseField::totalQty, number + QStringLiteral("00"));
+    record.insert(BaseField::priceModel, PlanCodes::PriceModel::CompareMax);
+    record.insert(BaseField::priceFormula1, QStringLiteral("昨收价*1.") + number);
+    record.insert(BaseField::priceFormula2, QStringLiteral("涨停价-0.") + number);
+    return SampleSession::withOther(record, { { AutoPlanField::Progress::CurrentQty, number } });
+}
+
+void PlanLedger::attemptChange(const QString& planId, int version, const QString& mark)
+{
+    m_changes[{ planId, version }].insert(mark);
+}
+
+void PlanLedger::acknowledge(const QString& planId, int version, const QString& mark)
+{
+    ++m_acknowledgements;
+    if (version == 0)
+        ++m_shared[planId];
+    else
+        m_plans.insert(planId, { version, mark });
+}
+
+void PlanLedger::read(const QByteArray& output)
+{
+    const int end = output.lastIndexOf('\n');
+    const QStringList lines = QString::fromUtf8(output.left(qMax(end, 0))).split(QLatin1Char('\n'));
+    for (const QString& line : lines) {
+        if (!line.isEmpty())
+            readLine(line.split(QLatin1Char(' ')), line);
+    }
+}
+
+void PlanLedger::readLine(const QStringList& words, const QString& line)
+{
+    const QString& kind = words.constFirst();
+    if (kind == QLatin1String("ready") || kind == QLatin1String("done"))
+        return;
+    if (kind == QLatin1String("refused")) {
+        m_refusals << line.mid(kind.size() + 1);
+    } else if (kind == QLatin1String("create") && words.size() == 2) {
+        ++m_attempts;
+        attempt(words.at(1));
+    } else if (kind == QLatin1String("modify") && words.size() == 4) {
+        ++m_attempts;
+        attemptChange(words.at(1), words.at(2).toInt(), words.at(3));
+    } else if (kind == QLatin1String("stored") && words.size() == 4) {
+        acknowledge(words.at(1), words.at(2).toInt(), words.at(3));
+    } else {
+        m_problems << line;
+    }
+}
+
+QStringList PlanLedger::differences(const QString& file) const
+{
+    Database database;
+    const QString refused = database.open(file);
+    if (!refused.isEmpty())
+        return { refused };
+    PlanStore store(database, BaseField::planOtherParam);
+    const QVector<StoredPlan> plans = store.page(0, store.count() + 1);
+    QStringList found;
+    QSet<QString> seen;
+    for (const StoredPlan& plan : plans) {
+        seen.insert(plan.id);
+        const QString sentence = difference(plan.id, plan.version, plan.record);
+        if (!sentence.isEmpty())
+            found << sentence;
+    }
+    for (auto plan = m_plans.cbegin(); plan != m_plans.cend(); ++plan) {
+        if (!seen.contains(plan.key()))
+            found << QStringLiteral("%1 was acknowledged and is lost").arg(plan.key());
+    }
+    return found;
+}
+
+bool PlanLedger::wasSent(const QString& planId, int version, const QString& mark) const
+{
+    if (version == 1)
+        return m_created.contains(mark);
+    return m_changes.value({ planId, version }).contains(mark) || m_changes.value({ planId, 0 }).contains(mark);
+}
+
+QString PlanLedger::difference(const QString& planId, int version, const Record& record) const
+{
+    const QString mark = record.value(BaseField::remark).toString();
+    const auto known = m_plans.constFind(planId);
+    if (known != m_plans.cend() && version < known->version)
+        return QStringLiteral("%1 was acknowledged at version %2 and is stored at %3")
+            .arg(planId)
+            .arg(known->version)
+            .arg(version);
+    if (!wasSent(planId, version, mark))
+        return QStringLiteral("%1 holds “%2” at version %3, which nobody sent").arg(planId, mark).arg(version);
+    if (known != m_plans.cend() && version == known->version && mark != known->mark)
+        return QStringLiteral("%1 holds “%2” where “%3” was acknowledged").arg(planId, mark, known->mark);
+    if (record != recordOf(m_base, mark))
+        return QStringLiteral("%1 holds a record that is not that of “%2”").arg(planId, mark);
+    return QString();
+}

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QMap>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+/// The plans that writers tried to store and those that they were told are stored, to be compared with what is.
+/// A plan's whole record follows from its mark, so that a record put together from two attempts shows.
+class PlanLedger {
+public:
+    using Record = QMap<QString, QVariant>;
+
+    /// The record of a mark: `base` with a remark, a total, a daily quantity and a second formula of its own.
+    static Record recordOf(const Record& base, const QString& mark);
+
+    /// The records that all plans are made from.
+    void setBase(const Record& base) { m_base = base; }
+
+    /// A new plan is about to be sent.
+    void attempt(const QString& mark) { m_created.insert(mark); }
+    /// A change is about to be sent that will bring the plan to a version; 0 when others change the plan, too.
+    void attemptChange(const QString& planId, int version, const QString& mark);
+    /// The plan was acknowledged at a version with a mark; at version 0 the change is counted only.
+    void acknowledge(const QString& planId, int version, const QString& mark);
+    /// Takes what a writer printed; a last line that breaks off is left out. Lines that say something else are kept as
+    /// `refusals()` ("refused …") or as `problems()`.
+    void read(const QByteArray& output);
+
+    int acknowledged() const { return m_acknowledgements; }
+    int attempted() const { return m_attempts; }
+    const QStringList& refusals() const { return m_refusals; }
+    const QStringList& problems() const { return m_problems; }
+    /// Acknowledged changes of a plan that several writers change.
+    int sharedChanges(const QString& planId) const { return m_shared.value(planId); }
+
+    /// Compares with the database of a file, which is opened as the next start of the client does. One sentence for
+    /// each acknowledged plan that is missing or older, each stored plan that nobody sent, and each mixed record.
+    QStringList differences(const QString& file) const;
+
+private:
+    struct Plan {
+        int version = 0; ///< acknowledged last
+        QString mark;
+    };
+
+    bool wasSent(const QString& planId, int version, const QString& mark) const;
+    void readLine(const QStringList& words, const QString& line);
+    QString difference(const QString& planId, int version, const Record& record) const;
+
+    Record m_base;
+    QSet<QString> m_created;
+    QMap<QPair<QString, int>, QSet<QString>> m_changes; ///< plan and version to the marks that were sent
+    QMap<QString, Plan> m_plans;
+    QMap<QString, int> m_shared; ///< plan to acknowledged changes at version 0
+    QStringList m_refusals;
+    QStringList m_problems;
+    int m_acknowledgements = 0;
+    int m_attempts = 0;
+};

@@ -1,0 +1,75 @@
+#include "WriterProcess.h"
+
+#include <QElapsedTimer>
+#include <QProcessEnvironment>
+
+#include <csignal>
+
+namespace {
+
+// Long: a busy machine is no fault.
+constexpr int patience = 120000;
+
+} // namespace
+
+WriterProcess::~WriterProcess()
+{
+    if (m_process.state() == QProcess::NotRunning)
+        return;
+    m_process.kill();
+    m_process.waitForFinished(patience);
+}
+
+bool WriterProcess::start(const QString& file, const QStringList& arguments)
+{
+    if (!launch(file, arguments))
+        return false;
+    while (!output().contains("ready\n")) {
+        if (!m_process.waitForReadyRead(patience))
+            return false;
+    }
+    return true;
+}
+
+bool WriterProcess::launch(const QString& file, const QStringList& arguments)
+{
+    m_output.clear();
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_LOGGING_RULES"), QStringLiteral("*.info=false;*.debug=false"));
+    m_process.setProcessEnvironment(environment);
+    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    m_process.start(QStringLiteral(PLAN_WRITER_PROGRAM), QStringList{ file } + arguments);
+    return m_process.waitForStarted(patience);
+}
+
+void WriterProcess::killAfter(qint64 microseconds)
+{
+    QElapsedTimer clock;
+    clock.start();
+    // Milliseconds in the event loop of the process, the rest in a loop: the kernel wakes nobody that exactly.
+    for (qint64 left = microseconds / 1000; left > 1; left = microseconds / 1000 - clock.elapsed()) {
+        if (m_process.waitForFinished(static_cast<int>(left) - 1))
+            return;
+    }
+    while (clock.nsecsElapsed() / 1000 < microseconds) { }
+    ::kill(static_cast<pid_t>(m_process.processId()), SIGKILL);
+    m_process.waitForFinished(patience);
+}
+
+bool WriterProcess::finish()
+{
+    m_process.closeWriteChannel();
+    const bool finished = m_process.state() == QProcess::NotRunning || m_process.waitForFinished(patience);
+    return finished && m_process.exitStatus() == QProcess::NormalExit && m_process.exitCode() == 0;
+}
+
+bool WriterProcess::release()
+{
+    return finish();
+}
+
+const QByteArray& WriterProcess::output()
+{
+    m_output += m_process.readAllStandardOutput();
+    return m_output;
+}

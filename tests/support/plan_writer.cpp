@@ -1,0 +1,158 @@
+// A second client without a window: creates and modifies plans through the services, or holds a lock, until its work
+// is done or it is killed. What it is about to do and what it was told stands on its standard output at once:
+//   ready | create MARK | modify ID VERSION MARK | stored ID VERSION MARK | refused MILLISECONDS REASON | done
+
+#include "AutoPlanField.h"
+#include "AutoPlanLogic.h"
+#include "PlanLedger.h"
+#include "SampleSession.h"
+#include "services/ClientClock.h"
+#include "services/ClientSession.h"
+#include "services/PlanNews.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+
+#include <csignal>
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace {
+
+// One call per line: what a killed writer has said is in the pipe, whole.
+void say(const QString& text)
+{
+    const QByteArray line = text.toUtf8() + '\n';
+    if (::write(STDOUT_FILENO, line.constData(), static_cast<size_t>(line.size())) != line.size())
+        ::_exit(3);
+}
+
+/// Sends plans, each marked with the writer's name and a number.
+class Writer {
+public:
+    explicit Writer(const QString& name)
+        : m_name(name)
+        , m_base(SampleSession::record())
+    {
+        QObject::connect(&PlanNews::instance(), &PlanNews::planStored, [this](const QString& id) { m_stored = id; });
+    }
+
+    void create()
+    {
+        const QString mark = nextMark();
+        say(QStringLiteral("create ") + mark);
+        m_clock.start();
+        const QString reason = AutoPlanLogic::instance().CreateNewPlan(PlanLedger::recordOf(m_base, mark));
+        if (answer(reason, 1, mark)) {
+            m_plan = m_stored;
+            m_version = 1;
+        }
+    }
+
+    /// Changes the plan that was created last, so that its version is known.
+    void modify()
+    {
+        const QString mark = nextMark();
+        say(QStringLiteral("modify %1 %2 %3").arg(m_plan).arg(m_version + 1).arg(mark));
+        if (answer(change(m_plan, mark), m_version + 1, mark))
+            ++m_version;
+    }
+
+    /// Changes a plan that others change too; its version is anybody's guess, 0.
+    void modifyShared(const QString& plan)
+    {
+        const QString mark = nextMark();
+        say(QStringLiteral("modify %1 0 %2").arg(plan, mark));
+        answer(change(plan, mark), 0, mark);
+    }
+
+    bool hasPlan() const { return !m_plan.isEmpty(); }
+
+private:
+    QString nextMark() { return QStringLiteral("%1-%2").arg(m_name).arg(++m_count, 6, 10, QLatin1Char('0')); }
+
+    QString change(const QString& plan, const QString& mark)
+    {
+        PlanLedger::Record record = PlanLedger::recordOf(m_base, mark);
+        record.insert(AutoPlanField::BaseField::autoPlanId, plan);
+        m_clock.start();
+        return AutoPlanLogic::instance().modifyPlan(record);
+    }
+
+    bool answer(const QString& reason, int version, const QString& mark)
+    {
+        if (reason.isEmpty())
+            say(QStringLiteral("stored %1 %2 %3").arg(m_stored).arg(version).arg(mark));
+        else
+            say(QStringLiteral("refused %1 %2").arg(m_clock.elapsed()).arg(reason));
+        return reason.isEmpty();
+    }
+
+    const QString m_name;
+    const PlanLedger::Record m_base;
+    QString m_stored;
+    QString m_plan;
+    int m_version = 0;
+    int m_count = 0;
+    QElapsedTimer m_clock;
+};
+
+// The system then refuses to let any file of this process grow further, as a full disk does.
+void limitFiles(rlim_t bytes)
+{
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{ bytes, bytes };
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+int holdLock()
+{
+    const QString reason = ClientSession::instance().database().execute(QStringLiteral("BEGIN IMMEDIATE"));
+    if (!reason.isEmpty())
+        return 1;
+    say(QStringLiteral("ready"));
+    char byte = 0;
+    while (::read(STDIN_FILENO, &byte, 1) > 0) { }
+    return 0;
+}
+
+// Twice as many changes as new plans; a shared plan is changed every third time.
+int writePlans(const QString& name, int count, const QString& shared)
+{
+    Writer writer(name);
+    say(QStringLiteral("ready"));
+    for (int i = 0; count == 0 || i < count; ++i) {
+        if (i % 3 == 0 || !writer.hasPlan())
+            writer.create();
+        else if (i % 3 == 1 || shared.isEmpty())
+            writer.modify();
+        else
+            writer.modifyShared(shared);
+    }
+    say(QStringLiteral("done"));
+    return 0;
+}
+
+} // namespace
+
+/// plan_writer FILE lock | plan_writer FILE NAME COUNT [SHARED-PLAN] | plan_writer FILE NAME COUNT limit=BYTES
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() < 3)
+        return 2;
+    setClientToday(SampleSession::today());
+    const QString reason = ClientSession::instance().open(arguments.at(1), QStringLiteral("trader01"));
+    if (!reason.isEmpty()) {
+        say(QStringLiteral("closed ") + reason);
+        return 1;
+    }
+    if (arguments.at(2) == QLatin1String("lock"))
+        return holdLock();
+    const QString last = arguments.value(4);
+    const QString limit = QStringLiteral("limit=");
+    if (last.startsWith(limit))
+        limitFiles(last.mid(limit.size()).toULongLong());
+    return writePlans(arguments.at(2), arguments.value(3).toInt(), last.startsWith(limit) ? QString() : last);
+}

@@ -1,0 +1,185 @@
+#include "AutoPlanField.h"
+#include "LogCatcher.h"
+#include "PlanLedger.h"
+#include "SampleSession.h"
+#include "WriterProcess.h"
+#include "services/ClientSession.h"
+#include "store/Database.h"
+#include "store/PlanStore.h"
+
+#include <QFile>
+#include <QRandomGenerator>
+#include <QtTest>
+
+#include <cstdio>
+
+namespace {
+
+int setting(const char* variable, int usual)
+{
+    bool given = false;
+    const int value = qEnvironmentVariableIntValue(variable, &given);
+    return given ? value : usual;
+}
+
+quint32 chosenSeed()
+{
+    const int given = setting("FAULTS_SEED", 0);
+    return given != 0 ? static_cast<quint32>(given) : QRandomGenerator::global()->generate() / 2 + 1;
+}
+
+} // namespace
+
+/// Other processes on the client's file: killed at any moment, and writing at the same time. What was acknowledged is
+/// stored, what is stored was attempted, and every record is one that was sent.
+class TestStoreProcesses : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void a_killed_writer_loses_nothing_that_was_acknowledged();
+    void a_first_start_that_is_killed_can_be_repeated();
+    void two_writers_lose_nothing_of_each_other();
+    void a_writer_whose_files_may_not_grow_is_told_and_loses_nothing();
+
+private:
+    void reportTo(const char* title, const PlanLedger& ledger, quint32 seed) const;
+
+    std::unique_ptr<LogCatcher> m_log;
+    std::unique_ptr<SampleSession> m_session;
+    PlanLedger m_ledger;
+};
+
+/// A file with the sample market, closed.
+void TestStoreProcesses::init()
+{
+    m_log = std::make_unique<LogCatcher>();
+    m_session = std::make_unique<SampleSession>();
+    QCOMPARE(m_session->reason(), QString());
+    m_ledger = PlanLedger();
+    m_ledger.setBase(SampleSession::record());
+    ClientSession::instance().close();
+}
+
+void TestStoreProcesses::cleanup()
+{
+    m_session.reset();
+    QCOMPARE(m_log->trouble(), QStringList());
+    m_log.reset();
+}
+
+void TestStoreProcesses::reportTo(const char* title, const PlanLedger& ledger, quint32 seed) const
+{
+    std::printf("%s: attempted %d, acknowledged %d, refused %d, seed %u\n", title, ledger.attempted(),
+        ledger.acknowledged(), ledger.refusals().size(), seed);
+    std::fflush(stdout);
+}
+
+void TestStoreProcesses::a_killed_writer_loses_nothing_that_was_acknowledged()
+{
+    const int kills = setting("FAULTS_KILLS", 12);
+    const quint32 seed = chosenSeed();
+    QRandomGenerator random(seed);
+    for (int i = 0; i < kills; ++i) {
+        WriterProcess writer;
+        QVERIFY(writer.start(m_session->file(), { QStringLiteral("k%1").arg(i), QStringLiteral("0") }));
+        writer.killAfter(random.bounded(100000));
+        m_ledger.read(writer.output());
+        QCOMPARE(m_ledger.problems(), QStringList());
+        QVERIFY2(m_ledger.differences(m_session->file()).isEmpty(),
+            qPrintable(QStringLiteral("kill %1, seed %2: %3")
+                           .arg(i + 1)
+                           .arg(seed)
+                           .arg(m_ledger.differences(m_session->file()).join(QLatin1Char('\n')))));
+    }
+    reportTo(qPrintable(QStringLiteral("%1 kills, 0 losses").arg(kills)), m_ledger, seed);
+    QCOMPARE(m_ledger.refusals(), QStringList());
+    QVERIFY(m_ledger.acknowledged() > 0);
+}
+
+void TestStoreProcesses::a_first_start_that_is_killed_can_be_repeated()
+{
+    const int kills = qMax(3, setting("FAULTS_KILLS", 12) / 4);
+    const quint32 seed = chosenSeed();
+    QRandomGenerator random(seed);
+    const QTemporaryDir folder;
+    for (int i = 0; i < kills; ++i) {
+        const QString file = folder.filePath(QStringLiteral("plans%1.db").arg(i));
+        WriterProcess writer;
+        QVERIFY(writer.launch(file, { QStringLiteral("f"), QStringLiteral("1") }));
+        writer.killAfter(random.bounded(150000));
+        // The user of the sample is there, or nothing is and the data are made now.
+        ClientSession::Options options;
+        options.marketSize = 200;
+        const QString reason =
+            ClientSession::instance().open(file, QStringLiteral("trader01"), ClientSession::Progress(), options);
+        QVERIFY2(reason.isEmpty(), qPrintable(QStringLiteral("kill %1, seed %2: %3").arg(i + 1).arg(seed).arg(reason)));
+        QVERIFY(ClientSession::instance().market().find(
+            SampleSession::record().value(QStringLiteral("symbol")).toString()));
+        ClientSession::instance().close();
+    }
+    std::printf("%d first starts killed, seed %u\n", kills, seed);
+}
+
+void TestStoreProcesses::two_writers_lose_nothing_of_each_other()
+{
+    const QString count = QString::number(setting("FAULTS_WRITES", 100));
+    QCOMPARE(m_session->reopen(), QString());
+    const QString mark = QStringLiteral("shared");
+    m_ledger.attempt(mark);
+    const QString shared = m_session->create(PlanLedger::recordOf(SampleSession::record(), mark));
+    QCOMPARE(m_session->reason(), QString());
+    ClientSession::instance().close();
+
+    WriterProcess first;
+    WriterProcess second;
+    QVERIFY(first.start(m_session->file(), { QStringLiteral("first"), count, shared }));
+    QVERIFY(second.start(m_session->file(), { QStringLiteral("second"), count, shared }));
+    QVERIFY(first.finish());
+    QVERIFY(second.finish());
+    m_ledger.read(first.output());
+    m_ledger.read(second.output());
+    reportTo("two writers", m_ledger, 0);
+    QCOMPARE(m_ledger.problems(), QStringList());
+    QCOMPARE(m_ledger.differences(m_session->file()), QStringList());
+    QCOMPARE(m_ledger.acknowledged() + m_ledger.refusals().size(), 2 * count.toInt());
+    // The writers wait for each other and do not get in each other's way.
+    QCOMPARE(m_ledger.refusals(), QStringList());
+
+    Database database;
+    QCOMPARE(database.open(m_session->file()), QString());
+    const StoredPlan plan = PlanStore(database, AutoPlanField::BaseField::planOtherParam).plan(shared);
+    QCOMPARE(plan.version, 1 + m_ledger.sharedChanges(shared));
+}
+
+void TestStoreProcesses::a_writer_whose_files_may_not_grow_is_told_and_loses_nothing()
+{
+    const QString size = QString::number(QFile(m_session->file()).size() + 200000);
+    WriterProcess writer;
+    QVERIFY(writer.start(
+        m_session->file(), { QStringLiteral("full"), QStringLiteral("200"), QStringLiteral("limit=") + size }));
+    QVERIFY(writer.finish());
+    m_ledger.read(writer.output());
+    reportTo("files that may not grow", m_ledger, 0);
+    QCOMPARE(m_ledger.problems(), QStringList());
+    QVERIFY(m_ledger.acknowledged() > 0);
+    QVERIFY(m_ledger.refusals().size() > 0);
+    for (const QString& refusal : m_ledger.refusals()) {
+        QVERIFY2(refusal.section(QLatin1Char(' '), 0, 0).toInt() < 1000, qPrintable(refusal));
+        QVERIFY2(refusal.contains(QStringLiteral("数据库")), qPrintable(refusal));
+    }
+    QCOMPARE(m_ledger.differences(m_session->file()), QStringList());
+    // With room again the next start writes as before.
+    WriterProcess next;
+    QVERIFY(next.start(m_session->file(), { QStringLiteral("room"), QStringLiteral("3") }));
+    QVERIFY(next.finish());
+    const int before = m_ledger.refusals().size();
+    m_ledger.read(next.output());
+    QCOMPARE(m_ledger.refusals().size(), before);
+    QCOMPARE(m_ledger.differences(m_session->file()), QStringList());
+}
+
+QTEST_GUILESS_MAIN(TestStoreProcesses)
+#include "tst_store_processes.moc"
