@@ -281,8 +281,10 @@ Maybe bondChange(const Step& step)
 QString planIn(const World& world, int number)
 {
     const QStringList ids = world.plans.keys();
-    const int index = number % (ids.size() * 8 + 1);
-    return index < ids.size() * 8 ? ids.at(index / 8) : text("unknown");
+    const int index = number % (ids.size() * 8 + 2);
+    if (index == ids.size() * 8)
+        return {};
+    return index > ids.size() * 8 ? text("unknown") : ids.at(index / 8);
 }
 
 Maybe traderAction(const Step& step, const EditorModel& model)
