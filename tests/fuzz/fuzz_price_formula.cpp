@@ -1,0 +1,38 @@
+#include "FuzzTarget.h"
+#include "formula/PriceFormula.h"
+
+#include <cmath>
+
+namespace {
+
+QHash<QString, double> prices()
+{
+    QHash<QString, double> values;
+    for (const QString& name : PriceFormula::itemNames())
+        values.insert(name, 10.0 + values.size());
+    return values;
+}
+
+} // namespace
+
+int LLVMFuzzerInitialize(int*, char***)
+{
+    return 0;
+}
+
+/// The input is a formula as somebody typed it.
+int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    static const QHash<QString, double> values = prices();
+    const QString formula = QString::fromUtf8(reinterpret_cast<const char*>(data), static_cast<int>(size));
+    const QString refused = PriceFormula::check(formula);
+    const PriceFormula::Result price = PriceFormula::evaluate(formula, values);
+    const PriceFormula::Result without = PriceFormula::evaluate(formula, {});
+    FUZZ_REQUIRE(price.reason.isEmpty() == (price.price > 0));
+    FUZZ_REQUIRE(std::isfinite(price.price));
+    // Only the values can make a difference to a formula that passed.
+    FUZZ_REQUIRE(refused.isEmpty() || !price.reason.isEmpty());
+    FUZZ_REQUIRE(!without.reason.isEmpty() || price.reason.isEmpty());
+    FUZZ_REQUIRE(formula.size() <= PriceFormula::maximumLength || !refused.isEmpty());
+    return 0;
+}

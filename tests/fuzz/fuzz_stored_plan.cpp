@@ -1,0 +1,80 @@
+#include "AutoParamSetting.h"
+#include "FuzzTarget.h"
+#include "PlanSample.h"
+#include "Script.h"
+
+#include <QApplication>
+
+namespace {
+
+const QString planId = QStringLiteral("P1");
+
+void keepSilent(QtMsgType type, const QMessageLogContext&, const QString& text)
+{
+    if (type != QtFatalMsg)
+        return;
+    fprintf(stderr, "%s\n", qPrintable(text));
+    abort();
+}
+
+/// "key=value" lines; a line without the sign has no value.
+QMap<QString, QVariant> recordOfLines(const QList<QByteArray>& lines)
+{
+    QMap<QString, QVariant> record;
+    for (const QByteArray& line : lines) {
+        const int sign = line.indexOf('=');
+        const QByteArray key = line.left(sign);
+        if (!key.isEmpty())
+            record.insert(QString::fromUtf8(key), sign < 0 ? QString() : QString::fromUtf8(line.mid(sign + 1)));
+    }
+    return record;
+}
+
+// The widgets go before the answers do.
+void open(const QByteArray& way)
+{
+    QWidget host;
+    AutoParamSetting editor(&host);
+    if (way.contains("shown"))
+        host.show();
+    if (way.contains("edit"))
+        editor.editPlan(planId);
+    else
+        editor.copyPlan(planId);
+    QCoreApplication::processEvents();
+    if (way.contains("send"))
+        press(editor, "btn_ok");
+    if (way.contains("reset"))
+        editor.resetEnable();
+    QCoreApplication::processEvents();
+}
+
+} // namespace
+
+int LLVMFuzzerInitialize(int* argc, char*** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(keepSilent);
+    static QApplication application(*argc, *argv);
+    return 0;
+}
+
+/// The input is a stored plan: "key=value" lines after a line that says what is done with it: any of the words edit
+/// (else it is copied), review (the user is bound to review), shown, send and reset.
+int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    QList<QByteArray> lines = QByteArray(reinterpret_cast<const char*>(data), static_cast<int>(size)).split('\n');
+    const QByteArray way = lines.takeFirst();
+    Script& script = Script::instance();
+    script.reset();
+    openSampleMarket();
+    script.ruleProperty = way.contains("review") ? 1 : 0;
+    storePlan(planId, recordOfLines(lines));
+    open(way);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    FUZZ_REQUIRE(script.createdRecords.size() + script.modifiedRecords.size() <= 1);
+    FUZZ_REQUIRE(way.contains("edit") ? script.createdRecords.isEmpty() : script.modifiedRecords.isEmpty());
+    FUZZ_REQUIRE(way.contains("send") || script.boxes.isEmpty());
+    script.reset();
+    return 0;
+}

@@ -1,0 +1,35 @@
+#include "FuzzTarget.h"
+#include "algorithms/ParameterForm.h"
+#include "algorithms/StrategyFile.h"
+#include "algorithms/StrategyLibrary.h"
+
+#include <QApplication>
+#include <QBuffer>
+
+int LLVMFuzzerInitialize(int* argc, char*** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    static QApplication application(*argc, *argv);
+    return 0;
+}
+
+/// The input is a strategy file. What is taken gets its form, as in the algorithm panel.
+int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<int>(size));
+    QBuffer device(&bytes);
+    device.open(QIODevice::ReadOnly);
+    const StrategyFileContent content = StrategyFile::read(device, QStringLiteral("input.xml"));
+    FUZZ_REQUIRE(content.isValid() != content.strategies.isEmpty());
+    FUZZ_REQUIRE(content.error.line >= 0);
+    FUZZ_REQUIRE(content.strategies.size() <= StrategyFile::MAX_COUNT);
+    for (const StrategyDefinition& strategy : content.strategies) {
+        FUZZ_REQUIRE(!strategy.name.isEmpty() && strategy.parameters.size() <= StrategyFile::MAX_COUNT);
+        StrategyLibrary::summary(strategy);
+        ParameterForm form(strategy, nullptr);
+        form.setValues(ParameterForm::defaults(strategy));
+        form.check();
+        FUZZ_REQUIRE(form.values().size() == strategy.parameters.size());
+    }
+    return 0;
+}
