@@ -92,6 +92,7 @@ private Q_SLOTS:
     void aNumberThatIsNoneLeavesItsFieldEmpty();
     void aCodeThatNoBoxOffersLeavesNoChoice_data();
     void aCodeThatNoBoxOffersLeavesNoChoice();
+    void anUnknownReductionModeLeavesNoChoice();
     void theAlgorithmPanelIsHandedThePlan();
     void theAlgorithmPanelIsMadeOnce();
     void aStrategyWithoutNameHandsNothingOver();
@@ -738,6 +739,19 @@ void PlanLoadingTest::aCodeThatNoBoxOffersLeavesNoChoice()
     }
 }
 
+void PlanLoadingTest::anUnknownReductionModeLeavesNoChoice()
+{
+    openSampleMarket();
+    const PlanSample plan = PlanSample::reduction();
+    for (const QString& mode : { QStringLiteral("1"), QStringLiteral("2") }) {
+        FieldMap other = otherParamOf(plan);
+        other.insert(Base::JCModel, mode);
+        storePlan(PlanId, withOtherParam(recordOf(plan), other));
+        openStored(true);
+        QCOMPARE(box(editor(), "combx_reduceHMode")->currentIndex(), mode == QLatin1String("1") ? 0 : -1);
+    }
+}
+
 void PlanLoadingTest::theAlgorithmPanelIsHandedThePlan()
 {
     openSampleMarket();
@@ -849,7 +863,10 @@ void PlanLoadingTest::aSentPlanEmptiesTheForm_data()
     QTest::newRow("amounts by algorithm") << unusualPlan();
     QTest::newRow("a reduction") << PlanSample::reduction();
     QTest::newRow("a margin plan") << PlanSample::ofType(QStringLiteral("2"));
-    QTest::newRow("Hong Kong") << PlanSample::ofType(QStringLiteral("9"));
+    PlanSample auction = PlanSample::ofType(QStringLiteral("9"));
+    auction.priceType = Orlo_Values::HKTimeInForce::BeforeTrade;
+    auction.target = 500;
+    QTest::newRow("Hong Kong, for the auction") << auction;
 }
 
 void PlanLoadingTest::aSentPlanEmptiesTheForm()
