@@ -860,6 +860,8 @@ void PlanLoadingTest::aSentPlanEmptiesTheForm_data()
     QTest::newRow("an ordinary plan") << PlanSample();
     QTest::newRow("two formulas, reviewed")
         << PlanSample().withPriceMode(QStringLiteral("7")).withMode(QStringLiteral("2"));
+    QTest::newRow("two formulas, by algorithm")
+        << PlanSample().withPriceMode(QStringLiteral("7")).withMode(QStringLiteral("3"));
     QTest::newRow("amounts by algorithm") << unusualPlan();
     QTest::newRow("a reduction") << PlanSample::reduction();
     QTest::newRow("a margin plan") << PlanSample::ofType(QStringLiteral("2"));
