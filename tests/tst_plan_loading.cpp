@@ -749,6 +749,10 @@ void PlanLoadingTest::anUnknownReductionModeLeavesNoChoice()
         storePlan(PlanId, withOtherParam(recordOf(plan), other));
         openStored(true);
         QCOMPARE(box(editor(), "combx_reduceHMode")->currentIndex(), mode == QLatin1String("1") ? 0 : -1);
+        press(editor(), "btn_ok");
+        QCOMPARE(script().modifiedRecords.size(), 1);
+        script().modifiedRecords.clear();
+        QCOMPARE(box(editor(), "combx_reduceHMode")->currentIndex(), 0);
     }
 }
 
