@@ -345,7 +345,8 @@ int main(int argc, char** argv)
     const int count = arguments.size() > 1 ? arguments.at(1).toInt() : DefaultSequences;
     const quint64 seed = arguments.size() > 2 ? arguments.at(2).toULongLong() : std::random_device()();
     // Without a seed of its own the library would print another one than is used.
-    qputenv("RC_PARAMS", "seed=" + QByteArray::number(seed));
+    if (!qEnvironmentVariableIsSet("RC_PARAMS"))
+        qputenv("RC_PARAMS", "seed=" + QByteArray::number(seed));
     const bool explored =
         check("The editor does what its oracle says", count, seed, [] { editorDoesWhatItsOracleSays(*sequences()); });
     const bool travelled = check("A plan that was sent comes back as it was sent", count / 8, seed,

@@ -51,8 +51,8 @@ FieldMap algorithmOf(Choices& choices, const QString& trading)
 {
     const QString strategy = choices.of({ text("TWAP"), text("ICEBERG2"), text("SNIPER"), QString() });
     FieldMap params{ { text("rate"), text("0.3") }, { Base::algoStrategyName, strategy } };
-    if (choices.number(2) == 1)
-        params.insert(Algo_Fields::AlgoInstContentInfo::TradingAccount, trading);
+    const QString account = choices.of({ QString(), trading, text("acc9") });
+    insertUnlessEmpty(params, Algo_Fields::AlgoInstContentInfo::TradingAccount, account);
     return { { Base::algoStrategyName, strategy }, { Base::algoParam, params } };
 }
 

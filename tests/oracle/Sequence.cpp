@@ -221,6 +221,22 @@ Maybe ruleChange(const Step& step, const World& world)
         [=](World& changed) { changed.rules.insert(account + QLatin1Char('/') + type, rule); });
 }
 
+Maybe authorityChange(const Step& step, const World& world)
+{
+    if (world.accounts.isEmpty())
+        return {};
+    const QString account = world.accounts.at(step.first % world.accounts.size()).trading;
+    const QStringList types = QStringList{ OrdinaryType, CreditType, BondType, HkType }.mid(step.second % 5);
+    return change(ChangeAuthority,
+        QStringLiteral("%1 is open to types [%2] from now on").arg(account, types.join(QLatin1Char(' '))),
+        [=](World& changed) {
+            for (Account& one : changed.accounts) {
+                if (one.trading == account)
+                    one.types = types;
+            }
+        });
+}
+
 Maybe calendarChange(const Step& step)
 {
     const QString exchange = exchanges().at(step.first % exchanges().size());
@@ -328,6 +344,8 @@ Maybe serviceAction(const Step& step, const World& world)
         return named(StrategiesArrive, QStringLiteral("the strategies arrive"));
     case ChangeRule:
         return ruleChange(step, world);
+    case ChangeAuthority:
+        return authorityChange(step, world);
     case ChangeUsers:
         return numberChange(step, "users", &World::users, 3);
     case ChangeAlgorithms:
@@ -421,7 +439,7 @@ Action opening(StepKind kind, const QString& planId)
 Action acceptance()
 {
     Action action = named(PressOk, QStringLiteral("press OK and accept every question"));
-    action.answers = QList<int>{ 1, 2, 3, 4 };
+    action.answers = QList<int>{ 1, 2, -1, 4 };
     return action;
 }
 

@@ -28,6 +28,7 @@ enum StepKind {
     AveragesArrive,
     StrategiesArrive,
     ChangeRule,
+    ChangeAuthority,
     ChangeUsers,
     ChangeAlgorithms,
     ChangeHoldings,

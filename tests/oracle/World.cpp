@@ -69,6 +69,7 @@ QList<Security> funds()
         "510050.K_SH", Kelvo_Values::Exchange::sh, fund, Kelvo_Values::MdcSubSecurityType::TradingopenindexfundETF);
     etf.precision = 3;
     Security reit = security("180101.K_SZ", Kelvo_Values::Exchange::sz, fund, Orlo_Values::MdcSubSecurityType::Reits);
+    reit.precision = 0;
     return { etf, reit };
 }
 
@@ -275,9 +276,10 @@ QMap<QString, FieldMap> World::instructions(const QString& planId) const
     const FieldMap first{ { ended, QStringLiteral("1") }, { filled, QStringLiteral("40.5") },
         { issued, QStringLiteral("100") }, { QStringLiteral("plan"), planId } };
     const FieldMap second{ { ended, QStringLiteral("0") }, { filled, 7 }, { issued, 59.5 } };
+    // The third kind sums up to a hair above 1000.
     const FieldMap amount{ { ended, spent == 3 ? QStringLiteral("1") : QStringLiteral("0") },
         { TargetTypeKey, InstructionTargetType::AmountOrder }, { QStringLiteral("217201"), QStringLiteral("2000") },
-        { Orlo_Fields::Security::cumAmount, QStringLiteral("500.25") }, { filled, 1 }, { issued, 1 } };
+        { Orlo_Fields::Security::cumAmount, QStringLiteral("959.50000000005") }, { filled, 1 }, { issued, 1 } };
     if (spent == 1)
         return { { QStringLiteral("i1"), first }, { QStringLiteral("i2"), second } };
     return { { QStringLiteral("i1"), first }, { QStringLiteral("i3"), amount } };
