@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QtGlobal>
+
 #include <cstddef>
 #include <cstdint>
+#include <ctime>
 
 // The two functions of a fuzz target, under the names by which libFuzzer and CorpusRunner.cpp call them.
 
@@ -16,3 +19,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size);
         if (!(promise))                                                                                                \
             qFatal("Broken: %s", #promise);                                                                            \
     } while (false)
+
+/// Holds one input to a second of the processor's time; what others do on the machine does not count.
+class FuzzSecond {
+public:
+    FuzzSecond() = default;
+    ~FuzzSecond() { FUZZ_REQUIRE(std::clock() - m_start <= CLOCKS_PER_SEC); }
+    Q_DISABLE_COPY(FuzzSecond)
+
+private:
+    const std::clock_t m_start = std::clock();
+};

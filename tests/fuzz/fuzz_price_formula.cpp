@@ -23,6 +23,7 @@ int LLVMFuzzerInitialize(int*, char***)
 /// The input is a formula as somebody typed it.
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
+    const FuzzSecond limit;
     static const QHash<QString, double> values = prices();
     const QString formula = QString::fromUtf8(reinterpret_cast<const char*>(data), static_cast<int>(size));
     const QString refused = PriceFormula::check(formula);

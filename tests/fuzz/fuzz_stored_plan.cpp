@@ -63,6 +63,7 @@ int LLVMFuzzerInitialize(int* argc, char*** argv)
 /// (else it is copied), review (the user is bound to review), shown, send and reset.
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
+    const FuzzSecond limit;
     QList<QByteArray> lines = QByteArray(reinterpret_cast<const char*>(data), static_cast<int>(size)).split('\n');
     const QByteArray way = lines.takeFirst();
     Script& script = Script::instance();

@@ -16,6 +16,7 @@ int LLVMFuzzerInitialize(int* argc, char*** argv)
 /// The input is a strategy file. What is taken gets its form, as in the algorithm panel.
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
+    const FuzzSecond limit;
     QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<int>(size));
     QBuffer device(&bytes);
     device.open(QIODevice::ReadOnly);
