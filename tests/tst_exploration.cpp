@@ -90,13 +90,64 @@ Seeds drawSeeds(Dice& dice)
     return seeds;
 }
 
+constexpr int Any = -1;
+
 /// What a trader does from top to bottom.
-std::vector<int> fillingKinds()
+std::vector<Step> filling()
 {
     using namespace oracle;
-    return { FundAccount, InstructionType, TargetType, PlanType, ChooseSecurity, TradeSide, EntrustType, PriceType,
-        PriceMode, TypePrice1, TypePrice2, EnterTargetTotal, EnterDayMax, EnterRatio, InstructionMode, PressAlgorithms,
-        AssignTo, PickRange, PickDate, TypeRemark, PressOk, PressOk };
+    std::vector<Step> steps;
+    for (const int kind : { int(FundAccount), int(InstructionType), int(TargetType), int(PlanType), int(ChooseSecurity),
+             int(TradeSide), int(EntrustType), int(PriceType), int(PriceMode), int(TypePrice1), int(TypePrice2),
+             int(EnterTargetTotal), int(EnterDayMax), int(EnterRatio), int(InstructionMode), int(PressAlgorithms),
+             int(AssignTo), int(PickRange), int(PickDate), int(TypeRemark), int(PressOk), int(PressOk) })
+        steps.push_back(Step{ kind, Any, Any });
+    return steps;
+}
+
+/// A plan by algorithm, whose side and account change after its parameters were confirmed.
+std::vector<Step> algorithm()
+{
+    using namespace oracle;
+    return { { FundAccount, Any, 0 }, { TargetType, Any, 0 }, { ChooseSecurity, Any, 0 }, { EnterTargetTotal, 0, 0 },
+        { PriceMode, Any, 0 }, { TypePrice1, 0, 0 }, { TypePrice2, 1, 0 }, { EntrustType, Any, 0 },
+        { InstructionMode, 1, 0 }, { PressAlgorithms, Any, 0 }, { TradeSide, Any, 0 }, { PressOk, 0, 0 },
+        { PressAlgorithms, Any, 0 }, { PressOk, Any, Any } };
+}
+
+/// A holdings reduction.
+std::vector<Step> reduction()
+{
+    using namespace oracle;
+    return { { FundAccount, Any, 0 }, { InstructionType, 0, 0 }, { PlanType, 0, 1 }, { ChooseSecurity, Any, 0 },
+        { PriceMode, 1, 0 }, { TypePrice1, 1, 0 }, { EnterDayMax, Any, 0 }, { EnterTargetTotal, Any, 0 },
+        { EnterRatio, Any, 0 }, { AssignTo, Any, 0 }, { PickDate, Any, 0 }, { PressOk, Any, Any } };
+}
+
+/// A stored plan is opened, changed and sent while the days go by.
+std::vector<Step> editing()
+{
+    using namespace oracle;
+    return { { EditPlan, Any, 0 }, { PriceMode, Any, 0 }, { TypePrice1, Any, Any }, { TypePrice2, 1, 0 },
+        { PickRange, Any, Any }, { PickDate, Any, 0 }, { PressOk, 0, 0 }, { NextDay, 0, 0 }, { PressOk, 0, 0 },
+        { ResetEnable, 0, 0 }, { PressOk, 0, 0 } };
+}
+
+std::vector<Step> pattern(int number)
+{
+    switch (number) {
+    case 0:
+        return algorithm();
+    case 1:
+        return reduction();
+    case 2:
+        return editing();
+    case 3:
+    case 4:
+        return filling();
+    default:
+        return {};
+    }
 }
 
 int drawKind(Dice& dice)
@@ -112,10 +163,26 @@ int drawKind(Dice& dice)
     return dice.upTo(StepKindCount);
 }
 
-Step drawStep(Dice& dice, int kind)
+Step drawStep(Dice& dice, Step step)
 {
-    const bool takesFirst = kind == oracle::TargetType && !dice.oneIn(4);
-    return Step{ kind, takesFirst ? 0 : dice.upTo(64 * 3), dice.upTo(210) };
+    const bool takesFirst = step.kind == oracle::TargetType && !dice.oneIn(4);
+    if (step.first == Any)
+        step.first = takesFirst ? 0 : dice.upTo(64 * 3);
+    if (step.second == Any)
+        step.second = dice.upTo(210);
+    return step;
+}
+
+void append(Sequence& sequence, const std::vector<Step>& steps, Dice& dice)
+{
+    for (const Step& step : steps)
+        sequence.steps.push_back(drawStep(dice, step));
+}
+
+void appendAny(Sequence& sequence, int count, Dice& dice)
+{
+    for (int i = 0; i < count; ++i)
+        sequence.steps.push_back(drawStep(dice, Step{ drawKind(dice), Any, Any }));
 }
 
 Sequence drawSequence(const rc::Random& random)
@@ -123,20 +190,15 @@ Sequence drawSequence(const rc::Random& random)
     Dice dice(random);
     Sequence sequence;
     sequence.seeds = drawSeeds(dice);
-    for (int i = dice.upTo(4); i > 0; --i)
-        sequence.steps.push_back(drawStep(dice, drawKind(dice)));
+    appendAny(sequence, dice.upTo(4), dice);
     if (!dice.oneIn(4))
-        sequence.steps.push_back(drawStep(dice, oracle::FundAccount));
-    if (dice.oneIn(2)) {
-        for (const int kind : fillingKinds())
-            sequence.steps.push_back(drawStep(dice, kind));
-    }
-    while (sequence.steps.size() < StepsDrawn)
-        sequence.steps.push_back(drawStep(dice, drawKind(dice)));
+        append(sequence, { Step{ oracle::FundAccount, Any, Any } }, dice);
+    append(sequence, pattern(dice.upTo(8)), dice);
+    appendAny(sequence, StepsDrawn - static_cast<int>(sequence.steps.size()), dice);
     return sequence;
 }
 
-/// A form that only a trader touches, filled twice from top to bottom.
+/// A form that only a trader touches, filled from top to bottom again and again.
 Sequence drawTrader(const rc::Random& random)
 {
     Dice dice(random);
@@ -144,10 +206,9 @@ Sequence drawTrader(const rc::Random& random)
     sequence.seeds = drawSeeds(dice);
     sequence.seeds.plans.clear();
     sequence.seeds.spent = 0;
-    for (int time = 0; time < 2; ++time) {
-        for (const int kind : fillingKinds())
-            sequence.steps.push_back(drawStep(dice, kind));
-    }
+    append(sequence, filling(), dice);
+    append(sequence, pattern(dice.upTo(2)), dice);
+    append(sequence, filling(), dice);
     return sequence;
 }
 

@@ -160,6 +160,8 @@ private:
 
     // Record
     FieldMap record() const;
+    void insertAssignee(FieldMap& record) const;
+    void insertPeriod(FieldMap& record) const;
     FieldMap otherParam() const;
     QString storedQuantity(Widget which) const;
     void sendNew(const FieldMap& record);
@@ -168,6 +170,8 @@ private:
 
     // Loading
     void load(const FieldMap& record, const FieldMap& other);
+    void loadChoices(const FieldMap& record, const FieldMap& other);
+    void loadPriceType(const FieldMap& other);
     void loadPrices(const FieldMap& record, const QString& priceMode);
     void loadQuantities(const FieldMap& record, const FieldMap& other);
     void loadAlgorithm(const FieldMap& record, const FieldMap& other, const QString& entrustType);

@@ -68,8 +68,29 @@ void EditorModel::load(const FieldMap& record, const FieldMap& other)
         mode = mustBeReviewed ? AlgoMode : ActiveMode;
         priceMode = NoLimit;
     }
-    selectCode(FundAccount, trading);
-    selectCode(InstructionType, type);
+    loadChoices(record, other);
+    fillPriceTypes(mode);
+    if (type == HkType)
+        loadPriceType(other);
+    fillPriceModes(mode);
+    selectCode(PriceMode, priceMode);
+    loadPrices(record, priceMode);
+    loadQuantities(record, other);
+    selectCode(InstructionMode, mode);
+    if (mode == AlgoMode)
+        loadAlgorithm(record, other, entrustTypes().value(other.value(MarginSideKey).toInt()));
+    loadAssignee(record);
+    loadDates(record);
+    if (value(record, Orlo_Fields::AutoPlan::templateCode) == Reduction)
+        selectCode(ReduceMode, value(other, Base::JCModel));
+    setText(Remark, value(record, Base::remark));
+}
+
+/// From the account down to the entrust type, each as if it were chosen.
+void EditorModel::loadChoices(const FieldMap& record, const FieldMap& other)
+{
+    selectCode(FundAccount, value(record, Kelvo_Fields::UserAccount::tradingAccount));
+    selectCode(InstructionType, value(record, Orlo_Fields::AutoPlan::subType));
     selectCode(TargetType, other.value(TargetTypeKey, InstructionTargetType::QtyOrder).toString());
     selectCode(PlanType, value(record, Orlo_Fields::AutoPlan::templateCode));
     form.symbol = value(record, Kelvo_Fields::Security::symbol);
@@ -77,25 +98,14 @@ void EditorModel::load(const FieldMap& record, const FieldMap& other)
     symbolChanged();
     setText(SymbolName, m_world.security(form.symbol).name);
     selectCode(TradeSide, value(record, Base::orderSide));
-    const QString entrustType = entrustTypes().value(other.value(MarginSideKey).toInt());
-    selectCode(EntrustType, entrustType);
-    fillPriceTypes(mode);
-    if (type == HkType) {
-        const QString priceType = value(other, Kelvo_Fields::Security::timeInForce);
-        selectCode(PriceType, priceType.isEmpty() ? value(other, Kelvo_Fields::Security::transActTime) : priceType);
-    }
-    fillPriceModes(mode);
-    selectCode(PriceMode, priceMode);
-    loadPrices(record, priceMode);
-    loadQuantities(record, other);
-    selectCode(InstructionMode, mode);
-    if (mode == AlgoMode)
-        loadAlgorithm(record, other, entrustType);
-    loadAssignee(record);
-    loadDates(record);
-    if (value(record, Orlo_Fields::AutoPlan::templateCode) == Reduction)
-        selectCode(ReduceMode, value(other, Base::JCModel));
-    setText(Remark, value(record, Base::remark));
+    selectCode(EntrustType, entrustTypes().value(other.value(MarginSideKey).toInt()));
+}
+
+/// Older plans keep it under another key.
+void EditorModel::loadPriceType(const FieldMap& other)
+{
+    const QString priceType = value(other, Kelvo_Fields::Security::timeInForce);
+    selectCode(PriceType, priceType.isEmpty() ? value(other, Kelvo_Fields::Security::transActTime) : priceType);
 }
 
 void EditorModel::loadPrices(const FieldMap& record, const QString& priceMode)

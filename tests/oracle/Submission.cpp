@@ -142,23 +142,33 @@ FieldMap EditorModel::record() const
         made.insert(Base::priceFixed, text(Price1));
     if (code(PriceMode) == LargerPrice || code(PriceMode) == SmallerPrice)
         made.insert(Base::priceFormula2, text(Price2));
-    if (isReduction())
-        made.insert(Base::executeUser, box(AssignTo).text());
-    else if (box(AssignTo).text() != Nobody)
-        made.insert(Base::expectedUser, box(AssignTo).text());
-    if (isVisible(Range)) {
-        made.insert(Base::beginDate, dateText(form.range.start));
-        made.insert(Base::endDate, dateText(form.range.end));
-    }
-    if (isVisible(Single)) {
-        made.insert(Base::beginDate, dateText(form.single.date));
-        made.insert(Base::endDate, dateText(form.single.date.addYears(100)));
-    }
+    insertAssignee(made);
+    insertPeriod(made);
     made.insert(Base::planOtherParam,
         QString::fromUtf8(QJsonDocument::fromVariant(otherParam()).toJson(QJsonDocument::Compact)));
     if (!text(Remark).isEmpty())
         made.insert(Base::remark, text(Remark));
     return made;
+}
+
+void EditorModel::insertAssignee(FieldMap& record) const
+{
+    if (isReduction())
+        record.insert(Base::executeUser, box(AssignTo).text());
+    else if (box(AssignTo).text() != Nobody)
+        record.insert(Base::expectedUser, box(AssignTo).text());
+}
+
+void EditorModel::insertPeriod(FieldMap& record) const
+{
+    if (isVisible(Range)) {
+        record.insert(Base::beginDate, dateText(form.range.start));
+        record.insert(Base::endDate, dateText(form.range.end));
+    }
+    if (isVisible(Single)) {
+        record.insert(Base::beginDate, dateText(form.single.date));
+        record.insert(Base::endDate, dateText(form.single.date.addYears(100)));
+    }
 }
 
 FieldMap EditorModel::otherParam() const

@@ -68,6 +68,7 @@ QList<Security> funds()
     Security etf = security(
         "510050.K_SH", Kelvo_Values::Exchange::sh, fund, Kelvo_Values::MdcSubSecurityType::TradingopenindexfundETF);
     etf.precision = 3;
+    etf.factor = 4;
     Security reit = security("180101.K_SZ", Kelvo_Values::Exchange::sz, fund, Orlo_Values::MdcSubSecurityType::Reits);
     reit.precision = 0;
     return { etf, reit };
@@ -152,7 +153,7 @@ QList<QDate> datesFrom(const QDate& first, const QDate& last, bool withWeekends)
 
 } // namespace
 
-const Security World::security(const QString& symbol) const
+Security World::security(const QString& symbol) const
 {
     Security unknown;
     unknown.symbol = symbol;
@@ -161,7 +162,7 @@ const Security World::security(const QString& symbol) const
     return securities.value(symbol, unknown);
 }
 
-const Account World::account(const QString& trading) const
+Account World::account(const QString& trading) const
 {
     for (const Account& candidate : accounts) {
         if (candidate.trading == trading)

@@ -74,8 +74,8 @@ struct World {
     QMap<QString, FieldMap> plans;
     int plansMade = 0;
 
-    const Security security(const QString& symbol) const;
-    const Account account(const QString& trading) const;
+    Security security(const QString& symbol) const;
+    Account account(const QString& trading) const;
     QString securityAccount(const QString& trading, const QString& exchange) const;
     int rule(const QString& trading, const QString& type) const;
     QString configText(const QString& category, const QString& key) const;
