@@ -1,0 +1,572 @@
+"""Breaks autoparamsetting/ in one small way at a time and runs the editor's tests; scripts/mutate starts it.
+
+The tree is copied into a temporary folder and built there once, with the tests. For each mutant one source is compiled
+again and the editor's library linked from it; the tests, which load that library, stay as they were built. A mutant in
+a header changes the editor and the tests of that header. The first test that fails, crashes or hangs has noticed.
+A mutant that does not compile is replaced by the next one and not counted. The last line: mutants N noticed N
+"""
+
+import argparse
+import json
+import os
+import random
+import re
+import resource
+import shlex
+import shutil
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+from concurrent.futures import FIRST_COMPLETED, ThreadPoolExecutor, wait
+from dataclasses import dataclass, replace
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parent.parent
+EDITOR = "autoparamsetting"
+LIBRARY = "autoparamsetting_scripted"
+SHORTEST_TIMEOUT = 60
+PATIENCE = 5
+MEMORY_LIMIT = 8 << 30
+
+# The tests that touch a file first; all others follow in the order of TESTS, the slow ones last.
+FIRST_TESTS = {
+    "AccountFields.cpp": ["tst_account_fields"],
+    "AgreementDialog.cpp": ["tst_submission", "tst_type_fields", "tst_account_fields"],
+    "AlgorithmParameters.cpp": ["tst_algorithm_parameters"],
+    "AlgorithmParameters.h": ["tst_algorithm_parameters"],
+    "AutoParamSetting.cpp": ["tst_widget_class", "tst_form"],
+    "AutoParamSetting.h": ["tst_widget_class"],
+    "ComboItems.h": ["tst_type_fields", "tst_account_fields"],
+    "EffectivePeriod.cpp": ["tst_effective_period"],
+    "ExchangeAccounts.h": ["tst_account_fields", "tst_type_fields"],
+    "FormulaItems.cpp": ["tst_formula_items", "tst_price_fields"],
+    "PlanLoading.cpp": ["tst_plan_loading", "tst_plan_loading_table"],
+    "PlanRecord.cpp": ["tst_plan_record"],
+    "PlanVocabulary.h": ["tst_vocabulary"],
+    "PriceFields.cpp": ["tst_price_fields"],
+    "QuantityRounding.cpp": ["tst_quantity_rounding"],
+    "QuantityRounding.h": ["tst_quantity_rounding"],
+    "SecurityFields.cpp": ["tst_security_fields"],
+    "SpecialCharacters.cpp": ["tst_special_characters"],
+    "Submission.cpp": ["tst_submission"],
+    "TradingDays.cpp": ["tst_trading_days", "tst_effective_period"],
+    "TypeFields.cpp": ["tst_type_fields"],
+    "Validation.cpp": ["tst_validation_rules", "tst_validation_order"],
+}
+# These have the pure functions linked into themselves.
+PURE_TESTS = ["tst_formula_items", "tst_quantity_rounding", "tst_special_characters", "tst_trading_days"]
+TESTS = [
+    "tst_vocabulary",
+    "tst_widget_class",
+    "tst_effective_period",
+    "tst_account_fields",
+    "tst_security_fields",
+    "tst_submission",
+    "tst_algorithm_parameters",
+    "tst_plan_record",
+    "tst_price_fields",
+    "tst_form",
+    "tst_type_fields",
+    "tst_plan_loading",
+    "tst_validation_order",
+    "tst_validation_rules",
+    "tst_plan_loading_table",
+    "tst_exploration",
+    "tst_round_trip",
+]
+ARGUMENTS = {"tst_exploration": ["300", "1"]}
+
+
+# --- What may be broken
+
+
+@dataclass(frozen=True)
+class Mutant:
+    file: str
+    line: int  # index of the first line replaced
+    length: int
+    kind: str
+    before: str
+    after: str
+
+    def change(self):
+        return f"{shorten(self.before)} → {shorten(self.after)}"
+
+    def where(self):
+        return f"{EDITOR}/{self.file}:{self.line + 1}"
+
+
+def shorten(text):
+    return " ⏎ ".join(line.strip() for line in text.splitlines()) or "(nothing)"
+
+
+def code_only(line):
+    """The line with texts and comments blanked out, every character in its place."""
+    code, quoted, i = [], False, 0
+    while i < len(line):
+        if quoted and line[i] == "\\":
+            code.append("  ")
+            i += 2
+            continue
+        if not quoted and line.startswith("//", i):
+            break
+        if line[i] == '"':
+            quoted = not quoted
+            code.append('"')
+        else:
+            code.append(" " if quoted else line[i])
+        i += 1
+    return "".join(code).ljust(len(line))
+
+
+def mutable_lines(lines):
+    """Indices of the lines that do something: no comments, no directives, no debug or info output."""
+    found, logging = [], False
+    for index, line in enumerate(lines):
+        code = code_only(line).strip()
+        logging = logging or bool(re.search(r"\bq(Debug|Info)\(\)", code))
+        skipped = (
+            logging
+            or not code
+            or code.startswith(("#", "using ", "namespace ", "class ", "struct ", "enum ", "Q_DISABLE", "template"))
+            or code in ("{", "}", "};", "public:", "private:", "protected:")
+        )
+        if logging and code.endswith(";"):
+            logging = False
+        if not skipped:
+            found.append(index)
+    return found
+
+
+def closing_bracket(text, opening):
+    depth = 0
+    for i in range(opening, len(text)):
+        depth += {"(": 1, ")": -1}.get(text[i], 0)
+        if depth == 0:
+            return i
+    return -1
+
+
+def negated_conditions(lines, index):
+    line, code = lines[index], code_only(lines[index])
+    for match in re.finditer(r"\bif \(", code):
+        block = lines[index : index + 4]
+        opening = match.end() - 1
+        closing = closing_bracket("\n".join(code_only(each) for each in block), opening)
+        if closing > 0:
+            text = "\n".join(block)
+            length = text[:closing].count("\n") + 1
+            condition = code[opening + 1 :]
+            if length == 1 and re.match(r"!|[^&|]* [!=]= ", condition) and not re.search(r"&&|\|\|", condition):
+                continue  # the same as the operator's own negation below
+            after = text[:opening] + "(!" + text[opening : closing + 1] + ")" + text[closing + 1 :]
+            yield length, "\n".join(after.split("\n")[:length])
+    for old, new in ((" == ", " != "), (" != ", " == "), ("&& ", "|| "), ("|| ", "&& ")):
+        for match in re.finditer(re.escape(old), code):
+            yield 1, line[: match.start()] + new + line[match.end() :]
+    for match in re.finditer(r"(?<![\w!])!(?=[\w(])", code):
+        yield 1, line[: match.start()] + line[match.end() :]
+    for match in re.finditer(r"\b(true|false)\b", code):
+        other = "false" if match.group() == "true" else "true"
+        yield 1, line[: match.start()] + other + line[match.end() :]
+
+
+def off_by_one(lines, index):
+    line, code = lines[index], code_only(lines[index])
+    for match in re.finditer(r"(?<![\w.\-])\d+(?![\w.])", code):
+        yield 1, line[: match.start()] + str(int(match.group()) + 1) + line[match.end() :]
+        if int(match.group()) > 0:
+            yield 1, line[: match.start()] + str(int(match.group()) - 1) + line[match.end() :]
+    for match in re.finditer(r" (<=|>=|<|>) ", code):
+        other = {"<": "<=", "<=": "<", ">": ">=", ">=": ">"}[match.group(1)]
+        yield 1, line[: match.start(1)] + other + line[match.end(1) :]
+
+
+def other_constants(lines, index, families):
+    line, code = lines[index], code_only(lines[index])
+    for match in re.finditer(r"(\w+)::(\w+)\b(?!::)", code):
+        names = families.relatives(match.group(1), match.group(2))
+        for name in random.Random(f"{index}{match.group()}").sample(names, min(2, len(names))):
+            yield 1, line[: match.start(2)] + name + line[match.end(2) :]
+
+
+def changed_texts(lines, index):
+    line, code = lines[index], code_only(lines[index])
+    quotes = [i for i, character in enumerate(code) if character == '"']
+    for opening, closing in zip(quotes[::2], quotes[1::2]):
+        yield 1, line[:closing] + "?" + line[closing:]
+
+
+STATEMENT = re.compile(r"^\s+(?!return\b.|else\b|const\b|auto\b|case\b|if\b|for\b|delete\b)[\w:>.()*\-]+(\(| = | [+*/\-]= ).*;$")
+LEAVING = re.compile(r"^\s+(return|break|continue);$")
+
+
+def is_statement(lines, index):
+    code = code_only(lines[index]).rstrip()
+    before = code_only(lines[index - 1]).strip() if index else ""
+    whole = before == "" or before.endswith((";", "{", "}", ")", "else", ":"))
+    balanced = code.count("(") == code.count(")")
+    return whole and balanced and bool(STATEMENT.match(code) or LEAVING.match(code))
+
+
+def deleted_statements(lines, index):
+    if is_statement(lines, index):
+        indent = lines[index][: len(lines[index]) - len(lines[index].lstrip())]
+        yield 1, indent + ";"
+
+
+SETTER = re.compile(r"^(?:ui\.|ui->)?(\w+)(?:->|\.)(hide|show|clear|setVisible|setEnabled|ResetEnable|setText|SetTitle"
+                    r"|setStyleType|setFixedWidth|setDecimals|setMinimum|setMaximum|setMode|SetMode|setMaxLength"
+                    r"|SetExceptDayOfWeek|SetExceptDateList|SetMinDate|SetMaxDate|setSearchEnabled)\(")
+
+
+def order_is_nothing(first, second):
+    """Plain setters of two widgets, entries under two keys of a map, connections: the same program in either order."""
+    both = [SETTER.match(first), SETTER.match(second)]
+    if all(both) and both[0].group(1) != both[1].group(1):
+        return True
+    entry = re.compile(r"^(\w+)\.insert\(([^,]+), |^[\w:]*insert[A-Z]\w*\((record|other|data), ")
+    both = [entry.match(first), entry.match(second)]
+    if all(both) and (not both[0].group(2) or both[0].group(2) != both[1].group(2)):
+        return True
+    return first.startswith("connect(") and second.startswith("connect(")
+
+
+def swapped_calls(lines, index):
+    if index + 1 >= len(lines) or re.search(r"\bq(Debug|Info)\(\)", lines[index + 1]):
+        return
+    first, second = lines[index], lines[index + 1]
+    indents = [len(each) - len(each.lstrip()) for each in (first, second)]
+    if indents[0] != indents[1] or first == second:
+        return
+    in_table = all(re.fullmatch(r"\s+\w+,", each) for each in (first, second))
+    calls = all(is_statement(lines, i) and not LEAVING.match(lines[i]) for i in (index, index + 1))
+    one_branch = code_only(lines[index - 1]).strip().endswith((")", "else")) if index else False
+    if in_table or (calls and not one_branch and not order_is_nothing(first.strip(), second.strip())):
+        yield 2, second + "\n" + first
+
+
+class Families:
+    """Constants that stand side by side in a namespace or an enumeration of a header, with one type."""
+
+    def __init__(self, headers, aliases_of):
+        self.members = {}
+        self.aliases = dict(re.findall(r"\bnamespace (\w+) = [\w:]*?(\w+);", aliases_of))
+        for header in headers:
+            self.read(header.read_text(encoding="utf-8"))
+
+    def read(self, text):
+        stack = []
+        for line in text.splitlines():
+            code = code_only(line).strip()
+            if opened := re.match(r"(?:namespace|enum class|enum|class|struct) (\w+)[^;{]*\{", code):
+                stack.append((opened.group(1), code.startswith("enum")))
+            elif code.endswith("{"):
+                stack.append((None, False))
+            if stack and (constant := re.match(r"(?:extern |inline |static )?const(?:expr)? ([\w:<>]+) (\w+)( =|;)", code)):
+                self.add(stack[-1][0], constant.group(1), constant.group(2))
+            elif stack and stack[-1][1]:
+                body = code.split("{")[-1].split("}")[0]
+                for name in re.findall(r"\b([A-Za-z_]\w*)\b(?= = [^,]+,| = [^,]+$|,|$| )", body):
+                    self.add(stack[-1][0], "enum", name)
+            for _ in range(code.count("}")):
+                if stack:
+                    stack.pop()
+
+    def add(self, family, kind, name):
+        names = self.members.setdefault(family, {}).setdefault(kind, [])
+        if name not in names:
+            names.append(name)
+
+    def relatives(self, family, name):
+        for names in self.members.get(self.aliases.get(family, family), {}).values():
+            if name in names:
+                return [each for each in names if each != name]
+        return []
+
+
+def candidates(tree):
+    sources = sorted(path for path in (tree / EDITOR).iterdir() if path.suffix in (".cpp", ".h"))
+    headers = sorted((tree / "platform").glob("*.h")) + [path for path in sources if path.suffix == ".h"]
+    found = []
+    for source in sources:
+        if source.name in ("Today.cpp", "Today.h", "AutoParamSettingExport.h"):
+            continue  # the tests set the date; what is exported is looked at elsewhere
+        text = source.read_text(encoding="utf-8")
+        families = Families(headers, text)
+        lines = text.split("\n")
+        for index in mutable_lines(lines):
+            for kind, mutations in (
+                ("negated condition", negated_conditions(lines, index)),
+                ("swapped order", swapped_calls(lines, index)),
+                ("off by one", off_by_one(lines, index)),
+                ("another constant", other_constants(lines, index, families)),
+                ("deleted statement", deleted_statements(lines, index)),
+                ("changed text", changed_texts(lines, index)),
+            ):
+                for length, after in mutations:
+                    before = "\n".join(lines[index : index + length])
+                    if after != before:
+                        found.append(Mutant(source.name, index, length, kind, before, after))
+    return list(dict.fromkeys(found))
+
+
+# --- The tree that is broken
+
+
+def run(command, **options):
+    return subprocess.run(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                          text=True, errors="replace", **options)
+
+
+def stop(message, output=""):
+    sys.exit("\n".join(filter(None, [output[-4000:], message])))
+
+
+class Build:
+    """The whole tree, built once: what each worker takes its commands and its unbroken parts from."""
+
+    def __init__(self, folder):
+        self.tree = folder / "tree"
+        self.build = folder / "build"
+        shutil.copytree(ROOT, self.tree, ignore=shutil.ignore_patterns(".git", "build"), dirs_exist_ok=True)
+        # Most of a compilation is reading the same headers again.
+        precompiled = folder / "precompiled.cmake"
+        precompiled.write_text(
+            "cmake_language(DEFER CALL target_precompile_headers autoparamsetting_objects PRIVATE"
+            " <QtWidgets> <QJsonDocument> <QRegularExpression>)\n")
+        done = run(["cmake", "-S", self.tree, "-B", self.build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
+                    "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -w", "-DAUTOPARAMSETTING_CLIENT=OFF",
+                    "-DAUTOPARAMSETTING_PLATFORM=scripted_platform",
+                    f"-DCMAKE_PROJECT_AutoParamSetting_INCLUDE={precompiled}"])
+        if done.returncode:
+            stop("The copy of the tree cannot be configured.", done.stdout)
+        done = run(["ninja", "-C", self.build, f"-j{os.cpu_count()}", *TESTS, *PURE_TESTS])
+        if done.returncode:
+            stop("The copy of the tree cannot be built.", done.stdout)
+        self.compilations = {
+            Path(entry["file"]).relative_to(self.tree).as_posix(): self.tokens(entry["command"])
+            for entry in json.loads((self.build / "compile_commands.json").read_text(encoding="utf-8"))
+            if Path(entry["file"]).is_relative_to(self.tree) and "EqualConstants" not in entry["file"]
+            and (not entry["file"].endswith("tst_exploration.cpp"))
+        }
+        links = run(["ninja", "-C", self.build, "-t", "commands", *TESTS, *PURE_TESTS]).stdout.splitlines()
+        self.links = {target: self.link_command(links, target) for target in [LIBRARY, *TESTS, *PURE_TESTS]}
+        self.library = self.build / "lib" / f"lib{LIBRARY}.so"
+        self.seconds = {}
+
+    @staticmethod
+    def tokens(command):
+        tokens = shlex.split(command)
+        return tokens[1:] if Path(tokens[0]).name == "ccache" else tokens
+
+    def link_command(self, commands, target):
+        output = f"-o lib/lib{LIBRARY}.so" if target == LIBRARY else f"-o bin/{target} "
+        for command in commands:
+            if output in command + " ":
+                return self.tokens(re.sub(r"^: && | && :$", "", command))
+        stop(f"No command links {target}.")
+
+    def users_of(self, header):
+        """Sources of the editor that read a header, directly or not."""
+        readers = {header}
+        while True:
+            pattern = re.compile("|".join(rf'#include "{re.escape(name)}"' for name in readers))
+            found = {path.name for path in (self.tree / EDITOR).iterdir() if path.suffix in (".cpp", ".h")
+                     and pattern.search(path.read_text(encoding="utf-8"))}
+            if found <= readers:
+                return sorted(name for name in readers if name.endswith(".cpp") and name != "Today.cpp")
+            readers |= found
+
+    def measure(self):
+        for test in TESTS + PURE_TESTS:
+            start = time.monotonic()
+            done = run([self.build / "bin" / test, *ARGUMENTS.get(test, [])], timeout=600, cwd=self.build)
+            if done.returncode:
+                stop(f"{test} fails without any mutant.", done.stdout)
+            self.seconds[test] = time.monotonic() - start
+
+
+class Worker:
+    """A folder with the editor's sources, one of them broken, and what is built from it."""
+
+    def __init__(self, build, folder):
+        self.build = build
+        self.sources = folder / EDITOR
+        self.objects = folder / "objects"
+        self.bin = folder / "bin"
+        self.lib = folder / "lib"
+        self.run = folder / "run"
+        shutil.rmtree(folder, ignore_errors=True)
+        shutil.copytree(build.tree / EDITOR, self.sources)
+        for each in (self.objects, self.bin, self.lib, self.run):
+            each.mkdir()
+
+    def compile(self, source, own_source, built):
+        tokens = list(self.build.compilations[source])
+        old = tokens[tokens.index("-o") + 1]
+        new = str(self.objects / Path(old).name)
+        tokens[tokens.index("-o") + 1] = new
+        tokens[tokens.index("-c") + 1] = str(own_source)
+        tokens = [token for token in tokens if not token.startswith(("-MD", "-MMD"))]
+        for option in ("-MT", "-MF"):
+            if option in tokens:
+                del tokens[tokens.index(option) : tokens.index(option) + 2]
+        tokens.insert(1, f"-I{self.sources}")
+        if run(tokens, cwd=self.build.build).returncode:
+            return False
+        built[old] = new
+        return True
+
+    def link(self, target, built):
+        folder = self.lib if target == LIBRARY else self.bin
+        tokens = [built.get(token, token) for token in self.build.links[target]]
+        place = tokens.index("-o") + 1
+        tokens[place] = str(folder / Path(tokens[place]).name)
+        return run(tokens, cwd=self.build.build).returncode == 0
+
+    def make(self, mutant, tests):
+        built = {}
+        if mutant.file.endswith(".cpp"):
+            if not self.compile(f"{EDITOR}/{mutant.file}", self.sources / mutant.file, built):
+                return None
+        else:
+            for name in self.build.users_of(mutant.file):
+                if not self.compile(f"{EDITOR}/{name}", self.sources / name, built):
+                    return None
+            for test in FIRST_TESTS.get(mutant.file, []):
+                if not self.compile(f"tests/{test}.cpp", self.build.tree / "tests" / f"{test}.cpp", built):
+                    return None
+        if not self.link(LIBRARY, built):
+            return None
+        own = []
+        for test in tests:
+            if any(token in built for token in self.build.links[test]):
+                if not self.link(test, built):
+                    return None
+                own.append(test)
+        return own
+
+    def first_that_notices(self, tests, own):
+        environment = dict(os.environ, LD_LIBRARY_PATH=str(self.lib))
+        for test in tests:
+            program = (self.bin if test in own else self.build.build / "bin") / test
+            limit = max(SHORTEST_TIMEOUT, PATIENCE * self.build.seconds[test])
+            try:
+                done = run([program, *ARGUMENTS.get(test, [])], cwd=self.run, env=environment, timeout=limit)
+            except subprocess.TimeoutExpired:
+                return f"{test} (time-out)"
+            if done.returncode:
+                return f"{test} (crash)" if done.returncode < 0 else test
+        return None
+
+    def judge(self, mutant):
+        """None for a mutant that does not compile, else the test that noticed, or an empty text."""
+        path = self.sources / mutant.file
+        whole = path.read_text(encoding="utf-8")
+        lines = whole.split("\n")
+        lines[mutant.line : mutant.line + mutant.length] = mutant.after.split("\n")
+        path.write_text("\n".join(lines), encoding="utf-8")
+        try:
+            first = FIRST_TESTS.get(mutant.file, [])
+            tests = first + [test for test in TESTS if test not in first]
+            own = self.make(mutant, tests)
+            return None if own is None else self.first_that_notices(tests, own) or ""
+        finally:
+            path.write_text(whole, encoding="utf-8")
+
+
+# --- The run
+
+
+def equal_programs():
+    """Mutants known to be the same program: file, change and reason from scripts/equal-mutants.txt."""
+    reasons = {}
+    for line in (ROOT / "scripts" / "equal-mutants.txt").read_text(encoding="utf-8").splitlines():
+        if line and not line.startswith("#"):
+            file, change, reason = line.split(" | ")
+            reasons[file, change] = reason
+    return reasons
+
+
+def judge_all(mutants, count, jobs, build, folder):
+    """Yields each mutant that compiles with its judgement, until there are enough."""
+    free = [Worker(build, folder / f"worker{number}") for number in range(jobs)]
+    lock = threading.Lock()
+
+    def work(mutant):
+        with lock:
+            worker = free.pop()
+        try:
+            return mutant, worker.judge(mutant)
+        finally:
+            with lock:
+                free.append(worker)
+
+    waiting = iter(mutants)
+    compiled, running = 0, set()
+    with ThreadPoolExecutor(jobs) as pool:
+        while True:
+            while len(running) < jobs and compiled + len(running) < count:
+                mutant = next(waiting, None)
+                if mutant is None:
+                    break
+                running.add(pool.submit(work, mutant))
+            if not running:
+                return
+            done, running = wait(running, return_when=FIRST_COMPLETED)
+            for each in done:
+                mutant, noticed = each.result()
+                if noticed is not None:
+                    compiled += 1
+                    yield mutant, noticed
+
+
+def break_and_tell(mutants, options, folder):
+    equal = equal_programs()
+    total = noticed_by_tests = explained = 0
+    build = Build(folder)
+    build.measure()
+    for mutant, noticed in judge_all(mutants, options.count, options.jobs, build, folder):
+        total += 1
+        noticed_by_tests += bool(noticed)
+        reason = equal.get((mutant.file, mutant.change()))
+        explained += bool(reason and not noticed)
+        verdict = f"noticed by {noticed}" if noticed else f"SURVIVED, equal: {reason}" if reason else "SURVIVED"
+        print(f"{total} {mutant.where()} {mutant.kind}: {mutant.change()}: {verdict}")
+    print(f"survivors {total - noticed_by_tests}, of them equal programs {explained}")
+    print(f"mutants {total} noticed {noticed_by_tests}")
+
+
+def main():
+    parser = argparse.ArgumentParser(prog="scripts/mutate")
+    parser.add_argument("count", nargs="?", type=int, default=300)
+    parser.add_argument("seed", nargs="?", type=int, default=1)
+    parser.add_argument("--jobs", type=int, default=2)
+    parser.add_argument("--only", default="", help="mutants whose file, line, kind and change contain this text")
+    parser.add_argument("--folder", help="where to build; it is kept, so that the next run builds what has changed")
+    parser.add_argument("--list", action="store_true", help="list the candidates and break nothing")
+    options = parser.parse_args()
+    sys.stdout.reconfigure(line_buffering=True)
+
+    resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
+    resource.setrlimit(resource.RLIMIT_AS, (MEMORY_LIMIT, MEMORY_LIMIT))
+    mutants = candidates(ROOT)
+    random.Random(options.seed).shuffle(mutants)
+    mutants = [each for each in mutants if options.only in f"{each.where()} {each.kind}: {each.change()}"]
+    if options.list:
+        for each in mutants:
+            print(f"{each.where()} {each.kind}: {each.change()}")
+        return
+
+    if options.folder:
+        break_and_tell(mutants, options, Path(options.folder).resolve())
+        return
+    with tempfile.TemporaryDirectory(prefix="mutate-") as name:
+        break_and_tell(mutants, options, Path(name))
+
+
+if __name__ == "__main__":
+    main()
