@@ -159,7 +159,6 @@ QStringList PlanLoadingTest::formState() const
 void PlanLoadingTest::theFormIsFilledInItsOrder()
 {
     open(unusualPlan(), false);
-    const QString bond = QStringLiteral("113001.K_SH");
     const QStringList landmarks = {
         QStringLiteral("GetPlanInfo(P1)"),
         QStringLiteral("GetPlanOtherParamFromPlanInfo(P1)"),
