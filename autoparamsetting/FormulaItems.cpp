@@ -5,9 +5,9 @@
 
 QStringList inPromptOrder(QStringList names)
 {
-    const QStringList& order = AutoPlanFormula::PromptOrder;
-    std::stable_sort(names.begin(), names.end(),
-        [&order](const QString& a, const QString& b) { return order.indexOf(a) < order.indexOf(b); });
+    const auto place = [](const QString& name) { return AutoPlanFormula::PromptOrder.indexOf(name); };
+    std::stable_sort(
+        names.begin(), names.end(), [place](const QString& a, const QString& b) { return place(a) < place(b); });
     return names;
 }
 

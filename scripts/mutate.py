@@ -7,6 +7,7 @@ A mutant that does not compile is replaced by the next one and not counted. The 
 """
 
 import argparse
+import hashlib
 import json
 import os
 import random
@@ -19,8 +20,9 @@ import sys
 import tempfile
 import threading
 import time
+from collections import Counter
 from concurrent.futures import FIRST_COMPLETED, ThreadPoolExecutor, wait
-from dataclasses import dataclass, replace
+from dataclasses import dataclass
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
@@ -313,6 +315,18 @@ def candidates(tree):
     return list(dict.fromkeys(found))
 
 
+def in_order_of_seed(mutants, seed):
+    """Mixed by what they change: a line that moves or that others are added to keeps its mutants in their places."""
+    seen = Counter()
+
+    def place(mutant):
+        key = f"{seed} {mutant.file} {mutant.kind} {mutant.change()}"
+        seen[key] += 1
+        return hashlib.sha256(f"{key} {seen[key]}".encode()).digest()
+
+    return sorted(mutants, key=place)
+
+
 # --- The tree that is broken
 
 
@@ -553,8 +567,7 @@ def main():
 
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
     resource.setrlimit(resource.RLIMIT_AS, (MEMORY_LIMIT, MEMORY_LIMIT))
-    mutants = candidates(ROOT)
-    random.Random(options.seed).shuffle(mutants)
+    mutants = in_order_of_seed(candidates(ROOT), options.seed)
     mutants = [each for each in mutants if options.only in f"{each.where()} {each.kind}: {each.change()}"]
     if options.list:
         for each in mutants:
