@@ -110,9 +110,9 @@ std::vector<Step> algorithm()
 {
     using namespace oracle;
     return { { FundAccount, Any, 0 }, { TargetType, Any, 0 }, { ChooseSecurity, Any, 0 }, { EnterTargetTotal, 0, 0 },
-        { PriceMode, Any, 0 }, { TypePrice1, 0, 0 }, { TypePrice2, 1, 0 }, { EntrustType, Any, 0 },
-        { InstructionMode, 1, 0 }, { PressAlgorithms, Any, 0 }, { TradeSide, Any, 0 }, { PressOk, 0, 0 },
-        { PressAlgorithms, Any, 0 }, { PressOk, Any, Any } };
+        { PriceMode, Any, 0 }, { TypePrice1, 0, 0 }, { TypePrice2, 1, 0 }, { TradeSide, Any, 0 },
+        { EntrustType, Any, 0 }, { InstructionMode, 1, 0 }, { PressAlgorithms, Any, 0 }, { TradeSide, Any, 0 },
+        { PressOk, 0, 0 }, { PressAlgorithms, Any, 0 }, { PressOk, Any, Any } };
 }
 
 /// A holdings reduction.
@@ -206,7 +206,10 @@ Sequence drawTrader(const rc::Random& random)
     sequence.seeds = drawSeeds(dice);
     sequence.seeds.plans.clear();
     sequence.seeds.spent = 0;
-    append(sequence, filling(), dice);
+    std::vector<Step> first = filling();
+    if (dice.oneIn(4))
+        first.insert(first.end() - 2, Step{ oracle::EmptyNumber, 1, 0 });
+    append(sequence, first, dice);
     append(sequence, pattern(dice.upTo(2)), dice);
     append(sequence, filling(), dice);
     return sequence;
