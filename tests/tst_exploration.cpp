@@ -30,7 +30,7 @@ using oracle::Step;
 constexpr int StepsPerSequence = 30;
 /// More steps are drawn than taken: some are not possible where they stand.
 constexpr int StepsDrawn = 60;
-constexpr int DefaultSequences = 3000;
+constexpr int DefaultSequences = 2000;
 /// Seconds after which a sequence counts as hanging.
 constexpr unsigned LongestSequence = 20;
 
@@ -320,8 +320,9 @@ QStringList indented(const QStringList& sentences)
 
 std::string report(const QStringList& told, const QStringList& differences)
 {
-    const QStringList lines = QStringList{ QStringLiteral("To follow it:") } + indented(told)
-        + QStringList{ QStringLiteral("Then these differ:") } + indented(differences);
+    QStringList lines = QStringList{ QStringLiteral("To follow it:") } + indented(told);
+    if (!differences.isEmpty())
+        lines += QStringList{ QStringLiteral("Then these differ:") } + indented(differences);
     return lines.join(QLatin1Char('\n')).toStdString();
 }
 
@@ -379,7 +380,7 @@ void plansComeBackAsTheyWereSent(const Sequence& sequence)
         ++tally().trips;
         const QStringList troubles = oracle::troublesOfRoundTrips(it.value(), it.key());
         if (!troubles.isEmpty())
-            RC_FAIL(report({}, troubles));
+            RC_FAIL(report(troubles, {}));
     }
 }
 
