@@ -12,6 +12,7 @@ class AccountFieldsTest : public EditorTest {
 
 private Q_SLOTS:
     void anEmptyListLocksTheEmptyBox();
+    void theListIsHandedOverBeforeTheBoxIsLocked();
     void theListIsAskedForOnce();
     void anAccountIsOfferedByItsAuthorityAndExchanges_data();
     void anAccountIsOfferedByItsAuthorityAndExchanges();
@@ -58,6 +59,17 @@ void AccountFieldsTest::anEmptyListLocksTheEmptyBox()
     QCOMPARE(script().callsOf(QStringLiteral("combx_fundAccount.SetAccountList")),
         lines("combx_fundAccount.SetAccountList([])"));
     QCOMPARE(script().countOf(QStringLiteral("GetUnsignedClientNoList")), 0);
+}
+
+void AccountFieldsTest::theListIsHandedOverBeforeTheBoxIsLocked()
+{
+    script().watch(true);
+    construct();
+    script().watch(false);
+    const int handedOver = script().steps.indexOf(QStringLiteral("combx_fundAccount.SetAccountList([])"));
+    const int locked = script().steps.indexOf(QStringLiteral("combx_fundAccount.setEnabled(false)"));
+    QVERIFY(handedOver >= 0);
+    QVERIFY(locked > handedOver);
 }
 
 void AccountFieldsTest::theListIsAskedForOnce()

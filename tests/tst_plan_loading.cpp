@@ -61,6 +61,7 @@ class PlanLoadingTest : public EditorTest {
 
 private Q_SLOTS:
     void theFormIsFilledInItsOrder();
+    void theModeIsChosenAfterTheNumbers();
     void eachFieldAsksItsServiceOnce();
     void theTypesAreAnnouncedAndTheSecurityIsNot();
     void theModeIsReconciledWithTheRule_data();
@@ -77,6 +78,7 @@ private Q_SLOTS:
     void theEntrustTypeIsFoundByItsNumber();
     void datesFollowTheBegin_data();
     void datesFollowTheBegin();
+    void aStartedReductionIsBoundBeforeItsDayIsSet();
     void aBeginThatIsNoDateLeavesTheDatesAlone();
     void anEditLocksWhatIdentifiesThePlan_data();
     void anEditLocksWhatIdentifiesThePlan();
@@ -196,6 +198,16 @@ void PlanLoadingTest::theFormIsFilledInItsOrder()
     QVERIFY(rest.at(1).startsWith(QStringLiteral("panel.setBaseInfoData(")));
     QCOMPARE(rest.at(2), QStringLiteral("date_effectivePeriod_Multi.SetStartEndDate(2024-05-08, 2024-05-17)"));
     QCOMPARE(script().calls.mid(0, 3), landmarks.mid(0, 3));
+}
+
+void PlanLoadingTest::theModeIsChosenAfterTheNumbers()
+{
+    open(algorithmPlan(), false);
+    const int numbers = script().steps.indexOf(QStringLiteral("le_reduceHRatio.clear()"));
+    const QStringList announced = script().steps.filter(QStringLiteral("combx_instructionMode announces"));
+    QVERIFY(numbers > 0);
+    QCOMPARE(announced.last(), QStringLiteral("combx_instructionMode announces 算法交易复核"));
+    QVERIFY(script().steps.lastIndexOf(announced.last()) > numbers);
 }
 
 void PlanLoadingTest::eachFieldAsksItsServiceOnce()
@@ -452,6 +464,18 @@ void PlanLoadingTest::datesFollowTheBegin()
     QCOMPARE(single()->isEnabled(), !(bound && reduces));
     QCOMPARE(single()->property("minDate").toDate(), bound && reduces ? begin : first);
     QCOMPARE(single()->property("maxDate").toDate(), bound && reduces ? begin : first.addMonths(3));
+}
+
+void PlanLoadingTest::aStartedReductionIsBoundBeforeItsDayIsSet()
+{
+    PlanSample plan = PlanSample::reduction();
+    plan.begin = QDate(2024, 5, 2);
+    open(plan, true);
+    const QStringList calls = script().calls.filter(QStringLiteral("date_effectivePeriod_Single."));
+    const QStringList expected = { QStringLiteral("date_effectivePeriod_Single.SetMinDate(2024-05-02)"),
+        QStringLiteral("date_effectivePeriod_Single.SetMaxDate(2024-05-02)"),
+        QStringLiteral("date_effectivePeriod_Single.SetDate(2024-05-02)") };
+    QCOMPARE(calls.mid(calls.size() - expected.size()), expected);
 }
 
 void PlanLoadingTest::aBeginThatIsNoDateLeavesTheDatesAlone()
