@@ -22,6 +22,7 @@
 #include <QThread>
 #include <QTranslator>
 #include <QtTest>
+#include <algorithm>
 #include <type_traits>
 
 static_assert(std::is_convertible_v<AutoParamSetting*, QWidget*>, "the editor is a widget");
@@ -76,6 +77,7 @@ private Q_SLOTS:
     void theParentIsTaken();
 
     void widgetsAreSetUpInTheirOrder();
+    void fieldsAreFilledInTheirOrder();
     void rowsThatAreShownLaterAreHidden_data();
     void rowsThatAreShownLaterAreHidden();
     void otherRowsAreOffered();
@@ -281,6 +283,33 @@ void WidgetClassTest::widgetsAreSetUpInTheirOrder()
     QCOMPARE(script().steps.mid(0, expected.size()), expected);
     QCOMPARE(field<QPushButton>(editor(), "btn_algoParamSetting")->minimumWidth(), 82);
     QCOMPARE(field<QPushButton>(editor(), "btn_algoParamSetting")->maximumWidth(), 82);
+}
+
+void WidgetClassTest::fieldsAreFilledInTheirOrder()
+{
+    construct();
+    const QStringList landmarks = lines(R"(
+        combx_fundAccount.SetAccountList(
+        GetCurrentSecurityAccountByTradingAccount(
+        GetCurrentUserInstructionRuleProper(
+        combx_planType.append(
+        le_symbol.setSymbol(
+        combx_tradeSide.append(
+        combx_priceType.append(
+        combx_priceMode.append(
+        lineEdit_price1.SetFormulaItems(
+        le_targetTotalNum.SetShowType(
+        combx_assignTo.append(
+        date_effectivePeriod_Multi.SetMode(
+        combx_reduceHMode.append()");
+    int from = 0;
+    for (const QString& landmark : landmarks) {
+        const QStringList rest = script().steps.mid(from);
+        const auto found = std::find_if(
+            rest.cbegin(), rest.cend(), [&landmark](const QString& step) { return step.startsWith(landmark); });
+        QVERIFY2(found != rest.cend(), qPrintable(landmark));
+        from += static_cast<int>(found - rest.cbegin()) + 1;
+    }
 }
 
 void WidgetClassTest::rowsThatAreShownLaterAreHidden_data()

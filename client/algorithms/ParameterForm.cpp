@@ -252,7 +252,8 @@ void ParameterForm::makeRadioButtons(Row& row)
     row.value = [group, offered] { return offered.value(group->checkedId()); };
     row.setValue = [group, offered](const QString& value) {
         group->setExclusive(false);
-        for (QAbstractButton* const button : group->buttons())
+        const QList<QAbstractButton*> buttons = group->buttons();
+        for (QAbstractButton* const button : buttons)
             button->setChecked(offered.value(group->id(button)) == value);
         group->setExclusive(true);
     };

@@ -124,7 +124,8 @@ QList<QDate> TradeCalendar::tradeDays(const QString& exchange, const QDate& from
 QDate TradeCalendar::lastKnownDay(const QString& exchange) const
 {
     QDate last;
-    for (const Closures* market : closuresOf(exchange)) {
+    const auto markets = closuresOf(exchange);
+    for (const Closures* market : markets) {
         const QDate end(market->lastYear, 12, 31);
         last = last.isValid() ? qMin(last, end) : end;
     }

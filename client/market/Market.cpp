@@ -46,10 +46,10 @@ QStringList Market::symbols(const QString& type, const QStringList& subTypes, co
     const QString key =
         QStringList{ type, subTypes.join(QLatin1Char('\n')), suffixes.join(QLatin1Char('\n')) }.join(QLatin1Char('\t'));
     QMutexLocker locker(&m_cacheGuard);
-    auto known = m_cache.constFind(key);
-    if (known == m_cache.cend())
-        known = m_cache.insert(key, collect(type, subTypes, suffixes));
-    return *known;
+    const auto known = m_cache.constFind(key);
+    if (known != m_cache.cend())
+        return *known;
+    return *m_cache.insert(key, collect(type, subTypes, suffixes));
 }
 
 QStringList Market::collect(const QString& type, const QStringList& subTypes, const QStringList& suffixes) const

@@ -111,7 +111,8 @@ public:
     QString write()
     {
         QString reason;
-        for (const SampleUser& owner : accountOwners()) {
+        const QVector<SampleUser> owners = accountOwners();
+        for (const SampleUser& owner : owners) {
             if (reason.isEmpty())
                 reason = m_users.add(owner.user);
             for (const SampleAccount& account : owner.accounts) {

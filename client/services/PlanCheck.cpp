@@ -64,7 +64,8 @@ QVector<QPair<QString, QString>> identityFields()
 
 QString changedIdentity(const PlanCheck::Record& stored, const PlanCheck::Record& record)
 {
-    for (const auto& field : identityFields()) {
+    const auto fields = identityFields();
+    for (const auto& field : fields) {
         if (stored.value(field.first).toString() != record.value(field.first).toString())
             return field.second;
     }
@@ -186,7 +187,8 @@ QString PlanCheck::checkOtherParam() const
 
 QString PlanCheck::checkCodes() const
 {
-    for (const CodeRule& rule : codeRules()) {
+    const auto rules = codeRules();
+    for (const CodeRule& rule : rules) {
         if (!rule.codes.contains(text(rule.key)))
             return QStringLiteral("%1“%2”未知").arg(rule.caption, text(rule.key));
     }

@@ -28,7 +28,8 @@ QStringList known(const QStringList& names)
 QVector<StoredStrategy> ownStrategies()
 {
     QVector<StoredStrategy> stored;
-    for (const AesStrategy& strategy : StrategyLibrary::instance().strategies())
+    const QList<AesStrategy> strategies = StrategyLibrary::instance().strategies();
+    for (const AesStrategy& strategy : strategies)
         stored << StoredStrategy{ strategy.name, strategy.alias, strategy.name + QStringLiteral(".xml") };
     return stored;
 }

@@ -99,7 +99,8 @@ void VorSearchBox::Private::offer()
     const QString text = searchForm(q->text().trimmed());
     offered = matches(text, SuggestionPopup::mostRows);
     QStringList rows;
-    for (const QString& match : offered.mid(0, SuggestionPopup::mostRows))
+    const QStringList shown = offered.mid(0, SuggestionPopup::mostRows);
+    for (const QString& match : shown)
         rows.append(shownRow(match));
     const bool sure = offered.size() == 1 || (!offered.isEmpty() && exactMatches(text).size() == 1);
     popup->offer(rows, sure ? 0 : -1);

@@ -173,9 +173,11 @@ void EditorDialog::planStored(const QString& planId)
 QStringList EditorDialog::contents() const
 {
     QStringList texts;
-    for (const QComboBox* box : m_editor->findChildren<QComboBox*>())
+    const QList<QComboBox*> boxes = m_editor->findChildren<QComboBox*>();
+    const QList<QLineEdit*> inputs = m_editor->findChildren<QLineEdit*>();
+    for (const QComboBox* box : boxes)
         texts << box->objectName() + QLatin1Char('=') + box->currentText();
-    for (const QLineEdit* line : m_editor->findChildren<QLineEdit*>())
+    for (const QLineEdit* line : inputs)
         texts << line->parent()->objectName() + QLatin1Char('=') + line->text();
     return texts;
 }

@@ -28,6 +28,11 @@ constexpr QSize usualSize(1366, 768);
 constexpr int detailsWidth = 300;
 constexpr int cellMargin = 16;
 
+QKeySequence withControl(Qt::Key key)
+{
+    return QKeySequence(static_cast<int>(Qt::CTRL) + key);
+}
+
 } // namespace
 
 MainWindow::MainWindow(QWidget* parent)
@@ -129,13 +134,12 @@ QAction* MainWindow::addAction(const QString& name, const QString& text, const Q
 
 void MainWindow::buildActions()
 {
-    QAction* const create = addAction(QStringLiteral("action_new"), tr("新建"), { QKeySequence(Qt::CTRL + Qt::Key_N) });
+    QAction* const create = addAction(QStringLiteral("action_new"), tr("新建"), { withControl(Qt::Key_N) });
     m_edit = addAction(QStringLiteral("action_edit"), tr("编辑"),
-        { QKeySequence(Qt::CTRL + Qt::Key_E), QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter) });
-    m_copy = addAction(QStringLiteral("action_copy"), tr("复制"), { QKeySequence(Qt::CTRL + Qt::Key_D) });
+        { withControl(Qt::Key_E), QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter) });
+    m_copy = addAction(QStringLiteral("action_copy"), tr("复制"), { withControl(Qt::Key_D) });
     QAction* const skin = addAction(QStringLiteral("action_skin"), tr("换肤"), { QKeySequence(Qt::Key_F8) });
-    QAction* const issue =
-        addAction(QStringLiteral("action_issue"), tr("下达当日指令"), { QKeySequence(Qt::CTRL + Qt::Key_I) });
+    QAction* const issue = addAction(QStringLiteral("action_issue"), tr("下达当日指令"), { withControl(Qt::Key_I) });
     QAction* const reload = addAction(QStringLiteral("action_refresh"), tr("刷新"), { QKeySequence(Qt::Key_F5) });
     connect(create, &QAction::triggered, m_editor, &EditorDialog::openNew);
     connect(m_edit, &QAction::triggered, this, &MainWindow::openEdit);

@@ -45,7 +45,8 @@ void PlanDetails::showPlan(const StoredPlan& plan)
     rows->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     if (plan.id.isEmpty())
         rows->addRow(new QLabel(tr("选择一个计划，查看全部内容。")));
-    for (const auto& field : PlanWording(plan).fields())
+    const auto fields = PlanWording(plan).fields();
+    for (const auto& field : fields)
         addRow(rows, field.first, field.second);
     addInstructions(rows, plan.id);
     setWidget(room);
