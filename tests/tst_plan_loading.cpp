@@ -62,6 +62,7 @@ class PlanLoadingTest : public EditorTest {
 private Q_SLOTS:
     void theFormIsFilledInItsOrder();
     void theModeIsChosenAfterTheNumbers();
+    void thePriceTypeIsChosenBeforeThePriceModesAreRebuilt();
     void eachFieldAsksItsServiceOnce();
     void theTypesAreAnnouncedAndTheSecurityIsNot();
     void theModeIsReconciledWithTheRule_data();
@@ -69,6 +70,7 @@ private Q_SLOTS:
     void missingFieldsReadAsEmpty();
     void quantitiesAreShownInDisplayedUnitsAndAmountsAsTheyAre_data();
     void quantitiesAreShownInDisplayedUnitsAndAmountsAsTheyAre();
+    void aDisplayFactorOfZeroCountsAsOneAndIsLogged();
     void thePriceTypeIsAlsoReadFromItsOlderPlace_data();
     void thePriceTypeIsAlsoReadFromItsOlderPlace();
     void anEditedAlgorithmPlanOffersNoAuction_data();
@@ -210,6 +212,16 @@ void PlanLoadingTest::theModeIsChosenAfterTheNumbers()
     QVERIFY(script().steps.lastIndexOf(announced.last()) > numbers);
 }
 
+void PlanLoadingTest::thePriceTypeIsChosenBeforeThePriceModesAreRebuilt()
+{
+    PlanSample plan = PlanSample::ofType(QStringLiteral("9"));
+    plan.priceType = Orlo_Values::HKTimeInForce::BeforeTrade;
+    open(plan, false);
+    const int chosen = script().steps.lastIndexOf(QStringLiteral("combx_priceType announces 竞价限价盘"));
+    QVERIFY(chosen > 0);
+    QVERIFY(script().steps.indexOf(QStringLiteral("combx_priceMode.clear()")) > chosen);
+}
+
 void PlanLoadingTest::eachFieldAsksItsServiceOnce()
 {
     open(PlanSample(), false);
@@ -337,6 +349,15 @@ void PlanLoadingTest::quantitiesAreShownInDisplayedUnitsAndAmountsAsTheyAre()
     for (const OrloDecimalLineEdit* const number : numbers(editor()))
         texts.append(number->GetStrValue());
     QCOMPARE(texts, shown);
+}
+
+void PlanLoadingTest::aDisplayFactorOfZeroCountsAsOneAndIsLogged()
+{
+    store(PlanSample());
+    script().securities[Stock].displayFactor = 0;
+    log().expectWarning(QStringLiteral("AutoParamSetting::copyPlan display factor 0 counts as 1"));
+    openStored(false);
+    QCOMPARE(numbers(editor()).first()->GetStrValue(), QStringLiteral("1000"));
 }
 
 void PlanLoadingTest::thePriceTypeIsAlsoReadFromItsOlderPlace_data()
