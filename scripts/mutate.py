@@ -219,16 +219,21 @@ def deleted_statements(lines, index):
         yield 1, indent + ";"
 
 
-SETTER = re.compile(r"^(?:ui\.|ui->)?(\w+)(?:->|\.)(hide|show|clear|setVisible|setEnabled|ResetEnable|setText|SetTitle"
-                    r"|setStyleType|setFixedWidth|setDecimals|setMinimum|setMaximum|setMode|SetMode|setMaxLength"
-                    r"|SetExceptDayOfWeek|SetExceptDateList|SetMinDate|SetMaxDate|setSearchEnabled)\(")
+SILENT_CHOICE = r"(?:selectSilently|clearSilently)\(ui->(?P<box>\w+)[,)]"
+PLAIN_SETTER = (r"(?:ui\.|ui->)?(?P<widget>\w+)(?:->|\.)(?P<property>hide|show|clear|setVisible|setEnabled|ResetEnable"
+                r"|setText|SetTitle|setStyleType|setFixedWidth|setDecimals|setMinimum|setMaximum|setMode|SetMode"
+                r"|setMaxLength|SetExceptDayOfWeek|SetExceptDateList|SetMinDate|SetMaxDate|setSearchEnabled)\(")
+SETTER = re.compile(rf"^(?:{SILENT_CHOICE}|{PLAIN_SETTER})")
 
 
 def order_is_nothing(first, second):
-    """Plain setters of two widgets, entries under two keys of a map, connections: the same program in either order."""
+    """Silent changes of two widgets, a maximum length beside another property, entries under two keys of a map, two
+    connections: the same program in either order."""
     both = [SETTER.match(first), SETTER.match(second)]
-    if all(both) and both[0].group(1) != both[1].group(1):
-        return True
+    if all(both):
+        widgets = {each["box"] or each["widget"] for each in both}
+        if len(widgets) == 2 or "setMaxLength" in {each["property"] for each in both}:
+            return True
     entry = re.compile(r"^(\w+)\.insert\(([^,]+), |^[\w:]*insert[A-Z]\w*\((record|other|data), ")
     both = [entry.match(first), entry.match(second)]
     if all(both) and (not both[0].group(2) or both[0].group(2) != both[1].group(2)):
@@ -559,7 +564,7 @@ def main():
     parser.add_argument("count", nargs="?", type=int, default=300)
     parser.add_argument("seed", nargs="?", type=int, default=1)
     parser.add_argument("--jobs", type=int, default=2)
-    parser.add_argument("--only", default="", help="mutants whose file, line, kind and change contain this text")
+    parser.add_argument("--only", default="", help="mutants whose file, line, kind and change match this pattern")
     parser.add_argument("--folder", help="where to build; it is kept, so that the next run builds what has changed")
     parser.add_argument("--list", action="store_true", help="list the candidates and break nothing")
     options = parser.parse_args()
@@ -568,7 +573,8 @@ def main():
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
     resource.setrlimit(resource.RLIMIT_AS, (MEMORY_LIMIT, MEMORY_LIMIT))
     mutants = in_order_of_seed(candidates(ROOT), options.seed)
-    mutants = [each for each in mutants if options.only in f"{each.where()} {each.kind}: {each.change()}"]
+    pattern = re.compile(options.only)
+    mutants = [each for each in mutants if pattern.search(f"{each.where()} {each.kind}: {each.change()}")]
     if options.list:
         for each in mutants:
             print(f"{each.where()} {each.kind}: {each.change()}")

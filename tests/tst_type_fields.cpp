@@ -7,6 +7,7 @@
 #include "VorSearchBox.h"
 #include <QDialog>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QtTest>
 
@@ -90,6 +91,7 @@ private Q_SLOTS:
     void signedClientsAreNotAsked();
     void theResultOfSigningIsNotLookedAt();
     void theEditorMayGoWhileTheAgreementIsOpen();
+    void theBoxGoesWithTheEditorAfterTheAgreement();
 
 private:
     void constructCredit();
@@ -1179,6 +1181,19 @@ void TypeFieldsTest::theEditorMayGoWhileTheAgreementIsOpen()
     choose(editor(), "combx_planType", QStringLiteral("JC-01"));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCOMPARE(script().calls.last(), QStringLiteral("OrloAgreementSignWidget.shown(modally)"));
+}
+
+void TypeFieldsTest::theBoxGoesWithTheEditorAfterTheAgreement()
+{
+    script().unsignedClients = lines("C-acc1");
+    script().addOrdinaryAccount(QStringLiteral("acc1"));
+    constructShown();
+    const QPointer<QComboBox> planTypes(box(editor(), "combx_planType"));
+    choose(editor(), "combx_planType", QStringLiteral("JC-01"));
+    QCOMPARE(script().countOf(QStringLiteral("OrloAgreementSignWidget")), 1);
+    QVERIFY(planTypes);
+    destroy();
+    QVERIFY(planTypes.isNull());
 }
 
 QTEST_MAIN(TypeFieldsTest)
