@@ -48,6 +48,7 @@ const QStringList executors{ QStringLiteral("苏砚"), QStringLiteral("陆珩"),
 const QStringList reviewers{ QStringLiteral("顾湫"), QStringLiteral("程澜"), QStringLiteral("顾湫"),
     QStringLiteral("白霁") };
 
+// A table, with a row for each account, however long. NOLINTNEXTLINE(readability-function-size)
 QVector<SampleUser> accountOwners()
 {
     const QString& ordinary = AccountAsset::ordinary;
