@@ -376,7 +376,6 @@ class Build:
         }
         links = run(["ninja", "-C", self.build, "-t", "commands", *TESTS, *PURE_TESTS]).stdout.splitlines()
         self.links = {target: self.link_command(links, target) for target in [LIBRARY, *TESTS, *PURE_TESTS]}
-        self.editor_file = self.build / "lib" / f"lib{LIBRARY}.so"
         self.seconds = {}
 
     @staticmethod
