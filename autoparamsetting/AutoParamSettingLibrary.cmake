@@ -1,0 +1,97 @@
+# How the editor becomes a shared library. This project builds its own library so, and a client that has platform headers
+# and libraries of its own builds one from the installed sources, which lie beside this file as they do here.
+
+# Whoever includes this file sets two global properties: AUTOPARAMSETTING_INCLUDE_DIR, the folder of AutoParamSetting.h,
+# and AUTOPARAMSETTING_VERSION.
+
+# Builds the editor against a client's platform as the shared library target <name>:
+#
+#   autoparamsetting_add_library(<name> PLATFORM <target>)
+#
+# The platform is a target of the client's. Its include directories hold the headers that the editor includes by their
+# bare names, its libraries define what they declare. It must be a shared library, because the editor and the program
+# have to see the same services. Whoever links <name> gets the platform and the folder of AutoParamSetting.h with it.
+# The objects are the targets <name>_pure, which know no platform, and <name>_objects.
+function(autoparamsetting_add_library name)
+    cmake_parse_arguments(PARSE_ARGV 1 editor "" "PLATFORM" "")
+    if(NOT editor_PLATFORM OR editor_UNPARSED_ARGUMENTS)
+        message(FATAL_ERROR "autoparamsetting_add_library(<name> PLATFORM <target>): the platform is missing, or there is more")
+    endif()
+    if(NOT TARGET ${editor_PLATFORM})
+        message(FATAL_ERROR "autoparamsetting_add_library: there is no target ${editor_PLATFORM} to be the platform of ${name}")
+    endif()
+    set(sources ${CMAKE_CURRENT_FUNCTION_LIST_DIR})
+    get_property(headers GLOBAL PROPERTY AUTOPARAMSETTING_INCLUDE_DIR)
+    get_property(version GLOBAL PROPERTY AUTOPARAMSETTING_VERSION)
+    string(REGEX MATCH "^[0-9]+" interface_version "${version}")
+
+    # What needs no widget and no client.
+    add_library(${name}_pure OBJECT
+        ${sources}/FormulaItems.cpp
+        ${sources}/FormulaItems.h
+        ${sources}/PlanVocabulary.h
+        ${sources}/QuantityRounding.cpp
+        ${sources}/QuantityRounding.h
+        ${sources}/SpecialCharacters.cpp
+        ${sources}/SpecialCharacters.h
+        ${sources}/TradingDays.cpp
+        ${sources}/TradingDays.h)
+    target_link_libraries(${name}_pure PUBLIC Qt5::Core)
+
+    add_library(${name}_objects OBJECT
+        ${headers}/AutoParamSetting.h
+        ${headers}/AutoParamSettingExport.h
+        ${sources}/AccountFields.cpp
+        ${sources}/AgreementDialog.cpp
+        ${sources}/AgreementDialog.h
+        ${sources}/AlgorithmParameters.cpp
+        ${sources}/AlgorithmParameters.h
+        ${sources}/AutoParamSetting.cpp
+        ${sources}/AutoParamSetting.ui
+        ${sources}/ComboItems.h
+        ${sources}/ExchangeAccounts.h
+        ${sources}/EffectivePeriod.cpp
+        ${sources}/PlanLoading.cpp
+        ${sources}/PlanRecord.cpp
+        ${sources}/PriceFields.cpp
+        ${sources}/SecurityFields.cpp
+        ${sources}/Submission.cpp
+        ${sources}/Today.h
+        ${sources}/TypeFields.cpp
+        ${sources}/Validation.cpp)
+    # The headers of the platform only: the objects need not wait for the platform's libraries to be built.
+    target_include_directories(${name}_objects PRIVATE
+        $<TARGET_PROPERTY:${editor_PLATFORM},INTERFACE_INCLUDE_DIRECTORIES>)
+    target_compile_definitions(${name}_objects PRIVATE
+        $<TARGET_PROPERTY:${editor_PLATFORM},INTERFACE_COMPILE_DEFINITIONS>)
+    target_compile_options(${name}_objects PRIVATE
+        $<TARGET_PROPERTY:${editor_PLATFORM},INTERFACE_COMPILE_OPTIONS>)
+    target_link_libraries(${name}_objects PRIVATE Qt5::Widgets)
+    target_compile_definitions(${name}_objects PRIVATE AUTOPARAMSETTING_LIBRARY)
+    foreach(objects ${name}_pure ${name}_objects)
+        target_include_directories(${objects} PUBLIC ${sources} ${headers})
+        target_compile_definitions(${objects} PRIVATE QT_MESSAGELOGCONTEXT)
+    endforeach()
+
+    add_library(${name} SHARED
+        $<TARGET_OBJECTS:${name}_objects>
+        $<TARGET_OBJECTS:${name}_pure>
+        ${sources}/Today.cpp)
+    target_link_libraries(${name} PUBLIC ${editor_PLATFORM})
+    target_include_directories(${name} PUBLIC $<BUILD_INTERFACE:${headers}>)
+    target_link_options(${name} PRIVATE
+        -Wl,-z,defs
+        -Wl,--version-script=${sources}/AutoParamSetting.map)
+    set_target_properties(${name} PROPERTIES
+        VERSION ${version}
+        SOVERSION ${interface_version}
+        LINK_DEPENDS ${sources}/AutoParamSetting.map)
+    set_target_properties(${name} ${name}_objects ${name}_pure PROPERTIES
+        AUTOMOC ON
+        AUTOUIC ON
+        CXX_STANDARD 17
+        CXX_STANDARD_REQUIRED ON
+        POSITION_INDEPENDENT_CODE ON
+        CXX_VISIBILITY_PRESET hidden
+        VISIBILITY_INLINES_HIDDEN ON)
+endfunction()
