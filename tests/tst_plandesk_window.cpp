@@ -195,6 +195,7 @@ void TestPlandeskWindow::options_that_do_not_fit_are_told_in_chinese_data()
     row("a value where none belongs", QStringLiteral("--help=yes"), QStringLiteral("选项--help不带取值"));
     row("a word too many", QStringLiteral("plans.db"), QStringLiteral("多余的参数：plans.db"));
     row("a skin that is none", QStringLiteral("--skin pink"), QStringLiteral("没有皮肤“pink”，可选：light、dark"));
+    row("a language that is none", QStringLiteral("--language fr"), QStringLiteral("没有语言“fr”，可选：zh、en"));
     row("a number that is none", QStringLiteral("--securities many"), QStringLiteral("证券数量“many”不是正整数"));
     row("a number below one", QStringLiteral("--securities 0"), QStringLiteral("证券数量“0”不是正整数"));
     row("a day that is none", QStringLiteral("--issue-day 2024-02-30"),
@@ -219,6 +220,7 @@ void TestPlandeskWindow::without_options_the_window_is_wanted()
     QCOMPARE(options.error, QString());
     QVERIFY(options.wantsWindow());
     QCOMPARE(options.skin, QStringLiteral("light"));
+    QCOMPARE(options.language, QStringLiteral("zh"));
     QCOMPARE(options.securities, 0);
     QCOMPARE(options.user, QString());
 }
@@ -233,6 +235,7 @@ void TestPlandeskWindow::every_option_is_read()
     QCOMPARE(window.database, QStringLiteral("a.db"));
     QCOMPARE(window.skin, QStringLiteral("dark"));
     QCOMPARE(window.securities, 100000);
+    QCOMPARE(read({ QStringLiteral("--language=en") }).language, QStringLiteral("en"));
     QCOMPARE(read({ QStringLiteral("--walkthrough=w") }).walkthrough, QStringLiteral("w"));
     QCOMPARE(read({ QStringLiteral("--issue-day=2024-05-06") }).issueDay, QDate(2024, 5, 6));
 }
@@ -240,7 +243,8 @@ void TestPlandeskWindow::every_option_is_read()
 void TestPlandeskWindow::the_help_names_every_option()
 {
     const QString help = read({ QStringLiteral("--help") }).help;
-    for (const char* name : { "user", "database", "skin", "securities", "walkthrough", "issue-day", "help" })
+    for (const char* name :
+        { "user", "database", "skin", "language", "securities", "walkthrough", "issue-day", "help" })
         QVERIFY2(help.contains(QStringLiteral("--") + QLatin1String(name)), name);
     QVERIFY(help.startsWith(QStringLiteral("用法：")));
 }

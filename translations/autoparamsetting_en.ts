@@ -21,7 +21,7 @@
     </message>
     <message>
         <source>指令类型</source>
-        <translation>Instruction type</translation>
+        <translation>Instruction</translation>
     </message>
     <message>
         <source>报价类型</source>
@@ -61,7 +61,7 @@
     </message>
     <message>
         <source>每日最大委托量</source>
-        <translation>Daily maximum</translation>
+        <translation>Daily max.</translation>
     </message>
     <message>
         <source>分配给</source>
@@ -93,7 +93,7 @@
     </message>
     <message>
         <source>生效时段</source>
-        <translation>Effective period</translation>
+        <translation>Valid period</translation>
     </message>
     <message>
         <source>元</source>

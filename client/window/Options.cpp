@@ -1,5 +1,6 @@
 #include "Options.h"
 
+#include "Language.h"
 #include "OrloConstants.h"
 #include "widgets/Skins.h"
 
@@ -35,7 +36,8 @@ public:
     CommandLine()
     {
         m_parser.setApplicationDescription(QStringLiteral("交易计划客户端：新建、修改、复制自动交易计划。"));
-        m_parser.addOptions({ m_help, m_user, m_database, m_skin, m_securities, m_walkthrough, m_issueDay });
+        m_parser.addOptions(
+            { m_help, m_user, m_database, m_skin, m_language, m_securities, m_walkthrough, m_issueDay });
     }
 
     Options read(const QStringList& arguments)
@@ -60,7 +62,7 @@ private:
     {
         if (!m_parser.positionalArguments().isEmpty())
             return QStringLiteral("多余的参数：%1").arg(m_parser.positionalArguments().constFirst());
-        for (const auto& option : { m_user, m_database, m_skin, m_securities, m_walkthrough, m_issueDay }) {
+        for (const auto& option : { m_user, m_database, m_skin, m_language, m_securities, m_walkthrough, m_issueDay }) {
             if (m_parser.isSet(option) && m_parser.value(option).trimmed().isEmpty())
                 return QStringLiteral("选项--%1缺少取值").arg(option.names().constFirst());
         }
@@ -74,6 +76,9 @@ private:
         if (m_parser.isSet(m_skin) && !skinNames().contains(m_parser.value(m_skin)))
             return QStringLiteral("没有皮肤“%1”，可选：%2")
                 .arg(m_parser.value(m_skin), skinNames().join(QStringLiteral("、")));
+        if (m_parser.isSet(m_language) && !languageCodes().contains(m_parser.value(m_language)))
+            return QStringLiteral("没有语言“%1”，可选：%2")
+                .arg(m_parser.value(m_language), languageCodes().join(QStringLiteral("、")));
         bool isNumber = false;
         const int securities = m_parser.value(m_securities).toInt(&isNumber);
         if (m_parser.isSet(m_securities) && (!isNumber || securities <= 0))
@@ -88,6 +93,7 @@ private:
         options.user = m_parser.value(m_user);
         options.database = m_parser.value(m_database);
         options.skin = m_parser.isSet(m_skin) ? m_parser.value(m_skin) : skinNames().constFirst();
+        options.language = m_parser.isSet(m_language) ? m_parser.value(m_language) : languageCodes().constFirst();
         options.securities = m_parser.value(m_securities).toInt();
         options.walkthrough = m_parser.value(m_walkthrough);
         options.issueDay = issueDay();
@@ -108,6 +114,8 @@ private:
         QStringLiteral("数据库文件，不存在时新建并写入示例数据；默认在用户的数据目录中。"), QStringLiteral("文件") };
     const QCommandLineOption m_skin{ QStringLiteral("skin"), QStringLiteral("皮肤：light（默认）或dark。"),
         QStringLiteral("皮肤") };
+    const QCommandLineOption m_language{ QStringLiteral("language"),
+        QStringLiteral("表单的语言：zh（默认）或en；客户端的数据和部分文字仍为中文。"), QStringLiteral("语言") };
     const QCommandLineOption m_securities{ QStringLiteral("securities"),
         QStringLiteral("新建数据库时示例证券的数量，例如100000。"), QStringLiteral("数量") };
     const QCommandLineOption m_walkthrough{ QStringLiteral("walkthrough"),

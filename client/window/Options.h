@@ -9,6 +9,7 @@ struct Options {
     QString user;        ///< user id; empty for the sample's first user
     QString database;    ///< database file; empty for the one in the user's data folder
     QString skin;        ///< name of a skin, see `skinNames`
+    QString language;    ///< code of the form's language, see `languageCodes`
     int securities = 0;  ///< securities of a new database; 0 for the usual number
     QString walkthrough; ///< folder of the walk-through; empty for the window
     QDate issueDay;      ///< day to issue instructions for; invalid for the window

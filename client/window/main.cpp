@@ -1,4 +1,5 @@
 #include "IssueReport.h"
+#include "Language.h"
 #include "MainWindow.h"
 #include "Options.h"
 #include "OrloWidget.h"
@@ -95,7 +96,9 @@ int run(const Options& options, bool display)
     if (options.wantsWindow() && !display)
         return refuse(QStringLiteral("没有可用的显示设备；可用--walkthrough或--issue-day在没有窗口时运行"), false);
     qApp->setStyleSheet(skinSheet(options.skin));
-    const QString reason = startSession(options);
+    QString reason = useLanguage(options.language);
+    if (reason.isEmpty())
+        reason = startSession(options);
     if (!reason.isEmpty())
         return refuse(reason, options.wantsWindow());
     if (options.issueDay.isValid())

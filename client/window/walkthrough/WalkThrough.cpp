@@ -6,6 +6,7 @@
 #include "ExpectedRecord.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Values.h"
+#include "Language.h"
 #include "MainWindow.h"
 #include "OrloConstants.h"
 #include "Orlo_Values.h"
@@ -28,7 +29,7 @@ namespace {
 const QString tip = QStringLiteral("msgBoxTip");
 const QString warning = QStringLiteral("msgBoxWarning");
 const QString question = QStringLiteral("msgBoxQuestion");
-const QString created = QStringLiteral("交易自动规划创建成功!");
+const char* const created = "交易自动规划创建成功!";
 
 void print(const QString& line)
 {
@@ -252,7 +253,7 @@ void WalkThrough::editStarted()
     FormDriver driver(m_dialog.editor());
     driver.type("le_targetTotalNum", QStringLiteral("3000"));
     picture(m_dialog.editor(), QStringLiteral("form"));
-    send({ { warning, QStringLiteral("目标数量不得小于该计划已成交和在下达总和，请重新输入！"), true } });
+    send({ { warning, editorText("目标数量不得小于该计划已成交和在下达总和，请重新输入！"), true } });
     if (!m_dialog.isVisible())
         problem(QStringLiteral("修改被拒绝后，表单没有保留"));
     form.target = QStringLiteral("60000");
@@ -261,7 +262,7 @@ void WalkThrough::editStarted()
     dates = driver.dates();
     collect(driver.takeProblems());
     picture(m_dialog.editor(), QStringLiteral("corrected"));
-    send({ { tip, QStringLiteral("交易计划%1修改成功!").arg(plan), true } });
+    send({ { tip, editorText("交易计划%1修改成功!").arg(plan), true } });
     checkStored(plan, form, dates);
 }
 
@@ -299,7 +300,7 @@ void WalkThrough::copyOrdinary()
     if (dates.begin != m_ordinaryDates.begin || dates.end != m_ordinaryDates.end)
         problem(QStringLiteral("复制未开始的计划时，生效时段没有带出"));
     collect(driver.takeProblems());
-    send({ { tip, created, true } });
+    send({ { tip, editorText(created), true } });
     checkStored(newestPlan(), form, dates);
 }
 
@@ -319,14 +320,15 @@ void WalkThrough::answerQuestion()
     driver.fill(form);
     collect(driver.takeProblems());
     const ShownDates dates = driver.dates();
-    const QString text = QStringLiteral("当前账号【%1】的持仓可用小于目标总量，是否继续创建计划？"
-                                        "继续请点击【确认】，否则点击【取消】")
-                             .arg(ClientSession::instance().accounts().find(form.account)->fundAccount);
+    const QString text =
+        editorText("当前账号【%1】的持仓可用小于目标总量，是否继续%2计划？继续请点击【确认】，"
+                   "否则点击【取消】")
+            .arg(ClientSession::instance().accounts().find(form.account)->fundAccount, editorText("创建"));
     const QString before = newestPlan();
     send({ { question, text, false } });
     if (newestPlan() != before || !m_dialog.isVisible())
         problem(QStringLiteral("拒绝询问后，计划仍被提交"));
-    send({ { question, text, true }, { tip, created, true } });
+    send({ { question, text, true }, { tip, editorText(created), true } });
     checkStored(newestPlan(), form, dates);
 }
 
@@ -384,7 +386,7 @@ void WalkThrough::createPlan(const PlanForm& form)
     const ShownDates dates = driver.dates();
     if (m_stage == QLatin1String("ordinary"))
         m_ordinaryDates = dates;
-    send({ { tip, created, true } });
+    send({ { tip, editorText(created), true } });
     checkStored(newestPlan(), form, dates);
     picture(&m_window, QStringLiteral("window"));
 }

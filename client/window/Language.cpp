@@ -1,0 +1,50 @@
+#include "Language.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QTranslator>
+
+namespace {
+
+const QString chinese = QStringLiteral("zh");
+
+/// Where the translations lie beside the program, built as well as installed.
+QString translationsFolder()
+{
+    return QDir(QCoreApplication::applicationDirPath())
+        .filePath(QStringLiteral("../share/autoparamsetting/translations"));
+}
+
+/// Installs a translation for the application's life.
+bool install(const QString& file)
+{
+    auto* const translator = new QTranslator(qApp);
+    if (translator->load(file, translationsFolder()) && QCoreApplication::installTranslator(translator))
+        return true;
+    delete translator;
+    return false;
+}
+
+} // namespace
+
+QStringList languageCodes()
+{
+    return { chinese, QStringLiteral("en") };
+}
+
+QString useLanguage(const QString& code)
+{
+    if (code == chinese)
+        return QString(); // the language of the sources
+    const QString file = QStringLiteral("autoparamsetting_%1.qm").arg(code);
+    if (!install(file))
+        return QStringLiteral("不能读取翻译文件%1").arg(QDir::cleanPath(QDir(translationsFolder()).filePath(file)));
+    // The client's own widgets follow as far as they are translated.
+    install(QStringLiteral("plandesk_%1.qm").arg(code));
+    return QString();
+}
+
+QString editorText(const char* source)
+{
+    return QCoreApplication::translate("AutoParamSetting", source);
+}

@@ -1,0 +1,216 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="zh_CN">
+<context>
+    <name>CalendarPopup</name>
+    <message>
+        <source>上个月</source>
+        <translation>Previous month</translation>
+    </message>
+    <message>
+        <source>下个月</source>
+        <translation>Next month</translation>
+    </message>
+    <message>
+        <source>一二三四五六日</source>
+        <translation>MTWTFSS</translation>
+    </message>
+    <message>
+        <source>%1年%2月</source>
+        <translation>%2/%1</translation>
+    </message>
+</context>
+<context>
+    <name>ComboSearchPopup</name>
+    <message>
+        <source>输入文字筛选</source>
+        <translation>Type to narrow the list</translation>
+    </message>
+</context>
+<context>
+    <name>DateField</name>
+    <message>
+        <source>打开日历</source>
+        <translation>Open the calendar</translation>
+    </message>
+    <message>
+        <source>日历</source>
+        <translation> calendar</translation>
+    </message>
+</context>
+<context>
+    <name>EditorDialog</name>
+    <message>
+        <source>新建计划</source>
+        <translation>New plan</translation>
+    </message>
+    <message>
+        <source>修改计划 %1</source>
+        <translation>Edit plan %1</translation>
+    </message>
+    <message>
+        <source>复制计划 %1</source>
+        <translation>Copy plan %1</translation>
+    </message>
+    <message>
+        <source>计划尚未提交，关闭后填写的内容将丢失，是否关闭？</source>
+        <translation>The plan has not been submitted and will be lost. Close it?</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>交易计划 - %1（%2）</source>
+        <translation>Trading plans - %1 (%2)</translation>
+    </message>
+    <message>
+        <source>新建</source>
+        <translation>New</translation>
+    </message>
+    <message>
+        <source>编辑</source>
+        <translation>Edit</translation>
+    </message>
+    <message>
+        <source>复制</source>
+        <translation>Copy</translation>
+    </message>
+    <message>
+        <source>换肤</source>
+        <translation>Skin</translation>
+    </message>
+    <message>
+        <source>下达当日指令</source>
+        <translation>Issue today&apos;s instructions</translation>
+    </message>
+    <message>
+        <source>刷新</source>
+        <translation>Refresh</translation>
+    </message>
+    <message>
+        <source>计划(&amp;P)</source>
+        <translation>&amp;Plans</translation>
+    </message>
+    <message>
+        <source>视图(&amp;V)</source>
+        <translation>&amp;View</translation>
+    </message>
+    <message>
+        <source>工具栏</source>
+        <translation>Toolbar</translation>
+    </message>
+    <message>
+        <source>共%1个计划</source>
+        <translation>%1 plans</translation>
+    </message>
+</context>
+<context>
+    <name>MessageBox</name>
+    <message>
+        <source>确认</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>取消</source>
+        <translation>Cancel</translation>
+    </message>
+</context>
+<context>
+    <name>OrloAgreementSignWidget</name>
+    <message>
+        <source>签署客户</source>
+        <translation>Signing clients</translation>
+    </message>
+    <message>
+        <source>取消</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>签署协议</source>
+        <translation>Sign agreement</translation>
+    </message>
+    <message>
+        <source>签署（%1）</source>
+        <translation>Sign (%1)</translation>
+    </message>
+    <message>
+        <source>签署</source>
+        <translation>Sign</translation>
+    </message>
+    <message>
+        <source>请选择签署客户！</source>
+        <translation>Please choose who signs!</translation>
+    </message>
+</context>
+<context>
+    <name>OrloDateEdit</name>
+    <message>
+        <source>开始日期</source>
+        <translation>First date</translation>
+    </message>
+    <message>
+        <source>至</source>
+        <translation>to</translation>
+    </message>
+    <message>
+        <source>结束日期</source>
+        <translation>Last date</translation>
+    </message>
+    <message>
+        <source>日期</source>
+        <translation>Date</translation>
+    </message>
+    <message>
+        <source>结束日期不能早于开始日期%1</source>
+        <translation>The last date cannot be earlier than the first, %1</translation>
+    </message>
+    <message>
+        <source>结束日期已随开始日期改为%1</source>
+        <translation>The last date has followed the first to %1</translation>
+    </message>
+</context>
+<context>
+    <name>OrloDoubleSpinBox</name>
+    <message>
+        <source>已按%1位小数取整</source>
+        <translation>Rounded to %1 decimals</translation>
+    </message>
+</context>
+<context>
+    <name>PlanDetails</name>
+    <message>
+        <source>选择一个计划，查看全部内容。</source>
+        <translation>Choose a plan to see all of it.</translation>
+    </message>
+    <message>
+        <source>已下达指令</source>
+        <translation>Issued instructions</translation>
+    </message>
+</context>
+<context>
+    <name>QLineEdit</name>
+    <message>
+        <source>最多输入%1个字符</source>
+        <translation>At most %1 characters</translation>
+    </message>
+</context>
+<context>
+    <name>VorSearchBox</name>
+    <message>
+        <source>没有匹配的证券</source>
+        <translation>No security matches</translation>
+    </message>
+    <message>
+        <source>有多只证券匹配，请从列表中选择</source>
+        <translation>Several securities match; please choose one from the list</translation>
+    </message>
+    <message>
+        <source>请至少输入%1个字符</source>
+        <translation>Please type at least %1 characters</translation>
+    </message>
+    <message>
+        <source>输入证券代码或名称查找</source>
+        <translation>Type a code or a name to search</translation>
+    </message>
+</context>
+</TS>
