@@ -1,5 +1,6 @@
 #include "AutoParamSetting.h"
 
+#include "Accessibility.h"
 #include "AgreementDC.h"
 #include "ComboItems.h"
 #include "ExchangeAccounts.h"
@@ -122,7 +123,8 @@ void AutoParamSetting::IsReduceHodingsMode(const QString& planType)
     ui->combx_reduceHMode->setVisible(reduces);
     ui->date_effectivePeriod_Multi->setVisible(!reduces);
     ui->date_effectivePeriod_Single->setVisible(reduces);
-    ui->la_assignTo->setText(reduces ? tr("执行人") : tr("分配给"));
+    ui->la_effectivePeriod->setBuddy(reduces ? ui->date_effectivePeriod_Single : ui->date_effectivePeriod_Multi);
+    Accessibility::setCaption(ui->la_assignTo, reduces ? tr("执行人") : tr("分配给"));
 }
 
 void AutoParamSetting::slotComboxAccountChanged()

@@ -1,5 +1,6 @@
 #include "AutoParamSetting.h"
 
+#include "Accessibility.h"
 #include "AesStrategy.h"
 #include "AgreementDialog.h"
 #include "AlgoTradeLogicNew.h"
@@ -26,6 +27,7 @@ AutoParamSetting::AutoParamSetting(QWidget* parent)
     , m_startDayOffset(0)
 {
     ui->setupUi(this);
+    Accessibility::nameFields(*ui);
     initWidget();
     initGuiData();
     initConnect();

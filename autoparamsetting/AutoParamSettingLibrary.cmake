@@ -41,6 +41,8 @@ function(autoparamsetting_add_library name)
     add_library(${name}_objects OBJECT
         ${headers}/AutoParamSetting.h
         ${headers}/AutoParamSettingExport.h
+        ${sources}/Accessibility.cpp
+        ${sources}/Accessibility.h
         ${sources}/AccountFields.cpp
         ${sources}/AgreementDialog.cpp
         ${sources}/AgreementDialog.h

@@ -1,5 +1,6 @@
 #include "AutoParamSetting.h"
 
+#include "Accessibility.h"
 #include "CBusinessDataBase.h"
 #include "ComboItems.h"
 #include "FormulaItems.h"
@@ -87,7 +88,7 @@ void AutoParamSetting::slotComboxPriceModeChanged()
     const QString priceMode = currentCode(ui->combx_priceMode);
     const bool unlimited = priceMode == AutoPlanPriceModel::NoLimit;
     const bool compares = !unlimited && priceMode != AutoPlanPriceModel::Custom;
-    ui->label_price1->setText(compares ? tr("价格1") : tr("价格"));
+    Accessibility::setCaption(ui->label_price1, compares ? tr("价格1") : tr("价格"));
     ui->lineEdit_price1->setEnabled(!unlimited);
     ui->label_price2->setVisible(compares);
     ui->lineEdit_price2->setVisible(compares);

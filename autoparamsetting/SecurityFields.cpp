@@ -1,5 +1,6 @@
 #include "AutoParamSetting.h"
 
+#include "Accessibility.h"
 #include "CBusinessDataBase.h"
 #include "CDataBase.h"
 #include "ComboItems.h"
@@ -147,14 +148,14 @@ void AutoParamSetting::setDisplayUnit(const QString& symbol)
         unit = tr("元");
     else
         return;
-    ui->lab_targetTotalNumUnit->setText(unit);
-    ui->lab_entrustMaxNumUnit->setText(unit);
+    Accessibility::setUnit(ui->lab_targetTotalNumUnit, ui->le_targetTotalNum, unit);
+    Accessibility::setUnit(ui->lab_entrustMaxNumUnit, ui->le_entrustMaxNum, unit);
 }
 
 void AutoParamSetting::setQtyStepVisible(bool visible, const QString& step)
 {
-    ui->label_targetQtyStep->setText(step);
-    ui->label_maxEntrustQtyStep->setText(step);
+    Accessibility::setStep(ui->label_targetQtyStep, step);
+    Accessibility::setStep(ui->label_maxEntrustQtyStep, step);
     ui->label_targetQtyStep->setVisible(visible);
     ui->label_maxEntrustQtyStep->setVisible(visible);
 }

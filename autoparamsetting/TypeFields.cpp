@@ -1,5 +1,6 @@
 #include "AutoParamSetting.h"
 
+#include "Accessibility.h"
 #include "AgreementDialog.h"
 #include "CDataBase.h"
 #include "ComboItems.h"
@@ -219,7 +220,8 @@ void AutoParamSetting::slotComboxInstructionTargetTypeChanged()
 void AutoParamSetting::slotComboxPlanTypeChanged()
 {
     const QString planType = currentCode(ui->combx_planType);
-    ui->la_entrustMaxNum->setText(planType == AutoPlanTemplate::SameElements ? tr("每日计划量") : tr("每日最大委托量"));
+    const bool isSameEachDay = planType == AutoPlanTemplate::SameElements;
+    Accessibility::setCaption(ui->la_entrustMaxNum, isSameEachDay ? tr("每日计划量") : tr("每日最大委托量"));
     if (planType != AutoPlanTemplate::ReduceHoldings) {
         ui->combx_tradeSide->setEnabled(true);
         IsReduceHodingsMode(planType);

@@ -688,7 +688,7 @@ void FormTest::theAccountBoxShowsNameAndFundAccount()
 void FormTest::widgetsSetNothingElse()
 {
     const QStringList text = { words("text") };
-    const QStringList caption = { words("alignment"), words("text") };
+    const QStringList caption = { words("alignment"), words("buddy"), words("text") };
     QMap<QString, QStringList> expected;
     for (const QString& name : captionNames())
         expected.insert(name, caption);
@@ -698,7 +698,8 @@ void FormTest::widgetsSetNothingElse()
         expected.insert(words(name), text);
     for (const char* const name : { "la_fundAccountName", "la_priceMode" })
         expected.insert(words(name),
-            { words("alignment"), words("maximumSize"), words("minimumSize"), words("sizeIncrement"), words("text") });
+            { words("alignment"), words("buddy"), words("maximumSize"), words("minimumSize"), words("sizeIncrement"),
+                words("text") });
     expected.insert(words("btn_algoParamSetting"), { words("minimumSize"), words("text") });
     expected.insert(words("widget_okAndCancel"), { words("minimumSize") });
     for (const char* const name : { "widget", "widget_2" })

@@ -315,5 +315,93 @@
         <source>。是否继续创建？</source>
         <translation>. Continue creating the plan?</translation>
     </message>
+    <message>
+        <source>计划所用的资金账户</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>可选的类型取决于账户的权限</source>
+        <translation>The types offered depend on what the account may do</translation>
+    </message>
+    <message>
+        <source>目标按数量还是按金额填写</source>
+        <translation>Whether the target is a quantity or an amount</translation>
+    </message>
+    <message>
+        <source>目标如何分配到各个交易日</source>
+        <translation>How the target is spread over the trading days</translation>
+    </message>
+    <message>
+        <source>输入代码或名称，从列表中选择证券</source>
+        <translation>Type a code or a name and choose a security from the list</translation>
+    </message>
+    <message>
+        <source>随所选证券显示，不能修改</source>
+        <translation>Follows the chosen security and cannot be changed</translation>
+    </message>
+    <message>
+        <source>可选的方向取决于指令类型和计划类型</source>
+        <translation>The sides offered depend on the instruction type and the plan type</translation>
+    </message>
+    <message>
+        <source>港股通委托的报价类型</source>
+        <translation>Price type of a Hong Kong Connect order</translation>
+    </message>
+    <message>
+        <source>委托的业务类别</source>
+        <translation>Business that the order belongs to</translation>
+    </message>
+    <message>
+        <source>价格或价格公式，单位：元</source>
+        <translation>A price or a price formula, unit: yuan</translation>
+    </message>
+    <message>
+        <source>计划生效的交易日</source>
+        <translation>Trading days on which the plan is in effect</translation>
+    </message>
+    <message>
+        <source>委托价格如何确定</source>
+        <translation>How the order price is found</translation>
+    </message>
+    <message>
+        <source>0到1之间的比例</source>
+        <translation>A ratio between 0 and 1</translation>
+    </message>
+    <message>
+        <source>指令如何管理和复核</source>
+        <translation>How instructions are managed and reviewed</translation>
+    </message>
+    <message>
+        <source>选择算法并填写其参数</source>
+        <translation>Choose an algorithm and fill in its parameters</translation>
+    </message>
+    <message>
+        <source>执行指令的用户</source>
+        <translation>User who executes the instructions</translation>
+    </message>
+    <message>
+        <source>减持须遵守的限制</source>
+        <translation>Limit that the reduction has to keep</translation>
+    </message>
+    <message>
+        <source>可不填写</source>
+        <translation>May be left empty</translation>
+    </message>
+    <message>
+        <source>检查并提交计划</source>
+        <translation>Check and submit the plan</translation>
+    </message>
+    <message>
+        <source>不提交计划，关闭</source>
+        <translation>Close without submitting the plan</translation>
+    </message>
+    <message>
+        <source>单位：%1</source>
+        <translation>Unit: %1</translation>
+    </message>
+    <message>
+        <source>应为%1的整数倍</source>
+        <translation>Should be a multiple of %1</translation>
+    </message>
 </context>
 </TS>
