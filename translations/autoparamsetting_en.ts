@@ -317,7 +317,7 @@
     </message>
     <message>
         <source>计划所用的资金账户</source>
-        <translation type="unfinished"></translation>
+        <translation>Fund account that the plan uses</translation>
     </message>
     <message>
         <source>可选的类型取决于账户的权限</source>
