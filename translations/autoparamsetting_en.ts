@@ -53,7 +53,7 @@
     </message>
     <message>
         <source>减持模式</source>
-        <translation>Reduction mode</translation>
+        <translation>Reduction rule</translation>
     </message>
     <message>
         <source>价格2</source>
@@ -69,7 +69,7 @@
     </message>
     <message>
         <source>减持占比</source>
-        <translation>Reduction ratio</translation>
+        <translation>Sell ratio</translation>
     </message>
     <message>
         <source>股</source>
@@ -129,7 +129,7 @@
     </message>
     <message>
         <source>连续90天减持不超过总股本1%</source>
-        <translation>At most 1% of the share capital in 90 consecutive days</translation>
+        <translation>At most 1% of shares in 90 consecutive days</translation>
     </message>
     <message>
         <source>计划复制失败，失败原因：未找到计划ID【%1】的计划信息</source>
@@ -257,7 +257,7 @@
     </message>
     <message>
         <source>未输入减持占比！</source>
-        <translation>No reduction ratio is entered!</translation>
+        <translation>No sell ratio is entered!</translation>
     </message>
     <message>
         <source>%1公式必填，请重新编辑！</source>
