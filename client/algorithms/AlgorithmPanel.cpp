@@ -11,6 +11,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
@@ -216,7 +217,17 @@ void AlgorithmPanel::showStrategy(const QString& name, const QMap<QString, QStri
     followSymbol();
     if (m_form)
         m_form->setValues(values);
-    adjustSize();
+    fit();
+}
+
+/// `adjustSize()` would keep to two thirds of the screen and cut the hints of large fonts.
+void AlgorithmPanel::fit()
+{
+    ensurePolished();
+    QSize wanted = sizeHint().expandedTo(minimumSize());
+    if (layout()->hasHeightForWidth())
+        wanted.setHeight(layout()->totalHeightForWidth(wanted.width()));
+    resize(wanted.boundedTo(screen()->availableSize()));
 }
 
 void AlgorithmPanel::replaceForm(ParameterForm* form)

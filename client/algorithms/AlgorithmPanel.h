@@ -43,6 +43,7 @@ private:
     void fillStrategies();
     void selectStrategy(const QString& name);
     void showStrategy(const QString& name, const QMap<QString, QString>& values);
+    void fit();
     void replaceForm(ParameterForm* form);
     void showBaseData();
     void showMessage(const QString& message);

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QStyle>
 
 namespace {
 
@@ -30,6 +31,14 @@ QString hintOf(const StrategyParameter& parameter)
     if (parameter.required || parameter.type == ParameterType::Boolean)
         return range;
     return range.isEmpty() ? QStringLiteral("选填") : QStringLiteral("%1，选填").arg(range);
+}
+
+/// What a screen reader says of an input beside its label: what it is for, in which unit and range.
+QString descriptionOf(const StrategyControl& control, const StrategyParameter& parameter)
+{
+    QStringList parts{ control.tooltip, unitOf(control, parameter), hintOf(parameter) };
+    parts.removeAll(QString());
+    return parts.isEmpty() ? control.label : parts.join(QStringLiteral("，"));
 }
 
 QString valueOf(const StrategyParameter& parameter, const QString& id)
@@ -123,6 +132,9 @@ void ParameterForm::markFault(const QString& parameter)
         }
         row.input->setPalette(faulty ? colors : QPalette());
         row.input->setProperty("faulty", faulty);
+        // A skin has a colour of its own for what is wrong.
+        row.input->style()->unpolish(row.input);
+        row.input->style()->polish(row.input);
     }
 }
 
@@ -156,6 +168,8 @@ void ParameterForm::addRow(const StrategyControl& control, const StrategyParamet
     makeInput(row);
     row.input->setObjectName(QStringLiteral("input_") + parameter.name);
     row.input->setToolTip(control.tooltip);
+    row.input->setAccessibleName(control.label);
+    row.input->setAccessibleDescription(descriptionOf(control, parameter));
     row.input->setMinimumWidth(INPUT_WIDTH);
     if (!row.lastFocus)
         row.lastFocus = row.input;
@@ -242,6 +256,7 @@ void ParameterForm::makeRadioButtons(Row& row)
     QStringList offered;
     for (const EnumeratedValue& item : qAsConst(row.control.items)) {
         auto* const button = new QRadioButton(item.text, row.input);
+        button->setAccessibleDescription(row.control.label);
         line->addWidget(button);
         row.lastFocus = button;
         group->addButton(button, offered.size());

@@ -93,6 +93,7 @@ QToolButton* CalendarPopup::newMonthButton(
 
 void CalendarPopup::showMonth(const QDate& day)
 {
+    setAccessibleName(m_marked.isValid() ? tr("日历，%1").arg(dateText(m_marked)) : tr("日历"));
     m_month = firstOfMonth(day);
     m_title->setText(tr("%1年%2月").arg(m_month.year()).arg(m_month.month()));
     QDate date = m_month.addDays(1 - m_month.dayOfWeek());

@@ -9,6 +9,7 @@
 namespace {
 
 constexpr int rowsAtOnce = 10;
+constexpr qreal placeholderStrength = 0.75;
 
 } // namespace
 
@@ -23,6 +24,7 @@ ComboSearchPopup::ComboSearchPopup(QComboBox* box)
     setAttribute(Qt::WA_StyledBackground);
     m_search->setObjectName(QStringLiteral("comboSearch"));
     m_search->setPlaceholderText(tr("输入文字筛选"));
+    m_search->setAccessibleName(tr("输入文字筛选"));
     m_search->setClearButtonEnabled(true);
     m_search->installEventFilter(this);
     m_list->setObjectName(QStringLiteral("comboItems"));
@@ -55,11 +57,23 @@ void ComboSearchPopup::open()
     const QModelIndex current = m_box->model()->index(m_box->currentIndex(), m_box->modelColumn());
     m_list->setCurrentIndex(m_items.mapFromSource(current));
     ensurePolished();
+    strengthenPlaceholder();
     resize(wantedSize());
     move(popupPlace(m_box, size()));
     show();
     m_search->setFocus(Qt::PopupFocusReason);
     m_list->scrollTo(m_list->currentIndex());
+}
+
+/// Qt and skins show a placeholder with half the strength of the text, too faint to be read by everybody.
+void ComboSearchPopup::strengthenPlaceholder()
+{
+    m_search->ensurePolished();
+    QPalette colours = m_search->palette();
+    QColor ink = colours.color(QPalette::Text);
+    ink.setAlphaF(placeholderStrength);
+    colours.setColor(QPalette::PlaceholderText, ink);
+    m_search->setPalette(colours);
 }
 
 QSize ComboSearchPopup::wantedSize() const

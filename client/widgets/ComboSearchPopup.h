@@ -25,6 +25,7 @@ private:
     void choose(const QModelIndex& index);
     bool handleKey(int key);
     void moveMark(int steps);
+    void strengthenPlaceholder();
     QSize wantedSize() const;
 
     QComboBox* m_box;

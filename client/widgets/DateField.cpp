@@ -35,6 +35,7 @@ DateField::DateField(const QString& objectName, const QString& title, QWidget* p
     m_button->setFocusPolicy(Qt::StrongFocus);
     m_button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
     m_time->setDisplayFormat(QStringLiteral("HH:mm:ss"));
+    m_time->setAccessibleName(title + tr("的时间"));
     m_time->setVisible(false);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);

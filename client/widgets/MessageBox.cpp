@@ -32,6 +32,7 @@ MessageBox::MessageBox(const Kind& kind, const QString& text, QWidget* parent)
 {
     setObjectName(kind.objectName);
     setWindowTitle(kind.title);
+    setAccessibleDescription(text);
     setWindowModality(parent ? Qt::WindowModal : Qt::ApplicationModal);
 
     auto* icon = new QLabel(this);
@@ -73,6 +74,7 @@ QWidget* MessageBox::newText(const QString& text)
     if (text.size() > longestLabel || hasLongWord(text)) {
         auto* scrolled = new QPlainTextEdit(text, this);
         scrolled->setObjectName(QStringLiteral("msgBoxText"));
+        scrolled->setAccessibleName(windowTitle());
         scrolled->setReadOnly(true);
         scrolled->setTabChangesFocus(true);
         scrolled->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);

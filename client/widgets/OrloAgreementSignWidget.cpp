@@ -104,6 +104,7 @@ void OrloAgreementSignWidget::Private::setAgreement(const QString& protocolId)
     const QString name = agreementTitle(protocolId);
     q->setWindowTitle(name.isEmpty() ? tr("签署协议") : name);
     title->setText(name);
+    text->setAccessibleName(q->windowTitle());
     text->setPlainText(agreementText(protocolId));
 }
 

@@ -1,8 +1,8 @@
 #include "OrloPushButton.h"
 
+#include "FittedFont.h"
 #include <QApplication>
 #include <QEvent>
-#include <QFontInfo>
 #include <QScopedValueRollback>
 #include <QStyle>
 
@@ -12,7 +12,6 @@ const QString OrloPushButton::BtnStyleType::Text = QStringLiteral("text");
 
 namespace {
 
-constexpr int smallestText = 9;
 constexpr int textMargin = 4;
 
 } // namespace
@@ -50,11 +49,8 @@ void OrloPushButton::Private::fitText()
     if (fitting || styleType != BtnStyleType::Text)
         return;
     const QScopedValueRollback<bool> own(fitting, true);
-    QFont font = q->parentWidget() ? q->parentWidget()->font() : QApplication::font(q);
-    const int room = q->maximumWidth() - textMargin;
-    int size = QFontInfo(font).pixelSize();
-    while (size > smallestText && QFontMetrics(font).horizontalAdvance(q->text()) > room)
-        font.setPixelSize(--size);
+    const QFont usual = q->parentWidget() ? q->parentWidget()->font() : QApplication::font(q);
+    const QFont font = fittedFont(usual, q->text(), q->maximumWidth() - textMargin);
     if (font != q->font())
         q->setFont(font);
 }

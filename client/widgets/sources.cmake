@@ -14,6 +14,8 @@ set(widget_sources
     EvenRowDelegate.h
     FieldHint.cpp
     FieldHint.h
+    FittedFont.cpp
+    FittedFont.h
     FormulaCompletion.cpp
     FormulaCompletion.h
     MessageBox.cpp

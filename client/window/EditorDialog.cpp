@@ -2,6 +2,7 @@
 
 #include "AutoParamSetting.h"
 #include "AutoPlanLogic.h"
+#include "FormArrangement.h"
 #include "OrloWidget.h"
 #include "Orlo_Fields.h"
 #include "defines/PlanCodes.h"
@@ -41,6 +42,8 @@ EditorDialog::EditorDialog(QWidget* parent)
     setWindowModality(Qt::WindowModal);
     m_area->setFrameShape(QFrame::NoFrame);
     m_area->setWidgetResizable(true);
+    // Its fields scroll it; a stop of its own would show nothing.
+    m_area->setFocusPolicy(Qt::NoFocus);
     auto* const room = new QVBoxLayout(this);
     room->setContentsMargins(0, 0, 0, 0);
     room->addWidget(m_area);
@@ -128,6 +131,9 @@ void EditorDialog::makeEditor()
         m_editor->loadSkin(m_skin);
     connect(m_editor, &AutoParamSetting::signalBtnCancelClicked, this, &EditorDialog::leave);
     m_area->setWidget(m_editor);
+    // The dates stand between the executing user and what follows.
+    const auto* const dates = m_editor->findChild<QWidget*>(QStringLiteral("date_widget"));
+    FormArrangement::tabThrough(m_editor->findChild<QWidget*>(QStringLiteral("combx_assignTo")), dates);
     m_editor->installEventFilter(this);
 }
 
@@ -141,6 +147,8 @@ bool EditorDialog::eventFilter(QObject* watched, QEvent* event)
 
 void EditorDialog::fit()
 {
+    FormArrangement::fitNarrowLabels(*m_editor);
+    FormArrangement::lineUpCaptions(*m_editor);
     const QSize wanted =
         editorSize.expandedTo(QSize(m_editor->minimumSizeHint().width(), m_editor->sizeHint().height()));
     const QSize room = screen()->availableSize();

@@ -46,6 +46,7 @@ MainWindow::MainWindow(QWidget* parent)
     setObjectName(QStringLiteral("plandesk"));
     setWindowTitle(tr("交易计划 - %1（%2）").arg(user.name, user.id));
     resize(usualSize);
+    m_table->setAccessibleName(tr("计划列表"));
     auto* const halves = new QSplitter(this);
     halves->addWidget(m_table);
     halves->addWidget(m_details);

@@ -32,6 +32,7 @@ PlanDetails::PlanDetails(QWidget* parent)
     : QScrollArea(parent)
 {
     setObjectName(QStringLiteral("planDetails"));
+    setAccessibleName(tr("计划内容"));
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     showPlan(StoredPlan());
@@ -74,6 +75,7 @@ void PlanDetails::addRow(QFormLayout* rows, const QString& caption, const QStrin
     value->setText(text);
     value->setWordWrap(true);
     value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    label->setBuddy(value);
     rows->addRow(label, value);
 }
 

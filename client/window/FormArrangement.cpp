@@ -1,0 +1,73 @@
+#include "FormArrangement.h"
+
+#include "widgets/FittedFont.h"
+
+#include <QGridLayout>
+#include <QLabel>
+
+namespace {
+
+QLabel* captionOf(const QGridLayout& section, int row)
+{
+    QLayoutItem* const item = section.itemAtPosition(row, 0);
+    return item ? qobject_cast<QLabel*>(item->widget()) : nullptr;
+}
+
+int captionWidth(const QGridLayout& section)
+{
+    int widest = 0;
+    for (int row = 0; row < section.rowCount(); ++row) {
+        if (captionOf(section, row))
+            widest = qMax(widest, section.itemAtPosition(row, 0)->sizeHint().width());
+    }
+    return widest;
+}
+
+void widenCaptions(QGridLayout* section, int width)
+{
+    if (section->columnMinimumWidth(0) == width)
+        return;
+    section->setColumnMinimumWidth(0, width);
+    for (int row = 0; row < section->rowCount(); ++row) {
+        QLabel* const caption = captionOf(*section, row);
+        if (caption && caption->maximumWidth() < QWIDGETSIZE_MAX)
+            section->setAlignment(caption, Qt::AlignRight);
+    }
+}
+
+} // namespace
+
+void FormArrangement::lineUpCaptions(const QWidget& form)
+{
+    const QList<QGridLayout*> sections = form.findChildren<QGridLayout*>();
+    int widest = 0;
+    for (const QGridLayout* const section : sections)
+        widest = qMax(widest, captionWidth(*section));
+    for (QGridLayout* const section : sections)
+        widenCaptions(section, widest);
+}
+
+void FormArrangement::fitNarrowLabels(const QWidget& form)
+{
+    const QList<QLabel*> labels = form.findChildren<QLabel*>();
+    for (QLabel* const label : labels) {
+        if (label->maximumWidth() == QWIDGETSIZE_MAX)
+            continue;
+        const QFont fitted = fittedFont(label->parentWidget()->font(), label->text(), label->maximumWidth());
+        if (fitted != label->font())
+            label->setFont(fitted);
+    }
+}
+
+void FormArrangement::tabThrough(QWidget* before, const QWidget* fields)
+{
+    QList<QWidget*> stops;
+    for (QWidget* next = before->nextInFocusChain(); next != before; next = next->nextInFocusChain()) {
+        if (fields->isAncestorOf(next) && (next->focusPolicy() & Qt::TabFocus))
+            stops.append(next);
+    }
+    for (QWidget* const stop : qAsConst(stops)) {
+        QWidget::setTabOrder(before, stop);
+        before = stop;
+    }
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+class QWidget;
+
+// What a form gets from the window that shows it, whatever font and zoom the trader has.
+
+namespace FormArrangement {
+
+/// Makes the captions' column equally wide in all sections, captions of a fixed width standing at its right edge.
+void lineUpCaptions(const QWidget& form);
+
+/// Gives labels of a limited width a font in which their texts fit.
+void fitNarrowLabels(const QWidget& form);
+
+/// Lets Tab go through the fields of one widget right after another widget.
+void tabThrough(QWidget* before, const QWidget* fields);
+
+} // namespace FormArrangement
