@@ -8,40 +8,40 @@
 
 /// Plan types.
 namespace AutoPlanTemplate {
-inline const QString CumulativeQty = QStringLiteral("TW-01");
-inline const QString AverageQty = QStringLiteral("TW-02");
-inline const QString SameElements = QStringLiteral("TW-03");
+inline const QString CumulativeQty = QStringLiteral("TW-01"); ///< a cumulative quantity
+inline const QString AverageQty = QStringLiteral("TW-02");    ///< an average quantity per day
+inline const QString SameElements = QStringLiteral("TW-03");  ///< the same order every day
 /// Holdings reduction: the one type that changes the form.
 inline const QString ReduceHoldings = QStringLiteral("JC-01");
 } // namespace AutoPlanTemplate
 
 /// Instruction types; their texts stand in the static configuration.
 namespace AutoPlanInstructionType {
-inline const QString Ordinary = QStringLiteral("1");
-inline const QString Credit = QStringLiteral("2");
-inline const QString Bond = QStringLiteral("5");
-inline const QString HkConnect = QStringLiteral("9");
+inline const QString Ordinary = QStringLiteral("1");  ///< stocks and funds without margin
+inline const QString Credit = QStringLiteral("2");    ///< margin trading
+inline const QString Bond = QStringLiteral("5");      ///< bonds
+inline const QString HkConnect = QStringLiteral("9"); ///< Hong Kong connect
 } // namespace AutoPlanInstructionType
 
 /// Instruction modes.
 namespace AutoPlanInstMode {
-inline const QString ActiveManage = QStringLiteral("1");
-inline const QString NormalTradeReview = QStringLiteral("2");
-inline const QString AlgoTradeReview = QStringLiteral("3");
+inline const QString ActiveManage = QStringLiteral("1");      ///< without review
+inline const QString NormalTradeReview = QStringLiteral("2"); ///< reviewed and traded by hand
+inline const QString AlgoTradeReview = QStringLiteral("3");   ///< reviewed and traded by an algorithm
 } // namespace AutoPlanInstMode
 
 /// Whether a user's instructions go through review; the user's instruction rule property.
 namespace AutoPlanRuleProperty {
-constexpr int NoReview = 0;
-constexpr int Review = 1;
+constexpr int NoReview = 0; ///< they do not
+constexpr int Review = 1;   ///< they do
 } // namespace AutoPlanRuleProperty
 
 /// Price modes, in the client's own, sparse numbering.
 namespace AutoPlanPriceModel {
-inline const QString NoLimit = QStringLiteral("1");
-inline const QString Custom = QStringLiteral("6");
-inline const QString CompareMax = QStringLiteral("7");
-inline const QString CompareMin = QStringLiteral("8");
+inline const QString NoLimit = QStringLiteral("1");    ///< no price limit
+inline const QString Custom = QStringLiteral("6");     ///< one formula
+inline const QString CompareMax = QStringLiteral("7"); ///< the larger of two formulas
+inline const QString CompareMin = QStringLiteral("8"); ///< the smaller of two formulas
 } // namespace AutoPlanPriceModel
 
 /// Assignees.
@@ -52,7 +52,7 @@ inline const QString NotSpecified = QStringLiteral("默认不指定");
 
 /// Holdings-reduction modes.
 namespace ReduceHoldingsMode {
-inline const QString Continuous90Days = QStringLiteral("1");
+inline const QString Continuous90Days = QStringLiteral("1"); ///< at most 1 % in 90 consecutive days
 } // namespace ReduceHoldingsMode
 
 /// Algorithms.
@@ -65,9 +65,9 @@ inline const QStringList NoUnlimitedPriceList = { QStringLiteral("ICEBERG2"), QS
 namespace AutoPlanFormula {
 /// Functions offered in a custom formula.
 inline const QStringList CompareFunctions = { QStringLiteral("max(,)"), QStringLiteral("min(,)") };
-inline const QString PreviousClose = QStringLiteral("昨收价");
-inline const QString UpperLimit = QStringLiteral("涨停价");
-inline const QString LowerLimit = QStringLiteral("跌停价");
+inline const QString PreviousClose = QStringLiteral("昨收价"); ///< the day before's close
+inline const QString UpperLimit = QStringLiteral("涨停价");    ///< the day's upper limit
+inline const QString LowerLimit = QStringLiteral("跌停价");    ///< the day's lower limit
 /// The order in which names are offered; the averages stand in the order that traders here are used to.
 inline const QStringList PromptOrder = { PreviousClose, UpperLimit, LowerLimit, QStringLiteral("MA20"),
     QStringLiteral("MA60"), QStringLiteral("MA120"), QStringLiteral("MA5"), QStringLiteral("MA10"),
@@ -84,15 +84,15 @@ inline const QString Account10112 = QStringLiteral("10112");
 inline const QString MarginInstructionSideType = QStringLiteral("MarginInstructionSideType");
 /// "1" once an instruction has ended.
 inline const QString InstructionEnded = QStringLiteral("12013");
-/// Filled and issued quantity of an instruction.
+/// Filled quantity of an instruction, in displayed units.
 inline const QString FilledQty = QStringLiteral("14");
-inline const QString IssuedQty = QStringLiteral("38");
+inline const QString IssuedQty = QStringLiteral("38"); ///< issued quantity of an instruction, in displayed units
 /// Issued amount of an instruction, in yuan.
 inline const QString IssuedAmount = QStringLiteral("217201");
 } // namespace AutoPlanFieldId
 
 /// Categories of the static configuration.
 namespace AutoPlanStaticCfg {
-inline const QString InstructionType = QStringLiteral("AutoPlanInstructionType");
-inline const QString TargetType = QStringLiteral("InstructionTargetType");
+inline const QString InstructionType = QStringLiteral("AutoPlanInstructionType"); ///< texts of instruction types
+inline const QString TargetType = QStringLiteral("InstructionTargetType");        ///< texts of target types
 } // namespace AutoPlanStaticCfg

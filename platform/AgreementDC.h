@@ -5,7 +5,7 @@
 /// Which clients have signed which agreement. One per process.
 class AgreementDC {
 public:
-    static AgreementDC& instance();
+    static AgreementDC& instance(); ///< the service; lives as long as the process
 
     /// Numbers of the logged-in user's clients who have not signed an agreement (`Orlo_Values::ProtocolId`).
     QStringList GetUnsignedClientNoList(const QString& protocolId);

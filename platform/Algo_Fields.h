@@ -9,8 +9,8 @@ namespace Algo_Fields {
 
 /// Base data of one algorithm instruction.
 namespace AlgoInstContentInfo {
-extern const QString TradingAccount;
-extern const QString Symbol;
+extern const QString TradingAccount; ///< trading account
+extern const QString Symbol;         ///< symbol of the security
 /// `Algo_Values::AlgoOrderSide`.
 extern const QString OrderSide;
 /// Order property in the algorithm's own terms.

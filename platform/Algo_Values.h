@@ -15,8 +15,8 @@ extern const QString instruction;
 
 /// Side of an algorithm instruction.
 namespace AlgoOrderSide {
-extern const QString BuyValue;
-extern const QString SellValue;
+extern const QString BuyValue;  ///< a purchase
+extern const QString SellValue; ///< a sale
 } // namespace AlgoOrderSide
 
 } // namespace Algo_Values

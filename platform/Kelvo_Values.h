@@ -9,8 +9,8 @@ namespace Kelvo_Values {
 
 /// Order side of a plan.
 namespace OrderSide {
-extern const QString buy;
-extern const QString sell;
+extern const QString buy;  ///< a purchase
+extern const QString sell; ///< a sale
 } // namespace OrderSide
 
 /// Exchange codes.
@@ -31,9 +31,9 @@ extern const QString sz;
 
 /// Security type codes.
 namespace MdcSecurityType {
-extern const QString StockType;
-extern const QString BondType;
-extern const QString FundType;
+extern const QString StockType; ///< stocks
+extern const QString BondType;  ///< bonds
+extern const QString FundType;  ///< funds
 } // namespace MdcSecurityType
 
 /// Security sub-type codes.

@@ -20,7 +20,7 @@ public:
     explicit OrloAccountComboBox(QWidget* parent = nullptr, DisplayMode mode = DisplayMode::NameAndFundAccount);
     ~OrloAccountComboBox() override;
 
-    DisplayMode displayMode() const;
+    DisplayMode displayMode() const; ///< what an item shows
 
     /// Replaces the offered accounts; the first becomes current.
     void SetAccountList(const QList<tagUserAccountInfo>& accounts);

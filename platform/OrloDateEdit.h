@@ -10,7 +10,7 @@ class OrloDateEdit : public QFrame {
     Q_OBJECT
 
 public:
-    explicit OrloDateEdit(QWidget* parent = nullptr);
+    explicit OrloDateEdit(QWidget* parent = nullptr); ///< one date, without bounds
     ~OrloDateEdit() override;
 
     /// 0: one date; 1: a range of two dates. `withTime` adds the time of day.
@@ -21,7 +21,7 @@ public:
     void SetExceptDateList(const QList<QDate>& dates);
     /// Bounds; both count as choosable.
     void SetMinDate(const QDate& date);
-    void SetMaxDate(const QDate& date);
+    void SetMaxDate(const QDate& date); ///< the last date that can be chosen
     /// Shows a range. A date that cannot be chosen is shown and marked as such, never moved.
     void SetStartEndDate(const QDate& start, const QDate& end);
     /// Shows one date; the same holds.
@@ -31,7 +31,7 @@ public:
 
     /// Start and end of the range; invalid when not given.
     QDate GetStartDate() const;
-    QDate GetEndDate() const;
+    QDate GetEndDate() const; ///< the end; see above
     /// The date of a single date field; invalid when not given.
     QDate GetDate() const;
 

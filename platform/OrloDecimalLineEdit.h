@@ -7,6 +7,6 @@ class OrloDecimalLineEdit : public OrloDoubleSpinBox {
     Q_OBJECT
 
 public:
-    explicit OrloDecimalLineEdit(QWidget* parent = nullptr);
+    explicit OrloDecimalLineEdit(QWidget* parent = nullptr); ///< as the spin box, without buttons
     ~OrloDecimalLineEdit() override;
 };

@@ -10,7 +10,7 @@ class OrloDoubleSpinBox : public QDoubleSpinBox {
     Q_OBJECT
 
 public:
-    explicit OrloDoubleSpinBox(QWidget* parent = nullptr);
+    explicit OrloDoubleSpinBox(QWidget* parent = nullptr); ///< at its minimum, two decimals
     ~OrloDoubleSpinBox() override;
 
     /// The text as shown, without grouping; empty when the field is empty.
@@ -22,11 +22,11 @@ public:
     /// Whether the field starts empty; when off it starts at its minimum.
     void setEmptyMode(bool emptyMode);
 
-    QValidator::State validate(QString& text, int& position) const override;
-    void fixup(QString& text) const override;
-    double valueFromText(const QString& text) const override;
-    QString textFromValue(double value) const override;
-    void stepBy(int steps) override;
+    QValidator::State validate(QString& text, int& position) const override; ///< an empty text is acceptable
+    void fixup(QString& text) const override;                 ///< finishes an unfinished number where it can
+    double valueFromText(const QString& text) const override; ///< 0 for an empty text
+    QString textFromValue(double value) const override;       ///< without grouping, in the show type
+    void stepBy(int steps) override; ///< does nothing where there are no step buttons, or beyond the range
 
 public Q_SLOTS:
     /// Empties the field; `value()` is then 0.
@@ -35,9 +35,9 @@ public Q_SLOTS:
     void setValue(double value);
 
 protected:
-    void wheelEvent(QWheelEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
-    bool event(QEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;    ///< takes the wheel with the focus only
+    void focusOutEvent(QFocusEvent* event) override; ///< takes the hint over the field away
+    bool event(QEvent* event) override;              ///< the same for a field that is locked
 
 private:
     class Private;

@@ -8,11 +8,11 @@ class OrloElidedLabel : public QLabel {
     Q_OBJECT
 
 public:
-    explicit OrloElidedLabel(QWidget* parent = nullptr);
+    explicit OrloElidedLabel(QWidget* parent = nullptr); ///< without a text
     ~OrloElidedLabel() override;
 
-    QSize minimumSizeHint() const override;
+    QSize minimumSizeHint() const override; ///< room for an ellipsis only
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
+    void paintEvent(QPaintEvent* event) override; ///< paints what fits
 };

@@ -8,6 +8,6 @@ class OrloFormulaNormal : public QLineEdit, public OrloFormulaPrompter {
     Q_OBJECT
 
 public:
-    explicit OrloFormulaNormal(QWidget* parent = nullptr);
+    explicit OrloFormulaNormal(QWidget* parent = nullptr); ///< prompts in itself
     ~OrloFormulaNormal() override;
 };

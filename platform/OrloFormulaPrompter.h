@@ -18,8 +18,8 @@ public:
     /// The names to offer, in this order; replaces the earlier list and leaves the text as it is.
     void SetFormulaItems(const QStringList& items);
 
-    QStringList FunctionItems() const;
-    QStringList FormulaItems() const;
+    QStringList FunctionItems() const; ///< the functions on offer
+    QStringList FormulaItems() const;  ///< the names on offer, in their order
 
 private:
     class Private;

@@ -7,6 +7,6 @@ class OrloHintLabel : public QLabel {
     Q_OBJECT
 
 public:
-    explicit OrloHintLabel(QWidget* parent = nullptr);
+    explicit OrloHintLabel(QWidget* parent = nullptr); ///< without a text
     ~OrloHintLabel() override;
 };

@@ -16,12 +16,12 @@ public:
         static const QString Text;      ///< a text that can be clicked
     };
 
-    explicit OrloPushButton(QWidget* parent = nullptr);
+    explicit OrloPushButton(QWidget* parent = nullptr); ///< in the style `Normal`
     ~OrloPushButton() override;
 
     /// Sets the style; style sheets select by the property of the same name. An unknown style looks like `Normal`.
     void setStyleType(const QString& styleType);
-    QString styleType() const;
+    QString styleType() const; ///< the style as it was set
 
 private:
     class Private;

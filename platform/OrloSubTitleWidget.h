@@ -8,11 +8,11 @@ class OrloSubTitleWidget : public QWidget {
     Q_OBJECT
 
 public:
-    explicit OrloSubTitleWidget(QWidget* parent = nullptr);
+    explicit OrloSubTitleWidget(QWidget* parent = nullptr); ///< without a title
     ~OrloSubTitleWidget() override;
 
-    void SetTitle(const QString& title);
-    QString Title() const;
+    void SetTitle(const QString& title); ///< shows a title
+    QString Title() const;               ///< the title; empty until one is set
 
 private:
     class Private;

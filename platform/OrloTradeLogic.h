@@ -5,7 +5,7 @@
 /// Trade rules that need the account's state. One per process.
 class OrloTradeLogic {
 public:
-    static OrloTradeLogic& instance();
+    static OrloTradeLogic& instance(); ///< the rules; live as long as the process
 
     /// True when a bond conversion may be entered for an account (the account box's current data), a security and
     /// a side. `withMessage` tells the trader why not.

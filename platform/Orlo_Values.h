@@ -10,22 +10,22 @@ namespace Orlo_Values {
 
 /// Order side as the security service knows it.
 namespace OrderSide {
-extern const QString buy;
+extern const QString buy; ///< a purchase
 } // namespace OrderSide
 
 /// Entrust types: side and margin category in one code.
 namespace SideUnion {
-extern const QString normalBuy;
-extern const QString collateralBuy;
-extern const QString collateralSell;
-extern const QString marginBuy;
-extern const QString marginSell;
-extern const QString financingBuy;
-extern const QString financingSell;
-extern const QString marginBuyNormal;
-extern const QString marginSellNormal;
-extern const QString BondConversion;
-extern const QString paidRationShare;
+extern const QString normalBuy;        ///< a purchase without margin
+extern const QString collateralBuy;    ///< a purchase of collateral
+extern const QString collateralSell;   ///< a sale of collateral
+extern const QString marginBuy;        ///< securities bought to return borrowed ones
+extern const QString marginSell;       ///< a sale of borrowed securities
+extern const QString financingBuy;     ///< a purchase with borrowed money
+extern const QString financingSell;    ///< a sale to repay borrowed money
+extern const QString marginBuyNormal;  ///< an ordinary purchase on a credit account
+extern const QString marginSellNormal; ///< an ordinary sale on a credit account
+extern const QString BondConversion;   ///< a bond turned into stock
+extern const QString paidRationShare;  ///< rights taken up and paid
 } // namespace SideUnion
 
 /// Hong Kong connect price types.

@@ -14,7 +14,7 @@ class ParamListWidget_single : public QWidget {
     Q_OBJECT
 
 public:
-    explicit ParamListWidget_single(QWidget* parent = nullptr);
+    explicit ParamListWidget_single(QWidget* parent = nullptr); ///< without a strategy
     ~ParamListWidget_single() override;
 
     /// Loads a strategy into the panel, with default values and the values set so far, and shows the panel when
@@ -48,5 +48,5 @@ public:
 
 protected:
     class Private;
-    std::unique_ptr<Private> d;
+    std::unique_ptr<Private> d; ///< each implementation's own
 };

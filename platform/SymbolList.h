@@ -10,13 +10,15 @@ class SymbolList {
 public:
     SymbolList() = default;
 
-    SymbolList(const QStringList& symbols) { appendRun(symbols); }
+    SymbolList(const QStringList& symbols) { appendRun(symbols); } ///< one run
 
+    /// One run of the symbols in the braces.
     SymbolList(std::initializer_list<QString> symbols)
         : SymbolList(QStringList(symbols))
     {
     }
 
+    /// Appends the other list's symbols, also those that are there already.
     SymbolList& operator+=(const SymbolList& other)
     {
         for (const QStringList& run : other.m_runs)
@@ -24,8 +26,9 @@ public:
         return *this;
     }
 
-    bool isEmpty() const { return m_runs.isEmpty(); }
+    bool isEmpty() const { return m_runs.isEmpty(); } ///< true when there is no symbol at all
 
+    /// Number of symbols in all runs.
     int size() const
     {
         int count = 0;

@@ -9,7 +9,7 @@ class VorSearchBox : public QLineEdit {
     Q_OBJECT
 
 public:
-    explicit VorSearchBox(QWidget* parent = nullptr);
+    explicit VorSearchBox(QWidget* parent = nullptr); ///< without securities
     ~VorSearchBox() override;
 
     /// The securities to choose from; replaces the earlier list and leaves the chosen security as it is.
