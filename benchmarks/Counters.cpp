@@ -1,0 +1,96 @@
+#include "Counters.h"
+
+#include "AutoPlanLogic.h"
+
+#include <QSqlDatabase>
+#include <QSqlDriver>
+#include <dlfcn.h>
+#include <sqlite3.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+namespace {
+
+Syncs::Counts syncs;
+PlanReads::Counts planReads;
+
+bool isLog(int file)
+{
+    char name[PATH_MAX];
+    const auto length = readlink(qPrintable(QStringLiteral("/proc/self/fd/%1").arg(file)), name, sizeof name);
+    return length > 0 && QByteArray(name, static_cast<int>(length)).endsWith("-wal");
+}
+
+int count(long systemCall, int file)
+{
+    if (isLog(file)) {
+        struct stat facts { };
+        ++syncs.log;
+        if (fstat(file, &facts) == 0)
+            syncs.logSize = facts.st_size;
+    } else {
+        ++syncs.other;
+    }
+    return static_cast<int>(syscall(systemCall, file));
+}
+
+/// The session's connection, the first one that was opened.
+sqlite3* connection()
+{
+    QStringList names = QSqlDatabase::connectionNames();
+    if (names.isEmpty())
+        qFatal("There is no connection");
+    names.sort();
+    return *static_cast<sqlite3* const*>(QSqlDatabase::database(names.first(), false).driver()->handle().constData());
+}
+
+int noteStatement(unsigned, void*, void*, void* text)
+{
+    const QByteArray statement(static_cast<const char*>(text));
+    if (statement.startsWith("SELECT") && statement.contains("plan"))
+        ++planReads.reads;
+    return 0;
+}
+
+} // namespace
+
+extern "C" int fsync(int file)
+{
+    return count(SYS_fsync, file);
+}
+
+extern "C" int fdatasync(int file)
+{
+    return count(SYS_fdatasync, file);
+}
+
+QMap<QString, QVariant> AutoPlanLogic::GetPlanInfo(QString planId)
+{
+    using Function = QMap<QString, QVariant> (*)(AutoPlanLogic*, QString);
+    static const auto real = reinterpret_cast<Function>(dlsym(RTLD_NEXT, "_ZN13AutoPlanLogic11GetPlanInfoE7QString"));
+    ++planReads.calls;
+    return real(this, planId);
+}
+
+void Syncs::start()
+{
+    syncs = Counts();
+}
+
+Syncs::Counts Syncs::stop()
+{
+    return syncs;
+}
+
+void PlanReads::start()
+{
+    planReads = Counts();
+    sqlite3_trace_v2(connection(), SQLITE_TRACE_STMT, noteStatement, nullptr);
+}
+
+PlanReads::Counts PlanReads::stop()
+{
+    sqlite3_trace_v2(connection(), 0, nullptr, nullptr);
+    return planReads;
+}

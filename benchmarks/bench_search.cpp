@@ -1,0 +1,145 @@
+// What a keystroke in the search for a security costs until the list is painted, beside a line edit with Qt's completer
+// over the same rows. Texts are typed as traders type them: codes, parts of names, and some that nothing matches.
+#include "BenchmarkClient.h"
+#include "SymbolList.h"
+#include "VorSearchBox.h"
+#include "services/ClientSession.h"
+
+#include <QAbstractItemView>
+#include <QCompleter>
+#include <QKeyEvent>
+#include <QStringListModel>
+#include <algorithm>
+#include <limits>
+#include <numeric>
+
+namespace {
+
+constexpr int byCodeAndName = 1;
+constexpr int typedSecurities = 6;
+
+/// Texts of the market at hand: some codes whole, some names from their second character on, and three of neither.
+QStringList typedTexts()
+{
+    const QVector<Security>& market = ClientSession::instance().market().securities();
+    QStringList texts{ QStringLiteral("0"), QStringLiteral("Q7"), QStringLiteral("龘龘") };
+    for (int i = 0; i < typedSecurities; ++i) {
+        const Security& security = market.at(static_cast<int>(qint64(market.size()) * i / typedSecurities));
+        texts << security.symbol.section(QLatin1Char('.'), 0, 0) << security.name.mid(1);
+    }
+    return texts;
+}
+
+SymbolList allSymbols()
+{
+    QStringList symbols;
+    for (const Security& security : ClientSession::instance().market().securities())
+        symbols << security.symbol;
+    return symbols;
+}
+
+QStringList allRows()
+{
+    QStringList rows;
+    for (const Security& security : ClientSession::instance().market().securities())
+        rows << security.symbol + QStringLiteral("  ") + security.name;
+    return rows;
+}
+
+/// Types into a line edit and waits for what it then shows.
+class Typist {
+public:
+    explicit Typist(QLineEdit& line)
+        : m_line(line)
+    {
+        showPainted(line);
+        line.activateWindow();
+        line.setFocus();
+        settle();
+    }
+
+    /// Types every text, each into the emptied line. Returns the seconds of all keystrokes together.
+    double typeAll(const QStringList& texts)
+    {
+        double seconds = 0;
+        int stroke = 0;
+        for (const QString& text : texts) {
+            m_line.clear();
+            settle();
+            for (const QChar character : text) {
+                const double taken = secondsOf([&] { type(character); });
+                note(stroke++, taken);
+                seconds += taken;
+            }
+        }
+        return seconds;
+    }
+
+    /// The slowest keystroke, each taken at its fastest repetition.
+    double slowest() const { return *std::max_element(m_least.cbegin(), m_least.cend()); }
+    double mean() const
+    {
+        return std::accumulate(m_least.cbegin(), m_least.cend(), 0.0) / static_cast<double>(m_least.size());
+    }
+
+private:
+    void type(QChar character)
+    {
+        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(character));
+        QCoreApplication::sendEvent(&m_line, &press);
+        QCoreApplication::processEvents();
+    }
+
+    void note(int stroke, double seconds)
+    {
+        while (m_least.size() <= stroke)
+            m_least << std::numeric_limits<double>::max();
+        m_least[stroke] = std::min(m_least.at(stroke), seconds);
+    }
+
+    QLineEdit& m_line;
+    QVector<double> m_least;
+};
+
+void typeInto(benchmark::State& state, QLineEdit& line)
+{
+    const QStringList texts = typedTexts();
+    Typist typist(line);
+    typist.typeAll(texts);
+    Timing timing(state);
+    for (auto _ : state)
+        timing.note(typist.typeAll(texts));
+    state.counters["mean_ms"] = typist.mean() * 1000;
+    state.counters["slowest_ms"] = typist.slowest() * 1000;
+}
+
+void searchBox(benchmark::State& state)
+{
+    VorSearchBox box;
+    box.setSecurityList(allSymbols());
+    box.setSearchMode(byCodeAndName);
+    box.setMinMatchLength(1);
+    typeInto(state, box);
+}
+
+void completer(benchmark::State& state)
+{
+    QLineEdit line;
+    QStringListModel rows(allRows());
+    QCompleter completer(&rows);
+    completer.setFilterMode(Qt::MatchContains);
+    completer.setCaseSensitivity(Qt::CaseInsensitive);
+    line.setCompleter(&completer);
+    typeInto(state, line);
+}
+
+BENCHMARK(searchBox)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(completer)->Iterations(1)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    BenchmarkClient client(argc, argv);
+    return client.run();
+}

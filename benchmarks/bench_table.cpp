@@ -1,0 +1,33 @@
+// What it costs to open the window with the plan table until its first page is painted, and what memory it takes.
+#include "BenchmarkClient.h"
+#include "MainWindow.h"
+#include "services/ClientSession.h"
+
+namespace {
+
+void openTable(benchmark::State& state)
+{
+    Timing timing(state);
+    for (auto _ : state) {
+        std::unique_ptr<MainWindow> window;
+        timing.run([&] {
+            window = std::make_unique<MainWindow>();
+            showPainted(*window);
+        });
+    }
+    const double before = residentMebibytes();
+    MainWindow window;
+    showPainted(window);
+    state.counters["window_mib"] = residentMebibytes() - before;
+    state.counters["plans"] = ClientSession::instance().plans().count();
+}
+
+BENCHMARK(openTable)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    BenchmarkClient client(argc, argv);
+    return client.run();
+}

@@ -1,0 +1,193 @@
+// Makes a database for the benchmarks: make_data FILE SECURITIES ACCOUNTS PLANS INSTRUCTIONS
+// The user "bench" gets the accounts; the first of them has 250 positions and, when there are plans, all of them; the
+// first plan has the instructions.
+#include "AutoPlanField.h"
+#include "InstructionTargetType.h"
+#include "Kelvo_Fields.h"
+#include "Kelvo_Values.h"
+#include "Orlo_Fields.h"
+#include "Orlo_Values.h"
+#include "SampleSession.h"
+#include "defines/PlanCodes.h"
+#include "market/SampleMarket.h"
+#include "services/ClientClock.h"
+#include "services/ClientSession.h"
+#include "store/AccountStore.h"
+#include "store/AuthorityStore.h"
+#include "store/PositionStore.h"
+#include "store/SecurityStore.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+namespace {
+
+using namespace PlanCodes;
+
+const QString owner = QStringLiteral("bench");
+constexpr int firstAccount = 900001;
+constexpr int positions = 250;
+constexpr int firstNumber = 1000000;
+
+void require(const QString& reason)
+{
+    if (!reason.isEmpty())
+        qFatal("%s", qPrintable(reason));
+}
+
+QString numberOf(int account)
+{
+    return QString::number(firstAccount + account);
+}
+
+StoredAccount storedAccount(int index)
+{
+    const QString number = numberOf(index);
+    StoredAccount account;
+    account.tradingAccount = number;
+    account.fundAccount = QStringLiteral("F") + number;
+    account.name = QStringLiteral("账户") + number;
+    account.clientNo = QStringLiteral("C") + number;
+    account.assetProperty = AccountAsset::ordinary;
+    account.branchNo = QStringLiteral("B001");
+    for (const QString& exchange : { Kelvo_Values::Exchange::sh, Kelvo_Values::Exchange::sz, Orlo_Values::Exchange::bj,
+             Orlo_Values::Exchange::HkStockCirculation })
+        account.exchangeAccounts.insert(exchange, exchange + number);
+    return account;
+}
+
+void writeAccount(Database& database, int index)
+{
+    const StoredAccount account = storedAccount(index);
+    AccountStore accounts(database);
+    AuthorityStore authorities(database);
+    require(accounts.add(account));
+    require(accounts.assign(owner, account.tradingAccount));
+    for (const QString& type : { InstructionType::Ordinary, InstructionType::Bond, InstructionType::HkConnect }) {
+        const QString chain = QStringLiteral("CHAIN-%1-%2").arg(account.tradingAccount, type);
+        require(authorities.grant(owner, account.tradingAccount, type));
+        require(authorities.setRuleProperty(owner, account.tradingAccount, type, index % 2));
+        require(authorities.addChain(account.tradingAccount, type, chain));
+        require(
+            authorities.addChainUsers(chain, ChainRole::Execute, { QStringLiteral("苏砚"), QStringLiteral("陆珩") }));
+        require(
+            authorities.addChainUsers(chain, ChainRole::Forward, { QStringLiteral("顾湫"), QStringLiteral("程澜") }));
+    }
+}
+
+void writePositions(Database& database)
+{
+    PositionStore store(database);
+    const QString& exchange = Kelvo_Values::Exchange::sh;
+    const QStringList symbols = SecurityStore(database).firstSymbols(
+        Kelvo_Values::MdcSubSecurityType::Ashares, Kelvo_Values::SymbolPost::sh, positions);
+    for (const QString& symbol : symbols)
+        require(store.set({ numberOf(0), exchange + numberOf(0), symbol, 200000000, 200000000 }));
+}
+
+QMap<QString, QVariant> planRecord()
+{
+    QMap<QString, QVariant> record = SampleSession::record();
+    record.insert(Kelvo_Fields::UserAccount::userID, owner);
+    record.insert(Kelvo_Fields::UserAccount::tradingAccount, numberOf(0));
+    record.insert(Kelvo_Fields::UserAccount::securityAccount, Kelvo_Values::Exchange::sh + numberOf(0));
+    record.insert(AutoPlanField::BaseField::orderSide, Kelvo_Values::OrderSide::sell);
+    record.insert(AutoPlanField::BaseField::totalQty, QStringLiteral("100000000"));
+    return record;
+}
+
+QString writePlans(ClientSession& session, int count)
+{
+    PlanStore plans = session.plans();
+    const QMap<QString, QVariant> record = planRecord();
+    const QDateTime now(SampleSession::today(), QTime(9, 30));
+    QString first;
+    for (int i = 0; i < count; ++i) {
+        const PlanStore::Created created = plans.create(record, owner, now);
+        require(created.reason);
+        if (first.isEmpty())
+            first = created.id;
+    }
+    return first;
+}
+
+void writeInstructions(ClientSession& session, const QString& plan, int count)
+{
+    InstructionStore store = session.instructions();
+    for (int i = 0; i < count; ++i) {
+        const bool ended = i % 2 == 0;
+        require(store
+                    .add(plan, SampleSession::today(),
+                        { { FieldId::TradeDate, QStringLiteral("2024-05-06") },
+                            { FieldId::EndState, ended ? EndState::Ended : EndState::Running },
+                            { FieldId::TargetType, InstructionTargetType::QtyOrder },
+                            { FieldId::Price, QStringLiteral("12.34") }, { FieldId::IssuedQty, QStringLiteral("200") },
+                            { FieldId::FilledQty, QStringLiteral("100") },
+                            { FieldId::IssuedAmount, QStringLiteral("2468.00") },
+                            { Orlo_Fields::Security::cumAmount, QStringLiteral("1234.00") } })
+                    .reason);
+    }
+}
+
+Security numbered(int number)
+{
+    Security bond;
+    const bool shanghai = number % 2 == 0;
+    bond.symbol = QString::number(firstNumber + number)
+        + (shanghai ? Kelvo_Values::SymbolPost::sh : Kelvo_Values::SymbolPost::sz);
+    bond.name = QStringLiteral("%1续发债%2").arg(shanghai ? QStringLiteral("沪") : QStringLiteral("深")).arg(number);
+    bond.type = Kelvo_Values::MdcSecurityType::BondType;
+    bond.subType = Kelvo_Values::MdcSubSecurityType::Assetbackedsecurities;
+    bond.exchange = shanghai ? Kelvo_Values::Exchange::sh : Kelvo_Values::Exchange::sz;
+    bond.pricePrecision = 3;
+    bond.displayFactor = shanghai ? 10 : 1;
+    bond.quantityStep = 10;
+    bond.stFlag = Orlo_Values::StFlag::Normal;
+    bond.previousClose = 100000;
+    return bond;
+}
+
+/// More bonds than the sample's six-digit codes have room for.
+void writeBonds(Database& database, int count)
+{
+    SecurityStore store(database);
+    store.beginAdding();
+    for (int i = 0; i < count; ++i)
+        require(store.add(numbered(i), { SampleSession::today().addDays(-1), { 100000 } }));
+}
+
+void make(const QString& file, int securities, int accounts, int plans, int instructions)
+{
+    ClientSession& session = ClientSession::instance();
+    ClientSession::Options options;
+    options.marketSize = qMin(securities, SampleMarket::largestSize());
+    setClientToday(SampleSession::today());
+    require(session.open(file, QString(), ClientSession::Progress(), options));
+    require(UserStore(session.database()).add({ owner, QStringLiteral("基准") }));
+    require(session.database().transaction([&] {
+        writeBonds(session.database(), securities - options.marketSize);
+        for (int i = 0; i < accounts; ++i)
+            writeAccount(session.database(), i);
+        writePositions(session.database());
+        if (plans > 0)
+            writeInstructions(session, writePlans(session, plans), instructions);
+        return QString();
+    }));
+    session.close();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() != 6)
+        qFatal("make_data FILE SECURITIES ACCOUNTS PLANS INSTRUCTIONS");
+    // Under its own name only when it is whole.
+    const QString part = arguments.at(1) + QStringLiteral(".part");
+    for (const char* end : { "", "-wal", "-shm" })
+        QFile::remove(part + QLatin1String(end));
+    make(part, arguments.at(2).toInt(), arguments.at(3).toInt(), arguments.at(4).toInt(), arguments.at(5).toInt());
+    return QFile::rename(part, arguments.at(1)) ? EXIT_SUCCESS : EXIT_FAILURE;
+}

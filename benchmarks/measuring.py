@@ -1,0 +1,214 @@
+"""Runs the benchmark programs in turn and makes figures of what they print."""
+import json
+import os
+import shutil
+import subprocess
+import time
+
+SECURITIES = [1_000, 10_000, 100_000, 1_000_000]
+ACCOUNTS = [1, 100, 10_000]
+PLANS = [1, 1_000, 10_000, 100_000]
+INSTRUCTIONS = [1_000, 10_000]
+# Counts the making of the data: raise it when make_data makes something else.
+DATA_VERSION = 1
+
+
+class Programs:
+    """The built programs and the databases that they work on."""
+
+    def __init__(self, build):
+        self.bin = os.path.join(build, "bin")
+        self.plugins = os.path.join(build, "benchmarks", "plugins")
+        self.data = os.path.join(build, "data")
+        self.environment = dict(os.environ, QT_QPA_PLATFORM="offscreen", LC_ALL="C.UTF-8", TZ="CST-8", QT_HASH_SEED="0")
+        os.makedirs(self.data, exist_ok=True)
+
+    def database(self, securities=1_000, accounts=1, plans=0, instructions=0):
+        """A database with so much in it, made when it is first asked for."""
+        name = f"v{DATA_VERSION}-{securities}-{accounts}-{plans}-{instructions}.sqlite"
+        file = os.path.join(self.data, name)
+        if not os.path.exists(file):
+            numbers = [str(n) for n in (securities, accounts, plans, instructions)]
+            self._call([os.path.join(self.bin, "make_data"), file, *numbers])
+        return file
+
+    def copy_of(self, file):
+        """A copy that a program may write to, made afresh."""
+        copy = file + "-copy"
+        for end in ("", "-wal", "-shm"):
+            if os.path.exists(copy + end):
+                os.remove(copy + end)
+        return shutil.copyfile(file, copy)
+
+    def run(self, program, database, user="trader01", seconds=0.2, only="."):
+        """Runs a program; what it prints of each benchmark, by name, as a dictionary."""
+        command = [os.path.join(self.bin, program), f"--database={database}", f"--user={user}",
+                   f"--benchmark_min_time={seconds}", f"--benchmark_filter={only}", "--benchmark_format=json",
+                   "--benchmark_enable_random_interleaving=true"]
+        printed = json.loads(self._call(command))["benchmarks"]
+        failed = [one for one in printed if one.get("error_occurred")]
+        if failed:
+            raise SystemExit(f"{program}, {failed[0]['name']}: {failed[0]['error_message']}")
+        names = [one["name"].split("/manual_time")[0].split("/iterations")[0] for one in printed]
+        return dict(zip(names, printed))
+
+    def start(self, database):
+        """Starts the client; the milliseconds until its window is painted and takes events."""
+        environment = dict(self.environment, QT_QPA_GENERIC_PLUGINS="firstpaint", QT_PLUGIN_PATH=self.plugins)
+        begin = time.clock_gettime_ns(time.CLOCK_MONOTONIC)
+        done = subprocess.run([os.path.join(self.bin, "plandesk"), "--database", database], env=environment,
+                              stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=True, text=True)
+        return (int(done.stdout) - begin) / 1e6
+
+    def _call(self, command):
+        done = subprocess.run(command, env=self.environment, capture_output=True, text=True, check=False)
+        if done.returncode:
+            raise SystemExit(f"{' '.join(command)} ended with {done.returncode}:\n{done.stderr[-2000:]}")
+        return done.stdout
+
+
+class Least:
+    """The least value that was noted under each key, over all rounds."""
+
+    def __init__(self):
+        self.values = {}
+
+    def note(self, key, value):
+        self.values[key] = min(value, self.values.get(key, value))
+
+    def __getitem__(self, key):
+        return self.values[key]
+
+
+def median(values):
+    return sorted(values)[len(values) // 2]
+
+
+def _search(programs, least, securities, with_completer):
+    database = programs.database(securities=securities)
+    only = "." if with_completer else "searchBox"
+    for name, printed in programs.run("bench_search", database, only=only).items():
+        least.note(("search", name, "slowest", securities), printed["slowest_ms"])
+        least.note(("search", name, "mean", securities), printed["mean_ms"])
+
+
+def _form(programs, least, key, database, user):
+    for name, printed in programs.run("bench_form", database, user=user).items():
+        least.note(("form", name, *key), printed["least_ms"])
+
+
+def _choices(programs, least, securities):
+    for name, printed in programs.run("bench_choices", programs.database(securities=securities), seconds=0.05).items():
+        least.note(("choice", name, securities), printed["least_ms"])
+
+
+def _account_choice(programs, least, accounts):
+    database = programs.database(accounts=accounts)
+    printed = programs.run("bench_accounts", database, user="bench", seconds=0.05)
+    least.note(("choice", "account", accounts), printed["chooseAccount"]["least_ms"])
+
+
+def _check(programs, least, instructions):
+    database = programs.database(plans=1, instructions=instructions)
+    printed = programs.run("bench_check", database, user="bench")["checkParam"]
+    least.note(("check", instructions), printed["least_ms"])
+
+
+def _table(programs, least, plans):
+    printed = programs.run("bench_table", programs.database(plans=plans), user="bench")["openTable"]
+    least.note(("table", plans), printed["least_ms"])
+    least.note(("memory", plans), printed["window_mib"])
+
+
+def _plans(programs, least, reads):
+    for name, printed in programs.run("bench_plans", programs.database(plans=1_000), user="bench").items():
+        least.note(("open", name.split("/")[1]), printed["least_ms"])
+        reads.append(printed["reads"] / printed["calls"])
+
+
+def _confirm(programs, ratios, syncs):
+    printed = programs.run("bench_submit", programs.copy_of(programs.database()))["confirm"]
+    ratios.append(printed["median_ms"] / printed["bare_median_ms"])
+    syncs.append(printed["most_log_syncs"])
+
+
+def _start(programs, least, securities):
+    copy = programs.copy_of(programs.database(securities=securities))
+    programs.start(copy)
+    for _ in range(3):
+        least.note(("start", securities), programs.start(copy))
+
+
+def measure(programs, rounds, tell):
+    """Everything, in so many rounds; figures by name, and the growth for the pictures."""
+    least, ratios, syncs, reads, editors = Least(), [], [], [], []
+    for number in range(rounds):
+        tell(f"round {number + 1} of {rounds}")
+        for securities in SECURITIES:
+            tell(f"  {securities:,} securities")
+            _search(programs, least, securities, with_completer=securities == 100_000)
+            _choices(programs, least, securities)
+            _form(programs, least, ("securities", securities), programs.database(securities=securities), "trader01")
+            _start(programs, least, securities)
+        for accounts in ACCOUNTS:
+            tell(f"  {accounts:,} accounts")
+            _form(programs, least, ("accounts", accounts), programs.database(accounts=accounts), "bench")
+            _account_choice(programs, least, accounts)
+        for plans in PLANS:
+            tell(f"  {plans:,} plans")
+            _table(programs, least, plans)
+        tell("  one plan")
+        for instructions in INSTRUCTIONS:
+            _check(programs, least, instructions)
+        _plans(programs, least, reads)
+        _confirm(programs, ratios, syncs)
+    tell("  1,000 editors")
+    printed = programs.run("bench_editors", programs.database())["openAndClose"]
+    editors.append(printed["after_1000_mib"] / printed["after_50_mib"])
+    return _figures(least, ratios, syncs, reads, editors), _growth(least)
+
+
+def _choice_names(least):
+    return sorted({key[1] for key in least.values if key[0] == "choice" and len(key) == 3 and "/" in key[1]})
+
+
+def _figures(least, ratios, syncs, reads, editors):
+    choices = _choice_names(least)
+    few, many = INSTRUCTIONS
+    return {
+        "search_ratio": least["search", "completer", "mean", 100_000] / least["search", "searchBox", "mean", 100_000],
+        "search_slowest_ms_100000": least["search", "searchBox", "slowest", 100_000],
+        "search_slowest_ms_1000000": least["search", "searchBox", "slowest", 1_000_000],
+        "form_ratio": least["form", "editor", "securities", 100_000] / least["form", "bareForm", "securities", 100_000],
+        "choice_slowest_ms": max(least["choice", name, size] for name in choices for size in SECURITIES),
+        "choice_growth": max(
+            least["choice", name, SECURITIES[-1]] / least["choice", name, SECURITIES[0]] for name in choices),
+        "check_ms": least["check", many],
+        "check_linearity": (least["check", many] / many) / (least["check", few] / few),
+        "copy_ms": least["open", "copyPlan"],
+        "edit_ms": least["open", "editPlan"],
+        "plan_reads": max(reads),
+        "confirm_ratio": median(ratios),
+        "confirm_log_syncs": max(syncs),
+        "table_ms": least["table", 100_000],
+        "table_memory": least["memory", 100_000] / least["memory", 1_000],
+        "editors_memory": min(editors),
+        "start_ms": least["start", 100_000],
+    }
+
+
+def _growth(least):
+    choices = _choice_names(least)
+    return {
+        "securities": {
+            "slowest keystroke of the search": {n: least["search", "searchBox", "slowest", n] for n in SECURITIES},
+            "slowest single choice": {n: max(least["choice", name, n] for name in choices) for n in SECURITIES},
+            "editor constructed and shown": {n: least["form", "editor", "securities", n] for n in SECURITIES},
+            "start of the client": {n: least["start", n] for n in SECURITIES},
+        },
+        "accounts": {
+            "editor constructed and shown": {n: least["form", "editor", "accounts", n] for n in ACCOUNTS},
+            "choice of an account": {n: least["choice", "account", n] for n in ACCOUNTS},
+        },
+        "plans": {"plan table opened and painted": {n: least["table", n] for n in PLANS}},
+    }

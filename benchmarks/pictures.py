@@ -1,0 +1,33 @@
+"""Draws what grows with the securities, the accounts and the plans."""
+import os
+
+import matplotlib
+
+matplotlib.use("svg")
+# The same figures make the same file.
+matplotlib.rcParams["svg.hashsalt"] = "growth"
+matplotlib.rcParams["svg.fonttype"] = "none"
+matplotlib.rcParams["font.family"] = "sans-serif"
+
+from matplotlib import pyplot  # noqa: E402  after the choice of what it draws with
+
+
+def draw(growth, folder):
+    """One picture for each thing that grows, each with a line for everything that was measured against it."""
+    for thing, lines in growth.items():
+        figure, axes = pyplot.subplots(figsize=(7, 4))
+        for name, points in lines.items():
+            axes.plot(list(points.keys()), list(points.values()), marker="o", label=name)
+        axes.set_xscale("log")
+        axes.set_yscale("log")
+        axes.set_xticks(sorted({n for points in lines.values() for n in points}))
+        axes.xaxis.set_major_formatter(matplotlib.ticker.FuncFormatter(lambda n, _: f"{n:,.0f}"))
+        axes.yaxis.set_major_formatter(matplotlib.ticker.FuncFormatter(lambda ms, _: f"{ms:g}"))
+        axes.minorticks_off()
+        axes.set_xlabel(thing)
+        axes.set_ylabel("milliseconds")
+        axes.grid(True, color="#dddddd")
+        axes.legend(fontsize="small")
+        figure.tight_layout()
+        figure.savefig(os.path.join(folder, f"growth-{thing}.svg"), metadata={"Date": None})
+        pyplot.close(figure)
