@@ -90,10 +90,13 @@ function(autoparamsetting_add_library name)
         LINK_DEPENDS ${sources}/AutoParamSetting.map)
     set_target_properties(${name} ${name}_objects ${name}_pure PROPERTIES
         AUTOMOC ON
-        AUTOUIC ON
+        AUTOUIC OFF
         CXX_STANDARD 17
         CXX_STANDARD_REQUIRED ON
+        CXX_EXTENSIONS OFF
         POSITION_INDEPENDENT_CODE ON
         CXX_VISIBILITY_PRESET hidden
         VISIBILITY_INLINES_HIDDEN ON)
+    # One target alone makes a header of the form: all three would write the same file.
+    set_target_properties(${name}_objects PROPERTIES AUTOUIC ON)
 endfunction()
