@@ -106,6 +106,7 @@ private Q_SLOTS:
     void someNewListingsHaveFewerCloses();
     void theSameSeedMakesTheSameMarket();
     void aMarketMayBeSmaller();
+    void aMarketMayBeLarger();
     void anImpossibleSizeIsRefused_data();
     void anImpossibleSizeIsRefused();
     void progressEndsWithEverySecurity();
@@ -363,6 +364,16 @@ void tst_sample_market::aMarketMayBeSmaller()
         QVERIFY(file.countOf(FundType, { SubType::Reits }) > 0);
         QVERIFY(file.countOf(BondType, { SubType::DirectedConBond }) > 0);
     }
+}
+
+void tst_sample_market::aMarketMayBeLarger()
+{
+    QVERIFY(SampleMarket::largestSize() >= 1000000);
+    const SampleFile grown(20000);
+    QCOMPARE(grown.reason, QString());
+    QCOMPARE(grown.market.count(), 20000);
+    QCOMPARE(grown.countOf(StockType, { SubType::Ashares }), m_file->countOf(StockType, { SubType::Ashares }));
+    QVERIFY(grown.countOf(BondType, { SubType::Assetbackedsecurities }) > 3000);
 }
 
 void tst_sample_market::anImpossibleSizeIsRefused_data()

@@ -169,6 +169,16 @@ QVector<SampleBoard> hongKongBoards()
         500, 0, 3, 1, 0 } };
 }
 
+// Codes that no board of a market of standard size has; they are used when all others are.
+QVector<SampleBoard> furtherBondBoards()
+{
+    const QStringList plain = plainBondSubTypes();
+    return {
+        bonds(SampleKind::Bond, Exchange::sh, thousands(span(280, 499) + span(700, 899), plain), 0),
+        bonds(SampleKind::Bond, Exchange::sz, thousands(span(310, 394) + span(525, 999), plain), 0),
+    };
+}
+
 } // namespace
 
 int SampleBoard::capacity() const
@@ -180,6 +190,6 @@ int SampleBoard::capacity() const
 const QVector<SampleBoard>& sampleBoards()
 {
     static const QVector<SampleBoard> boards =
-        shareBoards() + fundBoards() + convertibleBoards() + bondBoards() + hongKongBoards();
+        shareBoards() + fundBoards() + convertibleBoards() + bondBoards() + hongKongBoards() + furtherBondBoards();
     return boards;
 }

@@ -22,24 +22,51 @@ bool canGrow(const SampleBoard& board)
     return board.kind == SampleKind::Bond || board.kind == SampleKind::AssetBacked;
 }
 
-int roomToGrow(const SampleBoard& board)
+int standardSum(int sum, const SampleBoard& board)
 {
-    return canGrow(board) ? board.capacity() - board.standardCount : 0;
+    return sum + board.standardCount;
 }
 
-int totalRoom()
+/// Securities that the boards may have beyond a market of standard size: those that are in it, or the further ones.
+int roomOf(bool further)
 {
-    const auto& boards = sampleBoards();
-    return std::accumulate(
-        boards.cbegin(), boards.cend(), 0, [](int sum, const SampleBoard& board) { return sum + roomToGrow(board); });
+    int room = 0;
+    for (const SampleBoard& board : sampleBoards()) {
+        if (canGrow(board) && (board.standardCount == 0) == further)
+            room += board.capacity() - board.standardCount;
+    }
+    return room;
 }
 
+/// The share of `extra` that falls to a board, by the room that it has of `room`.
+int grownCount(const SampleBoard& board, int extra, int room)
+{
+    const int own = canGrow(board) ? board.capacity() - board.standardCount : 0;
+    return board.standardCount + static_cast<int>(qint64(own) * qMin(extra, room) / room);
+}
+
+/// The further boards are empty until all others are full.
 int scaledCount(const SampleBoard& board, int size)
 {
     const int standard = SampleMarket::standardSize();
-    if (size < standard)
+    if (board.standardCount > 0 && size < standard)
         return qMax(1, static_cast<int>(qint64(board.standardCount) * size / standard));
-    return board.standardCount + static_cast<int>(qint64(roomToGrow(board)) * (size - standard) / totalRoom());
+    const int room = roomOf(false);
+    if (board.standardCount > 0)
+        return grownCount(board, size - standard, room);
+    return grownCount(board, qMax(0, size - standard - room), roomOf(true));
+}
+
+/// The largest board that may still have more, in a market that has grown a bond board.
+int boardForOneMore(const QVector<int>& counts)
+{
+    int largest = -1;
+    for (int i = 0; i < counts.size(); ++i) {
+        const bool hasRoom = counts.at(i) < sampleBoards().at(i).capacity();
+        if (hasRoom && (largest < 0 || counts.at(i) > counts.at(largest)))
+            largest = i;
+    }
+    return largest;
 }
 
 /// Securities of each board, together `size`.
@@ -48,8 +75,11 @@ QVector<int> countsFor(int size)
     QVector<int> counts;
     for (const SampleBoard& board : sampleBoards())
         counts << scaledCount(board, size);
-    // What rounding left over goes to the board that is largest anyway, a bond board in a market that has grown.
-    *std::max_element(counts.begin(), counts.end()) += size - std::accumulate(counts.cbegin(), counts.cend(), 0);
+    // What rounding left over.
+    int rest = size - std::accumulate(counts.cbegin(), counts.cend(), 0);
+    for (; rest > 0; --rest)
+        ++counts[boardForOneMore(counts)];
+    *std::max_element(counts.begin(), counts.end()) += rest;
     return counts;
 }
 
@@ -204,14 +234,12 @@ private:
 
 int SampleMarket::standardSize()
 {
-    const auto& boards = sampleBoards();
-    return std::accumulate(
-        boards.cbegin(), boards.cend(), 0, [](int sum, const SampleBoard& board) { return sum + board.standardCount; });
+    return std::accumulate(sampleBoards().cbegin(), sampleBoards().cend(), 0, standardSum);
 }
 
 int SampleMarket::largestSize()
 {
-    return standardSize() + totalRoom();
+    return standardSize() + roomOf(false) + roomOf(true);
 }
 
 int SampleMarket::closesPerSecurity()
