@@ -1,0 +1,7 @@
+#pragma once
+
+#include <QString>
+
+struct OrloBusiUtils {
+    static QString GetSideUnionChineseName(const QString& sideUnion) { return sideUnion; }
+};

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QDoubleSpinBox>
+
+class OrloDecimalLineEdit : public QDoubleSpinBox {
+public:
+    using QDoubleSpinBox::QDoubleSpinBox;
+    QString GetStrValue() const { return cleanText(); }
+    void SetShowType(int) { }
+    void setEmptyMode(bool) { }
+};

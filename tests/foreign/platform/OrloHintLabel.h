@@ -1,0 +1,5 @@
+#pragma once
+
+#include <QLabel>
+
+using OrloHintLabel = QLabel;

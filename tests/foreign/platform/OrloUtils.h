@@ -1,0 +1,7 @@
+#pragma once
+
+#include <QWidget>
+
+struct OrloUtils {
+    static QPoint GetWidgetPos(const QWidget* widget, int) { return widget->pos(); }
+};

@@ -1,0 +1,5 @@
+#pragma once
+
+#include <QStringList>
+
+using SymbolList = QStringList;

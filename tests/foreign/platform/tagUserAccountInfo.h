@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QString>
+
+struct tagUserAccountInfo {
+    QString clientNo;
+    QString branchNo;
+    QString fundAccount;
+    QString tradingAccount;
+};
