@@ -247,7 +247,7 @@ void TranslationTest::noPlaceholderIsLost()
         QVERIFY2(placeholdersOf(entry.translation) == placeholdersOf(entry.source), qPrintable(entry.translation));
 }
 
-// Equal texts would not announce a change from one item to the other.
+// A trader tells items apart by their texts.
 void TranslationTest::textsOfOneBoxStayDifferent_data()
 {
     QTest::addColumn<QString>("instructionType");

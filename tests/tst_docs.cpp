@@ -1,0 +1,162 @@
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QtTest>
+
+namespace {
+
+QString inProject(const QString& path)
+{
+    return QDir(QStringLiteral(PROJECT_FOLDER)).filePath(path);
+}
+
+QString readAll(const QString& path)
+{
+    QFile file(inProject(path));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("The file cannot be read: %s", qPrintable(path));
+    return QString::fromUtf8(file.readAll());
+}
+
+/// The first bracket of every match.
+QStringList allMatches(const QString& text, const QString& pattern)
+{
+    QStringList found;
+    auto match = QRegularExpression(pattern, QRegularExpression::MultilineOption).globalMatch(text);
+    while (match.hasNext())
+        found.append(match.next().captured(1));
+    return found;
+}
+
+bool hasLineWith(const QString& page, const QStringList& words)
+{
+    for (const QString& line : page.split(QLatin1Char('\n'))) {
+        bool all = true;
+        for (const QString& word : words)
+            all = all && line.contains(QLatin1Char('`') + word + QLatin1Char('`'));
+        if (all)
+            return true;
+    }
+    return false;
+}
+
+/// The words of a shell line, without comments, quoted expansions and line ends.
+QStringList packagesIn(QString words)
+{
+    words.remove(QRegularExpression(QStringLiteral("#[^\n]*")));
+    QStringList packages = words.split(QRegularExpression(QStringLiteral("[\\s\\\\]+")), Qt::SkipEmptyParts);
+    packages.removeAll(QStringLiteral("\"$@\""));
+    return packages;
+}
+
+} // namespace
+
+/// What the pages of docs/ say about the sources, held against them.
+class DocsTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void thePlanRecordNamesEveryKeyWithItsValueInTheClient_data();
+    void thePlanRecordNamesEveryKeyWithItsValueInTheClient();
+    void theGuideForPlatformsNamesEveryHeader_data();
+    void theGuideForPlatformsNamesEveryHeader();
+    void everyPackageHasItsReason_data();
+    void everyPackageHasItsReason();
+    void everyLinkLeadsToAFile_data();
+    void everyLinkLeadsToAFile();
+};
+
+void DocsTest::thePlanRecordNamesEveryKeyWithItsValueInTheClient_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("value");
+    const QString header = readAll(QStringLiteral("platform/AutoPlanField.h"));
+    const QString source = readAll(QStringLiteral("client/defines/AutoPlanField.cpp"));
+    const QStringList namespaces = header.split(QStringLiteral("\nnamespace ")).mid(2);
+    QCOMPARE(namespaces.size(), 2);
+    for (const QString& part : namespaces) {
+        const QString family = part.section(QLatin1Char(' '), 0, 0);
+        for (const QString& name : allMatches(part, QStringLiteral("^extern const QString (\\w+);"))) {
+            const QString key = QStringLiteral("AutoPlanField::%1::%2").arg(family, name);
+            const QStringList values =
+                allMatches(source, QStringLiteral("^const QString %1 = QStringLiteral\\(\"([^\"]+)\"\\)").arg(name));
+            QCOMPARE(values.size(), 1);
+            QTest::newRow(qPrintable(key)) << key << values.first();
+        }
+    }
+}
+
+void DocsTest::thePlanRecordNamesEveryKeyWithItsValueInTheClient()
+{
+    QFETCH(QString, key);
+    QFETCH(QString, value);
+    QVERIFY(hasLineWith(readAll(QStringLiteral("docs/plan-record.md")), { key, value }));
+}
+
+void DocsTest::theGuideForPlatformsNamesEveryHeader_data()
+{
+    QTest::addColumn<QString>("header");
+    const QStringList headers =
+        QDir(inProject(QStringLiteral("platform"))).entryList({ QStringLiteral("*.h") }, QDir::Files);
+    QVERIFY(headers.size() > 40);
+    for (const QString& header : headers)
+        QTest::newRow(qPrintable(header)) << header;
+}
+
+void DocsTest::theGuideForPlatformsNamesEveryHeader()
+{
+    QFETCH(QString, header);
+    QVERIFY(hasLineWith(readAll(QStringLiteral("docs/own-platform.md")), { header }));
+}
+
+void DocsTest::everyPackageHasItsReason_data()
+{
+    QTest::addColumn<QString>("package");
+    QStringList packages = packagesIn(
+        allMatches(readAll(QStringLiteral("scripts/setup")), QStringLiteral("^packages=\\(([^)]*)\\)")).value(0));
+    QVERIFY(packages.contains(QStringLiteral("qtbase5-dev")));
+    const QString call = QStringLiteral("^(?:\"\\$root/)?scripts/setup\"?((?: [a-z0-9][a-z0-9.+-]*)+)(?: >&2)?$");
+    for (const char* const folder : { "scripts", "benchmarks" }) {
+        const QDir scripts(inProject(QString::fromLatin1(folder)));
+        const QStringList names = scripts.entryList(QDir::Files);
+        for (const QString& name : names) {
+            for (const QString& arguments : allMatches(readAll(scripts.filePath(name)), call))
+                packages += packagesIn(arguments);
+        }
+    }
+    QVERIFY(packages.contains(QStringLiteral("doxygen")));
+    packages.removeDuplicates();
+    for (const QString& package : qAsConst(packages))
+        QTest::newRow(qPrintable(package)) << package;
+}
+
+void DocsTest::everyPackageHasItsReason()
+{
+    QFETCH(QString, package);
+    QVERIFY(hasLineWith(readAll(QStringLiteral("docs/dependencies.md")), { package }));
+}
+
+void DocsTest::everyLinkLeadsToAFile_data()
+{
+    QTest::addColumn<QString>("page");
+    QTest::newRow("README.md") << QStringLiteral("README.md");
+    QTest::newRow("CONTRIBUTING.md") << QStringLiteral("CONTRIBUTING.md");
+    const QStringList pages =
+        QDir(inProject(QStringLiteral("docs"))).entryList({ QStringLiteral("*.md") }, QDir::Files);
+    for (const QString& page : pages)
+        QTest::newRow(qPrintable(page)) << QStringLiteral("docs/") + page;
+}
+
+void DocsTest::everyLinkLeadsToAFile()
+{
+    QFETCH(QString, page);
+    const QString text = readAll(page);
+    const QDir folder = QFileInfo(inProject(page)).dir();
+    QStringList links = allMatches(text, QStringLiteral("\\]\\(([^)#]+)[^)]*\\)"));
+    links += allMatches(text, QStringLiteral("<img src=\"([^\"]+)\""));
+    for (const QString& link : qAsConst(links))
+        QVERIFY2(link.contains(QStringLiteral("://")) || folder.exists(link), qPrintable(link));
+}
+
+QTEST_APPLESS_MAIN(DocsTest)
+#include "tst_docs.moc"
