@@ -1,3 +1,6 @@
+#include "InterfaceList.h"
+
+#include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QtTest>
@@ -12,6 +15,7 @@ private Q_SLOTS:
     void theWholePublicClassIsThere();
     void noOtherVirtualOfAWidgetIsOverridden();
     void nothingIsLeftUndefined();
+    void theInterfaceIsTheOneThatWasKept();
 
 private:
     static QString output(const QString& program, const QStringList& arguments);
@@ -105,6 +109,20 @@ void ExportedSymbolsTest::nothingIsLeftUndefined()
         QVERIFY2(!line.contains(QLatin1String("undefined symbol")), qPrintable(line));
         QVERIFY2(!line.contains(QLatin1String("not found")), qPrintable(line));
     }
+}
+
+void ExportedSymbolsTest::theInterfaceIsTheOneThatWasKept()
+{
+    QFile file(QStringLiteral(INTERFACE_FILE));
+    QVERIFY2(file.open(QIODevice::ReadOnly), INTERFACE_FILE);
+    const QStringList kept = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    const QStringList present = interfaceOfLibrary(QStringLiteral(NM_PROGRAM), QStringLiteral(LIBRARY_FILE));
+    QVERIFY(!present.isEmpty());
+    for (const QString& line : kept)
+        QVERIFY2(present.contains(line), qPrintable(QStringLiteral("gone: %1; see scripts/check-abi").arg(line)));
+    for (const QString& line : present)
+        QVERIFY2(kept.contains(line), qPrintable(QStringLiteral("new: %1; see scripts/check-abi").arg(line)));
+    QCOMPARE(present, kept);
 }
 
 QTEST_GUILESS_MAIN(ExportedSymbolsTest)
