@@ -30,7 +30,8 @@ QStringList allMatches(const QString& text, const QString& pattern)
 
 bool hasLineWith(const QString& page, const QStringList& words)
 {
-    for (const QString& line : page.split(QLatin1Char('\n'))) {
+    const QStringList lines = page.split(QLatin1Char('\n'));
+    for (const QString& line : lines) {
         bool all = true;
         for (const QString& word : words)
             all = all && line.contains(QLatin1Char('`') + word + QLatin1Char('`'));
@@ -76,7 +77,8 @@ void DocsTest::thePlanRecordNamesEveryKeyWithItsValueInTheClient_data()
     QCOMPARE(namespaces.size(), 2);
     for (const QString& part : namespaces) {
         const QString family = part.section(QLatin1Char(' '), 0, 0);
-        for (const QString& name : allMatches(part, QStringLiteral("^extern const QString (\\w+);"))) {
+        const QStringList names = allMatches(part, QStringLiteral("^extern const QString (\\w+);"));
+        for (const QString& name : names) {
             const QString key = QStringLiteral("AutoPlanField::%1::%2").arg(family, name);
             const QStringList values =
                 allMatches(source, QStringLiteral("^const QString %1 = QStringLiteral\\(\"([^\"]+)\"\\)").arg(name));
@@ -120,7 +122,8 @@ void DocsTest::everyPackageHasItsReason_data()
         const QDir scripts(inProject(QString::fromLatin1(folder)));
         const QStringList names = scripts.entryList(QDir::Files);
         for (const QString& name : names) {
-            for (const QString& arguments : allMatches(readAll(scripts.filePath(name)), call))
+            const QStringList calls = allMatches(readAll(scripts.filePath(name)), call);
+            for (const QString& arguments : calls)
                 packages += packagesIn(arguments);
         }
     }
