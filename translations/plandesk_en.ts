@@ -19,6 +19,72 @@
         <source>%1年%2月</source>
         <translation>%2/%1</translation>
     </message>
+    <message>
+        <source>日历，%1</source>
+        <translation>Calendar, %1</translation>
+    </message>
+    <message>
+        <source>日历</source>
+        <translation>Calendar</translation>
+    </message>
+</context>
+<context>
+    <name>ClientWidget</name>
+    <message>
+        <source>交易客户端</source>
+        <translation>Trading client</translation>
+    </message>
+</context>
+<context>
+    <name>ClientWidgets</name>
+    <message>
+        <source>小节标题</source>
+        <translation>Section heading</translation>
+    </message>
+    <message>
+        <source>字段标题或单位</source>
+        <translation>Caption or unit of a field</translation>
+    </message>
+    <message>
+        <source>放不下时省略的文字</source>
+        <translation>Text that is elided where it does not fit</translation>
+    </message>
+    <message>
+        <source>下拉框，可带搜索</source>
+        <translation>Box, searchable if wanted</translation>
+    </message>
+    <message>
+        <source>账户下拉框</source>
+        <translation>Box of accounts</translation>
+    </message>
+    <message>
+        <source>日期或日期区间</source>
+        <translation>Date or range of dates</translation>
+    </message>
+    <message>
+        <source>可以为空的数字，带步进按钮</source>
+        <translation>Number that may be empty, with step buttons</translation>
+    </message>
+    <message>
+        <source>可以为空的数字</source>
+        <translation>Number that may be empty</translation>
+    </message>
+    <message>
+        <source>价格公式</source>
+        <translation>Price formula</translation>
+    </message>
+    <message>
+        <source>按钮，样式为normal、highlight或text</source>
+        <translation>Button in the style normal, highlight or text</translation>
+    </message>
+    <message>
+        <source>小节标题，文字由程序设置</source>
+        <translation>Section heading, its text set by the program</translation>
+    </message>
+    <message>
+        <source>按代码或名称查找证券</source>
+        <translation>Searches a security by code or name</translation>
+    </message>
 </context>
 <context>
     <name>ComboSearchPopup</name>
@@ -36,6 +102,10 @@
     <message>
         <source>日历</source>
         <translation> calendar</translation>
+    </message>
+    <message>
+        <source>的时间</source>
+        <translation> time</translation>
     </message>
 </context>
 <context>
@@ -102,6 +172,10 @@
     <message>
         <source>共%1个计划</source>
         <translation>%1 plans</translation>
+    </message>
+    <message>
+        <source>计划列表</source>
+        <translation>List of plans</translation>
     </message>
 </context>
 <context>
@@ -186,6 +260,10 @@
         <source>已下达指令</source>
         <translation>Issued instructions</translation>
     </message>
+    <message>
+        <source>计划内容</source>
+        <translation>Contents of the plan</translation>
+    </message>
 </context>
 <context>
     <name>QLineEdit</name>
@@ -211,6 +289,10 @@
     <message>
         <source>输入证券代码或名称查找</source>
         <translation>Type a code or a name to search</translation>
+    </message>
+    <message>
+        <source>证券列表正在准备，请稍候</source>
+        <translation>The list of securities is being prepared, please wait</translation>
     </message>
 </context>
 </TS>
