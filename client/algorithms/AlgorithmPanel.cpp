@@ -11,7 +11,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
@@ -220,14 +219,14 @@ void AlgorithmPanel::showStrategy(const QString& name, const QMap<QString, QStri
     fit();
 }
 
-/// `adjustSize()` would keep to two thirds of the screen and cut the hints of large fonts.
+/// `adjustSize()` would keep to two thirds of the screen and cut the hints of large fonts or at a large zoom.
 void AlgorithmPanel::fit()
 {
     ensurePolished();
     QSize wanted = sizeHint().expandedTo(minimumSize());
     if (layout()->hasHeightForWidth())
         wanted.setHeight(layout()->totalHeightForWidth(wanted.width()));
-    resize(wanted.boundedTo(screen()->availableSize()));
+    resize(wanted);
 }
 
 void AlgorithmPanel::replaceForm(ParameterForm* form)

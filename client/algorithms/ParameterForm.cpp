@@ -15,6 +15,7 @@ namespace {
 
 constexpr int COLUMNS = 4;
 constexpr int INPUT_WIDTH = 120;
+constexpr int SKIN_PADDING = 8;
 /// How strongly hints stand out against the background, of 255.
 constexpr int HINT_STRENGTH = 170;
 
@@ -170,7 +171,7 @@ void ParameterForm::addRow(const StrategyControl& control, const StrategyParamet
     row.input->setToolTip(control.tooltip);
     row.input->setAccessibleName(control.label);
     row.input->setAccessibleDescription(descriptionOf(control, parameter));
-    row.input->setMinimumWidth(INPUT_WIDTH);
+    row.input->setMinimumWidth(qMax(INPUT_WIDTH, row.input->minimumWidth()));
     if (!row.lastFocus)
         row.lastFocus = row.input;
 
@@ -242,6 +243,8 @@ void ParameterForm::makeDropDown(Row& row)
         box->addItem(QString(), QString());
     for (const EnumeratedValue& item : qAsConst(row.control.items))
         box->addItem(item.text, valueOf(row.parameter, item.id));
+    // A skin's padding takes a little of the room that a box asks for its texts.
+    box->setMinimumWidth(qMax(INPUT_WIDTH, box->sizeHint().width() + SKIN_PADDING));
     row.input = box;
     row.value = [box] { return box->currentData().toString(); };
     row.setValue = [box](const QString& value) { box->setCurrentIndex(box->findData(value)); };

@@ -33,7 +33,9 @@ CalendarPopup::CalendarPopup(const Refusal& refusal, const QDate& shown, QWidget
     const QDate around = shown.isValid() ? shown : QDate::currentDate();
     m_marked = nearestChoosable(around);
     showMonth(m_marked.isValid() ? m_marked : around);
-    adjustSize();
+    // `adjustSize()` would keep to two thirds of the screen and cut the days at a large zoom.
+    ensurePolished();
+    resize(sizeHint());
 }
 
 QDate CalendarPopup::markedDate() const

@@ -85,6 +85,8 @@ OrloDateEdit::OrloDateEdit(QWidget* parent)
     : QFrame(parent)
     , d(std::make_unique<Private>(this))
 {
+    // A field that takes no focus itself could not be given a place in the order of the Tab key.
+    setFocusPolicy(Qt::StrongFocus);
     setFocusProxy(d->single);
     d->setMode(0, false);
 }

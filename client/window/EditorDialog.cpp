@@ -131,10 +131,19 @@ void EditorDialog::makeEditor()
         m_editor->loadSkin(m_skin);
     connect(m_editor, &AutoParamSetting::signalBtnCancelClicked, this, &EditorDialog::leave);
     m_area->setWidget(m_editor);
-    // The dates stand between the executing user and what follows.
-    const auto* const dates = m_editor->findChild<QWidget*>(QStringLiteral("date_widget"));
-    FormArrangement::tabThrough(m_editor->findChild<QWidget*>(QStringLiteral("combx_assignTo")), dates);
+    tabThroughDates();
     m_editor->installEventFilter(this);
+}
+
+// The form's own order leaves the dates to the end; they stand below the executing user.
+void EditorDialog::tabThroughDates()
+{
+    QWidget* before = m_editor->findChild<QWidget*>(QStringLiteral("combx_assignTo"));
+    for (const char* const name : { "date_effectivePeriod_Multi", "date_effectivePeriod_Single" }) {
+        auto* const dates = m_editor->findChild<QWidget*>(QLatin1String(name));
+        QWidget::setTabOrder(before, dates);
+        before = dates;
+    }
 }
 
 // Rows come and go with the trader's choices, and none may be squeezed.

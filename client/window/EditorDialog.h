@@ -42,6 +42,7 @@ protected:
 private:
     void prepare(const QString& title);
     void makeEditor();
+    void tabThroughDates();
     void present();
     void fit();
     void planStored(const QString& planId);

@@ -58,16 +58,3 @@ void FormArrangement::fitNarrowLabels(const QWidget& form)
             label->setFont(fitted);
     }
 }
-
-void FormArrangement::tabThrough(QWidget* before, const QWidget* fields)
-{
-    QList<QWidget*> stops;
-    for (QWidget* next = before->nextInFocusChain(); next != before; next = next->nextInFocusChain()) {
-        if (fields->isAncestorOf(next) && (next->focusPolicy() & Qt::TabFocus))
-            stops.append(next);
-    }
-    for (QWidget* const stop : qAsConst(stops)) {
-        QWidget::setTabOrder(before, stop);
-        before = stop;
-    }
-}

@@ -12,7 +12,4 @@ void lineUpCaptions(const QWidget& form);
 /// Gives labels of a limited width a font in which their texts fit.
 void fitNarrowLabels(const QWidget& form);
 
-/// Lets Tab go through the fields of one widget right after another widget.
-void tabThrough(QWidget* before, const QWidget* fields);
-
 } // namespace FormArrangement
