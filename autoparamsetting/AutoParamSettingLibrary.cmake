@@ -10,15 +10,12 @@
 #
 # The platform is a target of the client's. Its include directories hold the headers that the editor includes by their
 # bare names, its libraries define what they declare. It must be a shared library, because the editor and the program
-# have to see the same services. Whoever links <name> gets the platform and the folder of AutoParamSetting.h with it.
-# The objects are the targets <name>_pure, which know no platform, and <name>_objects.
+# have to see the same services; it may be added later than <name>. Whoever links <name> gets the platform and the folder
+# of AutoParamSetting.h with it. The objects are the targets <name>_pure, which know no platform, and <name>_objects.
 function(autoparamsetting_add_library name)
     cmake_parse_arguments(PARSE_ARGV 1 editor "" "PLATFORM" "")
     if(NOT editor_PLATFORM OR editor_UNPARSED_ARGUMENTS)
         message(FATAL_ERROR "autoparamsetting_add_library(<name> PLATFORM <target>): the platform is missing, or there is more")
-    endif()
-    if(NOT TARGET ${editor_PLATFORM})
-        message(FATAL_ERROR "autoparamsetting_add_library: there is no target ${editor_PLATFORM} to be the platform of ${name}")
     endif()
     set(sources ${CMAKE_CURRENT_FUNCTION_LIST_DIR})
     get_property(headers GLOBAL PROPERTY AUTOPARAMSETTING_INCLUDE_DIR)
