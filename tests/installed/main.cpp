@@ -1,0 +1,9 @@
+#include "AutoParamSetting.h"
+#include <QTextStream>
+
+/// Says what it found in the library.
+int main()
+{
+    QTextStream(stdout) << AutoParamSetting::staticMetaObject.className() << '\n';
+    return 0;
+}
