@@ -362,8 +362,9 @@ void TestBusinessData::a_repeated_question_shares_the_same_symbols()
     };
     const SymbolList first = ask();
     const SymbolList second = ask();
-    QCOMPARE(first.runs().size(), 1);
+    QCOMPARE(first.runs().size(), 2);
     QVERIFY(first.runs().first().isSharedWith(second.runs().first()));
+    QVERIFY(first.runs().last().isSharedWith(second.runs().last()));
 }
 
 void TestBusinessData::excluded_symbols_are_left_out()

@@ -115,7 +115,7 @@ private Q_SLOTS:
 
     void anUnknownSymbolIsNotFound();
     void aQuestionIsRestrictedBySubTypeAndSuffix();
-    void aRepeatedQuestionSharesItsAnswer();
+    void answersShareTheirRuns();
 
     void averagesNeedThatManyCloses_data();
     void averagesNeedThatManyCloses();
@@ -228,7 +228,7 @@ void tst_sample_market::codesLieInTheRangesOfTheirBoard()
     QFETCH(QStringList, subTypes);
     QFETCH(QString, pattern);
     const QRegularExpression expected(QRegularExpression::anchoredPattern(pattern));
-    const QStringList symbols = market().symbols(type, subTypes, {});
+    const QStringList symbols = market().symbols(type, subTypes, {}).toStringList();
     QVERIFY(!symbols.isEmpty());
     for (const QString& symbol : symbols)
         QVERIFY2(expected.match(symbol).hasMatch(), qPrintable(symbol));
@@ -308,7 +308,7 @@ void tst_sample_market::specialTreatmentShowsInNameFlagAndText()
 void tst_sample_market::hongKongLotsDiffer()
 {
     QSet<int> lots;
-    for (const QString& symbol : market().symbols(StockType, { SubType::HStcokCirculation }, {}))
+    for (const QString& symbol : market().symbols(StockType, { SubType::HStcokCirculation }, {}).toStringList())
         lots.insert(market().find(symbol)->quantityStep);
     for (const int lot : { 100, 200, 400, 500, 1000, 2000 })
         QVERIFY2(lots.contains(lot), qPrintable(QString::number(lot)));
@@ -336,7 +336,7 @@ void tst_sample_market::someNewListingsHaveFewerCloses()
     SecurityStore store(database());
     int full = 0;
     int fewer = 0;
-    for (const QString& symbol : market().symbols(StockType, { SubType::Ashares }, {})) {
+    for (const QString& symbol : market().symbols(StockType, { SubType::Ashares }, {}).toStringList()) {
         const int closes = store.closes(symbol).ticks.size();
         QVERIFY(closes >= 1 && closes <= SampleMarket::closesPerSecurity());
         ++(closes == SampleMarket::closesPerSecurity() ? full : fewer);
@@ -455,11 +455,13 @@ void tst_sample_market::aQuestionIsRestrictedBySubTypeAndSuffix()
     QCOMPARE(m_file->countOf(FundType, {}), 0);
 }
 
-void tst_sample_market::aRepeatedQuestionSharesItsAnswer()
+void tst_sample_market::answersShareTheirRuns()
 {
-    const QStringList first = market().symbols(StockType, { SubType::Ashares }, {});
-    const QStringList second = market().symbols(StockType, { SubType::Ashares }, {});
-    QVERIFY(first.isSharedWith(second));
+    const auto wide = market().symbols(StockType, { SubType::Gemstock, SubType::Ashares }, {}).runs();
+    const auto narrow = market().symbols(StockType, { SubType::Ashares }, { Kelvo_Values::SymbolPost::sz }).runs();
+    QCOMPARE(wide.size(), 3);
+    QCOMPARE(narrow.size(), 1);
+    QVERIFY(narrow.first().isSharedWith(wide.at(1)));
 }
 
 void tst_sample_market::averagesNeedThatManyCloses_data()

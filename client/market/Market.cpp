@@ -2,16 +2,24 @@
 
 #include "store/SecurityStore.h"
 
-#include <QMutexLocker>
+#include <QStringView>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
-bool endsWithOne(const QString& symbol, const QStringList& suffixes)
+/// The point and the market at the end of a symbol; empty when there is no point.
+QStringView suffixOf(const QString& symbol)
 {
-    return suffixes.isEmpty() || std::any_of(suffixes.cbegin(), suffixes.cend(), [&symbol](const QString& suffix) {
-        return symbol.endsWith(suffix);
+    const int point = symbol.lastIndexOf(QLatin1Char('.'));
+    return point < 0 ? QStringView() : QStringView(symbol).mid(point);
+}
+
+bool endsWithOne(const QString& suffix, const QStringList& suffixes)
+{
+    return suffixes.isEmpty() || std::any_of(suffixes.cbegin(), suffixes.cend(), [&suffix](const QString& end) {
+        return suffix.endsWith(end);
     });
 }
 
@@ -22,17 +30,43 @@ QString Market::load(Database& database)
     SecurityStore store(database);
     QVector<Security> securities;
     securities.reserve(store.count());
-    const QString reason = store.readAll([&securities](const Security& security) { securities << security; });
+    const QString reason =
+        store.readAll([&securities](Security&& security) { securities.append(std::move(security)); });
     if (!reason.isEmpty())
         return reason;
-    QMutexLocker locker(&m_cacheGuard);
-    m_cache.clear();
     m_securities = securities;
-    m_positions.clear();
-    m_positions.reserve(m_securities.size());
-    for (int i = 0; i < m_securities.size(); ++i)
-        m_positions.insert(m_securities.at(i).symbol, i);
+    index();
     return QString();
+}
+
+void Market::index()
+{
+    m_positions.clear();
+    m_groups.clear();
+    m_positions.reserve(m_securities.size());
+    int group = 0;
+    for (int i = 0; i < m_securities.size(); ++i) {
+        const Security& security = m_securities.at(i);
+        m_positions.insert(security.symbol, i);
+        group = groupOf(security, group);
+        m_groups[group].symbols.append(security.symbol);
+    }
+}
+
+// Neighbours are mostly of one group, which is therefore tried first.
+int Market::groupOf(const Security& security, int first)
+{
+    const QStringView suffix = suffixOf(security.symbol);
+    const auto holds = [&security, suffix](const Group& group) {
+        return group.subType == security.subType && group.type == security.type && group.suffix == suffix;
+    };
+    if (first < m_groups.size() && holds(m_groups.at(first)))
+        return first;
+    const auto known = std::find_if(m_groups.cbegin(), m_groups.cend(), holds);
+    const int found = static_cast<int>(known - m_groups.cbegin());
+    if (found == m_groups.size())
+        m_groups.append({ security.type, security.subType, suffix.toString(), {} });
+    return found;
 }
 
 const Security* Market::find(const QString& symbol) const
@@ -41,23 +75,20 @@ const Security* Market::find(const QString& symbol) const
     return position == m_positions.cend() ? nullptr : &m_securities.at(*position);
 }
 
-QStringList Market::symbols(const QString& type, const QStringList& subTypes, const QStringList& suffixes) const
+SymbolList Market::symbols(const QString& type, const QStringList& subTypes, const QStringList& suffixes) const
 {
-    const QString key =
-        QStringList{ type, subTypes.join(QLatin1Char('\n')), suffixes.join(QLatin1Char('\n')) }.join(QLatin1Char('\t'));
-    QMutexLocker locker(&m_cacheGuard);
-    const auto known = m_cache.constFind(key);
-    if (known != m_cache.cend())
-        return *known;
-    return *m_cache.insert(key, collect(type, subTypes, suffixes));
-}
-
-QStringList Market::collect(const QString& type, const QStringList& subTypes, const QStringList& suffixes) const
-{
-    QStringList found;
-    for (const Security& security : m_securities) {
-        if (security.type == type && subTypes.contains(security.subType) && endsWithOne(security.symbol, suffixes))
-            found << security.symbol;
+    SymbolList found;
+    for (const Group& group : m_groups) {
+        if (group.type == type && subTypes.contains(group.subType) && endsWithOne(group.suffix, suffixes))
+            found += group.symbols;
     }
     return found;
+}
+
+SymbolList Market::symbols() const
+{
+    SymbolList all;
+    for (const Group& group : m_groups)
+        all += group.symbols;
+    return all;
 }

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "SymbolList.h"
 #include "market/Security.h"
 #include "store/Database.h"
 
 #include <QHash>
-#include <QMutex>
 #include <QStringList>
 #include <QVector>
 
@@ -20,16 +20,27 @@ public:
     /// Null when the symbol is unknown; valid until the next `load`.
     const Security* find(const QString& symbol) const;
 
-    /// Symbols in the market's order whose type matches, whose sub-type is one of `subTypes`, and which end with one
-    /// of `suffixes`. An empty list of suffixes or an empty suffix does not restrict; without sub-types nothing
-    /// matches. A repeated question answers with the same shared list.
-    QStringList symbols(const QString& type, const QStringList& subTypes, const QStringList& suffixes) const;
+    /// Symbols whose type matches, whose sub-type is one of `subTypes`, and whose market's end (".SH") ends with one of
+    /// `suffixes`. An empty list of suffixes or an empty suffix does not restrict; without sub-types nothing matches.
+    /// They come sub-type by sub-type and market by market, each as one run in the market's order that all answers
+    /// share, so that the cost does not grow with the market.
+    SymbolList symbols(const QString& type, const QStringList& subTypes, const QStringList& suffixes) const;
+    /// All symbols in these runs.
+    SymbolList symbols() const;
 
 private:
-    QStringList collect(const QString& type, const QStringList& subTypes, const QStringList& suffixes) const;
+    /// Securities of one sub-type in one market.
+    struct Group {
+        QString type;
+        QString subType;
+        QString suffix;
+        QStringList symbols;
+    };
+
+    void index();
+    int groupOf(const Security& security, int first);
 
     QVector<Security> m_securities;
     QHash<QString, int> m_positions;
-    mutable QMutex m_cacheGuard;
-    mutable QHash<QString, QStringList> m_cache;
+    QVector<Group> m_groups; ///< in the order of their first securities
 };

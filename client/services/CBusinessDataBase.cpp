@@ -9,13 +9,17 @@
 namespace {
 
 // No security of the market has expired, so asking for the expired ones as well adds none.
-SymbolList symbolsWithout(const QStringList& symbols, const QStringList& excluded)
+SymbolList symbolsWithout(const SymbolList& symbols, const QStringList& excluded)
 {
     if (excluded.isEmpty())
         return symbols;
-    QStringList kept;
-    std::copy_if(symbols.cbegin(), symbols.cend(), std::back_inserter(kept),
-        [&excluded](const QString& symbol) { return !excluded.contains(symbol); });
+    SymbolList kept;
+    for (QStringList run : symbols.runs()) {
+        run.erase(std::remove_if(
+                      run.begin(), run.end(), [&excluded](const QString& symbol) { return excluded.contains(symbol); }),
+            run.end());
+        kept += run;
+    }
     return kept;
 }
 

@@ -12,6 +12,7 @@
 #include "store/AgreementStore.h"
 #include "store/StaticTextStore.h"
 #include "store/TradeDayStore.h"
+#include "widgets/SymbolIndexes.h"
 
 #include <QCoreApplication>
 
@@ -38,9 +39,11 @@ void closeWithTheApplication()
 
 } // namespace
 
+// The indexes are there before the session and outlive it.
 ClientSession::ClientSession()
-    : m_market(std::make_unique<Market>())
+    : m_market(std::make_unique<const Market>())
 {
+    SymbolIndexes::instance();
 }
 
 ClientSession::~ClientSession()
@@ -65,10 +68,12 @@ QString ClientSession::open(
     close();
     const QString reason = openFor(file, userId, progress, options);
     m_open = reason.isEmpty();
-    if (m_open)
+    if (m_open) {
+        prepareSearch();
         startMovingAverages();
-    else
+    } else {
         close();
+    }
     return reason;
 }
 
@@ -79,7 +84,7 @@ void ClientSession::close()
     m_texts.clear();
     m_unsigned.clear();
     m_accounts.clear();
-    m_market = std::make_unique<Market>();
+    replaceMarket(std::make_unique<const Market>());
     m_user = StoredUser();
     m_database.close();
 }
@@ -133,7 +138,7 @@ QString ClientSession::openFor(
     if (reason.isEmpty() && UserStore(m_database).users().isEmpty())
         reason = m_database.transaction([&] { return makeSampleData(progress, options); });
     if (reason.isEmpty())
-        reason = m_market->load(m_database);
+        reason = loadMarket();
     if (reason.isEmpty())
         reason = storeTradeDays();
     return reason.isEmpty() ? logIn(userId) : reason;
@@ -152,6 +157,22 @@ QString ClientSession::makeSampleData(const Progress& progress, const Options& o
     if (reason.isEmpty())
         reason = SampleStrategyLists::write(m_database);
     return reason.isEmpty() ? SampleAccounts::write(m_database, QDateTime(sample.lastDay, QTime(9, 0))) : reason;
+}
+
+QString ClientSession::loadMarket()
+{
+    auto market = std::make_unique<Market>();
+    const QString reason = market->load(m_database);
+    if (reason.isEmpty())
+        replaceMarket(std::move(market));
+    return reason;
+}
+
+// Names are read on another thread while indexes are being prepared.
+void ClientSession::replaceMarket(std::unique_ptr<const Market> market)
+{
+    SymbolIndexes::instance().forget();
+    m_market = std::move(market);
 }
 
 QString ClientSession::logIn(const QString& userId)
@@ -181,6 +202,13 @@ QString ClientSession::storeTradeDays()
             return reason;
     }
     return QString();
+}
+
+void ClientSession::prepareSearch()
+{
+    const SymbolList symbols = m_market->symbols();
+    for (const QStringList& run : symbols.runs())
+        SymbolIndexes::instance().of(run);
 }
 
 void ClientSession::startMovingAverages()

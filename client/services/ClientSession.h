@@ -26,7 +26,7 @@ public:
 
     /// Opens a database for a user, closing an earlier session. A new database gets the sample data first. An empty
     /// user id logs the sample's first user in. Returns the reason in Chinese when it fails; the session is then
-    /// closed.
+    /// closed. The search for securities is still being prepared when it returns.
     QString open(const QString& file, const QString& userId, const Progress& progress, const Options& options);
     QString open(const QString& file, const QString& userId);
     /// Ends the session; answers that are still being computed are dropped. Does nothing while closed.
@@ -61,14 +61,17 @@ private:
 
     QString openFor(const QString& file, const QString& userId, const Progress& progress, const Options& options);
     QString makeSampleData(const Progress& progress, const Options& options);
+    QString loadMarket();
+    void replaceMarket(std::unique_ptr<const Market> market);
     QString logIn(const QString& userId);
     QString storeTradeDays();
+    void prepareSearch();
     void startMovingAverages();
 
     bool m_open = false;
     Database m_database;
     StoredUser m_user;
-    std::unique_ptr<Market> m_market;
+    std::unique_ptr<const Market> m_market;
     AccountDirectory m_accounts;
     std::unique_ptr<MovingAverageDesk> m_averages;
     QHash<QPair<QString, QString>, QString> m_texts;

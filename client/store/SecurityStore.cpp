@@ -44,7 +44,7 @@ QString SecurityStore::add(const Security& s, const CloseHistory& closes)
             CloseCodec::encode(closes.ticks) });
 }
 
-QString SecurityStore::readAll(const std::function<void(const Security&)>& take)
+QString SecurityStore::readAll(const std::function<void(Security&&)>& take)
 {
     QSqlQuery query = m_database.query(
         QStringLiteral("SELECT symbol, name, type, sub_type, exchange, price_precision, display_factor,"
@@ -65,7 +65,7 @@ QString SecurityStore::readAll(const std::function<void(const Security&)>& take)
         s.stFlag = texts.share(query.value(9));
         s.stText = query.value(10).toString();
         s.previousClose = query.value(11).toLongLong();
-        take(s);
+        take(std::move(s));
     }
     return Database::reasonOf(query);
 }

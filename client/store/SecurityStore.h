@@ -26,7 +26,7 @@ public:
     QString add(const Security& security, const CloseHistory& closes);
 
     /// Hands every security to `take` in the order in which they were added.
-    QString readAll(const std::function<void(const Security&)>& take);
+    QString readAll(const std::function<void(Security&&)>& take);
     int count();
     /// Empty when the symbol is unknown, has no closes, or its closes are damaged.
     CloseHistory closes(const QString& symbol);

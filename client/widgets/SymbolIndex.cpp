@@ -1,26 +1,20 @@
 #include "SymbolIndex.h"
 
 #include "OrloBusinessDataInterface.h"
-#include <QHash>
-#include <QList>
-#include <QStringView>
+#include "SymbolIndexes.h"
 #include <algorithm>
 #include <numeric>
 
 namespace {
 
-/// Indexes that are kept although no search box uses them any more.
-constexpr int mostIndexes = 32;
+/// Stands behind every name and before every character that can be typed.
+constexpr QChar nameEnd;
+/// Characters in a suffix's head, and the bits of each.
+constexpr int headLength = 4;
+constexpr int characterBits = 16;
 
-struct Cache {
-    QHash<const QString*, std::shared_ptr<const SymbolIndex>> indexes;
-    QList<const QString*> oldestFirst;
-};
-
-QStringView suffixOf(const QString& name, int from)
-{
-    return QStringView(name).mid(from);
-}
+/// Leaves the preparation, also from within a sort.
+struct Stopped { };
 
 } // namespace
 
@@ -29,101 +23,150 @@ QString searchForm(const QString& text)
     return text.normalized(QString::NormalizationForm_KC).toUpper();
 }
 
-std::shared_ptr<const SymbolIndex> SymbolIndex::of(const QStringList& run)
-{
-    static Cache cache;
-    // Copies of a run share its elements, and the index keeps one copy: while it lives no other run has this address.
-    const QString* key = &run.constFirst();
-    const auto known = cache.indexes.constFind(key);
-    if (known != cache.indexes.constEnd())
-        return *known;
-    if (cache.oldestFirst.size() >= mostIndexes)
-        cache.indexes.remove(cache.oldestFirst.takeFirst());
-    cache.oldestFirst.append(key);
-    return *cache.indexes.insert(key, std::make_shared<SymbolIndex>(run));
-}
-
 SymbolIndex::SymbolIndex(const QStringList& run)
     : m_run(run)
 {
-    m_codes.reserve(run.size());
-    for (const QString& symbol : run)
+}
+
+void SymbolIndex::waitForFinished()
+{
+    SymbolIndexes::instance().waitForFinished();
+}
+
+void SymbolIndex::prepareCodes()
+{
+    try {
+        sortCodes();
+        m_hasCodes.store(true, std::memory_order_release);
+    } catch (const Stopped&) {
+        m_byCode.clear();
+    }
+}
+
+void SymbolIndex::prepareNames()
+{
+    try {
+        readNames();
+        sortSuffixes();
+        m_hasNames.store(true, std::memory_order_release);
+    } catch (const Stopped&) {
+        m_suffixes.clear();
+    }
+}
+
+void SymbolIndex::keepGoing() const
+{
+    if (m_stopped.load(std::memory_order_acquire))
+        throw Stopped();
+}
+
+void SymbolIndex::sortCodes()
+{
+    keepGoing();
+    m_codes.reserve(m_run.size());
+    for (const QString& symbol : m_run) {
+        keepGoing();
         m_codes.append(searchForm(symbol));
-    m_byCode.resize(run.size());
+    }
+    m_byCode.resize(m_run.size());
     std::iota(m_byCode.begin(), m_byCode.end(), 0);
-    const auto earlier = [this](int a, int b) { return m_codes.at(a) < m_codes.at(b); };
+    const auto earlier = [this](int a, int b) {
+        keepGoing();
+        const int order = m_codes.at(a).compare(m_codes.at(b));
+        return order != 0 ? order < 0 : a < b;
+    };
     if (!std::is_sorted(m_byCode.cbegin(), m_byCode.cend(), earlier))
         std::sort(m_byCode.begin(), m_byCode.end(), earlier);
 }
 
-int SymbolIndex::firstNotBefore(const QString& prefix) const
+int SymbolIndex::firstNotBefore(const QString& code) const
 {
     const auto isBefore = [this](int row, const QString& text) { return m_codes.at(row) < text; };
-    return int(std::lower_bound(m_byCode.cbegin(), m_byCode.cend(), prefix, isBefore) - m_byCode.cbegin());
+    return static_cast<int>(std::lower_bound(m_byCode.cbegin(), m_byCode.cend(), code, isBefore) - m_byCode.cbegin());
 }
 
-void SymbolIndex::appendExact(const QString& code, QStringList& found) const
+void SymbolIndex::readNames()
 {
-    const QString withDot = code + QLatin1Char('.');
-    for (int i = firstNotBefore(code); i < m_byCode.size(); ++i) {
-        const QString& candidate = m_codes.at(m_byCode.at(i));
-        if (candidate != code && !candidate.startsWith(withDot))
-            return;
-        const QString& symbol = m_run.at(m_byCode.at(i));
+    keepGoing();
+    m_starts.reserve(m_run.size());
+    for (const QString& symbol : m_run) {
+        keepGoing();
+        m_starts.append(m_names.size());
+        m_names += searchForm(OrloBusinessDataInterface::GetSecurityChineseName(symbol)) + nameEnd;
+    }
+    m_names.squeeze();
+}
+
+QVector<SymbolIndex::Suffix> SymbolIndex::suffixes() const
+{
+    QVector<Suffix> all;
+    all.reserve(m_names.size() - m_starts.size());
+    quint64 head = 0;
+    for (int position = m_names.size() - 1; position >= 0; --position) {
+        keepGoing();
+        const quint64 character = m_names.at(position).unicode();
+        const bool isEnd = character == nameEnd.unicode();
+        head = isEnd ? 0 : (character << (headLength - 1) * characterBits) | (head >> characterBits);
+        if (!isEnd)
+            all.append({ head, position });
+    }
+    return all;
+}
+
+void SymbolIndex::sortSuffixes()
+{
+    QVector<Suffix> all = suffixes();
+    std::sort(all.begin(), all.end(), [this](const Suffix& a, const Suffix& b) { return isEarlier(a, b); });
+    m_suffixes.reserve(all.size());
+    for (const Suffix& suffix : qAsConst(all))
+        m_suffixes.append(suffix.position);
+}
+
+bool SymbolIndex::isEarlier(const Suffix& a, const Suffix& b) const
+{
+    keepGoing();
+    if (a.head != b.head)
+        return a.head < b.head;
+    const QChar* names = m_names.constData();
+    // Within equal heads both end or neither does.
+    bool ended = (a.head & 0xffff) == nameEnd.unicode();
+    for (int i = headLength; !ended; ++i) {
+        const QChar inA = names[a.position + i];
+        const QChar inB = names[b.position + i];
+        if (inA != inB)
+            return inA < inB;
+        ended = inA == nameEnd;
+    }
+    return a.position < b.position;
+}
+
+/// Below, at or above zero as what stands at the position comes before `part`, begins with it or comes after it.
+int SymbolIndex::compareStart(int position, const QString& part) const
+{
+    for (const QChar wanted : part) {
+        const QChar present = m_names.at(position++);
+        if (present == nameEnd || present < wanted)
+            return -1;
+        if (present > wanted)
+            return 1;
+    }
+    return 0;
+}
+
+int SymbolIndex::rowOf(int position) const
+{
+    return static_cast<int>(std::upper_bound(m_starts.cbegin(), m_starts.cend(), position) - m_starts.cbegin()) - 1;
+}
+
+void SymbolIndex::appendByName(const QString& part, int limit, QStringList& found) const
+{
+    if (part.isEmpty())
+        return;
+    const auto isBefore = [this](int position, const QString& text) { return compareStart(position, text) < 0; };
+    auto suffix = std::lower_bound(m_suffixes.cbegin(), m_suffixes.cend(), part, isBefore);
+    for (; suffix != m_suffixes.cend() && found.size() < limit && compareStart(*suffix, part) == 0; ++suffix) {
+        const QString& symbol = m_run.at(rowOf(*suffix));
         if (!found.contains(symbol))
             found.append(symbol);
     }
-}
-
-void SymbolIndex::appendByCode(const QString& prefix, int limit, QStringList& found) const
-{
-    for (int i = firstNotBefore(prefix); i < m_byCode.size() && found.size() < limit; ++i) {
-        const int row = m_byCode.at(i);
-        if (!m_codes.at(row).startsWith(prefix))
-            return;
-        if (!found.contains(m_run.at(row)))
-            found.append(m_run.at(row));
-    }
-}
-
-void SymbolIndex::appendByName(const QString& part, int minLength, int limit, QStringList& found) const
-{
-    const Names& table = namesFor(minLength);
-    const auto isBefore = [&table](const Suffix& suffix, QStringView text) {
-        return suffixOf(table.names.at(suffix.row), suffix.from).compare(text) < 0;
-    };
-    const auto& all = table.suffixes;
-    auto suffix = std::lower_bound(all.cbegin(), all.cend(), QStringView(part), isBefore);
-    for (; suffix != all.cend() && found.size() < limit; ++suffix) {
-        if (!suffixOf(table.names.at(suffix->row), suffix->from).startsWith(part))
-            return;
-        if (!found.contains(m_run.at(suffix->row)))
-            found.append(m_run.at(suffix->row));
-    }
-}
-
-const SymbolIndex::Names& SymbolIndex::namesFor(int minLength) const
-{
-    const auto known = m_names.find(minLength);
-    if (known != m_names.end())
-        return known->second;
-    return m_names.emplace(minLength, readNames(minLength)).first->second;
-}
-
-SymbolIndex::Names SymbolIndex::readNames(int minLength) const
-{
-    Names table;
-    table.names.reserve(m_run.size());
-    for (int row = 0; row < m_run.size(); ++row) {
-        const QString name = searchForm(OrloBusinessDataInterface::GetSecurityChineseName(m_run.at(row)));
-        // A suffix shorter than the shortest search can never match.
-        for (int from = 0; from + qMax(1, minLength) <= name.size(); ++from)
-            table.suffixes.append({ row, from });
-        table.names.append(name);
-    }
-    std::sort(table.suffixes.begin(), table.suffixes.end(), [&table](const Suffix& a, const Suffix& b) {
-        const int order = suffixOf(table.names.at(a.row), a.from).compare(suffixOf(table.names.at(b.row), b.from));
-        return order != 0 ? order < 0 : a.row < b.row;
-    });
-    return table;
 }

@@ -3,45 +3,62 @@
 #include <QString>
 #include <QStringList>
 #include <QVector>
-#include <map>
-#include <memory>
+#include <atomic>
 
 /// What of a text or a symbol counts in a search: full-width letters and digits are the plain ones, case is not told.
 QString searchForm(const QString& text);
 
-/// One run of symbols, sorted for search by code, and by name where that is asked for. It is built when it is first
-/// searched; a search then costs the logarithm of the run's size.
+/// One run of symbols, sorted for search by code and by Chinese name. Both are prepared on a worker thread and may be
+/// searched once they are ready; a search then costs the logarithm of the run's size.
 class SymbolIndex {
 public:
-    /// The index of a run, one per run and process. Runs that share their data share the index.
-    static std::shared_ptr<const SymbolIndex> of(const QStringList& run);
-
     explicit SymbolIndex(const QStringList& run);
 
-    /// Appends the symbols that are `code` or begin with `code` and the dot before the market.
-    void appendExact(const QString& code, QStringList& found) const;
-    /// Appends symbols that begin with `prefix`, by code, until `found` holds `limit`. None is appended twice.
-    void appendByCode(const QString& prefix, int limit, QStringList& found) const;
-    /// Appends symbols whose Chinese name contains `part`, until `found` holds `limit`. `part` must have at least
-    /// `minLength` characters; the names are read when a length is first searched.
-    void appendByName(const QString& part, int minLength, int limit, QStringList& found) const;
+    /// Waits until no index is being prepared any more; see `SymbolIndexes`.
+    static void waitForFinished();
+
+    /// Called by the worker. Both leave early once `stop` was called; the index is then never ready.
+    void prepareCodes();
+    void prepareNames();
+    /// Allows the preparation, and ends it from any thread.
+    void begin() { m_stopped.store(false, std::memory_order_release); }
+    void stop() { m_stopped.store(true, std::memory_order_release); }
+
+    bool hasCodes() const { return m_hasCodes.load(std::memory_order_acquire); }
+    bool hasNames() const { return m_hasNames.load(std::memory_order_acquire); }
+
+    /// The following need `hasCodes`. Places are counted in the order of the codes.
+    int size() const { return m_byCode.size(); }
+    int firstNotBefore(const QString& code) const;
+    const QString& codeAt(int place) const { return m_codes.at(m_byCode.at(place)); }
+    const QString& symbolAt(int place) const { return m_run.at(m_byCode.at(place)); }
+
+    /// Appends symbols whose name contains `part`, until `found` holds `limit`. None is appended twice. Needs
+    /// `hasNames`; an empty part matches nothing.
+    void appendByName(const QString& part, int limit, QStringList& found) const;
 
 private:
     struct Suffix {
-        int row;
-        int from;
-    };
-    struct Names {
-        QVector<QString> names;
-        QVector<Suffix> suffixes;
+        quint64 head; ///< its first four characters, so that most comparisons need not look at the text
+        int position;
     };
 
-    const Names& namesFor(int minLength) const;
-    Names readNames(int minLength) const;
-    int firstNotBefore(const QString& prefix) const;
+    void keepGoing() const;
+    void sortCodes();
+    void readNames();
+    QVector<Suffix> suffixes() const;
+    void sortSuffixes();
+    bool isEarlier(const Suffix& a, const Suffix& b) const;
+    int compareStart(int position, const QString& part) const;
+    int rowOf(int position) const;
 
-    QStringList m_run;
+    const QStringList m_run;
     QVector<QString> m_codes; ///< search forms, by row
     QVector<int> m_byCode;    ///< rows, sorted by code
-    mutable std::map<int, Names> m_names;
+    QString m_names;          ///< search forms of all names, each with an end
+    QVector<int> m_starts;    ///< where in the names each row's begins
+    QVector<int> m_suffixes;  ///< every position within a name, sorted by what follows
+    std::atomic_bool m_stopped{ true };
+    std::atomic_bool m_hasCodes{ false };
+    std::atomic_bool m_hasNames{ false };
 };

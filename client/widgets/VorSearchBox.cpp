@@ -3,10 +3,11 @@
 #include "FieldHint.h"
 #include "OrloBusinessDataInterface.h"
 #include "SuggestionPopup.h"
-#include "SymbolIndex.h"
+#include "SymbolSearch.h"
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPointer>
+#include <optional>
 
 namespace {
 
@@ -27,33 +28,54 @@ QString shownRow(const QString& symbol)
     return symbol + QStringLiteral("  ") + OrloBusinessDataInterface::GetSecurityChineseName(symbol);
 }
 
+QString preparing()
+{
+    return VorSearchBox::tr("证券列表正在准备，请稍候");
+}
+
 } // namespace
 
 class VorSearchBox::Private : public QObject {
 public:
     explicit Private(VorSearchBox* box);
 
+    void setRuns(const QVector<QStringList>& list);
     void choose(const QString& symbol);
     void unchoose();
     void offer();
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-    QVector<QStringList> runs;
     QString symbol;
     int mode = byCodeAndName;
     int minLength = 1;
 
 private:
-    QStringList exactMatches(const QString& text) const;
-    QStringList matches(const QString& text, int limit) const;
+    /// What is to be done once the list can be searched, for the text that stood in the box.
+    enum class Later { Nothing, Offer, Settle };
+
+    QString typed() const { return searchForm(q->text().trimmed()); }
+    bool isLongEnough(const QString& text) const { return text.size() >= qMax(1, minLength); }
+    bool isWhole(const SymbolSearch& search) const;
+    QStringList matches(const SymbolSearch& search, const QString& text, int limit) const;
     bool isPending() const;
+    void present(const SymbolSearch& search, const QString& text);
     void settle();
     void announce();
 
+    void listen();
+    void wait(Later what, const SymbolSearch& search);
+    void stopWaiting();
+    void resume();
+
     VorSearchBox* q;
     SuggestionPopup* popup;
+    QVector<QStringList> runs;
     QStringList offered;
     bool writing = false;
+    Later later = Later::Nothing;
+    QString awaitedText;
+    std::optional<SymbolSearch::Stage> presented;
+    QMetaObject::Connection listening;
 };
 
 VorSearchBox::Private::Private(VorSearchBox* box)
@@ -66,25 +88,32 @@ VorSearchBox::Private::Private(VorSearchBox* box)
     connect(popup, &SuggestionPopup::rowChosen, this, [this](int row) { choose(offered.at(row)); });
 }
 
-QStringList VorSearchBox::Private::exactMatches(const QString& text) const
+void VorSearchBox::Private::setRuns(const QVector<QStringList>& list)
 {
-    QStringList found;
-    for (const QStringList& run : runs)
-        SymbolIndex::of(run)->appendExact(text, found);
-    return found;
+    runs = list;
+    const SymbolSearch begun(runs);
+    offered.clear();
+    popup->hide();
+    if (later == Later::Nothing)
+        return;
+    // What is awaited may be ready in the new list, and nothing would tell it.
+    presented.reset();
+    QMetaObject::invokeMethod(this, &Private::resume, Qt::QueuedConnection);
 }
 
-QStringList VorSearchBox::Private::matches(const QString& text, int limit) const
+bool VorSearchBox::Private::isWhole(const SymbolSearch& search) const
 {
-    if (text.size() < qMax(1, minLength))
+    return search.stage() >= (mode == byCodeAndName ? SymbolSearch::CodesAndNames : SymbolSearch::Codes);
+}
+
+QStringList VorSearchBox::Private::matches(const SymbolSearch& search, const QString& text, int limit) const
+{
+    if (!isLongEnough(text))
         return {};
-    QStringList found = exactMatches(text);
-    for (const QStringList& run : runs)
-        SymbolIndex::of(run)->appendByCode(text, limit, found);
-    if (mode != byCodeAndName)
-        return found;
-    for (const QStringList& run : runs)
-        SymbolIndex::of(run)->appendByName(text, minLength, limit, found);
+    QStringList found = search.exact(text);
+    search.appendByCode(text, limit, found);
+    if (mode == byCodeAndName)
+        search.appendByName(text, limit, found);
     return found;
 }
 
@@ -96,29 +125,49 @@ bool VorSearchBox::Private::isPending() const
 void VorSearchBox::Private::offer()
 {
     FieldHint::hideAt(q);
-    const QString text = searchForm(q->text().trimmed());
-    offered = matches(text, SuggestionPopup::mostRows);
+    listen();
+    const SymbolSearch search(runs);
+    const QString text = typed();
+    present(search, text);
+    if (isWhole(search) || !isLongEnough(text))
+        stopWaiting();
+    else
+        wait(Later::Offer, search);
+    if (offered.isEmpty() && isLongEnough(text))
+        FieldHint::showAt(q, isWhole(search) ? VorSearchBox::tr("没有匹配的证券") : preparing());
+}
+
+/// Opens the list with what the search finds. A row that the trader has marked stays marked.
+void VorSearchBox::Private::present(const SymbolSearch& search, const QString& text)
+{
+    const bool resumed = later != Later::Nothing && q->text() == awaitedText;
+    const QString kept = resumed ? offered.value(popup->markedRow()) : QString();
+    offered = matches(search, text, SuggestionPopup::mostRows).mid(0, SuggestionPopup::mostRows);
     QStringList rows;
-    const QStringList shown = offered.mid(0, SuggestionPopup::mostRows);
-    for (const QString& match : shown)
+    for (const QString& match : qAsConst(offered))
         rows.append(shownRow(match));
-    const bool sure = offered.size() == 1 || (!offered.isEmpty() && exactMatches(text).size() == 1);
-    popup->offer(rows, sure ? 0 : -1);
-    if (rows.isEmpty() && text.size() >= qMax(1, minLength))
-        FieldHint::showAt(q, VorSearchBox::tr("没有匹配的证券"));
+    const bool sure =
+        (offered.size() == 1 && isWhole(search)) || (!offered.isEmpty() && search.exact(text).size() == 1);
+    popup->offer(rows, kept.isEmpty() ? (sure ? 0 : -1) : offered.indexOf(kept));
 }
 
 /// Enter or leaving the field: what is typed becomes a choice if it can mean one security only.
 void VorSearchBox::Private::settle()
 {
-    const QString text = searchForm(q->text().trimmed());
-    const QStringList exact = matches(text, 1).isEmpty() ? QStringList() : exactMatches(text);
-    const QStringList found = exact.size() == 1 ? exact : matches(text, 2);
-    if (found.size() == 1) {
-        choose(found.first());
+    listen();
+    const SymbolSearch search(runs);
+    const QString text = typed();
+    const QStringList exact = isLongEnough(text) ? search.exact(text) : QStringList();
+    const QStringList found = exact.size() == 1 ? exact : matches(search, text, 2);
+    if (isLongEnough(text) && exact.size() != 1 && !isWhole(search)) {
+        wait(Later::Settle, search);
+        FieldHint::showAt(q, preparing());
         return;
     }
-    if (!found.isEmpty())
+    stopWaiting();
+    if (found.size() == 1)
+        choose(found.first());
+    else if (!found.isEmpty())
         FieldHint::showAt(q, VorSearchBox::tr("有多只证券匹配，请从列表中选择"));
     else if (text.size() < minLength)
         FieldHint::showAt(q, VorSearchBox::tr("请至少输入%1个字符").arg(minLength));
@@ -126,8 +175,54 @@ void VorSearchBox::Private::settle()
         FieldHint::showAt(q, VorSearchBox::tr("没有匹配的证券"));
 }
 
+/// To be called before looking at what is ready: what gets ready afterwards is then heard of.
+void VorSearchBox::Private::listen()
+{
+    if (!listening)
+        listening = connect(&SymbolIndexes::instance(), &SymbolIndexes::advanced, this, &Private::resume);
+}
+
+void VorSearchBox::Private::wait(Later what, const SymbolSearch& search)
+{
+    later = what;
+    awaitedText = q->text();
+    presented = search.stage();
+}
+
+void VorSearchBox::Private::stopWaiting()
+{
+    later = Later::Nothing;
+    disconnect(listening);
+    listening = QMetaObject::Connection();
+}
+
+/// More of the list can be searched. A list that the trader has closed in the meantime stays closed.
+void VorSearchBox::Private::resume()
+{
+    if (later == Later::Nothing)
+        return;
+    if (!isPending() || q->text() != awaitedText) {
+        stopWaiting();
+        return;
+    }
+    const SymbolSearch search(runs);
+    if (search.stage() == presented)
+        return;
+    const bool settles = later == Later::Settle;
+    const bool closed = !offered.isEmpty() && !popup->isVisible();
+    if (q->hasFocus() && !closed)
+        offer();
+    else
+        wait(later, search);
+    if (settles)
+        settle();
+    else if (isWhole(search))
+        stopWaiting();
+}
+
 void VorSearchBox::Private::choose(const QString& chosen)
 {
+    stopWaiting();
     popup->hide();
     FieldHint::hideAt(q);
     const bool changed = symbol != chosen;
@@ -190,7 +285,7 @@ VorSearchBox::~VorSearchBox() = default;
 
 void VorSearchBox::setSecurityList(const SymbolList& symbols)
 {
-    d->runs = symbols.runs();
+    d->setRuns(symbols.runs());
 }
 
 void VorSearchBox::setSearchMode(int mode)

@@ -3,6 +3,24 @@
 #include "OrloBusinessDataInterface.h"
 #include "services/Signatures.h"
 
+#include <QCoreApplication>
+#include <QThread>
+
+namespace {
+
+std::mutex& gate()
+{
+    static std::mutex mutex;
+    return mutex;
+}
+
+} // namespace
+
+HeldNames::HeldNames()
+    : m_lock(gate())
+{
+}
+
 WidgetServices& WidgetServices::instance()
 {
     static WidgetServices services;
@@ -11,6 +29,9 @@ WidgetServices& WidgetServices::instance()
 
 QString OrloBusinessDataInterface::GetSecurityChineseName(const QString& symbol)
 {
+    std::unique_lock<std::mutex> passed(gate(), std::defer_lock);
+    if (QThread::currentThread() != qApp->thread())
+        passed.lock();
     ++WidgetServices::instance().nameLookups;
     return WidgetServices::instance().names.value(symbol);
 }

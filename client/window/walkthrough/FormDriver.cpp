@@ -124,9 +124,11 @@ void FormDriver::enterSymbol(const QString& symbol)
         return;
     typeCharacters(box, symbol);
     QTest::keyClick(box, Qt::Key_Return);
+    // Right after the start the list may still be in preparation.
+    const bool chosen = QTest::qWaitFor([box, symbol] { return box->getSymbol() == symbol; });
     QTest::keyClick(box, Qt::Key_Tab);
     QApplication::processEvents();
-    if (box->getSymbol() != symbol)
+    if (!chosen || box->getSymbol() != symbol)
         m_problems << QStringLiteral("未能选择证券“%1”").arg(symbol);
 }
 
