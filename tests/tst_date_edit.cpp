@@ -102,11 +102,14 @@ void DateEditTest::theModeSaysWhichFieldsAreShown()
     QVERIFY(child<QLineEdit>("le_start")->isVisible());
     QVERIFY(child<QLineEdit>("le_end")->isVisible());
     QVERIFY(!child<QLineEdit>("le_date")->isVisible());
-    QCOMPARE(m_edit->findChildren<QTimeEdit*>().size(), 3);
-    QVERIFY(!m_edit->findChild<QTimeEdit*>()->isVisible());
+    QCOMPARE(m_edit->findChildren<QTimeEdit*>().size(), 0);
     m_edit->SetMode(0, true);
     QVERIFY(!child<QLineEdit>("le_start")->isVisible());
     QVERIFY(child<QLineEdit>("le_date")->isVisible());
+    const auto* const time = child<QLineEdit>("le_date")->parentWidget()->findChild<QTimeEdit*>();
+    QVERIFY(time && time->isVisible());
+    m_edit->SetMode(0, false);
+    QVERIFY(!time->isVisible());
 }
 
 void DateEditTest::whatIsSetIsShownAndNeverMoved()

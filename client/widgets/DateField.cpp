@@ -19,7 +19,6 @@ DateField::DateField(const QString& objectName, const QString& title, QWidget* p
     : QWidget(parent)
     , m_edit(new QLineEdit(this))
     , m_button(new QToolButton(this))
-    , m_time(new QTimeEdit(this))
     , m_refusal([](const QDate& date) { return DateRules().refusal(date); })
 {
     m_edit->setObjectName(QStringLiteral("le_") + objectName);
@@ -34,15 +33,11 @@ DateField::DateField(const QString& objectName, const QString& title, QWidget* p
     m_button->setAccessibleName(title + tr("日历"));
     m_button->setFocusPolicy(Qt::StrongFocus);
     m_button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
-    m_time->setDisplayFormat(QStringLiteral("HH:mm:ss"));
-    m_time->setAccessibleName(title + tr("的时间"));
-    m_time->setVisible(false);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
     row->addWidget(m_edit, 1);
     row->addWidget(m_button);
-    row->addWidget(m_time);
     setFocusProxy(m_edit);
     connect(m_button, &QToolButton::clicked, this, &DateField::openCalendar);
     connect(m_edit, &QLineEdit::textEdited, this, [this] { FieldHint::hideAt(this); });
@@ -67,7 +62,14 @@ QDate DateField::date() const
 
 void DateField::setTimeShown(bool shown)
 {
-    m_time->setVisible(shown);
+    if (shown && !m_time) {
+        m_time = new QTimeEdit(this);
+        m_time->setDisplayFormat(QStringLiteral("HH:mm:ss"));
+        m_time->setAccessibleName(m_edit->accessibleName() + tr("的时间"));
+        layout()->addWidget(m_time);
+    }
+    if (m_time)
+        m_time->setVisible(shown);
 }
 
 void DateField::updateMark()

@@ -40,7 +40,7 @@ private:
 
     QLineEdit* m_edit;
     QToolButton* m_button;
-    QTimeEdit* m_time;
+    QTimeEdit* m_time = nullptr; ///< null until the time is first shown
     QPointer<CalendarPopup> m_calendar;
     CalendarPopup::Refusal m_refusal;
     QDate m_date;
