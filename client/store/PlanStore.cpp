@@ -78,14 +78,15 @@ StoredPlan PlanStore::plan(const QString& planId)
     const auto number = PlanId::toNumber(planId);
     if (!number)
         return StoredPlan();
-    return read(QStringLiteral("WHERE number = ?"), { *number }).value(0);
+    return read(QStringLiteral("number = ?"), { *number }).value(0);
 }
 
 QVector<StoredPlan> PlanStore::page(int offset, int limit)
 {
     if (offset < 0 || limit < 1)
         return {};
-    return read(QStringLiteral("ORDER BY number DESC LIMIT ? OFFSET ?"), { limit, offset });
+    return read(QStringLiteral("number IN (SELECT number FROM plans ORDER BY number DESC LIMIT ? OFFSET ?)"),
+        { limit, offset });
 }
 
 int PlanStore::count()
@@ -137,27 +138,32 @@ QString PlanStore::writeFields(qint64 number, const Record& record)
     return QString();
 }
 
+// One statement for plans and fields; a plan's rows, one for each field, stand together.
 QVector<StoredPlan> PlanStore::read(const QString& condition, const QVariantList& values)
 {
     QSqlQuery query = m_database.query(
-        QStringLiteral("SELECT number, version, creator, created_time, changed_time, other_param FROM plans ")
-            + condition,
+        QStringLiteral("SELECT number, key, value, version, creator, created_time, changed_time, other_param FROM plans"
+                       " LEFT JOIN plan_fields ON plan = number WHERE %1 ORDER BY number DESC")
+            .arg(condition),
         values);
     QVector<StoredPlan> plans;
+    qint64 last = 0;
     while (query.next()) {
-        StoredPlan plan{ PlanId::fromNumber(query.value(0).toLongLong()), query.value(1).toInt(),
-            query.value(2).toString(), timeOf(query.value(3)), timeOf(query.value(4)), {} };
-        if (!query.value(5).isNull())
-            plan.record.insert(m_otherParamKey, query.value(5).toString());
-        readFields(plan, query.value(0).toLongLong());
-        plans << plan;
+        const qint64 number = query.value(0).toLongLong();
+        if (plans.isEmpty() || number != last)
+            plans << planOf(query);
+        last = number;
+        if (!query.value(1).isNull())
+            plans.last().record.insert(query.value(1).toString(), query.value(2).toString());
     }
     return plans;
 }
 
-void PlanStore::readFields(StoredPlan& plan, qint64 number)
+StoredPlan PlanStore::planOf(const QSqlQuery& row) const
 {
-    QSqlQuery query = m_database.query(QStringLiteral("SELECT key, value FROM plan_fields WHERE plan = ?"), { number });
-    while (query.next())
-        plan.record.insert(query.value(0).toString(), query.value(1).toString());
+    StoredPlan plan{ PlanId::fromNumber(row.value(0).toLongLong()), row.value(3).toInt(), row.value(4).toString(),
+        timeOf(row.value(5)), timeOf(row.value(6)), {} };
+    if (!row.value(7).isNull())
+        plan.record.insert(m_otherParamKey, row.value(7).toString());
+    return plan;
 }

@@ -56,7 +56,7 @@ private:
     QVariant otherParamOf(const Record& record) const;
     QString writeFields(qint64 number, const Record& record);
     QVector<StoredPlan> read(const QString& condition, const QVariantList& values);
-    void readFields(StoredPlan& plan, qint64 number);
+    StoredPlan planOf(const QSqlQuery& row) const;
 
     Database& m_database;
     const QString m_otherParamKey;
