@@ -23,6 +23,7 @@
 #include "Today.h"
 #include "ui_AutoParamSetting.h"
 #include <QDebug>
+#include <QLoggingCategory>
 #include <QPointer>
 
 namespace {
@@ -247,17 +248,30 @@ Verdict algorithmTakesPriceMode(const CheckedPlan& plan)
     return warning(AutoParamSetting::tr("%1算法不支持不限价，请重新设置！").arg(alias));
 }
 
-/// What one instruction has used of the plan: what was filled once it has ended, what was issued while it runs.
+double numberOf(const FieldMap& fields, const QString& key)
+{
+    const auto field = fields.constFind(key);
+    return field == fields.cend() ? 0 : field->toDouble();
+}
+
+bool holdsText(const FieldMap& fields, const QString& key, const QString& text)
+{
+    const auto field = fields.constFind(key);
+    return field != fields.cend() && field->toString() == text;
+}
+
+/// What one instruction has used of the plan: what was filled once it has ended, what was issued while it runs. A plan
+/// can have thousands of instructions, so what only the log would show is not worked out when nobody reads it.
 double usedByInstruction(const QString& planId, const QString& instructionId, const FieldMap& fields, double sumBefore)
 {
-    const bool ended = fields.value(AutoPlanFieldId::InstructionEnded).toString() == InstructionHasEnded;
-    const bool byAmount = fields.value(AutoPlanFieldId::TargetType).toString() == InstructionTargetType::AmountOrder;
-    const double filled =
-        fields.value(byAmount ? Orlo_Fields::Security::cumAmount : AutoPlanFieldId::FilledQty).toDouble();
-    const double issued =
-        fields.value(byAmount ? AutoPlanFieldId::IssuedAmount : AutoPlanFieldId::IssuedQty).toDouble();
-    const double sum = sumBefore + (ended ? filled : issued);
-    qDebug() << "AutoParamSetting::checkParam" << planId << instructionId << ended << filled << issued << sum;
+    const bool ended = holdsText(fields, AutoPlanFieldId::InstructionEnded, InstructionHasEnded);
+    const bool byAmount = holdsText(fields, AutoPlanFieldId::TargetType, InstructionTargetType::AmountOrder);
+    const QString& filled = byAmount ? Orlo_Fields::Security::cumAmount : AutoPlanFieldId::FilledQty;
+    const QString& issued = byAmount ? AutoPlanFieldId::IssuedAmount : AutoPlanFieldId::IssuedQty;
+    const double sum = sumBefore + numberOf(fields, ended ? filled : issued);
+    if (QLoggingCategory::defaultCategory()->isDebugEnabled())
+        qDebug() << "AutoParamSetting::checkParam" << planId << instructionId << ended << numberOf(fields, filled)
+                 << numberOf(fields, issued) << sum;
     return sum;
 }
 

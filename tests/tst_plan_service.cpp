@@ -108,6 +108,7 @@ private Q_SLOTS:
     void a_new_plan_is_read_back_as_it_was_sent();
     void a_new_plan_is_announced_once();
     void a_plan_that_is_acknowledged_survives_the_next_start();
+    void instructions_are_known_as_they_are_whoever_changes_them();
     void a_record_that_does_not_fit_is_refused_with_a_reason_data();
     void a_record_that_does_not_fit_is_refused_with_a_reason();
     void other_parameters_that_do_not_fit_are_refused_data();
@@ -193,6 +194,28 @@ void TestPlanService::a_plan_that_is_acknowledged_survives_the_next_start()
     QCOMPARE(m_session->reopen(), QString());
     QVERIFY(!before.isEmpty());
     QCOMPARE(service().GetPlanInfo(id), before);
+}
+
+void TestPlanService::instructions_are_known_as_they_are_whoever_changes_them()
+{
+    const QString id = m_session->create(SampleSession::record());
+    QCOMPARE(service().GetPlanInstruction(id).size(), 0);
+
+    const Record running{ { FieldId::EndState, EndState::Running } };
+    const QString first = ClientSession::instance().instructions().add(id, SampleSession::today(), running).id;
+    QCOMPARE(service().GetPlanInstruction(id).keys(), QStringList{ first });
+    QCOMPARE(service().GetPlanInstruction(id).value(first), running);
+
+    const Record ended{ { FieldId::EndState, EndState::Ended } };
+    QCOMPARE(ClientSession::instance().instructions().update(id, first, ended), QString());
+    QCOMPARE(service().GetPlanInstruction(id).value(first), ended);
+
+    Database other;
+    QCOMPARE(other.open(m_session->file()), QString());
+    const QString second = InstructionStore(other).add(id, SampleSession::today(), running).id;
+    QCOMPARE(service().GetPlanInstruction(id).keys(), (QStringList{ first, second }));
+    QCOMPARE(service().GetPlanInstruction(QStringLiteral("AP99999999")).size(), 0);
+    QCOMPARE(service().GetPlanInstruction(id).size(), 2);
 }
 
 void TestPlanService::a_record_that_does_not_fit_is_refused_with_a_reason_data()

@@ -9,10 +9,14 @@
 #include "services/TradeDates.h"
 
 #include <QDateTime>
+#include <QTimer>
+#include <chrono>
 
 namespace BaseField = AutoPlanField::BaseField;
 
 namespace {
+
+constexpr std::chrono::milliseconds untilFormStands(200);
 
 QString notLoggedIn()
 {
@@ -42,6 +46,13 @@ void queryAverages(AutoPlanLogic* service, const QString& symbol)
         answerWithoutAverages(service, symbol, QStringLiteral("证券“%1”不存在").arg(symbol));
     else
         session.askMovingAverages(symbol);
+}
+
+// Whoever looks at a plan is likely to change it, and a change is checked against the plan's instructions, of which
+// there may be thousands. They are read once what is being opened stands.
+void readInstructionsAhead(AutoPlanLogic* service, const QString& planId)
+{
+    QTimer::singleShot(untilFormStands, service, [planId] { ClientSession::instance().instructionsOf(planId); });
 }
 
 } // namespace
@@ -102,8 +113,10 @@ QMap<QString, QVariant> AutoPlanLogic::GetPlanInfo(QString planId)
     QMap<QString, QVariant> record;
     if (session.isOpen())
         record = session.plans().record(planId);
-    if (!record.isEmpty())
-        record.insert(BaseField::autoPlanId, planId);
+    if (record.isEmpty())
+        return record;
+    record.insert(BaseField::autoPlanId, planId);
+    readInstructionsAhead(this, planId);
     return record;
 }
 
@@ -115,10 +128,7 @@ QMap<QString, QVariant> AutoPlanLogic::GetPlanOtherParamFromPlanInfo(const QMap<
 
 QMap<QString, QMap<QString, QVariant>> AutoPlanLogic::GetPlanInstruction(QString planId)
 {
-    ClientSession& session = ClientSession::instance();
-    if (!session.isOpen())
-        return {};
-    return session.instructions().ofPlan(planId);
+    return ClientSession::instance().instructionsOf(planId);
 }
 
 QList<QDate> AutoPlanLogic::GetTradeDateList(const QString& exchange, QString& error)

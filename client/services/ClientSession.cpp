@@ -81,6 +81,7 @@ void ClientSession::close()
 {
     m_open = false;
     m_averages.reset();
+    m_instructions = KnownInstructions();
     m_texts.clear();
     m_unsigned.clear();
     m_accounts.clear();
@@ -102,6 +103,16 @@ PlanStore ClientSession::plans()
 InstructionStore ClientSession::instructions()
 {
     return InstructionStore(m_database);
+}
+
+QMap<QString, InstructionStore::Fields> ClientSession::instructionsOf(const QString& planId)
+{
+    if (!m_open)
+        return {};
+    const QString mark = m_database.contentsMark();
+    if (mark.isEmpty() || mark != m_instructions.mark || planId != m_instructions.plan)
+        m_instructions = { planId, mark, instructions().ofPlan(planId) };
+    return m_instructions.instructions;
 }
 
 QString ClientSession::staticText(const QString& category, const QString& key)

@@ -46,6 +46,10 @@ public:
     PlanStore plans();
     InstructionStore instructions();
 
+    /// Instructions of a plan as the store has them. Those of the plan that was asked for last are remembered until the
+    /// database changes.
+    QMap<QString, InstructionStore::Fields> instructionsOf(const QString& planId);
+
     /// A static text of the database; empty when there is none. Remembered until the session is closed.
     QString staticText(const QString& category, const QString& key);
     /// Clients of the user's accounts who have not signed an agreement. Remembered until something is signed.
@@ -56,6 +60,13 @@ public:
     bool askMovingAverages(const QString& symbol);
 
 private:
+    /// Instructions with what the database was when they were read.
+    struct KnownInstructions {
+        QString plan;
+        QString mark;
+        QMap<QString, InstructionStore::Fields> instructions;
+    };
+
     ClientSession();
     ~ClientSession();
 
@@ -74,6 +85,7 @@ private:
     std::unique_ptr<const Market> m_market;
     AccountDirectory m_accounts;
     std::unique_ptr<MovingAverageDesk> m_averages;
+    KnownInstructions m_instructions;
     QHash<QPair<QString, QString>, QString> m_texts;
     QHash<QString, QStringList> m_unsigned;
 };

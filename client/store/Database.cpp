@@ -76,6 +76,7 @@ void Database::close()
 {
     if (!m_connection.isValid())
         return;
+    m_mark = QSqlQuery();
     m_connection.close();
     m_connection = QSqlDatabase();
     QSqlDatabase::removeDatabase(m_connectionName);
@@ -216,6 +217,17 @@ QString Database::executePrepared(QSqlQuery& statement, const QVariantList& valu
         statement.exec();
     }
     return reasonOf(statement);
+}
+
+QString Database::contentsMark()
+{
+    if (m_mark.lastQuery().isEmpty())
+        m_mark = prepare(QStringLiteral("SELECT total_changes() || '/' || data_version FROM pragma_data_version"));
+    if (!executePrepared(m_mark, {}).isEmpty() || !m_mark.next())
+        return QString();
+    const QString mark = m_mark.value(0).toString();
+    m_mark.finish();
+    return mark;
 }
 
 QString Database::reasonOf(const QSqlQuery& query)

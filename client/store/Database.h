@@ -37,6 +37,9 @@ public:
     /// A statement prepared once to be run many times; see `executePrepared`.
     QSqlQuery prepare(const QString& statement);
     static QString executePrepared(QSqlQuery& statement, const QVariantList& values);
+    /// A mark of what the file holds: equal marks mean equal contents. It changes with every change by this connection
+    /// and with every commit of another one. Empty when it cannot be told.
+    QString contentsMark();
     /// Why `query` failed, empty when it did not.
     static QString reasonOf(const QSqlQuery& query);
 
@@ -50,5 +53,6 @@ private:
 
     const QString m_connectionName;
     QSqlDatabase m_connection;
+    QSqlQuery m_mark; ///< prepared when it is first asked
     bool m_inTransaction = false;
 };

@@ -1,6 +1,7 @@
 #include "store/InstructionStore.h"
 
 #include "store/PlanId.h"
+#include "store/SharedTexts.h"
 
 namespace {
 
@@ -89,13 +90,17 @@ QMap<QString, InstructionStore::Fields> InstructionStore::read(const QString& pl
     QSqlQuery query =
         m_database.query(QStringLiteral("SELECT i.id, f.key, f.value FROM plan_instructions AS i"
                                         " LEFT JOIN instruction_fields AS f ON f.plan = i.plan AND f.id = i.id"
-                                        " WHERE i.plan = ? AND (? = '' OR i.day = ?)"),
+                                        " WHERE i.plan = ? AND (? = '' OR i.day = ?) ORDER BY i.id, f.key"),
             { *plan, day, day });
     QMap<QString, Fields> instructions;
+    SharedTexts texts;
+    auto instruction = instructions.end();
     while (query.next()) {
-        Fields& fields = instructions[query.value(0).toString()];
+        const QString id = query.value(0).toString();
+        if (instruction == instructions.end() || instruction.key() != id)
+            instruction = instructions.insert(instructions.cend(), id, Fields());
         if (!query.value(1).isNull())
-            fields.insert(query.value(1).toString(), query.value(2).toString());
+            instruction->insert(instruction->cend(), texts.share(query.value(1)), texts.share(query.value(2)));
     }
     return instructions;
 }

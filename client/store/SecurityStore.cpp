@@ -1,21 +1,7 @@
 #include "store/SecurityStore.h"
 
 #include "market/CloseCodec.h"
-
-#include <QSet>
-
-namespace {
-
-/// Hands out one shared copy of texts that many securities have in common.
-class SharedTexts {
-public:
-    QString share(const QVariant& text) { return *m_texts.insert(text.toString()); }
-
-private:
-    QSet<QString> m_texts;
-};
-
-} // namespace
+#include "store/SharedTexts.h"
 
 SecurityStore::SecurityStore(Database& database)
     : m_database(database)

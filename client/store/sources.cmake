@@ -9,6 +9,7 @@ target_sources(plandesk_platform PRIVATE
     store/PositionStore.cpp
     store/Schema.cpp
     store/SecurityStore.cpp
+    store/SharedTexts.h
     store/StaticTextStore.cpp
     store/StrategyStore.cpp
     store/TradeDayStore.cpp
