@@ -37,6 +37,8 @@ MEMORY_LIMIT = 8 << 30
 
 # The tests that touch a file first; all others follow in the order of TESTS, the slow ones last.
 FIRST_TESTS = {
+    "Accessibility.cpp": ["tst_field_names"],
+    "Accessibility.h": ["tst_field_names"],
     "AccountFields.cpp": ["tst_account_fields"],
     "AgreementDialog.cpp": ["tst_submission", "tst_type_fields", "tst_account_fields"],
     "AlgorithmParameters.cpp": ["tst_algorithm_parameters"],
@@ -72,6 +74,7 @@ TESTS = [
     "tst_algorithm_parameters",
     "tst_plan_record",
     "tst_price_fields",
+    "tst_field_names",
     "tst_form",
     "tst_type_fields",
     "tst_plan_loading",

@@ -1,0 +1,165 @@
+#include "EditorTest.h"
+#include "InstructionTargetType.h"
+#include "PlanVocabulary.h"
+#include "VorSearchBox.h"
+
+#include <QLabel>
+#include <QMap>
+#include <QtTest>
+
+namespace {
+
+QString words(const char* text)
+{
+    return QString::fromUtf8(text);
+}
+
+/// What a screen reader says of one field.
+struct Spoken {
+    const char* field;
+    const char* caption;
+    const char* name;
+    const char* description;
+};
+
+constexpr Spoken spoken[] = {
+    { "combx_fundAccount", "la_fundAccountName", "账户名称", "计划所用的资金账户" },
+    { "combx_instructionType", "la_instructType", "指令类型", "可选的类型取决于账户的权限" },
+    { "combx_instructionTargetType", "label", "指令单类型", "目标按数量还是按金额填写" },
+    { "combx_planType", "la_plainType", "计划类型", "目标如何分配到各个交易日" },
+    { "le_symbol", "la_securityId", "证券代码", "输入代码或名称，从列表中选择证券" },
+    { "le_exchange", "la_exchange", "市场", "随所选证券显示，不能修改" },
+    { "combx_tradeSide", "la_tradeSide", "交易方向", "可选的方向取决于指令类型和计划类型" },
+    { "combx_priceType", "la_priceType", "报价类型", "港股通委托的报价类型" },
+    { "combx_entrustType", "la_entrustType", "委托类别", "委托的业务类别" },
+    { "combx_priceMode", "la_priceMode", "价格模式", "委托价格如何确定" },
+    { "lineEdit_price1", "label_price1", "价格", "价格或价格公式，单位：元" },
+    { "lineEdit_price2", "label_price2", "价格2", "价格或价格公式，单位：元" },
+    { "le_targetTotalNum", "la_targetTotalNum", "目标总量", "单位：股" },
+    { "le_entrustMaxNum", "la_entrustMaxNum", "每日最大委托量", "单位：股" },
+    { "le_reduceHRatio", "la_reduceHRatio", "减持占比", "0到1之间的比例" },
+    { "combx_instructionMode", "la_orderMode", "下单模式", "指令如何管理和复核" },
+    { "combx_assignTo", "la_assignTo", "分配给", "执行指令的用户" },
+    { "date_effectivePeriod_Multi", "la_effectivePeriod", "生效时段", "计划生效的交易日" },
+    { "combx_reduceHMode", "la_reduceHMode", "减持模式", "减持须遵守的限制" },
+    { "le_remark", "la_remark", "备注", "可不填写" },
+};
+
+} // namespace
+
+/// What a screen reader says of the form: the names that captions give to fields, and the fields' descriptions.
+class FieldNamesTest : public EditorTest {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void each_field_is_named_after_its_caption_and_described_data();
+    void each_field_is_named_after_its_caption_and_described();
+    void no_other_label_is_a_caption();
+    void the_single_date_has_the_caption_of_the_period();
+    void buttons_are_described();
+    void the_period_is_that_of_the_date_which_is_shown();
+    void names_follow_the_captions();
+    void the_unit_is_told_with_the_quantities();
+    void the_step_is_told_where_its_label_is_narrow();
+};
+
+void FieldNamesTest::each_field_is_named_after_its_caption_and_described_data()
+{
+    QTest::addColumn<int>("index");
+    for (int i = 0; i < int(std::size(spoken)); ++i)
+        QTest::newRow(spoken[i].field) << i;
+}
+
+void FieldNamesTest::each_field_is_named_after_its_caption_and_described()
+{
+    QFETCH(int, index);
+    const Spoken& of = spoken[index];
+    construct();
+    const auto* const named = field<QWidget>(editor(), of.field);
+    QCOMPARE(field<QLabel>(editor(), of.caption)->buddy(), named);
+    QCOMPARE(named->accessibleName(), words(of.name));
+    QCOMPARE(named->accessibleDescription(), words(of.description));
+}
+
+void FieldNamesTest::no_other_label_is_a_caption()
+{
+    construct();
+    int captions = 0;
+    for (const QLabel* const label : editor().findChildren<QLabel*>())
+        captions += label->buddy() ? 1 : 0;
+    QCOMPARE(captions, int(std::size(spoken)));
+}
+
+void FieldNamesTest::the_single_date_has_the_caption_of_the_period()
+{
+    construct();
+    const auto* const date = field<QWidget>(editor(), "date_effectivePeriod_Single");
+    QCOMPARE(date->accessibleName(), words("生效时段"));
+    QCOMPARE(date->accessibleDescription(), words("计划生效的交易日"));
+}
+
+void FieldNamesTest::buttons_are_described()
+{
+    construct();
+    const auto description = [this](
+                                 const char* name) { return field<QWidget>(editor(), name)->accessibleDescription(); };
+    QCOMPARE(description("btn_algoParamSetting"), words("选择算法并填写其参数"));
+    QCOMPARE(description("btn_ok"), words("检查并提交计划"));
+    QCOMPARE(description("btn_cancel"), words("不提交计划，关闭"));
+}
+
+void FieldNamesTest::the_period_is_that_of_the_date_which_is_shown()
+{
+    script().addOrdinaryAccount(QStringLiteral("acc1"));
+    construct();
+    const auto* const caption = field<QLabel>(editor(), "la_effectivePeriod");
+    choose(editor(), "combx_planType", AutoPlanTemplate::ReduceHoldings);
+    QCOMPARE(caption->buddy(), field<QWidget>(editor(), "date_effectivePeriod_Single"));
+    choose(editor(), "combx_planType", AutoPlanTemplate::CumulativeQty);
+    QCOMPARE(caption->buddy(), field<QWidget>(editor(), "date_effectivePeriod_Multi"));
+}
+
+void FieldNamesTest::names_follow_the_captions()
+{
+    script().addOrdinaryAccount(QStringLiteral("acc1"));
+    construct();
+    const auto name = [this](const char* of) { return field<QWidget>(editor(), of)->accessibleName(); };
+    choose(editor(), "combx_priceMode", AutoPlanPriceModel::CompareMax);
+    QCOMPARE(name("lineEdit_price1"), words("价格1"));
+    choose(editor(), "combx_priceMode", AutoPlanPriceModel::Custom);
+    QCOMPARE(name("lineEdit_price1"), words("价格"));
+    choose(editor(), "combx_planType", AutoPlanTemplate::SameElements);
+    QCOMPARE(name("le_entrustMaxNum"), words("每日计划量"));
+    choose(editor(), "combx_planType", AutoPlanTemplate::ReduceHoldings);
+    QCOMPARE(name("le_entrustMaxNum"), words("每日最大委托量"));
+    QCOMPARE(name("combx_assignTo"), words("执行人"));
+    choose(editor(), "combx_planType", AutoPlanTemplate::AverageQty);
+    QCOMPARE(name("combx_assignTo"), words("分配给"));
+}
+
+void FieldNamesTest::the_unit_is_told_with_the_quantities()
+{
+    script().ruleProperty = AutoPlanRuleProperty::Review;
+    script().addOrdinaryAccount(QStringLiteral("acc1"));
+    construct();
+    choose(editor(), "combx_instructionTargetType", InstructionTargetType::AmountOrder);
+    for (const char* const name : { "le_targetTotalNum", "le_entrustMaxNum" })
+        QCOMPARE(field<QWidget>(editor(), name)->accessibleDescription(), words("单位：元"));
+}
+
+void FieldNamesTest::the_step_is_told_where_its_label_is_narrow()
+{
+    script().addHkStock(QStringLiteral("00700.K_HK"), 2000);
+    script().addStock(QStringLiteral("600000.K_SH"));
+    construct();
+    auto* const search = field<VorSearchBox>(editor(), "le_symbol");
+    search->setSymbol(QStringLiteral("00700.K_HK"));
+    for (const char* const name : { "label_targetQtyStep", "label_maxEntrustQtyStep" })
+        QCOMPARE(field<QLabel>(editor(), name)->toolTip(), words("应为2000的整数倍"));
+    search->setSymbol(QStringLiteral("600000.K_SH"));
+    for (const char* const name : { "label_targetQtyStep", "label_maxEntrustQtyStep" })
+        QCOMPARE(field<QLabel>(editor(), name)->toolTip(), QString());
+}
+
+QTEST_MAIN(FieldNamesTest)
+#include "tst_field_names.moc"
