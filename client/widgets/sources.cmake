@@ -42,6 +42,10 @@ set(widget_sources
     SuggestionPopup.h
     SymbolIndex.cpp
     SymbolIndex.h
+    SymbolIndexes.cpp
+    SymbolIndexes.h
+    SymbolSearch.cpp
+    SymbolSearch.h
     VorSearchBox.cpp
     skins.qrc)
 list(TRANSFORM widget_sources PREPEND ${PROJECT_SOURCE_DIR}/client/widgets/)
