@@ -4,6 +4,8 @@
 
 class IVorSkin {
 public:
-    virtual ~IVorSkin() = default;
     virtual void loadSkin(const QVariant& skin) = 0;
+
+protected:
+    ~IVorSkin() = default;
 };
