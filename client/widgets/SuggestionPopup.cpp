@@ -3,10 +3,25 @@
 #include "EvenRowDelegate.h"
 #include "PopupPlace.h"
 #include <QKeyEvent>
+#include <algorithm>
 
 namespace {
 
 constexpr int rowsAtOnce = 10;
+
+/// How wide a text is, in halves of a Chinese character; measuring it would cost a layout.
+int roughWidth(const QString& text)
+{
+    constexpr ushort firstWide = 0x1100;
+    const auto wide = std::count_if(text.cbegin(), text.cend(), [](QChar c) { return c.unicode() >= firstWide; });
+    return text.size() + static_cast<int>(wide);
+}
+
+int widestOf(const QStringList& rows)
+{
+    const auto isNarrower = [](const QString& a, const QString& b) { return roughWidth(a) < roughWidth(b); };
+    return static_cast<int>(std::max_element(rows.cbegin(), rows.cend(), isNarrower) - rows.cbegin());
+}
 
 bool isEnter(int key)
 {
@@ -38,19 +53,39 @@ SuggestionPopup::SuggestionPopup(QLineEdit* edit)
 
 void SuggestionPopup::offer(const QStringList& rows, int marked)
 {
-    m_rows.setStringList(rows.mid(0, mostRows));
     if (rows.isEmpty()) {
         hide();
         return;
     }
+    m_rows.setStringList(rows.mid(0, mostRows));
     setCurrentIndex(m_rows.index(marked));
     ensurePolished();
-    const int shown = qMin(m_rows.rowCount(), rowsAtOnce);
-    const int bar = m_rows.rowCount() > rowsAtOnce ? 24 : 8;
-    const int width = qMax(m_edit->width(), qMin(360, sizeHintForColumn(0) + bar + 2 * frameWidth()));
-    resize(width, shown * sizeHintForRow(0) + 2 * frameWidth() + 4);
+    resize(sizeFor(m_rows.stringList()));
     move(popupPlace(m_edit, size()));
     show();
+}
+
+// Only the row that is likely the widest is laid out for it, not all fifty at every keystroke.
+QSize SuggestionPopup::sizeFor(const QStringList& rows) const
+{
+    const QSize row = sizeHintForIndex(m_rows.index(widestOf(rows)));
+    const int bar = rows.size() > rowsAtOnce ? 24 : 8;
+    const int width = qMax(m_edit->width(), qMin(360, row.width() + bar + 2 * frameWidth()));
+    return { width, qMin(rows.size(), rowsAtOnce) * row.height() + 2 * frameWidth() + 4 };
+}
+
+void SuggestionPopup::prepare()
+{
+    if (testAttribute(Qt::WA_WState_Created))
+        return;
+    const QString letters = QStringLiteral("0123456789.ABCDEFGHIJKLMNOPQRSTUVWXYZ");
+    const QStringList samples = QVector<QString>(rowsAtOnce + 1, letters).toList();
+    m_rows.setStringList(samples);
+    ensurePolished();
+    resize(sizeFor(samples));
+    create();
+    grab();
+    m_rows.setStringList({});
 }
 
 int SuggestionPopup::markedRow() const

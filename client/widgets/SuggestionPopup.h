@@ -19,6 +19,8 @@ public:
 
     /// Opens the list with at most `mostRows` rows, `marked` (-1 for none) being the marked one. No rows close it.
     void offer(const QStringList& rows, int marked);
+    /// Does ahead what the first opening would otherwise need time for: the window, its style, the letters of its font.
+    void prepare();
     /// The marked row, -1 when none is or the list is closed.
     int markedRow() const;
     /// Whether the tabulator chooses the marked row instead of leaving the field.
@@ -31,6 +33,7 @@ Q_SIGNALS:
     void rowChosen(int row);
 
 private:
+    QSize sizeFor(const QStringList& rows) const;
     bool takesKey(const QKeyEvent& key) const;
     void handleKey(const QKeyEvent& key);
     void moveMark(int steps);

@@ -7,6 +7,7 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QTimer>
 #include <optional>
 
 namespace {
@@ -269,6 +270,9 @@ bool VorSearchBox::Private::eventFilter(QObject* watched, QEvent* event)
             return true;
         }
     }
+    // Behind what the focus brings about, and before the first key can come.
+    if (event->type() == QEvent::FocusIn)
+        QTimer::singleShot(0, popup, &SuggestionPopup::prepare);
     if (event->type() == QEvent::FocusOut && isPending() && !leavesWindow(static_cast<QFocusEvent*>(event)->reason()))
         settle();
     return QObject::eventFilter(watched, event);
