@@ -3,7 +3,10 @@
 #include "EvenRowDelegate.h"
 #include "PopupPlace.h"
 #include <QKeyEvent>
+#include <QPainter>
+#include <QTextLayout>
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -22,6 +25,40 @@ int widestOf(const QStringList& rows)
     const auto isNarrower = [](const QString& a, const QString& b) { return roughWidth(a) < roughWidth(b); };
     return static_cast<int>(std::max_element(rows.cbegin(), rows.cend(), isNarrower) - rows.cbegin());
 }
+
+/// Draws rows that are nothing but a text. The text is laid out once, where the general delegate does it three times.
+class TextRowDelegate : public EvenRowDelegate {
+public:
+    using EvenRowDelegate::EvenRowDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        QStyleOptionViewItem row(option);
+        initStyleOption(&row, index);
+        const QString text = std::exchange(row.text, QString());
+        const QStyle* style = row.widget->style();
+        style->drawControl(QStyle::CE_ItemViewItem, &row, painter, row.widget);
+        const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, row.widget) + 1;
+        drawText(painter, row, text, row.rect.adjusted(margin, 0, -margin, 0));
+    }
+
+private:
+    static void drawText(QPainter* painter, const QStyleOptionViewItem& row, const QString& text, const QRect& place)
+    {
+        QTextLayout layout(text, row.font);
+        layout.beginLayout();
+        const QTextLine line = layout.createLine();
+        layout.endLayout();
+        if (line.naturalTextWidth() > place.width()) {
+            const QString cut = row.fontMetrics.elidedText(text, row.textElideMode, place.width());
+            drawText(painter, row, cut, place.adjusted(0, 0, place.width(), 0));
+            return;
+        }
+        const bool selected = row.state & QStyle::State_Selected;
+        painter->setPen(row.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
+        layout.draw(painter, { qreal(place.left()), place.top() + (place.height() - line.height()) / 2 });
+    }
+};
 
 bool isEnter(int key)
 {
@@ -43,7 +80,7 @@ SuggestionPopup::SuggestionPopup(QLineEdit* edit)
     setSelectionMode(QAbstractItemView::SingleSelection);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTextElideMode(Qt::ElideRight);
-    setItemDelegate(new EvenRowDelegate(this));
+    setItemDelegate(new TextRowDelegate(this));
     setModel(&m_rows);
     connect(this, &QListView::clicked, this, [this](const QModelIndex& index) { choose(index.row()); });
     edit->installEventFilter(this);
