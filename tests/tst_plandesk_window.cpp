@@ -91,6 +91,7 @@ private Q_SLOTS:
     void the_program_issues_a_day_and_lists_the_result();
 
     void the_table_reads_the_pages_that_are_shown();
+    void the_table_has_more_rows_when_more_are_wanted();
     void every_plan_is_found_by_its_id();
     void a_plan_is_told_in_words();
     void codes_that_are_none_are_shown_as_they_are();
@@ -323,19 +324,52 @@ void TestPlandeskWindow::the_table_reads_the_pages_that_are_shown()
     QCOMPARE(model.plan(120).id, QString());
 }
 
+void TestPlandeskWindow::the_table_has_more_rows_when_more_are_wanted()
+{
+    ClientSession& session = ClientSession::instance();
+    const Record record = SampleSession::record();
+    QStringList ids;
+    const QString reason = session.database().transaction([&] {
+        for (int i = 0; i < 900; ++i)
+            ids.prepend(session.plans().create(record, session.user().id, QDateTime::currentDateTime()).id);
+        return QString();
+    });
+    QCOMPARE(reason, QString());
+    PlanTableModel model;
+    model.refresh();
+    QCOMPARE(model.planCount(), 900);
+    QCOMPARE(model.rowCount(), 200);
+    QVERIFY(model.canFetchMore(QModelIndex()));
+    model.fetchMore(QModelIndex());
+    QCOMPARE(model.rowCount(), 400);
+    model.refresh();
+    QCOMPARE(model.rowCount(), 400);
+
+    const QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
+    QCOMPARE(model.reveal(ids.at(399)), 399);
+    QCOMPARE(inserted.count(), 0);
+    QCOMPARE(model.reveal(ids.at(500)), 500);
+    QCOMPARE(inserted.count(), 1);
+    QCOMPARE(model.rowCount(), 501);
+    QCOMPARE(model.index(500, PlanTableModel::Id).data().toString(), ids.at(500));
+    model.fetchMore(QModelIndex());
+    QCOMPARE(model.rowCount(), 900);
+    QVERIFY(!model.canFetchMore(QModelIndex()));
+}
+
 void TestPlandeskWindow::every_plan_is_found_by_its_id()
 {
     QStringList ids;
     for (int i = 0; i < 7; ++i)
         ids.prepend(m_session->create(SampleSession::record()));
     PlanTableModel model;
-    QCOMPARE(model.rowOf(ids.constFirst()), -1);
+    QCOMPARE(model.reveal(ids.constFirst()), -1);
     model.refresh();
     for (int row = 0; row < ids.size(); ++row)
-        QCOMPARE(model.rowOf(ids.at(row)), row);
-    QCOMPARE(model.rowOf(QStringLiteral("AP00000099")), -1);
-    QCOMPARE(model.rowOf(QStringLiteral("no id")), -1);
-    QCOMPARE(model.rowOf(QString()), -1);
+        QCOMPARE(model.reveal(ids.at(row)), row);
+    QCOMPARE(model.reveal(QStringLiteral("AP00000099")), -1);
+    QCOMPARE(model.reveal(QStringLiteral("no id")), -1);
+    QCOMPARE(model.reveal(QString()), -1);
 }
 
 void TestPlandeskWindow::a_plan_is_told_in_words()

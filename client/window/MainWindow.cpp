@@ -76,7 +76,7 @@ void MainWindow::setSkin(const QString& name)
 
 void MainWindow::selectPlan(const QString& planId)
 {
-    const int row = m_plans->rowOf(planId);
+    const int row = m_plans->reveal(planId);
     m_table->setCurrentIndex(m_plans->index(row, 0));
     showCurrent();
 }
@@ -191,7 +191,7 @@ void MainWindow::refresh()
 {
     const QString current = currentPlan();
     m_plans->refresh();
-    statusBar()->showMessage(tr("共%1个计划").arg(m_plans->rowCount()));
+    statusBar()->showMessage(tr("共%1个计划").arg(m_plans->planCount()));
     selectPlan(current);
 }
 

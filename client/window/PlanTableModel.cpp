@@ -8,6 +8,7 @@ namespace {
 
 constexpr int pageSize = 50;
 constexpr int keptPages = 8;
+constexpr int firstRows = 200;
 
 } // namespace
 
@@ -22,6 +23,7 @@ void PlanTableModel::refresh()
     beginResetModel();
     m_pages.clear();
     m_count = ClientSession::instance().isOpen() ? ClientSession::instance().plans().count() : 0;
+    m_rows = qMin(m_count, qMax(m_rows, firstRows));
     endResetModel();
 }
 
@@ -30,6 +32,35 @@ StoredPlan PlanTableModel::plan(int row) const
     if (row < 0 || row >= m_count)
         return StoredPlan();
     return page(row / pageSize).value(row % pageSize).plan;
+}
+
+int PlanTableModel::reveal(const QString& planId)
+{
+    const int row = rowOf(planId);
+    growTo(row + 1);
+    return row;
+}
+
+bool PlanTableModel::canFetchMore(const QModelIndex& parent) const
+{
+    return !parent.isValid() && m_rows < m_count;
+}
+
+// Twice as many each time: whoever goes on to the end is there after a few steps.
+void PlanTableModel::fetchMore(const QModelIndex& parent)
+{
+    if (canFetchMore(parent))
+        growTo(2 * m_rows);
+}
+
+void PlanTableModel::growTo(int rows)
+{
+    const int wanted = qMin(rows, m_count);
+    if (wanted <= m_rows)
+        return;
+    beginInsertRows(QModelIndex(), m_rows, wanted - 1);
+    m_rows = wanted;
+    endInsertRows();
 }
 
 // Rows stand by number, the newest first, so a few pages tell where a plan is.
@@ -55,7 +86,7 @@ int PlanTableModel::rowOf(const QString& planId) const
 
 int PlanTableModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : m_count;
+    return parent.isValid() ? 0 : m_rows;
 }
 
 int PlanTableModel::columnCount(const QModelIndex& parent) const

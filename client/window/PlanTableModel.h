@@ -6,7 +6,8 @@
 #include <QCache>
 
 /// The stored plans, newest first, one row each. Reads pages of the store when their rows are shown and keeps the last
-/// few; nothing else is read but the number of plans.
+/// few; nothing else is read but the number of plans. A view keeps something for every row that it has, so it gets
+/// the newest first and more when its last row comes into sight.
 class PlanTableModel : public QAbstractTableModel {
     Q_OBJECT
 
@@ -28,11 +29,15 @@ public:
 
     /// Reads the number of plans afresh and forgets every page.
     void refresh();
+    /// The number of stored plans, of which `rowCount` are rows by now.
+    int planCount() const { return m_count; }
     /// The plan of a row; a default plan (empty id) when the row is none.
     StoredPlan plan(int row) const;
-    /// The row of a plan; -1 when no stored plan has the id.
-    int rowOf(const QString& planId) const;
+    /// The row of a plan, which becomes one of the view's; -1 when no stored plan has the id.
+    int reveal(const QString& planId);
 
+    bool canFetchMore(const QModelIndex& parent) const override;
+    void fetchMore(const QModelIndex& parent) override;
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
     QVariant data(const QModelIndex& index, int role) const override;
@@ -48,7 +53,10 @@ private:
 
     static Row makeRow(const StoredPlan& plan);
     const Page& page(int number) const;
+    int rowOf(const QString& planId) const;
+    void growTo(int rows);
 
-    int m_count = 0;
+    int m_count = 0; ///< stored plans
+    int m_rows = 0;  ///< those that are rows by now
     mutable QCache<int, Page> m_pages;
 };
