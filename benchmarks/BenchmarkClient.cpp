@@ -4,6 +4,7 @@
 #include "services/ClientClock.h"
 #include "services/ClientSession.h"
 #include "widgets/Skins.h"
+#include "widgets/SymbolIndex.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -91,6 +92,7 @@ void BenchmarkClient::open(const QString& database, const QString& user)
                                                    : QStringLiteral("the file does not exist");
     if (!reason.isEmpty())
         qFatal("%s: %s", qPrintable(database), qPrintable(reason));
+    SymbolIndex::waitForFinished();
 }
 
 void showPainted(QWidget& window)

@@ -4,6 +4,7 @@
 #include "SymbolList.h"
 #include "VorSearchBox.h"
 #include "services/ClientSession.h"
+#include "widgets/SymbolIndex.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>
@@ -119,6 +120,7 @@ void searchBox(benchmark::State& state)
     box.setSecurityList(allSymbols());
     box.setSearchMode(byCodeAndName);
     box.setMinMatchLength(1);
+    SymbolIndex::waitForFinished();
     typeInto(state, box);
 }
 

@@ -9,7 +9,6 @@
 #include "Orlo_Values.h"
 #include "SampleSession.h"
 #include "defines/PlanCodes.h"
-#include "market/SampleMarket.h"
 #include "services/ClientClock.h"
 #include "services/ClientSession.h"
 #include "store/AccountStore.h"
@@ -27,7 +26,6 @@ using namespace PlanCodes;
 const QString owner = QStringLiteral("bench");
 constexpr int firstAccount = 900001;
 constexpr int positions = 250;
-constexpr int firstNumber = 1000000;
 
 void require(const QString& reason)
 {
@@ -129,43 +127,15 @@ void writeInstructions(ClientSession& session, const QString& plan, int count)
     }
 }
 
-Security numbered(int number)
-{
-    Security bond;
-    const bool shanghai = number % 2 == 0;
-    bond.symbol = QString::number(firstNumber + number)
-        + (shanghai ? Kelvo_Values::SymbolPost::sh : Kelvo_Values::SymbolPost::sz);
-    bond.name = QStringLiteral("%1续发债%2").arg(shanghai ? QStringLiteral("沪") : QStringLiteral("深")).arg(number);
-    bond.type = Kelvo_Values::MdcSecurityType::BondType;
-    bond.subType = Kelvo_Values::MdcSubSecurityType::Assetbackedsecurities;
-    bond.exchange = shanghai ? Kelvo_Values::Exchange::sh : Kelvo_Values::Exchange::sz;
-    bond.pricePrecision = 3;
-    bond.displayFactor = shanghai ? 10 : 1;
-    bond.quantityStep = 10;
-    bond.stFlag = Orlo_Values::StFlag::Normal;
-    bond.previousClose = 100000;
-    return bond;
-}
-
-/// More bonds than the sample's six-digit codes have room for.
-void writeBonds(Database& database, int count)
-{
-    SecurityStore store(database);
-    store.beginAdding();
-    for (int i = 0; i < count; ++i)
-        require(store.add(numbered(i), { SampleSession::today().addDays(-1), { 100000 } }));
-}
-
 void make(const QString& file, int securities, int accounts, int plans, int instructions)
 {
     ClientSession& session = ClientSession::instance();
     ClientSession::Options options;
-    options.marketSize = qMin(securities, SampleMarket::largestSize());
+    options.marketSize = securities;
     setClientToday(SampleSession::today());
     require(session.open(file, QString(), ClientSession::Progress(), options));
     require(UserStore(session.database()).add({ owner, QStringLiteral("基准") }));
     require(session.database().transaction([&] {
-        writeBonds(session.database(), securities - options.marketSize);
         for (int i = 0; i < accounts; ++i)
             writeAccount(session.database(), i);
         writePositions(session.database());
