@@ -113,6 +113,8 @@ private Q_SLOTS:
     void aStoppedMarketLeavesNothing();
     void aHundredThousandSecuritiesAreWrittenAndOpenedSoon();
 
+    void whatIsReadIsWhatWasAdded();
+    void aMarketThatCannotBeReadSaysWhyAndStaysAsItWas();
     void anUnknownSymbolIsNotFound();
     void aQuestionIsRestrictedBySubTypeAndSuffix();
     void answersShareTheirRuns();
@@ -433,6 +435,50 @@ void tst_sample_market::aHundredThousandSecuritiesAreWrittenAndOpenedSoon()
     QCOMPARE(file.database.open(fileName), QString());
     QCOMPARE(again.load(file.database), QString());
     QVERIFY2(timer.elapsed() < 10000, qPrintable(QString::number(timer.elapsed())));
+}
+
+void tst_sample_market::whatIsReadIsWhatWasAdded()
+{
+    Database database;
+    QTemporaryDir folder;
+    QCOMPARE(database.open(folder.filePath(QStringLiteral("m.db"))), QString());
+    const Security plain{ QStringLiteral("000001.SZ"), QStringLiteral("名称"), QStringLiteral("t"), QStringLiteral("s"),
+        QStringLiteral("x"), 3, 10, 200, 50, QStringLiteral("ST"), QStringLiteral("说明"), 0 };
+    Security other = plain;
+    other.symbol = QStringLiteral("nodot");
+    other.name = QString();
+    other.type = QStringLiteral("t2");
+    SecurityStore store(database);
+    store.beginAdding();
+    QCOMPARE(store.add(plain, { lastDay, { 7, 1000000000000 } }), QString());
+    QCOMPARE(store.add(other, {}), QString());
+
+    Market read;
+    QCOMPARE(read.load(database), QString());
+    QCOMPARE(read.count(), 2);
+    const Security& first = read.securities().first();
+    const QStringList texts{ first.symbol, first.name, first.type, first.subType, first.exchange, first.stFlag,
+        first.stText };
+    QCOMPARE(texts.join(QLatin1Char(' ')), QStringLiteral("000001.SZ 名称 t s x ST 说明"));
+    QCOMPARE(QVector<int>({ first.pricePrecision, first.displayFactor, first.quantityStep, first.limitPerMille }),
+        QVector<int>({ 3, 10, 200, 50 }));
+    QCOMPARE(first.previousClose, 1000000000000);
+    QCOMPARE(read.find(other.symbol)->name, QString());
+    QCOMPARE(read.find(other.symbol)->type, other.type);
+    QCOMPARE(read.find(other.symbol)->previousClose, 0);
+    QCOMPARE(read.symbols().toStringList(), QStringList({ plain.symbol, other.symbol }));
+    QCOMPARE(read.symbols(other.type, { other.subType }, {}).toStringList(), QStringList(other.symbol));
+    QCOMPARE(read.symbols(other.type, { other.subType }, { Kelvo_Values::SymbolPost::sh }).size(), 0);
+}
+
+void tst_sample_market::aMarketThatCannotBeReadSaysWhyAndStaysAsItWas()
+{
+    SampleFile file(200);
+    QCOMPARE(file.database.execute(QStringLiteral("ALTER TABLE closing_prices RENAME TO other")), QString());
+    QCOMPARE(file.market.load(file.database), QStringLiteral("数据库操作失败：no such table: closing_prices"));
+    file.database.close();
+    QCOMPARE(file.market.load(file.database), QStringLiteral("数据库未打开"));
+    QCOMPARE(file.market.count(), 200);
 }
 
 void tst_sample_market::anUnknownSymbolIsNotFound()

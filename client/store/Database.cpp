@@ -234,9 +234,12 @@ QString Database::reasonOf(const QSqlQuery& query)
 {
     if (query.isActive())
         return QString();
-    if (query.lastError().type() == QSqlError::NoError)
-        return QStringLiteral("数据库未打开");
-    return reasonOfError(query.lastError());
+    return reasonOf(query.lastError());
+}
+
+QString Database::reasonOf(const QSqlError& error)
+{
+    return error.type() == QSqlError::NoError ? QStringLiteral("数据库未打开") : reasonOfError(error);
 }
 
 int Database::number(const QString& statement)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QSqlDatabase>
+#include <QSqlError>
 #include <QSqlQuery>
 #include <QString>
 #include <QVariant>
@@ -42,6 +43,8 @@ public:
     QString contentsMark();
     /// Why `query` failed, empty when it did not.
     static QString reasonOf(const QSqlQuery& query);
+    /// What an error with SQLite's code means; one without is that of a closed database.
+    static QString reasonOf(const QSqlError& error);
 
 private:
     QString connect(const QString& fileName);

@@ -95,6 +95,18 @@ int PlanStore::count()
     return query.next() ? query.value(0).toInt() : 0;
 }
 
+int PlanStore::newerThan(const QString& planId)
+{
+    const auto number = PlanId::toNumber(planId);
+    if (!number)
+        return -1;
+    QSqlQuery query = m_database.query(
+        QStringLiteral("SELECT (SELECT count(*) FROM plans AS newer WHERE newer.number > plans.number) FROM plans"
+                       " WHERE number = ?"),
+        { *number });
+    return query.next() ? query.value(0).toInt() : -1;
+}
+
 QStringList PlanStore::idsOfPeriod(const QString& beginKey, const QString& endKey, const QDate& day)
 {
     QSqlQuery query = m_database.query(

@@ -48,6 +48,8 @@ public:
     /// One page of plans, newest first; empty past the last one.
     QVector<StoredPlan> page(int offset, int limit);
     int count();
+    /// How many plans are newer than this one; -1 when the id is unknown.
+    int newerThan(const QString& planId);
     /// Ids of the plans whose period, read from the two fields (yyyy-MM-dd), holds the day; oldest first.
     QStringList idsOfPeriod(const QString& beginKey, const QString& endKey, const QDate& day);
 

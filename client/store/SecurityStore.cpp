@@ -1,7 +1,7 @@
 #include "store/SecurityStore.h"
 
 #include "market/CloseCodec.h"
-#include "store/SharedTexts.h"
+#include "store/RowReader.h"
 
 SecurityStore::SecurityStore(Database& database)
     : m_database(database)
@@ -32,28 +32,27 @@ QString SecurityStore::add(const Security& s, const CloseHistory& closes)
 
 QString SecurityStore::readAll(const std::function<void(Security&&)>& take)
 {
-    QSqlQuery query = m_database.query(
+    RowReader row(m_database,
         QStringLiteral("SELECT symbol, name, type, sub_type, exchange, price_precision, display_factor,"
-                       " quantity_step, limit_per_mille, st_flag, st_text, coalesce(last_close, 0)"
+                       " quantity_step, limit_per_mille, st_flag, st_text, last_close"
                        " FROM securities LEFT JOIN closing_prices ON security = position ORDER BY position"));
-    SharedTexts texts;
-    while (query.next()) {
+    while (row.next()) {
         Security s;
-        s.symbol = query.value(0).toString();
-        s.name = query.value(1).toString();
-        s.type = texts.share(query.value(2));
-        s.subType = texts.share(query.value(3));
-        s.exchange = texts.share(query.value(4));
-        s.pricePrecision = query.value(5).toInt();
-        s.displayFactor = query.value(6).toInt();
-        s.quantityStep = query.value(7).toInt();
-        s.limitPerMille = query.value(8).toInt();
-        s.stFlag = texts.share(query.value(9));
-        s.stText = query.value(10).toString();
-        s.previousClose = query.value(11).toLongLong();
+        s.symbol = row.text(0);
+        s.name = row.text(1);
+        s.type = row.sharedText(2);
+        s.subType = row.sharedText(3);
+        s.exchange = row.sharedText(4);
+        s.pricePrecision = static_cast<int>(row.number(5));
+        s.displayFactor = static_cast<int>(row.number(6));
+        s.quantityStep = static_cast<int>(row.number(7));
+        s.limitPerMille = static_cast<int>(row.number(8));
+        s.stFlag = row.sharedText(9);
+        s.stText = row.sharedText(10);
+        s.previousClose = row.number(11);
         take(std::move(s));
     }
-    return Database::reasonOf(query);
+    return row.reason();
 }
 
 int SecurityStore::count()

@@ -7,6 +7,7 @@ target_sources(plandesk_platform PRIVATE
     store/PlanId.cpp
     store/PlanStore.cpp
     store/PositionStore.cpp
+    store/RowReader.cpp
     store/Schema.cpp
     store/SecurityStore.cpp
     store/SharedTexts.h

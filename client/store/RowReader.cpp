@@ -1,0 +1,81 @@
+#include "store/RowReader.h"
+
+#include <QSqlDriver>
+#include <QSqlError>
+
+#include <sqlite3.h>
+
+namespace {
+
+sqlite3* connectionOf(const QSqlQuery& query)
+{
+    const QVariant handle = query.driver() ? query.driver()->handle() : QVariant();
+    if (qstrcmp(handle.typeName(), "sqlite3*") != 0)
+        return nullptr;
+    return *static_cast<sqlite3* const*>(handle.constData());
+}
+
+} // namespace
+
+RowReader::RowReader(Database& database, const QString& statement)
+    : m_connection(connectionOf(database.prepare(statement)))
+{
+    const QByteArray bytes = statement.toUtf8();
+    note(m_connection ? sqlite3_prepare_v2(m_connection, bytes.constData(), bytes.size(), &m_statement, nullptr)
+                      : SQLITE_MISUSE);
+    m_latest.resize(sqlite3_column_count(m_statement));
+}
+
+RowReader::~RowReader()
+{
+    sqlite3_finalize(m_statement);
+}
+
+bool RowReader::next()
+{
+    if (!m_reason.isEmpty())
+        return false;
+    const int code = sqlite3_step(m_statement);
+    if (code != SQLITE_DONE)
+        note(code);
+    return code == SQLITE_ROW;
+}
+
+// Points into the row, which is gone with the next one.
+QByteArray RowReader::bytes(int column) const
+{
+    const auto* const text = reinterpret_cast<const char*>(sqlite3_column_text(m_statement, column));
+    return QByteArray::fromRawData(text, sqlite3_column_bytes(m_statement, column));
+}
+
+QString RowReader::text(int column) const
+{
+    return QString::fromUtf8(bytes(column));
+}
+
+qint64 RowReader::number(int column) const
+{
+    return sqlite3_column_int64(m_statement, column);
+}
+
+QString RowReader::sharedText(int column)
+{
+    const QByteArray present = bytes(column);
+    Latest& latest = m_latest[column];
+    if (latest.text.isNull() || latest.bytes != present) {
+        auto known = m_texts.constFind(present);
+        if (known == m_texts.constEnd())
+            known = m_texts.insert(QByteArray(present.constData(), present.size()), QString::fromUtf8(present));
+        latest = { known.key(), *known };
+    }
+    return latest.text;
+}
+
+void RowReader::note(int code)
+{
+    if (code == SQLITE_OK || code == SQLITE_ROW)
+        return;
+    const QString text = m_connection ? QString::fromUtf8(sqlite3_errmsg(m_connection)) : QString();
+    const auto type = m_connection ? QSqlError::StatementError : QSqlError::NoError;
+    m_reason = Database::reasonOf(QSqlError(QString(), text, type, QString::number(code)));
+}

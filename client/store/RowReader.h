@@ -1,0 +1,46 @@
+#pragma once
+
+#include "store/Database.h"
+
+#include <QHash>
+#include <QVector>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+/// The rows of a statement, read by SQLite's own interface. Qt's makes a variant of every value, which takes most of
+/// the time where there are a hundred thousand rows. The database must stay open meanwhile.
+class RowReader {
+public:
+    RowReader(Database& database, const QString& statement);
+    ~RowReader();
+    RowReader(const RowReader&) = delete;
+    RowReader& operator=(const RowReader&) = delete;
+
+    /// Goes to the next row, at first to the first one. False behind the last row and after an error.
+    bool next();
+    /// Why a row could not be read, in Chinese; empty when all went well so far.
+    QString reason() const { return m_reason; }
+
+    /// Values of the row, by column; empty or 0 for NULL.
+    QString text(int column) const;
+    qint64 number(int column) const;
+    /// As `text`, one shared copy for all rows of the column that have the same.
+    QString sharedText(int column);
+
+private:
+    /// What the last row had in a column, which the next one mostly has, too.
+    struct Latest {
+        QByteArray bytes;
+        QString text;
+    };
+
+    QByteArray bytes(int column) const;
+    void note(int code);
+
+    sqlite3* m_connection = nullptr;
+    sqlite3_stmt* m_statement = nullptr;
+    QString m_reason;
+    QVector<Latest> m_latest;
+    QHash<QByteArray, QString> m_texts;
+};
