@@ -37,8 +37,9 @@ QStringList ExportedSymbolsTest::exportedNames()
 {
     const QString text = output(QStringLiteral(NM_PROGRAM),
         { QStringLiteral("-D"), QStringLiteral("--defined-only"), QStringLiteral("-C"), QStringLiteral(LIBRARY_FILE) });
+    const QStringList lines = text.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     QStringList names;
-    for (const QString& line : text.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
+    for (const QString& line : lines)
         names.append(line.section(QLatin1Char(' '), 2));
     return names;
 }
@@ -103,7 +104,8 @@ void ExportedSymbolsTest::nothingIsLeftUndefined()
     const QString text = output(QStringLiteral(LDD_PROGRAM), { QStringLiteral("-r"), QStringLiteral(LIBRARY_FILE) });
     QVERIFY(text.contains(QLatin1String("libQt5Widgets")));
     // A library that was built with sanitizers finds their functions in the program that loads it.
-    for (const QString& line : text.split(QLatin1Char('\n'))) {
+    const QStringList lines = text.split(QLatin1Char('\n'));
+    for (const QString& line : lines) {
         if (line.contains(QLatin1String("__asan")) || line.contains(QLatin1String("__ubsan")))
             continue;
         QVERIFY2(!line.contains(QLatin1String("undefined symbol")), qPrintable(line));

@@ -45,8 +45,9 @@ QStringList methodLines()
 
 QStringList interfaceOfLibrary(const QString& nm, const QString& library)
 {
+    const QStringList lines = symbolLines(nm, library);
     QStringList symbols;
-    for (const QString& line : symbolLines(nm, library))
+    for (const QString& line : lines)
         symbols.append(symbolLine(line));
     if (symbols.isEmpty())
         return {};
