@@ -2,7 +2,6 @@
 
 #include "PlanWording.h"
 #include "services/ClientSession.h"
-#include "store/PlanId.h"
 
 namespace {
 
@@ -63,25 +62,11 @@ void PlanTableModel::growTo(int rows)
     endInsertRows();
 }
 
-// Rows stand by number, the newest first, so a few pages tell where a plan is.
+// Rows stand by number, the newest first.
 int PlanTableModel::rowOf(const QString& planId) const
 {
-    const auto wanted = PlanId::toNumber(planId);
-    int first = 0;
-    int last = wanted ? m_count - 1 : -1;
-    while (first <= last) {
-        const int middle = first + (last - first) / 2;
-        const auto number = PlanId::toNumber(plan(middle).id);
-        if (!number)
-            return -1;
-        if (*number == *wanted)
-            return middle;
-        if (*number > *wanted)
-            first = middle + 1;
-        else
-            last = middle - 1;
-    }
-    return -1;
+    const int row = ClientSession::instance().isOpen() ? ClientSession::instance().plans().newerThan(planId) : -1;
+    return row < m_count ? row : -1;
 }
 
 int PlanTableModel::rowCount(const QModelIndex& parent) const
