@@ -15,12 +15,13 @@
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QTest>
 #include <QTimer>
 #include <unistd.h>
 
 namespace {
 
-constexpr int plansPerRun = 50;
+constexpr int plansPerRun = 60;
 
 /// Notes when the plan service has acknowledged a plan, and answers the box that tells the trader of it.
 class Acknowledgement : public QObject {
@@ -68,7 +69,8 @@ void fill(AutoParamSetting& editor)
     field<VorSearchBox>(editor, "le_symbol")
         ->setSymbol(SampleSession::symbolOf(Kelvo_Values::MdcSubSecurityType::Ashares, Kelvo_Values::SymbolPost::sh));
     field<OrloDecimalLineEdit>(editor, "le_targetTotalNum")->setValue(1000);
-    settle();
+    // Nobody fills a form in faster than this.
+    QTest::qWait(250);
 }
 
 /// A file beside the database that grows as its log does.

@@ -101,6 +101,8 @@ private Q_SLOTS:
     void aDamagedFileIsRefusedAndLeftAsItIs();
     void aLockedFileIsToldWithinASecond();
     void aTransactionThatGivesAReasonLeavesNothing();
+    void theLogIsBegunAheadOfTheFirstTransaction();
+    void aLongLogIsMovedWhenNobodyWaits();
     void aWorkerThreadReadsWithAnObjectOfItsOwn();
     void aClosedDatabaseGivesAReason();
 
@@ -132,6 +134,8 @@ private Q_SLOTS:
 private:
     QString path(const QString& name) const { return m_folder->filePath(name); }
     void addAccount(const QString& number, const QString& clientNo);
+    /// Pages in the log; what is in the file already counts until the log is begun anew.
+    int logFrames();
 
     std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<Database> m_database;
@@ -143,6 +147,12 @@ void tst_database::init()
     QVERIFY(m_folder->isValid());
     m_database = std::make_unique<Database>();
     QCOMPARE(m_database->open(path(QStringLiteral("plans.db"))), QString());
+}
+
+int tst_database::logFrames()
+{
+    QSqlQuery query = m_database->query(QStringLiteral("PRAGMA wal_checkpoint(PASSIVE)"));
+    return query.next() ? query.value(1).toInt() : -1;
 }
 
 void tst_database::cleanup()
@@ -316,6 +326,35 @@ void tst_database::aTransactionThatGivesAReasonLeavesNothing()
     });
     QCOMPARE(reason, QStringLiteral("改主意了"));
     QCOMPARE(plans.count(), 0);
+}
+
+void tst_database::theLogIsBegunAheadOfTheFirstTransaction()
+{
+    m_database->close();
+    QCOMPARE(m_database->open(path(QStringLiteral("plans.db"))), QString());
+    QCOMPARE(logFrames(), 0);
+    m_database->prepareLog();
+    QCOMPARE(logFrames(), 1);
+    m_database->prepareLog();
+    QCOMPARE(logFrames(), 1);
+    QCOMPARE(PlanStore(*m_database, otherParamKey).count(), 0);
+}
+
+void tst_database::aLongLogIsMovedWhenNobodyWaits()
+{
+    PlanStore plans(*m_database, otherParamKey);
+    for (int i = 0; i < 60; ++i)
+        QCOMPARE(plans.create(sampleRecord(), QStringLiteral("u"), morning).reason, QString());
+    QVERIFY(logFrames() > 60);
+    Database other;
+    QCOMPARE(other.open(path(QStringLiteral("plans.db"))), QString());
+    QCOMPARE(other.execute(QStringLiteral("BEGIN IMMEDIATE")), QString());
+    m_database->prepareLog();
+    QCOMPARE(other.execute(QStringLiteral("ROLLBACK")), QString());
+    m_database->prepareLog();
+    QCOMPARE(logFrames(), 1);
+    QCOMPARE(plans.count(), 60);
+    QCOMPARE(PlanStore(other, otherParamKey).count(), 60);
 }
 
 void tst_database::aWorkerThreadReadsWithAnObjectOfItsOwn()

@@ -8,6 +8,7 @@
 #include "market/SampleMarket.h"
 #include "market/SampleTexts.h"
 #include "services/ClientClock.h"
+#include "services/PlanNews.h"
 #include "services/SampleStrategyLists.h"
 #include "store/AgreementStore.h"
 #include "store/StaticTextStore.h"
@@ -16,8 +17,11 @@
 
 #include <QCoreApplication>
 
+#include <chrono>
+
 namespace {
 
+constexpr std::chrono::milliseconds untilIdle(200);
 // Longer than any run of closed days.
 constexpr int longestClosure = 40;
 
@@ -44,6 +48,10 @@ ClientSession::ClientSession()
     : m_market(std::make_unique<const Market>())
 {
     SymbolIndexes::instance();
+    m_idle.setSingleShot(true);
+    m_idle.setInterval(untilIdle);
+    QObject::connect(&m_idle, &QTimer::timeout, &m_idle, [this] { m_database.prepareLog(); });
+    QObject::connect(&PlanNews::instance(), &PlanNews::planStored, &m_idle, [this] { m_idle.start(); });
 }
 
 ClientSession::~ClientSession()
@@ -71,6 +79,7 @@ QString ClientSession::open(
     if (m_open) {
         prepareSearch();
         startMovingAverages();
+        m_idle.start();
     } else {
         close();
     }
@@ -80,6 +89,7 @@ QString ClientSession::open(
 void ClientSession::close()
 {
     m_open = false;
+    m_idle.stop();
     m_averages.reset();
     m_instructions = KnownInstructions();
     m_texts.clear();

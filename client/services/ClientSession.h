@@ -8,6 +8,8 @@
 #include "store/PlanStore.h"
 #include "store/UserStore.h"
 
+#include <QTimer>
+
 #include <functional>
 #include <memory>
 
@@ -85,6 +87,7 @@ private:
     std::unique_ptr<const Market> m_market;
     AccountDirectory m_accounts;
     std::unique_ptr<MovingAverageDesk> m_averages;
+    QTimer m_idle; ///< runs out when the trader is likely to be at the form again
     KnownInstructions m_instructions;
     QHash<QPair<QString, QString>, QString> m_texts;
     QHash<QString, QStringList> m_unsigned;

@@ -10,6 +10,9 @@
 
 namespace {
 
+// Some hundred pages: well before SQLite moves the log by itself, within a transaction.
+constexpr int transactionsPerLog = 50;
+
 QString nextConnectionName()
 {
     static std::atomic<int> counter{ 0 };
@@ -77,6 +80,7 @@ void Database::close()
     if (!m_connection.isValid())
         return;
     m_mark = QSqlQuery();
+    m_committed = 0;
     m_connection.close();
     m_connection = QSqlDatabase();
     QSqlDatabase::removeDatabase(m_connectionName);
@@ -180,7 +184,9 @@ QString Database::transaction(const std::function<QString()>& work)
     m_inTransaction = false;
     if (reason.isEmpty())
         reason = execute(QStringLiteral("COMMIT"));
-    if (!reason.isEmpty())
+    if (reason.isEmpty())
+        ++m_committed;
+    else
         execute(QStringLiteral("ROLLBACK"));
     return reason;
 }
@@ -217,6 +223,27 @@ QString Database::executePrepared(QSqlQuery& statement, const QVariantList& valu
         statement.exec();
     }
     return reasonOf(statement);
+}
+
+// The first transaction of a log flushes it twice, once for the log's own beginning. This one changes nothing.
+void Database::prepareLog()
+{
+    if (!isOpen() || m_inTransaction)
+        return;
+    const bool isBegun = QFileInfo(fileName() + QStringLiteral("-wal")).size() > 0;
+    if (isBegun && (m_committed < transactionsPerLog || !moveLog()))
+        return;
+    const QString reason = transaction(
+        [this] { return execute(QStringLiteral("PRAGMA user_version = %1").arg(Schema::latestVersion())); });
+    if (reason.isEmpty())
+        m_committed = 0;
+}
+
+/// False while somebody else reads an older state.
+bool Database::moveLog()
+{
+    QSqlQuery moved = query(QStringLiteral("PRAGMA wal_checkpoint(PASSIVE)"));
+    return moved.next() && moved.value(1) == moved.value(2);
 }
 
 QString Database::contentsMark()

@@ -38,6 +38,10 @@ public:
     /// A statement prepared once to be run many times; see `executePrepared`.
     QSqlQuery prepare(const QString& statement);
     static QString executePrepared(QSqlQuery& statement, const QVariantList& values);
+    /// Does ahead what the next transaction would have to do besides: begins the log, and after many transactions moves
+    /// it into the file before it begins it anew. To be called when nobody waits; a file that is busy or cannot be
+    /// written stays as it is.
+    void prepareLog();
     /// A mark of what the file holds: equal marks mean equal contents. It changes with every change by this connection
     /// and with every commit of another one. Empty when it cannot be told.
     QString contentsMark();
@@ -53,9 +57,11 @@ private:
     QString migrate();
     QString applyMigrations();
     int number(const QString& statement);
+    bool moveLog();
 
     const QString m_connectionName;
     QSqlDatabase m_connection;
     QSqlQuery m_mark; ///< prepared when it is first asked
     bool m_inTransaction = false;
+    int m_committed = 0; ///< transactions since the log was begun by this connection
 };
