@@ -225,11 +225,14 @@ QString ClientSession::storeTradeDays()
     return QString();
 }
 
+// Once events are worked off: a window that is being built needs the processor more.
 void ClientSession::prepareSearch()
 {
-    const SymbolList symbols = m_market->symbols();
-    for (const QStringList& run : symbols.runs())
-        SymbolIndexes::instance().of(run);
+    QTimer::singleShot(0, &SymbolIndexes::instance(), [this] {
+        const SymbolList symbols = m_market->symbols();
+        for (const QStringList& run : symbols.runs())
+            SymbolIndexes::instance().of(run);
+    });
 }
 
 void ClientSession::startMovingAverages()

@@ -28,7 +28,7 @@ public:
 
     /// Opens a database for a user, closing an earlier session. A new database gets the sample data first. An empty
     /// user id logs the sample's first user in. Returns the reason in Chinese when it fails; the session is then
-    /// closed. The search for securities is still being prepared when it returns.
+    /// closed. The search for securities is prepared once events are worked off.
     QString open(const QString& file, const QString& userId, const Progress& progress, const Options& options);
     QString open(const QString& file, const QString& userId);
     /// Ends the session; answers that are still being computed are dropped. Does nothing while closed.
