@@ -22,6 +22,7 @@
 #include "services/Signatures.h"
 #include "store/AgreementStore.h"
 #include "store/StrategyStore.h"
+#include "widgets/SymbolIndexes.h"
 
 #include <QtTest>
 
@@ -124,6 +125,7 @@ private Q_SLOTS:
     void a_signature_for_a_foreign_client_is_refused_for_all();
     void a_bond_is_converted_only_where_it_can_be();
     void without_a_session_every_answer_is_empty();
+    void a_session_may_be_closed_while_its_search_is_prepared();
 
 private:
     std::unique_ptr<SampleSession> m_session;
@@ -536,6 +538,21 @@ void TestBusinessData::without_a_session_every_answer_is_empty()
     QCOMPARE(signAgreement(agreement(), { QStringLiteral("C10001") }), QStringLiteral("尚未登录，无法签署协议"));
     QCOMPARE(CDataBase::GetInstance()->GetStaticCfgValue(StaticCategory::InstructionType, InstructionType::Ordinary),
         QString());
+}
+
+void TestBusinessData::a_session_may_be_closed_while_its_search_is_prepared()
+{
+    const SampleSession large(QStringLiteral("trader01"), 20000);
+    QCOMPARE(large.reason(), QString());
+    const SymbolList symbols =
+        CBusinessDataBase::GetInstance()->GetAllSymbolByType(StockType, SubType::Ashares, QString(), false, {});
+    QCoreApplication::processEvents();
+    const auto index = SymbolIndexes::instance().of(symbols.runs().first());
+    ClientSession::instance().close();
+    QVERIFY2(SymbolIndexes::instance().of(symbols.runs().first()) != index, "nothing of the session is kept");
+    SymbolIndex::waitForFinished();
+    QVERIFY(SymbolIndexes::instance().of(symbols.runs().first())->hasNames());
+    SymbolIndexes::instance().forget();
 }
 
 QTEST_GUILESS_MAIN(TestBusinessData)
