@@ -16,6 +16,14 @@ QString shownText(const tagUserAccountInfo& account, OrloAccountComboBox::Displa
     return QStringLiteral("%1（%2）").arg(account.accountName, account.fundAccount);
 }
 
+QStandardItem* newItem(const tagUserAccountInfo& account, OrloAccountComboBox::DisplayMode mode)
+{
+    auto* const item = new QStandardItem(shownText(account, mode));
+    item->setData(account.tradingAccount, Qt::UserRole);
+    item->setData(account.fundAccount, fundAccountRole);
+    return item;
+}
+
 } // namespace
 
 class OrloAccountComboBox::Private {
@@ -46,14 +54,14 @@ void OrloAccountComboBox::SetAccountList(const QList<tagUserAccountInfo>& accoun
         const QSignalBlocker silent(this);
         clear();
     }
-    // Whole items are appended: the first announces itself at once and must be complete by then.
-    auto* items = qobject_cast<QStandardItemModel*>(model());
-    for (const tagUserAccountInfo& account : accounts) {
-        auto* item = new QStandardItem(shownText(account, d->mode));
-        item->setData(account.tradingAccount, Qt::UserRole);
-        item->setData(account.fundAccount, fundAccountRole);
-        items->appendRow(item);
-    }
+    // The first announces itself at once, and must be complete by then; the others come together.
+    QList<QStandardItem*> rows;
+    rows.reserve(accounts.size());
+    for (const tagUserAccountInfo& account : accounts)
+        rows << newItem(account, d->mode);
+    auto* const items = qobject_cast<QStandardItemModel*>(model());
+    items->appendRow(rows.takeFirst());
+    items->invisibleRootItem()->appendRows(rows);
 }
 
 QString OrloAccountComboBox::GetCurTradingAccount() const
