@@ -8,7 +8,7 @@ import time
 SECURITIES = [1_000, 10_000, 100_000, 1_000_000]
 ACCOUNTS = [1, 100, 10_000]
 PLANS = [1, 1_000, 10_000, 100_000]
-INSTRUCTIONS = [1_000, 10_000]
+INSTRUCTIONS = [100, 1_000, 10_000]
 # Counts the making of the data: raise it when make_data makes something else.
 DATA_VERSION = 2
 
@@ -120,9 +120,9 @@ def _table(programs, least, plans):
     least.note(("memory", plans), printed["window_mib"])
 
 
-def _plans(programs, least, reads):
-    for name, printed in programs.run("bench_plans", programs.database(plans=1_000), user="bench").items():
-        least.note(("open", name.split("/")[1]), printed["least_ms"])
+def _plans(programs, least, reads, plans):
+    for name, printed in programs.run("bench_plans", programs.database(plans=plans), user="bench").items():
+        least.note(("open", name.split("/")[1], plans), printed["least_ms"])
         reads.append(printed["reads"] / printed["calls"])
 
 
@@ -157,10 +157,10 @@ def measure(programs, rounds, tell):
         for plans in PLANS:
             tell(f"  {plans:,} plans")
             _table(programs, least, plans)
+            _plans(programs, least, reads, plans)
         tell("  one plan")
         for instructions in INSTRUCTIONS:
             _check(programs, least, instructions)
-        _plans(programs, least, reads)
         _confirm(programs, ratios, syncs)
     tell("  1,000 editors")
     printed = programs.run("bench_editors", programs.database())["openAndClose"]
@@ -174,7 +174,7 @@ def _choice_names(least):
 
 def _figures(least, ratios, syncs, reads, editors):
     choices = _choice_names(least)
-    few, many = INSTRUCTIONS
+    few, many = INSTRUCTIONS[-2:]
     return {
         "search_ratio": least["search", "completer", "mean", 100_000] / least["search", "searchBox", "mean", 100_000],
         "search_slowest_ms_100000": least["search", "searchBox", "slowest", 100_000],
@@ -185,8 +185,8 @@ def _figures(least, ratios, syncs, reads, editors):
             least["choice", name, SECURITIES[-1]] / least["choice", name, SECURITIES[0]] for name in choices),
         "check_ms": least["check", many],
         "check_linearity": (least["check", many] / many) / (least["check", few] / few),
-        "copy_ms": least["open", "copyPlan"],
-        "edit_ms": least["open", "editPlan"],
+        "copy_ms": least["open", "copyPlan", PLANS[-1]],
+        "edit_ms": least["open", "editPlan", PLANS[-1]],
         "plan_reads": max(reads),
         "confirm_ratio": median(ratios),
         "confirm_log_syncs": max(syncs),
@@ -210,5 +210,10 @@ def _growth(least):
             "editor constructed and shown": {n: least["form", "editor", "accounts", n] for n in ACCOUNTS},
             "choice of an account": {n: least["choice", "account", n] for n in ACCOUNTS},
         },
-        "plans": {"plan table opened and painted": {n: least["table", n] for n in PLANS}},
+        "plans": {
+            "plan table opened and painted": {n: least["table", n] for n in PLANS},
+            "plan opened for editing": {n: least["open", "editPlan", n] for n in PLANS},
+            "plan copied": {n: least["open", "copyPlan", n] for n in PLANS},
+        },
+        "instructions": {"form checked": {n: least["check", n] for n in INSTRUCTIONS}},
     }

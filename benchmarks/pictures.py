@@ -27,7 +27,7 @@ def draw(growth, folder):
         axes.set_xlabel(thing)
         axes.set_ylabel("milliseconds")
         axes.grid(True, color="#dddddd")
-        axes.legend(fontsize="small")
+        axes.legend(fontsize="small", loc="best")
         figure.tight_layout()
         figure.savefig(os.path.join(folder, f"growth-{thing}.svg"), metadata={"Date": None})
         pyplot.close(figure)

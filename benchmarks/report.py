@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """Measures every row of bars.csv, prints them as a table and writes them as JSON; see run and check."""
 import argparse
 import csv
