@@ -1,7 +1,7 @@
 #include "FieldHint.h"
 #include "LogCatcher.h"
 #include "SuggestionPopup.h"
-#include "SymbolIndexes.h"
+#include "SymbolSearch.h"
 #include "VorSearchBox.h"
 #include "WidgetServices.h"
 #include <QSignalSpy>
@@ -49,6 +49,8 @@ private Q_SLOTS:
     void aKeystrokeReadsTheNamesOfTheRowsShown();
     void theIndexIsSharedByBoxes();
     void codesOfSeveralRunsComeInOrder();
+    void theListIsMadeReadyWhenTheBoxGetsTheFocus();
+    void lettersAreDrawnAheadOnceEach();
 
     void aListInPreparationSaysSoAndIsOfferedByItself();
     void codesAreOfferedBeforeTheNamesAreReady();
@@ -388,6 +390,32 @@ void SearchBoxTest::codesOfSeveralRunsComeInOrder()
     for (const QString& row : rows())
         codes << row.left(6);
     QCOMPARE(codes.join(QLatin1Char(' ')), QStringLiteral("110001 110002 110003 110004 110005"));
+}
+
+void SearchBoxTest::theListIsMadeReadyWhenTheBoxGetsTheFocus()
+{
+    VorSearchBox box(m_window);
+    box.show();
+    const auto* const popup = box.findChild<SuggestionPopup*>();
+    QVERIFY(!popup->testAttribute(Qt::WA_WState_Created));
+    box.setFocus();
+    QTRY_VERIFY(popup->testAttribute(Qt::WA_WState_Created));
+    QVERIFY(!popup->isVisible());
+    QCOMPARE(popup->model()->rowCount(), 0);
+}
+
+void SearchBoxTest::lettersAreDrawnAheadOnceEach()
+{
+    const auto letters = SymbolSearch(m_market.runs()).letters();
+    // 东海科技股份号 南山银行控股集团 Alpha芯片ETF in upper case, and the ten digits: 股 stands twice.
+    QCOMPARE(letters.count(true), 7 + 7 + 2 + 7 + 10);
+    LettersAhead ahead(m_other);
+    QVERIFY(ahead.isDone());
+    ahead.draw(letters);
+    QVERIFY(!ahead.isDone());
+    QTRY_VERIFY(ahead.isDone());
+    ahead.draw(letters);
+    QVERIFY(ahead.isDone());
 }
 
 // The thread that prepares is busy with the names of this run when the list comes.

@@ -70,6 +70,7 @@ bool isEnter(int key)
 SuggestionPopup::SuggestionPopup(QLineEdit* edit)
     : QListView(edit)
     , m_edit(edit)
+    , m_letters(new LettersAhead(this))
 {
     setWindowFlags(Qt::ToolTip | Qt::FramelessWindowHint);
     setObjectName(QStringLiteral("suggestions"));
@@ -111,12 +112,13 @@ QSize SuggestionPopup::sizeFor(const QStringList& rows) const
     return { width, qMin(rows.size(), rowsAtOnce) * row.height() + 2 * frameWidth() + 4 };
 }
 
-void SuggestionPopup::prepare()
+void SuggestionPopup::prepare(const QBitArray& letters)
 {
+    m_letters->draw(letters);
     if (testAttribute(Qt::WA_WState_Created))
         return;
-    const QString letters = QStringLiteral("0123456789.ABCDEFGHIJKLMNOPQRSTUVWXYZ");
-    const QStringList samples = QVector<QString>(rowsAtOnce + 1, letters).toList();
+    const QString widest = QStringLiteral("0123456789.ABCDEFGHIJKLMNOPQRSTUVWXYZ");
+    const QStringList samples = QVector<QString>(rowsAtOnce + 1, widest).toList();
     m_rows.setStringList(samples);
     ensurePolished();
     resize(sizeFor(samples));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "LettersAhead.h"
 #include <QLineEdit>
 #include <QListView>
 #include <QStringListModel>
@@ -20,7 +21,8 @@ public:
     /// Opens the list with at most `mostRows` rows, `marked` (-1 for none) being the marked one. No rows close it.
     void offer(const QStringList& rows, int marked);
     /// Does ahead what the first opening would otherwise need time for: the window, its style, the letters of its font.
-    void prepare();
+    /// `letters` are further characters that rows may have, by their codes.
+    void prepare(const QBitArray& letters);
     /// The marked row, -1 when none is or the list is closed.
     int markedRow() const;
     /// Whether the tabulator chooses the marked row instead of leaving the field.
@@ -40,6 +42,7 @@ private:
     void choose(int row);
 
     QLineEdit* m_edit;
+    LettersAhead* m_letters;
     QStringListModel m_rows;
     bool m_tabChooses = false;
 };

@@ -12,6 +12,7 @@ constexpr QChar nameEnd;
 /// Characters in a suffix's head, and the bits of each.
 constexpr int headLength = 4;
 constexpr int characterBits = 16;
+constexpr int characterCodes = 1 << characterBits;
 
 /// Leaves the preparation, also from within a sort.
 struct Stopped { };
@@ -95,6 +96,16 @@ void SymbolIndex::readNames()
         m_names += searchForm(OrloBusinessDataInterface::GetSecurityChineseName(symbol)) + nameEnd;
     }
     m_names.squeeze();
+    noteLetters();
+}
+
+void SymbolIndex::noteLetters()
+{
+    m_letters.resize(characterCodes);
+    for (const QChar character : qAsConst(m_names)) {
+        if (character != nameEnd && !character.isSurrogate())
+            m_letters.setBit(character.unicode());
+    }
 }
 
 QVector<SymbolIndex::Suffix> SymbolIndex::suffixes() const

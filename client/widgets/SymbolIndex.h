@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QBitArray>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -33,6 +34,8 @@ public:
     const QString& codeAt(int place) const { return m_codes.at(m_byCode.at(place)); }
     const QString& symbolAt(int place) const { return m_run.at(m_byCode.at(place)); }
 
+    /// The characters of all names, by their codes. Needs `hasNames`.
+    const QBitArray& letters() const { return m_letters; }
     /// Appends symbols whose name contains `part`, until `found` holds `limit`. None is appended twice. Needs
     /// `hasNames`; an empty part matches nothing.
     void appendByName(const QString& part, int limit, QStringList& found) const;
@@ -46,6 +49,7 @@ private:
     void keepGoing() const;
     void sortCodes();
     void readNames();
+    void noteLetters();
     QVector<Suffix> suffixes() const;
     void sortSuffixes();
     bool isEarlier(const Suffix& a, const Suffix& b) const;
@@ -56,8 +60,9 @@ private:
     QVector<QString> m_codes; ///< search forms, by row
     QVector<int> m_byCode;    ///< rows, sorted by code
     QString m_names;          ///< search forms of all names, each with an end
-    QVector<int> m_starts;    ///< where in the names each row's begins
-    QVector<int> m_suffixes;  ///< every position within a name, sorted by what follows
+    QBitArray m_letters;
+    QVector<int> m_starts;   ///< where in the names each row's begins
+    QVector<int> m_suffixes; ///< every position within a name, sorted by what follows
     std::atomic_bool m_stopped{ true };
     std::atomic_bool m_hasCodes{ false };
     std::atomic_bool m_hasNames{ false };

@@ -37,6 +37,16 @@ SymbolSearch::SymbolSearch(const QVector<QStringList>& runs)
     }
 }
 
+QBitArray SymbolSearch::letters() const
+{
+    QBitArray all;
+    if (m_stage < CodesAndNames)
+        return all;
+    for (const auto& index : m_indexes)
+        all |= index->letters();
+    return all;
+}
+
 QStringList SymbolSearch::exact(const QString& code) const
 {
     QStringList found;

@@ -13,6 +13,9 @@ public:
 
     Stage stage() const { return m_stage; }
 
+    /// The characters of all names by their codes; empty as long as the stage does not allow a search by name.
+    QBitArray letters() const;
+
     /// The following take a text in its search form and find nothing as long as the stage does not allow it.
 
     /// The symbols that are `code` or begin with `code` and the dot before the market, in the order of the runs.

@@ -272,7 +272,7 @@ bool VorSearchBox::Private::eventFilter(QObject* watched, QEvent* event)
     }
     // Behind what the focus brings about, and before the first key can come.
     if (event->type() == QEvent::FocusIn)
-        QTimer::singleShot(0, popup, &SuggestionPopup::prepare);
+        QTimer::singleShot(0, this, [this] { popup->prepare(SymbolSearch(runs).letters()); });
     if (event->type() == QEvent::FocusOut && isPending() && !leavesWindow(static_cast<QFocusEvent*>(event)->reason()))
         settle();
     return QObject::eventFilter(watched, event);

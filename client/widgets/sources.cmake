@@ -18,6 +18,8 @@ set(widget_sources
     FittedFont.h
     FormulaCompletion.cpp
     FormulaCompletion.h
+    LettersAhead.cpp
+    LettersAhead.h
     MessageBox.cpp
     MessageBox.h
     OrloAccountComboBox.cpp

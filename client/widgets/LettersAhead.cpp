@@ -1,0 +1,46 @@
+#include "LettersAhead.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QWidget>
+
+namespace {
+
+/// About half a millisecond's.
+constexpr int lettersAtOnce = 8;
+constexpr QSize canvasSize(64, 32);
+
+} // namespace
+
+LettersAhead::LettersAhead(QWidget* widget)
+    : QObject(widget)
+    , m_widget(widget)
+{
+    connect(&m_idle, &QTimer::timeout, this, &LettersAhead::drawSome);
+}
+
+void LettersAhead::draw(const QBitArray& letters)
+{
+    m_drawn.resize(letters.size());
+    m_wanted = letters & ~m_drawn;
+    m_next = 0;
+    if (m_wanted.count(true) > 0)
+        m_idle.start(0);
+}
+
+void LettersAhead::drawSome()
+{
+    QString some;
+    for (; m_next < m_wanted.size() && some.size() < lettersAtOnce; ++m_next) {
+        if (!m_wanted.testBit(m_next))
+            continue;
+        m_drawn.setBit(m_next);
+        some += QChar(m_next);
+    }
+    if (m_next >= m_wanted.size())
+        m_idle.stop();
+    QImage canvas(canvasSize, QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&canvas);
+    painter.setFont(m_widget->font());
+    painter.drawText(canvas.rect(), Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine, some);
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QBitArray>
+#include <QObject>
+#include <QTimer>
+
+class QWidget;
+
+/// Draws letters in a widget's font before they are shown, a few whenever there is nothing else to do: a letter that is
+/// drawn for the first time takes many times longer than ever after.
+class LettersAhead : public QObject {
+public:
+    explicit LettersAhead(QWidget* widget);
+
+    /// Letters by their character codes; those that were drawn before are left out.
+    void draw(const QBitArray& letters);
+    /// Whether nothing is left to be drawn.
+    bool isDone() const { return !m_idle.isActive(); }
+
+private:
+    void drawSome();
+
+    QWidget* m_widget;
+    QBitArray m_wanted;
+    QBitArray m_drawn;
+    int m_next = 0;
+    QTimer m_idle;
+};
