@@ -107,7 +107,8 @@ void DateEditTest::theModeSaysWhichFieldsAreShown()
     QVERIFY(!child<QLineEdit>("le_start")->isVisible());
     QVERIFY(child<QLineEdit>("le_date")->isVisible());
     const auto* const time = child<QLineEdit>("le_date")->parentWidget()->findChild<QTimeEdit*>();
-    QVERIFY(time && time->isVisible());
+    QVERIFY(time);
+    QVERIFY(time->isVisible());
     m_edit->SetMode(0, false);
     QVERIFY(!time->isVisible());
 }

@@ -98,7 +98,7 @@ void insertDates(FieldMap& record, const QDate& today, Choices& choices)
     const int offsets[] = { 3, -4, 0, 10 };
     const QDate begin = today.addDays(offsets[choices.number(4)]);
     record.insert(Base::beginDate, begin.toString(format));
-    record.insert(Base::endDate, begin.addDays(choices.number(3) * 2).toString(format));
+    record.insert(Base::endDate, begin.addDays(2LL * choices.number(3)).toString(format));
 }
 
 } // namespace

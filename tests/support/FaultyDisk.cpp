@@ -147,7 +147,9 @@ int openFile(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int*
         flags &= ~(SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
         flags |= SQLITE_OPEN_READONLY;
     }
-    const int result = disk().real->xOpen(disk().real, name, real, flags, outFlags);
+    sqlite3_vfs* const system = disk().real;
+    Q_ASSERT(system);
+    const int result = system->xOpen(system, name, real, flags, outFlags);
     if (real->pMethods != nullptr)
         file->pMethods = &methods;
     return result;

@@ -53,13 +53,10 @@ bool BoxWatcher::eventFilter(QObject* watched, QEvent* event)
     auto* const dialog = qobject_cast<QDialog*>(watched);
     if (!dialog || !isAsked(*dialog))
         return false;
-    // Queued: answered from within the box's own event loop, which starts after this event.
-    const QPointer<QDialog> box(dialog);
-    const auto later = [this, box] {
-        if (box)
-            answer(box);
-    };
-    QMetaObject::invokeMethod(this, later, Qt::QueuedConnection);
+    // Queued, and dropped with the box: answered from within the box's own event loop, which starts after this event
+    // and ends before the watcher goes.
+    QMetaObject::invokeMethod(
+        dialog, [this, dialog] { answer(dialog); }, Qt::QueuedConnection);
     return false;
 }
 

@@ -2,7 +2,6 @@
 
 #include <QDialog>
 #include <QObject>
-#include <QPointer>
 #include <QVector>
 
 #include <functional>
