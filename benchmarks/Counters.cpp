@@ -48,7 +48,7 @@ sqlite3* connection()
 int noteStatement(unsigned, void*, void*, void* text)
 {
     const QByteArray statement(static_cast<const char*>(text));
-    if (statement.startsWith("SELECT") && statement.contains("plan"))
+    if (statement.startsWith("SELECT") && statement.contains("FROM plans"))
         ++planReads.reads;
     return 0;
 }
