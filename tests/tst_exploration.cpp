@@ -59,6 +59,7 @@ public:
     std::vector<int> several(int many, int count)
     {
         std::vector<int> drawn;
+        drawn.reserve(static_cast<std::size_t>(many));
         for (int i = 0; i < many; ++i)
             drawn.push_back(upTo(count));
         return drawn;

@@ -239,7 +239,7 @@ void TestInstructionIssuer::a_plan_without_a_limit_is_filled_at_the_last_close()
     QCOMPARE(news.count(), 1);
     const auto instructions = AutoPlanLogic::instance().GetPlanInstruction(plan);
     QCOMPARE(instructions.keys(), result.issued);
-    const Record fields = instructions.first();
+    const Record& fields = instructions.first();
     QCOMPARE(fields.value(FieldId::IssuedQty).toString(), QStringLiteral("300"));
     QCOMPARE(fields.value(FieldId::FilledQty).toString(), QStringLiteral("300"));
     QCOMPARE(fields.value(FieldId::EndState).toString(), EndState::Ended);

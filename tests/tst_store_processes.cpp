@@ -168,7 +168,7 @@ void TestStoreProcesses::a_writer_whose_files_may_not_grow_is_told_and_loses_not
     reportTo("files that may not grow", m_ledger, 0);
     QCOMPARE(m_ledger.problems(), QStringList());
     QVERIFY(m_ledger.acknowledged() > 0);
-    QVERIFY(m_ledger.refusals().size() > 0);
+    QVERIFY(!m_ledger.refusals().empty());
     for (const QString& refusal : m_ledger.refusals()) {
         QVERIFY2(refusal.section(QLatin1Char(' '), 0, 0).toInt() < 1000, qPrintable(refusal));
         QVERIFY2(refusal.contains(QStringLiteral("数据库")), qPrintable(refusal));
