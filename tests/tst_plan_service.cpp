@@ -13,6 +13,7 @@
 #include "market/Security.h"
 #include "services/ClientClock.h"
 #include "services/ClientSession.h"
+#include "services/InstructionDesk.h"
 #include "services/PlanCheck.h"
 #include "services/PlanNews.h"
 #include "services/PlanTexts.h"
@@ -109,6 +110,8 @@ private Q_SLOTS:
     void a_new_plan_is_announced_once();
     void a_plan_that_is_acknowledged_survives_the_next_start();
     void instructions_are_known_as_they_are_whoever_changes_them();
+    void instructions_are_read_ahead_on_another_thread();
+    void a_session_closes_while_instructions_are_read_ahead();
     void a_record_that_does_not_fit_is_refused_with_a_reason_data();
     void a_record_that_does_not_fit_is_refused_with_a_reason();
     void other_parameters_that_do_not_fit_are_refused_data();
@@ -216,6 +219,34 @@ void TestPlanService::instructions_are_known_as_they_are_whoever_changes_them()
     QCOMPARE(service().GetPlanInstruction(id).keys(), (QStringList{ first, second }));
     QCOMPARE(service().GetPlanInstruction(QStringLiteral("AP99999999")).size(), 0);
     QCOMPARE(service().GetPlanInstruction(id).size(), 2);
+}
+
+void TestPlanService::instructions_are_read_ahead_on_another_thread()
+{
+    const QString id = m_session->create(SampleSession::record());
+    const Record running{ { FieldId::EndState, EndState::Running } };
+    ClientSession::instance().instructions().add(id, SampleSession::today(), running);
+
+    InstructionDesk desk(m_session->file());
+    const QThread* reader = nullptr;
+    connect(
+        &desk, &InstructionDesk::arrived, &desk, [&] { reader = QThread::currentThread(); }, Qt::DirectConnection);
+    const QSignalSpy arrived(&desk, &InstructionDesk::arrived);
+    desk.read(id, QStringLiteral("now"));
+    QTRY_COMPARE(arrived.count(), 1);
+    QVERIFY(reader && reader != thread());
+    QCOMPARE(arrived.constFirst().at(0).toString(), id);
+    QCOMPARE(arrived.constFirst().at(1).toString(), QStringLiteral("now"));
+    const auto instructions = arrived.constFirst().at(2).value<InstructionDesk::Instructions>();
+    QCOMPARE(instructions, service().GetPlanInstruction(id));
+}
+
+void TestPlanService::a_session_closes_while_instructions_are_read_ahead()
+{
+    const QString id = m_session->create(SampleSession::record());
+    ClientSession::instance().readInstructionsAhead(id);
+    QCOMPARE(m_session->reopen(), QString());
+    QCOMPARE(service().GetPlanInstruction(id).size(), 0);
 }
 
 void TestPlanService::a_record_that_does_not_fit_is_refused_with_a_reason_data()

@@ -52,7 +52,7 @@ void queryAverages(AutoPlanLogic* service, const QString& symbol)
 // there may be thousands. They are read once what is being opened stands.
 void readInstructionsAhead(AutoPlanLogic* service, const QString& planId)
 {
-    QTimer::singleShot(untilFormStands, service, [planId] { ClientSession::instance().instructionsOf(planId); });
+    QTimer::singleShot(untilFormStands, service, [planId] { ClientSession::instance().readInstructionsAhead(planId); });
 }
 
 } // namespace

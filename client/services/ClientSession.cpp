@@ -91,6 +91,7 @@ void ClientSession::close()
     m_open = false;
     m_idle.stop();
     m_averages.reset();
+    m_ahead.reset();
     m_instructions = KnownInstructions();
     m_texts.clear();
     m_unsigned.clear();
@@ -120,9 +121,26 @@ QMap<QString, InstructionStore::Fields> ClientSession::instructionsOf(const QStr
     if (!m_open)
         return {};
     const QString mark = m_database.contentsMark();
-    if (mark.isEmpty() || mark != m_instructions.mark || planId != m_instructions.plan)
+    if (!isKnown(planId, mark))
         m_instructions = { planId, mark, instructions().ofPlan(planId) };
     return m_instructions.instructions;
+}
+
+void ClientSession::readInstructionsAhead(const QString& planId)
+{
+    if (!m_open)
+        return;
+    const QString mark = m_database.contentsMark();
+    if (mark.isEmpty() || isKnown(planId, mark))
+        return;
+    if (!m_ahead)
+        startReadingAhead();
+    m_ahead->read(planId, mark);
+}
+
+bool ClientSession::isKnown(const QString& planId, const QString& mark) const
+{
+    return !mark.isEmpty() && mark == m_instructions.mark && planId == m_instructions.plan;
 }
 
 QString ClientSession::staticText(const QString& category, const QString& key)
@@ -243,4 +261,15 @@ void ClientSession::startMovingAverages()
     // Passed on from the desk's thread: receivers see the answer as another thread's.
     QObject::connect(m_averages.get(), &MovingAverageDesk::answered, &AutoPlanLogic::instance(),
         &AutoPlanLogic::signalQuerySymbolMAResponse, Qt::DirectConnection);
+}
+
+// Received by the desk, so that nothing arrives once the desk is gone.
+void ClientSession::startReadingAhead()
+{
+    m_ahead = std::make_unique<InstructionDesk>(m_database.fileName());
+    QObject::connect(m_ahead.get(), &InstructionDesk::arrived, m_ahead.get(),
+        [this](const QString& planId, const QString& mark, const InstructionDesk::Instructions& instructions) {
+            if (mark == m_database.contentsMark())
+                m_instructions = { planId, mark, instructions };
+        });
 }

@@ -3,6 +3,7 @@
 #include "calendar/TradeCalendar.h"
 #include "market/Market.h"
 #include "services/AccountDirectory.h"
+#include "services/InstructionDesk.h"
 #include "services/MovingAverageDesk.h"
 #include "store/InstructionStore.h"
 #include "store/PlanStore.h"
@@ -51,6 +52,8 @@ public:
     /// Instructions of a plan as the store has them. Those of the plan that was asked for last are remembered until the
     /// database changes.
     QMap<QString, InstructionStore::Fields> instructionsOf(const QString& planId);
+    /// Has the instructions of a plan that is likely to be asked for read on another thread, and remembers them.
+    void readInstructionsAhead(const QString& planId);
 
     /// A static text of the database; empty when there is none. Remembered until the session is closed.
     QString staticText(const QString& category, const QString& key);
@@ -66,7 +69,7 @@ private:
     struct KnownInstructions {
         QString plan;
         QString mark;
-        QMap<QString, InstructionStore::Fields> instructions;
+        InstructionDesk::Instructions instructions;
     };
 
     ClientSession();
@@ -80,6 +83,8 @@ private:
     QString storeTradeDays();
     void prepareSearch();
     void startMovingAverages();
+    void startReadingAhead();
+    bool isKnown(const QString& planId, const QString& mark) const;
 
     bool m_open = false;
     Database m_database;
@@ -87,7 +92,8 @@ private:
     std::unique_ptr<const Market> m_market;
     AccountDirectory m_accounts;
     std::unique_ptr<MovingAverageDesk> m_averages;
-    QTimer m_idle; ///< runs out when the trader is likely to be at the form again
+    std::unique_ptr<InstructionDesk> m_ahead; ///< started when it is first needed
+    QTimer m_idle;                            ///< runs out when the trader is likely to be at the form again
     KnownInstructions m_instructions;
     QHash<QPair<QString, QString>, QString> m_texts;
     QHash<QString, QStringList> m_unsigned;

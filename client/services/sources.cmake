@@ -14,6 +14,8 @@ target_sources(plandesk_platform PRIVATE
     services/EntrustTypes.cpp
     services/FillSimulator.cpp
     services/InstructionBusinessDataInterface.cpp
+    services/InstructionDesk.cpp
+    services/InstructionDesk.h
     services/InstructionIssuer.cpp
     services/MovingAverageDesk.cpp
     services/MovingAverageDesk.h

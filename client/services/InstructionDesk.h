@@ -1,0 +1,36 @@
+#pragma once
+
+#include "store/InstructionStore.h"
+
+#include <QObject>
+#include <QThread>
+
+#include <atomic>
+
+/// Reads the instructions of a plan ahead, of which there may be thousands, on a thread of its own and through a
+/// connection of its own. Nothing is announced once the desk is gone.
+class InstructionDesk : public QObject {
+    Q_OBJECT
+
+public:
+    using Instructions = QMap<QString, InstructionStore::Fields>;
+
+    /// `fileName`: the database, opened when the first plan is asked for.
+    explicit InstructionDesk(const QString& fileName);
+    ~InstructionDesk() override;
+
+    /// Asks for a plan's instructions; plans that were asked for before and not read yet are passed over. `mark` says
+    /// what the database was when they were asked for.
+    void read(const QString& planId, const QString& mark);
+
+Q_SIGNALS:
+    /// Emitted from the desk's thread. A plan whose database cannot be read is never answered.
+    void arrived(const QString& planId, const QString& mark, const InstructionDesk::Instructions& instructions);
+
+private:
+    class Reader;
+
+    QThread m_thread;
+    Reader* m_reader;
+    std::atomic_int m_asked{ 0 };
+};
