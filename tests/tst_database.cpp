@@ -103,6 +103,8 @@ private Q_SLOTS:
     void aTransactionThatGivesAReasonLeavesNothing();
     void theLogIsBegunAheadOfTheFirstTransaction();
     void aLongLogIsMovedWhenNobodyWaits();
+    void beginningTheLogKeepsTheVersionOfTheFile();
+    void theMarkOfTheContentsIsNotToldWithinATransaction();
     void aWorkerThreadReadsWithAnObjectOfItsOwn();
     void aClosedDatabaseGivesAReason();
 
@@ -349,12 +351,43 @@ void tst_database::aLongLogIsMovedWhenNobodyWaits()
     Database other;
     QCOMPARE(other.open(path(QStringLiteral("plans.db"))), QString());
     QCOMPARE(other.execute(QStringLiteral("BEGIN IMMEDIATE")), QString());
+    QElapsedTimer timer;
+    timer.start();
     m_database->prepareLog();
+    QVERIFY2(timer.elapsed() < 800, "waited for the other client's transaction");
     QCOMPARE(other.execute(QStringLiteral("ROLLBACK")), QString());
     m_database->prepareLog();
     QCOMPARE(logFrames(), 1);
     QCOMPARE(plans.count(), 60);
     QCOMPARE(PlanStore(other, otherParamKey).count(), 60);
+}
+
+void tst_database::beginningTheLogKeepsTheVersionOfTheFile()
+{
+    // As a newer program leaves it that has migrated the file meanwhile.
+    QCOMPARE(m_database->execute(QStringLiteral("PRAGMA user_version = 99")), QString());
+    for (int i = 0; i < 50; ++i)
+        QCOMPARE(m_database->transaction([] { return QString(); }), QString());
+    m_database->prepareLog();
+    QCOMPARE(logFrames(), 1);
+    QSqlQuery version = m_database->query(QStringLiteral("PRAGMA user_version"));
+    QVERIFY(version.next());
+    QCOMPARE(version.value(0).toInt(), 99);
+}
+
+void tst_database::theMarkOfTheContentsIsNotToldWithinATransaction()
+{
+    const QString before = m_database->contentsMark();
+    QVERIFY(!before.isEmpty());
+    QCOMPARE(m_database->contentsMark(), before);
+    QString within = QStringLiteral("not asked");
+    m_database->transaction([&] {
+        within = m_database->contentsMark();
+        return QString();
+    });
+    QCOMPARE(within, QString());
+    PlanStore(*m_database, otherParamKey).create(sampleRecord(), QStringLiteral("u"), morning);
+    QVERIFY(m_database->contentsMark() != before);
 }
 
 void tst_database::aWorkerThreadReadsWithAnObjectOfItsOwn()

@@ -10,7 +10,10 @@
 
 namespace {
 
-// Some hundred pages: well before SQLite moves the log by itself, within a transaction.
+// Milliseconds that a statement waits for another client's transaction.
+constexpr int busyTimeout = 800;
+// A few hundred pages, unless other clients write, too: well before SQLite moves the log by itself, within a
+// transaction.
 constexpr int transactionsPerLog = 50;
 
 QString nextConnectionName()
@@ -106,7 +109,7 @@ QString Database::connect(const QString& fileName)
         return QStringLiteral("无法创建所在文件夹");
     m_connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
     m_connection.setDatabaseName(fileName);
-    m_connection.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=800"));
+    m_connection.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(busyTimeout));
     if (!m_connection.open())
         return reasonOfError(m_connection.lastError());
     return QString();
@@ -225,7 +228,6 @@ QString Database::executePrepared(QSqlQuery& statement, const QVariantList& valu
     return reasonOf(statement);
 }
 
-// The first transaction of a log flushes it twice, once for the log's own beginning. This one changes nothing.
 void Database::prepareLog()
 {
     if (!isOpen() || m_inTransaction)
@@ -233,10 +235,25 @@ void Database::prepareLog()
     const bool isBegun = QFileInfo(fileName() + QStringLiteral("-wal")).size() > 0;
     if (isBegun && (m_committed < transactionsPerLog || !moveLog()))
         return;
-    const QString reason = transaction(
-        [this] { return execute(QStringLiteral("PRAGMA user_version = %1").arg(Schema::latestVersion())); });
-    if (reason.isEmpty())
+    setBusyTimeout(0);
+    if (beginLog().isEmpty())
         m_committed = 0;
+    setBusyTimeout(busyTimeout);
+}
+
+// The first transaction of a log flushes it twice, once for the log's own beginning. This one writes back what it
+// reads.
+QString Database::beginLog()
+{
+    return transaction([this] {
+        const int version = number(QStringLiteral("PRAGMA user_version"));
+        return execute(QStringLiteral("PRAGMA user_version = %1").arg(version));
+    });
+}
+
+void Database::setBusyTimeout(int milliseconds)
+{
+    execute(QStringLiteral("PRAGMA busy_timeout = %1").arg(milliseconds));
 }
 
 /// False while somebody else reads an older state.
@@ -248,6 +265,9 @@ bool Database::moveLog()
 
 QString Database::contentsMark()
 {
+    // What a transaction changes may be undone, and the mark would stay as it is.
+    if (m_inTransaction)
+        return QString();
     if (m_mark.lastQuery().isEmpty())
         m_mark = prepare(QStringLiteral("SELECT total_changes() || '/' || data_version FROM pragma_data_version"));
     if (!executePrepared(m_mark, {}).isEmpty() || !m_mark.next())

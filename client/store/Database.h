@@ -43,7 +43,7 @@ public:
     /// written stays as it is.
     void prepareLog();
     /// A mark of what the file holds: equal marks mean equal contents. It changes with every change by this connection
-    /// and with every commit of another one. Empty when it cannot be told.
+    /// and with every commit of another one. Empty within a transaction, and when it cannot be told.
     QString contentsMark();
     /// Why `query` failed, empty when it did not.
     static QString reasonOf(const QSqlQuery& query);
@@ -58,6 +58,8 @@ private:
     QString applyMigrations();
     int number(const QString& statement);
     bool moveLog();
+    QString beginLog();
+    void setBusyTimeout(int milliseconds);
 
     const QString m_connectionName;
     QSqlDatabase m_connection;
