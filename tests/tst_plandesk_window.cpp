@@ -363,13 +363,18 @@ void TestPlandeskWindow::every_plan_is_found_by_its_id()
     for (int i = 0; i < 7; ++i)
         ids.prepend(m_session->create(SampleSession::record()));
     PlanTableModel model;
-    QCOMPARE(model.reveal(ids.constFirst()), -1);
     model.refresh();
     for (int row = 0; row < ids.size(); ++row)
         QCOMPARE(model.reveal(ids.at(row)), row);
     QCOMPARE(model.reveal(QStringLiteral("AP00000099")), -1);
     QCOMPARE(model.reveal(QStringLiteral("no id")), -1);
     QCOMPARE(model.reveal(QString()), -1);
+
+    // Rows move when a plan is stored that the table has not been told of.
+    ids.prepend(m_session->create(SampleSession::record()));
+    QCOMPARE(model.reveal(ids.at(3)), 3);
+    QCOMPARE(model.index(3, PlanTableModel::Id).data().toString(), ids.at(3));
+    QCOMPARE(model.reveal(ids.constFirst()), 0);
 }
 
 void TestPlandeskWindow::a_plan_is_told_in_words()

@@ -35,6 +35,9 @@ StoredPlan PlanTableModel::plan(int row) const
 
 int PlanTableModel::reveal(const QString& planId)
 {
+    // Another client may have stored plans since the table was filled.
+    if (plan(rowOf(planId)).id != planId)
+        refresh();
     const int row = rowOf(planId);
     growTo(row + 1);
     return row;
