@@ -21,6 +21,8 @@ LettersAhead::LettersAhead(QWidget* widget)
 
 void LettersAhead::draw(const QBitArray& letters)
 {
+    if (letters.isEmpty())
+        return;
     m_drawn.resize(letters.size());
     m_wanted = letters & ~m_drawn;
     m_next = 0;

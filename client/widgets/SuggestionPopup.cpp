@@ -11,6 +11,11 @@
 namespace {
 
 constexpr int rowsAtOnce = 10;
+constexpr int widest = 360;
+/// Beside a row's text: with a scroll bar, and without.
+constexpr int barWidth = 24;
+constexpr int sideWidth = 8;
+constexpr int edgeHeight = 4;
 
 /// How wide a text is, in halves of a Chinese character; measuring it would cost a layout.
 int roughWidth(const QString& text)
@@ -39,24 +44,28 @@ public:
         const QStyle* style = row.widget->style();
         style->drawControl(QStyle::CE_ItemViewItem, &row, painter, row.widget);
         const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, row.widget) + 1;
-        drawText(painter, row, text, row.rect.adjusted(margin, 0, -margin, 0));
+        const QRect place = row.rect.adjusted(margin, 0, -margin, 0);
+        if (!drawText(painter, row, text, place, place.width()))
+            drawText(painter, row, row.fontMetrics.elidedText(text, row.textElideMode, place.width()), place, anyWidth);
     }
 
 private:
-    static void drawText(QPainter* painter, const QStyleOptionViewItem& row, const QString& text, const QRect& place)
+    static constexpr int anyWidth = QWIDGETSIZE_MAX;
+
+    /// False, with nothing drawn, when the text is wider than `mostWidth`.
+    static bool drawText(
+        QPainter* painter, const QStyleOptionViewItem& row, const QString& text, const QRect& place, int mostWidth)
     {
         QTextLayout layout(text, row.font);
         layout.beginLayout();
         const QTextLine line = layout.createLine();
         layout.endLayout();
-        if (line.naturalTextWidth() > place.width()) {
-            const QString cut = row.fontMetrics.elidedText(text, row.textElideMode, place.width());
-            drawText(painter, row, cut, place.adjusted(0, 0, place.width(), 0));
-            return;
-        }
+        if (line.naturalTextWidth() > mostWidth)
+            return false;
         const bool selected = row.state & QStyle::State_Selected;
         painter->setPen(row.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
         layout.draw(painter, { qreal(place.left()), place.top() + (place.height() - line.height()) / 2 });
+        return true;
     }
 };
 
@@ -107,9 +116,9 @@ void SuggestionPopup::offer(const QStringList& rows, int marked)
 QSize SuggestionPopup::sizeFor(const QStringList& rows) const
 {
     const QSize row = sizeHintForIndex(m_rows.index(widestOf(rows)));
-    const int bar = rows.size() > rowsAtOnce ? 24 : 8;
-    const int width = qMax(m_edit->width(), qMin(360, row.width() + bar + 2 * frameWidth()));
-    return { width, qMin(rows.size(), rowsAtOnce) * row.height() + 2 * frameWidth() + 4 };
+    const int bar = rows.size() > rowsAtOnce ? barWidth : sideWidth;
+    const int width = qMax(m_edit->width(), qMin(widest, row.width() + bar + 2 * frameWidth()));
+    return { width, qMin(rows.size(), rowsAtOnce) * row.height() + 2 * frameWidth() + edgeHeight };
 }
 
 void SuggestionPopup::prepare(const QBitArray& letters)
@@ -117,8 +126,8 @@ void SuggestionPopup::prepare(const QBitArray& letters)
     m_letters->draw(letters);
     if (testAttribute(Qt::WA_WState_Created))
         return;
-    const QString widest = QStringLiteral("0123456789.ABCDEFGHIJKLMNOPQRSTUVWXYZ");
-    const QStringList samples = QVector<QString>(rowsAtOnce + 1, widest).toList();
+    const QString codeLetters = QStringLiteral("0123456789.ABCDEFGHIJKLMNOPQRSTUVWXYZ");
+    const QStringList samples = QVector<QString>(rowsAtOnce + 1, codeLetters).toList();
     m_rows.setStringList(samples);
     ensurePolished();
     resize(sizeFor(samples));

@@ -140,7 +140,7 @@ bool SymbolIndex::isEarlier(const Suffix& a, const Suffix& b) const
         return a.head < b.head;
     const QChar* names = m_names.constData();
     // Within equal heads both end or neither does.
-    bool ended = (a.head & 0xffff) == nameEnd.unicode();
+    bool ended = (a.head & (characterCodes - 1)) == nameEnd.unicode();
     for (int i = headLength; !ended; ++i) {
         const QChar inA = names[a.position + i];
         const QChar inB = names[b.position + i];
