@@ -92,6 +92,7 @@ VorSearchBox::Private::Private(VorSearchBox* box)
 void VorSearchBox::Private::setRuns(const QVector<QStringList>& list)
 {
     runs = list;
+    // Has the indexes prepared that are not yet.
     const SymbolSearch begun(runs);
     offered.clear();
     popup->hide();
