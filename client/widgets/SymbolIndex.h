@@ -6,7 +6,8 @@
 #include <QVector>
 #include <atomic>
 
-/// What of a text or a symbol counts in a search: full-width letters and digits are the plain ones, case does not count.
+/// What of a text or a symbol counts in a search: full-width letters and digits are the plain ones, case does not
+/// count.
 QString searchForm(const QString& text);
 
 /// One run of symbols, sorted for search by code and by Chinese name. Both are prepared on a worker thread and may be
