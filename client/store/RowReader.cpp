@@ -63,8 +63,8 @@ QString RowReader::sharedText(int column)
     const QByteArray present = bytes(column);
     Latest& latest = m_latest[column];
     if (latest.text.isNull() || latest.bytes != present) {
-        auto known = m_texts.constFind(present);
-        if (known == m_texts.constEnd())
+        auto known = m_texts.find(present);
+        if (known == m_texts.end())
             known = m_texts.insert(QByteArray(present.constData(), present.size()), QString::fromUtf8(present));
         latest = { known.key(), *known };
     }
