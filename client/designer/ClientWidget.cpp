@@ -29,6 +29,6 @@ QIcon ClientWidget::icon() const
 
 QString ClientWidget::domXml() const
 {
-    const QString object = m_className.left(1).toLower() + m_className.mid(1);
+    const QString object = m_className.at(0).toLower() + m_className.mid(1);
     return QStringLiteral("<ui language=\"c++\"><widget class=\"%1\" name=\"%2\"/></ui>").arg(m_className, object);
 }
