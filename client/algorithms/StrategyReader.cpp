@@ -1,16 +1,13 @@
 #include "algorithms/StrategyReader.h"
 #include "algorithms/ParameterValue.h"
+#include "algorithms/StrategyVocabulary.h"
 
-#include <QRegularExpression>
-#include <algorithm>
 #include <optional>
+
+using namespace StrategyVocabulary;
 
 namespace {
 
-const QString CORE = QStringLiteral("http://www.fixprotocol.org/FIXatdl-1-1/Core");
-const QString LAYOUT = QStringLiteral("http://www.fixprotocol.org/FIXatdl-1-1/Layout");
-const QString VALIDATION = QStringLiteral("http://www.fixprotocol.org/FIXatdl-1-1/Validation");
-const QString INSTANCE = QStringLiteral("http://www.w3.org/2001/XMLSchema-instance");
 constexpr int MAX_TAG = 99999999;
 constexpr int MAX_PRECISION = 10;
 
@@ -31,20 +28,6 @@ const QMap<QString, ParameterType>& parameterTypes()
     return types;
 }
 
-const QMap<QString, ControlType>& controlTypes()
-{
-    static const QMap<QString, ControlType> types{
-        { QStringLiteral("TextField_t"), ControlType::TextField },
-        { QStringLiteral("SingleSpinner_t"), ControlType::SingleSpinner },
-        { QStringLiteral("DoubleSpinner_t"), ControlType::DoubleSpinner },
-        { QStringLiteral("DropDownList_t"), ControlType::DropDownList },
-        { QStringLiteral("CheckBox_t"), ControlType::CheckBox },
-        { QStringLiteral("Clock_t"), ControlType::Clock },
-        { QStringLiteral("RadioButtonList_t"), ControlType::RadioButtonList },
-    };
-    return types;
-}
-
 const QMap<QString, RuleOperator>& ruleOperators()
 {
     static const QMap<QString, RuleOperator> operators{
@@ -56,29 +39,6 @@ const QMap<QString, RuleOperator>& ruleOperators()
         { QStringLiteral("NE"), RuleOperator::NotEqual },
     };
     return operators;
-}
-
-/// The element's name as the tables of children write it; empty for a foreign vocabulary.
-QString elementKey(const QXmlStreamReader& xml)
-{
-    if (xml.namespaceUri() == CORE)
-        return xml.name().toString();
-    if (xml.namespaceUri() == LAYOUT)
-        return QStringLiteral("lay:") + xml.name();
-    if (xml.namespaceUri() == VALIDATION)
-        return QStringLiteral("val:") + xml.name();
-    return {};
-}
-
-/// "显示数量（股）" is the label "显示数量" with the unit "股".
-void splitUnit(StrategyControl& control)
-{
-    static const QRegularExpression form(QStringLiteral("^(.+)（([^（）]+)）$"));
-    const QRegularExpressionMatch match = form.match(control.label);
-    if (!match.hasMatch())
-        return;
-    control.label = match.captured(1);
-    control.unit = match.captured(2);
 }
 
 /// A default is written in the control's terms: an enumID, "true" or "false", otherwise the value.
@@ -128,7 +88,7 @@ void StrategyReader::readRoot()
         refuseOther();
     if (m_xml.hasError())
         return;
-    if (elementKey(m_xml) != QLatin1String("Strategies"))
+    if (elementKey() != QLatin1String("Strategies"))
         return fail(QStringLiteral("根元素应为FIXatdl 1.1的Strategies，而不是%1").arg(m_xml.qualifiedName()));
     readNamespaces();
     readStrategies();
@@ -288,15 +248,6 @@ void StrategyReader::readParameterText(StrategyParameter& parameter, const QXmlS
         fail(QStringLiteral("属性trueWireValue与falseWireValue相同"));
 }
 
-void StrategyReader::refuseForeign(
-    const QXmlStreamAttributes& attributes, const QString& type, bool allowed, const QStringList& names)
-{
-    for (const QString& name : names) {
-        if (!allowed && attributes.hasAttribute(name))
-            fail(QStringLiteral("类型%1不能有属性%2").arg(type, name));
-    }
-}
-
 void StrategyReader::readEnumPair(StrategyParameter& parameter)
 {
     const QStringList both{ QStringLiteral("enumID"), QStringLiteral("wireValue") };
@@ -306,92 +257,6 @@ void StrategyReader::readEnumPair(StrategyParameter& parameter)
     if (m_xml.hasError() || !hasRoom(parameter.values, QStringLiteral("EnumPair")))
         return;
     parameter.values.append({ identifier(found, both.at(0)), found.value(both.at(1)).toString() });
-    readChildren({});
-}
-
-void StrategyReader::readLayout(StrategyDefinition& strategy)
-{
-    attributes({});
-    int panels = 0;
-    readChildren({ { QStringLiteral("lay:StrategyPanel"), [&] {
-                        if (++panels > 1)
-                            return fail(QStringLiteral("StrategyLayout中只能有一个StrategyPanel"));
-                        readPanel(strategy, {}, 1);
-                    } } });
-    if (!m_xml.hasError() && panels == 0)
-        fail(QStringLiteral("StrategyLayout中没有StrategyPanel"));
-}
-
-void StrategyReader::readPanel(StrategyDefinition& strategy, const QString& section, int depth)
-{
-    if (depth > StrategyFile::MAX_PANEL_DEPTH)
-        return fail(QStringLiteral("StrategyPanel嵌套超过%1层").arg(StrategyFile::MAX_PANEL_DEPTH));
-    const QXmlStreamAttributes found =
-        attributes({ QStringLiteral("title"), QStringLiteral("orientation"), QStringLiteral("collapsible") });
-    requireValue(found, QStringLiteral("orientation"), QStringLiteral("VERTICAL"));
-    requireValue(found, QStringLiteral("collapsible"), QStringLiteral("false"));
-    const QString own = found.value(QLatin1String("title")).toString();
-    const QString title = own.isEmpty() ? section : own;
-
-    int controls = 0;
-    int panels = 0;
-    const auto either = [&](int& count, const std::function<void()>& readIt) {
-        ++count;
-        if (controls > 0 && panels > 0)
-            return fail(QStringLiteral("StrategyPanel中不能同时有Control和StrategyPanel"));
-        readIt();
-    };
-    readChildren({ { QStringLiteral("lay:Control"), [&] { either(controls, [&] { readControl(strategy, title); }); } },
-        { QStringLiteral("lay:StrategyPanel"),
-            [&] { either(panels, [&] { readPanel(strategy, title, depth + 1); }); } } });
-}
-
-void StrategyReader::readControl(StrategyDefinition& strategy, const QString& section)
-{
-    const QXmlStreamAttributes found = attributes(
-        { QStringLiteral("ID"), QStringLiteral("xsi:type"), QStringLiteral("label"), QStringLiteral("parameterRef"),
-            QStringLiteral("initValue"), QStringLiteral("tooltip"), QStringLiteral("increment"),
-            QStringLiteral("innerIncrement"), QStringLiteral("outerIncrement") },
-        { QStringLiteral("ID"), QStringLiteral("xsi:type"), QStringLiteral("label"), QStringLiteral("parameterRef") });
-    if (m_xml.hasError() || !hasRoom(strategy.controls, QStringLiteral("控件")))
-        return;
-
-    StrategyControl control;
-    control.line = m_xml.lineNumber();
-    control.id = identifier(found, QStringLiteral("ID"));
-    control.parameter = found.value(QLatin1String("parameterRef")).toString();
-    control.label = found.value(QLatin1String("label")).toString();
-    control.tooltip = found.value(QLatin1String("tooltip")).toString();
-    control.initialValue = found.value(QLatin1String("initValue")).toString();
-    control.section = section;
-    splitUnit(control);
-    readControlKind(control, found);
-    readChildren({ { QStringLiteral("lay:ListItem"), [&] { readListItem(control); } } });
-    strategy.controls.append(control);
-}
-
-void StrategyReader::readControlKind(StrategyControl& control, const QXmlStreamAttributes& attributes)
-{
-    const QString type = typeName(attributes, LAYOUT);
-    if (!controlTypes().contains(type))
-        return fail(QStringLiteral("控件类型“%1”不支持").arg(type));
-    control.type = controlTypes().value(type);
-
-    const bool one = control.type == ControlType::SingleSpinner;
-    const bool two = control.type == ControlType::DoubleSpinner;
-    refuseForeign(attributes, type, one, { QStringLiteral("increment") });
-    refuseForeign(attributes, type, two, { QStringLiteral("innerIncrement"), QStringLiteral("outerIncrement") });
-    control.increment = attributes.value(two ? QLatin1String("innerIncrement") : QLatin1String("increment")).toString();
-    control.outerIncrement = attributes.value(QLatin1String("outerIncrement")).toString();
-}
-
-void StrategyReader::readListItem(StrategyControl& control)
-{
-    const QStringList both{ QStringLiteral("enumID"), QStringLiteral("uiRep") };
-    const QXmlStreamAttributes found = attributes(both, both);
-    if (m_xml.hasError() || !hasRoom(control.items, QStringLiteral("ListItem")))
-        return;
-    control.items.append({ identifier(found, both.at(0)), found.value(both.at(1)).toString() });
     readChildren({});
 }
 
@@ -435,133 +300,4 @@ void StrategyReader::readComparison(StrategyRule& rule, const QXmlStreamAttribut
     rule.value = attributes.value(QLatin1String("value")).toString();
     if (rule.otherField.isEmpty() == rule.value.isEmpty())
         fail(QStringLiteral("Edit应有field2或value之一"));
-}
-
-void StrategyReader::readChildren(const Children& children)
-{
-    while (!m_xml.atEnd() && m_xml.readNext() != QXmlStreamReader::EndElement) {
-        if (m_xml.isStartElement())
-            readChild(children);
-        else
-            refuseOther();
-    }
-}
-
-void StrategyReader::readChild(const Children& children)
-{
-    if (!m_xml.namespaceDeclarations().isEmpty())
-        return fail(QStringLiteral("命名空间只能在根元素上声明"));
-    const auto found = children.constFind(elementKey(m_xml));
-    if (found == children.cend())
-        return fail(QStringLiteral("元素%1不支持或不能出现在这里").arg(m_xml.qualifiedName()));
-    (*found)();
-}
-
-void StrategyReader::refuseOther()
-{
-    if (m_xml.tokenType() == QXmlStreamReader::DTD)
-        fail(QStringLiteral("不允许DTD和实体声明"));
-    else if (m_xml.tokenType() == QXmlStreamReader::EntityReference)
-        fail(QStringLiteral("不允许实体引用"));
-    else if (m_xml.tokenType() == QXmlStreamReader::ProcessingInstruction)
-        fail(QStringLiteral("不支持处理指令%1").arg(m_xml.processingInstructionTarget()));
-    else if (m_xml.isCharacters() && !m_xml.isWhitespace())
-        fail(QStringLiteral("元素之间有文字“%1”").arg(m_xml.text().toString().simplified().left(20)));
-}
-
-QXmlStreamAttributes StrategyReader::attributes(const QStringList& known, const QStringList& needed)
-{
-    QXmlStreamAttributes found = m_xml.attributes();
-    for (const QXmlStreamAttribute& attribute : found) {
-        if (!isKnown(attribute, known))
-            fail(QStringLiteral("元素%1的属性%2不支持").arg(m_xml.name(), attribute.qualifiedName()));
-        else if (attribute.value().size() > StrategyFile::MAX_TEXT)
-            fail(QStringLiteral("属性%1超过%2个字符").arg(attribute.name()).arg(StrategyFile::MAX_TEXT));
-    }
-    for (const QString& name : needed) {
-        const QString value = name == QLatin1String("xsi:type")
-            ? found.value(INSTANCE, QStringLiteral("type")).toString()
-            : found.value(name).toString();
-        if (value.isEmpty())
-            fail(QStringLiteral("元素%1缺少属性%2").arg(m_xml.name(), name));
-    }
-    return found;
-}
-
-bool StrategyReader::isKnown(const QXmlStreamAttribute& attribute, const QStringList& known)
-{
-    if (attribute.namespaceUri().isEmpty())
-        return known.contains(attribute.name().toString());
-    return attribute.namespaceUri() == INSTANCE && known.contains(QStringLiteral("xsi:") + attribute.name());
-}
-
-QString StrategyReader::typeName(const QXmlStreamAttributes& attributes, const QString& vocabulary)
-{
-    const QString type = attributes.value(INSTANCE, QStringLiteral("type")).toString();
-    const int colon = type.indexOf(QLatin1Char(':'));
-    const QString prefix = type.left(std::max(colon, 0));
-    if (m_prefixes.value(prefix) != vocabulary)
-        fail(QStringLiteral("类型“%1”不属于%2").arg(type, vocabulary));
-    return type.mid(colon + 1);
-}
-
-int StrategyReader::number(
-    const QXmlStreamAttributes& attributes, const QString& name, int lowest, int highest, int absent)
-{
-    if (!attributes.hasAttribute(name))
-        return absent;
-    bool good = false;
-    const int value = attributes.value(name).toInt(&good);
-    if (!good || value < lowest || value > highest)
-        fail(QStringLiteral("属性%1的值“%2”应为%3至%4的整数")
-                 .arg(name, attributes.value(name).toString(), QString::number(lowest), QString::number(highest)));
-    return value;
-}
-
-bool StrategyReader::flag(const QXmlStreamAttributes& attributes, const QString& name, bool absent)
-{
-    if (!attributes.hasAttribute(name))
-        return absent;
-    const bool yes = attributes.value(name) == QLatin1String("true");
-    if (!yes && attributes.value(name) != QLatin1String("false"))
-        fail(QStringLiteral("属性%1的值“%2”应为true或false").arg(name, attributes.value(name).toString()));
-    return yes;
-}
-
-QString StrategyReader::identifier(const QXmlStreamAttributes& attributes, const QString& name)
-{
-    static const QRegularExpression form(
-        QRegularExpression::anchoredPattern(QStringLiteral("[A-Za-z][A-Za-z0-9_]{0,63}")));
-    QString value = attributes.value(name).toString();
-    if (!form.match(value).hasMatch())
-        fail(QStringLiteral("属性%1的值“%2”应以字母开头，只含字母、数字和下划线，最多64个字符").arg(name, value));
-    return value;
-}
-
-void StrategyReader::requireValue(const QXmlStreamAttributes& attributes, const QString& name, const QString& only)
-{
-    if (attributes.hasAttribute(name) && attributes.value(name) != only)
-        fail(QStringLiteral("属性%1的值“%2”不支持，只支持%3").arg(name, attributes.value(name).toString(), only));
-}
-
-template <typename List> bool StrategyReader::hasRoom(const List& list, const QString& what)
-{
-    if (list.size() < StrategyFile::MAX_COUNT)
-        return true;
-    fail(QStringLiteral("%1超过%2个").arg(what).arg(StrategyFile::MAX_COUNT));
-    return false;
-}
-
-void StrategyReader::fail(const QString& reason, qint64 line)
-{
-    if (m_xml.hasError())
-        return;
-    m_content.error = { m_name, line, reason };
-    m_xml.raiseError(reason);
-}
-
-StrategyFileError StrategyReader::parserError() const
-{
-    const bool cut = m_xml.error() == QXmlStreamReader::PrematureEndOfDocumentError;
-    return { m_name, m_xml.lineNumber(), cut ? QStringLiteral("文件不完整") : QStringLiteral("XML格式不正确") };
 }

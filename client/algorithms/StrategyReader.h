@@ -39,6 +39,8 @@ private:
     void readComparison(StrategyRule& rule, const QXmlStreamAttributes& attributes);
     void finishStrategy(StrategyDefinition& strategy);
 
+    /// The element's name as `Children` writes it; empty for a foreign vocabulary.
+    QString elementKey() const;
     void readChildren(const Children& children);
     void readChild(const Children& children);
     void refuseOther();
@@ -54,7 +56,13 @@ private:
     bool flag(const QXmlStreamAttributes& attributes, const QString& name, bool absent);
     QString identifier(const QXmlStreamAttributes& attributes, const QString& name);
     void requireValue(const QXmlStreamAttributes& attributes, const QString& name, const QString& only);
-    template <typename List> bool hasRoom(const List& list, const QString& what);
+    template <typename List> bool hasRoom(const List& list, const QString& what)
+    {
+        if (list.size() < StrategyFile::MAX_COUNT)
+            return true;
+        fail(QStringLiteral("%1超过%2个").arg(what).arg(StrategyFile::MAX_COUNT));
+        return false;
+    }
 
     void fail(const QString& reason) { fail(reason, m_xml.lineNumber()); }
     void fail(const QString& reason, qint64 line);

@@ -21,11 +21,14 @@ target_sources(plandesk_platform PRIVATE
     algorithms/StrategyDefinition.h
     algorithms/StrategyFile.cpp
     algorithms/StrategyFile.h
+    algorithms/StrategyLayout.cpp
     algorithms/StrategyLibrary.cpp
     algorithms/StrategyLibrary.h
     algorithms/StrategyQuery.cpp
     algorithms/StrategyQuery.h
     algorithms/StrategyReader.cpp
     algorithms/StrategyReader.h
+    algorithms/StrategySyntax.cpp
+    algorithms/StrategyVocabulary.h
     algorithms/strategies.qrc
 )
