@@ -65,14 +65,17 @@ QString modifyPlan(PlanRecord record, const QString& planId, QWidget* editor)
 
 void AutoParamSetting::slotBtnOkClicked()
 {
-    const SilentButton pressedOnce(ui->btn_ok);
-    if (!checkParam())
-        return;
-    const PlanRecord record = procUiDataByCreatePlan();
-    const QPointer<AutoParamSetting> self(this);
-    const QString failure = m_planId.isEmpty() ? createPlan(record, this) : modifyPlan(record, m_planId, this);
-    if (!self || !failure.isEmpty())
-        return;
+    {
+        const SilentButton pressedOnce(ui->btn_ok);
+        if (!checkParam())
+            return;
+        const PlanRecord record = procUiDataByCreatePlan();
+        const QPointer<AutoParamSetting> self(this);
+        const QString failure = m_planId.isEmpty() ? createPlan(record, this) : modifyPlan(record, m_planId, this);
+        if (!self || !failure.isEmpty())
+            return;
+    }
+    // OK is live again: a host may go on with this editor as soon as it is told.
     clearUiData();
     Q_EMIT signalBtnCancelClicked();
 }

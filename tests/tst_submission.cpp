@@ -63,6 +63,10 @@ private Q_SLOTS:
     void okPressedAgainWhileABoxIsOpenSendsNothing_data();
     void okPressedAgainWhileABoxIsOpenSendsNothing();
     void okWorksAgainAfterItsBoxes();
+    void okIsLiveAgainBeforeTheFormIsCleared_data();
+    void okIsLiveAgainBeforeTheFormIsCleared();
+    void okPressedByTheHostThatIsToldFailsInTheRules();
+    void theHostThatIsToldMaySendTheNextPlan();
     void theEditorMayBeDeletedWhileABoxIsOpen_data();
     void theEditorMayBeDeletedWhileABoxIsOpen();
     void theHostMayDeleteTheEditorWhenItIsDone();
@@ -524,6 +528,67 @@ void tst_submission::okWorksAgainAfterItsBoxes()
     fill();
     press(editor(), "btn_ok");
     QCOMPARE(sent(), 3);
+}
+
+void tst_submission::okIsLiveAgainBeforeTheFormIsCleared_data()
+{
+    QTest::addColumn<bool>("edit");
+    QTest::newRow("after a creation") << false;
+    QTest::newRow("after a modification") << true;
+}
+
+void tst_submission::okIsLiveAgainBeforeTheFormIsCleared()
+{
+    QFETCH(bool, edit);
+    open();
+    if (edit)
+        fillEdited();
+    else
+        fill();
+    const QAbstractButton* const ok = field<QAbstractButton>(editor(), "btn_ok");
+    QStringList silent;
+    QStringList live;
+    script().forget();
+    script().onCall = [&](const QString& call) { (ok->signalsBlocked() ? silent : live).append(call); };
+    press(editor(), "btn_ok");
+    QCOMPARE(silent.size() + live.size(), script().calls.size());
+    QVERIFY(silent.constLast().startsWith(QStringLiteral("ShowTipMsgBox(")));
+    QCOMPARE(live.value(0), QStringLiteral("le_symbol.setSymbol(\"\")"));
+    QVERIFY(!ok->signalsBlocked());
+}
+
+void tst_submission::okPressedByTheHostThatIsToldFailsInTheRules()
+{
+    open();
+    fill();
+    const QSignalSpy done(&editor(), &AutoParamSetting::signalBtnCancelClicked);
+    connect(&editor(), &AutoParamSetting::signalBtnCancelClicked, this, [this] {
+        script().forget();
+        press(editor(), "btn_ok");
+    });
+    press(editor(), "btn_ok");
+    QCOMPARE(sent(), 1);
+    QCOMPARE(done.count(), 1);
+    QCOMPARE(onlyBox().kind, QStringLiteral("warning"));
+    QCOMPARE(onlyBox().text, QStringLiteral("指令类型必填，请重新编辑！"));
+}
+
+void tst_submission::theHostThatIsToldMaySendTheNextPlan()
+{
+    open();
+    fillEdited();
+    const QSignalSpy done(&editor(), &AutoParamSetting::signalBtnCancelClicked);
+    connect(&editor(), &AutoParamSetting::signalBtnCancelClicked, this, [this, &done] {
+        if (done.count() > 1)
+            return;
+        editor().resetEnable();
+        fill();
+        press(editor(), "btn_ok");
+    });
+    press(editor(), "btn_ok");
+    QCOMPARE(script().modifiedRecords.size(), 1);
+    QCOMPARE(script().createdRecords.size(), 1);
+    QCOMPARE(done.count(), 2);
 }
 
 void tst_submission::theEditorMayBeDeletedWhileABoxIsOpen_data()
