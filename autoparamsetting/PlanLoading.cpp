@@ -242,9 +242,10 @@ void fillStartedDates(const Ui::AutoParamSetting& ui, const StoredPlan& plan)
 void fillDates(const Ui::AutoParamSetting& ui, const StoredPlan& plan, bool edits)
 {
     const QDate begin = plan.date(Base::beginDate);
+    // An invalid date sorts before every other one, so a plan without a readable begin counts as started.
     if (!begin.isValid())
         qWarning() << "AutoParamSetting::copyPlan stored text is no date" << plan.text(Base::beginDate);
-    else if (begin > today())
+    if (begin > today())
         fillFutureDates(ui, plan);
     else if (edits)
         fillStartedDates(ui, plan);

@@ -296,8 +296,8 @@ Verdict startedPlanKeepsItsBegin(const CheckedPlan& plan)
     const QDate begin = QDate::fromString(
         AutoPlanLogic::instance().GetPlanInfo(plan.planId).value(AutoPlanField::BaseField::beginDate).toString(),
         OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
-    // A begin that cannot be read has been warned of when the plan was loaded.
-    if (!begin.isValid() || begin > day)
+    // A begin that cannot be read sorts before every day: such a plan counts as started, as when it is loaded.
+    if (begin > day)
         return passed();
     const OrloDateEdit* const range = plan.ui.date_effectivePeriod_Multi;
     const OrloDateEdit* const single = plan.ui.date_effectivePeriod_Single;

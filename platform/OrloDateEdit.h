@@ -19,10 +19,11 @@ public:
     void SetExceptDayOfWeek(const QList<int>& daysOfWeek);
     /// Dates that cannot be chosen; replaces the earlier list.
     void SetExceptDateList(const QList<QDate>& dates);
-    /// Bounds; both count as choosable.
+    /// Bounds; both count as choosable. An invalid date is no bound.
     void SetMinDate(const QDate& date);
     void SetMaxDate(const QDate& date); ///< the last date that can be chosen
-    /// Shows a range. A date that cannot be chosen is shown and marked as such, never moved.
+    /// Shows a range. A date that cannot be chosen is shown and marked as such, never moved; an invalid one leaves its
+    /// field empty.
     void SetStartEndDate(const QDate& start, const QDate& end);
     /// Shows one date; the same holds.
     void SetDate(const QDate& date);

@@ -81,7 +81,8 @@ private Q_SLOTS:
     void datesFollowTheBegin_data();
     void datesFollowTheBegin();
     void aStartedReductionIsBoundBeforeItsDayIsSet();
-    void aBeginThatIsNoDateLeavesTheDatesAlone();
+    void aPlanWithoutAReadableBeginCountsAsStarted_data();
+    void aPlanWithoutAReadableBeginCountsAsStarted();
     void anEditLocksWhatIdentifiesThePlan_data();
     void anEditLocksWhatIdentifiesThePlan();
     void aResetUnlocksAnEditedPlan();
@@ -499,16 +500,47 @@ void PlanLoadingTest::aStartedReductionIsBoundBeforeItsDayIsSet()
     QCOMPARE(calls.mid(calls.size() - expected.size()), expected);
 }
 
-void PlanLoadingTest::aBeginThatIsNoDateLeavesTheDatesAlone()
+void PlanLoadingTest::aPlanWithoutAReadableBeginCountsAsStarted_data()
 {
+    QTest::addColumn<bool>("reduces");
+    QTest::addColumn<QVariant>("begin");
+    QTest::addColumn<bool>("edits");
+    for (const bool reduces : { false, true }) {
+        const QByteArray kind = reduces ? "a reduction" : "a range";
+        const QVariant unreadable = QStringLiteral("2024-13-45");
+        QTest::newRow(kind + " with an unreadable begin, edited") << reduces << unreadable << true;
+        QTest::newRow(kind + " with an unreadable begin, copied") << reduces << unreadable << false;
+        QTest::newRow(kind + " without begin, edited") << reduces << QVariant() << true;
+        QTest::newRow(kind + " without begin, copied") << reduces << QVariant() << false;
+    }
+}
+
+void PlanLoadingTest::aPlanWithoutAReadableBeginCountsAsStarted()
+{
+    QFETCH(bool, reduces);
+    QFETCH(QVariant, begin);
+    QFETCH(bool, edits);
     openSampleMarket();
-    FieldMap record = recordOf(PlanSample());
-    record.insert(Base::beginDate, QStringLiteral("2024-13-45"));
+    const PlanSample plan = reduces ? PlanSample::reduction() : PlanSample();
+    FieldMap record = recordOf(plan);
+    record.remove(Base::beginDate);
+    if (begin.isValid())
+        record.insert(Base::beginDate, begin);
     storePlan(PlanId, record);
-    log().expectWarning(QStringLiteral("AutoParamSetting::copyPlan stored text is no date \"2024-13-45\""));
-    openStored(true);
-    QCOMPARE(range()->GetStartDate(), QDate(2024, 5, 7));
-    QCOMPARE(range()->property("startCalendarEnabled"), QVariant());
+    log().expectWarning(
+        QStringLiteral("AutoParamSetting::copyPlan stored text is no date \"%1\"").arg(begin.toString()));
+    openStored(edits);
+    const QDate first(2024, 5, 7);
+    const bool rangeIsBound = edits && !reduces;
+    QCOMPARE(range()->GetStartDate(), rangeIsBound ? QDate() : first);
+    QCOMPARE(range()->GetEndDate(), rangeIsBound ? plan.end : first);
+    QCOMPARE(range()->property("minDate").toDate(), rangeIsBound ? QDate() : first);
+    QCOMPARE(range()->property("startCalendarEnabled"), rangeIsBound ? QVariant(false) : QVariant());
+    const bool singleIsBound = edits && reduces;
+    QCOMPARE(single()->GetDate(), singleIsBound ? QDate() : first);
+    QCOMPARE(single()->property("minDate").toDate(), singleIsBound ? QDate() : first);
+    QCOMPARE(single()->property("maxDate").toDate(), singleIsBound ? QDate() : first.addMonths(3));
+    QCOMPARE(single()->isEnabled(), !singleIsBound);
     QCOMPARE(text(editor(), "le_targetTotalNum"), QStringLiteral("1000"));
 }
 

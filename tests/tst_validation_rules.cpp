@@ -99,7 +99,11 @@ private Q_SLOTS:
     void aStartedReductionKeepsItsDate_data();
     void aStartedReductionKeepsItsDate();
     void theBeginIsReadFromTheStoreAtOk();
-    void anUnreadableBeginIsNoStart();
+    void aPlanWithoutAReadableBeginKeepsItsDates_data();
+    void aPlanWithoutAReadableBeginKeepsItsDates();
+    void aReductionWithoutAReadableBeginKeepsItsDate_data();
+    void aReductionWithoutAReadableBeginKeepsItsDate();
+    void aPlanThatTheServiceNoLongerKnowsHasNoBegin();
     void quantitiesShouldFitTheStep_data();
     void quantitiesShouldFitTheStep();
     void lotsAreRoundedAndStepsAreCutOff();
@@ -121,6 +125,8 @@ private Q_SLOTS:
 private:
     void open(const PlanSample& plan);
     void edit(const PlanSample& plan, const QDate& today = QDate(2024, 5, 6));
+    /// Has the service keep another begin of the plan, or none.
+    void storeBegin(const QVariant& begin);
     void showDecimals(const char* name, int decimals);
     void setNumber(const char* name, double value) { number(name)->setValue(value); }
     void setText(const char* name, const QString& words) { field<QLineEdit>(editor(), name)->setText(words); }
@@ -153,6 +159,13 @@ void ValidationRulesTest::edit(const PlanSample& plan, const QDate& day)
     constructShown();
     editor().editPlan(PlanId);
     script().forget();
+}
+
+void ValidationRulesTest::storeBegin(const QVariant& begin)
+{
+    script().plans[PlanId].remove(AutoPlanField::BaseField::beginDate);
+    if (begin.isValid())
+        script().plans[PlanId].insert(AutoPlanField::BaseField::beginDate, begin);
 }
 
 void ValidationRulesTest::showDecimals(const char* name, int decimals)
@@ -835,16 +848,68 @@ void ValidationRulesTest::aStartedReductionKeepsItsDate()
 void ValidationRulesTest::theBeginIsReadFromTheStoreAtOk()
 {
     edit(PlanSample());
-    script().plans[PlanId].insert(AutoPlanField::BaseField::beginDate, QStringLiteral("2024/05/03"));
+    storeBegin(QStringLiteral("2024/05/03"));
     QCOMPARE(ok(), QStringList{ BeginMoved });
     QCOMPARE(script().callsOf(QStringLiteral("GetPlanInfo")), QStringList{ QStringLiteral("GetPlanInfo(P1)") });
 }
 
-void ValidationRulesTest::anUnreadableBeginIsNoStart()
+void ValidationRulesTest::aPlanWithoutAReadableBeginKeepsItsDates_data()
+{
+    QTest::addColumn<QVariant>("begin");
+    QTest::addColumn<QDate>("start");
+    QTest::addColumn<QDate>("end");
+    QTest::addColumn<QString>("said");
+    const QDate today(2024, 5, 6);
+    for (const QVariant& begin : { QVariant(), QVariant(QStringLiteral("yesterday")) }) {
+        const QByteArray kind = begin.isValid() ? "unreadable" : "missing";
+        QTest::newRow(kind + ", no start shown") << begin << QDate() << today.addDays(4) << Modified;
+        QTest::newRow(kind + ", ends today") << begin << QDate() << today << Modified;
+        QTest::newRow(kind + ", ended yesterday") << begin << QDate() << today.addDays(-1) << EndInThePast;
+        QTest::newRow(kind + ", without an end") << begin << QDate() << QDate() << EndInThePast;
+        QTest::newRow(kind + ", a start shown") << begin << today.addDays(1) << today.addDays(4) << BeginMoved;
+    }
+}
+
+void ValidationRulesTest::aPlanWithoutAReadableBeginKeepsItsDates()
+{
+    QFETCH(QVariant, begin);
+    QFETCH(QDate, start);
+    QFETCH(QDate, end);
+    QFETCH(QString, said);
+    edit(PlanSample());
+    storeBegin(begin);
+    field<OrloDateEdit>(editor(), "date_effectivePeriod_Multi")->SetStartEndDate(start, end);
+    QCOMPARE(ok(), QStringList{ said });
+}
+
+void ValidationRulesTest::aReductionWithoutAReadableBeginKeepsItsDate_data()
+{
+    QTest::addColumn<QVariant>("begin");
+    QTest::addColumn<QDate>("date");
+    QTest::addColumn<QString>("said");
+    for (const QVariant& begin : { QVariant(), QVariant(QStringLiteral("yesterday")) }) {
+        const QByteArray kind = begin.isValid() ? "unreadable" : "missing";
+        QTest::newRow(kind + ", no date shown") << begin << QDate() << Modified;
+        QTest::newRow(kind + ", a date shown") << begin << QDate(2024, 5, 7) << BeginMoved;
+    }
+}
+
+void ValidationRulesTest::aReductionWithoutAReadableBeginKeepsItsDate()
+{
+    QFETCH(QVariant, begin);
+    QFETCH(QDate, date);
+    QFETCH(QString, said);
+    edit(PlanSample::reduction());
+    storeBegin(begin);
+    field<OrloDateEdit>(editor(), "date_effectivePeriod_Single")->SetDate(date);
+    QCOMPARE(ok(), QStringList{ said });
+}
+
+void ValidationRulesTest::aPlanThatTheServiceNoLongerKnowsHasNoBegin()
 {
     edit(PlanSample());
-    script().plans[PlanId].insert(AutoPlanField::BaseField::beginDate, QStringLiteral("yesterday"));
-    QCOMPARE(ok(), QStringList{ Modified });
+    script().plans.remove(PlanId);
+    QCOMPARE(ok(), QStringList{ BeginMoved });
 }
 
 // --- Rules 17 and 18

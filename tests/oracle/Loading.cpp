@@ -178,6 +178,9 @@ void EditorModel::loadDates(const FieldMap& record)
 {
     const bool reduces = value(record, Orlo_Fields::AutoPlan::templateCode) == Reduction;
     const QDate begin = date(record, Base::beginDate), end = date(record, Base::endDate);
+    if (!begin.isValid())
+        effects.warnings.append(QStringLiteral("stored text is no date"));
+    // An invalid date is before every other one.
     const bool hasBegun = begin <= m_world.today;
     if (hasBegun && m_planId.isEmpty())
         return;

@@ -95,9 +95,12 @@ FieldMap otherOf(Choices& choices, const QString& trading)
 void insertDates(FieldMap& record, const QDate& today, Choices& choices)
 {
     const QString& format = OrloConstants::DateTimeFormatString::STD_DATE_FORMAT;
-    const int offsets[] = { 3, -4, 0, 10 };
-    const QDate begin = today.addDays(offsets[choices.number(4)]);
-    record.insert(Base::beginDate, begin.toString(format));
+    const int offsets[] = { 3, -4, 0, 10, 0, 0 };
+    const int drawn = choices.number(6);
+    const QDate begin = today.addDays(offsets[drawn]);
+    // The last two have a begin that cannot be read, and none.
+    if (drawn < 5)
+        record.insert(Base::beginDate, drawn < 4 ? begin.toString(format) : text("2024-13-45"));
     record.insert(Base::endDate, begin.addDays(2LL * choices.number(3)).toString(format));
 }
 

@@ -192,7 +192,7 @@ bool EditorModel::passesStart()
 {
     const QString stored = m_world.plans.value(m_planId).value(AutoPlanField::BaseField::beginDate).toString();
     const QDate begin = QDate::fromString(stored, OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
-    if (!begin.isValid() || begin > m_world.today)
+    if (begin > m_world.today)
         return true;
     const QString fixed = QStringLiteral("计划已开始执行，初始日期不支持修改！");
     if (isVisible(Range) && form.range.start != begin)

@@ -124,11 +124,12 @@ Maybe emptying(const Step& step, const EditorModel& model)
     return action;
 }
 
-/// The days that a calendar lets a trader choose, at most 40.
+/// The days that a calendar lets a trader choose, at most 40: the first ones, or without a bound below the last ones.
 QList<QDate> choosable(const DateState& state)
 {
     QList<QDate> days;
-    for (QDate day = state.earliest; day <= state.latest && days.size() < 40; day = day.addDays(1)) {
+    const QDate first = state.earliest.isValid() ? state.earliest : state.latest.addDays(-40);
+    for (QDate day = first; day.isValid() && day <= state.latest && days.size() < 40; day = day.addDays(1)) {
         if (day.dayOfWeek() < Qt::Saturday && !state.excluded.contains(day))
             days.append(day);
     }
