@@ -2,6 +2,7 @@
 
 #include "OrloAgreementSignWidget.h"
 #include "Orlo_Values.h"
+#include "SenderGuard.h"
 #include <QComboBox>
 #include <QPointer>
 
@@ -10,7 +11,6 @@ namespace AgreementDialog {
 namespace {
 
 constexpr int CountDownSeconds = 15;
-const char WaitingProperty[] = "waitsForAgreementDialog";
 
 QPointer<OrloAgreementSignWidget> makeDialog(QWidget* editor, const QStringList& clientNumbers)
 {
@@ -27,25 +27,11 @@ QPointer<OrloAgreementSignWidget> makeDialog(QWidget* editor, const QStringList&
 bool run(QWidget* editor, QComboBox* sender, const QStringList& clientNumbers)
 {
     const QPointer<QWidget> editorAlive(editor);
-    const QPointer<QComboBox> senderAlive(sender);
+    const SenderGuard guard(sender);
     const QPointer<OrloAgreementSignWidget> dialog = makeDialog(editor, clientNumbers);
-
-    sender->setProperty(WaitingProperty, true);
     dialog->exec();
     delete dialog;
-    if (senderAlive)
-        sender->setProperty(WaitingProperty, false);
-    if (editorAlive)
-        return true;
-    if (senderAlive)
-        sender->deleteLater();
-    return false;
-}
-
-void outlive(QComboBox* sender)
-{
-    if (sender->property(WaitingProperty).toBool())
-        sender->setParent(nullptr);
+    return !editorAlive.isNull();
 }
 
 } // namespace AgreementDialog

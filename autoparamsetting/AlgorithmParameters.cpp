@@ -14,6 +14,7 @@
 #include "OrloWidget.h"
 #include "ui_AutoParamSetting.h"
 #include <QDebug>
+#include <QPointer>
 
 namespace {
 
@@ -108,7 +109,11 @@ void AutoParamSetting::slotBtnAlgoParamSettingClicked()
     qInfo() << "AutoParamSetting::slotBtnAlgoParamSettingClicked" << name << parameters;
 
     const AesStrategy strategy = AlgoTradeLogicNew::GetInstance()->GetStrategy(name);
+    const QPointer<AutoParamSetting> self(this);
     const QString failure = m_algoParamWidget->LoadStrategy(strategy, {}, parameters, ui->le_symbol->getSymbol());
+    // The parameter widget may have waited for the trader, and the host may have closed the editor under it.
+    if (!self)
+        return;
     m_algoParamWidget->move(OrloUtils::GetWidgetPos(m_algoParamWidget, CentredOverWindow));
     m_algoParamWidget->setBaseInfoData(baseData(*ui), false);
     // A strategy with a name brings the widget up by itself when it is loaded.

@@ -2,11 +2,11 @@
 
 #include "Accessibility.h"
 #include "AesStrategy.h"
-#include "AgreementDialog.h"
 #include "AlgoTradeLogicNew.h"
 #include "AutoPlanLogic.h"
 #include "ComboItems.h"
 #include "PlanVocabulary.h"
+#include "SenderGuard.h"
 #include "ui_AutoParamSetting.h"
 
 namespace {
@@ -38,7 +38,8 @@ AutoParamSetting::AutoParamSetting(QWidget* parent)
 
 AutoParamSetting::~AutoParamSetting()
 {
-    AgreementDialog::outlive(ui->combx_planType);
+    SenderGuard::release(ui->combx_planType);
+    SenderGuard::release(ui->le_symbol);
     delete ui;
 }
 

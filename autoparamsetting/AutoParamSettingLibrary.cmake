@@ -54,6 +54,8 @@ function(autoparamsetting_add_library name)
         ${sources}/PlanRecord.cpp
         ${sources}/PriceFields.cpp
         ${sources}/SecurityFields.cpp
+        ${sources}/SenderGuard.cpp
+        ${sources}/SenderGuard.h
         ${sources}/Submission.cpp
         ${sources}/Today.h
         ${sources}/TypeFields.cpp

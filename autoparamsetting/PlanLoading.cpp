@@ -290,6 +290,8 @@ void AutoParamSetting::copyPlan(const QString& planId)
         return;
     setSymbolSilently(ui->le_symbol, plan.symbol());
     slotSymbolChange();
+    if (!self)
+        return;
     ui->la_symbolName->setText(OrloBusinessDataInterface::GetSecurityChineseName(plan.symbol()));
     selectCode(ui->combx_tradeSide, plan.text(Base::orderSide));
     const QString entrustType = plan.entrustType();
@@ -305,6 +307,8 @@ void AutoParamSetting::copyPlan(const QString& planId)
             m_algoParamWidget = AlgorithmParameters::createWidget(this, m_algoWhiteList);
         AlgorithmParameters::refreshLists(m_algoParamWidget, m_algoWhiteList, m_algoBlackList);
         fillAlgorithm(m_algoParamWidget, plan, entrustType);
+        if (!self)
+            return;
     }
     fillAssignee(*ui, plan);
     fillDates(*ui, plan, !m_planId.isEmpty());

@@ -11,8 +11,10 @@
 #include "Orlo_Values.h"
 #include "ParamListWidget_single.h"
 #include "PlanVocabulary.h"
+#include "SenderGuard.h"
 #include "ui_AutoParamSetting.h"
 #include <QDebug>
+#include <QPointer>
 
 namespace {
 
@@ -129,8 +131,12 @@ void AutoParamSetting::slotSymbolChange()
     if (m_algoParamWidget)
         m_algoParamWidget->ReInit();
     m_maPriceList.clear();
+    // Whoever hears the question may delete the editor.
+    const QPointer<AutoParamSetting> self(this);
+    const SenderGuard guard(ui->le_symbol);
     Q_EMIT signalQuerySymbolMAInfo(ui->combx_fundAccount->GetCurTradingAccount(), symbol);
-    InitDateEffectivePeriod();
+    if (self)
+        InitDateEffectivePeriod();
 }
 
 void AutoParamSetting::slotSymbolNameChange(QString name)

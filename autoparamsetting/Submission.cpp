@@ -33,32 +33,41 @@ private:
     bool m_wasBlocked;
 };
 
-QString createPlan(const PlanRecord& record, QWidget* editor)
+// The service may run an event loop of its own, in which the host may delete the editor. Both operations are true when
+// the plan is stored and the editor still there.
+
+bool createPlan(const PlanRecord& record, QWidget* editor)
 {
+    const QPointer<QWidget> alive(editor);
     const QString failure = AutoPlanLogic::instance().CreateNewPlan(record);
+    if (!alive)
+        return false;
     if (!failure.isEmpty()) {
         OrloWidget::ShowErrorMsgBox(failure, editor);
-        return failure;
+        return false;
     }
     OrloWidget::ShowTipMsgBox(AutoParamSetting::tr("交易自动规划创建成功!"), editor);
-    return QString();
+    return !alive.isNull();
 }
 
 // An edit keeps the security account with which the plan was created, whatever the account's data say today.
-QString modifyPlan(PlanRecord record, const QString& planId, QWidget* editor)
+bool modifyPlan(PlanRecord record, const QString& planId, QWidget* editor)
 {
+    const QPointer<QWidget> alive(editor);
     const PlanRecord stored = AutoPlanLogic::instance().GetPlanInfo(planId);
     record.insert(AutoPlanField::BaseField::autoPlanId, planId);
     record.insert(Kelvo_Fields::UserAccount::securityAccount,
         stored.value(Kelvo_Fields::UserAccount::securityAccount).toString());
     const QString failure = AutoPlanLogic::instance().modifyPlan(record);
+    if (!alive)
+        return false;
     if (!failure.isEmpty()) {
         OrloWidget::ShowErrorMsgBox(
             AutoParamSetting::tr("交易计划%1修改失败，失败原因：%2").arg(planId, failure), editor);
-        return failure;
+        return false;
     }
     OrloWidget::ShowTipMsgBox(AutoParamSetting::tr("交易计划%1修改成功!").arg(planId), editor);
-    return QString();
+    return !alive.isNull();
 }
 
 } // namespace
@@ -70,9 +79,7 @@ void AutoParamSetting::slotBtnOkClicked()
         if (!checkParam())
             return;
         const PlanRecord record = procUiDataByCreatePlan();
-        const QPointer<AutoParamSetting> self(this);
-        const QString failure = m_planId.isEmpty() ? createPlan(record, this) : modifyPlan(record, m_planId, this);
-        if (!self || !failure.isEmpty())
+        if (!(m_planId.isEmpty() ? createPlan(record, this) : modifyPlan(record, m_planId, this)))
             return;
     }
     // OK is live again: a host may go on with this editor as soon as it is told.

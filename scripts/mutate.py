@@ -56,6 +56,8 @@ FIRST_TESTS = {
     "QuantityRounding.cpp": ["tst_quantity_rounding"],
     "QuantityRounding.h": ["tst_quantity_rounding"],
     "SecurityFields.cpp": ["tst_security_fields"],
+    "SenderGuard.cpp": ["tst_submission", "tst_security_fields"],
+    "SenderGuard.h": ["tst_submission", "tst_security_fields"],
     "SpecialCharacters.cpp": ["tst_special_characters"],
     "Submission.cpp": ["tst_submission"],
     "TradingDays.cpp": ["tst_trading_days", "tst_effective_period"],

@@ -60,6 +60,7 @@ private Q_SLOTS:
 
     void anAnswerAfterTheEditorIsGoneIsIgnored();
     void theEditorMayBeDeletedWhileItsPanelIsOpen();
+    void theEditorMayBeDeletedWhileAStrategyIsLoaded();
     void theEditorMayBeDeletedWhileTheWarningIsOpen();
     void theEditorMayBeDeletedWhileTheErrorIsOpen();
     void pressedAgainWhileTheErrorIsOpenItKeepsOnePanel();
@@ -537,6 +538,15 @@ void tst_algorithm_parameters::theEditorMayBeDeletedWhileItsPanelIsOpen()
     destroy();
     QVERIFY(shown.isNull());
     QVERIFY(QApplication::activeModalWidget() == nullptr);
+}
+
+void tst_algorithm_parameters::theEditorMayBeDeletedWhileAStrategyIsLoaded()
+{
+    open();
+    script().panelLoadAnswer = QStringLiteral("参数错误");
+    destroyDuring(QStringLiteral("panel.LoadStrategy"));
+    QTest::mouseClick(field<QAbstractButton>(editor(), "btn_algoParamSetting"), Qt::LeftButton);
+    QCOMPARE(script().calls, QStringList());
 }
 
 void tst_algorithm_parameters::theEditorMayBeDeletedWhileTheWarningIsOpen()

@@ -105,6 +105,8 @@ private Q_SLOTS:
     void aPlanWithoutAlgorithmMakesNoPanel();
     void theEditorMayDieUnderTheAgreement_data();
     void theEditorMayDieUnderTheAgreement();
+    void theEditorMayDieWhileItIsFilled_data();
+    void theEditorMayDieWhileItIsFilled();
     void aSentPlanEmptiesTheForm_data();
     void aSentPlanEmptiesTheForm();
     void emptyingIsSilentButForSideAndAssignee();
@@ -930,6 +932,29 @@ void PlanLoadingTest::theEditorMayDieUnderTheAgreement()
     openStored(edits);
     QCOMPARE(script().countOf(QStringLiteral("OrloAgreementSignWidget.shown")), 1);
     QCOMPARE(script().countOf(QStringLiteral("GetSecurityChineseName")), 0);
+}
+
+void PlanLoadingTest::theEditorMayDieWhileItIsFilled_data()
+{
+    QTest::addColumn<QString>("operation");
+    QTest::addColumn<bool>("edits");
+    for (const bool edits : { false, true }) {
+        const QByteArray kind = edits ? ", edited" : ", copied";
+        QTest::newRow("the averages are asked for" + kind) << QStringLiteral("signalQuerySymbolMAInfo") << edits;
+        QTest::newRow("the panel is handed the plan" + kind) << QStringLiteral("panel.setBaseInfoData") << edits;
+    }
+}
+
+void PlanLoadingTest::theEditorMayDieWhileItIsFilled()
+{
+    QFETCH(QString, operation);
+    QFETCH(bool, edits);
+    store(algorithmPlan());
+    script().ruleProperty = 1;
+    destroyDuring(operation);
+    openStored(edits);
+    QCOMPARE(script().calls, QStringList());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 // --- Emptying the form

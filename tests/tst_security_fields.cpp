@@ -4,6 +4,7 @@
 #include "Orlo_Values.h"
 #include "PlanForm.h"
 
+#include <QPointer>
 #include <QSignalSpy>
 #include <QtTest>
 #include <thread>
@@ -71,6 +72,9 @@ private Q_SLOTS:
     void anAnswerIsLogged();
     void anAnswerFromAnotherThreadArrives();
     void anAnswerAfterTheEditorIsGoneIsIgnored();
+    void theHostMayDeleteTheEditorWhenItHearsTheQuery_data();
+    void theHostMayDeleteTheEditorWhenItHearsTheQuery();
+    void theServiceMayDeleteTheEditorWhenItHearsTheQuery();
 
     void theNumberInputsAreSetUp();
     void theDecimalsFollowTheTargetType();
@@ -577,6 +581,49 @@ void tst_security_fields::anAnswerAfterTheEditorIsGoneIsIgnored()
     QCoreApplication::processEvents();
     answer(Stock, { QStringLiteral("MA5") });
     QCOMPARE(script().calls, QStringList());
+}
+
+void tst_security_fields::theHostMayDeleteTheEditorWhenItHearsTheQuery_data()
+{
+    QTest::addColumn<int>("queries");
+    QTest::newRow("at once") << 1;
+    QTest::newRow("after it chose another security there") << 2;
+}
+
+void tst_security_fields::theHostMayDeleteTheEditorWhenItHearsTheQuery()
+{
+    QFETCH(int, queries);
+    open();
+    const QPointer<QWidget> searchBox = field<QWidget>(editor(), "le_symbol");
+    int heard = 0;
+    bool boxIsLeft = false;
+    connect(&editor(), &AutoParamSetting::signalQuerySymbolMAInfo, this, [&] {
+        if (++heard == queries) {
+            destroy();
+            script().forget();
+            return;
+        }
+        chooseSecurity(editor(), OtherStock);
+        // The inner signal has returned, the outer one has not.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        boxIsLeft = !searchBox.isNull();
+    });
+    chooseSecurity(editor(), Stock);
+    QCOMPARE(heard, queries);
+    QCOMPARE(script().calls, QStringList());
+    QCOMPARE(boxIsLeft, queries > 1);
+    QVERIFY(!searchBox.isNull());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(searchBox.isNull());
+}
+
+void tst_security_fields::theServiceMayDeleteTheEditorWhenItHearsTheQuery()
+{
+    open();
+    destroyDuring(QStringLiteral("signalQuerySymbolMAInfo"));
+    chooseSecurity(editor(), Stock);
+    QCOMPARE(script().calls, QStringList());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void tst_security_fields::theNumberInputsAreSetUp()

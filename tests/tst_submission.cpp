@@ -69,11 +69,15 @@ private Q_SLOTS:
     void theHostThatIsToldMaySendTheNextPlan();
     void theEditorMayBeDeletedWhileABoxIsOpen_data();
     void theEditorMayBeDeletedWhileABoxIsOpen();
+    void theEditorMayBeDeletedWhileTheServiceWorks_data();
+    void theEditorMayBeDeletedWhileTheServiceWorks();
     void theHostMayDeleteTheEditorWhenItIsDone();
     void theHostMayDeleteTheEditorOnCancel();
     void theEditorMayBeDeletedWhileTheAgreementIsOpen();
     void theEditorMayBeDeletedWhileTheAgreementIsOpenFromTheKeyboard();
     void theEditorMayBeDeletedLaterWhileTheAgreementIsOpen();
+    void theEditorMayBeDeletedWhileAnAgreementIsOpenInsideAnother_data();
+    void theEditorMayBeDeletedWhileAnAgreementIsOpenInsideAnother();
 
 private:
     void open();
@@ -637,6 +641,35 @@ void tst_submission::theEditorMayBeDeletedWhileABoxIsOpen()
     QCOMPARE(done.count(), 0);
 }
 
+void tst_submission::theEditorMayBeDeletedWhileTheServiceWorks_data()
+{
+    QTest::addColumn<bool>("edit");
+    QTest::addColumn<QString>("answer");
+    QTest::newRow("it creates") << false << QString();
+    QTest::newRow("it refuses to create") << false << QStringLiteral("拒绝");
+    QTest::newRow("it modifies") << true << QString();
+    QTest::newRow("it refuses to modify") << true << QStringLiteral("拒绝");
+}
+
+void tst_submission::theEditorMayBeDeletedWhileTheServiceWorks()
+{
+    QFETCH(bool, edit);
+    QFETCH(QString, answer);
+    open();
+    if (edit)
+        fillEdited();
+    else
+        fill();
+    script().createAnswer = script().modifyAnswer = answer;
+    const QSignalSpy done(&editor(), &AutoParamSetting::signalBtnCancelClicked);
+    destroyDuring(edit ? QStringLiteral("modifyPlan") : QStringLiteral("CreateNewPlan"));
+    QTest::mouseClick(field<QAbstractButton>(editor(), "btn_ok"), Qt::LeftButton);
+    QCOMPARE(sent(), 1);
+    QCOMPARE(script().calls, QStringList());
+    QCOMPARE(script().boxes.size(), 0);
+    QCOMPARE(done.count(), 0);
+}
+
 void tst_submission::theHostMayDeleteTheEditorWhenItIsDone()
 {
     open();
@@ -705,6 +738,43 @@ void tst_submission::theEditorMayBeDeletedLaterWhileTheAgreementIsOpen()
     QVERIFY(alive.isNull());
     QCOMPARE(script().calls, QStringList());
     destroy();
+}
+
+void tst_submission::theEditorMayBeDeletedWhileAnAgreementIsOpenInsideAnother_data()
+{
+    QTest::addColumn<bool>("underTheInnerOne");
+    QTest::newRow("under the inner one") << true;
+    QTest::newRow("under the outer one, the inner one closed") << false;
+}
+
+void tst_submission::theEditorMayBeDeletedWhileAnAgreementIsOpenInsideAnother()
+{
+    QFETCH(bool, underTheInnerOne);
+    script().unsignedClients = QStringList{ QStringLiteral("C-acc1") };
+    open();
+    fill();
+    const QPointer<QComboBox> planTypes = box(editor(), "combx_planType");
+    bool isLeftForTheOuterSignal = false;
+    script().whileAgreementOpen = [&] {
+        script().whileAgreementOpen = [&] {
+            if (underTheInnerOne)
+                destroy();
+        };
+        choose(editor(), "combx_planType", QStringLiteral("TW-01"));
+        choose(editor(), "combx_planType", QStringLiteral("JC-01"));
+        if (!underTheInnerOne)
+            destroy();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        isLeftForTheOuterSignal = !planTypes.isNull();
+        script().forget();
+    };
+    choose(editor(), "combx_planType", QStringLiteral("JC-01"));
+    QVERIFY(!script().whileAgreementOpen);
+    QVERIFY(isLeftForTheOuterSignal);
+    QCOMPARE(script().calls, QStringList());
+    QVERIFY(!planTypes.isNull());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(planTypes.isNull());
 }
 
 QTEST_MAIN(tst_submission)

@@ -51,6 +51,16 @@ void EditorTest::destroy()
     m_editor = nullptr;
 }
 
+void EditorTest::destroyDuring(const QString& operation)
+{
+    script().onCall = [this, operation](const QString& call) {
+        if (m_editor == nullptr || !call.startsWith(operation + QLatin1Char('(')))
+            return;
+        destroy();
+        script().forget();
+    };
+}
+
 void EditorTest::callSlot(const char* name)
 {
     if (!QMetaObject::invokeMethod(&editor(), name, Qt::DirectConnection))

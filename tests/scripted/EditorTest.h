@@ -28,6 +28,8 @@ protected:
     QWidget& host() const;
     /// Deletes the editor with its window; the test function may go on.
     void destroy();
+    /// Deletes it inside the next call of an operation, and forgets what was called until then.
+    void destroyDuring(const QString& operation);
     /// Calls a slot of the editor as a connection would.
     void callSlot(const char* name);
 
