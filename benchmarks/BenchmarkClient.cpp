@@ -1,10 +1,10 @@
 #include "BenchmarkClient.h"
 
 #include "SampleSession.h"
-#include "services/ClientClock.h"
-#include "services/ClientSession.h"
+#include "calendar/ClientClock.h"
+#include "search/SymbolIndex.h"
+#include "session/ClientSession.h"
 #include "widgets/Skins.h"
-#include "widgets/SymbolIndex.h"
 
 #include <QElapsedTimer>
 #include <QFile>

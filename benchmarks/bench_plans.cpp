@@ -2,7 +2,7 @@
 #include "AutoParamSetting.h"
 #include "BenchmarkClient.h"
 #include "Counters.h"
-#include "services/ClientSession.h"
+#include "session/ClientSession.h"
 
 namespace {
 

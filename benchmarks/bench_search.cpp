@@ -3,8 +3,8 @@
 #include "BenchmarkClient.h"
 #include "SymbolList.h"
 #include "VorSearchBox.h"
-#include "services/ClientSession.h"
-#include "widgets/SymbolIndex.h"
+#include "search/SymbolIndex.h"
+#include "session/ClientSession.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>

@@ -7,8 +7,8 @@
 #include "OrloDecimalLineEdit.h"
 #include "SampleSession.h"
 #include "VorSearchBox.h"
-#include "services/ClientSession.h"
-#include "services/PlanNews.h"
+#include "session/ClientSession.h"
+#include "session/PlanNews.h"
 
 #include <QAbstractButton>
 #include <QComboBox>

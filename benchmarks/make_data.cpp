@@ -8,13 +8,13 @@
 #include "Orlo_Fields.h"
 #include "Orlo_Values.h"
 #include "SampleSession.h"
-#include "defines/PlanCodes.h"
-#include "services/ClientClock.h"
-#include "services/ClientSession.h"
+#include "calendar/ClientClock.h"
+#include "session/ClientSession.h"
 #include "store/AccountStore.h"
 #include "store/AuthorityStore.h"
 #include "store/PositionStore.h"
 #include "store/SecurityStore.h"
+#include "values/PlanCodes.h"
 
 #include <QCoreApplication>
 #include <QFile>

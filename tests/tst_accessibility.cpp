@@ -11,7 +11,7 @@
 #include "SkinSheet.h"
 #include "TestToday.h"
 #include "VorSearchBox.h"
-#include "defines/PlanCodes.h"
+#include "values/PlanCodes.h"
 #include "widgets/CalendarPopup.h"
 #include "widgets/MessageBox.h"
 #include "widgets/Skins.h"

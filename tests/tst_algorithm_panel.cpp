@@ -4,7 +4,7 @@
 #include "AutoPlanField.h"
 #include "LogCatcher.h"
 #include "OrloStrategyFactory.h"
-#include "algorithms/StrategyLibrary.h"
+#include "strategies/StrategyLibrary.h"
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
 #include <QCheckBox>

@@ -16,13 +16,13 @@
 #include "Orlo_Fields.h"
 #include "Orlo_Values.h"
 #include "SampleSession.h"
-#include "defines/PlanCodes.h"
-#include "market/Security.h"
-#include "services/ClientSession.h"
+#include "search/SymbolIndexes.h"
 #include "services/Signatures.h"
+#include "session/ClientSession.h"
 #include "store/AgreementStore.h"
+#include "store/Security.h"
 #include "store/StrategyStore.h"
-#include "widgets/SymbolIndexes.h"
+#include "values/PlanCodes.h"
 
 #include <QtTest>
 

@@ -8,9 +8,9 @@
 #include "OrloDateEdit.h"
 #include "SampleSession.h"
 #include "TestToday.h"
-#include "defines/PlanCodes.h"
-#include "services/ClientClock.h"
-#include "services/ClientSession.h"
+#include "calendar/ClientClock.h"
+#include "session/ClientSession.h"
+#include "values/PlanCodes.h"
 #include "walkthrough/BoxWatcher.h"
 #include "walkthrough/FormDriver.h"
 

@@ -72,7 +72,7 @@ void DocsTest::thePlanRecordNamesEveryKeyWithItsValueInTheClient_data()
     QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("value");
     const QString header = readAll(QStringLiteral("platform/AutoPlanField.h"));
-    const QString source = readAll(QStringLiteral("client/defines/AutoPlanField.cpp"));
+    const QString source = readAll(QStringLiteral("client/values/AutoPlanField.cpp"));
     const QStringList namespaces = header.split(QStringLiteral("\nnamespace ")).mid(2);
     QCOMPARE(namespaces.size(), 2);
     for (const QString& part : namespaces) {

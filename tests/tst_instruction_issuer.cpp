@@ -6,15 +6,15 @@
 #include "LogCatcher.h"
 #include "Orlo_Fields.h"
 #include "SampleSession.h"
-#include "defines/PlanCodes.h"
 #include "formula/TickPrice.h"
-#include "services/ClientSession.h"
-#include "services/DayPrice.h"
-#include "services/DayShare.h"
-#include "services/FillSimulator.h"
-#include "services/InstructionIssuer.h"
-#include "services/PlanNews.h"
+#include "plans/DayPrice.h"
+#include "plans/DayShare.h"
+#include "plans/FillSimulator.h"
+#include "plans/InstructionIssuer.h"
+#include "session/ClientSession.h"
+#include "session/PlanNews.h"
 #include "store/SecurityStore.h"
+#include "values/PlanCodes.h"
 
 #include <QSignalSpy>
 #include <QtTest>

@@ -3,7 +3,7 @@
 #include "LogCatcher.h"
 #include "SampleSession.h"
 #include "market/MovingAverages.h"
-#include "services/ClientSession.h"
+#include "session/ClientSession.h"
 
 #include <QSignalSpy>
 #include <QThread>

@@ -9,14 +9,14 @@
 #include "Orlo_Values.h"
 #include "SampleSession.h"
 #include "VorMarginTradeType.h"
-#include "defines/PlanCodes.h"
-#include "market/Security.h"
-#include "services/ClientClock.h"
-#include "services/ClientSession.h"
-#include "services/InstructionDesk.h"
-#include "services/PlanCheck.h"
-#include "services/PlanNews.h"
-#include "services/PlanTexts.h"
+#include "calendar/ClientClock.h"
+#include "plans/PlanCheck.h"
+#include "plans/PlanTexts.h"
+#include "session/ClientSession.h"
+#include "session/InstructionDesk.h"
+#include "session/PlanNews.h"
+#include "store/Security.h"
+#include "values/PlanCodes.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>

@@ -16,9 +16,9 @@
 #include "SampleSession.h"
 #include "TestToday.h"
 #include "VorSearchBox.h"
-#include "defines/PlanCodes.h"
-#include "services/ClientClock.h"
-#include "services/ClientSession.h"
+#include "calendar/ClientClock.h"
+#include "session/ClientSession.h"
+#include "values/PlanCodes.h"
 
 #include <QAbstractButton>
 #include <QDialog>

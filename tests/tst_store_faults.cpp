@@ -5,8 +5,8 @@
 #include "PlanLedger.h"
 #include "SampleSession.h"
 #include "WriterProcess.h"
-#include "services/ClientClock.h"
-#include "services/ClientSession.h"
+#include "calendar/ClientClock.h"
+#include "session/ClientSession.h"
 #include "store/Schema.h"
 
 #include <QElapsedTimer>

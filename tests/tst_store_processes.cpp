@@ -3,7 +3,7 @@
 #include "PlanLedger.h"
 #include "SampleSession.h"
 #include "WriterProcess.h"
-#include "services/ClientSession.h"
+#include "session/ClientSession.h"
 #include "store/Database.h"
 #include "store/PlanStore.h"
 

@@ -1,9 +1,9 @@
 #include "AlgoTradeLogicNew.h"
 #include "LogCatcher.h"
-#include "algorithms/ParameterValue.h"
-#include "algorithms/StrategyFile.h"
-#include "algorithms/StrategyLibrary.h"
-#include "algorithms/StrategyQuery.h"
+#include "services/StrategyQuery.h"
+#include "strategies/ParameterValue.h"
+#include "strategies/StrategyFile.h"
+#include "strategies/StrategyLibrary.h"
 #include <QBuffer>
 #include <QElapsedTimer>
 #include <QSignalSpy>

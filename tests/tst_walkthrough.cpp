@@ -2,8 +2,8 @@
 #include "MainWindow.h"
 #include "SampleSession.h"
 #include "TestToday.h"
-#include "services/ClientClock.h"
-#include "services/ClientSession.h"
+#include "calendar/ClientClock.h"
+#include "session/ClientSession.h"
 #include "walkthrough/WalkThrough.h"
 
 #include <QDir>

@@ -1,8 +1,8 @@
 #include "algorithms/AlgorithmChoice.h"
 #include "Algo_Fields.h"
 #include "AutoPlanField.h"
-#include "algorithms/ParameterValue.h"
-#include "algorithms/StrategyLibrary.h"
+#include "strategies/ParameterValue.h"
+#include "strategies/StrategyLibrary.h"
 
 #include <QDebug>
 

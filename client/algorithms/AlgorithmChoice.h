@@ -1,7 +1,7 @@
 #pragma once
 
 #include "AlgoErrorCode.h"
-#include "algorithms/StrategyDefinition.h"
+#include "strategies/StrategyDefinition.h"
 #include <QMap>
 #include <QStringList>
 #include <QVariant>

@@ -3,7 +3,7 @@
 #include "Algo_Values.h"
 #include "OrloBusinessDataInterface.h"
 #include "algorithms/ParamListWidget_single_p.h"
-#include "algorithms/StrategyLibrary.h"
+#include "strategies/StrategyLibrary.h"
 
 #include <QComboBox>
 #include <QFrame>

@@ -1,6 +1,6 @@
 #include "algorithms/ParameterForm.h"
-#include "algorithms/ParameterValue.h"
 #include "algorithms/StepInput.h"
+#include "strategies/ParameterValue.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>

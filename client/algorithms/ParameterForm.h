@@ -1,6 +1,6 @@
 #pragma once
 
-#include "algorithms/StrategyDefinition.h"
+#include "strategies/StrategyDefinition.h"
 #include <QGridLayout>
 #include <QMap>
 #include <QWidget>

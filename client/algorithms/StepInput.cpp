@@ -1,5 +1,5 @@
 #include "algorithms/StepInput.h"
-#include "algorithms/ParameterValue.h"
+#include "strategies/ParameterValue.h"
 
 #include <QLineEdit>
 #include <QTime>

@@ -1,34 +1,12 @@
 target_sources(plandesk_platform PRIVATE
-    ${PROJECT_SOURCE_DIR}/platform/AlgoTradeLogicNew.h
     ${PROJECT_SOURCE_DIR}/platform/ParamListWidget_single.h
-    algorithms/AlgoTradeLogicNew.cpp
     algorithms/AlgorithmChoice.cpp
-    algorithms/AlgorithmChoice.h
     algorithms/AlgorithmPanel.cpp
     algorithms/AlgorithmPanel.h
     algorithms/OrloStrategyFactory.cpp
     algorithms/ParamListWidget_single.cpp
-    algorithms/ParamListWidget_single_p.h
     algorithms/ParameterForm.cpp
     algorithms/ParameterForm.h
-    algorithms/ParameterValue.cpp
-    algorithms/ParameterValue.h
     algorithms/StepInput.cpp
     algorithms/StepInput.h
-    algorithms/StrategyChecks.cpp
-    algorithms/StrategyChecks.h
-    algorithms/StrategyDefinition.cpp
-    algorithms/StrategyDefinition.h
-    algorithms/StrategyFile.cpp
-    algorithms/StrategyFile.h
-    algorithms/StrategyLayout.cpp
-    algorithms/StrategyLibrary.cpp
-    algorithms/StrategyLibrary.h
-    algorithms/StrategyQuery.cpp
-    algorithms/StrategyQuery.h
-    algorithms/StrategyReader.cpp
-    algorithms/StrategyReader.h
-    algorithms/StrategySyntax.cpp
-    algorithms/StrategyVocabulary.h
-    algorithms/strategies.qrc
 )

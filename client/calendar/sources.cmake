@@ -1,4 +1,5 @@
 target_sources(plandesk_platform PRIVATE
+    calendar/ClientClock.cpp
     calendar/TradeCalendar.cpp
     calendar/calendar.qrc
 )

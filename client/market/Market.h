@@ -1,8 +1,8 @@
 #pragma once
 
 #include "SymbolList.h"
-#include "market/Security.h"
 #include "store/Database.h"
+#include "store/Security.h"
 
 #include <QHash>
 #include <QStringList>

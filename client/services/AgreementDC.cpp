@@ -1,6 +1,6 @@
 #include "AgreementDC.h"
 
-#include "services/ClientSession.h"
+#include "session/ClientSession.h"
 
 AgreementDC& AgreementDC::instance()
 {

@@ -1,12 +1,12 @@
 #include "AutoPlanLogic.h"
 
 #include "AutoPlanField.h"
-#include "services/ClientClock.h"
-#include "services/ClientSession.h"
-#include "services/PlanCheck.h"
-#include "services/PlanNews.h"
-#include "services/PlanTexts.h"
+#include "calendar/ClientClock.h"
+#include "plans/PlanCheck.h"
+#include "plans/PlanTexts.h"
 #include "services/TradeDates.h"
+#include "session/ClientSession.h"
+#include "session/PlanNews.h"
 
 #include <QDateTime>
 #include <QTimer>

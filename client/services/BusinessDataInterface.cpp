@@ -1,7 +1,7 @@
 #include "BusinessDataInterface.h"
 
 #include "Kelvo_Fields.h"
-#include "services/ClientSession.h"
+#include "session/ClientSession.h"
 #include "store/PositionStore.h"
 
 QList<QMap<QString, QVariant>> BusinessDataInterface::GetPositionListByAccount(const tagUserAccountInfo& account,

@@ -2,7 +2,7 @@
 
 #include "Kelvo_Fields.h"
 #include "services/AccountRecord.h"
-#include "services/ClientSession.h"
+#include "session/ClientSession.h"
 
 #include <algorithm>
 

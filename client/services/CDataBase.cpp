@@ -1,6 +1,6 @@
 #include "CDataBase.h"
 
-#include "services/ClientSession.h"
+#include "session/ClientSession.h"
 
 CDataBase* CDataBase::GetInstance()
 {

@@ -1,7 +1,7 @@
 #include "InstructionBusinessDataInterface.h"
 
-#include "services/ClientSession.h"
-#include "services/EntrustTypes.h"
+#include "plans/EntrustTypes.h"
+#include "session/ClientSession.h"
 #include "store/StrategyStore.h"
 
 bool InstructionBusinessDataInterface::hasOrderAuthority(QString tradingAccount, QString instructionType)

@@ -1,6 +1,6 @@
 #include "OrloBusiUtils.h"
 
-#include "services/EntrustTypes.h"
+#include "plans/EntrustTypes.h"
 
 QString OrloBusiUtils::GetSideUnionChineseName(const QString& sideUnion)
 {

@@ -2,7 +2,7 @@
 
 #include "Orlo_Values.h"
 #include "services/AccountRecord.h"
-#include "services/ClientSession.h"
+#include "session/ClientSession.h"
 
 #include <QDebug>
 

@@ -3,7 +3,7 @@
 #include "Kelvo_Values.h"
 #include "OrloWidget.h"
 #include "Orlo_Values.h"
-#include "services/ClientSession.h"
+#include "session/ClientSession.h"
 #include "store/PositionStore.h"
 
 #include <QApplication>

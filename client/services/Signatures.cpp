@@ -1,6 +1,6 @@
 #include "services/Signatures.h"
 
-#include "services/ClientSession.h"
+#include "session/ClientSession.h"
 #include "store/AgreementStore.h"
 
 #include <QDateTime>

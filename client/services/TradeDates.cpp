@@ -1,7 +1,7 @@
 #include "services/TradeDates.h"
 
-#include "services/ClientClock.h"
-#include "services/ClientSession.h"
+#include "calendar/ClientClock.h"
+#include "session/ClientSession.h"
 
 #include <QHash>
 

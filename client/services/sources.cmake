@@ -1,32 +1,18 @@
 target_sources(plandesk_platform PRIVATE
+    ${PROJECT_SOURCE_DIR}/platform/AlgoTradeLogicNew.h
     ${PROJECT_SOURCE_DIR}/platform/AutoPlanLogic.h
-    services/AccountDirectory.cpp
     services/AccountRecord.cpp
     services/AgreementDC.cpp
+    services/AlgoTradeLogicNew.cpp
     services/AutoPlanLogic.cpp
     services/BusinessDataInterface.cpp
     services/CBusinessDataBase.cpp
     services/CDataBase.cpp
-    services/ClientClock.cpp
-    services/ClientSession.cpp
-    services/DayPrice.cpp
-    services/DayShare.cpp
-    services/EntrustTypes.cpp
-    services/FillSimulator.cpp
     services/InstructionBusinessDataInterface.cpp
-    services/InstructionDesk.cpp
-    services/InstructionDesk.h
-    services/InstructionIssuer.cpp
-    services/MovingAverageDesk.cpp
-    services/MovingAverageDesk.h
     services/OrloBusiUtils.cpp
     services/OrloBusinessDataInterface.cpp
     services/OrloTradeLogic.cpp
-    services/PlanCheck.cpp
-    services/PlanNews.cpp
-    services/PlanNews.h
-    services/PlanTexts.cpp
-    services/SampleStrategyLists.cpp
     services/Signatures.cpp
+    services/StrategyQuery.cpp
     services/TradeDates.cpp
 )

@@ -1,6 +1,6 @@
 #include "store/SecurityStore.h"
 
-#include "market/CloseCodec.h"
+#include "store/CloseCodec.h"
 #include "store/RowReader.h"
 
 SecurityStore::SecurityStore(Database& database)

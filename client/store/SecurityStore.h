@@ -1,7 +1,7 @@
 #pragma once
 
-#include "market/Security.h"
 #include "store/Database.h"
+#include "store/Security.h"
 
 #include <QDate>
 #include <QStringList>

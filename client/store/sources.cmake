@@ -2,6 +2,7 @@ target_sources(plandesk_platform PRIVATE
     store/AccountStore.cpp
     store/AgreementStore.cpp
     store/AuthorityStore.cpp
+    store/CloseCodec.cpp
     store/Database.cpp
     store/InstructionStore.cpp
     store/PlanId.cpp
@@ -10,7 +11,6 @@ target_sources(plandesk_platform PRIVATE
     store/RowReader.cpp
     store/Schema.cpp
     store/SecurityStore.cpp
-    store/SharedTexts.h
     store/StaticTextStore.cpp
     store/StrategyStore.cpp
     store/TradeDayStore.cpp

@@ -42,12 +42,6 @@ set(widget_sources
     Skins.h
     SuggestionPopup.cpp
     SuggestionPopup.h
-    SymbolIndex.cpp
-    SymbolIndex.h
-    SymbolIndexes.cpp
-    SymbolIndexes.h
-    SymbolSearch.cpp
-    SymbolSearch.h
     VorSearchBox.cpp
     skins.qrc)
 list(TRANSFORM widget_sources PREPEND ${PROJECT_SOURCE_DIR}/client/widgets/)
@@ -68,5 +62,6 @@ foreach(header
     list(APPEND widget_sources ${PROJECT_SOURCE_DIR}/platform/${header}.h)
 endforeach()
 
+list(APPEND widget_sources ${search_sources})
 set_property(GLOBAL PROPERTY PLANDESK_WIDGET_SOURCES ${widget_sources})
 target_sources(plandesk_platform PRIVATE ${widget_sources})

@@ -5,8 +5,8 @@
 #include "FormArrangement.h"
 #include "OrloWidget.h"
 #include "Orlo_Fields.h"
-#include "defines/PlanCodes.h"
-#include "services/PlanNews.h"
+#include "session/PlanNews.h"
+#include "values/PlanCodes.h"
 
 #include <QAbstractSpinBox>
 #include <QComboBox>

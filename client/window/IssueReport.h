@@ -1,6 +1,6 @@
 #pragma once
 
-#include "services/InstructionIssuer.h"
+#include "plans/InstructionIssuer.h"
 
 #include <QString>
 

@@ -5,9 +5,9 @@
 #include "OrloWidget.h"
 #include "PlanDetails.h"
 #include "PlanTableModel.h"
-#include "services/ClientClock.h"
-#include "services/ClientSession.h"
-#include "services/PlanNews.h"
+#include "calendar/ClientClock.h"
+#include "session/ClientSession.h"
+#include "session/PlanNews.h"
 #include "widgets/Skins.h"
 
 #include <QAction>

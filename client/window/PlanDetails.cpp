@@ -4,8 +4,8 @@
 #include "OrloHintLabel.h"
 #include "Orlo_Fields.h"
 #include "PlanWording.h"
-#include "defines/PlanCodes.h"
-#include "services/ClientSession.h"
+#include "session/ClientSession.h"
+#include "values/PlanCodes.h"
 
 #include <QFormLayout>
 

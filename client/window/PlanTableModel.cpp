@@ -1,7 +1,7 @@
 #include "PlanTableModel.h"
 
 #include "PlanWording.h"
-#include "services/ClientSession.h"
+#include "session/ClientSession.h"
 
 namespace {
 

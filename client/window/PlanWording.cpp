@@ -14,9 +14,9 @@
 #include "OrloConstants.h"
 #include "Orlo_Fields.h"
 #include "Orlo_Values.h"
-#include "algorithms/ParameterValue.h"
-#include "algorithms/StrategyLibrary.h"
-#include "defines/PlanCodes.h"
+#include "strategies/ParameterValue.h"
+#include "strategies/StrategyLibrary.h"
+#include "values/PlanCodes.h"
 
 #include <QHash>
 

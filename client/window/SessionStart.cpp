@@ -1,6 +1,6 @@
 #include "SessionStart.h"
 
-#include "services/ClientSession.h"
+#include "session/ClientSession.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -4,8 +4,8 @@
 #include "Options.h"
 #include "OrloWidget.h"
 #include "SessionStart.h"
-#include "algorithms/StrategyQuery.h"
-#include "services/ClientSession.h"
+#include "services/StrategyQuery.h"
+#include "session/ClientSession.h"
 #include "walkthrough/WalkThrough.h"
 #include "widgets/Skins.h"
 

@@ -1,7 +1,7 @@
 #include "FuzzTarget.h"
 #include "algorithms/ParameterForm.h"
-#include "algorithms/StrategyFile.h"
-#include "algorithms/StrategyLibrary.h"
+#include "strategies/StrategyFile.h"
+#include "strategies/StrategyLibrary.h"
 
 #include <QApplication>
 #include <QBuffer>

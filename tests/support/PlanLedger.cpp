@@ -3,9 +3,9 @@
 #include "AutoPlanField.h"
 #include "AutoPlanLogic.h"
 #include "SampleSession.h"
-#include "defines/PlanCodes.h"
 #include "store/Database.h"
 #include "store/PlanStore.h"
+#include "values/PlanCodes.h"
 
 namespace BaseField = AutoPlanField::BaseField;
 

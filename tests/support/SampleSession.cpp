@@ -6,10 +6,10 @@
 #include "Kelvo_Values.h"
 #include "OrloBusinessDataInterface.h"
 #include "Orlo_Fields.h"
-#include "defines/PlanCodes.h"
-#include "services/ClientClock.h"
-#include "services/ClientSession.h"
+#include "calendar/ClientClock.h"
+#include "session/ClientSession.h"
 #include "store/SecurityStore.h"
+#include "values/PlanCodes.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>

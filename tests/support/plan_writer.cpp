@@ -6,9 +6,9 @@
 #include "AutoPlanLogic.h"
 #include "PlanLedger.h"
 #include "SampleSession.h"
-#include "services/ClientClock.h"
-#include "services/ClientSession.h"
-#include "services/PlanNews.h"
+#include "calendar/ClientClock.h"
+#include "session/ClientSession.h"
+#include "session/PlanNews.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

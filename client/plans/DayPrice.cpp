@@ -1,0 +1,78 @@
+#include "plans/DayPrice.h"
+
+#include "AutoPlanField.h"
+#include "formula/PriceFormula.h"
+#include "formula/TickPrice.h"
+#include "market/MovingAverages.h"
+#include "values/PlanCodes.h"
+
+namespace {
+
+using namespace PlanCodes;
+using Record = QMap<QString, QVariant>;
+
+QHash<QString, double> namedPrices(const Security& security, const QVector<qint64>& closes)
+{
+    const int precision = security.pricePrecision;
+    QHash<QString, double> prices{ { PriceItem::previousClose, TickPrice::toYuan(closes.constLast(), precision) } };
+    if (security.hasPriceLimit()) {
+        const TickPrice::Limits limits = TickPrice::limits(closes.constLast(), security.limitPerMille);
+        prices.insert(PriceItem::upperLimit, TickPrice::toYuan(limits.up, precision));
+        prices.insert(PriceItem::lowerLimit, TickPrice::toYuan(limits.down, precision));
+    }
+    for (const QString& name : MovingAverages::names()) {
+        const auto average = MovingAverages::value(name, closes, precision);
+        if (average)
+            prices.insert(name, *average);
+    }
+    return prices;
+}
+
+PriceFormula::Result compared(const Record& record, const QHash<QString, double>& prices)
+{
+    const QString model = record.value(AutoPlanField::BaseField::priceModel).toString();
+    PriceFormula::Result first =
+        PriceFormula::evaluate(record.value(AutoPlanField::BaseField::priceFormula1).toString(), prices);
+    if (model == PriceModel::Custom || !first.reason.isEmpty())
+        return first;
+    const PriceFormula::Result second =
+        PriceFormula::evaluate(record.value(AutoPlanField::BaseField::priceFormula2).toString(), prices);
+    if (!second.reason.isEmpty())
+        return second;
+    first.price = model == PriceModel::CompareMax ? qMax(first.price, second.price) : qMin(first.price, second.price);
+    return first;
+}
+
+void setLimit(DayPrice& price, double yuan, const Security& security)
+{
+    const auto ticks = TickPrice::fromYuan(yuan, security.pricePrecision);
+    if (!ticks || *ticks < 1) {
+        price.reason = QStringLiteral("价格不足一个最小变动单位或过大");
+        return;
+    }
+    price.limit = *ticks;
+    if (!security.hasPriceLimit())
+        return;
+    const TickPrice::Limits limits = TickPrice::limits(price.reference, security.limitPerMille);
+    price.limit = qBound(limits.down, *ticks, limits.up);
+    price.cutToLimit = *price.limit != *ticks;
+}
+
+} // namespace
+
+DayPrice dayPrice(const Record& record, const Security& security, const QVector<qint64>& closes)
+{
+    DayPrice price;
+    if (closes.isEmpty()) {
+        price.reason = QStringLiteral("证券“%1”没有收盘价").arg(security.symbol);
+        return price;
+    }
+    price.reference = closes.constLast();
+    if (record.value(AutoPlanField::BaseField::priceModel).toString() == PriceModel::NoLimit)
+        return price;
+    const PriceFormula::Result result = compared(record, namedPrices(security, closes));
+    price.reason = result.reason;
+    if (price.reason.isEmpty())
+        setLimit(price, result.price, security);
+    return price;
+}

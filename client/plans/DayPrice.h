@@ -1,0 +1,25 @@
+#pragma once
+
+#include "store/Security.h"
+
+#include <QMap>
+#include <QVariant>
+#include <QVector>
+
+#include <optional>
+
+/// The price of a plan on one day.
+struct DayPrice {
+    /// In ticks; absent when the plan sets no limit.
+    std::optional<qint64> limit;
+    /// What the security is worth before the day begins, in ticks.
+    qint64 reference = 0;
+    /// True when the formula led beyond the day's limit prices and the price is the nearer of them.
+    bool cutToLimit = false;
+    /// Why there is no price; empty on success.
+    QString reason;
+};
+
+/// Works a plan's price out from its mode and formulas. `closes`: the security's closing prices before the day in
+/// ticks, oldest first.
+DayPrice dayPrice(const QMap<QString, QVariant>& record, const Security& security, const QVector<qint64>& closes);

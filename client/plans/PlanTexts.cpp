@@ -1,0 +1,51 @@
+#include "plans/PlanTexts.h"
+
+#include "OrloConstants.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRegularExpression>
+
+namespace {
+
+bool matches(const QString& text, const QString& pattern)
+{
+    return QRegularExpression(QRegularExpression::anchoredPattern(pattern)).match(text).hasMatch();
+}
+
+} // namespace
+
+std::optional<QMap<QString, QVariant>> PlanTexts::otherParam(const QString& text)
+{
+    if (text.size() > longestOtherParam)
+        return std::nullopt;
+    const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8());
+    if (!document.isObject())
+        return std::nullopt;
+    return document.object().toVariantMap();
+}
+
+std::optional<qint64> PlanTexts::wholeNumber(const QString& text)
+{
+    if (!matches(text, QStringLiteral("[0-9]{1,15}")))
+        return std::nullopt;
+    return text.toLongLong();
+}
+
+std::optional<double> PlanTexts::decimalNumber(const QString& text)
+{
+    if (!matches(text, QStringLiteral("[0-9]{1,15}(\\.[0-9]{1,8})?")))
+        return std::nullopt;
+    return text.toDouble();
+}
+
+QDate PlanTexts::date(const QString& text)
+{
+    const QDate read = QDate::fromString(text, OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
+    return PlanTexts::text(read) == text ? read : QDate();
+}
+
+QString PlanTexts::text(const QDate& date)
+{
+    return date.toString(OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
+}

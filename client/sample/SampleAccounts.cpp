@@ -1,0 +1,237 @@
+#include "sample/SampleAccounts.h"
+
+#include "Kelvo_Values.h"
+#include "Orlo_Values.h"
+#include "store/AccountStore.h"
+#include "store/AgreementStore.h"
+#include "store/AuthorityStore.h"
+#include "store/PositionStore.h"
+#include "store/SecurityStore.h"
+#include "store/UserStore.h"
+#include "values/PlanCodes.h"
+
+#include <QVector>
+
+namespace {
+
+namespace Exchange {
+using namespace Kelvo_Values::Exchange;
+using namespace Orlo_Values::Exchange;
+} // namespace Exchange
+
+namespace SubType {
+using namespace Kelvo_Values::MdcSubSecurityType;
+using namespace Orlo_Values::MdcSubSecurityType;
+} // namespace SubType
+
+using namespace PlanCodes::InstructionType;
+
+/// An account with what its user may do with it.
+struct SampleAccount {
+    QString number;
+    QString name;
+    QString clientNo;
+    QString assetProperty;
+    QStringList exchanges;
+    QStringList authorities;
+    int ruleProperty;
+    bool isSigned;
+};
+
+struct SampleUser {
+    StoredUser user;
+    QVector<SampleAccount> accounts;
+};
+
+const QStringList executors{ QStringLiteral("苏砚"), QStringLiteral("陆珩"), QStringLiteral("沈棠") };
+// One name stands twice, as it does when a reviewer belongs to two groups of a chain.
+const QStringList reviewers{ QStringLiteral("顾湫"), QStringLiteral("程澜"), QStringLiteral("顾湫"),
+    QStringLiteral("白霁") };
+
+// A table, with a row for each account, however long. NOLINTNEXTLINE(readability-function-size)
+QVector<SampleUser> accountOwners()
+{
+    const QString& ordinary = AccountAsset::ordinary;
+    const QString& credit = Orlo_Values::FundAccountType::Credit;
+    const QStringList mainland{ Exchange::sh, Exchange::sz, Exchange::bj };
+    const QStringList all = mainland + QStringList{ Exchange::HkStockCirculation };
+    const QStringList shSz{ Exchange::sh, Exchange::sz };
+    const QStringList bj{ Exchange::bj };
+    return {
+        { { QStringLiteral("trader01"), QStringLiteral("林岫") },
+            { { QStringLiteral("100001"), QStringLiteral("稳健一号"), QStringLiteral("C10001"), ordinary, all,
+                  { Ordinary, Bond, HkConnect }, 0, true },
+                { QStringLiteral("100002"), QStringLiteral("进取二号"), QStringLiteral("C10002"), ordinary, all,
+                    { Ordinary, Bond, HkConnect }, 1, true },
+                { QStringLiteral("200001"), QStringLiteral("信用一号"), QStringLiteral("C10002"), credit, shSz,
+                    { Credit }, 1, true } } },
+        { { QStringLiteral("trader02"), QStringLiteral("方汀") }, {} },
+        { { QStringLiteral("trader03"), QStringLiteral("叶溯") },
+            { { QStringLiteral("100003"), QStringLiteral("成长三号"), QStringLiteral("C10003"), ordinary, mainland,
+                { Ordinary, Bond }, 0, true } } },
+        { { QStringLiteral("trader04"), QStringLiteral("秦榆") },
+            { { QStringLiteral("200004"), QStringLiteral("信用四号"), QStringLiteral("C10004"), credit, shSz,
+                { Credit }, 0, true } } },
+        { { QStringLiteral("trader05"), QStringLiteral("江渡") },
+            { { QStringLiteral("100005"), QStringLiteral("北债五号"), QStringLiteral("C10005"), ordinary, bj, { Bond },
+                0, true } } },
+        { { QStringLiteral("trader06"), QStringLiteral("何屿") },
+            { { QStringLiteral("100006"), QStringLiteral("港股六号"), QStringLiteral("C10006"), ordinary,
+                { Exchange::HkStockCirculation }, { HkConnect }, 1, true } } },
+        { { QStringLiteral("trader07"), QStringLiteral("宋琅") },
+            { { QStringLiteral("100007"), QStringLiteral("减持七号"), QStringLiteral("C10007"), ordinary, mainland,
+                  { Ordinary }, 0, false },
+                { QStringLiteral("100017"), QStringLiteral("减持八号"), QStringLiteral("C10017"), ordinary, mainland,
+                    { Ordinary }, 1, true } } },
+        { { QStringLiteral("trader08"), QStringLiteral("许峤") },
+            { { QStringLiteral("200008"), QStringLiteral("信用北交"), QStringLiteral("C10008"), credit, bj,
+                { Ordinary, Credit }, 1, true } } },
+        { { QStringLiteral("trader09"), QStringLiteral("孟溪") },
+            { { QStringLiteral("100009"), QStringLiteral("未开户九号"), QStringLiteral("C10009"), ordinary, {},
+                { Ordinary, Bond, HkConnect }, 0, false } } },
+        { { QStringLiteral("trader10"), QStringLiteral("韩野") },
+            { { QStringLiteral("100010"), QStringLiteral("无权限十号"), QStringLiteral("C10010"), ordinary, all, {}, 0,
+                false } } },
+    };
+}
+
+/// Writes the sample; each step returns the reason when it fails.
+class AccountWriter {
+public:
+    AccountWriter(Database& database, const QDateTime& signedTime)
+        : m_users(database)
+        , m_accounts(database)
+        , m_authorities(database)
+        , m_agreements(database)
+        , m_positions(database)
+        , m_securities(database)
+        , m_signedTime(signedTime)
+    {
+    }
+
+    QString write()
+    {
+        QString reason;
+        const QVector<SampleUser> owners = accountOwners();
+        for (const SampleUser& owner : owners) {
+            if (reason.isEmpty())
+                reason = m_users.add(owner.user);
+            for (const SampleAccount& account : owner.accounts) {
+                if (reason.isEmpty())
+                    reason = writeAccount(owner.user.id, account);
+            }
+        }
+        return reason.isEmpty() ? writeColleagues() : reason;
+    }
+
+private:
+    // Those whom chains name may log in too; they have no accounts.
+    QString writeColleagues()
+    {
+        QStringList names = executors + reviewers;
+        names.removeDuplicates();
+        QString reason;
+        for (int i = 0; i < names.size() && reason.isEmpty(); ++i)
+            reason = m_users.add({ QStringLiteral("reviewer%1").arg(i + 1, 2, 10, QLatin1Char('0')), names.at(i) });
+        return reason;
+    }
+
+    QString writeAccount(const QString& user, const SampleAccount& sample)
+    {
+        QString reason = m_accounts.add({ sample.number, QStringLiteral("F") + sample.number, sample.name,
+            sample.clientNo, sample.assetProperty, QStringLiteral("B001"), exchangeAccounts(sample) });
+        if (reason.isEmpty())
+            reason = m_accounts.assign(user, sample.number);
+        for (const QString& type : sample.authorities) {
+            if (reason.isEmpty())
+                reason = writeAuthority(user, sample, type);
+        }
+        if (reason.isEmpty() && sample.isSigned)
+            reason =
+                m_agreements.sign(Orlo_Values::ProtocolId::AutoPlanReduceAgree, sample.clientNo, user, m_signedTime);
+        return reason.isEmpty() ? writePositions(sample) : reason;
+    }
+
+    static QString securityAccount(const SampleAccount& sample, const QString& exchange)
+    {
+        return exchange + sample.number;
+    }
+
+    static QMap<QString, QString> exchangeAccounts(const SampleAccount& sample)
+    {
+        QMap<QString, QString> accounts;
+        for (const QString& exchange : sample.exchanges)
+            accounts.insert(exchange, securityAccount(sample, exchange));
+        return accounts;
+    }
+
+    QString writeAuthority(const QString& user, const SampleAccount& sample, const QString& type)
+    {
+        QString reason = m_authorities.grant(user, sample.number, type);
+        if (reason.isEmpty())
+            reason = m_authorities.setRuleProperty(user, sample.number, type, sample.ruleProperty);
+        return reason.isEmpty() ? writeChain(sample.number, type) : reason;
+    }
+
+    // Nobody is there to whom a Hong Kong connect instruction could be handed on.
+    QString writeChain(const QString& account, const QString& type)
+    {
+        const QString key = QStringLiteral("CHAIN-%1-%2").arg(account, type);
+        QString reason = m_authorities.addChain(account, type, key);
+        if (reason.isEmpty())
+            reason = m_authorities.addChainUsers(key, ChainRole::Execute, executors);
+        if (reason.isEmpty() && type != HkConnect)
+            reason = m_authorities.addChainUsers(key, ChainRole::Forward, reviewers);
+        return reason;
+    }
+
+    QString writePositions(const SampleAccount& sample)
+    {
+        QString reason = writeHoldings(sample, Exchange::sh, SubType::Ashares, Kelvo_Values::SymbolPost::sh, 1);
+        if (reason.isEmpty())
+            reason = writeHoldings(sample, Exchange::sz, SubType::Gemstock, Kelvo_Values::SymbolPost::sz, 1);
+        if (reason.isEmpty())
+            reason = writeHoldings(
+                sample, Exchange::sh, SubType::ConvertableBondTypeList.constFirst(), Kelvo_Values::SymbolPost::sh, 10);
+        if (reason.isEmpty())
+            reason =
+                writeHoldings(sample, Exchange::HkStockCirculation, SubType::HStcokCirculation, SymbolSuffix::hk, 1);
+        return reason;
+    }
+
+    // Of each kind one position that is ample and one that is scarce, part of it not to be sold today.
+    QString writeHoldings(const SampleAccount& sample, const QString& exchange, const QString& subType,
+        const QString& suffix, int displayFactor)
+    {
+        if (!sample.exchanges.contains(exchange))
+            return QString();
+        const QStringList symbols = m_securities.firstSymbols(subType, suffix, 2);
+        const QVector<qint64> held{ 200000 / displayFactor, 500 / displayFactor };
+        const QVector<qint64> sellable{ 200000 / displayFactor, 300 / displayFactor };
+        QString reason;
+        for (int i = 0; i < symbols.size() && reason.isEmpty(); ++i)
+            reason = m_positions.set(
+                { sample.number, securityAccount(sample, exchange), symbols.at(i), held.at(i), sellable.at(i) });
+        return reason;
+    }
+
+    UserStore m_users;
+    AccountStore m_accounts;
+    AuthorityStore m_authorities;
+    AgreementStore m_agreements;
+    PositionStore m_positions;
+    SecurityStore m_securities;
+    const QDateTime m_signedTime;
+};
+
+} // namespace
+
+QString SampleAccounts::defaultUser()
+{
+    return QStringLiteral("trader01");
+}
+
+QString SampleAccounts::write(Database& database, const QDateTime& signedTime)
+{
+    return database.transaction([&] { return AccountWriter(database, signedTime).write(); });
+}

@@ -1,0 +1,258 @@
+#include "sample/SampleMarket.h"
+
+#include "Orlo_Values.h"
+#include "sample/SampleBoards.h"
+#include "sample/SampleNames.h"
+#include "sample/SamplePrices.h"
+
+#include <QMap>
+
+#include <algorithm>
+#include <numeric>
+
+namespace {
+
+constexpr int smallestSize = 200;
+constexpr int fullHistory = 260;
+constexpr int daysWithoutLimit = 5;
+constexpr int progressStep = 500;
+
+bool canGrow(const SampleBoard& board)
+{
+    return board.kind == SampleKind::Bond || board.kind == SampleKind::AssetBacked;
+}
+
+int standardSum(int sum, const SampleBoard& board)
+{
+    return sum + board.standardCount;
+}
+
+/// Securities that the boards may have beyond a market of standard size: those that are in it, or the further ones.
+int roomOf(bool further)
+{
+    int room = 0;
+    for (const SampleBoard& board : sampleBoards()) {
+        if (canGrow(board) && (board.standardCount == 0) == further)
+            room += board.capacity() - board.standardCount;
+    }
+    return room;
+}
+
+/// The share of `extra` that falls to a board, by the room that it has of `room`.
+int grownCount(const SampleBoard& board, int extra, int room)
+{
+    const int own = canGrow(board) ? board.capacity() - board.standardCount : 0;
+    return board.standardCount + static_cast<int>(qint64(own) * qMin(extra, room) / room);
+}
+
+/// The further boards are empty until all others are full.
+int scaledCount(const SampleBoard& board, int size)
+{
+    const int standard = SampleMarket::standardSize();
+    if (board.standardCount > 0 && size < standard)
+        return qMax(1, static_cast<int>(qint64(board.standardCount) * size / standard));
+    const int room = roomOf(false);
+    if (board.standardCount > 0)
+        return grownCount(board, size - standard, room);
+    return grownCount(board, qMax(0, size - standard - room), roomOf(true));
+}
+
+/// The largest board that may still have more, in a market that has grown a bond board.
+int boardForOneMore(const QVector<int>& counts)
+{
+    int largest = -1;
+    for (int i = 0; i < counts.size(); ++i) {
+        const bool hasRoom = counts.at(i) < sampleBoards().at(i).capacity();
+        if (hasRoom && (largest < 0 || counts.at(i) > counts.at(largest)))
+            largest = i;
+    }
+    return largest;
+}
+
+/// Securities of each board, together `size`.
+QVector<int> countsFor(int size)
+{
+    QVector<int> counts;
+    for (const SampleBoard& board : sampleBoards())
+        counts << scaledCount(board, size);
+    // What rounding left over.
+    int rest = size - std::accumulate(counts.cbegin(), counts.cend(), 0);
+    for (; rest > 0; --rest)
+        ++counts[boardForOneMore(counts)];
+    *std::max_element(counts.begin(), counts.end()) += rest;
+    return counts;
+}
+
+quint64 seedOf(quint64 seed, const QString& symbol)
+{
+    quint64 hash = 0xCBF29CE484222325u ^ seed;
+    for (const QChar c : symbol)
+        hash = (hash ^ c.unicode()) * 0x100000001B3u;
+    return hash;
+}
+
+/// The board's codes that are listed: `count` of them, spread over its ranges.
+class CodePicker {
+public:
+    CodePicker(const SampleBoard& board, int count, quint64 seed)
+        : m_board(board)
+        , m_count(count)
+        , m_capacity(board.capacity())
+        , m_random(seed)
+    {
+    }
+
+    /// Sets symbol and sub-type of the `index`-th security.
+    void pick(int index, Security& security)
+    {
+        const int gap = m_capacity / m_count;
+        int offset = static_cast<int>(qint64(index) * m_capacity / m_count + m_random.between(0, gap - 1));
+        auto range = m_board.ranges.cbegin();
+        for (; offset >= range->size; ++range)
+            offset -= range->size;
+        const int digits = m_board.kind == SampleKind::HongKong ? 5 : 6;
+        security.symbol =
+            QStringLiteral("%1%2").arg(range->first + offset, digits, 10, QLatin1Char('0')).arg(m_board.suffix);
+        security.subType = range->subType;
+    }
+
+private:
+    const SampleBoard& m_board;
+    const int m_count;
+    const int m_capacity;
+    SampleRandom m_random;
+};
+
+int hongKongLot(SampleRandom& random)
+{
+    static const QVector<int> lots{ 100, 200, 200, 400, 500, 500, 500, 1000, 1000, 1000, 1000, 2000, 2000, 2000, 2500,
+        4000, 5000, 10000 };
+    return lots.at(static_cast<int>(random.between(0, lots.size() - 1)));
+}
+
+int historyLength(const SampleBoard& board, SampleRandom& random)
+{
+    const bool isNew = board.kind != SampleKind::HongKong && random.chance(3);
+    return isNew ? static_cast<int>(random.between(1, fullHistory - 1)) : fullHistory;
+}
+
+void applySpecialTreatment(Security& security, int nameIndex, SampleRandom& random)
+{
+    const bool delisting = random.chance(40);
+    security.stFlag = delisting ? SpecialTreatment::starSt : SpecialTreatment::st;
+    security.name = SampleNames::specialTreatmentName(security.stFlag, nameIndex);
+    security.limitPerMille = 50;
+    const QString warning = delisting ? QStringLiteral("退市风险警示") : QStringLiteral("其他风险警示");
+    security.stText = QStringLiteral("证券【%1 %2】已被实施%3").arg(security.symbol, security.name, warning);
+}
+
+/// Writes the boards one after the other and counts along.
+class MarketWriter {
+public:
+    MarketWriter(
+        Database& database, const SampleMarketOptions& options, int size, const SampleMarket::Progress& progress)
+        : m_store(database)
+        , m_options(options)
+        , m_size(size)
+        , m_progress(progress)
+    {
+    }
+
+    QString write()
+    {
+        m_store.beginAdding();
+        const QVector<int> counts = countsFor(m_size);
+        for (int i = 0; i < counts.size(); ++i) {
+            const QString reason = writeBoard(sampleBoards().at(i), counts.at(i));
+            if (!reason.isEmpty())
+                return reason;
+        }
+        return report() ? QString() : stopped();
+    }
+
+private:
+    QString writeBoard(const SampleBoard& board, int count)
+    {
+        CodePicker codes(board, count, seedOf(m_options.seed, board.suffix) + quint64(board.ranges.constFirst().first));
+        for (int i = 0; i < count; ++i) {
+            if (m_done % progressStep == 0 && !report())
+                return stopped();
+            Security security;
+            codes.pick(i, security);
+            const QString reason = writeSecurity(board, security);
+            if (!reason.isEmpty())
+                return reason;
+            ++m_done;
+        }
+        return QString();
+    }
+
+    QString writeSecurity(const SampleBoard& board, Security& security)
+    {
+        SampleRandom random(seedOf(m_options.seed, security.symbol));
+        const int days = historyLength(board, random);
+        describe(board, security, days, random);
+        const CloseHistory closes{ m_options.lastDay,
+            SamplePrices::closes(board.kind, days, security.limitPerMille, random) };
+        return m_store.add(security, closes);
+    }
+
+    void describe(const SampleBoard& board, Security& security, int days, SampleRandom& random)
+    {
+        const int nameIndex = nextNameIndex(board.kind);
+        security.name = SampleNames::name(board.kind, nameIndex, random);
+        security.type = board.type;
+        security.exchange = board.exchange;
+        security.pricePrecision = board.pricePrecision;
+        security.displayFactor = board.displayFactor;
+        security.quantityStep = board.quantityStep > 0 ? board.quantityStep : hongKongLot(random);
+        security.limitPerMille = board.limitPerMille;
+        security.stFlag = Orlo_Values::StFlag::Normal;
+        if (board.kind != SampleKind::Share)
+            return;
+        if (days <= daysWithoutLimit)
+            security.limitPerMille = 0;
+        else if (board.limitPerMille == 100 && random.chance(3))
+            applySpecialTreatment(security, nameIndex, random);
+    }
+
+    // Shares of both markets draw from one list of names.
+    int nextNameIndex(SampleKind kind) { return m_names[kind == SampleKind::HongKong ? SampleKind::Share : kind]++; }
+
+    bool report() { return !m_progress || m_progress(m_done, m_size); }
+    static QString stopped() { return QStringLiteral("样本市场的生成已取消"); }
+
+    SecurityStore m_store;
+    const SampleMarketOptions m_options;
+    const int m_size;
+    const SampleMarket::Progress& m_progress;
+    QMap<SampleKind, int> m_names;
+    int m_done = 0;
+};
+
+} // namespace
+
+int SampleMarket::standardSize()
+{
+    return std::accumulate(sampleBoards().cbegin(), sampleBoards().cend(), 0, standardSum);
+}
+
+int SampleMarket::largestSize()
+{
+    return standardSize() + roomOf(false) + roomOf(true);
+}
+
+int SampleMarket::closesPerSecurity()
+{
+    return fullHistory;
+}
+
+QString SampleMarket::write(Database& database, const SampleMarketOptions& options, const Progress& progress)
+{
+    const int size = options.size == 0 ? standardSize() : options.size;
+    if (size < smallestSize || size > largestSize())
+        return QStringLiteral("样本市场的证券数量须在%1到%2之间").arg(smallestSize).arg(largestSize());
+    if (!options.lastDay.isValid())
+        return QStringLiteral("样本市场缺少最后一个收盘日");
+    return database.transaction([&] { return MarketWriter(database, options, size, progress).write(); });
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "sample/SampleBoards.h"
+#include "sample/SampleRandom.h"
+
+/// Invented closing prices.
+namespace SamplePrices {
+
+/// A walk of `days` closes in ticks, oldest first, none below one tick and none beyond the daily limit
+/// (`limitPerMille`, 0 means none) of the close before.
+QVector<qint64> closes(SampleKind kind, int days, int limitPerMille, SampleRandom& random);
+
+} // namespace SamplePrices

@@ -1,0 +1,7 @@
+#include "session/PlanNews.h"
+
+PlanNews& PlanNews::instance()
+{
+    static PlanNews news;
+    return news;
+}

@@ -1,0 +1,224 @@
+#include "strategies/ParameterValue.h"
+
+#include <QRegularExpression>
+#include <QTime>
+#include <algorithm>
+
+namespace {
+
+const QString STORED_TIME = QStringLiteral("HH:mm:ss");
+constexpr int PERCENT_PLACES = 2;
+
+int decimals(const QString& number)
+{
+    const int point = number.indexOf(QLatin1Char('.'));
+    return point < 0 ? 0 : number.size() - point - 1;
+}
+
+bool isTime(const QString& text)
+{
+    return text.size() == STORED_TIME.size() && QTime::fromString(text, STORED_TIME).isValid();
+}
+
+QString enteredTime(const QString& text)
+{
+    static const QStringList forms{ QStringLiteral("H:m:s"), QStringLiteral("H:m") };
+    for (const QString& form : forms) {
+        const QTime time = QTime::fromString(text, form);
+        if (time.isValid())
+            return time.toString(STORED_TIME);
+    }
+    return text;
+}
+
+int compare(const StrategyParameter& parameter, const QString& left, const QString& right)
+{
+    if (!ParameterValue::isNumber(parameter.type))
+        return left.compare(right);
+    const double difference = left.toDouble() - right.toDouble();
+    return difference < 0 ? -1 : (difference > 0 ? 1 : 0);
+}
+
+bool isBelowRange(const StrategyParameter& parameter, const QString& value)
+{
+    return !parameter.minValue.isEmpty() && compare(parameter, value, parameter.minValue) < 0;
+}
+
+bool isAboveRange(const StrategyParameter& parameter, const QString& value)
+{
+    return !parameter.maxValue.isEmpty() && compare(parameter, value, parameter.maxValue) > 0;
+}
+
+QString rangeProblem(const StrategyParameter& parameter, const QString& value)
+{
+    if (!isBelowRange(parameter, value) && !isAboveRange(parameter, value))
+        return {};
+    const QString low = ParameterValue::shown(parameter, parameter.minValue);
+    const QString high = ParameterValue::shown(parameter, parameter.maxValue);
+    if (high.isEmpty())
+        return QStringLiteral("应不小于%1").arg(low);
+    if (low.isEmpty())
+        return QStringLiteral("应不大于%1").arg(high);
+    return QStringLiteral("应在%1至%2之间").arg(low, high);
+}
+
+QString numberProblem(const StrategyParameter& parameter, const QString& value)
+{
+    if (!ParameterValue::isDecimal(value))
+        return QStringLiteral("应为数字");
+    const bool whole =
+        parameter.type == ParameterType::Int || (parameter.type == ParameterType::Qty && parameter.precision <= 0);
+    const int found = decimals(ParameterValue::movePoint(value, 0));
+    if (whole && found > 0)
+        return QStringLiteral("应为整数");
+    if (parameter.precision < 0 || found <= parameter.precision)
+        return rangeProblem(parameter, value);
+    const int shownPlaces =
+        parameter.type == ParameterType::Percentage ? parameter.precision - PERCENT_PLACES : parameter.precision;
+    return QStringLiteral("最多%1位小数").arg(std::max(shownPlaces, 0));
+}
+
+QString timeProblem(const StrategyParameter& parameter, const QString& value)
+{
+    if (!isTime(value))
+        return QStringLiteral("应为时间，如09:30:00");
+    return rangeProblem(parameter, value);
+}
+
+QString textProblem(const StrategyParameter& parameter, const QString& value)
+{
+    if (std::any_of(value.cbegin(), value.cend(), [](QChar letter) { return !letter.isPrint(); }))
+        return QStringLiteral("含有不可见字符");
+    if (parameter.type == ParameterType::Char && value.size() != 1)
+        return QStringLiteral("应为一个字符");
+    if (value.size() > parameter.maxLength)
+        return QStringLiteral("最多%1个字符").arg(parameter.maxLength);
+    return {};
+}
+
+QString typeProblem(const StrategyParameter& parameter, const QString& value)
+{
+    if (ParameterValue::isNumber(parameter.type))
+        return numberProblem(parameter, value);
+    if (parameter.type == ParameterType::LocalTime)
+        return timeProblem(parameter, value);
+    if (parameter.type != ParameterType::Boolean)
+        return textProblem(parameter, value);
+    const bool known = value == parameter.trueValue || value == parameter.falseValue;
+    return known ? QString() : QStringLiteral("不是可选的值");
+}
+
+bool isListed(const StrategyParameter& parameter, const QString& value)
+{
+    return std::any_of(parameter.values.cbegin(), parameter.values.cend(),
+        [&](const EnumeratedValue& candidate) { return candidate.text == value; });
+}
+
+bool isTrue(RuleOperator comparison, int order)
+{
+    switch (comparison) {
+    case RuleOperator::Less:
+        return order < 0;
+    case RuleOperator::LessOrEqual:
+        return order <= 0;
+    case RuleOperator::Greater:
+        return order > 0;
+    case RuleOperator::GreaterOrEqual:
+        return order >= 0;
+    case RuleOperator::Equal:
+        return order == 0;
+    case RuleOperator::NotEqual:
+        return order != 0;
+    }
+    return false;
+}
+
+} // namespace
+
+bool ParameterValue::isDecimal(const QString& text)
+{
+    static const QRegularExpression form(
+        QRegularExpression::anchoredPattern(QStringLiteral("-?[0-9]{1,15}(\\.[0-9]{1,10})?")));
+    return form.match(text).hasMatch();
+}
+
+bool ParameterValue::isNumber(ParameterType type)
+{
+    return type == ParameterType::Int || type == ParameterType::Float || type == ParameterType::Qty
+        || type == ParameterType::Price || type == ParameterType::Amount || type == ParameterType::Percentage;
+}
+
+QString ParameterValue::movePoint(const QString& text, int places)
+{
+    const bool negative = text.startsWith(QLatin1Char('-'));
+    QString digits = text;
+    digits.remove(QLatin1Char('-')).remove(QLatin1Char('.'));
+    int point = digits.size() - decimals(text) + places;
+    if (point < 1) {
+        digits.prepend(QString(1 - point, QLatin1Char('0')));
+        point = 1;
+    }
+    digits = digits.leftJustified(point, QLatin1Char('0'));
+
+    QString whole = digits.left(point);
+    while (whole.size() > 1 && whole.startsWith(QLatin1Char('0')))
+        whole.remove(0, 1);
+    QString fraction = digits.mid(point);
+    while (fraction.endsWith(QLatin1Char('0')))
+        fraction.chop(1);
+
+    const QString number = fraction.isEmpty() ? whole : whole + QLatin1Char('.') + fraction;
+    return negative && number != QLatin1String("0") ? QLatin1Char('-') + number : number;
+}
+
+QString ParameterValue::shown(const StrategyParameter& parameter, const QString& value)
+{
+    if (parameter.type == ParameterType::Percentage && isDecimal(value))
+        return movePoint(value, PERCENT_PLACES);
+    return value;
+}
+
+QString ParameterValue::entered(const StrategyParameter& parameter, const QString& text)
+{
+    QString value = text.trimmed();
+    if (parameter.type == ParameterType::LocalTime)
+        return enteredTime(value);
+    if (!isNumber(parameter.type) || !isDecimal(value))
+        return value;
+    return movePoint(value, parameter.type == ParameterType::Percentage ? -PERCENT_PLACES : 0);
+}
+
+QString ParameterValue::problem(const StrategyParameter& parameter, const QString& value)
+{
+    if (!parameter.constValue.isEmpty())
+        return value == parameter.constValue ? QString() : QStringLiteral("固定为%1").arg(parameter.constValue);
+    if (value.isEmpty())
+        return parameter.required ? QStringLiteral("必填") : QString();
+    if (!parameter.values.isEmpty() && !isListed(parameter, value))
+        return QStringLiteral("不是可选的值");
+    return typeProblem(parameter, value);
+}
+
+QString ParameterValue::rangeHint(const StrategyParameter& parameter)
+{
+    const QString low = shown(parameter, parameter.minValue);
+    const QString high = shown(parameter, parameter.maxValue);
+    if (low.isEmpty() && high.isEmpty())
+        return {};
+    if (high.isEmpty())
+        return QStringLiteral("不小于 %1").arg(low);
+    if (low.isEmpty())
+        return QStringLiteral("不大于 %1").arg(high);
+    return QStringLiteral("%1 ～ %2").arg(low, high);
+}
+
+bool ParameterValue::holds(
+    const StrategyRule& rule, const StrategyDefinition& strategy, const QMap<QString, QString>& values)
+{
+    const StrategyParameter* const parameter = strategy.parameter(rule.field);
+    const QString left = values.value(rule.field);
+    const QString right = rule.otherField.isEmpty() ? rule.value : values.value(rule.otherField);
+    if (!parameter || left.isEmpty() || right.isEmpty())
+        return true;
+    return isTrue(rule.comparison, compare(*parameter, left, right));
+}

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "strategies/StrategyChecks.h"
+#include "strategies/StrategyFile.h"
+#include <QMap>
+#include <QSet>
+#include <QStringList>
+#include <QXmlStreamReader>
+#include <functional>
+
+/// Reads one strategy file from beginning to end. Every read operation is called on the start tag of its element and
+/// leaves the reader on the end tag, or in error.
+class StrategyReader {
+public:
+    StrategyReader(const QByteArray& bytes, const QString& name);
+
+    StrategyFileContent read();
+
+private:
+    /// Names of child elements and what reads them; a name starting with "lay:" or "val:" is one of that vocabulary.
+    using Children = QMap<QString, std::function<void()>>;
+
+    void readRoot();
+    void readNamespaces();
+    void readStrategies();
+    void readStrategy();
+    void readDescription(QString& description);
+    void readParameter(StrategyDefinition& strategy);
+    void readParameterKind(StrategyParameter& parameter, const QXmlStreamAttributes& attributes);
+    void readParameterText(StrategyParameter& parameter, const QXmlStreamAttributes& attributes);
+    void readEnumPair(StrategyParameter& parameter);
+    void readLayout(StrategyDefinition& strategy);
+    void readPanel(StrategyDefinition& strategy, const QString& section, int depth);
+    void readControl(StrategyDefinition& strategy, const QString& section);
+    void readControlKind(StrategyControl& control, const QXmlStreamAttributes& attributes);
+    void readListItem(StrategyControl& control);
+    void readRule(StrategyDefinition& strategy);
+    void readEdit(StrategyRule& rule, int& edits);
+    void readComparison(StrategyRule& rule, const QXmlStreamAttributes& attributes);
+    void finishStrategy(StrategyDefinition& strategy);
+
+    /// The element's name as `Children` writes it; empty for a foreign vocabulary.
+    QString elementKey() const;
+    void readChildren(const Children& children);
+    void readChild(const Children& children);
+    void refuseOther();
+
+    /// The attributes of the current element; refused unless they are among `known` ("xsi:type" stands for itself)
+    /// and hold every one of `needed`.
+    QXmlStreamAttributes attributes(const QStringList& known, const QStringList& needed = {});
+    bool isKnown(const QXmlStreamAttribute& attribute, const QStringList& known);
+    void refuseForeign(
+        const QXmlStreamAttributes& attributes, const QString& type, bool allowed, const QStringList& names);
+    QString typeName(const QXmlStreamAttributes& attributes, const QString& vocabulary);
+    int number(const QXmlStreamAttributes& attributes, const QString& name, int lowest, int highest, int absent);
+    bool flag(const QXmlStreamAttributes& attributes, const QString& name, bool absent);
+    QString identifier(const QXmlStreamAttributes& attributes, const QString& name);
+    void requireValue(const QXmlStreamAttributes& attributes, const QString& name, const QString& only);
+    template <typename List> bool hasRoom(const List& list, const QString& what)
+    {
+        if (list.size() < StrategyFile::MAX_COUNT)
+            return true;
+        fail(QStringLiteral("%1超过%2个").arg(what).arg(StrategyFile::MAX_COUNT));
+        return false;
+    }
+
+    void fail(const QString& reason) { fail(reason, m_xml.lineNumber()); }
+    void fail(const QString& reason, qint64 line);
+    StrategyFileError parserError() const;
+
+    QXmlStreamReader m_xml;
+    QString m_name;
+    QMap<QString, QString> m_prefixes; ///< prefix to namespace, as declared on the root
+    QSet<QString> m_strategyNames;
+    StrategyFileContent m_content;
+};

@@ -1,0 +1,169 @@
+#include "WalkThrough.h"
+
+#include "AutoParamSetting.h"
+#include "EditorDialog.h"
+#include "ExpectedRecord.h"
+#include "MainWindow.h"
+#include "session/ClientSession.h"
+#include "values/PlanCodes.h"
+
+#include <QApplication>
+#include <QTest>
+#include <QTextStream>
+
+using namespace PlanCodes;
+
+namespace {
+
+void print(const QString& line)
+{
+    QTextStream(stdout) << line << QLatin1Char('\n');
+}
+
+QString accountWith(int ruleProperty, const QStringList& instructionTypes)
+{
+    const AccountDirectory& directory = ClientSession::instance().accounts();
+    for (const StoredAccount& account : directory.accounts()) {
+        bool fits = true;
+        for (const QString& type : instructionTypes)
+            fits = fits && directory.hasAuthority(account.tradingAccount, type)
+                && directory.ruleProperty(account.tradingAccount, type) == ruleProperty;
+        if (fits)
+            return account.tradingAccount;
+    }
+    return QString();
+}
+
+} // namespace
+
+WalkThrough::WalkThrough(MainWindow& window, const QString& folder)
+    : m_window(window)
+    , m_dialog(*window.editorDialog())
+    , m_folder(folder)
+    , m_facts(ClientSession::instance().database().fileName())
+{
+    m_boxes.setOnShown([this](QWidget* box) { picture(box, QStringLiteral("box")); });
+}
+
+bool WalkThrough::run()
+{
+    if (!prepare())
+        return false;
+    createOrdinary();
+    createBond();
+    createHongKong();
+    createReduction();
+    createWithAlgorithm();
+    createByAmount();
+    editStarted();
+    copyOrdinary();
+    answerQuestion();
+    showOtherSkin();
+    print(QStringLiteral("\n核对一致的计划%1个，问题%2个，图片%3张在%4")
+              .arg(QString::number(m_stored), QString::number(m_problems), QString::number(m_pictures),
+                  m_folder.absolutePath()));
+    return m_problems == 0;
+}
+
+bool WalkThrough::prepare()
+{
+    beginStage(QStringLiteral("start"), QStringLiteral("准备"));
+    if (!m_folder.mkpath(QStringLiteral(".")))
+        problem(QStringLiteral("不能建立目录%1").arg(m_folder.absolutePath()));
+    m_freeAccount = accountWith(0, { InstructionType::Ordinary, InstructionType::Bond, InstructionType::HkConnect });
+    m_reviewedAccount = accountWith(1, { InstructionType::Ordinary });
+    if (m_freeAccount.isEmpty() || m_reviewedAccount.isEmpty())
+        problem(QStringLiteral("用户%1没有演示所需的账户").arg(ClientSession::instance().user().id));
+    if (!m_facts.error().isEmpty())
+        problem(m_facts.error());
+    if (m_problems == 0 && !QTest::qWaitForWindowExposed(&m_window))
+        problem(QStringLiteral("主窗口没有显示"));
+    return m_problems == 0;
+}
+
+void WalkThrough::beginStage(const QString& name, const QString& title)
+{
+    m_stage = name;
+    print(QStringLiteral("\n== %1").arg(title));
+}
+
+/// A key in the main window; false, and a problem, when it cannot have the keyboard.
+bool WalkThrough::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    if (!takeKeyboard(&m_window)) {
+        problem(QStringLiteral("主窗口不能取得焦点"));
+        return false;
+    }
+    QTest::keyClick(&m_window, key, modifiers);
+    return true;
+}
+
+bool WalkThrough::openEditor(Qt::Key key)
+{
+    const bool open = press(key, Qt::ControlModifier) && m_dialog.isVisible() && QTest::qWaitForWindowActive(&m_dialog);
+    if (!open)
+        problem(QStringLiteral("编辑器没有打开"));
+    return open;
+}
+
+/// Presses OK, answers the boxes and compares what they said.
+void WalkThrough::send(const QVector<BoxWatcher::Box>& boxes)
+{
+    for (const BoxWatcher::Box& box : boxes)
+        m_boxes.expect(box.name, box.accepted);
+    FormDriver(m_dialog.editor()).confirm();
+    const QVector<BoxWatcher::Box> seen = m_boxes.take();
+    for (int i = 0; i < qMax(seen.size(), boxes.size()); ++i) {
+        const BoxWatcher::Box came = seen.value(i);
+        const BoxWatcher::Box wanted = boxes.value(i);
+        print(QStringLiteral("  提示框：%1").arg(came.text));
+        if (came.name != wanted.name || came.text != wanted.text)
+            problem(QStringLiteral("提示框应为“%1”，实为“%2”").arg(wanted.text, came.text));
+    }
+}
+
+void WalkThrough::checkStored(const QString& planId, const PlanForm& form, const ShownDates& dates)
+{
+    if (m_dialog.isVisible()) {
+        problem(QStringLiteral("计划没有被接受"));
+        m_dialog.leave();
+        return;
+    }
+    const QMap<QString, QString> record = m_facts.record(planId);
+    print(QStringLiteral("  数据库中的计划%1：").arg(planId));
+    for (auto it = record.cbegin(); it != record.cend(); ++it)
+        print(QStringLiteral("    %1 = %2").arg(it.key(), *it));
+    const ExpectedRecord expected(form, dates, ClientSession::instance().user().id, m_facts);
+    const QStringList differences = expected.differences(record);
+    collect(differences);
+    if (m_window.currentPlan() != planId)
+        problem(QStringLiteral("列表没有选中计划%1").arg(planId));
+    if (differences.isEmpty())
+        ++m_stored;
+}
+
+QString WalkThrough::newestPlan()
+{
+    const QStringList ids = m_facts.planIds();
+    return ids.isEmpty() ? QString() : ids.constLast();
+}
+
+void WalkThrough::picture(QWidget* widget, const QString& what)
+{
+    QApplication::processEvents();
+    const QString name = QStringLiteral("%1-%2-%3.png").arg(++m_pictures, 2, 10, QLatin1Char('0')).arg(m_stage, what);
+    if (!widget->grab().save(m_folder.filePath(name)))
+        problem(QStringLiteral("不能写入图片%1").arg(m_folder.absoluteFilePath(name)));
+}
+
+void WalkThrough::problem(const QString& text)
+{
+    ++m_problems;
+    print(QStringLiteral("  问题：%1").arg(text));
+}
+
+void WalkThrough::collect(const QStringList& problems)
+{
+    for (const QString& text : problems)
+        problem(text);
+}
