@@ -18,6 +18,10 @@ namespace {
 constexpr int TradingAccounts = 3;
 constexpr int AutoPlanAccounts = 16;
 
+// Clients name the places of an approval chain differently; the number of those whom an instruction is forwarded to is
+// the same in all of them.
+const auto ForwardNode = static_cast<VorInstructionNodeType>(0);
+
 // Bond trading needs a Shanghai or Shenzhen account here, although the instruction types accept Beijing for it: an
 // account that can trade nothing but bonds and only in Beijing has no bond to trade.
 bool isUsable(const QString& tradingAccount)
@@ -101,8 +105,7 @@ void AutoParamSetting::InitComboxAssignTo()
         qDebug() << "AutoParamSetting::InitComboxAssignTo" << chainKey << users.size();
         return;
     }
-    const QStringList users =
-        InstructionBusinessDataInterface::GetForwardUsers(chainKey, VorInstructionNodeType::Forward);
+    const QStringList users = InstructionBusinessDataInterface::GetForwardUsers(chainKey, ForwardNode);
     ui->combx_assignTo->addItem(AutoPlanAssignee::NotSpecified, QString());
     ui->combx_assignTo->addItems(sortedWithoutDuplicates(users));
     ui->combx_assignTo->setCurrentIndex(0);

@@ -20,6 +20,8 @@ namespace {
 
 namespace Content = Algo_Fields::AlgoInstContentInfo;
 
+// Clients name the layouts of the widget differently; the number of the single panel is the same in all of them.
+const auto SinglePanel = static_cast<StrategyMode>(2);
 constexpr int ChoiceAndParameters = 3;
 constexpr int CentredOverWindow = 2;
 const QString LoadSucceeded = QStringLiteral("0");
@@ -40,8 +42,8 @@ namespace AlgorithmParameters {
 
 ParamListWidget_single* createWidget(QWidget* editor, const QStringList& whiteList)
 {
-    ParamListWidget_single* const widget = OrloStrategyFactory::instance().CreateStrategyWgt(StrategyMode::Single,
-        editor, Algo_Values::AlgoGlobalType::instruction, whiteList, QStringList(), ChoiceAndParameters);
+    ParamListWidget_single* const widget = OrloStrategyFactory::instance().CreateStrategyWgt(
+        SinglePanel, editor, Algo_Values::AlgoGlobalType::instruction, whiteList, QStringList(), ChoiceAndParameters);
     widget->setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     widget->setWindowModality(Qt::ApplicationModal);
     return widget;

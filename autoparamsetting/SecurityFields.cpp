@@ -29,12 +29,13 @@ constexpr int NumberShowType = 0;
 constexpr int RatioShowType = 2;
 constexpr int RatioDecimals = 4;
 
-SymbolList symbolsOf(const QString& type, const QStringList& subTypes, const QStringList& suffixes)
+// A list of symbols has the type that the client's securities cache gives it.
+auto symbolsOf(const QString& type, const QStringList& subTypes, const QStringList& suffixes)
 {
     return CBusinessDataBase::GetInstance()->GetAllSymbolByTypeList(type, subTypes, suffixes, false, QStringList());
 }
 
-SymbolList symbolsOf(const QString& type, const QString& subType)
+auto symbolsOf(const QString& type, const QString& subType)
 {
     return CBusinessDataBase::GetInstance()->GetAllSymbolByType(type, subType, QString(), false, QStringList());
 }
@@ -44,9 +45,9 @@ QStringList mainland()
     return { Kelvo_Values::SymbolPost::sh, Kelvo_Values::SymbolPost::sz };
 }
 
-SymbolList ordinarySecurities(bool byAmount)
+auto ordinarySecurities(bool byAmount)
 {
-    SymbolList symbols = symbolsOf(Type::StockType,
+    auto symbols = symbolsOf(Type::StockType,
         { SubType::Ashares, SubType::Gemstock, OtherSubType::ScienTechInnovateBoard, OtherSubType::BjSelectedStock },
         QStringList());
     if (byAmount)
@@ -56,9 +57,9 @@ SymbolList ordinarySecurities(bool byAmount)
     return symbols;
 }
 
-SymbolList creditSecurities(bool byAmount)
+auto creditSecurities(bool byAmount)
 {
-    SymbolList symbols = symbolsOf(Type::StockType,
+    auto symbols = symbolsOf(Type::StockType,
         { SubType::Ashares, SubType::Smallandmediumstock, SubType::Gemstock, OtherSubType::ScienTechInnovateBoard },
         QStringList());
     symbols += symbolsOf(Type::BondType, OtherSubType::ConvertableBondTypeList, mainland());
@@ -67,7 +68,7 @@ SymbolList creditSecurities(bool byAmount)
     return symbols;
 }
 
-SymbolList bondSecurities()
+auto bondSecurities()
 {
     QStringList subTypes = OtherSubType::AllBondNoRepurchaseTypeList;
     subTypes.removeAll(OtherSubType::DirectedConBond);
@@ -75,7 +76,7 @@ SymbolList bondSecurities()
     return symbolsOf(Type::BondType, subTypes, mainland());
 }
 
-SymbolList securitiesFor(const QString& instructionType, bool byAmount)
+auto securitiesFor(const QString& instructionType, bool byAmount)
 {
     if (instructionType == AutoPlanInstructionType::Ordinary)
         return ordinarySecurities(byAmount);
@@ -85,7 +86,7 @@ SymbolList securitiesFor(const QString& instructionType, bool byAmount)
         return bondSecurities();
     if (instructionType == AutoPlanInstructionType::HkConnect)
         return symbolsOf(Type::StockType, OtherSubType::HStcokCirculation);
-    return SymbolList();
+    return decltype(bondSecurities())();
 }
 
 void initQuantity(OrloDecimalLineEdit* field)

@@ -44,7 +44,7 @@ public:
     /// Hands over the plan's base data (`Algo_Fields::AlgoInstContentInfo`). With `resetParams` the parameters are
     /// cleared first; without it, entries of the map that are parameters of the strategy are taken as their
     /// values, and a strategy name in the map under `AutoPlanField::BaseField::algoStrategyName` is loaded.
-    AlgoErrorCode setBaseInfoData(const QMap<QString, QVariant>& baseData, bool resetParams);
+    AlgoErrorCode setBaseInfoData(QMap<QString, QVariant> baseData, bool resetParams);
 
 protected:
     class Private;

@@ -10,6 +10,11 @@
 #include <QPointer>
 #include <QtTest>
 #include <thread>
+#include <type_traits>
+
+static_assert(std::is_same_v<decltype(&ParamListWidget_single::setBaseInfoData),
+                  AlgoErrorCode (ParamListWidget_single::*)(QMap<QString, QVariant>, bool)>,
+    "the panel takes a copy of the base data");
 
 namespace {
 

@@ -1,13 +1,16 @@
 #include <QDir>
+#include <QRegularExpression>
 #include <QtTest>
 
-/// The headers are compiled alone by the build; here, that none was forgotten.
+/// The headers are compiled alone by the build; here, that none was forgotten, and that the editor asks for no name
+/// that a client may choose itself.
 class PlatformHeadersTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void everyHeaderOfTheSeamIsCompiledAlone();
     void everyHeaderIsGuarded();
+    void theEditorNamesNothingThatAClientMayNameItself();
 };
 
 void PlatformHeadersTest::everyHeaderOfTheSeamIsCompiledAlone()
@@ -29,6 +32,21 @@ void PlatformHeadersTest::everyHeaderIsGuarded()
         QFile file(folder.filePath(name));
         QVERIFY(file.open(QIODevice::ReadOnly));
         QVERIFY2(file.readAll().startsWith("#pragma once\n"), qPrintable(name));
+    }
+}
+
+void PlatformHeadersTest::theEditorNamesNothingThatAClientMayNameItself()
+{
+    const QRegularExpression ownName(
+        QStringLiteral("\\b(StrategyMode|VorInstructionNodeType|VorMarginTradeType)::\\w+|\\bSymbolList\\b"));
+    const QDir folder(QStringLiteral(EDITOR_FOLDER));
+    const QStringList names = folder.entryList({ QStringLiteral("*.h"), QStringLiteral("*.cpp") }, QDir::Files);
+    QVERIFY(names.size() > 20);
+    for (const QString& name : names) {
+        QFile file(folder.filePath(name));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QRegularExpressionMatch match = ownName.match(QString::fromUtf8(file.readAll()));
+        QVERIFY2(!match.hasMatch(), qPrintable(name + QLatin1Char(' ') + match.captured()));
     }
 }
 

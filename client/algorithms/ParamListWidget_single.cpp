@@ -24,7 +24,7 @@ QStringList ParamListWidget_single::getAuthorityAlgoList() const
     return d->choice.offered();
 }
 
-AlgoErrorCode ParamListWidget_single::setBaseInfoData(const QMap<QString, QVariant>& baseData, bool resetParams)
+AlgoErrorCode ParamListWidget_single::setBaseInfoData(QMap<QString, QVariant> baseData, bool resetParams)
 {
     const AlgoErrorCode result = d->choice.takeBaseData(baseData, resetParams);
     if (d->baseDataTaken)

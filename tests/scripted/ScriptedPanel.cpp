@@ -28,7 +28,7 @@ QStringList ParamListWidget_single::getAuthorityAlgoList() const
     return Script::instance().authorityAlgoNames;
 }
 
-AlgoErrorCode ParamListWidget_single::setBaseInfoData(const QMap<QString, QVariant>& baseData, bool resetParams)
+AlgoErrorCode ParamListWidget_single::setBaseInfoData(QMap<QString, QVariant> baseData, bool resetParams)
 {
     Script::instance().panelBaseData = baseData;
     Script::instance().record(QStringLiteral("panel.setBaseInfoData"), { baseData, resetParams });
