@@ -19,6 +19,7 @@
 #include "ui_AutoParamSetting.h"
 #include <QDebug>
 #include <QPointer>
+#include <QSignalBlocker>
 #include <cmath>
 #include <optional>
 
