@@ -12,17 +12,6 @@ namespace {
 
 constexpr int PeriodMonths = 3;
 
-// Without a listed date after today the service's calendar has run out; tomorrow then stands in for the first trading
-// day, and the plan service has the last word on it.
-int firstDayOffset(const QDate& day, const QList<QDate>& tradeDates)
-{
-    const int offset = firstTradingDayOffset(day, tradeDates);
-    if (offset > 0)
-        return offset;
-    qWarning() << "AutoParamSetting::InitDateEffectivePeriod no trade date after" << day << "last" << tradeDates.last();
-    return 1;
-}
-
 } // namespace
 
 void AutoParamSetting::InitDateEffectivePeriod()
@@ -37,17 +26,21 @@ void AutoParamSetting::InitDateEffectivePeriod()
     const QList<QDate> tradeDates = AutoPlanLogic::instance().GetTradeDateList(exchange, error);
     qDebug() << "AutoParamSetting::InitDateEffectivePeriod" << symbol << exchange << error << tradeDates.size();
 
+    const int listedOffset = firstTradingDayOffset(day, tradeDates);
     QList<QDate> excluded;
-    if (error.isEmpty() && !tradeDates.isEmpty()) {
+    if (!error.isEmpty() || tradeDates.isEmpty()) {
+        qWarning() << "AutoParamSetting::InitDateEffectivePeriod" << exchange << error << tradeDates.size();
+    } else if (listedOffset == 0) {
+        // A calendar that has run out counts as none: a range that ended with its last date would end before it begins.
+        qWarning() << "AutoParamSetting::InitDateEffectivePeriod no trade date after" << day << tradeDates.last();
+    } else {
         last = tradeDates.last();
         excluded = daysWithoutTrade(tomorrow, last, tradeDates);
-    } else {
-        qWarning() << "AutoParamSetting::InitDateEffectivePeriod" << exchange << error << tradeDates.size();
     }
     ui->date_effectivePeriod_Multi->SetExceptDateList(excluded);
     ui->date_effectivePeriod_Single->SetExceptDateList(excluded);
 
-    const int offset = firstDayOffset(day, tradeDates);
+    const int offset = qMax(1, listedOffset);
     const QDate first = day.addDays(offset);
     ui->date_effectivePeriod_Multi->SetMinDate(first);
     ui->date_effectivePeriod_Multi->SetMaxDate(last);
