@@ -92,20 +92,19 @@ public:
 };
 
 /// The stored plan of an id; nothing, and a line in the log, when the service does not know it or its other parameters.
+/// What only the log shows is not translated.
 std::optional<StoredPlan> readPlan(const QString& planId)
 {
     const FieldMap record = AutoPlanLogic::instance().GetPlanInfo(planId);
     if (record.isEmpty()) {
-        qWarning().noquote()
-            << "AutoParamSetting::copyPlan"
-            << AutoParamSetting::tr("计划复制失败，失败原因：未找到计划ID【%1】的计划信息").arg(planId);
+        qWarning().noquote() << "AutoParamSetting::copyPlan"
+                             << QStringLiteral("计划复制失败，失败原因：未找到计划ID【%1】的计划信息").arg(planId);
         return std::nullopt;
     }
     const FieldMap other = AutoPlanLogic::instance().GetPlanOtherParamFromPlanInfo(record);
     if (other.isEmpty()) {
-        qWarning().noquote()
-            << "AutoParamSetting::copyPlan"
-            << AutoParamSetting::tr("计划复制失败，失败原因：未找到计划ID【%1】的计划扩展信息").arg(planId);
+        qWarning().noquote() << "AutoParamSetting::copyPlan"
+                             << QStringLiteral("计划复制失败，失败原因：未找到计划ID【%1】的计划扩展信息").arg(planId);
         return std::nullopt;
     }
     StoredPlan plan(record, other);

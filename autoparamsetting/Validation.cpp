@@ -283,9 +283,10 @@ Verdict targetCoversWhatIsUsed(const CheckedPlan& plan)
     double sum = 0;
     for (auto it = instructions.cbegin(); it != instructions.cend(); ++it)
         sum = usedByInstruction(plan.planId, it.key(), it.value(), sum);
-    if (plan.ui.le_targetTotalNum->value() >= sum - NumberTolerance)
-        return passed();
-    return warning(AutoParamSetting::tr("目标数量不得小于该计划已成交和在下达总和，请重新输入！"));
+    // A sum that is not a number is not above the target: the plan passes.
+    if (plan.ui.le_targetTotalNum->value() < sum - NumberTolerance)
+        return warning(AutoParamSetting::tr("目标数量不得小于该计划已成交和在下达总和，请重新输入！"));
+    return passed();
 }
 
 Verdict startedPlanKeepsItsBegin(const CheckedPlan& plan)
@@ -361,7 +362,9 @@ Verdict holdingsCoverTarget(const CheckedPlan& plan)
         || currentCode(plan.ui.combx_instructionType) == AutoPlanInstructionType::Credit)
         return passed();
     const OrloDecimalLineEdit* const target = plan.ui.le_targetTotalNum;
-    if (availableHoldings(plan.tradingAccount(), plan.symbol(), target->GetStrValue()) >= target->value())
+    const double available = availableHoldings(plan.tradingAccount(), plan.symbol(), target->GetStrValue());
+    // Negated, because holdings that are not a number are not below the target: nothing is asked.
+    if (!(available < target->value()))
         return passed();
     const QString action = plan.isEdited() ? AutoParamSetting::tr("修改") : AutoParamSetting::tr("创建");
     return question(AutoParamSetting::tr("当前账号【%1】的持仓可用小于目标总量，是否继续%2计划？继续请点击【确认】，"

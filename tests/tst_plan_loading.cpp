@@ -15,6 +15,7 @@
 #include "PlanSample.h"
 #include "VorSearchBox.h"
 #include <QSignalSpy>
+#include <QTranslator>
 #include <QtTest>
 
 namespace Base = AutoPlanField::BaseField;
@@ -53,6 +54,17 @@ QList<OrloDecimalLineEdit*> numbers(const AutoParamSetting& editor)
         field<OrloDecimalLineEdit>(editor, "le_entrustMaxNum"), field<OrloDecimalLineEdit>(editor, "le_reduceHRatio") };
 }
 
+/// Answers every text of every context.
+class EveryTextTranslator : public QTranslator {
+public:
+    QString translate(const char*, const char*, const char*, int) const override
+    {
+        return QStringLiteral("translated %1");
+    }
+
+    bool isEmpty() const override { return false; }
+};
+
 } // namespace
 
 /// A stored plan is taken into the form, step by step, and the form is emptied again.
@@ -88,6 +100,7 @@ private Q_SLOTS:
     void aResetUnlocksAnEditedPlan();
     void anUnknownPlanIsLogged_data();
     void anUnknownPlanIsLogged();
+    void whatOnlyTheLogShowsIsNotTranslated();
     void missingExtensionDataIsLogged_data();
     void missingExtensionDataIsLogged();
     void anOddOtherParameterTextHarmsNothing_data();
@@ -642,6 +655,23 @@ void PlanLoadingTest::anUnknownPlanIsLogged()
         field<QWidget>(editor(), name)->setEnabled(true);
     }
     QCOMPARE(formState(), before);
+}
+
+void PlanLoadingTest::whatOnlyTheLogShowsIsNotTranslated()
+{
+    FieldMap record = recordOf(PlanSample());
+    record.remove(Base::planOtherParam);
+    openSampleMarket();
+    storePlan(PlanId, record);
+    constructShown();
+    EveryTextTranslator translator;
+    QVERIFY(QCoreApplication::installTranslator(&translator));
+    log().clear();
+    log().expectWarning(QStringLiteral("计划复制失败"), 2);
+    editor().copyPlan(QStringLiteral("gone"));
+    editor().copyPlan(PlanId);
+    QCOMPARE(log().lines().size(), 2);
+    QVERIFY(QCoreApplication::removeTranslator(&translator));
 }
 
 void PlanLoadingTest::missingExtensionDataIsLogged_data()

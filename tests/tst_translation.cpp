@@ -179,7 +179,6 @@ private Q_SLOTS:
     void everyRuleSpeaksEnglish();
     void everyMessageIsAmongThem();
     void outcomesAreToldInEnglish();
-    void loadingFailsInEnglish();
     void whatIsOpenedAndSentIsTheSame_data();
     void whatIsOpenedAndSentIsTheSame();
     void anOpenEditorKeepsItsCaptions();
@@ -611,19 +610,6 @@ void TranslationTest::outcomesAreToldInEnglish()
         (QStringList{ QStringLiteral("tip: The automatic trading plan was created!"),
             QStringLiteral("error: Trading plan P1 could not be modified. Reason: the service is asleep"),
             QStringLiteral("tip: Trading plan P1 was modified!") }));
-}
-
-void TranslationTest::loadingFailsInEnglish()
-{
-    const English english;
-    openSampleMarket();
-    storePlan(PlanId, withOtherParam(recordOf(PlanSample()), FieldMap()));
-    constructShown();
-    log().expectWarning(QStringLiteral("Copying the plan failed: no plan is found under the ID [P0]"));
-    editor().copyPlan(QStringLiteral("P0"));
-    log().expectWarning(
-        QStringLiteral("Copying the plan failed: no extended information is found for the plan ID [P1]"));
-    editor().copyPlan(PlanId);
 }
 
 // --- The record

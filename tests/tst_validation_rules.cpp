@@ -745,6 +745,7 @@ void ValidationRulesTest::anEditedTargetCoversWhatIsUsed_data()
     QTest::newRow("two ten-billionths below are refused")
         << one(byQuantity(ended, 1000, 0)) << 999.9999999998 << TargetBelowUse;
     QTest::newRow("a tenth below is refused") << one(byQuantity(ended, 1000, 0)) << 999.9 << TargetBelowUse;
+    QTest::newRow("a sum that is not a number passes") << one(byQuantity(ended, qQNaN(), 0)) << 1000.0 << Modified;
 }
 
 void ValidationRulesTest::anEditedTargetCoversWhatIsUsed()
@@ -992,6 +993,8 @@ void ValidationRulesTest::holdingsShouldCoverASale_data()
     QTest::newRow("no position") << saleOf(1000) << QVariantList() << 1 << true;
     QTest::newRow("a position without the number") << saleOf(1000) << QVariantList{ QVariant() } << 1 << true;
     QTest::newRow("numbers as texts") << saleOf(1000) << QVariantList{ QStringLiteral("1000") } << 1 << false;
+    QTest::newRow("holdings that are not a number are not asked about")
+        << saleOf(1000) << QVariantList{ QStringLiteral("nan") } << 1 << false;
     QTest::newRow("positions count in stored units") << saleOf(1000) << QVariantList{ 100 } << 10 << false;
     QTest::newRow("positions in stored units are short") << saleOf(1000) << QVariantList{ 99 } << 10 << true;
     QTest::newRow("a reduction sells too") << PlanSample::reduction() << QVariantList{ 999 } << 1 << true;

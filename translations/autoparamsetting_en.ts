@@ -132,14 +132,6 @@
         <translation>At most 1% of shares in 90 consecutive days</translation>
     </message>
     <message>
-        <source>计划复制失败，失败原因：未找到计划ID【%1】的计划信息</source>
-        <translation>Copying the plan failed: no plan is found under the ID [%1]</translation>
-    </message>
-    <message>
-        <source>计划复制失败，失败原因：未找到计划ID【%1】的计划扩展信息</source>
-        <translation>Copying the plan failed: no extended information is found for the plan ID [%1]</translation>
-    </message>
-    <message>
         <source>不限价</source>
         <translation>No limit</translation>
     </message>
