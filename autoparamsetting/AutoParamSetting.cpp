@@ -17,6 +17,9 @@ constexpr int SingleDateMode = 0;
 constexpr int DateRangeMode = 1;
 constexpr int PromptWhileTyping = 1;
 
+// The only inline operation of the class: a function whose address nobody takes would not be in the library.
+[[gnu::used]] QString (*const exportedTr)(const char*, const char*, int) = &AutoParamSetting::tr;
+
 } // namespace
 
 AutoParamSetting::AutoParamSetting(QWidget* parent)

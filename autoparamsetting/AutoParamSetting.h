@@ -92,6 +92,7 @@ private:
     void InitDateEffectivePeriod();
 
     bool checkParam();
+    bool isContainsSpecialChar(const QString& text, QString& found);
     QMap<QString, QVariant> procUiDataByCreatePlan();
     void clearUiData();
 

@@ -96,6 +96,8 @@ function(autoparamsetting_add_library name)
         POSITION_INDEPENDENT_CODE ON
         CXX_VISIBILITY_PRESET hidden
         VISIBILITY_INLINES_HIDDEN ON)
+    # `tr` is inline and exported like every other operation of the class; the version script keeps the rest inside.
+    set_target_properties(${name}_objects PROPERTIES VISIBILITY_INLINES_HIDDEN OFF)
     # One target alone makes a header of the form: all three would write the same file.
     set_target_properties(${name}_objects PROPERTIES AUTOUIC ON)
 endfunction()

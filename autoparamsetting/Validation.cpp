@@ -25,6 +25,7 @@
 #include <QDebug>
 #include <QLoggingCategory>
 #include <QPointer>
+#include <functional>
 
 namespace {
 
@@ -63,6 +64,7 @@ struct CheckedPlan {
     const QMap<QString, tagUserAccountInfo>& accounts;
     const QStringList& unsignedClients;
     const ParamListWidget_single* algorithm;
+    std::function<bool(const QString& text, QString& found)> containsSpecialChar;
 
     QString planType() const { return currentCode(ui.combx_planType); }
     bool reducesHoldings() const { return planType() == AutoPlanTemplate::ReduceHoldings; }
@@ -172,10 +174,10 @@ Verdict formulaIsGiven(const QLineEdit* input, const QLabel* caption)
     return warning(AutoParamSetting::tr("%1公式必填，请重新编辑！").arg(caption->text()));
 }
 
-Verdict formulaIsClean(const QLineEdit* input, const QLabel* caption)
+Verdict formulaIsClean(const CheckedPlan& plan, const QLineEdit* input, const QLabel* caption)
 {
     QString found;
-    if (!isContainsSpecialChar(input->text(), found))
+    if (!plan.containsSpecialChar(input->text(), found))
         return passed();
     return warning(AutoParamSetting::tr("%1公式包含特殊字符%2，请重新编辑！").arg(caption->text(), found));
 }
@@ -187,7 +189,7 @@ Verdict price1IsGiven(const CheckedPlan& plan)
 
 Verdict price1IsClean(const CheckedPlan& plan)
 {
-    return formulaIsClean(plan.ui.lineEdit_price1, plan.ui.label_price1);
+    return formulaIsClean(plan, plan.ui.lineEdit_price1, plan.ui.label_price1);
 }
 
 Verdict price2IsGiven(const CheckedPlan& plan)
@@ -201,7 +203,7 @@ Verdict price2IsClean(const CheckedPlan& plan)
 {
     if (!plan.ui.lineEdit_price2->isVisible())
         return passed();
-    return formulaIsClean(plan.ui.lineEdit_price2, plan.ui.label_price2);
+    return formulaIsClean(plan, plan.ui.lineEdit_price2, plan.ui.label_price2);
 }
 
 Verdict executorIsChosen(const CheckedPlan& plan)
@@ -430,10 +432,18 @@ bool AutoParamSetting::checkParam()
 {
     const bool reduces = currentCode(ui->combx_planType) == AutoPlanTemplate::ReduceHoldings;
     const QStringList unsignedClients = reduces ? GetUnsignedClientNoList() : QStringList();
-    const CheckedPlan plan{ *ui, m_planId, m_accountInfoMap, unsignedClients, m_algoParamWidget };
+    const auto containsSpecialChar = [this](const QString& text, QString& found) {
+        return isContainsSpecialChar(text, found);
+    };
+    const CheckedPlan plan{ *ui, m_planId, m_accountInfoMap, unsignedClients, m_algoParamWidget, containsSpecialChar };
     for (const Rule rule : Rules) {
         if (!mayGoOn(rule(plan), this))
             return false;
     }
     return true;
+}
+
+bool AutoParamSetting::isContainsSpecialChar(const QString& text, QString& found)
+{
+    return ::isContainsSpecialChar(text, found);
 }

@@ -67,6 +67,7 @@ void ExportedSymbolsTest::theWholePublicClassIsThere_data()
         QStringLiteral("AutoParamSetting::resetEnable()"),
         QStringLiteral("AutoParamSetting::loadSkin(QVariant const&)"),
         QStringLiteral("non-virtual thunk to AutoParamSetting::loadSkin(QVariant const&)"),
+        QStringLiteral("AutoParamSetting::tr(char const*, char const*, int)"),
         QStringLiteral("AutoParamSetting::metaObject() const"),
         QStringLiteral("AutoParamSetting::qt_metacast(char const*)"),
         QStringLiteral("AutoParamSetting::qt_metacall(QMetaObject::Call, int, void**)"),
