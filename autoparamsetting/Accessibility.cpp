@@ -51,7 +51,8 @@ QList<Description> lowerDescriptions(const Ui::AutoParamSetting& ui)
 void Accessibility::nameFields(const Ui::AutoParamSetting& ui)
 {
     for (QWidget* const section : { ui.widget_up, ui.widget_down }) {
-        const QList<QLabel*> captions = section->findChildren<QLabel*>();
+        // The form's own captions only: labels inside the client's widgets are the client's to name.
+        const auto captions = section->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
         for (QLabel* const caption : captions) {
             if (QWidget* const field = caption->buddy())
                 field->setAccessibleName(caption->text());
@@ -69,17 +70,12 @@ void Accessibility::nameFields(const Ui::AutoParamSetting& ui)
 void Accessibility::setCaption(QLabel* caption, const QString& text)
 {
     caption->setText(text);
-    caption->buddy()->setAccessibleName(text);
+    if (QWidget* const field = caption->buddy())
+        field->setAccessibleName(text);
 }
 
 void Accessibility::setUnit(QLabel* label, QWidget* field, const QString& unit)
 {
     label->setText(unit);
     field->setAccessibleDescription(AutoParamSetting::tr("单位：%1").arg(unit));
-}
-
-void Accessibility::setStep(QLabel* label, const QString& step)
-{
-    label->setText(step);
-    label->setToolTip(step.isEmpty() ? QString() : AutoParamSetting::tr("应为%1的整数倍").arg(step));
 }

@@ -16,13 +16,10 @@ namespace Accessibility {
 /// Names each field after its caption and says in a sentence what it holds. To be called once the form has its texts.
 void nameFields(const Ui::AutoParamSetting& ui);
 
-/// Changes a caption and with it the name of its field.
+/// Changes a caption and with it the name of its field, if it has one: a host may take the buddy away.
 void setCaption(QLabel* caption, const QString& text);
 
 /// Changes the unit of a field, which the field's description tells.
 void setUnit(QLabel* label, QWidget* field, const QString& unit);
-
-/// Shows the step of a quantity. The label is narrow, so that its tool tip tells the step once more.
-void setStep(QLabel* label, const QString& step);
 
 } // namespace Accessibility

@@ -161,8 +161,8 @@ void AutoParamSetting::setDisplayUnit(const QString& symbol)
 
 void AutoParamSetting::setQtyStepVisible(bool visible, const QString& step)
 {
-    Accessibility::setStep(ui->label_targetQtyStep, step);
-    Accessibility::setStep(ui->label_maxEntrustQtyStep, step);
+    ui->label_targetQtyStep->setText(step);
+    ui->label_maxEntrustQtyStep->setText(step);
     ui->label_targetQtyStep->setVisible(visible);
     ui->label_maxEntrustQtyStep->setVisible(visible);
 }

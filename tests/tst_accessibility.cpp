@@ -497,6 +497,7 @@ void TestAccessibility::descriptions_tell_the_unit_and_the_step()
     QCOMPARE(field<QWidget>(form(), "le_targetTotalNum")->accessibleDescription(), words("单位：股"));
     QCOMPARE(field<QWidget>(form(), "label_targetQtyStep")->toolTip(), QString());
     bring(form(), words("Hong Kong"));
+    QCoreApplication::processEvents();
     const auto* const step = field<QLabel>(form(), "label_maxEntrustQtyStep");
     QVERIFY(step->text().toInt() >= 100);
     QCOMPARE(step->toolTip(), words("应为%1的整数倍").arg(step->text()));

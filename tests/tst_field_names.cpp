@@ -60,7 +60,9 @@ private Q_SLOTS:
     void the_period_is_that_of_the_date_which_is_shown();
     void names_follow_the_captions();
     void the_unit_is_told_with_the_quantities();
-    void the_step_is_told_where_its_label_is_narrow();
+    void labels_inside_the_clients_widgets_keep_to_themselves();
+    void a_caption_without_its_field_changes_alone();
+    void nothing_has_a_tool_tip();
 };
 
 void FieldNamesTest::each_field_is_named_after_its_caption_and_described_data()
@@ -147,18 +149,43 @@ void FieldNamesTest::the_unit_is_told_with_the_quantities()
         QCOMPARE(field<QWidget>(editor(), name)->accessibleDescription(), words("单位：元"));
 }
 
-void FieldNamesTest::the_step_is_told_where_its_label_is_narrow()
+void FieldNamesTest::labels_inside_the_clients_widgets_keep_to_themselves()
+{
+    script().datesHaveCaptions = true;
+    construct();
+    for (const char* const name : { "date_effectivePeriod_Multi", "date_effectivePeriod_Single" }) {
+        const auto* const caption = field<QWidget>(editor(), name)->findChild<QLabel*>();
+        QVERIFY(caption != nullptr && caption->buddy() != nullptr);
+        QCOMPARE(caption->buddy()->accessibleName(), words("inner name"));
+    }
+}
+
+void FieldNamesTest::a_caption_without_its_field_changes_alone()
+{
+    script().addOrdinaryAccount(QStringLiteral("acc1"));
+    construct();
+    for (const char* const name : { "label_price1", "la_entrustMaxNum", "la_assignTo" })
+        field<QLabel>(editor(), name)->setBuddy(nullptr);
+    choose(editor(), "combx_priceMode", AutoPlanPriceModel::CompareMax);
+    QCOMPARE(text(editor(), "label_price1"), words("价格1"));
+    QCOMPARE(field<QWidget>(editor(), "lineEdit_price1")->accessibleName(), words("价格"));
+    choose(editor(), "combx_planType", AutoPlanTemplate::SameElements);
+    QCOMPARE(text(editor(), "la_entrustMaxNum"), words("每日计划量"));
+    choose(editor(), "combx_planType", AutoPlanTemplate::ReduceHoldings);
+    QCOMPARE(text(editor(), "la_assignTo"), words("执行人"));
+}
+
+void FieldNamesTest::nothing_has_a_tool_tip()
 {
     script().addHkStock(QStringLiteral("00700.K_HK"), 2000);
-    script().addStock(QStringLiteral("600000.K_SH"));
     construct();
-    auto* const search = field<VorSearchBox>(editor(), "le_symbol");
-    search->setSymbol(QStringLiteral("00700.K_HK"));
-    for (const char* const name : { "label_targetQtyStep", "label_maxEntrustQtyStep" })
-        QCOMPARE(field<QLabel>(editor(), name)->toolTip(), words("应为2000的整数倍"));
-    search->setSymbol(QStringLiteral("600000.K_SH"));
-    for (const char* const name : { "label_targetQtyStep", "label_maxEntrustQtyStep" })
-        QCOMPARE(field<QLabel>(editor(), name)->toolTip(), QString());
+    field<VorSearchBox>(editor(), "le_symbol")->setSymbol(QStringLiteral("00700.K_HK"));
+    QCOMPARE(text(editor(), "label_targetQtyStep"), words("2000"));
+    QCOMPARE(text(editor(), "label_maxEntrustQtyStep"), words("2000"));
+    const QList<QWidget*> widgets = editor().findChildren<QWidget*>();
+    QVERIFY(widgets.size() > 50);
+    for (const QWidget* const widget : widgets)
+        QCOMPARE(widget->toolTip(), QString());
 }
 
 QTEST_MAIN(FieldNamesTest)

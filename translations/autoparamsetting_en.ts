@@ -391,9 +391,5 @@
         <source>单位：%1</source>
         <translation>Unit: %1</translation>
     </message>
-    <message>
-        <source>应为%1的整数倍</source>
-        <translation>Should be a multiple of %1</translation>
-    </message>
 </context>
 </TS>

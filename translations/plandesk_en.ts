@@ -126,6 +126,10 @@
         <source>计划尚未提交，关闭后填写的内容将丢失，是否关闭？</source>
         <translation>The plan has not been submitted and will be lost. Close it?</translation>
     </message>
+    <message>
+        <source>应为%1的整数倍</source>
+        <translation>Should be a multiple of %1</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>

@@ -156,6 +156,7 @@ bool EditorDialog::eventFilter(QObject* watched, QEvent* event)
 
 void EditorDialog::fit()
 {
+    FormArrangement::explainSteps(*m_editor);
     FormArrangement::fitNarrowLabels(*m_editor);
     FormArrangement::lineUpCaptions(*m_editor);
     const QSize wanted =

@@ -2,6 +2,7 @@
 
 #include "widgets/FittedFont.h"
 
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QLabel>
 
@@ -56,5 +57,15 @@ void FormArrangement::fitNarrowLabels(const QWidget& form)
         const QFont fitted = fittedFont(label->parentWidget()->font(), label->text(), label->maximumWidth());
         if (fitted != label->font())
             label->setFont(fitted);
+    }
+}
+
+void FormArrangement::explainSteps(const QWidget& form)
+{
+    for (const char* const name : { "label_targetQtyStep", "label_maxEntrustQtyStep" }) {
+        auto* const label = form.findChild<QLabel*>(QLatin1String(name));
+        const QString step = label->text();
+        label->setToolTip(
+            step.isEmpty() ? QString() : QCoreApplication::translate("EditorDialog", "应为%1的整数倍").arg(step));
     }
 }

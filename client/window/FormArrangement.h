@@ -12,4 +12,7 @@ void lineUpCaptions(const QWidget& form);
 /// Gives labels of a limited width a font in which their texts fit.
 void fitNarrowLabels(const QWidget& form);
 
+/// Gives the labels of the lot steps, which show a number alone, a tool tip that says what it is.
+void explainSteps(const QWidget& form);
+
 } // namespace FormArrangement

@@ -108,6 +108,7 @@ public:
     QMap<QString, QList<QDate>> tradeDates;                                 ///< by exchange, before the general list
     QList<QDate> generalTradeDates;
     QString tradeDatesError;
+    bool datesHaveCaptions = false; ///< each date field made from now on holds a caption and an input of its own
     QList<QMap<QString, QVariant>> createdRecords;
     QList<QMap<QString, QVariant>> modifiedRecords;
 

@@ -10,6 +10,7 @@
 #include "Script.h"
 #include "VorSearchBox.h"
 #include <QEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QStandardItemModel>
@@ -251,6 +252,12 @@ OrloDateEdit::OrloDateEdit(QWidget* parent)
     : QFrame(parent)
     , d(new Private)
 {
+    if (!Script::instance().datesHaveCaptions)
+        return;
+    auto* const caption = new QLabel(QStringLiteral("inner caption"), this);
+    auto* const input = new QLineEdit(this);
+    input->setAccessibleName(QStringLiteral("inner name"));
+    caption->setBuddy(input);
 }
 
 OrloDateEdit::~OrloDateEdit() = default;
