@@ -40,6 +40,7 @@ function(autoparamsetting_add_library name)
         ${headers}/AutoParamSettingExport.h
         ${sources}/Accessibility.cpp
         ${sources}/Accessibility.h
+        ${sources}/AccountBox.h
         ${sources}/AccountFields.cpp
         ${sources}/AgreementDialog.cpp
         ${sources}/AgreementDialog.h

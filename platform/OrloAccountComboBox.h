@@ -16,8 +16,8 @@ public:
         NameAndFundAccount = 2,
     };
 
-    /// Forms construct the box with its parent only and so get the mode 2.
-    explicit OrloAccountComboBox(QWidget* parent = nullptr, DisplayMode mode = DisplayMode::NameAndFundAccount);
+    /// An empty box. Forms construct it with the mode 2.
+    OrloAccountComboBox(QWidget* parent, DisplayMode mode);
     ~OrloAccountComboBox() override;
 
     DisplayMode displayMode() const; ///< what an item shows

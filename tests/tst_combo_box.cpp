@@ -254,12 +254,12 @@ void ComboBoxTest::accountsShowWhatTheModeSays()
     box.SetAccountList(accounts());
     QCOMPARE(box.currentText(), text);
     QCOMPARE(box.currentData().toString(), QStringLiteral("T1"));
-    QCOMPARE(OrloAccountComboBox().displayMode(), OrloAccountComboBox::DisplayMode::NameAndFundAccount);
+    QCOMPARE(static_cast<int>(box.displayMode()), mode);
 }
 
 void ComboBoxTest::theFirstAccountIsCompleteWhenItAnnouncesItself()
 {
-    OrloAccountComboBox box;
+    OrloAccountComboBox box(nullptr, OrloAccountComboBox::DisplayMode::FundAccount);
     QStringList heard;
     connect(&box, &QComboBox::currentTextChanged, this,
         [&] { heard << box.GetCurTradingAccount() << box.GetCurFundAccount(); });
@@ -270,7 +270,7 @@ void ComboBoxTest::theFirstAccountIsCompleteWhenItAnnouncesItself()
 
 void ComboBoxTest::aNewListReplacesTheEarlier()
 {
-    OrloAccountComboBox box;
+    OrloAccountComboBox box(nullptr, OrloAccountComboBox::DisplayMode::FundAccount);
     box.SetAccountList(accounts());
     box.setCurrentIndex(1);
     box.SetAccountList({ accounts().last() });
@@ -280,7 +280,7 @@ void ComboBoxTest::aNewListReplacesTheEarlier()
 
 void ComboBoxTest::noAccountsLeaveNoAccount()
 {
-    OrloAccountComboBox box;
+    OrloAccountComboBox box(nullptr, OrloAccountComboBox::DisplayMode::FundAccount);
     box.SetAccountList(accounts());
     QSignalSpy texts(&box, &QComboBox::currentTextChanged);
     box.SetAccountList({});

@@ -28,6 +28,11 @@ template <> QWidget* make<OrloSubTitleWidget>(QWidget* parent)
     return heading;
 }
 
+template <> QWidget* make<OrloAccountComboBox>(QWidget* parent)
+{
+    return new OrloAccountComboBox(parent, OrloAccountComboBox::DisplayMode::NameAndFundAccount);
+}
+
 } // namespace
 
 template <class Widget> void ClientWidgets::add(const QString& purpose, Holds holds)

@@ -1,5 +1,6 @@
 #include "AutoParamSetting.h"
 #include "AutoPlanLogic.h"
+#include "OrloAccountComboBox.h"
 #include <QComboBox>
 #include <QTextStream>
 #include <QtTest>
@@ -87,6 +88,13 @@ Record expectedRecord()
     };
 }
 
+bool showsAccountsInFull(const QWidget& form)
+{
+    const auto* const box =
+        dynamic_cast<OrloAccountComboBox*>(form.findChild<QComboBox*>(QStringLiteral("combx_fundAccount")));
+    return box != nullptr && box->displayMode() == OrloAccountComboBox::DisplayMode::Full;
+}
+
 void print(const Record& record)
 {
     QTextStream out(stdout);
@@ -111,5 +119,5 @@ int main(int argc, char** argv)
     const QMap<QString, Record> plans = AutoPlanLogic::instance().plans();
     for (const Record& plan : plans)
         print(plan);
-    return closed && plans.size() == 1 && plans.first() == expectedRecord() ? 0 : 1;
+    return closed && showsAccountsInFull(editor) && plans.size() == 1 && plans.first() == expectedRecord() ? 0 : 1;
 }

@@ -5,7 +5,13 @@
 
 class OrloAccountComboBox : public OrloComboBox {
 public:
-    using OrloComboBox::OrloComboBox;
+    enum class DisplayMode { Short, Long, Full };
+
+    OrloAccountComboBox(QWidget* parent, DisplayMode mode)
+        : OrloComboBox(parent)
+        , m_mode(mode)
+    {
+    }
     void SetAccountList(const QList<tagUserAccountInfo>& accounts)
     {
         clear();
@@ -14,4 +20,8 @@ public:
     }
     QString GetCurTradingAccount() const { return currentData().toString(); }
     QString GetCurFundAccount() const { return currentText(); }
+    DisplayMode displayMode() const { return m_mode; }
+
+private:
+    DisplayMode m_mode;
 };
