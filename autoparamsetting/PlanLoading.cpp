@@ -18,6 +18,7 @@
 #include "Today.h"
 #include "ui_AutoParamSetting.h"
 #include <QDebug>
+#include <QLocale>
 #include <QPointer>
 #include <QSignalBlocker>
 #include <cmath>
@@ -61,7 +62,7 @@ public:
     }
     QDate date(const QString& key) const
     {
-        return QDate::fromString(text(key), OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
+        return QLocale::c().toDate(text(key), OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
     }
 
     // A user bound to review must not receive an actively managed plan, nor the reverse. The price falls back to no

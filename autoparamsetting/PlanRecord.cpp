@@ -15,6 +15,7 @@
 #include "ui_AutoParamSetting.h"
 #include <QDebug>
 #include <QJsonDocument>
+#include <QLocale>
 
 namespace {
 
@@ -29,9 +30,10 @@ QString wholeNumberText(qint32 value)
     return QString::number(value, 'f', 0);
 }
 
+// `QDate::toString()` writes the digits of the machine's language.
 QString dateText(const QDate& date)
 {
-    return date.toString(OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
+    return QLocale::c().toString(date, OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
 }
 
 QString loggedInUser()

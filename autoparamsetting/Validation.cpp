@@ -23,6 +23,7 @@
 #include "Today.h"
 #include "ui_AutoParamSetting.h"
 #include <QDebug>
+#include <QLocale>
 #include <QLoggingCategory>
 #include <QPointer>
 #include <functional>
@@ -296,7 +297,7 @@ Verdict startedPlanKeepsItsBegin(const CheckedPlan& plan)
     if (!plan.isEdited())
         return passed();
     const QDate day = today();
-    const QDate begin = QDate::fromString(
+    const QDate begin = QLocale::c().toDate(
         AutoPlanLogic::instance().GetPlanInfo(plan.planId).value(AutoPlanField::BaseField::beginDate).toString(),
         OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
     // A begin that cannot be read sorts before every day: such a plan counts as started, as when it is loaded.

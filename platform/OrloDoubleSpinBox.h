@@ -13,7 +13,7 @@ public:
     explicit OrloDoubleSpinBox(QWidget* parent = nullptr); ///< at its minimum, two decimals
     ~OrloDoubleSpinBox() override;
 
-    /// The text as shown, without grouping; empty when the field is empty.
+    /// The text as shown, in the C locale and without grouping; empty when the field is empty.
     QString GetStrValue() const;
 
     /// How the number is shown: 0 as a number, 1 as an amount, 2 as a ratio without trailing zeros.

@@ -6,6 +6,7 @@
 #include "PlanSample.h"
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLocale>
 #include <QtTest>
 
 namespace Base = AutoPlanField::BaseField;
@@ -45,7 +46,7 @@ QStringList differences(const FieldMap& actual, const FieldMap& expected, const 
 
 QString dateText(const QDate& date)
 {
-    return date.toString(OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
+    return QLocale::c().toString(date, OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
 }
 
 FieldMap withDefaultDates(const FieldMap& record, bool reduces, const QDate& first)

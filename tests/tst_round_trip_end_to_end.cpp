@@ -24,6 +24,7 @@
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPointer>
 #include <QtTest>
 
@@ -143,7 +144,7 @@ QString allDifferences(const Record& actual, const Record& expected)
 
 QString dateText(const QDate& date)
 {
-    return date.toString(OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
+    return QLocale::c().toString(date, OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
 }
 
 /// Confirms every message box that opens and remembers what it said.

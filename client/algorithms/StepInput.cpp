@@ -2,6 +2,7 @@
 #include "strategies/ParameterValue.h"
 
 #include <QLineEdit>
+#include <QLocale>
 #include <QTime>
 #include <QWheelEvent>
 #include <algorithm>
@@ -83,11 +84,11 @@ void StepInput::stepNumber(int steps)
 
 void StepInput::stepTime(int steps)
 {
-    const QTime now = QTime::fromString(ParameterValue::entered(m_parameter, text()), STORED_TIME);
-    const QTime lowest = QTime::fromString(m_parameter.minValue, STORED_TIME);
-    const QTime highest = QTime::fromString(m_parameter.maxValue, STORED_TIME);
+    const QTime now = QLocale::c().toTime(ParameterValue::entered(m_parameter, text()), STORED_TIME);
+    const QTime lowest = QLocale::c().toTime(m_parameter.minValue, STORED_TIME);
+    const QTime highest = QLocale::c().toTime(m_parameter.maxValue, STORED_TIME);
     const int last = QTime(0, 0).secsTo(highest.isValid() ? highest : QTime(23, 59, 59));
     const int first = lowest.isValid() ? QTime(0, 0).secsTo(lowest) : 0;
     const int wanted = now.isValid() ? QTime(0, 0).secsTo(now) + steps * SECONDS_PER_STEP : first;
-    setText(QTime(0, 0).addSecs(std::max(first, std::min(wanted, last))).toString(STORED_TIME));
+    setText(QLocale::c().toString(QTime(0, 0).addSecs(std::max(first, std::min(wanted, last))), STORED_TIME));
 }

@@ -4,6 +4,7 @@
 
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLocale>
 #include <QRegularExpression>
 
 namespace {
@@ -41,11 +42,11 @@ std::optional<double> PlanTexts::decimalNumber(const QString& text)
 
 QDate PlanTexts::date(const QString& text)
 {
-    const QDate read = QDate::fromString(text, OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
+    const QDate read = QLocale::c().toDate(text, OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
     return PlanTexts::text(read) == text ? read : QDate();
 }
 
 QString PlanTexts::text(const QDate& date)
 {
-    return date.toString(OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
+    return QLocale::c().toString(date, OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
 }

@@ -1,5 +1,6 @@
 #include "strategies/ParameterValue.h"
 
+#include <QLocale>
 #include <QRegularExpression>
 #include <QTime>
 #include <algorithm>
@@ -17,16 +18,16 @@ int decimals(const QString& number)
 
 bool isTime(const QString& text)
 {
-    return text.size() == STORED_TIME.size() && QTime::fromString(text, STORED_TIME).isValid();
+    return text.size() == STORED_TIME.size() && QLocale::c().toTime(text, STORED_TIME).isValid();
 }
 
 QString enteredTime(const QString& text)
 {
     static const QStringList forms{ QStringLiteral("H:m:s"), QStringLiteral("H:m") };
     for (const QString& form : forms) {
-        const QTime time = QTime::fromString(text, form);
+        const QTime time = QLocale::c().toTime(text, form);
         if (time.isValid())
-            return time.toString(STORED_TIME);
+            return QLocale::c().toString(time, STORED_TIME);
     }
     return text;
 }

@@ -18,6 +18,7 @@
 #include <QDate>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLocale>
 
 namespace Base = AutoPlanField::BaseField;
 namespace Content = Algo_Fields::AlgoInstContentInfo;
@@ -32,7 +33,7 @@ constexpr int endlessYears = 100;
 QString lateEnd(const QString& begin)
 {
     const QString& format = OrloConstants::DateTimeFormatString::STD_DATE_FORMAT;
-    return QDate::fromString(begin, format).addYears(endlessYears).toString(format);
+    return QLocale::c().toString(QLocale::c().toDate(begin, format).addYears(endlessYears), format);
 }
 
 QString amountText(const QString& typed)

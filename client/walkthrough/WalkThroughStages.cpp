@@ -17,6 +17,7 @@
 
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLocale>
 
 namespace Base = AutoPlanField::BaseField;
 namespace SubType = Kelvo_Values::MdcSubSecurityType;
@@ -31,7 +32,7 @@ const char* const created = "交易自动规划创建成功!";
 
 QString dateText(const QDate& date)
 {
-    return date.toString(OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
+    return QLocale::c().toString(date, OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
 }
 
 /// The trading day that lies `steps` trading days away; invalid beyond the calendar.

@@ -2,6 +2,7 @@
 
 #include "OrloConstants.h"
 #include <QCoreApplication>
+#include <QLocale>
 #include <QRegularExpression>
 
 namespace {
@@ -31,10 +32,10 @@ QDate dateFromText(const QString& text)
     static const QRegularExpression form(QStringLiteral("^[0-9]{4}-[0-9]{2}-[0-9]{2}$"));
     if (!form.match(text).hasMatch())
         return {};
-    return QDate::fromString(text, OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
+    return QLocale::c().toDate(text, OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
 }
 
 QString dateText(const QDate& date)
 {
-    return date.toString(OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
+    return QLocale::c().toString(date, OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
 }

@@ -7,6 +7,7 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QHash>
+#include <QLocale>
 #include <QTranslator>
 
 namespace {
@@ -102,8 +103,8 @@ private:
     QDate issueDay() const
     {
         const QString text = m_parser.value(m_issueDay);
-        const QDate day = QDate::fromString(text, OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
-        return day.toString(OrloConstants::DateTimeFormatString::STD_DATE_FORMAT) == text ? day : QDate();
+        const QDate day = QLocale::c().toDate(text, OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
+        return QLocale::c().toString(day, OrloConstants::DateTimeFormatString::STD_DATE_FORMAT) == text ? day : QDate();
     }
 
     const QCommandLineOption m_help{ { QStringLiteral("h"), QStringLiteral("help") },

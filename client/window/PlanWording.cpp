@@ -19,6 +19,7 @@
 #include "values/PlanCodes.h"
 
 #include <QHash>
+#include <QLocale>
 
 namespace Base = AutoPlanField::BaseField;
 namespace UserAccount = Kelvo_Fields::UserAccount;
@@ -78,7 +79,7 @@ QString configured(const QString& category, const QString& code)
 
 QString timeText(const QDateTime& time)
 {
-    return time.toString(QStringLiteral("yyyy-MM-dd HH:mm"));
+    return QLocale::c().toString(time, QStringLiteral("yyyy-MM-dd HH:mm"));
 }
 
 // The whole part in groups of three, whatever the system's language.

@@ -2,6 +2,7 @@
 #include "AutoPlanLogic.h"
 #include "OrloAccountComboBox.h"
 #include <QComboBox>
+#include <QLocale>
 #include <QTextStream>
 #include <QtTest>
 
@@ -64,7 +65,7 @@ void fillIn(const QWidget& form)
 
 Record expectedRecord()
 {
-    const QString day = QDate::currentDate().addDays(2).toString(QStringLiteral("dd.MM.yyyy"));
+    const QString day = QLocale::c().toString(QDate::currentDate().addDays(2), QStringLiteral("dd.MM.yyyy"));
     return {
         { QStringLiteral("10112"), QStringLiteral("branch 2") },
         { QStringLiteral("account"), QStringLiteral("two") },

@@ -8,6 +8,7 @@
 #include "Kelvo_Values.h"
 #include "OrloConstants.h"
 #include "Orlo_Fields.h"
+#include <QLocale>
 
 // Opening a stored plan, and going back to a new one.
 
@@ -25,7 +26,7 @@ QString value(const FieldMap& map, const QString& key)
 
 QDate date(const FieldMap& record, const QString& key)
 {
-    return QDate::fromString(value(record, key), OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
+    return QLocale::c().toDate(value(record, key), OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
 }
 
 } // namespace

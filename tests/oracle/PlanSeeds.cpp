@@ -9,6 +9,7 @@
 #include "Orlo_Values.h"
 #include "World.h"
 #include <QJsonDocument>
+#include <QLocale>
 
 namespace oracle {
 
@@ -100,8 +101,8 @@ void insertDates(FieldMap& record, const QDate& today, Choices& choices)
     const QDate begin = today.addDays(offsets[drawn]);
     // The last two have a begin that cannot be read, and none.
     if (drawn < 5)
-        record.insert(Base::beginDate, drawn < 4 ? begin.toString(format) : text("2024-13-45"));
-    record.insert(Base::endDate, begin.addDays(2LL * choices.number(3)).toString(format));
+        record.insert(Base::beginDate, drawn < 4 ? QLocale::c().toString(begin, format) : text("2024-13-45"));
+    record.insert(Base::endDate, QLocale::c().toString(begin.addDays(2LL * choices.number(3)), format));
 }
 
 } // namespace

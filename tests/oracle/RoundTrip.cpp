@@ -9,6 +9,7 @@
 #include "OrloConstants.h"
 #include "Orlo_Fields.h"
 #include <QJsonDocument>
+#include <QLocale>
 
 namespace oracle {
 
@@ -28,7 +29,7 @@ QDate firstDay(const World& world, const FieldMap& record)
 
 QDate dateIn(const FieldMap& record, const QString& key)
 {
-    return QDate::fromString(record.value(key).toString(), OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
+    return QLocale::c().toDate(record.value(key).toString(), OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
 }
 
 /// An empty amount per day comes back as nothing per day.
@@ -60,8 +61,8 @@ FieldMap expectedCopy(const World& world, const FieldMap& record)
     const QString& format = OrloConstants::DateTimeFormatString::STD_DATE_FORMAT;
     const QDate first = firstDay(world, record);
     const bool reduces = record.value(Orlo_Fields::AutoPlan::templateCode).toString() == Reduction;
-    sent.insert(Base::beginDate, first.toString(format));
-    sent.insert(Base::endDate, (reduces ? first.addYears(100) : first).toString(format));
+    sent.insert(Base::beginDate, QLocale::c().toString(first, format));
+    sent.insert(Base::endDate, QLocale::c().toString(reduces ? first.addYears(100) : first, format));
     return sent;
 }
 

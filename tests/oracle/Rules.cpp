@@ -9,6 +9,7 @@
 #include "OrloConstants.h"
 #include "Orlo_Fields.h"
 #include "Orlo_Values.h"
+#include <QLocale>
 #include <cmath>
 
 // The rules that a plan must pass before it is sent, in their order.
@@ -191,7 +192,7 @@ bool EditorModel::passesEdit()
 bool EditorModel::passesStart()
 {
     const QString stored = m_world.plans.value(m_planId).value(AutoPlanField::BaseField::beginDate).toString();
-    const QDate begin = QDate::fromString(stored, OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
+    const QDate begin = QLocale::c().toDate(stored, OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
     if (begin > m_world.today)
         return true;
     const QString fixed = QStringLiteral("计划已开始执行，初始日期不支持修改！");

@@ -9,6 +9,7 @@
 #include "OrloConstants.h"
 #include "Orlo_Fields.h"
 #include <QJsonDocument>
+#include <QLocale>
 
 // What is sent, to whom, and what the form looks like afterwards; and the algorithm panel.
 
@@ -21,7 +22,7 @@ namespace Content = Algo_Fields::AlgoInstContentInfo;
 
 QString dateText(const QDate& date)
 {
-    return date.toString(OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
+    return QLocale::c().toString(date, OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
 }
 
 } // namespace

@@ -13,6 +13,7 @@
 #include <QAbstractButton>
 #include <QJsonDocument>
 #include <QLineEdit>
+#include <QLocale>
 #include <QWidget>
 
 // Fills the editor's form as a trader would, and makes the plans that a trader may have stored.
@@ -71,8 +72,10 @@ inline QMap<QString, QVariant> storedPlan(const QString& id, const QString& symb
         { BaseField::priceFormula1, QStringLiteral("昨收价*1.02") },
         { BaseField::totalQty, QStringLiteral("1000") },
         { BaseField::InstMode, QStringLiteral("1") },
-        { BaseField::beginDate, QDate(2024, 6, 3).toString(OrloConstants::DateTimeFormatString::STD_DATE_FORMAT) },
-        { BaseField::endDate, QDate(2024, 6, 28).toString(OrloConstants::DateTimeFormatString::STD_DATE_FORMAT) },
+        { BaseField::beginDate,
+            QLocale::c().toString(QDate(2024, 6, 3), OrloConstants::DateTimeFormatString::STD_DATE_FORMAT) },
+        { BaseField::endDate,
+            QLocale::c().toString(QDate(2024, 6, 28), OrloConstants::DateTimeFormatString::STD_DATE_FORMAT) },
         { BaseField::planOtherParam, QString::fromUtf8(otherText) },
     };
 }

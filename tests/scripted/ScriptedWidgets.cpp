@@ -12,6 +12,7 @@
 #include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPointer>
 #include <QStandardItemModel>
 #include <QWheelEvent>
@@ -340,6 +341,7 @@ OrloDoubleSpinBox::OrloDoubleSpinBox(QWidget* parent)
     : QDoubleSpinBox(parent)
     , d(new Private)
 {
+    setLocale(QLocale::c());
     connect(lineEdit(), &QLineEdit::textChanged, this, [this](const QString& text) { d->empty = text.isEmpty(); });
 }
 
