@@ -89,9 +89,11 @@ QStringList AutoParamSetting::GetUnsignedClientNoList() const
 
 void AutoParamSetting::InitComboxAssignTo()
 {
+    // Not silent, unlike the other boxes: nothing reacts to the assignee.
     ui->combx_assignTo->clear();
     const bool reducesHoldings = currentCode(ui->combx_planType) == AutoPlanTemplate::ReduceHoldings;
     const QString tradingAccount = ui->combx_fundAccount->GetCurTradingAccount();
+    // A reduction must name its executor, so its users are requested even without an account.
     if (tradingAccount.isEmpty() && !reducesHoldings) {
         ui->combx_assignTo->addItem(AutoPlanAssignee::NotSpecified, QString());
         ui->combx_assignTo->setCurrentIndex(0);
@@ -114,6 +116,7 @@ void AutoParamSetting::InitComboxAssignTo()
 void AutoParamSetting::IsReduceHodingsMode(const QString& planType)
 {
     const bool reduces = planType == AutoPlanTemplate::ReduceHoldings;
+    // Every plan has a target. Only its unit is hidden, because a reduction is measured by its ratio.
     ui->la_targetTotalNum->setVisible(true);
     ui->le_targetTotalNum->setVisible(true);
     ui->la_entrustMaxNum->setVisible(!reduces);

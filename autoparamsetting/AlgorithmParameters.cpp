@@ -42,6 +42,7 @@ namespace AlgorithmParameters {
 
 ParamListWidget_single* createWidget(QWidget* editor, const QStringList& whiteList)
 {
+    // Without the black list: it follows with the lists that every use refreshes.
     ParamListWidget_single* const widget = OrloStrategyFactory::instance().CreateStrategyWgt(
         SinglePanel, editor, Algo_Values::AlgoGlobalType::instruction, whiteList, QStringList(), ChoiceAndParameters);
     widget->setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
@@ -121,6 +122,7 @@ void AutoParamSetting::slotBtnAlgoParamSettingClicked()
     // A strategy with a name brings the widget up by itself when it is loaded.
     if (name.isEmpty())
         m_algoParamWidget->show();
+    // Reported last: the panel gets its place and its base data even when the strategy was not loaded.
     if (failure != LoadSucceeded)
         OrloWidget::ShowErrorMsgBox(failure, this);
 }

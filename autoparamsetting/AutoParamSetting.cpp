@@ -54,6 +54,7 @@ void AutoParamSetting::resetEnable()
     ui->combx_instructionTargetType->ResetEnable();
     ui->combx_planType->ResetEnable();
     ui->le_symbol->setEnabled(true);
+    // The plan type stays, and a reduction only sells.
     if (currentCode(ui->combx_planType) == AutoPlanTemplate::ReduceHoldings)
         ui->combx_tradeSide->setEnabled(false);
     else
@@ -73,6 +74,7 @@ void AutoParamSetting::resetEnable()
     InitDateEffectivePeriod();
     ui->combx_reduceHMode->setEnabled(true);
     ui->le_remark->setEnabled(true);
+    // With the plan forgotten, its instruction mode no longer limits what is offered.
     InitComboxPriceType(QString());
     InitComboxPriceMode(QString());
 }
@@ -118,6 +120,7 @@ void AutoParamSetting::initGuiData()
     InitComboxInstructionTargetType();
     InitComboxPlanType();
     InitLeSymbol();
+    // Nothing is connected yet, so the reactions on which the later fields depend are called here.
     slotSymbolChange();
     InitComboxTradeSide();
     InitComboxPriceType(QString());

@@ -97,7 +97,7 @@ private:
     void clearUiData();
 
     Ui::AutoParamSetting* ui;
-    qint64 m_reserved;
+    qint64 m_reserved; ///< part of the class's layout, on which linked programs rely; never read
     QMap<QString, tagUserAccountInfo> m_accountInfoMap; ///< trading account to its record, for every offered account
     ParamListWidget_single* m_algoParamWidget;          ///< null until first needed, then a child for good
     QStringList m_algoWhiteList;

@@ -46,6 +46,7 @@ void AutoParamSetting::InitDateEffectivePeriod()
     ui->date_effectivePeriod_Multi->SetMaxDate(last);
     ui->date_effectivePeriod_Multi->SetStartEndDate(first, first);
     ui->date_effectivePeriod_Single->SetMinDate(first);
+    // Independent of the calendar's end: a reduction has no end that would have to be a trading day.
     ui->date_effectivePeriod_Single->SetMaxDate(first.addMonths(PeriodMonths));
     ui->date_effectivePeriod_Single->SetDate(first);
     m_startDayOffset = offset;

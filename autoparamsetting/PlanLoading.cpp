@@ -248,6 +248,7 @@ void fillDates(const Ui::AutoParamSetting& ui, const StoredPlan& plan, bool edit
         qWarning() << "AutoParamSetting::copyPlan stored text is no date" << plan.text(Base::beginDate);
     if (begin > today())
         fillFutureDates(ui, plan);
+    // The copy of a started plan is a new plan, so it keeps the form's default dates.
     else if (edits)
         fillStartedDates(ui, plan);
 }
@@ -289,6 +290,7 @@ void AutoParamSetting::copyPlan(const QString& planId)
     // it.
     if (!self)
         return;
+    // Silent, so that the security is taken over once.
     setSymbolSilently(ui->le_symbol, plan.symbol());
     slotSymbolChange();
     if (!self)
@@ -320,6 +322,7 @@ void AutoParamSetting::copyPlan(const QString& planId)
 
 void AutoParamSetting::clearUiData()
 {
+    // The only account stays chosen: the trader could not choose it again in a locked box.
     if (ui->combx_fundAccount->isEnabled())
         selectSilently(ui->combx_fundAccount, -1);
     selectSilently(ui->combx_instructionType, -1);
@@ -327,11 +330,13 @@ void AutoParamSetting::clearUiData()
     ui->le_symbol->setSymbol(QString());
     ui->la_symbolName->setText(QString());
     ui->le_exchange->clear();
+    // Announced, because the entrust types of the former side must go.
     ui->combx_tradeSide->setCurrentIndex(0);
     selectSilently(ui->combx_priceType, 0);
     selectSilently(ui->combx_priceMode, 0);
     ui->lineEdit_price1->clear();
     ui->lineEdit_price2->clear();
+    // Only inputs are hidden here; their captions follow with the next price mode or plan type.
     ui->lineEdit_price2->hide();
     ui->le_targetTotalNum->clear();
     ui->le_entrustMaxNum->clear();

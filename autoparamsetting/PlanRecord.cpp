@@ -23,6 +23,7 @@ namespace Base = AutoPlanField::BaseField;
 
 using FieldMap = QMap<QString, QVariant>;
 
+// A reduction has no end of its own, but every record has an end date.
 constexpr int EndlessYears = 100;
 
 QString wholeNumberText(qint32 value)
@@ -78,6 +79,7 @@ void insertPrice(FieldMap& record, const Ui::AutoParamSetting& ui)
 void insertAssignee(FieldMap& record, const Ui::AutoParamSetting& ui)
 {
     const QString user = ui.combx_assignTo->currentText();
+    // A reduction must name its executor, so the text is stored whatever it is.
     if (currentCode(ui.combx_planType) == AutoPlanTemplate::ReduceHoldings)
         record.insert(Base::executeUser, user);
     else if (user != AutoPlanAssignee::NotSpecified)
@@ -106,6 +108,7 @@ void insertTarget(FieldMap& other, const Ui::AutoParamSetting& ui, int factor)
         other.insert(Base::tradeAmount, ui.le_targetTotalNum->GetStrValue());
         other.insert(Base::dayMaxTradeAmount, ui.le_entrustMaxNum->GetStrValue());
     }
+    // Stored for amounts, too: the key depends on the field alone.
     if (ui.le_entrustMaxNum->isVisible())
         other.insert(
             AutoPlanField::Progress::CurrentQty, wholeNumberText(storedQuantity(ui.le_entrustMaxNum->value(), factor)));

@@ -45,6 +45,7 @@ QStringList mainland()
     return { Kelvo_Values::SymbolPost::sh, Kelvo_Values::SymbolPost::sz };
 }
 
+// Unlike for margin plans, Beijing's shares are listed and those of the small and medium board are not.
 auto ordinarySecurities(bool byAmount)
 {
     auto symbols = symbolsOf(Type::StockType,
@@ -111,6 +112,7 @@ void AutoParamSetting::InitLeSymbol()
 void AutoParamSetting::slotSymbolChange()
 {
     const QString symbol = ui->le_symbol->getSymbol();
+    // Without a security there is nothing to derive the other fields from: they keep their state.
     if (symbol.isEmpty()) {
         ui->la_symbolName->setText(QString());
         ui->le_exchange->setText(QString());
@@ -183,6 +185,7 @@ void AutoParamSetting::slotQuerySymbolMAResponse(QString symbol, QStringList pri
     qDebug() << "AutoParamSetting::slotQuerySymbolMAResponse" << symbol << priceList << failReason;
     if (symbol != ui->le_symbol->getSymbol())
         return;
+    // The items are rebuilt after an error, too: those of the former security must not remain.
     if (failReason.isEmpty())
         m_maPriceList = priceList;
     InitLineEditPrice1AndPrice2(false);

@@ -162,7 +162,9 @@ void AutoParamSetting::InitComboxInstructionMode()
     const QString priceMode = currentCode(ui->combx_priceMode);
     qDebug() << "AutoParamSetting::InitComboxInstructionMode" << type << ruleProperty << priceType << priceMode
              << ui->combx_fundAccount->GetCurFundAccount();
+    // Not silent, unlike the other boxes: without a mode the algorithm button has to be hidden.
     ui->combx_instructionMode->clear();
+    // Returns before the panel is notified: without review no algorithm can be chosen.
     if (ruleProperty != AutoPlanRuleProperty::Review) {
         ui->combx_instructionMode->addItem(tr("主动管理"), AutoPlanInstMode::ActiveManage);
         ui->btn_algoParamSetting->hide();
@@ -197,6 +199,7 @@ void AutoParamSetting::slotComboxInstructionTypeChanged()
     InitComboxEntrustType();
     InitComboxInstructionMode();
     InitLineEditPrice1AndPrice2(true);
+    // Once more, because a security chosen during the refills saw the side and the modes of the former type.
     slotSymbolChange();
     InitComboxAssignTo();
 }
@@ -223,6 +226,7 @@ void AutoParamSetting::slotComboxPlanTypeChanged()
     const bool isSameEachDay = planType == AutoPlanTemplate::SameElements;
     Accessibility::setCaption(ui->la_entrustMaxNum, isSameEachDay ? tr("每日计划量") : tr("每日最大委托量"));
     if (planType != AutoPlanTemplate::ReduceHoldings) {
+        // Unlocked, but not switched back to buying: the side before the reduction is not remembered.
         ui->combx_tradeSide->setEnabled(true);
         IsReduceHodingsMode(planType);
         InitComboxAssignTo();
@@ -232,6 +236,7 @@ void AutoParamSetting::slotComboxPlanTypeChanged()
         selectCode(ui->combx_tradeSide, Kelvo_Values::OrderSide::sell);
     ui->combx_tradeSide->setEnabled(false);
     IsReduceHodingsMode(planType);
+    // A hidden form is being built or filled, not used. The result of signing is not read: OK checks it again.
     const QStringList unsignedNumbers = GetUnsignedClientNoList();
     if (!unsignedNumbers.isEmpty() && isVisible() && !AgreementDialog::run(this, ui->combx_planType, unsignedNumbers))
         return;
@@ -248,6 +253,7 @@ void AutoParamSetting::slotComboxPriceTypeChanged()
     InitComboxInstructionMode();
 }
 
+// The same as for the price type: under its instruction type, each of them decides whether algorithms are offered.
 void AutoParamSetting::slotComboxEntrustTypeChanged()
 {
     InitComboxInstructionMode();

@@ -141,6 +141,7 @@ Verdict targetIsWholeLots(const CheckedPlan& plan)
     return warning(AutoParamSetting::tr("沪市债券目标总量需为%1的正整数倍，是否继续？").arg(factor));
 }
 
+// The exclamation mark is the ASCII one, unlike in the other rules: the text is known to traders as it is.
 Verdict dailyQuantityIsGiven(const CheckedPlan& plan)
 {
     if (plan.planType() != AutoPlanTemplate::SameElements || !isZero(plan.ui.le_entrustMaxNum->value()))
@@ -233,6 +234,7 @@ Verdict algorithmFitsPlan(const CheckedPlan& plan)
     const FieldMap parameters = plan.algorithm->GetParamMap();
     if (parameters.value(Content::TradingAccount).toString() != plan.tradingAccount())
         return warning(AutoParamSetting::tr("算法参数中的交易账号与计划参数不一致！"));
+    // A side that is neither buy nor sell has no algorithm code to compare with.
     const QString side = AlgorithmParameters::algorithmSide(plan.side());
     if (!side.isEmpty() && parameters.value(Content::OrderSide).toString() != side)
         return warning(AutoParamSetting::tr("算法参数中的交易方向与计划参数不一致！"));
@@ -359,6 +361,7 @@ double availableHoldings(const QString& tradingAccount, const QString& symbol, c
     return available;
 }
 
+// Margin plans are exempt: they may sell borrowed shares, which are not among the holdings.
 Verdict holdingsCoverTarget(const CheckedPlan& plan)
 {
     if (!plan.countsQuantity() || plan.side() != Kelvo_Values::OrderSide::sell
@@ -375,6 +378,8 @@ Verdict holdingsCoverTarget(const CheckedPlan& plan)
                         .arg(plan.ui.combx_fundAccount->GetCurFundAccount(), action));
 }
 
+// The flag and the side belong to the same family of codes, which is not that of the side's box; a client gives buy the
+// same code in both. An edit is asked with the words of a new plan: only the security is in question.
 Verdict securityIsNormal(const CheckedPlan& plan)
 {
     if (plan.side() != Orlo_Values::OrderSide::buy)
