@@ -98,6 +98,9 @@ private Q_SLOTS:
     void anEditLocksWhatIdentifiesThePlan_data();
     void anEditLocksWhatIdentifiesThePlan();
     void aResetUnlocksAnEditedPlan();
+    void aSecondEditIsOfferedTheFirstOnesModesUnlessReset_data();
+    void aSecondEditIsOfferedTheFirstOnesModesUnlessReset();
+    void anAmountPlanOpenedWithoutReviewIsSentByQuantity();
     void anUnknownPlanIsLogged_data();
     void anUnknownPlanIsLogged();
     void whatOnlyTheLogShowsIsNotTranslated();
@@ -607,6 +610,47 @@ void PlanLoadingTest::aResetUnlocksAnEditedPlan()
     press(editor(), "btn_ok");
     QCOMPARE(script().createdRecords.size(), 1);
     QCOMPARE(script().modifiedRecords.size(), 0);
+}
+
+void PlanLoadingTest::aSecondEditIsOfferedTheFirstOnesModesUnlessReset_data()
+{
+    QTest::addColumn<bool>("resets");
+    QTest::addColumn<QStringList>("offered");
+    QTest::newRow("without a reset") << false << QStringList{ QStringLiteral("主动管理") };
+    QTest::newRow("after a reset") << true
+                                   << QStringList{ QStringLiteral("普通交易复核"), QStringLiteral("算法交易复核") };
+}
+
+void PlanLoadingTest::aSecondEditIsOfferedTheFirstOnesModesUnlessReset()
+{
+    QFETCH(bool, resets);
+    QFETCH(QStringList, offered);
+    open(PlanSample(), true);
+    storePlan(QStringLiteral("P2"), PlanSample().withMode(QStringLiteral("2")));
+    script().ruleProperty = 1;
+    if (resets)
+        editor().resetEnable();
+    editor().editPlan(QStringLiteral("P2"));
+    const auto* const modes = field<QComboBox>(editor(), "combx_instructionMode");
+    QStringList texts;
+    for (int i = 0; i < modes->count(); ++i)
+        texts.append(modes->itemText(i));
+    QCOMPARE(texts, offered);
+}
+
+void PlanLoadingTest::anAmountPlanOpenedWithoutReviewIsSentByQuantity()
+{
+    PlanSample plan;
+    plan.targetType = InstructionTargetType::AmountOrder;
+    plan.target = 50000;
+    plan.daily = 20000;
+    open(plan, true);
+    press(editor(), "btn_ok");
+    QCOMPARE(script().modifiedRecords.size(), 1);
+    const QMap<QString, QVariant> sent = script().modifiedRecords.first();
+    QCOMPARE(sent.value(AutoPlanField::BaseField::totalQty).toString(), QStringLiteral("50000"));
+    const QString other = sent.value(AutoPlanField::BaseField::planOtherParam).toString();
+    QVERIFY2(!other.contains(QLatin1String("57134")), qPrintable(other));
 }
 
 void PlanLoadingTest::anUnknownPlanIsLogged_data()

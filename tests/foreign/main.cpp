@@ -1,6 +1,5 @@
 #include "AutoParamSetting.h"
 #include "AutoPlanLogic.h"
-#include "OrloAccountComboBox.h"
 #include <QComboBox>
 #include <QLocale>
 #include <QTextStream>
@@ -8,7 +7,7 @@
 
 namespace {
 
-using Record = AutoPlanLogic::Record;
+using Record = QMap<QString, QVariant>;
 
 /// Fills the form in by mouse and keyboard. Its fields are known by their object names.
 class Trader {
@@ -48,9 +47,8 @@ private:
     const QWidget& m_form;
 };
 
-void fillIn(const QWidget& form)
+void fillIn(const Trader& trader)
 {
-    const Trader trader(form);
     trader.down("combx_fundAccount", 2);
     trader.down("combx_planType");
     trader.type("le_symbol", QStringLiteral("beta@XSHG"));
@@ -63,18 +61,18 @@ void fillIn(const QWidget& form)
     trader.click("btn_ok");
 }
 
-Record expectedRecord()
+Record expectedRecord(const QString& id)
 {
     const QString day = QLocale::c().toString(QDate::currentDate().addDays(2), QStringLiteral("dd.MM.yyyy"));
     return {
-        { QStringLiteral("10112"), QStringLiteral("branch 2") },
+        { QStringLiteral("10112"), QStringLiteral("branch two") },
         { QStringLiteral("account"), QStringLiteral("two") },
         { QStringLiteral("exchange"), QStringLiteral("XSHG") },
         { QStringLiteral("holder"), QStringLiteral("holder two") },
         { QStringLiteral("plan.assignee"), QStringLiteral("day desk") },
         { QStringLiteral("plan.formula1"), QStringLiteral("12.345") },
         { QStringLiteral("plan.from"), day },
-        { QStringLiteral("plan.id"), QStringLiteral("P1") },
+        { QStringLiteral("plan.id"), id },
         { QStringLiteral("plan.instruction"), QStringLiteral("1") },
         { QStringLiteral("plan.mode"), QStringLiteral("1") },
         { QStringLiteral("plan.more"), QStringLiteral("{\"more.daily\":\"150\",\"more.kind\":\"stock/main\"}") },
@@ -89,36 +87,46 @@ Record expectedRecord()
     };
 }
 
-bool showsAccountsInFull(const QWidget& form)
+/// Prints what this client's plan service has stored, and checks that it is the plan that was filled in.
+bool isAsFilledIn(const QString& id)
 {
-    const auto* const box =
-        dynamic_cast<OrloAccountComboBox*>(form.findChild<QComboBox*>(QStringLiteral("combx_fundAccount")));
-    return box != nullptr && box->displayMode() == OrloAccountComboBox::DisplayMode::Full;
+    const Record stored = AutoPlanLogic::instance().GetPlanInfo(id);
+    QTextStream out(stdout);
+    for (auto it = stored.cbegin(); it != stored.cend(); ++it)
+        out << it.key() << " = " << it.value().toString() << '\n';
+    return stored == expectedRecord(id);
 }
 
-void print(const Record& record)
+bool showsAccountsInFull(const QWidget& form)
 {
-    QTextStream out(stdout);
-    for (auto it = record.cbegin(); it != record.cend(); ++it)
-        out << it.key() << " = " << it.value().toString() << '\n';
+    const auto* const box = form.findChild<QComboBox*>(QStringLiteral("combx_fundAccount"));
+    return box->itemText(1) == QLatin1String("two of client two");
 }
 
 } // namespace
 
-/// Creates one plan and prints what arrived in this client's plan service; 0 when it is the plan that was filled in.
+/// Creates a plan, edits it and copies it; 0 when all three arrive in this client's plan service as they were filled
+/// in.
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     AutoParamSetting editor(nullptr);
-    bool closed = false;
-    QObject::connect(&editor, &AutoParamSetting::signalBtnCancelClicked, &editor, [&closed] { closed = true; });
+    int closed = 0;
+    QObject::connect(&editor, &AutoParamSetting::signalBtnCancelClicked, &editor, [&closed] { ++closed; });
     editor.show();
     if (!QTest::qWaitForWindowActive(&editor))
         qFatal("The form gets no keyboard");
-    fillIn(editor);
+    const Trader trader(editor);
+    fillIn(trader);
+    const bool created = isAsFilledIn(QStringLiteral("P1"));
 
-    const QMap<QString, Record> plans = AutoPlanLogic::instance().plans();
-    for (const Record& plan : plans)
-        print(plan);
-    return closed && showsAccountsInFull(editor) && plans.size() == 1 && plans.first() == expectedRecord() ? 0 : 1;
+    editor.editPlan(QStringLiteral("P1"));
+    trader.click("btn_ok");
+    const bool edited = isAsFilledIn(QStringLiteral("P1"));
+
+    editor.resetEnable();
+    editor.copyPlan(QStringLiteral("P1"));
+    trader.click("btn_ok");
+    const bool copied = isAsFilledIn(QStringLiteral("P2"));
+    return showsAccountsInFull(editor) && created && edited && copied && closed == 3 ? 0 : 1;
 }

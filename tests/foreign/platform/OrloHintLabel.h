@@ -1,5 +1,0 @@
-#pragma once
-
-#include <QLabel>
-
-using OrloHintLabel = QLabel;

@@ -1,7 +1,0 @@
-#pragma once
-
-#include <QWidget>
-
-struct OrloUtils {
-    static QPoint GetWidgetPos(const QWidget* widget, int) { return widget->pos(); }
-};

@@ -1,5 +1,0 @@
-#pragma once
-
-#include <QStringList>
-
-using SymbolList = QStringList;
