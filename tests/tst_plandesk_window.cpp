@@ -19,6 +19,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPointer>
 #include <QProcess>
 #include <QTableView>
@@ -53,20 +54,35 @@ struct ProgramEnd {
     QString errors;
 };
 
-ProgramEnd runProgram(const QStringList& arguments, bool display = true)
+ProgramEnd runProgram(
+    const QStringList& arguments, const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment())
 {
     QProcess program;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    if (!display) {
-        for (const char* name : { "DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM" })
-            environment.remove(QLatin1String(name));
-    }
     program.setProcessEnvironment(environment);
     program.start(QStringLiteral(PLANDESK_PROGRAM), arguments);
-    if (!program.waitForFinished())
+    constexpr int timeout = 100000; // milliseconds, for a walk-through on a busy machine
+    if (!program.waitForFinished(timeout))
         return ProgramEnd();
     return { program.exitCode(), QString::fromUtf8(program.readAllStandardOutput()),
         QString::fromUtf8(program.readAllStandardError()) };
+}
+
+QProcessEnvironment withoutDisplay()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* name : { "DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM" })
+        environment.remove(QLatin1String(name));
+    return environment;
+}
+
+/// The environment on a machine where this variable alone names a language.
+QProcessEnvironment inLanguage(const QString& variable, const QString& locale)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove(QStringLiteral("LC_ALL"));
+    environment.insert(QStringLiteral("LANG"), QStringLiteral("C.UTF-8"));
+    environment.insert(variable, locale);
+    return environment;
 }
 
 } // namespace
@@ -89,6 +105,10 @@ private Q_SLOTS:
     void the_program_refuses_what_it_cannot_do();
     void without_a_display_no_window_is_tried();
     void the_program_issues_a_day_and_lists_the_result();
+    void a_day_is_issued_whatever_digits_the_machine_writes_data();
+    void a_day_is_issued_whatever_digits_the_machine_writes();
+    void the_walk_through_passes_whatever_digits_the_machine_writes_data();
+    void the_walk_through_passes_whatever_digits_the_machine_writes();
 
     void the_table_reads_the_pages_that_are_shown();
     void the_table_has_more_rows_when_more_are_wanted();
@@ -279,10 +299,10 @@ void TestPlandeskWindow::the_program_refuses_what_it_cannot_do()
 
 void TestPlandeskWindow::without_a_display_no_window_is_tried()
 {
-    const ProgramEnd window = runProgram({ QStringLiteral("--database"), m_session->file() }, false);
+    const ProgramEnd window = runProgram({ QStringLiteral("--database"), m_session->file() }, withoutDisplay());
     QCOMPARE(window.code, 2);
     QVERIFY2(window.errors.contains(QStringLiteral("没有可用的显示设备")), qPrintable(window.errors));
-    const ProgramEnd help = runProgram({ QStringLiteral("--help") }, false);
+    const ProgramEnd help = runProgram({ QStringLiteral("--help") }, withoutDisplay());
     QCOMPARE(help.code, 0);
     QVERIFY2(help.output.startsWith(QStringLiteral("用法：")), qPrintable(help.output));
 }
@@ -298,6 +318,49 @@ void TestPlandeskWindow::the_program_issues_a_day_and_lists_the_result()
     QCOMPARE(ClientSession::instance().instructions().ofPlan(plan).size(), 1);
     QCOMPARE(runProgram(arguments).output,
         QStringLiteral("2024-05-07：新下达指令0条，此前已下达的计划1个，未下达的计划0个。\n"));
+}
+
+void TestPlandeskWindow::a_day_is_issued_whatever_digits_the_machine_writes_data()
+{
+    QTest::addColumn<QString>("variable");
+    QTest::addColumn<QString>("locale");
+    for (const char* locale :
+        { "ar_EG", "as_IN", "bn_BD", "ckb_IQ", "dz_BT", "fa_IR", "mr_IN", "my_MM", "ne_NP", "ps_AF" })
+        QTest::newRow(locale) << QStringLiteral("LC_ALL") << QString::fromLatin1(locale) + QStringLiteral(".UTF-8");
+    QTest::newRow("of numbers alone") << QStringLiteral("LC_NUMERIC") << QStringLiteral("fa_IR.UTF-8");
+}
+
+void TestPlandeskWindow::a_day_is_issued_whatever_digits_the_machine_writes()
+{
+    QFETCH(QString, variable);
+    QFETCH(QString, locale);
+    QVERIFY(QLocale(locale).zeroDigit() != QLatin1Char('0'));
+    m_session->create(SampleSession::record());
+    const ProgramEnd end = runProgram({ QStringLiteral("--database"), m_session->file(), QStringLiteral("--issue-day"),
+                                          QStringLiteral("2024-05-07") },
+        inLanguage(variable, locale));
+    QCOMPARE(end.code, 0);
+    QCOMPARE(end.output, QStringLiteral("2024-05-07：新下达指令1条，此前已下达的计划0个，未下达的计划0个。\n"));
+}
+
+void TestPlandeskWindow::the_walk_through_passes_whatever_digits_the_machine_writes_data()
+{
+    QTest::addColumn<QString>("variable");
+    QTest::addColumn<QString>("locale");
+    QTest::newRow("of a locale") << QStringLiteral("LC_ALL") << QStringLiteral("my_MM.UTF-8");
+    QTest::newRow("of numbers alone") << QStringLiteral("LC_NUMERIC") << QStringLiteral("fa_IR.UTF-8");
+}
+
+void TestPlandeskWindow::the_walk_through_passes_whatever_digits_the_machine_writes()
+{
+    QFETCH(QString, variable);
+    QFETCH(QString, locale);
+    QTemporaryDir folder;
+    const ProgramEnd end = runProgram({ QStringLiteral("--walkthrough"), folder.path(), QStringLiteral("--database"),
+                                          folder.filePath(QStringLiteral("plandesk.sqlite")) },
+        inLanguage(variable, locale));
+    QVERIFY2(end.code == 0, qPrintable(end.output + end.errors));
+    QVERIFY2(end.output.contains(QStringLiteral("核对一致的计划9个，问题0个")), qPrintable(end.output));
 }
 
 void TestPlandeskWindow::the_table_reads_the_pages_that_are_shown()
