@@ -4,6 +4,7 @@
 #include "AgreementDC.h"
 #include "ComboItems.h"
 #include "ExchangeAccounts.h"
+#include "FieldGroups.h"
 #include "InstructionBusinessDataInterface.h"
 #include "OrloBusinessDataInterface.h"
 #include "Orlo_Values.h"
@@ -119,14 +120,8 @@ void AutoParamSetting::IsReduceHodingsMode(const QString& planType)
     // Every plan has a target. Only its unit is hidden, because a reduction is measured by its ratio.
     ui->la_targetTotalNum->setVisible(true);
     ui->le_targetTotalNum->setVisible(true);
-    ui->la_entrustMaxNum->setVisible(!reduces);
-    ui->le_entrustMaxNum->setVisible(!reduces);
-    ui->lab_entrustMaxNumUnit->setVisible(!reduces);
-    ui->lab_targetTotalNumUnit->setVisible(!reduces);
-    ui->la_reduceHRatio->setVisible(reduces);
-    ui->le_reduceHRatio->setVisible(reduces);
-    ui->la_reduceHMode->setVisible(reduces);
-    ui->combx_reduceHMode->setVisible(reduces);
+    FieldGroups::setVisible(FieldGroups::ordinaryRows(*ui), !reduces);
+    FieldGroups::setVisible(FieldGroups::reductionRows(*ui), reduces);
     ui->date_effectivePeriod_Multi->setVisible(!reduces);
     ui->date_effectivePeriod_Single->setVisible(reduces);
     ui->la_effectivePeriod->setBuddy(reduces ? ui->date_effectivePeriod_Single : ui->date_effectivePeriod_Multi);

@@ -5,6 +5,7 @@
 #include "AlgoTradeLogicNew.h"
 #include "AutoPlanLogic.h"
 #include "ComboItems.h"
+#include "FieldGroups.h"
 #include "PlanVocabulary.h"
 #include "SenderGuard.h"
 #include "ui_AutoParamSetting.h"
@@ -49,26 +50,18 @@ AutoParamSetting::~AutoParamSetting()
 void AutoParamSetting::resetEnable()
 {
     m_planId.clear();
-    ui->combx_fundAccount->ResetEnable();
-    ui->combx_instructionType->ResetEnable();
-    ui->combx_instructionTargetType->ResetEnable();
-    ui->combx_planType->ResetEnable();
-    ui->le_symbol->setEnabled(true);
-    // The plan type stays, and a reduction only sells.
-    if (currentCode(ui->combx_planType) == AutoPlanTemplate::ReduceHoldings)
-        ui->combx_tradeSide->setEnabled(false);
-    else
-        ui->combx_tradeSide->ResetEnable();
-    ui->combx_entrustType->ResetEnable();
-    ui->combx_priceType->ResetEnable();
-    ui->combx_priceMode->ResetEnable();
-    ui->lineEdit_price1->setEnabled(true);
-    ui->lineEdit_price2->setEnabled(true);
-    ui->le_targetTotalNum->setEnabled(true);
-    ui->le_entrustMaxNum->setEnabled(true);
-    ui->le_reduceHRatio->setEnabled(true);
-    ui->combx_instructionMode->ResetEnable();
-    ui->combx_assignTo->ResetEnable();
+    const bool reduces = currentCode(ui->combx_planType) == AutoPlanTemplate::ReduceHoldings;
+    const FieldGroups::Group identity = FieldGroups::identity(*ui);
+    for (QWidget* const field : identity) {
+        // The plan type stays, and a reduction only sells.
+        if (field == ui->combx_tradeSide && reduces)
+            field->setEnabled(false);
+        else
+            FieldGroups::enable(field);
+    }
+    FieldGroups::enable({ ui->combx_priceType, ui->combx_priceMode, ui->lineEdit_price1, ui->lineEdit_price2,
+        ui->le_targetTotalNum, ui->le_entrustMaxNum, ui->le_reduceHRatio });
+    FieldGroups::enable(FieldGroups::execution(*ui));
     ui->date_effectivePeriod_Single->setEnabled(true);
     ui->date_effectivePeriod_Multi->SetStartCalendarEnabled(true);
     InitDateEffectivePeriod();
@@ -102,15 +95,10 @@ void AutoParamSetting::initWidget()
 
 void AutoParamSetting::InitHideWidget()
 {
-    ui->la_reduceHRatio->hide();
-    ui->le_reduceHRatio->hide();
-    ui->la_reduceHMode->hide();
-    ui->combx_reduceHMode->hide();
+    FieldGroups::setVisible(FieldGroups::reductionRows(*ui), false);
     ui->date_effectivePeriod_Single->hide();
-    ui->la_priceType->hide();
-    ui->combx_priceType->hide();
-    ui->la_entrustType->hide();
-    ui->combx_entrustType->hide();
+    FieldGroups::setVisible(FieldGroups::hongKongRow(*ui), false);
+    FieldGroups::setVisible(FieldGroups::creditRow(*ui), false);
 }
 
 void AutoParamSetting::initGuiData()

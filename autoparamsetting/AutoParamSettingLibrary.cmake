@@ -51,6 +51,8 @@ function(autoparamsetting_add_library name)
         ${sources}/ComboItems.h
         ${sources}/ExchangeAccounts.h
         ${sources}/EffectivePeriod.cpp
+        ${sources}/FieldGroups.cpp
+        ${sources}/FieldGroups.h
         ${sources}/PlanLoading.cpp
         ${sources}/PlanRecord.cpp
         ${sources}/PriceFields.cpp

@@ -5,6 +5,7 @@
 #include "AutoPlanField.h"
 #include "AutoPlanLogic.h"
 #include "ComboItems.h"
+#include "FieldGroups.h"
 #include "FormulaItems.h"
 #include "InstructionBusinessDataInterface.h"
 #include "InstructionTargetType.h"
@@ -262,20 +263,10 @@ void AutoParamSetting::editPlan(const QString& planId)
     copyPlan(planId);
     if (!self)
         return;
-    ui->combx_fundAccount->setEnabled(false);
-    ui->combx_instructionType->setEnabled(false);
-    ui->combx_instructionTargetType->setEnabled(false);
-    ui->combx_planType->setEnabled(false);
-    ui->le_symbol->setEnabled(false);
-    ui->combx_tradeSide->setEnabled(false);
-    ui->combx_entrustType->setEnabled(false);
-    if (currentCode(ui->combx_planType) == AutoPlanTemplate::ReduceHoldings) {
-        ui->le_entrustMaxNum->setEnabled(false);
-        ui->le_reduceHRatio->setEnabled(false);
-        ui->combx_reduceHMode->setEnabled(false);
-    }
-    ui->combx_instructionMode->setEnabled(false);
-    ui->combx_assignTo->setEnabled(false);
+    FieldGroups::disable(FieldGroups::identity(*ui));
+    if (currentCode(ui->combx_planType) == AutoPlanTemplate::ReduceHoldings)
+        FieldGroups::disable({ ui->le_entrustMaxNum, ui->le_reduceHRatio, ui->combx_reduceHMode });
+    FieldGroups::disable(FieldGroups::execution(*ui));
 }
 
 void AutoParamSetting::copyPlan(const QString& planId)

@@ -5,6 +5,7 @@
 #include "CDataBase.h"
 #include "ComboItems.h"
 #include "ExchangeAccounts.h"
+#include "FieldGroups.h"
 #include "InstructionBusinessDataInterface.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Values.h"
@@ -192,10 +193,8 @@ void AutoParamSetting::slotComboxInstructionTypeChanged()
     slotSymbolChange();
     InitComboxTradeSide();
     const QString type = currentCode(ui->combx_instructionType);
-    ui->la_priceType->setVisible(type == AutoPlanInstructionType::HkConnect);
-    ui->combx_priceType->setVisible(type == AutoPlanInstructionType::HkConnect);
-    ui->la_entrustType->setVisible(type == AutoPlanInstructionType::Credit);
-    ui->combx_entrustType->setVisible(type == AutoPlanInstructionType::Credit);
+    FieldGroups::setVisible(FieldGroups::hongKongRow(*ui), type == AutoPlanInstructionType::HkConnect);
+    FieldGroups::setVisible(FieldGroups::creditRow(*ui), type == AutoPlanInstructionType::Credit);
     InitComboxEntrustType();
     InitComboxInstructionMode();
     InitLineEditPrice1AndPrice2(true);
