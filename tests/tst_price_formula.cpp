@@ -1,5 +1,6 @@
 #include "formula/PriceFormula.h"
 #include "formula/TickPrice.h"
+#include "plans/DayPrice.h"
 
 #include <QElapsedTimer>
 #include <QtTest>
@@ -12,6 +13,16 @@ QHash<QString, double> prices()
 {
     return { { PriceItem::previousClose, 10.0 }, { PriceItem::upperLimit, 11.0 }, { PriceItem::lowerLimit, 9.0 },
         { QStringLiteral("MA5"), 10.5 }, { QStringLiteral("MA20"), 9.8 } };
+}
+
+QString check(const QString& formula)
+{
+    return PriceFormula::check(formula, priceNames());
+}
+
+PriceFormula::Result evaluate(const QString& formula)
+{
+    return PriceFormula::evaluate(formula, priceNames(), prices());
 }
 
 QString nested(int depth)
@@ -34,7 +45,7 @@ private Q_SLOTS:
     void theLongestFormulaPassesAndOneCharacterMoreDoesNot();
     void theDeepestFormulaPassesAndOneBracketMoreDoesNot();
     void hostileTextEndsSoon();
-    void itemNamesAreThoseThatAFormulaMayUse();
+    void priceNamesAreThoseThatAFormulaMayUse();
 
     void limitPricesAreRoundedHalfUp_data();
     void limitPricesAreRoundedHalfUp();
@@ -66,8 +77,8 @@ void tst_price_formula::aFormulaGivesItsPrice()
 {
     QFETCH(QString, formula);
     QFETCH(double, price);
-    QCOMPARE(PriceFormula::check(formula), QString());
-    const PriceFormula::Result result = PriceFormula::evaluate(formula, prices());
+    QCOMPARE(check(formula), QString());
+    const PriceFormula::Result result = evaluate(formula);
     QCOMPARE(result.reason, QString());
     QCOMPARE(result.price, price);
 }
@@ -112,8 +123,8 @@ void tst_price_formula::aFormulaIsRefusedWithItsReason()
 {
     QFETCH(QString, formula);
     QFETCH(QString, reason);
-    QCOMPARE(PriceFormula::check(formula), reason);
-    const PriceFormula::Result result = PriceFormula::evaluate(formula, prices());
+    QCOMPARE(check(formula), reason);
+    const PriceFormula::Result result = evaluate(formula);
     QCOMPARE(result.reason, reason);
     QCOMPARE(result.price, 0.0);
 }
@@ -139,22 +150,22 @@ void tst_price_formula::aPriceIsRefusedThatNobodyCanPay()
 {
     QFETCH(QString, formula);
     QFETCH(QString, reason);
-    QCOMPARE(PriceFormula::check(formula), QString());
-    QCOMPARE(PriceFormula::evaluate(formula, prices()).reason, reason);
+    QCOMPARE(check(formula), QString());
+    QCOMPARE(evaluate(formula).reason, reason);
 }
 
 void tst_price_formula::theLongestFormulaPassesAndOneCharacterMoreDoesNot()
 {
     const QString longest = QStringLiteral("1+").repeated(149) + QStringLiteral("11");
     QCOMPARE(longest.size(), PriceFormula::maximumLength);
-    QCOMPARE(PriceFormula::evaluate(longest, prices()).price, 160.0);
-    QCOMPARE(PriceFormula::check(longest + QLatin1Char('1')), QStringLiteral("公式超过300个字符"));
+    QCOMPARE(evaluate(longest).price, 160.0);
+    QCOMPARE(check(longest + QLatin1Char('1')), QStringLiteral("公式超过300个字符"));
 }
 
 void tst_price_formula::theDeepestFormulaPassesAndOneBracketMoreDoesNot()
 {
-    QCOMPARE(PriceFormula::evaluate(nested(20), prices()).price, 1.0);
-    QCOMPARE(PriceFormula::check(nested(21)), QStringLiteral("括号嵌套超过20层（第21个字符）"));
+    QCOMPARE(evaluate(nested(20)).price, 1.0);
+    QCOMPARE(check(nested(21)), QStringLiteral("括号嵌套超过20层（第21个字符）"));
 }
 
 void tst_price_formula::hostileTextEndsSoon()
@@ -166,21 +177,21 @@ void tst_price_formula::hostileTextEndsSoon()
     timer.start();
     for (const QString& part : parts) {
         for (const int times : { 1, 20, 100, 299, 100000 }) {
-            const PriceFormula::Result result = PriceFormula::evaluate(part.repeated(times), prices());
+            const PriceFormula::Result result = evaluate(part.repeated(times));
             QVERIFY2(result.reason.isEmpty() == (result.price > 0), qPrintable(part));
         }
     }
     QVERIFY(timer.elapsed() < 5000);
 }
 
-void tst_price_formula::itemNamesAreThoseThatAFormulaMayUse()
+void tst_price_formula::priceNamesAreThoseThatAFormulaMayUse()
 {
     const QStringList names{ QStringLiteral("昨收价"), QStringLiteral("涨停价"), QStringLiteral("跌停价"),
         QStringLiteral("MA5"), QStringLiteral("MA10"), QStringLiteral("MA20"), QStringLiteral("MA60"),
         QStringLiteral("MA120"), QStringLiteral("MA250") };
-    QCOMPARE(PriceFormula::itemNames(), names);
+    QCOMPARE(priceNames(), names);
     for (const QString& name : names)
-        QCOMPARE(PriceFormula::check(name), QString());
+        QCOMPARE(check(name), QString());
 }
 
 void tst_price_formula::limitPricesAreRoundedHalfUp_data()

@@ -1,10 +1,5 @@
 #include "formula/FormulaLexer.h"
 
-#include "formula/PriceFormula.h"
-#include "market/MovingAverages.h"
-
-#include <QStringList>
-
 namespace {
 
 using namespace FormulaLexer;
@@ -57,8 +52,9 @@ Kind kindOfSign(QChar c)
 /// Walks over the formula once.
 class Scanner {
 public:
-    explicit Scanner(const QString& formula)
+    Scanner(const QString& formula, const QStringList& items)
         : m_text(formula)
+        , m_items(items)
     {
     }
 
@@ -99,7 +95,7 @@ private:
     {
         const int end = endOfName(m_text, m_at);
         const QString name = m_text.mid(m_at, end - m_at);
-        if (items().contains(name))
+        if (m_items.contains(name))
             take(Kind::Item, end);
         else if (functions.contains(name))
             take(Kind::Function, end);
@@ -116,22 +112,16 @@ private:
     void refuse(const QString& reason) { m_result.reason = reason + place(m_at); }
 
     const QString& m_text;
+    const QStringList& m_items;
     int m_at = 0;
     Result m_result;
 };
 
 } // namespace
 
-const QStringList& FormulaLexer::items()
+FormulaLexer::Result FormulaLexer::tokens(const QString& formula, const QStringList& items)
 {
-    static const QStringList names =
-        QStringList{ PriceItem::previousClose, PriceItem::upperLimit, PriceItem::lowerLimit } + MovingAverages::names();
-    return names;
-}
-
-FormulaLexer::Result FormulaLexer::tokens(const QString& formula)
-{
-    return Scanner(formula).scan();
+    return Scanner(formula, items).scan();
 }
 
 QString FormulaLexer::place(int position)

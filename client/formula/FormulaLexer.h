@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 /// Cuts a price formula into what it may hold, so that nothing else reaches the evaluation.
@@ -21,9 +22,8 @@ struct Result {
     QString reason;
 };
 
-/// Names of prices that a formula may use, see `PriceFormula`.
-const QStringList& items();
-Result tokens(const QString& formula);
+/// `items`: names of prices that the formula may use.
+Result tokens(const QString& formula, const QStringList& items);
 /// "（第n个字符）" for a position counted from 0.
 QString place(int position);
 

@@ -41,13 +41,12 @@ std::string variable(int item)
     return "p" + std::to_string(item);
 }
 
-Translation translate(const QVector<Token>& tokens)
+Translation translate(const QVector<Token>& tokens, const QStringList& names)
 {
     Translation result;
     for (const Token& token : tokens) {
         const bool isItem = token.kind == Kind::Item;
-        const std::string text =
-            isItem ? variable(FormulaLexer::items().indexOf(token.text)) : token.text.toStdString();
+        const std::string text = isItem ? variable(names.indexOf(token.text)) : token.text.toStdString();
         // The space keeps "1 2" from turning into 12; the parser wants none behind the name of a function.
         result.append(token.kind == Kind::Function ? text : text + " ", token.position);
     }
@@ -136,13 +135,13 @@ QString missingValue(const QVector<Token>& tokens, const QHash<QString, double>&
     return QString();
 }
 
-FormulaLexer::Result read(const QString& formula)
+FormulaLexer::Result read(const QString& formula, const QStringList& names)
 {
     if (formula.trimmed().isEmpty())
         return { {}, QStringLiteral("公式为空") };
     if (formula.size() > PriceFormula::maximumLength)
         return { {}, QStringLiteral("公式超过%1个字符").arg(PriceFormula::maximumLength) };
-    FormulaLexer::Result result = FormulaLexer::tokens(formula);
+    FormulaLexer::Result result = FormulaLexer::tokens(formula, names);
     if (result.reason.isEmpty())
         result.reason = depthReason(result.tokens);
     return result;
@@ -155,39 +154,35 @@ QString priceReason(double price)
     return price > 0 ? QString() : QStringLiteral("公式的结果不大于零");
 }
 
-std::vector<double> orderedValues(const QHash<QString, double>& values, double absent)
+std::vector<double> orderedValues(const QStringList& names, const QHash<QString, double>& values, double absent)
 {
     std::vector<double> ordered;
-    for (const QString& name : FormulaLexer::items())
+    for (const QString& name : names)
         ordered.push_back(values.value(name, absent));
     return ordered;
 }
 
 } // namespace
 
-const QStringList& PriceFormula::itemNames()
+QString PriceFormula::check(const QString& formula, const QStringList& names)
 {
-    return FormulaLexer::items();
-}
-
-QString PriceFormula::check(const QString& formula)
-{
-    const FormulaLexer::Result lexed = read(formula);
+    const FormulaLexer::Result lexed = read(formula, names);
     if (!lexed.reason.isEmpty())
         return lexed.reason;
-    return run(translate(lexed.tokens), orderedValues({}, 1.0)).reason;
+    return run(translate(lexed.tokens, names), orderedValues(names, {}, 1.0)).reason;
 }
 
-PriceFormula::Result PriceFormula::evaluate(const QString& formula, const QHash<QString, double>& values)
+PriceFormula::Result PriceFormula::evaluate(
+    const QString& formula, const QStringList& names, const QHash<QString, double>& values)
 {
     Result result;
-    const FormulaLexer::Result lexed = read(formula);
+    const FormulaLexer::Result lexed = read(formula, names);
     result.reason = lexed.reason;
     if (result.reason.isEmpty())
         result.reason = missingValue(lexed.tokens, values);
     if (!result.reason.isEmpty())
         return result;
-    result = run(translate(lexed.tokens), orderedValues(values, 0.0));
+    result = run(translate(lexed.tokens, names), orderedValues(names, values, 0.0));
     if (result.reason.isEmpty())
         result.reason = priceReason(result.price);
     if (!result.reason.isEmpty())

@@ -4,14 +4,8 @@
 #include <QString>
 #include <QStringList>
 
-/// Prices that a formula names beside the moving averages of `MovingAverages::names`.
-namespace PriceItem {
-inline const QString previousClose = QStringLiteral("昨收价");
-inline const QString upperLimit = QStringLiteral("涨停价");
-inline const QString lowerLimit = QStringLiteral("跌停价");
-} // namespace PriceItem
-
-/// Price formulas: numbers, names of prices, + - * / and brackets, max(a,b) and min(a,b).
+/// Price formulas: numbers, names of prices, + - * / and brackets, max(a,b) and min(a,b). `names` are those that a
+/// formula may use.
 namespace PriceFormula {
 
 constexpr int maximumLength = 300;
@@ -25,12 +19,10 @@ struct Result {
     QString reason;
 };
 
-/// Every name that a formula may use.
-const QStringList& itemNames();
 /// Why the formula is none, whatever the prices are; empty when it can be evaluated.
-QString check(const QString& formula);
+QString check(const QString& formula, const QStringList& names);
 /// The price for the given values in yuan by name. A name without a value, a result that is no finite number and one
 /// that is not above zero are refused.
-Result evaluate(const QString& formula, const QHash<QString, double>& values);
+Result evaluate(const QString& formula, const QStringList& names, const QHash<QString, double>& values);
 
 } // namespace PriceFormula

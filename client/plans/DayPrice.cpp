@@ -28,15 +28,18 @@ QHash<QString, double> namedPrices(const Security& security, const QVector<qint6
     return prices;
 }
 
+PriceFormula::Result evaluated(const QVariant& formula, const QHash<QString, double>& prices)
+{
+    return PriceFormula::evaluate(formula.toString(), priceNames(), prices);
+}
+
 PriceFormula::Result compared(const Record& record, const QHash<QString, double>& prices)
 {
     const QString model = record.value(AutoPlanField::BaseField::priceModel).toString();
-    PriceFormula::Result first =
-        PriceFormula::evaluate(record.value(AutoPlanField::BaseField::priceFormula1).toString(), prices);
+    PriceFormula::Result first = evaluated(record.value(AutoPlanField::BaseField::priceFormula1), prices);
     if (model == PriceModel::Custom || !first.reason.isEmpty())
         return first;
-    const PriceFormula::Result second =
-        PriceFormula::evaluate(record.value(AutoPlanField::BaseField::priceFormula2).toString(), prices);
+    const PriceFormula::Result second = evaluated(record.value(AutoPlanField::BaseField::priceFormula2), prices);
     if (!second.reason.isEmpty())
         return second;
     first.price = model == PriceModel::CompareMax ? qMax(first.price, second.price) : qMin(first.price, second.price);
@@ -59,6 +62,13 @@ void setLimit(DayPrice& price, double yuan, const Security& security)
 }
 
 } // namespace
+
+const QStringList& priceNames()
+{
+    static const QStringList names =
+        QStringList{ PriceItem::previousClose, PriceItem::upperLimit, PriceItem::lowerLimit } + MovingAverages::names();
+    return names;
+}
 
 DayPrice dayPrice(const Record& record, const Security& security, const QVector<qint64>& closes)
 {

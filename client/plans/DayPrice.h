@@ -3,10 +3,21 @@
 #include "store/Security.h"
 
 #include <QMap>
+#include <QStringList>
 #include <QVariant>
 #include <QVector>
 
 #include <optional>
+
+/// Prices that a formula names beside the moving averages of `MovingAverages::names`.
+namespace PriceItem {
+inline const QString previousClose = QStringLiteral("昨收价");
+inline const QString upperLimit = QStringLiteral("涨停价");
+inline const QString lowerLimit = QStringLiteral("跌停价");
+} // namespace PriceItem
+
+/// Every name that a plan's price formula may use.
+const QStringList& priceNames();
 
 /// The price of a plan on one day.
 struct DayPrice {

@@ -7,6 +7,7 @@
 #include "Orlo_Fields.h"
 #include "Orlo_Values.h"
 #include "formula/PriceFormula.h"
+#include "plans/DayPrice.h"
 #include "plans/EntrustTypes.h"
 #include "plans/PlanTexts.h"
 #include "values/PlanCodes.h"
@@ -44,7 +45,7 @@ QVector<CodeRule> codeRules()
 
 QString reasonAgainstFormula(const QString& caption, const QString& formula)
 {
-    const QString reason = PriceFormula::check(formula);
+    const QString reason = PriceFormula::check(formula, priceNames());
     return reason.isEmpty() ? QString() : QStringLiteral("%1公式不正确：%2").arg(caption, reason);
 }
 

@@ -1,5 +1,6 @@
 #include "FuzzTarget.h"
 #include "formula/PriceFormula.h"
+#include "plans/DayPrice.h"
 
 #include <cmath>
 
@@ -8,7 +9,7 @@ namespace {
 QHash<QString, double> prices()
 {
     QHash<QString, double> values;
-    for (const QString& name : PriceFormula::itemNames())
+    for (const QString& name : priceNames())
         values.insert(name, 10.0 + values.size());
     return values;
 }
@@ -26,9 +27,9 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const FuzzSecond limit;
     static const QHash<QString, double> values = prices();
     const QString formula = QString::fromUtf8(reinterpret_cast<const char*>(data), static_cast<int>(size));
-    const QString refused = PriceFormula::check(formula);
-    const PriceFormula::Result price = PriceFormula::evaluate(formula, values);
-    const PriceFormula::Result without = PriceFormula::evaluate(formula, {});
+    const QString refused = PriceFormula::check(formula, priceNames());
+    const PriceFormula::Result price = PriceFormula::evaluate(formula, priceNames(), values);
+    const PriceFormula::Result without = PriceFormula::evaluate(formula, priceNames(), {});
     FUZZ_REQUIRE(price.reason.isEmpty() == (price.price > 0));
     FUZZ_REQUIRE(std::isfinite(price.price));
     // Only the values can make a difference to a formula that passed.
