@@ -2,7 +2,7 @@
 
 #include "SampleSession.h"
 #include "calendar/ClientClock.h"
-#include "search/SymbolIndex.h"
+#include "search/SymbolIndexes.h"
 #include "session/ClientSession.h"
 #include "widgets/Skins.h"
 
@@ -92,7 +92,7 @@ void BenchmarkClient::open(const QString& database, const QString& user)
                                                    : QStringLiteral("the file does not exist");
     if (!reason.isEmpty())
         qFatal("%s: %s", qPrintable(database), qPrintable(reason));
-    SymbolIndex::waitForFinished();
+    SymbolIndexes::instance().waitForFinished();
 }
 
 void showPainted(QWidget& window)

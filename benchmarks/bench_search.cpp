@@ -3,7 +3,7 @@
 #include "BenchmarkClient.h"
 #include "SymbolList.h"
 #include "VorSearchBox.h"
-#include "search/SymbolIndex.h"
+#include "search/SymbolIndexes.h"
 #include "session/ClientSession.h"
 
 #include <QAbstractItemView>
@@ -120,7 +120,7 @@ void searchBox(benchmark::State& state)
     box.setSecurityList(allSymbols());
     box.setSearchMode(byCodeAndName);
     box.setMinMatchLength(1);
-    SymbolIndex::waitForFinished();
+    SymbolIndexes::instance().waitForFinished();
     typeInto(state, box);
 }
 

@@ -102,7 +102,7 @@ void SearchBoxTest::init()
     m_other->move(0, 60);
     m_window->resize(300, 120);
     m_box->setSecurityList(m_market);
-    SymbolIndex::waitForFinished();
+    SymbolIndexes::instance().waitForFinished();
     WidgetServices::instance().nameLookups = 0;
     m_box->setSearchMode(1);
     m_box->setMinMatchLength(6);
@@ -372,7 +372,7 @@ void SearchBoxTest::theIndexIsSharedByBoxes()
         WidgetServices::instance().nameLookups = 0;
         VorSearchBox box;
         box.setSecurityList(list);
-        SymbolIndex::waitForFinished();
+        SymbolIndexes::instance().waitForFinished();
         QCOMPARE(WidgetServices::instance().nameLookups, i == 0 ? 2 : 0);
     }
 }
@@ -384,7 +384,7 @@ void SearchBoxTest::codesOfSeveralRunsComeInOrder()
     m_box->setSecurityList(list);
     m_box->setSearchMode(0);
     m_box->setMinMatchLength(1);
-    SymbolIndex::waitForFinished();
+    SymbolIndexes::instance().waitForFinished();
     type(QStringLiteral("11"));
     QStringList codes;
     for (const QString& row : rows())
@@ -486,7 +486,7 @@ void SearchBoxTest::aListThatWasClosedStaysClosedWhenNamesJoin()
     QTRY_COMPARE(rows().size(), 2);
     QTest::keyClick(m_box, Qt::Key_Escape);
     held.release();
-    SymbolIndex::waitForFinished();
+    SymbolIndexes::instance().waitForFinished();
     QCoreApplication::processEvents();
     QCOMPARE(rows(), QStringList());
     QCOMPARE(FieldHint::textAt(m_box), QString());
@@ -569,7 +569,7 @@ void SearchBoxTest::aChoiceDuringPreparationEndsTheWait()
     QTest::keyClick(m_box, Qt::Key_Return);
     m_box->setSymbol(sh(8));
     held.release();
-    SymbolIndex::waitForFinished();
+    SymbolIndexes::instance().waitForFinished();
     QCoreApplication::processEvents();
     QCOMPARE(m_box->getSymbol(), sh(8));
     QCOMPARE(rows(), QStringList());
@@ -610,7 +610,7 @@ void SearchBoxTest::aBoxMayGoDuringPreparation()
     QCOMPARE(FieldHint::textAt(m_box), preparing);
     delete std::exchange(m_box, nullptr);
     held.release();
-    SymbolIndex::waitForFinished();
+    SymbolIndexes::instance().waitForFinished();
     QCoreApplication::processEvents();
 }
 
@@ -619,12 +619,17 @@ void SearchBoxTest::anIndexMayBeGivenUpDuringPreparation()
     QStringList many;
     for (int i = 0; i < 100000; ++i)
         many << QString::number(i * 7919 % 1000003);
-    const auto given = SymbolIndexes::instance().of(many);
-    SymbolIndexes::instance().forget();
+    const auto nameOf = [](const QString& symbol) { return symbol; };
+    SymbolIndexes& indexes = SymbolIndexes::instance();
+    indexes.prepare({ many }, nameOf);
+    const auto given = indexes.of(many);
+    indexes.forget();
     QVERIFY(!given->hasNames());
-    const auto again = SymbolIndexes::instance().of(many);
+    QVERIFY(!indexes.of(many));
+    indexes.prepare({ many }, nameOf);
+    const auto again = indexes.of(many);
     QVERIFY(again != given);
-    SymbolIndex::waitForFinished();
+    indexes.waitForFinished();
     QVERIFY(again->hasCodes() && again->hasNames());
 }
 

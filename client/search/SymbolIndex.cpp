@@ -1,7 +1,5 @@
 #include "search/SymbolIndex.h"
 
-#include "OrloBusinessDataInterface.h"
-#include "search/SymbolIndexes.h"
 #include <algorithm>
 #include <numeric>
 
@@ -24,14 +22,10 @@ QString searchForm(const QString& text)
     return text.normalized(QString::NormalizationForm_KC).toUpper();
 }
 
-SymbolIndex::SymbolIndex(const QStringList& run)
+SymbolIndex::SymbolIndex(const QStringList& run, const NameOf& nameOf)
     : m_run(run)
+    , m_nameOf(nameOf)
 {
-}
-
-void SymbolIndex::waitForFinished()
-{
-    SymbolIndexes::instance().waitForFinished();
 }
 
 void SymbolIndex::prepareCodes()
@@ -93,7 +87,7 @@ void SymbolIndex::readNames()
     for (const QString& symbol : m_run) {
         keepGoing();
         m_starts.append(m_names.size());
-        m_names += searchForm(OrloBusinessDataInterface::GetSecurityChineseName(symbol)) + nameEnd;
+        m_names += searchForm(m_nameOf(symbol)) + nameEnd;
     }
     m_names.squeeze();
     noteLetters();

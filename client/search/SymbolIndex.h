@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <QVector>
 #include <atomic>
+#include <functional>
 
 /// What of a text or a symbol counts in a search: full-width letters and digits are the plain ones, case does not
 /// count.
@@ -14,10 +15,10 @@ QString searchForm(const QString& text);
 /// searched once they are ready; a search then costs the logarithm of the run's size.
 class SymbolIndex {
 public:
-    explicit SymbolIndex(const QStringList& run);
+    /// The Chinese name of a symbol; called by the worker.
+    using NameOf = std::function<QString(const QString& symbol)>;
 
-    /// Waits until no index is being prepared any more; see `SymbolIndexes`.
-    static void waitForFinished();
+    SymbolIndex(const QStringList& run, const NameOf& nameOf);
 
     /// Called by the worker. Both leave early once `stop` was called; the index is then never ready.
     void prepareCodes();
@@ -58,6 +59,7 @@ private:
     int rowOf(int position) const;
 
     const QStringList m_run;
+    const NameOf m_nameOf;
     QVector<QString> m_codes; ///< search forms, by row
     QVector<int> m_byCode;    ///< rows, sorted by code
     QString m_names;          ///< search forms of all names, each with an end

@@ -2,10 +2,13 @@
 
 namespace {
 
-/// Indexes that are kept although no box searches them any more; far above the kinds of securities in a market.
-constexpr int mostIndexes = 1024;
-
 enum Priority { NamesLater, CodesFirst };
+
+// Copies of a run share its elements, and the index keeps one copy: while it lives no other run has this address.
+const QString* keyOf(const QStringList& run)
+{
+    return &run.constFirst();
+}
 
 } // namespace
 
@@ -26,23 +29,23 @@ SymbolIndexes& SymbolIndexes::instance()
     return indexes;
 }
 
-std::shared_ptr<const SymbolIndex> SymbolIndexes::of(const QStringList& run)
+void SymbolIndexes::prepare(const QVector<QStringList>& runs, const SymbolIndex::NameOf& nameOf)
 {
-    // Copies of a run share its elements, and the index keeps one copy: while it lives no other run has this address.
-    const QString* key = &run.constFirst();
-    const auto known = m_indexes.constFind(key);
-    if (known != m_indexes.constEnd())
-        return *known;
-    if (m_oldestFirst.size() >= mostIndexes)
-        m_indexes.remove(m_oldestFirst.takeFirst());
-    m_oldestFirst.append(key);
-    const auto index = std::make_shared<SymbolIndex>(run);
-    m_indexes.insert(key, index);
-    prepare(index);
-    return index;
+    for (const QStringList& run : runs) {
+        if (m_indexes.contains(keyOf(run)))
+            continue;
+        const auto index = std::make_shared<SymbolIndex>(run, nameOf);
+        m_indexes.insert(keyOf(run), index);
+        start(index);
+    }
 }
 
-void SymbolIndexes::prepare(const std::shared_ptr<SymbolIndex>& index)
+std::shared_ptr<const SymbolIndex> SymbolIndexes::of(const QStringList& run) const
+{
+    return m_indexes.value(keyOf(run));
+}
+
+void SymbolIndexes::start(const std::shared_ptr<SymbolIndex>& index)
 {
     index->begin();
     const auto codes = [this, index] {
@@ -69,5 +72,4 @@ void SymbolIndexes::forget()
     m_pool.clear();
     m_pool.waitForDone();
     m_indexes.clear();
-    m_oldestFirst.clear();
 }

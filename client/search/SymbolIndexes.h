@@ -2,7 +2,6 @@
 
 #include "search/SymbolIndex.h"
 #include <QHash>
-#include <QList>
 #include <QObject>
 #include <QThreadPool>
 #include <memory>
@@ -15,9 +14,11 @@ class SymbolIndexes : public QObject {
 public:
     static SymbolIndexes& instance();
 
-    /// The index of a run, one per run: runs that share their data share the index. A new one begins to be prepared.
-    /// The names are those that `OrloBusinessDataInterface` answers to the worker thread.
-    std::shared_ptr<const SymbolIndex> of(const QStringList& run);
+    /// Begins to prepare the indexes of the runs that have none yet. `nameOf` is asked on the worker thread.
+    void prepare(const QVector<QStringList>& runs, const SymbolIndex::NameOf& nameOf);
+    /// The index of a run, one per run: runs that share their data share the index. Null when it was not asked for by
+    /// `prepare`.
+    std::shared_ptr<const SymbolIndex> of(const QStringList& run) const;
 
     /// Waits until everything that was asked for is ready.
     void waitForFinished();
@@ -32,9 +33,8 @@ private:
     SymbolIndexes();
     ~SymbolIndexes() override;
 
-    void prepare(const std::shared_ptr<SymbolIndex>& index);
+    void start(const std::shared_ptr<SymbolIndex>& index);
 
     QHash<const QString*, std::shared_ptr<SymbolIndex>> m_indexes;
-    QList<const QString*> m_oldestFirst;
     QThreadPool m_pool;
 };

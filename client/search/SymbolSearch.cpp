@@ -13,11 +13,11 @@ struct Cursor {
     bool isAt(const QString& prefix) const { return place < index->size() && code().startsWith(prefix); }
 };
 
-SymbolSearch::Stage stageOf(const SymbolIndex& index)
+SymbolSearch::Stage stageOf(const SymbolIndex* index)
 {
-    if (!index.hasCodes())
+    if (!index || !index->hasCodes())
         return SymbolSearch::Nothing;
-    return index.hasNames() ? SymbolSearch::CodesAndNames : SymbolSearch::Codes;
+    return index->hasNames() ? SymbolSearch::CodesAndNames : SymbolSearch::Codes;
 }
 
 void appendNew(const QString& symbol, QStringList& found)
@@ -33,7 +33,7 @@ SymbolSearch::SymbolSearch(const QVector<QStringList>& runs)
     m_indexes.reserve(runs.size());
     for (const QStringList& run : runs) {
         m_indexes.append(SymbolIndexes::instance().of(run));
-        m_stage = std::min(m_stage, stageOf(*m_indexes.constLast()));
+        m_stage = std::min(m_stage, stageOf(m_indexes.constLast().get()));
     }
 }
 

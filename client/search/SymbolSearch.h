@@ -2,8 +2,8 @@
 
 #include "search/SymbolIndexes.h"
 
-/// One search in several runs of symbols: what is ready of their indexes when it is made. Making one begins to prepare
-/// the runs that nobody has searched yet.
+/// One search in several runs of symbols: what is ready of their indexes when it is made. Nothing is found in runs that
+/// `SymbolIndexes` was not asked to prepare.
 class SymbolSearch {
 public:
     /// How much of the runs can be searched.

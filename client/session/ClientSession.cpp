@@ -247,9 +247,11 @@ QString ClientSession::storeTradeDays()
 void ClientSession::prepareSearch()
 {
     QTimer::singleShot(0, &SymbolIndexes::instance(), [this] {
-        const SymbolList symbols = m_market->symbols();
-        for (const QStringList& run : symbols.runs())
-            SymbolIndexes::instance().of(run);
+        const auto nameOf = [this](const QString& symbol) {
+            const Security* security = m_market->find(symbol);
+            return security ? security->name : QString();
+        };
+        SymbolIndexes::instance().prepare(m_market->symbols().runs(), nameOf);
     });
 }
 

@@ -56,6 +56,8 @@ private:
 
     QString typed() const { return searchForm(q->text().trimmed()); }
     bool isLongEnough(const QString& text) const { return text.size() >= qMax(1, minLength); }
+    void prepareIndexes();
+    SymbolSearch newSearch();
     bool isWhole(const SymbolSearch& search) const;
     QStringList matches(const SymbolSearch& search, const QString& text, int limit) const;
     bool isPending() const;
@@ -92,8 +94,7 @@ VorSearchBox::Private::Private(VorSearchBox* box)
 void VorSearchBox::Private::setRuns(const QVector<QStringList>& list)
 {
     runs = list;
-    // Has the indexes prepared that are not yet.
-    const SymbolSearch begun(runs);
+    prepareIndexes();
     offered.clear();
     popup->hide();
     if (later == Later::Nothing)
@@ -101,6 +102,18 @@ void VorSearchBox::Private::setRuns(const QVector<QStringList>& list)
     // What is awaited may be ready in the new list, and nothing would tell it.
     presented.reset();
     QMetaObject::invokeMethod(this, &Private::resume, Qt::QueuedConnection);
+}
+
+void VorSearchBox::Private::prepareIndexes()
+{
+    SymbolIndexes::instance().prepare(runs, OrloBusinessDataInterface::GetSecurityChineseName);
+}
+
+// The indexes may have been forgotten since the list was set.
+SymbolSearch VorSearchBox::Private::newSearch()
+{
+    prepareIndexes();
+    return SymbolSearch(runs);
 }
 
 bool VorSearchBox::Private::isWhole(const SymbolSearch& search) const
@@ -128,7 +141,7 @@ void VorSearchBox::Private::offer()
 {
     FieldHint::hideAt(q);
     listen();
-    const SymbolSearch search(runs);
+    const SymbolSearch search = newSearch();
     const QString text = typed();
     present(search, text);
     if (isWhole(search) || !isLongEnough(text))
@@ -157,7 +170,7 @@ void VorSearchBox::Private::present(const SymbolSearch& search, const QString& t
 void VorSearchBox::Private::settle()
 {
     listen();
-    const SymbolSearch search(runs);
+    const SymbolSearch search = newSearch();
     const QString text = typed();
     const QStringList exact = isLongEnough(text) ? search.exact(text) : QStringList();
     const QStringList found = exact.size() == 1 ? exact : matches(search, text, 2);
@@ -207,7 +220,7 @@ void VorSearchBox::Private::resume()
         stopWaiting();
         return;
     }
-    const SymbolSearch search(runs);
+    const SymbolSearch search = newSearch();
     if (search.stage() == presented)
         return;
     const bool settles = later == Later::Settle;
