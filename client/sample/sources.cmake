@@ -1,6 +1,7 @@
 target_sources(plandesk_platform PRIVATE
     sample/SampleAccounts.cpp
     sample/SampleBoards.cpp
+    sample/SampleData.cpp
     sample/SampleMarket.cpp
     sample/SampleNames.cpp
     sample/SamplePrices.cpp

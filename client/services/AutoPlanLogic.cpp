@@ -4,19 +4,14 @@
 #include "calendar/ClientClock.h"
 #include "plans/PlanCheck.h"
 #include "plans/PlanTexts.h"
-#include "services/TradeDates.h"
 #include "session/ClientSession.h"
 #include "session/PlanNews.h"
 
 #include <QDateTime>
-#include <QTimer>
-#include <chrono>
 
 namespace BaseField = AutoPlanField::BaseField;
 
 namespace {
-
-constexpr std::chrono::milliseconds untilFormStands(200);
 
 QString notLoggedIn()
 {
@@ -48,19 +43,14 @@ void queryAverages(AutoPlanLogic* service, const QString& symbol)
         session.askMovingAverages(symbol);
 }
 
-// Whoever looks at a plan is likely to change it, and a change is checked against the plan's instructions, of which
-// there may be thousands. They are read once what is being opened stands.
-void readInstructionsAhead(AutoPlanLogic* service, const QString& planId)
-{
-    QTimer::singleShot(untilFormStands, service, [planId] { ClientSession::instance().readInstructionsAhead(planId); });
-}
-
 } // namespace
 
 AutoPlanLogic::AutoPlanLogic()
 {
     connect(this, &AutoPlanLogic::signalQuerySymbolMAInfo, this,
         [this](const QString&, const QString& symbol) { queryAverages(this, symbol); });
+    connect(&PlanNews::instance(), &PlanNews::averagesAnswered, this, &AutoPlanLogic::signalQuerySymbolMAResponse,
+        Qt::DirectConnection);
 }
 
 AutoPlanLogic::~AutoPlanLogic() = default;
@@ -116,7 +106,6 @@ QMap<QString, QVariant> AutoPlanLogic::GetPlanInfo(QString planId)
     if (record.isEmpty())
         return record;
     record.insert(BaseField::autoPlanId, planId);
-    readInstructionsAhead(this, planId);
     return record;
 }
 
@@ -133,5 +122,8 @@ QMap<QString, QMap<QString, QVariant>> AutoPlanLogic::GetPlanInstruction(QString
 
 QList<QDate> AutoPlanLogic::GetTradeDateList(const QString& exchange, QString& error)
 {
-    return tradeDatesOf(exchange, error);
+    if (ClientSession::instance().isOpen())
+        return tradeDatesOf(exchange, error);
+    error = QStringLiteral("尚未登录，无法查询交易日");
+    return {};
 }

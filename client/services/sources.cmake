@@ -14,5 +14,4 @@ target_sources(plandesk_platform PRIVATE
     services/OrloTradeLogic.cpp
     services/Signatures.cpp
     services/StrategyQuery.cpp
-    services/TradeDates.cpp
 )

@@ -1,15 +1,11 @@
 #include "session/ClientSession.h"
 
 #include "AutoPlanField.h"
-#include "AutoPlanLogic.h"
 #include "Kelvo_Values.h"
 #include "Orlo_Values.h"
 #include "calendar/ClientClock.h"
 #include "sample/SampleAccounts.h"
-#include "sample/SampleMarket.h"
-#include "sample/SampleStrategyLists.h"
-#include "sample/SampleTexts.h"
-#include "search/SymbolIndexes.h"
+#include "sample/SampleData.h"
 #include "session/PlanNews.h"
 #include "store/AgreementStore.h"
 #include "store/StaticTextStore.h"
@@ -22,19 +18,6 @@
 namespace {
 
 constexpr std::chrono::milliseconds untilIdle(200);
-// Longer than any run of closed days.
-constexpr int longestClosure = 40;
-
-QDate lastTradeDayBefore(const TradeCalendar& calendar, const QDate& today)
-{
-    const QString exchange = Kelvo_Values::Exchange::sh;
-    QDate day = qMin(today.addDays(-1), calendar.lastKnownDay(exchange));
-    for (int i = 0; i < longestClosure; ++i, day = day.addDays(-1)) {
-        if (calendar.day(exchange, day) == TradeCalendar::Day::Trades)
-            return day;
-    }
-    return QDate();
-}
 
 void closeWithTheApplication()
 {
@@ -43,11 +26,8 @@ void closeWithTheApplication()
 
 } // namespace
 
-// The indexes are there before the session and outlive it.
 ClientSession::ClientSession()
-    : m_market(std::make_unique<const Market>())
 {
-    SymbolIndexes::instance();
     m_idle.setSingleShot(true);
     m_idle.setInterval(untilIdle);
     QObject::connect(&m_idle, &QTimer::timeout, &m_idle, [this] { m_database.prepareLog(); });
@@ -77,7 +57,7 @@ QString ClientSession::open(
     const QString reason = openFor(file, userId, progress, options);
     m_open = reason.isEmpty();
     if (m_open) {
-        prepareSearch();
+        m_market.prepareSearch();
         startMovingAverages();
         m_idle.start();
     } else {
@@ -91,12 +71,11 @@ void ClientSession::close()
     m_open = false;
     m_idle.stop();
     m_averages.reset();
-    m_ahead.reset();
-    m_instructions = KnownInstructions();
+    m_instructions.clear();
     m_texts.clear();
     m_unsigned.clear();
     m_accounts.clear();
-    replaceMarket(std::make_unique<const Market>());
+    m_market.clear();
     m_user = StoredUser();
     m_database.close();
 }
@@ -118,29 +97,13 @@ InstructionStore ClientSession::instructions()
 
 QMap<QString, InstructionStore::Fields> ClientSession::instructionsOf(const QString& planId)
 {
-    if (!m_open)
-        return {};
-    const QString mark = m_database.contentsMark();
-    if (!isKnown(planId, mark))
-        m_instructions = { planId, mark, instructions().ofPlan(planId) };
-    return m_instructions.instructions;
+    return m_open ? m_instructions.ofPlan(planId) : InstructionCache::Instructions();
 }
 
 void ClientSession::readInstructionsAhead(const QString& planId)
 {
-    if (!m_open)
-        return;
-    const QString mark = m_database.contentsMark();
-    if (mark.isEmpty() || isKnown(planId, mark))
-        return;
-    if (!m_ahead)
-        startReadingAhead();
-    m_ahead->read(planId, mark);
-}
-
-bool ClientSession::isKnown(const QString& planId, const QString& mark) const
-{
-    return !mark.isEmpty() && mark == m_instructions.mark && planId == m_instructions.plan;
+    if (m_open)
+        m_instructions.readAhead(planId);
 }
 
 QString ClientSession::staticText(const QString& category, const QString& key)
@@ -175,43 +138,12 @@ QString ClientSession::openFor(
 {
     QString reason = m_database.open(file);
     if (reason.isEmpty() && UserStore(m_database).users().isEmpty())
-        reason = m_database.transaction([&] { return makeSampleData(progress, options); });
+        reason = m_database.transaction([&] { return SampleData::write(m_database, options.marketSize, progress); });
     if (reason.isEmpty())
-        reason = loadMarket();
+        reason = m_market.load(m_database);
     if (reason.isEmpty())
         reason = storeTradeDays();
     return reason.isEmpty() ? logIn(userId) : reason;
-}
-
-QString ClientSession::makeSampleData(const Progress& progress, const Options& options)
-{
-    SampleMarketOptions sample;
-    sample.size = options.marketSize;
-    sample.lastDay = lastTradeDayBefore(calendar(), clientToday());
-    if (!sample.lastDay.isValid())
-        return QStringLiteral("交易日历不包含今天（%1），无法生成示例行情").arg(clientToday().toString(Qt::ISODate));
-    QString reason = SampleMarket::write(m_database, sample, progress);
-    if (reason.isEmpty())
-        reason = SampleTexts::write(m_database);
-    if (reason.isEmpty())
-        reason = SampleStrategyLists::write(m_database);
-    return reason.isEmpty() ? SampleAccounts::write(m_database, QDateTime(sample.lastDay, QTime(9, 0))) : reason;
-}
-
-QString ClientSession::loadMarket()
-{
-    auto market = std::make_unique<Market>();
-    const QString reason = market->load(m_database);
-    if (reason.isEmpty())
-        replaceMarket(std::move(market));
-    return reason;
-}
-
-// Names are read on another thread while indexes are being prepared.
-void ClientSession::replaceMarket(std::unique_ptr<const Market> market)
-{
-    SymbolIndexes::instance().forget();
-    m_market = std::move(market);
 }
 
 QString ClientSession::logIn(const QString& userId)
@@ -243,35 +175,12 @@ QString ClientSession::storeTradeDays()
     return QString();
 }
 
-// Once events are worked off: a window that is being built needs the processor more.
-void ClientSession::prepareSearch()
-{
-    QTimer::singleShot(0, &SymbolIndexes::instance(), [this] {
-        const auto nameOf = [this](const QString& symbol) {
-            const Security* security = m_market->find(symbol);
-            return security ? security->name : QString();
-        };
-        SymbolIndexes::instance().prepare(m_market->symbols().runs(), nameOf);
-    });
-}
-
 void ClientSession::startMovingAverages()
 {
     static const bool registered = (qAddPostRoutine(closeWithTheApplication), true);
     Q_UNUSED(registered);
     m_averages = std::make_unique<MovingAverageDesk>(m_database.fileName());
     // Passed on from the desk's thread: receivers see the answer as another thread's.
-    QObject::connect(m_averages.get(), &MovingAverageDesk::answered, &AutoPlanLogic::instance(),
-        &AutoPlanLogic::signalQuerySymbolMAResponse, Qt::DirectConnection);
-}
-
-// Received by the desk, so that nothing arrives once the desk is gone.
-void ClientSession::startReadingAhead()
-{
-    m_ahead = std::make_unique<InstructionDesk>(m_database.fileName());
-    QObject::connect(m_ahead.get(), &InstructionDesk::arrived, m_ahead.get(),
-        [this](const QString& planId, const QString& mark, const InstructionDesk::Instructions& instructions) {
-            if (mark == m_database.contentsMark())
-                m_instructions = { planId, mark, instructions };
-        });
+    QObject::connect(m_averages.get(), &MovingAverageDesk::answered, &PlanNews::instance(), &PlanNews::averagesAnswered,
+        Qt::DirectConnection);
 }

@@ -1,17 +1,17 @@
 #pragma once
 
 #include "calendar/TradeCalendar.h"
-#include "market/Market.h"
+#include "sample/SampleMarket.h"
 #include "session/AccountDirectory.h"
-#include "session/InstructionDesk.h"
+#include "session/InstructionCache.h"
 #include "session/MovingAverageDesk.h"
+#include "session/SearchableMarket.h"
 #include "store/InstructionStore.h"
 #include "store/PlanStore.h"
 #include "store/UserStore.h"
 
 #include <QTimer>
 
-#include <functional>
 #include <memory>
 
 /// The one session of the client: an opened database and the user who is logged in. All services answer from it, and
@@ -23,7 +23,7 @@ public:
         int marketSize = 0;
     };
     /// Told how much of the sample data is written; false stops it, and the session stays closed.
-    using Progress = std::function<bool(int done, int total)>;
+    using Progress = SampleMarket::Progress;
 
     static ClientSession& instance();
 
@@ -42,17 +42,16 @@ public:
     QVector<StoredUser> users();
 
     /// The following are empty while the session is closed.
-    const Market& market() const { return *m_market; }
+    const Market& market() const { return m_market.market(); }
     const AccountDirectory& accounts() const { return m_accounts; }
     const TradeCalendar& calendar() const { return TradeCalendar::builtIn(); }
     Database& database() { return m_database; }
     PlanStore plans();
     InstructionStore instructions();
 
-    /// Instructions of a plan as the store has them. Those of the plan that was asked for last are remembered until the
-    /// database changes.
+    /// Instructions of a plan as the store has them; see `InstructionCache`.
     QMap<QString, InstructionStore::Fields> instructionsOf(const QString& planId);
-    /// Has the instructions of a plan that is likely to be asked for read on another thread, and remembers them.
+    /// Has the instructions of a plan that is likely to be asked for read ahead; does nothing while closed.
     void readInstructionsAhead(const QString& planId);
 
     /// A static text of the database; empty when there is none. Remembered until the session is closed.
@@ -61,40 +60,26 @@ public:
     QStringList unsignedClients(const QString& protocolId);
     void forgetSignatures() { m_unsigned.clear(); }
 
-    /// Starts a moving-average query; false while closed. The answer comes by the plan service's signal.
+    /// Starts a moving-average query; false while closed. The answer comes by `PlanNews`.
     bool askMovingAverages(const QString& symbol);
 
 private:
-    /// Instructions with what the database was when they were read.
-    struct KnownInstructions {
-        QString plan;
-        QString mark;
-        InstructionDesk::Instructions instructions;
-    };
-
     ClientSession();
     ~ClientSession();
 
     QString openFor(const QString& file, const QString& userId, const Progress& progress, const Options& options);
-    QString makeSampleData(const Progress& progress, const Options& options);
-    QString loadMarket();
-    void replaceMarket(std::unique_ptr<const Market> market);
     QString logIn(const QString& userId);
     QString storeTradeDays();
-    void prepareSearch();
     void startMovingAverages();
-    void startReadingAhead();
-    bool isKnown(const QString& planId, const QString& mark) const;
 
     bool m_open = false;
     Database m_database;
     StoredUser m_user;
-    std::unique_ptr<const Market> m_market;
+    SearchableMarket m_market;
     AccountDirectory m_accounts;
     std::unique_ptr<MovingAverageDesk> m_averages;
-    std::unique_ptr<InstructionDesk> m_ahead; ///< started when it is first needed
-    QTimer m_idle;                            ///< runs out when the trader is likely to be at the form again
-    KnownInstructions m_instructions;
+    InstructionCache m_instructions{ m_database };
+    QTimer m_idle; ///< runs out when the trader is likely to be at the form again
     QHash<QPair<QString, QString>, QString> m_texts;
     QHash<QString, QStringList> m_unsigned;
 };

@@ -1,14 +1,12 @@
 #pragma once
 
+#include "session/DatabaseThread.h"
 #include "store/InstructionStore.h"
 
 #include <QObject>
-#include <QThread>
 
-#include <atomic>
-
-/// Reads the instructions of a plan ahead, of which there may be thousands, on a thread of its own and through a
-/// connection of its own. Nothing is announced once the desk is gone.
+/// Reads the instructions of a plan ahead, of which there may be thousands, on a thread of its own. Nothing is
+/// announced once the desk is gone.
 class InstructionDesk : public QObject {
     Q_OBJECT
 
@@ -17,7 +15,6 @@ public:
 
     /// `fileName`: the database, opened when the first plan is asked for.
     explicit InstructionDesk(const QString& fileName);
-    ~InstructionDesk() override;
 
     /// Asks for a plan's instructions; plans that were asked for before and not read yet are passed over. `mark` says
     /// what the database was when they were asked for.
@@ -28,9 +25,6 @@ Q_SIGNALS:
     void arrived(const QString& planId, const QString& mark, const InstructionDesk::Instructions& instructions);
 
 private:
-    class Reader;
-
-    QThread m_thread;
-    Reader* m_reader;
     std::atomic_int m_asked{ 0 };
+    DatabaseThread m_thread; ///< ends before what its jobs read
 };

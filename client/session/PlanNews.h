@@ -2,7 +2,7 @@
 
 #include <QObject>
 
-/// Tells whoever shows plans that stored plans have changed. One per process.
+/// Announces what has changed about stored plans and what was found out for them. One per process.
 class PlanNews : public QObject {
     Q_OBJECT
 
@@ -12,6 +12,9 @@ public:
 Q_SIGNALS:
     /// A plan was created, modified or has got new instructions, and is stored so.
     void planStored(const QString& planId);
+    /// The answer to a moving-average query: names of the averages that the security has, or the reason why there are
+    /// none. Emitted on another thread than the query's.
+    void averagesAnswered(const QString& symbol, const QStringList& names, const QString& reason);
 
 private:
     PlanNews() = default;

@@ -5,6 +5,7 @@
 #include "FormArrangement.h"
 #include "OrloWidget.h"
 #include "Orlo_Fields.h"
+#include "session/ClientSession.h"
 #include "session/PlanNews.h"
 #include "values/PlanCodes.h"
 
@@ -16,11 +17,15 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTimer>
 #include <QVBoxLayout>
+
+#include <chrono>
 
 namespace {
 
 constexpr QSize editorSize(517, 710);
+constexpr std::chrono::milliseconds untilFormIsShown(200);
 
 /// The first field of the form that takes the keyboard.
 QWidget* firstField(QWidget* form)
@@ -64,6 +69,8 @@ void EditorDialog::openEdit(const QString& planId)
     m_holdsValues = true;
     m_editor->editPlan(planId);
     present();
+    // A change is checked against the plan's instructions, of which there may be thousands.
+    QTimer::singleShot(untilFormIsShown, this, [planId] { ClientSession::instance().readInstructionsAhead(planId); });
 }
 
 void EditorDialog::openCopy(const QString& planId)

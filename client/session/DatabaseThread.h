@@ -1,0 +1,34 @@
+#pragma once
+
+#include "store/Database.h"
+
+#include <QThread>
+
+#include <atomic>
+#include <functional>
+
+/// A thread with a connection to the database, for reads that must not block the user interface.
+class DatabaseThread {
+public:
+    /// Runs on the thread. `reason` says why the database cannot be read, in Chinese; empty when it can.
+    using Job = std::function<void(Database& database, const QString& reason)>;
+
+    /// `fileName`: the database, opened by the first job.
+    DatabaseThread(const QString& name, const QString& fileName);
+    /// Waits for the running job; the jobs behind it are dropped.
+    ~DatabaseThread();
+    DatabaseThread(const DatabaseThread&) = delete;
+    DatabaseThread& operator=(const DatabaseThread&) = delete;
+
+    /// Appends a job to those that are waiting.
+    void run(const Job& job);
+    /// True once the thread is being ended; a job must not announce its result then.
+    bool isStopping() const { return m_stopping; }
+
+private:
+    class Connection;
+
+    QThread m_thread;
+    Connection* m_connection;
+    std::atomic_bool m_stopping{ false };
+};

@@ -1,0 +1,43 @@
+#include "session/SearchableMarket.h"
+
+#include "search/SymbolIndexes.h"
+
+#include <QTimer>
+
+// The indexes are there before the market and outlive it.
+SearchableMarket::SearchableMarket()
+    : m_market(std::make_unique<const Market>())
+{
+    SymbolIndexes::instance();
+}
+
+QString SearchableMarket::load(Database& database)
+{
+    auto market = std::make_unique<Market>();
+    const QString reason = market->load(database);
+    if (reason.isEmpty())
+        replace(std::move(market));
+    return reason;
+}
+
+void SearchableMarket::clear()
+{
+    replace(std::make_unique<const Market>());
+}
+
+void SearchableMarket::replace(std::unique_ptr<const Market> market)
+{
+    SymbolIndexes::instance().forget();
+    m_market = std::move(market);
+}
+
+void SearchableMarket::prepareSearch()
+{
+    QTimer::singleShot(0, &SymbolIndexes::instance(), [this] {
+        const auto nameOf = [this](const QString& symbol) {
+            const Security* security = m_market->find(symbol);
+            return security ? security->name : QString();
+        };
+        SymbolIndexes::instance().prepare(m_market->symbols().runs(), nameOf);
+    });
+}
