@@ -9,7 +9,6 @@
 #include "store/Schema.h"
 #include "store/StaticTextStore.h"
 #include "store/StrategyStore.h"
-#include "store/TradeDayStore.h"
 #include "store/UserStore.h"
 
 #include <QElapsedTimer>
@@ -130,8 +129,7 @@ private Q_SLOTS:
     void aSignatureIsKeptWithTimeAndUser();
     void positionsAreFoundByAccountAndSymbol();
     void aListForOneSecurityGoesBeforeTheGeneralOne();
-    void strategiesAndTextsReadBack();
-    void tradeDaysAreReplaced();
+    void textsReadBack();
 
 private:
     QString path(const QString& name) const { return m_folder->filePath(name); }
@@ -194,8 +192,8 @@ void tst_database::theConnectionIsDurableAndStrict()
                                   " WHERE schema = 'main' AND name NOT LIKE 'sqlite%' AND NOT strict")),
         QStringLiteral("0"));
     QVERIFY(!m_database
-                 ->execute(QStringLiteral("INSERT INTO trade_days VALUES (?, ?)"),
-                     { QByteArray("\x01"), QStringLiteral("2024-05-06") })
+                 ->execute(QStringLiteral("INSERT INTO users VALUES (?, ?)"),
+                     { QByteArray("\x01"), QStringLiteral("name") })
                  .isEmpty());
 }
 
@@ -714,31 +712,12 @@ void tst_database::aListForOneSecurityGoesBeforeTheGeneralOne()
     QCOMPARE(strategies.blackList(target), general);
 }
 
-void tst_database::strategiesAndTextsReadBack()
+void tst_database::textsReadBack()
 {
-    StrategyStore strategies(*m_database);
-    QCOMPARE(strategies.setStrategies({ { QStringLiteral("VWAP"), QStringLiteral("均价"), QStringLiteral("vwap.xml") },
-                 { QStringLiteral("POV"), QStringLiteral("占比"), QStringLiteral("pov.xml") } }),
-        QString());
-    QCOMPARE(strategies.strategies().size(), 2);
-    QCOMPARE(strategies.strategies().at(0).alias, QStringLiteral("均价"));
-
     StaticTextStore texts(*m_database);
     QCOMPARE(texts.set(QStringLiteral("c"), QStringLiteral("k"), QStringLiteral("文")), QString());
     QCOMPARE(texts.text(QStringLiteral("c"), QStringLiteral("k")), QStringLiteral("文"));
     QCOMPARE(texts.text(QStringLiteral("c"), QStringLiteral("x"), QStringLiteral("缺省")), QStringLiteral("缺省"));
-}
-
-void tst_database::tradeDaysAreReplaced()
-{
-    TradeDayStore days(*m_database);
-    const QString exchange = QStringLiteral("XSHG");
-    const QList<QDate> week{ QDate(2024, 5, 6), QDate(2024, 5, 7) };
-    QCOMPARE(days.replace(exchange, { QDate(2024, 4, 30) }), QString());
-    QCOMPARE(days.replace(exchange, week), QString());
-    QCOMPARE(days.days(exchange, QDate(2024, 1, 1)), week);
-    QCOMPARE(days.days(exchange, QDate(2024, 5, 7)), QList<QDate>{ week.at(1) });
-    QCOMPARE(days.days(QStringLiteral("XSHE"), QDate(2024, 1, 1)), QList<QDate>());
 }
 
 QTEST_GUILESS_MAIN(tst_database)

@@ -2,7 +2,7 @@
 
 #include "store/Database.h"
 
-/// The strategies that come with the client, and for which plans they are allowed, as a new database gets them.
+/// For which plans the strategies that come with the client are allowed, as a new database gets it.
 namespace SampleStrategyLists {
 
 /// Writes everything in one transaction, after the market.

@@ -1,15 +1,11 @@
 #include "session/ClientSession.h"
 
 #include "AutoPlanField.h"
-#include "Kelvo_Values.h"
-#include "Orlo_Values.h"
-#include "calendar/ClientClock.h"
 #include "sample/SampleAccounts.h"
 #include "sample/SampleData.h"
 #include "session/PlanNews.h"
 #include "store/AgreementStore.h"
 #include "store/StaticTextStore.h"
-#include "store/TradeDayStore.h"
 
 #include <QCoreApplication>
 
@@ -141,8 +137,6 @@ QString ClientSession::openFor(
         reason = m_database.transaction([&] { return SampleData::write(m_database, options.marketSize, progress); });
     if (reason.isEmpty())
         reason = m_market.load(m_database);
-    if (reason.isEmpty())
-        reason = storeTradeDays();
     return reason.isEmpty() ? logIn(userId) : reason;
 }
 
@@ -154,24 +148,6 @@ QString ClientSession::logIn(const QString& userId)
     if (m_user.id.isEmpty())
         return QStringLiteral("用户“%1”不存在").arg(wanted);
     m_accounts.load(m_database, m_user.id);
-    return QString();
-}
-
-// Only written when the calendar has grown since, so that a second session does not wait for the write lock.
-QString ClientSession::storeTradeDays()
-{
-    TradeDayStore store(m_database);
-    const QStringList exchanges{ Kelvo_Values::Exchange::sh, Kelvo_Values::Exchange::sz, Orlo_Values::Exchange::bj,
-        Orlo_Values::Exchange::HkStockCirculation };
-    for (const QString& exchange : exchanges) {
-        QString error;
-        const QList<QDate> days = calendar().tradeDays(exchange, clientToday(), error);
-        if (!error.isEmpty() || days == store.days(exchange, clientToday()))
-            continue;
-        const QString reason = store.replace(exchange, days);
-        if (!reason.isEmpty())
-            return reason;
-    }
     return QString();
 }
 

@@ -69,7 +69,6 @@ private:
 
     QString openFor(const QString& file, const QString& userId, const Progress& progress, const Options& options);
     QString logIn(const QString& userId);
-    QString storeTradeDays();
     void startMovingAverages();
 
     bool m_open = false;

@@ -113,6 +113,12 @@ QStringList configurationTables()
     };
 }
 
+// Trade days are the calendar's, and strategies are those of their files.
+QStringList unusedTables()
+{
+    return { QStringLiteral("DROP TABLE trade_days"), QStringLiteral("DROP TABLE strategies") };
+}
+
 // Plans of version 1 knew only when they were created.
 QStringList planChangedTime()
 {
@@ -129,6 +135,7 @@ const QVector<Schema::Migration>& Schema::migrations()
     static const QVector<Migration> steps{
         { 1, planTables() + accountTables() + authorityTables() + marketTables() + configurationTables() },
         { 2, planChangedTime() },
+        { 3, unusedTables() },
     };
     return steps;
 }

@@ -12,29 +12,6 @@ StrategyStore::StrategyStore(Database& database)
 {
 }
 
-QString StrategyStore::setStrategies(const QVector<StoredStrategy>& strategies)
-{
-    return m_database.transaction([&] {
-        QString reason = m_database.execute(QStringLiteral("DELETE FROM strategies"));
-        for (int i = 0; i < strategies.size() && reason.isEmpty(); ++i) {
-            reason = m_database.execute(
-                QStringLiteral("INSERT INTO strategies (name, alias, file, position) VALUES (?, ?, ?, ?)"),
-                { strategies.at(i).name, strategies.at(i).alias, strategies.at(i).file, i });
-        }
-        return reason;
-    });
-}
-
-QVector<StoredStrategy> StrategyStore::strategies()
-{
-    QSqlQuery query = m_database.query(QStringLiteral("SELECT name, alias, file FROM strategies ORDER BY position"));
-    QVector<StoredStrategy> strategies;
-    while (query.next()) {
-        strategies << StoredStrategy{ query.value(0).toString(), query.value(1).toString(), query.value(2).toString() };
-    }
-    return strategies;
-}
-
 QString StrategyStore::setWhiteList(
     const QString& instructionType, const QString& targetType, const QString& symbol, const QStringList& names)
 {

@@ -3,24 +3,11 @@
 #include "store/Database.h"
 
 #include <QStringList>
-#include <QVector>
 
-struct StoredStrategy {
-    QString name;
-    /// As displayed.
-    QString alias;
-    /// The file that defines its parameters.
-    QString file;
-};
-
-/// Algorithm strategies and the lists that allow and forbid them.
+/// The lists that allow and forbid algorithm strategies.
 class StrategyStore {
 public:
     explicit StrategyStore(Database& database);
-
-    /// Replaces every strategy; their order is kept.
-    QString setStrategies(const QVector<StoredStrategy>& strategies);
-    QVector<StoredStrategy> strategies();
 
     /// Replaces the names allowed for the three; an empty symbol stands for every security without a list of its own.
     QString setWhiteList(

@@ -13,6 +13,5 @@ target_sources(plandesk_platform PRIVATE
     store/SecurityStore.cpp
     store/StaticTextStore.cpp
     store/StrategyStore.cpp
-    store/TradeDayStore.cpp
     store/UserStore.cpp
 )
