@@ -5,6 +5,7 @@
 #include "VorSearchBox.h"
 #include "search/SymbolIndexes.h"
 #include "session/ClientSession.h"
+#include "store/SecurityStore.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>
@@ -19,10 +20,17 @@ namespace {
 constexpr int byCodeAndName = 1;
 constexpr int typedSecurities = 6;
 
+QVector<Security> allSecurities()
+{
+    QVector<Security> all;
+    SecurityStore(ClientSession::instance().database()).readAll([&all](Security&& security) { all << security; });
+    return all;
+}
+
 /// Texts of the market at hand: some codes whole, some names from their second character on, and three of neither.
 QStringList typedTexts()
 {
-    const QVector<Security>& market = ClientSession::instance().market().securities();
+    const QVector<Security> market = allSecurities();
     QStringList texts{ QStringLiteral("0"), QStringLiteral("Q7"), QStringLiteral("龘龘") };
     for (int i = 0; i < typedSecurities; ++i) {
         const Security& security = market.at(static_cast<int>(qint64(market.size()) * i / typedSecurities));
@@ -34,7 +42,8 @@ QStringList typedTexts()
 SymbolList allSymbols()
 {
     QStringList symbols;
-    for (const Security& security : ClientSession::instance().market().securities())
+    const QVector<Security> market = allSecurities();
+    for (const Security& security : market)
         symbols << security.symbol;
     return symbols;
 }
@@ -42,7 +51,8 @@ SymbolList allSymbols()
 QStringList allRows()
 {
     QStringList rows;
-    for (const Security& security : ClientSession::instance().market().securities())
+    const QVector<Security> market = allSecurities();
+    for (const Security& security : market)
         rows << security.symbol + QStringLiteral("  ") + security.name;
     return rows;
 }

@@ -1,4 +1,4 @@
-#include "FieldHint.h"
+#include "HintReader.h"
 #include "LogCatcher.h"
 #include "OrloDecimalLineEdit.h"
 #include <QLineEdit>
@@ -134,7 +134,7 @@ void DecimalLineEditTest::typingIsRefusedWithAHint()
     QFETCH(QString, reason);
     retype(typed);
     QCOMPARE(m_edit->GetStrValue(), shown);
-    QCOMPARE(FieldHint::textAt(m_edit), reason);
+    QCOMPARE(hintAt(m_edit), reason);
     QCOMPARE(m_edit->value(), shown.toDouble());
 }
 
@@ -206,7 +206,7 @@ void DecimalLineEditTest::anEmptyFieldIsZeroAlsoBelowTheMinimum()
     QCOMPARE(m_edit->value(), 0.0);
     QCOMPARE(m_edit->GetStrValue(), QString());
     retype(QStringLiteral("61"));
-    QCOMPARE(FieldHint::textAt(m_edit), QStringLiteral("不能大于60"));
+    QCOMPARE(hintAt(m_edit), QStringLiteral("不能大于60"));
     retype(QStringLiteral("20"));
     QCOMPARE(m_edit->value(), 20.0);
     QCOMPARE(m_edit->minimum(), 20.0);
@@ -226,7 +226,7 @@ void DecimalLineEditTest::aNumberLeftBelowTheMinimumIsRefused()
     QCOMPARE(m_edit->value(), 50.0);
     leave();
     QCOMPARE(m_edit->GetStrValue(), QStringLiteral("50.00"));
-    QCOMPARE(FieldHint::textAt(m_edit), QStringLiteral("不能小于10"));
+    QCOMPARE(hintAt(m_edit), QStringLiteral("不能小于10"));
 }
 
 void DecimalLineEditTest::anUnfinishedNumberIsFinishedOnLeaving()
@@ -255,9 +255,9 @@ void DecimalLineEditTest::fewerDecimalsRoundVisibly()
     m_edit->setValue(10.75);
     m_edit->setDecimals(0);
     QCOMPARE(m_edit->GetStrValue(), QStringLiteral("11"));
-    QCOMPARE(FieldHint::textAt(m_edit), QStringLiteral("已按0位小数取整"));
+    QCOMPARE(hintAt(m_edit), QStringLiteral("已按0位小数取整"));
     retype(QStringLiteral("1."));
-    QCOMPARE(FieldHint::textAt(m_edit), QStringLiteral("只能输入整数"));
+    QCOMPARE(hintAt(m_edit), QStringLiteral("只能输入整数"));
 }
 
 void DecimalLineEditTest::moreDecimalsShowMore()
@@ -266,7 +266,7 @@ void DecimalLineEditTest::moreDecimalsShowMore()
     m_edit->setValue(10);
     m_edit->setDecimals(2);
     QCOMPARE(m_edit->GetStrValue(), QStringLiteral("10.00"));
-    QCOMPARE(FieldHint::textAt(m_edit), QString());
+    QCOMPARE(hintAt(m_edit), QString());
 }
 
 void DecimalLineEditTest::theWheelDoesNothing()
@@ -297,7 +297,7 @@ void DecimalLineEditTest::stepsNeverLeaveTheRange()
     spin.setValue(9.5);
     QTest::keyClick(&spin, Qt::Key_Up);
     QCOMPARE(spin.value(), 9.5);
-    QCOMPARE(FieldHint::textAt(&spin), QStringLiteral("不能大于10"));
+    QCOMPARE(hintAt(&spin), QStringLiteral("不能大于10"));
     QTest::keyClick(&spin, Qt::Key_Down);
     QCOMPARE(spin.value(), 8.5);
     spin.clear();
@@ -318,7 +318,7 @@ void DecimalLineEditTest::pastedTextIsJudgedToo()
     m_edit->selectAll();
     line()->insert(QStringLiteral("1e3"));
     QCOMPARE(m_edit->GetStrValue(), QStringLiteral("0.00"));
-    QVERIFY(!FieldHint::textAt(m_edit).isEmpty());
+    QVERIFY(!hintAt(m_edit).isEmpty());
 }
 
 QTEST_MAIN(DecimalLineEditTest)

@@ -1,5 +1,5 @@
-#include "FieldHint.h"
 #include "FormulaCompletion.h"
+#include "HintReader.h"
 #include "LogCatcher.h"
 #include "OrloFormulaNormal.h"
 #include "SuggestionPopup.h"
@@ -230,7 +230,7 @@ void FormulaInputTest::whatWouldBeTooLongIsRefusedWithAHint()
     QTest::keyClicks(m_edit, QStringLiteral("1+m"));
     key(Qt::Key_Return);
     QCOMPARE(m_edit->text(), QStringLiteral("1+m"));
-    QCOMPARE(FieldHint::textAt(m_edit), QStringLiteral("最多输入5个字符"));
+    QCOMPARE(hintAt(m_edit), QStringLiteral("最多输入5个字符"));
 }
 
 void FormulaInputTest::newItemsLeaveTheText()

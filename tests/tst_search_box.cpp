@@ -1,4 +1,4 @@
-#include "FieldHint.h"
+#include "HintReader.h"
 #include "LogCatcher.h"
 #include "SuggestionPopup.h"
 #include "VorSearchBox.h"
@@ -6,6 +6,7 @@
 #include "search/SymbolSearch.h"
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 
 namespace {
 
@@ -246,7 +247,7 @@ void SearchBoxTest::enterTakesTextThatCanMeanOneSecurityOnly()
     QTest::keyClick(m_box, Qt::Key_Return);
     QCOMPARE(m_box->getSymbol(), chosen);
     QCOMPARE(m_box->text(), chosen.isEmpty() ? typed : chosen);
-    QCOMPARE(FieldHint::textAt(m_box), chosen.isEmpty() ? QStringLiteral("有多只证券匹配，请从列表中选择") : QString());
+    QCOMPARE(hintAt(m_box), chosen.isEmpty() ? QStringLiteral("有多只证券匹配，请从列表中选择") : QString());
 }
 
 void SearchBoxTest::leavingTheFieldTakesACompleteCode()
@@ -263,18 +264,18 @@ void SearchBoxTest::leavingTheFieldTakesACompleteCode()
 void SearchBoxTest::textThatMatchesNothingIsKeptWithAHint()
 {
     type(QStringLiteral("999999"));
-    QCOMPARE(FieldHint::textAt(m_box), QStringLiteral("没有匹配的证券"));
+    QCOMPARE(hintAt(m_box), QStringLiteral("没有匹配的证券"));
     QTest::keyClick(m_box, Qt::Key_Tab);
     QCOMPARE(m_box->text(), QStringLiteral("999999"));
     QCOMPARE(m_box->getSymbol(), QString());
-    QCOMPARE(FieldHint::textAt(m_box), QStringLiteral("没有匹配的证券"));
+    QCOMPARE(hintAt(m_box), QStringLiteral("没有匹配的证券"));
 }
 
 void SearchBoxTest::tooShortATextSaysHowManyCharactersAreNeeded()
 {
     type(QStringLiteral("30075"));
     QTest::keyClick(m_box, Qt::Key_Return);
-    QCOMPARE(FieldHint::textAt(m_box), QStringLiteral("请至少输入6个字符"));
+    QCOMPARE(hintAt(m_box), QStringLiteral("请至少输入6个字符"));
     QCOMPARE(m_box->getSymbol(), QString());
 }
 
@@ -410,12 +411,13 @@ void SearchBoxTest::lettersAreDrawnAheadOnceEach()
     // 东海科技股份号 南山银行控股集团 Alpha芯片ETF in upper case, and the ten digits: 股 stands twice.
     QCOMPARE(letters.count(true), 7 + 7 + 2 + 7 + 10);
     LettersAhead ahead(m_other);
-    QVERIFY(ahead.isDone());
+    const auto* const idle = ahead.findChild<QTimer*>();
+    QVERIFY(!idle->isActive());
     ahead.draw(letters);
-    QVERIFY(!ahead.isDone());
-    QTRY_VERIFY(ahead.isDone());
+    QVERIFY(idle->isActive());
+    QTRY_VERIFY(!idle->isActive());
     ahead.draw(letters);
-    QVERIFY(ahead.isDone());
+    QVERIFY(!idle->isActive());
 }
 
 // The thread that prepares is busy with the names of this run when the list comes.
@@ -436,10 +438,10 @@ void SearchBoxTest::aListInPreparationSaysSoAndIsOfferedByItself()
     setUnpreparedList({ sh(7), sh(8) });
     type(QStringLiteral("600007"));
     QCOMPARE(rows(), QStringList());
-    QCOMPARE(FieldHint::textAt(m_box), preparing);
+    QCOMPARE(hintAt(m_box), preparing);
     held.release();
     QTRY_COMPARE(rows(), QStringList{ QStringLiteral("600007.SH  东海科技股份7号") });
-    QCOMPARE(FieldHint::textAt(m_box), QString());
+    QCOMPARE(hintAt(m_box), QString());
     QCOMPARE(list()->markedRow(), 0);
     QCOMPARE(m_box->getSymbol(), QString());
 }
@@ -455,7 +457,7 @@ void SearchBoxTest::codesAreOfferedBeforeTheNamesAreReady()
     m_box->setMinMatchLength(1);
     QTest::keyClick(m_box, Qt::Key_Down);
     QCOMPARE(rows(), QStringList());
-    QCOMPARE(FieldHint::textAt(m_box), preparing);
+    QCOMPARE(hintAt(m_box), preparing);
     held.release();
     QTRY_COMPARE(rows(), QStringList{ QStringLiteral("600008.SH  东海科技股份8号") });
 }
@@ -489,7 +491,7 @@ void SearchBoxTest::aListThatWasClosedStaysClosedWhenNamesJoin()
     SymbolIndexes::instance().waitForFinished();
     QCoreApplication::processEvents();
     QCOMPARE(rows(), QStringList());
-    QCOMPARE(FieldHint::textAt(m_box), QString());
+    QCOMPARE(hintAt(m_box), QString());
 }
 
 void SearchBoxTest::enterDuringPreparationChoosesOnceItIsDone_data()
@@ -516,9 +518,9 @@ void SearchBoxTest::enterDuringPreparationChoosesOnceItIsDone()
     QTest::keyClick(m_box, Qt::Key_Return);
     QCOMPARE(m_box->text(), typed);
     QCOMPARE(m_box->getSymbol(), QString());
-    QCOMPARE(FieldHint::textAt(m_box), preparing);
+    QCOMPARE(hintAt(m_box), preparing);
     held.release();
-    QTRY_COMPARE(FieldHint::textAt(m_box), hint);
+    QTRY_COMPARE(hintAt(m_box), hint);
     QCOMPARE(m_box->getSymbol(), chosen);
     QCOMPARE(m_box->text(), chosen.isEmpty() ? typed : chosen);
     QCOMPARE(codes.count(), chosen.isEmpty() ? 0 : 1);
@@ -536,11 +538,11 @@ void SearchBoxTest::enterWaitsForTheNamesThatTheTextMayMean()
     QCOMPARE(list()->markedRow(), -1);
     QTest::keyClick(m_box, Qt::Key_Return);
     QCOMPARE(m_box->getSymbol(), QString());
-    QCOMPARE(FieldHint::textAt(m_box), preparing);
+    QCOMPARE(hintAt(m_box), preparing);
     held.release();
     QTRY_COMPARE(rows().size(), 2);
     QCOMPARE(m_box->getSymbol(), QString());
-    QCOMPARE(FieldHint::textAt(m_box), QStringLiteral("有多只证券匹配，请从列表中选择"));
+    QCOMPARE(hintAt(m_box), QStringLiteral("有多只证券匹配，请从列表中选择"));
 }
 
 void SearchBoxTest::leavingDuringPreparationKeepsTheTextAndChoosesOnceItIsDone()
@@ -553,12 +555,12 @@ void SearchBoxTest::leavingDuringPreparationKeepsTheTextAndChoosesOnceItIsDone()
     QVERIFY(m_other->hasFocus());
     QCOMPARE(m_box->text(), QStringLiteral("300750"));
     QCOMPARE(m_box->getSymbol(), QString());
-    QCOMPARE(FieldHint::textAt(m_box), preparing);
+    QCOMPARE(hintAt(m_box), preparing);
     held.release();
     QTRY_COMPARE(m_box->getSymbol(), QStringLiteral("300750.SZ"));
     QVERIFY(m_other->hasFocus());
     QCOMPARE(rows(), QStringList());
-    QCOMPARE(FieldHint::textAt(m_box), QString());
+    QCOMPARE(hintAt(m_box), QString());
 }
 
 void SearchBoxTest::aChoiceDuringPreparationEndsTheWait()
@@ -607,7 +609,7 @@ void SearchBoxTest::aBoxMayGoDuringPreparation()
     setUnpreparedList({ sh(7), sh(8) });
     type(QStringLiteral("600007"));
     QTest::keyClick(m_box, Qt::Key_Return);
-    QCOMPARE(FieldHint::textAt(m_box), preparing);
+    QCOMPARE(hintAt(m_box), preparing);
     delete std::exchange(m_box, nullptr);
     held.release();
     SymbolIndexes::instance().waitForFinished();

@@ -1,4 +1,5 @@
 #include "FieldHint.h"
+#include "HintReader.h"
 #include "LogCatcher.h"
 #include "OrloElidedLabel.h"
 #include "OrloHintLabel.h"
@@ -191,14 +192,14 @@ void SmallWidgetsTest::aHintGoesAwayWithItsField()
 {
     QLineEdit field;
     FieldHint::showAt(&field, QStringLiteral("看不见"));
-    QCOMPARE(FieldHint::textAt(&field), QString());
+    QCOMPARE(hintAt(&field), QString());
     field.show();
     FieldHint::showAt(&field, QStringLiteral("第一"));
     FieldHint::showAt(&field, QStringLiteral("第二"));
-    QCOMPARE(FieldHint::textAt(&field), QStringLiteral("第二"));
+    QCOMPARE(hintAt(&field), QStringLiteral("第二"));
     QCOMPARE(field.findChildren<FieldHint*>().size(), 1);
     field.hide();
-    QCOMPARE(FieldHint::textAt(&field), QString());
+    QCOMPARE(hintAt(&field), QString());
 }
 
 void SmallWidgetsTest::thereAreTwoSkins()

@@ -59,13 +59,6 @@ StrategyFileContent readText(const QString& text)
     return StrategyFile::read(buffer, FILE_NAME);
 }
 
-void writeFile(const QString& path, const QString& text)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(text.toUtf8());
-}
-
 QString namedStrategy(const QString& name)
 {
     return root(QStringLiteral("<Strategy name=\"%1\" uiRep=\"别名\" version=\"7\" providerID=\"X\"/>").arg(name));
@@ -383,7 +376,6 @@ private Q_SLOTS:
 
     void theBuiltInStrategiesAreAllThere();
     void everyBuiltInParameterHasALabelAndAGoodDefault();
-    void aFolderAddsStrategiesAndItsBadFilesAreReported();
     void theServiceKnowsStrategiesByName();
     void aQueryIsAnsweredFromAnotherThread();
 
@@ -398,8 +390,6 @@ void StrategyFilesTest::init()
 
 void StrategyFilesTest::cleanup()
 {
-    StrategyLibrary::instance().setFolder({});
-    StrategyLibrary::instance().reload();
     const QStringList trouble = m_log->trouble();
     m_log.reset();
     QCOMPARE(trouble, QStringList());
@@ -606,7 +596,6 @@ void StrategyFilesTest::percentagesAreShownTimesAHundred()
 void StrategyFilesTest::theBuiltInStrategiesAreAllThere()
 {
     const StrategyLibrary library;
-    QCOMPARE(library.problems(), QStringList());
     QCOMPARE(library.names(),
         QStringList({ QStringLiteral("TWAP"), QStringLiteral("VWAP"), QStringLiteral("POV"), QStringLiteral("ICEBERG2"),
             QStringLiteral("SNIPER") }));
@@ -632,32 +621,6 @@ void StrategyFilesTest::everyBuiltInParameterHasALabelAndAGoodDefault()
     }
 }
 
-void StrategyFilesTest::aFolderAddsStrategiesAndItsBadFilesAreReported()
-{
-    const QTemporaryDir folder;
-    writeFile(folder.filePath(QStringLiteral("b.xml")), namedStrategy(QStringLiteral("EXTRA")));
-    writeFile(folder.filePath(QStringLiteral("a.xml")), namedStrategy(QStringLiteral("TWAP")));
-    writeFile(folder.filePath(QStringLiteral("c.xml")), QStringLiteral("<Strategies>"));
-    writeFile(folder.filePath(QStringLiteral("d.txt")), QStringLiteral("no strategy"));
-    m_log->expectWarning(QStringLiteral("a.xml"));
-    m_log->expectWarning(QStringLiteral("c.xml"));
-
-    StrategyLibrary library;
-    library.setFolder(folder.path());
-    QCOMPARE(library.names().size(), 5);
-    library.reload();
-    QCOMPARE(library.names().size(), 6);
-    QCOMPARE(library.names().constLast(), QStringLiteral("EXTRA"));
-    QCOMPARE(library.problems(),
-        QStringList({ QStringLiteral("a.xml 第2行：策略名“TWAP”已被占用"),
-            QStringLiteral("c.xml 第1行：根元素应为FIXatdl 1.1的Strategies，而不是Strategies") }));
-
-    library.setFolder({});
-    library.reload();
-    QCOMPARE(library.names().size(), 5);
-    QCOMPARE(library.problems(), QStringList());
-}
-
 void StrategyFilesTest::theServiceKnowsStrategiesByName()
 {
     const AesStrategy known = AlgoTradeLogicNew::GetInstance()->GetStrategy(QStringLiteral("ICEBERG2"));
@@ -675,10 +638,6 @@ void StrategyFilesTest::aQueryIsAnsweredFromAnotherThread()
 {
     qRegisterMetaType<AesStrategy>("AesStrategy");
     qRegisterMetaType<QList<AesStrategy>>("QList<AesStrategy>");
-    const QTemporaryDir folder;
-    writeFile(folder.filePath(QStringLiteral("extra.xml")), namedStrategy(QStringLiteral("EXTRA")));
-    StrategyLibrary::instance().setFolder(folder.path());
-
     AlgoTradeLogicNew* const service = AlgoTradeLogicNew::GetInstance();
     QCOMPARE(service->thread(), QThread::currentThread());
     QThread* emitter = nullptr;
@@ -699,9 +658,7 @@ void StrategyFilesTest::aQueryIsAnsweredFromAnotherThread()
     QVERIFY(emitter != QThread::currentThread());
     QCOMPARE(answered.size(), 0);
     QCoreApplication::processEvents();
-    QCOMPARE(answered.size(), 6);
-    QCOMPARE(answered.constLast(), QStringLiteral("EXTRA"));
-    QCOMPARE(service->GetStrategy(QStringLiteral("EXTRA")).alias, QStringLiteral("别名"));
+    QCOMPARE(answered, StrategyLibrary::instance().names());
 }
 
 QTEST_GUILESS_MAIN(StrategyFilesTest)

@@ -16,7 +16,6 @@ public:
     QString load(Database& database);
 
     int count() const { return m_securities.size(); }
-    const QVector<Security>& securities() const { return m_securities; }
     /// Null when the symbol is unknown; valid until the next `load`.
     const Security* find(const QString& symbol) const;
 

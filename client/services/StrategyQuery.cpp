@@ -8,9 +8,6 @@ QFuture<void> StrategyQuery::start()
 {
     // The service is made here, so that it belongs to the calling thread and not to the worker.
     AlgoTradeLogicNew* const service = AlgoTradeLogicNew::GetInstance();
-    return QtConcurrent::run([service] {
-        StrategyLibrary& library = StrategyLibrary::instance();
-        library.reload();
-        Q_EMIT service->sigQryAlgoStrategiesRsp(library.strategies());
-    });
+    return QtConcurrent::run(
+        [service] { Q_EMIT service->sigQryAlgoStrategiesRsp(StrategyLibrary::instance().strategies()); });
 }

@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QSqlDriver>
 #include <QSqlError>
 
 #include <atomic>
@@ -97,6 +98,11 @@ bool Database::isOpen() const
 QString Database::fileName() const
 {
     return m_connection.isValid() ? m_connection.databaseName() : QString();
+}
+
+QVariant Database::handle() const
+{
+    return m_connection.driver()->handle();
 }
 
 QString Database::connect(const QString& fileName)

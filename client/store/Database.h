@@ -27,6 +27,9 @@ public:
     /// The opened file, empty while closed.
     QString fileName() const;
 
+    /// The connection as `QSqlDriver::handle` hands it out; invalid while closed.
+    QVariant handle() const;
+
     /// Runs `work` in one write transaction: commits when it returns an empty text, else undoes everything
     /// and returns its reason. Called within another `transaction`, it joins that one.
     QString transaction(const std::function<QString()>& work);

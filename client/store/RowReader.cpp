@@ -1,15 +1,14 @@
 #include "store/RowReader.h"
 
-#include <QSqlDriver>
 #include <QSqlError>
 
 #include <sqlite3.h>
 
 namespace {
 
-sqlite3* connectionOf(const QSqlQuery& query)
+sqlite3* connectionOf(const Database& database)
 {
-    const QVariant handle = query.driver() ? query.driver()->handle() : QVariant();
+    const QVariant handle = database.handle();
     if (qstrcmp(handle.typeName(), "sqlite3*") != 0)
         return nullptr;
     return *static_cast<sqlite3* const*>(handle.constData());
@@ -17,8 +16,8 @@ sqlite3* connectionOf(const QSqlQuery& query)
 
 } // namespace
 
-RowReader::RowReader(Database& database, const QString& statement)
-    : m_connection(connectionOf(database.prepare(statement)))
+RowReader::RowReader(const Database& database, const QString& statement)
+    : m_connection(connectionOf(database))
 {
     const QByteArray bytes = statement.toUtf8();
     note(m_connection ? sqlite3_prepare_v2(m_connection, bytes.constData(), bytes.size(), &m_statement, nullptr)

@@ -12,7 +12,7 @@ struct sqlite3_stmt;
 /// the time where there are a hundred thousand rows. The database must stay open meanwhile.
 class RowReader {
 public:
-    RowReader(Database& database, const QString& statement);
+    RowReader(const Database& database, const QString& statement);
     ~RowReader();
     RowReader(const RowReader&) = delete;
     RowReader& operator=(const RowReader&) = delete;

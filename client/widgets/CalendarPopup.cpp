@@ -38,11 +38,6 @@ CalendarPopup::CalendarPopup(const Refusal& refusal, const QDate& shown, QWidget
     resize(sizeHint());
 }
 
-QDate CalendarPopup::markedDate() const
-{
-    return m_marked;
-}
-
 void CalendarPopup::build()
 {
     auto* grid = new QGridLayout(this);

@@ -21,9 +21,6 @@ public:
     /// Shows the month of `shown` with that day marked, or the nearest one that can be chosen.
     CalendarPopup(const Refusal& refusal, const QDate& shown, QWidget* field);
 
-    /// The marked day; invalid when none of the days around can be chosen.
-    QDate markedDate() const;
-
 Q_SIGNALS:
     void dateChosen(const QDate& date);
 

@@ -60,18 +60,6 @@ QDate DateField::date() const
     return m_date;
 }
 
-void DateField::setTimeShown(bool shown)
-{
-    if (shown && !m_time) {
-        m_time = new QTimeEdit(this);
-        m_time->setDisplayFormat(QStringLiteral("HH:mm:ss"));
-        m_time->setAccessibleName(m_edit->accessibleName() + tr("的时间"));
-        layout()->addWidget(m_time);
-    }
-    if (m_time)
-        m_time->setVisible(shown);
-}
-
 void DateField::updateMark()
 {
     m_edit->ensurePolished();

@@ -3,7 +3,6 @@
 #include "CalendarPopup.h"
 #include <QLineEdit>
 #include <QPointer>
-#include <QTimeEdit>
 #include <QToolButton>
 #include <QWidget>
 
@@ -19,7 +18,6 @@ public:
     void setRefusal(const CalendarPopup::Refusal& refusal);
     void setDate(const QDate& date);
     QDate date() const;
-    void setTimeShown(bool shown);
     /// Marks the date anew after the rules have changed.
     void updateMark();
     /// Shows a notice at the field.
@@ -40,7 +38,6 @@ private:
 
     QLineEdit* m_edit;
     QToolButton* m_button;
-    QTimeEdit* m_time = nullptr; ///< null until the time is first shown
     QPointer<CalendarPopup> m_calendar;
     CalendarPopup::Refusal m_refusal;
     QDate m_date;

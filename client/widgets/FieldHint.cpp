@@ -53,12 +53,6 @@ void FieldHint::hideAt(QWidget* field)
         hint->hide();
 }
 
-QString FieldHint::textAt(const QWidget* field)
-{
-    const FieldHint* hint = of(field);
-    return hint && hint->isVisible() ? hint->text() : QString();
-}
-
 void FieldHint::place()
 {
     ensurePolished();

@@ -12,8 +12,6 @@ public:
     /// Shows a notice at `field`, in place of an earlier one. Nothing happens while the field is not on the screen.
     static void showAt(QWidget* field, const QString& text);
     static void hideAt(QWidget* field);
-    /// The notice that is on the screen at `field`; empty when there is none.
-    static QString textAt(const QWidget* field);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <QPainter>
+#include <QTimer>
 #include <QWidget>
 
 namespace {
@@ -15,8 +16,9 @@ constexpr QSize canvasSize(64, 32);
 LettersAhead::LettersAhead(QWidget* widget)
     : QObject(widget)
     , m_widget(widget)
+    , m_idle(new QTimer(this))
 {
-    connect(&m_idle, &QTimer::timeout, this, &LettersAhead::drawSome);
+    connect(m_idle, &QTimer::timeout, this, &LettersAhead::drawSome);
 }
 
 void LettersAhead::draw(const QBitArray& letters)
@@ -27,7 +29,7 @@ void LettersAhead::draw(const QBitArray& letters)
     m_wanted = letters & ~m_drawn;
     m_next = 0;
     if (m_wanted.count(true) > 0)
-        m_idle.start(0);
+        m_idle->start(0);
 }
 
 void LettersAhead::drawSome()
@@ -40,7 +42,7 @@ void LettersAhead::drawSome()
         some += QChar(m_next);
     }
     if (m_next >= m_wanted.size())
-        m_idle.stop();
+        m_idle->stop();
     QImage canvas(canvasSize, QImage::Format_ARGB32_Premultiplied);
     QPainter painter(&canvas);
     painter.setFont(m_widget->font());

@@ -2,8 +2,8 @@
 
 #include <QBitArray>
 #include <QObject>
-#include <QTimer>
 
+class QTimer;
 class QWidget;
 
 /// Draws letters in a widget's font before they are shown, a few whenever there is nothing else to do: a letter that is
@@ -14,8 +14,6 @@ public:
 
     /// Letters by their character codes; those that were drawn before are left out.
     void draw(const QBitArray& letters);
-    /// Whether nothing is left to be drawn.
-    bool isDone() const { return !m_idle.isActive(); }
 
 private:
     void drawSome();
@@ -24,5 +22,5 @@ private:
     QBitArray m_wanted;
     QBitArray m_drawn;
     int m_next = 0;
-    QTimer m_idle;
+    QTimer* m_idle;
 };

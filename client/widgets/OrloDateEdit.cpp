@@ -15,7 +15,7 @@ class OrloDateEdit::Private {
 public:
     explicit Private(OrloDateEdit* q);
 
-    void setMode(int mode, bool withTime);
+    void setMode(int mode);
     void updateMarks();
     QString endRefusal(const QDate& date) const;
     void startChosen(const QDate& date);
@@ -47,15 +47,13 @@ OrloDateEdit::Private::Private(OrloDateEdit* q)
     connect(start, &DateField::dateChosen, q, [this](const QDate& date) { startChosen(date); });
 }
 
-void OrloDateEdit::Private::setMode(int mode, bool withTime)
+void OrloDateEdit::Private::setMode(int mode)
 {
     const bool range = mode == rangeMode;
     start->setVisible(range);
     to->setVisible(range);
     end->setVisible(range);
     single->setVisible(!range);
-    for (DateField* field : { start, end, single })
-        field->setTimeShown(withTime);
 }
 
 void OrloDateEdit::Private::updateMarks()
@@ -88,14 +86,15 @@ OrloDateEdit::OrloDateEdit(QWidget* parent)
     // A field that takes no focus itself could not be given a place in the order of the Tab key.
     setFocusPolicy(Qt::StrongFocus);
     setFocusProxy(d->single);
-    d->setMode(0, false);
+    d->setMode(0);
 }
 
 OrloDateEdit::~OrloDateEdit() = default;
 
 void OrloDateEdit::SetMode(int mode, bool withTime)
 {
-    d->setMode(mode, withTime);
+    Q_UNUSED(withTime); // no plan has a time of day
+    d->setMode(mode);
     setFocusProxy(mode == rangeMode ? d->start : d->single);
 }
 
