@@ -33,7 +33,7 @@ function(autoparamsetting_add_library name)
         ${sources}/SpecialCharacters.h
         ${sources}/TradingDays.cpp
         ${sources}/TradingDays.h)
-    target_link_libraries(${name}_pure PUBLIC Qt5::Core)
+    target_link_libraries(${name}_pure PUBLIC Qt::Core)
 
     add_library(${name}_objects OBJECT
         ${headers}/AutoParamSetting.h
@@ -70,7 +70,7 @@ function(autoparamsetting_add_library name)
         $<TARGET_PROPERTY:${editor_PLATFORM},INTERFACE_COMPILE_DEFINITIONS>)
     target_compile_options(${name}_objects PRIVATE
         $<TARGET_PROPERTY:${editor_PLATFORM},INTERFACE_COMPILE_OPTIONS>)
-    target_link_libraries(${name}_objects PRIVATE Qt5::Widgets)
+    target_link_libraries(${name}_objects PRIVATE Qt::Widgets)
     target_compile_definitions(${name}_objects PRIVATE AUTOPARAMSETTING_LIBRARY)
     foreach(objects ${name}_pure ${name}_objects)
         target_include_directories(${objects} PUBLIC ${sources} ${headers})
