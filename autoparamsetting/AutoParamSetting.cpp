@@ -50,11 +50,10 @@ AutoParamSetting::~AutoParamSetting()
 void AutoParamSetting::resetEnable()
 {
     m_planId.clear();
-    const bool reduces = currentCode(ui->combx_planType) == AutoPlanTemplate::ReduceHoldings;
     const FieldGroups::Group identity = FieldGroups::identity(*ui);
     for (QWidget* const field : identity) {
         // The plan type stays, and a reduction only sells.
-        if (field == ui->combx_tradeSide && reduces)
+        if (field == ui->combx_tradeSide && currentCode(ui->combx_planType) == AutoPlanTemplate::ReduceHoldings)
             field->setEnabled(false);
         else
             FieldGroups::enable(field);

@@ -117,6 +117,7 @@ private Q_SLOTS:
 
     void resettingGoesStepByStep();
     void resettingKeepsTheSideOfAReductionLocked();
+    void resettingReadsThePlanTypeWhenItComesToTheSide();
     void resettingForgetsTheEditedPlan();
     void resettingKeepsValuesAndVisibility();
 
@@ -1076,6 +1077,18 @@ void WidgetClassTest::resettingKeepsTheSideOfAReductionLocked()
         const bool locked = name == QLatin1String("combx_tradeSide") || name == QLatin1String("lineEdit_price1");
         QVERIFY2(isUsable(editor(), name.toLatin1().constData()) != locked, qPrintable(name));
     }
+}
+
+void WidgetClassTest::resettingReadsThePlanTypeWhenItComesToTheSide()
+{
+    script().addOrdinaryAccount(QStringLiteral("acc1"));
+    construct();
+    script().onCall = [this](const QString& call) {
+        if (call == QLatin1String("combx_planType.ResetEnable()"))
+            choose(editor(), "combx_planType", QStringLiteral("JC-01"));
+    };
+    editor().resetEnable();
+    QVERIFY(!isUsable(editor(), "combx_tradeSide"));
 }
 
 void WidgetClassTest::resettingForgetsTheEditedPlan()
