@@ -79,7 +79,9 @@ void AutoParamSetting::slotBtnOkClicked()
         if (!checkParam())
             return;
         const PlanRecord record = procUiDataByCreatePlan();
-        if (!(m_planId.isEmpty() ? createPlan(record, this) : modifyPlan(record, m_planId, this)))
+        // A copy: the host may reset the editor while the service works, and the result names the plan.
+        const QString planId = m_planId;
+        if (!(planId.isEmpty() ? createPlan(record, this) : modifyPlan(record, planId, this)))
             return;
     }
     // OK is live again: a host may go on with this editor as soon as it is told.

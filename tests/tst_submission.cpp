@@ -67,6 +67,7 @@ private Q_SLOTS:
     void okIsLiveAgainBeforeTheFormIsCleared();
     void okPressedByTheHostThatIsToldFailsInTheRules();
     void theHostThatIsToldMaySendTheNextPlan();
+    void theResultNamesThePlanThatWasSent();
     void theEditorMayBeDeletedWhileABoxIsOpen_data();
     void theEditorMayBeDeletedWhileABoxIsOpen();
     void theEditorMayBeDeletedWhileTheServiceWorks_data();
@@ -593,6 +594,18 @@ void tst_submission::theHostThatIsToldMaySendTheNextPlan()
     QCOMPARE(script().modifiedRecords.size(), 1);
     QCOMPARE(script().createdRecords.size(), 1);
     QCOMPARE(done.count(), 2);
+}
+
+void tst_submission::theResultNamesThePlanThatWasSent()
+{
+    open();
+    fillEdited();
+    script().onCall = [this](const QString& call) {
+        if (call.startsWith(QLatin1String("modifyPlan(")))
+            editor().resetEnable();
+    };
+    press(editor(), "btn_ok");
+    QCOMPARE(onlyBox().text, QStringLiteral("交易计划P1修改成功!"));
 }
 
 void tst_submission::theEditorMayBeDeletedWhileABoxIsOpen_data()
