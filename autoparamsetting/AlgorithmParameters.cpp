@@ -114,11 +114,13 @@ void AutoParamSetting::slotBtnAlgoParamSettingClicked()
     const AesStrategy strategy = AlgoTradeLogicNew::GetInstance()->GetStrategy(name);
     const QPointer<AutoParamSetting> self(this);
     const QString failure = m_algoParamWidget->LoadStrategy(strategy, {}, parameters, ui->le_symbol->getSymbol());
-    // The parameter widget may have waited for the trader, and the host may have closed the editor under it.
+    // The panel may wait for the trader in each of its next two calls, and the host may close the editor under it.
     if (!self)
         return;
     m_algoParamWidget->move(OrloUtils::GetWidgetPos(m_algoParamWidget, CentredOverWindow));
     m_algoParamWidget->setBaseInfoData(baseData(*ui), false);
+    if (!self)
+        return;
     // A strategy with a name brings the widget up by itself when it is loaded.
     if (name.isEmpty())
         m_algoParamWidget->show();

@@ -65,7 +65,8 @@ private Q_SLOTS:
 
     void anAnswerAfterTheEditorIsGoneIsIgnored();
     void theEditorMayBeDeletedWhileItsPanelIsOpen();
-    void theEditorMayBeDeletedWhileAStrategyIsLoaded();
+    void theEditorMayBeDeletedWhileThePanelIsFilled_data();
+    void theEditorMayBeDeletedWhileThePanelIsFilled();
     void theEditorMayBeDeletedWhileTheWarningIsOpen();
     void theEditorMayBeDeletedWhileTheErrorIsOpen();
     void pressedAgainWhileTheErrorIsOpenItKeepsOnePanel();
@@ -545,11 +546,19 @@ void tst_algorithm_parameters::theEditorMayBeDeletedWhileItsPanelIsOpen()
     QVERIFY(QApplication::activeModalWidget() == nullptr);
 }
 
-void tst_algorithm_parameters::theEditorMayBeDeletedWhileAStrategyIsLoaded()
+void tst_algorithm_parameters::theEditorMayBeDeletedWhileThePanelIsFilled_data()
 {
+    QTest::addColumn<QString>("operation");
+    QTest::newRow("a strategy is loaded") << QStringLiteral("panel.LoadStrategy");
+    QTest::newRow("the base data is handed over") << QStringLiteral("panel.setBaseInfoData");
+}
+
+void tst_algorithm_parameters::theEditorMayBeDeletedWhileThePanelIsFilled()
+{
+    QFETCH(QString, operation);
     open();
     script().panelLoadAnswer = QStringLiteral("参数错误");
-    destroyDuring(QStringLiteral("panel.LoadStrategy"));
+    destroyDuring(operation);
     QTest::mouseClick(field<QAbstractButton>(editor(), "btn_algoParamSetting"), Qt::LeftButton);
     QCOMPARE(script().calls, QStringList());
 }
