@@ -51,14 +51,14 @@ QList<Description> lowerDescriptions(const Ui::AutoParamSetting& ui)
 void Accessibility::nameFields(const Ui::AutoParamSetting& ui)
 {
     for (QWidget* const section : { ui.widget_up, ui.widget_down }) {
-        // The form's own captions only: labels inside the client's widgets are the client's to name.
+        // Direct children only: the client names the labels inside its own widgets.
         const auto captions = section->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
         for (QLabel* const caption : captions) {
             if (QWidget* const field = caption->buddy())
                 field->setAccessibleName(caption->text());
         }
     }
-    // One caption for two fields, of which one is shown.
+    // The two date fields share one caption; only one of them is shown at a time.
     ui.date_effectivePeriod_Single->setAccessibleName(ui.la_effectivePeriod->text());
     const QList<Description> descriptions = upperDescriptions(ui) + lowerDescriptions(ui);
     for (const Description& description : descriptions)

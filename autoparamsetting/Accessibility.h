@@ -9,17 +9,18 @@ namespace Ui {
 class AutoParamSetting;
 }
 
-// What a screen reader says of the form beside its texts. Names follow the captions, so they are in their language.
+// Accessible names and descriptions of the form's fields. Names are the captions, in the language of the form.
 
 namespace Accessibility {
 
-/// Names each field after its caption and says in a sentence what it holds. To be called once the form has its texts.
+/// Sets the accessible name of each field to its caption and describes in a sentence what the field holds. Call this
+/// after the form's texts are set.
 void nameFields(const Ui::AutoParamSetting& ui);
 
-/// Changes a caption and with it the name of its field, if it has one: a host may take the buddy away.
+/// Changes a caption and the accessible name of its buddy, if it has one. A host may have removed the buddy.
 void setCaption(QLabel* caption, const QString& text);
 
-/// Changes the unit of a field, which the field's description tells.
+/// Shows a unit next to a field and names it in the field's accessible description.
 void setUnit(QLabel* label, QWidget* field, const QString& unit);
 
 } // namespace Accessibility

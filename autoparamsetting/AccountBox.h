@@ -2,8 +2,8 @@
 
 #include "OrloAccountComboBox.h"
 
-/// The form's account box, which alone of the client's widgets is made with more than its parent. It has no Q_OBJECT,
-/// so that style sheets and hosts find the client's own class in it.
+/// The form's account box. It is the only client widget whose constructor takes more than a parent, so the form cannot
+/// construct it directly. It has no Q_OBJECT, so that style sheets and hosts see the client's own class.
 class AccountBox : public OrloAccountComboBox {
 public:
     /// Shows each account in the client's mode 2.

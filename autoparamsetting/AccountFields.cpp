@@ -15,16 +15,15 @@
 
 namespace {
 
-// What the client's account list is asked for: accounts that trade (3) and are open to automatic plans (16).
+// Requested from the client's account list: accounts that may trade (3) and are open to automatic plans (16).
 constexpr int TradingAccounts = 3;
 constexpr int AutoPlanAccounts = 16;
 
-// Clients name the places of an approval chain differently; the number of those whom an instruction is forwarded to is
-// the same in all of them.
+// The enumerators have different names in each client, but the number of the forwarding node is the same in all.
 const auto ForwardNode = static_cast<VorInstructionNodeType>(0);
 
-// Bond trading needs a Shanghai or Shenzhen account here, although the instruction types accept Beijing for it: an
-// account that can trade nothing but bonds and only in Beijing has no bond to trade.
+// Bond trading requires a Shanghai or Shenzhen account here, although the instruction type itself accepts Beijing: no
+// bonds are traded there, so an account limited to bonds in Beijing could not trade anything.
 bool isUsable(const QString& tradingAccount)
 {
     using Instruction = InstructionBusinessDataInterface;
@@ -75,7 +74,7 @@ void AutoParamSetting::InitComboxFundList()
         ui->combx_fundAccount->setCurrentIndex(-1);
     else
         ui->combx_fundAccount->setEnabled(false);
-    GetUnsignedClientNoList(); // asked ahead, so that the service has the answer ready when a reduction is chosen
+    GetUnsignedClientNoList(); // requested early, so that the service can cache the answer for a holdings reduction
 }
 
 QStringList AutoParamSetting::GetUnsignedClientNoList() const
@@ -90,11 +89,11 @@ QStringList AutoParamSetting::GetUnsignedClientNoList() const
 
 void AutoParamSetting::InitComboxAssignTo()
 {
-    // Not silent, unlike the other boxes: nothing reacts to the assignee.
+    // Signals are not blocked, unlike in the other boxes: nothing is connected to this one.
     ui->combx_assignTo->clear();
     const bool reducesHoldings = currentCode(ui->combx_planType) == AutoPlanTemplate::ReduceHoldings;
     const QString tradingAccount = ui->combx_fundAccount->GetCurTradingAccount();
-    // A reduction must name its executor, so its users are requested even without an account.
+    // A holdings reduction requires an executor, so the users are requested even without an account.
     if (tradingAccount.isEmpty() && !reducesHoldings) {
         ui->combx_assignTo->addItem(AutoPlanAssignee::NotSpecified, QString());
         ui->combx_assignTo->setCurrentIndex(0);
@@ -117,7 +116,7 @@ void AutoParamSetting::InitComboxAssignTo()
 void AutoParamSetting::IsReduceHodingsMode(const QString& planType)
 {
     const bool reduces = planType == AutoPlanTemplate::ReduceHoldings;
-    // Every plan has a target. Only its unit is hidden, because a reduction is measured by its ratio.
+    // Every plan has a target. A reduction is measured by its ratio, so only the unit is hidden.
     ui->la_targetTotalNum->setVisible(true);
     ui->le_targetTotalNum->setVisible(true);
     FieldGroups::setVisible(FieldGroups::ordinaryRows(*ui), !reduces);

@@ -5,12 +5,12 @@
 class QComboBox;
 class QWidget;
 
-/// The agreement-signing dialog, opened from within the signal of the box that made it necessary.
+/// The agreement-signing dialog. It is opened while a signal of the plan type box is being handled.
 namespace AgreementDialog {
 
-/// Shows the risk disclosure of holdings reduction to be signed by clients, and waits for it to be closed. Does not
-/// report whether they signed. `sender` is the box whose signal is being handled. Returns false when `editor` was
-/// deleted meanwhile; then nothing of it may be touched.
+/// Shows the risk disclosure for holdings reductions and waits until the dialog is closed. The function does not report
+/// whether the clients signed. `sender` is the box whose signal is being handled. Returns false if `editor` was deleted
+/// in the meantime; the caller must not access it then.
 bool run(QWidget* editor, QComboBox* sender, const QStringList& clientNumbers);
 
 } // namespace AgreementDialog

@@ -20,7 +20,7 @@ namespace {
 
 namespace Content = Algo_Fields::AlgoInstContentInfo;
 
-// Clients name the layouts of the widget differently; the number of the single panel is the same in all of them.
+// The enumerators have different names in each client, but the number of the single panel is the same in all.
 const auto SinglePanel = static_cast<StrategyMode>(2);
 constexpr int ChoiceAndParameters = 3;
 constexpr int CentredOverWindow = 2;
@@ -42,7 +42,7 @@ namespace AlgorithmParameters {
 
 ParamListWidget_single* createWidget(QWidget* editor, const QStringList& whiteList)
 {
-    // Without the black list: it follows with the lists that every use refreshes.
+    // The black list is omitted: refreshLists() sets it before every use.
     ParamListWidget_single* const widget = OrloStrategyFactory::instance().CreateStrategyWgt(
         SinglePanel, editor, Algo_Values::AlgoGlobalType::instruction, whiteList, QStringList(), ChoiceAndParameters);
     widget->setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
@@ -114,17 +114,17 @@ void AutoParamSetting::slotBtnAlgoParamSettingClicked()
     const AesStrategy strategy = AlgoTradeLogicNew::GetInstance()->GetStrategy(name);
     const QPointer<AutoParamSetting> self(this);
     const QString failure = m_algoParamWidget->LoadStrategy(strategy, {}, parameters, ui->le_symbol->getSymbol());
-    // The panel may wait for the trader in each of its next two calls, and the host may close the editor under it.
+    // LoadStrategy() and setBaseInfoData() may run event loops in which the host closes the editor.
     if (!self)
         return;
     m_algoParamWidget->move(OrloUtils::GetWidgetPos(m_algoParamWidget, CentredOverWindow));
     m_algoParamWidget->setBaseInfoData(baseData(*ui), false);
     if (!self)
         return;
-    // A strategy with a name brings the widget up by itself when it is loaded.
+    // Loading a strategy with a name already shows the widget.
     if (name.isEmpty())
         m_algoParamWidget->show();
-    // Reported last: the panel gets its place and its base data even when the strategy was not loaded.
+    // Reported last: the panel gets its position and base data even if the strategy was not loaded.
     if (failure != LoadSucceeded)
         OrloWidget::ShowErrorMsgBox(failure, this);
 }

@@ -7,22 +7,22 @@
 class ParamListWidget_single;
 class QWidget;
 
-/// What creating and loading a plan share about the algorithm parameter widget.
+/// Functions for the algorithm parameter widget, used when a plan is created and when one is loaded.
 namespace AlgorithmParameters {
 
-/// A new, hidden parameter widget, owned by the editor.
+/// Creates a hidden parameter widget, owned by the editor.
 ParamListWidget_single* createWidget(QWidget* editor, const QStringList& whiteList);
 
-/// Hands the lists over and lets the widget rebuild what it offers.
+/// Sets both lists and makes the widget rebuild the algorithms it offers.
 void refreshLists(ParamListWidget_single* widget, const QStringList& whiteList, const QStringList& blackList);
 
-/// The algorithm's own code of a plan's side; empty for a side that is neither buy nor sell.
+/// Returns the algorithm's code for a plan's side; empty for a side that is neither buy nor sell.
 QString algorithmSide(const QString& side);
 
-/// Puts a plan's side into base data in the algorithm's own code; a side that has none puts nothing.
+/// Inserts a plan's side into base data as the algorithm's code. Inserts nothing if the side has no such code.
 void insertSide(QMap<QString, QVariant>& baseData, const QString& side);
 
-/// The algorithm's order property of an entrust type; empty when it has none.
+/// Returns the algorithm's order property for an entrust type; empty if there is none.
 QString orderProperty(const QString& entrustType);
 
 } // namespace AlgorithmParameters

@@ -18,7 +18,7 @@ constexpr int SingleDateMode = 0;
 constexpr int DateRangeMode = 1;
 constexpr int PromptWhileTyping = 1;
 
-// The only inline operation of the class: a function whose address nobody takes would not be in the library.
+// tr() is the only inline function of the class. Taking its address makes the library contain and export it.
 [[gnu::used]] QString (*const exportedTr)(const char*, const char*, int) = &AutoParamSetting::tr;
 
 } // namespace
@@ -35,7 +35,7 @@ AutoParamSetting::AutoParamSetting(QWidget* parent)
     initWidget();
     initGuiData();
     initConnect();
-    // A locked box announces nothing: the only account's types must cascade now that everything is connected.
+    // A single account is chosen and locked before the connections exist, so its cascade has to be started here.
     if (!ui->combx_fundAccount->isEnabled())
         InitComboxInstructionType();
 }
@@ -52,7 +52,7 @@ void AutoParamSetting::resetEnable()
     m_planId.clear();
     const FieldGroups::Group identity = FieldGroups::identity(*ui);
     for (QWidget* const field : identity) {
-        // The plan type stays, and a reduction only sells.
+        // The plan type is kept, and a holdings reduction can only sell.
         if (field == ui->combx_tradeSide && currentCode(ui->combx_planType) == AutoPlanTemplate::ReduceHoldings)
             field->setEnabled(false);
         else
@@ -66,7 +66,7 @@ void AutoParamSetting::resetEnable()
     InitDateEffectivePeriod();
     ui->combx_reduceHMode->setEnabled(true);
     ui->le_remark->setEnabled(true);
-    // With the plan forgotten, its instruction mode no longer limits what is offered.
+    // Without a plan, no instruction mode restricts the items any more.
     InitComboxPriceType(QString());
     InitComboxPriceMode(QString());
 }
@@ -107,7 +107,7 @@ void AutoParamSetting::initGuiData()
     InitComboxInstructionTargetType();
     InitComboxPlanType();
     InitLeSymbol();
-    // Nothing is connected yet, so the reactions on which the later fields depend are called here.
+    // Nothing is connected yet, so slots on which later fields depend are called directly.
     slotSymbolChange();
     InitComboxTradeSide();
     InitComboxPriceType(QString());
@@ -132,7 +132,7 @@ void AutoParamSetting::initGuiData()
 
 void AutoParamSetting::initConnect()
 {
-    // The services may answer from other threads, so what their signals carry must be known before connecting.
+    // The services may emit from other threads, so the argument types must be registered before connecting.
     qRegisterMetaType<AesStrategy>();
     qRegisterMetaType<QList<AesStrategy>>("QList<AesStrategy>");
 

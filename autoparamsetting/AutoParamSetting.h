@@ -15,34 +15,34 @@ namespace Ui {
 class AutoParamSetting;
 }
 
-/// The plan editor: a form in which a trader creates an automatic trading plan, edits one, or creates one as a copy of
-/// another. The host constructs it inside its own window, optionally calls `editPlan` or `copyPlan`, shows it, hands it
-/// its skin and closes it on `signalBtnCancelClicked`. To be used on the user interface thread.
+/// The plan editor: a form in which a trader creates, edits or copies an automatic trading plan. The host constructs
+/// the editor inside its own window, shows it, optionally calls `editPlan` or `copyPlan`, sets the skin and closes the
+/// editor on `signalBtnCancelClicked`. The class must be used on the user interface thread.
 class AUTOPARAMSETTING_EXPORT AutoParamSetting : public QWidget, public IVorSkin {
     Q_OBJECT
 
 public:
-    /// Builds the form, fills it for a new plan and connects it to the client's services.
+    /// Builds the form, initializes it for a new plan and connects it to the client's services.
     explicit AutoParamSetting(QWidget* parent);
     ~AutoParamSetting() override;
 
-    /// Opens a stored plan for editing: OK will modify it, and the fields that identify it are locked. An unknown id
-    /// is logged, and the fields are locked all the same.
+    /// Opens a stored plan for editing. OK then modifies the plan; the fields that identify it are locked. An unknown
+    /// id is logged, and the fields are locked nevertheless.
     void editPlan(const QString& planId);
-    /// Fills the form from a stored plan for a new one: OK will create it. An unknown id, or a plan without its other
-    /// parameters, is logged and leaves the form as it is.
+    /// Fills the form from a stored plan. OK then creates a new plan. An unknown id, or a plan without other
+    /// parameters, is logged and leaves the form unchanged.
     void copyPlan(const QString& planId);
-    /// Goes back to creating: forgets the edited plan and enables every field again. The values stay.
+    /// Returns to creating plans: clears the id of the edited plan and enables every field. The values are kept.
     void resetEnable();
-    /// Takes a style sheet as text; an invalid variant leaves the present one.
+    /// Sets a style sheet, passed as text. An invalid variant leaves the current one unchanged.
     void loadSkin(const QVariant& skin) override;
 
 Q_SIGNALS:
-    /// The host may close the editor: Cancel was pressed, or a plan was created or modified.
+    /// Emitted when Cancel was pressed or a plan was created or modified. The host may close the editor.
     void signalBtnCancelClicked();
-    /// Kept in the method table for hosts that connect to it; never emitted.
+    /// Never emitted. Kept in the method table for hosts that connect to it.
     void signalBtnOkClicked(QList<QVariantMap> dataLst);
-    /// Asks the plan service for the moving averages of a security; forwarded to it.
+    /// Requests the moving averages of a security. The editor forwards the signal to the plan service.
     void signalQuerySymbolMAInfo(QString tradingAccount, QString symbol);
 
 private Q_SLOTS:
@@ -97,9 +97,9 @@ private:
     void clearUiData();
 
     Ui::AutoParamSetting* ui;
-    qint64 m_reserved; ///< part of the class's layout, on which linked programs rely; never read
-    QMap<QString, tagUserAccountInfo> m_accountInfoMap; ///< trading account to its record, for every offered account
-    ParamListWidget_single* m_algoParamWidget;          ///< null until first needed, then a child for good
+    qint64 m_reserved; ///< never read; kept because linked programs rely on the class's size
+    QMap<QString, tagUserAccountInfo> m_accountInfoMap; ///< records of the offered accounts by trading account
+    ParamListWidget_single* m_algoParamWidget;          ///< null until first needed, then kept as a child
     QStringList m_algoWhiteList;
     QStringList m_algoBlackList;
     int m_startDayOffset; ///< days from today to the first day on which a plan may take effect

@@ -1,28 +1,29 @@
-# How the editor becomes a shared library. This project builds its own library so, and a client that has platform headers
-# and libraries of its own builds one from the installed sources, which lie beside this file as they do here.
+# Builds the editor as a shared library. This project uses the file for its own library; a client with its own platform
+# headers and libraries uses it to build the installed sources, which are in the same folder as this file.
 
-# Whoever includes this file sets two global properties: AUTOPARAMSETTING_INCLUDE_DIR, the folder of AutoParamSetting.h,
-# and AUTOPARAMSETTING_VERSION.
+# The including file sets two global properties: AUTOPARAMSETTING_INCLUDE_DIR, the folder of AutoParamSetting.h, and
+# AUTOPARAMSETTING_VERSION.
 
 # Builds the editor against a client's platform as the shared library target <name>:
 #
 #   autoparamsetting_add_library(<name> PLATFORM <target>)
 #
-# The platform is a target of the client's. Its include directories hold the headers that the editor includes by their
-# bare names, its libraries define what they declare. It must be a shared library, because the editor and the program
-# have to see the same services; it may be added later than <name>. Whoever links <name> gets the platform and the folder
-# of AutoParamSetting.h with it. The objects are the targets <name>_pure, which know no platform, and <name>_objects.
+# The platform is a target of the client. Its include directories contain the headers that the editor includes by their
+# bare names; its libraries define what these headers declare. It must be a shared library, because the editor and the
+# program have to use the same services. It may be added after <name>. A target that links <name> also gets the platform
+# and the folder of AutoParamSetting.h. The objects are built by the targets <name>_pure, which use no platform, and
+# <name>_objects.
 function(autoparamsetting_add_library name)
     cmake_parse_arguments(PARSE_ARGV 1 editor "" "PLATFORM" "")
     if(NOT editor_PLATFORM OR editor_UNPARSED_ARGUMENTS)
-        message(FATAL_ERROR "autoparamsetting_add_library(<name> PLATFORM <target>): the platform is missing, or there is more")
+        message(FATAL_ERROR "autoparamsetting_add_library(<name> PLATFORM <target>): missing PLATFORM or unknown argument")
     endif()
     set(sources ${CMAKE_CURRENT_FUNCTION_LIST_DIR})
     get_property(headers GLOBAL PROPERTY AUTOPARAMSETTING_INCLUDE_DIR)
     get_property(version GLOBAL PROPERTY AUTOPARAMSETTING_VERSION)
     string(REGEX MATCH "^[0-9]+" interface_version "${version}")
 
-    # What needs no widget and no client.
+    # Code that needs neither widgets nor a client.
     add_library(${name}_pure OBJECT
         ${sources}/FormulaItems.cpp
         ${sources}/FormulaItems.h
@@ -63,7 +64,7 @@ function(autoparamsetting_add_library name)
         ${sources}/Today.h
         ${sources}/TypeFields.cpp
         ${sources}/Validation.cpp)
-    # The headers of the platform only: the objects need not wait for the platform's libraries to be built.
+    # Uses the platform's headers without linking it, so that the objects can be compiled before its libraries.
     target_include_directories(${name}_objects PRIVATE
         $<TARGET_PROPERTY:${editor_PLATFORM},INTERFACE_INCLUDE_DIRECTORIES>)
     target_compile_definitions(${name}_objects PRIVATE
@@ -99,8 +100,8 @@ function(autoparamsetting_add_library name)
         POSITION_INDEPENDENT_CODE ON
         CXX_VISIBILITY_PRESET hidden
         VISIBILITY_INLINES_HIDDEN ON)
-    # `tr` is inline and exported like every other operation of the class; the version script keeps the rest inside.
+    # `tr` is inline and must be exported like every other function of the class; the version script hides the rest.
     set_target_properties(${name}_objects PROPERTIES VISIBILITY_INLINES_HIDDEN OFF)
-    # One target alone makes a header of the form: all three would write the same file.
+    # Only one target runs uic: all three would write the same file.
     set_target_properties(${name}_objects PROPERTIES AUTOUIC ON)
 endfunction()

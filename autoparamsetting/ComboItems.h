@@ -2,14 +2,14 @@
 
 #include <QComboBox>
 
-/// Code of the current item; empty when there is none.
+/// Returns the code of the current item; empty if there is no current item.
 inline QString currentCode(const QComboBox* box)
 {
     return box->currentData(Qt::UserRole).toString();
 }
 
-/// Empties a box without announcing it, so that the first item appended announces itself, also in a box whose signals
-/// were blocked before.
+/// Clears a box without emitting signals and leaves its signals unblocked, even if they were blocked before. The first
+/// item appended then becomes current and emits them.
 inline void clearSilently(QComboBox* box)
 {
     box->blockSignals(true);
@@ -17,7 +17,7 @@ inline void clearSilently(QComboBox* box)
     box->blockSignals(false);
 }
 
-/// Selects the item with a code; no item when none has it.
+/// Selects the item with a code; deselects if no item has the code.
 inline void selectCode(QComboBox* box, const QString& code)
 {
     box->setCurrentIndex(box->findData(code, Qt::UserRole, Qt::MatchCaseSensitive));

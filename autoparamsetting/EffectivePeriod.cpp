@@ -31,7 +31,7 @@ void AutoParamSetting::InitDateEffectivePeriod()
     if (!error.isEmpty() || tradeDates.isEmpty()) {
         qWarning() << "AutoParamSetting::InitDateEffectivePeriod" << exchange << error << tradeDates.size();
     } else if (listedOffset == 0) {
-        // A calendar that has run out counts as none: a range that ended with its last date would end before it begins.
+        // An expired calendar is ignored: its last date would end the range before it begins.
         qWarning() << "AutoParamSetting::InitDateEffectivePeriod no trade date after" << day << tradeDates.last();
     } else {
         last = tradeDates.last();
@@ -46,7 +46,7 @@ void AutoParamSetting::InitDateEffectivePeriod()
     ui->date_effectivePeriod_Multi->SetMaxDate(last);
     ui->date_effectivePeriod_Multi->SetStartEndDate(first, first);
     ui->date_effectivePeriod_Single->SetMinDate(first);
-    // Independent of the calendar's end: a reduction has no end that would have to be a trading day.
+    // Independent of the calendar's end: a reduction has no end date that must be a trading day.
     ui->date_effectivePeriod_Single->SetMaxDate(first.addMonths(PeriodMonths));
     ui->date_effectivePeriod_Single->SetDate(first);
     m_startDayOffset = offset;

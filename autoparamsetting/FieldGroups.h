@@ -8,28 +8,28 @@ namespace Ui {
 class AutoParamSetting;
 }
 
-// Fields of the form that lock or hide together, each group in the order in which its fields are walked.
+// Groups of fields that are locked or hidden together. Functions process the fields of a group in its order.
 
 namespace FieldGroups {
 
 using Group = QVector<QWidget*>;
 
-/// What identifies a plan, account to order property.
+/// Fields that identify a plan, from the account to the order property.
 Group identity(const Ui::AutoParamSetting& ui);
-/// Who carries a plan out, and how.
+/// Fields that select how a plan is executed and by which user.
 Group execution(const Ui::AutoParamSetting& ui);
-/// Rows of ordinary plans only.
+/// Rows that only ordinary plans have.
 Group ordinaryRows(const Ui::AutoParamSetting& ui);
-/// Rows of a holdings reduction only.
+/// Rows that only a holdings reduction has.
 Group reductionRows(const Ui::AutoParamSetting& ui);
-/// The row of Hong Kong connect only.
+/// The row that only Hong Kong connect has.
 Group hongKongRow(const Ui::AutoParamSetting& ui);
-/// The row of credit instructions only.
+/// The row that only credit instructions have.
 Group creditRow(const Ui::AutoParamSetting& ui);
 
 void setVisible(const Group& group, bool visible);
 void disable(const Group& group);
-/// Enables one field; a combo box of the client does so in its own way.
+/// Enables one field; uses `ResetEnable` for a combo box of the client.
 void enable(QWidget* field);
 void enable(const Group& group);
 

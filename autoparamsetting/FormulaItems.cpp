@@ -5,9 +5,9 @@
 
 QStringList inPromptOrder(QStringList names)
 {
-    const auto place = [](const QString& name) { return AutoPlanFormula::PromptOrder.indexOf(name); };
-    std::stable_sort(
-        names.begin(), names.end(), [place](const QString& a, const QString& b) { return place(a) < place(b); });
+    const auto position = [](const QString& name) { return AutoPlanFormula::PromptOrder.indexOf(name); };
+    std::stable_sort(names.begin(), names.end(),
+        [position](const QString& a, const QString& b) { return position(a) < position(b); });
     return names;
 }
 

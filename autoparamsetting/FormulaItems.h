@@ -2,11 +2,11 @@
 
 #include <QStringList>
 
-/// Puts formula names into the order in which they are offered. Names outside that order come first.
+/// Sorts formula names into the order in which they are offered. Names without a defined position come first.
 QStringList inPromptOrder(QStringList names);
 
-/// Functions offered under a price mode: those that compare under the custom mode, none otherwise.
+/// Returns the functions offered in a price mode: the comparing functions in the custom mode, otherwise none.
 QStringList functionItems(const QString& priceMode);
 
-/// What the price input shows where there is no limit.
+/// Returns the text that the price input shows without a price limit.
 QString zeroPrice(int decimals);

@@ -32,7 +32,7 @@ namespace Content = Algo_Fields::AlgoInstContentInfo;
 
 using FieldMap = QMap<QString, QVariant>;
 
-/// A stored plan as the form takes it over: texts by key, the modes already reconciled with the user's rule.
+/// A stored plan, prepared for the form: texts by key, with modes that match the user's rule.
 class StoredPlan {
 public:
     StoredPlan(const FieldMap& record, const FieldMap& other)
@@ -66,8 +66,8 @@ public:
         return QLocale::c().toDate(text(key), OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
     }
 
-    // A user bound to review must not receive an actively managed plan, nor the reverse. The price falls back to no
-    // limit with the mode: whoever takes the plan over has to say the price again.
+    // A user whose instructions are reviewed must not get an actively managed plan, and vice versa. When the mode
+    // changes, the price mode becomes no limit: the new owner must enter the price again.
     void reconcileWithRule()
     {
         const int rule =
@@ -93,8 +93,8 @@ public:
     QString instructionMode;
 };
 
-/// The stored plan of an id; nothing, and a line in the log, when the service does not know it or its other parameters.
-/// What only the log shows is not translated.
+/// Reads a stored plan. Logs a warning and returns nothing if the service does not know the id or the plan has no other
+/// parameters. Texts that only appear in the log are not translated.
 std::optional<StoredPlan> readPlan(const QString& planId)
 {
     const FieldMap record = AutoPlanLogic::instance().GetPlanInfo(planId);
@@ -114,7 +114,7 @@ std::optional<StoredPlan> readPlan(const QString& planId)
     return plan;
 }
 
-/// Shows a stored number times a factor. A text that is no number empties the field instead of passing for zero.
+/// Shows a stored number multiplied by a factor. If the text is not a number, clears the field instead of showing zero.
 void showNumber(OrloDecimalLineEdit* field, const QString& text, double factor)
 {
     bool isNumber = false;
@@ -132,7 +132,7 @@ void fillPriceType(const Ui::AutoParamSetting& ui, const StoredPlan& plan)
     if (plan.instructionType() != AutoPlanInstructionType::HkConnect)
         return;
     QString code = plan.otherText(Kelvo_Fields::Security::timeInForce);
-    // Plans stored before the price type had a field of its own keep it under the older one.
+    // Older plans store the price type under the former key.
     if (code.isEmpty())
         code = plan.otherText(Kelvo_Fields::Security::transActTime);
     selectCode(ui.combx_priceType, code);
@@ -171,7 +171,7 @@ void fillQuantities(const Ui::AutoParamSetting& ui, const StoredPlan& plan)
     ui.le_reduceHRatio->clear();
 }
 
-// Each choice is announced like a trader's own, so that the boxes below are refilled before they are chosen from.
+// Signals are not blocked here, so that each choice refills the boxes below before an item is selected in them.
 void selectTypes(const Ui::AutoParamSetting& ui, const StoredPlan& plan)
 {
     selectCode(ui.combx_fundAccount, plan.tradingAccount());
@@ -225,7 +225,7 @@ void fillFutureDates(const Ui::AutoParamSetting& ui, const StoredPlan& plan)
         ui.date_effectivePeriod_Multi->SetStartEndDate(plan.date(Base::beginDate), plan.date(Base::endDate));
 }
 
-// A started plan can move its end, never its beginning.
+// The end of a started plan can be changed, its beginning cannot.
 void fillStartedDates(const Ui::AutoParamSetting& ui, const StoredPlan& plan)
 {
     const QDate begin = plan.date(Base::beginDate);
@@ -244,12 +244,12 @@ void fillStartedDates(const Ui::AutoParamSetting& ui, const StoredPlan& plan)
 void fillDates(const Ui::AutoParamSetting& ui, const StoredPlan& plan, bool edits)
 {
     const QDate begin = plan.date(Base::beginDate);
-    // An invalid date sorts before every other one, so a plan without a readable begin counts as started.
+    // An invalid date is less than every other date, so a plan without a readable beginning counts as started.
     if (!begin.isValid())
         qWarning() << "AutoParamSetting::copyPlan stored text is no date" << plan.text(Base::beginDate);
     if (begin > today())
         fillFutureDates(ui, plan);
-    // The copy of a started plan is a new plan, so it keeps the form's default dates.
+    // A copy of a started plan is a new plan, so it keeps the form's default dates.
     else if (edits)
         fillStartedDates(ui, plan);
 }
@@ -277,11 +277,11 @@ void AutoParamSetting::copyPlan(const QString& planId)
     const StoredPlan& plan = *stored;
     const QPointer<AutoParamSetting> self(this);
     selectTypes(*ui, plan);
-    // Choosing holdings reduction may have opened the agreement dialog, and the host may have closed the editor under
-    // it.
+    // Selecting a holdings reduction may have opened the agreement dialog, and the host may have closed the editor
+    // while the dialog was open.
     if (!self)
         return;
-    // Silent, so that the security is taken over once.
+    // Set without signals, so that slotSymbolChange() runs only once.
     setSymbolSilently(ui->le_symbol, plan.symbol());
     slotSymbolChange();
     if (!self)
@@ -313,7 +313,7 @@ void AutoParamSetting::copyPlan(const QString& planId)
 
 void AutoParamSetting::clearUiData()
 {
-    // The only account stays chosen: the trader could not choose it again in a locked box.
+    // A single account stays selected: the trader could not select it again in the locked box.
     if (ui->combx_fundAccount->isEnabled())
         selectSilently(ui->combx_fundAccount, -1);
     selectSilently(ui->combx_instructionType, -1);
@@ -321,13 +321,13 @@ void AutoParamSetting::clearUiData()
     ui->le_symbol->setSymbol(QString());
     ui->la_symbolName->setText(QString());
     ui->le_exchange->clear();
-    // Announced, because the entrust types of the former side must go.
+    // Signals are not blocked, because the entrust types of the previous side must be removed.
     ui->combx_tradeSide->setCurrentIndex(0);
     selectSilently(ui->combx_priceType, 0);
     selectSilently(ui->combx_priceMode, 0);
     ui->lineEdit_price1->clear();
     ui->lineEdit_price2->clear();
-    // Only inputs are hidden here; their captions follow with the next price mode or plan type.
+    // Hides only the inputs; the next change of price mode or plan type updates their captions.
     ui->lineEdit_price2->hide();
     ui->le_targetTotalNum->clear();
     ui->le_entrustMaxNum->clear();

@@ -23,15 +23,15 @@ namespace Base = AutoPlanField::BaseField;
 
 using FieldMap = QMap<QString, QVariant>;
 
-// A reduction has no end of its own, but every record has an end date.
-constexpr int EndlessYears = 100;
+// A reduction has no end, but every record has an end date.
+constexpr int OpenEndYears = 100;
 
 QString wholeNumberText(qint32 value)
 {
     return QString::number(value, 'f', 0);
 }
 
-// `QDate::toString()` writes the digits of the machine's language.
+// `QDate::toString()` would use the digits of the system's language.
 QString dateText(const QDate& date)
 {
     return QLocale::c().toString(date, OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
@@ -69,7 +69,7 @@ void insertPrice(FieldMap& record, const Ui::AutoParamSetting& ui)
     const QString priceMode = currentCode(ui.combx_priceMode);
     record.insert(Base::priceModel, priceMode);
     record.insert(Base::priceFormula1, ui.lineEdit_price1->text());
-    // The fixed price belongs to the no-limit mode alone: elsewhere the formulas speak.
+    // The fixed price exists only in the no-limit mode; in the other modes the formulas apply.
     if (priceMode == AutoPlanPriceModel::NoLimit)
         record.insert(Base::priceFixed, ui.lineEdit_price1->text());
     if (priceMode == AutoPlanPriceModel::CompareMax || priceMode == AutoPlanPriceModel::CompareMin)
@@ -95,11 +95,11 @@ void insertDates(FieldMap& record, const Ui::AutoParamSetting& ui)
     if (ui.date_effectivePeriod_Single->isVisible()) {
         const QDate date = ui.date_effectivePeriod_Single->GetDate();
         record.insert(Base::beginDate, dateText(date));
-        record.insert(Base::endDate, dateText(date.addYears(EndlessYears)));
+        record.insert(Base::endDate, dateText(date.addYears(OpenEndYears)));
     }
 }
 
-// No target type at all means a quantity order, as in every plan stored before amounts were possible.
+// A missing target type means a quantity order, as in every plan stored before amounts were introduced.
 void insertTarget(FieldMap& other, const Ui::AutoParamSetting& ui, int factor)
 {
     const QString targetType = currentCode(ui.combx_instructionTargetType);
@@ -108,7 +108,7 @@ void insertTarget(FieldMap& other, const Ui::AutoParamSetting& ui, int factor)
         other.insert(Base::tradeAmount, ui.le_targetTotalNum->GetStrValue());
         other.insert(Base::dayMaxTradeAmount, ui.le_entrustMaxNum->GetStrValue());
     }
-    // Stored for amounts, too: the key depends on the field alone.
+    // Stored for amounts too: the key depends only on the field's visibility.
     if (ui.le_entrustMaxNum->isVisible())
         other.insert(
             AutoPlanField::Progress::CurrentQty, wholeNumberText(storedQuantity(ui.le_entrustMaxNum->value(), factor)));

@@ -3,19 +3,19 @@
 #include <QString>
 #include <QStringList>
 
-/// The codes that the form's items carry and that plans store. Comparisons are exact and case-sensitive. Codes of
-/// different families may be equal; each box is searched for its own family only.
+/// Codes of the form's items, as stored in plans. Comparisons are exact and case-sensitive. Codes of different families
+/// may be equal; each box is searched only for codes of its own family.
 
 /// Plan types.
 namespace AutoPlanTemplate {
 inline const QString CumulativeQty = QStringLiteral("TW-01"); ///< a cumulative quantity
 inline const QString AverageQty = QStringLiteral("TW-02");    ///< an average quantity per day
 inline const QString SameElements = QStringLiteral("TW-03");  ///< the same order every day
-/// Holdings reduction: the one type that changes the form.
+/// Holdings reduction: the only type that changes the form.
 inline const QString ReduceHoldings = QStringLiteral("JC-01");
 } // namespace AutoPlanTemplate
 
-/// Instruction types; their texts stand in the static configuration.
+/// Instruction types; the static configuration holds their texts.
 namespace AutoPlanInstructionType {
 inline const QString Ordinary = QStringLiteral("1");  ///< stocks and funds without margin
 inline const QString Credit = QStringLiteral("2");    ///< margin trading
@@ -30,13 +30,13 @@ inline const QString NormalTradeReview = QStringLiteral("2"); ///< reviewed and 
 inline const QString AlgoTradeReview = QStringLiteral("3");   ///< reviewed and traded by an algorithm
 } // namespace AutoPlanInstMode
 
-/// Whether a user's instructions go through review; the user's instruction rule property.
+/// Values of a user's instruction rule property: whether the user's instructions are reviewed.
 namespace AutoPlanRuleProperty {
-constexpr int NoReview = 0; ///< they do not
-constexpr int Review = 1;   ///< they do
+constexpr int NoReview = 0; ///< not reviewed
+constexpr int Review = 1;   ///< reviewed
 } // namespace AutoPlanRuleProperty
 
-/// Price modes, in the client's own, sparse numbering.
+/// Price modes, in the client's numbering, which has gaps.
 namespace AutoPlanPriceModel {
 inline const QString NoLimit = QStringLiteral("1");    ///< no price limit
 inline const QString Custom = QStringLiteral("6");     ///< one formula
@@ -46,7 +46,7 @@ inline const QString CompareMin = QStringLiteral("8"); ///< the smaller of two f
 
 /// Assignees.
 namespace AutoPlanAssignee {
-/// Nobody is named; the text is its own code.
+/// No user is named. The item's text is also its code.
 inline const QString NotSpecified = QStringLiteral("默认不指定");
 } // namespace AutoPlanAssignee
 
@@ -57,7 +57,7 @@ inline const QString Continuous90Days = QStringLiteral("1"); ///< at most 1 % in
 
 /// Algorithms.
 namespace AutoPlanAlgo {
-/// Strategies that refuse the no-limit price mode.
+/// Strategies that do not support the no-limit price mode.
 inline const QStringList NoUnlimitedPriceList = { QStringLiteral("ICEBERG2"), QStringLiteral("SNIPER") };
 } // namespace AutoPlanAlgo
 
@@ -65,16 +65,16 @@ inline const QStringList NoUnlimitedPriceList = { QStringLiteral("ICEBERG2"), QS
 namespace AutoPlanFormula {
 /// Functions offered in a custom formula.
 inline const QStringList CompareFunctions = { QStringLiteral("max(,)"), QStringLiteral("min(,)") };
-inline const QString PreviousClose = QStringLiteral("昨收价"); ///< the day before's close
+inline const QString PreviousClose = QStringLiteral("昨收价"); ///< close of the previous day
 inline const QString UpperLimit = QStringLiteral("涨停价");    ///< the day's upper limit
 inline const QString LowerLimit = QStringLiteral("跌停价");    ///< the day's lower limit
-/// The order in which names are offered; the averages stand in the order that traders here are used to.
+/// The order in which names are offered; the averages are in the order that traders are used to.
 inline const QStringList PromptOrder = { PreviousClose, UpperLimit, LowerLimit, QStringLiteral("MA20"),
     QStringLiteral("MA60"), QStringLiteral("MA120"), QStringLiteral("MA5"), QStringLiteral("MA10"),
     QStringLiteral("MA250") };
 } // namespace AutoPlanFormula
 
-/// Map keys that are no constants of the client's: its numeric field ids, and one name.
+/// Map keys without a constant in the client's headers: numeric field ids, and one name.
 namespace AutoPlanFieldId {
 /// Target type code, in the other-parameter map and in an instruction.
 inline const QString TargetType = QStringLiteral("57134");

@@ -39,7 +39,7 @@ void clearOrRestore(QLineEdit* input, const QString& text, bool clearText)
 void AutoParamSetting::InitComboxPriceMode(const QString& instructionMode)
 {
     clearSilently(ui->combx_priceMode);
-    // The mode of an edited plan is locked, and ordinary review does not accept plans without a price limit.
+    // The mode of an edited plan is locked, and ordinary review rejects plans without a price limit.
     if (m_planId.isEmpty() || instructionMode != AutoPlanInstMode::NormalTradeReview)
         ui->combx_priceMode->addItem(tr("不限价"), AutoPlanPriceModel::NoLimit);
     ui->combx_priceMode->addItem(tr("自定义"), AutoPlanPriceModel::Custom);
@@ -52,7 +52,7 @@ void AutoParamSetting::InitComboxPriceType(const QString& instructionMode)
 {
     clearSilently(ui->combx_priceType);
     ui->combx_priceType->addItem(tr("增强限价盘"), Orlo_Values::HKTimeInForce::InTrade);
-    // The mode of an edited plan is locked, and algorithms support the first price type only.
+    // The mode of an edited plan is locked, and algorithms support only the first price type.
     if (m_planId.isEmpty() || instructionMode == AutoPlanInstMode::NormalTradeReview
         || instructionMode == AutoPlanInstMode::ActiveManage)
         ui->combx_priceType->addItem(tr("竞价限价盘"), Orlo_Values::HKTimeInForce::BeforeTrade);
@@ -66,7 +66,7 @@ void AutoParamSetting::InitLineEditPrice1AndPrice2(bool clearTexts)
     ui->lineEdit_price1->SetFunctionItems(functionItems(priceMode));
 
     const QStringList items = formulaItems(symbol, securityType, m_maPriceList);
-    // An input may change its text when it gets new items.
+    // Setting new items may change the text of an input.
     const QString text1 = ui->lineEdit_price1->text();
     const QString text2 = ui->lineEdit_price2->text();
     ui->lineEdit_price1->SetFormulaItems(items);
@@ -84,7 +84,7 @@ void AutoParamSetting::InitLineEditPrice1AndPrice2(bool clearTexts)
 
 void AutoParamSetting::slotComboxPriceModeChanged()
 {
-    // Cleared here as well, so that the new items never meet a formula of the former mode.
+    // Cleared before the items change, so that a formula of the previous mode is never combined with the new items.
     ui->lineEdit_price1->clear();
     ui->lineEdit_price2->clear();
     InitLineEditPrice1AndPrice2(true);

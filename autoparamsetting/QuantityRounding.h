@@ -2,20 +2,21 @@
 
 #include <QtGlobal>
 
-/// Doubles that differ by less count as equal.
+/// Doubles are considered equal if they differ by less than this.
 constexpr double NumberTolerance = 1e-10;
 
-/// True when a value lies within the tolerance of zero.
+/// Returns true if a value is zero within the tolerance.
 bool isZero(double value);
 
-/// Whole number of a quantity, forgiving what a decimal loses in binary: towards zero after 1e-6 outwards.
+/// Converts a quantity to a whole number: moves it away from zero by 1e-6, to compensate for binary representation,
+/// then truncates.
 qint64 roundToWhole(double value);
 
-/// Whole number of a quantity, cut towards zero to 32 bits without any tolerance.
+/// Truncates a quantity to a 32-bit whole number, without any tolerance.
 qint32 truncateToInt32(double value);
 
-/// A display factor to divide by: 0 counts as 1 and is logged as a warning.
+/// Returns a display factor that can be a divisor: replaces 0 with 1 and logs a warning.
 int usableDisplayFactor(int factor, const char* caller);
 
-/// Whole number of stored units in a displayed quantity, the remainder dropped. `factor` must not be 0.
+/// Converts a displayed quantity to whole stored units and drops the remainder. `factor` must not be 0.
 qint32 storedQuantity(double displayed, int factor);

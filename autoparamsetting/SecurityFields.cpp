@@ -29,7 +29,7 @@ constexpr int NumberShowType = 0;
 constexpr int RatioShowType = 2;
 constexpr int RatioDecimals = 4;
 
-// A list of symbols has the type that the client's securities cache gives it.
+// The return type is deduced: each client's securities cache defines its own type of symbol list.
 auto symbolsOf(const QString& type, const QStringList& subTypes, const QStringList& suffixes)
 {
     return CBusinessDataBase::GetInstance()->GetAllSymbolByTypeList(type, subTypes, suffixes, false, QStringList());
@@ -45,7 +45,7 @@ QStringList mainland()
     return { Kelvo_Values::SymbolPost::sh, Kelvo_Values::SymbolPost::sz };
 }
 
-// Unlike for margin plans, Beijing's shares are listed and those of the small and medium board are not.
+// Unlike for margin plans, Beijing shares are included, and small and medium board shares are not.
 auto ordinarySecurities(bool byAmount)
 {
     auto symbols = symbolsOf(Type::StockType,
@@ -112,7 +112,7 @@ void AutoParamSetting::InitLeSymbol()
 void AutoParamSetting::slotSymbolChange()
 {
     const QString symbol = ui->le_symbol->getSymbol();
-    // Without a security there is nothing to derive the other fields from: they keep their state.
+    // The other fields are derived from the security; without one they keep their state.
     if (symbol.isEmpty()) {
         ui->la_symbolName->setText(QString());
         ui->le_exchange->setText(QString());
@@ -134,7 +134,7 @@ void AutoParamSetting::slotSymbolChange()
     if (m_algoParamWidget)
         m_algoParamWidget->ReInit();
     m_maPriceList.clear();
-    // Whoever hears the question may delete the editor.
+    // A slot connected to this signal may delete the editor.
     const QPointer<AutoParamSetting> self(this);
     const SenderGuard guard(ui->le_symbol);
     Q_EMIT signalQuerySymbolMAInfo(ui->combx_fundAccount->GetCurTradingAccount(), symbol);
@@ -185,7 +185,7 @@ void AutoParamSetting::slotQuerySymbolMAResponse(QString symbol, QStringList pri
     qDebug() << "AutoParamSetting::slotQuerySymbolMAResponse" << symbol << priceList << failReason;
     if (symbol != ui->le_symbol->getSymbol())
         return;
-    // The items are rebuilt after an error, too: those of the former security must not remain.
+    // The items are rebuilt after an error too: those of the previous security must not remain.
     if (failReason.isEmpty())
         m_maPriceList = priceList;
     InitLineEditPrice1AndPrice2(false);

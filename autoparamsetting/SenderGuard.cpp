@@ -15,8 +15,8 @@ SenderGuard::SenderGuard(QWidget* sender)
     sender->setProperty(GuardedProperty, true);
 }
 
-// Guards nest when a handler makes the widget emit again. Only the outermost one gives the widget up: deleted from the
-// event loop of an inner handler it would be missing when the outer signal returns.
+// Guards are nested if a handler makes the widget emit again. Only the outermost guard schedules the deletion: the
+// event loop of an inner handler would delete the widget before the outer signal returns.
 SenderGuard::~SenderGuard()
 {
     if (!m_sender || m_wasGuarded)

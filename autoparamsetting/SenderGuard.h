@@ -3,15 +3,16 @@
 #include <QPointer>
 #include <QWidget>
 
-/// Keeps a widget of the editor alive while one of its signals is being handled by something that may delete the
-/// editor. The widget dies when its signal has returned, at the latest.
+/// Keeps a widget of the editor alive while the handler of one of its signals may delete the editor. If the editor was
+/// deleted, the widget is deleted after the signal has returned.
 class SenderGuard {
 public:
     explicit SenderGuard(QWidget* sender);
     ~SenderGuard();
     Q_DISABLE_COPY(SenderGuard)
 
-    /// To be called before the editor dies: takes a guarded widget out of it. Leaves any other widget where it is.
+    /// Removes a guarded widget from the editor, so that it is not deleted with it. Does nothing for other widgets. The
+    /// editor's destructor calls this.
     static void release(QWidget* sender);
 
 private:

@@ -5,8 +5,8 @@
 
 bool isContainsSpecialChar(const QString& text, QString& found)
 {
-    // Full-width punctuation is no special character: formulas are written with Chinese input methods, and plans that
-    // hold it are in use. A character that could not be decoded (U+FFFD) is one.
+    // Full-width punctuation is allowed: traders type formulas with Chinese input methods, and plans in use contain it.
+    // The replacement character of failed decoding (U+FFFD) is not allowed.
     static const QRegularExpression special(QStringLiteral("[`~!@#$&=|{}':'\\[\\]<>?;\uFFFD]|[\\%]+\\d"));
     const QRegularExpressionMatch match = special.match(text);
     if (!match.hasMatch())

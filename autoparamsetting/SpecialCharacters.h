@@ -2,6 +2,6 @@
 
 #include <QString>
 
-/// True when a formula contains a character or sequence that must not be in it; then `found` is the first of them,
-/// otherwise `found` is left as it is.
+/// Returns true if a formula contains a forbidden character or sequence and sets `found` to the first one. Otherwise
+/// leaves `found` unchanged.
 bool isContainsSpecialChar(const QString& text, QString& found);

@@ -11,30 +11,31 @@ namespace {
 
 using PlanRecord = QMap<QString, QVariant>;
 
-// While one OK is being worked on, with its boxes open, a second one would send the same plan again.
-class SilentButton {
+// Blocks OK while the previous OK is being processed. Message boxes run event loops, so a second click would send the
+// same plan again.
+class ReentryGuard {
 public:
-    explicit SilentButton(QAbstractButton* button)
+    explicit ReentryGuard(QAbstractButton* button)
         : m_button(button)
         , m_wasBlocked(button->blockSignals(true))
     {
     }
 
-    ~SilentButton()
+    ~ReentryGuard()
     {
         if (m_button)
             m_button->blockSignals(m_wasBlocked);
     }
 
-    Q_DISABLE_COPY(SilentButton)
+    Q_DISABLE_COPY(ReentryGuard)
 
 private:
     QPointer<QAbstractButton> m_button;
     bool m_wasBlocked;
 };
 
-// The service may run an event loop of its own, in which the host may delete the editor. Both operations are true when
-// the plan is stored and the editor still there.
+// The service may run an event loop in which the host deletes the editor. Both functions return true if the plan was
+// stored and the editor still exists.
 
 bool createPlan(const PlanRecord& record, QWidget* editor)
 {
@@ -50,7 +51,7 @@ bool createPlan(const PlanRecord& record, QWidget* editor)
     return !alive.isNull();
 }
 
-// An edit keeps the security account with which the plan was created, whatever the account's data say today.
+// A modified plan keeps the security account with which it was created, even if the account's data have changed.
 bool modifyPlan(PlanRecord record, const QString& planId, QWidget* editor)
 {
     const QPointer<QWidget> alive(editor);
@@ -75,7 +76,7 @@ bool modifyPlan(PlanRecord record, const QString& planId, QWidget* editor)
 void AutoParamSetting::slotBtnOkClicked()
 {
     {
-        const SilentButton pressedOnce(ui->btn_ok);
+        const ReentryGuard guard(ui->btn_ok);
         if (!checkParam())
             return;
         const PlanRecord record = procUiDataByCreatePlan();
@@ -84,7 +85,7 @@ void AutoParamSetting::slotBtnOkClicked()
         if (!(planId.isEmpty() ? createPlan(record, this) : modifyPlan(record, planId, this)))
             return;
     }
-    // OK is live again: a host may go on with this editor as soon as it is told.
+    // OK is enabled again here: a host may reuse the editor in a slot connected to this signal.
     clearUiData();
     Q_EMIT signalBtnCancelClicked();
 }

@@ -2,5 +2,5 @@
 
 #include <QDate>
 
-/// The current local date. The editor's one place that reads the clock.
+/// Returns the current local date. The editor reads the clock only here.
 QDate today();

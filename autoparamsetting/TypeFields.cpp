@@ -140,8 +140,7 @@ void AutoParamSetting::InitComboxEntrustType()
     namespace SubType = Orlo_Values::MdcSubSecurityType;
     const QString subType = OrloBusinessDataInterface::GetSecuritySubTypeBySymbol(symbol);
     qDebug() << "AutoParamSetting::InitComboxEntrustType" << account << symbol << side << subType;
-    // The plan's side is compared with an entrust type: the client gives an ordinary buy the same code in both
-    // families.
+    // The plan's side is compared with an entrust type: clients use the same code for an ordinary buy.
     if (subType == SubType::PaidRationStock || subType == SubType::PaidRationBond)
         appendEntrustTypes(ui->combx_entrustType, { Union::paidRationShare });
     else if (SubType::ConvertableBondTypeList.contains(subType))
@@ -153,7 +152,7 @@ void AutoParamSetting::InitComboxEntrustType()
 
 void AutoParamSetting::InitComboxInstructionMode()
 {
-    // The mode of an edited plan is locked; what may be chosen around it must not rebuild it.
+    // The mode of an edited plan is locked; changes of other fields must not rebuild its items.
     if (!m_planId.isEmpty() && !ui->combx_instructionMode->isEnabled())
         return;
     const QString type = currentCode(ui->combx_instructionType);
@@ -163,9 +162,9 @@ void AutoParamSetting::InitComboxInstructionMode()
     const QString priceMode = currentCode(ui->combx_priceMode);
     qDebug() << "AutoParamSetting::InitComboxInstructionMode" << type << ruleProperty << priceType << priceMode
              << ui->combx_fundAccount->GetCurFundAccount();
-    // Not silent, unlike the other boxes: without a mode the algorithm button has to be hidden.
+    // Signals are not blocked, unlike in the other boxes: without a mode the algorithm button must be hidden.
     ui->combx_instructionMode->clear();
-    // Returns before the panel is notified: without review no algorithm can be chosen.
+    // Returns before the panel is notified: without review, algorithms are not offered.
     if (ruleProperty != AutoPlanRuleProperty::Review) {
         ui->combx_instructionMode->addItem(tr("主动管理"), AutoPlanInstMode::ActiveManage);
         ui->btn_algoParamSetting->hide();
@@ -198,7 +197,8 @@ void AutoParamSetting::slotComboxInstructionTypeChanged()
     InitComboxEntrustType();
     InitComboxInstructionMode();
     InitLineEditPrice1AndPrice2(true);
-    // Once more, because a security chosen during the refills saw the side and the modes of the former type.
+    // Called again, because a security chosen while the boxes were refilled used the side and modes of the previous
+    // type.
     slotSymbolChange();
     InitComboxAssignTo();
 }
@@ -225,7 +225,7 @@ void AutoParamSetting::slotComboxPlanTypeChanged()
     const bool isSameEachDay = planType == AutoPlanTemplate::SameElements;
     Accessibility::setCaption(ui->la_entrustMaxNum, isSameEachDay ? tr("每日计划量") : tr("每日最大委托量"));
     if (planType != AutoPlanTemplate::ReduceHoldings) {
-        // Unlocked, but not switched back to buying: the side before the reduction is not remembered.
+        // The side is enabled but not switched back to buying: the side before the reduction is not stored.
         ui->combx_tradeSide->setEnabled(true);
         IsReduceHodingsMode(planType);
         InitComboxAssignTo();
@@ -235,7 +235,7 @@ void AutoParamSetting::slotComboxPlanTypeChanged()
         selectCode(ui->combx_tradeSide, Kelvo_Values::OrderSide::sell);
     ui->combx_tradeSide->setEnabled(false);
     IsReduceHodingsMode(planType);
-    // A hidden form is being built or filled, not used. The result of signing is not read: OK checks it again.
+    // A hidden form is only being initialized or filled. The result of signing is ignored: OK checks it again.
     const QStringList unsignedNumbers = GetUnsignedClientNoList();
     if (!unsignedNumbers.isEmpty() && isVisible() && !AgreementDialog::run(this, ui->combx_planType, unsignedNumbers))
         return;
@@ -252,7 +252,7 @@ void AutoParamSetting::slotComboxPriceTypeChanged()
     InitComboxInstructionMode();
 }
 
-// The same as for the price type: under its instruction type, each of them decides whether algorithms are offered.
+// Same as for the price type: each of the two decides, for its instruction type, whether algorithms are offered.
 void AutoParamSetting::slotComboxEntrustTypeChanged()
 {
     InitComboxInstructionMode();

@@ -36,7 +36,7 @@ using FieldMap = QMap<QString, QVariant>;
 
 const QString InstructionHasEnded = QStringLiteral("1");
 
-/// What a rule says of the plan: nothing, a warning that stops it, or a question that the trader may accept.
+/// The result of a rule: passed, a warning that stops the check, or a question that the trader can accept.
 struct Verdict {
     enum Kind { Passed, Warning, Question };
     Kind kind = Passed;
@@ -58,7 +58,7 @@ Verdict question(const QString& text)
     return { Verdict::Question, text };
 }
 
-/// What the rules look at. They change nothing of it.
+/// The input of the rules. Rules do not change it.
 struct CheckedPlan {
     const Ui::AutoParamSetting& ui;
     const QString& planId;
@@ -120,7 +120,7 @@ Verdict targetIsGiven(const CheckedPlan& plan)
     return warning(AutoParamSetting::tr("未输入目标总量！"));
 }
 
-/// A display factor for a rule that divides by it; 0 skips the rule and is logged.
+/// Returns the display factor for a rule that divides by it. If it is 0, logs a warning; the caller skips the rule.
 int factorForRule(const QString& symbol)
 {
     const int factor = OrloBusinessDataInterface::GetDispFactorBySymbol(symbol);
@@ -129,7 +129,8 @@ int factorForRule(const QString& symbol)
     return factor;
 }
 
-// The text asks, yet the exchange takes no odd lots of these: there is nothing to go on with, so it stops.
+// A warning although the text is a question: the exchange rejects odd lots of these securities, so the plan cannot
+// continue.
 Verdict targetIsWholeLots(const CheckedPlan& plan)
 {
     if (plan.reducesHoldings() || !plan.countsQuantity())
@@ -141,7 +142,7 @@ Verdict targetIsWholeLots(const CheckedPlan& plan)
     return warning(AutoParamSetting::tr("沪市债券目标总量需为%1的正整数倍，是否继续？").arg(factor));
 }
 
-// The exclamation mark is the ASCII one, unlike in the other rules: the text is known to traders as it is.
+// The exclamation mark is ASCII, unlike in the other rules: traders know the text in this form.
 Verdict dailyQuantityIsGiven(const CheckedPlan& plan)
 {
     if (plan.planType() != AutoPlanTemplate::SameElements || !isZero(plan.ui.le_entrustMaxNum->value()))
@@ -149,7 +150,7 @@ Verdict dailyQuantityIsGiven(const CheckedPlan& plan)
     return warning(AutoParamSetting::tr("未输入每日计划量!"));
 }
 
-// Zero passes: without a daily quantity only the target bounds the day.
+// Zero passes: without a daily quantity only the target limits the day.
 Verdict dailyQuantityIsWholeLots(const CheckedPlan& plan)
 {
     if (!plan.ui.le_entrustMaxNum->isVisible() || !plan.countsQuantity())
@@ -234,14 +235,14 @@ Verdict algorithmFitsPlan(const CheckedPlan& plan)
     const FieldMap parameters = plan.algorithm->GetParamMap();
     if (parameters.value(Content::TradingAccount).toString() != plan.tradingAccount())
         return warning(AutoParamSetting::tr("算法参数中的交易账号与计划参数不一致！"));
-    // A side that is neither buy nor sell has no algorithm code to compare with.
+    // A side other than buy and sell has no algorithm code to compare with.
     const QString side = AlgorithmParameters::algorithmSide(plan.side());
     if (!side.isEmpty() && parameters.value(Content::OrderSide).toString() != side)
         return warning(AutoParamSetting::tr("算法参数中的交易方向与计划参数不一致！"));
     return passed();
 }
 
-Verdict algorithmTakesPriceMode(const CheckedPlan& plan)
+Verdict algorithmSupportsPriceMode(const CheckedPlan& plan)
 {
     if (!plan.runsAlgorithm())
         return passed();
@@ -265,9 +266,9 @@ bool holdsText(const FieldMap& fields, const QString& key, const QString& text)
     return field != fields.cend() && field->toString() == text;
 }
 
-/// What one instruction has used of the plan: what was filled once it has ended, what was issued while it runs. A plan
-/// can have thousands of instructions, so what only the log would show is not worked out when nobody reads it.
-double usedByInstruction(const QString& planId, const QString& instructionId, const FieldMap& fields, double sumBefore)
+/// Adds what one instruction uses of the plan: the filled part if it has ended, otherwise the issued part. A plan can
+/// have thousands of instructions, so the log line is formatted only if debug output is enabled.
+double addUsed(const QString& planId, const QString& instructionId, const FieldMap& fields, double sumBefore)
 {
     const bool ended = holdsText(fields, AutoPlanFieldId::InstructionEnded, InstructionHasEnded);
     const bool byAmount = holdsText(fields, AutoPlanFieldId::TargetType, InstructionTargetType::AmountOrder);
@@ -280,21 +281,21 @@ double usedByInstruction(const QString& planId, const QString& instructionId, co
     return sum;
 }
 
-Verdict targetCoversWhatIsUsed(const CheckedPlan& plan)
+Verdict targetCoversUsed(const CheckedPlan& plan)
 {
     if (!plan.isEdited())
         return passed();
     const QMap<QString, FieldMap> instructions = AutoPlanLogic::instance().GetPlanInstruction(plan.planId);
     double sum = 0;
     for (auto it = instructions.cbegin(); it != instructions.cend(); ++it)
-        sum = usedByInstruction(plan.planId, it.key(), it.value(), sum);
-    // A sum that is not a number is not above the target: the plan passes.
+        sum = addUsed(plan.planId, it.key(), it.value(), sum);
+    // The plan passes if the sum is not a number.
     if (plan.ui.le_targetTotalNum->value() < sum - NumberTolerance)
         return warning(AutoParamSetting::tr("目标数量不得小于该计划已成交和在下达总和，请重新输入！"));
     return passed();
 }
 
-Verdict startedPlanKeepsItsBegin(const CheckedPlan& plan)
+Verdict startedPlanKeepsBeginDate(const CheckedPlan& plan)
 {
     if (!plan.isEdited())
         return passed();
@@ -302,7 +303,8 @@ Verdict startedPlanKeepsItsBegin(const CheckedPlan& plan)
     const QDate begin = QLocale::c().toDate(
         AutoPlanLogic::instance().GetPlanInfo(plan.planId).value(AutoPlanField::BaseField::beginDate).toString(),
         OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
-    // A begin that cannot be read sorts before every day: such a plan counts as started, as when it is loaded.
+    // An invalid date is less than every other date: a plan without a readable beginning counts as started, as in
+    // loading.
     if (begin > day)
         return passed();
     const OrloDateEdit* const range = plan.ui.date_effectivePeriod_Multi;
@@ -315,8 +317,8 @@ Verdict startedPlanKeepsItsBegin(const CheckedPlan& plan)
     return passed();
 }
 
-// Unlike the lot rules this cuts the decimals off without any tolerance: a step is a habit of the market, which the
-// trader may break, and only whole units are counted against it.
+// Truncates without tolerance, unlike the lot rules: a step is only a market convention, which the trader may ignore,
+// and the rule compares whole units.
 Verdict fitsStep(
     const CheckedPlan& plan, const QLabel* stepHint, const OrloDecimalLineEdit* field, const QLabel* caption)
 {
@@ -361,7 +363,7 @@ double availableHoldings(const QString& tradingAccount, const QString& symbol, c
     return available;
 }
 
-// Margin plans are exempt: they may sell borrowed shares, which are not among the holdings.
+// Margin plans are exempt: they can sell borrowed shares, which are not part of the holdings.
 Verdict holdingsCoverTarget(const CheckedPlan& plan)
 {
     if (!plan.countsQuantity() || plan.side() != Kelvo_Values::OrderSide::sell
@@ -369,7 +371,7 @@ Verdict holdingsCoverTarget(const CheckedPlan& plan)
         return passed();
     const OrloDecimalLineEdit* const target = plan.ui.le_targetTotalNum;
     const double available = availableHoldings(plan.tradingAccount(), plan.symbol(), target->GetStrValue());
-    // Negated, because holdings that are not a number are not below the target: nothing is asked.
+    // Negated, so that the rule also passes if the holdings are not a number.
     if (!(available < target->value()))
         return passed();
     const QString action = plan.isEdited() ? AutoParamSetting::tr("修改") : AutoParamSetting::tr("创建");
@@ -378,8 +380,8 @@ Verdict holdingsCoverTarget(const CheckedPlan& plan)
                         .arg(plan.ui.combx_fundAccount->GetCurFundAccount(), action));
 }
 
-// The flag and the side belong to the same family of codes, which is not that of the side's box; a client gives buy the
-// same code in both. An edit is asked with the words of a new plan: only the security is in question.
+// The side is compared with the security service's code for buy, because the flag belongs to that service; clients use
+// the same code in both families. Edited plans get the text about creating: the question concerns the security only.
 Verdict securityIsNormal(const CheckedPlan& plan)
 {
     if (plan.side() != Orlo_Values::OrderSide::buy)
@@ -390,7 +392,7 @@ Verdict securityIsNormal(const CheckedPlan& plan)
     return question(description + AutoParamSetting::tr("。是否继续创建？"));
 }
 
-// From first to last; the first that fails speaks.
+// Checked in this order; the first failed rule shows its message.
 constexpr Rule Rules[] = {
     riskDisclosureIsSigned,
     accountIsChosen,
@@ -409,17 +411,18 @@ constexpr Rule Rules[] = {
     instructionModeIsChosen,
     algorithmIsSet,
     algorithmFitsPlan,
-    algorithmTakesPriceMode,
-    targetCoversWhatIsUsed,
-    startedPlanKeepsItsBegin,
+    algorithmSupportsPriceMode,
+    targetCoversUsed,
+    startedPlanKeepsBeginDate,
     targetFitsStep,
     dailyQuantityFitsStep,
     holdingsCoverTarget,
     securityIsNormal,
 };
 
-/// Shows what a rule says; true when the plan may go on. An editor that dies under its own box goes nowhere.
-bool mayGoOn(const Verdict& verdict, QWidget* editor)
+/// Shows the message of a rule. Returns true if the check continues; false also if the editor was deleted while the box
+/// was open.
+bool showVerdict(const Verdict& verdict, QWidget* editor)
 {
     if (verdict.kind == Verdict::Passed)
         return true;
@@ -443,7 +446,7 @@ bool AutoParamSetting::checkParam()
     };
     const CheckedPlan plan{ *ui, m_planId, m_accountInfoMap, unsignedClients, m_algoParamWidget, containsSpecialChar };
     for (const Rule rule : Rules) {
-        if (!mayGoOn(rule(plan), this))
+        if (!showVerdict(rule(plan), this))
             return false;
     }
     return true;

@@ -4,12 +4,12 @@
 #include <QMetaType>
 #include <QString>
 
-/// One execution algorithm of the algorithm service. A default-constructed strategy stands for "no such strategy":
-/// every text is empty.
+/// One execution algorithm of the algorithm service. A default-constructed strategy, with empty texts, means "no such
+/// strategy".
 struct AesStrategy {
-    QString name;     ///< name; the key of a strategy everywhere
-    QString alias;    ///< name as shown to the trader
-    QString provider; ///< who runs the algorithm
+    QString name;     ///< name; identifies the strategy everywhere
+    QString alias;    ///< name shown to the trader
+    QString provider; ///< provider that runs the algorithm
     QString version;  ///< version of its parameter list
 };
 

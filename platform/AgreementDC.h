@@ -2,12 +2,13 @@
 
 #include <QStringList>
 
-/// Which clients have signed which agreement. One per process.
+/// Records which clients have signed which agreements. One object per process.
 class AgreementDC {
 public:
-    static AgreementDC& instance(); ///< the service; lives as long as the process
+    static AgreementDC& instance(); ///< returns the service, which lives as long as the process
 
-    /// Numbers of the logged-in user's clients who have not signed an agreement (`Orlo_Values::ProtocolId`).
+    /// Returns the numbers of the logged-in user's clients that have not signed an agreement
+    /// (`Orlo_Values::ProtocolId`).
     QStringList GetUnsignedClientNoList(const QString& protocolId);
 
 private:

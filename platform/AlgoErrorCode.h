@@ -1,8 +1,8 @@
 #pragma once
 
-/// Outcome of handing base data to an algorithm parameter widget.
+/// Result of passing base data to an algorithm parameter widget.
 enum class AlgoErrorCode {
     Ok = 0,
-    UnknownStrategy = 1, ///< no strategy is loaded that could take the data
-    MissingField = 2,    ///< the base data lack an account, a security or a side
+    UnknownStrategy = 1, ///< no strategy is loaded
+    MissingField = 2,    ///< the account, the security or the side is missing in the base data
 };

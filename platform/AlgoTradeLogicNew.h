@@ -4,20 +4,20 @@
 #include <QList>
 #include <QObject>
 
-/// The client's algorithm service. One per process.
+/// The client's algorithm service. One object per process.
 class AlgoTradeLogicNew : public QObject {
     Q_OBJECT
 
 public:
-    /// The service; lives as long as the process and stays its own.
+    /// Returns the service, which lives as long as the process. The caller must not delete it.
     static AlgoTradeLogicNew* GetInstance();
 
-    /// The strategy of a name; a default-constructed one when the name is unknown.
+    /// Returns the strategy with a name; a default-constructed one if the name is unknown.
     AesStrategy GetStrategy(const QString& name);
 
 Q_SIGNALS:
-    /// The answer to a strategy query, possibly emitted from another thread: what may be traded by algorithm has
-    /// been read afresh.
+    /// Emitted, possibly from another thread, when the answer to a strategy query arrives: the securities that can be
+    /// traded by algorithm have been reloaded.
     void sigQryAlgoStrategiesRsp(const QList<AesStrategy>& strategies);
 
 private:

@@ -4,7 +4,7 @@
 
 /// Field keys of the algorithm service.
 ///
-/// The values come from the linked platform; whoever uses them compares and stores them only.
+/// The linked platform defines the values. Other code only compares and stores them.
 namespace Algo_Fields {
 
 /// Base data of one algorithm instruction.
@@ -13,7 +13,7 @@ extern const QString TradingAccount; ///< trading account
 extern const QString Symbol;         ///< symbol of the security
 /// `Algo_Values::AlgoOrderSide`.
 extern const QString OrderSide;
-/// Order property in the algorithm's own terms.
+/// Order property, in the algorithm's codes.
 extern const QString EntrustProp;
 } // namespace AlgoInstContentInfo
 

@@ -4,10 +4,10 @@
 
 /// Codes of the algorithm service.
 ///
-/// The values come from the linked platform; whoever uses them compares and stores them only.
+/// The linked platform defines the values. Other code only compares and stores them.
 namespace Algo_Values {
 
-/// Kind of algorithm widget.
+/// Kinds of algorithm widgets.
 namespace AlgoGlobalType {
 /// Parameters of one instruction.
 extern const QString instruction;

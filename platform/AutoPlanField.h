@@ -4,28 +4,28 @@
 
 /// Keys of the plan record and of its other-parameter map.
 ///
-/// The values come from the linked platform; whoever uses them compares and stores them only.
+/// The linked platform defines the values. Other code only compares and stores them.
 namespace AutoPlanField {
 
-/// What a plan is. Every value is text unless said otherwise.
+/// Contents of a plan. Every value is text unless stated otherwise.
 namespace BaseField {
-/// Id of the stored plan; given by the plan service, sent back with a modification.
+/// Id of the stored plan; assigned by the plan service, sent with a modification.
 extern const QString autoPlanId;
 /// Side code, `Kelvo_Values::OrderSide`.
 extern const QString orderSide;
 /// Price mode code.
 extern const QString priceModel;
-/// Text of the first price input, sent under the no-limit price mode only.
+/// Text of the first price input; sent only in the no-limit price mode.
 extern const QString priceFixed;
 /// First price formula as typed.
 extern const QString priceFormula1;
-/// Second price formula as typed; only where two formulas are compared.
+/// Second price formula as typed; sent only if two formulas are compared.
 extern const QString priceFormula2;
 /// Target total in stored units, whole number as decimal text.
 extern const QString totalQty;
 /// Instruction mode code.
 extern const QString InstMode;
-/// Assignee of an ordinary plan, as displayed; absent where nobody is named.
+/// Assignee of an ordinary plan, as displayed; absent if no user is named.
 extern const QString expectedUser;
 /// Executor of a holdings-reduction plan, as displayed.
 extern const QString executeUser;
@@ -35,13 +35,13 @@ extern const QString beginDate;
 extern const QString endDate;
 /// The other-parameter map as compact JSON text.
 extern const QString planOtherParam;
-/// Free text; absent where empty.
+/// Free text; absent if empty.
 extern const QString remark;
 /// Other parameter: target amount in yuan, as the input shows it.
 extern const QString tradeAmount;
 /// Other parameter: largest amount per day in yuan, as the input shows it.
 extern const QString dayMaxTradeAmount;
-/// Other parameter: parameter map of the algorithm, a map and no text.
+/// Other parameter: parameters of the algorithm, as a map.
 extern const QString algoParam;
 /// Other parameter: name of the algorithm.
 extern const QString algoStrategyName;
@@ -53,7 +53,7 @@ extern const QString JCRatio;
 extern const QString JCModel;
 } // namespace BaseField
 
-/// How far a plan has come.
+/// Progress of a plan.
 namespace Progress {
 /// Other parameter: quantity per day in stored units, whole number as decimal text.
 extern const QString CurrentQty;

@@ -10,9 +10,9 @@ class BusinessDataInterface {
 public:
     BusinessDataInterface() = delete;
 
-    /// The positions of an account in one security, each as a field map (`Kelvo_Fields::Security::tradeableQty` in
-    /// stored units). The four last texts narrow by currency, portfolio, strategy and seat; empty does not
-    /// narrow. Empty when there is none.
+    /// Returns the positions of an account in one security, each as a field map with
+    /// `Kelvo_Fields::Security::tradeableQty` in stored units. `currency`, `portfolio`, `strategy` and `seat` filter
+    /// the positions; an empty text does not filter. Returns an empty list if there are no positions.
     static QList<QMap<QString, QVariant>> GetPositionListByAccount(const tagUserAccountInfo& account,
         const QString& securityAccount, const QString& symbol, const QString& currency, const QString& portfolio,
         const QString& strategy, const QString& seat);

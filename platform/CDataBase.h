@@ -2,13 +2,13 @@
 
 #include <QString>
 
-/// The client's static configuration: texts by category and key. One per process.
+/// The client's static configuration: texts by category and key. One object per process.
 class CDataBase {
 public:
-    /// The configuration; lives as long as the process and stays its own.
+    /// Returns the configuration, which lives as long as the process. The caller must not delete it.
     static CDataBase* GetInstance();
 
-    /// The text of a key in a category; `defaultValue` when there is none.
+    /// Returns the text of a key in a category; `defaultValue` if there is none.
     QString GetStaticCfgValue(const QString& category, const QString& key, const QString& defaultValue = QString());
 
 private:

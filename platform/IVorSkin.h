@@ -2,12 +2,12 @@
 
 #include <QVariant>
 
-/// A widget that takes the client's skin.
+/// Interface of widgets that support the client's skins.
 class IVorSkin {
 public:
     IVorSkin() = default;
 
-    /// Takes a skin, a style sheet as text; an invalid variant leaves the skin as it is.
+    /// Sets a skin, a style sheet as text. An invalid variant leaves the skin unchanged.
     virtual void loadSkin(const QVariant& skin) = 0;
 
 protected:

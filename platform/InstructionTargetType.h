@@ -2,9 +2,9 @@
 
 #include <QString>
 
-/// Codes that say what a plan's target counts.
+/// Codes of the unit of a plan's target.
 ///
-/// The values come from the linked platform; whoever uses them compares and stores them only.
+/// The linked platform defines the values. Other code only compares and stores them.
 namespace InstructionTargetType {
 
 /// Quantity.

@@ -4,10 +4,10 @@
 
 /// Field keys shared by the client's accounts, securities and plans.
 ///
-/// The values come from the linked platform; whoever uses them compares and stores them only.
+/// The linked platform defines the values. Other code only compares and stores them.
 namespace Kelvo_Fields {
 
-/// Who trades, and on which account.
+/// User and account.
 namespace UserAccount {
 /// Id of the user.
 extern const QString userID;
@@ -19,15 +19,15 @@ extern const QString securityExchange;
 extern const QString securityAccount;
 } // namespace UserAccount
 
-/// What is traded.
+/// Security and position.
 namespace Security {
 /// Symbol of the security.
 extern const QString symbol;
 /// Hong Kong price type, `Orlo_Values::HKTimeInForce`.
 extern const QString timeInForce;
-/// Key under which older plans kept the Hong Kong price type.
+/// Key under which older plans store the Hong Kong price type.
 extern const QString transActTime;
-/// Quantity of a position that may be sold, in stored units.
+/// Quantity of a position that can be sold, in stored units.
 extern const QString tradeableQty;
 } // namespace Security
 

@@ -4,7 +4,7 @@
 
 /// Codes shared by the client's accounts, securities and plans.
 ///
-/// The values come from the linked platform; whoever uses them compares and stores them only.
+/// The linked platform defines the values. Other code only compares and stores them.
 namespace Kelvo_Values {
 
 /// Order side of a plan.
@@ -21,7 +21,7 @@ extern const QString sh;
 extern const QString sz;
 } // namespace Exchange
 
-/// Ends of a symbol that tell its exchange.
+/// Suffixes of symbols, by exchange.
 namespace SymbolPost {
 /// Shanghai.
 extern const QString sh;

@@ -4,29 +4,29 @@
 #include "tagUserAccountInfo.h"
 #include <QList>
 
-/// The box in which an account is chosen. The item data (`Qt::UserRole`) is the trading account.
+/// Combo box that selects an account. The item data (`Qt::UserRole`) is the trading account.
 class OrloAccountComboBox : public OrloComboBox {
     Q_OBJECT
 
 public:
-    /// What an item shows.
+    /// Text of an item.
     enum class DisplayMode {
         FundAccount = 0,
         AccountName = 1,
         NameAndFundAccount = 2,
     };
 
-    /// An empty box. Forms construct it with the mode 2.
+    /// Constructs an empty box. Forms pass the mode 2.
     OrloAccountComboBox(QWidget* parent, DisplayMode mode);
     ~OrloAccountComboBox() override;
 
-    DisplayMode displayMode() const; ///< what an item shows
+    DisplayMode displayMode() const; ///< text of an item
 
-    /// Replaces the offered accounts; the first becomes current.
+    /// Replaces the accounts. The first one becomes current.
     void SetAccountList(const QList<tagUserAccountInfo>& accounts);
-    /// Trading account of the current item; empty when there is none.
+    /// Returns the trading account of the current item; empty if there is no current item.
     QString GetCurTradingAccount() const;
-    /// Fund account of the current item; empty when there is none.
+    /// Returns the fund account of the current item; empty if there is no current item.
     QString GetCurFundAccount() const;
 
 private:

@@ -4,23 +4,23 @@
 #include <QStringList>
 #include <memory>
 
-/// Dialog in which agreements are read and signed; shown modally with `exec()`. What is signed is stored with user
-/// and time before the dialog closes.
+/// Dialog for reading and signing agreements, shown modally with `exec()`. Signatures are stored with user and time
+/// before the dialog closes.
 class OrloAgreementSignWidget : public QDialog {
     Q_OBJECT
 
 public:
-    /// `withText` shows the agreement's text, `withAccounts` the list of clients.
+    /// Constructs the dialog. `withText` shows the agreement's text, `withAccounts` the list of clients.
     OrloAgreementSignWidget(bool withText, bool withAccounts, QWidget* parent);
     ~OrloAgreementSignWidget() override;
 
-    /// Whether the trader may choose which clients sign; otherwise all do.
+    /// Sets whether the trader can choose the clients who sign; otherwise all sign.
     void SetAccountSelectable(bool selectable);
-    /// The agreement to sign, `Orlo_Values::ProtocolId`.
+    /// Sets the agreement to sign, `Orlo_Values::ProtocolId`.
     void SetAgreement(const QString& protocolId);
-    /// Seconds that must pass before signing is possible.
+    /// Sets the number of seconds before signing becomes possible.
     void SetSignCountDown(int seconds);
-    /// Numbers of the clients who may sign.
+    /// Sets the numbers of the clients who can sign.
     void SetClientNoList(const QStringList& clientNumbers);
 
 private:

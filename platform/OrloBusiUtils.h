@@ -2,11 +2,11 @@
 
 #include <QString>
 
-/// Display texts of codes.
+/// Provides display texts of codes.
 class OrloBusiUtils {
 public:
     OrloBusiUtils() = delete;
 
-    /// Chinese name of an entrust type (`Orlo_Values::SideUnion`); empty when the code is none.
+    /// Returns the Chinese name of an entrust type (`Orlo_Values::SideUnion`); empty for any other code.
     static QString GetSideUnionChineseName(const QString& sideUnion);
 };

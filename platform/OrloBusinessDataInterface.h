@@ -5,50 +5,51 @@
 #include <QMap>
 #include <QStringList>
 
-/// Accounts and securities as the whole client sees them. An unknown symbol or account yields an empty text, an empty
-/// map or the number said below.
+/// Provides accounts and securities. For an unknown symbol or account, the functions return an empty text, an empty map
+/// or the number documented below.
 class OrloBusinessDataInterface {
 public:
     OrloBusinessDataInterface() = delete;
 
-    /// The logged-in user's accounts. `fundProperty` and `assetProperty` select by account property (3: every
-    /// account that may trade; 16: accounts open to automatic plans), `withClosed` adds closed accounts,
-    /// `accountTypes` restricts to some types (empty: all), `onlyUsable` leaves out frozen accounts.
+    /// Returns the logged-in user's accounts. `fundProperty` and `assetProperty` filter by account property (3: every
+    /// account that may trade; 16: accounts open to automatic plans). `withClosed` includes closed accounts,
+    /// `accountTypes` restricts the account types (empty: all types), `onlyUsable` leaves out frozen accounts.
     static QList<tagUserAccountInfo> GetFundAccountListByFundProp(
         int fundProperty, int assetProperty, bool withClosed, const QStringList& accountTypes, bool onlyUsable);
 
-    /// Exchange code to security account, for the exchanges on which the trading account has one.
+    /// Returns the security accounts of a trading account by exchange code.
     static QMap<QString, QString> GetCurrentSecurityAccountByTradingAccount(const QString& tradingAccount);
 
-    /// The security account of a trading account on one exchange.
+    /// Returns the security account of a trading account on one exchange.
     static QString GetCurrentSecurityAccountByTradingAndExchange(
         const QString& tradingAccount, const QString& exchange);
 
-    /// Asset property of an account, see `Orlo_Values::FundAccountType`.
+    /// Returns the asset property of an account, see `Orlo_Values::FundAccountType`.
     static QString GetAccountAssetPropByTradingAccount(const QString& tradingAccount);
 
-    /// Exchange code of a security, the first where it trades on several.
+    /// Returns the exchange code of a security; the first one if it is traded on several exchanges.
     static QString GetFirstSecurityExchangeBySymbol(const QString& symbol);
 
-    /// Type code of a security, see `Kelvo_Values::MdcSecurityType`.
+    /// Returns the type code of a security, see `Kelvo_Values::MdcSecurityType`.
     static QString GetSecurityTypeBySymbol(const QString& symbol);
 
-    /// Sub-type code of a security.
+    /// Returns the sub-type code of a security.
     static QString GetSecuritySubTypeBySymbol(const QString& symbol);
 
-    /// Chinese name of a security.
+    /// Returns the Chinese name of a security.
     static QString GetSecurityChineseName(const QString& symbol);
 
-    /// Lot step of a security in displayed units; 0 when unknown.
+    /// Returns the lot step of a security in displayed units; 0 if unknown.
     static int GetQtyStepBySymbol(const QString& symbol);
 
-    /// Factor between stored and displayed quantity: displayed = stored × factor. 1 when unknown; never 0.
+    /// Returns the factor between stored and displayed quantity: displayed = stored × factor. 1 if unknown; never 0.
     static int GetDispFactorBySymbol(const QString& symbol);
 
-    /// Decimals of a security's price on an exchange; an empty exchange means its first. 2 when unknown.
+    /// Returns the number of decimals of a security's price on an exchange; 2 if unknown. An empty exchange means the
+    /// security's first exchange.
     static int GetPricePrecisionBySymbol(const QString& symbol, const QString& exchange);
 
-    /// Special-treatment flag of a security, see `Orlo_Values::StFlag`; `description` is set to a sentence about
-    /// it, or to an empty text. An unknown symbol counts as normal.
+    /// Returns the special-treatment flag of a security, see `Orlo_Values::StFlag`, and sets `description` to a
+    /// sentence about it or to an empty text. An unknown symbol counts as normal.
     static QString GetSymbolStType(const QString& symbol, QString& description);
 };

@@ -3,27 +3,27 @@
 #include <QComboBox>
 #include <memory>
 
-/// A combo box that never becomes editable; its popup can carry a search field. The wheel does nothing unless the
-/// box has the focus.
+/// A combo box that is never editable. Its popup can have a search field. The box ignores the wheel unless it has the
+/// focus.
 class OrloComboBox : public QComboBox {
     Q_OBJECT
 
 public:
-    explicit OrloComboBox(QWidget* parent = nullptr); ///< an empty box without a search field
+    explicit OrloComboBox(QWidget* parent = nullptr); ///< constructs an empty box without a search field
     ~OrloComboBox() override;
 
-    /// Puts a search field into the popup: typing narrows the list, the box itself stays uneditable.
+    /// Sets whether the popup has a search field. Typing there filters the list; the box itself stays uneditable.
     void setSearchEnabled(bool enabled = true);
     bool isSearchEnabled() const; ///< whether the popup has a search field
 
-    /// Makes the box usable again after it was locked.
+    /// Enables the box after it was locked.
     void ResetEnable();
 
-    void showPopup() override; ///< opens the list, with its search field where it has one
-    void hidePopup() override; ///< closes it
+    void showPopup() override; ///< opens the list, with the search field if enabled
+    void hidePopup() override; ///< closes the list
 
 protected:
-    void wheelEvent(QWheelEvent* event) override; ///< takes the wheel with the focus only
+    void wheelEvent(QWheelEvent* event) override; ///< handles the wheel only with the focus
 
 private:
     class Private;

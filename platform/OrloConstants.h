@@ -4,12 +4,12 @@
 
 /// Formats and dictionary names of the client.
 ///
-/// The values come from the linked platform; whoever uses them compares and stores them only.
+/// The linked platform defines the values. Other code only compares and stores them.
 namespace OrloConstants {
 
 /// Formats for `QDate::toString` and `QDate::fromString`.
 namespace DateTimeFormatString {
-/// The one format of every date that crosses the plan service.
+/// Format of every date in the plan service's records.
 extern const QString STD_DATE_FORMAT;
 } // namespace DateTimeFormatString
 

@@ -5,35 +5,35 @@
 #include <QList>
 #include <memory>
 
-/// A date field, either one date or a range, with a calendar in which what cannot be chosen is greyed out.
+/// A field for one date or a date range. Its calendar greys out dates that cannot be chosen.
 class OrloDateEdit : public QFrame {
     Q_OBJECT
 
 public:
-    explicit OrloDateEdit(QWidget* parent = nullptr); ///< one date, without bounds
+    explicit OrloDateEdit(QWidget* parent = nullptr); ///< constructs a field for one date, without bounds
     ~OrloDateEdit() override;
 
-    /// 0: one date; 1: a range of two dates. `withTime` adds the time of day.
+    /// Sets the mode, 0 for one date or 1 for a range. `withTime` adds the time of day.
     void SetMode(int mode, bool withTime);
-    /// Days of the week (1 Monday to 7 Sunday) that cannot be chosen.
+    /// Excludes days of the week (1 is Monday, 7 is Sunday); they cannot be chosen.
     void SetExceptDayOfWeek(const QList<int>& daysOfWeek);
-    /// Dates that cannot be chosen; replaces the earlier list.
+    /// Excludes dates; they cannot be chosen. Replaces the previous list.
     void SetExceptDateList(const QList<QDate>& dates);
-    /// Bounds; both count as choosable. An invalid date is no bound.
+    /// Sets the first date that can be chosen. An invalid date removes the bound.
     void SetMinDate(const QDate& date);
-    void SetMaxDate(const QDate& date); ///< the last date that can be chosen
-    /// Shows a range. A date that cannot be chosen is shown and marked as such, never moved; an invalid one leaves its
+    void SetMaxDate(const QDate& date); ///< sets the last date that can be chosen
+    /// Shows a range. A date that cannot be chosen is shown and marked, but not changed; an invalid date leaves its
     /// field empty.
     void SetStartEndDate(const QDate& start, const QDate& end);
-    /// Shows one date; the same holds.
+    /// Shows one date, in the same way.
     void SetDate(const QDate& date);
-    /// Whether the start of a range can be changed.
+    /// Sets whether the start of a range can be changed.
     void SetStartCalendarEnabled(bool enabled);
 
-    /// Start and end of the range; invalid when not given.
+    /// Returns the start of the range; invalid if the field is empty.
     QDate GetStartDate() const;
-    QDate GetEndDate() const; ///< the end; see above
-    /// The date of a single date field; invalid when not given.
+    QDate GetEndDate() const; ///< returns the end of the range; invalid if the field is empty
+    /// Returns the date in the mode for one date; invalid if the field is empty.
     QDate GetDate() const;
 
 private:

@@ -2,11 +2,11 @@
 
 #include "OrloDoubleSpinBox.h"
 
-/// A decimal number input without step buttons.
+/// An input for decimal numbers without step buttons.
 class OrloDecimalLineEdit : public OrloDoubleSpinBox {
     Q_OBJECT
 
 public:
-    explicit OrloDecimalLineEdit(QWidget* parent = nullptr); ///< as the spin box, without buttons
+    explicit OrloDecimalLineEdit(QWidget* parent = nullptr); ///< constructs an input at its minimum, with two decimals
     ~OrloDecimalLineEdit() override;
 };

@@ -3,41 +3,40 @@
 #include <QDoubleSpinBox>
 #include <memory>
 
-/// A decimal spin box whose field may be empty. Its text never holds grouping, and a number outside its range is
-/// never bent into it in silence: typing beyond the range is refused with a hint, and a number set from outside that
-/// does not fit leaves the field empty and is logged.
+/// A decimal spin box whose field can be empty. Its text has no group separators. A number outside the range is never
+/// silently clamped: typing it is rejected with a hint, and setting it clears the field and logs a warning.
 class OrloDoubleSpinBox : public QDoubleSpinBox {
     Q_OBJECT
 
 public:
-    explicit OrloDoubleSpinBox(QWidget* parent = nullptr); ///< at its minimum, two decimals
+    explicit OrloDoubleSpinBox(QWidget* parent = nullptr); ///< constructs a box at its minimum, with two decimals
     ~OrloDoubleSpinBox() override;
 
-    /// The text as shown, in the C locale and without grouping; empty when the field is empty.
+    /// Returns the text as shown, in the C locale and without group separators; empty if the field is empty.
     QString GetStrValue() const;
 
-    /// How the number is shown: 0 as a number, 1 as an amount, 2 as a ratio without trailing zeros.
+    /// Sets the format of the number: 0 for a number, 1 for an amount, 2 for a ratio without trailing zeros.
     void SetShowType(int showType);
 
-    /// Whether the field starts empty; when off it starts at its minimum.
+    /// Sets whether the field is initially empty; otherwise it starts at its minimum.
     void setEmptyMode(bool emptyMode);
 
-    QValidator::State validate(QString& text, int& position) const override; ///< an empty text is acceptable
-    void fixup(QString& text) const override;                 ///< finishes an unfinished number where it can
-    double valueFromText(const QString& text) const override; ///< 0 for an empty text
-    QString textFromValue(double value) const override;       ///< without grouping, in the show type
-    void stepBy(int steps) override; ///< does nothing where there are no step buttons, or beyond the range
+    QValidator::State validate(QString& text, int& position) const override; ///< accepts an empty text
+    void fixup(QString& text) const override;                 ///< completes an incomplete number if possible
+    double valueFromText(const QString& text) const override; ///< returns 0 for an empty text
+    QString textFromValue(double value) const override;       ///< uses the show type, without group separators
+    void stepBy(int steps) override;                          ///< does nothing without step buttons or beyond the range
 
 public Q_SLOTS:
-    /// Empties the field; `value()` is then 0.
+    /// Clears the field; `value()` is then 0.
     void clear() override;
-    /// Shows a number. One that is not finite or outside the range empties the field and is logged as a warning.
+    /// Shows a number. If it is not finite or outside the range, clears the field and logs a warning.
     void setValue(double value);
 
 protected:
-    void wheelEvent(QWheelEvent* event) override;    ///< takes the wheel with the focus only
-    void focusOutEvent(QFocusEvent* event) override; ///< takes the hint over the field away
-    bool event(QEvent* event) override;              ///< the same for a field that is locked
+    void wheelEvent(QWheelEvent* event) override;    ///< handles the wheel only with the focus
+    void focusOutEvent(QFocusEvent* event) override; ///< hides the hint over the field
+    bool event(QEvent* event) override;              ///< hides the hint when the field is locked
 
 private:
     class Private;

@@ -2,17 +2,17 @@
 
 #include <QLabel>
 
-/// A label that paints as much of its text as fits, and shows the whole as a tool tip when it does not. `text()` is
-/// always the whole text.
+/// A label that elides a text that does not fit and then shows the complete text as a tool tip. `text()` is always the
+/// complete text.
 class OrloElidedLabel : public QLabel {
     Q_OBJECT
 
 public:
-    explicit OrloElidedLabel(QWidget* parent = nullptr); ///< without a text
+    explicit OrloElidedLabel(QWidget* parent = nullptr); ///< constructs a label without a text
     ~OrloElidedLabel() override;
 
-    QSize minimumSizeHint() const override; ///< room for an ellipsis only
+    QSize minimumSizeHint() const override; ///< returns the size of an ellipsis
 
 protected:
-    void paintEvent(QPaintEvent* event) override; ///< paints what fits
+    void paintEvent(QPaintEvent* event) override; ///< paints the elided text
 };

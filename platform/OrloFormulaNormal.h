@@ -8,6 +8,6 @@ class OrloFormulaNormal : public QLineEdit, public OrloFormulaPrompter {
     Q_OBJECT
 
 public:
-    explicit OrloFormulaNormal(QWidget* parent = nullptr); ///< prompts in itself
+    explicit OrloFormulaNormal(QWidget* parent = nullptr); ///< constructs an input that is its own prompter
     ~OrloFormulaNormal() override;
 };

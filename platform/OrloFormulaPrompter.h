@@ -4,22 +4,22 @@
 #include <QStringList>
 #include <memory>
 
-/// What makes a line edit a formula input: it offers names and functions at the cursor.
+/// Makes a line edit a formula input: offers names and functions at the cursor.
 class OrloFormulaPrompter {
 public:
-    /// Prompts in `edit`, which must outlive the prompter.
+    /// Constructs a prompter for `edit`, which must outlive it.
     explicit OrloFormulaPrompter(QLineEdit* edit);
     virtual ~OrloFormulaPrompter();
 
-    /// 0: offers nothing by itself; 1: offers at the cursor while the trader types.
+    /// Sets the mode: 0 disables prompting, 1 prompts while the trader types.
     void setMode(int mode);
-    /// The functions to offer, each as it is written without arguments ("max(,)"); replaces the earlier list.
+    /// Sets the functions to offer, each written without arguments ("max(,)"). Replaces the previous list.
     void SetFunctionItems(const QStringList& functions);
-    /// The names to offer, in this order; replaces the earlier list and leaves the text as it is.
+    /// Sets the names to offer, in this order. Replaces the previous list and leaves the text unchanged.
     void SetFormulaItems(const QStringList& items);
 
-    QStringList FunctionItems() const; ///< the functions on offer
-    QStringList FormulaItems() const;  ///< the names on offer, in their order
+    QStringList FunctionItems() const; ///< returns the offered functions
+    QStringList FormulaItems() const;  ///< returns the offered names in their order
 
 private:
     class Private;

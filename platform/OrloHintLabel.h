@@ -2,11 +2,11 @@
 
 #include <QLabel>
 
-/// A caption or unit label.
+/// A label for captions and units.
 class OrloHintLabel : public QLabel {
     Q_OBJECT
 
 public:
-    explicit OrloHintLabel(QWidget* parent = nullptr); ///< without a text
+    explicit OrloHintLabel(QWidget* parent = nullptr); ///< constructs a label without a text
     ~OrloHintLabel() override;
 };

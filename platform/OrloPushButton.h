@@ -12,16 +12,17 @@ public:
     /// Values of `setStyleType`.
     struct BtnStyleType {
         static const QString Normal;    ///< an ordinary button
-        static const QString Highlight; ///< the button that the form is about
-        static const QString Text;      ///< a text that can be clicked
+        static const QString Highlight; ///< the main button of a form
+        static const QString Text;      ///< a clickable text
     };
 
-    explicit OrloPushButton(QWidget* parent = nullptr); ///< in the style `Normal`
+    explicit OrloPushButton(QWidget* parent = nullptr); ///< constructs a button in the style `Normal`
     ~OrloPushButton() override;
 
-    /// Sets the style; style sheets select by the property of the same name. An unknown style looks like `Normal`.
+    /// Sets the style. Style sheets select buttons by the property of the same name. An unknown style looks like
+    /// `Normal`.
     void setStyleType(const QString& styleType);
-    QString styleType() const; ///< the style as it was set
+    QString styleType() const; ///< returns the style that was set
 
 private:
     class Private;

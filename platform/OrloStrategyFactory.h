@@ -3,13 +3,13 @@
 #include "ParamListWidget_single.h"
 #include "StrategyMode.h"
 
-/// Makes the widgets of the algorithm service. One per process.
+/// Creates the widgets of the algorithm service. One object per process.
 class OrloStrategyFactory {
 public:
-    static OrloStrategyFactory& instance(); ///< the factory; lives as long as the process
+    static OrloStrategyFactory& instance(); ///< returns the factory, which lives as long as the process
 
-    /// A new algorithm parameter widget, owned by `parent`. `globalType` is one of `Algo_Values::AlgoGlobalType`.
-    /// `flags` says what the widget offers (1: strategy choice, 2: parameters). Never null.
+    /// Creates an algorithm parameter widget, owned by `parent`. `globalType` is one of `Algo_Values::AlgoGlobalType`.
+    /// `flags` combines the contents of the widget (1: strategy choice, 2: parameters). Never returns null.
     ParamListWidget_single* CreateStrategyWgt(StrategyMode mode, QWidget* parent, const QString& globalType,
         QStringList whiteList, QStringList blackList, int flags);
 

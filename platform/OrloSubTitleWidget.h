@@ -8,11 +8,11 @@ class OrloSubTitleWidget : public QWidget {
     Q_OBJECT
 
 public:
-    explicit OrloSubTitleWidget(QWidget* parent = nullptr); ///< without a title
+    explicit OrloSubTitleWidget(QWidget* parent = nullptr); ///< constructs a heading without a title
     ~OrloSubTitleWidget() override;
 
-    void SetTitle(const QString& title); ///< shows a title
-    QString Title() const;               ///< the title; empty until one is set
+    void SetTitle(const QString& title); ///< sets the title
+    QString Title() const;               ///< returns the title; empty until one is set
 
 private:
     class Private;

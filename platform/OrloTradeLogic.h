@@ -2,13 +2,13 @@
 
 #include <QString>
 
-/// Trade rules that need the account's state. One per process.
+/// Trade rules that depend on the state of an account. One object per process.
 class OrloTradeLogic {
 public:
-    static OrloTradeLogic& instance(); ///< the rules; live as long as the process
+    static OrloTradeLogic& instance(); ///< returns the rules, which live as long as the process
 
-    /// True when a bond conversion may be entered for an account (the account box's current data), a security and
-    /// a side. `withMessage` tells the trader why not.
+    /// Returns true if a bond conversion can be entered for an account (the current data of the account box), a
+    /// security and a side. If not, `withMessage` shows the reason to the trader.
     bool checkMarginBondConvertEnable(
         const QString& account, const QString& symbol, const QString& side, bool withMessage);
 

@@ -4,7 +4,7 @@
 
 /// Field keys of the client's trading records.
 ///
-/// The values come from the linked platform; whoever uses them compares and stores them only.
+/// The linked platform defines the values. Other code only compares and stores them.
 namespace Orlo_Fields {
 
 /// Keys of a plan record.
@@ -17,7 +17,7 @@ extern const QString subType;
 
 /// Keys of an instruction's field map.
 namespace Security {
-/// Amount filled so far, in yuan.
+/// Filled amount, in yuan.
 extern const QString cumAmount;
 } // namespace Security
 

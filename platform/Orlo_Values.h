@@ -5,10 +5,10 @@
 
 /// Codes of the client's trading records.
 ///
-/// The values come from the linked platform; whoever uses them compares and stores them only.
+/// The linked platform defines the values. Other code only compares and stores them.
 namespace Orlo_Values {
 
-/// Order side as the security service knows it.
+/// Order side in the security service.
 namespace OrderSide {
 extern const QString buy; ///< a purchase
 } // namespace OrderSide
@@ -24,8 +24,8 @@ extern const QString financingBuy;     ///< a purchase with borrowed money
 extern const QString financingSell;    ///< a sale to repay borrowed money
 extern const QString marginBuyNormal;  ///< an ordinary purchase on a credit account
 extern const QString marginSellNormal; ///< an ordinary sale on a credit account
-extern const QString BondConversion;   ///< a bond turned into stock
-extern const QString paidRationShare;  ///< rights taken up and paid
+extern const QString BondConversion;   ///< conversion of a bond into stock
+extern const QString paidRationShare;  ///< paid subscription of a rights issue
 } // namespace SideUnion
 
 /// Hong Kong connect price types.
@@ -42,7 +42,7 @@ namespace FundAccountType {
 extern const QString Credit;
 } // namespace FundAccountType
 
-/// Exchange codes beside those of `Kelvo_Values::Exchange`.
+/// Exchange codes, in addition to `Kelvo_Values::Exchange`.
 namespace Exchange {
 /// Beijing.
 extern const QString bj;
@@ -50,7 +50,7 @@ extern const QString bj;
 extern const QString HkStockCirculation;
 } // namespace Exchange
 
-/// Security sub-type codes beside those of `Kelvo_Values::MdcSubSecurityType`.
+/// Security sub-type codes, in addition to `Kelvo_Values::MdcSubSecurityType`.
 namespace MdcSubSecurityType {
 /// Stock of the Shanghai science and technology board.
 extern const QString ScienTechInnovateBoard;
@@ -66,7 +66,7 @@ extern const QString DirectedConBond;
 extern const QString PaidRationBond;
 /// Stock rights issue.
 extern const QString PaidRationStock;
-/// Every bond sub-type but repurchases.
+/// All bond sub-types except repurchases.
 extern const QStringList AllBondNoRepurchaseTypeList;
 /// Convertible bond sub-types.
 extern const QStringList ConvertableBondTypeList;

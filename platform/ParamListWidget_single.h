@@ -8,45 +8,44 @@
 #include <QWidget>
 #include <memory>
 
-/// Panel in which the trader chooses one algorithm for one security and fills in its parameters. Made by
-/// `OrloStrategyFactory`; the chosen strategy and its parameters stay in the panel until they are cleared.
+/// Panel in which the trader chooses an algorithm for one security and enters its parameters. `OrloStrategyFactory`
+/// creates the panel. It keeps the chosen strategy and its parameters until they are cleared.
 class ParamListWidget_single : public QWidget {
     Q_OBJECT
 
 public:
-    explicit ParamListWidget_single(QWidget* parent = nullptr); ///< without a strategy
+    explicit ParamListWidget_single(QWidget* parent = nullptr); ///< constructs a panel without a strategy
     ~ParamListWidget_single() override;
 
-    /// Loads a strategy into the panel, with default values and the values set so far, and shows the panel when
-    /// the strategy has a name. Returns "0" on success, otherwise the reason, ready to be shown.
+    /// Loads a strategy into the panel, with default values and the current values, and shows the panel if the strategy
+    /// has a name. Returns "0" on success, otherwise the reason as a text to show.
     virtual QString LoadStrategy(const AesStrategy& strategy, const QMap<QString, QVariant>& defaults,
         const QMap<QString, QVariant>& parameters, const QString& symbol) = 0;
-    /// The parameters that the trader has confirmed, with the base data; empty when none are set.
+    /// Returns the parameters that the trader has confirmed, and the base data; empty if no parameters are set.
     virtual QMap<QString, QVariant> GetParamMap() const = 0;
-    /// Name of the confirmed strategy; empty when none is.
+    /// Returns the name of the confirmed strategy; empty if no strategy is confirmed.
     virtual QString GetStrategyName() const = 0;
     /// Rebuilds the list of offered algorithms from the white and black lists.
     virtual void RefreshAlgoList() = 0;
-    /// Tells the panel that the plan's instruction mode or security has changed: what depends on them is set up
-    /// afresh, a confirmed strategy is kept.
+    /// Updates the panel after the plan's instruction mode or security has changed. A confirmed strategy is kept.
     virtual void ReInit() = 0;
-    /// True when a strategy is confirmed and its parameters are set.
+    /// Returns true if a strategy is confirmed and its parameters are set.
     virtual bool HasParams() const = 0;
-    /// Forgets the strategy and its parameters.
+    /// Clears the strategy and its parameters.
     virtual void ClearParams() = 0;
 
-    /// Names that may be offered; an empty list does not restrict. Takes effect with `RefreshAlgoList`.
+    /// Sets the names that may be offered. An empty list does not restrict. `RefreshAlgoList` applies the list.
     void setAlgoWhiteList(QStringList names);
-    /// Names that may not be offered. Takes effect with `RefreshAlgoList`.
+    /// Sets the names that must not be offered. `RefreshAlgoList` applies the list.
     void setAlgoBlackList(QStringList names);
-    /// The algorithms to which the user is entitled, within the two lists.
+    /// Returns the algorithms that the user may use, restricted by both lists.
     QStringList getAuthorityAlgoList() const;
-    /// Hands over the plan's base data (`Algo_Fields::AlgoInstContentInfo`). With `resetParams` the parameters are
-    /// cleared first; without it, entries of the map that are parameters of the strategy are taken as their
-    /// values, and a strategy name in the map under `AutoPlanField::BaseField::algoStrategyName` is loaded.
+    /// Sets the plan's base data (`Algo_Fields::AlgoInstContentInfo`). With `resetParams`, clears the parameters first.
+    /// Without it, map entries that are parameters of the strategy set their values, and a strategy whose name is in
+    /// the map under `AutoPlanField::BaseField::algoStrategyName` is loaded.
     AlgoErrorCode setBaseInfoData(QMap<QString, QVariant> baseData, bool resetParams);
 
 protected:
     class Private;
-    std::unique_ptr<Private> d; ///< each implementation's own
+    std::unique_ptr<Private> d; ///< private data of the implementation
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-/// Layout of the algorithm parameter widget that `OrloStrategyFactory` makes.
+/// Layout of the algorithm parameter widget created by `OrloStrategyFactory`.
 enum class StrategyMode {
     Table = 0,  ///< one row per strategy
     Batch = 1,  ///< one strategy for many securities

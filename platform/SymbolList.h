@@ -4,21 +4,21 @@
 #include <QVector>
 #include <initializer_list>
 
-/// Symbols in order, as the securities cache answers them. Joining two lists copies no symbol: a list holds the
-/// implicitly shared runs that it was joined from, so its cost does not grow with the market.
+/// An ordered list of symbols, as returned by the securities cache. Appending a list does not copy symbols: the list
+/// holds implicitly shared runs, so the cost does not depend on the size of the market.
 class SymbolList {
 public:
     SymbolList() = default;
 
-    SymbolList(const QStringList& symbols) { appendRun(symbols); } ///< one run
+    SymbolList(const QStringList& symbols) { appendRun(symbols); } ///< constructs a list of one run
 
-    /// One run of the symbols in the braces.
+    /// Constructs a list of one run with the given symbols.
     SymbolList(std::initializer_list<QString> symbols)
         : SymbolList(QStringList(symbols))
     {
     }
 
-    /// Appends the other list's symbols, also those that are there already.
+    /// Appends the symbols of another list, including duplicates.
     SymbolList& operator+=(const SymbolList& other)
     {
         for (const QStringList& run : other.m_runs)
@@ -26,9 +26,9 @@ public:
         return *this;
     }
 
-    bool isEmpty() const { return m_runs.isEmpty(); } ///< true when there is no symbol at all
+    bool isEmpty() const { return m_runs.isEmpty(); } ///< returns true if the list has no symbols
 
-    /// Number of symbols in all runs.
+    /// Returns the number of symbols in all runs.
     int size() const
     {
         int count = 0;
@@ -37,10 +37,10 @@ public:
         return count;
     }
 
-    /// The runs in order, none of them empty.
+    /// Returns the runs in order. No run is empty.
     const QVector<QStringList>& runs() const { return m_runs; }
 
-    /// All symbols in one list; copies.
+    /// Returns a copy of all symbols in one list.
     QStringList toStringList() const
     {
         QStringList all;

@@ -4,30 +4,30 @@
 #include <QLineEdit>
 #include <memory>
 
-/// The box in which a security is searched by code or name and chosen from at most 50 matches.
+/// Search field for securities. The trader types a code or a name and chooses from at most 50 matches.
 class VorSearchBox : public QLineEdit {
     Q_OBJECT
 
 public:
-    explicit VorSearchBox(QWidget* parent = nullptr); ///< without securities
+    explicit VorSearchBox(QWidget* parent = nullptr); ///< constructs a field without securities
     ~VorSearchBox() override;
 
-    /// The securities to choose from; replaces the earlier list and leaves the chosen security as it is.
+    /// Sets the securities to choose from. Replaces the previous list and keeps the chosen security.
     void setSecurityList(const SymbolList& symbols);
-    /// 0: by code; 1: by code and by name.
+    /// Sets the search mode: 0 for codes, 1 for codes and names.
     void setSearchMode(int mode);
-    /// Characters to be typed before anything matches.
+    /// Sets the number of characters that must be typed before the search starts.
     void setMinMatchLength(int length);
-    /// Chooses a security without a search, also one that the list does not hold; an empty text chooses none.
-    /// Announces a change like a choice by the trader.
+    /// Chooses a security without a search. The security need not be in the list; an empty text clears the choice. A
+    /// change emits the same signals as a choice by the trader.
     void setSymbol(const QString& symbol);
-    /// Symbol of the chosen security; empty when none is, also while the trader is typing another.
+    /// Returns the symbol of the chosen security; empty if no security is chosen or the trader is typing.
     QString getSymbol() const;
 
 Q_SIGNALS:
-    /// Another security is chosen, or none any more.
+    /// Emitted when the chosen security changes or is cleared.
     void selectStockCodeChange(const QString& symbol);
-    /// Its Chinese name; follows `selectStockCodeChange`.
+    /// Emitted after `selectStockCodeChange`, with the Chinese name of the security.
     void selectStockNameChange(const QString& name);
 
 private:
