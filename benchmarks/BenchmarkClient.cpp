@@ -1,10 +1,10 @@
 #include "BenchmarkClient.h"
 
+#include "Appearance.h"
+#include "ClientClock.h"
+#include "ClientSession.h"
 #include "SampleSession.h"
-#include "calendar/ClientClock.h"
-#include "search/SymbolIndexes.h"
-#include "session/ClientSession.h"
-#include "widgets/Skins.h"
+#include "SymbolIndexes.h"
 
 #include <QElapsedTimer>
 #include <QFile>

@@ -2,7 +2,7 @@
 // account the positions.
 #include "AutoParamSetting.h"
 #include "BenchmarkClient.h"
-#include "session/ClientSession.h"
+#include "ClientSession.h"
 
 namespace {
 

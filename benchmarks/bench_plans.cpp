@@ -1,8 +1,8 @@
 // What it costs to open a stored plan, and how often it is read for that.
 #include "AutoParamSetting.h"
 #include "BenchmarkClient.h"
+#include "ClientSession.h"
 #include "Counters.h"
-#include "session/ClientSession.h"
 
 namespace {
 

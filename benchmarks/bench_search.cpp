@@ -1,11 +1,11 @@
 // What a keystroke in the search for a security costs until the list is painted, beside a line edit with Qt's completer
 // over the same rows. Texts are typed as traders type them: codes, parts of names, and some that nothing matches.
 #include "BenchmarkClient.h"
+#include "ClientSession.h"
+#include "SecurityStore.h"
+#include "SymbolIndexes.h"
 #include "SymbolList.h"
 #include "VorSearchBox.h"
-#include "search/SymbolIndexes.h"
-#include "session/ClientSession.h"
-#include "store/SecurityStore.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>

@@ -2,13 +2,13 @@
 // to a file beside the log, each in turn; and how often the log is flushed for it.
 #include "AutoParamSetting.h"
 #include "BenchmarkClient.h"
+#include "ClientSession.h"
 #include "Counters.h"
 #include "Kelvo_Values.h"
 #include "OrloDecimalLineEdit.h"
+#include "PlanNews.h"
 #include "SampleSession.h"
 #include "VorSearchBox.h"
-#include "session/ClientSession.h"
-#include "session/PlanNews.h"
 
 #include <QAbstractButton>
 #include <QComboBox>

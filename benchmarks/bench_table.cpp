@@ -1,7 +1,7 @@
 // What it costs to open the window with the plan table until its first page is painted, and what memory it takes.
 #include "BenchmarkClient.h"
+#include "ClientSession.h"
 #include "MainWindow.h"
-#include "session/ClientSession.h"
 
 namespace {
 

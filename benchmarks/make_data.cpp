@@ -1,20 +1,20 @@
 // Makes a database for the benchmarks: make_data FILE SECURITIES ACCOUNTS PLANS INSTRUCTIONS
 // The user "bench" gets the accounts; the first of them has 250 positions and, when there are plans, all of them; the
 // first plan has the instructions.
+#include "AccountStore.h"
+#include "AuthorityStore.h"
 #include "AutoPlanField.h"
+#include "ClientClock.h"
+#include "ClientSession.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
 #include "Orlo_Fields.h"
 #include "Orlo_Values.h"
+#include "PlanCodes.h"
+#include "PositionStore.h"
 #include "SampleSession.h"
-#include "calendar/ClientClock.h"
-#include "session/ClientSession.h"
-#include "store/AccountStore.h"
-#include "store/AuthorityStore.h"
-#include "store/PositionStore.h"
-#include "store/SecurityStore.h"
-#include "values/PlanCodes.h"
+#include "SecurityStore.h"
 
 #include <QCoreApplication>
 #include <QFile>

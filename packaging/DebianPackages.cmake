@@ -4,7 +4,7 @@ set(CPACK_PACKAGE_NAME autoparamsetting)
 set(CPACK_PACKAGE_VENDOR "AutoParamSetting developers")
 set(CPACK_PACKAGE_CONTACT "AutoParamSetting developers <developers@autoparamsetting.invalid>")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
-set(CPACK_COMPONENTS_ALL runtime development platform platform_headers client designer)
+set(CPACK_COMPONENTS_ALL runtime development platform platform_headers client walkthrough designer)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
@@ -49,6 +49,9 @@ debian_package(platform_headers libplandesk-platform-dev libdevel "qtbase5-dev (
 debian_package(client plandesk misc ""
     "Stand-alone client with a plan editor for automatic trading"
     "A table of plans and the form to create, edit and copy them, with a database\nand an invented market.")
+debian_package(walkthrough plandesk-walkthrough misc "plandesk"
+    "Walk-through of the stand-alone client"
+    "A program that fills plans in by mouse and keyboard in the window of plandesk and\ncompares what is then stored.")
 debian_package(designer plandesk-designer devel "qttools5-dev-tools"
     "Widgets of the plandesk client in Qt Designer"
     "A plug-in with which the plan editor's form opens in Qt Designer as it looks.")
@@ -56,6 +59,7 @@ set(CPACK_COMPONENT_RUNTIME_DEPENDS platform)
 set(CPACK_COMPONENT_DEVELOPMENT_DEPENDS runtime)
 set(CPACK_COMPONENT_PLATFORM_HEADERS_DEPENDS platform development)
 set(CPACK_COMPONENT_CLIENT_DEPENDS runtime platform)
+set(CPACK_COMPONENT_WALKTHROUGH_DEPENDS runtime platform)
 set(CPACK_COMPONENT_DESIGNER_DEPENDS platform)
 set(CPACK_DEBIAN_CLIENT_PACKAGE_RECOMMENDS fonts-noto-cjk)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_SOURCE_DIR}/triggers)

@@ -4,7 +4,7 @@
 #include "AutoPlanField.h"
 #include "LogCatcher.h"
 #include "OrloStrategyFactory.h"
-#include "strategies/StrategyLibrary.h"
+#include "StrategyLibrary.h"
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
 #include <QCheckBox>

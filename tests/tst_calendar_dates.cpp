@@ -1,18 +1,18 @@
 #include "AutoParamSetting.h"
 #include "AutoPlanField.h"
 #include "AutoPlanLogic.h"
+#include "BoxWatcher.h"
+#include "ClientClock.h"
+#include "ClientSession.h"
+#include "FormDriver.h"
 #include "FormReader.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Values.h"
 #include "LogCatcher.h"
 #include "OrloDateEdit.h"
+#include "PlanCodes.h"
 #include "SampleSession.h"
 #include "TestToday.h"
-#include "calendar/ClientClock.h"
-#include "session/ClientSession.h"
-#include "values/PlanCodes.h"
-#include "walkthrough/BoxWatcher.h"
-#include "walkthrough/FormDriver.h"
 
 #include <QSignalSpy>
 #include <QtTest>

@@ -92,7 +92,9 @@ void DocsTest::thePlanRecordNamesEveryKeyWithItsValueInTheClient_data()
     QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("value");
     const QString header = readAll(QStringLiteral("platform/AutoPlanField.h"));
-    const QString source = readAll(QStringLiteral("client/values/AutoPlanField.cpp"));
+    const QString families = readAll(QStringLiteral("client/values/ConstantFamilies.cpp"));
+    const QString source = families.section(QStringLiteral("\nnamespace AutoPlanField {"), 1)
+                               .section(QStringLiteral("} // namespace AutoPlanField"), 0, 0);
     const QStringList namespaces = header.split(QStringLiteral("\nnamespace ")).mid(2);
     QCOMPARE(namespaces.size(), 2);
     for (const QString& part : namespaces) {

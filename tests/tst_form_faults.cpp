@@ -1,16 +1,16 @@
 #include "AutoParamSetting.h"
+#include "BoxWatcher.h"
+#include "ClientClock.h"
+#include "ClientSession.h"
 #include "FaultyDisk.h"
+#include "FormDriver.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Values.h"
 #include "LogCatcher.h"
+#include "PlanCodes.h"
 #include "SampleSession.h"
 #include "TestToday.h"
 #include "WriterProcess.h"
-#include "calendar/ClientClock.h"
-#include "session/ClientSession.h"
-#include "values/PlanCodes.h"
-#include "walkthrough/BoxWatcher.h"
-#include "walkthrough/FormDriver.h"
 
 #include <QComboBox>
 #include <QElapsedTimer>

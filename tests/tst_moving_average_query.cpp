@@ -1,9 +1,9 @@
 #include "AutoPlanLogic.h"
+#include "ClientSession.h"
 #include "Kelvo_Values.h"
 #include "LogCatcher.h"
+#include "MovingAverages.h"
 #include "SampleSession.h"
-#include "market/MovingAverages.h"
-#include "session/ClientSession.h"
 
 #include <QSignalSpy>
 #include <QThread>

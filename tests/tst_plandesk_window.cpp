@@ -1,20 +1,20 @@
+#include "Appearance.h"
 #include "AutoParamSetting.h"
 #include "AutoPlanField.h"
+#include "BoxWatcher.h"
+#include "ClientSession.h"
 #include "EditorDialog.h"
+#include "FormDriver.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Values.h"
 #include "LogCatcher.h"
 #include "MainWindow.h"
 #include "Options.h"
+#include "PlanCodes.h"
 #include "PlanTableModel.h"
 #include "PlanWording.h"
 #include "SampleSession.h"
 #include "TestToday.h"
-#include "session/ClientSession.h"
-#include "values/PlanCodes.h"
-#include "walkthrough/BoxWatcher.h"
-#include "walkthrough/FormDriver.h"
-#include "widgets/Skins.h"
 
 #include <QAction>
 #include <QLabel>
@@ -35,7 +35,7 @@ const QSize formSize(517, 710);
 
 Options read(const QStringList& arguments)
 {
-    return readOptions(QStringList{ QStringLiteral("plandesk") } + arguments);
+    return readOptions(QStringList{ QStringLiteral("plandesk") } + arguments, Program::Client);
 }
 
 PlanForm ordinaryForm()
@@ -54,12 +54,13 @@ struct ProgramEnd {
     QString errors;
 };
 
-ProgramEnd runProgram(
-    const QStringList& arguments, const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment())
+ProgramEnd runProgram(const QStringList& arguments,
+    const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment(),
+    const QString& file = QStringLiteral(PLANDESK_PROGRAM))
 {
     QProcess program;
     program.setProcessEnvironment(environment);
-    program.start(QStringLiteral(PLANDESK_PROGRAM), arguments);
+    program.start(file, arguments);
     constexpr int timeout = 100000; // milliseconds, for a walk-through on a busy machine
     if (!program.waitForFinished(timeout))
         return ProgramEnd();
@@ -223,8 +224,7 @@ void TestPlandeskWindow::options_that_do_not_fit_are_told_in_chinese_data()
         QStringLiteral("日期“2024-02-30”无效，格式为yyyy-MM-dd"));
     row("a day in another form", QStringLiteral("--issue-day 2024-5-6"),
         QStringLiteral("日期“2024-5-6”无效，格式为yyyy-MM-dd"));
-    row("two jobs at once", QStringLiteral("--issue-day 2024-05-06 --walkthrough folder"),
-        QStringLiteral("--walkthrough与--issue-day不能同时使用"));
+    row("a job of the other program", QStringLiteral("--walkthrough folder"), QStringLiteral("未知选项：walkthrough"));
 }
 
 void TestPlandeskWindow::options_that_do_not_fit_are_told_in_chinese()
@@ -257,15 +257,13 @@ void TestPlandeskWindow::every_option_is_read()
     QCOMPARE(window.skin, QStringLiteral("dark"));
     QCOMPARE(window.securities, 100000);
     QCOMPARE(read({ QStringLiteral("--language=en") }).language, QStringLiteral("en"));
-    QCOMPARE(read({ QStringLiteral("--walkthrough=w") }).walkthrough, QStringLiteral("w"));
     QCOMPARE(read({ QStringLiteral("--issue-day=2024-05-06") }).issueDay, QDate(2024, 5, 6));
 }
 
 void TestPlandeskWindow::the_help_names_every_option()
 {
     const QString help = read({ QStringLiteral("--help") }).help;
-    for (const char* name :
-        { "user", "database", "skin", "language", "securities", "walkthrough", "issue-day", "help" })
+    for (const char* name : { "user", "database", "skin", "language", "securities", "issue-day", "help" })
         QVERIFY2(help.contains(QStringLiteral("--") + QLatin1String(name)), name);
     QVERIFY(help.startsWith(QStringLiteral("用法：")));
 }
@@ -356,9 +354,8 @@ void TestPlandeskWindow::the_walk_through_passes_whatever_digits_the_machine_wri
     QFETCH(QString, variable);
     QFETCH(QString, locale);
     QTemporaryDir folder;
-    const ProgramEnd end = runProgram({ QStringLiteral("--walkthrough"), folder.path(), QStringLiteral("--database"),
-                                          folder.filePath(QStringLiteral("plandesk.sqlite")) },
-        inLanguage(variable, locale));
+    const ProgramEnd end =
+        runProgram({ folder.path() }, inLanguage(variable, locale), QStringLiteral(WALKTHROUGH_PROGRAM));
     QVERIFY2(end.code == 0, qPrintable(end.output + end.errors));
     QVERIFY2(end.output.contains(QStringLiteral("核对一致的计划9个，问题0个")), qPrintable(end.output));
 }

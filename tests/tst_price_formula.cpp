@@ -1,6 +1,6 @@
-#include "formula/PriceFormula.h"
-#include "formula/TickPrice.h"
-#include "plans/DayPrice.h"
+#include "DayPrice.h"
+#include "PriceFormula.h"
+#include "TickPrice.h"
 
 #include <QElapsedTimer>
 #include <QtTest>

@@ -2,6 +2,8 @@
 #include "AutoPlanField.h"
 #include "AutoPlanLogic.h"
 #include "CBusinessDataBase.h"
+#include "ClientClock.h"
+#include "ClientSession.h"
 #include "FormReader.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Fields.h"
@@ -13,12 +15,10 @@
 #include "OrloDecimalLineEdit.h"
 #include "Orlo_Values.h"
 #include "ParamListWidget_single.h"
+#include "PlanCodes.h"
 #include "SampleSession.h"
 #include "TestToday.h"
 #include "VorSearchBox.h"
-#include "calendar/ClientClock.h"
-#include "session/ClientSession.h"
-#include "values/PlanCodes.h"
 
 #include <QAbstractButton>
 #include <QDialog>

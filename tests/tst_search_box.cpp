@@ -1,9 +1,9 @@
 #include "HintReader.h"
 #include "LogCatcher.h"
 #include "SuggestionPopup.h"
+#include "SymbolSearch.h"
 #include "VorSearchBox.h"
 #include "WidgetServices.h"
-#include "search/SymbolSearch.h"
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>

@@ -1,6 +1,6 @@
+#include "Appearance.h"
 #include "LogCatcher.h"
 #include "SkinSheet.h"
-#include "widgets/Skins.h"
 
 #include <QRegularExpression>
 #include <QSet>

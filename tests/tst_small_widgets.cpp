@@ -1,3 +1,4 @@
+#include "Appearance.h"
 #include "FieldHint.h"
 #include "HintReader.h"
 #include "LogCatcher.h"
@@ -6,8 +7,7 @@
 #include "OrloPushButton.h"
 #include "OrloSubTitleWidget.h"
 #include "OrloUtils.h"
-#include "PopupPlace.h"
-#include "Skins.h"
+#include "Popups.h"
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>

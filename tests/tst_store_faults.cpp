@@ -1,13 +1,13 @@
 #include "AutoPlanField.h"
 #include "AutoPlanLogic.h"
+#include "ClientClock.h"
+#include "ClientSession.h"
 #include "FaultyDisk.h"
 #include "LogCatcher.h"
 #include "PlanLedger.h"
 #include "SampleSession.h"
+#include "Schema.h"
 #include "WriterProcess.h"
-#include "calendar/ClientClock.h"
-#include "session/ClientSession.h"
-#include "store/Schema.h"
 
 #include <QElapsedTimer>
 #include <QFile>

@@ -1,11 +1,11 @@
 #include "AutoPlanField.h"
+#include "ClientSession.h"
+#include "Database.h"
 #include "LogCatcher.h"
 #include "PlanLedger.h"
+#include "PlanStore.h"
 #include "SampleSession.h"
 #include "WriterProcess.h"
-#include "session/ClientSession.h"
-#include "store/Database.h"
-#include "store/PlanStore.h"
 
 #include <QFile>
 #include <QRandomGenerator>

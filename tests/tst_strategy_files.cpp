@@ -1,9 +1,9 @@
 #include "AlgoTradeLogicNew.h"
 #include "LogCatcher.h"
-#include "services/StrategyQuery.h"
-#include "strategies/ParameterValue.h"
-#include "strategies/StrategyFile.h"
-#include "strategies/StrategyLibrary.h"
+#include "ParameterValue.h"
+#include "StrategyFile.h"
+#include "StrategyLibrary.h"
+#include "StrategyQuery.h"
 #include <QBuffer>
 #include <QElapsedTimer>
 #include <QSignalSpy>

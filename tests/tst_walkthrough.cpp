@@ -1,10 +1,11 @@
+#include "ClientClock.h"
+#include "ClientSession.h"
 #include "LogCatcher.h"
 #include "MainWindow.h"
+#include "Options.h"
 #include "SampleSession.h"
 #include "TestToday.h"
-#include "calendar/ClientClock.h"
-#include "session/ClientSession.h"
-#include "walkthrough/WalkThrough.h"
+#include "WalkThrough.h"
 
 #include <QDir>
 #include <QImage>
@@ -17,6 +18,12 @@ const QSize formSize(517, 710);
 QStringList pictures(const QString& folder, const QString& pattern)
 {
     return QDir(folder).entryList({ pattern }, QDir::Files, QDir::Name);
+}
+
+Options read(const QString& arguments)
+{
+    return readOptions(
+        (QStringLiteral("plandesk-walkthrough ") + arguments).split(QLatin1Char(' ')), Program::WalkThrough);
 }
 
 } // namespace
@@ -33,6 +40,9 @@ private Q_SLOTS:
     void every_plan_is_stored_as_filled_in_on_any_day();
     void a_second_walk_through_the_same_database_passes_too();
     void a_user_without_the_accounts_fails();
+    void the_command_line_names_the_folder();
+    void a_command_line_that_does_not_fit_is_refused_data();
+    void a_command_line_that_does_not_fit_is_refused();
 
 private:
     std::unique_ptr<LogCatcher> m_log;
@@ -100,6 +110,37 @@ void TestWalkThrough::a_user_without_the_accounts_fails()
     window.show();
     QVERIFY(!WalkThrough(window, folder.path()).run());
     QCOMPARE(ClientSession::instance().plans().count(), 0);
+}
+
+void TestWalkThrough::the_command_line_names_the_folder()
+{
+    const Options options = read(QStringLiteral("pictures --user trader03 --database a.db"));
+    QCOMPARE(options.error, QString());
+    QCOMPARE(options.folder, QStringLiteral("pictures"));
+    QCOMPARE(options.user, QStringLiteral("trader03"));
+    QCOMPARE(options.database, QStringLiteral("a.db"));
+    QVERIFY(!options.issueDay.isValid());
+    QVERIFY(!options.wantsWindow());
+    QVERIFY(read(QStringLiteral("--help")).help.startsWith(QStringLiteral("用法：")));
+}
+
+void TestWalkThrough::a_command_line_that_does_not_fit_is_refused_data()
+{
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<QString>("error");
+    QTest::newRow("no folder") << QStringLiteral("--user trader01") << QStringLiteral("缺少目录");
+    QTest::newRow("an empty folder") << QString() << QStringLiteral("缺少目录");
+    QTest::newRow("two folders") << QStringLiteral("a b") << QStringLiteral("多余的参数：b");
+    QTest::newRow("an option without its value") << QStringLiteral("a --user") << QStringLiteral("选项--user缺少取值");
+    QTest::newRow("a job of the client") << QStringLiteral("a --issue-day 2024-05-06")
+                                         << QStringLiteral("未知选项：issue-day");
+}
+
+void TestWalkThrough::a_command_line_that_does_not_fit_is_refused()
+{
+    QFETCH(QString, arguments);
+    QFETCH(QString, error);
+    QCOMPARE(read(arguments).error, error);
 }
 
 QTEST_MAIN(TestWalkThrough)

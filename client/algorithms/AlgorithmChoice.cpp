@@ -1,8 +1,8 @@
-#include "algorithms/AlgorithmChoice.h"
+#include "AlgorithmChoice.h"
 #include "Algo_Fields.h"
 #include "AutoPlanField.h"
-#include "strategies/ParameterValue.h"
-#include "strategies/StrategyLibrary.h"
+#include "ParameterValue.h"
+#include "StrategyLibrary.h"
 
 #include <QDebug>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "AlgoErrorCode.h"
-#include "strategies/StrategyDefinition.h"
+#include "StrategyDefinition.h"
 #include <QMap>
 #include <QStringList>
 #include <QVariant>

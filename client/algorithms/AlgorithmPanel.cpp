@@ -1,9 +1,9 @@
-#include "algorithms/AlgorithmPanel.h"
+#include "AlgorithmPanel.h"
 #include "Algo_Fields.h"
 #include "Algo_Values.h"
 #include "OrloBusinessDataInterface.h"
-#include "algorithms/ParamListWidget_single_p.h"
-#include "strategies/StrategyLibrary.h"
+#include "ParamListWidget.h"
+#include "StrategyLibrary.h"
 
 #include <QComboBox>
 #include <QFrame>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ParamListWidget_single.h"
-#include "algorithms/ParameterForm.h"
+#include "ParameterForm.h"
 
 class QComboBox;
 class QLabel;

@@ -1,6 +1,6 @@
-#include "algorithms/ParameterForm.h"
-#include "algorithms/StepInput.h"
-#include "strategies/ParameterValue.h"
+#include "ParameterForm.h"
+#include "ParameterValue.h"
+#include "StepInput.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>

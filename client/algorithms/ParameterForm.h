@@ -1,6 +1,6 @@
 #pragma once
 
-#include "strategies/StrategyDefinition.h"
+#include "StrategyDefinition.h"
 #include <QGridLayout>
 #include <QMap>
 #include <QWidget>

@@ -1,5 +1,5 @@
-#include "algorithms/StepInput.h"
-#include "strategies/ParameterValue.h"
+#include "StepInput.h"
+#include "ParameterValue.h"
 
 #include <QLineEdit>
 #include <QLocale>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "strategies/StrategyDefinition.h"
+#include "StrategyDefinition.h"
 #include <QAbstractSpinBox>
 
 /// Line with step buttons that takes any text: nothing that the trader types is altered, whatever is wrong with it.

@@ -1,7 +1,7 @@
-#include "calendar/ClientClock.h"
+#include "ClientClock.h"
 
 #include "Kelvo_Values.h"
-#include "calendar/TradeCalendar.h"
+#include "TradeCalendar.h"
 
 #include <QHash>
 

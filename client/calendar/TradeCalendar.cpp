@@ -1,4 +1,4 @@
-#include "calendar/TradeCalendar.h"
+#include "TradeCalendar.h"
 
 #include "Kelvo_Values.h"
 #include "Orlo_Values.h"

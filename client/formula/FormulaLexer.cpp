@@ -1,4 +1,4 @@
-#include "formula/FormulaLexer.h"
+#include "FormulaLexer.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
-#include "formula/PriceFormula.h"
+#include "PriceFormula.h"
 
-#include "formula/FormulaLexer.h"
+#include "FormulaLexer.h"
 
 #include <QVector>
 

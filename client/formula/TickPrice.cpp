@@ -1,4 +1,4 @@
-#include "formula/TickPrice.h"
+#include "TickPrice.h"
 
 #include <cmath>
 

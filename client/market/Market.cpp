@@ -1,6 +1,6 @@
-#include "market/Market.h"
+#include "Market.h"
 
-#include "store/SecurityStore.h"
+#include "SecurityStore.h"
 
 #include <QStringView>
 

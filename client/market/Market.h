@@ -1,8 +1,8 @@
 #pragma once
 
+#include "Database.h"
+#include "Security.h"
 #include "SymbolList.h"
-#include "store/Database.h"
-#include "store/Security.h"
 
 #include <QHash>
 #include <QStringList>

@@ -1,4 +1,4 @@
-#include "market/MovingAverages.h"
+#include "MovingAverages.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,12 +1,15 @@
-#include "plans/DayPrice.h"
+#include "DayPrice.h"
 
 #include "AutoPlanField.h"
-#include "formula/PriceFormula.h"
-#include "formula/TickPrice.h"
-#include "market/MovingAverages.h"
-#include "values/PlanCodes.h"
+#include "DayShare.h"
+#include "MovingAverages.h"
+#include "PlanCodes.h"
+#include "PriceFormula.h"
+#include "TickPrice.h"
 
 namespace {
+
+constexpr qint64 percent = 100;
 
 using namespace PlanCodes;
 using Record = QMap<QString, QVariant>;
@@ -85,4 +88,16 @@ DayPrice dayPrice(const Record& record, const Security& security, const QVector<
     if (price.reason.isEmpty())
         setLimit(price, result.price, security);
     return price;
+}
+
+Fill simulateFill(bool isBuy, const DayPrice& price, qint64 quantity, int lot)
+{
+    if (!price.limit)
+        return { quantity, price.reference };
+    const qint64 away = isBuy ? price.reference - *price.limit : *price.limit - price.reference;
+    if (away <= 0)
+        return { quantity, price.reference };
+    if (away * percent <= price.reference)
+        return { lotsWithin(static_cast<double>(quantity) / 2, lot), *price.limit };
+    return {};
 }

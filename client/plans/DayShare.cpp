@@ -1,6 +1,6 @@
-#include "plans/DayShare.h"
+#include "DayShare.h"
 
-#include "values/PlanCodes.h"
+#include "PlanCodes.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "plans/EntrustTypes.h"
+#include "EntrustTypes.h"
 
 #include "Orlo_Values.h"
 

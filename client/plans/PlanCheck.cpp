@@ -1,16 +1,16 @@
-#include "plans/PlanCheck.h"
+#include "PlanCheck.h"
 
 #include "AutoPlanField.h"
+#include "DayPrice.h"
+#include "EntrustTypes.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
 #include "Orlo_Fields.h"
 #include "Orlo_Values.h"
-#include "formula/PriceFormula.h"
-#include "plans/DayPrice.h"
-#include "plans/EntrustTypes.h"
-#include "plans/PlanTexts.h"
-#include "values/PlanCodes.h"
+#include "PlanCodes.h"
+#include "PlanTexts.h"
+#include "PriceFormula.h"
 
 namespace BaseField = AutoPlanField::BaseField;
 namespace UserAccount = Kelvo_Fields::UserAccount;

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "calendar/TradeCalendar.h"
-#include "market/Market.h"
-#include "session/AccountDirectory.h"
+#include "AccountDirectory.h"
+#include "Market.h"
+#include "TradeCalendar.h"
 
 #include <QDate>
 #include <QMap>

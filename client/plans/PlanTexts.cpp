@@ -1,4 +1,4 @@
-#include "plans/PlanTexts.h"
+#include "PlanTexts.h"
 
 #include "OrloConstants.h"
 

@@ -1,14 +1,14 @@
-#include "sample/SampleAccounts.h"
+#include "SampleAccounts.h"
 
+#include "AccountStore.h"
+#include "AgreementStore.h"
+#include "AuthorityStore.h"
 #include "Kelvo_Values.h"
 #include "Orlo_Values.h"
-#include "store/AccountStore.h"
-#include "store/AgreementStore.h"
-#include "store/AuthorityStore.h"
-#include "store/PositionStore.h"
-#include "store/SecurityStore.h"
-#include "store/UserStore.h"
-#include "values/PlanCodes.h"
+#include "PlanCodes.h"
+#include "PositionStore.h"
+#include "SecurityStore.h"
+#include "UserStore.h"
 
 #include <QVector>
 

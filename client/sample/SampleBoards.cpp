@@ -1,8 +1,8 @@
-#include "sample/SampleBoards.h"
+#include "SampleBoards.h"
 
 #include "Kelvo_Values.h"
 #include "Orlo_Values.h"
-#include "store/Security.h"
+#include "Security.h"
 
 #include <algorithm>
 #include <numeric>

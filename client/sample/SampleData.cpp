@@ -1,9 +1,39 @@
-#include "sample/SampleData.h"
+#include "SampleData.h"
 
-#include "calendar/ClientClock.h"
-#include "sample/SampleAccounts.h"
-#include "sample/SampleStrategyLists.h"
-#include "sample/SampleTexts.h"
+#include "ClientClock.h"
+#include "ConfigurationStore.h"
+#include "InstructionTargetType.h"
+#include "Orlo_Values.h"
+#include "PlanCodes.h"
+#include "SampleAccounts.h"
+#include "SampleTexts.h"
+#include "SecurityStore.h"
+
+namespace {
+
+using namespace PlanCodes;
+using InstructionTargetType::AmountOrder;
+using InstructionTargetType::QtyOrder;
+
+// For which plans the built-in strategies are allowed. Types without a list allow every strategy.
+QString writeStrategyLists(Database& database)
+{
+    const QStringList schedules{ QStringLiteral("TWAP"), QStringLiteral("VWAP"), QStringLiteral("POV") };
+    const QStringList snipers{ QStringLiteral("SNIPER") };
+    return database.transaction([&] {
+        StrategyStore store(database);
+        QString reason = store.setWhiteList(InstructionType::HkConnect, QtyOrder, QString(), schedules);
+        const QStringList restricted =
+            SecurityStore(database).firstSymbols(Orlo_Values::MdcSubSecurityType::ScienTechInnovateBoard, QString(), 1);
+        for (const QString& symbol : restricted) {
+            if (reason.isEmpty())
+                reason = store.setWhiteList(InstructionType::Ordinary, QtyOrder, symbol, schedules.mid(0, 2));
+        }
+        return reason.isEmpty() ? store.setBlackList(AmountOrder, snipers) : reason;
+    });
+}
+
+} // namespace
 
 QString SampleData::write(Database& database, int marketSize, const SampleMarket::Progress& progress)
 {
@@ -16,6 +46,6 @@ QString SampleData::write(Database& database, int marketSize, const SampleMarket
     if (reason.isEmpty())
         reason = SampleTexts::write(database);
     if (reason.isEmpty())
-        reason = SampleStrategyLists::write(database);
+        reason = writeStrategyLists(database);
     return reason.isEmpty() ? SampleAccounts::write(database, QDateTime(options.lastDay, QTime(9, 0))) : reason;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sample/SampleMarket.h"
+#include "SampleMarket.h"
 
 /// Everything that a new database gets: market, texts, strategy lists and users.
 namespace SampleData {

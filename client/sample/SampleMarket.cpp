@@ -1,9 +1,9 @@
-#include "sample/SampleMarket.h"
+#include "SampleMarket.h"
 
 #include "Orlo_Values.h"
-#include "sample/SampleBoards.h"
-#include "sample/SampleNames.h"
-#include "sample/SamplePrices.h"
+#include "SampleBoards.h"
+#include "SampleNames.h"
+#include "SamplePrices.h"
 
 #include <QMap>
 

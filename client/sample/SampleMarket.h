@@ -1,8 +1,8 @@
 #pragma once
 
-#include "store/Database.h"
-#include "store/Security.h"
-#include "store/SecurityStore.h"
+#include "Database.h"
+#include "Security.h"
+#include "SecurityStore.h"
 
 #include <QDate>
 

@@ -1,4 +1,4 @@
-#include "sample/SampleNames.h"
+#include "SampleNames.h"
 
 #include <QStringList>
 

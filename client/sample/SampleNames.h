@@ -1,7 +1,6 @@
 #pragma once
 
-#include "sample/SampleBoards.h"
-#include "sample/SampleRandom.h"
+#include "SampleBoards.h"
 
 /// Invented names; none is meant to be that of a real company.
 namespace SampleNames {

@@ -1,6 +1,6 @@
-#include "sample/SamplePrices.h"
+#include "SamplePrices.h"
 
-#include "formula/TickPrice.h"
+#include "TickPrice.h"
 
 #include <QtGlobal>
 

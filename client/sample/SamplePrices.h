@@ -1,7 +1,6 @@
 #pragma once
 
-#include "sample/SampleBoards.h"
-#include "sample/SampleRandom.h"
+#include "SampleBoards.h"
 
 /// Invented closing prices.
 namespace SamplePrices {

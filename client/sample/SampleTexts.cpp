@@ -1,12 +1,12 @@
-#include "sample/SampleTexts.h"
+#include "SampleTexts.h"
 
+#include "AgreementStore.h"
+#include "ConfigurationStore.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Values.h"
 #include "OrloConstants.h"
 #include "Orlo_Values.h"
-#include "store/AgreementStore.h"
-#include "store/StaticTextStore.h"
-#include "values/PlanCodes.h"
+#include "PlanCodes.h"
 
 #include <QVector>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/Database.h"
+#include "Database.h"
 
 /// Static configuration texts that come with the client, and the text of the agreement.
 namespace SampleTexts {

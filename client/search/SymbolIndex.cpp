@@ -1,4 +1,4 @@
-#include "search/SymbolIndex.h"
+#include "SymbolIndex.h"
 
 #include <algorithm>
 #include <numeric>

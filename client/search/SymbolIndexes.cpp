@@ -1,4 +1,4 @@
-#include "search/SymbolIndexes.h"
+#include "SymbolIndexes.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "search/SymbolIndex.h"
+#include "SymbolIndex.h"
 #include <QHash>
 #include <QObject>
 #include <QThreadPool>

@@ -1,4 +1,4 @@
-#include "search/SymbolSearch.h"
+#include "SymbolSearch.h"
 
 #include <algorithm>
 

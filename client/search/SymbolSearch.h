@@ -1,6 +1,6 @@
 #pragma once
 
-#include "search/SymbolIndexes.h"
+#include "SymbolIndexes.h"
 
 /// One search in several runs of symbols: what is ready of their indexes when it is made. Nothing is found in runs that
 /// `SymbolIndexes` was not asked to prepare.

@@ -1,11 +1,11 @@
 #include "AutoPlanLogic.h"
 
 #include "AutoPlanField.h"
-#include "calendar/ClientClock.h"
-#include "plans/PlanCheck.h"
-#include "plans/PlanTexts.h"
-#include "session/ClientSession.h"
-#include "session/PlanNews.h"
+#include "ClientClock.h"
+#include "ClientSession.h"
+#include "PlanCheck.h"
+#include "PlanNews.h"
+#include "PlanTexts.h"
 
 #include <QDateTime>
 

@@ -1,8 +1,8 @@
 #include "InstructionBusinessDataInterface.h"
 
-#include "plans/EntrustTypes.h"
-#include "session/ClientSession.h"
-#include "store/StrategyStore.h"
+#include "ClientSession.h"
+#include "ConfigurationStore.h"
+#include "EntrustTypes.h"
 
 bool InstructionBusinessDataInterface::hasOrderAuthority(QString tradingAccount, QString instructionType)
 {

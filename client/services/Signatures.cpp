@@ -1,7 +1,8 @@
-#include "services/Signatures.h"
+#include "Signatures.h"
 
-#include "session/ClientSession.h"
-#include "store/AgreementStore.h"
+#include "AgreementDC.h"
+#include "AgreementStore.h"
+#include "ClientSession.h"
 
 #include <QDateTime>
 
@@ -60,4 +61,15 @@ QString signAgreement(const QString& protocolId, const QStringList& clientNumber
     });
     session.forgetSignatures();
     return reason;
+}
+
+AgreementDC& AgreementDC::instance()
+{
+    static AgreementDC agreements;
+    return agreements;
+}
+
+QStringList AgreementDC::GetUnsignedClientNoList(const QString& protocolId)
+{
+    return ClientSession::instance().unsignedClients(protocolId);
 }

@@ -1,6 +1,7 @@
-#include "services/StrategyQuery.h"
+#include "StrategyQuery.h"
+
 #include "AlgoTradeLogicNew.h"
-#include "strategies/StrategyLibrary.h"
+#include "StrategyLibrary.h"
 
 #include <QtConcurrent>
 
@@ -10,4 +11,19 @@ QFuture<void> StrategyQuery::start()
     AlgoTradeLogicNew* const service = AlgoTradeLogicNew::GetInstance();
     return QtConcurrent::run(
         [service] { Q_EMIT service->sigQryAlgoStrategiesRsp(StrategyLibrary::instance().strategies()); });
+}
+
+AlgoTradeLogicNew::AlgoTradeLogicNew() = default;
+
+AlgoTradeLogicNew::~AlgoTradeLogicNew() = default;
+
+AlgoTradeLogicNew* AlgoTradeLogicNew::GetInstance()
+{
+    static AlgoTradeLogicNew service;
+    return &service;
+}
+
+AesStrategy AlgoTradeLogicNew::GetStrategy(const QString& name)
+{
+    return StrategyLibrary::summary(StrategyLibrary::instance().strategy(name));
 }

@@ -1,6 +1,6 @@
-#include "session/AccountDirectory.h"
+#include "AccountDirectory.h"
 
-#include "values/PlanCodes.h"
+#include "PlanCodes.h"
 
 void AccountDirectory::load(Database& database, const QString& userId)
 {

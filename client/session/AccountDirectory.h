@@ -1,7 +1,7 @@
 #pragma once
 
-#include "store/AccountStore.h"
-#include "store/AuthorityStore.h"
+#include "AccountStore.h"
+#include "AuthorityStore.h"
 
 #include <QHash>
 

@@ -1,11 +1,11 @@
-#include "session/ClientSession.h"
+#include "ClientSession.h"
 
+#include "AgreementStore.h"
 #include "AutoPlanField.h"
-#include "sample/SampleAccounts.h"
-#include "sample/SampleData.h"
-#include "session/PlanNews.h"
-#include "store/AgreementStore.h"
-#include "store/StaticTextStore.h"
+#include "ConfigurationStore.h"
+#include "PlanNews.h"
+#include "SampleAccounts.h"
+#include "SampleData.h"
 
 #include <QCoreApplication>
 

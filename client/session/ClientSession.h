@@ -1,14 +1,14 @@
 #pragma once
 
-#include "calendar/TradeCalendar.h"
-#include "sample/SampleMarket.h"
-#include "session/AccountDirectory.h"
-#include "session/InstructionCache.h"
-#include "session/MovingAverageDesk.h"
-#include "session/SearchableMarket.h"
-#include "store/InstructionStore.h"
-#include "store/PlanStore.h"
-#include "store/UserStore.h"
+#include "AccountDirectory.h"
+#include "InstructionCache.h"
+#include "InstructionStore.h"
+#include "MovingAverageDesk.h"
+#include "PlanStore.h"
+#include "SampleMarket.h"
+#include "SearchableMarket.h"
+#include "TradeCalendar.h"
+#include "UserStore.h"
 
 #include <QTimer>
 

@@ -1,4 +1,4 @@
-#include "session/DatabaseThread.h"
+#include "DatabaseThread.h"
 
 /// Lives on the thread.
 class DatabaseThread::Connection : public QObject {

@@ -1,4 +1,4 @@
-#include "session/InstructionCache.h"
+#include "InstructionCache.h"
 
 InstructionCache::InstructionCache(Database& database)
     : m_database(database)

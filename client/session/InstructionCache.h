@@ -1,6 +1,6 @@
 #pragma once
 
-#include "session/InstructionDesk.h"
+#include "InstructionDesk.h"
 
 #include <memory>
 

@@ -1,4 +1,4 @@
-#include "session/InstructionDesk.h"
+#include "InstructionDesk.h"
 
 InstructionDesk::InstructionDesk(const QString& fileName)
     : m_thread(QStringLiteral("instructions"), fileName)

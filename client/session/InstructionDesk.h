@@ -1,7 +1,7 @@
 #pragma once
 
-#include "session/DatabaseThread.h"
-#include "store/InstructionStore.h"
+#include "DatabaseThread.h"
+#include "InstructionStore.h"
 
 #include <QObject>
 

@@ -1,7 +1,7 @@
-#include "session/MovingAverageDesk.h"
+#include "MovingAverageDesk.h"
 
-#include "market/MovingAverages.h"
-#include "store/SecurityStore.h"
+#include "MovingAverages.h"
+#include "SecurityStore.h"
 
 MovingAverageDesk::MovingAverageDesk(const QString& fileName)
     : m_thread(QStringLiteral("moving averages"), fileName)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "session/DatabaseThread.h"
+#include "DatabaseThread.h"
 
 #include <QObject>
 #include <QStringList>

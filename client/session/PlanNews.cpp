@@ -1,4 +1,4 @@
-#include "session/PlanNews.h"
+#include "PlanNews.h"
 
 PlanNews& PlanNews::instance()
 {

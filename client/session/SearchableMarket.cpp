@@ -1,6 +1,6 @@
-#include "session/SearchableMarket.h"
+#include "SearchableMarket.h"
 
-#include "search/SymbolIndexes.h"
+#include "SymbolIndexes.h"
 
 #include <QTimer>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "market/Market.h"
+#include "Market.h"
 
 #include <memory>
 

@@ -1,4 +1,4 @@
-#include "store/AccountStore.h"
+#include "AccountStore.h"
 
 AccountStore::AccountStore(Database& database)
     : m_database(database)

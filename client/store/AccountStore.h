@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/Database.h"
+#include "Database.h"
 
 #include <QMap>
 #include <QVector>

@@ -1,4 +1,4 @@
-#include "store/AgreementStore.h"
+#include "AgreementStore.h"
 
 AgreementStore::AgreementStore(Database& database)
     : m_database(database)

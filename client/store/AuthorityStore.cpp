@@ -1,4 +1,4 @@
-#include "store/AuthorityStore.h"
+#include "AuthorityStore.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "store/CloseCodec.h"
+#include "CloseCodec.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
-#include "store/Database.h"
+#include "Database.h"
 
-#include "store/Schema.h"
+#include "Schema.h"
 
 #include <QDir>
 #include <QFileInfo>

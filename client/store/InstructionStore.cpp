@@ -1,9 +1,18 @@
-#include "store/InstructionStore.h"
+#include "InstructionStore.h"
 
-#include "store/PlanId.h"
-#include "store/SharedTexts.h"
+#include "PlanStore.h"
+#include <QSet>
 
 namespace {
+
+/// Hands out one shared copy of texts that many rows have in common.
+class SharedTexts {
+public:
+    QString share(const QVariant& text) { return *m_texts.insert(text.toString()); }
+
+private:
+    QSet<QString> m_texts;
+};
 
 QString instructionId(const QString& planId, int index)
 {

@@ -1,6 +1,4 @@
-#include "store/PlanStore.h"
-
-#include "store/PlanId.h"
+#include "PlanStore.h"
 
 namespace {
 
@@ -178,4 +176,19 @@ StoredPlan PlanStore::planOf(const QSqlQuery& row) const
     if (!row.value(7).isNull())
         plan.record.insert(m_otherParamKey, row.value(7).toString());
     return plan;
+}
+
+QString PlanId::fromNumber(qint64 number)
+{
+    return QStringLiteral("AP%1").arg(number, 8, 10, QLatin1Char('0'));
+}
+
+std::optional<qint64> PlanId::toNumber(const QString& id)
+{
+    bool isNumber = false;
+    const qint64 number = id.mid(2).toLongLong(&isNumber);
+    // Written back and compared, so that "AP12" or "AP+0000012" are not taken for an id.
+    if (!isNumber || number < 1 || fromNumber(number) != id)
+        return std::nullopt;
+    return number;
 }

@@ -1,12 +1,15 @@
 #pragma once
 
-#include "store/Database.h"
+#include "Database.h"
 
 #include <QDate>
 #include <QDateTime>
 #include <QMap>
+#include <QString>
 #include <QStringList>
 #include <QVector>
+
+#include <optional>
 
 /// A plan as stored: its record and what the store keeps beside it.
 struct StoredPlan {
@@ -63,3 +66,12 @@ private:
     Database& m_database;
     const QString m_otherParamKey;
 };
+
+/// Plan ids as users see them ("AP00000012") and as the tables number them.
+namespace PlanId {
+
+QString fromNumber(qint64 number);
+/// Absent when the text is no id that `fromNumber` writes.
+std::optional<qint64> toNumber(const QString& id);
+
+} // namespace PlanId

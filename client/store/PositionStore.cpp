@@ -1,4 +1,4 @@
-#include "store/PositionStore.h"
+#include "PositionStore.h"
 
 PositionStore::PositionStore(Database& database)
     : m_database(database)

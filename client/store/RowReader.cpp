@@ -1,4 +1,4 @@
-#include "store/RowReader.h"
+#include "RowReader.h"
 
 #include <QSqlError>
 

@@ -1,4 +1,4 @@
-#include "store/Schema.h"
+#include "Schema.h"
 
 namespace {
 

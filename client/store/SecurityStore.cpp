@@ -1,7 +1,7 @@
-#include "store/SecurityStore.h"
+#include "SecurityStore.h"
 
-#include "store/CloseCodec.h"
-#include "store/RowReader.h"
+#include "CloseCodec.h"
+#include "RowReader.h"
 
 SecurityStore::SecurityStore(Database& database)
     : m_database(database)

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "store/Database.h"
-#include "store/Security.h"
+#include "Database.h"
+#include "Security.h"
 
 #include <QDate>
 #include <QStringList>

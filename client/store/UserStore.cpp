@@ -1,4 +1,4 @@
-#include "store/UserStore.h"
+#include "UserStore.h"
 
 UserStore::UserStore(Database& database)
     : m_database(database)

@@ -1,4 +1,4 @@
-#include "strategies/ParameterValue.h"
+#include "ParameterValue.h"
 
 #include <QLocale>
 #include <QRegularExpression>

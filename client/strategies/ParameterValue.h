@@ -1,6 +1,6 @@
 #pragma once
 
-#include "strategies/StrategyDefinition.h"
+#include "StrategyDefinition.h"
 #include <QMap>
 
 /// Values of strategy parameters: what is stored, what is shown, what is wrong with one. Stored values are those of

@@ -1,5 +1,5 @@
-#include "strategies/StrategyChecks.h"
-#include "strategies/ParameterValue.h"
+#include "StrategyChecks.h"
+#include "ParameterValue.h"
 
 #include <QSet>
 

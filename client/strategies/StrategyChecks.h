@@ -1,6 +1,6 @@
 #pragma once
 
-#include "strategies/StrategyDefinition.h"
+#include "StrategyDefinition.h"
 #include <QString>
 
 /// First thing that does not fit together in a strategy; `reason` is empty when everything does.

@@ -1,4 +1,4 @@
-#include "strategies/StrategyDefinition.h"
+#include "StrategyDefinition.h"
 
 #include <algorithm>
 

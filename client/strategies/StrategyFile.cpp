@@ -1,5 +1,5 @@
-#include "strategies/StrategyFile.h"
-#include "strategies/StrategyReader.h"
+#include "StrategyFile.h"
+#include "StrategyReader.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,6 +1,5 @@
 // The layout of a strategy: panels within panels, and the controls in them.
-#include "strategies/StrategyReader.h"
-#include "strategies/StrategyVocabulary.h"
+#include "StrategyReader.h"
 
 #include <QRegularExpression>
 

@@ -1,5 +1,5 @@
-#include "strategies/StrategyLibrary.h"
-#include "strategies/StrategyFile.h"
+#include "StrategyLibrary.h"
+#include "StrategyFile.h"
 
 #include <QDebug>
 

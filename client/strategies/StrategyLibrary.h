@@ -1,7 +1,7 @@
 #pragma once
 
 #include "AesStrategy.h"
-#include "strategies/StrategyDefinition.h"
+#include "StrategyDefinition.h"
 #include <QList>
 #include <QStringList>
 

@@ -1,6 +1,5 @@
-#include "strategies/StrategyReader.h"
-#include "strategies/ParameterValue.h"
-#include "strategies/StrategyVocabulary.h"
+#include "StrategyReader.h"
+#include "ParameterValue.h"
 
 #include <optional>
 

@@ -1,12 +1,19 @@
 #pragma once
 
-#include "strategies/StrategyChecks.h"
-#include "strategies/StrategyFile.h"
+#include "StrategyChecks.h"
+#include "StrategyFile.h"
 #include <QMap>
 #include <QSet>
 #include <QStringList>
 #include <QXmlStreamReader>
 #include <functional>
+
+/// Namespaces of a strategy file: parameters, controls and rules each have a vocabulary of their own.
+namespace StrategyVocabulary {
+inline const QString CORE = QStringLiteral("http://www.fixprotocol.org/FIXatdl-1-1/Core");
+inline const QString LAYOUT = QStringLiteral("http://www.fixprotocol.org/FIXatdl-1-1/Layout");
+inline const QString VALIDATION = QStringLiteral("http://www.fixprotocol.org/FIXatdl-1-1/Validation");
+} // namespace StrategyVocabulary
 
 /// Reads one strategy file from beginning to end. Every read operation is called on the start tag of its element and
 /// leaves the reader on the end tag, or in error.

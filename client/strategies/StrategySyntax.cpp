@@ -1,6 +1,5 @@
 // What every element of a strategy file has: children, attributes, values, and a first fault.
-#include "strategies/StrategyReader.h"
-#include "strategies/StrategyVocabulary.h"
+#include "StrategyReader.h"
 
 #include <QRegularExpression>
 #include <algorithm>

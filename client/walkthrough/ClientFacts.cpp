@@ -2,7 +2,7 @@
 
 #include "AutoPlanField.h"
 #include "Orlo_Values.h"
-#include "store/PlanId.h"
+#include "PlanStore.h"
 
 #include <QSqlError>
 #include <QSqlQuery>

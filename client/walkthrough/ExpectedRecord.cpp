@@ -10,10 +10,10 @@
 #include "Kelvo_Values.h"
 #include "OrloConstants.h"
 #include "Orlo_Fields.h"
-#include "algorithms/ParameterForm.h"
-#include "strategies/ParameterValue.h"
-#include "strategies/StrategyLibrary.h"
-#include "values/PlanCodes.h"
+#include "ParameterForm.h"
+#include "ParameterValue.h"
+#include "PlanCodes.h"
+#include "StrategyLibrary.h"
 
 #include <QDate>
 #include <QJsonDocument>

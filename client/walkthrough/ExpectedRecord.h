@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ClientFacts.h"
-#include "PlanForm.h"
+#include "FormDriver.h"
 
 #include <QMap>
 #include <QStringList>

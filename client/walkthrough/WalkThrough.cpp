@@ -1,11 +1,11 @@
 #include "WalkThrough.h"
 
 #include "AutoParamSetting.h"
+#include "ClientSession.h"
 #include "EditorDialog.h"
 #include "ExpectedRecord.h"
 #include "MainWindow.h"
-#include "session/ClientSession.h"
-#include "values/PlanCodes.h"
+#include "PlanCodes.h"
 
 #include <QApplication>
 #include <QTest>

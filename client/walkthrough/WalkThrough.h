@@ -3,7 +3,6 @@
 #include "BoxWatcher.h"
 #include "ClientFacts.h"
 #include "FormDriver.h"
-#include "PlanForm.h"
 
 #include <QDir>
 #include <QString>

@@ -3,6 +3,8 @@
 
 #include "AutoParamSetting.h"
 #include "AutoPlanField.h"
+#include "ClientClock.h"
+#include "ClientSession.h"
 #include "EditorDialog.h"
 #include "ExpectedRecord.h"
 #include "InstructionTargetType.h"
@@ -11,9 +13,7 @@
 #include "MainWindow.h"
 #include "OrloConstants.h"
 #include "Orlo_Values.h"
-#include "calendar/ClientClock.h"
-#include "session/ClientSession.h"
-#include "values/PlanCodes.h"
+#include "PlanCodes.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>

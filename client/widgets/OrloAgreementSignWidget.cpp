@@ -2,7 +2,7 @@
 
 #include "OrloPushButton.h"
 #include "OrloWidget.h"
-#include "services/Signatures.h"
+#include "Signatures.h"
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>

@@ -2,10 +2,13 @@
 
 #include "DecimalText.h"
 #include "FieldHint.h"
+#include "OrloDecimalLineEdit.h"
+
 #include <QDebug>
 #include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QWheelEvent>
+
 #include <optional>
 
 namespace {
@@ -260,3 +263,11 @@ bool OrloDoubleSpinBox::event(QEvent* event)
         FieldHint::hideAt(this);
     return QDoubleSpinBox::event(event);
 }
+
+OrloDecimalLineEdit::OrloDecimalLineEdit(QWidget* parent)
+    : OrloDoubleSpinBox(parent)
+{
+    setButtonSymbols(QAbstractSpinBox::NoButtons);
+}
+
+OrloDecimalLineEdit::~OrloDecimalLineEdit() = default;

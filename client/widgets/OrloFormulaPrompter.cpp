@@ -2,7 +2,9 @@
 
 #include "FieldHint.h"
 #include "FormulaCompletion.h"
+#include "OrloFormulaNormal.h"
 #include "SuggestionPopup.h"
+
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 
@@ -127,3 +129,11 @@ QStringList OrloFormulaPrompter::FormulaItems() const
 {
     return d->items;
 }
+
+OrloFormulaNormal::OrloFormulaNormal(QWidget* parent)
+    : QLineEdit(parent)
+    , OrloFormulaPrompter(static_cast<QLineEdit*>(this))
+{
+}
+
+OrloFormulaNormal::~OrloFormulaNormal() = default;

@@ -1,6 +1,6 @@
 #include "OrloPushButton.h"
 
-#include "FittedFont.h"
+#include "Appearance.h"
 #include <QApplication>
 #include <QEvent>
 #include <QScopedValueRollback>

@@ -1,6 +1,6 @@
 #include "OrloUtils.h"
 
-#include "PopupPlace.h"
+#include "Popups.h"
 
 namespace {
 

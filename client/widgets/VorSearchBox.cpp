@@ -3,7 +3,7 @@
 #include "FieldHint.h"
 #include "OrloBusinessDataInterface.h"
 #include "SuggestionPopup.h"
-#include "search/SymbolSearch.h"
+#include "SymbolSearch.h"
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPointer>

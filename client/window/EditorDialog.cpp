@@ -2,12 +2,12 @@
 
 #include "AutoParamSetting.h"
 #include "AutoPlanLogic.h"
+#include "ClientSession.h"
 #include "FormArrangement.h"
 #include "OrloWidget.h"
 #include "Orlo_Fields.h"
-#include "session/ClientSession.h"
-#include "session/PlanNews.h"
-#include "values/PlanCodes.h"
+#include "PlanCodes.h"
+#include "PlanNews.h"
 
 #include <QAbstractSpinBox>
 #include <QComboBox>

@@ -1,6 +1,6 @@
 #include "FormArrangement.h"
 
-#include "widgets/FittedFont.h"
+#include "Appearance.h"
 
 #include <QCoreApplication>
 #include <QGridLayout>

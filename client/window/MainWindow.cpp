@@ -1,14 +1,14 @@
 #include "MainWindow.h"
 
+#include "Appearance.h"
+#include "ClientClock.h"
+#include "ClientSession.h"
 #include "EditorDialog.h"
-#include "IssueReport.h"
 #include "OrloWidget.h"
 #include "PlanDetails.h"
+#include "PlanNews.h"
 #include "PlanTableModel.h"
-#include "calendar/ClientClock.h"
-#include "session/ClientSession.h"
-#include "session/PlanNews.h"
-#include "widgets/Skins.h"
+#include "PlanWording.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,8 +1,8 @@
 #include "Options.h"
 
+#include "Appearance.h"
 #include "Language.h"
 #include "OrloConstants.h"
-#include "widgets/Skins.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -22,6 +22,7 @@ public:
         static const QHash<QByteArray, QString> texts{
             { "Usage: %1", QStringLiteral("用法：%1") },
             { "[options]", QStringLiteral("[选项]") },
+            { "Arguments:", QStringLiteral("参数：") },
             { "Options:", QStringLiteral("选项：") },
             { "Unknown option '%1'.", QStringLiteral("未知选项：%1") },
             { "Unknown options: %1.", QStringLiteral("未知选项：%1") },
@@ -34,11 +35,18 @@ public:
 
 class CommandLine {
 public:
-    CommandLine()
+    explicit CommandLine(Program program)
+        : m_program(program)
     {
-        m_parser.setApplicationDescription(QStringLiteral("交易计划客户端：新建、修改、复制自动交易计划。"));
-        m_parser.addOptions(
-            { m_help, m_user, m_database, m_skin, m_language, m_securities, m_walkthrough, m_issueDay });
+        m_parser.addOptions({ m_help, m_user, m_database, m_skin, m_language, m_securities });
+        if (m_program == Program::Client) {
+            m_parser.setApplicationDescription(QStringLiteral("交易计划客户端：新建、修改、复制自动交易计划。"));
+            m_parser.addOption(m_issueDay);
+        } else {
+            m_parser.setApplicationDescription(
+                QStringLiteral("自动演示：逐项填写并提交计划，核对数据库中的记录，把各步的图片写入该目录。"));
+            m_parser.addPositionalArgument(QStringLiteral("目录"), QStringLiteral("写入图片和数据库的目录。"));
+        }
     }
 
     Options read(const QStringList& arguments)
@@ -61,14 +69,17 @@ public:
 private:
     QString problem() const
     {
-        if (!m_parser.positionalArguments().isEmpty())
-            return QStringLiteral("多余的参数：%1").arg(m_parser.positionalArguments().constFirst());
-        for (const auto& option : { m_user, m_database, m_skin, m_language, m_securities, m_walkthrough, m_issueDay }) {
-            if (m_parser.isSet(option) && m_parser.value(option).trimmed().isEmpty())
-                return QStringLiteral("选项--%1缺少取值").arg(option.names().constFirst());
+        const QStringList folders = m_parser.positionalArguments();
+        const int wanted = m_program == Program::WalkThrough ? 1 : 0;
+        if (folders.size() > wanted)
+            return QStringLiteral("多余的参数：%1").arg(folders.at(wanted));
+        if (folders.size() < wanted || folders.contains(QString()))
+            return QStringLiteral("缺少目录");
+        const QStringList options = m_parser.optionNames();
+        for (const QString& name : options) {
+            if (m_parser.value(name).trimmed().isEmpty())
+                return QStringLiteral("选项--%1缺少取值").arg(name);
         }
-        if (m_parser.isSet(m_walkthrough) && m_parser.isSet(m_issueDay))
-            return QStringLiteral("--walkthrough与--issue-day不能同时使用");
         return problemOfValues();
     }
 
@@ -84,7 +95,7 @@ private:
         const int securities = m_parser.value(m_securities).toInt(&isNumber);
         if (m_parser.isSet(m_securities) && (!isNumber || securities <= 0))
             return QStringLiteral("证券数量“%1”不是正整数").arg(m_parser.value(m_securities));
-        if (m_parser.isSet(m_issueDay) && !issueDay().isValid())
+        if (isIssueDaySet() && !issueDay().isValid())
             return QStringLiteral("日期“%1”无效，格式为yyyy-MM-dd").arg(m_parser.value(m_issueDay));
         return QString();
     }
@@ -96,9 +107,13 @@ private:
         options.skin = m_parser.isSet(m_skin) ? m_parser.value(m_skin) : skinNames().constFirst();
         options.language = m_parser.isSet(m_language) ? m_parser.value(m_language) : languageCodes().constFirst();
         options.securities = m_parser.value(m_securities).toInt();
-        options.walkthrough = m_parser.value(m_walkthrough);
-        options.issueDay = issueDay();
+        options.folder = m_parser.positionalArguments().value(0);
+        if (isIssueDaySet())
+            options.issueDay = issueDay();
     }
+
+    // Qt warns of a question for an option that the program does not have.
+    bool isIssueDaySet() const { return m_program == Program::Client && m_parser.isSet(m_issueDay); }
 
     QDate issueDay() const
     {
@@ -107,6 +122,7 @@ private:
         return QLocale::c().toString(day, OrloConstants::DateTimeFormatString::STD_DATE_FORMAT) == text ? day : QDate();
     }
 
+    const Program m_program;
     const QCommandLineOption m_help{ { QStringLiteral("h"), QStringLiteral("help") },
         QStringLiteral("显示本说明并退出。") };
     const QCommandLineOption m_user{ QStringLiteral("user"),
@@ -119,9 +135,6 @@ private:
         QStringLiteral("表单的语言：zh（默认）或en；客户端的数据和部分文字仍为中文。"), QStringLiteral("语言") };
     const QCommandLineOption m_securities{ QStringLiteral("securities"),
         QStringLiteral("新建数据库时示例证券的数量，例如100000。"), QStringLiteral("数量") };
-    const QCommandLineOption m_walkthrough{ QStringLiteral("walkthrough"),
-        QStringLiteral("自动演示：逐项填写并提交计划，核对数据库中的记录，把各步的图片写入该目录。"),
-        QStringLiteral("目录") };
     const QCommandLineOption m_issueDay{ QStringLiteral("issue-day"),
         QStringLiteral("为该日（yyyy-MM-dd）有效的计划下达指令，列出结果并退出。"), QStringLiteral("日期") };
     QCommandLineParser m_parser;
@@ -129,9 +142,9 @@ private:
 
 } // namespace
 
-Options readOptions(const QStringList& arguments)
+Options readOptions(const QStringList& arguments, Program program)
 {
     ParserTexts texts;
     QCoreApplication::installTranslator(&texts);
-    return CommandLine().read(arguments);
+    return CommandLine(program).read(arguments);
 }

@@ -4,24 +4,24 @@
 #include <QString>
 #include <QStringList>
 
-/// What the program was asked to do on its command line.
+/// The programs of the client.
+enum class Program { Client, WalkThrough };
+
+/// What a program was asked to do on its command line.
 struct Options {
-    QString user;        ///< user id; empty for the sample's first user
-    QString database;    ///< database file; empty for the one in the user's data folder
-    QString skin;        ///< name of a skin, see `skinNames`
-    QString language;    ///< code of the form's language, see `languageCodes`
-    int securities = 0;  ///< securities of a new database; 0 for the usual number
-    QString walkthrough; ///< folder of the walk-through; empty for the window
-    QDate issueDay;      ///< day to issue instructions for; invalid for the window
-    QString help;        ///< text to print instead of anything else; empty when none was asked for
-    QString error;       ///< what is wrong with the command line, in Chinese; empty when nothing is
+    QString user;       ///< user id; empty for the sample's first user
+    QString database;   ///< database file; empty for the one in the user's data folder
+    QString skin;       ///< name of a skin, see `skinNames`
+    QString language;   ///< code of the form's language, see `languageCodes`
+    int securities = 0; ///< securities of a new database; 0 for the usual number
+    QString folder;     ///< folder of the walk-through; empty for the client
+    QDate issueDay;     ///< day to issue instructions for; invalid for the window
+    QString help;       ///< text to print instead of anything else; empty when none was asked for
+    QString error;      ///< what is wrong with the command line, in Chinese; empty when nothing is
 
     /// True when the window is wanted, which needs a display.
-    bool wantsWindow() const
-    {
-        return help.isEmpty() && error.isEmpty() && walkthrough.isEmpty() && !issueDay.isValid();
-    }
+    bool wantsWindow() const { return help.isEmpty() && error.isEmpty() && folder.isEmpty() && !issueDay.isValid(); }
 };
 
 /// Reads a command line, the program's name first. Needs the application object.
-Options readOptions(const QStringList& arguments);
+Options readOptions(const QStringList& arguments, Program program);

@@ -1,11 +1,11 @@
 #include "PlanDetails.h"
 
+#include "ClientSession.h"
 #include "InstructionTargetType.h"
 #include "OrloHintLabel.h"
 #include "Orlo_Fields.h"
+#include "PlanCodes.h"
 #include "PlanWording.h"
-#include "session/ClientSession.h"
-#include "values/PlanCodes.h"
 
 #include <QFormLayout>
 

@@ -1,7 +1,7 @@
 #include "PlanTableModel.h"
 
+#include "ClientSession.h"
 #include "PlanWording.h"
-#include "session/ClientSession.h"
 
 namespace {
 

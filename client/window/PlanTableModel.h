@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/PlanStore.h"
+#include "PlanStore.h"
 
 #include <QAbstractTableModel>
 #include <QCache>

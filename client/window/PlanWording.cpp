@@ -14,12 +14,13 @@
 #include "OrloConstants.h"
 #include "Orlo_Fields.h"
 #include "Orlo_Values.h"
-#include "strategies/ParameterValue.h"
-#include "strategies/StrategyLibrary.h"
-#include "values/PlanCodes.h"
+#include "ParameterValue.h"
+#include "PlanCodes.h"
+#include "StrategyLibrary.h"
 
 #include <QHash>
 #include <QLocale>
+#include <QStringList>
 
 namespace Base = AutoPlanField::BaseField;
 namespace UserAccount = Kelvo_Fields::UserAccount;
@@ -343,4 +344,15 @@ QString PlanWording::algorithm() const
     const QString name = other(Base::algoStrategyName);
     const QString alias = AlgoTradeLogicNew::GetInstance()->GetStrategy(name).alias;
     return alias.isEmpty() || alias == name ? name : QStringLiteral("%1（%2）").arg(alias, name);
+}
+
+QString issueReport(const QDate& day, const IssueResult& result)
+{
+    const QString date = QLocale::c().toString(day, OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
+    QStringList lines{ QStringLiteral("%1：新下达指令%2条，此前已下达的计划%3个，未下达的计划%4个。")
+                           .arg(date, QString::number(result.issued.size()),
+                               QString::number(result.alreadyIssued.size()), QString::number(result.skipped.size())) };
+    for (const IssueResult::Skipped& skipped : result.skipped)
+        lines << QStringLiteral("%1：%2").arg(skipped.planId, skipped.reason);
+    return lines.join(QLatin1Char('\n'));
 }

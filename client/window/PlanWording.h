@@ -1,6 +1,7 @@
 #pragma once
 
-#include "store/PlanStore.h"
+#include "InstructionIssuer.h"
+#include "PlanStore.h"
 
 #include <QPair>
 #include <QString>
@@ -59,3 +60,6 @@ private:
     const StoredPlan m_plan;
     const QMap<QString, QVariant> m_other;
 };
+
+/// What came of a day's issuing, for the trader: counts, then a line for each plan that was left out.
+QString issueReport(const QDate& day, const IssueResult& result);

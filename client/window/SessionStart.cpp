@@ -1,6 +1,6 @@
 #include "SessionStart.h"
 
-#include "session/ClientSession.h"
+#include "ClientSession.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -16,7 +16,7 @@ QString databaseOf(const Options& options)
 {
     if (!options.database.isEmpty())
         return options.database;
-    return options.walkthrough.isEmpty() ? usualDatabase() : QDir(options.walkthrough).filePath(databaseName);
+    return options.folder.isEmpty() ? usualDatabase() : QDir(options.folder).filePath(databaseName);
 }
 
 /// Shows how far the sample data are; nothing is shown for a database that has them.

@@ -1,6 +1,6 @@
+#include "DayPrice.h"
 #include "FuzzTarget.h"
-#include "formula/PriceFormula.h"
-#include "plans/DayPrice.h"
+#include "PriceFormula.h"
 
 #include <cmath>
 

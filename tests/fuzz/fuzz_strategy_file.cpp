@@ -1,7 +1,7 @@
 #include "FuzzTarget.h"
-#include "algorithms/ParameterForm.h"
-#include "strategies/StrategyFile.h"
-#include "strategies/StrategyLibrary.h"
+#include "ParameterForm.h"
+#include "StrategyFile.h"
+#include "StrategyLibrary.h"
 
 #include <QApplication>
 #include <QBuffer>

@@ -2,10 +2,10 @@
 
 #include "AutoPlanField.h"
 #include "AutoPlanLogic.h"
+#include "Database.h"
+#include "PlanCodes.h"
+#include "PlanStore.h"
 #include "SampleSession.h"
-#include "store/Database.h"
-#include "store/PlanStore.h"
-#include "values/PlanCodes.h"
 
 namespace BaseField = AutoPlanField::BaseField;
 

@@ -2,14 +2,14 @@
 
 #include "AutoPlanField.h"
 #include "AutoPlanLogic.h"
+#include "ClientClock.h"
+#include "ClientSession.h"
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
 #include "OrloBusinessDataInterface.h"
 #include "Orlo_Fields.h"
-#include "calendar/ClientClock.h"
-#include "session/ClientSession.h"
-#include "store/SecurityStore.h"
-#include "values/PlanCodes.h"
+#include "PlanCodes.h"
+#include "SecurityStore.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>

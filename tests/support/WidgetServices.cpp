@@ -1,7 +1,8 @@
 #include "WidgetServices.h"
 
+#include "BondConversion.h"
 #include "OrloBusinessDataInterface.h"
-#include "services/Signatures.h"
+#include "Signatures.h"
 
 #include <QCoreApplication>
 #include <QThread>
@@ -44,6 +45,11 @@ QString agreementTitle(const QString&)
 QString agreementText(const QString&)
 {
     return WidgetServices::instance().agreementText;
+}
+
+QString bondConversionError(const QString&, const QString&, const QString&)
+{
+    return QString();
 }
 
 QString signAgreement(const QString& protocolId, const QStringList& clientNumbers)

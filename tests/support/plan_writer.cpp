@@ -4,11 +4,11 @@
 
 #include "AutoPlanField.h"
 #include "AutoPlanLogic.h"
+#include "ClientClock.h"
+#include "ClientSession.h"
 #include "PlanLedger.h"
+#include "PlanNews.h"
 #include "SampleSession.h"
-#include "calendar/ClientClock.h"
-#include "session/ClientSession.h"
-#include "session/PlanNews.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

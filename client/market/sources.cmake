@@ -1,4 +1,0 @@
-target_sources(plandesk_platform PRIVATE
-    market/Market.cpp
-    market/MovingAverages.cpp
-)

@@ -1,0 +1,35 @@
+#include "Appearance.h"
+
+#include <QDebug>
+#include <QFile>
+#include <QFontInfo>
+#include <QFontMetrics>
+
+namespace {
+
+constexpr int smallestText = 9;
+
+} // namespace
+
+QStringList skinNames()
+{
+    return { QStringLiteral("light"), QStringLiteral("dark") };
+}
+
+QString skinSheet(const QString& name)
+{
+    QFile sheet(QStringLiteral(":/skins/%1.qss").arg(name));
+    if (!skinNames().contains(name) || !sheet.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        qWarning().noquote() << "skinSheet: there is no skin" << name;
+        return {};
+    }
+    return QString::fromUtf8(sheet.readAll());
+}
+
+QFont fittedFont(QFont font, const QString& text, int room)
+{
+    int size = QFontInfo(font).pixelSize();
+    while (size > smallestText && QFontMetrics(font).horizontalAdvance(text) > room)
+        font.setPixelSize(--size);
+    return font;
+}

@@ -1,0 +1,174 @@
+#include "DateField.h"
+
+#include "DateRules.h"
+#include "FieldHint.h"
+#include "Popups.h"
+#include <QFocusEvent>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QStyle>
+
+namespace {
+
+constexpr auto refusedProperty = "refused";
+constexpr auto widestText = "0000-00-00 ";
+
+} // namespace
+
+DateField::DateField(const QString& objectName, const QString& title, QWidget* parent)
+    : QWidget(parent)
+    , m_edit(new QLineEdit(this))
+    , m_button(new QToolButton(this))
+    , m_refusal([](const QDate& date) { return DateRules().refusal(date); })
+{
+    m_edit->setObjectName(QStringLiteral("le_") + objectName);
+    m_edit->setAccessibleName(title);
+    m_edit->setMaxLength(10);
+    m_edit->setFrame(false);
+    m_edit->installEventFilter(this);
+    m_button->setObjectName(QStringLiteral("btn_") + objectName + QStringLiteral("Calendar"));
+    m_button->setArrowType(Qt::DownArrow);
+    m_button->setAutoRaise(true);
+    m_button->setToolTip(tr("打开日历"));
+    m_button->setAccessibleName(title + tr("日历"));
+    m_button->setFocusPolicy(Qt::StrongFocus);
+    m_button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    row->addWidget(m_edit, 1);
+    row->addWidget(m_button);
+    setFocusProxy(m_edit);
+    connect(m_button, &QToolButton::clicked, this, &DateField::openCalendar);
+    connect(m_edit, &QLineEdit::textEdited, this, [this] { FieldHint::hideAt(this); });
+}
+
+void DateField::setRefusal(const CalendarPopup::Refusal& refusal)
+{
+    m_refusal = refusal;
+}
+
+void DateField::setDate(const QDate& date)
+{
+    m_date = date;
+    m_edit->setText(dateText(date));
+    updateMark();
+}
+
+QDate DateField::date() const
+{
+    return m_date;
+}
+
+void DateField::updateMark()
+{
+    m_edit->ensurePolished();
+    m_edit->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1String(widestText)) + 4);
+    const QString refusal = m_date.isValid() ? m_refusal(m_date) : QString();
+    m_edit->setToolTip(refusal);
+    if (m_edit->property(refusedProperty).toBool() == !refusal.isEmpty())
+        return;
+    m_edit->setProperty(refusedProperty, !refusal.isEmpty());
+    // Without a skin the mark is the colour, with one it is the skin's.
+    QPalette colours = palette();
+    if (!refusal.isEmpty())
+        colours.setColor(QPalette::Text, Qt::darkRed);
+    m_edit->setPalette(colours);
+    m_edit->style()->unpolish(m_edit);
+    m_edit->style()->polish(m_edit);
+}
+
+void DateField::tell(const QString& text)
+{
+    FieldHint::showAt(this, text);
+}
+
+void DateField::openCalendar()
+{
+    if (!m_edit->isEnabled() || m_calendar)
+        return;
+    m_calendar = new CalendarPopup(m_refusal, m_date, this);
+    connect(m_calendar, &CalendarPopup::dateChosen, this, &DateField::take);
+    m_calendar->move(popupPlace(this, m_calendar->size()));
+    m_calendar->show();
+    m_calendar->setFocus(Qt::PopupFocusReason);
+}
+
+void DateField::take(const QDate& date)
+{
+    FieldHint::hideAt(this);
+    const bool changed = date != m_date;
+    setDate(date);
+    if (changed)
+        Q_EMIT dateChosen(date);
+}
+
+/// Takes the typed date, or says why not and shows the former one again.
+bool DateField::takeTyped()
+{
+    if (m_edit->text() == dateText(m_date))
+        return true;
+    const QDate typed = dateFromText(m_edit->text().trimmed());
+    const QString refusal = m_refusal(typed);
+    if (refusal.isEmpty()) {
+        take(typed);
+        return true;
+    }
+    setDate(m_date);
+    tell(refusal);
+    return false;
+}
+
+void DateField::step(int days)
+{
+    if (!m_date.isValid() || !takeTyped())
+        return;
+    constexpr int farthest = 60;
+    QDate date = m_date;
+    for (int i = 0; i < farthest; ++i) {
+        date = date.addDays(days);
+        if (m_refusal(date).isEmpty()) {
+            take(date);
+            return;
+        }
+    }
+    tell(m_refusal(m_date.addDays(days)));
+}
+
+bool DateField::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_edit && event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        return handleKey(key->key(), key->modifiers());
+    }
+    if (watched == m_edit && event->type() == QEvent::FocusOut
+        && static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)
+        takeTyped();
+    return QWidget::eventFilter(watched, event);
+}
+
+bool DateField::handleKey(int key, Qt::KeyboardModifiers modifiers)
+{
+    switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (m_edit->text() == dateText(m_date))
+            return false;
+        takeTyped();
+        return true;
+    case Qt::Key_Up:
+        step(1);
+        return true;
+    case Qt::Key_Down:
+        if (modifiers & Qt::AltModifier)
+            openCalendar();
+        else
+            step(-1);
+        return true;
+    case Qt::Key_F4:
+        openCalendar();
+        return true;
+    default:
+        return false;
+    }
+}

@@ -1,0 +1,78 @@
+#include "FieldHint.h"
+
+#include "Popups.h"
+#include <QEvent>
+
+namespace {
+
+constexpr int shownMilliseconds = 8000;
+constexpr int widestHint = 320;
+
+} // namespace
+
+FieldHint::FieldHint(QWidget* field)
+    : QLabel(field, Qt::ToolTip | Qt::FramelessWindowHint)
+{
+    setObjectName(QStringLiteral("fieldHint"));
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setFocusPolicy(Qt::NoFocus);
+    setTextFormat(Qt::PlainText);
+    setWordWrap(true);
+    setFrameShape(QFrame::StyledPanel);
+    setMargin(4);
+    setAutoFillBackground(true);
+    m_timer.setSingleShot(true);
+    m_timer.setInterval(shownMilliseconds);
+    connect(&m_timer, &QTimer::timeout, this, &QWidget::hide);
+    field->installEventFilter(this);
+    field->window()->installEventFilter(this);
+}
+
+FieldHint* FieldHint::of(const QWidget* field)
+{
+    return field->findChild<FieldHint*>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+void FieldHint::showAt(QWidget* field, const QString& text)
+{
+    if (!field->isVisible())
+        return;
+    FieldHint* hint = of(field);
+    if (!hint)
+        hint = new FieldHint(field);
+    hint->setText(text);
+    hint->setAccessibleName(text);
+    hint->place();
+    hint->show();
+    hint->m_timer.start();
+}
+
+void FieldHint::hideAt(QWidget* field)
+{
+    if (FieldHint* hint = of(field))
+        hint->hide();
+}
+
+void FieldHint::place()
+{
+    ensurePolished();
+    const QSize oneLine = fontMetrics().size(Qt::TextSingleLine, text());
+    const int width = qMin(widestHint, oneLine.width() + 2 * margin() + 2 * frameWidth() + 12);
+    resize(width, heightForWidth(width));
+    move(popupPlace(parentWidget(), size()));
+}
+
+bool FieldHint::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::Hide:
+    case QEvent::Move:
+    case QEvent::Resize:
+    case QEvent::WindowDeactivate:
+        hide();
+        break;
+    default:
+        break;
+    }
+    return QLabel::eventFilter(watched, event);
+}

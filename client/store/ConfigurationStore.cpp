@@ -1,0 +1,83 @@
+#include "ConfigurationStore.h"
+
+namespace {
+
+const QString white = QStringLiteral("white");
+const QString black = QStringLiteral("black");
+
+} // namespace
+
+StrategyStore::StrategyStore(Database& database)
+    : m_database(database)
+{
+}
+
+QString StrategyStore::setWhiteList(
+    const QString& instructionType, const QString& targetType, const QString& symbol, const QStringList& names)
+{
+    return setList({ white, instructionType, targetType, symbol }, names);
+}
+
+QStringList StrategyStore::whiteList(const QString& instructionType, const QString& targetType, const QString& symbol)
+{
+    const QStringList own = list({ white, instructionType, targetType, symbol });
+    return own.isEmpty() ? list({ white, instructionType, targetType, QString() }) : own;
+}
+
+QString StrategyStore::setBlackList(const QString& targetType, const QStringList& names)
+{
+    return setList({ black, QString(), targetType, QString() }, names);
+}
+
+QStringList StrategyStore::blackList(const QString& targetType)
+{
+    return list({ black, QString(), targetType, QString() });
+}
+
+QString StrategyStore::setList(const ListKey& key, const QStringList& names)
+{
+    return m_database.transaction([&] {
+        QString reason = m_database.execute(
+            QStringLiteral("DELETE FROM strategy_lists WHERE list = ? AND instruction_type = ? AND target_type = ?"
+                           " AND symbol = ?"),
+            { key.list, key.instructionType, key.targetType, key.symbol });
+        for (int i = 0; i < names.size() && reason.isEmpty(); ++i) {
+            reason = m_database.execute(
+                QStringLiteral("INSERT INTO strategy_lists (list, instruction_type, target_type, symbol, position,"
+                               " strategy) VALUES (?, ?, ?, ?, ?, ?)"),
+                { key.list, key.instructionType, key.targetType, key.symbol, i, names.at(i) });
+        }
+        return reason;
+    });
+}
+
+QStringList StrategyStore::list(const ListKey& key)
+{
+    QSqlQuery query =
+        m_database.query(QStringLiteral("SELECT strategy FROM strategy_lists WHERE list = ? AND instruction_type = ?"
+                                        " AND target_type = ? AND symbol = ? ORDER BY position"),
+            { key.list, key.instructionType, key.targetType, key.symbol });
+    QStringList names;
+    while (query.next())
+        names << query.value(0).toString();
+    return names;
+}
+
+StaticTextStore::StaticTextStore(Database& database)
+    : m_database(database)
+{
+}
+
+QString StaticTextStore::set(const QString& category, const QString& key, const QString& text)
+{
+    return m_database.execute(
+        QStringLiteral("INSERT OR REPLACE INTO static_texts (category, key, text) VALUES (?, ?, ?)"),
+        { category, key, text });
+}
+
+QString StaticTextStore::text(const QString& category, const QString& key, const QString& fallback)
+{
+    QSqlQuery query = m_database.query(
+        QStringLiteral("SELECT text FROM static_texts WHERE category = ? AND key = ?"), { category, key });
+    return query.next() ? query.value(0).toString() : fallback;
+}

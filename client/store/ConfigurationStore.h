@@ -1,0 +1,46 @@
+#pragma once
+
+#include "Database.h"
+
+#include <QStringList>
+
+/// The lists that allow and forbid algorithm strategies.
+class StrategyStore {
+public:
+    explicit StrategyStore(Database& database);
+
+    /// Replaces the names allowed for the three; an empty symbol stands for every security without a list of its own.
+    QString setWhiteList(
+        const QString& instructionType, const QString& targetType, const QString& symbol, const QStringList& names);
+    /// The security's own list, else the one for every security; empty when neither exists.
+    QStringList whiteList(const QString& instructionType, const QString& targetType, const QString& symbol);
+
+    QString setBlackList(const QString& targetType, const QStringList& names);
+    QStringList blackList(const QString& targetType);
+
+private:
+    struct ListKey {
+        QString list;
+        QString instructionType;
+        QString targetType;
+        QString symbol;
+    };
+
+    QString setList(const ListKey& key, const QStringList& names);
+    QStringList list(const ListKey& key);
+
+    Database& m_database;
+};
+
+/// Static configuration: texts by category and key.
+class StaticTextStore {
+public:
+    explicit StaticTextStore(Database& database);
+
+    QString set(const QString& category, const QString& key, const QString& text);
+    /// `fallback` when there is no such text.
+    QString text(const QString& category, const QString& key, const QString& fallback = QString());
+
+private:
+    Database& m_database;
+};

@@ -1,9 +1,0 @@
-#include "OrloHintLabel.h"
-
-OrloHintLabel::OrloHintLabel(QWidget* parent)
-    : QLabel(parent)
-{
-    setTextFormat(Qt::PlainText);
-}
-
-OrloHintLabel::~OrloHintLabel() = default;

@@ -1,0 +1,86 @@
+#include "Program.h"
+
+#include "Appearance.h"
+#include "Language.h"
+#include "OrloWidget.h"
+#include "SessionStart.h"
+
+#include <QApplication>
+#include <QLoggingCategory>
+#include <QTextStream>
+
+namespace {
+
+bool hasDisplay()
+{
+    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
+        || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+}
+
+/// Says what is wrong where the user looks: on the console, and in a box when the program was started for its window.
+int refuse(const QString& reason, bool inWindow)
+{
+    printLine(stderr, QStringLiteral("plandesk: ") + reason);
+    if (inWindow)
+        OrloWidget::ShowErrorMsgBox(reason, nullptr);
+    return Misuse;
+}
+
+QtMessageHandler usualHandler = nullptr;
+
+// The offscreen window system says of each window what it cannot do.
+void leaveOutWindowSystem(QtMsgType type, const QMessageLogContext& context, const QString& text)
+{
+    if (!text.startsWith(QLatin1String("This plugin does not support")))
+        usualHandler(type, context, text);
+}
+
+/// Offscreen there is no desktop whose font could be taken: windows then look as on a plain X server.
+void settleOffscreen()
+{
+    if (QGuiApplication::platformName() != QLatin1String("offscreen"))
+        return;
+    usualHandler = qInstallMessageHandler(leaveOutWindowSystem);
+    QApplication::setFont(QFont(QStringLiteral("Sans Serif"), 9));
+}
+
+int run(const Options& options, bool display, const std::function<int(const Options&)>& work)
+{
+    if (!options.help.isEmpty()) {
+        printLine(stdout, options.help);
+        return Success;
+    }
+    if (!options.error.isEmpty())
+        return refuse(options.error, false);
+    if (options.wantsWindow() && !display)
+        return refuse(
+            QStringLiteral("没有可用的显示设备；可用plandesk-walkthrough或--issue-day在没有窗口时运行"), false);
+    qApp->setStyleSheet(skinSheet(options.skin));
+    QString reason = useLanguage(options.language);
+    if (reason.isEmpty())
+        reason = startSession(options);
+    return reason.isEmpty() ? work(options) : refuse(reason, options.wantsWindow());
+}
+
+} // namespace
+
+void printLine(FILE* stream, const QString& text)
+{
+    QTextStream(stream) << text.trimmed() << QLatin1Char('\n');
+}
+
+int runProgram(int argc, char** argv, Program program, const std::function<int(const Options&)>& work)
+{
+    const bool display = hasDisplay();
+    if (!display)
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Lines for developers; QT_LOGGING_RULES brings them back.
+    QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false\ndefault.info=false"));
+    qSetMessagePattern(
+        QStringLiteral("%{time yyyy-MM-dd HH:mm:ss.zzz} %{type} %{file}:%{line} %{function} %{message}"));
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("plandesk"));
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    settleOffscreen();
+    return run(readOptions(QApplication::arguments(), program), display, work);
+}
