@@ -6,7 +6,7 @@
 #include "Counters.h"
 #include "Kelvo_Values.h"
 #include "OrloDecimalLineEdit.h"
-#include "PlanNews.h"
+#include "PlanEvents.h"
 #include "SampleSession.h"
 #include "VorSearchBox.h"
 
@@ -28,7 +28,7 @@ class Acknowledgement : public QObject {
 public:
     Acknowledgement()
     {
-        connect(&PlanNews::instance(), &PlanNews::planStored, this, [this] { note(); });
+        connect(&PlanEvents::instance(), &PlanEvents::planStored, this, [this] { note(); });
         qApp->installEventFilter(this);
     }
 

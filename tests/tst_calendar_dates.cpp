@@ -1,7 +1,6 @@
 #include "AutoParamSetting.h"
 #include "AutoPlanField.h"
 #include "AutoPlanLogic.h"
-#include "BoxWatcher.h"
 #include "ClientClock.h"
 #include "ClientSession.h"
 #include "FormDriver.h"
@@ -9,6 +8,7 @@
 #include "InstructionTargetType.h"
 #include "Kelvo_Values.h"
 #include "LogCatcher.h"
+#include "MessageBoxResponder.h"
 #include "OrloDateEdit.h"
 #include "PlanCodes.h"
 #include "SampleSession.h"
@@ -102,7 +102,7 @@ private:
     std::unique_ptr<QWidget> m_window;
     AutoParamSetting* m_editor = nullptr;
     std::unique_ptr<FormDriver> m_driver;
-    BoxWatcher m_boxes;
+    MessageBoxResponder m_boxes;
 };
 
 void TestCalendarDates::initTestCase()
@@ -146,7 +146,7 @@ void TestCalendarDates::confirm()
     QSignalSpy closed(m_editor, &AutoParamSetting::signalBtnCancelClicked);
     m_boxes.expect(QStringLiteral("msgBoxTip"));
     m_driver->confirm();
-    const QVector<BoxWatcher::Box> boxes = m_boxes.take();
+    const QVector<MessageBoxResponder::Box> boxes = m_boxes.take();
     QCOMPARE(boxes.size(), 1);
     QVERIFY2(boxes.constFirst().name == QLatin1String("msgBoxTip"), qPrintable(boxes.constFirst().text));
     QCOMPARE(closed.count(), 1);
@@ -321,7 +321,7 @@ void TestCalendarDates::a_day_that_passes_while_a_plan_is_edited_keeps_its_begin
     QCOMPARE(range().GetStartDate(), tuesday);
     setDay(monday);
     m_driver->confirm();
-    const QVector<BoxWatcher::Box> boxes = m_boxes.take();
+    const QVector<MessageBoxResponder::Box> boxes = m_boxes.take();
     QCOMPARE(boxes.size(), 1);
     QCOMPARE(boxes.constFirst().text, QStringLiteral("计划已开始执行，初始日期不支持修改！"));
     QCOMPARE(AutoPlanLogic::instance().GetPlanInfo(id).value(BaseField::beginDate).toString(), isoText(monday));

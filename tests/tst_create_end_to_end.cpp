@@ -1,12 +1,12 @@
 #include "AutoParamSetting.h"
-#include "BoxWatcher.h"
-#include "ClientFacts.h"
 #include "ClientSession.h"
+#include "DatabaseProbe.h"
 #include "ExpectedRecord.h"
 #include "FormDriver.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Values.h"
 #include "LogCatcher.h"
+#include "MessageBoxResponder.h"
 #include "Orlo_Values.h"
 #include "PlanCodes.h"
 #include "SampleSession.h"
@@ -144,7 +144,7 @@ private:
     std::unique_ptr<QWidget> m_window;
     AutoParamSetting* m_editor = nullptr;
     std::unique_ptr<FormDriver> m_driver;
-    BoxWatcher m_boxes;
+    MessageBoxResponder m_boxes;
 };
 
 void TestCreateEndToEnd::initTestCase()
@@ -184,12 +184,12 @@ void TestCreateEndToEnd::confirmAndCompare(const PlanForm& form)
     m_boxes.expect(QStringLiteral("msgBoxTip"));
     m_driver->confirm();
 
-    const QVector<BoxWatcher::Box> boxes = m_boxes.take();
+    const QVector<MessageBoxResponder::Box> boxes = m_boxes.take();
     QCOMPARE(boxes.value(0).text, QStringLiteral("交易自动规划创建成功!"));
     QCOMPARE(boxes.size(), 1);
     QCOMPARE(closed.count(), 1);
     QCOMPARE(storedPlans(), before + 1);
-    ClientFacts facts(m_session->file());
+    DatabaseProbe facts(m_session->file());
     const QMap<QString, QString> stored = facts.record(facts.planIds().constLast());
     QCOMPARE(
         ExpectedRecord(form, dates, ClientSession::instance().user().id, facts).differences(stored), QStringList());
@@ -262,8 +262,8 @@ void TestCreateEndToEnd::a_plan_is_stored_as_it_was_filled_in()
 void TestCreateEndToEnd::a_hong_kong_plan_sells_whole_lots_of_what_is_held()
 {
     open();
-    ClientFacts facts(m_session->file());
-    const ClientFacts::Security share =
+    DatabaseProbe facts(m_session->file());
+    const DatabaseProbe::Security share =
         facts.held(freeAccount, Orlo_Values::Exchange::HkStockCirculation, OtherSubType::HStcokCirculation, true);
     QVERIFY(share.held >= share.quantityStep);
     for (const QString& priceType : { Orlo_Values::HKTimeInForce::InTrade, Orlo_Values::HKTimeInForce::BeforeTrade }) {
@@ -287,7 +287,7 @@ void TestCreateEndToEnd::a_bond_of_shanghai_is_stored_in_lots_of_ten()
     form.target = QStringLiteral("1990");
     m_driver->fill(form);
     confirmAndCompare(form);
-    ClientFacts facts(m_session->file());
+    DatabaseProbe facts(m_session->file());
     QCOMPARE(facts.security(form.symbol).displayFactor, 10);
     QCOMPARE(facts.record(facts.planIds().constLast()).value(QStringLiteral("totalQty")), QStringLiteral("199"));
 }
@@ -304,7 +304,7 @@ void TestCreateEndToEnd::the_only_account_needs_no_choice()
 void TestCreateEndToEnd::a_declined_question_stores_nothing()
 {
     open();
-    ClientFacts facts(m_session->file());
+    DatabaseProbe facts(m_session->file());
     PlanForm form = ordinary();
     form.side = sell;
     form.symbol = facts.held(freeAccount, Kelvo_Values::Exchange::sh, SubType::Ashares, false).symbol;
@@ -327,7 +327,7 @@ void TestCreateEndToEnd::a_refusal_by_the_service_keeps_the_form()
     const int before = storedPlans();
     m_boxes.expect(QStringLiteral("msgBoxError"));
     m_driver->confirm();
-    const QVector<BoxWatcher::Box> boxes = m_boxes.take();
+    const QVector<MessageBoxResponder::Box> boxes = m_boxes.take();
     QCOMPARE(boxes.size(), 1);
     QCOMPARE(boxes.constFirst().name, QStringLiteral("msgBoxError"));
     QVERIFY2(
@@ -353,7 +353,7 @@ void TestCreateEndToEnd::cancel_closes_and_stores_nothing()
 
 void TestCreateEndToEnd::every_difference_to_what_was_filled_in_is_told()
 {
-    ClientFacts facts(m_session->file());
+    DatabaseProbe facts(m_session->file());
     const PlanForm form = ordinary();
     const ShownDates dates{ QStringLiteral("2024-05-07"), QStringLiteral("2024-05-10") };
     const ExpectedRecord expected(form, dates, trader, facts);

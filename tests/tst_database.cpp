@@ -333,9 +333,9 @@ void tst_database::theLogIsBegunAheadOfTheFirstTransaction()
     m_database->close();
     QCOMPARE(m_database->open(path(QStringLiteral("plans.db"))), QString());
     QCOMPARE(logFrames(), 0);
-    m_database->prepareLog();
+    m_database->prepareWal();
     QCOMPARE(logFrames(), 1);
-    m_database->prepareLog();
+    m_database->prepareWal();
     QCOMPARE(logFrames(), 1);
     QCOMPARE(PlanStore(*m_database, otherParamKey).count(), 0);
 }
@@ -351,10 +351,10 @@ void tst_database::aLongLogIsMovedWhenNobodyWaits()
     QCOMPARE(other.execute(QStringLiteral("BEGIN IMMEDIATE")), QString());
     QElapsedTimer timer;
     timer.start();
-    m_database->prepareLog();
+    m_database->prepareWal();
     QVERIFY2(timer.elapsed() < 800, "waited for the other client's transaction");
     QCOMPARE(other.execute(QStringLiteral("ROLLBACK")), QString());
-    m_database->prepareLog();
+    m_database->prepareWal();
     QCOMPARE(logFrames(), 1);
     QCOMPARE(plans.count(), 60);
     QCOMPARE(PlanStore(other, otherParamKey).count(), 60);
@@ -366,7 +366,7 @@ void tst_database::beginningTheLogKeepsTheVersionOfTheFile()
     QCOMPARE(m_database->execute(QStringLiteral("PRAGMA user_version = 99")), QString());
     for (int i = 0; i < 50; ++i)
         QCOMPARE(m_database->transaction([] { return QString(); }), QString());
-    m_database->prepareLog();
+    m_database->prepareWal();
     QCOMPARE(logFrames(), 1);
     QSqlQuery version = m_database->query(QStringLiteral("PRAGMA user_version"));
     QVERIFY(version.next());
@@ -375,17 +375,17 @@ void tst_database::beginningTheLogKeepsTheVersionOfTheFile()
 
 void tst_database::theMarkOfTheContentsIsNotToldWithinATransaction()
 {
-    const QString before = m_database->contentsMark();
+    const QString before = m_database->changeToken();
     QVERIFY(!before.isEmpty());
-    QCOMPARE(m_database->contentsMark(), before);
+    QCOMPARE(m_database->changeToken(), before);
     QString within = QStringLiteral("not asked");
     m_database->transaction([&] {
-        within = m_database->contentsMark();
+        within = m_database->changeToken();
         return QString();
     });
     QCOMPARE(within, QString());
     PlanStore(*m_database, otherParamKey).create(sampleRecord(), QStringLiteral("u"), morning);
-    QVERIFY(m_database->contentsMark() != before);
+    QVERIFY(m_database->changeToken() != before);
 }
 
 void tst_database::aWorkerThreadReadsWithAnObjectOfItsOwn()

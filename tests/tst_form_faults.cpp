@@ -1,5 +1,4 @@
 #include "AutoParamSetting.h"
-#include "BoxWatcher.h"
 #include "ClientClock.h"
 #include "ClientSession.h"
 #include "FaultyDisk.h"
@@ -7,6 +6,7 @@
 #include "InstructionTargetType.h"
 #include "Kelvo_Values.h"
 #include "LogCatcher.h"
+#include "MessageBoxResponder.h"
 #include "PlanCodes.h"
 #include "SampleSession.h"
 #include "TestToday.h"
@@ -89,7 +89,7 @@ private:
     void open();
     void begin(Trouble trouble);
     void end(Trouble trouble);
-    QVector<BoxWatcher::Box> confirm(const QString& box);
+    QVector<MessageBoxResponder::Box> confirm(const QString& box);
 
     std::unique_ptr<LogCatcher> m_log;
     std::unique_ptr<SampleSession> m_session;
@@ -97,7 +97,7 @@ private:
     std::unique_ptr<QWidget> m_window;
     AutoParamSetting* m_editor = nullptr;
     std::unique_ptr<FormDriver> m_driver;
-    BoxWatcher m_boxes;
+    MessageBoxResponder m_boxes;
     qint64 m_shownAfter = 0; ///< milliseconds from OK to the first box
 };
 
@@ -158,7 +158,7 @@ void TestFormFaults::end(Trouble trouble)
         QCOMPARE(m_session->reopen(), QString());
 }
 
-QVector<BoxWatcher::Box> TestFormFaults::confirm(const QString& box)
+QVector<MessageBoxResponder::Box> TestFormFaults::confirm(const QString& box)
 {
     QElapsedTimer clock;
     m_shownAfter = -1;
@@ -210,7 +210,7 @@ void TestFormFaults::a_plan_that_cannot_be_stored_keeps_the_form()
     QSignalSpy closed(m_editor, &AutoParamSetting::signalBtnCancelClicked);
 
     begin(trouble);
-    QVector<BoxWatcher::Box> boxes = confirm(QStringLiteral("msgBoxError"));
+    QVector<MessageBoxResponder::Box> boxes = confirm(QStringLiteral("msgBoxError"));
     QCOMPARE(boxes.size(), 1);
     QCOMPARE(boxes.constFirst().name, QStringLiteral("msgBoxError"));
     QVERIFY2(boxes.constFirst().text.contains(message), qPrintable(boxes.constFirst().text));

@@ -10,7 +10,7 @@
 #include "LogCatcher.h"
 #include "Orlo_Fields.h"
 #include "PlanCodes.h"
-#include "PlanNews.h"
+#include "PlanEvents.h"
 #include "SampleSession.h"
 #include "SecurityStore.h"
 #include "TickPrice.h"
@@ -230,7 +230,7 @@ void TestInstructionIssuer::fills_depend_on_the_distance_from_the_reference()
 void TestInstructionIssuer::a_plan_without_a_limit_is_filled_at_the_last_close()
 {
     const QString plan = m_session->create(SampleSession::record());
-    const QSignalSpy news(&PlanNews::instance(), &PlanNews::planStored);
+    const QSignalSpy news(&PlanEvents::instance(), &PlanEvents::planStored);
     const IssueResult result = InstructionIssuer::issueDay(monday);
     QCOMPARE(result.reason, QString());
     QCOMPARE(result.issued.size(), 1);
@@ -254,7 +254,7 @@ void TestInstructionIssuer::issuing_a_day_again_adds_nothing()
     const QString plan = m_session->create(SampleSession::record());
     QCOMPARE(InstructionIssuer::issueDay(monday).issued.size(), 1);
     const auto before = AutoPlanLogic::instance().GetPlanInstruction(plan);
-    const QSignalSpy news(&PlanNews::instance(), &PlanNews::planStored);
+    const QSignalSpy news(&PlanEvents::instance(), &PlanEvents::planStored);
     const IssueResult again = InstructionIssuer::issueDay(monday);
     QCOMPARE(again.reason, QString());
     QCOMPARE(again.issued, QStringList());

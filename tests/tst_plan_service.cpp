@@ -2,7 +2,7 @@
 #include "AutoPlanLogic.h"
 #include "ClientClock.h"
 #include "ClientSession.h"
-#include "InstructionDesk.h"
+#include "InstructionPrefetcher.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
@@ -12,7 +12,7 @@
 #include "Orlo_Values.h"
 #include "PlanCheck.h"
 #include "PlanCodes.h"
-#include "PlanNews.h"
+#include "PlanEvents.h"
 #include "PlanTexts.h"
 #include "SampleSession.h"
 #include "Security.h"
@@ -162,7 +162,7 @@ void TestPlanService::initTestCase()
 QString TestPlanService::refusal(const Record& record)
 {
     const int before = storedPlans();
-    const QSignalSpy news(&PlanNews::instance(), &PlanNews::planStored);
+    const QSignalSpy news(&PlanEvents::instance(), &PlanEvents::planStored);
     const QString reason = service().CreateNewPlan(record);
     if (!reason.isEmpty() && (storedPlans() != before || news.count() != 0))
         return QStringLiteral("stored although refused: ") + reason;
@@ -184,7 +184,7 @@ void TestPlanService::a_new_plan_is_read_back_as_it_was_sent()
 
 void TestPlanService::a_new_plan_is_announced_once()
 {
-    const QSignalSpy news(&PlanNews::instance(), &PlanNews::planStored);
+    const QSignalSpy news(&PlanEvents::instance(), &PlanEvents::planStored);
     const QString id = m_session->create(SampleSession::record());
     QCOMPARE(news.count(), 1);
     QCOMPARE(news.at(0).at(0).toString(), id);
@@ -227,24 +227,25 @@ void TestPlanService::instructions_are_read_ahead_on_another_thread()
     const Record running{ { FieldId::EndState, EndState::Running } };
     ClientSession::instance().instructions().add(id, SampleSession::today(), running);
 
-    InstructionDesk desk(m_session->file());
+    InstructionPrefetcher prefetcher(m_session->file());
     const QThread* reader = nullptr;
     connect(
-        &desk, &InstructionDesk::arrived, &desk, [&] { reader = QThread::currentThread(); }, Qt::DirectConnection);
-    const QSignalSpy arrived(&desk, &InstructionDesk::arrived);
-    desk.read(id, QStringLiteral("now"));
+        &prefetcher, &InstructionPrefetcher::arrived, &prefetcher, [&] { reader = QThread::currentThread(); },
+        Qt::DirectConnection);
+    const QSignalSpy arrived(&prefetcher, &InstructionPrefetcher::arrived);
+    prefetcher.read(id, QStringLiteral("now"));
     QTRY_COMPARE(arrived.count(), 1);
     QVERIFY(reader && reader != thread());
     QCOMPARE(arrived.constFirst().at(0).toString(), id);
     QCOMPARE(arrived.constFirst().at(1).toString(), QStringLiteral("now"));
-    const auto instructions = arrived.constFirst().at(2).value<InstructionDesk::Instructions>();
+    const auto instructions = arrived.constFirst().at(2).value<InstructionPrefetcher::Instructions>();
     QCOMPARE(instructions, service().GetPlanInstruction(id));
 }
 
 void TestPlanService::a_session_closes_while_instructions_are_read_ahead()
 {
     const QString id = m_session->create(SampleSession::record());
-    ClientSession::instance().readInstructionsAhead(id);
+    ClientSession::instance().prefetchInstructions(id);
     QCOMPARE(m_session->reopen(), QString());
     QCOMPARE(service().GetPlanInstruction(id).size(), 0);
 }
@@ -430,7 +431,7 @@ void TestPlanService::a_change_replaces_the_record_and_counts_the_version()
     const QString id = m_session->create(SampleSession::record());
     Record changed = with(SampleSession::record(), BaseField::totalQty, QStringLiteral("2000"));
     changed.insert(BaseField::autoPlanId, id);
-    const QSignalSpy news(&PlanNews::instance(), &PlanNews::planStored);
+    const QSignalSpy news(&PlanEvents::instance(), &PlanEvents::planStored);
     QCOMPARE(service().modifyPlan(changed), QString());
     QCOMPARE(service().GetPlanInfo(id), changed);
     QCOMPARE(ClientSession::instance().plans().plan(id).version, 2);
@@ -489,7 +490,7 @@ void TestPlanService::a_refused_change_leaves_the_plan_as_it_was()
 {
     const QString id = m_session->create(SampleSession::record());
     const Record before = service().GetPlanInfo(id);
-    const QSignalSpy news(&PlanNews::instance(), &PlanNews::planStored);
+    const QSignalSpy news(&PlanEvents::instance(), &PlanEvents::planStored);
     QCOMPARE(service().modifyPlan(with(before, BaseField::totalQty, QStringLiteral("nan"))),
         QStringLiteral("目标总量“nan”不是正整数"));
     QCOMPARE(service().GetPlanInfo(id), before);

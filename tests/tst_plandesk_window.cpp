@@ -1,7 +1,6 @@
 #include "Appearance.h"
 #include "AutoParamSetting.h"
 #include "AutoPlanField.h"
-#include "BoxWatcher.h"
 #include "ClientSession.h"
 #include "EditorDialog.h"
 #include "FormDriver.h"
@@ -9,10 +8,11 @@
 #include "Kelvo_Values.h"
 #include "LogCatcher.h"
 #include "MainWindow.h"
+#include "MessageBoxResponder.h"
 #include "Options.h"
 #include "PlanCodes.h"
+#include "PlanFormatter.h"
 #include "PlanTableModel.h"
-#include "PlanWording.h"
 #include "SampleSession.h"
 #include "TestToday.h"
 
@@ -141,7 +141,7 @@ private:
     std::unique_ptr<SampleSession> m_session;
     std::unique_ptr<LogCatcher> m_log;
     std::unique_ptr<MainWindow> m_window;
-    BoxWatcher m_boxes;
+    MessageBoxResponder m_boxes;
 };
 
 void TestPlandeskWindow::initTestCase()
@@ -451,7 +451,7 @@ void TestPlandeskWindow::a_plan_is_told_in_words()
     record.insert(BaseField::InstMode, InstMode::AlgoReview);
     record.insert(BaseField::remark, QStringLiteral("说明"));
     const QString id = m_session->create(record);
-    const PlanWording words(ClientSession::instance().plans().plan(id));
+    const PlanFormatter words(ClientSession::instance().plans().plan(id));
     QMap<QString, QString> texts;
     for (const auto& field : words.fields())
         texts.insert(field.first, field.second);
@@ -481,12 +481,12 @@ void TestPlandeskWindow::codes_that_are_none_are_shown_as_they_are()
     plan.id = QStringLiteral("AP00000001");
     plan.record = { { BaseField::orderSide, QStringLiteral("up") }, { BaseField::priceModel, QStringLiteral("99") },
         { BaseField::totalQty, QStringLiteral("nan") }, { BaseField::planOtherParam, QStringLiteral("[1,") } };
-    const PlanWording words(plan);
+    const PlanFormatter words(plan);
     QCOMPARE(words.side(), QStringLiteral("up"));
     QCOMPARE(words.priceMode(), QStringLiteral("99"));
     QCOMPARE(words.target(), QStringLiteral("nan"));
     QCOMPARE(words.security(), QString());
-    QCOMPARE(PlanWording(StoredPlan()).fields().size(), 0);
+    QCOMPARE(PlanFormatter(StoredPlan()).fields().size(), 0);
 }
 
 void TestPlandeskWindow::a_created_plan_is_listed_and_current()

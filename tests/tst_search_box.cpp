@@ -410,7 +410,7 @@ void SearchBoxTest::lettersAreDrawnAheadOnceEach()
     const auto letters = SymbolSearch(m_market.runs()).letters();
     // 东海科技股份号 南山银行控股集团 Alpha芯片ETF in upper case, and the ten digits: 股 stands twice.
     QCOMPARE(letters.count(true), 7 + 7 + 2 + 7 + 10);
-    LettersAhead ahead(m_other);
+    GlyphPrewarmer ahead(m_other);
     const auto* const idle = ahead.findChild<QTimer*>();
     QVERIFY(!idle->isActive());
     ahead.draw(letters);

@@ -78,7 +78,7 @@ bool isEnter(int key)
 SuggestionPopup::SuggestionPopup(QLineEdit* edit)
     : QListView(edit)
     , m_edit(edit)
-    , m_letters(new LettersAhead(this))
+    , m_letters(new GlyphPrewarmer(this))
 {
     setWindowFlags(Qt::ToolTip | Qt::FramelessWindowHint);
     setObjectName(QStringLiteral("suggestions"));

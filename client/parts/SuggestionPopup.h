@@ -1,6 +1,6 @@
 #pragma once
 
-#include "LettersAhead.h"
+#include "GlyphPrewarmer.h"
 #include <QLineEdit>
 #include <QListView>
 #include <QStringListModel>
@@ -42,7 +42,7 @@ private:
     void choose(int row);
 
     QLineEdit* m_edit;
-    LettersAhead* m_letters;
+    GlyphPrewarmer* m_letters;
     QStringListModel m_rows;
     bool m_tabChooses = false;
 };

@@ -9,7 +9,7 @@
 #include "Kelvo_Values.h"
 #include "Orlo_Fields.h"
 #include "PlanCodes.h"
-#include "PlanNews.h"
+#include "PlanEvents.h"
 #include "PlanTexts.h"
 #include "PositionStore.h"
 #include "SecurityStore.h"
@@ -67,7 +67,7 @@ private:
     bool isAmount() const { return other(FieldId::TargetType) == InstructionTargetType::AmountOrder; }
     bool isReduction() const { return text(Orlo_Fields::AutoPlan::templateCode) == PlanType::ReduceHoldings; }
 
-    QString reasonAgainstDay() const;
+    QString dayError() const;
     QString readShare();
     QString readAmountShare();
     QString readQuantityShare();
@@ -105,7 +105,7 @@ QString PlanDay::prepare()
 {
     if (!m_security)
         return QStringLiteral("证券“%1”不存在").arg(text(Kelvo_Fields::Security::symbol));
-    QString reason = reasonAgainstDay();
+    QString reason = dayError();
     if (reason.isEmpty())
         reason = readShare();
     if (!reason.isEmpty())
@@ -138,7 +138,7 @@ Fields PlanDay::fields() const
     };
 }
 
-QString PlanDay::reasonAgainstDay() const
+QString PlanDay::dayError() const
 {
     switch (m_session.calendar().day(m_security->exchange, m_day)) {
     case TradeCalendar::Day::Trades:
@@ -279,7 +279,7 @@ IssueResult InstructionIssuer::issueDay(const QDate& day)
         return IssueResult{ failed, {}, {}, {} };
     for (const QString& plan : plans) {
         if (!result.alreadyIssued.contains(plan))
-            Q_EMIT PlanNews::instance().planStored(plan);
+            Q_EMIT PlanEvents::instance().planStored(plan);
     }
     return result;
 }

@@ -26,7 +26,7 @@ struct IssueResult {
 /// A quantity plan issues whole lots, an amount plan the whole lots that its amount of the day buys, both within the
 /// daily maximum and what is left. Instructions of earlier days that are still open end first and give back what was
 /// not filled. The day is one transaction; issuing it again adds nothing. Each plan that changed is announced by
-/// `PlanNews`.
+/// `PlanEvents`.
 class InstructionIssuer {
 public:
     static IssueResult issueDay(const QDate& day);

@@ -43,7 +43,7 @@ QVector<CodeRule> codeRules()
     };
 }
 
-QString reasonAgainstFormula(const QString& caption, const QString& formula)
+QString formulaError(const QString& caption, const QString& formula)
 {
     const QString reason = PriceFormula::check(formula, priceNames());
     return reason.isEmpty() ? QString() : QStringLiteral("%1公式不正确：%2").arg(caption, reason);
@@ -90,7 +90,7 @@ PlanCheck::PlanCheck(const Market& market, const AccountDirectory& accounts, con
 {
 }
 
-QString PlanCheck::reasonAgainstNew(const Record& record)
+QString PlanCheck::creationError(const Record& record)
 {
     if (record.contains(BaseField::autoPlanId))
         return QStringLiteral("新建计划不能带有计划编号");
@@ -106,7 +106,7 @@ QString PlanCheck::reasonAgainstNew(const Record& record)
     return QString();
 }
 
-QString PlanCheck::reasonAgainstChange(const Record& stored, const Record& record, const QDate& today)
+QString PlanCheck::modificationError(const Record& stored, const Record& record, const QDate& today)
 {
     const QString reason = firstReason(record);
     if (!reason.isEmpty())
@@ -287,10 +287,10 @@ QString PlanCheck::checkFormulas() const
         return QString();
     const bool compares = model == PriceModel::CompareMax || model == PriceModel::CompareMin;
     const QString first = compares ? QStringLiteral("价格1") : QStringLiteral("价格");
-    const QString reason = reasonAgainstFormula(first, text(BaseField::priceFormula1));
+    const QString reason = formulaError(first, text(BaseField::priceFormula1));
     if (!reason.isEmpty() || !compares)
         return reason;
-    return reasonAgainstFormula(QStringLiteral("价格2"), text(BaseField::priceFormula2));
+    return formulaError(QStringLiteral("价格2"), text(BaseField::priceFormula2));
 }
 
 QString PlanCheck::checkBegin() const

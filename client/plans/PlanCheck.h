@@ -20,9 +20,9 @@ public:
     PlanCheck(const Market& market, const AccountDirectory& accounts, const TradeCalendar& calendar);
 
     /// Why a record cannot become a new plan.
-    QString reasonAgainstNew(const Record& record);
+    QString creationError(const Record& record);
     /// Why a stored plan cannot be changed to a record; `today` tells whether it has started.
-    QString reasonAgainstChange(const Record& stored, const Record& record, const QDate& today);
+    QString modificationError(const Record& stored, const Record& record, const QDate& today);
 
 private:
     using Rule = QString (PlanCheck::*)() const;

@@ -4,7 +4,7 @@
 #include "ClientClock.h"
 #include "ClientSession.h"
 #include "PlanCheck.h"
-#include "PlanNews.h"
+#include "PlanEvents.h"
 #include "PlanTexts.h"
 
 #include <QDateTime>
@@ -49,7 +49,7 @@ AutoPlanLogic::AutoPlanLogic()
 {
     connect(this, &AutoPlanLogic::signalQuerySymbolMAInfo, this,
         [this](const QString&, const QString& symbol) { queryAverages(this, symbol); });
-    connect(&PlanNews::instance(), &PlanNews::averagesAnswered, this, &AutoPlanLogic::signalQuerySymbolMAResponse,
+    connect(&PlanEvents::instance(), &PlanEvents::averagesAnswered, this, &AutoPlanLogic::signalQuerySymbolMAResponse,
         Qt::DirectConnection);
 }
 
@@ -66,12 +66,12 @@ QString AutoPlanLogic::CreateNewPlan(QMap<QString, QVariant> record)
     ClientSession& session = ClientSession::instance();
     if (!session.isOpen())
         return notLoggedIn();
-    const QString refused = checkOf(session).reasonAgainstNew(record);
+    const QString refused = checkOf(session).creationError(record);
     if (!refused.isEmpty())
         return refused;
     const PlanStore::Created created = session.plans().create(record, session.user().id, QDateTime::currentDateTime());
     if (created.reason.isEmpty())
-        Q_EMIT PlanNews::instance().planStored(created.id);
+        Q_EMIT PlanEvents::instance().planStored(created.id);
     return created.reason;
 }
 
@@ -89,11 +89,11 @@ QString AutoPlanLogic::modifyPlan(const QMap<QString, QVariant>& record)
         const StoredPlan stored = plans.plan(planId);
         if (stored.id.isEmpty())
             return QStringLiteral("计划“%1”不存在").arg(planId);
-        const QString refused = checkOf(session).reasonAgainstChange(stored.record, content, clientToday());
+        const QString refused = checkOf(session).modificationError(stored.record, content, clientToday());
         return refused.isEmpty() ? plans.modify(planId, content, QDateTime::currentDateTime()) : refused;
     });
     if (reason.isEmpty())
-        Q_EMIT PlanNews::instance().planStored(planId);
+        Q_EMIT PlanEvents::instance().planStored(planId);
     return reason;
 }
 

@@ -14,7 +14,7 @@ StoredAgreement agreementOf(const QString& protocolId)
     return session.isOpen() ? AgreementStore(session.database()).agreement(protocolId) : StoredAgreement();
 }
 
-QString reasonAgainstSigning(const QString& protocolId, const QStringList& clientNumbers)
+QString signingError(const QString& protocolId, const QStringList& clientNumbers)
 {
     const ClientSession& session = ClientSession::instance();
     if (!session.isOpen())
@@ -45,7 +45,7 @@ QString agreementText(const QString& protocolId)
 
 QString signAgreement(const QString& protocolId, const QStringList& clientNumbers)
 {
-    const QString refused = reasonAgainstSigning(protocolId, clientNumbers);
+    const QString refused = signingError(protocolId, clientNumbers);
     if (!refused.isEmpty())
         return refused;
     ClientSession& session = ClientSession::instance();

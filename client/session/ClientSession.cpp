@@ -3,7 +3,7 @@
 #include "AgreementStore.h"
 #include "AutoPlanField.h"
 #include "ConfigurationStore.h"
-#include "PlanNews.h"
+#include "PlanEvents.h"
 #include "SampleAccounts.h"
 #include "SampleData.h"
 
@@ -26,8 +26,8 @@ ClientSession::ClientSession()
 {
     m_idle.setSingleShot(true);
     m_idle.setInterval(untilIdle);
-    QObject::connect(&m_idle, &QTimer::timeout, &m_idle, [this] { m_database.prepareLog(); });
-    QObject::connect(&PlanNews::instance(), &PlanNews::planStored, &m_idle, [this] { m_idle.start(); });
+    QObject::connect(&m_idle, &QTimer::timeout, &m_idle, [this] { m_database.prepareWal(); });
+    QObject::connect(&PlanEvents::instance(), &PlanEvents::planStored, &m_idle, [this] { m_idle.start(); });
 }
 
 ClientSession::~ClientSession()
@@ -96,10 +96,10 @@ QMap<QString, InstructionStore::Fields> ClientSession::instructionsOf(const QStr
     return m_open ? m_instructions.ofPlan(planId) : InstructionCache::Instructions();
 }
 
-void ClientSession::readInstructionsAhead(const QString& planId)
+void ClientSession::prefetchInstructions(const QString& planId)
 {
     if (m_open)
-        m_instructions.readAhead(planId);
+        m_instructions.prefetch(planId);
 }
 
 QString ClientSession::staticText(const QString& category, const QString& key)
@@ -155,8 +155,8 @@ void ClientSession::startMovingAverages()
 {
     static const bool registered = (qAddPostRoutine(closeWithTheApplication), true);
     Q_UNUSED(registered);
-    m_averages = std::make_unique<MovingAverageDesk>(m_database.fileName());
-    // Passed on from the desk's thread: receivers see the answer as another thread's.
-    QObject::connect(m_averages.get(), &MovingAverageDesk::answered, &PlanNews::instance(), &PlanNews::averagesAnswered,
-        Qt::DirectConnection);
+    m_averages = std::make_unique<MovingAverageWorker>(m_database.fileName());
+    // Emitted on the worker's thread: receivers see the answer as another thread's.
+    QObject::connect(m_averages.get(), &MovingAverageWorker::answered, &PlanEvents::instance(),
+        &PlanEvents::averagesAnswered, Qt::DirectConnection);
 }

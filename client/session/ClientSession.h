@@ -3,7 +3,7 @@
 #include "AccountDirectory.h"
 #include "InstructionCache.h"
 #include "InstructionStore.h"
-#include "MovingAverageDesk.h"
+#include "MovingAverageWorker.h"
 #include "PlanStore.h"
 #include "SampleMarket.h"
 #include "SearchableMarket.h"
@@ -52,7 +52,7 @@ public:
     /// Instructions of a plan as the store has them; see `InstructionCache`.
     QMap<QString, InstructionStore::Fields> instructionsOf(const QString& planId);
     /// Has the instructions of a plan that is likely to be asked for read ahead; does nothing while closed.
-    void readInstructionsAhead(const QString& planId);
+    void prefetchInstructions(const QString& planId);
 
     /// A static text of the database; empty when there is none. Remembered until the session is closed.
     QString staticText(const QString& category, const QString& key);
@@ -60,7 +60,7 @@ public:
     QStringList unsignedClients(const QString& protocolId);
     void forgetSignatures() { m_unsigned.clear(); }
 
-    /// Starts a moving-average query; false while closed. The answer comes by `PlanNews`.
+    /// Starts a moving-average query; false while closed. The answer comes by `PlanEvents`.
     bool askMovingAverages(const QString& symbol);
 
 private:
@@ -76,7 +76,7 @@ private:
     StoredUser m_user;
     SearchableMarket m_market;
     AccountDirectory m_accounts;
-    std::unique_ptr<MovingAverageDesk> m_averages;
+    std::unique_ptr<MovingAverageWorker> m_averages;
     InstructionCache m_instructions{ m_database };
     QTimer m_idle; ///< runs out when the trader is likely to be at the form again
     QHash<QPair<QString, QString>, QString> m_texts;

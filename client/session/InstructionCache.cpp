@@ -7,40 +7,40 @@ InstructionCache::InstructionCache(Database& database)
 
 InstructionCache::Instructions InstructionCache::ofPlan(const QString& planId)
 {
-    const QString mark = m_database.contentsMark();
-    if (!isKnown(planId, mark))
-        m_known = { planId, mark, InstructionStore(m_database).ofPlan(planId) };
+    const QString token = m_database.changeToken();
+    if (!isKnown(planId, token))
+        m_known = { planId, token, InstructionStore(m_database).ofPlan(planId) };
     return m_known.instructions;
 }
 
-void InstructionCache::readAhead(const QString& planId)
+void InstructionCache::prefetch(const QString& planId)
 {
-    const QString mark = m_database.contentsMark();
-    if (mark.isEmpty() || isKnown(planId, mark))
+    const QString token = m_database.changeToken();
+    if (token.isEmpty() || isKnown(planId, token))
         return;
-    if (!m_desk)
-        startDesk();
-    m_desk->read(planId, mark);
+    if (!m_prefetcher)
+        startPrefetcher();
+    m_prefetcher->read(planId, token);
 }
 
 void InstructionCache::clear()
 {
-    m_desk.reset();
+    m_prefetcher.reset();
     m_known = Known();
 }
 
-bool InstructionCache::isKnown(const QString& planId, const QString& mark) const
+bool InstructionCache::isKnown(const QString& planId, const QString& token) const
 {
-    return !mark.isEmpty() && mark == m_known.mark && planId == m_known.plan;
+    return !token.isEmpty() && token == m_known.token && planId == m_known.plan;
 }
 
-// Received by the desk, so that nothing arrives once the desk is gone.
-void InstructionCache::startDesk()
+// The prefetcher itself is the context, so that nothing arrives once it is gone.
+void InstructionCache::startPrefetcher()
 {
-    m_desk = std::make_unique<InstructionDesk>(m_database.fileName());
-    QObject::connect(m_desk.get(), &InstructionDesk::arrived, m_desk.get(),
-        [this](const QString& planId, const QString& mark, const Instructions& instructions) {
-            if (mark == m_database.contentsMark())
-                m_known = { planId, mark, instructions };
+    m_prefetcher = std::make_unique<InstructionPrefetcher>(m_database.fileName());
+    QObject::connect(m_prefetcher.get(), &InstructionPrefetcher::arrived, m_prefetcher.get(),
+        [this](const QString& planId, const QString& token, const Instructions& instructions) {
+            if (token == m_database.changeToken())
+                m_known = { planId, token, instructions };
         });
 }

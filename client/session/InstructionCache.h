@@ -1,6 +1,6 @@
 #pragma once
 
-#include "InstructionDesk.h"
+#include "InstructionPrefetcher.h"
 
 #include <memory>
 
@@ -8,29 +8,29 @@
 /// thread.
 class InstructionCache {
 public:
-    using Instructions = InstructionDesk::Instructions;
+    using Instructions = InstructionPrefetcher::Instructions;
 
     explicit InstructionCache(Database& database);
 
     /// Instructions of a plan as the store has them; empty when the plan is unknown or has none.
     Instructions ofPlan(const QString& planId);
     /// Has the instructions of a plan that is likely to be asked for read on another thread. The database must be open.
-    void readAhead(const QString& planId);
+    void prefetch(const QString& planId);
     /// Forgets everything; instructions that are still being read are dropped.
     void clear();
 
 private:
-    /// Instructions with what the database was when they were read.
+    /// Instructions with the change token of the database that they were read from.
     struct Known {
         QString plan;
-        QString mark;
+        QString token;
         Instructions instructions;
     };
 
-    bool isKnown(const QString& planId, const QString& mark) const;
-    void startDesk();
+    bool isKnown(const QString& planId, const QString& token) const;
+    void startPrefetcher();
 
     Database& m_database;
     Known m_known;
-    std::unique_ptr<InstructionDesk> m_desk; ///< started when it is first needed
+    std::unique_ptr<InstructionPrefetcher> m_prefetcher; ///< started when it is first needed
 };

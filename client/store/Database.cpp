@@ -15,7 +15,7 @@ namespace {
 constexpr int busyTimeout = 800;
 // A few hundred pages, unless other clients write, too: well before SQLite moves the log by itself, within a
 // transaction.
-constexpr int transactionsPerLog = 50;
+constexpr int transactionsPerWal = 50;
 
 QString nextConnectionName()
 {
@@ -83,7 +83,7 @@ void Database::close()
 {
     if (!m_connection.isValid())
         return;
-    m_mark = QSqlQuery();
+    m_dataVersion = QSqlQuery();
     m_committed = 0;
     m_connection.close();
     m_connection = QSqlDatabase();
@@ -234,22 +234,22 @@ QString Database::executePrepared(QSqlQuery& statement, const QVariantList& valu
     return reasonOf(statement);
 }
 
-void Database::prepareLog()
+void Database::prepareWal()
 {
     if (!isOpen() || m_inTransaction)
         return;
     const bool isBegun = QFileInfo(fileName() + QStringLiteral("-wal")).size() > 0;
-    if (isBegun && (m_committed < transactionsPerLog || !moveLog()))
+    if (isBegun && (m_committed < transactionsPerWal || !checkpoint()))
         return;
     setBusyTimeout(0);
-    if (beginLog().isEmpty())
+    if (startWal().isEmpty())
         m_committed = 0;
     setBusyTimeout(busyTimeout);
 }
 
 // The first transaction of a log flushes it twice, once for the log's own beginning. This one writes back what it
 // reads.
-QString Database::beginLog()
+QString Database::startWal()
 {
     return transaction([this] {
         const int version = number(QStringLiteral("PRAGMA user_version"));
@@ -263,24 +263,25 @@ void Database::setBusyTimeout(int milliseconds)
 }
 
 /// False while somebody else reads an older state.
-bool Database::moveLog()
+bool Database::checkpoint()
 {
     QSqlQuery moved = query(QStringLiteral("PRAGMA wal_checkpoint(PASSIVE)"));
     return moved.next() && moved.value(1) == moved.value(2);
 }
 
-QString Database::contentsMark()
+QString Database::changeToken()
 {
-    // What a transaction changes may be undone, and the mark would stay as it is.
+    // What a transaction changes may be undone, and the token would stay the same.
     if (m_inTransaction)
         return QString();
-    if (m_mark.lastQuery().isEmpty())
-        m_mark = prepare(QStringLiteral("SELECT total_changes() || '/' || data_version FROM pragma_data_version"));
-    if (!executePrepared(m_mark, {}).isEmpty() || !m_mark.next())
+    if (m_dataVersion.lastQuery().isEmpty())
+        m_dataVersion =
+            prepare(QStringLiteral("SELECT total_changes() || '/' || data_version FROM pragma_data_version"));
+    if (!executePrepared(m_dataVersion, {}).isEmpty() || !m_dataVersion.next())
         return QString();
-    const QString mark = m_mark.value(0).toString();
-    m_mark.finish();
-    return mark;
+    const QString token = m_dataVersion.value(0).toString();
+    m_dataVersion.finish();
+    return token;
 }
 
 QString Database::reasonOf(const QSqlQuery& query)

@@ -41,13 +41,12 @@ public:
     /// A statement prepared once to be run many times; see `executePrepared`.
     QSqlQuery prepare(const QString& statement);
     static QString executePrepared(QSqlQuery& statement, const QVariantList& values);
-    /// Does ahead what the next transaction would have to do besides: begins the log, and after many transactions moves
-    /// it into the file before it begins it anew. To be called when nobody waits; a file that is busy or cannot be
-    /// written stays as it is.
-    void prepareLog();
-    /// A mark of what the file holds: equal marks mean equal contents. It changes with every change by this connection
-    /// and with every commit of another one. Empty within a transaction, and when it cannot be told.
-    QString contentsMark();
+    /// Prepares the write-ahead log for the next transaction: starts it, and after many transactions checkpoints it
+    /// first. To be called while the user is idle; a file that is busy or cannot be written stays as it is.
+    void prepareWal();
+    /// Change token: equal tokens mean equal contents. It changes with every change by this connection and with every
+    /// commit of another one. Empty within a transaction, and if unavailable.
+    QString changeToken();
     /// Why `query` failed, empty when it did not.
     static QString reasonOf(const QSqlQuery& query);
     /// What an error with SQLite's code means; one without is that of a closed database.
@@ -60,13 +59,13 @@ private:
     QString migrate();
     QString applyMigrations();
     int number(const QString& statement);
-    bool moveLog();
-    QString beginLog();
+    bool checkpoint();
+    QString startWal();
     void setBusyTimeout(int milliseconds);
 
     const QString m_connectionName;
     QSqlDatabase m_connection;
-    QSqlQuery m_mark; ///< prepared when it is first asked
+    QSqlQuery m_dataVersion; ///< prepared when it is first asked
     bool m_inTransaction = false;
-    int m_committed = 0; ///< transactions since the log was begun by this connection
+    int m_committed = 0; ///< transactions since this connection started the log
 };

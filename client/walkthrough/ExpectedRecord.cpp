@@ -72,7 +72,8 @@ void compare(const QMap<QString, Value>& expected, const QMap<QString, Value>& s
 
 } // namespace
 
-ExpectedRecord::ExpectedRecord(const PlanForm& form, const ShownDates& dates, const QString& userId, ClientFacts& facts)
+ExpectedRecord::ExpectedRecord(
+    const PlanForm& form, const ShownDates& dates, const QString& userId, DatabaseProbe& facts)
     : m_form(form)
     , m_security(facts.security(form.symbol))
 {
@@ -107,7 +108,7 @@ QString ExpectedRecord::wholeNumber(const QString& typed) const
     return QString::number(static_cast<qint64>(typed.toDouble()) / m_security.displayFactor);
 }
 
-void ExpectedRecord::addIdentity(const QString& userId, ClientFacts& facts)
+void ExpectedRecord::addIdentity(const QString& userId, DatabaseProbe& facts)
 {
     m_fields.insert(UserAccount::userID, userId);
     m_fields.insert(UserAccount::tradingAccount, m_form.account);

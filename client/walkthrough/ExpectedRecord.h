@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ClientFacts.h"
+#include "DatabaseProbe.h"
 #include "FormDriver.h"
 
 #include <QMap>
@@ -11,7 +11,7 @@
 /// says of the account and the security, without looking at the form.
 class ExpectedRecord {
 public:
-    ExpectedRecord(const PlanForm& form, const ShownDates& dates, const QString& userId, ClientFacts& facts);
+    ExpectedRecord(const PlanForm& form, const ShownDates& dates, const QString& userId, DatabaseProbe& facts);
 
     /// Every key of the record but the other-parameter text.
     const QMap<QString, QString>& fields() const { return m_fields; }
@@ -25,14 +25,14 @@ private:
     bool reduces() const;
     bool byAmount() const;
     QString wholeNumber(const QString& typed) const;
-    void addIdentity(const QString& userId, ClientFacts& facts);
+    void addIdentity(const QString& userId, DatabaseProbe& facts);
     void addPrices();
     void addPersonAndDates(const ShownDates& dates);
     void addOther();
     QMap<QString, QVariant> algorithm() const;
 
     const PlanForm m_form;
-    const ClientFacts::Security m_security;
+    const DatabaseProbe::Security m_security;
     QMap<QString, QString> m_fields;
     QMap<QString, QVariant> m_other;
 };

@@ -107,15 +107,15 @@ bool WalkThrough::openEditor(Qt::Key key)
 }
 
 /// Presses OK, answers the boxes and compares what they said.
-void WalkThrough::send(const QVector<BoxWatcher::Box>& boxes)
+void WalkThrough::send(const QVector<MessageBoxResponder::Box>& boxes)
 {
-    for (const BoxWatcher::Box& box : boxes)
+    for (const MessageBoxResponder::Box& box : boxes)
         m_boxes.expect(box.name, box.accepted);
     FormDriver(m_dialog.editor()).confirm();
-    const QVector<BoxWatcher::Box> seen = m_boxes.take();
+    const QVector<MessageBoxResponder::Box> seen = m_boxes.take();
     for (int i = 0; i < qMax(seen.size(), boxes.size()); ++i) {
-        const BoxWatcher::Box came = seen.value(i);
-        const BoxWatcher::Box wanted = boxes.value(i);
+        const MessageBoxResponder::Box came = seen.value(i);
+        const MessageBoxResponder::Box wanted = boxes.value(i);
         print(QStringLiteral("  提示框：%1").arg(came.text));
         if (came.name != wanted.name || came.text != wanted.text)
             problem(QStringLiteral("提示框应为“%1”，实为“%2”").arg(wanted.text, came.text));

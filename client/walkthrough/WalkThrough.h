@@ -1,8 +1,8 @@
 #pragma once
 
-#include "BoxWatcher.h"
-#include "ClientFacts.h"
+#include "DatabaseProbe.h"
 #include "FormDriver.h"
+#include "MessageBoxResponder.h"
 
 #include <QDir>
 #include <QString>
@@ -42,7 +42,7 @@ private:
     bool press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     bool openEditor(Qt::Key key);
     void createPlan(const PlanForm& form);
-    void send(const QVector<BoxWatcher::Box>& boxes);
+    void send(const QVector<MessageBoxResponder::Box>& boxes);
     void checkStored(const QString& planId, const PlanForm& form, const ShownDates& dates);
     QString newestPlan();
     void picture(QWidget* widget, const QString& what);
@@ -52,8 +52,8 @@ private:
     MainWindow& m_window;
     EditorDialog& m_dialog;
     const QDir m_folder;
-    ClientFacts m_facts;
-    BoxWatcher m_boxes;
+    DatabaseProbe m_facts;
+    MessageBoxResponder m_boxes;
     QString m_stage;
     QString m_freeAccount;     ///< an account whose instructions need no review
     QString m_reviewedAccount; ///< an account whose instructions are reviewed

@@ -111,7 +111,7 @@ void WalkThrough::createBond()
 void WalkThrough::createHongKong()
 {
     beginStage(QStringLiteral("hongkong"), QStringLiteral("港股通交易"));
-    const ClientFacts::Security share = m_facts.held(m_freeAccount, Orlo_Values::Exchange::HkStockCirculation,
+    const DatabaseProbe::Security share = m_facts.held(m_freeAccount, Orlo_Values::Exchange::HkStockCirculation,
         Orlo_Values::MdcSubSecurityType::HStcokCirculation, true);
     PlanForm form = ordinaryForm();
     form.instructionType = InstructionType::HkConnect;
@@ -242,7 +242,7 @@ void WalkThrough::copyOrdinary()
 void WalkThrough::answerQuestion()
 {
     beginStage(QStringLiteral("question"), QStringLiteral("拒绝，然后接受询问"));
-    const ClientFacts::Security share =
+    const DatabaseProbe::Security share =
         m_facts.held(m_freeAccount, Kelvo_Values::Exchange::sh, SubType::Ashares, false);
     PlanForm form = ordinaryForm();
     form.symbol = share.symbol;

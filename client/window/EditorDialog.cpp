@@ -7,7 +7,7 @@
 #include "OrloWidget.h"
 #include "Orlo_Fields.h"
 #include "PlanCodes.h"
-#include "PlanNews.h"
+#include "PlanEvents.h"
 
 #include <QAbstractSpinBox>
 #include <QComboBox>
@@ -52,7 +52,7 @@ EditorDialog::EditorDialog(QWidget* parent)
     auto* const room = new QVBoxLayout(this);
     room->setContentsMargins(0, 0, 0, 0);
     room->addWidget(m_area);
-    connect(&PlanNews::instance(), &PlanNews::planStored, this, &EditorDialog::planStored);
+    connect(&PlanEvents::instance(), &PlanEvents::planStored, this, &EditorDialog::planStored);
 }
 
 EditorDialog::~EditorDialog() = default;
@@ -70,7 +70,7 @@ void EditorDialog::openEdit(const QString& planId)
     m_editor->editPlan(planId);
     present();
     // A change is checked against the plan's instructions, of which there may be thousands.
-    QTimer::singleShot(untilFormIsShown, this, [planId] { ClientSession::instance().readInstructionsAhead(planId); });
+    QTimer::singleShot(untilFormIsShown, this, [planId] { ClientSession::instance().prefetchInstructions(planId); });
 }
 
 void EditorDialog::openCopy(const QString& planId)

@@ -6,9 +6,9 @@
 #include "EditorDialog.h"
 #include "OrloWidget.h"
 #include "PlanDetails.h"
-#include "PlanNews.h"
+#include "PlanEvents.h"
+#include "PlanFormatter.h"
 #include "PlanTableModel.h"
-#include "PlanWording.h"
 
 #include <QAction>
 #include <QApplication>
@@ -57,7 +57,7 @@ MainWindow::MainWindow(QWidget* parent)
     buildActions();
     buildStatus();
     connect(m_editor, &QDialog::finished, this, &MainWindow::editorClosed);
-    connect(&PlanNews::instance(), &PlanNews::planStored, this, &MainWindow::planStored);
+    connect(&PlanEvents::instance(), &PlanEvents::planStored, this, &MainWindow::planStored);
     refresh();
     selectPlan(m_plans->plan(0).id);
 }

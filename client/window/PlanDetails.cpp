@@ -5,7 +5,7 @@
 #include "OrloHintLabel.h"
 #include "Orlo_Fields.h"
 #include "PlanCodes.h"
-#include "PlanWording.h"
+#include "PlanFormatter.h"
 
 #include <QFormLayout>
 
@@ -46,7 +46,7 @@ void PlanDetails::showPlan(const StoredPlan& plan)
     rows->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     if (plan.id.isEmpty())
         rows->addRow(new QLabel(tr("选择一个计划，查看全部内容。")));
-    const auto fields = PlanWording(plan).fields();
+    const auto fields = PlanFormatter(plan).fields();
     for (const auto& field : fields)
         addRow(rows, field.first, field.second);
     addInstructions(rows, plan.id);

@@ -1,7 +1,7 @@
 #include "PlanTableModel.h"
 
 #include "ClientSession.h"
-#include "PlanWording.h"
+#include "PlanFormatter.h"
 
 namespace {
 
@@ -101,7 +101,7 @@ QVariant PlanTableModel::headerData(int section, Qt::Orientation orientation, in
 
 PlanTableModel::Row PlanTableModel::makeRow(const StoredPlan& plan)
 {
-    const PlanWording words(plan);
+    const PlanFormatter words(plan);
     return { plan,
         { plan.id, words.planType(), words.instructionType(), words.security(), words.side(), words.target(),
             words.priceMode(), words.period(), words.creation() } };

@@ -57,7 +57,7 @@ private:
     int m_tenth = 0;
 };
 
-QString reasonAgainstSize(const Options& options, const QString& file)
+QString sizeError(const Options& options, const QString& file)
 {
     const int present = ClientSession::instance().market().count();
     if (options.securities == 0 || options.securities == present)
@@ -79,5 +79,5 @@ QString startSession(const Options& options)
     sample.marketSize = options.securities;
     SampleProgress progress(options.wantsWindow());
     const QString reason = ClientSession::instance().open(file, options.user, std::ref(progress), sample);
-    return reason.isEmpty() ? reasonAgainstSize(options, file) : reason;
+    return reason.isEmpty() ? sizeError(options, file) : reason;
 }

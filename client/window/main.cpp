@@ -1,5 +1,5 @@
 #include "MainWindow.h"
-#include "PlanWording.h"
+#include "PlanFormatter.h"
 #include "Program.h"
 #include "StrategyQuery.h"
 

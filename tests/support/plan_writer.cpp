@@ -6,8 +6,8 @@
 #include "AutoPlanLogic.h"
 #include "ClientClock.h"
 #include "ClientSession.h"
+#include "PlanEvents.h"
 #include "PlanLedger.h"
-#include "PlanNews.h"
 #include "SampleSession.h"
 
 #include <QCoreApplication>
@@ -34,7 +34,8 @@ public:
         : m_name(name)
         , m_base(SampleSession::record())
     {
-        QObject::connect(&PlanNews::instance(), &PlanNews::planStored, [this](const QString& id) { m_stored = id; });
+        QObject::connect(
+            &PlanEvents::instance(), &PlanEvents::planStored, [this](const QString& id) { m_stored = id; });
     }
 
     void create()

@@ -1,4 +1,4 @@
-#include "BoxWatcher.h"
+#include "MessageBoxResponder.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -28,25 +28,25 @@ QString textOf(const QDialog& box)
 
 } // namespace
 
-BoxWatcher::BoxWatcher()
+MessageBoxResponder::MessageBoxResponder()
 {
     qApp->installEventFilter(this);
 }
 
-BoxWatcher::~BoxWatcher() = default;
+MessageBoxResponder::~MessageBoxResponder() = default;
 
-void BoxWatcher::expect(const QString& name, bool accept)
+void MessageBoxResponder::expect(const QString& name, bool accept)
 {
     m_expected << Box{ name, QString(), accept };
 }
 
-QVector<BoxWatcher::Box> BoxWatcher::take()
+QVector<MessageBoxResponder::Box> MessageBoxResponder::take()
 {
     m_expected.clear();
     return std::exchange(m_seen, {});
 }
 
-bool BoxWatcher::eventFilter(QObject* watched, QEvent* event)
+bool MessageBoxResponder::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() != QEvent::Show)
         return false;
@@ -60,7 +60,7 @@ bool BoxWatcher::eventFilter(QObject* watched, QEvent* event)
     return false;
 }
 
-void BoxWatcher::answer(QDialog* box)
+void MessageBoxResponder::answer(QDialog* box)
 {
     Box seen{ box->objectName(), textOf(*box), false };
     if (!m_expected.isEmpty() && m_expected.constFirst().name == seen.name)

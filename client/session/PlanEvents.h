@@ -3,11 +3,11 @@
 #include <QObject>
 
 /// Announces what has changed about stored plans and what was found out for them. One per process.
-class PlanNews : public QObject {
+class PlanEvents : public QObject {
     Q_OBJECT
 
 public:
-    static PlanNews& instance();
+    static PlanEvents& instance();
 
 Q_SIGNALS:
     /// A plan was created, modified or has got new instructions, and is stored so.
@@ -17,5 +17,5 @@ Q_SIGNALS:
     void averagesAnswered(const QString& symbol, const QStringList& names, const QString& reason);
 
 private:
-    PlanNews() = default;
+    PlanEvents() = default;
 };

@@ -1,14 +1,14 @@
-#include "MovingAverageDesk.h"
+#include "MovingAverageWorker.h"
 
 #include "MovingAverages.h"
 #include "SecurityStore.h"
 
-MovingAverageDesk::MovingAverageDesk(const QString& fileName)
+MovingAverageWorker::MovingAverageWorker(const QString& fileName)
     : m_thread(QStringLiteral("moving averages"), fileName)
 {
 }
 
-void MovingAverageDesk::ask(const QString& symbol)
+void MovingAverageWorker::ask(const QString& symbol)
 {
     m_thread.run([this, symbol](Database& database, const QString& reason) {
         QStringList names;

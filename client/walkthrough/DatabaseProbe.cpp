@@ -1,4 +1,4 @@
-#include "ClientFacts.h"
+#include "DatabaseProbe.h"
 
 #include "AutoPlanField.h"
 #include "Orlo_Values.h"
@@ -9,7 +9,7 @@
 #include <QSqlRecord>
 #include <QUuid>
 
-ClientFacts::ClientFacts(const QString& databaseFile)
+DatabaseProbe::DatabaseProbe(const QString& databaseFile)
     : m_connectionName(QUuid::createUuid().toString())
 {
     QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
@@ -19,13 +19,13 @@ ClientFacts::ClientFacts(const QString& databaseFile)
         m_error = connection.lastError().text();
 }
 
-ClientFacts::~ClientFacts()
+DatabaseProbe::~DatabaseProbe()
 {
     QSqlDatabase::database(m_connectionName, false).close();
     QSqlDatabase::removeDatabase(m_connectionName);
 }
 
-QStringList ClientFacts::planIds()
+QStringList DatabaseProbe::planIds()
 {
     QStringList ids;
     const auto rows = ask(QStringLiteral("SELECT number FROM plans ORDER BY number"));
@@ -34,7 +34,7 @@ QStringList ClientFacts::planIds()
     return ids;
 }
 
-QMap<QString, QString> ClientFacts::record(const QString& planId)
+QMap<QString, QString> DatabaseProbe::record(const QString& planId)
 {
     QMap<QString, QString> record;
     const QVariantList number{ PlanId::toNumber(planId).value_or(0) };
@@ -48,18 +48,18 @@ QMap<QString, QString> ClientFacts::record(const QString& planId)
     return record;
 }
 
-ClientFacts::Security ClientFacts::security(const QString& symbol)
+DatabaseProbe::Security DatabaseProbe::security(const QString& symbol)
 {
     return read(QStringLiteral("WHERE symbol = ?"), { symbol });
 }
 
-ClientFacts::Security ClientFacts::firstOf(const QString& subType, const QString& exchange)
+DatabaseProbe::Security DatabaseProbe::firstOf(const QString& subType, const QString& exchange)
 {
     return read(QStringLiteral("WHERE sub_type = ? AND exchange = ? AND st_flag = ? ORDER BY position LIMIT 1"),
         { subType, exchange, Orlo_Values::StFlag::Normal });
 }
 
-ClientFacts::Security ClientFacts::held(
+DatabaseProbe::Security DatabaseProbe::held(
     const QString& tradingAccount, const QString& exchange, const QString& subType, bool most)
 {
     const auto positions =
@@ -76,19 +76,19 @@ ClientFacts::Security ClientFacts::held(
     return found;
 }
 
-QString ClientFacts::branchOf(const QString& tradingAccount)
+QString DatabaseProbe::branchOf(const QString& tradingAccount)
 {
     return text(QStringLiteral("SELECT branch_no FROM accounts WHERE trading_account = ?"), { tradingAccount });
 }
 
-QString ClientFacts::securityAccount(const QString& tradingAccount, const QString& exchange)
+QString DatabaseProbe::securityAccount(const QString& tradingAccount, const QString& exchange)
 {
     return text(QStringLiteral("SELECT security_account FROM exchange_accounts"
                                " WHERE trading_account = ? AND exchange = ?"),
         { tradingAccount, exchange });
 }
 
-QVector<QVariantList> ClientFacts::ask(const QString& question, const QVariantList& values)
+QVector<QVariantList> DatabaseProbe::ask(const QString& question, const QVariantList& values)
 {
     QSqlQuery query(QSqlDatabase::database(m_connectionName, false));
     query.prepare(question);
@@ -105,12 +105,12 @@ QVector<QVariantList> ClientFacts::ask(const QString& question, const QVariantLi
     return rows;
 }
 
-QString ClientFacts::text(const QString& question, const QVariantList& values)
+QString DatabaseProbe::text(const QString& question, const QVariantList& values)
 {
     return ask(question, values).value(0).value(0).toString();
 }
 
-ClientFacts::Security ClientFacts::read(const QString& rest, const QVariantList& values)
+DatabaseProbe::Security DatabaseProbe::read(const QString& rest, const QVariantList& values)
 {
     const QVariantList row = ask(QStringLiteral("SELECT symbol, exchange, sub_type, price_precision, display_factor,"
                                                 " quantity_step FROM securities ")

@@ -6,19 +6,19 @@
 #include <QStringList>
 
 /// Answers moving-average queries from the stored closing prices on a thread of its own. Nothing is announced once the
-/// desk is gone.
-class MovingAverageDesk : public QObject {
+/// worker is gone.
+class MovingAverageWorker : public QObject {
     Q_OBJECT
 
 public:
     /// `fileName`: the database, opened when the first question arrives.
-    explicit MovingAverageDesk(const QString& fileName);
+    explicit MovingAverageWorker(const QString& fileName);
 
     /// Asks for the averages of a security that the market knows. Answers come in the order of the questions.
     void ask(const QString& symbol);
 
 Q_SIGNALS:
-    /// Emitted from the desk's thread: names of the averages for which enough closes exist, or the reason why there
+    /// Emitted from the worker's thread: names of the averages for which enough closes exist, or the reason why there
     /// are none.
     void answered(const QString& symbol, const QStringList& names, const QString& reason);
 

@@ -6,7 +6,7 @@
 #include <QVariant>
 
 /// What stands in a client's database, read through a connection of its own that cannot write.
-class ClientFacts {
+class DatabaseProbe {
 public:
     /// A security as stored. A default-constructed one (empty symbol) stands for "none such".
     struct Security {
@@ -19,10 +19,10 @@ public:
         qint64 held = 0; ///< sellable quantity of the account it was looked up for, in displayed units
     };
 
-    explicit ClientFacts(const QString& databaseFile);
-    ~ClientFacts();
-    ClientFacts(const ClientFacts&) = delete;
-    ClientFacts& operator=(const ClientFacts&) = delete;
+    explicit DatabaseProbe(const QString& databaseFile);
+    ~DatabaseProbe();
+    DatabaseProbe(const DatabaseProbe&) = delete;
+    DatabaseProbe& operator=(const DatabaseProbe&) = delete;
 
     /// Why the last question had no answer; empty when it had.
     QString error() const { return m_error; }

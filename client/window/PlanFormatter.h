@@ -9,9 +9,9 @@
 
 /// A stored plan in words: what its codes and numbers mean to the trader. A code that is none is shown as it is stored;
 /// what the plan does not have is an empty text.
-class PlanWording {
+class PlanFormatter {
 public:
-    explicit PlanWording(const StoredPlan& plan);
+    explicit PlanFormatter(const StoredPlan& plan);
 
     QString planType() const;
     QString instructionType() const;

@@ -8,7 +8,7 @@
 
 /// Answers the client's message boxes while it lives, as soon as they are shown and by mouse and keyboard. A box that
 /// nobody expects is closed, so that nothing waits for ever, and is kept for the report.
-class BoxWatcher : public QObject {
+class MessageBoxResponder : public QObject {
     Q_OBJECT
 
 public:
@@ -19,8 +19,8 @@ public:
         bool accepted = false;
     };
 
-    BoxWatcher();
-    ~BoxWatcher() override;
+    MessageBoxResponder();
+    ~MessageBoxResponder() override;
 
     /// The next box to come, and its answer.
     void expect(const QString& name, bool accept = true);

@@ -1,4 +1,4 @@
-#include "LettersAhead.h"
+#include "GlyphPrewarmer.h"
 
 #include <QImage>
 #include <QPainter>
@@ -13,15 +13,15 @@ constexpr QSize canvasSize(64, 32);
 
 } // namespace
 
-LettersAhead::LettersAhead(QWidget* widget)
+GlyphPrewarmer::GlyphPrewarmer(QWidget* widget)
     : QObject(widget)
     , m_widget(widget)
     , m_idle(new QTimer(this))
 {
-    connect(m_idle, &QTimer::timeout, this, &LettersAhead::drawSome);
+    connect(m_idle, &QTimer::timeout, this, &GlyphPrewarmer::drawSome);
 }
 
-void LettersAhead::draw(const QBitArray& letters)
+void GlyphPrewarmer::draw(const QBitArray& letters)
 {
     if (letters.isEmpty())
         return;
@@ -32,7 +32,7 @@ void LettersAhead::draw(const QBitArray& letters)
         m_idle->start(0);
 }
 
-void LettersAhead::drawSome()
+void GlyphPrewarmer::drawSome()
 {
     QString some;
     for (; m_next < m_wanted.size() && some.size() < lettersAtOnce; ++m_next) {

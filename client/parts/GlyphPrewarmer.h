@@ -8,9 +8,9 @@ class QWidget;
 
 /// Draws letters in a widget's font before they are shown, a few whenever there is nothing else to do: a letter that is
 /// drawn for the first time takes many times longer than ever after.
-class LettersAhead : public QObject {
+class GlyphPrewarmer : public QObject {
 public:
-    explicit LettersAhead(QWidget* widget);
+    explicit GlyphPrewarmer(QWidget* widget);
 
     /// Letters by their character codes; those that were drawn before are left out.
     void draw(const QBitArray& letters);

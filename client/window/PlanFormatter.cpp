@@ -1,4 +1,4 @@
-#include "PlanWording.h"
+#include "PlanFormatter.h"
 
 #include "AlgoTradeLogicNew.h"
 #include "AutoPlanField.h"
@@ -130,66 +130,66 @@ QString strategyParameters(const StrategyDefinition& strategy, const QMap<QStrin
 
 } // namespace
 
-PlanWording::PlanWording(const StoredPlan& plan)
+PlanFormatter::PlanFormatter(const StoredPlan& plan)
     : m_plan(plan)
     , m_other(AutoPlanLogic::instance().GetPlanOtherParamFromPlanInfo(plan.record))
 {
 }
 
-QString PlanWording::planType() const
+QString PlanFormatter::planType() const
 {
     return worded(planTypes(), text(Orlo_Fields::AutoPlan::templateCode));
 }
 
-QString PlanWording::instructionType() const
+QString PlanFormatter::instructionType() const
 {
     return configured(StaticCategory::InstructionType, text(Orlo_Fields::AutoPlan::subType));
 }
 
-QString PlanWording::targetType() const
+QString PlanFormatter::targetType() const
 {
     return configured(
         StaticCategory::TargetType, isAmount() ? InstructionTargetType::AmountOrder : InstructionTargetType::QtyOrder);
 }
 
-QString PlanWording::security() const
+QString PlanFormatter::security() const
 {
     return QStringLiteral("%1 %2").arg(symbol(), OrloBusinessDataInterface::GetSecurityChineseName(symbol())).trimmed();
 }
 
-QString PlanWording::side() const
+QString PlanFormatter::side() const
 {
     return worded(sides(), text(Base::orderSide));
 }
 
-QString PlanWording::target() const
+QString PlanFormatter::target() const
 {
     return isAmount() ? amount(other(Base::tradeAmount)) : quantity(text(Base::totalQty));
 }
 
-QString PlanWording::perDay() const
+QString PlanFormatter::perDay() const
 {
     return isAmount() ? amount(other(Base::dayMaxTradeAmount)) : quantity(other(AutoPlanField::Progress::CurrentQty));
 }
 
-QString PlanWording::priceMode() const
+QString PlanFormatter::priceMode() const
 {
     return worded(priceModes(), text(Base::priceModel));
 }
 
-QString PlanWording::period() const
+QString PlanFormatter::period() const
 {
     const QString begin = text(Base::beginDate);
     return isReduction() ? QStringLiteral("%1 起").arg(begin)
                          : QStringLiteral("%1 至 %2").arg(begin, text(Base::endDate));
 }
 
-QString PlanWording::creation() const
+QString PlanFormatter::creation() const
 {
     return QStringLiteral("%1 %2").arg(m_plan.creator, timeText(m_plan.created));
 }
 
-QVector<QPair<QString, QString>> PlanWording::fields() const
+QVector<QPair<QString, QString>> PlanFormatter::fields() const
 {
     Fields all;
     if (m_plan.id.isEmpty())
@@ -207,7 +207,7 @@ QVector<QPair<QString, QString>> PlanWording::fields() const
     return given;
 }
 
-void PlanWording::addBasics(Fields& fields) const
+void PlanFormatter::addBasics(Fields& fields) const
 {
     fields << qMakePair(QStringLiteral("计划编号"), m_plan.id) << qMakePair(QStringLiteral("账户名称"), account())
            << qMakePair(QStringLiteral("证券账户"), text(UserAccount::securityAccount))
@@ -218,7 +218,7 @@ void PlanWording::addBasics(Fields& fields) const
            << qMakePair(QStringLiteral("委托类别"), entrustType());
 }
 
-void PlanWording::addPrices(Fields& fields) const
+void PlanFormatter::addPrices(Fields& fields) const
 {
     const QString model = text(Base::priceModel);
     const bool compares = model == PriceModel::CompareMax || model == PriceModel::CompareMin;
@@ -229,7 +229,7 @@ void PlanWording::addPrices(Fields& fields) const
         fields << qMakePair(QStringLiteral("价格2"), text(Base::priceFormula2));
 }
 
-void PlanWording::addTargets(Fields& fields) const
+void PlanFormatter::addTargets(Fields& fields) const
 {
     const bool sameEveryDay = text(Orlo_Fields::AutoPlan::templateCode) == PlanType::SameElements;
     fields << qMakePair(QStringLiteral("目标总量"), target())
@@ -243,7 +243,7 @@ void PlanWording::addTargets(Fields& fields) const
            << qMakePair(QStringLiteral("备注"), text(Base::remark));
 }
 
-void PlanWording::addAlgorithm(Fields& fields) const
+void PlanFormatter::addAlgorithm(Fields& fields) const
 {
     const QString name = other(Base::algoStrategyName);
     if (name.isEmpty())
@@ -254,7 +254,7 @@ void PlanWording::addAlgorithm(Fields& fields) const
                   QStringLiteral("算法参数"), strategyParameters(strategy, m_other.value(Base::algoParam).toMap()));
 }
 
-void PlanWording::addHistory(Fields& fields) const
+void PlanFormatter::addHistory(Fields& fields) const
 {
     fields << qMakePair(QStringLiteral("创建"), creation());
     if (m_plan.version > 1)
@@ -262,22 +262,22 @@ void PlanWording::addHistory(Fields& fields) const
             QStringLiteral("第%1版 %2").arg(QString::number(m_plan.version), timeText(m_plan.changed)));
 }
 
-QString PlanWording::symbol() const
+QString PlanFormatter::symbol() const
 {
     return text(Kelvo_Fields::Security::symbol);
 }
 
-bool PlanWording::isReduction() const
+bool PlanFormatter::isReduction() const
 {
     return text(Orlo_Fields::AutoPlan::templateCode) == PlanType::ReduceHoldings;
 }
 
-bool PlanWording::isAmount() const
+bool PlanFormatter::isAmount() const
 {
     return other(FieldId::TargetType) == InstructionTargetType::AmountOrder;
 }
 
-QString PlanWording::quantity(const QString& stored) const
+QString PlanFormatter::quantity(const QString& stored) const
 {
     bool isNumber = false;
     const qint64 number = stored.toLongLong(&isNumber);
@@ -289,14 +289,14 @@ QString PlanWording::quantity(const QString& stored) const
     return QStringLiteral("%1 %2").arg(grouped(QString::number(number * factor)), unit);
 }
 
-QString PlanWording::amount(const QString& stored) const
+QString PlanFormatter::amount(const QString& stored) const
 {
     bool isNumber = false;
     stored.toDouble(&isNumber);
     return isNumber ? QStringLiteral("%1 元").arg(grouped(stored)) : stored;
 }
 
-QString PlanWording::account() const
+QString PlanFormatter::account() const
 {
     const QString tradingAccount = text(UserAccount::tradingAccount);
     const tagUserAccountInfo account =
@@ -306,12 +306,12 @@ QString PlanWording::account() const
     return QStringLiteral("%1（%2）").arg(account.accountName, account.fundAccount);
 }
 
-QString PlanWording::exchange() const
+QString PlanFormatter::exchange() const
 {
     return configured(OrloConstants::DictionaryKey::exchangeChineseName, text(UserAccount::securityExchange));
 }
 
-QString PlanWording::priceType() const
+QString PlanFormatter::priceType() const
 {
     QString code = other(Kelvo_Fields::Security::timeInForce);
     if (code.isEmpty())
@@ -319,19 +319,19 @@ QString PlanWording::priceType() const
     return worded(priceTypes(), code);
 }
 
-QString PlanWording::entrustType() const
+QString PlanFormatter::entrustType() const
 {
     const int number = m_other.value(FieldId::MarginSide).toInt();
     const QString code = InstructionBusinessDataInterface::transEnum2SideUnion(static_cast<VorMarginTradeType>(number));
     return OrloBusiUtils::GetSideUnionChineseName(code);
 }
 
-QString PlanWording::instructionMode() const
+QString PlanFormatter::instructionMode() const
 {
     return worded(instructionModes(), text(Base::InstMode));
 }
 
-QString PlanWording::assignee() const
+QString PlanFormatter::assignee() const
 {
     if (isReduction())
         return text(Base::executeUser);
@@ -339,7 +339,7 @@ QString PlanWording::assignee() const
     return user.isEmpty() ? QStringLiteral("默认不指定") : user;
 }
 
-QString PlanWording::algorithm() const
+QString PlanFormatter::algorithm() const
 {
     const QString name = other(Base::algoStrategyName);
     const QString alias = AlgoTradeLogicNew::GetInstance()->GetStrategy(name).alias;

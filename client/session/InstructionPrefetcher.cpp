@@ -1,12 +1,12 @@
-#include "InstructionDesk.h"
+#include "InstructionPrefetcher.h"
 
-InstructionDesk::InstructionDesk(const QString& fileName)
+InstructionPrefetcher::InstructionPrefetcher(const QString& fileName)
     : m_thread(QStringLiteral("instructions"), fileName)
 {
-    qRegisterMetaType<InstructionDesk::Instructions>("InstructionDesk::Instructions");
+    qRegisterMetaType<InstructionPrefetcher::Instructions>("InstructionPrefetcher::Instructions");
 }
 
-void InstructionDesk::read(const QString& planId, const QString& mark)
+void InstructionPrefetcher::read(const QString& planId, const QString& token)
 {
     const int question = ++m_asked;
     m_thread.run([=](Database& database, const QString& reason) {
@@ -14,6 +14,6 @@ void InstructionDesk::read(const QString& planId, const QString& mark)
             return;
         const Instructions instructions = InstructionStore(database).ofPlan(planId);
         if (question == m_asked && !m_thread.isStopping())
-            Q_EMIT arrived(planId, mark, instructions);
+            Q_EMIT arrived(planId, token, instructions);
     });
 }

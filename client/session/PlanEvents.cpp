@@ -1,0 +1,7 @@
+#include "PlanEvents.h"
+
+PlanEvents& PlanEvents::instance()
+{
+    static PlanEvents events;
+    return events;
+}

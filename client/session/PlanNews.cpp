@@ -1,7 +1,0 @@
-#include "PlanNews.h"
-
-PlanNews& PlanNews::instance()
-{
-    static PlanNews news;
-    return news;
-}
