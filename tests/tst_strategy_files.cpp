@@ -482,11 +482,11 @@ void StrategyFilesTest::whatDoesNotFitIsRefusedWithItsLine()
 void StrategyFilesTest::moreThanTheLimitsIsRefused()
 {
     QString many;
-    for (int i = 0; i <= StrategyFile::MAX_COUNT; ++i)
+    for (int i = 0; i <= StrategyLimits::MAX_COUNT; ++i)
         many += QStringLiteral("<Strategy name=\"S%1\"/>\n").arg(i);
     QCOMPARE(readText(root(many)).error.text(), QStringLiteral("test.xml 第102行：策略超过100个"));
 
-    const QString longText(StrategyFile::MAX_TEXT + 1, QLatin1Char('x'));
+    const QString longText(StrategyLimits::MAX_TEXT + 1, QLatin1Char('x'));
     QCOMPARE(readText(root(QStringLiteral("<Strategy name=\"S\" uiRep=\"%1\"/>").arg(longText))).error.text(),
         QStringLiteral("test.xml 第2行：属性uiRep超过1000个字符"));
     QCOMPARE(readText(strategy(QStringLiteral("<Description>%1</Description>").arg(longText))).error.reason,

@@ -2,6 +2,7 @@
 #include "Algo_Fields.h"
 #include "Algo_Values.h"
 #include "OrloBusinessDataInterface.h"
+#include "OrloStrategyFactory.h"
 #include "ParamListWidget.h"
 #include "StrategyLibrary.h"
 
@@ -323,4 +324,23 @@ void AlgorithmPanel::keyPressEvent(QKeyEvent* event)
     default:
         return ParamListWidget_single::keyPressEvent(event);
     }
+}
+
+OrloStrategyFactory& OrloStrategyFactory::instance()
+{
+    static OrloStrategyFactory factory;
+    return factory;
+}
+
+ParamListWidget_single* OrloStrategyFactory::CreateStrategyWgt(StrategyMode mode, QWidget* parent,
+    const QString& globalType, QStringList whiteList, QStringList blackList, int flags)
+{
+    // The client has one layout and one kind; both serve whoever asks for another.
+    Q_UNUSED(mode)
+    Q_UNUSED(globalType)
+    auto* const panel = new AlgorithmPanel(flags, parent);
+    panel->setAlgoWhiteList(whiteList);
+    panel->setAlgoBlackList(blackList);
+    panel->RefreshAlgoList();
+    return panel;
 }

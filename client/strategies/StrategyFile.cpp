@@ -13,13 +13,6 @@ StrategyFileContent refused(const QString& name, const QString& reason)
 
 } // namespace
 
-QString StrategyFileError::text() const
-{
-    if (line <= 0)
-        return QStringLiteral("%1：%2").arg(file, reason);
-    return QStringLiteral("%1 第%2行：%3").arg(file).arg(line).arg(reason);
-}
-
 StrategyFileContent StrategyFile::read(const QString& path)
 {
     const QString name = QFileInfo(path).fileName();

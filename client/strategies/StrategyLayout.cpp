@@ -49,8 +49,8 @@ void StrategyReader::readLayout(StrategyDefinition& strategy)
 
 void StrategyReader::readPanel(StrategyDefinition& strategy, const QString& section, int depth)
 {
-    if (depth > StrategyFile::MAX_PANEL_DEPTH)
-        return fail(QStringLiteral("StrategyPanel嵌套超过%1层").arg(StrategyFile::MAX_PANEL_DEPTH));
+    if (depth > StrategyLimits::MAX_PANEL_DEPTH)
+        return fail(QStringLiteral("StrategyPanel嵌套超过%1层").arg(StrategyLimits::MAX_PANEL_DEPTH));
     const QXmlStreamAttributes found =
         attributes({ QStringLiteral("title"), QStringLiteral("orientation"), QStringLiteral("collapsible") });
     requireValue(found, QStringLiteral("orientation"), QStringLiteral("VERTICAL"));

@@ -180,8 +180,8 @@ void StrategyReader::readDescription(QString& description)
             description += m_xml.text();
         else
             refuseOther();
-        if (description.size() > StrategyFile::MAX_TEXT)
-            return fail(QStringLiteral("Description超过%1个字符").arg(StrategyFile::MAX_TEXT));
+        if (description.size() > StrategyLimits::MAX_TEXT)
+            return fail(QStringLiteral("Description超过%1个字符").arg(StrategyLimits::MAX_TEXT));
     }
     description = description.simplified();
 }
@@ -238,7 +238,7 @@ void StrategyReader::readParameterText(StrategyParameter& parameter, const QXmlS
 {
     parameter.precision = number(attributes, QStringLiteral("precision"), 0, MAX_PRECISION, parameter.precision);
     parameter.maxLength =
-        number(attributes, QStringLiteral("maxLength"), 1, StrategyFile::MAX_TEXT, parameter.maxLength);
+        number(attributes, QStringLiteral("maxLength"), 1, StrategyLimits::MAX_TEXT, parameter.maxLength);
     const QString yes = attributes.value(QLatin1String("trueWireValue")).toString();
     const QString no = attributes.value(QLatin1String("falseWireValue")).toString();
     parameter.trueValue = yes.isEmpty() ? parameter.trueValue : yes;

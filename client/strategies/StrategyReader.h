@@ -1,7 +1,6 @@
 #pragma once
 
 #include "StrategyChecks.h"
-#include "StrategyFile.h"
 #include <QMap>
 #include <QSet>
 #include <QStringList>
@@ -65,9 +64,9 @@ private:
     void requireValue(const QXmlStreamAttributes& attributes, const QString& name, const QString& only);
     template <typename List> bool hasRoom(const List& list, const QString& what)
     {
-        if (list.size() < StrategyFile::MAX_COUNT)
+        if (list.size() < StrategyLimits::MAX_COUNT)
             return true;
-        fail(QStringLiteral("%1超过%2个").arg(what).arg(StrategyFile::MAX_COUNT));
+        fail(QStringLiteral("%1超过%2个").arg(what).arg(StrategyLimits::MAX_COUNT));
         return false;
     }
 

@@ -61,8 +61,8 @@ QXmlStreamAttributes StrategyReader::attributes(const QStringList& known, const 
     for (const QXmlStreamAttribute& attribute : found) {
         if (!isKnown(attribute, known))
             fail(QStringLiteral("元素%1的属性%2不支持").arg(m_xml.name(), attribute.qualifiedName()));
-        else if (attribute.value().size() > StrategyFile::MAX_TEXT)
-            fail(QStringLiteral("属性%1超过%2个字符").arg(attribute.name()).arg(StrategyFile::MAX_TEXT));
+        else if (attribute.value().size() > StrategyLimits::MAX_TEXT)
+            fail(QStringLiteral("属性%1超过%2个字符").arg(attribute.name()).arg(StrategyLimits::MAX_TEXT));
     }
     for (const QString& name : needed) {
         const QString value = name == QLatin1String("xsi:type")

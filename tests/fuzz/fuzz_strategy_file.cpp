@@ -23,9 +23,9 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const StrategyFileContent content = StrategyFile::read(device, QStringLiteral("input.xml"));
     FUZZ_REQUIRE(content.isValid() != content.strategies.isEmpty());
     FUZZ_REQUIRE(content.error.line >= 0);
-    FUZZ_REQUIRE(content.strategies.size() <= StrategyFile::MAX_COUNT);
+    FUZZ_REQUIRE(content.strategies.size() <= StrategyLimits::MAX_COUNT);
     for (const StrategyDefinition& strategy : content.strategies) {
-        FUZZ_REQUIRE(!strategy.name.isEmpty() && strategy.parameters.size() <= StrategyFile::MAX_COUNT);
+        FUZZ_REQUIRE(!strategy.name.isEmpty() && strategy.parameters.size() <= StrategyLimits::MAX_COUNT);
         StrategyLibrary::summary(strategy);
         ParameterForm form(strategy, nullptr);
         form.setValues(ParameterForm::defaults(strategy));
