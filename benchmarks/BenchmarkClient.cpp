@@ -15,7 +15,7 @@
 
 namespace {
 
-/// Takes an option off the command line; empty when it is not there.
+/// Removes an option from the command line and returns its value; empty if there is none.
 QString takeOption(int& argc, char** argv, const char* name)
 {
     const QByteArray start = QByteArray(name) + '=';
@@ -31,7 +31,7 @@ QString takeOption(int& argc, char** argv, const char* name)
     return value;
 }
 
-/// Notes that a widget was painted.
+/// Records that a widget was painted.
 class PaintWatch : public QObject {
 public:
     bool painted = false;
@@ -45,7 +45,7 @@ public:
 
 QtMessageHandler usualHandler = nullptr;
 
-// The offscreen window system says of each window what it cannot do.
+// The offscreen platform plug-in logs what it does not support for each window.
 void leaveOutWindowSystem(QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
     if (!text.startsWith(QLatin1String("This plugin does not support")))

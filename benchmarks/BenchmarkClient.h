@@ -8,16 +8,16 @@
 #include <functional>
 #include <memory>
 
-/// The application as `plandesk` has it (style, skin, no developers' log lines) with a session on a database that
-/// `make_data` has made. Takes `--database=FILE` and `--user=ID` off the command line, and leaves the rest of it to
-/// Google Benchmark. The client's and the editor's today is the day for which the data were made.
+/// The application, configured like `plandesk` (style, skin, no debug log lines), with a session on a database from
+/// `make_data`. Removes `--database=FILE` and `--user=ID` from the command line and passes the rest to Google
+/// Benchmark. The current date of the client and the editor is the date of the data.
 class BenchmarkClient {
 public:
-    /// Ends the program with a message when there is no such session.
+    /// Exits with a message if the session cannot be opened.
     BenchmarkClient(int& argc, char** argv);
     ~BenchmarkClient();
 
-    /// Runs the registered benchmarks; what `main` returns.
+    /// Runs the registered benchmarks and returns the exit status for `main`.
     int run();
 
 private:
@@ -28,20 +28,20 @@ private:
     std::unique_ptr<QApplication> m_application;
 };
 
-/// Shows a window and works events off until it has been painted once.
+/// Shows a window and processes events until it has been painted.
 void showPainted(QWidget& window);
-/// Works off what is queued, painting included.
+/// Processes all pending events, including paint events.
 void settle();
-/// Times the iterations of one benchmark, whose time must be manual. When it goes, the benchmark gets the counters
-/// "least_ms" and "median_ms".
+/// Measures the iterations of one benchmark, which must use manual time. The destructor sets the counters "least_ms"
+/// and "median_ms".
 class Timing {
 public:
     explicit Timing(benchmark::State& state);
     ~Timing();
 
-    /// Runs `work` as one iteration; returns its seconds.
+    /// Runs `work` as one iteration and returns its time in seconds.
     double run(const std::function<void()>& work);
-    /// Takes an iteration that was timed elsewhere.
+    /// Records an iteration that was measured elsewhere.
     void note(double seconds);
 
 private:
@@ -49,9 +49,9 @@ private:
     QVector<double> m_seconds;
 };
 
-/// Seconds that `work` takes.
+/// Returns the time of `work` in seconds.
 double secondsOf(const std::function<void()>& work);
-/// The middle one of some values, of which there must be one at least.
+/// Returns the median of the values, which must not be empty.
 double median(QVector<double> values);
-/// Resident memory of this process in MiB, after free memory was given back to the system.
+/// Returns the resident memory of this process in MiB, after returning free memory to the system.
 double residentMebibytes();

@@ -35,7 +35,7 @@ int count(long systemCall, int file)
     return static_cast<int>(syscall(systemCall, file));
 }
 
-/// The session's connection, the first one that was opened.
+/// Returns the session's connection, which is the first one opened.
 sqlite3* connection()
 {
     QStringList names = QSqlDatabase::connectionNames();

@@ -2,25 +2,25 @@
 
 #include <QString>
 
-/// Flushes of files to the disk by this process. The program's own `fsync` and `fdatasync` stand before those of the C
-/// library, count, and go on to the system.
+/// Counts the flushes of files to the disk by this process. The program replaces `fsync` and `fdatasync` of the C
+/// library with functions that count and call the system.
 namespace Syncs {
 
 struct Counts {
-    int log = 0;        ///< of SQLite's log
-    int other = 0;      ///< of any other file
+    int log = 0;        ///< flushes of SQLite's log
+    int other = 0;      ///< flushes of other files
     qint64 logSize = 0; ///< size of the log at its last flush, in bytes
 };
 
-/// Starts to count, from 0.
+/// Resets the counters.
 void start();
 /// What was counted since.
 Counts stop();
 
 } // namespace Syncs
 
-/// Questions for a plan and what the database is asked for them. The program's own `AutoPlanLogic::GetPlanInfo` stands
-/// before the client's, counts, and asks it.
+/// Counts requests for a plan and the resulting database reads. The program replaces `AutoPlanLogic::GetPlanInfo` of
+/// the client with a function that counts and calls it.
 namespace PlanReads {
 
 struct Counts {
@@ -28,7 +28,7 @@ struct Counts {
     int reads = 0; ///< statements that read plans
 };
 
-/// Starts to count, from 0. There must be one open session.
+/// Resets the counters. One session must be open.
 void start();
 /// What was counted since.
 Counts stop();

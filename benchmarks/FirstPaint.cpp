@@ -1,5 +1,5 @@
-// A plug-in for the program `plandesk` as it is: when its window has been painted and takes events, it prints the
-// system's monotonic time in nanoseconds and ends the program.
+// A plug-in for the unmodified program `plandesk`. When the window has been painted and handles events, the plug-in
+// prints the monotonic time in nanoseconds and exits the program.
 #include <QCoreApplication>
 #include <QEvent>
 #include <QGenericPlugin>

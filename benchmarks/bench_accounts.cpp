@@ -1,4 +1,4 @@
-// What the choice of an account costs with everything that it brings about, by how many accounts there are.
+// Measures the choice of an account and all resulting updates, depending on the number of accounts.
 #include "AutoParamSetting.h"
 #include "BenchmarkClient.h"
 

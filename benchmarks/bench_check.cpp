@@ -1,4 +1,4 @@
-// What it costs to check a filled-in form when every rule passes. The database's first plan has the instructions, its
+// Measures the checks of a form that passes every rule. The first plan of the database has the instructions, its
 // account the positions.
 #include "AutoParamSetting.h"
 #include "BenchmarkClient.h"
@@ -6,8 +6,8 @@
 
 namespace {
 
-// The checks cannot be run from outside without storing the plan and showing boxes. An explicit instantiation may name
-// a private member; this one hands its address out, and the editor's header stays as its clients see it.
+// The public interface runs the checks only together with storing the plan and showing boxes. An explicit instantiation
+// may name a private member, so this one provides access without a change to the editor's header.
 template <bool (AutoParamSetting::*Member)()> struct Opened {
     friend bool check(AutoParamSetting& editor) { return (editor.*Member)(); }
 };

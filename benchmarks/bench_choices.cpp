@@ -1,4 +1,4 @@
-// What a single choice costs with everything that it brings about in the form, without painting.
+// Measures a single choice and all resulting updates of the form, without painting.
 #include "AutoParamSetting.h"
 #include "BenchmarkClient.h"
 #include "CBusinessDataBase.h"
@@ -15,14 +15,14 @@ namespace {
 const QString ordinaryAccount = QStringLiteral("100002");
 const QString creditAccount = QStringLiteral("200001");
 
-/// One choice, from one code of a box to another.
+/// A change of a box from one code to another.
 struct Choice {
     const char* box;
     QString from;
     QString to;
 };
 
-/// An editor whose boxes have been chosen up to the one that is measured.
+/// An editor in which the boxes before the measured one have been set.
 class PreparedEditor {
 public:
     PreparedEditor()

@@ -1,4 +1,5 @@
-// What it costs to construct and first show an editor, beside the bare form: the same widgets without any service.
+// Measures the construction and first display of an editor, compared with the bare form: the same widgets without
+// services.
 #include "AutoParamSetting.h"
 #include "BenchmarkClient.h"
 #include "ui_AutoParamSetting.h"

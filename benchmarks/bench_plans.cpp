@@ -1,4 +1,4 @@
-// What it costs to open a stored plan, and how often it is read for that.
+// Measures opening a stored plan and counts how often it is read.
 #include "AutoParamSetting.h"
 #include "BenchmarkClient.h"
 #include "ClientSession.h"
@@ -11,7 +11,7 @@ QString newestPlan()
     return ClientSession::instance().plans().page(0, 1).value(0).id;
 }
 
-/// Opens the plan in a shown editor again and again. Nothing is painted.
+/// Opens the plan repeatedly in a visible editor, without painting.
 void openPlan(benchmark::State& state, void (AutoParamSetting::*open)(const QString&))
 {
     const QString plan = newestPlan();

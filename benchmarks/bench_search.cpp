@@ -1,5 +1,5 @@
-// What a keystroke in the search for a security costs until the list is painted, beside a line edit with Qt's completer
-// over the same rows. Texts are typed as traders type them: codes, parts of names, and some that nothing matches.
+// Measures a keystroke in the security search until the list is painted, compared with a line edit with Qt's completer
+// on the same rows. The typed texts are typical for traders: codes, parts of names, and some texts without a match.
 #include "BenchmarkClient.h"
 #include "ClientSession.h"
 #include "SecurityStore.h"
@@ -27,7 +27,7 @@ QVector<Security> allSecurities()
     return all;
 }
 
-/// Texts of the market at hand: some codes whole, some names from their second character on, and three of neither.
+/// Texts from the loaded market: some complete codes, some names without their first character, and three other texts.
 QStringList typedTexts()
 {
     const QVector<Security> market = allSecurities();
@@ -57,7 +57,7 @@ QStringList allRows()
     return rows;
 }
 
-/// Types into a line edit and waits for what it then shows.
+/// Types into a line edit and waits until its list is shown.
 class Typist {
 public:
     explicit Typist(QLineEdit& line)
@@ -69,7 +69,7 @@ public:
         settle();
     }
 
-    /// Types every text, each into the emptied line. Returns the seconds of all keystrokes together.
+    /// Types every text into the cleared line. Returns the total time of all keystrokes in seconds.
     double typeAll(const QStringList& texts)
     {
         double seconds = 0;
@@ -86,7 +86,7 @@ public:
         return seconds;
     }
 
-    /// The slowest keystroke, each taken at its fastest repetition.
+    /// The slowest keystroke, using the fastest repetition of each.
     double slowest() const { return *std::max_element(m_least.cbegin(), m_least.cend()); }
     double mean() const
     {

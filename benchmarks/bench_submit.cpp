@@ -1,5 +1,5 @@
-// What it costs from the press of OK until the plan is acknowledged and durable, beside one bare flush of as much data
-// to a file beside the log, each in turn; and how often the log is flushed for it.
+// Measures the time from the press of OK until the plan is stored durably, compared with one bare flush of the same
+// amount of data to a file in the same folder, and counts the flushes of the log. Both are measured alternately.
 #include "AutoParamSetting.h"
 #include "BenchmarkClient.h"
 #include "ClientSession.h"
@@ -23,7 +23,7 @@ namespace {
 
 constexpr int plansPerRun = 55;
 
-/// Notes when the plan service has acknowledged a plan, and answers the box that tells the trader of it.
+/// Records when the plan service has stored a plan, and closes the message box about it.
 class Acknowledgement : public QObject {
 public:
     Acknowledgement()
@@ -38,7 +38,7 @@ public:
         m_timer.start();
     }
 
-    /// From `expect` to the acknowledgement; 0 when none came.
+    /// Returns the time from `expect` until the plan was stored; 0 if it was not.
     double seconds() const { return m_seconds; }
 
     bool eventFilter(QObject* watched, QEvent* event) override
@@ -61,7 +61,8 @@ template <class Widget> Widget* field(const QWidget& editor, const char* name)
     return editor.findChild<Widget*>(QLatin1String(name));
 }
 
-/// Nobody fills a form in faster than this. A disk that has rested takes longer, so what is compared rests as long.
+/// The shortest time in which a trader can fill in a form. An idle disk is slower, so both measurements use the same
+/// pause.
 void rest()
 {
     QTest::qWait(250);
@@ -78,7 +79,7 @@ void fill(AutoParamSetting& editor)
     rest();
 }
 
-/// A file beside the database that grows as its log does.
+/// A file in the folder of the database that grows like its log.
 class BareFile {
 public:
     BareFile()

@@ -1,4 +1,4 @@
-// What it costs to open the window with the plan table until its first page is painted, and what memory it takes.
+// Measures opening the window with the plan table until its first page is painted, and its memory.
 #include "BenchmarkClient.h"
 #include "ClientSession.h"
 #include "MainWindow.h"

@@ -1,6 +1,6 @@
-// Makes a database for the benchmarks: make_data FILE SECURITIES ACCOUNTS PLANS INSTRUCTIONS
-// The user "bench" gets the accounts; the first of them has 250 positions and, when there are plans, all of them; the
-// first plan has the instructions.
+// Generates a database for the benchmarks: make_data FILE SECURITIES ACCOUNTS PLANS INSTRUCTIONS
+// The accounts belong to the user "bench". The first account has 250 positions and all plans; the first plan has the
+// instructions.
 #include "AccountStore.h"
 #include "AuthorityStore.h"
 #include "AutoPlanField.h"
@@ -153,8 +153,8 @@ int main(int argc, char** argv)
     QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() != 6)
-        qFatal("make_data FILE SECURITIES ACCOUNTS PLANS INSTRUCTIONS");
-    // Under its own name only when it is whole.
+        qFatal("Usage: make_data FILE SECURITIES ACCOUNTS PLANS INSTRUCTIONS");
+    // Renamed only when it is complete.
     const QString part = arguments.at(1) + QStringLiteral(".part");
     for (const char* end : { "", "-wal", "-shm" })
         QFile::remove(part + QLatin1String(end));

@@ -1,4 +1,4 @@
-"""Runs the benchmark programs in turn and makes figures of what they print."""
+"""Runs the benchmark programs and calculates the figures from their output."""
 import json
 import os
 import shutil
@@ -9,12 +9,12 @@ SECURITIES = [1_000, 10_000, 100_000, 1_000_000]
 ACCOUNTS = [1, 100, 10_000]
 PLANS = [1, 1_000, 10_000, 100_000]
 INSTRUCTIONS = [100, 1_000, 10_000]
-# Counts the making of the data: raise it when make_data makes something else.
+# Version of the generated data; increment it when the output of make_data changes.
 DATA_VERSION = 2
 
 
 class Programs:
-    """The built programs and the databases that they work on."""
+    """The built programs and their databases."""
 
     def __init__(self, build):
         self.bin = os.path.join(build, "bin")
@@ -24,7 +24,7 @@ class Programs:
         os.makedirs(self.data, exist_ok=True)
 
     def database(self, securities=1_000, accounts=1, plans=0, instructions=0):
-        """A database with so much in it, made when it is first asked for."""
+        """Returns a database of the given size; generates it on first use."""
         name = f"v{DATA_VERSION}-{securities}-{accounts}-{plans}-{instructions}.sqlite"
         file = os.path.join(self.data, name)
         if not os.path.exists(file):
@@ -33,7 +33,7 @@ class Programs:
         return file
 
     def copy_of(self, file):
-        """A copy that a program may write to, made afresh."""
+        """Returns a new copy for a program that writes to the database."""
         copy = file + "-copy"
         for end in ("", "-wal", "-shm"):
             if os.path.exists(copy + end):
@@ -41,7 +41,7 @@ class Programs:
         return shutil.copyfile(file, copy)
 
     def run(self, program, database, user="trader01", seconds=0.2, only="."):
-        """Runs a program; what it prints of each benchmark, by name, as a dictionary."""
+        """Runs a program. Returns a dictionary with the output of each benchmark by name."""
         command = [os.path.join(self.bin, program), f"--database={database}", f"--user={user}",
                    f"--benchmark_min_time={seconds}", f"--benchmark_filter={only}", "--benchmark_format=json",
                    "--benchmark_enable_random_interleaving=true"]
@@ -53,7 +53,7 @@ class Programs:
         return dict(zip(names, printed))
 
     def start(self, database):
-        """Starts the client; the milliseconds until its window is painted and takes events."""
+        """Starts the client. Returns the milliseconds until its window is painted and handles events."""
         environment = dict(self.environment, QT_QPA_GENERIC_PLUGINS="firstpaint", QT_PLUGIN_PATH=self.plugins)
         begin = time.clock_gettime_ns(time.CLOCK_MONOTONIC)
         done = subprocess.run([os.path.join(self.bin, "plandesk"), "--database", database], env=environment,
@@ -63,12 +63,12 @@ class Programs:
     def _call(self, command):
         done = subprocess.run(command, env=self.environment, capture_output=True, text=True, check=False)
         if done.returncode:
-            raise SystemExit(f"{' '.join(command)} ended with {done.returncode}:\n{done.stderr[-2000:]}")
+            raise SystemExit(f"{' '.join(command)} exited with status {done.returncode}:\n{done.stderr[-2000:]}")
         return done.stdout
 
 
 class Least:
-    """The least value that was noted under each key, over all rounds."""
+    """The least value recorded for each key in all rounds."""
 
     def __init__(self):
         self.values = {}
@@ -139,30 +139,30 @@ def _start(programs, least, securities):
         least.note(("start", securities), programs.start(copy))
 
 
-def measure(programs, rounds, tell):
-    """Everything, in so many rounds; figures by name, and the growth for the pictures."""
+def measure(programs, rounds, log):
+    """Measures everything in the given number of rounds. Returns the figures by name and the growth for the diagrams."""
     least, ratios, syncs, reads, editors = Least(), [], [], [], []
     for number in range(rounds):
-        tell(f"round {number + 1} of {rounds}")
+        log(f"round {number + 1} of {rounds}")
         for securities in SECURITIES:
-            tell(f"  {securities:,} securities")
+            log(f"  {securities:,} securities")
             _search(programs, least, securities, with_completer=securities == 100_000)
             _choices(programs, least, securities)
             _form(programs, least, ("securities", securities), programs.database(securities=securities), "trader01")
             _start(programs, least, securities)
         for accounts in ACCOUNTS:
-            tell(f"  {accounts:,} accounts")
+            log(f"  {accounts:,} accounts")
             _form(programs, least, ("accounts", accounts), programs.database(accounts=accounts), "bench")
             _account_choice(programs, least, accounts)
         for plans in PLANS:
-            tell(f"  {plans:,} plans")
+            log(f"  {plans:,} plans")
             _table(programs, least, plans)
             _plans(programs, least, reads, plans)
-        tell("  one plan")
+        log("  one plan")
         for instructions in INSTRUCTIONS:
             _check(programs, least, instructions)
         _confirm(programs, ratios, syncs)
-    tell("  1,000 editors")
+    log("  1,000 editors")
     printed = programs.run("bench_editors", programs.database())["openAndClose"]
     editors.append(printed["after_1000_mib"] / printed["after_50_mib"])
     return _figures(least, ratios, syncs, reads, editors), _growth(least)

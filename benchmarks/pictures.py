@@ -1,19 +1,19 @@
-"""Draws what grows with the securities, the accounts and the plans."""
+"""Draws the growth with the number of securities, accounts, plans and instructions."""
 import os
 
 import matplotlib
 
 matplotlib.use("svg")
-# The same figures make the same file.
+# Makes the output reproducible.
 matplotlib.rcParams["svg.hashsalt"] = "growth"
 matplotlib.rcParams["svg.fonttype"] = "none"
 matplotlib.rcParams["font.family"] = "sans-serif"
 
-from matplotlib import pyplot  # noqa: E402  after the choice of what it draws with
+from matplotlib import pyplot  # noqa: E402  the backend must be chosen first
 
 
 def draw(growth, folder):
-    """One picture for each thing that grows, each with a line for everything that was measured against it."""
+    """Draws one diagram for each kind of data, with one line for each measured operation."""
     for thing, lines in growth.items():
         figure, axes = pyplot.subplots(figsize=(7, 4))
         for name, points in lines.items():

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Measures every row of bars.csv, prints them as a table and writes them as JSON; see run and check."""
+"""Measures every row of bars.csv, prints a table and writes the results as JSON. Used by run and check."""
 import argparse
 import csv
 import json
@@ -66,16 +66,16 @@ def write_docs(rows):
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--build", required=True, help="folder with the built programs")
-    parser.add_argument("--rounds", type=int, default=3, help="how often everything is measured")
-    parser.add_argument("--pictures", action="store_true", help="draw the growth into docs/images")
-    parser.add_argument("--write-docs", action="store_true", help="the pictures, and the table into docs/performance.md")
-    parser.add_argument("--check", action="store_true", help="end with 1 when a bar is missed, and name it")
+    parser.add_argument("--rounds", type=int, default=3, help="number of rounds")
+    parser.add_argument("--pictures", action="store_true", help="draw the diagrams in docs/images")
+    parser.add_argument("--write-docs", action="store_true", help="draw the diagrams and update the table in docs/performance.md")
+    parser.add_argument("--check", action="store_true", help="report missed bars and exit with status 1")
     options = parser.parse_args()
 
-    def tell(text):
+    def log(text):
         print(text, file=sys.stderr, flush=True)
 
-    figures, growth = measuring.measure(measuring.Programs(options.build), options.rounds, tell)
+    figures, growth = measuring.measure(measuring.Programs(options.build), options.rounds, log)
     rows = rows_of(figures)
     print_table(rows)
     with open(os.path.join(options.build, "results.json"), "w", encoding="utf-8") as file:
@@ -88,7 +88,7 @@ def main():
     missed = [row for row in rows if not row["holds"]]
     if options.check:
         for row in missed:
-            tell(f"missed: {row['what']}: {shown(row)}, {row['bar']}")
+            log(f"missed: {row['what']}: {shown(row)}, {row['bar']}")
     return 1 if options.check and missed else 0
 
 

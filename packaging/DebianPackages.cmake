@@ -1,4 +1,4 @@
-# One Debian package for each component: cpack in the build folder makes them. scripts/check-package tries them out.
+# One Debian package for each component. Run cpack in the build folder to build them; scripts/check-package tests them.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME autoparamsetting)
 set(CPACK_PACKAGE_VENDOR "AutoParamSetting developers")
@@ -14,7 +14,7 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 
-# Name, section, what it needs beside the libraries that it is linked with, first line and rest of the description.
+# Arguments: component, package name, section, dependencies besides the linked libraries, summary and description.
 function(debian_package component name section depends summary text)
     string(TOUPPER ${component} key)
     set(CPACK_DEBIAN_${key}_PACKAGE_NAME ${name} PARENT_SCOPE)
@@ -39,22 +39,22 @@ debian_package(runtime libautoparamsetting${PROJECT_VERSION_MAJOR} libs ""
     "A form in which a trader creates, edits and copies automatic trading plans,\nas a Qt widget in a shared library.")
 debian_package(development libautoparamsetting-dev libdevel "qtbase5-dev (>= 5.15)"
     "Plan editor of a securities trading client, development files"
-    "Header, CMake package and pkg-config file of the editor's library, and the\neditor's sources for clients that bring platform headers and libraries of their\nown.")
+    "Header, CMake package and pkg-config file of the editor's library, and the\neditor's sources for clients with their own platform headers and libraries.")
 debian_package(platform libplandesk-platform${PROJECT_VERSION_MAJOR} libs "libqt5sql5-sqlite"
     "Services, widgets and constants of the plandesk client"
-    "What the plan editor asks of its client, on a database in one file.")
+    "The services that the plan editor requires, with a database in one file.")
 debian_package(platform_headers libplandesk-platform-dev libdevel "qtbase5-dev (>= 5.15)"
     "Services, widgets and constants of the plandesk client, headers"
-    "Needed by programs that use the plan editor's library as it is. Clients with a\nplatform of their own leave it out.")
+    "Needed by programs that link the installed plan editor library. Clients with\ntheir own platform do not need it.")
 debian_package(client plandesk misc ""
     "Stand-alone client with a plan editor for automatic trading"
-    "A table of plans and the form to create, edit and copy them, with a database\nand an invented market.")
+    "A table of plans and the form to create, edit and copy them, with a database\nand a fictitious market.")
 debian_package(walkthrough plandesk-walkthrough misc "plandesk"
     "Walk-through of the stand-alone client"
-    "A program that fills plans in by mouse and keyboard in the window of plandesk and\ncompares what is then stored.")
+    "A program that fills in plans by mouse and keyboard in the window of plandesk and\ncompares the stored plans with the input.")
 debian_package(designer plandesk-designer devel "qttools5-dev-tools"
     "Widgets of the plandesk client in Qt Designer"
-    "A plug-in with which the plan editor's form opens in Qt Designer as it looks.")
+    "A plug-in that displays the widgets of the plan editor's form in Qt Designer.")
 set(CPACK_COMPONENT_RUNTIME_DEPENDS platform)
 set(CPACK_COMPONENT_DEVELOPMENT_DEPENDS runtime)
 set(CPACK_COMPONENT_PLATFORM_HEADERS_DEPENDS platform development)

@@ -1,9 +1,10 @@
-"""Breaks autoparamsetting/ in one small way at a time and runs the editor's tests; scripts/mutate starts it.
+"""Mutation testing of autoparamsetting/, started by scripts/mutate.
 
-The tree is copied into a temporary folder and built there once, with the tests. For each mutant one source is compiled
-again and the editor's library linked from it; the tests, which load that library, stay as they were built. A mutant in
-a header changes the editor and the tests of that header. The first test that fails, crashes or hangs has noticed.
-A mutant that does not compile is replaced by the next one and not counted. The last line: mutants N noticed N
+The tree is copied to a temporary folder and built there once, with the tests. For each mutant, one source is recompiled
+and the editor's library linked again; the tests, which load that library, are not rebuilt. For a mutant in a header, the
+sources of the editor and the tests that include the header are rebuilt. A test notices a mutant if it fails, crashes or
+hangs; the first one is reported. A mutant that does not compile is replaced by the next one and not counted.
+The last line is: mutants N noticed N
 """
 
 import argparse
@@ -29,13 +30,13 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parent.parent
 EDITOR = "autoparamsetting"
 LIBRARY = "autoparamsetting_scripted"
-# Seconds of computing, and of waiting: on a busy machine a test that computes little may still take long.
+# Limits in seconds, for processor time and for waiting: on a busy machine, even a short test can take long.
 CPU_LIMIT = 60
 SHORTEST_TIMEOUT = 240
 PATIENCE = 10
 MEMORY_LIMIT = 8 << 30
 
-# The tests that touch a file first; all others follow in the order of TESTS, the slow ones last.
+# The tests to run first for a file. All others follow in the order of TESTS, slow tests last.
 FIRST_TESTS = {
     "Accessibility.cpp": ["tst_field_names"],
     "Accessibility.h": ["tst_field_names"],
@@ -64,7 +65,7 @@ FIRST_TESTS = {
     "TypeFields.cpp": ["tst_type_fields"],
     "Validation.cpp": ["tst_validation_rules", "tst_validation_order"],
 }
-# These have the pure functions linked into themselves.
+# These tests link the pure functions statically.
 PURE_TESTS = ["tst_formula_items", "tst_quantity_rounding", "tst_special_characters", "tst_trading_days"]
 TESTS = [
     "tst_vocabulary",
@@ -89,7 +90,7 @@ TESTS = [
 ARGUMENTS = {"tst_exploration": ["300", "1"]}
 
 
-# --- What may be broken
+# --- Candidates for mutation
 
 
 @dataclass(frozen=True)
@@ -113,7 +114,7 @@ def shorten(text):
 
 
 def code_only(line):
-    """The line with texts and comments blanked out, every character in its place."""
+    """Returns the line with texts and comments replaced by spaces; positions do not change."""
     code, quoted, i = [], False, 0
     while i < len(line):
         if quoted and line[i] == "\\":
@@ -132,7 +133,7 @@ def code_only(line):
 
 
 def mutable_lines(lines):
-    """Indices of the lines that do something: no comments, no directives, no debug or info output."""
+    """Returns the indices of lines with code, without comments, directives, and debug or info output."""
     found, logging = [], False
     for index, line in enumerate(lines):
         code = code_only(line).strip()
@@ -170,7 +171,7 @@ def negated_conditions(lines, index):
             length = text[:closing].count("\n") + 1
             condition = code[opening + 1 :]
             if length == 1 and re.match(r"!|[^&|]* [!=]= ", condition) and not re.search(r"&&|\|\|", condition):
-                continue  # the same as the operator's own negation below
+                continue  # same as the negation of the operator below
             after = text[:opening] + "(!" + text[opening : closing + 1] + ")" + text[closing + 1 :]
             yield length, "\n".join(after.split("\n")[:length])
     for old, new in ((" == ", " != "), (" != ", " == "), ("&& ", "|| "), ("|| ", "&& ")):
@@ -235,8 +236,8 @@ SETTER = re.compile(rf"^(?:{SILENT_CHOICE}|{PLAIN_SETTER})")
 
 
 def order_is_nothing(first, second):
-    """Silent changes of two widgets, a maximum length beside another property, entries under two keys of a map, two
-    connections: the same program in either order."""
+    """Returns true if two statements can be swapped without an effect: changes of two widgets with blocked signals, a
+    maximum length and another property, entries under two keys of a map, two connections."""
     both = [SETTER.match(first), SETTER.match(second)]
     if all(both):
         widgets = {each["box"] or each["widget"] for each in both}
@@ -264,7 +265,7 @@ def swapped_calls(lines, index):
 
 
 class Families:
-    """Constants that stand side by side in a namespace or an enumeration of a header, with one type."""
+    """Constants of the same type in a namespace or an enumeration of a header."""
 
     def __init__(self, headers, aliases_of):
         self.members = {}
@@ -308,7 +309,7 @@ def candidates(tree):
     found = []
     for source in sources:
         if source.name in ("Today.cpp", "Today.h", "AutoParamSettingExport.h"):
-            continue  # the tests set the date; what is exported is looked at elsewhere
+            continue  # the tests set the date; other tests check the exports
         text = source.read_text(encoding="utf-8")
         families = Families(headers, text)
         lines = text.split("\n")
@@ -329,7 +330,7 @@ def candidates(tree):
 
 
 def in_order_of_seed(mutants, seed):
-    """Mixed by what they change: a line that moves or that others are added to keeps its mutants in their places."""
+    """Shuffles mutants by what they change, so that moved or added lines do not change the order of the other mutants."""
     seen = Counter()
 
     def place(mutant):
@@ -340,7 +341,7 @@ def in_order_of_seed(mutants, seed):
     return sorted(mutants, key=place)
 
 
-# --- The tree that is broken
+# --- Building mutants
 
 
 def run(command, **options):
@@ -353,13 +354,13 @@ def stop(message, output=""):
 
 
 class Build:
-    """The whole tree, built once: what each worker takes its commands and its unbroken parts from."""
+    """The complete build of the tree. Workers use its commands and its unchanged objects."""
 
     def __init__(self, folder):
         self.tree = folder / "tree"
         self.build = folder / "build"
         shutil.copytree(ROOT, self.tree, ignore=shutil.ignore_patterns(".git", "build"), dirs_exist_ok=True)
-        # Most of a compilation is reading the same headers again.
+        # Most of the compilation time is spent on the same headers.
         precompiled = folder / "precompiled.cmake"
         precompiled.write_text(
             "cmake_language(DEFER CALL target_precompile_headers autoparamsetting_objects PRIVATE"
@@ -396,7 +397,7 @@ class Build:
         stop(f"No command links {target}.")
 
     def users_of(self, header):
-        """Sources of the editor that read a header, directly or not."""
+        """Returns the sources of the editor that include a header, directly or indirectly."""
         readers = {header}
         while True:
             pattern = re.compile("|".join(rf'#include "{re.escape(name)}"' for name in readers))
@@ -416,7 +417,7 @@ class Build:
 
 
 class Worker:
-    """A folder with the editor's sources, one of them broken, and what is built from it."""
+    """A folder with the editor's sources, one of them mutated, and the files built from it."""
 
     def __init__(self, build, folder):
         self.build = build
@@ -492,7 +493,7 @@ class Worker:
         return None
 
     def judge(self, mutant):
-        """None for a mutant that does not compile, else the test that noticed, or an empty text."""
+        """Returns None if the mutant does not compile, else the test that noticed it, or an empty text."""
         path = self.sources / mutant.file
         whole = path.read_text(encoding="utf-8")
         lines = whole.split("\n")
@@ -507,11 +508,11 @@ class Worker:
             path.write_text(whole, encoding="utf-8")
 
 
-# --- The run
+# --- Running the tests
 
 
 def equal_programs():
-    """Mutants known to be the same program: file, change and reason from scripts/equal-mutants.txt."""
+    """Returns the equivalent mutants from scripts/equal-mutants.txt: file, change and reason."""
     reasons = {}
     for line in (ROOT / "scripts" / "equal-mutants.txt").read_text(encoding="utf-8").splitlines():
         if line and not line.startswith("#"):
@@ -521,7 +522,7 @@ def equal_programs():
 
 
 def judge_all(mutants, count, jobs, build, folder):
-    """Yields each mutant that compiles with its judgement, until there are enough."""
+    """Yields mutants that compile, with their results, until there are enough."""
     free = [Worker(build, folder / f"worker{number}") for number in range(jobs)]
     lock = threading.Lock()
 
@@ -565,7 +566,7 @@ def break_and_tell(mutants, options, folder):
         explained += bool(reason and not noticed)
         verdict = f"noticed by {noticed}" if noticed else f"SURVIVED, equal: {reason}" if reason else "SURVIVED"
         print(f"{total} {mutant.where()} {mutant.kind}: {mutant.change()}: {verdict}")
-    print(f"survivors {total - noticed_by_tests}, of them equal programs {explained}")
+    print(f"survivors {total - noticed_by_tests}, of them equivalent {explained}")
     print(f"mutants {total} noticed {noticed_by_tests}")
 
 
@@ -574,9 +575,9 @@ def main():
     parser.add_argument("count", nargs="?", type=int, default=300)
     parser.add_argument("seed", nargs="?", type=int, default=1)
     parser.add_argument("--jobs", type=int, default=2)
-    parser.add_argument("--only", default="", help="mutants whose file, line, kind and change match this pattern")
-    parser.add_argument("--folder", help="where to build; it is kept, so that the next run builds what has changed")
-    parser.add_argument("--list", action="store_true", help="list the candidates and break nothing")
+    parser.add_argument("--only", default="", help="only mutants whose file, line, kind and change match this pattern")
+    parser.add_argument("--folder", help="build folder; it is kept, so that the next run builds only changes")
+    parser.add_argument("--list", action="store_true", help="list the candidates without building them")
     options = parser.parse_args()
     sys.stdout.reconfigure(line_buffering=True)
 
