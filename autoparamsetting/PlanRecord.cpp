@@ -79,7 +79,7 @@ void insertPrice(FieldMap& record, const Ui::AutoParamSetting& ui)
 void insertAssignee(FieldMap& record, const Ui::AutoParamSetting& ui)
 {
     const QString user = ui.combx_assignTo->currentText();
-    // A reduction must name its executor, so the text is stored whatever it is.
+    // A reduction requires an executor, so the text is always stored.
     if (currentCode(ui.combx_planType) == AutoPlanTemplate::ReduceHoldings)
         record.insert(Base::executeUser, user);
     else if (user != AutoPlanAssignee::NotSpecified)

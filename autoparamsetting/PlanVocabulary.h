@@ -4,7 +4,7 @@
 #include <QStringList>
 
 /// Codes of the form's items, as stored in plans. Comparisons are exact and case-sensitive. Codes of different families
-/// may be equal; each box is searched only for codes of its own family.
+/// may be equal; each box is searched only for codes of one family.
 
 /// Plan types.
 namespace AutoPlanTemplate {

@@ -18,13 +18,13 @@ public:
     {
         if (event->type() == QEvent::Paint && watched->inherits("QMainWindow") && !m_painted) {
             m_painted = true;
-            QTimer::singleShot(0, this, &FirstPaintWatch::tell);
+            QTimer::singleShot(0, this, &FirstPaintWatch::report);
         }
         return false;
     }
 
 private:
-    void tell()
+    void report()
     {
         timespec now{};
         clock_gettime(CLOCK_MONOTONIC, &now);

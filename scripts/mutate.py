@@ -33,7 +33,7 @@ LIBRARY = "autoparamsetting_scripted"
 # Limits in seconds, for processor time and for waiting: on a busy machine, even a short test can take long.
 CPU_LIMIT = 60
 SHORTEST_TIMEOUT = 240
-PATIENCE = 10
+TIMEOUT_FACTOR = 10
 MEMORY_LIMIT = 8 << 30
 
 # The tests to run first for a file. All others follow in the order of TESTS, slow tests last.
@@ -480,7 +480,7 @@ class Worker:
         environment = dict(os.environ, LD_LIBRARY_PATH=str(self.lib))
         for test in tests:
             program = (self.bin if test in own else self.build.build / "bin") / test
-            limit = max(SHORTEST_TIMEOUT, PATIENCE * self.build.seconds[test])
+            limit = max(SHORTEST_TIMEOUT, TIMEOUT_FACTOR * self.build.seconds[test])
             try:
                 done = run(["prlimit", f"--cpu={CPU_LIMIT}", program, *ARGUMENTS.get(test, [])], cwd=self.run,
                            env=environment, timeout=limit)

@@ -103,10 +103,6 @@
         <source>日历</source>
         <translation> calendar</translation>
     </message>
-    <message>
-        <source>的时间</source>
-        <translation> time</translation>
-    </message>
 </context>
 <context>
     <name>EditorDialog</name>
