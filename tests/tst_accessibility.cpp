@@ -2,7 +2,7 @@
 #include "AutoParamSetting.h"
 #include "CalendarPopup.h"
 #include "EditorDialog.h"
-#include "FormReader.h"
+#include "EditorForm.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Values.h"
 #include "LogCatcher.h"
@@ -13,7 +13,7 @@
 #include "PlanCodes.h"
 #include "SampleSession.h"
 #include "SkinSheet.h"
-#include "TestToday.h"
+#include "TestClock.h"
 #include "VorSearchBox.h"
 
 #include <QAbstractSpinBox>

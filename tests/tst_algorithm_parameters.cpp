@@ -480,8 +480,8 @@ void tst_algorithm_parameters::theListsAreReplacedWhole()
     script().whiteAlgoNames = QStringList{ Twap, Vwap };
     script().blackAlgoNames = QStringList{ QStringLiteral("SNIPER") };
     chooseSecurity(editor(), Stock);
-    script().whiteAlgoNames.clear();
-    script().blackAlgoNames.clear();
+    script().whiteAlgoNames = QStringList();
+    script().blackAlgoNames = QStringList();
     chooseSecurity(editor(), OtherStock);
     script().forget();
     pressButton();

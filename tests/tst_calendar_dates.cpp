@@ -3,8 +3,8 @@
 #include "AutoPlanLogic.h"
 #include "ClientClock.h"
 #include "ClientSession.h"
+#include "EditorForm.h"
 #include "FormDriver.h"
-#include "FormReader.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Values.h"
 #include "LogCatcher.h"
@@ -12,7 +12,7 @@
 #include "OrloDateEdit.h"
 #include "PlanCodes.h"
 #include "SampleSession.h"
-#include "TestToday.h"
+#include "TestClock.h"
 
 #include <QSignalSpy>
 #include <QtTest>

@@ -11,7 +11,7 @@
 #include "PlanCodes.h"
 #include "SampleSession.h"
 #include "Security.h"
-#include "TestToday.h"
+#include "TestClock.h"
 
 #include <QLineEdit>
 #include <QSignalSpy>

@@ -124,7 +124,7 @@ void tst_effective_period::theDateEditorsOfferTradingDaysOnly()
     QFETCH(Dates, excluded);
     open();
     setToday(day);
-    script().generalTradeDates = tradeDates;
+    script().tradeDates = tradeDates;
     chooseSecurity(editor(), ShanghaiStock);
     QCOMPARE(periodCalls(),
         QStringList(QStringLiteral("GetTradeDateList(k_Exchange_sh, \"\")")) + told(first, last, excluded));
@@ -162,7 +162,7 @@ void tst_effective_period::withoutACalendarEveryDayFromTomorrowIsOffered()
     QFETCH(QDate, last);
     open();
     setToday(day);
-    script().generalTradeDates = tradeDates;
+    script().tradeDates = tradeDates;
     script().tradeDatesError = error;
     log().expectWarning(QStringLiteral("AutoParamSetting::InitDateEffectivePeriod"));
     chooseSecurity(editor(), ShanghaiStock);
@@ -188,7 +188,7 @@ void tst_effective_period::aCalendarThatHasRunOutCountsAsNone()
 {
     QFETCH(Dates, tradeDates);
     open();
-    script().generalTradeDates = tradeDates;
+    script().tradeDates = tradeDates;
     log().expectWarning(QStringLiteral("AutoParamSetting::InitDateEffectivePeriod"));
     chooseSecurity(editor(), ShanghaiStock);
     QCOMPARE(periodCalls(),
@@ -216,9 +216,11 @@ void tst_effective_period::eachExchangeHasItsOwnCalendar()
     QFETCH(QString, asked);
     QFETCH(QDate, first);
     open();
-    script().tradeDates.insert(Kelvo_Values::Exchange::sh, may({ 8 }));
-    script().tradeDates.insert(Kelvo_Values::Exchange::sz, may({ 9 }));
-    script().generalTradeDates = may({ 10 });
+    script().tradeDates = [](const QString& exchange) {
+        return exchange == Kelvo_Values::Exchange::sh ? may({ 8 })
+            : exchange == Kelvo_Values::Exchange::sz  ? may({ 9 })
+                                                      : may({ 10 });
+    };
     chooseSecurity(editor(), symbol);
     QCOMPARE(script().callsOf(QStringLiteral("GetTradeDateList")), QStringList(asked));
     QCOMPARE(field<OrloDateEdit>(editor(), "date_effectivePeriod_Multi")->GetStartDate(), first);
@@ -229,7 +231,7 @@ void tst_effective_period::aNewFormHasItsDatesBeforeAnySecurityIsChosen()
     setToday(QDate(2024, 5, 10));
     script().addOrdinaryAccount(Account);
     script().addOrdinaryAccount(QStringLiteral("acc2"));
-    script().tradeDates.insert(Kelvo_Values::Exchange::sh, may({ 10, 13, 14 }));
+    script().tradeDates = may({ 10, 13, 14 });
     constructShown();
     QCOMPARE(script().callsOf(QStringLiteral("GetTradeDateList")),
         QStringList(QStringLiteral("GetTradeDateList(k_Exchange_sh, \"\")")));
@@ -239,11 +241,11 @@ void tst_effective_period::aNewFormHasItsDatesBeforeAnySecurityIsChosen()
 void tst_effective_period::leavingAnEditedPlanSetsTheDatesAfresh()
 {
     open();
-    script().tradeDates.insert(Kelvo_Values::Exchange::sz, may({ 9 }));
+    script().tradeDates = may({ 9 });
     chooseSecurity(editor(), ShenzhenStock);
     script().forget();
     setToday(QDate(2024, 5, 9));
-    script().tradeDates.insert(Kelvo_Values::Exchange::sz, may({ 9, 10 }));
+    script().tradeDates = may({ 9, 10 });
     editor().resetEnable();
     QCOMPARE(script().callsOf(QStringLiteral("GetTradeDateList")),
         QStringList(QStringLiteral("GetTradeDateList(k_Exchange_sz, \"\")")));
@@ -253,7 +255,7 @@ void tst_effective_period::leavingAnEditedPlanSetsTheDatesAfresh()
 void tst_effective_period::theCalendarIsLogged()
 {
     open();
-    script().generalTradeDates = may({ 7, 8, 9 });
+    script().tradeDates = may({ 7, 8, 9 });
     chooseSecurity(editor(), ShenzhenStock);
     const QList<LogLine> lines =
         log().linesWith(QtDebugMsg, QStringLiteral("AutoParamSetting::InitDateEffectivePeriod"));
@@ -285,7 +287,7 @@ void tst_effective_period::aClearedFormStartsOnTheFirstTradingDay()
     QFETCH(Dates, tradeDates);
     QFETCH(int, offset);
     setToday(day);
-    script().generalTradeDates = tradeDates;
+    script().tradeDates = tradeDates;
     open();
     fillPlan(editor(), ShanghaiStock);
     // The form is cleared on another day than the one on which the offset was found.

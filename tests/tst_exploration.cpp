@@ -1,5 +1,7 @@
 #include "Exploration.h"
 #include "RoundTrip.h"
+#include "TestClock.h"
+#include "Today.h"
 #include <QApplication>
 #include <csignal>
 #include <cstdio>
@@ -8,9 +10,9 @@
 #include <rapidcheck.h>
 #include <unistd.h>
 
-// Random traders, hosts and services against the editor and its oracle. Arguments: how many sequences, and the seed.
+// Random traders, hosts and services against the editor and its model. Arguments: how many sequences, and the seed.
 
-namespace oracle {
+namespace model {
 
 /// What RapidCheck prints of a sequence; the steps are told where they fail.
 static void showValue(const Sequence& sequence, std::ostream& out)
@@ -18,14 +20,14 @@ static void showValue(const Sequence& sequence, std::ostream& out)
     out << sequence.steps.size() << " steps, told below";
 }
 
-} // namespace oracle
+} // namespace model
 
 namespace {
 
-using oracle::Exploration;
-using oracle::Seeds;
-using oracle::Sequence;
-using oracle::Step;
+using model::Exploration;
+using model::Seeds;
+using model::Sequence;
+using model::Step;
 
 constexpr int StepsPerSequence = 30;
 /// More steps are drawn than taken: some are not possible where they stand.
@@ -72,16 +74,16 @@ private:
 Seeds drawSeeds(Dice& dice)
 {
     Seeds seeds;
-    seeds.accounts = dice.several(dice.oneIn(12) ? 0 : 1 + dice.upTo(3), oracle::AccountKindCount);
+    seeds.accounts = dice.several(dice.oneIn(12) ? 0 : 1 + dice.upTo(3), model::AccountKindCount);
     // Half of the accounts are those with which most can be done.
     for (int& kind : seeds.accounts)
         kind = dice.oneIn(2) ? 2 * dice.upTo(2) : kind;
     seeds.rules = dice.several(16, 6);
     for (int& rule : seeds.rules)
         rule = rule == 5 ? 2 : rule % 2;
-    seeds.calendars = dice.oneIn(3) ? dice.several(4, oracle::CalendarCount) : std::vector<int>();
+    seeds.calendars = dice.oneIn(3) ? dice.several(4, model::CalendarCount) : std::vector<int>();
     for (int i = dice.oneIn(8) ? 0 : 1 + dice.upTo(3); i > 0; --i)
-        seeds.plans.push_back(dice.several(oracle::PlanNumbers, 60));
+        seeds.plans.push_back(dice.several(model::PlanNumbers, 60));
     seeds.today = dice.upTo(4);
     seeds.users = dice.oneIn(4) ? dice.upTo(3) : 0;
     seeds.algorithms = dice.oneIn(3) ? dice.upTo(4) : 0;
@@ -96,7 +98,7 @@ constexpr int Any = -1;
 /// What a trader does from top to bottom.
 std::vector<Step> filling()
 {
-    using namespace oracle;
+    using namespace model;
     std::vector<Step> steps;
     for (const int kind : { int(FundAccount), int(InstructionType), int(TargetType), int(PlanType), int(ChooseSecurity),
              int(TradeSide), int(EntrustType), int(PriceType), int(PriceMode), int(TypePrice1), int(TypePrice2),
@@ -109,7 +111,7 @@ std::vector<Step> filling()
 /// A plan by algorithm, whose side and account change after its parameters were confirmed.
 std::vector<Step> algorithm()
 {
-    using namespace oracle;
+    using namespace model;
     return { { FundAccount, Any, 0 }, { TargetType, Any, 0 }, { ChooseSecurity, Any, 0 }, { EnterTargetTotal, 0, 0 },
         { PriceMode, Any, 0 }, { TypePrice1, 0, 0 }, { TypePrice2, 1, 0 }, { TradeSide, Any, 0 },
         { EntrustType, Any, 0 }, { InstructionMode, 1, 0 }, { PressAlgorithms, Any, 0 }, { TradeSide, Any, 0 },
@@ -119,7 +121,7 @@ std::vector<Step> algorithm()
 /// A holdings reduction.
 std::vector<Step> reduction()
 {
-    using namespace oracle;
+    using namespace model;
     return { { FundAccount, Any, 0 }, { InstructionType, 0, 0 }, { PlanType, 0, 1 }, { ChooseSecurity, Any, 0 },
         { PriceMode, 1, 0 }, { TypePrice1, 1, 0 }, { EnterDayMax, Any, 0 }, { EnterTargetTotal, Any, 0 },
         { EnterRatio, Any, 0 }, { AssignTo, Any, 0 }, { PickDate, Any, 0 }, { PressOk, Any, Any } };
@@ -128,7 +130,7 @@ std::vector<Step> reduction()
 /// A stored plan is opened, changed and sent while the days go by.
 std::vector<Step> editing()
 {
-    using namespace oracle;
+    using namespace model;
     return { { EditPlan, Any, 0 }, { PriceMode, Any, 0 }, { TypePrice1, Any, Any }, { TypePrice2, 1, 0 },
         { PickRange, Any, Any }, { PickDate, Any, 0 }, { PressOk, 0, 0 }, { NextDay, 0, 0 }, { PressOk, 0, 0 },
         { ResetEnable, 0, 0 }, { PressOk, 0, 0 } };
@@ -153,7 +155,7 @@ std::vector<Step> pattern(int number)
 
 int drawKind(Dice& dice)
 {
-    using namespace oracle;
+    using namespace model;
     const int dealt = dice.upTo(100);
     if (dealt < 45)
         return dice.upTo(EmptyNumber);
@@ -166,7 +168,7 @@ int drawKind(Dice& dice)
 
 Step drawStep(Dice& dice, Step step)
 {
-    const bool takesFirst = step.kind == oracle::TargetType && !dice.oneIn(4);
+    const bool takesFirst = step.kind == model::TargetType && !dice.oneIn(4);
     if (step.first == Any)
         step.first = takesFirst ? 0 : dice.upTo(64 * 3);
     if (step.second == Any)
@@ -193,7 +195,7 @@ Sequence drawSequence(const rc::Random& random)
     sequence.seeds = drawSeeds(dice);
     appendAny(sequence, dice.upTo(4), dice);
     if (!dice.oneIn(4))
-        append(sequence, { Step{ oracle::FundAccount, Any, Any } }, dice);
+        append(sequence, { Step{ model::FundAccount, Any, Any } }, dice);
     append(sequence, pattern(dice.upTo(8)), dice);
     appendAny(sequence, StepsDrawn - static_cast<int>(sequence.steps.size()), dice);
     return sequence;
@@ -209,7 +211,7 @@ Sequence drawTrader(const rc::Random& random)
     sequence.seeds.spent = 0;
     std::vector<Step> first = filling();
     if (dice.oneIn(4))
-        first.insert(first.end() - 2, Step{ oracle::EmptyNumber, 1, 0 });
+        first.insert(first.end() - 2, Step{ model::EmptyNumber, 1, 0 });
     append(sequence, first, dice);
     append(sequence, pattern(dice.upTo(2)), dice);
     append(sequence, filling(), dice);
@@ -337,7 +339,7 @@ void tellAndDie(int signal)
     std::raise(signal);
 }
 
-/// Takes steps until enough are taken or editor and oracle differ.
+/// Takes steps until enough are taken or editor and model differ.
 int run(Exploration& exploration, const Sequence& sequence, int wanted, const std::function<void()>& afterEach)
 {
     s_running = &exploration;
@@ -356,32 +358,34 @@ int run(Exploration& exploration, const Sequence& sequence, int wanted, const st
     return taken;
 }
 
-void editorDoesWhatItsOracleSays(const Sequence& sequence)
+void editorDoesWhatItsModelSays(const Sequence& sequence)
 {
     Exploration exploration(worldOf(sequence.seeds));
     tally().steps += run(exploration, sequence, StepsPerSequence, [] {});
     ++tally().sequences;
     tally().sent += exploration.sent();
     if (!exploration.differences().isEmpty())
-        RC_FAIL(report(exploration.told(), exploration.differences()));
+        RC_FAIL(report(described(sequence.seeds) + exploration.told(), exploration.differences()));
 }
 
 void plansComeBackAsTheyWereSent(const Sequence& sequence)
 {
-    QMap<QString, oracle::World> worlds;
+    // Each as it was on the day on which its plan was created.
+    QMap<QString, QPair<QDate, World>> worlds;
     {
         Exploration exploration(worldOf(sequence.seeds));
         run(exploration, sequence, static_cast<int>(sequence.steps.size()), [&] {
             if (!exploration.created().isEmpty())
-                worlds.insert(exploration.created(), exploration.world());
+                worlds.insert(exploration.created(), { today(), exploration.world() });
         });
     }
     RC_PRE(!worlds.isEmpty());
     for (auto it = worlds.cbegin(); it != worlds.cend(); ++it) {
         ++tally().trips;
-        const QStringList troubles = oracle::troublesOfRoundTrips(it.value(), it.key());
-        if (!troubles.isEmpty())
-            RC_FAIL(report(troubles, {}));
+        setToday(it.value().first);
+        const QStringList errors = model::roundTripErrors(it.value().second, it.key());
+        if (!errors.isEmpty())
+            RC_FAIL(report(errors, {}));
     }
 }
 
@@ -414,7 +418,7 @@ int main(int argc, char** argv)
     if (!qEnvironmentVariableIsSet("RC_PARAMS"))
         qputenv("RC_PARAMS", "seed=" + QByteArray::number(seed));
     const bool explored =
-        check("The editor does what its oracle says", count, seed, [] { editorDoesWhatItsOracleSays(*sequences()); });
+        check("The editor does what its model says", count, seed, [] { editorDoesWhatItsModelSays(*sequences()); });
     const bool travelled = check("A plan that was sent comes back as it was sent", count / 8, seed,
         [] { plansComeBackAsTheyWereSent(*tradersOnly()); });
     std::printf("sequences %lld steps %lld plans sent %lld round trips %lld seed %llu\n", tally().sequences,

@@ -9,7 +9,7 @@
 #include "MessageBoxResponder.h"
 #include "PlanCodes.h"
 #include "SampleSession.h"
-#include "TestToday.h"
+#include "TestClock.h"
 #include "WriterProcess.h"
 
 #include <QComboBox>

@@ -97,7 +97,7 @@ void tst_plan_record::open()
     script().addBond(Bond, 10);
     script().addHkStock(HkStock, 100);
     script().loginAccountDetail.insert(Kelvo_Fields::UserAccount::userID, QStringLiteral("user7"));
-    script().positions = { { { Kelvo_Fields::Security::tradeableQty, 1000000 } } };
+    script().positions = QList<FieldMap>{ { { Kelvo_Fields::Security::tradeableQty, 1000000 } } };
     constructShown();
 }
 
@@ -140,7 +140,7 @@ Record tst_plan_record::send()
 /// Changes the form behind the rules: while they ask about holdings that do not suffice.
 Record tst_plan_record::sendAfter(const std::function<void()>& lastChange)
 {
-    script().positions.clear();
+    script().positions = QList<FieldMap>();
     choose(editor(), "combx_tradeSide", Kelvo_Values::OrderSide::sell);
     script().whileBoxOpen = lastChange;
     const Record record = send();

@@ -14,7 +14,7 @@
 #include "PlanFormatter.h"
 #include "PlanTableModel.h"
 #include "SampleSession.h"
-#include "TestToday.h"
+#include "TestClock.h"
 
 #include <QAction>
 #include <QLabel>

@@ -514,7 +514,7 @@ void tst_price_fields::anotherSecurityEmptiesBothFormulas()
 void tst_price_fields::pricesCanBeChosenWhenNoServiceAnswersAnything()
 {
     script().staticTexts.clear();
-    script().generalTradeDates.clear();
+    script().tradeDates = QList<QDate>();
     log().expectWarning(QStringLiteral("AutoParamSetting::InitDateEffectivePeriod"));
     constructShown();
     QCOMPARE(codes(editor(), "combx_priceMode"), QStringList({ NoLimit, Custom, CompareMax, CompareMin }));

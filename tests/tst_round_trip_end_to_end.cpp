@@ -4,7 +4,7 @@
 #include "CBusinessDataBase.h"
 #include "ClientClock.h"
 #include "ClientSession.h"
-#include "FormReader.h"
+#include "EditorForm.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
@@ -17,7 +17,7 @@
 #include "ParamListWidget_single.h"
 #include "PlanCodes.h"
 #include "SampleSession.h"
-#include "TestToday.h"
+#include "TestClock.h"
 #include "VorSearchBox.h"
 
 #include <QAbstractButton>

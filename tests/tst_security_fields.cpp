@@ -151,14 +151,14 @@ void tst_security_fields::aTypeOffersItsSecurities()
         script().addOrdinaryAccount(Account);
     construct();
     // Every query answers one symbol that tells which query it was.
-    script().symbols = [&queries](const QString& call) {
-        return SymbolList({ QStringLiteral("of query %1").arg(queries.indexOf(call)) });
-    };
+    int asked = 0;
+    script().symbols = [&asked](const SymbolQuery&) { return SymbolList({ QStringLiteral("of query %1").arg(asked++) }); };
     choose(editor(), "combx_instructionType", instructionType);
     const QString target = byAmount ? InstructionTargetType::AmountOrder : InstructionTargetType::QtyOrder;
     choose(editor(), "combx_instructionTargetType", target);
     // Once more from scratch, so that the calls of one refill are seen alone.
     script().forget();
+    asked = 0;
     callSlot("slotComboxInstructionTargetTypeChanged");
     QStringList answers;
     for (int i = 0; i < queries.size(); ++i)
@@ -227,7 +227,7 @@ void tst_security_fields::choosingNoSecurityEmptiesItsFieldsAndNothingElse()
 void tst_security_fields::aSecurityTakesItsStepsInOrder()
 {
     open();
-    script().generalTradeDates = { QDate(2024, 5, 7) };
+    script().tradeDates = QList<QDate>{ QDate(2024, 5, 7) };
     chooseSecurity(editor(), Stock);
     const QStringList expected{
         QStringLiteral("le_symbol.setSymbol(600000.K_SH)"),
@@ -484,8 +484,8 @@ void tst_security_fields::theAveragesOfTheLastSecurityLastUntilTheAnswer()
 void tst_security_fields::anAnswerWithinTheQueryIsKept()
 {
     open();
-    script().onCall = [this](const QString& call) {
-        if (call.startsWith(QStringLiteral("signalQuerySymbolMAInfo")))
+    script().onCall = [this](const ScriptCall& call) {
+        if (call.operation == QLatin1String("signalQuerySymbolMAInfo"))
             answer(Stock, { QStringLiteral("MA10") });
     };
     chooseSecurity(editor(), Stock);

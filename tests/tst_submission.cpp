@@ -449,7 +449,7 @@ void tst_submission::okOnTheClearedFormFailsInTheRules()
 void tst_submission::okOnAFormThatNoServiceFilledFailsInTheRules()
 {
     script().staticTexts.clear();
-    script().generalTradeDates.clear();
+    script().tradeDates = QList<QDate>();
     log().expectWarning(QStringLiteral("AutoParamSetting::InitDateEffectivePeriod"));
     constructShown();
     press(editor(), "btn_ok");
@@ -554,7 +554,7 @@ void tst_submission::okIsLiveAgainBeforeTheFormIsCleared()
     QStringList silent;
     QStringList live;
     script().forget();
-    script().onCall = [&](const QString& call) { (ok->signalsBlocked() ? silent : live).append(call); };
+    script().onCall = [&](const ScriptCall& call) { (ok->signalsBlocked() ? silent : live).append(call.text()); };
     press(editor(), "btn_ok");
     QCOMPARE(silent.size() + live.size(), script().calls.size());
     QVERIFY(silent.constLast().startsWith(QStringLiteral("ShowTipMsgBox(")));

@@ -3,7 +3,6 @@
 #include "EditorTest.h"
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
-#include "OpenedPlan.h"
 #include "OrloDateEdit.h"
 #include "OrloDecimalLineEdit.h"
 #include "OrloFormulaNormal.h"
@@ -519,7 +518,7 @@ void TranslationTest::addRulesOfEdits()
                        "Please enter it again!"),
         [this, plan, day] {
             edit(plan, day);
-            script().planInstructions[PlanId][QStringLiteral("I1")] = { { QStringLiteral("38"), 5000 } };
+            script().planInstructions = QMap<QString, FieldMap>{ { QStringLiteral("I1"), { { QStringLiteral("38"), 5000 } } } };
         });
     row("another begin", "计划已开始执行，初始日期不支持修改！",
         QStringLiteral("warning: The plan has started: its first date cannot be changed!"), [this, plan, day] {
@@ -549,14 +548,14 @@ void TranslationTest::addQuestions()
                        "creating the plan? Click [OK] to continue, otherwise [Cancel]"),
         [this, sale] {
             open(sale);
-            script().positions.clear();
+            script().positions = QList<FieldMap>();
         });
     row("holdings that do not cover an edited sale", "修改",
         QStringLiteral("question: The available holdings of account [F-acc1] are less than the target total. Continue "
                        "modifying the plan? Click [OK] to continue, otherwise [Cancel]"),
         [this, sale] {
             edit(sale, QDate(2024, 5, 6));
-            script().positions.clear();
+            script().positions = QList<FieldMap>();
         });
     row("special treatment", "。是否继续创建？", QStringLiteral("question: It is at risk. Continue creating the plan?"),
         [this] {

@@ -185,7 +185,7 @@ void TypeFieldsTest::instructionTypesFollowTheAccount()
     QFETCH(QString, authorities);
     QFETCH(QString, expected);
     script().addAccount(QStringLiteral("acc1"), words(exchanges), words(authorities),
-        credit ? Orlo_Values::FundAccountType::Credit : QStringLiteral("some other property"));
+        credit);
     construct();
     // Where nothing is offered the account itself must still be, or the row proves nothing.
     QCOMPARE(codes(editor(), "combx_fundAccount"), lines("acc1"));
@@ -236,7 +236,7 @@ void TypeFieldsTest::anAccountWithoutTypesLeavesTheBoxEmpty()
     script().addOrdinaryAccount(QStringLiteral("acc2"));
     construct();
     choose(editor(), "combx_fundAccount", QStringLiteral("acc1"));
-    script().authorities.clear();
+    script().accounts[1].types.clear();
     choose(editor(), "combx_fundAccount", QStringLiteral("acc2"));
     QCOMPARE(codes(editor(), "combx_instructionType"), QStringList());
     QCOMPARE(box(editor(), "combx_instructionType")->currentIndex(), -1);
@@ -1008,8 +1008,8 @@ void TypeFieldsTest::anotherInstructionTypeLooksAtTheSecurityOnceMore()
     script().addOrdinaryAccount(QStringLiteral("acc1"));
     construct();
     // The market is written by hand after the prices were prepared: only a second look at the security empties it.
-    script().onCall = [this](const QString& call) {
-        if (call.startsWith(QLatin1String("lineEdit_price2.SetFormulaItems(")))
+    script().onCall = [this](const ScriptCall& call) {
+        if (call.operation == QLatin1String("lineEdit_price2.SetFormulaItems"))
             field<QLineEdit>(editor(), "le_exchange")->setText(QStringLiteral("by hand"));
     };
     choose(editor(), "combx_instructionType", QStringLiteral("5"));

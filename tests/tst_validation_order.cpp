@@ -7,6 +7,7 @@
 #include "OrloDecimalLineEdit.h"
 #include "Orlo_Values.h"
 #include "PlanSample.h"
+#include "PlanVocabulary.h"
 #include "VorSearchBox.h"
 #include <QSet>
 #include <QSignalBlocker>
@@ -179,12 +180,8 @@ void ValidationOrderTest::chooseNothing(const char* name)
 void ValidationOrderTest::openPlan(const Rules& broken)
 {
     openSampleMarket();
-    tagUserAccountInfo withoutClient = script().accounts.last();
-    withoutClient.tradingAccount = QStringLiteral("acc3");
-    withoutClient.clientNo.clear();
-    script().accounts.append(withoutClient);
-    script().securityAccounts.insert(QStringLiteral("acc3"), script().securityAccounts.value(QStringLiteral("acc1")));
-    script().authorities.insert(QStringLiteral("acc3"), { QStringLiteral("1") });
+    script().addAccount(QStringLiteral("acc3"), exchanges(), { AutoPlanInstructionType::Ordinary });
+    script().accounts.last().clientNo.clear();
     script().strategyAliases.insert(QStringLiteral("ICEBERG2"), QStringLiteral("冰山"));
     script().securities[QStringLiteral("600000.K_SH")].displayFactor = 10;
     PlanSample plan;
@@ -302,7 +299,7 @@ void ValidationOrderTest::breakEdit(const Rules& broken)
     if (!m_edits)
         return;
     if (broken.contains(TargetBelowWhatIsUsed))
-        script().planInstructions[QStringLiteral("P1")][QStringLiteral("I1")] = { { QStringLiteral("38"), 5000 } };
+        script().planInstructions = QMap<QString, FieldMap>{ { QStringLiteral("I1"), { { QStringLiteral("38"), 5000 } } } };
     const QDate begin(2024, 5, 6);
     const QDate start = broken.contains(StartedPlanBeginsElsewhere) ? begin.addDays(3) : begin;
     const QDate end = broken.contains(StartedPlanEndsInThePast) ? QDate(2024, 5, 7) : QDate(2024, 5, 8);
@@ -318,7 +315,7 @@ void ValidationOrderTest::breakServices(const Rules& broken)
     if (broken.contains(DisclosureUnsigned))
         script().unsignedClients = QStringList{ QStringLiteral("C-acc1"), QString() };
     if (broken.contains(HoldingsTooSmall))
-        script().positions = { { { Kelvo_Fields::Security::tradeableQty, -1 } } };
+        script().positions = QList<FieldMap>{ { { Kelvo_Fields::Security::tradeableQty, -1 } } };
     if (broken.contains(SpecialTreatment)) {
         for (ScriptSecurity& security : script().securities) {
             security.stFlag = QStringLiteral("ST");

@@ -754,7 +754,7 @@ void ValidationRulesTest::anEditedTargetCoversWhatIsUsed()
     QFETCH(double, target);
     QFETCH(QString, said);
     edit(PlanSample());
-    script().planInstructions.insert(PlanId, instructions);
+    script().planInstructions = instructions;
     showDecimals("le_targetTotalNum", 12);
     setNumber("le_targetTotalNum", target);
     QCOMPARE(ok(), QStringList{ said });
@@ -765,9 +765,8 @@ void ValidationRulesTest::anEditedTargetCoversWhatIsUsed()
 void ValidationRulesTest::eachInstructionIsLogged()
 {
     edit(PlanSample());
-    script().planInstructions.insert(PlanId,
-        { { QStringLiteral("I2"), byQuantity(QStringLiteral("0"), 7, 400) },
-            { QStringLiteral("I1"), byQuantity(QStringLiteral("1"), 600, 8) } });
+    script().planInstructions = Instructions{ { QStringLiteral("I2"), byQuantity(QStringLiteral("0"), 7, 400) },
+        { QStringLiteral("I1"), byQuantity(QStringLiteral("1"), 600, 8) } };
     log().clear();
     QCOMPARE(ok(), QStringList{ Modified });
     QStringList lines;
@@ -784,7 +783,7 @@ void ValidationRulesTest::onlyAnEditAsksForInstructions()
 {
     openSampleMarket();
     storePlan(PlanId, PlanSample());
-    script().planInstructions.insert(PlanId, one(byQuantity(QStringLiteral("0"), 0, 5000)));
+    script().planInstructions = one(byQuantity(QStringLiteral("0"), 0, 5000));
     constructShown();
     editor().copyPlan(PlanId);
     QCOMPARE(ok(), QStringList{ Created });
@@ -1019,9 +1018,10 @@ void ValidationRulesTest::holdingsShouldCoverASale()
         script().createdRecords.clear();
         script().questionAnswer = answer;
         script().securities[Stock].displayFactor = factor;
-        script().positions.clear();
+        QList<FieldMap> positions;
         for (const QVariant& quantity : qAsConst(tradeable))
-            script().positions.append(FieldMap{ { Kelvo_Fields::Security::tradeableQty, quantity } });
+            positions.append(FieldMap{ { Kelvo_Fields::Security::tradeableQty, quantity } });
+        script().positions = positions;
         QStringList expected;
         if (asks)
             expected.append(question);
@@ -1091,7 +1091,7 @@ void ValidationRulesTest::aSpeciallyTreatedSecurityIsAskedAbout()
 void ValidationRulesTest::anEditAsksInTheWordsOfItsKind()
 {
     edit(saleOf(1000));
-    script().positions.clear();
+    script().positions = QList<FieldMap>();
     script().questionAnswer = 0;
     QCOMPARE(ok(),
         QStringList{ QStringLiteral("question: 当前账号【F-acc1】的持仓可用小于目标总量，是否继续修改计划？继续请点击"
@@ -1181,7 +1181,7 @@ void ValidationRulesTest::aStepOfZeroSkipsTheStepRules()
 void ValidationRulesTest::theFormIsUntouchedByARefusal()
 {
     open(saleOf(1000));
-    script().positions.clear();
+    script().positions = QList<FieldMap>();
     script().questionAnswer = 0;
     const QStringList before = formState();
     ok();
@@ -1207,7 +1207,7 @@ void ValidationRulesTest::theEditorMayDieUnderItsBoxes()
     QFETCH(QString, kind);
     open(saleOf(1000));
     setText("lineEdit_price1", formula);
-    script().positions.clear();
+    script().positions = QList<FieldMap>();
     script().whileBoxOpen = [this] { destroy(); };
     press(editor(), "btn_ok");
     QCOMPARE(script().boxes.size(), 1);
@@ -1218,7 +1218,7 @@ void ValidationRulesTest::theEditorMayDieUnderItsBoxes()
 void ValidationRulesTest::okPressedAgainUnderABoxDoesNothing()
 {
     open(saleOf(1000));
-    script().positions.clear();
+    script().positions = QList<FieldMap>();
     script().whileBoxOpen = [this] { press(editor(), "btn_ok"); };
     const QStringList said = ok();
     QCOMPARE(said.size(), 2);

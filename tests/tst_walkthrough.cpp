@@ -4,7 +4,7 @@
 #include "MainWindow.h"
 #include "Options.h"
 #include "SampleSession.h"
-#include "TestToday.h"
+#include "TestClock.h"
 #include "WalkThrough.h"
 
 #include <QDir>

@@ -360,7 +360,7 @@ void WidgetClassTest::headingsAndStylesAreSet()
 
 void WidgetClassTest::servicesAreAskedInTheirOrderWithoutAnAccount()
 {
-    script().generalTradeDates = { QDate(2024, 5, 7), QDate(2024, 5, 9) };
+    script().tradeDates = QList<QDate>{ QDate(2024, 5, 7), QDate(2024, 5, 9) };
     construct();
     QCOMPARE(script().calls, lines(R"(
         combx_fundAccount.setSearchEnabled(true)
@@ -418,7 +418,7 @@ void WidgetClassTest::servicesAreAskedInTheirOrderWithoutAnAccount()
 
 void WidgetClassTest::servicesAreAskedInTheirOrderWithOneAccount()
 {
-    script().generalTradeDates = { QDate(2024, 5, 7) };
+    script().tradeDates = QList<QDate>{ QDate(2024, 5, 7) };
     script().addAccount(QStringLiteral("acc1"), { Kelvo_Values::Exchange::sh }, { QStringLiteral("1") });
     construct();
     QCOMPARE(script().calls, lines(R"(
@@ -519,7 +519,7 @@ void WidgetClassTest::servicesAreAskedInTheirOrderWithOneAccount()
 
 void WidgetClassTest::servicesAreAskedInTheirOrderWithTwoAccounts()
 {
-    script().generalTradeDates = { QDate(2024, 5, 7) };
+    script().tradeDates = QList<QDate>{ QDate(2024, 5, 7) };
     script().addOrdinaryAccount(QStringLiteral("acc1"));
     script().addOrdinaryAccount(QStringLiteral("acc2"));
     construct();
@@ -908,7 +908,7 @@ void WidgetClassTest::answersFromOtherThreadsAreQueued()
     script().forget();
     log().clear();
     Qt::HANDLE caller = nullptr;
-    script().onCall = [&caller](const QString&) { caller = QThread::currentThreadId(); };
+    script().onCall = [&caller](const ScriptCall&) { caller = QThread::currentThreadId(); };
     onAnotherThread([] {
         Q_EMIT AlgoTradeLogicNew::GetInstance()->sigQryAlgoStrategiesRsp({ AesStrategy(), AesStrategy() });
         Q_EMIT AutoPlanLogic::instance().signalQuerySymbolMAResponse(
@@ -984,7 +984,7 @@ void lockAll(const QWidget& form)
 
 void WidgetClassTest::resettingGoesStepByStep()
 {
-    script().generalTradeDates = { QDate(2024, 5, 7) };
+    script().tradeDates = QList<QDate>{ QDate(2024, 5, 7) };
     script().addOrdinaryAccount(QStringLiteral("acc1"));
     script().addOrdinaryAccount(QStringLiteral("acc2"));
     construct();

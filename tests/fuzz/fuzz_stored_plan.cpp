@@ -1,4 +1,5 @@
 #include "AutoParamSetting.h"
+#include "EditorForm.h"
 #include "FuzzTarget.h"
 #include "PlanSample.h"
 #include "Script.h"

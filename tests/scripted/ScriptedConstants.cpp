@@ -9,7 +9,13 @@
 #include "Orlo_Fields.h"
 #include "Orlo_Values.h"
 
-// Each value is unlike every other and unlike the client's, so that a constant taken for another shows.
+// Each value is unlike every other and unlike the client's, so that a constant taken for another shows. Some rules
+// compare codes of different families, so a second build of this file has one code for a purchase in all of them.
+#ifdef ONE_CODE_FOR_PURCHASES
+#define PURCHASE_CODE(code) QStringLiteral("k_side_buy")
+#else
+#define PURCHASE_CODE(code) QStringLiteral(code)
+#endif
 
 namespace Algo_Fields {
 
@@ -154,11 +160,11 @@ const QString cumAmount = QStringLiteral("of_Security_cumAmount");
 namespace Orlo_Values {
 
 namespace OrderSide {
-const QString buy = QStringLiteral("o_OrderSide_buy");
+const QString buy = PURCHASE_CODE("o_OrderSide_buy");
 } // namespace OrderSide
 
 namespace SideUnion {
-const QString normalBuy = QStringLiteral("o_SideUnion_normalBuy");
+const QString normalBuy = PURCHASE_CODE("o_SideUnion_normalBuy");
 const QString collateralBuy = QStringLiteral("o_SideUnion_collateralBuy");
 const QString collateralSell = QStringLiteral("o_SideUnion_collateralSell");
 const QString marginBuy = QStringLiteral("o_SideUnion_marginBuy");

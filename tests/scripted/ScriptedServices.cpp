@@ -13,19 +13,12 @@
 #include "OrloWidget.h"
 #include "Orlo_Values.h"
 #include "Script.h"
-#include <QJsonDocument>
-#include <QJsonObject>
 
 namespace {
 
 Script& script()
 {
     return Script::instance();
-}
-
-ScriptSecurity securityOf(const QString& symbol)
-{
-    return script().securities.value(symbol);
 }
 
 QString nameOf(const QWidget* widget)
@@ -110,23 +103,20 @@ QMap<QString, QVariant> AutoPlanLogic::GetPlanOtherParamFromPlanInfo(const QMap<
 {
     script().record(QStringLiteral("GetPlanOtherParamFromPlanInfo"),
         { record.value(AutoPlanField::BaseField::autoPlanId).toString() });
-    if (script().otherParam)
-        return script().otherParam(record);
-    const QString text = record.value(AutoPlanField::BaseField::planOtherParam).toString();
-    return QJsonDocument::fromJson(text.toUtf8()).object().toVariantMap();
+    return script().otherParamOf(record);
 }
 
 QMap<QString, QMap<QString, QVariant>> AutoPlanLogic::GetPlanInstruction(QString planId)
 {
     script().record(QStringLiteral("GetPlanInstruction"), { planId });
-    return script().planInstructions.value(planId);
+    return script().planInstructions(planId);
 }
 
 QList<QDate> AutoPlanLogic::GetTradeDateList(const QString& exchange, QString& error)
 {
     script().record(QStringLiteral("GetTradeDateList"), { exchange, error });
-    error = script().tradeDatesError;
-    return script().tradeDates.value(exchange, script().generalTradeDates);
+    error = script().tradeDatesError(exchange);
+    return script().tradeDates(exchange);
 }
 
 // --- BusinessDataInterface
@@ -137,10 +127,22 @@ QList<QMap<QString, QVariant>> BusinessDataInterface::GetPositionListByAccount(c
 {
     script().record(QStringLiteral("GetPositionListByAccount"),
         { account.tradingAccount, securityAccount, symbol, currency, portfolio, strategy, seat });
-    return script().positions;
+    return script().positions(account.tradingAccount, securityAccount, symbol);
 }
 
 // --- CBusinessDataBase
+
+namespace {
+
+/// No editor asks for expired securities or leaves any out.
+SymbolList symbolsOf(const SymbolQuery& query, bool withExpired, const QStringList& excluded)
+{
+    if (withExpired || !excluded.isEmpty())
+        return { QStringLiteral("asked wrongly") };
+    return script().symbolsOf(query);
+}
+
+} // namespace
 
 CBusinessDataBase* CBusinessDataBase::GetInstance()
 {
@@ -157,11 +159,7 @@ QMap<QString, QVariant> CBusinessDataBase::GetLoginAccountDetail()
 tagUserAccountInfo CBusinessDataBase::GetAccountDetailsByTradinngAccount(const QString& tradingAccount)
 {
     script().record(QStringLiteral("GetAccountDetailsByTradinngAccount"), { tradingAccount });
-    for (const tagUserAccountInfo& account : qAsConst(script().accounts)) {
-        if (account.tradingAccount == tradingAccount)
-            return account;
-    }
-    return {};
+    return script().account(tradingAccount);
 }
 
 SymbolList CBusinessDataBase::GetAllSymbolByTypeList(const QString& securityType, const QStringList& subTypes,
@@ -169,26 +167,27 @@ SymbolList CBusinessDataBase::GetAllSymbolByTypeList(const QString& securityType
 {
     script().record(
         QStringLiteral("GetAllSymbolByTypeList"), { securityType, subTypes, suffixes, withExpired, excluded });
-    return script().symbols ? script().symbols(script().calls.last()) : SymbolList();
+    return symbolsOf({ securityType, subTypes, suffixes }, withExpired, excluded);
 }
 
 SymbolList CBusinessDataBase::GetAllSymbolByType(const QString& securityType, const QString& subType,
     const QString& suffix, bool withExpired, const QStringList& excluded)
 {
     script().record(QStringLiteral("GetAllSymbolByType"), { securityType, subType, suffix, withExpired, excluded });
-    return script().symbols ? script().symbols(script().calls.last()) : SymbolList();
+    const QStringList suffixes = suffix.isEmpty() ? QStringList() : QStringList(suffix);
+    return symbolsOf({ securityType, { subType }, suffixes }, withExpired, excluded);
 }
 
 QString CBusinessDataBase::GetSecuritySubTypeBySymbol(const QString& symbol)
 {
     script().record(QStringLiteral("CBusinessDataBase::GetSecuritySubTypeBySymbol"), { symbol });
-    return securityOf(symbol).subType;
+    return script().security(symbol).subType;
 }
 
 bool CBusinessDataBase::IsSymbolHasPriceLimit(const QString& symbol)
 {
     script().record(QStringLiteral("IsSymbolHasPriceLimit"), { symbol });
-    return securityOf(symbol).hasPriceLimit;
+    return script().security(symbol).hasPriceLimit;
 }
 
 // --- CDataBase
@@ -210,69 +209,60 @@ QString CDataBase::GetStaticCfgValue(const QString& category, const QString& key
 bool InstructionBusinessDataInterface::hasOrderAuthority(QString tradingAccount, QString instructionType)
 {
     script().record(QStringLiteral("hasOrderAuthority"), { tradingAccount, instructionType });
-    return script().authorities.value(tradingAccount).contains(instructionType);
+    return script().account(tradingAccount).types.contains(instructionType);
 }
 
 int InstructionBusinessDataInterface::GetCurrentUserInstructionRuleProper(
     const QString& tradingAccount, const QString& instructionType)
 {
     script().record(QStringLiteral("GetCurrentUserInstructionRuleProper"), { tradingAccount, instructionType });
-    return script().ruleProperties.value(tradingAccount + QLatin1Char('/') + instructionType, script().ruleProperty);
+    return script().rule(tradingAccount, instructionType);
 }
 
 QString InstructionBusinessDataInterface::getChainKeyForTraddingAccout(
     const QString& tradingAccount, QString instructionType)
 {
     script().record(QStringLiteral("getChainKeyForTraddingAccout"), { tradingAccount, instructionType });
-    return QStringLiteral("chain-%1-%2").arg(tradingAccount, instructionType);
+    return script().chain(tradingAccount, instructionType);
 }
 
 QStringList InstructionBusinessDataInterface::GetExcuteUsers(const QString& chainKey)
 {
     script().record(QStringLiteral("GetExcuteUsers"), { chainKey });
-    return script().executeUsers;
+    return script().executeUsers(chainKey);
 }
 
 QStringList InstructionBusinessDataInterface::GetForwardUsers(const QString& chainKey, VorInstructionNodeType nodeType)
 {
     script().record(QStringLiteral("GetForwardUsers"), { chainKey, static_cast<int>(nodeType) });
-    return script().forwardUsers;
+    if (nodeType != VorInstructionNodeType::Forward)
+        return { QStringLiteral("asked wrongly") };
+    return script().forwardUsers(chainKey);
 }
 
 QStringList InstructionBusinessDataInterface::getWhiteAlgoNameList(
     const QString& instructionType, const QString& targetType, const QString& symbol)
 {
     script().record(QStringLiteral("getWhiteAlgoNameList"), { instructionType, targetType, symbol });
-    return script().whiteAlgoNames;
+    return script().whiteAlgoNames(instructionType, targetType, symbol);
 }
 
 QStringList InstructionBusinessDataInterface::getBlackAlgoNameList(const QString& targetType)
 {
     script().record(QStringLiteral("getBlackAlgoNameList"), { targetType });
-    return script().blackAlgoNames;
+    return script().blackAlgoNames(targetType);
 }
-
-namespace {
-
-QStringList sideUnionsByNumber()
-{
-    using namespace Orlo_Values::SideUnion;
-    return { QString(), collateralBuy, collateralSell, marginBuy, marginSell, financingBuy, financingSell,
-        marginBuyNormal, marginSellNormal, BondConversion, paidRationShare };
-}
-
-} // namespace
 
 VorMarginTradeType InstructionBusinessDataInterface::transSideUnion2Enum(const QString& sideUnion)
 {
     script().record(QStringLiteral("transSideUnion2Enum"), { sideUnion });
-    return static_cast<VorMarginTradeType>(qMax(0, sideUnionsByNumber().indexOf(sideUnion)));
+    return static_cast<VorMarginTradeType>(qMax(0, entrustTypes().indexOf(sideUnion)));
 }
 
 QString InstructionBusinessDataInterface::transEnum2SideUnion(const VorMarginTradeType& tradeType)
 {
     script().record(QStringLiteral("transEnum2SideUnion"), { static_cast<int>(tradeType) });
-    return sideUnionsByNumber().value(static_cast<int>(tradeType));
+    return entrustTypes().value(static_cast<int>(tradeType));
 }
 
 // --- OrloBusiUtils
@@ -290,75 +280,83 @@ QList<tagUserAccountInfo> OrloBusinessDataInterface::GetFundAccountListByFundPro
 {
     script().record(QStringLiteral("GetFundAccountListByFundProp"),
         { fundProperty, assetProperty, withClosed, accountTypes, onlyUsable });
-    return script().accounts;
+    QList<tagUserAccountInfo> accounts;
+    for (const ScriptAccount& account : qAsConst(script().accounts))
+        accounts.append(account);
+    return accounts;
 }
 
 QMap<QString, QString> OrloBusinessDataInterface::GetCurrentSecurityAccountByTradingAccount(
     const QString& tradingAccount)
 {
     script().record(QStringLiteral("GetCurrentSecurityAccountByTradingAccount"), { tradingAccount });
-    return script().securityAccounts.value(tradingAccount);
+    QMap<QString, QString> held;
+    for (const QString& exchange : script().account(tradingAccount).exchanges)
+        held.insert(exchange, script().securityAccount(tradingAccount, exchange));
+    return held;
 }
 
 QString OrloBusinessDataInterface::GetCurrentSecurityAccountByTradingAndExchange(
     const QString& tradingAccount, const QString& exchange)
 {
     script().record(QStringLiteral("GetCurrentSecurityAccountByTradingAndExchange"), { tradingAccount, exchange });
-    return script().securityAccounts.value(tradingAccount).value(exchange);
+    return script().securityAccount(tradingAccount, exchange);
 }
 
 QString OrloBusinessDataInterface::GetAccountAssetPropByTradingAccount(const QString& tradingAccount)
 {
     script().record(QStringLiteral("GetAccountAssetPropByTradingAccount"), { tradingAccount });
-    return script().assetProperties.value(tradingAccount);
+    // Any other property is one, too: only that of credit accounts is looked for.
+    const bool isCredit = script().account(tradingAccount).isCredit;
+    return isCredit ? Orlo_Values::FundAccountType::Credit : QStringLiteral("another property");
 }
 
 QString OrloBusinessDataInterface::GetFirstSecurityExchangeBySymbol(const QString& symbol)
 {
     script().record(QStringLiteral("GetFirstSecurityExchangeBySymbol"), { symbol });
-    return securityOf(symbol).exchange;
+    return script().security(symbol).exchange;
 }
 
 QString OrloBusinessDataInterface::GetSecurityTypeBySymbol(const QString& symbol)
 {
     script().record(QStringLiteral("GetSecurityTypeBySymbol"), { symbol });
-    return securityOf(symbol).type;
+    return script().security(symbol).type;
 }
 
 QString OrloBusinessDataInterface::GetSecuritySubTypeBySymbol(const QString& symbol)
 {
     script().record(QStringLiteral("GetSecuritySubTypeBySymbol"), { symbol });
-    return securityOf(symbol).subType;
+    return script().security(symbol).subType;
 }
 
 QString OrloBusinessDataInterface::GetSecurityChineseName(const QString& symbol)
 {
     script().record(QStringLiteral("GetSecurityChineseName"), { symbol });
-    return securityOf(symbol).chineseName;
+    return script().security(symbol).chineseName;
 }
 
 int OrloBusinessDataInterface::GetQtyStepBySymbol(const QString& symbol)
 {
     script().record(QStringLiteral("GetQtyStepBySymbol"), { symbol });
-    return securityOf(symbol).qtyStep;
+    return script().security(symbol).qtyStep;
 }
 
 int OrloBusinessDataInterface::GetDispFactorBySymbol(const QString& symbol)
 {
     script().record(QStringLiteral("GetDispFactorBySymbol"), { symbol });
-    return securityOf(symbol).displayFactor;
+    return script().security(symbol).displayFactor;
 }
 
 int OrloBusinessDataInterface::GetPricePrecisionBySymbol(const QString& symbol, const QString& exchange)
 {
     script().record(QStringLiteral("GetPricePrecisionBySymbol"), { symbol, exchange });
-    return securityOf(symbol).pricePrecision;
+    return script().security(symbol).pricePrecision;
 }
 
 QString OrloBusinessDataInterface::GetSymbolStType(const QString& symbol, QString& description)
 {
     script().record(QStringLiteral("GetSymbolStType"), { symbol });
-    const ScriptSecurity security = securityOf(symbol);
+    const ScriptSecurity security = script().security(symbol);
     description = security.stDescription;
     return security.stFlag.isEmpty() ? Orlo_Values::StFlag::Normal : security.stFlag;
 }
@@ -375,7 +373,7 @@ bool OrloTradeLogic::checkMarginBondConvertEnable(
     const QString& account, const QString& symbol, const QString& side, bool withMessage)
 {
     script().record(QStringLiteral("checkMarginBondConvertEnable"), { account, symbol, side, withMessage });
-    return script().bondConversionEnabled;
+    return script().bondConversionEnabled(account, symbol, side);
 }
 
 // --- OrloUtils

@@ -49,6 +49,16 @@ QList<LogLine> LogCatcher::lines() const
     return m_lines;
 }
 
+QStringList LogCatcher::warnings() const
+{
+    QStringList found;
+    for (const LogLine& line : lines()) {
+        if (line.type != QtDebugMsg && line.type != QtInfoMsg && !isAboutTheWindowingSystem(line.text))
+            found.append(line.text);
+    }
+    return found;
+}
+
 QList<LogLine> LogCatcher::linesWith(QtMsgType type, const QString& part) const
 {
     QList<LogLine> found;
@@ -88,7 +98,7 @@ void LogCatcher::take(QtMsgType type, const QMessageLogContext& context, const Q
     if (type == QtDebugMsg || type == QtInfoMsg || isAboutTheWindowingSystem(text) || isExpected(text))
         return;
     m_unexpected.append(QStringLiteral("An unannounced warning: ") + text);
-    if (m_previous != nullptr)
+    if (m_previous != nullptr && !m_isSilent)
         m_previous(type, context, text);
 }
 

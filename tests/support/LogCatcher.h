@@ -31,6 +31,10 @@ public:
     QList<LogLine> lines() const;
     /// The lines of one level whose text contains `part`.
     QList<LogLine> linesWith(QtMsgType type, const QString& part) const;
+    /// The texts of all warnings and errors but the windowing system's own.
+    QStringList warnings() const;
+    /// Prints no unannounced warning from now on: they are looked at by `warnings()`.
+    void keepSilent() { m_isSilent = true; }
     /// Forgets the lines; announcements and trouble stay.
     void clear();
 
@@ -42,6 +46,7 @@ private:
     void take(QtMsgType type, const QMessageLogContext& context, const QString& text);
     bool isExpected(const QString& text);
 
+    bool m_isSilent = false;
     QtMessageHandler m_previous = nullptr;
     LogCatcher* m_outer = nullptr;
     QList<LogLine> m_lines;
