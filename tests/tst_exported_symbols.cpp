@@ -10,123 +10,116 @@ class ExportedSymbolsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void everySymbolBelongsToTheClass();
-    void theWholePublicClassIsThere_data();
-    void theWholePublicClassIsThere();
-    void noOtherVirtualOfAWidgetIsOverridden();
-    void nothingIsLeftUndefined();
-    void theInterfaceIsTheOneThatWasKept();
+    void everySymbolBelongsToTheClass()
+    {
+        const QRegularExpression ofTheClass(
+            QStringLiteral("^((vtable for|typeinfo for|typeinfo name for|VTT for) AutoParamSetting"
+                           "|(non-virtual thunk to )?AutoParamSetting::.*)$"));
+        const QStringList names = exportedNames();
+        QVERIFY(names.size() > 20);
+        for (const QString& name : names)
+            QVERIFY2(ofTheClass.match(name).hasMatch(), qPrintable(name));
+    }
+
+    void theWholePublicClassIsThere_data()
+    {
+        QTest::addColumn<QString>("name");
+        const QStringList names = {
+            QStringLiteral("AutoParamSetting::AutoParamSetting(QWidget*)"),
+            QStringLiteral("AutoParamSetting::~AutoParamSetting()"),
+            QStringLiteral("non-virtual thunk to AutoParamSetting::~AutoParamSetting()"),
+            QStringLiteral("AutoParamSetting::editPlan(QString const&)"),
+            QStringLiteral("AutoParamSetting::copyPlan(QString const&)"),
+            QStringLiteral("AutoParamSetting::resetEnable()"),
+            QStringLiteral("AutoParamSetting::loadSkin(QVariant const&)"),
+            QStringLiteral("non-virtual thunk to AutoParamSetting::loadSkin(QVariant const&)"),
+            QStringLiteral("AutoParamSetting::tr(char const*, char const*, int)"),
+            QStringLiteral("AutoParamSetting::metaObject() const"),
+            QStringLiteral("AutoParamSetting::qt_metacast(char const*)"),
+            QStringLiteral("AutoParamSetting::qt_metacall(QMetaObject::Call, int, void**)"),
+            QStringLiteral("AutoParamSetting::staticMetaObject"),
+            QStringLiteral("AutoParamSetting::signalBtnCancelClicked()"),
+            QStringLiteral("AutoParamSetting::signalBtnOkClicked(QList<QMap<QString, QVariant> >)"),
+            QStringLiteral("AutoParamSetting::signalQuerySymbolMAInfo(QString, QString)"),
+            QStringLiteral("vtable for AutoParamSetting"),
+            QStringLiteral("typeinfo for AutoParamSetting"),
+        };
+        for (const QString& name : names)
+            QTest::newRow(qPrintable(name)) << name;
+    }
+
+    void theWholePublicClassIsThere()
+    {
+        QFETCH(QString, name);
+        QVERIFY(exportedNames().contains(name));
+    }
+
+    void noOtherVirtualOfAWidgetIsOverridden()
+    {
+        const QRegularExpression widgetVirtual(QStringLiteral(
+            "::(\\w+Event|event|eventFilter|sizeHint|minimumSizeHint|setVisible|devType|heightForWidth|"
+            "hasHeightForWidth"
+            "|paintEngine|metric|initPainter|redirected|sharedPainter|inputMethodQuery|focusNextPrevChild|connectNotify"
+            "|disconnectNotify)\\("));
+        const QStringList names = exportedNames();
+        QVERIFY(!names.isEmpty());
+        for (const QString& name : names)
+            QVERIFY2(!widgetVirtual.match(name).hasMatch(), qPrintable(name));
+    }
+
+    void nothingIsLeftUndefined()
+    {
+        const QString text =
+            output(QStringLiteral(LDD_PROGRAM), { QStringLiteral("-r"), QStringLiteral(LIBRARY_FILE) });
+        QVERIFY(text.contains(QLatin1String("libQt5Widgets")));
+        // A library that was built with sanitizers finds their functions in the program that loads it.
+        const QStringList lines = text.split(QLatin1Char('\n'));
+        for (const QString& line : lines) {
+            if (line.contains(QLatin1String("__asan")) || line.contains(QLatin1String("__ubsan")))
+                continue;
+            QVERIFY2(!line.contains(QLatin1String("undefined symbol")), qPrintable(line));
+            QVERIFY2(!line.contains(QLatin1String("not found")), qPrintable(line));
+        }
+    }
+
+    void theInterfaceIsTheOneThatWasKept()
+    {
+        QFile file(QStringLiteral(INTERFACE_FILE));
+        QVERIFY2(file.open(QIODevice::ReadOnly), INTERFACE_FILE);
+        const QStringList kept = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        const QStringList present = interfaceOfLibrary(QStringLiteral(NM_PROGRAM), QStringLiteral(LIBRARY_FILE));
+        QVERIFY(!present.isEmpty());
+        for (const QString& line : kept)
+            QVERIFY2(present.contains(line), qPrintable(QStringLiteral("gone: %1; see scripts/check-abi").arg(line)));
+        for (const QString& line : present)
+            QVERIFY2(kept.contains(line), qPrintable(QStringLiteral("new: %1; see scripts/check-abi").arg(line)));
+        QCOMPARE(present, kept);
+    }
 
 private:
-    static QString output(const QString& program, const QStringList& arguments);
-    static QStringList exportedNames();
-};
-
-QString ExportedSymbolsTest::output(const QString& program, const QStringList& arguments)
-{
-    QProcess process;
-    process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(program, arguments);
-    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0)
-        return {};
-    return QString::fromUtf8(process.readAll());
-}
-
-/// The demangled names, without address and type.
-QStringList ExportedSymbolsTest::exportedNames()
-{
-    const QString text = output(QStringLiteral(NM_PROGRAM),
-        { QStringLiteral("-D"), QStringLiteral("--defined-only"), QStringLiteral("-C"), QStringLiteral(LIBRARY_FILE) });
-    const QStringList lines = text.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    QStringList names;
-    for (const QString& line : lines)
-        names.append(line.section(QLatin1Char(' '), 2));
-    return names;
-}
-
-void ExportedSymbolsTest::everySymbolBelongsToTheClass()
-{
-    const QRegularExpression ofTheClass(
-        QStringLiteral("^((vtable for|typeinfo for|typeinfo name for|VTT for) AutoParamSetting"
-                       "|(non-virtual thunk to )?AutoParamSetting::.*)$"));
-    const QStringList names = exportedNames();
-    QVERIFY(names.size() > 20);
-    for (const QString& name : names)
-        QVERIFY2(ofTheClass.match(name).hasMatch(), qPrintable(name));
-}
-
-void ExportedSymbolsTest::theWholePublicClassIsThere_data()
-{
-    QTest::addColumn<QString>("name");
-    const QStringList names = {
-        QStringLiteral("AutoParamSetting::AutoParamSetting(QWidget*)"),
-        QStringLiteral("AutoParamSetting::~AutoParamSetting()"),
-        QStringLiteral("non-virtual thunk to AutoParamSetting::~AutoParamSetting()"),
-        QStringLiteral("AutoParamSetting::editPlan(QString const&)"),
-        QStringLiteral("AutoParamSetting::copyPlan(QString const&)"),
-        QStringLiteral("AutoParamSetting::resetEnable()"),
-        QStringLiteral("AutoParamSetting::loadSkin(QVariant const&)"),
-        QStringLiteral("non-virtual thunk to AutoParamSetting::loadSkin(QVariant const&)"),
-        QStringLiteral("AutoParamSetting::tr(char const*, char const*, int)"),
-        QStringLiteral("AutoParamSetting::metaObject() const"),
-        QStringLiteral("AutoParamSetting::qt_metacast(char const*)"),
-        QStringLiteral("AutoParamSetting::qt_metacall(QMetaObject::Call, int, void**)"),
-        QStringLiteral("AutoParamSetting::staticMetaObject"),
-        QStringLiteral("AutoParamSetting::signalBtnCancelClicked()"),
-        QStringLiteral("AutoParamSetting::signalBtnOkClicked(QList<QMap<QString, QVariant> >)"),
-        QStringLiteral("AutoParamSetting::signalQuerySymbolMAInfo(QString, QString)"),
-        QStringLiteral("vtable for AutoParamSetting"),
-        QStringLiteral("typeinfo for AutoParamSetting"),
-    };
-    for (const QString& name : names)
-        QTest::newRow(qPrintable(name)) << name;
-}
-
-void ExportedSymbolsTest::theWholePublicClassIsThere()
-{
-    QFETCH(QString, name);
-    QVERIFY(exportedNames().contains(name));
-}
-
-void ExportedSymbolsTest::noOtherVirtualOfAWidgetIsOverridden()
-{
-    const QRegularExpression widgetVirtual(QStringLiteral(
-        "::(\\w+Event|event|eventFilter|sizeHint|minimumSizeHint|setVisible|devType|heightForWidth|hasHeightForWidth"
-        "|paintEngine|metric|initPainter|redirected|sharedPainter|inputMethodQuery|focusNextPrevChild|connectNotify"
-        "|disconnectNotify)\\("));
-    const QStringList names = exportedNames();
-    QVERIFY(!names.isEmpty());
-    for (const QString& name : names)
-        QVERIFY2(!widgetVirtual.match(name).hasMatch(), qPrintable(name));
-}
-
-void ExportedSymbolsTest::nothingIsLeftUndefined()
-{
-    const QString text = output(QStringLiteral(LDD_PROGRAM), { QStringLiteral("-r"), QStringLiteral(LIBRARY_FILE) });
-    QVERIFY(text.contains(QLatin1String("libQt5Widgets")));
-    // A library that was built with sanitizers finds their functions in the program that loads it.
-    const QStringList lines = text.split(QLatin1Char('\n'));
-    for (const QString& line : lines) {
-        if (line.contains(QLatin1String("__asan")) || line.contains(QLatin1String("__ubsan")))
-            continue;
-        QVERIFY2(!line.contains(QLatin1String("undefined symbol")), qPrintable(line));
-        QVERIFY2(!line.contains(QLatin1String("not found")), qPrintable(line));
+    static QString output(const QString& program, const QStringList& arguments)
+    {
+        QProcess process;
+        process.setProcessChannelMode(QProcess::MergedChannels);
+        process.start(program, arguments);
+        if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0)
+            return {};
+        return QString::fromUtf8(process.readAll());
     }
-}
 
-void ExportedSymbolsTest::theInterfaceIsTheOneThatWasKept()
-{
-    QFile file(QStringLiteral(INTERFACE_FILE));
-    QVERIFY2(file.open(QIODevice::ReadOnly), INTERFACE_FILE);
-    const QStringList kept = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    const QStringList present = interfaceOfLibrary(QStringLiteral(NM_PROGRAM), QStringLiteral(LIBRARY_FILE));
-    QVERIFY(!present.isEmpty());
-    for (const QString& line : kept)
-        QVERIFY2(present.contains(line), qPrintable(QStringLiteral("gone: %1; see scripts/check-abi").arg(line)));
-    for (const QString& line : present)
-        QVERIFY2(kept.contains(line), qPrintable(QStringLiteral("new: %1; see scripts/check-abi").arg(line)));
-    QCOMPARE(present, kept);
-}
+    /// The demangled names, without address and type.
+    static QStringList exportedNames()
+    {
+        const QString text = output(QStringLiteral(NM_PROGRAM),
+            { QStringLiteral("-D"), QStringLiteral("--defined-only"), QStringLiteral("-C"),
+                QStringLiteral(LIBRARY_FILE) });
+        const QStringList lines = text.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        QStringList names;
+        for (const QString& line : lines)
+            names.append(line.section(QLatin1Char(' '), 2));
+        return names;
+    }
+};
 
 QTEST_GUILESS_MAIN(ExportedSymbolsTest)
 #include "tst_exported_symbols.moc"

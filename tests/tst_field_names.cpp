@@ -52,141 +52,130 @@ class FieldNamesTest : public EditorTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void each_field_is_named_after_its_caption_and_described_data();
-    void each_field_is_named_after_its_caption_and_described();
-    void no_other_label_is_a_caption();
-    void the_single_date_has_the_caption_of_the_period();
-    void buttons_are_described();
-    void the_period_is_that_of_the_date_which_is_shown();
-    void names_follow_the_captions();
-    void the_unit_is_told_with_the_quantities();
-    void labels_inside_the_clients_widgets_keep_to_themselves();
-    void a_caption_without_its_field_changes_alone();
-    void nothing_has_a_tool_tip();
-};
-
-void FieldNamesTest::each_field_is_named_after_its_caption_and_described_data()
-{
-    QTest::addColumn<int>("index");
-    for (int i = 0; i < int(std::size(spoken)); ++i)
-        QTest::newRow(spoken[i].field) << i;
-}
-
-void FieldNamesTest::each_field_is_named_after_its_caption_and_described()
-{
-    QFETCH(int, index);
-    const Spoken& of = spoken[index];
-    construct();
-    const auto* const named = field<QWidget>(editor(), of.field);
-    QCOMPARE(field<QLabel>(editor(), of.caption)->buddy(), named);
-    QCOMPARE(named->accessibleName(), words(of.name));
-    QCOMPARE(named->accessibleDescription(), words(of.description));
-}
-
-void FieldNamesTest::no_other_label_is_a_caption()
-{
-    construct();
-    int captions = 0;
-    for (const QLabel* const label : editor().findChildren<QLabel*>())
-        captions += label->buddy() ? 1 : 0;
-    QCOMPARE(captions, int(std::size(spoken)));
-}
-
-void FieldNamesTest::the_single_date_has_the_caption_of_the_period()
-{
-    construct();
-    const auto* const date = field<QWidget>(editor(), "date_effectivePeriod_Single");
-    QCOMPARE(date->accessibleName(), words("生效时段"));
-    QCOMPARE(date->accessibleDescription(), words("计划生效的交易日"));
-}
-
-void FieldNamesTest::buttons_are_described()
-{
-    construct();
-    const auto description = [this](
-                                 const char* name) { return field<QWidget>(editor(), name)->accessibleDescription(); };
-    QCOMPARE(description("btn_algoParamSetting"), words("选择算法并填写其参数"));
-    QCOMPARE(description("btn_ok"), words("检查并提交计划"));
-    QCOMPARE(description("btn_cancel"), words("不提交计划，关闭"));
-}
-
-void FieldNamesTest::the_period_is_that_of_the_date_which_is_shown()
-{
-    script().addOrdinaryAccount(QStringLiteral("acc1"));
-    construct();
-    const auto* const caption = field<QLabel>(editor(), "la_effectivePeriod");
-    choose(editor(), "combx_planType", AutoPlanTemplate::ReduceHoldings);
-    QCOMPARE(caption->buddy(), field<QWidget>(editor(), "date_effectivePeriod_Single"));
-    choose(editor(), "combx_planType", AutoPlanTemplate::CumulativeQty);
-    QCOMPARE(caption->buddy(), field<QWidget>(editor(), "date_effectivePeriod_Multi"));
-}
-
-void FieldNamesTest::names_follow_the_captions()
-{
-    script().addOrdinaryAccount(QStringLiteral("acc1"));
-    construct();
-    const auto name = [this](const char* of) { return field<QWidget>(editor(), of)->accessibleName(); };
-    choose(editor(), "combx_priceMode", AutoPlanPriceModel::CompareMax);
-    QCOMPARE(name("lineEdit_price1"), words("价格1"));
-    choose(editor(), "combx_priceMode", AutoPlanPriceModel::Custom);
-    QCOMPARE(name("lineEdit_price1"), words("价格"));
-    choose(editor(), "combx_planType", AutoPlanTemplate::SameElements);
-    QCOMPARE(name("le_entrustMaxNum"), words("每日计划量"));
-    choose(editor(), "combx_planType", AutoPlanTemplate::ReduceHoldings);
-    QCOMPARE(name("le_entrustMaxNum"), words("每日最大委托量"));
-    QCOMPARE(name("combx_assignTo"), words("执行人"));
-    choose(editor(), "combx_planType", AutoPlanTemplate::AverageQty);
-    QCOMPARE(name("combx_assignTo"), words("分配给"));
-}
-
-void FieldNamesTest::the_unit_is_told_with_the_quantities()
-{
-    script().ruleProperty = AutoPlanRuleProperty::Review;
-    script().addOrdinaryAccount(QStringLiteral("acc1"));
-    construct();
-    choose(editor(), "combx_instructionTargetType", InstructionTargetType::AmountOrder);
-    for (const char* const name : { "le_targetTotalNum", "le_entrustMaxNum" })
-        QCOMPARE(field<QWidget>(editor(), name)->accessibleDescription(), words("单位：元"));
-}
-
-void FieldNamesTest::labels_inside_the_clients_widgets_keep_to_themselves()
-{
-    script().datesHaveCaptions = true;
-    construct();
-    for (const char* const name : { "date_effectivePeriod_Multi", "date_effectivePeriod_Single" }) {
-        const auto* const caption = field<QWidget>(editor(), name)->findChild<QLabel*>();
-        QVERIFY(caption != nullptr && caption->buddy() != nullptr);
-        QCOMPARE(caption->buddy()->accessibleName(), words("inner name"));
+    void eachFieldIsNamedAfterItsCaptionAndDescribed_data()
+    {
+        QTest::addColumn<int>("index");
+        for (int i = 0; i < int(std::size(spoken)); ++i)
+            QTest::newRow(spoken[i].field) << i;
     }
-}
 
-void FieldNamesTest::a_caption_without_its_field_changes_alone()
-{
-    script().addOrdinaryAccount(QStringLiteral("acc1"));
-    construct();
-    for (const char* const name : { "label_price1", "la_entrustMaxNum", "la_assignTo" })
-        field<QLabel>(editor(), name)->setBuddy(nullptr);
-    choose(editor(), "combx_priceMode", AutoPlanPriceModel::CompareMax);
-    QCOMPARE(text(editor(), "label_price1"), words("价格1"));
-    QCOMPARE(field<QWidget>(editor(), "lineEdit_price1")->accessibleName(), words("价格"));
-    choose(editor(), "combx_planType", AutoPlanTemplate::SameElements);
-    QCOMPARE(text(editor(), "la_entrustMaxNum"), words("每日计划量"));
-    choose(editor(), "combx_planType", AutoPlanTemplate::ReduceHoldings);
-    QCOMPARE(text(editor(), "la_assignTo"), words("执行人"));
-}
+    void eachFieldIsNamedAfterItsCaptionAndDescribed()
+    {
+        QFETCH(int, index);
+        const Spoken& of = spoken[index];
+        construct();
+        const auto* const named = field<QWidget>(editor(), of.field);
+        QCOMPARE(field<QLabel>(editor(), of.caption)->buddy(), named);
+        QCOMPARE(named->accessibleName(), words(of.name));
+        QCOMPARE(named->accessibleDescription(), words(of.description));
+    }
 
-void FieldNamesTest::nothing_has_a_tool_tip()
-{
-    script().addHkStock(QStringLiteral("00700.K_HK"), 2000);
-    construct();
-    field<VorSearchBox>(editor(), "le_symbol")->setSymbol(QStringLiteral("00700.K_HK"));
-    QCOMPARE(text(editor(), "label_targetQtyStep"), words("2000"));
-    QCOMPARE(text(editor(), "label_maxEntrustQtyStep"), words("2000"));
-    const QList<QWidget*> widgets = editor().findChildren<QWidget*>();
-    QVERIFY(widgets.size() > 50);
-    for (const QWidget* const widget : widgets)
-        QCOMPARE(widget->toolTip(), QString());
-}
+    void noOtherLabelIsACaption()
+    {
+        construct();
+        int captions = 0;
+        for (const QLabel* const label : editor().findChildren<QLabel*>())
+            captions += label->buddy() ? 1 : 0;
+        QCOMPARE(captions, int(std::size(spoken)));
+    }
+
+    void theSingleDateHasTheCaptionOfThePeriod()
+    {
+        construct();
+        const auto* const date = field<QWidget>(editor(), "date_effectivePeriod_Single");
+        QCOMPARE(date->accessibleName(), words("生效时段"));
+        QCOMPARE(date->accessibleDescription(), words("计划生效的交易日"));
+    }
+
+    void buttonsAreDescribed()
+    {
+        construct();
+        const auto description = [this](const char* name) {
+            return field<QWidget>(editor(), name)->accessibleDescription();
+        };
+        QCOMPARE(description("btn_algoParamSetting"), words("选择算法并填写其参数"));
+        QCOMPARE(description("btn_ok"), words("检查并提交计划"));
+        QCOMPARE(description("btn_cancel"), words("不提交计划，关闭"));
+    }
+
+    void thePeriodIsThatOfTheDateWhichIsShown()
+    {
+        script().addOrdinaryAccount(QStringLiteral("acc1"));
+        construct();
+        const auto* const caption = field<QLabel>(editor(), "la_effectivePeriod");
+        choose(editor(), "combx_planType", AutoPlanTemplate::ReduceHoldings);
+        QCOMPARE(caption->buddy(), field<QWidget>(editor(), "date_effectivePeriod_Single"));
+        choose(editor(), "combx_planType", AutoPlanTemplate::CumulativeQty);
+        QCOMPARE(caption->buddy(), field<QWidget>(editor(), "date_effectivePeriod_Multi"));
+    }
+
+    void namesFollowTheCaptions()
+    {
+        script().addOrdinaryAccount(QStringLiteral("acc1"));
+        construct();
+        const auto name = [this](const char* of) { return field<QWidget>(editor(), of)->accessibleName(); };
+        choose(editor(), "combx_priceMode", AutoPlanPriceModel::CompareMax);
+        QCOMPARE(name("lineEdit_price1"), words("价格1"));
+        choose(editor(), "combx_priceMode", AutoPlanPriceModel::Custom);
+        QCOMPARE(name("lineEdit_price1"), words("价格"));
+        choose(editor(), "combx_planType", AutoPlanTemplate::SameElements);
+        QCOMPARE(name("le_entrustMaxNum"), words("每日计划量"));
+        choose(editor(), "combx_planType", AutoPlanTemplate::ReduceHoldings);
+        QCOMPARE(name("le_entrustMaxNum"), words("每日最大委托量"));
+        QCOMPARE(name("combx_assignTo"), words("执行人"));
+        choose(editor(), "combx_planType", AutoPlanTemplate::AverageQty);
+        QCOMPARE(name("combx_assignTo"), words("分配给"));
+    }
+
+    void theUnitIsToldWithTheQuantities()
+    {
+        script().ruleProperty = AutoPlanRuleProperty::Review;
+        script().addOrdinaryAccount(QStringLiteral("acc1"));
+        construct();
+        choose(editor(), "combx_instructionTargetType", InstructionTargetType::AmountOrder);
+        for (const char* const name : { "le_targetTotalNum", "le_entrustMaxNum" })
+            QCOMPARE(field<QWidget>(editor(), name)->accessibleDescription(), words("单位：元"));
+    }
+
+    void labelsInsideTheClientsWidgetsKeepToThemselves()
+    {
+        script().datesHaveCaptions = true;
+        construct();
+        for (const char* const name : { "date_effectivePeriod_Multi", "date_effectivePeriod_Single" }) {
+            const auto* const caption = field<QWidget>(editor(), name)->findChild<QLabel*>();
+            QVERIFY(caption != nullptr && caption->buddy() != nullptr);
+            QCOMPARE(caption->buddy()->accessibleName(), words("inner name"));
+        }
+    }
+
+    void aCaptionWithoutItsFieldChangesAlone()
+    {
+        script().addOrdinaryAccount(QStringLiteral("acc1"));
+        construct();
+        for (const char* const name : { "label_price1", "la_entrustMaxNum", "la_assignTo" })
+            field<QLabel>(editor(), name)->setBuddy(nullptr);
+        choose(editor(), "combx_priceMode", AutoPlanPriceModel::CompareMax);
+        QCOMPARE(text(editor(), "label_price1"), words("价格1"));
+        QCOMPARE(field<QWidget>(editor(), "lineEdit_price1")->accessibleName(), words("价格"));
+        choose(editor(), "combx_planType", AutoPlanTemplate::SameElements);
+        QCOMPARE(text(editor(), "la_entrustMaxNum"), words("每日计划量"));
+        choose(editor(), "combx_planType", AutoPlanTemplate::ReduceHoldings);
+        QCOMPARE(text(editor(), "la_assignTo"), words("执行人"));
+    }
+
+    void nothingHasAToolTip()
+    {
+        script().addHkStock(QStringLiteral("00700.K_HK"), 2000);
+        construct();
+        field<VorSearchBox>(editor(), "le_symbol")->setSymbol(QStringLiteral("00700.K_HK"));
+        QCOMPARE(text(editor(), "label_targetQtyStep"), words("2000"));
+        QCOMPARE(text(editor(), "label_maxEntrustQtyStep"), words("2000"));
+        const QList<QWidget*> widgets = editor().findChildren<QWidget*>();
+        QVERIFY(widgets.size() > 50);
+        for (const QWidget* const widget : widgets)
+            QCOMPARE(widget->toolTip(), QString());
+    }
+};
 
 QTEST_MAIN(FieldNamesTest)
 #include "tst_field_names.moc"

@@ -1,23 +1,18 @@
 #include "Algo_Fields.h"
-#include "AutoPlanField.h"
 #include "EditorTest.h"
-#include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
-#include "OrloDateEdit.h"
 #include "OrloDecimalLineEdit.h"
 #include "OrloFormulaNormal.h"
 #include "Orlo_Values.h"
 #include "PlanSample.h"
-#include "VorSearchBox.h"
+#include "PlanVocabulary.h"
 #include <QApplication>
 #include <QFile>
-#include <QJsonDocument>
 #include <QLabel>
 #include <QLayout>
 #include <QProcess>
 #include <QPushButton>
 #include <QRegularExpression>
-#include <QSignalBlocker>
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QStyleOptionComboBox>
@@ -28,15 +23,10 @@
 #include <functional>
 #include <memory>
 
-using FieldMap = QMap<QString, QVariant>;
-
-Q_DECLARE_METATYPE(PlanKind)
-Q_DECLARE_METATYPE(PlanSample)
 Q_DECLARE_METATYPE(std::function<void()>)
 
 namespace {
 
-const QString PlanId = QStringLiteral("P1");
 constexpr QSize FormSize(517, 710);
 constexpr int CaptionWidth = 98;
 
@@ -166,555 +156,497 @@ class TranslationTest : public EditorTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void theFileHoldsEveryTextOfTheEditorAndNoOther();
-    void everyTextIsTranslated();
-    void noPlaceholderIsLost();
-    void textsOfOneBoxStayDifferent_data();
-    void textsOfOneBoxStayDifferent();
-    void theFormIsEnglish();
-    void whatIsStoredOrComputedStaysChinese();
-    void everyRuleSpeaksEnglish_data();
-    void everyRuleSpeaksEnglish();
-    void everyMessageIsAmongThem();
-    void outcomesAreToldInEnglish();
-    void whatIsOpenedAndSentIsTheSame_data();
-    void whatIsOpenedAndSentIsTheSame();
-    void anOpenEditorKeepsItsCaptions();
-    void theCaptionsFit();
-    void theItemsFit_data();
-    void theItemsFit();
-    void theButtonsFit();
+    void initTestCase()
+    {
+        QApplication::setFont(QFont(QStringLiteral("Sans Serif"), 9)); // the client's own
+    }
+
+    // --- The file
+
+    void theFileHoldsEveryTextOfTheEditorAndNoOther()
+    {
+        const QTemporaryDir folder;
+        const QString fresh = folder.filePath(QStringLiteral("fresh.ts"));
+        QProcess lupdate;
+        lupdate.start(
+            words(LUPDATE_PROGRAM), { QStringLiteral("-silent"), words(EDITOR_FOLDER), QStringLiteral("-ts"), fresh });
+        QVERIFY(lupdate.waitForFinished());
+        QCOMPARE(lupdate.exitCode(), 0);
+        QVERIFY(readEntries(fresh).size() > 70);
+        QCOMPARE(sourcesOf(readEntries(words(TRANSLATION_FILE))), sourcesOf(readEntries(fresh)));
+    }
+
+    void everyTextIsTranslated()
+    {
+        const QList<Entry> entries = readEntries(words(TRANSLATION_FILE));
+        const QRegularExpression chinese(QStringLiteral("[\\x{3000}-\\x{9fff}\\x{ff00}-\\x{ffef}]"));
+        for (const Entry& entry : entries) {
+            QVERIFY2(entry.state.isEmpty(), qPrintable(entry.source + QStringLiteral(" is ") + entry.state));
+            QVERIFY2(!entry.translation.isEmpty(), qPrintable(entry.source));
+            QVERIFY2(!entry.translation.contains(chinese), qPrintable(entry.translation));
+        }
+    }
+
+    void noPlaceholderIsLost()
+    {
+        const QList<Entry> entries = readEntries(words(TRANSLATION_FILE));
+        for (const Entry& entry : entries)
+            QVERIFY2(placeholdersOf(entry.translation) == placeholdersOf(entry.source), qPrintable(entry.translation));
+    }
+
+    // --- The form
+
+    // A trader tells items apart by their texts.
+    void textsOfOneBoxStayDifferent_data()
+    {
+        QTest::addColumn<QString>("instructionType");
+        QTest::newRow("ordinary") << AutoPlanInstructionType::Ordinary;
+        QTest::newRow("Hong Kong connect") << AutoPlanInstructionType::HkConnect;
+    }
+
+    void textsOfOneBoxStayDifferent()
+    {
+        QFETCH(QString, instructionType);
+        const English english;
+        script().ruleProperty = AutoPlanRuleProperty::Review;
+        open(PlanSample::ofType(instructionType).withMode(AutoPlanInstMode::AlgoTradeReview));
+        for (const char* const name : { "combx_planType", "combx_tradeSide", "combx_priceType", "combx_priceMode",
+                 "combx_instructionMode", "combx_reduceHMode" }) {
+            QStringList items = texts(editor(), name);
+            QVERIFY2(!items.isEmpty(), name);
+            QCOMPARE(items.removeDuplicates(), 0);
+        }
+    }
+
+    void theFormIsEnglish()
+    {
+        const English english;
+        open(PlanSample());
+        const QRegularExpression chinese(QStringLiteral("[\\x{3000}-\\x{9fff}\\x{ff00}-\\x{ffef}]"));
+        const QList<QLabel*> labels = editor().findChildren<QLabel*>();
+        for (const QLabel* const label : labels)
+            QVERIFY2(label->objectName() == QLatin1String("la_symbolName") || !label->text().contains(chinese),
+                qPrintable(label->objectName()));
+        QCOMPARE(text(editor(), "la_fundAccountName"), QStringLiteral("Account name"));
+        QCOMPARE(text(editor(), "lab_targetTotalNumUnit"), QStringLiteral("shares"));
+        QCOMPARE(text(editor(), "btn_ok"), QStringLiteral("OK"));
+        QCOMPARE(texts(editor(), "combx_tradeSide"), (QStringList{ QStringLiteral("Buy"), QStringLiteral("Sell") }));
+        choose(editor(), "combx_planType", AutoPlanTemplate::ReduceHoldings);
+        QCOMPARE(text(editor(), "la_assignTo"), QStringLiteral("Executor"));
+    }
+
+    // A user's name is stored as it is shown, formulas are computed from the names that stand in them.
+    void whatIsStoredOrComputedStaysChinese()
+    {
+        const English english;
+        open(PlanSample());
+        QCOMPARE(texts(editor(), "combx_assignTo").value(0), words("默认不指定"));
+        QCOMPARE(field<OrloFormulaNormal>(editor(), "lineEdit_price1")->FormulaItems().first(), words("昨收价"));
+    }
+
+    // --- The rules
+
+    void everyRuleSpeaksEnglish_data()
+    {
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<std::function<void()>>("breakPlan");
+        addRulesOfChoices();
+        addRulesOfQuantities();
+        addRulesOfPrices();
+        addRulesOfReductions();
+        addRulesOfAlgorithms();
+        addRulesOfEdits();
+        addQuestions();
+    }
+
+    void everyRuleSpeaksEnglish()
+    {
+        QFETCH(QString, message);
+        QFETCH(std::function<void()>, breakPlan);
+        const English english;
+        script().questionAnswer = 0;
+        breakPlan();
+        press(editor(), "btn_ok");
+        QCOMPARE(said(), QStringList{ message });
+        QCOMPARE(sent(), 0);
+    }
+
+    void everyMessageIsAmongThem()
+    {
+        const QStringList others = { words("交易自动规划创建成功!"), words("交易计划%1修改成功!") };
+        const QList<Entry> entries = readEntries(words(TRANSLATION_FILE));
+        const QRegularExpression endOfSentence(QStringLiteral("[！!？。】]$"));
+        int messages = 0;
+        for (const Entry& entry : entries) {
+            if (!entry.source.contains(endOfSentence) || others.contains(entry.source))
+                continue;
+            ++messages;
+            QVERIFY2(m_toldSources.contains(entry.source), qPrintable(entry.source));
+        }
+        QVERIFY(messages > 20);
+    }
+
+    void outcomesAreToldInEnglish()
+    {
+        const English english;
+        open(PlanSample());
+        press(editor(), "btn_ok");
+        edit(PlanSample(), QDate(2024, 5, 6));
+        script().modifyAnswer = QStringLiteral("the service is asleep");
+        press(editor(), "btn_ok");
+        script().modifyAnswer.clear();
+        press(editor(), "btn_ok");
+        QCOMPARE(said(),
+            (QStringList{ QStringLiteral("tip: The automatic trading plan was created!"),
+                QStringLiteral("error: Trading plan P1 could not be modified. Reason: the service is asleep"),
+                QStringLiteral("tip: Trading plan P1 was modified!") }));
+    }
+
+    // --- The record
+
+    void whatIsOpenedAndSentIsTheSame_data()
+    {
+        QTest::addColumn<PlanKind>("kind");
+        QTest::addColumn<bool>("edits");
+        // Whether a plan has started is a matter of dates, which have no language.
+        const QList<PlanKind> kinds = PlanKind::all();
+        for (const PlanKind& kind : kinds) {
+            if (kind.started || kind.planType == AutoPlanTemplate::AverageQty)
+                continue;
+            QTest::newRow(qPrintable(QStringLiteral("edit of ") + kind.sentence())) << kind << true;
+            QTest::newRow(qPrintable(QStringLiteral("copy of ") + kind.sentence())) << kind << false;
+        }
+    }
+
+    void whatIsOpenedAndSentIsTheSame()
+    {
+        QFETCH(PlanKind, kind);
+        QFETCH(bool, edits);
+        const Outcome chinese = outcomeOf(kind, edits);
+        const English english;
+        const Outcome translated = outcomeOf(kind, edits);
+        QCOMPARE(translated.codes, chinese.codes);
+        QCOMPARE(translated.kindsOfBoxes, chinese.kindsOfBoxes);
+        QCOMPARE(translated.records, chinese.records);
+        QCOMPARE(translated.kindsOfBoxes.size(), 1);
+        QCOMPARE(translated.records.size(), translated.kindsOfBoxes.first() == QLatin1String("tip") ? 1 : 0);
+    }
+
+    void anOpenEditorKeepsItsCaptions()
+    {
+        openSampleMarket();
+        constructShown();
+        auto english = std::make_unique<English>();
+        QCoreApplication::processEvents();
+        QCOMPARE(text(editor(), "la_tradeSide"), words("交易方向"));
+        QCOMPARE(texts(editor(), "combx_priceMode").value(0), words("不限价"));
+        constructShown();
+        QCOMPARE(text(editor(), "la_tradeSide"), QStringLiteral("Side"));
+        QCOMPARE(texts(editor(), "combx_priceMode").value(0), QStringLiteral("No limit"));
+        english.reset();
+        constructShown();
+        QCOMPARE(text(editor(), "la_tradeSide"), words("交易方向"));
+    }
+
+    // --- The room
+
+    void theCaptionsFit()
+    {
+        const QRegularExpression caption(QStringLiteral("^la_|^label"));
+        const English english;
+        open(PlanSample());
+        for (const QString& planType :
+            { AutoPlanTemplate::CumulativeQty, AutoPlanTemplate::SameElements, AutoPlanTemplate::ReduceHoldings }) {
+            choose(editor(), "combx_planType", planType);
+            const QList<QLabel*> captions = editor().findChildren<QLabel*>(caption);
+            QVERIFY(captions.size() > 20);
+            for (const QLabel* const label : captions)
+                QVERIFY2(label->objectName() == QLatin1String("la_symbolName")
+                        || widthOf(*label, label->text()) <= CaptionWidth,
+                    qPrintable(QStringLiteral("%1 takes %2").arg(label->text()).arg(widthOf(*label, label->text()))));
+        }
+    }
+
+    void theItemsFit_data()
+    {
+        QTest::addColumn<PlanSample>("plan");
+        PlanSample byFormula = PlanSample().withPriceMode(AutoPlanPriceModel::CompareMax);
+        QTest::newRow("ordinary") << byFormula.withMode(AutoPlanInstMode::AlgoTradeReview);
+        QTest::newRow("Hong Kong connect")
+            << PlanSample::ofType(AutoPlanInstructionType::HkConnect).withMode(AutoPlanInstMode::AlgoTradeReview);
+        QTest::newRow("a reduction") << PlanSample::reduction().withMode(AutoPlanInstMode::AlgoTradeReview);
+    }
+
+    void theItemsFit()
+    {
+        QFETCH(PlanSample, plan);
+        const English english;
+        script().ruleProperty = AutoPlanRuleProperty::Review;
+        open(plan);
+        host().layout()->setContentsMargins(0, 0, 0, 0);
+        host().resize(FormSize);
+        QCOMPARE(editor().width(), FormSize.width());
+        const QList<QComboBox*> boxes = editor().findChildren<QComboBox*>();
+        for (const QComboBox* const combo : boxes)
+            for (int i = 0; combo->isVisible() && i < combo->count(); ++i)
+                QVERIFY2(widthOf(*combo, combo->itemText(i)) <= roomOf(*combo), qPrintable(combo->itemText(i)));
+    }
+
+    void theButtonsFit()
+    {
+        const English english;
+        script().ruleProperty = AutoPlanRuleProperty::Review;
+        open(PlanSample().withMode(AutoPlanInstMode::AlgoTradeReview));
+        const QList<QPushButton*> buttons = editor().findChildren<QPushButton*>();
+        QCOMPARE(buttons.size(), 3);
+        for (const QPushButton* const button : buttons)
+            QVERIFY2(widthOf(*button, button->text()) < button->width(), qPrintable(button->text()));
+    }
 
 private:
-    void row(const char* name, const char* source, const QString& message, const std::function<void()>& breakPlan);
-    void open(const PlanSample& plan);
-    void edit(const PlanSample& plan, const QDate& day);
-    void chooseNothing(const char* name);
-    void chooseSilently(const char* name, const QString& code);
-    void setNumber(const char* name, double value) { field<OrloDecimalLineEdit>(editor(), name)->setValue(value); }
-    void setText(const char* name, const QString& text) { field<QLineEdit>(editor(), name)->setText(text); }
-    void openAlgorithm(const QString& account, const QString& side, const QString& strategy);
-    QStringList said() const;
-    Outcome outcomeOf(const PlanKind& kind, bool edits);
-    void addRulesOfChoices();
-    void addRulesOfQuantities();
-    void addRulesOfPrices();
-    void addRulesOfReductions();
-    void addRulesOfAlgorithms();
-    void addRulesOfEdits();
-    void addQuestions();
+    void row(const char* name, const char* source, const QString& message, const std::function<void()>& breakPlan)
+    {
+        m_toldSources.append(words(source));
+        QTest::newRow(name) << message << breakPlan;
+    }
+
+    void open(const PlanSample& plan)
+    {
+        openSampleMarket();
+        constructShown();
+        fillForm(editor(), plan);
+    }
+
+    void edit(const PlanSample& plan, const QDate& day)
+    {
+        openSampleMarket();
+        storePlan(PlanId, plan);
+        setToday(day);
+        constructShown();
+        editor().editPlan(PlanId);
+    }
+
+    void openAlgorithm(const QString& account, const QString& side, const QString& strategy)
+    {
+        script().ruleProperty = AutoPlanRuleProperty::Review;
+        open(PlanSample().withMode(AutoPlanInstMode::AlgoTradeReview));
+        script().strategyAliases.insert(QStringLiteral("ICEBERG2"), QStringLiteral("Iceberg"));
+        script().panelStrategy = strategy;
+        script().panelParams.insert(Algo_Fields::AlgoInstContentInfo::TradingAccount, account);
+        if (!side.isEmpty())
+            script().panelParams.insert(Algo_Fields::AlgoInstContentInfo::OrderSide, side);
+    }
+
+    Outcome outcomeOf(const PlanKind& kind, bool edits)
+    {
+        script().reset();
+        setToday(QDate(2024, 5, 6));
+        openSampleMarket();
+        script().ruleProperty = kind.ruleProperty;
+        keepWhatIsSent();
+        storePlan(PlanId, kind.sample());
+        constructShown();
+        openPlan(PlanId, edits);
+        Outcome outcome;
+        outcome.codes = codesOfBoxes(editor());
+        press(editor(), "btn_ok");
+        for (const ScriptBox& shown : qAsConst(script().boxes))
+            outcome.kindsOfBoxes.append(shown.kind);
+        outcome.records = script().createdRecords + script().modifiedRecords;
+        return outcome;
+    }
+
+    void addRulesOfChoices()
+    {
+        row("no account", "未绑定资金帐号！", QStringLiteral("warning: No fund account is bound!"), [this] {
+            open(PlanSample());
+            chooseNothing(editor(), "combx_fundAccount");
+        });
+        row("no instruction type", "%1必填，请重新编辑！",
+            QStringLiteral("warning: Instruction is required. Please edit the plan again!"), [this] {
+                open(PlanSample());
+                chooseNothing(editor(), "combx_instructionType");
+            });
+        row("no instruction mode", "%1必填，请重新编辑！",
+            QStringLiteral("warning: Order mode is required. Please edit the plan again!"), [this] {
+                open(PlanSample());
+                chooseNothing(editor(), "combx_instructionMode");
+            });
+        row("no security", "未输入代码！", QStringLiteral("warning: No security code is entered!"), [this] {
+            open(PlanSample());
+            chooseSecurity(editor(), QString());
+        });
+    }
+
+    void addRulesOfQuantities()
+    {
+        row("no target", "未输入目标总量！", QStringLiteral("warning: No target total is entered!"), [this] {
+            open(PlanSample());
+            field<OrloDecimalLineEdit>(editor(), "le_targetTotalNum")->clear();
+        });
+        row("target in odd lots", "沪市债券目标总量需为%1的正整数倍，是否继续？",
+            QStringLiteral("warning: The target total of a Shanghai bond must be a positive multiple of 10. Continue?"),
+            [this] {
+                open(PlanSample::ofType(AutoPlanInstructionType::Bond));
+                enter(editor(), "le_targetTotalNum", 1005);
+            });
+        row("no daily quantity", "未输入每日计划量!", QStringLiteral("warning: No daily quantity is entered!"), [this] {
+            open(PlanSample().withPlanType(AutoPlanTemplate::SameElements));
+            enter(editor(), "le_entrustMaxNum", 0);
+        });
+        row("daily maximum in odd lots", "沪市债券%1需为%2的正整数倍，是否继续？",
+            QStringLiteral("warning: Shanghai bond: Daily max. must be a positive multiple of 10. Continue?"), [this] {
+                open(PlanSample::ofType(AutoPlanInstructionType::Bond));
+                enter(editor(), "le_entrustMaxNum", 305);
+            });
+    }
+
+    void addRulesOfPrices()
+    {
+        row("no formula", "%1公式必填，请重新编辑！",
+            QStringLiteral("warning: The formula of Price is required. Please edit the plan again!"), [this] {
+                open(PlanSample());
+                type(editor(), "lineEdit_price1", QString());
+            });
+        row("no first formula of two", "%1公式必填，请重新编辑！",
+            QStringLiteral("warning: The formula of Price 1 is required. Please edit the plan again!"), [this] {
+                open(PlanSample().withPriceMode(AutoPlanPriceModel::CompareMax));
+                type(editor(), "lineEdit_price1", QString());
+            });
+        row("special character", "%1公式包含特殊字符%2，请重新编辑！",
+            QStringLiteral(
+                "warning: The formula of Price contains the special character %1. Please edit the plan again!"),
+            [this] {
+                open(PlanSample());
+                type(editor(), "lineEdit_price1", QStringLiteral("x%1"));
+            });
+        row("special character in the second formula", "%1公式包含特殊字符%2，请重新编辑！",
+            QStringLiteral(
+                "warning: The formula of Price 2 contains the special character ;. Please edit the plan again!"),
+            [this] {
+                open(PlanSample().withPriceMode(AutoPlanPriceModel::CompareMin));
+                type(editor(), "lineEdit_price2", QStringLiteral("a;b"));
+            });
+    }
+
+    void addRulesOfReductions()
+    {
+        row("unsigned disclosure", "当前账号未签署风险揭示，请关闭智能规划菜单后重新创建减持计划进行签署。",
+            QStringLiteral(
+                "warning: The risk disclosure is not signed for this account. Please close the planning menu, "
+                "create the holdings-reduction plan anew and sign it."),
+            [this] {
+                open(PlanSample::reduction());
+                script().unsignedClients = QStringList{ QStringLiteral("C-acc1") };
+            });
+        row("no ratio", "未输入减持占比！", QStringLiteral("warning: No sell ratio is entered!"), [this] {
+            open(PlanSample::reduction());
+            field<OrloDecimalLineEdit>(editor(), "le_reduceHRatio")->clear();
+        });
+        row("no executor", "%1必填，请重新编辑！",
+            QStringLiteral("warning: Executor is required. Please edit the plan again!"), [this] {
+                open(PlanSample::reduction());
+                chooseNothing(editor(), "combx_assignTo");
+            });
+    }
+
+    void addRulesOfAlgorithms()
+    {
+        const QString twap = QStringLiteral("TWAP");
+        row("no account for an algorithm", "未选择资金帐号！", QStringLiteral("warning: No fund account is chosen!"),
+            [this] {
+                open(PlanSample());
+                chooseNothing(editor(), "combx_fundAccount");
+                press(editor(), "btn_algoParamSetting");
+                field<QWidget>(editor(), "btn_ok")->setEnabled(false); // the other button has said it
+            });
+        row("no algorithm parameters", "未设置算法参数！", QStringLiteral("warning: No algorithm parameters are set!"),
+            [this, twap] {
+                openAlgorithm(Account, QString(), twap);
+                script().panelHasParams = false;
+            });
+        row("algorithm for another account", "算法参数中的交易账号与计划参数不一致！",
+            QStringLiteral("warning: The trading account of the algorithm parameters is not that of the plan!"),
+            [this, twap] { openAlgorithm(QStringLiteral("another"), QString(), twap); });
+        row("algorithm for another side", "算法参数中的交易方向与计划参数不一致！",
+            QStringLiteral("warning: The side of the algorithm parameters is not that of the plan!"),
+            [this, twap] { openAlgorithm(Account, QStringLiteral("neither"), twap); });
+        row("algorithm that needs a limit", "%1算法不支持不限价，请重新设置！",
+            QStringLiteral(
+                "warning: The algorithm Iceberg does not support trading without a price limit. Please set it "
+                "again!"),
+            [this] {
+                openAlgorithm(Account, QString(), QStringLiteral("ICEBERG2"));
+                chooseSilently(editor(), "combx_priceMode", AutoPlanPriceModel::NoLimit);
+            });
+    }
+
+    void addRulesOfEdits()
+    {
+        const QDate begin(2024, 5, 6);
+        const QDate day(2024, 5, 8);
+        PlanSample plan;
+        plan.begin = begin;
+        row("target below what is used", "目标数量不得小于该计划已成交和在下达总和，请重新输入！",
+            QStringLiteral("warning: The target must not be less than what this plan has filled and issued in total. "
+                           "Please enter it again!"),
+            [this, plan, day] {
+                edit(plan, day);
+                script().planInstructions =
+                    QMap<QString, FieldMap>{ { QStringLiteral("I1"), { { AutoPlanFieldId::IssuedQty, 5000 } } } };
+            });
+        row("another begin", "计划已开始执行，初始日期不支持修改！",
+            QStringLiteral("warning: The plan has started: its first date cannot be changed!"), [this, plan, day] {
+                edit(plan, day);
+                pickRange(editor(), day, day);
+            });
+        row("an end in the past", "计划已开始执行，结束日期不得早于当日！",
+            QStringLiteral("warning: The plan has started: its end must not be earlier than today!"),
+            [this, plan, begin, day] {
+                edit(plan, day);
+                pickRange(editor(), begin, begin);
+            });
+    }
+
+    void addQuestions()
+    {
+        PlanSample sale;
+        sale.side = Kelvo_Values::OrderSide::sell;
+        row("target off the step", "%1需等于【%2】的整数倍，是否继续？",
+            QStringLiteral("question: Target total should be a multiple of the lot [500]. Continue?"), [this] {
+                open(PlanSample::ofType(AutoPlanInstructionType::HkConnect));
+                enter(editor(), "le_targetTotalNum", 1001);
+            });
+        row("holdings that do not cover a new sale",
+            "当前账号【%1】的持仓可用小于目标总量，是否继续%2计划？继续请点击【确认】，否则点击【取消】",
+            QStringLiteral(
+                "question: The available holdings of account [F-acc1] are less than the target total. Continue "
+                "creating the plan? Click [OK] to continue, otherwise [Cancel]"),
+            [this, sale] {
+                open(sale);
+                script().positions = QList<FieldMap>();
+            });
+        row("holdings that do not cover an edited sale", "修改",
+            QStringLiteral(
+                "question: The available holdings of account [F-acc1] are less than the target total. Continue "
+                "modifying the plan? Click [OK] to continue, otherwise [Cancel]"),
+            [this, sale] {
+                edit(sale, QDate(2024, 5, 6));
+                script().positions = QList<FieldMap>();
+            });
+        row("special treatment", "。是否继续创建？",
+            QStringLiteral("question: It is at risk. Continue creating the plan?"), [this] {
+                open(PlanSample());
+                chooseSilently(editor(), "combx_tradeSide", Orlo_Values::OrderSide::buy);
+                for (ScriptSecurity& security : script().securities) {
+                    security.stFlag = QStringLiteral("ST");
+                    security.stDescription = QStringLiteral("It is at risk");
+                }
+            });
+    }
 
     QStringList m_toldSources; ///< the Chinese texts of the rules' rows
 };
-
-void TranslationTest::initTestCase()
-{
-    QApplication::setFont(QFont(QStringLiteral("Sans Serif"), 9)); // the client's own
-}
-
-// --- The file
-
-void TranslationTest::theFileHoldsEveryTextOfTheEditorAndNoOther()
-{
-    const QTemporaryDir folder;
-    const QString fresh = folder.filePath(QStringLiteral("fresh.ts"));
-    QProcess lupdate;
-    lupdate.start(
-        words(LUPDATE_PROGRAM), { QStringLiteral("-silent"), words(EDITOR_FOLDER), QStringLiteral("-ts"), fresh });
-    QVERIFY(lupdate.waitForFinished());
-    QCOMPARE(lupdate.exitCode(), 0);
-    QVERIFY(readEntries(fresh).size() > 70);
-    QCOMPARE(sourcesOf(readEntries(words(TRANSLATION_FILE))), sourcesOf(readEntries(fresh)));
-}
-
-void TranslationTest::everyTextIsTranslated()
-{
-    const QList<Entry> entries = readEntries(words(TRANSLATION_FILE));
-    const QRegularExpression chinese(QStringLiteral("[\\x{3000}-\\x{9fff}\\x{ff00}-\\x{ffef}]"));
-    for (const Entry& entry : entries) {
-        QVERIFY2(entry.state.isEmpty(), qPrintable(entry.source + QStringLiteral(" is ") + entry.state));
-        QVERIFY2(!entry.translation.isEmpty(), qPrintable(entry.source));
-        QVERIFY2(!entry.translation.contains(chinese), qPrintable(entry.translation));
-    }
-}
-
-void TranslationTest::noPlaceholderIsLost()
-{
-    const QList<Entry> entries = readEntries(words(TRANSLATION_FILE));
-    for (const Entry& entry : entries)
-        QVERIFY2(placeholdersOf(entry.translation) == placeholdersOf(entry.source), qPrintable(entry.translation));
-}
-
-// A trader tells items apart by their texts.
-void TranslationTest::textsOfOneBoxStayDifferent_data()
-{
-    QTest::addColumn<QString>("instructionType");
-    QTest::newRow("ordinary") << QStringLiteral("1");
-    QTest::newRow("Hong Kong connect") << QStringLiteral("9");
-}
-
-void TranslationTest::textsOfOneBoxStayDifferent()
-{
-    QFETCH(QString, instructionType);
-    const English english;
-    script().ruleProperty = 1;
-    open(PlanSample::ofType(instructionType).withMode(QStringLiteral("3")));
-    for (const char* const name : { "combx_planType", "combx_tradeSide", "combx_priceType", "combx_priceMode",
-             "combx_instructionMode", "combx_reduceHMode" }) {
-        QStringList items = texts(editor(), name);
-        QVERIFY2(!items.isEmpty(), name);
-        QCOMPARE(items.removeDuplicates(), 0);
-    }
-}
-
-// --- The form
-
-void TranslationTest::theFormIsEnglish()
-{
-    const English english;
-    open(PlanSample());
-    const QRegularExpression chinese(QStringLiteral("[\\x{3000}-\\x{9fff}\\x{ff00}-\\x{ffef}]"));
-    const QList<QLabel*> labels = editor().findChildren<QLabel*>();
-    for (const QLabel* const label : labels)
-        QVERIFY2(label->objectName() == QLatin1String("la_symbolName") || !label->text().contains(chinese),
-            qPrintable(label->objectName()));
-    QCOMPARE(text(editor(), "la_fundAccountName"), QStringLiteral("Account name"));
-    QCOMPARE(text(editor(), "lab_targetTotalNumUnit"), QStringLiteral("shares"));
-    QCOMPARE(text(editor(), "btn_ok"), QStringLiteral("OK"));
-    QCOMPARE(texts(editor(), "combx_tradeSide"), (QStringList{ QStringLiteral("Buy"), QStringLiteral("Sell") }));
-    choose(editor(), "combx_planType", QStringLiteral("JC-01"));
-    QCOMPARE(text(editor(), "la_assignTo"), QStringLiteral("Executor"));
-}
-
-// A user's name is stored as it is shown, formulas are computed from the names that stand in them.
-void TranslationTest::whatIsStoredOrComputedStaysChinese()
-{
-    const English english;
-    open(PlanSample());
-    QCOMPARE(texts(editor(), "combx_assignTo").value(0), words("默认不指定"));
-    QCOMPARE(field<OrloFormulaNormal>(editor(), "lineEdit_price1")->FormulaItems().first(), words("昨收价"));
-}
-
-void TranslationTest::anOpenEditorKeepsItsCaptions()
-{
-    openSampleMarket();
-    constructShown();
-    auto english = std::make_unique<English>();
-    QCoreApplication::processEvents();
-    QCOMPARE(text(editor(), "la_tradeSide"), words("交易方向"));
-    QCOMPARE(texts(editor(), "combx_priceMode").value(0), words("不限价"));
-    constructShown();
-    QCOMPARE(text(editor(), "la_tradeSide"), QStringLiteral("Side"));
-    QCOMPARE(texts(editor(), "combx_priceMode").value(0), QStringLiteral("No limit"));
-    english.reset();
-    constructShown();
-    QCOMPARE(text(editor(), "la_tradeSide"), words("交易方向"));
-}
-
-// --- The rules
-
-void TranslationTest::open(const PlanSample& plan)
-{
-    openSampleMarket();
-    constructShown();
-    fillForm(editor(), plan);
-}
-
-void TranslationTest::edit(const PlanSample& plan, const QDate& day)
-{
-    openSampleMarket();
-    storePlan(PlanId, plan);
-    setToday(day);
-    constructShown();
-    editor().editPlan(PlanId);
-}
-
-void TranslationTest::chooseNothing(const char* name)
-{
-    const QSignalBlocker blocker(box(editor(), name));
-    box(editor(), name)->setCurrentIndex(-1);
-}
-
-void TranslationTest::chooseSilently(const char* name, const QString& itemCode)
-{
-    QComboBox* const combo = box(editor(), name);
-    const QSignalBlocker blocker(combo);
-    if (combo->findData(itemCode) < 0)
-        combo->addItem(itemCode, itemCode);
-    combo->setCurrentIndex(combo->findData(itemCode));
-}
-
-void TranslationTest::openAlgorithm(const QString& account, const QString& side, const QString& strategy)
-{
-    script().ruleProperty = 1;
-    open(PlanSample().withMode(QStringLiteral("3")));
-    script().strategyAliases.insert(QStringLiteral("ICEBERG2"), QStringLiteral("Iceberg"));
-    script().panelStrategy = strategy;
-    script().panelParams.insert(Algo_Fields::AlgoInstContentInfo::TradingAccount, account);
-    if (!side.isEmpty())
-        script().panelParams.insert(Algo_Fields::AlgoInstContentInfo::OrderSide, side);
-}
-
-QStringList TranslationTest::said() const
-{
-    QStringList sentences;
-    for (const ScriptBox& shown : qAsConst(script().boxes))
-        sentences.append(shown.kind + QStringLiteral(": ") + shown.text);
-    return sentences;
-}
-
-void TranslationTest::row(
-    const char* name, const char* source, const QString& message, const std::function<void()>& breakPlan)
-{
-    m_toldSources.append(words(source));
-    QTest::newRow(name) << message << breakPlan;
-}
-
-void TranslationTest::everyRuleSpeaksEnglish_data()
-{
-    QTest::addColumn<QString>("message");
-    QTest::addColumn<std::function<void()>>("breakPlan");
-    addRulesOfChoices();
-    addRulesOfQuantities();
-    addRulesOfPrices();
-    addRulesOfReductions();
-    addRulesOfAlgorithms();
-    addRulesOfEdits();
-    addQuestions();
-}
-
-void TranslationTest::addRulesOfChoices()
-{
-    row("no account", "未绑定资金帐号！", QStringLiteral("warning: No fund account is bound!"), [this] {
-        open(PlanSample());
-        chooseNothing("combx_fundAccount");
-    });
-    row("no instruction type", "%1必填，请重新编辑！",
-        QStringLiteral("warning: Instruction is required. Please edit the plan again!"), [this] {
-            open(PlanSample());
-            chooseNothing("combx_instructionType");
-        });
-    row("no instruction mode", "%1必填，请重新编辑！",
-        QStringLiteral("warning: Order mode is required. Please edit the plan again!"), [this] {
-            open(PlanSample());
-            chooseNothing("combx_instructionMode");
-        });
-    row("no security", "未输入代码！", QStringLiteral("warning: No security code is entered!"), [this] {
-        open(PlanSample());
-        const QSignalBlocker blocker(field<VorSearchBox>(editor(), "le_symbol"));
-        field<VorSearchBox>(editor(), "le_symbol")->setSymbol(QString());
-    });
-}
-
-void TranslationTest::addRulesOfQuantities()
-{
-    row("no target", "未输入目标总量！", QStringLiteral("warning: No target total is entered!"), [this] {
-        open(PlanSample());
-        field<OrloDecimalLineEdit>(editor(), "le_targetTotalNum")->clear();
-    });
-    row("target in odd lots", "沪市债券目标总量需为%1的正整数倍，是否继续？",
-        QStringLiteral("warning: The target total of a Shanghai bond must be a positive multiple of 10. Continue?"),
-        [this] {
-            open(PlanSample::ofType(QStringLiteral("5")));
-            setNumber("le_targetTotalNum", 1005);
-        });
-    row("no daily quantity", "未输入每日计划量!", QStringLiteral("warning: No daily quantity is entered!"), [this] {
-        open(PlanSample().withPlanType(QStringLiteral("TW-03")));
-        setNumber("le_entrustMaxNum", 0);
-    });
-    row("daily maximum in odd lots", "沪市债券%1需为%2的正整数倍，是否继续？",
-        QStringLiteral("warning: Shanghai bond: Daily max. must be a positive multiple of 10. Continue?"), [this] {
-            open(PlanSample::ofType(QStringLiteral("5")));
-            setNumber("le_entrustMaxNum", 305);
-        });
-}
-
-void TranslationTest::addRulesOfPrices()
-{
-    row("no formula", "%1公式必填，请重新编辑！",
-        QStringLiteral("warning: The formula of Price is required. Please edit the plan again!"), [this] {
-            open(PlanSample());
-            setText("lineEdit_price1", QString());
-        });
-    row("no first formula of two", "%1公式必填，请重新编辑！",
-        QStringLiteral("warning: The formula of Price 1 is required. Please edit the plan again!"), [this] {
-            open(PlanSample().withPriceMode(QStringLiteral("7")));
-            setText("lineEdit_price1", QString());
-        });
-    row("special character", "%1公式包含特殊字符%2，请重新编辑！",
-        QStringLiteral("warning: The formula of Price contains the special character %1. Please edit the plan again!"),
-        [this] {
-            open(PlanSample());
-            setText("lineEdit_price1", QStringLiteral("x%1"));
-        });
-    row("special character in the second formula", "%1公式包含特殊字符%2，请重新编辑！",
-        QStringLiteral("warning: The formula of Price 2 contains the special character ;. Please edit the plan again!"),
-        [this] {
-            open(PlanSample().withPriceMode(QStringLiteral("8")));
-            setText("lineEdit_price2", QStringLiteral("a;b"));
-        });
-}
-
-void TranslationTest::addRulesOfReductions()
-{
-    row("unsigned disclosure", "当前账号未签署风险揭示，请关闭智能规划菜单后重新创建减持计划进行签署。",
-        QStringLiteral("warning: The risk disclosure is not signed for this account. Please close the planning menu, "
-                       "create the holdings-reduction plan anew and sign it."),
-        [this] {
-            open(PlanSample::reduction());
-            script().unsignedClients = QStringList{ QStringLiteral("C-acc1") };
-        });
-    row("no ratio", "未输入减持占比！", QStringLiteral("warning: No sell ratio is entered!"), [this] {
-        open(PlanSample::reduction());
-        field<OrloDecimalLineEdit>(editor(), "le_reduceHRatio")->clear();
-    });
-    row("no executor", "%1必填，请重新编辑！",
-        QStringLiteral("warning: Executor is required. Please edit the plan again!"), [this] {
-            open(PlanSample::reduction());
-            chooseNothing("combx_assignTo");
-        });
-}
-
-void TranslationTest::addRulesOfAlgorithms()
-{
-    const QString account = QStringLiteral("acc1");
-    const QString twap = QStringLiteral("TWAP");
-    row("no account for an algorithm", "未选择资金帐号！", QStringLiteral("warning: No fund account is chosen!"),
-        [this] {
-            open(PlanSample());
-            chooseNothing("combx_fundAccount");
-            press(editor(), "btn_algoParamSetting");
-            field<QWidget>(editor(), "btn_ok")->setEnabled(false); // the other button has said it
-        });
-    row("no algorithm parameters", "未设置算法参数！", QStringLiteral("warning: No algorithm parameters are set!"),
-        [this, account, twap] {
-            openAlgorithm(account, QString(), twap);
-            script().panelHasParams = false;
-        });
-    row("algorithm for another account", "算法参数中的交易账号与计划参数不一致！",
-        QStringLiteral("warning: The trading account of the algorithm parameters is not that of the plan!"),
-        [this, twap] { openAlgorithm(QStringLiteral("another"), QString(), twap); });
-    row("algorithm for another side", "算法参数中的交易方向与计划参数不一致！",
-        QStringLiteral("warning: The side of the algorithm parameters is not that of the plan!"),
-        [this, account, twap] { openAlgorithm(account, QStringLiteral("neither"), twap); });
-    row("algorithm that needs a limit", "%1算法不支持不限价，请重新设置！",
-        QStringLiteral("warning: The algorithm Iceberg does not support trading without a price limit. Please set it "
-                       "again!"),
-        [this, account] {
-            openAlgorithm(account, QString(), QStringLiteral("ICEBERG2"));
-            chooseSilently("combx_priceMode", QStringLiteral("1"));
-        });
-}
-
-void TranslationTest::addRulesOfEdits()
-{
-    const QDate begin(2024, 5, 6);
-    const QDate day(2024, 5, 8);
-    PlanSample plan;
-    plan.begin = begin;
-    row("target below what is used", "目标数量不得小于该计划已成交和在下达总和，请重新输入！",
-        QStringLiteral("warning: The target must not be less than what this plan has filled and issued in total. "
-                       "Please enter it again!"),
-        [this, plan, day] {
-            edit(plan, day);
-            script().planInstructions = QMap<QString, FieldMap>{ { QStringLiteral("I1"), { { QStringLiteral("38"), 5000 } } } };
-        });
-    row("another begin", "计划已开始执行，初始日期不支持修改！",
-        QStringLiteral("warning: The plan has started: its first date cannot be changed!"), [this, plan, day] {
-            edit(plan, day);
-            field<OrloDateEdit>(editor(), "date_effectivePeriod_Multi")->SetStartEndDate(day, day);
-        });
-    row("an end in the past", "计划已开始执行，结束日期不得早于当日！",
-        QStringLiteral("warning: The plan has started: its end must not be earlier than today!"),
-        [this, plan, begin, day] {
-            edit(plan, day);
-            field<OrloDateEdit>(editor(), "date_effectivePeriod_Multi")->SetStartEndDate(begin, begin);
-        });
-}
-
-void TranslationTest::addQuestions()
-{
-    PlanSample sale;
-    sale.side = Kelvo_Values::OrderSide::sell;
-    row("target off the step", "%1需等于【%2】的整数倍，是否继续？",
-        QStringLiteral("question: Target total should be a multiple of the lot [500]. Continue?"), [this] {
-            open(PlanSample::ofType(QStringLiteral("9")));
-            setNumber("le_targetTotalNum", 1001);
-        });
-    row("holdings that do not cover a new sale",
-        "当前账号【%1】的持仓可用小于目标总量，是否继续%2计划？继续请点击【确认】，否则点击【取消】",
-        QStringLiteral("question: The available holdings of account [F-acc1] are less than the target total. Continue "
-                       "creating the plan? Click [OK] to continue, otherwise [Cancel]"),
-        [this, sale] {
-            open(sale);
-            script().positions = QList<FieldMap>();
-        });
-    row("holdings that do not cover an edited sale", "修改",
-        QStringLiteral("question: The available holdings of account [F-acc1] are less than the target total. Continue "
-                       "modifying the plan? Click [OK] to continue, otherwise [Cancel]"),
-        [this, sale] {
-            edit(sale, QDate(2024, 5, 6));
-            script().positions = QList<FieldMap>();
-        });
-    row("special treatment", "。是否继续创建？", QStringLiteral("question: It is at risk. Continue creating the plan?"),
-        [this] {
-            open(PlanSample());
-            chooseSilently("combx_tradeSide", Orlo_Values::OrderSide::buy);
-            for (ScriptSecurity& security : script().securities) {
-                security.stFlag = QStringLiteral("ST");
-                security.stDescription = QStringLiteral("It is at risk");
-            }
-        });
-}
-
-void TranslationTest::everyRuleSpeaksEnglish()
-{
-    QFETCH(QString, message);
-    QFETCH(std::function<void()>, breakPlan);
-    const English english;
-    script().questionAnswer = 0;
-    breakPlan();
-    press(editor(), "btn_ok");
-    QCOMPARE(said(), QStringList{ message });
-    QCOMPARE(script().createdRecords.size() + script().modifiedRecords.size(), 0);
-}
-
-void TranslationTest::everyMessageIsAmongThem()
-{
-    const QStringList others = { words("交易自动规划创建成功!"), words("交易计划%1修改成功!") };
-    const QList<Entry> entries = readEntries(words(TRANSLATION_FILE));
-    const QRegularExpression endOfSentence(QStringLiteral("[！!？。】]$"));
-    int messages = 0;
-    for (const Entry& entry : entries) {
-        if (!entry.source.contains(endOfSentence) || others.contains(entry.source))
-            continue;
-        ++messages;
-        QVERIFY2(m_toldSources.contains(entry.source), qPrintable(entry.source));
-    }
-    QVERIFY(messages > 20);
-}
-
-void TranslationTest::outcomesAreToldInEnglish()
-{
-    const English english;
-    open(PlanSample());
-    press(editor(), "btn_ok");
-    edit(PlanSample(), QDate(2024, 5, 6));
-    script().modifyAnswer = QStringLiteral("the service is asleep");
-    press(editor(), "btn_ok");
-    script().modifyAnswer.clear();
-    press(editor(), "btn_ok");
-    QCOMPARE(said(),
-        (QStringList{ QStringLiteral("tip: The automatic trading plan was created!"),
-            QStringLiteral("error: Trading plan P1 could not be modified. Reason: the service is asleep"),
-            QStringLiteral("tip: Trading plan P1 was modified!") }));
-}
-
-// --- The record
-
-Outcome TranslationTest::outcomeOf(const PlanKind& kind, bool edits)
-{
-    script().reset();
-    setToday(QDate(2024, 5, 6));
-    openSampleMarket();
-    script().ruleProperty = kind.ruleProperty;
-    keepWhatIsSent();
-    storePlan(PlanId, kind.sample());
-    constructShown();
-    if (edits)
-        editor().editPlan(PlanId);
-    else
-        editor().copyPlan(PlanId);
-    Outcome outcome;
-    outcome.codes = codesOfBoxes(editor());
-    press(editor(), "btn_ok");
-    for (const ScriptBox& shown : qAsConst(script().boxes))
-        outcome.kindsOfBoxes.append(shown.kind);
-    outcome.records = script().createdRecords + script().modifiedRecords;
-    return outcome;
-}
-
-void TranslationTest::whatIsOpenedAndSentIsTheSame_data()
-{
-    QTest::addColumn<PlanKind>("kind");
-    QTest::addColumn<bool>("edits");
-    // Whether a plan has started is a matter of dates, which have no language.
-    const QList<PlanKind> kinds = PlanKind::all();
-    for (const PlanKind& kind : kinds) {
-        if (kind.started || kind.planType == QLatin1String("TW-02"))
-            continue;
-        QTest::newRow(qPrintable(QStringLiteral("edit of ") + kind.sentence())) << kind << true;
-        QTest::newRow(qPrintable(QStringLiteral("copy of ") + kind.sentence())) << kind << false;
-    }
-}
-
-void TranslationTest::whatIsOpenedAndSentIsTheSame()
-{
-    QFETCH(PlanKind, kind);
-    QFETCH(bool, edits);
-    const Outcome chinese = outcomeOf(kind, edits);
-    const English english;
-    const Outcome translated = outcomeOf(kind, edits);
-    QCOMPARE(translated.codes, chinese.codes);
-    QCOMPARE(translated.kindsOfBoxes, chinese.kindsOfBoxes);
-    QCOMPARE(translated.records, chinese.records);
-    QCOMPARE(translated.kindsOfBoxes.size(), 1);
-    QCOMPARE(translated.records.size(), translated.kindsOfBoxes.first() == QLatin1String("tip") ? 1 : 0);
-}
-
-// --- The room
-
-void TranslationTest::theCaptionsFit()
-{
-    const QRegularExpression caption(QStringLiteral("^la_|^label"));
-    const English english;
-    open(PlanSample());
-    for (const char* const planType : { "TW-01", "TW-03", "JC-01" }) {
-        choose(editor(), "combx_planType", QString::fromLatin1(planType));
-        const QList<QLabel*> captions = editor().findChildren<QLabel*>(caption);
-        QVERIFY(captions.size() > 20);
-        for (const QLabel* const label : captions)
-            QVERIFY2(
-                label->objectName() == QLatin1String("la_symbolName") || widthOf(*label, label->text()) <= CaptionWidth,
-                qPrintable(QStringLiteral("%1 takes %2").arg(label->text()).arg(widthOf(*label, label->text()))));
-    }
-}
-
-void TranslationTest::theItemsFit_data()
-{
-    QTest::addColumn<PlanSample>("plan");
-    PlanSample byFormula = PlanSample().withPriceMode(QStringLiteral("7"));
-    QTest::newRow("ordinary") << byFormula.withMode(QStringLiteral("3"));
-    QTest::newRow("Hong Kong connect") << PlanSample::ofType(QStringLiteral("9")).withMode(QStringLiteral("3"));
-    QTest::newRow("a reduction") << PlanSample::reduction().withMode(QStringLiteral("3"));
-}
-
-void TranslationTest::theItemsFit()
-{
-    QFETCH(PlanSample, plan);
-    const English english;
-    script().ruleProperty = 1;
-    open(plan);
-    host().layout()->setContentsMargins(0, 0, 0, 0);
-    host().resize(FormSize);
-    QCOMPARE(editor().width(), FormSize.width());
-    const QList<QComboBox*> boxes = editor().findChildren<QComboBox*>();
-    for (const QComboBox* const combo : boxes)
-        for (int i = 0; combo->isVisible() && i < combo->count(); ++i)
-            QVERIFY2(widthOf(*combo, combo->itemText(i)) <= roomOf(*combo), qPrintable(combo->itemText(i)));
-}
-
-void TranslationTest::theButtonsFit()
-{
-    const English english;
-    script().ruleProperty = 1;
-    open(PlanSample().withMode(QStringLiteral("3")));
-    const QList<QPushButton*> buttons = editor().findChildren<QPushButton*>();
-    QCOMPARE(buttons.size(), 3);
-    for (const QPushButton* const button : buttons)
-        QVERIFY2(widthOf(*button, button->text()) < button->width(), qPrintable(button->text()));
-}
 
 QTEST_MAIN(TranslationTest)
 #include "tst_translation.moc"

@@ -1,4 +1,5 @@
 #include "Algo_Fields.h"
+#include "Algo_Values.h"
 #include "EditorTest.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Fields.h"
@@ -12,7 +13,6 @@
 #include <QSet>
 #include <QSignalBlocker>
 #include <QtTest>
-#include <functional>
 
 namespace {
 
@@ -129,339 +129,282 @@ QString sentence(int rule)
 class ValidationOrderTest : public EditorTest {
     Q_OBJECT
 
-private Q_SLOTS:
-    void aPlanThatBreaksNothingIsSent();
-    void theEditOfAPlanThatBreaksNothingIsSent();
-    void aBrokenRuleSpeaksAlone_data();
-    void aBrokenRuleSpeaksAlone();
-    void ofTwoBrokenRulesTheEarlierSpeaks_data();
-    void ofTwoBrokenRulesTheEarlierSpeaks();
-    void everythingBrokenIsSaidFromFirstToLast();
-    void everyAcceptedQuestionLeadsToTheNext();
-    void aDeclinedQuestionEndsTheRow_data();
-    void aDeclinedQuestionEndsTheRow();
-
 private:
-    void openPlan(const Rules& broken);
-    void breakPlan(const Rules& broken);
-    void breakChoices(const Rules& broken);
-    void breakQuantities(const Rules& broken);
-    void breakPrices(const Rules& broken);
-    void breakAlgorithm(const Rules& broken);
-    void breakEdit(const Rules& broken);
-    void breakServices(const Rules& broken);
-    void check(const Rules& broken);
-    QStringList said() const;
-    QString spoken(int rule) const;
-    int sent() const { return script().createdRecords.size() + script().modifiedRecords.size(); }
-
-    void chooseSilently(const char* name, const QString& code);
-    void chooseNothing(const char* name);
-
-    bool m_edits = false;
-    QString m_fundAccount;
-};
-
-void ValidationOrderTest::chooseSilently(const char* name, const QString& itemCode)
-{
-    QComboBox* const combo = box(editor(), name);
-    const QSignalBlocker blocker(combo);
-    if (combo->findData(itemCode) < 0)
-        combo->addItem(itemCode, itemCode);
-    combo->setCurrentIndex(combo->findData(itemCode));
-}
-
-void ValidationOrderTest::chooseNothing(const char* name)
-{
-    const QSignalBlocker blocker(box(editor(), name));
-    box(editor(), name)->setCurrentIndex(-1);
-}
-
-void ValidationOrderTest::openPlan(const Rules& broken)
-{
-    openSampleMarket();
-    script().addAccount(QStringLiteral("acc3"), exchanges(), { AutoPlanInstructionType::Ordinary });
-    script().accounts.last().clientNo.clear();
-    script().strategyAliases.insert(QStringLiteral("ICEBERG2"), QStringLiteral("冰山"));
-    script().securities[QStringLiteral("600000.K_SH")].displayFactor = 10;
-    PlanSample plan;
-    plan.begin = QDate(2024, 5, 6);
-    constructShown();
-    m_edits = isAnyOf(broken, OfEdits);
-    if (m_edits) {
-        storePlan(QStringLiteral("P1"), plan);
-        setToday(QDate(2024, 5, 8));
-        editor().editPlan(QStringLiteral("P1"));
-    } else {
-        fillForm(editor(), plan);
-    }
-    m_fundAccount = QStringLiteral("F-acc1");
-}
-
-void ValidationOrderTest::breakPlan(const Rules& broken)
-{
-    breakAlgorithm(broken);
-    breakChoices(broken);
-    breakQuantities(broken);
-    breakPrices(broken);
-    breakEdit(broken);
-    breakServices(broken);
-}
-
-void ValidationOrderTest::breakChoices(const Rules& broken)
-{
-    if (isAnyOf(broken, OfReductions)) {
-        chooseSilently("combx_planType", QStringLiteral("JC-01"));
-        field<OrloDecimalLineEdit>(editor(), "le_reduceHRatio")->setValue(0.5);
-    } else if (broken.contains(NoDailyQuantity)) {
-        chooseSilently("combx_planType", QStringLiteral("TW-03"));
-    }
-    if (broken.contains(NoAccount)) {
-        chooseNothing("combx_fundAccount");
-        m_fundAccount.clear();
-    }
-    if (broken.contains(NoInstructionType))
-        chooseNothing("combx_instructionType");
-    if (broken.contains(NoSecurity)) {
-        VorSearchBox* const search = field<VorSearchBox>(editor(), "le_symbol");
-        const QSignalBlocker blocker(search);
-        search->setSymbol(QString());
-        script().securities.insert(QString(), script().securities.value(QStringLiteral("600000.K_SH")));
-    }
-    if (broken.contains(NoExecutor))
-        chooseNothing("combx_assignTo");
-    if (broken.contains(NoInstructionMode))
-        chooseNothing("combx_instructionMode");
-    if (broken.contains(HoldingsTooSmall))
-        chooseSilently("combx_tradeSide", Kelvo_Values::OrderSide::sell);
-    if (broken.contains(SpecialTreatment))
-        chooseSilently("combx_tradeSide", Orlo_Values::OrderSide::buy);
-}
-
-void ValidationOrderTest::breakQuantities(const Rules& broken)
-{
-    OrloDecimalLineEdit* const target = field<OrloDecimalLineEdit>(editor(), "le_targetTotalNum");
-    OrloDecimalLineEdit* const daily = field<OrloDecimalLineEdit>(editor(), "le_entrustMaxNum");
-    if (broken.contains(TargetInOddLots))
-        target->setValue(1005);
-    if (broken.contains(NoTarget))
-        target->clear();
-    if (broken.contains(DailyQuantityInOddLots))
-        daily->setValue(305);
-    if (broken.contains(NoDailyQuantity))
-        daily->setValue(0);
-    if (broken.contains(NoRatio))
-        field<OrloDecimalLineEdit>(editor(), "le_reduceHRatio")->clear();
-    for (ScriptSecurity& security : script().securities)
-        security.qtyStep = 7;
-    field<QWidget>(editor(), "label_targetQtyStep")->setVisible(broken.contains(TargetOffTheStep));
-    field<QWidget>(editor(), "label_maxEntrustQtyStep")->setVisible(broken.contains(DailyQuantityOffTheStep));
-}
-
-void ValidationOrderTest::breakPrices(const Rules& broken)
-{
-    QLineEdit* const formula1 = field<QLineEdit>(editor(), "lineEdit_price1");
-    QLineEdit* const formula2 = field<QLineEdit>(editor(), "lineEdit_price2");
-    if (broken.contains(NoFormula1))
-        formula1->clear();
-    if (broken.contains(SpecialCharacterInFormula1))
-        formula1->setText(QStringLiteral("a;b"));
-    formula2->setVisible(isAnyOf(broken, { NoFormula2, SpecialCharacterInFormula2 }));
-    if (broken.contains(SpecialCharacterInFormula2))
-        formula2->setText(QStringLiteral("a?b"));
-    if (broken.contains(AlgorithmNeedsALimit))
-        chooseSilently("combx_priceMode", QStringLiteral("1"));
-}
-
-void ValidationOrderTest::breakAlgorithm(const Rules& broken)
-{
-    if (!isAnyOf(broken, OfAlgorithms))
-        return;
-    const bool sells = broken.contains(HoldingsTooSmall);
-    press(editor(), "btn_algoParamSetting");
-    chooseSilently("combx_instructionMode", QStringLiteral("3"));
-    script().panelHasParams = !broken.contains(NoAlgorithmParameters);
-    script().panelStrategy = QStringLiteral("ICEBERG2");
-    script().panelParams = {
-        { Algo_Fields::AlgoInstContentInfo::TradingAccount,
-            broken.contains(AlgorithmForAnotherAccount) ? QStringLiteral("another")
-                : broken.contains(NoAccount)            ? QString()
-                                                        : QStringLiteral("acc1") },
-        { Algo_Fields::AlgoInstContentInfo::OrderSide,
-            broken.contains(AlgorithmForAnotherSide) ? QStringLiteral("neither")
-                : sells                              ? QStringLiteral("av_AlgoOrderSide_SellValue")
-                                                     : QStringLiteral("av_AlgoOrderSide_BuyValue") },
-    };
-}
-
-void ValidationOrderTest::breakEdit(const Rules& broken)
-{
-    if (!m_edits)
-        return;
-    if (broken.contains(TargetBelowWhatIsUsed))
-        script().planInstructions = QMap<QString, FieldMap>{ { QStringLiteral("I1"), { { QStringLiteral("38"), 5000 } } } };
-    const QDate begin(2024, 5, 6);
-    const QDate start = broken.contains(StartedPlanBeginsElsewhere) ? begin.addDays(3) : begin;
-    const QDate end = broken.contains(StartedPlanEndsInThePast) ? QDate(2024, 5, 7) : QDate(2024, 5, 8);
-    field<OrloDateEdit>(editor(), "date_effectivePeriod_Multi")->SetStartEndDate(start, end);
-    if (broken.contains(StartedReductionBeginsElsewhere)) {
-        field<QWidget>(editor(), "date_effectivePeriod_Single")->show();
-        field<OrloDateEdit>(editor(), "date_effectivePeriod_Single")->SetDate(begin.addDays(1));
-    }
-}
-
-void ValidationOrderTest::breakServices(const Rules& broken)
-{
-    if (broken.contains(DisclosureUnsigned))
-        script().unsignedClients = QStringList{ QStringLiteral("C-acc1"), QString() };
-    if (broken.contains(HoldingsTooSmall))
-        script().positions = QList<FieldMap>{ { { Kelvo_Fields::Security::tradeableQty, -1 } } };
-    if (broken.contains(SpecialTreatment)) {
-        for (ScriptSecurity& security : script().securities) {
-            security.stFlag = QStringLiteral("ST");
-            security.stDescription = QStringLiteral("该证券为风险警示股票");
+    void openFilled(const Rules& broken)
+    {
+        openSampleMarket();
+        script().addAccount(QStringLiteral("acc3"), exchanges(), { AutoPlanInstructionType::Ordinary });
+        script().accounts.last().clientNo.clear();
+        script().strategyAliases.insert(QStringLiteral("ICEBERG2"), QStringLiteral("冰山"));
+        script().securities[Stock].displayFactor = 10;
+        PlanSample plan;
+        plan.begin = QDate(2024, 5, 6);
+        constructShown();
+        if (isAnyOf(broken, OfEdits)) {
+            storePlan(PlanId, plan);
+            setToday(QDate(2024, 5, 8));
+            editor().editPlan(PlanId);
+        } else {
+            fillForm(editor(), plan);
         }
     }
-}
 
-void ValidationOrderTest::check(const Rules& broken)
-{
-    openPlan(broken);
-    breakPlan(broken);
-    script().forget();
-    press(editor(), "btn_ok");
-}
+    void breakPlan(const Rules& broken)
+    {
+        breakAlgorithm(broken);
+        breakChoices(broken);
+        breakQuantities(broken);
+        breakPrices(broken);
+        breakEdit(broken);
+        breakServices(broken);
+    }
 
-QStringList ValidationOrderTest::said() const
-{
-    QStringList sentences;
-    for (const ScriptBox& shown : qAsConst(script().boxes))
-        sentences.append(shown.kind + QStringLiteral(": ") + shown.text);
-    return sentences;
-}
+    void breakChoices(const Rules& broken)
+    {
+        if (isAnyOf(broken, OfReductions)) {
+            chooseSilently(editor(), "combx_planType", AutoPlanTemplate::ReduceHoldings);
+            field<OrloDecimalLineEdit>(editor(), "le_reduceHRatio")->setValue(0.5);
+        } else if (broken.contains(NoDailyQuantity)) {
+            chooseSilently(editor(), "combx_planType", AutoPlanTemplate::SameElements);
+        }
+        if (broken.contains(NoAccount))
+            chooseNothing(editor(), "combx_fundAccount");
+        if (broken.contains(NoInstructionType))
+            chooseNothing(editor(), "combx_instructionType");
+        if (broken.contains(NoSecurity)) {
+            VorSearchBox* const search = field<VorSearchBox>(editor(), "le_symbol");
+            const QSignalBlocker blocker(search);
+            search->setSymbol(QString());
+            script().securities.insert(QString(), script().securities.value(Stock));
+        }
+        if (broken.contains(NoExecutor))
+            chooseNothing(editor(), "combx_assignTo");
+        if (broken.contains(NoInstructionMode))
+            chooseNothing(editor(), "combx_instructionMode");
+        if (broken.contains(HoldingsTooSmall))
+            chooseSilently(editor(), "combx_tradeSide", Kelvo_Values::OrderSide::sell);
+        if (broken.contains(SpecialTreatment))
+            chooseSilently(editor(), "combx_tradeSide", Orlo_Values::OrderSide::buy);
+    }
 
-QString ValidationOrderTest::spoken(int rule) const
-{
-    const QString kind = Texts[rule].asks ? QStringLiteral("question: ") : QStringLiteral("warning: ");
-    if (rule != HoldingsTooSmall)
-        return kind + sentence(rule);
-    return kind + sentence(rule).arg(m_fundAccount, m_edits ? QStringLiteral("修改") : QStringLiteral("创建"));
-}
+    void breakQuantities(const Rules& broken)
+    {
+        OrloDecimalLineEdit* const target = field<OrloDecimalLineEdit>(editor(), "le_targetTotalNum");
+        OrloDecimalLineEdit* const daily = field<OrloDecimalLineEdit>(editor(), "le_entrustMaxNum");
+        if (broken.contains(TargetInOddLots))
+            target->setValue(1005);
+        if (broken.contains(NoTarget))
+            target->clear();
+        if (broken.contains(DailyQuantityInOddLots))
+            daily->setValue(305);
+        if (broken.contains(NoDailyQuantity))
+            daily->setValue(0);
+        if (broken.contains(NoRatio))
+            field<OrloDecimalLineEdit>(editor(), "le_reduceHRatio")->clear();
+        for (ScriptSecurity& security : script().securities)
+            security.qtyStep = 7;
+        field<QWidget>(editor(), "label_targetQtyStep")->setVisible(broken.contains(TargetOffTheStep));
+        field<QWidget>(editor(), "label_maxEntrustQtyStep")->setVisible(broken.contains(DailyQuantityOffTheStep));
+    }
 
-void ValidationOrderTest::aPlanThatBreaksNothingIsSent()
-{
-    check({});
-    QCOMPARE(said(), QStringList{ QStringLiteral("tip: 交易自动规划创建成功!") });
-    QCOMPARE(script().createdRecords.size(), 1);
-}
+    void breakPrices(const Rules& broken)
+    {
+        QLineEdit* const formula1 = field<QLineEdit>(editor(), "lineEdit_price1");
+        QLineEdit* const formula2 = field<QLineEdit>(editor(), "lineEdit_price2");
+        if (broken.contains(NoFormula1))
+            formula1->clear();
+        if (broken.contains(SpecialCharacterInFormula1))
+            formula1->setText(QStringLiteral("a;b"));
+        formula2->setVisible(isAnyOf(broken, { NoFormula2, SpecialCharacterInFormula2 }));
+        if (broken.contains(SpecialCharacterInFormula2))
+            formula2->setText(QStringLiteral("a?b"));
+        if (broken.contains(AlgorithmNeedsALimit))
+            chooseSilently(editor(), "combx_priceMode", AutoPlanPriceModel::NoLimit);
+    }
 
-void ValidationOrderTest::theEditOfAPlanThatBreaksNothingIsSent()
-{
-    openPlan({ TargetBelowWhatIsUsed });
-    breakPlan({});
-    press(editor(), "btn_ok");
-    QCOMPARE(said(), QStringList{ QStringLiteral("tip: 交易计划P1修改成功!") });
-    QCOMPARE(script().modifiedRecords.size(), 1);
-}
+    void breakAlgorithm(const Rules& broken)
+    {
+        if (!isAnyOf(broken, OfAlgorithms))
+            return;
+        const bool sells = broken.contains(HoldingsTooSmall);
+        press(editor(), "btn_algoParamSetting");
+        chooseSilently(editor(), "combx_instructionMode", AutoPlanInstMode::AlgoTradeReview);
+        script().panelHasParams = !broken.contains(NoAlgorithmParameters);
+        script().panelStrategy = QStringLiteral("ICEBERG2");
+        script().panelParams = {
+            { Algo_Fields::AlgoInstContentInfo::TradingAccount,
+                broken.contains(AlgorithmForAnotherAccount) ? QStringLiteral("another")
+                    : broken.contains(NoAccount)            ? QString()
+                                                            : Account },
+            { Algo_Fields::AlgoInstContentInfo::OrderSide,
+                broken.contains(AlgorithmForAnotherSide) ? QStringLiteral("neither")
+                    : sells                              ? Algo_Values::AlgoOrderSide::SellValue
+                                                         : Algo_Values::AlgoOrderSide::BuyValue },
+        };
+    }
 
-void ValidationOrderTest::aBrokenRuleSpeaksAlone_data()
-{
-    QTest::addColumn<int>("rule");
-    for (int rule = 0; rule < RuleCount; ++rule)
-        QTest::newRow(Texts[rule].name) << rule;
-}
-
-void ValidationOrderTest::aBrokenRuleSpeaksAlone()
-{
-    QFETCH(int, rule);
-    script().questionAnswer = 0;
-    check({ rule });
-    QCOMPARE(said(), QStringList{ spoken(rule) });
-    QCOMPARE(script().boxes.first().parent, static_cast<QWidget*>(&editor()));
-    QCOMPARE(sent(), 0);
-}
-
-void ValidationOrderTest::ofTwoBrokenRulesTheEarlierSpeaks_data()
-{
-    QTest::addColumn<int>("earlier");
-    QTest::addColumn<int>("later");
-    for (int earlier = 0; earlier < RuleCount; ++earlier) {
-        for (int later = earlier + 1; later < RuleCount; ++later) {
-            if (!contradict(earlier, later))
-                QTest::newRow(qPrintable(QString::fromUtf8(Texts[earlier].name) + QStringLiteral(", then ")
-                    + QString::fromUtf8(Texts[later].name)))
-                    << earlier << later;
+    void breakEdit(const Rules& broken)
+    {
+        if (!isAnyOf(broken, OfEdits))
+            return;
+        if (broken.contains(TargetBelowWhatIsUsed))
+            script().planInstructions =
+                QMap<QString, FieldMap>{ { QStringLiteral("I1"), { { AutoPlanFieldId::IssuedQty, 5000 } } } };
+        const QDate begin(2024, 5, 6);
+        const QDate start = broken.contains(StartedPlanBeginsElsewhere) ? begin.addDays(3) : begin;
+        const QDate end = broken.contains(StartedPlanEndsInThePast) ? QDate(2024, 5, 7) : QDate(2024, 5, 8);
+        field<OrloDateEdit>(editor(), "date_effectivePeriod_Multi")->SetStartEndDate(start, end);
+        if (broken.contains(StartedReductionBeginsElsewhere)) {
+            field<QWidget>(editor(), "date_effectivePeriod_Single")->show();
+            field<OrloDateEdit>(editor(), "date_effectivePeriod_Single")->SetDate(begin.addDays(1));
         }
     }
-}
 
-void ValidationOrderTest::ofTwoBrokenRulesTheEarlierSpeaks()
-{
-    QFETCH(int, earlier);
-    QFETCH(int, later);
-    script().questionAnswers = { 1, 0 };
-    check({ earlier, later });
-    QStringList expected = { spoken(earlier) };
-    if (Texts[earlier].asks)
-        expected.append(spoken(later));
-    QCOMPARE(said(), expected);
-    QCOMPARE(sent(), 0);
-}
+    void breakServices(const Rules& broken)
+    {
+        if (broken.contains(DisclosureUnsigned))
+            script().unsignedClients = QStringList{ QStringLiteral("C-acc1"), QString() };
+        if (broken.contains(HoldingsTooSmall))
+            script().positions = QList<FieldMap>{ { { Kelvo_Fields::Security::tradeableQty, -1 } } };
+        if (broken.contains(SpecialTreatment)) {
+            for (ScriptSecurity& security : script().securities) {
+                security.stFlag = QStringLiteral("ST");
+                security.stDescription = QStringLiteral("该证券为风险警示股票");
+            }
+        }
+    }
 
-void ValidationOrderTest::everythingBrokenIsSaidFromFirstToLast()
-{
-    Rules broken;
-    for (const int rule : { DisclosureUnsigned, NoAccount, NoInstructionType, NoSecurity, DailyQuantityInOddLots,
-             NoRatio, SpecialCharacterInFormula1, SpecialCharacterInFormula2, NoExecutor, AlgorithmForAnotherAccount,
-             AlgorithmForAnotherSide, AlgorithmNeedsALimit, TargetBelowWhatIsUsed, StartedPlanBeginsElsewhere,
-             TargetOffTheStep, HoldingsTooSmall })
-        broken.insert(rule);
-    QList<int> order = broken.values();
-    std::sort(order.begin(), order.end());
-    for (const int rule : qAsConst(order)) {
-        script().reset();
-        setToday(QDate(2024, 5, 6));
+    /// What OK says to a plan that breaks these rules.
+    QStringList check(const Rules& broken)
+    {
+        openFilled(broken);
+        breakPlan(broken);
+        return ok();
+    }
+
+    /// What a rule says to a plan that breaks it, perhaps beside others.
+    QString spoken(int rule, const Rules& broken) const
+    {
+        const QString kind = Texts[rule].asks ? QStringLiteral("question: ") : QStringLiteral("warning: ");
+        if (rule != HoldingsTooSmall)
+            return kind + sentence(rule);
+        const QString account = broken.contains(NoAccount) ? QString() : QStringLiteral("F-acc1");
+        const QString action = isAnyOf(broken, OfEdits) ? QStringLiteral("修改") : QStringLiteral("创建");
+        return kind + sentence(rule).arg(account, action);
+    }
+
+private Q_SLOTS:
+    void aPlanThatBreaksNothingIsSent()
+    {
+        QCOMPARE(check({}), QStringList{ QStringLiteral("tip: 交易自动规划创建成功!") });
+        QCOMPARE(script().createdRecords.size(), 1);
+    }
+
+    void theEditOfAPlanThatBreaksNothingIsSent()
+    {
+        openFilled({ TargetBelowWhatIsUsed });
+        breakPlan({});
+        QCOMPARE(ok(), QStringList{ QStringLiteral("tip: 交易计划P1修改成功!") });
+        QCOMPARE(script().modifiedRecords.size(), 1);
+    }
+
+    void aBrokenRuleSpeaksAlone_data()
+    {
+        QTest::addColumn<int>("rule");
+        for (int rule = 0; rule < RuleCount; ++rule)
+            QTest::newRow(Texts[rule].name) << rule;
+    }
+
+    void aBrokenRuleSpeaksAlone()
+    {
+        QFETCH(int, rule);
         script().questionAnswer = 0;
-        check(broken);
-        QCOMPARE(said(), QStringList{ spoken(rule) });
+        QCOMPARE(check({ rule }), QStringList{ spoken(rule, { rule }) });
+        QCOMPARE(script().boxes.first().parent, static_cast<QWidget*>(&editor()));
         QCOMPARE(sent(), 0);
-        broken.remove(rule);
     }
-}
 
-void ValidationOrderTest::everyAcceptedQuestionLeadsToTheNext()
-{
-    const QList<int> questions = { TargetOffTheStep, DailyQuantityOffTheStep, HoldingsTooSmall };
-    check(Rules(questions.cbegin(), questions.cend()));
-    QStringList expected;
-    for (const int rule : questions)
-        expected.append(spoken(rule));
-    expected.append(QStringLiteral("tip: 交易自动规划创建成功!"));
-    QCOMPARE(said(), expected);
-    QCOMPARE(script().createdRecords.size(), 1);
-}
-
-void ValidationOrderTest::aDeclinedQuestionEndsTheRow_data()
-{
-    QTest::addColumn<int>("accepted");
-    QTest::newRow("the first is declined") << 0;
-    QTest::newRow("the second is declined") << 1;
-    QTest::newRow("the third is declined") << 2;
-}
-
-void ValidationOrderTest::aDeclinedQuestionEndsTheRow()
-{
-    QFETCH(int, accepted);
-    const QList<int> questions = { TargetOffTheStep, DailyQuantityOffTheStep, SpecialTreatment };
-    QStringList expected;
-    for (int i = 0; i <= accepted; ++i) {
-        script().questionAnswers.append(i < accepted ? 1 : 0);
-        expected.append(spoken(questions.at(i)));
+    void ofTwoBrokenRulesTheEarlierSpeaks_data()
+    {
+        QTest::addColumn<int>("earlier");
+        QTest::addColumn<int>("later");
+        for (int earlier = 0; earlier < RuleCount; ++earlier) {
+            for (int later = earlier + 1; later < RuleCount; ++later) {
+                if (!contradict(earlier, later))
+                    QTest::newRow(qPrintable(QString::fromUtf8(Texts[earlier].name) + QStringLiteral(", then ")
+                        + QString::fromUtf8(Texts[later].name)))
+                        << earlier << later;
+            }
+        }
     }
-    check(Rules(questions.cbegin(), questions.cend()));
-    QCOMPARE(said(), expected);
-    QCOMPARE(sent(), 0);
-}
+
+    void ofTwoBrokenRulesTheEarlierSpeaks()
+    {
+        QFETCH(int, earlier);
+        QFETCH(int, later);
+        script().questionAnswers = { 1, 0 };
+        const Rules broken = { earlier, later };
+        QStringList expected = { spoken(earlier, broken) };
+        if (Texts[earlier].asks)
+            expected.append(spoken(later, broken));
+        QCOMPARE(check(broken), expected);
+        QCOMPARE(sent(), 0);
+    }
+
+    void everythingBrokenIsSaidFromFirstToLast()
+    {
+        Rules broken;
+        for (const int rule : { DisclosureUnsigned, NoAccount, NoInstructionType, NoSecurity, DailyQuantityInOddLots,
+                 NoRatio, SpecialCharacterInFormula1, SpecialCharacterInFormula2, NoExecutor,
+                 AlgorithmForAnotherAccount, AlgorithmForAnotherSide, AlgorithmNeedsALimit, TargetBelowWhatIsUsed,
+                 StartedPlanBeginsElsewhere, TargetOffTheStep, HoldingsTooSmall })
+            broken.insert(rule);
+        QList<int> order = broken.values();
+        std::sort(order.begin(), order.end());
+        for (const int rule : qAsConst(order)) {
+            script().reset();
+            setToday(QDate(2024, 5, 6));
+            script().questionAnswer = 0;
+            QCOMPARE(check(broken), QStringList{ spoken(rule, broken) });
+            QCOMPARE(sent(), 0);
+            broken.remove(rule);
+        }
+    }
+
+    void everyAcceptedQuestionLeadsToTheNext()
+    {
+        const QList<int> questions = { TargetOffTheStep, DailyQuantityOffTheStep, HoldingsTooSmall };
+        const Rules broken(questions.cbegin(), questions.cend());
+        QStringList expected;
+        for (const int rule : questions)
+            expected.append(spoken(rule, broken));
+        expected.append(QStringLiteral("tip: 交易自动规划创建成功!"));
+        QCOMPARE(check(broken), expected);
+        QCOMPARE(script().createdRecords.size(), 1);
+    }
+
+    void aDeclinedQuestionEndsTheRow_data()
+    {
+        QTest::addColumn<int>("accepted");
+        QTest::newRow("the first is declined") << 0;
+        QTest::newRow("the second is declined") << 1;
+        QTest::newRow("the third is declined") << 2;
+    }
+
+    void aDeclinedQuestionEndsTheRow()
+    {
+        QFETCH(int, accepted);
+        const QList<int> questions = { TargetOffTheStep, DailyQuantityOffTheStep, SpecialTreatment };
+        const Rules broken(questions.cbegin(), questions.cend());
+        QStringList expected;
+        for (int i = 0; i <= accepted; ++i) {
+            script().questionAnswers.append(i < accepted ? 1 : 0);
+            expected.append(spoken(questions.at(i), broken));
+        }
+        QCOMPARE(check(broken), expected);
+        QCOMPARE(sent(), 0);
+    }
+};
 
 QTEST_MAIN(ValidationOrderTest)
 #include "tst_validation_order.moc"
