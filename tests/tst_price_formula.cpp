@@ -1,5 +1,6 @@
 #include "DayPrice.h"
 #include "PriceFormula.h"
+#include "TestStatus.h"
 #include "TickPrice.h"
 
 #include <QElapsedTimer>
@@ -15,14 +16,20 @@ QHash<QString, double> prices()
         { QStringLiteral("MA5"), 10.5 }, { QStringLiteral("MA20"), 9.8 } };
 }
 
-QString check(const QString& formula)
+Status check(const QString& formula)
 {
     return PriceFormula::check(formula, priceNames());
 }
 
-PriceFormula::Result evaluate(const QString& formula)
+Result<double> evaluate(const QString& formula)
 {
     return PriceFormula::evaluate(formula, priceNames(), prices());
+}
+
+/// An error at the character of a number.
+Status at(int character, const Status& error)
+{
+    return { Error::FormulaErrorAt, { QString::number(character) }, error };
 }
 
 QString nested(int depth)
@@ -77,95 +84,98 @@ void tst_price_formula::aFormulaGivesItsPrice()
 {
     QFETCH(QString, formula);
     QFETCH(double, price);
-    QCOMPARE(check(formula), QString());
-    const PriceFormula::Result result = evaluate(formula);
-    QCOMPARE(result.reason, QString());
-    QCOMPARE(result.price, price);
+    QCOMPARE(check(formula), Status());
+    const Result<double> result = evaluate(formula);
+    QCOMPARE(result.status(), Status());
+    QCOMPARE(*result, price);
 }
 
 void tst_price_formula::aFormulaIsRefusedWithItsReason_data()
 {
     QTest::addColumn<QString>("formula");
-    QTest::addColumn<QString>("reason");
-    const auto row = [](const char* name, const QString& formula, const QString& reason) {
-        QTest::newRow(name) << formula << reason;
+    QTest::addColumn<Status>("status");
+    const auto row = [](const char* name, const QString& formula, const Status& status) {
+        QTest::newRow(name) << formula << status;
     };
-    row("empty", QString(), QStringLiteral("公式为空"));
-    row("blank", QStringLiteral("   "), QStringLiteral("公式为空"));
-    row("an unknown name", QStringLiteral("1+MA7"), QStringLiteral("未知的名称“MA7”（第3个字符）"));
-    row("a name in lower case", QStringLiteral("ma5"), QStringLiteral("未知的名称“ma5”（第1个字符）"));
-    row("a function of the library", QStringLiteral("sin(1)"), QStringLiteral("未知的名称“sin”（第1个字符）"));
-    row("a constant of the library", QStringLiteral("_pi"), QStringLiteral("未知的名称“_pi”（第1个字符）"));
-    row("an exponent", QStringLiteral("1e5"), QStringLiteral("未知的名称“e5”（第2个字符）"));
-    row("two points", QStringLiteral("1.2.3"), QStringLiteral("数字“1.2.3”格式不正确（第1个字符）"));
-    row("a point alone", QStringLiteral("."), QStringLiteral("数字“.”格式不正确（第1个字符）"));
-    row("a power", QStringLiteral("2^9"), QStringLiteral("不支持的字符“^”（第2个字符）"));
-    row("an assignment", QStringLiteral("昨收价=1"), QStringLiteral("不支持的字符“=”（第4个字符）"));
-    row("a choice", QStringLiteral("1?2:3"), QStringLiteral("不支持的字符“?”（第2个字符）"));
-    row("a percent sign", QStringLiteral("5%"), QStringLiteral("不支持的字符“%”（第2个字符）"));
-    row("a full-width bracket", QStringLiteral("（1）"), QStringLiteral("不支持的字符“（”（第1个字符）"));
-    row("numbers side by side", QStringLiteral("1 2"), QStringLiteral("公式语法不正确（第3个字符）"));
-    row("names side by side", QStringLiteral("昨收价MA5"), QStringLiteral("未知的名称“昨收价MA5”（第1个字符）"));
-    row("an operator at the end", QStringLiteral("1+"), QStringLiteral("公式不完整"));
-    row("an operator too many", QStringLiteral("1*/2"), QStringLiteral("公式语法不正确（第3个字符）"));
-    row("a bracket left open", QStringLiteral("(1+2"), QStringLiteral("缺少右括号"));
-    row("a bracket too many", QStringLiteral("1)"), QStringLiteral("括号位置不正确（第2个字符）"));
-    row("empty brackets", QStringLiteral("()"), QStringLiteral("括号位置不正确（第2个字符）"));
-    row("one argument", QStringLiteral("max(1)"), QStringLiteral("函数的参数不足，应为2个（第6个字符）"));
-    row("three arguments", QStringLiteral("max(1,2,3)"), QStringLiteral("函数的参数过多，应为2个（第10个字符）"));
-    row("no argument", QStringLiteral("min()"), QStringLiteral("函数的参数不足，应为2个（第5个字符）"));
-    row("an argument left out", QStringLiteral("max(1,)"), QStringLiteral("括号位置不正确（第7个字符）"));
-    row("the function alone", QStringLiteral("max"), QStringLiteral("公式语法不正确（第1个字符）"));
-    row("a comma outside", QStringLiteral("1,2"), QStringLiteral("逗号只能用于函数的参数之间"));
+    row("empty", QString(), Error::FormulaEmpty);
+    row("blank", QStringLiteral("   "), Error::FormulaEmpty);
+    row("an unknown name", QStringLiteral("1+MA7"), at(3, { Error::UnknownName, { QStringLiteral("MA7") } }));
+    row("a name in lower case", QStringLiteral("ma5"), at(1, { Error::UnknownName, { QStringLiteral("ma5") } }));
+    row("a function of the library", QStringLiteral("sin(1)"),
+        at(1, { Error::UnknownName, { QStringLiteral("sin") } }));
+    row("a constant of the library", QStringLiteral("_pi"), at(1, { Error::UnknownName, { QStringLiteral("_pi") } }));
+    row("an exponent", QStringLiteral("1e5"), at(2, { Error::UnknownName, { QStringLiteral("e5") } }));
+    row("two points", QStringLiteral("1.2.3"), at(1, { Error::MalformedNumber, { QStringLiteral("1.2.3") } }));
+    row("a point alone", QStringLiteral("."), at(1, { Error::MalformedNumber, { QStringLiteral(".") } }));
+    row("a power", QStringLiteral("2^9"), at(2, { Error::UnsupportedCharacter, { QStringLiteral("^") } }));
+    row("an assignment", QStringLiteral("昨收价=1"), at(4, { Error::UnsupportedCharacter, { QStringLiteral("=") } }));
+    row("a choice", QStringLiteral("1?2:3"), at(2, { Error::UnsupportedCharacter, { QStringLiteral("?") } }));
+    row("a percent sign", QStringLiteral("5%"), at(2, { Error::UnsupportedCharacter, { QStringLiteral("%") } }));
+    row("a full-width bracket", QStringLiteral("（1）"),
+        at(1, { Error::UnsupportedCharacter, { QStringLiteral("（") } }));
+    row("numbers side by side", QStringLiteral("1 2"), at(3, Error::FormulaSyntax));
+    row("names side by side", QStringLiteral("昨收价MA5"),
+        at(1, { Error::UnknownName, { QStringLiteral("昨收价MA5") } }));
+    row("an operator at the end", QStringLiteral("1+"), Error::FormulaIncomplete);
+    row("an operator too many", QStringLiteral("1*/2"), at(3, Error::FormulaSyntax));
+    row("a bracket left open", QStringLiteral("(1+2"), Error::MissingParenthesis);
+    row("a bracket too many", QStringLiteral("1)"), at(2, Error::MisplacedParenthesis));
+    row("empty brackets", QStringLiteral("()"), at(2, Error::MisplacedParenthesis));
+    row("one argument", QStringLiteral("max(1)"), at(6, Error::TooFewArguments));
+    row("three arguments", QStringLiteral("max(1,2,3)"), at(10, Error::TooManyArguments));
+    row("no argument", QStringLiteral("min()"), at(5, Error::TooFewArguments));
+    row("an argument left out", QStringLiteral("max(1,)"), at(7, Error::MisplacedParenthesis));
+    row("the function alone", QStringLiteral("max"), at(1, Error::FormulaSyntax));
+    row("a comma outside", QStringLiteral("1,2"), Error::CommaOutsideFunction);
 }
 
 void tst_price_formula::aFormulaIsRefusedWithItsReason()
 {
     QFETCH(QString, formula);
-    QFETCH(QString, reason);
-    QCOMPARE(check(formula), reason);
-    const PriceFormula::Result result = evaluate(formula);
-    QCOMPARE(result.reason, reason);
-    QCOMPARE(result.price, 0.0);
+    QFETCH(Status, status);
+    QCOMPARE(check(formula), status);
+    QCOMPARE(evaluate(formula).status(), status);
 }
 
 void tst_price_formula::aPriceIsRefusedThatNobodyCanPay_data()
 {
     QTest::addColumn<QString>("formula");
-    QTest::addColumn<QString>("reason");
-    QTest::newRow("divided by zero") << QStringLiteral("1/0") << QStringLiteral("公式的结果不是有限的数");
+    QTest::addColumn<Status>("status");
+    QTest::newRow("divided by zero") << QStringLiteral("1/0") << Status(Error::PriceNotFinite);
     QTest::newRow("divided by a difference of zero")
-        << QStringLiteral("1/(昨收价-昨收价)") << QStringLiteral("公式的结果不是有限的数");
-    QTest::newRow("zero by zero") << QStringLiteral("0/0") << QStringLiteral("公式的结果不是有限的数");
+        << QStringLiteral("1/(昨收价-昨收价)") << Status(Error::PriceNotFinite);
+    QTest::newRow("zero by zero") << QStringLiteral("0/0") << Status(Error::PriceNotFinite);
     QTest::newRow("as large as a formula can write")
         << QString(200, QLatin1Char('9')) + QStringLiteral("/0.") + QString(90, QLatin1Char('0')) + QLatin1Char('1')
-        << QString();
-    QTest::newRow("zero") << QStringLiteral("昨收价-10") << QStringLiteral("公式的结果不大于零");
-    QTest::newRow("below zero") << QStringLiteral("跌停价-昨收价") << QStringLiteral("公式的结果不大于零");
+        << Status();
+    QTest::newRow("zero") << QStringLiteral("昨收价-10") << Status(Error::PriceNotPositive);
+    QTest::newRow("below zero") << QStringLiteral("跌停价-昨收价") << Status(Error::PriceNotPositive);
     QTest::newRow("an average that the security does not have")
-        << QStringLiteral("1+MA250") << QStringLiteral("该证券没有“MA250”的数据（第3个字符）");
+        << QStringLiteral("1+MA250") << at(3, { Error::PriceNotAvailable, { QStringLiteral("MA250") } });
 }
 
 void tst_price_formula::aPriceIsRefusedThatNobodyCanPay()
 {
     QFETCH(QString, formula);
-    QFETCH(QString, reason);
-    QCOMPARE(check(formula), QString());
-    QCOMPARE(evaluate(formula).reason, reason);
+    QFETCH(Status, status);
+    QCOMPARE(check(formula), Status());
+    QCOMPARE(evaluate(formula).status(), status);
 }
 
 void tst_price_formula::theLongestFormulaPassesAndOneCharacterMoreDoesNot()
 {
     const QString longest = QStringLiteral("1+").repeated(149) + QStringLiteral("11");
     QCOMPARE(longest.size(), PriceFormula::maximumLength);
-    QCOMPARE(evaluate(longest).price, 160.0);
-    QCOMPARE(check(longest + QLatin1Char('1')), QStringLiteral("公式超过300个字符"));
+    QCOMPARE(*evaluate(longest), 160.0);
+    const Status tooLong(Error::FormulaTooLong, { QStringLiteral("300") });
+    QCOMPARE(check(longest + QLatin1Char('1')), tooLong);
 }
 
 void tst_price_formula::theDeepestFormulaPassesAndOneBracketMoreDoesNot()
 {
-    QCOMPARE(evaluate(nested(20)).price, 1.0);
-    QCOMPARE(check(nested(21)), QStringLiteral("括号嵌套超过20层（第21个字符）"));
+    QCOMPARE(*evaluate(nested(20)), 1.0);
+    const Status tooDeep(Error::FormulaTooDeep, { QStringLiteral("20") });
+    QCOMPARE(check(nested(21)), at(21, tooDeep));
 }
 
 void tst_price_formula::hostileTextEndsSoon()
@@ -177,8 +187,8 @@ void tst_price_formula::hostileTextEndsSoon()
     timer.start();
     for (const QString& part : parts) {
         for (const int times : { 1, 20, 100, 299, 100000 }) {
-            const PriceFormula::Result result = evaluate(part.repeated(times));
-            QVERIFY2(result.reason.isEmpty() == (result.price > 0), qPrintable(part));
+            const Result<double> result = evaluate(part.repeated(times));
+            QVERIFY2(!result || *result > 0, qPrintable(part));
         }
     }
     QVERIFY(timer.elapsed() < 5000);
@@ -191,7 +201,7 @@ void tst_price_formula::priceNamesAreThoseThatAFormulaMayUse()
         QStringLiteral("MA120"), QStringLiteral("MA250") };
     QCOMPARE(priceNames(), names);
     for (const QString& name : names)
-        QCOMPARE(check(name), QString());
+        QCOMPARE(check(name), Status());
 }
 
 void tst_price_formula::limitPricesAreRoundedHalfUp_data()

@@ -58,73 +58,73 @@ public:
     {
     }
 
-    Result scan()
+    Result<QVector<Token>> scan()
     {
-        while (m_at < m_text.size() && m_result.reason.isEmpty())
-            step();
-        return m_result;
+        while (m_at < m_text.size()) {
+            if (Status status = step(); !status)
+                return status;
+        }
+        return m_tokens;
     }
 
 private:
-    void step()
+    Status step()
     {
         const QChar c = m_text.at(m_at);
-        if (c == QLatin1Char(' '))
+        if (c == QLatin1Char(' ')) {
             ++m_at;
-        else if (isDigit(c) || c == QLatin1Char('.'))
-            takeNumber();
-        else if (isNameStart(c))
-            takeName();
-        else if (QStringLiteral("+-*/(),").contains(c))
-            take(kindOfSign(c), m_at + 1);
-        else
-            refuse(QStringLiteral("不支持的字符“%1”").arg(c));
+            return {};
+        }
+        if (isDigit(c) || c == QLatin1Char('.'))
+            return takeNumber();
+        if (isNameStart(c))
+            return takeName();
+        if (QStringLiteral("+-*/(),").contains(c))
+            return take(kindOfSign(c), m_at + 1);
+        return errorAt(m_at, { Error::UnsupportedCharacter, { c } });
     }
 
-    void takeNumber()
+    Status takeNumber()
     {
         const int end = endOfNumber(m_text, m_at);
         const QString number = m_text.mid(m_at, end - m_at);
-        if (isNumber(number))
-            take(Kind::Number, end);
-        else
-            refuse(QStringLiteral("数字“%1”格式不正确").arg(number));
+        if (!isNumber(number))
+            return errorAt(m_at, { Error::MalformedNumber, { number } });
+        return take(Kind::Number, end);
     }
 
-    void takeName()
+    Status takeName()
     {
         const int end = endOfName(m_text, m_at);
         const QString name = m_text.mid(m_at, end - m_at);
         if (m_items.contains(name))
-            take(Kind::Item, end);
-        else if (functions.contains(name))
-            take(Kind::Function, end);
-        else
-            refuse(QStringLiteral("未知的名称“%1”").arg(name));
+            return take(Kind::Item, end);
+        if (functions.contains(name))
+            return take(Kind::Function, end);
+        return errorAt(m_at, { Error::UnknownName, { name } });
     }
 
-    void take(Kind kind, int end)
+    Status take(Kind kind, int end)
     {
-        m_result.tokens << Token{ kind, m_text.mid(m_at, end - m_at), m_at };
+        m_tokens << Token{ kind, m_text.mid(m_at, end - m_at), m_at };
         m_at = end;
+        return {};
     }
-
-    void refuse(const QString& reason) { m_result.reason = reason + place(m_at); }
 
     const QString& m_text;
     const QStringList& m_items;
     int m_at = 0;
-    Result m_result;
+    QVector<Token> m_tokens;
 };
 
 } // namespace
 
-FormulaLexer::Result FormulaLexer::tokens(const QString& formula, const QStringList& items)
+Result<QVector<FormulaLexer::Token>> FormulaLexer::tokens(const QString& formula, const QStringList& items)
 {
     return Scanner(formula, items).scan();
 }
 
-QString FormulaLexer::place(int position)
+Status FormulaLexer::errorAt(int position, const Status& error)
 {
-    return QStringLiteral("（第%1个字符）").arg(position + 1);
+    return { Error::FormulaErrorAt, { QString::number(position + 1) }, error };
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Status.h"
+
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -16,15 +18,10 @@ struct Token {
     int position;
 };
 
-struct Result {
-    QVector<Token> tokens;
-    /// Why the text is refused, empty when it is not.
-    QString reason;
-};
-
-/// `items`: names of prices that the formula may use.
-Result tokens(const QString& formula, const QStringList& items);
-/// "（第n个字符）" for a position counted from 0.
-QString place(int position);
+/// The tokens of a formula, or the first thing in it that is no token. `items`: names of prices that the formula may
+/// use.
+Result<QVector<Token>> tokens(const QString& formula, const QStringList& items);
+/// `error` at a position counted from 0.
+Status errorAt(int position, const Status& error);
 
 } // namespace FormulaLexer

@@ -53,49 +53,50 @@ Translation translate(const QVector<Token>& tokens, const QStringList& names)
     return result;
 }
 
-QString depthReason(const QVector<Token>& tokens)
+Status checkDepth(const QVector<Token>& tokens)
 {
     int depth = 0;
     for (const Token& token : tokens) {
         depth += token.kind == Kind::Open ? 1 : 0;
         depth -= token.kind == Kind::Close ? 1 : 0;
         if (depth > PriceFormula::maximumDepth) {
-            return QStringLiteral("括号嵌套超过%1层%2")
-                .arg(PriceFormula::maximumDepth)
-                .arg(FormulaLexer::place(token.position));
+            const QString most = QString::number(PriceFormula::maximumDepth);
+            return FormulaLexer::errorAt(token.position, { Error::FormulaTooDeep, { most } });
         }
     }
-    return QString();
+    return {};
 }
 
-QString textOfError(mu::EErrorCodes code)
+Error errorOf(mu::EErrorCodes code)
 {
     switch (code) {
     case mu::ecUNEXPECTED_EOF:
-        return QStringLiteral("公式不完整");
+        return Error::FormulaIncomplete;
     case mu::ecMISSING_PARENS:
-        return QStringLiteral("缺少右括号");
+        return Error::MissingParenthesis;
     case mu::ecUNEXPECTED_PARENS:
-        return QStringLiteral("括号位置不正确");
+        return Error::MisplacedParenthesis;
     case mu::ecTOO_MANY_PARAMS:
-        return QStringLiteral("函数的参数过多，应为2个");
+        return Error::TooManyArguments;
     case mu::ecTOO_FEW_PARAMS:
-        return QStringLiteral("函数的参数不足，应为2个");
+        return Error::TooFewArguments;
     case mu::ecUNEXPECTED_ARG_SEP:
     case mu::ecUNEXPECTED_ARG:
-        return QStringLiteral("逗号位置不正确");
+        return Error::MisplacedComma;
     case mu::ecDIV_BY_ZERO:
-        return QStringLiteral("除数为零");
+        return Error::DivisionByZero;
     default:
-        return QStringLiteral("公式语法不正确");
+        return Error::FormulaSyntax;
     }
 }
 
-QString reasonOf(const mu::ParserError& error, const Translation& formula)
+Status statusOf(const mu::ParserError& error, const Translation& formula)
 {
-    const QString text = textOfError(error.GetCode());
+    const Status status = errorOf(error.GetCode());
     const int at = static_cast<int>(error.GetPos());
-    return at >= 0 && at < formula.positions.size() ? text + FormulaLexer::place(formula.positions.at(at)) : text;
+    // Of what is missing at the end the library names no place in the formula.
+    const bool hasPlace = at >= 0 && at < formula.positions.size();
+    return hasPlace ? FormulaLexer::errorAt(formula.positions.at(at), status) : status;
 }
 
 /// A parser that knows the arithmetic of price formulas and nothing of what the library offers beyond.
@@ -110,48 +111,49 @@ void prepare(mu::Parser& parser, std::vector<double>& values)
 }
 
 // The library reports its refusals by exception; none leaves this function.
-PriceFormula::Result run(const Translation& formula, std::vector<double> values)
+Result<double> run(const Translation& formula, std::vector<double> values)
 {
-    PriceFormula::Result result;
     try {
         mu::Parser parser;
         prepare(parser, values);
         parser.SetExpr(formula.text);
-        result.price = parser.Eval();
+        const double result = parser.Eval();
         if (parser.GetNumResults() != 1)
-            result.reason = QStringLiteral("逗号只能用于函数的参数之间");
+            return Status(Error::CommaOutsideFunction);
+        return result;
     } catch (const mu::ParserError& error) {
-        result.reason = reasonOf(error, formula);
+        return statusOf(error, formula);
     }
-    return result;
 }
 
-QString missingValue(const QVector<Token>& tokens, const QHash<QString, double>& values)
+Status checkValues(const QVector<Token>& tokens, const QHash<QString, double>& values)
 {
     for (const Token& token : tokens) {
         if (token.kind == Kind::Item && !values.contains(token.text))
-            return QStringLiteral("该证券没有“%1”的数据%2").arg(token.text, FormulaLexer::place(token.position));
+            return FormulaLexer::errorAt(token.position, { Error::PriceNotAvailable, { token.text } });
     }
-    return QString();
+    return {};
 }
 
-FormulaLexer::Result read(const QString& formula, const QStringList& names)
+Result<QVector<Token>> read(const QString& formula, const QStringList& names)
 {
     if (formula.trimmed().isEmpty())
-        return { {}, QStringLiteral("公式为空") };
+        return Status(Error::FormulaEmpty);
     if (formula.size() > PriceFormula::maximumLength)
-        return { {}, QStringLiteral("公式超过%1个字符").arg(PriceFormula::maximumLength) };
-    FormulaLexer::Result result = FormulaLexer::tokens(formula, names);
-    if (result.reason.isEmpty())
-        result.reason = depthReason(result.tokens);
-    return result;
+        return Status(Error::FormulaTooLong, { QString::number(PriceFormula::maximumLength) });
+    Result<QVector<Token>> tokens = FormulaLexer::tokens(formula, names);
+    if (!tokens)
+        return tokens;
+    if (Status status = checkDepth(*tokens); !status)
+        return status;
+    return tokens;
 }
 
-QString priceReason(double price)
+Status checkPrice(double price)
 {
     if (!std::isfinite(price))
-        return QStringLiteral("公式的结果不是有限的数");
-    return price > 0 ? QString() : QStringLiteral("公式的结果不大于零");
+        return Error::PriceNotFinite;
+    return price > 0 ? Status() : Error::PriceNotPositive;
 }
 
 std::vector<double> orderedValues(const QStringList& names, const QHash<QString, double>& values, double absent)
@@ -164,28 +166,26 @@ std::vector<double> orderedValues(const QStringList& names, const QHash<QString,
 
 } // namespace
 
-QString PriceFormula::check(const QString& formula, const QStringList& names)
+Status PriceFormula::check(const QString& formula, const QStringList& names)
 {
-    const FormulaLexer::Result lexed = read(formula, names);
-    if (!lexed.reason.isEmpty())
-        return lexed.reason;
-    return run(translate(lexed.tokens, names), orderedValues(names, {}, 1.0)).reason;
+    const Result<QVector<Token>> tokens = read(formula, names);
+    if (!tokens)
+        return tokens.status();
+    return run(translate(*tokens, names), orderedValues(names, {}, 1.0)).status();
 }
 
-PriceFormula::Result PriceFormula::evaluate(
+Result<double> PriceFormula::evaluate(
     const QString& formula, const QStringList& names, const QHash<QString, double>& values)
 {
-    Result result;
-    const FormulaLexer::Result lexed = read(formula, names);
-    result.reason = lexed.reason;
-    if (result.reason.isEmpty())
-        result.reason = missingValue(lexed.tokens, values);
-    if (!result.reason.isEmpty())
-        return result;
-    result = run(translate(lexed.tokens, names), orderedValues(names, values, 0.0));
-    if (result.reason.isEmpty())
-        result.reason = priceReason(result.price);
-    if (!result.reason.isEmpty())
-        result.price = 0;
-    return result;
+    const Result<QVector<Token>> tokens = read(formula, names);
+    if (!tokens)
+        return tokens.status();
+    if (Status status = checkValues(*tokens, values); !status)
+        return status;
+    Result<double> price = run(translate(*tokens, names), orderedValues(names, values, 0.0));
+    if (!price)
+        return price;
+    if (Status status = checkPrice(*price); !status)
+        return status;
+    return price;
 }

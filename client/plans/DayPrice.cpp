@@ -2,6 +2,7 @@
 
 #include "AutoPlanField.h"
 #include "DayShare.h"
+#include "ErrorText.h"
 #include "MovingAverages.h"
 #include "PlanCodes.h"
 #include "PriceFormula.h"
@@ -31,22 +32,21 @@ QHash<QString, double> namedPrices(const Security& security, const QVector<qint6
     return prices;
 }
 
-PriceFormula::Result evaluated(const QVariant& formula, const QHash<QString, double>& prices)
+Result<double> evaluated(const QVariant& formula, const QHash<QString, double>& prices)
 {
     return PriceFormula::evaluate(formula.toString(), priceNames(), prices);
 }
 
-PriceFormula::Result compared(const Record& record, const QHash<QString, double>& prices)
+Result<double> compared(const Record& record, const QHash<QString, double>& prices)
 {
     const QString model = record.value(AutoPlanField::BaseField::priceModel).toString();
-    PriceFormula::Result first = evaluated(record.value(AutoPlanField::BaseField::priceFormula1), prices);
-    if (model == PriceModel::Custom || !first.reason.isEmpty())
+    Result<double> first = evaluated(record.value(AutoPlanField::BaseField::priceFormula1), prices);
+    if (model == PriceModel::Custom || !first)
         return first;
-    const PriceFormula::Result second = evaluated(record.value(AutoPlanField::BaseField::priceFormula2), prices);
-    if (!second.reason.isEmpty())
+    const Result<double> second = evaluated(record.value(AutoPlanField::BaseField::priceFormula2), prices);
+    if (!second)
         return second;
-    first.price = model == PriceModel::CompareMax ? qMax(first.price, second.price) : qMin(first.price, second.price);
-    return first;
+    return model == PriceModel::CompareMax ? qMax(*first, *second) : qMin(*first, *second);
 }
 
 void setLimit(DayPrice& price, double yuan, const Security& security)
@@ -83,10 +83,11 @@ DayPrice dayPrice(const Record& record, const Security& security, const QVector<
     price.reference = closes.constLast();
     if (record.value(AutoPlanField::BaseField::priceModel).toString() == PriceModel::NoLimit)
         return price;
-    const PriceFormula::Result result = compared(record, namedPrices(security, closes));
-    price.reason = result.reason;
-    if (price.reason.isEmpty())
-        setLimit(price, result.price, security);
+    const Result<double> yuan = compared(record, namedPrices(security, closes));
+    if (yuan)
+        setLimit(price, *yuan, security);
+    else
+        price.reason = errorText(yuan.status());
     return price;
 }
 

@@ -3,6 +3,7 @@
 #include "AutoPlanField.h"
 #include "DayPrice.h"
 #include "EntrustTypes.h"
+#include "ErrorText.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
@@ -45,8 +46,8 @@ QVector<CodeRule> codeRules()
 
 QString formulaError(const QString& caption, const QString& formula)
 {
-    const QString reason = PriceFormula::check(formula, priceNames());
-    return reason.isEmpty() ? QString() : QStringLiteral("%1公式不正确：%2").arg(caption, reason);
+    const Status status = PriceFormula::check(formula, priceNames());
+    return status ? QString() : QStringLiteral("%1公式不正确：%2").arg(caption, errorText(status));
 }
 
 /// What identifies a plan and stays for its life: the record's keys with their captions.

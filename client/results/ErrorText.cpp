@@ -22,6 +22,45 @@ QString sentence(Error error)
         return QStringLiteral("该文件不是数据库文件");
     case Error::DatabaseFailed:
         return QStringLiteral("数据库操作失败：%1");
+    // --- Price formulas
+    case Error::FormulaErrorAt:
+        return QStringLiteral("%2（第%1个字符）");
+    case Error::FormulaEmpty:
+        return QStringLiteral("公式为空");
+    case Error::FormulaTooLong:
+        return QStringLiteral("公式超过%1个字符");
+    case Error::FormulaTooDeep:
+        return QStringLiteral("括号嵌套超过%1层");
+    case Error::FormulaIncomplete:
+        return QStringLiteral("公式不完整");
+    case Error::FormulaSyntax:
+        return QStringLiteral("公式语法不正确");
+    case Error::UnsupportedCharacter:
+        return QStringLiteral("不支持的字符“%1”");
+    case Error::MalformedNumber:
+        return QStringLiteral("数字“%1”格式不正确");
+    case Error::UnknownName:
+        return QStringLiteral("未知的名称“%1”");
+    case Error::MissingParenthesis:
+        return QStringLiteral("缺少右括号");
+    case Error::MisplacedParenthesis:
+        return QStringLiteral("括号位置不正确");
+    case Error::MisplacedComma:
+        return QStringLiteral("逗号位置不正确");
+    case Error::CommaOutsideFunction:
+        return QStringLiteral("逗号只能用于函数的参数之间");
+    case Error::TooManyArguments:
+        return QStringLiteral("函数的参数过多，应为2个");
+    case Error::TooFewArguments:
+        return QStringLiteral("函数的参数不足，应为2个");
+    case Error::DivisionByZero:
+        return QStringLiteral("除数为零");
+    case Error::PriceNotAvailable:
+        return QStringLiteral("该证券没有“%1”的数据");
+    case Error::PriceNotFinite:
+        return QStringLiteral("公式的结果不是有限的数");
+    case Error::PriceNotPositive:
+        return QStringLiteral("公式的结果不大于零");
     }
     return QString();
 }

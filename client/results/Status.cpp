@@ -12,3 +12,10 @@ Status::Status(Error error, QStringList details, const Status& cause)
     , m_cause(new Status(cause))
 {
 }
+
+bool Status::operator==(const Status& other) const
+{
+    if (m_error != other.m_error || m_details != other.m_details || !m_cause != !other.m_cause)
+        return false;
+    return !m_cause || *m_cause == *other.m_cause;
+}

@@ -26,6 +26,9 @@ public:
     /// The failure behind this one; success when there is none.
     Status cause() const { return m_cause ? *m_cause : Status(); }
 
+    /// True when code, details and cause are the same.
+    bool operator==(const Status& other) const;
+
 private:
     Error m_error = Error::None;
     QStringList m_details;
