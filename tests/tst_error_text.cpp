@@ -43,6 +43,134 @@ void addFormulaRows()
     addRow("公式的结果不大于零", Error::PriceNotPositive);
 }
 
+void addStrategyFileRows()
+{
+    addRow("a.xml 第3行：文件中没有策略",
+        { Error::StrategyFileRefused, { QStringLiteral("a.xml") },
+            { Error::StrategyFileLine, { QStringLiteral("3") }, Error::NoStrategy } });
+    addRow("a.xml：文件不存在或不是普通文件",
+        { Error::StrategyFileUnreadable, { QStringLiteral("a.xml") }, Error::NotAFile });
+    addRow("第3行：文件中没有策略", { Error::StrategyFileLine, { QStringLiteral("3") }, Error::NoStrategy });
+    addRow("文件不存在或不是普通文件", Error::NotAFile);
+    addRow("文件无法打开", Error::FileNotOpened);
+    addRow("文件超过1048576字节", { Error::FileTooLarge, { QStringLiteral("1048576") } });
+    addRow("文件不完整", Error::FileIncomplete);
+    addRow("XML格式不正确", Error::InvalidXml);
+    addRow("根元素应为FIXatdl 1.1的Strategies，而不是Edit", { Error::WrongRoot, { QStringLiteral("Edit") } });
+    addRow("文件中没有策略", Error::NoStrategy);
+    addRow("不允许DTD和实体声明", Error::DtdNotAllowed);
+    addRow("不允许实体引用", Error::EntityNotAllowed);
+    addRow("不支持处理指令run", { Error::ProcessingInstruction, { QStringLiteral("run") } });
+    addRow("元素之间有文字“abc”", { Error::TextBetweenElements, { QStringLiteral("abc") } });
+    addRow("命名空间只能在根元素上声明", Error::NamespaceBelowRoot);
+    addRow("元素Edit不支持或不能出现在这里", { Error::UnsupportedElement, { QStringLiteral("Edit") } });
+    addRow("元素Edit的属性name不支持",
+        { Error::UnsupportedAttribute, { QStringLiteral("Edit"), QStringLiteral("name") } });
+    addRow("元素Edit缺少属性name", { Error::MissingAttribute, { QStringLiteral("Edit"), QStringLiteral("name") } });
+    addRow("类型Int_t不能有属性name",
+        { Error::AttributeOfOtherType, { QStringLiteral("Int_t"), QStringLiteral("name") } });
+    addRow("属性name超过1000个字符", { Error::AttributeTooLong, { QStringLiteral("name"), QStringLiteral("1000") } });
+    addRow("属性name的值“x”应为1至5的整数",
+        { Error::AttributeNotInteger,
+            { QStringLiteral("name"), QStringLiteral("x"), QStringLiteral("1"), QStringLiteral("5") } });
+    addRow("属性name的值“x”应为true或false",
+        { Error::AttributeNotBoolean, { QStringLiteral("name"), QStringLiteral("x") } });
+    addRow("属性name的值“x”应以字母开头，只含字母、数字和下划线，最多64个字符",
+        { Error::AttributeNotIdentifier, { QStringLiteral("name"), QStringLiteral("x") } });
+    addRow("属性name的值“x”不支持，只支持D",
+        { Error::UnsupportedAttributeValue, { QStringLiteral("name"), QStringLiteral("x"), QStringLiteral("D") } });
+    addRow("属性use的值“x”应为required或optional", { Error::InvalidUse, { QStringLiteral("x") } });
+    addRow("属性trueWireValue与falseWireValue相同", Error::EqualBooleanValues);
+    addRow("类型“Int_t”不属于urn:x",
+        { Error::TypeOfOtherNamespace, { QStringLiteral("Int_t"), QStringLiteral("urn:x") } });
+    addRow("参数类型“Int_t”不支持", { Error::UnsupportedParameterType, { QStringLiteral("Int_t") } });
+    addRow("参数类型UTCTimestamp_t含有日期，计划跨多个交易日，请改用LocalMktTime_t", Error::TimeWithDate);
+    addRow("控件类型“Int_t”不支持", { Error::UnsupportedControlType, { QStringLiteral("Int_t") } });
+    addRow("比较符“EX”不支持", { Error::UnsupportedOperator, { QStringLiteral("EX") } });
+    addRow("Description中不能有元素Edit", { Error::ElementInDescription, { QStringLiteral("Edit") } });
+    addRow("Description超过1000个字符", { Error::DescriptionTooLong, { QStringLiteral("1000") } });
+    addRow("策略超过100个", { Error::TooManyStrategies, { QStringLiteral("100") } });
+    addRow("参数超过100个", { Error::TooManyParameters, { QStringLiteral("100") } });
+    addRow("EnumPair超过100个", { Error::TooManyEnumPairs, { QStringLiteral("100") } });
+    addRow("控件超过100个", { Error::TooManyControls, { QStringLiteral("100") } });
+    addRow("ListItem超过100个", { Error::TooManyListItems, { QStringLiteral("100") } });
+    addRow("StrategyEdit超过100个", { Error::TooManyRules, { QStringLiteral("100") } });
+    addRow("StrategyPanel嵌套超过8层", { Error::PanelsTooDeep, { QStringLiteral("8") } });
+    addRow("策略名“TWAP”重复", { Error::DuplicateStrategy, { QStringLiteral("TWAP") } });
+    addRow("策略TWAP有多个StrategyLayout", { Error::SecondLayout, { QStringLiteral("TWAP") } });
+    addRow("StrategyLayout中没有StrategyPanel", Error::NoPanel);
+    addRow("StrategyLayout中只能有一个StrategyPanel", Error::SecondPanel);
+    addRow("StrategyPanel中不能同时有Control和StrategyPanel", Error::ControlsBesidePanels);
+    addRow("Boolean_t参数不能有EnumPair", Error::BooleanWithEnumPairs);
+    addRow("StrategyEdit中没有Edit", Error::RuleWithoutComparison);
+    addRow("StrategyEdit中只支持一个Edit", Error::SecondComparison);
+    addRow("Edit应有field2或value之一", Error::ComparisonWithoutOperand);
+}
+
+void addStrategyRows()
+{
+    addRow("参数名“Rate”重复", { Error::DuplicateParameter, { QStringLiteral("Rate") } });
+    addRow("参数Rate既没有控件也没有constValue", { Error::ParameterWithoutControl, { QStringLiteral("Rate") } });
+    addRow("参数Rate的name“x”应为数字",
+        { Error::InvalidParameterAttribute, { QStringLiteral("Rate"), QStringLiteral("name"), QStringLiteral("x") },
+            Error::ValueNotNumber });
+    addRow("参数Rate的类型不能有minValue或maxValue", { Error::LimitsOfOtherType, { QStringLiteral("Rate") } });
+    addRow("参数Rate的minValue大于maxValue", { Error::LimitsReversed, { QStringLiteral("Rate") } });
+    addRow("参数Rate的enumID“e_a”重复", { Error::DuplicateEnumId, { QStringLiteral("Rate"), QStringLiteral("e_a") } });
+    addRow(
+        "参数Rate的wireValue“x”重复", { Error::DuplicateWireValue, { QStringLiteral("Rate"), QStringLiteral("x") } });
+    addRow("控件ID“c1”重复", { Error::DuplicateControl, { QStringLiteral("c1") } });
+    addRow("参数“Rate”有多个控件", { Error::SecondControl, { QStringLiteral("Rate") } });
+    addRow("控件c1的参数“Rate”不存在",
+        { Error::ControlWithoutParameter, { QStringLiteral("c1"), QStringLiteral("Rate") } });
+    addRow("控件c1的参数Rate是常量，不能有控件",
+        { Error::ControlOfConstant, { QStringLiteral("c1"), QStringLiteral("Rate") } });
+    addRow("控件c1的类型与参数Rate的类型不符",
+        { Error::ControlOfOtherType, { QStringLiteral("c1"), QStringLiteral("Rate") } });
+    addRow("控件c1的类型不能有ListItem", { Error::ListItemsOfOtherType, { QStringLiteral("c1") } });
+    addRow("控件c1的ListItem“e_a”重复", { Error::DuplicateListItem, { QStringLiteral("c1"), QStringLiteral("e_a") } });
+    addRow("控件c1的ListItem与参数Rate的EnumPair不一致",
+        { Error::ListItemsDiffer, { QStringLiteral("c1"), QStringLiteral("Rate") } });
+    addRow("控件c1的步长“0”应为大于零且符合参数类型的数字",
+        { Error::InvalidStep, { QStringLiteral("c1"), QStringLiteral("0") } });
+    addRow("控件c1的默认值“x”应为数字",
+        { Error::InvalidDefault, { QStringLiteral("c1"), QStringLiteral("x") }, Error::ValueNotNumber });
+    addRow("校验规则的参数“Rate”不存在", { Error::RuleWithoutParameter, { QStringLiteral("Rate") } });
+    addRow("参数Rate的校验值“x”应为数字",
+        { Error::InvalidRuleValue, { QStringLiteral("Rate"), QStringLiteral("x") }, Error::ValueNotNumber });
+    addRow("校验规则的参数From与Rate类型不同，不能比较",
+        { Error::RuleOfOtherTypes, { QStringLiteral("From"), QStringLiteral("Rate") } });
+}
+
+void addValueRows()
+{
+    addRow("必填", Error::ValueMissing);
+    addRow("固定为4", { Error::ValueNotConstant, { QStringLiteral("4") } });
+    addRow("不是可选的值", Error::ValueNotListed);
+    addRow("应为数字", Error::ValueNotNumber);
+    addRow("应为整数", Error::ValueNotInteger);
+    addRow("最多2位小数", { Error::ValueTooFine, { QStringLiteral("2") } });
+    addRow("应不小于1", { Error::ValueTooSmall, { QStringLiteral("1") } });
+    addRow("应不大于5", { Error::ValueTooLarge, { QStringLiteral("5") } });
+    addRow("应在1至5之间", { Error::ValueOutOfRange, { QStringLiteral("1"), QStringLiteral("5") } });
+    addRow("应为时间，如09:30:00", Error::ValueNotTime);
+    addRow("含有不可见字符", Error::ValueNotPrintable);
+    addRow("应为一个字符", Error::ValueNotCharacter);
+    addRow("最多1000个字符", { Error::ValueTooLong, { QStringLiteral("1000") } });
+}
+
+void addChoiceRows()
+{
+    addRow("未找到该算法", Error::UnknownStrategy);
+    addRow("未找到算法【TWAP】的参数定义！", { Error::StrategyNotDefined, { QStringLiteral("TWAP") } });
+    addRow("算法【TWAP】不在可选范围内，请重新选择！", { Error::StrategyNotOffered, { QStringLiteral("TWAP") } });
+    addRow("Rate 应为数字", { Error::InvalidParameter, { QStringLiteral("Rate") }, Error::ValueNotNumber });
+    addRow("“比例”应为数字！", { Error::InvalidInput, { QStringLiteral("比例") }, Error::ValueNotNumber });
+    addRow("“比例”应为数字（单位：%）！",
+        { Error::InvalidInputInUnit, { QStringLiteral("比例"), QStringLiteral("%") }, Error::ValueNotNumber });
+    addRow("起须早于止！", { Error::RuleBroken, { QStringLiteral("起须早于止！") } });
+}
+
 } // namespace
 
 class ErrorTextTest : public QObject {
@@ -61,6 +189,10 @@ void ErrorTextTest::everyFailureHasItsSentence_data()
     QTest::addColumn<QString>("sentence");
     addDatabaseRows();
     addFormulaRows();
+    addStrategyFileRows();
+    addStrategyRows();
+    addValueRows();
+    addChoiceRows();
 }
 
 void ErrorTextTest::everyFailureHasItsSentence()

@@ -1,6 +1,7 @@
 #include "AlgorithmChoice.h"
 #include "Algo_Fields.h"
 #include "AutoPlanField.h"
+#include "ErrorText.h"
 #include "ParameterValue.h"
 #include "StrategyLibrary.h"
 
@@ -50,10 +51,10 @@ AlgoErrorCode AlgorithmChoice::takeStrategy(const QMap<QString, QVariant>& data,
 {
     m_confirmed.clear();
     const StrategyDefinition strategy = StrategyLibrary::instance().strategy(name);
-    const QString wrong =
-        strategy.name.isEmpty() ? QStringLiteral("未找到该算法") : problem(strategy, parameterValues(strategy, data));
-    if (!wrong.isEmpty()) {
-        qWarning().noquote() << "AlgorithmChoice::takeStrategy" << name.left(64) << wrong.left(200);
+    const Status status =
+        strategy.name.isEmpty() ? Error::UnknownStrategy : check(strategy, parameterValues(strategy, data));
+    if (!status) {
+        qWarning().noquote() << "AlgorithmChoice::takeStrategy" << name.left(64) << errorText(status).left(200);
         return AlgoErrorCode::UnknownStrategy;
     }
     m_loaded = name;
@@ -105,16 +106,15 @@ QMap<QString, QString> AlgorithmChoice::parameterValues(
     return values;
 }
 
-QString AlgorithmChoice::problem(const StrategyDefinition& strategy, const QMap<QString, QString>& values)
+Status AlgorithmChoice::check(const StrategyDefinition& strategy, const QMap<QString, QString>& values)
 {
     for (const StrategyParameter& parameter : strategy.parameters) {
-        const QString wrong = ParameterValue::problem(parameter, values.value(parameter.name));
-        if (!wrong.isEmpty())
-            return QStringLiteral("%1 %2").arg(parameter.name, wrong);
+        if (Status status = ParameterValue::check(parameter, values.value(parameter.name)); !status)
+            return { Error::InvalidParameter, { parameter.name }, status };
     }
     for (const StrategyRule& rule : strategy.rules) {
         if (!ParameterValue::holds(rule, strategy, values))
-            return rule.message;
+            return { Error::RuleBroken, { rule.message } };
     }
     return {};
 }

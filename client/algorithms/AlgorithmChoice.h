@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AlgoErrorCode.h"
+#include "Status.h"
 #include "StrategyDefinition.h"
 #include <QMap>
 #include <QStringList>
@@ -44,8 +45,8 @@ public:
     /// absent one has been left empty; otherwise absent ones are absent.
     static QMap<QString, QString> parameterValues(
         const StrategyDefinition& strategy, const QMap<QString, QVariant>& map);
-    /// Names of the first parameter or rule that the values fail, with what is wrong; empty when nothing is.
-    static QString problem(const StrategyDefinition& strategy, const QMap<QString, QString>& values);
+    /// Checks the values of a strategy: its parameters, then its rules.
+    static Status check(const StrategyDefinition& strategy, const QMap<QString, QString>& values);
 
 private:
     AlgoErrorCode takeStrategy(const QMap<QString, QVariant>& data, const QString& name);

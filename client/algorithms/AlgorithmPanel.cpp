@@ -1,6 +1,7 @@
 #include "AlgorithmPanel.h"
 #include "Algo_Fields.h"
 #include "Algo_Values.h"
+#include "ErrorText.h"
 #include "OrloBusinessDataInterface.h"
 #include "OrloStrategyFactory.h"
 #include "ParamListWidget.h"
@@ -132,12 +133,8 @@ void AlgorithmPanel::connectPanel()
 QString AlgorithmPanel::LoadStrategy(const AesStrategy& strategy, const QMap<QString, QVariant>& defaults,
     const QMap<QString, QVariant>& parameters, const QString& symbol)
 {
-    if (!strategy.name.isEmpty()) {
-        if (StrategyLibrary::instance().strategy(strategy.name).name.isEmpty())
-            return QStringLiteral("未找到算法【%1】的参数定义！").arg(strategy.name);
-        if (!d->choice.offered().contains(strategy.name))
-            return QStringLiteral("算法【%1】不在可选范围内，请重新选择！").arg(strategy.name);
-    }
+    if (Status status = checkChoice(strategy.name); !status)
+        return errorText(status);
     m_symbol = symbol;
     d->choice.load(strategy.name);
     QMap<QString, QVariant> given = defaults;
@@ -151,6 +148,17 @@ QString AlgorithmPanel::LoadStrategy(const AesStrategy& strategy, const QMap<QSt
     if (!strategy.name.isEmpty())
         show();
     return SUCCESS;
+}
+
+Status AlgorithmPanel::checkChoice(const QString& name) const
+{
+    if (name.isEmpty())
+        return {};
+    if (StrategyLibrary::instance().strategy(name).name.isEmpty())
+        return { Error::StrategyNotDefined, { name } };
+    if (!d->choice.offered().contains(name))
+        return { Error::StrategyNotOffered, { name } };
+    return {};
 }
 
 QMap<QString, QVariant> AlgorithmPanel::GetParamMap() const
@@ -301,8 +309,8 @@ void AlgorithmPanel::slotOk()
         return;
     const ParameterForm::Fault fault = m_form->check();
     m_form->markFault(fault.parameter);
-    showMessage(fault.message);
-    if (!fault.message.isEmpty())
+    showMessage(errorText(fault.status));
+    if (!fault.status)
         return;
     d->choice.confirm(m_form->strategy(), m_form->values());
     hide();

@@ -40,6 +40,7 @@ private:
     void buildButtons(QVBoxLayout* column);
     void connectPanel();
 
+    Status checkChoice(const QString& name) const;
     void fillStrategies();
     void selectStrategy(const QString& name);
     void showStrategy(const QString& name, const QMap<QString, QString>& values);

@@ -101,24 +101,26 @@ QMap<QString, QString> ParameterForm::values() const
 ParameterForm::Fault ParameterForm::check() const
 {
     for (const Row& row : m_rows) {
-        const QString problem = ParameterValue::problem(row.parameter, row.value());
-        if (!problem.isEmpty())
-            return { row.parameter.name, sentence(row, problem) };
+        if (Status status = check(row); !status)
+            return { status, row.parameter.name };
     }
     const QMap<QString, QString> entered = values();
     for (const StrategyRule& rule : m_strategy.rules) {
         if (!ParameterValue::holds(rule, m_strategy, entered))
-            return { rule.field, rule.message };
+            return { { Error::RuleBroken, { rule.message } }, rule.field };
     }
     return {};
 }
 
-QString ParameterForm::sentence(const Row& row, const QString& problem)
+Status ParameterForm::check(const Row& row)
 {
+    const Status status = ParameterValue::check(row.parameter, row.value());
+    if (status)
+        return status;
     const QString unit = unitOf(row.control, row.parameter);
     if (unit.isEmpty() || !ParameterValue::isNumber(row.parameter.type))
-        return QStringLiteral("“%1”%2！").arg(row.control.label, problem);
-    return QStringLiteral("“%1”%2（单位：%3）！").arg(row.control.label, problem, unit);
+        return { Error::InvalidInput, { row.control.label }, status };
+    return { Error::InvalidInputInUnit, { row.control.label, unit }, status };
 }
 
 void ParameterForm::markFault(const QString& parameter)

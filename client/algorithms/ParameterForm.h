@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Status.h"
 #include "StrategyDefinition.h"
 #include <QGridLayout>
 #include <QMap>
@@ -11,10 +12,10 @@ class ParameterForm : public QWidget {
     Q_OBJECT
 
 public:
-    /// What is wrong with the first input that is.
+    /// The first input that cannot be taken.
     struct Fault {
-        QString parameter; ///< name of the parameter concerned; empty when nothing is wrong
-        QString message;   ///< a whole sentence for the trader
+        Status status;     ///< success when every input can be taken
+        QString parameter; ///< name of the input's parameter; empty on success
     };
 
     ParameterForm(const StrategyDefinition& strategy, QWidget* parent);
@@ -30,7 +31,7 @@ public:
     /// Every parameter's value as entered, constants included; an empty text where nothing is entered.
     QMap<QString, QString> values() const;
     /// Checks what is entered, in the order of the rows, then the relations between them.
-    Fault check() const;
+    [[nodiscard]] Fault check() const;
     /// The last input in the order of the Tab key; null when there is none.
     QWidget* lastInput() const { return m_rows.isEmpty() ? nullptr : m_rows.constLast().lastFocus; }
     /// Marks the input of a parameter as faulty and gives it the focus; an empty name takes the mark away.
@@ -51,7 +52,7 @@ private:
         std::function<void(const QString&)> setValue;
     };
 
-    static QString sentence(const Row& row, const QString& problem);
+    static Status check(const Row& row);
     void addSection(const QString& title);
     void addRow(const StrategyControl& control, const StrategyParameter& parameter);
     void addRemarks(const Row& row, int line);

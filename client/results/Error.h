@@ -32,4 +32,98 @@ enum class Error {
     PriceNotAvailable, ///< the price's name
     PriceNotFinite,
     PriceNotPositive,
+    // --- Strategy files
+    StrategyFileRefused,    ///< file; cause, with its line
+    StrategyFileUnreadable, ///< file; cause
+    StrategyFileLine,       ///< line; cause
+    NotAFile,
+    FileNotOpened,
+    FileTooLarge, ///< largest number of bytes
+    FileIncomplete,
+    InvalidXml,
+    WrongRoot, ///< element
+    NoStrategy,
+    DtdNotAllowed,
+    EntityNotAllowed,
+    ProcessingInstruction, ///< its target
+    TextBetweenElements,   ///< text
+    NamespaceBelowRoot,
+    UnsupportedElement,        ///< element
+    UnsupportedAttribute,      ///< element, attribute
+    MissingAttribute,          ///< element, attribute
+    AttributeOfOtherType,      ///< type, attribute
+    AttributeTooLong,          ///< attribute, largest number of characters
+    AttributeNotInteger,       ///< attribute, value, smallest, largest integer
+    AttributeNotBoolean,       ///< attribute, value
+    AttributeNotIdentifier,    ///< attribute, value
+    UnsupportedAttributeValue, ///< attribute, value, the only one
+    InvalidUse,                ///< value
+    EqualBooleanValues,
+    TypeOfOtherNamespace,     ///< type, namespace
+    UnsupportedParameterType, ///< type
+    TimeWithDate,
+    UnsupportedControlType, ///< type
+    UnsupportedOperator,    ///< operator
+    ElementInDescription,   ///< element
+    DescriptionTooLong,     ///< largest number of characters
+    TooManyStrategies,      ///< largest number
+    TooManyParameters,      ///< largest number
+    TooManyEnumPairs,       ///< largest number
+    TooManyControls,        ///< largest number
+    TooManyListItems,       ///< largest number
+    TooManyRules,           ///< largest number
+    PanelsTooDeep,          ///< largest number of levels
+    DuplicateStrategy,      ///< strategy
+    SecondLayout,           ///< strategy
+    NoPanel,
+    SecondPanel,
+    ControlsBesidePanels,
+    BooleanWithEnumPairs,
+    RuleWithoutComparison,
+    SecondComparison,
+    ComparisonWithoutOperand,
+    // --- Strategies
+    DuplicateParameter,        ///< parameter
+    ParameterWithoutControl,   ///< parameter
+    InvalidParameterAttribute, ///< parameter, attribute, value; cause
+    LimitsOfOtherType,         ///< parameter
+    LimitsReversed,            ///< parameter
+    DuplicateEnumId,           ///< parameter, id
+    DuplicateWireValue,        ///< parameter, value
+    DuplicateControl,          ///< control
+    SecondControl,             ///< parameter
+    ControlWithoutParameter,   ///< control, parameter
+    ControlOfConstant,         ///< control, parameter
+    ControlOfOtherType,        ///< control, parameter
+    ListItemsOfOtherType,      ///< control
+    DuplicateListItem,         ///< control, id
+    ListItemsDiffer,           ///< control, parameter
+    InvalidStep,               ///< control, step
+    InvalidDefault,            ///< control, value; cause
+    RuleWithoutParameter,      ///< parameter
+    InvalidRuleValue,          ///< parameter, value; cause
+    RuleOfOtherTypes,          ///< both parameters
+    // --- Values of strategy parameters; each sentence is the second half of one
+    ValueMissing,
+    ValueNotConstant, ///< constant
+    ValueNotListed,
+    ValueNotNumber,
+    ValueNotInteger,
+    ValueTooFine,    ///< largest number of decimals
+    ValueTooSmall,   ///< smallest value
+    ValueTooLarge,   ///< largest value
+    ValueOutOfRange, ///< smallest, largest value
+    ValueNotTime,
+    ValueNotPrintable,
+    ValueNotCharacter,
+    ValueTooLong, ///< largest number of characters
+    // --- Choice and parameters of a strategy
+    UnknownStrategy,
+    StrategyNotDefined, ///< strategy
+    StrategyNotOffered, ///< strategy
+    InvalidParameter,   ///< parameter; cause
+    InvalidInput,       ///< label; cause
+    InvalidInputInUnit, ///< label, unit; cause
+    RuleBroken,         ///< the rule's own sentence
+    Count,              ///< not a failure: how many codes there are
 };

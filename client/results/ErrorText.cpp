@@ -2,68 +2,148 @@
 
 namespace {
 
-/// The sentence of a code, with %1, %2, ... in the places of its details and, behind them, of its cause.
-QString sentence(Error error)
-{
-    switch (error) {
-    case Error::None:
-        break;
-    case Error::DatabaseNotOpen:
-        return QStringLiteral("数据库未打开");
-    case Error::DatabaseBusy:
-        return QStringLiteral("数据库正被其他程序占用，请稍后再试");
-    case Error::DatabaseReadOnly:
-        return QStringLiteral("数据库文件只读，无法写入");
-    case Error::DatabaseCorrupt:
-        return QStringLiteral("数据库文件已损坏");
-    case Error::DiskFull:
-        return QStringLiteral("磁盘空间不足，无法写入数据库");
-    case Error::NotADatabase:
-        return QStringLiteral("该文件不是数据库文件");
-    case Error::DatabaseFailed:
-        return QStringLiteral("数据库操作失败：%1");
+struct Sentence {
+    Error error;
+    const char* text;
+};
+
+/// The sentences in the order of the codes, with %1, %2, ... in the places of the details and, behind them, of the
+/// cause.
+constexpr Sentence sentences[] = {
+    { Error::None, "" },
+    // --- The database
+    { Error::DatabaseNotOpen, "数据库未打开" },
+    { Error::DatabaseBusy, "数据库正被其他程序占用，请稍后再试" },
+    { Error::DatabaseReadOnly, "数据库文件只读，无法写入" },
+    { Error::DatabaseCorrupt, "数据库文件已损坏" },
+    { Error::DiskFull, "磁盘空间不足，无法写入数据库" },
+    { Error::NotADatabase, "该文件不是数据库文件" },
+    { Error::DatabaseFailed, "数据库操作失败：%1" },
     // --- Price formulas
-    case Error::FormulaErrorAt:
-        return QStringLiteral("%2（第%1个字符）");
-    case Error::FormulaEmpty:
-        return QStringLiteral("公式为空");
-    case Error::FormulaTooLong:
-        return QStringLiteral("公式超过%1个字符");
-    case Error::FormulaTooDeep:
-        return QStringLiteral("括号嵌套超过%1层");
-    case Error::FormulaIncomplete:
-        return QStringLiteral("公式不完整");
-    case Error::FormulaSyntax:
-        return QStringLiteral("公式语法不正确");
-    case Error::UnsupportedCharacter:
-        return QStringLiteral("不支持的字符“%1”");
-    case Error::MalformedNumber:
-        return QStringLiteral("数字“%1”格式不正确");
-    case Error::UnknownName:
-        return QStringLiteral("未知的名称“%1”");
-    case Error::MissingParenthesis:
-        return QStringLiteral("缺少右括号");
-    case Error::MisplacedParenthesis:
-        return QStringLiteral("括号位置不正确");
-    case Error::MisplacedComma:
-        return QStringLiteral("逗号位置不正确");
-    case Error::CommaOutsideFunction:
-        return QStringLiteral("逗号只能用于函数的参数之间");
-    case Error::TooManyArguments:
-        return QStringLiteral("函数的参数过多，应为2个");
-    case Error::TooFewArguments:
-        return QStringLiteral("函数的参数不足，应为2个");
-    case Error::DivisionByZero:
-        return QStringLiteral("除数为零");
-    case Error::PriceNotAvailable:
-        return QStringLiteral("该证券没有“%1”的数据");
-    case Error::PriceNotFinite:
-        return QStringLiteral("公式的结果不是有限的数");
-    case Error::PriceNotPositive:
-        return QStringLiteral("公式的结果不大于零");
+    { Error::FormulaErrorAt, "%2（第%1个字符）" },
+    { Error::FormulaEmpty, "公式为空" },
+    { Error::FormulaTooLong, "公式超过%1个字符" },
+    { Error::FormulaTooDeep, "括号嵌套超过%1层" },
+    { Error::FormulaIncomplete, "公式不完整" },
+    { Error::FormulaSyntax, "公式语法不正确" },
+    { Error::UnsupportedCharacter, "不支持的字符“%1”" },
+    { Error::MalformedNumber, "数字“%1”格式不正确" },
+    { Error::UnknownName, "未知的名称“%1”" },
+    { Error::MissingParenthesis, "缺少右括号" },
+    { Error::MisplacedParenthesis, "括号位置不正确" },
+    { Error::MisplacedComma, "逗号位置不正确" },
+    { Error::CommaOutsideFunction, "逗号只能用于函数的参数之间" },
+    { Error::TooManyArguments, "函数的参数过多，应为2个" },
+    { Error::TooFewArguments, "函数的参数不足，应为2个" },
+    { Error::DivisionByZero, "除数为零" },
+    { Error::PriceNotAvailable, "该证券没有“%1”的数据" },
+    { Error::PriceNotFinite, "公式的结果不是有限的数" },
+    { Error::PriceNotPositive, "公式的结果不大于零" },
+    // --- Strategy files
+    { Error::StrategyFileRefused, "%1 %2" },
+    { Error::StrategyFileUnreadable, "%1：%2" },
+    { Error::StrategyFileLine, "第%1行：%2" },
+    { Error::NotAFile, "文件不存在或不是普通文件" },
+    { Error::FileNotOpened, "文件无法打开" },
+    { Error::FileTooLarge, "文件超过%1字节" },
+    { Error::FileIncomplete, "文件不完整" },
+    { Error::InvalidXml, "XML格式不正确" },
+    { Error::WrongRoot, "根元素应为FIXatdl 1.1的Strategies，而不是%1" },
+    { Error::NoStrategy, "文件中没有策略" },
+    { Error::DtdNotAllowed, "不允许DTD和实体声明" },
+    { Error::EntityNotAllowed, "不允许实体引用" },
+    { Error::ProcessingInstruction, "不支持处理指令%1" },
+    { Error::TextBetweenElements, "元素之间有文字“%1”" },
+    { Error::NamespaceBelowRoot, "命名空间只能在根元素上声明" },
+    { Error::UnsupportedElement, "元素%1不支持或不能出现在这里" },
+    { Error::UnsupportedAttribute, "元素%1的属性%2不支持" },
+    { Error::MissingAttribute, "元素%1缺少属性%2" },
+    { Error::AttributeOfOtherType, "类型%1不能有属性%2" },
+    { Error::AttributeTooLong, "属性%1超过%2个字符" },
+    { Error::AttributeNotInteger, "属性%1的值“%2”应为%3至%4的整数" },
+    { Error::AttributeNotBoolean, "属性%1的值“%2”应为true或false" },
+    { Error::AttributeNotIdentifier, "属性%1的值“%2”应以字母开头，只含字母、数字和下划线，最多64个字符" },
+    { Error::UnsupportedAttributeValue, "属性%1的值“%2”不支持，只支持%3" },
+    { Error::InvalidUse, "属性use的值“%1”应为required或optional" },
+    { Error::EqualBooleanValues, "属性trueWireValue与falseWireValue相同" },
+    { Error::TypeOfOtherNamespace, "类型“%1”不属于%2" },
+    { Error::UnsupportedParameterType, "参数类型“%1”不支持" },
+    { Error::TimeWithDate, "参数类型UTCTimestamp_t含有日期，计划跨多个交易日，请改用LocalMktTime_t" },
+    { Error::UnsupportedControlType, "控件类型“%1”不支持" },
+    { Error::UnsupportedOperator, "比较符“%1”不支持" },
+    { Error::ElementInDescription, "Description中不能有元素%1" },
+    { Error::DescriptionTooLong, "Description超过%1个字符" },
+    { Error::TooManyStrategies, "策略超过%1个" },
+    { Error::TooManyParameters, "参数超过%1个" },
+    { Error::TooManyEnumPairs, "EnumPair超过%1个" },
+    { Error::TooManyControls, "控件超过%1个" },
+    { Error::TooManyListItems, "ListItem超过%1个" },
+    { Error::TooManyRules, "StrategyEdit超过%1个" },
+    { Error::PanelsTooDeep, "StrategyPanel嵌套超过%1层" },
+    { Error::DuplicateStrategy, "策略名“%1”重复" },
+    { Error::SecondLayout, "策略%1有多个StrategyLayout" },
+    { Error::NoPanel, "StrategyLayout中没有StrategyPanel" },
+    { Error::SecondPanel, "StrategyLayout中只能有一个StrategyPanel" },
+    { Error::ControlsBesidePanels, "StrategyPanel中不能同时有Control和StrategyPanel" },
+    { Error::BooleanWithEnumPairs, "Boolean_t参数不能有EnumPair" },
+    { Error::RuleWithoutComparison, "StrategyEdit中没有Edit" },
+    { Error::SecondComparison, "StrategyEdit中只支持一个Edit" },
+    { Error::ComparisonWithoutOperand, "Edit应有field2或value之一" },
+    // --- Strategies
+    { Error::DuplicateParameter, "参数名“%1”重复" },
+    { Error::ParameterWithoutControl, "参数%1既没有控件也没有constValue" },
+    { Error::InvalidParameterAttribute, "参数%1的%2“%3”%4" },
+    { Error::LimitsOfOtherType, "参数%1的类型不能有minValue或maxValue" },
+    { Error::LimitsReversed, "参数%1的minValue大于maxValue" },
+    { Error::DuplicateEnumId, "参数%1的enumID“%2”重复" },
+    { Error::DuplicateWireValue, "参数%1的wireValue“%2”重复" },
+    { Error::DuplicateControl, "控件ID“%1”重复" },
+    { Error::SecondControl, "参数“%1”有多个控件" },
+    { Error::ControlWithoutParameter, "控件%1的参数“%2”不存在" },
+    { Error::ControlOfConstant, "控件%1的参数%2是常量，不能有控件" },
+    { Error::ControlOfOtherType, "控件%1的类型与参数%2的类型不符" },
+    { Error::ListItemsOfOtherType, "控件%1的类型不能有ListItem" },
+    { Error::DuplicateListItem, "控件%1的ListItem“%2”重复" },
+    { Error::ListItemsDiffer, "控件%1的ListItem与参数%2的EnumPair不一致" },
+    { Error::InvalidStep, "控件%1的步长“%2”应为大于零且符合参数类型的数字" },
+    { Error::InvalidDefault, "控件%1的默认值“%2”%3" },
+    { Error::RuleWithoutParameter, "校验规则的参数“%1”不存在" },
+    { Error::InvalidRuleValue, "参数%1的校验值“%2”%3" },
+    { Error::RuleOfOtherTypes, "校验规则的参数%1与%2类型不同，不能比较" },
+    // --- Values of strategy parameters
+    { Error::ValueMissing, "必填" },
+    { Error::ValueNotConstant, "固定为%1" },
+    { Error::ValueNotListed, "不是可选的值" },
+    { Error::ValueNotNumber, "应为数字" },
+    { Error::ValueNotInteger, "应为整数" },
+    { Error::ValueTooFine, "最多%1位小数" },
+    { Error::ValueTooSmall, "应不小于%1" },
+    { Error::ValueTooLarge, "应不大于%1" },
+    { Error::ValueOutOfRange, "应在%1至%2之间" },
+    { Error::ValueNotTime, "应为时间，如09:30:00" },
+    { Error::ValueNotPrintable, "含有不可见字符" },
+    { Error::ValueNotCharacter, "应为一个字符" },
+    { Error::ValueTooLong, "最多%1个字符" },
+    // --- Choice and parameters of a strategy
+    { Error::UnknownStrategy, "未找到该算法" },
+    { Error::StrategyNotDefined, "未找到算法【%1】的参数定义！" },
+    { Error::StrategyNotOffered, "算法【%1】不在可选范围内，请重新选择！" },
+    { Error::InvalidParameter, "%1 %2" },
+    { Error::InvalidInput, "“%1”%2！" },
+    { Error::InvalidInputInUnit, "“%1”%3（单位：%2）！" },
+    { Error::RuleBroken, "%1" },
+};
+
+constexpr bool isComplete()
+{
+    size_t code = 0;
+    for (const Sentence& sentence : sentences) {
+        if (static_cast<size_t>(sentence.error) != code++)
+            return false;
     }
-    return QString();
+    return code == static_cast<size_t>(Error::Count);
 }
+static_assert(isComplete(), "every code has its sentence, in the order of the codes");
 
 } // namespace
 
@@ -72,7 +152,7 @@ QString errorText(const Status& status)
     QStringList values = status.details();
     if (!status.cause())
         values << errorText(status.cause());
-    QString text = sentence(status.error());
+    const QString text = QString::fromUtf8(sentences[static_cast<size_t>(status.error())].text);
     // All at once: a detail that holds a placeholder stays as it is.
     switch (values.size()) {
     case 0:

@@ -50,63 +50,63 @@ bool isAboveRange(const StrategyParameter& parameter, const QString& value)
     return !parameter.maxValue.isEmpty() && compare(parameter, value, parameter.maxValue) > 0;
 }
 
-QString rangeProblem(const StrategyParameter& parameter, const QString& value)
+Status checkRange(const StrategyParameter& parameter, const QString& value)
 {
     if (!isBelowRange(parameter, value) && !isAboveRange(parameter, value))
         return {};
     const QString low = ParameterValue::shown(parameter, parameter.minValue);
     const QString high = ParameterValue::shown(parameter, parameter.maxValue);
     if (high.isEmpty())
-        return QStringLiteral("应不小于%1").arg(low);
+        return { Error::ValueTooSmall, { low } };
     if (low.isEmpty())
-        return QStringLiteral("应不大于%1").arg(high);
-    return QStringLiteral("应在%1至%2之间").arg(low, high);
+        return { Error::ValueTooLarge, { high } };
+    return { Error::ValueOutOfRange, { low, high } };
 }
 
-QString numberProblem(const StrategyParameter& parameter, const QString& value)
+Status checkNumber(const StrategyParameter& parameter, const QString& value)
 {
     if (!ParameterValue::isDecimal(value))
-        return QStringLiteral("应为数字");
+        return Error::ValueNotNumber;
     const bool whole =
         parameter.type == ParameterType::Int || (parameter.type == ParameterType::Qty && parameter.precision <= 0);
     const int found = decimals(ParameterValue::movePoint(value, 0));
     if (whole && found > 0)
-        return QStringLiteral("应为整数");
+        return Error::ValueNotInteger;
     if (parameter.precision < 0 || found <= parameter.precision)
-        return rangeProblem(parameter, value);
+        return checkRange(parameter, value);
     const int shownPlaces =
         parameter.type == ParameterType::Percentage ? parameter.precision - PERCENT_PLACES : parameter.precision;
-    return QStringLiteral("最多%1位小数").arg(std::max(shownPlaces, 0));
+    return { Error::ValueTooFine, { QString::number(std::max(shownPlaces, 0)) } };
 }
 
-QString timeProblem(const StrategyParameter& parameter, const QString& value)
+Status checkTime(const StrategyParameter& parameter, const QString& value)
 {
     if (!isTime(value))
-        return QStringLiteral("应为时间，如09:30:00");
-    return rangeProblem(parameter, value);
+        return Error::ValueNotTime;
+    return checkRange(parameter, value);
 }
 
-QString textProblem(const StrategyParameter& parameter, const QString& value)
+Status checkText(const StrategyParameter& parameter, const QString& value)
 {
     if (std::any_of(value.cbegin(), value.cend(), [](QChar letter) { return !letter.isPrint(); }))
-        return QStringLiteral("含有不可见字符");
+        return Error::ValueNotPrintable;
     if (parameter.type == ParameterType::Char && value.size() != 1)
-        return QStringLiteral("应为一个字符");
+        return Error::ValueNotCharacter;
     if (value.size() > parameter.maxLength)
-        return QStringLiteral("最多%1个字符").arg(parameter.maxLength);
+        return { Error::ValueTooLong, { QString::number(parameter.maxLength) } };
     return {};
 }
 
-QString typeProblem(const StrategyParameter& parameter, const QString& value)
+Status checkType(const StrategyParameter& parameter, const QString& value)
 {
     if (ParameterValue::isNumber(parameter.type))
-        return numberProblem(parameter, value);
+        return checkNumber(parameter, value);
     if (parameter.type == ParameterType::LocalTime)
-        return timeProblem(parameter, value);
+        return checkTime(parameter, value);
     if (parameter.type != ParameterType::Boolean)
-        return textProblem(parameter, value);
+        return checkText(parameter, value);
     const bool known = value == parameter.trueValue || value == parameter.falseValue;
-    return known ? QString() : QStringLiteral("不是可选的值");
+    return known ? Status() : Error::ValueNotListed;
 }
 
 bool isListed(const StrategyParameter& parameter, const QString& value)
@@ -189,15 +189,15 @@ QString ParameterValue::entered(const StrategyParameter& parameter, const QStrin
     return movePoint(value, parameter.type == ParameterType::Percentage ? -PERCENT_PLACES : 0);
 }
 
-QString ParameterValue::problem(const StrategyParameter& parameter, const QString& value)
+Status ParameterValue::check(const StrategyParameter& parameter, const QString& value)
 {
     if (!parameter.constValue.isEmpty())
-        return value == parameter.constValue ? QString() : QStringLiteral("固定为%1").arg(parameter.constValue);
+        return value == parameter.constValue ? Status() : Status(Error::ValueNotConstant, { parameter.constValue });
     if (value.isEmpty())
-        return parameter.required ? QStringLiteral("必填") : QString();
+        return parameter.required ? Error::ValueMissing : Status();
     if (!parameter.values.isEmpty() && !isListed(parameter, value))
-        return QStringLiteral("不是可选的值");
-    return typeProblem(parameter, value);
+        return Error::ValueNotListed;
+    return checkType(parameter, value);
 }
 
 QString ParameterValue::rangeHint(const StrategyParameter& parameter)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Status.h"
 #include "StrategyDefinition.h"
 #include <QMap>
 
@@ -22,11 +23,11 @@ QString movePoint(const QString& text, int places);
 QString shown(const StrategyParameter& parameter, const QString& value);
 
 /// The inverse: value of what the trader has typed, in its shortest form ("9:30" is "09:30:00"). What cannot be
-/// understood is returned as it is, for `problem` to refuse.
+/// understood is returned as it is, for `check` to refuse.
 QString entered(const StrategyParameter& parameter, const QString& text);
 
-/// What is wrong with a value, as the second half of a sentence ("应在1至50之间"); empty when nothing is.
-QString problem(const StrategyParameter& parameter, const QString& value);
+/// Whether the parameter takes a value.
+Status check(const StrategyParameter& parameter, const QString& value);
 
 /// The range for the trader ("1 ～ 50"); empty when there is none.
 QString rangeHint(const StrategyParameter& parameter);

@@ -37,39 +37,37 @@ StrategyParameter unlimited(StrategyParameter parameter)
     return parameter;
 }
 
-QString valueProblem(const StrategyParameter& parameter, const QString& attribute, const QString& value)
+Status checkAttribute(const StrategyParameter& parameter, const QString& attribute, const QString& value)
 {
-    if (value.isEmpty())
-        return {};
-    const QString problem = ParameterValue::problem(parameter, value);
-    if (problem.isEmpty())
-        return {};
-    return QStringLiteral("参数%1的%2“%3”%4").arg(parameter.name, attribute, value, problem);
+    const Status status = value.isEmpty() ? Status() : ParameterValue::check(parameter, value);
+    if (!status)
+        return { Error::InvalidParameterAttribute, { parameter.name, attribute, value }, status };
+    return {};
 }
 
-QString limitsProblem(const StrategyParameter& parameter)
+Status checkLimits(const StrategyParameter& parameter)
 {
     if (parameter.minValue.isEmpty() && parameter.maxValue.isEmpty())
         return {};
     if (!ParameterValue::isNumber(parameter.type) && parameter.type != ParameterType::LocalTime)
-        return QStringLiteral("参数%1的类型不能有minValue或maxValue").arg(parameter.name);
+        return { Error::LimitsOfOtherType, { parameter.name } };
     const StrategyParameter plain = unlimited(parameter);
-    const QString low = valueProblem(plain, QStringLiteral("minValue"), parameter.minValue);
-    const QString high = valueProblem(plain, QStringLiteral("maxValue"), parameter.maxValue);
-    if (!low.isEmpty() || !high.isEmpty())
-        return low.isEmpty() ? high : low;
+    if (Status status = checkAttribute(plain, QStringLiteral("minValue"), parameter.minValue); !status)
+        return status;
+    if (Status status = checkAttribute(plain, QStringLiteral("maxValue"), parameter.maxValue); !status)
+        return status;
     StrategyParameter upper = plain;
     upper.maxValue = parameter.maxValue;
-    if (!parameter.minValue.isEmpty() && !ParameterValue::problem(upper, parameter.minValue).isEmpty())
-        return QStringLiteral("参数%1的minValue大于maxValue").arg(parameter.name);
+    if (!parameter.minValue.isEmpty() && !ParameterValue::check(upper, parameter.minValue))
+        return { Error::LimitsReversed, { parameter.name } };
     return {};
 }
 
-QString constantProblem(const StrategyParameter& parameter)
+Status checkConstant(const StrategyParameter& parameter)
 {
     StrategyParameter open = parameter;
     open.constValue.clear();
-    return valueProblem(open, QStringLiteral("constValue"), parameter.constValue);
+    return checkAttribute(open, QStringLiteral("constValue"), parameter.constValue);
 }
 
 QString duplicate(const QList<EnumeratedValue>& values, QString EnumeratedValue::*member)
@@ -83,18 +81,17 @@ QString duplicate(const QList<EnumeratedValue>& values, QString EnumeratedValue:
     return {};
 }
 
-QString enumerationProblem(const StrategyParameter& parameter)
+Status checkEnumeration(const StrategyParameter& parameter)
 {
     const QString id = duplicate(parameter.values, &EnumeratedValue::id);
     if (!id.isEmpty())
-        return QStringLiteral("参数%1的enumID“%2”重复").arg(parameter.name, id);
+        return { Error::DuplicateEnumId, { parameter.name, id } };
     const QString wire = duplicate(parameter.values, &EnumeratedValue::text);
     if (!wire.isEmpty())
-        return QStringLiteral("参数%1的wireValue“%2”重复").arg(parameter.name, wire);
+        return { Error::DuplicateWireValue, { parameter.name, wire } };
     for (const EnumeratedValue& value : parameter.values) {
-        QString problem = valueProblem(unlimited(parameter), QStringLiteral("wireValue"), value.text);
-        if (!problem.isEmpty())
-            return problem;
+        if (Status status = checkAttribute(unlimited(parameter), QStringLiteral("wireValue"), value.text); !status)
+            return status;
     }
     return {};
 }
@@ -107,134 +104,148 @@ QSet<QString> ids(const QList<EnumeratedValue>& values)
     return result;
 }
 
-QString itemsProblem(const StrategyControl& control, const StrategyParameter& parameter)
+Status checkItems(const StrategyControl& control, const StrategyParameter& parameter)
 {
     if (!isListControl(control.type) && !control.items.isEmpty())
-        return QStringLiteral("控件%1的类型不能有ListItem").arg(control.id);
+        return { Error::ListItemsOfOtherType, { control.id } };
     const QString repeated = duplicate(control.items, &EnumeratedValue::id);
     if (!repeated.isEmpty())
-        return QStringLiteral("控件%1的ListItem“%2”重复").arg(control.id, repeated);
+        return { Error::DuplicateListItem, { control.id, repeated } };
     if (ids(control.items) != ids(parameter.values))
-        return QStringLiteral("控件%1的ListItem与参数%2的EnumPair不一致").arg(control.id, parameter.name);
+        return { Error::ListItemsDiffer, { control.id, parameter.name } };
     return {};
 }
 
-QString stepProblem(const StrategyControl& control, const StrategyParameter& parameter)
+Status checkSteps(const StrategyControl& control, const StrategyParameter& parameter)
 {
     for (const QString& step : { control.increment, control.outerIncrement }) {
         if (step.isEmpty())
             continue;
-        const bool good = ParameterValue::problem(unlimited(parameter), step).isEmpty() && step.toDouble() > 0;
+        const bool good = ParameterValue::check(unlimited(parameter), step) && step.toDouble() > 0;
         if (!good)
-            return QStringLiteral("控件%1的步长“%2”应为大于零且符合参数类型的数字").arg(control.id, step);
+            return { Error::InvalidStep, { control.id, step } };
     }
     return {};
 }
 
-QString defaultProblem(const StrategyControl& control, const StrategyParameter& parameter)
+Status checkDefault(const StrategyControl& control, const StrategyParameter& parameter)
 {
-    const QString problem =
-        control.initialValue.isEmpty() ? QString() : ParameterValue::problem(parameter, control.initialValue);
-    if (problem.isEmpty())
-        return {};
-    return QStringLiteral("控件%1的默认值“%2”%3").arg(control.id, control.initialValue, problem);
+    const Status status =
+        control.initialValue.isEmpty() ? Status() : ParameterValue::check(parameter, control.initialValue);
+    if (!status)
+        return { Error::InvalidDefault, { control.id, control.initialValue }, status };
+    return {};
 }
 
-QString controlProblem(const StrategyControl& control, const StrategyParameter* parameter)
+Status checkAgainst(const StrategyControl& control, const StrategyParameter* parameter)
 {
     if (!parameter)
-        return QStringLiteral("控件%1的参数“%2”不存在").arg(control.id, control.parameter);
+        return { Error::ControlWithoutParameter, { control.id, control.parameter } };
     if (!parameter->constValue.isEmpty())
-        return QStringLiteral("控件%1的参数%2是常量，不能有控件").arg(control.id, parameter->name);
+        return { Error::ControlOfConstant, { control.id, parameter->name } };
     if (!fits(control.type, *parameter))
-        return QStringLiteral("控件%1的类型与参数%2的类型不符").arg(control.id, parameter->name);
-    for (const auto find : { itemsProblem, stepProblem, defaultProblem }) {
-        QString problem = find(control, *parameter);
-        if (!problem.isEmpty())
-            return problem;
+        return { Error::ControlOfOtherType, { control.id, parameter->name } };
+    for (const auto check : { checkItems, checkSteps, checkDefault }) {
+        if (Status status = check(control, *parameter); !status)
+            return status;
     }
     return {};
 }
 
-template <typename Part>
-StrategyFlaw firstDuplicate(const QList<Part>& parts, QString Part::*key, const QString& message)
+template <typename Part> Status checkDuplicates(const QList<Part>& parts, QString Part::*key, Error error)
 {
     QSet<QString> seen;
     for (const Part& part : parts) {
         if (seen.contains(part.*key))
-            return { message.arg(part.*key), part.line };
+            return StrategyChecks::errorAt(part.line, { error, { part.*key } });
         seen.insert(part.*key);
     }
     return {};
 }
 
-StrategyFlaw duplicates(const StrategyDefinition& strategy)
+Status checkNames(const StrategyDefinition& strategy)
 {
-    for (const StrategyFlaw& flaw :
-        { firstDuplicate(strategy.parameters, &StrategyParameter::name, QStringLiteral("参数名“%1”重复")),
-            firstDuplicate(strategy.controls, &StrategyControl::id, QStringLiteral("控件ID“%1”重复")),
-            firstDuplicate(strategy.controls, &StrategyControl::parameter, QStringLiteral("参数“%1”有多个控件")) }) {
-        if (!flaw.reason.isEmpty())
-            return flaw;
-    }
-    return {};
+    if (Status status = checkDuplicates(strategy.parameters, &StrategyParameter::name, Error::DuplicateParameter);
+        !status)
+        return status;
+    if (Status status = checkDuplicates(strategy.controls, &StrategyControl::id, Error::DuplicateControl); !status)
+        return status;
+    return checkDuplicates(strategy.controls, &StrategyControl::parameter, Error::SecondControl);
 }
 
-StrategyFlaw unreachableParameter(const StrategyDefinition& strategy)
+Status checkReachability(const StrategyDefinition& strategy)
 {
     for (const StrategyParameter& parameter : strategy.parameters) {
         if (parameter.constValue.isEmpty() && !strategy.controlOf(parameter.name))
-            return { QStringLiteral("参数%1既没有控件也没有constValue").arg(parameter.name), parameter.line };
+            return StrategyChecks::errorAt(parameter.line, { Error::ParameterWithoutControl, { parameter.name } });
     }
     return {};
 }
 
-StrategyFlaw checkRule(const StrategyRule& rule, const StrategyDefinition& strategy)
+Status checkRule(const StrategyRule& rule, const StrategyDefinition& strategy)
 {
     const StrategyParameter* const field = strategy.parameter(rule.field);
     if (!field)
-        return { QStringLiteral("校验规则的参数“%1”不存在").arg(rule.field), rule.line };
+        return { Error::RuleWithoutParameter, { rule.field } };
     if (rule.otherField.isEmpty()) {
-        const QString problem = valueProblem(unlimited(*field), QStringLiteral("校验值"), rule.value);
-        return { problem, rule.line };
+        if (Status status = ParameterValue::check(unlimited(*field), rule.value); !status)
+            return { Error::InvalidRuleValue, { rule.field, rule.value }, status };
+        return {};
     }
     const StrategyParameter* const other = strategy.parameter(rule.otherField);
     if (!other)
-        return { QStringLiteral("校验规则的参数“%1”不存在").arg(rule.otherField), rule.line };
+        return { Error::RuleWithoutParameter, { rule.otherField } };
     const bool comparable =
         field->type == other->type || (ParameterValue::isNumber(field->type) && ParameterValue::isNumber(other->type));
     if (!comparable)
-        return { QStringLiteral("校验规则的参数%1与%2类型不同，不能比较").arg(rule.field, rule.otherField), rule.line };
+        return { Error::RuleOfOtherTypes, { rule.field, rule.otherField } };
+    return {};
+}
+
+Status checkEach(const StrategyDefinition& strategy)
+{
+    for (const StrategyParameter& parameter : strategy.parameters) {
+        if (Status status = StrategyChecks::checkParameter(parameter); !status)
+            return status;
+    }
+    for (const StrategyControl& control : strategy.controls) {
+        if (Status status = StrategyChecks::checkControl(control, strategy); !status)
+            return status;
+    }
     return {};
 }
 
 } // namespace
 
-StrategyFlaw StrategyChecks::checkParameter(const StrategyParameter& parameter)
+Status StrategyChecks::checkParameter(const StrategyParameter& parameter)
 {
-    for (const auto find : { limitsProblem, enumerationProblem, constantProblem }) {
-        const QString problem = find(parameter);
-        if (!problem.isEmpty())
-            return { problem, parameter.line };
+    for (const auto check : { checkLimits, checkEnumeration, checkConstant }) {
+        if (Status status = check(parameter); !status)
+            return errorAt(parameter.line, status);
     }
     return {};
 }
 
-StrategyFlaw StrategyChecks::checkControl(const StrategyControl& control, const StrategyDefinition& strategy)
+Status StrategyChecks::checkControl(const StrategyControl& control, const StrategyDefinition& strategy)
 {
-    return { controlProblem(control, strategy.parameter(control.parameter)), control.line };
+    const Status status = checkAgainst(control, strategy.parameter(control.parameter));
+    return status ? status : errorAt(control.line, status);
 }
 
-StrategyFlaw StrategyChecks::check(const StrategyDefinition& strategy)
+Status StrategyChecks::check(const StrategyDefinition& strategy)
 {
-    StrategyFlaw flaw = duplicates(strategy);
-    for (auto it = strategy.parameters.cbegin(); flaw.reason.isEmpty() && it != strategy.parameters.cend(); ++it)
-        flaw = checkParameter(*it);
-    for (auto it = strategy.controls.cbegin(); flaw.reason.isEmpty() && it != strategy.controls.cend(); ++it)
-        flaw = checkControl(*it, strategy);
-    if (flaw.reason.isEmpty())
-        flaw = unreachableParameter(strategy);
-    for (auto it = strategy.rules.cbegin(); flaw.reason.isEmpty() && it != strategy.rules.cend(); ++it)
-        flaw = checkRule(*it, strategy);
-    return flaw;
+    for (const auto check : { checkNames, checkEach, checkReachability }) {
+        if (Status status = check(strategy); !status)
+            return status;
+    }
+    for (const StrategyRule& rule : strategy.rules) {
+        if (Status status = checkRule(rule, strategy); !status)
+            return errorAt(rule.line, status);
+    }
+    return {};
+}
+
+Status StrategyChecks::errorAt(qint64 line, const Status& error)
+{
+    return { Error::StrategyFileLine, { QString::number(line) }, error };
 }

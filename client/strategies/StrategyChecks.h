@@ -1,25 +1,22 @@
 #pragma once
 
+#include "Status.h"
 #include "StrategyDefinition.h"
-#include <QString>
 
-/// First thing that does not fit together in a strategy; `reason` is empty when everything does.
-struct StrategyFlaw {
-    QString reason;
-    qint64 line = 0;
-};
-
-/// Checks of one strategy that is read whole: what no single element can tell.
+/// Checks of one strategy that has been read whole: what concerns more than one element. Each returns the first error
+/// with the line of the file.
 namespace StrategyChecks {
 
 /// Limits, constant and enumerated values of one parameter.
-StrategyFlaw checkParameter(const StrategyParameter& parameter);
+Status checkParameter(const StrategyParameter& parameter);
 
-/// One control against its parameter: kind, entries, default and steps. Without a parameter of its name that is the
-/// flaw.
-StrategyFlaw checkControl(const StrategyControl& control, const StrategyDefinition& strategy);
+/// One control against its parameter: that there is one, kind, entries, default and steps.
+Status checkControl(const StrategyControl& control, const StrategyDefinition& strategy);
 
 /// The whole strategy, every parameter and control included.
-StrategyFlaw check(const StrategyDefinition& strategy);
+Status check(const StrategyDefinition& strategy);
+
+/// `error` in a line of the file.
+Status errorAt(qint64 line, const Status& error);
 
 } // namespace StrategyChecks

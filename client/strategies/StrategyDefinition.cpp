@@ -15,10 +15,3 @@ const StrategyControl* StrategyDefinition::controlOf(const QString& parameterNam
         [&](const StrategyControl& candidate) { return candidate.parameter == parameterName; });
     return found == controls.cend() ? nullptr : &*found;
 }
-
-QString StrategyFileError::text() const
-{
-    if (line <= 0)
-        return QStringLiteral("%1：%2").arg(file, reason);
-    return QStringLiteral("%1 第%2行：%3").arg(file).arg(line).arg(reason);
-}

@@ -82,24 +82,6 @@ struct StrategyDefinition {
     const StrategyControl* controlOf(const QString& parameterName) const;
 };
 
-/// Why a strategy file was refused.
-struct StrategyFileError {
-    QString file;
-    qint64 line = 0; ///< line of the element concerned (where its start tag ends); 0 when the file could not be read
-    QString reason;
-
-    /// The whole message: "file 第3行：reason".
-    QString text() const;
-};
-
-/// What a strategy file holds: its strategies, or the first error. A file is taken whole or not at all.
-struct StrategyFileContent {
-    QList<StrategyDefinition> strategies;
-    StrategyFileError error;
-
-    bool isValid() const { return error.reason.isEmpty(); }
-};
-
 /// How much a strategy file may hold.
 namespace StrategyLimits {
 /// Most strategies of one file, parameters, controls and rules of one strategy, values of one parameter.

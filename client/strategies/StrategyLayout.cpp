@@ -40,17 +40,17 @@ void StrategyReader::readLayout(StrategyDefinition& strategy)
     int panels = 0;
     readChildren({ { QStringLiteral("lay:StrategyPanel"), [&] {
                         if (++panels > 1)
-                            return fail(QStringLiteral("StrategyLayout中只能有一个StrategyPanel"));
+                            return fail(Error::SecondPanel);
                         readPanel(strategy, {}, 1);
                     } } });
     if (!m_xml.hasError() && panels == 0)
-        fail(QStringLiteral("StrategyLayout中没有StrategyPanel"));
+        fail(Error::NoPanel);
 }
 
 void StrategyReader::readPanel(StrategyDefinition& strategy, const QString& section, int depth)
 {
     if (depth > StrategyLimits::MAX_PANEL_DEPTH)
-        return fail(QStringLiteral("StrategyPanel嵌套超过%1层").arg(StrategyLimits::MAX_PANEL_DEPTH));
+        return fail({ Error::PanelsTooDeep, { QString::number(StrategyLimits::MAX_PANEL_DEPTH) } });
     const QXmlStreamAttributes found =
         attributes({ QStringLiteral("title"), QStringLiteral("orientation"), QStringLiteral("collapsible") });
     requireValue(found, QStringLiteral("orientation"), QStringLiteral("VERTICAL"));
@@ -63,7 +63,7 @@ void StrategyReader::readPanel(StrategyDefinition& strategy, const QString& sect
     const auto either = [&](int& count, const std::function<void()>& readIt) {
         ++count;
         if (controls > 0 && panels > 0)
-            return fail(QStringLiteral("StrategyPanel中不能同时有Control和StrategyPanel"));
+            return fail(Error::ControlsBesidePanels);
         readIt();
     };
     readChildren({ { QStringLiteral("lay:Control"), [&] { either(controls, [&] { readControl(strategy, title); }); } },
@@ -78,7 +78,7 @@ void StrategyReader::readControl(StrategyDefinition& strategy, const QString& se
             QStringLiteral("initValue"), QStringLiteral("tooltip"), QStringLiteral("increment"),
             QStringLiteral("innerIncrement"), QStringLiteral("outerIncrement") },
         { QStringLiteral("ID"), QStringLiteral("xsi:type"), QStringLiteral("label"), QStringLiteral("parameterRef") });
-    if (m_xml.hasError() || !hasRoom(strategy.controls, QStringLiteral("控件")))
+    if (m_xml.hasError() || !hasRoom(strategy.controls, Error::TooManyControls))
         return;
 
     StrategyControl control;
@@ -99,7 +99,7 @@ void StrategyReader::readControlKind(StrategyControl& control, const QXmlStreamA
 {
     const QString type = typeName(attributes, LAYOUT);
     if (!controlTypes().contains(type))
-        return fail(QStringLiteral("控件类型“%1”不支持").arg(type));
+        return fail({ Error::UnsupportedControlType, { type } });
     control.type = controlTypes().value(type);
 
     const bool one = control.type == ControlType::SingleSpinner;
@@ -114,7 +114,7 @@ void StrategyReader::readListItem(StrategyControl& control)
 {
     const QStringList both{ QStringLiteral("enumID"), QStringLiteral("uiRep") };
     const QXmlStreamAttributes found = attributes(both, both);
-    if (m_xml.hasError() || !hasRoom(control.items, QStringLiteral("ListItem")))
+    if (m_xml.hasError() || !hasRoom(control.items, Error::TooManyListItems))
         return;
     control.items.append({ identifier(found, both.at(0)), found.value(both.at(1)).toString() });
     readChildren({});

@@ -1,4 +1,5 @@
 #include "StrategyLibrary.h"
+#include "ErrorText.h"
 #include "StrategyFile.h"
 
 #include <QDebug>
@@ -60,8 +61,9 @@ AesStrategy StrategyLibrary::summary(const StrategyDefinition& strategy)
 
 void StrategyLibrary::addFile(const QString& path)
 {
-    const StrategyFileContent content = StrategyFile::read(path);
-    if (!content.isValid())
-        qWarning().noquote() << "StrategyLibrary::addFile" << content.error.text();
-    m_strategies += content.strategies;
+    const Result<QList<StrategyDefinition>> strategies = StrategyFile::read(path);
+    if (strategies)
+        m_strategies += *strategies;
+    else
+        qWarning().noquote() << "StrategyLibrary::addFile" << errorText(strategies.status());
 }

@@ -67,18 +67,18 @@ StrategyReader::StrategyReader(const QByteArray& bytes, const QString& name)
 {
 }
 
-StrategyFileContent StrategyReader::read()
+Result<QList<StrategyDefinition>> StrategyReader::read()
 {
     readRoot();
     while (!m_xml.atEnd()) {
         m_xml.readNext();
         refuseOther();
     }
-    if (m_content.error.reason.isEmpty() && m_xml.hasError())
-        m_content.error = parserError();
-    if (!m_content.isValid())
-        m_content.strategies.clear();
-    return m_content;
+    if (m_status && m_xml.hasError())
+        m_status = StrategyChecks::errorAt(m_xml.lineNumber(), parserError());
+    if (!m_status)
+        return Status(Error::StrategyFileRefused, { m_name }, m_status);
+    return m_strategies;
 }
 
 void StrategyReader::readRoot()
@@ -88,7 +88,7 @@ void StrategyReader::readRoot()
     if (m_xml.hasError())
         return;
     if (elementKey() != QLatin1String("Strategies"))
-        return fail(QStringLiteral("根元素应为FIXatdl 1.1的Strategies，而不是%1").arg(m_xml.qualifiedName()));
+        return fail({ Error::WrongRoot, { m_xml.qualifiedName().toString() } });
     readNamespaces();
     readStrategies();
 }
@@ -112,8 +112,8 @@ void StrategyReader::readStrategies()
     QString description;
     readChildren({ { QStringLiteral("Description"), [&] { readDescription(description); } },
         { QStringLiteral("Strategy"), [this] { readStrategy(); } } });
-    if (!m_xml.hasError() && m_content.strategies.isEmpty())
-        fail(QStringLiteral("文件中没有策略"));
+    if (!m_xml.hasError() && m_strategies.isEmpty())
+        fail(Error::NoStrategy);
 }
 
 void StrategyReader::readStrategy()
@@ -141,7 +141,7 @@ void StrategyReader::readStrategy()
         { QStringLiteral("val:StrategyEdit"), [&] { readRule(strategy); } },
         { QStringLiteral("lay:StrategyLayout"), [&] {
              if (++layouts > 1)
-                 return fail(QStringLiteral("策略%1有多个StrategyLayout").arg(strategy.name));
+                 return fail({ Error::SecondLayout, { strategy.name } });
              readLayout(strategy);
          } } });
     finishStrategy(strategy);
@@ -149,25 +149,24 @@ void StrategyReader::readStrategy()
 
 void StrategyReader::finishStrategy(StrategyDefinition& strategy)
 {
-    if (m_xml.hasError() || !hasRoom(m_content.strategies, QStringLiteral("策略")))
+    if (m_xml.hasError() || !hasRoom(m_strategies, Error::TooManyStrategies))
         return;
     if (m_strategyNames.contains(strategy.name))
-        return fail(QStringLiteral("策略名“%1”重复").arg(strategy.name), strategy.line);
+        return fail({ Error::DuplicateStrategy, { strategy.name } }, strategy.line);
     // Controls may stand before their parameters, so their defaults are understood last.
     for (StrategyControl& control : strategy.controls) {
         const StrategyParameter* const parameter = strategy.parameter(control.parameter);
         const std::optional<QString> value = parameter ? defaultValue(control, *parameter) : QString();
         if (!value)
             return fail(
-                QStringLiteral("控件%1的默认值“%2”不是可选的值").arg(control.id, control.initialValue), control.line);
+                { Error::InvalidDefault, { control.id, control.initialValue }, Error::ValueNotListed }, control.line);
         if (parameter)
             control.initialValue = *value;
     }
-    const StrategyFlaw flaw = StrategyChecks::check(strategy);
-    if (!flaw.reason.isEmpty())
-        return fail(flaw.reason, flaw.line);
+    if (Status status = StrategyChecks::check(strategy); !status)
+        return stop(status);
     m_strategyNames.insert(strategy.name);
-    m_content.strategies.append(strategy);
+    m_strategies.append(strategy);
 }
 
 void StrategyReader::readDescription(QString& description)
@@ -175,13 +174,13 @@ void StrategyReader::readDescription(QString& description)
     attributes({});
     while (!m_xml.atEnd() && m_xml.readNext() != QXmlStreamReader::EndElement) {
         if (m_xml.isStartElement())
-            return fail(QStringLiteral("Description中不能有元素%1").arg(m_xml.qualifiedName()));
+            return fail({ Error::ElementInDescription, { m_xml.qualifiedName().toString() } });
         if (m_xml.isCharacters())
             description += m_xml.text();
         else
             refuseOther();
         if (description.size() > StrategyLimits::MAX_TEXT)
-            return fail(QStringLiteral("Description超过%1个字符").arg(StrategyLimits::MAX_TEXT));
+            return fail({ Error::DescriptionTooLong, { QString::number(StrategyLimits::MAX_TEXT) } });
     }
     description = description.simplified();
 }
@@ -194,7 +193,7 @@ void StrategyReader::readParameter(StrategyDefinition& strategy)
                        QStringLiteral("constValue"), QStringLiteral("precision"), QStringLiteral("maxLength"),
                        QStringLiteral("trueWireValue"), QStringLiteral("falseWireValue") },
             { QStringLiteral("name"), QStringLiteral("xsi:type") });
-    if (m_xml.hasError() || !hasRoom(strategy.parameters, QStringLiteral("参数")))
+    if (m_xml.hasError() || !hasRoom(strategy.parameters, Error::TooManyParameters))
         return;
 
     StrategyParameter parameter;
@@ -216,15 +215,15 @@ void StrategyReader::readParameterKind(StrategyParameter& parameter, const QXmlS
 {
     const QString type = typeName(attributes, CORE);
     if (type == QLatin1String("UTCTimestamp_t"))
-        return fail(QStringLiteral("参数类型UTCTimestamp_t含有日期，计划跨多个交易日，请改用LocalMktTime_t"));
+        return fail(Error::TimeWithDate);
     if (!parameterTypes().contains(type))
-        return fail(QStringLiteral("参数类型“%1”不支持").arg(type));
+        return fail({ Error::UnsupportedParameterType, { type } });
     parameter.type = parameterTypes().value(type);
 
     const QString use = attributes.value(QLatin1String("use")).toString();
     parameter.required = use == QLatin1String("required");
     if (!use.isEmpty() && !parameter.required && use != QLatin1String("optional"))
-        return fail(QStringLiteral("属性use的值“%1”应为required或optional").arg(use));
+        return fail({ Error::InvalidUse, { use } });
 
     const bool decimal = ParameterValue::isNumber(parameter.type) && parameter.type != ParameterType::Int;
     const bool boolean = parameter.type == ParameterType::Boolean;
@@ -244,7 +243,7 @@ void StrategyReader::readParameterText(StrategyParameter& parameter, const QXmlS
     parameter.trueValue = yes.isEmpty() ? parameter.trueValue : yes;
     parameter.falseValue = no.isEmpty() ? parameter.falseValue : no;
     if (parameter.trueValue == parameter.falseValue)
-        fail(QStringLiteral("属性trueWireValue与falseWireValue相同"));
+        fail(Error::EqualBooleanValues);
 }
 
 void StrategyReader::readEnumPair(StrategyParameter& parameter)
@@ -252,8 +251,8 @@ void StrategyReader::readEnumPair(StrategyParameter& parameter)
     const QStringList both{ QStringLiteral("enumID"), QStringLiteral("wireValue") };
     const QXmlStreamAttributes found = attributes(both, both);
     if (parameter.type == ParameterType::Boolean)
-        return fail(QStringLiteral("Boolean_t参数不能有EnumPair"));
-    if (m_xml.hasError() || !hasRoom(parameter.values, QStringLiteral("EnumPair")))
+        return fail(Error::BooleanWithEnumPairs);
+    if (m_xml.hasError() || !hasRoom(parameter.values, Error::TooManyEnumPairs))
         return;
     parameter.values.append({ identifier(found, both.at(0)), found.value(both.at(1)).toString() });
     readChildren({});
@@ -263,7 +262,7 @@ void StrategyReader::readRule(StrategyDefinition& strategy)
 {
     const QXmlStreamAttributes found =
         attributes({ QStringLiteral("errorMessage") }, { QStringLiteral("errorMessage") });
-    if (m_xml.hasError() || !hasRoom(strategy.rules, QStringLiteral("StrategyEdit")))
+    if (m_xml.hasError() || !hasRoom(strategy.rules, Error::TooManyRules))
         return;
     StrategyRule rule;
     rule.line = m_xml.lineNumber();
@@ -271,14 +270,14 @@ void StrategyReader::readRule(StrategyDefinition& strategy)
     int edits = 0;
     readChildren({ { QStringLiteral("val:Edit"), [&] { readEdit(rule, edits); } } });
     if (!m_xml.hasError() && edits == 0)
-        fail(QStringLiteral("StrategyEdit中没有Edit"), rule.line);
+        fail(Error::RuleWithoutComparison, rule.line);
     strategy.rules.append(rule);
 }
 
 void StrategyReader::readEdit(StrategyRule& rule, int& edits)
 {
     if (++edits > 1)
-        return fail(QStringLiteral("StrategyEdit中只支持一个Edit"));
+        return fail(Error::SecondComparison);
     const QXmlStreamAttributes found = attributes(
         { QStringLiteral("field"), QStringLiteral("operator"), QStringLiteral("field2"), QStringLiteral("value") },
         { QStringLiteral("field"), QStringLiteral("operator") });
@@ -292,11 +291,11 @@ void StrategyReader::readComparison(StrategyRule& rule, const QXmlStreamAttribut
 {
     const QString comparison = attributes.value(QLatin1String("operator")).toString();
     if (!ruleOperators().contains(comparison))
-        return fail(QStringLiteral("比较符“%1”不支持").arg(comparison));
+        return fail({ Error::UnsupportedOperator, { comparison } });
     rule.comparison = ruleOperators().value(comparison);
     rule.field = attributes.value(QLatin1String("field")).toString();
     rule.otherField = attributes.value(QLatin1String("field2")).toString();
     rule.value = attributes.value(QLatin1String("value")).toString();
     if (rule.otherField.isEmpty() == rule.value.isEmpty())
-        fail(QStringLiteral("Edit应有field2或value之一"));
+        fail(Error::ComparisonWithoutOperand);
 }

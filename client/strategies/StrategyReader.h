@@ -20,7 +20,7 @@ class StrategyReader {
 public:
     StrategyReader(const QByteArray& bytes, const QString& name);
 
-    StrategyFileContent read();
+    Result<QList<StrategyDefinition>> read();
 
 private:
     /// Names of child elements and what reads them; a name starting with "lay:" or "val:" is one of that vocabulary.
@@ -62,21 +62,25 @@ private:
     bool flag(const QXmlStreamAttributes& attributes, const QString& name, bool absent);
     QString identifier(const QXmlStreamAttributes& attributes, const QString& name);
     void requireValue(const QXmlStreamAttributes& attributes, const QString& name, const QString& only);
-    template <typename List> bool hasRoom(const List& list, const QString& what)
+    /// False, with `error`, when the list is full.
+    template <typename List> bool hasRoom(const List& list, Error error)
     {
         if (list.size() < StrategyLimits::MAX_COUNT)
             return true;
-        fail(QStringLiteral("%1超过%2个").arg(what).arg(StrategyLimits::MAX_COUNT));
+        fail({ error, { QString::number(StrategyLimits::MAX_COUNT) } });
         return false;
     }
 
-    void fail(const QString& reason) { fail(reason, m_xml.lineNumber()); }
-    void fail(const QString& reason, qint64 line);
-    StrategyFileError parserError() const;
+    /// Ends the reading with the first error, at the current line of the file unless another one is given.
+    void fail(const Status& error) { fail(error, m_xml.lineNumber()); }
+    void fail(const Status& error, qint64 line) { stop(StrategyChecks::errorAt(line, error)); }
+    void stop(const Status& error);
+    Error parserError() const;
 
     QXmlStreamReader m_xml;
     QString m_name;
     QMap<QString, QString> m_prefixes; ///< prefix to namespace, as declared on the root
     QSet<QString> m_strategyNames;
-    StrategyFileContent m_content;
+    QList<StrategyDefinition> m_strategies;
+    Status m_status;
 };

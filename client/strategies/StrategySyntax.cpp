@@ -36,23 +36,23 @@ void StrategyReader::readChildren(const Children& children)
 void StrategyReader::readChild(const Children& children)
 {
     if (!m_xml.namespaceDeclarations().isEmpty())
-        return fail(QStringLiteral("命名空间只能在根元素上声明"));
+        return fail(Error::NamespaceBelowRoot);
     const auto found = children.constFind(elementKey());
     if (found == children.cend())
-        return fail(QStringLiteral("元素%1不支持或不能出现在这里").arg(m_xml.qualifiedName()));
+        return fail({ Error::UnsupportedElement, { m_xml.qualifiedName().toString() } });
     (*found)();
 }
 
 void StrategyReader::refuseOther()
 {
     if (m_xml.tokenType() == QXmlStreamReader::DTD)
-        fail(QStringLiteral("不允许DTD和实体声明"));
+        fail(Error::DtdNotAllowed);
     else if (m_xml.tokenType() == QXmlStreamReader::EntityReference)
-        fail(QStringLiteral("不允许实体引用"));
+        fail(Error::EntityNotAllowed);
     else if (m_xml.tokenType() == QXmlStreamReader::ProcessingInstruction)
-        fail(QStringLiteral("不支持处理指令%1").arg(m_xml.processingInstructionTarget()));
+        fail({ Error::ProcessingInstruction, { m_xml.processingInstructionTarget().toString() } });
     else if (m_xml.isCharacters() && !m_xml.isWhitespace())
-        fail(QStringLiteral("元素之间有文字“%1”").arg(m_xml.text().toString().simplified().left(20)));
+        fail({ Error::TextBetweenElements, { m_xml.text().toString().simplified().left(20) } });
 }
 
 QXmlStreamAttributes StrategyReader::attributes(const QStringList& known, const QStringList& needed)
@@ -60,16 +60,17 @@ QXmlStreamAttributes StrategyReader::attributes(const QStringList& known, const 
     QXmlStreamAttributes found = m_xml.attributes();
     for (const QXmlStreamAttribute& attribute : found) {
         if (!isKnown(attribute, known))
-            fail(QStringLiteral("元素%1的属性%2不支持").arg(m_xml.name(), attribute.qualifiedName()));
+            fail({ Error::UnsupportedAttribute, { m_xml.name().toString(), attribute.qualifiedName().toString() } });
         else if (attribute.value().size() > StrategyLimits::MAX_TEXT)
-            fail(QStringLiteral("属性%1超过%2个字符").arg(attribute.name()).arg(StrategyLimits::MAX_TEXT));
+            fail({ Error::AttributeTooLong,
+                { attribute.name().toString(), QString::number(StrategyLimits::MAX_TEXT) } });
     }
     for (const QString& name : needed) {
         const QString value = name == QLatin1String("xsi:type")
             ? found.value(INSTANCE, QStringLiteral("type")).toString()
             : found.value(name).toString();
         if (value.isEmpty())
-            fail(QStringLiteral("元素%1缺少属性%2").arg(m_xml.name(), name));
+            fail({ Error::MissingAttribute, { m_xml.name().toString(), name } });
     }
     return found;
 }
@@ -79,7 +80,7 @@ void StrategyReader::refuseForeign(
 {
     for (const QString& name : names) {
         if (!allowed && attributes.hasAttribute(name))
-            fail(QStringLiteral("类型%1不能有属性%2").arg(type, name));
+            fail({ Error::AttributeOfOtherType, { type, name } });
     }
 }
 
@@ -96,7 +97,7 @@ QString StrategyReader::typeName(const QXmlStreamAttributes& attributes, const Q
     const int colon = type.indexOf(QLatin1Char(':'));
     const QString prefix = type.left(std::max(colon, 0));
     if (m_prefixes.value(prefix) != vocabulary)
-        fail(QStringLiteral("类型“%1”不属于%2").arg(type, vocabulary));
+        fail({ Error::TypeOfOtherNamespace, { type, vocabulary } });
     return type.mid(colon + 1);
 }
 
@@ -108,8 +109,8 @@ int StrategyReader::number(
     bool good = false;
     const int value = attributes.value(name).toInt(&good);
     if (!good || value < lowest || value > highest)
-        fail(QStringLiteral("属性%1的值“%2”应为%3至%4的整数")
-                 .arg(name, attributes.value(name).toString(), QString::number(lowest), QString::number(highest)));
+        fail({ Error::AttributeNotInteger,
+            { name, attributes.value(name).toString(), QString::number(lowest), QString::number(highest) } });
     return value;
 }
 
@@ -119,7 +120,7 @@ bool StrategyReader::flag(const QXmlStreamAttributes& attributes, const QString&
         return absent;
     const bool yes = attributes.value(name) == QLatin1String("true");
     if (!yes && attributes.value(name) != QLatin1String("false"))
-        fail(QStringLiteral("属性%1的值“%2”应为true或false").arg(name, attributes.value(name).toString()));
+        fail({ Error::AttributeNotBoolean, { name, attributes.value(name).toString() } });
     return yes;
 }
 
@@ -129,26 +130,26 @@ QString StrategyReader::identifier(const QXmlStreamAttributes& attributes, const
         QRegularExpression::anchoredPattern(QStringLiteral("[A-Za-z][A-Za-z0-9_]{0,63}")));
     QString value = attributes.value(name).toString();
     if (!form.match(value).hasMatch())
-        fail(QStringLiteral("属性%1的值“%2”应以字母开头，只含字母、数字和下划线，最多64个字符").arg(name, value));
+        fail({ Error::AttributeNotIdentifier, { name, value } });
     return value;
 }
 
 void StrategyReader::requireValue(const QXmlStreamAttributes& attributes, const QString& name, const QString& only)
 {
     if (attributes.hasAttribute(name) && attributes.value(name) != only)
-        fail(QStringLiteral("属性%1的值“%2”不支持，只支持%3").arg(name, attributes.value(name).toString(), only));
+        fail({ Error::UnsupportedAttributeValue, { name, attributes.value(name).toString(), only } });
 }
 
-void StrategyReader::fail(const QString& reason, qint64 line)
+void StrategyReader::stop(const Status& error)
 {
     if (m_xml.hasError())
         return;
-    m_content.error = { m_name, line, reason };
-    m_xml.raiseError(reason);
+    m_status = error;
+    m_xml.raiseError();
 }
 
-StrategyFileError StrategyReader::parserError() const
+Error StrategyReader::parserError() const
 {
-    const bool cut = m_xml.error() == QXmlStreamReader::PrematureEndOfDocumentError;
-    return { m_name, m_xml.lineNumber(), cut ? QStringLiteral("文件不完整") : QStringLiteral("XML格式不正确") };
+    const bool isCut = m_xml.error() == QXmlStreamReader::PrematureEndOfDocumentError;
+    return isCut ? Error::FileIncomplete : Error::InvalidXml;
 }

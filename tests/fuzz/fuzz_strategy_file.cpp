@@ -1,3 +1,4 @@
+#include "ErrorText.h"
 #include "FuzzTarget.h"
 #include "ParameterForm.h"
 #include "StrategyFile.h"
@@ -20,16 +21,19 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<int>(size));
     QBuffer device(&bytes);
     device.open(QIODevice::ReadOnly);
-    const StrategyFileContent content = StrategyFile::read(device, QStringLiteral("input.xml"));
-    FUZZ_REQUIRE(content.isValid() != content.strategies.isEmpty());
-    FUZZ_REQUIRE(content.error.line >= 0);
-    FUZZ_REQUIRE(content.strategies.size() <= StrategyLimits::MAX_COUNT);
-    for (const StrategyDefinition& strategy : content.strategies) {
+    const Result<QList<StrategyDefinition>> strategies = StrategyFile::read(device, QStringLiteral("input.xml"));
+    if (!strategies) {
+        FUZZ_REQUIRE(!errorText(strategies.status()).isEmpty());
+        return 0;
+    }
+    FUZZ_REQUIRE(!strategies->isEmpty() && strategies->size() <= StrategyLimits::MAX_COUNT);
+    for (const StrategyDefinition& strategy : *strategies) {
         FUZZ_REQUIRE(!strategy.name.isEmpty() && strategy.parameters.size() <= StrategyLimits::MAX_COUNT);
         StrategyLibrary::summary(strategy);
         ParameterForm form(strategy, nullptr);
         form.setValues(ParameterForm::defaults(strategy));
-        form.check();
+        const ParameterForm::Fault fault = form.check();
+        FUZZ_REQUIRE(static_cast<bool>(fault.status) == fault.parameter.isEmpty());
         FUZZ_REQUIRE(form.values().size() == strategy.parameters.size());
     }
     return 0;
