@@ -307,51 +307,389 @@ public:
 } // namespace
 
 /// The form, the window and the boxes as those meet them who use a keyboard, a screen reader, a larger font or a zoom.
-class TestAccessibility : public QObject {
+class AccessibilityTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
+    void initTestCase()
+    {
+        setToday(SampleSession::today());
+        QApplication::setStyle(QStringLiteral("Fusion"));
+        m_session = std::make_unique<SampleSession>();
+        QCOMPARE(m_session->reason(), QString());
+        QVERIFY(!m_session->create(SampleSession::record()).isEmpty());
+    }
     void init() { m_log = std::make_unique<LogCatcher>(); }
-    void cleanup();
 
-    void each_caption_is_that_of_its_field_data() { addStates(); }
-    void each_caption_is_that_of_its_field();
-    void each_field_has_a_name_and_a_description_data() { addStates(); }
-    void each_field_has_a_name_and_a_description();
-    void names_follow_captions_that_change();
-    void names_and_descriptions_follow_the_language();
-    void descriptions_tell_the_unit_and_the_step();
-    void tab_reaches_each_field_in_its_order_data() { addStates(); }
-    void tab_reaches_each_field_in_its_order();
-    void the_focus_is_seen_data() { addSkins(); }
-    void the_focus_is_seen();
-    void painted_texts_stand_out_data() { addSkins(); }
-    void painted_texts_stand_out();
-    void no_text_is_cut_data();
-    void no_text_is_cut();
-    void captions_of_both_sections_line_up_data() { addFonts(); }
-    void captions_of_both_sections_line_up();
+    void cleanup()
+    {
+        if (m_window && dialog().editor())
+            dialog().leave();
+        m_window.reset();
+        QCOMPARE(m_log->trouble(), QStringList());
+        m_log.reset();
+        qApp->setStyleSheet(QString());
+    }
 
-    void the_algorithm_panel_is_named_and_uncut_data() { addFonts(); }
-    void the_algorithm_panel_is_named_and_uncut();
-    void what_is_wrong_in_the_panel_stands_out_data() { addSkins(); }
-    void what_is_wrong_in_the_panel_stands_out();
-    void the_window_is_named_and_uncut_data() { addFonts(); }
-    void the_window_is_named_and_uncut();
-    void the_windows_focus_is_seen_data() { addSkins(); }
-    void the_windows_focus_is_seen();
-    void boxes_and_popups_are_named();
-    void the_hint_of_an_empty_search_stands_out_data() { addSkins(); }
-    void the_hint_of_an_empty_search_stands_out();
+    void eachCaptionIsThatOfItsField_data() { addStates(); }
+
+    void eachCaptionIsThatOfItsField()
+    {
+        QFETCH(QString, state);
+        openForm(state);
+        const QMap<QString, QString> expected = fieldsOfCaptions(state == words("a reduction"));
+        QMap<QString, QString> found;
+        for (const QLabel* const caption : form().findChildren<QLabel*>()) {
+            if (!caption->buddy())
+                continue;
+            found.insert(caption->objectName(), caption->buddy()->objectName());
+            QVERIFY2(caption->isVisible() == caption->buddy()->isVisible(), qPrintable(caption->objectName()));
+        }
+        QCOMPARE(found, expected);
+    }
+    void eachFieldHasANameAndADescription_data() { addStates(); }
+
+    void eachFieldHasANameAndADescription()
+    {
+        QFETCH(QString, state);
+        openForm(state);
+        const QMap<QString, QString> captions = fieldsOfCaptions(state == words("a reduction"));
+        for (auto pair = captions.cbegin(); pair != captions.cend(); ++pair) {
+            const QString caption = form().findChild<QLabel*>(pair.key())->text();
+            const auto* const named = form().findChild<QWidget*>(pair.value());
+            QVERIFY2(!caption.isEmpty(), qPrintable(pair.key()));
+            QCOMPARE(named->accessibleName(), caption);
+            QVERIFY2(!named->accessibleDescription().isEmpty(), qPrintable(pair.value()));
+        }
+        int count = 0;
+        QCOMPARE(namelessFields(&form(), &count), QString());
+        QVERIFY(count >= 17);
+    }
+
+    void namesFollowCaptionsThatChange()
+    {
+        openForm(words("an ordinary plan"));
+        QCOMPARE(field<QWidget>(form(), "lineEdit_price1")->accessibleName(), words("价格1"));
+        choose(form(), "combx_priceMode", PriceModel::NoLimit);
+        QCOMPARE(field<QWidget>(form(), "lineEdit_price1")->accessibleName(), words("价格"));
+        QCOMPARE(field<QWidget>(form(), "le_entrustMaxNum")->accessibleName(), words("每日最大委托量"));
+        choose(form(), "combx_planType", PlanType::SameElements);
+        QCOMPARE(field<QWidget>(form(), "le_entrustMaxNum")->accessibleName(), words("每日计划量"));
+        QCOMPARE(field<QWidget>(form(), "combx_assignTo")->accessibleName(), words("分配给"));
+        choose(form(), "combx_planType", PlanType::ReduceHoldings);
+        QCOMPARE(field<QWidget>(form(), "combx_assignTo")->accessibleName(), words("执行人"));
+        const auto* const caption = field<QLabel>(form(), "la_effectivePeriod");
+        QCOMPARE(caption->buddy(), field<QWidget>(form(), "date_effectivePeriod_Single"));
+        choose(form(), "combx_planType", PlanType::CumulativeQty);
+        QCOMPARE(caption->buddy(), field<QWidget>(form(), "date_effectivePeriod_Multi"));
+    }
+
+    void namesAndDescriptionsFollowTheLanguage()
+    {
+        BracketTranslator translator;
+        QVERIFY(QCoreApplication::installTranslator(&translator));
+        openForm(words("an ordinary plan"));
+        for (const char* const name : { "combx_fundAccount", "le_symbol", "lineEdit_price1", "le_targetTotalNum",
+                 "combx_instructionMode", "date_effectivePeriod_Multi", "date_effectivePeriod_Single", "le_remark" }) {
+            const auto* const named = field<QWidget>(form(), name);
+            QVERIFY2(named->accessibleName().startsWith(QLatin1Char('<')), name);
+            QVERIFY2(named->accessibleDescription().startsWith(QLatin1Char('<')), name);
+        }
+        QCoreApplication::removeTranslator(&translator);
+    }
+
+    void descriptionsTellTheUnitAndTheStep()
+    {
+        openForm(words("an ordinary plan"));
+        QCOMPARE(field<QWidget>(form(), "le_targetTotalNum")->accessibleDescription(), words("单位：股"));
+        QCOMPARE(field<QWidget>(form(), "label_targetQtyStep")->toolTip(), QString());
+        bring(form(), words("Hong Kong"));
+        QCoreApplication::processEvents();
+        const auto* const step = field<QLabel>(form(), "label_maxEntrustQtyStep");
+        QVERIFY(step->text().toInt() >= 100);
+        QCOMPARE(step->toolTip(), words("应为%1的整数倍").arg(step->text()));
+        bring(form(), words("an amount"));
+        QCOMPARE(field<QWidget>(form(), "le_entrustMaxNum")->accessibleDescription(), words("单位：元"));
+    }
+    void tabReachesEachFieldInItsOrder_data() { addStates(); }
+
+    void tabReachesEachFieldInItsOrder()
+    {
+        QFETCH(QString, state);
+        openForm(state);
+        QStringList expected;
+        for (const QString& name : tabStops()) {
+            if (usable(form(), name))
+                expected.append(name);
+        }
+        QVERIFY(expected.size() >= 14);
+        field<QWidget>(form(), "combx_fundAccount")->setFocus(Qt::TabFocusReason);
+        QStringList reached;
+        for (int i = 0; i < expected.size(); ++i) {
+            reached.append(QApplication::focusWidget()->objectName());
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        }
+        QCOMPARE(reached.join(QLatin1Char(' ')), expected.join(QLatin1Char(' ')));
+        QCOMPARE(QApplication::focusWidget()->objectName(), expected.constFirst());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+        QCOMPARE(QApplication::focusWidget()->objectName(), words("btn_cancel"));
+    }
+    void theFocusIsSeen_data() { addSkins(); }
+
+    void theFocusIsSeen()
+    {
+        QFETCH(QString, skin);
+        openForm(words("an algorithm"), skin);
+        QStringList unseen;
+        for (const QString& name : tabStops()) {
+            QWidget* const stop = usable(form(), name);
+            if (!stop)
+                continue;
+            field<QWidget>(form(), name == words("btn_ok") ? "btn_cancel" : "btn_ok")->setFocus();
+            const QVector<QRgb> without = ring(form(), stop);
+            stop->setFocus(Qt::TabFocusReason);
+            const double seen = difference(without, ring(form(), stop));
+            if (seen < 1.5)
+                unseen.append(QStringLiteral("%1 %2").arg(name).arg(seen));
+        }
+        QCOMPARE(unseen.join(QLatin1Char('\n')), QString());
+    }
+    void paintedTextsStandOut_data() { addSkins(); }
+
+    void paintedTextsStandOut()
+    {
+        QFETCH(QString, skin);
+        for (const QString& state : { words("a reduction"), words("Hong Kong"), words("an algorithm") }) {
+            openForm(state, skin);
+            field<QWidget>(form(), "btn_cancel")->setFocus();
+            QStringList faint;
+            for (QWidget* const widget : form().findChildren<QWidget*>()) {
+                const ShownText shown = shownText(widget);
+                if (!widget->isVisible() || shown.text.isEmpty())
+                    continue;
+                const double painted = paintedContrast(form(), widget, shown.room);
+                if (painted < 4.5)
+                    faint.append(QStringLiteral("%1 %2").arg(titleOf(widget)).arg(painted));
+            }
+            QCOMPARE(faint.join(QLatin1Char('\n')), QString());
+        }
+    }
+
+    void noTextIsCut_data()
+    {
+        QTest::addColumn<QString>("state");
+        QTest::addColumn<QString>("skin");
+        QTest::addColumn<double>("fontFactor");
+        for (const QString& state : states()) {
+            for (const QString& skin : skinNames()) {
+                for (const double factor : { 1.0, 1.5 })
+                    QTest::newRow(qPrintable(QStringLiteral("%1, %2, font times %3").arg(state, skin).arg(factor)))
+                        << state << skin << factor;
+            }
+        }
+    }
+
+    void noTextIsCut()
+    {
+        QFETCH(QString, state);
+        QFETCH(QString, skin);
+        QFETCH(double, fontFactor);
+        openForm(state, skin, fontFactor);
+        field<QLineEdit>(form(), "le_remark")->setText(words("备注"));
+        QCoreApplication::processEvents();
+        int count = 0;
+        QCOMPARE(cutTexts(&form(), &count), QString());
+        QVERIFY(count >= 30);
+        for (const char* const name : { "btn_ok", "btn_cancel" }) {
+            const auto* const button = field<QPushButton>(form(), name);
+            QVERIFY2(button->height() >= button->sizeHint().height(), name);
+        }
+    }
+    void captionsOfBothSectionsLineUp_data() { addFonts(); }
+
+    void captionsOfBothSectionsLineUp()
+    {
+        QFETCH(double, fontFactor);
+        openForm(words("an ordinary plan"), words("light"), fontFactor);
+        int edge = 0;
+        for (const QLabel* const caption : form().findChildren<QLabel*>()) {
+            if (!caption->buddy() || !caption->isVisible())
+                continue;
+            const int right = caption->mapTo(&form(), QPoint(caption->width(), 0)).x();
+            edge = edge == 0 ? right : edge;
+            QVERIFY2(right == edge, qPrintable(caption->objectName()));
+        }
+        QCOMPARE(field<QWidget>(form(), "la_fundAccountName")->width(), 98);
+        QCOMPARE(field<QWidget>(form(), "la_priceMode")->width(), 98);
+    }
+
+    void theAlgorithmPanelIsNamedAndUncut_data() { addFonts(); }
+
+    void theAlgorithmPanelIsNamedAndUncut()
+    {
+        QFETCH(double, fontFactor);
+        openForm(words("an algorithm"), words("light"), fontFactor);
+        QWidget* const panel = openPanel();
+        QVERIFY(panel && panel->isVisible());
+        auto* const strategies = field<QComboBox>(*panel, "combx_strategy");
+        QCOMPARE(strategies->count(), 5);
+        for (int i = 0; i < strategies->count(); ++i) {
+            strategies->setCurrentIndex(i);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            QCoreApplication::processEvents();
+            QCOMPARE(namelessFields(panel), QString());
+            QCOMPARE(cutTexts(panel), QString());
+            for (const QWidget* const input : panel->findChildren<QWidget*>()) {
+                if (input->objectName().startsWith(QLatin1String("input_")))
+                    QVERIFY2(!input->accessibleDescription().isEmpty(), qPrintable(input->objectName()));
+            }
+        }
+        panel->hide();
+    }
+    void whatIsWrongInThePanelStandsOut_data() { addSkins(); }
+
+    void whatIsWrongInThePanelStandsOut()
+    {
+        QFETCH(QString, skin);
+        openForm(words("an algorithm"), skin);
+        QWidget* const panel = openPanel();
+        QVERIFY(panel && panel->isVisible());
+        field<QComboBox>(*panel, "combx_strategy")->setCurrentIndex(0);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        auto* const input = field<QAbstractSpinBox>(*panel, "input_SliceInterval");
+        input->findChild<QLineEdit*>()->setText(words("x"));
+        field<QPushButton>(*panel, "btn_ok")->click();
+        QVERIFY(panel->isVisible());
+        QCoreApplication::processEvents();
+        auto* const message = field<QLabel>(*panel, "lab_message");
+        QVERIFY(message->isVisible());
+        const SkinSheet sheet(skinSheet(skin));
+        const QColor ink = sheet.colour({ words("QLabel#lab_message") }, words("color"));
+        QCOMPARE(message->palette().color(QPalette::WindowText), ink);
+        QCOMPARE(input->palette().color(QPalette::Text), ink);
+        QVERIFY(paintedContrast(*panel, message, message->rect()) >= 4.5);
+        panel->hide();
+    }
+    void theWindowIsNamedAndUncut_data() { addFonts(); }
+
+    void theWindowIsNamedAndUncut()
+    {
+        QFETCH(double, fontFactor);
+        open(words("light"), fontFactor);
+        QCOMPARE(namelessFields(m_window.get()), QString());
+        QCOMPARE(cutTexts(m_window.get()), QString());
+        QCOMPARE(m_window->findChild<QWidget*>(words("planTable"))->accessibleName(), words("计划列表"));
+        QCOMPARE(m_window->findChild<QWidget*>(words("planDetails"))->accessibleName(), words("计划内容"));
+    }
+    void theWindowsFocusIsSeen_data() { addSkins(); }
+
+    void theWindowsFocusIsSeen()
+    {
+        QFETCH(QString, skin);
+        open(skin);
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        auto* const table = m_window->findChild<QWidget*>(words("planTable"));
+        auto* const details = m_window->findChild<QWidget*>(words("planDetails"));
+        table->setFocus();
+        const QVector<QRgb> focusedTable = ring(*m_window, table);
+        const QVector<QRgb> unfocusedDetails = ring(*m_window, details);
+        details->setFocus();
+        QVERIFY(difference(focusedTable, ring(*m_window, table)) >= 1.5);
+        QVERIFY(difference(unfocusedDetails, ring(*m_window, details)) >= 1.5);
+    }
+
+    void boxesAndPopupsAreNamed()
+    {
+        openForm(words("an ordinary plan"));
+        MessageBox box({ words("msgBoxQuestion"), words("确认"), QStyle::SP_MessageBoxQuestion },
+            words("目标总量需等于【2000】的整数倍，是否继续？"), &dialog());
+        box.addDecline(true);
+        box.show();
+        QCOMPARE(namelessFields(&box), QString());
+        QCOMPARE(cutTexts(&box), QString());
+        QCOMPARE(QAccessible::queryAccessibleInterface(&box)->text(QAccessible::Name), words("确认"));
+        QCOMPARE(box.accessibleDescription(), words("目标总量需等于【2000】的整数倍，是否继续？"));
+        box.close();
+
+        field<QComboBox>(form(), "combx_fundAccount")->showPopup();
+        auto* const popup = form().findChild<QWidget*>(words("comboSearchPopup"));
+        QCOMPARE(namelessFields(popup), QString());
+        popup->hide();
+
+        field<QAbstractButton>(form(), "btn_startCalendar")->click();
+        auto* const calendar = form().findChild<CalendarPopup*>();
+        QVERIFY(calendar);
+        QCOMPARE(calendar->accessibleName(), words("日历，") + field<QLineEdit>(form(), "le_start")->text());
+        QCOMPARE(cutTexts(calendar), QString());
+        calendar->close();
+    }
+    void theHintOfAnEmptySearchStandsOut_data() { addSkins(); }
+
+    void theHintOfAnEmptySearchStandsOut()
+    {
+        QFETCH(QString, skin);
+        openForm(words("an ordinary plan"), skin);
+        auto* const accounts = field<QComboBox>(form(), "combx_fundAccount");
+        // Once more after it was open: the skin must not have taken the colour back.
+        for (int i = 0; i < 2; ++i) {
+            accounts->showPopup();
+            QCoreApplication::processEvents();
+            const auto* const search = form().findChild<QLineEdit*>(words("comboSearch"));
+            const QColor ground =
+                SkinSheet(skinSheet(skin)).colour({ words("QLineEdit:focus") }, words("background-color"));
+            QVERIFY(contrast(search->palette().color(QPalette::PlaceholderText), ground) >= 4.5);
+            accounts->hidePopup();
+        }
+    }
 
 private:
-    static void addStates();
-    static void addSkins();
-    static void addFonts();
-    void open(const QString& skin = words("light"), double fontFactor = 1);
-    void openForm(const QString& state, const QString& skin = words("light"), double fontFactor = 1);
-    QWidget* openPanel();
+    static void addStates()
+    {
+        QTest::addColumn<QString>("state");
+        for (const QString& state : states())
+            QTest::newRow(qPrintable(state)) << state;
+    }
+
+    static void addSkins()
+    {
+        QTest::addColumn<QString>("skin");
+        for (const QString& skin : skinNames())
+            QTest::newRow(qPrintable(skin)) << skin;
+    }
+
+    static void addFonts()
+    {
+        QTest::addColumn<double>("fontFactor");
+        QTest::newRow("the usual font") << 1.0;
+        QTest::newRow("a font of one and a half times the size") << 1.5;
+    }
+
+    void open(const QString& skin = words("light"), double fontFactor = 1)
+    {
+        QFont font(QStringLiteral("Sans Serif"));
+        font.setPointSizeF(9 * fontFactor);
+        QApplication::setFont(font);
+        m_window = std::make_unique<MainWindow>();
+        m_window->setSkin(skin);
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    }
+
+    void openForm(const QString& state, const QString& skin = words("light"), double fontFactor = 1)
+    {
+        open(skin, fontFactor);
+        dialog().openNew();
+        bring(form(), state);
+        QVERIFY(QTest::qWaitForWindowActive(&dialog()));
+        QCoreApplication::processEvents();
+    }
+
+    QWidget* openPanel()
+    {
+        field<QPushButton>(form(), "btn_algoParamSetting")->click();
+        QCoreApplication::processEvents();
+        return form().findChild<QWidget*>(QStringLiteral("algorithmPanel"));
+    }
     EditorDialog& dialog() const { return *m_window->editorDialog(); }
     AutoParamSetting& form() const { return *dialog().editor(); }
 
@@ -360,370 +698,5 @@ private:
     std::unique_ptr<MainWindow> m_window;
 };
 
-void TestAccessibility::initTestCase()
-{
-    setToday(SampleSession::today());
-    QApplication::setStyle(QStringLiteral("Fusion"));
-    m_session = std::make_unique<SampleSession>();
-    QCOMPARE(m_session->reason(), QString());
-    QVERIFY(!m_session->create(SampleSession::record()).isEmpty());
-}
-
-void TestAccessibility::cleanup()
-{
-    if (m_window && dialog().editor())
-        dialog().leave();
-    m_window.reset();
-    QCOMPARE(m_log->trouble(), QStringList());
-    m_log.reset();
-    qApp->setStyleSheet(QString());
-}
-
-void TestAccessibility::addStates()
-{
-    QTest::addColumn<QString>("state");
-    for (const QString& state : states())
-        QTest::newRow(qPrintable(state)) << state;
-}
-
-void TestAccessibility::addSkins()
-{
-    QTest::addColumn<QString>("skin");
-    for (const QString& skin : skinNames())
-        QTest::newRow(qPrintable(skin)) << skin;
-}
-
-void TestAccessibility::addFonts()
-{
-    QTest::addColumn<double>("fontFactor");
-    QTest::newRow("the usual font") << 1.0;
-    QTest::newRow("a font of one and a half times the size") << 1.5;
-}
-
-void TestAccessibility::open(const QString& skin, double fontFactor)
-{
-    QFont font(QStringLiteral("Sans Serif"));
-    font.setPointSizeF(9 * fontFactor);
-    QApplication::setFont(font);
-    m_window = std::make_unique<MainWindow>();
-    m_window->setSkin(skin);
-    m_window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-}
-
-void TestAccessibility::openForm(const QString& state, const QString& skin, double fontFactor)
-{
-    open(skin, fontFactor);
-    dialog().openNew();
-    bring(form(), state);
-    QVERIFY(QTest::qWaitForWindowActive(&dialog()));
-    QCoreApplication::processEvents();
-}
-
-QWidget* TestAccessibility::openPanel()
-{
-    field<QPushButton>(form(), "btn_algoParamSetting")->click();
-    QCoreApplication::processEvents();
-    return form().findChild<QWidget*>(QStringLiteral("algorithmPanel"));
-}
-
-void TestAccessibility::each_caption_is_that_of_its_field()
-{
-    QFETCH(QString, state);
-    openForm(state);
-    const QMap<QString, QString> expected = fieldsOfCaptions(state == words("a reduction"));
-    QMap<QString, QString> found;
-    for (const QLabel* const caption : form().findChildren<QLabel*>()) {
-        if (!caption->buddy())
-            continue;
-        found.insert(caption->objectName(), caption->buddy()->objectName());
-        QVERIFY2(caption->isVisible() == caption->buddy()->isVisible(), qPrintable(caption->objectName()));
-    }
-    QCOMPARE(found, expected);
-}
-
-void TestAccessibility::each_field_has_a_name_and_a_description()
-{
-    QFETCH(QString, state);
-    openForm(state);
-    const QMap<QString, QString> captions = fieldsOfCaptions(state == words("a reduction"));
-    for (auto pair = captions.cbegin(); pair != captions.cend(); ++pair) {
-        const QString caption = form().findChild<QLabel*>(pair.key())->text();
-        const auto* const named = form().findChild<QWidget*>(pair.value());
-        QVERIFY2(!caption.isEmpty(), qPrintable(pair.key()));
-        QCOMPARE(named->accessibleName(), caption);
-        QVERIFY2(!named->accessibleDescription().isEmpty(), qPrintable(pair.value()));
-    }
-    int count = 0;
-    QCOMPARE(namelessFields(&form(), &count), QString());
-    QVERIFY(count >= 17);
-}
-
-void TestAccessibility::names_follow_captions_that_change()
-{
-    openForm(words("an ordinary plan"));
-    QCOMPARE(field<QWidget>(form(), "lineEdit_price1")->accessibleName(), words("价格1"));
-    choose(form(), "combx_priceMode", PriceModel::NoLimit);
-    QCOMPARE(field<QWidget>(form(), "lineEdit_price1")->accessibleName(), words("价格"));
-    QCOMPARE(field<QWidget>(form(), "le_entrustMaxNum")->accessibleName(), words("每日最大委托量"));
-    choose(form(), "combx_planType", PlanType::SameElements);
-    QCOMPARE(field<QWidget>(form(), "le_entrustMaxNum")->accessibleName(), words("每日计划量"));
-    QCOMPARE(field<QWidget>(form(), "combx_assignTo")->accessibleName(), words("分配给"));
-    choose(form(), "combx_planType", PlanType::ReduceHoldings);
-    QCOMPARE(field<QWidget>(form(), "combx_assignTo")->accessibleName(), words("执行人"));
-    const auto* const caption = field<QLabel>(form(), "la_effectivePeriod");
-    QCOMPARE(caption->buddy(), field<QWidget>(form(), "date_effectivePeriod_Single"));
-    choose(form(), "combx_planType", PlanType::CumulativeQty);
-    QCOMPARE(caption->buddy(), field<QWidget>(form(), "date_effectivePeriod_Multi"));
-}
-
-void TestAccessibility::names_and_descriptions_follow_the_language()
-{
-    BracketTranslator translator;
-    QVERIFY(QCoreApplication::installTranslator(&translator));
-    openForm(words("an ordinary plan"));
-    for (const char* const name : { "combx_fundAccount", "le_symbol", "lineEdit_price1", "le_targetTotalNum",
-             "combx_instructionMode", "date_effectivePeriod_Multi", "date_effectivePeriod_Single", "le_remark" }) {
-        const auto* const named = field<QWidget>(form(), name);
-        QVERIFY2(named->accessibleName().startsWith(QLatin1Char('<')), name);
-        QVERIFY2(named->accessibleDescription().startsWith(QLatin1Char('<')), name);
-    }
-    QCoreApplication::removeTranslator(&translator);
-}
-
-void TestAccessibility::descriptions_tell_the_unit_and_the_step()
-{
-    openForm(words("an ordinary plan"));
-    QCOMPARE(field<QWidget>(form(), "le_targetTotalNum")->accessibleDescription(), words("单位：股"));
-    QCOMPARE(field<QWidget>(form(), "label_targetQtyStep")->toolTip(), QString());
-    bring(form(), words("Hong Kong"));
-    QCoreApplication::processEvents();
-    const auto* const step = field<QLabel>(form(), "label_maxEntrustQtyStep");
-    QVERIFY(step->text().toInt() >= 100);
-    QCOMPARE(step->toolTip(), words("应为%1的整数倍").arg(step->text()));
-    bring(form(), words("an amount"));
-    QCOMPARE(field<QWidget>(form(), "le_entrustMaxNum")->accessibleDescription(), words("单位：元"));
-}
-
-void TestAccessibility::tab_reaches_each_field_in_its_order()
-{
-    QFETCH(QString, state);
-    openForm(state);
-    QStringList expected;
-    for (const QString& name : tabStops()) {
-        if (usable(form(), name))
-            expected.append(name);
-    }
-    QVERIFY(expected.size() >= 14);
-    field<QWidget>(form(), "combx_fundAccount")->setFocus(Qt::TabFocusReason);
-    QStringList reached;
-    for (int i = 0; i < expected.size(); ++i) {
-        reached.append(QApplication::focusWidget()->objectName());
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    }
-    QCOMPARE(reached.join(QLatin1Char(' ')), expected.join(QLatin1Char(' ')));
-    QCOMPARE(QApplication::focusWidget()->objectName(), expected.constFirst());
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
-    QCOMPARE(QApplication::focusWidget()->objectName(), words("btn_cancel"));
-}
-
-void TestAccessibility::the_focus_is_seen()
-{
-    QFETCH(QString, skin);
-    openForm(words("an algorithm"), skin);
-    QStringList unseen;
-    for (const QString& name : tabStops()) {
-        QWidget* const stop = usable(form(), name);
-        if (!stop)
-            continue;
-        field<QWidget>(form(), name == words("btn_ok") ? "btn_cancel" : "btn_ok")->setFocus();
-        const QVector<QRgb> without = ring(form(), stop);
-        stop->setFocus(Qt::TabFocusReason);
-        const double seen = difference(without, ring(form(), stop));
-        if (seen < 1.5)
-            unseen.append(QStringLiteral("%1 %2").arg(name).arg(seen));
-    }
-    QCOMPARE(unseen.join(QLatin1Char('\n')), QString());
-}
-
-void TestAccessibility::painted_texts_stand_out()
-{
-    QFETCH(QString, skin);
-    for (const QString& state : { words("a reduction"), words("Hong Kong"), words("an algorithm") }) {
-        openForm(state, skin);
-        field<QWidget>(form(), "btn_cancel")->setFocus();
-        QStringList faint;
-        for (QWidget* const widget : form().findChildren<QWidget*>()) {
-            const ShownText shown = shownText(widget);
-            if (!widget->isVisible() || shown.text.isEmpty())
-                continue;
-            const double painted = paintedContrast(form(), widget, shown.room);
-            if (painted < 4.5)
-                faint.append(QStringLiteral("%1 %2").arg(titleOf(widget)).arg(painted));
-        }
-        QCOMPARE(faint.join(QLatin1Char('\n')), QString());
-    }
-}
-
-void TestAccessibility::no_text_is_cut_data()
-{
-    QTest::addColumn<QString>("state");
-    QTest::addColumn<QString>("skin");
-    QTest::addColumn<double>("fontFactor");
-    for (const QString& state : states()) {
-        for (const QString& skin : skinNames()) {
-            for (const double factor : { 1.0, 1.5 })
-                QTest::newRow(qPrintable(QStringLiteral("%1, %2, font times %3").arg(state, skin).arg(factor)))
-                    << state << skin << factor;
-        }
-    }
-}
-
-void TestAccessibility::no_text_is_cut()
-{
-    QFETCH(QString, state);
-    QFETCH(QString, skin);
-    QFETCH(double, fontFactor);
-    openForm(state, skin, fontFactor);
-    field<QLineEdit>(form(), "le_remark")->setText(words("备注"));
-    QCoreApplication::processEvents();
-    int count = 0;
-    QCOMPARE(cutTexts(&form(), &count), QString());
-    QVERIFY(count >= 30);
-    for (const char* const name : { "btn_ok", "btn_cancel" }) {
-        const auto* const button = field<QPushButton>(form(), name);
-        QVERIFY2(button->height() >= button->sizeHint().height(), name);
-    }
-}
-
-void TestAccessibility::captions_of_both_sections_line_up()
-{
-    QFETCH(double, fontFactor);
-    openForm(words("an ordinary plan"), words("light"), fontFactor);
-    int edge = 0;
-    for (const QLabel* const caption : form().findChildren<QLabel*>()) {
-        if (!caption->buddy() || !caption->isVisible())
-            continue;
-        const int right = caption->mapTo(&form(), QPoint(caption->width(), 0)).x();
-        edge = edge == 0 ? right : edge;
-        QVERIFY2(right == edge, qPrintable(caption->objectName()));
-    }
-    QCOMPARE(field<QWidget>(form(), "la_fundAccountName")->width(), 98);
-    QCOMPARE(field<QWidget>(form(), "la_priceMode")->width(), 98);
-}
-
-void TestAccessibility::the_algorithm_panel_is_named_and_uncut()
-{
-    QFETCH(double, fontFactor);
-    openForm(words("an algorithm"), words("light"), fontFactor);
-    QWidget* const panel = openPanel();
-    QVERIFY(panel && panel->isVisible());
-    auto* const strategies = field<QComboBox>(*panel, "combx_strategy");
-    QCOMPARE(strategies->count(), 5);
-    for (int i = 0; i < strategies->count(); ++i) {
-        strategies->setCurrentIndex(i);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCoreApplication::processEvents();
-        QCOMPARE(namelessFields(panel), QString());
-        QCOMPARE(cutTexts(panel), QString());
-        for (const QWidget* const input : panel->findChildren<QWidget*>()) {
-            if (input->objectName().startsWith(QLatin1String("input_")))
-                QVERIFY2(!input->accessibleDescription().isEmpty(), qPrintable(input->objectName()));
-        }
-    }
-    panel->hide();
-}
-
-void TestAccessibility::what_is_wrong_in_the_panel_stands_out()
-{
-    QFETCH(QString, skin);
-    openForm(words("an algorithm"), skin);
-    QWidget* const panel = openPanel();
-    QVERIFY(panel && panel->isVisible());
-    field<QComboBox>(*panel, "combx_strategy")->setCurrentIndex(0);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    auto* const input = field<QAbstractSpinBox>(*panel, "input_SliceInterval");
-    input->findChild<QLineEdit*>()->setText(words("x"));
-    field<QPushButton>(*panel, "btn_ok")->click();
-    QVERIFY(panel->isVisible());
-    QCoreApplication::processEvents();
-    auto* const message = field<QLabel>(*panel, "lab_message");
-    QVERIFY(message->isVisible());
-    const SkinSheet sheet(skinSheet(skin));
-    const QColor ink = sheet.colour({ words("QLabel#lab_message") }, words("color"));
-    QCOMPARE(message->palette().color(QPalette::WindowText), ink);
-    QCOMPARE(input->palette().color(QPalette::Text), ink);
-    QVERIFY(paintedContrast(*panel, message, message->rect()) >= 4.5);
-    panel->hide();
-}
-
-void TestAccessibility::the_window_is_named_and_uncut()
-{
-    QFETCH(double, fontFactor);
-    open(words("light"), fontFactor);
-    QCOMPARE(namelessFields(m_window.get()), QString());
-    QCOMPARE(cutTexts(m_window.get()), QString());
-    QCOMPARE(m_window->findChild<QWidget*>(words("planTable"))->accessibleName(), words("计划列表"));
-    QCOMPARE(m_window->findChild<QWidget*>(words("planDetails"))->accessibleName(), words("计划内容"));
-}
-
-void TestAccessibility::the_windows_focus_is_seen()
-{
-    QFETCH(QString, skin);
-    open(skin);
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-    auto* const table = m_window->findChild<QWidget*>(words("planTable"));
-    auto* const details = m_window->findChild<QWidget*>(words("planDetails"));
-    table->setFocus();
-    const QVector<QRgb> focusedTable = ring(*m_window, table);
-    const QVector<QRgb> unfocusedDetails = ring(*m_window, details);
-    details->setFocus();
-    QVERIFY(difference(focusedTable, ring(*m_window, table)) >= 1.5);
-    QVERIFY(difference(unfocusedDetails, ring(*m_window, details)) >= 1.5);
-}
-
-void TestAccessibility::boxes_and_popups_are_named()
-{
-    openForm(words("an ordinary plan"));
-    MessageBox box({ words("msgBoxQuestion"), words("确认"), QStyle::SP_MessageBoxQuestion },
-        words("目标总量需等于【2000】的整数倍，是否继续？"), &dialog());
-    box.addDecline(true);
-    box.show();
-    QCOMPARE(namelessFields(&box), QString());
-    QCOMPARE(cutTexts(&box), QString());
-    QCOMPARE(QAccessible::queryAccessibleInterface(&box)->text(QAccessible::Name), words("确认"));
-    QCOMPARE(box.accessibleDescription(), words("目标总量需等于【2000】的整数倍，是否继续？"));
-    box.close();
-
-    field<QComboBox>(form(), "combx_fundAccount")->showPopup();
-    auto* const popup = form().findChild<QWidget*>(words("comboSearchPopup"));
-    QCOMPARE(namelessFields(popup), QString());
-    popup->hide();
-
-    field<QAbstractButton>(form(), "btn_startCalendar")->click();
-    auto* const calendar = form().findChild<CalendarPopup*>();
-    QVERIFY(calendar);
-    QCOMPARE(calendar->accessibleName(), words("日历，") + field<QLineEdit>(form(), "le_start")->text());
-    QCOMPARE(cutTexts(calendar), QString());
-    calendar->close();
-}
-
-void TestAccessibility::the_hint_of_an_empty_search_stands_out()
-{
-    QFETCH(QString, skin);
-    openForm(words("an ordinary plan"), skin);
-    auto* const accounts = field<QComboBox>(form(), "combx_fundAccount");
-    // Once more after it was open: the skin must not have taken the colour back.
-    for (int i = 0; i < 2; ++i) {
-        accounts->showPopup();
-        QCoreApplication::processEvents();
-        const auto* const search = form().findChild<QLineEdit*>(words("comboSearch"));
-        const QColor ground =
-            SkinSheet(skinSheet(skin)).colour({ words("QLineEdit:focus") }, words("background-color"));
-        QVERIFY(contrast(search->palette().color(QPalette::PlaceholderText), ground) >= 4.5);
-        accounts->hidePopup();
-    }
-}
-
-QTEST_MAIN(TestAccessibility)
+QTEST_MAIN(AccessibilityTest)
 #include "tst_accessibility.moc"

@@ -14,192 +14,174 @@ class AgreementSignTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init()
+    {
+        m_log = new LogCatcher;
+        m_boxText.clear();
+        WidgetServices::instance() = WidgetServices();
+        WidgetServices::instance().agreementTitle = QStringLiteral("减持计划风险揭示书");
+        WidgetServices::instance().agreementText = QStringLiteral("请阅读<全文>。");
+    }
 
-    void itShowsTheAgreementAndTheClients();
-    void textAndClientsCanBeLeftOut();
-    void signingWaitsForTheCountdown();
-    void withoutACountdownSigningIsPossibleAtOnce();
-    void chosenClientsSign();
-    void allClientsSignWithoutAChoice();
-    void noChosenClientIsSaid();
-    void aFailureIsSaidAndTheDialogStays();
-    void cancelAndEscapeSignNothing();
-    void nobodyToSignLeavesTheButtonDisabled();
-    void theDialogMayDieWithItsParent();
+    void cleanup()
+    {
+        QCOMPARE(m_log->trouble(), QStringList());
+        delete m_log;
+    }
+
+    void itShowsTheAgreementAndTheClients()
+    {
+        OrloAgreementSignWidget dialog(true, true, nullptr);
+        fill(dialog);
+        QCOMPARE(dialog.windowTitle(), QStringLiteral("减持计划风险揭示书"));
+        QCOMPARE(child<QPlainTextEdit>(dialog, "agreementText")->toPlainText(), QStringLiteral("请阅读<全文>。"));
+        QVERIFY(child<QPlainTextEdit>(dialog, "agreementText")->isReadOnly());
+        const auto* clients = child<QListWidget>(dialog, "clientList");
+        QCOMPARE(clients->count(), 2);
+        QCOMPARE(clients->item(1)->text(), QStringLiteral("C2"));
+        QCOMPARE(clients->item(1)->checkState(), Qt::Checked);
+    }
+
+    void textAndClientsCanBeLeftOut()
+    {
+        OrloAgreementSignWidget dialog(false, false, nullptr);
+        fill(dialog);
+        QVERIFY(!child<QPlainTextEdit>(dialog, "agreementText")->isVisible());
+        QVERIFY(!child<QListWidget>(dialog, "clientList")->isVisible());
+        QVERIFY(signButton(dialog)->isEnabled());
+    }
+
+    void signingWaitsForTheCountdown()
+    {
+        OrloAgreementSignWidget dialog(true, true, nullptr);
+        dialog.SetSignCountDown(2);
+        dialog.SetClientNoList({ QStringLiteral("C1") });
+        QVERIFY(!signButton(dialog)->isEnabled());
+        QCOMPARE(signButton(dialog)->text(), QStringLiteral("签署（2）"));
+        dialog.show();
+        QTest::mouseClick(signButton(dialog), Qt::LeftButton);
+        QCOMPARE(WidgetServices::instance().signatures.size(), 0);
+        QTRY_COMPARE(signButton(dialog)->text(), QStringLiteral("签署（1）"));
+        QVERIFY(!signButton(dialog)->isEnabled());
+        QTRY_VERIFY(signButton(dialog)->isEnabled());
+        QCOMPARE(signButton(dialog)->text(), QStringLiteral("签署"));
+    }
+
+    void withoutACountdownSigningIsPossibleAtOnce()
+    {
+        OrloAgreementSignWidget dialog(true, true, nullptr);
+        fill(dialog, 0);
+        QVERIFY(signButton(dialog)->isEnabled());
+    }
+
+    void chosenClientsSign()
+    {
+        OrloAgreementSignWidget dialog(true, true, nullptr);
+        fill(dialog);
+        auto* clients = child<QListWidget>(dialog, "clientList");
+        clients->setCurrentRow(0);
+        QTest::keyClick(clients, Qt::Key_Space);
+        QCOMPARE(clients->item(0)->checkState(), Qt::Unchecked);
+        QTest::mouseClick(signButton(dialog), Qt::LeftButton);
+        QCOMPARE(dialog.result(), int(QDialog::Accepted));
+        QVERIFY(!dialog.isVisible());
+        QCOMPARE(WidgetServices::instance().signatures.size(), 1);
+        QCOMPARE(WidgetServices::instance().signatures.first().first, QStringLiteral("P1"));
+        QCOMPARE(WidgetServices::instance().signatures.first().second, QStringList{ QStringLiteral("C2") });
+    }
+
+    void allClientsSignWithoutAChoice()
+    {
+        OrloAgreementSignWidget dialog(true, true, nullptr);
+        fill(dialog);
+        dialog.SetAccountSelectable(false);
+        QVERIFY(!(child<QListWidget>(dialog, "clientList")->item(0)->flags() & Qt::ItemIsUserCheckable));
+        QTest::keyClick(signButton(dialog), Qt::Key_Space);
+        QCOMPARE(WidgetServices::instance().signatures.first().second.size(), 2);
+    }
+
+    void noChosenClientIsSaid()
+    {
+        OrloAgreementSignWidget dialog(true, true, nullptr);
+        fill(dialog);
+        auto* clients = child<QListWidget>(dialog, "clientList");
+        for (int row = 0; row < clients->count(); ++row)
+            clients->item(row)->setCheckState(Qt::Unchecked);
+        confirmNextBox();
+        QTest::mouseClick(signButton(dialog), Qt::LeftButton);
+        QCOMPARE(m_boxText, QStringLiteral("请选择签署客户！"));
+        QCOMPARE(WidgetServices::instance().signatures.size(), 0);
+        QVERIFY(dialog.isVisible());
+    }
+
+    void aFailureIsSaidAndTheDialogStays()
+    {
+        WidgetServices::instance().signFailure = QStringLiteral("数据库被占用");
+        OrloAgreementSignWidget dialog(true, true, nullptr);
+        fill(dialog);
+        confirmNextBox();
+        QTest::mouseClick(signButton(dialog), Qt::LeftButton);
+        QCOMPARE(m_boxText, QStringLiteral("数据库被占用"));
+        QVERIFY(dialog.isVisible());
+    }
+
+    void cancelAndEscapeSignNothing()
+    {
+        OrloAgreementSignWidget dialog(true, true, nullptr);
+        fill(dialog);
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+        QVERIFY(!dialog.isVisible());
+        dialog.show();
+        QTest::mouseClick(child<QPushButton>(dialog, "btnCancel"), Qt::LeftButton);
+        QVERIFY(!dialog.isVisible());
+        QCOMPARE(WidgetServices::instance().signatures.size(), 0);
+    }
+
+    void nobodyToSignLeavesTheButtonDisabled()
+    {
+        OrloAgreementSignWidget dialog(true, true, nullptr);
+        dialog.SetSignCountDown(0);
+        QVERIFY(!signButton(dialog)->isEnabled());
+    }
+
+    void theDialogMayDieWithItsParent()
+    {
+        auto* parent = new QWidget;
+        QPointer<OrloAgreementSignWidget> dialog(new OrloAgreementSignWidget(true, true, parent));
+        QTimer::singleShot(0, this, [parent] { delete parent; });
+        QCOMPARE(dialog->exec(), int(QDialog::Rejected));
+        QVERIFY(!dialog);
+    }
 
 private:
-    void fill(OrloAgreementSignWidget& dialog, int seconds = 0);
+    void fill(OrloAgreementSignWidget& dialog, int seconds = 0)
+    {
+        dialog.SetAccountSelectable(true);
+        dialog.SetAgreement(QStringLiteral("P1"));
+        dialog.SetSignCountDown(seconds);
+        dialog.SetClientNoList({ QStringLiteral("C1"), QStringLiteral("C2") });
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    }
     template <typename Widget> static Widget* child(const QWidget& dialog, const char* name)
     {
         return dialog.findChild<Widget*>(QString::fromLatin1(name));
     }
     static QPushButton* signButton(const QWidget& dialog) { return child<QPushButton>(dialog, "btnSign"); }
+
     /// Confirms the message box that opens next, and keeps its text.
-    void confirmNextBox();
+    void confirmNextBox()
+    {
+        QTimer::singleShot(0, this, [this] {
+            const QWidget* box = QApplication::activeModalWidget();
+            m_boxText = box->findChild<QLabel*>(QStringLiteral("msgBoxText"))->text();
+            QTest::mouseClick(child<QPushButton>(*box, "btnConfirm"), Qt::LeftButton);
+        });
+    }
 
     LogCatcher* m_log = nullptr;
     QString m_boxText;
 };
-
-void AgreementSignTest::init()
-{
-    m_log = new LogCatcher;
-    m_boxText.clear();
-    WidgetServices::instance() = WidgetServices();
-    WidgetServices::instance().agreementTitle = QStringLiteral("减持计划风险揭示书");
-    WidgetServices::instance().agreementText = QStringLiteral("请阅读<全文>。");
-}
-
-void AgreementSignTest::cleanup()
-{
-    QCOMPARE(m_log->trouble(), QStringList());
-    delete m_log;
-}
-
-void AgreementSignTest::fill(OrloAgreementSignWidget& dialog, int seconds)
-{
-    dialog.SetAccountSelectable(true);
-    dialog.SetAgreement(QStringLiteral("P1"));
-    dialog.SetSignCountDown(seconds);
-    dialog.SetClientNoList({ QStringLiteral("C1"), QStringLiteral("C2") });
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-}
-
-void AgreementSignTest::confirmNextBox()
-{
-    QTimer::singleShot(0, this, [this] {
-        const QWidget* box = QApplication::activeModalWidget();
-        m_boxText = box->findChild<QLabel*>(QStringLiteral("msgBoxText"))->text();
-        QTest::mouseClick(child<QPushButton>(*box, "btnConfirm"), Qt::LeftButton);
-    });
-}
-
-void AgreementSignTest::itShowsTheAgreementAndTheClients()
-{
-    OrloAgreementSignWidget dialog(true, true, nullptr);
-    fill(dialog);
-    QCOMPARE(dialog.windowTitle(), QStringLiteral("减持计划风险揭示书"));
-    QCOMPARE(child<QPlainTextEdit>(dialog, "agreementText")->toPlainText(), QStringLiteral("请阅读<全文>。"));
-    QVERIFY(child<QPlainTextEdit>(dialog, "agreementText")->isReadOnly());
-    const auto* clients = child<QListWidget>(dialog, "clientList");
-    QCOMPARE(clients->count(), 2);
-    QCOMPARE(clients->item(1)->text(), QStringLiteral("C2"));
-    QCOMPARE(clients->item(1)->checkState(), Qt::Checked);
-}
-
-void AgreementSignTest::textAndClientsCanBeLeftOut()
-{
-    OrloAgreementSignWidget dialog(false, false, nullptr);
-    fill(dialog);
-    QVERIFY(!child<QPlainTextEdit>(dialog, "agreementText")->isVisible());
-    QVERIFY(!child<QListWidget>(dialog, "clientList")->isVisible());
-    QVERIFY(signButton(dialog)->isEnabled());
-}
-
-void AgreementSignTest::signingWaitsForTheCountdown()
-{
-    OrloAgreementSignWidget dialog(true, true, nullptr);
-    dialog.SetSignCountDown(2);
-    dialog.SetClientNoList({ QStringLiteral("C1") });
-    QVERIFY(!signButton(dialog)->isEnabled());
-    QCOMPARE(signButton(dialog)->text(), QStringLiteral("签署（2）"));
-    dialog.show();
-    QTest::mouseClick(signButton(dialog), Qt::LeftButton);
-    QCOMPARE(WidgetServices::instance().signatures.size(), 0);
-    QTRY_COMPARE(signButton(dialog)->text(), QStringLiteral("签署（1）"));
-    QVERIFY(!signButton(dialog)->isEnabled());
-    QTRY_VERIFY(signButton(dialog)->isEnabled());
-    QCOMPARE(signButton(dialog)->text(), QStringLiteral("签署"));
-}
-
-void AgreementSignTest::withoutACountdownSigningIsPossibleAtOnce()
-{
-    OrloAgreementSignWidget dialog(true, true, nullptr);
-    fill(dialog, 0);
-    QVERIFY(signButton(dialog)->isEnabled());
-}
-
-void AgreementSignTest::chosenClientsSign()
-{
-    OrloAgreementSignWidget dialog(true, true, nullptr);
-    fill(dialog);
-    auto* clients = child<QListWidget>(dialog, "clientList");
-    clients->setCurrentRow(0);
-    QTest::keyClick(clients, Qt::Key_Space);
-    QCOMPARE(clients->item(0)->checkState(), Qt::Unchecked);
-    QTest::mouseClick(signButton(dialog), Qt::LeftButton);
-    QCOMPARE(dialog.result(), int(QDialog::Accepted));
-    QVERIFY(!dialog.isVisible());
-    QCOMPARE(WidgetServices::instance().signatures.size(), 1);
-    QCOMPARE(WidgetServices::instance().signatures.first().first, QStringLiteral("P1"));
-    QCOMPARE(WidgetServices::instance().signatures.first().second, QStringList{ QStringLiteral("C2") });
-}
-
-void AgreementSignTest::allClientsSignWithoutAChoice()
-{
-    OrloAgreementSignWidget dialog(true, true, nullptr);
-    fill(dialog);
-    dialog.SetAccountSelectable(false);
-    QVERIFY(!(child<QListWidget>(dialog, "clientList")->item(0)->flags() & Qt::ItemIsUserCheckable));
-    QTest::keyClick(signButton(dialog), Qt::Key_Space);
-    QCOMPARE(WidgetServices::instance().signatures.first().second.size(), 2);
-}
-
-void AgreementSignTest::noChosenClientIsSaid()
-{
-    OrloAgreementSignWidget dialog(true, true, nullptr);
-    fill(dialog);
-    auto* clients = child<QListWidget>(dialog, "clientList");
-    for (int row = 0; row < clients->count(); ++row)
-        clients->item(row)->setCheckState(Qt::Unchecked);
-    confirmNextBox();
-    QTest::mouseClick(signButton(dialog), Qt::LeftButton);
-    QCOMPARE(m_boxText, QStringLiteral("请选择签署客户！"));
-    QCOMPARE(WidgetServices::instance().signatures.size(), 0);
-    QVERIFY(dialog.isVisible());
-}
-
-void AgreementSignTest::aFailureIsSaidAndTheDialogStays()
-{
-    WidgetServices::instance().signFailure = QStringLiteral("数据库被占用");
-    OrloAgreementSignWidget dialog(true, true, nullptr);
-    fill(dialog);
-    confirmNextBox();
-    QTest::mouseClick(signButton(dialog), Qt::LeftButton);
-    QCOMPARE(m_boxText, QStringLiteral("数据库被占用"));
-    QVERIFY(dialog.isVisible());
-}
-
-void AgreementSignTest::cancelAndEscapeSignNothing()
-{
-    OrloAgreementSignWidget dialog(true, true, nullptr);
-    fill(dialog);
-    QTest::keyClick(&dialog, Qt::Key_Escape);
-    QVERIFY(!dialog.isVisible());
-    dialog.show();
-    QTest::mouseClick(child<QPushButton>(dialog, "btnCancel"), Qt::LeftButton);
-    QVERIFY(!dialog.isVisible());
-    QCOMPARE(WidgetServices::instance().signatures.size(), 0);
-}
-
-void AgreementSignTest::nobodyToSignLeavesTheButtonDisabled()
-{
-    OrloAgreementSignWidget dialog(true, true, nullptr);
-    dialog.SetSignCountDown(0);
-    QVERIFY(!signButton(dialog)->isEnabled());
-}
-
-void AgreementSignTest::theDialogMayDieWithItsParent()
-{
-    auto* parent = new QWidget;
-    QPointer<OrloAgreementSignWidget> dialog(new OrloAgreementSignWidget(true, true, parent));
-    QTimer::singleShot(0, this, [parent] { delete parent; });
-    QCOMPARE(dialog->exec(), int(QDialog::Rejected));
-    QVERIFY(!dialog);
-}
 
 QTEST_MAIN(AgreementSignTest)
 #include "tst_agreement_sign.moc"

@@ -23,306 +23,276 @@ class DateEditTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init()
+    {
+        m_log = new LogCatcher;
+        m_edit = new OrloDateEdit;
+        m_edit->SetMode(1, false);
+        m_edit->SetExceptDayOfWeek({ 7, 6 });
+        m_edit->SetExceptDateList({ holiday });
+        m_edit->SetMinDate(monday);
+        m_edit->SetMaxDate(lastDay);
+        m_edit->SetStartEndDate(monday, monday);
+        m_edit->SetDate(monday);
+        m_edit->resize(360, 30);
+        m_edit->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_edit));
+        m_edit->activateWindow();
+    }
 
-    void theModeSaysWhichFieldsAreShown();
-    void whatIsSetIsShownAndNeverMoved();
-    void aDateThatCannotBeChosenIsMarked();
-    void boundsDoNotClamp();
-    void noDateIsAnEmptyField();
-    void aTypedDateIsTaken();
-    void aTypedDateThatCannotBeChosenIsRefused_data();
-    void aTypedDateThatCannotBeChosenIsRefused();
-    void leavingTheFieldTakesWhatIsTyped();
-    void arrowKeysStepOverExcludedDays();
-    void theCalendarGreysOutWhatCannotBeChosen();
-    void theCalendarTakesAClick();
-    void theCalendarRefusesAClickOnAGreyDay();
-    void theCalendarIsUsableByKeyboard();
-    void aKeyOpensTheCalendar_data();
-    void aKeyOpensTheCalendar();
-    void anEndBeforeTheStartIsRefused();
-    void aLaterStartTakesTheEndAlongAndSaysSo();
-    void theStartCanBeLocked();
-    void aSingleDateCannotBeChangedWhileDisabled();
+    void cleanup()
+    {
+        delete m_edit;
+        QCOMPARE(m_log->trouble(), QStringList());
+        delete m_log;
+    }
+
+    void theModeSaysWhichFieldsAreShown()
+    {
+        QVERIFY(child<QLineEdit>("le_start")->isVisible());
+        QVERIFY(child<QLineEdit>("le_end")->isVisible());
+        QVERIFY(!child<QLineEdit>("le_date")->isVisible());
+        m_edit->SetMode(0, false);
+        QVERIFY(!child<QLineEdit>("le_start")->isVisible());
+        QVERIFY(child<QLineEdit>("le_date")->isVisible());
+    }
+
+    void whatIsSetIsShownAndNeverMoved()
+    {
+        m_edit->SetStartEndDate(QDate(2020, 1, 4), QDate(2019, 1, 1));
+        QCOMPARE(m_edit->GetStartDate(), QDate(2020, 1, 4));
+        QCOMPARE(m_edit->GetEndDate(), QDate(2019, 1, 1));
+        QCOMPARE(child<QLineEdit>("le_start")->text(), QStringLiteral("2020-01-04"));
+        m_edit->SetDate(holiday);
+        QCOMPARE(m_edit->GetDate(), holiday);
+    }
+
+    void aDateThatCannotBeChosenIsMarked()
+    {
+        auto* start = child<QLineEdit>("le_start");
+        QVERIFY(!start->property("refused").toBool());
+        m_edit->SetStartEndDate(holiday, holiday);
+        QVERIFY(start->property("refused").toBool());
+        QCOMPARE(start->toolTip(), QStringLiteral("2025-11-26不是交易日，不能选择"));
+        m_edit->SetExceptDateList({});
+        QVERIFY(!start->property("refused").toBool());
+        QCOMPARE(start->toolTip(), QString());
+    }
+
+    void boundsDoNotClamp()
+    {
+        m_edit->SetMinDate(QDate(2025, 12, 1));
+        m_edit->SetMaxDate(QDate(2025, 11, 1));
+        QCOMPARE(m_edit->GetStartDate(), monday);
+        QCOMPARE(m_edit->GetDate(), monday);
+    }
+
+    void noDateIsAnEmptyField()
+    {
+        m_edit->SetStartEndDate(QDate(), QDate());
+        QVERIFY(!m_edit->GetStartDate().isValid());
+        QCOMPARE(child<QLineEdit>("le_start")->text(), QString());
+        QVERIFY(!child<QLineEdit>("le_start")->property("refused").toBool());
+    }
+
+    void aTypedDateIsTaken()
+    {
+        retype("le_end", QStringLiteral("2025-12-01"));
+        QCOMPARE(m_edit->GetEndDate(), monday);
+        QTest::keyClick(child<QLineEdit>("le_end"), Qt::Key_Return);
+        QCOMPARE(m_edit->GetEndDate(), QDate(2025, 12, 1));
+        QCOMPARE(m_edit->GetStartDate(), monday);
+        QCOMPARE(hint("le_end"), QString());
+    }
+
+    void aTypedDateThatCannotBeChosenIsRefused_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("a Saturday") << QStringLiteral("2025-11-29") << QStringLiteral("2025-11-29不是交易日，不能选择");
+        QTest::newRow("an excluded date")
+            << QStringLiteral("2025-11-26") << QStringLiteral("2025-11-26不是交易日，不能选择");
+        QTest::newRow("before the first")
+            << QStringLiteral("2025-11-21") << QStringLiteral("2025-11-21早于最早可选日期2025-11-24");
+        QTest::newRow("after the last") << QStringLiteral("2026-02-25")
+                                        << QStringLiteral("2026-02-25晚于最晚可选日期2026-02-24");
+        const QString form = QStringLiteral("请输入有效日期，格式为yyyy-MM-dd");
+        QTest::newRow("no such day") << QStringLiteral("2025-11-31") << form;
+        QTest::newRow("another form") << QStringLiteral("2025/12/1") << form;
+        QTest::newRow("half a date") << QStringLiteral("2025-12") << form;
+        QTest::newRow("a word") << QStringLiteral("abc") << form;
+    }
+
+    void aTypedDateThatCannotBeChosenIsRefused()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, reason);
+        retype("le_start", typed);
+        QTest::keyClick(child<QLineEdit>("le_start"), Qt::Key_Return);
+        QCOMPARE(m_edit->GetStartDate(), monday);
+        QCOMPARE(child<QLineEdit>("le_start")->text(), QStringLiteral("2025-11-24"));
+        QCOMPARE(hint("le_start"), reason);
+    }
+
+    void leavingTheFieldTakesWhatIsTyped()
+    {
+        retype("le_end", QStringLiteral("2025-12-01"));
+        QTest::keyClick(child<QLineEdit>("le_end"), Qt::Key_Tab);
+        QVERIFY(child<QToolButton>("btn_endCalendar")->hasFocus());
+        QCOMPARE(m_edit->GetEndDate(), QDate(2025, 12, 1));
+        retype("le_end", QStringLiteral("2025-12-06"));
+        QTest::keyClick(child<QLineEdit>("le_end"), Qt::Key_Tab);
+        QCOMPARE(m_edit->GetEndDate(), QDate(2025, 12, 1));
+        QCOMPARE(hint("le_end"), QStringLiteral("2025-12-06不是交易日，不能选择"));
+    }
+
+    void arrowKeysStepOverExcludedDays()
+    {
+        auto* end = child<QLineEdit>("le_end");
+        end->setFocus();
+        QTest::keyClick(end, Qt::Key_Up);
+        QTest::keyClick(end, Qt::Key_Up);
+        QCOMPARE(m_edit->GetEndDate(), QDate(2025, 11, 27));
+        QTest::keyClick(end, Qt::Key_Down);
+        QCOMPARE(m_edit->GetEndDate(), QDate(2025, 11, 25));
+    }
+
+    void theCalendarGreysOutWhatCannotBeChosen()
+    {
+        const CalendarPopup* calendar = open("btn_startCalendar");
+        QVERIFY(calendar);
+        const auto isEnabled = [calendar](const char* day) {
+            const auto* button = calendar->findChild<QToolButton*>(QStringLiteral("day_") + QString::fromLatin1(day));
+            return button && button->isEnabled();
+        };
+        QVERIFY(isEnabled("2025-11-24"));
+        QVERIFY(isEnabled("2025-11-25"));
+        QVERIFY(!isEnabled("2025-11-21"));
+        QVERIFY(!isEnabled("2025-11-26"));
+        QVERIFY(!isEnabled("2025-11-29"));
+        QVERIFY(!isEnabled("2025-11-30"));
+    }
+
+    void theCalendarTakesAClick()
+    {
+        CalendarPopup* calendar = open("btn_endCalendar");
+        QTest::mouseClick(calendar->findChild<QToolButton*>(QStringLiteral("btnNextMonth")), Qt::LeftButton);
+        QTest::mouseClick(calendar->findChild<QToolButton*>(QStringLiteral("day_2025-12-02")), Qt::LeftButton);
+        QCOMPARE(m_edit->GetEndDate(), QDate(2025, 12, 2));
+        QCOMPARE(child<QLineEdit>("le_end")->text(), QStringLiteral("2025-12-02"));
+        QTRY_VERIFY(!child<CalendarPopup>("calendarPopup"));
+    }
+
+    void theCalendarRefusesAClickOnAGreyDay()
+    {
+        CalendarPopup* calendar = open("btn_endCalendar");
+        QTest::mouseClick(calendar->findChild<QToolButton*>(QStringLiteral("day_2025-11-26")), Qt::LeftButton);
+        QCOMPARE(m_edit->GetEndDate(), monday);
+        QVERIFY(calendar->isVisible());
+    }
+
+    void theCalendarIsUsableByKeyboard()
+    {
+        CalendarPopup* calendar = open("btn_endCalendar");
+        QCOMPARE(markedDay(calendar), monday);
+        QTest::keyClick(calendar, Qt::Key_Left);
+        QCOMPARE(markedDay(calendar), monday);
+        QTest::keyClick(calendar, Qt::Key_Right);
+        QTest::keyClick(calendar, Qt::Key_Right);
+        QCOMPARE(markedDay(calendar), QDate(2025, 11, 27));
+        QTest::keyClick(calendar, Qt::Key_Down);
+        QCOMPARE(markedDay(calendar), QDate(2025, 12, 4));
+        QTest::keyClick(calendar, Qt::Key_PageDown);
+        QCOMPARE(markedDay(calendar), QDate(2026, 1, 5));
+        QTest::keyClick(calendar, Qt::Key_PageUp);
+        QCOMPARE(markedDay(calendar), QDate(2025, 12, 5));
+        QTest::keyClick(calendar, Qt::Key_Return);
+        QCOMPARE(m_edit->GetEndDate(), QDate(2025, 12, 5));
+        calendar = open("btn_endCalendar");
+        QTest::keyClick(calendar, Qt::Key_Right);
+        QTest::keyClick(calendar, Qt::Key_Escape);
+        QCOMPARE(m_edit->GetEndDate(), QDate(2025, 12, 5));
+    }
+
+    void aKeyOpensTheCalendar_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("modifiers");
+        QTest::newRow("F4") << int(Qt::Key_F4) << int(Qt::NoModifier);
+        QTest::newRow("Alt and Down") << int(Qt::Key_Down) << int(Qt::AltModifier);
+    }
+
+    void aKeyOpensTheCalendar()
+    {
+        QFETCH(int, key);
+        QFETCH(int, modifiers);
+        QTest::keyClick(child<QLineEdit>("le_end"), Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+        QVERIFY(child<CalendarPopup>("calendarPopup"));
+    }
+
+    void anEndBeforeTheStartIsRefused()
+    {
+        m_edit->SetStartEndDate(QDate(2025, 12, 1), QDate(2025, 12, 5));
+        retype("le_end", QStringLiteral("2025-11-28"));
+        QTest::keyClick(child<QLineEdit>("le_end"), Qt::Key_Return);
+        QCOMPARE(m_edit->GetEndDate(), QDate(2025, 12, 5));
+        QCOMPARE(hint("le_end"), QStringLiteral("结束日期不能早于开始日期2025-12-01"));
+    }
+
+    void aLaterStartTakesTheEndAlongAndSaysSo()
+    {
+        retype("le_start", QStringLiteral("2025-12-01"));
+        QTest::keyClick(child<QLineEdit>("le_start"), Qt::Key_Return);
+        QCOMPARE(m_edit->GetStartDate(), QDate(2025, 12, 1));
+        QCOMPARE(m_edit->GetEndDate(), QDate(2025, 12, 1));
+        QCOMPARE(hint("le_end"), QStringLiteral("结束日期已随开始日期改为2025-12-01"));
+    }
+
+    void theStartCanBeLocked()
+    {
+        m_edit->SetStartCalendarEnabled(false);
+        QVERIFY(!child<QLineEdit>("le_start")->isEnabled());
+        QVERIFY(!child<QToolButton>("btn_startCalendar")->isEnabled());
+        QVERIFY(child<QToolButton>("btn_endCalendar")->isEnabled());
+        QVERIFY(!open("btn_startCalendar"));
+        m_edit->SetStartCalendarEnabled(true);
+        QVERIFY(child<QToolButton>("btn_startCalendar")->isEnabled());
+    }
+
+    void aSingleDateCannotBeChangedWhileDisabled()
+    {
+        m_edit->SetMode(0, false);
+        m_edit->setEnabled(false);
+        QVERIFY(!open("btn_dateCalendar"));
+        m_edit->setEnabled(true);
+        QVERIFY(open("btn_dateCalendar"));
+    }
 
 private:
     template <typename Widget> Widget* child(const char* name) const
     {
         return m_edit->findChild<Widget*>(QString::fromLatin1(name));
     }
-    void retype(const char* field, const QString& text);
-    QString hint(const char* field) const;
-    CalendarPopup* open(const char* button);
+
+    void retype(const char* field, const QString& text)
+    {
+        auto* edit = child<QLineEdit>(field);
+        edit->setFocus();
+        edit->selectAll();
+        QTest::keyClicks(edit, text);
+    }
+
+    QString hint(const char* field) const { return hintAt(child<QLineEdit>(field)->parentWidget()); }
+
+    CalendarPopup* open(const char* button)
+    {
+        QTest::mouseClick(child<QToolButton>(button), Qt::LeftButton);
+        return child<CalendarPopup>("calendarPopup");
+    }
 
     LogCatcher* m_log = nullptr;
     OrloDateEdit* m_edit = nullptr;
 };
-
-void DateEditTest::init()
-{
-    m_log = new LogCatcher;
-    m_edit = new OrloDateEdit;
-    m_edit->SetMode(1, false);
-    m_edit->SetExceptDayOfWeek({ 7, 6 });
-    m_edit->SetExceptDateList({ holiday });
-    m_edit->SetMinDate(monday);
-    m_edit->SetMaxDate(lastDay);
-    m_edit->SetStartEndDate(monday, monday);
-    m_edit->SetDate(monday);
-    m_edit->resize(360, 30);
-    m_edit->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_edit));
-    m_edit->activateWindow();
-}
-
-void DateEditTest::cleanup()
-{
-    delete m_edit;
-    QCOMPARE(m_log->trouble(), QStringList());
-    delete m_log;
-}
-
-void DateEditTest::retype(const char* field, const QString& text)
-{
-    auto* edit = child<QLineEdit>(field);
-    edit->setFocus();
-    edit->selectAll();
-    QTest::keyClicks(edit, text);
-}
-
-QString DateEditTest::hint(const char* field) const
-{
-    return hintAt(child<QLineEdit>(field)->parentWidget());
-}
-
-CalendarPopup* DateEditTest::open(const char* button)
-{
-    QTest::mouseClick(child<QToolButton>(button), Qt::LeftButton);
-    return child<CalendarPopup>("calendarPopup");
-}
-
-void DateEditTest::theModeSaysWhichFieldsAreShown()
-{
-    QVERIFY(child<QLineEdit>("le_start")->isVisible());
-    QVERIFY(child<QLineEdit>("le_end")->isVisible());
-    QVERIFY(!child<QLineEdit>("le_date")->isVisible());
-    m_edit->SetMode(0, false);
-    QVERIFY(!child<QLineEdit>("le_start")->isVisible());
-    QVERIFY(child<QLineEdit>("le_date")->isVisible());
-}
-
-void DateEditTest::whatIsSetIsShownAndNeverMoved()
-{
-    m_edit->SetStartEndDate(QDate(2020, 1, 4), QDate(2019, 1, 1));
-    QCOMPARE(m_edit->GetStartDate(), QDate(2020, 1, 4));
-    QCOMPARE(m_edit->GetEndDate(), QDate(2019, 1, 1));
-    QCOMPARE(child<QLineEdit>("le_start")->text(), QStringLiteral("2020-01-04"));
-    m_edit->SetDate(holiday);
-    QCOMPARE(m_edit->GetDate(), holiday);
-}
-
-void DateEditTest::aDateThatCannotBeChosenIsMarked()
-{
-    auto* start = child<QLineEdit>("le_start");
-    QVERIFY(!start->property("refused").toBool());
-    m_edit->SetStartEndDate(holiday, holiday);
-    QVERIFY(start->property("refused").toBool());
-    QCOMPARE(start->toolTip(), QStringLiteral("2025-11-26不是交易日，不能选择"));
-    m_edit->SetExceptDateList({});
-    QVERIFY(!start->property("refused").toBool());
-    QCOMPARE(start->toolTip(), QString());
-}
-
-void DateEditTest::boundsDoNotClamp()
-{
-    m_edit->SetMinDate(QDate(2025, 12, 1));
-    m_edit->SetMaxDate(QDate(2025, 11, 1));
-    QCOMPARE(m_edit->GetStartDate(), monday);
-    QCOMPARE(m_edit->GetDate(), monday);
-}
-
-void DateEditTest::noDateIsAnEmptyField()
-{
-    m_edit->SetStartEndDate(QDate(), QDate());
-    QVERIFY(!m_edit->GetStartDate().isValid());
-    QCOMPARE(child<QLineEdit>("le_start")->text(), QString());
-    QVERIFY(!child<QLineEdit>("le_start")->property("refused").toBool());
-}
-
-void DateEditTest::aTypedDateIsTaken()
-{
-    retype("le_end", QStringLiteral("2025-12-01"));
-    QCOMPARE(m_edit->GetEndDate(), monday);
-    QTest::keyClick(child<QLineEdit>("le_end"), Qt::Key_Return);
-    QCOMPARE(m_edit->GetEndDate(), QDate(2025, 12, 1));
-    QCOMPARE(m_edit->GetStartDate(), monday);
-    QCOMPARE(hint("le_end"), QString());
-}
-
-void DateEditTest::aTypedDateThatCannotBeChosenIsRefused_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("reason");
-    QTest::newRow("a Saturday") << QStringLiteral("2025-11-29") << QStringLiteral("2025-11-29不是交易日，不能选择");
-    QTest::newRow("an excluded date") << QStringLiteral("2025-11-26")
-                                      << QStringLiteral("2025-11-26不是交易日，不能选择");
-    QTest::newRow("before the first") << QStringLiteral("2025-11-21")
-                                      << QStringLiteral("2025-11-21早于最早可选日期2025-11-24");
-    QTest::newRow("after the last") << QStringLiteral("2026-02-25")
-                                    << QStringLiteral("2026-02-25晚于最晚可选日期2026-02-24");
-    const QString form = QStringLiteral("请输入有效日期，格式为yyyy-MM-dd");
-    QTest::newRow("no such day") << QStringLiteral("2025-11-31") << form;
-    QTest::newRow("another form") << QStringLiteral("2025/12/1") << form;
-    QTest::newRow("half a date") << QStringLiteral("2025-12") << form;
-    QTest::newRow("a word") << QStringLiteral("abc") << form;
-}
-
-void DateEditTest::aTypedDateThatCannotBeChosenIsRefused()
-{
-    QFETCH(QString, typed);
-    QFETCH(QString, reason);
-    retype("le_start", typed);
-    QTest::keyClick(child<QLineEdit>("le_start"), Qt::Key_Return);
-    QCOMPARE(m_edit->GetStartDate(), monday);
-    QCOMPARE(child<QLineEdit>("le_start")->text(), QStringLiteral("2025-11-24"));
-    QCOMPARE(hint("le_start"), reason);
-}
-
-void DateEditTest::leavingTheFieldTakesWhatIsTyped()
-{
-    retype("le_end", QStringLiteral("2025-12-01"));
-    QTest::keyClick(child<QLineEdit>("le_end"), Qt::Key_Tab);
-    QVERIFY(child<QToolButton>("btn_endCalendar")->hasFocus());
-    QCOMPARE(m_edit->GetEndDate(), QDate(2025, 12, 1));
-    retype("le_end", QStringLiteral("2025-12-06"));
-    QTest::keyClick(child<QLineEdit>("le_end"), Qt::Key_Tab);
-    QCOMPARE(m_edit->GetEndDate(), QDate(2025, 12, 1));
-    QCOMPARE(hint("le_end"), QStringLiteral("2025-12-06不是交易日，不能选择"));
-}
-
-void DateEditTest::arrowKeysStepOverExcludedDays()
-{
-    auto* end = child<QLineEdit>("le_end");
-    end->setFocus();
-    QTest::keyClick(end, Qt::Key_Up);
-    QTest::keyClick(end, Qt::Key_Up);
-    QCOMPARE(m_edit->GetEndDate(), QDate(2025, 11, 27));
-    QTest::keyClick(end, Qt::Key_Down);
-    QCOMPARE(m_edit->GetEndDate(), QDate(2025, 11, 25));
-}
-
-void DateEditTest::theCalendarGreysOutWhatCannotBeChosen()
-{
-    const CalendarPopup* calendar = open("btn_startCalendar");
-    QVERIFY(calendar);
-    const auto isEnabled = [calendar](const char* day) {
-        const auto* button = calendar->findChild<QToolButton*>(QStringLiteral("day_") + QString::fromLatin1(day));
-        return button && button->isEnabled();
-    };
-    QVERIFY(isEnabled("2025-11-24"));
-    QVERIFY(isEnabled("2025-11-25"));
-    QVERIFY(!isEnabled("2025-11-21"));
-    QVERIFY(!isEnabled("2025-11-26"));
-    QVERIFY(!isEnabled("2025-11-29"));
-    QVERIFY(!isEnabled("2025-11-30"));
-}
-
-void DateEditTest::theCalendarTakesAClick()
-{
-    CalendarPopup* calendar = open("btn_endCalendar");
-    QTest::mouseClick(calendar->findChild<QToolButton*>(QStringLiteral("btnNextMonth")), Qt::LeftButton);
-    QTest::mouseClick(calendar->findChild<QToolButton*>(QStringLiteral("day_2025-12-02")), Qt::LeftButton);
-    QCOMPARE(m_edit->GetEndDate(), QDate(2025, 12, 2));
-    QCOMPARE(child<QLineEdit>("le_end")->text(), QStringLiteral("2025-12-02"));
-    QTRY_VERIFY(!child<CalendarPopup>("calendarPopup"));
-}
-
-void DateEditTest::theCalendarRefusesAClickOnAGreyDay()
-{
-    CalendarPopup* calendar = open("btn_endCalendar");
-    QTest::mouseClick(calendar->findChild<QToolButton*>(QStringLiteral("day_2025-11-26")), Qt::LeftButton);
-    QCOMPARE(m_edit->GetEndDate(), monday);
-    QVERIFY(calendar->isVisible());
-}
-
-void DateEditTest::theCalendarIsUsableByKeyboard()
-{
-    CalendarPopup* calendar = open("btn_endCalendar");
-    QCOMPARE(markedDay(calendar), monday);
-    QTest::keyClick(calendar, Qt::Key_Left);
-    QCOMPARE(markedDay(calendar), monday);
-    QTest::keyClick(calendar, Qt::Key_Right);
-    QTest::keyClick(calendar, Qt::Key_Right);
-    QCOMPARE(markedDay(calendar), QDate(2025, 11, 27));
-    QTest::keyClick(calendar, Qt::Key_Down);
-    QCOMPARE(markedDay(calendar), QDate(2025, 12, 4));
-    QTest::keyClick(calendar, Qt::Key_PageDown);
-    QCOMPARE(markedDay(calendar), QDate(2026, 1, 5));
-    QTest::keyClick(calendar, Qt::Key_PageUp);
-    QCOMPARE(markedDay(calendar), QDate(2025, 12, 5));
-    QTest::keyClick(calendar, Qt::Key_Return);
-    QCOMPARE(m_edit->GetEndDate(), QDate(2025, 12, 5));
-    calendar = open("btn_endCalendar");
-    QTest::keyClick(calendar, Qt::Key_Right);
-    QTest::keyClick(calendar, Qt::Key_Escape);
-    QCOMPARE(m_edit->GetEndDate(), QDate(2025, 12, 5));
-}
-
-void DateEditTest::aKeyOpensTheCalendar_data()
-{
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("modifiers");
-    QTest::newRow("F4") << int(Qt::Key_F4) << int(Qt::NoModifier);
-    QTest::newRow("Alt and Down") << int(Qt::Key_Down) << int(Qt::AltModifier);
-}
-
-void DateEditTest::aKeyOpensTheCalendar()
-{
-    QFETCH(int, key);
-    QFETCH(int, modifiers);
-    QTest::keyClick(child<QLineEdit>("le_end"), Qt::Key(key), Qt::KeyboardModifiers(modifiers));
-    QVERIFY(child<CalendarPopup>("calendarPopup"));
-}
-
-void DateEditTest::anEndBeforeTheStartIsRefused()
-{
-    m_edit->SetStartEndDate(QDate(2025, 12, 1), QDate(2025, 12, 5));
-    retype("le_end", QStringLiteral("2025-11-28"));
-    QTest::keyClick(child<QLineEdit>("le_end"), Qt::Key_Return);
-    QCOMPARE(m_edit->GetEndDate(), QDate(2025, 12, 5));
-    QCOMPARE(hint("le_end"), QStringLiteral("结束日期不能早于开始日期2025-12-01"));
-}
-
-void DateEditTest::aLaterStartTakesTheEndAlongAndSaysSo()
-{
-    retype("le_start", QStringLiteral("2025-12-01"));
-    QTest::keyClick(child<QLineEdit>("le_start"), Qt::Key_Return);
-    QCOMPARE(m_edit->GetStartDate(), QDate(2025, 12, 1));
-    QCOMPARE(m_edit->GetEndDate(), QDate(2025, 12, 1));
-    QCOMPARE(hint("le_end"), QStringLiteral("结束日期已随开始日期改为2025-12-01"));
-}
-
-void DateEditTest::theStartCanBeLocked()
-{
-    m_edit->SetStartCalendarEnabled(false);
-    QVERIFY(!child<QLineEdit>("le_start")->isEnabled());
-    QVERIFY(!child<QToolButton>("btn_startCalendar")->isEnabled());
-    QVERIFY(child<QToolButton>("btn_endCalendar")->isEnabled());
-    QVERIFY(!open("btn_startCalendar"));
-    m_edit->SetStartCalendarEnabled(true);
-    QVERIFY(child<QToolButton>("btn_startCalendar")->isEnabled());
-}
-
-void DateEditTest::aSingleDateCannotBeChangedWhileDisabled()
-{
-    m_edit->SetMode(0, false);
-    m_edit->setEnabled(false);
-    QVERIFY(!open("btn_dateCalendar"));
-    m_edit->setEnabled(true);
-    QVERIFY(open("btn_dateCalendar"));
-}
 
 QTEST_MAIN(DateEditTest)
 #include "tst_date_edit.moc"

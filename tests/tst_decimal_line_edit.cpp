@@ -12,35 +12,280 @@ class DecimalLineEditTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init()
+    {
+        m_log = new LogCatcher;
+        m_window = new QWidget;
+        m_edit = new OrloDecimalLineEdit(m_window);
+        m_other = new QLineEdit(m_window);
+        m_other->move(0, 60);
+        m_edit->setRange(0, 2000000000);
+        m_edit->setDecimals(2);
+        m_window->resize(200, 120);
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_window));
+        m_window->activateWindow();
+        m_edit->setFocus();
+        QTRY_VERIFY(m_edit->hasFocus());
+    }
 
-    void withoutEmptyModeItStartsAtItsMinimum();
-    void inEmptyModeItStartsEmpty();
-    void textNeverHoldsGrouping();
-    void typingIsRefusedWithAHint_data();
-    void typingIsRefusedWithAHint();
-    void aRatioShowsNoTrailingZeros();
-    void anAmountShowsItsDecimals();
-    void aNumberThatDoesNotFitEmptiesTheField_data();
-    void aNumberThatDoesNotFitEmptiesTheField();
-    void clearEmpties();
-    void anEmptyFieldStaysEmptyOnLeaving();
-    void anEmptyFieldIsZeroAlsoBelowTheMinimum();
-    void aNumberLeftBelowTheMinimumIsRefused();
-    void anUnfinishedNumberIsFinishedOnLeaving();
-    void aRangeThatLeavesTheNumberOutEmptiesTheField();
-    void fewerDecimalsRoundVisibly();
-    void moreDecimalsShowMore();
-    void theWheelDoesNothing();
-    void arrowKeysDoNotChangeANumberWithoutButtons();
-    void stepsNeverLeaveTheRange();
-    void typingAnnouncesTheNumber();
-    void pastedTextIsJudgedToo();
+    void cleanup()
+    {
+        delete m_window;
+        QCOMPARE(m_log->trouble(), QStringList());
+        delete m_log;
+    }
+
+    void withoutEmptyModeItStartsAtItsMinimum()
+    {
+        QCOMPARE(m_edit->GetStrValue(), QStringLiteral("0.00"));
+        m_edit->setRange(5, 10);
+        QCOMPARE(m_edit->value(), 5.0);
+        m_edit->setMinimum(2);
+        QCOMPARE(m_edit->GetStrValue(), QStringLiteral("5.00"));
+    }
+
+    void inEmptyModeItStartsEmpty()
+    {
+        m_edit->setEmptyMode(true);
+        QCOMPARE(m_edit->GetStrValue(), QString());
+        QCOMPARE(m_edit->value(), 0.0);
+        m_edit->setRange(0, 1);
+        m_edit->setDecimals(4);
+        QCOMPARE(m_edit->GetStrValue(), QString());
+    }
+
+    void textNeverHoldsGrouping()
+    {
+        m_edit->setLocale(QLocale(QLocale::English));
+        m_edit->setGroupSeparatorShown(true);
+        m_edit->setValue(1234567.5);
+        QCOMPARE(m_edit->GetStrValue(), QStringLiteral("1234567.50"));
+    }
+
+    void typingIsRefusedWithAHint_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("shown");
+        QTest::addColumn<QString>("reason");
+        const QString form = QStringLiteral("请输入数字，不带千分位和其他符号");
+        QTest::newRow("beyond the maximum")
+            << QStringLiteral("2000000001") << QStringLiteral("200000000") << QStringLiteral("不能大于2000000000");
+        QTest::newRow("the maximum itself fits")
+            << QStringLiteral("2000000000") << QStringLiteral("2000000000") << QString();
+        QTest::newRow("a third decimal") << QStringLiteral("1.234") << QStringLiteral("1.23")
+                                         << QStringLiteral("最多输入2位小数");
+        QTest::newRow("an exponent") << QStringLiteral("1e") << QStringLiteral("1") << form;
+        QTest::newRow("not a number") << QStringLiteral("n") << QStringLiteral("0.00") << form;
+        QTest::newRow("infinity") << QStringLiteral("i") << QStringLiteral("0.00") << form;
+        QTest::newRow("a plus sign") << QStringLiteral("+") << QStringLiteral("0.00") << form;
+        QTest::newRow("grouping") << QStringLiteral("1,") << QStringLiteral("1") << form;
+        QTest::newRow("a blank") << QStringLiteral("1 ") << QStringLiteral("1") << form;
+        QTest::newRow("a minus sign") << QStringLiteral("-") << QStringLiteral("0.00") << QStringLiteral("不能小于0");
+    }
+
+    void typingIsRefusedWithAHint()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, shown);
+        QFETCH(QString, reason);
+        retype(typed);
+        QCOMPARE(m_edit->GetStrValue(), shown);
+        QCOMPARE(hintAt(m_edit), reason);
+        QCOMPARE(m_edit->value(), shown.toDouble());
+    }
+
+    void aRatioShowsNoTrailingZeros()
+    {
+        m_edit->SetShowType(2);
+        m_edit->setRange(0, 1);
+        m_edit->setDecimals(4);
+        m_edit->setValue(0.25);
+        QCOMPARE(m_edit->GetStrValue(), QStringLiteral("0.25"));
+        m_edit->setValue(1);
+        QCOMPARE(m_edit->GetStrValue(), QStringLiteral("1"));
+    }
+
+    void anAmountShowsItsDecimals()
+    {
+        m_edit->SetShowType(1);
+        m_edit->setValue(10000.5);
+        QCOMPARE(m_edit->GetStrValue(), QStringLiteral("10000.50"));
+    }
+
+    void aNumberThatDoesNotFitEmptiesTheField_data()
+    {
+        QTest::addColumn<double>("number");
+        QTest::newRow("above the maximum") << 2000000001.0;
+        QTest::newRow("below the minimum") << -1.0;
+        QTest::newRow("not a number") << std::nan("");
+        QTest::newRow("infinite") << std::numeric_limits<double>::infinity();
+    }
+
+    void aNumberThatDoesNotFitEmptiesTheField()
+    {
+        QFETCH(double, number);
+        m_edit->setValue(7);
+        m_log->expectWarning(QStringLiteral("OrloDoubleSpinBox::setValue"));
+        m_edit->setValue(number);
+        QCOMPARE(m_edit->GetStrValue(), QString());
+        QCOMPARE(m_edit->value(), 0.0);
+    }
+
+    void clearEmpties()
+    {
+        m_edit->setValue(7);
+        m_edit->clear();
+        QCOMPARE(m_edit->GetStrValue(), QString());
+        QCOMPARE(m_edit->value(), 0.0);
+        m_edit->setValue(0);
+        QCOMPARE(m_edit->GetStrValue(), QStringLiteral("0.00"));
+    }
+
+    void anEmptyFieldStaysEmptyOnLeaving()
+    {
+        m_edit->setValue(7);
+        m_edit->selectAll();
+        QTest::keyClick(m_edit, Qt::Key_Delete);
+        leave();
+        QVERIFY(m_other->hasFocus());
+        QCOMPARE(m_edit->GetStrValue(), QString());
+        QCOMPARE(m_edit->value(), 0.0);
+    }
+
+    void anEmptyFieldIsZeroAlsoBelowTheMinimum()
+    {
+        m_edit->setRange(10, 100);
+        m_edit->setValue(50);
+        m_edit->clear();
+        QCOMPARE(m_edit->value(), 0.0);
+        m_edit->setRange(20, 60);
+        QCOMPARE(m_edit->value(), 0.0);
+        QCOMPARE(m_edit->GetStrValue(), QString());
+        retype(QStringLiteral("61"));
+        QCOMPARE(hintAt(m_edit), QStringLiteral("不能大于60"));
+        retype(QStringLiteral("20"));
+        QCOMPARE(m_edit->value(), 20.0);
+        QCOMPARE(m_edit->minimum(), 20.0);
+        QCOMPARE(m_edit->maximum(), 60.0);
+        QTest::keyClick(m_edit, Qt::Key_Backspace);
+        QTest::keyClick(m_edit, Qt::Key_Backspace);
+        QCOMPARE(m_edit->value(), 0.0);
+        leave();
+        QCOMPARE(m_edit->GetStrValue(), QString());
+    }
+
+    void aNumberLeftBelowTheMinimumIsRefused()
+    {
+        m_edit->setRange(10, 100);
+        m_edit->setValue(50);
+        retype(QStringLiteral("5"));
+        QCOMPARE(m_edit->value(), 50.0);
+        leave();
+        QCOMPARE(m_edit->GetStrValue(), QStringLiteral("50.00"));
+        QCOMPARE(hintAt(m_edit), QStringLiteral("不能小于10"));
+    }
+
+    void anUnfinishedNumberIsFinishedOnLeaving()
+    {
+        retype(QStringLiteral("12."));
+        leave();
+        QCOMPARE(m_edit->GetStrValue(), QStringLiteral("12.00"));
+        QCOMPARE(m_edit->value(), 12.0);
+        m_edit->setFocus();
+        retype(QStringLiteral("."));
+        leave();
+        QVERIFY(!m_edit->GetStrValue().contains(QStringLiteral("..")));
+    }
+
+    void aRangeThatLeavesTheNumberOutEmptiesTheField()
+    {
+        m_edit->setValue(50);
+        m_log->expectWarning(QStringLiteral("the range has left out"));
+        m_edit->setMaximum(10);
+        QCOMPARE(m_edit->GetStrValue(), QString());
+        QCOMPARE(m_edit->value(), 0.0);
+    }
+
+    void fewerDecimalsRoundVisibly()
+    {
+        m_edit->setValue(10.75);
+        m_edit->setDecimals(0);
+        QCOMPARE(m_edit->GetStrValue(), QStringLiteral("11"));
+        QCOMPARE(hintAt(m_edit), QStringLiteral("已按0位小数取整"));
+        retype(QStringLiteral("1."));
+        QCOMPARE(hintAt(m_edit), QStringLiteral("只能输入整数"));
+    }
+
+    void moreDecimalsShowMore()
+    {
+        m_edit->setDecimals(0);
+        m_edit->setValue(10);
+        m_edit->setDecimals(2);
+        QCOMPARE(m_edit->GetStrValue(), QStringLiteral("10.00"));
+        QCOMPARE(hintAt(m_edit), QString());
+    }
+
+    void theWheelDoesNothing()
+    {
+        m_edit->setValue(7);
+        const QPointF middle = m_edit->rect().center();
+        QWheelEvent wheel(middle, m_edit->mapToGlobal(middle.toPoint()), QPoint(), QPoint(0, 120), Qt::NoButton,
+            Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(m_edit, &wheel);
+        QCOMPARE(m_edit->value(), 7.0);
+        QVERIFY(!wheel.isAccepted());
+    }
+
+    void arrowKeysDoNotChangeANumberWithoutButtons()
+    {
+        m_edit->setValue(7);
+        QTest::keyClick(m_edit, Qt::Key_Up);
+        QTest::keyClick(m_edit, Qt::Key_PageDown);
+        QCOMPARE(m_edit->value(), 7.0);
+    }
+
+    void stepsNeverLeaveTheRange()
+    {
+        OrloDoubleSpinBox spin(m_window);
+        spin.setRange(0, 10);
+        spin.setDecimals(1);
+        spin.show();
+        spin.setValue(9.5);
+        QTest::keyClick(&spin, Qt::Key_Up);
+        QCOMPARE(spin.value(), 9.5);
+        QCOMPARE(hintAt(&spin), QStringLiteral("不能大于10"));
+        QTest::keyClick(&spin, Qt::Key_Down);
+        QCOMPARE(spin.value(), 8.5);
+        spin.clear();
+        QTest::keyClick(&spin, Qt::Key_Up);
+        QCOMPARE(spin.value(), 1.0);
+    }
+
+    void typingAnnouncesTheNumber()
+    {
+        QSignalSpy numbers(m_edit, QOverload<double>::of(&QDoubleSpinBox::valueChanged));
+        retype(QStringLiteral("12"));
+        QCOMPARE(numbers.count(), 2);
+        QCOMPARE(numbers.last().first().toDouble(), 12.0);
+    }
+
+    void pastedTextIsJudgedToo()
+    {
+        m_edit->selectAll();
+        line()->insert(QStringLiteral("1e3"));
+        QCOMPARE(m_edit->GetStrValue(), QStringLiteral("0.00"));
+        QVERIFY(!hintAt(m_edit).isEmpty());
+    }
 
 private:
     QLineEdit* line() const { return m_edit->findChild<QLineEdit*>(); }
-    void retype(const QString& text);
+
+    void retype(const QString& text)
+    {
+        m_edit->selectAll();
+        QTest::keyClicks(m_edit, text);
+    }
     void leave() { QTest::keyClick(m_edit, Qt::Key_Tab); }
 
     LogCatcher* m_log = nullptr;
@@ -48,278 +293,6 @@ private:
     OrloDecimalLineEdit* m_edit = nullptr;
     QLineEdit* m_other = nullptr;
 };
-
-void DecimalLineEditTest::init()
-{
-    m_log = new LogCatcher;
-    m_window = new QWidget;
-    m_edit = new OrloDecimalLineEdit(m_window);
-    m_other = new QLineEdit(m_window);
-    m_other->move(0, 60);
-    m_edit->setRange(0, 2000000000);
-    m_edit->setDecimals(2);
-    m_window->resize(200, 120);
-    m_window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_window));
-    m_window->activateWindow();
-    m_edit->setFocus();
-    QTRY_VERIFY(m_edit->hasFocus());
-}
-
-void DecimalLineEditTest::cleanup()
-{
-    delete m_window;
-    QCOMPARE(m_log->trouble(), QStringList());
-    delete m_log;
-}
-
-void DecimalLineEditTest::retype(const QString& text)
-{
-    m_edit->selectAll();
-    QTest::keyClicks(m_edit, text);
-}
-
-void DecimalLineEditTest::withoutEmptyModeItStartsAtItsMinimum()
-{
-    QCOMPARE(m_edit->GetStrValue(), QStringLiteral("0.00"));
-    m_edit->setRange(5, 10);
-    QCOMPARE(m_edit->value(), 5.0);
-    m_edit->setMinimum(2);
-    QCOMPARE(m_edit->GetStrValue(), QStringLiteral("5.00"));
-}
-
-void DecimalLineEditTest::inEmptyModeItStartsEmpty()
-{
-    m_edit->setEmptyMode(true);
-    QCOMPARE(m_edit->GetStrValue(), QString());
-    QCOMPARE(m_edit->value(), 0.0);
-    m_edit->setRange(0, 1);
-    m_edit->setDecimals(4);
-    QCOMPARE(m_edit->GetStrValue(), QString());
-}
-
-void DecimalLineEditTest::textNeverHoldsGrouping()
-{
-    m_edit->setLocale(QLocale(QLocale::English));
-    m_edit->setGroupSeparatorShown(true);
-    m_edit->setValue(1234567.5);
-    QCOMPARE(m_edit->GetStrValue(), QStringLiteral("1234567.50"));
-}
-
-void DecimalLineEditTest::typingIsRefusedWithAHint_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("shown");
-    QTest::addColumn<QString>("reason");
-    const QString form = QStringLiteral("请输入数字，不带千分位和其他符号");
-    QTest::newRow("beyond the maximum") << QStringLiteral("2000000001") << QStringLiteral("200000000")
-                                        << QStringLiteral("不能大于2000000000");
-    QTest::newRow("the maximum itself fits")
-        << QStringLiteral("2000000000") << QStringLiteral("2000000000") << QString();
-    QTest::newRow("a third decimal") << QStringLiteral("1.234") << QStringLiteral("1.23")
-                                     << QStringLiteral("最多输入2位小数");
-    QTest::newRow("an exponent") << QStringLiteral("1e") << QStringLiteral("1") << form;
-    QTest::newRow("not a number") << QStringLiteral("n") << QStringLiteral("0.00") << form;
-    QTest::newRow("infinity") << QStringLiteral("i") << QStringLiteral("0.00") << form;
-    QTest::newRow("a plus sign") << QStringLiteral("+") << QStringLiteral("0.00") << form;
-    QTest::newRow("grouping") << QStringLiteral("1,") << QStringLiteral("1") << form;
-    QTest::newRow("a blank") << QStringLiteral("1 ") << QStringLiteral("1") << form;
-    QTest::newRow("a minus sign") << QStringLiteral("-") << QStringLiteral("0.00") << QStringLiteral("不能小于0");
-}
-
-void DecimalLineEditTest::typingIsRefusedWithAHint()
-{
-    QFETCH(QString, typed);
-    QFETCH(QString, shown);
-    QFETCH(QString, reason);
-    retype(typed);
-    QCOMPARE(m_edit->GetStrValue(), shown);
-    QCOMPARE(hintAt(m_edit), reason);
-    QCOMPARE(m_edit->value(), shown.toDouble());
-}
-
-void DecimalLineEditTest::aRatioShowsNoTrailingZeros()
-{
-    m_edit->SetShowType(2);
-    m_edit->setRange(0, 1);
-    m_edit->setDecimals(4);
-    m_edit->setValue(0.25);
-    QCOMPARE(m_edit->GetStrValue(), QStringLiteral("0.25"));
-    m_edit->setValue(1);
-    QCOMPARE(m_edit->GetStrValue(), QStringLiteral("1"));
-}
-
-void DecimalLineEditTest::anAmountShowsItsDecimals()
-{
-    m_edit->SetShowType(1);
-    m_edit->setValue(10000.5);
-    QCOMPARE(m_edit->GetStrValue(), QStringLiteral("10000.50"));
-}
-
-void DecimalLineEditTest::aNumberThatDoesNotFitEmptiesTheField_data()
-{
-    QTest::addColumn<double>("number");
-    QTest::newRow("above the maximum") << 2000000001.0;
-    QTest::newRow("below the minimum") << -1.0;
-    QTest::newRow("not a number") << std::nan("");
-    QTest::newRow("infinite") << std::numeric_limits<double>::infinity();
-}
-
-void DecimalLineEditTest::aNumberThatDoesNotFitEmptiesTheField()
-{
-    QFETCH(double, number);
-    m_edit->setValue(7);
-    m_log->expectWarning(QStringLiteral("OrloDoubleSpinBox::setValue"));
-    m_edit->setValue(number);
-    QCOMPARE(m_edit->GetStrValue(), QString());
-    QCOMPARE(m_edit->value(), 0.0);
-}
-
-void DecimalLineEditTest::clearEmpties()
-{
-    m_edit->setValue(7);
-    m_edit->clear();
-    QCOMPARE(m_edit->GetStrValue(), QString());
-    QCOMPARE(m_edit->value(), 0.0);
-    m_edit->setValue(0);
-    QCOMPARE(m_edit->GetStrValue(), QStringLiteral("0.00"));
-}
-
-void DecimalLineEditTest::anEmptyFieldStaysEmptyOnLeaving()
-{
-    m_edit->setValue(7);
-    m_edit->selectAll();
-    QTest::keyClick(m_edit, Qt::Key_Delete);
-    leave();
-    QVERIFY(m_other->hasFocus());
-    QCOMPARE(m_edit->GetStrValue(), QString());
-    QCOMPARE(m_edit->value(), 0.0);
-}
-
-void DecimalLineEditTest::anEmptyFieldIsZeroAlsoBelowTheMinimum()
-{
-    m_edit->setRange(10, 100);
-    m_edit->setValue(50);
-    m_edit->clear();
-    QCOMPARE(m_edit->value(), 0.0);
-    m_edit->setRange(20, 60);
-    QCOMPARE(m_edit->value(), 0.0);
-    QCOMPARE(m_edit->GetStrValue(), QString());
-    retype(QStringLiteral("61"));
-    QCOMPARE(hintAt(m_edit), QStringLiteral("不能大于60"));
-    retype(QStringLiteral("20"));
-    QCOMPARE(m_edit->value(), 20.0);
-    QCOMPARE(m_edit->minimum(), 20.0);
-    QCOMPARE(m_edit->maximum(), 60.0);
-    QTest::keyClick(m_edit, Qt::Key_Backspace);
-    QTest::keyClick(m_edit, Qt::Key_Backspace);
-    QCOMPARE(m_edit->value(), 0.0);
-    leave();
-    QCOMPARE(m_edit->GetStrValue(), QString());
-}
-
-void DecimalLineEditTest::aNumberLeftBelowTheMinimumIsRefused()
-{
-    m_edit->setRange(10, 100);
-    m_edit->setValue(50);
-    retype(QStringLiteral("5"));
-    QCOMPARE(m_edit->value(), 50.0);
-    leave();
-    QCOMPARE(m_edit->GetStrValue(), QStringLiteral("50.00"));
-    QCOMPARE(hintAt(m_edit), QStringLiteral("不能小于10"));
-}
-
-void DecimalLineEditTest::anUnfinishedNumberIsFinishedOnLeaving()
-{
-    retype(QStringLiteral("12."));
-    leave();
-    QCOMPARE(m_edit->GetStrValue(), QStringLiteral("12.00"));
-    QCOMPARE(m_edit->value(), 12.0);
-    m_edit->setFocus();
-    retype(QStringLiteral("."));
-    leave();
-    QVERIFY(!m_edit->GetStrValue().contains(QStringLiteral("..")));
-}
-
-void DecimalLineEditTest::aRangeThatLeavesTheNumberOutEmptiesTheField()
-{
-    m_edit->setValue(50);
-    m_log->expectWarning(QStringLiteral("the range has left out"));
-    m_edit->setMaximum(10);
-    QCOMPARE(m_edit->GetStrValue(), QString());
-    QCOMPARE(m_edit->value(), 0.0);
-}
-
-void DecimalLineEditTest::fewerDecimalsRoundVisibly()
-{
-    m_edit->setValue(10.75);
-    m_edit->setDecimals(0);
-    QCOMPARE(m_edit->GetStrValue(), QStringLiteral("11"));
-    QCOMPARE(hintAt(m_edit), QStringLiteral("已按0位小数取整"));
-    retype(QStringLiteral("1."));
-    QCOMPARE(hintAt(m_edit), QStringLiteral("只能输入整数"));
-}
-
-void DecimalLineEditTest::moreDecimalsShowMore()
-{
-    m_edit->setDecimals(0);
-    m_edit->setValue(10);
-    m_edit->setDecimals(2);
-    QCOMPARE(m_edit->GetStrValue(), QStringLiteral("10.00"));
-    QCOMPARE(hintAt(m_edit), QString());
-}
-
-void DecimalLineEditTest::theWheelDoesNothing()
-{
-    m_edit->setValue(7);
-    const QPointF middle = m_edit->rect().center();
-    QWheelEvent wheel(middle, m_edit->mapToGlobal(middle.toPoint()), QPoint(), QPoint(0, 120), Qt::NoButton,
-        Qt::NoModifier, Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(m_edit, &wheel);
-    QCOMPARE(m_edit->value(), 7.0);
-    QVERIFY(!wheel.isAccepted());
-}
-
-void DecimalLineEditTest::arrowKeysDoNotChangeANumberWithoutButtons()
-{
-    m_edit->setValue(7);
-    QTest::keyClick(m_edit, Qt::Key_Up);
-    QTest::keyClick(m_edit, Qt::Key_PageDown);
-    QCOMPARE(m_edit->value(), 7.0);
-}
-
-void DecimalLineEditTest::stepsNeverLeaveTheRange()
-{
-    OrloDoubleSpinBox spin(m_window);
-    spin.setRange(0, 10);
-    spin.setDecimals(1);
-    spin.show();
-    spin.setValue(9.5);
-    QTest::keyClick(&spin, Qt::Key_Up);
-    QCOMPARE(spin.value(), 9.5);
-    QCOMPARE(hintAt(&spin), QStringLiteral("不能大于10"));
-    QTest::keyClick(&spin, Qt::Key_Down);
-    QCOMPARE(spin.value(), 8.5);
-    spin.clear();
-    QTest::keyClick(&spin, Qt::Key_Up);
-    QCOMPARE(spin.value(), 1.0);
-}
-
-void DecimalLineEditTest::typingAnnouncesTheNumber()
-{
-    QSignalSpy numbers(m_edit, QOverload<double>::of(&QDoubleSpinBox::valueChanged));
-    retype(QStringLiteral("12"));
-    QCOMPARE(numbers.count(), 2);
-    QCOMPARE(numbers.last().first().toDouble(), 12.0);
-}
-
-void DecimalLineEditTest::pastedTextIsJudgedToo()
-{
-    m_edit->selectAll();
-    line()->insert(QStringLiteral("1e3"));
-    QCOMPARE(m_edit->GetStrValue(), QStringLiteral("0.00"));
-    QVERIFY(!hintAt(m_edit).isEmpty());
-}
 
 QTEST_MAIN(DecimalLineEditTest)
 #include "tst_decimal_line_edit.moc"

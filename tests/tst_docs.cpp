@@ -76,136 +76,126 @@ class DocsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void thePlanRecordNamesEveryKeyWithItsValueInTheClient_data();
-    void thePlanRecordNamesEveryKeyWithItsValueInTheClient();
-    void theGuideForPlatformsDeclaresEveryHeaderOfTheEditor();
-    void theGuideForPlatformsDeclaresOnlyWhatTheEditorUses_data();
-    void theGuideForPlatformsDeclaresOnlyWhatTheEditorUses();
-    void everyPackageHasItsReason_data();
-    void everyPackageHasItsReason();
-    void everyLinkLeadsToAFile_data();
-    void everyLinkLeadsToAFile();
+    void thePlanRecordNamesEveryKeyWithItsValueInTheClient_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("value");
+        const QString header = readAll(QStringLiteral("platform/AutoPlanField.h"));
+        const QString families = readAll(QStringLiteral("client/values/ConstantFamilies.cpp"));
+        const QString source = families.section(QStringLiteral("\nnamespace AutoPlanField {"), 1)
+                                   .section(QStringLiteral("} // namespace AutoPlanField"), 0, 0);
+        const QStringList namespaces = header.split(QStringLiteral("\nnamespace ")).mid(2);
+        QCOMPARE(namespaces.size(), 2);
+        for (const QString& part : namespaces) {
+            const QString family = part.section(QLatin1Char(' '), 0, 0);
+            const QStringList names = allMatches(part, QStringLiteral("^extern const QString (\\w+);"));
+            for (const QString& name : names) {
+                const QString key = QStringLiteral("AutoPlanField::%1::%2").arg(family, name);
+                const QStringList values = allMatches(
+                    source, QStringLiteral("^const QString %1 = QStringLiteral\\(\"([^\"]+)\"\\)").arg(name));
+                QCOMPARE(values.size(), 1);
+                QTest::newRow(qPrintable(key)) << key << values.first();
+            }
+        }
+    }
+
+    void thePlanRecordNamesEveryKeyWithItsValueInTheClient()
+    {
+        QFETCH(QString, key);
+        QFETCH(QString, value);
+        QVERIFY(hasLineWith(readAll(QStringLiteral("docs/plan-record.md")), { key, value }));
+    }
+
+    void theGuideForPlatformsDeclaresEveryHeaderOfTheEditor()
+    {
+        const QString editor = editorSources();
+        const QStringList platform =
+            QDir(inProject(QStringLiteral("platform"))).entryList({ QStringLiteral("*.h") }, QDir::Files);
+        QStringList included;
+        for (const QString& header : platform) {
+            if (editor.contains(QStringLiteral("#include \"%1\"").arg(header))
+                || editor.contains(QStringLiteral("<header>%1</header>").arg(header)))
+                included.append(header);
+        }
+        QStringList declared = allMatches(platformDeclarations(), QStringLiteral("^// (\\w+\\.h)$"));
+        declared.sort();
+        included.sort();
+        QCOMPARE(declared, included);
+    }
+
+    void theGuideForPlatformsDeclaresOnlyWhatTheEditorUses_data()
+    {
+        QTest::addColumn<QString>("name");
+        const QString code = platformDeclarations().remove(QRegularExpression(QStringLiteral("//.*")));
+        QStringList names = allMatches(code, QStringLiteral("(\\w+)\\("));
+        const QStringList constants = allMatches(code, QStringLiteral("const QString(?:List)? ([\\w, ]+);"));
+        for (const QString& line : constants)
+            names += line.split(QStringLiteral(", "));
+        names += allMatches(code, QStringLiteral("^    QString (\\w+);"));
+        names.removeAll(QStringLiteral("Q_DECLARE_METATYPE"));
+        names.removeDuplicates();
+        QVERIFY(names.size() > 150);
+        for (const QString& name : qAsConst(names))
+            QTest::newRow(qPrintable(name)) << name;
+    }
+
+    void theGuideForPlatformsDeclaresOnlyWhatTheEditorUses()
+    {
+        QFETCH(QString, name);
+        static const QString editor = editorSources();
+        QVERIFY(QRegularExpression(QStringLiteral("\\b%1\\b").arg(name)).match(editor).hasMatch());
+    }
+
+    void everyPackageHasItsReason_data()
+    {
+        QTest::addColumn<QString>("package");
+        QStringList packages = packagesIn(
+            allMatches(readAll(QStringLiteral("scripts/setup")), QStringLiteral("^packages=\\(([^)]*)\\)")).value(0));
+        QVERIFY(packages.contains(QStringLiteral("qtbase5-dev")));
+        const QString call = QStringLiteral("^(?:\"\\$root/)?scripts/setup\"?((?: [a-z0-9][a-z0-9.+-]*)+)(?: >&2)?$");
+        for (const char* const folder : { "scripts", "benchmarks" }) {
+            const QDir scripts(inProject(QString::fromLatin1(folder)));
+            const QStringList names = scripts.entryList(QDir::Files);
+            for (const QString& name : names) {
+                const QStringList calls = allMatches(readAll(scripts.filePath(name)), call);
+                for (const QString& arguments : calls)
+                    packages += packagesIn(arguments);
+            }
+        }
+        QVERIFY(packages.contains(QStringLiteral("doxygen")));
+        packages.removeDuplicates();
+        for (const QString& package : qAsConst(packages))
+            QTest::newRow(qPrintable(package)) << package;
+    }
+
+    void everyPackageHasItsReason()
+    {
+        QFETCH(QString, package);
+        QVERIFY(hasLineWith(readAll(QStringLiteral("docs/dependencies.md")), { package }));
+    }
+
+    void everyLinkLeadsToAFile_data()
+    {
+        QTest::addColumn<QString>("page");
+        QTest::newRow("README.md") << QStringLiteral("README.md");
+        QTest::newRow("CONTRIBUTING.md") << QStringLiteral("CONTRIBUTING.md");
+        const QStringList pages =
+            QDir(inProject(QStringLiteral("docs"))).entryList({ QStringLiteral("*.md") }, QDir::Files);
+        for (const QString& page : pages)
+            QTest::newRow(qPrintable(page)) << QStringLiteral("docs/") + page;
+    }
+
+    void everyLinkLeadsToAFile()
+    {
+        QFETCH(QString, page);
+        const QString text = readAll(page);
+        const QDir folder = QFileInfo(inProject(page)).dir();
+        QStringList links = allMatches(text, QStringLiteral("\\]\\(([^)#]+)[^)]*\\)"));
+        links += allMatches(text, QStringLiteral("<img src=\"([^\"]+)\""));
+        for (const QString& link : qAsConst(links))
+            QVERIFY2(link.contains(QStringLiteral("://")) || folder.exists(link), qPrintable(link));
+    }
 };
-
-void DocsTest::thePlanRecordNamesEveryKeyWithItsValueInTheClient_data()
-{
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QString>("value");
-    const QString header = readAll(QStringLiteral("platform/AutoPlanField.h"));
-    const QString families = readAll(QStringLiteral("client/values/ConstantFamilies.cpp"));
-    const QString source = families.section(QStringLiteral("\nnamespace AutoPlanField {"), 1)
-                               .section(QStringLiteral("} // namespace AutoPlanField"), 0, 0);
-    const QStringList namespaces = header.split(QStringLiteral("\nnamespace ")).mid(2);
-    QCOMPARE(namespaces.size(), 2);
-    for (const QString& part : namespaces) {
-        const QString family = part.section(QLatin1Char(' '), 0, 0);
-        const QStringList names = allMatches(part, QStringLiteral("^extern const QString (\\w+);"));
-        for (const QString& name : names) {
-            const QString key = QStringLiteral("AutoPlanField::%1::%2").arg(family, name);
-            const QStringList values =
-                allMatches(source, QStringLiteral("^const QString %1 = QStringLiteral\\(\"([^\"]+)\"\\)").arg(name));
-            QCOMPARE(values.size(), 1);
-            QTest::newRow(qPrintable(key)) << key << values.first();
-        }
-    }
-}
-
-void DocsTest::thePlanRecordNamesEveryKeyWithItsValueInTheClient()
-{
-    QFETCH(QString, key);
-    QFETCH(QString, value);
-    QVERIFY(hasLineWith(readAll(QStringLiteral("docs/plan-record.md")), { key, value }));
-}
-
-void DocsTest::theGuideForPlatformsDeclaresEveryHeaderOfTheEditor()
-{
-    const QString editor = editorSources();
-    const QStringList platform =
-        QDir(inProject(QStringLiteral("platform"))).entryList({ QStringLiteral("*.h") }, QDir::Files);
-    QStringList included;
-    for (const QString& header : platform) {
-        if (editor.contains(QStringLiteral("#include \"%1\"").arg(header))
-            || editor.contains(QStringLiteral("<header>%1</header>").arg(header)))
-            included.append(header);
-    }
-    QStringList declared = allMatches(platformDeclarations(), QStringLiteral("^// (\\w+\\.h)$"));
-    declared.sort();
-    included.sort();
-    QCOMPARE(declared, included);
-}
-
-void DocsTest::theGuideForPlatformsDeclaresOnlyWhatTheEditorUses_data()
-{
-    QTest::addColumn<QString>("name");
-    const QString code = platformDeclarations().remove(QRegularExpression(QStringLiteral("//.*")));
-    QStringList names = allMatches(code, QStringLiteral("(\\w+)\\("));
-    const QStringList constants = allMatches(code, QStringLiteral("const QString(?:List)? ([\\w, ]+);"));
-    for (const QString& line : constants)
-        names += line.split(QStringLiteral(", "));
-    names += allMatches(code, QStringLiteral("^    QString (\\w+);"));
-    names.removeAll(QStringLiteral("Q_DECLARE_METATYPE"));
-    names.removeDuplicates();
-    QVERIFY(names.size() > 150);
-    for (const QString& name : qAsConst(names))
-        QTest::newRow(qPrintable(name)) << name;
-}
-
-void DocsTest::theGuideForPlatformsDeclaresOnlyWhatTheEditorUses()
-{
-    QFETCH(QString, name);
-    static const QString editor = editorSources();
-    QVERIFY(QRegularExpression(QStringLiteral("\\b%1\\b").arg(name)).match(editor).hasMatch());
-}
-
-void DocsTest::everyPackageHasItsReason_data()
-{
-    QTest::addColumn<QString>("package");
-    QStringList packages = packagesIn(
-        allMatches(readAll(QStringLiteral("scripts/setup")), QStringLiteral("^packages=\\(([^)]*)\\)")).value(0));
-    QVERIFY(packages.contains(QStringLiteral("qtbase5-dev")));
-    const QString call = QStringLiteral("^(?:\"\\$root/)?scripts/setup\"?((?: [a-z0-9][a-z0-9.+-]*)+)(?: >&2)?$");
-    for (const char* const folder : { "scripts", "benchmarks" }) {
-        const QDir scripts(inProject(QString::fromLatin1(folder)));
-        const QStringList names = scripts.entryList(QDir::Files);
-        for (const QString& name : names) {
-            const QStringList calls = allMatches(readAll(scripts.filePath(name)), call);
-            for (const QString& arguments : calls)
-                packages += packagesIn(arguments);
-        }
-    }
-    QVERIFY(packages.contains(QStringLiteral("doxygen")));
-    packages.removeDuplicates();
-    for (const QString& package : qAsConst(packages))
-        QTest::newRow(qPrintable(package)) << package;
-}
-
-void DocsTest::everyPackageHasItsReason()
-{
-    QFETCH(QString, package);
-    QVERIFY(hasLineWith(readAll(QStringLiteral("docs/dependencies.md")), { package }));
-}
-
-void DocsTest::everyLinkLeadsToAFile_data()
-{
-    QTest::addColumn<QString>("page");
-    QTest::newRow("README.md") << QStringLiteral("README.md");
-    QTest::newRow("CONTRIBUTING.md") << QStringLiteral("CONTRIBUTING.md");
-    const QStringList pages =
-        QDir(inProject(QStringLiteral("docs"))).entryList({ QStringLiteral("*.md") }, QDir::Files);
-    for (const QString& page : pages)
-        QTest::newRow(qPrintable(page)) << QStringLiteral("docs/") + page;
-}
-
-void DocsTest::everyLinkLeadsToAFile()
-{
-    QFETCH(QString, page);
-    const QString text = readAll(page);
-    const QDir folder = QFileInfo(inProject(page)).dir();
-    QStringList links = allMatches(text, QStringLiteral("\\]\\(([^)#]+)[^)]*\\)"));
-    links += allMatches(text, QStringLiteral("<img src=\"([^\"]+)\""));
-    for (const QString& link : qAsConst(links))
-        QVERIFY2(link.contains(QStringLiteral("://")) || folder.exists(link), qPrintable(link));
-}
 
 QTEST_APPLESS_MAIN(DocsTest)
 #include "tst_docs.moc"

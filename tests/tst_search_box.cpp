@@ -23,55 +23,563 @@ class SearchBoxTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init()
+    {
+        m_log = new LogCatcher;
+        SymbolIndexes::instance().forget();
+        WidgetServices::instance() = WidgetServices();
+        auto& names = WidgetServices::instance().names;
+        QStringList stocks;
+        for (int i = 0; i < 120; ++i) {
+            stocks.append(sh(i));
+            names[sh(i)] = QStringLiteral("东海科技股份%1号").arg(i);
+        }
+        stocks << QStringLiteral("000001.SZ") << QStringLiteral("300750.SZ");
+        names[QStringLiteral("000001.SZ")] = QStringLiteral("南山银行控股集团");
+        names[QStringLiteral("300750.SZ")] = QStringLiteral("Alpha芯片ETF");
+        m_market = SymbolList(stocks);
+        m_market += SymbolList({ QStringLiteral("600000.BJ"), QStringLiteral("000001.SH") });
+        m_window = new QWidget;
+        m_box = new VorSearchBox(m_window);
+        m_other = new QLineEdit(m_window);
+        m_other->move(0, 60);
+        m_window->resize(300, 120);
+        m_box->setSecurityList(m_market);
+        SymbolIndexes::instance().waitForFinished();
+        WidgetServices::instance().nameLookups = 0;
+        m_box->setSearchMode(1);
+        m_box->setMinMatchLength(6);
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_window));
+        m_window->activateWindow();
+        m_box->setFocus();
+        QTRY_VERIFY(m_box->hasFocus());
+    }
 
-    void nothingMatchesBeforeTheLeastNumberOfCharacters();
-    void codesMatchByTheirBeginningWhateverTheCase();
-    void namesMatchByAnyPartInModeOneOnly();
-    void fullWidthDigitsAreDigits();
-    void atMostFiftyRowsAreLaidOut();
-    void exactCodesComeFirstEvenFromALaterRun();
-    void aKeyChoosesFromTheList();
-    void escapeClosesTheListAndKeepsTheText();
-    void aClickChoosesFromTheList();
-    void enterTakesTextThatCanMeanOneSecurityOnly_data();
-    void enterTakesTextThatCanMeanOneSecurityOnly();
-    void leavingTheFieldTakesACompleteCode();
-    void textThatMatchesNothingIsKeptWithAHint();
-    void tooShortATextSaysHowManyCharactersAreNeeded();
-    void editingUnchoosesOnce();
-    void setSymbolAnnouncesCodeThenNameAndOnlyChanges();
-    void setSymbolTakesWhatTheListDoesNotHold();
-    void blockedSignalsLookUpNoName();
-    void aNewListLeavesTheChoice();
-    void whoeverHearsAChoiceMayDeleteTheBox();
-    void whoeverHearsAChoiceMayChooseAnother();
-    void aKeystrokeReadsTheNamesOfTheRowsShown();
-    void theIndexIsSharedByBoxes();
-    void codesOfSeveralRunsComeInOrder();
-    void theListIsMadeReadyWhenTheBoxGetsTheFocus();
-    void lettersAreDrawnAheadOnceEach();
+    void cleanup()
+    {
+        delete m_window;
+        QCOMPARE(m_log->trouble(), QStringList());
+        delete m_log;
+    }
 
-    void aListInPreparationSaysSoAndIsOfferedByItself();
-    void codesAreOfferedBeforeTheNamesAreReady();
-    void namesThatJoinLaterLeaveTheMarkedRow();
-    void aListThatWasClosedStaysClosedWhenNamesJoin();
-    void enterDuringPreparationChoosesOnceItIsDone_data();
-    void enterDuringPreparationChoosesOnceItIsDone();
-    void enterWaitsForTheNamesThatTheTextMayMean();
-    void leavingDuringPreparationKeepsTheTextAndChoosesOnceItIsDone();
-    void aChoiceDuringPreparationEndsTheWait();
-    void otherTextDuringPreparationIsTheOneOffered();
-    void aNewListDuringPreparationIsTheOneOffered();
-    void aBoxMayGoDuringPreparation();
-    void anIndexMayBeGivenUpDuringPreparation();
+    void nothingMatchesBeforeTheLeastNumberOfCharacters()
+    {
+        type(QStringLiteral("60000"));
+        QCOMPARE(rows(), QStringList());
+        QCOMPARE(WidgetServices::instance().nameLookups, 0);
+        type(QStringLiteral("1"));
+        QCOMPARE(rows(), QStringList{ QStringLiteral("600001.SH  东海科技股份1号") });
+    }
+
+    void codesMatchByTheirBeginningWhateverTheCase()
+    {
+        m_box->setSearchMode(0);
+        type(QStringLiteral("600007.s"));
+        QCOMPARE(rows().size(), 1);
+        QVERIFY(rows().first().startsWith(sh(7)));
+    }
+
+    void namesMatchByAnyPartInModeOneOnly()
+    {
+        m_box->setMinMatchLength(3);
+        m_box->setSearchMode(0);
+        m_box->insert(QStringLiteral("行控股"));
+        QCOMPARE(rows(), QStringList());
+        m_box->setSearchMode(1);
+        m_box->clear();
+        m_box->insert(QStringLiteral("行控股"));
+        QCOMPARE(rows(), QStringList{ QStringLiteral("000001.SZ  南山银行控股集团") });
+        m_box->clear();
+        m_box->insert(QStringLiteral("alpha"));
+        QCOMPARE(rows(), QStringList{ QStringLiteral("300750.SZ  Alpha芯片ETF") });
+    }
+
+    void fullWidthDigitsAreDigits()
+    {
+        m_box->insert(QStringLiteral("３００７５０"));
+        QCOMPARE(rows().size(), 1);
+        QTest::keyClick(m_box, Qt::Key_Return);
+        QCOMPARE(m_box->getSymbol(), QStringLiteral("300750.SZ"));
+    }
+
+    void atMostFiftyRowsAreLaidOut()
+    {
+        m_box->setMinMatchLength(2);
+        type(QStringLiteral("600"));
+        QCOMPARE(rows().size(), 50);
+        QVERIFY(list()->uniformItemSizes());
+        QCOMPARE(list()->markedRow(), -1);
+    }
+
+    void exactCodesComeFirstEvenFromALaterRun()
+    {
+        m_box->setMinMatchLength(1);
+        type(QStringLiteral("600000"));
+        QCOMPARE(rows().size(), 2);
+        QVERIFY(rows().at(0).startsWith(QStringLiteral("600000.SH")));
+        QVERIFY(rows().at(1).startsWith(QStringLiteral("600000.BJ")));
+    }
+
+    void aKeyChoosesFromTheList()
+    {
+        QSignalSpy codes(m_box, &VorSearchBox::selectStockCodeChange);
+        m_box->setMinMatchLength(3);
+        type(QStringLiteral("600"));
+        QTest::keyClick(m_box, Qt::Key_Down);
+        QTest::keyClick(m_box, Qt::Key_Down);
+        QTest::keyClick(m_box, Qt::Key_Up);
+        QTest::keyClick(m_box, Qt::Key_Down);
+        QCOMPARE(list()->markedRow(), 1);
+        QCOMPARE(codes.count(), 0);
+        QTest::keyClick(m_box, Qt::Key_Return);
+        QCOMPARE(codes.count(), 1);
+        QCOMPARE(m_box->getSymbol(), sh(0));
+        QCOMPARE(m_box->text(), sh(0));
+        QVERIFY(!list()->isVisible());
+    }
+
+    void escapeClosesTheListAndKeepsTheText()
+    {
+        type(QStringLiteral("600001"));
+        QVERIFY(list()->isVisible());
+        QTest::keyClick(m_box, Qt::Key_Escape);
+        QVERIFY(!list()->isVisible());
+        QCOMPARE(m_box->text(), QStringLiteral("600001"));
+        QCOMPARE(m_box->getSymbol(), QString());
+        QTest::keyClick(m_box, Qt::Key_Down);
+        QVERIFY2(list()->isVisible(), "Down opens the list again");
+    }
+
+    void aClickChoosesFromTheList()
+    {
+        m_box->setMinMatchLength(3);
+        type(QStringLiteral("600"));
+        const QRect third = list()->visualRect(list()->model()->index(2, 0));
+        QTest::mouseClick(list()->viewport(), Qt::LeftButton, Qt::NoModifier, third.center());
+        QCOMPARE(m_box->getSymbol(), sh(1));
+    }
+
+    void enterTakesTextThatCanMeanOneSecurityOnly_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("chosen");
+        QTest::newRow("a code that one market has") << QStringLiteral("300750") << QStringLiteral("300750.SZ");
+        QTest::newRow("a code with its market") << QStringLiteral("000001.sz") << QStringLiteral("000001.SZ");
+        QTest::newRow("a code that two markets have") << QStringLiteral("000001") << QString();
+        QTest::newRow("a beginning that one symbol has") << QStringLiteral("600000.B") << QStringLiteral("600000.BJ");
+        QTest::newRow("blanks around a code") << QStringLiteral(" 300750 ") << QStringLiteral("300750.SZ");
+    }
+
+    void enterTakesTextThatCanMeanOneSecurityOnly()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, chosen);
+        type(typed);
+        QTest::keyClick(m_box, Qt::Key_Return);
+        QCOMPARE(m_box->getSymbol(), chosen);
+        QCOMPARE(m_box->text(), chosen.isEmpty() ? typed : chosen);
+        QCOMPARE(hintAt(m_box), chosen.isEmpty() ? QStringLiteral("有多只证券匹配，请从列表中选择") : QString());
+    }
+
+    void leavingTheFieldTakesACompleteCode()
+    {
+        QSignalSpy codes(m_box, &VorSearchBox::selectStockCodeChange);
+        type(QStringLiteral("300750"));
+        QTest::keyClick(m_box, Qt::Key_Tab);
+        QVERIFY(m_other->hasFocus());
+        QCOMPARE(m_box->getSymbol(), QStringLiteral("300750.SZ"));
+        QCOMPARE(codes.count(), 1);
+        QVERIFY(!list()->isVisible());
+    }
+
+    void textThatMatchesNothingIsKeptWithAHint()
+    {
+        type(QStringLiteral("999999"));
+        QCOMPARE(hintAt(m_box), QStringLiteral("没有匹配的证券"));
+        QTest::keyClick(m_box, Qt::Key_Tab);
+        QCOMPARE(m_box->text(), QStringLiteral("999999"));
+        QCOMPARE(m_box->getSymbol(), QString());
+        QCOMPARE(hintAt(m_box), QStringLiteral("没有匹配的证券"));
+    }
+
+    void tooShortATextSaysHowManyCharactersAreNeeded()
+    {
+        type(QStringLiteral("30075"));
+        QTest::keyClick(m_box, Qt::Key_Return);
+        QCOMPARE(hintAt(m_box), QStringLiteral("请至少输入6个字符"));
+        QCOMPARE(m_box->getSymbol(), QString());
+    }
+
+    void editingUnchoosesOnce()
+    {
+        m_box->setSymbol(sh(3));
+        QSignalSpy codes(m_box, &VorSearchBox::selectStockCodeChange);
+        QSignalSpy names(m_box, &VorSearchBox::selectStockNameChange);
+        QTest::keyClick(m_box, Qt::Key_Backspace);
+        QCOMPARE(m_box->getSymbol(), QString());
+        QCOMPARE(codes.count(), 1);
+        QCOMPARE(codes.first().first().toString(), QString());
+        QCOMPARE(names.count(), 1);
+        QTest::keyClick(m_box, Qt::Key_Backspace);
+        QCOMPARE(codes.count(), 1);
+    }
+
+    void setSymbolAnnouncesCodeThenNameAndOnlyChanges()
+    {
+        QStringList heard;
+        connect(m_box, &VorSearchBox::selectStockCodeChange, this, [&](const QString& code) { heard << code; });
+        connect(m_box, &VorSearchBox::selectStockNameChange, this, [&](const QString& name) { heard << name; });
+        m_box->setSymbol(QString());
+        QCOMPARE(heard, QStringList());
+        m_box->setSymbol(sh(3));
+        m_box->setSymbol(sh(3));
+        QCOMPARE(heard, (QStringList{ sh(3), QStringLiteral("东海科技股份3号") }));
+        heard.clear();
+        m_box->setSymbol(QString());
+        QCOMPARE(heard, (QStringList{ QString(), QString() }));
+        QCOMPARE(m_box->text(), QString());
+    }
+
+    void setSymbolTakesWhatTheListDoesNotHold()
+    {
+        m_box->setSymbol(QStringLiteral("00700.HK"));
+        QCOMPARE(m_box->getSymbol(), QStringLiteral("00700.HK"));
+        QCOMPARE(m_box->text(), QStringLiteral("00700.HK"));
+    }
+
+    void blockedSignalsLookUpNoName()
+    {
+        QSignalSpy codes(m_box, &VorSearchBox::selectStockCodeChange);
+        {
+            const QSignalBlocker silent(m_box);
+            m_box->setSymbol(sh(3));
+        }
+        QCOMPARE(codes.count(), 0);
+        QCOMPARE(WidgetServices::instance().nameLookups, 0);
+        QCOMPARE(m_box->getSymbol(), sh(3));
+    }
+
+    void aNewListLeavesTheChoice()
+    {
+        m_box->setSymbol(sh(3));
+        QSignalSpy codes(m_box, &VorSearchBox::selectStockCodeChange);
+        m_box->setSecurityList(SymbolList());
+        QCOMPARE(m_box->getSymbol(), sh(3));
+        QCOMPARE(codes.count(), 0);
+    }
+
+    void whoeverHearsAChoiceMayDeleteTheBox()
+    {
+        connect(m_box, &VorSearchBox::selectStockCodeChange, this, [this] { delete std::exchange(m_box, nullptr); });
+        m_box->setSymbol(sh(3));
+        QVERIFY(!m_box);
+    }
+
+    void whoeverHearsAChoiceMayChooseAnother()
+    {
+        QStringList names;
+        connect(m_box, &VorSearchBox::selectStockNameChange, this, [&](const QString& name) { names << name; });
+        connect(m_box, &VorSearchBox::selectStockCodeChange, this, [this] { m_box->setSymbol(sh(4)); });
+        m_box->setSymbol(sh(3));
+        QCOMPARE(m_box->getSymbol(), sh(4));
+        QCOMPARE(names, QStringList{ QStringLiteral("东海科技股份4号") });
+    }
+
+    void aKeystrokeReadsTheNamesOfTheRowsShown()
+    {
+        QAtomicInt& lookups = WidgetServices::instance().nameLookups;
+        type(QStringLiteral("300750"));
+        QCOMPARE(rows().size(), 1);
+        QTest::keyClick(m_box, Qt::Key_Backspace);
+        type(QStringLiteral("0.SZ"));
+        QCOMPARE(rows().size(), 1);
+        QCOMPARE(lookups, 5);
+    }
+
+    void theIndexIsSharedByBoxes()
+    {
+        const QStringList run{ sh(1), sh(2) };
+        const SymbolList list(run);
+        for (int i = 0; i < 2; ++i) {
+            WidgetServices::instance().nameLookups = 0;
+            VorSearchBox box;
+            box.setSecurityList(list);
+            SymbolIndexes::instance().waitForFinished();
+            QCOMPARE(WidgetServices::instance().nameLookups, i == 0 ? 2 : 0);
+        }
+    }
+
+    void codesOfSeveralRunsComeInOrder()
+    {
+        SymbolList list({ QStringLiteral("110005.SH"), QStringLiteral("110001.SH"), QStringLiteral("110003.SH") });
+        list += SymbolList({ QStringLiteral("110002.SZ"), QStringLiteral("110001.SH"), QStringLiteral("110004.SZ") });
+        m_box->setSecurityList(list);
+        m_box->setSearchMode(0);
+        m_box->setMinMatchLength(1);
+        SymbolIndexes::instance().waitForFinished();
+        type(QStringLiteral("11"));
+        QStringList codes;
+        for (const QString& row : rows())
+            codes << row.left(6);
+        QCOMPARE(codes.join(QLatin1Char(' ')), QStringLiteral("110001 110002 110003 110004 110005"));
+    }
+
+    void theListIsMadeReadyWhenTheBoxGetsTheFocus()
+    {
+        VorSearchBox box(m_window);
+        box.show();
+        const auto* const popup = box.findChild<SuggestionPopup*>();
+        QVERIFY(!popup->testAttribute(Qt::WA_WState_Created));
+        box.setFocus();
+        QTRY_VERIFY(popup->testAttribute(Qt::WA_WState_Created));
+        QVERIFY(!popup->isVisible());
+        QCOMPARE(popup->model()->rowCount(), 0);
+    }
+
+    void lettersAreDrawnAheadOnceEach()
+    {
+        const auto letters = SymbolSearch(m_market.runs()).letters();
+        // 东海科技股份号 南山银行控股集团 Alpha芯片ETF in upper case, and the ten digits: 股 stands twice.
+        QCOMPARE(letters.count(true), 7 + 7 + 2 + 7 + 10);
+        GlyphPrewarmer ahead(m_other);
+        const auto* const idle = ahead.findChild<QTimer*>();
+        QVERIFY(!idle->isActive());
+        ahead.draw(letters);
+        QVERIFY(idle->isActive());
+        QTRY_VERIFY(!idle->isActive());
+        ahead.draw(letters);
+        QVERIFY(!idle->isActive());
+    }
+
+    void aListInPreparationSaysSoAndIsOfferedByItself()
+    {
+        HeldNames held;
+        setUnpreparedList({ sh(7), sh(8) });
+        type(QStringLiteral("600007"));
+        QCOMPARE(rows(), QStringList());
+        QCOMPARE(hintAt(m_box), preparing);
+        held.release();
+        QTRY_COMPARE(rows(), QStringList{ QStringLiteral("600007.SH  东海科技股份7号") });
+        QCOMPARE(hintAt(m_box), QString());
+        QCOMPARE(list()->markedRow(), 0);
+        QCOMPARE(m_box->getSymbol(), QString());
+    }
+
+    void codesAreOfferedBeforeTheNamesAreReady()
+    {
+        HeldNames held;
+        m_box->setSecurityList({ sh(7), sh(8) });
+        type(QStringLiteral("600007"));
+        QTRY_COMPARE(rows().size(), 1);
+        m_box->clear();
+        m_box->insert(QStringLiteral("技股份8号"));
+        m_box->setMinMatchLength(1);
+        QTest::keyClick(m_box, Qt::Key_Down);
+        QCOMPARE(rows(), QStringList());
+        QCOMPARE(hintAt(m_box), preparing);
+        held.release();
+        QTRY_COMPARE(rows(), QStringList{ QStringLiteral("600008.SH  东海科技股份8号") });
+    }
+
+    void namesThatJoinLaterLeaveTheMarkedRow()
+    {
+        const QString named = QStringLiteral("000002.SZ");
+        WidgetServices::instance().names[named] = QStringLiteral("含600的名称");
+        HeldNames held;
+        m_box->setSecurityList({ sh(7), sh(8), named });
+        m_box->setMinMatchLength(3);
+        type(QStringLiteral("600"));
+        QTRY_COMPARE(rows().size(), 2);
+        QTest::keyClick(m_box, Qt::Key_Down);
+        QTest::keyClick(m_box, Qt::Key_Down);
+        QCOMPARE(list()->markedRow(), 1);
+        held.release();
+        QTRY_COMPARE(rows().size(), 3);
+        QCOMPARE(list()->markedRow(), 1);
+    }
+
+    void aListThatWasClosedStaysClosedWhenNamesJoin()
+    {
+        HeldNames held;
+        m_box->setSecurityList({ sh(7), sh(8) });
+        m_box->setMinMatchLength(3);
+        type(QStringLiteral("600"));
+        QTRY_COMPARE(rows().size(), 2);
+        QTest::keyClick(m_box, Qt::Key_Escape);
+        held.release();
+        SymbolIndexes::instance().waitForFinished();
+        QCoreApplication::processEvents();
+        QCOMPARE(rows(), QStringList());
+        QCOMPARE(hintAt(m_box), QString());
+    }
+
+    void enterDuringPreparationChoosesOnceItIsDone_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("chosen");
+        QTest::addColumn<QString>("hint");
+        QTest::newRow("a code that one market has")
+            << QStringLiteral("300750") << QStringLiteral("300750.SZ") << QString();
+        QTest::newRow("a code that two markets have")
+            << QStringLiteral("000001") << QString() << QStringLiteral("有多只证券匹配，请从列表中选择");
+        QTest::newRow("nothing") << QStringLiteral("999999") << QString() << QStringLiteral("没有匹配的证券");
+    }
+
+    void enterDuringPreparationChoosesOnceItIsDone()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, chosen);
+        QFETCH(QString, hint);
+        SymbolIndexes::instance().forget();
+        HeldNames held;
+        setUnpreparedList(m_market);
+        QSignalSpy codes(m_box, &VorSearchBox::selectStockCodeChange);
+        type(typed);
+        QTest::keyClick(m_box, Qt::Key_Return);
+        QCOMPARE(m_box->text(), typed);
+        QCOMPARE(m_box->getSymbol(), QString());
+        QCOMPARE(hintAt(m_box), preparing);
+        held.release();
+        QTRY_COMPARE(hintAt(m_box), hint);
+        QCOMPARE(m_box->getSymbol(), chosen);
+        QCOMPARE(m_box->text(), chosen.isEmpty() ? typed : chosen);
+        QCOMPARE(codes.count(), chosen.isEmpty() ? 0 : 1);
+    }
+
+    void enterWaitsForTheNamesThatTheTextMayMean()
+    {
+        const QString named = QStringLiteral("000002.SZ");
+        WidgetServices::instance().names[named] = QStringLiteral("含60000的名称");
+        HeldNames held;
+        m_box->setSecurityList({ sh(7), named });
+        m_box->setMinMatchLength(3);
+        type(QStringLiteral("60000"));
+        QTRY_COMPARE(rows().size(), 1);
+        QCOMPARE(list()->markedRow(), -1);
+        QTest::keyClick(m_box, Qt::Key_Return);
+        QCOMPARE(m_box->getSymbol(), QString());
+        QCOMPARE(hintAt(m_box), preparing);
+        held.release();
+        QTRY_COMPARE(rows().size(), 2);
+        QCOMPARE(m_box->getSymbol(), QString());
+        QCOMPARE(hintAt(m_box), QStringLiteral("有多只证券匹配，请从列表中选择"));
+    }
+
+    void leavingDuringPreparationKeepsTheTextAndChoosesOnceItIsDone()
+    {
+        SymbolIndexes::instance().forget();
+        HeldNames held;
+        setUnpreparedList(m_market);
+        type(QStringLiteral("300750"));
+        QTest::keyClick(m_box, Qt::Key_Tab);
+        QVERIFY(m_other->hasFocus());
+        QCOMPARE(m_box->text(), QStringLiteral("300750"));
+        QCOMPARE(m_box->getSymbol(), QString());
+        QCOMPARE(hintAt(m_box), preparing);
+        held.release();
+        QTRY_COMPARE(m_box->getSymbol(), QStringLiteral("300750.SZ"));
+        QVERIFY(m_other->hasFocus());
+        QCOMPARE(rows(), QStringList());
+        QCOMPARE(hintAt(m_box), QString());
+    }
+
+    void aChoiceDuringPreparationEndsTheWait()
+    {
+        HeldNames held;
+        setUnpreparedList({ sh(7), sh(8) });
+        type(QStringLiteral("600007"));
+        QTest::keyClick(m_box, Qt::Key_Return);
+        m_box->setSymbol(sh(8));
+        held.release();
+        SymbolIndexes::instance().waitForFinished();
+        QCoreApplication::processEvents();
+        QCOMPARE(m_box->getSymbol(), sh(8));
+        QCOMPARE(rows(), QStringList());
+    }
+
+    void otherTextDuringPreparationIsTheOneOffered()
+    {
+        HeldNames held;
+        setUnpreparedList({ sh(7), sh(8) });
+        type(QStringLiteral("600007"));
+        QTest::keyClick(m_box, Qt::Key_Return);
+        QTest::keyClick(m_box, Qt::Key_Backspace);
+        type(QStringLiteral("8"));
+        held.release();
+        QTRY_COMPARE(rows(), QStringList{ QStringLiteral("600008.SH  东海科技股份8号") });
+        QCOMPARE(m_box->getSymbol(), QString());
+    }
+
+    void aNewListDuringPreparationIsTheOneOffered()
+    {
+        HeldNames held;
+        setUnpreparedList({ sh(7), sh(8) });
+        m_box->setMinMatchLength(3);
+        type(QStringLiteral("600"));
+        m_box->setSecurityList({ sh(9) });
+        held.release();
+        QTRY_COMPARE(rows(), QStringList{ QStringLiteral("600009.SH  东海科技股份9号") });
+        m_box->setSecurityList(SymbolList());
+        QCOMPARE(rows(), QStringList());
+    }
+
+    void aBoxMayGoDuringPreparation()
+    {
+        HeldNames held;
+        setUnpreparedList({ sh(7), sh(8) });
+        type(QStringLiteral("600007"));
+        QTest::keyClick(m_box, Qt::Key_Return);
+        QCOMPARE(hintAt(m_box), preparing);
+        delete std::exchange(m_box, nullptr);
+        held.release();
+        SymbolIndexes::instance().waitForFinished();
+        QCoreApplication::processEvents();
+    }
+
+    void anIndexMayBeGivenUpDuringPreparation()
+    {
+        QStringList many;
+        for (int i = 0; i < 100000; ++i)
+            many << QString::number(i * 7919 % 1000003);
+        const auto nameOf = [](const QString& symbol) { return symbol; };
+        SymbolIndexes& indexes = SymbolIndexes::instance();
+        indexes.prepare({ many }, nameOf);
+        const auto given = indexes.of(many);
+        indexes.forget();
+        QVERIFY(!given->hasNames());
+        QVERIFY(!indexes.of(many));
+        indexes.prepare({ many }, nameOf);
+        const auto again = indexes.of(many);
+        QVERIFY(again != given);
+        indexes.waitForFinished();
+        QVERIFY(again->hasCodes() && again->hasNames());
+    }
 
 private:
     SuggestionPopup* list() const { return m_box->findChild<SuggestionPopup*>(); }
-    QStringList rows() const;
+
+    QStringList rows() const
+    {
+        if (!list()->isVisible())
+            return {};
+        QStringList texts;
+        for (int row = 0; row < list()->model()->rowCount(); ++row)
+            texts.append(list()->model()->index(row, 0).data().toString());
+        return texts;
+    }
+
     /// Another list, whose preparation waits for the names that are held.
-    void setUnpreparedList(const SymbolList& symbols);
+    void setUnpreparedList(const SymbolList& symbols)
+    {
+        m_box->setSecurityList(SymbolList({ QStringLiteral("blocks") }));
+        m_box->setSearchMode(0);
+        type(QStringLiteral("blocks"));
+        QTRY_COMPARE(rows().size(), 1);
+        m_box->clear();
+        m_box->setSearchMode(1);
+        m_box->setSecurityList(symbols);
+    }
     void type(const QString& text) { QTest::keyClicks(m_box, text); }
 
     LogCatcher* m_log = nullptr;
@@ -80,560 +588,6 @@ private:
     VorSearchBox* m_box = nullptr;
     QLineEdit* m_other = nullptr;
 };
-
-void SearchBoxTest::init()
-{
-    m_log = new LogCatcher;
-    SymbolIndexes::instance().forget();
-    WidgetServices::instance() = WidgetServices();
-    auto& names = WidgetServices::instance().names;
-    QStringList stocks;
-    for (int i = 0; i < 120; ++i) {
-        stocks.append(sh(i));
-        names[sh(i)] = QStringLiteral("东海科技股份%1号").arg(i);
-    }
-    stocks << QStringLiteral("000001.SZ") << QStringLiteral("300750.SZ");
-    names[QStringLiteral("000001.SZ")] = QStringLiteral("南山银行控股集团");
-    names[QStringLiteral("300750.SZ")] = QStringLiteral("Alpha芯片ETF");
-    m_market = SymbolList(stocks);
-    m_market += SymbolList({ QStringLiteral("600000.BJ"), QStringLiteral("000001.SH") });
-    m_window = new QWidget;
-    m_box = new VorSearchBox(m_window);
-    m_other = new QLineEdit(m_window);
-    m_other->move(0, 60);
-    m_window->resize(300, 120);
-    m_box->setSecurityList(m_market);
-    SymbolIndexes::instance().waitForFinished();
-    WidgetServices::instance().nameLookups = 0;
-    m_box->setSearchMode(1);
-    m_box->setMinMatchLength(6);
-    m_window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_window));
-    m_window->activateWindow();
-    m_box->setFocus();
-    QTRY_VERIFY(m_box->hasFocus());
-}
-
-void SearchBoxTest::cleanup()
-{
-    delete m_window;
-    QCOMPARE(m_log->trouble(), QStringList());
-    delete m_log;
-}
-
-QStringList SearchBoxTest::rows() const
-{
-    if (!list()->isVisible())
-        return {};
-    QStringList texts;
-    for (int row = 0; row < list()->model()->rowCount(); ++row)
-        texts.append(list()->model()->index(row, 0).data().toString());
-    return texts;
-}
-
-void SearchBoxTest::nothingMatchesBeforeTheLeastNumberOfCharacters()
-{
-    type(QStringLiteral("60000"));
-    QCOMPARE(rows(), QStringList());
-    QCOMPARE(WidgetServices::instance().nameLookups, 0);
-    type(QStringLiteral("1"));
-    QCOMPARE(rows(), QStringList{ QStringLiteral("600001.SH  东海科技股份1号") });
-}
-
-void SearchBoxTest::codesMatchByTheirBeginningWhateverTheCase()
-{
-    m_box->setSearchMode(0);
-    type(QStringLiteral("600007.s"));
-    QCOMPARE(rows().size(), 1);
-    QVERIFY(rows().first().startsWith(sh(7)));
-}
-
-void SearchBoxTest::namesMatchByAnyPartInModeOneOnly()
-{
-    m_box->setMinMatchLength(3);
-    m_box->setSearchMode(0);
-    m_box->insert(QStringLiteral("行控股"));
-    QCOMPARE(rows(), QStringList());
-    m_box->setSearchMode(1);
-    m_box->clear();
-    m_box->insert(QStringLiteral("行控股"));
-    QCOMPARE(rows(), QStringList{ QStringLiteral("000001.SZ  南山银行控股集团") });
-    m_box->clear();
-    m_box->insert(QStringLiteral("alpha"));
-    QCOMPARE(rows(), QStringList{ QStringLiteral("300750.SZ  Alpha芯片ETF") });
-}
-
-void SearchBoxTest::fullWidthDigitsAreDigits()
-{
-    m_box->insert(QStringLiteral("３００７５０"));
-    QCOMPARE(rows().size(), 1);
-    QTest::keyClick(m_box, Qt::Key_Return);
-    QCOMPARE(m_box->getSymbol(), QStringLiteral("300750.SZ"));
-}
-
-void SearchBoxTest::atMostFiftyRowsAreLaidOut()
-{
-    m_box->setMinMatchLength(2);
-    type(QStringLiteral("600"));
-    QCOMPARE(rows().size(), 50);
-    QVERIFY(list()->uniformItemSizes());
-    QCOMPARE(list()->markedRow(), -1);
-}
-
-void SearchBoxTest::exactCodesComeFirstEvenFromALaterRun()
-{
-    m_box->setMinMatchLength(1);
-    type(QStringLiteral("600000"));
-    QCOMPARE(rows().size(), 2);
-    QVERIFY(rows().at(0).startsWith(QStringLiteral("600000.SH")));
-    QVERIFY(rows().at(1).startsWith(QStringLiteral("600000.BJ")));
-}
-
-void SearchBoxTest::aKeyChoosesFromTheList()
-{
-    QSignalSpy codes(m_box, &VorSearchBox::selectStockCodeChange);
-    m_box->setMinMatchLength(3);
-    type(QStringLiteral("600"));
-    QTest::keyClick(m_box, Qt::Key_Down);
-    QTest::keyClick(m_box, Qt::Key_Down);
-    QTest::keyClick(m_box, Qt::Key_Up);
-    QTest::keyClick(m_box, Qt::Key_Down);
-    QCOMPARE(list()->markedRow(), 1);
-    QCOMPARE(codes.count(), 0);
-    QTest::keyClick(m_box, Qt::Key_Return);
-    QCOMPARE(codes.count(), 1);
-    QCOMPARE(m_box->getSymbol(), sh(0));
-    QCOMPARE(m_box->text(), sh(0));
-    QVERIFY(!list()->isVisible());
-}
-
-void SearchBoxTest::escapeClosesTheListAndKeepsTheText()
-{
-    type(QStringLiteral("600001"));
-    QVERIFY(list()->isVisible());
-    QTest::keyClick(m_box, Qt::Key_Escape);
-    QVERIFY(!list()->isVisible());
-    QCOMPARE(m_box->text(), QStringLiteral("600001"));
-    QCOMPARE(m_box->getSymbol(), QString());
-    QTest::keyClick(m_box, Qt::Key_Down);
-    QVERIFY2(list()->isVisible(), "Down opens the list again");
-}
-
-void SearchBoxTest::aClickChoosesFromTheList()
-{
-    m_box->setMinMatchLength(3);
-    type(QStringLiteral("600"));
-    const QRect third = list()->visualRect(list()->model()->index(2, 0));
-    QTest::mouseClick(list()->viewport(), Qt::LeftButton, Qt::NoModifier, third.center());
-    QCOMPARE(m_box->getSymbol(), sh(1));
-}
-
-void SearchBoxTest::enterTakesTextThatCanMeanOneSecurityOnly_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("chosen");
-    QTest::newRow("a code that one market has") << QStringLiteral("300750") << QStringLiteral("300750.SZ");
-    QTest::newRow("a code with its market") << QStringLiteral("000001.sz") << QStringLiteral("000001.SZ");
-    QTest::newRow("a code that two markets have") << QStringLiteral("000001") << QString();
-    QTest::newRow("a beginning that one symbol has") << QStringLiteral("600000.B") << QStringLiteral("600000.BJ");
-    QTest::newRow("blanks around a code") << QStringLiteral(" 300750 ") << QStringLiteral("300750.SZ");
-}
-
-void SearchBoxTest::enterTakesTextThatCanMeanOneSecurityOnly()
-{
-    QFETCH(QString, typed);
-    QFETCH(QString, chosen);
-    type(typed);
-    QTest::keyClick(m_box, Qt::Key_Return);
-    QCOMPARE(m_box->getSymbol(), chosen);
-    QCOMPARE(m_box->text(), chosen.isEmpty() ? typed : chosen);
-    QCOMPARE(hintAt(m_box), chosen.isEmpty() ? QStringLiteral("有多只证券匹配，请从列表中选择") : QString());
-}
-
-void SearchBoxTest::leavingTheFieldTakesACompleteCode()
-{
-    QSignalSpy codes(m_box, &VorSearchBox::selectStockCodeChange);
-    type(QStringLiteral("300750"));
-    QTest::keyClick(m_box, Qt::Key_Tab);
-    QVERIFY(m_other->hasFocus());
-    QCOMPARE(m_box->getSymbol(), QStringLiteral("300750.SZ"));
-    QCOMPARE(codes.count(), 1);
-    QVERIFY(!list()->isVisible());
-}
-
-void SearchBoxTest::textThatMatchesNothingIsKeptWithAHint()
-{
-    type(QStringLiteral("999999"));
-    QCOMPARE(hintAt(m_box), QStringLiteral("没有匹配的证券"));
-    QTest::keyClick(m_box, Qt::Key_Tab);
-    QCOMPARE(m_box->text(), QStringLiteral("999999"));
-    QCOMPARE(m_box->getSymbol(), QString());
-    QCOMPARE(hintAt(m_box), QStringLiteral("没有匹配的证券"));
-}
-
-void SearchBoxTest::tooShortATextSaysHowManyCharactersAreNeeded()
-{
-    type(QStringLiteral("30075"));
-    QTest::keyClick(m_box, Qt::Key_Return);
-    QCOMPARE(hintAt(m_box), QStringLiteral("请至少输入6个字符"));
-    QCOMPARE(m_box->getSymbol(), QString());
-}
-
-void SearchBoxTest::editingUnchoosesOnce()
-{
-    m_box->setSymbol(sh(3));
-    QSignalSpy codes(m_box, &VorSearchBox::selectStockCodeChange);
-    QSignalSpy names(m_box, &VorSearchBox::selectStockNameChange);
-    QTest::keyClick(m_box, Qt::Key_Backspace);
-    QCOMPARE(m_box->getSymbol(), QString());
-    QCOMPARE(codes.count(), 1);
-    QCOMPARE(codes.first().first().toString(), QString());
-    QCOMPARE(names.count(), 1);
-    QTest::keyClick(m_box, Qt::Key_Backspace);
-    QCOMPARE(codes.count(), 1);
-}
-
-void SearchBoxTest::setSymbolAnnouncesCodeThenNameAndOnlyChanges()
-{
-    QStringList heard;
-    connect(m_box, &VorSearchBox::selectStockCodeChange, this, [&](const QString& code) { heard << code; });
-    connect(m_box, &VorSearchBox::selectStockNameChange, this, [&](const QString& name) { heard << name; });
-    m_box->setSymbol(QString());
-    QCOMPARE(heard, QStringList());
-    m_box->setSymbol(sh(3));
-    m_box->setSymbol(sh(3));
-    QCOMPARE(heard, (QStringList{ sh(3), QStringLiteral("东海科技股份3号") }));
-    heard.clear();
-    m_box->setSymbol(QString());
-    QCOMPARE(heard, (QStringList{ QString(), QString() }));
-    QCOMPARE(m_box->text(), QString());
-}
-
-void SearchBoxTest::setSymbolTakesWhatTheListDoesNotHold()
-{
-    m_box->setSymbol(QStringLiteral("00700.HK"));
-    QCOMPARE(m_box->getSymbol(), QStringLiteral("00700.HK"));
-    QCOMPARE(m_box->text(), QStringLiteral("00700.HK"));
-}
-
-void SearchBoxTest::blockedSignalsLookUpNoName()
-{
-    QSignalSpy codes(m_box, &VorSearchBox::selectStockCodeChange);
-    {
-        const QSignalBlocker silent(m_box);
-        m_box->setSymbol(sh(3));
-    }
-    QCOMPARE(codes.count(), 0);
-    QCOMPARE(WidgetServices::instance().nameLookups, 0);
-    QCOMPARE(m_box->getSymbol(), sh(3));
-}
-
-void SearchBoxTest::aNewListLeavesTheChoice()
-{
-    m_box->setSymbol(sh(3));
-    QSignalSpy codes(m_box, &VorSearchBox::selectStockCodeChange);
-    m_box->setSecurityList(SymbolList());
-    QCOMPARE(m_box->getSymbol(), sh(3));
-    QCOMPARE(codes.count(), 0);
-}
-
-void SearchBoxTest::whoeverHearsAChoiceMayDeleteTheBox()
-{
-    connect(m_box, &VorSearchBox::selectStockCodeChange, this, [this] { delete std::exchange(m_box, nullptr); });
-    m_box->setSymbol(sh(3));
-    QVERIFY(!m_box);
-}
-
-void SearchBoxTest::whoeverHearsAChoiceMayChooseAnother()
-{
-    QStringList names;
-    connect(m_box, &VorSearchBox::selectStockNameChange, this, [&](const QString& name) { names << name; });
-    connect(m_box, &VorSearchBox::selectStockCodeChange, this, [this] { m_box->setSymbol(sh(4)); });
-    m_box->setSymbol(sh(3));
-    QCOMPARE(m_box->getSymbol(), sh(4));
-    QCOMPARE(names, QStringList{ QStringLiteral("东海科技股份4号") });
-}
-
-void SearchBoxTest::aKeystrokeReadsTheNamesOfTheRowsShown()
-{
-    QAtomicInt& lookups = WidgetServices::instance().nameLookups;
-    type(QStringLiteral("300750"));
-    QCOMPARE(rows().size(), 1);
-    QTest::keyClick(m_box, Qt::Key_Backspace);
-    type(QStringLiteral("0.SZ"));
-    QCOMPARE(rows().size(), 1);
-    QCOMPARE(lookups, 5);
-}
-
-void SearchBoxTest::theIndexIsSharedByBoxes()
-{
-    const QStringList run{ sh(1), sh(2) };
-    const SymbolList list(run);
-    for (int i = 0; i < 2; ++i) {
-        WidgetServices::instance().nameLookups = 0;
-        VorSearchBox box;
-        box.setSecurityList(list);
-        SymbolIndexes::instance().waitForFinished();
-        QCOMPARE(WidgetServices::instance().nameLookups, i == 0 ? 2 : 0);
-    }
-}
-
-void SearchBoxTest::codesOfSeveralRunsComeInOrder()
-{
-    SymbolList list({ QStringLiteral("110005.SH"), QStringLiteral("110001.SH"), QStringLiteral("110003.SH") });
-    list += SymbolList({ QStringLiteral("110002.SZ"), QStringLiteral("110001.SH"), QStringLiteral("110004.SZ") });
-    m_box->setSecurityList(list);
-    m_box->setSearchMode(0);
-    m_box->setMinMatchLength(1);
-    SymbolIndexes::instance().waitForFinished();
-    type(QStringLiteral("11"));
-    QStringList codes;
-    for (const QString& row : rows())
-        codes << row.left(6);
-    QCOMPARE(codes.join(QLatin1Char(' ')), QStringLiteral("110001 110002 110003 110004 110005"));
-}
-
-void SearchBoxTest::theListIsMadeReadyWhenTheBoxGetsTheFocus()
-{
-    VorSearchBox box(m_window);
-    box.show();
-    const auto* const popup = box.findChild<SuggestionPopup*>();
-    QVERIFY(!popup->testAttribute(Qt::WA_WState_Created));
-    box.setFocus();
-    QTRY_VERIFY(popup->testAttribute(Qt::WA_WState_Created));
-    QVERIFY(!popup->isVisible());
-    QCOMPARE(popup->model()->rowCount(), 0);
-}
-
-void SearchBoxTest::lettersAreDrawnAheadOnceEach()
-{
-    const auto letters = SymbolSearch(m_market.runs()).letters();
-    // 东海科技股份号 南山银行控股集团 Alpha芯片ETF in upper case, and the ten digits: 股 stands twice.
-    QCOMPARE(letters.count(true), 7 + 7 + 2 + 7 + 10);
-    GlyphPrewarmer ahead(m_other);
-    const auto* const idle = ahead.findChild<QTimer*>();
-    QVERIFY(!idle->isActive());
-    ahead.draw(letters);
-    QVERIFY(idle->isActive());
-    QTRY_VERIFY(!idle->isActive());
-    ahead.draw(letters);
-    QVERIFY(!idle->isActive());
-}
-
-// The thread that prepares is busy with the names of this run when the list comes.
-void SearchBoxTest::setUnpreparedList(const SymbolList& symbols)
-{
-    m_box->setSecurityList(SymbolList({ QStringLiteral("blocks") }));
-    m_box->setSearchMode(0);
-    type(QStringLiteral("blocks"));
-    QTRY_COMPARE(rows().size(), 1);
-    m_box->clear();
-    m_box->setSearchMode(1);
-    m_box->setSecurityList(symbols);
-}
-
-void SearchBoxTest::aListInPreparationSaysSoAndIsOfferedByItself()
-{
-    HeldNames held;
-    setUnpreparedList({ sh(7), sh(8) });
-    type(QStringLiteral("600007"));
-    QCOMPARE(rows(), QStringList());
-    QCOMPARE(hintAt(m_box), preparing);
-    held.release();
-    QTRY_COMPARE(rows(), QStringList{ QStringLiteral("600007.SH  东海科技股份7号") });
-    QCOMPARE(hintAt(m_box), QString());
-    QCOMPARE(list()->markedRow(), 0);
-    QCOMPARE(m_box->getSymbol(), QString());
-}
-
-void SearchBoxTest::codesAreOfferedBeforeTheNamesAreReady()
-{
-    HeldNames held;
-    m_box->setSecurityList({ sh(7), sh(8) });
-    type(QStringLiteral("600007"));
-    QTRY_COMPARE(rows().size(), 1);
-    m_box->clear();
-    m_box->insert(QStringLiteral("技股份8号"));
-    m_box->setMinMatchLength(1);
-    QTest::keyClick(m_box, Qt::Key_Down);
-    QCOMPARE(rows(), QStringList());
-    QCOMPARE(hintAt(m_box), preparing);
-    held.release();
-    QTRY_COMPARE(rows(), QStringList{ QStringLiteral("600008.SH  东海科技股份8号") });
-}
-
-void SearchBoxTest::namesThatJoinLaterLeaveTheMarkedRow()
-{
-    const QString named = QStringLiteral("000002.SZ");
-    WidgetServices::instance().names[named] = QStringLiteral("含600的名称");
-    HeldNames held;
-    m_box->setSecurityList({ sh(7), sh(8), named });
-    m_box->setMinMatchLength(3);
-    type(QStringLiteral("600"));
-    QTRY_COMPARE(rows().size(), 2);
-    QTest::keyClick(m_box, Qt::Key_Down);
-    QTest::keyClick(m_box, Qt::Key_Down);
-    QCOMPARE(list()->markedRow(), 1);
-    held.release();
-    QTRY_COMPARE(rows().size(), 3);
-    QCOMPARE(list()->markedRow(), 1);
-}
-
-void SearchBoxTest::aListThatWasClosedStaysClosedWhenNamesJoin()
-{
-    HeldNames held;
-    m_box->setSecurityList({ sh(7), sh(8) });
-    m_box->setMinMatchLength(3);
-    type(QStringLiteral("600"));
-    QTRY_COMPARE(rows().size(), 2);
-    QTest::keyClick(m_box, Qt::Key_Escape);
-    held.release();
-    SymbolIndexes::instance().waitForFinished();
-    QCoreApplication::processEvents();
-    QCOMPARE(rows(), QStringList());
-    QCOMPARE(hintAt(m_box), QString());
-}
-
-void SearchBoxTest::enterDuringPreparationChoosesOnceItIsDone_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("chosen");
-    QTest::addColumn<QString>("hint");
-    QTest::newRow("a code that one market has") << QStringLiteral("300750") << QStringLiteral("300750.SZ") << QString();
-    QTest::newRow("a code that two markets have")
-        << QStringLiteral("000001") << QString() << QStringLiteral("有多只证券匹配，请从列表中选择");
-    QTest::newRow("nothing") << QStringLiteral("999999") << QString() << QStringLiteral("没有匹配的证券");
-}
-
-void SearchBoxTest::enterDuringPreparationChoosesOnceItIsDone()
-{
-    QFETCH(QString, typed);
-    QFETCH(QString, chosen);
-    QFETCH(QString, hint);
-    SymbolIndexes::instance().forget();
-    HeldNames held;
-    setUnpreparedList(m_market);
-    QSignalSpy codes(m_box, &VorSearchBox::selectStockCodeChange);
-    type(typed);
-    QTest::keyClick(m_box, Qt::Key_Return);
-    QCOMPARE(m_box->text(), typed);
-    QCOMPARE(m_box->getSymbol(), QString());
-    QCOMPARE(hintAt(m_box), preparing);
-    held.release();
-    QTRY_COMPARE(hintAt(m_box), hint);
-    QCOMPARE(m_box->getSymbol(), chosen);
-    QCOMPARE(m_box->text(), chosen.isEmpty() ? typed : chosen);
-    QCOMPARE(codes.count(), chosen.isEmpty() ? 0 : 1);
-}
-
-void SearchBoxTest::enterWaitsForTheNamesThatTheTextMayMean()
-{
-    const QString named = QStringLiteral("000002.SZ");
-    WidgetServices::instance().names[named] = QStringLiteral("含60000的名称");
-    HeldNames held;
-    m_box->setSecurityList({ sh(7), named });
-    m_box->setMinMatchLength(3);
-    type(QStringLiteral("60000"));
-    QTRY_COMPARE(rows().size(), 1);
-    QCOMPARE(list()->markedRow(), -1);
-    QTest::keyClick(m_box, Qt::Key_Return);
-    QCOMPARE(m_box->getSymbol(), QString());
-    QCOMPARE(hintAt(m_box), preparing);
-    held.release();
-    QTRY_COMPARE(rows().size(), 2);
-    QCOMPARE(m_box->getSymbol(), QString());
-    QCOMPARE(hintAt(m_box), QStringLiteral("有多只证券匹配，请从列表中选择"));
-}
-
-void SearchBoxTest::leavingDuringPreparationKeepsTheTextAndChoosesOnceItIsDone()
-{
-    SymbolIndexes::instance().forget();
-    HeldNames held;
-    setUnpreparedList(m_market);
-    type(QStringLiteral("300750"));
-    QTest::keyClick(m_box, Qt::Key_Tab);
-    QVERIFY(m_other->hasFocus());
-    QCOMPARE(m_box->text(), QStringLiteral("300750"));
-    QCOMPARE(m_box->getSymbol(), QString());
-    QCOMPARE(hintAt(m_box), preparing);
-    held.release();
-    QTRY_COMPARE(m_box->getSymbol(), QStringLiteral("300750.SZ"));
-    QVERIFY(m_other->hasFocus());
-    QCOMPARE(rows(), QStringList());
-    QCOMPARE(hintAt(m_box), QString());
-}
-
-void SearchBoxTest::aChoiceDuringPreparationEndsTheWait()
-{
-    HeldNames held;
-    setUnpreparedList({ sh(7), sh(8) });
-    type(QStringLiteral("600007"));
-    QTest::keyClick(m_box, Qt::Key_Return);
-    m_box->setSymbol(sh(8));
-    held.release();
-    SymbolIndexes::instance().waitForFinished();
-    QCoreApplication::processEvents();
-    QCOMPARE(m_box->getSymbol(), sh(8));
-    QCOMPARE(rows(), QStringList());
-}
-
-void SearchBoxTest::otherTextDuringPreparationIsTheOneOffered()
-{
-    HeldNames held;
-    setUnpreparedList({ sh(7), sh(8) });
-    type(QStringLiteral("600007"));
-    QTest::keyClick(m_box, Qt::Key_Return);
-    QTest::keyClick(m_box, Qt::Key_Backspace);
-    type(QStringLiteral("8"));
-    held.release();
-    QTRY_COMPARE(rows(), QStringList{ QStringLiteral("600008.SH  东海科技股份8号") });
-    QCOMPARE(m_box->getSymbol(), QString());
-}
-
-void SearchBoxTest::aNewListDuringPreparationIsTheOneOffered()
-{
-    HeldNames held;
-    setUnpreparedList({ sh(7), sh(8) });
-    m_box->setMinMatchLength(3);
-    type(QStringLiteral("600"));
-    m_box->setSecurityList({ sh(9) });
-    held.release();
-    QTRY_COMPARE(rows(), QStringList{ QStringLiteral("600009.SH  东海科技股份9号") });
-    m_box->setSecurityList(SymbolList());
-    QCOMPARE(rows(), QStringList());
-}
-
-void SearchBoxTest::aBoxMayGoDuringPreparation()
-{
-    HeldNames held;
-    setUnpreparedList({ sh(7), sh(8) });
-    type(QStringLiteral("600007"));
-    QTest::keyClick(m_box, Qt::Key_Return);
-    QCOMPARE(hintAt(m_box), preparing);
-    delete std::exchange(m_box, nullptr);
-    held.release();
-    SymbolIndexes::instance().waitForFinished();
-    QCoreApplication::processEvents();
-}
-
-void SearchBoxTest::anIndexMayBeGivenUpDuringPreparation()
-{
-    QStringList many;
-    for (int i = 0; i < 100000; ++i)
-        many << QString::number(i * 7919 % 1000003);
-    const auto nameOf = [](const QString& symbol) { return symbol; };
-    SymbolIndexes& indexes = SymbolIndexes::instance();
-    indexes.prepare({ many }, nameOf);
-    const auto given = indexes.of(many);
-    indexes.forget();
-    QVERIFY(!given->hasNames());
-    QVERIFY(!indexes.of(many));
-    indexes.prepare({ many }, nameOf);
-    const auto again = indexes.of(many);
-    QVERIFY(again != given);
-    indexes.waitForFinished();
-    QVERIFY(again->hasCodes() && again->hasNames());
-}
 
 QTEST_MAIN(SearchBoxTest)
 #include "tst_search_box.moc"

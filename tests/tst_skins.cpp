@@ -162,83 +162,76 @@ double contrastOf(const Look& look, const QString& skin)
 } // namespace
 
 /// The colours of the skins, as their sheets declare them.
-class TestSkins : public QObject {
+class SkinsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void contrast_is_that_of_wcag();
-    void texts_stand_out_from_their_ground_data() { addRows(textLooks()); }
-    void texts_stand_out_from_their_ground();
-    void frames_and_the_focus_stand_out_from_their_ground_data() { addRows(frameLooks()); }
-    void frames_and_the_focus_stand_out_from_their_ground();
-    void no_rule_with_a_colour_is_left_out_data();
-    void no_rule_with_a_colour_is_left_out();
-    void the_skins_have_the_same_rules();
+    void contrastIsThatOfWcag()
+    {
+        QCOMPARE(contrast(Qt::black, Qt::white), 21.0);
+        QCOMPARE(contrast(Qt::white, Qt::white), 1.0);
+        QCOMPARE(qRound(100 * contrast(QColor(0x76, 0x76, 0x76), Qt::white)), 454);
+        QCOMPARE(qRound(10 * contrast(QColor(0, 0, 0, 128), Qt::white)), 40);
+    }
+    void textsStandOutFromTheirGround_data() { addRows(textLooks()); }
+
+    void textsStandOutFromTheirGround()
+    {
+        QFETCH(QString, skin);
+        QFETCH(int, index);
+        const double ratio = contrastOf(textLooks().at(index), skin);
+        QVERIFY2(ratio >= 4.5, qPrintable(QString::number(ratio)));
+    }
+    void framesAndTheFocusStandOutFromTheirGround_data() { addRows(frameLooks()); }
+
+    void framesAndTheFocusStandOutFromTheirGround()
+    {
+        QFETCH(QString, skin);
+        QFETCH(int, index);
+        const double ratio = contrastOf(frameLooks().at(index), skin);
+        QVERIFY2(ratio >= 3, qPrintable(QString::number(ratio)));
+    }
+
+    void noRuleWithAColourIsLeftOut_data()
+    {
+        QTest::addColumn<QString>("skin");
+        for (const QString& skin : skinNames())
+            QTest::newRow(qPrintable(skin)) << skin;
+    }
+
+    void noRuleWithAColourIsLeftOut()
+    {
+        QFETCH(QString, skin);
+        QSet<QString> inks;
+        QSet<QString> grounds;
+        for (const Look& look : textLooks()) {
+            inks.unite({ look.ink.cbegin(), look.ink.cend() });
+            grounds.unite({ look.ground.cbegin(), look.ground.cend() });
+        }
+        const SkinSheet sheet(skinSheet(skin));
+        QVERIFY(sheet.selectors().size() > 50);
+        QStringList missing;
+        for (const QString& selector : sheet.selectors()) {
+            if (isOrnament(selector))
+                continue;
+            if (sheet.declares(selector, words("color")) && !inks.contains(selector))
+                missing.append(selector);
+            const bool hasGround = sheet.colour({ selector }, words("background-color")).isValid();
+            if (hasGround && !grounds.contains(selector))
+                missing.append(selector + words(" (ground)"));
+        }
+        QCOMPARE(missing, QStringList());
+    }
+
+    void theSkinsHaveTheSameRules()
+    {
+        QStringList light = SkinSheet(skinSheet(words("light"))).selectors();
+        QStringList dark = SkinSheet(skinSheet(words("dark"))).selectors();
+        light.sort();
+        dark.sort();
+        QCOMPARE(dark, light);
+    }
 };
 
-void TestSkins::contrast_is_that_of_wcag()
-{
-    QCOMPARE(contrast(Qt::black, Qt::white), 21.0);
-    QCOMPARE(contrast(Qt::white, Qt::white), 1.0);
-    QCOMPARE(qRound(100 * contrast(QColor(0x76, 0x76, 0x76), Qt::white)), 454);
-    QCOMPARE(qRound(10 * contrast(QColor(0, 0, 0, 128), Qt::white)), 40);
-}
-
-void TestSkins::texts_stand_out_from_their_ground()
-{
-    QFETCH(QString, skin);
-    QFETCH(int, index);
-    const double ratio = contrastOf(textLooks().at(index), skin);
-    QVERIFY2(ratio >= 4.5, qPrintable(QString::number(ratio)));
-}
-
-void TestSkins::frames_and_the_focus_stand_out_from_their_ground()
-{
-    QFETCH(QString, skin);
-    QFETCH(int, index);
-    const double ratio = contrastOf(frameLooks().at(index), skin);
-    QVERIFY2(ratio >= 3, qPrintable(QString::number(ratio)));
-}
-
-void TestSkins::no_rule_with_a_colour_is_left_out_data()
-{
-    QTest::addColumn<QString>("skin");
-    for (const QString& skin : skinNames())
-        QTest::newRow(qPrintable(skin)) << skin;
-}
-
-void TestSkins::no_rule_with_a_colour_is_left_out()
-{
-    QFETCH(QString, skin);
-    QSet<QString> inks;
-    QSet<QString> grounds;
-    for (const Look& look : textLooks()) {
-        inks.unite({ look.ink.cbegin(), look.ink.cend() });
-        grounds.unite({ look.ground.cbegin(), look.ground.cend() });
-    }
-    const SkinSheet sheet(skinSheet(skin));
-    QVERIFY(sheet.selectors().size() > 50);
-    QStringList missing;
-    for (const QString& selector : sheet.selectors()) {
-        if (isOrnament(selector))
-            continue;
-        if (sheet.declares(selector, words("color")) && !inks.contains(selector))
-            missing.append(selector);
-        const bool hasGround = sheet.colour({ selector }, words("background-color")).isValid();
-        if (hasGround && !grounds.contains(selector))
-            missing.append(selector + words(" (ground)"));
-    }
-    QCOMPARE(missing, QStringList());
-}
-
-void TestSkins::the_skins_have_the_same_rules()
-{
-    QStringList light = SkinSheet(skinSheet(words("light"))).selectors();
-    QStringList dark = SkinSheet(skinSheet(words("dark"))).selectors();
-    light.sort();
-    dark.sort();
-    QCOMPARE(dark, light);
-}
-
-QTEST_GUILESS_MAIN(TestSkins)
+QTEST_GUILESS_MAIN(SkinsTest)
 #include "tst_skins.moc"

@@ -39,208 +39,186 @@ class SmallWidgetsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { m_log = new LogCatcher; }
 
-    void anElidedLabelShowsTheWholeTextAsToolTip();
-    void anElidedLabelMayBeNarrow();
-    void labelsShowPlainText();
-    void aButtonIsPolishedAnewWhenItsStyleChanges();
-    void aTextButtonShrinksItsTextToItsWidth();
-    void aHeadingShowsItsTitle();
-    void aToolWindowIsPlaced_data();
-    void aToolWindowIsPlaced();
-    void aToolWindowStaysOnTheScreen();
-    void aPopupOpensAboveWhereTheScreenEnds();
-    void aHintGoesAwayWithItsField();
-    void thereAreTwoSkins();
-    void everyRuleOfASkinIsReadable_data();
-    void everyRuleOfASkinIsReadable();
-    void anUnknownSkinIsEmptyAndLogged();
+    void cleanup()
+    {
+        QCOMPARE(m_log->trouble(), QStringList());
+        delete m_log;
+    }
+
+    void anElidedLabelShowsTheWholeTextAsToolTip()
+    {
+        OrloElidedLabel label;
+        const QString text = QStringLiteral("一家名字很长的股份有限公司");
+        label.setText(text);
+        label.resize(60, 20);
+        label.grab();
+        QCOMPARE(label.text(), text);
+        QCOMPARE(label.toolTip(), text);
+        label.resize(600, 20);
+        label.grab();
+        QCOMPARE(label.toolTip(), QString());
+    }
+
+    void anElidedLabelMayBeNarrow()
+    {
+        OrloElidedLabel label;
+        label.setText(QString(100, QLatin1Char('W')));
+        QVERIFY(label.minimumSizeHint().width() < 40);
+        QVERIFY(label.sizeHint().width() > 400);
+    }
+
+    void labelsShowPlainText()
+    {
+        QCOMPARE(OrloHintLabel().textFormat(), Qt::PlainText);
+        QCOMPARE(OrloElidedLabel().textFormat(), Qt::PlainText);
+    }
+
+    void aButtonIsPolishedAnewWhenItsStyleChanges()
+    {
+        QWidget window;
+        window.setStyleSheet(QStringLiteral("OrloPushButton { color: #000001; }"
+                                            "OrloPushButton[styleType=\"highlight\"] { color: #000002; }"));
+        OrloPushButton button(&window);
+        window.show();
+        QCOMPARE(button.styleType(), OrloPushButton::BtnStyleType::Normal);
+        QCOMPARE(button.palette().color(QPalette::ButtonText), QColor(0, 0, 1));
+        button.setStyleType(OrloPushButton::BtnStyleType::Highlight);
+        QCOMPARE(button.palette().color(QPalette::ButtonText), QColor(0, 0, 2));
+        button.setStyleType(QStringLiteral("no such style"));
+        QCOMPARE(button.palette().color(QPalette::ButtonText), QColor(0, 0, 1));
+    }
+
+    void aTextButtonShrinksItsTextToItsWidth()
+    {
+        QWidget window;
+        QFont large = window.font();
+        large.setPixelSize(24);
+        window.setFont(large);
+        OrloPushButton button(&window);
+        button.setText(QStringLiteral("算法参数设置"));
+        button.setStyleType(OrloPushButton::BtnStyleType::Text);
+        button.setFixedWidth(82);
+        window.show();
+        QVERIFY(button.fontMetrics().horizontalAdvance(button.text()) <= 82);
+    }
+
+    void aHeadingShowsItsTitle()
+    {
+        OrloSubTitleWidget heading;
+        heading.SetTitle(QStringLiteral("基本参数"));
+        QCOMPARE(heading.Title(), QStringLiteral("基本参数"));
+        QCOMPARE(heading.findChild<QLabel*>()->text(), QStringLiteral("基本参数"));
+    }
+
+    void aToolWindowIsPlaced_data()
+    {
+        QTest::addColumn<int>("place");
+        QTest::addColumn<QPoint>("expected");
+        QTest::newRow("below its parent") << 0 << QPoint(150, 180);
+        QTest::newRow("beside its parent") << 1 << QPoint(250, 150);
+        QTest::newRow("centred over the window") << 2 << QPoint(200, 175);
+    }
+
+    void aToolWindowIsPlaced()
+    {
+        QFETCH(int, place);
+        QFETCH(QPoint, expected);
+        QWidget window;
+        window.setGeometry(100, 100, 300, 200);
+        QWidget parent(&window);
+        parent.setGeometry(50, 50, 100, 30);
+        QWidget tool(&parent, Qt::Tool | Qt::FramelessWindowHint);
+        tool.resize(100, 50);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        window.move(100, 100);
+        QCOMPARE(OrloUtils::GetWidgetPos(&tool, place), expected + window.mapToGlobal(QPoint()) - QPoint(100, 100));
+        QCOMPARE(OrloUtils::GetWidgetPos(nullptr, place), QPoint());
+    }
+
+    void aToolWindowStaysOnTheScreen()
+    {
+        const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+        QWidget window;
+        window.setGeometry(screen.right() - 60, screen.bottom() - 60, 50, 50);
+        QWidget tool(&window, Qt::Tool | Qt::FramelessWindowHint);
+        tool.resize(200, 150);
+        window.show();
+        for (int place : { 0, 1, 2 })
+            QVERIFY(screen.contains(QRect(OrloUtils::GetWidgetPos(&tool, place), tool.size())));
+    }
+
+    void aPopupOpensAboveWhereTheScreenEnds()
+    {
+        const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+        QWidget field;
+        field.setGeometry(screen.left() + 50, screen.bottom() - 40, 100, 30);
+        field.show();
+        const int top = field.mapToGlobal(QPoint()).y();
+        QCOMPARE(popupPlace(&field, QSize(100, 200)).y(), top - 200);
+        field.move(screen.left() + 50, screen.top() + 50);
+        QCOMPARE(popupPlace(&field, QSize(100, 200)).y(), field.mapToGlobal(QPoint()).y() + 30);
+    }
+
+    void aHintGoesAwayWithItsField()
+    {
+        QLineEdit field;
+        FieldHint::showAt(&field, QStringLiteral("看不见"));
+        QCOMPARE(hintAt(&field), QString());
+        field.show();
+        FieldHint::showAt(&field, QStringLiteral("第一"));
+        FieldHint::showAt(&field, QStringLiteral("第二"));
+        QCOMPARE(hintAt(&field), QStringLiteral("第二"));
+        QCOMPARE(field.findChildren<FieldHint*>().size(), 1);
+        field.hide();
+        QCOMPARE(hintAt(&field), QString());
+    }
+
+    void thereAreTwoSkins()
+    {
+        QCOMPARE(skinNames(), (QStringList{ QStringLiteral("light"), QStringLiteral("dark") }));
+        QVERIFY(skinSheet(QStringLiteral("light")) != skinSheet(QStringLiteral("dark")));
+    }
+
+    void everyRuleOfASkinIsReadable_data()
+    {
+        QTest::addColumn<QString>("skin");
+        QTest::newRow("light") << QStringLiteral("light");
+        QTest::newRow("dark") << QStringLiteral("dark");
+    }
+
+    void everyRuleOfASkinIsReadable()
+    {
+        QFETCH(QString, skin);
+        const QRegularExpression rule(QStringLiteral("([^{}]+)\\{([^{}]*)\\}"));
+        const QRegularExpression text(QStringLiteral("(?:^|[;{\\s])color:\\s*(#[0-9a-f]{6})"));
+        const QRegularExpression ground(QStringLiteral("background-color:\\s*(#[0-9a-f]{6})"));
+        int compared = 0;
+        auto rules = rule.globalMatch(skinSheet(skin));
+        while (rules.hasNext()) {
+            const QRegularExpressionMatch match = rules.next();
+            const QRegularExpressionMatch front = text.match(match.captured(2));
+            const QRegularExpressionMatch back = ground.match(match.captured(2));
+            if (!front.hasMatch() || !back.hasMatch())
+                continue;
+            ++compared;
+            QVERIFY2(contrast(QColor(front.captured(1)), QColor(back.captured(1))) >= 4.5,
+                qPrintable(match.captured(1).trimmed()));
+        }
+        QVERIFY(compared >= 10);
+    }
+
+    void anUnknownSkinIsEmptyAndLogged()
+    {
+        m_log->expectWarning(QStringLiteral("skinSheet"));
+        QCOMPARE(skinSheet(QStringLiteral("../light")), QString());
+    }
 
 private:
     LogCatcher* m_log = nullptr;
 };
-
-void SmallWidgetsTest::init()
-{
-    m_log = new LogCatcher;
-}
-
-void SmallWidgetsTest::cleanup()
-{
-    QCOMPARE(m_log->trouble(), QStringList());
-    delete m_log;
-}
-
-void SmallWidgetsTest::anElidedLabelShowsTheWholeTextAsToolTip()
-{
-    OrloElidedLabel label;
-    const QString text = QStringLiteral("一家名字很长的股份有限公司");
-    label.setText(text);
-    label.resize(60, 20);
-    label.grab();
-    QCOMPARE(label.text(), text);
-    QCOMPARE(label.toolTip(), text);
-    label.resize(600, 20);
-    label.grab();
-    QCOMPARE(label.toolTip(), QString());
-}
-
-void SmallWidgetsTest::anElidedLabelMayBeNarrow()
-{
-    OrloElidedLabel label;
-    label.setText(QString(100, QLatin1Char('W')));
-    QVERIFY(label.minimumSizeHint().width() < 40);
-    QVERIFY(label.sizeHint().width() > 400);
-}
-
-void SmallWidgetsTest::labelsShowPlainText()
-{
-    QCOMPARE(OrloHintLabel().textFormat(), Qt::PlainText);
-    QCOMPARE(OrloElidedLabel().textFormat(), Qt::PlainText);
-}
-
-void SmallWidgetsTest::aButtonIsPolishedAnewWhenItsStyleChanges()
-{
-    QWidget window;
-    window.setStyleSheet(QStringLiteral("OrloPushButton { color: #000001; }"
-                                        "OrloPushButton[styleType=\"highlight\"] { color: #000002; }"));
-    OrloPushButton button(&window);
-    window.show();
-    QCOMPARE(button.styleType(), OrloPushButton::BtnStyleType::Normal);
-    QCOMPARE(button.palette().color(QPalette::ButtonText), QColor(0, 0, 1));
-    button.setStyleType(OrloPushButton::BtnStyleType::Highlight);
-    QCOMPARE(button.palette().color(QPalette::ButtonText), QColor(0, 0, 2));
-    button.setStyleType(QStringLiteral("no such style"));
-    QCOMPARE(button.palette().color(QPalette::ButtonText), QColor(0, 0, 1));
-}
-
-void SmallWidgetsTest::aTextButtonShrinksItsTextToItsWidth()
-{
-    QWidget window;
-    QFont large = window.font();
-    large.setPixelSize(24);
-    window.setFont(large);
-    OrloPushButton button(&window);
-    button.setText(QStringLiteral("算法参数设置"));
-    button.setStyleType(OrloPushButton::BtnStyleType::Text);
-    button.setFixedWidth(82);
-    window.show();
-    QVERIFY(button.fontMetrics().horizontalAdvance(button.text()) <= 82);
-}
-
-void SmallWidgetsTest::aHeadingShowsItsTitle()
-{
-    OrloSubTitleWidget heading;
-    heading.SetTitle(QStringLiteral("基本参数"));
-    QCOMPARE(heading.Title(), QStringLiteral("基本参数"));
-    QCOMPARE(heading.findChild<QLabel*>()->text(), QStringLiteral("基本参数"));
-}
-
-void SmallWidgetsTest::aToolWindowIsPlaced_data()
-{
-    QTest::addColumn<int>("place");
-    QTest::addColumn<QPoint>("expected");
-    QTest::newRow("below its parent") << 0 << QPoint(150, 180);
-    QTest::newRow("beside its parent") << 1 << QPoint(250, 150);
-    QTest::newRow("centred over the window") << 2 << QPoint(200, 175);
-}
-
-void SmallWidgetsTest::aToolWindowIsPlaced()
-{
-    QFETCH(int, place);
-    QFETCH(QPoint, expected);
-    QWidget window;
-    window.setGeometry(100, 100, 300, 200);
-    QWidget parent(&window);
-    parent.setGeometry(50, 50, 100, 30);
-    QWidget tool(&parent, Qt::Tool | Qt::FramelessWindowHint);
-    tool.resize(100, 50);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    window.move(100, 100);
-    QCOMPARE(OrloUtils::GetWidgetPos(&tool, place), expected + window.mapToGlobal(QPoint()) - QPoint(100, 100));
-    QCOMPARE(OrloUtils::GetWidgetPos(nullptr, place), QPoint());
-}
-
-void SmallWidgetsTest::aToolWindowStaysOnTheScreen()
-{
-    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    QWidget window;
-    window.setGeometry(screen.right() - 60, screen.bottom() - 60, 50, 50);
-    QWidget tool(&window, Qt::Tool | Qt::FramelessWindowHint);
-    tool.resize(200, 150);
-    window.show();
-    for (int place : { 0, 1, 2 })
-        QVERIFY(screen.contains(QRect(OrloUtils::GetWidgetPos(&tool, place), tool.size())));
-}
-
-void SmallWidgetsTest::aPopupOpensAboveWhereTheScreenEnds()
-{
-    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    QWidget field;
-    field.setGeometry(screen.left() + 50, screen.bottom() - 40, 100, 30);
-    field.show();
-    const int top = field.mapToGlobal(QPoint()).y();
-    QCOMPARE(popupPlace(&field, QSize(100, 200)).y(), top - 200);
-    field.move(screen.left() + 50, screen.top() + 50);
-    QCOMPARE(popupPlace(&field, QSize(100, 200)).y(), field.mapToGlobal(QPoint()).y() + 30);
-}
-
-void SmallWidgetsTest::aHintGoesAwayWithItsField()
-{
-    QLineEdit field;
-    FieldHint::showAt(&field, QStringLiteral("看不见"));
-    QCOMPARE(hintAt(&field), QString());
-    field.show();
-    FieldHint::showAt(&field, QStringLiteral("第一"));
-    FieldHint::showAt(&field, QStringLiteral("第二"));
-    QCOMPARE(hintAt(&field), QStringLiteral("第二"));
-    QCOMPARE(field.findChildren<FieldHint*>().size(), 1);
-    field.hide();
-    QCOMPARE(hintAt(&field), QString());
-}
-
-void SmallWidgetsTest::thereAreTwoSkins()
-{
-    QCOMPARE(skinNames(), (QStringList{ QStringLiteral("light"), QStringLiteral("dark") }));
-    QVERIFY(skinSheet(QStringLiteral("light")) != skinSheet(QStringLiteral("dark")));
-}
-
-void SmallWidgetsTest::everyRuleOfASkinIsReadable_data()
-{
-    QTest::addColumn<QString>("skin");
-    QTest::newRow("light") << QStringLiteral("light");
-    QTest::newRow("dark") << QStringLiteral("dark");
-}
-
-void SmallWidgetsTest::everyRuleOfASkinIsReadable()
-{
-    QFETCH(QString, skin);
-    const QRegularExpression rule(QStringLiteral("([^{}]+)\\{([^{}]*)\\}"));
-    const QRegularExpression text(QStringLiteral("(?:^|[;{\\s])color:\\s*(#[0-9a-f]{6})"));
-    const QRegularExpression ground(QStringLiteral("background-color:\\s*(#[0-9a-f]{6})"));
-    int compared = 0;
-    auto rules = rule.globalMatch(skinSheet(skin));
-    while (rules.hasNext()) {
-        const QRegularExpressionMatch match = rules.next();
-        const QRegularExpressionMatch front = text.match(match.captured(2));
-        const QRegularExpressionMatch back = ground.match(match.captured(2));
-        if (!front.hasMatch() || !back.hasMatch())
-            continue;
-        ++compared;
-        QVERIFY2(contrast(QColor(front.captured(1)), QColor(back.captured(1))) >= 4.5,
-            qPrintable(match.captured(1).trimmed()));
-    }
-    QVERIFY(compared >= 10);
-}
-
-void SmallWidgetsTest::anUnknownSkinIsEmptyAndLogged()
-{
-    m_log->expectWarning(QStringLiteral("skinSheet"));
-    QCOMPARE(skinSheet(QStringLiteral("../light")), QString());
-}
 
 QTEST_MAIN(SmallWidgetsTest)
 #include "tst_small_widgets.moc"

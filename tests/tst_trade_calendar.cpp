@@ -53,167 +53,155 @@ private:
 
 } // namespace
 
-class tst_trade_calendar : public QObject {
+class TradeCalendarTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void aDayIsWhatTheMarketMadeOfIt_data();
-    void aDayIsWhatTheMarketMadeOfIt();
-    void theMainlandExchangesShareTheirDays();
-    void noWeekendEverTrades();
-    void tradeDaysReachThroughTheLastKnownYear();
-    void tradeDaysBeginWithTheDayItselfWhenItTrades();
-    void pastTheLastYearThereIsOnlyAReason();
-    void anUnknownExchangeHasNoCalendar();
-    void provisionalYearsAreSaidOncePerExchange();
-    void aBrokenTableIsRefusedAndTheOldOneKept_data();
-    void aBrokenTableIsRefusedAndTheOldOneKept();
-    void withoutHongKongClosuresConnectIsUnknown();
+    void aDayIsWhatTheMarketMadeOfIt_data()
+    {
+        QTest::addColumn<QString>("exchange");
+        QTest::addColumn<QDate>("date");
+        QTest::addColumn<Day>("day");
+        const QString sh = shanghai();
+        const QString hk = hongKongConnect();
+        QTest::newRow("an ordinary Monday") << sh << QDate(2024, 5, 6) << Day::Trades;
+        QTest::newRow("the exchanges' own closure before the spring festival")
+            << sh << QDate(2024, 2, 9) << Day::Closed;
+        QTest::newRow("the day before it") << sh << QDate(2024, 2, 8) << Day::Trades;
+        QTest::newRow("National Day 2026") << sh << QDate(2026, 10, 1) << Day::Closed;
+        QTest::newRow("the middle of the National Day week") << sh << QDate(2026, 10, 6) << Day::Closed;
+        QTest::newRow("its last day") << sh << QDate(2026, 10, 7) << Day::Closed;
+        QTest::newRow("the day after it") << sh << QDate(2026, 10, 8) << Day::Trades;
+        QTest::newRow("a make-up working Saturday") << sh << QDate(2026, 10, 10) << Day::Closed;
+        QTest::newRow("a make-up working Sunday") << sh << QDate(2026, 9, 20) << Day::Closed;
+        QTest::newRow("a provisional closure") << sh << QDate(2027, 10, 1) << Day::Closed;
+        QTest::newRow("the last known day") << sh << QDate(2027, 12, 31) << Day::Trades;
+        QTest::newRow("a weekday of an unknown year") << sh << QDate(2028, 1, 3) << Day::Unknown;
+        QTest::newRow("a weekend of an unknown year") << sh << QDate(2028, 1, 1) << Day::Closed;
+        QTest::newRow("before the first known year") << sh << QDate(2017, 12, 29) << Day::Unknown;
+        QTest::newRow("no date") << sh << QDate() << Day::Unknown;
+        QTest::newRow("a Hong Kong holiday on the mainland") << sh << QDate(2026, 12, 25) << Day::Trades;
+        QTest::newRow("a Hong Kong holiday for connect") << hk << QDate(2026, 12, 25) << Day::Closed;
+        QTest::newRow("a mainland holiday for connect") << hk << QDate(2024, 2, 9) << Day::Closed;
+        QTest::newRow("both markets open") << hk << QDate(2024, 5, 6) << Day::Trades;
+        QTest::newRow("connect in an unknown year") << hk << QDate(2028, 1, 3) << Day::Unknown;
+    }
+
+    void aDayIsWhatTheMarketMadeOfIt()
+    {
+        QFETCH(QString, exchange);
+        QFETCH(QDate, date);
+        QFETCH(Day, day);
+        QCOMPARE(TradeCalendar::builtIn().day(exchange, date), day);
+    }
+
+    void theMainlandExchangesShareTheirDays()
+    {
+        const TradeCalendar& calendar = TradeCalendar::builtIn();
+        QString error;
+        const QDate from(2024, 1, 1);
+        const QList<QDate> days = calendar.tradeDays(shanghai(), from, error);
+        QVERIFY(days.size() > 900);
+        QCOMPARE(calendar.tradeDays(Kelvo_Values::Exchange::sz, from, error), days);
+        QCOMPARE(calendar.tradeDays(Orlo_Values::Exchange::bj, from, error), days);
+        QVERIFY(calendar.tradeDays(hongKongConnect(), from, error).size() < days.size());
+        QCOMPARE(error, QString());
+    }
+
+    void noWeekendEverTrades()
+    {
+        QString error;
+        const QList<QDate> days = TradeCalendar::builtIn().tradeDays(shanghai(), QDate(2018, 1, 1), error);
+        QVERIFY(!days.isEmpty());
+        for (const QDate& day : days)
+            QVERIFY2(day.dayOfWeek() <= 5, qPrintable(day.toString(Qt::ISODate)));
+    }
+
+    void tradeDaysReachThroughTheLastKnownYear()
+    {
+        QString error;
+        const QList<QDate> days = TradeCalendar::builtIn().tradeDays(shanghai(), QDate(2024, 1, 1), error);
+        QCOMPARE(days.constFirst(), QDate(2024, 1, 2));
+        QCOMPARE(days.constLast(), QDate(2027, 12, 31));
+        const auto in2024 = [](const QDate& day) { return day.year() == 2024; };
+        QCOMPARE(int(std::count_if(days.cbegin(), days.cend(), in2024)), 242);
+        QCOMPARE(TradeCalendar::builtIn().lastKnownDay(shanghai()), QDate(2027, 12, 31));
+    }
+
+    void tradeDaysBeginWithTheDayItselfWhenItTrades()
+    {
+        QString error;
+        const TradeCalendar& calendar = TradeCalendar::builtIn();
+        QCOMPARE(calendar.tradeDays(shanghai(), QDate(2024, 5, 6), error).constFirst(), QDate(2024, 5, 6));
+        QCOMPARE(calendar.tradeDays(shanghai(), QDate(2024, 5, 4), error).constFirst(), QDate(2024, 5, 6));
+    }
+
+    void pastTheLastYearThereIsOnlyAReason()
+    {
+        QString error;
+        QCOMPARE(TradeCalendar::builtIn().tradeDays(shanghai(), QDate(2028, 3, 1), error).size(), 0);
+        QCOMPARE(error, QStringLiteral("交易日历只到2027-12-31为止，无法确定2028-03-01之后的交易日"));
+    }
+
+    void anUnknownExchangeHasNoCalendar()
+    {
+        QString error;
+        const TradeCalendar& calendar = TradeCalendar::builtIn();
+        QCOMPARE(calendar.tradeDays(QStringLiteral("XNYS"), QDate(2024, 5, 6), error).size(), 0);
+        QCOMPARE(error, QStringLiteral("没有市场“XNYS”的交易日历"));
+        QCOMPARE(calendar.day(QStringLiteral("XNYS"), QDate(2024, 5, 6)), Day::Unknown);
+        QCOMPARE(calendar.lastKnownDay(QStringLiteral("XNYS")), QDate());
+    }
+
+    void provisionalYearsAreSaidOncePerExchange()
+    {
+        TradeCalendar calendar;
+        QCOMPARE(calendar.load(headings + "mainland,2026-01-01,元旦,announced\nmainland,2027-01-01,元旦,provisional\n"),
+            QString());
+        const LogCounter log;
+        QString error;
+        for (int i = 0; i < 3; ++i)
+            calendar.tradeDays(shanghai(), QDate(2026, 6, 1), error);
+        QCOMPARE(LogCounter::containing(QStringLiteral("2027 年休市安排尚未公布")), 1);
+        QCOMPARE(LogCounter::containing(QStringLiteral("2027-12-31 之后的交易日未知")), 1);
+        QCOMPARE(LogCounter::count(), 2);
+    }
+
+    void aBrokenTableIsRefusedAndTheOldOneKept_data()
+    {
+        QTest::addColumn<QByteArray>("csv");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("nothing") << QByteArray() << QStringLiteral("休市表第1行不是表头“market,date,holiday,status”");
+        QTest::newRow("a column missing")
+            << headings + "mainland,2026-01-01,announced" << QStringLiteral("休市表第2行应有4列，实有3列");
+        QTest::newRow("an unknown market")
+            << headings + "mars,2026-01-01,x,announced" << QStringLiteral("休市表第2行市场“mars”未知");
+        QTest::newRow("no such day") << headings + "\nmainland,2026-02-30,x,announced"
+                                     << QStringLiteral("休市表第3行日期“2026-02-30”无效");
+        QTest::newRow("an unknown status")
+            << headings + "mainland,2026-01-01,x,guessed" << QStringLiteral("休市表第2行状态“guessed”未知");
+    }
+
+    void aBrokenTableIsRefusedAndTheOldOneKept()
+    {
+        QFETCH(QByteArray, csv);
+        QFETCH(QString, reason);
+        TradeCalendar calendar;
+        QCOMPARE(calendar.load(headings + "mainland,2026-01-01,元旦,announced\r\n"), QString());
+        QCOMPARE(calendar.load(csv), reason);
+        QCOMPARE(calendar.day(shanghai(), QDate(2026, 1, 1)), Day::Closed);
+        QCOMPARE(calendar.day(shanghai(), QDate(2026, 1, 2)), Day::Trades);
+    }
+
+    void withoutHongKongClosuresConnectIsUnknown()
+    {
+        TradeCalendar calendar;
+        QCOMPARE(calendar.load(headings + "mainland,2026-01-01,元旦,announced\n"), QString());
+        QString error;
+        QCOMPARE(calendar.tradeDays(hongKongConnect(), QDate(2026, 1, 5), error).size(), 0);
+        QVERIFY(!error.isEmpty());
+    }
 };
 
-void tst_trade_calendar::aDayIsWhatTheMarketMadeOfIt_data()
-{
-    QTest::addColumn<QString>("exchange");
-    QTest::addColumn<QDate>("date");
-    QTest::addColumn<Day>("day");
-    const QString sh = shanghai();
-    const QString hk = hongKongConnect();
-    QTest::newRow("an ordinary Monday") << sh << QDate(2024, 5, 6) << Day::Trades;
-    QTest::newRow("the exchanges' own closure before the spring festival") << sh << QDate(2024, 2, 9) << Day::Closed;
-    QTest::newRow("the day before it") << sh << QDate(2024, 2, 8) << Day::Trades;
-    QTest::newRow("National Day 2026") << sh << QDate(2026, 10, 1) << Day::Closed;
-    QTest::newRow("the middle of the National Day week") << sh << QDate(2026, 10, 6) << Day::Closed;
-    QTest::newRow("its last day") << sh << QDate(2026, 10, 7) << Day::Closed;
-    QTest::newRow("the day after it") << sh << QDate(2026, 10, 8) << Day::Trades;
-    QTest::newRow("a make-up working Saturday") << sh << QDate(2026, 10, 10) << Day::Closed;
-    QTest::newRow("a make-up working Sunday") << sh << QDate(2026, 9, 20) << Day::Closed;
-    QTest::newRow("a provisional closure") << sh << QDate(2027, 10, 1) << Day::Closed;
-    QTest::newRow("the last known day") << sh << QDate(2027, 12, 31) << Day::Trades;
-    QTest::newRow("a weekday of an unknown year") << sh << QDate(2028, 1, 3) << Day::Unknown;
-    QTest::newRow("a weekend of an unknown year") << sh << QDate(2028, 1, 1) << Day::Closed;
-    QTest::newRow("before the first known year") << sh << QDate(2017, 12, 29) << Day::Unknown;
-    QTest::newRow("no date") << sh << QDate() << Day::Unknown;
-    QTest::newRow("a Hong Kong holiday on the mainland") << sh << QDate(2026, 12, 25) << Day::Trades;
-    QTest::newRow("a Hong Kong holiday for connect") << hk << QDate(2026, 12, 25) << Day::Closed;
-    QTest::newRow("a mainland holiday for connect") << hk << QDate(2024, 2, 9) << Day::Closed;
-    QTest::newRow("both markets open") << hk << QDate(2024, 5, 6) << Day::Trades;
-    QTest::newRow("connect in an unknown year") << hk << QDate(2028, 1, 3) << Day::Unknown;
-}
-
-void tst_trade_calendar::aDayIsWhatTheMarketMadeOfIt()
-{
-    QFETCH(QString, exchange);
-    QFETCH(QDate, date);
-    QFETCH(Day, day);
-    QCOMPARE(TradeCalendar::builtIn().day(exchange, date), day);
-}
-
-void tst_trade_calendar::theMainlandExchangesShareTheirDays()
-{
-    const TradeCalendar& calendar = TradeCalendar::builtIn();
-    QString error;
-    const QDate from(2024, 1, 1);
-    const QList<QDate> days = calendar.tradeDays(shanghai(), from, error);
-    QVERIFY(days.size() > 900);
-    QCOMPARE(calendar.tradeDays(Kelvo_Values::Exchange::sz, from, error), days);
-    QCOMPARE(calendar.tradeDays(Orlo_Values::Exchange::bj, from, error), days);
-    QVERIFY(calendar.tradeDays(hongKongConnect(), from, error).size() < days.size());
-    QCOMPARE(error, QString());
-}
-
-void tst_trade_calendar::noWeekendEverTrades()
-{
-    QString error;
-    const QList<QDate> days = TradeCalendar::builtIn().tradeDays(shanghai(), QDate(2018, 1, 1), error);
-    QVERIFY(!days.isEmpty());
-    for (const QDate& day : days)
-        QVERIFY2(day.dayOfWeek() <= 5, qPrintable(day.toString(Qt::ISODate)));
-}
-
-void tst_trade_calendar::tradeDaysReachThroughTheLastKnownYear()
-{
-    QString error;
-    const QList<QDate> days = TradeCalendar::builtIn().tradeDays(shanghai(), QDate(2024, 1, 1), error);
-    QCOMPARE(days.constFirst(), QDate(2024, 1, 2));
-    QCOMPARE(days.constLast(), QDate(2027, 12, 31));
-    const auto in2024 = [](const QDate& day) { return day.year() == 2024; };
-    QCOMPARE(int(std::count_if(days.cbegin(), days.cend(), in2024)), 242);
-    QCOMPARE(TradeCalendar::builtIn().lastKnownDay(shanghai()), QDate(2027, 12, 31));
-}
-
-void tst_trade_calendar::tradeDaysBeginWithTheDayItselfWhenItTrades()
-{
-    QString error;
-    const TradeCalendar& calendar = TradeCalendar::builtIn();
-    QCOMPARE(calendar.tradeDays(shanghai(), QDate(2024, 5, 6), error).constFirst(), QDate(2024, 5, 6));
-    QCOMPARE(calendar.tradeDays(shanghai(), QDate(2024, 5, 4), error).constFirst(), QDate(2024, 5, 6));
-}
-
-void tst_trade_calendar::pastTheLastYearThereIsOnlyAReason()
-{
-    QString error;
-    QCOMPARE(TradeCalendar::builtIn().tradeDays(shanghai(), QDate(2028, 3, 1), error).size(), 0);
-    QCOMPARE(error, QStringLiteral("交易日历只到2027-12-31为止，无法确定2028-03-01之后的交易日"));
-}
-
-void tst_trade_calendar::anUnknownExchangeHasNoCalendar()
-{
-    QString error;
-    const TradeCalendar& calendar = TradeCalendar::builtIn();
-    QCOMPARE(calendar.tradeDays(QStringLiteral("XNYS"), QDate(2024, 5, 6), error).size(), 0);
-    QCOMPARE(error, QStringLiteral("没有市场“XNYS”的交易日历"));
-    QCOMPARE(calendar.day(QStringLiteral("XNYS"), QDate(2024, 5, 6)), Day::Unknown);
-    QCOMPARE(calendar.lastKnownDay(QStringLiteral("XNYS")), QDate());
-}
-
-void tst_trade_calendar::provisionalYearsAreSaidOncePerExchange()
-{
-    TradeCalendar calendar;
-    QCOMPARE(calendar.load(headings + "mainland,2026-01-01,元旦,announced\nmainland,2027-01-01,元旦,provisional\n"),
-        QString());
-    const LogCounter log;
-    QString error;
-    for (int i = 0; i < 3; ++i)
-        calendar.tradeDays(shanghai(), QDate(2026, 6, 1), error);
-    QCOMPARE(LogCounter::containing(QStringLiteral("2027 年休市安排尚未公布")), 1);
-    QCOMPARE(LogCounter::containing(QStringLiteral("2027-12-31 之后的交易日未知")), 1);
-    QCOMPARE(LogCounter::count(), 2);
-}
-
-void tst_trade_calendar::aBrokenTableIsRefusedAndTheOldOneKept_data()
-{
-    QTest::addColumn<QByteArray>("csv");
-    QTest::addColumn<QString>("reason");
-    QTest::newRow("nothing") << QByteArray() << QStringLiteral("休市表第1行不是表头“market,date,holiday,status”");
-    QTest::newRow("a column missing") << headings + "mainland,2026-01-01,announced"
-                                      << QStringLiteral("休市表第2行应有4列，实有3列");
-    QTest::newRow("an unknown market") << headings + "mars,2026-01-01,x,announced"
-                                       << QStringLiteral("休市表第2行市场“mars”未知");
-    QTest::newRow("no such day") << headings + "\nmainland,2026-02-30,x,announced"
-                                 << QStringLiteral("休市表第3行日期“2026-02-30”无效");
-    QTest::newRow("an unknown status") << headings + "mainland,2026-01-01,x,guessed"
-                                       << QStringLiteral("休市表第2行状态“guessed”未知");
-}
-
-void tst_trade_calendar::aBrokenTableIsRefusedAndTheOldOneKept()
-{
-    QFETCH(QByteArray, csv);
-    QFETCH(QString, reason);
-    TradeCalendar calendar;
-    QCOMPARE(calendar.load(headings + "mainland,2026-01-01,元旦,announced\r\n"), QString());
-    QCOMPARE(calendar.load(csv), reason);
-    QCOMPARE(calendar.day(shanghai(), QDate(2026, 1, 1)), Day::Closed);
-    QCOMPARE(calendar.day(shanghai(), QDate(2026, 1, 2)), Day::Trades);
-}
-
-void tst_trade_calendar::withoutHongKongClosuresConnectIsUnknown()
-{
-    TradeCalendar calendar;
-    QCOMPARE(calendar.load(headings + "mainland,2026-01-01,元旦,announced\n"), QString());
-    QString error;
-    QCOMPARE(calendar.tradeDays(hongKongConnect(), QDate(2026, 1, 5), error).size(), 0);
-    QVERIFY(!error.isEmpty());
-}
-
-QTEST_GUILESS_MAIN(tst_trade_calendar)
+QTEST_GUILESS_MAIN(TradeCalendarTest)
 #include "tst_trade_calendar.moc"
