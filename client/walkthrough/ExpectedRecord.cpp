@@ -93,14 +93,14 @@ QStringList ExpectedRecord::differences(const QMap<QString, QString>& stored) co
     return found;
 }
 
-bool ExpectedRecord::reduces() const
+PlanStore::Record ExpectedRecord::record() const
 {
-    return m_form.planType == PlanType::ReduceHoldings;
-}
-
-bool ExpectedRecord::byAmount() const
-{
-    return m_form.targetType == InstructionTargetType::AmountOrder;
+    PlanStore::Record record;
+    for (auto field = m_fields.cbegin(); field != m_fields.cend(); ++field)
+        record.insert(field.key(), *field);
+    const QJsonDocument other(QJsonObject::fromVariantMap(m_other));
+    record.insert(Base::planOtherParam, QString::fromUtf8(other.toJson(QJsonDocument::Compact)));
+    return record;
 }
 
 QString ExpectedRecord::wholeNumber(const QString& typed) const
@@ -138,9 +138,9 @@ void ExpectedRecord::addPrices()
 void ExpectedRecord::addPersonAndDates(const ShownDates& dates)
 {
     if (!m_form.assignee.isEmpty())
-        m_fields.insert(reduces() ? Base::executeUser : Base::expectedUser, m_form.assignee);
+        m_fields.insert(m_form.isReduction() ? Base::executeUser : Base::expectedUser, m_form.assignee);
     m_fields.insert(Base::beginDate, dates.begin);
-    m_fields.insert(Base::endDate, reduces() ? lateEnd(dates.begin) : dates.end);
+    m_fields.insert(Base::endDate, m_form.isReduction() ? lateEnd(dates.begin) : dates.end);
     if (!m_form.remark.isEmpty())
         m_fields.insert(Base::remark, m_form.remark);
 }
@@ -148,12 +148,12 @@ void ExpectedRecord::addPersonAndDates(const ShownDates& dates)
 void ExpectedRecord::addOther()
 {
     m_other.insert(Base::securitySubType, m_security.subType);
-    if (byAmount()) {
+    if (m_form.isByAmount()) {
         m_other.insert(FieldId::TargetType, m_form.targetType);
         m_other.insert(Base::tradeAmount, amountText(m_form.target));
         m_other.insert(Base::dayMaxTradeAmount, amountText(m_form.perDay));
     }
-    if (reduces()) {
+    if (m_form.isReduction()) {
         m_other.insert(Base::JCRatio, m_form.ratio);
         m_other.insert(Base::JCModel, QStringLiteral("1"));
     } else {

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "DatabaseProbe.h"
-#include "FormDriver.h"
+#include "PlanForm.h"
+#include "PlanStore.h"
 
 #include <QMap>
 #include <QStringList>
@@ -18,12 +19,13 @@ public:
     /// Every key of the other-parameter map.
     const QMap<QString, QVariant>& other() const { return m_other; }
 
+    /// All of it, as it is sent to the plan service.
+    PlanStore::Record record() const;
+
     /// Where a stored record is not as expected, one sentence for each key; keys too many and too few included.
     QStringList differences(const QMap<QString, QString>& stored) const;
 
 private:
-    bool reduces() const;
-    bool byAmount() const;
     QString wholeNumber(const QString& typed) const;
     void addIdentity(const QString& userId, DatabaseProbe& facts);
     void addPrices();

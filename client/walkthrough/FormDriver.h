@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QMap>
-#include <QString>
+#include "PlanForm.h"
+
 #include <QStringList>
 #include <QWidget>
 
@@ -9,38 +9,6 @@
 
 class QComboBox;
 class QLineEdit;
-
-/// What a trader fills in. Codes are those of the boxes' items, everything else is text as it is typed; an empty text
-/// leaves a field as the form offers it.
-struct PlanForm {
-    QString account; ///< trading account
-    QString instructionType;
-    QString targetType;
-    QString planType;
-    QString symbol;
-    QString side;
-    QString priceType;
-    QString entrustType;
-    QString priceMode;
-    QString price1;
-    QString price2;
-    QString target; ///< displayed units or yuan
-    QString perDay; ///< displayed units or yuan
-    QString ratio;
-    QString instructionMode;
-    QString strategy;                  ///< name of an algorithm
-    QMap<QString, QString> parameters; ///< parameter of the algorithm to what is typed; the others keep their defaults
-    QString assignee;                  ///< as displayed
-    int beginSteps = 0;                ///< trading days from the begin that the form offers
-    int endSteps = 0;                  ///< trading days from the end that the form then shows
-    QString remark;
-};
-
-/// The dates that the form showed when it was sent.
-struct ShownDates {
-    QString begin;
-    QString end; ///< empty for a plan with a single date
-};
 
 /// Gives a window the keyboard; false when it does not get it.
 bool takeKeyboard(QWidget* window);

@@ -2,7 +2,6 @@
 #include "WalkThrough.h"
 
 #include "AutoParamSetting.h"
-#include "AutoPlanField.h"
 #include "ClientClock.h"
 #include "ClientSession.h"
 #include "EditorDialog.h"
@@ -15,11 +14,8 @@
 #include "Orlo_Values.h"
 #include "PlanCodes.h"
 
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QLocale>
 
-namespace Base = AutoPlanField::BaseField;
 namespace SubType = Kelvo_Values::MdcSubSecurityType;
 using namespace PlanCodes;
 
@@ -50,32 +46,15 @@ QDate tradeDay(const QString& exchange, int steps)
     return day;
 }
 
-PlanStore::Record storedForm(const ExpectedRecord& expected)
-{
-    PlanStore::Record record;
-    for (auto it = expected.fields().cbegin(); it != expected.fields().cend(); ++it)
-        record.insert(it.key(), *it);
-    const QJsonDocument other(QJsonObject::fromVariantMap(expected.other()));
-    record.insert(Base::planOtherParam, QString::fromUtf8(other.toJson(QJsonDocument::Compact)));
-    return record;
-}
-
 } // namespace
 
 PlanForm WalkThrough::ordinaryForm()
 {
-    PlanForm form;
-    form.account = m_freeAccount;
-    form.instructionType = InstructionType::Ordinary;
-    form.targetType = InstructionTargetType::QtyOrder;
-    form.planType = PlanType::CumulativeQty;
-    form.symbol = m_facts.firstOf(SubType::Ashares, Kelvo_Values::Exchange::sh).symbol;
-    form.side = Kelvo_Values::OrderSide::buy;
-    form.priceMode = PriceModel::Custom;
-    form.price1 = QStringLiteral("max(昨收价*0.99,MA5)");
+    const QString share = m_facts.firstOf(SubType::Ashares, Kelvo_Values::Exchange::sh).symbol;
+    PlanForm form =
+        PlanForm::ordinary(m_freeAccount, share).priced(PriceModel::Custom, QStringLiteral("max(昨收价*0.99,MA5)"));
     form.target = QStringLiteral("120000");
     form.perDay = QStringLiteral("8000");
-    form.instructionMode = InstMode::ActiveManage;
     form.endSteps = 9;
     form.remark = QStringLiteral("分批建仓，每日不超过八千股");
     return form;
@@ -91,16 +70,14 @@ void WalkThrough::createOrdinary()
 void WalkThrough::createBond()
 {
     beginStage(QStringLiteral("bond"), QStringLiteral("债券交易"));
-    PlanForm form = ordinaryForm();
+    PlanForm form =
+        ordinaryForm().priced(PriceModel::CompareMin, QStringLiteral("昨收价*1.01"), QStringLiteral("涨停价"));
     form.instructionType = InstructionType::Bond;
     form.planType = PlanType::AverageQty;
     form.symbol =
         m_facts
             .firstOf(Orlo_Values::MdcSubSecurityType::ConvertableBondTypeList.constFirst(), Kelvo_Values::Exchange::sh)
             .symbol;
-    form.priceMode = PriceModel::CompareMin;
-    form.price1 = QStringLiteral("昨收价*1.01");
-    form.price2 = QStringLiteral("涨停价");
     form.target = QStringLiteral("5000");
     form.perDay = QStringLiteral("500");
     form.beginSteps = 2;
@@ -130,18 +107,14 @@ void WalkThrough::createHongKong()
 void WalkThrough::createReduction()
 {
     beginStage(QStringLiteral("reduction"), QStringLiteral("减持"));
-    PlanForm form = ordinaryForm();
-    form.planType = PlanType::ReduceHoldings;
+    const AccountDirectory& accounts = ClientSession::instance().accounts();
+    const QString chain = accounts.chainKey(m_freeAccount, InstructionType::Ordinary);
+    PlanForm form = ordinaryForm()
+                        .priced(PriceModel::Custom, QStringLiteral("昨收价"))
+                        .reducing(QStringLiteral("0.15"), accounts.executors(chain).value(1));
     form.symbol = m_facts.held(m_freeAccount, Kelvo_Values::Exchange::sh, SubType::Ashares, true).symbol;
-    form.side = Kelvo_Values::OrderSide::sell;
-    form.price1 = QStringLiteral("昨收价");
     form.target = QStringLiteral("100000");
-    form.perDay.clear();
-    form.ratio = QStringLiteral("0.15");
     form.beginSteps = 1;
-    form.endSteps = 0;
-    const QString chain = ClientSession::instance().accounts().chainKey(form.account, form.instructionType);
-    form.assignee = ClientSession::instance().accounts().executors(chain).value(1);
     form.remark.clear();
     createPlan(form);
 }
@@ -149,14 +122,12 @@ void WalkThrough::createReduction()
 void WalkThrough::createWithAlgorithm()
 {
     beginStage(QStringLiteral("algorithm"), QStringLiteral("算法交易复核"));
-    PlanForm form = ordinaryForm();
+    PlanForm form = ordinaryForm()
+                        .priced(PriceModel::NoLimit, QString())
+                        .byAlgorithm(QStringLiteral("TWAP"),
+                            { { QStringLiteral("StartTime"), QStringLiteral("10:00:00") },
+                                { QStringLiteral("SliceInterval"), QStringLiteral("120") } });
     form.account = m_reviewedAccount;
-    form.priceMode = PriceModel::NoLimit;
-    form.price1.clear();
-    form.instructionMode = InstMode::AlgoReview;
-    form.strategy = QStringLiteral("TWAP");
-    form.parameters = { { QStringLiteral("StartTime"), QStringLiteral("10:00:00") },
-        { QStringLiteral("SliceInterval"), QStringLiteral("120") } };
     form.remark = QStringLiteral("按时间均匀买入");
     createPlan(form);
 }
@@ -164,13 +135,10 @@ void WalkThrough::createWithAlgorithm()
 void WalkThrough::createByAmount()
 {
     beginStage(QStringLiteral("amount"), QStringLiteral("按金额"));
-    PlanForm form = ordinaryForm();
+    PlanForm form = ordinaryForm()
+                        .byAmount(QStringLiteral("1500000.5"), QStringLiteral("100000"))
+                        .byAlgorithm(QStringLiteral("VWAP"));
     form.account = m_reviewedAccount;
-    form.targetType = InstructionTargetType::AmountOrder;
-    form.target = QStringLiteral("1500000.5");
-    form.perDay = QStringLiteral("100000");
-    form.instructionMode = InstMode::AlgoReview;
-    form.strategy = QStringLiteral("VWAP");
     form.remark.clear();
     createPlan(form);
 }
@@ -207,7 +175,7 @@ QString WalkThrough::storeStartedPlan(const PlanForm& form, const ShownDates& da
     ClientSession& session = ClientSession::instance();
     const ExpectedRecord record(form, dates, session.user().id, m_facts);
     const PlanStore::Created plan =
-        session.plans().create(storedForm(record), session.user().id, QDateTime::currentDateTime().addDays(-3));
+        session.plans().create(record.record(), session.user().id, QDateTime::currentDateTime().addDays(-3));
     InstructionStore::Added instruction;
     if (plan.reason.isEmpty())
         instruction = session.instructions().add(plan.id, tradeDay(Kelvo_Values::Exchange::sh, -1),
