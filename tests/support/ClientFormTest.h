@@ -38,7 +38,7 @@ protected:
 
     /// Makes a day the present one, for the editor and for the client.
     static void goTo(const QDate& day);
-    /// A new editor in a window that has the keyboard; replaces the earlier one.
+    /// A new editor in a window of its own; replaces the earlier one.
     void open();
     /// The same for a stored plan: for an edit or for a copy.
     void openPlan(const QString& planId, bool edits);
