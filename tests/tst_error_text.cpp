@@ -171,6 +171,23 @@ void addChoiceRows()
     addRow("起须早于止！", { Error::RuleBroken, { QStringLiteral("起须早于止！") } });
 }
 
+void addInputRows()
+{
+    addRow("请输入数字，不带千分位和其他符号", Error::NumberMalformed);
+    addRow("只能输入整数", Error::NumberNotWhole);
+    addRow("最多输入2位小数", { Error::NumberTooFine, { QStringLiteral("2") } });
+    addRow("数字不完整", Error::NumberIncomplete);
+    addRow("不能小于1", { Error::NumberTooSmall, { QStringLiteral("1") } });
+    addRow("不能大于100", { Error::NumberTooLarge, { QStringLiteral("100") } });
+    addRow("请输入有效日期，格式为yyyy-MM-dd", Error::DateMalformed);
+    addRow("2025-12-01早于最早可选日期2025-12-02",
+        { Error::DateTooEarly, { QStringLiteral("2025-12-01"), QStringLiteral("2025-12-02") } });
+    addRow("2025-12-03晚于最晚可选日期2025-12-02",
+        { Error::DateTooLate, { QStringLiteral("2025-12-03"), QStringLiteral("2025-12-02") } });
+    addRow("2025-12-06不是交易日，不能选择", { Error::DateExcluded, { QStringLiteral("2025-12-06") } });
+    addRow("结束日期不能早于开始日期2025-12-01", { Error::LastBeforeFirst, { QStringLiteral("2025-12-01") } });
+}
+
 } // namespace
 
 class ErrorTextTest : public QObject {
@@ -193,6 +210,7 @@ void ErrorTextTest::everyFailureHasItsSentence_data()
     addStrategyRows();
     addValueRows();
     addChoiceRows();
+    addInputRows();
 }
 
 void ErrorTextTest::everyFailureHasItsSentence()

@@ -128,6 +128,53 @@
     </message>
 </context>
 <context>
+    <name>Error</name>
+    <message>
+        <source>请输入数字，不带千分位和其他符号</source>
+        <translation>Enter a number, without group separators or other signs</translation>
+    </message>
+    <message>
+        <source>只能输入整数</source>
+        <translation>Only whole numbers</translation>
+    </message>
+    <message>
+        <source>最多输入%1位小数</source>
+        <translation>At most %1 decimals</translation>
+    </message>
+    <message>
+        <source>数字不完整</source>
+        <translation>The number is incomplete</translation>
+    </message>
+    <message>
+        <source>不能小于%1</source>
+        <translation>Cannot be less than %1</translation>
+    </message>
+    <message>
+        <source>不能大于%1</source>
+        <translation>Cannot be more than %1</translation>
+    </message>
+    <message>
+        <source>请输入有效日期，格式为yyyy-MM-dd</source>
+        <translation>Enter a valid date as yyyy-MM-dd</translation>
+    </message>
+    <message>
+        <source>%1早于最早可选日期%2</source>
+        <translation>%1 is earlier than the first possible date, %2</translation>
+    </message>
+    <message>
+        <source>%1晚于最晚可选日期%2</source>
+        <translation>%1 is later than the last possible date, %2</translation>
+    </message>
+    <message>
+        <source>%1不是交易日，不能选择</source>
+        <translation>%1 is not a trading day and cannot be chosen</translation>
+    </message>
+    <message>
+        <source>结束日期不能早于开始日期%1</source>
+        <translation>The last date cannot be earlier than the first, %1</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>交易计划 - %1（%2）</source>
@@ -233,10 +280,6 @@
     <message>
         <source>日期</source>
         <translation>Date</translation>
-    </message>
-    <message>
-        <source>结束日期不能早于开始日期%1</source>
-        <translation>The last date cannot be earlier than the first, %1</translation>
     </message>
     <message>
         <source>结束日期已随开始日期改为%1</source>

@@ -1,6 +1,7 @@
 #include "CalendarPopup.h"
 
 #include "DateRules.h"
+#include "ErrorText.h"
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QToolButton>
@@ -19,9 +20,9 @@ QDate firstOfMonth(const QDate& date)
 
 } // namespace
 
-CalendarPopup::CalendarPopup(const Refusal& refusal, const QDate& shown, QWidget* field)
+CalendarPopup::CalendarPopup(const Check& check, const QDate& shown, QWidget* field)
     : QFrame(field, Qt::Popup)
-    , m_refusal(refusal)
+    , m_check(check)
     , m_title(new QLabel(this))
 {
     setObjectName(QStringLiteral("calendarPopup"));
@@ -102,12 +103,12 @@ void CalendarPopup::showMonth(const QDate& day)
 
 void CalendarPopup::showDay(QToolButton* button, const QDate& date)
 {
-    const QString refusal = m_refusal(date);
+    const Status status = m_check(date);
     button->setObjectName(QStringLiteral("day_") + dateText(date));
     button->setAccessibleName(dateText(date));
     button->setText(QString::number(date.day()));
-    button->setEnabled(refusal.isEmpty());
-    button->setToolTip(refusal);
+    button->setEnabled(static_cast<bool>(status));
+    button->setToolTip(errorText(status));
     button->setChecked(date == m_marked);
     button->setVisible(date.month() == m_month.month());
 }
@@ -124,7 +125,7 @@ void CalendarPopup::mark(const QDate& date)
 void CalendarPopup::markMonth(int months)
 {
     const QDate base = (m_marked.isValid() ? m_marked : m_month).addMonths(months);
-    if (m_refusal(base).isEmpty()) {
+    if (m_check(base)) {
         mark(base);
         return;
     }
@@ -137,7 +138,7 @@ QDate CalendarPopup::choosable(const QDate& from, int step) const
     QDate date = from;
     for (int i = 0; i < farthestStep; ++i) {
         date = date.addDays(step);
-        if (m_refusal(date).isEmpty())
+        if (m_check(date))
             return date;
     }
     return {};
@@ -145,7 +146,7 @@ QDate CalendarPopup::choosable(const QDate& from, int step) const
 
 QDate CalendarPopup::nearestChoosable(const QDate& date) const
 {
-    if (m_refusal(date).isEmpty())
+    if (m_check(date))
         return date;
     const QDate later = choosable(date, 1);
     return later.isValid() ? later : choosable(date, -1);
@@ -153,7 +154,7 @@ QDate CalendarPopup::nearestChoosable(const QDate& date) const
 
 void CalendarPopup::choose(const QDate& date)
 {
-    if (!date.isValid() || !m_refusal(date).isEmpty())
+    if (!date.isValid() || !m_check(date))
         return;
     Q_EMIT dateChosen(date);
     close();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Status.h"
+
 #include <QDate>
 #include <QFrame>
 #include <QLabel>
@@ -15,11 +17,11 @@ class CalendarPopup : public QFrame {
     Q_OBJECT
 
 public:
-    /// Says why a date cannot be chosen; empty when it can.
-    using Refusal = std::function<QString(const QDate&)>;
+    /// Whether a date can be chosen.
+    using Check = std::function<Status(const QDate&)>;
 
     /// Shows the month of `shown` with that day marked, or the nearest one that can be chosen.
-    CalendarPopup(const Refusal& refusal, const QDate& shown, QWidget* field);
+    CalendarPopup(const Check& check, const QDate& shown, QWidget* field);
 
 Q_SIGNALS:
     void dateChosen(const QDate& date);
@@ -39,7 +41,7 @@ private:
     QDate nearestChoosable(const QDate& date) const;
     void choose(const QDate& date);
 
-    Refusal m_refusal;
+    Check m_check;
     QLabel* m_title;
     QVector<QToolButton*> m_days;
     QDate m_month;

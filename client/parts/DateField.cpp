@@ -1,6 +1,7 @@
 #include "DateField.h"
 
 #include "DateRules.h"
+#include "ErrorText.h"
 #include "FieldHint.h"
 #include "Popups.h"
 #include <QFocusEvent>
@@ -19,7 +20,7 @@ DateField::DateField(const QString& objectName, const QString& title, QWidget* p
     : QWidget(parent)
     , m_edit(new QLineEdit(this))
     , m_button(new QToolButton(this))
-    , m_refusal([](const QDate& date) { return DateRules().refusal(date); })
+    , m_check([](const QDate& date) { return DateRules().check(date); })
 {
     m_edit->setObjectName(QStringLiteral("le_") + objectName);
     m_edit->setAccessibleName(title);
@@ -43,9 +44,9 @@ DateField::DateField(const QString& objectName, const QString& title, QWidget* p
     connect(m_edit, &QLineEdit::textEdited, this, [this] { FieldHint::hideAt(this); });
 }
 
-void DateField::setRefusal(const CalendarPopup::Refusal& refusal)
+void DateField::setCheck(const CalendarPopup::Check& check)
 {
-    m_refusal = refusal;
+    m_check = check;
 }
 
 void DateField::setDate(const QDate& date)
@@ -64,21 +65,21 @@ void DateField::updateMark()
 {
     m_edit->ensurePolished();
     m_edit->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1String(widestText)) + 4);
-    const QString refusal = m_date.isValid() ? m_refusal(m_date) : QString();
-    m_edit->setToolTip(refusal);
-    if (m_edit->property(refusedProperty).toBool() == !refusal.isEmpty())
+    const Status status = m_date.isValid() ? m_check(m_date) : Status();
+    m_edit->setToolTip(errorText(status));
+    if (m_edit->property(refusedProperty).toBool() == !status)
         return;
-    m_edit->setProperty(refusedProperty, !refusal.isEmpty());
+    m_edit->setProperty(refusedProperty, !status);
     // Without a skin the mark is the colour, with one it is the skin's.
     QPalette colours = palette();
-    if (!refusal.isEmpty())
+    if (!status)
         colours.setColor(QPalette::Text, Qt::darkRed);
     m_edit->setPalette(colours);
     m_edit->style()->unpolish(m_edit);
     m_edit->style()->polish(m_edit);
 }
 
-void DateField::tell(const QString& text)
+void DateField::showHint(const QString& text)
 {
     FieldHint::showAt(this, text);
 }
@@ -87,7 +88,7 @@ void DateField::openCalendar()
 {
     if (!m_edit->isEnabled() || m_calendar)
         return;
-    m_calendar = new CalendarPopup(m_refusal, m_date, this);
+    m_calendar = new CalendarPopup(m_check, m_date, this);
     connect(m_calendar, &CalendarPopup::dateChosen, this, &DateField::take);
     m_calendar->move(popupPlace(this, m_calendar->size()));
     m_calendar->show();
@@ -109,13 +110,13 @@ bool DateField::takeTyped()
     if (m_edit->text() == dateText(m_date))
         return true;
     const QDate typed = dateFromText(m_edit->text().trimmed());
-    const QString refusal = m_refusal(typed);
-    if (refusal.isEmpty()) {
+    const Status status = m_check(typed);
+    if (status) {
         take(typed);
         return true;
     }
     setDate(m_date);
-    tell(refusal);
+    showHint(errorText(status));
     return false;
 }
 
@@ -127,12 +128,12 @@ void DateField::step(int days)
     QDate date = m_date;
     for (int i = 0; i < farthest; ++i) {
         date = date.addDays(days);
-        if (m_refusal(date).isEmpty()) {
+        if (m_check(date)) {
             take(date);
             return;
         }
     }
-    tell(m_refusal(m_date.addDays(days)));
+    showHint(errorText(m_check(m_date.addDays(days))));
 }
 
 bool DateField::eventFilter(QObject* watched, QEvent* event)

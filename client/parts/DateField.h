@@ -15,13 +15,13 @@ public:
     /// `objectName` names the text field "le_…" and the button "btn_…Calendar".
     DateField(const QString& objectName, const QString& title, QWidget* parent);
 
-    void setRefusal(const CalendarPopup::Refusal& refusal);
+    void setCheck(const CalendarPopup::Check& check);
     void setDate(const QDate& date);
     QDate date() const;
-    /// Marks the date anew after the rules have changed.
+    /// Updates the mark of the date after the rules have changed.
     void updateMark();
     /// Shows a notice at the field.
-    void tell(const QString& text);
+    void showHint(const QString& text);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -39,6 +39,6 @@ private:
     QLineEdit* m_edit;
     QToolButton* m_button;
     QPointer<CalendarPopup> m_calendar;
-    CalendarPopup::Refusal m_refusal;
+    CalendarPopup::Check m_check;
     QDate m_date;
 };

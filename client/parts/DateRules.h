@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Status.h"
+
 #include <QDate>
 #include <QList>
 #include <QSet>
@@ -12,8 +14,8 @@ struct DateRules {
     QDate minimum; ///< invalid: no bound
     QDate maximum; ///< invalid: no bound
 
-    /// Why a date cannot be chosen, in Chinese; empty when it can.
-    QString refusal(const QDate& date) const;
+    /// Whether the trader can choose a date.
+    Status check(const QDate& date) const;
 };
 
 /// The date that a text in the form yyyy-MM-dd stands for; invalid when it stands for none.

@@ -1,6 +1,5 @@
 #include "DecimalText.h"
 
-#include <QCoreApplication>
 #include <QRegularExpression>
 #include <cmath>
 
@@ -10,29 +9,24 @@ constexpr double tolerance = 1e-10;
 /// Longer texts are no numbers that a field of this kind holds.
 constexpr int longestText = 32;
 
-QString decimalTr(const char* text)
+DecimalVerdict refused(const Status& status)
 {
-    return QCoreApplication::translate("OrloDoubleSpinBox", text);
+    return { QValidator::Invalid, 0, status };
 }
 
-DecimalVerdict refused(const QString& reason)
+DecimalVerdict unfinished(const Status& status)
 {
-    return { QValidator::Invalid, 0, reason };
+    return { QValidator::Intermediate, 0, status };
 }
 
-DecimalVerdict unfinished(const QString& reason)
+Status tooSmall(const DecimalLimits& limits)
 {
-    return { QValidator::Intermediate, 0, reason };
+    return { Error::NumberTooSmall, { decimalText(limits.minimum, limits.decimals, true) } };
 }
 
-QString tooSmall(const DecimalLimits& limits)
+Status tooLarge(const DecimalLimits& limits)
 {
-    return decimalTr("不能小于%1").arg(decimalText(limits.minimum, limits.decimals, true));
-}
-
-QString tooLarge(const DecimalLimits& limits)
-{
-    return decimalTr("不能大于%1").arg(decimalText(limits.maximum, limits.decimals, true));
+    return { Error::NumberTooLarge, { decimalText(limits.maximum, limits.decimals, true) } };
 }
 
 /// A number outside the range may still grow into it while digits are appended, but only away from zero.
@@ -54,15 +48,15 @@ DecimalVerdict judgeDecimal(const QString& text, const DecimalLimits& limits)
         return { QValidator::Acceptable, 0, {} };
     const QRegularExpressionMatch match = form.match(text);
     if (!match.hasMatch() || text.size() > longestText)
-        return refused(decimalTr("请输入数字，不带千分位和其他符号"));
+        return refused(Error::NumberMalformed);
     if (text.startsWith(QLatin1Char('-')) && limits.minimum >= 0)
         return refused(tooSmall(limits));
     if (limits.decimals == 0 && text.contains(QLatin1Char('.')))
-        return refused(decimalTr("只能输入整数"));
+        return refused(Error::NumberNotWhole);
     if (match.capturedLength(2) > limits.decimals)
-        return refused(decimalTr("最多输入%1位小数").arg(limits.decimals));
+        return refused({ Error::NumberTooFine, { QString::number(limits.decimals) } });
     if (text.endsWith(QLatin1Char('.')) || text == QLatin1String("-"))
-        return unfinished(decimalTr("数字不完整"));
+        return unfinished(Error::NumberIncomplete);
     return judgeNumber(text.toDouble(), limits);
 }
 

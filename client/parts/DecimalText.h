@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Status.h"
+
 #include <QString>
 #include <QValidator>
 
@@ -14,7 +16,7 @@ struct DecimalLimits {
 struct DecimalVerdict {
     QValidator::State state = QValidator::Invalid;
     double number = 0; ///< valid only when acceptable and not empty
-    QString reason;    ///< in Chinese; empty only when acceptable
+    Status status;     ///< success only when acceptable
 };
 
 /// Judges a typed text: digits with at most one point and a leading minus, nothing else. The empty text is acceptable.

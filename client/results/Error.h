@@ -125,5 +125,17 @@ enum class Error {
     InvalidInput,       ///< label; cause
     InvalidInputInUnit, ///< label, unit; cause
     RuleBroken,         ///< the rule's own sentence
-    Count,              ///< not a failure: how many codes there are
+    // --- Numbers and dates that a trader types
+    NumberMalformed,
+    NumberNotWhole,
+    NumberTooFine, ///< largest number of decimals
+    NumberIncomplete,
+    NumberTooSmall, ///< smallest number
+    NumberTooLarge, ///< largest number
+    DateMalformed,
+    DateTooEarly,    ///< date, first date
+    DateTooLate,     ///< date, last date
+    DateExcluded,    ///< date
+    LastBeforeFirst, ///< first date
+    Count,           ///< not a failure: how many codes there are
 };

@@ -1,5 +1,7 @@
 #include "ErrorText.h"
 
+#include <QCoreApplication>
+
 namespace {
 
 struct Sentence {
@@ -132,6 +134,18 @@ constexpr Sentence sentences[] = {
     { Error::InvalidInput, "“%1”%2！" },
     { Error::InvalidInputInUnit, "“%1”%3（单位：%2）！" },
     { Error::RuleBroken, "%1" },
+    // --- Numbers and dates that a trader types
+    { Error::NumberMalformed, QT_TRANSLATE_NOOP("Error", "请输入数字，不带千分位和其他符号") },
+    { Error::NumberNotWhole, QT_TRANSLATE_NOOP("Error", "只能输入整数") },
+    { Error::NumberTooFine, QT_TRANSLATE_NOOP("Error", "最多输入%1位小数") },
+    { Error::NumberIncomplete, QT_TRANSLATE_NOOP("Error", "数字不完整") },
+    { Error::NumberTooSmall, QT_TRANSLATE_NOOP("Error", "不能小于%1") },
+    { Error::NumberTooLarge, QT_TRANSLATE_NOOP("Error", "不能大于%1") },
+    { Error::DateMalformed, QT_TRANSLATE_NOOP("Error", "请输入有效日期，格式为yyyy-MM-dd") },
+    { Error::DateTooEarly, QT_TRANSLATE_NOOP("Error", "%1早于最早可选日期%2") },
+    { Error::DateTooLate, QT_TRANSLATE_NOOP("Error", "%1晚于最晚可选日期%2") },
+    { Error::DateExcluded, QT_TRANSLATE_NOOP("Error", "%1不是交易日，不能选择") },
+    { Error::LastBeforeFirst, QT_TRANSLATE_NOOP("Error", "结束日期不能早于开始日期%1") },
 };
 
 constexpr bool isComplete()
@@ -152,7 +166,7 @@ QString errorText(const Status& status)
     QStringList values = status.details();
     if (!status.cause())
         values << errorText(status.cause());
-    const QString text = QString::fromUtf8(sentences[static_cast<size_t>(status.error())].text);
+    const QString text = QCoreApplication::translate("Error", sentences[static_cast<size_t>(status.error())].text);
     // All at once: a detail that holds a placeholder stays as it is.
     switch (values.size()) {
     case 0:

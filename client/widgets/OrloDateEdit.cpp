@@ -17,7 +17,7 @@ public:
 
     void setMode(int mode);
     void updateMarks();
-    QString endRefusal(const QDate& date) const;
+    Status checkEnd(const QDate& date) const;
     void startChosen(const QDate& date);
 
     DateRules rules;
@@ -40,10 +40,10 @@ OrloDateEdit::Private::Private(OrloDateEdit* q)
     row->addWidget(to);
     row->addWidget(end, 1);
     row->addWidget(single, 1);
-    const auto refusal = [this](const QDate& date) { return rules.refusal(date); };
-    start->setRefusal(refusal);
-    single->setRefusal(refusal);
-    end->setRefusal([this](const QDate& date) { return endRefusal(date); });
+    const auto check = [this](const QDate& date) { return rules.check(date); };
+    start->setCheck(check);
+    single->setCheck(check);
+    end->setCheck([this](const QDate& date) { return checkEnd(date); });
     connect(start, &DateField::dateChosen, q, [this](const QDate& date) { startChosen(date); });
 }
 
@@ -62,11 +62,11 @@ void OrloDateEdit::Private::updateMarks()
         field->updateMark();
 }
 
-QString OrloDateEdit::Private::endRefusal(const QDate& date) const
+Status OrloDateEdit::Private::checkEnd(const QDate& date) const
 {
     if (start->date().isValid() && date.isValid() && date < start->date())
-        return tr("结束日期不能早于开始日期%1").arg(dateText(start->date()));
-    return rules.refusal(date);
+        return { Error::LastBeforeFirst, { dateText(start->date()) } };
+    return rules.check(date);
 }
 
 /// A range cannot end before it begins: the end goes along with a later start, and says so.
@@ -74,7 +74,7 @@ void OrloDateEdit::Private::startChosen(const QDate& date)
 {
     if (end->date().isValid() && end->date() < date) {
         end->setDate(date);
-        end->tell(tr("结束日期已随开始日期改为%1").arg(dateText(date)));
+        end->showHint(tr("结束日期已随开始日期改为%1").arg(dateText(date)));
     }
     updateMarks();
 }

@@ -1,6 +1,7 @@
 #include "OrloDoubleSpinBox.h"
 
 #include "DecimalText.h"
+#include "ErrorText.h"
 #include "FieldHint.h"
 #include "OrloDecimalLineEdit.h"
 
@@ -182,7 +183,7 @@ QValidator::State OrloDoubleSpinBox::validate(QString& text, int& position) cons
     Q_UNUSED(position)
     const DecimalVerdict verdict = judgeDecimal(text, d->limits());
     if (verdict.state == QValidator::Invalid && hasFocus())
-        FieldHint::showAt(d->q, verdict.reason);
+        FieldHint::showAt(d->q, errorText(verdict.status));
     return verdict.state;
 }
 
@@ -198,7 +199,7 @@ void OrloDoubleSpinBox::fixup(QString& text) const
         text.clear();
     const DecimalVerdict fixed = judgeDecimal(text, d->limits());
     if (fixed.state != QValidator::Acceptable || text.isEmpty())
-        FieldHint::showAt(d->q, text.isEmpty() ? verdict.reason : fixed.reason);
+        FieldHint::showAt(d->q, errorText(text.isEmpty() ? verdict.status : fixed.status));
 }
 
 double OrloDoubleSpinBox::valueFromText(const QString& text) const
@@ -222,7 +223,7 @@ void OrloDoubleSpinBox::stepBy(int steps)
     if (!isWithin(next, limits)) {
         const QString text = decimalText(next, limits.decimals, true);
         const DecimalVerdict verdict = judgeDecimal(text, limits);
-        FieldHint::showAt(this, verdict.reason);
+        FieldHint::showAt(this, errorText(verdict.status));
         return;
     }
     setValue(next);
