@@ -91,7 +91,8 @@ private Q_SLOTS:
     {
         QTest::addColumn<bool>("isCredit");
         QTest::addColumn<int>("rule");
-        for (const int rule : { 0, 1, 2 }) {
+        // The last is none that is known.
+        for (const int rule : { AutoPlanRuleProperty::NoReview, AutoPlanRuleProperty::Review, 2 }) {
             QTest::addRow("a credit account under rule %d", rule) << true << rule;
             QTest::addRow("an ordinary account under rule %d", rule) << false << rule;
         }
@@ -162,12 +163,12 @@ private:
         }
     }
 
-    /// Each item of the first box, and after it each of the second, with a security where there is one.
+    /// Each item of the first box, and after it each of the second, with a security and a price where there can be one.
     static void chooseEveryPair(Exploration& exploration, Widget first, Widget second)
     {
         takeAll(exploration, { Step{ ChooseSecurity, 0, 0 } });
         for (int i = 0; i < itemsOf(exploration, first); ++i) {
-            takeAll(exploration, { Step{ first, i, 0 }, Step{ ChooseSecurity, 1, 0 } });
+            takeAll(exploration, { Step{ first, i, 0 }, Step{ ChooseSecurity, 1, 0 }, Step{ TypePrice1, 1, 0 } });
             for (int j = 0; j < itemsOf(exploration, second); ++j)
                 takeAll(exploration, { Step{ second, j, 0 } });
         }

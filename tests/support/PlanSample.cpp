@@ -31,8 +31,9 @@ const QString SampleStrategy = QStringLiteral("TWAP");
 
 QMap<QString, QString> priceModesByMode()
 {
-    return { { QStringLiteral("1"), QStringLiteral("6") }, { QStringLiteral("2"), QStringLiteral("7") },
-        { QStringLiteral("3"), QStringLiteral("8") } };
+    return { { AutoPlanInstMode::ActiveManage, AutoPlanPriceModel::Custom },
+        { AutoPlanInstMode::NormalTradeReview, AutoPlanPriceModel::CompareMax },
+        { AutoPlanInstMode::AlgoTradeReview, AutoPlanPriceModel::CompareMin } };
 }
 
 QString orBuy(const QString& side)
@@ -90,7 +91,7 @@ void fillTypes(const AutoParamSetting& editor, const PlanSample& plan)
 void fillPrice(const AutoParamSetting& editor, const PlanSample& plan)
 {
     choose(editor, "combx_priceMode", plan.priceMode);
-    if (plan.priceMode == QLatin1String("1"))
+    if (plan.priceMode == AutoPlanPriceModel::NoLimit)
         return;
     type(editor, "lineEdit_price1", plan.price1);
     type(editor, "lineEdit_price2", plan.price2);
@@ -130,7 +131,7 @@ void insertOrderTypes(FieldMap& other, const PlanSample& plan)
     if (plan.entrustType.isEmpty())
         return;
     const int number = static_cast<int>(InstructionBusinessDataInterface::transSideUnion2Enum(plan.entrustType));
-    other.insert(QStringLiteral("MarginInstructionSideType"), QString::number(number));
+    other.insert(AutoPlanFieldId::MarginInstructionSideType, QString::number(number));
 }
 
 void insertAssignee(FieldMap& record, const PlanSample& plan)
@@ -184,13 +185,13 @@ PlanSample PlanSample::ofType(const QString& instructionType)
 {
     PlanSample plan;
     plan.instructionType = instructionType;
-    if (instructionType == QLatin1String("2")) {
+    if (instructionType == AutoPlanInstructionType::Credit) {
         plan.account = QStringLiteral("credit");
         plan.side = Kelvo_Values::OrderSide::sell;
         plan.entrustType = Orlo_Values::SideUnion::marginSell;
-    } else if (instructionType == QLatin1String("5")) {
+    } else if (instructionType == AutoPlanInstructionType::Bond) {
         plan.symbol = QStringLiteral("113001.K_SH");
-    } else if (instructionType == QLatin1String("9")) {
+    } else if (instructionType == AutoPlanInstructionType::HkConnect) {
         plan.symbol = QStringLiteral("00700.HK");
         plan.side = Kelvo_Values::OrderSide::sell;
         plan.priceType = Orlo_Values::HKTimeInForce::InTrade;
@@ -202,7 +203,7 @@ PlanSample PlanSample::ofType(const QString& instructionType)
 PlanSample PlanSample::reduction()
 {
     PlanSample plan;
-    plan.planType = QStringLiteral("JC-01");
+    plan.planType = AutoPlanTemplate::ReduceHoldings;
     plan.side = Kelvo_Values::OrderSide::sell;
     plan.assignee = QStringLiteral("执行甲");
     return plan;
@@ -223,7 +224,7 @@ PlanSample PlanKind::sample() const
         plan.target = 250000;
         plan.daily = 50000;
     }
-    if (!plan.priceType.isEmpty() && mode == QLatin1String("1"))
+    if (!plan.priceType.isEmpty() && mode == AutoPlanInstMode::ActiveManage)
         plan.priceType = Orlo_Values::HKTimeInForce::BeforeTrade;
     if (started)
         plan.begin = QDate(2024, 5, 2);
@@ -242,15 +243,18 @@ QString PlanKind::sentence() const
 
 QList<PlanKind> PlanKind::all()
 {
+    using namespace AutoPlanTemplate;
+    using namespace AutoPlanInstructionType;
+    using namespace AutoPlanInstMode;
+    using namespace AutoPlanRuleProperty;
     QList<PlanKind> kinds;
-    for (const char* const planType : { "TW-01", "TW-02", "TW-03", "JC-01" })
-        for (const char* const type : { "1", "2", "5", "9" })
+    for (const QString& planType : { CumulativeQty, AverageQty, SameElements, ReduceHoldings })
+        for (const QString& type : { Ordinary, Credit, Bond, HkConnect })
             for (const QString& target : { InstructionTargetType::QtyOrder, InstructionTargetType::AmountOrder })
-                for (const char* const mode : { "1", "2", "3" })
-                    for (const int rule : { 0, 1 })
+                for (const QString& mode : { ActiveManage, NormalTradeReview, AlgoTradeReview })
+                    for (const int rule : { NoReview, Review })
                         for (const bool started : { false, true })
-                            kinds.append(PlanKind{ QString::fromLatin1(planType), QString::fromLatin1(type), target,
-                                QString::fromLatin1(mode), rule, started });
+                            kinds.append(PlanKind{ planType, type, target, mode, rule, started });
     return kinds;
 }
 
@@ -275,7 +279,7 @@ void fillForm(const AutoParamSetting& editor, const PlanSample& plan)
     fillPrice(editor, plan);
     fillQuantities(editor, plan);
     choose(editor, "combx_instructionMode", plan.mode);
-    if (plan.mode == QLatin1String("3"))
+    if (plan.mode == AutoPlanInstMode::AlgoTradeReview)
         fillAlgorithm(editor, plan);
     if (!plan.assignee.isEmpty())
         chooseText(editor, "combx_assignTo", plan.assignee);
@@ -287,13 +291,13 @@ FieldMap otherParamOf(const PlanSample& plan)
 {
     FieldMap other;
     if (plan.isByAmount()) {
-        other.insert(QStringLiteral("57134"), plan.targetType);
+        other.insert(AutoPlanFieldId::TargetType, plan.targetType);
         other.insert(Base::tradeAmount, QString::number(plan.target, 'f', 2));
         other.insert(Base::dayMaxTradeAmount, QString::number(plan.daily, 'f', 2));
     }
     if (!plan.reducesHoldings())
         other.insert(AutoPlanField::Progress::CurrentQty, storedText(plan.daily, factorOf(plan)));
-    if (plan.mode == QLatin1String("3")) {
+    if (plan.mode == AutoPlanInstMode::AlgoTradeReview) {
         other.insert(Base::algoParam, algorithmParameters(plan));
         other.insert(Base::algoStrategyName, SampleStrategy);
     }
@@ -314,7 +318,7 @@ FieldMap recordOf(const PlanSample& plan)
         { Orlo_Fields::AutoPlan::templateCode, plan.planType },
         { Orlo_Fields::AutoPlan::subType, plan.instructionType },
         { Kelvo_Fields::UserAccount::tradingAccount, plan.account },
-        { QStringLiteral("10112"), QStringLiteral("B-") + plan.account },
+        { AutoPlanFieldId::Account10112, QStringLiteral("B-") + plan.account },
         { Kelvo_Fields::Security::symbol, plan.symbol },
         { Kelvo_Fields::UserAccount::securityExchange, security.exchange },
         { Kelvo_Fields::UserAccount::securityAccount,
@@ -327,9 +331,9 @@ FieldMap recordOf(const PlanSample& plan)
         { Base::beginDate, dateText(plan.begin) },
         { Base::endDate, dateText(plan.reducesHoldings() ? plan.begin.addYears(100) : plan.end) },
     };
-    if (plan.priceMode == QLatin1String("1"))
+    if (plan.priceMode == AutoPlanPriceModel::NoLimit)
         record.insert(Base::priceFixed, plan.price1);
-    if (plan.priceMode == QLatin1String("7") || plan.priceMode == QLatin1String("8"))
+    if (plan.priceMode == AutoPlanPriceModel::CompareMax || plan.priceMode == AutoPlanPriceModel::CompareMin)
         record.insert(Base::priceFormula2, plan.price2);
     insertAssignee(record, plan);
     if (!plan.remark.isEmpty())

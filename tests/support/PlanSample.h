@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AutoParamSetting.h"
+#include "PlanVocabulary.h"
 #include <QDate>
 #include <QList>
 #include <QMap>
@@ -11,26 +12,26 @@
 /// not set is an ordinary plan that buys 1,000 shares, at most 300 a day, by a custom formula, without review.
 struct PlanSample {
     QString account = QStringLiteral("acc1");
-    QString instructionType = QStringLiteral("1");
+    QString instructionType = AutoPlanInstructionType::Ordinary;
     QString targetType; ///< empty counts as by quantity
-    QString planType = QStringLiteral("TW-01");
+    QString planType = AutoPlanTemplate::CumulativeQty;
     QString symbol = QStringLiteral("600000.K_SH");
     QString side;        ///< empty counts as buy
     QString entrustType; ///< margin plans only
     QString priceType;   ///< Hong Kong connect only
-    QString priceMode = QStringLiteral("6");
+    QString priceMode = AutoPlanPriceModel::Custom;
     QString price1 = QStringLiteral("昨收价*1.01");
     QString price2;
     double target = 1000;
     double daily = 300;
     double ratio = 0.25; ///< holdings reduction only
-    QString mode = QStringLiteral("1");
+    QString mode = AutoPlanInstMode::ActiveManage;
     QString assignee; ///< empty counts as nobody
     QDate begin = QDate(2024, 5, 8);
     QDate end = QDate(2024, 5, 17);
     QString remark;
 
-    bool reducesHoldings() const { return planType == QLatin1String("JC-01"); }
+    bool reducesHoldings() const { return planType == AutoPlanTemplate::ReduceHoldings; }
     bool isByAmount() const;
     /// The same plan with another plan type, and so on.
     PlanSample withPlanType(const QString& code) const;
@@ -49,7 +50,7 @@ struct PlanKind {
     QString instructionType;
     QString targetType;
     QString mode;
-    int ruleProperty = 0;
+    int ruleProperty = AutoPlanRuleProperty::NoReview;
     bool started = false;
 
     /// The stored plan: it began on 2024-05-02 or begins on 2024-05-08. Modes "1", "2" and "3" come with the price
