@@ -1,4 +1,4 @@
-#include "LogCatcher.h"
+#include "LoggedTest.h"
 #include "OrloAgreementSignWidget.h"
 #include "WidgetServices.h"
 #include <QApplication>
@@ -10,25 +10,48 @@
 #include <QTest>
 #include <QTimer>
 
-class AgreementSignTest : public QObject {
+class AgreementSignTest : public LoggedTest {
     Q_OBJECT
 
-private Q_SLOTS:
-    void init()
+private:
+    void prepare() override
     {
-        m_log = new LogCatcher;
         m_boxText.clear();
         WidgetServices::instance() = WidgetServices();
         WidgetServices::instance().agreementTitle = QStringLiteral("减持计划风险揭示书");
         WidgetServices::instance().agreementText = QStringLiteral("请阅读<全文>。");
     }
 
-    void cleanup()
+    void fill(OrloAgreementSignWidget& dialog, int seconds = 0)
     {
-        QCOMPARE(m_log->trouble(), QStringList());
-        delete m_log;
+        dialog.SetAccountSelectable(true);
+        dialog.SetAgreement(QStringLiteral("P1"));
+        dialog.SetSignCountDown(seconds);
+        dialog.SetClientNoList({ QStringLiteral("C1"), QStringLiteral("C2") });
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    }
+    template <typename Widget> static Widget* child(const QWidget& dialog, const char* name)
+    {
+        return dialog.findChild<Widget*>(QString::fromLatin1(name));
+    }
+    static QPushButton* signButton(const QWidget& dialog) { return child<QPushButton>(dialog, "btnSign"); }
+
+    /// Confirms the message box that opens next, and keeps its text.
+    void confirmNextBox()
+    {
+        QTimer::singleShot(0, this, [this] {
+            const QWidget* box = QApplication::activeModalWidget();
+            m_boxText = box->findChild<QLabel*>(QStringLiteral("msgBoxText"))->text();
+            QTest::mouseClick(child<QPushButton>(*box, "btnConfirm"), Qt::LeftButton);
+        });
     }
 
+    static const QList<QPair<QString, QStringList>>& signatures() { return WidgetServices::instance().signatures; }
+
+    QString m_boxText;
+
+private Q_SLOTS:
     void itShowsTheAgreementAndTheClients()
     {
         OrloAgreementSignWidget dialog(true, true, nullptr);
@@ -60,7 +83,7 @@ private Q_SLOTS:
         QCOMPARE(signButton(dialog)->text(), QStringLiteral("签署（2）"));
         dialog.show();
         QTest::mouseClick(signButton(dialog), Qt::LeftButton);
-        QCOMPARE(WidgetServices::instance().signatures.size(), 0);
+        QCOMPARE(signatures().size(), 0);
         QTRY_COMPARE(signButton(dialog)->text(), QStringLiteral("签署（1）"));
         QVERIFY(!signButton(dialog)->isEnabled());
         QTRY_VERIFY(signButton(dialog)->isEnabled());
@@ -85,9 +108,9 @@ private Q_SLOTS:
         QTest::mouseClick(signButton(dialog), Qt::LeftButton);
         QCOMPARE(dialog.result(), int(QDialog::Accepted));
         QVERIFY(!dialog.isVisible());
-        QCOMPARE(WidgetServices::instance().signatures.size(), 1);
-        QCOMPARE(WidgetServices::instance().signatures.first().first, QStringLiteral("P1"));
-        QCOMPARE(WidgetServices::instance().signatures.first().second, QStringList{ QStringLiteral("C2") });
+        QCOMPARE(signatures().size(), 1);
+        QCOMPARE(signatures().first().first, QStringLiteral("P1"));
+        QCOMPARE(signatures().first().second, QStringList{ QStringLiteral("C2") });
     }
 
     void allClientsSignWithoutAChoice()
@@ -97,7 +120,7 @@ private Q_SLOTS:
         dialog.SetAccountSelectable(false);
         QVERIFY(!(child<QListWidget>(dialog, "clientList")->item(0)->flags() & Qt::ItemIsUserCheckable));
         QTest::keyClick(signButton(dialog), Qt::Key_Space);
-        QCOMPARE(WidgetServices::instance().signatures.first().second.size(), 2);
+        QCOMPARE(signatures().first().second.size(), 2);
     }
 
     void noChosenClientIsSaid()
@@ -110,7 +133,7 @@ private Q_SLOTS:
         confirmNextBox();
         QTest::mouseClick(signButton(dialog), Qt::LeftButton);
         QCOMPARE(m_boxText, QStringLiteral("请选择签署客户！"));
-        QCOMPARE(WidgetServices::instance().signatures.size(), 0);
+        QCOMPARE(signatures().size(), 0);
         QVERIFY(dialog.isVisible());
     }
 
@@ -134,7 +157,7 @@ private Q_SLOTS:
         dialog.show();
         QTest::mouseClick(child<QPushButton>(dialog, "btnCancel"), Qt::LeftButton);
         QVERIFY(!dialog.isVisible());
-        QCOMPARE(WidgetServices::instance().signatures.size(), 0);
+        QCOMPARE(signatures().size(), 0);
     }
 
     void nobodyToSignLeavesTheButtonDisabled()
@@ -152,35 +175,6 @@ private Q_SLOTS:
         QCOMPARE(dialog->exec(), int(QDialog::Rejected));
         QVERIFY(!dialog);
     }
-
-private:
-    void fill(OrloAgreementSignWidget& dialog, int seconds = 0)
-    {
-        dialog.SetAccountSelectable(true);
-        dialog.SetAgreement(QStringLiteral("P1"));
-        dialog.SetSignCountDown(seconds);
-        dialog.SetClientNoList({ QStringLiteral("C1"), QStringLiteral("C2") });
-        dialog.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-    }
-    template <typename Widget> static Widget* child(const QWidget& dialog, const char* name)
-    {
-        return dialog.findChild<Widget*>(QString::fromLatin1(name));
-    }
-    static QPushButton* signButton(const QWidget& dialog) { return child<QPushButton>(dialog, "btnSign"); }
-
-    /// Confirms the message box that opens next, and keeps its text.
-    void confirmNextBox()
-    {
-        QTimer::singleShot(0, this, [this] {
-            const QWidget* box = QApplication::activeModalWidget();
-            m_boxText = box->findChild<QLabel*>(QStringLiteral("msgBoxText"))->text();
-            QTest::mouseClick(child<QPushButton>(*box, "btnConfirm"), Qt::LeftButton);
-        });
-    }
-
-    LogCatcher* m_log = nullptr;
-    QString m_boxText;
 };
 
 QTEST_MAIN(AgreementSignTest)

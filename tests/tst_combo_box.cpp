@@ -1,4 +1,4 @@
-#include "LogCatcher.h"
+#include "LoggedTest.h"
 #include "OrloAccountComboBox.h"
 #include "OrloComboBox.h"
 #include <QLineEdit>
@@ -6,31 +6,34 @@
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
-#include <QWheelEvent>
 
-class ComboBoxTest : public QObject {
+class ComboBoxTest : public FieldTest {
     Q_OBJECT
 
-private Q_SLOTS:
-    void init()
+private:
+    void prepare() override
     {
-        m_log = new LogCatcher;
-        m_box = new OrloComboBox;
+        FieldTest::prepare();
+        m_box = new OrloComboBox(&window());
         m_box->addItems({ QStringLiteral("普通账户"), QStringLiteral("信用账户"), QStringLiteral("Margin"),
             QStringLiteral("港股通账户") });
         m_box->setSearchEnabled();
-        m_box->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_box));
-        m_box->activateWindow();
+        showWith(m_box);
     }
 
-    void cleanup()
+    QWidget* popup() const { return m_box->findChild<QWidget*>(QStringLiteral("comboSearchPopup")); }
+    QLineEdit* search() const { return popup()->findChild<QLineEdit*>(); }
+    QListView* items() const { return popup()->findChild<QListView*>(); }
+
+    static QList<tagUserAccountInfo> accounts()
     {
-        delete m_box;
-        QCOMPARE(m_log->trouble(), QStringList());
-        delete m_log;
+        return { { QStringLiteral("T1"), QStringLiteral("880001"), QStringLiteral("甲账户"), QStringLiteral("C1"), {} },
+            { QStringLiteral("T2"), QStringLiteral("880002"), QStringLiteral("乙账户"), QStringLiteral("C2"), {} } };
     }
 
+    OrloComboBox* m_box = nullptr;
+
+private Q_SLOTS:
     void theBoxIsNeverEditable()
     {
         QVERIFY(!m_box->isEditable());
@@ -62,19 +65,13 @@ private Q_SLOTS:
 
     void theWheelNeedsTheFocus()
     {
-        const auto turn = [this] {
-            const QPointF middle = m_box->rect().center();
-            QWheelEvent wheel(middle, m_box->mapToGlobal(middle.toPoint()), QPoint(), QPoint(0, -120), Qt::NoButton,
-                Qt::NoModifier, Qt::NoScrollPhase, false);
-            QCoreApplication::sendEvent(m_box, &wheel);
-        };
-        m_box->clearFocus();
-        turn();
+        nextField().setFocus();
+        turnWheel(m_box, -1);
         QCOMPARE(m_box->currentIndex(), 0);
         QVERIFY(!(m_box->focusPolicy() & ~Qt::StrongFocus));
         m_box->setFocus();
         QTRY_VERIFY(m_box->hasFocus());
-        turn();
+        turnWheel(m_box, -1);
         QCOMPARE(m_box->currentIndex(), 1);
     }
 
@@ -248,20 +245,6 @@ private Q_SLOTS:
         QCOMPARE(box.GetCurFundAccount(), QString());
         QCOMPARE(texts.count(), 1);
     }
-
-private:
-    QWidget* popup() const { return m_box->findChild<QWidget*>(QStringLiteral("comboSearchPopup")); }
-    QLineEdit* search() const { return popup()->findChild<QLineEdit*>(); }
-    QListView* items() const { return popup()->findChild<QListView*>(); }
-
-    static QList<tagUserAccountInfo> accounts()
-    {
-        return { { QStringLiteral("T1"), QStringLiteral("880001"), QStringLiteral("甲账户"), QStringLiteral("C1"), {} },
-            { QStringLiteral("T2"), QStringLiteral("880002"), QStringLiteral("乙账户"), QStringLiteral("C2"), {} } };
-    }
-
-    LogCatcher* m_log = nullptr;
-    OrloComboBox* m_box = nullptr;
 };
 
 QTEST_MAIN(ComboBoxTest)

@@ -1,7 +1,7 @@
 #include "CalendarPopup.h"
 #include "DateField.h"
 #include "HintReader.h"
-#include "LogCatcher.h"
+#include "LoggedTest.h"
 #include "OrloDateEdit.h"
 #include <QTest>
 
@@ -19,14 +19,14 @@ QDate markedDay(const CalendarPopup* calendar)
 
 } // namespace
 
-class DateEditTest : public QObject {
+class DateEditTest : public FieldTest {
     Q_OBJECT
 
-private Q_SLOTS:
-    void init()
+private:
+    void prepare() override
     {
-        m_log = new LogCatcher;
-        m_edit = new OrloDateEdit;
+        FieldTest::prepare();
+        m_edit = new OrloDateEdit(&window());
         m_edit->SetMode(1, false);
         m_edit->SetExceptDayOfWeek({ 7, 6 });
         m_edit->SetExceptDateList({ holiday });
@@ -35,26 +35,40 @@ private Q_SLOTS:
         m_edit->SetStartEndDate(monday, monday);
         m_edit->SetDate(monday);
         m_edit->resize(360, 30);
-        m_edit->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_edit));
-        m_edit->activateWindow();
+        showWith(line("le_start"));
     }
 
-    void cleanup()
+    template <typename Widget> Widget* child(const char* name) const
     {
-        delete m_edit;
-        QCOMPARE(m_log->trouble(), QStringList());
-        delete m_log;
+        return m_edit->findChild<Widget*>(QString::fromLatin1(name));
+    }
+    QLineEdit* line(const char* name) const { return child<QLineEdit>(name); }
+    QString hint(const char* name) const { return hintAt(line(name)->parentWidget()); }
+
+    /// Types a date into a field and presses a key behind it.
+    void enter(const char* name, const QString& text, Qt::Key key = Qt::Key_Return)
+    {
+        retype(line(name), text);
+        QTest::keyClick(line(name), key);
     }
 
+    CalendarPopup* open(const char* button)
+    {
+        QTest::mouseClick(child<QToolButton>(button), Qt::LeftButton);
+        return child<CalendarPopup>("calendarPopup");
+    }
+
+    OrloDateEdit* m_edit = nullptr;
+
+private Q_SLOTS:
     void theModeSaysWhichFieldsAreShown()
     {
-        QVERIFY(child<QLineEdit>("le_start")->isVisible());
-        QVERIFY(child<QLineEdit>("le_end")->isVisible());
-        QVERIFY(!child<QLineEdit>("le_date")->isVisible());
+        QVERIFY(line("le_start")->isVisible());
+        QVERIFY(line("le_end")->isVisible());
+        QVERIFY(!line("le_date")->isVisible());
         m_edit->SetMode(0, false);
-        QVERIFY(!child<QLineEdit>("le_start")->isVisible());
-        QVERIFY(child<QLineEdit>("le_date")->isVisible());
+        QVERIFY(!line("le_start")->isVisible());
+        QVERIFY(line("le_date")->isVisible());
     }
 
     void whatIsSetIsShownAndNeverMoved()
@@ -62,14 +76,14 @@ private Q_SLOTS:
         m_edit->SetStartEndDate(QDate(2020, 1, 4), QDate(2019, 1, 1));
         QCOMPARE(m_edit->GetStartDate(), QDate(2020, 1, 4));
         QCOMPARE(m_edit->GetEndDate(), QDate(2019, 1, 1));
-        QCOMPARE(child<QLineEdit>("le_start")->text(), QStringLiteral("2020-01-04"));
+        QCOMPARE(line("le_start")->text(), QStringLiteral("2020-01-04"));
         m_edit->SetDate(holiday);
         QCOMPARE(m_edit->GetDate(), holiday);
     }
 
     void aDateThatCannotBeChosenIsMarked()
     {
-        auto* start = child<QLineEdit>("le_start");
+        auto* start = line("le_start");
         QVERIFY(!start->property("refused").toBool());
         m_edit->SetStartEndDate(holiday, holiday);
         QVERIFY(start->property("refused").toBool());
@@ -91,15 +105,15 @@ private Q_SLOTS:
     {
         m_edit->SetStartEndDate(QDate(), QDate());
         QVERIFY(!m_edit->GetStartDate().isValid());
-        QCOMPARE(child<QLineEdit>("le_start")->text(), QString());
-        QVERIFY(!child<QLineEdit>("le_start")->property("refused").toBool());
+        QCOMPARE(line("le_start")->text(), QString());
+        QVERIFY(!line("le_start")->property("refused").toBool());
     }
 
     void aTypedDateIsTaken()
     {
-        retype("le_end", QStringLiteral("2025-12-01"));
+        retype(line("le_end"), QStringLiteral("2025-12-01"));
         QCOMPARE(m_edit->GetEndDate(), monday);
-        QTest::keyClick(child<QLineEdit>("le_end"), Qt::Key_Return);
+        QTest::keyClick(line("le_end"), Qt::Key_Return);
         QCOMPARE(m_edit->GetEndDate(), QDate(2025, 12, 1));
         QCOMPARE(m_edit->GetStartDate(), monday);
         QCOMPARE(hint("le_end"), QString());
@@ -127,28 +141,25 @@ private Q_SLOTS:
     {
         QFETCH(QString, typed);
         QFETCH(QString, reason);
-        retype("le_start", typed);
-        QTest::keyClick(child<QLineEdit>("le_start"), Qt::Key_Return);
+        enter("le_start", typed);
         QCOMPARE(m_edit->GetStartDate(), monday);
-        QCOMPARE(child<QLineEdit>("le_start")->text(), QStringLiteral("2025-11-24"));
+        QCOMPARE(line("le_start")->text(), QStringLiteral("2025-11-24"));
         QCOMPARE(hint("le_start"), reason);
     }
 
     void leavingTheFieldTakesWhatIsTyped()
     {
-        retype("le_end", QStringLiteral("2025-12-01"));
-        QTest::keyClick(child<QLineEdit>("le_end"), Qt::Key_Tab);
+        enter("le_end", QStringLiteral("2025-12-01"), Qt::Key_Tab);
         QVERIFY(child<QToolButton>("btn_endCalendar")->hasFocus());
         QCOMPARE(m_edit->GetEndDate(), QDate(2025, 12, 1));
-        retype("le_end", QStringLiteral("2025-12-06"));
-        QTest::keyClick(child<QLineEdit>("le_end"), Qt::Key_Tab);
+        enter("le_end", QStringLiteral("2025-12-06"), Qt::Key_Tab);
         QCOMPARE(m_edit->GetEndDate(), QDate(2025, 12, 1));
         QCOMPARE(hint("le_end"), QStringLiteral("2025-12-06不是交易日，不能选择"));
     }
 
     void arrowKeysStepOverExcludedDays()
     {
-        auto* end = child<QLineEdit>("le_end");
+        auto* end = line("le_end");
         end->setFocus();
         QTest::keyClick(end, Qt::Key_Up);
         QTest::keyClick(end, Qt::Key_Up);
@@ -179,7 +190,7 @@ private Q_SLOTS:
         QTest::mouseClick(calendar->findChild<QToolButton*>(QStringLiteral("btnNextMonth")), Qt::LeftButton);
         QTest::mouseClick(calendar->findChild<QToolButton*>(QStringLiteral("day_2025-12-02")), Qt::LeftButton);
         QCOMPARE(m_edit->GetEndDate(), QDate(2025, 12, 2));
-        QCOMPARE(child<QLineEdit>("le_end")->text(), QStringLiteral("2025-12-02"));
+        QCOMPARE(line("le_end")->text(), QStringLiteral("2025-12-02"));
         QTRY_VERIFY(!child<CalendarPopup>("calendarPopup"));
     }
 
@@ -226,23 +237,21 @@ private Q_SLOTS:
     {
         QFETCH(int, key);
         QFETCH(int, modifiers);
-        QTest::keyClick(child<QLineEdit>("le_end"), Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+        QTest::keyClick(line("le_end"), Qt::Key(key), Qt::KeyboardModifiers(modifiers));
         QVERIFY(child<CalendarPopup>("calendarPopup"));
     }
 
     void anEndBeforeTheStartIsRefused()
     {
         m_edit->SetStartEndDate(QDate(2025, 12, 1), QDate(2025, 12, 5));
-        retype("le_end", QStringLiteral("2025-11-28"));
-        QTest::keyClick(child<QLineEdit>("le_end"), Qt::Key_Return);
+        enter("le_end", QStringLiteral("2025-11-28"));
         QCOMPARE(m_edit->GetEndDate(), QDate(2025, 12, 5));
         QCOMPARE(hint("le_end"), QStringLiteral("结束日期不能早于开始日期2025-12-01"));
     }
 
     void aLaterStartTakesTheEndAlongAndSaysSo()
     {
-        retype("le_start", QStringLiteral("2025-12-01"));
-        QTest::keyClick(child<QLineEdit>("le_start"), Qt::Key_Return);
+        enter("le_start", QStringLiteral("2025-12-01"));
         QCOMPARE(m_edit->GetStartDate(), QDate(2025, 12, 1));
         QCOMPARE(m_edit->GetEndDate(), QDate(2025, 12, 1));
         QCOMPARE(hint("le_end"), QStringLiteral("结束日期已随开始日期改为2025-12-01"));
@@ -251,7 +260,7 @@ private Q_SLOTS:
     void theStartCanBeLocked()
     {
         m_edit->SetStartCalendarEnabled(false);
-        QVERIFY(!child<QLineEdit>("le_start")->isEnabled());
+        QVERIFY(!line("le_start")->isEnabled());
         QVERIFY(!child<QToolButton>("btn_startCalendar")->isEnabled());
         QVERIFY(child<QToolButton>("btn_endCalendar")->isEnabled());
         QVERIFY(!open("btn_startCalendar"));
@@ -267,31 +276,6 @@ private Q_SLOTS:
         m_edit->setEnabled(true);
         QVERIFY(open("btn_dateCalendar"));
     }
-
-private:
-    template <typename Widget> Widget* child(const char* name) const
-    {
-        return m_edit->findChild<Widget*>(QString::fromLatin1(name));
-    }
-
-    void retype(const char* field, const QString& text)
-    {
-        auto* edit = child<QLineEdit>(field);
-        edit->setFocus();
-        edit->selectAll();
-        QTest::keyClicks(edit, text);
-    }
-
-    QString hint(const char* field) const { return hintAt(child<QLineEdit>(field)->parentWidget()); }
-
-    CalendarPopup* open(const char* button)
-    {
-        QTest::mouseClick(child<QToolButton>(button), Qt::LeftButton);
-        return child<CalendarPopup>("calendarPopup");
-    }
-
-    LogCatcher* m_log = nullptr;
-    OrloDateEdit* m_edit = nullptr;
 };
 
 QTEST_MAIN(DateEditTest)

@@ -1,41 +1,31 @@
 #include "HintReader.h"
-#include "LogCatcher.h"
+#include "LoggedTest.h"
 #include "OrloDecimalLineEdit.h"
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
-#include <QWheelEvent>
 #include <cmath>
 #include <limits>
 
-class DecimalLineEditTest : public QObject {
+class DecimalLineEditTest : public FieldTest {
     Q_OBJECT
 
-private Q_SLOTS:
-    void init()
+private:
+    void prepare() override
     {
-        m_log = new LogCatcher;
-        m_window = new QWidget;
-        m_edit = new OrloDecimalLineEdit(m_window);
-        m_other = new QLineEdit(m_window);
-        m_other->move(0, 60);
+        FieldTest::prepare();
+        m_edit = new OrloDecimalLineEdit(&window());
         m_edit->setRange(0, 2000000000);
         m_edit->setDecimals(2);
-        m_window->resize(200, 120);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_window));
-        m_window->activateWindow();
-        m_edit->setFocus();
-        QTRY_VERIFY(m_edit->hasFocus());
+        showWith(m_edit);
     }
 
-    void cleanup()
-    {
-        delete m_window;
-        QCOMPARE(m_log->trouble(), QStringList());
-        delete m_log;
-    }
+    void retype(const QString& text) { FieldTest::retype(m_edit, text); }
+    void leave() { QTest::keyClick(m_edit, Qt::Key_Tab); }
 
+    OrloDecimalLineEdit* m_edit = nullptr;
+
+private Q_SLOTS:
     void withoutEmptyModeItStartsAtItsMinimum()
     {
         QCOMPARE(m_edit->GetStrValue(), QStringLiteral("0.00"));
@@ -126,7 +116,7 @@ private Q_SLOTS:
     {
         QFETCH(double, number);
         m_edit->setValue(7);
-        m_log->expectWarning(QStringLiteral("OrloDoubleSpinBox::setValue"));
+        log().expectWarning(QStringLiteral("OrloDoubleSpinBox::setValue"));
         m_edit->setValue(number);
         QCOMPARE(m_edit->GetStrValue(), QString());
         QCOMPARE(m_edit->value(), 0.0);
@@ -148,7 +138,7 @@ private Q_SLOTS:
         m_edit->selectAll();
         QTest::keyClick(m_edit, Qt::Key_Delete);
         leave();
-        QVERIFY(m_other->hasFocus());
+        QVERIFY(nextField().hasFocus());
         QCOMPARE(m_edit->GetStrValue(), QString());
         QCOMPARE(m_edit->value(), 0.0);
     }
@@ -201,7 +191,7 @@ private Q_SLOTS:
     void aRangeThatLeavesTheNumberOutEmptiesTheField()
     {
         m_edit->setValue(50);
-        m_log->expectWarning(QStringLiteral("the range has left out"));
+        log().expectWarning(QStringLiteral("the range has left out"));
         m_edit->setMaximum(10);
         QCOMPARE(m_edit->GetStrValue(), QString());
         QCOMPARE(m_edit->value(), 0.0);
@@ -229,12 +219,8 @@ private Q_SLOTS:
     void theWheelDoesNothing()
     {
         m_edit->setValue(7);
-        const QPointF middle = m_edit->rect().center();
-        QWheelEvent wheel(middle, m_edit->mapToGlobal(middle.toPoint()), QPoint(), QPoint(0, 120), Qt::NoButton,
-            Qt::NoModifier, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(m_edit, &wheel);
+        QVERIFY(!turnWheel(m_edit, 1));
         QCOMPARE(m_edit->value(), 7.0);
-        QVERIFY(!wheel.isAccepted());
     }
 
     void arrowKeysDoNotChangeANumberWithoutButtons()
@@ -247,7 +233,7 @@ private Q_SLOTS:
 
     void stepsNeverLeaveTheRange()
     {
-        OrloDoubleSpinBox spin(m_window);
+        OrloDoubleSpinBox spin(&window());
         spin.setRange(0, 10);
         spin.setDecimals(1);
         spin.show();
@@ -273,25 +259,10 @@ private Q_SLOTS:
     void pastedTextIsJudgedToo()
     {
         m_edit->selectAll();
-        line()->insert(QStringLiteral("1e3"));
+        m_edit->findChild<QLineEdit*>()->insert(QStringLiteral("1e3"));
         QCOMPARE(m_edit->GetStrValue(), QStringLiteral("0.00"));
         QVERIFY(!hintAt(m_edit).isEmpty());
     }
-
-private:
-    QLineEdit* line() const { return m_edit->findChild<QLineEdit*>(); }
-
-    void retype(const QString& text)
-    {
-        m_edit->selectAll();
-        QTest::keyClicks(m_edit, text);
-    }
-    void leave() { QTest::keyClick(m_edit, Qt::Key_Tab); }
-
-    LogCatcher* m_log = nullptr;
-    QWidget* m_window = nullptr;
-    OrloDecimalLineEdit* m_edit = nullptr;
-    QLineEdit* m_other = nullptr;
 };
 
 QTEST_MAIN(DecimalLineEditTest)

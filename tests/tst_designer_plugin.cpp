@@ -1,4 +1,4 @@
-#include "LogCatcher.h"
+#include "LoggedTest.h"
 
 #include <QComboBox>
 #include <QDomDocument>
@@ -44,18 +44,32 @@ QString className(const QObject* object)
 } // namespace
 
 /// The plug-in as Qt Designer loads it: this program is not linked with the client, and no session is open.
-class DesignerPluginTest : public QObject {
+class DesignerPluginTest : public LoggedTest {
     Q_OBJECT
 
-private Q_SLOTS:
-    void init() { m_log = std::make_unique<LogCatcher>(); }
-
-    void cleanup()
+private:
+    static QList<QDesignerCustomWidgetInterface*> offered()
     {
-        QCOMPARE(m_log->trouble(), QStringList());
-        m_log.reset();
+        QPluginLoader loader(QStringLiteral(PLUGIN_FILE));
+        auto* const collection = qobject_cast<QDesignerCustomWidgetCollectionInterface*>(loader.instance());
+        if (!collection)
+            qFatal("The plug-in cannot be loaded: %s", qPrintable(loader.errorString()));
+        return collection->customWidgets();
     }
 
+    std::unique_ptr<QWidget> open()
+    {
+        QUiLoader loader;
+        loader.clearPluginPaths();
+        loader.addPluginPath(QFileInfo(QStringLiteral(PLUGIN_FILE)).absolutePath());
+        log().expectWarning(QStringLiteral("'AccountBox'; defaulting to base class 'OrloAccountComboBox'"));
+        QFile file(QStringLiteral(FORM_FILE));
+        if (!file.open(QIODevice::ReadOnly))
+            qFatal("The form cannot be read");
+        return std::unique_ptr<QWidget>(loader.load(&file));
+    }
+
+private Q_SLOTS:
     void thePluginOffersTheClientsWidgets()
     {
         QMap<QString, QDesignerCustomWidgetInterface*> found;
@@ -138,30 +152,6 @@ private Q_SLOTS:
         QCOMPARE(search->property("text").toString(), QStringLiteral("600"));
         window->findChild<QComboBox*>(QStringLiteral("combx_fundAccount"))->showPopup();
     }
-
-private:
-    static QList<QDesignerCustomWidgetInterface*> offered()
-    {
-        QPluginLoader loader(QStringLiteral(PLUGIN_FILE));
-        auto* const collection = qobject_cast<QDesignerCustomWidgetCollectionInterface*>(loader.instance());
-        if (!collection)
-            qFatal("The plug-in cannot be loaded: %s", qPrintable(loader.errorString()));
-        return collection->customWidgets();
-    }
-
-    std::unique_ptr<QWidget> open()
-    {
-        QUiLoader loader;
-        loader.clearPluginPaths();
-        loader.addPluginPath(QFileInfo(QStringLiteral(PLUGIN_FILE)).absolutePath());
-        m_log->expectWarning(QStringLiteral("'AccountBox'; defaulting to base class 'OrloAccountComboBox'"));
-        QFile file(QStringLiteral(FORM_FILE));
-        if (!file.open(QIODevice::ReadOnly))
-            qFatal("The form cannot be read");
-        return std::unique_ptr<QWidget>(loader.load(&file));
-    }
-
-    std::unique_ptr<LogCatcher> m_log;
 };
 
 QTEST_MAIN(DesignerPluginTest)

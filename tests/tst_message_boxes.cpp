@@ -1,4 +1,4 @@
-#include "LogCatcher.h"
+#include "LoggedTest.h"
 #include "OrloWidget.h"
 #include <QApplication>
 #include <QDialog>
@@ -10,27 +10,44 @@
 #include <QTimer>
 #include <functional>
 
-class MessageBoxesTest : public QObject {
+class MessageBoxesTest : public LoggedTest {
     Q_OBJECT
 
-private Q_SLOTS:
-    void init()
+private:
+    void prepare() override
     {
-        m_log = new LogCatcher;
         m_boxes = 0;
         m_parent = new QWidget;
         m_parent->show();
         QVERIFY(QTest::qWaitForWindowExposed(m_parent));
     }
 
-    void cleanup()
+    void tidyUp() override
     {
         delete m_parent;
         QCOMPARE(m_boxes, 1);
-        QCOMPARE(m_log->trouble(), QStringList());
-        delete m_log;
     }
 
+    /// Does something with the box once it is open.
+    void whenOpen(const std::function<void(QDialog*)>& act)
+    {
+        QTimer::singleShot(0, this, [this, act] {
+            auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            QVERIFY(box);
+            ++m_boxes;
+            act(box);
+        });
+    }
+
+    QPushButton* button(const QDialog* box, const char* name) const
+    {
+        return box->findChild<QPushButton*>(QString::fromLatin1(name));
+    }
+
+    QPointer<QWidget> m_parent;
+    int m_boxes = 0;
+
+private Q_SLOTS:
     void eachKindHasItsNameAndText_data()
     {
         QTest::addColumn<QString>("name");
@@ -165,27 +182,6 @@ private Q_SLOTS:
         });
         QVERIFY(OrloWidget::ShowQuestionMsgBox(QStringLiteral("是否继续？"), nullptr, 0) != 0);
     }
-
-private:
-    /// Does something with the box once it is open.
-    void whenOpen(const std::function<void(QDialog*)>& act)
-    {
-        QTimer::singleShot(0, this, [this, act] {
-            auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            QVERIFY(box);
-            ++m_boxes;
-            act(box);
-        });
-    }
-
-    QPushButton* button(const QDialog* box, const char* name) const
-    {
-        return box->findChild<QPushButton*>(QString::fromLatin1(name));
-    }
-
-    LogCatcher* m_log = nullptr;
-    QPointer<QWidget> m_parent;
-    int m_boxes = 0;
 };
 
 QTEST_MAIN(MessageBoxesTest)

@@ -1,5 +1,5 @@
 #include "HintReader.h"
-#include "LogCatcher.h"
+#include "LoggedTest.h"
 #include "SuggestionPopup.h"
 #include "SymbolSearch.h"
 #include "VorSearchBox.h"
@@ -19,13 +19,13 @@ const QString preparing = QStringLiteral("证券列表正在准备，请稍候")
 
 } // namespace
 
-class SearchBoxTest : public QObject {
+class SearchBoxTest : public FieldTest {
     Q_OBJECT
 
-private Q_SLOTS:
-    void init()
+private:
+    void prepare() override
     {
-        m_log = new LogCatcher;
+        FieldTest::prepare();
         SymbolIndexes::instance().forget();
         WidgetServices::instance() = WidgetServices();
         auto& names = WidgetServices::instance().names;
@@ -39,30 +39,36 @@ private Q_SLOTS:
         names[QStringLiteral("300750.SZ")] = QStringLiteral("Alpha芯片ETF");
         m_market = SymbolList(stocks);
         m_market += SymbolList({ QStringLiteral("600000.BJ"), QStringLiteral("000001.SH") });
-        m_window = new QWidget;
-        m_box = new VorSearchBox(m_window);
-        m_other = new QLineEdit(m_window);
-        m_other->move(0, 60);
-        m_window->resize(300, 120);
+        m_box = new VorSearchBox(&window());
         m_box->setSecurityList(m_market);
         SymbolIndexes::instance().waitForFinished();
         WidgetServices::instance().nameLookups = 0;
         m_box->setSearchMode(1);
         m_box->setMinMatchLength(6);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_window));
-        m_window->activateWindow();
-        m_box->setFocus();
-        QTRY_VERIFY(m_box->hasFocus());
+        showWith(m_box);
     }
 
-    void cleanup()
+    SuggestionPopup* list() const { return m_box->findChild<SuggestionPopup*>(); }
+
+    QStringList rows() const { return suggestions(m_box); }
+
+    /// Another list, whose preparation waits for the names that are held.
+    void setUnpreparedList(const SymbolList& symbols)
     {
-        delete m_window;
-        QCOMPARE(m_log->trouble(), QStringList());
-        delete m_log;
+        m_box->setSecurityList(SymbolList({ QStringLiteral("blocks") }));
+        m_box->setSearchMode(0);
+        type(QStringLiteral("blocks"));
+        QTRY_COMPARE(rows().size(), 1);
+        m_box->clear();
+        m_box->setSearchMode(1);
+        m_box->setSecurityList(symbols);
     }
+    void type(const QString& text) { QTest::keyClicks(m_box, text); }
 
+    SymbolList m_market;
+    VorSearchBox* m_box = nullptr;
+
+private Q_SLOTS:
     void nothingMatchesBeforeTheLeastNumberOfCharacters()
     {
         type(QStringLiteral("60000"));
@@ -187,7 +193,7 @@ private Q_SLOTS:
         QSignalSpy codes(m_box, &VorSearchBox::selectStockCodeChange);
         type(QStringLiteral("300750"));
         QTest::keyClick(m_box, Qt::Key_Tab);
-        QVERIFY(m_other->hasFocus());
+        QVERIFY(nextField().hasFocus());
         QCOMPARE(m_box->getSymbol(), QStringLiteral("300750.SZ"));
         QCOMPARE(codes.count(), 1);
         QVERIFY(!list()->isVisible());
@@ -327,7 +333,7 @@ private Q_SLOTS:
 
     void theListIsMadeReadyWhenTheBoxGetsTheFocus()
     {
-        VorSearchBox box(m_window);
+        VorSearchBox box(&window());
         box.show();
         const auto* const popup = box.findChild<SuggestionPopup*>();
         QVERIFY(!popup->testAttribute(Qt::WA_WState_Created));
@@ -342,7 +348,7 @@ private Q_SLOTS:
         const auto letters = SymbolSearch(m_market.runs()).letters();
         // 东海科技股份号 南山银行控股集团 Alpha芯片ETF in upper case, and the ten digits: 股 stands twice.
         QCOMPARE(letters.count(true), 7 + 7 + 2 + 7 + 10);
-        GlyphPrewarmer ahead(m_other);
+        GlyphPrewarmer ahead(&nextField());
         const auto* const idle = ahead.findChild<QTimer*>();
         QVERIFY(!idle->isActive());
         ahead.draw(letters);
@@ -473,13 +479,13 @@ private Q_SLOTS:
         setUnpreparedList(m_market);
         type(QStringLiteral("300750"));
         QTest::keyClick(m_box, Qt::Key_Tab);
-        QVERIFY(m_other->hasFocus());
+        QVERIFY(nextField().hasFocus());
         QCOMPARE(m_box->text(), QStringLiteral("300750"));
         QCOMPARE(m_box->getSymbol(), QString());
         QCOMPARE(hintAt(m_box), preparing);
         held.release();
         QTRY_COMPARE(m_box->getSymbol(), QStringLiteral("300750.SZ"));
-        QVERIFY(m_other->hasFocus());
+        QVERIFY(nextField().hasFocus());
         QCOMPARE(rows(), QStringList());
         QCOMPARE(hintAt(m_box), QString());
     }
@@ -555,38 +561,6 @@ private Q_SLOTS:
         indexes.waitForFinished();
         QVERIFY(again->hasCodes() && again->hasNames());
     }
-
-private:
-    SuggestionPopup* list() const { return m_box->findChild<SuggestionPopup*>(); }
-
-    QStringList rows() const
-    {
-        if (!list()->isVisible())
-            return {};
-        QStringList texts;
-        for (int row = 0; row < list()->model()->rowCount(); ++row)
-            texts.append(list()->model()->index(row, 0).data().toString());
-        return texts;
-    }
-
-    /// Another list, whose preparation waits for the names that are held.
-    void setUnpreparedList(const SymbolList& symbols)
-    {
-        m_box->setSecurityList(SymbolList({ QStringLiteral("blocks") }));
-        m_box->setSearchMode(0);
-        type(QStringLiteral("blocks"));
-        QTRY_COMPARE(rows().size(), 1);
-        m_box->clear();
-        m_box->setSearchMode(1);
-        m_box->setSecurityList(symbols);
-    }
-    void type(const QString& text) { QTest::keyClicks(m_box, text); }
-
-    LogCatcher* m_log = nullptr;
-    SymbolList m_market;
-    QWidget* m_window = nullptr;
-    VorSearchBox* m_box = nullptr;
-    QLineEdit* m_other = nullptr;
 };
 
 QTEST_MAIN(SearchBoxTest)

@@ -1,7 +1,7 @@
 #include "Appearance.h"
 #include "FieldHint.h"
 #include "HintReader.h"
-#include "LogCatcher.h"
+#include "LoggedTest.h"
 #include "OrloElidedLabel.h"
 #include "OrloHintLabel.h"
 #include "OrloPushButton.h"
@@ -11,42 +11,13 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
-#include <QRegularExpression>
 #include <QScreen>
 #include <QTest>
-#include <cmath>
 
-namespace {
-
-double luminance(const QColor& colour)
-{
-    const auto linear = [](double part) {
-        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
-}
-
-double contrast(const QColor& a, const QColor& b)
-{
-    const double bright = qMax(luminance(a), luminance(b));
-    const double dark = qMin(luminance(a), luminance(b));
-    return (bright + 0.05) / (dark + 0.05);
-}
-
-} // namespace
-
-class SmallWidgetsTest : public QObject {
+class SmallWidgetsTest : public LoggedTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { m_log = new LogCatcher; }
-
-    void cleanup()
-    {
-        QCOMPARE(m_log->trouble(), QStringList());
-        delete m_log;
-    }
-
     void anElidedLabelShowsTheWholeTextAsToolTip()
     {
         OrloElidedLabel label;
@@ -182,42 +153,11 @@ private Q_SLOTS:
         QVERIFY(skinSheet(QStringLiteral("light")) != skinSheet(QStringLiteral("dark")));
     }
 
-    void everyRuleOfASkinIsReadable_data()
-    {
-        QTest::addColumn<QString>("skin");
-        QTest::newRow("light") << QStringLiteral("light");
-        QTest::newRow("dark") << QStringLiteral("dark");
-    }
-
-    void everyRuleOfASkinIsReadable()
-    {
-        QFETCH(QString, skin);
-        const QRegularExpression rule(QStringLiteral("([^{}]+)\\{([^{}]*)\\}"));
-        const QRegularExpression text(QStringLiteral("(?:^|[;{\\s])color:\\s*(#[0-9a-f]{6})"));
-        const QRegularExpression ground(QStringLiteral("background-color:\\s*(#[0-9a-f]{6})"));
-        int compared = 0;
-        auto rules = rule.globalMatch(skinSheet(skin));
-        while (rules.hasNext()) {
-            const QRegularExpressionMatch match = rules.next();
-            const QRegularExpressionMatch front = text.match(match.captured(2));
-            const QRegularExpressionMatch back = ground.match(match.captured(2));
-            if (!front.hasMatch() || !back.hasMatch())
-                continue;
-            ++compared;
-            QVERIFY2(contrast(QColor(front.captured(1)), QColor(back.captured(1))) >= 4.5,
-                qPrintable(match.captured(1).trimmed()));
-        }
-        QVERIFY(compared >= 10);
-    }
-
     void anUnknownSkinIsEmptyAndLogged()
     {
-        m_log->expectWarning(QStringLiteral("skinSheet"));
+        log().expectWarning(QStringLiteral("skinSheet"));
         QCOMPARE(skinSheet(QStringLiteral("../light")), QString());
     }
-
-private:
-    LogCatcher* m_log = nullptr;
 };
 
 QTEST_MAIN(SmallWidgetsTest)

@@ -1,3 +1,4 @@
+#include "LoggedTest.h"
 #include "TradeCalendar.h"
 
 #include "Kelvo_Values.h"
@@ -25,35 +26,9 @@ QString shanghai()
     return Kelvo_Values::Exchange::sh;
 }
 
-/// Counts what a calendar says in the log.
-class LogCounter {
-public:
-    LogCounter()
-    {
-        messages().clear();
-        m_previous = qInstallMessageHandler(
-            [](QtMsgType, const QMessageLogContext&, const QString& text) { messages() << text; });
-    }
-    ~LogCounter() { qInstallMessageHandler(m_previous); }
-    LogCounter(const LogCounter&) = delete;
-    LogCounter& operator=(const LogCounter&) = delete;
-
-    static int containing(const QString& text) { return messages().filter(text).size(); }
-    static int count() { return messages().size(); }
-
-private:
-    static QStringList& messages()
-    {
-        static QStringList list;
-        return list;
-    }
-
-    QtMessageHandler m_previous;
-};
-
 } // namespace
 
-class TradeCalendarTest : public QObject {
+class TradeCalendarTest : public LoggedTest {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -153,18 +128,17 @@ private Q_SLOTS:
         QCOMPARE(calendar.lastKnownDay(QStringLiteral("XNYS")), QDate());
     }
 
-    void provisionalYearsAreSaidOncePerExchange()
+    void provisionalYearsAreLoggedOncePerExchange()
     {
         TradeCalendar calendar;
         QCOMPARE(calendar.load(headings + "mainland,2026-01-01,元旦,announced\nmainland,2027-01-01,元旦,provisional\n"),
             QString());
-        const LogCounter log;
         QString error;
         for (int i = 0; i < 3; ++i)
             calendar.tradeDays(shanghai(), QDate(2026, 6, 1), error);
-        QCOMPARE(LogCounter::containing(QStringLiteral("2027 年休市安排尚未公布")), 1);
-        QCOMPARE(LogCounter::containing(QStringLiteral("2027-12-31 之后的交易日未知")), 1);
-        QCOMPARE(LogCounter::count(), 2);
+        QCOMPARE(log().linesWith(QtInfoMsg, QStringLiteral("2027 年休市安排尚未公布")).size(), 1);
+        QCOMPARE(log().linesWith(QtInfoMsg, QStringLiteral("2027-12-31 之后的交易日未知")).size(), 1);
+        QCOMPARE(log().lines().size(), 2);
     }
 
     void aBrokenTableIsRefusedAndTheOldOneKept_data()
