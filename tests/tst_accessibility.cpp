@@ -5,7 +5,7 @@
 #include "EditorForm.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Values.h"
-#include "LogCatcher.h"
+#include "LoggedTest.h"
 #include "MainWindow.h"
 #include "MessageBox.h"
 #include "OrloElidedLabel.h"
@@ -83,34 +83,6 @@ void bring(const QWidget& form, const QString& state)
         choose(form, "combx_instructionMode", InstMode::AlgoReview);
     if (state == words("an amount"))
         choose(form, "combx_instructionTargetType", InstructionTargetType::AmountOrder);
-}
-
-/// Captions and the fields that they are for; that of the period has another field while a holding is reduced.
-QMap<QString, QString> fieldsOfCaptions(bool reduces)
-{
-    return {
-        { words("la_fundAccountName"), words("combx_fundAccount") },
-        { words("la_instructType"), words("combx_instructionType") },
-        { words("label"), words("combx_instructionTargetType") },
-        { words("la_plainType"), words("combx_planType") },
-        { words("la_securityId"), words("le_symbol") },
-        { words("la_exchange"), words("le_exchange") },
-        { words("la_tradeSide"), words("combx_tradeSide") },
-        { words("la_priceType"), words("combx_priceType") },
-        { words("la_entrustType"), words("combx_entrustType") },
-        { words("la_priceMode"), words("combx_priceMode") },
-        { words("label_price1"), words("lineEdit_price1") },
-        { words("label_price2"), words("lineEdit_price2") },
-        { words("la_targetTotalNum"), words("le_targetTotalNum") },
-        { words("la_entrustMaxNum"), words("le_entrustMaxNum") },
-        { words("la_reduceHRatio"), words("le_reduceHRatio") },
-        { words("la_orderMode"), words("combx_instructionMode") },
-        { words("la_assignTo"), words("combx_assignTo") },
-        { words("la_effectivePeriod"),
-            reduces ? words("date_effectivePeriod_Single") : words("date_effectivePeriod_Multi") },
-        { words("la_reduceHMode"), words("combx_reduceHMode") },
-        { words("la_remark"), words("le_remark") },
-    };
 }
 
 /// Every stop of the Tab key in its order, each of the dates with the button of its calendar.
@@ -307,342 +279,18 @@ public:
 } // namespace
 
 /// The form, the window and the boxes as those meet them who use a keyboard, a screen reader, a larger font or a zoom.
-class AccessibilityTest : public QObject {
+class AccessibilityTest : public LoggedTest {
     Q_OBJECT
 
-private Q_SLOTS:
-    void initTestCase()
-    {
-        setToday(SampleSession::today());
-        QApplication::setStyle(QStringLiteral("Fusion"));
-        m_session = std::make_unique<SampleSession>();
-        QCOMPARE(m_session->reason(), QString());
-        QVERIFY(!m_session->create(SampleSession::record()).isEmpty());
-    }
-    void init() { m_log = std::make_unique<LogCatcher>(); }
-
-    void cleanup()
+private:
+    void tidyUp() override
     {
         if (m_window && dialog().editor())
             dialog().leave();
         m_window.reset();
-        QCOMPARE(m_log->trouble(), QStringList());
-        m_log.reset();
         qApp->setStyleSheet(QString());
     }
 
-    void eachCaptionIsThatOfItsField_data() { addStates(); }
-
-    void eachCaptionIsThatOfItsField()
-    {
-        QFETCH(QString, state);
-        openForm(state);
-        const QMap<QString, QString> expected = fieldsOfCaptions(state == words("a reduction"));
-        QMap<QString, QString> found;
-        for (const QLabel* const caption : form().findChildren<QLabel*>()) {
-            if (!caption->buddy())
-                continue;
-            found.insert(caption->objectName(), caption->buddy()->objectName());
-            QVERIFY2(caption->isVisible() == caption->buddy()->isVisible(), qPrintable(caption->objectName()));
-        }
-        QCOMPARE(found, expected);
-    }
-    void eachFieldHasANameAndADescription_data() { addStates(); }
-
-    void eachFieldHasANameAndADescription()
-    {
-        QFETCH(QString, state);
-        openForm(state);
-        const QMap<QString, QString> captions = fieldsOfCaptions(state == words("a reduction"));
-        for (auto pair = captions.cbegin(); pair != captions.cend(); ++pair) {
-            const QString caption = form().findChild<QLabel*>(pair.key())->text();
-            const auto* const named = form().findChild<QWidget*>(pair.value());
-            QVERIFY2(!caption.isEmpty(), qPrintable(pair.key()));
-            QCOMPARE(named->accessibleName(), caption);
-            QVERIFY2(!named->accessibleDescription().isEmpty(), qPrintable(pair.value()));
-        }
-        int count = 0;
-        QCOMPARE(namelessFields(&form(), &count), QString());
-        QVERIFY(count >= 17);
-    }
-
-    void namesFollowCaptionsThatChange()
-    {
-        openForm(words("an ordinary plan"));
-        QCOMPARE(field<QWidget>(form(), "lineEdit_price1")->accessibleName(), words("价格1"));
-        choose(form(), "combx_priceMode", PriceModel::NoLimit);
-        QCOMPARE(field<QWidget>(form(), "lineEdit_price1")->accessibleName(), words("价格"));
-        QCOMPARE(field<QWidget>(form(), "le_entrustMaxNum")->accessibleName(), words("每日最大委托量"));
-        choose(form(), "combx_planType", PlanType::SameElements);
-        QCOMPARE(field<QWidget>(form(), "le_entrustMaxNum")->accessibleName(), words("每日计划量"));
-        QCOMPARE(field<QWidget>(form(), "combx_assignTo")->accessibleName(), words("分配给"));
-        choose(form(), "combx_planType", PlanType::ReduceHoldings);
-        QCOMPARE(field<QWidget>(form(), "combx_assignTo")->accessibleName(), words("执行人"));
-        const auto* const caption = field<QLabel>(form(), "la_effectivePeriod");
-        QCOMPARE(caption->buddy(), field<QWidget>(form(), "date_effectivePeriod_Single"));
-        choose(form(), "combx_planType", PlanType::CumulativeQty);
-        QCOMPARE(caption->buddy(), field<QWidget>(form(), "date_effectivePeriod_Multi"));
-    }
-
-    void namesAndDescriptionsFollowTheLanguage()
-    {
-        BracketTranslator translator;
-        QVERIFY(QCoreApplication::installTranslator(&translator));
-        openForm(words("an ordinary plan"));
-        for (const char* const name : { "combx_fundAccount", "le_symbol", "lineEdit_price1", "le_targetTotalNum",
-                 "combx_instructionMode", "date_effectivePeriod_Multi", "date_effectivePeriod_Single", "le_remark" }) {
-            const auto* const named = field<QWidget>(form(), name);
-            QVERIFY2(named->accessibleName().startsWith(QLatin1Char('<')), name);
-            QVERIFY2(named->accessibleDescription().startsWith(QLatin1Char('<')), name);
-        }
-        QCoreApplication::removeTranslator(&translator);
-    }
-
-    void descriptionsTellTheUnitAndTheStep()
-    {
-        openForm(words("an ordinary plan"));
-        QCOMPARE(field<QWidget>(form(), "le_targetTotalNum")->accessibleDescription(), words("单位：股"));
-        QCOMPARE(field<QWidget>(form(), "label_targetQtyStep")->toolTip(), QString());
-        bring(form(), words("Hong Kong"));
-        QCoreApplication::processEvents();
-        const auto* const step = field<QLabel>(form(), "label_maxEntrustQtyStep");
-        QVERIFY(step->text().toInt() >= 100);
-        QCOMPARE(step->toolTip(), words("应为%1的整数倍").arg(step->text()));
-        bring(form(), words("an amount"));
-        QCOMPARE(field<QWidget>(form(), "le_entrustMaxNum")->accessibleDescription(), words("单位：元"));
-    }
-    void tabReachesEachFieldInItsOrder_data() { addStates(); }
-
-    void tabReachesEachFieldInItsOrder()
-    {
-        QFETCH(QString, state);
-        openForm(state);
-        QStringList expected;
-        for (const QString& name : tabStops()) {
-            if (usable(form(), name))
-                expected.append(name);
-        }
-        QVERIFY(expected.size() >= 14);
-        field<QWidget>(form(), "combx_fundAccount")->setFocus(Qt::TabFocusReason);
-        QStringList reached;
-        for (int i = 0; i < expected.size(); ++i) {
-            reached.append(QApplication::focusWidget()->objectName());
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        }
-        QCOMPARE(reached.join(QLatin1Char(' ')), expected.join(QLatin1Char(' ')));
-        QCOMPARE(QApplication::focusWidget()->objectName(), expected.constFirst());
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
-        QCOMPARE(QApplication::focusWidget()->objectName(), words("btn_cancel"));
-    }
-    void theFocusIsSeen_data() { addSkins(); }
-
-    void theFocusIsSeen()
-    {
-        QFETCH(QString, skin);
-        openForm(words("an algorithm"), skin);
-        QStringList unseen;
-        for (const QString& name : tabStops()) {
-            QWidget* const stop = usable(form(), name);
-            if (!stop)
-                continue;
-            field<QWidget>(form(), name == words("btn_ok") ? "btn_cancel" : "btn_ok")->setFocus();
-            const QVector<QRgb> without = ring(form(), stop);
-            stop->setFocus(Qt::TabFocusReason);
-            const double seen = difference(without, ring(form(), stop));
-            if (seen < 1.5)
-                unseen.append(QStringLiteral("%1 %2").arg(name).arg(seen));
-        }
-        QCOMPARE(unseen.join(QLatin1Char('\n')), QString());
-    }
-    void paintedTextsStandOut_data() { addSkins(); }
-
-    void paintedTextsStandOut()
-    {
-        QFETCH(QString, skin);
-        for (const QString& state : { words("a reduction"), words("Hong Kong"), words("an algorithm") }) {
-            openForm(state, skin);
-            field<QWidget>(form(), "btn_cancel")->setFocus();
-            QStringList faint;
-            for (QWidget* const widget : form().findChildren<QWidget*>()) {
-                const ShownText shown = shownText(widget);
-                if (!widget->isVisible() || shown.text.isEmpty())
-                    continue;
-                const double painted = paintedContrast(form(), widget, shown.room);
-                if (painted < 4.5)
-                    faint.append(QStringLiteral("%1 %2").arg(titleOf(widget)).arg(painted));
-            }
-            QCOMPARE(faint.join(QLatin1Char('\n')), QString());
-        }
-    }
-
-    void noTextIsCut_data()
-    {
-        QTest::addColumn<QString>("state");
-        QTest::addColumn<QString>("skin");
-        QTest::addColumn<double>("fontFactor");
-        for (const QString& state : states()) {
-            for (const QString& skin : skinNames()) {
-                for (const double factor : { 1.0, 1.5 })
-                    QTest::newRow(qPrintable(QStringLiteral("%1, %2, font times %3").arg(state, skin).arg(factor)))
-                        << state << skin << factor;
-            }
-        }
-    }
-
-    void noTextIsCut()
-    {
-        QFETCH(QString, state);
-        QFETCH(QString, skin);
-        QFETCH(double, fontFactor);
-        openForm(state, skin, fontFactor);
-        field<QLineEdit>(form(), "le_remark")->setText(words("备注"));
-        QCoreApplication::processEvents();
-        int count = 0;
-        QCOMPARE(cutTexts(&form(), &count), QString());
-        QVERIFY(count >= 30);
-        for (const char* const name : { "btn_ok", "btn_cancel" }) {
-            const auto* const button = field<QPushButton>(form(), name);
-            QVERIFY2(button->height() >= button->sizeHint().height(), name);
-        }
-    }
-    void captionsOfBothSectionsLineUp_data() { addFonts(); }
-
-    void captionsOfBothSectionsLineUp()
-    {
-        QFETCH(double, fontFactor);
-        openForm(words("an ordinary plan"), words("light"), fontFactor);
-        int edge = 0;
-        for (const QLabel* const caption : form().findChildren<QLabel*>()) {
-            if (!caption->buddy() || !caption->isVisible())
-                continue;
-            const int right = caption->mapTo(&form(), QPoint(caption->width(), 0)).x();
-            edge = edge == 0 ? right : edge;
-            QVERIFY2(right == edge, qPrintable(caption->objectName()));
-        }
-        QCOMPARE(field<QWidget>(form(), "la_fundAccountName")->width(), 98);
-        QCOMPARE(field<QWidget>(form(), "la_priceMode")->width(), 98);
-    }
-
-    void theAlgorithmPanelIsNamedAndUncut_data() { addFonts(); }
-
-    void theAlgorithmPanelIsNamedAndUncut()
-    {
-        QFETCH(double, fontFactor);
-        openForm(words("an algorithm"), words("light"), fontFactor);
-        QWidget* const panel = openPanel();
-        QVERIFY(panel && panel->isVisible());
-        auto* const strategies = field<QComboBox>(*panel, "combx_strategy");
-        QCOMPARE(strategies->count(), 5);
-        for (int i = 0; i < strategies->count(); ++i) {
-            strategies->setCurrentIndex(i);
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-            QCoreApplication::processEvents();
-            QCOMPARE(namelessFields(panel), QString());
-            QCOMPARE(cutTexts(panel), QString());
-            for (const QWidget* const input : panel->findChildren<QWidget*>()) {
-                if (input->objectName().startsWith(QLatin1String("input_")))
-                    QVERIFY2(!input->accessibleDescription().isEmpty(), qPrintable(input->objectName()));
-            }
-        }
-        panel->hide();
-    }
-    void whatIsWrongInThePanelStandsOut_data() { addSkins(); }
-
-    void whatIsWrongInThePanelStandsOut()
-    {
-        QFETCH(QString, skin);
-        openForm(words("an algorithm"), skin);
-        QWidget* const panel = openPanel();
-        QVERIFY(panel && panel->isVisible());
-        field<QComboBox>(*panel, "combx_strategy")->setCurrentIndex(0);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        auto* const input = field<QAbstractSpinBox>(*panel, "input_SliceInterval");
-        input->findChild<QLineEdit*>()->setText(words("x"));
-        field<QPushButton>(*panel, "btn_ok")->click();
-        QVERIFY(panel->isVisible());
-        QCoreApplication::processEvents();
-        auto* const message = field<QLabel>(*panel, "lab_message");
-        QVERIFY(message->isVisible());
-        const SkinSheet sheet(skinSheet(skin));
-        const QColor ink = sheet.colour({ words("QLabel#lab_message") }, words("color"));
-        QCOMPARE(message->palette().color(QPalette::WindowText), ink);
-        QCOMPARE(input->palette().color(QPalette::Text), ink);
-        QVERIFY(paintedContrast(*panel, message, message->rect()) >= 4.5);
-        panel->hide();
-    }
-    void theWindowIsNamedAndUncut_data() { addFonts(); }
-
-    void theWindowIsNamedAndUncut()
-    {
-        QFETCH(double, fontFactor);
-        open(words("light"), fontFactor);
-        QCOMPARE(namelessFields(m_window.get()), QString());
-        QCOMPARE(cutTexts(m_window.get()), QString());
-        QCOMPARE(m_window->findChild<QWidget*>(words("planTable"))->accessibleName(), words("计划列表"));
-        QCOMPARE(m_window->findChild<QWidget*>(words("planDetails"))->accessibleName(), words("计划内容"));
-    }
-    void theWindowsFocusIsSeen_data() { addSkins(); }
-
-    void theWindowsFocusIsSeen()
-    {
-        QFETCH(QString, skin);
-        open(skin);
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-        auto* const table = m_window->findChild<QWidget*>(words("planTable"));
-        auto* const details = m_window->findChild<QWidget*>(words("planDetails"));
-        table->setFocus();
-        const QVector<QRgb> focusedTable = ring(*m_window, table);
-        const QVector<QRgb> unfocusedDetails = ring(*m_window, details);
-        details->setFocus();
-        QVERIFY(difference(focusedTable, ring(*m_window, table)) >= 1.5);
-        QVERIFY(difference(unfocusedDetails, ring(*m_window, details)) >= 1.5);
-    }
-
-    void boxesAndPopupsAreNamed()
-    {
-        openForm(words("an ordinary plan"));
-        MessageBox box({ words("msgBoxQuestion"), words("确认"), QStyle::SP_MessageBoxQuestion },
-            words("目标总量需等于【2000】的整数倍，是否继续？"), &dialog());
-        box.addDecline(true);
-        box.show();
-        QCOMPARE(namelessFields(&box), QString());
-        QCOMPARE(cutTexts(&box), QString());
-        QCOMPARE(QAccessible::queryAccessibleInterface(&box)->text(QAccessible::Name), words("确认"));
-        QCOMPARE(box.accessibleDescription(), words("目标总量需等于【2000】的整数倍，是否继续？"));
-        box.close();
-
-        field<QComboBox>(form(), "combx_fundAccount")->showPopup();
-        auto* const popup = form().findChild<QWidget*>(words("comboSearchPopup"));
-        QCOMPARE(namelessFields(popup), QString());
-        popup->hide();
-
-        field<QAbstractButton>(form(), "btn_startCalendar")->click();
-        auto* const calendar = form().findChild<CalendarPopup*>();
-        QVERIFY(calendar);
-        QCOMPARE(calendar->accessibleName(), words("日历，") + field<QLineEdit>(form(), "le_start")->text());
-        QCOMPARE(cutTexts(calendar), QString());
-        calendar->close();
-    }
-    void theHintOfAnEmptySearchStandsOut_data() { addSkins(); }
-
-    void theHintOfAnEmptySearchStandsOut()
-    {
-        QFETCH(QString, skin);
-        openForm(words("an ordinary plan"), skin);
-        auto* const accounts = field<QComboBox>(form(), "combx_fundAccount");
-        // Once more after it was open: the skin must not have taken the colour back.
-        for (int i = 0; i < 2; ++i) {
-            accounts->showPopup();
-            QCoreApplication::processEvents();
-            const auto* const search = form().findChild<QLineEdit*>(words("comboSearch"));
-            const QColor ground =
-                SkinSheet(skinSheet(skin)).colour({ words("QLineEdit:focus") }, words("background-color"));
-            QVERIFY(contrast(search->palette().color(QPalette::PlaceholderText), ground) >= 4.5);
-            accounts->hidePopup();
-        }
-    }
-
-private:
     static void addStates()
     {
         QTest::addColumn<QString>("state");
@@ -694,8 +342,305 @@ private:
     AutoParamSetting& form() const { return *dialog().editor(); }
 
     std::unique_ptr<SampleSession> m_session;
-    std::unique_ptr<LogCatcher> m_log;
     std::unique_ptr<MainWindow> m_window;
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        setToday(SampleSession::today());
+        QApplication::setStyle(QStringLiteral("Fusion"));
+        m_session = std::make_unique<SampleSession>();
+        QCOMPARE(m_session->reason(), QString());
+        QVERIFY(!m_session->create(SampleSession::record()).isEmpty());
+    }
+    void eachCaptionNamesItsField_data() { addStates(); }
+    void eachCaptionNamesItsField()
+    {
+        QFETCH(QString, state);
+        openForm(state);
+        int captions = 0;
+        for (const QLabel* const caption : form().findChildren<QLabel*>()) {
+            const QWidget* const named = caption->buddy();
+            if (!named)
+                continue;
+            ++captions;
+            QVERIFY2(caption->isVisible() == named->isVisible(), qPrintable(caption->objectName()));
+            QVERIFY2(!caption->text().isEmpty(), qPrintable(caption->objectName()));
+            QCOMPARE(named->accessibleName(), caption->text());
+            QVERIFY2(!named->accessibleDescription().isEmpty(), qPrintable(named->objectName()));
+        }
+        QCOMPARE(captions, 20);
+        int fields = 0;
+        QCOMPARE(namelessFields(&form(), &fields), QString());
+        QVERIFY(fields >= 17);
+    }
+
+    void namesFollowCaptionsThatChange()
+    {
+        openForm(words("an ordinary plan"));
+        QCOMPARE(field<QWidget>(form(), "lineEdit_price1")->accessibleName(), words("价格1"));
+        choose(form(), "combx_priceMode", PriceModel::NoLimit);
+        QCOMPARE(field<QWidget>(form(), "lineEdit_price1")->accessibleName(), words("价格"));
+        QCOMPARE(field<QWidget>(form(), "le_entrustMaxNum")->accessibleName(), words("每日最大委托量"));
+        choose(form(), "combx_planType", PlanType::SameElements);
+        QCOMPARE(field<QWidget>(form(), "le_entrustMaxNum")->accessibleName(), words("每日计划量"));
+        QCOMPARE(field<QWidget>(form(), "combx_assignTo")->accessibleName(), words("分配给"));
+        choose(form(), "combx_planType", PlanType::ReduceHoldings);
+        QCOMPARE(field<QWidget>(form(), "combx_assignTo")->accessibleName(), words("执行人"));
+        const auto* const caption = field<QLabel>(form(), "la_effectivePeriod");
+        QCOMPARE(caption->buddy(), field<QWidget>(form(), "date_effectivePeriod_Single"));
+        choose(form(), "combx_planType", PlanType::CumulativeQty);
+        QCOMPARE(caption->buddy(), field<QWidget>(form(), "date_effectivePeriod_Multi"));
+    }
+
+    void namesAndDescriptionsFollowTheLanguage()
+    {
+        BracketTranslator translator;
+        QVERIFY(QCoreApplication::installTranslator(&translator));
+        openForm(words("an ordinary plan"));
+        for (const char* const name : { "combx_fundAccount", "le_symbol", "lineEdit_price1", "le_targetTotalNum",
+                 "combx_instructionMode", "date_effectivePeriod_Multi", "date_effectivePeriod_Single", "le_remark" }) {
+            const auto* const named = field<QWidget>(form(), name);
+            QVERIFY2(named->accessibleName().startsWith(QLatin1Char('<')), name);
+            QVERIFY2(named->accessibleDescription().startsWith(QLatin1Char('<')), name);
+        }
+        QCoreApplication::removeTranslator(&translator);
+    }
+
+    void descriptionsTellTheUnitAndTheStep()
+    {
+        openForm(words("an ordinary plan"));
+        QCOMPARE(field<QWidget>(form(), "le_targetTotalNum")->accessibleDescription(), words("单位：股"));
+        QCOMPARE(field<QWidget>(form(), "label_targetQtyStep")->toolTip(), QString());
+        bring(form(), words("Hong Kong"));
+        QCoreApplication::processEvents();
+        const auto* const step = field<QLabel>(form(), "label_maxEntrustQtyStep");
+        QVERIFY(step->text().toInt() >= 100);
+        QCOMPARE(step->toolTip(), words("应为%1的整数倍").arg(step->text()));
+        bring(form(), words("an amount"));
+        QCOMPARE(field<QWidget>(form(), "le_entrustMaxNum")->accessibleDescription(), words("单位：元"));
+    }
+    void tabReachesEachFieldInItsOrder_data() { addStates(); }
+    void tabReachesEachFieldInItsOrder()
+    {
+        QFETCH(QString, state);
+        openForm(state);
+        QStringList expected;
+        for (const QString& name : tabStops()) {
+            if (usable(form(), name))
+                expected.append(name);
+        }
+        QVERIFY(expected.size() >= 14);
+        field<QWidget>(form(), "combx_fundAccount")->setFocus(Qt::TabFocusReason);
+        QStringList reached;
+        for (int i = 0; i < expected.size(); ++i) {
+            reached.append(QApplication::focusWidget()->objectName());
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        }
+        QCOMPARE(reached.join(QLatin1Char(' ')), expected.join(QLatin1Char(' ')));
+        QCOMPARE(QApplication::focusWidget()->objectName(), expected.constFirst());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+        QCOMPARE(QApplication::focusWidget()->objectName(), words("btn_cancel"));
+    }
+    void theFocusIsSeen_data() { addSkins(); }
+    void theFocusIsSeen()
+    {
+        QFETCH(QString, skin);
+        openForm(words("an algorithm"), skin);
+        QStringList unseen;
+        for (const QString& name : tabStops()) {
+            QWidget* const stop = usable(form(), name);
+            if (!stop)
+                continue;
+            field<QWidget>(form(), name == words("btn_ok") ? "btn_cancel" : "btn_ok")->setFocus();
+            const QVector<QRgb> without = ring(form(), stop);
+            stop->setFocus(Qt::TabFocusReason);
+            const double seen = difference(without, ring(form(), stop));
+            if (seen < 1.5)
+                unseen.append(QStringLiteral("%1 %2").arg(name).arg(seen));
+        }
+        QCOMPARE(unseen.join(QLatin1Char('\n')), QString());
+    }
+    void paintedTextsStandOut_data() { addSkins(); }
+    void paintedTextsStandOut()
+    {
+        QFETCH(QString, skin);
+        for (const QString& state : { words("a reduction"), words("Hong Kong"), words("an algorithm") }) {
+            openForm(state, skin);
+            field<QWidget>(form(), "btn_cancel")->setFocus();
+            QStringList faint;
+            for (QWidget* const widget : form().findChildren<QWidget*>()) {
+                const ShownText shown = shownText(widget);
+                if (!widget->isVisible() || shown.text.isEmpty())
+                    continue;
+                const double painted = paintedContrast(form(), widget, shown.room);
+                if (painted < 4.5)
+                    faint.append(QStringLiteral("%1 %2").arg(titleOf(widget)).arg(painted));
+            }
+            QCOMPARE(faint.join(QLatin1Char('\n')), QString());
+        }
+    }
+
+    void noTextIsCut_data()
+    {
+        QTest::addColumn<QString>("state");
+        QTest::addColumn<QString>("skin");
+        QTest::addColumn<double>("fontFactor");
+        for (const QString& state : states()) {
+            for (const QString& skin : skinNames()) {
+                for (const double factor : { 1.0, 1.5 })
+                    QTest::newRow(qPrintable(QStringLiteral("%1, %2, font times %3").arg(state, skin).arg(factor)))
+                        << state << skin << factor;
+            }
+        }
+    }
+
+    void noTextIsCut()
+    {
+        QFETCH(QString, state);
+        QFETCH(QString, skin);
+        QFETCH(double, fontFactor);
+        openForm(state, skin, fontFactor);
+        field<QLineEdit>(form(), "le_remark")->setText(words("备注"));
+        QCoreApplication::processEvents();
+        int count = 0;
+        QCOMPARE(cutTexts(&form(), &count), QString());
+        QVERIFY(count >= 30);
+        for (const char* const name : { "btn_ok", "btn_cancel" }) {
+            const auto* const button = field<QPushButton>(form(), name);
+            QVERIFY2(button->height() >= button->sizeHint().height(), name);
+        }
+    }
+    void captionsOfBothSectionsLineUp_data() { addFonts(); }
+    void captionsOfBothSectionsLineUp()
+    {
+        QFETCH(double, fontFactor);
+        openForm(words("an ordinary plan"), words("light"), fontFactor);
+        int edge = 0;
+        for (const QLabel* const caption : form().findChildren<QLabel*>()) {
+            if (!caption->buddy() || !caption->isVisible())
+                continue;
+            const int right = caption->mapTo(&form(), QPoint(caption->width(), 0)).x();
+            edge = edge == 0 ? right : edge;
+            QVERIFY2(right == edge, qPrintable(caption->objectName()));
+        }
+        QCOMPARE(field<QWidget>(form(), "la_fundAccountName")->width(), 98);
+        QCOMPARE(field<QWidget>(form(), "la_priceMode")->width(), 98);
+    }
+
+    void theAlgorithmPanelIsNamedAndUncut_data() { addFonts(); }
+    void theAlgorithmPanelIsNamedAndUncut()
+    {
+        QFETCH(double, fontFactor);
+        openForm(words("an algorithm"), words("light"), fontFactor);
+        QWidget* const panel = openPanel();
+        QVERIFY(panel && panel->isVisible());
+        auto* const strategies = field<QComboBox>(*panel, "combx_strategy");
+        QCOMPARE(strategies->count(), 5);
+        for (int i = 0; i < strategies->count(); ++i) {
+            strategies->setCurrentIndex(i);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            QCoreApplication::processEvents();
+            QCOMPARE(namelessFields(panel), QString());
+            QCOMPARE(cutTexts(panel), QString());
+            for (const QWidget* const input : panel->findChildren<QWidget*>()) {
+                if (input->objectName().startsWith(QLatin1String("input_")))
+                    QVERIFY2(!input->accessibleDescription().isEmpty(), qPrintable(input->objectName()));
+            }
+        }
+        panel->hide();
+    }
+    void whatIsWrongInThePanelStandsOut_data() { addSkins(); }
+    void whatIsWrongInThePanelStandsOut()
+    {
+        QFETCH(QString, skin);
+        openForm(words("an algorithm"), skin);
+        QWidget* const panel = openPanel();
+        QVERIFY(panel && panel->isVisible());
+        field<QComboBox>(*panel, "combx_strategy")->setCurrentIndex(0);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        auto* const input = field<QAbstractSpinBox>(*panel, "input_SliceInterval");
+        input->findChild<QLineEdit*>()->setText(words("x"));
+        field<QPushButton>(*panel, "btn_ok")->click();
+        QVERIFY(panel->isVisible());
+        QCoreApplication::processEvents();
+        auto* const message = field<QLabel>(*panel, "lab_message");
+        QVERIFY(message->isVisible());
+        const SkinSheet sheet(skinSheet(skin));
+        const QColor ink = sheet.colour({ words("QLabel#lab_message") }, words("color"));
+        QCOMPARE(message->palette().color(QPalette::WindowText), ink);
+        QCOMPARE(input->palette().color(QPalette::Text), ink);
+        QVERIFY(paintedContrast(*panel, message, message->rect()) >= 4.5);
+        panel->hide();
+    }
+    void theWindowIsNamedAndUncut_data() { addFonts(); }
+    void theWindowIsNamedAndUncut()
+    {
+        QFETCH(double, fontFactor);
+        open(words("light"), fontFactor);
+        QCOMPARE(namelessFields(m_window.get()), QString());
+        QCOMPARE(cutTexts(m_window.get()), QString());
+        QCOMPARE(m_window->findChild<QWidget*>(words("planTable"))->accessibleName(), words("计划列表"));
+        QCOMPARE(m_window->findChild<QWidget*>(words("planDetails"))->accessibleName(), words("计划内容"));
+    }
+    void theWindowsFocusIsSeen_data() { addSkins(); }
+    void theWindowsFocusIsSeen()
+    {
+        QFETCH(QString, skin);
+        open(skin);
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        auto* const table = m_window->findChild<QWidget*>(words("planTable"));
+        auto* const details = m_window->findChild<QWidget*>(words("planDetails"));
+        table->setFocus();
+        const QVector<QRgb> focusedTable = ring(*m_window, table);
+        const QVector<QRgb> unfocusedDetails = ring(*m_window, details);
+        details->setFocus();
+        QVERIFY(difference(focusedTable, ring(*m_window, table)) >= 1.5);
+        QVERIFY(difference(unfocusedDetails, ring(*m_window, details)) >= 1.5);
+    }
+
+    void boxesAndPopupsAreNamed()
+    {
+        openForm(words("an ordinary plan"));
+        MessageBox box({ words("msgBoxQuestion"), words("确认"), QStyle::SP_MessageBoxQuestion },
+            words("目标总量需等于【2000】的整数倍，是否继续？"), &dialog());
+        box.addDecline(true);
+        box.show();
+        QCOMPARE(namelessFields(&box), QString());
+        QCOMPARE(cutTexts(&box), QString());
+        QCOMPARE(QAccessible::queryAccessibleInterface(&box)->text(QAccessible::Name), words("确认"));
+        QCOMPARE(box.accessibleDescription(), words("目标总量需等于【2000】的整数倍，是否继续？"));
+        box.close();
+
+        field<QComboBox>(form(), "combx_fundAccount")->showPopup();
+        auto* const popup = form().findChild<QWidget*>(words("comboSearchPopup"));
+        QCOMPARE(namelessFields(popup), QString());
+        popup->hide();
+
+        field<QAbstractButton>(form(), "btn_startCalendar")->click();
+        auto* const calendar = form().findChild<CalendarPopup*>();
+        QVERIFY(calendar);
+        QCOMPARE(calendar->accessibleName(), words("日历，") + field<QLineEdit>(form(), "le_start")->text());
+        QCOMPARE(cutTexts(calendar), QString());
+        calendar->close();
+    }
+    void theHintOfAnEmptySearchStandsOut_data() { addSkins(); }
+    void theHintOfAnEmptySearchStandsOut()
+    {
+        QFETCH(QString, skin);
+        openForm(words("an ordinary plan"), skin);
+        auto* const accounts = field<QComboBox>(form(), "combx_fundAccount");
+        // Once more after it was open: the skin must not have taken the colour back.
+        for (int i = 0; i < 2; ++i) {
+            accounts->showPopup();
+            QCoreApplication::processEvents();
+            const auto* const search = form().findChild<QLineEdit*>(words("comboSearch"));
+            const QColor ground =
+                SkinSheet(skinSheet(skin)).colour({ words("QLineEdit:focus") }, words("background-color"));
+            QVERIFY(contrast(search->palette().color(QPalette::PlaceholderText), ground) >= 4.5);
+            accounts->hidePopup();
+        }
+    }
 };
 
 QTEST_MAIN(AccessibilityTest)
