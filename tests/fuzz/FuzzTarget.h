@@ -6,11 +6,11 @@
 #include <cstdint>
 #include <ctime>
 
-// The two functions of a fuzz target, under the names by which libFuzzer and CorpusRunner.cpp call them.
+// The two functions of a fuzz target, under the names by which libFuzzer calls them.
 
 /// Called once, before the first input.
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv);
-/// Takes one input. Whatever it is, the call returns 0 and leaves nothing behind; anything else is a finding.
+/// Takes one input. For every input the call returns 0 and leaves nothing behind; anything else is a finding.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size);
 
 /// Ends the program, the input being a finding, when a promise is broken.
@@ -20,7 +20,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size);
             qFatal("Broken: %s", #promise);                                                                            \
     } while (false)
 
-/// Holds one input to a second of the processor's time; what others do on the machine does not count.
+/// Limits one input to a second of processor time. libFuzzer's own limit counts the time of other processes, too.
 class FuzzSecond {
 public:
     FuzzSecond() = default;
