@@ -53,7 +53,7 @@ private Q_SLOTS:
 
     void namesThatBeginWithTheTokenComeFirst()
     {
-        QCOMPARE(FormulaCompletion::fitting(QStringLiteral("ma"), names("XMA MA5 昨收价")), names("MA5 XMA"));
+        QCOMPARE(FormulaCompletion::matches(QStringLiteral("ma"), names("XMA MA5 昨收价")), names("MA5 XMA"));
     }
 
     void typingOffersWhatFits()

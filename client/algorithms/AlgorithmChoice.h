@@ -7,42 +7,42 @@
 #include <QStringList>
 #include <QVariant>
 
-/// What an algorithm parameter widget knows, without its inputs: the algorithms it may offer, the plan's base data and
-/// the confirmed strategy with its parameters.
+/// The state of an algorithm parameter widget without its inputs: the offered algorithms, the plan's base data and the
+/// confirmed strategy with its parameters.
 ///
-/// The confirmed map holds the base data as they were at the confirmation, the parameters, and the strategy's name
-/// under `AutoPlanField::BaseField::algoStrategyName`, so that a stored map names its strategy by itself.
+/// The confirmed map holds the base data at the time of the confirmation, the parameters, and the strategy's name under
+/// `AutoPlanField::BaseField::algoStrategyName`, so that a stored map names its strategy.
 class AlgorithmChoice {
 public:
-    /// Sets the lists; they take effect with `refresh`.
+    /// Sets the lists; they take effect on `refresh`.
     void setWhiteList(const QStringList& names) { m_whiteList = names; }
     void setBlackList(const QStringList& names) { m_blackList = names; }
-    /// Works out the offered algorithms: the library's within the white list, in its order (an empty one does not
-    /// restrict, then in library order), without the black list.
+    /// Computes the offered algorithms: those of the white list that the library has, in the order of the list, or the
+    /// whole library if the list is empty; without those of the black list.
     void refresh();
     QStringList offered() const { return m_offered; }
 
-    /// Names the strategy that takes parameters from now on; empty for none. What is confirmed stays so.
+    /// Sets the strategy whose parameters are entered; empty for none. Does not change what is confirmed.
     void load(const QString& strategy) { m_loaded = strategy; }
     QString loaded() const { return m_loaded; }
 
-    /// Takes the plan's base data. A strategy that the map names, with parameters that it accepts, is loaded and
-    /// confirmed at once with the map as it is; the lists bind a choice, not what a stored plan holds. `reset` forgets
-    /// the confirmed strategy first and reads no strategy from the map.
+    /// Sets the plan's base data. If the map names a strategy and its parameters are valid, loads and confirms it with
+    /// the unchanged map; the lists restrict a choice, not a stored plan. `reset` first clears the confirmed strategy
+    /// and ignores a strategy in the map.
     AlgoErrorCode takeBaseData(const QMap<QString, QVariant>& data, bool reset);
-    /// The base data of the last hand-over, without strategy and parameters.
+    /// The base data set last, without strategy and parameters.
     QMap<QString, QVariant> baseData() const { return m_baseData; }
 
-    /// Confirms a strategy with values that have been checked; empty values are left out.
+    /// Confirms a strategy with checked values; empty values are left out.
     void confirm(const StrategyDefinition& strategy, const QMap<QString, QString>& values);
     QString confirmedName() const;
     QMap<QString, QVariant> confirmedMap() const { return m_confirmed; }
 
-    /// Forgets the strategy, its parameters and the base data; the lists stay.
+    /// Clears the strategy, its parameters and the base data, but not the lists.
     void clear();
 
-    /// The strategy's parameters in a map, as text. In a map that names the strategy every parameter counts, and an
-    /// absent one has been left empty; otherwise absent ones are absent.
+    /// The strategy's parameters in a map, as text. If the map names the strategy, an absent parameter is empty;
+    /// otherwise it is absent here, too.
     static QMap<QString, QString> parameterValues(
         const StrategyDefinition& strategy, const QMap<QString, QVariant>& map);
     /// Checks the values of a strategy: its parameters, then its rules.

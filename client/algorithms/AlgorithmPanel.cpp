@@ -49,7 +49,7 @@ AlgorithmPanel::AlgorithmPanel(int offers, QWidget* parent)
     setObjectName(QStringLiteral("algorithmPanel"));
     setWindowTitle(QStringLiteral("算法参数设置"));
     setMinimumWidth(NARROWEST);
-    // The editor makes a window of it; until then it must not appear inside its parent.
+    // The editor turns it into a window; until then it must not appear inside its parent.
     hide();
     buildPanel();
     connectPanel();
@@ -71,8 +71,8 @@ void AlgorithmPanel::buildPanel()
     auto* const column = new QVBoxLayout(border);
     column->addWidget(boldLabel(windowTitle(), border));
     buildChoice(column);
-    m_formRoom = new QVBoxLayout;
-    column->addLayout(m_formRoom);
+    m_formLayout = new QVBoxLayout;
+    column->addLayout(m_formLayout);
     m_message = new QLabel(border);
     m_message->setObjectName(QStringLiteral("lab_message"));
     m_message->setWordWrap(true);
@@ -185,7 +185,7 @@ void AlgorithmPanel::RefreshAlgoList()
 void AlgorithmPanel::ReInit()
 {
     fillStrategies();
-    followSymbol();
+    updatePriceDecimals();
     showBaseData();
 }
 
@@ -222,14 +222,14 @@ void AlgorithmPanel::showStrategy(const QString& name, const QMap<QString, QStri
     replaceForm(strategy.name.isEmpty() ? nullptr : new ParameterForm(strategy, this));
     m_description->setText(strategy.description);
     m_description->setVisible(!strategy.description.isEmpty());
-    followSymbol();
+    updatePriceDecimals();
     if (m_form)
         m_form->setValues(values);
-    fit();
+    resizeToContents();
 }
 
-/// `adjustSize()` would keep to two thirds of the screen and cut the hints of large fonts or at a large zoom.
-void AlgorithmPanel::fit()
+/// `adjustSize()` is limited to two thirds of the screen and would cut off hints in large fonts or at a large zoom.
+void AlgorithmPanel::resizeToContents()
 {
     ensurePolished();
     QSize wanted = sizeHint().expandedTo(minimumSize());
@@ -251,7 +251,7 @@ void AlgorithmPanel::replaceForm(ParameterForm* form)
     showMessage(m_form ? QString() : choose);
     if (!m_form)
         return;
-    m_formRoom->addWidget(m_form);
+    m_formLayout->addWidget(m_form);
     m_form->setVisible((m_offers & Parameters) != 0);
     if (m_form->lastInput())
         setTabOrder(m_form->lastInput(), m_ok);
@@ -283,11 +283,11 @@ void AlgorithmPanel::takeValues(const QMap<QString, QVariant>& handedOver)
         m_form->setValues(values);
     else
         showStrategy(loaded, values);
-    followSymbol();
+    updatePriceDecimals();
     showBaseData();
 }
 
-void AlgorithmPanel::followSymbol()
+void AlgorithmPanel::updatePriceDecimals()
 {
     if (m_form && !m_symbol.isEmpty())
         m_form->setPriceDecimals(OrloBusinessDataInterface::GetPricePrecisionBySymbol(m_symbol, {}));
@@ -343,7 +343,7 @@ OrloStrategyFactory& OrloStrategyFactory::instance()
 ParamListWidget_single* OrloStrategyFactory::CreateStrategyWgt(StrategyMode mode, QWidget* parent,
     const QString& globalType, QStringList whiteList, QStringList blackList, int flags)
 {
-    // The client has one layout and one kind; both serve whoever asks for another.
+    // The client has one layout and one kind of panel and ignores requests for others.
     Q_UNUSED(mode)
     Q_UNUSED(globalType)
     auto* const panel = new AlgorithmPanel(flags, parent);

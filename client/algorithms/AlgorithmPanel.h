@@ -9,19 +9,19 @@ class QPushButton;
 class QVBoxLayout;
 
 /// The client's algorithm parameter widget: the strategy, the inputs of its parameters, OK and Cancel. OK checks and
-/// confirms; Cancel, Escape and closing leave what was confirmed before.
+/// confirms; Cancel, Escape and closing keep what was confirmed before.
 class AlgorithmPanel : public ParamListWidget_single {
     Q_OBJECT
 
 public:
-    /// What a panel offers, the bits of the factory's `flags`.
+    /// What a panel offers: the bits of the factory's `flags`.
     enum Offer { StrategyChoice = 1, Parameters = 2 };
 
     AlgorithmPanel(int offers, QWidget* parent);
     ~AlgorithmPanel() override;
 
-    /// A strategy without a name empties the panel and succeeds; one that is not offered, or whose parameters are
-    /// unknown, is refused and leaves the panel as it is.
+    /// A strategy without a name clears the panel. An unknown strategy, or one that is not offered, is an error and
+    /// does not change the panel.
     QString LoadStrategy(const AesStrategy& strategy, const QMap<QString, QVariant>& defaults,
         const QMap<QString, QVariant>& parameters, const QString& symbol) override;
     QMap<QString, QVariant> GetParamMap() const override;
@@ -44,12 +44,12 @@ private:
     void fillStrategies();
     void selectStrategy(const QString& name);
     void showStrategy(const QString& name, const QMap<QString, QString>& values);
-    void fit();
+    void resizeToContents();
     void replaceForm(ParameterForm* form);
     void showBaseData();
     void showMessage(const QString& message);
     void takeValues(const QMap<QString, QVariant>& handedOver);
-    void followSymbol();
+    void updatePriceDecimals();
 
     void slotStrategyChanged();
     void slotOk();
@@ -57,7 +57,7 @@ private:
 
     int m_offers;
     QString m_symbol;
-    QVBoxLayout* m_formRoom = nullptr;
+    QVBoxLayout* m_formLayout = nullptr;
     QLabel* m_baseData = nullptr;
     QComboBox* m_strategies = nullptr;
     QLabel* m_description = nullptr;

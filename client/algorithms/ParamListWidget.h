@@ -4,10 +4,10 @@
 #include "ParamListWidget_single.h"
 #include <functional>
 
-/// What the client keeps behind its algorithm parameter widgets.
+/// The client's data of an algorithm parameter widget.
 class ParamListWidget_single::Private {
 public:
     AlgorithmChoice choice;
-    /// Called after base data have been taken, with the map that was handed over.
+    /// Called after `setBaseInfoData`, with its map.
     std::function<void(const QMap<QString, QVariant>&)> baseDataTaken;
 };

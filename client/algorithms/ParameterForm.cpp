@@ -16,7 +16,7 @@ namespace {
 constexpr int COLUMNS = 4;
 constexpr int INPUT_WIDTH = 120;
 constexpr int SKIN_PADDING = 8;
-/// How strongly hints stand out against the background, of 255.
+/// Opacity of the hints, of 255.
 constexpr int HINT_STRENGTH = 170;
 
 QString unitOf(const StrategyControl& control, const StrategyParameter& parameter)
@@ -34,7 +34,7 @@ QString hintOf(const StrategyParameter& parameter)
     return range.isEmpty() ? QStringLiteral("选填") : QStringLiteral("%1，选填").arg(range);
 }
 
-/// What a screen reader says of an input beside its label: what it is for, in which unit and range.
+/// What a screen reader says about an input besides its label: purpose, unit and range.
 QString descriptionOf(const StrategyControl& control, const StrategyParameter& parameter)
 {
     QStringList parts{ control.tooltip, unitOf(control, parameter), hintOf(parameter) };
@@ -135,7 +135,7 @@ void ParameterForm::markFault(const QString& parameter)
         }
         row.input->setPalette(faulty ? colors : QPalette());
         row.input->setProperty("faulty", faulty);
-        // A skin has a colour of its own for what is wrong.
+        // A skin has its own colour for invalid inputs.
         row.input->style()->unpolish(row.input);
         row.input->style()->polish(row.input);
     }
@@ -245,7 +245,7 @@ void ParameterForm::makeDropDown(Row& row)
         box->addItem(QString(), QString());
     for (const EnumeratedValue& item : qAsConst(row.control.items))
         box->addItem(item.text, valueOf(row.parameter, item.id));
-    // A skin's padding takes a little of the room that a box asks for its texts.
+    // The size hint does not include a skin's padding.
     box->setMinimumWidth(qMax(INPUT_WIDTH, box->sizeHint().width() + SKIN_PADDING));
     row.input = box;
     row.value = [box] { return box->currentData().toString(); };

@@ -12,9 +12,9 @@ class ParameterForm : public QWidget {
     Q_OBJECT
 
 public:
-    /// The first input that cannot be taken.
+    /// The first invalid input.
     struct Fault {
-        Status status;     ///< success when every input can be taken
+        Status status;     ///< success if every input is valid
         QString parameter; ///< name of the input's parameter; empty on success
     };
 
@@ -23,21 +23,21 @@ public:
     QString strategyName() const { return m_strategy.name; }
     StrategyDefinition strategy() const { return m_strategy; }
 
-    /// Decimals of a price where the strategy's file leaves them open.
+    /// Sets the decimals of prices for which the strategy's file has none.
     void setPriceDecimals(int decimals);
 
-    /// Shows values; those of other names are left alone.
+    /// Shows values; inputs without a value in the map do not change.
     void setValues(const QMap<QString, QString>& values);
-    /// Every parameter's value as entered, constants included; an empty text where nothing is entered.
+    /// The entered values by parameter, including constants; empty texts for empty inputs.
     QMap<QString, QString> values() const;
-    /// Checks what is entered, in the order of the rows, then the relations between them.
+    /// Checks the inputs in the order of the rows, then the strategy's rules.
     [[nodiscard]] Fault check() const;
-    /// The last input in the order of the Tab key; null when there is none.
+    /// The last input in tab order; null if there is none.
     QWidget* lastInput() const { return m_rows.isEmpty() ? nullptr : m_rows.constLast().lastFocus; }
-    /// Marks the input of a parameter as faulty and gives it the focus; an empty name takes the mark away.
+    /// Marks the input of a parameter as invalid and gives it the focus; an empty name removes the mark.
     void markFault(const QString& parameter);
 
-    /// Colour of what is wrong, on light and on dark skins.
+    /// Colour of invalid inputs, for light and dark skins.
     static QColor faultColor();
     /// The defaults of the strategy's file.
     static QMap<QString, QString> defaults(const StrategyDefinition& strategy);
@@ -47,7 +47,7 @@ private:
         StrategyParameter parameter;
         StrategyControl control;
         QWidget* input = nullptr;
-        QWidget* lastFocus = nullptr; ///< the input itself unless it consists of several
+        QWidget* lastFocus = nullptr; ///< the input itself unless it consists of several widgets
         std::function<QString()> value;
         std::function<void(const QString&)> setValue;
     };

@@ -12,7 +12,7 @@ namespace {
 
 const QString STORED_TIME = QStringLiteral("HH:mm:ss");
 constexpr int SECONDS_PER_STEP = 60;
-/// What the page keys step by.
+/// Steps of the page keys.
 constexpr int PAGE_STEPS = 10;
 constexpr int MAX_DECIMALS = 10;
 constexpr int MAX_TEXT = 64;
@@ -56,7 +56,7 @@ QAbstractSpinBox::StepEnabled StepInput::stepEnabled() const
 
 void StepInput::wheelEvent(QWheelEvent* event)
 {
-    // Scrolling over the panel must not change a value that nobody has touched.
+    // Scrolling the panel must not change a value under the pointer.
     if (hasFocus())
         QAbstractSpinBox::wheelEvent(event);
     else
@@ -77,7 +77,7 @@ void StepInput::stepNumber(int steps)
         value = std::max(value, m_parameter.minValue.toDouble());
     if (!m_parameter.maxValue.isEmpty())
         value = std::min(value, m_parameter.maxValue.toDouble());
-    const QString stepped = ParameterValue::movePoint(QString::number(value, 'f', MAX_DECIMALS - 2), 0);
+    const QString stepped = ParameterValue::shiftPoint(QString::number(value, 'f', MAX_DECIMALS - 2), 0);
     if (ParameterValue::isDecimal(stepped))
         setText(ParameterValue::shown(m_parameter, stepped));
 }

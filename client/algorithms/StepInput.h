@@ -3,8 +3,8 @@
 #include "StrategyDefinition.h"
 #include <QAbstractSpinBox>
 
-/// Line with step buttons that takes any text: nothing that the trader types is altered, whatever is wrong with it.
-/// The arrows step numbers within the parameter's range and times by minutes.
+/// A line edit with step buttons that accepts any text and does not alter it. The arrows step numbers within the
+/// parameter's range and times by minutes.
 class StepInput : public QAbstractSpinBox {
     Q_OBJECT
 

@@ -49,7 +49,7 @@ Kind kindOfSign(QChar c)
     }
 }
 
-/// Walks over the formula once.
+/// Splits a formula into tokens in one pass.
 class Scanner {
 public:
     Scanner(const QString& formula, const QStringList& items)

@@ -6,7 +6,7 @@
 #include <QStringList>
 #include <QVector>
 
-/// Cuts a price formula into what it may hold, so that nothing else reaches the evaluation.
+/// Splits a price formula into the tokens that are allowed; nothing else reaches the evaluation.
 namespace FormulaLexer {
 
 enum class Kind { Number, Item, Function, Operator, Open, Close, Comma };
@@ -14,14 +14,13 @@ enum class Kind { Number, Item, Function, Operator, Open, Close, Comma };
 struct Token {
     Kind kind;
     QString text;
-    /// Of the first character, counted from 0.
+    /// Position of the first character, from 0.
     int position;
 };
 
-/// The tokens of a formula, or the first thing in it that is no token. `items`: names of prices that the formula may
-/// use.
+/// The tokens of a formula, or an error at the first invalid one. `items`: names of prices that the formula may use.
 Result<QVector<Token>> tokens(const QString& formula, const QStringList& items);
-/// `error` at a position counted from 0.
+/// `error` with its position, from 0.
 Status errorAt(int position, const Status& error);
 
 } // namespace FormulaLexer

@@ -24,7 +24,8 @@ double smaller(double a, double b)
     return std::min(a, b);
 }
 
-/// The formula as the parser reads it: names in plain letters, and where each of its characters came from.
+/// The formula as the parser reads it: names in ASCII letters, and the position in the formula of each of its
+/// characters.
 struct Translation {
     std::string text;
     QVector<int> positions;
@@ -47,7 +48,7 @@ Translation translate(const QVector<Token>& tokens, const QStringList& names)
     for (const Token& token : tokens) {
         const bool isItem = token.kind == Kind::Item;
         const std::string text = isItem ? variable(names.indexOf(token.text)) : token.text.toStdString();
-        // The space keeps "1 2" from turning into 12; the parser wants none behind the name of a function.
+        // The space keeps "1 2" from turning into 12; the parser accepts no space after the name of a function.
         result.append(token.kind == Kind::Function ? text : text + " ", token.position);
     }
     return result;
@@ -94,12 +95,12 @@ Status statusOf(const mu::ParserError& error, const Translation& formula)
 {
     const Status status = errorOf(error.GetCode());
     const int at = static_cast<int>(error.GetPos());
-    // Of what is missing at the end the library names no place in the formula.
+    // The library reports no position for what is missing at the end.
     const bool hasPlace = at >= 0 && at < formula.positions.size();
     return hasPlace ? FormulaLexer::errorAt(formula.positions.at(at), status) : status;
 }
 
-/// A parser that knows the arithmetic of price formulas and nothing of what the library offers beyond.
+/// Restricts the parser to the arithmetic of price formulas.
 void prepare(mu::Parser& parser, std::vector<double>& values)
 {
     parser.ClearConst();
@@ -110,7 +111,7 @@ void prepare(mu::Parser& parser, std::vector<double>& values)
         parser.DefineVar(variable(static_cast<int>(i)), &values[i]);
 }
 
-// The library reports its refusals by exception; none leaves this function.
+// The library throws its errors; this function returns them.
 Result<double> run(const Translation& formula, std::vector<double> values)
 {
     try {

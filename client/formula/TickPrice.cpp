@@ -5,7 +5,7 @@
 namespace {
 
 constexpr qint64 thousand = 1000;
-// Beyond this a double no longer tells whole ticks apart.
+// Above this, a double cannot represent every number of ticks.
 constexpr double largestTicks = 9.0e15;
 
 qint64 share(qint64 ticks, qint64 perMille)

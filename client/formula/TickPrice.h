@@ -17,10 +17,10 @@ struct Limits {
 /// than one tick. `limitPerMille`: 100 means ten percent.
 Limits limits(qint64 previousClose, int limitPerMille);
 
-/// A price in yuan to the nearest tick, a half tick rounded up; absent when it is no finite number or too large.
+/// A price in yuan to the nearest tick, a half tick rounded up; absent if it is not finite or too large.
 std::optional<qint64> fromYuan(double yuan, int pricePrecision);
 double toYuan(qint64 ticks, int pricePrecision);
-/// With as many decimals as the precision says.
+/// The price with as many decimals as the precision.
 QString text(qint64 ticks, int pricePrecision);
 
 } // namespace TickPrice

@@ -4,12 +4,12 @@
 #include <QString>
 #include <QStringList>
 
-/// Names of the skins, the first being the usual one.
+/// Names of the skins; the first is the default.
 QStringList skinNames();
 
-/// Style sheet of a skin; empty and logged as a warning for a name that is none.
+/// Style sheet of a skin; empty, with a warning in the log, for an unknown name.
 QString skinSheet(const QString& name);
 
-/// The font, or the largest smaller one in which a text is no wider than `room` pixels. It never gets too small to be
-/// read: a text that does not fit even then stays too wide.
+/// The font, or the largest smaller one in which a text is no wider than `room` pixels. The font stays readable; a text
+/// that does not fit even then stays too wide.
 QFont fittedFont(QFont font, const QString& text, int room);

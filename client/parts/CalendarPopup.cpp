@@ -10,7 +10,7 @@ namespace {
 
 constexpr int daysInWeek = 7;
 constexpr int weeksShown = 6;
-/// How far the keyboard looks for a day that can be chosen.
+/// How many days the keyboard searches for one that can be chosen.
 constexpr int farthestStep = 400;
 
 QDate firstOfMonth(const QDate& date)
@@ -34,7 +34,7 @@ CalendarPopup::CalendarPopup(const Check& check, const QDate& shown, QWidget* fi
     const QDate around = shown.isValid() ? shown : QDate::currentDate();
     m_marked = nearestChoosable(around);
     showMonth(m_marked.isValid() ? m_marked : around);
-    // `adjustSize()` would keep to two thirds of the screen and cut the days at a large zoom.
+    // `adjustSize()` is limited to two thirds of the screen and would cut off days at a large zoom.
     ensurePolished();
     resize(sizeHint());
 }

@@ -11,16 +11,16 @@
 class QGridLayout;
 class QToolButton;
 
-/// One month of days to choose from. Days that cannot be chosen are disabled, and the keyboard steps over them: arrows
-/// move by day and week, Page Up and Page Down by month, Enter chooses, Escape closes.
+/// One month of days to choose from. Days that cannot be chosen are disabled and skipped by the keyboard: arrows move
+/// by day and week, Page Up and Page Down by month; Enter chooses, Escape closes.
 class CalendarPopup : public QFrame {
     Q_OBJECT
 
 public:
-    /// Whether a date can be chosen.
+    /// Checks whether a date can be chosen.
     using Check = std::function<Status(const QDate&)>;
 
-    /// Shows the month of `shown` with that day marked, or the nearest one that can be chosen.
+    /// Shows the month of `shown` and marks that day, or the nearest one that can be chosen.
     CalendarPopup(const Check& check, const QDate& shown, QWidget* field);
 
 Q_SIGNALS:

@@ -19,7 +19,7 @@ ComboSearchPopup::ComboSearchPopup(QComboBox* box)
     , m_list(new QListView(this))
 {
     setObjectName(QStringLiteral("comboSearchPopup"));
-    // A frame below a combo box would be left out by style sheets.
+    // Style sheets do not apply to a frame that is a child of a combo box.
     setAttribute(Qt::WA_StyledBackground);
     m_search->setObjectName(QStringLiteral("comboSearch"));
     m_search->setPlaceholderText(tr("输入文字筛选"));
@@ -64,7 +64,7 @@ void ComboSearchPopup::open()
     m_list->scrollTo(m_list->currentIndex());
 }
 
-/// Qt and skins show a placeholder with half the strength of the text, too faint to be read by everybody.
+/// Qt and skins draw placeholders at half opacity, which is too faint.
 void ComboSearchPopup::strengthenPlaceholder()
 {
     m_search->ensurePolished();
@@ -103,7 +103,7 @@ void ComboSearchPopup::choose(const QModelIndex& index)
     const int row = m_items.mapToSource(index).row();
     const QString text = m_box->itemText(row);
     hide();
-    // The order of a plain combo box: the change of the current item first, then the trader's choice.
+    // The order of QComboBox: first the change of the current item, then the activation.
     const QPointer<QComboBox> box(m_box);
     box->setCurrentIndex(row);
     if (box)

@@ -6,7 +6,7 @@
 #include <QSortFilterProxyModel>
 #include <QWidget>
 
-/// The popup of a combo box with a search field above its items. Typing narrows the items; Up, Down, Page Up and Page
+/// The popup of a combo box with a search field above its items. Typing filters the items; Up, Down, Page Up and Page
 /// Down move, Enter chooses, Escape closes.
 class ComboSearchPopup : public QWidget {
     Q_OBJECT

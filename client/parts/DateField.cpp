@@ -70,7 +70,7 @@ void DateField::updateMark()
     if (m_edit->property(refusedProperty).toBool() == !status)
         return;
     m_edit->setProperty(refusedProperty, !status);
-    // Without a skin the mark is the colour, with one it is the skin's.
+    // Without a skin, the colour is the mark; a skin has its own.
     QPalette colours = palette();
     if (!status)
         colours.setColor(QPalette::Text, Qt::darkRed);
@@ -104,8 +104,8 @@ void DateField::take(const QDate& date)
         Q_EMIT dateChosen(date);
 }
 
-/// Takes the typed date, or says why not and shows the former one again.
-bool DateField::takeTyped()
+/// Sets the typed date if it is valid; otherwise shows a hint and the previous date.
+bool DateField::applyTyped()
 {
     if (m_edit->text() == dateText(m_date))
         return true;
@@ -122,7 +122,7 @@ bool DateField::takeTyped()
 
 void DateField::step(int days)
 {
-    if (!m_date.isValid() || !takeTyped())
+    if (!m_date.isValid() || !applyTyped())
         return;
     constexpr int farthest = 60;
     QDate date = m_date;
@@ -144,7 +144,7 @@ bool DateField::eventFilter(QObject* watched, QEvent* event)
     }
     if (watched == m_edit && event->type() == QEvent::FocusOut
         && static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)
-        takeTyped();
+        applyTyped();
     return QWidget::eventFilter(watched, event);
 }
 
@@ -155,7 +155,7 @@ bool DateField::handleKey(int key, Qt::KeyboardModifiers modifiers)
     case Qt::Key_Enter:
         if (m_edit->text() == dateText(m_date))
             return false;
-        takeTyped();
+        applyTyped();
         return true;
     case Qt::Key_Up:
         step(1);

@@ -6,8 +6,8 @@
 #include <QToolButton>
 #include <QWidget>
 
-/// One date: a text field and the button of its calendar. What the trader types or picks is taken only when it can be
-/// chosen; what is set from outside is shown as it is and marked when it could not be chosen.
+/// One date: a text field and the button of its calendar. A typed or picked date must be one that can be chosen; a date
+/// set by `setDate` is always shown, and marked if it cannot be chosen.
 class DateField : public QWidget {
     Q_OBJECT
 
@@ -26,12 +26,12 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:
-    /// The trader has chosen another date.
+    /// Emitted when the trader has chosen another date.
     void dateChosen(const QDate& date);
 
 private:
     bool handleKey(int key, Qt::KeyboardModifiers modifiers);
-    bool takeTyped();
+    bool applyTyped();
     void take(const QDate& date);
     void openCalendar();
     void step(int days);

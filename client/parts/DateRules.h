@@ -14,11 +14,11 @@ struct DateRules {
     QDate minimum; ///< invalid: no bound
     QDate maximum; ///< invalid: no bound
 
-    /// Whether the trader can choose a date.
+    /// Checks whether the trader can choose a date.
     Status check(const QDate& date) const;
 };
 
-/// The date that a text in the form yyyy-MM-dd stands for; invalid when it stands for none.
+/// The date of a text in the form yyyy-MM-dd; invalid for any other text.
 QDate dateFromText(const QString& text);
 /// The text of a date in the form yyyy-MM-dd; empty for an invalid date.
 QString dateText(const QDate& date);

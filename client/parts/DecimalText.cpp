@@ -6,7 +6,7 @@
 namespace {
 
 constexpr double tolerance = 1e-10;
-/// Longer texts are no numbers that a field of this kind holds.
+/// Longer texts are rejected.
 constexpr int longestText = 32;
 
 DecimalVerdict refused(const Status& status)
@@ -29,8 +29,8 @@ Status tooLarge(const DecimalLimits& limits)
     return { Error::NumberTooLarge, { decimalText(limits.maximum, limits.decimals, true) } };
 }
 
-/// A number outside the range may still grow into it while digits are appended, but only away from zero.
-DecimalVerdict judgeNumber(double number, const DecimalLimits& limits)
+/// Appending digits moves a number away from zero, possibly into the range.
+DecimalVerdict validateNumber(double number, const DecimalLimits& limits)
 {
     if (number > limits.maximum + tolerance)
         return number < 0 ? unfinished(tooLarge(limits)) : refused(tooLarge(limits));
@@ -41,7 +41,7 @@ DecimalVerdict judgeNumber(double number, const DecimalLimits& limits)
 
 } // namespace
 
-DecimalVerdict judgeDecimal(const QString& text, const DecimalLimits& limits)
+DecimalVerdict validateDecimal(const QString& text, const DecimalLimits& limits)
 {
     static const QRegularExpression form(QStringLiteral("^-?[0-9]*(\\.([0-9]*))?$"));
     if (text.isEmpty())
@@ -57,7 +57,7 @@ DecimalVerdict judgeDecimal(const QString& text, const DecimalLimits& limits)
         return refused({ Error::NumberTooFine, { QString::number(limits.decimals) } });
     if (text.endsWith(QLatin1Char('.')) || text == QLatin1String("-"))
         return unfinished(Error::NumberIncomplete);
-    return judgeNumber(text.toDouble(), limits);
+    return validateNumber(text.toDouble(), limits);
 }
 
 bool isWithin(double number, const DecimalLimits& limits)

@@ -3,13 +3,13 @@
 #include <QLabel>
 #include <QTimer>
 
-/// A short notice at a field that says why an input was not taken. It goes away when the field is edited or hidden, or
+/// A short notice at a field that says why an input was rejected. It disappears when the field is edited or hidden, or
 /// after some seconds. It never takes the focus.
 class FieldHint : public QLabel {
     Q_OBJECT
 
 public:
-    /// Shows a notice at `field`, in place of an earlier one. Nothing happens while the field is not on the screen.
+    /// Shows a notice at `field`, replacing an earlier one. Does nothing if the field is not visible.
     static void showAt(QWidget* field, const QString& text);
     static void hideAt(QWidget* field);
 

@@ -24,7 +24,7 @@ QString tokenBefore(const QString& formula, int cursor)
     const int start = wordStart(formula, cursor);
     if (start == cursor || formula.at(start).isNumber())
         return {};
-    // The digits behind a decimal point belong to a number.
+    // Digits after a decimal point belong to a number.
     if (start > 0 && formula.at(start - 1) == QLatin1Char('.'))
         return {};
     return formula.mid(start, cursor - start);
@@ -36,7 +36,7 @@ bool mayBeginAt(const QString& formula, int cursor)
     return before.isEmpty() || QStringLiteral("+-*/(,（，").contains(before.back());
 }
 
-QStringList fitting(const QString& token, const QStringList& offers)
+QStringList matches(const QString& token, const QStringList& offers)
 {
     QStringList first;
     QStringList later;

@@ -6,15 +6,15 @@
 /// Completion of names and functions in a formula, without any widget.
 namespace FormulaCompletion {
 
-/// The name that is being typed before the cursor; empty when none is, as after a number, an operator or a bracket.
+/// The name before the cursor; empty if there is none, as after a number, an operator or a parenthesis.
 QString tokenBefore(const QString& formula, int cursor);
 
-/// Whether a name may begin at the cursor: at the start, or after an operator, a comma or an opening bracket.
+/// Whether a name may begin at the cursor: at the start, or after an operator, a comma or an opening parenthesis.
 bool mayBeginAt(const QString& formula, int cursor);
 
-/// Which of the offers fit what is being typed, those that begin with it first. Case is not told. An empty token fits
-/// all.
-QStringList fitting(const QString& token, const QStringList& offers);
+/// The offers that contain the token, those that begin with it first, case-insensitively. All offers for an empty
+/// token.
+QStringList matches(const QString& token, const QStringList& offers);
 
 /// A formula with the cursor in it.
 struct Edited {
@@ -22,8 +22,8 @@ struct Edited {
     int cursor = 0;
 };
 
-/// Puts an offer in place of the token before the cursor. The cursor stands behind it, or for a function behind its
-/// opening bracket.
+/// Replaces the token before the cursor by an offer. The cursor is then after it, or after the opening parenthesis of a
+/// function.
 Edited inserted(const QString& formula, int cursor, const QString& offer);
 
 } // namespace FormulaCompletion

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// About half a millisecond's.
+/// Takes about half a millisecond.
 constexpr int lettersAtOnce = 8;
 constexpr QSize canvasSize(64, 32);
 

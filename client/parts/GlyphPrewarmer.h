@@ -6,13 +6,13 @@
 class QTimer;
 class QWidget;
 
-/// Draws letters in a widget's font before they are shown, a few whenever there is nothing else to do: a letter that is
-/// drawn for the first time takes many times longer than ever after.
+/// Draws glyphs of a widget's font in advance, a few at a time while the program is idle: the first rendering of a
+/// glyph is far slower than later ones.
 class GlyphPrewarmer : public QObject {
 public:
     explicit GlyphPrewarmer(QWidget* widget);
 
-    /// Letters by their character codes; those that were drawn before are left out.
+    /// Adds letters by their character codes; those that were drawn before are ignored.
     void draw(const QBitArray& letters);
 
 private:

@@ -5,13 +5,13 @@
 #include <QStyledItemDelegate>
 #include <QWidget>
 
-/// Global position of a popup of a field: below it, above it where the screen ends, always wholly on the screen.
+/// Global position of a field's popup: below the field, or above it if the screen ends there; always fully visible.
 QPoint popupPlace(const QWidget* field, const QSize& popup);
 
-/// Moves a rectangle of `size` that wants to be at `wanted` onto the screen on which `near` is.
+/// Moves a rectangle of `size` at `wanted` fully onto the screen that contains `near`.
 QPoint keptOnScreen(const QPoint& wanted, const QSize& size, const QWidget* near);
 
-/// Gives every row of a list the height of a Chinese text, so that a list of uniform rows suits all of them.
+/// Gives every row of a list the height of a Chinese text, as uniform row heights require.
 class EvenRowDelegate : public QStyledItemDelegate {
     Q_OBJECT
 

@@ -11,12 +11,12 @@ namespace {
 
 constexpr int rowsAtOnce = 10;
 constexpr int widest = 360;
-/// Beside a row's text: with a scroll bar, and without.
+/// Width besides a row's text, with and without a scroll bar.
 constexpr int barWidth = 24;
 constexpr int sideWidth = 8;
 constexpr int edgeHeight = 4;
 
-/// How wide a text is, in halves of a Chinese character; measuring it would cost a layout.
+/// Estimated width of a text in halves of a Chinese character; measuring it would need a layout.
 int roughWidth(const QString& text)
 {
     constexpr ushort firstWide = 0x1100;
@@ -30,7 +30,7 @@ int widestOf(const QStringList& rows)
     return static_cast<int>(std::max_element(rows.cbegin(), rows.cend(), isNarrower) - rows.cbegin());
 }
 
-/// Draws rows that are nothing but a text. The text is laid out once, where the general delegate does it three times.
+/// Draws rows that are only a text, laid out once; the default delegate does it three times.
 class TextRowDelegate : public EvenRowDelegate {
 public:
     using EvenRowDelegate::EvenRowDelegate;
@@ -51,7 +51,7 @@ public:
 private:
     static constexpr int anyWidth = QWIDGETSIZE_MAX;
 
-    /// False, with nothing drawn, when the text is wider than `mostWidth`.
+    /// Draws nothing and returns false if the text is wider than `mostWidth`.
     static bool drawText(
         QPainter* painter, const QStyleOptionViewItem& row, const QString& text, const QRect& place, int mostWidth)
     {
@@ -111,7 +111,7 @@ void SuggestionPopup::offer(const QStringList& rows, int marked)
     show();
 }
 
-// Only the row that is likely the widest is laid out for it, not all fifty at every keystroke.
+// Lays out only the row that is probably the widest, not all fifty at every keystroke.
 QSize SuggestionPopup::sizeFor(const QStringList& rows) const
 {
     const QSize row = sizeHintForIndex(m_rows.index(widestOf(rows)));
@@ -161,7 +161,7 @@ bool SuggestionPopup::eventFilter(QObject* watched, QEvent* event)
     case QEvent::Move:
     case QEvent::Resize:
     case QEvent::WindowDeactivate:
-        // Events of the list itself come here too; a list that is being shown must not close itself.
+        // Events of the list itself arrive here, too; a list that is being shown must not close itself.
         if (watched == m_edit || watched == m_edit->window())
             hide();
         return false;

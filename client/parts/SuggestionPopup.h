@@ -13,25 +13,25 @@ class SuggestionPopup : public QListView {
     Q_OBJECT
 
 public:
-    /// Most rows that a list may hold.
+    /// Maximum number of rows.
     static constexpr int mostRows = 50;
 
     explicit SuggestionPopup(QLineEdit* edit);
 
-    /// Opens the list with at most `mostRows` rows, `marked` (-1 for none) being the marked one. No rows close it.
+    /// Opens the list with at most `mostRows` rows and marks the row `marked` (-1 for none). An empty list closes it.
     void offer(const QStringList& rows, int marked);
-    /// Does ahead what the first opening would otherwise need time for: the window, its style, the letters of its font.
-    /// `letters` are further characters that rows may have, by their codes.
+    /// Prepares what would slow down the first opening: the window, its style, the glyphs of its font. `letters` are
+    /// further characters of rows, by their codes.
     void prepare(const QBitArray& letters);
-    /// The marked row, -1 when none is or the list is closed.
+    /// The marked row; -1 if there is none or the list is closed.
     int markedRow() const;
-    /// Whether the tabulator chooses the marked row instead of leaving the field.
+    /// Whether Tab chooses the marked row instead of leaving the field.
     void setTabChooses(bool chooses);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:
-    /// A row was chosen by key or mouse; the list is closed by then.
+    /// Emitted when a row was chosen by key or mouse, after the list was closed.
     void rowChosen(int row);
 
 private:

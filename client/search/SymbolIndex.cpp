@@ -5,14 +5,14 @@
 
 namespace {
 
-/// Stands behind every name and before every character that can be typed.
+/// Ends every name; sorts before every character that can be typed.
 constexpr QChar nameEnd;
-/// Characters in a suffix's head, and the bits of each.
+/// Number of characters in a suffix's head, and the bits of each.
 constexpr int headLength = 4;
 constexpr int characterBits = 16;
 constexpr int characterCodes = 1 << characterBits;
 
-/// Leaves the preparation, also from within a sort.
+/// Thrown to leave the preparation, even from within a sort.
 struct Stopped { };
 
 } // namespace
@@ -133,7 +133,7 @@ bool SymbolIndex::isEarlier(const Suffix& a, const Suffix& b) const
     if (a.head != b.head)
         return a.head < b.head;
     const QChar* names = m_names.constData();
-    // Within equal heads both end or neither does.
+    // If the heads are equal, either both names end in them or neither does.
     bool ended = (a.head & (characterCodes - 1)) == nameEnd.unicode();
     for (int i = headLength; !ended; ++i) {
         const QChar inA = names[a.position + i];
@@ -145,7 +145,7 @@ bool SymbolIndex::isEarlier(const Suffix& a, const Suffix& b) const
     return a.position < b.position;
 }
 
-/// Below, at or above zero as what stands at the position comes before `part`, begins with it or comes after it.
+/// Negative, zero or positive if the text at the position sorts before `part`, starts with it or sorts after it.
 int SymbolIndex::compareStart(int position, const QString& part) const
 {
     for (const QChar wanted : part) {

@@ -7,12 +7,11 @@
 #include <atomic>
 #include <functional>
 
-/// What of a text or a symbol counts in a search: full-width letters and digits are the plain ones, case does not
-/// count.
+/// The form of a text or symbol that is compared in a search: half-width letters and digits in one case.
 QString searchForm(const QString& text);
 
-/// One run of symbols, sorted for search by code and by Chinese name. Both are prepared on a worker thread and may be
-/// searched once they are ready; a search then costs the logarithm of the run's size.
+/// One run of symbols, sorted for search by code and by Chinese name. Both are prepared on a worker thread and can be
+/// searched once they are ready, in logarithmic time.
 class SymbolIndex {
 public:
     /// The Chinese name of a symbol; called by the worker.
@@ -20,10 +19,10 @@ public:
 
     SymbolIndex(const QStringList& run, const NameOf& nameOf);
 
-    /// Called by the worker. Both leave early once `stop` was called; the index is then never ready.
+    /// Called by the worker. Both return early after `stop`; the index then never becomes ready.
     void prepareCodes();
     void prepareNames();
-    /// Allows the preparation, and ends it from any thread.
+    /// Allows or stops the preparation; callable from any thread.
     void begin() { m_stopped.store(false, std::memory_order_release); }
     void stop() { m_stopped.store(true, std::memory_order_release); }
 
@@ -44,7 +43,7 @@ public:
 
 private:
     struct Suffix {
-        quint64 head; ///< its first four characters, so that most comparisons need not look at the text
+        quint64 head; ///< its first four characters, so that most comparisons do not read the text
         int position;
     };
 

@@ -4,7 +4,7 @@ namespace {
 
 enum Priority { NamesLater, CodesFirst };
 
-// Copies of a run share its elements, and the index keeps one copy: while it lives no other run has this address.
+// Copies of a run share its elements, and the index keeps one copy: while it exists, no other run has this address.
 const QString* keyOf(const QStringList& run)
 {
     return &run.constFirst();
@@ -14,7 +14,7 @@ const QString* keyOf(const QStringList& run)
 
 SymbolIndexes::SymbolIndexes()
 {
-    // One thread, so that on a small machine the others are left to the trader.
+    // One thread, which leaves the other cores of a small machine to the user interface.
     m_pool.setMaxThreadCount(1);
 }
 

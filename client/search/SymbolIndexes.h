@@ -6,23 +6,23 @@
 #include <QThreadPool>
 #include <memory>
 
-/// The indexes of the runs of symbols that boxes search, prepared on one thread of its own: the codes of all runs
-/// first, then their names. Belongs to the user interface thread, which never waits for it but where it says so.
+/// The indexes of the runs of symbols that search boxes use, prepared on a worker thread: the codes of all runs first,
+/// then their names. Lives on the user interface thread and blocks it only where documented.
 class SymbolIndexes : public QObject {
     Q_OBJECT
 
 public:
     static SymbolIndexes& instance();
 
-    /// Begins to prepare the indexes of the runs that have none yet. `nameOf` is asked on the worker thread.
+    /// Starts to prepare the indexes of the runs that have none yet. `nameOf` is called on the worker thread.
     void prepare(const QVector<QStringList>& runs, const SymbolIndex::NameOf& nameOf);
-    /// The index of a run, one per run: runs that share their data share the index. Null when it was not asked for by
+    /// The index of a run, one per run: runs that share their data share the index. Null if it was not passed to
     /// `prepare`.
     std::shared_ptr<const SymbolIndex> of(const QStringList& run) const;
 
-    /// Waits until everything that was asked for is ready.
+    /// Blocks until everything that was passed to `prepare` is ready.
     void waitForFinished();
-    /// Gives up what is being prepared and forgets every index. Once it returns, no thread reads names any more.
+    /// Stops the preparation and deletes every index. After it returns, no thread reads names.
     void forget();
 
 Q_SIGNALS:

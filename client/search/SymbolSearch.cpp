@@ -4,7 +4,7 @@
 
 namespace {
 
-/// A place in one of the indexes that are walked through together.
+/// A position in one of the indexes that are merged.
 struct Cursor {
     const SymbolIndex* index;
     int place;

@@ -2,8 +2,8 @@
 
 #include "SymbolIndexes.h"
 
-/// One search in several runs of symbols: what is ready of their indexes when it is made. Nothing is found in runs that
-/// `SymbolIndexes` was not asked to prepare.
+/// A search in several runs of symbols. It uses the parts of their indexes that are ready when it is constructed; a run
+/// that was not passed to `SymbolIndexes::prepare` yields nothing.
 class SymbolSearch {
 public:
     /// How much of the runs can be searched.
@@ -13,10 +13,10 @@ public:
 
     Stage stage() const { return m_stage; }
 
-    /// The characters of all names by their codes; empty as long as the stage does not allow a search by name.
+    /// The characters of all names by their codes; empty until the stage allows a search by name.
     QBitArray letters() const;
 
-    /// The following take a text in its search form and find nothing as long as the stage does not allow it.
+    /// The following take a text in its search form and find nothing until the stage allows it.
 
     /// The symbols that are `code` or begin with `code` and the dot before the market, in the order of the runs.
     QStringList exact(const QString& code) const;

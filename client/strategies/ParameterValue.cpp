@@ -69,7 +69,7 @@ Status checkNumber(const StrategyParameter& parameter, const QString& value)
         return Error::ValueNotNumber;
     const bool whole =
         parameter.type == ParameterType::Int || (parameter.type == ParameterType::Qty && parameter.precision <= 0);
-    const int found = decimals(ParameterValue::movePoint(value, 0));
+    const int found = decimals(ParameterValue::shiftPoint(value, 0));
     if (whole && found > 0)
         return Error::ValueNotInteger;
     if (parameter.precision < 0 || found <= parameter.precision)
@@ -149,7 +149,7 @@ bool ParameterValue::isNumber(ParameterType type)
         || type == ParameterType::Price || type == ParameterType::Amount || type == ParameterType::Percentage;
 }
 
-QString ParameterValue::movePoint(const QString& text, int places)
+QString ParameterValue::shiftPoint(const QString& text, int places)
 {
     const bool negative = text.startsWith(QLatin1Char('-'));
     QString digits = text;
@@ -175,7 +175,7 @@ QString ParameterValue::movePoint(const QString& text, int places)
 QString ParameterValue::shown(const StrategyParameter& parameter, const QString& value)
 {
     if (parameter.type == ParameterType::Percentage && isDecimal(value))
-        return movePoint(value, PERCENT_PLACES);
+        return shiftPoint(value, PERCENT_PLACES);
     return value;
 }
 
@@ -186,7 +186,7 @@ QString ParameterValue::entered(const StrategyParameter& parameter, const QStrin
         return enteredTime(value);
     if (!isNumber(parameter.type) || !isDecimal(value))
         return value;
-    return movePoint(value, parameter.type == ParameterType::Percentage ? -PERCENT_PLACES : 0);
+    return shiftPoint(value, parameter.type == ParameterType::Percentage ? -PERCENT_PLACES : 0);
 }
 
 Status ParameterValue::check(const StrategyParameter& parameter, const QString& value)

@@ -28,7 +28,7 @@ bool fits(ControlType control, const StrategyParameter& parameter)
     return control == ControlType::TextField && parameter.type != ParameterType::Boolean;
 }
 
-/// The parameter without its limits: what is left is its type.
+/// The parameter without limits and constant, to check a value against the type alone.
 StrategyParameter unlimited(StrategyParameter parameter)
 {
     parameter.minValue.clear();

@@ -4,10 +4,10 @@
 #include <QMetaType>
 #include <QString>
 
-/// What kind of value a strategy parameter holds; named after the types of FIXatdl 1.1.
+/// The type of a strategy parameter; named after the types of FIXatdl 1.1.
 enum class ParameterType { Int, Float, Qty, Price, Amount, Percentage, Boolean, String, Char, LocalTime };
 
-/// How a parameter is entered.
+/// The kind of input of a parameter.
 enum class ControlType { TextField, SingleSpinner, DoubleSpinner, DropDownList, CheckBox, Clock, RadioButtonList };
 
 /// How a rule compares its two sides.
@@ -15,21 +15,21 @@ enum class RuleOperator { Less, LessOrEqual, Greater, GreaterOrEqual, Equal, Not
 
 /// One value of an enumerated parameter, or one entry of the list that offers it.
 struct EnumeratedValue {
-    QString id;   ///< ties a value to its list entry
+    QString id;   ///< links a value to its list entry
     QString text; ///< in a parameter: the value itself; in a control: the text shown
 };
 
-/// One parameter of a strategy. Every value is text as it is sent and stored: numbers plain decimal, percentages as a
-/// fraction of 1, times "HH:mm:ss" in the market's time.
+/// One parameter of a strategy. Every value is text as it is sent and stored: numbers in decimal notation, percentages
+/// as a fraction of 1, times as "HH:mm:ss" in the market's time.
 struct StrategyParameter {
     QString name;
     ParameterType type = ParameterType::String;
-    int fixTag = 0; ///< 0 when the file gives none
+    int fixTag = 0; ///< 0 if the file has none
     bool required = false;
     QString minValue;   ///< empty: no lower limit
     QString maxValue;   ///< empty: no upper limit
-    QString constValue; ///< empty: the trader chooses; otherwise the only value, without a control
-    int precision = -1; ///< largest number of decimals; -1 when the file gives none
+    QString constValue; ///< empty: the trader enters a value; otherwise the only value, without a control
+    int precision = -1; ///< largest number of decimals; -1 if the file has none
     int maxLength = 64; ///< largest length of a text
     QString trueValue = QStringLiteral("Y");
     QString falseValue = QStringLiteral("N");
@@ -47,15 +47,15 @@ struct StrategyControl {
     QString tooltip;        ///< empty when there is none
     QString section;        ///< title of the panel around it; empty when it has none
     QString initialValue;   ///< default, as a value of the parameter; empty when there is none
-    QString increment;      ///< step of a spinner in the parameter's own terms; empty: 1 of what is shown
+    QString increment;      ///< step of a spinner, as a value of the parameter; empty: 1 in the shown unit
     QString outerIncrement; ///< large step of a double spinner; empty: ten steps
     QList<EnumeratedValue> items;
     qint64 line = 0;
 };
 
-/// A relation between parameters that must hold. It is not asked while one of its sides is empty.
+/// A relation between parameters that must hold. It is not checked while one of its sides is empty.
 struct StrategyRule {
-    QString message; ///< what to tell the trader when it does not hold
+    QString message; ///< shown to the trader if it does not hold
     QString field;
     RuleOperator comparison = RuleOperator::Equal;
     QString otherField; ///< empty: compared with `value`
@@ -63,13 +63,13 @@ struct StrategyRule {
     qint64 line = 0;
 };
 
-/// One strategy as its file describes it. A default-constructed one stands for "no such strategy".
+/// One strategy as its file describes it. A default-constructed one means that there is no such strategy.
 struct StrategyDefinition {
     QString name;
-    QString alias; ///< name as shown; the name itself when the file gives none
+    QString alias; ///< name as shown; the name itself if the file has none
     QString version;
     QString provider;
-    QString wireValue; ///< how the provider calls it; the name itself when the file gives none
+    QString wireValue; ///< the provider's name; the name itself if the file has none
     QString description;
     QList<StrategyParameter> parameters;
     QList<StrategyControl> controls;
@@ -82,9 +82,9 @@ struct StrategyDefinition {
     const StrategyControl* controlOf(const QString& parameterName) const;
 };
 
-/// How much a strategy file may hold.
+/// Limits of a strategy file.
 namespace StrategyLimits {
-/// Most strategies of one file, parameters, controls and rules of one strategy, values of one parameter.
+/// Most strategies in a file; parameters, controls and rules of a strategy; values of a parameter.
 constexpr int MAX_COUNT = 100;
 /// Deepest nesting of panels.
 constexpr int MAX_PANEL_DEPTH = 8;

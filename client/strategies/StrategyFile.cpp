@@ -16,7 +16,7 @@ Status unreadable(const QString& name, const Status& cause)
 Result<QList<StrategyDefinition>> StrategyFile::read(const QString& path)
 {
     const QString name = QFileInfo(path).fileName();
-    // Only plain files: opening a pipe would wait for its writer.
+    // Only regular files: opening a pipe would block until something writes to it.
     if (!QFileInfo(path).isFile())
         return unreadable(name, Error::NotAFile);
     QFile file(path);

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// In the order in which the trader is offered them.
+/// In the order in which the panel offers them.
 QStringList builtInFiles()
 {
     return { QStringLiteral(":/plandesk/strategies/TWAP.xml"), QStringLiteral(":/plandesk/strategies/VWAP.xml"),

@@ -5,7 +5,7 @@
 #include <QList>
 #include <QStringList>
 
-/// The strategies that come with the client. Does not change once constructed: several threads may use it.
+/// The strategies that come with the client. Immutable after construction, so several threads may use it.
 class StrategyLibrary {
 public:
     /// The client's own library.
@@ -18,9 +18,9 @@ public:
     QStringList names() const;
     /// The strategies in library order.
     QList<AesStrategy> strategies() const;
-    /// The strategy of a name; a default-constructed one when there is none.
+    /// The strategy of a name; a default-constructed one if it does not exist.
     StrategyDefinition strategy(const QString& name) const;
-    /// The strategy as the algorithm service hands it out.
+    /// The strategy as the algorithm service returns it.
     static AesStrategy summary(const StrategyDefinition& strategy);
 
 private:

@@ -153,7 +153,7 @@ void StrategyReader::finishStrategy(StrategyDefinition& strategy)
         return;
     if (m_strategyNames.contains(strategy.name))
         return fail({ Error::DuplicateStrategy, { strategy.name } }, strategy.line);
-    // Controls may stand before their parameters, so their defaults are understood last.
+    // Controls may precede their parameters, so their defaults are converted last.
     for (StrategyControl& control : strategy.controls) {
         const StrategyParameter* const parameter = strategy.parameter(control.parameter);
         const std::optional<QString> value = parameter ? defaultValue(control, *parameter) : QString();

@@ -7,7 +7,7 @@
 #include <QXmlStreamReader>
 #include <functional>
 
-/// Namespaces of a strategy file: parameters, controls and rules each have a vocabulary of their own.
+/// The XML namespaces of parameters, controls and rules.
 namespace StrategyVocabulary {
 inline const QString CORE = QStringLiteral("http://www.fixprotocol.org/FIXatdl-1-1/Core");
 inline const QString LAYOUT = QStringLiteral("http://www.fixprotocol.org/FIXatdl-1-1/Layout");
@@ -23,7 +23,8 @@ public:
     Result<QList<StrategyDefinition>> read();
 
 private:
-    /// Names of child elements and what reads them; a name starting with "lay:" or "val:" is one of that vocabulary.
+    /// Names of child elements, with the functions that read them; "lay:" and "val:" mark the namespaces of controls
+    /// and rules.
     using Children = QMap<QString, std::function<void()>>;
 
     void readRoot();
@@ -45,14 +46,14 @@ private:
     void readComparison(StrategyRule& rule, const QXmlStreamAttributes& attributes);
     void finishStrategy(StrategyDefinition& strategy);
 
-    /// The element's name as `Children` writes it; empty for a foreign vocabulary.
+    /// The element's name as in `Children`; empty for an unknown namespace.
     QString elementKey() const;
     void readChildren(const Children& children);
     void readChild(const Children& children);
     void refuseOther();
 
-    /// The attributes of the current element; refused unless they are among `known` ("xsi:type" stands for itself)
-    /// and hold every one of `needed`.
+    /// The attributes of the current element. Fails if one is not in `known`, or if one of `needed` is missing or
+    /// empty.
     QXmlStreamAttributes attributes(const QStringList& known, const QStringList& needed = {});
     bool isKnown(const QXmlStreamAttribute& attribute, const QStringList& known);
     void refuseForeign(
@@ -62,7 +63,7 @@ private:
     bool flag(const QXmlStreamAttributes& attributes, const QString& name, bool absent);
     QString identifier(const QXmlStreamAttributes& attributes, const QString& name);
     void requireValue(const QXmlStreamAttributes& attributes, const QString& name, const QString& only);
-    /// False, with `error`, when the list is full.
+    /// Returns false and fails with `error` if the list is full.
     template <typename List> bool hasRoom(const List& list, Error error)
     {
         if (list.size() < StrategyLimits::MAX_COUNT)
@@ -71,7 +72,7 @@ private:
         return false;
     }
 
-    /// Ends the reading with the first error, at the current line of the file unless another one is given.
+    /// Stops reading with the first error, by default at the current line of the file.
     void fail(const Status& error) { fail(error, m_xml.lineNumber()); }
     void fail(const Status& error, qint64 line) { stop(StrategyChecks::errorAt(line, error)); }
     void stop(const Status& error);

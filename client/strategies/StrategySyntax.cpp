@@ -1,4 +1,4 @@
-// What every element of a strategy file has: children, attributes, values, and a first fault.
+// Common to all elements of a strategy file: children, attributes, values and the first error.
 #include "StrategyReader.h"
 
 #include <QRegularExpression>

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int textWidth = 320;
 constexpr int iconSize = 32;
-/// Longer texts, and those with a word wider than the box, scroll.
+/// Longer texts, and texts with a word wider than the box, get scroll bars.
 constexpr int longestLabel = 400;
 constexpr int longestWord = 40;
 

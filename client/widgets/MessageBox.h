@@ -5,13 +5,12 @@
 
 class QPushButton;
 
-/// One of the client's message boxes. `exec()` answers `Accepted` for the confirming button, `Rejected` for anything
-/// else.
+/// A message box of the client. `exec()` returns `Accepted` for the confirming button, otherwise `Rejected`.
 class MessageBox : public QDialog {
     Q_OBJECT
 
 public:
-    /// What a kind of box looks like.
+    /// The appearance of a kind of box.
     struct Kind {
         QString objectName;
         QString title;
@@ -20,7 +19,7 @@ public:
 
     MessageBox(const Kind& kind, const QString& text, QWidget* parent);
 
-    /// Adds the button that declines; it has the focus first when `focused`.
+    /// Adds the declining button, with the initial focus if `focused`.
     void addDecline(bool focused);
 
 private:

@@ -54,7 +54,7 @@ void OrloAccountComboBox::SetAccountList(const QList<tagUserAccountInfo>& accoun
         const QSignalBlocker silent(this);
         clear();
     }
-    // The first announces itself at once, and must be complete by then; the others come together.
+    // The first item emits signals at once and must be complete by then; the others are added together.
     QList<QStandardItem*> rows;
     rows.reserve(accounts.size());
     for (const tagUserAccountInfo& account : accounts)

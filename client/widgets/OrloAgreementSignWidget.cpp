@@ -129,7 +129,7 @@ void OrloAgreementSignWidget::Private::setSelectable(bool isSelectable)
         showItem(clients->item(row));
 }
 
-/// Every client is checked until the trader takes one out; without a choice there is no check box.
+/// Every client is initially checked; without a choice there is no check box.
 void OrloAgreementSignWidget::Private::showItem(QListWidgetItem* item) const
 {
     if (selectable) {

@@ -69,7 +69,7 @@ Status OrloDateEdit::Private::checkEnd(const QDate& date) const
     return rules.check(date);
 }
 
-/// A range cannot end before it begins: the end goes along with a later start, and says so.
+/// A range cannot end before it begins: a later start moves the end, with a hint.
 void OrloDateEdit::Private::startChosen(const QDate& date)
 {
     if (end->date().isValid() && end->date() < date) {
@@ -83,7 +83,7 @@ OrloDateEdit::OrloDateEdit(QWidget* parent)
     : QFrame(parent)
     , d(std::make_unique<Private>(this))
 {
-    // A field that takes no focus itself could not be given a place in the order of the Tab key.
+    // A field without a focus policy could not get a place in the tab order.
     setFocusPolicy(Qt::StrongFocus);
     setFocusProxy(d->single);
     d->setMode(0);
@@ -93,7 +93,7 @@ OrloDateEdit::~OrloDateEdit() = default;
 
 void OrloDateEdit::SetMode(int mode, bool withTime)
 {
-    Q_UNUSED(withTime); // no plan has a time of day
+    Q_UNUSED(withTime); // plans have no time of day
     d->setMode(mode);
     setFocusProxy(mode == rangeMode ? d->start : d->single);
 }

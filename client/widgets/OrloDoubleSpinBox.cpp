@@ -18,8 +18,8 @@ constexpr int ratioShowType = 2;
 
 } // namespace
 
-/// Qt's spin box always holds a number within its range. What makes the field empty is therefore kept here; while it
-/// is empty the range below reaches to 0, so that `value()` can be 0, and the asked range is held until a number comes.
+/// QDoubleSpinBox always has a value within its range, so the empty state is kept here. While the field is empty, the
+/// range is extended to 0, so that `value()` can be 0; the requested range is restored with the next number.
 class OrloDoubleSpinBox::Private {
 public:
     explicit Private(OrloDoubleSpinBox* box)
@@ -37,7 +37,7 @@ public:
     int showType = 0;
     bool emptyMode = false;
     bool empty = false;
-    bool untouched = true; ///< nobody has given a number yet; the field shows what it starts with
+    bool untouched = true; ///< no number was entered or set yet; the field shows its initial state
     OrloDoubleSpinBox* q;
 
 private:
@@ -45,7 +45,7 @@ private:
     void releaseRange();
 
     std::optional<DecimalLimits> asked;
-    double known = 0; ///< the number last given on purpose
+    double known = 0; ///< the number last entered or set
     bool moving = false;
 };
 
@@ -54,7 +54,7 @@ DecimalLimits OrloDoubleSpinBox::Private::limits() const
     DecimalLimits now{ q->minimum(), q->maximum(), q->decimals() };
     if (!asked)
         return now;
-    // A bound that is still where stretching has put it stands for the asked one; another was set meanwhile.
+    // A bound with the extended value represents the requested one; any other was set in the meantime.
     if (now.minimum == qMin(0.0, asked->minimum))
         now.minimum = asked->minimum;
     if (now.maximum == qMax(0.0, asked->maximum))
@@ -107,7 +107,7 @@ void OrloDoubleSpinBox::Private::showStart()
 void OrloDoubleSpinBox::Private::textTyped(const QString& text)
 {
     FieldHint::hideAt(q);
-    const DecimalVerdict verdict = judgeDecimal(text, limits());
+    const DecimalVerdict verdict = validateDecimal(text, limits());
     if (verdict.state != QValidator::Acceptable)
         return;
     untouched = false;
@@ -119,7 +119,7 @@ void OrloDoubleSpinBox::Private::textTyped(const QString& text)
     known = verdict.number;
 }
 
-/// Qt moves the number into the range when a bound or the decimals change. Nobody asked for that number.
+/// Qt clamps the number when a bound or the decimals change. That number was not requested.
 void OrloDoubleSpinBox::Private::valueMoved(double value)
 {
     if (moving)
@@ -181,30 +181,30 @@ void OrloDoubleSpinBox::setEmptyMode(bool emptyMode)
 QValidator::State OrloDoubleSpinBox::validate(QString& text, int& position) const
 {
     Q_UNUSED(position)
-    const DecimalVerdict verdict = judgeDecimal(text, d->limits());
+    const DecimalVerdict verdict = validateDecimal(text, d->limits());
     if (verdict.state == QValidator::Invalid && hasFocus())
         FieldHint::showAt(d->q, errorText(verdict.status));
     return verdict.state;
 }
 
-/// An unfinished number that is left: what can be finished is, anything else gives way to the former number.
+/// Completes an unfinished number when the field is left; if that is impossible, the previous number returns.
 void OrloDoubleSpinBox::fixup(QString& text) const
 {
-    const DecimalVerdict verdict = judgeDecimal(text, d->limits());
+    const DecimalVerdict verdict = validateDecimal(text, d->limits());
     if (verdict.state == QValidator::Acceptable)
         return;
     if (text.endsWith(QLatin1Char('.')))
         text.chop(1);
     if (text == QLatin1String("-"))
         text.clear();
-    const DecimalVerdict fixed = judgeDecimal(text, d->limits());
+    const DecimalVerdict fixed = validateDecimal(text, d->limits());
     if (fixed.state != QValidator::Acceptable || text.isEmpty())
         FieldHint::showAt(d->q, errorText(text.isEmpty() ? verdict.status : fixed.status));
 }
 
 double OrloDoubleSpinBox::valueFromText(const QString& text) const
 {
-    return judgeDecimal(text, d->limits()).number;
+    return validateDecimal(text, d->limits()).number;
 }
 
 QString OrloDoubleSpinBox::textFromValue(double value) const
@@ -222,7 +222,7 @@ void OrloDoubleSpinBox::stepBy(int steps)
     const DecimalLimits limits = d->limits();
     if (!isWithin(next, limits)) {
         const QString text = decimalText(next, limits.decimals, true);
-        const DecimalVerdict verdict = judgeDecimal(text, limits);
+        const DecimalVerdict verdict = validateDecimal(text, limits);
         FieldHint::showAt(this, errorText(verdict.status));
         return;
     }

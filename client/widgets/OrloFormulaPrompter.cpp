@@ -54,7 +54,8 @@ void OrloFormulaPrompter::Private::typed()
         offer(false);
 }
 
-/// Offers what fits at the cursor. Unasked, nothing is offered for an empty input or a name that is complete.
+/// Opens the list of completions at the cursor. Without a request by key, it stays closed for an empty input and for a
+/// complete name.
 void OrloFormulaPrompter::Private::offer(bool asked)
 {
     const QString formula = edit->text();
@@ -62,11 +63,10 @@ void OrloFormulaPrompter::Private::offer(bool asked)
     const QString token = FormulaCompletion::tokenBefore(formula, cursor);
     offered.clear();
     if (!token.isEmpty() || (FormulaCompletion::mayBeginAt(formula, cursor) && (asked || !formula.isEmpty())))
-        offered = FormulaCompletion::fitting(token, items + functions);
+        offered = FormulaCompletion::matches(token, items + functions);
     if (!asked && offered == QStringList(token))
         offered.clear();
-    // Behind an operator Enter still belongs to the form, so nothing is marked there until the trader goes into the
-    // list.
+    // After an operator Enter still belongs to the form, so no row is marked until the trader moves into the list.
     popup->offer(offered, asked || !token.isEmpty() ? 0 : -1);
 }
 
@@ -80,7 +80,7 @@ void OrloFormulaPrompter::Private::insert(const QString& chosen)
     }
     const QScopedValueRollback<bool> own(inserting, true);
     const int typedLength = FormulaCompletion::tokenBefore(edit->text(), cursor).size();
-    // Inserted over the selection, so that one undo takes it back.
+    // Inserted over the selection, so that one undo reverts it.
     edit->setSelection(cursor - typedLength, typedLength);
     edit->insert(chosen);
     edit->setCursorPosition(edited.cursor);

@@ -42,8 +42,7 @@ bool OrloPushButton::Private::eventFilter(QObject* watched, QEvent* event)
     return QObject::eventFilter(watched, event);
 }
 
-/// A button that is a text has no room of its own: forms fix its width to that of the text in the usual font, so in a
-/// larger one the text gives way.
+/// Forms fix the width of a text button to that of its text in the default font, so a larger font is reduced to fit.
 void OrloPushButton::Private::fitText()
 {
     if (fitting || styleType != BtnStyleType::Text)

@@ -7,7 +7,7 @@ namespace {
 constexpr int belowParent = 0;
 constexpr int besideParent = 1;
 
-/// Size with which a window will show, also before it was shown for the first time.
+/// The size that a window will have when shown, even before it was first shown.
 QSize shownSize(QWidget* widget)
 {
     if (widget->testAttribute(Qt::WA_Resized))

@@ -11,7 +11,7 @@ QString boxText(const char* text)
     return QCoreApplication::translate("OrloWidget", text);
 }
 
-/// Runs a box that may die with its parent while it is open, and says whether it was accepted.
+/// Runs a box, which may be deleted with its parent meanwhile, and returns whether it was accepted.
 bool accepted(MessageBox* box)
 {
     const QPointer<MessageBox> open(box);

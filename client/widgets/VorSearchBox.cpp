@@ -51,7 +51,7 @@ public:
     int minLength = 1;
 
 private:
-    /// What is to be done once the list can be searched, for the text that stood in the box.
+    /// What to do once the list can be searched, for the text that was in the box.
     enum class Later { Nothing, Offer, Settle };
 
     QString typed() const { return searchForm(q->text().trimmed()); }
@@ -99,7 +99,7 @@ void VorSearchBox::Private::setRuns(const QVector<QStringList>& list)
     popup->hide();
     if (later == Later::Nothing)
         return;
-    // What is awaited may be ready in the new list, and nothing would tell it.
+    // The awaited index may already be ready for the new list; no signal would follow.
     presented.reset();
     QMetaObject::invokeMethod(this, &Private::resume, Qt::QueuedConnection);
 }
@@ -109,7 +109,7 @@ void VorSearchBox::Private::prepareIndexes()
     SymbolIndexes::instance().prepare(runs, OrloBusinessDataInterface::GetSecurityChineseName);
 }
 
-// The indexes may have been forgotten since the list was set.
+// The indexes may have been deleted since the list was set.
 SymbolSearch VorSearchBox::Private::newSearch()
 {
     prepareIndexes();
@@ -152,7 +152,7 @@ void VorSearchBox::Private::offer()
         FieldHint::showAt(q, isWhole(search) ? VorSearchBox::tr("没有匹配的证券") : preparing());
 }
 
-/// Opens the list with what the search finds. A row that the trader has marked stays marked.
+/// Opens the list with the results of the search. A row that the trader has marked stays marked.
 void VorSearchBox::Private::present(const SymbolSearch& search, const QString& text)
 {
     const bool resumed = later != Later::Nothing && q->text() == awaitedText;
@@ -166,7 +166,7 @@ void VorSearchBox::Private::present(const SymbolSearch& search, const QString& t
     popup->offer(rows, kept.isEmpty() ? (sure ? 0 : -1) : offered.indexOf(kept));
 }
 
-/// Enter or leaving the field: what is typed becomes a choice if it can mean one security only.
+/// On Enter or when the field is left, chooses the security that is typed if it is unambiguous.
 void VorSearchBox::Private::settle()
 {
     listen();
@@ -190,7 +190,7 @@ void VorSearchBox::Private::settle()
         FieldHint::showAt(q, VorSearchBox::tr("没有匹配的证券"));
 }
 
-/// To be called before looking at what is ready: what gets ready afterwards is then heard of.
+/// Must be called before checking what is ready, so that no signal is missed.
 void VorSearchBox::Private::listen()
 {
     if (!listening)
@@ -211,7 +211,7 @@ void VorSearchBox::Private::stopWaiting()
     listening = QMetaObject::Connection();
 }
 
-/// More of the list can be searched. A list that the trader has closed in the meantime stays closed.
+/// Called when more of the list can be searched. A list that the trader has closed in the meantime stays closed.
 void VorSearchBox::Private::resume()
 {
     if (later == Later::Nothing)
@@ -262,12 +262,12 @@ void VorSearchBox::Private::announce()
     if (q->signalsBlocked())
         return;
     const QPointer<VorSearchBox> box(q);
-    const QString told = symbol;
-    Q_EMIT q->selectStockCodeChange(told);
-    // Whoever heard it may have chosen another security, which has been announced by then, or deleted the box.
-    if (!box || symbol != told)
+    const QString announced = symbol;
+    Q_EMIT q->selectStockCodeChange(announced);
+    // A receiver may have chosen another security, whose signals have been emitted by then, or deleted the box.
+    if (!box || symbol != announced)
         return;
-    const QString name = told.isEmpty() ? QString() : OrloBusinessDataInterface::GetSecurityChineseName(told);
+    const QString name = announced.isEmpty() ? QString() : OrloBusinessDataInterface::GetSecurityChineseName(announced);
     Q_EMIT q->selectStockNameChange(name);
 }
 
@@ -284,7 +284,7 @@ bool VorSearchBox::Private::eventFilter(QObject* watched, QEvent* event)
             return true;
         }
     }
-    // Behind what the focus brings about, and before the first key can come.
+    // After the events of the focus change, and before the first key.
     if (event->type() == QEvent::FocusIn)
         QTimer::singleShot(0, this, [this] { popup->prepare(SymbolSearch(runs).letters()); });
     if (event->type() == QEvent::FocusOut && isPending() && !leavesWindow(static_cast<QFocusEvent*>(event)->reason()))
