@@ -42,7 +42,7 @@ QStringList list(const char* text)
     return words(text).split(QLatin1Char(' '));
 }
 
-/// The states in which the form is looked at.
+/// The states in which the form is tested.
 QStringList states()
 {
     return { words("a new plan"), words("an ordinary plan"), words("the same each day"), words("a reduction"),
@@ -95,7 +95,7 @@ QStringList tabStops()
                 "combx_reduceHMode le_remark btn_ok btn_cancel");
 }
 
-/// The usable widget of a name; null when none is. The parts of both dates have the same names.
+/// The visible and enabled widget of a name; null if there is none. The parts of both dates have the same names.
 QWidget* usable(const QWidget& form, const QString& name)
 {
     for (QWidget* const widget : form.findChildren<QWidget*>(name)) {
@@ -112,7 +112,7 @@ QString titleOf(const QWidget* widget)
         + (name.isEmpty() ? widget->property("text").toString() : name);
 }
 
-/// What of the accessibility tree below an object takes the keyboard and is on the screen, beside entries of lists.
+/// Collects the visible, focusable nodes of an accessibility tree, without the entries of lists.
 void collectFields(QAccessibleInterface* node, QList<QAccessibleInterface*>& found)
 {
     if (!node || !node->isValid() || node->state().invisible)
@@ -124,7 +124,7 @@ void collectFields(QAccessibleInterface* node, QList<QAccessibleInterface*>& fou
         collectFields(node->child(i), found);
 }
 
-/// What is not as it should be in the accessibility tree of a widget, one sentence each.
+/// The errors in the accessibility tree of a widget, one sentence each.
 QString namelessFields(QWidget* root, int* count = nullptr)
 {
     QList<QAccessibleInterface*> fields;
@@ -133,7 +133,7 @@ QString namelessFields(QWidget* root, int* count = nullptr)
     for (QAccessibleInterface* const field : qAsConst(fields)) {
         auto* const widget = qobject_cast<QWidget*>(field->object());
         const QString what = widget ? titleOf(widget) : words("a part");
-        // A combo box answers with its choice there; its name is told by the widget, and by its caption.
+        // The name of a combo box in the tree is its choice; its own name comes from the widget or the caption.
         const bool isBox = qobject_cast<QComboBox*>(widget);
         const bool isCaptioned = !field->relations(QAccessible::Label).isEmpty();
         const QString name = isBox ? widget->accessibleName() : field->text(QAccessible::Name);
@@ -249,7 +249,7 @@ QString cutTexts(const QWidget* root, int* count = nullptr)
         const int flags = shown.isWrapped ? int(Qt::TextWordWrap) : int(Qt::TextSingleLine);
         const QRect bounds = shown.isWrapped ? QRect(0, 0, shown.room.width(), 9999) : QRect();
         const QSize needed = widget->fontMetrics().boundingRect(bounds, flags, shown.text).size();
-        // Fonts that stand in for one another are higher together than the line that a box is made for.
+        // A line with substituted fonts is higher than the line that the box is made for.
         const int ascent = widget->fontMetrics().tightBoundingRect(shown.text).height();
         if (needed.width() > shown.room.width() || (shown.isWrapped ? needed.height() : ascent) > shown.room.height())
             faults.append(QStringLiteral("%1 has %2 x %3 for %4 of %5 x %6")
@@ -263,7 +263,7 @@ QString cutTexts(const QWidget* root, int* count = nullptr)
     return faults.join(QLatin1Char('\n'));
 }
 
-/// Answers every text of the editor with itself in brackets.
+/// Translates every text of the editor to itself in brackets.
 class BracketTranslator : public QTranslator {
 public:
     QString translate(const char* context, const char* source, const char*, int) const override
@@ -278,7 +278,7 @@ public:
 
 } // namespace
 
-/// The form, the window and the boxes as those meet them who use a keyboard, a screen reader, a larger font or a zoom.
+/// The form, the window and the boxes with a keyboard, a screen reader, a larger font or a zoom.
 class AccessibilityTest : public LoggedTest {
     Q_OBJECT
 
@@ -407,7 +407,7 @@ private Q_SLOTS:
         QCoreApplication::removeTranslator(&translator);
     }
 
-    void descriptionsTellTheUnitAndTheStep()
+    void descriptionsNameTheUnitAndTheStep()
     {
         openForm(words("an ordinary plan"));
         QCOMPARE(field<QWidget>(form(), "le_targetTotalNum")->accessibleDescription(), words("单位：股"));
@@ -442,8 +442,8 @@ private Q_SLOTS:
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
         QCOMPARE(QApplication::focusWidget()->objectName(), words("btn_cancel"));
     }
-    void theFocusIsSeen_data() { addSkins(); }
-    void theFocusIsSeen()
+    void theFocusIsVisible_data() { addSkins(); }
+    void theFocusIsVisible()
     {
         QFETCH(QString, skin);
         openForm(words("an algorithm"), skin);
@@ -550,8 +550,8 @@ private Q_SLOTS:
         }
         panel->hide();
     }
-    void whatIsWrongInThePanelStandsOut_data() { addSkins(); }
-    void whatIsWrongInThePanelStandsOut()
+    void errorsInThePanelStandOut_data() { addSkins(); }
+    void errorsInThePanelStandOut()
     {
         QFETCH(QString, skin);
         openForm(words("an algorithm"), skin);
@@ -583,8 +583,8 @@ private Q_SLOTS:
         QCOMPARE(m_window->findChild<QWidget*>(words("planTable"))->accessibleName(), words("计划列表"));
         QCOMPARE(m_window->findChild<QWidget*>(words("planDetails"))->accessibleName(), words("计划内容"));
     }
-    void theWindowsFocusIsSeen_data() { addSkins(); }
-    void theWindowsFocusIsSeen()
+    void theFocusInTheWindowIsVisible_data() { addSkins(); }
+    void theFocusInTheWindowIsVisible()
     {
         QFETCH(QString, skin);
         open(skin);
@@ -630,7 +630,7 @@ private Q_SLOTS:
         QFETCH(QString, skin);
         openForm(words("an ordinary plan"), skin);
         auto* const accounts = field<QComboBox>(form(), "combx_fundAccount");
-        // Once more after it was open: the skin must not have taken the colour back.
+        // Twice, because closing the popup must not reset the colour.
         for (int i = 0; i < 2; ++i) {
             accounts->showPopup();
             QCoreApplication::processEvents();

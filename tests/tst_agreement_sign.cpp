@@ -37,7 +37,7 @@ private:
     }
     static QPushButton* signButton(const QWidget& dialog) { return child<QPushButton>(dialog, "btnSign"); }
 
-    /// Confirms the message box that opens next, and keeps its text.
+    /// Confirms the next message box and stores its text.
     void confirmNextBox()
     {
         QTimer::singleShot(0, this, [this] {
@@ -90,13 +90,6 @@ private Q_SLOTS:
         QCOMPARE(signButton(dialog)->text(), QStringLiteral("签署"));
     }
 
-    void withoutACountdownSigningIsPossibleAtOnce()
-    {
-        OrloAgreementSignWidget dialog(true, true, nullptr);
-        fill(dialog, 0);
-        QVERIFY(signButton(dialog)->isEnabled());
-    }
-
     void chosenClientsSign()
     {
         OrloAgreementSignWidget dialog(true, true, nullptr);
@@ -123,7 +116,7 @@ private Q_SLOTS:
         QCOMPARE(signatures().first().second.size(), 2);
     }
 
-    void noChosenClientIsSaid()
+    void signingWithoutAClientIsReported()
     {
         OrloAgreementSignWidget dialog(true, true, nullptr);
         fill(dialog);
@@ -137,7 +130,7 @@ private Q_SLOTS:
         QVERIFY(dialog.isVisible());
     }
 
-    void aFailureIsSaidAndTheDialogStays()
+    void aFailureIsReportedAndTheDialogStays()
     {
         WidgetServices::instance().signFailure = QStringLiteral("数据库被占用");
         OrloAgreementSignWidget dialog(true, true, nullptr);
@@ -160,14 +153,14 @@ private Q_SLOTS:
         QCOMPARE(signatures().size(), 0);
     }
 
-    void nobodyToSignLeavesTheButtonDisabled()
+    void withoutClientsTheButtonIsDisabled()
     {
         OrloAgreementSignWidget dialog(true, true, nullptr);
         dialog.SetSignCountDown(0);
         QVERIFY(!signButton(dialog)->isEnabled());
     }
 
-    void theDialogMayDieWithItsParent()
+    void theDialogCanBeDeletedWithItsParent()
     {
         auto* parent = new QWidget;
         QPointer<OrloAgreementSignWidget> dialog(new OrloAgreementSignWidget(true, true, parent));

@@ -179,7 +179,7 @@ private Q_SLOTS:
         QVERIFY(!popup());
     }
 
-    void aChoiceMayDeleteTheBox()
+    void aChoiceCanDeleteTheBox()
     {
         auto* box = new OrloComboBox;
         box->addItems({ QStringLiteral("a"), QStringLiteral("b") });
@@ -193,7 +193,7 @@ private Q_SLOTS:
         QTRY_VERIFY(!alive);
     }
 
-    void accountsShowWhatTheModeSays_data()
+    void accountsAreShownAsTheModeSays_data()
     {
         QTest::addColumn<int>("mode");
         QTest::addColumn<QString>("text");
@@ -202,7 +202,7 @@ private Q_SLOTS:
         QTest::newRow("2 is both") << 2 << QStringLiteral("甲账户（880001）");
     }
 
-    void accountsShowWhatTheModeSays()
+    void accountsAreShownAsTheModeSays()
     {
         QFETCH(int, mode);
         QFETCH(QString, text);
@@ -234,7 +234,7 @@ private Q_SLOTS:
         QCOMPARE(box.GetCurTradingAccount(), QStringLiteral("T2"));
     }
 
-    void noAccountsLeaveNoAccount()
+    void anEmptyListLeavesNoAccount()
     {
         OrloAccountComboBox box(nullptr, OrloAccountComboBox::DisplayMode::FundAccount);
         box.SetAccountList(accounts());

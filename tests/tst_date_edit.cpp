@@ -45,7 +45,7 @@ private:
     QLineEdit* line(const char* name) const { return child<QLineEdit>(name); }
     QString hint(const char* name) const { return hintAt(line(name)->parentWidget()); }
 
-    /// Types a date into a field and presses a key behind it.
+    /// Types a date into a field, then presses a key.
     void enter(const char* name, const QString& text, Qt::Key key = Qt::Key_Return)
     {
         retype(line(name), text);
@@ -123,18 +123,18 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("reason");
-        QTest::newRow("a Saturday") << QStringLiteral("2025-11-29") << QStringLiteral("2025-11-29不是交易日，不能选择");
-        QTest::newRow("an excluded date")
-            << QStringLiteral("2025-11-26") << QStringLiteral("2025-11-26不是交易日，不能选择");
-        QTest::newRow("before the first")
-            << QStringLiteral("2025-11-21") << QStringLiteral("2025-11-21早于最早可选日期2025-11-24");
-        QTest::newRow("after the last") << QStringLiteral("2026-02-25")
-                                        << QStringLiteral("2026-02-25晚于最晚可选日期2026-02-24");
-        const QString form = QStringLiteral("请输入有效日期，格式为yyyy-MM-dd");
-        QTest::newRow("no such day") << QStringLiteral("2025-11-31") << form;
-        QTest::newRow("another form") << QStringLiteral("2025/12/1") << form;
-        QTest::newRow("half a date") << QStringLiteral("2025-12") << form;
-        QTest::newRow("a word") << QStringLiteral("abc") << form;
+        const auto row = [](const char* name, const char* typed, const char* reason) {
+            QTest::newRow(name) << QString::fromLatin1(typed) << QString::fromUtf8(reason);
+        };
+        row("a Saturday", "2025-11-29", "2025-11-29不是交易日，不能选择");
+        row("an excluded date", "2025-11-26", "2025-11-26不是交易日，不能选择");
+        row("before the first", "2025-11-21", "2025-11-21早于最早可选日期2025-11-24");
+        row("after the last", "2026-02-25", "2026-02-25晚于最晚可选日期2026-02-24");
+        const char* const form = "请输入有效日期，格式为yyyy-MM-dd";
+        row("a day that does not exist", "2025-11-31", form);
+        row("another format", "2025/12/1", form);
+        row("half a date", "2025-12", form);
+        row("a word", "abc", form);
     }
 
     void aTypedDateThatCannotBeChosenIsRefused()
@@ -176,12 +176,10 @@ private Q_SLOTS:
             const auto* button = calendar->findChild<QToolButton*>(QStringLiteral("day_") + QString::fromLatin1(day));
             return button && button->isEnabled();
         };
-        QVERIFY(isEnabled("2025-11-24"));
-        QVERIFY(isEnabled("2025-11-25"));
-        QVERIFY(!isEnabled("2025-11-21"));
-        QVERIFY(!isEnabled("2025-11-26"));
-        QVERIFY(!isEnabled("2025-11-29"));
-        QVERIFY(!isEnabled("2025-11-30"));
+        for (const char* const day : { "2025-11-24", "2025-11-25" })
+            QVERIFY2(isEnabled(day), day);
+        for (const char* const day : { "2025-11-21", "2025-11-26", "2025-11-29", "2025-11-30" })
+            QVERIFY2(!isEnabled(day), day);
     }
 
     void theCalendarTakesAClick()
@@ -206,17 +204,13 @@ private Q_SLOTS:
     {
         CalendarPopup* calendar = open("btn_endCalendar");
         QCOMPARE(markedDay(calendar), monday);
-        QTest::keyClick(calendar, Qt::Key_Left);
-        QCOMPARE(markedDay(calendar), monday);
-        QTest::keyClick(calendar, Qt::Key_Right);
-        QTest::keyClick(calendar, Qt::Key_Right);
-        QCOMPARE(markedDay(calendar), QDate(2025, 11, 27));
-        QTest::keyClick(calendar, Qt::Key_Down);
-        QCOMPARE(markedDay(calendar), QDate(2025, 12, 4));
-        QTest::keyClick(calendar, Qt::Key_PageDown);
-        QCOMPARE(markedDay(calendar), QDate(2026, 1, 5));
-        QTest::keyClick(calendar, Qt::Key_PageUp);
-        QCOMPARE(markedDay(calendar), QDate(2025, 12, 5));
+        const QList<QPair<Qt::Key, QDate>> moves{ { Qt::Key_Left, monday }, { Qt::Key_Right, monday.addDays(1) },
+            { Qt::Key_Right, QDate(2025, 11, 27) }, { Qt::Key_Down, QDate(2025, 12, 4) },
+            { Qt::Key_PageDown, QDate(2026, 1, 5) }, { Qt::Key_PageUp, QDate(2025, 12, 5) } };
+        for (const auto& move : moves) {
+            QTest::keyClick(calendar, move.first);
+            QCOMPARE(markedDay(calendar), move.second);
+        }
         QTest::keyClick(calendar, Qt::Key_Return);
         QCOMPARE(m_edit->GetEndDate(), QDate(2025, 12, 5));
         calendar = open("btn_endCalendar");
@@ -249,7 +243,7 @@ private Q_SLOTS:
         QCOMPARE(hint("le_end"), QStringLiteral("结束日期不能早于开始日期2025-12-01"));
     }
 
-    void aLaterStartTakesTheEndAlongAndSaysSo()
+    void aLaterStartMovesTheEndAndShowsAHint()
     {
         enter("le_start", QStringLiteral("2025-12-01"));
         QCOMPARE(m_edit->GetStartDate(), QDate(2025, 12, 1));

@@ -59,19 +59,19 @@ private Q_SLOTS:
         QTest::addColumn<QString>("shown");
         QTest::addColumn<QString>("reason");
         const QString form = QStringLiteral("请输入数字，不带千分位和其他符号");
-        QTest::newRow("beyond the maximum")
-            << QStringLiteral("2000000001") << QStringLiteral("200000000") << QStringLiteral("不能大于2000000000");
-        QTest::newRow("the maximum itself fits")
-            << QStringLiteral("2000000000") << QStringLiteral("2000000000") << QString();
-        QTest::newRow("a third decimal") << QStringLiteral("1.234") << QStringLiteral("1.23")
-                                         << QStringLiteral("最多输入2位小数");
-        QTest::newRow("an exponent") << QStringLiteral("1e") << QStringLiteral("1") << form;
-        QTest::newRow("not a number") << QStringLiteral("n") << QStringLiteral("0.00") << form;
-        QTest::newRow("infinity") << QStringLiteral("i") << QStringLiteral("0.00") << form;
-        QTest::newRow("a plus sign") << QStringLiteral("+") << QStringLiteral("0.00") << form;
-        QTest::newRow("grouping") << QStringLiteral("1,") << QStringLiteral("1") << form;
-        QTest::newRow("a blank") << QStringLiteral("1 ") << QStringLiteral("1") << form;
-        QTest::newRow("a minus sign") << QStringLiteral("-") << QStringLiteral("0.00") << QStringLiteral("不能小于0");
+        const auto row = [](const char* name, const char* typed, const char* shown, const QString& reason) {
+            QTest::newRow(name) << QString::fromLatin1(typed) << QString::fromLatin1(shown) << reason;
+        };
+        row("beyond the maximum", "2000000001", "200000000", QStringLiteral("不能大于2000000000"));
+        row("the maximum itself", "2000000000", "2000000000", QString());
+        row("a third decimal", "1.234", "1.23", QStringLiteral("最多输入2位小数"));
+        row("an exponent", "1e", "1", form);
+        row("a letter", "n", "0.00", form);
+        row("infinity", "i", "0.00", form);
+        row("a plus sign", "+", "0.00", form);
+        row("grouping", "1,", "1", form);
+        row("a blank", "1 ", "1", form);
+        row("a minus sign", "-", "0.00", QStringLiteral("不能小于0"));
     }
 
     void typingIsRefusedWithAHint()
@@ -188,7 +188,7 @@ private Q_SLOTS:
         QVERIFY(!m_edit->GetStrValue().contains(QStringLiteral("..")));
     }
 
-    void aRangeThatLeavesTheNumberOutEmptiesTheField()
+    void aRangeWithoutTheNumberEmptiesTheField()
     {
         m_edit->setValue(50);
         log().expectWarning(QStringLiteral("the range has left out"));
@@ -256,7 +256,7 @@ private Q_SLOTS:
         QCOMPARE(numbers.last().first().toDouble(), 12.0);
     }
 
-    void pastedTextIsJudgedToo()
+    void pastedTextIsCheckedToo()
     {
         m_edit->selectAll();
         m_edit->findChild<QLineEdit*>()->insert(QStringLiteral("1e3"));

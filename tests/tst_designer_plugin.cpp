@@ -24,7 +24,7 @@ QString textOf(const QDomElement& custom, const char* name)
     return custom.firstChildElement(QLatin1String(name)).text();
 }
 
-/// The form's entries for the client's classes. The form's own class, promoted from one of them, is left out.
+/// The form's entries for the client's classes, without the form's own class, which is promoted from one of them.
 QList<QDomElement> namedClasses()
 {
     QList<QDomElement> entries;

@@ -41,7 +41,7 @@ bool hasLineWith(const QString& page, const QStringList& words)
     return false;
 }
 
-/// All that the editor is made of: its sources and its form.
+/// The sources of the editor and its form.
 QString editorSources()
 {
     const QDir folder(inProject(QStringLiteral("autoparamsetting")));
@@ -71,7 +71,7 @@ QStringList packagesIn(QString words)
 
 } // namespace
 
-/// What the pages of docs/ say about the sources, held against them.
+/// Compares what the pages of docs/ say with the sources.
 class DocsTest : public QObject {
     Q_OBJECT
 

@@ -87,7 +87,7 @@ private Q_SLOTS:
         QCOMPARE(returns.count(), 0);
     }
 
-    void tabChoosesToo()
+    void tabAlsoChooses()
     {
         QTest::keyClicks(m_edit, QStringLiteral("MA2"));
         key(Qt::Key_Tab);
@@ -162,7 +162,7 @@ private Q_SLOTS:
         QCOMPARE(rows(), QStringList());
     }
 
-    void whatWouldBeTooLongIsRefusedWithAHint()
+    void aTextThatWouldBeTooLongIsRefusedWithAHint()
     {
         m_edit->setMaxLength(5);
         QTest::keyClicks(m_edit, QStringLiteral("1+m"));

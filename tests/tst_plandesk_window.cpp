@@ -72,7 +72,7 @@ QProcessEnvironment withoutDisplay()
     return environment;
 }
 
-/// The environment on a machine where this variable alone names a language.
+/// The environment of a machine on which only this variable names a language.
 QProcessEnvironment inLanguage(const QString& variable, const QString& locale)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -129,7 +129,7 @@ private:
     AutoParamSetting* dialogEditor() const { return dialog().editor(); }
     FormDriver dialogDriver() const { return FormDriver(dialogEditor()); }
 
-    /// Does something that brings one box, and returns what the box said.
+    /// Does something that opens one box, and returns its text.
     QString boxOf(const std::function<void()>& action, const char* box = "msgBoxTip", bool accepts = true)
     {
         boxes().expect(QLatin1String(box), accepts);
@@ -138,7 +138,7 @@ private:
         return seen.size() == 1 && seen.constFirst().name == QLatin1String(box) ? seen.constFirst().text : QString();
     }
 
-    /// Presses OK in the dialog and returns what the one box said.
+    /// Presses OK in the dialog and returns the text of the one box.
     QString send()
     {
         return boxOf([this] { dialogDriver().confirm(); });
@@ -299,7 +299,7 @@ private Q_SLOTS:
             QStringLiteral("2024-05-07：新下达指令0条，此前已下达的计划1个，未下达的计划0个。\n"));
     }
 
-    void aDayIsIssuedWhateverDigitsTheMachineWrites_data()
+    void aDayIsIssuedInEveryLocale_data()
     {
         QTest::addColumn<QString>("variable");
         QTest::addColumn<QString>("locale");
@@ -309,7 +309,7 @@ private Q_SLOTS:
         QTest::newRow("of numbers alone") << QStringLiteral("LC_NUMERIC") << QStringLiteral("fa_IR.UTF-8");
     }
 
-    void aDayIsIssuedWhateverDigitsTheMachineWrites()
+    void aDayIsIssuedInEveryLocale()
     {
         QFETCH(QString, variable);
         QFETCH(QString, locale);
@@ -322,7 +322,7 @@ private Q_SLOTS:
         QCOMPARE(end.output, QStringLiteral("2024-05-07：新下达指令1条，此前已下达的计划0个，未下达的计划0个。\n"));
     }
 
-    void theWalkThroughPassesWhateverDigitsTheMachineWrites_data()
+    void theWalkThroughPassesInEveryLocale_data()
     {
         QTest::addColumn<QString>("variable");
         QTest::addColumn<QString>("locale");
@@ -330,7 +330,7 @@ private Q_SLOTS:
         QTest::newRow("of numbers alone") << QStringLiteral("LC_NUMERIC") << QStringLiteral("fa_IR.UTF-8");
     }
 
-    void theWalkThroughPassesWhateverDigitsTheMachineWrites()
+    void theWalkThroughPassesInEveryLocale()
     {
         QFETCH(QString, variable);
         QFETCH(QString, locale);
@@ -349,7 +349,7 @@ private Q_SLOTS:
         QCOMPARE(model.rowCount(), 120);
         QCOMPARE(model.index(1, PlanTableModel::Target).data().toString(), QStringLiteral("1,000 股"));
 
-        // What was shown is kept, what was not is read now.
+        // Rows that were shown are kept, others are read now.
         Record changed = SampleSession::record();
         changed.insert(BaseField::totalQty, QStringLiteral("2000"));
         for (int row : { 1, 60 })
@@ -362,7 +362,7 @@ private Q_SLOTS:
         QCOMPARE(model.plan(120).id, QString());
     }
 
-    void theTableHasMoreRowsWhenMoreAreWanted()
+    void theTableFetchesMoreRowsWhenNeeded()
     {
         ClientSession& session = ClientSession::instance();
         const Record record = SampleSession::record();
@@ -483,7 +483,7 @@ private Q_SLOTS:
         QCOMPARE(dialogEditor(), editor.data());
         QVERIFY(!second.isEmpty() && second != first);
 
-        // Opened and left as it was, the form is still good for another plan.
+        // An unchanged form is used for the next plan.
         pressForEditor(Qt::Key_N);
         QCOMPARE(dialogEditor(), editor.data());
         dialogDriver().cancel();
@@ -491,7 +491,7 @@ private Q_SLOTS:
         QCOMPARE(dialogEditor(), editor.data());
         QCOMPARE(send(), QStringLiteral("交易计划%1修改成功!").arg(second));
 
-        // After an edit every field is free again.
+        // After an edit every field is enabled again.
         pressForEditor(Qt::Key_N);
         QCOMPARE(dialogEditor(), editor.data());
         QVERIFY(field<QWidget>(*dialogEditor(), "combx_fundAccount")->isEnabled());
@@ -583,7 +583,7 @@ private Q_SLOTS:
         QCOMPARE(boxes().take().size(), 0);
     }
 
-    void theWindowStaysWhileItsFormIsWanted()
+    void theWindowStaysOpenWhileItsFormIsKept()
     {
         openWindow();
         pressForEditor(Qt::Key_N);

@@ -45,7 +45,7 @@ namespace InstructionType = PlanCodes::InstructionType;
 const QDate lastDay(2024, 4, 30);
 const QDateTime signedTime(QDate(2024, 4, 1), QTime(9, 0));
 
-/// A database with a sample market in it, in a folder that goes with it.
+/// A database with a sample market, in a temporary folder.
 struct SampleFile {
     explicit SampleFile(int size = 0, quint64 seed = 7)
     {
@@ -372,7 +372,7 @@ private Q_SLOTS:
         QCOMPARE(SampleMarket::write(database, { 7, 1200, QDate() }), QStringLiteral("样本市场缺少最后一个收盘日"));
     }
 
-    void aHundredThousandSecuritiesAreWrittenAndOpenedSoon()
+    void aHundredThousandSecuritiesAreWrittenWithinAMinute()
     {
         QVERIFY(SampleMarket::largestSize() >= 100000);
         QElapsedTimer timer;
@@ -425,7 +425,7 @@ private Q_SLOTS:
         QCOMPARE(read.symbols(other.type, { other.subType }, { Kelvo_Values::SymbolPost::sh }).size(), 0);
     }
 
-    void aMarketThatCannotBeReadSaysWhyAndStaysAsItWas()
+    void aMarketThatCannotBeReadIsReportedAndKept()
     {
         SampleFile file(200);
         QCOMPARE(file.database.execute(QStringLiteral("ALTER TABLE closing_prices RENAME TO other")), QString());

@@ -52,7 +52,7 @@ private:
 
     QStringList rows() const { return suggestions(m_box); }
 
-    /// Another list, whose preparation waits for the names that are held.
+    /// Sets another list, whose preparation waits until the names are released.
     void setUnpreparedList(const SymbolList& symbols)
     {
         m_box->setSecurityList(SymbolList({ QStringLiteral("blocks") }));
@@ -63,6 +63,13 @@ private:
         m_box->setSearchMode(1);
         m_box->setSecurityList(symbols);
     }
+
+    static void finishPreparation()
+    {
+        SymbolIndexes::instance().waitForFinished();
+        QCoreApplication::processEvents();
+    }
+
     void type(const QString& text) { QTest::keyClicks(m_box, text); }
 
     SymbolList m_market;
@@ -78,35 +85,36 @@ private Q_SLOTS:
         QCOMPARE(rows(), QStringList{ QStringLiteral("600001.SH  东海科技股份1号") });
     }
 
-    void codesMatchByTheirBeginningWhateverTheCase()
+    void theTextFindsCodesAndNames_data()
     {
-        m_box->setSearchMode(0);
-        type(QStringLiteral("600007.s"));
-        QCOMPARE(rows().size(), 1);
-        QVERIFY(rows().first().startsWith(sh(7)));
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<int>("leastLength");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("found");
+        const auto row = [](const char* name, int mode, int leastLength, const char* text, const char* found) {
+            QTest::newRow(name) << mode << leastLength << QString::fromUtf8(text) << QString::fromLatin1(found);
+        };
+        row("the beginning of a code in lower case", 0, 6, "600007.s", "600007.SH");
+        row("a part of a name in mode 0", 0, 3, "行控股", "");
+        row("a part of a name in mode 1", 1, 3, "行控股", "000001.SZ");
+        row("a name in lower case", 1, 3, "alpha", "300750.SZ");
+        row("full-width digits", 1, 6, "３００７５０", "300750.SZ");
+        row("the exact code first, although it is in a later run", 1, 1, "600000", "600000.SH 600000.BJ");
     }
 
-    void namesMatchByAnyPartInModeOneOnly()
+    void theTextFindsCodesAndNames()
     {
-        m_box->setMinMatchLength(3);
-        m_box->setSearchMode(0);
-        m_box->insert(QStringLiteral("行控股"));
-        QCOMPARE(rows(), QStringList());
-        m_box->setSearchMode(1);
-        m_box->clear();
-        m_box->insert(QStringLiteral("行控股"));
-        QCOMPARE(rows(), QStringList{ QStringLiteral("000001.SZ  南山银行控股集团") });
-        m_box->clear();
-        m_box->insert(QStringLiteral("alpha"));
-        QCOMPARE(rows(), QStringList{ QStringLiteral("300750.SZ  Alpha芯片ETF") });
-    }
-
-    void fullWidthDigitsAreDigits()
-    {
-        m_box->insert(QStringLiteral("３００７５０"));
-        QCOMPARE(rows().size(), 1);
-        QTest::keyClick(m_box, Qt::Key_Return);
-        QCOMPARE(m_box->getSymbol(), QStringLiteral("300750.SZ"));
+        QFETCH(int, mode);
+        QFETCH(int, leastLength);
+        QFETCH(QString, text);
+        QFETCH(QString, found);
+        m_box->setSearchMode(mode);
+        m_box->setMinMatchLength(leastLength);
+        m_box->insert(text);
+        QStringList codes;
+        for (const QString& row : rows())
+            codes << row.section(QLatin1Char(' '), 0, 0);
+        QCOMPARE(codes.join(QLatin1Char(' ')), found);
     }
 
     void atMostFiftyRowsAreLaidOut()
@@ -116,15 +124,6 @@ private Q_SLOTS:
         QCOMPARE(rows().size(), 50);
         QVERIFY(list()->uniformItemSizes());
         QCOMPARE(list()->markedRow(), -1);
-    }
-
-    void exactCodesComeFirstEvenFromALaterRun()
-    {
-        m_box->setMinMatchLength(1);
-        type(QStringLiteral("600000"));
-        QCOMPARE(rows().size(), 2);
-        QVERIFY(rows().at(0).startsWith(QStringLiteral("600000.SH")));
-        QVERIFY(rows().at(1).startsWith(QStringLiteral("600000.BJ")));
     }
 
     void aKeyChoosesFromTheList()
@@ -174,6 +173,7 @@ private Q_SLOTS:
         QTest::newRow("a code with its market") << QStringLiteral("000001.sz") << QStringLiteral("000001.SZ");
         QTest::newRow("a code that two markets have") << QStringLiteral("000001") << QString();
         QTest::newRow("a beginning that one symbol has") << QStringLiteral("600000.B") << QStringLiteral("600000.BJ");
+        QTest::newRow("full-width digits") << QStringLiteral("３００７５０") << QStringLiteral("300750.SZ");
         QTest::newRow("blanks around a code") << QStringLiteral(" 300750 ") << QStringLiteral("300750.SZ");
     }
 
@@ -181,7 +181,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, typed);
         QFETCH(QString, chosen);
-        type(typed);
+        m_box->insert(typed);
         QTest::keyClick(m_box, Qt::Key_Return);
         QCOMPARE(m_box->getSymbol(), chosen);
         QCOMPARE(m_box->text(), chosen.isEmpty() ? typed : chosen);
@@ -217,7 +217,7 @@ private Q_SLOTS:
         QCOMPARE(m_box->getSymbol(), QString());
     }
 
-    void editingUnchoosesOnce()
+    void editingClearsTheChoiceOnce()
     {
         m_box->setSymbol(sh(3));
         QSignalSpy codes(m_box, &VorSearchBox::selectStockCodeChange);
@@ -275,14 +275,14 @@ private Q_SLOTS:
         QCOMPARE(codes.count(), 0);
     }
 
-    void whoeverHearsAChoiceMayDeleteTheBox()
+    void aReceiverOfTheChoiceCanDeleteTheBox()
     {
         connect(m_box, &VorSearchBox::selectStockCodeChange, this, [this] { delete std::exchange(m_box, nullptr); });
         m_box->setSymbol(sh(3));
         QVERIFY(!m_box);
     }
 
-    void whoeverHearsAChoiceMayChooseAnother()
+    void aReceiverOfTheChoiceCanChooseAnother()
     {
         QStringList names;
         connect(m_box, &VorSearchBox::selectStockNameChange, this, [&](const QString& name) { names << name; });
@@ -343,10 +343,10 @@ private Q_SLOTS:
         QCOMPARE(popup->model()->rowCount(), 0);
     }
 
-    void lettersAreDrawnAheadOnceEach()
+    void glyphsAreRenderedAheadOnce()
     {
         const auto letters = SymbolSearch(m_market.runs()).letters();
-        // 东海科技股份号 南山银行控股集团 Alpha芯片ETF in upper case, and the ten digits: 股 stands twice.
+        // 东海科技股份号 南山银行控股集团 Alpha芯片ETF in upper case, and the ten digits: 股 occurs twice.
         QCOMPARE(letters.count(true), 7 + 7 + 2 + 7 + 10);
         GlyphPrewarmer ahead(&nextField());
         const auto* const idle = ahead.findChild<QTimer*>();
@@ -358,7 +358,7 @@ private Q_SLOTS:
         QVERIFY(!idle->isActive());
     }
 
-    void aListInPreparationSaysSoAndIsOfferedByItself()
+    void aListInPreparationIsReportedAndThenOffered()
     {
         HeldNames held;
         setUnpreparedList({ sh(7), sh(8) });
@@ -414,8 +414,7 @@ private Q_SLOTS:
         QTRY_COMPARE(rows().size(), 2);
         QTest::keyClick(m_box, Qt::Key_Escape);
         held.release();
-        SymbolIndexes::instance().waitForFinished();
-        QCoreApplication::processEvents();
+        finishPreparation();
         QCOMPARE(rows(), QStringList());
         QCOMPARE(hintAt(m_box), QString());
     }
@@ -498,8 +497,7 @@ private Q_SLOTS:
         QTest::keyClick(m_box, Qt::Key_Return);
         m_box->setSymbol(sh(8));
         held.release();
-        SymbolIndexes::instance().waitForFinished();
-        QCoreApplication::processEvents();
+        finishPreparation();
         QCOMPARE(m_box->getSymbol(), sh(8));
         QCOMPARE(rows(), QStringList());
     }
@@ -530,7 +528,7 @@ private Q_SLOTS:
         QCOMPARE(rows(), QStringList());
     }
 
-    void aBoxMayGoDuringPreparation()
+    void aBoxCanBeDeletedDuringPreparation()
     {
         HeldNames held;
         setUnpreparedList({ sh(7), sh(8) });
@@ -539,11 +537,10 @@ private Q_SLOTS:
         QCOMPARE(hintAt(m_box), preparing);
         delete std::exchange(m_box, nullptr);
         held.release();
-        SymbolIndexes::instance().waitForFinished();
-        QCoreApplication::processEvents();
+        finishPreparation();
     }
 
-    void anIndexMayBeGivenUpDuringPreparation()
+    void anIndexCanBeDroppedDuringPreparation()
     {
         QStringList many;
         for (int i = 0; i < 100000; ++i)

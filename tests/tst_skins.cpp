@@ -110,7 +110,7 @@ QList<Look> textLooks()
     return looks;
 }
 
-/// What is seen without being read: the frames of fields and what shows where the keyboard is.
+/// What has no text: the frames of fields and of the focus.
 QList<Look> frameLooks()
 {
     const QString form = words("AutoParamSetting");
@@ -133,7 +133,7 @@ QList<Look> frameLooks()
     return looks;
 }
 
-/// Rules whose colours no text stands on and nothing is told by.
+/// Whether a rule colours decoration only.
 bool isOrnament(const QString& selector)
 {
     static const QRegularExpression ornament(
@@ -166,7 +166,7 @@ class SkinsTest : public LoggedTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void contrastIsThatOfWcag()
+    void contrastIsComputedAsWcagDefinesIt()
     {
         QCOMPARE(contrast(Qt::black, Qt::white), 21.0);
         QCOMPARE(contrast(Qt::white, Qt::white), 1.0);

@@ -32,7 +32,7 @@ private Q_SLOTS:
         QCOMPARE(label.toolTip(), QString());
     }
 
-    void anElidedLabelMayBeNarrow()
+    void anElidedLabelCanBeNarrow()
     {
         OrloElidedLabel label;
         label.setText(QString(100, QLatin1Char('W')));
@@ -46,7 +46,7 @@ private Q_SLOTS:
         QCOMPARE(OrloElidedLabel().textFormat(), Qt::PlainText);
     }
 
-    void aButtonIsPolishedAnewWhenItsStyleChanges()
+    void aButtonIsPolishedAgainWhenItsStyleChanges()
     {
         QWidget window;
         window.setStyleSheet(QStringLiteral("OrloPushButton { color: #000001; }"

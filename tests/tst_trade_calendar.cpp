@@ -32,7 +32,7 @@ class TradeCalendarTest : public LoggedTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void aDayIsWhatTheMarketMadeOfIt_data()
+    void aDayTradesOrIsClosed_data()
     {
         QTest::addColumn<QString>("exchange");
         QTest::addColumn<QDate>("date");
@@ -62,7 +62,7 @@ private Q_SLOTS:
         QTest::newRow("connect in an unknown year") << hk << QDate(2028, 1, 3) << Day::Unknown;
     }
 
-    void aDayIsWhatTheMarketMadeOfIt()
+    void aDayTradesOrIsClosed()
     {
         QFETCH(QString, exchange);
         QFETCH(QDate, date);
@@ -111,7 +111,7 @@ private Q_SLOTS:
         QCOMPARE(calendar.tradeDays(shanghai(), QDate(2024, 5, 4), error).constFirst(), QDate(2024, 5, 6));
     }
 
-    void pastTheLastYearThereIsOnlyAReason()
+    void pastTheLastYearAnErrorIsReported()
     {
         QString error;
         QCOMPARE(TradeCalendar::builtIn().tradeDays(shanghai(), QDate(2028, 3, 1), error).size(), 0);

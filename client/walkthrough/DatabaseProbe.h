@@ -5,10 +5,10 @@
 #include <QStringList>
 #include <QVariant>
 
-/// What stands in a client's database, read through a connection of its own that cannot write.
+/// Reads a client's database through a read-only connection of its own.
 class DatabaseProbe {
 public:
-    /// A security as stored. A default-constructed one (empty symbol) stands for "none such".
+    /// A security as stored. A default-constructed one (empty symbol) means that there is none.
     struct Security {
         QString symbol;
         QString exchange;
@@ -24,7 +24,7 @@ public:
     DatabaseProbe(const DatabaseProbe&) = delete;
     DatabaseProbe& operator=(const DatabaseProbe&) = delete;
 
-    /// Why the last question had no answer; empty when it had.
+    /// Why the last query failed; empty if it succeeded.
     QString error() const { return m_error; }
 
     /// Ids of all plans, oldest first.

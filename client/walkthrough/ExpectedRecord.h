@@ -8,8 +8,8 @@
 #include <QStringList>
 #include <QVariant>
 
-/// The record that a filled-in plan must be stored as, worked out from what was filled in and from what the database
-/// says of the account and the security, without looking at the form.
+/// The record that must be stored for a filled-in plan, computed from what was filled in and from the account and the
+/// security in the database, without reading the form.
 class ExpectedRecord {
 public:
     ExpectedRecord(const PlanForm& form, const ShownDates& dates, const QString& userId, DatabaseProbe& facts);
@@ -19,10 +19,10 @@ public:
     /// Every key of the other-parameter map.
     const QMap<QString, QVariant>& other() const { return m_other; }
 
-    /// All of it, as it is sent to the plan service.
+    /// The complete record, as it is sent to the plan service.
     PlanStore::Record record() const;
 
-    /// Where a stored record is not as expected, one sentence for each key; keys too many and too few included.
+    /// The differences of a stored record, one sentence for each key, for missing and for additional keys, too.
     QStringList differences(const QMap<QString, QString>& stored) const;
 
 private:

@@ -10,7 +10,7 @@
 class QComboBox;
 class QLineEdit;
 
-/// Gives a window the keyboard; false when it does not get it.
+/// Gives a window the keyboard focus; returns false on failure.
 bool takeKeyboard(QWidget* window);
 
 /// Fills the plan editor in through mouse and key events on its widgets, as a trader would, and reads back what it
@@ -35,15 +35,15 @@ public:
     void type(const char* field, const QString& text);
     void enterSymbol(const QString& symbol);
     void setAlgorithm(const QString& strategy, const QMap<QString, QString>& parameters);
-    /// Moves a date by trading days that the form lets one choose; negative steps go back.
+    /// Moves a date by trading days that the form allows; negative steps go back.
     void stepDate(const char* field, const char* line, int days);
 
     /// The dates that the form shows.
     ShownDates dates() const;
-    /// What could not be done as wanted since the last call, one sentence each.
+    /// What failed since the last call, one sentence each.
     QStringList takeProblems();
 
-    /// The widget of a name within the form; null and a problem when there is none.
+    /// The widget of a name within the form; null, with a problem reported, if there is none.
     template <class Widget> Widget* find(const char* name)
     {
         auto* const found = m_form->findChild<Widget*>(QLatin1String(name));

@@ -6,13 +6,13 @@
 
 #include <functional>
 
-/// Answers the client's message boxes while it lives, as soon as they are shown and by mouse and keyboard. A box that
-/// nobody expects is closed, so that nothing waits for ever, and is kept for the report.
+/// Answers the client's message boxes by mouse and keyboard as soon as they are shown. An unexpected box is closed, so
+/// that nothing blocks, and is reported.
 class MessageBoxResponder : public QObject {
     Q_OBJECT
 
 public:
-    /// A box by its object name, with what it said and how it was answered.
+    /// A box: its object name, its text and its answer.
     struct Box {
         QString name;
         QString text;
@@ -26,7 +26,7 @@ public:
     void expect(const QString& name, bool accept = true);
     /// Called with each box before it is answered.
     void setOnShown(const std::function<void(QWidget*)>& onShown) { m_onShown = onShown; }
-    /// The boxes since the last call. Expectations that were not met are forgotten.
+    /// The boxes since the last call. Unmet expectations are dropped.
     QVector<Box> take();
 
 protected:

@@ -31,7 +31,7 @@ struct PlanForm {
     /// An ordinary plan that buys 10,000 units, at most 500 a day, without a price limit and without review.
     static PlanForm ordinary(const QString& account, const QString& symbol);
 
-    /// The following answer the same plan with something else filled in.
+    /// The following return the same plan with other values.
     PlanForm priced(const QString& mode, const QString& first, const QString& second = QString()) const;
     PlanForm byAlgorithm(const QString& strategyName, const QMap<QString, QString>& values = {}) const;
     PlanForm byAmount(const QString& total, const QString& daily) const;

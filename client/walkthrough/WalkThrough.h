@@ -11,15 +11,14 @@
 class EditorDialog;
 class MainWindow;
 
-/// Does a trader's work in the client's window by itself: fills plans in through mouse and keyboard, sends them, and
-/// compares what the database then holds with what was filled in. Prints each stored record and writes a picture of
-/// every stage into a folder.
+/// Does a trader's work in the client's window: fills in plans by mouse and keyboard, sends them and compares the
+/// database with what was filled in. Prints each stored record and saves a picture of every stage in a folder.
 class WalkThrough {
 public:
-    /// The window must be shown; the folder is made when it is missing.
+    /// The window must be shown; the folder is created if it does not exist.
     WalkThrough(MainWindow& window, const QString& folder);
 
-    /// True when every stage went as it must; what did not is printed.
+    /// Returns whether every stage succeeded; problems are printed.
     bool run();
 
 private:

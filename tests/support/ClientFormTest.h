@@ -46,10 +46,10 @@ protected:
     FormDriver& driver() const { return *m_driver; }
     MessageBoxResponder& boxes() { return m_boxes; }
 
-    /// Presses OK, accepts the boxes of a name and closes the others. Returns what could not be filled in, then what
-    /// the boxes said: "name: text".
+    /// Presses OK, accepts the boxes of a name and closes the others. Returns the driver's problems, then the boxes as
+    /// "name: text".
     QStringList ok(const QString& accepted = QStringLiteral("msgBoxTip"));
-    /// What the boxes say of a new and of a changed plan.
+    /// The boxes after a new and after a changed plan.
     static QStringList created() { return { QStringLiteral("msgBoxTip: 交易自动规划创建成功!") }; }
     static QStringList modified(const QString& planId);
     /// How often the editor asked to be closed since it was opened.

@@ -16,7 +16,7 @@ protected:
     LogCatcher& log() const { return *m_log; }
     /// Called before each test function.
     virtual void prepare() { }
-    /// Called after each test function, before the log is judged.
+    /// Called after each test function, before the log is checked.
     virtual void tidyUp() { }
 
 private Q_SLOTS:

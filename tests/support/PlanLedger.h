@@ -6,8 +6,8 @@
 #include <QStringList>
 #include <QVariant>
 
-/// The plans that writers tried to store and those that they were told are stored, to be compared with what is.
-/// A plan's whole record follows from its mark, so that a record put together from two attempts shows.
+/// The plans that writers sent and those that were acknowledged, to be compared with the database. The whole record of
+/// a plan follows from its mark, so that a mixture of two records is detected.
 class PlanLedger {
 public:
     using Record = QMap<QString, QVariant>;
@@ -24,8 +24,8 @@ public:
     void attemptChange(const QString& planId, int version, const QString& mark);
     /// The plan was acknowledged at a version with a mark; at version 0 the change is counted only.
     void acknowledge(const QString& planId, int version, const QString& mark);
-    /// Takes what a writer printed; a last line that breaks off is left out. Lines that say something else are kept as
-    /// `refusals()` ("refused …") or as `problems()`.
+    /// Reads the output of a writer; an incomplete last line is ignored. Lines "refused …" are in `refusals()`, unknown
+    /// lines in `problems()`.
     void read(const QByteArray& output);
 
     int acknowledged() const { return m_acknowledgements; }
@@ -36,7 +36,7 @@ public:
     int sharedChanges(const QString& planId) const { return m_shared.value(planId); }
 
     /// Compares with the database of a file, which is opened as the next start of the client does. One sentence for
-    /// each acknowledged plan that is missing or older, each stored plan that nobody sent, and each mixed record.
+    /// each acknowledged plan that is missing or older, each stored plan that was not sent, and each mixed record.
     QStringList differences(const QString& file) const;
 
 private:

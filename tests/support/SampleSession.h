@@ -7,17 +7,17 @@
 #include <QVariant>
 
 /// The real client on a database of its own in a temporary folder, with a small sample market, on a set day. The
-/// session is closed when the object goes.
+/// destructor closes the session.
 class SampleSession {
 public:
     /// A Monday, the first trade day after a closure of five days.
     static QDate today() { return QDate(2024, 5, 6); }
 
-    /// `userId`: who logs in, "trader01" unless told; `marketSize` 200 is the smallest that the sample offers.
+    /// `userId`: who logs in; `marketSize` 200 is the smallest that the sample offers.
     explicit SampleSession(const QString& userId = QStringLiteral("trader01"), int marketSize = 200);
     ~SampleSession();
 
-    /// Why the session is not open; empty when it is.
+    /// Why the last operation failed; empty if it succeeded.
     QString reason() const { return m_reason; }
     QString file() const { return m_folder.filePath(QStringLiteral("plans.db")); }
     /// Closes and opens again, as the next start of the client does.
@@ -31,7 +31,7 @@ public:
     /// The record with other entries in its other-parameter map.
     static QMap<QString, QVariant> withOther(
         const QMap<QString, QVariant>& record, const QMap<QString, QVariant>& entries);
-    /// Creates the plan and returns its id; empty when it was refused, the reason then stands in `reason()`.
+    /// Creates the plan and returns its id; empty if it is refused, see `reason()`.
     QString create(const QMap<QString, QVariant>& record);
 
 private:

@@ -5,7 +5,7 @@
 #include <QString>
 #include <QStringList>
 
-/// What a style sheet declares, selector by selector. Enough for the skins: no comments within rules, one value each.
+/// The declarations of a style sheet by selector. Sufficient for the skins: one value for each property.
 class SkinSheet {
 public:
     explicit SkinSheet(const QString& sheet);
@@ -14,7 +14,7 @@ public:
     QStringList selectors() const { return m_rules.keys(); }
     /// True when the rules of a selector declare a property.
     bool declares(const QString& selector, const QString& property) const;
-    /// The colour of a property in the last of some selectors that declares it; invalid when none does.
+    /// The colour of a property in the last of the selectors that declares it; invalid if none does.
     QColor colour(const QStringList& selectors, const QString& property) const;
 
 private:

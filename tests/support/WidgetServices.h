@@ -8,7 +8,7 @@
 #include <QStringList>
 #include <mutex>
 
-/// The few services that the widgets ask, with answers that a test sets.
+/// The services that the widgets call, with results that a test sets.
 struct WidgetServices {
     static WidgetServices& instance();
 
@@ -16,11 +16,11 @@ struct WidgetServices {
     QAtomicInt nameLookups;
     QString agreementTitle;
     QString agreementText;
-    QString signFailure; ///< reason that signing answers; empty for success
+    QString signFailure; ///< why signing fails; empty if it succeeds
     QList<QPair<QString, QStringList>> signatures;
 };
 
-/// While one is there, no thread but the interface's gets a name: it waits for it.
+/// While an instance exists, threads other than that of the user interface wait for names.
 class HeldNames {
 public:
     HeldNames();
