@@ -192,7 +192,7 @@ private Q_SLOTS:
         QCOMPARE(closed(), 1);
         QCOMPARE(plans().count(), before + 1);
         const QString id = newestPlan();
-        QCOMPARE(differences(id, form, dates), QStringList());
+        QCOMPARE(differences(id, form, dates), QString());
 
         const ShownDates movedDates{ firstDayLater, form.isReduction() ? QString() : firstDayLater };
         int version = 1;
@@ -201,12 +201,12 @@ private Q_SLOTS:
             openPlan(id, false);
             QCOMPARE(ok(), created());
             QVERIFY(newestPlan() != id);
-            QCOMPARE(differences(newestPlan(), form, day == later ? movedDates : dates), QStringList());
+            QCOMPARE(differences(newestPlan(), form, day == later ? movedDates : dates), QString());
 
             openPlan(id, true);
             QCOMPARE(ok(), modified(id));
             QCOMPARE(plans().plan(id).version, ++version);
-            QCOMPARE(differences(id, form, dates), QStringList());
+            QCOMPARE(differences(id, form, dates), QString());
         }
     }
 
@@ -233,18 +233,18 @@ private Q_SLOTS:
             QCOMPARE(ok(),
                 QStringList{
                     QStringLiteral("msgBoxError: 交易计划%1修改失败，失败原因：指令单类型不支持修改").arg(id) });
-            QCOMPARE(differences(id, form, shown), QStringList());
+            QCOMPARE(differences(id, form, shown), QString());
             return;
         }
         PlanForm active = form.priced(PriceModel::NoLimit, QString());
         active.instructionMode = InstMode::ActiveManage;
         active.strategy.clear();
         QCOMPARE(ok(), modified(id));
-        QCOMPARE(differences(id, active, shown), QStringList());
+        QCOMPARE(differences(id, active, shown), QString());
 
         openPlan(store(form, shown), false);
         QCOMPARE(ok(), created());
-        QCOMPARE(differences(newestPlan(), active, shown), QStringList());
+        QCOMPARE(differences(newestPlan(), active, shown), QString());
     }
 
     void anActivePlanOfAReviewedUserWantsAnAlgorithm()
@@ -258,7 +258,7 @@ private Q_SLOTS:
         driver().setAlgorithm(QStringLiteral("TWAP"), {});
         QCOMPARE(ok(), modified(id));
         form = form.priced(PriceModel::NoLimit, QString()).byAlgorithm(QStringLiteral("TWAP"));
-        QCOMPARE(differences(id, form, shown), QStringList());
+        QCOMPARE(differences(id, form, shown), QString());
     }
 
     void aBondOfShanghaiIsStoredInLotsOfTen()
@@ -282,7 +282,7 @@ private Q_SLOTS:
         driver().fill(form);
         const ShownDates dates = driver().dates();
         QCOMPARE(ok(), created());
-        QCOMPARE(differences(newestPlan(), form, dates), QStringList());
+        QCOMPARE(differences(newestPlan(), form, dates), QString());
         QCOMPARE(session().reopen(), QString());
     }
 
@@ -320,7 +320,7 @@ private Q_SLOTS:
         driver().type("lineEdit_price1", form.price1);
         const ShownDates dates = driver().dates();
         QCOMPARE(ok(), created());
-        QCOMPARE(differences(newestPlan(), form, dates), QStringList());
+        QCOMPARE(differences(newestPlan(), form, dates), QString());
     }
 
     void cancelClosesAndStoresNothing()

@@ -17,10 +17,12 @@ void ClientFormTest::startSession()
     QCOMPARE(m_session->reason(), QString());
 }
 
-QStringList ClientFormTest::differences(const QString& planId, const PlanForm& form, const ShownDates& dates) const
+QString ClientFormTest::differences(const QString& planId, const PlanForm& form, const ShownDates& dates) const
 {
     DatabaseProbe facts(m_session->file());
-    return ExpectedRecord(form, dates, ClientSession::instance().user().id, facts).differences(facts.record(planId));
+    return ExpectedRecord(form, dates, ClientSession::instance().user().id, facts)
+        .differences(facts.record(planId))
+        .join(QStringLiteral("; "));
 }
 
 QString ClientFormTest::store(const PlanForm& form, const ShownDates& dates)
