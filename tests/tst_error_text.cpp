@@ -20,6 +20,62 @@ void addDatabaseRows()
     addRow("数据库操作失败：no such table", { Error::DatabaseFailed, { QStringLiteral("no such table") } });
 }
 
+void addSessionRows()
+{
+    addRow("尚未登录，无法处理计划", Error::PlansNeedLogin);
+    addRow("尚未登录，无法查询均价", Error::AveragesNeedLogin);
+    addRow("尚未登录，无法查询交易日", Error::TradeDaysNeedLogin);
+}
+
+void addCalendarRows()
+{
+    addRow("休市表第1行不是表头“market,date”", { Error::NoClosureHeadings, { QStringLiteral("market,date") } });
+    addRow("休市表第2行应有4列，实有3列",
+        { Error::BadClosureLine, { QStringLiteral("2") }, { Error::ClosureColumns, { QStringLiteral("3") } } });
+    addRow("日期“2026-02-30”无效", { Error::NotADate, { QStringLiteral("2026-02-30") } });
+    addRow("没有市场“XNYS”的交易日历", { Error::NoCalendar, { QStringLiteral("XNYS") } });
+    addRow("交易日历只到2027-12-31为止，无法确定2028-03-01之后的交易日",
+        { Error::BeyondCalendar, { QStringLiteral("2027-12-31"), QStringLiteral("2028-03-01") } });
+}
+
+void addPlanRows()
+{
+    addRow("计划“AP00000001”不存在", { Error::UnknownPlan, { QStringLiteral("AP00000001") } });
+    addRow("计划字段“remark”的值不是文本", { Error::FieldNotText, { QStringLiteral("remark") } });
+    addRow("新建计划不能带有计划编号", Error::PlanHasId);
+    addRow("缺少计划扩展信息", Error::NoOtherParam);
+    addRow("计划扩展信息不是有效的JSON对象", Error::OtherParamNotJson);
+    addRow("交易方向“0”未知", { Error::UnknownCode, { QStringLiteral("交易方向"), QStringLiteral("0") } });
+    addRow("未指定账户", Error::NoAccount);
+    addRow("账户“100001”不存在", { Error::UnknownAccount, { QStringLiteral("100001") } });
+    addRow("没有账户“100001”的下单权限", { Error::NoAuthority, { QStringLiteral("100001") } });
+    addRow("未指定证券", Error::NoSecurity);
+    addRow("证券“600000.SH”不存在", { Error::UnknownSecurity, { QStringLiteral("600000.SH") } });
+    addRow("证券“600000.SH”不在市场“XSHE”交易",
+        { Error::WrongExchange, { QStringLiteral("600000.SH"), QStringLiteral("XSHE") } });
+    addRow("账户“100001”在该证券的市场没有证券账户", { Error::NoSecurityAccount, { QStringLiteral("100001") } });
+    addRow("证券账户“X1”不属于该账户", { Error::ForeignSecurityAccount, { QStringLiteral("X1") } });
+}
+
+void addValueRows()
+{
+    addRow("目标总量“0”不是正整数", { Error::NotPositiveWhole, { QStringLiteral("目标总量"), QStringLiteral("0") } });
+    addRow("每日委托量“-1”不是整数", { Error::NotWhole, { QStringLiteral("每日委托量"), QStringLiteral("-1") } });
+    addRow("目标金额“0.00”不是正数", { Error::NotPositive, { QStringLiteral("目标金额"), QStringLiteral("0.00") } });
+    addRow("目标金额“x”不是数字", { Error::NotNumber, { QStringLiteral("目标金额"), QStringLiteral("x") } });
+    addRow("减持占比“2”不在0到1之间", { Error::RatioOutOfRange, { QStringLiteral("2") } });
+    addRow("价格1公式不正确：公式为空", { Error::BadFormula, { QStringLiteral("价格1") }, Error::FormulaEmpty });
+    addRow("开始日期无效", { Error::InvalidDate, { QStringLiteral("开始日期") } });
+    addRow("开始日期2024-05-04不是交易日",
+        { Error::NotATradeDay, { QStringLiteral("开始日期"), QStringLiteral("2024-05-04") } });
+    addRow("结束日期2199-05-06不在交易日历之内",
+        { Error::NotInCalendar, { QStringLiteral("结束日期"), QStringLiteral("2199-05-06") } });
+    addRow("结束日期早于开始日期", Error::EndBeforeBegin);
+    addRow("备注超过200个字符", { Error::RemarkTooLong, { QStringLiteral("200") } });
+    addRow("账户不支持修改", { Error::FieldNotChangeable, { QStringLiteral("账户") } });
+    addRow("计划已开始执行，开始日期不支持修改", Error::BeginNotChangeable);
+}
+
 void addFormulaRows()
 {
     addRow("公式不完整（第3个字符）", { Error::FormulaErrorAt, { QStringLiteral("3") }, Error::FormulaIncomplete });
@@ -205,6 +261,10 @@ void ErrorTextTest::everyFailureHasItsSentence_data()
     QTest::addColumn<Status>("status");
     QTest::addColumn<QString>("sentence");
     addDatabaseRows();
+    addSessionRows();
+    addCalendarRows();
+    addPlanRows();
+    addValueRows();
     addFormulaRows();
     addStrategyFileRows();
     addStrategyRows();

@@ -3,6 +3,7 @@
 
 #include "Kelvo_Values.h"
 #include "Orlo_Values.h"
+#include "TestStatus.h"
 
 #include <QtTest>
 
@@ -73,20 +74,17 @@ private Q_SLOTS:
     void theMainlandExchangesShareTheirDays()
     {
         const TradeCalendar& calendar = TradeCalendar::builtIn();
-        QString error;
         const QDate from(2024, 1, 1);
-        const QList<QDate> days = calendar.tradeDays(shanghai(), from, error);
+        const QList<QDate> days = *calendar.tradeDays(shanghai(), from);
         QVERIFY(days.size() > 900);
-        QCOMPARE(calendar.tradeDays(Kelvo_Values::Exchange::sz, from, error), days);
-        QCOMPARE(calendar.tradeDays(Orlo_Values::Exchange::bj, from, error), days);
-        QVERIFY(calendar.tradeDays(hongKongConnect(), from, error).size() < days.size());
-        QCOMPARE(error, QString());
+        QCOMPARE(*calendar.tradeDays(Kelvo_Values::Exchange::sz, from), days);
+        QCOMPARE(*calendar.tradeDays(Orlo_Values::Exchange::bj, from), days);
+        QVERIFY(calendar.tradeDays(hongKongConnect(), from)->size() < days.size());
     }
 
     void noWeekendEverTrades()
     {
-        QString error;
-        const QList<QDate> days = TradeCalendar::builtIn().tradeDays(shanghai(), QDate(2018, 1, 1), error);
+        const QList<QDate> days = *TradeCalendar::builtIn().tradeDays(shanghai(), QDate(2018, 1, 1));
         QVERIFY(!days.isEmpty());
         for (const QDate& day : days)
             QVERIFY2(day.dayOfWeek() <= 5, qPrintable(day.toString(Qt::ISODate)));
@@ -94,8 +92,7 @@ private Q_SLOTS:
 
     void tradeDaysReachThroughTheLastKnownYear()
     {
-        QString error;
-        const QList<QDate> days = TradeCalendar::builtIn().tradeDays(shanghai(), QDate(2024, 1, 1), error);
+        const QList<QDate> days = *TradeCalendar::builtIn().tradeDays(shanghai(), QDate(2024, 1, 1));
         QCOMPARE(days.constFirst(), QDate(2024, 1, 2));
         QCOMPARE(days.constLast(), QDate(2027, 12, 31));
         const auto in2024 = [](const QDate& day) { return day.year() == 2024; };
@@ -105,25 +102,22 @@ private Q_SLOTS:
 
     void tradeDaysBeginWithTheDayItselfWhenItTrades()
     {
-        QString error;
         const TradeCalendar& calendar = TradeCalendar::builtIn();
-        QCOMPARE(calendar.tradeDays(shanghai(), QDate(2024, 5, 6), error).constFirst(), QDate(2024, 5, 6));
-        QCOMPARE(calendar.tradeDays(shanghai(), QDate(2024, 5, 4), error).constFirst(), QDate(2024, 5, 6));
+        QCOMPARE(calendar.tradeDays(shanghai(), QDate(2024, 5, 6))->constFirst(), QDate(2024, 5, 6));
+        QCOMPARE(calendar.tradeDays(shanghai(), QDate(2024, 5, 4))->constFirst(), QDate(2024, 5, 6));
     }
 
     void pastTheLastYearAnErrorIsReported()
     {
-        QString error;
-        QCOMPARE(TradeCalendar::builtIn().tradeDays(shanghai(), QDate(2028, 3, 1), error).size(), 0);
-        QCOMPARE(error, QStringLiteral("交易日历只到2027-12-31为止，无法确定2028-03-01之后的交易日"));
+        const Status beyond(Error::BeyondCalendar, { QStringLiteral("2027-12-31"), QStringLiteral("2028-03-01") });
+        QCOMPARE(TradeCalendar::builtIn().tradeDays(shanghai(), QDate(2028, 3, 1)).status(), beyond);
     }
 
     void anUnknownExchangeHasNoCalendar()
     {
-        QString error;
         const TradeCalendar& calendar = TradeCalendar::builtIn();
-        QCOMPARE(calendar.tradeDays(QStringLiteral("XNYS"), QDate(2024, 5, 6), error).size(), 0);
-        QCOMPARE(error, QStringLiteral("没有市场“XNYS”的交易日历"));
+        QCOMPARE(calendar.tradeDays(QStringLiteral("XNYS"), QDate(2024, 5, 6)).status(),
+            Status(Error::NoCalendar, { QStringLiteral("XNYS") }));
         QCOMPARE(calendar.day(QStringLiteral("XNYS"), QDate(2024, 5, 6)), Day::Unknown);
         QCOMPARE(calendar.lastKnownDay(QStringLiteral("XNYS")), QDate());
     }
@@ -132,10 +126,9 @@ private Q_SLOTS:
     {
         TradeCalendar calendar;
         QCOMPARE(calendar.load(headings + "mainland,2026-01-01,元旦,announced\nmainland,2027-01-01,元旦,provisional\n"),
-            QString());
-        QString error;
+            Status());
         for (int i = 0; i < 3; ++i)
-            calendar.tradeDays(shanghai(), QDate(2026, 6, 1), error);
+            QVERIFY(calendar.tradeDays(shanghai(), QDate(2026, 6, 1)));
         QCOMPARE(log().linesWith(QtInfoMsg, QStringLiteral("2027 年休市安排尚未公布")).size(), 1);
         QCOMPARE(log().linesWith(QtInfoMsg, QStringLiteral("2027-12-31 之后的交易日未知")).size(), 1);
         QCOMPARE(log().lines().size(), 2);
@@ -144,25 +137,31 @@ private Q_SLOTS:
     void aBrokenTableIsRefusedAndTheOldOneKept_data()
     {
         QTest::addColumn<QByteArray>("csv");
-        QTest::addColumn<QString>("reason");
-        QTest::newRow("nothing") << QByteArray() << QStringLiteral("休市表第1行不是表头“market,date,holiday,status”");
-        QTest::newRow("a column missing")
-            << headings + "mainland,2026-01-01,announced" << QStringLiteral("休市表第2行应有4列，实有3列");
+        QTest::addColumn<Status>("status");
+        const auto line = [](int number, const Status& cause) {
+            return Status(Error::BadClosureLine, { QString::number(number) }, cause);
+        };
+        QTest::newRow("nothing") << QByteArray()
+                                 << Status(Error::NoClosureHeadings, { QStringLiteral("market,date,holiday,status") });
+        QTest::newRow("a column missing") << headings + "mainland,2026-01-01,announced"
+                                          << line(2, { Error::ClosureColumns, { QStringLiteral("3") } });
         QTest::newRow("an unknown market")
-            << headings + "mars,2026-01-01,x,announced" << QStringLiteral("休市表第2行市场“mars”未知");
+            << headings + "mars,2026-01-01,x,announced"
+            << line(2, { Error::UnknownCode, { QStringLiteral("市场"), QStringLiteral("mars") } });
         QTest::newRow("no such day") << headings + "\nmainland,2026-02-30,x,announced"
-                                     << QStringLiteral("休市表第3行日期“2026-02-30”无效");
+                                     << line(3, { Error::NotADate, { QStringLiteral("2026-02-30") } });
         QTest::newRow("an unknown status")
-            << headings + "mainland,2026-01-01,x,guessed" << QStringLiteral("休市表第2行状态“guessed”未知");
+            << headings + "mainland,2026-01-01,x,guessed"
+            << line(2, { Error::UnknownCode, { QStringLiteral("状态"), QStringLiteral("guessed") } });
     }
 
     void aBrokenTableIsRefusedAndTheOldOneKept()
     {
         QFETCH(QByteArray, csv);
-        QFETCH(QString, reason);
+        QFETCH(Status, status);
         TradeCalendar calendar;
-        QCOMPARE(calendar.load(headings + "mainland,2026-01-01,元旦,announced\r\n"), QString());
-        QCOMPARE(calendar.load(csv), reason);
+        QCOMPARE(calendar.load(headings + "mainland,2026-01-01,元旦,announced\r\n"), Status());
+        QCOMPARE(calendar.load(csv), status);
         QCOMPARE(calendar.day(shanghai(), QDate(2026, 1, 1)), Day::Closed);
         QCOMPARE(calendar.day(shanghai(), QDate(2026, 1, 2)), Day::Trades);
     }
@@ -170,10 +169,8 @@ private Q_SLOTS:
     void withoutHongKongClosuresConnectIsUnknown()
     {
         TradeCalendar calendar;
-        QCOMPARE(calendar.load(headings + "mainland,2026-01-01,元旦,announced\n"), QString());
-        QString error;
-        QCOMPARE(calendar.tradeDays(hongKongConnect(), QDate(2026, 1, 5), error).size(), 0);
-        QVERIFY(!error.isEmpty());
+        QCOMPARE(calendar.load(headings + "mainland,2026-01-01,元旦,announced\n"), Status());
+        QCOMPARE(calendar.tradeDays(hongKongConnect(), QDate(2026, 1, 5)).status().error(), Error::NoCalendar);
     }
 };
 

@@ -56,17 +56,16 @@ QDate lastTradeDayBefore(const QDate& day)
     return QDate();
 }
 
-QList<QDate> tradeDatesOf(const QString& exchange, QString& error)
+Result<QList<QDate>> tradeDatesOf(const QString& exchange)
 {
     static QHash<QPair<QString, int>, QList<QDate>> known;
-    error.clear();
     const QPair<QString, int> key{ exchange, clientToday().year() };
     const auto found = known.constFind(key);
     if (found != known.cend())
         return *found;
     const TradeCalendar& calendar = TradeCalendar::builtIn();
-    const QList<QDate> days = calendar.tradeDays(exchange, firstKnownDay(calendar, exchange, key.second), error);
-    if (error.isEmpty())
-        known.insert(key, days);
+    Result<QList<QDate>> days = calendar.tradeDays(exchange, firstKnownDay(calendar, exchange, key.second));
+    if (days)
+        known.insert(key, *days);
     return days;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Status.h"
+
 #include <QDate>
 #include <QList>
 #include <QString>
@@ -14,6 +16,5 @@ void setClientToday(const QDate& today);
 QDate lastTradeDayBefore(const QDate& day);
 
 /// Every day on which an exchange trades, ascending, from the first year of the calendar that is known without a gap
-/// before today's through the last. `error` is left empty on success and tells the reason otherwise; the list is then
-/// empty. Worked out once for each exchange and year of today.
-QList<QDate> tradeDatesOf(const QString& exchange, QString& error);
+/// before today's through the last. Worked out once for each exchange and year of today.
+Result<QList<QDate>> tradeDatesOf(const QString& exchange);

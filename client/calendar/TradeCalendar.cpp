@@ -1,5 +1,6 @@
 #include "TradeCalendar.h"
 
+#include "ErrorText.h"
 #include "Kelvo_Values.h"
 #include "Orlo_Values.h"
 
@@ -34,9 +35,8 @@ const TradeCalendar& TradeCalendar::builtIn()
 {
     static const TradeCalendar calendar = [] {
         TradeCalendar loaded;
-        const QString reason = loaded.load(carriedClosures());
-        if (!reason.isEmpty())
-            qWarning().noquote() << "TradeCalendar::builtIn" << reason;
+        if (Status status = loaded.load(carriedClosures()); !status)
+            qWarning().noquote() << "TradeCalendar::builtIn" << errorText(status);
         return loaded;
     }();
     return calendar;
@@ -51,37 +51,38 @@ void TradeCalendar::Closures::add(const QDate& date, bool isProvisional)
     lastYear = qMax(lastYear, date.year());
 }
 
-QString TradeCalendar::load(const QByteArray& csv)
+Status TradeCalendar::load(const QByteArray& csv)
 {
     const QStringList lines = QString::fromUtf8(csv).split(QLatin1Char('\n'));
     if (lines.constFirst().trimmed() != headings)
-        return QStringLiteral("休市表第1行不是表头“%1”").arg(headings);
+        return { Error::NoClosureHeadings, { headings } };
     Table table;
     for (int i = 1; i < lines.size(); ++i) {
         const QString line = lines.at(i).trimmed();
-        const QString reason = line.isEmpty() ? QString() : readLine(line, table);
-        if (!reason.isEmpty())
-            return QStringLiteral("休市表第%1行%2").arg(i + 1).arg(reason);
+        if (line.isEmpty())
+            continue;
+        if (Status status = readLine(line, table); !status)
+            return { Error::BadClosureLine, { QString::number(i + 1) }, status };
     }
     m_table = table;
     m_told.clear();
-    return QString();
+    return {};
 }
 
-QString TradeCalendar::readLine(const QString& line, Table& table)
+Status TradeCalendar::readLine(const QString& line, Table& table)
 {
     const QStringList cells = line.split(QLatin1Char(','));
     if (cells.size() != headings.count(QLatin1Char(',')) + 1)
-        return QStringLiteral("应有4列，实有%1列").arg(cells.size());
+        return { Error::ClosureColumns, { QString::number(cells.size()) } };
     if (cells.at(0) != mainland && cells.at(0) != hongKong)
-        return QStringLiteral("市场“%1”未知").arg(cells.at(0));
+        return { Error::UnknownCode, { QStringLiteral("市场"), cells.at(0) } };
     const QDate date = QDate::fromString(cells.at(1), Qt::ISODate);
     if (!date.isValid())
-        return QStringLiteral("日期“%1”无效").arg(cells.at(1));
+        return { Error::NotADate, { cells.at(1) } };
     if (!statuses.contains(cells.at(3)))
-        return QStringLiteral("状态“%1”未知").arg(cells.at(3));
+        return { Error::UnknownCode, { QStringLiteral("状态"), cells.at(3) } };
     table[cells.at(0)].add(date, cells.at(3) == provisional);
-    return QString();
+    return {};
 }
 
 TradeCalendar::Day TradeCalendar::day(const QString& exchange, const QDate& date) const
@@ -98,19 +99,14 @@ TradeCalendar::Day TradeCalendar::day(const QString& exchange, const QDate& date
     return std::any_of(closures.cbegin(), closures.cend(), closed) ? Day::Closed : Day::Trades;
 }
 
-QList<QDate> TradeCalendar::tradeDays(const QString& exchange, const QDate& from, QString& error) const
+Result<QList<QDate>> TradeCalendar::tradeDays(const QString& exchange, const QDate& from) const
 {
     const QList<const Closures*> closures = closuresOf(exchange);
-    if (closures.isEmpty()) {
-        error = QStringLiteral("没有市场“%1”的交易日历").arg(exchange);
-        return {};
-    }
+    if (closures.isEmpty())
+        return { Error::NoCalendar, { exchange } };
     const auto knows = [&from](const Closures* market) { return market->knows(from.year()); };
-    if (!from.isValid() || !std::all_of(closures.cbegin(), closures.cend(), knows)) {
-        error = QStringLiteral("交易日历只到%1为止，无法确定%2之后的交易日")
-                    .arg(lastKnownDay(exchange).toString(Qt::ISODate), from.toString(Qt::ISODate));
-        return {};
-    }
+    if (!from.isValid() || !std::all_of(closures.cbegin(), closures.cend(), knows))
+        return { Error::BeyondCalendar, { lastKnownDay(exchange).toString(Qt::ISODate), from.toString(Qt::ISODate) } };
     tellUncertainty(exchange, closures);
     QList<QDate> days;
     const QDate last = lastKnownDay(exchange);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Status.h"
+
 #include <QDate>
 #include <QHash>
 #include <QList>
@@ -18,15 +20,15 @@ public:
     static const TradeCalendar& builtIn();
 
     /// Reads closures as `market,date,holiday,status` lines after a line of headings, replacing what was there.
-    /// Returns the reason, with the line, when the text is refused; the calendar is then as it was.
-    QString load(const QByteArray& csv);
+    /// When the text is refused the calendar stays as it was.
+    Status load(const QByteArray& csv);
 
     /// Weekends are closed in every year; a weekday before the first or after the last listed year, or on an exchange
     /// that the calendar does not know, is unknown.
     Day day(const QString& exchange, const QDate& date) const;
-    /// Days on or after `from` on which the exchange trades, ascending, through the last listed year. When nothing is
-    /// known of `from`, the list is empty and `error` is set; otherwise `error` is left as it is.
-    QList<QDate> tradeDays(const QString& exchange, const QDate& from, QString& error) const;
+    /// Days on or after `from` on which the exchange trades, ascending, through the last listed year. Fails when
+    /// nothing is known of `from`.
+    Result<QList<QDate>> tradeDays(const QString& exchange, const QDate& from) const;
     /// The last day of the last year that is known for the exchange; invalid for an unknown exchange.
     QDate lastKnownDay(const QString& exchange) const;
 
@@ -42,7 +44,7 @@ private:
     };
     using Table = QHash<QString, Closures>;
 
-    static QString readLine(const QString& line, Table& table);
+    static Status readLine(const QString& line, Table& table);
     QList<const Closures*> closuresOf(const QString& exchange) const;
     void tellUncertainty(const QString& exchange, const QList<const Closures*>& closures) const;
 

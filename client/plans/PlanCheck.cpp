@@ -3,7 +3,6 @@
 #include "AutoPlanField.h"
 #include "DayPrice.h"
 #include "EntrustTypes.h"
-#include "ErrorText.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
@@ -44,10 +43,253 @@ QVector<CodeRule> codeRules()
     };
 }
 
-QString formulaError(const QString& caption, const QString& formula)
+/// What the rules look at. They change nothing of it.
+struct CheckedPlan {
+    const PlanCheck::Record& record;
+    const PlanCheck::Known& known;
+    const QMap<QString, QVariant> otherParam;
+
+    QString text(const QString& key) const { return record.value(key).toString(); }
+    QString other(const QString& key) const { return otherParam.value(key).toString(); }
+    bool isReduction() const { return text(Orlo_Fields::AutoPlan::templateCode) == PlanType::ReduceHoldings; }
+    bool isAmount() const { return other(FieldId::TargetType) == InstructionTargetType::AmountOrder; }
+};
+
+using Rule = Status (*)(const CheckedPlan&);
+
+Status hasNoId(const CheckedPlan& plan)
 {
-    const Status status = PriceFormula::check(formula, priceNames());
-    return status ? QString() : QStringLiteral("%1公式不正确：%2").arg(caption, errorText(status));
+    return plan.record.contains(BaseField::autoPlanId) ? Error::PlanHasId : Status();
+}
+
+Status valuesAreTexts(const CheckedPlan& plan)
+{
+    for (auto field = plan.record.cbegin(); field != plan.record.cend(); ++field) {
+        if (field.value().type() != QVariant::String)
+            return { Error::FieldNotText, { field.key() } };
+    }
+    return {};
+}
+
+Status otherParamIsReadable(const CheckedPlan& plan)
+{
+    if (!plan.record.contains(BaseField::planOtherParam))
+        return Error::NoOtherParam;
+    if (!PlanTexts::otherParam(plan.text(BaseField::planOtherParam)))
+        return Error::OtherParamNotJson;
+    return {};
+}
+
+Status codesAreKnown(const CheckedPlan& plan)
+{
+    const auto rules = codeRules();
+    for (const CodeRule& rule : rules) {
+        if (!rule.codes.contains(plan.text(rule.key)))
+            return { Error::UnknownCode, { rule.caption, plan.text(rule.key) } };
+    }
+    return {};
+}
+
+Status targetTypeIsKnown(const CheckedPlan& plan)
+{
+    const QStringList known{ QString(), InstructionTargetType::QtyOrder, InstructionTargetType::AmountOrder };
+    const QString target = plan.other(FieldId::TargetType);
+    return known.contains(target) ? Status() : Status(Error::UnknownCode, { QStringLiteral("指令单类型"), target });
+}
+
+Status priceTypeIsKnown(const CheckedPlan& plan)
+{
+    using namespace Orlo_Values::HKTimeInForce;
+    const QStringList known{ QString(), InTrade, BeforeTrade };
+    const QString type = plan.other(Kelvo_Fields::Security::timeInForce);
+    return known.contains(type) ? Status() : Status(Error::UnknownCode, { QStringLiteral("报价类型"), type });
+}
+
+Status entrustTypeIsKnown(const CheckedPlan& plan)
+{
+    if (!plan.otherParam.contains(FieldId::MarginSide))
+        return {};
+    const QString text = plan.other(FieldId::MarginSide);
+    const auto number = PlanTexts::wholeNumber(text);
+    const bool known = number
+        && (*number == noEntrustType || !entrustTypeOfNumber(static_cast<VorMarginTradeType>(*number)).code.isEmpty());
+    return known ? Status() : Status(Error::UnknownCode, { QStringLiteral("委托类别"), text });
+}
+
+Status accountMayTrade(const CheckedPlan& plan)
+{
+    const QString account = plan.text(UserAccount::tradingAccount);
+    if (account.isEmpty())
+        return Error::NoAccount;
+    if (!plan.known.accounts.find(account))
+        return { Error::UnknownAccount, { account } };
+    if (!plan.known.accounts.hasAuthority(account, plan.text(Orlo_Fields::AutoPlan::subType)))
+        return { Error::NoAuthority, { account } };
+    return {};
+}
+
+Status securityTradesOnExchange(const CheckedPlan& plan)
+{
+    const QString symbol = plan.text(Kelvo_Fields::Security::symbol);
+    if (symbol.isEmpty())
+        return Error::NoSecurity;
+    const Security* security = plan.known.market.find(symbol);
+    if (!security)
+        return { Error::UnknownSecurity, { symbol } };
+    const QString exchange = plan.text(UserAccount::securityExchange);
+    return security->exchange == exchange ? Status() : Status(Error::WrongExchange, { symbol, exchange });
+}
+
+// A reduction may leave its total to the holdings, and an amount order counts in yuan: there zero is no mistake.
+Status totalIsGiven(const CheckedPlan& plan)
+{
+    const QString text = plan.text(BaseField::totalQty);
+    const auto total = PlanTexts::wholeNumber(text);
+    const bool mayBeZero = plan.isReduction() || plan.isAmount();
+    if (!total || (*total == 0 && !mayBeZero))
+        return { Error::NotPositiveWhole, { QStringLiteral("目标总量"), text } };
+    return {};
+}
+
+Status dailyQuantityIsWhole(const CheckedPlan& plan)
+{
+    const QString& key = AutoPlanField::Progress::CurrentQty;
+    if (plan.otherParam.contains(key) && !PlanTexts::wholeNumber(plan.other(key)))
+        return { Error::NotWhole, { QStringLiteral("每日委托量"), plan.other(key) } };
+    return {};
+}
+
+Status amountIsGiven(const CheckedPlan& plan)
+{
+    if (!plan.isAmount())
+        return {};
+    const QString text = plan.other(BaseField::tradeAmount);
+    const auto amount = PlanTexts::decimalNumber(text);
+    if (!amount || *amount <= 0)
+        return { Error::NotPositive, { QStringLiteral("目标金额"), text } };
+    return {};
+}
+
+Status dailyAmountIsNumber(const CheckedPlan& plan)
+{
+    const QString text = plan.other(BaseField::dayMaxTradeAmount);
+    if (plan.isAmount() && !text.isEmpty() && !PlanTexts::decimalNumber(text))
+        return { Error::NotNumber, { QStringLiteral("每日最大金额"), text } };
+    return {};
+}
+
+Status ratioIsGiven(const CheckedPlan& plan)
+{
+    if (!plan.isReduction())
+        return {};
+    const auto ratio = PlanTexts::decimalNumber(plan.other(BaseField::JCRatio));
+    if (!ratio || *ratio <= 0 || *ratio > 1)
+        return { Error::RatioOutOfRange, { plan.other(BaseField::JCRatio) } };
+    return {};
+}
+
+Status checkFormula(const QString& caption, const QString& formula)
+{
+    if (Status status = PriceFormula::check(formula, priceNames()); !status)
+        return { Error::BadFormula, { caption }, status };
+    return {};
+}
+
+Status formulasAreSound(const CheckedPlan& plan)
+{
+    const QString model = plan.text(BaseField::priceModel);
+    if (model == PriceModel::NoLimit)
+        return {};
+    if (model == PriceModel::Custom)
+        return checkFormula(QStringLiteral("价格"), plan.text(BaseField::priceFormula1));
+    if (Status status = checkFormula(QStringLiteral("价格1"), plan.text(BaseField::priceFormula1)); !status)
+        return status;
+    return checkFormula(QStringLiteral("价格2"), plan.text(BaseField::priceFormula2));
+}
+
+Status checkTradeDay(const CheckedPlan& plan, const QString& caption, const QDate& date)
+{
+    switch (plan.known.calendar.day(plan.text(UserAccount::securityExchange), date)) {
+    case TradeCalendar::Day::Trades:
+        return {};
+    case TradeCalendar::Day::Closed:
+        return { Error::NotATradeDay, { caption, PlanTexts::text(date) } };
+    case TradeCalendar::Day::Unknown:
+        break;
+    }
+    return { Error::NotInCalendar, { caption, PlanTexts::text(date) } };
+}
+
+Status beginIsTradeDay(const CheckedPlan& plan)
+{
+    const QString caption = QStringLiteral("开始日期");
+    const QDate begin = PlanTexts::date(plan.text(BaseField::beginDate));
+    return begin.isValid() ? checkTradeDay(plan, caption, begin) : Status(Error::InvalidDate, { caption });
+}
+
+// A reduction has no end of its own: its end date stands a century ahead, beyond any calendar.
+Status endIsTradeDay(const CheckedPlan& plan)
+{
+    const QString caption = QStringLiteral("结束日期");
+    const QDate end = PlanTexts::date(plan.text(BaseField::endDate));
+    if (!end.isValid())
+        return { Error::InvalidDate, { caption } };
+    if (end < PlanTexts::date(plan.text(BaseField::beginDate)))
+        return Error::EndBeforeBegin;
+    return plan.isReduction() ? Status() : checkTradeDay(plan, caption, end);
+}
+
+Status remarkIsShort(const CheckedPlan& plan)
+{
+    if (plan.text(BaseField::remark).size() > PlanCheck::longestRemark)
+        return { Error::RemarkTooLong, { QString::number(PlanCheck::longestRemark) } };
+    return {};
+}
+
+Status securityAccountIsTheAccounts(const CheckedPlan& plan)
+{
+    const QString account = plan.text(UserAccount::tradingAccount);
+    const QString owned =
+        plan.known.accounts.find(account)->exchangeAccounts.value(plan.text(UserAccount::securityExchange));
+    if (owned.isEmpty())
+        return { Error::NoSecurityAccount, { account } };
+    const QString given = plan.text(UserAccount::securityAccount);
+    return given == owned ? Status() : Status(Error::ForeignSecurityAccount, { given });
+}
+
+const QVector<Rule>& recordRules()
+{
+    static const QVector<Rule> rules{
+        valuesAreTexts,
+        otherParamIsReadable,
+        codesAreKnown,
+        targetTypeIsKnown,
+        priceTypeIsKnown,
+        entrustTypeIsKnown,
+        accountMayTrade,
+        securityTradesOnExchange,
+        totalIsGiven,
+        dailyQuantityIsWhole,
+        amountIsGiven,
+        dailyAmountIsNumber,
+        ratioIsGiven,
+        formulasAreSound,
+        beginIsTradeDay,
+        endIsTradeDay,
+        remarkIsShort,
+    };
+    return rules;
+}
+
+Status firstError(const QVector<Rule>& rules, const PlanCheck::Record& record, const PlanCheck::Known& known)
+{
+    const QString other = record.value(BaseField::planOtherParam).toString();
+    const CheckedPlan plan{ record, known, PlanTexts::otherParam(other).value_or(QMap<QString, QVariant>()) };
+    for (const Rule rule : rules) {
+        if (Status status = rule(plan); !status)
+            return status;
+    }
+    return {};
 }
 
 /// What identifies a plan and stays for its life: the record's keys with their captions.
@@ -64,6 +306,7 @@ QVector<QPair<QString, QString>> identityFields()
     };
 }
 
+/// Caption of the first identifying field that differs; empty when there is none.
 QString changedIdentity(const PlanCheck::Record& stored, const PlanCheck::Record& record)
 {
     const auto fields = identityFields();
@@ -84,250 +327,22 @@ QString changedIdentity(const PlanCheck::Record& stored, const PlanCheck::Record
 
 } // namespace
 
-PlanCheck::PlanCheck(const Market& market, const AccountDirectory& accounts, const TradeCalendar& calendar)
-    : m_market(market)
-    , m_accounts(accounts)
-    , m_calendar(calendar)
+Status PlanCheck::creationError(const Record& record, const Known& known)
 {
+    static const QVector<Rule> rules =
+        QVector<Rule>{ hasNoId } + recordRules() + QVector<Rule>{ securityAccountIsTheAccounts };
+    return firstError(rules, record, known);
 }
 
-QString PlanCheck::creationError(const Record& record)
+Status PlanCheck::changeError(const Record& stored, const Record& record, const QDate& today, const Known& known)
 {
-    if (record.contains(BaseField::autoPlanId))
-        return QStringLiteral("新建计划不能带有计划编号");
-    const QString reason = firstReason(record);
-    if (!reason.isEmpty())
-        return reason;
-    const QString securityAccount =
-        m_accounts.find(text(UserAccount::tradingAccount))->exchangeAccounts.value(text(UserAccount::securityExchange));
-    if (securityAccount.isEmpty())
-        return QStringLiteral("账户“%1”在该证券的市场没有证券账户").arg(text(UserAccount::tradingAccount));
-    if (securityAccount != text(UserAccount::securityAccount))
-        return QStringLiteral("证券账户“%1”不属于该账户").arg(text(UserAccount::securityAccount));
-    return QString();
-}
-
-QString PlanCheck::modificationError(const Record& stored, const Record& record, const QDate& today)
-{
-    const QString reason = firstReason(record);
-    if (!reason.isEmpty())
-        return reason;
+    if (Status status = firstError(recordRules(), record, known); !status)
+        return status;
     const QString changed = changedIdentity(stored, record);
     if (!changed.isEmpty())
-        return QStringLiteral("%1不支持修改").arg(changed);
+        return { Error::FieldNotChangeable, { changed } };
     const QDate begin = PlanTexts::date(stored.value(BaseField::beginDate).toString());
-    if (begin.isValid() && begin <= today && PlanTexts::text(begin) != text(BaseField::beginDate))
-        return QStringLiteral("计划已开始执行，开始日期不支持修改");
-    return QString();
-}
-
-QString PlanCheck::firstReason(const Record& record)
-{
-    static const QVector<Rule> rules{
-        &PlanCheck::checkTexts,
-        &PlanCheck::checkOtherParam,
-        &PlanCheck::checkCodes,
-        &PlanCheck::checkOtherCodes,
-        &PlanCheck::checkAccount,
-        &PlanCheck::checkSecurity,
-        &PlanCheck::checkTotal,
-        &PlanCheck::checkPerDay,
-        &PlanCheck::checkAmounts,
-        &PlanCheck::checkRatio,
-        &PlanCheck::checkFormulas,
-        &PlanCheck::checkBegin,
-        &PlanCheck::checkEnd,
-        &PlanCheck::checkRemark,
-    };
-    m_record = record;
-    m_other = PlanTexts::otherParam(text(BaseField::planOtherParam)).value_or(QMap<QString, QVariant>());
-    for (const Rule rule : rules) {
-        const QString reason = (this->*rule)();
-        if (!reason.isEmpty())
-            return reason;
-    }
-    return QString();
-}
-
-QString PlanCheck::text(const QString& key) const
-{
-    return m_record.value(key).toString();
-}
-
-QString PlanCheck::other(const QString& key) const
-{
-    return m_other.value(key).toString();
-}
-
-bool PlanCheck::isReduction() const
-{
-    return text(Orlo_Fields::AutoPlan::templateCode) == PlanType::ReduceHoldings;
-}
-
-bool PlanCheck::isAmount() const
-{
-    return other(FieldId::TargetType) == InstructionTargetType::AmountOrder;
-}
-
-QString PlanCheck::checkTexts() const
-{
-    for (auto field = m_record.cbegin(); field != m_record.cend(); ++field) {
-        if (field.value().type() != QVariant::String)
-            return QStringLiteral("计划字段“%1”的值不是文本").arg(field.key());
-    }
-    return QString();
-}
-
-QString PlanCheck::checkOtherParam() const
-{
-    if (!m_record.contains(BaseField::planOtherParam))
-        return QStringLiteral("缺少计划扩展信息");
-    if (!PlanTexts::otherParam(text(BaseField::planOtherParam)))
-        return QStringLiteral("计划扩展信息不是有效的JSON对象");
-    return QString();
-}
-
-QString PlanCheck::checkCodes() const
-{
-    const auto rules = codeRules();
-    for (const CodeRule& rule : rules) {
-        if (!rule.codes.contains(text(rule.key)))
-            return QStringLiteral("%1“%2”未知").arg(rule.caption, text(rule.key));
-    }
-    return QString();
-}
-
-QString PlanCheck::checkOtherCodes() const
-{
-    using namespace InstructionTargetType;
-    const QString target = other(FieldId::TargetType);
-    if (!target.isEmpty() && target != QtyOrder && target != AmountOrder)
-        return QStringLiteral("指令单类型“%1”未知").arg(target);
-    const QString priceType = other(Kelvo_Fields::Security::timeInForce);
-    if (!priceType.isEmpty() && priceType != Orlo_Values::HKTimeInForce::InTrade
-        && priceType != Orlo_Values::HKTimeInForce::BeforeTrade)
-        return QStringLiteral("报价类型“%1”未知").arg(priceType);
-    if (!m_other.contains(FieldId::MarginSide))
-        return QString();
-    const auto number = PlanTexts::wholeNumber(other(FieldId::MarginSide));
-    const bool known = number
-        && (*number == noEntrustType || !entrustTypeOfNumber(static_cast<VorMarginTradeType>(*number)).code.isEmpty());
-    return known ? QString() : QStringLiteral("委托类别“%1”未知").arg(other(FieldId::MarginSide));
-}
-
-QString PlanCheck::checkAccount() const
-{
-    const QString account = text(UserAccount::tradingAccount);
-    if (account.isEmpty())
-        return QStringLiteral("未指定账户");
-    if (!m_accounts.find(account))
-        return QStringLiteral("账户“%1”不存在").arg(account);
-    if (!m_accounts.hasAuthority(account, text(Orlo_Fields::AutoPlan::subType)))
-        return QStringLiteral("没有账户“%1”的下单权限").arg(account);
-    return QString();
-}
-
-QString PlanCheck::checkSecurity() const
-{
-    const QString symbol = text(Kelvo_Fields::Security::symbol);
-    if (symbol.isEmpty())
-        return QStringLiteral("未指定证券");
-    const Security* security = m_market.find(symbol);
-    if (!security)
-        return QStringLiteral("证券“%1”不存在").arg(symbol);
-    if (security->exchange != text(UserAccount::securityExchange))
-        return QStringLiteral("证券“%1”不在市场“%2”交易").arg(symbol, text(UserAccount::securityExchange));
-    return QString();
-}
-
-// A reduction may leave its total to the holdings, and an amount order counts in yuan: there zero is no mistake.
-QString PlanCheck::checkTotal() const
-{
-    const auto total = PlanTexts::wholeNumber(text(BaseField::totalQty));
-    const bool mayBeZero = isReduction() || isAmount();
-    if (!total || (*total == 0 && !mayBeZero))
-        return QStringLiteral("目标总量“%1”不是正整数").arg(text(BaseField::totalQty));
-    return QString();
-}
-
-QString PlanCheck::checkPerDay() const
-{
-    const QString& key = AutoPlanField::Progress::CurrentQty;
-    if (m_other.contains(key) && !PlanTexts::wholeNumber(other(key)))
-        return QStringLiteral("每日委托量“%1”不是整数").arg(other(key));
-    return QString();
-}
-
-QString PlanCheck::checkAmounts() const
-{
-    if (!isAmount())
-        return QString();
-    const auto total = PlanTexts::decimalNumber(other(BaseField::tradeAmount));
-    if (!total || *total <= 0)
-        return QStringLiteral("目标金额“%1”不是正数").arg(other(BaseField::tradeAmount));
-    const QString perDay = other(BaseField::dayMaxTradeAmount);
-    if (!perDay.isEmpty() && !PlanTexts::decimalNumber(perDay))
-        return QStringLiteral("每日最大金额“%1”不是数字").arg(perDay);
-    return QString();
-}
-
-QString PlanCheck::checkRatio() const
-{
-    if (!isReduction())
-        return QString();
-    const auto ratio = PlanTexts::decimalNumber(other(BaseField::JCRatio));
-    if (!ratio || *ratio <= 0 || *ratio > 1)
-        return QStringLiteral("减持占比“%1”不在0到1之间").arg(other(BaseField::JCRatio));
-    return QString();
-}
-
-QString PlanCheck::checkFormulas() const
-{
-    const QString model = text(BaseField::priceModel);
-    if (model == PriceModel::NoLimit)
-        return QString();
-    const bool compares = model == PriceModel::CompareMax || model == PriceModel::CompareMin;
-    const QString first = compares ? QStringLiteral("价格1") : QStringLiteral("价格");
-    const QString reason = formulaError(first, text(BaseField::priceFormula1));
-    if (!reason.isEmpty() || !compares)
-        return reason;
-    return formulaError(QStringLiteral("价格2"), text(BaseField::priceFormula2));
-}
-
-QString PlanCheck::checkBegin() const
-{
-    return checkTradeDay(QStringLiteral("开始日期"), PlanTexts::date(text(BaseField::beginDate)));
-}
-
-// A reduction has no end of its own: its end date stands a century ahead, beyond any calendar.
-QString PlanCheck::checkEnd() const
-{
-    const QDate end = PlanTexts::date(text(BaseField::endDate));
-    if (!end.isValid())
-        return QStringLiteral("结束日期无效");
-    if (end < PlanTexts::date(text(BaseField::beginDate)))
-        return QStringLiteral("结束日期早于开始日期");
-    return isReduction() ? QString() : checkTradeDay(QStringLiteral("结束日期"), end);
-}
-
-QString PlanCheck::checkTradeDay(const QString& caption, const QDate& date) const
-{
-    if (!date.isValid())
-        return QStringLiteral("%1无效").arg(caption);
-    switch (m_calendar.day(text(UserAccount::securityExchange), date)) {
-    case TradeCalendar::Day::Trades:
-        return QString();
-    case TradeCalendar::Day::Closed:
-        return QStringLiteral("%1%2不是交易日").arg(caption, PlanTexts::text(date));
-    case TradeCalendar::Day::Unknown:
-        break;
-    }
-    return QStringLiteral("%1%2不在交易日历之内").arg(caption, PlanTexts::text(date));
-}
-
-QString PlanCheck::checkRemark() const
-{
-    if (text(BaseField::remark).size() > longestRemark)
-        return QStringLiteral("备注超过%1个字符").arg(longestRemark);
-    return QString();
+    if (begin.isValid() && begin <= today && PlanTexts::text(begin) != record.value(BaseField::beginDate).toString())
+        return Error::BeginNotChangeable;
+    return {};
 }

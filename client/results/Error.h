@@ -12,6 +12,46 @@ enum class Error {
     DiskFull,
     NotADatabase,
     DatabaseFailed, ///< the driver's text
+    // --- What needs a session
+    PlansNeedLogin,
+    AveragesNeedLogin,
+    TradeDaysNeedLogin,
+    // --- The trade calendar
+    NoClosureHeadings, ///< the headings that are missing
+    BadClosureLine,    ///< number of the line; the cause says what is wrong in it
+    ClosureColumns,    ///< how many columns the line has
+    NotADate,          ///< the text
+    NoCalendar,        ///< exchange
+    BeyondCalendar,    ///< the last known day, the day that is not known
+    // --- Stored plans
+    UnknownPlan,  ///< plan id
+    FieldNotText, ///< record key
+    // --- Checks of a plan; captions are those of the form
+    PlanHasId,
+    NoOtherParam,
+    OtherParamNotJson,
+    UnknownCode, ///< caption, code
+    NoAccount,
+    UnknownAccount, ///< account
+    NoAuthority,    ///< account
+    NoSecurity,
+    UnknownSecurity,        ///< symbol
+    WrongExchange,          ///< symbol, exchange
+    NoSecurityAccount,      ///< account
+    ForeignSecurityAccount, ///< security account
+    NotPositiveWhole,       ///< caption, text
+    NotWhole,               ///< caption, text
+    NotPositive,            ///< caption, text
+    NotNumber,              ///< caption, text
+    RatioOutOfRange,        ///< the text
+    BadFormula,             ///< caption; the cause says what is wrong
+    InvalidDate,            ///< caption
+    NotATradeDay,           ///< caption, day
+    NotInCalendar,          ///< caption, day
+    EndBeforeBegin,
+    RemarkTooLong,      ///< largest number of characters
+    FieldNotChangeable, ///< caption
+    BeginNotChangeable,
     // --- Price formulas
     FormulaErrorAt, ///< number of the character; the cause says what is wrong there
     FormulaEmpty,

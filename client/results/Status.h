@@ -47,6 +47,10 @@ public:
         : m_status(std::move(status))
     {
     }
+    Result(Error error, QStringList details = {})
+        : m_status(error, std::move(details))
+    {
+    }
 
     /// True when there is a value.
     explicit operator bool() const { return m_value.has_value(); }
@@ -55,6 +59,8 @@ public:
     T& operator*() { return *m_value; }
     const T* operator->() const { return &*m_value; }
     T* operator->() { return &*m_value; }
+    /// The value, or `other` when there is none.
+    T valueOr(T other) const { return m_value ? *m_value : other; }
     /// Success when there is a value.
     const Status& status() const { return m_status; }
 

@@ -3,6 +3,7 @@
 #include "AutoPlanField.h"
 #include "ClientClock.h"
 #include "ClientSession.h"
+#include "ErrorText.h"
 #include "PlanCheck.h"
 #include "PlanEvents.h"
 #include "PlanTexts.h"
@@ -13,21 +14,16 @@ namespace BaseField = AutoPlanField::BaseField;
 
 namespace {
 
-QString notLoggedIn()
+PlanCheck::Known knownOf(const ClientSession& session)
 {
-    return QStringLiteral("尚未登录，无法处理计划");
+    return { session.market(), session.accounts(), session.calendar() };
 }
 
-PlanCheck checkOf(const ClientSession& session)
-{
-    return PlanCheck(session.market(), session.accounts(), session.calendar());
-}
-
-void answerWithoutAverages(AutoPlanLogic* service, const QString& symbol, const QString& reason)
+void answerWithoutAverages(AutoPlanLogic* service, const QString& symbol, const Status& status)
 {
     // Queued, so that nobody gets an answer from within the question.
-    const auto answer = [service, symbol, reason] {
-        Q_EMIT service->signalQuerySymbolMAResponse(symbol, QStringList(), reason);
+    const auto answer = [service, symbol, status] {
+        Q_EMIT service->signalQuerySymbolMAResponse(symbol, QStringList(), errorText(status));
     };
     QMetaObject::invokeMethod(service, answer, Qt::QueuedConnection);
 }
@@ -36,11 +32,18 @@ void queryAverages(AutoPlanLogic* service, const QString& symbol)
 {
     ClientSession& session = ClientSession::instance();
     if (!session.isOpen())
-        answerWithoutAverages(service, symbol, QStringLiteral("尚未登录，无法查询均价"));
+        answerWithoutAverages(service, symbol, Error::AveragesNeedLogin);
     else if (!session.market().find(symbol))
-        answerWithoutAverages(service, symbol, QStringLiteral("证券“%1”不存在").arg(symbol));
+        answerWithoutAverages(service, symbol, { Error::UnknownSecurity, { symbol } });
     else
         session.askMovingAverages(symbol);
+}
+
+Result<QList<QDate>> tradeDates(const QString& exchange)
+{
+    if (!ClientSession::instance().isOpen())
+        return Error::TradeDaysNeedLogin;
+    return tradeDatesOf(exchange);
 }
 
 } // namespace
@@ -65,10 +68,9 @@ QString AutoPlanLogic::CreateNewPlan(QMap<QString, QVariant> record)
 {
     ClientSession& session = ClientSession::instance();
     if (!session.isOpen())
-        return notLoggedIn();
-    const QString refused = checkOf(session).creationError(record);
-    if (!refused.isEmpty())
-        return refused;
+        return errorText(Error::PlansNeedLogin);
+    if (Status refused = PlanCheck::creationError(record, knownOf(session)); !refused)
+        return errorText(refused);
     const PlanStore::Created created = session.plans().create(record, session.user().id, QDateTime::currentDateTime());
     if (created.reason.isEmpty())
         Q_EMIT PlanEvents::instance().planStored(created.id);
@@ -80,7 +82,7 @@ QString AutoPlanLogic::modifyPlan(const QMap<QString, QVariant>& record)
 {
     ClientSession& session = ClientSession::instance();
     if (!session.isOpen())
-        return notLoggedIn();
+        return errorText(Error::PlansNeedLogin);
     const QString planId = record.value(BaseField::autoPlanId).toString();
     QMap<QString, QVariant> content = record;
     content.remove(BaseField::autoPlanId);
@@ -88,9 +90,9 @@ QString AutoPlanLogic::modifyPlan(const QMap<QString, QVariant>& record)
         PlanStore plans = session.plans();
         const StoredPlan stored = plans.plan(planId);
         if (stored.id.isEmpty())
-            return QStringLiteral("计划“%1”不存在").arg(planId);
-        const QString refused = checkOf(session).modificationError(stored.record, content, clientToday());
-        return refused.isEmpty() ? plans.modify(planId, content, QDateTime::currentDateTime()) : refused;
+            return errorText({ Error::UnknownPlan, { planId } });
+        const Status refused = PlanCheck::changeError(stored.record, content, clientToday(), knownOf(session));
+        return refused ? plans.modify(planId, content, QDateTime::currentDateTime()) : errorText(refused);
     });
     if (reason.isEmpty())
         Q_EMIT PlanEvents::instance().planStored(planId);
@@ -122,8 +124,7 @@ QMap<QString, QMap<QString, QVariant>> AutoPlanLogic::GetPlanInstruction(QString
 
 QList<QDate> AutoPlanLogic::GetTradeDateList(const QString& exchange, QString& error)
 {
-    if (ClientSession::instance().isOpen())
-        return tradeDatesOf(exchange, error);
-    error = QStringLiteral("尚未登录，无法查询交易日");
-    return {};
+    const Result<QList<QDate>> days = tradeDates(exchange);
+    error = errorText(days.status());
+    return days.valueOr({});
 }
