@@ -3,6 +3,7 @@
 #include "Appearance.h"
 #include "ClientClock.h"
 #include "ClientSession.h"
+#include "ErrorText.h"
 #include "SampleSession.h"
 #include "SymbolIndexes.h"
 
@@ -88,10 +89,10 @@ int BenchmarkClient::run()
 void BenchmarkClient::open(const QString& database, const QString& user)
 {
     setClientToday(SampleSession::today());
-    const QString reason = QFile::exists(database) ? ClientSession::instance().open(database, user)
-                                                   : QStringLiteral("the file does not exist");
-    if (!reason.isEmpty())
-        qFatal("%s: %s", qPrintable(database), qPrintable(reason));
+    if (!QFile::exists(database))
+        qFatal("%s: the file does not exist", qPrintable(database));
+    if (const Status status = ClientSession::instance().open(database, user); !status)
+        qFatal("%s: %s", qPrintable(database), qPrintable(errorText(status)));
     SymbolIndexes::instance().waitForFinished();
 }
 

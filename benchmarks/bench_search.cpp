@@ -23,7 +23,8 @@ constexpr int typedSecurities = 6;
 QVector<Security> allSecurities()
 {
     QVector<Security> all;
-    SecurityStore(ClientSession::instance().database()).readAll([&all](Security&& security) { all << security; });
+    if (!SecurityStore(ClientSession::instance().database()).readAll([&all](Security&& security) { all << security; }))
+        qFatal("the securities cannot be read");
     return all;
 }
 

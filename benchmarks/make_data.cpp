@@ -6,6 +6,7 @@
 #include "AutoPlanField.h"
 #include "ClientClock.h"
 #include "ClientSession.h"
+#include "ErrorText.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
@@ -27,10 +28,10 @@ const QString owner = QStringLiteral("bench");
 constexpr int firstAccount = 900001;
 constexpr int positions = 250;
 
-void require(const QString& reason)
+void require(const Status& status)
 {
-    if (!reason.isEmpty())
-        qFatal("%s", qPrintable(reason));
+    if (!status)
+        qFatal("%s", qPrintable(errorText(status)));
 }
 
 QString numberOf(int account)
@@ -101,10 +102,10 @@ QString writePlans(ClientSession& session, int count)
     const QDateTime now(SampleSession::today(), QTime(9, 30));
     QString first;
     for (int i = 0; i < count; ++i) {
-        const PlanStore::Created created = plans.create(record, owner, now);
-        require(created.reason);
+        const Result<QString> id = plans.create(record, owner, now);
+        require(id.status());
         if (first.isEmpty())
-            first = created.id;
+            first = *id;
     }
     return first;
 }
@@ -123,7 +124,7 @@ void writeInstructions(ClientSession& session, const QString& plan, int count)
                             { FieldId::FilledQty, QStringLiteral("100") },
                             { FieldId::IssuedAmount, QStringLiteral("2468.00") },
                             { Orlo_Fields::Security::cumAmount, QStringLiteral("1234.00") } })
-                    .reason);
+                    .status());
     }
 }
 
@@ -141,7 +142,7 @@ void make(const QString& file, int securities, int accounts, int plans, int inst
         writePositions(session.database());
         if (plans > 0)
             writeInstructions(session, writePlans(session, plans), instructions);
-        return QString();
+        return Status();
     }));
     session.close();
 }

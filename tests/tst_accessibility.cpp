@@ -14,6 +14,7 @@
 #include "SampleSession.h"
 #include "SkinSheet.h"
 #include "TestClock.h"
+#include "TestStatus.h"
 #include "VorSearchBox.h"
 
 #include <QAbstractSpinBox>
@@ -350,7 +351,7 @@ private Q_SLOTS:
         setToday(SampleSession::today());
         QApplication::setStyle(QStringLiteral("Fusion"));
         m_session = std::make_unique<SampleSession>();
-        QCOMPARE(m_session->reason(), QString());
+        QCOMPARE(m_session->opened(), Status());
         QVERIFY(!m_session->create(SampleSession::record()).isEmpty());
     }
     void eachCaptionNamesItsField_data() { addStates(); }

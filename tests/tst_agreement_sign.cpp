@@ -1,5 +1,6 @@
 #include "LoggedTest.h"
 #include "OrloAgreementSignWidget.h"
+#include "TestStatus.h"
 #include "WidgetServices.h"
 #include <QApplication>
 #include <QLabel>
@@ -132,12 +133,12 @@ private Q_SLOTS:
 
     void aFailureIsReportedAndTheDialogStays()
     {
-        WidgetServices::instance().signFailure = QStringLiteral("数据库被占用");
+        WidgetServices::instance().signing = Error::DatabaseBusy;
         OrloAgreementSignWidget dialog(true, true, nullptr);
         fill(dialog);
         confirmNextBox();
         QTest::mouseClick(signButton(dialog), Qt::LeftButton);
-        QCOMPARE(m_boxText, QStringLiteral("数据库被占用"));
+        QCOMPARE(m_boxText, errorText(Error::DatabaseBusy));
         QVERIFY(dialog.isVisible());
     }
 

@@ -23,6 +23,7 @@
 #include "Security.h"
 #include "Signatures.h"
 #include "SymbolIndexes.h"
+#include "TestStatus.h"
 
 #include <QtTest>
 
@@ -142,7 +143,7 @@ void TestBusinessData::cleanup()
 void TestBusinessData::initTestCase()
 {
     m_session = std::make_unique<SampleSession>();
-    QCOMPARE(m_session->reason(), QString());
+    QCOMPARE(m_session->opened(), Status());
 }
 
 void TestBusinessData::codes_of_a_family_differ_from_each_other_data()
@@ -203,17 +204,17 @@ void TestBusinessData::the_list_of_bonds_holds_the_convertible_ones()
 
 void TestBusinessData::the_first_user_is_logged_in_when_none_is_named()
 {
-    QCOMPARE(m_session->reopen(QString()), QString());
+    QCOMPARE(m_session->reopen(QString()), Status());
     QCOMPARE(CBusinessDataBase::GetInstance()->GetLoginAccountDetail().value(Kelvo_Fields::UserAccount::userID),
         QVariant(QStringLiteral("trader01")));
 }
 
 void TestBusinessData::an_unknown_user_is_refused_and_the_session_stays_closed()
 {
-    QCOMPARE(m_session->reopen(QStringLiteral("nobody")), QStringLiteral("用户“nobody”不存在"));
+    QCOMPARE(m_session->reopen(QStringLiteral("nobody")), Status(Error::UnknownUser, { QStringLiteral("nobody") }));
     QVERIFY(!ClientSession::instance().isOpen());
     QCOMPARE(tradingAccounts(), QStringList());
-    QCOMPARE(m_session->reopen(), QString());
+    QCOMPARE(m_session->reopen(), Status());
 }
 
 void TestBusinessData::a_stopped_start_leaves_no_session()
@@ -221,17 +222,18 @@ void TestBusinessData::a_stopped_start_leaves_no_session()
     const QTemporaryDir folder;
     const QString file = folder.filePath(QStringLiteral("stopped.db"));
     ClientSession& session = ClientSession::instance();
-    QVERIFY(!session.open(file, QString(), [](int, int) { return false; }, {}).isEmpty());
+    QCOMPARE(session.open(file, QString(), [](int, int) { return false; }, {}), Status(Error::SampleCancelled));
     QVERIFY(!session.isOpen());
-    QCOMPARE(m_session->reopen(), QString());
+    QCOMPARE(m_session->reopen(), Status());
 }
 
 void TestBusinessData::a_database_that_cannot_be_opened_is_refused_with_a_reason()
 {
     const QTemporaryDir folder;
-    QVERIFY(ClientSession::instance().open(folder.path(), QString()).contains(QStringLiteral("该路径是文件夹")));
+    QCOMPARE(ClientSession::instance().open(folder.path(), QString()),
+        Status(Error::CannotOpenDatabase, { folder.path() }, Error::DatabaseIsFolder));
     QVERIFY(!ClientSession::instance().isOpen());
-    QCOMPARE(m_session->reopen(), QString());
+    QCOMPARE(m_session->reopen(), Status());
 }
 
 void TestBusinessData::a_user_sees_the_own_accounts_in_their_order()
@@ -242,9 +244,9 @@ void TestBusinessData::a_user_sees_the_own_accounts_in_their_order()
 
 void TestBusinessData::a_user_without_accounts_sees_none()
 {
-    QCOMPARE(m_session->reopen(QStringLiteral("trader02")), QString());
+    QCOMPARE(m_session->reopen(QStringLiteral("trader02")), Status());
     QCOMPARE(tradingAccounts(), QStringList());
-    QCOMPARE(m_session->reopen(), QString());
+    QCOMPARE(m_session->reopen(), Status());
 }
 
 void TestBusinessData::accounts_can_be_restricted_to_a_type()
@@ -337,8 +339,8 @@ void TestBusinessData::special_treatment_comes_with_a_sentence()
     QCOMPARE(ClientSession::instance().database().execute(
                  QStringLiteral("UPDATE securities SET st_flag = ?, st_text = ? WHERE symbol = ?"),
                  { SpecialTreatment::st, sentence, share() }),
-        QString());
-    QCOMPARE(m_session->reopen(), QString());
+        Status());
+    QCOMPARE(m_session->reopen(), Status());
     QCOMPARE(Data::GetSymbolStType(share(), description), SpecialTreatment::st);
     QCOMPARE(description, sentence);
 }
@@ -471,8 +473,8 @@ void TestBusinessData::a_security_of_its_own_list_comes_before_the_list_for_all(
     const QString& target = InstructionTargetType::QtyOrder;
     const QStringList all{ QStringLiteral("TWAP"), QStringLiteral("VWAP") };
     const QStringList own{ QStringLiteral("POV") };
-    QCOMPARE(store.setWhiteList(InstructionType::Ordinary, target, QString(), all), QString());
-    QCOMPARE(store.setWhiteList(InstructionType::Ordinary, target, share(), own), QString());
+    QCOMPARE(store.setWhiteList(InstructionType::Ordinary, target, QString(), all), Status());
+    QCOMPARE(store.setWhiteList(InstructionType::Ordinary, target, share(), own), Status());
     QCOMPARE(Rules::getWhiteAlgoNameList(InstructionType::Ordinary, target, share()), own);
     QCOMPARE(Rules::getWhiteAlgoNameList(InstructionType::Ordinary, target, convertible()), all);
     QCOMPARE(Rules::getBlackAlgoNameList(InstructionTargetType::AmountOrder), QStringList{ QStringLiteral("SNIPER") });
@@ -481,12 +483,12 @@ void TestBusinessData::a_security_of_its_own_list_comes_before_the_list_for_all(
 
 void TestBusinessData::a_signature_is_stored_with_user_and_time_and_counts_at_once()
 {
-    QCOMPARE(m_session->reopen(QStringLiteral("trader07")), QString());
+    QCOMPARE(m_session->reopen(QStringLiteral("trader07")), Status());
     const QStringList open = AgreementDC::instance().GetUnsignedClientNoList(agreement());
     QCOMPARE(open, QStringList{ QStringLiteral("C10007") });
     QVERIFY(!agreementTitle(agreement()).isEmpty());
     QVERIFY(!agreementText(agreement()).isEmpty());
-    QCOMPARE(signAgreement(agreement(), open), QString());
+    QCOMPARE(signAgreement(agreement(), open), Status());
     QCOMPARE(AgreementDC::instance().GetUnsignedClientNoList(agreement()), QStringList());
     QVERIFY(AgreementStore(ClientSession::instance().database()).signedTime(agreement(), open.first()).isValid());
     QSqlQuery row = ClientSession::instance().database().query(
@@ -494,20 +496,21 @@ void TestBusinessData::a_signature_is_stored_with_user_and_time_and_counts_at_on
     QVERIFY(row.next());
     QCOMPARE(row.value(0).toString(), QStringLiteral("trader07"));
     row.finish();
-    QCOMPARE(m_session->reopen(), QString());
+    QCOMPARE(m_session->reopen(), Status());
 }
 
 void TestBusinessData::a_signature_for_a_foreign_client_is_refused_for_all()
 {
-    QCOMPARE(m_session->reopen(QStringLiteral("trader09")), QString());
+    QCOMPARE(m_session->reopen(QStringLiteral("trader09")), Status());
     const QStringList own = AgreementDC::instance().GetUnsignedClientNoList(agreement());
     QCOMPARE(own, QStringList{ QStringLiteral("C10009") });
     QCOMPARE(signAgreement(agreement(), own + QStringList{ QStringLiteral("C10010") }),
-        QStringLiteral("客户“C10010”不属于当前用户"));
-    QCOMPARE(signAgreement(agreement(), {}), QStringLiteral("请选择签署协议的客户"));
-    QCOMPARE(signAgreement(QStringLiteral("nothing"), own), QStringLiteral("协议“nothing”不存在"));
+        Status(Error::ForeignClient, { QStringLiteral("C10010") }));
+    QCOMPARE(signAgreement(agreement(), {}), Status(Error::NoSigner));
+    QCOMPARE(
+        signAgreement(QStringLiteral("nothing"), own), Status(Error::UnknownAgreement, { QStringLiteral("nothing") }));
     QCOMPARE(AgreementDC::instance().GetUnsignedClientNoList(agreement()), own);
-    QCOMPARE(m_session->reopen(), QString());
+    QCOMPARE(m_session->reopen(), Status());
 }
 
 void TestBusinessData::a_bond_is_converted_only_where_it_can_be()
@@ -535,7 +538,7 @@ void TestBusinessData::without_a_session_every_answer_is_empty()
     QCOMPARE(
         Rules::getWhiteAlgoNameList(InstructionType::Ordinary, InstructionTargetType::QtyOrder, symbol), QStringList());
     QCOMPARE(AgreementDC::instance().GetUnsignedClientNoList(agreement()), QStringList());
-    QCOMPARE(signAgreement(agreement(), { QStringLiteral("C10001") }), QStringLiteral("尚未登录，无法签署协议"));
+    QCOMPARE(signAgreement(agreement(), { QStringLiteral("C10001") }), Status(Error::SigningNeedsLogin));
     QCOMPARE(CDataBase::GetInstance()->GetStaticCfgValue(StaticCategory::InstructionType, InstructionType::Ordinary),
         QString());
 }
@@ -543,7 +546,7 @@ void TestBusinessData::without_a_session_every_answer_is_empty()
 void TestBusinessData::a_session_may_be_closed_while_its_search_is_prepared()
 {
     const SampleSession large(QStringLiteral("trader01"), 20000);
-    QCOMPARE(large.reason(), QString());
+    QCOMPARE(large.opened(), Status());
     const SymbolList symbols =
         CBusinessDataBase::GetInstance()->GetAllSymbolByType(StockType, SubType::Ashares, QString(), false, {});
     QCoreApplication::processEvents();

@@ -3,6 +3,7 @@
 #include "ClientFormTest.h"
 #include "EditorForm.h"
 #include "OrloDateEdit.h"
+#include "TestStatus.h"
 
 #include <QtTest>
 
@@ -101,16 +102,16 @@ private Q_SLOTS:
     void aDatabaseCanBeMadeOnAnyDay()
     {
         QFETCH(QDate, day);
-        session().reopen();
+        QVERIFY(session().reopen());
         const QTemporaryDir folder;
         goTo(day);
         ClientSession::Options options;
         options.marketSize = 200;
         const QString file = folder.filePath(QStringLiteral("plans.db"));
-        QCOMPARE(ClientSession::instance().open(file, QString(), {}, options), QString());
-        QCOMPARE(ClientSession::instance().open(file, QString()), QString());
+        QCOMPARE(ClientSession::instance().open(file, QString(), {}, options), Status());
+        QCOMPARE(ClientSession::instance().open(file, QString()), Status());
         goTo(SampleSession::today());
-        QCOMPARE(session().reopen(), QString());
+        QCOMPARE(session().reopen(), Status());
     }
 
     void aClockSetBackBeforeSendingHarmsNoNewPlan()

@@ -7,6 +7,7 @@
 #include "PlanStore.h"
 #include "PositionStore.h"
 #include "Schema.h"
+#include "TestStatus.h"
 #include "UserStore.h"
 
 #include <QElapsedTimer>
@@ -63,6 +64,11 @@ public:
         return query.exec(statement) && query.next() ? query.value(0) : QVariant();
     }
 };
+
+Status cannotOpen(const QString& fileName, const Status& cause)
+{
+    return { Error::CannotOpenDatabase, { fileName }, cause };
+}
 
 bool makeVersionOne(const QString& fileName)
 {
@@ -144,7 +150,7 @@ void tst_database::init()
     m_folder = std::make_unique<QTemporaryDir>();
     QVERIFY(m_folder->isValid());
     m_database = std::make_unique<Database>();
-    QCOMPARE(m_database->open(path(QStringLiteral("plans.db"))), QString());
+    QCOMPARE(m_database->open(path(QStringLiteral("plans.db"))), Status());
 }
 
 int tst_database::logFrames()
@@ -163,14 +169,14 @@ void tst_database::addAccount(const QString& number, const QString& clientNo)
 {
     const StoredAccount account{ number, QStringLiteral("F") + number, QStringLiteral("账户"), clientNo,
         AccountAsset::ordinary, QStringLiteral("B001"), { { QStringLiteral("XSHG"), QStringLiteral("A1") } } };
-    QCOMPARE(AccountStore(*m_database).add(account), QString());
+    QCOMPARE(AccountStore(*m_database).add(account), Status());
 }
 
 void tst_database::aNewFileIsCreatedWithItsFolder()
 {
     const QString fileName = path(QStringLiteral("some/where/plans.db"));
     Database database;
-    QCOMPARE(database.open(fileName), QString());
+    QCOMPARE(database.open(fileName), Status());
     QVERIFY(database.isOpen());
     QCOMPARE(database.fileName(), fileName);
     QVERIFY(QFile::exists(fileName));
@@ -189,19 +195,17 @@ void tst_database::theConnectionIsDurableAndStrict()
     QCOMPARE(value(QStringLiteral("SELECT count(*) FROM pragma_table_list"
                                   " WHERE schema = 'main' AND name NOT LIKE 'sqlite%' AND NOT strict")),
         QStringLiteral("0"));
-    QVERIFY(!m_database
-                 ->execute(
-                     QStringLiteral("INSERT INTO users VALUES (?, ?)"), { QByteArray("\x01"), QStringLiteral("name") })
-                 .isEmpty());
+    QVERIFY(!m_database->execute(
+        QStringLiteral("INSERT INTO users VALUES (?, ?)"), { QByteArray("\x01"), QStringLiteral("name") }));
 }
 
 void tst_database::aReopenedFileKeepsItsPlans()
 {
-    const QString id = PlanStore(*m_database, otherParamKey).create(sampleRecord(), QStringLiteral("u"), morning).id;
+    const QString id = *PlanStore(*m_database, otherParamKey).create(sampleRecord(), QStringLiteral("u"), morning);
     m_database->close();
     QVERIFY(!m_database->isOpen());
     QCOMPARE(m_database->fileName(), QString());
-    QCOMPARE(m_database->open(path(QStringLiteral("plans.db"))), QString());
+    QCOMPARE(m_database->open(path(QStringLiteral("plans.db"))), Status());
     QCOMPARE(PlanStore(*m_database, otherParamKey).record(id), sampleRecord());
 }
 
@@ -210,7 +214,7 @@ void tst_database::anOlderSchemaIsMigratedWithItsPlans()
     const QString fileName = path(QStringLiteral("old.db"));
     QVERIFY(makeVersionOne(fileName));
     Database database;
-    QCOMPARE(database.open(fileName), QString());
+    QCOMPARE(database.open(fileName), Status());
     const StoredPlan plan = PlanStore(database, otherParamKey).plan(PlanId::fromNumber(1));
     QCOMPARE(plan.version, 3);
     QCOMPARE(plan.created, QDateTime(QDate(2023, 12, 1), QTime(10, 0)));
@@ -228,8 +232,10 @@ void tst_database::aMigrationThatFailsLeavesTheOldSchema()
     QVERIFY(makeVersionOne(fileName));
     QVERIFY(RawFile(fileName).run(QStringLiteral("ALTER TABLE plans ADD COLUMN changed_time TEXT")));
     Database database;
-    const QString reason = database.open(fileName);
-    QVERIFY2(reason.contains(QStringLiteral("升级数据库失败")), qPrintable(reason));
+    const Status status = database.open(fileName);
+    QCOMPARE(status.error(), Error::CannotOpenDatabase);
+    QCOMPARE(status.cause().error(), Error::MigrationFailed);
+    QCOMPARE(status.cause().cause().error(), Error::DatabaseFailed);
     QVERIFY(!database.isOpen());
     RawFile raw(fileName);
     QCOMPARE(raw.value(QStringLiteral("PRAGMA user_version")).toInt(), 1);
@@ -243,10 +249,8 @@ void tst_database::aNewerSchemaIsRefusedAndLeftAsItIs()
     QVERIFY(RawFile(fileName).run(QStringLiteral("PRAGMA user_version = 99")));
     const QByteArray before = contentOf(fileName);
     Database database;
-    QCOMPARE(database.open(fileName),
-        QStringLiteral("无法打开数据库“%1”：数据库版本99高于本程序支持的版本%2，请升级程序")
-            .arg(fileName)
-            .arg(Schema::latestVersion()));
+    const Status newer(Error::NewerDatabase, { QStringLiteral("99"), QString::number(Schema::latestVersion()) });
+    QCOMPARE(database.open(fileName), cannotOpen(fileName, newer));
     QVERIFY(!database.isOpen());
     QCOMPARE(contentOf(fileName), before);
 }
@@ -254,23 +258,23 @@ void tst_database::aNewerSchemaIsRefusedAndLeftAsItIs()
 void tst_database::aFileThatCannotBeOpenedIsRefused_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("reason");
-    QTest::newRow("no name") << QString() << QStringLiteral("未指定数据库文件");
-    QTest::newRow("a folder") << QStringLiteral("folder") << QStringLiteral("该路径是文件夹");
-    QTest::newRow("a text") << QStringLiteral("text") << QStringLiteral("该文件不是数据库文件");
-    QTest::newRow("below a file") << QStringLiteral("text/plans.db") << QStringLiteral("无法创建所在文件夹");
+    QTest::addColumn<Status>("cause");
+    QTest::newRow("no name") << QString() << Status(Error::NoDatabaseFile);
+    QTest::newRow("a folder") << QStringLiteral("folder") << Status(Error::DatabaseIsFolder);
+    QTest::newRow("a text") << QStringLiteral("text") << Status(Error::NotADatabase);
+    QTest::newRow("below a file") << QStringLiteral("text/plans.db") << Status(Error::CannotCreateFolder);
 }
 
 void tst_database::aFileThatCannotBeOpenedIsRefused()
 {
     QFETCH(QString, name);
-    QFETCH(QString, reason);
+    QFETCH(Status, cause);
     const QByteArray text = QByteArray("这是一篇文章，不是数据库。").repeated(100);
     QVERIFY(writeFile(path(QStringLiteral("text")), text));
     QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("folder")));
     const QString fileName = name.isEmpty() ? QString() : path(name);
     Database database;
-    QCOMPARE(database.open(fileName), QStringLiteral("无法打开数据库“%1”：%2").arg(fileName, reason));
+    QCOMPARE(database.open(fileName), cannotOpen(fileName, cause));
     QVERIFY(!database.isOpen());
     QCOMPARE(contentOf(path(QStringLiteral("text"))), text);
 }
@@ -281,7 +285,7 @@ void tst_database::aFileOfAnotherProgramIsRefusedAndLeftAsItIs()
     QVERIFY(RawFile(fileName).run(QStringLiteral("CREATE TABLE plans (name TEXT)")));
     const QByteArray before = contentOf(fileName);
     Database database;
-    QCOMPARE(database.open(fileName), QStringLiteral("无法打开数据库“%1”：该文件属于其他程序").arg(fileName));
+    QCOMPARE(database.open(fileName), cannotOpen(fileName, Error::ForeignDatabase));
     QCOMPARE(contentOf(fileName), before);
 }
 
@@ -289,7 +293,7 @@ void tst_database::aDamagedFileIsRefusedAndLeftAsItIs()
 {
     PlanStore plans(*m_database, otherParamKey);
     for (int i = 0; i < 500; ++i)
-        QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), morning).reason.isEmpty());
+        QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), morning));
     m_database->close();
     const QString fileName = path(QStringLiteral("damaged.db"));
     QByteArray content = contentOf(path(QStringLiteral("plans.db")));
@@ -298,40 +302,40 @@ void tst_database::aDamagedFileIsRefusedAndLeftAsItIs()
     content.replace(8 * pageSize, content.size() - 8 * pageSize, QByteArray(content.size() - 8 * pageSize, '\x5a'));
     QVERIFY(writeFile(fileName, content));
     Database database;
-    QCOMPARE(database.open(fileName), QStringLiteral("无法打开数据库“%1”：数据库文件已损坏").arg(fileName));
+    QCOMPARE(database.open(fileName), cannotOpen(fileName, Error::DatabaseCorrupt));
     QCOMPARE(contentOf(fileName), content);
 }
 
 void tst_database::aLockedFileIsToldWithinASecond()
 {
     Database other;
-    QCOMPARE(other.open(path(QStringLiteral("plans.db"))), QString());
-    QCOMPARE(other.execute(QStringLiteral("BEGIN IMMEDIATE")), QString());
+    QCOMPARE(other.open(path(QStringLiteral("plans.db"))), Status());
+    QCOMPARE(other.execute(QStringLiteral("BEGIN IMMEDIATE")), Status());
     QElapsedTimer timer;
     timer.start();
     const auto created = PlanStore(*m_database, otherParamKey).create(sampleRecord(), QStringLiteral("u"), morning);
-    QCOMPARE(created.reason, QStringLiteral("数据库正被其他程序占用，请稍后再试"));
-    QCOMPARE(created.id, QString());
+    QCOMPARE(created.status(), Status(Error::DatabaseBusy));
     QVERIFY(timer.elapsed() < 3000);
-    QCOMPARE(other.execute(QStringLiteral("ROLLBACK")), QString());
-    QVERIFY(!PlanStore(*m_database, otherParamKey).create(sampleRecord(), QStringLiteral("u"), morning).id.isEmpty());
+    QCOMPARE(other.execute(QStringLiteral("ROLLBACK")), Status());
+    QVERIFY(PlanStore(*m_database, otherParamKey).create(sampleRecord(), QStringLiteral("u"), morning));
 }
 
 void tst_database::aTransactionThatGivesAReasonLeavesNothing()
 {
     PlanStore plans(*m_database, otherParamKey);
-    const QString reason = m_database->transaction([&] {
+    const Status changedMind(Error::UnknownPlan, { QStringLiteral("changed my mind") });
+    const Status status = m_database->transaction([&] {
         const auto created = plans.create(sampleRecord(), QStringLiteral("u"), morning);
-        return created.reason.isEmpty() ? QStringLiteral("改主意了") : created.reason;
+        return created ? changedMind : created.status();
     });
-    QCOMPARE(reason, QStringLiteral("改主意了"));
+    QCOMPARE(status, changedMind);
     QCOMPARE(plans.count(), 0);
 }
 
 void tst_database::theLogIsBegunAheadOfTheFirstTransaction()
 {
     m_database->close();
-    QCOMPARE(m_database->open(path(QStringLiteral("plans.db"))), QString());
+    QCOMPARE(m_database->open(path(QStringLiteral("plans.db"))), Status());
     QCOMPARE(logFrames(), 0);
     m_database->prepareWal();
     QCOMPARE(logFrames(), 1);
@@ -344,16 +348,16 @@ void tst_database::aLongLogIsMovedWhenNobodyWaits()
 {
     PlanStore plans(*m_database, otherParamKey);
     for (int i = 0; i < 60; ++i)
-        QCOMPARE(plans.create(sampleRecord(), QStringLiteral("u"), morning).reason, QString());
+        QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), morning));
     QVERIFY(logFrames() > 60);
     Database other;
-    QCOMPARE(other.open(path(QStringLiteral("plans.db"))), QString());
-    QCOMPARE(other.execute(QStringLiteral("BEGIN IMMEDIATE")), QString());
+    QCOMPARE(other.open(path(QStringLiteral("plans.db"))), Status());
+    QCOMPARE(other.execute(QStringLiteral("BEGIN IMMEDIATE")), Status());
     QElapsedTimer timer;
     timer.start();
     m_database->prepareWal();
     QVERIFY2(timer.elapsed() < 800, "waited for the other client's transaction");
-    QCOMPARE(other.execute(QStringLiteral("ROLLBACK")), QString());
+    QCOMPARE(other.execute(QStringLiteral("ROLLBACK")), Status());
     m_database->prepareWal();
     QCOMPARE(logFrames(), 1);
     QCOMPARE(plans.count(), 60);
@@ -363,9 +367,9 @@ void tst_database::aLongLogIsMovedWhenNobodyWaits()
 void tst_database::beginningTheLogKeepsTheVersionOfTheFile()
 {
     // As a newer program leaves it that has migrated the file meanwhile.
-    QCOMPARE(m_database->execute(QStringLiteral("PRAGMA user_version = 99")), QString());
+    QCOMPARE(m_database->execute(QStringLiteral("PRAGMA user_version = 99")), Status());
     for (int i = 0; i < 50; ++i)
-        QCOMPARE(m_database->transaction([] { return QString(); }), QString());
+        QCOMPARE(m_database->transaction([] { return Status(); }), Status());
     m_database->prepareWal();
     QCOMPARE(logFrames(), 1);
     QSqlQuery version = m_database->query(QStringLiteral("PRAGMA user_version"));
@@ -379,28 +383,28 @@ void tst_database::theMarkOfTheContentsIsNotToldWithinATransaction()
     QVERIFY(!before.isEmpty());
     QCOMPARE(m_database->changeToken(), before);
     QString within = QStringLiteral("not asked");
-    m_database->transaction([&] {
+    QVERIFY(m_database->transaction([&] {
         within = m_database->changeToken();
-        return QString();
-    });
+        return Status();
+    }));
     QCOMPARE(within, QString());
-    PlanStore(*m_database, otherParamKey).create(sampleRecord(), QStringLiteral("u"), morning);
+    QVERIFY(PlanStore(*m_database, otherParamKey).create(sampleRecord(), QStringLiteral("u"), morning));
     QVERIFY(m_database->changeToken() != before);
 }
 
 void tst_database::aWorkerThreadReadsWithAnObjectOfItsOwn()
 {
-    PlanStore(*m_database, otherParamKey).create(sampleRecord(), QStringLiteral("u"), morning);
-    QString reason = QStringLiteral("not run");
+    QVERIFY(PlanStore(*m_database, otherParamKey).create(sampleRecord(), QStringLiteral("u"), morning));
+    Status opened = Error::DatabaseNotOpen;
     int count = 0;
     const std::unique_ptr<QThread> worker(QThread::create([&] {
         Database database;
-        reason = database.open(path(QStringLiteral("plans.db")));
+        opened = database.open(path(QStringLiteral("plans.db")));
         count = PlanStore(database, otherParamKey).count();
     }));
     worker->start();
     QVERIFY(worker->wait(10000));
-    QCOMPARE(reason, QString());
+    QCOMPARE(opened, Status());
     QCOMPARE(count, 1);
 }
 
@@ -408,7 +412,7 @@ void tst_database::aClosedDatabaseGivesAReason()
 {
     m_database->close();
     PlanStore plans(*m_database, otherParamKey);
-    QVERIFY(!plans.create(sampleRecord(), QStringLiteral("u"), morning).reason.isEmpty());
+    QVERIFY(!plans.create(sampleRecord(), QStringLiteral("u"), morning));
     QCOMPARE(plans.count(), 0);
     QVERIFY(plans.page(0, 10).isEmpty());
 }
@@ -438,9 +442,9 @@ void tst_database::aCreatedPlanReadsBackAsItWas()
 {
     PlanStore plans(*m_database, otherParamKey);
     const auto created = plans.create(sampleRecord(), QStringLiteral("trader01"), morning);
-    QCOMPARE(created.reason, QString());
-    const StoredPlan plan = plans.plan(created.id);
-    QCOMPARE(plan.id, created.id);
+    QCOMPARE(created.status(), Status());
+    const StoredPlan plan = plans.plan(*created);
+    QCOMPARE(plan.id, *created);
     QCOMPARE(plan.version, 1);
     QCOMPARE(plan.creator, QStringLiteral("trader01"));
     QCOMPARE(plan.created, morning);
@@ -455,19 +459,19 @@ void tst_database::aPlanWithoutOtherParametersHasNoSuchKey()
     PlanStore plans(*m_database, otherParamKey);
     PlanStore::Record record = sampleRecord();
     record.remove(otherParamKey);
-    const QString id = plans.create(record, QString(), morning).id;
+    const QString id = *plans.create(record, QString(), morning);
     QVERIFY(!plans.record(id).contains(otherParamKey));
     record.insert(otherParamKey, QString());
-    QCOMPARE(plans.modify(id, record, noon), QString());
+    QCOMPARE(plans.modify(id, record, noon), Status());
     QVERIFY(plans.record(id).contains(otherParamKey));
 }
 
 void tst_database::idsAreNewAndAscending()
 {
     PlanStore plans(*m_database, otherParamKey);
-    const QString first = plans.create(sampleRecord(), QStringLiteral("u"), morning).id;
-    QCOMPARE(m_database->execute(QStringLiteral("DELETE FROM plans")), QString());
-    const QString second = plans.create(sampleRecord(), QStringLiteral("u"), morning).id;
+    const QString first = *plans.create(sampleRecord(), QStringLiteral("u"), morning);
+    QCOMPARE(m_database->execute(QStringLiteral("DELETE FROM plans")), Status());
+    const QString second = *plans.create(sampleRecord(), QStringLiteral("u"), morning);
     QCOMPARE(first, QStringLiteral("AP00000001"));
     QCOMPARE(second, QStringLiteral("AP00000002"));
     QCOMPARE(plans.record(first), PlanStore::Record());
@@ -479,24 +483,23 @@ void tst_database::aRecordThatIsNotTextIsRefusedWhole()
     PlanStore::Record record = sampleRecord();
     record.insert(QStringLiteral("totalQty"), 100.0);
     const auto created = plans.create(record, QStringLiteral("u"), morning);
-    QCOMPARE(created.reason, QStringLiteral("计划字段“totalQty”的值不是文本"));
-    QCOMPARE(created.id, QString());
+    QCOMPARE(created.status(), Status(Error::FieldNotText, { QStringLiteral("totalQty") }));
     QCOMPARE(plans.count(), 0);
 }
 
 void tst_database::anEmptyRecordIsRefused()
 {
     PlanStore plans(*m_database, otherParamKey);
-    QCOMPARE(plans.create({}, QStringLiteral("u"), morning).reason, QStringLiteral("计划内容为空"));
+    QCOMPARE(plans.create({}, QStringLiteral("u"), morning).status(), Status(Error::EmptyPlan));
     QCOMPARE(plans.count(), 0);
 }
 
 void tst_database::aModifiedPlanCountsItsVersionUp()
 {
     PlanStore plans(*m_database, otherParamKey);
-    const QString id = plans.create(sampleRecord(), QStringLiteral("u"), morning).id;
+    const QString id = *plans.create(sampleRecord(), QStringLiteral("u"), morning);
     const PlanStore::Record changed{ { QStringLiteral("symbol"), QStringLiteral("000001.SZ") } };
-    QCOMPARE(plans.modify(id, changed, noon), QString());
+    QCOMPARE(plans.modify(id, changed, noon), Status());
     const StoredPlan plan = plans.plan(id);
     QCOMPARE(plan.version, 2);
     QCOMPARE(plan.record, changed);
@@ -507,13 +510,13 @@ void tst_database::aModifiedPlanCountsItsVersionUp()
 void tst_database::aModificationThatFailsLeavesThePlan()
 {
     PlanStore plans(*m_database, otherParamKey);
-    const QString id = plans.create(sampleRecord(), QStringLiteral("u"), morning).id;
+    const QString id = *plans.create(sampleRecord(), QStringLiteral("u"), morning);
     QCOMPARE(m_database->execute(QStringLiteral("CREATE TRIGGER no_remark BEFORE INSERT ON plan_fields"
                                                 " WHEN NEW.value = 'bad' BEGIN SELECT RAISE(ABORT, 'no'); END")),
-        QString());
+        Status());
     PlanStore::Record changed = sampleRecord();
     changed.insert(QStringLiteral("symbol"), QStringLiteral("bad"));
-    QVERIFY(!plans.modify(id, changed, noon).isEmpty());
+    QVERIFY(!plans.modify(id, changed, noon));
     QCOMPARE(plans.plan(id).version, 1);
     QCOMPARE(plans.record(id), sampleRecord());
 }
@@ -522,7 +525,7 @@ void tst_database::anUnknownPlanCannotBeModified()
 {
     PlanStore plans(*m_database, otherParamKey);
     for (const QString& id : { QStringLiteral("AP00000007"), QStringLiteral("nonsense"), QString() })
-        QCOMPARE(plans.modify(id, sampleRecord(), noon), QStringLiteral("计划%1不存在").arg(id));
+        QCOMPARE(plans.modify(id, sampleRecord(), noon), Status(Error::UnknownPlan, { id }));
     QCOMPARE(plans.count(), 0);
     QCOMPARE(plans.plan(QStringLiteral("AP00000007")).id, QString());
 }
@@ -531,7 +534,7 @@ void tst_database::pagesShowTheNewestPlansFirst()
 {
     PlanStore plans(*m_database, otherParamKey);
     for (int i = 0; i < 5; ++i)
-        plans.create(sampleRecord(), QStringLiteral("u"), morning);
+        QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), morning));
     QCOMPARE(plans.count(), 5);
     const QVector<StoredPlan> page = plans.page(1, 2);
     QCOMPARE(page.size(), 2);
@@ -549,10 +552,8 @@ void tst_database::plansOfAPeriodIncludeItsFirstAndLastDay()
     PlanStore plans(*m_database, otherParamKey);
     const QString begin = QStringLiteral("begin");
     const QString end = QStringLiteral("end");
-    const QString id = plans
-                           .create({ { begin, QStringLiteral("2024-05-06") }, { end, QStringLiteral("2024-05-08") } },
-                               QStringLiteral("u"), morning)
-                           .id;
+    const PlanStore::Record period{ { begin, QStringLiteral("2024-05-06") }, { end, QStringLiteral("2024-05-08") } };
+    const QString id = *plans.create(period, QStringLiteral("u"), morning);
     QCOMPARE(plans.idsOfPeriod(begin, end, QDate(2024, 5, 5)), QStringList());
     QCOMPARE(plans.idsOfPeriod(begin, end, QDate(2024, 5, 6)), QStringList{ id });
     QCOMPARE(plans.idsOfPeriod(begin, end, QDate(2024, 5, 8)), QStringList{ id });
@@ -564,7 +565,7 @@ void tst_database::anOtherParameterTextOfAMegabyteReadsBack()
     PlanStore plans(*m_database, otherParamKey);
     PlanStore::Record record = sampleRecord();
     record.insert(otherParamKey, QString(1 << 20, QChar(u'数')));
-    const QString id = plans.create(record, QStringLiteral("u"), morning).id;
+    const QString id = *plans.create(record, QStringLiteral("u"), morning);
     QCOMPARE(plans.record(id), record);
 }
 
@@ -572,22 +573,21 @@ void tst_database::instructionsBelongToTheirPlanAndDay()
 {
     PlanStore plans(*m_database, otherParamKey);
     InstructionStore instructions(*m_database);
-    const QString plan = plans.create(sampleRecord(), QStringLiteral("u"), morning).id;
-    const QString other = plans.create(sampleRecord(), QStringLiteral("u"), morning).id;
+    const QString plan = *plans.create(sampleRecord(), QStringLiteral("u"), morning);
+    const QString other = *plans.create(sampleRecord(), QStringLiteral("u"), morning);
     const InstructionStore::Fields fields{ { QStringLiteral("14"), QStringLiteral("0") },
         { QStringLiteral("38"), QStringLiteral("500") } };
-    const auto first = instructions.add(plan, QDate(2024, 5, 6), fields);
-    const auto second = instructions.add(plan, QDate(2024, 5, 7), fields);
-    QCOMPARE(first.reason, QString());
-    QVERIFY(first.id < second.id);
-    QCOMPARE(instructions.update(plan, first.id, { { QStringLiteral("14"), QStringLiteral("300") } }), QString());
+    const QString first = *instructions.add(plan, QDate(2024, 5, 6), fields);
+    const QString second = *instructions.add(plan, QDate(2024, 5, 7), fields);
+    QVERIFY(first < second);
+    QCOMPARE(instructions.update(plan, first, { { QStringLiteral("14"), QStringLiteral("300") } }), Status());
 
     const auto all = instructions.ofPlan(plan);
-    QCOMPARE(all.keys(), QStringList({ first.id, second.id }));
-    QCOMPARE(all.value(first.id).value(QStringLiteral("14")).toString(), QStringLiteral("300"));
-    QCOMPARE(all.value(first.id).value(QStringLiteral("38")).toString(), QStringLiteral("500"));
-    QCOMPARE(all.value(second.id), fields);
-    QCOMPARE(instructions.ofDay(plan, QDate(2024, 5, 7)).keys(), QStringList{ second.id });
+    QCOMPARE(all.keys(), QStringList({ first, second }));
+    QCOMPARE(all.value(first).value(QStringLiteral("14")).toString(), QStringLiteral("300"));
+    QCOMPARE(all.value(first).value(QStringLiteral("38")).toString(), QStringLiteral("500"));
+    QCOMPARE(all.value(second), fields);
+    QCOMPARE(instructions.ofDay(plan, QDate(2024, 5, 7)).keys(), QStringList{ second });
     QCOMPARE(instructions.ofPlan(other).size(), 0);
 }
 
@@ -595,21 +595,22 @@ void tst_database::anInstructionOfAnUnknownPlanIsRefused()
 {
     InstructionStore instructions(*m_database);
     const QString plan = QStringLiteral("AP00000001");
-    QCOMPARE(instructions.add(plan, QDate(2024, 5, 6), {}).reason, QStringLiteral("计划AP00000001不存在"));
-    QCOMPARE(instructions.update(plan, QStringLiteral("x"), {}), QStringLiteral("指令x不存在"));
+    QCOMPARE(instructions.add(plan, QDate(2024, 5, 6), {}).status(), Status(Error::UnknownPlan, { plan }));
+    QCOMPARE(
+        instructions.update(plan, QStringLiteral("x"), {}), Status(Error::UnknownInstruction, { QStringLiteral("x") }));
     QCOMPARE(instructions.ofPlan(plan).size(), 0);
 }
 
 void tst_database::accountsComeInTheOrderInWhichTheyWereGiven()
 {
     UserStore users(*m_database);
-    QCOMPARE(users.add({ QStringLiteral("u1"), QStringLiteral("林岫") }), QString());
+    QCOMPARE(users.add({ QStringLiteral("u1"), QStringLiteral("林岫") }), Status());
     addAccount(QStringLiteral("2"), QStringLiteral("C2"));
     addAccount(QStringLiteral("1"), QStringLiteral("C1"));
     AccountStore accounts(*m_database);
-    QCOMPARE(accounts.assign(QStringLiteral("u1"), QStringLiteral("2")), QString());
-    QCOMPARE(accounts.assign(QStringLiteral("u1"), QStringLiteral("1")), QString());
-    QVERIFY(!accounts.assign(QStringLiteral("nobody"), QStringLiteral("1")).isEmpty());
+    QCOMPARE(accounts.assign(QStringLiteral("u1"), QStringLiteral("2")), Status());
+    QCOMPARE(accounts.assign(QStringLiteral("u1"), QStringLiteral("1")), Status());
+    QVERIFY(!accounts.assign(QStringLiteral("nobody"), QStringLiteral("1")));
 
     const QVector<StoredAccount> mine = accounts.accountsOf(QStringLiteral("u1"));
     QCOMPARE(mine.size(), 2);
@@ -627,15 +628,15 @@ void tst_database::authoritiesAndRulesAreKeptPerUserAccountAndType()
 {
     const QString user = QStringLiteral("u1");
     const QString account = QStringLiteral("1");
-    UserStore(*m_database).add({ user, user });
+    QVERIFY(UserStore(*m_database).add({ user, user }));
     addAccount(account, QStringLiteral("C1"));
     AuthorityStore authorities(*m_database);
-    QCOMPARE(authorities.grant(user, account, QStringLiteral("5")), QString());
+    QCOMPARE(authorities.grant(user, account, QStringLiteral("5")), Status());
     QVERIFY(authorities.hasAuthority(user, account, QStringLiteral("5")));
     QVERIFY(!authorities.hasAuthority(user, account, QStringLiteral("1")));
     QVERIFY(!authorities.hasAuthority(QStringLiteral("u2"), account, QStringLiteral("5")));
     QCOMPARE(authorities.ruleProperty(user, account, QStringLiteral("5")), 0);
-    QCOMPARE(authorities.setRuleProperty(user, account, QStringLiteral("5"), 1), QString());
+    QCOMPARE(authorities.setRuleProperty(user, account, QStringLiteral("5"), 1), Status());
     QCOMPARE(authorities.ruleProperty(user, account, QStringLiteral("5")), 1);
     QCOMPARE(authorities.ruleProperty(user, account, QStringLiteral("1")), 0);
 }
@@ -646,35 +647,35 @@ void tst_database::aChainKeepsItsOrderAndItsDuplicates()
     const QStringList names{ QStringLiteral("乙"), QStringLiteral("甲"), QStringLiteral("乙") };
     addAccount(QStringLiteral("1"), QStringLiteral("C1"));
     AuthorityStore chains(*m_database);
-    QCOMPARE(chains.addChain(QStringLiteral("1"), QStringLiteral("5"), key), QString());
-    QCOMPARE(chains.addChainUsers(key, ChainRole::Forward, names), QString());
+    QCOMPARE(chains.addChain(QStringLiteral("1"), QStringLiteral("5"), key), Status());
+    QCOMPARE(chains.addChainUsers(key, ChainRole::Forward, names), Status());
     QCOMPARE(chains.chainKey(QStringLiteral("1"), QStringLiteral("5")), key);
     QCOMPARE(chains.chainKey(QStringLiteral("1"), QStringLiteral("1")), QString());
     QCOMPARE(chains.chainUsers(key, ChainRole::Forward), names);
     QCOMPARE(chains.chainUsers(key, ChainRole::Execute), QStringList());
-    QVERIFY(!chains.addChainUsers(QStringLiteral("other"), ChainRole::Execute, names).isEmpty());
+    QVERIFY(!chains.addChainUsers(QStringLiteral("other"), ChainRole::Execute, names));
 }
 
 void tst_database::aSignatureIsKeptWithTimeAndUser()
 {
     const QString protocol = QStringLiteral("reduce");
-    UserStore(*m_database).add({ QStringLiteral("u1"), QStringLiteral("u1") });
+    QVERIFY(UserStore(*m_database).add({ QStringLiteral("u1"), QStringLiteral("u1") }));
     addAccount(QStringLiteral("1"), QStringLiteral("C1"));
     addAccount(QStringLiteral("2"), QStringLiteral("C2"));
     for (const QString& account : { QStringLiteral("1"), QStringLiteral("2") })
-        AccountStore(*m_database).assign(QStringLiteral("u1"), account);
+        QVERIFY(AccountStore(*m_database).assign(QStringLiteral("u1"), account));
     AgreementStore agreements(*m_database);
-    QCOMPARE(agreements.add({ protocol, QStringLiteral("标题"), QStringLiteral("正文") }), QString());
+    QCOMPARE(agreements.add({ protocol, QStringLiteral("标题"), QStringLiteral("正文") }), Status());
     QCOMPARE(agreements.agreement(protocol).content, QStringLiteral("正文"));
     QCOMPARE(agreements.unsignedClientNumbers(protocol, QStringLiteral("u1")),
         QStringList({ QStringLiteral("C1"), QStringLiteral("C2") }));
 
-    QCOMPARE(agreements.sign(protocol, QStringLiteral("C1"), QStringLiteral("u1"), morning), QString());
-    QCOMPARE(agreements.sign(protocol, QStringLiteral("C1"), QStringLiteral("u1"), noon), QString());
+    QCOMPARE(agreements.sign(protocol, QStringLiteral("C1"), QStringLiteral("u1"), morning), Status());
+    QCOMPARE(agreements.sign(protocol, QStringLiteral("C1"), QStringLiteral("u1"), noon), Status());
     QCOMPARE(agreements.signedTime(protocol, QStringLiteral("C1")), morning);
     QVERIFY(!agreements.signedTime(protocol, QStringLiteral("C2")).isValid());
     QCOMPARE(agreements.unsignedClientNumbers(protocol, QStringLiteral("u1")), QStringList{ QStringLiteral("C2") });
-    QVERIFY(!agreements.sign(QStringLiteral("unknown"), QStringLiteral("C1"), QString(), noon).isEmpty());
+    QVERIFY(!agreements.sign(QStringLiteral("unknown"), QStringLiteral("C1"), QString(), noon));
 }
 
 void tst_database::positionsAreFoundByAccountAndSymbol()
@@ -682,8 +683,8 @@ void tst_database::positionsAreFoundByAccountAndSymbol()
     addAccount(QStringLiteral("1"), QStringLiteral("C1"));
     PositionStore positions(*m_database);
     const QString symbol = QStringLiteral("600000.SH");
-    QCOMPARE(positions.set({ QStringLiteral("1"), QStringLiteral("A1"), symbol, 500, 300 }), QString());
-    QCOMPARE(positions.set({ QStringLiteral("1"), QStringLiteral("A2"), symbol, 7, 7 }), QString());
+    QCOMPARE(positions.set({ QStringLiteral("1"), QStringLiteral("A1"), symbol, 500, 300 }), Status());
+    QCOMPARE(positions.set({ QStringLiteral("1"), QStringLiteral("A2"), symbol, 7, 7 }), Status());
     const auto found = positions.positions(QStringLiteral("1"), QStringLiteral("A1"), symbol);
     QCOMPARE(found.size(), 1);
     QCOMPARE(found.at(0).quantity, qint64(500));
@@ -700,22 +701,22 @@ void tst_database::aListForOneSecurityGoesBeforeTheGeneralOne()
     const QString symbol = QStringLiteral("600000.SH");
     const QStringList general{ QStringLiteral("VWAP"), QStringLiteral("TWAP") };
     const QStringList own{ QStringLiteral("SNIPER") };
-    QCOMPARE(strategies.setWhiteList(type, target, QString(), general), QString());
+    QCOMPARE(strategies.setWhiteList(type, target, QString(), general), Status());
     QCOMPARE(strategies.whiteList(type, target, symbol), general);
-    QCOMPARE(strategies.setWhiteList(type, target, symbol, own), QString());
+    QCOMPARE(strategies.setWhiteList(type, target, symbol, own), Status());
     QCOMPARE(strategies.whiteList(type, target, symbol), own);
     QCOMPARE(strategies.whiteList(type, target, QStringLiteral("000001.SZ")), general);
     QCOMPARE(strategies.whiteList(QStringLiteral("9"), target, symbol), QStringList());
     QCOMPARE(strategies.blackList(target), QStringList());
-    QCOMPARE(strategies.setBlackList(target, own), QString());
-    QCOMPARE(strategies.setBlackList(target, general), QString());
+    QCOMPARE(strategies.setBlackList(target, own), Status());
+    QCOMPARE(strategies.setBlackList(target, general), Status());
     QCOMPARE(strategies.blackList(target), general);
 }
 
 void tst_database::textsReadBack()
 {
     StaticTextStore texts(*m_database);
-    QCOMPARE(texts.set(QStringLiteral("c"), QStringLiteral("k"), QStringLiteral("文")), QString());
+    QCOMPARE(texts.set(QStringLiteral("c"), QStringLiteral("k"), QStringLiteral("文")), Status());
     QCOMPARE(texts.text(QStringLiteral("c"), QStringLiteral("k")), QStringLiteral("文"));
     QCOMPARE(texts.text(QStringLiteral("c"), QStringLiteral("x"), QStringLiteral("缺省")), QStringLiteral("缺省"));
 }

@@ -18,13 +18,39 @@ void addDatabaseRows()
     addRow("磁盘空间不足，无法写入数据库", Error::DiskFull);
     addRow("该文件不是数据库文件", Error::NotADatabase);
     addRow("数据库操作失败：no such table", { Error::DatabaseFailed, { QStringLiteral("no such table") } });
+    addRow("无法打开数据库“a.db”：该路径是文件夹",
+        { Error::CannotOpenDatabase, { QStringLiteral("a.db") }, Error::DatabaseIsFolder });
+    addRow("未指定数据库文件", Error::NoDatabaseFile);
+    addRow("该路径是文件夹", Error::DatabaseIsFolder);
+    addRow("无法创建所在文件夹", Error::CannotCreateFolder);
+    addRow("该文件属于其他程序", Error::ForeignDatabase);
+    addRow("数据库版本99高于本程序支持的版本3，请升级程序",
+        { Error::NewerDatabase, { QStringLiteral("99"), QStringLiteral("3") } });
+    addRow("数据库无法启用预写日志", Error::NoWriteAheadLog);
+    addRow("升级数据库失败，磁盘空间不足，无法写入数据库", { Error::MigrationFailed, {}, Error::DiskFull });
+}
+
+void addSampleRows()
+{
+    addRow("样本市场的证券数量须在200到9000之间",
+        { Error::MarketSizeOutOfRange, { QStringLiteral("200"), QStringLiteral("9000") } });
+    addRow("样本市场缺少最后一个收盘日", Error::NoLastClose);
+    addRow("样本市场的生成已取消", Error::SampleCancelled);
+    addRow("交易日历不包含今天（2030-01-02），无法生成示例行情",
+        { Error::TodayNotInCalendar, { QStringLiteral("2030-01-02") } });
 }
 
 void addSessionRows()
 {
+    addRow("用户“nobody”不存在", { Error::UnknownUser, { QStringLiteral("nobody") } });
     addRow("尚未登录，无法处理计划", Error::PlansNeedLogin);
     addRow("尚未登录，无法查询均价", Error::AveragesNeedLogin);
     addRow("尚未登录，无法查询交易日", Error::TradeDaysNeedLogin);
+    addRow("尚未登录，无法下达指令", Error::IssuingNeedsLogin);
+    addRow("尚未登录，无法签署协议", Error::SigningNeedsLogin);
+    addRow("协议“reduce”不存在", { Error::UnknownAgreement, { QStringLiteral("reduce") } });
+    addRow("请选择签署协议的客户", Error::NoSigner);
+    addRow("客户“C1”不属于当前用户", { Error::ForeignClient, { QStringLiteral("C1") } });
 }
 
 void addCalendarRows()
@@ -40,6 +66,8 @@ void addCalendarRows()
 
 void addPlanRows()
 {
+    addRow("计划内容为空", Error::EmptyPlan);
+    addRow("指令AP00000001-000001不存在", { Error::UnknownInstruction, { QStringLiteral("AP00000001-000001") } });
     addRow("计划“AP00000001”不存在", { Error::UnknownPlan, { QStringLiteral("AP00000001") } });
     addRow("计划字段“remark”的值不是文本", { Error::FieldNotText, { QStringLiteral("remark") } });
     addRow("新建计划不能带有计划编号", Error::PlanHasId);
@@ -57,7 +85,7 @@ void addPlanRows()
     addRow("证券账户“X1”不属于该账户", { Error::ForeignSecurityAccount, { QStringLiteral("X1") } });
 }
 
-void addValueRows()
+void addPlanValueRows()
 {
     addRow("目标总量“0”不是正整数", { Error::NotPositiveWhole, { QStringLiteral("目标总量"), QStringLiteral("0") } });
     addRow("每日委托量“-1”不是整数", { Error::NotWhole, { QStringLiteral("每日委托量"), QStringLiteral("-1") } });
@@ -74,6 +102,35 @@ void addValueRows()
     addRow("备注超过200个字符", { Error::RemarkTooLong, { QStringLiteral("200") } });
     addRow("账户不支持修改", { Error::FieldNotChangeable, { QStringLiteral("账户") } });
     addRow("计划已开始执行，开始日期不支持修改", Error::BeginNotChangeable);
+}
+
+void addIssuingRows()
+{
+    addRow("2024-05-04不是交易日", { Error::NotATradeDay, { QString(), QStringLiteral("2024-05-04") } });
+    addRow("证券“600000.SH”没有收盘价", { Error::NoCloses, { QStringLiteral("600000.SH") } });
+    addRow("价格不足一个最小变动单位或过大", Error::PriceOutOfRange);
+    addRow("剩余数量或金额不足一手", Error::LessThanOneLot);
+    addRow("只有信用账户可以在信用交易中转股", Error::NotACreditAccount);
+    addRow("债券转股只能以卖出方向申报", Error::ConversionNotASale);
+    addRow("证券“600000.SH”不是可转换债券", { Error::NotConvertible, { QStringLiteral("600000.SH") } });
+    addRow("账户没有可用的“110059.SH”持仓", { Error::NothingToConvert, { QStringLiteral("110059.SH") } });
+}
+
+void addProgramRows()
+{
+    addRow("未知选项：colour", { Error::MalformedCommandLine, { QStringLiteral("未知选项：colour") } });
+    addRow("多余的参数：b", { Error::ExtraArgument, { QStringLiteral("b") } });
+    addRow("缺少目录", Error::NoFolder);
+    addRow("选项--user缺少取值", { Error::OptionWithoutValue, { QStringLiteral("user") } });
+    addRow("没有皮肤“pink”，可选：light、dark",
+        { Error::UnknownSkin, { QStringLiteral("pink"), QStringLiteral("light、dark") } });
+    addRow(
+        "没有语言“fr”，可选：zh、en", { Error::UnknownLanguage, { QStringLiteral("fr"), QStringLiteral("zh、en") } });
+    addRow("日期“2024-5-6”无效，格式为yyyy-MM-dd", { Error::MalformedDay, { QStringLiteral("2024-5-6") } });
+    addRow("没有可用的显示设备；可用plandesk-walkthrough或--issue-day在没有窗口时运行", Error::NoDisplay);
+    addRow("不能读取翻译文件a.qm", { Error::NoTranslation, { QStringLiteral("a.qm") } });
+    addRow("数据库a.db中已有200只证券，--securities只用于新建的数据库",
+        { Error::DatabaseHasSecurities, { QStringLiteral("a.db"), QStringLiteral("200") } });
 }
 
 void addFormulaRows()
@@ -261,10 +318,13 @@ void ErrorTextTest::everyFailureHasItsSentence_data()
     QTest::addColumn<Status>("status");
     QTest::addColumn<QString>("sentence");
     addDatabaseRows();
+    addSampleRows();
     addSessionRows();
     addCalendarRows();
     addPlanRows();
-    addValueRows();
+    addPlanValueRows();
+    addIssuingRows();
+    addProgramRows();
     addFormulaRows();
     addStrategyFileRows();
     addStrategyRows();

@@ -1,6 +1,7 @@
 #include "ClientFormTest.h"
 #include "FaultyDisk.h"
 #include "PlanCodes.h"
+#include "TestStatus.h"
 #include "WriterProcess.h"
 
 #include <QComboBox>
@@ -55,7 +56,7 @@ private:
             QVERIFY(m_other->start(session().file(), { QStringLiteral("lock") }));
         } else if (trouble == Trouble::ReadOnly) {
             FaultyDisk::setReadOnly(true);
-            QCOMPARE(session().reopen(), QString());
+            QCOMPARE(session().reopen(), Status());
         } else {
             FaultyDisk::failAt(1, trouble == Trouble::Full ? Fault::Full : Fault::InputOutput, Lasting::ForGood);
         }
@@ -67,7 +68,7 @@ private:
         if (trouble == Trouble::Locked)
             QVERIFY(m_other->release());
         if (trouble == Trouble::ReadOnly)
-            QCOMPARE(session().reopen(), QString());
+            QCOMPARE(session().reopen(), Status());
     }
 
     void prepare() override
@@ -116,7 +117,7 @@ private Q_SLOTS:
         QString id;
         if (edits) {
             id = session().create(SampleSession::record());
-            QCOMPARE(session().reason(), QString());
+            QCOMPARE(session().opened(), Status());
             openPlan(id, true);
             driver().type("le_remark", QStringLiteral("changed"));
         } else {

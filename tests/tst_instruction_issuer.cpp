@@ -13,6 +13,7 @@
 #include "PlanEvents.h"
 #include "SampleSession.h"
 #include "SecurityStore.h"
+#include "TestStatus.h"
 #include "TickPrice.h"
 
 #include <QSignalSpy>
@@ -119,7 +120,7 @@ void TestInstructionIssuer::init()
 {
     m_log = std::make_unique<LogCatcher>();
     m_session = std::make_unique<SampleSession>();
-    QCOMPARE(m_session->reason(), QString());
+    QCOMPARE(m_session->opened(), Status());
 }
 
 void TestInstructionIssuer::cleanup()
@@ -189,17 +190,17 @@ void TestInstructionIssuer::the_price_follows_the_mode()
     QFETCH(Record, record);
     QFETCH(qint64, ticks);
     QFETCH(bool, isCut);
-    const DayPrice price = dayPrice(record, limitedShare(), { 111, 112, 113, 114, 115 });
-    QCOMPARE(price.reason, QString());
-    QCOMPARE(price.limit.value_or(-1), ticks);
-    QCOMPARE(price.cutToLimit, isCut);
-    QCOMPARE(price.reference, qint64(115));
+    const Result<DayPrice> price = dayPrice(record, limitedShare(), { 111, 112, 113, 114, 115 });
+    QCOMPARE(price.status(), Status());
+    QCOMPARE(price->limit.value_or(-1), ticks);
+    QCOMPARE(price->cutToLimit, isCut);
+    QCOMPARE(price->reference, qint64(115));
 }
 
 void TestInstructionIssuer::a_security_without_closes_has_no_price()
 {
     const Record record = formulas(PriceModel::NoLimit, QString(), QString());
-    QCOMPARE(dayPrice(record, limitedShare(), {}).reason, QStringLiteral("证券“600000.SH”没有收盘价"));
+    QCOMPARE(dayPrice(record, limitedShare(), {}).status(), Status(Error::NoCloses, { QStringLiteral("600000.SH") }));
 }
 
 void TestInstructionIssuer::fills_depend_on_the_distance_from_the_reference_data()
@@ -231,13 +232,13 @@ void TestInstructionIssuer::a_plan_without_a_limit_is_filled_at_the_last_close()
 {
     const QString plan = m_session->create(SampleSession::record());
     const QSignalSpy news(&PlanEvents::instance(), &PlanEvents::planStored);
-    const IssueResult result = InstructionIssuer::issueDay(monday);
-    QCOMPARE(result.reason, QString());
-    QCOMPARE(result.issued.size(), 1);
-    QCOMPARE(result.skipped.size(), 0);
+    const Result<IssueResult> result = InstructionIssuer::issueDay(monday);
+    QCOMPARE(result.status(), Status());
+    QCOMPARE(result->issued.size(), 1);
+    QCOMPARE(result->skipped.size(), 0);
     QCOMPARE(news.count(), 1);
     const auto instructions = AutoPlanLogic::instance().GetPlanInstruction(plan);
-    QCOMPARE(instructions.keys(), result.issued);
+    QCOMPARE(instructions.keys(), result->issued);
     const Record& fields = instructions.first();
     QCOMPARE(fields.value(FieldId::IssuedQty).toString(), QStringLiteral("300"));
     QCOMPARE(fields.value(FieldId::FilledQty).toString(), QStringLiteral("300"));
@@ -252,13 +253,13 @@ void TestInstructionIssuer::a_plan_without_a_limit_is_filled_at_the_last_close()
 void TestInstructionIssuer::issuing_a_day_again_adds_nothing()
 {
     const QString plan = m_session->create(SampleSession::record());
-    QCOMPARE(InstructionIssuer::issueDay(monday).issued.size(), 1);
+    QCOMPARE(InstructionIssuer::issueDay(monday)->issued.size(), 1);
     const auto before = AutoPlanLogic::instance().GetPlanInstruction(plan);
     const QSignalSpy news(&PlanEvents::instance(), &PlanEvents::planStored);
-    const IssueResult again = InstructionIssuer::issueDay(monday);
-    QCOMPARE(again.reason, QString());
-    QCOMPARE(again.issued, QStringList());
-    QCOMPARE(again.alreadyIssued, QStringList{ plan });
+    const Result<IssueResult> again = InstructionIssuer::issueDay(monday);
+    QCOMPARE(again.status(), Status());
+    QCOMPARE(again->issued, QStringList());
+    QCOMPARE(again->alreadyIssued, QStringList{ plan });
     QCOMPARE(AutoPlanLogic::instance().GetPlanInstruction(plan), before);
     QCOMPARE(news.count(), 0);
 }
@@ -267,15 +268,15 @@ void TestInstructionIssuer::the_next_day_takes_what_is_left_and_then_nothing()
 {
     const QString plan = m_session->create(SampleSession::record());
     for (int i = 0; i < 4; ++i)
-        QCOMPARE(InstructionIssuer::issueDay(monday.addDays(i)).issued.size(), 1);
+        QCOMPARE(InstructionIssuer::issueDay(monday.addDays(i))->issued.size(), 1);
     const QStringList quantities{ QStringLiteral("300"), QStringLiteral("300"), QStringLiteral("300"),
         QStringLiteral("100") };
     QCOMPARE(fieldOfAll(plan, FieldId::IssuedQty), quantities);
-    const IssueResult last = InstructionIssuer::issueDay(monday.addDays(4));
-    QCOMPARE(last.issued, QStringList());
-    QCOMPARE(last.skipped.size(), 1);
-    QCOMPARE(last.skipped.first().planId, plan);
-    QCOMPARE(last.skipped.first().reason, QStringLiteral("剩余数量或金额不足一手"));
+    const Result<IssueResult> last = InstructionIssuer::issueDay(monday.addDays(4));
+    QCOMPARE(last->issued, QStringList());
+    QCOMPARE(last->skipped.size(), 1);
+    QCOMPARE(last->skipped.first().planId, plan);
+    QCOMPARE(last->skipped.first().reason, Status(Error::LessThanOneLot));
 }
 
 void TestInstructionIssuer::an_open_instruction_ends_the_next_day_and_gives_back_the_rest()
@@ -283,10 +284,10 @@ void TestInstructionIssuer::an_open_instruction_ends_the_next_day_and_gives_back
     const Record tight = with(customPrice(SampleSession::record(), QStringLiteral("昨收价*0.95")), BaseField::totalQty,
         QStringLiteral("300"));
     const QString plan = m_session->create(tight);
-    QCOMPARE(InstructionIssuer::issueDay(monday).issued.size(), 1);
+    QCOMPARE(InstructionIssuer::issueDay(monday)->issued.size(), 1);
     QCOMPARE(fieldOfAll(plan, FieldId::EndState), QStringList{ EndState::Running });
     QCOMPARE(fieldOfAll(plan, FieldId::FilledQty), QStringList{ QStringLiteral("0") });
-    QCOMPARE(InstructionIssuer::issueDay(tuesday).issued.size(), 1);
+    QCOMPARE(InstructionIssuer::issueDay(tuesday)->issued.size(), 1);
     const QStringList states{ EndState::Ended, EndState::Running };
     const QStringList quantities{ QStringLiteral("300"), QStringLiteral("300") };
     QCOMPARE(fieldOfAll(plan, FieldId::EndState), states);
@@ -302,7 +303,7 @@ void TestInstructionIssuer::an_amount_plan_buys_the_whole_lots_of_its_amount()
             { BaseField::tradeAmount, QString::number(price * 10000, 'f', 2) },
             { BaseField::dayMaxTradeAmount, perDay } });
     const QString plan = m_session->create(record);
-    QCOMPARE(InstructionIssuer::issueDay(monday).issued.size(), 1);
+    QCOMPARE(InstructionIssuer::issueDay(monday)->issued.size(), 1);
     QCOMPARE(fieldOfAll(plan, FieldId::IssuedQty), QStringList{ QStringLiteral("200") });
     QCOMPARE(fieldOfAll(plan, FieldId::IssuedAmount), QStringList{ QString::number(price * 200, 'f', 2) });
     QCOMPARE(fieldOfAll(plan, FieldId::TargetType), QStringList{ InstructionTargetType::AmountOrder });
@@ -318,44 +319,44 @@ void TestInstructionIssuer::a_reduction_without_a_total_sells_its_part_of_the_ho
             { AutoPlanField::Progress::CurrentQty, QStringLiteral("0") } });
     const QString plan = m_session->create(record);
     QVERIFY2(!plan.isEmpty(), qPrintable(m_session->reason()));
-    QCOMPARE(InstructionIssuer::issueDay(monday).issued.size(), 1);
+    QCOMPARE(InstructionIssuer::issueDay(monday)->issued.size(), 1);
     QCOMPARE(fieldOfAll(plan, FieldId::IssuedQty), QStringList{ QStringLiteral("20000") });
 }
 
 void TestInstructionIssuer::a_plan_outside_its_period_is_left_alone()
 {
     m_session->create(with(SampleSession::record(), BaseField::beginDate, QStringLiteral("2024-05-07")));
-    const IssueResult result = InstructionIssuer::issueDay(monday);
-    QCOMPARE(result.reason, QString());
-    QCOMPARE(result.issued.size() + result.skipped.size() + result.alreadyIssued.size(), 0);
+    const Result<IssueResult> result = InstructionIssuer::issueDay(monday);
+    QCOMPARE(result.status(), Status());
+    QCOMPARE(result->issued.size() + result->skipped.size() + result->alreadyIssued.size(), 0);
 }
 
 void TestInstructionIssuer::a_day_without_trading_issues_nothing()
 {
     m_session->create(with(SampleSession::record(), BaseField::endDate, QStringLiteral("2024-05-13")));
-    const IssueResult result = InstructionIssuer::issueDay(saturday);
-    QCOMPARE(result.issued, QStringList());
-    QCOMPARE(result.skipped.size(), 1);
-    QCOMPARE(result.skipped.first().reason, QStringLiteral("2024-05-11不是交易日"));
-    QCOMPARE(InstructionIssuer::issueDay(QDate()).reason, QStringLiteral("日期无效"));
+    const Result<IssueResult> result = InstructionIssuer::issueDay(saturday);
+    QCOMPARE(result->issued, QStringList());
+    QCOMPARE(result->skipped.size(), 1);
+    QCOMPARE(result->skipped.first().reason, Status(Error::NotATradeDay, { QString(), QStringLiteral("2024-05-11") }));
+    QCOMPARE(InstructionIssuer::issueDay(QDate()).status(), Status(Error::InvalidDate, { QStringLiteral("日期") }));
 }
 
 void TestInstructionIssuer::a_formula_without_a_value_skips_its_plan_only()
 {
     const QString broken = m_session->create(customPrice(SampleSession::record(), QStringLiteral("1-1")));
     const QString sound = m_session->create(SampleSession::record());
-    const IssueResult result = InstructionIssuer::issueDay(monday);
-    QCOMPARE(result.issued.size(), 1);
-    QVERIFY(result.issued.first().startsWith(sound));
-    QCOMPARE(result.skipped.size(), 1);
-    QCOMPARE(result.skipped.first().planId, broken);
-    QCOMPARE(result.skipped.first().reason, QStringLiteral("公式的结果不大于零"));
+    const Result<IssueResult> result = InstructionIssuer::issueDay(monday);
+    QCOMPARE(result->issued.size(), 1);
+    QVERIFY(result->issued.first().startsWith(sound));
+    QCOMPARE(result->skipped.size(), 1);
+    QCOMPARE(result->skipped.first().planId, broken);
+    QCOMPARE(result->skipped.first().reason, Status(Error::PriceNotPositive));
 }
 
 void TestInstructionIssuer::without_a_session_the_reason_is_told()
 {
     ClientSession::instance().close();
-    QCOMPARE(InstructionIssuer::issueDay(monday).reason, QStringLiteral("尚未登录，无法下达指令"));
+    QCOMPARE(InstructionIssuer::issueDay(monday).status(), Status(Error::IssuingNeedsLogin));
 }
 
 QTEST_GUILESS_MAIN(TestInstructionIssuer)

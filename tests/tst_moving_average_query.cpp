@@ -4,6 +4,7 @@
 #include "LogCatcher.h"
 #include "MovingAverages.h"
 #include "SampleSession.h"
+#include "TestStatus.h"
 
 #include <QSignalSpy>
 #include <QThread>
@@ -65,7 +66,7 @@ void TestMovingAverageQuery::cleanup()
 void TestMovingAverageQuery::a_security_with_a_full_year_of_closes_has_every_average()
 {
     const SampleSession session;
-    QCOMPARE(session.reason(), QString());
+    QCOMPARE(session.opened(), Status());
     Answers answers;
     ask(share());
     QVERIFY(answers.await());
@@ -120,13 +121,13 @@ void TestMovingAverageQuery::an_unknown_security_is_answered_with_a_reason()
     ask(QStringLiteral("999999.SH"));
     QVERIFY(answers.await());
     QCOMPARE(answers.names(0), QStringList());
-    QCOMPARE(answers.reason(0), QStringLiteral("证券“999999.SH”不存在"));
+    QCOMPARE(answers.reason(0), errorText({ Error::UnknownSecurity, { QStringLiteral("999999.SH") } }));
 }
 
 void TestMovingAverageQuery::a_security_without_closes_has_no_average_and_no_reason()
 {
     const SampleSession session;
-    QCOMPARE(ClientSession::instance().database().execute(QStringLiteral("DELETE FROM closing_prices")), QString());
+    QCOMPARE(ClientSession::instance().database().execute(QStringLiteral("DELETE FROM closing_prices")), Status());
     Answers answers;
     ask(share());
     QVERIFY(answers.await());
@@ -140,7 +141,7 @@ void TestMovingAverageQuery::a_session_that_is_closed_answers_with_a_reason()
     ask(QStringLiteral("600000.SH"));
     QVERIFY(answers.await());
     QCOMPARE(answers.names(0), QStringList());
-    QCOMPARE(answers.reason(0), QStringLiteral("尚未登录，无法查询均价"));
+    QCOMPARE(answers.reason(0), errorText(Error::AveragesNeedLogin));
 }
 
 void TestMovingAverageQuery::an_answer_that_is_still_worked_out_is_dropped_when_the_session_closes()
@@ -164,7 +165,7 @@ void TestMovingAverageQuery::an_answer_that_is_still_worked_out_is_dropped_when_
 void TestMovingAverageQuery::the_next_session_answers_again()
 {
     SampleSession session;
-    QCOMPARE(session.reopen(), QString());
+    QCOMPARE(session.reopen(), Status());
     Answers answers;
     ask(share());
     QVERIFY(answers.await());

@@ -156,7 +156,7 @@ void TestPlanService::cleanup()
 void TestPlanService::initTestCase()
 {
     m_session = std::make_unique<SampleSession>();
-    QCOMPARE(m_session->reason(), QString());
+    QCOMPARE(m_session->opened(), Status());
 }
 
 /// The reason why a record is refused; nothing may have been stored or announced then.
@@ -195,7 +195,7 @@ void TestPlanService::a_plan_that_is_acknowledged_survives_the_next_start()
 {
     const QString id = m_session->create(SampleSession::record());
     const Record before = service().GetPlanInfo(id);
-    QCOMPARE(m_session->reopen(), QString());
+    QCOMPARE(m_session->reopen(), Status());
     QVERIFY(!before.isEmpty());
     QCOMPARE(service().GetPlanInfo(id), before);
 }
@@ -206,17 +206,17 @@ void TestPlanService::instructions_are_known_as_they_are_whoever_changes_them()
     QCOMPARE(service().GetPlanInstruction(id).size(), 0);
 
     const Record running{ { FieldId::EndState, EndState::Running } };
-    const QString first = ClientSession::instance().instructions().add(id, SampleSession::today(), running).id;
+    const QString first = *ClientSession::instance().instructions().add(id, SampleSession::today(), running);
     QCOMPARE(service().GetPlanInstruction(id).keys(), QStringList{ first });
     QCOMPARE(service().GetPlanInstruction(id).value(first), running);
 
     const Record ended{ { FieldId::EndState, EndState::Ended } };
-    QCOMPARE(ClientSession::instance().instructions().update(id, first, ended), QString());
+    QCOMPARE(ClientSession::instance().instructions().update(id, first, ended), Status());
     QCOMPARE(service().GetPlanInstruction(id).value(first), ended);
 
     Database other;
-    QCOMPARE(other.open(m_session->file()), QString());
-    const QString second = InstructionStore(other).add(id, SampleSession::today(), running).id;
+    QCOMPARE(other.open(m_session->file()), Status());
+    const QString second = *InstructionStore(other).add(id, SampleSession::today(), running);
     QCOMPARE(service().GetPlanInstruction(id).keys(), (QStringList{ first, second }));
     QCOMPARE(service().GetPlanInstruction(QStringLiteral("AP99999999")).size(), 0);
     QCOMPARE(service().GetPlanInstruction(id).size(), 2);
@@ -226,7 +226,7 @@ void TestPlanService::instructions_are_read_ahead_on_another_thread()
 {
     const QString id = m_session->create(SampleSession::record());
     const Record running{ { FieldId::EndState, EndState::Running } };
-    ClientSession::instance().instructions().add(id, SampleSession::today(), running);
+    QVERIFY(ClientSession::instance().instructions().add(id, SampleSession::today(), running));
 
     InstructionPrefetcher prefetcher(m_session->file());
     const QThread* reader = nullptr;
@@ -247,7 +247,7 @@ void TestPlanService::a_session_closes_while_instructions_are_read_ahead()
 {
     const QString id = m_session->create(SampleSession::record());
     ClientSession::instance().prefetchInstructions(id);
-    QCOMPARE(m_session->reopen(), QString());
+    QCOMPARE(m_session->reopen(), Status());
     QCOMPARE(service().GetPlanInstruction(id).size(), 0);
 }
 

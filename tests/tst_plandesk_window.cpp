@@ -9,6 +9,7 @@
 #include "PlanCodes.h"
 #include "PlanFormatter.h"
 #include "PlanTableModel.h"
+#include "TestStatus.h"
 
 #include <QAction>
 #include <QLabel>
@@ -29,7 +30,7 @@ namespace {
 
 const QSize formSize(517, 710);
 
-Options read(const QString& arguments, Program program = Program::Client)
+Result<Options> read(const QString& arguments, Program program = Program::Client)
 {
     const QStringList words = arguments.split(QLatin1Char(' '), Qt::SkipEmptyParts);
     return readOptions(QStringList{ QStringLiteral("program") } + words, program);
@@ -204,14 +205,12 @@ private Q_SLOTS:
         QFETCH(Program, program);
         QFETCH(QString, arguments);
         QFETCH(QString, error);
-        QCOMPARE(read(arguments, program).error, error);
-        QVERIFY(!read(arguments, program).wantsWindow());
+        QCOMPARE(errorText(read(arguments, program).status()), error);
     }
 
     void withoutOptionsTheWindowIsWanted()
     {
-        const Options options = read(QString());
-        QCOMPARE(options.error, QString());
+        const Options options = *read(QString());
         QVERIFY(options.wantsWindow());
         QCOMPARE(options.skin, QStringLiteral("light"));
         QCOMPARE(options.language, QStringLiteral("zh"));
@@ -222,28 +221,26 @@ private Q_SLOTS:
     void everyOptionIsRead()
     {
         const Options window =
-            read(QStringLiteral("--user trader07 --database a.db --skin dark --securities 100000 --user trader03"));
-        QCOMPARE(window.error, QString());
+            *read(QStringLiteral("--user trader07 --database a.db --skin dark --securities 100000 --user trader03"));
         QCOMPARE(window.user, QStringLiteral("trader03"));
         QCOMPARE(window.database, QStringLiteral("a.db"));
         QCOMPARE(window.skin, QStringLiteral("dark"));
         QCOMPARE(window.securities, 100000);
-        QCOMPARE(read(QStringLiteral("--language=en")).language, QStringLiteral("en"));
-        QCOMPARE(read(QStringLiteral("--issue-day=2024-05-06")).issueDay, QDate(2024, 5, 6));
+        QCOMPARE(read(QStringLiteral("--language=en"))->language, QStringLiteral("en"));
+        QCOMPARE(read(QStringLiteral("--issue-day=2024-05-06"))->issueDay, QDate(2024, 5, 6));
 
-        const Options walk = read(QStringLiteral("pictures --user trader03 --database a.db"), Program::WalkThrough);
-        QCOMPARE(walk.error, QString());
+        const Options walk = *read(QStringLiteral("pictures --user trader03 --database a.db"), Program::WalkThrough);
         QCOMPARE(walk.folder, QStringLiteral("pictures"));
         QCOMPARE(walk.user, QStringLiteral("trader03"));
         QCOMPARE(walk.database, QStringLiteral("a.db"));
         QVERIFY(!walk.issueDay.isValid());
         QVERIFY(!walk.wantsWindow());
-        QVERIFY(read(QStringLiteral("--help"), Program::WalkThrough).help.startsWith(QStringLiteral("用法：")));
+        QVERIFY(read(QStringLiteral("--help"), Program::WalkThrough)->help.startsWith(QStringLiteral("用法：")));
     }
 
     void theHelpNamesEveryOption()
     {
-        const QString help = read(QStringLiteral("--help")).help;
+        const QString help = read(QStringLiteral("--help"))->help;
         for (const char* name : { "user", "database", "skin", "language", "securities", "issue-day", "help" })
             QVERIFY2(help.contains(QStringLiteral("--") + QLatin1String(name)), name);
         QVERIFY(help.startsWith(QStringLiteral("用法：")));
@@ -353,7 +350,7 @@ private Q_SLOTS:
         Record changed = SampleSession::record();
         changed.insert(BaseField::totalQty, QStringLiteral("2000"));
         for (int row : { 1, 60 })
-            QCOMPARE(plans().modify(ids.at(row), changed, QDateTime::currentDateTime()), QString());
+            QCOMPARE(plans().modify(ids.at(row), changed, QDateTime::currentDateTime()), Status());
         QCOMPARE(model.index(1, PlanTableModel::Target).data().toString(), QStringLiteral("1,000 股"));
         QCOMPARE(model.index(60, PlanTableModel::Target).data().toString(), QStringLiteral("2,000 股"));
         model.refresh();
@@ -367,12 +364,12 @@ private Q_SLOTS:
         ClientSession& session = ClientSession::instance();
         const Record record = SampleSession::record();
         QStringList ids;
-        const QString reason = session.database().transaction([&] {
+        const Status stored = session.database().transaction([&] {
             for (int i = 0; i < 900; ++i)
-                ids.prepend(session.plans().create(record, session.user().id, QDateTime::currentDateTime()).id);
-            return QString();
+                ids.prepend(*session.plans().create(record, session.user().id, QDateTime::currentDateTime()));
+            return Status();
         });
-        QCOMPARE(reason, QString());
+        QCOMPARE(stored, Status());
         PlanTableModel model;
         model.refresh();
         QCOMPARE(model.planCount(), 900);

@@ -5,6 +5,7 @@
 #include "OrloBusinessDataInterface.h"
 #include "Orlo_Values.h"
 #include "PlanCodes.h"
+#include "TestStatus.h"
 
 #include <QtTest>
 
@@ -275,7 +276,7 @@ private Q_SLOTS:
 
     void theOnlyAccountNeedsNoChoice()
     {
-        QCOMPARE(session().reopen(QStringLiteral("trader03")), QString());
+        QCOMPARE(session().reopen(QStringLiteral("trader03")), Status());
         open();
         QVERIFY(!isUsable(editor(), "combx_fundAccount"));
         const PlanForm form = ordinary(QStringLiteral("100003"));
@@ -283,7 +284,7 @@ private Q_SLOTS:
         const ShownDates dates = driver().dates();
         QCOMPARE(ok(), created());
         QCOMPARE(differences(newestPlan(), form, dates), QString());
-        QCOMPARE(session().reopen(), QString());
+        QCOMPARE(session().reopen(), Status());
     }
 
     void aDeclinedQuestionStoresNothing()

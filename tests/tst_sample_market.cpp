@@ -11,6 +11,7 @@
 #include "SampleMarket.h"
 #include "SampleTexts.h"
 #include "SecurityStore.h"
+#include "TestStatus.h"
 #include "TickPrice.h"
 #include "UserStore.h"
 
@@ -49,11 +50,11 @@ const QDateTime signedTime(QDate(2024, 4, 1), QTime(9, 0));
 struct SampleFile {
     explicit SampleFile(int size = 0, quint64 seed = 7)
     {
-        reason = database.open(folder.filePath(QStringLiteral("market.db")));
-        if (reason.isEmpty())
-            reason = SampleMarket::write(database, { seed, size, lastDay });
-        if (reason.isEmpty())
-            reason = market.load(database);
+        status = database.open(folder.filePath(QStringLiteral("market.db")));
+        if (status)
+            status = SampleMarket::write(database, { seed, size, lastDay });
+        if (status)
+            status = market.load(database);
     }
 
     int countOf(const QString& type, const QStringList& subTypes, const QStringList& suffixes = {}) const
@@ -64,7 +65,7 @@ struct SampleFile {
     QTemporaryDir folder;
     Database database;
     Market market;
-    QString reason;
+    Status status;
 };
 
 QByteArray fingerprint(Database& database)
@@ -89,12 +90,12 @@ private Q_SLOTS:
     void initTestCase()
     {
         m_file = std::make_unique<SampleFile>();
-        QCOMPARE(m_file->reason, QString());
+        QCOMPARE(m_file->status, Status());
         const auto append = [this](Security&& security) { m_securities.append(std::move(security)); };
-        QCOMPARE(SecurityStore(database()).readAll(append), QString());
+        QCOMPARE(SecurityStore(database()).readAll(append), Status());
         QCOMPARE(m_securities.size(), market().count());
-        QCOMPARE(SampleTexts::write(database()), QString());
-        QCOMPARE(SampleAccounts::write(database(), signedTime), QString());
+        QCOMPARE(SampleTexts::write(database()), Status());
+        QCOMPARE(SampleAccounts::write(database(), signedTime), Status());
     }
 
     void closesReadBackAsTheyWere_data()
@@ -304,7 +305,7 @@ private Q_SLOTS:
         SampleFile first(500, 1);
         SampleFile again(500, 1);
         SampleFile other(500, 2);
-        QCOMPARE(first.reason + again.reason + other.reason, QString());
+        QVERIFY(first.status && again.status && other.status);
         QCOMPARE(fingerprint(first.database), fingerprint(again.database));
         QVERIFY(fingerprint(first.database) != fingerprint(other.database));
     }
@@ -313,7 +314,7 @@ private Q_SLOTS:
     {
         for (const int size : { 200, 777, 10369 }) {
             const SampleFile file(size);
-            QCOMPARE(file.reason, QString());
+            QCOMPARE(file.status, Status());
             QCOMPARE(file.market.count(), size);
             QVERIFY(file.countOf(StockType, { SubType::BjSelectedStock }) > 0);
             QVERIFY(file.countOf(FundType, { SubType::Reits }) > 0);
@@ -325,7 +326,7 @@ private Q_SLOTS:
     {
         QVERIFY(SampleMarket::largestSize() >= 1000000);
         const SampleFile grown(20000);
-        QCOMPARE(grown.reason, QString());
+        QCOMPARE(grown.status, Status());
         QCOMPARE(grown.market.count(), 20000);
         QCOMPARE(grown.countOf(StockType, { SubType::Ashares }), m_file->countOf(StockType, { SubType::Ashares }));
         QVERIFY(grown.countOf(BondType, { SubType::Assetbackedsecurities }) > 3000);
@@ -343,20 +344,22 @@ private Q_SLOTS:
     {
         QFETCH(int, size);
         const SampleFile file(size);
-        QCOMPARE(file.reason, QStringLiteral("样本市场的证券数量须在200到%1之间").arg(SampleMarket::largestSize()));
+        QCOMPARE(file.status,
+            Status(
+                Error::MarketSizeOutOfRange, { QStringLiteral("200"), QString::number(SampleMarket::largestSize()) }));
     }
 
     void progressEndsWithEverySecurity()
     {
         QTemporaryDir folder;
         Database database;
-        QCOMPARE(database.open(folder.filePath(QStringLiteral("m.db"))), QString());
+        QCOMPARE(database.open(folder.filePath(QStringLiteral("m.db"))), Status());
         QVector<int> seen;
         const auto progress = [&seen](int done, int total) {
             seen << done;
             return total == 1200;
         };
-        QCOMPARE(SampleMarket::write(database, { 7, 1200, lastDay }, progress), QString());
+        QCOMPARE(SampleMarket::write(database, { 7, 1200, lastDay }, progress), Status());
         QCOMPARE(seen, QVector<int>({ 0, 500, 1000, 1200 }));
     }
 
@@ -364,12 +367,11 @@ private Q_SLOTS:
     {
         QTemporaryDir folder;
         Database database;
-        QCOMPARE(database.open(folder.filePath(QStringLiteral("m.db"))), QString());
+        QCOMPARE(database.open(folder.filePath(QStringLiteral("m.db"))), Status());
         const auto stopHalfway = [](int done, int) { return done < 500; };
-        QCOMPARE(
-            SampleMarket::write(database, { 7, 1200, lastDay }, stopHalfway), QStringLiteral("样本市场的生成已取消"));
+        QCOMPARE(SampleMarket::write(database, { 7, 1200, lastDay }, stopHalfway), Status(Error::SampleCancelled));
         QCOMPARE(SecurityStore(database).count(), 0);
-        QCOMPARE(SampleMarket::write(database, { 7, 1200, QDate() }), QStringLiteral("样本市场缺少最后一个收盘日"));
+        QCOMPARE(SampleMarket::write(database, { 7, 1200, QDate() }), Status(Error::NoLastClose));
     }
 
     void aHundredThousandSecuritiesAreWrittenWithinAMinute()
@@ -378,7 +380,7 @@ private Q_SLOTS:
         QElapsedTimer timer;
         timer.start();
         SampleFile file(100000);
-        QCOMPARE(file.reason, QString());
+        QCOMPARE(file.status, Status());
         QCOMPARE(file.market.count(), 100000);
         QVERIFY2(timer.elapsed() < 60000, qPrintable(QString::number(timer.elapsed())));
 
@@ -386,8 +388,8 @@ private Q_SLOTS:
         file.database.close();
         timer.restart();
         Market again;
-        QCOMPARE(file.database.open(fileName), QString());
-        QCOMPARE(again.load(file.database), QString());
+        QCOMPARE(file.database.open(fileName), Status());
+        QCOMPARE(again.load(file.database), Status());
         QVERIFY2(timer.elapsed() < 10000, qPrintable(QString::number(timer.elapsed())));
     }
 
@@ -395,7 +397,7 @@ private Q_SLOTS:
     {
         Database database;
         QTemporaryDir folder;
-        QCOMPARE(database.open(folder.filePath(QStringLiteral("m.db"))), QString());
+        QCOMPARE(database.open(folder.filePath(QStringLiteral("m.db"))), Status());
         const Security plain{ QStringLiteral("000001.SZ"), QStringLiteral("名称"), QStringLiteral("t"),
             QStringLiteral("s"), QStringLiteral("x"), 3, 10, 200, 50, QStringLiteral("ST"), QStringLiteral("说明"), 0 };
         Security other = plain;
@@ -404,11 +406,11 @@ private Q_SLOTS:
         other.type = QStringLiteral("t2");
         SecurityStore store(database);
         store.beginAdding();
-        QCOMPARE(store.add(plain, { lastDay, { 7, 1000000000000 } }), QString());
-        QCOMPARE(store.add(other, {}), QString());
+        QCOMPARE(store.add(plain, { lastDay, { 7, 1000000000000 } }), Status());
+        QCOMPARE(store.add(other, {}), Status());
 
         Market read;
-        QCOMPARE(read.load(database), QString());
+        QCOMPARE(read.load(database), Status());
         QCOMPARE(read.count(), 2);
         const Security& first = *read.find(QStringLiteral("000001.SZ"));
         const QStringList texts{ first.symbol, first.name, first.type, first.subType, first.exchange, first.stFlag,
@@ -428,10 +430,11 @@ private Q_SLOTS:
     void aMarketThatCannotBeReadIsReportedAndKept()
     {
         SampleFile file(200);
-        QCOMPARE(file.database.execute(QStringLiteral("ALTER TABLE closing_prices RENAME TO other")), QString());
-        QCOMPARE(file.market.load(file.database), QStringLiteral("数据库操作失败：no such table: closing_prices"));
+        QCOMPARE(file.database.execute(QStringLiteral("ALTER TABLE closing_prices RENAME TO other")), Status());
+        QCOMPARE(file.market.load(file.database),
+            Status(Error::DatabaseFailed, { QStringLiteral("no such table: closing_prices") }));
         file.database.close();
-        QCOMPARE(file.market.load(file.database), QStringLiteral("数据库未打开"));
+        QCOMPARE(file.market.load(file.database), Status(Error::DatabaseNotOpen));
         QCOMPARE(file.market.count(), 200);
     }
 

@@ -7,6 +7,7 @@
 #include "PlanLedger.h"
 #include "SampleSession.h"
 #include "Schema.h"
+#include "TestStatus.h"
 #include "WriterProcess.h"
 
 #include <QElapsedTimer>
@@ -28,9 +29,9 @@ constexpr int oneSecond = 1000;
 // More writes than any one plan takes.
 constexpr int mostOperations = 500;
 
-const QString busy = QStringLiteral("数据库正被其他程序占用，请稍后再试");
-const QString readOnly = QStringLiteral("数据库文件只读，无法写入");
-const QString full = QStringLiteral("磁盘空间不足，无法写入数据库");
+const QString busy = errorText(Error::DatabaseBusy);
+const QString readOnly = errorText(Error::DatabaseReadOnly);
+const QString full = errorText(Error::DiskFull);
 
 int setting(const char* variable, int usual)
 {
@@ -46,7 +47,7 @@ ClientSession& client()
 
 QString reasonOf(Fault fault)
 {
-    return fault == Fault::Full ? full : QStringLiteral("数据库操作失败：");
+    return fault == Fault::Full ? full : errorText({ Error::DatabaseFailed, { QString() } });
 }
 
 QByteArray contentOf(const QString& file)
@@ -118,7 +119,7 @@ void TestStoreFaults::init()
 {
     m_log = std::make_unique<LogCatcher>();
     m_session = std::make_unique<SampleSession>();
-    QCOMPARE(m_session->reason(), QString());
+    QCOMPARE(m_session->opened(), Status());
     m_base = SampleSession::record();
     m_ledger = PlanLedger();
     m_ledger.setBase(m_base);
@@ -137,7 +138,7 @@ void TestStoreFaults::cleanup()
 QString TestStoreFaults::open(const QString& file)
 {
     setClientToday(SampleSession::today());
-    return client().open(file, QStringLiteral("trader01"));
+    return errorText(client().open(file, QStringLiteral("trader01")));
 }
 
 QString TestStoreFaults::timed(const std::function<QString()>& work)
@@ -201,8 +202,8 @@ void TestStoreFaults::the_ledger_tells_every_difference()
     for (const QString& change : changes) {
         QVERIFY(copyAsLeft(m_session->file(), copy()));
         Database database;
-        QCOMPARE(database.open(copy()), QString());
-        QCOMPARE(database.execute(change), QString());
+        QCOMPARE(database.open(copy()), Status());
+        QCOMPARE(database.execute(change), Status());
         database.close();
         QVERIFY2(m_ledger.differences(copy()).size() == 1, qPrintable(change));
     }
@@ -238,7 +239,7 @@ void TestStoreFaults::each_write_fails_in_turn()
     QFETCH(Fault, fault);
     QFETCH(Lasting, lasting);
     if (movesAtOnce)
-        QCOMPARE(client().database().execute(QStringLiteral("PRAGMA wal_autocheckpoint = 1")), QString());
+        QCOMPARE(client().database().execute(QStringLiteral("PRAGMA wal_autocheckpoint = 1")), Status());
     int refused = 0;
     int failing = 1;
     for (; failing < mostOperations; ++failing) {
@@ -262,7 +263,7 @@ void TestStoreFaults::each_write_fails_in_turn()
     QVERIFY(failing < mostOperations);
     QVERIFY(refused > 3);
     QCOMPARE(client().plans().plan(m_plan).version, m_version);
-    QCOMPARE(m_session->reopen(), QString());
+    QCOMPARE(m_session->reopen(), Status());
     QCOMPARE(m_ledger.differences(m_session->file()), QStringList());
     std::printf("writes %d, refused %d, acknowledged %d\n", failing - 1, refused, m_ledger.acknowledged());
 }
@@ -293,15 +294,16 @@ void TestStoreFaults::each_write_of_the_first_start_fails_in_turn()
         for (const char* const end : { "", "-wal", "-shm", "-journal" })
             QFile::remove(file + QLatin1String(end));
         FaultyDisk::failAt(failing, fault, lasting);
-        const QString reason = client().open(file, QStringLiteral("trader01"), ClientSession::Progress(), options);
+        const Status opened = client().open(file, QStringLiteral("trader01"), ClientSession::Progress(), options);
         failed = FaultyDisk::hasFailed();
-        QCOMPARE(client().isOpen(), reason.isEmpty());
-        refused += reason.isEmpty() ? 0 : 1;
-        QVERIFY2(reason.isEmpty() || reason.contains(QStringLiteral("数据库")), qPrintable(reason));
+        QCOMPARE(client().isOpen(), bool(opened));
+        refused += opened ? 0 : 1;
+        const QString reason = errorText(opened);
+        QVERIFY2(opened || reason.contains(QStringLiteral("数据库")), qPrintable(reason));
         client().close();
         FaultyDisk::heal();
-        const QString again = client().open(file, QStringLiteral("trader01"), ClientSession::Progress(), options);
-        QVERIFY2(again.isEmpty(), qPrintable(QStringLiteral("write %1: %2").arg(failing).arg(again)));
+        const Status again = client().open(file, QStringLiteral("trader01"), ClientSession::Progress(), options);
+        QVERIFY2(again, qPrintable(QStringLiteral("write %1: %2").arg(failing).arg(errorText(again))));
         QVERIFY(client().market().find(m_base.value(QStringLiteral("symbol")).toString()));
         client().close();
     }
@@ -315,7 +317,7 @@ void TestStoreFaults::a_file_that_has_reached_its_largest_size_refuses_and_keeps
     QVERIFY(pages.next());
     const int allowed = pages.value(0).toInt() + 4;
     pages.finish();
-    QCOMPARE(client().database().execute(QStringLiteral("PRAGMA max_page_count = %1").arg(allowed)), QString());
+    QCOMPARE(client().database().execute(QStringLiteral("PRAGMA max_page_count = %1").arg(allowed)), Status());
     QString reason;
     while (reason.isEmpty() && m_count < mostOperations)
         reason = create();
@@ -324,7 +326,7 @@ void TestStoreFaults::a_file_that_has_reached_its_largest_size_refuses_and_keeps
     // A change needs no room of its own.
     QCOMPARE(modify(), QString());
     checkStored();
-    QCOMPARE(client().database().execute(QStringLiteral("PRAGMA max_page_count = 1000000")), QString());
+    QCOMPARE(client().database().execute(QStringLiteral("PRAGMA max_page_count = 1000000")), Status());
     QCOMPARE(create(), QString());
     checkStored();
 }
@@ -451,13 +453,13 @@ void TestStoreFaults::a_damaged_log_brings_nothing_that_was_not_sent()
 void TestStoreFaults::a_newer_file_is_refused_and_left_as_it_is()
 {
     const QString raise = QStringLiteral("PRAGMA user_version = %1").arg(Schema::latestVersion() + 1);
-    QCOMPARE(client().database().execute(raise), QString());
+    QCOMPARE(client().database().execute(raise), Status());
     client().close();
     const QByteArray before = contentOf(m_session->file());
     const QString reason = timed([this] { return open(m_session->file()); });
     QVERIFY2(reason.contains(QStringLiteral("高于本程序支持的版本")), qPrintable(reason));
     QVERIFY(!client().isOpen());
-    QCOMPARE(AutoPlanLogic::instance().CreateNewPlan(m_base), QStringLiteral("尚未登录，无法处理计划"));
+    QCOMPARE(AutoPlanLogic::instance().CreateNewPlan(m_base), errorText(Error::PlansNeedLogin));
     QCOMPARE(contentOf(m_session->file()), before);
 }
 

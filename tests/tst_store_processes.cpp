@@ -5,6 +5,7 @@
 #include "PlanLedger.h"
 #include "PlanStore.h"
 #include "SampleSession.h"
+#include "TestStatus.h"
 #include "WriterProcess.h"
 
 #include <QFile>
@@ -57,7 +58,7 @@ void TestStoreProcesses::init()
 {
     m_log = std::make_unique<LogCatcher>();
     m_session = std::make_unique<SampleSession>();
-    QCOMPARE(m_session->reason(), QString());
+    QCOMPARE(m_session->opened(), Status());
     m_ledger = PlanLedger();
     m_ledger.setBase(SampleSession::record());
     ClientSession::instance().close();
@@ -113,9 +114,10 @@ void TestStoreProcesses::a_first_start_that_is_killed_can_be_repeated()
         // The user of the sample is there, or nothing is and the data are made now.
         ClientSession::Options options;
         options.marketSize = 200;
-        const QString reason =
+        const Status opened =
             ClientSession::instance().open(file, QStringLiteral("trader01"), ClientSession::Progress(), options);
-        QVERIFY2(reason.isEmpty(), qPrintable(QStringLiteral("kill %1, seed %2: %3").arg(i + 1).arg(seed).arg(reason)));
+        QVERIFY2(
+            opened, qPrintable(QStringLiteral("kill %1, seed %2: %3").arg(i + 1).arg(seed).arg(errorText(opened))));
         QVERIFY(ClientSession::instance().market().find(
             SampleSession::record().value(QStringLiteral("symbol")).toString()));
         ClientSession::instance().close();
@@ -126,7 +128,7 @@ void TestStoreProcesses::a_first_start_that_is_killed_can_be_repeated()
 void TestStoreProcesses::two_writers_lose_nothing_of_each_other()
 {
     const QString count = QString::number(setting("FAULTS_WRITES", 100));
-    QCOMPARE(m_session->reopen(), QString());
+    QCOMPARE(m_session->reopen(), Status());
     const QString mark = QStringLiteral("shared");
     m_ledger.attempt(mark);
     const QString shared = m_session->create(PlanLedger::recordOf(SampleSession::record(), mark));
@@ -152,7 +154,7 @@ void TestStoreProcesses::two_writers_lose_nothing_of_each_other()
     }
 
     Database database;
-    QCOMPARE(database.open(m_session->file()), QString());
+    QCOMPARE(database.open(m_session->file()), Status());
     const StoredPlan plan = PlanStore(database, AutoPlanField::BaseField::planOtherParam).plan(shared);
     QCOMPARE(plan.version, 1 + m_ledger.sharedChanges(shared));
 }

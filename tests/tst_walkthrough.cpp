@@ -1,5 +1,6 @@
 #include "ClientFormTest.h"
 #include "MainWindow.h"
+#include "TestStatus.h"
 #include "WalkThrough.h"
 
 #include <QDir>
@@ -50,7 +51,7 @@ private Q_SLOTS:
         QFETCH(QDate, today);
         startSession();
         goTo(today);
-        QCOMPARE(session().reopen(), QString());
+        QCOMPARE(session().reopen(), Status());
         const QTemporaryDir folder;
         QVERIFY(walk(folder, QStringLiteral("light")));
         QCOMPARE(plans().count(), 9);
@@ -76,7 +77,7 @@ private Q_SLOTS:
     void aUserWithoutTheAccountsFails()
     {
         startSession();
-        QCOMPARE(session().reopen(QStringLiteral("trader02")), QString());
+        QCOMPARE(session().reopen(QStringLiteral("trader02")), Status());
         QVERIFY(!walk(QTemporaryDir(), QStringLiteral("light")));
         QCOMPARE(plans().count(), 0);
     }

@@ -25,18 +25,17 @@ bool endsWithOne(const QString& suffix, const QStringList& suffixes)
 
 } // namespace
 
-QString Market::load(Database& database)
+Status Market::load(Database& database)
 {
     SecurityStore store(database);
     QVector<Security> securities;
     securities.reserve(store.count());
-    const QString reason =
-        store.readAll([&securities](Security&& security) { securities.append(std::move(security)); });
-    if (!reason.isEmpty())
-        return reason;
+    Status status = store.readAll([&securities](Security&& security) { securities.append(std::move(security)); });
+    if (!status)
+        return status;
     m_securities = securities;
     index();
-    return QString();
+    return {};
 }
 
 void Market::index()

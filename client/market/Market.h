@@ -11,9 +11,8 @@
 /// Every security in memory. Read-only once loaded, and then safe to ask from any thread.
 class Market {
 public:
-    /// Loads every security, replacing what was there. Returns the reason when reading fails; the market is then
-    /// as it was.
-    QString load(Database& database);
+    /// Loads every security, replacing what was there. When reading fails the market stays as it was.
+    Status load(Database& database);
 
     int count() const { return m_securities.size(); }
     /// Null when the symbol is unknown; valid until the next `load`.

@@ -19,18 +19,18 @@ bool holdsAny(const QString& account, const QString& symbol)
 
 } // namespace
 
-QString bondConversionError(const QString& account, const QString& symbol, const QString& side)
+Status bondConversionError(const QString& account, const QString& symbol, const QString& side)
 {
     const ClientSession& session = ClientSession::instance();
     const StoredAccount* known = session.accounts().find(account);
     const Security* security = session.market().find(symbol);
     if (!known || known->assetProperty != Orlo_Values::FundAccountType::Credit)
-        return QStringLiteral("只有信用账户可以在信用交易中转股");
+        return Error::NotACreditAccount;
     if (side != Kelvo_Values::OrderSide::sell)
-        return QStringLiteral("债券转股只能以卖出方向申报");
+        return Error::ConversionNotASale;
     if (!security || !Orlo_Values::MdcSubSecurityType::ConvertableBondTypeList.contains(security->subType))
-        return QStringLiteral("证券“%1”不是可转换债券").arg(symbol);
+        return { Error::NotConvertible, { symbol } };
     if (!holdsAny(account, symbol))
-        return QStringLiteral("账户没有可用的“%1”持仓").arg(symbol);
-    return QString();
+        return { Error::NothingToConvert, { symbol } };
+    return {};
 }

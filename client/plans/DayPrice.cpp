@@ -2,7 +2,6 @@
 
 #include "AutoPlanField.h"
 #include "DayShare.h"
-#include "ErrorText.h"
 #include "MovingAverages.h"
 #include "PlanCodes.h"
 #include "PriceFormula.h"
@@ -49,19 +48,16 @@ Result<double> compared(const Record& record, const QHash<QString, double>& pric
     return model == PriceModel::CompareMax ? qMax(*first, *second) : qMin(*first, *second);
 }
 
-void setLimit(DayPrice& price, double yuan, const Security& security)
+Result<DayPrice> limited(double yuan, qint64 reference, const Security& security)
 {
     const auto ticks = TickPrice::fromYuan(yuan, security.pricePrecision);
-    if (!ticks || *ticks < 1) {
-        price.reason = QStringLiteral("价格不足一个最小变动单位或过大");
-        return;
-    }
-    price.limit = *ticks;
+    if (!ticks || *ticks < 1)
+        return Error::PriceOutOfRange;
     if (!security.hasPriceLimit())
-        return;
-    const TickPrice::Limits limits = TickPrice::limits(price.reference, security.limitPerMille);
-    price.limit = qBound(limits.down, *ticks, limits.up);
-    price.cutToLimit = *price.limit != *ticks;
+        return DayPrice{ *ticks, reference, false };
+    const TickPrice::Limits limits = TickPrice::limits(reference, security.limitPerMille);
+    const qint64 limit = qBound(limits.down, *ticks, limits.up);
+    return DayPrice{ limit, reference, limit != *ticks };
 }
 
 } // namespace
@@ -73,22 +69,16 @@ const QStringList& priceNames()
     return names;
 }
 
-DayPrice dayPrice(const Record& record, const Security& security, const QVector<qint64>& closes)
+Result<DayPrice> dayPrice(const Record& record, const Security& security, const QVector<qint64>& closes)
 {
-    DayPrice price;
-    if (closes.isEmpty()) {
-        price.reason = QStringLiteral("证券“%1”没有收盘价").arg(security.symbol);
-        return price;
-    }
-    price.reference = closes.constLast();
+    if (closes.isEmpty())
+        return { Error::NoCloses, { security.symbol } };
     if (record.value(AutoPlanField::BaseField::priceModel).toString() == PriceModel::NoLimit)
-        return price;
+        return DayPrice{ std::nullopt, closes.constLast(), false };
     const Result<double> yuan = compared(record, namedPrices(security, closes));
-    if (yuan)
-        setLimit(price, *yuan, security);
-    else
-        price.reason = errorText(yuan.status());
-    return price;
+    if (!yuan)
+        return yuan.status();
+    return limited(*yuan, closes.constLast(), security);
 }
 
 Fill simulateFill(bool isBuy, const DayPrice& price, qint64 quantity, int lot)

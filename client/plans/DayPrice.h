@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Security.h"
+#include "Status.h"
 
 #include <QMap>
 #include <QStringList>
@@ -27,13 +28,12 @@ struct DayPrice {
     qint64 reference = 0;
     /// True when the formula led beyond the day's limit prices and the price is the nearer of them.
     bool cutToLimit = false;
-    /// Why there is no price; empty on success.
-    QString reason;
 };
 
 /// Works a plan's price out from its mode and formulas. `closes`: the security's closing prices before the day in
 /// ticks, oldest first.
-DayPrice dayPrice(const QMap<QString, QVariant>& record, const Security& security, const QVector<qint64>& closes);
+Result<DayPrice> dayPrice(
+    const QMap<QString, QVariant>& record, const Security& security, const QVector<qint64>& closes);
 
 /// What an order got.
 struct Fill {

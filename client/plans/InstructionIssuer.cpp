@@ -55,9 +55,9 @@ public:
     }
 
     /// Ends what is open from earlier days.
-    QString endEarlier();
-    /// Why the plan gets no instruction; empty when `fields` may be asked for.
-    QString prepare();
+    Status endEarlier();
+    /// Fails when the plan gets no instruction; otherwise `fields` may be asked for.
+    Status prepare();
     Fields fields() const;
     bool isIssued() { return !m_session.instructions().ofDay(m_plan.id, m_day).isEmpty(); }
 
@@ -67,10 +67,10 @@ private:
     bool isAmount() const { return other(FieldId::TargetType) == InstructionTargetType::AmountOrder; }
     bool isReduction() const { return text(Orlo_Fields::AutoPlan::templateCode) == PlanType::ReduceHoldings; }
 
-    QString dayError() const;
-    QString readShare();
-    QString readAmountShare();
-    QString readQuantityShare();
+    Status checkDay() const;
+    Status readShare();
+    Status readAmountShare();
+    Status readQuantityShare();
     QVector<qint64> closesBefore() const;
     double holdings() const;
     double used() const;
@@ -86,7 +86,7 @@ private:
     qint64 m_quantity = 0;
 };
 
-QString PlanDay::endEarlier()
+Status PlanDay::endEarlier()
 {
     InstructionStore store = m_session.instructions();
     const auto instructions = store.ofPlan(m_plan.id);
@@ -94,29 +94,29 @@ QString PlanDay::endEarlier()
         const QDate issued = PlanTexts::date(it->value(FieldId::TradeDate).toString());
         if (hasEnded(*it) || !issued.isValid() || issued >= m_day)
             continue;
-        const QString reason = store.update(m_plan.id, it.key(), { { FieldId::EndState, EndState::Ended } });
-        if (!reason.isEmpty())
-            return reason;
+        Status status = store.update(m_plan.id, it.key(), { { FieldId::EndState, EndState::Ended } });
+        if (!status)
+            return status;
     }
-    return QString();
+    return {};
 }
 
-QString PlanDay::prepare()
+Status PlanDay::prepare()
 {
     if (!m_security)
-        return QStringLiteral("证券“%1”不存在").arg(text(Kelvo_Fields::Security::symbol));
-    QString reason = dayError();
-    if (reason.isEmpty())
-        reason = readShare();
-    if (!reason.isEmpty())
-        return reason;
-    m_price = dayPrice(m_plan.record, *m_security, closesBefore());
-    if (!m_price.reason.isEmpty())
-        return m_price.reason;
+        return { Error::UnknownSecurity, { text(Kelvo_Fields::Security::symbol) } };
+    if (Status status = checkDay(); !status)
+        return status;
+    if (Status status = readShare(); !status)
+        return status;
+    const Result<DayPrice> price = dayPrice(m_plan.record, *m_security, closesBefore());
+    if (!price)
+        return price.status();
+    m_price = *price;
     const int lot = m_security->quantityStep;
-    const double price = TickPrice::toYuan(m_price.limit.value_or(m_price.reference), m_security->pricePrecision);
-    m_quantity = isAmount() ? lotsWithin(dayShare(m_share) / price, lot) : dayQuantity(m_share, lot);
-    return m_quantity > 0 ? QString() : QStringLiteral("剩余数量或金额不足一手");
+    const double yuan = TickPrice::toYuan(m_price.limit.value_or(m_price.reference), m_security->pricePrecision);
+    m_quantity = isAmount() ? lotsWithin(dayShare(m_share) / yuan, lot) : dayQuantity(m_share, lot);
+    return m_quantity > 0 ? Status() : Error::LessThanOneLot;
 }
 
 Fields PlanDay::fields() const
@@ -138,43 +138,43 @@ Fields PlanDay::fields() const
     };
 }
 
-QString PlanDay::dayError() const
+Status PlanDay::checkDay() const
 {
     switch (m_session.calendar().day(m_security->exchange, m_day)) {
     case TradeCalendar::Day::Trades:
-        return QString();
+        return {};
     case TradeCalendar::Day::Closed:
-        return QStringLiteral("%1不是交易日").arg(PlanTexts::text(m_day));
+        return { Error::NotATradeDay, { QString(), PlanTexts::text(m_day) } };
     case TradeCalendar::Day::Unknown:
         break;
     }
-    return QStringLiteral("%1不在交易日历之内").arg(PlanTexts::text(m_day));
+    return { Error::NotInCalendar, { QString(), PlanTexts::text(m_day) } };
 }
 
-QString PlanDay::readShare()
+Status PlanDay::readShare()
 {
     m_share.planType = text(Orlo_Fields::AutoPlan::templateCode);
-    const QString reason = isAmount() ? readAmountShare() : readQuantityShare();
+    Status status = isAmount() ? readAmountShare() : readQuantityShare();
     m_share.used = used();
     m_share.daysLeft = daysLeft();
-    return reason;
+    return status;
 }
 
-QString PlanDay::readAmountShare()
+Status PlanDay::readAmountShare()
 {
     const auto total = PlanTexts::decimalNumber(other(BaseField::tradeAmount));
     if (!total)
-        return QStringLiteral("目标金额“%1”不是数字").arg(other(BaseField::tradeAmount).left(32));
+        return { Error::NotNumber, { QStringLiteral("目标金额"), other(BaseField::tradeAmount).left(32) } };
     m_share.total = *total;
     m_share.perDay = PlanTexts::decimalNumber(other(BaseField::dayMaxTradeAmount)).value_or(0);
-    return QString();
+    return {};
 }
 
-QString PlanDay::readQuantityShare()
+Status PlanDay::readQuantityShare()
 {
     const auto total = PlanTexts::wholeNumber(text(BaseField::totalQty));
     if (!total)
-        return QStringLiteral("目标总量“%1”不是整数").arg(text(BaseField::totalQty).left(32));
+        return { Error::NotWhole, { QStringLiteral("目标总量"), text(BaseField::totalQty).left(32) } };
     const qint64 perDay = PlanTexts::wholeNumber(other(AutoPlanField::Progress::CurrentQty)).value_or(0);
     m_share.total = static_cast<double>(*total * m_security->displayFactor);
     m_share.perDay = static_cast<double>(perDay * m_security->displayFactor);
@@ -182,7 +182,7 @@ QString PlanDay::readQuantityShare()
     // Without a total of its own a reduction aims at all that may be sold.
     if (isReduction() && *total == 0)
         m_share.total = holdings();
-    return QString();
+    return {};
 }
 
 // The stored closes may reach beyond a day that is issued late.
@@ -233,24 +233,24 @@ int PlanDay::daysLeft() const
     return days;
 }
 
-QString issuePlan(ClientSession& session, const QString& planId, const QDate& day, IssueResult& result)
+Status issuePlan(ClientSession& session, const QString& planId, const QDate& day, IssueResult& result)
 {
     PlanDay planDay(session, session.plans().plan(planId), day);
     if (planDay.isIssued()) {
         result.alreadyIssued << planId;
-        return QString();
+        return {};
     }
-    const QString reason = planDay.endEarlier();
-    if (!reason.isEmpty())
-        return reason;
-    const QString skipped = planDay.prepare();
-    if (!skipped.isEmpty()) {
+    if (Status status = planDay.endEarlier(); !status)
+        return status;
+    if (const Status skipped = planDay.prepare(); !skipped) {
         result.skipped << IssueResult::Skipped{ planId, skipped };
-        return QString();
+        return {};
     }
-    const InstructionStore::Added added = session.instructions().add(planId, day, planDay.fields());
-    result.issued << added.id;
-    return added.reason;
+    const Result<QString> id = session.instructions().add(planId, day, planDay.fields());
+    if (!id)
+        return id.status();
+    result.issued << *id;
+    return {};
 }
 
 QStringList activePlans(ClientSession& session, const QDate& day)
@@ -260,23 +260,24 @@ QStringList activePlans(ClientSession& session, const QDate& day)
 
 } // namespace
 
-IssueResult InstructionIssuer::issueDay(const QDate& day)
+Result<IssueResult> InstructionIssuer::issueDay(const QDate& day)
 {
     ClientSession& session = ClientSession::instance();
+    if (!session.isOpen())
+        return Error::IssuingNeedsLogin;
+    if (!day.isValid())
+        return { Error::InvalidDate, { QStringLiteral("日期") } };
     IssueResult result;
-    if (!session.isOpen() || !day.isValid()) {
-        result.reason = session.isOpen() ? QStringLiteral("日期无效") : QStringLiteral("尚未登录，无法下达指令");
-        return result;
-    }
     const QStringList plans = activePlans(session, day);
-    const QString failed = session.database().transaction([&] {
-        QString reason;
-        for (int i = 0; i < plans.size() && reason.isEmpty(); ++i)
-            reason = issuePlan(session, plans.at(i), day, result);
-        return reason;
+    Status status = session.database().transaction([&]() -> Status {
+        for (const QString& plan : plans) {
+            if (Status issued = issuePlan(session, plan, day, result); !issued)
+                return issued;
+        }
+        return {};
     });
-    if (!failed.isEmpty())
-        return IssueResult{ failed, {}, {}, {} };
+    if (!status)
+        return status;
     for (const QString& plan : plans) {
         if (!result.alreadyIssued.contains(plan))
             Q_EMIT PlanEvents::instance().planStored(plan);

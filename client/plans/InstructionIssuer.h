@@ -1,13 +1,13 @@
 #pragma once
 
+#include "Status.h"
+
 #include <QDate>
 #include <QStringList>
 #include <QVector>
 
 /// What came of a day's issuing.
 struct IssueResult {
-    /// Why nothing was issued at all, in Chinese; empty when the day was worked through.
-    QString reason;
     /// Ids of the new instructions.
     QStringList issued;
     /// Plans that had their instruction of the day before.
@@ -15,7 +15,7 @@ struct IssueResult {
 
     struct Skipped {
         QString planId;
-        QString reason;
+        Status reason;
     };
     /// Plans of the day's period that got no instruction, and why.
     QVector<Skipped> skipped;
@@ -29,5 +29,6 @@ struct IssueResult {
 /// `PlanEvents`.
 class InstructionIssuer {
 public:
-    static IssueResult issueDay(const QDate& day);
+    /// Fails when nothing was issued at all.
+    static Result<IssueResult> issueDay(const QDate& day);
 };

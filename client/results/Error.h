@@ -11,11 +11,36 @@ enum class Error {
     DatabaseCorrupt,
     DiskFull,
     NotADatabase,
-    DatabaseFailed, ///< the driver's text
-    // --- What needs a session
+    DatabaseFailed,     ///< the driver's text
+    CannotOpenDatabase, ///< file; cause
+    NoDatabaseFile,
+    DatabaseIsFolder,
+    CannotCreateFolder,
+    ForeignDatabase,
+    NewerDatabase, ///< the file's version, the latest known one
+    NoWriteAheadLog,
+    MigrationFailed, ///< cause
+    // --- Stored plans and instructions
+    EmptyPlan,
+    FieldNotText,       ///< record key
+    UnknownPlan,        ///< plan id
+    UnknownInstruction, ///< instruction id
+    // --- The sample data
+    MarketSizeOutOfRange, ///< smallest, largest size
+    NoLastClose,
+    SampleCancelled,
+    TodayNotInCalendar, ///< today
+    // --- The session
+    UnknownUser, ///< user id
     PlansNeedLogin,
     AveragesNeedLogin,
     TradeDaysNeedLogin,
+    IssuingNeedsLogin,
+    SigningNeedsLogin,
+    // --- Agreements
+    UnknownAgreement, ///< protocol
+    NoSigner,
+    ForeignClient, ///< client number
     // --- The trade calendar
     NoClosureHeadings, ///< the headings that are missing
     BadClosureLine,    ///< number of the line; the cause says what is wrong in it
@@ -23,9 +48,6 @@ enum class Error {
     NotADate,          ///< the text
     NoCalendar,        ///< exchange
     BeyondCalendar,    ///< the last known day, the day that is not known
-    // --- Stored plans
-    UnknownPlan,  ///< plan id
-    FieldNotText, ///< record key
     // --- Checks of a plan; captions are those of the form
     PlanHasId,
     NoOtherParam,
@@ -52,6 +74,26 @@ enum class Error {
     RemarkTooLong,      ///< largest number of characters
     FieldNotChangeable, ///< caption
     BeginNotChangeable,
+    // --- The instructions of a day
+    NoCloses, ///< symbol
+    PriceOutOfRange,
+    LessThanOneLot,
+    // --- Conversion of bonds into shares
+    NotACreditAccount,
+    ConversionNotASale,
+    NotConvertible,   ///< symbol
+    NothingToConvert, ///< symbol
+    // --- Programs
+    MalformedCommandLine, ///< what is wrong with it
+    ExtraArgument,        ///< the argument
+    NoFolder,
+    OptionWithoutValue, ///< name of the option
+    UnknownSkin,        ///< the name, the names that there are
+    UnknownLanguage,    ///< the code, the codes that there are
+    MalformedDay,       ///< the text
+    NoDisplay,
+    NoTranslation,         ///< file
+    DatabaseHasSecurities, ///< file, how many
     // --- Price formulas
     FormulaErrorAt, ///< number of the character; the cause says what is wrong there
     FormulaEmpty,

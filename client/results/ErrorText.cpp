@@ -21,10 +21,35 @@ constexpr Sentence sentences[] = {
     { Error::DiskFull, "磁盘空间不足，无法写入数据库" },
     { Error::NotADatabase, "该文件不是数据库文件" },
     { Error::DatabaseFailed, "数据库操作失败：%1" },
-    // --- What needs a session
+    { Error::CannotOpenDatabase, "无法打开数据库“%1”：%2" },
+    { Error::NoDatabaseFile, "未指定数据库文件" },
+    { Error::DatabaseIsFolder, "该路径是文件夹" },
+    { Error::CannotCreateFolder, "无法创建所在文件夹" },
+    { Error::ForeignDatabase, "该文件属于其他程序" },
+    { Error::NewerDatabase, "数据库版本%1高于本程序支持的版本%2，请升级程序" },
+    { Error::NoWriteAheadLog, "数据库无法启用预写日志" },
+    { Error::MigrationFailed, "升级数据库失败，%1" },
+    // --- Stored plans and instructions
+    { Error::EmptyPlan, "计划内容为空" },
+    { Error::FieldNotText, "计划字段“%1”的值不是文本" },
+    { Error::UnknownPlan, "计划“%1”不存在" },
+    { Error::UnknownInstruction, "指令%1不存在" },
+    // --- The sample data
+    { Error::MarketSizeOutOfRange, "样本市场的证券数量须在%1到%2之间" },
+    { Error::NoLastClose, "样本市场缺少最后一个收盘日" },
+    { Error::SampleCancelled, "样本市场的生成已取消" },
+    { Error::TodayNotInCalendar, "交易日历不包含今天（%1），无法生成示例行情" },
+    // --- The session
+    { Error::UnknownUser, "用户“%1”不存在" },
     { Error::PlansNeedLogin, "尚未登录，无法处理计划" },
     { Error::AveragesNeedLogin, "尚未登录，无法查询均价" },
     { Error::TradeDaysNeedLogin, "尚未登录，无法查询交易日" },
+    { Error::IssuingNeedsLogin, "尚未登录，无法下达指令" },
+    { Error::SigningNeedsLogin, "尚未登录，无法签署协议" },
+    // --- Agreements
+    { Error::UnknownAgreement, "协议“%1”不存在" },
+    { Error::NoSigner, "请选择签署协议的客户" },
+    { Error::ForeignClient, "客户“%1”不属于当前用户" },
     // --- The trade calendar
     { Error::NoClosureHeadings, "休市表第1行不是表头“%1”" },
     { Error::BadClosureLine, "休市表第%1行%2" },
@@ -32,9 +57,6 @@ constexpr Sentence sentences[] = {
     { Error::NotADate, "日期“%1”无效" },
     { Error::NoCalendar, "没有市场“%1”的交易日历" },
     { Error::BeyondCalendar, "交易日历只到%1为止，无法确定%2之后的交易日" },
-    // --- Stored plans
-    { Error::UnknownPlan, "计划“%1”不存在" },
-    { Error::FieldNotText, "计划字段“%1”的值不是文本" },
     // --- Checks of a plan
     { Error::PlanHasId, "新建计划不能带有计划编号" },
     { Error::NoOtherParam, "缺少计划扩展信息" },
@@ -61,6 +83,26 @@ constexpr Sentence sentences[] = {
     { Error::RemarkTooLong, "备注超过%1个字符" },
     { Error::FieldNotChangeable, "%1不支持修改" },
     { Error::BeginNotChangeable, "计划已开始执行，开始日期不支持修改" },
+    // --- The instructions of a day
+    { Error::NoCloses, "证券“%1”没有收盘价" },
+    { Error::PriceOutOfRange, "价格不足一个最小变动单位或过大" },
+    { Error::LessThanOneLot, "剩余数量或金额不足一手" },
+    // --- Conversion of bonds into shares
+    { Error::NotACreditAccount, "只有信用账户可以在信用交易中转股" },
+    { Error::ConversionNotASale, "债券转股只能以卖出方向申报" },
+    { Error::NotConvertible, "证券“%1”不是可转换债券" },
+    { Error::NothingToConvert, "账户没有可用的“%1”持仓" },
+    // --- Programs
+    { Error::MalformedCommandLine, "%1" },
+    { Error::ExtraArgument, "多余的参数：%1" },
+    { Error::NoFolder, "缺少目录" },
+    { Error::OptionWithoutValue, "选项--%1缺少取值" },
+    { Error::UnknownSkin, "没有皮肤“%1”，可选：%2" },
+    { Error::UnknownLanguage, "没有语言“%1”，可选：%2" },
+    { Error::MalformedDay, "日期“%1”无效，格式为yyyy-MM-dd" },
+    { Error::NoDisplay, "没有可用的显示设备；可用plandesk-walkthrough或--issue-day在没有窗口时运行" },
+    { Error::NoTranslation, "不能读取翻译文件%1" },
+    { Error::DatabaseHasSecurities, "数据库%1中已有%2只证券，--securities只用于新建的数据库" },
     // --- Price formulas
     { Error::FormulaErrorAt, "%2（第%1个字符）" },
     { Error::FormulaEmpty, "公式为空" },

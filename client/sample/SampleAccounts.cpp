@@ -95,7 +95,7 @@ QVector<SampleUser> accountOwners()
     };
 }
 
-/// Writes the sample; each step returns the reason when it fails.
+/// Writes the sample until a step fails.
 class AccountWriter {
 public:
     AccountWriter(Database& database, const QDateTime& signedTime)
@@ -109,47 +109,47 @@ public:
     {
     }
 
-    QString write()
+    Status write()
     {
-        QString reason;
+        Status status;
         const QVector<SampleUser> owners = accountOwners();
         for (const SampleUser& owner : owners) {
-            if (reason.isEmpty())
-                reason = m_users.add(owner.user);
+            if (status)
+                status = m_users.add(owner.user);
             for (const SampleAccount& account : owner.accounts) {
-                if (reason.isEmpty())
-                    reason = writeAccount(owner.user.id, account);
+                if (status)
+                    status = writeAccount(owner.user.id, account);
             }
         }
-        return reason.isEmpty() ? writeColleagues() : reason;
+        return status ? writeColleagues() : status;
     }
 
 private:
     // Those whom chains name may log in too; they have no accounts.
-    QString writeColleagues()
+    Status writeColleagues()
     {
         QStringList names = executors + reviewers;
         names.removeDuplicates();
-        QString reason;
-        for (int i = 0; i < names.size() && reason.isEmpty(); ++i)
-            reason = m_users.add({ QStringLiteral("reviewer%1").arg(i + 1, 2, 10, QLatin1Char('0')), names.at(i) });
-        return reason;
+        Status status;
+        for (int i = 0; i < names.size() && status; ++i)
+            status = m_users.add({ QStringLiteral("reviewer%1").arg(i + 1, 2, 10, QLatin1Char('0')), names.at(i) });
+        return status;
     }
 
-    QString writeAccount(const QString& user, const SampleAccount& sample)
+    Status writeAccount(const QString& user, const SampleAccount& sample)
     {
-        QString reason = m_accounts.add({ sample.number, QStringLiteral("F") + sample.number, sample.name,
+        Status status = m_accounts.add({ sample.number, QStringLiteral("F") + sample.number, sample.name,
             sample.clientNo, sample.assetProperty, QStringLiteral("B001"), exchangeAccounts(sample) });
-        if (reason.isEmpty())
-            reason = m_accounts.assign(user, sample.number);
+        if (status)
+            status = m_accounts.assign(user, sample.number);
         for (const QString& type : sample.authorities) {
-            if (reason.isEmpty())
-                reason = writeAuthority(user, sample, type);
+            if (status)
+                status = writeAuthority(user, sample, type);
         }
-        if (reason.isEmpty() && sample.isSigned)
-            reason =
+        if (status && sample.isSigned)
+            status =
                 m_agreements.sign(Orlo_Values::ProtocolId::AutoPlanReduceAgree, sample.clientNo, user, m_signedTime);
-        return reason.isEmpty() ? writePositions(sample) : reason;
+        return status ? writePositions(sample) : status;
     }
 
     static QString securityAccount(const SampleAccount& sample, const QString& exchange)
@@ -165,54 +165,54 @@ private:
         return accounts;
     }
 
-    QString writeAuthority(const QString& user, const SampleAccount& sample, const QString& type)
+    Status writeAuthority(const QString& user, const SampleAccount& sample, const QString& type)
     {
-        QString reason = m_authorities.grant(user, sample.number, type);
-        if (reason.isEmpty())
-            reason = m_authorities.setRuleProperty(user, sample.number, type, sample.ruleProperty);
-        return reason.isEmpty() ? writeChain(sample.number, type) : reason;
+        if (Status status = m_authorities.grant(user, sample.number, type); !status)
+            return status;
+        Status status = m_authorities.setRuleProperty(user, sample.number, type, sample.ruleProperty);
+        return status ? writeChain(sample.number, type) : status;
     }
 
     // Nobody is there to whom a Hong Kong connect instruction could be handed on.
-    QString writeChain(const QString& account, const QString& type)
+    Status writeChain(const QString& account, const QString& type)
     {
         const QString key = QStringLiteral("CHAIN-%1-%2").arg(account, type);
-        QString reason = m_authorities.addChain(account, type, key);
-        if (reason.isEmpty())
-            reason = m_authorities.addChainUsers(key, ChainRole::Execute, executors);
-        if (reason.isEmpty() && type != HkConnect)
-            reason = m_authorities.addChainUsers(key, ChainRole::Forward, reviewers);
-        return reason;
+        if (Status status = m_authorities.addChain(account, type, key); !status)
+            return status;
+        Status status = m_authorities.addChainUsers(key, ChainRole::Execute, executors);
+        if (!status || type == HkConnect)
+            return status;
+        return m_authorities.addChainUsers(key, ChainRole::Forward, reviewers);
     }
 
-    QString writePositions(const SampleAccount& sample)
+    Status writePositions(const SampleAccount& sample)
     {
-        QString reason = writeHoldings(sample, Exchange::sh, SubType::Ashares, Kelvo_Values::SymbolPost::sh, 1);
-        if (reason.isEmpty())
-            reason = writeHoldings(sample, Exchange::sz, SubType::Gemstock, Kelvo_Values::SymbolPost::sz, 1);
-        if (reason.isEmpty())
-            reason = writeHoldings(
+        Status status = writeHoldings(sample, Exchange::sh, SubType::Ashares, Kelvo_Values::SymbolPost::sh, 1);
+        if (status)
+            status = writeHoldings(sample, Exchange::sz, SubType::Gemstock, Kelvo_Values::SymbolPost::sz, 1);
+        if (status)
+            status = writeHoldings(
                 sample, Exchange::sh, SubType::ConvertableBondTypeList.constFirst(), Kelvo_Values::SymbolPost::sh, 10);
-        if (reason.isEmpty())
-            reason =
+        if (status)
+            status =
                 writeHoldings(sample, Exchange::HkStockCirculation, SubType::HStcokCirculation, SymbolSuffix::hk, 1);
-        return reason;
+        return status;
     }
 
     // Of each kind one position that is ample and one that is scarce, part of it not to be sold today.
-    QString writeHoldings(const SampleAccount& sample, const QString& exchange, const QString& subType,
+    Status writeHoldings(const SampleAccount& sample, const QString& exchange, const QString& subType,
         const QString& suffix, int displayFactor)
     {
         if (!sample.exchanges.contains(exchange))
-            return QString();
+            return {};
         const QStringList symbols = m_securities.firstSymbols(subType, suffix, 2);
         const QVector<qint64> held{ 200000 / displayFactor, 500 / displayFactor };
         const QVector<qint64> sellable{ 200000 / displayFactor, 300 / displayFactor };
-        QString reason;
-        for (int i = 0; i < symbols.size() && reason.isEmpty(); ++i)
-            reason = m_positions.set(
+        Status status;
+        for (int i = 0; i < symbols.size() && status; ++i)
+            status = m_positions.set(
                 { sample.number, securityAccount(sample, exchange), symbols.at(i), held.at(i), sellable.at(i) });
-        return reason;
+        return status;
     }
 
     UserStore m_users;
@@ -231,7 +231,7 @@ QString SampleAccounts::defaultUser()
     return QStringLiteral("trader01");
 }
 
-QString SampleAccounts::write(Database& database, const QDateTime& signedTime)
+Status SampleAccounts::write(Database& database, const QDateTime& signedTime)
 {
     return database.transaction([&] { return AccountWriter(database, signedTime).write(); });
 }

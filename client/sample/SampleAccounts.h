@@ -11,6 +11,6 @@ namespace SampleAccounts {
 QString defaultUser();
 /// Writes everything in one transaction, positions in securities of the market that the database holds. `signedTime`
 /// is when the clients who have signed did so.
-QString write(Database& database, const QDateTime& signedTime);
+Status write(Database& database, const QDateTime& signedTime);
 
 } // namespace SampleAccounts

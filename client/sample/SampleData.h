@@ -6,7 +6,8 @@
 namespace SampleData {
 
 /// Writes the data with closes up to the last trade day before today. `marketSize`: number of securities, 0 for the
-/// usual one. Returns the reason in Chinese when it fails; call it within the transaction that undoes it then.
-QString write(Database& database, int marketSize, const SampleMarket::Progress& progress);
+/// usual one. Call it within a
+/// transaction, which undoes it when it fails.
+Status write(Database& database, int marketSize, const SampleMarket::Progress& progress);
 
 } // namespace SampleData

@@ -158,36 +158,34 @@ public:
     {
     }
 
-    QString write()
+    Status write()
     {
         m_store.beginAdding();
         const QVector<int> counts = countsFor(m_size);
         for (int i = 0; i < counts.size(); ++i) {
-            const QString reason = writeBoard(sampleBoards().at(i), counts.at(i));
-            if (!reason.isEmpty())
-                return reason;
+            if (Status status = writeBoard(sampleBoards().at(i), counts.at(i)); !status)
+                return status;
         }
-        return report() ? QString() : stopped();
+        return report() ? Status() : Error::SampleCancelled;
     }
 
 private:
-    QString writeBoard(const SampleBoard& board, int count)
+    Status writeBoard(const SampleBoard& board, int count)
     {
         CodePicker codes(board, count, seedOf(m_options.seed, board.suffix) + quint64(board.ranges.constFirst().first));
         for (int i = 0; i < count; ++i) {
             if (m_done % progressStep == 0 && !report())
-                return stopped();
+                return Error::SampleCancelled;
             Security security;
             codes.pick(i, security);
-            const QString reason = writeSecurity(board, security);
-            if (!reason.isEmpty())
-                return reason;
+            if (Status status = writeSecurity(board, security); !status)
+                return status;
             ++m_done;
         }
-        return QString();
+        return {};
     }
 
-    QString writeSecurity(const SampleBoard& board, Security& security)
+    Status writeSecurity(const SampleBoard& board, Security& security)
     {
         SampleRandom random(seedOf(m_options.seed, security.symbol));
         const int days = historyLength(board, random);
@@ -220,7 +218,6 @@ private:
     int nextNameIndex(SampleKind kind) { return m_names[kind == SampleKind::HongKong ? SampleKind::Share : kind]++; }
 
     bool report() { return !m_progress || m_progress(m_done, m_size); }
-    static QString stopped() { return QStringLiteral("样本市场的生成已取消"); }
 
     SecurityStore m_store;
     const SampleMarketOptions m_options;
@@ -247,12 +244,12 @@ int SampleMarket::closesPerSecurity()
     return fullHistory;
 }
 
-QString SampleMarket::write(Database& database, const SampleMarketOptions& options, const Progress& progress)
+Status SampleMarket::write(Database& database, const SampleMarketOptions& options, const Progress& progress)
 {
     const int size = options.size == 0 ? standardSize() : options.size;
     if (size < smallestSize || size > largestSize())
-        return QStringLiteral("样本市场的证券数量须在%1到%2之间").arg(smallestSize).arg(largestSize());
+        return { Error::MarketSizeOutOfRange, { QString::number(smallestSize), QString::number(largestSize()) } };
     if (!options.lastDay.isValid())
-        return QStringLiteral("样本市场缺少最后一个收盘日");
+        return Error::NoLastClose;
     return database.transaction([&] { return MarketWriter(database, options, size, progress).write(); });
 }

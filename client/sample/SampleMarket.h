@@ -32,5 +32,5 @@ public:
 
     /// Writes the market in one transaction, so that a market that was stopped or failed leaves nothing behind.
     /// A size of more than `largestSize` or less than one security of every kind is refused.
-    static QString write(Database& database, const SampleMarketOptions& options, const Progress& progress = {});
+    static Status write(Database& database, const SampleMarketOptions& options, const Progress& progress = {});
 };

@@ -77,15 +77,14 @@ StoredAgreement reduceAgreement()
 
 } // namespace
 
-QString SampleTexts::write(Database& database)
+Status SampleTexts::write(Database& database)
 {
     return database.transaction([&database] {
         StaticTextStore texts(database);
         const QVector<StaticText> all = planTexts() + exchangeTexts() + entrustTexts();
         for (const StaticText& text : all) {
-            const QString reason = texts.set(text.category, text.key, text.text);
-            if (!reason.isEmpty())
-                return reason;
+            if (Status status = texts.set(text.category, text.key, text.text); !status)
+                return status;
         }
         return AgreementStore(database).add(reduceAgreement());
     });

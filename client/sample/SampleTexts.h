@@ -6,6 +6,6 @@
 namespace SampleTexts {
 
 /// Writes everything in one transaction.
-QString write(Database& database);
+Status write(Database& database);
 
 } // namespace SampleTexts

@@ -52,8 +52,10 @@ AutoPlanLogic::AutoPlanLogic()
 {
     connect(this, &AutoPlanLogic::signalQuerySymbolMAInfo, this,
         [this](const QString&, const QString& symbol) { queryAverages(this, symbol); });
-    connect(&PlanEvents::instance(), &PlanEvents::averagesAnswered, this, &AutoPlanLogic::signalQuerySymbolMAResponse,
-        Qt::DirectConnection);
+    const auto forward = [this](const QString& symbol, const Result<QStringList>& names) {
+        Q_EMIT signalQuerySymbolMAResponse(symbol, names.valueOr({}), errorText(names.status()));
+    };
+    connect(&PlanEvents::instance(), &PlanEvents::averagesAnswered, this, forward, Qt::DirectConnection);
 }
 
 AutoPlanLogic::~AutoPlanLogic() = default;
@@ -71,10 +73,10 @@ QString AutoPlanLogic::CreateNewPlan(QMap<QString, QVariant> record)
         return errorText(Error::PlansNeedLogin);
     if (Status refused = PlanCheck::creationError(record, knownOf(session)); !refused)
         return errorText(refused);
-    const PlanStore::Created created = session.plans().create(record, session.user().id, QDateTime::currentDateTime());
-    if (created.reason.isEmpty())
-        Q_EMIT PlanEvents::instance().planStored(created.id);
-    return created.reason;
+    const Result<QString> id = session.plans().create(record, session.user().id, QDateTime::currentDateTime());
+    if (id)
+        Q_EMIT PlanEvents::instance().planStored(*id);
+    return errorText(id.status());
 }
 
 // Reading, checking and writing share one transaction: what was checked is what is changed.
@@ -86,17 +88,17 @@ QString AutoPlanLogic::modifyPlan(const QMap<QString, QVariant>& record)
     const QString planId = record.value(BaseField::autoPlanId).toString();
     QMap<QString, QVariant> content = record;
     content.remove(BaseField::autoPlanId);
-    const QString reason = session.database().transaction([&] {
+    const Status status = session.database().transaction([&]() -> Status {
         PlanStore plans = session.plans();
         const StoredPlan stored = plans.plan(planId);
         if (stored.id.isEmpty())
-            return errorText({ Error::UnknownPlan, { planId } });
-        const Status refused = PlanCheck::changeError(stored.record, content, clientToday(), knownOf(session));
-        return refused ? plans.modify(planId, content, QDateTime::currentDateTime()) : errorText(refused);
+            return { Error::UnknownPlan, { planId } };
+        Status refused = PlanCheck::changeError(stored.record, content, clientToday(), knownOf(session));
+        return refused ? plans.modify(planId, content, QDateTime::currentDateTime()) : refused;
     });
-    if (reason.isEmpty())
+    if (status)
         Q_EMIT PlanEvents::instance().planStored(planId);
-    return reason;
+    return errorText(status);
 }
 
 QMap<QString, QVariant> AutoPlanLogic::GetPlanInfo(QString planId)

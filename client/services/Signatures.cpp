@@ -14,21 +14,21 @@ StoredAgreement agreementOf(const QString& protocolId)
     return session.isOpen() ? AgreementStore(session.database()).agreement(protocolId) : StoredAgreement();
 }
 
-QString signingError(const QString& protocolId, const QStringList& clientNumbers)
+Status signingError(const QString& protocolId, const QStringList& clientNumbers)
 {
     const ClientSession& session = ClientSession::instance();
     if (!session.isOpen())
-        return QStringLiteral("尚未登录，无法签署协议");
+        return Error::SigningNeedsLogin;
     if (agreementOf(protocolId).protocol.isEmpty())
-        return QStringLiteral("协议“%1”不存在").arg(protocolId);
+        return { Error::UnknownAgreement, { protocolId } };
     if (clientNumbers.isEmpty())
-        return QStringLiteral("请选择签署协议的客户");
+        return Error::NoSigner;
     const QStringList known = session.accounts().clientNumbers();
     for (const QString& number : clientNumbers) {
         if (!known.contains(number))
-            return QStringLiteral("客户“%1”不属于当前用户").arg(number);
+            return { Error::ForeignClient, { number } };
     }
-    return QString();
+    return {};
 }
 
 } // namespace
@@ -43,24 +43,22 @@ QString agreementText(const QString& protocolId)
     return agreementOf(protocolId).content;
 }
 
-QString signAgreement(const QString& protocolId, const QStringList& clientNumbers)
+Status signAgreement(const QString& protocolId, const QStringList& clientNumbers)
 {
-    const QString refused = signingError(protocolId, clientNumbers);
-    if (!refused.isEmpty())
+    if (Status refused = signingError(protocolId, clientNumbers); !refused)
         return refused;
     ClientSession& session = ClientSession::instance();
     const QDateTime now = QDateTime::currentDateTime();
-    const QString reason = session.database().transaction([&] {
+    Status status = session.database().transaction([&]() -> Status {
         AgreementStore store(session.database());
         for (const QString& number : clientNumbers) {
-            const QString failed = store.sign(protocolId, number, session.user().id, now);
-            if (!failed.isEmpty())
+            if (Status failed = store.sign(protocolId, number, session.user().id, now); !failed)
                 return failed;
         }
-        return QString();
+        return {};
     });
     session.forgetSignatures();
-    return reason;
+    return status;
 }
 
 AgreementDC& AgreementDC::instance()

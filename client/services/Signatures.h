@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Status.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -12,5 +14,5 @@ QString agreementTitle(const QString& protocolId);
 QString agreementText(const QString& protocolId);
 
 /// Stores that the clients have signed an agreement, with the logged-in user and the present time, all of them or
-/// none. Empty on success, else the reason in Chinese.
-QString signAgreement(const QString& protocolId, const QStringList& clientNumbers);
+/// none.
+Status signAgreement(const QString& protocolId, const QStringList& clientNumbers);

@@ -41,17 +41,16 @@ ClientSession& ClientSession::instance()
     return session;
 }
 
-QString ClientSession::open(const QString& file, const QString& userId)
+Status ClientSession::open(const QString& file, const QString& userId)
 {
     return open(file, userId, Progress(), Options());
 }
 
-QString ClientSession::open(
-    const QString& file, const QString& userId, const Progress& progress, const Options& options)
+Status ClientSession::open(const QString& file, const QString& userId, const Progress& progress, const Options& options)
 {
     close();
-    const QString reason = openFor(file, userId, progress, options);
-    m_open = reason.isEmpty();
+    Status status = openFor(file, userId, progress, options);
+    m_open = bool(status);
     if (m_open) {
         m_market.prepareSearch();
         startMovingAverages();
@@ -59,7 +58,7 @@ QString ClientSession::open(
     } else {
         close();
     }
-    return reason;
+    return status;
 }
 
 void ClientSession::close()
@@ -129,26 +128,26 @@ bool ClientSession::askMovingAverages(const QString& symbol)
     return m_open;
 }
 
-QString ClientSession::openFor(
+Status ClientSession::openFor(
     const QString& file, const QString& userId, const Progress& progress, const Options& options)
 {
-    QString reason = m_database.open(file);
-    if (reason.isEmpty() && UserStore(m_database).users().isEmpty())
-        reason = m_database.transaction([&] { return SampleData::write(m_database, options.marketSize, progress); });
-    if (reason.isEmpty())
-        reason = m_market.load(m_database);
-    return reason.isEmpty() ? logIn(userId) : reason;
+    Status status = m_database.open(file);
+    if (status && UserStore(m_database).users().isEmpty())
+        status = m_database.transaction([&] { return SampleData::write(m_database, options.marketSize, progress); });
+    if (status)
+        status = m_market.load(m_database);
+    return status ? logIn(userId) : status;
 }
 
-QString ClientSession::logIn(const QString& userId)
+Status ClientSession::logIn(const QString& userId)
 {
     UserStore store(m_database);
     const QString wanted = userId.isEmpty() ? SampleAccounts::defaultUser() : userId;
     m_user = store.user(wanted);
     if (m_user.id.isEmpty())
-        return QStringLiteral("用户“%1”不存在").arg(wanted);
+        return { Error::UnknownUser, { wanted } };
     m_accounts.load(m_database, m_user.id);
-    return QString();
+    return {};
 }
 
 void ClientSession::startMovingAverages()

@@ -28,10 +28,10 @@ public:
     static ClientSession& instance();
 
     /// Opens a database for a user, closing an earlier session. A new database gets the sample data first. An empty
-    /// user id logs the sample's first user in. Returns the reason in Chinese when it fails; the session is then
-    /// closed. The search for securities is prepared once events are worked off.
-    QString open(const QString& file, const QString& userId, const Progress& progress, const Options& options);
-    QString open(const QString& file, const QString& userId);
+    /// user id logs the sample's first user in. When it fails the session is closed. The search for securities is
+    /// prepared once events are worked off.
+    Status open(const QString& file, const QString& userId, const Progress& progress, const Options& options);
+    Status open(const QString& file, const QString& userId);
     /// Ends the session; answers that are still being computed are dropped. Does nothing while closed.
     void close();
     bool isOpen() const { return m_open; }
@@ -67,8 +67,8 @@ private:
     ClientSession();
     ~ClientSession();
 
-    QString openFor(const QString& file, const QString& userId, const Progress& progress, const Options& options);
-    QString logIn(const QString& userId);
+    Status openFor(const QString& file, const QString& userId, const Progress& progress, const Options& options);
+    Status logIn(const QString& userId);
     void startMovingAverages();
 
     bool m_open = false;

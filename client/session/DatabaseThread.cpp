@@ -10,8 +10,8 @@ public:
 
     void run(const Job& job)
     {
-        const QString reason = m_database.isOpen() ? QString() : m_database.open(m_fileName);
-        job(m_database, reason);
+        const Status opened = m_database.isOpen() ? Status() : m_database.open(m_fileName);
+        job(m_database, opened);
     }
 
 private:

@@ -10,8 +10,8 @@
 /// A thread with a connection to the database, for reads that must not block the user interface.
 class DatabaseThread {
 public:
-    /// Runs on the thread. `reason` says why the database cannot be read, in Chinese; empty when it can.
-    using Job = std::function<void(Database& database, const QString& reason)>;
+    /// Runs on the thread. `opened`: whether the database can be read.
+    using Job = std::function<void(Database& database, const Status& opened)>;
 
     /// `fileName`: the database, opened by the first job.
     DatabaseThread(const QString& name, const QString& fileName);

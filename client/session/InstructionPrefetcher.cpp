@@ -9,8 +9,8 @@ InstructionPrefetcher::InstructionPrefetcher(const QString& fileName)
 void InstructionPrefetcher::read(const QString& planId, const QString& token)
 {
     const int question = ++m_asked;
-    m_thread.run([=](Database& database, const QString& reason) {
-        if (question != m_asked || !reason.isEmpty())
+    m_thread.run([=](Database& database, const Status& opened) {
+        if (question != m_asked || !opened)
             return;
         const Instructions instructions = InstructionStore(database).ofPlan(planId);
         if (question == m_asked && !m_thread.isStopping())

@@ -3,6 +3,17 @@
 #include "MovingAverages.h"
 #include "SecurityStore.h"
 
+namespace {
+
+Result<QStringList> availableAverages(Database& database, const Status& opened, const QString& symbol)
+{
+    if (!opened)
+        return opened;
+    return MovingAverages::available(SecurityStore(database).closes(symbol).ticks.size());
+}
+
+} // namespace
+
 MovingAverageWorker::MovingAverageWorker(const QString& fileName)
     : m_thread(QStringLiteral("moving averages"), fileName)
 {
@@ -10,11 +21,9 @@ MovingAverageWorker::MovingAverageWorker(const QString& fileName)
 
 void MovingAverageWorker::ask(const QString& symbol)
 {
-    m_thread.run([this, symbol](Database& database, const QString& reason) {
-        QStringList names;
-        if (reason.isEmpty())
-            names = MovingAverages::available(SecurityStore(database).closes(symbol).ticks.size());
+    m_thread.run([this, symbol](Database& database, const Status& opened) {
+        const Result<QStringList> names = availableAverages(database, opened, symbol);
         if (!m_thread.isStopping())
-            Q_EMIT answered(symbol, names, reason);
+            Q_EMIT answered(symbol, names);
     });
 }

@@ -18,9 +18,8 @@ public:
     void ask(const QString& symbol);
 
 Q_SIGNALS:
-    /// Emitted from the worker's thread: names of the averages for which enough closes exist, or the reason why there
-    /// are none.
-    void answered(const QString& symbol, const QStringList& names, const QString& reason);
+    /// Emitted from the worker's thread: names of the averages for which enough closes exist.
+    void answered(const QString& symbol, const Result<QStringList>& names);
 
 private:
     DatabaseThread m_thread;

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "Status.h"
+
 #include <QObject>
+#include <QStringList>
 
 /// Announces what has changed about stored plans and what was found out for them. One per process.
 class PlanEvents : public QObject {
@@ -12,9 +15,9 @@ public:
 Q_SIGNALS:
     /// A plan was created, modified or has got new instructions, and is stored so.
     void planStored(const QString& planId);
-    /// The answer to a moving-average query: names of the averages that the security has, or the reason why there are
-    /// none. Emitted on another thread than the query's.
-    void averagesAnswered(const QString& symbol, const QStringList& names, const QString& reason);
+    /// The answer to a moving-average query: names of the averages that the security has. Emitted on another thread
+    /// than the query's.
+    void averagesAnswered(const QString& symbol, const Result<QStringList>& names);
 
 private:
     PlanEvents() = default;

@@ -11,13 +11,13 @@ SearchableMarket::SearchableMarket()
     SymbolIndexes::instance();
 }
 
-QString SearchableMarket::load(Database& database)
+Status SearchableMarket::load(Database& database)
 {
     auto market = std::make_unique<Market>();
-    const QString reason = market->load(database);
-    if (reason.isEmpty())
+    Status status = market->load(database);
+    if (status)
         replace(std::move(market));
-    return reason;
+    return status;
 }
 
 void SearchableMarket::clear()

@@ -13,8 +13,8 @@ public:
 
     const Market& market() const { return *m_market; }
 
-    /// Loads every security of the database. Returns the reason when reading fails; the market is then as it was.
-    QString load(Database& database);
+    /// Loads every security of the database. When reading fails the market stays as it was.
+    Status load(Database& database);
     /// Goes back to an empty market. Once it returns, no thread reads names any more.
     void clear();
     /// Begins to prepare the indexes once events are worked off: a window that is being built needs the processor more.

@@ -5,26 +5,26 @@ AccountStore::AccountStore(Database& database)
 {
 }
 
-QString AccountStore::add(const StoredAccount& account)
+Status AccountStore::add(const StoredAccount& account)
 {
     return m_database.transaction([&] {
-        QString reason = m_database.execute(
+        Status status = m_database.execute(
             QStringLiteral("INSERT INTO accounts (trading_account, fund_account, name, client_no, asset_property,"
                            " branch_no) VALUES (?, ?, ?, ?, ?, ?)"),
             { account.tradingAccount, account.fundAccount, account.name, account.clientNo, account.assetProperty,
                 account.branchNo });
         const auto& exchanges = account.exchangeAccounts;
-        for (auto it = exchanges.cbegin(); it != exchanges.cend() && reason.isEmpty(); ++it) {
-            reason = m_database.execute(
+        for (auto it = exchanges.cbegin(); it != exchanges.cend() && status; ++it) {
+            status = m_database.execute(
                 QStringLiteral("INSERT INTO exchange_accounts (trading_account, exchange, security_account)"
                                " VALUES (?, ?, ?)"),
                 { account.tradingAccount, it.key(), it.value() });
         }
-        return reason;
+        return status;
     });
 }
 
-QString AccountStore::assign(const QString& userId, const QString& tradingAccount)
+Status AccountStore::assign(const QString& userId, const QString& tradingAccount)
 {
     return m_database.execute(QStringLiteral("INSERT INTO user_accounts (user, position, trading_account)"
                                              " VALUES (?, (SELECT count(*) FROM user_accounts WHERE user = ?), ?)"),

@@ -29,9 +29,9 @@ class AccountStore {
 public:
     explicit AccountStore(Database& database);
 
-    QString add(const StoredAccount& account);
+    Status add(const StoredAccount& account);
     /// Gives the account to the user, after those that the user has.
-    QString assign(const QString& userId, const QString& tradingAccount);
+    Status assign(const QString& userId, const QString& tradingAccount);
     /// In the order in which they were given; empty when the user is unknown or has none.
     QVector<StoredAccount> accountsOf(const QString& userId);
     /// A default account (empty trading account) when unknown.

@@ -5,7 +5,7 @@ AgreementStore::AgreementStore(Database& database)
 {
 }
 
-QString AgreementStore::add(const StoredAgreement& agreement)
+Status AgreementStore::add(const StoredAgreement& agreement)
 {
     return m_database.execute(QStringLiteral("INSERT INTO agreements (protocol, title, content) VALUES (?, ?, ?)"),
         { agreement.protocol, agreement.title, agreement.content });
@@ -20,7 +20,7 @@ StoredAgreement AgreementStore::agreement(const QString& protocol)
     return { query.value(0).toString(), query.value(1).toString(), query.value(2).toString() };
 }
 
-QString AgreementStore::sign(
+Status AgreementStore::sign(
     const QString& protocol, const QString& clientNo, const QString& userId, const QDateTime& now)
 {
     return m_database.execute(

@@ -17,12 +17,12 @@ class AgreementStore {
 public:
     explicit AgreementStore(Database& database);
 
-    QString add(const StoredAgreement& agreement);
+    Status add(const StoredAgreement& agreement);
     /// A default agreement (empty protocol) when unknown.
     StoredAgreement agreement(const QString& protocol);
 
     /// Signs for the client. A client that has signed already keeps the first signature; that is no error.
-    QString sign(const QString& protocol, const QString& clientNo, const QString& userId, const QDateTime& now);
+    Status sign(const QString& protocol, const QString& clientNo, const QString& userId, const QDateTime& now);
     /// Invalid when the client has not signed.
     QDateTime signedTime(const QString& protocol, const QString& clientNo);
     /// Client numbers of the user's accounts that have not signed, ascending, each once.

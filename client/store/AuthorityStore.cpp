@@ -14,7 +14,7 @@ AuthorityStore::AuthorityStore(Database& database)
 {
 }
 
-QString AuthorityStore::grant(const QString& userId, const QString& tradingAccount, const QString& instructionType)
+Status AuthorityStore::grant(const QString& userId, const QString& tradingAccount, const QString& instructionType)
 {
     return m_database.execute(
         QStringLiteral("INSERT INTO order_authorities (user, trading_account, instruction_type) VALUES (?, ?, ?)"),
@@ -30,7 +30,7 @@ bool AuthorityStore::hasAuthority(const QString& userId, const QString& tradingA
     return query.next();
 }
 
-QString AuthorityStore::setRuleProperty(
+Status AuthorityStore::setRuleProperty(
     const QString& userId, const QString& tradingAccount, const QString& instructionType, int property)
 {
     return m_database.execute(
@@ -48,7 +48,7 @@ int AuthorityStore::ruleProperty(const QString& userId, const QString& tradingAc
     return query.next() ? query.value(0).toInt() : 0;
 }
 
-QString AuthorityStore::addChain(const QString& tradingAccount, const QString& instructionType, const QString& chainKey)
+Status AuthorityStore::addChain(const QString& tradingAccount, const QString& instructionType, const QString& chainKey)
 {
     return m_database.execute(
         QStringLiteral("INSERT INTO approval_chains (trading_account, instruction_type, chain_key) VALUES (?, ?, ?)"),
@@ -63,18 +63,18 @@ QString AuthorityStore::chainKey(const QString& tradingAccount, const QString& i
     return query.next() ? query.value(0).toString() : QString();
 }
 
-QString AuthorityStore::addChainUsers(const QString& chainKey, ChainRole role, const QStringList& userNames)
+Status AuthorityStore::addChainUsers(const QString& chainKey, ChainRole role, const QStringList& userNames)
 {
-    return m_database.transaction([&] {
+    return m_database.transaction([&]() -> Status {
         for (const QString& name : userNames) {
-            const QString reason = m_database.execute(
+            Status status = m_database.execute(
                 QStringLiteral("INSERT INTO chain_users (chain_key, role, position, user_name) VALUES (?, ?,"
                                " (SELECT count(*) FROM chain_users WHERE chain_key = ? AND role = ?), ?)"),
                 { chainKey, textOf(role), chainKey, textOf(role), name });
-            if (!reason.isEmpty())
-                return reason;
+            if (!status)
+                return status;
         }
-        return QString();
+        return {};
     });
 }
 

@@ -12,7 +12,7 @@ StrategyStore::StrategyStore(Database& database)
 {
 }
 
-QString StrategyStore::setWhiteList(
+Status StrategyStore::setWhiteList(
     const QString& instructionType, const QString& targetType, const QString& symbol, const QStringList& names)
 {
     return setList({ white, instructionType, targetType, symbol }, names);
@@ -24,7 +24,7 @@ QStringList StrategyStore::whiteList(const QString& instructionType, const QStri
     return own.isEmpty() ? list({ white, instructionType, targetType, QString() }) : own;
 }
 
-QString StrategyStore::setBlackList(const QString& targetType, const QStringList& names)
+Status StrategyStore::setBlackList(const QString& targetType, const QStringList& names)
 {
     return setList({ black, QString(), targetType, QString() }, names);
 }
@@ -34,20 +34,20 @@ QStringList StrategyStore::blackList(const QString& targetType)
     return list({ black, QString(), targetType, QString() });
 }
 
-QString StrategyStore::setList(const ListKey& key, const QStringList& names)
+Status StrategyStore::setList(const ListKey& key, const QStringList& names)
 {
     return m_database.transaction([&] {
-        QString reason = m_database.execute(
+        Status status = m_database.execute(
             QStringLiteral("DELETE FROM strategy_lists WHERE list = ? AND instruction_type = ? AND target_type = ?"
                            " AND symbol = ?"),
             { key.list, key.instructionType, key.targetType, key.symbol });
-        for (int i = 0; i < names.size() && reason.isEmpty(); ++i) {
-            reason = m_database.execute(
+        for (int i = 0; i < names.size() && status; ++i) {
+            status = m_database.execute(
                 QStringLiteral("INSERT INTO strategy_lists (list, instruction_type, target_type, symbol, position,"
                                " strategy) VALUES (?, ?, ?, ?, ?, ?)"),
                 { key.list, key.instructionType, key.targetType, key.symbol, i, names.at(i) });
         }
-        return reason;
+        return status;
     });
 }
 
@@ -68,7 +68,7 @@ StaticTextStore::StaticTextStore(Database& database)
 {
 }
 
-QString StaticTextStore::set(const QString& category, const QString& key, const QString& text)
+Status StaticTextStore::set(const QString& category, const QString& key, const QString& text)
 {
     return m_database.execute(
         QStringLiteral("INSERT OR REPLACE INTO static_texts (category, key, text) VALUES (?, ?, ?)"),

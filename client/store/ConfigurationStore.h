@@ -10,12 +10,12 @@ public:
     explicit StrategyStore(Database& database);
 
     /// Replaces the names allowed for the three; an empty symbol stands for every security without a list of its own.
-    QString setWhiteList(
+    Status setWhiteList(
         const QString& instructionType, const QString& targetType, const QString& symbol, const QStringList& names);
     /// The security's own list, else the one for every security; empty when neither exists.
     QStringList whiteList(const QString& instructionType, const QString& targetType, const QString& symbol);
 
-    QString setBlackList(const QString& targetType, const QStringList& names);
+    Status setBlackList(const QString& targetType, const QStringList& names);
     QStringList blackList(const QString& targetType);
 
 private:
@@ -26,7 +26,7 @@ private:
         QString symbol;
     };
 
-    QString setList(const ListKey& key, const QStringList& names);
+    Status setList(const ListKey& key, const QStringList& names);
     QStringList list(const ListKey& key);
 
     Database& m_database;
@@ -37,7 +37,7 @@ class StaticTextStore {
 public:
     explicit StaticTextStore(Database& database);
 
-    QString set(const QString& category, const QString& key, const QString& text);
+    Status set(const QString& category, const QString& key, const QString& text);
     /// `fallback` when there is no such text.
     QString text(const QString& category, const QString& key, const QString& fallback = QString());
 

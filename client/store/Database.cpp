@@ -23,23 +23,23 @@ QString nextConnectionName()
     return QStringLiteral("plandesk-%1").arg(++counter);
 }
 
-QString reasonOfError(const QSqlError& error)
+Status statusOfError(const QSqlError& error)
 {
     enum Code { Busy = 5, Locked = 6, ReadOnly = 8, Corrupt = 11, Full = 13, NotADatabase = 26 };
     switch (error.nativeErrorCode().toInt() & 0xff) {
     case Busy:
     case Locked:
-        return QStringLiteral("数据库正被其他程序占用，请稍后再试");
+        return Error::DatabaseBusy;
     case ReadOnly:
-        return QStringLiteral("数据库文件只读，无法写入");
+        return Error::DatabaseReadOnly;
     case Corrupt:
-        return QStringLiteral("数据库文件已损坏");
+        return Error::DatabaseCorrupt;
     case Full:
-        return QStringLiteral("磁盘空间不足，无法写入数据库");
+        return Error::DiskFull;
     case NotADatabase:
-        return QStringLiteral("该文件不是数据库文件");
+        return Error::NotADatabase;
     default:
-        return QStringLiteral("数据库操作失败：%1").arg(error.text().trimmed());
+        return { Error::DatabaseFailed, { error.text().trimmed() } };
     }
 }
 
@@ -63,20 +63,14 @@ Database::~Database()
     close();
 }
 
-QString Database::open(const QString& fileName)
+Status Database::open(const QString& fileName)
 {
     close();
-    QString reason = connect(fileName);
-    if (reason.isEmpty())
-        reason = inspect();
-    if (reason.isEmpty())
-        reason = configure();
-    if (reason.isEmpty())
-        reason = migrate();
-    if (reason.isEmpty())
-        return reason;
+    Status status = openFile(fileName);
+    if (status)
+        return status;
     close();
-    return QStringLiteral("无法打开数据库“%1”：%2").arg(fileName, reason);
+    return { Error::CannotOpenDatabase, { fileName }, status };
 }
 
 void Database::close()
@@ -105,65 +99,75 @@ QVariant Database::handle() const
     return m_connection.driver()->handle();
 }
 
-QString Database::connect(const QString& fileName)
+Status Database::openFile(const QString& fileName)
+{
+    if (Status status = connect(fileName); !status)
+        return status;
+    if (Status status = inspect(); !status)
+        return status;
+    if (Status status = configure(); !status)
+        return status;
+    return migrate();
+}
+
+Status Database::connect(const QString& fileName)
 {
     if (fileName.isEmpty())
-        return QStringLiteral("未指定数据库文件");
+        return Error::NoDatabaseFile;
     if (QFileInfo(fileName).isDir())
-        return QStringLiteral("该路径是文件夹");
+        return Error::DatabaseIsFolder;
     if (!QDir().mkpath(QFileInfo(fileName).absolutePath()))
-        return QStringLiteral("无法创建所在文件夹");
+        return Error::CannotCreateFolder;
     m_connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
     m_connection.setDatabaseName(fileName);
     m_connection.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(busyTimeout));
     if (!m_connection.open())
-        return reasonOfError(m_connection.lastError());
-    return QString();
+        return statusOfError(m_connection.lastError());
+    return {};
 }
 
 // Only reads, so that a file that is refused stays as it was.
-QString Database::inspect()
+Status Database::inspect()
 {
     QSqlQuery tables = query(QStringLiteral("SELECT count(*) FROM sqlite_master"));
     if (!tables.isActive())
-        return reasonOf(tables);
+        return statusOf(tables);
     const int version = number(QStringLiteral("PRAGMA user_version"));
     const int application = number(QStringLiteral("PRAGMA application_id"));
     const bool fresh = tables.next() && tables.value(0).toInt() == 0 && version == 0 && application == 0;
     if (fresh)
-        return QString();
+        return {};
     if (application != Schema::applicationId() || version < 1)
-        return QStringLiteral("该文件属于其他程序");
+        return Error::ForeignDatabase;
     if (version > Schema::latestVersion())
-        return QStringLiteral("数据库版本%1高于本程序支持的版本%2，请升级程序")
-            .arg(version)
-            .arg(Schema::latestVersion());
+        return { Error::NewerDatabase, { QString::number(version), QString::number(Schema::latestVersion()) } };
     QSqlQuery check = query(QStringLiteral("PRAGMA quick_check(1)"));
     const bool sound = check.next() && check.value(0).toString() == QLatin1String("ok");
-    return sound ? QString() : QStringLiteral("数据库文件已损坏");
+    return sound ? Status() : Error::DatabaseCorrupt;
 }
 
-QString Database::configure()
+Status Database::configure()
 {
     QSqlQuery journal = query(QStringLiteral("PRAGMA journal_mode = WAL"));
     if (!journal.isActive())
-        return reasonOf(journal);
+        return statusOf(journal);
     if (!journal.next() || journal.value(0).toString() != QLatin1String("wal"))
-        return QStringLiteral("数据库无法启用预写日志");
+        return Error::NoWriteAheadLog;
     journal.finish();
-    const QString reason = execute(QStringLiteral("PRAGMA synchronous = FULL"));
-    return reason.isEmpty() ? execute(QStringLiteral("PRAGMA foreign_keys = ON")) : reason;
+    if (Status status = execute(QStringLiteral("PRAGMA synchronous = FULL")); !status)
+        return status;
+    return execute(QStringLiteral("PRAGMA foreign_keys = ON"));
 }
 
-QString Database::migrate()
+Status Database::migrate()
 {
     if (number(QStringLiteral("PRAGMA user_version")) == Schema::latestVersion())
-        return QString();
+        return {};
     return transaction([this] { return applyMigrations(); });
 }
 
 // The version is read again under the write lock: another process may have migrated in the meantime.
-QString Database::applyMigrations()
+Status Database::applyMigrations()
 {
     const int version = number(QStringLiteral("PRAGMA user_version"));
     QStringList statements;
@@ -174,30 +178,29 @@ QString Database::applyMigrations()
     statements << QStringLiteral("PRAGMA application_id = %1").arg(Schema::applicationId())
                << QStringLiteral("PRAGMA user_version = %1").arg(Schema::latestVersion());
     for (const QString& statement : qAsConst(statements)) {
-        const QString reason = execute(statement);
-        if (!reason.isEmpty())
-            return QStringLiteral("升级数据库失败，%1").arg(reason);
+        if (Status status = execute(statement); !status)
+            return { Error::MigrationFailed, {}, status };
     }
-    return QString();
+    return {};
 }
 
-QString Database::transaction(const std::function<QString()>& work)
+Status Database::transaction(const std::function<Status()>& work)
 {
     if (m_inTransaction)
         return work();
-    QString reason = execute(QStringLiteral("BEGIN IMMEDIATE"));
-    if (!reason.isEmpty())
-        return reason;
+    Status status = execute(QStringLiteral("BEGIN IMMEDIATE"));
+    if (!status)
+        return status;
     m_inTransaction = true;
-    reason = work();
+    status = work();
     m_inTransaction = false;
-    if (reason.isEmpty())
-        reason = execute(QStringLiteral("COMMIT"));
-    if (reason.isEmpty())
+    if (status)
+        status = execute(QStringLiteral("COMMIT"));
+    if (status)
         ++m_committed;
     else
-        execute(QStringLiteral("ROLLBACK"));
-    return reason;
+        query(QStringLiteral("ROLLBACK"));
+    return status;
 }
 
 QSqlQuery Database::query(const QString& statement, const QVariantList& values)
@@ -211,9 +214,9 @@ QSqlQuery Database::query(const QString& statement, const QVariantList& values)
     return result;
 }
 
-QString Database::execute(const QString& statement, const QVariantList& values)
+Status Database::execute(const QString& statement, const QVariantList& values)
 {
-    return reasonOf(query(statement, values));
+    return statusOf(query(statement, values));
 }
 
 QSqlQuery Database::prepare(const QString& statement)
@@ -225,13 +228,13 @@ QSqlQuery Database::prepare(const QString& statement)
     return result;
 }
 
-QString Database::executePrepared(QSqlQuery& statement, const QVariantList& values)
+Status Database::executePrepared(QSqlQuery& statement, const QVariantList& values)
 {
     if (!statement.lastQuery().isEmpty()) {
         bind(statement, values);
         statement.exec();
     }
-    return reasonOf(statement);
+    return statusOf(statement);
 }
 
 void Database::prepareWal()
@@ -242,14 +245,14 @@ void Database::prepareWal()
     if (isBegun && (m_committed < transactionsPerWal || !checkpoint()))
         return;
     setBusyTimeout(0);
-    if (startWal().isEmpty())
+    if (startWal())
         m_committed = 0;
     setBusyTimeout(busyTimeout);
 }
 
 // The first transaction of a log flushes it twice, once for the log's own beginning. This one writes back what it
 // reads.
-QString Database::startWal()
+Status Database::startWal()
 {
     return transaction([this] {
         const int version = number(QStringLiteral("PRAGMA user_version"));
@@ -259,7 +262,7 @@ QString Database::startWal()
 
 void Database::setBusyTimeout(int milliseconds)
 {
-    execute(QStringLiteral("PRAGMA busy_timeout = %1").arg(milliseconds));
+    query(QStringLiteral("PRAGMA busy_timeout = %1").arg(milliseconds));
 }
 
 /// False while somebody else reads an older state.
@@ -277,23 +280,21 @@ QString Database::changeToken()
     if (m_dataVersion.lastQuery().isEmpty())
         m_dataVersion =
             prepare(QStringLiteral("SELECT total_changes() || '/' || data_version FROM pragma_data_version"));
-    if (!executePrepared(m_dataVersion, {}).isEmpty() || !m_dataVersion.next())
+    if (!executePrepared(m_dataVersion, {}) || !m_dataVersion.next())
         return QString();
     const QString token = m_dataVersion.value(0).toString();
     m_dataVersion.finish();
     return token;
 }
 
-QString Database::reasonOf(const QSqlQuery& query)
+Status Database::statusOf(const QSqlQuery& query)
 {
-    if (query.isActive())
-        return QString();
-    return reasonOf(query.lastError());
+    return query.isActive() ? Status() : statusOf(query.lastError());
 }
 
-QString Database::reasonOf(const QSqlError& error)
+Status Database::statusOf(const QSqlError& error)
 {
-    return error.type() == QSqlError::NoError ? QStringLiteral("数据库未打开") : reasonOfError(error);
+    return error.type() == QSqlError::NoError ? Error::DatabaseNotOpen : statusOfError(error);
 }
 
 int Database::number(const QString& statement)

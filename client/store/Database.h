@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Status.h"
+
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -10,7 +12,6 @@
 
 /// One connection to the client's SQLite file.
 ///
-/// Operations that can fail return the reason in Chinese, or an empty text when they succeeded.
 /// An object belongs to the thread that opened it; a worker thread opens the same file with an object of its own.
 class Database {
 public:
@@ -21,7 +22,7 @@ public:
 
     /// Opens the file, creating it and its folder when absent and migrating an older schema in one transaction.
     /// A newer schema, a damaged file and a file of another program are refused and left as they are.
-    QString open(const QString& fileName);
+    Status open(const QString& fileName);
     void close();
     bool isOpen() const;
     /// The opened file, empty while closed.
@@ -30,37 +31,38 @@ public:
     /// The connection as `QSqlDriver::handle` hands it out; invalid while closed.
     QVariant handle() const;
 
-    /// Runs `work` in one write transaction: commits when it returns an empty text, else undoes everything
-    /// and returns its reason. Called within another `transaction`, it joins that one.
-    QString transaction(const std::function<QString()>& work);
+    /// Runs `work` in one write transaction: commits when it succeeds, else undoes everything and returns its status.
+    /// Called within another `transaction`, it joins that one.
+    Status transaction(const std::function<Status()>& work);
     /// Runs one statement with positional values. `isActive()` of the result tells success.
     /// A null text is bound as an empty one; an invalid `QVariant` as NULL.
     QSqlQuery query(const QString& statement, const QVariantList& values = {});
     /// As `query`, for statements without a result.
-    QString execute(const QString& statement, const QVariantList& values = {});
+    Status execute(const QString& statement, const QVariantList& values = {});
     /// A statement prepared once to be run many times; see `executePrepared`.
     QSqlQuery prepare(const QString& statement);
-    static QString executePrepared(QSqlQuery& statement, const QVariantList& values);
+    static Status executePrepared(QSqlQuery& statement, const QVariantList& values);
     /// Prepares the write-ahead log for the next transaction: starts it, and after many transactions checkpoints it
     /// first. To be called while the user is idle; a file that is busy or cannot be written stays as it is.
     void prepareWal();
     /// Change token: equal tokens mean equal contents. It changes with every change by this connection and with every
     /// commit of another one. Empty within a transaction, and if unavailable.
     QString changeToken();
-    /// Why `query` failed, empty when it did not.
-    static QString reasonOf(const QSqlQuery& query);
+    /// Whether `query` ran.
+    static Status statusOf(const QSqlQuery& query);
     /// What an error with SQLite's code means; one without is that of a closed database.
-    static QString reasonOf(const QSqlError& error);
+    static Status statusOf(const QSqlError& error);
 
 private:
-    QString connect(const QString& fileName);
-    QString inspect();
-    QString configure();
-    QString migrate();
-    QString applyMigrations();
+    Status openFile(const QString& fileName);
+    Status connect(const QString& fileName);
+    Status inspect();
+    Status configure();
+    Status migrate();
+    Status applyMigrations();
     int number(const QString& statement);
     bool checkpoint();
-    QString startWal();
+    Status startWal();
     void setBusyTimeout(int milliseconds);
 
     const QString m_connectionName;

@@ -26,38 +26,38 @@ InstructionStore::InstructionStore(Database& database)
 {
 }
 
-InstructionStore::Added InstructionStore::add(const QString& planId, const QDate& day, const Fields& fields)
+Result<QString> InstructionStore::add(const QString& planId, const QDate& day, const Fields& fields)
 {
     const auto plan = PlanId::toNumber(planId);
     if (!plan)
-        return { QString(), QStringLiteral("计划%1不存在").arg(planId) };
-    Added result;
-    result.reason = m_database.transaction([&] {
+        return { Error::UnknownPlan, { planId } };
+    QString id;
+    Status status = m_database.transaction([&]() -> Status {
         QSqlQuery known =
             m_database.query(QStringLiteral("SELECT (SELECT count(*) FROM plan_instructions WHERE plan = number)"
                                             " FROM plans WHERE number = ?"),
                 { *plan });
         if (!known.next())
-            return QStringLiteral("计划%1不存在").arg(planId);
-        result.id = instructionId(planId, known.value(0).toInt() + 1);
+            return { Error::UnknownPlan, { planId } };
+        id = instructionId(planId, known.value(0).toInt() + 1);
         known.finish();
-        const QString reason =
+        Status added =
             m_database.execute(QStringLiteral("INSERT INTO plan_instructions (plan, id, day) VALUES (?, ?, ?)"),
-                { *plan, result.id, day.toString(Qt::ISODate) });
-        return reason.isEmpty() ? writeFields(*plan, result.id, fields) : reason;
+                { *plan, id, day.toString(Qt::ISODate) });
+        return added ? writeFields(*plan, id, fields) : added;
     });
-    if (!result.reason.isEmpty())
-        result.id.clear();
-    return result;
+    if (!status)
+        return status;
+    return id;
 }
 
-QString InstructionStore::update(const QString& planId, const QString& instruction, const Fields& fields)
+Status InstructionStore::update(const QString& planId, const QString& instruction, const Fields& fields)
 {
-    const QString unknown = QStringLiteral("指令%1不存在").arg(instruction);
+    const Status unknown(Error::UnknownInstruction, { instruction });
     const auto plan = PlanId::toNumber(planId);
     if (!plan)
         return unknown;
-    return m_database.transaction([&] {
+    return m_database.transaction([&]() -> Status {
         QSqlQuery known = m_database.query(
             QStringLiteral("SELECT 1 FROM plan_instructions WHERE plan = ? AND id = ?"), { *plan, instruction });
         if (!known.next())
@@ -77,17 +77,16 @@ QMap<QString, InstructionStore::Fields> InstructionStore::ofDay(const QString& p
     return read(planId, day.toString(Qt::ISODate));
 }
 
-QString InstructionStore::writeFields(qint64 plan, const QString& instruction, const Fields& fields)
+Status InstructionStore::writeFields(qint64 plan, const QString& instruction, const Fields& fields)
 {
     QSqlQuery insert = m_database.prepare(
         QStringLiteral("INSERT OR REPLACE INTO instruction_fields (plan, id, key, value) VALUES (?, ?, ?, ?)"));
     for (auto it = fields.cbegin(); it != fields.cend(); ++it) {
-        const QString reason =
-            Database::executePrepared(insert, { plan, instruction, it.key(), it.value().toString() });
-        if (!reason.isEmpty())
-            return reason;
+        Status status = Database::executePrepared(insert, { plan, instruction, it.key(), it.value().toString() });
+        if (!status)
+            return status;
     }
-    return QString();
+    return {};
 }
 
 // An empty day stands for every day.

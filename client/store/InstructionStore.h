@@ -10,18 +10,12 @@ class InstructionStore {
 public:
     using Fields = QMap<QString, QVariant>;
 
-    struct Added {
-        /// The new instruction's id, ascending within its plan; empty when refused.
-        QString id;
-        QString reason;
-    };
-
     explicit InstructionStore(Database& database);
 
-    /// Adds an instruction of the day. An unknown plan is refused.
-    Added add(const QString& planId, const QDate& day, const Fields& fields);
+    /// Adds an instruction of the day and returns its id, ascending within its plan. An unknown plan is refused.
+    Result<QString> add(const QString& planId, const QDate& day, const Fields& fields);
     /// Sets the given fields and keeps the others, as when a fill is booked. An unknown instruction is refused.
-    QString update(const QString& planId, const QString& instructionId, const Fields& fields);
+    Status update(const QString& planId, const QString& instructionId, const Fields& fields);
 
     /// Instruction id to texts by field key; empty when the plan is unknown or has none.
     QMap<QString, Fields> ofPlan(const QString& planId);
@@ -29,7 +23,7 @@ public:
     QMap<QString, Fields> ofDay(const QString& planId, const QDate& day);
 
 private:
-    QString writeFields(qint64 plan, const QString& instructionId, const Fields& fields);
+    Status writeFields(qint64 plan, const QString& instructionId, const Fields& fields);
     QMap<QString, Fields> read(const QString& planId, const QString& day);
 
     Database& m_database;

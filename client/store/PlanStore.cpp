@@ -20,36 +20,34 @@ PlanStore::PlanStore(Database& database, const QString& otherParamKey)
 {
 }
 
-PlanStore::Created PlanStore::create(const Record& record, const QString& creator, const QDateTime& now)
+Result<QString> PlanStore::create(const Record& record, const QString& creator, const QDateTime& now)
 {
-    Created result;
-    result.reason = checkRecord(record);
-    if (!result.reason.isEmpty())
-        return result;
-    result.reason = m_database.transaction([&] {
+    if (Status refused = checkRecord(record); !refused)
+        return refused;
+    QString id;
+    Status status = m_database.transaction([&] {
         const QSqlQuery insert = m_database.query(
             QStringLiteral("INSERT INTO plans (version, creator, created_time, changed_time, other_param)"
                            " VALUES (1, ?, ?, ?, ?)"),
             { creator, timeText(now), timeText(now), otherParamOf(record) });
         if (!insert.isActive())
-            return Database::reasonOf(insert);
+            return Database::statusOf(insert);
         const qint64 number = insert.lastInsertId().toLongLong();
-        result.id = PlanId::fromNumber(number);
+        id = PlanId::fromNumber(number);
         return writeFields(number, record);
     });
-    if (!result.reason.isEmpty())
-        result.id.clear();
-    return result;
+    if (!status)
+        return status;
+    return id;
 }
 
-QString PlanStore::modify(const QString& planId, const Record& record, const QDateTime& now)
+Status PlanStore::modify(const QString& planId, const Record& record, const QDateTime& now)
 {
-    const QString unknown = QStringLiteral("计划%1不存在").arg(planId);
+    const Status unknown(Error::UnknownPlan, { planId });
     const auto number = PlanId::toNumber(planId);
     if (!number)
         return unknown;
-    const QString refused = checkRecord(record);
-    if (!refused.isEmpty())
+    if (Status refused = checkRecord(record); !refused)
         return refused;
     return m_database.transaction([&] {
         const QSqlQuery update = m_database.query(
@@ -57,12 +55,11 @@ QString PlanStore::modify(const QString& planId, const Record& record, const QDa
                 "UPDATE plans SET version = version + 1, changed_time = ?, other_param = ? WHERE number = ?"),
             { timeText(now), otherParamOf(record), *number });
         if (!update.isActive())
-            return Database::reasonOf(update);
+            return Database::statusOf(update);
         if (update.numRowsAffected() != 1)
             return unknown;
-        const QString reason =
-            m_database.execute(QStringLiteral("DELETE FROM plan_fields WHERE plan = ?"), { *number });
-        return reason.isEmpty() ? writeFields(*number, record) : reason;
+        Status removed = m_database.execute(QStringLiteral("DELETE FROM plan_fields WHERE plan = ?"), { *number });
+        return removed ? writeFields(*number, record) : removed;
     });
 }
 
@@ -118,15 +115,15 @@ QStringList PlanStore::idsOfPeriod(const QString& beginKey, const QString& endKe
     return ids;
 }
 
-QString PlanStore::checkRecord(const Record& record) const
+Status PlanStore::checkRecord(const Record& record) const
 {
     if (record.isEmpty())
-        return QStringLiteral("计划内容为空");
+        return Error::EmptyPlan;
     for (auto it = record.cbegin(); it != record.cend(); ++it) {
         if (it.value().type() != QVariant::String)
-            return QStringLiteral("计划字段“%1”的值不是文本").arg(it.key());
+            return { Error::FieldNotText, { it.key() } };
     }
-    return QString();
+    return {};
 }
 
 QVariant PlanStore::otherParamOf(const Record& record) const
@@ -134,18 +131,17 @@ QVariant PlanStore::otherParamOf(const Record& record) const
     return record.contains(m_otherParamKey) ? record.value(m_otherParamKey).toString() : QVariant();
 }
 
-QString PlanStore::writeFields(qint64 number, const Record& record)
+Status PlanStore::writeFields(qint64 number, const Record& record)
 {
     QSqlQuery insert =
         m_database.prepare(QStringLiteral("INSERT INTO plan_fields (plan, key, value) VALUES (?, ?, ?)"));
     for (auto it = record.cbegin(); it != record.cend(); ++it) {
         if (it.key() == m_otherParamKey)
             continue;
-        const QString reason = Database::executePrepared(insert, { number, it.key(), it.value() });
-        if (!reason.isEmpty())
-            return reason;
+        if (Status status = Database::executePrepared(insert, { number, it.key(), it.value() }); !status)
+            return status;
     }
-    return QString();
+    return {};
 }
 
 // One statement for plans and fields; a plan's rows, one for each field, stand together.

@@ -29,20 +29,13 @@ class PlanStore {
 public:
     using Record = QMap<QString, QVariant>;
 
-    struct Created {
-        /// The new plan's id, empty when refused.
-        QString id;
-        /// Why it was refused, empty on success.
-        QString reason;
-    };
-
     /// `otherParamKey`: the record key under which the other-parameter text stands.
     PlanStore(Database& database, const QString& otherParamKey);
 
-    /// Stores a new plan in one transaction. Values that are no texts are refused.
-    Created create(const Record& record, const QString& creator, const QDateTime& now);
+    /// Stores a new plan in one transaction and returns its id. Values that are no texts are refused.
+    Result<QString> create(const Record& record, const QString& creator, const QDateTime& now);
     /// Replaces the whole record in one transaction and counts the version up. An unknown id is refused.
-    QString modify(const QString& planId, const Record& record, const QDateTime& now);
+    Status modify(const QString& planId, const Record& record, const QDateTime& now);
 
     /// Empty when the id is unknown or reading failed.
     Record record(const QString& planId);
@@ -57,9 +50,9 @@ public:
     QStringList idsOfPeriod(const QString& beginKey, const QString& endKey, const QDate& day);
 
 private:
-    QString checkRecord(const Record& record) const;
+    Status checkRecord(const Record& record) const;
     QVariant otherParamOf(const Record& record) const;
-    QString writeFields(qint64 number, const Record& record);
+    Status writeFields(qint64 number, const Record& record);
     QVector<StoredPlan> read(const QString& condition, const QVariantList& values);
     StoredPlan planOf(const QSqlQuery& row) const;
 

@@ -5,7 +5,7 @@ PositionStore::PositionStore(Database& database)
 {
 }
 
-QString PositionStore::set(const StoredPosition& position)
+Status PositionStore::set(const StoredPosition& position)
 {
     return m_database.execute(
         QStringLiteral("INSERT OR REPLACE INTO positions (trading_account, security_account, symbol, quantity,"

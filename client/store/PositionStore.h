@@ -19,7 +19,7 @@ class PositionStore {
 public:
     explicit PositionStore(Database& database);
 
-    QString set(const StoredPosition& position);
+    Status set(const StoredPosition& position);
     /// Positions of the account in one security; an empty security account stands for all of them.
     QVector<StoredPosition> positions(
         const QString& tradingAccount, const QString& securityAccount, const QString& symbol);

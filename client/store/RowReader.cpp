@@ -32,7 +32,7 @@ RowReader::~RowReader()
 
 bool RowReader::next()
 {
-    if (!m_reason.isEmpty())
+    if (!m_status)
         return false;
     const int code = sqlite3_step(m_statement);
     if (code != SQLITE_DONE)
@@ -76,5 +76,5 @@ void RowReader::note(int code)
         return;
     const QString text = m_connection ? QString::fromUtf8(sqlite3_errmsg(m_connection)) : QString();
     const auto type = m_connection ? QSqlError::StatementError : QSqlError::NoError;
-    m_reason = Database::reasonOf(QSqlError(QString(), text, type, QString::number(code)));
+    m_status = Database::statusOf(QSqlError(QString(), text, type, QString::number(code)));
 }

@@ -19,8 +19,8 @@ public:
 
     /// Goes to the next row, at first to the first one. False behind the last row and after an error.
     bool next();
-    /// Why a row could not be read, in Chinese; empty when all went well so far.
-    QString reason() const { return m_reason; }
+    /// Whether all rows could be read so far.
+    Status status() const { return m_status; }
 
     /// Values of the row, by column; empty or 0 for NULL.
     QString text(int column) const;
@@ -40,7 +40,7 @@ private:
 
     sqlite3* m_connection = nullptr;
     sqlite3_stmt* m_statement = nullptr;
-    QString m_reason;
+    Status m_status;
     QVector<Latest> m_latest;
     QHash<QByteArray, QString> m_texts;
 };

@@ -18,19 +18,19 @@ void SecurityStore::beginAdding()
         QStringLiteral("INSERT INTO closing_prices (security, last_day, last_close, closes) VALUES (?, ?, ?, ?)"));
 }
 
-QString SecurityStore::add(const Security& s, const CloseHistory& closes)
+Status SecurityStore::add(const Security& s, const CloseHistory& closes)
 {
-    const QString reason = Database::executePrepared(m_addSecurity,
+    Status status = Database::executePrepared(m_addSecurity,
         { s.symbol, s.name, s.type, s.subType, s.exchange, s.pricePrecision, s.displayFactor, s.quantityStep,
             s.limitPerMille, s.stFlag, s.stText });
-    if (!reason.isEmpty() || closes.ticks.isEmpty())
-        return reason;
+    if (!status || closes.ticks.isEmpty())
+        return status;
     return Database::executePrepared(m_addCloses,
         { m_addSecurity.lastInsertId(), closes.lastDay.toString(Qt::ISODate), closes.ticks.constLast(),
             CloseCodec::encode(closes.ticks) });
 }
 
-QString SecurityStore::readAll(const std::function<void(Security&&)>& take)
+Status SecurityStore::readAll(const std::function<void(Security&&)>& take)
 {
     RowReader row(m_database,
         QStringLiteral("SELECT symbol, name, type, sub_type, exchange, price_precision, display_factor,"
@@ -52,7 +52,7 @@ QString SecurityStore::readAll(const std::function<void(Security&&)>& take)
         s.previousClose = row.number(11);
         take(std::move(s));
     }
-    return row.reason();
+    return row.status();
 }
 
 int SecurityStore::count()

@@ -23,10 +23,10 @@ public:
     /// Opens the statements that `add` runs; call within the transaction that adds.
     void beginAdding();
     /// Appends a security, with its closes when it has any.
-    QString add(const Security& security, const CloseHistory& closes);
+    Status add(const Security& security, const CloseHistory& closes);
 
     /// Hands every security to `take` in the order in which they were added.
-    QString readAll(const std::function<void(Security&&)>& take);
+    Status readAll(const std::function<void(Security&&)>& take);
     int count();
     /// Empty when the symbol is unknown, has no closes, or its closes are damaged.
     CloseHistory closes(const QString& symbol);

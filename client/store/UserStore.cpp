@@ -5,7 +5,7 @@ UserStore::UserStore(Database& database)
 {
 }
 
-QString UserStore::add(const StoredUser& user)
+Status UserStore::add(const StoredUser& user)
 {
     return m_database.execute(QStringLiteral("INSERT INTO users (id, name) VALUES (?, ?)"), { user.id, user.name });
 }

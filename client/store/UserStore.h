@@ -16,7 +16,7 @@ class UserStore {
 public:
     explicit UserStore(Database& database);
 
-    QString add(const StoredUser& user);
+    Status add(const StoredUser& user);
     /// A default user (empty id) when unknown.
     StoredUser user(const QString& id);
     /// Ascending by id.

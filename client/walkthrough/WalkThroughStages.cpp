@@ -5,6 +5,7 @@
 #include "ClientClock.h"
 #include "ClientSession.h"
 #include "EditorDialog.h"
+#include "ErrorText.h"
 #include "ExpectedRecord.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Values.h"
@@ -174,18 +175,18 @@ QString WalkThrough::storeStartedPlan(const PlanForm& form, const ShownDates& da
 {
     ClientSession& session = ClientSession::instance();
     const ExpectedRecord record(form, dates, session.user().id, m_facts);
-    const PlanStore::Created plan =
+    const Result<QString> plan =
         session.plans().create(record.record(), session.user().id, QDateTime::currentDateTime().addDays(-3));
-    InstructionStore::Added instruction;
-    if (plan.reason.isEmpty())
-        instruction = session.instructions().add(plan.id, tradeDay(Kelvo_Values::Exchange::sh, -1),
-            { { FieldId::TradeDate, dates.begin }, { FieldId::EndState, EndState::Ended },
-                { FieldId::TargetType, InstructionTargetType::QtyOrder },
-                { FieldId::IssuedQty, QStringLiteral("8000") }, { FieldId::FilledQty, QStringLiteral("5000") } });
-    collect(plan.reason.isEmpty() ? QStringList() : QStringList{ plan.reason });
-    collect(instruction.reason.isEmpty() ? QStringList() : QStringList{ instruction.reason });
+    const InstructionStore::Fields instruction{ { FieldId::TradeDate, dates.begin },
+        { FieldId::EndState, EndState::Ended }, { FieldId::TargetType, InstructionTargetType::QtyOrder },
+        { FieldId::IssuedQty, QStringLiteral("8000") }, { FieldId::FilledQty, QStringLiteral("5000") } };
+    Status status = plan.status();
+    if (status)
+        status = session.instructions().add(*plan, tradeDay(Kelvo_Values::Exchange::sh, -1), instruction).status();
+    if (!status)
+        problem(errorText(status));
     press(Qt::Key_F5);
-    return plan.id;
+    return plan.valueOr(QString());
 }
 
 void WalkThrough::copyOrdinary()

@@ -1,5 +1,6 @@
 #include "OrloAgreementSignWidget.h"
 
+#include "ErrorText.h"
 #include "OrloPushButton.h"
 #include "OrloWidget.h"
 #include "Signatures.h"
@@ -181,11 +182,10 @@ void OrloAgreementSignWidget::Private::sign()
         OrloWidget::ShowWarningMsgBox(tr("请选择签署客户！"), q);
         return;
     }
-    const QString reason = signAgreement(protocol, numbers);
-    if (reason.isEmpty())
+    if (const Status status = signAgreement(protocol, numbers); status)
         q->accept();
     else
-        OrloWidget::ShowErrorMsgBox(reason, q);
+        OrloWidget::ShowErrorMsgBox(errorText(status), q);
 }
 
 OrloAgreementSignWidget::OrloAgreementSignWidget(bool withText, bool withAccounts, QWidget* parent)

@@ -1,6 +1,7 @@
 #include "OrloTradeLogic.h"
 
 #include "BondConversion.h"
+#include "ErrorText.h"
 #include "OrloWidget.h"
 
 #include <QApplication>
@@ -14,8 +15,8 @@ OrloTradeLogic& OrloTradeLogic::instance()
 bool OrloTradeLogic::checkMarginBondConvertEnable(
     const QString& account, const QString& symbol, const QString& side, bool withMessage)
 {
-    const QString reason = bondConversionError(account, symbol, side);
-    if (withMessage && !reason.isEmpty())
-        OrloWidget::ShowWarningMsgBox(reason, QApplication::activeWindow());
-    return reason.isEmpty();
+    const Status status = bondConversionError(account, symbol, side);
+    if (withMessage && !status)
+        OrloWidget::ShowWarningMsgBox(errorText(status), QApplication::activeWindow());
+    return bool(status);
 }

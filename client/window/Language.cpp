@@ -32,16 +32,16 @@ QStringList languageCodes()
     return { chinese, QStringLiteral("en") };
 }
 
-QString useLanguage(const QString& code)
+Status useLanguage(const QString& code)
 {
     if (code == chinese)
-        return QString(); // the language of the sources
+        return {}; // the language of the sources
     const QString file = QStringLiteral("autoparamsetting_%1.qm").arg(code);
     if (!install(file))
-        return QStringLiteral("不能读取翻译文件%1").arg(QDir::cleanPath(QDir(translationsFolder()).filePath(file)));
+        return { Error::NoTranslation, { QDir::cleanPath(QDir(translationsFolder()).filePath(file)) } };
     // The client's own widgets follow as far as they are translated.
     install(QStringLiteral("plandesk_%1.qm").arg(code));
-    return QString();
+    return {};
 }
 
 QString editorText(const char* source)

@@ -4,6 +4,7 @@
 #include "ClientClock.h"
 #include "ClientSession.h"
 #include "EditorDialog.h"
+#include "ErrorText.h"
 #include "OrloWidget.h"
 #include "PlanDetails.h"
 #include "PlanEvents.h"
@@ -212,12 +213,12 @@ void MainWindow::switchSkin()
 void MainWindow::issueToday()
 {
     const QDate today = clientToday();
-    const IssueResult result = InstructionIssuer::issueDay(today);
+    const Result<IssueResult> result = InstructionIssuer::issueDay(today);
     refresh();
-    if (result.reason.isEmpty())
-        OrloWidget::ShowTipMsgBox(issueReport(today, result), this);
+    if (result)
+        OrloWidget::ShowTipMsgBox(issueReport(today, *result), this);
     else
-        OrloWidget::ShowErrorMsgBox(result.reason, this);
+        OrloWidget::ShowErrorMsgBox(errorText(result.status()), this);
 }
 
 void MainWindow::openEdit()

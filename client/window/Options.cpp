@@ -49,55 +49,52 @@ public:
         }
     }
 
-    Options read(const QStringList& arguments)
+    Result<Options> read(const QStringList& arguments)
     {
+        if (!m_parser.parse(arguments))
+            return { Error::MalformedCommandLine, { m_parser.errorText() } };
         Options options;
-        if (!m_parser.parse(arguments)) {
-            options.error = m_parser.errorText();
-            return options;
-        }
         if (m_parser.isSet(m_help)) {
             options.help = m_parser.helpText();
             return options;
         }
-        options.error = problem();
-        if (options.error.isEmpty())
-            take(options);
+        if (Status status = check(); !status)
+            return status;
+        take(options);
         return options;
     }
 
 private:
-    QString problem() const
+    Status check() const
     {
         const QStringList folders = m_parser.positionalArguments();
         const int wanted = m_program == Program::WalkThrough ? 1 : 0;
         if (folders.size() > wanted)
-            return QStringLiteral("多余的参数：%1").arg(folders.at(wanted));
+            return { Error::ExtraArgument, { folders.at(wanted) } };
         if (folders.size() < wanted || folders.contains(QString()))
-            return QStringLiteral("缺少目录");
+            return Error::NoFolder;
         const QStringList options = m_parser.optionNames();
         for (const QString& name : options) {
             if (m_parser.value(name).trimmed().isEmpty())
-                return QStringLiteral("选项--%1缺少取值").arg(name);
+                return { Error::OptionWithoutValue, { name } };
         }
-        return problemOfValues();
+        return checkValues();
     }
 
-    QString problemOfValues() const
+    Status checkValues() const
     {
         if (m_parser.isSet(m_skin) && !skinNames().contains(m_parser.value(m_skin)))
-            return QStringLiteral("没有皮肤“%1”，可选：%2")
-                .arg(m_parser.value(m_skin), skinNames().join(QStringLiteral("、")));
+            return { Error::UnknownSkin, { m_parser.value(m_skin), skinNames().join(QStringLiteral("、")) } };
         if (m_parser.isSet(m_language) && !languageCodes().contains(m_parser.value(m_language)))
-            return QStringLiteral("没有语言“%1”，可选：%2")
-                .arg(m_parser.value(m_language), languageCodes().join(QStringLiteral("、")));
+            return { Error::UnknownLanguage,
+                { m_parser.value(m_language), languageCodes().join(QStringLiteral("、")) } };
         bool isNumber = false;
         const int securities = m_parser.value(m_securities).toInt(&isNumber);
         if (m_parser.isSet(m_securities) && (!isNumber || securities <= 0))
-            return QStringLiteral("证券数量“%1”不是正整数").arg(m_parser.value(m_securities));
+            return { Error::NotPositiveWhole, { QStringLiteral("证券数量"), m_parser.value(m_securities) } };
         if (isIssueDaySet() && !issueDay().isValid())
-            return QStringLiteral("日期“%1”无效，格式为yyyy-MM-dd").arg(m_parser.value(m_issueDay));
-        return QString();
+            return { Error::MalformedDay, { m_parser.value(m_issueDay) } };
+        return {};
     }
 
     void take(Options& options) const
@@ -142,7 +139,7 @@ private:
 
 } // namespace
 
-Options readOptions(const QStringList& arguments, Program program)
+Result<Options> readOptions(const QStringList& arguments, Program program)
 {
     ParserTexts texts;
     QCoreApplication::installTranslator(&texts);

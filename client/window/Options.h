@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Status.h"
+
 #include <QDate>
 #include <QString>
 #include <QStringList>
@@ -17,11 +19,10 @@ struct Options {
     QString folder;     ///< folder of the walk-through; empty for the client
     QDate issueDay;     ///< day to issue instructions for; invalid for the window
     QString help;       ///< text to print instead of anything else; empty when none was asked for
-    QString error;      ///< what is wrong with the command line, in Chinese; empty when nothing is
 
     /// True when the window is wanted, which needs a display.
-    bool wantsWindow() const { return help.isEmpty() && error.isEmpty() && folder.isEmpty() && !issueDay.isValid(); }
+    bool wantsWindow() const { return help.isEmpty() && folder.isEmpty() && !issueDay.isValid(); }
 };
 
 /// Reads a command line, the program's name first. Needs the application object.
-Options readOptions(const QStringList& arguments, Program program);
+Result<Options> readOptions(const QStringList& arguments, Program program);

@@ -5,6 +5,7 @@
 #include "AutoPlanLogic.h"
 #include "CBusinessDataBase.h"
 #include "CDataBase.h"
+#include "ErrorText.h"
 #include "InstructionBusinessDataInterface.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Fields.h"
@@ -353,6 +354,6 @@ QString issueReport(const QDate& day, const IssueResult& result)
                            .arg(date, QString::number(result.issued.size()),
                                QString::number(result.alreadyIssued.size()), QString::number(result.skipped.size())) };
     for (const IssueResult::Skipped& skipped : result.skipped)
-        lines << QStringLiteral("%1：%2").arg(skipped.planId, skipped.reason);
+        lines << QStringLiteral("%1：%2").arg(skipped.planId, errorText(skipped.reason));
     return lines.join(QLatin1Char('\n'));
 }

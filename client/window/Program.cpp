@@ -1,6 +1,7 @@
 #include "Program.h"
 
 #include "Appearance.h"
+#include "ErrorText.h"
 #include "Language.h"
 #include "OrloWidget.h"
 #include "SessionStart.h"
@@ -18,11 +19,12 @@ bool hasDisplay()
 }
 
 /// Says what is wrong where the user looks: on the console, and in a box when the program was started for its window.
-int refuse(const QString& reason, bool inWindow)
+int refuse(const Status& status, bool inWindow)
 {
-    printLine(stderr, QStringLiteral("plandesk: ") + reason);
+    const QString text = errorText(status);
+    printLine(stderr, QStringLiteral("plandesk: ") + text);
     if (inWindow)
-        OrloWidget::ShowErrorMsgBox(reason, nullptr);
+        OrloWidget::ShowErrorMsgBox(text, nullptr);
     return Misuse;
 }
 
@@ -44,22 +46,25 @@ void settleOffscreen()
     QApplication::setFont(QFont(QStringLiteral("Sans Serif"), 9));
 }
 
-int run(const Options& options, bool display, const std::function<int(const Options&)>& work)
+Status prepare(const Options& options)
 {
-    if (!options.help.isEmpty()) {
-        printLine(stdout, options.help);
+    qApp->setStyleSheet(skinSheet(options.skin));
+    Status status = useLanguage(options.language);
+    return status ? startSession(options) : status;
+}
+
+int run(const Result<Options>& options, bool display, const std::function<int(const Options&)>& work)
+{
+    if (!options)
+        return refuse(options.status(), false);
+    if (!options->help.isEmpty()) {
+        printLine(stdout, options->help);
         return Success;
     }
-    if (!options.error.isEmpty())
-        return refuse(options.error, false);
-    if (options.wantsWindow() && !display)
-        return refuse(
-            QStringLiteral("没有可用的显示设备；可用plandesk-walkthrough或--issue-day在没有窗口时运行"), false);
-    qApp->setStyleSheet(skinSheet(options.skin));
-    QString reason = useLanguage(options.language);
-    if (reason.isEmpty())
-        reason = startSession(options);
-    return reason.isEmpty() ? work(options) : refuse(reason, options.wantsWindow());
+    if (options->wantsWindow() && !display)
+        return refuse(Error::NoDisplay, false);
+    const Status status = prepare(*options);
+    return status ? work(*options) : refuse(status, options->wantsWindow());
 }
 
 } // namespace

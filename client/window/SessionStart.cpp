@@ -57,12 +57,12 @@ private:
     int m_tenth = 0;
 };
 
-QString sizeError(const Options& options, const QString& file)
+Status checkSize(const Options& options, const QString& file)
 {
     const int present = ClientSession::instance().market().count();
     if (options.securities == 0 || options.securities == present)
-        return QString();
-    return QStringLiteral("数据库%1中已有%2只证券，--securities只用于新建的数据库").arg(file).arg(present);
+        return {};
+    return { Error::DatabaseHasSecurities, { file, QString::number(present) } };
 }
 
 } // namespace
@@ -72,12 +72,12 @@ QString usualDatabase()
     return QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)).filePath(databaseName);
 }
 
-QString startSession(const Options& options)
+Status startSession(const Options& options)
 {
     const QString file = QFileInfo(databaseOf(options)).absoluteFilePath();
     ClientSession::Options sample;
     sample.marketSize = options.securities;
     SampleProgress progress(options.wantsWindow());
-    const QString reason = ClientSession::instance().open(file, options.user, std::ref(progress), sample);
-    return reason.isEmpty() ? sizeError(options, file) : reason;
+    Status status = ClientSession::instance().open(file, options.user, std::ref(progress), sample);
+    return status ? checkSize(options, file) : status;
 }

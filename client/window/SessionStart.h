@@ -3,8 +3,8 @@
 #include "Options.h"
 
 /// Opens the database that the options name and logs their user in. A new database gets its sample data, with a
-/// progress dialog, or on the console where no window is wanted. Returns the reason in Chinese when it fails.
-QString startSession(const Options& options);
+/// progress dialog, or on the console where no window is wanted.
+Status startSession(const Options& options);
 
 /// The file that is used when none is named, in the user's data folder.
 QString usualDatabase();

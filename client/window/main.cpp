@@ -1,3 +1,4 @@
+#include "ErrorText.h"
 #include "MainWindow.h"
 #include "PlanFormatter.h"
 #include "Program.h"
@@ -9,12 +10,12 @@ namespace {
 
 int issueDay(const QDate& day)
 {
-    const IssueResult result = InstructionIssuer::issueDay(day);
-    if (!result.reason.isEmpty()) {
-        printLine(stderr, QStringLiteral("plandesk: ") + result.reason);
+    const Result<IssueResult> result = InstructionIssuer::issueDay(day);
+    if (!result) {
+        printLine(stderr, QStringLiteral("plandesk: ") + errorText(result.status()));
         return Failure;
     }
-    printLine(stdout, issueReport(day, result));
+    printLine(stdout, issueReport(day, *result));
     return Success;
 }
 

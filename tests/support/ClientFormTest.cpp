@@ -14,7 +14,7 @@ QString ClientFormTest::share()
 void ClientFormTest::startSession()
 {
     m_session = std::make_unique<SampleSession>();
-    QCOMPARE(m_session->reason(), QString());
+    QCOMPARE(m_session->opened(), Status());
 }
 
 QString ClientFormTest::differences(const QString& planId, const PlanForm& form, const ShownDates& dates) const

@@ -3,6 +3,7 @@
 #include "AutoPlanField.h"
 #include "AutoPlanLogic.h"
 #include "Database.h"
+#include "ErrorText.h"
 #include "PlanCodes.h"
 #include "PlanStore.h"
 #include "SampleSession.h"
@@ -81,9 +82,8 @@ void PlanLedger::readLine(const QStringList& words, const QString& line)
 QStringList PlanLedger::differences(const QString& file) const
 {
     Database database;
-    const QString refused = database.open(file);
-    if (!refused.isEmpty())
-        return { refused };
+    if (const Status status = database.open(file); !status)
+        return { errorText(status) };
     PlanStore store(database, BaseField::planOtherParam);
     const QVector<StoredPlan> plans = store.page(0, store.count() + 1);
     QStringList found;

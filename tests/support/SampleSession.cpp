@@ -22,7 +22,7 @@ SampleSession::SampleSession(const QString& userId, int marketSize)
     setClientToday(today());
     ClientSession::Options options;
     options.marketSize = marketSize;
-    m_reason = ClientSession::instance().open(file(), userId, ClientSession::Progress(), options);
+    m_opened = ClientSession::instance().open(file(), userId, ClientSession::Progress(), options);
 }
 
 SampleSession::~SampleSession()
@@ -31,7 +31,7 @@ SampleSession::~SampleSession()
     setClientToday(QDate());
 }
 
-QString SampleSession::reopen(const QString& userId)
+Status SampleSession::reopen(const QString& userId)
 {
     ClientSession::instance().close();
     return ClientSession::instance().open(file(), userId);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Status.h"
+
 #include <QDate>
 #include <QMap>
 #include <QString>
@@ -17,11 +19,11 @@ public:
     explicit SampleSession(const QString& userId = QStringLiteral("trader01"), int marketSize = 200);
     ~SampleSession();
 
-    /// Why the last operation failed; empty if it succeeded.
-    QString reason() const { return m_reason; }
+    /// Whether the session could be opened.
+    const Status& opened() const { return m_opened; }
     QString file() const { return m_folder.filePath(QStringLiteral("plans.db")); }
     /// Closes and opens again, as the next start of the client does.
-    QString reopen(const QString& userId = QStringLiteral("trader01"));
+    Status reopen(const QString& userId = QStringLiteral("trader01"));
 
     /// The first security of a sub-type whose symbol ends with a suffix.
     static QString symbolOf(const QString& subType, const QString& suffix);
@@ -31,10 +33,13 @@ public:
     /// The record with other entries in its other-parameter map.
     static QMap<QString, QVariant> withOther(
         const QMap<QString, QVariant>& record, const QMap<QString, QVariant>& entries);
-    /// Creates the plan and returns its id; empty if it is refused, see `reason()`.
+    /// Creates the plan and returns its id; empty if it is refused, see `reason`.
     QString create(const QMap<QString, QVariant>& record);
+    /// What the plan service answered to the last `create`.
+    QString reason() const { return m_reason; }
 
 private:
     QTemporaryDir m_folder;
+    Status m_opened;
     QString m_reason;
 };

@@ -47,15 +47,15 @@ QString agreementText(const QString&)
     return WidgetServices::instance().agreementText;
 }
 
-QString bondConversionError(const QString&, const QString&, const QString&)
+Status bondConversionError(const QString&, const QString&, const QString&)
 {
-    return QString();
+    return {};
 }
 
-QString signAgreement(const QString& protocolId, const QStringList& clientNumbers)
+Status signAgreement(const QString& protocolId, const QStringList& clientNumbers)
 {
     WidgetServices& services = WidgetServices::instance();
-    if (services.signFailure.isEmpty())
+    if (services.signing)
         services.signatures.append({ protocolId, clientNumbers });
-    return services.signFailure;
+    return services.signing;
 }

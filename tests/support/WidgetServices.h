@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Status.h"
+
 #include <QAtomicInt>
 #include <QHash>
 #include <QList>
@@ -16,7 +18,7 @@ struct WidgetServices {
     QAtomicInt nameLookups;
     QString agreementTitle;
     QString agreementText;
-    QString signFailure; ///< why signing fails; empty if it succeeds
+    Status signing; ///< what signing answers
     QList<QPair<QString, QStringList>> signatures;
 };
 

@@ -6,6 +6,7 @@
 #include "AutoPlanLogic.h"
 #include "ClientClock.h"
 #include "ClientSession.h"
+#include "ErrorText.h"
 #include "PlanEvents.h"
 #include "PlanLedger.h"
 #include "SampleSession.h"
@@ -108,8 +109,7 @@ void limitFiles(rlim_t bytes)
 
 int holdLock()
 {
-    const QString reason = ClientSession::instance().database().execute(QStringLiteral("BEGIN IMMEDIATE"));
-    if (!reason.isEmpty())
+    if (!ClientSession::instance().database().execute(QStringLiteral("BEGIN IMMEDIATE")))
         return 1;
     say(QStringLiteral("ready"));
     char byte = 0;
@@ -144,9 +144,8 @@ int main(int argc, char** argv)
     if (arguments.size() < 3)
         return 2;
     setClientToday(SampleSession::today());
-    const QString reason = ClientSession::instance().open(arguments.at(1), QStringLiteral("trader01"));
-    if (!reason.isEmpty()) {
-        say(QStringLiteral("closed ") + reason);
+    if (const Status status = ClientSession::instance().open(arguments.at(1), QStringLiteral("trader01")); !status) {
+        say(QStringLiteral("closed ") + errorText(status));
         return 1;
     }
     if (arguments.at(2) == QLatin1String("lock"))
