@@ -13,8 +13,7 @@ QStringList words(const QString& text)
 
 } // namespace
 
-/// The account, the assignee and the two layouts of the form. Which accounts are offered is compared with the model
-/// elsewhere.
+/// The account, the assignee and the two layouts of the form. tst_choices compares the offered accounts with the model.
 class AccountFieldsTest : public EditorTest {
     Q_OBJECT
 
@@ -106,13 +105,13 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("unsignedClients");
         QTest::addColumn<QString>("asked");
-        QTest::newRow("nobody is unsigned") << QString() << QString();
+        QTest::newRow("every client has signed") << QString() << QString();
         QTest::newRow("a client of the first account") << "C-acc1" << QStringLiteral("C-acc1");
         QTest::newRow("clients of both accounts") << "C-acc2 C-acc1" << QStringLiteral("C-acc1, C-acc2");
         QTest::newRow("a client without an offered account is left out")
             << "C-acc2 C-unusable C-elsewhere" << QStringLiteral("C-acc2");
         QTest::newRow("only clients without an offered account") << "C-unusable C-elsewhere" << QString();
-        QTest::newRow("a client who is told twice is asked once") << "C-acc1 C-acc1" << QStringLiteral("C-acc1");
+        QTest::newRow("a client who is listed twice is asked once") << "C-acc1 C-acc1" << QStringLiteral("C-acc1");
         QTest::newRow("numbers are compared case-sensitively") << "c-acc1" << QString();
     }
 
@@ -150,7 +149,7 @@ private Q_SLOTS:
     void aReductionOffersItsExecutorsOnly_data()
     {
         QTest::addColumn<QStringList>("executors");
-        QTest::newRow("as they are told") << lines("王五\n李四\n王五");
+        QTest::newRow("in the order of the service") << lines("王五\n李四\n王五");
         QTest::newRow("none") << QStringList();
     }
 
@@ -204,7 +203,7 @@ private Q_SLOTS:
         constructWithAccount();
         box(editor(), "combx_assignTo")->setCurrentIndex(1);
         const QStringList steps = stepsOf([this] { choose(editor(), "combx_planType", AutoPlanTemplate::AverageQty); });
-        // The box is emptied with its signals live, unlike the others.
+        // Unlike the others, this box is cleared without blocking its signals.
         QCOMPARE(steps.filter(QStringLiteral("combx_assignTo")), lines(R"(
             combx_assignTo.clear()
             combx_assignTo announces ""
@@ -241,7 +240,7 @@ private Q_SLOTS:
         for (const QString& type :
             { ReduceHoldings, CumulativeQty, ReduceHoldings, AverageQty, ReduceHoldings, SameElements }) {
             const bool expected = type == ReduceHoldings ? inReductions : inOthers;
-            // Turned over first, so that the layout itself must set it.
+            // Inverted first, so that the layout itself must set it.
             widget->setVisible(!expected);
             choose(editor(), "combx_planType", type);
             QVERIFY2(widget->isVisible() == expected, qPrintable(type));

@@ -29,13 +29,13 @@ const QString Vwap = QStringLiteral("VWAP");
 
 void strategiesArrive()
 {
-    // What the signal carries is not read.
+    // The signal's argument is not used.
     Q_EMIT AlgoTradeLogicNew::GetInstance()->sigQryAlgoStrategiesRsp({ AesStrategy{ Twap, Twap, {}, {} } });
 }
 
 } // namespace
 
-/// The algorithm panel: its making, what it is handed, and the lists of algorithms.
+/// The algorithm panel: how it is created, the data that it gets, and the lists of algorithms.
 class AlgorithmParametersTest : public EditorTest {
     Q_OBJECT
 
@@ -167,7 +167,7 @@ private Q_SLOTS:
         QTest::newRow("the chosen one, within what is authorised") << QStringList{ Vwap, Twap } << Twap << Twap << kept;
         QTest::newRow("the first authorised one without parameters, where the chosen one is not authorised")
             << QStringList{ Vwap, QStringLiteral("POV") } << Twap << Vwap << first;
-        QTest::newRow("the first authorised one, where none is chosen")
+        QTest::newRow("the first authorised one, if none is chosen")
             << QStringList{ Vwap, Twap } << QString() << Vwap << first;
         QTest::newRow("names differ by case") << QStringList{ Vwap, QStringLiteral("twap") } << Twap << Vwap << first;
         QTest::newRow("an empty authority list changes nothing") << QStringList() << Twap << Twap << kept;
@@ -274,7 +274,7 @@ private Q_SLOTS:
         QCOMPARE(script().panelBaseData.value(Content::EntrustProp), QVariant(translation));
     }
 
-    void aFailureToLoadIsShownAsItStandsAfterTheBaseData_data()
+    void aLoadErrorIsShownUnchangedAfterTheBaseData_data()
     {
         QTest::addColumn<QString>("result");
         QTest::addColumn<bool>("failed");
@@ -286,13 +286,13 @@ private Q_SLOTS:
         QTest::newRow("an empty text") << QString() << true;
     }
 
-    void aFailureToLoadIsShownAsItStandsAfterTheBaseData()
+    void aLoadErrorIsShownUnchangedAfterTheBaseData()
     {
         QFETCH(QString, result);
         QFETCH(bool, failed);
         open();
         script().panelLoadAnswer = result;
-        // The outcome of the base data is not looked at.
+        // The editor ignores whether the base data were accepted.
         script().panelBaseDataAnswer = AlgoErrorCode::MissingField;
         pressButton();
         QCOMPARE(said(), failed ? QStringList(QStringLiteral("error: ") + result) : QStringList());
@@ -300,7 +300,7 @@ private Q_SLOTS:
             QCOMPARE(script().boxes.constFirst().parent, static_cast<QWidget*>(&editor()));
         const QString last = script().typedCalls.last().operation;
         QCOMPARE(last, failed ? QStringLiteral("ShowErrorMsgBox") : QStringLiteral("panel.setBaseInfoData"));
-        // The panel stays open beside the box.
+        // The panel stays open while the box is shown.
         QVERIFY(panel()->isVisible());
     }
 
@@ -342,7 +342,7 @@ private Q_SLOTS:
         QCOMPARE(script().countOf(QStringLiteral("panel.RefreshAlgoList")), 0);
         script().forget();
         pressButton();
-        // Replaced as a whole.
+        // The map is replaced as a whole.
         QCOMPARE(script().calls.mid(2, 3), lines(R"(
             panel.setAlgoWhiteList([])
             panel.setAlgoBlackList([])

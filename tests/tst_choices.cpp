@@ -9,7 +9,7 @@ using namespace model;
 
 namespace {
 
-/// The texts of a list whose bits are set.
+/// The texts in a list whose bits are set.
 QStringList subset(const QStringList& all, int bits)
 {
     QStringList chosen;
@@ -26,12 +26,12 @@ QStringList instructionTypes()
     return { Ordinary, Credit, Bond, HkConnect };
 }
 
-/// Where editor and model differ and how they came there; empty when they agree.
+/// The differences between editor and model, and the steps that led to them; empty if they agree.
 QString report(const Exploration& exploration)
 {
     if (exploration.differences().isEmpty())
         return {};
-    return (exploration.told() + exploration.differences()).join(QLatin1Char('\n'));
+    return (exploration.history() + exploration.differences()).join(QLatin1Char('\n'));
 }
 
 int itemsOf(const Exploration& exploration, Widget box)
@@ -39,13 +39,13 @@ int itemsOf(const Exploration& exploration, Widget box)
     return exploration.model().form.boxes.at(static_cast<std::size_t>(box)).items.size();
 }
 
-/// The boxes that a trader chooses from below the account, in their order in the form.
+/// The combo boxes below the account, in their order in the form.
 constexpr Widget Boxes[] = { InstructionType, TargetType, PlanType, TradeSide, EntrustType, PriceType, PriceMode,
     InstructionMode, AssignTo };
 
 } // namespace
 
-/// Every account and every pair of choices: the whole form, and what the services are told, against the model.
+/// Every account and every pair of choices: compares the whole form and the calls of the services with the model.
 class ChoicesTest : public QObject {
     Q_OBJECT
 
@@ -91,7 +91,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<bool>("isCredit");
         QTest::addColumn<int>("rule");
-        // The last is none that is known.
+        // The last one is unknown.
         for (const int rule : { AutoPlanRuleProperty::NoReview, AutoPlanRuleProperty::Review, 2 }) {
             QTest::addRow("a credit account under rule %d", rule) << true << rule;
             QTest::addRow("an ordinary account under rule %d", rule) << false << rule;
@@ -122,9 +122,9 @@ private Q_SLOTS:
         }
     }
 
-    void everySecurityIsShownAndTold_data() { everyPairOfChoicesCascades_data(); }
+    void everySecurityIsShownAndReported_data() { everyPairOfChoicesCascades_data(); }
 
-    void everySecurityIsShownAndTold()
+    void everySecurityIsShownAndReported()
     {
         QFETCH(bool, isCredit);
         QFETCH(int, rule);
@@ -140,7 +140,7 @@ private Q_SLOTS:
             for (int target = 0; target < itemsOf(exploration, TargetType); ++target) {
                 exploration.take(Step{ TargetType, target, 0 });
                 const int securities = exploration.model().securities.size();
-                // The last choice is none.
+                // The last choice clears the box.
                 for (int i = 0; i <= securities; ++i) {
                     for (const int priceMode : { 1, 2, 0 })
                         takeAll(exploration,
@@ -163,7 +163,7 @@ private:
         }
     }
 
-    /// Each item of the first box, and after it each of the second, with a security and a price where there can be one.
+    /// Chooses each item of the first box and then each item of the second, with a security and a price where possible.
     static void chooseEveryPair(Exploration& exploration, Widget first, Widget second)
     {
         takeAll(exploration, { Step{ ChooseSecurity, 0, 0 } });

@@ -18,7 +18,7 @@ QString readAll(const QString& path)
     return QString::fromUtf8(file.readAll());
 }
 
-/// The first bracket of every match.
+/// The first capture group of every match.
 QStringList allMatches(const QString& text, const QString& pattern)
 {
     QStringList found;
@@ -53,7 +53,7 @@ QString editorSources()
     return sources;
 }
 
-/// The blocks of code from which the foreign client of the tests takes its headers.
+/// The code blocks that are the headers of the tests' foreign client.
 QString platformDeclarations()
 {
     return allMatches(readAll(QStringLiteral("docs/own-platform.md")), QStringLiteral("^```cpp\n(// (?s:.*?))^```$"))

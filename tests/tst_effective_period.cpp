@@ -17,9 +17,8 @@ Dates may(const QList<int>& days)
     return dates;
 }
 
-/// What is told to the two date editors when the first trading day, the last day of the range and the excluded dates
-/// are these.
-QStringList told(const QDate& first, const QDate& last, const Dates& excluded)
+/// The calls of the two date editors for a first trading day, a last day of the range and excluded dates.
+QStringList expectedCalls(const QDate& first, const QDate& last, const Dates& excluded)
 {
     QVariantList withoutTrade;
     for (const QDate& date : excluded)
@@ -101,7 +100,7 @@ private Q_SLOTS:
         setToday(day);
         script().tradeDates = tradeDates;
         chooseSecurity(editor(), Stock);
-        QCOMPARE(periodCalls(), told(first, last, excluded));
+        QCOMPARE(periodCalls(), expectedCalls(first, last, excluded));
         QCOMPARE(log().linesWith(QtWarningMsg, QString()).size(), 0);
     }
 
@@ -140,11 +139,11 @@ private Q_SLOTS:
         script().tradeDatesError = error;
         log().expectWarning(QStringLiteral("AutoParamSetting::InitDateEffectivePeriod"));
         chooseSecurity(editor(), Stock);
-        QCOMPARE(periodCalls(), told(first, last, {}));
+        QCOMPARE(periodCalls(), expectedCalls(first, last, {}));
         const QList<LogLine> warnings = log().linesWith(QtWarningMsg, QString());
         QCOMPARE(warnings.size(), 1);
         const QString text = warnings.constFirst().text;
-        // A list that has run out is told by its last day instead of by its exchange.
+        // The message about a list that has ended names its last day instead of its exchange.
         const bool ranOut = error.isEmpty() && !tradeDates.isEmpty();
         QVERIFY2(text.contains(ranOut ? tradeDates.constLast().toString(Qt::ISODate) : QStringLiteral("k_Exchange_sh")),
             qPrintable(text));
@@ -157,7 +156,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("first");
         QTest::newRow("a Shanghai security") << Stock << 8;
         QTest::newRow("a Shenzhen security") << OtherStock << 9;
-        QTest::newRow("a security that nobody knows") << Unknown << 10;
+        QTest::newRow("an unknown security") << Unknown << 10;
     }
 
     void eachExchangeHasItsOwnCalendar()
@@ -178,7 +177,7 @@ private Q_SLOTS:
         script().tradeDates = may({ 10, 13, 14 });
         construct();
         QCOMPARE(script().callsOf(QStringLiteral("GetTradeDateList")), lines("GetTradeDateList(k_Exchange_sh, \"\")"));
-        QCOMPARE(periodCalls(), told(QDate(2024, 5, 13), QDate(2024, 5, 14), may({ 11, 12 })));
+        QCOMPARE(periodCalls(), expectedCalls(QDate(2024, 5, 13), QDate(2024, 5, 14), may({ 11, 12 })));
     }
 
     void leavingAnEditedPlanSetsTheDatesAgain()
@@ -190,7 +189,7 @@ private Q_SLOTS:
         script().tradeDates = may({ 9, 10 });
         editor().resetEnable();
         QCOMPARE(script().callsOf(QStringLiteral("GetTradeDateList")), lines("GetTradeDateList(k_Exchange_sz, \"\")"));
-        QCOMPARE(periodCalls(), told(QDate(2024, 5, 10), QDate(2024, 5, 10), {}));
+        QCOMPARE(periodCalls(), expectedCalls(QDate(2024, 5, 10), QDate(2024, 5, 10), {}));
     }
 
     void theCalendarIsLogged()
@@ -227,7 +226,7 @@ private Q_SLOTS:
         openSampleMarket();
         constructShown();
         fillForm(editor(), PlanSample());
-        // The form is cleared on another day than the one on which the offset was found.
+        // The form is cleared on a later day than the offset was computed.
         setToday(QDate(2024, 6, 3));
         script().forget();
         press(editor(), "btn_ok");

@@ -10,14 +10,15 @@
 #include <rapidcheck.h>
 #include <unistd.h>
 
-// Random traders, hosts and services against the editor and its model. Arguments: how many sequences, and the seed.
+// Runs random actions of traders, hosts and services on the editor and its model. Arguments: the number of sequences,
+// and the seed.
 
 namespace model {
 
-/// What RapidCheck prints of a sequence; the steps are told where they fail.
+/// What RapidCheck prints of a sequence; the steps are printed where one fails.
 static void showValue(const Sequence& sequence, std::ostream& out)
 {
-    out << sequence.steps.size() << " steps, told below";
+    out << sequence.steps.size() << " steps, listed below";
 }
 
 } // namespace model
@@ -30,7 +31,7 @@ using model::Sequence;
 using model::Step;
 
 constexpr int StepsPerSequence = 30;
-/// More steps are drawn than taken: some are not possible where they stand.
+/// More steps are generated than executed: some are impossible at their position.
 constexpr int StepsDrawn = 60;
 constexpr int DefaultSequences = 2000;
 /// Seconds after which a sequence counts as hanging.
@@ -75,7 +76,7 @@ Seeds drawSeeds(Dice& dice)
 {
     Seeds seeds;
     seeds.accounts = dice.several(dice.oneIn(12) ? 0 : 1 + dice.upTo(3), model::AccountKindCount);
-    // Half of the accounts are those with which most can be done.
+    // Half of the accounts are of the kinds that allow the most actions.
     for (int& kind : seeds.accounts)
         kind = dice.oneIn(2) ? 2 * dice.upTo(2) : kind;
     seeds.rules = dice.several(16, 6);
@@ -321,25 +322,25 @@ QStringList indented(const QStringList& sentences)
     return lines;
 }
 
-std::string report(const QStringList& told, const QStringList& differences)
+std::string report(const QStringList& history, const QStringList& differences)
 {
-    QStringList lines = QStringList{ QStringLiteral("To follow it:") } + indented(told);
+    QStringList lines = QStringList{ QStringLiteral("To follow it:") } + indented(history);
     if (!differences.isEmpty())
         lines += QStringList{ QStringLiteral("Then these differ:") } + indented(differences);
     return lines.join(QLatin1Char('\n')).toStdString();
 }
 
-/// The last words of a process that dies or hangs in the editor.
+/// The last output of a process that crashes or hangs in the editor.
 void tellAndDie(int signal)
 {
     std::signal(signal, SIG_DFL);
     if (s_running != nullptr)
-        std::fprintf(
-            stderr, "\n%s\nThe program was ended there by signal %d\n", report(s_running->told(), {}).c_str(), signal);
+        std::fprintf(stderr, "\n%s\nThe program was ended there by signal %d\n",
+            report(s_running->history(), {}).c_str(), signal);
     std::raise(signal);
 }
 
-/// Takes steps until enough are taken or editor and model differ.
+/// Executes steps until there are enough of them, or editor and model differ.
 int run(Exploration& exploration, const Sequence& sequence, int wanted, const std::function<void()>& afterEach)
 {
     s_running = &exploration;
@@ -365,12 +366,12 @@ void editorDoesWhatItsModelSays(const Sequence& sequence)
     ++tally().sequences;
     tally().sent += exploration.sent();
     if (!exploration.differences().isEmpty())
-        RC_FAIL(report(described(sequence.seeds) + exploration.told(), exploration.differences()));
+        RC_FAIL(report(described(sequence.seeds) + exploration.history(), exploration.differences()));
 }
 
 void plansComeBackAsTheyWereSent(const Sequence& sequence)
 {
-    // Each as it was on the day on which its plan was created.
+    // Each with the clock at the day on which its plan was created.
     QMap<QString, QPair<QDate, World>> worlds;
     {
         Exploration exploration(worldOf(sequence.seeds));
@@ -414,7 +415,7 @@ int main(int argc, char** argv)
     const QStringList arguments = QCoreApplication::arguments();
     const int count = arguments.size() > 1 ? arguments.at(1).toInt() : DefaultSequences;
     const quint64 seed = arguments.size() > 2 ? arguments.at(2).toULongLong() : std::random_device()();
-    // Without a seed of its own the library would print another one than is used.
+    // Without an explicit seed the library would print a different one than it uses.
     if (!qEnvironmentVariableIsSet("RC_PARAMS"))
         qputenv("RC_PARAMS", "seed=" + QByteArray::number(seed));
     const bool explored =

@@ -5,7 +5,7 @@
 #include <QRegularExpression>
 #include <QtTest>
 
-/// What the shared library shows to a client that links it: the class `AutoParamSetting` and nothing else.
+/// The symbols that the shared library exports: the class `AutoParamSetting` and nothing else.
 class ExportedSymbolsTest : public QObject {
     Q_OBJECT
 
@@ -72,7 +72,7 @@ private Q_SLOTS:
         const QString text =
             output(QStringLiteral(LDD_PROGRAM), { QStringLiteral("-r"), QStringLiteral(LIBRARY_FILE) });
         QVERIFY(text.contains(QLatin1String("libQt5Widgets")));
-        // A library that was built with sanitizers finds their functions in the program that loads it.
+        // A library built with sanitizers gets their functions from the program that loads it.
         const QStringList lines = text.split(QLatin1Char('\n'));
         for (const QString& line : lines) {
             if (line.contains(QLatin1String("__asan")) || line.contains(QLatin1String("__ubsan")))

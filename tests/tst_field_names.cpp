@@ -47,7 +47,7 @@ constexpr Spoken spoken[] = {
 
 } // namespace
 
-/// What a screen reader says of the form: the names that captions give to fields, and the fields' descriptions.
+/// The form as a screen reader reads it: the fields' names, which come from their captions, and their descriptions.
 class FieldNamesTest : public EditorTest {
     Q_OBJECT
 
@@ -127,7 +127,7 @@ private Q_SLOTS:
         QCOMPARE(name("combx_assignTo"), words("分配给"));
     }
 
-    void theUnitIsToldWithTheQuantities()
+    void theUnitIsDescribedWithTheQuantities()
     {
         script().ruleProperty = AutoPlanRuleProperty::Review;
         script().addOrdinaryAccount(QStringLiteral("acc1"));

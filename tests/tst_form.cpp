@@ -11,8 +11,8 @@
 
 namespace {
 
-/// The whole form, one element a line as its children are indented: its place in a grid (row, column and how many
-/// columns, where it is more than one), class, name and properties. "right" is right-aligned, "no margins" all four.
+/// The whole form, one element per line, children indented: its place in a grid (row, column, and the number of columns
+/// if greater than one), class, name and properties. "right" is right-aligned, "no margins" all four.
 const char* const DesignedForm = R"(
 QWidget AutoParamSetting: geometry 0 0 517 710; windowTitle Form
  QVBoxLayout verticalLayout: spacing 20; topMargin 19
@@ -169,7 +169,7 @@ QStringList linesOf(const QDomElement& element, int depth = 0, const QString& pl
     return found;
 }
 
-/// What a pattern captures in a text, from first to last.
+/// Every capture of a pattern in a text.
 QStringList captured(const QString& text, const char* pattern)
 {
     QStringList found;
@@ -189,7 +189,7 @@ QString generatedCode()
     return QString::fromUtf8(uic.readAllStandardOutput());
 }
 
-/// Writes down what is looked up in the translations of the form, and answers with a mark before it.
+/// Records the texts of the form that are looked up for translation, and returns each with a mark in front.
 class RecordingTranslator : public QTranslator {
 public:
     QString translate(const char* context, const char* source, const char*, int) const override
@@ -209,7 +209,7 @@ private:
 
 } // namespace
 
-/// The form, from its Designer file and as it is built.
+/// The form: its Designer file, and the widgets made from it.
 class FormTest : public EditorTest {
     Q_OBJECT
 
@@ -222,7 +222,7 @@ private Q_SLOTS:
         QVERIFY(formElement().firstChildElement(QStringLiteral("connections")).firstChildElement().isNull());
     }
 
-    void membersStandInTheOrderOfTheFile()
+    void membersAreInTheOrderOfTheFile()
     {
         const QStringList inFile = captured(QString::fromUtf8(DesignedForm), "^ .*?\\w (\\w+)(?:: .*)?$");
         const QString code = generatedCode();
@@ -402,8 +402,8 @@ private Q_SLOTS:
     {
         QFile file(QStringLiteral(FORM_FILE));
         QVERIFY(file.open(QIODevice::ReadOnly));
-        // The loader knows no class of ours and says so of each; what matters is that it finds what to put in its
-        // place. The account box is made of the client's, which has a stand-in itself.
+        // The loader does not know the client's classes and reports each of them; it must find a base class to use
+        // instead. The account box extends a class of the client, which has such a base class itself.
         log().expectWarning(QStringLiteral("; defaulting to base class '"), 50);
         QUiLoader loader;
         const std::unique_ptr<QWidget> window(loader.load(&file));

@@ -20,10 +20,9 @@
 namespace Base = AutoPlanField::BaseField;
 namespace Content = Algo_Fields::AlgoInstContentInfo;
 
-
 namespace {
 
-/// Amounts of a bond, sold from the second account under review: nothing of it is a new form's own choice.
+/// An amount order that sells a bond from the second account, under review: none of these is a new form's default.
 PlanSample unusualPlan()
 {
     PlanSample plan = PlanSample::ofType(AutoPlanInstructionType::Bond).withPlanType(AutoPlanTemplate::AverageQty);
@@ -50,8 +49,8 @@ PlanSample connectPlan(const QString& priceType)
 
 } // namespace
 
-/// A stored plan is taken into the form, step by step, and the form is emptied again. What each kind of plan shows is
-/// compared with the model elsewhere.
+/// Loading a stored plan into the form, step by step, and clearing the form again. tst_stored_plans compares what each
+/// kind of plan shows with the model.
 class PlanLoadingTest : public EditorTest {
     Q_OBJECT
 
@@ -65,7 +64,7 @@ private:
             script().ruleProperty = AutoPlanRuleProperty::Review;
     }
 
-    /// A plan with other parameters than an editor would have stored.
+    /// A plan with other parameters that no editor stores.
     void storeWith(const PlanSample& plan, const std::function<void(FieldMap& other)>& change)
     {
         store(plan);
@@ -400,7 +399,7 @@ private Q_SLOTS:
         QCOMPARE(said(), QStringList());
     }
 
-    void anOddOtherParameterHarmsNothing_data()
+    void anOddOtherParameterIsHarmless_data()
     {
         QTest::addColumn<QVariant>("value");
         QVariant nested = QStringLiteral("x");
@@ -411,14 +410,14 @@ private Q_SLOTS:
         QTest::newRow("a list") << QVariant(QVariantList{ 1, QStringLiteral("2"), QVariant() });
     }
 
-    void anOddOtherParameterHarmsNothing()
+    void anOddOtherParameterIsHarmless()
     {
         QFETCH(QVariant, value);
         store(PlanSample());
         FieldMap other = otherParamOf(PlanSample());
         other.insert(QStringLiteral("unrelated"), value);
         other.insert(Base::algoParam, value);
-        // The service's answer is taken, not the text.
+        // The service's map is used, not the text.
         other.insert(AutoPlanField::Progress::CurrentQty, 77);
         script().otherParam = [other](const FieldMap&) { return other; };
         openStored(true);
@@ -426,7 +425,7 @@ private Q_SLOTS:
         QCOMPARE(text(editor(), "le_entrustMaxNum"), QStringLiteral("77"));
     }
 
-    void aNumberThatIsNoneLeavesItsFieldEmpty_data()
+    void anInvalidNumberLeavesItsFieldEmpty_data()
     {
         QTest::addColumn<QString>("stored");
         QTest::addColumn<QString>("shown");
@@ -445,7 +444,7 @@ private Q_SLOTS:
         QTest::newRow("none") << QString() << QStringLiteral("0");
     }
 
-    void aNumberThatIsNoneLeavesItsFieldEmpty()
+    void anInvalidNumberLeavesItsFieldEmpty()
     {
         QFETCH(QString, stored);
         QFETCH(QString, shown);
@@ -661,7 +660,7 @@ private Q_SLOTS:
         const int tip =
             script().steps.indexOf(QStringLiteral("ShowTipMsgBox(交易自动规划创建成功!, AutoParamSetting)"));
         QVERIFY(tip > 0);
-        // Silent but for the side, whose entrust types are cleared with it, and the assignee.
+        // Without signals, except for the side, which also clears the entrust types, and the assignee.
         QCOMPARE(script().steps.mid(tip + 1), lines(R"(
             le_symbol.setSymbol("")
             combx_tradeSide announces 买入

@@ -13,7 +13,6 @@
 #include <QSignalBlocker>
 #include <QtTest>
 
-
 namespace {
 
 namespace Base = AutoPlanField::BaseField;
@@ -26,7 +25,7 @@ PlanSample byAlgorithm()
     return plan;
 }
 
-/// Texts of some keys; "absent" where there is none.
+/// The texts of some keys; "absent" for a missing one.
 QStringList textsOf(const FieldMap& record, const QStringList& keys)
 {
     QStringList found;
@@ -37,7 +36,7 @@ QStringList textsOf(const FieldMap& record, const QStringList& keys)
 
 } // namespace
 
-/// The record of a plan. That of every kind of plan is compared with the model elsewhere.
+/// The record of a plan. tst_stored_plans compares the record of every kind of plan with the model.
 class PlanRecordTest : public EditorTest {
     Q_OBJECT
 
@@ -64,7 +63,7 @@ private:
 
     FieldMap sendOther() { return script().otherParamOf(send()); }
 
-    /// Changes the form behind the rules: while they ask about holdings that do not suffice.
+    /// Changes the form between two rules: while the question about insufficient holdings is open.
     FieldMap sendAfter(const std::function<void()>& lastChange)
     {
         script().positions = QList<FieldMap>();
@@ -211,7 +210,7 @@ private Q_SLOTS:
         choose(editor(), "combx_priceMode", priceMode);
         if (priceMode != AutoPlanPriceModel::NoLimit)
             type(editor(), "lineEdit_price1", QStringLiteral(" 昨收价 "));
-        // Also where the second input is hidden: what it holds is not recorded then.
+        // Also if the second input is hidden: its content is not recorded then.
         type(editor(), "lineEdit_price2", QStringLiteral("跌停价+0.01"));
         QCOMPARE(textsOf(send(), { Base::priceFormula1, Base::priceFixed, Base::priceFormula2 }), prices);
     }
@@ -274,7 +273,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("recorded");
         using namespace AutoPlanTemplate;
         for (const QString& planType : { CumulativeQty, AverageQty, SameElements }) {
-            QTest::newRow(qPrintable(planType + QStringLiteral(" for nobody")))
+            QTest::newRow(qPrintable(planType + QStringLiteral(" without a user")))
                 << planType << AutoPlanAssignee::NotSpecified << "absent absent";
             QTest::newRow(qPrintable(planType + QStringLiteral(" for a user"))) << planType << "王五"
                                                                                 << "王五 absent";
@@ -323,7 +322,7 @@ private Q_SLOTS:
         PlanSample plan = PlanSample::reduction();
         plan.begin = begin;
         open(plan);
-        // The range is hidden: what it holds does not count.
+        // The range is hidden: its content is not used.
         pickRange(editor(), QDate(2030, 1, 1), QDate(2030, 1, 2));
         QCOMPARE(textsOf(send(), { Base::beginDate, Base::endDate }).join(QLatin1Char(' ')), recorded);
     }

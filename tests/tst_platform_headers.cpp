@@ -2,8 +2,8 @@
 #include <QRegularExpression>
 #include <QtTest>
 
-/// The headers are compiled alone by the build; here, that none was forgotten, and that the editor asks for no name
-/// that a client may choose itself.
+/// The build compiles each header alone. These tests verify that the build covers every header, and that the editor
+/// uses no name that a client may choose itself.
 class PlatformHeadersTest : public QObject {
     Q_OBJECT
 

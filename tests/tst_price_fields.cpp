@@ -4,8 +4,8 @@
 #include "PlanVocabulary.h"
 #include <QtTest>
 
-/// The prices. What each mode and security offers is compared with the model elsewhere; here are the order of the steps
-/// and the odd cases.
+/// The prices. tst_choices compares what each mode and security offers with the model; these tests cover the order of
+/// the steps and the special cases.
 class PriceFieldsTest : public EditorTest {
     Q_OBJECT
 

@@ -26,7 +26,7 @@ Result<double> evaluate(const QString& formula)
     return PriceFormula::evaluate(formula, priceNames(), prices());
 }
 
-/// An error at the character of a number.
+/// An error at the character with this number.
 Status at(int character, const Status& error)
 {
     return { Error::FormulaErrorAt, { QString::number(character) }, error };

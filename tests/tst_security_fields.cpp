@@ -27,7 +27,8 @@ QString typeQuery(const QString& type, const QString& subType)
 
 } // namespace
 
-/// The security and what follows from it. What the form shows for each is compared with the model elsewhere.
+/// The security and the fields that depend on it. tst_choices compares what the form shows for each security with the
+/// model.
 class SecurityFieldsTest : public EditorTest {
     Q_OBJECT
 
@@ -46,7 +47,7 @@ private:
         Q_EMIT AutoPlanLogic::instance().signalQuerySymbolMAResponse(symbol, names, error);
     }
 
-    /// The last name that a formula is offered.
+    /// The last name that the formula input offers.
     QString lastName() const { return field<OrloFormulaNormal>(editor(), "lineEdit_price1")->FormulaItems().last(); }
 
 private Q_SLOTS:
@@ -97,10 +98,10 @@ private Q_SLOTS:
         choose(editor(), "combx_instructionType", instructionType);
         choose(editor(), "combx_instructionTargetType",
             byAmount ? InstructionTargetType::AmountOrder : InstructionTargetType::QtyOrder);
-        // Every query answers one symbol that tells its place.
+        // Every query returns one symbol, which contains the query's position.
         int asked = 0;
         script().symbols = [&asked](const SymbolQuery&) { return SymbolList({ QString::number(++asked) }); };
-        // Once more from scratch, so that the calls of one refill are seen alone.
+        // Again from an empty script, to see the calls of one refill alone.
         script().forget();
         callSlot("slotComboxInstructionTargetTypeChanged");
         const QStringList answers = lines("1\n2\n3").mid(0, queries.size());
@@ -181,24 +182,24 @@ private Q_SLOTS:
         QVERIFY(0 <= unit && unit < entrustType && entrustType < prices);
     }
 
-    void aSecurityTellsAnOpenAlgorithmPanel_data()
+    void aSecurityUpdatesAnOpenAlgorithmPanel_data()
     {
         QTest::addColumn<int>("ruleProperty");
-        QTest::addColumn<int>("told");
+        QTest::addColumn<int>("updates");
         QTest::newRow("by the security alone") << 0 << 1;
         QTest::newRow("by the instruction modes as well, where they are rebuilt under review") << 1 << 2;
     }
 
-    void aSecurityTellsAnOpenAlgorithmPanel()
+    void aSecurityUpdatesAnOpenAlgorithmPanel()
     {
         QFETCH(int, ruleProperty);
-        QFETCH(int, told);
+        QFETCH(int, updates);
         script().ruleProperty = ruleProperty;
         open();
         press(editor(), "btn_algoParamSetting");
         script().forget();
         chooseSecurity(editor(), OtherStock);
-        QCOMPARE(script().countOf(QStringLiteral("panel.ReInit")), told);
+        QCOMPARE(script().countOf(QStringLiteral("panel.ReInit")), updates);
         const int lists = script().calls.indexOf(script().callsOf(QStringLiteral("getBlackAlgoNameList")).value(0));
         QCOMPARE(script().calls.mid(lists + 1, 2), lines("panel.ReInit()\nsignalQuerySymbolMAInfo(acc1, 000001.K_SZ)"));
     }
@@ -210,7 +211,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("shown");
         const QString connect = Orlo_Values::MdcSubSecurityType::HStcokCirculation;
         QTest::newRow("a step of one") << connect << 1 << "1";
-        QTest::newRow("a step that nobody knows") << connect << 0 << "0";
+        QTest::newRow("an unknown step") << connect << 0 << "0";
         QTest::newRow("the exchange does not count") << Kelvo_Values::MdcSubSecurityType::Ashares << 500 << QString();
     }
 
@@ -258,7 +259,7 @@ private Q_SLOTS:
         chooseSecurity(editor(), Stock);
         answer(Stock, lines("MA5"));
         chooseSecurity(editor(), OtherStock);
-        // The names are rebuilt before the averages are forgotten, and again with the answer.
+        // The names are rebuilt before the averages are cleared, and again with the answer.
         QCOMPARE(lastName(), QStringLiteral("MA5"));
         answer(OtherStock, {}, QStringLiteral("行情不足"));
         QCOMPARE(lastName(), QStringLiteral("跌停价"));
@@ -329,7 +330,7 @@ private Q_SLOTS:
     {
         open();
         chooseSecurity(editor(), Stock);
-        // One answer is under way when the editor goes, another comes later.
+        // One answer is queued when the editor is deleted, another one arrives later.
         std::thread worker([this] { answer(Stock, lines("MA120")); });
         worker.join();
         destroy();
@@ -360,7 +361,7 @@ private Q_SLOTS:
                 return;
             }
             chooseSecurity(editor(), OtherStock);
-            // The inner signal has returned, the outer one has not.
+            // The inner signal has returned, the outer one is still being emitted.
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             boxIsLeft = !searchBox.isNull();
         });

@@ -8,8 +8,8 @@
 
 namespace {
 
-/// One kind of text as a skin shows it: the rules that give its ink and those that give its ground, the later ones
-/// stronger, with the property of each.
+/// One kind of text in a skin: the rules for its text colour and those for its background, with the property of each.
+/// Later rules override earlier ones.
 struct Look {
     QString what;
     QStringList ink;

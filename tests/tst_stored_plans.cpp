@@ -9,7 +9,6 @@
 #include "TestClock.h"
 #include <QtTest>
 
-
 using namespace model;
 
 namespace {
@@ -27,19 +26,19 @@ World worldWith(const PlanSample& plan, int ruleProperty)
     return world;
 }
 
-/// Where editor and model differ once the plan is opened for an edit or a copy and OK is pressed twice.
+/// The differences between editor and model after the plan is opened for edit or copy and OK is pressed twice.
 QStringList differencesOf(const World& world, StepKind way)
 {
     Exploration exploration(world);
     for (const Action& action : { opening(way, PlanId), acceptance(), acceptance() }) {
         exploration.take(action);
         if (!exploration.differences().isEmpty())
-            return exploration.told() + exploration.differences();
+            return exploration.history() + exploration.differences();
     }
     return {};
 }
 
-/// Whether a form can be filled with the plan: what the kind names is offered under its rule.
+/// Whether the form offers everything that the plan needs under its rule.
 bool canBeFilled(const PlanKind& kind)
 {
     const bool isConnect = kind.instructionType == AutoPlanInstructionType::HkConnect;
@@ -55,7 +54,7 @@ bool canBeFilled(const PlanKind& kind)
 
 } // namespace
 
-/// Stored plans of every kind against the model: what an edit and a copy show, and what they send.
+/// Compares stored plans of every kind with the model: what an edit and a copy show, and what they send.
 class StoredPlansTest : public QObject {
     Q_OBJECT
 

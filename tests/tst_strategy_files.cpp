@@ -29,7 +29,7 @@ QString strategy(const QString& content)
     return root(QStringLiteral("<Strategy name=\"S\">\n") + content + QStringLiteral("\n</Strategy>"));
 }
 
-/// Line 3 holds the parameters, line 5 the controls, line 7 what follows the layout.
+/// Line 3 contains the parameters, line 5 the controls, line 7 what follows the layout.
 QString parts(const QString& parameters, const QString& controls, const QString& more = {})
 {
     return strategy(parameters + QStringLiteral("\n<lay:StrategyLayout><lay:StrategyPanel>\n") + controls
@@ -60,7 +60,7 @@ Result<QList<StrategyDefinition>> readText(const QString& text)
     return StrategyFile::read(buffer, FILE_NAME);
 }
 
-/// Why a file is not taken: an error in one of its lines.
+/// Why a file is refused: an error in one of its lines.
 Status refused(int line, const Status& error)
 {
     const Status inLine(Error::StrategyFileLine, { QString::number(line) }, error);
@@ -202,7 +202,7 @@ const QList<Refusal> REFUSALS{
         { Error::TypeOfOtherNamespace,
             { QStringLiteral("lay:Int_t"), QStringLiteral("http://www.fixprotocol.org/FIXatdl-1-1/Core") } } },
     { "a time with a date", strategy(parameter(type("UTCTimestamp_t"))), 3, Error::TimeWithDate },
-    { "a use that is none", strategy(parameter(NUMBER + QStringLiteral(" use=\"maybe\""))), 3,
+    { "an invalid use", strategy(parameter(NUMBER + QStringLiteral(" use=\"maybe\""))), 3,
         { Error::InvalidUse, { QStringLiteral("maybe") } } },
     { "a tag of 0", strategy(parameter(NUMBER + QStringLiteral(" fixTag=\"0\""))), 3,
         { Error::AttributeNotInteger,
@@ -237,7 +237,7 @@ const QList<Refusal> REFUSALS{
         4, { Error::DuplicateParameter, { QStringLiteral("P") } } },
     { "a value twice", parts(parameter(NUMBER, PAIR + PAIR), control(LIST, ITEM)), 3,
         { Error::DuplicateEnumId, { QStringLiteral("P"), QStringLiteral("a") } } },
-    { "a value that is none of its type",
+    { "a value of another type",
         parts(parameter(NUMBER, QStringLiteral("<EnumPair enumID=\"a\" wireValue=\"x\"/>")), control(LIST, ITEM)), 3,
         { Error::InvalidParameterAttribute, { QStringLiteral("P"), QStringLiteral("wireValue"), QStringLiteral("x") },
             Error::ValueNotNumber } },
@@ -306,7 +306,7 @@ const QList<Refusal> REFUSALS{
     { "a default of a check box that is neither",
         parts(parameter(type("Boolean_t")), control(type("lay:CheckBox_t") + QStringLiteral(" initValue=\"Y\""))), 5,
         { Error::InvalidDefault, { QStringLiteral("c"), QStringLiteral("Y") }, Error::ValueNotListed } },
-    { "a default time that is none",
+    { "an invalid default time",
         parts(parameter(type("LocalMktTime_t")),
             control(type("lay:Clock_t") + QStringLiteral(" initValue=\"24:00:00\""))),
         5, { Error::InvalidDefault, { QStringLiteral("c"), QStringLiteral("24:00:00") }, Error::ValueNotTime } },
@@ -346,7 +346,7 @@ const QList<Refusal> REFUSALS{
         7, { Error::RuleOfOtherTypes, { QStringLiteral("P"), QStringLiteral("Q") } } },
 };
 
-/// One value of a parameter: the row's name, the parameter, the value and what comes of checking it.
+/// One value of a parameter: the row's name, the parameter, the value and the result of the check.
 struct ValueCheck {
     const char* row;
     QString attributes;
@@ -384,7 +384,7 @@ const QList<ValueCheck> VALUE_CHECKS{
     { "the first moment passes", TIME, QStringLiteral("09:30:00"), Status() },
     { "a second before fails", TIME, QStringLiteral("09:29:59"),
         { Error::ValueTooSmall, { QStringLiteral("09:30:00") } } },
-    { "a time in short form is none", TIME, QStringLiteral("9:30"), Error::ValueNotTime },
+    { "a time in short form is invalid", TIME, QStringLiteral("9:30"), Error::ValueNotTime },
     { "two letters are no letter", type("Char_t"), QStringLiteral("ab"), Error::ValueNotCharacter },
     { "a control character fails", type("String_t"), QStringLiteral("a\x01"), Error::ValueNotPrintable },
     { "a text too long fails", type("String_t") + QStringLiteral(" maxLength=\"3\""), QStringLiteral("abcd"),

@@ -19,7 +19,7 @@ const QString Modified = QStringLiteral("tip: 交易计划P1修改成功!");
 
 } // namespace
 
-/// What OK does with a plan that passes the rules or does not, and who may go while it works.
+/// What OK does with valid and invalid plans, and which objects may be deleted meanwhile.
 class SubmissionTest : public EditorTest {
     Q_OBJECT
 
@@ -50,7 +50,7 @@ private:
             fillForm(editor(), PlanSample());
     }
 
-    /// Has the next OK end in a box of a kind: a warning, a question, a tip or an error.
+    /// Makes the next OK end in a kind of box: a warning, a question, a tip or an error.
     void provoke(const QString& kind)
     {
         if (kind == QLatin1String("warning"))
@@ -66,14 +66,14 @@ private:
     void refuse(const QString& reason) { script().createAnswer = script().modifyAnswer = reason; }
     void chooseReduction() { choose(editor(), "combx_planType", AutoPlanTemplate::ReduceHoldings); }
 
-    /// What differs in the form when it has been done, and whether the host was told.
+    /// The changes of the form after an action, and "signal" if the host got its signal.
     QStringList changesOf(const std::function<void()>& action)
     {
         const model::FormView view(editor());
         const model::FormState before = view.state();
         const QSignalSpy done(&editor(), &AutoParamSetting::signalBtnCancelClicked);
         action();
-        return model::differences(before, view.state()) + (done.count() > 0 ? lines("told") : QStringList());
+        return model::differences(before, view.state()) + (done.count() > 0 ? lines("signal") : QStringList());
     }
 
     void kindsOfBoxes()
@@ -114,7 +114,7 @@ private Q_SLOTS:
         QCOMPARE(script().modifiedRecords.size(), edit ? 1 : 0);
         const FieldMap record = (script().createdRecords + script().modifiedRecords).constFirst();
         QCOMPARE(record.value(AutoPlanField::BaseField::autoPlanId), edit ? QVariant(PlanId) : QVariant());
-        // The record, the service, the box, then the form is cleared, and the host hears of it last.
+        // The record, the service and the box, then the form is cleared, and the host gets its signal last.
         const QStringList steps = script().steps;
         const int user = steps.indexOf(QStringLiteral("GetLoginAccountDetail()"));
         const QString operation = edit ? QStringLiteral("modifyPlan") : QStringLiteral("CreateNewPlan");
@@ -184,7 +184,7 @@ private Q_SLOTS:
         }
     }
 
-    void anIdThatLooksLikeAPlaceToFillIsShownAsItStands()
+    void anIdWithAPlaceholderIsShownUnchanged()
     {
         open();
         storePlan(QStringLiteral("P%2"), PlanSample());
@@ -324,7 +324,7 @@ private Q_SLOTS:
         QVERIFY(!button->signalsBlocked());
     }
 
-    void okPressedByTheHostThatIsToldFailsInTheRules()
+    void okPressedByTheHostOnItsSignalFailsInTheRules()
     {
         openFilled();
         const QSignalSpy done(&editor(), &AutoParamSetting::signalBtnCancelClicked);
@@ -336,7 +336,7 @@ private Q_SLOTS:
         QCOMPARE(heard, QStringList{ QStringLiteral("warning: 指令类型必填，请重新编辑！") });
     }
 
-    void theHostThatIsToldMaySendTheNextPlan()
+    void theHostMaySendTheNextPlanOnItsSignal()
     {
         openFilled(true);
         const QSignalSpy done(&editor(), &AutoParamSetting::signalBtnCancelClicked);
@@ -412,14 +412,14 @@ private Q_SLOTS:
         QCOMPARE(done.count(), 0);
     }
 
-    void theHostMayDeleteTheEditorWhenItIsTold_data()
+    void theHostMayDeleteTheEditorOnItsSignal_data()
     {
         QTest::addColumn<QByteArray>("button");
         QTest::newRow("of a sent plan") << QByteArray("btn_ok");
         QTest::newRow("of Cancel") << QByteArray("btn_cancel");
     }
 
-    void theHostMayDeleteTheEditorWhenItIsTold()
+    void theHostMayDeleteTheEditorOnItsSignal()
     {
         QFETCH(QByteArray, button);
         openFilled();

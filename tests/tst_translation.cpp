@@ -99,7 +99,7 @@ QStringList placeholdersOf(const QString& text)
     return found;
 }
 
-/// Codes of every box of the form, from first to last; the current one is marked.
+/// The codes of every box of the form in order; the current one is marked.
 QStringList codesOfBoxes(const AutoParamSetting& editor)
 {
     QStringList found;
@@ -112,14 +112,14 @@ QStringList codesOfBoxes(const AutoParamSetting& editor)
     return found;
 }
 
-/// What a plan of a kind comes to when it is opened and sent again.
+/// The result of opening a plan of a kind and sending it again.
 struct Outcome {
     QStringList codes;
     QStringList kindsOfBoxes;
     QList<FieldMap> records;
 };
 
-/// Has the program speak English while it lives.
+/// Loads the English translation during its lifetime.
 class English {
 public:
     English()
@@ -136,7 +136,7 @@ private:
     QTranslator m_translator;
 };
 
-/// The width at which a text is not cut.
+/// The width that a text needs.
 int widthOf(const QWidget& widget, const QString& text)
 {
     return widget.fontMetrics().horizontalAdvance(text);
@@ -151,7 +151,7 @@ int roomOf(const QComboBox& box)
 
 } // namespace
 
-/// The editor in English: its messages, its record, its loading, and the file that the English texts come from.
+/// The editor in English: its messages, its records, loading, and the translation file.
 class TranslationTest : public EditorTest {
     Q_OBJECT
 
@@ -196,7 +196,7 @@ private Q_SLOTS:
 
     // --- The form
 
-    // A trader tells items apart by their texts.
+    // A trader distinguishes items by their texts.
     void textsOfOneBoxStayDifferent_data()
     {
         QTest::addColumn<QString>("instructionType");
@@ -235,7 +235,7 @@ private Q_SLOTS:
         QCOMPARE(text(editor(), "la_assignTo"), QStringLiteral("Executor"));
     }
 
-    // A user's name is stored as it is shown, formulas are computed from the names that stand in them.
+    // A user's name is stored as it is shown, and formulas are computed from the names in them.
     void whatIsStoredOrComputedStaysChinese()
     {
         const English english;
@@ -286,7 +286,7 @@ private Q_SLOTS:
         QVERIFY(messages > 20);
     }
 
-    void outcomesAreToldInEnglish()
+    void outcomesAreReportedInEnglish()
     {
         const English english;
         open(PlanSample());
@@ -308,7 +308,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<PlanKind>("kind");
         QTest::addColumn<bool>("edits");
-        // Whether a plan has started is a matter of dates, which have no language.
+        // Whether a plan has started depends on dates, which are not translated.
         const QList<PlanKind> kinds = PlanKind::all();
         for (const PlanKind& kind : kinds) {
             if (kind.started || kind.planType == AutoPlanTemplate::AverageQty)
@@ -558,7 +558,7 @@ private:
                 open(PlanSample());
                 chooseNothing(editor(), "combx_fundAccount");
                 press(editor(), "btn_algoParamSetting");
-                field<QWidget>(editor(), "btn_ok")->setEnabled(false); // the other button has said it
+                field<QWidget>(editor(), "btn_ok")->setEnabled(false); // the other button covers it
             });
         row("no algorithm parameters", "未设置算法参数！", QStringLiteral("warning: No algorithm parameters are set!"),
             [this, twap] {

@@ -10,8 +10,8 @@
 #include <QSignalBlocker>
 #include <QtTest>
 
-/// The chain of choices: instruction type, target type, plan type, side, entrust type and instruction mode. What each
-/// choice offers is compared with the model elsewhere; here are the order of the steps and the odd cases.
+/// The chain of choices: instruction type, target type, plan type, side, entrust type and instruction mode. tst_choices
+/// compares what each choice offers with the model; these tests cover the order of the steps and the special cases.
 class TypeFieldsTest : public EditorTest {
     Q_OBJECT
 
@@ -31,7 +31,7 @@ private:
         chooseSecurity(editor(), Stock);
     }
 
-    /// Shown, with the client of the account unsigned.
+    /// Shows the editor; the account's client has not signed.
     void constructUnsigned(const QString& client = QStringLiteral("C-acc1"))
     {
         script().unsignedClients = QStringList{ client };
@@ -76,7 +76,7 @@ private Q_SLOTS:
         script().addOrdinaryAccount(QStringLiteral("other"));
         construct();
         choose(editor(), "combx_fundAccount", account);
-        // Without the cascade, which is looked at elsewhere.
+        // Without the cascade, which other tests cover.
         box(editor(), "combx_instructionType")->disconnect(&editor());
         script().forget();
         callSlot("slotComboxAccountChanged");
@@ -166,7 +166,7 @@ private Q_SLOTS:
             expectedCodes.append(QStringLiteral("o_SideUnion_") + name);
         QCOMPARE(codes(editor(), "combx_entrustType"), expectedCodes);
         QCOMPARE(box(editor(), "combx_entrustType")->currentIndex(), 0);
-        // Asked of ordinary sales only, without a message, with what the account box itself holds.
+        // Asked for ordinary sales only, without a message, with the values of the account box.
         const QString asked = QStringLiteral("checkMarginBondConvertEnable(acc1, 600000.K_SH, %1, false)").arg(side);
         QCOMPARE(script().callsOf(QStringLiteral("checkMarginBondConvertEnable")),
             expected.contains(QLatin1String("marginSell")) ? QStringList(asked) : QStringList());
@@ -244,7 +244,7 @@ private Q_SLOTS:
         constructWithAccount(AutoPlanRuleProperty::Review);
         choose(editor(), "combx_priceMode", AutoPlanPriceModel::Custom);
         choose(editor(), "combx_instructionMode", AutoPlanInstMode::AlgoTradeReview);
-        // Unlike the other boxes this one is emptied with its signals live.
+        // Unlike the other boxes, this one is cleared without blocking its signals.
         QCOMPARE(stepsOf([this] { callSlot("slotComboxPriceTypeChanged"); }), lines(R"(
             GetCurrentUserInstructionRuleProper(acc1, 1)
             combx_instructionMode.clear()
@@ -307,7 +307,7 @@ private Q_SLOTS:
         }).contains(QStringLiteral("combx_instructionMode.clear()")));
     }
 
-    void thePanelIsToldOfNewModesUnderReviewOnly()
+    void thePanelGetsNewModesUnderReviewOnly()
     {
         constructWithAccount(AutoPlanRuleProperty::Review);
         script().forget();
@@ -356,8 +356,7 @@ private Q_SLOTS:
         row("", "combx_priceMode");
     }
 
-    /// A host that had blocked a box gets its announcements again with the next refill. Without a slot the editor is
-    /// reset.
+    /// If a host has blocked a box's signals, the next refill unblocks them. Without a slot the editor is reset.
     void aRefilledBoxIsLive()
     {
         QFETCH(QByteArray, slot);
@@ -478,7 +477,7 @@ private Q_SLOTS:
     void anotherInstructionTypeLooksAtTheSecurityOnceMore()
     {
         constructWithAccount();
-        // The market is written by hand after the prices were prepared: only a second look at the security empties it.
+        // The test sets the market after the prices were prepared: only another update of the security clears it.
         script().onCall = [this](const ScriptCall& call) {
             if (call.operation == QLatin1String("lineEdit_price2.SetFormulaItems"))
                 type(editor(), "le_exchange", QStringLiteral("by hand"));
@@ -504,7 +503,7 @@ private Q_SLOTS:
         constructShown();
         chooseReduction();
         const QStringList steps = stepsOf([this] { choose(editor(), "combx_planType", AutoPlanTemplate::AverageQty); });
-        // Everything of the layout lies between unlocking the side and refilling the assignees.
+        // The whole layout is set between unlocking the side and refilling the assignees.
         QCOMPARE(steps.mid(0, 2), lines("combx_planType announces 平均数量\ncombx_tradeSide.setEnabled(true)"));
         QStringList layout = steps.mid(2, steps.size() - 6);
         layout.sort();
@@ -568,12 +567,12 @@ private Q_SLOTS:
         QVERIFY(!assigned);
         QCOMPARE(texts(editor(), "combx_assignTo"), lines("王五"));
         QCOMPARE(editor().findChildren<QDialog*>().size(), 0);
-        // The scripted dialog is always declined; the plan type stays, and nobody is asked a second time.
+        // The scripted dialog is always declined; the plan type stays, and the dialog is not shown a second time.
         QCOMPARE(code(editor(), "combx_planType"), AutoPlanTemplate::ReduceHoldings);
         QCOMPARE(said(), QStringList());
     }
 
-    void nobodyIsAskedWithoutNeed_data()
+    void theDialogIsNotShownWithoutNeed_data()
     {
         QTest::addColumn<bool>("isShown");
         QTest::addColumn<QString>("client");
@@ -581,7 +580,7 @@ private Q_SLOTS:
         QTest::newRow("for a client of no offered account") << true << "C-somebody-else";
     }
 
-    void nobodyIsAskedWithoutNeed()
+    void theDialogIsNotShownWithoutNeed()
     {
         QFETCH(bool, isShown);
         QFETCH(QString, client);

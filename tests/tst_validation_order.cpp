@@ -16,7 +16,7 @@
 
 namespace {
 
-/// The rules in their order. A rule with several questions to the plan stands as many times.
+/// The rules in their order. A rule that makes several checks is listed once for each.
 enum Rule {
     DisclosureUnsigned,
     NoAccount,
@@ -98,7 +98,7 @@ const Rules OfAlgorithms = { NoAlgorithmParameters, AlgorithmForAnotherAccount, 
 const Rules OfEdits = { TargetBelowWhatIsUsed, StartedPlanBeginsElsewhere, StartedPlanEndsInThePast,
     StartedReductionBeginsElsewhere };
 
-/// Pairs that no plan can break at once: they contradict each other over one field.
+/// Pairs that no plan can break at once, because they contradict each other.
 bool contradict(int first, int second)
 {
     const Rules pair = { first, second };
@@ -107,8 +107,8 @@ bool contradict(int first, int second)
         { NoTarget, TargetOffTheStep },              // an empty target is 0, which fits every step
         { NoDailyQuantity, DailyQuantityInOddLots }, // so does a daily quantity of 0
         { NoDailyQuantity, DailyQuantityOffTheStep },
-        { AlgorithmForAnotherSide, SpecialTreatment }, // the first is asked of the plan's sides only
-        { HoldingsTooSmall, SpecialTreatment },        // one is asked of sales, the other of purchases
+        { AlgorithmForAnotherSide, SpecialTreatment }, // the first applies to the plan's own sides only
+        { HoldingsTooSmall, SpecialTreatment },        // one applies to sales, the other to purchases
     };
     if (contradictions.contains(pair))
         return true;
@@ -124,8 +124,8 @@ QString sentence(int rule)
 
 } // namespace
 
-/// Which rule speaks when several are broken. The form is filled with a plan that passes, then broken silently field
-/// by field, so that nothing else in it moves.
+/// Which rule reports when a plan breaks several. The form is filled with a valid plan; then single fields are made
+/// invalid with blocked signals, so that no other field changes.
 class ValidationOrderTest : public EditorTest {
     Q_OBJECT
 
@@ -274,7 +274,7 @@ private:
         }
     }
 
-    /// What OK says to a plan that breaks these rules.
+    /// The message of OK for a plan that breaks these rules.
     QStringList check(const Rules& broken)
     {
         openFilled(broken);
@@ -282,7 +282,7 @@ private:
         return ok();
     }
 
-    /// What a rule says to a plan that breaks it, perhaps beside others.
+    /// The message of a rule for a plan that breaks it, and possibly others.
     QString spoken(int rule, const Rules& broken) const
     {
         const QString kind = Texts[rule].asks ? QStringLiteral("question: ") : QStringLiteral("warning: ");
@@ -324,7 +324,7 @@ private Q_SLOTS:
         QCOMPARE(sent(), 0);
     }
 
-    void ofTwoBrokenRulesTheEarlierSpeaks_data()
+    void ofTwoBrokenRulesTheEarlierReports_data()
     {
         QTest::addColumn<int>("earlier");
         QTest::addColumn<int>("later");
@@ -338,7 +338,7 @@ private Q_SLOTS:
         }
     }
 
-    void ofTwoBrokenRulesTheEarlierSpeaks()
+    void ofTwoBrokenRulesTheEarlierReports()
     {
         QFETCH(int, earlier);
         QFETCH(int, later);
@@ -351,7 +351,7 @@ private Q_SLOTS:
         QCOMPARE(sent(), 0);
     }
 
-    void everythingBrokenIsSaidFromFirstToLast()
+    void brokenRulesReportInTheirOrder()
     {
         Rules broken;
         for (const int rule : { DisclosureUnsigned, NoAccount, NoInstructionType, NoSecurity, DailyQuantityInOddLots,

@@ -84,7 +84,7 @@ FieldMap byAmount(const QVariant& ended, double filled, double issued)
 
 } // namespace
 
-/// Each rule at the edge between what passes and what fails, with its whole message.
+/// Each rule at the boundary between valid and invalid values, with its whole message.
 class ValidationRulesTest : public EditorTest {
     Q_OBJECT
 
@@ -117,7 +117,7 @@ private:
         number(name)->setValue(value);
     }
 
-    // --- Rows: a filled plan, or a stored one that is edited, then a change, then what OK says
+    // --- Rows: a filled plan, or a stored one that is edited, then a change, then the message of OK
 
     void columns()
     {
@@ -208,7 +208,7 @@ private:
             pickDate(editor(), start);
         };
     }
-    /// The service keeps another begin of the plan, or none.
+    /// The service has another begin date of the plan, or none.
     void storeBegin(const QVariant& begin)
     {
         script().plans[PlanId].remove(AutoPlanField::BaseField::beginDate);
@@ -253,7 +253,7 @@ private:
     }
 
 private Q_SLOTS:
-    // --- Who and what
+    // --- Account, security and entrust type
 
     void theRiskDisclosureOfTheAccountMustBeSigned_data()
     {
@@ -419,8 +419,8 @@ private Q_SLOTS:
                                                        << "%1";
         QTest::newRow("the second placeholder") << "x%2"
                                                 << "%2";
-        QTest::newRow("the first of two is told") << "a?b;"
-                                                  << "?";
+        QTest::newRow("the first of two is reported") << "a?b;"
+                                                      << "?";
         QTest::newRow("a percent sign at the end") << "5%" << QString();
     }
 
@@ -544,8 +544,8 @@ private Q_SLOTS:
         used("ended, all of it filled", { byQuantity(ended, 1000, 5000) }, 1000, Modified);
         used("ended, more filled", { byQuantity(ended, 1001, 0) }, 1000, tooLow);
         used("the mark of the end may be a number", { byQuantity(1, 1001, 0) }, 1000, tooLow);
-        used("another mark is none", { byQuantity(QStringLiteral("2"), 5000, 1000) }, 1000, Modified);
-        used("no mark is none", { { { FilledQty, 5000 }, { IssuedQty, 1000 } } }, 1000, Modified);
+        used("another mark is ignored", { byQuantity(QStringLiteral("2"), 5000, 1000) }, 1000, Modified);
+        used("a missing mark is ignored", { { { FilledQty, 5000 }, { IssuedQty, 1000 } } }, 1000, Modified);
         used("no fields count as nothing", { FieldMap() }, 1, Modified);
         used("numbers as texts", { { { InstructionEnded, ended }, { FilledQty, QStringLiteral("1000.5") } } }, 1000,
             tooLow);

@@ -37,7 +37,7 @@ private Q_SLOTS:
         row("a custom price", AutoPlanPriceModel::Custom, "6");
         row("the larger of two prices", AutoPlanPriceModel::CompareMax, "7");
         row("the smaller of two prices", AutoPlanPriceModel::CompareMin, "8");
-        row("nobody named", AutoPlanAssignee::NotSpecified, "默认不指定");
+        row("no user named", AutoPlanAssignee::NotSpecified, "默认不指定");
         row("one percent in ninety days", ReduceHoldingsMode::Continuous90Days, "1");
         row("the field of the target type", AutoPlanFieldId::TargetType, "57134");
         row("the field of the account's branch", AutoPlanFieldId::Account10112, "10112");
@@ -132,7 +132,7 @@ private Q_SLOTS:
         QCOMPARE(codes(editor(), "combx_instructionTargetType"), lines("tt_QtyOrder\ntt_AmountOrder"));
     }
 
-    void theFirstAssigneeIsNobody()
+    void theFirstAssigneeIsUnspecified()
     {
         script().forwardUsers = lines("李四");
         script().addOrdinaryAccount(Account);
@@ -168,7 +168,7 @@ private Q_SLOTS:
 
     void noTwoConstantsOfTheScriptedClientAreEqual()
     {
-        // Else a constant that is taken for another would not show in any test.
+        // Otherwise no test would notice a constant used in place of another.
         QFile file(QStringLiteral(SCRIPTED_CONSTANTS_FILE));
         QVERIFY(file.open(QIODevice::ReadOnly));
         const QString source = QString::fromUtf8(file.readAll());

@@ -31,13 +31,13 @@ static_assert(std::is_constructible_v<AutoParamSetting, QWidget*>, "the editor n
 
 namespace {
 
-/// A class of a client that derives from the editor: it must link.
+/// A client's class that derives from the editor; it must link.
 class ClientsEditor : public AutoParamSetting {
 public:
     using AutoParamSetting::AutoParamSetting;
 };
 
-/// Answers every text of one context with one translation.
+/// Translates every text of one context to the same text.
 class OneContextTranslator : public QTranslator {
 public:
     QString translate(const char* context, const char*, const char*, int) const override
@@ -48,7 +48,7 @@ public:
     bool isEmpty() const override { return false; }
 };
 
-/// What the client is asked before the accounts.
+/// The calls of the client before those for the accounts.
 QStringList preparing()
 {
     return lines(R"(
@@ -61,8 +61,8 @@ QStringList preparing()
         GetFundAccountListByFundProp(3, 16, false, [], true))");
 }
 
-/// The calls of filling the form before it is wired. Lines with a sign come only with a chosen account, which may do
-/// ordinary trading and nothing else; where none is chosen, its name and its type are empty.
+/// The calls of filling the form before it is wired. Lines with a sign occur only with a selected account, which may
+/// only do ordinary trading; without one, name and type of the account are empty.
 QStringList filling(const QString& account)
 {
     const bool isChosen = !account.isEmpty();
@@ -122,7 +122,7 @@ QStringList filling(const QString& account)
     return calls;
 }
 
-/// Runs something on a thread of its own and waits until it has ended.
+/// Runs a function on another thread and waits for it.
 void onAnotherThread(const std::function<void()>& work)
 {
     const std::unique_ptr<QThread> thread(QThread::create(work));
@@ -130,7 +130,7 @@ void onAnotherThread(const std::function<void()>& work)
     thread->wait();
 }
 
-/// The fields that a reset enables, in its order.
+/// The fields that a reset enables, in the order of the calls.
 QStringList lockableNames()
 {
     return lines(R"(
@@ -161,7 +161,7 @@ void lockAll(const QWidget& form)
         field<QWidget>(form, name.toLatin1().constData())->setEnabled(false);
 }
 
-/// What enables them; a client's box has an operation for it, but for the reduction mode.
+/// The calls that enable them; a client's box has its own operation for it, except the reduction mode.
 QStringList unlocking(const QStringList& names)
 {
     QStringList steps;
@@ -175,7 +175,7 @@ QStringList unlocking(const QStringList& names)
 
 } // namespace
 
-/// The class: its meta-object, its construction, its wiring, its skin and its way back to a new plan.
+/// The class: its meta-object, construction, connections, skin and reset.
 class WidgetClassTest : public EditorTest {
     Q_OBJECT
 
@@ -374,7 +374,7 @@ private Q_SLOTS:
         const QStringList calls = script().calls;
         QCOMPARE(calls.mid(0, expected.size()), expected);
         QCOMPARE(isUsable(editor(), "combx_fundAccount"), accounts == 2);
-        // A locked box announces nothing, so its account is looked at once more.
+        // A locked box emits no signal, so the editor checks its account again.
         script().forget();
         if (accounts < 2)
             callSlot("slotComboxAccountChanged");
@@ -397,7 +397,7 @@ private Q_SLOTS:
         QCOMPARE(said(), QStringList());
     }
 
-    // --- Wiring. Each reaction is seen exactly once: one connection, not two.
+    // --- Connections. Each reaction occurs exactly once: there is one connection, not two.
 
     void strategiesRefreshTheLists()
     {
@@ -419,7 +419,7 @@ private Q_SLOTS:
             QTest::newRow(name) << QByteArray(name) << code << QString::fromLatin1(operation) << count;
         };
         row("combx_fundAccount", OtherAccount, "GetAccountAssetPropByTradingAccount", 1);
-        // Once as its own reaction's step, and once through the target type that it refills.
+        // Once as a step of its own slot, and once through the target type that it refills.
         row("combx_instructionType", AutoPlanInstructionType::Bond, "le_symbol.setSecurityList", 2);
         row("combx_instructionTargetType", InstructionTargetType::AmountOrder, "le_symbol.setSecurityList", 1);
         row("combx_planType", AutoPlanTemplate::SameElements, "GetForwardUsers", 1);
@@ -567,7 +567,7 @@ private Q_SLOTS:
         QCOMPARE(strategies.value<QSequentialIterable>().size(), 2);
     }
 
-    void aDeletedEditorHearsNothing()
+    void aDeletedEditorReceivesNothing()
     {
         constructWithAccount();
         destroy();
@@ -579,7 +579,7 @@ private Q_SLOTS:
         QCOMPARE(log().lines().size(), 0);
     }
 
-    // --- Back to a new plan
+    // --- Reset
 
     void resettingGoesStepByStep()
     {
@@ -721,7 +721,7 @@ private Q_SLOTS:
         QVERIFY(panel == nullptr);
     }
 
-    void logLinesTellTheirPlace()
+    void logLinesNameTheirSource()
     {
         constructWithAccount();
         int found = 0;

@@ -3,16 +3,16 @@
 #include <QObject>
 #include <QtUiPlugin/QDesignerCustomWidgetInterface>
 
-/// One of the client's widgets as Qt Designer knows it.
+/// Describes one of the client's widgets to Qt Designer.
 class ClientWidget : public QObject, public QDesignerCustomWidgetInterface {
     Q_OBJECT
     Q_INTERFACES(QDesignerCustomWidgetInterface)
 
 public:
-    /// How Designer gets a widget; the parent may be null.
+    /// Creates a widget for Designer; the parent may be null.
     using Maker = QWidget* (*)(QWidget* parent);
 
-    /// `purpose` is what Designer tells of the class. The header is named after the class.
+    /// `purpose` is the description that Designer shows. The header is named after the class.
     ClientWidget(const QString& className, const QString& purpose, bool isContainer, Maker maker, QObject* parent);
 
     QString name() const override { return m_className; }

@@ -20,7 +20,7 @@ template <class Widget> QWidget* make(QWidget* parent)
     return new Widget(parent);
 }
 
-/// Its title is no property: the program sets it. Without one it would be a bar that nobody understands.
+/// The title is not a property; the program sets it. Without a title the widget would be an unlabelled bar.
 template <> QWidget* make<OrloSubTitleWidget>(QWidget* parent)
 {
     auto* const heading = new OrloSubTitleWidget(parent);

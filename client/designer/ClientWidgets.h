@@ -3,8 +3,8 @@
 #include <QObject>
 #include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
 
-/// The plug-in: every widget of the client of which a form may be made. None of them asks a service before a user does
-/// something with it, so that no session need be open.
+/// The plug-in with the client's widgets for forms. None of them uses a service before user input, so no session has to
+/// be open.
 class ClientWidgets : public QObject, public QDesignerCustomWidgetCollectionInterface {
     Q_OBJECT
     Q_INTERFACES(QDesignerCustomWidgetCollectionInterface)

@@ -4,5 +4,5 @@
 
 #include <QString>
 
-/// The sentence that says why an operation failed, in Chinese unless a translation is loaded; empty on success.
+/// The error message of a status, in Chinese unless a translation is loaded; empty on success.
 QString errorText(const Status& status);

@@ -156,7 +156,7 @@ const QString Reits = QStringLiteral("fund-reit");
 const QString DirectedConBond = QStringLiteral("bond-convertible-directed");
 const QString PaidRationBond = QStringLiteral("bond-rights");
 const QString PaidRationStock = QStringLiteral("stock-rights");
-// Both lists are made of members above and of codes that have no name of their own.
+// Both lists consist of members above and of codes without a name.
 const QStringList ConvertableBondTypeList{ QStringLiteral("bond-convertible"), QStringLiteral("bond-exchangeable"),
     DirectedConBond };
 const QStringList AllBondNoRepurchaseTypeList =

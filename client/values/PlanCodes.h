@@ -2,8 +2,8 @@
 
 #include <QString>
 
-/// Codes of a plan record and of an instruction that belong to no family of `platform/`. The plan service reads them;
-/// the editor has its own table of what it offers.
+/// Codes of plan records and instructions that `platform/` does not declare. The plan service reads them; the editor
+/// has its own table of the codes that it offers.
 namespace PlanCodes {
 
 /// Values of `Orlo_Fields::AutoPlan::templateCode`.
@@ -39,7 +39,7 @@ inline const QString CompareMin = QStringLiteral("8");
 
 /// Field ids in an instruction's field map and in the other-parameter map.
 namespace FieldId {
-/// Price in yuan with the security's decimals; "0" in as many decimals without a limit.
+/// Price in yuan with the security's decimals; without a limit "0" with as many decimals.
 inline const QString Price = QStringLiteral("44");
 /// Day of the instruction, same format as a plan's dates.
 inline const QString TradeDate = QStringLiteral("75");

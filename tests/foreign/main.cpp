@@ -9,7 +9,7 @@ namespace {
 
 using Record = QMap<QString, QVariant>;
 
-/// Fills the form in by mouse and keyboard. Its fields are known by their object names.
+/// Fills in the form by mouse and keyboard. Finds the fields by their object names.
 class Trader {
 public:
     explicit Trader(const QWidget& form)
@@ -19,7 +19,7 @@ public:
 
     void click(const char* name) const { QTest::mouseClick(field(name), Qt::LeftButton); }
 
-    /// Enters a field by the mouse, replaces what is in it and confirms.
+    /// Clicks a field, replaces its content and confirms.
     void type(const char* name, const QString& text) const
     {
         click(name);
@@ -28,7 +28,7 @@ public:
         QTest::keyClick(field(name), Qt::Key_Return);
     }
 
-    /// Goes down a box, item by item.
+    /// Goes down the items of a box one by one.
     void down(const char* name, int steps = 1) const
     {
         for (int step = 0; step < steps; ++step)
@@ -87,7 +87,7 @@ Record expectedRecord(const QString& id)
     };
 }
 
-/// Prints what this client's plan service has stored, and checks that it is the plan that was filled in.
+/// Prints what this client's plan service has stored, and checks it against the plan that was filled in.
 bool isAsFilledIn(const QString& id)
 {
     const Record stored = AutoPlanLogic::instance().GetPlanInfo(id);
@@ -105,8 +105,7 @@ bool showsAccountsInFull(const QWidget& form)
 
 } // namespace
 
-/// Creates a plan, edits it and copies it; 0 when all three arrive in this client's plan service as they were filled
-/// in.
+/// Creates, edits and copies a plan. Returns 0 if this client's plan service gets all three as they were filled in.
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);

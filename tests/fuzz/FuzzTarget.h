@@ -6,14 +6,14 @@
 #include <cstdint>
 #include <ctime>
 
-// The two functions of a fuzz target, under the names by which libFuzzer calls them.
+// The two functions of a fuzz target, with the names that libFuzzer calls.
 
 /// Called once, before the first input.
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv);
-/// Takes one input. For every input the call returns 0 and leaves nothing behind; anything else is a finding.
+/// Runs one input. Returns 0 for every input and leaves no state behind; anything else is a finding.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size);
 
-/// Ends the program, the input being a finding, when a promise is broken.
+/// Aborts the program if a condition does not hold, so that the input becomes a finding.
 #define FUZZ_REQUIRE(promise)                                                                                          \
     do {                                                                                                               \
         if (!(promise))                                                                                                \

@@ -21,7 +21,7 @@ int LLVMFuzzerInitialize(int*, char***)
     return 0;
 }
 
-/// The input is a formula as somebody typed it.
+/// The input is a formula as typed.
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     const FuzzSecond limit;
@@ -31,7 +31,7 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const Result<double> price = PriceFormula::evaluate(formula, priceNames(), values);
     const Result<double> without = PriceFormula::evaluate(formula, priceNames(), {});
     FUZZ_REQUIRE(!price || (*price > 0 && std::isfinite(*price)));
-    // Only the values can make a difference to a formula that passed.
+    // After a successful check only the values can make a formula fail.
     FUZZ_REQUIRE(checked || !price);
     FUZZ_REQUIRE(!without || price);
     FUZZ_REQUIRE(formula.size() <= PriceFormula::maximumLength || !checked);

@@ -31,7 +31,7 @@ QMap<QString, QVariant> recordOfLines(const QList<QByteArray>& lines)
     return record;
 }
 
-// The widgets go before the answers do.
+// The widgets must be deleted before the answers.
 void open(const QByteArray& way)
 {
     QWidget host;
@@ -60,8 +60,8 @@ int LLVMFuzzerInitialize(int* argc, char*** argv)
     return 0;
 }
 
-/// The input is a stored plan: "key=value" lines after a line that says what is done with it: any of the words edit
-/// (else it is copied), review (the user is bound to review), shown, send and reset.
+/// The input is a stored plan as "key=value" lines. The line before them says what to do with it, with any of the words
+/// edit (otherwise it is copied), review (the user needs a review), shown, send and reset.
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     const FuzzSecond limit;

@@ -14,7 +14,7 @@ int LLVMFuzzerInitialize(int* argc, char*** argv)
     return 0;
 }
 
-/// The input is a strategy file. What is taken gets its form, as in the algorithm panel.
+/// The input is a strategy file. A valid file gets its form, as in the algorithm panel.
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     const FuzzSecond limit;

@@ -1,7 +1,7 @@
 #include "AutoParamSetting.h"
 #include <QTextStream>
 
-/// Says what it found in the library.
+/// Prints what it found in the library.
 int main()
 {
     QTextStream(stdout) << AutoParamSetting::staticMetaObject.className() << '\n';

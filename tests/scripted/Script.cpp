@@ -22,7 +22,7 @@ QString readableMap(const QVariantMap& map)
     return QLatin1Char('{') + parts.join(QStringLiteral(", ")) + QLatin1Char('}');
 }
 
-/// Writes what the form's widgets go through into the script.
+/// Records the events of the form's widgets in the script.
 class FormWatcher : public QObject {
 public:
     bool eventFilter(QObject* watched, QEvent* event) override

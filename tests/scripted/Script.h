@@ -21,31 +21,30 @@ struct ScriptBox {
     QWidget* parent = nullptr; ///< to be compared, not to be used: it may be gone
 };
 
-/// The world that the scripted platform answers from, and everything that it was asked. `reset()` between test
-/// functions.
+/// The answers of the scripted platform, and a record of its calls. Call `reset()` between test functions.
 class Script : public World {
 public:
     static Script& instance();
 
-    /// Back to an empty world and an empty record; other answers may follow at once.
+    /// Goes back to an empty world and an empty record.
     void reset();
     /// The same with another world.
     void reset(const World& world);
 
-    // --- What was asked
+    // --- The record
 
     /// Every call of a service and every changing operation of a platform widget, in order. Operations of two services
-    /// with one name carry their class: `CBusinessDataBase::GetSecuritySubTypeBySymbol(s)`.
+    /// with the same name include their class: `CBusinessDataBase::GetSecuritySubTypeBySymbol(s)`.
     QStringList calls;
-    /// The same, typed.
+    /// The same calls, typed.
     QList<ScriptCall> typedCalls;
-    /// The calls and between them what happened in the form: `combx_planType.clear()`,
-    /// `combx_planType.append(减持, JC-01)`, `combx_planType announces 减持`, and, while `watch` is on,
-    /// `la_remark.hide()`, `la_remark.show()`, `le_remark.setEnabled(false)`.
+    /// The calls, and between them the changes of the form: `combx_planType.clear()`, `combx_planType.append(减持,
+    /// JC-01)`, `combx_planType announces 减持`, and, while `watch` is on, `la_remark.hide()`, `la_remark.show()`,
+    /// `le_remark.setEnabled(false)`.
     QStringList steps;
-    /// Whether shown, hidden, enabled and disabled widgets are written into `steps`.
+    /// Whether `steps` includes shown, hidden, enabled and disabled widgets.
     void watch(bool on);
-    /// Forgets calls, steps and boxes; the answers and the sent records stay.
+    /// Clears calls, steps and boxes; keeps the answers and the sent records.
     void forget();
 
     /// The calls of one operation.
@@ -79,12 +78,12 @@ public:
 
     /// Records a call.
     void record(const QString& operation, const QVariantList& arguments);
-    /// Writes a change of the form into `steps`.
+    /// Appends a change of the form to `steps`.
     void step(const QString& text);
 
 private:
     Script() = default;
 };
 
-/// A value in the words of `ScriptCall::text()`.
+/// A value in the format of `ScriptCall::text()`.
 QString readable(const QVariant& value);

@@ -9,8 +9,8 @@
 #include "Orlo_Fields.h"
 #include "Orlo_Values.h"
 
-// Each value is unlike every other and unlike the client's, so that a constant taken for another shows. Some rules
-// compare codes of different families, so a second build of this file has one code for a purchase in all of them.
+// Each value differs from every other and from the client's, so that a wrong constant shows. Some rules compare codes
+// of different families, so a second build of this file has the same code for a purchase in all of them.
 #ifdef ONE_CODE_FOR_PURCHASES
 #define PURCHASE_CODE(code) QStringLiteral("k_side_buy")
 #else

@@ -2,8 +2,7 @@
 
 #include "ParamListWidget_single.h"
 
-/// The algorithm parameter panel that the scripted factory makes: it writes down what it is told and answers from the
-/// script.
+/// The algorithm parameter panel of the scripted factory: it records its calls and answers from the script.
 class ScriptedPanel : public ParamListWidget_single {
     Q_OBJECT
 

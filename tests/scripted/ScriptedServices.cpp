@@ -134,7 +134,7 @@ QList<QMap<QString, QVariant>> BusinessDataInterface::GetPositionListByAccount(c
 
 namespace {
 
-/// No editor asks for expired securities or leaves any out.
+/// The editor neither asks for expired securities nor excludes any.
 SymbolList symbolsOf(const SymbolQuery& query, bool withExpired, const QStringList& excluded)
 {
     if (withExpired || !excluded.isEmpty())
@@ -306,7 +306,7 @@ QString OrloBusinessDataInterface::GetCurrentSecurityAccountByTradingAndExchange
 QString OrloBusinessDataInterface::GetAccountAssetPropByTradingAccount(const QString& tradingAccount)
 {
     script().record(QStringLiteral("GetAccountAssetPropByTradingAccount"), { tradingAccount });
-    // Any other property is one, too: only that of credit accounts is looked for.
+    // Any other property works, too: the editor only checks for that of credit accounts.
     const bool isCredit = script().account(tradingAccount).isCredit;
     return isCredit ? Orlo_Values::FundAccountType::Credit : QStringLiteral("another property");
 }
@@ -393,7 +393,7 @@ void showBox(
 {
     script().boxes.append(ScriptBox{ kind, text, parent });
     script().record(operation, QVariantList{ text, nameOf(parent) } + more);
-    // Taken out first: a hook that opens another box is not to run again.
+    // Removed first, so that a hook that opens another box does not run again.
     const std::function<void()> hook = std::move(script().whileBoxOpen);
     script().whileBoxOpen = nullptr;
     if (hook)

@@ -20,7 +20,7 @@
 
 namespace {
 
-/// Writes an operation of a widget under the widget's name.
+/// Records an operation of a widget with the widget's name.
 void record(const QObject* widget, const char* operation, const QVariantList& arguments = {})
 {
     Script::instance().record(widget->objectName() + QLatin1Char('.') + QLatin1String(operation), arguments);
@@ -47,8 +47,8 @@ QString orQuotes(const QString& text)
     return text.isEmpty() ? QStringLiteral("\"\"") : text;
 }
 
-/// Writes what a combo box holds and announces into the script's steps. The box gets a model to which we listen before
-/// the box itself does: an item is written down before the announcement that it causes.
+/// Records a combo box's items and signals in the script's steps. The box gets a model that is connected here before
+/// the box connects to it, so that an item is recorded before the signal that it causes.
 void writeSteps(QComboBox* combo)
 {
     auto* const model = new QStandardItemModel(0, 1, combo);
@@ -240,8 +240,8 @@ void OrloAgreementSignWidget::SetClientNoList(const QStringList& clientNumbers)
 
 // --- OrloDateEdit
 
-/// What the editor gives is kept as it is and readable through properties: "mode", "withTime", "exceptDaysOfWeek",
-/// "exceptDates", "minDate", "maxDate" and "startCalendarEnabled".
+/// Keeps what the editor sets, readable as properties: "mode", "withTime", "exceptDaysOfWeek", "exceptDates",
+/// "minDate", "maxDate" and "startCalendarEnabled".
 class OrloDateEdit::Private {
 public:
     QDate start;

@@ -12,12 +12,12 @@
 
 using FieldMap = QMap<QString, QVariant>;
 
-/// What a service answers: always the same, or worked out from what it is asked.
+/// The answer of a service: a fixed value, or a function of the arguments.
 template <class Result, class... Arguments> class Answer {
 public:
     using Function = std::function<Result(const Arguments&...)>;
 
-    /// Answers a default value until another answer is assigned.
+    /// Returns a default value until an answer is assigned.
     Answer() { *this = Result(); }
     Answer& operator=(const Result& always)
     {
@@ -36,14 +36,14 @@ private:
     Function m_function;
 };
 
-/// One account and what the user may do with it.
+/// One account, and the user's authorities for it.
 struct ScriptAccount : tagUserAccountInfo {
     bool isCredit = false;
     QStringList exchanges; ///< on which it has a security account
     QStringList types;     ///< instruction types that the user may place
 };
 
-/// What the client knows about one security.
+/// The client's data of one security.
 struct ScriptSecurity {
     QString exchange;
     QString type;
@@ -65,7 +65,7 @@ struct SymbolQuery {
 };
 
 /// A client and its services, as plain data and typed answers. The scripted platform answers from it, and the model of
-/// the editor reads it. At first nobody has an account and the trade dates are the weekdays from 2024-05-01 to
+/// the editor reads it. At first there is no account, and the trade dates are the weekdays from 2024-05-01 to
 /// 2025-04-30.
 struct World {
     World();
@@ -91,7 +91,7 @@ struct World {
     QString createAnswer;
     QString modifyAnswer;
     QMap<QString, FieldMap> plans; ///< by id
-    /// Answers `GetPlanOtherParamFromPlanInfo`; decodes the record's text unless set.
+    /// The answer of `GetPlanOtherParamFromPlanInfo`; by default the decoded text of the record.
     std::function<FieldMap(const FieldMap& record)> otherParam;
     Answer<QMap<QString, FieldMap>, QString> planInstructions; ///< by plan id
     Answer<QList<QDate>, QString> tradeDates;                  ///< by exchange
@@ -108,21 +108,21 @@ struct World {
     /// "F-", client number "C-" and branch "B-" are made from the trading account.
     void addAccount(const QString& tradingAccount, const QStringList& exchanges, const QStringList& instructionTypes,
         bool isCredit = false);
-    /// An account that may do everything but margin trading, on all four exchanges.
+    /// Adds an account that may do everything except margin trading, on all four exchanges.
     void addOrdinaryAccount(const QString& tradingAccount);
-    /// A credit account on Shanghai and Shenzhen.
+    /// Adds a credit account on Shanghai and Shenzhen.
     void addCreditAccount(const QString& tradingAccount);
-    /// Adds a security whose exchange is told by its end.
+    /// Adds a security; the end of its symbol gives the exchange.
     void addStock(const QString& symbol);
     void addBond(const QString& symbol, int displayFactor = 1);
     void addHkStock(const QString& symbol, int qtyStep);
-    /// Keeps a created plan under a new id, "P" and a number, which is returned.
+    /// Stores a created plan and returns its new id, "P" and a number.
     QString storePlan(const FieldMap& record);
 
-    /// The first account of a trading account; an empty one when there is none.
+    /// The first account with a trading account; an empty one if there is none.
     ScriptAccount account(const QString& tradingAccount) const;
     ScriptSecurity security(const QString& symbol) const;
-    /// "S-account-exchange"; empty when the account is not on the exchange.
+    /// "S-account-exchange"; empty if the account is not on the exchange.
     QString securityAccount(const QString& tradingAccount, const QString& exchange) const;
     int rule(const QString& tradingAccount, const QString& instructionType) const;
     QString chain(const QString& tradingAccount, const QString& instructionType) const;

@@ -21,7 +21,7 @@ protected:
     inline static const QString CreditAccount = QStringLiteral("200001");
     inline static const QString Executor = QStringLiteral("苏砚"); ///< the first who may execute a reduction
 
-    /// A main board share of Shanghai.
+    /// A share of the Shanghai main board.
     static QString share();
     /// A plan of that share; see `PlanForm::ordinary`.
     static PlanForm ordinary(const QString& account = FreeAccount) { return PlanForm::ordinary(account, share()); }

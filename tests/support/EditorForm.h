@@ -5,9 +5,9 @@
 #include <QStringList>
 #include <QWidget>
 
-// Reads and fills the editor's form through its object names, as a style sheet would.
+// Access to the fields of the editor's form by their object names.
 
-/// The widget of a name and class. Aborts the test program when there is none: a form without it proves nothing.
+/// The widget with a name and class. Aborts the test program if there is none, because the test cannot continue.
 template <class Widget> Widget* field(const QWidget& form, const char* name)
 {
     Widget* const found = form.findChild<Widget*>(QLatin1String(name));
@@ -16,36 +16,36 @@ template <class Widget> Widget* field(const QWidget& form, const char* name)
     return found;
 }
 
-/// The combo box of a name.
+/// The combo box with a name.
 QComboBox* box(const QWidget& form, const char* name);
 
 /// Item data of a combo box, from first to last.
 QStringList codes(const QWidget& form, const char* name);
 /// Item texts of a combo box, from first to last.
 QStringList texts(const QWidget& form, const char* name);
-/// Item data of the current item; empty when there is none.
+/// Item data of the current item; empty if there is none.
 QString code(const QWidget& form, const char* name);
 /// Text of a label, line edit or button.
 QString text(const QWidget& form, const char* name);
 
-/// True unless the widget itself was hidden; the form need not be shown.
+/// True unless the widget itself was hidden. The form may be hidden.
 bool isOffered(const QWidget& form, const char* name);
 /// True unless the widget itself was disabled.
 bool isUsable(const QWidget& form, const char* name);
 
-/// Makes the item of a code current, like a choice by the trader. Aborts the test program when the box has none.
+/// Selects the item with a code, like a trader. Aborts the test program if there is none.
 void choose(const QWidget& form, const char* name, const QString& code);
 /// The same by the item's text.
 void chooseText(const QWidget& form, const char* name, const QString& text);
-/// Makes the item of a code current without a signal; the box gets it when it has none.
+/// Selects the item with a code without a signal; adds the item if the box has none.
 void chooseSilently(const QWidget& form, const char* name, const QString& code);
-/// Leaves a box without a choice, without a signal.
+/// Clears the selection of a box without a signal.
 void chooseNothing(const QWidget& form, const char* name);
-/// Chooses a security in the search box; an empty text chooses none.
+/// Selects a security in the search box; an empty text clears the selection.
 void chooseSecurity(const QWidget& form, const QString& symbol);
-/// Writes into a line edit.
+/// Sets the text of a line edit.
 void type(const QWidget& form, const char* name, const QString& text);
-/// Writes into a number input.
+/// Sets the value of a number input.
 void enter(const QWidget& form, const char* name, double number);
 /// Chooses the days of the range of dates.
 void pickRange(const QWidget& form, const QDate& start, const QDate& end);

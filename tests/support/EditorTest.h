@@ -9,11 +9,11 @@
 #include <QWidget>
 #include <memory>
 
-/// The lines of a text, without the white space around them and without empty lines: long lists of calls stay readable.
+/// The lines of a text, trimmed and without empty lines, for long lists of calls.
 QStringList lines(const char* text);
 
-/// What every test of the editor starts from and is judged by. Before each test function the script is reset and today
-/// is 2024-05-06; after it, warnings that nobody announced and announced ones that did not come fail it.
+/// The base class of the tests of the editor. Before each test function it resets the script and sets today to
+/// 2024-05-06. Unexpected warnings, and expected ones that are missing, fail the test function.
 class EditorTest : public QObject {
     Q_OBJECT
 
@@ -29,30 +29,30 @@ protected:
 
     /// Adds the securities above: the bond in lots of ten, the Hong Kong stock in steps of 500.
     void addSecurities();
-    /// A new editor inside a host window, as a client would hold it; replaces the earlier one.
+    /// Constructs an editor inside a host window, as in a client; replaces the earlier one.
     AutoParamSetting& construct();
-    /// The same, shown.
+    /// The same, and shows it.
     AutoParamSetting& constructShown();
-    /// The editor of this test function; aborts the test program when none was constructed.
+    /// The editor of this test function; aborts the test program if none was constructed.
     AutoParamSetting& editor() const;
     /// The window that holds it.
     QWidget& host() const;
     /// Deletes the editor with its window; the test function may go on.
     void destroy();
-    /// Deletes it inside the next call of an operation, and forgets what was called until then.
+    /// Deletes it inside the next call of an operation, and clears the record until then.
     void destroyDuring(const QString& operation);
-    /// Calls a slot of the editor as a connection would.
+    /// Calls a slot of the editor by its name, as a connection does.
     void callSlot(const char* name);
 
-    /// Opens a stored plan: for an edit or for a copy.
+    /// Opens a stored plan for edit or copy.
     void openPlan(const QString& planId, bool edits);
-    /// Presses OK and returns what the boxes said: "kind: text".
+    /// Presses OK and returns the message boxes: "kind: text".
     QStringList ok();
-    /// What the boxes said since the last `forget()`.
+    /// The message boxes since the last `forget()`.
     QStringList said() const;
-    /// How many plans were sent.
+    /// Number of plans that were sent.
     int sent() const { return script().createdRecords.size() + script().modifiedRecords.size(); }
-    /// The calls and what happened in the form while something was done.
+    /// The calls and the changes of the form during an action.
     QStringList stepsOf(const std::function<void()>& action);
 
     Script& script() const { return Script::instance(); }

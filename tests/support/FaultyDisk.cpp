@@ -23,7 +23,7 @@ Disk& disk()
     return only;
 }
 
-/// SQLite's own file follows this one in memory.
+/// SQLite's own file object follows this one in memory.
 struct File {
     sqlite3_file base;
 };
@@ -134,7 +134,7 @@ int unmapShared(sqlite3_file* file, int deleteFile)
     return realOf(file)->pMethods->xShmUnmap(realOf(file), deleteFile);
 }
 
-// Version 2 leaves out the operations on memory maps of the database, which SQLite then does without.
+// Version 2 has no operations for memory-mapped database files, so SQLite does not map them.
 const sqlite3_io_methods methods{ 2, closeFile, readFile, writeFile, truncateFile, syncFile, fileSize, lockFile,
     unlockFile, checkReservedLock, controlFile, sectorSize, characteristics, mapShared, lockShared, shareBarrier,
     unmapShared, nullptr, nullptr };
@@ -157,7 +157,7 @@ int openFile(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int*
 
 } // namespace
 
-// The copy keeps every operation of the real layer that is not about one open file.
+// The copy keeps all operations of the real layer that do not belong to an open file.
 void FaultyDisk::install()
 {
     static sqlite3_vfs faulty;

@@ -4,5 +4,5 @@
 
 class QWidget;
 
-/// The notice that is on the screen at a field; empty when there is none.
+/// The hint shown at a field; empty if there is none.
 QString hintAt(const QWidget* field);

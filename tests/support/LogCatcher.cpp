@@ -13,7 +13,7 @@ QMutex& guard()
     return mutex;
 }
 
-/// The offscreen windowing system says so of every window; it is about no code of ours.
+/// The offscreen platform plug-in logs this for every window.
 bool isAboutTheWindowingSystem(const QString& text)
 {
     return text.startsWith(QLatin1String("This plugin does not support"));

@@ -5,7 +5,7 @@
 #include <QStringList>
 #include <QtGlobal>
 
-/// One line of the log with its place in the source.
+/// A line of the log with its source location.
 struct LogLine {
     QtMsgType type = QtDebugMsg;
     QString text;
@@ -14,9 +14,8 @@ struct LogLine {
     QString function; ///< empty where the line was built without its context
 };
 
-/// Takes the log of a test function while it lives. A warning or error that nobody expects counts against the test:
-/// `trouble()` tells it, and so it does of an expected warning that never came. Debug and information lines are kept
-/// for reading and not printed.
+/// Captures the log during its lifetime. `trouble()` reports unexpected warnings and errors, and expected ones that are
+/// missing. Debug and information lines are kept and not printed.
 class LogCatcher {
 public:
     LogCatcher();
@@ -24,21 +23,21 @@ public:
     LogCatcher(const LogCatcher&) = delete;
     LogCatcher& operator=(const LogCatcher&) = delete;
 
-    /// Announces `count` warnings or errors whose text contains `part`.
+    /// Expects `count` warnings or errors whose text contains `part`.
     void expectWarning(const QString& part, int count = 1);
 
     /// Every line since the last `clear()`, in order.
     QList<LogLine> lines() const;
     /// The lines of one level whose text contains `part`.
     QList<LogLine> linesWith(QtMsgType type, const QString& part) const;
-    /// The texts of all warnings and errors but the windowing system's own.
+    /// The texts of all warnings and errors, except those of the offscreen platform plug-in.
     QStringList warnings() const;
-    /// Prints no unannounced warning from now on: they are looked at by `warnings()`.
+    /// Stops printing unexpected warnings, for tests that read `warnings()`.
     void keepSilent() { m_isSilent = true; }
-    /// Forgets the lines; announcements and trouble stay.
+    /// Clears the lines; keeps expectations and trouble.
     void clear();
 
-    /// What went wrong, one sentence each: unannounced warnings, and announced ones that are missing.
+    /// Unexpected warnings, and expected ones that are missing, one sentence each.
     QStringList trouble() const;
 
 private:

@@ -8,7 +8,7 @@
 
 #include <memory>
 
-/// A test whose functions fail on a warning that they did not announce, and on an announced one that is missing.
+/// A test whose functions fail on an unexpected warning, and on an expected one that is missing.
 class LoggedTest : public QObject {
     Q_OBJECT
 
@@ -32,11 +32,11 @@ class FieldTest : public LoggedTest {
 protected:
     /// The parent of the field; deleted with it after the test function.
     QWidget& window() const { return *m_window; }
-    /// What gets the keyboard when the field is left.
+    /// The widget that gets the focus when the field loses it.
     QLineEdit& nextField() const { return *m_next; }
-    /// Shows the window and gives the field the keyboard.
+    /// Shows the window and gives the field the focus.
     void showWith(QWidget* field);
-    /// Replaces what the field holds by keys.
+    /// Replaces the content of the field by key presses.
     static void retype(QWidget* field, const QString& text);
     /// Turns the mouse wheel over a widget by one step; true when the widget uses it.
     static bool turnWheel(QWidget* widget, int step);

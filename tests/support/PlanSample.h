@@ -8,8 +8,8 @@
 #include <QString>
 #include <QVariant>
 
-/// One plan as a trader sees it in the form: displayed quantities, codes for choices, texts for the rest. What it does
-/// not set is an ordinary plan that buys 1,000 shares, at most 300 a day, by a custom formula, without review.
+/// A plan as a trader sees it in the form: displayed quantities, codes for choices, texts for the rest. By default an
+/// ordinary plan that buys 1,000 shares, at most 300 a day, by a custom formula, without review.
 struct PlanSample {
     QString account = QStringLiteral("acc1");
     QString instructionType = AutoPlanInstructionType::Ordinary;
@@ -69,19 +69,19 @@ Q_DECLARE_METATYPE(PlanKind)
 /// and a bond with a display factor of 10 in Shanghai, and a Hong Kong stock in steps of 500.
 void openSampleMarket();
 
-/// Fills the form field by field, as a trader would, with live signals. The form has to be shown.
+/// Fills in the form field by field, like a trader, without blocking signals. The form must be visible.
 void fillForm(const AutoParamSetting& editor, const PlanSample& plan);
 
-/// The record under which a plan service would keep the plan, without its id.
+/// The record that a plan service stores for the plan, without its id.
 QMap<QString, QVariant> recordOf(const PlanSample& plan);
 /// The other-parameter map of that record.
 QMap<QString, QVariant> otherParamOf(const PlanSample& plan);
 /// A record with another map of other parameters.
 QMap<QString, QVariant> withOtherParam(const QMap<QString, QVariant>& record, const QMap<QString, QVariant>& other);
-/// Has the scripted plan service keep the plan under an id.
+/// Stores the plan in the scripted plan service under an id.
 void storePlan(const QString& planId, const QMap<QString, QVariant>& record);
 void storePlan(const QString& planId, const PlanSample& plan);
 
-/// Has the scripted plan service keep the plans that it is sent, as "P1", "P2" and so on, and the scripted algorithm
-/// panel the parameters that it is handed, so that each answers with them later.
+/// Makes the scripted plan service store the plans that it gets as "P1", "P2" and so on, and the scripted algorithm
+/// panel keep its parameters, so that both can return them later.
 void keepWhatIsSent();

@@ -8,7 +8,7 @@
 Q_DECLARE_METATYPE(Status)
 
 namespace QTest {
-/// What QCOMPARE prints.
+/// The text that QCOMPARE prints.
 template <> inline char* toString(const Status& status)
 {
     return qstrdup(qPrintable(

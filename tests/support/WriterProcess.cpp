@@ -7,7 +7,7 @@
 
 namespace {
 
-// Long: a busy machine is no fault.
+// Long, so that a busy machine does not fail a test.
 constexpr int patience = 120000;
 
 } // namespace
@@ -46,7 +46,8 @@ void WriterProcess::killAfter(qint64 microseconds)
 {
     QElapsedTimer clock;
     clock.start();
-    // Milliseconds in the event loop of the process, the rest in a loop: the kernel wakes nobody that exactly.
+    // Waits for whole milliseconds in an event loop and for the rest in a busy loop, because timers are not exact
+    // enough.
     for (qint64 left = microseconds / 1000; left > 1; left = microseconds / 1000 - clock.elapsed()) {
         if (m_process.waitForFinished(static_cast<int>(left) - 1))
             return;

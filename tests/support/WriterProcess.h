@@ -4,22 +4,22 @@
 
 #include <QProcess>
 
-/// A second client on the same file, see plan_writer.cpp. It is killed with the object when it still runs.
+/// A second client on the same file, see plan_writer.cpp. The destructor kills it if it still runs.
 class WriterProcess {
 public:
     ~WriterProcess();
 
-    /// Starts it with the file as its first argument; true once it is ready to write or holds the lock.
+    /// Starts it with the file as its first argument. Returns true once it is ready to write or holds the lock.
     bool start(const QString& file, const QStringList& arguments);
-    /// Starts it without waiting for anything; false when there is no such program.
+    /// Starts it without waiting. Returns false if there is no such program.
     bool launch(const QString& file, const QStringList& arguments);
-    /// Lets it run for that long from now on, then kills it.
+    /// Lets it run for a time, then kills it.
     void killAfter(qint64 microseconds);
-    /// Waits until it has done its work; false when it did not within two minutes or ended otherwise.
+    /// Waits until it has finished. Returns false if that takes more than two minutes or it fails.
     bool finish();
-    /// Lets the lock go.
+    /// Releases the lock.
     bool release();
-    /// What it has printed so far.
+    /// Its output so far.
     const QByteArray& output();
 
 private:

@@ -2,7 +2,7 @@
 
 #include <QTextStream>
 
-/// Prints what a program that was linked with the editor's library relies on.
+/// Prints the binary interface of the editor's library.
 int main()
 {
     const QStringList lines = interfaceOfLibrary(QStringLiteral(NM_PROGRAM), QStringLiteral(LIBRARY_FILE));

@@ -20,14 +20,14 @@ using Record = QMap<QString, QVariant>;
 
 namespace {
 
-/// The one object of a class for the life of the process.
+/// The only object of a class; it exists until the process ends.
 template <class Service> Service& only()
 {
     static Service service;
     return service;
 }
 
-/// Plans by id, kept as long as the program runs.
+/// Plans by id, kept until the program ends.
 QMap<QString, Record>& plans()
 {
     return only<QMap<QString, Record>>();

@@ -15,7 +15,7 @@
 #include <QHBoxLayout>
 #include <QTextStream>
 
-// The headers leave room for nothing of this client's own, so what a widget has to remember is in its properties.
+// The headers declare no members for this client, so the widgets keep their state in properties.
 
 // --- Choices
 
@@ -79,7 +79,7 @@ void VorSearchBox::setMinMatchLength(int)
 {
 }
 
-/// Takes a security that is typed whole, when Enter is pressed.
+/// Selects a security when its whole symbol was typed and Enter is pressed.
 void VorSearchBox::setSymbol(const QString& symbol)
 {
     setText(symbol);
@@ -334,7 +334,7 @@ QPoint OrloUtils::GetWidgetPos(QWidget* widget, int)
     return widget->pos();
 }
 
-// Boxes that ask nobody: their texts go to the console, and a question is accepted.
+// Message boxes print their texts on the console; questions are accepted.
 
 namespace {
 

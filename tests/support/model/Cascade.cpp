@@ -7,7 +7,7 @@
 #include "Today.h"
 #include <algorithm>
 
-// The form's boxes and what a change in one does to the others.
+// The form's boxes, and the effects of a change in one on the others.
 
 namespace model {
 
@@ -331,7 +331,7 @@ void EditorModel::fillEntrustTypes()
         offered = QStringList{ collateralBuy, financingBuy, marginBuyNormal, marginBuy };
     else
         offered = QStringList{ collateralSell, marginSellNormal, marginSell, financingSell };
-    // Whether bonds may be converted is asked after the four sales are in the box.
+    // The query about bond conversion comes after the four sales are in the box.
     for (const QString& type : offered)
         append(EntrustType, QStringLiteral("委托类别-") + type, type);
     if (offered.size() == 4 && !buys && m_world.bondConversionEnabled(account(), form.symbol, side))
@@ -534,7 +534,7 @@ QStringList EditorModel::symbolsOf(const QString& type, const QStringList& subTy
     return m_world.symbolsOf({ type, subTypes, suffixes }).toStringList();
 }
 
-/// The search box announces another security, then its name.
+/// The search box emits its signals for another security, then for its name.
 void EditorModel::setSymbol(const QString& symbol)
 {
     setText(Symbol, symbol);

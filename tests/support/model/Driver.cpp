@@ -16,7 +16,7 @@ namespace model {
 
 namespace {
 
-/// The panel takes the strategy that its base data name, with its parameters.
+/// The panel selects the strategy that its base data name, with its parameters.
 void takeBaseData(const ScriptCall& call)
 {
     Script& script = Script::instance();

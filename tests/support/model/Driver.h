@@ -11,11 +11,11 @@ class QWidget;
 
 namespace model {
 
-/// The real editor on the scripted platform: does an action as a trader, the host or a service would, and reads what
-/// came of it.
+/// The real editor on the scripted platform: performs actions of a trader, the host or a service, and reads their
+/// results.
 class Driver {
 public:
-    /// Shows a new editor; the script answers as it is set.
+    /// Shows a new editor on the present script.
     Driver();
     ~Driver();
     Driver(const Driver&) = delete;
@@ -27,7 +27,7 @@ public:
 
     FormState form() const { return m_view->state(); }
     PanelState panel() const;
-    /// What happened beyond the form since the last call.
+    /// The effects outside the form since the last call.
     Effects takeEffects();
 
 private:

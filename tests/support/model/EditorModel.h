@@ -5,7 +5,7 @@
 
 namespace model {
 
-/// What an action did beyond the form.
+/// The effects of an action outside the form.
 struct Effects {
     QStringList boxes;   ///< message boxes in order, "warning: …"
     QStringList outward; ///< what the services and the panel were told, in order
@@ -16,7 +16,7 @@ struct Effects {
     bool panelShown = false;
 };
 
-/// The algorithm panel as the trader left it.
+/// The state of the algorithm panel.
 struct PanelState {
     bool exists = false;
     bool hasParams = false;
@@ -27,12 +27,11 @@ struct PanelState {
     bool operator==(const PanelState& other) const;
 };
 
-/// The model of the editor: what it must show and do, worked out step by step without any widget. Every operation
-/// stands for one thing that a trader, the host or a service can do; `effects` tells what the last ones did beyond the
-/// form.
+/// The model of the editor: what it must show and do, computed step by step without widgets. Every operation is an
+/// action of a trader, the host or a service; `effects` contains the effects of the last ones outside the form.
 class EditorModel {
 public:
-    /// A new editor, as constructed inside a window that is already shown.
+    /// A new editor, constructed inside a visible window.
     explicit EditorModel(const World& world);
 
     FormState form;
@@ -41,7 +40,7 @@ public:
     bool shown = true;      ///< whether the host's window is
     QStringList securities; ///< offered in the search box
 
-    // --- The trader; a field has to be usable
+    // --- The trader; the field must be visible and enabled
     bool isUsable(Widget widget) const;
     void choose(Widget box, int index);
     void chooseSecurity(const QString& symbol);
@@ -51,7 +50,7 @@ public:
     void pickRange(const QDate& start, const QDate& end);
     void pickDate(const QDate& date);
     void pressAlgorithms();
-    /// What the trader confirms in the panel: a strategy with the base data as handed over.
+    /// The trader confirms a strategy in the panel, with the panel's base data.
     void confirmPanel(const QString& strategy);
     /// `answers` to the questions, in their order; 0 declines.
     void pressOk(QList<int> answers);
@@ -190,11 +189,11 @@ private:
     QString m_planId;
 };
 
-/// The first forbidden character or sequence of a price formula; empty when there is none.
+/// The first forbidden character or sequence of a price formula; empty if there is none.
 QString forbiddenPart(const QString& formula);
-/// A call as the script writes it.
+/// A call in the script's format.
 QString call(const QString& operation, const QVariantList& arguments);
-/// The nearest whole number towards zero, forgiving the last millionth.
+/// Truncates to a whole number, with a tolerance of one millionth.
 qint64 wholeNumber(double value);
 
 } // namespace model

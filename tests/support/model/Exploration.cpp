@@ -49,7 +49,7 @@ QStringList differences(const Effects& expected, const Effects& found)
 {
     QStringList different;
     compareLists(different, "message boxes", expected.boxes, found.boxes);
-    compareLists(different, "told to services and panel", expected.outward, found.outward);
+    compareLists(different, "passed to services and panel", expected.outward, found.outward);
     compareLists(different, "created", asTexts(expected.created), asTexts(found.created));
     compareLists(different, "modified", asTexts(expected.modified), asTexts(found.modified));
     if (expected.closes != found.closes)
@@ -65,7 +65,7 @@ QStringList differences(const Effects& expected, const Effects& found)
 
 Exploration::Exploration(const World& world)
     : m_model(opened(world))
-    , m_told(described(world))
+    , m_history(described(world))
 {
     finish(Action());
 }
@@ -80,7 +80,7 @@ bool Exploration::take(const Step& step)
 
 void Exploration::take(const Action& action)
 {
-    m_told.append(action.sentence);
+    m_history.append(action.sentence);
     if (action.change)
         action.change(Script::instance());
     apply(action, m_model);
@@ -88,7 +88,7 @@ void Exploration::take(const Action& action)
     finish(action);
 }
 
-/// Compares, then lets happen what the trader and the services do next by themselves.
+/// Compares, then performs the actions of the trader and the services that follow by themselves.
 void Exploration::finish(const Action& action)
 {
     m_effects = m_model.effects;

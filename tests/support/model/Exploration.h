@@ -4,32 +4,32 @@
 
 namespace model {
 
-/// What differs between the effects, one sentence each.
+/// The differences between the effects, one sentence each.
 QStringList differences(const Effects& expected, const Effects& found);
 
 /// One editor and its model, side by side.
 class Exploration {
 public:
-    /// In a world of its own, which the script answers from.
+    /// Sets the script to the world.
     explicit Exploration(const World& world);
     ~Exploration() { Script::instance().reset(); }
     Exploration(const Exploration&) = delete;
     Exploration& operator=(const Exploration&) = delete;
 
-    /// Does the step in both and compares; false when it was not possible then and nothing happened.
+    /// Performs the step in both and compares. Returns false if the step is impossible; nothing happens then.
     bool take(const Step& step);
     void take(const Action& action);
-    /// Where editor and model differ; empty as long as they agree.
+    /// The differences between editor and model; empty as long as they agree.
     QStringList differences() const { return m_differences; }
-    /// What has happened so far, for a person to follow.
-    QStringList told() const { return m_told; }
+    /// The steps so far, as readable sentences.
+    QStringList history() const { return m_history; }
     const EditorModel& model() const { return m_model; }
     const World& world() const { return Script::instance(); }
-    /// What the last step did.
+    /// The effects of the last step.
     const Effects& effects() const { return m_effects; }
-    /// How many plans were handed to the plan service.
+    /// Number of plans that the plan service got.
     int sent() const { return m_sent; }
-    /// Id of the plan that the last step created; empty when it created none.
+    /// Id of the plan that the last step created; empty if it created none.
     QString created() const { return m_created; }
 
 private:
@@ -39,7 +39,7 @@ private:
     EditorModel m_model;
     Driver m_driver;
     Effects m_effects;
-    QStringList m_told;
+    QStringList m_history;
     QStringList m_differences;
     QString m_created;
     int m_sent = 0;

@@ -112,14 +112,14 @@ QMap<QString, FieldMap> instructionsOf(int kind)
         return {};
     const FieldMap ended{ { InstructionEnded, text("1") }, { FilledQty, text("40.5") }, { IssuedQty, text("100") } };
     const FieldMap running{ { InstructionEnded, text("0") }, { FilledQty, 7 }, { IssuedQty, 59.5 } };
-    // The third kind sums up to a hair above 1000.
+    // The third kind adds up to slightly more than 1000.
     const FieldMap amount{ { InstructionEnded, text(kind == 3 ? "1" : "0") },
         { TargetType, InstructionTargetType::AmountOrder }, { IssuedAmount, text("2000") },
         { Orlo_Fields::Security::cumAmount, text("959.50000000005") }, { FilledQty, 1 }, { IssuedQty, 1 } };
     return { { text("i1"), ended }, { text("i2"), kind == 1 ? running : amount } };
 }
 
-/// Hands out the small numbers of a stored plan, each as one of some choices.
+/// Uses the small numbers of a stored plan one by one to pick from choices.
 class Choices {
 public:
     explicit Choices(const std::vector<int>& numbers)
@@ -183,7 +183,7 @@ void insertDates(FieldMap& record, Choices& choices)
     const int offsets[] = { 3, -4, 0, 10, 0, 0 };
     const int drawn = choices.number(6);
     const QDate begin = today().addDays(offsets[drawn]);
-    // The last two have a begin that cannot be read, and none.
+    // The last two have an invalid begin date, and none.
     if (drawn < 5)
         record.insert(Base::beginDate, drawn < 4 ? QLocale::c().toString(begin, format) : text("2024-13-45"));
     record.insert(Base::endDate, QLocale::c().toString(begin.addDays(2LL * choices.number(3)), format));

@@ -7,7 +7,7 @@
 #include <QVector>
 #include <array>
 
-// What a form shows, as plain data: the model computes one, a view reads another from the real form.
+// The visible state of a form as plain data: the model computes one, a view reads another from the real form.
 
 namespace model {
 
@@ -79,7 +79,7 @@ constexpr int NumberCount = 3;
 
 /// Object name of a widget.
 QString nameOf(Widget widget);
-/// The caption beside a field, as a trader would call it.
+/// The caption of a field.
 QString captionOf(Widget widget);
 
 struct WidgetState {
@@ -139,10 +139,10 @@ struct FormState {
     QString symbol;
 };
 
-/// The state of a form straight from the designer: every text its own, nothing filled, nothing hidden.
+/// The state of a form as designed: its own texts, nothing filled in, nothing hidden.
 FormState designedForm();
 
-/// What differs, one sentence each: what was expected and what was found.
+/// The differences, one sentence each, with the expected and the actual value.
 QStringList differences(const FormState& expected, const FormState& found);
 
 } // namespace model

@@ -6,10 +6,10 @@ class QWidget;
 
 namespace model {
 
-/// Reads a form: every widget is found once, by its name and of its class.
+/// Reads a form. Finds every widget once, by name and class.
 class FormView {
 public:
-    /// Aborts the test program when a widget is missing or of another class: a form without it proves nothing.
+    /// Aborts the test program if a widget is missing or of another class, because the test cannot continue.
     explicit FormView(const QWidget& form);
 
     template <class Class> Class* at(Widget widget) const

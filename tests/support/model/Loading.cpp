@@ -11,7 +11,7 @@
 #include "Today.h"
 #include <QLocale>
 
-// Opening a stored plan, and going back to a new one.
+// Opening a stored plan, and the reset to a new one.
 
 namespace model {
 
@@ -90,7 +90,7 @@ void EditorModel::load(const FieldMap& record, const FieldMap& other)
     setText(Remark, value(record, Base::remark));
 }
 
-/// From the account down to the entrust type, each as if it were chosen.
+/// From the account to the entrust type, with the effects of each choice.
 void EditorModel::loadChoices(const FieldMap& record, const FieldMap& other)
 {
     selectCode(FundAccount, value(record, Kelvo_Fields::UserAccount::tradingAccount));
@@ -105,7 +105,7 @@ void EditorModel::loadChoices(const FieldMap& record, const FieldMap& other)
     selectCode(EntrustType, entrustTypes().value(other.value(AutoPlanFieldId::MarginInstructionSideType).toInt()));
 }
 
-/// Older plans keep it under another key.
+/// Older plans store it under another key.
 void EditorModel::loadPriceType(const FieldMap& other)
 {
     const QString priceType = value(other, Kelvo_Fields::Security::timeInForce);

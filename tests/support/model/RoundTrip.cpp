@@ -34,7 +34,7 @@ QDate dateIn(const FieldMap& record, const QString& key)
     return QLocale::c().toDate(record.value(key).toString(), OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
 }
 
-/// An empty amount per day comes back as nothing per day.
+/// An empty amount per day is read back as an absent one.
 FieldMap refined(const World& world, const FieldMap& record)
 {
     FieldMap other = world.otherParamOf(record);
@@ -93,7 +93,7 @@ QStringList errorsOf(StepKind kind, const World& world, const QString& planId)
     if (sent != QList<FieldMap>{ expected })
         errors << QStringLiteral("it must be sent as") << readable(expected) << QStringLiteral("but was sent as")
                << readable(sent.value(0)) << again.effects().boxes;
-    return errors.isEmpty() ? errors : again.told() + errors;
+    return errors.isEmpty() ? errors : again.history() + errors;
 }
 
 } // namespace

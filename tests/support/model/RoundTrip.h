@@ -4,8 +4,8 @@
 
 namespace model {
 
-/// Opens a stored plan that an editor has built for edit and for copy, today and once more when it has begun, presses
-/// OK and tells in sentences where what is sent is not what it must be. Today stays as it is.
+/// Opens a created plan for edit and for copy, today and on its first day, and presses OK each time. Returns the
+/// differences between the sent and the expected records, one sentence each. Does not change today.
 QStringList roundTripErrors(const World& world, const QString& planId);
 
 } // namespace model

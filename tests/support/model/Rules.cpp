@@ -32,7 +32,7 @@ bool isDigit(QChar character)
     return character >= QLatin1Char('0') && character <= QLatin1Char('9');
 }
 
-/// The percent signs from a place on with the digit behind them; empty when no digit follows.
+/// The percent signs at a position with the digit after them; empty if no digit follows.
 QString percentSequence(const QString& formula, int from)
 {
     int end = from;

@@ -49,7 +49,7 @@ Maybe choice(const Step& step, const EditorModel& model)
     const BoxState& box = model.form.boxes.at(static_cast<std::size_t>(widget));
     if (!model.isUsable(widget) || box.items.isEmpty())
         return {};
-    // Every other choice of a plan type takes the last: a reduction, where one is offered.
+    // Every second choice of a plan type selects the last one: a reduction, if offered.
     const int fromFirst = step.first % box.items.size();
     const int index = widget == PlanType && step.second % 2 > 0 ? box.items.size() - 1 : fromFirst;
     const Item& item = box.items.at(index);
@@ -126,7 +126,8 @@ Maybe emptying(const Step& step, const EditorModel& model)
     return action;
 }
 
-/// The days that a calendar lets a trader choose, at most 40: the first ones, or without a bound below the last ones.
+/// The days that a calendar lets a trader choose, at most 40: the first ones, or the last ones if there is no first
+/// day.
 QList<QDate> choosable(const DateState& state)
 {
     QList<QDate> days;
@@ -413,34 +414,34 @@ World worldOf(const Seeds& seeds)
 
 QStringList described(const Seeds& seeds)
 {
-    QStringList told{ QStringLiteral("users %1, algorithms %2, holdings %3, instructions %4")
-                          .arg(seeds.users)
-                          .arg(seeds.algorithms)
-                          .arg(seeds.holdings)
-                          .arg(seeds.spent) };
+    QStringList sentences{ QStringLiteral("users %1, algorithms %2, holdings %3, instructions %4")
+                               .arg(seeds.users)
+                               .arg(seeds.algorithms)
+                               .arg(seeds.holdings)
+                               .arg(seeds.spent) };
     for (std::size_t i = 0; i < seeds.calendars.size(); ++i)
-        told.append(QStringLiteral("trade dates of %1 are of kind %2")
-                        .arg(exchanges().value(static_cast<int>(i)))
-                        .arg(seeds.calendars.at(i) % CalendarCount));
-    return told;
+        sentences.append(QStringLiteral("trade dates of %1 are of kind %2")
+                             .arg(exchanges().value(static_cast<int>(i)))
+                             .arg(seeds.calendars.at(i) % CalendarCount));
+    return sentences;
 }
 
 QStringList described(const World& world)
 {
-    QStringList told{ QStringLiteral("today is %1, unsigned are [%2]")
-                          .arg(dayOf(today()), world.unsignedClients.join(QLatin1Char(' '))) };
+    QStringList sentences{ QStringLiteral("today is %1, unsigned are [%2]")
+                               .arg(dayOf(today()), world.unsignedClients.join(QLatin1Char(' '))) };
     for (const ScriptAccount& account : world.accounts)
-        told.append(QStringLiteral("account %1 (%2, client %3)%4 on [%5] for types [%6]")
-                        .arg(account.tradingAccount, account.fundAccount, account.clientNo,
-                            account.isCredit ? text(", credit,") : QString(), account.exchanges.join(QLatin1Char(' ')),
-                            account.types.join(QLatin1Char(' '))));
+        sentences.append(QStringLiteral("account %1 (%2, client %3)%4 on [%5] for types [%6]")
+                             .arg(account.tradingAccount, account.fundAccount, account.clientNo,
+                                 account.isCredit ? text(", credit,") : QString(),
+                                 account.exchanges.join(QLatin1Char(' ')), account.types.join(QLatin1Char(' '))));
     for (auto it = world.ruleProperties.cbegin(); it != world.ruleProperties.cend(); ++it) {
         if (it.value() != 0)
-            told.append(QStringLiteral("rule of %1 is %2").arg(it.key()).arg(it.value()));
+            sentences.append(QStringLiteral("rule of %1 is %2").arg(it.key()).arg(it.value()));
     }
     for (auto it = world.plans.cbegin(); it != world.plans.cend(); ++it)
-        told.append(QStringLiteral("stored %1: %2").arg(it.key(), readable(it.value())));
-    return told;
+        sentences.append(QStringLiteral("stored %1: %2").arg(it.key(), readable(it.value())));
+    return sentences;
 }
 
 Action opening(StepKind kind, const QString& planId)

@@ -6,11 +6,11 @@
 #include <optional>
 #include <vector>
 
-// What happens to one editor, first as small numbers that can be drawn and shrunk, then as actions with names.
+// The events of one editor: first as small numbers, which can be generated and shrunk, then as named actions.
 
 namespace model {
 
-/// What a step may be. The boxes of the form come first: a choice in one of them.
+/// The kinds of steps. First the boxes of the form: a choice in one of them.
 enum StepKind {
     ChooseInBox = 0,
     ChooseSecurity = BoxCount,
@@ -47,14 +47,14 @@ enum StepKind {
     StepKindCount
 };
 
-/// One thing that may happen; which it is exactly depends on what the form offers then.
+/// A possible event; its details depend on what the form offers then.
 struct Step {
     int kind = 0;
     int first = 0;
     int second = 0;
 };
 
-/// The client and its services at the beginning, as small numbers.
+/// The initial client and services, as small numbers.
 struct Seeds {
     std::vector<int> accounts;
     std::vector<int> rules;
@@ -73,11 +73,11 @@ struct Sequence {
     std::vector<Step> steps;
 };
 
-/// Sets today, too.
+/// The world of these numbers. Also sets today.
 World worldOf(const Seeds& seeds);
-/// What no look at the world tells, in sentences.
+/// Sentences about what is not part of the world.
 QStringList described(const Seeds& seeds);
-/// The world in sentences.
+/// Sentences about the world.
 QStringList described(const World& world);
 
 /// A step that is possible now, with everything that it needs.
@@ -96,15 +96,15 @@ struct Action {
     QString sentence;                   ///< as a person would follow it
 };
 
-/// What the step is in the present form; nothing when a trader could not do it.
+/// The action of a step in the present form; empty if it is impossible there.
 std::optional<Action> actionOf(const Step& step, const EditorModel& model, const World& world);
 
 /// The host opens a plan.
 Action opening(StepKind kind, const QString& planId);
-/// The trader presses OK and goes on at every question.
+/// The trader presses OK and accepts every question.
 Action acceptance();
 
-/// Does the action in the model; changes of the world are none of its business.
+/// Performs the action in the model; does not change the world.
 void apply(const Action& action, EditorModel& model);
 
 } // namespace model

@@ -12,7 +12,7 @@
 #include <QJsonDocument>
 #include <QLocale>
 
-// What is sent, to whom, and what the form looks like afterwards; and the algorithm panel.
+// The sent records, the form after sending, and the algorithm panel.
 
 namespace model {
 
@@ -51,7 +51,7 @@ void EditorModel::reInitPanel()
         effects.outward.append(QStringLiteral("panel.ReInit()"));
 }
 
-/// A panel takes the strategy that the data name, with its parameters.
+/// A panel selects the strategy that the data name, with its parameters.
 void EditorModel::handOver(const FieldMap& baseData)
 {
     effects.outward.append(call(QStringLiteral("panel.setBaseInfoData"), { baseData, false }));
