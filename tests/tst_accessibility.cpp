@@ -86,7 +86,7 @@ void bring(const QWidget& form, const QString& state)
         choose(form, "combx_instructionTargetType", InstructionTargetType::AmountOrder);
 }
 
-/// Every stop of the Tab key in its order, each of the dates with the button of its calendar.
+/// The tab order: object names of the fields. Each date is followed by its calendar button.
 QStringList tabStops()
 {
     return list("combx_fundAccount combx_instructionType combx_instructionTargetType combx_planType le_symbol "
@@ -148,7 +148,7 @@ QString namelessFields(QWidget* root, int* count = nullptr)
     return faults.join(QLatin1Char('\n'));
 }
 
-/// The colours of the outermost pixels of a widget within another one, where the focus is shown.
+/// The colours of a widget's outermost pixels, where the focus is shown. `shown` contains the widget.
 QVector<QRgb> ring(QWidget& shown, const QWidget* widget)
 {
     const QPoint corner = widget->mapTo(&shown, QPoint());
@@ -163,7 +163,7 @@ QVector<QRgb> ring(QWidget& shown, const QWidget* widget)
     return found;
 }
 
-/// The strongest contrast of two ring pictures at the same place.
+/// The strongest contrast between the pixels of two rings.
 double difference(const QVector<QRgb>& one, const QVector<QRgb>& other)
 {
     double strongest = 1;
@@ -172,7 +172,7 @@ double difference(const QVector<QRgb>& one, const QVector<QRgb>& other)
     return one.size() == other.size() ? strongest : 0;
 }
 
-/// Contrast of what is written in a widget: its most frequent colour against the one that differs most from it.
+/// Contrast of the text in a widget: its most frequent colour against the colour that differs most from it.
 double paintedContrast(QWidget& shown, const QWidget* widget, const QRect& room)
 {
     const QImage picture = shown.grab(room.translated(widget->mapTo(&shown, QPoint()))).toImage();
@@ -211,7 +211,7 @@ QRect buttonRoom(QPushButton* button)
     return button->style()->subElementRect(QStyle::SE_PushButtonContents, &option, button);
 }
 
-/// A text that a widget shows, and the room that it has for it.
+/// A text that a widget shows, and the space available for it.
 struct ShownText {
     QString text;
     QRect room;
@@ -237,7 +237,7 @@ ShownText shownText(QWidget* widget)
     return {};
 }
 
-/// The visible widgets below a widget whose texts are cut, one sentence each.
+/// Reports every visible child widget whose text is cut off, one sentence each.
 QString cutTexts(const QWidget* root, int* count = nullptr)
 {
     QStringList faults;

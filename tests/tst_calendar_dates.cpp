@@ -20,14 +20,14 @@ QString isoText(const QDate& day)
 
 } // namespace
 
-/// The editor in the real client on days that calendars get wrong, and with a clock that is set back.
+/// The editor in the real client on difficult calendar days, and with a clock that is set back.
 class CalendarDatesTest : public ClientFormTest {
     Q_OBJECT
 
 private:
     const OrloDateEdit& range() const { return *field<OrloDateEdit>(editor(), "date_effectivePeriod_Multi"); }
 
-    /// A plan of a period, stored on a day; the day is the present one afterwards.
+    /// Stores a plan with a period on a day, and leaves the clock at that day.
     QString createdOn(const QDate& day, const QDate& begin, const QDate& end)
     {
         goTo(day);
@@ -77,7 +77,7 @@ private Q_SLOTS:
         driver().fill(form);
         QCOMPARE(ok(), created());
         QCOMPARE(differences(newestPlan(), form, { isoText(first), isoText(second) }), QString());
-        // The emptied form begins there again.
+        // The cleared form starts with that day again.
         QCOMPARE(range().GetStartDate(), first);
 
         const PlanForm reduction = ordinary().reducing(QStringLiteral("0.0125"), Executor);
@@ -122,7 +122,7 @@ private Q_SLOTS:
         goTo(friday.addDays(-9));
         QCOMPARE(ok(), created());
         QCOMPARE(differences(newestPlan(), ordinary(), { isoText(monday), isoText(monday) }), QString());
-        // The next plan is offered relative to the day that is now.
+        // The dates of the next plan are relative to the new day.
         open();
         QCOMPARE(range().GetStartDate(), QDate(2024, 5, 6));
     }
@@ -168,7 +168,7 @@ private Q_SLOTS:
         goTo(monday);
         QCOMPARE(ok(), QStringList{ QStringLiteral("msgBoxWarning: 计划已开始执行，初始日期不支持修改！") });
         QCOMPARE(differences(id, ordinary(), { isoText(monday), isoText(end) }), QString());
-        // The service refuses it, too, whoever asks.
+        // The service refuses it, too.
         QMap<QString, QVariant> moved = AutoPlanLogic::instance().GetPlanInfo(id);
         moved.insert(AutoPlanField::BaseField::beginDate, isoText(tuesday));
         QCOMPARE(AutoPlanLogic::instance().modifyPlan(moved), QStringLiteral("计划已开始执行，开始日期不支持修改"));

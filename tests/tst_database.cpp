@@ -43,7 +43,7 @@ bool writeFile(const QString& fileName, const QByteArray& content)
     return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
 }
 
-/// A connection without any of the rules of `Database`.
+/// A plain connection, without the rules of `Database`.
 class RawFile {
 public:
     explicit RawFile(const QString& fileName)
@@ -138,7 +138,7 @@ private Q_SLOTS:
 private:
     QString path(const QString& name) const { return m_folder->filePath(name); }
     void addAccount(const QString& number, const QString& clientNo);
-    /// Pages in the log; what is in the file already counts until the log is begun anew.
+    /// Pages in the log. Pages that are already in the file count until the log is restarted.
     int logFrames();
 
     std::unique_ptr<QTemporaryDir> m_folder;
@@ -366,7 +366,7 @@ void tst_database::aLongLogIsMovedWhenNobodyWaits()
 
 void tst_database::beginningTheLogKeepsTheVersionOfTheFile()
 {
-    // As a newer program leaves it that has migrated the file meanwhile.
+    // A newer program has migrated the file in the meantime.
     QCOMPARE(m_database->execute(QStringLiteral("PRAGMA user_version = 99")), Status());
     for (int i = 0; i < 50; ++i)
         QCOMPARE(m_database->transaction([] { return Status(); }), Status());

@@ -17,7 +17,7 @@ enum class Trouble { Locked, ReadOnly, Full, WriteError };
 
 constexpr int oneSecond = 1000;
 
-/// What every field of the form holds, and whether it is shown and enabled.
+/// The value of every field of the form, and whether it is visible and enabled.
 QStringList stateOf(const QWidget& form)
 {
     QStringList state;
@@ -42,13 +42,13 @@ QStringList stateOf(const QWidget& form)
 
 Q_DECLARE_METATYPE(Trouble)
 
-/// OK of a filled form over a database that cannot be written: a message within a second, the form as it was, nothing
-/// stored; and the same form stores its plan once the trouble is over.
+/// OK in a filled form when the database cannot be written: a message appears within a second, the form is unchanged
+/// and nothing is stored. The same form stores its plan once the fault is gone.
 class FormFaultsTest : public ClientFormTest {
     Q_OBJECT
 
 private:
-    /// The read-only file is opened as such; everything else happens to an open session.
+    /// The file is read-only before the session opens; every other fault occurs during the session.
     void begin(Trouble trouble)
     {
         if (trouble == Trouble::Locked) {

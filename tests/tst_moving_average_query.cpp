@@ -80,7 +80,7 @@ void TestMovingAverageQuery::an_answer_comes_after_the_question_has_returned()
 {
     const SampleSession session;
     Answers answers;
-    // Of a security that has closes the other thread answers when it likes; this answer is given without it.
+    // For a security with closes the worker thread answers at any time; this answer does not need that thread.
     ask(QStringLiteral("999999.SH"));
     QCOMPARE(answers.spy.count(), 0);
     QTRY_COMPARE_WITH_TIMEOUT(answers.spy.count(), 1, patience);

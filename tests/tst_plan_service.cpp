@@ -40,7 +40,7 @@ int storedPlans()
     return ClientSession::instance().plans().count();
 }
 
-/// The record with one field changed; a null text takes the field out.
+/// The record with one field changed; a null text removes the field.
 Record with(Record record, const QString& key, const QString& value)
 {
     if (value.isNull())
@@ -76,7 +76,7 @@ Record customPrice(Record record, const QString& formula)
     return record;
 }
 
-/// Another connection that holds the write lock while it lives.
+/// Another connection, which holds the write lock during its lifetime.
 class ForeignWriter {
 public:
     explicit ForeignWriter(const QString& file)
@@ -159,7 +159,7 @@ void TestPlanService::initTestCase()
     QCOMPARE(m_session->opened(), Status());
 }
 
-/// The reason why a record is refused; nothing may have been stored or announced then.
+/// The reason why a record is refused. Verifies that nothing was stored or announced.
 QString TestPlanService::refusal(const Record& record)
 {
     const int before = storedPlans();

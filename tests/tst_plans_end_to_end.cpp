@@ -72,7 +72,7 @@ void addPriced(QList<PlanForm>& plans, const PlanForm& plan)
           << plan.priced(PriceModel::CompareMin, first, second);
 }
 
-/// The plan of an account under review in each of its modes.
+/// The plan of an account under review, in each mode.
 void addReviewed(QList<PlanForm>& plans, PlanForm plan)
 {
     plan.instructionMode = InstMode::NormalReview;
@@ -85,13 +85,13 @@ void addReviewed(QList<PlanForm>& plans, PlanForm plan)
 
 } // namespace
 
-/// Plans that are filled in by mouse and keyboard on the real client, read back from its database, opened and sent
-/// again.
+/// Fills in plans in the real client by mouse and keyboard, reads them back from its database, opens them and sends
+/// them again.
 class PlansEndToEndTest : public ClientFormTest {
     Q_OBJECT
 
 private:
-    /// A plan from 8 through 17 May, assigned to someone and with a remark.
+    /// A plan from 8 to 17 May with an assignee and a remark.
     static PlanForm complete(const QString& account = FreeAccount)
     {
         PlanForm form = ordinary(account);
@@ -229,7 +229,7 @@ private Q_SLOTS:
         openPlan(id, true);
         QCOMPARE(code(editor(), "combx_instructionMode"), InstMode::ActiveManage);
         if (form.isByAmount()) {
-            // Amounts are not for users without review, and an edit may not make a quantity of one.
+            // Users without review may not order amounts, and an edit may not turn an amount into a quantity.
             QCOMPARE(box(editor(), "combx_instructionTargetType")->currentIndex(), -1);
             QCOMPARE(ok(),
                 QStringList{

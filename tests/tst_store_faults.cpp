@@ -62,7 +62,7 @@ bool writeContent(const QString& file, const QByteArray& content)
     return opened.open(QIODevice::WriteOnly) && opened.write(content) == content.size();
 }
 
-/// The file as a machine finds it that stopped just now: the database with what has not been moved into it yet.
+/// Copies the file as if the machine had stopped now: the database and its log.
 bool copyAsLeft(const QString& from, const QString& to)
 {
     QFile::remove(to);
@@ -74,8 +74,8 @@ bool copyAsLeft(const QString& from, const QString& to)
 
 } // namespace
 
-/// A disk that fails under the client's file: whatever is answered, what was acknowledged is stored, what is stored was
-/// attempted, every record is whole, and the answer comes within a second.
+/// A failing disk under the client's file. Whatever the answer, every acknowledged plan is stored, every stored plan
+/// was sent, every record is complete, and the answer comes within a second.
 class TestStoreFaults : public QObject {
     Q_OBJECT
 
@@ -150,7 +150,7 @@ QString TestStoreFaults::timed(const std::function<QString()>& work)
     return elapsed < oneSecond ? reason : QStringLiteral("%1 after %2 ms").arg(reason).arg(elapsed);
 }
 
-/// Sends a new plan; the first one is the plan that is modified later.
+/// Sends a new plan; the first one is modified later.
 QString TestStoreFaults::create()
 {
     const QString mark = QStringLiteral("created-%1").arg(++m_count);
@@ -180,7 +180,7 @@ QString TestStoreFaults::modify()
     return reason;
 }
 
-/// What a machine would find that stops now.
+/// Verifies the file as if the machine stopped now.
 void TestStoreFaults::checkStored()
 {
     QVERIFY(copyAsLeft(m_session->file(), copy()));
@@ -254,7 +254,7 @@ void TestStoreFaults::each_write_fails_in_turn()
         }
         checkStored();
         FaultyDisk::heal();
-        // The same session goes on as if nothing had been, and the refused plan is not there.
+        // The same session continues to work, and the refused plan is not stored.
         QCOMPARE(m_ledger.differences(m_session->file()), QStringList());
         QCOMPARE(modifies ? modify() : create(), QString());
         if (!failed)
@@ -277,8 +277,8 @@ void TestStoreFaults::each_write_of_the_first_start_fails_in_turn_data()
     QTest::newRow("disk full, for good") << Fault::Full << Lasting::ForGood;
 }
 
-// The first writes and the last are each tried, those between in strides: they write one page of the market like the
-// other. `FAULTS_EVERY` = 1 tries all.
+// Tries each of the first and the last writes, and samples those between: they all write pages of the market.
+// `FAULTS_EVERY` = 1 tries all.
 void TestStoreFaults::each_write_of_the_first_start_fails_in_turn()
 {
     QFETCH(Fault, fault);
@@ -323,7 +323,7 @@ void TestStoreFaults::a_file_that_has_reached_its_largest_size_refuses_and_keeps
         reason = create();
     QCOMPARE(reason, full);
     QCOMPARE(create(), full);
-    // A change needs no room of its own.
+    // A change needs no additional space.
     QCOMPARE(modify(), QString());
     checkStored();
     QCOMPARE(client().database().execute(QStringLiteral("PRAGMA max_page_count = 1000000")), Status());
@@ -407,12 +407,13 @@ void TestStoreFaults::a_damaged_file_is_refused_or_read_within_a_second()
         QVERIFY2(!reason.contains(QStringLiteral(" ms")), qPrintable(where + reason));
         if (!reason.isEmpty()) {
             ++refused;
-            // What is not taken as a database is left as it is; damage that shows later may have been written around.
+            // A file that is refused stays unchanged; if the damage shows only later, other pages may have been
+            // written.
             const bool untaken = reason.startsWith(QStringLiteral("无法打开数据库")) && !damaged.isEmpty();
             QVERIFY2(!untaken || contentOf(copy()) == damaged, qPrintable(where + reason));
             continue;
         }
-        // What still opens can be used: an answer, whatever it is, and no crash.
+        // A file that still opens can be used: there is an answer, whatever it is, and no crash.
         timed([this] { return AutoPlanLogic::instance().CreateNewPlan(m_base); });
         AutoPlanLogic::instance().GetPlanInfo(m_plan);
         client().close();
@@ -431,7 +432,8 @@ void TestStoreFaults::a_damaged_log_brings_nothing_that_was_not_sent()
     const QString log = QStringLiteral("-wal");
     const QByteArray sound = contentOf(m_session->file() + log);
     QVERIFY(sound.size() > 4096);
-    // What the log held may be gone, so nothing is acknowledged; what is there must have been sent, whole.
+    // The content of the log may be lost, so no plan counts as acknowledged. Every stored plan must be one that was
+    // sent, and complete.
     PlanLedger attempts;
     attempts.setBase(m_base);
     for (int n = 1; n <= m_count; ++n) {

@@ -31,8 +31,8 @@ quint32 chosenSeed()
 
 } // namespace
 
-/// Other processes on the client's file: killed at any moment, and writing at the same time. What was acknowledged is
-/// stored, what is stored was attempted, and every record is one that was sent.
+/// Other processes on the client's file, which are killed at any moment or write at the same time. Every acknowledged
+/// plan is stored, every stored plan was sent, and every record is one that was sent.
 class TestStoreProcesses : public QObject {
     Q_OBJECT
 
@@ -111,7 +111,7 @@ void TestStoreProcesses::a_first_start_that_is_killed_can_be_repeated()
         WriterProcess writer;
         QVERIFY(writer.launch(file, { QStringLiteral("f"), QStringLiteral("1") }));
         writer.killAfter(random.bounded(150000));
-        // The user of the sample is there, or nothing is and the data are made now.
+        // Either the sample's user exists, or the file is empty and the data are made now.
         ClientSession::Options options;
         options.marketSize = 200;
         const Status opened =
@@ -147,7 +147,7 @@ void TestStoreProcesses::two_writers_lose_nothing_of_each_other()
     QCOMPARE(m_ledger.problems(), QStringList());
     QCOMPARE(m_ledger.differences(m_session->file()), QStringList());
     QCOMPARE(m_ledger.acknowledged() + m_ledger.refusals().size(), 2 * count.toInt());
-    // Who never finds the other one pausing is told so, in time, and nothing of that plan is stored.
+    // A writer that never gets the lock gets an error in time, and nothing of its plan is stored.
     for (const QString& refusal : m_ledger.refusals()) {
         QVERIFY2(refusal.section(QLatin1Char(' '), 0, 0).toInt() < 1000, qPrintable(refusal));
         QVERIFY2(refusal.endsWith(QStringLiteral("数据库正被其他程序占用，请稍后再试")), qPrintable(refusal));
@@ -176,7 +176,7 @@ void TestStoreProcesses::a_writer_whose_files_may_not_grow_is_told_and_loses_not
         QVERIFY2(refusal.contains(QStringLiteral("数据库")), qPrintable(refusal));
     }
     QCOMPARE(m_ledger.differences(m_session->file()), QStringList());
-    // With room again the next start writes as before.
+    // With free space again, the next start writes as before.
     WriterProcess next;
     QVERIFY(next.start(m_session->file(), { QStringLiteral("room"), QStringLiteral("3") }));
     QVERIFY(next.finish());

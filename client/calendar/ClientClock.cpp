@@ -16,7 +16,7 @@ QDate& chosenToday()
     return today;
 }
 
-// Only a weekday tells: weekends are closed in every year, known or not.
+// Checks a weekday, because weekends are closed in every year, known or not.
 bool knowsYear(const TradeCalendar& calendar, const QString& exchange, int year)
 {
     QDate weekday(year, 1, 1);

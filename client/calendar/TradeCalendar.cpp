@@ -128,7 +128,7 @@ QDate TradeCalendar::lastKnownDay(const QString& exchange) const
     return last;
 }
 
-// Empty when the exchange is unknown or its closures are missing.
+// Empty if the exchange is unknown or its closures are missing.
 QList<const TradeCalendar::Closures*> TradeCalendar::closuresOf(const QString& exchange) const
 {
     QStringList markets{ mainland };

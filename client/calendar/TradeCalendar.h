@@ -8,26 +8,26 @@
 #include <QSet>
 #include <QString>
 
-/// Which days an exchange trades, from a table of closures. Knows no clock: days are arguments.
+/// The trade days of exchanges, from a table of closures. Does not use a clock.
 ///
-/// Shanghai, Shenzhen and Beijing follow the mainland's closures. Hong Kong connect trades when the mainland and Hong
-/// Kong both do.
+/// Shanghai, Shenzhen and Beijing follow the mainland's closures. Hong Kong connect trades on the days on which the
+/// mainland and Hong Kong both trade.
 class TradeCalendar {
 public:
     enum class Day { Trades, Closed, Unknown };
 
-    /// The calendar of the closures that the program carries.
+    /// The calendar with the closures built into the program.
     static const TradeCalendar& builtIn();
 
-    /// Reads closures as `market,date,holiday,status` lines after a line of headings, replacing what was there.
-    /// When the text is refused the calendar stays as it was.
+    /// Reads closures as `market,date,holiday,status` lines after a header line, and replaces the present closures. If
+    /// the text is invalid, keeps the calendar.
     Status load(const QByteArray& csv);
 
     /// Weekends are closed in every year; a weekday before the first or after the last listed year, or on an exchange
     /// that the calendar does not know, is unknown.
     Day day(const QString& exchange, const QDate& date) const;
-    /// Days on or after `from` on which the exchange trades, ascending, through the last listed year. Fails when
-    /// nothing is known of `from`.
+    /// Days on or after `from` on which the exchange trades, ascending, through the last listed year. Fails if `from`
+    /// is unknown.
     Result<QList<QDate>> tradeDays(const QString& exchange, const QDate& from) const;
     /// The last day of the last year that is known for the exchange; invalid for an unknown exchange.
     QDate lastKnownDay(const QString& exchange) const;

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// The point and the market at the end of a symbol; empty when there is no point.
+/// The point and the market at the end of a symbol; empty if there is no point.
 QStringView suffixOf(const QString& symbol)
 {
     const int point = symbol.lastIndexOf(QLatin1Char('.'));
@@ -52,7 +52,7 @@ void Market::index()
     }
 }
 
-// Neighbours are mostly of one group, which is therefore tried first.
+// Tries the previous group first, because neighbours are mostly in the same group.
 int Market::groupOf(const Security& security, int first)
 {
     const QStringView suffix = suffixOf(security.symbol);

@@ -8,20 +8,20 @@
 #include <QStringList>
 #include <QVector>
 
-/// Every security in memory. Read-only once loaded, and then safe to ask from any thread.
+/// All securities in memory. Read-only after loading, and thread-safe from then on.
 class Market {
 public:
-    /// Loads every security, replacing what was there. When reading fails the market stays as it was.
+    /// Loads every security, and replaces the present ones. If reading fails, keeps the market.
     Status load(Database& database);
 
     int count() const { return m_securities.size(); }
-    /// Null when the symbol is unknown; valid until the next `load`.
+    /// Null if the symbol is unknown; valid until the next `load`.
     const Security* find(const QString& symbol) const;
 
     /// Symbols whose type matches, whose sub-type is one of `subTypes`, and whose market's end (".SH") ends with one of
     /// `suffixes`. An empty list of suffixes or an empty suffix does not restrict; without sub-types nothing matches.
-    /// They come sub-type by sub-type and market by market, each as one run in the market's order that all answers
-    /// share, so that the cost does not grow with the market.
+    /// The result is grouped by sub-type and market. Each group is one run in the market's order, which all results
+    /// share, so the cost does not depend on the size of the market.
     SymbolList symbols(const QString& type, const QStringList& subTypes, const QStringList& suffixes) const;
     /// All symbols in these runs.
     SymbolList symbols() const;

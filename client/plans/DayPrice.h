@@ -10,7 +10,7 @@
 
 #include <optional>
 
-/// Prices that a formula names beside the moving averages of `MovingAverages::names`.
+/// The price names of formulas besides the moving averages of `MovingAverages::names`.
 namespace PriceItem {
 inline const QString previousClose = QStringLiteral("昨收价");
 inline const QString upperLimit = QStringLiteral("涨停价");
@@ -22,20 +22,20 @@ const QStringList& priceNames();
 
 /// The price of a plan on one day.
 struct DayPrice {
-    /// In ticks; absent when the plan sets no limit.
+    /// In ticks; absent if the plan sets no limit.
     std::optional<qint64> limit;
-    /// What the security is worth before the day begins, in ticks.
+    /// The close before the day, in ticks.
     qint64 reference = 0;
-    /// True when the formula led beyond the day's limit prices and the price is the nearer of them.
+    /// True if the result of the formula was beyond a limit price of the day, which is then the price.
     bool cutToLimit = false;
 };
 
-/// Works a plan's price out from its mode and formulas. `closes`: the security's closing prices before the day in
-/// ticks, oldest first.
+/// Computes a plan's price from its mode and formulas. `closes`: the security's closing prices before the day in ticks,
+/// oldest first.
 Result<DayPrice> dayPrice(
     const QMap<QString, QVariant>& record, const Security& security, const QVector<qint64>& closes);
 
-/// What an order got.
+/// The fill of an order.
 struct Fill {
     /// In displayed units.
     qint64 quantity = 0;
@@ -43,7 +43,7 @@ struct Fill {
     qint64 price = 0;
 };
 
-/// Fills an order without an exchange, always the same way: an order without a limit, or with one that is no worse for
-/// the market than the reference, is filled at the reference; a limit at most one percent away gets half of its lots
-/// at its own price; any other gets nothing.
+/// Simulates the fill of an order, deterministically. An order without a limit, or with a limit at least as good for
+/// the market as the reference, is filled at the reference. With a limit at most one percent worse, half of its lots
+/// are filled at the limit. Any other order is not filled.
 Fill simulateFill(bool isBuy, const DayPrice& price, qint64 quantity, int lot);

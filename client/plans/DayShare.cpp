@@ -9,7 +9,7 @@ namespace {
 
 using namespace PlanCodes;
 
-// Quantities come from decimal texts and ratios: 300 may arrive a little below itself.
+// Quantities come from decimal texts and ratios, so 300 may be slightly too small.
 constexpr double tolerance = 1e-6;
 
 double leftOf(const PlanShare& plan)

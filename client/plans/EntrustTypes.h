@@ -4,17 +4,17 @@
 #include <QString>
 #include <QVector>
 
-/// Everything that is known about one entrust type.
+/// The properties of an entrust type.
 struct EntrustType {
     VorMarginTradeType number = VorMarginTradeType::None; ///< as stored in plans
     QString code;                                         ///< `Orlo_Values::SideUnion`
     QString name;                                         ///< as shown to the trader
 };
 
-/// All entrust types. The plain purchase has no number of its own, for it is none of a margin instruction.
+/// All entrust types. The plain purchase has no number, because margin instructions do not have it.
 const QVector<EntrustType>& entrustTypes();
 
-/// The entrust type of a code; one with an empty code when there is none.
+/// The entrust type with a code; one with an empty code if there is none.
 EntrustType entrustTypeOfCode(const QString& code);
-/// The entrust type of a number; one with an empty code when there is none.
+/// The entrust type with a number; one with an empty code if there is none.
 EntrustType entrustTypeOfNumber(VorMarginTradeType number);

@@ -54,9 +54,9 @@ public:
     {
     }
 
-    /// Ends what is open from earlier days.
+    /// Ends the open instructions of earlier days.
     Status endEarlier();
-    /// Fails when the plan gets no instruction; otherwise `fields` may be asked for.
+    /// Fails if the plan gets no instruction; on success `fields` may be called.
     Status prepare();
     Fields fields() const;
     bool isIssued() { return !m_session.instructions().ofDay(m_plan.id, m_day).isEmpty(); }
@@ -179,13 +179,13 @@ Status PlanDay::readQuantityShare()
     m_share.total = static_cast<double>(*total * m_security->displayFactor);
     m_share.perDay = static_cast<double>(perDay * m_security->displayFactor);
     m_share.ratio = PlanTexts::decimalNumber(other(BaseField::JCRatio)).value_or(0);
-    // Without a total of its own a reduction aims at all that may be sold.
+    // The target of a reduction without a total is the whole quantity that may be sold.
     if (isReduction() && *total == 0)
         m_share.total = holdings();
     return {};
 }
 
-// The stored closes may reach beyond a day that is issued late.
+// When a day is issued late, there may be closes after it.
 QVector<qint64> PlanDay::closesBefore() const
 {
     CloseHistory history = SecurityStore(m_session.database()).closes(m_security->symbol);

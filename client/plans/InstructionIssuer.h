@@ -6,11 +6,11 @@
 #include <QStringList>
 #include <QVector>
 
-/// What came of a day's issuing.
+/// The result of issuing a day.
 struct IssueResult {
     /// Ids of the new instructions.
     QStringList issued;
-    /// Plans that had their instruction of the day before.
+    /// Plans that already had an instruction of the day.
     QStringList alreadyIssued;
 
     struct Skipped {
@@ -21,14 +21,13 @@ struct IssueResult {
     QVector<Skipped> skipped;
 };
 
-/// Turns every plan whose period covers a trade day into its instruction of that day, and fills it by a simulator.
+/// Creates the instructions of a trade day, one for every plan with the day in its period, and simulates their fills.
 ///
-/// A quantity plan issues whole lots, an amount plan the whole lots that its amount of the day buys, both within the
-/// daily maximum and what is left. Instructions of earlier days that are still open end first and give back what was
-/// not filled. The day is one transaction; issuing it again adds nothing. Each plan that changed is announced by
-/// `PlanEvents`.
+/// A quantity plan issues whole lots, an amount plan the whole lots that its amount of the day buys, both at most the
+/// daily maximum and the rest of the plan. First ends open instructions of earlier days, which give back their unfilled
+/// part. The day is one transaction; issuing it again has no effect. `PlanEvents` reports each changed plan.
 class InstructionIssuer {
 public:
-    /// Fails when nothing was issued at all.
+    /// Fails if nothing was issued at all.
     static Result<IssueResult> issueDay(const QDate& day);
 };

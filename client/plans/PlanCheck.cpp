@@ -43,7 +43,7 @@ QVector<CodeRule> codeRules()
     };
 }
 
-/// What the rules look at. They change nothing of it.
+/// What the rules read. They do not change it.
 struct CheckedPlan {
     const PlanCheck::Record& record;
     const PlanCheck::Known& known;
@@ -140,7 +140,7 @@ Status securityTradesOnExchange(const CheckedPlan& plan)
     return security->exchange == exchange ? Status() : Status(Error::WrongExchange, { symbol, exchange });
 }
 
-// A reduction may leave its total to the holdings, and an amount order counts in yuan: there zero is no mistake.
+// Zero is valid for a reduction, whose total may be its holdings, and for an amount order, which is in yuan.
 Status totalIsGiven(const CheckedPlan& plan)
 {
     const QString text = plan.text(BaseField::totalQty);
@@ -227,7 +227,7 @@ Status beginIsTradeDay(const CheckedPlan& plan)
     return begin.isValid() ? checkTradeDay(plan, caption, begin) : Status(Error::InvalidDate, { caption });
 }
 
-// A reduction has no end of its own: its end date stands a century ahead, beyond any calendar.
+// A reduction has no end: its end date is a century ahead, beyond any calendar.
 Status endIsTradeDay(const CheckedPlan& plan)
 {
     const QString caption = QStringLiteral("结束日期");
@@ -292,7 +292,7 @@ Status firstError(const QVector<Rule>& rules, const PlanCheck::Record& record, c
     return {};
 }
 
-/// What identifies a plan and stays for its life: the record's keys with their captions.
+/// The record keys that identify a plan and never change, with their captions.
 QVector<QPair<QString, QString>> identityFields()
 {
     return {
@@ -306,7 +306,7 @@ QVector<QPair<QString, QString>> identityFields()
     };
 }
 
-/// Caption of the first identifying field that differs; empty when there is none.
+/// Caption of the first identifying field that differs; empty if there is none.
 QString changedIdentity(const PlanCheck::Record& stored, const PlanCheck::Record& record)
 {
     const auto fields = identityFields();

@@ -8,7 +8,7 @@
 #include <QMap>
 #include <QVariant>
 
-/// What a plan must satisfy before it is stored. The first rule that it breaks is the answer.
+/// Checks a plan before it is stored. The result is the first broken rule.
 namespace PlanCheck {
 
 using Record = QMap<QString, QVariant>;
@@ -16,16 +16,16 @@ using Record = QMap<QString, QVariant>;
 /// Longest remark in characters.
 constexpr int longestRemark = 200;
 
-/// What the client knows that records are checked against.
+/// The client's data for the checks of a record.
 struct Known {
     const Market& market;
     const AccountDirectory& accounts;
     const TradeCalendar& calendar;
 };
 
-/// Why a record cannot become a new plan; success when it can.
+/// Why a record cannot become a new plan; success if it can.
 Status creationError(const Record& record, const Known& known);
-/// Why a stored plan cannot be changed to a record; success when it can. `today` decides whether the plan has started.
+/// Why a stored plan cannot be changed to a record; success if it can. `today` decides whether the plan has started.
 Status changeError(const Record& stored, const Record& record, const QDate& today, const Known& known);
 
 } // namespace PlanCheck

@@ -7,13 +7,13 @@
 
 #include <optional>
 
-/// How a plan's texts are read. Every reading is strict: what is not exactly of the form is absent, not guessed.
+/// Parsers for a plan's texts. They are strict: a text that is not exactly of the form gives an absent value.
 namespace PlanTexts {
 
-/// Longest other-parameter text that is read, in characters.
+/// Largest length of an other-parameter text, in characters.
 constexpr int longestOtherParam = 256 * 1024;
 
-/// The other-parameter map of a text; absent when the text is no JSON object or longer than `longestOtherParam`.
+/// The other-parameter map of a text; absent if the text is not a JSON object or is longer than `longestOtherParam`.
 std::optional<QMap<QString, QVariant>> otherParam(const QString& text);
 
 /// A whole number of at most 15 digits, zero included; absent for a sign, a decimal point or an exponent.
@@ -22,7 +22,7 @@ std::optional<qint64> wholeNumber(const QString& text);
 /// an exponent.
 std::optional<double> decimalNumber(const QString& text);
 
-/// A date in `OrloConstants::DateTimeFormatString::STD_DATE_FORMAT`; invalid when the text is none.
+/// A date in `OrloConstants::DateTimeFormatString::STD_DATE_FORMAT`; invalid if the text is not such a date.
 QDate date(const QString& text);
 QString text(const QDate& date);
 

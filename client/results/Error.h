@@ -1,7 +1,6 @@
 #pragma once
 
-/// Why an operation of the client failed. A comment names the details of a code, in the order in which its sentence has
-/// them.
+/// Error codes of the client's operations. The comment of a code lists the details of its sentence, in order.
 enum class Error {
     None,
     // --- The database
@@ -42,12 +41,12 @@ enum class Error {
     NoSigner,
     ForeignClient, ///< client number
     // --- The trade calendar
-    NoClosureHeadings, ///< the headings that are missing
+    NoClosureHeadings, ///< the missing headings
     BadClosureLine,    ///< number of the line; the cause says what is wrong in it
-    ClosureColumns,    ///< how many columns the line has
+    ClosureColumns,    ///< number of columns in the line
     NotADate,          ///< the text
     NoCalendar,        ///< exchange
-    BeyondCalendar,    ///< the last known day, the day that is not known
+    BeyondCalendar,    ///< the last known day, the unknown day
     // --- Checks of a plan; captions are those of the form
     PlanHasId,
     NoOtherParam,
@@ -207,7 +206,7 @@ enum class Error {
     InvalidInput,       ///< label; cause
     InvalidInputInUnit, ///< label, unit; cause
     RuleBroken,         ///< the rule's own sentence
-    // --- Numbers and dates that a trader types
+    // --- Typed numbers and dates
     NumberMalformed,
     NumberNotWhole,
     NumberTooFine, ///< largest number of decimals

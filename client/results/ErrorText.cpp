@@ -9,8 +9,7 @@ struct Sentence {
     const char* text;
 };
 
-/// The sentences in the order of the codes, with %1, %2, ... in the places of the details and, behind them, of the
-/// cause.
+/// The sentences in the order of the codes. %1, %2, ... are replaced by the details and then by the cause.
 constexpr Sentence sentences[] = {
     { Error::None, "" },
     // --- The database
@@ -216,7 +215,7 @@ constexpr Sentence sentences[] = {
     { Error::InvalidInput, "“%1”%2！" },
     { Error::InvalidInputInUnit, "“%1”%3（单位：%2）！" },
     { Error::RuleBroken, "%1" },
-    // --- Numbers and dates that a trader types
+    // --- Typed numbers and dates
     { Error::NumberMalformed, QT_TRANSLATE_NOOP("Error", "请输入数字，不带千分位和其他符号") },
     { Error::NumberNotWhole, QT_TRANSLATE_NOOP("Error", "只能输入整数") },
     { Error::NumberTooFine, QT_TRANSLATE_NOOP("Error", "最多输入%1位小数") },
@@ -249,7 +248,7 @@ QString errorText(const Status& status)
     if (!status.cause())
         values << errorText(status.cause());
     const QString text = QCoreApplication::translate("Error", sentences[static_cast<size_t>(status.error())].text);
-    // All at once: a detail that holds a placeholder stays as it is.
+    // All at once, so that a placeholder inside a detail is not replaced.
     switch (values.size()) {
     case 0:
         return text;

@@ -8,14 +8,13 @@
 #include <optional>
 #include <utility>
 
-/// What came of an operation: success, or an error code with the details that its sentence needs. `errorText` makes the
+/// The result of an operation: success, or an error code with the details for its sentence. `errorText` makes the
 /// sentence where it is shown.
 class [[nodiscard]] Status {
 public:
     /// Success.
     Status() = default;
-    /// A failure. `details` are the values that the comment at the code names; `cause` is the failure behind it, where
-    /// the code has one.
+    /// A failure. The comment of the code lists the `details`; `cause` is the underlying failure, if the code has one.
     Status(Error error, QStringList details = {});
     Status(Error error, QStringList details, const Status& cause);
 
@@ -23,10 +22,10 @@ public:
     explicit operator bool() const { return m_error == Error::None; }
     Error error() const { return m_error; }
     const QStringList& details() const { return m_details; }
-    /// The failure behind this one; success when there is none.
+    /// The underlying failure; success if there is none.
     Status cause() const { return m_cause ? *m_cause : Status(); }
 
-    /// True when code, details and cause are the same.
+    /// True if code, details and cause are equal.
     bool operator==(const Status& other) const;
 
 private:
@@ -35,7 +34,7 @@ private:
     QSharedPointer<const Status> m_cause;
 };
 
-/// A value, or the status that says why there is none.
+/// A value, or the status of the operation that failed to make one.
 template <typename T> class [[nodiscard]] Result {
 public:
     Result(T value)
@@ -52,16 +51,16 @@ public:
     {
     }
 
-    /// True when there is a value.
+    /// True if there is a value.
     explicit operator bool() const { return m_value.has_value(); }
-    /// The value; only to be asked for when there is one.
+    /// The value; there must be one.
     const T& operator*() const { return *m_value; }
     T& operator*() { return *m_value; }
     const T* operator->() const { return &*m_value; }
     T* operator->() { return &*m_value; }
-    /// The value, or `other` when there is none.
+    /// The value, or `other` if there is none.
     T valueOr(T other) const { return m_value ? *m_value : other; }
-    /// Success when there is a value.
+    /// Success if there is a value.
     const Status& status() const { return m_status; }
 
 private:

@@ -26,7 +26,7 @@ using namespace Orlo_Values::MdcSubSecurityType;
 
 using namespace PlanCodes::InstructionType;
 
-/// An account with what its user may do with it.
+/// An account with its user's authorities.
 struct SampleAccount {
     QString number;
     QString name;
@@ -44,11 +44,11 @@ struct SampleUser {
 };
 
 const QStringList executors{ QStringLiteral("苏砚"), QStringLiteral("陆珩"), QStringLiteral("沈棠") };
-// One name stands twice, as it does when a reviewer belongs to two groups of a chain.
+// One name is listed twice, as if a reviewer belonged to two groups of a chain.
 const QStringList reviewers{ QStringLiteral("顾湫"), QStringLiteral("程澜"), QStringLiteral("顾湫"),
     QStringLiteral("白霁") };
 
-// A table, with a row for each account, however long. NOLINTNEXTLINE(readability-function-size)
+// A table with a row for each account. NOLINTNEXTLINE(readability-function-size)
 QVector<SampleUser> accountOwners()
 {
     const QString& ordinary = AccountAsset::ordinary;
@@ -125,7 +125,7 @@ public:
     }
 
 private:
-    // Those whom chains name may log in too; they have no accounts.
+    // The users in chains may log in, too; they have no accounts.
     Status writeColleagues()
     {
         QStringList names = executors + reviewers;
@@ -173,7 +173,7 @@ private:
         return status ? writeChain(sample.number, type) : status;
     }
 
-    // Nobody is there to whom a Hong Kong connect instruction could be handed on.
+    // There is no user to forward a Hong Kong connect instruction to.
     Status writeChain(const QString& account, const QString& type)
     {
         const QString key = QStringLiteral("CHAIN-%1-%2").arg(account, type);
@@ -199,7 +199,7 @@ private:
         return status;
     }
 
-    // Of each kind one position that is ample and one that is scarce, part of it not to be sold today.
+    // One large and one small position of each kind; a part of it cannot be sold today.
     Status writeHoldings(const SampleAccount& sample, const QString& exchange, const QString& subType,
         const QString& suffix, int displayFactor)
     {

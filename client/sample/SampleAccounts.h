@@ -7,10 +7,10 @@
 /// Sample users, accounts, authorities, chains, signatures and positions.
 namespace SampleAccounts {
 
-/// The user who is logged in unless another is named.
+/// The default user.
 QString defaultUser();
-/// Writes everything in one transaction, positions in securities of the market that the database holds. `signedTime`
-/// is when the clients who have signed did so.
+/// Writes everything in one transaction. Takes the securities of the positions from the market in the database.
+/// `signedTime` is the time of the signatures.
 Status write(Database& database, const QDateTime& signedTime);
 
 } // namespace SampleAccounts

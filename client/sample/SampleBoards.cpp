@@ -47,7 +47,7 @@ SampleBoard trusts(const QString& exchange, const CodeRange& range, int count)
     return { SampleKind::Trust, FundType, exchange, suffixOf(exchange), { range }, count, 100, 3, 1, 100 };
 }
 
-// Shanghai keeps bonds in lots of ten.
+// Shanghai stores bonds in lots of ten.
 SampleBoard bonds(SampleKind kind, const QString& exchange, const QVector<CodeRange>& ranges, int count)
 {
     const int limit = kind == SampleKind::Convertible ? 200 : 0;
@@ -169,7 +169,7 @@ QVector<SampleBoard> hongKongBoards()
         500, 0, 3, 1, 0 } };
 }
 
-// Codes that no board of a market of standard size has; they are used when all others are.
+// Codes outside the boards of a market of standard size; used when all other codes are in use.
 QVector<SampleBoard> furtherBondBoards()
 {
     const QStringList plain = plainBondSubTypes();

@@ -11,7 +11,7 @@ struct CodeRange {
     QString subType;
 };
 
-/// How the names and prices of a board's securities look.
+/// The kinds of names and prices of a board's securities.
 enum class SampleKind { Share, Fund, Trust, Convertible, Bond, AssetBacked, DirectedConvertible, HongKong };
 
 /// Securities that share their rules.
@@ -26,17 +26,17 @@ struct SampleBoard {
     int limitPerMille;
     int pricePrecision;
     int displayFactor;
-    /// In displayed units; 0 means that each security has its own.
+    /// In displayed units; 0 means that it differs between securities.
     int quantityStep;
 
-    /// Codes that the ranges hold together.
+    /// Total number of codes in the ranges.
     int capacity() const;
 };
 
 /// The boards of the sample market in the market's order.
 const QVector<SampleBoard>& sampleBoards();
 
-/// A small generator whose numbers depend on the seed alone, not on library or machine (splitmix64).
+/// A small random number generator (splitmix64). Its numbers depend only on the seed, not on library or machine.
 class SampleRandom {
 public:
     explicit SampleRandom(quint64 seed)

@@ -15,7 +15,7 @@ using namespace PlanCodes;
 using InstructionTargetType::AmountOrder;
 using InstructionTargetType::QtyOrder;
 
-// For which plans the built-in strategies are allowed. Types without a list allow every strategy.
+// The built-in strategies allowed for kinds of plans. Types without a list allow every strategy.
 Status writeStrategyLists(Database& database)
 {
     const QStringList schedules{ QStringLiteral("TWAP"), QStringLiteral("VWAP"), QStringLiteral("POV") };

@@ -27,7 +27,7 @@ int standardSum(int sum, const SampleBoard& board)
     return sum + board.standardCount;
 }
 
-/// Securities that the boards may have beyond a market of standard size: those that are in it, or the further ones.
+/// Number of securities that can be added to the boards of a market of standard size, or to the further boards.
 int roomOf(bool further)
 {
     int room = 0;
@@ -38,7 +38,7 @@ int roomOf(bool further)
     return room;
 }
 
-/// The share of `extra` that falls to a board, by the room that it has of `room`.
+/// The board's share of `extra`, in proportion to its part of `room`.
 int grownCount(const SampleBoard& board, int extra, int room)
 {
     const int own = canGrow(board) ? board.capacity() - board.standardCount : 0;
@@ -57,7 +57,7 @@ int scaledCount(const SampleBoard& board, int size)
     return grownCount(board, qMax(0, size - standard - room), roomOf(true));
 }
 
-/// The largest board that may still have more, in a market that has grown a bond board.
+/// The largest board with room for another security. In a market beyond the standard size this is a bond board.
 int boardForOneMore(const QVector<int>& counts)
 {
     int largest = -1;
@@ -75,7 +75,7 @@ QVector<int> countsFor(int size)
     QVector<int> counts;
     for (const SampleBoard& board : sampleBoards())
         counts << scaledCount(board, size);
-    // What rounding left over.
+    // The remainder of the rounding.
     int rest = size - std::accumulate(counts.cbegin(), counts.cend(), 0);
     for (; rest > 0; --rest)
         ++counts[boardForOneMore(counts)];
@@ -146,7 +146,7 @@ void applySpecialTreatment(Security& security, int nameIndex, SampleRandom& rand
     security.stText = QStringLiteral("证券【%1 %2】已被实施%3").arg(security.symbol, security.name, warning);
 }
 
-/// Writes the boards one after the other and counts along.
+/// Writes the boards one after the other and counts the securities.
 class MarketWriter {
 public:
     MarketWriter(
@@ -214,7 +214,7 @@ private:
             applySpecialTreatment(security, nameIndex, random);
     }
 
-    // Shares of both markets draw from one list of names.
+    // Shares of both markets use the same list of names.
     int nextNameIndex(SampleKind kind) { return m_names[kind == SampleKind::HongKong ? SampleKind::Share : kind]++; }
 
     bool report() { return !m_progress || m_progress(m_done, m_size); }

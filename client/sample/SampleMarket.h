@@ -8,9 +8,9 @@
 
 #include <functional>
 
-/// What the sample market is made of.
+/// The parameters of the sample market.
 struct SampleMarketOptions {
-    /// The same seed makes the same market.
+    /// Equal seeds make equal markets.
     quint64 seed = 20240506;
     /// Number of securities; `SampleMarket::standardSize` unless asked otherwise.
     int size = 0;
@@ -21,16 +21,16 @@ struct SampleMarketOptions {
 /// An invented market with the boards, code ranges, lots and limits of the real one.
 class SampleMarket {
 public:
-    /// Told how many securities of how many are written; false stops the writing.
+    /// Called with the number of written securities and their total; returning false stops the writing.
     using Progress = std::function<bool(int done, int total)>;
 
     static int standardSize();
-    /// The code ranges hold no more than this.
+    /// The capacity of the code ranges.
     static int largestSize();
-    /// Closes of a security that was listed long enough ago.
+    /// Number of closes of a security, unless it was listed later.
     static int closesPerSecurity();
 
-    /// Writes the market in one transaction, so that a market that was stopped or failed leaves nothing behind.
-    /// A size of more than `largestSize` or less than one security of every kind is refused.
+    /// Writes the market in one transaction; if it is stopped or fails, the database is unchanged. Refuses a size above
+    /// `largestSize` or below one security of every kind.
     static Status write(Database& database, const SampleMarketOptions& options, const Progress& progress = {});
 };

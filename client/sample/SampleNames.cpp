@@ -4,7 +4,7 @@
 
 namespace {
 
-// 64 each, so that an odd multiplier walks through every pair before one comes back.
+// 64 each, so that an odd multiplier visits every pair before one repeats.
 const QString firstSyllables = QStringLiteral("岚砚霁澜珩翊湫棠筠黛霏珞瑄淞璟岫"
                                               "樾沅琮昀芷墨羽溯嵩皓衡朔漪锦毓煦"
                                               "崧澍骁珺栩晟琅渝苡蔚晗泓稷岱曜芃"
@@ -47,7 +47,7 @@ QString stem(int index)
     return pairText(pairOf(index));
 }
 
-// Once every pair is used the endings move on by one, so that pair and ending together stay unique.
+// Once every pair is used, the endings shift by one, so that pair and ending together stay unique.
 QString withEnding(int index, const QStringList& endings)
 {
     const int pair = pairOf(index);

@@ -38,7 +38,7 @@ PriceRange rangeOf(SampleKind kind)
 qint64 nextClose(qint64 previous, qint64 first, int move, SampleRandom& random)
 {
     const qint64 drift = random.between(-move, move) + random.between(-move, move);
-    // The pull back to the first price keeps a long walk from running away.
+    // The pull towards the first price bounds a long walk.
     return previous + previous * drift / 10000 + (first - previous) / 50;
 }
 

@@ -2,11 +2,11 @@
 
 #include "SampleBoards.h"
 
-/// Invented closing prices.
+/// Simulated closing prices.
 namespace SamplePrices {
 
-/// A walk of `days` closes in ticks, oldest first, none below one tick and none beyond the daily limit
-/// (`limitPerMille`, 0 means none) of the close before.
+/// A random walk of `days` closes in ticks, oldest first. Every close is at least one tick and within the daily limit
+/// of the previous one (`limitPerMille`, 0 means no limit).
 QVector<qint64> closes(SampleKind kind, int days, int limitPerMille, SampleRandom& random);
 
 } // namespace SamplePrices

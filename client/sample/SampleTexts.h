@@ -2,7 +2,7 @@
 
 #include "Database.h"
 
-/// Static configuration texts that come with the client, and the text of the agreement.
+/// The client's static configuration texts, and the text of the agreement.
 namespace SampleTexts {
 
 /// Writes everything in one transaction.

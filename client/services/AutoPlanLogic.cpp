@@ -21,7 +21,7 @@ PlanCheck::Known knownOf(const ClientSession& session)
 
 void answerWithoutAverages(AutoPlanLogic* service, const QString& symbol, const Status& status)
 {
-    // Queued, so that nobody gets an answer from within the question.
+    // Queued, so that the signal is not emitted inside the query.
     const auto answer = [service, symbol, status] {
         Q_EMIT service->signalQuerySymbolMAResponse(symbol, QStringList(), errorText(status));
     };
@@ -79,7 +79,7 @@ QString AutoPlanLogic::CreateNewPlan(QMap<QString, QVariant> record)
     return errorText(id.status());
 }
 
-// Reading, checking and writing share one transaction: what was checked is what is changed.
+// Reads, checks and writes in one transaction, so that the plan cannot change in between.
 QString AutoPlanLogic::modifyPlan(const QMap<QString, QVariant>& record)
 {
     ClientSession& session = ClientSession::instance();

@@ -16,11 +16,11 @@
 
 namespace {
 
-// The account properties by which the editor asks: every account that may trade, and is open to automatic plans.
+// The account properties in the editor's query: every account that may trade, and that is open to automatic plans.
 constexpr int tradingAccounts = 3;
 constexpr int planAccounts = 16;
 
-// What is told of a security that nobody knows.
+// The answers for an unknown security.
 constexpr int usualPrecision = 2;
 constexpr int usualFactor = 1;
 
@@ -34,7 +34,7 @@ const StoredAccount* accountOf(const QString& tradingAccount)
     return ClientSession::instance().accounts().find(tradingAccount);
 }
 
-// No security of the market has expired, so asking for the expired ones as well adds none.
+// No security of the market has expired, so including expired ones adds none.
 SymbolList symbolsWithout(const SymbolList& symbols, const QStringList& excluded)
 {
     if (excluded.isEmpty())
@@ -56,7 +56,7 @@ tagUserAccountInfo accountRecord(const StoredAccount& account)
 
 } // namespace
 
-// No account of the store is closed or frozen, so neither of the two flags leaves any out or adds one.
+// No account of the store is closed or frozen, so the two flags have no effect.
 QList<tagUserAccountInfo> OrloBusinessDataInterface::GetFundAccountListByFundProp(
     int fundProperty, int assetProperty, bool withClosed, const QStringList& accountTypes, bool onlyUsable)
 {
@@ -199,7 +199,7 @@ QList<QMap<QString, QVariant>> BusinessDataInterface::GetPositionListByAccount(c
     ClientSession& session = ClientSession::instance();
     if (!session.isOpen() || !session.accounts().find(account.tradingAccount))
         return {};
-    // Positions are kept whole: none belongs to a currency, portfolio, strategy or seat by which it could be chosen.
+    // Positions are not divided by currency, portfolio, strategy or seat, so these filters have no effect.
     if (!(currency + portfolio + strategy + seat).isEmpty())
         return {};
     QList<QMap<QString, QVariant>> fields;

@@ -39,7 +39,7 @@ QStringList InstructionBusinessDataInterface::GetForwardUsers(const QString& cha
     return {};
 }
 
-// Asked of the store each time: the lists change with every answer to a strategy query.
+// Reads the store each time, because the lists change with every answer to a strategy query.
 QStringList InstructionBusinessDataInterface::getWhiteAlgoNameList(
     const QString& instructionType, const QString& targetType, const QString& symbol)
 {

@@ -5,9 +5,8 @@
 /// The strategy query of the algorithm service.
 namespace StrategyQuery {
 
-/// Reads the strategies afresh in a worker thread, which then emits `AlgoTradeLogicNew::sigQryAlgoStrategiesRsp`.
-/// Called on the user interface thread. The future is finished when the signal has been emitted; nobody needs to wait
-/// for it.
+/// Reads the strategies again on a worker thread, which then emits `AlgoTradeLogicNew::sigQryAlgoStrategiesRsp`. Call
+/// it on the user interface thread. The future finishes when the signal has been emitted; callers need not wait for it.
 QFuture<void> start();
 
 } // namespace StrategyQuery

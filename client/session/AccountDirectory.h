@@ -5,25 +5,25 @@
 
 #include <QHash>
 
-/// What one user may do on which accounts, read once and then answered from memory.
+/// A user's accounts and authorities, read once and then kept in memory.
 class AccountDirectory {
 public:
-    /// Reads everything of the user, replacing what was there.
+    /// Reads all data of the user and replaces the present ones.
     void load(Database& database, const QString& userId);
     void clear();
 
     const QVector<StoredAccount>& accounts() const { return m_accounts; }
-    /// Null when the account is unknown or not the user's; valid until the next `load`.
+    /// Null if the account is unknown or not the user's; valid until the next `load`.
     const StoredAccount* find(const QString& tradingAccount) const;
-    /// Numbers of the clients who own the user's accounts, each once.
+    /// Client numbers of the user's accounts, each once.
     QStringList clientNumbers() const;
 
     bool hasAuthority(const QString& tradingAccount, const QString& instructionType) const;
-    /// 0 when none is stored.
+    /// 0 if none is stored.
     int ruleProperty(const QString& tradingAccount, const QString& instructionType) const;
-    /// Empty when the account has no chain for the type.
+    /// Empty if the account has no chain for the type.
     QString chainKey(const QString& tradingAccount, const QString& instructionType) const;
-    /// User names in chain order, duplicates kept; empty when the chain is unknown.
+    /// User names in chain order, with duplicates; empty if the chain is unknown.
     QStringList executors(const QString& chainKey) const;
     QStringList forwarders(const QString& chainKey) const;
 

@@ -155,7 +155,7 @@ void ClientSession::startMovingAverages()
     static const bool registered = (qAddPostRoutine(closeWithTheApplication), true);
     Q_UNUSED(registered);
     m_averages = std::make_unique<MovingAverageWorker>(m_database.fileName());
-    // Emitted on the worker's thread: receivers see the answer as another thread's.
+    // Emitted on the worker's thread, so receivers must expect another thread.
     QObject::connect(m_averages.get(), &MovingAverageWorker::answered, &PlanEvents::instance(),
         &PlanEvents::averagesAnswered, Qt::DirectConnection);
 }

@@ -14,29 +14,29 @@
 
 #include <memory>
 
-/// The one session of the client: an opened database and the user who is logged in. All services answer from it, and
-/// answer empty while it is closed. Belongs to the user interface thread.
+/// The only session of the client: an opened database and the logged-in user. All services use it and return empty
+/// values while it is closed. Use it on the user interface thread only.
 class ClientSession {
 public:
     struct Options {
-        /// Securities of the sample market that a new database gets; 0 means its usual size.
+        /// Number of securities in the sample market of a new database; 0 means the default.
         int marketSize = 0;
     };
-    /// Told how much of the sample data is written; false stops it, and the session stays closed.
+    /// Called with the progress of writing the sample data. Returning false stops it, and the session stays closed.
     using Progress = SampleMarket::Progress;
 
     static ClientSession& instance();
 
-    /// Opens a database for a user, closing an earlier session. A new database gets the sample data first. An empty
-    /// user id logs the sample's first user in. When it fails the session is closed. The search for securities is
-    /// prepared once events are worked off.
+    /// Opens a database for a user, and closes an earlier session. A new database gets the sample data first. An empty
+    /// user id logs in the sample's first user. If it fails, the session is closed. The search for securities is
+    /// prepared when pending events have been processed.
     Status open(const QString& file, const QString& userId, const Progress& progress, const Options& options);
     Status open(const QString& file, const QString& userId);
-    /// Ends the session; answers that are still being computed are dropped. Does nothing while closed.
+    /// Closes the session and drops answers that are still being computed. Does nothing while closed.
     void close();
     bool isOpen() const { return m_open; }
 
-    /// The user who is logged in; one with an empty id while closed.
+    /// The logged-in user; one with an empty id while closed.
     const StoredUser& user() const { return m_user; }
     /// Every user of the opened database.
     QVector<StoredUser> users();
@@ -49,18 +49,18 @@ public:
     PlanStore plans();
     InstructionStore instructions();
 
-    /// Instructions of a plan as the store has them; see `InstructionCache`.
+    /// The stored instructions of a plan; see `InstructionCache`.
     QMap<QString, InstructionStore::Fields> instructionsOf(const QString& planId);
-    /// Has the instructions of a plan that is likely to be asked for read ahead; does nothing while closed.
+    /// Starts reading the instructions of a plan that is likely to be needed next; does nothing while closed.
     void prefetchInstructions(const QString& planId);
 
-    /// A static text of the database; empty when there is none. Remembered until the session is closed.
+    /// A static text of the database; empty if there is none. Cached until the session is closed.
     QString staticText(const QString& category, const QString& key);
-    /// Clients of the user's accounts who have not signed an agreement. Remembered until something is signed.
+    /// Clients of the user's accounts that have not signed an agreement. Cached until the next signature.
     QStringList unsignedClients(const QString& protocolId);
     void forgetSignatures() { m_unsigned.clear(); }
 
-    /// Starts a moving-average query; false while closed. The answer comes by `PlanEvents`.
+    /// Starts a moving-average query; false while closed. `PlanEvents` emits the answer.
     bool askMovingAverages(const QString& symbol);
 
 private:
@@ -78,7 +78,7 @@ private:
     AccountDirectory m_accounts;
     std::unique_ptr<MovingAverageWorker> m_averages;
     InstructionCache m_instructions{ m_database };
-    QTimer m_idle; ///< runs out when the trader is likely to be at the form again
+    QTimer m_idle; ///< fires when the trader is likely to be back at the form
     QHash<QPair<QString, QString>, QString> m_texts;
     QHash<QString, QStringList> m_unsigned;
 };

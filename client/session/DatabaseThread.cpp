@@ -1,6 +1,6 @@
 #include "DatabaseThread.h"
 
-/// Lives on the thread.
+/// Belongs to the thread.
 class DatabaseThread::Connection : public QObject {
 public:
     explicit Connection(const QString& fileName)

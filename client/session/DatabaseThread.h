@@ -15,14 +15,14 @@ public:
 
     /// `fileName`: the database, opened by the first job.
     DatabaseThread(const QString& name, const QString& fileName);
-    /// Waits for the running job; the jobs behind it are dropped.
+    /// Waits for the running job and drops the waiting ones.
     ~DatabaseThread();
     DatabaseThread(const DatabaseThread&) = delete;
     DatabaseThread& operator=(const DatabaseThread&) = delete;
 
-    /// Appends a job to those that are waiting.
+    /// Appends a job to the queue.
     void run(const Job& job);
-    /// True once the thread is being ended; a job must not announce its result then.
+    /// True once the thread is being stopped; a job must not emit its result then.
     bool isStopping() const { return m_stopping; }
 
 private:

@@ -34,7 +34,7 @@ bool InstructionCache::isKnown(const QString& planId, const QString& token) cons
     return !token.isEmpty() && token == m_known.token && planId == m_known.plan;
 }
 
-// The prefetcher itself is the context, so that nothing arrives once it is gone.
+// The prefetcher is the context, so that no result arrives after its destruction.
 void InstructionCache::startPrefetcher()
 {
     m_prefetcher = std::make_unique<InstructionPrefetcher>(m_database.fileName());

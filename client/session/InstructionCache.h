@@ -4,23 +4,24 @@
 
 #include <memory>
 
-/// The instructions of the plan that was asked for last, kept until the database changes. Belongs to the user interface
-/// thread.
+/// The instructions of the last requested plan, kept until the database changes. Use it on the user interface thread
+/// only.
 class InstructionCache {
 public:
     using Instructions = InstructionPrefetcher::Instructions;
 
     explicit InstructionCache(Database& database);
 
-    /// Instructions of a plan as the store has them; empty when the plan is unknown or has none.
+    /// The stored instructions of a plan; empty if the plan is unknown or has none.
     Instructions ofPlan(const QString& planId);
-    /// Has the instructions of a plan that is likely to be asked for read on another thread. The database must be open.
+    /// Starts reading the instructions of a plan that is likely to be needed next, on another thread. The database must
+    /// be open.
     void prefetch(const QString& planId);
-    /// Forgets everything; instructions that are still being read are dropped.
+    /// Clears the cache and drops instructions that are still being read.
     void clear();
 
 private:
-    /// Instructions with the change token of the database that they were read from.
+    /// Instructions with the change token of the database at the time of reading.
     struct Known {
         QString plan;
         QString token;
@@ -32,5 +33,5 @@ private:
 
     Database& m_database;
     Known m_known;
-    std::unique_ptr<InstructionPrefetcher> m_prefetcher; ///< started when it is first needed
+    std::unique_ptr<InstructionPrefetcher> m_prefetcher; ///< started on first use
 };

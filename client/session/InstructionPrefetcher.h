@@ -5,26 +5,26 @@
 
 #include <QObject>
 
-/// Reads the instructions of a plan ahead, of which there may be thousands, on a thread of its own. Nothing is
-/// announced once the prefetcher is gone.
+/// Reads the instructions of a plan, which may be thousands, in advance on another thread. Emits nothing after its
+/// destruction.
 class InstructionPrefetcher : public QObject {
     Q_OBJECT
 
 public:
     using Instructions = QMap<QString, InstructionStore::Fields>;
 
-    /// `fileName`: the database, opened when the first plan is asked for.
+    /// `fileName`: the database, opened with the first request.
     explicit InstructionPrefetcher(const QString& fileName);
 
-    /// Asks for a plan's instructions; plans that were asked for before and not read yet are passed over. `token` is
-    /// the change token of the database at that time.
+    /// Requests a plan's instructions; earlier requests that have not started are skipped. `token` is the present
+    /// change token of the database.
     void read(const QString& planId, const QString& token);
 
 Q_SIGNALS:
-    /// Emitted from the prefetcher's thread. A plan whose database cannot be read is never answered.
+    /// Emitted from the prefetcher's thread. Not emitted if the database cannot be read.
     void arrived(const QString& planId, const QString& token, const InstructionPrefetcher::Instructions& instructions);
 
 private:
     std::atomic_int m_asked{ 0 };
-    DatabaseThread m_thread; ///< ends before what its jobs read
+    DatabaseThread m_thread; ///< destroyed before the data of its jobs
 };

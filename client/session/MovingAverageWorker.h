@@ -5,16 +5,16 @@
 #include <QObject>
 #include <QStringList>
 
-/// Answers moving-average queries from the stored closing prices on a thread of its own. Nothing is announced once the
-/// worker is gone.
+/// Answers moving-average queries from the stored closing prices on another thread. Emits nothing after its
+/// destruction.
 class MovingAverageWorker : public QObject {
     Q_OBJECT
 
 public:
-    /// `fileName`: the database, opened when the first question arrives.
+    /// `fileName`: the database, opened with the first query.
     explicit MovingAverageWorker(const QString& fileName);
 
-    /// Asks for the averages of a security that the market knows. Answers come in the order of the questions.
+    /// Requests the averages of a security of the market. Answers arrive in the order of the queries.
     void ask(const QString& symbol);
 
 Q_SIGNALS:

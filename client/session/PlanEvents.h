@@ -5,7 +5,7 @@
 #include <QObject>
 #include <QStringList>
 
-/// Announces what has changed about stored plans and what was found out for them. One per process.
+/// The signals about changes of stored plans and about answers to queries. One object per process.
 class PlanEvents : public QObject {
     Q_OBJECT
 
@@ -13,7 +13,7 @@ public:
     static PlanEvents& instance();
 
 Q_SIGNALS:
-    /// A plan was created, modified or has got new instructions, and is stored so.
+    /// A plan was created or modified or got new instructions, and the change is stored.
     void planStored(const QString& planId);
     /// The answer to a moving-average query: names of the averages that the security has. Emitted on another thread
     /// than the query's.

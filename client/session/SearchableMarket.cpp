@@ -4,7 +4,7 @@
 
 #include <QTimer>
 
-// The indexes are there before the market and outlive it.
+// The indexes are created before the market and outlive it.
 SearchableMarket::SearchableMarket()
     : m_market(std::make_unique<const Market>())
 {

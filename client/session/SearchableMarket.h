@@ -4,20 +4,20 @@
 
 #include <memory>
 
-/// The market of the session together with the indexes that search it: both are replaced at once, because another
-/// thread reads the market's names while indexes are being prepared.
+/// The market of the session with its search indexes. Both are replaced together, because another thread reads the
+/// market's names while it prepares the indexes.
 class SearchableMarket {
 public:
-    /// Holds an empty market.
+    /// Constructs an empty market.
     SearchableMarket();
 
     const Market& market() const { return *m_market; }
 
-    /// Loads every security of the database. When reading fails the market stays as it was.
+    /// Loads every security of the database. If reading fails, keeps the market.
     Status load(Database& database);
-    /// Goes back to an empty market. Once it returns, no thread reads names any more.
+    /// Clears the market. After it returns, no thread reads names.
     void clear();
-    /// Begins to prepare the indexes once events are worked off: a window that is being built needs the processor more.
+    /// Prepares the indexes when pending events have been processed, so that a window under construction comes first.
     void prepareSearch();
 
 private:

@@ -20,21 +20,21 @@ struct StoredAccount {
     QString assetProperty;
     /// The branch at which the account is kept.
     QString branchNo;
-    /// Exchange code to security account.
+    /// Security accounts by exchange code.
     QMap<QString, QString> exchangeAccounts;
 };
 
-/// Fund accounts with their exchange accounts, and whose they are.
+/// Fund accounts with their exchange accounts and users.
 class AccountStore {
 public:
     explicit AccountStore(Database& database);
 
     Status add(const StoredAccount& account);
-    /// Gives the account to the user, after those that the user has.
+    /// Appends the account to the user's accounts.
     Status assign(const QString& userId, const QString& tradingAccount);
-    /// In the order in which they were given; empty when the user is unknown or has none.
+    /// In the order of assignment; empty if the user is unknown or has none.
     QVector<StoredAccount> accountsOf(const QString& userId);
-    /// A default account (empty trading account) when unknown.
+    /// A default account (empty trading account) if unknown.
     StoredAccount account(const QString& tradingAccount);
 
 private:

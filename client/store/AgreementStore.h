@@ -12,18 +12,18 @@ struct StoredAgreement {
     QString content;
 };
 
-/// Agreements and who signed them.
+/// Agreements and their signatures.
 class AgreementStore {
 public:
     explicit AgreementStore(Database& database);
 
     Status add(const StoredAgreement& agreement);
-    /// A default agreement (empty protocol) when unknown.
+    /// A default agreement (empty protocol) if unknown.
     StoredAgreement agreement(const QString& protocol);
 
-    /// Signs for the client. A client that has signed already keeps the first signature; that is no error.
+    /// Stores a client's signature. If the client has already signed, keeps the first signature and returns success.
     Status sign(const QString& protocol, const QString& clientNo, const QString& userId, const QDateTime& now);
-    /// Invalid when the client has not signed.
+    /// Invalid if the client has not signed.
     QDateTime signedTime(const QString& protocol, const QString& clientNo);
     /// Client numbers of the user's accounts that have not signed, ascending, each once.
     QStringList unsignedClientNumbers(const QString& protocol, const QString& userId);

@@ -9,10 +9,10 @@ class StrategyStore {
 public:
     explicit StrategyStore(Database& database);
 
-    /// Replaces the names allowed for the three; an empty symbol stands for every security without a list of its own.
+    /// Replaces the names allowed for the three; an empty symbol means every security without its own list.
     Status setWhiteList(
         const QString& instructionType, const QString& targetType, const QString& symbol, const QStringList& names);
-    /// The security's own list, else the one for every security; empty when neither exists.
+    /// The security's own list, otherwise the one for every security; empty if neither exists.
     QStringList whiteList(const QString& instructionType, const QString& targetType, const QString& symbol);
 
     Status setBlackList(const QString& targetType, const QStringList& names);
@@ -38,7 +38,7 @@ public:
     explicit StaticTextStore(Database& database);
 
     Status set(const QString& category, const QString& key, const QString& text);
-    /// `fallback` when there is no such text.
+    /// `fallback` if there is no such text.
     QString text(const QString& category, const QString& key, const QString& fallback = QString());
 
 private:

@@ -11,10 +11,9 @@
 
 namespace {
 
-// Milliseconds that a statement waits for another client's transaction.
+// How long a statement waits for another client's transaction, in milliseconds.
 constexpr int busyTimeout = 800;
-// A few hundred pages, unless other clients write, too: well before SQLite moves the log by itself, within a
-// transaction.
+// A few hundred pages, unless other clients write, too: well before SQLite's automatic checkpoint within a transaction.
 constexpr int transactionsPerWal = 50;
 
 QString nextConnectionName()
@@ -126,7 +125,7 @@ Status Database::connect(const QString& fileName)
     return {};
 }
 
-// Only reads, so that a file that is refused stays as it was.
+// Only reads, so that a refused file stays unchanged.
 Status Database::inspect()
 {
     QSqlQuery tables = query(QStringLiteral("SELECT count(*) FROM sqlite_master"));
@@ -166,7 +165,7 @@ Status Database::migrate()
     return transaction([this] { return applyMigrations(); });
 }
 
-// The version is read again under the write lock: another process may have migrated in the meantime.
+// Reads the version again under the write lock: another process may have migrated the file in the meantime.
 Status Database::applyMigrations()
 {
     const int version = number(QStringLiteral("PRAGMA user_version"));
@@ -250,8 +249,7 @@ void Database::prepareWal()
     setBusyTimeout(busyTimeout);
 }
 
-// The first transaction of a log flushes it twice, once for the log's own beginning. This one writes back what it
-// reads.
+// The first transaction of a log flushes it twice, once for the log's header. This one writes the version unchanged.
 Status Database::startWal()
 {
     return transaction([this] {
@@ -265,7 +263,7 @@ void Database::setBusyTimeout(int milliseconds)
     query(QStringLiteral("PRAGMA busy_timeout = %1").arg(milliseconds));
 }
 
-/// False while somebody else reads an older state.
+/// False while another connection reads an older state.
 bool Database::checkpoint()
 {
     QSqlQuery moved = query(QStringLiteral("PRAGMA wal_checkpoint(PASSIVE)"));
@@ -274,7 +272,7 @@ bool Database::checkpoint()
 
 QString Database::changeToken()
 {
-    // What a transaction changes may be undone, and the token would stay the same.
+    // A transaction may be rolled back, and the token would stay the same.
     if (m_inTransaction)
         return QString();
     if (m_dataVersion.lastQuery().isEmpty())

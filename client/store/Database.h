@@ -12,7 +12,7 @@
 
 /// One connection to the client's SQLite file.
 ///
-/// An object belongs to the thread that opened it; a worker thread opens the same file with an object of its own.
+/// An object belongs to the thread that opened it; a worker thread opens the same file with another object.
 class Database {
 public:
     Database();
@@ -20,37 +20,37 @@ public:
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
 
-    /// Opens the file, creating it and its folder when absent and migrating an older schema in one transaction.
-    /// A newer schema, a damaged file and a file of another program are refused and left as they are.
+    /// Opens the file. Creates it and its folder if absent, and migrates an older schema in one transaction. Refuses a
+    /// newer schema, a damaged file and a file of another program, and leaves them unchanged.
     Status open(const QString& fileName);
     void close();
     bool isOpen() const;
     /// The opened file, empty while closed.
     QString fileName() const;
 
-    /// The connection as `QSqlDriver::handle` hands it out; invalid while closed.
+    /// The connection from `QSqlDriver::handle`; invalid while closed.
     QVariant handle() const;
 
-    /// Runs `work` in one write transaction: commits when it succeeds, else undoes everything and returns its status.
-    /// Called within another `transaction`, it joins that one.
+    /// Runs `work` in one write transaction. Commits if it succeeds, otherwise rolls back and returns its status. A
+    /// nested `transaction` joins the outer one.
     Status transaction(const std::function<Status()>& work);
-    /// Runs one statement with positional values. `isActive()` of the result tells success.
-    /// A null text is bound as an empty one; an invalid `QVariant` as NULL.
+    /// Runs one statement with positional values. `isActive()` of the result is true on success. A null text is bound
+    /// as an empty one; an invalid `QVariant` as NULL.
     QSqlQuery query(const QString& statement, const QVariantList& values = {});
-    /// As `query`, for statements without a result.
+    /// Like `query`, for statements without a result.
     Status execute(const QString& statement, const QVariantList& values = {});
-    /// A statement prepared once to be run many times; see `executePrepared`.
+    /// Prepares a statement to be run many times by `executePrepared`.
     QSqlQuery prepare(const QString& statement);
     static Status executePrepared(QSqlQuery& statement, const QVariantList& values);
     /// Prepares the write-ahead log for the next transaction: starts it, and after many transactions checkpoints it
-    /// first. To be called while the user is idle; a file that is busy or cannot be written stays as it is.
+    /// first. Call it while the user is idle; a busy or read-only file stays unchanged.
     void prepareWal();
-    /// Change token: equal tokens mean equal contents. It changes with every change by this connection and with every
-    /// commit of another one. Empty within a transaction, and if unavailable.
+    /// Change token: equal tokens mean equal contents. It changes with every change by this connection and every commit
+    /// of another one. Empty within a transaction, or if unavailable.
     QString changeToken();
     /// Whether `query` ran.
     static Status statusOf(const QSqlQuery& query);
-    /// What an error with SQLite's code means; one without is that of a closed database.
+    /// The meaning of an error with SQLite's code; an error without a code comes from a closed database.
     static Status statusOf(const QSqlError& error);
 
 private:
@@ -67,7 +67,7 @@ private:
 
     const QString m_connectionName;
     QSqlDatabase m_connection;
-    QSqlQuery m_dataVersion; ///< prepared when it is first asked
+    QSqlQuery m_dataVersion; ///< prepared on first use
     bool m_inTransaction = false;
     int m_committed = 0; ///< transactions since this connection started the log
 };

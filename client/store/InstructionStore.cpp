@@ -5,7 +5,7 @@
 
 namespace {
 
-/// Hands out one shared copy of texts that many rows have in common.
+/// Returns one shared copy of texts that occur in many rows.
 class SharedTexts {
 public:
     QString share(const QVariant& text) { return *m_texts.insert(text.toString()); }
@@ -89,7 +89,7 @@ Status InstructionStore::writeFields(qint64 plan, const QString& instruction, co
     return {};
 }
 
-// An empty day stands for every day.
+// An empty day means every day.
 QMap<QString, InstructionStore::Fields> InstructionStore::read(const QString& planId, const QString& day)
 {
     const auto plan = PlanId::toNumber(planId);

@@ -5,21 +5,21 @@
 #include <QDate>
 #include <QMap>
 
-/// Instructions that plans were turned into, with their quantities, amounts and fills as fields.
+/// The instructions of plans, with their quantities, amounts and fills as fields.
 class InstructionStore {
 public:
     using Fields = QMap<QString, QVariant>;
 
     explicit InstructionStore(Database& database);
 
-    /// Adds an instruction of the day and returns its id, ascending within its plan. An unknown plan is refused.
+    /// Adds an instruction of the day and returns its id, ascending within its plan. Refuses an unknown plan.
     Result<QString> add(const QString& planId, const QDate& day, const Fields& fields);
-    /// Sets the given fields and keeps the others, as when a fill is booked. An unknown instruction is refused.
+    /// Sets the given fields and keeps the others, for example for a fill. Refuses an unknown instruction.
     Status update(const QString& planId, const QString& instructionId, const Fields& fields);
 
-    /// Instruction id to texts by field key; empty when the plan is unknown or has none.
+    /// Texts by field key, by instruction id; empty if the plan is unknown or has none.
     QMap<QString, Fields> ofPlan(const QString& planId);
-    /// As `ofPlan`, the instructions of one day only.
+    /// Like `ofPlan`, for one day only.
     QMap<QString, Fields> ofDay(const QString& planId, const QDate& day);
 
 private:

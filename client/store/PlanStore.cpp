@@ -144,7 +144,7 @@ Status PlanStore::writeFields(qint64 number, const Record& record)
     return {};
 }
 
-// One statement for plans and fields; a plan's rows, one for each field, stand together.
+// One statement for plans and fields; the rows of a plan, one for each field, are consecutive.
 QVector<StoredPlan> PlanStore::read(const QString& condition, const QVariantList& values)
 {
     QSqlQuery query = m_database.query(
@@ -183,7 +183,7 @@ std::optional<qint64> PlanId::toNumber(const QString& id)
 {
     bool isNumber = false;
     const qint64 number = id.mid(2).toLongLong(&isNumber);
-    // Written back and compared, so that "AP12" or "AP+0000012" are not taken for an id.
+    // Converted back and compared, so that "AP12" or "AP+0000012" is not an id.
     if (!isNumber || number < 1 || fromNumber(number) != id)
         return std::nullopt;
     return number;

@@ -11,16 +11,16 @@
 
 #include <optional>
 
-/// A plan as stored: its record and what the store keeps beside it.
+/// A stored plan: its record and the store's own data.
 struct StoredPlan {
     QString id;
-    /// 1 when created, one more with every modification.
+    /// 1 after creation; every modification adds one.
     int version = 0;
     /// Id of the user who created it.
     QString creator;
     QDateTime created;
     QDateTime changed;
-    /// Texts by field key, the other-parameter text included when the plan has one.
+    /// Texts by field key, including the other-parameter text if the plan has one.
     QMap<QString, QVariant> record;
 };
 
@@ -29,24 +29,25 @@ class PlanStore {
 public:
     using Record = QMap<QString, QVariant>;
 
-    /// `otherParamKey`: the record key under which the other-parameter text stands.
+    /// `otherParamKey`: the record key of the other-parameter text.
     PlanStore(Database& database, const QString& otherParamKey);
 
-    /// Stores a new plan in one transaction and returns its id. Values that are no texts are refused.
+    /// Stores a new plan in one transaction and returns its id. Refuses values that are not texts.
     Result<QString> create(const Record& record, const QString& creator, const QDateTime& now);
-    /// Replaces the whole record in one transaction and counts the version up. An unknown id is refused.
+    /// Replaces the whole record in one transaction and increments the version. Refuses an unknown id.
     Status modify(const QString& planId, const Record& record, const QDateTime& now);
 
-    /// Empty when the id is unknown or reading failed.
+    /// Empty if the id is unknown or reading failed.
     Record record(const QString& planId);
-    /// A default plan (empty id) when the id is unknown or reading failed.
+    /// A default plan (empty id) if the id is unknown or reading failed.
     StoredPlan plan(const QString& planId);
-    /// One page of plans, newest first; empty past the last one.
+    /// One page of plans, newest first; empty after the last one.
     QVector<StoredPlan> page(int offset, int limit);
     int count();
-    /// How many plans are newer than this one; -1 when the id is unknown.
+    /// Number of plans newer than this one; -1 if the id is unknown.
     int newerThan(const QString& planId);
-    /// Ids of the plans whose period, read from the two fields (yyyy-MM-dd), holds the day; oldest first.
+    /// Ids of the plans with the day in their period, oldest first. The two fields contain the period's days
+    /// (yyyy-MM-dd).
     QStringList idsOfPeriod(const QString& beginKey, const QString& endKey, const QDate& day);
 
 private:
@@ -60,11 +61,11 @@ private:
     const QString m_otherParamKey;
 };
 
-/// Plan ids as users see them ("AP00000012") and as the tables number them.
+/// Conversion between plan ids as displayed ("AP00000012") and the numbers in the tables.
 namespace PlanId {
 
 QString fromNumber(qint64 number);
-/// Absent when the text is no id that `fromNumber` writes.
+/// Absent unless the text is an id from `fromNumber`.
 std::optional<qint64> toNumber(const QString& id);
 
 } // namespace PlanId

@@ -8,19 +8,19 @@ struct StoredPosition {
     QString tradingAccount;
     QString securityAccount;
     QString symbol;
-    /// Held, in stored units.
+    /// Held quantity, in stored units.
     qint64 quantity = 0;
-    /// May be sold today, in stored units.
+    /// Quantity that may be sold today, in stored units.
     qint64 tradeableQuantity = 0;
 };
 
-/// What accounts hold.
+/// The positions of accounts.
 class PositionStore {
 public:
     explicit PositionStore(Database& database);
 
     Status set(const StoredPosition& position);
-    /// Positions of the account in one security; an empty security account stands for all of them.
+    /// Positions of the account in one security; an empty security account means all of them.
     QVector<StoredPosition> positions(
         const QString& tradingAccount, const QString& securityAccount, const QString& symbol);
 

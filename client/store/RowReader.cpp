@@ -40,7 +40,7 @@ bool RowReader::next()
     return code == SQLITE_ROW;
 }
 
-// Points into the row, which is gone with the next one.
+// Points into the row; valid until the next one.
 QByteArray RowReader::bytes(int column) const
 {
     const auto* const text = reinterpret_cast<const char*>(sqlite3_column_text(m_statement, column));

@@ -8,8 +8,8 @@
 struct sqlite3;
 struct sqlite3_stmt;
 
-/// The rows of a statement, read by SQLite's own interface. Qt's makes a variant of every value, which takes most of
-/// the time where there are a hundred thousand rows. The database must stay open meanwhile.
+/// Reads the rows of a statement through SQLite's own interface. Qt's makes a variant of every value, which dominates
+/// the time for a hundred thousand rows. The database must stay open meanwhile.
 class RowReader {
 public:
     RowReader(const Database& database, const QString& statement);
@@ -17,7 +17,7 @@ public:
     RowReader(const RowReader&) = delete;
     RowReader& operator=(const RowReader&) = delete;
 
-    /// Goes to the next row, at first to the first one. False behind the last row and after an error.
+    /// Moves to the next row, first to the first one. Returns false after the last row or an error.
     bool next();
     /// Whether all rows could be read so far.
     Status status() const { return m_status; }
@@ -25,11 +25,11 @@ public:
     /// Values of the row, by column; empty or 0 for NULL.
     QString text(int column) const;
     qint64 number(int column) const;
-    /// As `text`, one shared copy for all rows of the column that have the same.
+    /// Like `text`; equal texts share one copy.
     QString sharedText(int column);
 
 private:
-    /// What the last row had in a column, which the next one mostly has, too.
+    /// The last row's text in a column, which is usually the next row's, too.
     struct Latest {
         QByteArray bytes;
         QString text;

@@ -22,7 +22,8 @@ QStringList planTables()
     };
 }
 
-// In a table without row ids the key's columns come first, or SQLite 3.40's own check reports sound rows as broken.
+// In a table without row ids the key's columns must come first, otherwise SQLite 3.40's check reports valid rows as
+// corrupt.
 QStringList accountTables()
 {
     return {
@@ -113,13 +114,13 @@ QStringList configurationTables()
     };
 }
 
-// Trade days are the calendar's, and strategies are those of their files.
+// Trade days come from the calendar, and strategies from their files.
 QStringList unusedTables()
 {
     return { QStringLiteral("DROP TABLE trade_days"), QStringLiteral("DROP TABLE strategies") };
 }
 
-// Plans of version 1 knew only when they were created.
+// Plans of version 1 only had their creation time.
 QStringList planChangedTime()
 {
     return {

@@ -16,7 +16,7 @@ struct Migration {
 const QVector<Migration>& migrations();
 /// The version that this program reads and writes.
 int latestVersion();
-/// The mark in the file header that tells our files from those of other programs.
+/// The application id in the file header, which identifies this program's files.
 int applicationId();
 
 } // namespace Schema

@@ -3,13 +3,13 @@
 #include <QString>
 #include <QtGlobal>
 
-/// Ends of a symbol beside those of `Kelvo_Values::SymbolPost`.
+/// Suffixes of symbols besides those of `Kelvo_Values::SymbolPost`.
 namespace SymbolSuffix {
 inline const QString bj = QStringLiteral(".BJ");
 inline const QString hk = QStringLiteral(".HK");
 } // namespace SymbolSuffix
 
-/// Special-treatment flags beside `Orlo_Values::StFlag::Normal`.
+/// Special-treatment flags besides `Orlo_Values::StFlag::Normal`.
 namespace SpecialTreatment {
 /// Other risk warning; the name begins with "ST".
 inline const QString st = QStringLiteral("ST");
@@ -19,7 +19,7 @@ inline const QString starSt = QStringLiteral("*ST");
 
 /// One security of the market.
 struct Security {
-    /// Code, point and market, as "600000.SH".
+    /// Code, point and market, for example "600000.SH".
     QString symbol;
     QString name;
     /// `Kelvo_Values::MdcSecurityType`.
@@ -38,9 +38,9 @@ struct Security {
     int limitPerMille = 0;
     /// `Orlo_Values::StFlag::Normal` or a flag of `SpecialTreatment`.
     QString stFlag;
-    /// A sentence about the special treatment, empty when there is none.
+    /// A sentence about the special treatment; empty if there is none.
     QString stText;
-    /// Last close in ticks; 0 when there is none yet.
+    /// Last close in ticks; 0 if there is none yet.
     qint64 previousClose = 0;
 
     bool hasPriceLimit() const { return limitPerMille > 0; }

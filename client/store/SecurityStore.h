@@ -10,7 +10,7 @@
 
 /// Closing prices of a security in whole ticks, oldest first.
 struct CloseHistory {
-    /// Invalid when there are none.
+    /// Invalid if there are none.
     QDate lastDay;
     QVector<qint64> ticks;
 };
@@ -20,17 +20,17 @@ class SecurityStore {
 public:
     explicit SecurityStore(Database& database);
 
-    /// Opens the statements that `add` runs; call within the transaction that adds.
+    /// Prepares the statements of `add`; call it within the same transaction.
     void beginAdding();
-    /// Appends a security, with its closes when it has any.
+    /// Appends a security with its closes, if any.
     Status add(const Security& security, const CloseHistory& closes);
 
-    /// Hands every security to `take` in the order in which they were added.
+    /// Calls `take` with every security in the order of addition.
     Status readAll(const std::function<void(Security&&)>& take);
     int count();
-    /// Empty when the symbol is unknown, has no closes, or its closes are damaged.
+    /// Empty if the symbol is unknown or has no closes, or the closes are damaged.
     CloseHistory closes(const QString& symbol);
-    /// The first symbols of the sub-type in stored order whose ends match `suffix` (an empty one matches all).
+    /// The first symbols of the sub-type with the suffix, in stored order; an empty suffix matches all.
     QStringList firstSymbols(const QString& subType, const QString& suffix, int limit);
 
 private:

@@ -5,9 +5,9 @@
 #include <QVector>
 
 struct StoredUser {
-    /// What the user logs in with.
+    /// The login name.
     QString id;
-    /// As displayed; also how chains name users.
+    /// The displayed name; chains use it, too.
     QString name;
 };
 
@@ -17,7 +17,7 @@ public:
     explicit UserStore(Database& database);
 
     Status add(const StoredUser& user);
-    /// A default user (empty id) when unknown.
+    /// A default user (empty id) if unknown.
     StoredUser user(const QString& id);
     /// Ascending by id.
     QVector<StoredUser> users();

@@ -5,7 +5,7 @@
 #include <QStringList>
 #include <QVariant>
 
-/// Reads a client's database through a read-only connection of its own.
+/// Reads a client's database through a separate read-only connection.
 class DatabaseProbe {
 public:
     /// A security as stored. A default-constructed one (empty symbol) means that there is none.
@@ -16,7 +16,7 @@ public:
         int pricePrecision = 2;
         int displayFactor = 1;
         int quantityStep = 1;
-        qint64 held = 0; ///< sellable quantity of the account it was looked up for, in displayed units
+        qint64 held = 0; ///< sellable quantity of the account in the query, in displayed units
     };
 
     explicit DatabaseProbe(const QString& databaseFile);
@@ -29,13 +29,13 @@ public:
 
     /// Ids of all plans, oldest first.
     QStringList planIds();
-    /// The record of a plan, its other-parameter text included; empty when there is none.
+    /// The record of a plan, including its other-parameter text; empty if there is none.
     QMap<QString, QString> record(const QString& planId);
 
     Security security(const QString& symbol);
-    /// The first security of a sub-type that is traded on an exchange and not under special treatment.
+    /// The first security of a sub-type on an exchange that is not under special treatment.
     Security firstOf(const QString& subType, const QString& exchange);
-    /// The security of an exchange and sub-type of which the account may sell the most or the least.
+    /// The security of an exchange and sub-type with the account's largest or smallest quantity that may be sold.
     Security held(const QString& tradingAccount, const QString& exchange, const QString& subType, bool most);
 
     QString branchOf(const QString& tradingAccount);

@@ -14,7 +14,7 @@ class ExpectedRecord {
 public:
     ExpectedRecord(const PlanForm& form, const ShownDates& dates, const QString& userId, DatabaseProbe& facts);
 
-    /// Every key of the record but the other-parameter text.
+    /// Every key of the record except the other-parameter text.
     const QMap<QString, QString>& fields() const { return m_fields; }
     /// Every key of the other-parameter map.
     const QMap<QString, QVariant>& other() const { return m_other; }

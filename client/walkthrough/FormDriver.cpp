@@ -25,7 +25,7 @@ QWidget* shownSuggestions(const QWidget* line)
 
 } // namespace
 
-// A window whose dialog has just closed counts as active already, so the application is asked instead of the window.
+// Asks the application instead of the window: a window counts as active as soon as its dialog closes.
 bool takeKeyboard(QWidget* window)
 {
     if (QApplication::activeWindow() == window)
@@ -75,7 +75,7 @@ void FormDriver::cancel()
     QApplication::processEvents();
 }
 
-// Not every window system gives the keyboard back to the form when a list over it closes.
+// Some window systems do not return the focus to the form when a list over it closes.
 void FormDriver::takeForm()
 {
     if (!takeKeyboard(m_form->window()))
@@ -124,7 +124,7 @@ void FormDriver::enterSymbol(const QString& symbol)
         return;
     typeCharacters(box, symbol);
     QTest::keyClick(box, Qt::Key_Return);
-    // Right after the start the list may still be in preparation.
+    // Right after the start the list may not be ready yet.
     const bool chosen = QTest::qWaitFor([box, symbol] { return box->getSymbol() == symbol; });
     QTest::keyClick(box, Qt::Key_Tab);
     QApplication::processEvents();
@@ -212,7 +212,7 @@ void FormDriver::chooseBySearch(QComboBox* box, const QString& text)
     QApplication::processEvents();
 }
 
-// The next field by Tab is what makes a field take over what was typed.
+// Tab makes a field accept the typed text.
 void FormDriver::typeInto(QWidget* field, const QString& text)
 {
     QTest::mouseClick(field, Qt::LeftButton);
@@ -225,7 +225,7 @@ void FormDriver::typeInto(QWidget* field, const QString& text)
     QApplication::processEvents();
 }
 
-// Chinese characters come through the input method, everything else as keys.
+// Sends Chinese characters through the input method, everything else as keys.
 void FormDriver::typeCharacters(QWidget* field, const QString& text)
 {
     field->setFocus(Qt::MouseFocusReason);

@@ -13,23 +13,23 @@ class QLineEdit;
 /// Gives a window the keyboard focus; returns false on failure.
 bool takeKeyboard(QWidget* window);
 
-/// Fills the plan editor in through mouse and key events on its widgets, as a trader would, and reads back what it
-/// then shows. Widgets are found by their object names.
+/// Fills in the plan editor by mouse and key events on its widgets, like a trader, and reads back what it shows. Finds
+/// widgets by their object names.
 class FormDriver {
 public:
     /// `form` is the editor; it must be visible and outlive the driver.
     explicit FormDriver(QWidget* form);
 
-    /// Called with the window of the algorithm's parameters before it is confirmed.
+    /// Called with the window of the algorithm parameters before it is confirmed.
     void setOnPanel(const std::function<void(QWidget*)>& onPanel) { m_onPanel = onPanel; }
 
-    /// Fills in everything that is given, from top to bottom.
+    /// Fills in all given values from top to bottom.
     void fill(const PlanForm& plan);
-    /// Presses OK; returns when the boxes that it brings have been answered.
+    /// Presses OK; returns when the resulting boxes have been answered.
     void confirm();
     void cancel();
 
-    /// The following fill in one field.
+    /// The following functions fill in one field.
     void choose(const char* box, const QString& code);
     void chooseText(const char* box, const QString& text);
     void type(const char* field, const QString& text);

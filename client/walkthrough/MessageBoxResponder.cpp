@@ -53,8 +53,8 @@ bool MessageBoxResponder::eventFilter(QObject* watched, QEvent* event)
     auto* const dialog = qobject_cast<QDialog*>(watched);
     if (!dialog || !isAsked(*dialog))
         return false;
-    // Queued, and dropped with the box: answered from within the box's own event loop, which starts after this event
-    // and ends before the watcher goes.
+    // Queued, with the box as context: the answer runs in the box's own event loop, which starts after this event and
+    // ends before the responder is destroyed.
     QMetaObject::invokeMethod(
         dialog, [this, dialog] { answer(dialog); }, Qt::QueuedConnection);
     return false;

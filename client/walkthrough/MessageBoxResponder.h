@@ -22,7 +22,7 @@ public:
     MessageBoxResponder();
     ~MessageBoxResponder() override;
 
-    /// The next box to come, and its answer.
+    /// Expects a box next, and sets its answer.
     void expect(const QString& name, bool accept = true);
     /// Called with each box before it is answered.
     void setOnShown(const std::function<void(QWidget*)>& onShown) { m_onShown = onShown; }

@@ -3,8 +3,8 @@
 #include <QMap>
 #include <QString>
 
-/// What a trader fills in. Codes are those of the boxes' items, everything else is text as it is typed; an empty text
-/// leaves a field as the form offers it.
+/// The values that a trader fills in: codes of the boxes' items, and typed texts for all other fields. An empty text
+/// leaves a field unchanged.
 struct PlanForm {
     QString account; ///< trading account
     QString instructionType;
@@ -22,10 +22,10 @@ struct PlanForm {
     QString ratio;
     QString instructionMode;
     QString strategy;                  ///< name of an algorithm
-    QMap<QString, QString> parameters; ///< parameter of the algorithm to what is typed; the others keep their defaults
+    QMap<QString, QString> parameters; ///< typed texts by parameter of the algorithm; the others keep their defaults
     QString assignee;                  ///< as displayed
-    int beginSteps = 0;                ///< trading days from the begin that the form offers
-    int endSteps = 0;                  ///< trading days from the end that the form then shows
+    int beginSteps = 0;                ///< trading days from the begin offered by the form
+    int endSteps = 0;                  ///< trading days from the end that the form shows then
     QString remark;
 
     /// An ordinary plan that buys 10,000 units, at most 500 a day, without a price limit and without review.

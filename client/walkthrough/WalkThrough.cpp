@@ -87,7 +87,7 @@ void WalkThrough::beginStage(const QString& name, const QString& title)
     print(QStringLiteral("\n== %1").arg(title));
 }
 
-/// A key in the main window; false, and a problem, when it cannot have the keyboard.
+/// Presses a key in the main window. If the window cannot be activated, returns false and adds a problem.
 bool WalkThrough::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
 {
     if (!takeKeyboard(&m_window)) {
@@ -106,7 +106,7 @@ bool WalkThrough::openEditor(Qt::Key key)
     return open;
 }
 
-/// Presses OK, answers the boxes and compares what they said.
+/// Presses OK, answers the boxes and compares their texts.
 void WalkThrough::send(const QVector<MessageBoxResponder::Box>& boxes)
 {
     for (const MessageBoxResponder::Box& box : boxes)

@@ -1,4 +1,4 @@
-// What the trader does at each stage.
+// The trader's actions in each stage.
 #include "WalkThrough.h"
 
 #include "AutoParamSetting.h"
@@ -32,7 +32,7 @@ QString dateText(const QDate& date)
     return QLocale::c().toString(date, OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
 }
 
-/// The trading day that lies `steps` trading days away; invalid beyond the calendar.
+/// The trading day `steps` trading days away; invalid beyond the calendar.
 QDate tradeDay(const QString& exchange, int steps)
 {
     const TradeCalendar& calendar = ClientSession::instance().calendar();
@@ -170,7 +170,7 @@ void WalkThrough::editStarted()
     checkStored(plan, form, dates);
 }
 
-/// A plan that began on an earlier day, with an instruction of that day: no form can make one.
+/// Stores a plan that began on an earlier day, with an instruction of that day. The form cannot create one.
 QString WalkThrough::storeStartedPlan(const PlanForm& form, const ShownDates& dates)
 {
     ClientSession& session = ClientSession::instance();

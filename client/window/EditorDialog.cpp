@@ -27,7 +27,7 @@ namespace {
 constexpr QSize editorSize(517, 710);
 constexpr std::chrono::milliseconds untilFormIsShown(200);
 
-/// The first field of the form that takes the keyboard.
+/// The first field of the form that accepts the focus.
 QWidget* firstField(QWidget* form)
 {
     for (QWidget* next = form->nextInFocusChain(); next != form; next = next->nextInFocusChain()) {
@@ -47,7 +47,7 @@ EditorDialog::EditorDialog(QWidget* parent)
     setWindowModality(Qt::WindowModal);
     m_area->setFrameShape(QFrame::NoFrame);
     m_area->setWidgetResizable(true);
-    // Its fields scroll it; a stop of its own would show nothing.
+    // The focus of a field scrolls the area; the area itself as a tab stop would show nothing.
     m_area->setFocusPolicy(Qt::NoFocus);
     auto* const room = new QVBoxLayout(this);
     room->setContentsMargins(0, 0, 0, 0);
@@ -69,7 +69,7 @@ void EditorDialog::openEdit(const QString& planId)
     m_holdsValues = true;
     m_editor->editPlan(planId);
     present();
-    // A change is checked against the plan's instructions, of which there may be thousands.
+    // A change is checked against the plan's instructions, which may be thousands.
     QTimer::singleShot(untilFormIsShown, this, [planId] { ClientSession::instance().prefetchInstructions(planId); });
 }
 
@@ -110,7 +110,7 @@ void EditorDialog::reject()
         leave();
 }
 
-// Enter belongs to the field or the button that has the focus; no button of the form answers it from elsewhere.
+// Enter only acts on the field or the button with the focus; no other button of the form reacts to it.
 void EditorDialog::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
@@ -142,7 +142,7 @@ void EditorDialog::makeEditor()
     m_editor->installEventFilter(this);
 }
 
-// The form's own order leaves the dates to the end; they stand below the executing user.
+// The form's own order has the dates at the end; they are below the executing user.
 void EditorDialog::tabThroughDates()
 {
     QWidget* before = m_editor->findChild<QWidget*>(QStringLiteral("combx_assignTo"));
@@ -153,7 +153,7 @@ void EditorDialog::tabThroughDates()
     }
 }
 
-// Rows come and go with the trader's choices, and none may be squeezed.
+// The trader's choices show and hide rows, and no row may be compressed.
 bool EditorDialog::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == m_editor && event->type() == QEvent::LayoutRequest && isVisible())
@@ -169,7 +169,7 @@ void EditorDialog::fit()
     const QSize wanted =
         editorSize.expandedTo(QSize(m_editor->minimumSizeHint().width(), m_editor->sizeHint().height()));
     const QSize room = screen()->availableSize();
-    // A form higher than the screen gets a scroll bar beside it, not over it.
+    // If the form is higher than the screen, the scroll bar is beside it, not over it.
     const int bar = wanted.height() > room.height() ? m_area->verticalScrollBar()->sizeHint().width() : 0;
     m_editor->setMinimumSize(wanted);
     resize((wanted + QSize(bar, 0)).boundedTo(room).expandedTo(isVisible() ? size() : QSize()));
@@ -184,7 +184,7 @@ void EditorDialog::present()
     m_openedWith = contents();
 }
 
-// A reduction leaves rows behind that only the choice of another plan type brings back.
+// After a reduction some rows are only restored by the choice of another plan type.
 void EditorDialog::planStored(const QString& planId)
 {
     if (!isVisible())

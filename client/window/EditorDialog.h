@@ -6,9 +6,9 @@
 class AutoParamSetting;
 class QScrollArea;
 
-/// The window's dialog around the plan editor. It keeps one editor and uses it again as long as the editor can be
-/// brought back to its first state: a stored plan leaves a cleared form, which `AutoParamSetting::resetEnable` makes a
-/// new one. A form that was left with values in it is replaced.
+/// The window's dialog around the plan editor. It reuses the editor if it can be reset: after a plan was stored the
+/// form is cleared, and `AutoParamSetting::resetEnable` makes it a new one. A form that was left with values is
+/// replaced.
 class EditorDialog : public QDialog {
     Q_OBJECT
 
@@ -16,15 +16,16 @@ public:
     explicit EditorDialog(QWidget* parent);
     ~EditorDialog() override;
 
-    /// Open the editor for a new plan, for a stored one, and for a new one like a stored one. Must not be called while
-    /// the dialog is open.
+    /// Open the editor for a new plan, to edit a stored plan, and to copy one. Must not be called while the dialog is
+    /// open.
     void openNew();
     void openEdit(const QString& planId);
     void openCopy(const QString& planId);
 
-    /// The skin for this editor and later ones, a style sheet.
+    /// Sets the style sheet of this editor and later ones.
     void setSkin(const QString& sheet);
-    /// True when the dialog may be closed: it is closed already, nothing was changed, or the trader agrees to lose it.
+    /// True if the dialog may be closed: it is already closed, nothing was changed, or the trader agrees to lose the
+    /// changes.
     bool mayClose();
     /// Closes without asking.
     void leave();
@@ -32,7 +33,7 @@ public:
     AutoParamSetting* editor() const { return m_editor; }
 
 public Q_SLOTS:
-    /// Closing from outside: asks first.
+    /// Asks before closing.
     void reject() override;
 
 protected:
@@ -51,7 +52,7 @@ private:
     QScrollArea* m_area;
     AutoParamSetting* m_editor = nullptr;
     QString m_skin;
-    QStringList m_openedWith;   ///< what the form showed when it was opened
+    QStringList m_openedWith;   ///< contents of the form when it was opened
     bool m_stored = false;      ///< a plan was stored since the form was opened
-    bool m_holdsValues = false; ///< the form holds what `resetEnable` does not take away
+    bool m_holdsValues = false; ///< the form has values that `resetEnable` does not clear
 };

@@ -8,14 +8,14 @@ namespace {
 
 const QString chinese = QStringLiteral("zh");
 
-/// Where the translations lie beside the program, built as well as installed.
+/// The folder of the translations relative to the program, both built and installed.
 QString translationsFolder()
 {
     return QDir(QCoreApplication::applicationDirPath())
         .filePath(QStringLiteral("../share/autoparamsetting/translations"));
 }
 
-/// Installs a translation for the application's life.
+/// Installs a translation for the application's lifetime.
 bool install(const QString& file)
 {
     auto* const translator = new QTranslator(qApp);
@@ -39,7 +39,7 @@ Status useLanguage(const QString& code)
     const QString file = QStringLiteral("autoparamsetting_%1.qm").arg(code);
     if (!install(file))
         return { Error::NoTranslation, { QDir::cleanPath(QDir(translationsFolder()).filePath(file)) } };
-    // The client's own widgets follow as far as they are translated.
+    // The client's own widgets are translated if there is a translation for them.
     install(QStringLiteral("plandesk_%1.qm").arg(code));
     return {};
 }

@@ -4,12 +4,12 @@
 
 #include <QStringList>
 
-/// Codes of the languages that the form can be shown in, the usual one first.
+/// Codes of the form's languages, the default one first.
 QStringList languageCodes();
 
-/// Has every form that is constructed from now on speak a language. Needs the application object. When it fails the
-/// language stays as it was.
+/// Sets the language of every form constructed from now on. Needs the application object. If it fails, the language
+/// does not change.
 Status useLanguage(const QString& code);
 
-/// A text of the editor as the form shows it in the language in use; `source` is the Chinese one.
+/// A text of the editor in the current language; `source` is the Chinese text.
 QString editorText(const char* source);

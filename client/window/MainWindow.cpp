@@ -114,7 +114,7 @@ void MainWindow::buildTable()
     m_table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_table->horizontalHeader()->setStretchLastSection(true);
     m_table->horizontalHeader()->setHighlightSections(false);
-    // Wide enough for usual texts: measuring the rows would read them all.
+    // Wide enough for usual texts. Measuring the rows would read them all.
     const QStringList samples{ QStringLiteral("AP00000000"), QStringLiteral("累计数量"), QStringLiteral("港股通交易"),
         QStringLiteral("600000.SH 四字证券"), QStringLiteral("方向"), QStringLiteral("10,000,000.00 元"),
         QStringLiteral("比较值取最大"), QStringLiteral("0000-00-00 至 0000-00-00"),

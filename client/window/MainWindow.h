@@ -8,7 +8,7 @@ class PlanTableModel;
 class QAction;
 class QTableView;
 
-/// The client's window: the stored plans, the chosen plan's fields beside them, and the editor in its dialog.
+/// The client's window: the stored plans, the fields of the current plan, and the editor in its dialog.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
@@ -16,14 +16,14 @@ public:
     explicit MainWindow(QWidget* parent = nullptr);
     ~MainWindow() override;
 
-    /// Takes a skin for the whole client; a name that is none is logged and changes nothing.
+    /// Sets the skin of the whole client. An unknown name is logged and ignored.
     void setSkin(const QString& name);
     QString skin() const { return m_skin; }
     EditorDialog* editorDialog() const { return m_editor; }
 
-    /// Makes a plan the current one; an unknown id makes none current.
+    /// Makes a plan the current one; an unknown id clears the selection.
     void selectPlan(const QString& planId);
-    /// Id of the current plan; empty when there is none.
+    /// Id of the current plan; empty if there is none.
     QString currentPlan() const;
 
 protected:
@@ -50,5 +50,5 @@ private:
     QAction* m_edit = nullptr;
     QAction* m_copy = nullptr;
     QString m_skin;
-    QString m_storedPlan; ///< the plan that was stored while the editor was open; empty when none was
+    QString m_storedPlan; ///< the plan stored while the editor was open; empty if none was stored
 };

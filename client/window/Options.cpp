@@ -109,7 +109,7 @@ private:
             options.issueDay = issueDay();
     }
 
-    // Qt warns of a question for an option that the program does not have.
+    // Qt warns about queries for options that the program does not have.
     bool isIssueDaySet() const { return m_program == Program::Client && m_parser.isSet(m_issueDay); }
 
     QDate issueDay() const

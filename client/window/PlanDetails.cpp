@@ -51,7 +51,7 @@ void PlanDetails::showPlan(const StoredPlan& plan)
         addRow(rows, field.first, field.second);
     addInstructions(rows, plan.id);
     setWidget(room);
-    // The skin paints the window; a scroll area would paint its own ground over it.
+    // The skin paints the window; the scroll area's own background would cover it.
     room->setAutoFillBackground(false);
     viewport()->setAutoFillBackground(false);
 }

@@ -6,7 +6,7 @@
 
 class QFormLayout;
 
-/// Every field of one plan as captions and texts, and the instructions that were issued for it.
+/// Shows every field of a plan as caption and text, and its instructions.
 class PlanDetails : public QScrollArea {
     Q_OBJECT
 

@@ -84,7 +84,7 @@ QString timeText(const QDateTime& time)
     return QLocale::c().toString(time, QStringLiteral("yyyy-MM-dd HH:mm"));
 }
 
-// The whole part in groups of three, whatever the system's language.
+// The whole part in groups of three digits, in any system locale.
 QString grouped(QString number)
 {
     const int point = number.indexOf(QLatin1Char('.'));
@@ -93,7 +93,7 @@ QString grouped(QString number)
     return number;
 }
 
-/// The id of an enumerated value, under which its control lists the text; empty when the value is none of them.
+/// The id of an enumerated value, which its control uses for the text; empty if the value is not enumerated.
 QString idOf(const StrategyParameter& parameter, const QString& value)
 {
     for (const EnumeratedValue& known : parameter.values) {

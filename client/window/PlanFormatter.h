@@ -7,8 +7,7 @@
 #include <QString>
 #include <QVector>
 
-/// A stored plan in words: what its codes and numbers mean to the trader. A code that is none is shown as it is stored;
-/// what the plan does not have is an empty text.
+/// Formats a stored plan for the trader. An unknown code is shown as stored; a missing field is an empty text.
 class PlanFormatter {
 public:
     explicit PlanFormatter(const StoredPlan& plan);
@@ -23,13 +22,12 @@ public:
     QString target() const;
     QString perDay() const;
     QString priceMode() const;
-    /// Begin and end; the begin alone for a plan without an end of its own.
+    /// Begin and end; only the begin for a plan without an end.
     QString period() const;
     /// Who created the plan, and when.
     QString creation() const;
 
-    /// Every field as caption and text, in the order of the form; fields that the plan does not have are left out.
-    /// Empty for a default plan.
+    /// Every field as caption and text, in the order of the form, without missing fields. Empty for a default plan.
     QVector<QPair<QString, QString>> fields() const;
 
 private:
@@ -61,5 +59,5 @@ private:
     const QMap<QString, QVariant> m_other;
 };
 
-/// What came of a day's issuing, for the trader: counts, then a line for each plan that was left out.
+/// The result of issuing a day, for the trader: counts, then a line for each skipped plan.
 QString issueReport(const QDate& day, const IssueResult& result);

@@ -48,7 +48,7 @@ bool PlanTableModel::canFetchMore(const QModelIndex& parent) const
     return !parent.isValid() && m_rows < m_count;
 }
 
-// Twice as many each time: whoever goes on to the end is there after a few steps.
+// Twice as many each time, so that a few steps reach the end.
 void PlanTableModel::fetchMore(const QModelIndex& parent)
 {
     if (canFetchMore(parent))
@@ -65,7 +65,7 @@ void PlanTableModel::growTo(int rows)
     endInsertRows();
 }
 
-// Rows stand by number, the newest first.
+// Rows are in the order of plan numbers, the newest first.
 int PlanTableModel::rowOf(const QString& planId) const
 {
     const int row = ClientSession::instance().isOpen() ? ClientSession::instance().plans().newerThan(planId) : -1;

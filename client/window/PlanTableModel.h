@@ -5,9 +5,9 @@
 #include <QAbstractTableModel>
 #include <QCache>
 
-/// The stored plans, newest first, one row each. Reads pages of the store when their rows are shown and keeps the last
-/// few; nothing else is read but the number of plans. A view keeps something for every row that it has, so it gets
-/// the newest first and more when its last row comes into sight.
+/// The stored plans, newest first, one row each. Reads pages of the store when their rows are shown, and keeps the last
+/// few; otherwise reads only the number of plans. Views use memory for every row, so they get the newest rows first and
+/// more when the last row becomes visible.
 class PlanTableModel : public QAbstractTableModel {
     Q_OBJECT
 
@@ -27,13 +27,13 @@ public:
 
     explicit PlanTableModel(QObject* parent = nullptr);
 
-    /// Reads the number of plans afresh and forgets every page.
+    /// Reads the number of plans again and drops all pages.
     void refresh();
-    /// The number of stored plans, of which `rowCount` are rows by now.
+    /// The number of stored plans; `rowCount` of them are rows so far.
     int planCount() const { return m_count; }
-    /// The plan of a row; a default plan (empty id) when the row is none.
+    /// The plan of a row; a default plan (empty id) if there is no such row.
     StoredPlan plan(int row) const;
-    /// The row of a plan, which becomes one of the view's; -1 when no stored plan has the id.
+    /// The row of a plan, which is loaded if needed; -1 if no stored plan has the id.
     int reveal(const QString& planId);
 
     bool canFetchMore(const QModelIndex& parent) const override;
@@ -57,6 +57,6 @@ private:
     void growTo(int rows);
 
     int m_count = 0; ///< stored plans
-    int m_rows = 0;  ///< those that are rows by now
+    int m_rows = 0;  ///< those that are rows so far
     mutable QCache<int, Page> m_pages;
 };

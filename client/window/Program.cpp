@@ -18,7 +18,7 @@ bool hasDisplay()
         || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
 
-/// Says what is wrong where the user looks: on the console, and in a box when the program was started for its window.
+/// Shows an error on the console, and also in a box if the program was started for its window.
 int refuse(const Status& status, bool inWindow)
 {
     const QString text = errorText(status);
@@ -30,14 +30,14 @@ int refuse(const Status& status, bool inWindow)
 
 QtMessageHandler usualHandler = nullptr;
 
-// The offscreen window system says of each window what it cannot do.
+// The offscreen platform plug-in logs a limitation for each window.
 void leaveOutWindowSystem(QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
     if (!text.startsWith(QLatin1String("This plugin does not support")))
         usualHandler(type, context, text);
 }
 
-/// Offscreen there is no desktop whose font could be taken: windows then look as on a plain X server.
+/// Offscreen there is no desktop font, so windows get the font of a plain X server.
 void settleOffscreen()
 {
     if (QGuiApplication::platformName() != QLatin1String("offscreen"))
@@ -79,7 +79,7 @@ int runProgram(int argc, char** argv, Program program, const std::function<int(c
     const bool display = hasDisplay();
     if (!display)
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    // Lines for developers; QT_LOGGING_RULES brings them back.
+    // Hides log lines for developers; QT_LOGGING_RULES enables them again.
     QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false\ndefault.info=false"));
     qSetMessagePattern(
         QStringLiteral("%{time yyyy-MM-dd HH:mm:ss.zzz} %{type} %{file}:%{line} %{function} %{message}"));

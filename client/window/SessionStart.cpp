@@ -19,7 +19,7 @@ QString databaseOf(const Options& options)
     return options.folder.isEmpty() ? usualDatabase() : QDir(options.folder).filePath(databaseName);
 }
 
-/// Shows how far the sample data are; nothing is shown for a database that has them.
+/// Shows the progress of writing the sample data; nothing for a database that has them.
 class SampleProgress {
 public:
     explicit SampleProgress(bool inWindow)

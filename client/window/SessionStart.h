@@ -2,9 +2,9 @@
 
 #include "Options.h"
 
-/// Opens the database that the options name and logs their user in. A new database gets its sample data, with a
-/// progress dialog, or on the console where no window is wanted.
+/// Opens the database of the options and logs in their user. A new database gets its sample data, with a progress
+/// dialog, or on the console without a window.
 Status startSession(const Options& options);
 
-/// The file that is used when none is named, in the user's data folder.
+/// The default file, in the user's data folder.
 QString usualDatabase();

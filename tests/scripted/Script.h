@@ -18,7 +18,7 @@ struct ScriptCall {
 struct ScriptBox {
     QString kind; ///< "warning", "error", "tip" or "question"
     QString text;
-    QWidget* parent = nullptr; ///< to be compared, not to be used: it may be gone
+    QWidget* parent = nullptr; ///< for comparison only: it may be deleted
 };
 
 /// The answers of the scripted platform, and a record of its calls. Call `reset()` between test functions.
@@ -57,18 +57,18 @@ public:
     // --- The algorithm panel
 
     AlgoErrorCode panelBaseDataAnswer = AlgoErrorCode::Ok;
-    QString panelStrategy;       ///< forgotten by the panel's `ClearParams`
-    FieldMap panelParams;        ///< forgotten by the panel's `ClearParams`
-    bool panelHasParams = false; ///< forgotten by the panel's `ClearParams`
-    FieldMap panelBaseData;      ///< as last handed over
+    QString panelStrategy;       ///< cleared by the panel's `ClearParams`
+    FieldMap panelParams;        ///< cleared by the panel's `ClearParams`
+    bool panelHasParams = false; ///< cleared by the panel's `ClearParams`
+    FieldMap panelBaseData;      ///< as last set
     QPoint widgetPos;
-    bool datesHaveCaptions = false; ///< each date field made from now on holds a caption and an input of its own
+    bool datesHaveCaptions = false; ///< each new date field contains a caption and an input
 
     // --- Boxes
 
     QList<ScriptBox> boxes;
-    int questionAnswer = 1;                   ///< where no answer is queued
-    QList<int> questionAnswers;               ///< taken one by one
+    int questionAnswer = 1;                   ///< used when no answer is queued
+    QList<int> questionAnswers;               ///< used one by one
     std::function<void()> whileBoxOpen;       ///< runs once, while the next message box is open
     std::function<void()> whileAgreementOpen; ///< runs once, while the agreement dialog is open
     /// Runs after each recorded call.

@@ -39,7 +39,7 @@ private:
 /// One account, and the user's authorities for it.
 struct ScriptAccount : tagUserAccountInfo {
     bool isCredit = false;
-    QStringList exchanges; ///< on which it has a security account
+    QStringList exchanges; ///< exchanges with a security account
     QStringList types;     ///< instruction types that the user may place
 };
 
@@ -72,7 +72,7 @@ struct World {
 
     // --- Accounts
     QList<ScriptAccount> accounts;
-    int ruleProperty = 0;              ///< for every account and type but those below
+    int ruleProperty = 0;              ///< for every account and type except those below
     QMap<QString, int> ruleProperties; ///< by "account/type"
     FieldMap loginAccountDetail;
     QStringList unsignedClients;
@@ -83,7 +83,7 @@ struct World {
 
     // --- Securities
     QMap<QString, ScriptSecurity> securities;
-    std::function<SymbolList(const SymbolQuery&)> symbols;         ///< those of `securities` that fit unless set
+    std::function<SymbolList(const SymbolQuery&)> symbols;         ///< by default the matching ones of `securities`
     QMap<QString, QString> staticTexts;                            ///< by "category/key"
     Answer<bool, QString, QString, QString> bondConversionEnabled; ///< by account, symbol, side
 

@@ -45,7 +45,7 @@ void ClientFormTest::open()
     m_editor = new AutoParamSetting(m_window.get());
     connect(m_editor, &AutoParamSetting::signalBtnCancelClicked, this, [this] { ++m_closed; });
     m_window->resize(m_editor->size());
-    m_window->show(); // the driver takes the keyboard when it needs it
+    m_window->show(); // the driver activates the window when needed
     m_driver = std::make_unique<FormDriver>(m_editor);
 }
 

@@ -24,7 +24,7 @@ protected:
     inline static const QString OtherStock = QStringLiteral("000001.K_SZ");
     inline static const QString Bond = QStringLiteral("113001.K_SH");
     inline static const QString HkStock = QStringLiteral("00700.HK");
-    inline static const QString Unknown = QStringLiteral("999999.K_SH"); ///< a security that nobody knows
+    inline static const QString Unknown = QStringLiteral("999999.K_SH"); ///< an unknown security
     inline static const QString PlanId = QStringLiteral("P1");
 
     /// Adds the securities above: the bond in lots of ten, the Hong Kong stock in steps of 500.

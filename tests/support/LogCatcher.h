@@ -9,9 +9,9 @@
 struct LogLine {
     QtMsgType type = QtDebugMsg;
     QString text;
-    QString file;     ///< empty where the line was built without its context
-    int line = 0;     ///< 0 where the line was built without its context
-    QString function; ///< empty where the line was built without its context
+    QString file;     ///< empty if the line has no context
+    int line = 0;     ///< 0 if the line has no context
+    QString function; ///< empty if the line has no context
 };
 
 /// Captures the log during its lifetime. `trouble()` reports unexpected warnings and errors, and expected ones that are

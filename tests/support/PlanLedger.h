@@ -51,9 +51,9 @@ private:
 
     Record m_base;
     QSet<QString> m_created;
-    QMap<QPair<QString, int>, QSet<QString>> m_changes; ///< plan and version to the marks that were sent
+    QMap<QPair<QString, int>, QSet<QString>> m_changes; ///< marks that were sent, by plan and version
     QMap<QString, Plan> m_plans;
-    QMap<QString, int> m_shared; ///< plan to acknowledged changes at version 0
+    QMap<QString, int> m_shared; ///< acknowledged changes at version 0, by plan
     QStringList m_refusals;
     QStringList m_problems;
     int m_acknowledgements = 0;

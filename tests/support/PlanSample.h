@@ -26,7 +26,7 @@ struct PlanSample {
     double daily = 300;
     double ratio = 0.25; ///< holdings reduction only
     QString mode = AutoPlanInstMode::ActiveManage;
-    QString assignee; ///< empty counts as nobody
+    QString assignee; ///< empty means no user
     QDate begin = QDate(2024, 5, 8);
     QDate end = QDate(2024, 5, 17);
     QString remark;

@@ -18,7 +18,7 @@ struct WidgetServices {
     QAtomicInt nameLookups;
     QString agreementTitle;
     QString agreementText;
-    Status signing; ///< what signing answers
+    Status signing; ///< the answer to a signature
     QList<QPair<QString, QStringList>> signatures;
 };
 

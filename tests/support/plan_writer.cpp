@@ -1,5 +1,5 @@
-// A second client without a window: creates and modifies plans through the services, or holds a lock, until its work
-// is done or it is killed. What it is about to do and what it was told stands on its standard output at once:
+// A second client without a window: creates and modifies plans through the services, or holds a lock, until its work is
+// done or it is killed. Prints each attempt and each answer to standard output at once:
 //   ready | create MARK | modify ID VERSION MARK | stored ID VERSION MARK | refused MILLISECONDS REASON | done
 
 #include "AutoPlanField.h"
@@ -20,7 +20,7 @@
 
 namespace {
 
-// One call per line: what a killed writer has said is in the pipe, whole.
+// One call per line, so that a killed writer leaves complete lines in the pipe.
 void say(const QString& text)
 {
     const QByteArray line = text.toUtf8() + '\n';
@@ -51,7 +51,7 @@ public:
         }
     }
 
-    /// Changes the plan that was created last, so that its version is known.
+    /// Changes the plan that was created last; its version is known.
     void modify()
     {
         const QString mark = nextMark();
@@ -60,7 +60,7 @@ public:
             ++m_version;
     }
 
-    /// Changes a plan that others change too; its version is anybody's guess, 0.
+    /// Changes a plan that others change, too; its version is unknown, 0.
     void modifyShared(const QString& plan)
     {
         const QString mark = nextMark();
@@ -99,7 +99,7 @@ private:
     QElapsedTimer m_clock;
 };
 
-// The system then refuses to let any file of this process grow further, as a full disk does.
+// The system then refuses to extend any file of this process, like a full disk.
 void limitFiles(rlim_t bytes)
 {
     std::signal(SIGXFSZ, SIG_IGN);

@@ -8,10 +8,10 @@ namespace model {
 /// The effects of an action outside the form.
 struct Effects {
     QStringList boxes;   ///< message boxes in order, "warning: …"
-    QStringList outward; ///< what the services and the panel were told, in order
+    QStringList outward; ///< the calls of the services and the panel, in order
     QList<FieldMap> created;
     QList<FieldMap> modified;
-    int closes = 0;       ///< how often the host was asked to close the editor
+    int closes = 0;       ///< number of requests to the host to close the editor
     QStringList warnings; ///< parts of the warning lines of the log
     bool panelShown = false;
 };
@@ -22,7 +22,7 @@ struct PanelState {
     bool hasParams = false;
     QString strategy;
     FieldMap params;
-    FieldMap baseData; ///< as last handed over
+    FieldMap baseData; ///< as last set
 
     bool operator==(const PanelState& other) const;
 };
@@ -37,7 +37,7 @@ public:
     FormState form;
     PanelState panel;
     Effects effects;
-    bool shown = true;      ///< whether the host's window is
+    bool shown = true;      ///< whether the host's window is visible
     QStringList securities; ///< offered in the search box
 
     // --- The trader; the field must be visible and enabled

@@ -83,7 +83,7 @@ QString nameOf(Widget widget);
 QString captionOf(Widget widget);
 
 struct WidgetState {
-    bool shown = true; ///< in a form that is itself shown
+    bool shown = true; ///< if the form itself is visible
     bool enabled = true;
     QString text; ///< of labels, line edits and buttons
 

@@ -90,10 +90,10 @@ struct Action {
     double number = 0;
     QDate start;
     QDate end;
-    bool fails = false; ///< of an answer that tells a failure
+    bool fails = false; ///< for an answer that reports a failure
     QList<int> answers;
-    std::function<void(World&)> change; ///< of the services' answers
-    QString sentence;                   ///< as a person would follow it
+    std::function<void(World&)> change; ///< for the services' answers
+    QString sentence;                   ///< readable description
 };
 
 /// The action of a step in the present form; empty if it is impossible there.
