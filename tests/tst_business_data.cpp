@@ -94,39 +94,39 @@ private Q_SLOTS:
     void cleanup();
     void cleanupTestCase() { m_session.reset(); }
 
-    void codes_of_a_family_differ_from_each_other_data();
-    void codes_of_a_family_differ_from_each_other();
-    void a_purchase_has_the_same_code_in_all_three_families();
-    void the_list_of_bonds_holds_the_convertible_ones();
-    void the_first_user_is_logged_in_when_none_is_named();
-    void an_unknown_user_is_refused_and_the_session_stays_closed();
-    void a_stopped_start_leaves_no_session();
-    void a_database_that_cannot_be_opened_is_refused_with_a_reason();
-    void a_user_sees_the_own_accounts_in_their_order();
-    void a_user_without_accounts_sees_none();
-    void accounts_can_be_restricted_to_a_type();
-    void an_account_is_told_with_its_numbers();
-    void security_accounts_are_told_by_exchange();
-    void an_unknown_account_is_answered_empty();
-    void a_security_is_told_with_its_rules();
-    void a_bond_in_shanghai_is_kept_in_lots_of_ten();
-    void an_unknown_security_is_answered_as_the_contract_says();
-    void special_treatment_comes_with_a_sentence();
-    void symbols_are_chosen_by_sub_type_and_suffix();
-    void a_repeated_question_shares_the_same_symbols();
-    void excluded_symbols_are_left_out();
-    void positions_are_those_of_the_security_account();
-    void authorities_and_rules_belong_to_account_and_type();
-    void a_chain_names_executors_and_those_to_hand_on_to();
-    void entrust_types_turn_into_numbers_and_back();
-    void every_entrust_type_has_a_name_and_a_translation();
-    void static_texts_fall_back_to_the_default();
-    void a_security_of_its_own_list_comes_before_the_list_for_all();
-    void a_signature_is_stored_with_user_and_time_and_counts_at_once();
-    void a_signature_for_a_foreign_client_is_refused_for_all();
-    void a_bond_is_converted_only_where_it_can_be();
-    void without_a_session_every_answer_is_empty();
-    void a_session_may_be_closed_while_its_search_is_prepared();
+    void codesOfAFamilyDifferFromEachOther_data();
+    void codesOfAFamilyDifferFromEachOther();
+    void aPurchaseHasTheSameCodeInAllThreeFamilies();
+    void theListOfBondsHoldsTheConvertibleOnes();
+    void theFirstUserIsTheDefault();
+    void anUnknownUserIsRefusedAndTheSessionStaysClosed();
+    void aStoppedStartLeavesNoSession();
+    void aDatabaseThatCannotBeOpenedIsRefusedWithAReason();
+    void aUserSeesTheirAccountsInOrder();
+    void aUserWithoutAccountsSeesNone();
+    void accountsCanBeRestrictedToAType();
+    void anAccountIsReturnedWithItsNumbers();
+    void securityAccountsAreReturnedByExchange();
+    void anUnknownAccountIsAnsweredEmpty();
+    void aSecurityIsReturnedWithItsRules();
+    void aBondInShanghaiIsKeptInLotsOfTen();
+    void anUnknownSecurityIsAnsweredByTheContract();
+    void specialTreatmentComesWithASentence();
+    void symbolsAreChosenBySubTypeAndSuffix();
+    void aRepeatedQuerySharesItsSymbols();
+    void excludedSymbolsAreLeftOut();
+    void positionsAreThoseOfTheSecurityAccount();
+    void authoritiesAndRulesBelongToAccountAndType();
+    void aChainNamesExecutorsAndForwardUsers();
+    void entrustTypesTurnIntoNumbersAndBack();
+    void everyEntrustTypeHasANameAndATranslation();
+    void staticTextsFallBackToTheDefault();
+    void aSecurityOfItsOwnListComesBeforeTheListForAll();
+    void aSignatureIsStoredWithUserAndTimeAndCountsAtOnce();
+    void aSignatureForAForeignClientIsRefusedForAll();
+    void aBondIsConvertedOnlyWherePossible();
+    void withoutASessionEveryAnswerIsEmpty();
+    void aSessionMayBeClosedWhileItsSearchIsPrepared();
 
 private:
     std::unique_ptr<SampleSession> m_session;
@@ -146,7 +146,7 @@ void TestBusinessData::initTestCase()
     QCOMPARE(m_session->opened(), Status());
 }
 
-void TestBusinessData::codes_of_a_family_differ_from_each_other_data()
+void TestBusinessData::codesOfAFamilyDifferFromEachOther_data()
 {
     using namespace AutoPlanField;
     QTest::addColumn<QStringList>("codes");
@@ -181,20 +181,20 @@ void TestBusinessData::codes_of_a_family_differ_from_each_other_data()
     QTest::newRow("keys of an algorithm's base data") << QStringList{ TradingAccount, Symbol, OrderSide, EntrustProp };
 }
 
-void TestBusinessData::codes_of_a_family_differ_from_each_other()
+void TestBusinessData::codesOfAFamilyDifferFromEachOther()
 {
     QFETCH(QStringList, codes);
     QVERIFY(!codes.contains(QString()));
     QCOMPARE(distinct(codes), codes.size());
 }
 
-void TestBusinessData::a_purchase_has_the_same_code_in_all_three_families()
+void TestBusinessData::aPurchaseHasTheSameCodeInAllThreeFamilies()
 {
     QCOMPARE(Orlo_Values::OrderSide::buy, Kelvo_Values::OrderSide::buy);
     QCOMPARE(Orlo_Values::SideUnion::normalBuy, Kelvo_Values::OrderSide::buy);
 }
 
-void TestBusinessData::the_list_of_bonds_holds_the_convertible_ones()
+void TestBusinessData::theListOfBondsHoldsTheConvertibleOnes()
 {
     QVERIFY(SubType::ConvertableBondTypeList.contains(SubType::DirectedConBond));
     for (const QString& code : SubType::ConvertableBondTypeList)
@@ -202,14 +202,14 @@ void TestBusinessData::the_list_of_bonds_holds_the_convertible_ones()
     QVERIFY(!SubType::AllBondNoRepurchaseTypeList.contains(QString()));
 }
 
-void TestBusinessData::the_first_user_is_logged_in_when_none_is_named()
+void TestBusinessData::theFirstUserIsTheDefault()
 {
     QCOMPARE(m_session->reopen(QString()), Status());
     QCOMPARE(CBusinessDataBase::GetInstance()->GetLoginAccountDetail().value(Kelvo_Fields::UserAccount::userID),
         QVariant(QStringLiteral("trader01")));
 }
 
-void TestBusinessData::an_unknown_user_is_refused_and_the_session_stays_closed()
+void TestBusinessData::anUnknownUserIsRefusedAndTheSessionStaysClosed()
 {
     QCOMPARE(m_session->reopen(QStringLiteral("nobody")), Status(Error::UnknownUser, { QStringLiteral("nobody") }));
     QVERIFY(!ClientSession::instance().isOpen());
@@ -217,7 +217,7 @@ void TestBusinessData::an_unknown_user_is_refused_and_the_session_stays_closed()
     QCOMPARE(m_session->reopen(), Status());
 }
 
-void TestBusinessData::a_stopped_start_leaves_no_session()
+void TestBusinessData::aStoppedStartLeavesNoSession()
 {
     const QTemporaryDir folder;
     const QString file = folder.filePath(QStringLiteral("stopped.db"));
@@ -227,7 +227,7 @@ void TestBusinessData::a_stopped_start_leaves_no_session()
     QCOMPARE(m_session->reopen(), Status());
 }
 
-void TestBusinessData::a_database_that_cannot_be_opened_is_refused_with_a_reason()
+void TestBusinessData::aDatabaseThatCannotBeOpenedIsRefusedWithAReason()
 {
     const QTemporaryDir folder;
     QCOMPARE(ClientSession::instance().open(folder.path(), QString()),
@@ -236,20 +236,20 @@ void TestBusinessData::a_database_that_cannot_be_opened_is_refused_with_a_reason
     QCOMPARE(m_session->reopen(), Status());
 }
 
-void TestBusinessData::a_user_sees_the_own_accounts_in_their_order()
+void TestBusinessData::aUserSeesTheirAccountsInOrder()
 {
     const QStringList expected{ QStringLiteral("100001"), QStringLiteral("100002"), QStringLiteral("200001") };
     QCOMPARE(tradingAccounts(), expected);
 }
 
-void TestBusinessData::a_user_without_accounts_sees_none()
+void TestBusinessData::aUserWithoutAccountsSeesNone()
 {
     QCOMPARE(m_session->reopen(QStringLiteral("trader02")), Status());
     QCOMPARE(tradingAccounts(), QStringList());
     QCOMPARE(m_session->reopen(), Status());
 }
 
-void TestBusinessData::accounts_can_be_restricted_to_a_type()
+void TestBusinessData::accountsCanBeRestrictedToAType()
 {
     const QStringList credit{ Orlo_Values::FundAccountType::Credit };
     const QList<tagUserAccountInfo> accounts = Data::GetFundAccountListByFundProp(3, 16, false, credit, true);
@@ -259,7 +259,7 @@ void TestBusinessData::accounts_can_be_restricted_to_a_type()
     QCOMPARE(Data::GetFundAccountListByFundProp(1, 16, false, QStringList(), true).size(), 0);
 }
 
-void TestBusinessData::an_account_is_told_with_its_numbers()
+void TestBusinessData::anAccountIsReturnedWithItsNumbers()
 {
     const tagUserAccountInfo account =
         CBusinessDataBase::GetInstance()->GetAccountDetailsByTradinngAccount(QStringLiteral("100001"));
@@ -270,7 +270,7 @@ void TestBusinessData::an_account_is_told_with_its_numbers()
     QVERIFY(!account.branchNo.isEmpty());
 }
 
-void TestBusinessData::security_accounts_are_told_by_exchange()
+void TestBusinessData::securityAccountsAreReturnedByExchange()
 {
     const QString account = QStringLiteral("200001");
     const QMap<QString, QString> byExchange = Data::GetCurrentSecurityAccountByTradingAccount(account);
@@ -283,7 +283,7 @@ void TestBusinessData::security_accounts_are_told_by_exchange()
     QCOMPARE(Data::GetAccountAssetPropByTradingAccount(account), Orlo_Values::FundAccountType::Credit);
 }
 
-void TestBusinessData::an_unknown_account_is_answered_empty()
+void TestBusinessData::anUnknownAccountIsAnsweredEmpty()
 {
     const QString unknown = QStringLiteral("999");
     QCOMPARE(CBusinessDataBase::GetInstance()->GetAccountDetailsByTradinngAccount(unknown).tradingAccount, QString());
@@ -294,7 +294,7 @@ void TestBusinessData::an_unknown_account_is_answered_empty()
     QCOMPARE(Rules::getChainKeyForTraddingAccout(unknown, InstructionType::Ordinary), QString());
 }
 
-void TestBusinessData::a_security_is_told_with_its_rules()
+void TestBusinessData::aSecurityIsReturnedWithItsRules()
 {
     const QString symbol = share();
     QCOMPARE(Data::GetFirstSecurityExchangeBySymbol(symbol), Kelvo_Values::Exchange::sh);
@@ -308,14 +308,14 @@ void TestBusinessData::a_security_is_told_with_its_rules()
     QVERIFY(CBusinessDataBase::GetInstance()->IsSymbolHasPriceLimit(symbol));
 }
 
-void TestBusinessData::a_bond_in_shanghai_is_kept_in_lots_of_ten()
+void TestBusinessData::aBondInShanghaiIsKeptInLotsOfTen()
 {
     QCOMPARE(Data::GetDispFactorBySymbol(convertible()), 10);
     QCOMPARE(Data::GetSecurityTypeBySymbol(convertible()), BondType);
     QCOMPARE(Data::GetPricePrecisionBySymbol(convertible(), Kelvo_Values::Exchange::sh), 3);
 }
 
-void TestBusinessData::an_unknown_security_is_answered_as_the_contract_says()
+void TestBusinessData::anUnknownSecurityIsAnsweredByTheContract()
 {
     const QString unknown = QStringLiteral("999999.SH");
     QString description = QStringLiteral("left over");
@@ -330,7 +330,7 @@ void TestBusinessData::an_unknown_security_is_answered_as_the_contract_says()
     QVERIFY(!CBusinessDataBase::GetInstance()->IsSymbolHasPriceLimit(unknown));
 }
 
-void TestBusinessData::special_treatment_comes_with_a_sentence()
+void TestBusinessData::specialTreatmentComesWithASentence()
 {
     QString description = QStringLiteral("left over");
     QCOMPARE(Data::GetSymbolStType(share(), description), Orlo_Values::StFlag::Normal);
@@ -345,7 +345,7 @@ void TestBusinessData::special_treatment_comes_with_a_sentence()
     QCOMPARE(description, sentence);
 }
 
-void TestBusinessData::symbols_are_chosen_by_sub_type_and_suffix()
+void TestBusinessData::symbolsAreChosenBySubTypeAndSuffix()
 {
     CBusinessDataBase* data = CBusinessDataBase::GetInstance();
     const QStringList shares{ SubType::Ashares, SubType::BjSelectedStock };
@@ -359,7 +359,7 @@ void TestBusinessData::symbols_are_chosen_by_sub_type_and_suffix()
     QCOMPARE(data->GetAllSymbolByTypeList(StockType, {}, {}, false, {}).size(), 0);
 }
 
-void TestBusinessData::a_repeated_question_shares_the_same_symbols()
+void TestBusinessData::aRepeatedQuerySharesItsSymbols()
 {
     const auto ask = [] {
         return CBusinessDataBase::GetInstance()->GetAllSymbolByType(StockType, SubType::Ashares, QString(), false, {});
@@ -371,7 +371,7 @@ void TestBusinessData::a_repeated_question_shares_the_same_symbols()
     QVERIFY(first.runs().last().isSharedWith(second.runs().last()));
 }
 
-void TestBusinessData::excluded_symbols_are_left_out()
+void TestBusinessData::excludedSymbolsAreLeftOut()
 {
     CBusinessDataBase* data = CBusinessDataBase::GetInstance();
     const int all = data->GetAllSymbolByType(StockType, SubType::Ashares, QString(), false, {}).size();
@@ -380,7 +380,7 @@ void TestBusinessData::excluded_symbols_are_left_out()
     QVERIFY(!fewer.toStringList().contains(share()));
 }
 
-void TestBusinessData::positions_are_those_of_the_security_account()
+void TestBusinessData::positionsAreThoseOfTheSecurityAccount()
 {
     const tagUserAccountInfo account =
         CBusinessDataBase::GetInstance()->GetAccountDetailsByTradinngAccount(QStringLiteral("100001"));
@@ -398,7 +398,7 @@ void TestBusinessData::positions_are_those_of_the_security_account()
     QCOMPARE(positionsIn(tagUserAccountInfo(), securityAccount, QString()).size(), 0);
 }
 
-void TestBusinessData::authorities_and_rules_belong_to_account_and_type()
+void TestBusinessData::authoritiesAndRulesBelongToAccountAndType()
 {
     QVERIFY(Rules::hasOrderAuthority(QStringLiteral("100001"), InstructionType::Ordinary));
     QVERIFY(!Rules::hasOrderAuthority(QStringLiteral("100001"), InstructionType::Credit));
@@ -408,7 +408,7 @@ void TestBusinessData::authorities_and_rules_belong_to_account_and_type()
     QCOMPARE(Rules::GetCurrentUserInstructionRuleProper(QStringLiteral("100002"), InstructionType::Credit), 0);
 }
 
-void TestBusinessData::a_chain_names_executors_and_those_to_hand_on_to()
+void TestBusinessData::aChainNamesExecutorsAndForwardUsers()
 {
     const QString key = Rules::getChainKeyForTraddingAccout(QStringLiteral("100001"), InstructionType::Ordinary);
     QVERIFY(!key.isEmpty());
@@ -421,7 +421,7 @@ void TestBusinessData::a_chain_names_executors_and_those_to_hand_on_to()
     QCOMPARE(Rules::GetExcuteUsers(QString()), QStringList());
 }
 
-void TestBusinessData::entrust_types_turn_into_numbers_and_back()
+void TestBusinessData::entrustTypesTurnIntoNumbersAndBack()
 {
     for (int number = 1; number <= static_cast<int>(VorMarginTradeType::PaidRationShare); ++number) {
         const auto type = static_cast<VorMarginTradeType>(number);
@@ -435,7 +435,7 @@ void TestBusinessData::entrust_types_turn_into_numbers_and_back()
     QCOMPARE(Rules::transSideUnion2Enum(QString()), VorMarginTradeType::None);
 }
 
-void TestBusinessData::every_entrust_type_has_a_name_and_a_translation()
+void TestBusinessData::everyEntrustTypeHasANameAndATranslation()
 {
     using namespace Orlo_Values::SideUnion;
     const QStringList codes{ normalBuy, collateralBuy, collateralSell, marginBuy, marginSell, financingBuy,
@@ -452,7 +452,7 @@ void TestBusinessData::every_entrust_type_has_a_name_and_a_translation()
     QCOMPARE(OrloBusiUtils::GetSideUnionChineseName(QStringLiteral("?")), QString());
 }
 
-void TestBusinessData::static_texts_fall_back_to_the_default()
+void TestBusinessData::staticTextsFallBackToTheDefault()
 {
     CDataBase* texts = CDataBase::GetInstance();
     const QStringList types{ InstructionType::Ordinary, InstructionType::Credit, InstructionType::Bond,
@@ -467,7 +467,7 @@ void TestBusinessData::static_texts_fall_back_to_the_default()
         QStringLiteral("x"));
 }
 
-void TestBusinessData::a_security_of_its_own_list_comes_before_the_list_for_all()
+void TestBusinessData::aSecurityOfItsOwnListComesBeforeTheListForAll()
 {
     StrategyStore store(ClientSession::instance().database());
     const QString& target = InstructionTargetType::QtyOrder;
@@ -481,7 +481,7 @@ void TestBusinessData::a_security_of_its_own_list_comes_before_the_list_for_all(
     QCOMPARE(Rules::getBlackAlgoNameList(QString()), QStringList());
 }
 
-void TestBusinessData::a_signature_is_stored_with_user_and_time_and_counts_at_once()
+void TestBusinessData::aSignatureIsStoredWithUserAndTimeAndCountsAtOnce()
 {
     QCOMPARE(m_session->reopen(QStringLiteral("trader07")), Status());
     const QStringList open = AgreementDC::instance().GetUnsignedClientNoList(agreement());
@@ -499,7 +499,7 @@ void TestBusinessData::a_signature_is_stored_with_user_and_time_and_counts_at_on
     QCOMPARE(m_session->reopen(), Status());
 }
 
-void TestBusinessData::a_signature_for_a_foreign_client_is_refused_for_all()
+void TestBusinessData::aSignatureForAForeignClientIsRefusedForAll()
 {
     QCOMPARE(m_session->reopen(QStringLiteral("trader09")), Status());
     const QStringList own = AgreementDC::instance().GetUnsignedClientNoList(agreement());
@@ -513,7 +513,7 @@ void TestBusinessData::a_signature_for_a_foreign_client_is_refused_for_all()
     QCOMPARE(m_session->reopen(), Status());
 }
 
-void TestBusinessData::a_bond_is_converted_only_where_it_can_be()
+void TestBusinessData::aBondIsConvertedOnlyWherePossible()
 {
     OrloTradeLogic& logic = OrloTradeLogic::instance();
     const QString credit = QStringLiteral("200001");
@@ -525,7 +525,7 @@ void TestBusinessData::a_bond_is_converted_only_where_it_can_be()
     QVERIFY(!logic.checkMarginBondConvertEnable(credit, QStringLiteral("999999.SH"), sell, false));
 }
 
-void TestBusinessData::without_a_session_every_answer_is_empty()
+void TestBusinessData::withoutASessionEveryAnswerIsEmpty()
 {
     const QString symbol = share();
     ClientSession::instance().close();
@@ -543,7 +543,7 @@ void TestBusinessData::without_a_session_every_answer_is_empty()
         QString());
 }
 
-void TestBusinessData::a_session_may_be_closed_while_its_search_is_prepared()
+void TestBusinessData::aSessionMayBeClosedWhileItsSearchIsPrepared()
 {
     const SampleSession large(QStringLiteral("trader01"), 20000);
     QCOMPARE(large.opened(), Status());

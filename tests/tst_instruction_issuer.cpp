@@ -92,24 +92,24 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void a_day_takes_its_share_data();
-    void a_day_takes_its_share();
-    void the_price_follows_the_mode_data();
-    void the_price_follows_the_mode();
-    void a_security_without_closes_has_no_price();
-    void fills_depend_on_the_distance_from_the_reference_data();
-    void fills_depend_on_the_distance_from_the_reference();
+    void aDayTakesItsShare_data();
+    void aDayTakesItsShare();
+    void thePriceFollowsTheMode_data();
+    void thePriceFollowsTheMode();
+    void aSecurityWithoutClosesHasNoPrice();
+    void fillsDependOnTheDistanceFromTheReference_data();
+    void fillsDependOnTheDistanceFromTheReference();
 
-    void a_plan_without_a_limit_is_filled_at_the_last_close();
-    void issuing_a_day_again_adds_nothing();
-    void the_next_day_takes_what_is_left_and_then_nothing();
-    void an_open_instruction_ends_the_next_day_and_gives_back_the_rest();
-    void an_amount_plan_buys_the_whole_lots_of_its_amount();
-    void a_reduction_without_a_total_sells_its_part_of_the_holdings();
-    void a_plan_outside_its_period_is_left_alone();
-    void a_day_without_trading_issues_nothing();
-    void a_formula_without_a_value_skips_its_plan_only();
-    void without_a_session_the_reason_is_told();
+    void aPlanWithoutALimitIsFilledAtTheLastClose();
+    void issuingADayAgainAddsNothing();
+    void theNextDayTakesWhatIsLeftAndThenNothing();
+    void anOpenInstructionEndsTheNextDayAndGivesBackTheRest();
+    void anAmountPlanBuysTheWholeLotsOfItsAmount();
+    void aReductionWithoutATotalSellsItsPartOfTheHoldings();
+    void aPlanOutsideItsPeriodIsLeftAlone();
+    void aDayWithoutTradingIssuesNothing();
+    void aFormulaWithoutAValueSkipsItsPlanOnly();
+    void withoutASessionTheReasonIsReturned();
 
 private:
     std::unique_ptr<SampleSession> m_session;
@@ -131,7 +131,7 @@ void TestInstructionIssuer::cleanup()
     QCOMPARE(trouble, QStringList());
 }
 
-void TestInstructionIssuer::a_day_takes_its_share_data()
+void TestInstructionIssuer::aDayTakesItsShare_data()
 {
     QTest::addColumn<PlanShare>("plan");
     QTest::addColumn<qint64>("quantity");
@@ -153,7 +153,7 @@ void TestInstructionIssuer::a_day_takes_its_share_data()
     row("a reduction without a ratio takes nothing", { PlanType::ReduceHoldings, 1000, 0, 0, 1, 0 }, 0);
 }
 
-void TestInstructionIssuer::a_day_takes_its_share()
+void TestInstructionIssuer::aDayTakesItsShare()
 {
     QFETCH(PlanShare, plan);
     QFETCH(qint64, quantity);
@@ -161,7 +161,7 @@ void TestInstructionIssuer::a_day_takes_its_share()
     QCOMPARE(dayQuantity(plan, 0), qint64(0));
 }
 
-void TestInstructionIssuer::the_price_follows_the_mode_data()
+void TestInstructionIssuer::thePriceFollowsTheMode_data()
 {
     QTest::addColumn<Record>("record");
     QTest::addColumn<qint64>("ticks");
@@ -185,7 +185,7 @@ void TestInstructionIssuer::the_price_follows_the_mode_data()
     row("an average is worked out", formulas(PriceModel::Custom, QStringLiteral("MA5"), QString()), 113, false);
 }
 
-void TestInstructionIssuer::the_price_follows_the_mode()
+void TestInstructionIssuer::thePriceFollowsTheMode()
 {
     QFETCH(Record, record);
     QFETCH(qint64, ticks);
@@ -197,13 +197,13 @@ void TestInstructionIssuer::the_price_follows_the_mode()
     QCOMPARE(price->reference, qint64(115));
 }
 
-void TestInstructionIssuer::a_security_without_closes_has_no_price()
+void TestInstructionIssuer::aSecurityWithoutClosesHasNoPrice()
 {
     const Record record = formulas(PriceModel::NoLimit, QString(), QString());
     QCOMPARE(dayPrice(record, limitedShare(), {}).status(), Status(Error::NoCloses, { QStringLiteral("600000.SH") }));
 }
 
-void TestInstructionIssuer::fills_depend_on_the_distance_from_the_reference_data()
+void TestInstructionIssuer::fillsDependOnTheDistanceFromTheReference_data()
 {
     QTest::addColumn<bool>("isBuy");
     QTest::addColumn<qint64>("limit");
@@ -217,7 +217,7 @@ void TestInstructionIssuer::fills_depend_on_the_distance_from_the_reference_data
     QTest::newRow("a sale further above gets nothing") << false << 1011LL << 0LL << 0LL;
 }
 
-void TestInstructionIssuer::fills_depend_on_the_distance_from_the_reference()
+void TestInstructionIssuer::fillsDependOnTheDistanceFromTheReference()
 {
     QFETCH(bool, isBuy);
     QFETCH(qint64, limit);
@@ -228,7 +228,7 @@ void TestInstructionIssuer::fills_depend_on_the_distance_from_the_reference()
     QCOMPARE(fill.price, price);
 }
 
-void TestInstructionIssuer::a_plan_without_a_limit_is_filled_at_the_last_close()
+void TestInstructionIssuer::aPlanWithoutALimitIsFilledAtTheLastClose()
 {
     const QString plan = m_session->create(SampleSession::record());
     const QSignalSpy news(&PlanEvents::instance(), &PlanEvents::planStored);
@@ -250,7 +250,7 @@ void TestInstructionIssuer::a_plan_without_a_limit_is_filled_at_the_last_close()
     QCOMPARE(fields.value(FieldId::IssuedAmount).toString(), QString::number(amount, 'f', 2));
 }
 
-void TestInstructionIssuer::issuing_a_day_again_adds_nothing()
+void TestInstructionIssuer::issuingADayAgainAddsNothing()
 {
     const QString plan = m_session->create(SampleSession::record());
     QCOMPARE(InstructionIssuer::issueDay(monday)->issued.size(), 1);
@@ -264,7 +264,7 @@ void TestInstructionIssuer::issuing_a_day_again_adds_nothing()
     QCOMPARE(news.count(), 0);
 }
 
-void TestInstructionIssuer::the_next_day_takes_what_is_left_and_then_nothing()
+void TestInstructionIssuer::theNextDayTakesWhatIsLeftAndThenNothing()
 {
     const QString plan = m_session->create(SampleSession::record());
     for (int i = 0; i < 4; ++i)
@@ -279,7 +279,7 @@ void TestInstructionIssuer::the_next_day_takes_what_is_left_and_then_nothing()
     QCOMPARE(last->skipped.first().reason, Status(Error::LessThanOneLot));
 }
 
-void TestInstructionIssuer::an_open_instruction_ends_the_next_day_and_gives_back_the_rest()
+void TestInstructionIssuer::anOpenInstructionEndsTheNextDayAndGivesBackTheRest()
 {
     const Record tight = with(customPrice(SampleSession::record(), QStringLiteral("昨收价*0.95")), BaseField::totalQty,
         QStringLiteral("300"));
@@ -294,7 +294,7 @@ void TestInstructionIssuer::an_open_instruction_ends_the_next_day_and_gives_back
     QCOMPARE(fieldOfAll(plan, FieldId::IssuedQty), quantities);
 }
 
-void TestInstructionIssuer::an_amount_plan_buys_the_whole_lots_of_its_amount()
+void TestInstructionIssuer::anAmountPlanBuysTheWholeLotsOfItsAmount()
 {
     const double price = TickPrice::toYuan(closesOfShare().constLast(), 2);
     const QString perDay = QString::number(price * 250, 'f', 2);
@@ -309,7 +309,7 @@ void TestInstructionIssuer::an_amount_plan_buys_the_whole_lots_of_its_amount()
     QCOMPARE(fieldOfAll(plan, FieldId::TargetType), QStringList{ InstructionTargetType::AmountOrder });
 }
 
-void TestInstructionIssuer::a_reduction_without_a_total_sells_its_part_of_the_holdings()
+void TestInstructionIssuer::aReductionWithoutATotalSellsItsPartOfTheHoldings()
 {
     Record record = with(SampleSession::record(), Orlo_Fields::AutoPlan::templateCode, PlanType::ReduceHoldings);
     record = with(
@@ -323,7 +323,7 @@ void TestInstructionIssuer::a_reduction_without_a_total_sells_its_part_of_the_ho
     QCOMPARE(fieldOfAll(plan, FieldId::IssuedQty), QStringList{ QStringLiteral("20000") });
 }
 
-void TestInstructionIssuer::a_plan_outside_its_period_is_left_alone()
+void TestInstructionIssuer::aPlanOutsideItsPeriodIsLeftAlone()
 {
     m_session->create(with(SampleSession::record(), BaseField::beginDate, QStringLiteral("2024-05-07")));
     const Result<IssueResult> result = InstructionIssuer::issueDay(monday);
@@ -331,7 +331,7 @@ void TestInstructionIssuer::a_plan_outside_its_period_is_left_alone()
     QCOMPARE(result->issued.size() + result->skipped.size() + result->alreadyIssued.size(), 0);
 }
 
-void TestInstructionIssuer::a_day_without_trading_issues_nothing()
+void TestInstructionIssuer::aDayWithoutTradingIssuesNothing()
 {
     m_session->create(with(SampleSession::record(), BaseField::endDate, QStringLiteral("2024-05-13")));
     const Result<IssueResult> result = InstructionIssuer::issueDay(saturday);
@@ -341,7 +341,7 @@ void TestInstructionIssuer::a_day_without_trading_issues_nothing()
     QCOMPARE(InstructionIssuer::issueDay(QDate()).status(), Status(Error::InvalidDate, { QStringLiteral("日期") }));
 }
 
-void TestInstructionIssuer::a_formula_without_a_value_skips_its_plan_only()
+void TestInstructionIssuer::aFormulaWithoutAValueSkipsItsPlanOnly()
 {
     const QString broken = m_session->create(customPrice(SampleSession::record(), QStringLiteral("1-1")));
     const QString sound = m_session->create(SampleSession::record());
@@ -353,7 +353,7 @@ void TestInstructionIssuer::a_formula_without_a_value_skips_its_plan_only()
     QCOMPARE(result->skipped.first().reason, Status(Error::PriceNotPositive));
 }
 
-void TestInstructionIssuer::without_a_session_the_reason_is_told()
+void TestInstructionIssuer::withoutASessionTheReasonIsReturned()
 {
     ClientSession::instance().close();
     QCOMPARE(InstructionIssuer::issueDay(monday).status(), Status(Error::IssuingNeedsLogin));

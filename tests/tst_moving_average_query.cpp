@@ -42,15 +42,15 @@ private Q_SLOTS:
     void init() { m_log = std::make_unique<LogCatcher>(); }
     void cleanup();
 
-    void a_security_with_a_full_year_of_closes_has_every_average();
-    void an_answer_comes_after_the_question_has_returned();
-    void the_answer_is_emitted_from_another_thread();
-    void answers_come_in_the_order_of_the_questions();
-    void an_unknown_security_is_answered_with_a_reason();
-    void a_security_without_closes_has_no_average_and_no_reason();
-    void a_session_that_is_closed_answers_with_a_reason();
-    void an_answer_that_is_still_worked_out_is_dropped_when_the_session_closes();
-    void the_next_session_answers_again();
+    void aSecurityWithAFullYearOfClosesHasEveryAverage();
+    void anAnswerArrivesAfterTheQueryHasReturned();
+    void theAnswerIsEmittedFromAnotherThread();
+    void answersArriveInTheOrderOfTheQueries();
+    void anUnknownSecurityIsAnsweredWithAReason();
+    void aSecurityWithoutClosesHasNoAverageAndNoReason();
+    void aSessionThatIsClosedAnswersWithAReason();
+    void anUnfinishedAnswerIsDroppedWhenTheSessionCloses();
+    void theNextSessionAnswersAgain();
 
 private:
     std::unique_ptr<LogCatcher> m_log;
@@ -63,7 +63,7 @@ void TestMovingAverageQuery::cleanup()
     QCOMPARE(trouble, QStringList());
 }
 
-void TestMovingAverageQuery::a_security_with_a_full_year_of_closes_has_every_average()
+void TestMovingAverageQuery::aSecurityWithAFullYearOfClosesHasEveryAverage()
 {
     const SampleSession session;
     QCOMPARE(session.opened(), Status());
@@ -76,7 +76,7 @@ void TestMovingAverageQuery::a_security_with_a_full_year_of_closes_has_every_ave
     QCOMPARE(answers.names(0), MovingAverages::names());
 }
 
-void TestMovingAverageQuery::an_answer_comes_after_the_question_has_returned()
+void TestMovingAverageQuery::anAnswerArrivesAfterTheQueryHasReturned()
 {
     const SampleSession session;
     Answers answers;
@@ -86,7 +86,7 @@ void TestMovingAverageQuery::an_answer_comes_after_the_question_has_returned()
     QTRY_COMPARE_WITH_TIMEOUT(answers.spy.count(), 1, patience);
 }
 
-void TestMovingAverageQuery::the_answer_is_emitted_from_another_thread()
+void TestMovingAverageQuery::theAnswerIsEmittedFromAnotherThread()
 {
     const SampleSession session;
     std::atomic<QThread*> emitter{ nullptr };
@@ -99,7 +99,7 @@ void TestMovingAverageQuery::the_answer_is_emitted_from_another_thread()
     QVERIFY(emitter != QThread::currentThread());
 }
 
-void TestMovingAverageQuery::answers_come_in_the_order_of_the_questions()
+void TestMovingAverageQuery::answersArriveInTheOrderOfTheQueries()
 {
     const SampleSession session;
     const QString bond = SampleSession::symbolOf(QStringLiteral("bond-treasury"), QString());
@@ -114,7 +114,7 @@ void TestMovingAverageQuery::answers_come_in_the_order_of_the_questions()
     QCOMPARE(answers.symbol(2), share());
 }
 
-void TestMovingAverageQuery::an_unknown_security_is_answered_with_a_reason()
+void TestMovingAverageQuery::anUnknownSecurityIsAnsweredWithAReason()
 {
     const SampleSession session;
     Answers answers;
@@ -124,7 +124,7 @@ void TestMovingAverageQuery::an_unknown_security_is_answered_with_a_reason()
     QCOMPARE(answers.reason(0), errorText({ Error::UnknownSecurity, { QStringLiteral("999999.SH") } }));
 }
 
-void TestMovingAverageQuery::a_security_without_closes_has_no_average_and_no_reason()
+void TestMovingAverageQuery::aSecurityWithoutClosesHasNoAverageAndNoReason()
 {
     const SampleSession session;
     QCOMPARE(ClientSession::instance().database().execute(QStringLiteral("DELETE FROM closing_prices")), Status());
@@ -135,7 +135,7 @@ void TestMovingAverageQuery::a_security_without_closes_has_no_average_and_no_rea
     QCOMPARE(answers.reason(0), QString());
 }
 
-void TestMovingAverageQuery::a_session_that_is_closed_answers_with_a_reason()
+void TestMovingAverageQuery::aSessionThatIsClosedAnswersWithAReason()
 {
     Answers answers;
     ask(QStringLiteral("600000.SH"));
@@ -144,7 +144,7 @@ void TestMovingAverageQuery::a_session_that_is_closed_answers_with_a_reason()
     QCOMPARE(answers.reason(0), errorText(Error::AveragesNeedLogin));
 }
 
-void TestMovingAverageQuery::an_answer_that_is_still_worked_out_is_dropped_when_the_session_closes()
+void TestMovingAverageQuery::anUnfinishedAnswerIsDroppedWhenTheSessionCloses()
 {
     auto session = std::make_unique<SampleSession>();
     std::atomic_int answersAfterClosing{ 0 };
@@ -162,7 +162,7 @@ void TestMovingAverageQuery::an_answer_that_is_still_worked_out_is_dropped_when_
     QCOMPARE(answersAfterClosing.load(), 0);
 }
 
-void TestMovingAverageQuery::the_next_session_answers_again()
+void TestMovingAverageQuery::theNextSessionAnswersAgain()
 {
     SampleSession session;
     QCOMPARE(session.reopen(), Status());

@@ -107,37 +107,37 @@ private Q_SLOTS:
     void cleanup();
     void cleanupTestCase() { m_session.reset(); }
 
-    void a_new_plan_is_read_back_as_it_was_sent();
-    void a_new_plan_is_announced_once();
-    void a_plan_that_is_acknowledged_survives_the_next_start();
-    void instructions_are_known_as_they_are_whoever_changes_them();
-    void instructions_are_read_ahead_on_another_thread();
-    void a_session_closes_while_instructions_are_read_ahead();
-    void a_record_that_does_not_fit_is_refused_with_a_reason_data();
-    void a_record_that_does_not_fit_is_refused_with_a_reason();
-    void other_parameters_that_do_not_fit_are_refused_data();
-    void other_parameters_that_do_not_fit_are_refused();
-    void plans_of_every_kind_are_accepted();
-    void a_reduction_may_end_beyond_the_calendar();
-    void a_plan_with_an_id_is_not_created();
-    void a_value_that_is_no_text_is_refused();
-    void a_remark_of_the_longest_length_is_kept_whole();
-    void a_locked_database_answers_within_a_second_and_stores_nothing();
-    void a_change_replaces_the_record_and_counts_the_version();
-    void what_identifies_a_plan_cannot_be_changed_data();
-    void what_identifies_a_plan_cannot_be_changed();
-    void the_target_type_and_the_entrust_type_cannot_be_changed();
-    void a_change_of_an_unknown_plan_is_refused();
-    void a_refused_change_leaves_the_plan_as_it_was();
-    void a_started_plan_keeps_its_beginning();
-    void a_locked_database_refuses_a_change();
-    void an_unknown_id_has_no_record_and_no_instructions();
-    void other_parameters_are_read_whatever_stands_in_the_record_data();
-    void other_parameters_are_read_whatever_stands_in_the_record();
-    void trade_dates_are_those_of_the_exchange();
-    void hong_kong_connect_trades_when_both_markets_do();
-    void an_unknown_exchange_has_no_trade_dates();
-    void without_a_session_every_answer_is_empty();
+    void aNewPlanIsReadBackAsItWasSent();
+    void aNewPlanIsAnnouncedOnce();
+    void aPlanThatIsAcknowledgedSurvivesTheNextStart();
+    void instructionsFollowChangesByAnyConnection();
+    void instructionsAreReadAheadOnAnotherThread();
+    void aSessionClosesWhileInstructionsAreReadAhead();
+    void anInvalidRecordIsRefusedWithAReason_data();
+    void anInvalidRecordIsRefusedWithAReason();
+    void invalidOtherParametersAreRefused_data();
+    void invalidOtherParametersAreRefused();
+    void plansOfEveryKindAreAccepted();
+    void aReductionMayEndBeyondTheCalendar();
+    void aPlanWithAnIdIsNotCreated();
+    void aValueThatIsNotATextIsRefused();
+    void aRemarkOfTheLongestLengthIsKeptWhole();
+    void aLockedDatabaseAnswersWithinASecondAndStoresNothing();
+    void aChangeReplacesTheRecordAndCountsTheVersion();
+    void whatIdentifiesAPlanCannotBeChanged_data();
+    void whatIdentifiesAPlanCannotBeChanged();
+    void theTargetTypeAndTheEntrustTypeCannotBeChanged();
+    void aChangeOfAnUnknownPlanIsRefused();
+    void aRefusedChangeLeavesThePlanAsItWas();
+    void aStartedPlanKeepsItsBeginning();
+    void aLockedDatabaseRefusesAChange();
+    void anUnknownIdHasNoRecordAndNoInstructions();
+    void otherParametersAreReadFromAnyRecord_data();
+    void otherParametersAreReadFromAnyRecord();
+    void tradeDatesAreThoseOfTheExchange();
+    void hongKongConnectTradesWhenBothMarketsDo();
+    void anUnknownExchangeHasNoTradeDates();
+    void withoutASessionEveryAnswerIsEmpty();
 
 private:
     QString refusal(const Record& record);
@@ -170,7 +170,7 @@ QString TestPlanService::refusal(const Record& record)
     return reason;
 }
 
-void TestPlanService::a_new_plan_is_read_back_as_it_was_sent()
+void TestPlanService::aNewPlanIsReadBackAsItWasSent()
 {
     Record sent = with(SampleSession::record(), BaseField::remark, QStringLiteral("分批买入 \"一\"; DROP TABLE plans"));
     const QString id = m_session->create(sent);
@@ -183,7 +183,7 @@ void TestPlanService::a_new_plan_is_read_back_as_it_was_sent()
     QCOMPARE(service().GetPlanInstruction(id).size(), 0);
 }
 
-void TestPlanService::a_new_plan_is_announced_once()
+void TestPlanService::aNewPlanIsAnnouncedOnce()
 {
     const QSignalSpy news(&PlanEvents::instance(), &PlanEvents::planStored);
     const QString id = m_session->create(SampleSession::record());
@@ -191,7 +191,7 @@ void TestPlanService::a_new_plan_is_announced_once()
     QCOMPARE(news.at(0).at(0).toString(), id);
 }
 
-void TestPlanService::a_plan_that_is_acknowledged_survives_the_next_start()
+void TestPlanService::aPlanThatIsAcknowledgedSurvivesTheNextStart()
 {
     const QString id = m_session->create(SampleSession::record());
     const Record before = service().GetPlanInfo(id);
@@ -200,7 +200,7 @@ void TestPlanService::a_plan_that_is_acknowledged_survives_the_next_start()
     QCOMPARE(service().GetPlanInfo(id), before);
 }
 
-void TestPlanService::instructions_are_known_as_they_are_whoever_changes_them()
+void TestPlanService::instructionsFollowChangesByAnyConnection()
 {
     const QString id = m_session->create(SampleSession::record());
     QCOMPARE(service().GetPlanInstruction(id).size(), 0);
@@ -222,7 +222,7 @@ void TestPlanService::instructions_are_known_as_they_are_whoever_changes_them()
     QCOMPARE(service().GetPlanInstruction(id).size(), 2);
 }
 
-void TestPlanService::instructions_are_read_ahead_on_another_thread()
+void TestPlanService::instructionsAreReadAheadOnAnotherThread()
 {
     const QString id = m_session->create(SampleSession::record());
     const Record running{ { FieldId::EndState, EndState::Running } };
@@ -243,7 +243,7 @@ void TestPlanService::instructions_are_read_ahead_on_another_thread()
     QCOMPARE(instructions, service().GetPlanInstruction(id));
 }
 
-void TestPlanService::a_session_closes_while_instructions_are_read_ahead()
+void TestPlanService::aSessionClosesWhileInstructionsAreReadAhead()
 {
     const QString id = m_session->create(SampleSession::record());
     ClientSession::instance().prefetchInstructions(id);
@@ -251,7 +251,7 @@ void TestPlanService::a_session_closes_while_instructions_are_read_ahead()
     QCOMPARE(service().GetPlanInstruction(id).size(), 0);
 }
 
-void TestPlanService::a_record_that_does_not_fit_is_refused_with_a_reason_data()
+void TestPlanService::anInvalidRecordIsRefusedWithAReason_data()
 {
     QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("value");
@@ -323,7 +323,7 @@ void TestPlanService::a_record_that_does_not_fit_is_refused_with_a_reason_data()
         QString(PlanCheck::longestRemark + 1, QLatin1Char('x')), { Error::RemarkTooLong, { QStringLiteral("200") } });
 }
 
-void TestPlanService::a_record_that_does_not_fit_is_refused_with_a_reason()
+void TestPlanService::anInvalidRecordIsRefusedWithAReason()
 {
     QFETCH(QString, key);
     QFETCH(QString, value);
@@ -331,7 +331,7 @@ void TestPlanService::a_record_that_does_not_fit_is_refused_with_a_reason()
     QCOMPARE(refusal(with(SampleSession::record(), key, value)), errorText(refused));
 }
 
-void TestPlanService::other_parameters_that_do_not_fit_are_refused_data()
+void TestPlanService::invalidOtherParametersAreRefused_data()
 {
     QTest::addColumn<Record>("record");
     QTest::addColumn<Status>("refused");
@@ -374,14 +374,14 @@ void TestPlanService::other_parameters_that_do_not_fit_are_refused_data()
         << compared << badFormula(QStringLiteral("价格2"), Error::FormulaEmpty);
 }
 
-void TestPlanService::other_parameters_that_do_not_fit_are_refused()
+void TestPlanService::invalidOtherParametersAreRefused()
 {
     QFETCH(Record, record);
     QFETCH(Status, refused);
     QCOMPARE(refusal(record), errorText(refused));
 }
 
-void TestPlanService::plans_of_every_kind_are_accepted()
+void TestPlanService::plansOfEveryKindAreAccepted()
 {
     const Record plan = SampleSession::record();
     Record compared = customPrice(plan, QStringLiteral("max(MA5,昨收价*1.01)"));
@@ -395,7 +395,7 @@ void TestPlanService::plans_of_every_kind_are_accepted()
         service().CreateNewPlan(with(plan, Orlo_Fields::AutoPlan::templateCode, PlanType::SameElements)), QString());
 }
 
-void TestPlanService::a_reduction_may_end_beyond_the_calendar()
+void TestPlanService::aReductionMayEndBeyondTheCalendar()
 {
     QCOMPARE(service().CreateNewPlan(reduction(SampleSession::record())), QString());
     QCOMPARE(
@@ -403,27 +403,27 @@ void TestPlanService::a_reduction_may_end_beyond_the_calendar()
         QString());
 }
 
-void TestPlanService::a_plan_with_an_id_is_not_created()
+void TestPlanService::aPlanWithAnIdIsNotCreated()
 {
     QCOMPARE(refusal(with(SampleSession::record(), BaseField::autoPlanId, QStringLiteral("AP00000001"))),
         errorText(Error::PlanHasId));
 }
 
-void TestPlanService::a_value_that_is_no_text_is_refused()
+void TestPlanService::aValueThatIsNotATextIsRefused()
 {
     Record record = SampleSession::record();
     record.insert(BaseField::totalQty, 1000);
     QCOMPARE(refusal(record), errorText({ Error::FieldNotText, { QStringLiteral("totalQty") } }));
 }
 
-void TestPlanService::a_remark_of_the_longest_length_is_kept_whole()
+void TestPlanService::aRemarkOfTheLongestLengthIsKeptWhole()
 {
     const QString remark(PlanCheck::longestRemark, QChar(0x5907));
     const QString id = m_session->create(with(SampleSession::record(), BaseField::remark, remark));
     QCOMPARE(service().GetPlanInfo(id).value(BaseField::remark).toString(), remark);
 }
 
-void TestPlanService::a_locked_database_answers_within_a_second_and_stores_nothing()
+void TestPlanService::aLockedDatabaseAnswersWithinASecondAndStoresNothing()
 {
     const ForeignWriter lock(m_session->file());
     QElapsedTimer clock;
@@ -432,7 +432,7 @@ void TestPlanService::a_locked_database_answers_within_a_second_and_stores_nothi
     QVERIFY2(clock.elapsed() < 2000, "the wait for the lock is bounded by less than a second");
 }
 
-void TestPlanService::a_change_replaces_the_record_and_counts_the_version()
+void TestPlanService::aChangeReplacesTheRecordAndCountsTheVersion()
 {
     const QString id = m_session->create(SampleSession::record());
     Record changed = with(SampleSession::record(), BaseField::totalQty, QStringLiteral("2000"));
@@ -445,7 +445,7 @@ void TestPlanService::a_change_replaces_the_record_and_counts_the_version()
     QCOMPARE(news.at(0).at(0).toString(), id);
 }
 
-void TestPlanService::what_identifies_a_plan_cannot_be_changed_data()
+void TestPlanService::whatIdentifiesAPlanCannotBeChanged_data()
 {
     QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("value");
@@ -462,7 +462,7 @@ void TestPlanService::what_identifies_a_plan_cannot_be_changed_data()
                               << Status(Error::FieldNotChangeable, { QStringLiteral("交易方向") });
 }
 
-void TestPlanService::what_identifies_a_plan_cannot_be_changed()
+void TestPlanService::whatIdentifiesAPlanCannotBeChanged()
 {
     QFETCH(QString, key);
     QFETCH(QString, value);
@@ -473,7 +473,7 @@ void TestPlanService::what_identifies_a_plan_cannot_be_changed()
     QCOMPARE(service().modifyPlan(changed), errorText(refused));
 }
 
-void TestPlanService::the_target_type_and_the_entrust_type_cannot_be_changed()
+void TestPlanService::theTargetTypeAndTheEntrustTypeCannotBeChanged()
 {
     const QString id = m_session->create(SampleSession::record());
     const Record changed = with(amountPlan(SampleSession::record()), BaseField::autoPlanId, id);
@@ -484,7 +484,7 @@ void TestPlanService::the_target_type_and_the_entrust_type_cannot_be_changed()
     QCOMPARE(service().modifyPlan(margin), errorText({ Error::FieldNotChangeable, { QStringLiteral("委托类别") } }));
 }
 
-void TestPlanService::a_change_of_an_unknown_plan_is_refused()
+void TestPlanService::aChangeOfAnUnknownPlanIsRefused()
 {
     const Record record = SampleSession::record();
     QCOMPARE(service().modifyPlan(record), errorText({ Error::UnknownPlan, { QString() } }));
@@ -492,7 +492,7 @@ void TestPlanService::a_change_of_an_unknown_plan_is_refused()
         errorText({ Error::UnknownPlan, { QStringLiteral("AP99999999") } }));
 }
 
-void TestPlanService::a_refused_change_leaves_the_plan_as_it_was()
+void TestPlanService::aRefusedChangeLeavesThePlanAsItWas()
 {
     const QString id = m_session->create(SampleSession::record());
     const Record before = service().GetPlanInfo(id);
@@ -504,7 +504,7 @@ void TestPlanService::a_refused_change_leaves_the_plan_as_it_was()
     QCOMPARE(news.count(), 0);
 }
 
-void TestPlanService::a_started_plan_keeps_its_beginning()
+void TestPlanService::aStartedPlanKeepsItsBeginning()
 {
     const QString id = m_session->create(SampleSession::record());
     const Record before = service().GetPlanInfo(id);
@@ -515,7 +515,7 @@ void TestPlanService::a_started_plan_keeps_its_beginning()
     setClientToday(SampleSession::today());
 }
 
-void TestPlanService::a_locked_database_refuses_a_change()
+void TestPlanService::aLockedDatabaseRefusesAChange()
 {
     const QString id = m_session->create(SampleSession::record());
     const Record before = service().GetPlanInfo(id);
@@ -527,14 +527,14 @@ void TestPlanService::a_locked_database_refuses_a_change()
     QCOMPARE(service().GetPlanInfo(id), before);
 }
 
-void TestPlanService::an_unknown_id_has_no_record_and_no_instructions()
+void TestPlanService::anUnknownIdHasNoRecordAndNoInstructions()
 {
     QCOMPARE(service().GetPlanInfo(QStringLiteral("AP99999999")), Record());
     QCOMPARE(service().GetPlanInfo(QStringLiteral("'; DROP TABLE plans")), Record());
     QCOMPARE(service().GetPlanInstruction(QString()).size(), 0);
 }
 
-void TestPlanService::other_parameters_are_read_whatever_stands_in_the_record_data()
+void TestPlanService::otherParametersAreReadFromAnyRecord_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("entries");
@@ -552,14 +552,14 @@ void TestPlanService::other_parameters_are_read_whatever_stands_in_the_record_da
         << QStringLiteral("{\"a\":\"%1\"}").arg(QString(PlanTexts::longestOtherParam - 8, QLatin1Char('x'))) << 1;
 }
 
-void TestPlanService::other_parameters_are_read_whatever_stands_in_the_record()
+void TestPlanService::otherParametersAreReadFromAnyRecord()
 {
     QFETCH(QString, text);
     QFETCH(int, entries);
     QCOMPARE(service().GetPlanOtherParamFromPlanInfo({ { BaseField::planOtherParam, text } }).size(), entries);
 }
 
-void TestPlanService::trade_dates_are_those_of_the_exchange()
+void TestPlanService::tradeDatesAreThoseOfTheExchange()
 {
     QString error = QStringLiteral("left over");
     const QList<QDate> dates = service().GetTradeDateList(Kelvo_Values::Exchange::sh, error);
@@ -572,7 +572,7 @@ void TestPlanService::trade_dates_are_those_of_the_exchange()
     QVERIFY(dates.constLast() > SampleSession::today().addYears(1));
 }
 
-void TestPlanService::hong_kong_connect_trades_when_both_markets_do()
+void TestPlanService::hongKongConnectTradesWhenBothMarketsDo()
 {
     QString error;
     const QList<QDate> dates = service().GetTradeDateList(Orlo_Values::Exchange::HkStockCirculation, error);
@@ -582,14 +582,14 @@ void TestPlanService::hong_kong_connect_trades_when_both_markets_do()
     QVERIFY2(!dates.contains(QDate(2024, 5, 2)), "the long May holiday is kept on the mainland only");
 }
 
-void TestPlanService::an_unknown_exchange_has_no_trade_dates()
+void TestPlanService::anUnknownExchangeHasNoTradeDates()
 {
     QString error;
     QCOMPARE(service().GetTradeDateList(QStringLiteral("XNYS"), error), QList<QDate>());
     QCOMPARE(error, errorText({ Error::NoCalendar, { QStringLiteral("XNYS") } }));
 }
 
-void TestPlanService::without_a_session_every_answer_is_empty()
+void TestPlanService::withoutASessionEveryAnswerIsEmpty()
 {
     const Record record = SampleSession::record();
     ClientSession::instance().close();

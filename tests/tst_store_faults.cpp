@@ -84,18 +84,18 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void the_ledger_tells_every_difference();
-    void each_write_fails_in_turn_data();
-    void each_write_fails_in_turn();
-    void each_write_of_the_first_start_fails_in_turn_data();
-    void each_write_of_the_first_start_fails_in_turn();
-    void a_file_that_has_reached_its_largest_size_refuses_and_keeps_what_it_has();
-    void a_file_that_cannot_be_written_is_read_and_not_written();
-    void a_file_that_another_process_locks_is_told_and_written_afterwards();
-    void a_damaged_file_is_refused_or_read_within_a_second_data();
-    void a_damaged_file_is_refused_or_read_within_a_second();
-    void a_damaged_log_brings_nothing_that_was_not_sent();
-    void a_newer_file_is_refused_and_left_as_it_is();
+    void theLedgerReportsEveryDifference();
+    void eachWriteFailsInTurn_data();
+    void eachWriteFailsInTurn();
+    void eachWriteOfTheFirstStartFailsInTurn_data();
+    void eachWriteOfTheFirstStartFailsInTurn();
+    void aFileThatHasReachedItsLargestSizeRefusesAndKeepsWhatItHas();
+    void aFileThatCannotBeWrittenIsReadAndNotWritten();
+    void aLockedFileIsReportedAndWrittenAfterwards();
+    void aDamagedFileIsRefusedOrReadWithinASecond_data();
+    void aDamagedFileIsRefusedOrReadWithinASecond();
+    void aDamagedLogBringsNothingThatWasNotSent();
+    void aNewerFileIsRefusedAndLeftAsItIs();
 
 private:
     QString create();
@@ -187,7 +187,7 @@ void TestStoreFaults::checkStored()
     QCOMPARE(m_ledger.differences(copy()), QStringList());
 }
 
-void TestStoreFaults::the_ledger_tells_every_difference()
+void TestStoreFaults::theLedgerReportsEveryDifference()
 {
     QCOMPARE(create(), QString());
     QCOMPARE(modify(), QString());
@@ -209,7 +209,7 @@ void TestStoreFaults::the_ledger_tells_every_difference()
     }
 }
 
-void TestStoreFaults::each_write_fails_in_turn_data()
+void TestStoreFaults::eachWriteFailsInTurn_data()
 {
     QTest::addColumn<bool>("modifies");
     QTest::addColumn<bool>("movesAtOnce");
@@ -232,7 +232,7 @@ void TestStoreFaults::each_write_fails_in_turn_data()
     }
 }
 
-void TestStoreFaults::each_write_fails_in_turn()
+void TestStoreFaults::eachWriteFailsInTurn()
 {
     QFETCH(bool, modifies);
     QFETCH(bool, movesAtOnce);
@@ -268,7 +268,7 @@ void TestStoreFaults::each_write_fails_in_turn()
     std::printf("writes %d, refused %d, acknowledged %d\n", failing - 1, refused, m_ledger.acknowledged());
 }
 
-void TestStoreFaults::each_write_of_the_first_start_fails_in_turn_data()
+void TestStoreFaults::eachWriteOfTheFirstStartFailsInTurn_data()
 {
     QTest::addColumn<Fault>("fault");
     QTest::addColumn<Lasting>("lasting");
@@ -279,7 +279,7 @@ void TestStoreFaults::each_write_of_the_first_start_fails_in_turn_data()
 
 // Tries each of the first and the last writes, and samples those between: they all write pages of the market.
 // `FAULTS_EVERY` = 1 tries all.
-void TestStoreFaults::each_write_of_the_first_start_fails_in_turn()
+void TestStoreFaults::eachWriteOfTheFirstStartFailsInTurn()
 {
     QFETCH(Fault, fault);
     QFETCH(Lasting, lasting);
@@ -311,7 +311,7 @@ void TestStoreFaults::each_write_of_the_first_start_fails_in_turn()
     std::printf("first starts refused %d\n", refused);
 }
 
-void TestStoreFaults::a_file_that_has_reached_its_largest_size_refuses_and_keeps_what_it_has()
+void TestStoreFaults::aFileThatHasReachedItsLargestSizeRefusesAndKeepsWhatItHas()
 {
     QSqlQuery pages = client().database().query(QStringLiteral("PRAGMA page_count"));
     QVERIFY(pages.next());
@@ -331,7 +331,7 @@ void TestStoreFaults::a_file_that_has_reached_its_largest_size_refuses_and_keeps
     checkStored();
 }
 
-void TestStoreFaults::a_file_that_cannot_be_written_is_read_and_not_written()
+void TestStoreFaults::aFileThatCannotBeWrittenIsReadAndNotWritten()
 {
     client().close();
     const QByteArray before = contentOf(m_session->file());
@@ -349,7 +349,7 @@ void TestStoreFaults::a_file_that_cannot_be_written_is_read_and_not_written()
     checkStored();
 }
 
-void TestStoreFaults::a_file_that_another_process_locks_is_told_and_written_afterwards()
+void TestStoreFaults::aLockedFileIsReportedAndWrittenAfterwards()
 {
     WriterProcess other;
     QVERIFY(other.start(m_session->file(), { QStringLiteral("lock") }));
@@ -365,7 +365,7 @@ void TestStoreFaults::a_file_that_another_process_locks_is_told_and_written_afte
     checkStored();
 }
 
-void TestStoreFaults::a_damaged_file_is_refused_or_read_within_a_second_data()
+void TestStoreFaults::aDamagedFileIsRefusedOrReadWithinASecond_data()
 {
     QTest::addColumn<QString>("damage");
     QTest::newRow("the file ends early") << QStringLiteral("cut");
@@ -374,7 +374,7 @@ void TestStoreFaults::a_damaged_file_is_refused_or_read_within_a_second_data()
     QTest::newRow("a page stands in another's place") << QStringLiteral("copy");
 }
 
-void TestStoreFaults::a_damaged_file_is_refused_or_read_within_a_second()
+void TestStoreFaults::aDamagedFileIsRefusedOrReadWithinASecond()
 {
     QFETCH(QString, damage);
     constexpr int page = 4096;
@@ -422,7 +422,7 @@ void TestStoreFaults::a_damaged_file_is_refused_or_read_within_a_second()
     QVERIFY(refused > 0);
 }
 
-void TestStoreFaults::a_damaged_log_brings_nothing_that_was_not_sent()
+void TestStoreFaults::aDamagedLogBringsNothingThatWasNotSent()
 {
     const int rounds = setting("FAULTS_ROUNDS", 25);
     const int given = setting("FAULTS_SEED", 20240506);
@@ -452,7 +452,7 @@ void TestStoreFaults::a_damaged_log_brings_nothing_that_was_not_sent()
     }
 }
 
-void TestStoreFaults::a_newer_file_is_refused_and_left_as_it_is()
+void TestStoreFaults::aNewerFileIsRefusedAndLeftAsItIs()
 {
     const QString raise = QStringLiteral("PRAGMA user_version = %1").arg(Schema::latestVersion() + 1);
     QCOMPARE(client().database().execute(raise), Status());

@@ -40,10 +40,10 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void a_killed_writer_loses_nothing_that_was_acknowledged();
-    void a_first_start_that_is_killed_can_be_repeated();
-    void two_writers_lose_nothing_of_each_other();
-    void a_writer_whose_files_may_not_grow_is_told_and_loses_nothing();
+    void aKilledWriterLosesNothingThatWasAcknowledged();
+    void aFirstStartThatIsKilledCanBeRepeated();
+    void twoWritersLoseNothingOfEachOther();
+    void aWriterWhoseFilesCannotGrowGetsAnErrorAndLosesNothing();
 
 private:
     void reportTo(const char* title, const PlanLedger& ledger, quint32 seed) const;
@@ -78,7 +78,7 @@ void TestStoreProcesses::reportTo(const char* title, const PlanLedger& ledger, q
     std::fflush(stdout);
 }
 
-void TestStoreProcesses::a_killed_writer_loses_nothing_that_was_acknowledged()
+void TestStoreProcesses::aKilledWriterLosesNothingThatWasAcknowledged()
 {
     const int kills = setting("FAULTS_KILLS", 12);
     const quint32 seed = chosenSeed();
@@ -100,7 +100,7 @@ void TestStoreProcesses::a_killed_writer_loses_nothing_that_was_acknowledged()
     QVERIFY(m_ledger.acknowledged() > 0);
 }
 
-void TestStoreProcesses::a_first_start_that_is_killed_can_be_repeated()
+void TestStoreProcesses::aFirstStartThatIsKilledCanBeRepeated()
 {
     const int kills = qMax(3, setting("FAULTS_KILLS", 12) / 4);
     const quint32 seed = chosenSeed();
@@ -125,7 +125,7 @@ void TestStoreProcesses::a_first_start_that_is_killed_can_be_repeated()
     std::printf("%d first starts killed, seed %u\n", kills, seed);
 }
 
-void TestStoreProcesses::two_writers_lose_nothing_of_each_other()
+void TestStoreProcesses::twoWritersLoseNothingOfEachOther()
 {
     const QString count = QString::number(setting("FAULTS_WRITES", 100));
     QCOMPARE(m_session->reopen(), Status());
@@ -159,7 +159,7 @@ void TestStoreProcesses::two_writers_lose_nothing_of_each_other()
     QCOMPARE(plan.version, 1 + m_ledger.sharedChanges(shared));
 }
 
-void TestStoreProcesses::a_writer_whose_files_may_not_grow_is_told_and_loses_nothing()
+void TestStoreProcesses::aWriterWhoseFilesCannotGrowGetsAnErrorAndLosesNothing()
 {
     const QString size = QString::number(QFile(m_session->file()).size() + 200000);
     WriterProcess writer;
