@@ -123,7 +123,7 @@ private Q_SLOTS:
         script().loginAccountDetail.insert(UserAccount::userID, 42);
         const FieldMap record = send();
         for (auto it = record.cbegin(); it != record.cend(); ++it)
-            QVERIFY2(it.value().type() == QVariant::String, qPrintable(it.key()));
+            QVERIFY2(it.value().userType() == QMetaType::QString, qPrintable(it.key()));
         QCOMPARE(record.value(UserAccount::userID).toString(), QStringLiteral("42"));
         const QStringList otherParam = lines(R"(
             {"57134":"tt_AmountOrder",

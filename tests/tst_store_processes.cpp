@@ -74,7 +74,7 @@ void TestStoreProcesses::cleanup()
 void TestStoreProcesses::reportTo(const char* title, const PlanLedger& ledger, quint32 seed) const
 {
     std::printf("%s: attempted %d, acknowledged %d, refused %d, seed %u\n", title, ledger.attempted(),
-        ledger.acknowledged(), ledger.refusals().size(), seed);
+        ledger.acknowledged(), int(ledger.refusals().size()), seed);
     std::fflush(stdout);
 }
 

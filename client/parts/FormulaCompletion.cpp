@@ -53,7 +53,8 @@ Edited inserted(const QString& formula, int cursor, const QString& offer)
 {
     const int start = cursor - tokenBefore(formula, cursor).size();
     const int bracket = offer.indexOf(QLatin1Char('('));
-    return { formula.left(start) + offer + formula.mid(cursor), start + (bracket < 0 ? offer.size() : bracket + 1) };
+    const int typed = bracket < 0 ? int(offer.size()) : bracket + 1;
+    return { formula.left(start) + offer + formula.mid(cursor), start + typed };
 }
 
 } // namespace FormulaCompletion

@@ -117,7 +117,8 @@ QSize SuggestionPopup::sizeFor(const QStringList& rows) const
     const QSize row = sizeHintForIndex(m_rows.index(widestOf(rows)));
     const int bar = rows.size() > rowsAtOnce ? barWidth : sideWidth;
     const int width = qMax(m_edit->width(), qMin(widest, row.width() + bar + 2 * frameWidth()));
-    return { width, qMin(rows.size(), rowsAtOnce) * row.height() + 2 * frameWidth() + edgeHeight };
+    const int shown = qMin(int(rows.size()), rowsAtOnce);
+    return { width, shown * row.height() + 2 * frameWidth() + edgeHeight };
 }
 
 void SuggestionPopup::prepare(const QBitArray& letters)

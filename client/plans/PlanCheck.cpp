@@ -65,7 +65,7 @@ Status hasNoId(const CheckedPlan& plan)
 Status valuesAreTexts(const CheckedPlan& plan)
 {
     for (auto field = plan.record.cbegin(); field != plan.record.cend(); ++field) {
-        if (field.value().type() != QVariant::String)
+        if (field.value().userType() != QMetaType::QString)
             return { Error::FieldNotText, { field.key() } };
     }
     return {};

@@ -45,7 +45,7 @@ Status statusOfError(const QSqlError& error)
 void bind(QSqlQuery& query, const QVariantList& values)
 {
     for (int i = 0; i < values.size(); ++i) {
-        const bool nullText = values.at(i).type() == QVariant::String && values.at(i).isNull();
+        const bool nullText = values.at(i).userType() == QMetaType::QString && values.at(i).isNull();
         query.bindValue(i, nullText ? QVariant(QLatin1String("")) : values.at(i));
     }
 }

@@ -120,7 +120,7 @@ Status PlanStore::checkRecord(const Record& record) const
     if (record.isEmpty())
         return Error::EmptyPlan;
     for (auto it = record.cbegin(); it != record.cend(); ++it) {
-        if (it.value().type() != QVariant::String)
+        if (it.value().userType() != QMetaType::QString)
             return { Error::FieldNotText, { it.key() } };
     }
     return {};

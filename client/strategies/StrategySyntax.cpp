@@ -17,9 +17,9 @@ QString StrategyReader::elementKey() const
     if (m_xml.namespaceUri() == CORE)
         return m_xml.name().toString();
     if (m_xml.namespaceUri() == LAYOUT)
-        return QStringLiteral("lay:") + m_xml.name();
+        return QStringLiteral("lay:") + m_xml.name().toString();
     if (m_xml.namespaceUri() == VALIDATION)
-        return QStringLiteral("val:") + m_xml.name();
+        return QStringLiteral("val:") + m_xml.name().toString();
     return {};
 }
 
@@ -88,7 +88,7 @@ bool StrategyReader::isKnown(const QXmlStreamAttribute& attribute, const QString
 {
     if (attribute.namespaceUri().isEmpty())
         return known.contains(attribute.name().toString());
-    return attribute.namespaceUri() == INSTANCE && known.contains(QStringLiteral("xsi:") + attribute.name());
+    return attribute.namespaceUri() == INSTANCE && known.contains(QStringLiteral("xsi:") + attribute.name().toString());
 }
 
 QString StrategyReader::typeName(const QXmlStreamAttributes& attributes, const QString& vocabulary)

@@ -49,7 +49,7 @@ QString orderProperty(const QString& entrustType)
 
 QString shown(const QVariant& value)
 {
-    return value.type() == QVariant::Map
+    return value.userType() == QMetaType::QVariantMap
         ? QString::fromUtf8(QJsonDocument(QJsonObject::fromVariantMap(value.toMap())).toJson(QJsonDocument::Compact))
         : value.toString();
 }

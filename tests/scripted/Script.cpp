@@ -58,7 +58,7 @@ FormWatcher& formWatcher()
 
 QString readable(const QVariant& value)
 {
-    switch (static_cast<QMetaType::Type>(value.type())) {
+    switch (value.userType()) {
     case QMetaType::QStringList:
     case QMetaType::QVariantList:
         return QLatin1Char('[') + readableList(value.toList()) + QLatin1Char(']');

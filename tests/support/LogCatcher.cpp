@@ -7,9 +7,9 @@ namespace {
 
 LogCatcher* s_current = nullptr;
 
-QMutex& guard()
+QRecursiveMutex& guard()
 {
-    static QMutex mutex(QMutex::Recursive);
+    static QRecursiveMutex mutex;
     return mutex;
 }
 
