@@ -12,8 +12,8 @@
 
 namespace {
 
-const QString ordinaryAccount = QStringLiteral("100002");
-const QString creditAccount = QStringLiteral("200001");
+const QString OrdinaryAccount = QStringLiteral("100002");
+const QString CreditAccount = QStringLiteral("200001");
 
 /// A change of a box from one code to another.
 struct Choice {
@@ -111,27 +111,27 @@ void registerChoices()
     namespace Type = AutoPlanInstructionType;
     namespace Mode = AutoPlanInstMode;
     namespace Target = InstructionTargetType;
-    measureBoth("account", ordinaryAccount, Type::Ordinary, { "combx_fundAccount", creditAccount, ordinaryAccount });
+    measureBoth("account", OrdinaryAccount, Type::Ordinary, { "combx_fundAccount", CreditAccount, OrdinaryAccount });
     measureBoth(
-        "instruction type", ordinaryAccount, Type::Ordinary, { "combx_instructionType", Type::Ordinary, Type::Bond });
-    measure("instruction type", ordinaryAccount, Type::Ordinary,
+        "instruction type", OrdinaryAccount, Type::Ordinary, { "combx_instructionType", Type::Ordinary, Type::Bond });
+    measure("instruction type", OrdinaryAccount, Type::Ordinary,
         { "combx_instructionType", Type::Ordinary, Type::HkConnect });
-    measureBoth("target type", ordinaryAccount, Type::Ordinary,
+    measureBoth("target type", OrdinaryAccount, Type::Ordinary,
         { "combx_instructionTargetType", Target::QtyOrder, Target::AmountOrder });
-    measureBoth("plan type", ordinaryAccount, Type::Ordinary,
+    measureBoth("plan type", OrdinaryAccount, Type::Ordinary,
         { "combx_planType", AutoPlanTemplate::SameElements, AutoPlanTemplate::ReduceHoldings });
-    measureBoth("side", creditAccount, Type::Credit,
+    measureBoth("side", CreditAccount, Type::Credit,
         { "combx_tradeSide", Kelvo_Values::OrderSide::buy, Kelvo_Values::OrderSide::sell });
-    measureBoth("price type", ordinaryAccount, Type::HkConnect,
+    measureBoth("price type", OrdinaryAccount, Type::HkConnect,
         { "combx_priceType", Orlo_Values::HKTimeInForce::InTrade, Orlo_Values::HKTimeInForce::BeforeTrade });
-    measureBoth("price mode", ordinaryAccount, Type::Ordinary,
+    measureBoth("price mode", OrdinaryAccount, Type::Ordinary,
         { "combx_priceMode", AutoPlanPriceModel::NoLimit, AutoPlanPriceModel::CompareMax });
-    measureBoth("mode", ordinaryAccount, Type::Ordinary,
+    measureBoth("mode", OrdinaryAccount, Type::Ordinary,
         { "combx_instructionMode", Mode::NormalTradeReview, Mode::AlgoTradeReview });
-    benchmark::RegisterBenchmark("security/ordinary", chooseSecurity, ordinaryAccount, Type::Ordinary)
+    benchmark::RegisterBenchmark("security/ordinary", chooseSecurity, OrdinaryAccount, Type::Ordinary)
         ->UseManualTime()
         ->Unit(benchmark::kMillisecond);
-    benchmark::RegisterBenchmark("security/credit", chooseSecurity, creditAccount, Type::Credit)
+    benchmark::RegisterBenchmark("security/credit", chooseSecurity, CreditAccount, Type::Credit)
         ->UseManualTime()
         ->Unit(benchmark::kMillisecond);
 }

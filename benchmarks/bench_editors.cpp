@@ -4,8 +4,8 @@
 
 namespace {
 
-constexpr int settled = 50;
-constexpr int last = 1000;
+constexpr int Settled = 50;
+constexpr int Last = 1000;
 
 void openAndClose(benchmark::State& state)
 {
@@ -17,14 +17,14 @@ void openAndClose(benchmark::State& state)
             editor.close();
         }
         settle();
-        if (opened == settled)
+        if (opened == Settled)
             after50 = residentMebibytes();
     }
     state.counters["after_50_mib"] = after50;
     state.counters["after_1000_mib"] = residentMebibytes();
 }
 
-BENCHMARK(openAndClose)->Iterations(last)->Unit(benchmark::kMillisecond);
+BENCHMARK(openAndClose)->Iterations(Last)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

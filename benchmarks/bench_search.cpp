@@ -17,8 +17,8 @@
 
 namespace {
 
-constexpr int byCodeAndName = 1;
-constexpr int typedSecurities = 6;
+constexpr int ByCodeAndName = 1;
+constexpr int TypedSecurities = 6;
 
 QVector<Security> allSecurities()
 {
@@ -33,8 +33,8 @@ QStringList typedTexts()
 {
     const QVector<Security> market = allSecurities();
     QStringList texts{ QStringLiteral("0"), QStringLiteral("Q7"), QStringLiteral("龘龘") };
-    for (int i = 0; i < typedSecurities; ++i) {
-        const Security& security = market.at(static_cast<int>(qint64(market.size()) * i / typedSecurities));
+    for (int i = 0; i < TypedSecurities; ++i) {
+        const Security& security = market.at(static_cast<int>(qint64(market.size()) * i / TypedSecurities));
         texts << security.symbol.section(QLatin1Char('.'), 0, 0) << security.name.mid(1);
     }
     return texts;
@@ -129,7 +129,7 @@ void searchBox(benchmark::State& state)
 {
     VorSearchBox box;
     box.setSecurityList(allSymbols());
-    box.setSearchMode(byCodeAndName);
+    box.setSearchMode(ByCodeAndName);
     box.setMinMatchLength(1);
     SymbolIndexes::instance().waitForFinished();
     typeInto(state, box);

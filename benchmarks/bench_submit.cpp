@@ -21,7 +21,7 @@
 
 namespace {
 
-constexpr int plansPerRun = 55;
+constexpr int PlansPerRun = 55;
 
 /// Records when the plan service has stored a plan, and closes the message box about it.
 class Acknowledgement : public QObject {
@@ -127,11 +127,11 @@ void confirm(benchmark::State& state)
         logSize = counts.logSize;
     }
     state.counters["bare_median_ms"] = median(bareSeconds) * 1000;
-    state.counters["log_syncs"] = static_cast<double>(logSyncs) / plansPerRun;
+    state.counters["log_syncs"] = static_cast<double>(logSyncs) / PlansPerRun;
     state.counters["most_log_syncs"] = mostLogSyncs;
 }
 
-BENCHMARK(confirm)->Iterations(plansPerRun)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(confirm)->Iterations(PlansPerRun)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 } // namespace
 

@@ -24,9 +24,9 @@ namespace {
 
 using namespace PlanCodes;
 
-const QString owner = QStringLiteral("bench");
-constexpr int firstAccount = 900001;
-constexpr int positions = 250;
+const QString Owner = QStringLiteral("bench");
+constexpr int FirstAccount = 900001;
+constexpr int Positions = 250;
 
 void require(const Status& status)
 {
@@ -36,7 +36,7 @@ void require(const Status& status)
 
 QString numberOf(int account)
 {
-    return QString::number(firstAccount + account);
+    return QString::number(FirstAccount + account);
 }
 
 StoredAccount storedAccount(int index)
@@ -61,11 +61,11 @@ void writeAccount(Database& database, int index)
     AccountStore accounts(database);
     AuthorityStore authorities(database);
     require(accounts.add(account));
-    require(accounts.assign(owner, account.tradingAccount));
+    require(accounts.assign(Owner, account.tradingAccount));
     for (const QString& type : { InstructionType::Ordinary, InstructionType::Bond, InstructionType::HkConnect }) {
         const QString chain = QStringLiteral("CHAIN-%1-%2").arg(account.tradingAccount, type);
-        require(authorities.grant(owner, account.tradingAccount, type));
-        require(authorities.setRuleProperty(owner, account.tradingAccount, type, index % 2));
+        require(authorities.grant(Owner, account.tradingAccount, type));
+        require(authorities.setRuleProperty(Owner, account.tradingAccount, type, index % 2));
         require(authorities.addChain(account.tradingAccount, type, chain));
         require(
             authorities.addChainUsers(chain, ChainRole::Execute, { QStringLiteral("苏砚"), QStringLiteral("陆珩") }));
@@ -79,7 +79,7 @@ void writePositions(Database& database)
     PositionStore store(database);
     const QString& exchange = Kelvo_Values::Exchange::sh;
     const QStringList symbols = SecurityStore(database).firstSymbols(
-        Kelvo_Values::MdcSubSecurityType::Ashares, Kelvo_Values::SymbolPost::sh, positions);
+        Kelvo_Values::MdcSubSecurityType::Ashares, Kelvo_Values::SymbolPost::sh, Positions);
     for (const QString& symbol : symbols)
         require(store.set({ numberOf(0), exchange + numberOf(0), symbol, 200000000, 200000000 }));
 }
@@ -87,7 +87,7 @@ void writePositions(Database& database)
 QMap<QString, QVariant> planRecord()
 {
     QMap<QString, QVariant> record = SampleSession::record();
-    record.insert(Kelvo_Fields::UserAccount::userID, owner);
+    record.insert(Kelvo_Fields::UserAccount::userID, Owner);
     record.insert(Kelvo_Fields::UserAccount::tradingAccount, numberOf(0));
     record.insert(Kelvo_Fields::UserAccount::securityAccount, Kelvo_Values::Exchange::sh + numberOf(0));
     record.insert(AutoPlanField::BaseField::orderSide, Kelvo_Values::OrderSide::sell);
@@ -102,7 +102,7 @@ QString writePlans(ClientSession& session, int count)
     const QDateTime now(SampleSession::today(), QTime(9, 30));
     QString first;
     for (int i = 0; i < count; ++i) {
-        const Result<QString> id = plans.create(record, owner, now);
+        const Result<QString> id = plans.create(record, Owner, now);
         require(id.status());
         if (first.isEmpty())
             first = *id;
@@ -135,7 +135,7 @@ void make(const QString& file, int securities, int accounts, int plans, int inst
     options.marketSize = securities;
     setClientToday(SampleSession::today());
     require(session.open(file, QString(), ClientSession::Progress(), options));
-    require(UserStore(session.database()).add({ owner, QStringLiteral("基准") }));
+    require(UserStore(session.database()).add({ Owner, QStringLiteral("基准") }));
     require(session.database().transaction([&] {
         for (int i = 0; i < accounts; ++i)
             writeAccount(session.database(), i);

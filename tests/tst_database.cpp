@@ -20,15 +20,15 @@
 
 namespace {
 
-const QString otherParamKey = QStringLiteral("otherParam");
-const QDateTime morning(QDate(2024, 5, 6), QTime(9, 30, 0, 125));
-const QDateTime noon(QDate(2024, 5, 6), QTime(12, 0));
+const QString OtherParamKey = QStringLiteral("otherParam");
+const QDateTime Morning(QDate(2024, 5, 6), QTime(9, 30, 0, 125));
+const QDateTime Noon(QDate(2024, 5, 6), QTime(12, 0));
 
 PlanStore::Record sampleRecord()
 {
     return { { QStringLiteral("symbol"), QStringLiteral("600000.SH") },
         { QStringLiteral("remark"), QStringLiteral("分批买入 \"一\"; DROP TABLE plans") },
-        { QStringLiteral("empty"), QStringLiteral("") }, { otherParamKey, QStringLiteral("{\"JCRatio\":\"0.5\"}") } };
+        { QStringLiteral("empty"), QStringLiteral("") }, { OtherParamKey, QStringLiteral("{\"JCRatio\":\"0.5\"}") } };
 }
 
 QByteArray contentOf(const QString& fileName)
@@ -201,12 +201,12 @@ void tst_database::theConnectionIsDurableAndStrict()
 
 void tst_database::aReopenedFileKeepsItsPlans()
 {
-    const QString id = *PlanStore(*m_database, otherParamKey).create(sampleRecord(), QStringLiteral("u"), morning);
+    const QString id = *PlanStore(*m_database, OtherParamKey).create(sampleRecord(), QStringLiteral("u"), Morning);
     m_database->close();
     QVERIFY(!m_database->isOpen());
     QCOMPARE(m_database->fileName(), QString());
     QCOMPARE(m_database->open(path(QStringLiteral("plans.db"))), Status());
-    QCOMPARE(PlanStore(*m_database, otherParamKey).record(id), sampleRecord());
+    QCOMPARE(PlanStore(*m_database, OtherParamKey).record(id), sampleRecord());
 }
 
 void tst_database::anOlderSchemaIsMigratedWithItsPlans()
@@ -215,7 +215,7 @@ void tst_database::anOlderSchemaIsMigratedWithItsPlans()
     QVERIFY(makeVersionOne(fileName));
     Database database;
     QCOMPARE(database.open(fileName), Status());
-    const StoredPlan plan = PlanStore(database, otherParamKey).plan(PlanId::fromNumber(1));
+    const StoredPlan plan = PlanStore(database, OtherParamKey).plan(PlanId::fromNumber(1));
     QCOMPARE(plan.version, 3);
     QCOMPARE(plan.created, QDateTime(QDate(2023, 12, 1), QTime(10, 0)));
     QCOMPARE(plan.changed, plan.created);
@@ -291,9 +291,9 @@ void tst_database::aFileOfAnotherProgramIsRefusedAndLeftAsItIs()
 
 void tst_database::aDamagedFileIsRefusedAndLeftAsItIs()
 {
-    PlanStore plans(*m_database, otherParamKey);
+    PlanStore plans(*m_database, OtherParamKey);
     for (int i = 0; i < 500; ++i)
-        QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), morning));
+        QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
     m_database->close();
     const QString fileName = path(QStringLiteral("damaged.db"));
     QByteArray content = contentOf(path(QStringLiteral("plans.db")));
@@ -313,19 +313,19 @@ void tst_database::aLockedFileIsToldWithinASecond()
     QCOMPARE(other.execute(QStringLiteral("BEGIN IMMEDIATE")), Status());
     QElapsedTimer timer;
     timer.start();
-    const auto created = PlanStore(*m_database, otherParamKey).create(sampleRecord(), QStringLiteral("u"), morning);
+    const auto created = PlanStore(*m_database, OtherParamKey).create(sampleRecord(), QStringLiteral("u"), Morning);
     QCOMPARE(created.status(), Status(Error::DatabaseBusy));
     QVERIFY(timer.elapsed() < 3000);
     QCOMPARE(other.execute(QStringLiteral("ROLLBACK")), Status());
-    QVERIFY(PlanStore(*m_database, otherParamKey).create(sampleRecord(), QStringLiteral("u"), morning));
+    QVERIFY(PlanStore(*m_database, OtherParamKey).create(sampleRecord(), QStringLiteral("u"), Morning));
 }
 
 void tst_database::aTransactionThatGivesAReasonLeavesNothing()
 {
-    PlanStore plans(*m_database, otherParamKey);
+    PlanStore plans(*m_database, OtherParamKey);
     const Status changedMind(Error::UnknownPlan, { QStringLiteral("changed my mind") });
     const Status status = m_database->transaction([&] {
-        const auto created = plans.create(sampleRecord(), QStringLiteral("u"), morning);
+        const auto created = plans.create(sampleRecord(), QStringLiteral("u"), Morning);
         return created ? changedMind : created.status();
     });
     QCOMPARE(status, changedMind);
@@ -341,14 +341,14 @@ void tst_database::theLogIsBegunAheadOfTheFirstTransaction()
     QCOMPARE(logFrames(), 1);
     m_database->prepareWal();
     QCOMPARE(logFrames(), 1);
-    QCOMPARE(PlanStore(*m_database, otherParamKey).count(), 0);
+    QCOMPARE(PlanStore(*m_database, OtherParamKey).count(), 0);
 }
 
 void tst_database::aLongLogIsMovedWhenNobodyWaits()
 {
-    PlanStore plans(*m_database, otherParamKey);
+    PlanStore plans(*m_database, OtherParamKey);
     for (int i = 0; i < 60; ++i)
-        QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), morning));
+        QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
     QVERIFY(logFrames() > 60);
     Database other;
     QCOMPARE(other.open(path(QStringLiteral("plans.db"))), Status());
@@ -361,7 +361,7 @@ void tst_database::aLongLogIsMovedWhenNobodyWaits()
     m_database->prepareWal();
     QCOMPARE(logFrames(), 1);
     QCOMPARE(plans.count(), 60);
-    QCOMPARE(PlanStore(other, otherParamKey).count(), 60);
+    QCOMPARE(PlanStore(other, OtherParamKey).count(), 60);
 }
 
 void tst_database::beginningTheLogKeepsTheVersionOfTheFile()
@@ -388,19 +388,19 @@ void tst_database::theMarkOfTheContentsIsNotToldWithinATransaction()
         return Status();
     }));
     QCOMPARE(within, QString());
-    QVERIFY(PlanStore(*m_database, otherParamKey).create(sampleRecord(), QStringLiteral("u"), morning));
+    QVERIFY(PlanStore(*m_database, OtherParamKey).create(sampleRecord(), QStringLiteral("u"), Morning));
     QVERIFY(m_database->changeToken() != before);
 }
 
 void tst_database::aWorkerThreadReadsWithAnObjectOfItsOwn()
 {
-    QVERIFY(PlanStore(*m_database, otherParamKey).create(sampleRecord(), QStringLiteral("u"), morning));
+    QVERIFY(PlanStore(*m_database, OtherParamKey).create(sampleRecord(), QStringLiteral("u"), Morning));
     Status opened = Error::DatabaseNotOpen;
     int count = 0;
     const std::unique_ptr<QThread> worker(QThread::create([&] {
         Database database;
         opened = database.open(path(QStringLiteral("plans.db")));
-        count = PlanStore(database, otherParamKey).count();
+        count = PlanStore(database, OtherParamKey).count();
     }));
     worker->start();
     QVERIFY(worker->wait(10000));
@@ -411,8 +411,8 @@ void tst_database::aWorkerThreadReadsWithAnObjectOfItsOwn()
 void tst_database::aClosedDatabaseGivesAReason()
 {
     m_database->close();
-    PlanStore plans(*m_database, otherParamKey);
-    QVERIFY(!plans.create(sampleRecord(), QStringLiteral("u"), morning));
+    PlanStore plans(*m_database, OtherParamKey);
+    QVERIFY(!plans.create(sampleRecord(), QStringLiteral("u"), Morning));
     QCOMPARE(plans.count(), 0);
     QVERIFY(plans.page(0, 10).isEmpty());
 }
@@ -440,15 +440,15 @@ void tst_database::anIdIsTakenOnlyAsItIsWritten()
 
 void tst_database::aCreatedPlanReadsBackAsItWas()
 {
-    PlanStore plans(*m_database, otherParamKey);
-    const auto created = plans.create(sampleRecord(), QStringLiteral("trader01"), morning);
+    PlanStore plans(*m_database, OtherParamKey);
+    const auto created = plans.create(sampleRecord(), QStringLiteral("trader01"), Morning);
     QCOMPARE(created.status(), Status());
     const StoredPlan plan = plans.plan(*created);
     QCOMPARE(plan.id, *created);
     QCOMPARE(plan.version, 1);
     QCOMPARE(plan.creator, QStringLiteral("trader01"));
-    QCOMPARE(plan.created, morning);
-    QCOMPARE(plan.changed, morning);
+    QCOMPARE(plan.created, Morning);
+    QCOMPARE(plan.changed, Morning);
     QCOMPARE(plan.record, sampleRecord());
     for (const QVariant& value : plan.record)
         QCOMPARE(value.userType(), int(QMetaType::QString));
@@ -456,22 +456,22 @@ void tst_database::aCreatedPlanReadsBackAsItWas()
 
 void tst_database::aPlanWithoutOtherParametersHasNoSuchKey()
 {
-    PlanStore plans(*m_database, otherParamKey);
+    PlanStore plans(*m_database, OtherParamKey);
     PlanStore::Record record = sampleRecord();
-    record.remove(otherParamKey);
-    const QString id = *plans.create(record, QString(), morning);
-    QVERIFY(!plans.record(id).contains(otherParamKey));
-    record.insert(otherParamKey, QString());
-    QCOMPARE(plans.modify(id, record, noon), Status());
-    QVERIFY(plans.record(id).contains(otherParamKey));
+    record.remove(OtherParamKey);
+    const QString id = *plans.create(record, QString(), Morning);
+    QVERIFY(!plans.record(id).contains(OtherParamKey));
+    record.insert(OtherParamKey, QString());
+    QCOMPARE(plans.modify(id, record, Noon), Status());
+    QVERIFY(plans.record(id).contains(OtherParamKey));
 }
 
 void tst_database::idsAreNewAndAscending()
 {
-    PlanStore plans(*m_database, otherParamKey);
-    const QString first = *plans.create(sampleRecord(), QStringLiteral("u"), morning);
+    PlanStore plans(*m_database, OtherParamKey);
+    const QString first = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
     QCOMPARE(m_database->execute(QStringLiteral("DELETE FROM plans")), Status());
-    const QString second = *plans.create(sampleRecord(), QStringLiteral("u"), morning);
+    const QString second = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
     QCOMPARE(first, QStringLiteral("AP00000001"));
     QCOMPARE(second, QStringLiteral("AP00000002"));
     QCOMPARE(plans.record(first), PlanStore::Record());
@@ -479,62 +479,62 @@ void tst_database::idsAreNewAndAscending()
 
 void tst_database::aRecordThatIsNotTextIsRefusedWhole()
 {
-    PlanStore plans(*m_database, otherParamKey);
+    PlanStore plans(*m_database, OtherParamKey);
     PlanStore::Record record = sampleRecord();
     record.insert(QStringLiteral("totalQty"), 100.0);
-    const auto created = plans.create(record, QStringLiteral("u"), morning);
+    const auto created = plans.create(record, QStringLiteral("u"), Morning);
     QCOMPARE(created.status(), Status(Error::FieldNotText, { QStringLiteral("totalQty") }));
     QCOMPARE(plans.count(), 0);
 }
 
 void tst_database::anEmptyRecordIsRefused()
 {
-    PlanStore plans(*m_database, otherParamKey);
-    QCOMPARE(plans.create({}, QStringLiteral("u"), morning).status(), Status(Error::EmptyPlan));
+    PlanStore plans(*m_database, OtherParamKey);
+    QCOMPARE(plans.create({}, QStringLiteral("u"), Morning).status(), Status(Error::EmptyPlan));
     QCOMPARE(plans.count(), 0);
 }
 
 void tst_database::aModifiedPlanCountsItsVersionUp()
 {
-    PlanStore plans(*m_database, otherParamKey);
-    const QString id = *plans.create(sampleRecord(), QStringLiteral("u"), morning);
+    PlanStore plans(*m_database, OtherParamKey);
+    const QString id = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
     const PlanStore::Record changed{ { QStringLiteral("symbol"), QStringLiteral("000001.SZ") } };
-    QCOMPARE(plans.modify(id, changed, noon), Status());
+    QCOMPARE(plans.modify(id, changed, Noon), Status());
     const StoredPlan plan = plans.plan(id);
     QCOMPARE(plan.version, 2);
     QCOMPARE(plan.record, changed);
-    QCOMPARE(plan.created, morning);
-    QCOMPARE(plan.changed, noon);
+    QCOMPARE(plan.created, Morning);
+    QCOMPARE(plan.changed, Noon);
 }
 
 void tst_database::aModificationThatFailsLeavesThePlan()
 {
-    PlanStore plans(*m_database, otherParamKey);
-    const QString id = *plans.create(sampleRecord(), QStringLiteral("u"), morning);
+    PlanStore plans(*m_database, OtherParamKey);
+    const QString id = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
     QCOMPARE(m_database->execute(QStringLiteral("CREATE TRIGGER no_remark BEFORE INSERT ON plan_fields"
                                                 " WHEN NEW.value = 'bad' BEGIN SELECT RAISE(ABORT, 'no'); END")),
         Status());
     PlanStore::Record changed = sampleRecord();
     changed.insert(QStringLiteral("symbol"), QStringLiteral("bad"));
-    QVERIFY(!plans.modify(id, changed, noon));
+    QVERIFY(!plans.modify(id, changed, Noon));
     QCOMPARE(plans.plan(id).version, 1);
     QCOMPARE(plans.record(id), sampleRecord());
 }
 
 void tst_database::anUnknownPlanCannotBeModified()
 {
-    PlanStore plans(*m_database, otherParamKey);
+    PlanStore plans(*m_database, OtherParamKey);
     for (const QString& id : { QStringLiteral("AP00000007"), QStringLiteral("nonsense"), QString() })
-        QCOMPARE(plans.modify(id, sampleRecord(), noon), Status(Error::UnknownPlan, { id }));
+        QCOMPARE(plans.modify(id, sampleRecord(), Noon), Status(Error::UnknownPlan, { id }));
     QCOMPARE(plans.count(), 0);
     QCOMPARE(plans.plan(QStringLiteral("AP00000007")).id, QString());
 }
 
 void tst_database::pagesShowTheNewestPlansFirst()
 {
-    PlanStore plans(*m_database, otherParamKey);
+    PlanStore plans(*m_database, OtherParamKey);
     for (int i = 0; i < 5; ++i)
-        QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), morning));
+        QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
     QCOMPARE(plans.count(), 5);
     const QVector<StoredPlan> page = plans.page(1, 2);
     QCOMPARE(page.size(), 2);
@@ -549,11 +549,11 @@ void tst_database::pagesShowTheNewestPlansFirst()
 
 void tst_database::plansOfAPeriodIncludeItsFirstAndLastDay()
 {
-    PlanStore plans(*m_database, otherParamKey);
+    PlanStore plans(*m_database, OtherParamKey);
     const QString begin = QStringLiteral("begin");
     const QString end = QStringLiteral("end");
     const PlanStore::Record period{ { begin, QStringLiteral("2024-05-06") }, { end, QStringLiteral("2024-05-08") } };
-    const QString id = *plans.create(period, QStringLiteral("u"), morning);
+    const QString id = *plans.create(period, QStringLiteral("u"), Morning);
     QCOMPARE(plans.idsOfPeriod(begin, end, QDate(2024, 5, 5)), QStringList());
     QCOMPARE(plans.idsOfPeriod(begin, end, QDate(2024, 5, 6)), QStringList{ id });
     QCOMPARE(plans.idsOfPeriod(begin, end, QDate(2024, 5, 8)), QStringList{ id });
@@ -562,19 +562,19 @@ void tst_database::plansOfAPeriodIncludeItsFirstAndLastDay()
 
 void tst_database::anOtherParameterTextOfAMegabyteReadsBack()
 {
-    PlanStore plans(*m_database, otherParamKey);
+    PlanStore plans(*m_database, OtherParamKey);
     PlanStore::Record record = sampleRecord();
-    record.insert(otherParamKey, QString(1 << 20, QChar(u'数')));
-    const QString id = *plans.create(record, QStringLiteral("u"), morning);
+    record.insert(OtherParamKey, QString(1 << 20, QChar(u'数')));
+    const QString id = *plans.create(record, QStringLiteral("u"), Morning);
     QCOMPARE(plans.record(id), record);
 }
 
 void tst_database::instructionsBelongToTheirPlanAndDay()
 {
-    PlanStore plans(*m_database, otherParamKey);
+    PlanStore plans(*m_database, OtherParamKey);
     InstructionStore instructions(*m_database);
-    const QString plan = *plans.create(sampleRecord(), QStringLiteral("u"), morning);
-    const QString other = *plans.create(sampleRecord(), QStringLiteral("u"), morning);
+    const QString plan = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
+    const QString other = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
     const InstructionStore::Fields fields{ { QStringLiteral("14"), QStringLiteral("0") },
         { QStringLiteral("38"), QStringLiteral("500") } };
     const QString first = *instructions.add(plan, QDate(2024, 5, 6), fields);
@@ -670,12 +670,12 @@ void tst_database::aSignatureIsKeptWithTimeAndUser()
     QCOMPARE(agreements.unsignedClientNumbers(protocol, QStringLiteral("u1")),
         QStringList({ QStringLiteral("C1"), QStringLiteral("C2") }));
 
-    QCOMPARE(agreements.sign(protocol, QStringLiteral("C1"), QStringLiteral("u1"), morning), Status());
-    QCOMPARE(agreements.sign(protocol, QStringLiteral("C1"), QStringLiteral("u1"), noon), Status());
-    QCOMPARE(agreements.signedTime(protocol, QStringLiteral("C1")), morning);
+    QCOMPARE(agreements.sign(protocol, QStringLiteral("C1"), QStringLiteral("u1"), Morning), Status());
+    QCOMPARE(agreements.sign(protocol, QStringLiteral("C1"), QStringLiteral("u1"), Noon), Status());
+    QCOMPARE(agreements.signedTime(protocol, QStringLiteral("C1")), Morning);
     QVERIFY(!agreements.signedTime(protocol, QStringLiteral("C2")).isValid());
     QCOMPARE(agreements.unsignedClientNumbers(protocol, QStringLiteral("u1")), QStringList{ QStringLiteral("C2") });
-    QVERIFY(!agreements.sign(QStringLiteral("unknown"), QStringLiteral("C1"), QString(), noon));
+    QVERIFY(!agreements.sign(QStringLiteral("unknown"), QStringLiteral("C1"), QString(), Noon));
 }
 
 void tst_database::positionsAreFoundByAccountAndSymbol()

@@ -7,9 +7,9 @@
 
 namespace {
 
-const QDate monday(2025, 11, 24);
-const QDate holiday(2025, 11, 26);
-const QDate lastDay(2026, 2, 24);
+const QDate Monday(2025, 11, 24);
+const QDate Holiday(2025, 11, 26);
+const QDate LastDay(2026, 2, 24);
 
 /// The day that a screen reader names.
 QDate markedDay(const CalendarPopup* calendar)
@@ -29,11 +29,11 @@ private:
         m_edit = new OrloDateEdit(&window());
         m_edit->SetMode(1, false);
         m_edit->SetExceptDayOfWeek({ 7, 6 });
-        m_edit->SetExceptDateList({ holiday });
-        m_edit->SetMinDate(monday);
-        m_edit->SetMaxDate(lastDay);
-        m_edit->SetStartEndDate(monday, monday);
-        m_edit->SetDate(monday);
+        m_edit->SetExceptDateList({ Holiday });
+        m_edit->SetMinDate(Monday);
+        m_edit->SetMaxDate(LastDay);
+        m_edit->SetStartEndDate(Monday, Monday);
+        m_edit->SetDate(Monday);
         m_edit->resize(360, 30);
         showWith(line("le_start"));
     }
@@ -77,15 +77,15 @@ private Q_SLOTS:
         QCOMPARE(m_edit->GetStartDate(), QDate(2020, 1, 4));
         QCOMPARE(m_edit->GetEndDate(), QDate(2019, 1, 1));
         QCOMPARE(line("le_start")->text(), QStringLiteral("2020-01-04"));
-        m_edit->SetDate(holiday);
-        QCOMPARE(m_edit->GetDate(), holiday);
+        m_edit->SetDate(Holiday);
+        QCOMPARE(m_edit->GetDate(), Holiday);
     }
 
     void aDateThatCannotBeChosenIsMarked()
     {
         auto* start = line("le_start");
         QVERIFY(!start->property("refused").toBool());
-        m_edit->SetStartEndDate(holiday, holiday);
+        m_edit->SetStartEndDate(Holiday, Holiday);
         QVERIFY(start->property("refused").toBool());
         QCOMPARE(start->toolTip(), QStringLiteral("2025-11-26不是交易日，不能选择"));
         m_edit->SetExceptDateList({});
@@ -97,8 +97,8 @@ private Q_SLOTS:
     {
         m_edit->SetMinDate(QDate(2025, 12, 1));
         m_edit->SetMaxDate(QDate(2025, 11, 1));
-        QCOMPARE(m_edit->GetStartDate(), monday);
-        QCOMPARE(m_edit->GetDate(), monday);
+        QCOMPARE(m_edit->GetStartDate(), Monday);
+        QCOMPARE(m_edit->GetDate(), Monday);
     }
 
     void noDateIsAnEmptyField()
@@ -112,10 +112,10 @@ private Q_SLOTS:
     void aTypedDateIsTaken()
     {
         retype(line("le_end"), QStringLiteral("2025-12-01"));
-        QCOMPARE(m_edit->GetEndDate(), monday);
+        QCOMPARE(m_edit->GetEndDate(), Monday);
         QTest::keyClick(line("le_end"), Qt::Key_Return);
         QCOMPARE(m_edit->GetEndDate(), QDate(2025, 12, 1));
-        QCOMPARE(m_edit->GetStartDate(), monday);
+        QCOMPARE(m_edit->GetStartDate(), Monday);
         QCOMPARE(hint("le_end"), QString());
     }
 
@@ -142,7 +142,7 @@ private Q_SLOTS:
         QFETCH(QString, typed);
         QFETCH(QString, reason);
         enter("le_start", typed);
-        QCOMPARE(m_edit->GetStartDate(), monday);
+        QCOMPARE(m_edit->GetStartDate(), Monday);
         QCOMPARE(line("le_start")->text(), QStringLiteral("2025-11-24"));
         QCOMPARE(hint("le_start"), reason);
     }
@@ -196,15 +196,15 @@ private Q_SLOTS:
     {
         CalendarPopup* calendar = open("btn_endCalendar");
         QTest::mouseClick(calendar->findChild<QToolButton*>(QStringLiteral("day_2025-11-26")), Qt::LeftButton);
-        QCOMPARE(m_edit->GetEndDate(), monday);
+        QCOMPARE(m_edit->GetEndDate(), Monday);
         QVERIFY(calendar->isVisible());
     }
 
     void theCalendarIsUsableByKeyboard()
     {
         CalendarPopup* calendar = open("btn_endCalendar");
-        QCOMPARE(markedDay(calendar), monday);
-        const QList<QPair<Qt::Key, QDate>> moves{ { Qt::Key_Left, monday }, { Qt::Key_Right, monday.addDays(1) },
+        QCOMPARE(markedDay(calendar), Monday);
+        const QList<QPair<Qt::Key, QDate>> moves{ { Qt::Key_Left, Monday }, { Qt::Key_Right, Monday.addDays(1) },
             { Qt::Key_Right, QDate(2025, 11, 27) }, { Qt::Key_Down, QDate(2025, 12, 4) },
             { Qt::Key_PageDown, QDate(2026, 1, 5) }, { Qt::Key_PageUp, QDate(2025, 12, 5) } };
         for (const auto& move : moves) {

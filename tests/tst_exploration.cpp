@@ -312,7 +312,7 @@ rc::Gen<Sequence> tradersOnly()
 
 // --- The properties
 
-const Exploration* s_running = nullptr;
+const Exploration* S_running = nullptr;
 
 QStringList indented(const QStringList& sentences)
 {
@@ -334,16 +334,16 @@ std::string report(const QStringList& history, const QStringList& differences)
 void tellAndDie(int signal)
 {
     std::signal(signal, SIG_DFL);
-    if (s_running != nullptr)
+    if (S_running != nullptr)
         std::fprintf(stderr, "\n%s\nThe program was ended there by signal %d\n",
-            report(s_running->history(), {}).c_str(), signal);
+            report(S_running->history(), {}).c_str(), signal);
     std::raise(signal);
 }
 
 /// Executes steps until there are enough of them, or editor and model differ.
 int run(Exploration& exploration, const Sequence& sequence, int wanted, const std::function<void()>& afterEach)
 {
-    s_running = &exploration;
+    S_running = &exploration;
     alarm(LongestSequence);
     int taken = 0;
     for (const Step& step : sequence.steps) {
@@ -355,7 +355,7 @@ int run(Exploration& exploration, const Sequence& sequence, int wanted, const st
         afterEach();
     }
     alarm(0);
-    s_running = nullptr;
+    S_running = nullptr;
     return taken;
 }
 

@@ -15,7 +15,7 @@ namespace {
 
 enum class Trouble { Locked, ReadOnly, Full, WriteError };
 
-constexpr int oneSecond = 1000;
+constexpr int OneSecond = 1000;
 
 /// The value of every field of the form, and whether it is visible and enabled.
 QStringList stateOf(const QWidget& form)
@@ -141,7 +141,7 @@ private Q_SLOTS:
         QCOMPARE(said.size(), 1);
         QVERIFY2(said.constFirst().startsWith(QStringLiteral("msgBoxError: ")), qPrintable(said.constFirst()));
         QVERIFY2(said.constFirst().contains(message), qPrintable(said.constFirst()));
-        QVERIFY2(shownAfter >= 0 && shownAfter < oneSecond, qPrintable(QString::number(shownAfter)));
+        QVERIFY2(shownAfter >= 0 && shownAfter < OneSecond, qPrintable(QString::number(shownAfter)));
         QCOMPARE(stateOf(editor()), before);
         QCOMPARE(closed(), 0);
         end(trouble);

@@ -27,9 +27,9 @@ using Record = QMap<QString, QVariant>;
 
 namespace {
 
-const QDate monday = SampleSession::today();
-const QDate tuesday = monday.addDays(1);
-const QDate saturday = monday.addDays(5);
+const QDate Monday = SampleSession::today();
+const QDate Tuesday = Monday.addDays(1);
+const QDate Saturday = Monday.addDays(5);
 
 Record with(Record record, const QString& key, const QString& value)
 {
@@ -232,7 +232,7 @@ void TestInstructionIssuer::aPlanWithoutALimitIsFilledAtTheLastClose()
 {
     const QString plan = m_session->create(SampleSession::record());
     const QSignalSpy news(&PlanEvents::instance(), &PlanEvents::planStored);
-    const Result<IssueResult> result = InstructionIssuer::issueDay(monday);
+    const Result<IssueResult> result = InstructionIssuer::issueDay(Monday);
     QCOMPARE(result.status(), Status());
     QCOMPARE(result->issued.size(), 1);
     QCOMPARE(result->skipped.size(), 0);
@@ -253,10 +253,10 @@ void TestInstructionIssuer::aPlanWithoutALimitIsFilledAtTheLastClose()
 void TestInstructionIssuer::issuingADayAgainAddsNothing()
 {
     const QString plan = m_session->create(SampleSession::record());
-    QCOMPARE(InstructionIssuer::issueDay(monday)->issued.size(), 1);
+    QCOMPARE(InstructionIssuer::issueDay(Monday)->issued.size(), 1);
     const auto before = AutoPlanLogic::instance().GetPlanInstruction(plan);
     const QSignalSpy news(&PlanEvents::instance(), &PlanEvents::planStored);
-    const Result<IssueResult> again = InstructionIssuer::issueDay(monday);
+    const Result<IssueResult> again = InstructionIssuer::issueDay(Monday);
     QCOMPARE(again.status(), Status());
     QCOMPARE(again->issued, QStringList());
     QCOMPARE(again->alreadyIssued, QStringList{ plan });
@@ -268,11 +268,11 @@ void TestInstructionIssuer::theNextDayTakesWhatIsLeftAndThenNothing()
 {
     const QString plan = m_session->create(SampleSession::record());
     for (int i = 0; i < 4; ++i)
-        QCOMPARE(InstructionIssuer::issueDay(monday.addDays(i))->issued.size(), 1);
+        QCOMPARE(InstructionIssuer::issueDay(Monday.addDays(i))->issued.size(), 1);
     const QStringList quantities{ QStringLiteral("300"), QStringLiteral("300"), QStringLiteral("300"),
         QStringLiteral("100") };
     QCOMPARE(fieldOfAll(plan, FieldId::IssuedQty), quantities);
-    const Result<IssueResult> last = InstructionIssuer::issueDay(monday.addDays(4));
+    const Result<IssueResult> last = InstructionIssuer::issueDay(Monday.addDays(4));
     QCOMPARE(last->issued, QStringList());
     QCOMPARE(last->skipped.size(), 1);
     QCOMPARE(last->skipped.first().planId, plan);
@@ -284,10 +284,10 @@ void TestInstructionIssuer::anOpenInstructionEndsTheNextDayAndGivesBackTheRest()
     const Record tight = with(customPrice(SampleSession::record(), QStringLiteral("昨收价*0.95")), BaseField::totalQty,
         QStringLiteral("300"));
     const QString plan = m_session->create(tight);
-    QCOMPARE(InstructionIssuer::issueDay(monday)->issued.size(), 1);
+    QCOMPARE(InstructionIssuer::issueDay(Monday)->issued.size(), 1);
     QCOMPARE(fieldOfAll(plan, FieldId::EndState), QStringList{ EndState::Running });
     QCOMPARE(fieldOfAll(plan, FieldId::FilledQty), QStringList{ QStringLiteral("0") });
-    QCOMPARE(InstructionIssuer::issueDay(tuesday)->issued.size(), 1);
+    QCOMPARE(InstructionIssuer::issueDay(Tuesday)->issued.size(), 1);
     const QStringList states{ EndState::Ended, EndState::Running };
     const QStringList quantities{ QStringLiteral("300"), QStringLiteral("300") };
     QCOMPARE(fieldOfAll(plan, FieldId::EndState), states);
@@ -303,7 +303,7 @@ void TestInstructionIssuer::anAmountPlanBuysTheWholeLotsOfItsAmount()
             { BaseField::tradeAmount, QString::number(price * 10000, 'f', 2) },
             { BaseField::dayMaxTradeAmount, perDay } });
     const QString plan = m_session->create(record);
-    QCOMPARE(InstructionIssuer::issueDay(monday)->issued.size(), 1);
+    QCOMPARE(InstructionIssuer::issueDay(Monday)->issued.size(), 1);
     QCOMPARE(fieldOfAll(plan, FieldId::IssuedQty), QStringList{ QStringLiteral("200") });
     QCOMPARE(fieldOfAll(plan, FieldId::IssuedAmount), QStringList{ QString::number(price * 200, 'f', 2) });
     QCOMPARE(fieldOfAll(plan, FieldId::TargetType), QStringList{ InstructionTargetType::AmountOrder });
@@ -319,14 +319,14 @@ void TestInstructionIssuer::aReductionWithoutATotalSellsItsPartOfTheHoldings()
             { AutoPlanField::Progress::CurrentQty, QStringLiteral("0") } });
     const QString plan = m_session->create(record);
     QVERIFY2(!plan.isEmpty(), qPrintable(m_session->reason()));
-    QCOMPARE(InstructionIssuer::issueDay(monday)->issued.size(), 1);
+    QCOMPARE(InstructionIssuer::issueDay(Monday)->issued.size(), 1);
     QCOMPARE(fieldOfAll(plan, FieldId::IssuedQty), QStringList{ QStringLiteral("20000") });
 }
 
 void TestInstructionIssuer::aPlanOutsideItsPeriodIsLeftAlone()
 {
     m_session->create(with(SampleSession::record(), BaseField::beginDate, QStringLiteral("2024-05-07")));
-    const Result<IssueResult> result = InstructionIssuer::issueDay(monday);
+    const Result<IssueResult> result = InstructionIssuer::issueDay(Monday);
     QCOMPARE(result.status(), Status());
     QCOMPARE(result->issued.size() + result->skipped.size() + result->alreadyIssued.size(), 0);
 }
@@ -334,7 +334,7 @@ void TestInstructionIssuer::aPlanOutsideItsPeriodIsLeftAlone()
 void TestInstructionIssuer::aDayWithoutTradingIssuesNothing()
 {
     m_session->create(with(SampleSession::record(), BaseField::endDate, QStringLiteral("2024-05-13")));
-    const Result<IssueResult> result = InstructionIssuer::issueDay(saturday);
+    const Result<IssueResult> result = InstructionIssuer::issueDay(Saturday);
     QCOMPARE(result->issued, QStringList());
     QCOMPARE(result->skipped.size(), 1);
     QCOMPARE(result->skipped.first().reason, Status(Error::NotATradeDay, { QString(), QStringLiteral("2024-05-11") }));
@@ -345,7 +345,7 @@ void TestInstructionIssuer::aFormulaWithoutAValueSkipsItsPlanOnly()
 {
     const QString broken = m_session->create(customPrice(SampleSession::record(), QStringLiteral("1-1")));
     const QString sound = m_session->create(SampleSession::record());
-    const Result<IssueResult> result = InstructionIssuer::issueDay(monday);
+    const Result<IssueResult> result = InstructionIssuer::issueDay(Monday);
     QCOMPARE(result->issued.size(), 1);
     QVERIFY(result->issued.first().startsWith(sound));
     QCOMPARE(result->skipped.size(), 1);
@@ -356,7 +356,7 @@ void TestInstructionIssuer::aFormulaWithoutAValueSkipsItsPlanOnly()
 void TestInstructionIssuer::withoutASessionTheReasonIsReturned()
 {
     ClientSession::instance().close();
-    QCOMPARE(InstructionIssuer::issueDay(monday).status(), Status(Error::IssuingNeedsLogin));
+    QCOMPARE(InstructionIssuer::issueDay(Monday).status(), Status(Error::IssuingNeedsLogin));
 }
 
 QTEST_GUILESS_MAIN(TestInstructionIssuer)

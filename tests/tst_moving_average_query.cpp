@@ -12,12 +12,12 @@
 
 namespace {
 
-constexpr int patience = 10000;
+constexpr int Patience = 10000;
 
 struct Answers {
     QSignalSpy spy{ &AutoPlanLogic::instance(), &AutoPlanLogic::signalQuerySymbolMAResponse };
 
-    bool await() { return spy.count() > 0 || spy.wait(patience); }
+    bool await() { return spy.count() > 0 || spy.wait(Patience); }
     QString symbol(int i) const { return spy.at(i).at(0).toString(); }
     QStringList names(int i) const { return spy.at(i).at(1).toStringList(); }
     QString reason(int i) const { return spy.at(i).at(2).toString(); }
@@ -83,7 +83,7 @@ void TestMovingAverageQuery::anAnswerArrivesAfterTheQueryHasReturned()
     // For a security with closes the worker thread answers at any time; this answer does not need that thread.
     ask(QStringLiteral("999999.SH"));
     QCOMPARE(answers.spy.count(), 0);
-    QTRY_COMPARE_WITH_TIMEOUT(answers.spy.count(), 1, patience);
+    QTRY_COMPARE_WITH_TIMEOUT(answers.spy.count(), 1, Patience);
 }
 
 void TestMovingAverageQuery::theAnswerIsEmittedFromAnotherThread()
@@ -95,7 +95,7 @@ void TestMovingAverageQuery::theAnswerIsEmittedFromAnotherThread()
         &AutoPlanLogic::instance(), &AutoPlanLogic::signalQuerySymbolMAResponse, &receiver,
         [&emitter] { emitter = QThread::currentThread(); }, Qt::DirectConnection);
     ask(share());
-    QTRY_VERIFY_WITH_TIMEOUT(emitter != nullptr, patience);
+    QTRY_VERIFY_WITH_TIMEOUT(emitter != nullptr, Patience);
     QVERIFY(emitter != QThread::currentThread());
 }
 
@@ -108,7 +108,7 @@ void TestMovingAverageQuery::answersArriveInTheOrderOfTheQueries()
     ask(share());
     ask(bond);
     ask(share());
-    QTRY_COMPARE_WITH_TIMEOUT(answers.spy.count(), 3, patience);
+    QTRY_COMPARE_WITH_TIMEOUT(answers.spy.count(), 3, Patience);
     QCOMPARE(answers.symbol(0), share());
     QCOMPARE(answers.symbol(1), bond);
     QCOMPARE(answers.symbol(2), share());

@@ -28,7 +28,7 @@ Q_DECLARE_METATYPE(Program)
 
 namespace {
 
-const QSize formSize(517, 710);
+const QSize FormSize(517, 710);
 
 Result<Options> read(const QString& arguments, Program program = Program::Client)
 {
@@ -559,7 +559,7 @@ private Q_SLOTS:
     {
         openWindow();
         pressForEditor(Qt::Key_N);
-        QCOMPARE(dialogEditor()->size(), formSize);
+        QCOMPARE(dialogEditor()->size(), FormSize);
         dialogDriver().type("le_remark", QStringLiteral("x"));
         const QString question = QStringLiteral("计划尚未提交，关闭后填写的内容将丢失，是否关闭？");
         QCOMPARE(boxOf([this] { press(&dialog(), Qt::Key_Escape); }, "msgBoxQuestion", false), question);

@@ -20,9 +20,9 @@ Q_DECLARE_METATYPE(PlanForm)
 
 namespace {
 
-const ShownDates shown{ QStringLiteral("2024-05-08"), QStringLiteral("2024-05-17") };
-const QDate later(2024, 5, 9);
-const QString firstDayLater = QStringLiteral("2024-05-10");
+const ShownDates Shown{ QStringLiteral("2024-05-08"), QStringLiteral("2024-05-17") };
+const QDate Later(2024, 5, 9);
+const QString FirstDayLater = QStringLiteral("2024-05-10");
 
 QString sentence(const PlanForm& form)
 {
@@ -186,8 +186,8 @@ private Q_SLOTS:
         open();
         driver().fill(form);
         const ShownDates dates = driver().dates();
-        QCOMPARE(dates.begin, shown.begin);
-        QCOMPARE(dates.end, form.isReduction() ? QString() : shown.end);
+        QCOMPARE(dates.begin, Shown.begin);
+        QCOMPARE(dates.end, form.isReduction() ? QString() : Shown.end);
         const int before = plans().count();
         QCOMPARE(ok(), created());
         QCOMPARE(closed(), 1);
@@ -195,14 +195,14 @@ private Q_SLOTS:
         const QString id = newestPlan();
         QCOMPARE(differences(id, form, dates), QString());
 
-        const ShownDates movedDates{ firstDayLater, form.isReduction() ? QString() : firstDayLater };
+        const ShownDates movedDates{ FirstDayLater, form.isReduction() ? QString() : FirstDayLater };
         int version = 1;
-        for (const QDate& day : { SampleSession::today(), later }) {
+        for (const QDate& day : { SampleSession::today(), Later }) {
             goTo(day);
             openPlan(id, false);
             QCOMPARE(ok(), created());
             QVERIFY(newestPlan() != id);
-            QCOMPARE(differences(newestPlan(), form, day == later ? movedDates : dates), QString());
+            QCOMPARE(differences(newestPlan(), form, day == Later ? movedDates : dates), QString());
 
             openPlan(id, true);
             QCOMPARE(ok(), modified(id));
@@ -224,7 +224,7 @@ private Q_SLOTS:
     {
         QFETCH(PlanForm, form);
         form.account = FreeAccount;
-        const QString id = store(form, shown);
+        const QString id = store(form, Shown);
         QVERIFY2(!id.isEmpty(), qPrintable(session().reason()));
         openPlan(id, true);
         QCOMPARE(code(editor(), "combx_instructionMode"), InstMode::ActiveManage);
@@ -234,24 +234,24 @@ private Q_SLOTS:
             QCOMPARE(ok(),
                 QStringList{
                     QStringLiteral("msgBoxError: 交易计划%1修改失败，失败原因：指令单类型不支持修改").arg(id) });
-            QCOMPARE(differences(id, form, shown), QString());
+            QCOMPARE(differences(id, form, Shown), QString());
             return;
         }
         PlanForm active = form.priced(PriceModel::NoLimit, QString());
         active.instructionMode = InstMode::ActiveManage;
         active.strategy.clear();
         QCOMPARE(ok(), modified(id));
-        QCOMPARE(differences(id, active, shown), QString());
+        QCOMPARE(differences(id, active, Shown), QString());
 
-        openPlan(store(form, shown), false);
+        openPlan(store(form, Shown), false);
         QCOMPARE(ok(), created());
-        QCOMPARE(differences(newestPlan(), active, shown), QString());
+        QCOMPARE(differences(newestPlan(), active, Shown), QString());
     }
 
     void anActivePlanOfAReviewedUserWantsAnAlgorithm()
     {
         PlanForm form = complete(ReviewedAccount).priced(PriceModel::Custom, QStringLiteral("昨收价*1.01"));
-        const QString id = store(form, shown);
+        const QString id = store(form, Shown);
         openPlan(id, true);
         QCOMPARE(code(editor(), "combx_instructionMode"), InstMode::AlgoReview);
         QCOMPARE(code(editor(), "combx_priceMode"), PriceModel::NoLimit);
@@ -259,7 +259,7 @@ private Q_SLOTS:
         driver().setAlgorithm(QStringLiteral("TWAP"), {});
         QCOMPARE(ok(), modified(id));
         form = form.priced(PriceModel::NoLimit, QString()).byAlgorithm(QStringLiteral("TWAP"));
-        QCOMPARE(differences(id, form, shown), QString());
+        QCOMPARE(differences(id, form, Shown), QString());
     }
 
     void aBondOfShanghaiIsStoredInLotsOfTen()
@@ -339,7 +339,7 @@ private Q_SLOTS:
     {
         DatabaseProbe facts(session().file());
         const PlanForm form = ordinary();
-        const ExpectedRecord expected(form, shown, QStringLiteral("trader01"), facts);
+        const ExpectedRecord expected(form, Shown, QStringLiteral("trader01"), facts);
         QMap<QString, QString> stored = expected.fields();
         const QString subType = facts.security(form.symbol).subType;
         stored.insert(QStringLiteral("planOtherParam"),

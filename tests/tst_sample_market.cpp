@@ -43,8 +43,8 @@ using Kelvo_Values::MdcSecurityType::FundType;
 using Kelvo_Values::MdcSecurityType::StockType;
 namespace InstructionType = PlanCodes::InstructionType;
 
-const QDate lastDay(2024, 4, 30);
-const QDateTime signedTime(QDate(2024, 4, 1), QTime(9, 0));
+const QDate LastDay(2024, 4, 30);
+const QDateTime SignedTime(QDate(2024, 4, 1), QTime(9, 0));
 
 /// A database with a sample market, in a temporary folder.
 struct SampleFile {
@@ -52,7 +52,7 @@ struct SampleFile {
     {
         status = database.open(folder.filePath(QStringLiteral("market.db")));
         if (status)
-            status = SampleMarket::write(database, { seed, size, lastDay });
+            status = SampleMarket::write(database, { seed, size, LastDay });
         if (status)
             status = market.load(database);
     }
@@ -95,7 +95,7 @@ private Q_SLOTS:
         QCOMPARE(SecurityStore(database()).readAll(append), Status());
         QCOMPARE(m_securities.size(), market().count());
         QCOMPARE(SampleTexts::write(database()), Status());
-        QCOMPARE(SampleAccounts::write(database(), signedTime), Status());
+        QCOMPARE(SampleAccounts::write(database(), SignedTime), Status());
     }
 
     void closesReadBackAsTheyWere_data()
@@ -276,7 +276,7 @@ private Q_SLOTS:
         for (int i = 0; i < market().count(); i += 97) {
             const Security& security = m_securities.at(i);
             const CloseHistory history = store.closes(security.symbol);
-            QCOMPARE(history.lastDay, lastDay);
+            QCOMPARE(history.lastDay, LastDay);
             QCOMPARE(history.ticks.constLast(), security.previousClose);
             QVERIFY(*std::min_element(history.ticks.cbegin(), history.ticks.cend()) > 0);
             for (int day = 1; security.hasPriceLimit() && day < history.ticks.size(); ++day) {
@@ -359,7 +359,7 @@ private Q_SLOTS:
             seen << done;
             return total == 1200;
         };
-        QCOMPARE(SampleMarket::write(database, { 7, 1200, lastDay }, progress), Status());
+        QCOMPARE(SampleMarket::write(database, { 7, 1200, LastDay }, progress), Status());
         QCOMPARE(seen, QVector<int>({ 0, 500, 1000, 1200 }));
     }
 
@@ -369,7 +369,7 @@ private Q_SLOTS:
         Database database;
         QCOMPARE(database.open(folder.filePath(QStringLiteral("m.db"))), Status());
         const auto stopHalfway = [](int done, int) { return done < 500; };
-        QCOMPARE(SampleMarket::write(database, { 7, 1200, lastDay }, stopHalfway), Status(Error::SampleCancelled));
+        QCOMPARE(SampleMarket::write(database, { 7, 1200, LastDay }, stopHalfway), Status(Error::SampleCancelled));
         QCOMPARE(SecurityStore(database).count(), 0);
         QCOMPARE(SampleMarket::write(database, { 7, 1200, QDate() }), Status(Error::NoLastClose));
     }
@@ -406,7 +406,7 @@ private Q_SLOTS:
         other.type = QStringLiteral("t2");
         SecurityStore store(database);
         store.beginAdding();
-        QCOMPARE(store.add(plain, { lastDay, { 7, 1000000000000 } }), Status());
+        QCOMPARE(store.add(plain, { LastDay, { 7, 1000000000000 } }), Status());
         QCOMPARE(store.add(other, {}), Status());
 
         Market read;
@@ -553,7 +553,7 @@ private Q_SLOTS:
         QCOMPARE(agreements.unsignedClientNumbers(protocol, SampleAccounts::defaultUser()), QStringList());
         QCOMPARE(agreements.unsignedClientNumbers(protocol, QStringLiteral("trader07")),
             QStringList{ QStringLiteral("C10007") });
-        QCOMPARE(agreements.signedTime(protocol, QStringLiteral("C10001")), signedTime);
+        QCOMPARE(agreements.signedTime(protocol, QStringLiteral("C10001")), SignedTime);
         QVERIFY(agreements.agreement(protocol).content.size() > 200);
     }
 

@@ -15,7 +15,7 @@ QString sh(int number)
     return QStringLiteral("600%1.SH").arg(number, 3, 10, QLatin1Char('0'));
 }
 
-const QString preparing = QStringLiteral("证券列表正在准备，请稍候");
+const QString Preparing = QStringLiteral("证券列表正在准备，请稍候");
 
 } // namespace
 
@@ -364,7 +364,7 @@ private Q_SLOTS:
         setUnpreparedList({ sh(7), sh(8) });
         type(QStringLiteral("600007"));
         QCOMPARE(rows(), QStringList());
-        QCOMPARE(hintAt(m_box), preparing);
+        QCOMPARE(hintAt(m_box), Preparing);
         held.release();
         QTRY_COMPARE(rows(), QStringList{ QStringLiteral("600007.SH  东海科技股份7号") });
         QCOMPARE(hintAt(m_box), QString());
@@ -383,7 +383,7 @@ private Q_SLOTS:
         m_box->setMinMatchLength(1);
         QTest::keyClick(m_box, Qt::Key_Down);
         QCOMPARE(rows(), QStringList());
-        QCOMPARE(hintAt(m_box), preparing);
+        QCOMPARE(hintAt(m_box), Preparing);
         held.release();
         QTRY_COMPARE(rows(), QStringList{ QStringLiteral("600008.SH  东海科技股份8号") });
     }
@@ -444,7 +444,7 @@ private Q_SLOTS:
         QTest::keyClick(m_box, Qt::Key_Return);
         QCOMPARE(m_box->text(), typed);
         QCOMPARE(m_box->getSymbol(), QString());
-        QCOMPARE(hintAt(m_box), preparing);
+        QCOMPARE(hintAt(m_box), Preparing);
         held.release();
         QTRY_COMPARE(hintAt(m_box), hint);
         QCOMPARE(m_box->getSymbol(), chosen);
@@ -464,7 +464,7 @@ private Q_SLOTS:
         QCOMPARE(list()->markedRow(), -1);
         QTest::keyClick(m_box, Qt::Key_Return);
         QCOMPARE(m_box->getSymbol(), QString());
-        QCOMPARE(hintAt(m_box), preparing);
+        QCOMPARE(hintAt(m_box), Preparing);
         held.release();
         QTRY_COMPARE(rows().size(), 2);
         QCOMPARE(m_box->getSymbol(), QString());
@@ -481,7 +481,7 @@ private Q_SLOTS:
         QVERIFY(nextField().hasFocus());
         QCOMPARE(m_box->text(), QStringLiteral("300750"));
         QCOMPARE(m_box->getSymbol(), QString());
-        QCOMPARE(hintAt(m_box), preparing);
+        QCOMPARE(hintAt(m_box), Preparing);
         held.release();
         QTRY_COMPARE(m_box->getSymbol(), QStringLiteral("300750.SZ"));
         QVERIFY(nextField().hasFocus());
@@ -534,7 +534,7 @@ private Q_SLOTS:
         setUnpreparedList({ sh(7), sh(8) });
         type(QStringLiteral("600007"));
         QTest::keyClick(m_box, Qt::Key_Return);
-        QCOMPARE(hintAt(m_box), preparing);
+        QCOMPARE(hintAt(m_box), Preparing);
         delete std::exchange(m_box, nullptr);
         held.release();
         finishPreparation();

@@ -25,11 +25,11 @@ Q_DECLARE_METATYPE(FaultyDisk::Lasting)
 
 namespace {
 
-constexpr int oneSecond = 1000;
+constexpr int OneSecond = 1000;
 // More writes than any one plan takes.
-constexpr int mostOperations = 500;
+constexpr int MostOperations = 500;
 
-const QString busy = errorText(Error::DatabaseBusy);
+const QString Busy = errorText(Error::DatabaseBusy);
 const QString readOnly = errorText(Error::DatabaseReadOnly);
 const QString full = errorText(Error::DiskFull);
 
@@ -147,7 +147,7 @@ QString TestStoreFaults::timed(const std::function<QString()>& work)
     clock.start();
     const QString reason = work();
     const qint64 elapsed = clock.elapsed();
-    return elapsed < oneSecond ? reason : QStringLiteral("%1 after %2 ms").arg(reason).arg(elapsed);
+    return elapsed < OneSecond ? reason : QStringLiteral("%1 after %2 ms").arg(reason).arg(elapsed);
 }
 
 /// Sends a new plan; the first one is modified later.
@@ -242,7 +242,7 @@ void TestStoreFaults::eachWriteFailsInTurn()
         QCOMPARE(client().database().execute(QStringLiteral("PRAGMA wal_autocheckpoint = 1")), Status());
     int refused = 0;
     int failing = 1;
-    for (; failing < mostOperations; ++failing) {
+    for (; failing < MostOperations; ++failing) {
         FaultyDisk::failAt(failing, fault, lasting);
         const QString reason = modifies ? modify() : create();
         const bool failed = FaultyDisk::hasFailed();
@@ -260,7 +260,7 @@ void TestStoreFaults::eachWriteFailsInTurn()
         if (!failed)
             break;
     }
-    QVERIFY(failing < mostOperations);
+    QVERIFY(failing < MostOperations);
     QVERIFY(refused > 3);
     QCOMPARE(client().plans().plan(m_plan).version, m_version);
     QCOMPARE(m_session->reopen(), Status());
@@ -319,7 +319,7 @@ void TestStoreFaults::aFileThatHasReachedItsLargestSizeRefusesAndKeepsWhatItHas(
     pages.finish();
     QCOMPARE(client().database().execute(QStringLiteral("PRAGMA max_page_count = %1").arg(allowed)), Status());
     QString reason;
-    while (reason.isEmpty() && m_count < mostOperations)
+    while (reason.isEmpty() && m_count < MostOperations)
         reason = create();
     QCOMPARE(reason, full);
     QCOMPARE(create(), full);
@@ -353,12 +353,12 @@ void TestStoreFaults::aLockedFileIsReportedAndWrittenAfterwards()
 {
     WriterProcess other;
     QVERIFY(other.start(m_session->file(), { QStringLiteral("lock") }));
-    QCOMPARE(create(), busy);
-    QCOMPARE(modify(), busy);
+    QCOMPARE(create(), Busy);
+    QCOMPARE(modify(), Busy);
     QCOMPARE(client().plans().count(), 1);
     client().close();
     QCOMPARE(timed([this] { return open(m_session->file()); }), QString());
-    QCOMPARE(create(), busy);
+    QCOMPARE(create(), Busy);
     QVERIFY(other.release());
     QCOMPARE(create(), QString());
     QCOMPARE(modify(), QString());

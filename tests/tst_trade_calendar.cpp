@@ -15,7 +15,7 @@ Q_DECLARE_METATYPE(TradeCalendar::Day)
 
 namespace {
 
-const QByteArray headings = "market,date,holiday,status\n";
+const QByteArray Headings = "market,date,holiday,status\n";
 
 QString hongKongConnect()
 {
@@ -125,7 +125,7 @@ private Q_SLOTS:
     void provisionalYearsAreLoggedOncePerExchange()
     {
         TradeCalendar calendar;
-        QCOMPARE(calendar.load(headings + "mainland,2026-01-01,元旦,announced\nmainland,2027-01-01,元旦,provisional\n"),
+        QCOMPARE(calendar.load(Headings + "mainland,2026-01-01,元旦,announced\nmainland,2027-01-01,元旦,provisional\n"),
             Status());
         for (int i = 0; i < 3; ++i)
             QVERIFY(calendar.tradeDays(shanghai(), QDate(2026, 6, 1)));
@@ -143,15 +143,15 @@ private Q_SLOTS:
         };
         QTest::newRow("nothing") << QByteArray()
                                  << Status(Error::NoClosureHeadings, { QStringLiteral("market,date,holiday,status") });
-        QTest::newRow("a column missing") << headings + "mainland,2026-01-01,announced"
+        QTest::newRow("a column missing") << Headings + "mainland,2026-01-01,announced"
                                           << line(2, { Error::ClosureColumns, { QStringLiteral("3") } });
         QTest::newRow("an unknown market")
-            << headings + "mars,2026-01-01,x,announced"
+            << Headings + "mars,2026-01-01,x,announced"
             << line(2, { Error::UnknownCode, { QStringLiteral("市场"), QStringLiteral("mars") } });
-        QTest::newRow("no such day") << headings + "\nmainland,2026-02-30,x,announced"
+        QTest::newRow("no such day") << Headings + "\nmainland,2026-02-30,x,announced"
                                      << line(3, { Error::NotADate, { QStringLiteral("2026-02-30") } });
         QTest::newRow("an unknown status")
-            << headings + "mainland,2026-01-01,x,guessed"
+            << Headings + "mainland,2026-01-01,x,guessed"
             << line(2, { Error::UnknownCode, { QStringLiteral("状态"), QStringLiteral("guessed") } });
     }
 
@@ -160,7 +160,7 @@ private Q_SLOTS:
         QFETCH(QByteArray, csv);
         QFETCH(Status, status);
         TradeCalendar calendar;
-        QCOMPARE(calendar.load(headings + "mainland,2026-01-01,元旦,announced\r\n"), Status());
+        QCOMPARE(calendar.load(Headings + "mainland,2026-01-01,元旦,announced\r\n"), Status());
         QCOMPARE(calendar.load(csv), status);
         QCOMPARE(calendar.day(shanghai(), QDate(2026, 1, 1)), Day::Closed);
         QCOMPARE(calendar.day(shanghai(), QDate(2026, 1, 2)), Day::Trades);
@@ -169,7 +169,7 @@ private Q_SLOTS:
     void withoutHongKongClosuresConnectIsUnknown()
     {
         TradeCalendar calendar;
-        QCOMPARE(calendar.load(headings + "mainland,2026-01-01,元旦,announced\n"), Status());
+        QCOMPARE(calendar.load(Headings + "mainland,2026-01-01,元旦,announced\n"), Status());
         QCOMPARE(calendar.tradeDays(hongKongConnect(), QDate(2026, 1, 5)).status().error(), Error::NoCalendar);
     }
 };

@@ -9,7 +9,7 @@
 
 namespace {
 
-const QSize formSize(517, 710);
+const QSize FormSize(517, 710);
 
 QStringList pictures(const QString& folder, const QString& pattern)
 {
@@ -59,7 +59,7 @@ private Q_SLOTS:
         const QStringList forms = pictures(folder.path(), QStringLiteral("*-form.png"));
         QCOMPARE(forms.size(), 9);
         for (const QString& form : forms)
-            QCOMPARE(QImage(folder.filePath(form)).size(), formSize);
+            QCOMPARE(QImage(folder.filePath(form)).size(), FormSize);
         QCOMPARE(pictures(folder.path(), QStringLiteral("*-box.png")).size(), 12);
         QCOMPARE(pictures(folder.path(), QStringLiteral("*-panel.png")).size(), 2);
     }

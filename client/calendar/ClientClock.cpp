@@ -8,7 +8,7 @@
 namespace {
 
 // Longer than any run of closed days.
-constexpr int longestClosure = 40;
+constexpr int LongestClosure = 40;
 
 QDate& chosenToday()
 {
@@ -49,7 +49,7 @@ QDate lastTradeDayBefore(const QDate& day)
     const TradeCalendar& calendar = TradeCalendar::builtIn();
     const QString exchange = Kelvo_Values::Exchange::sh;
     QDate candidate = qMin(day.addDays(-1), calendar.lastKnownDay(exchange));
-    for (int i = 0; i < longestClosure; ++i, candidate = candidate.addDays(-1)) {
+    for (int i = 0; i < LongestClosure; ++i, candidate = candidate.addDays(-1)) {
         if (calendar.day(exchange, candidate) == TradeCalendar::Day::Trades)
             return candidate;
     }

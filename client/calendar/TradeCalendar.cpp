@@ -12,11 +12,11 @@
 
 namespace {
 
-const QString mainland = QStringLiteral("mainland");
-const QString hongKong = QStringLiteral("hongkong");
-const QString provisional = QStringLiteral("provisional");
-const QStringList statuses{ QStringLiteral("announced"), provisional, QStringLiteral("computed") };
-const QString headings = QStringLiteral("market,date,holiday,status");
+const QString Mainland = QStringLiteral("mainland");
+const QString HongKong = QStringLiteral("hongkong");
+const QString Provisional = QStringLiteral("provisional");
+const QStringList Statuses{ QStringLiteral("announced"), Provisional, QStringLiteral("computed") };
+const QString Headings = QStringLiteral("market,date,holiday,status");
 
 bool isWeekend(const QDate& date)
 {
@@ -54,8 +54,8 @@ void TradeCalendar::Closures::add(const QDate& date, bool isProvisional)
 Status TradeCalendar::load(const QByteArray& csv)
 {
     const QStringList lines = QString::fromUtf8(csv).split(QLatin1Char('\n'));
-    if (lines.constFirst().trimmed() != headings)
-        return { Error::NoClosureHeadings, { headings } };
+    if (lines.constFirst().trimmed() != Headings)
+        return { Error::NoClosureHeadings, { Headings } };
     Table table;
     for (int i = 1; i < lines.size(); ++i) {
         const QString line = lines.at(i).trimmed();
@@ -72,16 +72,16 @@ Status TradeCalendar::load(const QByteArray& csv)
 Status TradeCalendar::readLine(const QString& line, Table& table)
 {
     const QStringList cells = line.split(QLatin1Char(','));
-    if (cells.size() != headings.count(QLatin1Char(',')) + 1)
+    if (cells.size() != Headings.count(QLatin1Char(',')) + 1)
         return { Error::ClosureColumns, { QString::number(cells.size()) } };
-    if (cells.at(0) != mainland && cells.at(0) != hongKong)
+    if (cells.at(0) != Mainland && cells.at(0) != HongKong)
         return { Error::UnknownCode, { QStringLiteral("市场"), cells.at(0) } };
     const QDate date = QDate::fromString(cells.at(1), Qt::ISODate);
     if (!date.isValid())
         return { Error::NotADate, { cells.at(1) } };
-    if (!statuses.contains(cells.at(3)))
+    if (!Statuses.contains(cells.at(3)))
         return { Error::UnknownCode, { QStringLiteral("状态"), cells.at(3) } };
-    table[cells.at(0)].add(date, cells.at(3) == provisional);
+    table[cells.at(0)].add(date, cells.at(3) == Provisional);
     return {};
 }
 
@@ -131,9 +131,9 @@ QDate TradeCalendar::lastKnownDay(const QString& exchange) const
 // Empty if the exchange is unknown or its closures are missing.
 QList<const TradeCalendar::Closures*> TradeCalendar::closuresOf(const QString& exchange) const
 {
-    QStringList markets{ mainland };
+    QStringList markets{ Mainland };
     if (exchange == Orlo_Values::Exchange::HkStockCirculation)
-        markets << hongKong;
+        markets << HongKong;
     else if (exchange != Kelvo_Values::Exchange::sh && exchange != Kelvo_Values::Exchange::sz
         && exchange != Orlo_Values::Exchange::bj)
         return {};

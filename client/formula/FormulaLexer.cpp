@@ -4,7 +4,7 @@ namespace {
 
 using namespace FormulaLexer;
 
-const QStringList functions{ QStringLiteral("max"), QStringLiteral("min") };
+const QStringList Functions{ QStringLiteral("max"), QStringLiteral("min") };
 
 bool isDigit(QChar c)
 {
@@ -99,7 +99,7 @@ private:
         const QString name = m_text.mid(m_at, end - m_at);
         if (m_items.contains(name))
             return take(Kind::Item, end);
-        if (functions.contains(name))
+        if (Functions.contains(name))
             return take(Kind::Function, end);
         return errorAt(m_at, { Error::UnknownName, { name } });
     }

@@ -4,13 +4,13 @@
 
 namespace {
 
-constexpr qint64 thousand = 1000;
+constexpr qint64 Thousand = 1000;
 // Above this, a double cannot represent every number of ticks.
-constexpr double largestTicks = 9.0e15;
+constexpr double LargestTicks = 9.0e15;
 
 qint64 share(qint64 ticks, qint64 perMille)
 {
-    return qMax<qint64>(1, (ticks * perMille + thousand / 2) / thousand);
+    return qMax<qint64>(1, (ticks * perMille + Thousand / 2) / Thousand);
 }
 
 double ticksPerYuan(int pricePrecision)
@@ -22,13 +22,13 @@ double ticksPerYuan(int pricePrecision)
 
 TickPrice::Limits TickPrice::limits(qint64 previousClose, int limitPerMille)
 {
-    return { share(previousClose, thousand + limitPerMille), share(previousClose, thousand - limitPerMille) };
+    return { share(previousClose, Thousand + limitPerMille), share(previousClose, Thousand - limitPerMille) };
 }
 
 std::optional<qint64> TickPrice::fromYuan(double yuan, int pricePrecision)
 {
     const double ticks = yuan * ticksPerYuan(pricePrecision);
-    if (!std::isfinite(ticks) || std::abs(ticks) > largestTicks)
+    if (!std::isfinite(ticks) || std::abs(ticks) > LargestTicks)
         return std::nullopt;
     // 1.265 is stored a little below its value and must still be rounded up.
     constexpr double tolerance = 1e-6;

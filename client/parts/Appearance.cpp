@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int smallestText = 9;
+constexpr int SmallestText = 9;
 
 } // namespace
 
@@ -29,7 +29,7 @@ QString skinSheet(const QString& name)
 QFont fittedFont(QFont font, const QString& text, int room)
 {
     int size = QFontInfo(font).pixelSize();
-    while (size > smallestText && QFontMetrics(font).horizontalAdvance(text) > room)
+    while (size > SmallestText && QFontMetrics(font).horizontalAdvance(text) > room)
         font.setPixelSize(--size);
     return font;
 }

@@ -8,10 +8,10 @@
 
 namespace {
 
-constexpr int daysInWeek = 7;
-constexpr int weeksShown = 6;
+constexpr int DaysInWeek = 7;
+constexpr int WeeksShown = 6;
 /// How many days the keyboard searches for one that can be chosen.
-constexpr int farthestStep = 400;
+constexpr int FarthestStep = 400;
 
 QDate firstOfMonth(const QDate& date)
 {
@@ -46,7 +46,7 @@ void CalendarPopup::build()
     grid->setSpacing(1);
     addHead(grid);
     const int side = fontMetrics().horizontalAdvance(QStringLiteral("000")) + 10;
-    for (int i = 0; i < daysInWeek * weeksShown; ++i) {
+    for (int i = 0; i < DaysInWeek * WeeksShown; ++i) {
         auto* day = new QToolButton(this);
         day->setFocusPolicy(Qt::NoFocus);
         day->setCheckable(true);
@@ -54,7 +54,7 @@ void CalendarPopup::build()
         day->setMinimumSize(side, fontMetrics().height() + 6);
         day->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         connect(day, &QToolButton::clicked, this, [this, day] { choose(dateFromText(day->accessibleName())); });
-        grid->addWidget(day, 2 + i / daysInWeek, i % daysInWeek);
+        grid->addWidget(day, 2 + i / DaysInWeek, i % DaysInWeek);
         m_days.append(day);
     }
 }
@@ -64,11 +64,11 @@ void CalendarPopup::addHead(QGridLayout* grid)
     m_title->setObjectName(QStringLiteral("calendarMonth"));
     m_title->setAlignment(Qt::AlignCenter);
     grid->addWidget(newMonthButton(QStringLiteral("btnPreviousMonth"), QStringLiteral("‹"), tr("上个月"), -1), 0, 0);
-    grid->addWidget(m_title, 0, 1, 1, daysInWeek - 2);
+    grid->addWidget(m_title, 0, 1, 1, DaysInWeek - 2);
     const QString next = QStringLiteral("btnNextMonth");
-    grid->addWidget(newMonthButton(next, QStringLiteral("›"), tr("下个月"), 1), 0, daysInWeek - 1);
+    grid->addWidget(newMonthButton(next, QStringLiteral("›"), tr("下个月"), 1), 0, DaysInWeek - 1);
     const QString names = tr("一二三四五六日");
-    for (int column = 0; column < daysInWeek; ++column) {
+    for (int column = 0; column < DaysInWeek; ++column) {
         auto* name = new QLabel(names.mid(column, 1), this);
         name->setAlignment(Qt::AlignCenter);
         grid->addWidget(name, 1, column);
@@ -136,7 +136,7 @@ void CalendarPopup::markMonth(int months)
 QDate CalendarPopup::choosable(const QDate& from, int step) const
 {
     QDate date = from;
-    for (int i = 0; i < farthestStep; ++i) {
+    for (int i = 0; i < FarthestStep; ++i) {
         date = date.addDays(step);
         if (m_check(date))
             return date;
@@ -170,10 +170,10 @@ void CalendarPopup::keyPressEvent(QKeyEvent* event)
         mark(choosable(m_marked, 1));
         break;
     case Qt::Key_Up:
-        mark(choosable(m_marked, -daysInWeek));
+        mark(choosable(m_marked, -DaysInWeek));
         break;
     case Qt::Key_Down:
-        mark(choosable(m_marked, daysInWeek));
+        mark(choosable(m_marked, DaysInWeek));
         break;
     case Qt::Key_PageUp:
         markMonth(-1);

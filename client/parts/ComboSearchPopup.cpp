@@ -7,8 +7,8 @@
 
 namespace {
 
-constexpr int rowsAtOnce = 10;
-constexpr qreal placeholderStrength = 0.75;
+constexpr int RowsAtOnce = 10;
+constexpr qreal PlaceholderStrength = 0.75;
 
 } // namespace
 
@@ -70,14 +70,14 @@ void ComboSearchPopup::strengthenPlaceholder()
     m_search->ensurePolished();
     QPalette colours = m_search->palette();
     QColor ink = colours.color(QPalette::Text);
-    ink.setAlphaF(placeholderStrength);
+    ink.setAlphaF(PlaceholderStrength);
     colours.setColor(QPalette::PlaceholderText, ink);
     m_search->setPalette(colours);
 }
 
 QSize ComboSearchPopup::wantedSize() const
 {
-    const int shown = qBound(1, m_items.rowCount(), rowsAtOnce);
+    const int shown = qBound(1, m_items.rowCount(), RowsAtOnce);
     const int frame = 2 * m_list->frameWidth() + 10;
     const int width = qMax(m_box->width(), qMin(420, m_list->sizeHintForColumn(0) + 32 + frame));
     const int row = qMax(m_list->sizeHintForRow(0), fontMetrics().height());
@@ -129,10 +129,10 @@ bool ComboSearchPopup::handleKey(int key)
         moveMark(1);
         return true;
     case Qt::Key_PageUp:
-        moveMark(-rowsAtOnce);
+        moveMark(-RowsAtOnce);
         return true;
     case Qt::Key_PageDown:
-        moveMark(rowsAtOnce);
+        moveMark(RowsAtOnce);
         return true;
     case Qt::Key_Escape:
     case Qt::Key_F4:

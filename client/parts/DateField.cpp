@@ -11,8 +11,8 @@
 
 namespace {
 
-constexpr auto refusedProperty = "refused";
-constexpr auto widestText = "0000-00-00 ";
+constexpr auto RefusedProperty = "refused";
+constexpr auto WidestText = "0000-00-00 ";
 
 } // namespace
 
@@ -64,12 +64,12 @@ QDate DateField::date() const
 void DateField::updateMark()
 {
     m_edit->ensurePolished();
-    m_edit->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1String(widestText)) + 4);
+    m_edit->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1String(WidestText)) + 4);
     const Status status = m_date.isValid() ? m_check(m_date) : Status();
     m_edit->setToolTip(errorText(status));
-    if (m_edit->property(refusedProperty).toBool() == !status)
+    if (m_edit->property(RefusedProperty).toBool() == !status)
         return;
-    m_edit->setProperty(refusedProperty, !status);
+    m_edit->setProperty(RefusedProperty, !status);
     // Without a skin, the colour is the mark; a skin has its own.
     QPalette colours = palette();
     if (!status)

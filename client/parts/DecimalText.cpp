@@ -5,9 +5,9 @@
 
 namespace {
 
-constexpr double tolerance = 1e-10;
+constexpr double Tolerance = 1e-10;
 /// Longer texts are rejected.
-constexpr int longestText = 32;
+constexpr int LongestText = 32;
 
 DecimalVerdict refused(const Status& status)
 {
@@ -32,9 +32,9 @@ Status tooLarge(const DecimalLimits& limits)
 /// Appending digits moves a number away from zero, possibly into the range.
 DecimalVerdict validateNumber(double number, const DecimalLimits& limits)
 {
-    if (number > limits.maximum + tolerance)
+    if (number > limits.maximum + Tolerance)
         return number < 0 ? unfinished(tooLarge(limits)) : refused(tooLarge(limits));
-    if (number < limits.minimum - tolerance)
+    if (number < limits.minimum - Tolerance)
         return number >= 0 ? unfinished(tooSmall(limits)) : refused(tooSmall(limits));
     return { QValidator::Acceptable, number, {} };
 }
@@ -47,7 +47,7 @@ DecimalVerdict validateDecimal(const QString& text, const DecimalLimits& limits)
     if (text.isEmpty())
         return { QValidator::Acceptable, 0, {} };
     const QRegularExpressionMatch match = form.match(text);
-    if (!match.hasMatch() || text.size() > longestText)
+    if (!match.hasMatch() || text.size() > LongestText)
         return refused(Error::NumberMalformed);
     if (text.startsWith(QLatin1Char('-')) && limits.minimum >= 0)
         return refused(tooSmall(limits));
@@ -62,7 +62,7 @@ DecimalVerdict validateDecimal(const QString& text, const DecimalLimits& limits)
 
 bool isWithin(double number, const DecimalLimits& limits)
 {
-    return std::isfinite(number) && number >= limits.minimum - tolerance && number <= limits.maximum + tolerance;
+    return std::isfinite(number) && number >= limits.minimum - Tolerance && number <= limits.maximum + Tolerance;
 }
 
 QString decimalText(double number, int decimals, bool trimmed)

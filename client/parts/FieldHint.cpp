@@ -5,8 +5,8 @@
 
 namespace {
 
-constexpr int shownMilliseconds = 8000;
-constexpr int widestHint = 320;
+constexpr int ShownMilliseconds = 8000;
+constexpr int WidestHint = 320;
 
 } // namespace
 
@@ -22,7 +22,7 @@ FieldHint::FieldHint(QWidget* field)
     setMargin(4);
     setAutoFillBackground(true);
     m_timer.setSingleShot(true);
-    m_timer.setInterval(shownMilliseconds);
+    m_timer.setInterval(ShownMilliseconds);
     connect(&m_timer, &QTimer::timeout, this, &QWidget::hide);
     field->installEventFilter(this);
     field->window()->installEventFilter(this);
@@ -57,7 +57,7 @@ void FieldHint::place()
 {
     ensurePolished();
     const QSize oneLine = fontMetrics().size(Qt::TextSingleLine, text());
-    const int width = qMin(widestHint, oneLine.width() + 2 * margin() + 2 * frameWidth() + 12);
+    const int width = qMin(WidestHint, oneLine.width() + 2 * margin() + 2 * frameWidth() + 12);
     resize(width, heightForWidth(width));
     move(popupPlace(parentWidget(), size()));
 }

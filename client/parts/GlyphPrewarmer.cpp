@@ -8,8 +8,8 @@
 namespace {
 
 /// Takes about half a millisecond.
-constexpr int lettersAtOnce = 8;
-constexpr QSize canvasSize(64, 32);
+constexpr int LettersAtOnce = 8;
+constexpr QSize CanvasSize(64, 32);
 
 } // namespace
 
@@ -35,7 +35,7 @@ void GlyphPrewarmer::draw(const QBitArray& letters)
 void GlyphPrewarmer::drawSome()
 {
     QString some;
-    for (; m_next < m_wanted.size() && some.size() < lettersAtOnce; ++m_next) {
+    for (; m_next < m_wanted.size() && some.size() < LettersAtOnce; ++m_next) {
         if (!m_wanted.testBit(m_next))
             continue;
         m_drawn.setBit(m_next);
@@ -43,7 +43,7 @@ void GlyphPrewarmer::drawSome()
     }
     if (m_next >= m_wanted.size())
         m_idle->stop();
-    QImage canvas(canvasSize, QImage::Format_ARGB32_Premultiplied);
+    QImage canvas(CanvasSize, QImage::Format_ARGB32_Premultiplied);
     QPainter painter(&canvas);
     painter.setFont(m_widget->font());
     painter.drawText(canvas.rect(), Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine, some);

@@ -9,12 +9,12 @@
 
 namespace {
 
-constexpr int rowsAtOnce = 10;
-constexpr int widest = 360;
+constexpr int RowsAtOnce = 10;
+constexpr int Widest = 360;
 /// Width besides a row's text, with and without a scroll bar.
-constexpr int barWidth = 24;
-constexpr int sideWidth = 8;
-constexpr int edgeHeight = 4;
+constexpr int BarWidth = 24;
+constexpr int SideWidth = 8;
+constexpr int EdgeHeight = 4;
 
 /// Estimated width of a text in halves of a Chinese character; measuring it would need a layout.
 int roughWidth(const QString& text)
@@ -115,10 +115,10 @@ void SuggestionPopup::offer(const QStringList& rows, int marked)
 QSize SuggestionPopup::sizeFor(const QStringList& rows) const
 {
     const QSize row = sizeHintForIndex(m_rows.index(widestOf(rows)));
-    const int bar = rows.size() > rowsAtOnce ? barWidth : sideWidth;
-    const int width = qMax(m_edit->width(), qMin(widest, row.width() + bar + 2 * frameWidth()));
-    const int shown = qMin(int(rows.size()), rowsAtOnce);
-    return { width, shown * row.height() + 2 * frameWidth() + edgeHeight };
+    const int bar = rows.size() > RowsAtOnce ? BarWidth : SideWidth;
+    const int width = qMax(m_edit->width(), qMin(Widest, row.width() + bar + 2 * frameWidth()));
+    const int shown = qMin(int(rows.size()), RowsAtOnce);
+    return { width, shown * row.height() + 2 * frameWidth() + EdgeHeight };
 }
 
 void SuggestionPopup::prepare(const QBitArray& letters)
@@ -127,7 +127,7 @@ void SuggestionPopup::prepare(const QBitArray& letters)
     if (testAttribute(Qt::WA_WState_Created))
         return;
     const QString codeLetters = QStringLiteral("0123456789.ABCDEFGHIJKLMNOPQRSTUVWXYZ");
-    const QStringList samples = QVector<QString>(rowsAtOnce + 1, codeLetters).toList();
+    const QStringList samples = QVector<QString>(RowsAtOnce + 1, codeLetters).toList();
     m_rows.setStringList(samples);
     ensurePolished();
     resize(sizeFor(samples));
@@ -199,10 +199,10 @@ void SuggestionPopup::handleKey(const QKeyEvent& key)
         moveMark(1);
         break;
     case Qt::Key_PageUp:
-        moveMark(-rowsAtOnce);
+        moveMark(-RowsAtOnce);
         break;
     case Qt::Key_PageDown:
-        moveMark(rowsAtOnce);
+        moveMark(RowsAtOnce);
         break;
     case Qt::Key_Escape:
         hide();

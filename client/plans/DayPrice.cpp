@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr qint64 percent = 100;
+constexpr qint64 Percent = 100;
 
 using namespace PlanCodes;
 using Record = QMap<QString, QVariant>;
@@ -88,7 +88,7 @@ Fill simulateFill(bool isBuy, const DayPrice& price, qint64 quantity, int lot)
     const qint64 away = isBuy ? price.reference - *price.limit : *price.limit - price.reference;
     if (away <= 0)
         return { quantity, price.reference };
-    if (away * percent <= price.reference)
+    if (away * Percent <= price.reference)
         return { lotsWithin(static_cast<double>(quantity) / 2, lot), *price.limit };
     return {};
 }

@@ -10,7 +10,7 @@ namespace {
 using namespace PlanCodes;
 
 // Quantities come from decimal texts and ratios, so 300 may be slightly too small.
-constexpr double tolerance = 1e-6;
+constexpr double Tolerance = 1e-6;
 
 double leftOf(const PlanShare& plan)
 {
@@ -42,13 +42,13 @@ qint64 lotsWithin(double quantity, int lot)
 {
     if (lot < 1)
         return 0;
-    return static_cast<qint64>(std::floor(quantity / lot + tolerance)) * lot;
+    return static_cast<qint64>(std::floor(quantity / lot + Tolerance)) * lot;
 }
 
 qint64 dayQuantity(const PlanShare& plan, int lot)
 {
     if (plan.planType != PlanType::AverageQty || lot < 1)
         return lotsWithin(dayShare(plan), lot);
-    const qint64 roundedUp = static_cast<qint64>(std::ceil(dayShare(plan) / lot - tolerance)) * lot;
+    const qint64 roundedUp = static_cast<qint64>(std::ceil(dayShare(plan) / lot - Tolerance)) * lot;
     return std::min(roundedUp, lotsWithin(mostOfDay(plan), lot));
 }

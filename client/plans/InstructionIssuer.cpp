@@ -22,7 +22,7 @@ using namespace PlanCodes;
 
 namespace {
 
-constexpr int yuanDecimals = 2;
+constexpr int YuanDecimals = 2;
 
 using Fields = InstructionStore::Fields;
 
@@ -34,7 +34,7 @@ QString quantityText(qint64 quantity)
 QString amountText(qint64 quantity, qint64 ticks, int precision)
 {
     const double amount = static_cast<double>(quantity) * TickPrice::toYuan(ticks, precision);
-    return QString::number(amount, 'f', yuanDecimals);
+    return QString::number(amount, 'f', YuanDecimals);
 }
 
 bool hasEnded(const Fields& fields)

@@ -19,7 +19,7 @@ using namespace PlanCodes;
 namespace {
 
 // A number that no entrust type has.
-constexpr int noEntrustType = 0;
+constexpr int NoEntrustType = 0;
 
 struct CodeRule {
     QString key;
@@ -112,7 +112,7 @@ Status entrustTypeIsKnown(const CheckedPlan& plan)
     const QString text = plan.other(FieldId::MarginSide);
     const auto number = PlanTexts::wholeNumber(text);
     const bool known = number
-        && (*number == noEntrustType || !entrustTypeOfNumber(static_cast<VorMarginTradeType>(*number)).code.isEmpty());
+        && (*number == NoEntrustType || !entrustTypeOfNumber(static_cast<VorMarginTradeType>(*number)).code.isEmpty());
     return known ? Status() : Status(Error::UnknownCode, { QStringLiteral("委托类别"), text });
 }
 
@@ -322,7 +322,7 @@ QString changedIdentity(const PlanCheck::Record& stored, const PlanCheck::Record
     };
     if (differ(FieldId::TargetType, InstructionTargetType::QtyOrder))
         return QStringLiteral("指令单类型");
-    return differ(FieldId::MarginSide, QString::number(noEntrustType)) ? QStringLiteral("委托类别") : QString();
+    return differ(FieldId::MarginSide, QString::number(NoEntrustType)) ? QStringLiteral("委托类别") : QString();
 }
 
 } // namespace

@@ -10,7 +10,7 @@ struct Sentence {
 };
 
 /// The sentences in the order of the codes. %1, %2, ... are replaced by the details and then by the cause.
-constexpr Sentence sentences[] = {
+constexpr Sentence Sentences[] = {
     { Error::None, "" },
     // --- The database
     { Error::DatabaseNotOpen, "数据库未打开" },
@@ -232,7 +232,7 @@ constexpr Sentence sentences[] = {
 constexpr bool isComplete()
 {
     size_t code = 0;
-    for (const Sentence& sentence : sentences) {
+    for (const Sentence& sentence : Sentences) {
         if (static_cast<size_t>(sentence.error) != code++)
             return false;
     }
@@ -247,7 +247,7 @@ QString errorText(const Status& status)
     QStringList values = status.details();
     if (!status.cause())
         values << errorText(status.cause());
-    const QString text = QCoreApplication::translate("Error", sentences[static_cast<size_t>(status.error())].text);
+    const QString text = QCoreApplication::translate("Error", Sentences[static_cast<size_t>(status.error())].text);
     // All at once, so that a placeholder inside a detail is not replaced.
     switch (values.size()) {
     case 0:

@@ -43,9 +43,9 @@ struct SampleUser {
     QVector<SampleAccount> accounts;
 };
 
-const QStringList executors{ QStringLiteral("苏砚"), QStringLiteral("陆珩"), QStringLiteral("沈棠") };
+const QStringList Executors{ QStringLiteral("苏砚"), QStringLiteral("陆珩"), QStringLiteral("沈棠") };
 // One name is listed twice, as if a reviewer belonged to two groups of a chain.
-const QStringList reviewers{ QStringLiteral("顾湫"), QStringLiteral("程澜"), QStringLiteral("顾湫"),
+const QStringList Reviewers{ QStringLiteral("顾湫"), QStringLiteral("程澜"), QStringLiteral("顾湫"),
     QStringLiteral("白霁") };
 
 // A table with a row for each account. NOLINTNEXTLINE(readability-function-size)
@@ -128,7 +128,7 @@ private:
     // The users in chains may log in, too; they have no accounts.
     Status writeColleagues()
     {
-        QStringList names = executors + reviewers;
+        QStringList names = Executors + Reviewers;
         names.removeDuplicates();
         Status status;
         for (int i = 0; i < names.size() && status; ++i)
@@ -179,10 +179,10 @@ private:
         const QString key = QStringLiteral("CHAIN-%1-%2").arg(account, type);
         if (Status status = m_authorities.addChain(account, type, key); !status)
             return status;
-        Status status = m_authorities.addChainUsers(key, ChainRole::Execute, executors);
+        Status status = m_authorities.addChainUsers(key, ChainRole::Execute, Executors);
         if (!status || type == HkConnect)
             return status;
-        return m_authorities.addChainUsers(key, ChainRole::Forward, reviewers);
+        return m_authorities.addChainUsers(key, ChainRole::Forward, Reviewers);
     }
 
     Status writePositions(const SampleAccount& sample)

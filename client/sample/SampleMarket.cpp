@@ -12,10 +12,10 @@
 
 namespace {
 
-constexpr int smallestSize = 200;
-constexpr int fullHistory = 260;
-constexpr int daysWithoutLimit = 5;
-constexpr int progressStep = 500;
+constexpr int SmallestSize = 200;
+constexpr int FullHistory = 260;
+constexpr int DaysWithoutLimit = 5;
+constexpr int ProgressStep = 500;
 
 bool canGrow(const SampleBoard& board)
 {
@@ -133,7 +133,7 @@ int hongKongLot(SampleRandom& random)
 int historyLength(const SampleBoard& board, SampleRandom& random)
 {
     const bool isNew = board.kind != SampleKind::HongKong && random.chance(3);
-    return isNew ? static_cast<int>(random.between(1, fullHistory - 1)) : fullHistory;
+    return isNew ? static_cast<int>(random.between(1, FullHistory - 1)) : FullHistory;
 }
 
 void applySpecialTreatment(Security& security, int nameIndex, SampleRandom& random)
@@ -174,7 +174,7 @@ private:
     {
         CodePicker codes(board, count, seedOf(m_options.seed, board.suffix) + quint64(board.ranges.constFirst().first));
         for (int i = 0; i < count; ++i) {
-            if (m_done % progressStep == 0 && !report())
+            if (m_done % ProgressStep == 0 && !report())
                 return Error::SampleCancelled;
             Security security;
             codes.pick(i, security);
@@ -208,7 +208,7 @@ private:
         security.stFlag = Orlo_Values::StFlag::Normal;
         if (board.kind != SampleKind::Share)
             return;
-        if (days <= daysWithoutLimit)
+        if (days <= DaysWithoutLimit)
             security.limitPerMille = 0;
         else if (board.limitPerMille == 100 && random.chance(3))
             applySpecialTreatment(security, nameIndex, random);
@@ -241,14 +241,14 @@ int SampleMarket::largestSize()
 
 int SampleMarket::closesPerSecurity()
 {
-    return fullHistory;
+    return FullHistory;
 }
 
 Status SampleMarket::write(Database& database, const SampleMarketOptions& options, const Progress& progress)
 {
     const int size = options.size == 0 ? standardSize() : options.size;
-    if (size < smallestSize || size > largestSize())
-        return { Error::MarketSizeOutOfRange, { QString::number(smallestSize), QString::number(largestSize()) } };
+    if (size < SmallestSize || size > largestSize())
+        return { Error::MarketSizeOutOfRange, { QString::number(SmallestSize), QString::number(largestSize()) } };
     if (!options.lastDay.isValid())
         return Error::NoLastClose;
     return database.transaction([&] { return MarketWriter(database, options, size, progress).write(); });

@@ -14,27 +14,27 @@ const QString secondSyllables = QStringLiteral("川陌野原峤溪汀洲岑屿�
                                                "廊桥亭苑圃庭砂砾玑璧珀琥瓯瓴舟帆"
                                                "桅舷棹楫帷幄韵律歌谣笺帛缕绮纹彩");
 
-const QStringList trades{ QStringLiteral("科技"), QStringLiteral("电子"), QStringLiteral("材料"),
+const QStringList Trades{ QStringLiteral("科技"), QStringLiteral("电子"), QStringLiteral("材料"),
     QStringLiteral("机械"), QStringLiteral("医药"), QStringLiteral("食品"), QStringLiteral("化工"),
     QStringLiteral("能源"), QStringLiteral("纺织"), QStringLiteral("物流"), QStringLiteral("软件"),
     QStringLiteral("仪器"), QStringLiteral("环保"), QStringLiteral("传媒"), QStringLiteral("包装"),
     QStringLiteral("农业"), QStringLiteral("建材"), QStringLiteral("重工"), QStringLiteral("光学"),
     QStringLiteral("航运"), QStringLiteral("生物"), QStringLiteral("家居"), QStringLiteral("智造"),
     QStringLiteral("股份") };
-const QStringList themes{ QStringLiteral("红利"), QStringLiteral("低波"), QStringLiteral("成长"),
+const QStringList Themes{ QStringLiteral("红利"), QStringLiteral("低波"), QStringLiteral("成长"),
     QStringLiteral("质量"), QStringLiteral("价值"), QStringLiteral("芯片"), QStringLiteral("医疗"),
     QStringLiteral("消费"), QStringLiteral("新能源"), QStringLiteral("军工"), QStringLiteral("银行"),
     QStringLiteral("地产"), QStringLiteral("农业"), QStringLiteral("央企"), QStringLiteral("双创"),
     QStringLiteral("中盘"), QStringLiteral("小盘"), QStringLiteral("大盘"), QStringLiteral("软件"),
     QStringLiteral("材料"), QStringLiteral("传媒"), QStringLiteral("环保"), QStringLiteral("物流") };
-const QStringList estates{ QStringLiteral("产业园"), QStringLiteral("仓储"), QStringLiteral("高速"),
+const QStringList Estates{ QStringLiteral("产业园"), QStringLiteral("仓储"), QStringLiteral("高速"),
     QStringLiteral("保租房"), QStringLiteral("能源"), QStringLiteral("商业") };
 
-constexpr int pairCount = 64 * 64;
+constexpr int PairCount = 64 * 64;
 
 int pairOf(int index)
 {
-    return (index % pairCount * 2653 + 911) % pairCount;
+    return (index % PairCount * 2653 + 911) % PairCount;
 }
 
 QString pairText(int pair)
@@ -51,7 +51,7 @@ QString stem(int index)
 QString withEnding(int index, const QStringList& endings)
 {
     const int pair = pairOf(index);
-    return pairText(pair) + endings.at((pair * 7 + index / pairCount) % endings.size());
+    return pairText(pair) + endings.at((pair * 7 + index / PairCount) % endings.size());
 }
 
 QString serial(SampleRandom& random)
@@ -71,11 +71,11 @@ QString SampleNames::name(SampleKind kind, int index, SampleRandom& random)
     switch (kind) {
     case SampleKind::Share:
     case SampleKind::HongKong:
-        return withEnding(index, trades);
+        return withEnding(index, Trades);
     case SampleKind::Fund:
-        return withEnding(index, themes) + QStringLiteral("ETF");
+        return withEnding(index, Themes) + QStringLiteral("ETF");
     case SampleKind::Trust:
-        return withEnding(index, estates) + QStringLiteral("REIT");
+        return withEnding(index, Estates) + QStringLiteral("REIT");
     case SampleKind::Convertible:
         return stem(index) + QStringLiteral("转债");
     case SampleKind::AssetBacked:

@@ -8,9 +8,9 @@ namespace {
 /// Ends every name; sorts before every character that can be typed.
 constexpr QChar nameEnd;
 /// Number of characters in a suffix's head, and the bits of each.
-constexpr int headLength = 4;
-constexpr int characterBits = 16;
-constexpr int characterCodes = 1 << characterBits;
+constexpr int HeadLength = 4;
+constexpr int CharacterBits = 16;
+constexpr int CharacterCodes = 1 << CharacterBits;
 
 /// Thrown to leave the preparation, even from within a sort.
 struct Stopped { };
@@ -95,7 +95,7 @@ void SymbolIndex::readNames()
 
 void SymbolIndex::noteLetters()
 {
-    m_letters.resize(characterCodes);
+    m_letters.resize(CharacterCodes);
     for (const QChar character : qAsConst(m_names)) {
         if (character != nameEnd && !character.isSurrogate())
             m_letters.setBit(character.unicode());
@@ -111,7 +111,7 @@ QVector<SymbolIndex::Suffix> SymbolIndex::suffixes() const
         keepGoing();
         const quint64 character = m_names.at(position).unicode();
         const bool isEnd = character == nameEnd.unicode();
-        head = isEnd ? 0 : (character << (headLength - 1) * characterBits) | (head >> characterBits);
+        head = isEnd ? 0 : (character << (HeadLength - 1) * CharacterBits) | (head >> CharacterBits);
         if (!isEnd)
             all.append({ head, position });
     }
@@ -134,8 +134,8 @@ bool SymbolIndex::isEarlier(const Suffix& a, const Suffix& b) const
         return a.head < b.head;
     const QChar* names = m_names.constData();
     // If the heads are equal, either both names end in them or neither does.
-    bool ended = (a.head & (characterCodes - 1)) == nameEnd.unicode();
-    for (int i = headLength; !ended; ++i) {
+    bool ended = (a.head & (CharacterCodes - 1)) == nameEnd.unicode();
+    for (int i = HeadLength; !ended; ++i) {
         const QChar inA = names[a.position + i];
         const QChar inB = names[b.position + i];
         if (inA != inB)

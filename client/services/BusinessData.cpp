@@ -17,12 +17,12 @@
 namespace {
 
 // The account properties in the editor's query: every account that may trade, and that is open to automatic plans.
-constexpr int tradingAccounts = 3;
-constexpr int planAccounts = 16;
+constexpr int TradingAccounts = 3;
+constexpr int PlanAccounts = 16;
 
 // The answers for an unknown security.
-constexpr int usualPrecision = 2;
-constexpr int usualFactor = 1;
+constexpr int UsualPrecision = 2;
+constexpr int UsualFactor = 1;
 
 const Security* securityOf(const QString& symbol)
 {
@@ -62,7 +62,7 @@ QList<tagUserAccountInfo> OrloBusinessDataInterface::GetFundAccountListByFundPro
 {
     Q_UNUSED(withClosed);
     Q_UNUSED(onlyUsable);
-    if (fundProperty != tradingAccounts || assetProperty != planAccounts) {
+    if (fundProperty != TradingAccounts || assetProperty != PlanAccounts) {
         qWarning() << "OrloBusinessDataInterface::GetFundAccountListByFundProp" << fundProperty << assetProperty
                    << "select no account";
         return {};
@@ -128,7 +128,7 @@ int OrloBusinessDataInterface::GetQtyStepBySymbol(const QString& symbol)
 int OrloBusinessDataInterface::GetDispFactorBySymbol(const QString& symbol)
 {
     const Security* security = securityOf(symbol);
-    return security ? security->displayFactor : usualFactor;
+    return security ? security->displayFactor : UsualFactor;
 }
 
 // Every security of the market trades on one exchange, with one precision.
@@ -136,7 +136,7 @@ int OrloBusinessDataInterface::GetPricePrecisionBySymbol(const QString& symbol, 
 {
     Q_UNUSED(exchange);
     const Security* security = securityOf(symbol);
-    return security ? security->pricePrecision : usualPrecision;
+    return security ? security->pricePrecision : UsualPrecision;
 }
 
 QString OrloBusinessDataInterface::GetSymbolStType(const QString& symbol, QString& description)

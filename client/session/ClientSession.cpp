@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr std::chrono::milliseconds untilIdle(200);
+constexpr std::chrono::milliseconds UntilIdle(200);
 
 void closeWithTheApplication()
 {
@@ -25,7 +25,7 @@ void closeWithTheApplication()
 ClientSession::ClientSession()
 {
     m_idle.setSingleShot(true);
-    m_idle.setInterval(untilIdle);
+    m_idle.setInterval(UntilIdle);
     QObject::connect(&m_idle, &QTimer::timeout, &m_idle, [this] { m_database.prepareWal(); });
     QObject::connect(&PlanEvents::instance(), &PlanEvents::planStored, &m_idle, [this] { m_idle.start(); });
 }

@@ -2,8 +2,8 @@
 
 namespace {
 
-const QString white = QStringLiteral("white");
-const QString black = QStringLiteral("black");
+const QString White = QStringLiteral("white");
+const QString Black = QStringLiteral("black");
 
 } // namespace
 
@@ -15,23 +15,23 @@ StrategyStore::StrategyStore(Database& database)
 Status StrategyStore::setWhiteList(
     const QString& instructionType, const QString& targetType, const QString& symbol, const QStringList& names)
 {
-    return setList({ white, instructionType, targetType, symbol }, names);
+    return setList({ White, instructionType, targetType, symbol }, names);
 }
 
 QStringList StrategyStore::whiteList(const QString& instructionType, const QString& targetType, const QString& symbol)
 {
-    const QStringList own = list({ white, instructionType, targetType, symbol });
-    return own.isEmpty() ? list({ white, instructionType, targetType, QString() }) : own;
+    const QStringList own = list({ White, instructionType, targetType, symbol });
+    return own.isEmpty() ? list({ White, instructionType, targetType, QString() }) : own;
 }
 
 Status StrategyStore::setBlackList(const QString& targetType, const QStringList& names)
 {
-    return setList({ black, QString(), targetType, QString() }, names);
+    return setList({ Black, QString(), targetType, QString() }, names);
 }
 
 QStringList StrategyStore::blackList(const QString& targetType)
 {
-    return list({ black, QString(), targetType, QString() });
+    return list({ Black, QString(), targetType, QString() });
 }
 
 Status StrategyStore::setList(const ListKey& key, const QStringList& names)

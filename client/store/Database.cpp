@@ -12,9 +12,9 @@
 namespace {
 
 // How long a statement waits for another client's transaction, in milliseconds.
-constexpr int busyTimeout = 800;
+constexpr int BusyTimeout = 800;
 // A few hundred pages, unless other clients write, too: well before SQLite's automatic checkpoint within a transaction.
-constexpr int transactionsPerWal = 50;
+constexpr int TransactionsPerWal = 50;
 
 QString nextConnectionName()
 {
@@ -119,7 +119,7 @@ Status Database::connect(const QString& fileName)
         return Error::CannotCreateFolder;
     m_connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
     m_connection.setDatabaseName(fileName);
-    m_connection.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(busyTimeout));
+    m_connection.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(BusyTimeout));
     if (!m_connection.open())
         return statusOfError(m_connection.lastError());
     return {};
@@ -241,12 +241,12 @@ void Database::prepareWal()
     if (!isOpen() || m_inTransaction)
         return;
     const bool isBegun = QFileInfo(fileName() + QStringLiteral("-wal")).size() > 0;
-    if (isBegun && (m_committed < transactionsPerWal || !checkpoint()))
+    if (isBegun && (m_committed < TransactionsPerWal || !checkpoint()))
         return;
     setBusyTimeout(0);
     if (startWal())
         m_committed = 0;
-    setBusyTimeout(busyTimeout);
+    setBusyTimeout(BusyTimeout);
 }
 
 // The first transaction of a log flushes it twice, once for the log's header. This one writes the version unchanged.

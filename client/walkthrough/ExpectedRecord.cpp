@@ -27,18 +27,18 @@ using namespace PlanCodes;
 
 namespace {
 
-constexpr int amountDecimals = 2;
-constexpr int endlessYears = 100;
+constexpr int AmountDecimals = 2;
+constexpr int EndlessYears = 100;
 
 QString lateEnd(const QString& begin)
 {
     const QString& format = OrloConstants::DateTimeFormatString::STD_DATE_FORMAT;
-    return QLocale::c().toString(QLocale::c().toDate(begin, format).addYears(endlessYears), format);
+    return QLocale::c().toString(QLocale::c().toDate(begin, format).addYears(EndlessYears), format);
 }
 
 QString amountText(const QString& typed)
 {
-    return QString::number(typed.toDouble(), 'f', amountDecimals);
+    return QString::number(typed.toDouble(), 'f', AmountDecimals);
 }
 
 QString orderProperty(const QString& entrustType)

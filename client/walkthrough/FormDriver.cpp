@@ -14,12 +14,12 @@
 
 namespace {
 
-const QString suggestions = QStringLiteral("suggestions");
+const QString Suggestions = QStringLiteral("suggestions");
 
 /// The list of suggestions under a line edit; null while none is shown.
 QWidget* shownSuggestions(const QWidget* line)
 {
-    QWidget* const list = line->findChild<QWidget*>(suggestions);
+    QWidget* const list = line->findChild<QWidget*>(Suggestions);
     return list && list->isVisible() ? list : nullptr;
 }
 

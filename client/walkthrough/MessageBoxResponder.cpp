@@ -9,12 +9,12 @@
 
 namespace {
 
-const QString boxPrefix = QStringLiteral("msgBox");
-const QString agreement = QStringLiteral("agreementSign");
+const QString BoxPrefix = QStringLiteral("msgBox");
+const QString Agreement = QStringLiteral("agreementSign");
 
 bool isAsked(const QDialog& dialog)
 {
-    return dialog.objectName().startsWith(boxPrefix) || dialog.objectName() == agreement;
+    return dialog.objectName().startsWith(BoxPrefix) || dialog.objectName() == Agreement;
 }
 
 QString textOf(const QDialog& box)

@@ -22,9 +22,9 @@ using namespace PlanCodes;
 
 namespace {
 
-const QString tip = QStringLiteral("msgBoxTip");
-const QString warning = QStringLiteral("msgBoxWarning");
-const QString question = QStringLiteral("msgBoxQuestion");
+const QString Tip = QStringLiteral("msgBoxTip");
+const QString Warning = QStringLiteral("msgBoxWarning");
+const QString Question = QStringLiteral("msgBoxQuestion");
 const char* const created = "交易自动规划创建成功!";
 
 QString dateText(const QDate& date)
@@ -157,7 +157,7 @@ void WalkThrough::editStarted()
     FormDriver driver(m_dialog.editor());
     driver.type("le_targetTotalNum", QStringLiteral("3000"));
     picture(m_dialog.editor(), QStringLiteral("form"));
-    send({ { warning, editorText("目标数量不得小于该计划已成交和在下达总和，请重新输入！"), true } });
+    send({ { Warning, editorText("目标数量不得小于该计划已成交和在下达总和，请重新输入！"), true } });
     if (!m_dialog.isVisible())
         problem(QStringLiteral("修改被拒绝后，表单没有保留"));
     form.target = QStringLiteral("60000");
@@ -166,7 +166,7 @@ void WalkThrough::editStarted()
     dates = driver.dates();
     collect(driver.takeProblems());
     picture(m_dialog.editor(), QStringLiteral("corrected"));
-    send({ { tip, editorText("交易计划%1修改成功!").arg(plan), true } });
+    send({ { Tip, editorText("交易计划%1修改成功!").arg(plan), true } });
     checkStored(plan, form, dates);
 }
 
@@ -204,7 +204,7 @@ void WalkThrough::copyOrdinary()
     if (dates.begin != m_ordinaryDates.begin || dates.end != m_ordinaryDates.end)
         problem(QStringLiteral("复制未开始的计划时，生效时段没有带出"));
     collect(driver.takeProblems());
-    send({ { tip, editorText(created), true } });
+    send({ { Tip, editorText(created), true } });
     checkStored(newestPlan(), form, dates);
 }
 
@@ -229,10 +229,10 @@ void WalkThrough::answerQuestion()
                    "否则点击【取消】")
             .arg(ClientSession::instance().accounts().find(form.account)->fundAccount, editorText("创建"));
     const QString before = newestPlan();
-    send({ { question, text, false } });
+    send({ { Question, text, false } });
     if (newestPlan() != before || !m_dialog.isVisible())
         problem(QStringLiteral("拒绝询问后，计划仍被提交"));
-    send({ { question, text, true }, { tip, editorText(created), true } });
+    send({ { Question, text, true }, { Tip, editorText(created), true } });
     checkStored(newestPlan(), form, dates);
 }
 
@@ -265,7 +265,7 @@ void WalkThrough::createPlan(const PlanForm& form)
     const ShownDates dates = driver.dates();
     if (m_stage == QLatin1String("ordinary"))
         m_ordinaryDates = dates;
-    send({ { tip, editorText(created), true } });
+    send({ { Tip, editorText(created), true } });
     checkStored(newestPlan(), form, dates);
     picture(&m_window, QStringLiteral("window"));
 }

@@ -8,18 +8,18 @@
 
 namespace {
 
-constexpr int textWidth = 320;
-constexpr int iconSize = 32;
+constexpr int TextWidth = 320;
+constexpr int IconSize = 32;
 /// Longer texts, and texts with a word wider than the box, get scroll bars.
-constexpr int longestLabel = 400;
-constexpr int longestWord = 40;
+constexpr int LongestLabel = 400;
+constexpr int LongestWord = 40;
 
 bool hasLongWord(const QString& text)
 {
     int length = 0;
     for (const QChar c : text) {
         length = c.isSpace() || c.script() == QChar::Script_Han ? 0 : length + 1;
-        if (length > longestWord)
+        if (length > LongestWord)
             return true;
     }
     return false;
@@ -36,7 +36,7 @@ MessageBox::MessageBox(const Kind& kind, const QString& text, QWidget* parent)
     setWindowModality(parent ? Qt::WindowModal : Qt::ApplicationModal);
 
     auto* icon = new QLabel(this);
-    icon->setPixmap(style()->standardIcon(kind.icon, nullptr, this).pixmap(iconSize));
+    icon->setPixmap(style()->standardIcon(kind.icon, nullptr, this).pixmap(IconSize));
     auto* upper = new QHBoxLayout;
     upper->setSpacing(12);
     upper->addWidget(icon, 0, Qt::AlignTop);
@@ -71,14 +71,14 @@ void MessageBox::addDecline(bool focused)
 
 QWidget* MessageBox::newText(const QString& text)
 {
-    if (text.size() > longestLabel || hasLongWord(text)) {
+    if (text.size() > LongestLabel || hasLongWord(text)) {
         auto* scrolled = new QPlainTextEdit(text, this);
         scrolled->setObjectName(QStringLiteral("msgBoxText"));
         scrolled->setAccessibleName(windowTitle());
         scrolled->setReadOnly(true);
         scrolled->setTabChangesFocus(true);
         scrolled->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-        scrolled->setMinimumSize(textWidth, 120);
+        scrolled->setMinimumSize(TextWidth, 120);
         return scrolled;
     }
     auto* label = new QLabel(this);
@@ -86,7 +86,7 @@ QWidget* MessageBox::newText(const QString& text)
     label->setTextFormat(Qt::PlainText);
     label->setText(text);
     label->setWordWrap(true);
-    label->setMinimumWidth(textWidth);
+    label->setMinimumWidth(TextWidth);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     return label;
 }

@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr int fundAccountRole = Qt::UserRole + 1;
+constexpr int FundAccountRole = Qt::UserRole + 1;
 
 QString shownText(const tagUserAccountInfo& account, OrloAccountComboBox::DisplayMode mode)
 {
@@ -20,7 +20,7 @@ QStandardItem* newItem(const tagUserAccountInfo& account, OrloAccountComboBox::D
 {
     auto* const item = new QStandardItem(shownText(account, mode));
     item->setData(account.tradingAccount, Qt::UserRole);
-    item->setData(account.fundAccount, fundAccountRole);
+    item->setData(account.fundAccount, FundAccountRole);
     return item;
 }
 
@@ -71,5 +71,5 @@ QString OrloAccountComboBox::GetCurTradingAccount() const
 
 QString OrloAccountComboBox::GetCurFundAccount() const
 {
-    return currentData(fundAccountRole).toString();
+    return currentData(FundAccountRole).toString();
 }

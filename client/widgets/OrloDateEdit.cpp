@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int rangeMode = 1;
+constexpr int RangeMode = 1;
 
 } // namespace
 
@@ -49,7 +49,7 @@ OrloDateEdit::Private::Private(OrloDateEdit* q)
 
 void OrloDateEdit::Private::setMode(int mode)
 {
-    const bool range = mode == rangeMode;
+    const bool range = mode == RangeMode;
     start->setVisible(range);
     to->setVisible(range);
     end->setVisible(range);
@@ -95,7 +95,7 @@ void OrloDateEdit::SetMode(int mode, bool withTime)
 {
     Q_UNUSED(withTime); // plans have no time of day
     d->setMode(mode);
-    setFocusProxy(mode == rangeMode ? d->start : d->single);
+    setFocusProxy(mode == RangeMode ? d->start : d->single);
 }
 
 void OrloDateEdit::SetExceptDayOfWeek(const QList<int>& daysOfWeek)

@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int ratioShowType = 2;
+constexpr int RatioShowType = 2;
 
 } // namespace
 
@@ -211,7 +211,7 @@ QString OrloDoubleSpinBox::textFromValue(double value) const
 {
     if (d->empty && value == this->value())
         return {};
-    return decimalText(value, decimals(), d->showType == ratioShowType);
+    return decimalText(value, decimals(), d->showType == RatioShowType);
 }
 
 void OrloDoubleSpinBox::stepBy(int steps)

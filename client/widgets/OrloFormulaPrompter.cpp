@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int whileTyping = 1;
+constexpr int WhileTyping = 1;
 
 } // namespace
 
@@ -50,7 +50,7 @@ void OrloFormulaPrompter::Private::typed()
     if (inserting)
         return;
     FieldHint::hideAt(edit);
-    if (mode == whileTyping)
+    if (mode == WhileTyping)
         offer(false);
 }
 

@@ -12,7 +12,7 @@ const QString OrloPushButton::BtnStyleType::Text = QStringLiteral("text");
 
 namespace {
 
-constexpr int textMargin = 4;
+constexpr int TextMargin = 4;
 
 } // namespace
 
@@ -49,7 +49,7 @@ void OrloPushButton::Private::fitText()
         return;
     const QScopedValueRollback<bool> own(fitting, true);
     const QFont usual = q->parentWidget() ? q->parentWidget()->font() : QApplication::font(q);
-    const QFont font = fittedFont(usual, q->text(), q->maximumWidth() - textMargin);
+    const QFont font = fittedFont(usual, q->text(), q->maximumWidth() - TextMargin);
     if (font != q->font())
         q->setFont(font);
 }

@@ -4,8 +4,8 @@
 
 namespace {
 
-constexpr int belowParent = 0;
-constexpr int besideParent = 1;
+constexpr int BelowParent = 0;
+constexpr int BesideParent = 1;
 
 /// The size that a window will have when shown, even before it was first shown.
 QSize shownSize(QWidget* widget)
@@ -18,9 +18,9 @@ QSize shownSize(QWidget* widget)
 
 QPoint wantedPlace(const QWidget* parent, const QSize& size, int place)
 {
-    if (place == belowParent)
+    if (place == BelowParent)
         return parent->mapToGlobal(QPoint(0, parent->height()));
-    if (place == besideParent)
+    if (place == BesideParent)
         return parent->mapToGlobal(QPoint(parent->width(), 0));
     const QWidget* window = parent->window();
     const QSize beyond = window->size() - size;

@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int byCodeAndName = 1;
+constexpr int ByCodeAndName = 1;
 
 bool isEnter(const QKeyEvent& key)
 {
@@ -47,7 +47,7 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     QString symbol;
-    int mode = byCodeAndName;
+    int mode = ByCodeAndName;
     int minLength = 1;
 
 private:
@@ -118,7 +118,7 @@ SymbolSearch VorSearchBox::Private::newSearch()
 
 bool VorSearchBox::Private::isWhole(const SymbolSearch& search) const
 {
-    return search.stage() >= (mode == byCodeAndName ? SymbolSearch::CodesAndNames : SymbolSearch::Codes);
+    return search.stage() >= (mode == ByCodeAndName ? SymbolSearch::CodesAndNames : SymbolSearch::Codes);
 }
 
 QStringList VorSearchBox::Private::matches(const SymbolSearch& search, const QString& text, int limit) const
@@ -127,7 +127,7 @@ QStringList VorSearchBox::Private::matches(const SymbolSearch& search, const QSt
         return {};
     QStringList found = search.exact(text);
     search.appendByCode(text, limit, found);
-    if (mode == byCodeAndName)
+    if (mode == ByCodeAndName)
         search.appendByName(text, limit, found);
     return found;
 }

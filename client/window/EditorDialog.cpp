@@ -24,8 +24,8 @@
 
 namespace {
 
-constexpr QSize editorSize(517, 710);
-constexpr std::chrono::milliseconds untilFormIsShown(200);
+constexpr QSize EditorSize(517, 710);
+constexpr std::chrono::milliseconds UntilFormIsShown(200);
 
 /// The first field of the form that accepts the focus.
 QWidget* firstField(QWidget* form)
@@ -70,7 +70,7 @@ void EditorDialog::openEdit(const QString& planId)
     m_editor->editPlan(planId);
     present();
     // A change is checked against the plan's instructions, which may be thousands.
-    QTimer::singleShot(untilFormIsShown, this, [planId] { ClientSession::instance().prefetchInstructions(planId); });
+    QTimer::singleShot(UntilFormIsShown, this, [planId] { ClientSession::instance().prefetchInstructions(planId); });
 }
 
 void EditorDialog::openCopy(const QString& planId)
@@ -167,7 +167,7 @@ void EditorDialog::fit()
     FormArrangement::fitNarrowLabels(*m_editor);
     FormArrangement::lineUpCaptions(*m_editor);
     const QSize wanted =
-        editorSize.expandedTo(QSize(m_editor->minimumSizeHint().width(), m_editor->sizeHint().height()));
+        EditorSize.expandedTo(QSize(m_editor->minimumSizeHint().width(), m_editor->sizeHint().height()));
     const QSize room = screen()->availableSize();
     // If the form is higher than the screen, the scroll bar is beside it, not over it.
     const int bar = wanted.height() > room.height() ? m_area->verticalScrollBar()->sizeHint().width() : 0;

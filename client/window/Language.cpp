@@ -6,7 +6,7 @@
 
 namespace {
 
-const QString chinese = QStringLiteral("zh");
+const QString Chinese = QStringLiteral("zh");
 
 /// The folder of the translations relative to the program, both built and installed.
 QString translationsFolder()
@@ -29,12 +29,12 @@ bool install(const QString& file)
 
 QStringList languageCodes()
 {
-    return { chinese, QStringLiteral("en") };
+    return { Chinese, QStringLiteral("en") };
 }
 
 Status useLanguage(const QString& code)
 {
-    if (code == chinese)
+    if (code == Chinese)
         return {}; // the language of the sources
     const QString file = QStringLiteral("autoparamsetting_%1.qm").arg(code);
     if (!install(file))

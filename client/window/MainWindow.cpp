@@ -25,9 +25,9 @@
 
 namespace {
 
-constexpr QSize usualSize(1366, 768);
-constexpr int detailsWidth = 300;
-constexpr int cellMargin = 16;
+constexpr QSize UsualSize(1366, 768);
+constexpr int DetailsWidth = 300;
+constexpr int CellMargin = 16;
 
 QKeySequence withControl(Qt::Key key)
 {
@@ -46,13 +46,13 @@ MainWindow::MainWindow(QWidget* parent)
     const StoredUser& user = ClientSession::instance().user();
     setObjectName(QStringLiteral("plandesk"));
     setWindowTitle(tr("交易计划 - %1（%2）").arg(user.name, user.id));
-    resize(usualSize);
+    resize(UsualSize);
     m_table->setAccessibleName(tr("计划列表"));
     auto* const halves = new QSplitter(this);
     halves->addWidget(m_table);
     halves->addWidget(m_details);
     halves->setStretchFactor(0, 1);
-    halves->setSizes({ usualSize.width() - detailsWidth, detailsWidth });
+    halves->setSizes({ UsualSize.width() - DetailsWidth, DetailsWidth });
     setCentralWidget(halves);
     buildTable();
     buildActions();
@@ -120,7 +120,7 @@ void MainWindow::buildTable()
         QStringLiteral("比较值取最大"), QStringLiteral("0000-00-00 至 0000-00-00"),
         QStringLiteral("trader01 0000-00-00 00:00") };
     for (int column = 0; column < samples.size(); ++column)
-        m_table->setColumnWidth(column, m_table->fontMetrics().horizontalAdvance(samples.at(column)) + cellMargin);
+        m_table->setColumnWidth(column, m_table->fontMetrics().horizontalAdvance(samples.at(column)) + CellMargin);
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &MainWindow::showCurrent);
     connect(m_table, &QTableView::doubleClicked, this, &MainWindow::openEdit);
 }

@@ -5,15 +5,15 @@
 
 namespace {
 
-constexpr int pageSize = 50;
-constexpr int keptPages = 8;
-constexpr int firstRows = 200;
+constexpr int PageSize = 50;
+constexpr int KeptPages = 8;
+constexpr int FirstRows = 200;
 
 } // namespace
 
 PlanTableModel::PlanTableModel(QObject* parent)
     : QAbstractTableModel(parent)
-    , m_pages(keptPages)
+    , m_pages(KeptPages)
 {
 }
 
@@ -22,7 +22,7 @@ void PlanTableModel::refresh()
     beginResetModel();
     m_pages.clear();
     m_count = ClientSession::instance().isOpen() ? ClientSession::instance().plans().count() : 0;
-    m_rows = qMin(m_count, qMax(m_rows, firstRows));
+    m_rows = qMin(m_count, qMax(m_rows, FirstRows));
     endResetModel();
 }
 
@@ -30,7 +30,7 @@ StoredPlan PlanTableModel::plan(int row) const
 {
     if (row < 0 || row >= m_count)
         return StoredPlan();
-    return page(row / pageSize).value(row % pageSize).plan;
+    return page(row / PageSize).value(row % PageSize).plan;
 }
 
 int PlanTableModel::reveal(const QString& planId)
@@ -86,7 +86,7 @@ QVariant PlanTableModel::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid() || index.row() >= m_count || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
         return QVariant();
-    return page(index.row() / pageSize).value(index.row() % pageSize).texts.value(index.column());
+    return page(index.row() / PageSize).value(index.row() % PageSize).texts.value(index.column());
 }
 
 QVariant PlanTableModel::headerData(int section, Qt::Orientation orientation, int role) const
@@ -113,7 +113,7 @@ const PlanTableModel::Page& PlanTableModel::page(int number) const
         return *known;
     auto* const rows = new Page;
     if (ClientSession::instance().isOpen()) {
-        const QVector<StoredPlan> plans = ClientSession::instance().plans().page(number * pageSize, pageSize);
+        const QVector<StoredPlan> plans = ClientSession::instance().plans().page(number * PageSize, PageSize);
         for (const StoredPlan& plan : plans)
             rows->append(makeRow(plan));
     }

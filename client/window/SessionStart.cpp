@@ -10,13 +10,13 @@
 
 namespace {
 
-const QString databaseName = QStringLiteral("plandesk.sqlite");
+const QString DatabaseName = QStringLiteral("plandesk.sqlite");
 
 QString databaseOf(const Options& options)
 {
     if (!options.database.isEmpty())
         return options.database;
-    return options.folder.isEmpty() ? usualDatabase() : QDir(options.folder).filePath(databaseName);
+    return options.folder.isEmpty() ? usualDatabase() : QDir(options.folder).filePath(DatabaseName);
 }
 
 /// Shows the progress of writing the sample data; nothing for a database that has them.
@@ -69,7 +69,7 @@ Status checkSize(const Options& options, const QString& file)
 
 QString usualDatabase()
 {
-    return QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)).filePath(databaseName);
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)).filePath(DatabaseName);
 }
 
 Status startSession(const Options& options)

@@ -8,7 +8,7 @@
 
 namespace {
 
-const QString planId = QStringLiteral("P1");
+const QString PlanId = QStringLiteral("P1");
 
 void keepSilent(QtMsgType type, const QMessageLogContext&, const QString& text)
 {
@@ -39,9 +39,9 @@ void open(const QByteArray& way)
     if (way.contains("shown"))
         host.show();
     if (way.contains("edit"))
-        editor.editPlan(planId);
+        editor.editPlan(PlanId);
     else
-        editor.copyPlan(planId);
+        editor.copyPlan(PlanId);
     QCoreApplication::processEvents();
     if (way.contains("send"))
         press(editor, "btn_ok");
@@ -71,7 +71,7 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     script.reset();
     openSampleMarket();
     script.ruleProperty = way.contains("review") ? 1 : 0;
-    storePlan(planId, recordOfLines(lines));
+    storePlan(PlanId, recordOfLines(lines));
     open(way);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     FUZZ_REQUIRE(script.createdRecords.size() + script.modifiedRecords.size() <= 1);

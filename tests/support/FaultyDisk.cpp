@@ -135,7 +135,7 @@ int unmapShared(sqlite3_file* file, int deleteFile)
 }
 
 // Version 2 has no operations for memory-mapped database files, so SQLite does not map them.
-const sqlite3_io_methods methods{ 2, closeFile, readFile, writeFile, truncateFile, syncFile, fileSize, lockFile,
+const sqlite3_io_methods Methods{ 2, closeFile, readFile, writeFile, truncateFile, syncFile, fileSize, lockFile,
     unlockFile, checkReservedLock, controlFile, sectorSize, characteristics, mapShared, lockShared, shareBarrier,
     unmapShared, nullptr, nullptr };
 
@@ -151,7 +151,7 @@ int openFile(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int*
     Q_ASSERT(system);
     const int result = system->xOpen(system, name, real, flags, outFlags);
     if (real->pMethods != nullptr)
-        file->pMethods = &methods;
+        file->pMethods = &Methods;
     return result;
 }
 
