@@ -1,7 +1,6 @@
-#include "AutoParamSetting.h"
-
 #include "Accessibility.h"
 #include "AgreementDC.h"
+#include "AutoParamSetting.h"
 #include "ComboItems.h"
 #include "ExchangeAccounts.h"
 #include "FieldGroups.h"
@@ -10,6 +9,7 @@
 #include "Orlo_Values.h"
 #include "PlanVocabulary.h"
 #include "ui_AutoParamSetting.h"
+
 #include <QDebug>
 #include <QSet>
 

@@ -3,6 +3,7 @@
 #include "OrloAgreementSignWidget.h"
 #include "Orlo_Values.h"
 #include "SenderGuard.h"
+
 #include <QComboBox>
 #include <QPointer>
 

@@ -13,6 +13,7 @@
 #include "OrloUtils.h"
 #include "OrloWidget.h"
 #include "ui_AutoParamSetting.h"
+
 #include <QDebug>
 #include <QPointer>
 

@@ -3,6 +3,7 @@
 #include "AutoParamSettingExport.h"
 #include "IVorSkin.h"
 #include "tagUserAccountInfo.h"
+
 #include <QList>
 #include <QMap>
 #include <QStringList>

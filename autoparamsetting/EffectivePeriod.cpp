@@ -1,11 +1,11 @@
 #include "AutoParamSetting.h"
-
 #include "AutoPlanLogic.h"
 #include "Kelvo_Values.h"
 #include "OrloBusinessDataInterface.h"
 #include "Today.h"
 #include "TradingDays.h"
 #include "ui_AutoParamSetting.h"
+
 #include <QDebug>
 
 namespace {

@@ -2,6 +2,7 @@
 
 #include "Kelvo_Values.h"
 #include "Orlo_Values.h"
+
 #include <QMap>
 
 /// Returns true if there is a security account in Shanghai or Shenzhen. The keys of `accounts` are exchange codes.

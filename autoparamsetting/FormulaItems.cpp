@@ -1,6 +1,7 @@
 #include "FormulaItems.h"
 
 #include "PlanVocabulary.h"
+
 #include <algorithm>
 
 QStringList inPromptOrder(QStringList names)

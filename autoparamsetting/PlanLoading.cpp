@@ -1,7 +1,6 @@
-#include "AutoParamSetting.h"
-
 #include "Algo_Fields.h"
 #include "AlgorithmParameters.h"
+#include "AutoParamSetting.h"
 #include "AutoPlanField.h"
 #include "AutoPlanLogic.h"
 #include "ComboItems.h"
@@ -18,10 +17,12 @@
 #include "QuantityRounding.h"
 #include "Today.h"
 #include "ui_AutoParamSetting.h"
+
 #include <QDebug>
 #include <QLocale>
 #include <QPointer>
 #include <QSignalBlocker>
+
 #include <cmath>
 #include <optional>
 

@@ -1,5 +1,4 @@
 #include "AutoParamSetting.h"
-
 #include "AutoPlanField.h"
 #include "CBusinessDataBase.h"
 #include "ComboItems.h"
@@ -13,6 +12,7 @@
 #include "PlanVocabulary.h"
 #include "QuantityRounding.h"
 #include "ui_AutoParamSetting.h"
+
 #include <QDebug>
 #include <QJsonDocument>
 #include <QLocale>

@@ -1,6 +1,5 @@
-#include "AutoParamSetting.h"
-
 #include "Accessibility.h"
+#include "AutoParamSetting.h"
 #include "CBusinessDataBase.h"
 #include "ComboItems.h"
 #include "FormulaItems.h"

@@ -1,6 +1,7 @@
 #include "QuantityRounding.h"
 
 #include <QDebug>
+
 #include <cmath>
 
 bool isZero(double value)

@@ -1,6 +1,5 @@
-#include "AutoParamSetting.h"
-
 #include "Accessibility.h"
+#include "AutoParamSetting.h"
 #include "CBusinessDataBase.h"
 #include "CDataBase.h"
 #include "ComboItems.h"
@@ -13,6 +12,7 @@
 #include "PlanVocabulary.h"
 #include "SenderGuard.h"
 #include "ui_AutoParamSetting.h"
+
 #include <QDebug>
 #include <QPointer>
 

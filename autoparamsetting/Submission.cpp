@@ -1,10 +1,10 @@
 #include "AutoParamSetting.h"
-
 #include "AutoPlanField.h"
 #include "AutoPlanLogic.h"
 #include "Kelvo_Fields.h"
 #include "OrloWidget.h"
 #include "ui_AutoParamSetting.h"
+
 #include <QPointer>
 
 namespace {

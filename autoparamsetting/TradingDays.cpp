@@ -1,6 +1,7 @@
 #include "TradingDays.h"
 
 #include <QSet>
+
 #include <algorithm>
 
 QList<QDate> daysWithoutTrade(const QDate& first, const QDate& last, const QList<QDate>& tradeDates)

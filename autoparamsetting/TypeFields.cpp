@@ -1,7 +1,6 @@
-#include "AutoParamSetting.h"
-
 #include "Accessibility.h"
 #include "AgreementDialog.h"
+#include "AutoParamSetting.h"
 #include "CDataBase.h"
 #include "ComboItems.h"
 #include "ExchangeAccounts.h"
@@ -16,6 +15,7 @@
 #include "ParamListWidget_single.h"
 #include "PlanVocabulary.h"
 #include "ui_AutoParamSetting.h"
+
 #include <QDebug>
 
 namespace {

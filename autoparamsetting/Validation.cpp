@@ -1,8 +1,7 @@
-#include "AutoParamSetting.h"
-
 #include "AlgoTradeLogicNew.h"
 #include "Algo_Fields.h"
 #include "AlgorithmParameters.h"
+#include "AutoParamSetting.h"
 #include "AutoPlanField.h"
 #include "AutoPlanLogic.h"
 #include "BusinessDataInterface.h"
@@ -22,10 +21,12 @@
 #include "SpecialCharacters.h"
 #include "Today.h"
 #include "ui_AutoParamSetting.h"
+
 #include <QDebug>
 #include <QLocale>
 #include <QLoggingCategory>
 #include <QPointer>
+
 #include <functional>
 
 namespace {

@@ -10,9 +10,11 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QLoggingCategory>
-#include <algorithm>
+
 #include <malloc.h>
 #include <unistd.h>
+
+#include <algorithm>
 
 namespace {
 

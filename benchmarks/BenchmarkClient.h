@@ -4,7 +4,9 @@
 #include <QString>
 #include <QVector>
 #include <QWidget>
+
 #include <benchmark/benchmark.h>
+
 #include <functional>
 #include <memory>
 

@@ -4,6 +4,7 @@
 
 #include <QSqlDatabase>
 #include <QSqlDriver>
+
 #include <dlfcn.h>
 #include <sqlite3.h>
 #include <sys/stat.h>

@@ -5,6 +5,7 @@
 #include <QGenericPlugin>
 #include <QTimer>
 #include <QWidget>
+
 #include <cstdio>
 #include <ctime>
 

@@ -11,6 +11,7 @@
 #include <QCompleter>
 #include <QKeyEvent>
 #include <QStringListModel>
+
 #include <algorithm>
 #include <limits>
 #include <numeric>

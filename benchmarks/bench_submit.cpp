@@ -17,6 +17,7 @@
 #include <QFile>
 #include <QTest>
 #include <QTimer>
+
 #include <unistd.h>
 
 namespace {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AesStrategy.h"
+
 #include <QList>
 #include <QObject>
 

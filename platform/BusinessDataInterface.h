@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tagUserAccountInfo.h"
+
 #include <QList>
 #include <QMap>
 #include <QVariant>

@@ -2,6 +2,7 @@
 
 #include "SymbolList.h"
 #include "tagUserAccountInfo.h"
+
 #include <QMap>
 #include <QStringList>
 #include <QVariant>

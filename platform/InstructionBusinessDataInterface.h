@@ -2,6 +2,7 @@
 
 #include "VorInstructionNodeType.h"
 #include "VorMarginTradeType.h"
+
 #include <QStringList>
 
 /// Provides the rules, authorities and users of instructions.

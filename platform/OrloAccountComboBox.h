@@ -2,6 +2,7 @@
 
 #include "OrloComboBox.h"
 #include "tagUserAccountInfo.h"
+
 #include <QList>
 
 /// Combo box that selects an account. The item data (`Qt::UserRole`) is the trading account.

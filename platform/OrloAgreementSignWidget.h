@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <QStringList>
+
 #include <memory>
 
 /// Dialog for reading and signing agreements, shown modally with `exec()`. Signatures are stored with user and time

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QComboBox>
+
 #include <memory>
 
 /// A combo box that is never editable. Its popup can have a search field. The box ignores the wheel unless it has the

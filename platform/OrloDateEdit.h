@@ -3,6 +3,7 @@
 #include <QDate>
 #include <QFrame>
 #include <QList>
+
 #include <memory>
 
 /// A field for one date or a date range. Its calendar greys out dates that cannot be chosen.

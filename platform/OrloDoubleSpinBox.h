@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDoubleSpinBox>
+
 #include <memory>
 
 /// A decimal spin box whose field can be empty. Its text has no group separators. A number outside the range is never

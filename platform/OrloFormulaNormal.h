@@ -1,6 +1,7 @@
 #pragma once
 
 #include "OrloFormulaPrompter.h"
+
 #include <QLineEdit>
 
 /// A line edit for a price formula.

@@ -2,6 +2,7 @@
 
 #include <QLineEdit>
 #include <QStringList>
+
 #include <memory>
 
 /// Makes a line edit a formula input: offers names and functions at the cursor.

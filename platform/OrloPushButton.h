@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPushButton>
+
 #include <memory>
 
 /// A push button in one of the client's styles.

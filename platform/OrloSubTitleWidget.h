@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+
 #include <memory>
 
 /// The heading of a section.

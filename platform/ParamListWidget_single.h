@@ -2,10 +2,12 @@
 
 #include "AesStrategy.h"
 #include "AlgoErrorCode.h"
+
 #include <QMap>
 #include <QStringList>
 #include <QVariant>
 #include <QWidget>
+
 #include <memory>
 
 /// Panel in which the trader chooses an algorithm for one security and enters its parameters. `OrloStrategyFactory`

@@ -2,6 +2,7 @@
 
 #include <QStringList>
 #include <QVector>
+
 #include <initializer_list>
 
 /// An ordered list of symbols, as returned by the securities cache. Appending a list does not copy symbols: the list

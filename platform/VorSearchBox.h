@@ -1,7 +1,9 @@
 #pragma once
 
 #include "SymbolList.h"
+
 #include <QLineEdit>
+
 #include <memory>
 
 /// Search field for securities. The trader types a code or a name and chooses from at most 50 matches.

@@ -2,6 +2,7 @@
 #include "Kelvo_Values.h"
 #include "Orlo_Values.h"
 #include "PlanVocabulary.h"
+
 #include <QtTest>
 
 namespace {

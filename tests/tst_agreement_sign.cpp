@@ -2,6 +2,7 @@
 #include "OrloAgreementSignWidget.h"
 #include "TestStatus.h"
 #include "WidgetServices.h"
+
 #include <QApplication>
 #include <QLabel>
 #include <QListWidget>

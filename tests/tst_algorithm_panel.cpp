@@ -5,6 +5,7 @@
 #include "LogCatcher.h"
 #include "OrloStrategyFactory.h"
 #include "StrategyLibrary.h"
+
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
 #include <QCheckBox>

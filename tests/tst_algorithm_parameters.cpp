@@ -10,9 +10,11 @@
 #include "ParamListWidget_single.h"
 #include "PlanSample.h"
 #include "PlanVocabulary.h"
+
 #include <QAbstractButton>
 #include <QPointer>
 #include <QtTest>
+
 #include <thread>
 #include <type_traits>
 

@@ -3,6 +3,7 @@
 #include "Orlo_Values.h"
 #include "PlanVocabulary.h"
 #include "TestClock.h"
+
 #include <QtTest>
 
 using namespace model;

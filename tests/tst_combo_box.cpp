@@ -1,6 +1,7 @@
 #include "LoggedTest.h"
 #include "OrloAccountComboBox.h"
 #include "OrloComboBox.h"
+
 #include <QLineEdit>
 #include <QListView>
 #include <QPointer>

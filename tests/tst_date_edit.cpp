@@ -3,6 +3,7 @@
 #include "HintReader.h"
 #include "LoggedTest.h"
 #include "OrloDateEdit.h"
+
 #include <QTest>
 
 namespace {

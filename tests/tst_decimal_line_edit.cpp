@@ -1,9 +1,11 @@
 #include "HintReader.h"
 #include "LoggedTest.h"
 #include "OrloDecimalLineEdit.h"
+
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
+
 #include <cmath>
 #include <limits>
 

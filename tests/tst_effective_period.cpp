@@ -2,6 +2,7 @@
 #include "Kelvo_Values.h"
 #include "OrloDateEdit.h"
 #include "PlanSample.h"
+
 #include <QtTest>
 
 namespace {

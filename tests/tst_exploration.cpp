@@ -2,13 +2,16 @@
 #include "RoundTrip.h"
 #include "TestClock.h"
 #include "Today.h"
+
 #include <QApplication>
+
+#include <rapidcheck.h>
+#include <unistd.h>
+
 #include <csignal>
 #include <cstdio>
 #include <iostream>
 #include <random>
-#include <rapidcheck.h>
-#include <unistd.h>
 
 // Runs random actions of traders, hosts and services on the editor and its model. Arguments: the number of sequences,
 // and the seed.

@@ -1,6 +1,7 @@
 #include "EditorTest.h"
 #include "OrloAccountComboBox.h"
 #include "ui_AutoParamSetting.h"
+
 #include <QDomDocument>
 #include <QFile>
 #include <QProcess>

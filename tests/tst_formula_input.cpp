@@ -2,6 +2,7 @@
 #include "HintReader.h"
 #include "LoggedTest.h"
 #include "OrloFormulaNormal.h"
+
 #include <QSignalSpy>
 #include <QTest>
 

@@ -1,5 +1,6 @@
 #include "LoggedTest.h"
 #include "OrloWidget.h"
+
 #include <QApplication>
 #include <QDialog>
 #include <QLabel>
@@ -8,6 +9,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+
 #include <functional>
 
 class MessageBoxesTest : public LoggedTest {

@@ -14,6 +14,7 @@
 #include "PlanSample.h"
 #include "PlanVocabulary.h"
 #include "VorSearchBox.h"
+
 #include <QSignalSpy>
 #include <QtTest>
 

@@ -9,6 +9,7 @@
 #include "Orlo_Values.h"
 #include "PlanSample.h"
 #include "PlanVocabulary.h"
+
 #include <QRegularExpression>
 #include <QSignalBlocker>
 #include <QtTest>

@@ -2,6 +2,7 @@
 #include "EditorTest.h"
 #include "OrloFormulaNormal.h"
 #include "PlanVocabulary.h"
+
 #include <QtTest>
 
 /// The prices. tst_choices compares what each mode and security offers with the model; these tests cover the order of

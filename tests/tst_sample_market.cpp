@@ -3,8 +3,12 @@
 #include "AuthorityStore.h"
 #include "CloseCodec.h"
 #include "ConfigurationStore.h"
+#include "InstructionTargetType.h"
+#include "Kelvo_Values.h"
 #include "Market.h"
 #include "MovingAverages.h"
+#include "OrloConstants.h"
+#include "Orlo_Values.h"
 #include "PlanCodes.h"
 #include "PositionStore.h"
 #include "SampleAccounts.h"
@@ -14,11 +18,6 @@
 #include "TestStatus.h"
 #include "TickPrice.h"
 #include "UserStore.h"
-
-#include "InstructionTargetType.h"
-#include "Kelvo_Values.h"
-#include "OrloConstants.h"
-#include "Orlo_Values.h"
 
 #include <QCryptographicHash>
 #include <QElapsedTimer>

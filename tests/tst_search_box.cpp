@@ -4,6 +4,7 @@
 #include "SymbolSearch.h"
 #include "VorSearchBox.h"
 #include "WidgetServices.h"
+
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>

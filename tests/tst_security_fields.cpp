@@ -7,9 +7,11 @@
 #include "Orlo_Values.h"
 #include "PlanVocabulary.h"
 #include "VorSearchBox.h"
+
 #include <QPointer>
 #include <QSignalSpy>
 #include <QtTest>
+
 #include <thread>
 
 namespace {

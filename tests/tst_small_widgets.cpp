@@ -8,6 +8,7 @@
 #include "OrloSubTitleWidget.h"
 #include "OrloUtils.h"
 #include "Popups.h"
+
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>

@@ -7,6 +7,7 @@
 #include "PlanVocabulary.h"
 #include "RoundTrip.h"
 #include "TestClock.h"
+
 #include <QtTest>
 
 using namespace model;

@@ -5,6 +5,7 @@
 #include "StrategyLibrary.h"
 #include "StrategyQuery.h"
 #include "TestStatus.h"
+
 #include <QBuffer>
 #include <QElapsedTimer>
 #include <QSignalSpy>

@@ -6,6 +6,7 @@
 #include "PlanSample.h"
 #include "PlanVocabulary.h"
 #include "VorSearchBox.h"
+
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QPointer>

@@ -1,9 +1,8 @@
-#include "LoggedTest.h"
-#include "TradeCalendar.h"
-
 #include "Kelvo_Values.h"
+#include "LoggedTest.h"
 #include "Orlo_Values.h"
 #include "TestStatus.h"
+#include "TradeCalendar.h"
 
 #include <QtTest>
 

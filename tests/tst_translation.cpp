@@ -6,6 +6,7 @@
 #include "Orlo_Values.h"
 #include "PlanSample.h"
 #include "PlanVocabulary.h"
+
 #include <QApplication>
 #include <QFile>
 #include <QLabel>
@@ -20,6 +21,7 @@
 #include <QTranslator>
 #include <QXmlStreamReader>
 #include <QtTest>
+
 #include <functional>
 #include <memory>
 

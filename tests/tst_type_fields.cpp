@@ -5,6 +5,7 @@
 #include "Orlo_Values.h"
 #include "ParamListWidget_single.h"
 #include "PlanVocabulary.h"
+
 #include <QDialog>
 #include <QPointer>
 #include <QSignalBlocker>

@@ -10,6 +10,7 @@
 #include "PlanSample.h"
 #include "PlanVocabulary.h"
 #include "VorSearchBox.h"
+
 #include <QSet>
 #include <QSignalBlocker>
 #include <QtTest>

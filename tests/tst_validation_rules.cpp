@@ -12,9 +12,11 @@
 #include "PlanSample.h"
 #include "PlanVocabulary.h"
 #include "VorSearchBox.h"
+
 #include <QLabel>
 #include <QSignalBlocker>
 #include <QtTest>
+
 #include <cmath>
 
 using Change = std::function<void()>;

@@ -1,10 +1,12 @@
 #include "EditorTest.h"
 #include "PlanSample.h"
 #include "PlanVocabulary.h"
+
 #include <QFile>
 #include <QRegularExpression>
 #include <QSet>
 #include <QtTest>
+
 #include <type_traits>
 
 static_assert(std::is_same_v<decltype(AutoPlanTemplate::CumulativeQty), const QString>, "no code is ever changed");

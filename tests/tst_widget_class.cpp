@@ -12,6 +12,7 @@
 #include "ParamListWidget_single.h"
 #include "PlanVocabulary.h"
 #include "VorSearchBox.h"
+
 #include <QLineEdit>
 #include <QMetaMethod>
 #include <QPushButton>
@@ -20,6 +21,7 @@
 #include <QThread>
 #include <QTranslator>
 #include <QtTest>
+
 #include <algorithm>
 #include <type_traits>
 

@@ -1,4 +1,5 @@
 #include "AlgorithmChoice.h"
+
 #include "Algo_Fields.h"
 #include "AutoPlanField.h"
 #include "ErrorText.h"

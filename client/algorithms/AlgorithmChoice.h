@@ -3,6 +3,7 @@
 #include "AlgoErrorCode.h"
 #include "Status.h"
 #include "StrategyDefinition.h"
+
 #include <QMap>
 #include <QStringList>
 #include <QVariant>

@@ -1,4 +1,5 @@
 #include "AlgorithmPanel.h"
+
 #include "Algo_Fields.h"
 #include "Algo_Values.h"
 #include "ErrorText.h"

@@ -2,6 +2,7 @@
 
 #include "AlgorithmChoice.h"
 #include "ParamListWidget_single.h"
+
 #include <functional>
 
 /// The client's data of an algorithm parameter widget.

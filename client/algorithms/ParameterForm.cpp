@@ -1,4 +1,5 @@
 #include "ParameterForm.h"
+
 #include "ParameterValue.h"
 #include "StepInput.h"
 

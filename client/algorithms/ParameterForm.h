@@ -2,9 +2,11 @@
 
 #include "Status.h"
 #include "StrategyDefinition.h"
+
 #include <QGridLayout>
 #include <QMap>
 #include <QWidget>
+
 #include <functional>
 
 /// The inputs of one strategy, one row per parameter: label, input, unit, range.

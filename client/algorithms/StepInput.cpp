@@ -1,10 +1,12 @@
 #include "StepInput.h"
+
 #include "ParameterValue.h"
 
 #include <QLineEdit>
 #include <QLocale>
 #include <QTime>
 #include <QWheelEvent>
+
 #include <algorithm>
 #include <cstdlib>
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "StrategyDefinition.h"
+
 #include <QAbstractSpinBox>
 
 /// A line edit with step buttons that accepts any text and does not alter it. The arrows step numbers within the

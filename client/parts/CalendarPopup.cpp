@@ -2,6 +2,7 @@
 
 #include "DateRules.h"
 #include "ErrorText.h"
+
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QToolButton>

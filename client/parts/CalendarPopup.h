@@ -6,6 +6,7 @@
 #include <QFrame>
 #include <QLabel>
 #include <QVector>
+
 #include <functional>
 
 class QGridLayout;

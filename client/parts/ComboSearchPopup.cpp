@@ -1,6 +1,7 @@
 #include "ComboSearchPopup.h"
 
 #include "Popups.h"
+
 #include <QKeyEvent>
 #include <QPointer>
 #include <QVBoxLayout>

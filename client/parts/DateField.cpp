@@ -4,6 +4,7 @@
 #include "ErrorText.h"
 #include "FieldHint.h"
 #include "Popups.h"
+
 #include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>

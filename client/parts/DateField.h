@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CalendarPopup.h"
+
 #include <QLineEdit>
 #include <QPointer>
 #include <QToolButton>

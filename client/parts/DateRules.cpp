@@ -1,6 +1,7 @@
 #include "DateRules.h"
 
 #include "OrloConstants.h"
+
 #include <QLocale>
 #include <QRegularExpression>
 

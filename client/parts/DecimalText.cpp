@@ -1,6 +1,7 @@
 #include "DecimalText.h"
 
 #include <QRegularExpression>
+
 #include <cmath>
 
 namespace {

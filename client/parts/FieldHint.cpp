@@ -1,6 +1,7 @@
 #include "FieldHint.h"
 
 #include "Popups.h"
+
 #include <QEvent>
 
 namespace {

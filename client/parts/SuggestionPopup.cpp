@@ -1,9 +1,11 @@
 #include "SuggestionPopup.h"
 
 #include "Popups.h"
+
 #include <QKeyEvent>
 #include <QPainter>
 #include <QTextLayout>
+
 #include <algorithm>
 #include <utility>
 

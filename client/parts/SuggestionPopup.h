@@ -1,6 +1,7 @@
 #pragma once
 
 #include "GlyphPrewarmer.h"
+
 #include <QLineEdit>
 #include <QListView>
 #include <QStringListModel>

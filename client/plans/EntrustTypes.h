@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VorMarginTradeType.h"
+
 #include <QString>
 #include <QVector>
 

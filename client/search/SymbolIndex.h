@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 #include <QVector>
+
 #include <atomic>
 #include <functional>
 

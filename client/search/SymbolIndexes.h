@@ -1,9 +1,11 @@
 #pragma once
 
 #include "SymbolIndex.h"
+
 #include <QHash>
 #include <QObject>
 #include <QThreadPool>
+
 #include <memory>
 
 /// The indexes of the runs of symbols that search boxes use, prepared on a worker thread: the codes of all runs first,

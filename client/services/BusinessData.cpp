@@ -1,5 +1,3 @@
-#include "OrloBusinessDataInterface.h"
-
 #include "BusinessDataInterface.h"
 #include "CBusinessDataBase.h"
 #include "CDataBase.h"
@@ -7,6 +5,7 @@
 #include "EntrustTypes.h"
 #include "Kelvo_Fields.h"
 #include "OrloBusiUtils.h"
+#include "OrloBusinessDataInterface.h"
 #include "Orlo_Values.h"
 #include "PositionStore.h"
 

@@ -1,6 +1,7 @@
 #include "InstructionStore.h"
 
 #include "PlanStore.h"
+
 #include <QSet>
 
 namespace {

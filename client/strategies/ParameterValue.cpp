@@ -3,6 +3,7 @@
 #include <QLocale>
 #include <QRegularExpression>
 #include <QTime>
+
 #include <algorithm>
 
 namespace {

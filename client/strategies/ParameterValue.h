@@ -2,6 +2,7 @@
 
 #include "Status.h"
 #include "StrategyDefinition.h"
+
 #include <QMap>
 
 /// Converts and checks values of strategy parameters. Stored values are those of `StrategyParameter`; percentages are

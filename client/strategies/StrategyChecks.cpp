@@ -1,4 +1,5 @@
 #include "StrategyChecks.h"
+
 #include "ParameterValue.h"
 
 #include <QSet>

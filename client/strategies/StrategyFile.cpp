@@ -1,4 +1,5 @@
 #include "StrategyFile.h"
+
 #include "StrategyReader.h"
 
 #include <QFile>

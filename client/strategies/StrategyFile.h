@@ -2,6 +2,7 @@
 
 #include "Status.h"
 #include "StrategyDefinition.h"
+
 #include <QIODevice>
 #include <QString>
 

@@ -1,4 +1,5 @@
 #include "StrategyLibrary.h"
+
 #include "ErrorText.h"
 #include "StrategyFile.h"
 

@@ -2,6 +2,7 @@
 
 #include "AesStrategy.h"
 #include "StrategyDefinition.h"
+
 #include <QList>
 #include <QStringList>
 

@@ -1,4 +1,5 @@
 #include "StrategyReader.h"
+
 #include "ParameterValue.h"
 
 #include <optional>

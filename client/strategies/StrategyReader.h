@@ -1,10 +1,12 @@
 #pragma once
 
 #include "StrategyChecks.h"
+
 #include <QMap>
 #include <QSet>
 #include <QStringList>
 #include <QXmlStreamReader>
+
 #include <functional>
 
 /// The XML namespaces of parameters, controls and rules.

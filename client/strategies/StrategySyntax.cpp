@@ -2,6 +2,7 @@
 #include "StrategyReader.h"
 
 #include <QRegularExpression>
+
 #include <algorithm>
 
 using namespace StrategyVocabulary;

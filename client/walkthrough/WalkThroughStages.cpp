@@ -1,6 +1,4 @@
 // The trader's actions in each stage.
-#include "WalkThrough.h"
-
 #include "AutoParamSetting.h"
 #include "ClientClock.h"
 #include "ClientSession.h"
@@ -14,6 +12,7 @@
 #include "OrloConstants.h"
 #include "Orlo_Values.h"
 #include "PlanCodes.h"
+#include "WalkThrough.h"
 
 #include <QLocale>
 

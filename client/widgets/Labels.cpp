@@ -1,7 +1,6 @@
-#include "OrloSubTitleWidget.h"
-
 #include "OrloElidedLabel.h"
 #include "OrloHintLabel.h"
+#include "OrloSubTitleWidget.h"
 
 #include <QFrame>
 #include <QHBoxLayout>

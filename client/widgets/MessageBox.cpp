@@ -1,6 +1,7 @@
 #include "MessageBox.h"
 
 #include "OrloPushButton.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPlainTextEdit>

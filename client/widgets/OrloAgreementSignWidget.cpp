@@ -4,6 +4,7 @@
 #include "OrloPushButton.h"
 #include "OrloWidget.h"
 #include "Signatures.h"
+
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,6 +1,7 @@
 #include "OrloComboBox.h"
 
 #include "ComboSearchPopup.h"
+
 #include <QPointer>
 #include <QWheelEvent>
 

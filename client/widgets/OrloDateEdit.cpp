@@ -2,6 +2,7 @@
 
 #include "DateField.h"
 #include "DateRules.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 

@@ -1,6 +1,7 @@
 #include "OrloPushButton.h"
 
 #include "Appearance.h"
+
 #include <QApplication>
 #include <QEvent>
 #include <QScopedValueRollback>

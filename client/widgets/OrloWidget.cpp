@@ -1,6 +1,7 @@
 #include "OrloWidget.h"
 
 #include "MessageBox.h"
+
 #include <QCoreApplication>
 #include <QPointer>
 

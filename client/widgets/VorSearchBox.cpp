@@ -4,10 +4,12 @@
 #include "OrloBusinessDataInterface.h"
 #include "SuggestionPopup.h"
 #include "SymbolSearch.h"
+
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QTimer>
+
 #include <optional>
 
 namespace {

@@ -1,5 +1,6 @@
 #include "AutoParamSetting.h"
 #include "AutoPlanLogic.h"
+
 #include <QComboBox>
 #include <QLocale>
 #include <QTextStream>

@@ -1,4 +1,5 @@
 #include "AutoParamSetting.h"
+
 #include <QTextStream>
 
 /// Prints what it found in the library.

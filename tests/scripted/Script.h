@@ -2,6 +2,7 @@
 
 #include "AlgoErrorCode.h"
 #include "World.h"
+
 #include <QPoint>
 #include <QWidget>
 

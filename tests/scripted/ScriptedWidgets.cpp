@@ -9,6 +9,7 @@
 #include "OrloSubTitleWidget.h"
 #include "Script.h"
 #include "VorSearchBox.h"
+
 #include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -16,6 +17,7 @@
 #include <QPointer>
 #include <QStandardItemModel>
 #include <QWheelEvent>
+
 #include <cmath>
 
 namespace {

@@ -5,8 +5,10 @@
 #include "Kelvo_Values.h"
 #include "Orlo_Values.h"
 #include "PlanVocabulary.h"
+
 #include <QJsonDocument>
 #include <QJsonObject>
+
 #include <algorithm>
 
 namespace {

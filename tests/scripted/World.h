@@ -2,12 +2,14 @@
 
 #include "SymbolList.h"
 #include "tagUserAccountInfo.h"
+
 #include <QDate>
 #include <QList>
 #include <QMap>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
+
 #include <functional>
 
 using FieldMap = QMap<QString, QVariant>;

@@ -3,6 +3,7 @@
 #include "OrloDateEdit.h"
 #include "OrloDoubleSpinBox.h"
 #include "VorSearchBox.h"
+
 #include <QAbstractButton>
 #include <QSignalBlocker>
 

@@ -5,8 +5,10 @@
 #include "LogCatcher.h"
 #include "Script.h"
 #include "TestClock.h"
+
 #include <QObject>
 #include <QWidget>
+
 #include <memory>
 
 /// The lines of a text, trimmed and without empty lines, for long lists of calls.

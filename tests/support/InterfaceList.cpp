@@ -1,6 +1,7 @@
 #include "InterfaceList.h"
 
 #include "AutoParamSetting.h"
+
 #include <QMetaMethod>
 #include <QProcess>
 

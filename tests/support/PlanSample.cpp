@@ -16,6 +16,7 @@
 #include "ParamListWidget_single.h"
 #include "Script.h"
 #include "VorSearchBox.h"
+
 #include <QAbstractButton>
 #include <QJsonDocument>
 #include <QJsonObject>

@@ -2,6 +2,7 @@
 
 #include "AutoParamSetting.h"
 #include "PlanVocabulary.h"
+
 #include <QDate>
 #include <QList>
 #include <QMap>

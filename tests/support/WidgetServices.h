@@ -8,6 +8,7 @@
 #include <QPair>
 #include <QString>
 #include <QStringList>
+
 #include <mutex>
 
 /// The services that the widgets call, with results that a test sets.

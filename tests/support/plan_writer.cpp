@@ -14,9 +14,10 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 
-#include <csignal>
 #include <sys/resource.h>
 #include <unistd.h>
+
+#include <csignal>
 
 namespace {
 

@@ -13,6 +13,7 @@
 #include "OrloStrategyFactory.h"
 #include "OrloTradeLogic.h"
 #include "Orlo_Values.h"
+
 #include <QJsonDocument>
 #include <QJsonObject>
 

@@ -11,6 +11,7 @@
 #include "OrloWidget.h"
 #include "ParamListWidget_single.h"
 #include "VorSearchBox.h"
+
 #include <QDateEdit>
 #include <QHBoxLayout>
 #include <QTextStream>

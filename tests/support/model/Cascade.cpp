@@ -5,6 +5,7 @@
 #include "Orlo_Values.h"
 #include "PlanVocabulary.h"
 #include "Today.h"
+
 #include <algorithm>
 
 // The form's boxes, and the effects of a change in one on the others.

@@ -8,6 +8,7 @@
 #include "OrloDecimalLineEdit.h"
 #include "ParamListWidget_single.h"
 #include "VorSearchBox.h"
+
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QVBoxLayout>

@@ -3,6 +3,7 @@
 #include "FormView.h"
 #include "LogCatcher.h"
 #include "Sequence.h"
+
 #include <memory>
 
 class AutoParamSetting;

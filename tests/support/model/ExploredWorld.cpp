@@ -10,6 +10,7 @@
 #include "Orlo_Values.h"
 #include "PlanVocabulary.h"
 #include "Today.h"
+
 #include <QJsonDocument>
 #include <QLocale>
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "World.h"
+
 #include <vector>
 
 // The worlds of the exploration: each part of them is one of a few kinds, so that small numbers describe a world.

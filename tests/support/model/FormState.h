@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 #include <QVector>
+
 #include <array>
 
 // The visible state of a form as plain data: the model computes one, a view reads another from the real form.

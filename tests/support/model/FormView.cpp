@@ -5,6 +5,7 @@
 #include "OrloDecimalLineEdit.h"
 #include "OrloFormulaNormal.h"
 #include "VorSearchBox.h"
+
 #include <QAbstractButton>
 #include <QLabel>
 

@@ -10,6 +10,7 @@
 #include "PlanVocabulary.h"
 #include "TestClock.h"
 #include "Today.h"
+
 #include <QJsonDocument>
 #include <QLocale>
 

@@ -10,7 +10,9 @@
 #include "Orlo_Values.h"
 #include "PlanVocabulary.h"
 #include "Today.h"
+
 #include <QLocale>
+
 #include <cmath>
 
 // The rules that a plan must pass before it is sent, in their order.

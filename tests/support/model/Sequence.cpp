@@ -3,6 +3,7 @@
 #include "PlanVocabulary.h"
 #include "TestClock.h"
 #include "Today.h"
+
 #include <algorithm>
 
 namespace model {

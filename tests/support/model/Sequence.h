@@ -2,6 +2,7 @@
 
 #include "EditorModel.h"
 #include "ExploredWorld.h"
+
 #include <functional>
 #include <optional>
 #include <vector>

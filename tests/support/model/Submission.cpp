@@ -9,6 +9,7 @@
 #include "Orlo_Fields.h"
 #include "PlanVocabulary.h"
 #include "Today.h"
+
 #include <QJsonDocument>
 #include <QLocale>
 
