@@ -2,7 +2,7 @@
 #include "Algo_Fields.h"
 #include "Algo_Values.h"
 #include "AutoPlanField.h"
-#include "LogCatcher.h"
+#include "LoggedTest.h"
 #include "OrloStrategyFactory.h"
 #include "StrategyLibrary.h"
 
@@ -42,46 +42,500 @@ AesStrategy strategy(const QString& name)
 
 } // namespace
 
-class AlgorithmPanelTest : public QObject {
+class AlgorithmPanelTest : public LoggedTest {
     Q_OBJECT
 
-private Q_SLOTS:
-    void init();
-    void cleanup();
+private:
+    void prepare() override
+    {
+        m_owner = std::make_unique<QWidget>();
+        m_panel = make({}, {}, 3);
+    }
+    void tidyUp() override { m_owner.reset(); }
 
-    void aNewPanelHoldsNothingAndIsHidden();
-    void loadingShowsTheStrategyWithItsDefaults();
-    void okConfirmsParametersAndBaseData();
-    void onlyWhatIsConfirmedIsToldToTheOwner();
-    void whatIsWrongIsRefusedAndKept_data();
-    void whatIsWrongIsRefusedAndKept();
-    void aCorrectedInputPasses();
-    void theLastMomentMustFollowTheFirst();
-    void anOptionalParameterMayBeLeftEmptyAndStaysSo();
-    void aPriceHasTheDecimalsOfItsSecurity();
-    void escapeAndCancelLeaveWhatWasConfirmed_data();
-    void escapeAndCancelLeaveWhatWasConfirmed();
-    void returnPressesTheFocusedButtonOtherwiseOk();
-    void theTabKeyPassesThroughEveryInput();
-    void arrowsStepWithinTheRange();
-    void anotherStrategyBringsItsOwnParameters();
-    void theListsRestrictWhatIsOffered_data();
-    void theListsRestrictWhatIsOffered();
-    void listsTakeEffectWithARefresh();
-    void anUnknownStrategyIsRefusedWithAReason();
-    void aStrategyOutsideTheListsIsRefusedWithAReason();
-    void withoutAnyAlgorithmThePanelSaysSo();
-    void defaultsAndParametersOverruleTheFile();
-    void aStoredPlanIsConfirmedAsItIs();
-    void aStoredPlanThatDoesNotFitIsNotConfirmed_data();
-    void aStoredPlanThatDoesNotFitIsNotConfirmed();
-    void baseDataAreReportedByTheirGaps();
-    void baseDataOfALaterPressCountFromTheNextOk();
-    void resettingForgetsTheParameters();
-    void reInitKeepsWhatIsConfirmedAndWhatIsTyped();
-    void clearingForgetsEverything();
-    void thePanelMayDieWhileItIsOpen();
-    void theFactoryHonoursWhatMayBeOffered();
+private Q_SLOTS:
+    void aNewPanelHoldsNothingAndIsHidden()
+    {
+        QVERIFY(!m_panel->isVisible());
+        QVERIFY(!m_panel->HasParams());
+        QCOMPARE(m_panel->GetStrategyName(), QString());
+        QCOMPARE(m_panel->GetParamMap(), Map());
+        QCOMPARE(m_panel->getAuthorityAlgoList(), StrategyLibrary::instance().names());
+    }
+
+    void loadingShowsTheStrategyWithItsDefaults()
+    {
+        open(ICEBERG);
+        QCOMPARE(child<QComboBox>("combx_strategy")->currentText(), QStringLiteral("冰山"));
+        QCOMPARE(child<QComboBox>("combx_strategy")->count(), 5);
+        QCOMPARE(line("input_DisplayQty")->text(), QStringLiteral("1000"));
+        QCOMPARE(child<QLabel>("unit_DisplayQty")->text(), QStringLiteral("股"));
+        QCOMPARE(child<QLabel>("hint_DisplayQty")->text(), QStringLiteral("100 ～ 1000000"));
+        QCOMPARE(line("input_DisplayVariance")->text(), QStringLiteral("10"));
+        QCOMPARE(child<QLabel>("unit_DisplayVariance")->text(), QStringLiteral("%"));
+        QCOMPARE(child<QLabel>("hint_DisplayVariance")->text(), QStringLiteral("0 ～ 50，选填"));
+        QCOMPARE(child<QLabel>("lab_baseData")->text(), QStringLiteral("账号：A1    证券：600000.SH    方向：买入"));
+        QCOMPARE(message(), QString());
+    }
+
+    void okConfirmsParametersAndBaseData()
+    {
+        open(POV);
+        type("input_Participation", QStringLiteral("12.5"));
+        for (QRadioButton* const choice : child<QWidget>("input_Urgency")->findChildren<QRadioButton*>()) {
+            if (choice->text() == QStringLiteral("高"))
+                QTest::mouseClick(choice, Qt::LeftButton, {}, QPoint(5, choice->height() / 2));
+        }
+        press("btn_ok");
+        QVERIFY(!m_panel->isVisible());
+        QVERIFY(m_panel->HasParams());
+        QCOMPARE(m_panel->GetStrategyName(), POV);
+        Map expected = baseData();
+        expected.insert(AutoPlanField::BaseField::algoStrategyName, POV);
+        expected.insert(QStringLiteral("StartTime"), QStringLiteral("09:30:00"));
+        expected.insert(QStringLiteral("EndTime"), QStringLiteral("14:57:00"));
+        expected.insert(QStringLiteral("Participation"), QStringLiteral("0.125"));
+        expected.insert(QStringLiteral("MaxParticipation"), QStringLiteral("0.2"));
+        expected.insert(QStringLiteral("MaxDeviation"), QStringLiteral("0.02"));
+        expected.insert(QStringLiteral("Urgency"), QStringLiteral("3"));
+        QCOMPARE(m_panel->GetParamMap(), expected);
+    }
+
+    void onlyWhatIsConfirmedIsToldToTheOwner()
+    {
+        open(TWAP);
+        type("input_SliceInterval", QStringLiteral("30"));
+        QVERIFY(!m_panel->HasParams());
+        QCOMPARE(m_panel->GetStrategyName(), QString());
+        QCOMPARE(m_panel->GetParamMap(), Map());
+    }
+
+    void whatIsWrongIsRefusedAndKept_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("input");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("expected");
+        const auto row = [](const char* title, const QString& name, const char* input, const char* text,
+                             const char* expected) {
+            QTest::newRow(title) << name << QString::fromUtf8(input) << QString::fromUtf8(text)
+                                 << QString::fromUtf8(expected);
+        };
+        row("nothing", ICEBERG, "input_DisplayQty", "", "“显示数量”必填（单位：股）！");
+        row("too little", ICEBERG, "input_DisplayQty", "99", "“显示数量”应在100至1000000之间（单位：股）！");
+        row("too much", ICEBERG, "input_DisplayQty", "1000001", "“显示数量”应在100至1000000之间（单位：股）！");
+        row("a fraction of a share", ICEBERG, "input_DisplayQty", "100.5", "“显示数量”应为整数（单位：股）！");
+        row("no number", ICEBERG, "input_DisplayQty", "1e3", "“显示数量”应为数字（单位：股）！");
+        row("a percentage too large", POV, "input_Participation", "50.01", "“目标参与率”应在1至50之间（单位：%）！");
+        row("a percentage too fine", POV, "input_Participation", "10.001", "“目标参与率”最多2位小数（单位：%）！");
+        row("no time", TWAP, "input_EndTime", "25:00", "“结束时间”应为时间，如09:30:00！");
+        row("a time too late", TWAP, "input_EndTime", "23:00:00", "“结束时间”应在09:15:00至16:10:00之间！");
+        row("a relation that does not hold", POV, "input_Participation", "30", "目标参与率不得大于最大参与率！");
+    }
+
+    void whatIsWrongIsRefusedAndKept()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, input);
+        QFETCH(QString, text);
+        QFETCH(QString, expected);
+        open(name);
+        const QByteArray object = input.toLatin1();
+        type(object.constData(), text);
+        press("btn_ok");
+        QCOMPARE(message(), expected);
+        QVERIFY(m_panel->isVisible());
+        QVERIFY(!m_panel->HasParams());
+        QCOMPARE(line(object.constData())->text(), text);
+        QVERIFY(child<QWidget>(object.constData())->property("faulty").toBool());
+    }
+
+    void aCorrectedInputPasses()
+    {
+        open(ICEBERG);
+        type("input_DisplayQty", QStringLiteral("1"));
+        press("btn_ok");
+        QVERIFY(m_panel->isVisible());
+        type("input_DisplayQty", QStringLiteral("00200"));
+        press("btn_ok");
+        QVERIFY(!m_panel->isVisible());
+        QCOMPARE(m_panel->GetParamMap().value(QStringLiteral("DisplayQty")), QVariant(QStringLiteral("200")));
+        open(ICEBERG, m_panel->GetParamMap());
+        QCOMPARE(message(), QString());
+    }
+
+    void theLastMomentMustFollowTheFirst()
+    {
+        open(TWAP);
+        type("input_StartTime", QStringLiteral("14:57"));
+        press("btn_ok");
+        QCOMPARE(message(), QStringLiteral("开始时间须早于结束时间！"));
+        type("input_StartTime", QStringLiteral("9:31"));
+        press("btn_ok");
+        QCOMPARE(m_panel->GetParamMap().value(QStringLiteral("StartTime")), QVariant(QStringLiteral("09:31:00")));
+    }
+
+    void anOptionalParameterMayBeLeftEmptyAndStaysSo()
+    {
+        open(TWAP);
+        QCOMPARE(line("input_MaxParticipation")->text(), QStringLiteral("20"));
+        type("input_MaxParticipation", QString());
+        press("btn_ok");
+        QVERIFY(m_panel->HasParams());
+        QVERIFY(!m_panel->GetParamMap().contains(QStringLiteral("MaxParticipation")));
+        open(TWAP, m_panel->GetParamMap());
+        QCOMPARE(line("input_MaxParticipation")->text(), QString());
+    }
+
+    void aPriceHasTheDecimalsOfItsSecurity()
+    {
+        open(ICEBERG);
+        type("input_WorstPrice", QStringLiteral("10.001"));
+        press("btn_ok");
+        QCOMPARE(message(), QStringLiteral("“最差价格”最多2位小数（单位：元）！"));
+        type("input_WorstPrice", QStringLiteral("10.01"));
+        press("btn_ok");
+        QCOMPARE(m_panel->GetParamMap().value(QStringLiteral("WorstPrice")), QVariant(QStringLiteral("10.01")));
+    }
+
+    void escapeAndCancelLeaveWhatWasConfirmed_data()
+    {
+        QTest::addColumn<QString>("way");
+        QTest::newRow("the cancel button") << QStringLiteral("button");
+        QTest::newRow("escape in an input") << QStringLiteral("input");
+        QTest::newRow("escape in the list of algorithms") << QStringLiteral("list");
+        QTest::newRow("the window is closed") << QStringLiteral("window");
+    }
+
+    void escapeAndCancelLeaveWhatWasConfirmed()
+    {
+        QFETCH(QString, way);
+        open(ICEBERG);
+        press("btn_ok");
+        const Map confirmed = m_panel->GetParamMap();
+        open(ICEBERG, confirmed);
+        type("input_DisplayQty", QStringLiteral("5000"));
+        if (way == QStringLiteral("button"))
+            press("btn_cancel");
+        else if (way == QStringLiteral("input"))
+            QTest::keyClick(line("input_DisplayQty"), Qt::Key_Escape);
+        else if (way == QStringLiteral("list"))
+            QTest::keyClick(child<QComboBox>("combx_strategy"), Qt::Key_Escape);
+        else
+            m_panel->close();
+        QVERIFY(!m_panel->isVisible());
+        QCOMPARE(m_panel->GetParamMap(), confirmed);
+        open(ICEBERG, confirmed);
+        QCOMPARE(line("input_DisplayQty")->text(), QStringLiteral("1000"));
+    }
+
+    void returnPressesTheFocusedButtonOtherwiseOk()
+    {
+        open(ICEBERG);
+        child<QPushButton>("btn_cancel")->setFocus();
+        QTest::keyClick(child<QPushButton>("btn_cancel"), Qt::Key_Return);
+        QVERIFY(!m_panel->isVisible());
+        QVERIFY(!m_panel->HasParams());
+        open(ICEBERG);
+        QTest::keyClick(line("input_DisplayQty"), Qt::Key_Return);
+        QVERIFY(!m_panel->isVisible());
+        QVERIFY(m_panel->HasParams());
+    }
+
+    void theTabKeyPassesThroughEveryInput()
+    {
+        open(POV);
+        QApplication::setActiveWindow(m_panel);
+        QVERIFY(QTest::qWaitForWindowActive(m_panel));
+        child<QComboBox>("combx_strategy")->setFocus();
+        QStringList passed;
+        for (int i = 0; i < 9; ++i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            const QWidget* const now = QApplication::focusWidget();
+            passed.append(now->objectName().isEmpty() ? now->parentWidget()->objectName() : now->objectName());
+        }
+        QCOMPARE(passed,
+            QStringList({ QStringLiteral("input_StartTime"), QStringLiteral("input_EndTime"),
+                QStringLiteral("input_Participation"), QStringLiteral("input_MaxParticipation"),
+                QStringLiteral("input_MaxDeviation"), QStringLiteral("input_Urgency"), QStringLiteral("btn_ok"),
+                QStringLiteral("btn_cancel"), QStringLiteral("combx_strategy") }));
+    }
+
+    void arrowsStepWithinTheRange()
+    {
+        open(ICEBERG);
+        QTest::keyClick(line("input_DisplayQty"), Qt::Key_Up);
+        QCOMPARE(line("input_DisplayQty")->text(), QStringLiteral("1100"));
+        QTest::keyClick(line("input_DisplayQty"), Qt::Key_PageUp);
+        QCOMPARE(line("input_DisplayQty")->text(), QStringLiteral("11100"));
+        QTest::keyClick(line("input_DisplayQty"), Qt::Key_PageDown);
+        QTest::keyClick(line("input_DisplayQty"), Qt::Key_PageDown);
+        QCOMPARE(line("input_DisplayQty")->text(), QStringLiteral("100"));
+        QTest::keyClick(line("input_DisplayVariance"), Qt::Key_Down);
+        QCOMPARE(line("input_DisplayVariance")->text(), QStringLiteral("9"));
+        type("input_TickOffset", QStringLiteral("x"));
+        QTest::keyClick(line("input_TickOffset"), Qt::Key_Down);
+        QCOMPARE(line("input_TickOffset")->text(), QStringLiteral("-1"));
+        press("btn_cancel");
+        open(TWAP);
+        QTest::keyClick(line("input_StartTime"), Qt::Key_Down);
+        QCOMPARE(line("input_StartTime")->text(), QStringLiteral("09:29:00"));
+    }
+
+    void anotherStrategyBringsItsOwnParameters()
+    {
+        open(ICEBERG);
+        auto* const box = child<QComboBox>("combx_strategy");
+        box->setFocus();
+        QTest::keyClick(box, Qt::Key_Home);
+        QCOMPARE(box->currentText(), QStringLiteral("时间加权"));
+        QVERIFY(child<QWidget>("input_DisplayQty") == nullptr);
+        QVERIFY(child<QCheckBox>("input_ForceFinish") != nullptr);
+        QTest::mouseClick(child<QCheckBox>("input_ForceFinish"), Qt::LeftButton, {}, QPoint(8, 8));
+        press("btn_ok");
+        QCOMPARE(m_panel->GetStrategyName(), TWAP);
+        QCOMPARE(m_panel->GetParamMap().value(QStringLiteral("ForceFinish")), QVariant(QStringLiteral("Y")));
+        QVERIFY(!m_panel->GetParamMap().contains(QStringLiteral("DisplayQty")));
+    }
+
+    void theListsRestrictWhatIsOffered_data()
+    {
+        QTest::addColumn<QStringList>("white");
+        QTest::addColumn<QStringList>("black");
+        QTest::addColumn<QStringList>("offered");
+        QTest::newRow("the white list gives names and order")
+            << QStringList{ POV, TWAP } << QStringList{} << QStringList{ POV, TWAP };
+        QTest::newRow("the black list takes away")
+            << QStringList{ POV, TWAP } << QStringList{ POV } << QStringList{ TWAP };
+        QTest::newRow("an empty white list does not restrict")
+            << QStringList{} << QStringList{ POV, TWAP, ICEBERG }
+            << QStringList{ QStringLiteral("VWAP"), QStringLiteral("SNIPER") };
+        QTest::newRow("names are compared letter by letter, and once") << QStringList{ QStringLiteral("pov"),
+            QStringLiteral("NONE"), TWAP, TWAP } << QStringList{} << QStringList{ TWAP };
+        QTest::newRow("nothing may be left") << QStringList{ TWAP } << QStringList{ TWAP } << QStringList{};
+    }
+
+    void theListsRestrictWhatIsOffered()
+    {
+        QFETCH(QStringList, white);
+        QFETCH(QStringList, black);
+        QFETCH(QStringList, offered);
+        m_panel->setAlgoWhiteList(white);
+        m_panel->setAlgoBlackList(black);
+        m_panel->RefreshAlgoList();
+        QCOMPARE(m_panel->getAuthorityAlgoList(), offered);
+        QCOMPARE(make(white, black, 3)->getAuthorityAlgoList(), offered);
+    }
+
+    void listsTakeEffectWithARefresh()
+    {
+        m_panel->setAlgoWhiteList({ POV });
+        QCOMPARE(m_panel->getAuthorityAlgoList().size(), 5);
+        m_panel->RefreshAlgoList();
+        QCOMPARE(m_panel->getAuthorityAlgoList(), QStringList{ POV });
+        open(POV);
+        QCOMPARE(child<QComboBox>("combx_strategy")->count(), 1);
+    }
+
+    void anUnknownStrategyIsRefusedWithAReason()
+    {
+        AesStrategy unknown;
+        unknown.name = QStringLiteral("NONE");
+        QCOMPARE(m_panel->LoadStrategy(unknown, {}, {}, SYMBOL), QStringLiteral("未找到算法【NONE】的参数定义！"));
+        QVERIFY(!m_panel->isVisible());
+    }
+
+    void aStrategyOutsideTheListsIsRefusedWithAReason()
+    {
+        m_panel->setAlgoBlackList({ POV });
+        m_panel->RefreshAlgoList();
+        QCOMPARE(m_panel->LoadStrategy(strategy(POV), {}, {}, SYMBOL),
+            QStringLiteral("算法【POV】不在可选范围内，请重新选择！"));
+        QVERIFY(!m_panel->isVisible());
+    }
+
+    void withoutAnyAlgorithmThePanelSaysSo()
+    {
+        m_panel->setAlgoBlackList(StrategyLibrary::instance().names());
+        m_panel->RefreshAlgoList();
+        QCOMPARE(m_panel->LoadStrategy({}, {}, {}, SYMBOL), QStringLiteral("0"));
+        QVERIFY(!m_panel->isVisible());
+        m_panel->show();
+        QCOMPARE(message(), QStringLiteral("当前证券和指令类型没有可用的算法。"));
+        QVERIFY(!child<QPushButton>("btn_ok")->isEnabled());
+        QTest::keyClick(m_panel, Qt::Key_Return);
+        QVERIFY(m_panel->isVisible());
+        QTest::keyClick(m_panel, Qt::Key_Escape);
+        QVERIFY(!m_panel->isVisible());
+    }
+
+    void defaultsAndParametersOverruleTheFile()
+    {
+        const QString quantity = QStringLiteral("DisplayQty");
+        const QString delay = QStringLiteral("RefreshDelay");
+        QCOMPARE(m_panel->LoadStrategy(
+                     strategy(ICEBERG), { { quantity, 300 }, { delay, 9 } }, { { quantity, 700 } }, SYMBOL),
+            QStringLiteral("0"));
+        QCOMPARE(line("input_DisplayQty")->text(), QStringLiteral("700"));
+        QCOMPARE(line("input_RefreshDelay")->text(), QStringLiteral("9"));
+        QCOMPARE(line("input_TickOffset")->text(), QStringLiteral("0"));
+    }
+
+    void aStoredPlanIsConfirmedAsItIs()
+    {
+        open(ICEBERG);
+        type("input_DisplayQty", QStringLiteral("2500"));
+        press("btn_ok");
+        const Map confirmed = m_panel->GetParamMap();
+        const QByteArray stored = QJsonDocument::fromVariant(confirmed).toJson();
+        const Map loaded = QJsonDocument::fromJson(stored).object().toVariantMap();
+
+        ParamListWidget_single* const fresh = make({ TWAP }, {}, 3);
+        QCOMPARE(fresh->setBaseInfoData(loaded, false), AlgoErrorCode::Ok);
+        QVERIFY(!fresh->isVisible());
+        QVERIFY(fresh->HasParams());
+        QCOMPARE(fresh->GetStrategyName(), ICEBERG);
+        QCOMPARE(fresh->GetParamMap(), confirmed);
+
+        m_panel->ClearParams();
+        m_panel->setBaseInfoData(loaded, false);
+        open(ICEBERG, m_panel->GetParamMap());
+        QCOMPARE(line("input_DisplayQty")->text(), QStringLiteral("2500"));
+        press("btn_ok");
+        QCOMPARE(m_panel->GetParamMap(), confirmed);
+    }
+
+    void aStoredPlanThatDoesNotFitIsNotConfirmed_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QVariant>("value");
+        const QString quantity = QStringLiteral("DisplayQty");
+        QTest::newRow("a strategy that is not known")
+            << AutoPlanField::BaseField::algoStrategyName << QVariant(QStringLiteral("NONE"));
+        QTest::newRow("nan") << quantity << QVariant(QStringLiteral("nan"));
+        QTest::newRow("too large a number") << quantity << QVariant(QStringLiteral("1e400"));
+        QTest::newRow("a negative number") << quantity << QVariant(-100);
+        QTest::newRow("a list in place of a number") << quantity << QVariant(QVariantList{ 1, 2 });
+        QTest::newRow("a map in place of a number") << quantity << QVariant(QVariantMap());
+        QTest::newRow("a megabyte of text") << quantity << QVariant(QString(1 << 20, QLatin1Char('9')));
+        QTest::newRow("nothing") << quantity << QVariant();
+    }
+
+    void aStoredPlanThatDoesNotFitIsNotConfirmed()
+    {
+        QFETCH(QString, key);
+        QFETCH(QVariant, value);
+        open(ICEBERG);
+        press("btn_ok");
+        Map stored = m_panel->GetParamMap();
+        stored.insert(key, value);
+        log().expectWarning(QStringLiteral("AlgorithmChoice::takeStrategy"));
+        QCOMPARE(m_panel->setBaseInfoData(stored, false), AlgoErrorCode::UnknownStrategy);
+        QVERIFY(!m_panel->HasParams());
+        QCOMPARE(m_panel->GetStrategyName(), QString());
+        QCOMPARE(m_panel->GetParamMap(), Map());
+    }
+
+    void baseDataAreReportedByTheirGaps()
+    {
+        QCOMPARE(m_panel->setBaseInfoData(baseData(), false), AlgoErrorCode::UnknownStrategy);
+        open(TWAP);
+        QCOMPARE(m_panel->setBaseInfoData(baseData(), false), AlgoErrorCode::Ok);
+        for (const QString& key : { Content::TradingAccount, Content::Symbol, Content::OrderSide }) {
+            Map gaps = baseData();
+            gaps.remove(key);
+            QCOMPARE(m_panel->setBaseInfoData(gaps, false), AlgoErrorCode::MissingField);
+        }
+        press("btn_ok");
+        QVERIFY(!m_panel->GetParamMap().contains(Content::OrderSide));
+    }
+
+    void baseDataOfALaterPressCountFromTheNextOk()
+    {
+        open(TWAP);
+        press("btn_ok");
+        open(TWAP, m_panel->GetParamMap());
+        m_panel->setBaseInfoData(baseData(Algo_Values::AlgoOrderSide::SellValue), false);
+        QCOMPARE(child<QLabel>("lab_baseData")->text(), QStringLiteral("账号：A1    证券：600000.SH    方向：卖出"));
+        QCOMPARE(m_panel->GetParamMap().value(Content::OrderSide), QVariant(Algo_Values::AlgoOrderSide::BuyValue));
+        press("btn_cancel");
+        QCOMPARE(m_panel->GetParamMap().value(Content::OrderSide), QVariant(Algo_Values::AlgoOrderSide::BuyValue));
+        open(TWAP, m_panel->GetParamMap());
+        m_panel->setBaseInfoData(baseData(Algo_Values::AlgoOrderSide::SellValue), false);
+        press("btn_ok");
+        QCOMPARE(m_panel->GetParamMap().value(Content::OrderSide), QVariant(Algo_Values::AlgoOrderSide::SellValue));
+    }
+
+    void resettingForgetsTheParameters()
+    {
+        open(TWAP);
+        press("btn_ok");
+        QCOMPARE(m_panel->setBaseInfoData(m_panel->GetParamMap(), true), AlgoErrorCode::Ok);
+        QVERIFY(!m_panel->HasParams());
+        QCOMPARE(m_panel->GetParamMap(), Map());
+    }
+
+    void reInitKeepsWhatIsConfirmedAndWhatIsTyped()
+    {
+        open(ICEBERG);
+        press("btn_ok");
+        const Map confirmed = m_panel->GetParamMap();
+        open(ICEBERG, confirmed);
+        type("input_DisplayQty", QStringLiteral("4000"));
+        m_panel->ReInit();
+        QCOMPARE(line("input_DisplayQty")->text(), QStringLiteral("4000"));
+        QCOMPARE(child<QComboBox>("combx_strategy")->currentText(), QStringLiteral("冰山"));
+        QCOMPARE(m_panel->GetParamMap(), confirmed);
+        QCOMPARE(m_panel->GetStrategyName(), ICEBERG);
+    }
+
+    void clearingForgetsEverything()
+    {
+        open(ICEBERG);
+        press("btn_ok");
+        open(ICEBERG, m_panel->GetParamMap());
+        m_panel->ClearParams();
+        QVERIFY(!m_panel->isVisible());
+        QVERIFY(!m_panel->HasParams());
+        QCOMPARE(m_panel->GetStrategyName(), QString());
+        QCOMPARE(m_panel->GetParamMap(), Map());
+        m_panel->show();
+        QCOMPARE(message(), QStringLiteral("请选择算法。"));
+        QCOMPARE(child<QComboBox>("combx_strategy")->currentIndex(), -1);
+    }
+
+    void thePanelMayDieWhileItIsOpen()
+    {
+        open(POV);
+        const QPointer<ParamListWidget_single> panel = m_panel;
+        QTest::keyClick(line("input_Participation"), Qt::Key_Up);
+        m_owner.reset();
+        QVERIFY(panel.isNull());
+        QCOMPARE(QApplication::activeModalWidget(), nullptr);
+
+        m_owner = std::make_unique<QWidget>();
+        m_panel = make({}, {}, 3);
+        open(POV);
+        child<QComboBox>("combx_strategy")->showPopup();
+        m_owner.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(QApplication::activePopupWidget(), nullptr);
+    }
+
+    void theFactoryHonoursWhatMayBeOffered()
+    {
+        m_panel = make({}, {}, 2);
+        open(ICEBERG);
+        QVERIFY(!child<QComboBox>("combx_strategy")->isEnabled());
+        QVERIFY(child<QWidget>("input_DisplayQty") != nullptr);
+        press("btn_cancel");
+        m_panel = make({}, {}, 1);
+        open(ICEBERG);
+        QVERIFY(child<QComboBox>("combx_strategy")->isEnabled());
+        QVERIFY(child<QWidget>("input_DisplayQty") == nullptr);
+        press("btn_ok");
+        QCOMPARE(m_panel->GetParamMap().value(QStringLiteral("DisplayQty")), QVariant(QStringLiteral("1000")));
+    }
 
 private:
     template <typename Widget> Widget* child(const char* name) const
@@ -95,543 +549,39 @@ private:
         return found;
     }
     QLineEdit* line(const char* name) const { return child<QAbstractSpinBox>(name)->findChild<QLineEdit*>(); }
-    void type(const char* name, const QString& text) const;
-    void open(const QString& name, const Map& parameters = {}) const;
-    void press(const char* button) const;
-    QString message() const { return child<QLabel>("lab_message") ? child<QLabel>("lab_message")->text() : QString(); }
-    ParamListWidget_single* make(const QStringList& white, const QStringList& black, int flags);
 
-    std::unique_ptr<LogCatcher> m_log;
+    void type(const char* name, const QString& text) const
+    {
+        QLineEdit* const edit = line(name);
+        edit->setFocus();
+        edit->selectAll();
+        QTest::keyClick(edit, Qt::Key_Delete);
+        QTest::keyClicks(edit, text);
+    }
+
+    void open(const QString& name, const Map& parameters = {}) const
+    {
+        QCOMPARE(m_panel->LoadStrategy(strategy(name), {}, parameters, SYMBOL), QStringLiteral("0"));
+        m_panel->setBaseInfoData(baseData(), false);
+        QVERIFY(m_panel->isVisible());
+    }
+
+    void press(const char* button) const { QTest::mouseClick(child<QPushButton>(button), Qt::LeftButton); }
+
+    QString message() const { return child<QLabel>("lab_message") ? child<QLabel>("lab_message")->text() : QString(); }
+
+    ParamListWidget_single* make(const QStringList& white, const QStringList& black, int flags)
+    {
+        auto* const panel = OrloStrategyFactory::instance().CreateStrategyWgt(
+            StrategyMode::Single, m_owner.get(), Algo_Values::AlgoGlobalType::instruction, white, black, flags);
+        panel->setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+        panel->setWindowModality(Qt::ApplicationModal);
+        return panel;
+    }
+
     std::unique_ptr<QWidget> m_owner;
     ParamListWidget_single* m_panel = nullptr;
 };
-
-void AlgorithmPanelTest::init()
-{
-    m_log = std::make_unique<LogCatcher>();
-    m_owner = std::make_unique<QWidget>();
-    m_panel = make({}, {}, 3);
-}
-
-void AlgorithmPanelTest::cleanup()
-{
-    m_owner.reset();
-    const QStringList trouble = m_log->trouble();
-    m_log.reset();
-    QCOMPARE(trouble, QStringList());
-}
-
-ParamListWidget_single* AlgorithmPanelTest::make(const QStringList& white, const QStringList& black, int flags)
-{
-    auto* const panel = OrloStrategyFactory::instance().CreateStrategyWgt(
-        StrategyMode::Single, m_owner.get(), Algo_Values::AlgoGlobalType::instruction, white, black, flags);
-    panel->setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
-    panel->setWindowModality(Qt::ApplicationModal);
-    return panel;
-}
-
-void AlgorithmPanelTest::type(const char* name, const QString& text) const
-{
-    QLineEdit* const edit = line(name);
-    edit->setFocus();
-    edit->selectAll();
-    QTest::keyClick(edit, Qt::Key_Delete);
-    QTest::keyClicks(edit, text);
-}
-
-void AlgorithmPanelTest::open(const QString& name, const Map& parameters) const
-{
-    QCOMPARE(m_panel->LoadStrategy(strategy(name), {}, parameters, SYMBOL), QStringLiteral("0"));
-    m_panel->setBaseInfoData(baseData(), false);
-    QVERIFY(m_panel->isVisible());
-}
-
-void AlgorithmPanelTest::press(const char* button) const
-{
-    QTest::mouseClick(child<QPushButton>(button), Qt::LeftButton);
-}
-
-void AlgorithmPanelTest::aNewPanelHoldsNothingAndIsHidden()
-{
-    QVERIFY(!m_panel->isVisible());
-    QVERIFY(!m_panel->HasParams());
-    QCOMPARE(m_panel->GetStrategyName(), QString());
-    QCOMPARE(m_panel->GetParamMap(), Map());
-    QCOMPARE(m_panel->getAuthorityAlgoList(), StrategyLibrary::instance().names());
-}
-
-void AlgorithmPanelTest::loadingShowsTheStrategyWithItsDefaults()
-{
-    open(ICEBERG);
-    QCOMPARE(child<QComboBox>("combx_strategy")->currentText(), QStringLiteral("冰山"));
-    QCOMPARE(child<QComboBox>("combx_strategy")->count(), 5);
-    QCOMPARE(line("input_DisplayQty")->text(), QStringLiteral("1000"));
-    QCOMPARE(child<QLabel>("unit_DisplayQty")->text(), QStringLiteral("股"));
-    QCOMPARE(child<QLabel>("hint_DisplayQty")->text(), QStringLiteral("100 ～ 1000000"));
-    QCOMPARE(line("input_DisplayVariance")->text(), QStringLiteral("10"));
-    QCOMPARE(child<QLabel>("unit_DisplayVariance")->text(), QStringLiteral("%"));
-    QCOMPARE(child<QLabel>("hint_DisplayVariance")->text(), QStringLiteral("0 ～ 50，选填"));
-    QCOMPARE(child<QLabel>("lab_baseData")->text(), QStringLiteral("账号：A1    证券：600000.SH    方向：买入"));
-    QCOMPARE(message(), QString());
-}
-
-void AlgorithmPanelTest::okConfirmsParametersAndBaseData()
-{
-    open(POV);
-    type("input_Participation", QStringLiteral("12.5"));
-    for (QRadioButton* const choice : child<QWidget>("input_Urgency")->findChildren<QRadioButton*>()) {
-        if (choice->text() == QStringLiteral("高"))
-            QTest::mouseClick(choice, Qt::LeftButton, {}, QPoint(5, choice->height() / 2));
-    }
-    press("btn_ok");
-    QVERIFY(!m_panel->isVisible());
-    QVERIFY(m_panel->HasParams());
-    QCOMPARE(m_panel->GetStrategyName(), POV);
-    Map expected = baseData();
-    expected.insert(AutoPlanField::BaseField::algoStrategyName, POV);
-    expected.insert(QStringLiteral("StartTime"), QStringLiteral("09:30:00"));
-    expected.insert(QStringLiteral("EndTime"), QStringLiteral("14:57:00"));
-    expected.insert(QStringLiteral("Participation"), QStringLiteral("0.125"));
-    expected.insert(QStringLiteral("MaxParticipation"), QStringLiteral("0.2"));
-    expected.insert(QStringLiteral("MaxDeviation"), QStringLiteral("0.02"));
-    expected.insert(QStringLiteral("Urgency"), QStringLiteral("3"));
-    QCOMPARE(m_panel->GetParamMap(), expected);
-}
-
-void AlgorithmPanelTest::onlyWhatIsConfirmedIsToldToTheOwner()
-{
-    open(TWAP);
-    type("input_SliceInterval", QStringLiteral("30"));
-    QVERIFY(!m_panel->HasParams());
-    QCOMPARE(m_panel->GetStrategyName(), QString());
-    QCOMPARE(m_panel->GetParamMap(), Map());
-}
-
-void AlgorithmPanelTest::whatIsWrongIsRefusedAndKept_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("input");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char* title, const QString& name, const char* input, const char* text,
-                         const char* expected) {
-        QTest::newRow(title) << name << QString::fromUtf8(input) << QString::fromUtf8(text)
-                             << QString::fromUtf8(expected);
-    };
-    row("nothing", ICEBERG, "input_DisplayQty", "", "“显示数量”必填（单位：股）！");
-    row("too little", ICEBERG, "input_DisplayQty", "99", "“显示数量”应在100至1000000之间（单位：股）！");
-    row("too much", ICEBERG, "input_DisplayQty", "1000001", "“显示数量”应在100至1000000之间（单位：股）！");
-    row("a fraction of a share", ICEBERG, "input_DisplayQty", "100.5", "“显示数量”应为整数（单位：股）！");
-    row("no number", ICEBERG, "input_DisplayQty", "1e3", "“显示数量”应为数字（单位：股）！");
-    row("a percentage too large", POV, "input_Participation", "50.01", "“目标参与率”应在1至50之间（单位：%）！");
-    row("a percentage too fine", POV, "input_Participation", "10.001", "“目标参与率”最多2位小数（单位：%）！");
-    row("no time", TWAP, "input_EndTime", "25:00", "“结束时间”应为时间，如09:30:00！");
-    row("a time too late", TWAP, "input_EndTime", "23:00:00", "“结束时间”应在09:15:00至16:10:00之间！");
-    row("a relation that does not hold", POV, "input_Participation", "30", "目标参与率不得大于最大参与率！");
-}
-
-void AlgorithmPanelTest::whatIsWrongIsRefusedAndKept()
-{
-    QFETCH(QString, name);
-    QFETCH(QString, input);
-    QFETCH(QString, text);
-    QFETCH(QString, expected);
-    open(name);
-    const QByteArray object = input.toLatin1();
-    type(object.constData(), text);
-    press("btn_ok");
-    QCOMPARE(message(), expected);
-    QVERIFY(m_panel->isVisible());
-    QVERIFY(!m_panel->HasParams());
-    QCOMPARE(line(object.constData())->text(), text);
-    QVERIFY(child<QWidget>(object.constData())->property("faulty").toBool());
-}
-
-void AlgorithmPanelTest::aCorrectedInputPasses()
-{
-    open(ICEBERG);
-    type("input_DisplayQty", QStringLiteral("1"));
-    press("btn_ok");
-    QVERIFY(m_panel->isVisible());
-    type("input_DisplayQty", QStringLiteral("00200"));
-    press("btn_ok");
-    QVERIFY(!m_panel->isVisible());
-    QCOMPARE(m_panel->GetParamMap().value(QStringLiteral("DisplayQty")), QVariant(QStringLiteral("200")));
-    open(ICEBERG, m_panel->GetParamMap());
-    QCOMPARE(message(), QString());
-}
-
-void AlgorithmPanelTest::theLastMomentMustFollowTheFirst()
-{
-    open(TWAP);
-    type("input_StartTime", QStringLiteral("14:57"));
-    press("btn_ok");
-    QCOMPARE(message(), QStringLiteral("开始时间须早于结束时间！"));
-    type("input_StartTime", QStringLiteral("9:31"));
-    press("btn_ok");
-    QCOMPARE(m_panel->GetParamMap().value(QStringLiteral("StartTime")), QVariant(QStringLiteral("09:31:00")));
-}
-
-void AlgorithmPanelTest::anOptionalParameterMayBeLeftEmptyAndStaysSo()
-{
-    open(TWAP);
-    QCOMPARE(line("input_MaxParticipation")->text(), QStringLiteral("20"));
-    type("input_MaxParticipation", QString());
-    press("btn_ok");
-    QVERIFY(m_panel->HasParams());
-    QVERIFY(!m_panel->GetParamMap().contains(QStringLiteral("MaxParticipation")));
-    open(TWAP, m_panel->GetParamMap());
-    QCOMPARE(line("input_MaxParticipation")->text(), QString());
-}
-
-void AlgorithmPanelTest::aPriceHasTheDecimalsOfItsSecurity()
-{
-    open(ICEBERG);
-    type("input_WorstPrice", QStringLiteral("10.001"));
-    press("btn_ok");
-    QCOMPARE(message(), QStringLiteral("“最差价格”最多2位小数（单位：元）！"));
-    type("input_WorstPrice", QStringLiteral("10.01"));
-    press("btn_ok");
-    QCOMPARE(m_panel->GetParamMap().value(QStringLiteral("WorstPrice")), QVariant(QStringLiteral("10.01")));
-}
-
-void AlgorithmPanelTest::escapeAndCancelLeaveWhatWasConfirmed_data()
-{
-    QTest::addColumn<QString>("way");
-    QTest::newRow("the cancel button") << QStringLiteral("button");
-    QTest::newRow("escape in an input") << QStringLiteral("input");
-    QTest::newRow("escape in the list of algorithms") << QStringLiteral("list");
-    QTest::newRow("the window is closed") << QStringLiteral("window");
-}
-
-void AlgorithmPanelTest::escapeAndCancelLeaveWhatWasConfirmed()
-{
-    QFETCH(QString, way);
-    open(ICEBERG);
-    press("btn_ok");
-    const Map confirmed = m_panel->GetParamMap();
-    open(ICEBERG, confirmed);
-    type("input_DisplayQty", QStringLiteral("5000"));
-    if (way == QStringLiteral("button"))
-        press("btn_cancel");
-    else if (way == QStringLiteral("input"))
-        QTest::keyClick(line("input_DisplayQty"), Qt::Key_Escape);
-    else if (way == QStringLiteral("list"))
-        QTest::keyClick(child<QComboBox>("combx_strategy"), Qt::Key_Escape);
-    else
-        m_panel->close();
-    QVERIFY(!m_panel->isVisible());
-    QCOMPARE(m_panel->GetParamMap(), confirmed);
-    open(ICEBERG, confirmed);
-    QCOMPARE(line("input_DisplayQty")->text(), QStringLiteral("1000"));
-}
-
-void AlgorithmPanelTest::returnPressesTheFocusedButtonOtherwiseOk()
-{
-    open(ICEBERG);
-    child<QPushButton>("btn_cancel")->setFocus();
-    QTest::keyClick(child<QPushButton>("btn_cancel"), Qt::Key_Return);
-    QVERIFY(!m_panel->isVisible());
-    QVERIFY(!m_panel->HasParams());
-    open(ICEBERG);
-    QTest::keyClick(line("input_DisplayQty"), Qt::Key_Return);
-    QVERIFY(!m_panel->isVisible());
-    QVERIFY(m_panel->HasParams());
-}
-
-void AlgorithmPanelTest::theTabKeyPassesThroughEveryInput()
-{
-    open(POV);
-    QApplication::setActiveWindow(m_panel);
-    QVERIFY(QTest::qWaitForWindowActive(m_panel));
-    child<QComboBox>("combx_strategy")->setFocus();
-    QStringList passed;
-    for (int i = 0; i < 9; ++i) {
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        const QWidget* const now = QApplication::focusWidget();
-        passed.append(now->objectName().isEmpty() ? now->parentWidget()->objectName() : now->objectName());
-    }
-    QCOMPARE(passed,
-        QStringList({ QStringLiteral("input_StartTime"), QStringLiteral("input_EndTime"),
-            QStringLiteral("input_Participation"), QStringLiteral("input_MaxParticipation"),
-            QStringLiteral("input_MaxDeviation"), QStringLiteral("input_Urgency"), QStringLiteral("btn_ok"),
-            QStringLiteral("btn_cancel"), QStringLiteral("combx_strategy") }));
-}
-
-void AlgorithmPanelTest::arrowsStepWithinTheRange()
-{
-    open(ICEBERG);
-    QTest::keyClick(line("input_DisplayQty"), Qt::Key_Up);
-    QCOMPARE(line("input_DisplayQty")->text(), QStringLiteral("1100"));
-    QTest::keyClick(line("input_DisplayQty"), Qt::Key_PageUp);
-    QCOMPARE(line("input_DisplayQty")->text(), QStringLiteral("11100"));
-    QTest::keyClick(line("input_DisplayQty"), Qt::Key_PageDown);
-    QTest::keyClick(line("input_DisplayQty"), Qt::Key_PageDown);
-    QCOMPARE(line("input_DisplayQty")->text(), QStringLiteral("100"));
-    QTest::keyClick(line("input_DisplayVariance"), Qt::Key_Down);
-    QCOMPARE(line("input_DisplayVariance")->text(), QStringLiteral("9"));
-    type("input_TickOffset", QStringLiteral("x"));
-    QTest::keyClick(line("input_TickOffset"), Qt::Key_Down);
-    QCOMPARE(line("input_TickOffset")->text(), QStringLiteral("-1"));
-    press("btn_cancel");
-    open(TWAP);
-    QTest::keyClick(line("input_StartTime"), Qt::Key_Down);
-    QCOMPARE(line("input_StartTime")->text(), QStringLiteral("09:29:00"));
-}
-
-void AlgorithmPanelTest::anotherStrategyBringsItsOwnParameters()
-{
-    open(ICEBERG);
-    auto* const box = child<QComboBox>("combx_strategy");
-    box->setFocus();
-    QTest::keyClick(box, Qt::Key_Home);
-    QCOMPARE(box->currentText(), QStringLiteral("时间加权"));
-    QVERIFY(child<QWidget>("input_DisplayQty") == nullptr);
-    QVERIFY(child<QCheckBox>("input_ForceFinish") != nullptr);
-    QTest::mouseClick(child<QCheckBox>("input_ForceFinish"), Qt::LeftButton, {}, QPoint(8, 8));
-    press("btn_ok");
-    QCOMPARE(m_panel->GetStrategyName(), TWAP);
-    QCOMPARE(m_panel->GetParamMap().value(QStringLiteral("ForceFinish")), QVariant(QStringLiteral("Y")));
-    QVERIFY(!m_panel->GetParamMap().contains(QStringLiteral("DisplayQty")));
-}
-
-void AlgorithmPanelTest::theListsRestrictWhatIsOffered_data()
-{
-    QTest::addColumn<QStringList>("white");
-    QTest::addColumn<QStringList>("black");
-    QTest::addColumn<QStringList>("offered");
-    QTest::newRow("the white list gives names and order")
-        << QStringList{ POV, TWAP } << QStringList{} << QStringList{ POV, TWAP };
-    QTest::newRow("the black list takes away") << QStringList{ POV, TWAP } << QStringList{ POV } << QStringList{ TWAP };
-    QTest::newRow("an empty white list does not restrict")
-        << QStringList{} << QStringList{ POV, TWAP, ICEBERG }
-        << QStringList{ QStringLiteral("VWAP"), QStringLiteral("SNIPER") };
-    QTest::newRow("names are compared letter by letter, and once") << QStringList{ QStringLiteral("pov"),
-        QStringLiteral("NONE"), TWAP, TWAP } << QStringList{} << QStringList{ TWAP };
-    QTest::newRow("nothing may be left") << QStringList{ TWAP } << QStringList{ TWAP } << QStringList{};
-}
-
-void AlgorithmPanelTest::theListsRestrictWhatIsOffered()
-{
-    QFETCH(QStringList, white);
-    QFETCH(QStringList, black);
-    QFETCH(QStringList, offered);
-    m_panel->setAlgoWhiteList(white);
-    m_panel->setAlgoBlackList(black);
-    m_panel->RefreshAlgoList();
-    QCOMPARE(m_panel->getAuthorityAlgoList(), offered);
-    QCOMPARE(make(white, black, 3)->getAuthorityAlgoList(), offered);
-}
-
-void AlgorithmPanelTest::listsTakeEffectWithARefresh()
-{
-    m_panel->setAlgoWhiteList({ POV });
-    QCOMPARE(m_panel->getAuthorityAlgoList().size(), 5);
-    m_panel->RefreshAlgoList();
-    QCOMPARE(m_panel->getAuthorityAlgoList(), QStringList{ POV });
-    open(POV);
-    QCOMPARE(child<QComboBox>("combx_strategy")->count(), 1);
-}
-
-void AlgorithmPanelTest::anUnknownStrategyIsRefusedWithAReason()
-{
-    AesStrategy unknown;
-    unknown.name = QStringLiteral("NONE");
-    QCOMPARE(m_panel->LoadStrategy(unknown, {}, {}, SYMBOL), QStringLiteral("未找到算法【NONE】的参数定义！"));
-    QVERIFY(!m_panel->isVisible());
-}
-
-void AlgorithmPanelTest::aStrategyOutsideTheListsIsRefusedWithAReason()
-{
-    m_panel->setAlgoBlackList({ POV });
-    m_panel->RefreshAlgoList();
-    QCOMPARE(m_panel->LoadStrategy(strategy(POV), {}, {}, SYMBOL),
-        QStringLiteral("算法【POV】不在可选范围内，请重新选择！"));
-    QVERIFY(!m_panel->isVisible());
-}
-
-void AlgorithmPanelTest::withoutAnyAlgorithmThePanelSaysSo()
-{
-    m_panel->setAlgoBlackList(StrategyLibrary::instance().names());
-    m_panel->RefreshAlgoList();
-    QCOMPARE(m_panel->LoadStrategy({}, {}, {}, SYMBOL), QStringLiteral("0"));
-    QVERIFY(!m_panel->isVisible());
-    m_panel->show();
-    QCOMPARE(message(), QStringLiteral("当前证券和指令类型没有可用的算法。"));
-    QVERIFY(!child<QPushButton>("btn_ok")->isEnabled());
-    QTest::keyClick(m_panel, Qt::Key_Return);
-    QVERIFY(m_panel->isVisible());
-    QTest::keyClick(m_panel, Qt::Key_Escape);
-    QVERIFY(!m_panel->isVisible());
-}
-
-void AlgorithmPanelTest::defaultsAndParametersOverruleTheFile()
-{
-    const QString quantity = QStringLiteral("DisplayQty");
-    const QString delay = QStringLiteral("RefreshDelay");
-    QCOMPARE(
-        m_panel->LoadStrategy(strategy(ICEBERG), { { quantity, 300 }, { delay, 9 } }, { { quantity, 700 } }, SYMBOL),
-        QStringLiteral("0"));
-    QCOMPARE(line("input_DisplayQty")->text(), QStringLiteral("700"));
-    QCOMPARE(line("input_RefreshDelay")->text(), QStringLiteral("9"));
-    QCOMPARE(line("input_TickOffset")->text(), QStringLiteral("0"));
-}
-
-void AlgorithmPanelTest::aStoredPlanIsConfirmedAsItIs()
-{
-    open(ICEBERG);
-    type("input_DisplayQty", QStringLiteral("2500"));
-    press("btn_ok");
-    const Map confirmed = m_panel->GetParamMap();
-    const QByteArray stored = QJsonDocument::fromVariant(confirmed).toJson();
-    const Map loaded = QJsonDocument::fromJson(stored).object().toVariantMap();
-
-    ParamListWidget_single* const fresh = make({ TWAP }, {}, 3);
-    QCOMPARE(fresh->setBaseInfoData(loaded, false), AlgoErrorCode::Ok);
-    QVERIFY(!fresh->isVisible());
-    QVERIFY(fresh->HasParams());
-    QCOMPARE(fresh->GetStrategyName(), ICEBERG);
-    QCOMPARE(fresh->GetParamMap(), confirmed);
-
-    m_panel->ClearParams();
-    m_panel->setBaseInfoData(loaded, false);
-    open(ICEBERG, m_panel->GetParamMap());
-    QCOMPARE(line("input_DisplayQty")->text(), QStringLiteral("2500"));
-    press("btn_ok");
-    QCOMPARE(m_panel->GetParamMap(), confirmed);
-}
-
-void AlgorithmPanelTest::aStoredPlanThatDoesNotFitIsNotConfirmed_data()
-{
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QVariant>("value");
-    const QString quantity = QStringLiteral("DisplayQty");
-    QTest::newRow("a strategy that is not known")
-        << AutoPlanField::BaseField::algoStrategyName << QVariant(QStringLiteral("NONE"));
-    QTest::newRow("nan") << quantity << QVariant(QStringLiteral("nan"));
-    QTest::newRow("too large a number") << quantity << QVariant(QStringLiteral("1e400"));
-    QTest::newRow("a negative number") << quantity << QVariant(-100);
-    QTest::newRow("a list in place of a number") << quantity << QVariant(QVariantList{ 1, 2 });
-    QTest::newRow("a map in place of a number") << quantity << QVariant(QVariantMap());
-    QTest::newRow("a megabyte of text") << quantity << QVariant(QString(1 << 20, QLatin1Char('9')));
-    QTest::newRow("nothing") << quantity << QVariant();
-}
-
-void AlgorithmPanelTest::aStoredPlanThatDoesNotFitIsNotConfirmed()
-{
-    QFETCH(QString, key);
-    QFETCH(QVariant, value);
-    open(ICEBERG);
-    press("btn_ok");
-    Map stored = m_panel->GetParamMap();
-    stored.insert(key, value);
-    m_log->expectWarning(QStringLiteral("AlgorithmChoice::takeStrategy"));
-    QCOMPARE(m_panel->setBaseInfoData(stored, false), AlgoErrorCode::UnknownStrategy);
-    QVERIFY(!m_panel->HasParams());
-    QCOMPARE(m_panel->GetStrategyName(), QString());
-    QCOMPARE(m_panel->GetParamMap(), Map());
-}
-
-void AlgorithmPanelTest::baseDataAreReportedByTheirGaps()
-{
-    QCOMPARE(m_panel->setBaseInfoData(baseData(), false), AlgoErrorCode::UnknownStrategy);
-    open(TWAP);
-    QCOMPARE(m_panel->setBaseInfoData(baseData(), false), AlgoErrorCode::Ok);
-    for (const QString& key : { Content::TradingAccount, Content::Symbol, Content::OrderSide }) {
-        Map gaps = baseData();
-        gaps.remove(key);
-        QCOMPARE(m_panel->setBaseInfoData(gaps, false), AlgoErrorCode::MissingField);
-    }
-    press("btn_ok");
-    QVERIFY(!m_panel->GetParamMap().contains(Content::OrderSide));
-}
-
-void AlgorithmPanelTest::baseDataOfALaterPressCountFromTheNextOk()
-{
-    open(TWAP);
-    press("btn_ok");
-    open(TWAP, m_panel->GetParamMap());
-    m_panel->setBaseInfoData(baseData(Algo_Values::AlgoOrderSide::SellValue), false);
-    QCOMPARE(child<QLabel>("lab_baseData")->text(), QStringLiteral("账号：A1    证券：600000.SH    方向：卖出"));
-    QCOMPARE(m_panel->GetParamMap().value(Content::OrderSide), QVariant(Algo_Values::AlgoOrderSide::BuyValue));
-    press("btn_cancel");
-    QCOMPARE(m_panel->GetParamMap().value(Content::OrderSide), QVariant(Algo_Values::AlgoOrderSide::BuyValue));
-    open(TWAP, m_panel->GetParamMap());
-    m_panel->setBaseInfoData(baseData(Algo_Values::AlgoOrderSide::SellValue), false);
-    press("btn_ok");
-    QCOMPARE(m_panel->GetParamMap().value(Content::OrderSide), QVariant(Algo_Values::AlgoOrderSide::SellValue));
-}
-
-void AlgorithmPanelTest::resettingForgetsTheParameters()
-{
-    open(TWAP);
-    press("btn_ok");
-    QCOMPARE(m_panel->setBaseInfoData(m_panel->GetParamMap(), true), AlgoErrorCode::Ok);
-    QVERIFY(!m_panel->HasParams());
-    QCOMPARE(m_panel->GetParamMap(), Map());
-}
-
-void AlgorithmPanelTest::reInitKeepsWhatIsConfirmedAndWhatIsTyped()
-{
-    open(ICEBERG);
-    press("btn_ok");
-    const Map confirmed = m_panel->GetParamMap();
-    open(ICEBERG, confirmed);
-    type("input_DisplayQty", QStringLiteral("4000"));
-    m_panel->ReInit();
-    QCOMPARE(line("input_DisplayQty")->text(), QStringLiteral("4000"));
-    QCOMPARE(child<QComboBox>("combx_strategy")->currentText(), QStringLiteral("冰山"));
-    QCOMPARE(m_panel->GetParamMap(), confirmed);
-    QCOMPARE(m_panel->GetStrategyName(), ICEBERG);
-}
-
-void AlgorithmPanelTest::clearingForgetsEverything()
-{
-    open(ICEBERG);
-    press("btn_ok");
-    open(ICEBERG, m_panel->GetParamMap());
-    m_panel->ClearParams();
-    QVERIFY(!m_panel->isVisible());
-    QVERIFY(!m_panel->HasParams());
-    QCOMPARE(m_panel->GetStrategyName(), QString());
-    QCOMPARE(m_panel->GetParamMap(), Map());
-    m_panel->show();
-    QCOMPARE(message(), QStringLiteral("请选择算法。"));
-    QCOMPARE(child<QComboBox>("combx_strategy")->currentIndex(), -1);
-}
-
-void AlgorithmPanelTest::thePanelMayDieWhileItIsOpen()
-{
-    open(POV);
-    const QPointer<ParamListWidget_single> panel = m_panel;
-    QTest::keyClick(line("input_Participation"), Qt::Key_Up);
-    m_owner.reset();
-    QVERIFY(panel.isNull());
-    QCOMPARE(QApplication::activeModalWidget(), nullptr);
-
-    m_owner = std::make_unique<QWidget>();
-    m_panel = make({}, {}, 3);
-    open(POV);
-    child<QComboBox>("combx_strategy")->showPopup();
-    m_owner.reset();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCOMPARE(QApplication::activePopupWidget(), nullptr);
-}
-
-void AlgorithmPanelTest::theFactoryHonoursWhatMayBeOffered()
-{
-    m_panel = make({}, {}, 2);
-    open(ICEBERG);
-    QVERIFY(!child<QComboBox>("combx_strategy")->isEnabled());
-    QVERIFY(child<QWidget>("input_DisplayQty") != nullptr);
-    press("btn_cancel");
-    m_panel = make({}, {}, 1);
-    open(ICEBERG);
-    QVERIFY(child<QComboBox>("combx_strategy")->isEnabled());
-    QVERIFY(child<QWidget>("input_DisplayQty") == nullptr);
-    press("btn_ok");
-    QCOMPARE(m_panel->GetParamMap().value(QStringLiteral("DisplayQty")), QVariant(QStringLiteral("1000")));
-}
 
 QTEST_MAIN(AlgorithmPanelTest)
 #include "tst_algorithm_panel.moc"

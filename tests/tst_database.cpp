@@ -85,641 +85,594 @@ bool makeVersionOne(const QString& fileName)
 
 } // namespace
 
-class tst_database : public QObject {
+class DatabaseTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init()
+    {
+        m_folder = std::make_unique<QTemporaryDir>();
+        QVERIFY(m_folder->isValid());
+        m_database = std::make_unique<Database>();
+        QCOMPARE(m_database->open(path(QStringLiteral("plans.db"))), Status());
+    }
 
-    void aNewFileIsCreatedWithItsFolder();
-    void theConnectionIsDurableAndStrict();
-    void aReopenedFileKeepsItsPlans();
-    void anOlderSchemaIsMigratedWithItsPlans();
-    void aMigrationThatFailsLeavesTheOldSchema();
-    void aNewerSchemaIsRefusedAndLeftAsItIs();
-    void aFileThatCannotBeOpenedIsRefused_data();
-    void aFileThatCannotBeOpenedIsRefused();
-    void aFileOfAnotherProgramIsRefusedAndLeftAsItIs();
-    void aDamagedFileIsRefusedAndLeftAsItIs();
-    void aLockedFileIsToldWithinASecond();
-    void aTransactionThatGivesAReasonLeavesNothing();
-    void theLogIsBegunAheadOfTheFirstTransaction();
-    void aLongLogIsMovedWhenNobodyWaits();
-    void beginningTheLogKeepsTheVersionOfTheFile();
-    void theMarkOfTheContentsIsNotToldWithinATransaction();
-    void aWorkerThreadReadsWithAnObjectOfItsOwn();
-    void aClosedDatabaseGivesAReason();
+    void cleanup()
+    {
+        m_database.reset();
+        m_folder.reset();
+    }
 
-    void anIdIsTakenOnlyAsItIsWritten_data();
-    void anIdIsTakenOnlyAsItIsWritten();
-    void aCreatedPlanReadsBackAsItWas();
-    void aPlanWithoutOtherParametersHasNoSuchKey();
-    void idsAreNewAndAscending();
-    void aRecordThatIsNotTextIsRefusedWhole();
-    void anEmptyRecordIsRefused();
-    void aModifiedPlanCountsItsVersionUp();
-    void aModificationThatFailsLeavesThePlan();
-    void anUnknownPlanCannotBeModified();
-    void pagesShowTheNewestPlansFirst();
-    void plansOfAPeriodIncludeItsFirstAndLastDay();
-    void anOtherParameterTextOfAMegabyteReadsBack();
+    void aNewFileIsCreatedWithItsFolder()
+    {
+        const QString fileName = path(QStringLiteral("some/where/plans.db"));
+        Database database;
+        QCOMPARE(database.open(fileName), Status());
+        QVERIFY(database.isOpen());
+        QCOMPARE(database.fileName(), fileName);
+        QVERIFY(QFile::exists(fileName));
+    }
 
-    void instructionsBelongToTheirPlanAndDay();
-    void anInstructionOfAnUnknownPlanIsRefused();
-    void accountsComeInTheOrderInWhichTheyWereGiven();
-    void authoritiesAndRulesAreKeptPerUserAccountAndType();
-    void aChainKeepsItsOrderAndItsDuplicates();
-    void aSignatureIsKeptWithTimeAndUser();
-    void positionsAreFoundByAccountAndSymbol();
-    void aListForOneSecurityGoesBeforeTheGeneralOne();
-    void textsReadBack();
+    void theConnectionIsDurableAndStrict()
+    {
+        const auto value = [this](const QString& statement) {
+            QSqlQuery query = m_database->query(statement);
+            return query.next() ? query.value(0).toString() : QString();
+        };
+        QCOMPARE(value(QStringLiteral("PRAGMA journal_mode")), QStringLiteral("wal"));
+        QCOMPARE(value(QStringLiteral("PRAGMA synchronous")), QStringLiteral("2"));
+        QCOMPARE(value(QStringLiteral("PRAGMA foreign_keys")), QStringLiteral("1"));
+        QCOMPARE(value(QStringLiteral("PRAGMA user_version")), QString::number(Schema::latestVersion()));
+        QCOMPARE(value(QStringLiteral("SELECT count(*) FROM pragma_table_list"
+                                      " WHERE schema = 'main' AND name NOT LIKE 'sqlite%' AND NOT strict")),
+            QStringLiteral("0"));
+        QVERIFY(!m_database->execute(
+            QStringLiteral("INSERT INTO users VALUES (?, ?)"), { QByteArray("\x01"), QStringLiteral("name") }));
+    }
+
+    void aReopenedFileKeepsItsPlans()
+    {
+        const QString id = *PlanStore(*m_database, OtherParamKey).create(sampleRecord(), QStringLiteral("u"), Morning);
+        m_database->close();
+        QVERIFY(!m_database->isOpen());
+        QCOMPARE(m_database->fileName(), QString());
+        QCOMPARE(m_database->open(path(QStringLiteral("plans.db"))), Status());
+        QCOMPARE(PlanStore(*m_database, OtherParamKey).record(id), sampleRecord());
+    }
+
+    void anOlderSchemaIsMigratedWithItsPlans()
+    {
+        const QString fileName = path(QStringLiteral("old.db"));
+        QVERIFY(makeVersionOne(fileName));
+        Database database;
+        QCOMPARE(database.open(fileName), Status());
+        const StoredPlan plan = PlanStore(database, OtherParamKey).plan(PlanId::fromNumber(1));
+        QCOMPARE(plan.version, 3);
+        QCOMPARE(plan.created, QDateTime(QDate(2023, 12, 1), QTime(10, 0)));
+        QCOMPARE(plan.changed, plan.created);
+        QCOMPARE(plan.record.value(QStringLiteral("symbol")).toString(), QStringLiteral("000001.SZ"));
+        database.close();
+        RawFile raw(fileName);
+        QCOMPARE(raw.value(QStringLiteral("PRAGMA user_version")).toInt(), Schema::latestVersion());
+        QCOMPARE(raw.value(QStringLiteral("SELECT count(*) FROM sqlite_master WHERE name = 'trade_days'")).toInt(), 0);
+    }
+
+    void aMigrationThatFailsLeavesTheOldSchema()
+    {
+        const QString fileName = path(QStringLiteral("old.db"));
+        QVERIFY(makeVersionOne(fileName));
+        QVERIFY(RawFile(fileName).run(QStringLiteral("ALTER TABLE plans ADD COLUMN changed_time TEXT")));
+        Database database;
+        const Status status = database.open(fileName);
+        QCOMPARE(status.error(), Error::CannotOpenDatabase);
+        QCOMPARE(status.cause().error(), Error::MigrationFailed);
+        QCOMPARE(status.cause().cause().error(), Error::DatabaseFailed);
+        QVERIFY(!database.isOpen());
+        RawFile raw(fileName);
+        QCOMPARE(raw.value(QStringLiteral("PRAGMA user_version")).toInt(), 1);
+        QCOMPARE(raw.value(QStringLiteral("SELECT count(*) FROM plans")).toInt(), 1);
+    }
+
+    void aNewerSchemaIsRefusedAndLeftAsItIs()
+    {
+        const QString fileName = path(QStringLiteral("newer.db"));
+        QVERIFY(makeVersionOne(fileName));
+        QVERIFY(RawFile(fileName).run(QStringLiteral("PRAGMA user_version = 99")));
+        const QByteArray before = contentOf(fileName);
+        Database database;
+        const Status newer(Error::NewerDatabase, { QStringLiteral("99"), QString::number(Schema::latestVersion()) });
+        QCOMPARE(database.open(fileName), cannotOpen(fileName, newer));
+        QVERIFY(!database.isOpen());
+        QCOMPARE(contentOf(fileName), before);
+    }
+
+    void aFileThatCannotBeOpenedIsRefused_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<Status>("cause");
+        QTest::newRow("no name") << QString() << Status(Error::NoDatabaseFile);
+        QTest::newRow("a folder") << QStringLiteral("folder") << Status(Error::DatabaseIsFolder);
+        QTest::newRow("a text") << QStringLiteral("text") << Status(Error::NotADatabase);
+        QTest::newRow("below a file") << QStringLiteral("text/plans.db") << Status(Error::CannotCreateFolder);
+    }
+
+    void aFileThatCannotBeOpenedIsRefused()
+    {
+        QFETCH(QString, name);
+        QFETCH(Status, cause);
+        const QByteArray text = QByteArray("这是一篇文章，不是数据库。").repeated(100);
+        QVERIFY(writeFile(path(QStringLiteral("text")), text));
+        QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("folder")));
+        const QString fileName = name.isEmpty() ? QString() : path(name);
+        Database database;
+        QCOMPARE(database.open(fileName), cannotOpen(fileName, cause));
+        QVERIFY(!database.isOpen());
+        QCOMPARE(contentOf(path(QStringLiteral("text"))), text);
+    }
+
+    void aFileOfAnotherProgramIsRefusedAndLeftAsItIs()
+    {
+        const QString fileName = path(QStringLiteral("foreign.db"));
+        QVERIFY(RawFile(fileName).run(QStringLiteral("CREATE TABLE plans (name TEXT)")));
+        const QByteArray before = contentOf(fileName);
+        Database database;
+        QCOMPARE(database.open(fileName), cannotOpen(fileName, Error::ForeignDatabase));
+        QCOMPARE(contentOf(fileName), before);
+    }
+
+    void aDamagedFileIsRefusedAndLeftAsItIs()
+    {
+        PlanStore plans(*m_database, OtherParamKey);
+        for (int i = 0; i < 500; ++i)
+            QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
+        m_database->close();
+        const QString fileName = path(QStringLiteral("damaged.db"));
+        QByteArray content = contentOf(path(QStringLiteral("plans.db")));
+        const int pageSize = 4096;
+        QVERIFY(content.size() > 20 * pageSize);
+        content.replace(8 * pageSize, content.size() - 8 * pageSize, QByteArray(content.size() - 8 * pageSize, '\x5a'));
+        QVERIFY(writeFile(fileName, content));
+        Database database;
+        QCOMPARE(database.open(fileName), cannotOpen(fileName, Error::DatabaseCorrupt));
+        QCOMPARE(contentOf(fileName), content);
+    }
+
+    void aLockedFileIsToldWithinASecond()
+    {
+        Database other;
+        QCOMPARE(other.open(path(QStringLiteral("plans.db"))), Status());
+        QCOMPARE(other.execute(QStringLiteral("BEGIN IMMEDIATE")), Status());
+        QElapsedTimer timer;
+        timer.start();
+        const auto created = PlanStore(*m_database, OtherParamKey).create(sampleRecord(), QStringLiteral("u"), Morning);
+        QCOMPARE(created.status(), Status(Error::DatabaseBusy));
+        QVERIFY(timer.elapsed() < 3000);
+        QCOMPARE(other.execute(QStringLiteral("ROLLBACK")), Status());
+        QVERIFY(PlanStore(*m_database, OtherParamKey).create(sampleRecord(), QStringLiteral("u"), Morning));
+    }
+
+    void aTransactionThatGivesAReasonLeavesNothing()
+    {
+        PlanStore plans(*m_database, OtherParamKey);
+        const Status changedMind(Error::UnknownPlan, { QStringLiteral("changed my mind") });
+        const Status status = m_database->transaction([&] {
+            const auto created = plans.create(sampleRecord(), QStringLiteral("u"), Morning);
+            return created ? changedMind : created.status();
+        });
+        QCOMPARE(status, changedMind);
+        QCOMPARE(plans.count(), 0);
+    }
+
+    void theLogIsBegunAheadOfTheFirstTransaction()
+    {
+        m_database->close();
+        QCOMPARE(m_database->open(path(QStringLiteral("plans.db"))), Status());
+        QCOMPARE(logFrames(), 0);
+        m_database->prepareWal();
+        QCOMPARE(logFrames(), 1);
+        m_database->prepareWal();
+        QCOMPARE(logFrames(), 1);
+        QCOMPARE(PlanStore(*m_database, OtherParamKey).count(), 0);
+    }
+
+    void aLongLogIsMovedWhenNobodyWaits()
+    {
+        PlanStore plans(*m_database, OtherParamKey);
+        for (int i = 0; i < 60; ++i)
+            QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
+        QVERIFY(logFrames() > 60);
+        Database other;
+        QCOMPARE(other.open(path(QStringLiteral("plans.db"))), Status());
+        QCOMPARE(other.execute(QStringLiteral("BEGIN IMMEDIATE")), Status());
+        QElapsedTimer timer;
+        timer.start();
+        m_database->prepareWal();
+        QVERIFY2(timer.elapsed() < 800, "waited for the other client's transaction");
+        QCOMPARE(other.execute(QStringLiteral("ROLLBACK")), Status());
+        m_database->prepareWal();
+        QCOMPARE(logFrames(), 1);
+        QCOMPARE(plans.count(), 60);
+        QCOMPARE(PlanStore(other, OtherParamKey).count(), 60);
+    }
+
+    void beginningTheLogKeepsTheVersionOfTheFile()
+    {
+        // A newer program has migrated the file in the meantime.
+        QCOMPARE(m_database->execute(QStringLiteral("PRAGMA user_version = 99")), Status());
+        for (int i = 0; i < 50; ++i)
+            QCOMPARE(m_database->transaction([] { return Status(); }), Status());
+        m_database->prepareWal();
+        QCOMPARE(logFrames(), 1);
+        QSqlQuery version = m_database->query(QStringLiteral("PRAGMA user_version"));
+        QVERIFY(version.next());
+        QCOMPARE(version.value(0).toInt(), 99);
+    }
+
+    void theMarkOfTheContentsIsNotToldWithinATransaction()
+    {
+        const QString before = m_database->changeToken();
+        QVERIFY(!before.isEmpty());
+        QCOMPARE(m_database->changeToken(), before);
+        QString within = QStringLiteral("not asked");
+        QVERIFY(m_database->transaction([&] {
+            within = m_database->changeToken();
+            return Status();
+        }));
+        QCOMPARE(within, QString());
+        QVERIFY(PlanStore(*m_database, OtherParamKey).create(sampleRecord(), QStringLiteral("u"), Morning));
+        QVERIFY(m_database->changeToken() != before);
+    }
+
+    void aWorkerThreadReadsWithAnObjectOfItsOwn()
+    {
+        QVERIFY(PlanStore(*m_database, OtherParamKey).create(sampleRecord(), QStringLiteral("u"), Morning));
+        Status opened = Error::DatabaseNotOpen;
+        int count = 0;
+        const std::unique_ptr<QThread> worker(QThread::create([&] {
+            Database database;
+            opened = database.open(path(QStringLiteral("plans.db")));
+            count = PlanStore(database, OtherParamKey).count();
+        }));
+        worker->start();
+        QVERIFY(worker->wait(10000));
+        QCOMPARE(opened, Status());
+        QCOMPARE(count, 1);
+    }
+
+    void aClosedDatabaseGivesAReason()
+    {
+        m_database->close();
+        PlanStore plans(*m_database, OtherParamKey);
+        QVERIFY(!plans.create(sampleRecord(), QStringLiteral("u"), Morning));
+        QCOMPARE(plans.count(), 0);
+        QVERIFY(plans.page(0, 10).isEmpty());
+    }
+
+    void anIdIsTakenOnlyAsItIsWritten_data()
+    {
+        QTest::addColumn<QString>("id");
+        QTest::addColumn<qint64>("number");
+        QTest::newRow("the first plan") << QStringLiteral("AP00000001") << qint64(1);
+        QTest::newRow("more than eight digits") << QStringLiteral("AP123456789") << qint64(123456789);
+        QTest::newRow("too few zeros") << QStringLiteral("AP1") << qint64(0);
+        QTest::newRow("lower case") << QStringLiteral("ap00000001") << qint64(0);
+        QTest::newRow("a sign") << QStringLiteral("AP+0000001") << qint64(0);
+        QTest::newRow("zero") << QStringLiteral("AP00000000") << qint64(0);
+        QTest::newRow("too large") << QStringLiteral("AP99999999999999999999") << qint64(0);
+        QTest::newRow("empty") << QString() << qint64(0);
+    }
+
+    void anIdIsTakenOnlyAsItIsWritten()
+    {
+        QFETCH(QString, id);
+        QFETCH(qint64, number);
+        QCOMPARE(PlanId::toNumber(id).value_or(0), number);
+    }
+
+    void aCreatedPlanReadsBackAsItWas()
+    {
+        PlanStore plans(*m_database, OtherParamKey);
+        const auto created = plans.create(sampleRecord(), QStringLiteral("trader01"), Morning);
+        QCOMPARE(created.status(), Status());
+        const StoredPlan plan = plans.plan(*created);
+        QCOMPARE(plan.id, *created);
+        QCOMPARE(plan.version, 1);
+        QCOMPARE(plan.creator, QStringLiteral("trader01"));
+        QCOMPARE(plan.created, Morning);
+        QCOMPARE(plan.changed, Morning);
+        QCOMPARE(plan.record, sampleRecord());
+        for (const QVariant& value : plan.record)
+            QCOMPARE(value.userType(), int(QMetaType::QString));
+    }
+
+    void aPlanWithoutOtherParametersHasNoSuchKey()
+    {
+        PlanStore plans(*m_database, OtherParamKey);
+        PlanStore::Record record = sampleRecord();
+        record.remove(OtherParamKey);
+        const QString id = *plans.create(record, QString(), Morning);
+        QVERIFY(!plans.record(id).contains(OtherParamKey));
+        record.insert(OtherParamKey, QString());
+        QCOMPARE(plans.modify(id, record, Noon), Status());
+        QVERIFY(plans.record(id).contains(OtherParamKey));
+    }
+
+    void idsAreNewAndAscending()
+    {
+        PlanStore plans(*m_database, OtherParamKey);
+        const QString first = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
+        QCOMPARE(m_database->execute(QStringLiteral("DELETE FROM plans")), Status());
+        const QString second = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
+        QCOMPARE(first, QStringLiteral("AP00000001"));
+        QCOMPARE(second, QStringLiteral("AP00000002"));
+        QCOMPARE(plans.record(first), PlanStore::Record());
+    }
+
+    void aRecordThatIsNotTextIsRefusedWhole()
+    {
+        PlanStore plans(*m_database, OtherParamKey);
+        PlanStore::Record record = sampleRecord();
+        record.insert(QStringLiteral("totalQty"), 100.0);
+        const auto created = plans.create(record, QStringLiteral("u"), Morning);
+        QCOMPARE(created.status(), Status(Error::FieldNotText, { QStringLiteral("totalQty") }));
+        QCOMPARE(plans.count(), 0);
+    }
+
+    void anEmptyRecordIsRefused()
+    {
+        PlanStore plans(*m_database, OtherParamKey);
+        QCOMPARE(plans.create({}, QStringLiteral("u"), Morning).status(), Status(Error::EmptyPlan));
+        QCOMPARE(plans.count(), 0);
+    }
+
+    void aModifiedPlanCountsItsVersionUp()
+    {
+        PlanStore plans(*m_database, OtherParamKey);
+        const QString id = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
+        const PlanStore::Record changed{ { QStringLiteral("symbol"), QStringLiteral("000001.SZ") } };
+        QCOMPARE(plans.modify(id, changed, Noon), Status());
+        const StoredPlan plan = plans.plan(id);
+        QCOMPARE(plan.version, 2);
+        QCOMPARE(plan.record, changed);
+        QCOMPARE(plan.created, Morning);
+        QCOMPARE(plan.changed, Noon);
+    }
+
+    void aModificationThatFailsLeavesThePlan()
+    {
+        PlanStore plans(*m_database, OtherParamKey);
+        const QString id = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
+        QCOMPARE(m_database->execute(QStringLiteral("CREATE TRIGGER no_remark BEFORE INSERT ON plan_fields"
+                                                    " WHEN NEW.value = 'bad' BEGIN SELECT RAISE(ABORT, 'no'); END")),
+            Status());
+        PlanStore::Record changed = sampleRecord();
+        changed.insert(QStringLiteral("symbol"), QStringLiteral("bad"));
+        QVERIFY(!plans.modify(id, changed, Noon));
+        QCOMPARE(plans.plan(id).version, 1);
+        QCOMPARE(plans.record(id), sampleRecord());
+    }
+
+    void anUnknownPlanCannotBeModified()
+    {
+        PlanStore plans(*m_database, OtherParamKey);
+        for (const QString& id : { QStringLiteral("AP00000007"), QStringLiteral("nonsense"), QString() })
+            QCOMPARE(plans.modify(id, sampleRecord(), Noon), Status(Error::UnknownPlan, { id }));
+        QCOMPARE(plans.count(), 0);
+        QCOMPARE(plans.plan(QStringLiteral("AP00000007")).id, QString());
+    }
+
+    void pagesShowTheNewestPlansFirst()
+    {
+        PlanStore plans(*m_database, OtherParamKey);
+        for (int i = 0; i < 5; ++i)
+            QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
+        QCOMPARE(plans.count(), 5);
+        const QVector<StoredPlan> page = plans.page(1, 2);
+        QCOMPARE(page.size(), 2);
+        QCOMPARE(page.at(0).id, QStringLiteral("AP00000004"));
+        QCOMPARE(page.at(1).id, QStringLiteral("AP00000003"));
+        QCOMPARE(page.at(0).record, sampleRecord());
+        QCOMPARE(plans.page(4, 10).size(), 1);
+        QCOMPARE(plans.page(5, 10).size(), 0);
+        QCOMPARE(plans.page(-1, 10).size(), 0);
+        QCOMPARE(plans.page(0, 0).size(), 0);
+    }
+
+    void plansOfAPeriodIncludeItsFirstAndLastDay()
+    {
+        PlanStore plans(*m_database, OtherParamKey);
+        const QString begin = QStringLiteral("begin");
+        const QString end = QStringLiteral("end");
+        const PlanStore::Record period{ { begin, QStringLiteral("2024-05-06") },
+            { end, QStringLiteral("2024-05-08") } };
+        const QString id = *plans.create(period, QStringLiteral("u"), Morning);
+        QCOMPARE(plans.idsOfPeriod(begin, end, QDate(2024, 5, 5)), QStringList());
+        QCOMPARE(plans.idsOfPeriod(begin, end, QDate(2024, 5, 6)), QStringList{ id });
+        QCOMPARE(plans.idsOfPeriod(begin, end, QDate(2024, 5, 8)), QStringList{ id });
+        QCOMPARE(plans.idsOfPeriod(begin, end, QDate(2024, 5, 9)), QStringList());
+    }
+
+    void anOtherParameterTextOfAMegabyteReadsBack()
+    {
+        PlanStore plans(*m_database, OtherParamKey);
+        PlanStore::Record record = sampleRecord();
+        record.insert(OtherParamKey, QString(1 << 20, QChar(u'数')));
+        const QString id = *plans.create(record, QStringLiteral("u"), Morning);
+        QCOMPARE(plans.record(id), record);
+    }
+
+    void instructionsBelongToTheirPlanAndDay()
+    {
+        PlanStore plans(*m_database, OtherParamKey);
+        InstructionStore instructions(*m_database);
+        const QString plan = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
+        const QString other = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
+        const InstructionStore::Fields fields{ { QStringLiteral("14"), QStringLiteral("0") },
+            { QStringLiteral("38"), QStringLiteral("500") } };
+        const QString first = *instructions.add(plan, QDate(2024, 5, 6), fields);
+        const QString second = *instructions.add(plan, QDate(2024, 5, 7), fields);
+        QVERIFY(first < second);
+        QCOMPARE(instructions.update(plan, first, { { QStringLiteral("14"), QStringLiteral("300") } }), Status());
+
+        const auto all = instructions.ofPlan(plan);
+        QCOMPARE(all.keys(), QStringList({ first, second }));
+        QCOMPARE(all.value(first).value(QStringLiteral("14")).toString(), QStringLiteral("300"));
+        QCOMPARE(all.value(first).value(QStringLiteral("38")).toString(), QStringLiteral("500"));
+        QCOMPARE(all.value(second), fields);
+        QCOMPARE(instructions.ofDay(plan, QDate(2024, 5, 7)).keys(), QStringList{ second });
+        QCOMPARE(instructions.ofPlan(other).size(), 0);
+    }
+
+    void anInstructionOfAnUnknownPlanIsRefused()
+    {
+        InstructionStore instructions(*m_database);
+        const QString plan = QStringLiteral("AP00000001");
+        QCOMPARE(instructions.add(plan, QDate(2024, 5, 6), {}).status(), Status(Error::UnknownPlan, { plan }));
+        QCOMPARE(instructions.update(plan, QStringLiteral("x"), {}),
+            Status(Error::UnknownInstruction, { QStringLiteral("x") }));
+        QCOMPARE(instructions.ofPlan(plan).size(), 0);
+    }
+
+    void accountsComeInTheOrderInWhichTheyWereGiven()
+    {
+        UserStore users(*m_database);
+        QCOMPARE(users.add({ QStringLiteral("u1"), QStringLiteral("林岫") }), Status());
+        addAccount(QStringLiteral("2"), QStringLiteral("C2"));
+        addAccount(QStringLiteral("1"), QStringLiteral("C1"));
+        AccountStore accounts(*m_database);
+        QCOMPARE(accounts.assign(QStringLiteral("u1"), QStringLiteral("2")), Status());
+        QCOMPARE(accounts.assign(QStringLiteral("u1"), QStringLiteral("1")), Status());
+        QVERIFY(!accounts.assign(QStringLiteral("nobody"), QStringLiteral("1")));
+
+        const QVector<StoredAccount> mine = accounts.accountsOf(QStringLiteral("u1"));
+        QCOMPARE(mine.size(), 2);
+        QCOMPARE(mine.at(0).tradingAccount, QStringLiteral("2"));
+        QCOMPARE(mine.at(1).tradingAccount, QStringLiteral("1"));
+        QCOMPARE(mine.at(0).exchangeAccounts.value(QStringLiteral("XSHG")), QStringLiteral("A1"));
+        QCOMPARE(accounts.account(QStringLiteral("1")).clientNo, QStringLiteral("C1"));
+        QCOMPARE(accounts.account(QStringLiteral("9")).tradingAccount, QString());
+        QCOMPARE(users.user(QStringLiteral("u1")).name, QStringLiteral("林岫"));
+        QCOMPARE(users.user(QStringLiteral("u2")).id, QString());
+        QCOMPARE(users.users().size(), 1);
+    }
+
+    void authoritiesAndRulesAreKeptPerUserAccountAndType()
+    {
+        const QString user = QStringLiteral("u1");
+        const QString account = QStringLiteral("1");
+        QVERIFY(UserStore(*m_database).add({ user, user }));
+        addAccount(account, QStringLiteral("C1"));
+        AuthorityStore authorities(*m_database);
+        QCOMPARE(authorities.grant(user, account, QStringLiteral("5")), Status());
+        QVERIFY(authorities.hasAuthority(user, account, QStringLiteral("5")));
+        QVERIFY(!authorities.hasAuthority(user, account, QStringLiteral("1")));
+        QVERIFY(!authorities.hasAuthority(QStringLiteral("u2"), account, QStringLiteral("5")));
+        QCOMPARE(authorities.ruleProperty(user, account, QStringLiteral("5")), 0);
+        QCOMPARE(authorities.setRuleProperty(user, account, QStringLiteral("5"), 1), Status());
+        QCOMPARE(authorities.ruleProperty(user, account, QStringLiteral("5")), 1);
+        QCOMPARE(authorities.ruleProperty(user, account, QStringLiteral("1")), 0);
+    }
+
+    void aChainKeepsItsOrderAndItsDuplicates()
+    {
+        const QString key = QStringLiteral("K");
+        const QStringList names{ QStringLiteral("乙"), QStringLiteral("甲"), QStringLiteral("乙") };
+        addAccount(QStringLiteral("1"), QStringLiteral("C1"));
+        AuthorityStore chains(*m_database);
+        QCOMPARE(chains.addChain(QStringLiteral("1"), QStringLiteral("5"), key), Status());
+        QCOMPARE(chains.addChainUsers(key, ChainRole::Forward, names), Status());
+        QCOMPARE(chains.chainKey(QStringLiteral("1"), QStringLiteral("5")), key);
+        QCOMPARE(chains.chainKey(QStringLiteral("1"), QStringLiteral("1")), QString());
+        QCOMPARE(chains.chainUsers(key, ChainRole::Forward), names);
+        QCOMPARE(chains.chainUsers(key, ChainRole::Execute), QStringList());
+        QVERIFY(!chains.addChainUsers(QStringLiteral("other"), ChainRole::Execute, names));
+    }
+
+    void aSignatureIsKeptWithTimeAndUser()
+    {
+        const QString protocol = QStringLiteral("reduce");
+        QVERIFY(UserStore(*m_database).add({ QStringLiteral("u1"), QStringLiteral("u1") }));
+        addAccount(QStringLiteral("1"), QStringLiteral("C1"));
+        addAccount(QStringLiteral("2"), QStringLiteral("C2"));
+        for (const QString& account : { QStringLiteral("1"), QStringLiteral("2") })
+            QVERIFY(AccountStore(*m_database).assign(QStringLiteral("u1"), account));
+        AgreementStore agreements(*m_database);
+        QCOMPARE(agreements.add({ protocol, QStringLiteral("标题"), QStringLiteral("正文") }), Status());
+        QCOMPARE(agreements.agreement(protocol).content, QStringLiteral("正文"));
+        QCOMPARE(agreements.unsignedClientNumbers(protocol, QStringLiteral("u1")),
+            QStringList({ QStringLiteral("C1"), QStringLiteral("C2") }));
+
+        QCOMPARE(agreements.sign(protocol, QStringLiteral("C1"), QStringLiteral("u1"), Morning), Status());
+        QCOMPARE(agreements.sign(protocol, QStringLiteral("C1"), QStringLiteral("u1"), Noon), Status());
+        QCOMPARE(agreements.signedTime(protocol, QStringLiteral("C1")), Morning);
+        QVERIFY(!agreements.signedTime(protocol, QStringLiteral("C2")).isValid());
+        QCOMPARE(agreements.unsignedClientNumbers(protocol, QStringLiteral("u1")), QStringList{ QStringLiteral("C2") });
+        QVERIFY(!agreements.sign(QStringLiteral("unknown"), QStringLiteral("C1"), QString(), Noon));
+    }
+
+    void positionsAreFoundByAccountAndSymbol()
+    {
+        addAccount(QStringLiteral("1"), QStringLiteral("C1"));
+        PositionStore positions(*m_database);
+        const QString symbol = QStringLiteral("600000.SH");
+        QCOMPARE(positions.set({ QStringLiteral("1"), QStringLiteral("A1"), symbol, 500, 300 }), Status());
+        QCOMPARE(positions.set({ QStringLiteral("1"), QStringLiteral("A2"), symbol, 7, 7 }), Status());
+        const auto found = positions.positions(QStringLiteral("1"), QStringLiteral("A1"), symbol);
+        QCOMPARE(found.size(), 1);
+        QCOMPARE(found.at(0).quantity, qint64(500));
+        QCOMPARE(found.at(0).tradeableQuantity, qint64(300));
+        QCOMPARE(positions.positions(QStringLiteral("1"), QString(), symbol).size(), 2);
+        QCOMPARE(positions.positions(QStringLiteral("1"), QStringLiteral("A1"), QStringLiteral("x")).size(), 0);
+    }
+
+    void aListForOneSecurityGoesBeforeTheGeneralOne()
+    {
+        StrategyStore strategies(*m_database);
+        const QString type = QStringLiteral("1");
+        const QString target = QStringLiteral("Q");
+        const QString symbol = QStringLiteral("600000.SH");
+        const QStringList general{ QStringLiteral("VWAP"), QStringLiteral("TWAP") };
+        const QStringList own{ QStringLiteral("SNIPER") };
+        QCOMPARE(strategies.setWhiteList(type, target, QString(), general), Status());
+        QCOMPARE(strategies.whiteList(type, target, symbol), general);
+        QCOMPARE(strategies.setWhiteList(type, target, symbol, own), Status());
+        QCOMPARE(strategies.whiteList(type, target, symbol), own);
+        QCOMPARE(strategies.whiteList(type, target, QStringLiteral("000001.SZ")), general);
+        QCOMPARE(strategies.whiteList(QStringLiteral("9"), target, symbol), QStringList());
+        QCOMPARE(strategies.blackList(target), QStringList());
+        QCOMPARE(strategies.setBlackList(target, own), Status());
+        QCOMPARE(strategies.setBlackList(target, general), Status());
+        QCOMPARE(strategies.blackList(target), general);
+    }
+
+    void textsReadBack()
+    {
+        StaticTextStore texts(*m_database);
+        QCOMPARE(texts.set(QStringLiteral("c"), QStringLiteral("k"), QStringLiteral("文")), Status());
+        QCOMPARE(texts.text(QStringLiteral("c"), QStringLiteral("k")), QStringLiteral("文"));
+        QCOMPARE(texts.text(QStringLiteral("c"), QStringLiteral("x"), QStringLiteral("缺省")), QStringLiteral("缺省"));
+    }
 
 private:
     QString path(const QString& name) const { return m_folder->filePath(name); }
-    void addAccount(const QString& number, const QString& clientNo);
+
+    void addAccount(const QString& number, const QString& clientNo)
+    {
+        const StoredAccount account{ number, QStringLiteral("F") + number, QStringLiteral("账户"), clientNo,
+            AccountAsset::ordinary, QStringLiteral("B001"), { { QStringLiteral("XSHG"), QStringLiteral("A1") } } };
+        QCOMPARE(AccountStore(*m_database).add(account), Status());
+    }
+
     /// Pages in the log. Pages that are already in the file count until the log is restarted.
-    int logFrames();
+    int logFrames()
+    {
+        QSqlQuery query = m_database->query(QStringLiteral("PRAGMA wal_checkpoint(PASSIVE)"));
+        return query.next() ? query.value(1).toInt() : -1;
+    }
 
     std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<Database> m_database;
 };
 
-void tst_database::init()
-{
-    m_folder = std::make_unique<QTemporaryDir>();
-    QVERIFY(m_folder->isValid());
-    m_database = std::make_unique<Database>();
-    QCOMPARE(m_database->open(path(QStringLiteral("plans.db"))), Status());
-}
-
-int tst_database::logFrames()
-{
-    QSqlQuery query = m_database->query(QStringLiteral("PRAGMA wal_checkpoint(PASSIVE)"));
-    return query.next() ? query.value(1).toInt() : -1;
-}
-
-void tst_database::cleanup()
-{
-    m_database.reset();
-    m_folder.reset();
-}
-
-void tst_database::addAccount(const QString& number, const QString& clientNo)
-{
-    const StoredAccount account{ number, QStringLiteral("F") + number, QStringLiteral("账户"), clientNo,
-        AccountAsset::ordinary, QStringLiteral("B001"), { { QStringLiteral("XSHG"), QStringLiteral("A1") } } };
-    QCOMPARE(AccountStore(*m_database).add(account), Status());
-}
-
-void tst_database::aNewFileIsCreatedWithItsFolder()
-{
-    const QString fileName = path(QStringLiteral("some/where/plans.db"));
-    Database database;
-    QCOMPARE(database.open(fileName), Status());
-    QVERIFY(database.isOpen());
-    QCOMPARE(database.fileName(), fileName);
-    QVERIFY(QFile::exists(fileName));
-}
-
-void tst_database::theConnectionIsDurableAndStrict()
-{
-    const auto value = [this](const QString& statement) {
-        QSqlQuery query = m_database->query(statement);
-        return query.next() ? query.value(0).toString() : QString();
-    };
-    QCOMPARE(value(QStringLiteral("PRAGMA journal_mode")), QStringLiteral("wal"));
-    QCOMPARE(value(QStringLiteral("PRAGMA synchronous")), QStringLiteral("2"));
-    QCOMPARE(value(QStringLiteral("PRAGMA foreign_keys")), QStringLiteral("1"));
-    QCOMPARE(value(QStringLiteral("PRAGMA user_version")), QString::number(Schema::latestVersion()));
-    QCOMPARE(value(QStringLiteral("SELECT count(*) FROM pragma_table_list"
-                                  " WHERE schema = 'main' AND name NOT LIKE 'sqlite%' AND NOT strict")),
-        QStringLiteral("0"));
-    QVERIFY(!m_database->execute(
-        QStringLiteral("INSERT INTO users VALUES (?, ?)"), { QByteArray("\x01"), QStringLiteral("name") }));
-}
-
-void tst_database::aReopenedFileKeepsItsPlans()
-{
-    const QString id = *PlanStore(*m_database, OtherParamKey).create(sampleRecord(), QStringLiteral("u"), Morning);
-    m_database->close();
-    QVERIFY(!m_database->isOpen());
-    QCOMPARE(m_database->fileName(), QString());
-    QCOMPARE(m_database->open(path(QStringLiteral("plans.db"))), Status());
-    QCOMPARE(PlanStore(*m_database, OtherParamKey).record(id), sampleRecord());
-}
-
-void tst_database::anOlderSchemaIsMigratedWithItsPlans()
-{
-    const QString fileName = path(QStringLiteral("old.db"));
-    QVERIFY(makeVersionOne(fileName));
-    Database database;
-    QCOMPARE(database.open(fileName), Status());
-    const StoredPlan plan = PlanStore(database, OtherParamKey).plan(PlanId::fromNumber(1));
-    QCOMPARE(plan.version, 3);
-    QCOMPARE(plan.created, QDateTime(QDate(2023, 12, 1), QTime(10, 0)));
-    QCOMPARE(plan.changed, plan.created);
-    QCOMPARE(plan.record.value(QStringLiteral("symbol")).toString(), QStringLiteral("000001.SZ"));
-    database.close();
-    RawFile raw(fileName);
-    QCOMPARE(raw.value(QStringLiteral("PRAGMA user_version")).toInt(), Schema::latestVersion());
-    QCOMPARE(raw.value(QStringLiteral("SELECT count(*) FROM sqlite_master WHERE name = 'trade_days'")).toInt(), 0);
-}
-
-void tst_database::aMigrationThatFailsLeavesTheOldSchema()
-{
-    const QString fileName = path(QStringLiteral("old.db"));
-    QVERIFY(makeVersionOne(fileName));
-    QVERIFY(RawFile(fileName).run(QStringLiteral("ALTER TABLE plans ADD COLUMN changed_time TEXT")));
-    Database database;
-    const Status status = database.open(fileName);
-    QCOMPARE(status.error(), Error::CannotOpenDatabase);
-    QCOMPARE(status.cause().error(), Error::MigrationFailed);
-    QCOMPARE(status.cause().cause().error(), Error::DatabaseFailed);
-    QVERIFY(!database.isOpen());
-    RawFile raw(fileName);
-    QCOMPARE(raw.value(QStringLiteral("PRAGMA user_version")).toInt(), 1);
-    QCOMPARE(raw.value(QStringLiteral("SELECT count(*) FROM plans")).toInt(), 1);
-}
-
-void tst_database::aNewerSchemaIsRefusedAndLeftAsItIs()
-{
-    const QString fileName = path(QStringLiteral("newer.db"));
-    QVERIFY(makeVersionOne(fileName));
-    QVERIFY(RawFile(fileName).run(QStringLiteral("PRAGMA user_version = 99")));
-    const QByteArray before = contentOf(fileName);
-    Database database;
-    const Status newer(Error::NewerDatabase, { QStringLiteral("99"), QString::number(Schema::latestVersion()) });
-    QCOMPARE(database.open(fileName), cannotOpen(fileName, newer));
-    QVERIFY(!database.isOpen());
-    QCOMPARE(contentOf(fileName), before);
-}
-
-void tst_database::aFileThatCannotBeOpenedIsRefused_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<Status>("cause");
-    QTest::newRow("no name") << QString() << Status(Error::NoDatabaseFile);
-    QTest::newRow("a folder") << QStringLiteral("folder") << Status(Error::DatabaseIsFolder);
-    QTest::newRow("a text") << QStringLiteral("text") << Status(Error::NotADatabase);
-    QTest::newRow("below a file") << QStringLiteral("text/plans.db") << Status(Error::CannotCreateFolder);
-}
-
-void tst_database::aFileThatCannotBeOpenedIsRefused()
-{
-    QFETCH(QString, name);
-    QFETCH(Status, cause);
-    const QByteArray text = QByteArray("这是一篇文章，不是数据库。").repeated(100);
-    QVERIFY(writeFile(path(QStringLiteral("text")), text));
-    QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("folder")));
-    const QString fileName = name.isEmpty() ? QString() : path(name);
-    Database database;
-    QCOMPARE(database.open(fileName), cannotOpen(fileName, cause));
-    QVERIFY(!database.isOpen());
-    QCOMPARE(contentOf(path(QStringLiteral("text"))), text);
-}
-
-void tst_database::aFileOfAnotherProgramIsRefusedAndLeftAsItIs()
-{
-    const QString fileName = path(QStringLiteral("foreign.db"));
-    QVERIFY(RawFile(fileName).run(QStringLiteral("CREATE TABLE plans (name TEXT)")));
-    const QByteArray before = contentOf(fileName);
-    Database database;
-    QCOMPARE(database.open(fileName), cannotOpen(fileName, Error::ForeignDatabase));
-    QCOMPARE(contentOf(fileName), before);
-}
-
-void tst_database::aDamagedFileIsRefusedAndLeftAsItIs()
-{
-    PlanStore plans(*m_database, OtherParamKey);
-    for (int i = 0; i < 500; ++i)
-        QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
-    m_database->close();
-    const QString fileName = path(QStringLiteral("damaged.db"));
-    QByteArray content = contentOf(path(QStringLiteral("plans.db")));
-    const int pageSize = 4096;
-    QVERIFY(content.size() > 20 * pageSize);
-    content.replace(8 * pageSize, content.size() - 8 * pageSize, QByteArray(content.size() - 8 * pageSize, '\x5a'));
-    QVERIFY(writeFile(fileName, content));
-    Database database;
-    QCOMPARE(database.open(fileName), cannotOpen(fileName, Error::DatabaseCorrupt));
-    QCOMPARE(contentOf(fileName), content);
-}
-
-void tst_database::aLockedFileIsToldWithinASecond()
-{
-    Database other;
-    QCOMPARE(other.open(path(QStringLiteral("plans.db"))), Status());
-    QCOMPARE(other.execute(QStringLiteral("BEGIN IMMEDIATE")), Status());
-    QElapsedTimer timer;
-    timer.start();
-    const auto created = PlanStore(*m_database, OtherParamKey).create(sampleRecord(), QStringLiteral("u"), Morning);
-    QCOMPARE(created.status(), Status(Error::DatabaseBusy));
-    QVERIFY(timer.elapsed() < 3000);
-    QCOMPARE(other.execute(QStringLiteral("ROLLBACK")), Status());
-    QVERIFY(PlanStore(*m_database, OtherParamKey).create(sampleRecord(), QStringLiteral("u"), Morning));
-}
-
-void tst_database::aTransactionThatGivesAReasonLeavesNothing()
-{
-    PlanStore plans(*m_database, OtherParamKey);
-    const Status changedMind(Error::UnknownPlan, { QStringLiteral("changed my mind") });
-    const Status status = m_database->transaction([&] {
-        const auto created = plans.create(sampleRecord(), QStringLiteral("u"), Morning);
-        return created ? changedMind : created.status();
-    });
-    QCOMPARE(status, changedMind);
-    QCOMPARE(plans.count(), 0);
-}
-
-void tst_database::theLogIsBegunAheadOfTheFirstTransaction()
-{
-    m_database->close();
-    QCOMPARE(m_database->open(path(QStringLiteral("plans.db"))), Status());
-    QCOMPARE(logFrames(), 0);
-    m_database->prepareWal();
-    QCOMPARE(logFrames(), 1);
-    m_database->prepareWal();
-    QCOMPARE(logFrames(), 1);
-    QCOMPARE(PlanStore(*m_database, OtherParamKey).count(), 0);
-}
-
-void tst_database::aLongLogIsMovedWhenNobodyWaits()
-{
-    PlanStore plans(*m_database, OtherParamKey);
-    for (int i = 0; i < 60; ++i)
-        QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
-    QVERIFY(logFrames() > 60);
-    Database other;
-    QCOMPARE(other.open(path(QStringLiteral("plans.db"))), Status());
-    QCOMPARE(other.execute(QStringLiteral("BEGIN IMMEDIATE")), Status());
-    QElapsedTimer timer;
-    timer.start();
-    m_database->prepareWal();
-    QVERIFY2(timer.elapsed() < 800, "waited for the other client's transaction");
-    QCOMPARE(other.execute(QStringLiteral("ROLLBACK")), Status());
-    m_database->prepareWal();
-    QCOMPARE(logFrames(), 1);
-    QCOMPARE(plans.count(), 60);
-    QCOMPARE(PlanStore(other, OtherParamKey).count(), 60);
-}
-
-void tst_database::beginningTheLogKeepsTheVersionOfTheFile()
-{
-    // A newer program has migrated the file in the meantime.
-    QCOMPARE(m_database->execute(QStringLiteral("PRAGMA user_version = 99")), Status());
-    for (int i = 0; i < 50; ++i)
-        QCOMPARE(m_database->transaction([] { return Status(); }), Status());
-    m_database->prepareWal();
-    QCOMPARE(logFrames(), 1);
-    QSqlQuery version = m_database->query(QStringLiteral("PRAGMA user_version"));
-    QVERIFY(version.next());
-    QCOMPARE(version.value(0).toInt(), 99);
-}
-
-void tst_database::theMarkOfTheContentsIsNotToldWithinATransaction()
-{
-    const QString before = m_database->changeToken();
-    QVERIFY(!before.isEmpty());
-    QCOMPARE(m_database->changeToken(), before);
-    QString within = QStringLiteral("not asked");
-    QVERIFY(m_database->transaction([&] {
-        within = m_database->changeToken();
-        return Status();
-    }));
-    QCOMPARE(within, QString());
-    QVERIFY(PlanStore(*m_database, OtherParamKey).create(sampleRecord(), QStringLiteral("u"), Morning));
-    QVERIFY(m_database->changeToken() != before);
-}
-
-void tst_database::aWorkerThreadReadsWithAnObjectOfItsOwn()
-{
-    QVERIFY(PlanStore(*m_database, OtherParamKey).create(sampleRecord(), QStringLiteral("u"), Morning));
-    Status opened = Error::DatabaseNotOpen;
-    int count = 0;
-    const std::unique_ptr<QThread> worker(QThread::create([&] {
-        Database database;
-        opened = database.open(path(QStringLiteral("plans.db")));
-        count = PlanStore(database, OtherParamKey).count();
-    }));
-    worker->start();
-    QVERIFY(worker->wait(10000));
-    QCOMPARE(opened, Status());
-    QCOMPARE(count, 1);
-}
-
-void tst_database::aClosedDatabaseGivesAReason()
-{
-    m_database->close();
-    PlanStore plans(*m_database, OtherParamKey);
-    QVERIFY(!plans.create(sampleRecord(), QStringLiteral("u"), Morning));
-    QCOMPARE(plans.count(), 0);
-    QVERIFY(plans.page(0, 10).isEmpty());
-}
-
-void tst_database::anIdIsTakenOnlyAsItIsWritten_data()
-{
-    QTest::addColumn<QString>("id");
-    QTest::addColumn<qint64>("number");
-    QTest::newRow("the first plan") << QStringLiteral("AP00000001") << qint64(1);
-    QTest::newRow("more than eight digits") << QStringLiteral("AP123456789") << qint64(123456789);
-    QTest::newRow("too few zeros") << QStringLiteral("AP1") << qint64(0);
-    QTest::newRow("lower case") << QStringLiteral("ap00000001") << qint64(0);
-    QTest::newRow("a sign") << QStringLiteral("AP+0000001") << qint64(0);
-    QTest::newRow("zero") << QStringLiteral("AP00000000") << qint64(0);
-    QTest::newRow("too large") << QStringLiteral("AP99999999999999999999") << qint64(0);
-    QTest::newRow("empty") << QString() << qint64(0);
-}
-
-void tst_database::anIdIsTakenOnlyAsItIsWritten()
-{
-    QFETCH(QString, id);
-    QFETCH(qint64, number);
-    QCOMPARE(PlanId::toNumber(id).value_or(0), number);
-}
-
-void tst_database::aCreatedPlanReadsBackAsItWas()
-{
-    PlanStore plans(*m_database, OtherParamKey);
-    const auto created = plans.create(sampleRecord(), QStringLiteral("trader01"), Morning);
-    QCOMPARE(created.status(), Status());
-    const StoredPlan plan = plans.plan(*created);
-    QCOMPARE(plan.id, *created);
-    QCOMPARE(plan.version, 1);
-    QCOMPARE(plan.creator, QStringLiteral("trader01"));
-    QCOMPARE(plan.created, Morning);
-    QCOMPARE(plan.changed, Morning);
-    QCOMPARE(plan.record, sampleRecord());
-    for (const QVariant& value : plan.record)
-        QCOMPARE(value.userType(), int(QMetaType::QString));
-}
-
-void tst_database::aPlanWithoutOtherParametersHasNoSuchKey()
-{
-    PlanStore plans(*m_database, OtherParamKey);
-    PlanStore::Record record = sampleRecord();
-    record.remove(OtherParamKey);
-    const QString id = *plans.create(record, QString(), Morning);
-    QVERIFY(!plans.record(id).contains(OtherParamKey));
-    record.insert(OtherParamKey, QString());
-    QCOMPARE(plans.modify(id, record, Noon), Status());
-    QVERIFY(plans.record(id).contains(OtherParamKey));
-}
-
-void tst_database::idsAreNewAndAscending()
-{
-    PlanStore plans(*m_database, OtherParamKey);
-    const QString first = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
-    QCOMPARE(m_database->execute(QStringLiteral("DELETE FROM plans")), Status());
-    const QString second = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
-    QCOMPARE(first, QStringLiteral("AP00000001"));
-    QCOMPARE(second, QStringLiteral("AP00000002"));
-    QCOMPARE(plans.record(first), PlanStore::Record());
-}
-
-void tst_database::aRecordThatIsNotTextIsRefusedWhole()
-{
-    PlanStore plans(*m_database, OtherParamKey);
-    PlanStore::Record record = sampleRecord();
-    record.insert(QStringLiteral("totalQty"), 100.0);
-    const auto created = plans.create(record, QStringLiteral("u"), Morning);
-    QCOMPARE(created.status(), Status(Error::FieldNotText, { QStringLiteral("totalQty") }));
-    QCOMPARE(plans.count(), 0);
-}
-
-void tst_database::anEmptyRecordIsRefused()
-{
-    PlanStore plans(*m_database, OtherParamKey);
-    QCOMPARE(plans.create({}, QStringLiteral("u"), Morning).status(), Status(Error::EmptyPlan));
-    QCOMPARE(plans.count(), 0);
-}
-
-void tst_database::aModifiedPlanCountsItsVersionUp()
-{
-    PlanStore plans(*m_database, OtherParamKey);
-    const QString id = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
-    const PlanStore::Record changed{ { QStringLiteral("symbol"), QStringLiteral("000001.SZ") } };
-    QCOMPARE(plans.modify(id, changed, Noon), Status());
-    const StoredPlan plan = plans.plan(id);
-    QCOMPARE(plan.version, 2);
-    QCOMPARE(plan.record, changed);
-    QCOMPARE(plan.created, Morning);
-    QCOMPARE(plan.changed, Noon);
-}
-
-void tst_database::aModificationThatFailsLeavesThePlan()
-{
-    PlanStore plans(*m_database, OtherParamKey);
-    const QString id = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
-    QCOMPARE(m_database->execute(QStringLiteral("CREATE TRIGGER no_remark BEFORE INSERT ON plan_fields"
-                                                " WHEN NEW.value = 'bad' BEGIN SELECT RAISE(ABORT, 'no'); END")),
-        Status());
-    PlanStore::Record changed = sampleRecord();
-    changed.insert(QStringLiteral("symbol"), QStringLiteral("bad"));
-    QVERIFY(!plans.modify(id, changed, Noon));
-    QCOMPARE(plans.plan(id).version, 1);
-    QCOMPARE(plans.record(id), sampleRecord());
-}
-
-void tst_database::anUnknownPlanCannotBeModified()
-{
-    PlanStore plans(*m_database, OtherParamKey);
-    for (const QString& id : { QStringLiteral("AP00000007"), QStringLiteral("nonsense"), QString() })
-        QCOMPARE(plans.modify(id, sampleRecord(), Noon), Status(Error::UnknownPlan, { id }));
-    QCOMPARE(plans.count(), 0);
-    QCOMPARE(plans.plan(QStringLiteral("AP00000007")).id, QString());
-}
-
-void tst_database::pagesShowTheNewestPlansFirst()
-{
-    PlanStore plans(*m_database, OtherParamKey);
-    for (int i = 0; i < 5; ++i)
-        QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
-    QCOMPARE(plans.count(), 5);
-    const QVector<StoredPlan> page = plans.page(1, 2);
-    QCOMPARE(page.size(), 2);
-    QCOMPARE(page.at(0).id, QStringLiteral("AP00000004"));
-    QCOMPARE(page.at(1).id, QStringLiteral("AP00000003"));
-    QCOMPARE(page.at(0).record, sampleRecord());
-    QCOMPARE(plans.page(4, 10).size(), 1);
-    QCOMPARE(plans.page(5, 10).size(), 0);
-    QCOMPARE(plans.page(-1, 10).size(), 0);
-    QCOMPARE(plans.page(0, 0).size(), 0);
-}
-
-void tst_database::plansOfAPeriodIncludeItsFirstAndLastDay()
-{
-    PlanStore plans(*m_database, OtherParamKey);
-    const QString begin = QStringLiteral("begin");
-    const QString end = QStringLiteral("end");
-    const PlanStore::Record period{ { begin, QStringLiteral("2024-05-06") }, { end, QStringLiteral("2024-05-08") } };
-    const QString id = *plans.create(period, QStringLiteral("u"), Morning);
-    QCOMPARE(plans.idsOfPeriod(begin, end, QDate(2024, 5, 5)), QStringList());
-    QCOMPARE(plans.idsOfPeriod(begin, end, QDate(2024, 5, 6)), QStringList{ id });
-    QCOMPARE(plans.idsOfPeriod(begin, end, QDate(2024, 5, 8)), QStringList{ id });
-    QCOMPARE(plans.idsOfPeriod(begin, end, QDate(2024, 5, 9)), QStringList());
-}
-
-void tst_database::anOtherParameterTextOfAMegabyteReadsBack()
-{
-    PlanStore plans(*m_database, OtherParamKey);
-    PlanStore::Record record = sampleRecord();
-    record.insert(OtherParamKey, QString(1 << 20, QChar(u'数')));
-    const QString id = *plans.create(record, QStringLiteral("u"), Morning);
-    QCOMPARE(plans.record(id), record);
-}
-
-void tst_database::instructionsBelongToTheirPlanAndDay()
-{
-    PlanStore plans(*m_database, OtherParamKey);
-    InstructionStore instructions(*m_database);
-    const QString plan = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
-    const QString other = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
-    const InstructionStore::Fields fields{ { QStringLiteral("14"), QStringLiteral("0") },
-        { QStringLiteral("38"), QStringLiteral("500") } };
-    const QString first = *instructions.add(plan, QDate(2024, 5, 6), fields);
-    const QString second = *instructions.add(plan, QDate(2024, 5, 7), fields);
-    QVERIFY(first < second);
-    QCOMPARE(instructions.update(plan, first, { { QStringLiteral("14"), QStringLiteral("300") } }), Status());
-
-    const auto all = instructions.ofPlan(plan);
-    QCOMPARE(all.keys(), QStringList({ first, second }));
-    QCOMPARE(all.value(first).value(QStringLiteral("14")).toString(), QStringLiteral("300"));
-    QCOMPARE(all.value(first).value(QStringLiteral("38")).toString(), QStringLiteral("500"));
-    QCOMPARE(all.value(second), fields);
-    QCOMPARE(instructions.ofDay(plan, QDate(2024, 5, 7)).keys(), QStringList{ second });
-    QCOMPARE(instructions.ofPlan(other).size(), 0);
-}
-
-void tst_database::anInstructionOfAnUnknownPlanIsRefused()
-{
-    InstructionStore instructions(*m_database);
-    const QString plan = QStringLiteral("AP00000001");
-    QCOMPARE(instructions.add(plan, QDate(2024, 5, 6), {}).status(), Status(Error::UnknownPlan, { plan }));
-    QCOMPARE(
-        instructions.update(plan, QStringLiteral("x"), {}), Status(Error::UnknownInstruction, { QStringLiteral("x") }));
-    QCOMPARE(instructions.ofPlan(plan).size(), 0);
-}
-
-void tst_database::accountsComeInTheOrderInWhichTheyWereGiven()
-{
-    UserStore users(*m_database);
-    QCOMPARE(users.add({ QStringLiteral("u1"), QStringLiteral("林岫") }), Status());
-    addAccount(QStringLiteral("2"), QStringLiteral("C2"));
-    addAccount(QStringLiteral("1"), QStringLiteral("C1"));
-    AccountStore accounts(*m_database);
-    QCOMPARE(accounts.assign(QStringLiteral("u1"), QStringLiteral("2")), Status());
-    QCOMPARE(accounts.assign(QStringLiteral("u1"), QStringLiteral("1")), Status());
-    QVERIFY(!accounts.assign(QStringLiteral("nobody"), QStringLiteral("1")));
-
-    const QVector<StoredAccount> mine = accounts.accountsOf(QStringLiteral("u1"));
-    QCOMPARE(mine.size(), 2);
-    QCOMPARE(mine.at(0).tradingAccount, QStringLiteral("2"));
-    QCOMPARE(mine.at(1).tradingAccount, QStringLiteral("1"));
-    QCOMPARE(mine.at(0).exchangeAccounts.value(QStringLiteral("XSHG")), QStringLiteral("A1"));
-    QCOMPARE(accounts.account(QStringLiteral("1")).clientNo, QStringLiteral("C1"));
-    QCOMPARE(accounts.account(QStringLiteral("9")).tradingAccount, QString());
-    QCOMPARE(users.user(QStringLiteral("u1")).name, QStringLiteral("林岫"));
-    QCOMPARE(users.user(QStringLiteral("u2")).id, QString());
-    QCOMPARE(users.users().size(), 1);
-}
-
-void tst_database::authoritiesAndRulesAreKeptPerUserAccountAndType()
-{
-    const QString user = QStringLiteral("u1");
-    const QString account = QStringLiteral("1");
-    QVERIFY(UserStore(*m_database).add({ user, user }));
-    addAccount(account, QStringLiteral("C1"));
-    AuthorityStore authorities(*m_database);
-    QCOMPARE(authorities.grant(user, account, QStringLiteral("5")), Status());
-    QVERIFY(authorities.hasAuthority(user, account, QStringLiteral("5")));
-    QVERIFY(!authorities.hasAuthority(user, account, QStringLiteral("1")));
-    QVERIFY(!authorities.hasAuthority(QStringLiteral("u2"), account, QStringLiteral("5")));
-    QCOMPARE(authorities.ruleProperty(user, account, QStringLiteral("5")), 0);
-    QCOMPARE(authorities.setRuleProperty(user, account, QStringLiteral("5"), 1), Status());
-    QCOMPARE(authorities.ruleProperty(user, account, QStringLiteral("5")), 1);
-    QCOMPARE(authorities.ruleProperty(user, account, QStringLiteral("1")), 0);
-}
-
-void tst_database::aChainKeepsItsOrderAndItsDuplicates()
-{
-    const QString key = QStringLiteral("K");
-    const QStringList names{ QStringLiteral("乙"), QStringLiteral("甲"), QStringLiteral("乙") };
-    addAccount(QStringLiteral("1"), QStringLiteral("C1"));
-    AuthorityStore chains(*m_database);
-    QCOMPARE(chains.addChain(QStringLiteral("1"), QStringLiteral("5"), key), Status());
-    QCOMPARE(chains.addChainUsers(key, ChainRole::Forward, names), Status());
-    QCOMPARE(chains.chainKey(QStringLiteral("1"), QStringLiteral("5")), key);
-    QCOMPARE(chains.chainKey(QStringLiteral("1"), QStringLiteral("1")), QString());
-    QCOMPARE(chains.chainUsers(key, ChainRole::Forward), names);
-    QCOMPARE(chains.chainUsers(key, ChainRole::Execute), QStringList());
-    QVERIFY(!chains.addChainUsers(QStringLiteral("other"), ChainRole::Execute, names));
-}
-
-void tst_database::aSignatureIsKeptWithTimeAndUser()
-{
-    const QString protocol = QStringLiteral("reduce");
-    QVERIFY(UserStore(*m_database).add({ QStringLiteral("u1"), QStringLiteral("u1") }));
-    addAccount(QStringLiteral("1"), QStringLiteral("C1"));
-    addAccount(QStringLiteral("2"), QStringLiteral("C2"));
-    for (const QString& account : { QStringLiteral("1"), QStringLiteral("2") })
-        QVERIFY(AccountStore(*m_database).assign(QStringLiteral("u1"), account));
-    AgreementStore agreements(*m_database);
-    QCOMPARE(agreements.add({ protocol, QStringLiteral("标题"), QStringLiteral("正文") }), Status());
-    QCOMPARE(agreements.agreement(protocol).content, QStringLiteral("正文"));
-    QCOMPARE(agreements.unsignedClientNumbers(protocol, QStringLiteral("u1")),
-        QStringList({ QStringLiteral("C1"), QStringLiteral("C2") }));
-
-    QCOMPARE(agreements.sign(protocol, QStringLiteral("C1"), QStringLiteral("u1"), Morning), Status());
-    QCOMPARE(agreements.sign(protocol, QStringLiteral("C1"), QStringLiteral("u1"), Noon), Status());
-    QCOMPARE(agreements.signedTime(protocol, QStringLiteral("C1")), Morning);
-    QVERIFY(!agreements.signedTime(protocol, QStringLiteral("C2")).isValid());
-    QCOMPARE(agreements.unsignedClientNumbers(protocol, QStringLiteral("u1")), QStringList{ QStringLiteral("C2") });
-    QVERIFY(!agreements.sign(QStringLiteral("unknown"), QStringLiteral("C1"), QString(), Noon));
-}
-
-void tst_database::positionsAreFoundByAccountAndSymbol()
-{
-    addAccount(QStringLiteral("1"), QStringLiteral("C1"));
-    PositionStore positions(*m_database);
-    const QString symbol = QStringLiteral("600000.SH");
-    QCOMPARE(positions.set({ QStringLiteral("1"), QStringLiteral("A1"), symbol, 500, 300 }), Status());
-    QCOMPARE(positions.set({ QStringLiteral("1"), QStringLiteral("A2"), symbol, 7, 7 }), Status());
-    const auto found = positions.positions(QStringLiteral("1"), QStringLiteral("A1"), symbol);
-    QCOMPARE(found.size(), 1);
-    QCOMPARE(found.at(0).quantity, qint64(500));
-    QCOMPARE(found.at(0).tradeableQuantity, qint64(300));
-    QCOMPARE(positions.positions(QStringLiteral("1"), QString(), symbol).size(), 2);
-    QCOMPARE(positions.positions(QStringLiteral("1"), QStringLiteral("A1"), QStringLiteral("x")).size(), 0);
-}
-
-void tst_database::aListForOneSecurityGoesBeforeTheGeneralOne()
-{
-    StrategyStore strategies(*m_database);
-    const QString type = QStringLiteral("1");
-    const QString target = QStringLiteral("Q");
-    const QString symbol = QStringLiteral("600000.SH");
-    const QStringList general{ QStringLiteral("VWAP"), QStringLiteral("TWAP") };
-    const QStringList own{ QStringLiteral("SNIPER") };
-    QCOMPARE(strategies.setWhiteList(type, target, QString(), general), Status());
-    QCOMPARE(strategies.whiteList(type, target, symbol), general);
-    QCOMPARE(strategies.setWhiteList(type, target, symbol, own), Status());
-    QCOMPARE(strategies.whiteList(type, target, symbol), own);
-    QCOMPARE(strategies.whiteList(type, target, QStringLiteral("000001.SZ")), general);
-    QCOMPARE(strategies.whiteList(QStringLiteral("9"), target, symbol), QStringList());
-    QCOMPARE(strategies.blackList(target), QStringList());
-    QCOMPARE(strategies.setBlackList(target, own), Status());
-    QCOMPARE(strategies.setBlackList(target, general), Status());
-    QCOMPARE(strategies.blackList(target), general);
-}
-
-void tst_database::textsReadBack()
-{
-    StaticTextStore texts(*m_database);
-    QCOMPARE(texts.set(QStringLiteral("c"), QStringLiteral("k"), QStringLiteral("文")), Status());
-    QCOMPARE(texts.text(QStringLiteral("c"), QStringLiteral("k")), QStringLiteral("文"));
-    QCOMPARE(texts.text(QStringLiteral("c"), QStringLiteral("x"), QStringLiteral("缺省")), QStringLiteral("缺省"));
-}
-
-QTEST_GUILESS_MAIN(tst_database)
+QTEST_GUILESS_MAIN(DatabaseTest)
 #include "tst_database.moc"

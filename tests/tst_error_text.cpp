@@ -307,49 +307,41 @@ class ErrorTextTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void everyFailureHasItsSentence_data();
-    void everyFailureHasItsSentence();
-    void successHasNoSentence();
-    void aPlaceholderInADetailStaysAsItIs();
+    void everyFailureHasItsSentence_data()
+    {
+        QTest::addColumn<Status>("status");
+        QTest::addColumn<QString>("sentence");
+        addDatabaseRows();
+        addSampleRows();
+        addSessionRows();
+        addCalendarRows();
+        addPlanRows();
+        addPlanValueRows();
+        addIssuingRows();
+        addProgramRows();
+        addFormulaRows();
+        addStrategyFileRows();
+        addStrategyRows();
+        addValueRows();
+        addChoiceRows();
+        addInputRows();
+    }
+
+    void everyFailureHasItsSentence()
+    {
+        QFETCH(Status, status);
+        QTEST(errorText(status), "sentence");
+    }
+
+    void successHasNoSentence() { QCOMPARE(errorText(Status()), QString()); }
+
+    void aPlaceholderInADetailStaysAsItIs()
+    {
+        const Status unknown(Error::UnknownName, { QStringLiteral("%1") });
+        QCOMPARE(errorText({ Error::FormulaErrorAt, { QStringLiteral("2") }, unknown }),
+            QStringLiteral("未知的名称“%1”（第2个字符）"));
+    }
 };
-
-void ErrorTextTest::everyFailureHasItsSentence_data()
-{
-    QTest::addColumn<Status>("status");
-    QTest::addColumn<QString>("sentence");
-    addDatabaseRows();
-    addSampleRows();
-    addSessionRows();
-    addCalendarRows();
-    addPlanRows();
-    addPlanValueRows();
-    addIssuingRows();
-    addProgramRows();
-    addFormulaRows();
-    addStrategyFileRows();
-    addStrategyRows();
-    addValueRows();
-    addChoiceRows();
-    addInputRows();
-}
-
-void ErrorTextTest::everyFailureHasItsSentence()
-{
-    QFETCH(Status, status);
-    QTEST(errorText(status), "sentence");
-}
-
-void ErrorTextTest::successHasNoSentence()
-{
-    QCOMPARE(errorText(Status()), QString());
-}
-
-void ErrorTextTest::aPlaceholderInADetailStaysAsItIs()
-{
-    const Status unknown(Error::UnknownName, { QStringLiteral("%1") });
-    QCOMPARE(errorText({ Error::FormulaErrorAt, { QStringLiteral("2") }, unknown }),
-        QStringLiteral("未知的名称“%1”（第2个字符）"));
-}
 
 QTEST_GUILESS_MAIN(ErrorTextTest)
 #include "tst_error_text.moc"

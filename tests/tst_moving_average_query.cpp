@@ -1,7 +1,7 @@
 #include "AutoPlanLogic.h"
 #include "ClientSession.h"
 #include "Kelvo_Values.h"
-#include "LogCatcher.h"
+#include "LoggedTest.h"
 #include "MovingAverages.h"
 #include "SampleSession.h"
 #include "TestStatus.h"
@@ -35,142 +35,119 @@ QString share()
 
 } // namespace
 
-class TestMovingAverageQuery : public QObject {
+class MovingAverageQueryTest : public LoggedTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { m_log = std::make_unique<LogCatcher>(); }
-    void cleanup();
+    void aSecurityWithAFullYearOfClosesHasEveryAverage()
+    {
+        const SampleSession session;
+        QCOMPARE(session.opened(), Status());
+        Answers answers;
+        ask(share());
+        QVERIFY(answers.await());
+        QCOMPARE(answers.spy.count(), 1);
+        QCOMPARE(answers.symbol(0), share());
+        QCOMPARE(answers.reason(0), QString());
+        QCOMPARE(answers.names(0), MovingAverages::names());
+    }
 
-    void aSecurityWithAFullYearOfClosesHasEveryAverage();
-    void anAnswerArrivesAfterTheQueryHasReturned();
-    void theAnswerIsEmittedFromAnotherThread();
-    void answersArriveInTheOrderOfTheQueries();
-    void anUnknownSecurityIsAnsweredWithAReason();
-    void aSecurityWithoutClosesHasNoAverageAndNoReason();
-    void aSessionThatIsClosedAnswersWithAReason();
-    void anUnfinishedAnswerIsDroppedWhenTheSessionCloses();
-    void theNextSessionAnswersAgain();
+    void anAnswerArrivesAfterTheQueryHasReturned()
+    {
+        const SampleSession session;
+        Answers answers;
+        // For a security with closes the worker thread answers at any time; this answer does not need that thread.
+        ask(QStringLiteral("999999.SH"));
+        QCOMPARE(answers.spy.count(), 0);
+        QTRY_COMPARE_WITH_TIMEOUT(answers.spy.count(), 1, Patience);
+    }
 
-private:
-    std::unique_ptr<LogCatcher> m_log;
+    void theAnswerIsEmittedFromAnotherThread()
+    {
+        const SampleSession session;
+        std::atomic<QThread*> emitter{ nullptr };
+        QObject receiver;
+        connect(
+            &AutoPlanLogic::instance(), &AutoPlanLogic::signalQuerySymbolMAResponse, &receiver,
+            [&emitter] { emitter = QThread::currentThread(); }, Qt::DirectConnection);
+        ask(share());
+        QTRY_VERIFY_WITH_TIMEOUT(emitter != nullptr, Patience);
+        QVERIFY(emitter != QThread::currentThread());
+    }
+
+    void answersArriveInTheOrderOfTheQueries()
+    {
+        const SampleSession session;
+        const QString bond = SampleSession::symbolOf(QStringLiteral("bond-treasury"), QString());
+        QVERIFY(!bond.isEmpty());
+        Answers answers;
+        ask(share());
+        ask(bond);
+        ask(share());
+        QTRY_COMPARE_WITH_TIMEOUT(answers.spy.count(), 3, Patience);
+        QCOMPARE(answers.symbol(0), share());
+        QCOMPARE(answers.symbol(1), bond);
+        QCOMPARE(answers.symbol(2), share());
+    }
+
+    void anUnknownSecurityIsAnsweredWithAReason()
+    {
+        const SampleSession session;
+        Answers answers;
+        ask(QStringLiteral("999999.SH"));
+        QVERIFY(answers.await());
+        QCOMPARE(answers.names(0), QStringList());
+        QCOMPARE(answers.reason(0), errorText({ Error::UnknownSecurity, { QStringLiteral("999999.SH") } }));
+    }
+
+    void aSecurityWithoutClosesHasNoAverageAndNoReason()
+    {
+        const SampleSession session;
+        QCOMPARE(ClientSession::instance().database().execute(QStringLiteral("DELETE FROM closing_prices")), Status());
+        Answers answers;
+        ask(share());
+        QVERIFY(answers.await());
+        QCOMPARE(answers.names(0), QStringList());
+        QCOMPARE(answers.reason(0), QString());
+    }
+
+    void aSessionThatIsClosedAnswersWithAReason()
+    {
+        Answers answers;
+        ask(QStringLiteral("600000.SH"));
+        QVERIFY(answers.await());
+        QCOMPARE(answers.names(0), QStringList());
+        QCOMPARE(answers.reason(0), errorText(Error::AveragesNeedLogin));
+    }
+
+    void anUnfinishedAnswerIsDroppedWhenTheSessionCloses()
+    {
+        auto session = std::make_unique<SampleSession>();
+        std::atomic_int answersAfterClosing{ 0 };
+        std::atomic_bool closed{ false };
+        QObject receiver;
+        connect(
+            &AutoPlanLogic::instance(), &AutoPlanLogic::signalQuerySymbolMAResponse, &receiver,
+            [&] { answersAfterClosing += closed ? 1 : 0; }, Qt::DirectConnection);
+        const QString symbol = share();
+        for (int i = 0; i < 50; ++i)
+            ask(symbol);
+        session.reset();
+        closed = true;
+        QCoreApplication::processEvents();
+        QCOMPARE(answersAfterClosing.load(), 0);
+    }
+
+    void theNextSessionAnswersAgain()
+    {
+        SampleSession session;
+        QCOMPARE(session.reopen(), Status());
+        Answers answers;
+        ask(share());
+        QVERIFY(answers.await());
+        QCOMPARE(answers.symbol(0), share());
+    }
 };
 
-void TestMovingAverageQuery::cleanup()
-{
-    const QStringList trouble = m_log->trouble();
-    m_log.reset();
-    QCOMPARE(trouble, QStringList());
-}
-
-void TestMovingAverageQuery::aSecurityWithAFullYearOfClosesHasEveryAverage()
-{
-    const SampleSession session;
-    QCOMPARE(session.opened(), Status());
-    Answers answers;
-    ask(share());
-    QVERIFY(answers.await());
-    QCOMPARE(answers.spy.count(), 1);
-    QCOMPARE(answers.symbol(0), share());
-    QCOMPARE(answers.reason(0), QString());
-    QCOMPARE(answers.names(0), MovingAverages::names());
-}
-
-void TestMovingAverageQuery::anAnswerArrivesAfterTheQueryHasReturned()
-{
-    const SampleSession session;
-    Answers answers;
-    // For a security with closes the worker thread answers at any time; this answer does not need that thread.
-    ask(QStringLiteral("999999.SH"));
-    QCOMPARE(answers.spy.count(), 0);
-    QTRY_COMPARE_WITH_TIMEOUT(answers.spy.count(), 1, Patience);
-}
-
-void TestMovingAverageQuery::theAnswerIsEmittedFromAnotherThread()
-{
-    const SampleSession session;
-    std::atomic<QThread*> emitter{ nullptr };
-    QObject receiver;
-    connect(
-        &AutoPlanLogic::instance(), &AutoPlanLogic::signalQuerySymbolMAResponse, &receiver,
-        [&emitter] { emitter = QThread::currentThread(); }, Qt::DirectConnection);
-    ask(share());
-    QTRY_VERIFY_WITH_TIMEOUT(emitter != nullptr, Patience);
-    QVERIFY(emitter != QThread::currentThread());
-}
-
-void TestMovingAverageQuery::answersArriveInTheOrderOfTheQueries()
-{
-    const SampleSession session;
-    const QString bond = SampleSession::symbolOf(QStringLiteral("bond-treasury"), QString());
-    QVERIFY(!bond.isEmpty());
-    Answers answers;
-    ask(share());
-    ask(bond);
-    ask(share());
-    QTRY_COMPARE_WITH_TIMEOUT(answers.spy.count(), 3, Patience);
-    QCOMPARE(answers.symbol(0), share());
-    QCOMPARE(answers.symbol(1), bond);
-    QCOMPARE(answers.symbol(2), share());
-}
-
-void TestMovingAverageQuery::anUnknownSecurityIsAnsweredWithAReason()
-{
-    const SampleSession session;
-    Answers answers;
-    ask(QStringLiteral("999999.SH"));
-    QVERIFY(answers.await());
-    QCOMPARE(answers.names(0), QStringList());
-    QCOMPARE(answers.reason(0), errorText({ Error::UnknownSecurity, { QStringLiteral("999999.SH") } }));
-}
-
-void TestMovingAverageQuery::aSecurityWithoutClosesHasNoAverageAndNoReason()
-{
-    const SampleSession session;
-    QCOMPARE(ClientSession::instance().database().execute(QStringLiteral("DELETE FROM closing_prices")), Status());
-    Answers answers;
-    ask(share());
-    QVERIFY(answers.await());
-    QCOMPARE(answers.names(0), QStringList());
-    QCOMPARE(answers.reason(0), QString());
-}
-
-void TestMovingAverageQuery::aSessionThatIsClosedAnswersWithAReason()
-{
-    Answers answers;
-    ask(QStringLiteral("600000.SH"));
-    QVERIFY(answers.await());
-    QCOMPARE(answers.names(0), QStringList());
-    QCOMPARE(answers.reason(0), errorText(Error::AveragesNeedLogin));
-}
-
-void TestMovingAverageQuery::anUnfinishedAnswerIsDroppedWhenTheSessionCloses()
-{
-    auto session = std::make_unique<SampleSession>();
-    std::atomic_int answersAfterClosing{ 0 };
-    std::atomic_bool closed{ false };
-    QObject receiver;
-    connect(
-        &AutoPlanLogic::instance(), &AutoPlanLogic::signalQuerySymbolMAResponse, &receiver,
-        [&] { answersAfterClosing += closed ? 1 : 0; }, Qt::DirectConnection);
-    const QString symbol = share();
-    for (int i = 0; i < 50; ++i)
-        ask(symbol);
-    session.reset();
-    closed = true;
-    QCoreApplication::processEvents();
-    QCOMPARE(answersAfterClosing.load(), 0);
-}
-
-void TestMovingAverageQuery::theNextSessionAnswersAgain()
-{
-    SampleSession session;
-    QCOMPARE(session.reopen(), Status());
-    Answers answers;
-    ask(share());
-    QVERIFY(answers.await());
-    QCOMPARE(answers.symbol(0), share());
-}
-
-QTEST_GUILESS_MAIN(TestMovingAverageQuery)
+QTEST_GUILESS_MAIN(MovingAverageQueryTest)
 #include "tst_moving_average_query.moc"

@@ -3,7 +3,7 @@
 #include "ClientClock.h"
 #include "ClientSession.h"
 #include "FaultyDisk.h"
-#include "LogCatcher.h"
+#include "LoggedTest.h"
 #include "PlanLedger.h"
 #include "SampleSession.h"
 #include "Schema.h"
@@ -76,36 +76,362 @@ bool copyAsLeft(const QString& from, const QString& to)
 
 /// A failing disk under the client's file. Whatever the answer, every acknowledged plan is stored, every stored plan
 /// was sent, every record is complete, and the answer comes within a second.
-class TestStoreFaults : public QObject {
+class StoreFaultsTest : public LoggedTest {
     Q_OBJECT
+
+private:
+    void prepare() override
+    {
+        m_session = std::make_unique<SampleSession>();
+        QCOMPARE(m_session->opened(), Status());
+        m_base = SampleSession::record();
+        m_ledger = PlanLedger();
+        m_ledger.setBase(m_base);
+        m_plan.clear();
+        QCOMPARE(create(), QString());
+    }
+    void tidyUp() override
+    {
+        FaultyDisk::heal();
+        m_session.reset();
+    }
 
 private Q_SLOTS:
     void initTestCase() { FaultyDisk::install(); }
-    void init();
-    void cleanup();
 
-    void theLedgerReportsEveryDifference();
-    void eachWriteFailsInTurn_data();
-    void eachWriteFailsInTurn();
-    void eachWriteOfTheFirstStartFailsInTurn_data();
-    void eachWriteOfTheFirstStartFailsInTurn();
-    void aFileThatHasReachedItsLargestSizeRefusesAndKeepsWhatItHas();
-    void aFileThatCannotBeWrittenIsReadAndNotWritten();
-    void aLockedFileIsReportedAndWrittenAfterwards();
-    void aDamagedFileIsRefusedOrReadWithinASecond_data();
-    void aDamagedFileIsRefusedOrReadWithinASecond();
-    void aDamagedLogBringsNothingThatWasNotSent();
-    void aNewerFileIsRefusedAndLeftAsItIs();
+    void theLedgerReportsEveryDifference()
+    {
+        QCOMPARE(create(), QString());
+        QCOMPARE(modify(), QString());
+        QCOMPARE(m_ledger.differences(m_session->file()), QStringList());
+        const QStringList changes{ QStringLiteral("UPDATE plans SET version = 1 WHERE number = 1"),
+            QStringLiteral("UPDATE plans SET version = 3 WHERE number = 1"),
+            QStringLiteral("UPDATE plan_fields SET value = 'x' WHERE plan = 1 AND key = 'remark'"),
+            QStringLiteral("UPDATE plan_fields SET value = '1' WHERE plan = 2 AND key = 'totalQty'"),
+            QStringLiteral("UPDATE plans SET other_param = '{}' WHERE number = 2"),
+            QStringLiteral("DELETE FROM plan_fields WHERE plan = 2"),
+            QStringLiteral("DELETE FROM plans WHERE number = 2") };
+        for (const QString& change : changes) {
+            QVERIFY(copyAsLeft(m_session->file(), copy()));
+            Database database;
+            QCOMPARE(database.open(copy()), Status());
+            QCOMPARE(database.execute(change), Status());
+            database.close();
+            QVERIFY2(m_ledger.differences(copy()).size() == 1, qPrintable(change));
+        }
+    }
+
+    void eachWriteFailsInTurn_data()
+    {
+        QTest::addColumn<bool>("modifies");
+        QTest::addColumn<bool>("movesAtOnce");
+        QTest::addColumn<Fault>("fault");
+        QTest::addColumn<Lasting>("lasting");
+        for (const bool modifies : { false, true }) {
+            for (const bool moves : { false, true }) {
+                for (const Fault fault : { Fault::InputOutput, Fault::Full }) {
+                    for (const Lasting lasting : { Lasting::Once, Lasting::ForGood }) {
+                        const QString name =
+                            QStringLiteral("%1, %2, %3, %4")
+                                .arg(modifies ? QStringLiteral("a change") : QStringLiteral("a new plan"),
+                                    moves ? QStringLiteral("log moved at once") : QStringLiteral("log kept"),
+                                    fault == Fault::Full ? QStringLiteral("disk full") : QStringLiteral("write error"),
+                                    lasting == Lasting::Once ? QStringLiteral("once") : QStringLiteral("for good"));
+                        QTest::newRow(qPrintable(name)) << modifies << moves << fault << lasting;
+                    }
+                }
+            }
+        }
+    }
+
+    void eachWriteFailsInTurn()
+    {
+        QFETCH(bool, modifies);
+        QFETCH(bool, movesAtOnce);
+        QFETCH(Fault, fault);
+        QFETCH(Lasting, lasting);
+        if (movesAtOnce)
+            QCOMPARE(client().database().execute(QStringLiteral("PRAGMA wal_autocheckpoint = 1")), Status());
+        int refused = 0;
+        int failing = 1;
+        for (; failing < MostOperations; ++failing) {
+            FaultyDisk::failAt(failing, fault, lasting);
+            const QString reason = modifies ? modify() : create();
+            const bool failed = FaultyDisk::hasFailed();
+            if (!reason.isEmpty()) {
+                ++refused;
+                QVERIFY2(reason.startsWith(reasonOf(fault)), qPrintable(reason));
+                QVERIFY(!reason.contains(QStringLiteral(" ms")));
+                QVERIFY(failed);
+            }
+            checkStored();
+            FaultyDisk::heal();
+            // The same session continues to work, and the refused plan is not stored.
+            QCOMPARE(m_ledger.differences(m_session->file()), QStringList());
+            QCOMPARE(modifies ? modify() : create(), QString());
+            if (!failed)
+                break;
+        }
+        QVERIFY(failing < MostOperations);
+        QVERIFY(refused > 3);
+        QCOMPARE(client().plans().plan(m_plan).version, m_version);
+        QCOMPARE(m_session->reopen(), Status());
+        QCOMPARE(m_ledger.differences(m_session->file()), QStringList());
+        std::printf("writes %d, refused %d, acknowledged %d\n", failing - 1, refused, m_ledger.acknowledged());
+    }
+
+    void eachWriteOfTheFirstStartFailsInTurn_data()
+    {
+        QTest::addColumn<Fault>("fault");
+        QTest::addColumn<Lasting>("lasting");
+        QTest::newRow("write error, once") << Fault::InputOutput << Lasting::Once;
+        QTest::newRow("write error, for good") << Fault::InputOutput << Lasting::ForGood;
+        QTest::newRow("disk full, for good") << Fault::Full << Lasting::ForGood;
+    }
+
+    // Tries each of the first and the last writes, and samples those between: they all write pages of the market.
+    // `FAULTS_EVERY` = 1 tries all.
+    void eachWriteOfTheFirstStartFailsInTurn()
+    {
+        QFETCH(Fault, fault);
+        QFETCH(Lasting, lasting);
+        const int stride = setting("FAULTS_EVERY", 97);
+        ClientSession::Options options;
+        options.marketSize = 200;
+        const QString file = m_folder.filePath(QStringLiteral("first.db"));
+        client().close();
+        int refused = 0;
+        bool failed = true;
+        for (int failing = 1; failed; failing += failing < 12 ? 1 : stride) {
+            for (const char* const end : { "", "-wal", "-shm", "-journal" })
+                QFile::remove(file + QLatin1String(end));
+            FaultyDisk::failAt(failing, fault, lasting);
+            const Status opened = client().open(file, QStringLiteral("trader01"), ClientSession::Progress(), options);
+            failed = FaultyDisk::hasFailed();
+            QCOMPARE(client().isOpen(), bool(opened));
+            refused += opened ? 0 : 1;
+            const QString reason = errorText(opened);
+            QVERIFY2(opened || reason.contains(QStringLiteral("数据库")), qPrintable(reason));
+            client().close();
+            FaultyDisk::heal();
+            const Status again = client().open(file, QStringLiteral("trader01"), ClientSession::Progress(), options);
+            QVERIFY2(again, qPrintable(QStringLiteral("write %1: %2").arg(failing).arg(errorText(again))));
+            QVERIFY(client().market().find(m_base.value(QStringLiteral("symbol")).toString()));
+            client().close();
+        }
+        QVERIFY(refused > 3);
+        std::printf("first starts refused %d\n", refused);
+    }
+
+    void aFileThatHasReachedItsLargestSizeRefusesAndKeepsWhatItHas()
+    {
+        QSqlQuery pages = client().database().query(QStringLiteral("PRAGMA page_count"));
+        QVERIFY(pages.next());
+        const int allowed = pages.value(0).toInt() + 4;
+        pages.finish();
+        QCOMPARE(client().database().execute(QStringLiteral("PRAGMA max_page_count = %1").arg(allowed)), Status());
+        QString reason;
+        while (reason.isEmpty() && m_count < MostOperations)
+            reason = create();
+        QCOMPARE(reason, full);
+        QCOMPARE(create(), full);
+        // A change needs no additional space.
+        QCOMPARE(modify(), QString());
+        checkStored();
+        QCOMPARE(client().database().execute(QStringLiteral("PRAGMA max_page_count = 1000000")), Status());
+        QCOMPARE(create(), QString());
+        checkStored();
+    }
+
+    void aFileThatCannotBeWrittenIsReadAndNotWritten()
+    {
+        client().close();
+        const QByteArray before = contentOf(m_session->file());
+        FaultyDisk::setReadOnly(true);
+        QCOMPARE(timed([this] { return open(m_session->file()); }), QString());
+        QCOMPARE(create(), readOnly);
+        QCOMPARE(modify(), readOnly);
+        QCOMPARE(client().plans().count(), 1);
+        client().close();
+        QCOMPARE(contentOf(m_session->file()), before);
+        FaultyDisk::heal();
+        QCOMPARE(open(m_session->file()), QString());
+        QCOMPARE(create(), QString());
+        QCOMPARE(modify(), QString());
+        checkStored();
+    }
+
+    void aLockedFileIsReportedAndWrittenAfterwards()
+    {
+        WriterProcess other;
+        QVERIFY(other.start(m_session->file(), { QStringLiteral("lock") }));
+        QCOMPARE(create(), Busy);
+        QCOMPARE(modify(), Busy);
+        QCOMPARE(client().plans().count(), 1);
+        client().close();
+        QCOMPARE(timed([this] { return open(m_session->file()); }), QString());
+        QCOMPARE(create(), Busy);
+        QVERIFY(other.release());
+        QCOMPARE(create(), QString());
+        QCOMPARE(modify(), QString());
+        checkStored();
+    }
+
+    void aDamagedFileIsRefusedOrReadWithinASecond_data()
+    {
+        QTest::addColumn<QString>("damage");
+        QTest::newRow("the file ends early") << QStringLiteral("cut");
+        QTest::newRow("bytes are others") << QStringLiteral("bytes");
+        QTest::newRow("a page is empty") << QStringLiteral("page");
+        QTest::newRow("a page stands in another's place") << QStringLiteral("copy");
+    }
+
+    void aDamagedFileIsRefusedOrReadWithinASecond()
+    {
+        QFETCH(QString, damage);
+        constexpr int page = 4096;
+        const int rounds = setting("FAULTS_ROUNDS", 25);
+        const int given = setting("FAULTS_SEED", 20240506);
+        QRandomGenerator random(static_cast<quint32>(given));
+        QCOMPARE(create(), QString());
+        client().close();
+        const QByteArray sound = contentOf(m_session->file());
+        const int pages = sound.size() / page;
+        int refused = 0;
+        for (int i = 0; i < rounds; ++i) {
+            QByteArray damaged = sound;
+            const int at = random.bounded(pages) * page;
+            if (damage == QLatin1String("cut")) {
+                damaged.truncate(random.bounded(damaged.size()));
+            } else if (damage == QLatin1String("bytes")) {
+                for (int n = 0; n < 40; ++n)
+                    damaged[random.bounded(damaged.size())] = static_cast<char>(random.bounded(256));
+            } else if (damage == QLatin1String("page")) {
+                damaged.replace(at, page, QByteArray(page, '\0'));
+            } else {
+                damaged.replace(at, page, sound.mid(random.bounded(pages) * page, page));
+            }
+            QFile::remove(copy() + QStringLiteral("-wal"));
+            QFile::remove(copy() + QStringLiteral("-shm"));
+            QVERIFY(writeContent(copy(), damaged));
+            const QString where = QStringLiteral("round %1, seed %2").arg(i + 1).arg(given);
+            const QString reason = timed([this] { return open(copy()); });
+            QVERIFY2(!reason.contains(QStringLiteral(" ms")), qPrintable(where + reason));
+            if (!reason.isEmpty()) {
+                ++refused;
+                // A file that is refused stays unchanged; if the damage shows only later, other pages may have been
+                // written.
+                const bool untaken = reason.startsWith(QStringLiteral("无法打开数据库")) && !damaged.isEmpty();
+                QVERIFY2(!untaken || contentOf(copy()) == damaged, qPrintable(where + reason));
+                continue;
+            }
+            // A file that still opens can be used: there is an answer, whatever it is, and no crash.
+            timed([this] { return AutoPlanLogic::instance().CreateNewPlan(m_base); });
+            AutoPlanLogic::instance().GetPlanInfo(m_plan);
+            client().close();
+        }
+        std::printf("%d damaged files, %d refused, seed %d\n", rounds, refused, given);
+        QVERIFY(refused > 0);
+    }
+
+    void aDamagedLogBringsNothingThatWasNotSent()
+    {
+        const int rounds = setting("FAULTS_ROUNDS", 25);
+        const int given = setting("FAULTS_SEED", 20240506);
+        QRandomGenerator random(static_cast<quint32>(given));
+        for (int i = 0; i < 6; ++i)
+            QCOMPARE(i % 2 == 0 ? create() : modify(), QString());
+        const QString log = QStringLiteral("-wal");
+        const QByteArray sound = contentOf(m_session->file() + log);
+        QVERIFY(sound.size() > 4096);
+        // The content of the log may be lost, so no plan counts as acknowledged. Every stored plan must be one that was
+        // sent, and complete.
+        PlanLedger attempts;
+        attempts.setBase(m_base);
+        for (int n = 1; n <= m_count; ++n) {
+            attempts.attempt(QStringLiteral("created-%1").arg(n));
+            attempts.attemptChange(m_plan, 0, QStringLiteral("modified-%1").arg(n));
+        }
+        for (int i = 0; i < rounds; ++i) {
+            QByteArray damaged = sound;
+            if (i % 2 == 0)
+                damaged.truncate(random.bounded(damaged.size()));
+            else
+                damaged[random.bounded(damaged.size())] = static_cast<char>(random.bounded(256));
+            QVERIFY(copyAsLeft(m_session->file(), copy()));
+            QVERIFY(writeContent(copy() + log, damaged));
+            QCOMPARE(attempts.differences(copy()), QStringList());
+        }
+    }
+
+    void aNewerFileIsRefusedAndLeftAsItIs()
+    {
+        const QString raise = QStringLiteral("PRAGMA user_version = %1").arg(Schema::latestVersion() + 1);
+        QCOMPARE(client().database().execute(raise), Status());
+        client().close();
+        const QByteArray before = contentOf(m_session->file());
+        const QString reason = timed([this] { return open(m_session->file()); });
+        QVERIFY2(reason.contains(QStringLiteral("高于本程序支持的版本")), qPrintable(reason));
+        QVERIFY(!client().isOpen());
+        QCOMPARE(AutoPlanLogic::instance().CreateNewPlan(m_base), errorText(Error::PlansNeedLogin));
+        QCOMPARE(contentOf(m_session->file()), before);
+    }
 
 private:
-    QString create();
-    QString modify();
-    QString timed(const std::function<QString()>& work);
-    void checkStored();
-    QString copy() const { return m_folder.filePath(QStringLiteral("copy.db")); }
-    QString open(const QString& file);
+    /// Sends a new plan; the first one is modified later.
+    QString create()
+    {
+        const QString mark = QStringLiteral("created-%1").arg(++m_count);
+        m_ledger.attempt(mark);
+        const QString reason =
+            timed([&] { return AutoPlanLogic::instance().CreateNewPlan(PlanLedger::recordOf(m_base, mark)); });
+        if (!reason.isEmpty())
+            return reason;
+        const QString id = client().plans().page(0, 1).value(0).id;
+        m_ledger.acknowledge(id, 1, mark);
+        if (m_plan.isEmpty()) {
+            m_plan = id;
+            m_version = 1;
+        }
+        return QString();
+    }
 
-    std::unique_ptr<LogCatcher> m_log;
+    QString modify()
+    {
+        const QString mark = QStringLiteral("modified-%1").arg(++m_count);
+        m_ledger.attemptChange(m_plan, m_version + 1, mark);
+        PlanLedger::Record record = PlanLedger::recordOf(m_base, mark);
+        record.insert(AutoPlanField::BaseField::autoPlanId, m_plan);
+        const QString reason = timed([&] { return AutoPlanLogic::instance().modifyPlan(record); });
+        if (reason.isEmpty())
+            m_ledger.acknowledge(m_plan, ++m_version, mark);
+        return reason;
+    }
+
+    QString timed(const std::function<QString()>& work)
+    {
+        QElapsedTimer clock;
+        clock.start();
+        const QString reason = work();
+        const qint64 elapsed = clock.elapsed();
+        return elapsed < OneSecond ? reason : QStringLiteral("%1 after %2 ms").arg(reason).arg(elapsed);
+    }
+
+    /// Verifies the file as if the machine stopped now.
+    void checkStored()
+    {
+        QVERIFY(copyAsLeft(m_session->file(), copy()));
+        QCOMPARE(m_ledger.differences(copy()), QStringList());
+    }
+
+    QString copy() const { return m_folder.filePath(QStringLiteral("copy.db")); }
+
+    QString open(const QString& file)
+    {
+        setClientToday(SampleSession::today());
+        return errorText(client().open(file, QStringLiteral("trader01")));
+    }
+
     std::unique_ptr<SampleSession> m_session;
     QTemporaryDir m_folder;
     PlanLedger::Record m_base;
@@ -115,355 +441,5 @@ private:
     int m_count = 0;
 };
 
-void TestStoreFaults::init()
-{
-    m_log = std::make_unique<LogCatcher>();
-    m_session = std::make_unique<SampleSession>();
-    QCOMPARE(m_session->opened(), Status());
-    m_base = SampleSession::record();
-    m_ledger = PlanLedger();
-    m_ledger.setBase(m_base);
-    m_plan.clear();
-    QCOMPARE(create(), QString());
-}
-
-void TestStoreFaults::cleanup()
-{
-    FaultyDisk::heal();
-    m_session.reset();
-    QCOMPARE(m_log->trouble(), QStringList());
-    m_log.reset();
-}
-
-QString TestStoreFaults::open(const QString& file)
-{
-    setClientToday(SampleSession::today());
-    return errorText(client().open(file, QStringLiteral("trader01")));
-}
-
-QString TestStoreFaults::timed(const std::function<QString()>& work)
-{
-    QElapsedTimer clock;
-    clock.start();
-    const QString reason = work();
-    const qint64 elapsed = clock.elapsed();
-    return elapsed < OneSecond ? reason : QStringLiteral("%1 after %2 ms").arg(reason).arg(elapsed);
-}
-
-/// Sends a new plan; the first one is modified later.
-QString TestStoreFaults::create()
-{
-    const QString mark = QStringLiteral("created-%1").arg(++m_count);
-    m_ledger.attempt(mark);
-    const QString reason =
-        timed([&] { return AutoPlanLogic::instance().CreateNewPlan(PlanLedger::recordOf(m_base, mark)); });
-    if (!reason.isEmpty())
-        return reason;
-    const QString id = client().plans().page(0, 1).value(0).id;
-    m_ledger.acknowledge(id, 1, mark);
-    if (m_plan.isEmpty()) {
-        m_plan = id;
-        m_version = 1;
-    }
-    return QString();
-}
-
-QString TestStoreFaults::modify()
-{
-    const QString mark = QStringLiteral("modified-%1").arg(++m_count);
-    m_ledger.attemptChange(m_plan, m_version + 1, mark);
-    PlanLedger::Record record = PlanLedger::recordOf(m_base, mark);
-    record.insert(AutoPlanField::BaseField::autoPlanId, m_plan);
-    const QString reason = timed([&] { return AutoPlanLogic::instance().modifyPlan(record); });
-    if (reason.isEmpty())
-        m_ledger.acknowledge(m_plan, ++m_version, mark);
-    return reason;
-}
-
-/// Verifies the file as if the machine stopped now.
-void TestStoreFaults::checkStored()
-{
-    QVERIFY(copyAsLeft(m_session->file(), copy()));
-    QCOMPARE(m_ledger.differences(copy()), QStringList());
-}
-
-void TestStoreFaults::theLedgerReportsEveryDifference()
-{
-    QCOMPARE(create(), QString());
-    QCOMPARE(modify(), QString());
-    QCOMPARE(m_ledger.differences(m_session->file()), QStringList());
-    const QStringList changes{ QStringLiteral("UPDATE plans SET version = 1 WHERE number = 1"),
-        QStringLiteral("UPDATE plans SET version = 3 WHERE number = 1"),
-        QStringLiteral("UPDATE plan_fields SET value = 'x' WHERE plan = 1 AND key = 'remark'"),
-        QStringLiteral("UPDATE plan_fields SET value = '1' WHERE plan = 2 AND key = 'totalQty'"),
-        QStringLiteral("UPDATE plans SET other_param = '{}' WHERE number = 2"),
-        QStringLiteral("DELETE FROM plan_fields WHERE plan = 2"),
-        QStringLiteral("DELETE FROM plans WHERE number = 2") };
-    for (const QString& change : changes) {
-        QVERIFY(copyAsLeft(m_session->file(), copy()));
-        Database database;
-        QCOMPARE(database.open(copy()), Status());
-        QCOMPARE(database.execute(change), Status());
-        database.close();
-        QVERIFY2(m_ledger.differences(copy()).size() == 1, qPrintable(change));
-    }
-}
-
-void TestStoreFaults::eachWriteFailsInTurn_data()
-{
-    QTest::addColumn<bool>("modifies");
-    QTest::addColumn<bool>("movesAtOnce");
-    QTest::addColumn<Fault>("fault");
-    QTest::addColumn<Lasting>("lasting");
-    for (const bool modifies : { false, true }) {
-        for (const bool moves : { false, true }) {
-            for (const Fault fault : { Fault::InputOutput, Fault::Full }) {
-                for (const Lasting lasting : { Lasting::Once, Lasting::ForGood }) {
-                    const QString name =
-                        QStringLiteral("%1, %2, %3, %4")
-                            .arg(modifies ? QStringLiteral("a change") : QStringLiteral("a new plan"),
-                                moves ? QStringLiteral("log moved at once") : QStringLiteral("log kept"),
-                                fault == Fault::Full ? QStringLiteral("disk full") : QStringLiteral("write error"),
-                                lasting == Lasting::Once ? QStringLiteral("once") : QStringLiteral("for good"));
-                    QTest::newRow(qPrintable(name)) << modifies << moves << fault << lasting;
-                }
-            }
-        }
-    }
-}
-
-void TestStoreFaults::eachWriteFailsInTurn()
-{
-    QFETCH(bool, modifies);
-    QFETCH(bool, movesAtOnce);
-    QFETCH(Fault, fault);
-    QFETCH(Lasting, lasting);
-    if (movesAtOnce)
-        QCOMPARE(client().database().execute(QStringLiteral("PRAGMA wal_autocheckpoint = 1")), Status());
-    int refused = 0;
-    int failing = 1;
-    for (; failing < MostOperations; ++failing) {
-        FaultyDisk::failAt(failing, fault, lasting);
-        const QString reason = modifies ? modify() : create();
-        const bool failed = FaultyDisk::hasFailed();
-        if (!reason.isEmpty()) {
-            ++refused;
-            QVERIFY2(reason.startsWith(reasonOf(fault)), qPrintable(reason));
-            QVERIFY(!reason.contains(QStringLiteral(" ms")));
-            QVERIFY(failed);
-        }
-        checkStored();
-        FaultyDisk::heal();
-        // The same session continues to work, and the refused plan is not stored.
-        QCOMPARE(m_ledger.differences(m_session->file()), QStringList());
-        QCOMPARE(modifies ? modify() : create(), QString());
-        if (!failed)
-            break;
-    }
-    QVERIFY(failing < MostOperations);
-    QVERIFY(refused > 3);
-    QCOMPARE(client().plans().plan(m_plan).version, m_version);
-    QCOMPARE(m_session->reopen(), Status());
-    QCOMPARE(m_ledger.differences(m_session->file()), QStringList());
-    std::printf("writes %d, refused %d, acknowledged %d\n", failing - 1, refused, m_ledger.acknowledged());
-}
-
-void TestStoreFaults::eachWriteOfTheFirstStartFailsInTurn_data()
-{
-    QTest::addColumn<Fault>("fault");
-    QTest::addColumn<Lasting>("lasting");
-    QTest::newRow("write error, once") << Fault::InputOutput << Lasting::Once;
-    QTest::newRow("write error, for good") << Fault::InputOutput << Lasting::ForGood;
-    QTest::newRow("disk full, for good") << Fault::Full << Lasting::ForGood;
-}
-
-// Tries each of the first and the last writes, and samples those between: they all write pages of the market.
-// `FAULTS_EVERY` = 1 tries all.
-void TestStoreFaults::eachWriteOfTheFirstStartFailsInTurn()
-{
-    QFETCH(Fault, fault);
-    QFETCH(Lasting, lasting);
-    const int stride = setting("FAULTS_EVERY", 97);
-    ClientSession::Options options;
-    options.marketSize = 200;
-    const QString file = m_folder.filePath(QStringLiteral("first.db"));
-    client().close();
-    int refused = 0;
-    bool failed = true;
-    for (int failing = 1; failed; failing += failing < 12 ? 1 : stride) {
-        for (const char* const end : { "", "-wal", "-shm", "-journal" })
-            QFile::remove(file + QLatin1String(end));
-        FaultyDisk::failAt(failing, fault, lasting);
-        const Status opened = client().open(file, QStringLiteral("trader01"), ClientSession::Progress(), options);
-        failed = FaultyDisk::hasFailed();
-        QCOMPARE(client().isOpen(), bool(opened));
-        refused += opened ? 0 : 1;
-        const QString reason = errorText(opened);
-        QVERIFY2(opened || reason.contains(QStringLiteral("数据库")), qPrintable(reason));
-        client().close();
-        FaultyDisk::heal();
-        const Status again = client().open(file, QStringLiteral("trader01"), ClientSession::Progress(), options);
-        QVERIFY2(again, qPrintable(QStringLiteral("write %1: %2").arg(failing).arg(errorText(again))));
-        QVERIFY(client().market().find(m_base.value(QStringLiteral("symbol")).toString()));
-        client().close();
-    }
-    QVERIFY(refused > 3);
-    std::printf("first starts refused %d\n", refused);
-}
-
-void TestStoreFaults::aFileThatHasReachedItsLargestSizeRefusesAndKeepsWhatItHas()
-{
-    QSqlQuery pages = client().database().query(QStringLiteral("PRAGMA page_count"));
-    QVERIFY(pages.next());
-    const int allowed = pages.value(0).toInt() + 4;
-    pages.finish();
-    QCOMPARE(client().database().execute(QStringLiteral("PRAGMA max_page_count = %1").arg(allowed)), Status());
-    QString reason;
-    while (reason.isEmpty() && m_count < MostOperations)
-        reason = create();
-    QCOMPARE(reason, full);
-    QCOMPARE(create(), full);
-    // A change needs no additional space.
-    QCOMPARE(modify(), QString());
-    checkStored();
-    QCOMPARE(client().database().execute(QStringLiteral("PRAGMA max_page_count = 1000000")), Status());
-    QCOMPARE(create(), QString());
-    checkStored();
-}
-
-void TestStoreFaults::aFileThatCannotBeWrittenIsReadAndNotWritten()
-{
-    client().close();
-    const QByteArray before = contentOf(m_session->file());
-    FaultyDisk::setReadOnly(true);
-    QCOMPARE(timed([this] { return open(m_session->file()); }), QString());
-    QCOMPARE(create(), readOnly);
-    QCOMPARE(modify(), readOnly);
-    QCOMPARE(client().plans().count(), 1);
-    client().close();
-    QCOMPARE(contentOf(m_session->file()), before);
-    FaultyDisk::heal();
-    QCOMPARE(open(m_session->file()), QString());
-    QCOMPARE(create(), QString());
-    QCOMPARE(modify(), QString());
-    checkStored();
-}
-
-void TestStoreFaults::aLockedFileIsReportedAndWrittenAfterwards()
-{
-    WriterProcess other;
-    QVERIFY(other.start(m_session->file(), { QStringLiteral("lock") }));
-    QCOMPARE(create(), Busy);
-    QCOMPARE(modify(), Busy);
-    QCOMPARE(client().plans().count(), 1);
-    client().close();
-    QCOMPARE(timed([this] { return open(m_session->file()); }), QString());
-    QCOMPARE(create(), Busy);
-    QVERIFY(other.release());
-    QCOMPARE(create(), QString());
-    QCOMPARE(modify(), QString());
-    checkStored();
-}
-
-void TestStoreFaults::aDamagedFileIsRefusedOrReadWithinASecond_data()
-{
-    QTest::addColumn<QString>("damage");
-    QTest::newRow("the file ends early") << QStringLiteral("cut");
-    QTest::newRow("bytes are others") << QStringLiteral("bytes");
-    QTest::newRow("a page is empty") << QStringLiteral("page");
-    QTest::newRow("a page stands in another's place") << QStringLiteral("copy");
-}
-
-void TestStoreFaults::aDamagedFileIsRefusedOrReadWithinASecond()
-{
-    QFETCH(QString, damage);
-    constexpr int page = 4096;
-    const int rounds = setting("FAULTS_ROUNDS", 25);
-    const int given = setting("FAULTS_SEED", 20240506);
-    QRandomGenerator random(static_cast<quint32>(given));
-    QCOMPARE(create(), QString());
-    client().close();
-    const QByteArray sound = contentOf(m_session->file());
-    const int pages = sound.size() / page;
-    int refused = 0;
-    for (int i = 0; i < rounds; ++i) {
-        QByteArray damaged = sound;
-        const int at = random.bounded(pages) * page;
-        if (damage == QLatin1String("cut")) {
-            damaged.truncate(random.bounded(damaged.size()));
-        } else if (damage == QLatin1String("bytes")) {
-            for (int n = 0; n < 40; ++n)
-                damaged[random.bounded(damaged.size())] = static_cast<char>(random.bounded(256));
-        } else if (damage == QLatin1String("page")) {
-            damaged.replace(at, page, QByteArray(page, '\0'));
-        } else {
-            damaged.replace(at, page, sound.mid(random.bounded(pages) * page, page));
-        }
-        QFile::remove(copy() + QStringLiteral("-wal"));
-        QFile::remove(copy() + QStringLiteral("-shm"));
-        QVERIFY(writeContent(copy(), damaged));
-        const QString where = QStringLiteral("round %1, seed %2").arg(i + 1).arg(given);
-        const QString reason = timed([this] { return open(copy()); });
-        QVERIFY2(!reason.contains(QStringLiteral(" ms")), qPrintable(where + reason));
-        if (!reason.isEmpty()) {
-            ++refused;
-            // A file that is refused stays unchanged; if the damage shows only later, other pages may have been
-            // written.
-            const bool untaken = reason.startsWith(QStringLiteral("无法打开数据库")) && !damaged.isEmpty();
-            QVERIFY2(!untaken || contentOf(copy()) == damaged, qPrintable(where + reason));
-            continue;
-        }
-        // A file that still opens can be used: there is an answer, whatever it is, and no crash.
-        timed([this] { return AutoPlanLogic::instance().CreateNewPlan(m_base); });
-        AutoPlanLogic::instance().GetPlanInfo(m_plan);
-        client().close();
-    }
-    std::printf("%d damaged files, %d refused, seed %d\n", rounds, refused, given);
-    QVERIFY(refused > 0);
-}
-
-void TestStoreFaults::aDamagedLogBringsNothingThatWasNotSent()
-{
-    const int rounds = setting("FAULTS_ROUNDS", 25);
-    const int given = setting("FAULTS_SEED", 20240506);
-    QRandomGenerator random(static_cast<quint32>(given));
-    for (int i = 0; i < 6; ++i)
-        QCOMPARE(i % 2 == 0 ? create() : modify(), QString());
-    const QString log = QStringLiteral("-wal");
-    const QByteArray sound = contentOf(m_session->file() + log);
-    QVERIFY(sound.size() > 4096);
-    // The content of the log may be lost, so no plan counts as acknowledged. Every stored plan must be one that was
-    // sent, and complete.
-    PlanLedger attempts;
-    attempts.setBase(m_base);
-    for (int n = 1; n <= m_count; ++n) {
-        attempts.attempt(QStringLiteral("created-%1").arg(n));
-        attempts.attemptChange(m_plan, 0, QStringLiteral("modified-%1").arg(n));
-    }
-    for (int i = 0; i < rounds; ++i) {
-        QByteArray damaged = sound;
-        if (i % 2 == 0)
-            damaged.truncate(random.bounded(damaged.size()));
-        else
-            damaged[random.bounded(damaged.size())] = static_cast<char>(random.bounded(256));
-        QVERIFY(copyAsLeft(m_session->file(), copy()));
-        QVERIFY(writeContent(copy() + log, damaged));
-        QCOMPARE(attempts.differences(copy()), QStringList());
-    }
-}
-
-void TestStoreFaults::aNewerFileIsRefusedAndLeftAsItIs()
-{
-    const QString raise = QStringLiteral("PRAGMA user_version = %1").arg(Schema::latestVersion() + 1);
-    QCOMPARE(client().database().execute(raise), Status());
-    client().close();
-    const QByteArray before = contentOf(m_session->file());
-    const QString reason = timed([this] { return open(m_session->file()); });
-    QVERIFY2(reason.contains(QStringLiteral("高于本程序支持的版本")), qPrintable(reason));
-    QVERIFY(!client().isOpen());
-    QCOMPARE(AutoPlanLogic::instance().CreateNewPlan(m_base), errorText(Error::PlansNeedLogin));
-    QCOMPARE(contentOf(m_session->file()), before);
-}
-
-QTEST_GUILESS_MAIN(TestStoreFaults)
+QTEST_GUILESS_MAIN(StoreFaultsTest)
 #include "tst_store_faults.moc"

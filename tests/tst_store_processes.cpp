@@ -1,7 +1,7 @@
 #include "AutoPlanField.h"
 #include "ClientSession.h"
 #include "Database.h"
-#include "LogCatcher.h"
+#include "LoggedTest.h"
 #include "PlanLedger.h"
 #include "PlanStore.h"
 #include "SampleSession.h"
@@ -33,158 +33,141 @@ quint32 chosenSeed()
 
 /// Other processes on the client's file, which are killed at any moment or write at the same time. Every acknowledged
 /// plan is stored, every stored plan was sent, and every record is one that was sent.
-class TestStoreProcesses : public QObject {
+class StoreProcessesTest : public LoggedTest {
     Q_OBJECT
 
-private Q_SLOTS:
-    void init();
-    void cleanup();
+private:
+    /// A file with the sample market, closed.
+    void prepare() override
+    {
+        m_session = std::make_unique<SampleSession>();
+        QCOMPARE(m_session->opened(), Status());
+        m_ledger = PlanLedger();
+        m_ledger.setBase(SampleSession::record());
+        ClientSession::instance().close();
+    }
+    void tidyUp() override { m_session.reset(); }
 
-    void aKilledWriterLosesNothingThatWasAcknowledged();
-    void aFirstStartThatIsKilledCanBeRepeated();
-    void twoWritersLoseNothingOfEachOther();
-    void aWriterWhoseFilesCannotGrowGetsAnErrorAndLosesNothing();
+private Q_SLOTS:
+    void aKilledWriterLosesNothingThatWasAcknowledged()
+    {
+        const int kills = setting("FAULTS_KILLS", 12);
+        const quint32 seed = chosenSeed();
+        QRandomGenerator random(seed);
+        for (int i = 0; i < kills; ++i) {
+            WriterProcess writer;
+            QVERIFY(writer.start(m_session->file(), { QStringLiteral("k%1").arg(i), QStringLiteral("0") }));
+            writer.killAfter(random.bounded(100000));
+            m_ledger.read(writer.output());
+            QCOMPARE(m_ledger.problems(), QStringList());
+            QVERIFY2(m_ledger.differences(m_session->file()).isEmpty(),
+                qPrintable(QStringLiteral("kill %1, seed %2: %3")
+                               .arg(i + 1)
+                               .arg(seed)
+                               .arg(m_ledger.differences(m_session->file()).join(QLatin1Char('\n')))));
+        }
+        reportTo(qPrintable(QStringLiteral("%1 kills, 0 losses").arg(kills)), m_ledger, seed);
+        QCOMPARE(m_ledger.refusals(), QStringList());
+        QVERIFY(m_ledger.acknowledged() > 0);
+    }
+
+    void aFirstStartThatIsKilledCanBeRepeated()
+    {
+        const int kills = qMax(3, setting("FAULTS_KILLS", 12) / 4);
+        const quint32 seed = chosenSeed();
+        QRandomGenerator random(seed);
+        const QTemporaryDir folder;
+        for (int i = 0; i < kills; ++i) {
+            const QString file = folder.filePath(QStringLiteral("plans%1.db").arg(i));
+            WriterProcess writer;
+            QVERIFY(writer.launch(file, { QStringLiteral("f"), QStringLiteral("1") }));
+            writer.killAfter(random.bounded(150000));
+            // Either the sample's user exists, or the file is empty and the data are made now.
+            ClientSession::Options options;
+            options.marketSize = 200;
+            const Status opened =
+                ClientSession::instance().open(file, QStringLiteral("trader01"), ClientSession::Progress(), options);
+            QVERIFY2(
+                opened, qPrintable(QStringLiteral("kill %1, seed %2: %3").arg(i + 1).arg(seed).arg(errorText(opened))));
+            QVERIFY(ClientSession::instance().market().find(
+                SampleSession::record().value(QStringLiteral("symbol")).toString()));
+            ClientSession::instance().close();
+        }
+        std::printf("%d first starts killed, seed %u\n", kills, seed);
+    }
+
+    void twoWritersLoseNothingOfEachOther()
+    {
+        const QString count = QString::number(setting("FAULTS_WRITES", 100));
+        QCOMPARE(m_session->reopen(), Status());
+        const QString mark = QStringLiteral("shared");
+        m_ledger.attempt(mark);
+        const QString shared = m_session->create(PlanLedger::recordOf(SampleSession::record(), mark));
+        QCOMPARE(m_session->reason(), QString());
+        ClientSession::instance().close();
+
+        WriterProcess first;
+        WriterProcess second;
+        QVERIFY(first.start(m_session->file(), { QStringLiteral("first"), count, shared }));
+        QVERIFY(second.start(m_session->file(), { QStringLiteral("second"), count, shared }));
+        QVERIFY(first.finish());
+        QVERIFY(second.finish());
+        m_ledger.read(first.output());
+        m_ledger.read(second.output());
+        reportTo("two writers", m_ledger, 0);
+        QCOMPARE(m_ledger.problems(), QStringList());
+        QCOMPARE(m_ledger.differences(m_session->file()), QStringList());
+        QCOMPARE(m_ledger.acknowledged() + m_ledger.refusals().size(), 2 * count.toInt());
+        // A writer that never gets the lock gets an error in time, and nothing of its plan is stored.
+        for (const QString& refusal : m_ledger.refusals()) {
+            QVERIFY2(refusal.section(QLatin1Char(' '), 0, 0).toInt() < 1000, qPrintable(refusal));
+            QVERIFY2(refusal.endsWith(QStringLiteral("数据库正被其他程序占用，请稍后再试")), qPrintable(refusal));
+        }
+
+        Database database;
+        QCOMPARE(database.open(m_session->file()), Status());
+        const StoredPlan plan = PlanStore(database, AutoPlanField::BaseField::planOtherParam).plan(shared);
+        QCOMPARE(plan.version, 1 + m_ledger.sharedChanges(shared));
+    }
+
+    void aWriterWhoseFilesCannotGrowGetsAnErrorAndLosesNothing()
+    {
+        const QString size = QString::number(QFile(m_session->file()).size() + 200000);
+        WriterProcess writer;
+        QVERIFY(writer.start(
+            m_session->file(), { QStringLiteral("full"), QStringLiteral("200"), QStringLiteral("limit=") + size }));
+        QVERIFY(writer.finish());
+        m_ledger.read(writer.output());
+        reportTo("files that may not grow", m_ledger, 0);
+        QCOMPARE(m_ledger.problems(), QStringList());
+        QVERIFY(m_ledger.acknowledged() > 0);
+        QVERIFY(!m_ledger.refusals().empty());
+        for (const QString& refusal : m_ledger.refusals()) {
+            QVERIFY2(refusal.section(QLatin1Char(' '), 0, 0).toInt() < 1000, qPrintable(refusal));
+            QVERIFY2(refusal.contains(QStringLiteral("数据库")), qPrintable(refusal));
+        }
+        QCOMPARE(m_ledger.differences(m_session->file()), QStringList());
+        // With free space again, the next start writes as before.
+        WriterProcess next;
+        QVERIFY(next.start(m_session->file(), { QStringLiteral("room"), QStringLiteral("3") }));
+        QVERIFY(next.finish());
+        const int before = m_ledger.refusals().size();
+        m_ledger.read(next.output());
+        QCOMPARE(m_ledger.refusals().size(), before);
+        QCOMPARE(m_ledger.differences(m_session->file()), QStringList());
+    }
 
 private:
-    void reportTo(const char* title, const PlanLedger& ledger, quint32 seed) const;
+    void reportTo(const char* title, const PlanLedger& ledger, quint32 seed) const
+    {
+        std::printf("%s: attempted %d, acknowledged %d, refused %d, seed %u\n", title, ledger.attempted(),
+            ledger.acknowledged(), int(ledger.refusals().size()), seed);
+        std::fflush(stdout);
+    }
 
-    std::unique_ptr<LogCatcher> m_log;
     std::unique_ptr<SampleSession> m_session;
     PlanLedger m_ledger;
 };
 
-/// A file with the sample market, closed.
-void TestStoreProcesses::init()
-{
-    m_log = std::make_unique<LogCatcher>();
-    m_session = std::make_unique<SampleSession>();
-    QCOMPARE(m_session->opened(), Status());
-    m_ledger = PlanLedger();
-    m_ledger.setBase(SampleSession::record());
-    ClientSession::instance().close();
-}
-
-void TestStoreProcesses::cleanup()
-{
-    m_session.reset();
-    QCOMPARE(m_log->trouble(), QStringList());
-    m_log.reset();
-}
-
-void TestStoreProcesses::reportTo(const char* title, const PlanLedger& ledger, quint32 seed) const
-{
-    std::printf("%s: attempted %d, acknowledged %d, refused %d, seed %u\n", title, ledger.attempted(),
-        ledger.acknowledged(), int(ledger.refusals().size()), seed);
-    std::fflush(stdout);
-}
-
-void TestStoreProcesses::aKilledWriterLosesNothingThatWasAcknowledged()
-{
-    const int kills = setting("FAULTS_KILLS", 12);
-    const quint32 seed = chosenSeed();
-    QRandomGenerator random(seed);
-    for (int i = 0; i < kills; ++i) {
-        WriterProcess writer;
-        QVERIFY(writer.start(m_session->file(), { QStringLiteral("k%1").arg(i), QStringLiteral("0") }));
-        writer.killAfter(random.bounded(100000));
-        m_ledger.read(writer.output());
-        QCOMPARE(m_ledger.problems(), QStringList());
-        QVERIFY2(m_ledger.differences(m_session->file()).isEmpty(),
-            qPrintable(QStringLiteral("kill %1, seed %2: %3")
-                           .arg(i + 1)
-                           .arg(seed)
-                           .arg(m_ledger.differences(m_session->file()).join(QLatin1Char('\n')))));
-    }
-    reportTo(qPrintable(QStringLiteral("%1 kills, 0 losses").arg(kills)), m_ledger, seed);
-    QCOMPARE(m_ledger.refusals(), QStringList());
-    QVERIFY(m_ledger.acknowledged() > 0);
-}
-
-void TestStoreProcesses::aFirstStartThatIsKilledCanBeRepeated()
-{
-    const int kills = qMax(3, setting("FAULTS_KILLS", 12) / 4);
-    const quint32 seed = chosenSeed();
-    QRandomGenerator random(seed);
-    const QTemporaryDir folder;
-    for (int i = 0; i < kills; ++i) {
-        const QString file = folder.filePath(QStringLiteral("plans%1.db").arg(i));
-        WriterProcess writer;
-        QVERIFY(writer.launch(file, { QStringLiteral("f"), QStringLiteral("1") }));
-        writer.killAfter(random.bounded(150000));
-        // Either the sample's user exists, or the file is empty and the data are made now.
-        ClientSession::Options options;
-        options.marketSize = 200;
-        const Status opened =
-            ClientSession::instance().open(file, QStringLiteral("trader01"), ClientSession::Progress(), options);
-        QVERIFY2(
-            opened, qPrintable(QStringLiteral("kill %1, seed %2: %3").arg(i + 1).arg(seed).arg(errorText(opened))));
-        QVERIFY(ClientSession::instance().market().find(
-            SampleSession::record().value(QStringLiteral("symbol")).toString()));
-        ClientSession::instance().close();
-    }
-    std::printf("%d first starts killed, seed %u\n", kills, seed);
-}
-
-void TestStoreProcesses::twoWritersLoseNothingOfEachOther()
-{
-    const QString count = QString::number(setting("FAULTS_WRITES", 100));
-    QCOMPARE(m_session->reopen(), Status());
-    const QString mark = QStringLiteral("shared");
-    m_ledger.attempt(mark);
-    const QString shared = m_session->create(PlanLedger::recordOf(SampleSession::record(), mark));
-    QCOMPARE(m_session->reason(), QString());
-    ClientSession::instance().close();
-
-    WriterProcess first;
-    WriterProcess second;
-    QVERIFY(first.start(m_session->file(), { QStringLiteral("first"), count, shared }));
-    QVERIFY(second.start(m_session->file(), { QStringLiteral("second"), count, shared }));
-    QVERIFY(first.finish());
-    QVERIFY(second.finish());
-    m_ledger.read(first.output());
-    m_ledger.read(second.output());
-    reportTo("two writers", m_ledger, 0);
-    QCOMPARE(m_ledger.problems(), QStringList());
-    QCOMPARE(m_ledger.differences(m_session->file()), QStringList());
-    QCOMPARE(m_ledger.acknowledged() + m_ledger.refusals().size(), 2 * count.toInt());
-    // A writer that never gets the lock gets an error in time, and nothing of its plan is stored.
-    for (const QString& refusal : m_ledger.refusals()) {
-        QVERIFY2(refusal.section(QLatin1Char(' '), 0, 0).toInt() < 1000, qPrintable(refusal));
-        QVERIFY2(refusal.endsWith(QStringLiteral("数据库正被其他程序占用，请稍后再试")), qPrintable(refusal));
-    }
-
-    Database database;
-    QCOMPARE(database.open(m_session->file()), Status());
-    const StoredPlan plan = PlanStore(database, AutoPlanField::BaseField::planOtherParam).plan(shared);
-    QCOMPARE(plan.version, 1 + m_ledger.sharedChanges(shared));
-}
-
-void TestStoreProcesses::aWriterWhoseFilesCannotGrowGetsAnErrorAndLosesNothing()
-{
-    const QString size = QString::number(QFile(m_session->file()).size() + 200000);
-    WriterProcess writer;
-    QVERIFY(writer.start(
-        m_session->file(), { QStringLiteral("full"), QStringLiteral("200"), QStringLiteral("limit=") + size }));
-    QVERIFY(writer.finish());
-    m_ledger.read(writer.output());
-    reportTo("files that may not grow", m_ledger, 0);
-    QCOMPARE(m_ledger.problems(), QStringList());
-    QVERIFY(m_ledger.acknowledged() > 0);
-    QVERIFY(!m_ledger.refusals().empty());
-    for (const QString& refusal : m_ledger.refusals()) {
-        QVERIFY2(refusal.section(QLatin1Char(' '), 0, 0).toInt() < 1000, qPrintable(refusal));
-        QVERIFY2(refusal.contains(QStringLiteral("数据库")), qPrintable(refusal));
-    }
-    QCOMPARE(m_ledger.differences(m_session->file()), QStringList());
-    // With free space again, the next start writes as before.
-    WriterProcess next;
-    QVERIFY(next.start(m_session->file(), { QStringLiteral("room"), QStringLiteral("3") }));
-    QVERIFY(next.finish());
-    const int before = m_ledger.refusals().size();
-    m_ledger.read(next.output());
-    QCOMPARE(m_ledger.refusals().size(), before);
-    QCOMPARE(m_ledger.differences(m_session->file()), QStringList());
-}
-
-QTEST_GUILESS_MAIN(TestStoreProcesses)
+QTEST_GUILESS_MAIN(StoreProcessesTest)
 #include "tst_store_processes.moc"

@@ -1,5 +1,5 @@
 #include "AlgoTradeLogicNew.h"
-#include "LogCatcher.h"
+#include "LoggedTest.h"
 #include "ParameterValue.h"
 #include "StrategyFile.h"
 #include "StrategyLibrary.h"
@@ -396,313 +396,276 @@ const QList<ValueCheck> VALUE_CHECKS{
 
 } // namespace
 
-class StrategyFilesTest : public QObject {
+class StrategyFilesTest : public LoggedTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
-    void aWholeStrategyIsRead();
-    void theParametersOfAStrategyAreRead();
-    void theControlsOfAStrategyAreRead();
-    void everySupportedTypeIsRead_data();
-    void everySupportedTypeIsRead();
-    void whatDoesNotFitIsRefusedWithItsLine_data();
-    void whatDoesNotFitIsRefusedWithItsLine();
-    void moreThanTheLimitsIsRefused();
-    void aFileThatCannotBeReadIsRefused();
-    void nestedEntitiesAreRefusedAtOnce();
-    void randomDamageNeverDoesHarm();
-    void valuesAreChecked_data();
-    void valuesAreChecked();
-    void percentagesAreShownTimesAHundred_data();
-    void percentagesAreShownTimesAHundred();
-
-    void theBuiltInStrategiesAreAllThere();
-    void everyBuiltInParameterHasALabelAndAGoodDefault();
-    void theServiceKnowsStrategiesByName();
-    void aQueryIsAnsweredFromAnotherThread();
-
-private:
-    std::unique_ptr<LogCatcher> m_log;
-};
-
-void StrategyFilesTest::init()
-{
-    m_log = std::make_unique<LogCatcher>();
-}
-
-void StrategyFilesTest::cleanup()
-{
-    const QStringList trouble = m_log->trouble();
-    m_log.reset();
-    QCOMPARE(trouble, QStringList());
-}
-
-void StrategyFilesTest::aWholeStrategyIsRead()
-{
-    const Result<QList<StrategyDefinition>> strategies = readText(root(WHOLE_STRATEGY));
-    QCOMPARE(strategies.status(), Status());
-    QCOMPARE(strategies->size(), 1);
-    const StrategyDefinition demo = strategies->constFirst();
-    QCOMPARE(demo.name, QStringLiteral("Demo"));
-    QCOMPARE(demo.alias, QStringLiteral("演示"));
-    QCOMPARE(demo.version, QStringLiteral("3"));
-    QCOMPARE(demo.provider, QStringLiteral("ME"));
-    QCOMPARE(demo.wireValue, QStringLiteral("d"));
-    QCOMPARE(demo.description, QStringLiteral("两行 说明"));
-    QCOMPARE(demo.rules.size(), 1);
-    QCOMPARE(demo.rules.at(0).message, QStringLiteral("起须早于止！"));
-}
-
-void StrategyFilesTest::theParametersOfAStrategyAreRead()
-{
-    const Result<QList<StrategyDefinition>> strategies = readText(root(WHOLE_STRATEGY));
-    QCOMPARE(strategies.status(), Status());
-    const StrategyDefinition demo = strategies->constFirst();
-    QCOMPARE(demo.parameters.size(), 5);
-    QCOMPARE(demo.parameter(QStringLiteral("Rate"))->fixTag, 7001);
-    QCOMPARE(demo.parameter(QStringLiteral("Rate"))->precision, 4);
-    QVERIFY(demo.parameter(QStringLiteral("Rate"))->required);
-    QVERIFY(!demo.parameter(QStringLiteral("Speed"))->required);
-    QCOMPARE(demo.parameter(QStringLiteral("Kind"))->constValue, QStringLiteral("4"));
-}
-
-void StrategyFilesTest::theControlsOfAStrategyAreRead()
-{
-    const Result<QList<StrategyDefinition>> strategies = readText(root(WHOLE_STRATEGY));
-    QCOMPARE(strategies.status(), Status());
-    const StrategyDefinition demo = strategies->constFirst();
-    QCOMPARE(demo.controls.size(), 4);
-    QCOMPARE(demo.controls.at(0).section, QStringLiteral("一"));
-    QCOMPARE(demo.controls.at(0).tooltip, QStringLiteral("提示"));
-    QCOMPARE(demo.controls.at(0).increment, QStringLiteral("0.01"));
-    QCOMPARE(demo.controls.at(1).label, QStringLiteral("速度"));
-    QCOMPARE(demo.controls.at(1).unit, QStringLiteral("档"));
-    QCOMPARE(demo.controls.at(1).initialValue, QStringLiteral("B"));
-}
-
-void StrategyFilesTest::everySupportedTypeIsRead_data()
-{
-    QTest::addColumn<QString>("parameterType");
-    QTest::addColumn<QString>("controlType");
-    QTest::addColumn<QString>("value");
-    for (const Pairing& pairing : PAIRINGS)
-        QTest::newRow(pairing.row) << pairing.parameterType << pairing.controlType << pairing.value;
-}
-
-void StrategyFilesTest::everySupportedTypeIsRead()
-{
-    QFETCH(QString, parameterType);
-    QFETCH(QString, controlType);
-    QFETCH(QString, value);
-    const auto strategies = readText(parts(parameter(QStringLiteral("xsi:type=\"%1\"").arg(parameterType)),
-        control(QStringLiteral("xsi:type=\"lay:%1\" initValue=\"%2\"").arg(controlType, value))));
-    QCOMPARE(strategies.status(), Status());
-    QCOMPARE(strategies->constFirst().controls.constFirst().initialValue,
-        value == QStringLiteral("true") ? QStringLiteral("Y") : value);
-}
-
-void StrategyFilesTest::whatDoesNotFitIsRefusedWithItsLine_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("line");
-    QTest::addColumn<Status>("error");
-    for (const Refusal& refusal : REFUSALS)
-        QTest::newRow(refusal.row) << refusal.text << refusal.line << refusal.error;
-}
-
-void StrategyFilesTest::whatDoesNotFitIsRefusedWithItsLine()
-{
-    QFETCH(QString, text);
-    QFETCH(int, line);
-    QFETCH(Status, error);
-    QCOMPARE(readText(text).status(), refused(line, error));
-}
-
-void StrategyFilesTest::moreThanTheLimitsIsRefused()
-{
-    QString many;
-    for (int i = 0; i <= StrategyLimits::MAX_COUNT; ++i)
-        many += QStringLiteral("<Strategy name=\"S%1\"/>\n").arg(i);
-    const Status tooMany(Error::TooManyStrategies, { QStringLiteral("100") });
-    QCOMPARE(readText(root(many)).status(), refused(102, tooMany));
-
-    const QString longText(StrategyLimits::MAX_TEXT + 1, QLatin1Char('x'));
-    const Status attributeTooLong(Error::AttributeTooLong, { QStringLiteral("uiRep"), QStringLiteral("1000") });
-    QCOMPARE(readText(root(QStringLiteral("<Strategy name=\"S\" uiRep=\"%1\"/>").arg(longText))).status(),
-        refused(2, attributeTooLong));
-    const Status descriptionTooLong(Error::DescriptionTooLong, { QStringLiteral("1000") });
-    QCOMPARE(readText(strategy(QStringLiteral("<Description>%1</Description>").arg(longText))).status(),
-        refused(3, descriptionTooLong));
-
-    const QString fits = namedStrategy(QStringLiteral("A"));
-    const auto padded = [&](qint64 size) {
-        return fits + QString(static_cast<int>(size - fits.toUtf8().size()), QLatin1Char(' '));
-    };
-    QCOMPARE(readText(padded(StrategyFile::MAX_SIZE)).status(), Status());
-    const Status tooLarge(Error::FileTooLarge, { QStringLiteral("1048576") });
-    QCOMPARE(readText(padded(StrategyFile::MAX_SIZE + 1)).status(), unreadable(FILE_NAME, tooLarge));
-}
-
-void StrategyFilesTest::aFileThatCannotBeReadIsRefused()
-{
-    const QTemporaryDir folder;
-    const QString none = QStringLiteral("none.xml");
-    QCOMPARE(StrategyFile::read(folder.filePath(none)).status(), unreadable(none, Error::NotAFile));
-    QCOMPARE(StrategyFile::read(folder.path()).status().cause(), Status(Error::NotAFile));
-}
-
-void StrategyFilesTest::nestedEntitiesAreRefusedAtOnce()
-{
-    QString entities = QStringLiteral("<!ENTITY e0 \"ha\">");
-    for (int i = 1; i < 30; ++i)
-        entities += QStringLiteral("<!ENTITY e%1 \"%2\">").arg(i).arg(QStringLiteral("&e%1;").arg(i - 1).repeated(10));
-    const QString text = QStringLiteral("<!DOCTYPE Strategies [%1]>\n<Strategies>&e29;</Strategies>").arg(entities);
-    QCOMPARE(readText(text).status(), refused(1, Error::DtdNotAllowed));
-
-    const QString external =
-        QStringLiteral("<!DOCTYPE s [<!ENTITY x SYSTEM \"file:///etc/hostname\">]>\n<Strategies>&x;</Strategies>");
-    QCOMPARE(readText(external).status(), refused(1, Error::DtdNotAllowed));
-}
-
-void StrategyFilesTest::randomDamageNeverDoesHarm()
-{
-    QFile file(QStringLiteral(":/plandesk/strategies/POV.xml"));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QByteArray whole = file.readAll();
-    quint32 seed = 20240506;
-    const auto next = [&seed](int bound) {
-        seed = seed * 1664525U + 1013904223U;
-        return static_cast<int>((seed >> 8U) % static_cast<quint32>(bound));
-    };
-    int damaged = 0;
-    for (int round = 0; round < 500; ++round) {
-        QByteArray bytes = whole;
-        for (int hit = next(4); hit >= 0; --hit)
-            bytes[next(bytes.size())] = static_cast<char>(next(256));
-        bytes.truncate(next(4) == 0 ? next(bytes.size()) : bytes.size());
-        QBuffer buffer(&bytes);
-        buffer.open(QIODevice::ReadOnly);
-        damaged += StrategyFile::read(buffer, FILE_NAME) ? 0 : 1;
+    void aWholeStrategyIsRead()
+    {
+        const Result<QList<StrategyDefinition>> strategies = readText(root(WHOLE_STRATEGY));
+        QCOMPARE(strategies.status(), Status());
+        QCOMPARE(strategies->size(), 1);
+        const StrategyDefinition demo = strategies->constFirst();
+        QCOMPARE(demo.name, QStringLiteral("Demo"));
+        QCOMPARE(demo.alias, QStringLiteral("演示"));
+        QCOMPARE(demo.version, QStringLiteral("3"));
+        QCOMPARE(demo.provider, QStringLiteral("ME"));
+        QCOMPARE(demo.wireValue, QStringLiteral("d"));
+        QCOMPARE(demo.description, QStringLiteral("两行 说明"));
+        QCOMPARE(demo.rules.size(), 1);
+        QCOMPARE(demo.rules.at(0).message, QStringLiteral("起须早于止！"));
     }
-    QVERIFY(damaged > 100);
-}
 
-void StrategyFilesTest::valuesAreChecked_data()
-{
-    QTest::addColumn<QString>("attributes");
-    QTest::addColumn<QString>("value");
-    QTest::addColumn<Status>("status");
-    for (const ValueCheck& check : VALUE_CHECKS)
-        QTest::newRow(check.row) << check.attributes << check.value << check.status;
-}
+    void theParametersOfAStrategyAreRead()
+    {
+        const Result<QList<StrategyDefinition>> strategies = readText(root(WHOLE_STRATEGY));
+        QCOMPARE(strategies.status(), Status());
+        const StrategyDefinition demo = strategies->constFirst();
+        QCOMPARE(demo.parameters.size(), 5);
+        QCOMPARE(demo.parameter(QStringLiteral("Rate"))->fixTag, 7001);
+        QCOMPARE(demo.parameter(QStringLiteral("Rate"))->precision, 4);
+        QVERIFY(demo.parameter(QStringLiteral("Rate"))->required);
+        QVERIFY(!demo.parameter(QStringLiteral("Speed"))->required);
+        QCOMPARE(demo.parameter(QStringLiteral("Kind"))->constValue, QStringLiteral("4"));
+    }
 
-void StrategyFilesTest::valuesAreChecked()
-{
-    QFETCH(QString, attributes);
-    QFETCH(QString, value);
-    QFETCH(Status, status);
-    const QString kind =
-        attributes.contains(QStringLiteral("Boolean")) ? QStringLiteral("CheckBox_t") : QStringLiteral("TextField_t");
-    const Result<QList<StrategyDefinition>> strategies =
-        readText(parts(parameter(attributes), control(QStringLiteral("xsi:type=\"lay:%1\"").arg(kind))));
-    QCOMPARE(strategies.status(), Status());
-    QCOMPARE(ParameterValue::check(strategies->constFirst().parameters.constFirst(), value), status);
-}
+    void theControlsOfAStrategyAreRead()
+    {
+        const Result<QList<StrategyDefinition>> strategies = readText(root(WHOLE_STRATEGY));
+        QCOMPARE(strategies.status(), Status());
+        const StrategyDefinition demo = strategies->constFirst();
+        QCOMPARE(demo.controls.size(), 4);
+        QCOMPARE(demo.controls.at(0).section, QStringLiteral("一"));
+        QCOMPARE(demo.controls.at(0).tooltip, QStringLiteral("提示"));
+        QCOMPARE(demo.controls.at(0).increment, QStringLiteral("0.01"));
+        QCOMPARE(demo.controls.at(1).label, QStringLiteral("速度"));
+        QCOMPARE(demo.controls.at(1).unit, QStringLiteral("档"));
+        QCOMPARE(demo.controls.at(1).initialValue, QStringLiteral("B"));
+    }
 
-void StrategyFilesTest::percentagesAreShownTimesAHundred_data()
-{
-    QTest::addColumn<QString>("stored");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("a fifth") << QStringLiteral("0.2") << QStringLiteral("20");
-    QTest::newRow("a thousandth") << QStringLiteral("0.001") << QStringLiteral("0.1");
-    QTest::newRow("nothing") << QStringLiteral("0") << QStringLiteral("0");
-    QTest::newRow("one") << QStringLiteral("1") << QStringLiteral("100");
-    QTest::newRow("less than nothing") << QStringLiteral("-0.015") << QStringLiteral("-1.5");
-    QTest::newRow("three tenths, without the noise of binary fractions")
-        << QStringLiteral("0.3") << QStringLiteral("30");
-    QTest::newRow("no number stays as it is") << QStringLiteral("abc") << QStringLiteral("abc");
-}
+    void everySupportedTypeIsRead_data()
+    {
+        QTest::addColumn<QString>("parameterType");
+        QTest::addColumn<QString>("controlType");
+        QTest::addColumn<QString>("value");
+        for (const Pairing& pairing : PAIRINGS)
+            QTest::newRow(pairing.row) << pairing.parameterType << pairing.controlType << pairing.value;
+    }
 
-void StrategyFilesTest::percentagesAreShownTimesAHundred()
-{
-    QFETCH(QString, stored);
-    QFETCH(QString, shown);
-    StrategyParameter percentage;
-    percentage.type = ParameterType::Percentage;
-    QCOMPARE(ParameterValue::shown(percentage, stored), shown);
-    QCOMPARE(ParameterValue::entered(percentage, shown), stored);
-}
+    void everySupportedTypeIsRead()
+    {
+        QFETCH(QString, parameterType);
+        QFETCH(QString, controlType);
+        QFETCH(QString, value);
+        const auto strategies = readText(parts(parameter(QStringLiteral("xsi:type=\"%1\"").arg(parameterType)),
+            control(QStringLiteral("xsi:type=\"lay:%1\" initValue=\"%2\"").arg(controlType, value))));
+        QCOMPARE(strategies.status(), Status());
+        QCOMPARE(strategies->constFirst().controls.constFirst().initialValue,
+            value == QStringLiteral("true") ? QStringLiteral("Y") : value);
+    }
 
-void StrategyFilesTest::theBuiltInStrategiesAreAllThere()
-{
-    const StrategyLibrary library;
-    QCOMPARE(library.names(),
-        QStringList({ QStringLiteral("TWAP"), QStringLiteral("VWAP"), QStringLiteral("POV"), QStringLiteral("ICEBERG2"),
-            QStringLiteral("SNIPER") }));
-    QStringList aliases;
-    for (const AesStrategy& known : library.strategies())
-        aliases.append(known.alias);
-    QCOMPARE(aliases,
-        QStringList({ QStringLiteral("时间加权"), QStringLiteral("成交量加权"), QStringLiteral("比例跟量"),
-            QStringLiteral("冰山"), QStringLiteral("狙击") }));
-}
+    void whatDoesNotFitIsRefusedWithItsLine_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("line");
+        QTest::addColumn<Status>("error");
+        for (const Refusal& refusal : REFUSALS)
+            QTest::newRow(refusal.row) << refusal.text << refusal.line << refusal.error;
+    }
 
-void StrategyFilesTest::everyBuiltInParameterHasALabelAndAGoodDefault()
-{
-    const StrategyLibrary library;
-    for (const QString& name : library.names()) {
-        const StrategyDefinition known = library.strategy(name);
-        QVERIFY(known.parameters.size() >= 5);
-        for (const StrategyParameter& each : known.parameters) {
-            const StrategyControl* const shown = known.controlOf(each.name);
-            QVERIFY2(shown && !shown->label.isEmpty(), qPrintable(name + each.name));
-            QCOMPARE(ParameterValue::check(each, shown->initialValue), Status());
+    void whatDoesNotFitIsRefusedWithItsLine()
+    {
+        QFETCH(QString, text);
+        QFETCH(int, line);
+        QFETCH(Status, error);
+        QCOMPARE(readText(text).status(), refused(line, error));
+    }
+
+    void moreThanTheLimitsIsRefused()
+    {
+        QString many;
+        for (int i = 0; i <= StrategyLimits::MAX_COUNT; ++i)
+            many += QStringLiteral("<Strategy name=\"S%1\"/>\n").arg(i);
+        const Status tooMany(Error::TooManyStrategies, { QStringLiteral("100") });
+        QCOMPARE(readText(root(many)).status(), refused(102, tooMany));
+
+        const QString longText(StrategyLimits::MAX_TEXT + 1, QLatin1Char('x'));
+        const Status attributeTooLong(Error::AttributeTooLong, { QStringLiteral("uiRep"), QStringLiteral("1000") });
+        QCOMPARE(readText(root(QStringLiteral("<Strategy name=\"S\" uiRep=\"%1\"/>").arg(longText))).status(),
+            refused(2, attributeTooLong));
+        const Status descriptionTooLong(Error::DescriptionTooLong, { QStringLiteral("1000") });
+        QCOMPARE(readText(strategy(QStringLiteral("<Description>%1</Description>").arg(longText))).status(),
+            refused(3, descriptionTooLong));
+
+        const QString fits = namedStrategy(QStringLiteral("A"));
+        const auto padded = [&](qint64 size) {
+            return fits + QString(static_cast<int>(size - fits.toUtf8().size()), QLatin1Char(' '));
+        };
+        QCOMPARE(readText(padded(StrategyFile::MAX_SIZE)).status(), Status());
+        const Status tooLarge(Error::FileTooLarge, { QStringLiteral("1048576") });
+        QCOMPARE(readText(padded(StrategyFile::MAX_SIZE + 1)).status(), unreadable(FILE_NAME, tooLarge));
+    }
+
+    void aFileThatCannotBeReadIsRefused()
+    {
+        const QTemporaryDir folder;
+        const QString none = QStringLiteral("none.xml");
+        QCOMPARE(StrategyFile::read(folder.filePath(none)).status(), unreadable(none, Error::NotAFile));
+        QCOMPARE(StrategyFile::read(folder.path()).status().cause(), Status(Error::NotAFile));
+    }
+
+    void nestedEntitiesAreRefusedAtOnce()
+    {
+        QString entities = QStringLiteral("<!ENTITY e0 \"ha\">");
+        for (int i = 1; i < 30; ++i)
+            entities +=
+                QStringLiteral("<!ENTITY e%1 \"%2\">").arg(i).arg(QStringLiteral("&e%1;").arg(i - 1).repeated(10));
+        const QString text = QStringLiteral("<!DOCTYPE Strategies [%1]>\n<Strategies>&e29;</Strategies>").arg(entities);
+        QCOMPARE(readText(text).status(), refused(1, Error::DtdNotAllowed));
+
+        const QString external =
+            QStringLiteral("<!DOCTYPE s [<!ENTITY x SYSTEM \"file:///etc/hostname\">]>\n<Strategies>&x;</Strategies>");
+        QCOMPARE(readText(external).status(), refused(1, Error::DtdNotAllowed));
+    }
+
+    void randomDamageNeverDoesHarm()
+    {
+        QFile file(QStringLiteral(":/plandesk/strategies/POV.xml"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray whole = file.readAll();
+        quint32 seed = 20240506;
+        const auto next = [&seed](int bound) {
+            seed = seed * 1664525U + 1013904223U;
+            return static_cast<int>((seed >> 8U) % static_cast<quint32>(bound));
+        };
+        int damaged = 0;
+        for (int round = 0; round < 500; ++round) {
+            QByteArray bytes = whole;
+            for (int hit = next(4); hit >= 0; --hit)
+                bytes[next(bytes.size())] = static_cast<char>(next(256));
+            bytes.truncate(next(4) == 0 ? next(bytes.size()) : bytes.size());
+            QBuffer buffer(&bytes);
+            buffer.open(QIODevice::ReadOnly);
+            damaged += StrategyFile::read(buffer, FILE_NAME) ? 0 : 1;
+        }
+        QVERIFY(damaged > 100);
+    }
+
+    void valuesAreChecked_data()
+    {
+        QTest::addColumn<QString>("attributes");
+        QTest::addColumn<QString>("value");
+        QTest::addColumn<Status>("status");
+        for (const ValueCheck& check : VALUE_CHECKS)
+            QTest::newRow(check.row) << check.attributes << check.value << check.status;
+    }
+
+    void valuesAreChecked()
+    {
+        QFETCH(QString, attributes);
+        QFETCH(QString, value);
+        QFETCH(Status, status);
+        const QString kind = attributes.contains(QStringLiteral("Boolean")) ? QStringLiteral("CheckBox_t")
+                                                                            : QStringLiteral("TextField_t");
+        const Result<QList<StrategyDefinition>> strategies =
+            readText(parts(parameter(attributes), control(QStringLiteral("xsi:type=\"lay:%1\"").arg(kind))));
+        QCOMPARE(strategies.status(), Status());
+        QCOMPARE(ParameterValue::check(strategies->constFirst().parameters.constFirst(), value), status);
+    }
+
+    void percentagesAreShownTimesAHundred_data()
+    {
+        QTest::addColumn<QString>("stored");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("a fifth") << QStringLiteral("0.2") << QStringLiteral("20");
+        QTest::newRow("a thousandth") << QStringLiteral("0.001") << QStringLiteral("0.1");
+        QTest::newRow("nothing") << QStringLiteral("0") << QStringLiteral("0");
+        QTest::newRow("one") << QStringLiteral("1") << QStringLiteral("100");
+        QTest::newRow("less than nothing") << QStringLiteral("-0.015") << QStringLiteral("-1.5");
+        QTest::newRow("three tenths, without the noise of binary fractions")
+            << QStringLiteral("0.3") << QStringLiteral("30");
+        QTest::newRow("no number stays as it is") << QStringLiteral("abc") << QStringLiteral("abc");
+    }
+
+    void percentagesAreShownTimesAHundred()
+    {
+        QFETCH(QString, stored);
+        QFETCH(QString, shown);
+        StrategyParameter percentage;
+        percentage.type = ParameterType::Percentage;
+        QCOMPARE(ParameterValue::shown(percentage, stored), shown);
+        QCOMPARE(ParameterValue::entered(percentage, shown), stored);
+    }
+
+    void theBuiltInStrategiesAreAllThere()
+    {
+        const StrategyLibrary library;
+        QCOMPARE(library.names(),
+            QStringList({ QStringLiteral("TWAP"), QStringLiteral("VWAP"), QStringLiteral("POV"),
+                QStringLiteral("ICEBERG2"), QStringLiteral("SNIPER") }));
+        QStringList aliases;
+        for (const AesStrategy& known : library.strategies())
+            aliases.append(known.alias);
+        QCOMPARE(aliases,
+            QStringList({ QStringLiteral("时间加权"), QStringLiteral("成交量加权"), QStringLiteral("比例跟量"),
+                QStringLiteral("冰山"), QStringLiteral("狙击") }));
+    }
+
+    void everyBuiltInParameterHasALabelAndAGoodDefault()
+    {
+        const StrategyLibrary library;
+        for (const QString& name : library.names()) {
+            const StrategyDefinition known = library.strategy(name);
+            QVERIFY(known.parameters.size() >= 5);
+            for (const StrategyParameter& each : known.parameters) {
+                const StrategyControl* const shown = known.controlOf(each.name);
+                QVERIFY2(shown && !shown->label.isEmpty(), qPrintable(name + each.name));
+                QCOMPARE(ParameterValue::check(each, shown->initialValue), Status());
+            }
         }
     }
-}
 
-void StrategyFilesTest::theServiceKnowsStrategiesByName()
-{
-    const AesStrategy known = AlgoTradeLogicNew::GetInstance()->GetStrategy(QStringLiteral("ICEBERG2"));
-    QCOMPARE(known.name, QStringLiteral("ICEBERG2"));
-    QCOMPARE(known.alias, QStringLiteral("冰山"));
-    QCOMPARE(known.provider, QStringLiteral("PLANDESK"));
-    QCOMPARE(known.version, QStringLiteral("1"));
-    for (const QString& name : { QString(), QStringLiteral("iceberg2"), QStringLiteral("NONE") }) {
-        const AesStrategy unknown = AlgoTradeLogicNew::GetInstance()->GetStrategy(name);
-        QVERIFY(unknown.name.isEmpty() && unknown.alias.isEmpty() && unknown.provider.isEmpty());
+    void theServiceKnowsStrategiesByName()
+    {
+        const AesStrategy known = AlgoTradeLogicNew::GetInstance()->GetStrategy(QStringLiteral("ICEBERG2"));
+        QCOMPARE(known.name, QStringLiteral("ICEBERG2"));
+        QCOMPARE(known.alias, QStringLiteral("冰山"));
+        QCOMPARE(known.provider, QStringLiteral("PLANDESK"));
+        QCOMPARE(known.version, QStringLiteral("1"));
+        for (const QString& name : { QString(), QStringLiteral("iceberg2"), QStringLiteral("NONE") }) {
+            const AesStrategy unknown = AlgoTradeLogicNew::GetInstance()->GetStrategy(name);
+            QVERIFY(unknown.name.isEmpty() && unknown.alias.isEmpty() && unknown.provider.isEmpty());
+        }
     }
-}
 
-void StrategyFilesTest::aQueryIsAnsweredFromAnotherThread()
-{
-    qRegisterMetaType<AesStrategy>("AesStrategy");
-    qRegisterMetaType<QList<AesStrategy>>("QList<AesStrategy>");
-    AlgoTradeLogicNew* const service = AlgoTradeLogicNew::GetInstance();
-    QCOMPARE(service->thread(), QThread::currentThread());
-    QThread* emitter = nullptr;
-    QObject receiver;
-    QStringList answered;
-    connect(service, &AlgoTradeLogicNew::sigQryAlgoStrategiesRsp, &receiver, [&](const QList<AesStrategy>& strategies) {
-        QCOMPARE(QThread::currentThread(), QCoreApplication::instance()->thread());
-        for (const AesStrategy& each : strategies)
-            answered.append(each.name);
-    });
-    connect(
-        service, &AlgoTradeLogicNew::sigQryAlgoStrategiesRsp, &receiver, [&] { emitter = QThread::currentThread(); },
-        Qt::DirectConnection);
+    void aQueryIsAnsweredFromAnotherThread()
+    {
+        qRegisterMetaType<AesStrategy>("AesStrategy");
+        qRegisterMetaType<QList<AesStrategy>>("QList<AesStrategy>");
+        AlgoTradeLogicNew* const service = AlgoTradeLogicNew::GetInstance();
+        QCOMPARE(service->thread(), QThread::currentThread());
+        QThread* emitter = nullptr;
+        QObject receiver;
+        QStringList answered;
+        connect(
+            service, &AlgoTradeLogicNew::sigQryAlgoStrategiesRsp, &receiver, [&](const QList<AesStrategy>& strategies) {
+                QCOMPARE(QThread::currentThread(), QCoreApplication::instance()->thread());
+                for (const AesStrategy& each : strategies)
+                    answered.append(each.name);
+            });
+        connect(
+            service, &AlgoTradeLogicNew::sigQryAlgoStrategiesRsp, &receiver,
+            [&] { emitter = QThread::currentThread(); }, Qt::DirectConnection);
 
-    QFuture<void> query = StrategyQuery::start();
-    query.waitForFinished();
-    QVERIFY(emitter != nullptr);
-    QVERIFY(emitter != QThread::currentThread());
-    QCOMPARE(answered.size(), 0);
-    QCoreApplication::processEvents();
-    QCOMPARE(answered, StrategyLibrary::instance().names());
-}
+        QFuture<void> query = StrategyQuery::start();
+        query.waitForFinished();
+        QVERIFY(emitter != nullptr);
+        QVERIFY(emitter != QThread::currentThread());
+        QCOMPARE(answered.size(), 0);
+        QCoreApplication::processEvents();
+        QCOMPARE(answered, StrategyLibrary::instance().names());
+    }
+};
 
 QTEST_GUILESS_MAIN(StrategyFilesTest)
 #include "tst_strategy_files.moc"
