@@ -1,5 +1,10 @@
 #include "AutoParamSetting.h"
+#include "AutoPlanField.h"
 #include "AutoPlanLogic.h"
+#include "Kelvo_Fields.h"
+#include "Kelvo_Values.h"
+#include "OrloConstants.h"
+#include "Orlo_Fields.h"
 
 #include <QComboBox>
 #include <QLocale>
@@ -64,27 +69,33 @@ void fillIn(const Trader& trader)
 
 Record expectedRecord(const QString& id)
 {
-    const QString day = QLocale::c().toString(QDate::currentDate().addDays(2), QStringLiteral("dd.MM.yyyy"));
+    using namespace AutoPlanField;
+    using namespace Kelvo_Fields::UserAccount;
+    const QString day =
+        QLocale::c().toString(QDate::currentDate().addDays(2), OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
+    const QString other = QStringLiteral("{\"%1\":\"%2\",\"%3\":\"%4\"}")
+                              .arg(BaseField::securitySubType, Kelvo_Values::MdcSubSecurityType::Ashares,
+                                  Progress::CurrentQty, QStringLiteral("150"));
     return {
         { QStringLiteral("10112"), QStringLiteral("branch two") },
-        { QStringLiteral("account"), QStringLiteral("two") },
-        { QStringLiteral("exchange"), QStringLiteral("XSHG") },
-        { QStringLiteral("holder"), QStringLiteral("holder two") },
-        { QStringLiteral("plan.assignee"), QStringLiteral("day desk") },
-        { QStringLiteral("plan.formula1"), QStringLiteral("12.345") },
-        { QStringLiteral("plan.from"), day },
-        { QStringLiteral("plan.id"), id },
-        { QStringLiteral("plan.instruction"), QStringLiteral("1") },
-        { QStringLiteral("plan.mode"), QStringLiteral("1") },
-        { QStringLiteral("plan.more"), QStringLiteral("{\"more.daily\":\"150\",\"more.kind\":\"stock/main\"}") },
-        { QStringLiteral("plan.note"), QStringLiteral("by hand") },
-        { QStringLiteral("plan.priceMode"), QStringLiteral("6") },
-        { QStringLiteral("plan.quantity"), QStringLiteral("1200") },
-        { QStringLiteral("plan.side"), QStringLiteral("B") },
-        { QStringLiteral("plan.to"), day },
-        { QStringLiteral("plan.type"), QStringLiteral("TW-02") },
-        { QStringLiteral("security"), QStringLiteral("beta@XSHG") },
-        { QStringLiteral("who"), QStringLiteral("stranger") },
+        { tradingAccount, QStringLiteral("two") },
+        { securityExchange, Kelvo_Values::Exchange::sh },
+        { securityAccount, QStringLiteral("holder two") },
+        { BaseField::expectedUser, QStringLiteral("day desk") },
+        { BaseField::priceFormula1, QStringLiteral("12.345") },
+        { BaseField::beginDate, day },
+        { BaseField::autoPlanId, id },
+        { Orlo_Fields::AutoPlan::subType, QStringLiteral("1") },
+        { BaseField::InstMode, QStringLiteral("1") },
+        { BaseField::planOtherParam, other },
+        { BaseField::remark, QStringLiteral("by hand") },
+        { BaseField::priceModel, QStringLiteral("6") },
+        { BaseField::totalQty, QStringLiteral("1200") },
+        { BaseField::orderSide, Kelvo_Values::OrderSide::buy },
+        { BaseField::endDate, day },
+        { Orlo_Fields::AutoPlan::templateCode, QStringLiteral("TW-02") },
+        { Kelvo_Fields::Security::symbol, QStringLiteral("beta@XSHG") },
+        { userID, QStringLiteral("stranger") },
     };
 }
 

@@ -17,33 +17,23 @@
 #define PURCHASE_CODE(code) QStringLiteral(code)
 #endif
 
-namespace Algo_Fields {
-
-namespace AlgoInstContentInfo {
+namespace Algo_Fields::AlgoInstContentInfo {
 const QString TradingAccount = QStringLiteral("af_AlgoInstContentInfo_TradingAccount");
 const QString Symbol = QStringLiteral("af_AlgoInstContentInfo_Symbol");
 const QString OrderSide = QStringLiteral("af_AlgoInstContentInfo_OrderSide");
 const QString EntrustProp = QStringLiteral("af_AlgoInstContentInfo_EntrustProp");
-} // namespace AlgoInstContentInfo
+} // namespace Algo_Fields::AlgoInstContentInfo
 
-} // namespace Algo_Fields
-
-namespace Algo_Values {
-
-namespace AlgoGlobalType {
+namespace Algo_Values::AlgoGlobalType {
 const QString instruction = QStringLiteral("av_AlgoGlobalType_instruction");
-} // namespace AlgoGlobalType
+} // namespace Algo_Values::AlgoGlobalType
 
-namespace AlgoOrderSide {
+namespace Algo_Values::AlgoOrderSide {
 const QString BuyValue = QStringLiteral("av_AlgoOrderSide_BuyValue");
 const QString SellValue = QStringLiteral("av_AlgoOrderSide_SellValue");
-} // namespace AlgoOrderSide
+} // namespace Algo_Values::AlgoOrderSide
 
-} // namespace Algo_Values
-
-namespace AutoPlanField {
-
-namespace BaseField {
+namespace AutoPlanField::BaseField {
 const QString autoPlanId = QStringLiteral("pf_BaseField_autoPlanId");
 const QString orderSide = QStringLiteral("pf_BaseField_orderSide");
 const QString priceModel = QStringLiteral("pf_BaseField_priceModel");
@@ -65,105 +55,83 @@ const QString algoStrategyName = QStringLiteral("pf_BaseField_algoStrategyName")
 const QString securitySubType = QStringLiteral("pf_BaseField_securitySubType");
 const QString JCRatio = QStringLiteral("pf_BaseField_JCRatio");
 const QString JCModel = QStringLiteral("pf_BaseField_JCModel");
-} // namespace BaseField
+} // namespace AutoPlanField::BaseField
 
-namespace Progress {
+namespace AutoPlanField::Progress {
 const QString CurrentQty = QStringLiteral("pf_Progress_CurrentQty");
-} // namespace Progress
-
-} // namespace AutoPlanField
+} // namespace AutoPlanField::Progress
 
 namespace InstructionTargetType {
-
 const QString QtyOrder = QStringLiteral("tt_QtyOrder");
 const QString AmountOrder = QStringLiteral("tt_AmountOrder");
-
 } // namespace InstructionTargetType
 
-namespace Kelvo_Fields {
-
-namespace UserAccount {
+namespace Kelvo_Fields::UserAccount {
 const QString userID = QStringLiteral("kf_UserAccount_userID");
 const QString tradingAccount = QStringLiteral("kf_UserAccount_tradingAccount");
 const QString securityExchange = QStringLiteral("kf_UserAccount_securityExchange");
 const QString securityAccount = QStringLiteral("kf_UserAccount_securityAccount");
-} // namespace UserAccount
+} // namespace Kelvo_Fields::UserAccount
 
-namespace Security {
+namespace Kelvo_Fields::Security {
 const QString symbol = QStringLiteral("kf_Security_symbol");
 const QString timeInForce = QStringLiteral("kf_Security_timeInForce");
 const QString transActTime = QStringLiteral("kf_Security_transActTime");
 const QString tradeableQty = QStringLiteral("kf_Security_tradeableQty");
-} // namespace Security
+} // namespace Kelvo_Fields::Security
 
-} // namespace Kelvo_Fields
-
-namespace Kelvo_Values {
-
-namespace OrderSide {
+namespace Kelvo_Values::OrderSide {
 const QString buy = QStringLiteral("k_side_buy");
 const QString sell = QStringLiteral("k_side_sell");
-} // namespace OrderSide
+} // namespace Kelvo_Values::OrderSide
 
-namespace Exchange {
+namespace Kelvo_Values::Exchange {
 const QString sh = QStringLiteral("k_Exchange_sh");
 const QString sz = QStringLiteral("k_Exchange_sz");
-} // namespace Exchange
+} // namespace Kelvo_Values::Exchange
 
-namespace SymbolPost {
+namespace Kelvo_Values::SymbolPost {
 const QString sh = QStringLiteral(".K_SH");
 const QString sz = QStringLiteral(".K_SZ");
-} // namespace SymbolPost
+} // namespace Kelvo_Values::SymbolPost
 
-namespace MdcSecurityType {
+namespace Kelvo_Values::MdcSecurityType {
 const QString StockType = QStringLiteral("k_MdcSecurityType_StockType");
 const QString BondType = QStringLiteral("k_MdcSecurityType_BondType");
 const QString FundType = QStringLiteral("k_MdcSecurityType_FundType");
-} // namespace MdcSecurityType
+} // namespace Kelvo_Values::MdcSecurityType
 
-namespace MdcSubSecurityType {
+namespace Kelvo_Values::MdcSubSecurityType {
 const QString Ashares = QStringLiteral("k_MdcSubSecurityType_Ashares");
 const QString Gemstock = QStringLiteral("k_MdcSubSecurityType_Gemstock");
 const QString Smallandmediumstock = QStringLiteral("k_MdcSubSecurityType_Smallandmediumstock");
 const QString Assetbackedsecurities = QStringLiteral("k_MdcSubSecurityType_Assetbackedsecurities");
 const QString TradingopenindexfundETF = QStringLiteral("k_MdcSubSecurityType_TradingopenindexfundETF");
-} // namespace MdcSubSecurityType
+} // namespace Kelvo_Values::MdcSubSecurityType
 
-} // namespace Kelvo_Values
-
-namespace OrloConstants {
-
-namespace DateTimeFormatString {
+namespace OrloConstants::DateTimeFormatString {
 const QString STD_DATE_FORMAT = QStringLiteral("yyyy/MM/dd");
-} // namespace DateTimeFormatString
+} // namespace OrloConstants::DateTimeFormatString
 
-namespace DictionaryKey {
+namespace OrloConstants::DictionaryKey {
 const QString SideUnion2AlgoDefines = QStringLiteral("oc_DictionaryKey_SideUnion2AlgoDefines");
 const QString exchangeChineseName = QStringLiteral("oc_DictionaryKey_exchangeChineseName");
-} // namespace DictionaryKey
+} // namespace OrloConstants::DictionaryKey
 
-} // namespace OrloConstants
-
-namespace Orlo_Fields {
-
-namespace AutoPlan {
+namespace Orlo_Fields::AutoPlan {
 const QString templateCode = QStringLiteral("of_AutoPlan_templateCode");
 const QString subType = QStringLiteral("of_AutoPlan_subType");
-} // namespace AutoPlan
+} // namespace Orlo_Fields::AutoPlan
 
-namespace Security {
+namespace Orlo_Fields::Security {
 const QString cumAmount = QStringLiteral("of_Security_cumAmount");
-} // namespace Security
+} // namespace Orlo_Fields::Security
 
-} // namespace Orlo_Fields
-
-namespace Orlo_Values {
-
-namespace OrderSide {
+namespace Orlo_Values::OrderSide {
 const QString buy = PURCHASE_CODE("o_OrderSide_buy");
-} // namespace OrderSide
+} // namespace Orlo_Values::OrderSide
 
-namespace SideUnion {
+namespace Orlo_Values::SideUnion {
 const QString normalBuy = PURCHASE_CODE("o_SideUnion_normalBuy");
 const QString collateralBuy = QStringLiteral("o_SideUnion_collateralBuy");
 const QString collateralSell = QStringLiteral("o_SideUnion_collateralSell");
@@ -175,23 +143,23 @@ const QString marginBuyNormal = QStringLiteral("o_SideUnion_marginBuyNormal");
 const QString marginSellNormal = QStringLiteral("o_SideUnion_marginSellNormal");
 const QString BondConversion = QStringLiteral("o_SideUnion_BondConversion");
 const QString paidRationShare = QStringLiteral("o_SideUnion_paidRationShare");
-} // namespace SideUnion
+} // namespace Orlo_Values::SideUnion
 
-namespace HKTimeInForce {
+namespace Orlo_Values::HKTimeInForce {
 const QString InTrade = QStringLiteral("o_HKTimeInForce_InTrade");
 const QString BeforeTrade = QStringLiteral("o_HKTimeInForce_BeforeTrade");
-} // namespace HKTimeInForce
+} // namespace Orlo_Values::HKTimeInForce
 
-namespace FundAccountType {
+namespace Orlo_Values::FundAccountType {
 const QString Credit = QStringLiteral("o_FundAccountType_Credit");
-} // namespace FundAccountType
+} // namespace Orlo_Values::FundAccountType
 
-namespace Exchange {
+namespace Orlo_Values::Exchange {
 const QString bj = QStringLiteral("o_Exchange_bj");
 const QString HkStockCirculation = QStringLiteral("o_Exchange_HkStockCirculation");
-} // namespace Exchange
+} // namespace Orlo_Values::Exchange
 
-namespace MdcSubSecurityType {
+namespace Orlo_Values::MdcSubSecurityType {
 const QString ScienTechInnovateBoard = QStringLiteral("o_MdcSubSecurityType_ScienTechInnovateBoard");
 const QString BjSelectedStock = QStringLiteral("o_MdcSubSecurityType_BjSelectedStock");
 const QString HStcokCirculation = QStringLiteral("o_MdcSubSecurityType_HStcokCirculation");
@@ -203,17 +171,15 @@ const QStringList AllBondNoRepurchaseTypeList = { QStringLiteral("o_bond_treasur
     QStringLiteral("o_bond_convertible"), DirectedConBond, QStringLiteral("o_bond_corporate") };
 const QStringList ConvertableBondTypeList = { QStringLiteral("o_bond_convertible"),
     QStringLiteral("o_bond_exchangeable") };
-} // namespace MdcSubSecurityType
+} // namespace Orlo_Values::MdcSubSecurityType
 
-namespace StFlag {
+namespace Orlo_Values::StFlag {
 const QString Normal = QStringLiteral("o_StFlag_Normal");
-} // namespace StFlag
+} // namespace Orlo_Values::StFlag
 
-namespace ProtocolId {
+namespace Orlo_Values::ProtocolId {
 const QString AutoPlanReduceAgree = QStringLiteral("o_ProtocolId_AutoPlanReduceAgree");
-} // namespace ProtocolId
-
-} // namespace Orlo_Values
+} // namespace Orlo_Values::ProtocolId
 
 const QString OrloPushButton::BtnStyleType::Normal = QStringLiteral("style_normal");
 const QString OrloPushButton::BtnStyleType::Highlight = QStringLiteral("style_highlight");
