@@ -307,25 +307,8 @@ private Q_SLOTS:
         const QStringList shares{ SubType::Ashares, SubType::BjSelectedStock };
         const QStringList shanghai{ Kelvo_Values::SymbolPost::sh };
         QVERIFY(allEndWith(data->GetAllSymbolByTypeList(StockType, shares, shanghai, false, {}), shanghai.first()));
-        QVERIFY(data->GetAllSymbolByTypeList(StockType, shares, {}, false, {}).size()
-            > data->GetAllSymbolByTypeList(StockType, shares, shanghai, false, {}).size());
         QVERIFY(allEndWith(
             data->GetAllSymbolByType(StockType, SubType::HStcokCirculation, QString(), false, {}), SymbolSuffix::hk));
-        QCOMPARE(data->GetAllSymbolByType(BondType, SubType::Ashares, QString(), false, {}).size(), 0);
-        QCOMPARE(data->GetAllSymbolByTypeList(StockType, {}, {}, false, {}).size(), 0);
-    }
-
-    void aRepeatedQuerySharesItsSymbols()
-    {
-        const auto ask = [] {
-            return CBusinessDataBase::GetInstance()->GetAllSymbolByType(
-                StockType, SubType::Ashares, QString(), false, {});
-        };
-        const SymbolList first = ask();
-        const SymbolList second = ask();
-        QCOMPARE(first.runs().size(), 2);
-        QVERIFY(first.runs().first().isSharedWith(second.runs().first()));
-        QVERIFY(first.runs().last().isSharedWith(second.runs().last()));
     }
 
     void excludedSymbolsAreLeftOut()
@@ -350,6 +333,7 @@ private Q_SLOTS:
         const auto positions = positionsIn(account, securityAccount, QString());
         QCOMPARE(positions.size(), 1);
         QCOMPARE(positions.first().value(Kelvo_Fields::Security::tradeableQty).toDouble(), 200000.0);
+        QCOMPARE(positionsIn(account, QString(), QString()), positions);
         QCOMPARE(positionsIn(account, QStringLiteral("X"), QString()).size(), 0);
         QCOMPARE(positionsIn(account, securityAccount, QStringLiteral("1")).size(), 0);
         QCOMPARE(positionsIn(tagUserAccountInfo(), securityAccount, QString()).size(), 0);
@@ -376,6 +360,9 @@ private Q_SLOTS:
         QCOMPARE(Rules::GetForwardUsers(key, VorInstructionNodeType::Execute), Rules::GetExcuteUsers(key));
         QCOMPARE(Rules::GetForwardUsers(key, VorInstructionNodeType::Review), QStringList());
         QCOMPARE(Rules::GetExcuteUsers(QString()), QStringList());
+        const QString hongKong =
+            Rules::getChainKeyForTraddingAccout(QStringLiteral("100001"), InstructionType::HkConnect);
+        QCOMPARE(Rules::GetForwardUsers(hongKong, VorInstructionNodeType::Forward), QStringList());
     }
 
     void entrustTypesTurnIntoNumbersAndBack()
@@ -412,13 +399,12 @@ private Q_SLOTS:
     void staticTextsFallBackToTheDefault()
     {
         CDataBase* texts = CDataBase::GetInstance();
-        const QStringList types{ InstructionType::Ordinary, InstructionType::Credit, InstructionType::Bond,
-            InstructionType::HkConnect };
-        for (const QString& type : types)
-            QVERIFY(!texts->GetStaticCfgValue(StaticCategory::InstructionType, type).isEmpty());
-        QVERIFY(!texts->GetStaticCfgValue(StaticCategory::TargetType, InstructionTargetType::QtyOrder).isEmpty());
-        QVERIFY(!texts->GetStaticCfgValue(OrloConstants::DictionaryKey::exchangeChineseName, Kelvo_Values::Exchange::sh)
-                     .isEmpty());
+        QCOMPARE(texts->GetStaticCfgValue(StaticCategory::InstructionType, InstructionType::Bond),
+            QStringLiteral("债券交易"));
+        QCOMPARE(texts->GetStaticCfgValue(StaticCategory::TargetType, InstructionTargetType::AmountOrder),
+            QStringLiteral("按金额"));
+        QCOMPARE(texts->GetStaticCfgValue(OrloConstants::DictionaryKey::exchangeChineseName, Orlo_Values::Exchange::bj),
+            QStringLiteral("北京证券交易所"));
         QCOMPARE(texts->GetStaticCfgValue(QStringLiteral("nowhere"), QStringLiteral("1")), QString());
         QCOMPARE(texts->GetStaticCfgValue(QStringLiteral("nowhere"), QStringLiteral("1"), QStringLiteral("x")),
             QStringLiteral("x"));
@@ -434,6 +420,7 @@ private Q_SLOTS:
         QCOMPARE(store.setWhiteList(InstructionType::Ordinary, target, share(), own), Status());
         QCOMPARE(Rules::getWhiteAlgoNameList(InstructionType::Ordinary, target, share()), own);
         QCOMPARE(Rules::getWhiteAlgoNameList(InstructionType::Ordinary, target, convertible()), all);
+        QVERIFY(Rules::getWhiteAlgoNameList(InstructionType::Bond, target, convertible()) != all);
         QCOMPARE(
             Rules::getBlackAlgoNameList(InstructionTargetType::AmountOrder), QStringList{ QStringLiteral("SNIPER") });
         QCOMPARE(Rules::getBlackAlgoNameList(QString()), QStringList());

@@ -1,11 +1,9 @@
 #include "AccountStore.h"
 #include "AgreementStore.h"
 #include "AuthorityStore.h"
-#include "ConfigurationStore.h"
 #include "Database.h"
 #include "InstructionStore.h"
 #include "PlanStore.h"
-#include "PositionStore.h"
 #include "Schema.h"
 #include "TestStatus.h"
 #include "UserStore.h"
@@ -237,20 +235,6 @@ private Q_SLOTS:
         QCOMPARE(contentOf(fileName), content);
     }
 
-    void aLockedFileIsToldWithinASecond()
-    {
-        Database other;
-        QCOMPARE(other.open(path(QStringLiteral("plans.db"))), Status());
-        QCOMPARE(other.execute(QStringLiteral("BEGIN IMMEDIATE")), Status());
-        QElapsedTimer timer;
-        timer.start();
-        const auto created = PlanStore(*m_database, OtherParamKey).create(sampleRecord(), QStringLiteral("u"), Morning);
-        QCOMPARE(created.status(), Status(Error::DatabaseBusy));
-        QVERIFY(timer.elapsed() < 3000);
-        QCOMPARE(other.execute(QStringLiteral("ROLLBACK")), Status());
-        QVERIFY(PlanStore(*m_database, OtherParamKey).create(sampleRecord(), QStringLiteral("u"), Morning));
-    }
-
     void aTransactionThatGivesAReasonLeavesNothing()
     {
         PlanStore plans(*m_database, OtherParamKey);
@@ -408,16 +392,6 @@ private Q_SLOTS:
         QCOMPARE(plans.record(first), PlanStore::Record());
     }
 
-    void aRecordThatIsNotTextIsRefusedWhole()
-    {
-        PlanStore plans(*m_database, OtherParamKey);
-        PlanStore::Record record = sampleRecord();
-        record.insert(QStringLiteral("totalQty"), 100.0);
-        const auto created = plans.create(record, QStringLiteral("u"), Morning);
-        QCOMPARE(created.status(), Status(Error::FieldNotText, { QStringLiteral("totalQty") }));
-        QCOMPARE(plans.count(), 0);
-    }
-
     void anEmptyRecordIsRefused()
     {
         PlanStore plans(*m_database, OtherParamKey);
@@ -450,15 +424,6 @@ private Q_SLOTS:
         QVERIFY(!plans.modify(id, changed, Noon));
         QCOMPARE(plans.plan(id).version, 1);
         QCOMPARE(plans.record(id), sampleRecord());
-    }
-
-    void anUnknownPlanCannotBeModified()
-    {
-        PlanStore plans(*m_database, OtherParamKey);
-        for (const QString& id : { QStringLiteral("AP00000007"), QStringLiteral("nonsense"), QString() })
-            QCOMPARE(plans.modify(id, sampleRecord(), Noon), Status(Error::UnknownPlan, { id }));
-        QCOMPARE(plans.count(), 0);
-        QCOMPARE(plans.plan(QStringLiteral("AP00000007")).id, QString());
     }
 
     void pagesShowTheNewestPlansFirst()
@@ -608,49 +573,6 @@ private Q_SLOTS:
         QVERIFY(!agreements.signedTime(protocol, QStringLiteral("C2")).isValid());
         QCOMPARE(agreements.unsignedClientNumbers(protocol, QStringLiteral("u1")), QStringList{ QStringLiteral("C2") });
         QVERIFY(!agreements.sign(QStringLiteral("unknown"), QStringLiteral("C1"), QString(), Noon));
-    }
-
-    void positionsAreFoundByAccountAndSymbol()
-    {
-        addAccount(QStringLiteral("1"), QStringLiteral("C1"));
-        PositionStore positions(*m_database);
-        const QString symbol = QStringLiteral("600000.SH");
-        QCOMPARE(positions.set({ QStringLiteral("1"), QStringLiteral("A1"), symbol, 500, 300 }), Status());
-        QCOMPARE(positions.set({ QStringLiteral("1"), QStringLiteral("A2"), symbol, 7, 7 }), Status());
-        const auto found = positions.positions(QStringLiteral("1"), QStringLiteral("A1"), symbol);
-        QCOMPARE(found.size(), 1);
-        QCOMPARE(found.at(0).quantity, qint64(500));
-        QCOMPARE(found.at(0).tradeableQuantity, qint64(300));
-        QCOMPARE(positions.positions(QStringLiteral("1"), QString(), symbol).size(), 2);
-        QCOMPARE(positions.positions(QStringLiteral("1"), QStringLiteral("A1"), QStringLiteral("x")).size(), 0);
-    }
-
-    void aListForOneSecurityGoesBeforeTheGeneralOne()
-    {
-        StrategyStore strategies(*m_database);
-        const QString type = QStringLiteral("1");
-        const QString target = QStringLiteral("Q");
-        const QString symbol = QStringLiteral("600000.SH");
-        const QStringList general{ QStringLiteral("VWAP"), QStringLiteral("TWAP") };
-        const QStringList own{ QStringLiteral("SNIPER") };
-        QCOMPARE(strategies.setWhiteList(type, target, QString(), general), Status());
-        QCOMPARE(strategies.whiteList(type, target, symbol), general);
-        QCOMPARE(strategies.setWhiteList(type, target, symbol, own), Status());
-        QCOMPARE(strategies.whiteList(type, target, symbol), own);
-        QCOMPARE(strategies.whiteList(type, target, QStringLiteral("000001.SZ")), general);
-        QCOMPARE(strategies.whiteList(QStringLiteral("9"), target, symbol), QStringList());
-        QCOMPARE(strategies.blackList(target), QStringList());
-        QCOMPARE(strategies.setBlackList(target, own), Status());
-        QCOMPARE(strategies.setBlackList(target, general), Status());
-        QCOMPARE(strategies.blackList(target), general);
-    }
-
-    void textsReadBack()
-    {
-        StaticTextStore texts(*m_database);
-        QCOMPARE(texts.set(QStringLiteral("c"), QStringLiteral("k"), QStringLiteral("文")), Status());
-        QCOMPARE(texts.text(QStringLiteral("c"), QStringLiteral("k")), QStringLiteral("文"));
-        QCOMPARE(texts.text(QStringLiteral("c"), QStringLiteral("x"), QStringLiteral("缺省")), QStringLiteral("缺省"));
     }
 
 private:

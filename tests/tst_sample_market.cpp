@@ -2,12 +2,9 @@
 #include "AgreementStore.h"
 #include "AuthorityStore.h"
 #include "CloseCodec.h"
-#include "ConfigurationStore.h"
-#include "InstructionTargetType.h"
 #include "Kelvo_Values.h"
 #include "Market.h"
 #include "MovingAverages.h"
-#include "OrloConstants.h"
 #include "Orlo_Values.h"
 #include "PlanCodes.h"
 #include "PositionStore.h"
@@ -531,20 +528,6 @@ private Q_SLOTS:
             !authorities.hasAuthority(QStringLiteral("trader10"), powerless.tradingAccount, InstructionType::Ordinary));
     }
 
-    void chainsNameAReviewerTwice()
-    {
-        AuthorityStore chains(database());
-        const QString account = AccountStore(database()).accountsOf(SampleAccounts::defaultUser()).at(0).tradingAccount;
-        const QString key = chains.chainKey(account, InstructionType::Ordinary);
-        QCOMPARE(chains.chainUsers(key, ChainRole::Execute).size(), 3);
-        QStringList reviewers = chains.chainUsers(key, ChainRole::Forward);
-        QCOMPARE(reviewers.size(), 4);
-        QCOMPARE(reviewers.removeDuplicates(), 1);
-        const QString hongKong = chains.chainKey(account, InstructionType::HkConnect);
-        QCOMPARE(chains.chainUsers(hongKong, ChainRole::Forward).size(), 0);
-        QVERIFY(UserStore(database()).users().size() >= 16);
-    }
-
     void onlySomeClientsHaveSigned()
     {
         AgreementStore agreements(database());
@@ -569,19 +552,6 @@ private Q_SLOTS:
         QCOMPARE(ample.at(0).tradeableQuantity, qint64(200000));
         QCOMPARE(scarce.at(0).quantity, qint64(500));
         QCOMPARE(scarce.at(0).tradeableQuantity, qint64(300));
-    }
-
-    void textsOfTypesAndExchangesAreThere()
-    {
-        StaticTextStore texts(database());
-        const auto text = [&texts](const QString& category, const QString& key) { return texts.text(category, key); };
-        QCOMPARE(text(PlanCodes::StaticCategory::InstructionType, InstructionType::Bond), QStringLiteral("债券交易"));
-        QCOMPARE(
-            text(PlanCodes::StaticCategory::TargetType, InstructionTargetType::AmountOrder), QStringLiteral("按金额"));
-        QCOMPARE(text(OrloConstants::DictionaryKey::exchangeChineseName, Orlo_Values::Exchange::bj),
-            QStringLiteral("北京证券交易所"));
-        QVERIFY(
-            !text(OrloConstants::DictionaryKey::SideUnion2AlgoDefines, Orlo_Values::SideUnion::financingBuy).isEmpty());
     }
 
 private:
