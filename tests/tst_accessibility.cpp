@@ -26,7 +26,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStyleOptionComboBox>
-#include <QTranslator>
 #include <QtTest>
 
 using namespace PlanCodes;
@@ -264,19 +263,6 @@ QString cutTexts(const QWidget* root, int* count = nullptr)
     return faults.join(QLatin1Char('\n'));
 }
 
-/// Translates every text of the editor to itself in brackets.
-class BracketTranslator : public QTranslator {
-public:
-    QString translate(const char* context, const char* source, const char*, int) const override
-    {
-        if (qstrcmp(context, "AutoParamSetting") != 0)
-            return {};
-        return QLatin1Char('<') + QString::fromUtf8(source) + QLatin1Char('>');
-    }
-
-    bool isEmpty() const override { return false; }
-};
-
 } // namespace
 
 /// The form, the window and the boxes with a keyboard, a screen reader, a larger font or a zoom.
@@ -376,50 +362,15 @@ private Q_SLOTS:
         QVERIFY(fields >= 17);
     }
 
-    void namesFollowCaptionsThatChange()
+    void theStepIsExplained()
     {
         openForm(words("an ordinary plan"));
-        QCOMPARE(field<QWidget>(form(), "lineEdit_price1")->accessibleName(), words("价格1"));
-        choose(form(), "combx_priceMode", PriceModel::NoLimit);
-        QCOMPARE(field<QWidget>(form(), "lineEdit_price1")->accessibleName(), words("价格"));
-        QCOMPARE(field<QWidget>(form(), "le_entrustMaxNum")->accessibleName(), words("每日最大委托量"));
-        choose(form(), "combx_planType", PlanType::SameElements);
-        QCOMPARE(field<QWidget>(form(), "le_entrustMaxNum")->accessibleName(), words("每日计划量"));
-        QCOMPARE(field<QWidget>(form(), "combx_assignTo")->accessibleName(), words("分配给"));
-        choose(form(), "combx_planType", PlanType::ReduceHoldings);
-        QCOMPARE(field<QWidget>(form(), "combx_assignTo")->accessibleName(), words("执行人"));
-        const auto* const caption = field<QLabel>(form(), "la_effectivePeriod");
-        QCOMPARE(caption->buddy(), field<QWidget>(form(), "date_effectivePeriod_Single"));
-        choose(form(), "combx_planType", PlanType::CumulativeQty);
-        QCOMPARE(caption->buddy(), field<QWidget>(form(), "date_effectivePeriod_Multi"));
-    }
-
-    void namesAndDescriptionsFollowTheLanguage()
-    {
-        BracketTranslator translator;
-        QVERIFY(QCoreApplication::installTranslator(&translator));
-        openForm(words("an ordinary plan"));
-        for (const char* const name : { "combx_fundAccount", "le_symbol", "lineEdit_price1", "le_targetTotalNum",
-                 "combx_instructionMode", "date_effectivePeriod_Multi", "date_effectivePeriod_Single", "le_remark" }) {
-            const auto* const named = field<QWidget>(form(), name);
-            QVERIFY2(named->accessibleName().startsWith(QLatin1Char('<')), name);
-            QVERIFY2(named->accessibleDescription().startsWith(QLatin1Char('<')), name);
-        }
-        QCoreApplication::removeTranslator(&translator);
-    }
-
-    void descriptionsNameTheUnitAndTheStep()
-    {
-        openForm(words("an ordinary plan"));
-        QCOMPARE(field<QWidget>(form(), "le_targetTotalNum")->accessibleDescription(), words("单位：股"));
         QCOMPARE(field<QWidget>(form(), "label_targetQtyStep")->toolTip(), QString());
         bring(form(), words("Hong Kong"));
         QCoreApplication::processEvents();
         const auto* const step = field<QLabel>(form(), "label_maxEntrustQtyStep");
         QVERIFY(step->text().toInt() >= 100);
         QCOMPARE(step->toolTip(), words("应为%1的整数倍").arg(step->text()));
-        bring(form(), words("an amount"));
-        QCOMPARE(field<QWidget>(form(), "le_entrustMaxNum")->accessibleDescription(), words("单位：元"));
     }
     void tabReachesEachFieldInItsOrder_data() { addStates(); }
     void tabReachesEachFieldInItsOrder()

@@ -536,20 +536,6 @@ private Q_SLOTS:
         QCOMPARE(texts(editor(), "combx_instructionMode"), offered);
     }
 
-    void anAmountPlanOpenedWithoutReviewIsSentByQuantity()
-    {
-        PlanSample plan;
-        plan.targetType = InstructionTargetType::AmountOrder;
-        plan.target = 50000;
-        plan.daily = 20000;
-        open(plan, true);
-        press(editor(), "btn_ok");
-        QCOMPARE(script().modifiedRecords.size(), 1);
-        const FieldMap record = script().modifiedRecords.first();
-        QCOMPARE(record.value(Base::totalQty).toString(), QStringLiteral("50000"));
-        QVERIFY(!script().otherParamOf(record).contains(AutoPlanFieldId::TargetType));
-    }
-
     // --- The algorithm panel
 
     void theAlgorithmPanelIsHandedThePlan()
@@ -607,12 +593,6 @@ private Q_SLOTS:
         QCOMPARE(script().panelBaseData,
             (FieldMap{ { Content::TradingAccount, QStringLiteral("acc2") }, { Content::Symbol, Stock },
                 { Content::EntrustProp, QString() } }));
-    }
-
-    void aPlanWithoutAlgorithmMakesNoPanel()
-    {
-        open(PlanSample().withMode(AutoPlanInstMode::NormalTradeReview), true);
-        QCOMPARE(script().countOf(QStringLiteral("CreateStrategyWgt")), 0);
     }
 
     // --- The end of the editor

@@ -25,7 +25,9 @@
 #include <functional>
 #include <memory>
 
-Q_DECLARE_METATYPE(std::function<void()>)
+using Change = std::function<void()>;
+
+Q_DECLARE_METATYPE(Change)
 
 namespace {
 
@@ -210,7 +212,6 @@ private Q_SLOTS:
     {
         QFETCH(QString, instructionType);
         const English english;
-        script().ruleProperty = AutoPlanRuleProperty::Review;
         open(PlanSample::ofType(instructionType).withMode(AutoPlanInstMode::AlgoTradeReview));
         for (const char* const name : { "combx_planType", "combx_tradeSide", "combx_priceType", "combx_priceMode",
                  "combx_instructionMode", "combx_reduceHMode" }) {
@@ -229,7 +230,11 @@ private Q_SLOTS:
         for (const QLabel* const label : labels)
             QVERIFY2(label->objectName() == QLatin1String("la_symbolName") || !label->text().contains(chinese),
                 qPrintable(label->objectName()));
-        QCOMPARE(text(editor(), "la_fundAccountName"), QStringLiteral("Account name"));
+        const QList<QWidget*> widgets = editor().findChildren<QWidget*>();
+        for (const QWidget* const widget : widgets)
+            QVERIFY2(!(widget->accessibleName() + widget->accessibleDescription()).contains(chinese),
+                qPrintable(widget->objectName()));
+        QCOMPARE(field<QWidget>(editor(), "combx_fundAccount")->accessibleName(), QStringLiteral("Account name"));
         QCOMPARE(text(editor(), "lab_targetTotalNumUnit"), QStringLiteral("shares"));
         QCOMPARE(text(editor(), "btn_ok"), QStringLiteral("OK"));
         QCOMPARE(texts(editor(), "combx_tradeSide"), (QStringList{ QStringLiteral("Buy"), QStringLiteral("Sell") }));
@@ -250,8 +255,10 @@ private Q_SLOTS:
 
     void everyRuleSpeaksEnglish_data()
     {
+        QTest::addColumn<PlanSample>("plan");
+        QTest::addColumn<bool>("edits");
+        QTest::addColumn<Change>("breakPlan");
         QTest::addColumn<QString>("message");
-        QTest::addColumn<std::function<void()>>("breakPlan");
         addRulesOfChoices();
         addRulesOfQuantities();
         addRulesOfPrices();
@@ -263,10 +270,16 @@ private Q_SLOTS:
 
     void everyRuleSpeaksEnglish()
     {
+        QFETCH(PlanSample, plan);
+        QFETCH(bool, edits);
+        QFETCH(Change, breakPlan);
         QFETCH(QString, message);
-        QFETCH(std::function<void()>, breakPlan);
         const English english;
         script().questionAnswer = 0;
+        if (edits)
+            edit(plan, QDate(2024, 5, 8));
+        else
+            open(plan);
         breakPlan();
         press(editor(), "btn_ok");
         QCOMPARE(said(), QStringList{ message });
@@ -383,7 +396,6 @@ private Q_SLOTS:
     {
         QFETCH(PlanSample, plan);
         const English english;
-        script().ruleProperty = AutoPlanRuleProperty::Review;
         open(plan);
         host().layout()->setContentsMargins(0, 0, 0, 0);
         host().resize(FormSize);
@@ -397,7 +409,6 @@ private Q_SLOTS:
     void theButtonsFit()
     {
         const English english;
-        script().ruleProperty = AutoPlanRuleProperty::Review;
         open(PlanSample().withMode(AutoPlanInstMode::AlgoTradeReview));
         const QList<QPushButton*> buttons = editor().findChildren<QPushButton*>();
         QCOMPARE(buttons.size(), 3);
@@ -406,15 +417,25 @@ private Q_SLOTS:
     }
 
 private:
-    void row(const char* name, const char* source, const QString& message, const std::function<void()>& breakPlan)
+    void row(const char* name, const char* source, const char* message, const PlanSample& plan, const Change& breakPlan,
+        bool edits = false)
     {
         m_toldSources.append(words(source));
-        QTest::newRow(name) << message << breakPlan;
+        QTest::newRow(name) << plan << edits << breakPlan << words(message);
+    }
+
+    /// A plan that began two days ago is edited.
+    void edited(const char* name, const char* source, const char* message, PlanSample plan, const Change& breakPlan)
+    {
+        plan.begin = QDate(2024, 5, 6);
+        row(name, source, message, plan, breakPlan, true);
     }
 
     void open(const PlanSample& plan)
     {
         openSampleMarket();
+        if (plan.mode != AutoPlanInstMode::ActiveManage)
+            script().ruleProperty = AutoPlanRuleProperty::Review;
         constructShown();
         fillForm(editor(), plan);
     }
@@ -426,17 +447,6 @@ private:
         setToday(day);
         constructShown();
         editor().editPlan(PlanId);
-    }
-
-    void openAlgorithm(const QString& account, const QString& side, const QString& strategy)
-    {
-        script().ruleProperty = AutoPlanRuleProperty::Review;
-        open(PlanSample().withMode(AutoPlanInstMode::AlgoTradeReview));
-        script().strategyAliases.insert(QStringLiteral("ICEBERG2"), QStringLiteral("Iceberg"));
-        script().panelStrategy = strategy;
-        script().panelParams.insert(Algo_Fields::AlgoInstContentInfo::TradingAccount, account);
-        if (!side.isEmpty())
-            script().panelParams.insert(Algo_Fields::AlgoInstContentInfo::OrderSide, side);
     }
 
     Outcome outcomeOf(const PlanKind& kind, bool edits)
@@ -460,190 +470,133 @@ private:
 
     void addRulesOfChoices()
     {
-        row("no account", "未绑定资金帐号！", QStringLiteral("warning: No fund account is bound!"), [this] {
-            open(PlanSample());
+        const PlanSample plan;
+        row("no account", "未绑定资金帐号！", "warning: No fund account is bound!", plan,
+            [this] { chooseNothing(editor(), "combx_fundAccount"); });
+        row("no account for an algorithm", "未选择资金帐号！", "warning: No fund account is chosen!", plan, [this] {
             chooseNothing(editor(), "combx_fundAccount");
+            press(editor(), "btn_algoParamSetting");
+            field<QWidget>(editor(), "btn_ok")->setEnabled(false); // the other button covers it
         });
         row("no instruction type", "%1必填，请重新编辑！",
-            QStringLiteral("warning: Instruction is required. Please edit the plan again!"), [this] {
-                open(PlanSample());
-                chooseNothing(editor(), "combx_instructionType");
-            });
+            "warning: Instruction is required. Please edit the plan again!", plan,
+            [this] { chooseNothing(editor(), "combx_instructionType"); });
         row("no instruction mode", "%1必填，请重新编辑！",
-            QStringLiteral("warning: Order mode is required. Please edit the plan again!"), [this] {
-                open(PlanSample());
-                chooseNothing(editor(), "combx_instructionMode");
-            });
-        row("no security", "未输入代码！", QStringLiteral("warning: No security code is entered!"), [this] {
-            open(PlanSample());
-            chooseSecurity(editor(), QString());
-        });
+            "warning: Order mode is required. Please edit the plan again!", plan,
+            [this] { chooseNothing(editor(), "combx_instructionMode"); });
+        row("no security", "未输入代码！", "warning: No security code is entered!", plan,
+            [this] { chooseSecurity(editor(), QString()); });
     }
 
     void addRulesOfQuantities()
     {
-        row("no target", "未输入目标总量！", QStringLiteral("warning: No target total is entered!"), [this] {
-            open(PlanSample());
-            field<OrloDecimalLineEdit>(editor(), "le_targetTotalNum")->clear();
-        });
+        const PlanSample bond = PlanSample::ofType(AutoPlanInstructionType::Bond);
+        row("no target", "未输入目标总量！", "warning: No target total is entered!", PlanSample(),
+            [this] { field<OrloDecimalLineEdit>(editor(), "le_targetTotalNum")->clear(); });
         row("target in odd lots", "沪市债券目标总量需为%1的正整数倍，是否继续？",
-            QStringLiteral("warning: The target total of a Shanghai bond must be a positive multiple of 10. Continue?"),
-            [this] {
-                open(PlanSample::ofType(AutoPlanInstructionType::Bond));
-                enter(editor(), "le_targetTotalNum", 1005);
-            });
-        row("no daily quantity", "未输入每日计划量!", QStringLiteral("warning: No daily quantity is entered!"), [this] {
-            open(PlanSample().withPlanType(AutoPlanTemplate::SameElements));
-            enter(editor(), "le_entrustMaxNum", 0);
-        });
+            "warning: The target total of a Shanghai bond must be a positive multiple of 10. Continue?", bond,
+            [this] { enter(editor(), "le_targetTotalNum", 1005); });
+        row("no daily quantity", "未输入每日计划量!", "warning: No daily quantity is entered!",
+            PlanSample().withPlanType(AutoPlanTemplate::SameElements),
+            [this] { enter(editor(), "le_entrustMaxNum", 0); });
         row("daily maximum in odd lots", "沪市债券%1需为%2的正整数倍，是否继续？",
-            QStringLiteral("warning: Shanghai bond: Daily max. must be a positive multiple of 10. Continue?"), [this] {
-                open(PlanSample::ofType(AutoPlanInstructionType::Bond));
-                enter(editor(), "le_entrustMaxNum", 305);
-            });
+            "warning: Shanghai bond: Daily max. must be a positive multiple of 10. Continue?", bond,
+            [this] { enter(editor(), "le_entrustMaxNum", 305); });
     }
 
     void addRulesOfPrices()
     {
+        const auto formula = [this](const char* input, const char* text) {
+            return [=] { type(editor(), input, words(text)); };
+        };
         row("no formula", "%1公式必填，请重新编辑！",
-            QStringLiteral("warning: The formula of Price is required. Please edit the plan again!"), [this] {
-                open(PlanSample());
-                type(editor(), "lineEdit_price1", QString());
-            });
+            "warning: The formula of Price is required. Please edit the plan again!", PlanSample(),
+            formula("lineEdit_price1", ""));
         row("no first formula of two", "%1公式必填，请重新编辑！",
-            QStringLiteral("warning: The formula of Price 1 is required. Please edit the plan again!"), [this] {
-                open(PlanSample().withPriceMode(AutoPlanPriceModel::CompareMax));
-                type(editor(), "lineEdit_price1", QString());
-            });
+            "warning: The formula of Price 1 is required. Please edit the plan again!",
+            PlanSample().withPriceMode(AutoPlanPriceModel::CompareMax), formula("lineEdit_price1", ""));
         row("special character", "%1公式包含特殊字符%2，请重新编辑！",
-            QStringLiteral(
-                "warning: The formula of Price contains the special character %1. Please edit the plan again!"),
-            [this] {
-                open(PlanSample());
-                type(editor(), "lineEdit_price1", QStringLiteral("x%1"));
-            });
+            "warning: The formula of Price contains the special character %1. Please edit the plan again!",
+            PlanSample(), formula("lineEdit_price1", "x%1"));
         row("special character in the second formula", "%1公式包含特殊字符%2，请重新编辑！",
-            QStringLiteral(
-                "warning: The formula of Price 2 contains the special character ;. Please edit the plan again!"),
-            [this] {
-                open(PlanSample().withPriceMode(AutoPlanPriceModel::CompareMin));
-                type(editor(), "lineEdit_price2", QStringLiteral("a;b"));
-            });
+            "warning: The formula of Price 2 contains the special character ;. Please edit the plan again!",
+            PlanSample().withPriceMode(AutoPlanPriceModel::CompareMin), formula("lineEdit_price2", "a;b"));
     }
 
     void addRulesOfReductions()
     {
+        const PlanSample plan = PlanSample::reduction();
         row("unsigned disclosure", "当前账号未签署风险揭示，请关闭智能规划菜单后重新创建减持计划进行签署。",
-            QStringLiteral(
-                "warning: The risk disclosure is not signed for this account. Please close the planning menu, "
-                "create the holdings-reduction plan anew and sign it."),
-            [this] {
-                open(PlanSample::reduction());
-                script().unsignedClients = QStringList{ QStringLiteral("C-acc1") };
-            });
-        row("no ratio", "未输入减持占比！", QStringLiteral("warning: No sell ratio is entered!"), [this] {
-            open(PlanSample::reduction());
-            field<OrloDecimalLineEdit>(editor(), "le_reduceHRatio")->clear();
-        });
-        row("no executor", "%1必填，请重新编辑！",
-            QStringLiteral("warning: Executor is required. Please edit the plan again!"), [this] {
-                open(PlanSample::reduction());
-                chooseNothing(editor(), "combx_assignTo");
-            });
+            "warning: The risk disclosure is not signed for this account. Please close the planning menu, create the "
+            "holdings-reduction plan anew and sign it.",
+            plan, [this] { script().unsignedClients = QStringList{ QStringLiteral("C-acc1") }; });
+        row("no ratio", "未输入减持占比！", "warning: No sell ratio is entered!", plan,
+            [this] { field<OrloDecimalLineEdit>(editor(), "le_reduceHRatio")->clear(); });
+        row("no executor", "%1必填，请重新编辑！", "warning: Executor is required. Please edit the plan again!", plan,
+            [this] { chooseNothing(editor(), "combx_assignTo"); });
     }
 
     void addRulesOfAlgorithms()
     {
-        const QString twap = QStringLiteral("TWAP");
-        row("no account for an algorithm", "未选择资金帐号！", QStringLiteral("warning: No fund account is chosen!"),
-            [this] {
-                open(PlanSample());
-                chooseNothing(editor(), "combx_fundAccount");
-                press(editor(), "btn_algoParamSetting");
-                field<QWidget>(editor(), "btn_ok")->setEnabled(false); // the other button covers it
-            });
-        row("no algorithm parameters", "未设置算法参数！", QStringLiteral("warning: No algorithm parameters are set!"),
-            [this, twap] {
-                openAlgorithm(Account, QString(), twap);
-                script().panelHasParams = false;
-            });
+        using namespace Algo_Fields::AlgoInstContentInfo;
+        const PlanSample plan = PlanSample().withMode(AutoPlanInstMode::AlgoTradeReview);
+        row("no algorithm parameters", "未设置算法参数！", "warning: No algorithm parameters are set!", plan,
+            [this] { script().panelHasParams = false; });
         row("algorithm for another account", "算法参数中的交易账号与计划参数不一致！",
-            QStringLiteral("warning: The trading account of the algorithm parameters is not that of the plan!"),
-            [this, twap] { openAlgorithm(QStringLiteral("another"), QString(), twap); });
+            "warning: The trading account of the algorithm parameters is not that of the plan!", plan,
+            [this] { script().panelParams.insert(TradingAccount, QStringLiteral("another")); });
         row("algorithm for another side", "算法参数中的交易方向与计划参数不一致！",
-            QStringLiteral("warning: The side of the algorithm parameters is not that of the plan!"),
-            [this, twap] { openAlgorithm(Account, QStringLiteral("neither"), twap); });
+            "warning: The side of the algorithm parameters is not that of the plan!", plan,
+            [this] { script().panelParams.insert(OrderSide, QStringLiteral("neither")); });
         row("algorithm that needs a limit", "%1算法不支持不限价，请重新设置！",
-            QStringLiteral(
-                "warning: The algorithm Iceberg does not support trading without a price limit. Please set it "
-                "again!"),
+            "warning: The algorithm Iceberg does not support trading without a price limit. Please set it again!", plan,
             [this] {
-                openAlgorithm(Account, QString(), QStringLiteral("ICEBERG2"));
+                script().strategyAliases.insert(QStringLiteral("ICEBERG2"), QStringLiteral("Iceberg"));
+                script().panelStrategy = QStringLiteral("ICEBERG2");
                 chooseSilently(editor(), "combx_priceMode", AutoPlanPriceModel::NoLimit);
             });
     }
 
     void addRulesOfEdits()
     {
-        const QDate begin(2024, 5, 6);
-        const QDate day(2024, 5, 8);
-        PlanSample plan;
-        plan.begin = begin;
-        row("target below what is used", "目标数量不得小于该计划已成交和在下达总和，请重新输入！",
-            QStringLiteral("warning: The target must not be less than what this plan has filled and issued in total. "
-                           "Please enter it again!"),
-            [this, plan, day] {
-                edit(plan, day);
+        const auto range = [this](const QDate& day) { return [=] { pickRange(editor(), day, day); }; };
+        edited("target below what is used", "目标数量不得小于该计划已成交和在下达总和，请重新输入！",
+            "warning: The target must not be less than what this plan has filled and issued in total. Please enter it "
+            "again!",
+            PlanSample(), [this] {
                 script().planInstructions =
                     QMap<QString, FieldMap>{ { QStringLiteral("I1"), { { AutoPlanFieldId::IssuedQty, 5000 } } } };
             });
-        row("another begin", "计划已开始执行，初始日期不支持修改！",
-            QStringLiteral("warning: The plan has started: its first date cannot be changed!"), [this, plan, day] {
-                edit(plan, day);
-                pickRange(editor(), day, day);
-            });
-        row("an end in the past", "计划已开始执行，结束日期不得早于当日！",
-            QStringLiteral("warning: The plan has started: its end must not be earlier than today!"),
-            [this, plan, begin, day] {
-                edit(plan, day);
-                pickRange(editor(), begin, begin);
-            });
+        edited("another begin", "计划已开始执行，初始日期不支持修改！",
+            "warning: The plan has started: its first date cannot be changed!", PlanSample(), range(QDate(2024, 5, 8)));
+        edited("an end in the past", "计划已开始执行，结束日期不得早于当日！",
+            "warning: The plan has started: its end must not be earlier than today!", PlanSample(),
+            range(QDate(2024, 5, 6)));
     }
 
     void addQuestions()
     {
         PlanSample sale;
         sale.side = Kelvo_Values::OrderSide::sell;
+        const Change noHoldings = [this] { script().positions = QList<FieldMap>(); };
         row("target off the step", "%1需等于【%2】的整数倍，是否继续？",
-            QStringLiteral("question: Target total should be a multiple of the lot [500]. Continue?"), [this] {
-                open(PlanSample::ofType(AutoPlanInstructionType::HkConnect));
-                enter(editor(), "le_targetTotalNum", 1001);
-            });
+            "question: Target total should be a multiple of the lot [500]. Continue?",
+            PlanSample::ofType(AutoPlanInstructionType::HkConnect),
+            [this] { enter(editor(), "le_targetTotalNum", 1001); });
         row("holdings that do not cover a new sale",
             "当前账号【%1】的持仓可用小于目标总量，是否继续%2计划？继续请点击【确认】，否则点击【取消】",
-            QStringLiteral(
-                "question: The available holdings of account [F-acc1] are less than the target total. Continue "
-                "creating the plan? Click [OK] to continue, otherwise [Cancel]"),
-            [this, sale] {
-                open(sale);
-                script().positions = QList<FieldMap>();
-            });
-        row("holdings that do not cover an edited sale", "修改",
-            QStringLiteral(
-                "question: The available holdings of account [F-acc1] are less than the target total. Continue "
-                "modifying the plan? Click [OK] to continue, otherwise [Cancel]"),
-            [this, sale] {
-                edit(sale, QDate(2024, 5, 6));
-                script().positions = QList<FieldMap>();
-            });
-        row("special treatment", "。是否继续创建？",
-            QStringLiteral("question: It is at risk. Continue creating the plan?"), [this] {
-                open(PlanSample());
+            "question: The available holdings of account [F-acc1] are less than the target total. Continue creating "
+            "the plan? Click [OK] to continue, otherwise [Cancel]",
+            sale, noHoldings);
+        edited("holdings that do not cover an edited sale", "修改",
+            "question: The available holdings of account [F-acc1] are less than the target total. Continue modifying "
+            "the plan? Click [OK] to continue, otherwise [Cancel]",
+            sale, noHoldings);
+        row("special treatment", "。是否继续创建？", "question: It is at risk. Continue creating the plan?",
+            PlanSample(), [this] {
                 chooseSilently(editor(), "combx_tradeSide", Orlo_Values::OrderSide::buy);
-                for (ScriptSecurity& security : script().securities) {
-                    security.stFlag = QStringLiteral("ST");
-                    security.stDescription = QStringLiteral("It is at risk");
-                }
+                script().securities[Stock].stFlag = QStringLiteral("ST");
+                script().securities[Stock].stDescription = QStringLiteral("It is at risk");
             });
     }
 

@@ -594,15 +594,6 @@ private Q_SLOTS:
             GetExcuteUsers(chain-acc1-1))"));
     }
 
-    void theEditorMayGoWhileTheAgreementIsOpen()
-    {
-        constructUnsigned();
-        script().whileAgreementOpen = [this] { destroy(); };
-        chooseReduction();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCOMPARE(script().calls.last(), QStringLiteral("OrloAgreementSignWidget.shown(modally)"));
-    }
-
     void theBoxGoesWithTheEditorAfterTheAgreement()
     {
         constructUnsigned();

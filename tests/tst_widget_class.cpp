@@ -1,24 +1,20 @@
 #include "AesStrategy.h"
-#include "AlgoTradeLogicNew.h"
-#include "AutoPlanLogic.h"
 #include "EditorTest.h"
+#include "FormView.h"
 #include "IVorSkin.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Values.h"
 #include "OrloComboBox.h"
-#include "OrloFormulaNormal.h"
 #include "OrloSubTitleWidget.h"
 #include "Orlo_Values.h"
-#include "ParamListWidget_single.h"
+#include "PlanSample.h"
 #include "PlanVocabulary.h"
-#include "VorSearchBox.h"
 
 #include <QLineEdit>
 #include <QMetaMethod>
 #include <QPushButton>
 #include <QSequentialIterable>
 #include <QSignalSpy>
-#include <QThread>
 #include <QTranslator>
 #include <QtTest>
 
@@ -49,19 +45,6 @@ public:
 
     bool isEmpty() const override { return false; }
 };
-
-/// The calls of the client before those for the accounts.
-QStringList preparing()
-{
-    return lines(R"(
-        combx_fundAccount.setSearchEnabled(true)
-        btn_algoParamSetting.setStyleType(style_text)
-        btn_ok.setStyleType(style_highlight)
-        btn_cancel.setStyleType(style_normal)
-        subTitleWidget_basicParam.SetTitle(基本参数)
-        subTitleWidget_detailParam.SetTitle(交易计划参数)
-        GetFundAccountListByFundProp(3, 16, false, [], true))");
-}
 
 /// The calls of filling the form before it is wired. Lines with a sign occur only with a selected account, which may
 /// only do ordinary trading; without one, name and type of the account are empty.
@@ -124,14 +107,6 @@ QStringList filling(const QString& account)
     return calls;
 }
 
-/// Runs a function on another thread and waits for it.
-void onAnotherThread(const std::function<void()>& work)
-{
-    const std::unique_ptr<QThread> thread(QThread::create(work));
-    thread->start();
-    thread->wait();
-}
-
 /// The fields that a reset enables, in the order of the calls.
 QStringList lockableNames()
 {
@@ -186,14 +161,6 @@ private:
     {
         script().addOrdinaryAccount(Account);
         construct();
-    }
-
-    /// The calls while a trader chooses.
-    QStringList callsOfChoosing(const char* name, const QString& code)
-    {
-        script().forget();
-        choose(editor(), name, code);
-        return script().calls;
     }
 
 private Q_SLOTS:
@@ -361,7 +328,7 @@ private Q_SLOTS:
                 script().addAccount(account, { Kelvo_Values::Exchange::sh }, { AutoPlanInstructionType::Ordinary });
         }
         construct();
-        QStringList expected = preparing();
+        QStringList expected;
         // From the last to the first, until an authority fits.
         for (int i = accounts - 1; i >= 0; --i)
             expected += lines(R"(
@@ -373,7 +340,8 @@ private Q_SLOTS:
         if (accounts > 0)
             expected.append(QStringLiteral("GetUnsignedClientNoList(o_ProtocolId_AutoPlanReduceAgree)"));
         expected += filling(accounts == 1 ? Account : QString());
-        const QStringList calls = script().calls;
+        const QString first = QStringLiteral("GetFundAccountListByFundProp(3, 16, false, [], true)");
+        const QStringList calls = script().calls.mid(script().calls.indexOf(first) + 1);
         QCOMPARE(calls.mid(0, expected.size()), expected);
         QCOMPARE(isUsable(editor(), "combx_fundAccount"), accounts == 2);
         // A locked box emits no signal, so the editor checks its account again.
@@ -383,33 +351,7 @@ private Q_SLOTS:
         QCOMPARE(calls.mid(expected.size()), script().calls);
     }
 
-    void theFormIsReadyForANewPlan()
-    {
-        script().addOrdinaryAccount(Account);
-        constructShown();
-        QCOMPARE(code(editor(), "combx_fundAccount"), Account);
-        for (const char* const name : { "combx_instructionType", "combx_planType", "combx_tradeSide", "combx_priceMode",
-                 "combx_instructionMode", "combx_assignTo", "combx_reduceHMode" })
-            QCOMPARE(box(editor(), name)->currentIndex(), 0);
-        QCOMPARE(text(editor(), "la_symbolName"), QString());
-        QCOMPARE(text(editor(), "lineEdit_price1"), QStringLiteral("0.00"));
-        for (const char* const name : { "label_price2", "lineEdit_price2", "label_28", "btn_algoParamSetting" })
-            QVERIFY2(!isOffered(editor(), name), name);
-        QCOMPARE(sent(), 0);
-        QCOMPARE(said(), QStringList());
-    }
-
     // --- Connections. Each reaction occurs exactly once: there is one connection, not two.
-
-    void strategiesRefreshTheLists()
-    {
-        constructWithAccount();
-        script().forget();
-        Q_EMIT AlgoTradeLogicNew::GetInstance()->sigQryAlgoStrategiesRsp({ AesStrategy() });
-        QCOMPARE(script().calls, lines(R"(
-            getWhiteAlgoNameList(1, tt_QtyOrder, "")
-            getBlackAlgoNameList(tt_QtyOrder))"));
-    }
 
     void eachChoiceReactsOnce_data()
     {
@@ -440,7 +382,8 @@ private Q_SLOTS:
         script().addOrdinaryAccount(OtherAccount);
         construct();
         choose(editor(), "combx_fundAccount", Account);
-        callsOfChoosing(name.constData(), code);
+        script().forget();
+        choose(editor(), name.constData(), code);
         QCOMPARE(script().countOf(operation), count);
     }
 
@@ -450,53 +393,13 @@ private Q_SLOTS:
         script().addStock(Stock);
         construct();
         chooseSecurity(editor(), Stock);
-        callsOfChoosing("combx_tradeSide", Kelvo_Values::OrderSide::sell);
+        script().forget();
+        choose(editor(), "combx_tradeSide", Kelvo_Values::OrderSide::sell);
         QCOMPARE(script().countOf(QStringLiteral("GetSecuritySubTypeBySymbol")), 1);
         script().forget();
         box(editor(), "combx_entrustType")->setCurrentIndex(1);
         QCOMPARE(script().calls, lines("GetCurrentUserInstructionRuleProper(acc1, 2)"));
         QCOMPARE(script().steps.count(QStringLiteral("combx_instructionMode.clear()")), 1);
-    }
-
-    void theSecurityReacts()
-    {
-        script().addStock(Stock);
-        constructWithAccount();
-        script().forget();
-        chooseSecurity(editor(), Stock);
-        QCOMPARE(script().countOf(QStringLiteral("GetTradeDateList")), 1);
-        QCOMPARE(script().countOf(QStringLiteral("signalQuerySymbolMAInfo")), 1);
-    }
-
-    void theNameOfTheSecurityIsShown()
-    {
-        construct();
-        script().forget();
-        Q_EMIT field<VorSearchBox>(editor(), "le_symbol")->selectStockNameChange(QStringLiteral("浦江银行"));
-        QCOMPARE(text(editor(), "la_symbolName"), QStringLiteral("浦江银行"));
-        QCOMPARE(script().calls, QStringList());
-    }
-
-    void theInstructionModeShowsTheAlgorithmButton()
-    {
-        script().ruleProperty = AutoPlanRuleProperty::Review;
-        constructWithAccount();
-        choose(editor(), "combx_priceMode", AutoPlanPriceModel::Custom);
-        for (const QString& mode : { AutoPlanInstMode::AlgoTradeReview, AutoPlanInstMode::NormalTradeReview }) {
-            choose(editor(), "combx_instructionMode", mode);
-            QCOMPARE(isOffered(editor(), "btn_algoParamSetting"), mode == AutoPlanInstMode::AlgoTradeReview);
-        }
-    }
-
-    void buttonsReact()
-    {
-        constructShown();
-        script().forget();
-        press(editor(), "btn_algoParamSetting");
-        QTest::mouseClick(field<QPushButton>(editor(), "btn_ok"), Qt::LeftButton);
-        QCOMPARE(script().calls, lines(R"(
-            ShowWarningMsgBox(未选择资金帐号！, AutoParamSetting)
-            ShowWarningMsgBox(未绑定资金帐号！, AutoParamSetting))"));
     }
 
     void cancelEmitsOnceAndChangesNothing()
@@ -515,48 +418,6 @@ private Q_SLOTS:
         QVERIFY(editor().isVisible());
     }
 
-    void theAverageQueryGoesToTheService()
-    {
-        construct();
-        script().forget();
-        const QSignalSpy forwarded(&AutoPlanLogic::instance(), &AutoPlanLogic::signalQuerySymbolMAInfo);
-        Q_EMIT editor().signalQuerySymbolMAInfo(Account, Stock);
-        QCOMPARE(forwarded.count(), 1);
-        QCOMPARE(script().calls, lines("signalQuerySymbolMAInfo(acc1, 600000.K_SH)"));
-    }
-
-    void theAverageAnswerComesBack()
-    {
-        script().addStock(Stock);
-        constructWithAccount();
-        chooseSecurity(editor(), Stock);
-        log().clear();
-        Q_EMIT AutoPlanLogic::instance().signalQuerySymbolMAResponse(Stock, lines("MA5\nMA20"), QString());
-        QCOMPARE(log().linesWith(QtDebugMsg, QStringLiteral("slotQuerySymbolMAResponse")).size(), 1);
-        QCOMPARE(field<OrloFormulaNormal>(editor(), "lineEdit_price2")->FormulaItems(),
-            lines("昨收价\n涨停价\n跌停价\nMA20\nMA5"));
-    }
-
-    void answersFromOtherThreadsAreQueued()
-    {
-        constructWithAccount();
-        script().forget();
-        log().clear();
-        Qt::HANDLE caller = nullptr;
-        script().onCall = [&caller](const ScriptCall&) { caller = QThread::currentThreadId(); };
-        onAnotherThread([] {
-            Q_EMIT AlgoTradeLogicNew::GetInstance()->sigQryAlgoStrategiesRsp({ AesStrategy(), AesStrategy() });
-            Q_EMIT AutoPlanLogic::instance().signalQuerySymbolMAResponse(
-                QStringLiteral("s"), QStringList(), QStringLiteral("no closes"));
-        });
-        QCOMPARE(script().calls, QStringList());
-        QCOMPARE(log().lines().size(), 0);
-        QCoreApplication::processEvents();
-        QCOMPARE(script().countOf(QStringLiteral("getWhiteAlgoNameList")), 1);
-        QCOMPARE(log().linesWith(QtDebugMsg, QStringLiteral("slotQuerySymbolMAResponse")).size(), 1);
-        QCOMPARE(caller, QThread::currentThreadId());
-    }
-
     void listsOfStrategiesCanBeQueuedAndIterated()
     {
         construct();
@@ -567,18 +428,6 @@ private Q_SLOTS:
             QMetaType::hasRegisteredConverterFunction(list, qMetaTypeId<QtMetaTypePrivate::QSequentialIterableImpl>()));
         const QVariant strategies = QVariant::fromValue(QList<AesStrategy>{ AesStrategy(), AesStrategy() });
         QCOMPARE(strategies.value<QSequentialIterable>().size(), 2);
-    }
-
-    void aDeletedEditorReceivesNothing()
-    {
-        constructWithAccount();
-        destroy();
-        script().forget();
-        log().clear();
-        Q_EMIT AlgoTradeLogicNew::GetInstance()->sigQryAlgoStrategiesRsp({});
-        Q_EMIT AutoPlanLogic::instance().signalQuerySymbolMAResponse(QString(), QStringList(), QString());
-        QCOMPARE(script().calls, QStringList());
-        QCOMPARE(log().lines().size(), 0);
     }
 
     // --- Reset
@@ -662,25 +511,20 @@ private Q_SLOTS:
 
     void resettingKeepsValuesAndVisibility()
     {
-        script().addOrdinaryAccount(Account);
-        script().addStock(Stock);
+        openSampleMarket();
         constructShown();
-        chooseSecurity(editor(), Stock);
-        choose(editor(), "combx_planType", AutoPlanTemplate::AverageQty);
-        choose(editor(), "combx_tradeSide", Kelvo_Values::OrderSide::sell);
-        enter(editor(), "le_targetTotalNum", 700);
-        type(editor(), "le_remark", QStringLiteral("stays"));
+        PlanSample plan = PlanSample().withPlanType(AutoPlanTemplate::AverageQty);
+        plan.side = Kelvo_Values::OrderSide::sell;
+        plan.remark = QStringLiteral("stays");
+        fillForm(editor(), plan.withPriceMode(AutoPlanPriceModel::NoLimit));
         field<QWidget>(editor(), "btn_algoParamSetting")->setEnabled(false);
         field<QWidget>(editor(), "la_remark")->hide();
-        const QStringList steps = stepsOf([this] { editor().resetEnable(); });
-        QCOMPARE(steps.filter(QStringLiteral(".hide()")) + steps.filter(QStringLiteral(".show()")), QStringList());
-        QVERIFY(!isUsable(editor(), "btn_algoParamSetting"));
-        QCOMPARE(code(editor(), "combx_fundAccount"), Account);
-        QCOMPARE(field<VorSearchBox>(editor(), "le_symbol")->getSymbol(), Stock);
-        QCOMPARE(code(editor(), "combx_planType"), AutoPlanTemplate::AverageQty);
-        QCOMPARE(code(editor(), "combx_tradeSide"), Kelvo_Values::OrderSide::sell);
-        QCOMPARE(text(editor(), "le_targetTotalNum"), QStringLiteral("700"));
-        QCOMPARE(text(editor(), "le_remark"), QStringLiteral("stays"));
+        const model::FormView view(editor());
+        model::FormState expected = view.state();
+        editor().resetEnable();
+        // The dates are set again.
+        expected.range.start = expected.range.end = QDate(2024, 5, 7);
+        QCOMPARE(model::differences(expected, view.state()), QStringList());
     }
 
     // --- Skin, end and log
@@ -709,18 +553,6 @@ private Q_SLOTS:
             QCOMPARE(window.children().size(), 0);
         }
         QCoreApplication::processEvents();
-    }
-
-    void deletingTheEditorDeletesThePanel()
-    {
-        script().ruleProperty = AutoPlanRuleProperty::Review;
-        constructWithAccount();
-        press(editor(), "btn_algoParamSetting");
-        const QPointer<ParamListWidget_single> panel = editor().findChild<ParamListWidget_single*>();
-        QVERIFY(panel != nullptr);
-        QCOMPARE(panel->parentWidget(), &editor());
-        destroy();
-        QVERIFY(panel == nullptr);
     }
 
     void logLinesNameTheirSource()
