@@ -19,7 +19,6 @@
 #include "TestStatus.h"
 #include "VorMarginTradeType.h"
 
-#include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -75,26 +74,6 @@ Record customPrice(Record record, const QString& formula)
     record.remove(BaseField::priceFixed);
     return record;
 }
-
-/// Another connection, which holds the write lock during its lifetime.
-class ForeignWriter {
-public:
-    explicit ForeignWriter(const QString& file)
-    {
-        QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name());
-        connection.setDatabaseName(file);
-        connection.open();
-        QSqlQuery(QStringLiteral("BEGIN IMMEDIATE"), connection);
-    }
-    ~ForeignWriter()
-    {
-        QSqlDatabase::database(name()).close();
-        QSqlDatabase::removeDatabase(name());
-    }
-
-private:
-    static QString name() { return QStringLiteral("foreign writer"); }
-};
 
 } // namespace
 
@@ -373,15 +352,6 @@ private Q_SLOTS:
         QCOMPARE(service().GetPlanInfo(id).value(BaseField::remark).toString(), remark);
     }
 
-    void aLockedDatabaseAnswersWithinASecondAndStoresNothing()
-    {
-        const ForeignWriter lock(m_session->file());
-        QElapsedTimer clock;
-        clock.start();
-        QCOMPARE(refusal(SampleSession::record()), errorText(Error::DatabaseBusy));
-        QVERIFY2(clock.elapsed() < 2000, "the wait for the lock is bounded by less than a second");
-    }
-
     void aChangeReplacesTheRecordAndCountsTheVersion()
     {
         const QString id = m_session->create(SampleSession::record());
@@ -465,18 +435,6 @@ private Q_SLOTS:
         setClientToday(SampleSession::today().addDays(-1));
         QCOMPARE(service().modifyPlan(later), QString());
         setClientToday(SampleSession::today());
-    }
-
-    void aLockedDatabaseRefusesAChange()
-    {
-        const QString id = m_session->create(SampleSession::record());
-        const Record before = service().GetPlanInfo(id);
-        {
-            const ForeignWriter lock(m_session->file());
-            QCOMPARE(service().modifyPlan(with(before, BaseField::totalQty, QStringLiteral("2000"))),
-                errorText(Error::DatabaseBusy));
-        }
-        QCOMPARE(service().GetPlanInfo(id), before);
     }
 
     void anUnknownIdHasNoRecordAndNoInstructions()

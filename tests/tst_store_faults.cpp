@@ -6,7 +6,6 @@
 #include "LoggedTest.h"
 #include "PlanLedger.h"
 #include "SampleSession.h"
-#include "Schema.h"
 #include "TestStatus.h"
 #include "WriterProcess.h"
 
@@ -362,19 +361,6 @@ private Q_SLOTS:
             QVERIFY(writeContent(copy() + log, damaged));
             QCOMPARE(attempts.differences(copy()), QStringList());
         }
-    }
-
-    void aNewerFileIsRefusedAndLeftAsItIs()
-    {
-        const QString raise = QStringLiteral("PRAGMA user_version = %1").arg(Schema::latestVersion() + 1);
-        QCOMPARE(client().database().execute(raise), Status());
-        client().close();
-        const QByteArray before = contentOf(m_session->file());
-        const QString reason = timed([this] { return open(m_session->file()); });
-        QVERIFY2(reason.contains(QStringLiteral("高于本程序支持的版本")), qPrintable(reason));
-        QVERIFY(!client().isOpen());
-        QCOMPARE(AutoPlanLogic::instance().CreateNewPlan(m_base), errorText(Error::PlansNeedLogin));
-        QCOMPARE(contentOf(m_session->file()), before);
     }
 
 private:

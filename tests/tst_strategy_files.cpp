@@ -414,26 +414,12 @@ private Q_SLOTS:
         QCOMPARE(demo.description, QStringLiteral("两行 说明"));
         QCOMPARE(demo.rules.size(), 1);
         QCOMPARE(demo.rules.at(0).message, QStringLiteral("起须早于止！"));
-    }
-
-    void theParametersOfAStrategyAreRead()
-    {
-        const Result<QList<StrategyDefinition>> strategies = readText(root(WHOLE_STRATEGY));
-        QCOMPARE(strategies.status(), Status());
-        const StrategyDefinition demo = strategies->constFirst();
         QCOMPARE(demo.parameters.size(), 5);
         QCOMPARE(demo.parameter(QStringLiteral("Rate"))->fixTag, 7001);
         QCOMPARE(demo.parameter(QStringLiteral("Rate"))->precision, 4);
         QVERIFY(demo.parameter(QStringLiteral("Rate"))->required);
         QVERIFY(!demo.parameter(QStringLiteral("Speed"))->required);
         QCOMPARE(demo.parameter(QStringLiteral("Kind"))->constValue, QStringLiteral("4"));
-    }
-
-    void theControlsOfAStrategyAreRead()
-    {
-        const Result<QList<StrategyDefinition>> strategies = readText(root(WHOLE_STRATEGY));
-        QCOMPARE(strategies.status(), Status());
-        const StrategyDefinition demo = strategies->constFirst();
         QCOMPARE(demo.controls.size(), 4);
         QCOMPARE(demo.controls.at(0).section, QStringLiteral("一"));
         QCOMPARE(demo.controls.at(0).tooltip, QStringLiteral("提示"));

@@ -672,45 +672,10 @@ void EditorModel::readAlgorithmLists()
 
 // --- The trader
 
-void EditorModel::choose(Widget which, int index)
-{
-    select(which, index);
-}
-
-void EditorModel::chooseSecurity(const QString& symbol)
-{
-    setSymbol(symbol);
-}
-
-void EditorModel::type(Widget line, const QString& words)
-{
-    setText(line, words);
-}
-
-void EditorModel::enter(Widget which, double value)
-{
-    setNumber(which, value);
-}
-
-void EditorModel::empty(Widget which)
-{
-    clearNumber(which);
-}
-
 void EditorModel::pickRange(const QDate& start, const QDate& end)
 {
     form.range.start = start;
     form.range.end = end;
-}
-
-void EditorModel::pickDate(const QDate& date)
-{
-    form.single.date = date;
-}
-
-void EditorModel::pressCancel()
-{
-    ++effects.closes;
 }
 
 // --- The services
@@ -722,11 +687,6 @@ void EditorModel::averagesArrive(const QString& symbol, const QStringList& names
     if (failure.isEmpty())
         m_averages = names;
     fillPrices(false);
-}
-
-void EditorModel::strategiesArrive()
-{
-    readAlgorithmLists();
 }
 
 } // namespace model

@@ -42,19 +42,19 @@ public:
 
     // --- The trader; the field must be visible and enabled
     bool isUsable(Widget widget) const;
-    void choose(Widget box, int index);
-    void chooseSecurity(const QString& symbol);
-    void type(Widget line, const QString& text);
-    void enter(Widget number, double value);
-    void empty(Widget number);
+    void choose(Widget box, int index) { select(box, index); }
+    void chooseSecurity(const QString& symbol) { setSymbol(symbol); }
+    void type(Widget line, const QString& text) { setText(line, text); }
+    void enter(Widget number, double value) { setNumber(number, value); }
+    void empty(Widget number) { clearNumber(number); }
     void pickRange(const QDate& start, const QDate& end);
-    void pickDate(const QDate& date);
+    void pickDate(const QDate& date) { form.single.date = date; }
     void pressAlgorithms();
     /// The trader confirms a strategy in the panel, with the panel's base data.
     void confirmPanel(const QString& strategy);
     /// `answers` to the questions, in their order; 0 declines.
     void pressOk(QList<int> answers);
-    void pressCancel();
+    void pressCancel() { ++effects.closes; }
 
     // --- The host
     void editPlan(const QString& planId);
@@ -63,7 +63,7 @@ public:
 
     // --- The services
     void averagesArrive(const QString& symbol, const QStringList& names, const QString& failure);
-    void strategiesArrive();
+    void strategiesArrive() { readAlgorithmLists(); }
 
     QString planId() const { return m_planId; }
     const QString& code(Widget box) const;
