@@ -55,6 +55,8 @@ function(autoparamsetting_add_library name)
         ${sources}/FieldGroups.cpp
         ${sources}/FieldGroups.h
         ${sources}/PlanLoading.cpp
+        ${sources}/PlanQuantities.cpp
+        ${sources}/PlanQuantities.h
         ${sources}/PlanRecord.cpp
         ${sources}/PriceFields.cpp
         ${sources}/SecurityFields.cpp

@@ -4,18 +4,15 @@
 #include "AutoParamSetting.h"
 #include "AutoPlanField.h"
 #include "AutoPlanLogic.h"
-#include "BusinessDataInterface.h"
-#include "CBusinessDataBase.h"
 #include "ComboItems.h"
 #include "InstructionTargetType.h"
-#include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
 #include "OrloBusinessDataInterface.h"
 #include "OrloConstants.h"
 #include "OrloWidget.h"
-#include "Orlo_Fields.h"
 #include "Orlo_Values.h"
 #include "ParamListWidget_single.h"
+#include "PlanQuantities.h"
 #include "PlanVocabulary.h"
 #include "QuantityRounding.h"
 #include "SpecialCharacters.h"
@@ -24,7 +21,6 @@
 
 #include <QDebug>
 #include <QLocale>
-#include <QLoggingCategory>
 #include <QPointer>
 
 #include <functional>
@@ -34,8 +30,6 @@ namespace {
 namespace Content = Algo_Fields::AlgoInstContentInfo;
 
 using FieldMap = QMap<QString, QVariant>;
-
-const QString InstructionHasEnded = QStringLiteral("1");
 
 /// The result of a rule: passed, a warning that stops the check, or a question that the trader can accept.
 struct Verdict {
@@ -255,43 +249,12 @@ Verdict algorithmSupportsPriceMode(const CheckedPlan& plan)
     return warning(AutoParamSetting::tr("%1算法不支持不限价，请重新设置！").arg(alias));
 }
 
-double numberOf(const FieldMap& fields, const QString& key)
-{
-    const auto field = fields.constFind(key);
-    return field == fields.cend() ? 0 : field->toDouble();
-}
-
-bool holdsText(const FieldMap& fields, const QString& key, const QString& text)
-{
-    const auto field = fields.constFind(key);
-    return field != fields.cend() && field->toString() == text;
-}
-
-/// Adds what one instruction uses of the plan: the filled part if it has ended, otherwise the issued part. A plan can
-/// have thousands of instructions, so the log line is formatted only if debug output is enabled.
-double addUsed(const QString& planId, const QString& instructionId, const FieldMap& fields, double sumBefore)
-{
-    const bool ended = holdsText(fields, AutoPlanFieldId::InstructionEnded, InstructionHasEnded);
-    const bool byAmount = holdsText(fields, AutoPlanFieldId::TargetType, InstructionTargetType::AmountOrder);
-    const QString& filled = byAmount ? Orlo_Fields::Security::cumAmount : AutoPlanFieldId::FilledQty;
-    const QString& issued = byAmount ? AutoPlanFieldId::IssuedAmount : AutoPlanFieldId::IssuedQty;
-    const double sum = sumBefore + numberOf(fields, ended ? filled : issued);
-    if (QLoggingCategory::defaultCategory()->isDebugEnabled())
-        qDebug() << "AutoParamSetting::checkParam" << planId << instructionId << ended << numberOf(fields, filled)
-                 << numberOf(fields, issued) << sum;
-    return sum;
-}
-
 Verdict targetCoversUsed(const CheckedPlan& plan)
 {
     if (!plan.isEdited())
         return passed();
-    const QMap<QString, FieldMap> instructions = AutoPlanLogic::instance().GetPlanInstruction(plan.planId);
-    double sum = 0;
-    for (auto it = instructions.cbegin(); it != instructions.cend(); ++it)
-        sum = addUsed(plan.planId, it.key(), it.value(), sum);
     // The plan passes if the sum is not a number.
-    if (plan.ui.le_targetTotalNum->value() < sum - NumberTolerance)
+    if (plan.ui.le_targetTotalNum->value() < usedQuantity(plan.planId) - NumberTolerance)
         return warning(AutoParamSetting::tr("目标数量不得小于该计划已成交和在下达总和，请重新输入！"));
     return passed();
 }
@@ -344,24 +307,6 @@ Verdict targetFitsStep(const CheckedPlan& plan)
 Verdict dailyQuantityFitsStep(const CheckedPlan& plan)
 {
     return fitsStep(plan, plan.ui.label_maxEntrustQtyStep, plan.ui.le_entrustMaxNum, plan.ui.la_entrustMaxNum);
-}
-
-double availableHoldings(const QString& tradingAccount, const QString& symbol, const QString& targetText)
-{
-    const int factor =
-        usableDisplayFactor(OrloBusinessDataInterface::GetDispFactorBySymbol(symbol), "AutoParamSetting::checkParam");
-    const tagUserAccountInfo account =
-        CBusinessDataBase::GetInstance()->GetAccountDetailsByTradinngAccount(tradingAccount);
-    const QString exchange = OrloBusinessDataInterface::GetFirstSecurityExchangeBySymbol(symbol);
-    const QString securityAccount =
-        OrloBusinessDataInterface::GetCurrentSecurityAccountByTradingAndExchange(tradingAccount, exchange);
-    const QList<FieldMap> positions = BusinessDataInterface::GetPositionListByAccount(
-        account, securityAccount, symbol, QString(), QString(), QString(), QString());
-    double available = 0;
-    for (const FieldMap& position : positions)
-        available += position.value(Kelvo_Fields::Security::tradeableQty).toDouble() * factor;
-    qInfo() << "AutoParamSetting::checkParam" << symbol << securityAccount << available << targetText;
-    return available;
 }
 
 // Margin plans are exempt: they can sell borrowed shares, which are not part of the holdings.
