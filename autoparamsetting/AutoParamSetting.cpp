@@ -19,7 +19,7 @@ constexpr int DateRangeMode = 1;
 constexpr int PromptWhileTyping = 1;
 
 // tr() is the only inline function of the class. Taking its address makes the library contain and export it.
-[[gnu::used]] QString (*const exportedTr)(const char*, const char*, int) = &AutoParamSetting::tr;
+[[gnu::used]] QString (*const ExportedTr)(const char*, const char*, int) = &AutoParamSetting::tr;
 
 } // namespace
 

@@ -47,7 +47,7 @@ StoredAccount storedAccount(int index)
     account.fundAccount = QStringLiteral("F") + number;
     account.name = QStringLiteral("账户") + number;
     account.clientNo = QStringLiteral("C") + number;
-    account.assetProperty = AccountAsset::ordinary;
+    account.assetProperty = AccountAsset::Ordinary;
     account.branchNo = QStringLiteral("B001");
     for (const QString& exchange : { Kelvo_Values::Exchange::sh, Kelvo_Values::Exchange::sz, Orlo_Values::Exchange::bj,
              Orlo_Values::Exchange::HkStockCirculation })

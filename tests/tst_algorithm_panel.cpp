@@ -24,14 +24,14 @@ using Map = QMap<QString, QVariant>;
 
 namespace {
 
-const QString TWAP = QStringLiteral("TWAP");
-const QString POV = QStringLiteral("POV");
-const QString ICEBERG = QStringLiteral("ICEBERG2");
-const QString SYMBOL = QStringLiteral("600000.SH");
+const QString Twap = QStringLiteral("TWAP");
+const QString Pov = QStringLiteral("POV");
+const QString Iceberg = QStringLiteral("ICEBERG2");
+const QString Symbol = QStringLiteral("600000.SH");
 
 Map baseData(const QString& side = Algo_Values::AlgoOrderSide::BuyValue)
 {
-    return { { Content::TradingAccount, QStringLiteral("A1") }, { Content::Symbol, SYMBOL },
+    return { { Content::TradingAccount, QStringLiteral("A1") }, { Content::Symbol, Symbol },
         { Content::OrderSide, side }, { Content::EntrustProp, QStringLiteral("0") } };
 }
 
@@ -65,7 +65,7 @@ private Q_SLOTS:
 
     void loadingShowsTheStrategyWithItsDefaults()
     {
-        open(ICEBERG);
+        open(Iceberg);
         QCOMPARE(child<QComboBox>("combx_strategy")->currentText(), QStringLiteral("冰山"));
         QCOMPARE(child<QComboBox>("combx_strategy")->count(), 5);
         QCOMPARE(line("input_DisplayQty")->text(), QStringLiteral("1000"));
@@ -80,7 +80,7 @@ private Q_SLOTS:
 
     void okConfirmsParametersAndBaseData()
     {
-        open(POV);
+        open(Pov);
         type("input_Participation", QStringLiteral("12.5"));
         for (QRadioButton* const choice : child<QWidget>("input_Urgency")->findChildren<QRadioButton*>()) {
             if (choice->text() == QStringLiteral("高"))
@@ -89,9 +89,9 @@ private Q_SLOTS:
         press("btn_ok");
         QVERIFY(!m_panel->isVisible());
         QVERIFY(m_panel->HasParams());
-        QCOMPARE(m_panel->GetStrategyName(), POV);
+        QCOMPARE(m_panel->GetStrategyName(), Pov);
         Map expected = baseData();
-        expected.insert(AutoPlanField::BaseField::algoStrategyName, POV);
+        expected.insert(AutoPlanField::BaseField::algoStrategyName, Pov);
         expected.insert(QStringLiteral("StartTime"), QStringLiteral("09:30:00"));
         expected.insert(QStringLiteral("EndTime"), QStringLiteral("14:57:00"));
         expected.insert(QStringLiteral("Participation"), QStringLiteral("0.125"));
@@ -103,7 +103,7 @@ private Q_SLOTS:
 
     void onlyWhatIsConfirmedIsToldToTheOwner()
     {
-        open(TWAP);
+        open(Twap);
         type("input_SliceInterval", QStringLiteral("30"));
         QVERIFY(!m_panel->HasParams());
         QCOMPARE(m_panel->GetStrategyName(), QString());
@@ -121,16 +121,16 @@ private Q_SLOTS:
             QTest::newRow(title) << name << QString::fromUtf8(input) << QString::fromUtf8(text)
                                  << QString::fromUtf8(expected);
         };
-        row("nothing", ICEBERG, "input_DisplayQty", "", "“显示数量”必填（单位：股）！");
-        row("too little", ICEBERG, "input_DisplayQty", "99", "“显示数量”应在100至1000000之间（单位：股）！");
-        row("too much", ICEBERG, "input_DisplayQty", "1000001", "“显示数量”应在100至1000000之间（单位：股）！");
-        row("a fraction of a share", ICEBERG, "input_DisplayQty", "100.5", "“显示数量”应为整数（单位：股）！");
-        row("no number", ICEBERG, "input_DisplayQty", "1e3", "“显示数量”应为数字（单位：股）！");
-        row("a percentage too large", POV, "input_Participation", "50.01", "“目标参与率”应在1至50之间（单位：%）！");
-        row("a percentage too fine", POV, "input_Participation", "10.001", "“目标参与率”最多2位小数（单位：%）！");
-        row("no time", TWAP, "input_EndTime", "25:00", "“结束时间”应为时间，如09:30:00！");
-        row("a time too late", TWAP, "input_EndTime", "23:00:00", "“结束时间”应在09:15:00至16:10:00之间！");
-        row("a relation that does not hold", POV, "input_Participation", "30", "目标参与率不得大于最大参与率！");
+        row("nothing", Iceberg, "input_DisplayQty", "", "“显示数量”必填（单位：股）！");
+        row("too little", Iceberg, "input_DisplayQty", "99", "“显示数量”应在100至1000000之间（单位：股）！");
+        row("too much", Iceberg, "input_DisplayQty", "1000001", "“显示数量”应在100至1000000之间（单位：股）！");
+        row("a fraction of a share", Iceberg, "input_DisplayQty", "100.5", "“显示数量”应为整数（单位：股）！");
+        row("no number", Iceberg, "input_DisplayQty", "1e3", "“显示数量”应为数字（单位：股）！");
+        row("a percentage too large", Pov, "input_Participation", "50.01", "“目标参与率”应在1至50之间（单位：%）！");
+        row("a percentage too fine", Pov, "input_Participation", "10.001", "“目标参与率”最多2位小数（单位：%）！");
+        row("no time", Twap, "input_EndTime", "25:00", "“结束时间”应为时间，如09:30:00！");
+        row("a time too late", Twap, "input_EndTime", "23:00:00", "“结束时间”应在09:15:00至16:10:00之间！");
+        row("a relation that does not hold", Pov, "input_Participation", "30", "目标参与率不得大于最大参与率！");
     }
 
     void whatIsWrongIsRefusedAndKept()
@@ -152,7 +152,7 @@ private Q_SLOTS:
 
     void aCorrectedInputPasses()
     {
-        open(ICEBERG);
+        open(Iceberg);
         type("input_DisplayQty", QStringLiteral("1"));
         press("btn_ok");
         QVERIFY(m_panel->isVisible());
@@ -160,13 +160,13 @@ private Q_SLOTS:
         press("btn_ok");
         QVERIFY(!m_panel->isVisible());
         QCOMPARE(m_panel->GetParamMap().value(QStringLiteral("DisplayQty")), QVariant(QStringLiteral("200")));
-        open(ICEBERG, m_panel->GetParamMap());
+        open(Iceberg, m_panel->GetParamMap());
         QCOMPARE(message(), QString());
     }
 
     void theLastMomentMustFollowTheFirst()
     {
-        open(TWAP);
+        open(Twap);
         type("input_StartTime", QStringLiteral("14:57"));
         press("btn_ok");
         QCOMPARE(message(), QStringLiteral("开始时间须早于结束时间！"));
@@ -177,19 +177,19 @@ private Q_SLOTS:
 
     void anOptionalParameterMayBeLeftEmptyAndStaysSo()
     {
-        open(TWAP);
+        open(Twap);
         QCOMPARE(line("input_MaxParticipation")->text(), QStringLiteral("20"));
         type("input_MaxParticipation", QString());
         press("btn_ok");
         QVERIFY(m_panel->HasParams());
         QVERIFY(!m_panel->GetParamMap().contains(QStringLiteral("MaxParticipation")));
-        open(TWAP, m_panel->GetParamMap());
+        open(Twap, m_panel->GetParamMap());
         QCOMPARE(line("input_MaxParticipation")->text(), QString());
     }
 
     void aPriceHasTheDecimalsOfItsSecurity()
     {
-        open(ICEBERG);
+        open(Iceberg);
         type("input_WorstPrice", QStringLiteral("10.001"));
         press("btn_ok");
         QCOMPARE(message(), QStringLiteral("“最差价格”最多2位小数（单位：元）！"));
@@ -210,10 +210,10 @@ private Q_SLOTS:
     void escapeAndCancelLeaveWhatWasConfirmed()
     {
         QFETCH(QString, way);
-        open(ICEBERG);
+        open(Iceberg);
         press("btn_ok");
         const Map confirmed = m_panel->GetParamMap();
-        open(ICEBERG, confirmed);
+        open(Iceberg, confirmed);
         type("input_DisplayQty", QStringLiteral("5000"));
         if (way == QStringLiteral("button"))
             press("btn_cancel");
@@ -225,18 +225,18 @@ private Q_SLOTS:
             m_panel->close();
         QVERIFY(!m_panel->isVisible());
         QCOMPARE(m_panel->GetParamMap(), confirmed);
-        open(ICEBERG, confirmed);
+        open(Iceberg, confirmed);
         QCOMPARE(line("input_DisplayQty")->text(), QStringLiteral("1000"));
     }
 
     void returnPressesTheFocusedButtonOtherwiseOk()
     {
-        open(ICEBERG);
+        open(Iceberg);
         child<QPushButton>("btn_cancel")->setFocus();
         QTest::keyClick(child<QPushButton>("btn_cancel"), Qt::Key_Return);
         QVERIFY(!m_panel->isVisible());
         QVERIFY(!m_panel->HasParams());
-        open(ICEBERG);
+        open(Iceberg);
         QTest::keyClick(line("input_DisplayQty"), Qt::Key_Return);
         QVERIFY(!m_panel->isVisible());
         QVERIFY(m_panel->HasParams());
@@ -244,7 +244,7 @@ private Q_SLOTS:
 
     void theTabKeyPassesThroughEveryInput()
     {
-        open(POV);
+        open(Pov);
         QApplication::setActiveWindow(m_panel);
         QVERIFY(QTest::qWaitForWindowActive(m_panel));
         child<QComboBox>("combx_strategy")->setFocus();
@@ -263,7 +263,7 @@ private Q_SLOTS:
 
     void arrowsStepWithinTheRange()
     {
-        open(ICEBERG);
+        open(Iceberg);
         QTest::keyClick(line("input_DisplayQty"), Qt::Key_Up);
         QCOMPARE(line("input_DisplayQty")->text(), QStringLiteral("1100"));
         QTest::keyClick(line("input_DisplayQty"), Qt::Key_PageUp);
@@ -277,14 +277,14 @@ private Q_SLOTS:
         QTest::keyClick(line("input_TickOffset"), Qt::Key_Down);
         QCOMPARE(line("input_TickOffset")->text(), QStringLiteral("-1"));
         press("btn_cancel");
-        open(TWAP);
+        open(Twap);
         QTest::keyClick(line("input_StartTime"), Qt::Key_Down);
         QCOMPARE(line("input_StartTime")->text(), QStringLiteral("09:29:00"));
     }
 
     void anotherStrategyBringsItsOwnParameters()
     {
-        open(ICEBERG);
+        open(Iceberg);
         auto* const box = child<QComboBox>("combx_strategy");
         box->setFocus();
         QTest::keyClick(box, Qt::Key_Home);
@@ -293,7 +293,7 @@ private Q_SLOTS:
         QVERIFY(child<QCheckBox>("input_ForceFinish") != nullptr);
         QTest::mouseClick(child<QCheckBox>("input_ForceFinish"), Qt::LeftButton, {}, QPoint(8, 8));
         press("btn_ok");
-        QCOMPARE(m_panel->GetStrategyName(), TWAP);
+        QCOMPARE(m_panel->GetStrategyName(), Twap);
         QCOMPARE(m_panel->GetParamMap().value(QStringLiteral("ForceFinish")), QVariant(QStringLiteral("Y")));
         QVERIFY(!m_panel->GetParamMap().contains(QStringLiteral("DisplayQty")));
     }
@@ -304,15 +304,15 @@ private Q_SLOTS:
         QTest::addColumn<QStringList>("black");
         QTest::addColumn<QStringList>("offered");
         QTest::newRow("the white list gives names and order")
-            << QStringList{ POV, TWAP } << QStringList{} << QStringList{ POV, TWAP };
+            << QStringList{ Pov, Twap } << QStringList{} << QStringList{ Pov, Twap };
         QTest::newRow("the black list takes away")
-            << QStringList{ POV, TWAP } << QStringList{ POV } << QStringList{ TWAP };
+            << QStringList{ Pov, Twap } << QStringList{ Pov } << QStringList{ Twap };
         QTest::newRow("an empty white list does not restrict")
-            << QStringList{} << QStringList{ POV, TWAP, ICEBERG }
+            << QStringList{} << QStringList{ Pov, Twap, Iceberg }
             << QStringList{ QStringLiteral("VWAP"), QStringLiteral("SNIPER") };
         QTest::newRow("names are compared letter by letter, and once") << QStringList{ QStringLiteral("pov"),
-            QStringLiteral("NONE"), TWAP, TWAP } << QStringList{} << QStringList{ TWAP };
-        QTest::newRow("nothing may be left") << QStringList{ TWAP } << QStringList{ TWAP } << QStringList{};
+            QStringLiteral("NONE"), Twap, Twap } << QStringList{} << QStringList{ Twap };
+        QTest::newRow("nothing may be left") << QStringList{ Twap } << QStringList{ Twap } << QStringList{};
     }
 
     void theListsRestrictWhatIsOffered()
@@ -329,11 +329,11 @@ private Q_SLOTS:
 
     void listsTakeEffectWithARefresh()
     {
-        m_panel->setAlgoWhiteList({ POV });
+        m_panel->setAlgoWhiteList({ Pov });
         QCOMPARE(m_panel->getAuthorityAlgoList().size(), 5);
         m_panel->RefreshAlgoList();
-        QCOMPARE(m_panel->getAuthorityAlgoList(), QStringList{ POV });
-        open(POV);
+        QCOMPARE(m_panel->getAuthorityAlgoList(), QStringList{ Pov });
+        open(Pov);
         QCOMPARE(child<QComboBox>("combx_strategy")->count(), 1);
     }
 
@@ -341,15 +341,15 @@ private Q_SLOTS:
     {
         AesStrategy unknown;
         unknown.name = QStringLiteral("NONE");
-        QCOMPARE(m_panel->LoadStrategy(unknown, {}, {}, SYMBOL), QStringLiteral("未找到算法【NONE】的参数定义！"));
+        QCOMPARE(m_panel->LoadStrategy(unknown, {}, {}, Symbol), QStringLiteral("未找到算法【NONE】的参数定义！"));
         QVERIFY(!m_panel->isVisible());
     }
 
     void aStrategyOutsideTheListsIsRefusedWithAReason()
     {
-        m_panel->setAlgoBlackList({ POV });
+        m_panel->setAlgoBlackList({ Pov });
         m_panel->RefreshAlgoList();
-        QCOMPARE(m_panel->LoadStrategy(strategy(POV), {}, {}, SYMBOL),
+        QCOMPARE(m_panel->LoadStrategy(strategy(Pov), {}, {}, Symbol),
             QStringLiteral("算法【POV】不在可选范围内，请重新选择！"));
         QVERIFY(!m_panel->isVisible());
     }
@@ -358,7 +358,7 @@ private Q_SLOTS:
     {
         m_panel->setAlgoBlackList(StrategyLibrary::instance().names());
         m_panel->RefreshAlgoList();
-        QCOMPARE(m_panel->LoadStrategy({}, {}, {}, SYMBOL), QStringLiteral("0"));
+        QCOMPARE(m_panel->LoadStrategy({}, {}, {}, Symbol), QStringLiteral("0"));
         QVERIFY(!m_panel->isVisible());
         m_panel->show();
         QCOMPARE(message(), QStringLiteral("当前证券和指令类型没有可用的算法。"));
@@ -374,7 +374,7 @@ private Q_SLOTS:
         const QString quantity = QStringLiteral("DisplayQty");
         const QString delay = QStringLiteral("RefreshDelay");
         QCOMPARE(m_panel->LoadStrategy(
-                     strategy(ICEBERG), { { quantity, 300 }, { delay, 9 } }, { { quantity, 700 } }, SYMBOL),
+                     strategy(Iceberg), { { quantity, 300 }, { delay, 9 } }, { { quantity, 700 } }, Symbol),
             QStringLiteral("0"));
         QCOMPARE(line("input_DisplayQty")->text(), QStringLiteral("700"));
         QCOMPARE(line("input_RefreshDelay")->text(), QStringLiteral("9"));
@@ -383,23 +383,23 @@ private Q_SLOTS:
 
     void aStoredPlanIsConfirmedAsItIs()
     {
-        open(ICEBERG);
+        open(Iceberg);
         type("input_DisplayQty", QStringLiteral("2500"));
         press("btn_ok");
         const Map confirmed = m_panel->GetParamMap();
         const QByteArray stored = QJsonDocument::fromVariant(confirmed).toJson();
         const Map loaded = QJsonDocument::fromJson(stored).object().toVariantMap();
 
-        ParamListWidget_single* const fresh = make({ TWAP }, {}, 3);
+        ParamListWidget_single* const fresh = make({ Twap }, {}, 3);
         QCOMPARE(fresh->setBaseInfoData(loaded, false), AlgoErrorCode::Ok);
         QVERIFY(!fresh->isVisible());
         QVERIFY(fresh->HasParams());
-        QCOMPARE(fresh->GetStrategyName(), ICEBERG);
+        QCOMPARE(fresh->GetStrategyName(), Iceberg);
         QCOMPARE(fresh->GetParamMap(), confirmed);
 
         m_panel->ClearParams();
         m_panel->setBaseInfoData(loaded, false);
-        open(ICEBERG, m_panel->GetParamMap());
+        open(Iceberg, m_panel->GetParamMap());
         QCOMPARE(line("input_DisplayQty")->text(), QStringLiteral("2500"));
         press("btn_ok");
         QCOMPARE(m_panel->GetParamMap(), confirmed);
@@ -425,7 +425,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, key);
         QFETCH(QVariant, value);
-        open(ICEBERG);
+        open(Iceberg);
         press("btn_ok");
         Map stored = m_panel->GetParamMap();
         stored.insert(key, value);
@@ -439,7 +439,7 @@ private Q_SLOTS:
     void baseDataAreReportedByTheirGaps()
     {
         QCOMPARE(m_panel->setBaseInfoData(baseData(), false), AlgoErrorCode::UnknownStrategy);
-        open(TWAP);
+        open(Twap);
         QCOMPARE(m_panel->setBaseInfoData(baseData(), false), AlgoErrorCode::Ok);
         for (const QString& key : { Content::TradingAccount, Content::Symbol, Content::OrderSide }) {
             Map gaps = baseData();
@@ -452,15 +452,15 @@ private Q_SLOTS:
 
     void baseDataOfALaterPressCountFromTheNextOk()
     {
-        open(TWAP);
+        open(Twap);
         press("btn_ok");
-        open(TWAP, m_panel->GetParamMap());
+        open(Twap, m_panel->GetParamMap());
         m_panel->setBaseInfoData(baseData(Algo_Values::AlgoOrderSide::SellValue), false);
         QCOMPARE(child<QLabel>("lab_baseData")->text(), QStringLiteral("账号：A1    证券：600000.SH    方向：卖出"));
         QCOMPARE(m_panel->GetParamMap().value(Content::OrderSide), QVariant(Algo_Values::AlgoOrderSide::BuyValue));
         press("btn_cancel");
         QCOMPARE(m_panel->GetParamMap().value(Content::OrderSide), QVariant(Algo_Values::AlgoOrderSide::BuyValue));
-        open(TWAP, m_panel->GetParamMap());
+        open(Twap, m_panel->GetParamMap());
         m_panel->setBaseInfoData(baseData(Algo_Values::AlgoOrderSide::SellValue), false);
         press("btn_ok");
         QCOMPARE(m_panel->GetParamMap().value(Content::OrderSide), QVariant(Algo_Values::AlgoOrderSide::SellValue));
@@ -468,7 +468,7 @@ private Q_SLOTS:
 
     void resettingForgetsTheParameters()
     {
-        open(TWAP);
+        open(Twap);
         press("btn_ok");
         QCOMPARE(m_panel->setBaseInfoData(m_panel->GetParamMap(), true), AlgoErrorCode::Ok);
         QVERIFY(!m_panel->HasParams());
@@ -477,23 +477,23 @@ private Q_SLOTS:
 
     void reInitKeepsWhatIsConfirmedAndWhatIsTyped()
     {
-        open(ICEBERG);
+        open(Iceberg);
         press("btn_ok");
         const Map confirmed = m_panel->GetParamMap();
-        open(ICEBERG, confirmed);
+        open(Iceberg, confirmed);
         type("input_DisplayQty", QStringLiteral("4000"));
         m_panel->ReInit();
         QCOMPARE(line("input_DisplayQty")->text(), QStringLiteral("4000"));
         QCOMPARE(child<QComboBox>("combx_strategy")->currentText(), QStringLiteral("冰山"));
         QCOMPARE(m_panel->GetParamMap(), confirmed);
-        QCOMPARE(m_panel->GetStrategyName(), ICEBERG);
+        QCOMPARE(m_panel->GetStrategyName(), Iceberg);
     }
 
     void clearingForgetsEverything()
     {
-        open(ICEBERG);
+        open(Iceberg);
         press("btn_ok");
-        open(ICEBERG, m_panel->GetParamMap());
+        open(Iceberg, m_panel->GetParamMap());
         m_panel->ClearParams();
         QVERIFY(!m_panel->isVisible());
         QVERIFY(!m_panel->HasParams());
@@ -506,7 +506,7 @@ private Q_SLOTS:
 
     void thePanelMayDieWhileItIsOpen()
     {
-        open(POV);
+        open(Pov);
         const QPointer<ParamListWidget_single> panel = m_panel;
         QTest::keyClick(line("input_Participation"), Qt::Key_Up);
         m_owner.reset();
@@ -515,7 +515,7 @@ private Q_SLOTS:
 
         m_owner = std::make_unique<QWidget>();
         m_panel = make({}, {}, 3);
-        open(POV);
+        open(Pov);
         child<QComboBox>("combx_strategy")->showPopup();
         m_owner.reset();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -525,12 +525,12 @@ private Q_SLOTS:
     void theFactoryHonoursWhatMayBeOffered()
     {
         m_panel = make({}, {}, 2);
-        open(ICEBERG);
+        open(Iceberg);
         QVERIFY(!child<QComboBox>("combx_strategy")->isEnabled());
         QVERIFY(child<QWidget>("input_DisplayQty") != nullptr);
         press("btn_cancel");
         m_panel = make({}, {}, 1);
-        open(ICEBERG);
+        open(Iceberg);
         QVERIFY(child<QComboBox>("combx_strategy")->isEnabled());
         QVERIFY(child<QWidget>("input_DisplayQty") == nullptr);
         press("btn_ok");
@@ -561,7 +561,7 @@ private:
 
     void open(const QString& name, const Map& parameters = {}) const
     {
-        QCOMPARE(m_panel->LoadStrategy(strategy(name), {}, parameters, SYMBOL), QStringLiteral("0"));
+        QCOMPARE(m_panel->LoadStrategy(strategy(name), {}, parameters, Symbol), QStringLiteral("0"));
         m_panel->setBaseInfoData(baseData(), false);
         QVERIFY(m_panel->isVisible());
     }

@@ -294,10 +294,10 @@ private Q_SLOTS:
         const QString sentence = QStringLiteral("该证券被实施其他风险警示");
         QCOMPARE(ClientSession::instance().database().execute(
                      QStringLiteral("UPDATE securities SET st_flag = ?, st_text = ? WHERE symbol = ?"),
-                     { SpecialTreatment::st, sentence, share() }),
+                     { SpecialTreatment::St, sentence, share() }),
             Status());
         QCOMPARE(m_session->reopen(), Status());
-        QCOMPARE(Data::GetSymbolStType(share(), description), SpecialTreatment::st);
+        QCOMPARE(Data::GetSymbolStType(share(), description), SpecialTreatment::St);
         QCOMPARE(description, sentence);
     }
 
@@ -308,7 +308,7 @@ private Q_SLOTS:
         const QStringList shanghai{ Kelvo_Values::SymbolPost::sh };
         QVERIFY(allEndWith(data->GetAllSymbolByTypeList(StockType, shares, shanghai, false, {}), shanghai.first()));
         QVERIFY(allEndWith(
-            data->GetAllSymbolByType(StockType, SubType::HStcokCirculation, QString(), false, {}), SymbolSuffix::hk));
+            data->GetAllSymbolByType(StockType, SubType::HStcokCirculation, QString(), false, {}), SymbolSuffix::Hk));
     }
 
     void excludedSymbolsAreLeftOut()

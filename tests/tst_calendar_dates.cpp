@@ -9,9 +9,9 @@
 
 namespace {
 
-const QDate friday(2024, 5, 10);
-const QDate monday(2024, 5, 13);
-const QDate tuesday(2024, 5, 14);
+const QDate Friday(2024, 5, 10);
+const QDate Monday(2024, 5, 13);
+const QDate Tuesday(2024, 5, 14);
 
 QString isoText(const QDate& day)
 {
@@ -43,8 +43,8 @@ private Q_SLOTS:
         QTest::addColumn<QDate>("day");
         QTest::addColumn<QDate>("first");
         QTest::addColumn<QDate>("second");
-        QTest::newRow("a Friday") << friday << monday << tuesday;
-        QTest::newRow("a Saturday") << QDate(2024, 5, 11) << monday << tuesday;
+        QTest::newRow("a Friday") << Friday << Monday << Tuesday;
+        QTest::newRow("a Saturday") << QDate(2024, 5, 11) << Monday << Tuesday;
         QTest::newRow("a Sunday on which offices work and exchanges do not")
             << QDate(2024, 4, 28) << QDate(2024, 4, 29) << QDate(2024, 4, 30);
         QTest::newRow("the last trade day before the spring festival")
@@ -89,7 +89,7 @@ private Q_SLOTS:
     void aDatabaseCanBeMadeOnAnyDay_data()
     {
         QTest::addColumn<QDate>("day");
-        QTest::newRow("a Friday") << friday;
+        QTest::newRow("a Friday") << Friday;
         QTest::newRow("before the spring festival") << QDate(2024, 2, 8);
         QTest::newRow("after the spring festival") << QDate(2024, 2, 19);
         QTest::newRow("29 February") << QDate(2024, 2, 29);
@@ -116,12 +116,12 @@ private Q_SLOTS:
 
     void aClockSetBackBeforeSendingHarmsNoNewPlan()
     {
-        goTo(friday);
+        goTo(Friday);
         open();
         driver().fill(ordinary());
-        goTo(friday.addDays(-9));
+        goTo(Friday.addDays(-9));
         QCOMPARE(ok(), created());
-        QCOMPARE(differences(newestPlan(), ordinary(), { isoText(monday), isoText(monday) }), QString());
+        QCOMPARE(differences(newestPlan(), ordinary(), { isoText(Monday), isoText(Monday) }), QString());
         // The dates of the next plan are relative to the new day.
         open();
         QCOMPARE(range().GetStartDate(), QDate(2024, 5, 6));
@@ -130,47 +130,47 @@ private Q_SLOTS:
     // The plan began on Monday and was opened on Tuesday; then the machine's clock went back to the Friday before.
     void aClockSetBackReopensAPlanThatHadBegun()
     {
-        const QString id = createdOn(friday, monday, tuesday);
-        goTo(tuesday);
+        const QString id = createdOn(Friday, Monday, Tuesday);
+        goTo(Tuesday);
         openPlan(id, true);
-        QCOMPARE(range().GetStartDate(), monday);
-        goTo(friday);
+        QCOMPARE(range().GetStartDate(), Monday);
+        goTo(Friday);
         openPlan(id, true);
-        QCOMPARE(range().GetStartDate(), monday);
-        QCOMPARE(range().GetEndDate(), tuesday);
+        QCOMPARE(range().GetStartDate(), Monday);
+        QCOMPARE(range().GetEndDate(), Tuesday);
         driver().stepDate("date_effectivePeriod_Multi", "le_end", 1);
         QCOMPARE(ok(), modified(id));
-        QCOMPARE(differences(id, ordinary(), { isoText(monday), isoText(tuesday.addDays(1)) }), QString());
+        QCOMPARE(differences(id, ordinary(), { isoText(Monday), isoText(Tuesday.addDays(1)) }), QString());
     }
 
     void aClockSetBackWhileAPlanIsEditedChangesNothingThatIsShown()
     {
-        const QString id = createdOn(friday, monday, tuesday);
-        goTo(tuesday);
+        const QString id = createdOn(Friday, Monday, Tuesday);
+        goTo(Tuesday);
         openPlan(id, true);
-        goTo(friday);
-        QCOMPARE(range().GetStartDate(), monday);
+        goTo(Friday);
+        QCOMPARE(range().GetStartDate(), Monday);
         PlanForm form = ordinary();
         form.remark = QStringLiteral("later");
         driver().type("le_remark", form.remark);
         QCOMPARE(ok(), modified(id));
-        QCOMPARE(differences(id, form, { isoText(monday), isoText(tuesday) }), QString());
+        QCOMPARE(differences(id, form, { isoText(Monday), isoText(Tuesday) }), QString());
     }
 
     // The form was opened on Friday, when Monday could still be moved; it is sent on Monday.
     void aDayThatPassesWhileAPlanIsEditedKeepsItsBegin()
     {
-        const QDate end = tuesday.addDays(3);
-        const QString id = createdOn(friday, monday, end);
+        const QDate end = Tuesday.addDays(3);
+        const QString id = createdOn(Friday, Monday, end);
         openPlan(id, true);
         driver().stepDate("date_effectivePeriod_Multi", "le_start", 1);
-        QCOMPARE(range().GetStartDate(), tuesday);
-        goTo(monday);
+        QCOMPARE(range().GetStartDate(), Tuesday);
+        goTo(Monday);
         QCOMPARE(ok(), QStringList{ QStringLiteral("msgBoxWarning: 计划已开始执行，初始日期不支持修改！") });
-        QCOMPARE(differences(id, ordinary(), { isoText(monday), isoText(end) }), QString());
+        QCOMPARE(differences(id, ordinary(), { isoText(Monday), isoText(end) }), QString());
         // The service refuses it, too.
         QMap<QString, QVariant> moved = AutoPlanLogic::instance().GetPlanInfo(id);
-        moved.insert(AutoPlanField::BaseField::beginDate, isoText(tuesday));
+        moved.insert(AutoPlanField::BaseField::beginDate, isoText(Tuesday));
         QCOMPARE(AutoPlanLogic::instance().modifyPlan(moved), QStringLiteral("计划已开始执行，开始日期不支持修改"));
     }
 };

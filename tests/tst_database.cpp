@@ -581,7 +581,7 @@ private:
     void addAccount(const QString& number, const QString& clientNo)
     {
         const StoredAccount account{ number, QStringLiteral("F") + number, QStringLiteral("账户"), clientNo,
-            AccountAsset::ordinary, QStringLiteral("B001"), { { QStringLiteral("XSHG"), QStringLiteral("A1") } } };
+            AccountAsset::Ordinary, QStringLiteral("B001"), { { QStringLiteral("XSHG"), QStringLiteral("A1") } } };
         QCOMPARE(AccountStore(*m_database).add(account), Status());
     }
 

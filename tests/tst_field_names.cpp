@@ -22,7 +22,7 @@ struct Spoken {
     const char* description;
 };
 
-constexpr Spoken spoken[] = {
+constexpr Spoken SpokenFields[] = {
     { "combx_fundAccount", "la_fundAccountName", "账户名称", "计划所用的资金账户" },
     { "combx_instructionType", "la_instructType", "指令类型", "可选的类型取决于账户的权限" },
     { "combx_instructionTargetType", "label", "指令单类型", "目标按数量还是按金额填写" },
@@ -55,14 +55,14 @@ private Q_SLOTS:
     void eachFieldIsNamedAfterItsCaptionAndDescribed_data()
     {
         QTest::addColumn<int>("index");
-        for (int i = 0; i < int(std::size(spoken)); ++i)
-            QTest::newRow(spoken[i].field) << i;
+        for (int i = 0; i < int(std::size(SpokenFields)); ++i)
+            QTest::newRow(SpokenFields[i].field) << i;
     }
 
     void eachFieldIsNamedAfterItsCaptionAndDescribed()
     {
         QFETCH(int, index);
-        const Spoken& of = spoken[index];
+        const Spoken& of = SpokenFields[index];
         construct();
         const auto* const named = field<QWidget>(editor(), of.field);
         QCOMPARE(field<QLabel>(editor(), of.caption)->buddy(), named);
@@ -76,7 +76,7 @@ private Q_SLOTS:
         int captions = 0;
         for (const QLabel* const label : editor().findChildren<QLabel*>())
             captions += label->buddy() ? 1 : 0;
-        QCOMPARE(captions, int(std::size(spoken)));
+        QCOMPARE(captions, int(std::size(SpokenFields)));
     }
 
     void theSingleDateHasTheCaptionOfThePeriod()

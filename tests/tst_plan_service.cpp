@@ -243,7 +243,7 @@ private Q_SLOTS:
         row("the other parameters are a list", BaseField::planOtherParam, QStringLiteral("[1]"),
             Error::OtherParamNotJson);
         row("the remark is one character too long", BaseField::remark,
-            QString(PlanCheck::longestRemark + 1, QLatin1Char('x')),
+            QString(PlanCheck::LongestRemark + 1, QLatin1Char('x')),
             { Error::RemarkTooLong, { QStringLiteral("200") } });
     }
 
@@ -347,7 +347,7 @@ private Q_SLOTS:
 
     void aRemarkOfTheLongestLengthIsKeptWhole()
     {
-        const QString remark(PlanCheck::longestRemark, QChar(0x5907));
+        const QString remark(PlanCheck::LongestRemark, QChar(0x5907));
         const QString id = m_session->create(with(SampleSession::record(), BaseField::remark, remark));
         QCOMPARE(service().GetPlanInfo(id).value(BaseField::remark).toString(), remark);
     }
@@ -459,7 +459,7 @@ private Q_SLOTS:
         QTest::newRow("an object of a megabyte")
             << QStringLiteral("{\"a\":\"%1\"}").arg(QString(1 << 20, QLatin1Char('x'))) << 0;
         QTest::newRow("an object of the longest length that is read")
-            << QStringLiteral("{\"a\":\"%1\"}").arg(QString(PlanTexts::longestOtherParam - 8, QLatin1Char('x'))) << 1;
+            << QStringLiteral("{\"a\":\"%1\"}").arg(QString(PlanTexts::LongestOtherParam - 8, QLatin1Char('x'))) << 1;
     }
 
     void otherParametersAreReadFromAnyRecord()

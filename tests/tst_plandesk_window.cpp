@@ -58,8 +58,8 @@ ProgramEnd runProgram(const QStringList& arguments,
     QProcess program;
     program.setProcessEnvironment(environment);
     program.start(file, arguments);
-    constexpr int timeout = 100000; // milliseconds, for a walk-through on a busy machine
-    if (!program.waitForFinished(timeout))
+    constexpr int Timeout = 100000; // milliseconds, for a walk-through on a busy machine
+    if (!program.waitForFinished(Timeout))
         return ProgramEnd();
     return { program.exitCode(), QString::fromUtf8(program.readAllStandardOutput()),
         QString::fromUtf8(program.readAllStandardError()) };

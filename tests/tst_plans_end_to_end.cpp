@@ -157,7 +157,7 @@ private Q_SLOTS:
         row("without a daily maximum", complete(), withoutDaily);
         row("Shenzhen growth board", complete(), ofSecurity(SubType::Gemstock, sz));
         row("science board", complete(), ofSecurity(OtherSubType::ScienTechInnovateBoard, sh));
-        row("Beijing", complete(), ofSecurity(OtherSubType::BjSelectedStock, SymbolSuffix::bj));
+        row("Beijing", complete(), ofSecurity(OtherSubType::BjSelectedStock, SymbolSuffix::Bj));
         row("index fund, three decimals", complete(), ofSecurity(SubType::TradingopenindexfundETF, sh));
         row("real-estate trust", complete(), ofSecurity(OtherSubType::Reits, sz));
         row("bond of Shenzhen", bond(complete().priced(PriceModel::Custom, custom), sz));

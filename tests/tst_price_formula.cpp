@@ -12,7 +12,7 @@ namespace {
 
 QHash<QString, double> prices()
 {
-    return { { PriceItem::previousClose, 10.0 }, { PriceItem::upperLimit, 11.0 }, { PriceItem::lowerLimit, 9.0 },
+    return { { PriceItem::PreviousClose, 10.0 }, { PriceItem::UpperLimit, 11.0 }, { PriceItem::LowerLimit, 9.0 },
         { QStringLiteral("MA5"), 10.5 }, { QStringLiteral("MA20"), 9.8 } };
 }
 
@@ -149,7 +149,7 @@ private Q_SLOTS:
     void theLongestFormulaPassesAndOneCharacterMoreDoesNot()
     {
         const QString longest = QStringLiteral("1+").repeated(149) + QStringLiteral("11");
-        QCOMPARE(longest.size(), PriceFormula::maximumLength);
+        QCOMPARE(longest.size(), PriceFormula::MaximumLength);
         QCOMPARE(*evaluate(longest), 160.0);
         const Status tooLong(Error::FormulaTooLong, { QStringLiteral("300") });
         QCOMPARE(check(longest + QLatin1Char('1')), tooLong);

@@ -29,8 +29,8 @@ constexpr int OneSecond = 1000;
 constexpr int MostOperations = 500;
 
 const QString Busy = errorText(Error::DatabaseBusy);
-const QString readOnly = errorText(Error::DatabaseReadOnly);
-const QString full = errorText(Error::DiskFull);
+const QString ReadOnlyText = errorText(Error::DatabaseReadOnly);
+const QString FullText = errorText(Error::DiskFull);
 
 int setting(const char* variable, int usual)
 {
@@ -46,7 +46,7 @@ ClientSession& client()
 
 QString reasonOf(Fault fault)
 {
-    return fault == Fault::Full ? full : errorText({ Error::DatabaseFailed, { QString() } });
+    return fault == Fault::Full ? FullText : errorText({ Error::DatabaseFailed, { QString() } });
 }
 
 QByteArray contentOf(const QString& file)
@@ -232,8 +232,8 @@ private Q_SLOTS:
         QString reason;
         while (reason.isEmpty() && m_count < MostOperations)
             reason = create();
-        QCOMPARE(reason, full);
-        QCOMPARE(create(), full);
+        QCOMPARE(reason, FullText);
+        QCOMPARE(create(), FullText);
         // A change needs no additional space.
         QCOMPARE(modify(), QString());
         checkStored();
@@ -248,8 +248,8 @@ private Q_SLOTS:
         const QByteArray before = contentOf(m_session->file());
         FaultyDisk::setReadOnly(true);
         QCOMPARE(timed([this] { return open(m_session->file()); }), QString());
-        QCOMPARE(create(), readOnly);
-        QCOMPARE(modify(), readOnly);
+        QCOMPARE(create(), ReadOnlyText);
+        QCOMPARE(modify(), ReadOnlyText);
         QCOMPARE(client().plans().count(), 1);
         client().close();
         QCOMPARE(contentOf(m_session->file()), before);
@@ -288,27 +288,27 @@ private Q_SLOTS:
     void aDamagedFileIsRefusedOrReadWithinASecond()
     {
         QFETCH(QString, damage);
-        constexpr int page = 4096;
+        constexpr int Page = 4096;
         const int rounds = setting("FAULTS_ROUNDS", 25);
         const int given = setting("FAULTS_SEED", 20240506);
         QRandomGenerator random(static_cast<quint32>(given));
         QCOMPARE(create(), QString());
         client().close();
         const QByteArray sound = contentOf(m_session->file());
-        const int pages = sound.size() / page;
+        const int pages = sound.size() / Page;
         int refused = 0;
         for (int i = 0; i < rounds; ++i) {
             QByteArray damaged = sound;
-            const int at = random.bounded(pages) * page;
+            const int at = random.bounded(pages) * Page;
             if (damage == QLatin1String("cut")) {
                 damaged.truncate(random.bounded(damaged.size()));
             } else if (damage == QLatin1String("bytes")) {
                 for (int n = 0; n < 40; ++n)
                     damaged[random.bounded(damaged.size())] = static_cast<char>(random.bounded(256));
             } else if (damage == QLatin1String("page")) {
-                damaged.replace(at, page, QByteArray(page, '\0'));
+                damaged.replace(at, Page, QByteArray(Page, '\0'));
             } else {
-                damaged.replace(at, page, sound.mid(random.bounded(pages) * page, page));
+                damaged.replace(at, Page, sound.mid(random.bounded(pages) * Page, Page));
             }
             QFile::remove(copy() + QStringLiteral("-wal"));
             QFile::remove(copy() + QStringLiteral("-shm"));

@@ -14,7 +14,7 @@
 
 namespace {
 
-const QString FILE_NAME = QStringLiteral("test.xml");
+const QString FileName = QStringLiteral("test.xml");
 
 QString root(const QString& content)
 {
@@ -58,14 +58,14 @@ Result<QList<StrategyDefinition>> readText(const QString& text)
     QBuffer buffer;
     buffer.setData(text.toUtf8());
     buffer.open(QIODevice::ReadOnly);
-    return StrategyFile::read(buffer, FILE_NAME);
+    return StrategyFile::read(buffer, FileName);
 }
 
 /// Why a file is refused: an error in one of its lines.
 Status refused(int line, const Status& error)
 {
     const Status inLine(Error::StrategyFileLine, { QString::number(line) }, error);
-    return { Error::StrategyFileRefused, { FILE_NAME }, inLine };
+    return { Error::StrategyFileRefused, { FileName }, inLine };
 }
 
 Status unreadable(const QString& file, const Status& cause)
@@ -78,7 +78,7 @@ QString namedStrategy(const QString& name)
     return root(QStringLiteral("<Strategy name=\"%1\" uiRep=\"别名\" version=\"7\" providerID=\"X\"/>").arg(name));
 }
 
-const QString WHOLE_STRATEGY = QStringLiteral(R"(
+const QString WholeStrategy = QStringLiteral(R"(
 <Strategy name="Demo" uiRep="演示" version="3" providerID="ME" wireValue="d" fixMsgType="D">
   <Description> 两行
      说明 </Description>
@@ -113,7 +113,7 @@ struct Pairing {
     QString value;
 };
 
-const QList<Pairing> PAIRINGS{
+const QList<Pairing> Pairings{
     { "whole number", QStringLiteral("Int_t"), QStringLiteral("SingleSpinner_t"), QStringLiteral("5") },
     { "decimal", QStringLiteral("Float_t"), QStringLiteral("SingleSpinner_t"), QStringLiteral("0.5") },
     { "quantity in two steps", QStringLiteral("Qty_t"), QStringLiteral("DoubleSpinner_t"), QStringLiteral("500") },
@@ -135,16 +135,16 @@ struct Refusal {
     Status error;
 };
 
-const QString NUMBER = type("Int_t");
-const QString SPINNER = type("lay:SingleSpinner_t");
-const QString LIST = type("lay:DropDownList_t");
-const QString PAIR = QStringLiteral("<EnumPair enumID=\"a\" wireValue=\"1\"/>");
-const QString OTHER = QStringLiteral("<EnumPair enumID=\"b\" wireValue=\"2\"/>");
-const QString ITEM = QStringLiteral("<lay:ListItem enumID=\"a\" uiRep=\"甲\"/>");
-const QString GOOD = parameter(NUMBER);
-const QString EDIT = QStringLiteral("<val:StrategyEdit errorMessage=\"m\">%1</val:StrategyEdit>");
+const QString Number = type("Int_t");
+const QString Spinner = type("lay:SingleSpinner_t");
+const QString List = type("lay:DropDownList_t");
+const QString Pair = QStringLiteral("<EnumPair enumID=\"a\" wireValue=\"1\"/>");
+const QString Other = QStringLiteral("<EnumPair enumID=\"b\" wireValue=\"2\"/>");
+const QString Item = QStringLiteral("<lay:ListItem enumID=\"a\" uiRep=\"甲\"/>");
+const QString Good = parameter(Number);
+const QString Edit = QStringLiteral("<val:StrategyEdit errorMessage=\"m\">%1</val:StrategyEdit>");
 
-const QList<Refusal> REFUSALS{
+const QList<Refusal> Refusals{
     { "an empty file", QString(), 1, Error::FileIncomplete },
     { "a cut file", QStringLiteral("<Strategies\n"), 2, Error::FileIncomplete },
     { "an element that is not closed", root(QStringLiteral("<Strategy name=\"S\">")), 3, Error::InvalidXml },
@@ -203,51 +203,51 @@ const QList<Refusal> REFUSALS{
         { Error::TypeOfOtherNamespace,
             { QStringLiteral("lay:Int_t"), QStringLiteral("http://www.fixprotocol.org/FIXatdl-1-1/Core") } } },
     { "a time with a date", strategy(parameter(type("UTCTimestamp_t"))), 3, Error::TimeWithDate },
-    { "an invalid use", strategy(parameter(NUMBER + QStringLiteral(" use=\"maybe\""))), 3,
+    { "an invalid use", strategy(parameter(Number + QStringLiteral(" use=\"maybe\""))), 3,
         { Error::InvalidUse, { QStringLiteral("maybe") } } },
-    { "a tag of 0", strategy(parameter(NUMBER + QStringLiteral(" fixTag=\"0\""))), 3,
+    { "a tag of 0", strategy(parameter(Number + QStringLiteral(" fixTag=\"0\""))), 3,
         { Error::AttributeNotInteger,
             { QStringLiteral("fixTag"), QStringLiteral("0"), QStringLiteral("1"), QStringLiteral("99999999") } } },
-    { "decimals of a whole number", strategy(parameter(NUMBER + QStringLiteral(" precision=\"2\""))), 3,
+    { "decimals of a whole number", strategy(parameter(Number + QStringLiteral(" precision=\"2\""))), 3,
         { Error::AttributeOfOtherType, { QStringLiteral("Int_t"), QStringLiteral("precision") } } },
-    { "a length of a number", strategy(parameter(NUMBER + QStringLiteral(" maxLength=\"2\""))), 3,
+    { "a length of a number", strategy(parameter(Number + QStringLiteral(" maxLength=\"2\""))), 3,
         { Error::AttributeOfOtherType, { QStringLiteral("Int_t"), QStringLiteral("maxLength") } } },
-    { "yes and no of a number", strategy(parameter(NUMBER + QStringLiteral(" trueWireValue=\"1\""))), 3,
+    { "yes and no of a number", strategy(parameter(Number + QStringLiteral(" trueWireValue=\"1\""))), 3,
         { Error::AttributeOfOtherType, { QStringLiteral("Int_t"), QStringLiteral("trueWireValue") } } },
     { "yes equal to no", strategy(parameter(type("Boolean_t") + QStringLiteral(" trueWireValue=\"N\""))), 3,
         Error::EqualBooleanValues },
-    { "a limit that is no number", parts(parameter(NUMBER + QStringLiteral(" minValue=\"nan\"")), control(SPINNER)), 3,
+    { "a limit that is no number", parts(parameter(Number + QStringLiteral(" minValue=\"nan\"")), control(Spinner)), 3,
         { Error::InvalidParameterAttribute, { QStringLiteral("P"), QStringLiteral("minValue"), QStringLiteral("nan") },
             Error::ValueNotNumber } },
     { "a limit in scientific form",
-        parts(parameter(type("Float_t") + QStringLiteral(" maxValue=\"1e3\"")), control(SPINNER)), 3,
+        parts(parameter(type("Float_t") + QStringLiteral(" maxValue=\"1e3\"")), control(Spinner)), 3,
         { Error::InvalidParameterAttribute, { QStringLiteral("P"), QStringLiteral("maxValue"), QStringLiteral("1e3") },
             Error::ValueNotNumber } },
     { "limits the wrong way round",
-        parts(parameter(NUMBER + QStringLiteral(" minValue=\"2\" maxValue=\"1\"")), control(SPINNER)), 3,
+        parts(parameter(Number + QStringLiteral(" minValue=\"2\" maxValue=\"1\"")), control(Spinner)), 3,
         { Error::LimitsReversed, { QStringLiteral("P") } } },
     { "limits of a text",
         parts(parameter(type("String_t") + QStringLiteral(" minValue=\"1\"")), control(type("lay:TextField_t"))), 3,
         { Error::LimitsOfOtherType, { QStringLiteral("P") } } },
-    { "a constant out of range", strategy(parameter(NUMBER + QStringLiteral(" maxValue=\"5\" constValue=\"6\""))), 3,
+    { "a constant out of range", strategy(parameter(Number + QStringLiteral(" maxValue=\"5\" constValue=\"6\""))), 3,
         { Error::InvalidParameterAttribute, { QStringLiteral("P"), QStringLiteral("constValue"), QStringLiteral("6") },
             { Error::ValueTooLarge, { QStringLiteral("5") } } } },
     { "a parameter twice",
-        strategy(parameter(NUMBER + QStringLiteral(" constValue=\"1\"")) + QLatin1Char('\n')
-            + parameter(NUMBER + QStringLiteral(" constValue=\"2\""))),
+        strategy(parameter(Number + QStringLiteral(" constValue=\"1\"")) + QLatin1Char('\n')
+            + parameter(Number + QStringLiteral(" constValue=\"2\""))),
         4, { Error::DuplicateParameter, { QStringLiteral("P") } } },
-    { "a value twice", parts(parameter(NUMBER, PAIR + PAIR), control(LIST, ITEM)), 3,
+    { "a value twice", parts(parameter(Number, Pair + Pair), control(List, Item)), 3,
         { Error::DuplicateEnumId, { QStringLiteral("P"), QStringLiteral("a") } } },
     { "a value of another type",
-        parts(parameter(NUMBER, QStringLiteral("<EnumPair enumID=\"a\" wireValue=\"x\"/>")), control(LIST, ITEM)), 3,
+        parts(parameter(Number, QStringLiteral("<EnumPair enumID=\"a\" wireValue=\"x\"/>")), control(List, Item)), 3,
         { Error::InvalidParameterAttribute, { QStringLiteral("P"), QStringLiteral("wireValue"), QStringLiteral("x") },
             Error::ValueNotNumber } },
-    { "values of yes or no", strategy(parameter(type("Boolean_t"), PAIR)), 3, Error::BooleanWithEnumPairs },
-    { "a value without an id", strategy(parameter(NUMBER, QStringLiteral("<EnumPair wireValue=\"1\"/>"))), 3,
+    { "values of yes or no", strategy(parameter(type("Boolean_t"), Pair)), 3, Error::BooleanWithEnumPairs },
+    { "a value without an id", strategy(parameter(Number, QStringLiteral("<EnumPair wireValue=\"1\"/>"))), 3,
         { Error::MissingAttribute, { QStringLiteral("EnumPair"), QStringLiteral("enumID") } } },
-    { "a parameter without a control", strategy(GOOD), 3, { Error::ParameterWithoutControl, { QStringLiteral("P") } } },
+    { "a parameter without a control", strategy(Good), 3, { Error::ParameterWithoutControl, { QStringLiteral("P") } } },
 
-    { "a second layout", parts(GOOD, control(SPINNER), QStringLiteral("<lay:StrategyLayout/>")), 7,
+    { "a second layout", parts(Good, control(Spinner), QStringLiteral("<lay:StrategyLayout/>")), 7,
         { Error::SecondLayout, { QStringLiteral("S") } } },
     { "a layout without a panel", strategy(QStringLiteral("<lay:StrategyLayout/>")), 3, Error::NoPanel },
     { "two panels side by side at the top",
@@ -259,50 +259,50 @@ const QList<Refusal> REFUSALS{
         3,
         { Error::UnsupportedAttributeValue,
             { QStringLiteral("orientation"), QStringLiteral("HORIZONTAL"), QStringLiteral("VERTICAL") } } },
-    { "controls beside panels", parts(GOOD, control(SPINNER) + QStringLiteral("\n<lay:StrategyPanel/>")), 6,
+    { "controls beside panels", parts(Good, control(Spinner) + QStringLiteral("\n<lay:StrategyPanel/>")), 6,
         Error::ControlsBesidePanels },
     { "panels too deep",
-        parts(GOOD,
+        parts(Good,
             QStringLiteral("<lay:StrategyPanel>").repeated(8) + QStringLiteral("</lay:StrategyPanel>").repeated(8)),
         5, { Error::PanelsTooDeep, { QStringLiteral("8") } } },
 
-    { "a control without a parameter", parts({}, control(SPINNER)), 5,
+    { "a control without a parameter", parts({}, control(Spinner)), 5,
         { Error::ControlWithoutParameter, { QStringLiteral("c"), QStringLiteral("P") } } },
     { "a control without a reference",
-        parts(GOOD, QStringLiteral("<lay:Control ID=\"c\" label=\"l\" %1/>").arg(SPINNER)), 5,
+        parts(Good, QStringLiteral("<lay:Control ID=\"c\" label=\"l\" %1/>").arg(Spinner)), 5,
         { Error::MissingAttribute, { QStringLiteral("Control"), QStringLiteral("parameterRef") } } },
-    { "a control of a constant", parts(parameter(NUMBER + QStringLiteral(" constValue=\"1\"")), control(SPINNER)), 5,
+    { "a control of a constant", parts(parameter(Number + QStringLiteral(" constValue=\"1\"")), control(Spinner)), 5,
         { Error::ControlOfConstant, { QStringLiteral("c"), QStringLiteral("P") } } },
     { "a control id twice",
-        parts(GOOD + QStringLiteral("<Parameter name=\"Q\" %1/>").arg(NUMBER),
-            control(SPINNER)
-                + QStringLiteral("\n<lay:Control ID=\"c\" parameterRef=\"Q\" label=\"l\" %1/>").arg(SPINNER)),
+        parts(Good + QStringLiteral("<Parameter name=\"Q\" %1/>").arg(Number),
+            control(Spinner)
+                + QStringLiteral("\n<lay:Control ID=\"c\" parameterRef=\"Q\" label=\"l\" %1/>").arg(Spinner)),
         6, { Error::DuplicateControl, { QStringLiteral("c") } } },
     { "two controls of one parameter",
-        parts(GOOD,
-            control(SPINNER)
-                + QStringLiteral("\n<lay:Control ID=\"d\" parameterRef=\"P\" label=\"l\" %1/>").arg(SPINNER)),
+        parts(Good,
+            control(Spinner)
+                + QStringLiteral("\n<lay:Control ID=\"d\" parameterRef=\"P\" label=\"l\" %1/>").arg(Spinner)),
         6, { Error::SecondControl, { QStringLiteral("P") } } },
-    { "an unknown control type", parts(GOOD, control(type("lay:Slider_t"))), 5,
+    { "an unknown control type", parts(Good, control(type("lay:Slider_t"))), 5,
         { Error::UnsupportedControlType, { QStringLiteral("Slider_t") } } },
-    { "a check box for a number", parts(GOOD, control(type("lay:CheckBox_t"))), 5,
+    { "a check box for a number", parts(Good, control(type("lay:CheckBox_t"))), 5,
         { Error::ControlOfOtherType, { QStringLiteral("c"), QStringLiteral("P") } } },
-    { "a spinner for a list", parts(parameter(NUMBER, PAIR), control(SPINNER)), 5,
+    { "a spinner for a list", parts(parameter(Number, Pair), control(Spinner)), 5,
         { Error::ControlOfOtherType, { QStringLiteral("c"), QStringLiteral("P") } } },
-    { "list entries that do not match", parts(parameter(NUMBER, PAIR + OTHER), control(LIST, ITEM)), 5,
+    { "list entries that do not match", parts(parameter(Number, Pair + Other), control(List, Item)), 5,
         { Error::ListItemsDiffer, { QStringLiteral("c"), QStringLiteral("P") } } },
-    { "a list entry twice", parts(parameter(NUMBER, PAIR), control(LIST, ITEM + ITEM)), 5,
+    { "a list entry twice", parts(parameter(Number, Pair), control(List, Item + Item)), 5,
         { Error::DuplicateListItem, { QStringLiteral("c"), QStringLiteral("a") } } },
-    { "entries of a spinner", parts(GOOD, control(SPINNER, ITEM)), 5,
+    { "entries of a spinner", parts(Good, control(Spinner, Item)), 5,
         { Error::ListItemsOfOtherType, { QStringLiteral("c") } } },
     { "a default out of range",
-        parts(parameter(NUMBER + QStringLiteral(" minValue=\"1\" maxValue=\"5\"")),
-            control(SPINNER + QStringLiteral(" initValue=\"6\""))),
+        parts(parameter(Number + QStringLiteral(" minValue=\"1\" maxValue=\"5\"")),
+            control(Spinner + QStringLiteral(" initValue=\"6\""))),
         5,
         { Error::InvalidDefault, { QStringLiteral("c"), QStringLiteral("6") },
             { Error::ValueOutOfRange, { QStringLiteral("1"), QStringLiteral("5") } } } },
     { "a default that is no entry",
-        parts(parameter(NUMBER, PAIR), control(LIST + QStringLiteral(" initValue=\"z\""), ITEM)), 5,
+        parts(parameter(Number, Pair), control(List + QStringLiteral(" initValue=\"z\""), Item)), 5,
         { Error::InvalidDefault, { QStringLiteral("c"), QStringLiteral("z") }, Error::ValueNotListed } },
     { "a default of a check box that is neither",
         parts(parameter(type("Boolean_t")), control(type("lay:CheckBox_t") + QStringLiteral(" initValue=\"Y\""))), 5,
@@ -311,39 +311,39 @@ const QList<Refusal> REFUSALS{
         parts(parameter(type("LocalMktTime_t")),
             control(type("lay:Clock_t") + QStringLiteral(" initValue=\"24:00:00\""))),
         5, { Error::InvalidDefault, { QStringLiteral("c"), QStringLiteral("24:00:00") }, Error::ValueNotTime } },
-    { "a step of 0", parts(GOOD, control(SPINNER + QStringLiteral(" increment=\"0\""))), 5,
+    { "a step of 0", parts(Good, control(Spinner + QStringLiteral(" increment=\"0\""))), 5,
         { Error::InvalidStep, { QStringLiteral("c"), QStringLiteral("0") } } },
-    { "a step of a text field", parts(GOOD, control(type("lay:TextField_t") + QStringLiteral(" increment=\"1\""))), 5,
+    { "a step of a text field", parts(Good, control(type("lay:TextField_t") + QStringLiteral(" increment=\"1\""))), 5,
         { Error::AttributeOfOtherType, { QStringLiteral("TextField_t"), QStringLiteral("increment") } } },
-    { "a large step of a single spinner", parts(GOOD, control(SPINNER + QStringLiteral(" outerIncrement=\"9\""))), 5,
+    { "a large step of a single spinner", parts(Good, control(Spinner + QStringLiteral(" outerIncrement=\"9\""))), 5,
         { Error::AttributeOfOtherType, { QStringLiteral("SingleSpinner_t"), QStringLiteral("outerIncrement") } } },
-    { "a rule that switches a control", parts(GOOD, control(SPINNER, QStringLiteral("<StateRule/>"))), 5,
+    { "a rule that switches a control", parts(Good, control(Spinner, QStringLiteral("<StateRule/>"))), 5,
         { Error::UnsupportedElement, { QStringLiteral("StateRule") } } },
 
-    { "a rule without a comparison", parts(GOOD, control(SPINNER), EDIT.arg(QString())), 7,
+    { "a rule without a comparison", parts(Good, control(Spinner), Edit.arg(QString())), 7,
         Error::RuleWithoutComparison },
     { "a rule of two comparisons",
-        parts(GOOD, control(SPINNER),
-            EDIT.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"LT\" value=\"1\"/>\n<val:Edit/>"))),
+        parts(Good, control(Spinner),
+            Edit.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"LT\" value=\"1\"/>\n<val:Edit/>"))),
         8, Error::SecondComparison },
     { "a comparison that is unknown",
-        parts(GOOD, control(SPINNER), EDIT.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"EX\"/>"))), 7,
+        parts(Good, control(Spinner), Edit.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"EX\"/>"))), 7,
         { Error::UnsupportedOperator, { QStringLiteral("EX") } } },
     { "a comparison with nothing",
-        parts(GOOD, control(SPINNER), EDIT.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"LT\"/>"))), 7,
+        parts(Good, control(Spinner), Edit.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"LT\"/>"))), 7,
         Error::ComparisonWithoutOperand },
     { "a comparison of nothing",
-        parts(GOOD, control(SPINNER), EDIT.arg(QStringLiteral("<val:Edit field=\"Z\" operator=\"LT\" value=\"1\"/>"))),
+        parts(Good, control(Spinner), Edit.arg(QStringLiteral("<val:Edit field=\"Z\" operator=\"LT\" value=\"1\"/>"))),
         7, { Error::RuleWithoutParameter, { QStringLiteral("Z") } } },
     { "a comparison with an unknown parameter",
-        parts(GOOD, control(SPINNER), EDIT.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"LT\" field2=\"Z\"/>"))),
+        parts(Good, control(Spinner), Edit.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"LT\" field2=\"Z\"/>"))),
         7, { Error::RuleWithoutParameter, { QStringLiteral("Z") } } },
     { "a comparison with a bad value",
-        parts(GOOD, control(SPINNER), EDIT.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"LT\" value=\"x\"/>"))),
+        parts(Good, control(Spinner), Edit.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"LT\" value=\"x\"/>"))),
         7, { Error::InvalidRuleValue, { QStringLiteral("P"), QStringLiteral("x") }, Error::ValueNotNumber } },
     { "a comparison of a number with a time",
-        parts(GOOD + QStringLiteral("<Parameter name=\"Q\" %1 constValue=\"09:30:00\"/>").arg(type("LocalMktTime_t")),
-            control(SPINNER), EDIT.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"LT\" field2=\"Q\"/>"))),
+        parts(Good + QStringLiteral("<Parameter name=\"Q\" %1 constValue=\"09:30:00\"/>").arg(type("LocalMktTime_t")),
+            control(Spinner), Edit.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"LT\" field2=\"Q\"/>"))),
         7, { Error::RuleOfOtherTypes, { QStringLiteral("P"), QStringLiteral("Q") } } },
 };
 
@@ -355,37 +355,37 @@ struct ValueCheck {
     Status status;
 };
 
-const QString WHOLE = type("Int_t") + QStringLiteral(" use=\"required\" minValue=\"1\" maxValue=\"5\"");
-const QString RATIO = type("Percentage_t") + QStringLiteral(" minValue=\"0.01\" maxValue=\"0.5\" precision=\"4\"");
-const QString TIME = type("LocalMktTime_t") + QStringLiteral(" minValue=\"09:30:00\"");
+const QString Whole = type("Int_t") + QStringLiteral(" use=\"required\" minValue=\"1\" maxValue=\"5\"");
+const QString Ratio = type("Percentage_t") + QStringLiteral(" minValue=\"0.01\" maxValue=\"0.5\" precision=\"4\"");
+const QString Time = type("LocalMktTime_t") + QStringLiteral(" minValue=\"09:30:00\"");
 
-const QList<ValueCheck> VALUE_CHECKS{
-    { "the lower limit passes", WHOLE, QStringLiteral("1"), Status() },
-    { "the upper limit passes", WHOLE, QStringLiteral("5"), Status() },
-    { "below the lower limit fails", WHOLE, QStringLiteral("0"),
+const QList<ValueCheck> ValueChecks{
+    { "the lower limit passes", Whole, QStringLiteral("1"), Status() },
+    { "the upper limit passes", Whole, QStringLiteral("5"), Status() },
+    { "below the lower limit fails", Whole, QStringLiteral("0"),
         { Error::ValueOutOfRange, { QStringLiteral("1"), QStringLiteral("5") } } },
-    { "above the upper limit fails", WHOLE, QStringLiteral("6"),
+    { "above the upper limit fails", Whole, QStringLiteral("6"),
         { Error::ValueOutOfRange, { QStringLiteral("1"), QStringLiteral("5") } } },
-    { "nothing fails where needed", WHOLE, QString(), Error::ValueMissing },
-    { "nothing passes where not needed", RATIO, QString(), Status() },
-    { "a fraction of a whole number fails", WHOLE, QStringLiteral("1.5"), Error::ValueNotInteger },
-    { "a whole number with zeros behind the point passes", WHOLE, QStringLiteral("2.0"), Status() },
-    { "nan fails", WHOLE, QStringLiteral("nan"), Error::ValueNotNumber },
-    { "infinity fails", WHOLE, QStringLiteral("inf"), Error::ValueNotNumber },
-    { "an exponent fails", WHOLE, QStringLiteral("1e0"), Error::ValueNotNumber },
-    { "a plus sign fails", WHOLE, QStringLiteral("+1"), Error::ValueNotNumber },
-    { "full-width digits fail", WHOLE, QStringLiteral("１"), Error::ValueNotNumber },
-    { "a line end behind a number fails", WHOLE, QStringLiteral("1\n"), Error::ValueNotNumber },
-    { "sixteen digits fail", WHOLE, QStringLiteral("1000000000000000"), Error::ValueNotNumber },
-    { "a percentage within its limits passes", RATIO, QStringLiteral("0.5"), Status() },
-    { "a percentage just above fails", RATIO, QStringLiteral("0.5001"),
+    { "nothing fails where needed", Whole, QString(), Error::ValueMissing },
+    { "nothing passes where not needed", Ratio, QString(), Status() },
+    { "a fraction of a whole number fails", Whole, QStringLiteral("1.5"), Error::ValueNotInteger },
+    { "a whole number with zeros behind the point passes", Whole, QStringLiteral("2.0"), Status() },
+    { "nan fails", Whole, QStringLiteral("nan"), Error::ValueNotNumber },
+    { "infinity fails", Whole, QStringLiteral("inf"), Error::ValueNotNumber },
+    { "an exponent fails", Whole, QStringLiteral("1e0"), Error::ValueNotNumber },
+    { "a plus sign fails", Whole, QStringLiteral("+1"), Error::ValueNotNumber },
+    { "full-width digits fail", Whole, QStringLiteral("１"), Error::ValueNotNumber },
+    { "a line end behind a number fails", Whole, QStringLiteral("1\n"), Error::ValueNotNumber },
+    { "sixteen digits fail", Whole, QStringLiteral("1000000000000000"), Error::ValueNotNumber },
+    { "a percentage within its limits passes", Ratio, QStringLiteral("0.5"), Status() },
+    { "a percentage just above fails", Ratio, QStringLiteral("0.5001"),
         { Error::ValueOutOfRange, { QStringLiteral("1"), QStringLiteral("50") } } },
-    { "a percentage too fine fails", RATIO, QStringLiteral("0.12345"),
+    { "a percentage too fine fails", Ratio, QStringLiteral("0.12345"),
         { Error::ValueTooFine, { QStringLiteral("2") } } },
-    { "the first moment passes", TIME, QStringLiteral("09:30:00"), Status() },
-    { "a second before fails", TIME, QStringLiteral("09:29:59"),
+    { "the first moment passes", Time, QStringLiteral("09:30:00"), Status() },
+    { "a second before fails", Time, QStringLiteral("09:29:59"),
         { Error::ValueTooSmall, { QStringLiteral("09:30:00") } } },
-    { "a time in short form is invalid", TIME, QStringLiteral("9:30"), Error::ValueNotTime },
+    { "a time in short form is invalid", Time, QStringLiteral("9:30"), Error::ValueNotTime },
     { "two letters are no letter", type("Char_t"), QStringLiteral("ab"), Error::ValueNotCharacter },
     { "a control character fails", type("String_t"), QStringLiteral("a\x01"), Error::ValueNotPrintable },
     { "a text too long fails", type("String_t") + QStringLiteral(" maxLength=\"3\""), QStringLiteral("abcd"),
@@ -402,7 +402,7 @@ class StrategyFilesTest : public LoggedTest {
 private Q_SLOTS:
     void aWholeStrategyIsRead()
     {
-        const Result<QList<StrategyDefinition>> strategies = readText(root(WHOLE_STRATEGY));
+        const Result<QList<StrategyDefinition>> strategies = readText(root(WholeStrategy));
         QCOMPARE(strategies.status(), Status());
         QCOMPARE(strategies->size(), 1);
         const StrategyDefinition demo = strategies->constFirst();
@@ -434,7 +434,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("parameterType");
         QTest::addColumn<QString>("controlType");
         QTest::addColumn<QString>("value");
-        for (const Pairing& pairing : PAIRINGS)
+        for (const Pairing& pairing : Pairings)
             QTest::newRow(pairing.row) << pairing.parameterType << pairing.controlType << pairing.value;
     }
 
@@ -455,7 +455,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("text");
         QTest::addColumn<int>("line");
         QTest::addColumn<Status>("error");
-        for (const Refusal& refusal : REFUSALS)
+        for (const Refusal& refusal : Refusals)
             QTest::newRow(refusal.row) << refusal.text << refusal.line << refusal.error;
     }
 
@@ -470,12 +470,12 @@ private Q_SLOTS:
     void moreThanTheLimitsIsRefused()
     {
         QString many;
-        for (int i = 0; i <= StrategyLimits::MAX_COUNT; ++i)
+        for (int i = 0; i <= StrategyLimits::MaxCount; ++i)
             many += QStringLiteral("<Strategy name=\"S%1\"/>\n").arg(i);
         const Status tooMany(Error::TooManyStrategies, { QStringLiteral("100") });
         QCOMPARE(readText(root(many)).status(), refused(102, tooMany));
 
-        const QString longText(StrategyLimits::MAX_TEXT + 1, QLatin1Char('x'));
+        const QString longText(StrategyLimits::MaxText + 1, QLatin1Char('x'));
         const Status attributeTooLong(Error::AttributeTooLong, { QStringLiteral("uiRep"), QStringLiteral("1000") });
         QCOMPARE(readText(root(QStringLiteral("<Strategy name=\"S\" uiRep=\"%1\"/>").arg(longText))).status(),
             refused(2, attributeTooLong));
@@ -487,9 +487,9 @@ private Q_SLOTS:
         const auto padded = [&](qint64 size) {
             return fits + QString(static_cast<int>(size - fits.toUtf8().size()), QLatin1Char(' '));
         };
-        QCOMPARE(readText(padded(StrategyFile::MAX_SIZE)).status(), Status());
+        QCOMPARE(readText(padded(StrategyFile::MaxSize)).status(), Status());
         const Status tooLarge(Error::FileTooLarge, { QStringLiteral("1048576") });
-        QCOMPARE(readText(padded(StrategyFile::MAX_SIZE + 1)).status(), unreadable(FILE_NAME, tooLarge));
+        QCOMPARE(readText(padded(StrategyFile::MaxSize + 1)).status(), unreadable(FileName, tooLarge));
     }
 
     void aFileThatCannotBeReadIsRefused()
@@ -532,7 +532,7 @@ private Q_SLOTS:
             bytes.truncate(next(4) == 0 ? next(bytes.size()) : bytes.size());
             QBuffer buffer(&bytes);
             buffer.open(QIODevice::ReadOnly);
-            damaged += StrategyFile::read(buffer, FILE_NAME) ? 0 : 1;
+            damaged += StrategyFile::read(buffer, FileName) ? 0 : 1;
         }
         QVERIFY(damaged > 100);
     }
@@ -542,7 +542,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("attributes");
         QTest::addColumn<QString>("value");
         QTest::addColumn<Status>("status");
-        for (const ValueCheck& check : VALUE_CHECKS)
+        for (const ValueCheck& check : ValueChecks)
             QTest::newRow(check.row) << check.attributes << check.value << check.status;
     }
 

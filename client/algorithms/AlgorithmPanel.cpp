@@ -22,8 +22,8 @@ namespace Side = Algo_Values::AlgoOrderSide;
 
 namespace {
 
-const QString SUCCESS = QStringLiteral("0");
-constexpr int NARROWEST = 420;
+const QString Success = QStringLiteral("0");
+constexpr int Narrowest = 420;
 
 QLabel* boldLabel(const QString& text, QWidget* parent)
 {
@@ -49,7 +49,7 @@ AlgorithmPanel::AlgorithmPanel(int offers, QWidget* parent)
 {
     setObjectName(QStringLiteral("algorithmPanel"));
     setWindowTitle(QStringLiteral("算法参数设置"));
-    setMinimumWidth(NARROWEST);
+    setMinimumWidth(Narrowest);
     // The editor turns it into a window; until then it must not appear inside its parent.
     hide();
     buildPanel();
@@ -148,7 +148,7 @@ QString AlgorithmPanel::LoadStrategy(const AesStrategy& strategy, const QMap<QSt
     m_strategies->setFocus(Qt::OtherFocusReason);
     if (!strategy.name.isEmpty())
         show();
-    return SUCCESS;
+    return Success;
 }
 
 Status AlgorithmPanel::checkChoice(const QString& name) const

@@ -14,11 +14,11 @@
 
 namespace {
 
-constexpr int COLUMNS = 4;
-constexpr int INPUT_WIDTH = 120;
-constexpr int SKIN_PADDING = 8;
+constexpr int Columns = 4;
+constexpr int InputWidth = 120;
+constexpr int SkinPadding = 8;
 /// Opacity of the hints, of 255.
-constexpr int HINT_STRENGTH = 170;
+constexpr int HintStrength = 170;
 
 QString unitOf(const StrategyControl& control, const StrategyParameter& parameter)
 {
@@ -161,7 +161,7 @@ void ParameterForm::addSection(const QString& title)
     QFont font = heading->font();
     font.setBold(true);
     heading->setFont(font);
-    m_grid->addWidget(heading, m_grid->rowCount(), 0, 1, COLUMNS);
+    m_grid->addWidget(heading, m_grid->rowCount(), 0, 1, Columns);
 }
 
 void ParameterForm::addRow(const StrategyControl& control, const StrategyParameter& parameter)
@@ -174,7 +174,7 @@ void ParameterForm::addRow(const StrategyControl& control, const StrategyParamet
     row.input->setToolTip(control.tooltip);
     row.input->setAccessibleName(control.label);
     row.input->setAccessibleDescription(descriptionOf(control, parameter));
-    row.input->setMinimumWidth(qMax(INPUT_WIDTH, row.input->minimumWidth()));
+    row.input->setMinimumWidth(qMax(InputWidth, row.input->minimumWidth()));
     if (!row.lastFocus)
         row.lastFocus = row.input;
 
@@ -197,7 +197,7 @@ void ParameterForm::addRemarks(const Row& row, int line)
     hint->setObjectName(QStringLiteral("hint_") + row.parameter.name);
     QPalette faint = hint->palette();
     QColor ink = faint.color(QPalette::WindowText);
-    ink.setAlpha(HINT_STRENGTH);
+    ink.setAlpha(HintStrength);
     faint.setColor(QPalette::WindowText, ink);
     hint->setPalette(faint);
     m_grid->addWidget(hint, line, 3);
@@ -247,7 +247,7 @@ void ParameterForm::makeDropDown(Row& row)
     for (const EnumeratedValue& item : qAsConst(row.control.items))
         box->addItem(item.text, valueOf(row.parameter, item.id));
     // The size hint does not include a skin's padding.
-    box->setMinimumWidth(qMax(INPUT_WIDTH, box->sizeHint().width() + SKIN_PADDING));
+    box->setMinimumWidth(qMax(InputWidth, box->sizeHint().width() + SkinPadding));
     row.input = box;
     row.value = [box] { return box->currentData().toString(); };
     row.setValue = [box](const QString& value) { box->setCurrentIndex(box->findData(value)); };

@@ -12,12 +12,12 @@
 
 namespace {
 
-const QString STORED_TIME = QStringLiteral("HH:mm:ss");
-constexpr int SECONDS_PER_STEP = 60;
+const QString StoredTime = QStringLiteral("HH:mm:ss");
+constexpr int SecondsPerStep = 60;
 /// Steps of the page keys.
-constexpr int PAGE_STEPS = 10;
-constexpr int MAX_DECIMALS = 10;
-constexpr int MAX_TEXT = 64;
+constexpr int PageSteps = 10;
+constexpr int MaxDecimals = 10;
+constexpr int MaxText = 64;
 
 } // namespace
 
@@ -27,7 +27,7 @@ StepInput::StepInput(const StrategyControl& control, const StrategyParameter& pa
     , m_parameter(parameter)
 {
     setFocusPolicy(Qt::StrongFocus);
-    lineEdit()->setMaxLength(MAX_TEXT);
+    lineEdit()->setMaxLength(MaxText);
 }
 
 void StepInput::setText(const QString& text)
@@ -69,8 +69,8 @@ void StepInput::stepNumber(int steps)
 {
     const bool percent = m_parameter.type == ParameterType::Percentage;
     const double single = m_control.increment.isEmpty() ? (percent ? 0.01 : 1.0) : m_control.increment.toDouble();
-    const bool page = std::abs(steps) >= PAGE_STEPS && !m_control.outerIncrement.isEmpty();
-    const int pages = steps / PAGE_STEPS;
+    const bool page = std::abs(steps) >= PageSteps && !m_control.outerIncrement.isEmpty();
+    const int pages = steps / PageSteps;
     const double change = page ? pages * m_control.outerIncrement.toDouble() : steps * single;
 
     const QString now = ParameterValue::entered(m_parameter, text());
@@ -79,18 +79,18 @@ void StepInput::stepNumber(int steps)
         value = std::max(value, m_parameter.minValue.toDouble());
     if (!m_parameter.maxValue.isEmpty())
         value = std::min(value, m_parameter.maxValue.toDouble());
-    const QString stepped = ParameterValue::shiftPoint(QString::number(value, 'f', MAX_DECIMALS - 2), 0);
+    const QString stepped = ParameterValue::shiftPoint(QString::number(value, 'f', MaxDecimals - 2), 0);
     if (ParameterValue::isDecimal(stepped))
         setText(ParameterValue::shown(m_parameter, stepped));
 }
 
 void StepInput::stepTime(int steps)
 {
-    const QTime now = QLocale::c().toTime(ParameterValue::entered(m_parameter, text()), STORED_TIME);
-    const QTime lowest = QLocale::c().toTime(m_parameter.minValue, STORED_TIME);
-    const QTime highest = QLocale::c().toTime(m_parameter.maxValue, STORED_TIME);
+    const QTime now = QLocale::c().toTime(ParameterValue::entered(m_parameter, text()), StoredTime);
+    const QTime lowest = QLocale::c().toTime(m_parameter.minValue, StoredTime);
+    const QTime highest = QLocale::c().toTime(m_parameter.maxValue, StoredTime);
     const int last = QTime(0, 0).secsTo(highest.isValid() ? highest : QTime(23, 59, 59));
     const int first = lowest.isValid() ? QTime(0, 0).secsTo(lowest) : 0;
-    const int wanted = now.isValid() ? QTime(0, 0).secsTo(now) + steps * SECONDS_PER_STEP : first;
-    setText(QLocale::c().toString(QTime(0, 0).addSecs(std::max(first, std::min(wanted, last))), STORED_TIME));
+    const int wanted = now.isValid() ? QTime(0, 0).secsTo(now) + steps * SecondsPerStep : first;
+    setText(QLocale::c().toString(QTime(0, 0).addSecs(std::max(first, std::min(wanted, last))), StoredTime));
 }

@@ -60,8 +60,8 @@ Status checkDepth(const QVector<Token>& tokens)
     for (const Token& token : tokens) {
         depth += token.kind == Kind::Open ? 1 : 0;
         depth -= token.kind == Kind::Close ? 1 : 0;
-        if (depth > PriceFormula::maximumDepth) {
-            const QString most = QString::number(PriceFormula::maximumDepth);
+        if (depth > PriceFormula::MaximumDepth) {
+            const QString most = QString::number(PriceFormula::MaximumDepth);
             return FormulaLexer::errorAt(token.position, { Error::FormulaTooDeep, { most } });
         }
     }
@@ -140,8 +140,8 @@ Result<QVector<Token>> read(const QString& formula, const QStringList& names)
 {
     if (formula.trimmed().isEmpty())
         return Status(Error::FormulaEmpty);
-    if (formula.size() > PriceFormula::maximumLength)
-        return Status(Error::FormulaTooLong, { QString::number(PriceFormula::maximumLength) });
+    if (formula.size() > PriceFormula::MaximumLength)
+        return Status(Error::FormulaTooLong, { QString::number(PriceFormula::MaximumLength) });
     Result<QVector<Token>> tokens = FormulaLexer::tokens(formula, names);
     if (!tokens)
         return tokens;

@@ -10,9 +10,9 @@
 /// that a formula may use.
 namespace PriceFormula {
 
-constexpr int maximumLength = 300;
+constexpr int MaximumLength = 300;
 /// Deepest nesting of parentheses, including those of functions.
-constexpr int maximumDepth = 20;
+constexpr int MaximumDepth = 20;
 
 /// Checks whether the formula can be evaluated, regardless of the prices.
 Status check(const QString& formula, const QStringList& names);

@@ -31,8 +31,8 @@ std::optional<qint64> TickPrice::fromYuan(double yuan, int pricePrecision)
     if (!std::isfinite(ticks) || std::abs(ticks) > LargestTicks)
         return std::nullopt;
     // 1.265 is stored a little below its value and must still be rounded up.
-    constexpr double tolerance = 1e-6;
-    return static_cast<qint64>(std::floor(ticks + 0.5 + tolerance));
+    constexpr double Tolerance = 1e-6;
+    return static_cast<qint64>(std::floor(ticks + 0.5 + Tolerance));
 }
 
 double TickPrice::toYuan(qint64 ticks, int pricePrecision)

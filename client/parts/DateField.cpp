@@ -125,9 +125,9 @@ void DateField::step(int days)
 {
     if (!m_date.isValid() || !applyTyped())
         return;
-    constexpr int farthest = 60;
+    constexpr int Farthest = 60;
     QDate date = m_date;
-    for (int i = 0; i < farthest; ++i) {
+    for (int i = 0; i < Farthest; ++i) {
         date = date.addDays(days);
         if (m_check(date)) {
             take(date);

@@ -21,8 +21,8 @@ constexpr int EdgeHeight = 4;
 /// Estimated width of a text in halves of a Chinese character; measuring it would need a layout.
 int roughWidth(const QString& text)
 {
-    constexpr ushort firstWide = 0x1100;
-    const auto wide = std::count_if(text.cbegin(), text.cend(), [](QChar c) { return c.unicode() >= firstWide; });
+    constexpr ushort FirstWide = 0x1100;
+    const auto wide = std::count_if(text.cbegin(), text.cend(), [](QChar c) { return c.unicode() >= FirstWide; });
     return text.size() + static_cast<int>(wide);
 }
 
@@ -47,11 +47,11 @@ public:
         const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, row.widget) + 1;
         const QRect place = row.rect.adjusted(margin, 0, -margin, 0);
         if (!drawText(painter, row, text, place, place.width()))
-            drawText(painter, row, row.fontMetrics.elidedText(text, row.textElideMode, place.width()), place, anyWidth);
+            drawText(painter, row, row.fontMetrics.elidedText(text, row.textElideMode, place.width()), place, AnyWidth);
     }
 
 private:
-    static constexpr int anyWidth = QWIDGETSIZE_MAX;
+    static constexpr int AnyWidth = QWIDGETSIZE_MAX;
 
     /// Draws nothing and returns false if the text is wider than `mostWidth`.
     static bool drawText(
@@ -105,7 +105,7 @@ void SuggestionPopup::offer(const QStringList& rows, int marked)
         hide();
         return;
     }
-    m_rows.setStringList(rows.mid(0, mostRows));
+    m_rows.setStringList(rows.mid(0, MostRows));
     setCurrentIndex(m_rows.index(marked));
     ensurePolished();
     resize(sizeFor(m_rows.stringList()));

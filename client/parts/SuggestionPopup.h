@@ -15,11 +15,11 @@ class SuggestionPopup : public QListView {
 
 public:
     /// Maximum number of rows.
-    static constexpr int mostRows = 50;
+    static constexpr int MostRows = 50;
 
     explicit SuggestionPopup(QLineEdit* edit);
 
-    /// Opens the list with at most `mostRows` rows and marks the row `marked` (-1 for none). An empty list closes it.
+    /// Opens the list with at most `MostRows` rows and marks the row `marked` (-1 for none). An empty list closes it.
     void offer(const QStringList& rows, int marked);
     /// Prepares what would slow down the first opening: the window, its style, the glyphs of its font. `letters` are
     /// further characters of rows, by their codes.

@@ -17,11 +17,11 @@ using Record = QMap<QString, QVariant>;
 QHash<QString, double> namedPrices(const Security& security, const QVector<qint64>& closes)
 {
     const int precision = security.pricePrecision;
-    QHash<QString, double> prices{ { PriceItem::previousClose, TickPrice::toYuan(closes.constLast(), precision) } };
+    QHash<QString, double> prices{ { PriceItem::PreviousClose, TickPrice::toYuan(closes.constLast(), precision) } };
     if (security.hasPriceLimit()) {
         const TickPrice::Limits limits = TickPrice::limits(closes.constLast(), security.limitPerMille);
-        prices.insert(PriceItem::upperLimit, TickPrice::toYuan(limits.up, precision));
-        prices.insert(PriceItem::lowerLimit, TickPrice::toYuan(limits.down, precision));
+        prices.insert(PriceItem::UpperLimit, TickPrice::toYuan(limits.up, precision));
+        prices.insert(PriceItem::LowerLimit, TickPrice::toYuan(limits.down, precision));
     }
     for (const QString& name : MovingAverages::names()) {
         const auto average = MovingAverages::value(name, closes, precision);
@@ -65,7 +65,7 @@ Result<DayPrice> limited(double yuan, qint64 reference, const Security& security
 const QStringList& priceNames()
 {
     static const QStringList names =
-        QStringList{ PriceItem::previousClose, PriceItem::upperLimit, PriceItem::lowerLimit } + MovingAverages::names();
+        QStringList{ PriceItem::PreviousClose, PriceItem::UpperLimit, PriceItem::LowerLimit } + MovingAverages::names();
     return names;
 }
 

@@ -12,9 +12,9 @@
 
 /// The price names of formulas besides the moving averages of `MovingAverages::names`.
 namespace PriceItem {
-inline const QString previousClose = QStringLiteral("昨收价");
-inline const QString upperLimit = QStringLiteral("涨停价");
-inline const QString lowerLimit = QStringLiteral("跌停价");
+inline const QString PreviousClose = QStringLiteral("昨收价");
+inline const QString UpperLimit = QStringLiteral("涨停价");
+inline const QString LowerLimit = QStringLiteral("跌停价");
 } // namespace PriceItem
 
 /// Every name that a plan's price formula may use.

@@ -241,8 +241,8 @@ Status endIsTradeDay(const CheckedPlan& plan)
 
 Status remarkIsShort(const CheckedPlan& plan)
 {
-    if (plan.text(BaseField::remark).size() > PlanCheck::longestRemark)
-        return { Error::RemarkTooLong, { QString::number(PlanCheck::longestRemark) } };
+    if (plan.text(BaseField::remark).size() > PlanCheck::LongestRemark)
+        return { Error::RemarkTooLong, { QString::number(PlanCheck::LongestRemark) } };
     return {};
 }
 

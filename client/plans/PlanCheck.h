@@ -14,7 +14,7 @@ namespace PlanCheck {
 using Record = QMap<QString, QVariant>;
 
 /// Longest remark in characters.
-constexpr int longestRemark = 200;
+constexpr int LongestRemark = 200;
 
 /// The client's data for the checks of a record.
 struct Known {

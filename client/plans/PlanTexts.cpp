@@ -18,7 +18,7 @@ bool matches(const QString& text, const QString& pattern)
 
 std::optional<QMap<QString, QVariant>> PlanTexts::otherParam(const QString& text)
 {
-    if (text.size() > longestOtherParam)
+    if (text.size() > LongestOtherParam)
         return std::nullopt;
     const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8());
     if (!document.isObject())

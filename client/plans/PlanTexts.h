@@ -11,9 +11,9 @@
 namespace PlanTexts {
 
 /// Largest length of an other-parameter text, in characters.
-constexpr int longestOtherParam = 256 * 1024;
+constexpr int LongestOtherParam = 256 * 1024;
 
-/// The other-parameter map of a text; absent if the text is not a JSON object or is longer than `longestOtherParam`.
+/// The other-parameter map of a text; absent if the text is not a JSON object or is longer than `LongestOtherParam`.
 std::optional<QMap<QString, QVariant>> otherParam(const QString& text);
 
 /// A whole number of at most 15 digits, zero included; absent for a sign, a decimal point or an exponent.

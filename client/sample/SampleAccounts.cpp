@@ -51,7 +51,7 @@ const QStringList Reviewers{ QStringLiteral("顾湫"), QStringLiteral("程澜"),
 // A table with a row for each account. NOLINTNEXTLINE(readability-function-size)
 QVector<SampleUser> accountOwners()
 {
-    const QString& ordinary = AccountAsset::ordinary;
+    const QString& ordinary = AccountAsset::Ordinary;
     const QString& credit = Orlo_Values::FundAccountType::Credit;
     const QStringList mainland{ Exchange::sh, Exchange::sz, Exchange::bj };
     const QStringList all = mainland + QStringList{ Exchange::HkStockCirculation };
@@ -195,7 +195,7 @@ private:
                 sample, Exchange::sh, SubType::ConvertableBondTypeList.constFirst(), Kelvo_Values::SymbolPost::sh, 10);
         if (status)
             status =
-                writeHoldings(sample, Exchange::HkStockCirculation, SubType::HStcokCirculation, SymbolSuffix::hk, 1);
+                writeHoldings(sample, Exchange::HkStockCirculation, SubType::HStcokCirculation, SymbolSuffix::Hk, 1);
         return status;
     }
 

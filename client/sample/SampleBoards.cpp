@@ -29,7 +29,7 @@ const QString& suffixOf(const QString& exchange)
         return Kelvo_Values::SymbolPost::sh;
     if (exchange == Exchange::sz)
         return Kelvo_Values::SymbolPost::sz;
-    return exchange == Exchange::bj ? SymbolSuffix::bj : SymbolSuffix::hk;
+    return exchange == Exchange::bj ? SymbolSuffix::Bj : SymbolSuffix::Hk;
 }
 
 SampleBoard shares(const QString& exchange, const CodeRange& range, int count, int limitPerMille, int step = 100)
@@ -163,7 +163,7 @@ QVector<SampleBoard> bondBoards()
 
 QVector<SampleBoard> hongKongBoards()
 {
-    return { { SampleKind::HongKong, StockType, Exchange::HkStockCirculation, SymbolSuffix::hk,
+    return { { SampleKind::HongKong, StockType, Exchange::HkStockCirculation, SymbolSuffix::Hk,
         { { 1, 3999, SubType::HStcokCirculation }, { 6001, 999, SubType::HStcokCirculation },
             { 9601, 399, SubType::HStcokCirculation } },
         500, 0, 3, 1, 0 } };

@@ -139,7 +139,7 @@ int historyLength(const SampleBoard& board, SampleRandom& random)
 void applySpecialTreatment(Security& security, int nameIndex, SampleRandom& random)
 {
     const bool delisting = random.chance(40);
-    security.stFlag = delisting ? SpecialTreatment::starSt : SpecialTreatment::st;
+    security.stFlag = delisting ? SpecialTreatment::StarSt : SpecialTreatment::St;
     security.name = SampleNames::specialTreatmentName(security.stFlag, nameIndex);
     security.limitPerMille = 50;
     const QString warning = delisting ? QStringLiteral("退市风险警示") : QStringLiteral("其他风险警示");

@@ -5,11 +5,11 @@
 namespace {
 
 // 64 each, so that an odd multiplier visits every pair before one repeats.
-const QString firstSyllables = QStringLiteral("岚砚霁澜珩翊湫棠筠黛霏珞瑄淞璟岫"
+const QString FirstSyllables = QStringLiteral("岚砚霁澜珩翊湫棠筠黛霏珞瑄淞璟岫"
                                               "樾沅琮昀芷墨羽溯嵩皓衡朔漪锦毓煦"
                                               "崧澍骁珺栩晟琅渝苡蔚晗泓稷岱曜芃"
                                               "钧淳榆笙邈汀阡骐颐梓湛祺桐澈钰野");
-const QString secondSyllables = QStringLiteral("川陌野原峤溪汀洲岑屿壑渡津浦陵岩"
+const QString SecondSyllables = QStringLiteral("川陌野原峤溪汀洲岑屿壑渡津浦陵岩"
                                                "谷潭涧泽堰畔峪岬湾坞矶澳垣墅阁轩"
                                                "廊桥亭苑圃庭砂砾玑璧珀琥瓯瓴舟帆"
                                                "桅舷棹楫帷幄韵律歌谣笺帛缕绮纹彩");
@@ -39,7 +39,7 @@ int pairOf(int index)
 
 QString pairText(int pair)
 {
-    return QString(firstSyllables.at(pair / 64)) + secondSyllables.at(pair % 64);
+    return QString(FirstSyllables.at(pair / 64)) + SecondSyllables.at(pair % 64);
 }
 
 QString stem(int index)

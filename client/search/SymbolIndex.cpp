@@ -6,7 +6,7 @@
 namespace {
 
 /// Ends every name; sorts before every character that can be typed.
-constexpr QChar nameEnd;
+constexpr QChar NameEnd;
 /// Number of characters in a suffix's head, and the bits of each.
 constexpr int HeadLength = 4;
 constexpr int CharacterBits = 16;
@@ -87,7 +87,7 @@ void SymbolIndex::readNames()
     for (const QString& symbol : m_run) {
         keepGoing();
         m_starts.append(m_names.size());
-        m_names += searchForm(m_nameOf(symbol)) + nameEnd;
+        m_names += searchForm(m_nameOf(symbol)) + NameEnd;
     }
     m_names.squeeze();
     noteLetters();
@@ -97,7 +97,7 @@ void SymbolIndex::noteLetters()
 {
     m_letters.resize(CharacterCodes);
     for (const QChar character : qAsConst(m_names)) {
-        if (character != nameEnd && !character.isSurrogate())
+        if (character != NameEnd && !character.isSurrogate())
             m_letters.setBit(character.unicode());
     }
 }
@@ -110,7 +110,7 @@ QVector<SymbolIndex::Suffix> SymbolIndex::suffixes() const
     for (int position = m_names.size() - 1; position >= 0; --position) {
         keepGoing();
         const quint64 character = m_names.at(position).unicode();
-        const bool isEnd = character == nameEnd.unicode();
+        const bool isEnd = character == NameEnd.unicode();
         head = isEnd ? 0 : (character << (HeadLength - 1) * CharacterBits) | (head >> CharacterBits);
         if (!isEnd)
             all.append({ head, position });
@@ -134,13 +134,13 @@ bool SymbolIndex::isEarlier(const Suffix& a, const Suffix& b) const
         return a.head < b.head;
     const QChar* names = m_names.constData();
     // If the heads are equal, either both names end in them or neither does.
-    bool ended = (a.head & (CharacterCodes - 1)) == nameEnd.unicode();
+    bool ended = (a.head & (CharacterCodes - 1)) == NameEnd.unicode();
     for (int i = HeadLength; !ended; ++i) {
         const QChar inA = names[a.position + i];
         const QChar inB = names[b.position + i];
         if (inA != inB)
             return inA < inB;
-        ended = inA == nameEnd;
+        ended = inA == NameEnd;
     }
     return a.position < b.position;
 }
@@ -150,7 +150,7 @@ int SymbolIndex::compareStart(int position, const QString& part) const
 {
     for (const QChar wanted : part) {
         const QChar present = m_names.at(position++);
-        if (present == nameEnd || present < wanted)
+        if (present == NameEnd || present < wanted)
             return -1;
         if (present > wanted)
             return 1;

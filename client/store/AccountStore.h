@@ -7,7 +7,7 @@
 
 /// Asset property of accounts that are not credit accounts.
 namespace AccountAsset {
-inline const QString ordinary = QStringLiteral("ordinary");
+inline const QString Ordinary = QStringLiteral("ordinary");
 } // namespace AccountAsset
 
 struct StoredAccount {
@@ -16,7 +16,7 @@ struct StoredAccount {
     /// As displayed.
     QString name;
     QString clientNo;
-    /// `AccountAsset::ordinary` or `Orlo_Values::FundAccountType::Credit`.
+    /// `AccountAsset::Ordinary` or `Orlo_Values::FundAccountType::Credit`.
     QString assetProperty;
     /// The branch at which the account is kept.
     QString branchNo;

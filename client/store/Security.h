@@ -5,16 +5,16 @@
 
 /// Suffixes of symbols besides those of `Kelvo_Values::SymbolPost`.
 namespace SymbolSuffix {
-inline const QString bj = QStringLiteral(".BJ");
-inline const QString hk = QStringLiteral(".HK");
+inline const QString Bj = QStringLiteral(".BJ");
+inline const QString Hk = QStringLiteral(".HK");
 } // namespace SymbolSuffix
 
 /// Special-treatment flags besides `Orlo_Values::StFlag::Normal`.
 namespace SpecialTreatment {
 /// Other risk warning; the name begins with "ST".
-inline const QString st = QStringLiteral("ST");
+inline const QString St = QStringLiteral("ST");
 /// Delisting risk warning; the name begins with "*ST".
-inline const QString starSt = QStringLiteral("*ST");
+inline const QString StarSt = QStringLiteral("*ST");
 } // namespace SpecialTreatment
 
 /// One security of the market.

@@ -8,8 +8,8 @@
 
 namespace {
 
-const QString STORED_TIME = QStringLiteral("HH:mm:ss");
-constexpr int PERCENT_PLACES = 2;
+const QString StoredTime = QStringLiteral("HH:mm:ss");
+constexpr int PercentPlaces = 2;
 
 int decimals(const QString& number)
 {
@@ -19,7 +19,7 @@ int decimals(const QString& number)
 
 bool isTime(const QString& text)
 {
-    return text.size() == STORED_TIME.size() && QLocale::c().toTime(text, STORED_TIME).isValid();
+    return text.size() == StoredTime.size() && QLocale::c().toTime(text, StoredTime).isValid();
 }
 
 QString enteredTime(const QString& text)
@@ -28,7 +28,7 @@ QString enteredTime(const QString& text)
     for (const QString& form : forms) {
         const QTime time = QLocale::c().toTime(text, form);
         if (time.isValid())
-            return QLocale::c().toString(time, STORED_TIME);
+            return QLocale::c().toString(time, StoredTime);
     }
     return text;
 }
@@ -76,7 +76,7 @@ Status checkNumber(const StrategyParameter& parameter, const QString& value)
     if (parameter.precision < 0 || found <= parameter.precision)
         return checkRange(parameter, value);
     const int shownPlaces =
-        parameter.type == ParameterType::Percentage ? parameter.precision - PERCENT_PLACES : parameter.precision;
+        parameter.type == ParameterType::Percentage ? parameter.precision - PercentPlaces : parameter.precision;
     return { Error::ValueTooFine, { QString::number(std::max(shownPlaces, 0)) } };
 }
 
@@ -176,7 +176,7 @@ QString ParameterValue::shiftPoint(const QString& text, int places)
 QString ParameterValue::shown(const StrategyParameter& parameter, const QString& value)
 {
     if (parameter.type == ParameterType::Percentage && isDecimal(value))
-        return shiftPoint(value, PERCENT_PLACES);
+        return shiftPoint(value, PercentPlaces);
     return value;
 }
 
@@ -187,7 +187,7 @@ QString ParameterValue::entered(const StrategyParameter& parameter, const QStrin
         return enteredTime(value);
     if (!isNumber(parameter.type) || !isDecimal(value))
         return value;
-    return shiftPoint(value, parameter.type == ParameterType::Percentage ? -PERCENT_PLACES : 0);
+    return shiftPoint(value, parameter.type == ParameterType::Percentage ? -PercentPlaces : 0);
 }
 
 Status ParameterValue::check(const StrategyParameter& parameter, const QString& value)

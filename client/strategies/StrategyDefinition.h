@@ -85,9 +85,9 @@ struct StrategyDefinition {
 /// Limits of a strategy file.
 namespace StrategyLimits {
 /// Most strategies in a file; parameters, controls and rules of a strategy; values of a parameter.
-constexpr int MAX_COUNT = 100;
+constexpr int MaxCount = 100;
 /// Deepest nesting of panels.
-constexpr int MAX_PANEL_DEPTH = 8;
+constexpr int MaxPanelDepth = 8;
 /// Longest text of an attribute or a description.
-constexpr int MAX_TEXT = 1000;
+constexpr int MaxText = 1000;
 } // namespace StrategyLimits

@@ -28,8 +28,8 @@ Result<QList<StrategyDefinition>> StrategyFile::read(const QString& path)
 
 Result<QList<StrategyDefinition>> StrategyFile::read(QIODevice& device, const QString& name)
 {
-    const QByteArray bytes = device.read(MAX_SIZE + 1);
-    if (bytes.size() > MAX_SIZE)
-        return unreadable(name, { Error::FileTooLarge, { QString::number(MAX_SIZE) } });
+    const QByteArray bytes = device.read(MaxSize + 1);
+    if (bytes.size() > MaxSize)
+        return unreadable(name, { Error::FileTooLarge, { QString::number(MaxSize) } });
     return StrategyReader(bytes, name).read();
 }

@@ -11,7 +11,7 @@
 namespace StrategyFile {
 
 /// Largest size of a file in bytes.
-constexpr qint64 MAX_SIZE = 1048576;
+constexpr qint64 MaxSize = 1048576;
 
 /// Reads a file; the path may be that of a resource.
 Result<QList<StrategyDefinition>> read(const QString& path);

@@ -49,8 +49,8 @@ void StrategyReader::readLayout(StrategyDefinition& strategy)
 
 void StrategyReader::readPanel(StrategyDefinition& strategy, const QString& section, int depth)
 {
-    if (depth > StrategyLimits::MAX_PANEL_DEPTH)
-        return fail({ Error::PanelsTooDeep, { QString::number(StrategyLimits::MAX_PANEL_DEPTH) } });
+    if (depth > StrategyLimits::MaxPanelDepth)
+        return fail({ Error::PanelsTooDeep, { QString::number(StrategyLimits::MaxPanelDepth) } });
     const QXmlStreamAttributes found =
         attributes({ QStringLiteral("title"), QStringLiteral("orientation"), QStringLiteral("collapsible") });
     requireValue(found, QStringLiteral("orientation"), QStringLiteral("VERTICAL"));
@@ -97,7 +97,7 @@ void StrategyReader::readControl(StrategyDefinition& strategy, const QString& se
 
 void StrategyReader::readControlKind(StrategyControl& control, const QXmlStreamAttributes& attributes)
 {
-    const QString type = typeName(attributes, LAYOUT);
+    const QString type = typeName(attributes, Layout);
     if (!controlTypes().contains(type))
         return fail({ Error::UnsupportedControlType, { type } });
     control.type = controlTypes().value(type);

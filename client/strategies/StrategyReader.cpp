@@ -8,8 +8,8 @@ using namespace StrategyVocabulary;
 
 namespace {
 
-constexpr int MAX_TAG = 99999999;
-constexpr int MAX_PRECISION = 10;
+constexpr int MaxTag = 99999999;
+constexpr int MaxPrecision = 10;
 
 const QMap<QString, ParameterType>& parameterTypes()
 {
@@ -106,8 +106,8 @@ void StrategyReader::readStrategies()
     static const QStringList known{ QStringLiteral("strategyIdentifierTag"), QStringLiteral("versionIdentifierTag"),
         QStringLiteral("tag957Support"), QStringLiteral("xsi:schemaLocation") };
     const QXmlStreamAttributes found = attributes(known);
-    number(found, known.at(0), 1, MAX_TAG, 0);
-    number(found, known.at(1), 1, MAX_TAG, 0);
+    number(found, known.at(0), 1, MaxTag, 0);
+    number(found, known.at(1), 1, MaxTag, 0);
     flag(found, known.at(2), false);
 
     QString description;
@@ -180,8 +180,8 @@ void StrategyReader::readDescription(QString& description)
             description += m_xml.text();
         else
             refuseOther();
-        if (description.size() > StrategyLimits::MAX_TEXT)
-            return fail({ Error::DescriptionTooLong, { QString::number(StrategyLimits::MAX_TEXT) } });
+        if (description.size() > StrategyLimits::MaxText)
+            return fail({ Error::DescriptionTooLong, { QString::number(StrategyLimits::MaxText) } });
     }
     description = description.simplified();
 }
@@ -201,7 +201,7 @@ void StrategyReader::readParameter(StrategyDefinition& strategy)
     parameter.line = m_xml.lineNumber();
     parameter.name = identifier(found, QStringLiteral("name"));
     readParameterKind(parameter, found);
-    parameter.fixTag = number(found, QStringLiteral("fixTag"), 1, MAX_TAG, 0);
+    parameter.fixTag = number(found, QStringLiteral("fixTag"), 1, MaxTag, 0);
     parameter.minValue = found.value(QLatin1String("minValue")).toString();
     parameter.maxValue = found.value(QLatin1String("maxValue")).toString();
     parameter.constValue = found.value(QLatin1String("constValue")).toString();
@@ -214,7 +214,7 @@ void StrategyReader::readParameter(StrategyDefinition& strategy)
 
 void StrategyReader::readParameterKind(StrategyParameter& parameter, const QXmlStreamAttributes& attributes)
 {
-    const QString type = typeName(attributes, CORE);
+    const QString type = typeName(attributes, Core);
     if (type == QLatin1String("UTCTimestamp_t"))
         return fail(Error::TimeWithDate);
     if (!parameterTypes().contains(type))
@@ -236,9 +236,9 @@ void StrategyReader::readParameterKind(StrategyParameter& parameter, const QXmlS
 
 void StrategyReader::readParameterText(StrategyParameter& parameter, const QXmlStreamAttributes& attributes)
 {
-    parameter.precision = number(attributes, QStringLiteral("precision"), 0, MAX_PRECISION, parameter.precision);
+    parameter.precision = number(attributes, QStringLiteral("precision"), 0, MaxPrecision, parameter.precision);
     parameter.maxLength =
-        number(attributes, QStringLiteral("maxLength"), 1, StrategyLimits::MAX_TEXT, parameter.maxLength);
+        number(attributes, QStringLiteral("maxLength"), 1, StrategyLimits::MaxText, parameter.maxLength);
     const QString yes = attributes.value(QLatin1String("trueWireValue")).toString();
     const QString no = attributes.value(QLatin1String("falseWireValue")).toString();
     parameter.trueValue = yes.isEmpty() ? parameter.trueValue : yes;

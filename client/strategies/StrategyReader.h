@@ -11,9 +11,9 @@
 
 /// The XML namespaces of parameters, controls and rules.
 namespace StrategyVocabulary {
-inline const QString CORE = QStringLiteral("http://www.fixprotocol.org/FIXatdl-1-1/Core");
-inline const QString LAYOUT = QStringLiteral("http://www.fixprotocol.org/FIXatdl-1-1/Layout");
-inline const QString VALIDATION = QStringLiteral("http://www.fixprotocol.org/FIXatdl-1-1/Validation");
+inline const QString Core = QStringLiteral("http://www.fixprotocol.org/FIXatdl-1-1/Core");
+inline const QString Layout = QStringLiteral("http://www.fixprotocol.org/FIXatdl-1-1/Layout");
+inline const QString Validation = QStringLiteral("http://www.fixprotocol.org/FIXatdl-1-1/Validation");
 } // namespace StrategyVocabulary
 
 /// Reads one strategy file from beginning to end. Every read operation is called on the start tag of its element and
@@ -68,9 +68,9 @@ private:
     /// Returns false and fails with `error` if the list is full.
     template <typename List> bool hasRoom(const List& list, Error error)
     {
-        if (list.size() < StrategyLimits::MAX_COUNT)
+        if (list.size() < StrategyLimits::MaxCount)
             return true;
-        fail({ error, { QString::number(StrategyLimits::MAX_COUNT) } });
+        fail({ error, { QString::number(StrategyLimits::MaxCount) } });
         return false;
     }
 

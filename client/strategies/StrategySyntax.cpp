@@ -9,17 +9,17 @@ using namespace StrategyVocabulary;
 
 namespace {
 
-const QString INSTANCE = QStringLiteral("http://www.w3.org/2001/XMLSchema-instance");
+const QString Instance = QStringLiteral("http://www.w3.org/2001/XMLSchema-instance");
 
 } // namespace
 
 QString StrategyReader::elementKey() const
 {
-    if (m_xml.namespaceUri() == CORE)
+    if (m_xml.namespaceUri() == Core)
         return m_xml.name().toString();
-    if (m_xml.namespaceUri() == LAYOUT)
+    if (m_xml.namespaceUri() == Layout)
         return QStringLiteral("lay:") + m_xml.name().toString();
-    if (m_xml.namespaceUri() == VALIDATION)
+    if (m_xml.namespaceUri() == Validation)
         return QStringLiteral("val:") + m_xml.name().toString();
     return {};
 }
@@ -62,13 +62,13 @@ QXmlStreamAttributes StrategyReader::attributes(const QStringList& known, const 
     for (const QXmlStreamAttribute& attribute : found) {
         if (!isKnown(attribute, known))
             fail({ Error::UnsupportedAttribute, { m_xml.name().toString(), attribute.qualifiedName().toString() } });
-        else if (attribute.value().size() > StrategyLimits::MAX_TEXT)
-            fail({ Error::AttributeTooLong,
-                { attribute.name().toString(), QString::number(StrategyLimits::MAX_TEXT) } });
+        else if (attribute.value().size() > StrategyLimits::MaxText)
+            fail(
+                { Error::AttributeTooLong, { attribute.name().toString(), QString::number(StrategyLimits::MaxText) } });
     }
     for (const QString& name : needed) {
         const QString value = name == QLatin1String("xsi:type")
-            ? found.value(INSTANCE, QStringLiteral("type")).toString()
+            ? found.value(Instance, QStringLiteral("type")).toString()
             : found.value(name).toString();
         if (value.isEmpty())
             fail({ Error::MissingAttribute, { m_xml.name().toString(), name } });
@@ -89,12 +89,12 @@ bool StrategyReader::isKnown(const QXmlStreamAttribute& attribute, const QString
 {
     if (attribute.namespaceUri().isEmpty())
         return known.contains(attribute.name().toString());
-    return attribute.namespaceUri() == INSTANCE && known.contains(QStringLiteral("xsi:") + attribute.name().toString());
+    return attribute.namespaceUri() == Instance && known.contains(QStringLiteral("xsi:") + attribute.name().toString());
 }
 
 QString StrategyReader::typeName(const QXmlStreamAttributes& attributes, const QString& vocabulary)
 {
-    const QString type = attributes.value(INSTANCE, QStringLiteral("type")).toString();
+    const QString type = attributes.value(Instance, QStringLiteral("type")).toString();
     const int colon = type.indexOf(QLatin1Char(':'));
     const QString prefix = type.left(std::max(colon, 0));
     if (m_prefixes.value(prefix) != vocabulary)

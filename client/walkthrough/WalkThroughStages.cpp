@@ -24,7 +24,7 @@ namespace {
 const QString Tip = QStringLiteral("msgBoxTip");
 const QString Warning = QStringLiteral("msgBoxWarning");
 const QString Question = QStringLiteral("msgBoxQuestion");
-const char* const created = "交易自动规划创建成功!";
+const char* const Created = "交易自动规划创建成功!";
 
 QString dateText(const QDate& date)
 {
@@ -203,7 +203,7 @@ void WalkThrough::copyOrdinary()
     if (dates.begin != m_ordinaryDates.begin || dates.end != m_ordinaryDates.end)
         problem(QStringLiteral("复制未开始的计划时，生效时段没有带出"));
     collect(driver.takeProblems());
-    send({ { Tip, editorText(created), true } });
+    send({ { Tip, editorText(Created), true } });
     checkStored(newestPlan(), form, dates);
 }
 
@@ -231,7 +231,7 @@ void WalkThrough::answerQuestion()
     send({ { Question, text, false } });
     if (newestPlan() != before || !m_dialog.isVisible())
         problem(QStringLiteral("拒绝询问后，计划仍被提交"));
-    send({ { Question, text, true }, { Tip, editorText(created), true } });
+    send({ { Question, text, true }, { Tip, editorText(Created), true } });
     checkStored(newestPlan(), form, dates);
 }
 
@@ -264,7 +264,7 @@ void WalkThrough::createPlan(const PlanForm& form)
     const ShownDates dates = driver.dates();
     if (m_stage == QLatin1String("ordinary"))
         m_ordinaryDates = dates;
-    send({ { Tip, editorText(created), true } });
+    send({ { Tip, editorText(Created), true } });
     checkStored(newestPlan(), form, dates);
     picture(&m_window, QStringLiteral("window"));
 }

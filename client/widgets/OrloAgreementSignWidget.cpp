@@ -33,61 +33,61 @@ private:
     void sign();
 
     OrloAgreementSignWidget* q;
-    QLabel* title;
-    QPlainTextEdit* text;
-    QLabel* clientsCaption;
-    QListWidget* clients;
-    OrloPushButton* signButton;
-    QTimer timer;
-    QString protocol;
-    int remaining = 0;
-    bool selectable = false;
+    QLabel* m_title;
+    QPlainTextEdit* m_text;
+    QLabel* m_clientsCaption;
+    QListWidget* m_clients;
+    OrloPushButton* m_signButton;
+    QTimer m_timer;
+    QString m_protocol;
+    int m_remaining = 0;
+    bool m_selectable = false;
 };
 
 OrloAgreementSignWidget::Private::Private(OrloAgreementSignWidget* dialog, bool withText, bool withAccounts)
     : q(dialog)
-    , title(new QLabel(q))
-    , text(new QPlainTextEdit(q))
-    , clientsCaption(new QLabel(tr("签署客户"), q))
-    , clients(new QListWidget(q))
-    , signButton(new OrloPushButton(q))
+    , m_title(new QLabel(q))
+    , m_text(new QPlainTextEdit(q))
+    , m_clientsCaption(new QLabel(tr("签署客户"), q))
+    , m_clients(new QListWidget(q))
+    , m_signButton(new OrloPushButton(q))
 {
     build(withText, withAccounts);
-    timer.setInterval(1000);
-    connect(&timer, &QTimer::timeout, this, &Private::tick);
+    m_timer.setInterval(1000);
+    connect(&m_timer, &QTimer::timeout, this, &Private::tick);
     q->installEventFilter(this);
     updateButton();
 }
 
 void OrloAgreementSignWidget::Private::build(bool withText, bool withAccounts)
 {
-    title->setObjectName(QStringLiteral("agreementTitle"));
-    title->setTextFormat(Qt::PlainText);
-    title->setWordWrap(true);
-    title->setAlignment(Qt::AlignCenter);
-    text->setObjectName(QStringLiteral("agreementText"));
-    text->setReadOnly(true);
-    text->setTabChangesFocus(true);
-    text->setVisible(withText);
-    clients->setObjectName(QStringLiteral("clientList"));
-    clients->setMaximumHeight(clients->fontMetrics().height() * 7);
-    clients->setVisible(withAccounts);
-    clientsCaption->setBuddy(clients);
-    clientsCaption->setVisible(withAccounts);
+    m_title->setObjectName(QStringLiteral("agreementTitle"));
+    m_title->setTextFormat(Qt::PlainText);
+    m_title->setWordWrap(true);
+    m_title->setAlignment(Qt::AlignCenter);
+    m_text->setObjectName(QStringLiteral("agreementText"));
+    m_text->setReadOnly(true);
+    m_text->setTabChangesFocus(true);
+    m_text->setVisible(withText);
+    m_clients->setObjectName(QStringLiteral("clientList"));
+    m_clients->setMaximumHeight(m_clients->fontMetrics().height() * 7);
+    m_clients->setVisible(withAccounts);
+    m_clientsCaption->setBuddy(m_clients);
+    m_clientsCaption->setVisible(withAccounts);
     auto* rows = new QVBoxLayout(q);
-    rows->addWidget(title);
-    rows->addWidget(text, 1);
-    rows->addWidget(clientsCaption);
-    rows->addWidget(clients);
+    rows->addWidget(m_title);
+    rows->addWidget(m_text, 1);
+    rows->addWidget(m_clientsCaption);
+    rows->addWidget(m_clients);
     rows->addLayout(newButtons());
 }
 
 QLayout* OrloAgreementSignWidget::Private::newButtons()
 {
-    signButton->setObjectName(QStringLiteral("btnSign"));
-    signButton->setStyleType(OrloPushButton::BtnStyleType::Highlight);
-    signButton->setAutoDefault(false);
-    connect(signButton, &QPushButton::clicked, this, &Private::sign);
+    m_signButton->setObjectName(QStringLiteral("btnSign"));
+    m_signButton->setStyleType(OrloPushButton::BtnStyleType::Highlight);
+    m_signButton->setAutoDefault(false);
+    connect(m_signButton, &QPushButton::clicked, this, &Private::sign);
     auto* cancel = new OrloPushButton(q);
     cancel->setObjectName(QStringLiteral("btnCancel"));
     cancel->setText(tr("取消"));
@@ -95,46 +95,46 @@ QLayout* OrloAgreementSignWidget::Private::newButtons()
     connect(cancel, &QPushButton::clicked, q, &QDialog::reject);
     auto* row = new QHBoxLayout;
     row->addStretch();
-    row->addWidget(signButton);
+    row->addWidget(m_signButton);
     row->addWidget(cancel);
     return row;
 }
 
 void OrloAgreementSignWidget::Private::setAgreement(const QString& protocolId)
 {
-    protocol = protocolId;
+    m_protocol = protocolId;
     const QString name = agreementTitle(protocolId);
     q->setWindowTitle(name.isEmpty() ? tr("签署协议") : name);
-    title->setText(name);
-    text->setAccessibleName(q->windowTitle());
-    text->setPlainText(agreementText(protocolId));
+    m_title->setText(name);
+    m_text->setAccessibleName(q->windowTitle());
+    m_text->setPlainText(agreementText(protocolId));
 }
 
 void OrloAgreementSignWidget::Private::setCountDown(int seconds)
 {
-    remaining = qMax(0, seconds);
+    m_remaining = qMax(0, seconds);
     updateButton();
 }
 
 void OrloAgreementSignWidget::Private::setClients(const QStringList& clientNumbers)
 {
-    clients->clear();
+    m_clients->clear();
     for (const QString& number : clientNumbers)
-        showItem(new QListWidgetItem(number, clients));
+        showItem(new QListWidgetItem(number, m_clients));
     updateButton();
 }
 
 void OrloAgreementSignWidget::Private::setSelectable(bool isSelectable)
 {
-    selectable = isSelectable;
-    for (int row = 0; row < clients->count(); ++row)
-        showItem(clients->item(row));
+    m_selectable = isSelectable;
+    for (int row = 0; row < m_clients->count(); ++row)
+        showItem(m_clients->item(row));
 }
 
 /// Every client is initially checked; without a choice there is no check box.
 void OrloAgreementSignWidget::Private::showItem(QListWidgetItem* item) const
 {
-    if (selectable) {
+    if (m_selectable) {
         item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
         item->setCheckState(Qt::Checked);
     } else {
@@ -146,9 +146,9 @@ void OrloAgreementSignWidget::Private::showItem(QListWidgetItem* item) const
 QStringList OrloAgreementSignWidget::Private::signingClients() const
 {
     QStringList numbers;
-    for (int row = 0; row < clients->count(); ++row) {
-        const QListWidgetItem* item = clients->item(row);
-        if (!selectable || item->checkState() == Qt::Checked)
+    for (int row = 0; row < m_clients->count(); ++row) {
+        const QListWidgetItem* item = m_clients->item(row);
+        if (!m_selectable || item->checkState() == Qt::Checked)
             numbers.append(item->text());
     }
     return numbers;
@@ -156,24 +156,24 @@ QStringList OrloAgreementSignWidget::Private::signingClients() const
 
 bool OrloAgreementSignWidget::Private::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::Show && remaining > 0)
-        timer.start();
+    if (event->type() == QEvent::Show && m_remaining > 0)
+        m_timer.start();
     if (event->type() == QEvent::Hide)
-        timer.stop();
+        m_timer.stop();
     return QObject::eventFilter(watched, event);
 }
 
 void OrloAgreementSignWidget::Private::tick()
 {
-    if (--remaining <= 0)
-        timer.stop();
+    if (--m_remaining <= 0)
+        m_timer.stop();
     updateButton();
 }
 
 void OrloAgreementSignWidget::Private::updateButton()
 {
-    signButton->setText(remaining > 0 ? tr("签署（%1）").arg(remaining) : tr("签署"));
-    signButton->setEnabled(remaining <= 0 && clients->count() > 0);
+    m_signButton->setText(m_remaining > 0 ? tr("签署（%1）").arg(m_remaining) : tr("签署"));
+    m_signButton->setEnabled(m_remaining <= 0 && m_clients->count() > 0);
 }
 
 void OrloAgreementSignWidget::Private::sign()
@@ -183,7 +183,7 @@ void OrloAgreementSignWidget::Private::sign()
         OrloWidget::ShowWarningMsgBox(tr("请选择签署客户！"), q);
         return;
     }
-    if (const Status status = signAgreement(protocol, numbers); status)
+    if (const Status status = signAgreement(m_protocol, numbers); status)
         q->accept();
     else
         OrloWidget::ShowErrorMsgBox(errorText(status), q);

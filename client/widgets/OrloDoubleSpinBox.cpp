@@ -44,54 +44,54 @@ private:
     void stretchRange();
     void releaseRange();
 
-    std::optional<DecimalLimits> asked;
-    double known = 0; ///< the number last entered or set
-    bool moving = false;
+    std::optional<DecimalLimits> m_asked;
+    double m_known = 0; ///< the number last entered or set
+    bool m_moving = false;
 };
 
 DecimalLimits OrloDoubleSpinBox::Private::limits() const
 {
     DecimalLimits now{ q->minimum(), q->maximum(), q->decimals() };
-    if (!asked)
+    if (!m_asked)
         return now;
     // A bound with the extended value represents the requested one; any other was set in the meantime.
-    if (now.minimum == qMin(0.0, asked->minimum))
-        now.minimum = asked->minimum;
-    if (now.maximum == qMax(0.0, asked->maximum))
-        now.maximum = asked->maximum;
+    if (now.minimum == qMin(0.0, m_asked->minimum))
+        now.minimum = m_asked->minimum;
+    if (now.maximum == qMax(0.0, m_asked->maximum))
+        now.maximum = m_asked->maximum;
     return now;
 }
 
 void OrloDoubleSpinBox::Private::stretchRange()
 {
     const DecimalLimits wanted = limits();
-    asked = wanted;
+    m_asked = wanted;
     q->setRange(qMin(0.0, wanted.minimum), qMax(0.0, wanted.maximum));
 }
 
 void OrloDoubleSpinBox::Private::releaseRange()
 {
-    if (!asked)
+    if (!m_asked)
         return;
     const DecimalLimits wanted = limits();
-    asked.reset();
+    m_asked.reset();
     q->setRange(wanted.minimum, wanted.maximum);
 }
 
 void OrloDoubleSpinBox::Private::makeEmpty()
 {
-    const QScopedValueRollback<bool> own(moving, true);
+    const QScopedValueRollback<bool> own(m_moving, true);
     empty = true;
-    known = 0;
+    m_known = 0;
     stretchRange();
     q->QDoubleSpinBox::setValue(0);
 }
 
 void OrloDoubleSpinBox::Private::showNumber(double number)
 {
-    const QScopedValueRollback<bool> own(moving, true);
+    const QScopedValueRollback<bool> own(m_moving, true);
     empty = false;
-    known = number;
+    m_known = number;
     q->QDoubleSpinBox::setValue(number);
     releaseRange();
 }
@@ -116,13 +116,13 @@ void OrloDoubleSpinBox::Private::textTyped(const QString& text)
         return;
     }
     empty = false;
-    known = verdict.number;
+    m_known = verdict.number;
 }
 
 /// Qt clamps the number when a bound or the decimals change. That number was not requested.
 void OrloDoubleSpinBox::Private::valueMoved(double value)
 {
-    if (moving)
+    if (m_moving)
         return;
     if (untouched) {
         showStart();
@@ -132,14 +132,14 @@ void OrloDoubleSpinBox::Private::valueMoved(double value)
         makeEmpty();
         return;
     }
-    if (!isWithin(known, limits())) {
-        qWarning().noquote() << "OrloDoubleSpinBox: the range has left out" << known << "of" << q->objectName();
+    if (!isWithin(m_known, limits())) {
+        qWarning().noquote() << "OrloDoubleSpinBox: the range has left out" << m_known << "of" << q->objectName();
         makeEmpty();
         return;
     }
-    if (!qFuzzyCompare(1 + known, 1 + value))
+    if (!qFuzzyCompare(1 + m_known, 1 + value))
         FieldHint::showAt(q, OrloDoubleSpinBox::tr("已按%1位小数取整").arg(q->decimals()));
-    known = value;
+    m_known = value;
     releaseRange();
 }
 

@@ -29,27 +29,27 @@ private:
     void offer(bool asked);
     void insert(const QString& chosen);
 
-    QLineEdit* edit;
-    SuggestionPopup* popup;
-    QStringList offered;
-    bool inserting = false;
+    QLineEdit* m_edit;
+    SuggestionPopup* m_popup;
+    QStringList m_offered;
+    bool m_inserting = false;
 };
 
 OrloFormulaPrompter::Private::Private(QLineEdit* line)
-    : edit(line)
-    , popup(new SuggestionPopup(line))
+    : m_edit(line)
+    , m_popup(new SuggestionPopup(line))
 {
-    popup->setTabChooses(true);
-    edit->installEventFilter(this);
-    connect(edit, &QLineEdit::textEdited, this, &Private::typed);
-    connect(popup, &SuggestionPopup::rowChosen, this, [this](int row) { insert(offered.at(row)); });
+    m_popup->setTabChooses(true);
+    m_edit->installEventFilter(this);
+    connect(m_edit, &QLineEdit::textEdited, this, &Private::typed);
+    connect(m_popup, &SuggestionPopup::rowChosen, this, [this](int row) { insert(m_offered.at(row)); });
 }
 
 void OrloFormulaPrompter::Private::typed()
 {
-    if (inserting)
+    if (m_inserting)
         return;
-    FieldHint::hideAt(edit);
+    FieldHint::hideAt(m_edit);
     if (mode == WhileTyping)
         offer(false);
 }
@@ -58,37 +58,37 @@ void OrloFormulaPrompter::Private::typed()
 /// complete name.
 void OrloFormulaPrompter::Private::offer(bool asked)
 {
-    const QString formula = edit->text();
-    const int cursor = edit->cursorPosition();
+    const QString formula = m_edit->text();
+    const int cursor = m_edit->cursorPosition();
     const QString token = FormulaCompletion::tokenBefore(formula, cursor);
-    offered.clear();
+    m_offered.clear();
     if (!token.isEmpty() || (FormulaCompletion::mayBeginAt(formula, cursor) && (asked || !formula.isEmpty())))
-        offered = FormulaCompletion::matches(token, items + functions);
-    if (!asked && offered == QStringList(token))
-        offered.clear();
+        m_offered = FormulaCompletion::matches(token, items + functions);
+    if (!asked && m_offered == QStringList(token))
+        m_offered.clear();
     // After an operator Enter still belongs to the form, so no row is marked until the trader moves into the list.
-    popup->offer(offered, asked || !token.isEmpty() ? 0 : -1);
+    m_popup->offer(m_offered, asked || !token.isEmpty() ? 0 : -1);
 }
 
 void OrloFormulaPrompter::Private::insert(const QString& chosen)
 {
-    const int cursor = edit->cursorPosition();
-    const auto edited = FormulaCompletion::inserted(edit->text(), cursor, chosen);
-    if (edited.formula.size() > edit->maxLength()) {
-        FieldHint::showAt(edit, QLineEdit::tr("最多输入%1个字符").arg(edit->maxLength()));
+    const int cursor = m_edit->cursorPosition();
+    const auto edited = FormulaCompletion::inserted(m_edit->text(), cursor, chosen);
+    if (edited.formula.size() > m_edit->maxLength()) {
+        FieldHint::showAt(m_edit, QLineEdit::tr("最多输入%1个字符").arg(m_edit->maxLength()));
         return;
     }
-    const QScopedValueRollback<bool> own(inserting, true);
-    const int typedLength = FormulaCompletion::tokenBefore(edit->text(), cursor).size();
+    const QScopedValueRollback<bool> own(m_inserting, true);
+    const int typedLength = FormulaCompletion::tokenBefore(m_edit->text(), cursor).size();
     // Inserted over the selection, so that one undo reverts it.
-    edit->setSelection(cursor - typedLength, typedLength);
-    edit->insert(chosen);
-    edit->setCursorPosition(edited.cursor);
+    m_edit->setSelection(cursor - typedLength, typedLength);
+    m_edit->insert(chosen);
+    m_edit->setCursorPosition(edited.cursor);
 }
 
 bool OrloFormulaPrompter::Private::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::KeyPress && !edit->isReadOnly()) {
+    if (event->type() == QEvent::KeyPress && !m_edit->isReadOnly()) {
         const auto* key = static_cast<QKeyEvent*>(event);
         if (key->key() == Qt::Key_Space && key->modifiers() == Qt::ControlModifier) {
             offer(true);

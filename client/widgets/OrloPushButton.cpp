@@ -32,7 +32,7 @@ public:
 
 private:
     OrloPushButton* q;
-    bool fitting = false;
+    bool m_fitting = false;
 };
 
 bool OrloPushButton::Private::eventFilter(QObject* watched, QEvent* event)
@@ -46,9 +46,9 @@ bool OrloPushButton::Private::eventFilter(QObject* watched, QEvent* event)
 /// Forms fix the width of a text button to that of its text in the default font, so a larger font is reduced to fit.
 void OrloPushButton::Private::fitText()
 {
-    if (fitting || styleType != BtnStyleType::Text)
+    if (m_fitting || styleType != BtnStyleType::Text)
         return;
-    const QScopedValueRollback<bool> own(fitting, true);
+    const QScopedValueRollback<bool> own(m_fitting, true);
     const QFont usual = q->parentWidget() ? q->parentWidget()->font() : QApplication::font(q);
     const QFont font = fittedFont(usual, q->text(), q->maximumWidth() - TextMargin);
     if (font != q->font())

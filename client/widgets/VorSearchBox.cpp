@@ -73,49 +73,49 @@ private:
     void resume();
 
     VorSearchBox* q;
-    SuggestionPopup* popup;
-    QVector<QStringList> runs;
-    QStringList offered;
-    bool writing = false;
-    Later later = Later::Nothing;
-    QString awaitedText;
-    std::optional<SymbolSearch::Stage> presented;
-    QMetaObject::Connection listening;
+    SuggestionPopup* m_popup;
+    QVector<QStringList> m_runs;
+    QStringList m_offered;
+    bool m_writing = false;
+    Later m_later = Later::Nothing;
+    QString m_awaitedText;
+    std::optional<SymbolSearch::Stage> m_presented;
+    QMetaObject::Connection m_listening;
 };
 
 VorSearchBox::Private::Private(VorSearchBox* box)
     : q(box)
-    , popup(new SuggestionPopup(box))
+    , m_popup(new SuggestionPopup(box))
 {
     q->installEventFilter(this);
     connect(q, &QLineEdit::textChanged, this, &Private::unchoose);
     connect(q, &QLineEdit::textEdited, this, &Private::offer);
-    connect(popup, &SuggestionPopup::rowChosen, this, [this](int row) { choose(offered.at(row)); });
+    connect(m_popup, &SuggestionPopup::rowChosen, this, [this](int row) { choose(m_offered.at(row)); });
 }
 
 void VorSearchBox::Private::setRuns(const QVector<QStringList>& list)
 {
-    runs = list;
+    m_runs = list;
     prepareIndexes();
-    offered.clear();
-    popup->hide();
-    if (later == Later::Nothing)
+    m_offered.clear();
+    m_popup->hide();
+    if (m_later == Later::Nothing)
         return;
     // The awaited index may already be ready for the new list; no signal would follow.
-    presented.reset();
+    m_presented.reset();
     QMetaObject::invokeMethod(this, &Private::resume, Qt::QueuedConnection);
 }
 
 void VorSearchBox::Private::prepareIndexes()
 {
-    SymbolIndexes::instance().prepare(runs, OrloBusinessDataInterface::GetSecurityChineseName);
+    SymbolIndexes::instance().prepare(m_runs, OrloBusinessDataInterface::GetSecurityChineseName);
 }
 
 // The indexes may have been deleted since the list was set.
 SymbolSearch VorSearchBox::Private::newSearch()
 {
     prepareIndexes();
-    return SymbolSearch(runs);
+    return SymbolSearch(m_runs);
 }
 
 bool VorSearchBox::Private::isWhole(const SymbolSearch& search) const
@@ -150,22 +150,22 @@ void VorSearchBox::Private::offer()
         stopWaiting();
     else
         wait(Later::Offer, search);
-    if (offered.isEmpty() && isLongEnough(text))
+    if (m_offered.isEmpty() && isLongEnough(text))
         FieldHint::showAt(q, isWhole(search) ? VorSearchBox::tr("没有匹配的证券") : preparing());
 }
 
 /// Opens the list with the results of the search. A row that the trader has marked stays marked.
 void VorSearchBox::Private::present(const SymbolSearch& search, const QString& text)
 {
-    const bool resumed = later != Later::Nothing && q->text() == awaitedText;
-    const QString kept = resumed ? offered.value(popup->markedRow()) : QString();
-    offered = matches(search, text, SuggestionPopup::mostRows).mid(0, SuggestionPopup::mostRows);
+    const bool resumed = m_later != Later::Nothing && q->text() == m_awaitedText;
+    const QString kept = resumed ? m_offered.value(m_popup->markedRow()) : QString();
+    m_offered = matches(search, text, SuggestionPopup::MostRows).mid(0, SuggestionPopup::MostRows);
     QStringList rows;
-    for (const QString& match : qAsConst(offered))
+    for (const QString& match : qAsConst(m_offered))
         rows.append(shownRow(match));
     const bool sure =
-        (offered.size() == 1 && isWhole(search)) || (!offered.isEmpty() && search.exact(text).size() == 1);
-    popup->offer(rows, kept.isEmpty() ? (sure ? 0 : -1) : offered.indexOf(kept));
+        (m_offered.size() == 1 && isWhole(search)) || (!m_offered.isEmpty() && search.exact(text).size() == 1);
+    m_popup->offer(rows, kept.isEmpty() ? (sure ? 0 : -1) : m_offered.indexOf(kept));
 }
 
 /// On Enter or when the field is left, chooses the security that is typed if it is unambiguous.
@@ -195,42 +195,42 @@ void VorSearchBox::Private::settle()
 /// Must be called before checking what is ready, so that no signal is missed.
 void VorSearchBox::Private::listen()
 {
-    if (!listening)
-        listening = connect(&SymbolIndexes::instance(), &SymbolIndexes::advanced, this, &Private::resume);
+    if (!m_listening)
+        m_listening = connect(&SymbolIndexes::instance(), &SymbolIndexes::advanced, this, &Private::resume);
 }
 
 void VorSearchBox::Private::wait(Later what, const SymbolSearch& search)
 {
-    later = what;
-    awaitedText = q->text();
-    presented = search.stage();
+    m_later = what;
+    m_awaitedText = q->text();
+    m_presented = search.stage();
 }
 
 void VorSearchBox::Private::stopWaiting()
 {
-    later = Later::Nothing;
-    disconnect(listening);
-    listening = QMetaObject::Connection();
+    m_later = Later::Nothing;
+    disconnect(m_listening);
+    m_listening = QMetaObject::Connection();
 }
 
 /// Called when more of the list can be searched. A list that the trader has closed in the meantime stays closed.
 void VorSearchBox::Private::resume()
 {
-    if (later == Later::Nothing)
+    if (m_later == Later::Nothing)
         return;
-    if (!isPending() || q->text() != awaitedText) {
+    if (!isPending() || q->text() != m_awaitedText) {
         stopWaiting();
         return;
     }
     const SymbolSearch search = newSearch();
-    if (search.stage() == presented)
+    if (search.stage() == m_presented)
         return;
-    const bool settles = later == Later::Settle;
-    const bool closed = !offered.isEmpty() && !popup->isVisible();
+    const bool settles = m_later == Later::Settle;
+    const bool closed = !m_offered.isEmpty() && !m_popup->isVisible();
     if (q->hasFocus() && !closed)
         offer();
     else
-        wait(later, search);
+        wait(m_later, search);
     if (settles)
         settle();
     else if (isWhole(search))
@@ -240,20 +240,20 @@ void VorSearchBox::Private::resume()
 void VorSearchBox::Private::choose(const QString& chosen)
 {
     stopWaiting();
-    popup->hide();
+    m_popup->hide();
     FieldHint::hideAt(q);
     const bool changed = symbol != chosen;
     symbol = chosen;
-    writing = true;
+    m_writing = true;
     q->setText(chosen);
-    writing = false;
+    m_writing = false;
     if (changed)
         announce();
 }
 
 void VorSearchBox::Private::unchoose()
 {
-    if (writing || symbol.isEmpty())
+    if (m_writing || symbol.isEmpty())
         return;
     symbol.clear();
     announce();
@@ -277,18 +277,18 @@ bool VorSearchBox::Private::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::KeyPress) {
         const auto& key = *static_cast<QKeyEvent*>(event);
-        if (isEnter(key) && isPending() && popup->markedRow() < 0) {
+        if (isEnter(key) && isPending() && m_popup->markedRow() < 0) {
             settle();
             return true;
         }
-        if (key.key() == Qt::Key_Down && isPending() && !popup->isVisible()) {
+        if (key.key() == Qt::Key_Down && isPending() && !m_popup->isVisible()) {
             offer();
             return true;
         }
     }
     // After the events of the focus change, and before the first key.
     if (event->type() == QEvent::FocusIn)
-        QTimer::singleShot(0, this, [this] { popup->prepare(SymbolSearch(runs).letters()); });
+        QTimer::singleShot(0, this, [this] { m_popup->prepare(SymbolSearch(m_runs).letters()); });
     if (event->type() == QEvent::FocusOut && isPending() && !leavesWindow(static_cast<QFocusEvent*>(event)->reason()))
         settle();
     return QObject::eventFilter(watched, event);

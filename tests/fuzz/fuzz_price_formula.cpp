@@ -34,6 +34,6 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     // After a successful check only the values can make a formula fail.
     FUZZ_REQUIRE(checked || !price);
     FUZZ_REQUIRE(!without || price);
-    FUZZ_REQUIRE(formula.size() <= PriceFormula::maximumLength || !checked);
+    FUZZ_REQUIRE(formula.size() <= PriceFormula::MaximumLength || !checked);
     return 0;
 }

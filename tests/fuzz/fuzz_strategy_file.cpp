@@ -26,9 +26,9 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         FUZZ_REQUIRE(!errorText(strategies.status()).isEmpty());
         return 0;
     }
-    FUZZ_REQUIRE(!strategies->isEmpty() && strategies->size() <= StrategyLimits::MAX_COUNT);
+    FUZZ_REQUIRE(!strategies->isEmpty() && strategies->size() <= StrategyLimits::MaxCount);
     for (const StrategyDefinition& strategy : *strategies) {
-        FUZZ_REQUIRE(!strategy.name.isEmpty() && strategy.parameters.size() <= StrategyLimits::MAX_COUNT);
+        FUZZ_REQUIRE(!strategy.name.isEmpty() && strategy.parameters.size() <= StrategyLimits::MaxCount);
         StrategyLibrary::summary(strategy);
         ParameterForm form(strategy, nullptr);
         form.setValues(ParameterForm::defaults(strategy));
