@@ -2,13 +2,11 @@
 #include "AlgoTradeLogicNew.h"
 #include "Algo_Fields.h"
 #include "Algo_Values.h"
-#include "AutoPlanField.h"
 #include "EditorTest.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Values.h"
 #include "Orlo_Values.h"
 #include "ParamListWidget_single.h"
-#include "PlanSample.h"
 #include "PlanVocabulary.h"
 
 #include <QAbstractButton>

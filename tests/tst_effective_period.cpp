@@ -1,7 +1,6 @@
 #include "EditorTest.h"
 #include "Kelvo_Values.h"
 #include "OrloDateEdit.h"
-#include "PlanSample.h"
 
 #include <QtTest>
 
@@ -46,15 +45,6 @@ class EffectivePeriodTest : public EditorTest {
     Q_OBJECT
 
 private:
-    void open()
-    {
-        script().addOrdinaryAccount(Account);
-        addSecurities();
-        constructShown();
-        script().forget();
-        log().clear();
-    }
-
     /// The calls after the one question for the calendar.
     QStringList periodCalls() const
     {
@@ -97,7 +87,7 @@ private Q_SLOTS:
         QFETCH(QDate, first);
         QFETCH(QDate, last);
         QFETCH(Dates, excluded);
-        open();
+        openWithAccount();
         setToday(day);
         script().tradeDates = tradeDates;
         chooseSecurity(editor(), Stock);
@@ -134,7 +124,7 @@ private Q_SLOTS:
         QFETCH(QString, error);
         QFETCH(QDate, first);
         QFETCH(QDate, last);
-        open();
+        openWithAccount();
         setToday(day);
         script().tradeDates = tradeDates;
         script().tradeDatesError = error;
@@ -164,7 +154,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, symbol);
         QFETCH(int, first);
-        open();
+        openWithAccount();
         const QMap<QString, int> days{ { Kelvo_Values::Exchange::sh, 8 }, { Kelvo_Values::Exchange::sz, 9 },
             { QString(), 10 } };
         script().tradeDates = [days](const QString& exchange) { return may({ days.value(exchange) }); };
@@ -183,7 +173,7 @@ private Q_SLOTS:
 
     void leavingAnEditedPlanSetsTheDatesAgain()
     {
-        open();
+        openWithAccount();
         chooseSecurity(editor(), OtherStock);
         script().forget();
         setToday(QDate(2024, 5, 9));
@@ -195,7 +185,7 @@ private Q_SLOTS:
 
     void theCalendarIsLogged()
     {
-        open();
+        openWithAccount();
         script().tradeDates = may({ 7, 8, 9 });
         chooseSecurity(editor(), OtherStock);
         const QList<LogLine> found =

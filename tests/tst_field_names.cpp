@@ -4,7 +4,6 @@
 #include "VorSearchBox.h"
 
 #include <QLabel>
-#include <QMap>
 #include <QtTest>
 
 namespace {

@@ -247,47 +247,6 @@ private Q_SLOTS:
         QCOMPARE(construct().objectName(), QStringLiteral("AutoParamSetting"));
     }
 
-    void theCaptionColumnIs98PixelsWide_data()
-    {
-        QTest::addColumn<QByteArray>("name");
-        QTest::addColumn<QString>("text");
-        for (const QByteArray name : { "la_fundAccountName", "la_priceMode" }) {
-            QTest::newRow(name + " with its text") << name << QString();
-            QTest::newRow(name + " with a long text")
-                << name << QStringLiteral("一个比标题列宽得多的标题文字，永远不会更宽");
-            QTest::newRow(name + " with a short text") << name << QStringLiteral("价");
-        }
-    }
-
-    void theCaptionColumnIs98PixelsWide()
-    {
-        QFETCH(QByteArray, name);
-        QFETCH(QString, text);
-        constructShown();
-        auto* const caption = field<QLabel>(editor(), name);
-        if (!text.isEmpty())
-            caption->setText(text);
-        for (const int width : { 300, 517, 1600 }) {
-            host().resize(width, 900);
-            QCoreApplication::processEvents();
-            QCOMPARE(caption->width(), 98);
-        }
-    }
-
-    void stepLabelsStayWithin40Pixels()
-    {
-        constructShown();
-        for (const char* const name : { "label_targetQtyStep", "label_maxEntrustQtyStep" }) {
-            auto* const step = field<QLabel>(editor(), name);
-            step->setText(QStringLiteral("1000000000000000000"));
-            step->show();
-            host().resize(1600, 900);
-            QCoreApplication::processEvents();
-            QVERIFY(step->width() > 0);
-            QVERIFY2(step->width() <= 40, qPrintable(QString::number(step->width())));
-        }
-    }
-
     void theAccountBoxShowsNameAndFundAccount()
     {
         construct();

@@ -11,7 +11,6 @@
 #include "OrloDecimalLineEdit.h"
 #include "Orlo_Values.h"
 #include "ParamListWidget_single.h"
-#include "PlanSample.h"
 #include "PlanVocabulary.h"
 #include "VorSearchBox.h"
 

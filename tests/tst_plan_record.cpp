@@ -7,7 +7,6 @@
 #include "Kelvo_Values.h"
 #include "Orlo_Fields.h"
 #include "Orlo_Values.h"
-#include "PlanSample.h"
 #include "PlanVocabulary.h"
 
 #include <QRegularExpression>
@@ -42,16 +41,6 @@ class PlanRecordTest : public EditorTest {
     Q_OBJECT
 
 private:
-    void open(const PlanSample& plan = PlanSample())
-    {
-        if (script().accounts.isEmpty())
-            openSampleMarket();
-        if (plan.mode != AutoPlanInstMode::ActiveManage)
-            script().ruleProperty = AutoPlanRuleProperty::Review;
-        constructShown();
-        fillForm(editor(), plan);
-    }
-
     FieldMap send()
     {
         script().forget();
@@ -84,7 +73,7 @@ private:
 private Q_SLOTS:
     void anOrdinaryPlanIsRecorded()
     {
-        open();
+        openFilledWith(PlanSample());
         const FieldMap expected{ { UserAccount::userID, QStringLiteral("trader") },
             { Orlo_Fields::AutoPlan::templateCode, AutoPlanTemplate::CumulativeQty },
             { Orlo_Fields::AutoPlan::subType, AutoPlanInstructionType::Ordinary },
@@ -115,7 +104,7 @@ private Q_SLOTS:
 
     void anAlgorithmPlanIsRecordedInTextsAndOneMap()
     {
-        open(byAlgorithm());
+        openFilledWith(byAlgorithm());
         type(editor(), "le_remark", QStringLiteral("备注"));
         script().panelParams = { { Algo_Fields::AlgoInstContentInfo::TradingAccount, Account },
             { Algo_Fields::AlgoInstContentInfo::OrderSide, Algo_Values::AlgoOrderSide::BuyValue },
@@ -148,14 +137,14 @@ private Q_SLOTS:
 
     void withoutAUserTheFieldIsEmpty()
     {
-        open();
+        openFilledWith(PlanSample());
         script().loginAccountDetail.clear();
         QCOMPARE(send().value(UserAccount::userID), QVariant(QString()));
     }
 
     void anUnknownAccountHasEmptyFields()
     {
-        open();
+        openFilledWith(PlanSample());
         const FieldMap record = sendAfter([this] {
             QComboBox* const accounts = box(editor(), "combx_fundAccount");
             const QSignalBlocker silence(accounts);
@@ -170,7 +159,7 @@ private Q_SLOTS:
     {
         openSampleMarket();
         script().accounts[0].exchanges = QStringList{ Kelvo_Values::Exchange::sz };
-        open();
+        openFilledWith(PlanSample());
         const FieldMap record = send();
         QCOMPARE(record.value(UserAccount::securityExchange).toString(), Kelvo_Values::Exchange::sh);
         QCOMPARE(record.value(UserAccount::securityAccount), QVariant(QString()));
@@ -180,7 +169,7 @@ private Q_SLOTS:
     {
         PlanSample plan;
         plan.symbol = Unknown;
-        open(plan);
+        openFilledWith(plan);
         const FieldMap record = send();
         QCOMPARE(record.value(Kelvo_Fields::Security::symbol).toString(), Unknown);
         QCOMPARE(record.value(UserAccount::securityExchange), QVariant(QString()));
@@ -207,7 +196,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, priceMode);
         QFETCH(QStringList, prices);
-        open();
+        openFilledWith(PlanSample());
         choose(editor(), "combx_priceMode", priceMode);
         if (priceMode != AutoPlanPriceModel::NoLimit)
             type(editor(), "lineEdit_price1", QStringLiteral(" 昨收价 "));
@@ -218,7 +207,7 @@ private Q_SLOTS:
 
     void noLimitRecordsAnEmptyInputAsWell()
     {
-        open();
+        openFilledWith(PlanSample());
         choose(editor(), "combx_priceMode", AutoPlanPriceModel::NoLimit);
         const FieldMap record = sendAfter([this] { type(editor(), "lineEdit_price1", QString()); });
         QCOMPARE(textsOf(record, { Base::priceFormula1, Base::priceFixed, Base::priceFormula2 }),
@@ -244,7 +233,7 @@ private Q_SLOTS:
         QFETCH(double, daily);
         QFETCH(int, factor);
         QFETCH(QString, stored);
-        open(byAlgorithm());
+        openFilledWith(byAlgorithm());
         script().securities[Stock].displayFactor = factor;
         enter(editor(), "le_targetTotalNum", total);
         enter(editor(), "le_entrustMaxNum", daily);
@@ -256,7 +245,7 @@ private Q_SLOTS:
 
     void aDisplayFactorOfZeroCountsAsOne()
     {
-        open();
+        openFilledWith(PlanSample());
         script().securities[Stock].displayFactor = 0;
         log().expectWarning(QStringLiteral("AutoParamSetting::checkParam display factor 0"), 2);
         log().expectWarning(QStringLiteral("AutoParamSetting::procUiDataByCreatePlan display factor 0 counts as 1"));
@@ -295,14 +284,14 @@ private Q_SLOTS:
         script().executeUsers = lines("王五\n默认不指定");
         PlanSample plan = PlanSample().withPlanType(planType);
         plan.assignee = assignee;
-        open(plan);
+        openFilledWith(plan);
         const FieldMap record = send();
         QCOMPARE(textsOf(record, { Base::expectedUser, Base::executeUser }).join(QLatin1Char(' ')), recorded);
     }
 
     void anAssigneeBoxWithoutAChoiceIsRecordedAsEmpty()
     {
-        open();
+        openFilledWith(PlanSample());
         chooseNothing(editor(), "combx_assignTo");
         QCOMPARE(textsOf(send(), { Base::expectedUser }), QStringList{ QString() });
     }
@@ -322,7 +311,7 @@ private Q_SLOTS:
         QFETCH(QString, recorded);
         PlanSample plan = PlanSample::reduction();
         plan.begin = begin;
-        open(plan);
+        openFilledWith(plan);
         // The range is hidden: its content is not used.
         pickRange(editor(), QDate(2030, 1, 1), QDate(2030, 1, 2));
         QCOMPARE(textsOf(send(), { Base::beginDate, Base::endDate }).join(QLatin1Char(' ')), recorded);
@@ -330,7 +319,7 @@ private Q_SLOTS:
 
     void theSingleDateWinsWhereBothAreVisible()
     {
-        open();
+        openFilledWith(PlanSample());
         const FieldMap record = sendAfter([this] {
             field<QWidget>(editor(), "date_effectivePeriod_Single")->show();
             pickDate(editor(), QDate(2024, 5, 20));
@@ -340,7 +329,7 @@ private Q_SLOTS:
 
     void whatIsNotVisibleIsNotRecorded()
     {
-        open(PlanSample::ofType(AutoPlanInstructionType::HkConnect));
+        openFilledWith(PlanSample::ofType(AutoPlanInstructionType::HkConnect));
         const FieldMap record = sendAfter([this] { host().hide(); });
         QVERIFY(!record.contains(Base::beginDate));
         QVERIFY(!record.contains(Base::endDate));
@@ -353,7 +342,7 @@ private Q_SLOTS:
     void theAlgorithmIsLeftOutInOtherModes()
     {
         script().ruleProperty = AutoPlanRuleProperty::Review;
-        open();
+        openFilledWith(PlanSample());
         choose(editor(), "combx_fundAccount", Account);
         press(editor(), "btn_algoParamSetting");
         fillForm(editor(), PlanSample().withMode(AutoPlanInstMode::NormalTradeReview));
@@ -391,7 +380,7 @@ private Q_SLOTS:
         script().securities[Stock].subType = subType;
         PlanSample plan = PlanSample::ofType(AutoPlanInstructionType::Credit);
         plan.entrustType = entrustType;
-        open(plan);
+        openFilledWith(plan);
         if (entrustType.isEmpty())
             box(editor(), "combx_entrustType")->setCurrentIndex(-1);
         const FieldMap other = sendOther();
@@ -413,13 +402,13 @@ private Q_SLOTS:
         QFETCH(QString, remark);
         PlanSample plan;
         plan.remark = remark;
-        open(plan);
+        openFilledWith(plan);
         QCOMPARE(textsOf(send(), { Base::remark }).constFirst(), remark.isEmpty() ? QStringLiteral("absent") : remark);
     }
 
     void recordingChangesNothingInTheForm()
     {
-        open();
+        openFilledWith(PlanSample());
         script().createAnswer = QStringLiteral("拒绝");
         const QStringList steps = stepsOf([this] {
             press(editor(), "btn_ok");

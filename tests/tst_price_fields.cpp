@@ -11,14 +11,6 @@ class PriceFieldsTest : public EditorTest {
     Q_OBJECT
 
 private:
-    void open()
-    {
-        script().addOrdinaryAccount(Account);
-        addSecurities();
-        constructShown();
-        script().forget();
-    }
-
     void answerAverages(const QStringList& names)
     {
         Q_EMIT AutoPlanLogic::instance().signalQuerySymbolMAResponse(Stock, names, QString());
@@ -35,7 +27,7 @@ private Q_SLOTS:
     void aModeOutsideTheVocabularyComparesPrices()
     {
         QFETCH(bool, isChosen);
-        open();
+        openWithAccount();
         box(editor(), "combx_priceMode")->addItem(QStringLiteral("another"), QStringLiteral("99"));
         box(editor(), "combx_priceMode")->setCurrentIndex(isChosen ? 4 : -1);
         QCOMPARE(text(editor(), "label_price1"), QStringLiteral("价格1"));
@@ -46,7 +38,7 @@ private Q_SLOTS:
 
     void aPriceModeTakesItsStepsInOrder()
     {
-        open();
+        openWithAccount();
         chooseSecurity(editor(), Stock);
         answerAverages(lines("MA5"));
         QCOMPARE(stepsOf([this] { choose(editor(), "combx_priceMode", AutoPlanPriceModel::CompareMax); }), lines(R"(
@@ -70,7 +62,7 @@ private Q_SLOTS:
 
     void noLimitTakesItsStepsInOrder()
     {
-        open();
+        openWithAccount();
         choose(editor(), "combx_priceMode", AutoPlanPriceModel::CompareMin);
         const QStringList steps = stepsOf([this] { choose(editor(), "combx_priceMode", AutoPlanPriceModel::NoLimit); });
         QCOMPARE(steps.mid(0, 11), lines(R"(
@@ -91,7 +83,7 @@ private Q_SLOTS:
     void aLateAverageKeepsTheFormulas()
     {
         using namespace AutoPlanPriceModel;
-        open();
+        openWithAccount();
         chooseSecurity(editor(), Stock);
         for (const QString& mode : { Custom, CompareMax, CompareMin }) {
             choose(editor(), "combx_priceMode", mode);

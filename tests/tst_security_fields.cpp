@@ -6,7 +6,6 @@
 #include "OrloFormulaNormal.h"
 #include "Orlo_Values.h"
 #include "PlanVocabulary.h"
-#include "VorSearchBox.h"
 
 #include <QPointer>
 #include <QSignalSpy>
@@ -35,15 +34,6 @@ class SecurityFieldsTest : public EditorTest {
     Q_OBJECT
 
 private:
-    void open()
-    {
-        script().addOrdinaryAccount(Account);
-        addSecurities();
-        constructShown();
-        script().forget();
-        log().clear();
-    }
-
     void answer(const QString& symbol, const QStringList& names, const QString& error = QString())
     {
         Q_EMIT AutoPlanLogic::instance().signalQuerySymbolMAResponse(symbol, names, error);
@@ -120,7 +110,7 @@ private Q_SLOTS:
 
     void choosingNoSecurityEmptiesItsFieldsAndNothingElse()
     {
-        open();
+        openWithAccount();
         chooseSecurity(editor(), HkStock);
         choose(editor(), "combx_priceMode", AutoPlanPriceModel::Custom);
         type(editor(), "lineEdit_price1", QStringLiteral("昨收价"));
@@ -138,7 +128,7 @@ private Q_SLOTS:
 
     void aSecurityTakesItsStepsInOrder()
     {
-        open();
+        openWithAccount();
         script().tradeDates = QList<QDate>{ QDate(2024, 5, 7) };
         chooseSecurity(editor(), Stock);
         // The market, the unit, the prices and modes, the algorithms, the averages, the effective period.
@@ -197,7 +187,7 @@ private Q_SLOTS:
         QFETCH(int, ruleProperty);
         QFETCH(int, updates);
         script().ruleProperty = ruleProperty;
-        open();
+        openWithAccount();
         press(editor(), "btn_algoParamSetting");
         script().forget();
         chooseSecurity(editor(), OtherStock);
@@ -222,7 +212,7 @@ private Q_SLOTS:
         QFETCH(QString, subType);
         QFETCH(int, step);
         QFETCH(QString, shown);
-        open();
+        openWithAccount();
         script().securities[HkStock].subType = subType;
         script().securities[HkStock].qtyStep = step;
         chooseSecurity(editor(), HkStock);
@@ -235,7 +225,7 @@ private Q_SLOTS:
 
     void theUnitStaysWithoutATargetType()
     {
-        open();
+        openWithAccount();
         chooseSecurity(editor(), Bond);
         box(editor(), "combx_instructionTargetType")->setCurrentIndex(-1);
         chooseSecurity(editor(), Stock);
@@ -248,7 +238,7 @@ private Q_SLOTS:
     void withoutAnAccountTheAveragesAreAskedForAllTheSame()
     {
         script().addOrdinaryAccount(OtherAccount);
-        open();
+        openWithAccount();
         const QSignalSpy query(&editor(), &AutoParamSetting::signalQuerySymbolMAInfo);
         chooseSecurity(editor(), Stock);
         QCOMPARE(query.count(), 1);
@@ -257,7 +247,7 @@ private Q_SLOTS:
 
     void theAveragesOfTheLastSecurityLastUntilTheAnswer()
     {
-        open();
+        openWithAccount();
         chooseSecurity(editor(), Stock);
         answer(Stock, lines("MA5"));
         chooseSecurity(editor(), OtherStock);
@@ -269,7 +259,7 @@ private Q_SLOTS:
 
     void anAnswerWithinTheQueryIsKept()
     {
-        open();
+        openWithAccount();
         script().onCall = [this](const ScriptCall& call) {
             if (call.operation == QLatin1String("signalQuerySymbolMAInfo"))
                 answer(Stock, lines("MA10"));
@@ -284,7 +274,7 @@ private Q_SLOTS:
 
     void anAnswerForAnotherSecurityIsIgnored()
     {
-        open();
+        openWithAccount();
         chooseSecurity(editor(), Stock);
         script().forget();
         answer(OtherStock, lines("MA5"));
@@ -295,7 +285,7 @@ private Q_SLOTS:
 
     void anErrorAfterAnAnswerKeepsTheAverages()
     {
-        open();
+        openWithAccount();
         chooseSecurity(editor(), Stock);
         answer(Stock, lines("MA5"));
         answer(Stock, {}, QStringLiteral("查询失败"));
@@ -307,7 +297,7 @@ private Q_SLOTS:
 
     void anAnswerIsLogged()
     {
-        open();
+        openWithAccount();
         answer(Stock, lines("MA5\nMA60"), QStringLiteral("查询失败"));
         QCOMPARE(log().lines().size(), 1);
         const LogLine line = log().lines().constFirst();
@@ -319,7 +309,7 @@ private Q_SLOTS:
 
     void anAnswerFromAnotherThreadArrives()
     {
-        open();
+        openWithAccount();
         chooseSecurity(editor(), Stock);
         std::thread worker([this] { answer(Stock, lines("MA120")); });
         worker.join();
@@ -330,7 +320,7 @@ private Q_SLOTS:
 
     void anAnswerAfterTheEditorIsGoneIsIgnored()
     {
-        open();
+        openWithAccount();
         chooseSecurity(editor(), Stock);
         // One answer is queued when the editor is deleted, another one arrives later.
         std::thread worker([this] { answer(Stock, lines("MA120")); });
@@ -352,7 +342,7 @@ private Q_SLOTS:
     void theHostMayDeleteTheEditorWhenItHearsTheQuery()
     {
         QFETCH(int, queries);
-        open();
+        openWithAccount();
         const QPointer<QWidget> searchBox = field<QWidget>(editor(), "le_symbol");
         int heard = 0;
         bool boxIsLeft = false;
@@ -378,7 +368,7 @@ private Q_SLOTS:
 
     void theServiceMayDeleteTheEditorWhenItHearsTheQuery()
     {
-        open();
+        openWithAccount();
         destroyDuring(QStringLiteral("signalQuerySymbolMAInfo"));
         chooseSecurity(editor(), Stock);
         QCOMPARE(script().calls, QStringList());
@@ -402,7 +392,7 @@ private Q_SLOTS:
 
     void anUnknownSecurityLeavesItsFieldsEmpty()
     {
-        open();
+        openWithAccount();
         chooseSecurity(editor(), Unknown);
         QCOMPARE(text(editor(), "la_symbolName"), QString());
         QCOMPARE(text(editor(), "le_exchange"), QString());

@@ -3,7 +3,6 @@
 #include "FormView.h"
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
-#include "PlanSample.h"
 #include "PlanVocabulary.h"
 #include "VorSearchBox.h"
 

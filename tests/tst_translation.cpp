@@ -4,7 +4,6 @@
 #include "OrloDecimalLineEdit.h"
 #include "OrloFormulaNormal.h"
 #include "Orlo_Values.h"
-#include "PlanSample.h"
 #include "PlanVocabulary.h"
 
 #include <QApplication>
@@ -15,7 +14,6 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QStyle>
-#include <QStyleOptionButton>
 #include <QStyleOptionComboBox>
 #include <QTemporaryDir>
 #include <QTranslator>
@@ -212,7 +210,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, instructionType);
         const English english;
-        open(PlanSample::ofType(instructionType).withMode(AutoPlanInstMode::AlgoTradeReview));
+        openFilledWith(PlanSample::ofType(instructionType).withMode(AutoPlanInstMode::AlgoTradeReview));
         for (const char* const name : { "combx_planType", "combx_tradeSide", "combx_priceType", "combx_priceMode",
                  "combx_instructionMode", "combx_reduceHMode" }) {
             QStringList items = texts(editor(), name);
@@ -224,7 +222,7 @@ private Q_SLOTS:
     void theFormIsEnglish()
     {
         const English english;
-        open(PlanSample());
+        openFilledWith(PlanSample());
         const QRegularExpression chinese(QStringLiteral("[\\x{3000}-\\x{9fff}\\x{ff00}-\\x{ffef}]"));
         const QList<QLabel*> labels = editor().findChildren<QLabel*>();
         for (const QLabel* const label : labels)
@@ -246,7 +244,7 @@ private Q_SLOTS:
     void whatIsStoredOrComputedStaysChinese()
     {
         const English english;
-        open(PlanSample());
+        openFilledWith(PlanSample());
         QCOMPARE(texts(editor(), "combx_assignTo").value(0), words("默认不指定"));
         QCOMPARE(field<OrloFormulaNormal>(editor(), "lineEdit_price1")->FormulaItems().first(), words("昨收价"));
     }
@@ -279,7 +277,7 @@ private Q_SLOTS:
         if (edits)
             edit(plan, QDate(2024, 5, 8));
         else
-            open(plan);
+            openFilledWith(plan);
         breakPlan();
         press(editor(), "btn_ok");
         QCOMPARE(said(), QStringList{ message });
@@ -304,7 +302,7 @@ private Q_SLOTS:
     void outcomesAreReportedInEnglish()
     {
         const English english;
-        open(PlanSample());
+        openFilledWith(PlanSample());
         press(editor(), "btn_ok");
         edit(PlanSample(), QDate(2024, 5, 6));
         script().modifyAnswer = QStringLiteral("the service is asleep");
@@ -369,7 +367,7 @@ private Q_SLOTS:
     {
         const QRegularExpression caption(QStringLiteral("^la_|^label"));
         const English english;
-        open(PlanSample());
+        openFilledWith(PlanSample());
         for (const QString& planType :
             { AutoPlanTemplate::CumulativeQty, AutoPlanTemplate::SameElements, AutoPlanTemplate::ReduceHoldings }) {
             choose(editor(), "combx_planType", planType);
@@ -396,7 +394,7 @@ private Q_SLOTS:
     {
         QFETCH(PlanSample, plan);
         const English english;
-        open(plan);
+        openFilledWith(plan);
         host().layout()->setContentsMargins(0, 0, 0, 0);
         host().resize(FormSize);
         QCOMPARE(editor().width(), FormSize.width());
@@ -409,7 +407,7 @@ private Q_SLOTS:
     void theButtonsFit()
     {
         const English english;
-        open(PlanSample().withMode(AutoPlanInstMode::AlgoTradeReview));
+        openFilledWith(PlanSample().withMode(AutoPlanInstMode::AlgoTradeReview));
         const QList<QPushButton*> buttons = editor().findChildren<QPushButton*>();
         QCOMPARE(buttons.size(), 3);
         for (const QPushButton* const button : buttons)
@@ -429,15 +427,6 @@ private:
     {
         plan.begin = QDate(2024, 5, 6);
         row(name, source, message, plan, breakPlan, true);
-    }
-
-    void open(const PlanSample& plan)
-    {
-        openSampleMarket();
-        if (plan.mode != AutoPlanInstMode::ActiveManage)
-            script().ruleProperty = AutoPlanRuleProperty::Review;
-        constructShown();
-        fillForm(editor(), plan);
     }
 
     void edit(const PlanSample& plan, const QDate& day)

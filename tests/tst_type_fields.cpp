@@ -3,7 +3,6 @@
 #include "Kelvo_Values.h"
 #include "OrloDoubleSpinBox.h"
 #include "Orlo_Values.h"
-#include "ParamListWidget_single.h"
 #include "PlanVocabulary.h"
 
 #include <QDialog>

@@ -1,13 +1,11 @@
 #include "Algo_Fields.h"
 #include "Algo_Values.h"
 #include "EditorTest.h"
-#include "InstructionTargetType.h"
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
 #include "OrloDateEdit.h"
 #include "OrloDecimalLineEdit.h"
 #include "Orlo_Values.h"
-#include "PlanSample.h"
 #include "PlanVocabulary.h"
 #include "VorSearchBox.h"
 
@@ -352,26 +350,6 @@ private Q_SLOTS:
         QCOMPARE(sent(), 0);
     }
 
-    void brokenRulesReportInTheirOrder()
-    {
-        Rules broken;
-        for (const int rule : { DisclosureUnsigned, NoAccount, NoInstructionType, NoSecurity, DailyQuantityInOddLots,
-                 NoRatio, SpecialCharacterInFormula1, SpecialCharacterInFormula2, NoExecutor,
-                 AlgorithmForAnotherAccount, AlgorithmForAnotherSide, AlgorithmNeedsALimit, TargetBelowWhatIsUsed,
-                 StartedPlanBeginsElsewhere, TargetOffTheStep, HoldingsTooSmall })
-            broken.insert(rule);
-        QList<int> order = broken.values();
-        std::sort(order.begin(), order.end());
-        for (const int rule : qAsConst(order)) {
-            script().reset();
-            setToday(QDate(2024, 5, 6));
-            script().questionAnswer = 0;
-            QCOMPARE(check(broken), QStringList{ spoken(rule, broken) });
-            QCOMPARE(sent(), 0);
-            broken.remove(rule);
-        }
-    }
-
     void everyAcceptedQuestionLeadsToTheNext()
     {
         const QList<int> questions = { TargetOffTheStep, DailyQuantityOffTheStep, HoldingsTooSmall };
@@ -382,28 +360,6 @@ private Q_SLOTS:
         expected.append(QStringLiteral("tip: 交易自动规划创建成功!"));
         QCOMPARE(check(broken), expected);
         QCOMPARE(script().createdRecords.size(), 1);
-    }
-
-    void aDeclinedQuestionEndsTheRow_data()
-    {
-        QTest::addColumn<int>("accepted");
-        QTest::newRow("the first is declined") << 0;
-        QTest::newRow("the second is declined") << 1;
-        QTest::newRow("the third is declined") << 2;
-    }
-
-    void aDeclinedQuestionEndsTheRow()
-    {
-        QFETCH(int, accepted);
-        const QList<int> questions = { TargetOffTheStep, DailyQuantityOffTheStep, SpecialTreatment };
-        const Rules broken(questions.cbegin(), questions.cend());
-        QStringList expected;
-        for (int i = 0; i <= accepted; ++i) {
-            script().questionAnswers.append(i < accepted ? 1 : 0);
-            expected.append(spoken(questions.at(i), broken));
-        }
-        QCOMPARE(check(broken), expected);
-        QCOMPARE(sent(), 0);
     }
 };
 

@@ -2,14 +2,12 @@
 #include "Algo_Values.h"
 #include "AutoPlanField.h"
 #include "EditorTest.h"
-#include "FormView.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
 #include "OrloDecimalLineEdit.h"
 #include "Orlo_Fields.h"
 #include "Orlo_Values.h"
-#include "PlanSample.h"
 #include "PlanVocabulary.h"
 #include "VorSearchBox.h"
 
@@ -93,12 +91,7 @@ class ValidationRulesTest : public EditorTest {
 private:
     void open(const PlanSample& plan)
     {
-        if (script().accounts.isEmpty())
-            openSampleMarket();
-        if (plan.mode != AutoPlanInstMode::ActiveManage)
-            script().ruleProperty = AutoPlanRuleProperty::Review;
-        constructShown();
-        fillForm(editor(), plan);
+        openFilledWith(plan);
         script().forget();
     }
 
@@ -640,6 +633,7 @@ private Q_SLOTS:
         row("the target is below a step", hk, quantities(499, 500), QStringList{ target, Created });
         row("the daily quantity does not", hk, quantities(1000, 501), QStringList{ perDay, Created });
         row("neither does", hk, quantities(750, 1), QStringList{ target, perDay, Created });
+        row("neither does, and the first is declined", hk, quantities(750, 1, { 0 }), target);
         row("neither does, and the second is declined", hk, quantities(750, 1, { 1, 0 }),
             QStringList{ target, perDay });
         row("a daily quantity of zero fits", hk, quantities(1000, 0), Created);
@@ -659,17 +653,6 @@ private Q_SLOTS:
             Created);
     }
     void quantitiesShouldFitTheStep() { check(); }
-
-    void lotsAreRoundedAndStepsAreCutOff()
-    {
-        open(connectPlan());
-        script().securities[HkStock].displayFactor = 500;
-        script().questionAnswer = 0;
-        enterExactly("le_targetTotalNum", 999.9999995);
-        QCOMPARE(ok(), QStringList{ question("目标总量需等于【500】的整数倍，是否继续？") });
-        enterExactly("le_targetTotalNum", 999.999);
-        QCOMPARE(ok(), QStringList{ warning("沪市债券目标总量需为500的正整数倍，是否继续？") });
-    }
 
     void holdingsShouldCoverASale_data()
     {
@@ -777,41 +760,6 @@ private Q_SLOTS:
         QCOMPARE(script().calls.mid(0, firstOfTheRecord),
             calls.replaceInStrings(QStringLiteral("SYMBOL"), plan.symbol)
                 .replaceInStrings(QStringLiteral("EXCHANGE"), script().security(plan.symbol).exchange));
-    }
-
-    void aDisplayFactorOfZeroSkipsTheLotRules()
-    {
-        open(PlanSample());
-        script().securities[Stock].displayFactor = 0;
-        enter(editor(), "le_targetTotalNum", 7);
-        enter(editor(), "le_entrustMaxNum", 3);
-        log().expectWarning(QStringLiteral("AutoParamSetting::checkParam"), 2);
-        log().expectWarning(QStringLiteral("AutoParamSetting::procUiDataByCreatePlan"));
-        QCOMPARE(ok(), QStringList{ Created });
-    }
-
-    void onlyAnEditAsksForInstructions()
-    {
-        openSampleMarket();
-        storePlan(PlanId, PlanSample());
-        constructShown();
-        editor().copyPlan(PlanId);
-        QCOMPARE(ok(), QStringList{ Created });
-        QCOMPARE(script().countOf(QStringLiteral("GetPlanInstruction")), 0);
-    }
-
-    void theFormIsUntouchedByARefusal()
-    {
-        open(saleOf(1000));
-        holdings({}, 1, 0)();
-        for (const QString& formula : { QStringLiteral("昨收价"), QStringLiteral("a;b") }) {
-            type(editor(), "lineEdit_price1", formula);
-            const model::FormView view(editor());
-            const model::FormState before = view.state();
-            ok();
-            QCOMPARE(model::differences(before, view.state()), QStringList());
-        }
-        QCOMPARE(sent(), 0);
     }
 };
 

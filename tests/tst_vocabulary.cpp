@@ -72,46 +72,6 @@ private Q_SLOTS:
         QCOMPARE(AutoPlanFormula::CompareFunctions, lines("max(,)\nmin(,)"));
     }
 
-    void codesOfDifferentFamiliesMayBeEqual()
-    {
-        QCOMPARE(AutoPlanInstructionType::Ordinary, AutoPlanInstMode::ActiveManage);
-        QCOMPARE(AutoPlanInstMode::ActiveManage, AutoPlanPriceModel::NoLimit);
-        QCOMPARE(AutoPlanPriceModel::NoLimit, ReduceHoldingsMode::Continuous90Days);
-        QCOMPARE(AutoPlanInstructionType::Credit, AutoPlanInstMode::NormalTradeReview);
-    }
-
-    void theFormOffersTheVocabulary_data()
-    {
-        QTest::addColumn<QByteArray>("box");
-        QTest::addColumn<QString>("offeredTexts");
-        QTest::addColumn<QString>("offeredCodes");
-        QTest::newRow("plan types") << QByteArray("combx_planType") << "累计数量 平均数量 相同要素 减持"
-                                    << "TW-01 TW-02 TW-03 JC-01";
-        QTest::newRow("sides") << QByteArray("combx_tradeSide") << "买入 卖出"
-                               << "k_side_buy k_side_sell";
-        QTest::newRow("price modes") << QByteArray("combx_priceMode") << "不限价 自定义 比较值取最大 比较值取最小"
-                                     << "1 6 7 8";
-        QTest::newRow("price types") << QByteArray("combx_priceType") << "增强限价盘 竞价限价盘"
-                                     << "o_HKTimeInForce_InTrade o_HKTimeInForce_BeforeTrade";
-        QTest::newRow("modes under review") << QByteArray("combx_instructionMode") << "普通交易复核 算法交易复核"
-                                            << "2 3";
-        QTest::newRow("reduction modes") << QByteArray("combx_reduceHMode") << "连续90天减持不超过总股本1%"
-                                         << "1";
-    }
-
-    void theFormOffersTheVocabulary()
-    {
-        QFETCH(QByteArray, box);
-        QFETCH(QString, offeredTexts);
-        QFETCH(QString, offeredCodes);
-        script().ruleProperty = AutoPlanRuleProperty::Review;
-        script().addOrdinaryAccount(Account);
-        construct();
-        choose(editor(), "combx_priceMode", QStringLiteral("6"));
-        QCOMPARE(texts(editor(), box.constData()), offeredTexts.split(QLatin1Char(' ')));
-        QCOMPARE(codes(editor(), box.constData()), offeredCodes.split(QLatin1Char(' ')));
-    }
-
     void textsOfInstructionTypesComeFromTheConfiguration()
     {
         script().staticTexts.insert(QStringLiteral("AutoPlanInstructionType/1"), QStringLiteral("甲"));
@@ -132,15 +92,6 @@ private Q_SLOTS:
         construct();
         QCOMPARE(texts(editor(), "combx_instructionTargetType"), lines("甲\n乙"));
         QCOMPARE(codes(editor(), "combx_instructionTargetType"), lines("tt_QtyOrder\ntt_AmountOrder"));
-    }
-
-    void theFirstAssigneeIsUnspecified()
-    {
-        script().forwardUsers = lines("李四");
-        script().addOrdinaryAccount(Account);
-        construct();
-        QCOMPARE(texts(editor(), "combx_assignTo"), lines("默认不指定\n李四"));
-        QCOMPARE(code(editor(), "combx_assignTo"), QString());
     }
 
     void planTypesAreComparedCaseSensitively()

@@ -7,7 +7,6 @@
 #include "OrloComboBox.h"
 #include "OrloSubTitleWidget.h"
 #include "Orlo_Values.h"
-#include "PlanSample.h"
 #include "PlanVocabulary.h"
 
 #include <QLineEdit>

@@ -39,6 +39,25 @@ AutoParamSetting& EditorTest::constructShown()
     return *m_editor;
 }
 
+void EditorTest::openWithAccount()
+{
+    script().addOrdinaryAccount(Account);
+    addSecurities();
+    constructShown();
+    script().forget();
+    log().clear();
+}
+
+void EditorTest::openFilledWith(const PlanSample& plan)
+{
+    if (script().accounts.isEmpty())
+        openSampleMarket();
+    if (plan.mode != AutoPlanInstMode::ActiveManage)
+        script().ruleProperty = AutoPlanRuleProperty::Review;
+    constructShown();
+    fillForm(editor(), plan);
+}
+
 AutoParamSetting& EditorTest::editor() const
 {
     if (m_editor == nullptr)

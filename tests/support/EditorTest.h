@@ -3,6 +3,7 @@
 #include "AutoParamSetting.h"
 #include "EditorForm.h"
 #include "LogCatcher.h"
+#include "PlanSample.h"
 #include "Script.h"
 #include "TestClock.h"
 
@@ -35,6 +36,11 @@ protected:
     AutoParamSetting& construct();
     /// The same, and shows it.
     AutoParamSetting& constructShown();
+    /// A shown editor with an ordinary account and the securities above; forgets the calls and the log until then.
+    void openWithAccount();
+    /// A shown editor, filled with a new plan, under review where its mode needs it. Opens the sample market unless the
+    /// test has added accounts.
+    void openFilledWith(const PlanSample& plan);
     /// The editor of this test function; aborts the test program if none was constructed.
     AutoParamSetting& editor() const;
     /// The window that holds it.

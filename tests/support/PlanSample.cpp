@@ -9,18 +9,13 @@
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
 #include "OrloConstants.h"
-#include "OrloDateEdit.h"
-#include "OrloDecimalLineEdit.h"
 #include "Orlo_Fields.h"
 #include "Orlo_Values.h"
 #include "ParamListWidget_single.h"
 #include "Script.h"
-#include "VorSearchBox.h"
 
-#include <QAbstractButton>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QLineEdit>
 #include <QLocale>
 
 namespace {

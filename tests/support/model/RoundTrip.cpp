@@ -4,7 +4,6 @@
 #include "AutoPlanField.h"
 #include "Exploration.h"
 #include "Kelvo_Fields.h"
-#include "Kelvo_Values.h"
 #include "OrloConstants.h"
 #include "Orlo_Fields.h"
 #include "PlanVocabulary.h"
