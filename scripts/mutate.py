@@ -456,7 +456,8 @@ class Worker:
         place = tokens.index("-o") + 1
         tokens[place] = str(self.bin / target)
         if any(Path(token).name == LIBRARY for token in old):
-            tokens[place + 1 : place + 1] = [new for token, new in built.items() if token not in old]
+            tokens[place + 1 : place + 1] = [
+                new for token, new in built.items() if token not in old and token.startswith(f"{EDITOR}/")]
         return run(tokens, cwd=self.build.build).returncode == 0
 
     def make(self, mutant):
