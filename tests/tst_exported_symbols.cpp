@@ -1,5 +1,6 @@
 #include "InterfaceList.h"
 
+#include <QDirIterator>
 #include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
@@ -82,6 +83,21 @@ private Q_SLOTS:
         }
     }
 
+    void noFileLoadsLibrariesFromTheCurrentFolder()
+    {
+        QStringList programs;
+        const QStringList files = builtFiles();
+        for (const QString& file : files) {
+            const QStringList folders = runPath(file);
+            for (const QString& folder : folders)
+                QVERIFY2(QDir::isAbsolutePath(folder) || folder.startsWith(QLatin1String("$ORIGIN")),
+                    qPrintable(file + QStringLiteral(": ") + folders.join(QLatin1Char(':'))));
+            if (!folders.isEmpty())
+                programs.append(QFileInfo(file).fileName());
+        }
+        QVERIFY(programs.contains(QFileInfo(QCoreApplication::applicationFilePath()).fileName()));
+    }
+
     void theInterfaceIsTheOneThatWasKept()
     {
         QFile file(QStringLiteral(INTERFACE_FILE));
@@ -105,6 +121,28 @@ private:
         if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0)
             return {};
         return QString::fromUtf8(process.readAll());
+    }
+
+    /// The programs and libraries in the build folder.
+    static QStringList builtFiles()
+    {
+        QStringList files;
+        for (const char* const folder : { PROGRAM_FOLDER, LIBRARY_FOLDER }) {
+            QDirIterator entries(
+                QString::fromUtf8(folder), QDir::Files | QDir::Executable, QDirIterator::Subdirectories);
+            while (entries.hasNext())
+                files.append(entries.next());
+        }
+        return files;
+    }
+
+    /// The folders in which the file's libraries are searched first, empty entries included.
+    static QStringList runPath(const QString& file)
+    {
+        static const QRegularExpression entry(QStringLiteral("\\((RPATH|RUNPATH)\\)[^[]*\\[(.*)\\]"));
+        const QString text = output(QStringLiteral(READELF_PROGRAM), { QStringLiteral("-dW"), file });
+        const QRegularExpressionMatch found = entry.match(text);
+        return found.hasMatch() ? found.captured(2).split(QLatin1Char(':')) : QStringList();
     }
 
     /// The demangled names, without address and type.
