@@ -6,6 +6,7 @@
 #include "OrloBusinessDataInterface.h"
 #include "OrloStrategyFactory.h"
 #include "ParamListWidget.h"
+#include "PlainText.h"
 #include "StrategyLibrary.h"
 
 #include <QComboBox>
@@ -74,7 +75,7 @@ void AlgorithmPanel::buildPanel()
     buildChoice(column);
     m_formLayout = new QVBoxLayout;
     column->addLayout(m_formLayout);
-    m_message = new QLabel(border);
+    m_message = PlainText::newLabel(QString(), border);
     m_message->setObjectName(QStringLiteral("lab_message"));
     m_message->setWordWrap(true);
     QPalette colors = m_message->palette();
@@ -87,7 +88,7 @@ void AlgorithmPanel::buildPanel()
 
 void AlgorithmPanel::buildChoice(QVBoxLayout* column)
 {
-    m_baseData = new QLabel(this);
+    m_baseData = PlainText::newLabel(QString(), this);
     m_baseData->setObjectName(QStringLiteral("lab_baseData"));
     column->addWidget(m_baseData);
 
@@ -101,7 +102,7 @@ void AlgorithmPanel::buildChoice(QVBoxLayout* column)
     line->addWidget(m_strategies, 1);
     column->addLayout(line);
 
-    m_description = new QLabel(this);
+    m_description = PlainText::newLabel(QString(), this);
     m_description->setObjectName(QStringLiteral("lab_description"));
     m_description->setWordWrap(true);
     column->addWidget(m_description);

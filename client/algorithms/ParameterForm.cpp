@@ -1,6 +1,7 @@
 #include "ParameterForm.h"
 
 #include "ParameterValue.h"
+#include "PlainText.h"
 #include "StepInput.h"
 
 #include <QButtonGroup>
@@ -157,7 +158,7 @@ QMap<QString, QString> ParameterForm::defaults(const StrategyDefinition& strateg
 
 void ParameterForm::addSection(const QString& title)
 {
-    auto* const heading = new QLabel(title, this);
+    QLabel* const heading = PlainText::newLabel(title, this);
     QFont font = heading->font();
     font.setBold(true);
     heading->setFont(font);
@@ -171,14 +172,14 @@ void ParameterForm::addRow(const StrategyControl& control, const StrategyParamet
     row.control = control;
     makeInput(row);
     row.input->setObjectName(QStringLiteral("input_") + parameter.name);
-    row.input->setToolTip(control.tooltip);
+    row.input->setToolTip(PlainText::toolTip(control.tooltip));
     row.input->setAccessibleName(control.label);
     row.input->setAccessibleDescription(descriptionOf(control, parameter));
     row.input->setMinimumWidth(qMax(InputWidth, row.input->minimumWidth()));
     if (!row.lastFocus)
         row.lastFocus = row.input;
 
-    auto* const label = new QLabel(control.label, this);
+    QLabel* const label = PlainText::newLabel(control.label, this);
     label->setBuddy(row.input);
     const int line = m_grid->rowCount();
     m_grid->addWidget(label, line, 0);
@@ -189,11 +190,11 @@ void ParameterForm::addRow(const StrategyControl& control, const StrategyParamet
 
 void ParameterForm::addRemarks(const Row& row, int line)
 {
-    auto* const unit = new QLabel(unitOf(row.control, row.parameter), this);
+    QLabel* const unit = PlainText::newLabel(unitOf(row.control, row.parameter), this);
     unit->setObjectName(QStringLiteral("unit_") + row.parameter.name);
     m_grid->addWidget(unit, line, 2);
 
-    auto* const hint = new QLabel(hintOf(row.parameter), this);
+    QLabel* const hint = PlainText::newLabel(hintOf(row.parameter), this);
     hint->setObjectName(QStringLiteral("hint_") + row.parameter.name);
     QPalette faint = hint->palette();
     QColor ink = faint.color(QPalette::WindowText);

@@ -2,6 +2,7 @@
 
 #include "DateRules.h"
 #include "ErrorText.h"
+#include "PlainText.h"
 
 #include <QGridLayout>
 #include <QKeyEvent>
@@ -109,7 +110,7 @@ void CalendarPopup::showDay(QToolButton* button, const QDate& date)
     button->setAccessibleName(dateText(date));
     button->setText(QString::number(date.day()));
     button->setEnabled(static_cast<bool>(status));
-    button->setToolTip(errorText(status));
+    button->setToolTip(PlainText::toolTip(errorText(status)));
     button->setChecked(date == m_marked);
     button->setVisible(date.month() == m_month.month());
 }

@@ -3,6 +3,7 @@
 #include "DateRules.h"
 #include "ErrorText.h"
 #include "FieldHint.h"
+#include "PlainText.h"
 #include "Popups.h"
 
 #include <QFocusEvent>
@@ -67,7 +68,7 @@ void DateField::updateMark()
     m_edit->ensurePolished();
     m_edit->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1String(WidestText)) + 4);
     const Status status = m_date.isValid() ? m_check(m_date) : Status();
-    m_edit->setToolTip(errorText(status));
+    m_edit->setToolTip(PlainText::toolTip(errorText(status)));
     if (m_edit->property(RefusedProperty).toBool() == !status)
         return;
     m_edit->setProperty(RefusedProperty, !status);

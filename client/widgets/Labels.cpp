@@ -1,6 +1,7 @@
 #include "OrloElidedLabel.h"
 #include "OrloHintLabel.h"
 #include "OrloSubTitleWidget.h"
+#include "PlainText.h"
 
 #include <QFrame>
 #include <QHBoxLayout>
@@ -81,7 +82,7 @@ void OrloElidedLabel::paintEvent(QPaintEvent* event)
     const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, room.width());
     const Qt::Alignment align = QStyle::visualAlignment(layoutDirection(), alignment());
     style()->drawItemText(&painter, room, int(align), palette(), isEnabled(), shown, foregroundRole());
-    const QString tip = shown == text() ? QString() : text();
+    const QString tip = shown == text() ? QString() : PlainText::toolTip(text());
     if (toolTip() != tip)
         setToolTip(tip);
 }

@@ -1,6 +1,7 @@
 #include "FormArrangement.h"
 
 #include "Appearance.h"
+#include "PlainText.h"
 
 #include <QCoreApplication>
 #include <QGridLayout>
@@ -65,7 +66,7 @@ void FormArrangement::explainSteps(const QWidget& form)
     for (const char* const name : { "label_targetQtyStep", "label_maxEntrustQtyStep" }) {
         auto* const label = form.findChild<QLabel*>(QLatin1String(name));
         const QString step = label->text();
-        label->setToolTip(
-            step.isEmpty() ? QString() : QCoreApplication::translate("EditorDialog", "应为%1的整数倍").arg(step));
+        const QString rule = QCoreApplication::translate("EditorDialog", "应为%1的整数倍").arg(step);
+        label->setToolTip(step.isEmpty() ? QString() : PlainText::toolTip(rule));
     }
 }

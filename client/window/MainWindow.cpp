@@ -6,6 +6,7 @@
 #include "EditorDialog.h"
 #include "ErrorText.h"
 #include "OrloWidget.h"
+#include "PlainText.h"
 #include "PlanDetails.h"
 #include "PlanEvents.h"
 #include "PlanFormatter.h"
@@ -167,8 +168,8 @@ void MainWindow::buildActions()
 void MainWindow::buildStatus()
 {
     const QFileInfo database(ClientSession::instance().database().fileName());
-    auto* const file = new QLabel(database.fileName(), this);
-    file->setToolTip(database.absoluteFilePath());
+    QLabel* const file = PlainText::newLabel(database.fileName(), this);
+    file->setToolTip(PlainText::toolTip(database.absoluteFilePath()));
     statusBar()->addPermanentWidget(file);
 }
 

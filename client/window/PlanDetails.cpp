@@ -4,6 +4,7 @@
 #include "InstructionTargetType.h"
 #include "OrloHintLabel.h"
 #include "Orlo_Fields.h"
+#include "PlainText.h"
 #include "PlanCodes.h"
 #include "PlanFormatter.h"
 
@@ -70,9 +71,7 @@ void PlanDetails::addRow(QFormLayout* rows, const QString& caption, const QStrin
     auto* const label = new OrloHintLabel;
     label->setText(caption);
     label->setAlignment(Qt::AlignRight | Qt::AlignTop);
-    auto* const value = new QLabel;
-    value->setTextFormat(Qt::PlainText);
-    value->setText(text);
+    QLabel* const value = PlainText::newLabel(text, nullptr);
     value->setWordWrap(true);
     value->setTextInteractionFlags(Qt::TextSelectableByMouse);
     label->setBuddy(value);

@@ -1,6 +1,7 @@
 #include "PlanTableModel.h"
 
 #include "ClientSession.h"
+#include "PlainText.h"
 #include "PlanFormatter.h"
 
 namespace {
@@ -86,7 +87,8 @@ QVariant PlanTableModel::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid() || index.row() >= m_count || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
         return QVariant();
-    return page(index.row() / PageSize).value(index.row() % PageSize).texts.value(index.column());
+    const QString text = page(index.row() / PageSize).value(index.row() % PageSize).texts.value(index.column());
+    return role == Qt::ToolTipRole ? PlainText::toolTip(text) : text;
 }
 
 QVariant PlanTableModel::headerData(int section, Qt::Orientation orientation, int role) const

@@ -1,0 +1,224 @@
+#include "AutoPlanField.h"
+#include "ClientFormTest.h"
+#include "EditorDialog.h"
+#include "EditorForm.h"
+#include "MainWindow.h"
+#include "OrloAgreementSignWidget.h"
+#include "OrloWidget.h"
+#include "Orlo_Values.h"
+#include "ParameterForm.h"
+#include "PlanCodes.h"
+#include "TestStatus.h"
+
+#include <QAbstractItemView>
+#include <QLabel>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QTextDocument>
+#include <QtTest>
+
+using namespace PlanCodes;
+
+namespace {
+
+const QString Tag = QStringLiteral("<img src=");
+
+/// Looks like HTML that reads a file.
+QString hostile(const QString& text)
+{
+    return Tag + QStringLiteral("\"/dev/stdin\">%1<br>").arg(text);
+}
+
+/// Where texts with `Tag` are shown, and which of them as HTML.
+struct Finding {
+    QStringList places;
+    QStringList rich;
+
+    void add(const QString& place, const QString& text, bool isRich)
+    {
+        QTextDocument shown;
+        if (isRich)
+            shown.setHtml(text);
+        else
+            shown.setPlainText(text);
+        if (text.contains(Tag) || shown.toPlainText().contains(Tag))
+            places << place;
+        if (text.contains(Tag) && !shown.toPlainText().contains(Tag))
+            rich << place;
+    }
+
+    // As Qt decides it for tool tips and What's This texts, and for labels with an automatic format.
+    void add(const QString& place, const QString& text) { add(place, text, Qt::mightBeRichText(text)); }
+};
+
+void addItems(const QAbstractItemView& view, Finding& finding)
+{
+    const QAbstractItemModel* const model = view.model();
+    for (int row = 0; model && row < qMin(model->rowCount(), 50); ++row) {
+        for (int column = 0; column < model->columnCount(); ++column) {
+            const QModelIndex index = model->index(row, column);
+            finding.add(view.objectName() + QStringLiteral(" item"), index.data().toString(), false);
+            for (const int role : { Qt::ToolTipRole, Qt::WhatsThisRole })
+                finding.add(view.objectName() + QStringLiteral(" item's tip"), index.data(role).toString());
+        }
+    }
+}
+
+Finding lookAtWidgets()
+{
+    Finding finding;
+    const QWidgetList widgets = QApplication::allWidgets();
+    for (const QWidget* const widget : widgets) {
+        const QString name =
+            QString::fromLatin1(widget->metaObject()->className()) + QLatin1Char(' ') + widget->objectName();
+        finding.add(name + QStringLiteral(" tool tip"), widget->toolTip());
+        finding.add(name + QStringLiteral(" What's This"), widget->whatsThis());
+        if (const auto* const label = qobject_cast<const QLabel*>(widget)) {
+            const Qt::TextFormat format = label->textFormat();
+            finding.add(name, label->text(),
+                format == Qt::AutoText ? Qt::mightBeRichText(label->text()) : format != Qt::PlainText);
+        }
+        if (const auto* const view = qobject_cast<const QAbstractItemView*>(widget))
+            addItems(*view, finding);
+    }
+    return finding;
+}
+
+/// Makes every text of a column hostile.
+bool spoil(const QString& file, const QString& table, const QString& column)
+{
+    bool done = false;
+    {
+        QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("spoil"));
+        database.setDatabaseName(file);
+        QSqlQuery query(database);
+        done = database.open()
+            && query.exec(QStringLiteral("UPDATE %1 SET %2 = '%3' || %2").arg(table, column, hostile(QString())));
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("spoil"));
+    return done;
+}
+
+StrategyDefinition hostileStrategy()
+{
+    StrategyParameter parameter;
+    parameter.name = QStringLiteral("P");
+    StrategyControl control;
+    control.id = QStringLiteral("c");
+    control.parameter = parameter.name;
+    control.label = hostile(QStringLiteral("标签"));
+    control.unit = hostile(QStringLiteral("单位"));
+    control.tooltip = hostile(QStringLiteral("提示"));
+    control.section = hostile(QStringLiteral("分组"));
+    StrategyDefinition strategy;
+    strategy.parameters << parameter;
+    strategy.controls << control;
+    return strategy;
+}
+
+} // namespace
+
+/// Texts from data are shown as they are, in every widget, even if they look like HTML.
+class HostileTextsTest : public ClientFormTest {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        startSession();
+        ClientSession::instance().close();
+        const QList<QPair<QString, QString>> columns{
+            { QStringLiteral("securities"), QStringLiteral("name") },
+            { QStringLiteral("accounts"), QStringLiteral("name") },
+            { QStringLiteral("users"), QStringLiteral("name") },
+            { QStringLiteral("agreements"), QStringLiteral("title") },
+            { QStringLiteral("static_texts"), QStringLiteral("text") },
+            { QStringLiteral("chain_users"), QStringLiteral("user_name") },
+        };
+        for (const auto& column : columns)
+            QVERIFY2(spoil(session().file(), column.first, column.second), qPrintable(column.first));
+        QCOMPARE(session().reopen(), Status());
+        QMap<QString, QVariant> record = SampleSession::record();
+        record.insert(AutoPlanField::BaseField::remark, hostile(QStringLiteral("备注")));
+        m_plan = session().create(record);
+        QCOMPARE(session().reason(), QString());
+    }
+
+    void cleanupTestCase() { endSession(); }
+
+    void inTheWindow()
+    {
+        MainWindow window;
+        window.show();
+        const Finding found = lookAtWidgets();
+        QCOMPARE(found.rich, QStringList());
+        QVERIFY(found.places.contains(QStringLiteral("planTable item")));
+        QVERIFY(found.places.contains(QStringLiteral("planTable item's tip")));
+        QVERIFY(found.places.contains(QStringLiteral("QLabel ")));
+    }
+
+    void inTheForm()
+    {
+        openPlan(m_plan, true);
+        editor().window()->grab();
+        const Finding found = lookAtWidgets();
+        QCOMPARE(found.rich, QStringList());
+        QVERIFY(found.places.contains(QStringLiteral("OrloElidedLabel la_symbolName")));
+        QVERIFY(found.places.contains(QStringLiteral("OrloElidedLabel la_symbolName tool tip")));
+    }
+
+    void inTheListOfSecurities()
+    {
+        open();
+        choose(editor(), "combx_fundAccount", FreeAccount);
+        choose(editor(), "combx_instructionType", InstructionType::Ordinary);
+        QVERIFY(takeKeyboard(editor().window()));
+        auto* const symbol = field<QLineEdit>(editor(), "le_symbol");
+        symbol->setFocus();
+        const auto suggestions = [symbol] { return symbol->findChild<QWidget*>(QStringLiteral("suggestions")); };
+        QTest::keyClicks(symbol, share().section(QLatin1Char('.'), 0, 0));
+        QTRY_VERIFY(suggestions() && suggestions()->isVisible());
+        const Finding found = lookAtWidgets();
+        QCOMPARE(found.rich, QStringList());
+        QVERIFY(found.places.contains(QStringLiteral("suggestions item")));
+    }
+
+    void inABox()
+    {
+        Finding found;
+        boxes().expect(QStringLiteral("msgBoxWarning"));
+        boxes().setOnShown([&found](QWidget*) { found = lookAtWidgets(); });
+        OrloWidget::ShowWarningMsgBox(hostile(QStringLiteral("文字")), nullptr);
+        boxes().setOnShown({});
+        QCOMPARE(found.rich, QStringList());
+        QVERIFY(found.places.contains(QStringLiteral("QLabel msgBoxText")));
+    }
+
+    void inAnAgreement()
+    {
+        OrloAgreementSignWidget dialog(true, true, nullptr);
+        dialog.SetAgreement(Orlo_Values::ProtocolId::AutoPlanReduceAgree);
+        dialog.SetClientNoList({ hostile(QStringLiteral("1")) });
+        const Finding found = lookAtWidgets();
+        QCOMPARE(found.rich, QStringList());
+        QVERIFY(found.places.contains(QStringLiteral("QLabel agreementTitle")));
+    }
+
+    void inTheParametersOfAnAlgorithm()
+    {
+        const ParameterForm form(hostileStrategy(), nullptr);
+        const Finding found = lookAtWidgets();
+        QCOMPARE(found.rich, QStringList());
+        const QStringList expected{ QStringLiteral("QLabel "), QStringLiteral("QLabel unit_P"),
+            QStringLiteral("QLineEdit input_P tool tip") };
+        for (const QString& place : expected)
+            QVERIFY2(found.places.contains(place), qPrintable(place));
+    }
+
+private:
+    QString m_plan;
+};
+
+QTEST_MAIN(HostileTextsTest)
+#include "tst_hostile_texts.moc"
