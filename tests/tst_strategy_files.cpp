@@ -483,6 +483,17 @@ private Q_SLOTS:
         QCOMPARE(readText(strategy(QStringLiteral("<Description>%1</Description>").arg(longText))).status(),
             refused(3, descriptionTooLong));
 
+        const auto withAttributes = [](int count) {
+            QString attributes;
+            for (int i = 0; i < count; ++i)
+                attributes += QStringLiteral(" a%1='\"'").arg(i);
+            return root(QStringLiteral("<!-- = --><Strategy%1/>").arg(attributes));
+        };
+        const Status unknown(Error::UnsupportedAttribute, { QStringLiteral("Strategy"), QStringLiteral("a0") });
+        QCOMPARE(readText(withAttributes(50)).status(), refused(2, unknown));
+        const Status tooManyAttributes(Error::TooManyAttributes, { QStringLiteral("50") });
+        QCOMPARE(readText(withAttributes(51)).status(), refused(2, tooManyAttributes));
+
         const QString fits = namedStrategy(QStringLiteral("A"));
         const auto padded = [&](qint64 size) {
             return fits + QString(static_cast<int>(size - fits.toUtf8().size()), QLatin1Char(' '));
@@ -490,6 +501,62 @@ private Q_SLOTS:
         QCOMPARE(readText(padded(StrategyFile::MaxSize)).status(), Status());
         const Status tooLarge(Error::FileTooLarge, { QStringLiteral("1048576") });
         QCOMPARE(readText(padded(StrategyFile::MaxSize + 1)).status(), unreadable(FileName, tooLarge));
+    }
+
+    void otherEncodingsAreRefused()
+    {
+        const auto read = [](QByteArray bytes) {
+            QBuffer buffer(&bytes);
+            buffer.open(QIODevice::ReadOnly);
+            return StrategyFile::read(buffer, FileName).status();
+        };
+        const QString text = namedStrategy(QStringLiteral("A"));
+        const auto declared = [&](const char* encoding) {
+            return "<?xml version=\"1.0\" encoding=\"" + QByteArray(encoding) + "\"?>" + text.toUtf8();
+        };
+        QCOMPARE(read(declared("utf-8")), Status());
+        QCOMPARE(read(declared("GB18030")), refused(1, Error::NotUtf8));
+        QCOMPARE(read(declared("ISO-2022-JP")), refused(1, Error::NotUtf8));
+        const QString marked = QChar(QChar::ByteOrderMark) + text;
+        const QByteArray wide(reinterpret_cast<const char*>(marked.utf16()), int(marked.size()) * 2);
+        QCOMPARE(read(wide), Status(Error::StrategyFileRefused, { FileName }, Error::NotUtf8));
+    }
+
+    // All times within one run, with a wide margin: a quadratic step takes hundreds of times as long.
+    void readingTakesTimeInProportionToTheSize()
+    {
+        const auto timeOf = [](const QString& text, bool isValid) {
+            QElapsedTimer timer;
+            timer.start();
+            const Status status = readText(text).status();
+            return isValid == static_cast<bool>(status) ? timer.nsecsElapsed() : -1;
+        };
+        const auto strategies = [](int count) {
+            QString content;
+            for (int i = 0; i < count; ++i) {
+                content += QStringLiteral("<Strategy name=\"S%1\">\n").arg(i);
+                for (int number = 0; number < StrategyLimits::MaxCount; ++number)
+                    content +=
+                        QStringLiteral("<Parameter name=\"P%1\" xsi:type=\"Int_t\" constValue=\"%1\"/>\n").arg(number);
+                content += QStringLiteral("</Strategy>\n");
+            }
+            return root(content);
+        };
+        const qint64 quarter = timeOf(strategies(25), true);
+        const qint64 whole = timeOf(strategies(100), true);
+        QVERIFY(quarter > 0 && whole > 0);
+        QVERIFY2(whole < 16 * quarter, qPrintable(QStringLiteral("%1, %2 ns").arg(quarter).arg(whole)));
+
+        QString attributes;
+        for (int i = 0; i < 80000; ++i)
+            attributes += QStringLiteral(" a%1=\"\"").arg(i);
+        const qint64 hostile = timeOf(root(QStringLiteral("<Strategy%1/>").arg(attributes)), false);
+        QVERIFY2(hostile > 0 && hostile < 4 * whole, qPrintable(QStringLiteral("%1, %2 ns").arg(hostile).arg(whole)));
+        QString namespaces;
+        for (int i = 0; i < 50000; ++i)
+            namespaces += QStringLiteral(" xmlns:n%1=\"u\"").arg(i);
+        const qint64 names = timeOf(QStringLiteral("<Strategies%1/>").arg(namespaces), false);
+        QVERIFY2(names > 0 && names < 4 * whole, qPrintable(QStringLiteral("%1, %2 ns").arg(names).arg(whole)));
     }
 
     void aFileThatCannotBeReadIsRefused()

@@ -122,7 +122,9 @@ enum class Error {
     FileTooLarge, ///< largest number of bytes
     FileIncomplete,
     InvalidXml,
-    WrongRoot, ///< element
+    NotUtf8,
+    TooManyAttributes, ///< largest number
+    WrongRoot,         ///< element
     NoStrategy,
     DtdNotAllowed,
     EntityNotAllowed,

@@ -131,6 +131,8 @@ constexpr Sentence Sentences[] = {
     { Error::FileTooLarge, "文件超过%1字节" },
     { Error::FileIncomplete, "文件不完整" },
     { Error::InvalidXml, "XML格式不正确" },
+    { Error::NotUtf8, "编码不是UTF-8" },
+    { Error::TooManyAttributes, "元素的属性超过%1个" },
     { Error::WrongRoot, "根元素应为FIXatdl 1.1的Strategies，而不是%1" },
     { Error::NoStrategy, "文件中没有策略" },
     { Error::DtdNotAllowed, "不允许DTD和实体声明" },

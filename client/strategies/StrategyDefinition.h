@@ -86,6 +86,8 @@ struct StrategyDefinition {
 namespace StrategyLimits {
 /// Most strategies in a file; parameters, controls and rules of a strategy; values of a parameter.
 constexpr int MaxCount = 100;
+/// Most attributes of an element, namespaces included.
+constexpr int MaxAttributes = 50;
 /// Deepest nesting of panels.
 constexpr int MaxPanelDepth = 8;
 /// Longest text of an attribute or a description.

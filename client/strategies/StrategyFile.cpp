@@ -1,5 +1,6 @@
 #include "StrategyFile.h"
 
+#include "StrategyMarkup.h"
 #include "StrategyReader.h"
 
 #include <QFile>
@@ -31,5 +32,7 @@ Result<QList<StrategyDefinition>> StrategyFile::read(QIODevice& device, const QS
     const QByteArray bytes = device.read(MaxSize + 1);
     if (bytes.size() > MaxSize)
         return unreadable(name, { Error::FileTooLarge, { QString::number(MaxSize) } });
+    if (Status status = StrategyMarkup::check(bytes); !status)
+        return Status(Error::StrategyFileRefused, { name }, status);
     return StrategyReader(bytes, name).read();
 }

@@ -84,14 +84,24 @@ Result<QList<StrategyDefinition>> StrategyReader::read()
 
 void StrategyReader::readRoot()
 {
-    while (!m_xml.atEnd() && m_xml.readNext() != QXmlStreamReader::StartElement)
+    while (!m_xml.atEnd() && m_xml.readNext() != QXmlStreamReader::StartElement) {
+        if (m_xml.isStartDocument())
+            checkEncoding();
         refuseOther();
+    }
     if (m_xml.hasError())
         return;
     if (elementKey() != QLatin1String("Strategies"))
         return fail({ Error::WrongRoot, { m_xml.qualifiedName().toString() } });
     readNamespaces();
     readStrategies();
+}
+
+void StrategyReader::checkEncoding()
+{
+    const auto encoding = m_xml.documentEncoding();
+    if (!encoding.isEmpty() && encoding.compare(QLatin1String("UTF-8"), Qt::CaseInsensitive) != 0)
+        fail(Error::NotUtf8);
 }
 
 void StrategyReader::readNamespaces()

@@ -20,6 +20,7 @@ inline const QString Validation = QStringLiteral("http://www.fixprotocol.org/FIX
 /// leaves the reader on the end tag, or in error.
 class StrategyReader {
 public:
+    /// `bytes` must have passed `StrategyMarkup::check`.
     StrategyReader(const QByteArray& bytes, const QString& name);
 
     Result<QList<StrategyDefinition>> read();
@@ -30,6 +31,7 @@ private:
     using Children = QMap<QString, std::function<void()>>;
 
     void readRoot();
+    void checkEncoding();
     void readNamespaces();
     void readStrategies();
     void readStrategy();
