@@ -44,6 +44,7 @@ void GlyphPrewarmer::drawSome()
     if (m_next >= m_wanted.size())
         m_idle->stop();
     QImage canvas(CanvasSize, QImage::Format_ARGB32_Premultiplied);
+    canvas.fill(Qt::transparent);
     QPainter painter(&canvas);
     painter.setFont(m_widget->font());
     painter.drawText(canvas.rect(), Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine, some);
