@@ -283,6 +283,20 @@ private Q_SLOTS:
         QVERIFY2(help.output.startsWith(QStringLiteral("用法：")), qPrintable(help.output));
     }
 
+    void theProgramsLocalTimeIsTheMarkets()
+    {
+        QProcessEnvironment environment = withoutDisplay();
+        environment.insert(QStringLiteral("TZ"), QStringLiteral("PST8"));
+        // Makes Qt log a warning, which begins with the time.
+        environment.remove(QStringLiteral("XDG_RUNTIME_DIR"));
+        const QString line = runProgram({ QStringLiteral("--help") }, environment).errors;
+        const QDateTime logged = QDateTime::fromString(line.left(19), QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+        QVERIFY2(logged.isValid(), qPrintable(line));
+        const QDateTime now = QDateTime::currentDateTimeUtc().toOffsetFromUtc(8 * 3600);
+        QVERIFY2(qAbs(QDateTime(logged.date(), logged.time(), Qt::OffsetFromUTC, 8 * 3600).secsTo(now)) < 600,
+            qPrintable(line));
+    }
+
     void theProgramIssuesADayAndListsTheResult()
     {
         const QString plan = session().create(SampleSession::record());

@@ -1,3 +1,4 @@
+#include "ClientClock.h"
 #include "Kelvo_Values.h"
 #include "LoggedTest.h"
 #include "Orlo_Values.h"
@@ -7,6 +8,7 @@
 #include <QtTest>
 
 #include <algorithm>
+#include <ctime>
 
 using Day = TradeCalendar::Day;
 
@@ -25,6 +27,27 @@ QString shanghai()
 {
     return Kelvo_Values::Exchange::sh;
 }
+
+/// A time zone of the machine, in the notation of POSIX, and the former one at the end.
+class MachineZone {
+public:
+    explicit MachineZone(const QByteArray& zone) { set(zone); }
+    ~MachineZone() { set(m_former); }
+    MachineZone(const MachineZone&) = delete;
+    MachineZone& operator=(const MachineZone&) = delete;
+
+private:
+    static void set(const QByteArray& zone)
+    {
+        qputenv("TZ", zone);
+        tzset();
+    }
+
+    const QByteArray m_former = qgetenv("TZ");
+};
+
+const QByteArray LosAngeles = "PST8PDT,M3.2.0,M11.1.0";
+const QByteArray Kiritimati = "<+14>-14";
 
 } // namespace
 
@@ -163,6 +186,41 @@ private Q_SLOTS:
         QCOMPARE(calendar.load(csv), status);
         QCOMPARE(calendar.day(shanghai(), QDate(2026, 1, 1)), Day::Closed);
         QCOMPARE(calendar.day(shanghai(), QDate(2026, 1, 2)), Day::Trades);
+    }
+
+    void todayIsTheMarketsDayInEveryZone_data()
+    {
+        QTest::addColumn<QByteArray>("zone");
+        QTest::addColumn<QDateTime>("now");
+        QTest::addColumn<QDate>("local");
+        QTest::addColumn<QDate>("day");
+        const auto row = [](const char* name, const QByteArray& zone, QTime utc, QDate local, QDate day) {
+            QTest::newRow(name) << zone << QDateTime(QDate(2024, 5, 6), utc, Qt::UTC) << local << day;
+        };
+        const QDate fifth(2024, 5, 5);
+        const QDate sixth(2024, 5, 6);
+        const QDate seventh(2024, 5, 7);
+        row("west, before the market's midnight", LosAngeles, QTime(15, 59, 59), sixth, sixth);
+        row("west, after the market's midnight", LosAngeles, QTime(16, 0), sixth, seventh);
+        row("west, before its own midnight", LosAngeles, QTime(6, 59, 59), fifth, sixth);
+        row("west, after its own midnight", LosAngeles, QTime(7, 0), sixth, sixth);
+        row("east, before its own midnight", Kiritimati, QTime(9, 59, 59), sixth, sixth);
+        row("east, after its own midnight", Kiritimati, QTime(10, 0), seventh, sixth);
+        row("east, after the market's midnight", Kiritimati, QTime(16, 0), seventh, seventh);
+    }
+
+    void todayIsTheMarketsDayInEveryZone()
+    {
+        QFETCH(QByteArray, zone);
+        QFETCH(QDateTime, now);
+        const MachineZone machine(zone);
+        QTEST(now.toLocalTime().date(), "local");
+        setClientTime(now.toLocalTime());
+        QTEST(clientToday(), "day");
+        setClientTime(QDateTime());
+        QCOMPARE(clientToday(), marketDay(QDateTime::currentDateTimeUtc()));
+        useMarketTime();
+        QTEST(now.toLocalTime().date(), "day");
     }
 
     void withoutHongKongClosuresConnectIsUnknown()

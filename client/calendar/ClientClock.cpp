@@ -5,15 +5,19 @@
 
 #include <QHash>
 
+#include <ctime>
+
 namespace {
 
 // Longer than any run of closed days.
 constexpr int LongestClosure = 40;
 
-QDate& chosenToday()
+constexpr int MarketOffset = 8 * 3600;
+
+QDateTime& chosenTime()
 {
-    static QDate today;
-    return today;
+    static QDateTime time;
+    return time;
 }
 
 // Checks a weekday, because weekends are closed in every year, known or not.
@@ -34,14 +38,31 @@ QDate firstKnownDay(const TradeCalendar& calendar, const QString& exchange, int 
 
 } // namespace
 
+QDate marketDay(const QDateTime& moment)
+{
+    return moment.toOffsetFromUtc(MarketOffset).date();
+}
+
+// In the notation of POSIX, which needs no time zone database: hours that are added to get UTC.
+void useMarketTime()
+{
+    qputenv("TZ", "CST-8");
+    tzset();
+}
+
 QDate clientToday()
 {
-    return chosenToday().isValid() ? chosenToday() : QDate::currentDate();
+    return marketDay(chosenTime().isValid() ? chosenTime() : QDateTime::currentDateTimeUtc());
+}
+
+void setClientTime(const QDateTime& now)
+{
+    chosenTime() = now;
 }
 
 void setClientToday(const QDate& today)
 {
-    chosenToday() = today;
+    setClientTime(today.isValid() ? QDateTime(today, QTime(12, 0), Qt::OffsetFromUTC, MarketOffset) : QDateTime());
 }
 
 QDate lastTradeDayBefore(const QDate& day)

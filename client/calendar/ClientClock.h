@@ -3,12 +3,21 @@
 #include "Status.h"
 
 #include <QDate>
+#include <QDateTime>
 #include <QList>
 #include <QString>
 
-/// Today for the client's own checks: the system's date in local time, unless another date was set.
+/// The date at the markets at a moment: that of China, which has had no daylight saving time since 1991.
+QDate marketDay(const QDateTime& moment);
+/// Makes the market's time the local time of the process, for code that reads the system's local date. Call it before
+/// other threads start.
+void useMarketTime();
+
+/// Today for the client: the market's day, whatever the machine's time zone, unless another time was set.
 QDate clientToday();
-/// Sets the client's date; an invalid date restores the system's.
+/// Sets the client's clock; an invalid time restores the system's.
+void setClientTime(const QDateTime& now);
+/// Sets the client's clock to noon of a market's day; an invalid date restores the system's.
 void setClientToday(const QDate& today);
 
 /// The last trade day of the Shanghai exchange before a day; the calendar's last trade day for a day beyond it. Invalid

@@ -1,5 +1,6 @@
 #include "CalendarPopup.h"
 
+#include "ClientClock.h"
 #include "DateRules.h"
 #include "ErrorText.h"
 #include "PlainText.h"
@@ -33,7 +34,7 @@ CalendarPopup::CalendarPopup(const Check& check, const QDate& shown, QWidget* fi
     setAttribute(Qt::WA_StyledBackground);
     setFocusPolicy(Qt::StrongFocus);
     build();
-    const QDate around = shown.isValid() ? shown : QDate::currentDate();
+    const QDate around = shown.isValid() ? shown : clientToday();
     m_marked = nearestChoosable(around);
     showMonth(m_marked.isValid() ? m_marked : around);
     // `adjustSize()` is limited to two thirds of the screen and would cut off days at a large zoom.

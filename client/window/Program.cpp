@@ -1,6 +1,7 @@
 #include "Program.h"
 
 #include "Appearance.h"
+#include "ClientClock.h"
 #include "ErrorText.h"
 #include "Language.h"
 #include "OrloWidget.h"
@@ -76,6 +77,8 @@ void printLine(FILE* stream, const QString& text)
 
 int runProgram(int argc, char** argv, Program program, const std::function<int(const Options&)>& work)
 {
+    // The editor takes the local date for today.
+    useMarketTime();
     const bool display = hasDisplay();
     if (!display)
         qputenv("QT_QPA_PLATFORM", "offscreen");
