@@ -62,6 +62,14 @@ void addCalendarRows()
     addRow("没有市场“XNYS”的交易日历", { Error::NoCalendar, { QStringLiteral("XNYS") } });
     addRow("交易日历只到2027-12-31为止，无法确定2028-03-01之后的交易日",
         { Error::BeyondCalendar, { QStringLiteral("2027-12-31"), QStringLiteral("2028-03-01") } });
+    addRow("市场“mainland”缺少2028年的休市安排",
+        { Error::ClosureYearMissing, { QStringLiteral("mainland"), QStringLiteral("2028") } });
+    addRow("无法使用休市表“a.csv”：文件无法打开",
+        { Error::ClosureFileUnreadable, { QStringLiteral("a.csv") }, Error::FileNotOpened });
+    addRow("交易日历只到2027-12-31，还剩90天，请用import-closures命令导入之后的休市安排",
+        { Error::CalendarEnds, { QStringLiteral("2027-12-31"), QStringLiteral("90") } });
+    addRow("交易日历已于2027-12-31结束，请用import-closures命令导入之后的休市安排",
+        { Error::CalendarEnded, { QStringLiteral("2027-12-31") } });
 }
 
 void addPlanRows()
@@ -121,6 +129,8 @@ void addProgramRows()
     addRow("未知选项：colour", { Error::MalformedCommandLine, { QStringLiteral("未知选项：colour") } });
     addRow("多余的参数：b", { Error::ExtraArgument, { QStringLiteral("b") } });
     addRow("缺少目录", Error::NoFolder);
+    addRow("命令backup应有一个文件", { Error::CommandWithoutFile, { QStringLiteral("backup") } });
+    addRow("无法写入文件a.csv", { Error::FileNotWritten, { QStringLiteral("a.csv") } });
     addRow("选项--user缺少取值", { Error::OptionWithoutValue, { QStringLiteral("user") } });
     addRow("没有皮肤“pink”，可选：light、dark",
         { Error::UnknownSkin, { QStringLiteral("pink"), QStringLiteral("light、dark") } });

@@ -1,5 +1,6 @@
 #include "Appearance.h"
 #include "AutoPlanField.h"
+#include "ClientClock.h"
 #include "ClientFormTest.h"
 #include "EditorDialog.h"
 #include "EditorForm.h"
@@ -254,6 +255,10 @@ private Q_SLOTS:
         const QString file = QStringLiteral("--database=FILE");
         QTest::newRow("an unknown option")
             << QStringList{ QStringLiteral("--colour") } << QStringLiteral("未知选项：colour");
+        QTest::newRow("an unknown command")
+            << QStringList{ QStringLiteral("restore"), QStringLiteral("a") } << QStringLiteral("多余的参数：restore");
+        QTest::newRow("a command without its file")
+            << QStringList{ QStringLiteral("import-closures") } << QStringLiteral("命令import-closures应有一个文件");
         QTest::newRow("an unknown user") << QStringList{ file, day, QStringLiteral("--user=nobody") }
                                          << QStringLiteral("用户“nobody”不存在");
         QTest::newRow("a folder as the database")
@@ -281,6 +286,40 @@ private Q_SLOTS:
         const ProgramEnd help = runProgram({ QStringLiteral("--help") }, withoutDisplay());
         QCOMPARE(help.code, 0);
         QVERIFY2(help.output.startsWith(QStringLiteral("用法：")), qPrintable(help.output));
+    }
+
+    void importedClosuresExtendTheCalendar()
+    {
+        const QTemporaryDir folder;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("XDG_DATA_HOME"), folder.path());
+        const auto import = [&](const QByteArray& year) {
+            QFile table(folder.filePath(QString::fromLatin1(year) + QStringLiteral(".csv")));
+            if (table.open(QIODevice::WriteOnly))
+                table.write("market,date,holiday,status\nmainland," + year + "-01-01,元旦,announced\nhongkong," + year
+                    + "-01-01,一月一日,computed\n");
+            table.close();
+            return runProgram({ QStringLiteral("import-closures"), table.fileName() }, environment);
+        };
+        const ProgramEnd early = import("2029");
+        QCOMPARE(early.code, 1);
+        QVERIFY2(early.errors.contains(QStringLiteral("缺少2028年的休市安排")), qPrintable(early.errors));
+        QCOMPARE(import("2028").output, QStringLiteral("交易日历到2028-12-31\n"));
+        const ProgramEnd later = import("2029");
+        QCOMPARE(later.output, QStringLiteral("交易日历到2029-12-31\n"));
+        QCOMPARE(later.code, 0);
+    }
+
+    void theStatusLineAnnouncesTheEndOfTheCalendar()
+    {
+        setClientToday(QDate(2027, 10, 1));
+        QVERIFY(!MainWindow().findChild<QLabel*>(QStringLiteral("calendarEnd")));
+        setClientToday(QDate(2027, 10, 2));
+        const MainWindow window;
+        const auto* const label = window.findChild<QLabel*>(QStringLiteral("calendarEnd"));
+        QVERIFY(label);
+        QCOMPARE(label->text(),
+            QStringLiteral("交易日历只到2027-12-31，还剩90天，请用import-closures命令导入之后的休市安排"));
     }
 
     void theProgramsLocalTimeIsTheMarkets()

@@ -1,10 +1,14 @@
 #include "ClientClock.h"
+#include "ClosureFiles.h"
 #include "Kelvo_Values.h"
 #include "LoggedTest.h"
 #include "Orlo_Values.h"
 #include "TestStatus.h"
 #include "TradeCalendar.h"
 
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
 #include <QtTest>
 
 #include <algorithm>
@@ -48,6 +52,14 @@ private:
 
 const QByteArray LosAngeles = "PST8PDT,M3.2.0,M11.1.0";
 const QByteArray Kiritimati = "<+14>-14";
+
+bool write(const QString& path, const QByteArray& text)
+{
+    QFile file(path);
+    return QDir().mkpath(QFileInfo(path).path()) && file.open(QIODevice::WriteOnly) && file.write(text) == text.size();
+}
+
+const QByteArray NextYear = Headings + "mainland,2028-01-03,元旦,announced\nhongkong,2028-01-03,一月一日,computed\n";
 
 } // namespace
 
@@ -147,7 +159,7 @@ private Q_SLOTS:
     void provisionalYearsAreLoggedOncePerExchange()
     {
         TradeCalendar calendar;
-        QCOMPARE(calendar.load(Headings + "mainland,2026-01-01,元旦,announced\nmainland,2027-01-01,元旦,provisional\n"),
+        QCOMPARE(calendar.add(Headings + "mainland,2026-01-01,元旦,announced\nmainland,2027-01-01,元旦,provisional\n"),
             Status());
         for (int i = 0; i < 3; ++i)
             QVERIFY(calendar.tradeDays(shanghai(), QDate(2026, 6, 1)));
@@ -182,10 +194,88 @@ private Q_SLOTS:
         QFETCH(QByteArray, csv);
         QFETCH(Status, status);
         TradeCalendar calendar;
-        QCOMPARE(calendar.load(Headings + "mainland,2026-01-01,元旦,announced\r\n"), Status());
-        QCOMPARE(calendar.load(csv), status);
+        QCOMPARE(calendar.add(Headings + "mainland,2026-01-01,元旦,announced\r\n"), Status());
+        QCOMPARE(calendar.add(csv), status);
         QCOMPARE(calendar.day(shanghai(), QDate(2026, 1, 1)), Day::Closed);
         QCOMPARE(calendar.day(shanghai(), QDate(2026, 1, 2)), Day::Trades);
+    }
+
+    void anotherTableExtendsTheCalendar()
+    {
+        TradeCalendar calendar = TradeCalendar::builtIn();
+        QCOMPARE(calendar.add(NextYear), Status());
+        QCOMPARE(calendar.lastKnownDay(), QDate(2028, 12, 31));
+        QCOMPARE(calendar.day(shanghai(), QDate(2028, 1, 3)), Day::Closed);
+        QCOMPARE(calendar.day(shanghai(), QDate(2028, 1, 4)), Day::Trades);
+        QCOMPARE(calendar.day(shanghai(), QDate(2027, 10, 1)), Day::Closed);
+    }
+
+    void anAnnouncedYearReplacesTheProvisionalOne()
+    {
+        TradeCalendar calendar = TradeCalendar::builtIn();
+        QCOMPARE(calendar.day(shanghai(), QDate(2027, 5, 3)), Day::Closed);
+        QCOMPARE(calendar.add(Headings + "mainland,2027-01-01,元旦,announced\n"), Status());
+        QCOMPARE(calendar.day(shanghai(), QDate(2027, 5, 3)), Day::Trades);
+        QVERIFY(calendar.tradeDays(shanghai(), QDate(2027, 1, 1)));
+        QCOMPARE(log().linesWith(QtInfoMsg, QStringLiteral("尚未公布")).size(), 0);
+    }
+
+    void aTableThatLeavesOutAYearIsRefused()
+    {
+        TradeCalendar calendar = TradeCalendar::builtIn();
+        QCOMPARE(calendar.add(Headings + "mainland,2029-01-01,元旦,announced\n"),
+            Status(Error::ClosureYearMissing, { QStringLiteral("mainland"), QStringLiteral("2028") }));
+        QCOMPARE(calendar.lastKnownDay(shanghai()), QDate(2027, 12, 31));
+    }
+
+    void theLastKnownDayIsThatOfAllMarkets()
+    {
+        TradeCalendar calendar = TradeCalendar::builtIn();
+        QCOMPARE(calendar.add(Headings + "mainland,2028-01-03,元旦,announced\n"), Status());
+        QCOMPARE(calendar.lastKnownDay(shanghai()), QDate(2028, 12, 31));
+        QCOMPARE(calendar.lastKnownDay(), QDate(2027, 12, 31));
+    }
+
+    void theUsersFilesApplyAfterTheSystems()
+    {
+        const QTemporaryDir folder;
+        qputenv("XDG_DATA_DIRS", QFile::encodeName(folder.filePath(QStringLiteral("system"))));
+        qputenv("XDG_DATA_HOME", QFile::encodeName(folder.filePath(QStringLiteral("user"))));
+        QCOMPARE(ClosureFiles::present(), QStringList());
+        const QString source = folder.filePath(QStringLiteral("2028.csv"));
+        QVERIFY(write(source, NextYear));
+        QCOMPARE(*ClosureFiles::install(source), QDate(2028, 12, 31));
+        const QString system = folder.filePath(QStringLiteral("system/plandesk/calendar/z.csv"));
+        QVERIFY(write(system, NextYear));
+        const QString user = folder.filePath(QStringLiteral("user/plandesk/calendar/2028.csv"));
+        QCOMPARE(ClosureFiles::present(), (QStringList{ system, user }));
+        QCOMPARE(*ClosureFiles::read(user), NextYear);
+    }
+
+    void aFileThatIsNotATableOfClosuresIsNotInstalled()
+    {
+        const QTemporaryDir folder;
+        qputenv("XDG_DATA_HOME", QFile::encodeName(folder.path()));
+        const QString source = folder.filePath(QStringLiteral("bad.csv"));
+        const auto refused = [&](const Status& cause) {
+            return Status(Error::ClosureFileUnreadable, { source }, cause);
+        };
+        QCOMPARE(ClosureFiles::install(source).status(), refused(Error::NotAFile));
+        QVERIFY(write(source, "a,b\n"));
+        QCOMPARE(ClosureFiles::install(source).status().cause().error(), Error::NoClosureHeadings);
+        QVERIFY(write(source, QByteArray(int(ClosureFiles::MaxSize) + 1, ' ')));
+        QCOMPARE(ClosureFiles::install(source).status(),
+            refused({ Error::FileTooLarge, { QString::number(ClosureFiles::MaxSize) } }));
+        QVERIFY(!QFile::exists(folder.filePath(QStringLiteral("plandesk/calendar/bad.csv"))));
+    }
+
+    void theEndIsAnnounced90DaysBefore()
+    {
+        const QString last = QStringLiteral("2027-12-31");
+        QCOMPARE(checkCalendarEnd(QDate(2027, 10, 1)), Status());
+        QCOMPARE(checkCalendarEnd(QDate(2027, 10, 2)), Status(Error::CalendarEnds, { last, QStringLiteral("90") }));
+        QCOMPARE(checkCalendarEnd(QDate(2027, 12, 31)), Status(Error::CalendarEnds, { last, QStringLiteral("0") }));
+        QCOMPARE(checkCalendarEnd(QDate(2028, 1, 1)), Status(Error::CalendarEnded, { last }));
     }
 
     void todayIsTheMarketsDayInEveryZone_data()
@@ -226,7 +316,7 @@ private Q_SLOTS:
     void withoutHongKongClosuresConnectIsUnknown()
     {
         TradeCalendar calendar;
-        QCOMPARE(calendar.load(Headings + "mainland,2026-01-01,元旦,announced\n"), Status());
+        QCOMPARE(calendar.add(Headings + "mainland,2026-01-01,元旦,announced\n"), Status());
         QCOMPARE(calendar.tradeDays(hongKongConnect(), QDate(2026, 1, 5)).status().error(), Error::NoCalendar);
     }
 };

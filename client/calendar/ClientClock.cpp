@@ -12,6 +12,9 @@ namespace {
 // Longer than any run of closed days.
 constexpr int LongestClosure = 40;
 
+// Days before the calendar's end from which the client asks for an extension.
+constexpr int WarningDays = 90;
+
 constexpr int MarketOffset = 8 * 3600;
 
 QDateTime& chosenTime()
@@ -67,7 +70,7 @@ void setClientToday(const QDate& today)
 
 QDate lastTradeDayBefore(const QDate& day)
 {
-    const TradeCalendar& calendar = TradeCalendar::builtIn();
+    const TradeCalendar& calendar = TradeCalendar::installed();
     const QString exchange = Kelvo_Values::Exchange::sh;
     QDate candidate = qMin(day.addDays(-1), calendar.lastKnownDay(exchange));
     for (int i = 0; i < LongestClosure; ++i, candidate = candidate.addDays(-1)) {
@@ -84,9 +87,20 @@ Result<QList<QDate>> tradeDatesOf(const QString& exchange)
     const auto found = known.constFind(key);
     if (found != known.cend())
         return *found;
-    const TradeCalendar& calendar = TradeCalendar::builtIn();
+    const TradeCalendar& calendar = TradeCalendar::installed();
     Result<QList<QDate>> days = calendar.tradeDays(exchange, firstKnownDay(calendar, exchange, key.second));
     if (days)
         known.insert(key, *days);
     return days;
+}
+
+Status checkCalendarEnd(const QDate& today)
+{
+    const QDate last = TradeCalendar::installed().lastKnownDay();
+    const qint64 days = today.daysTo(last);
+    if (days > WarningDays)
+        return {};
+    const QString end = last.toString(Qt::ISODate);
+    return days < 0 ? Status(Error::CalendarEnded, { end })
+                    : Status(Error::CalendarEnds, { end, QString::number(days) });
 }

@@ -27,3 +27,6 @@ QDate lastTradeDayBefore(const QDate& day);
 /// Every day on which an exchange trades, ascending, from the first year of the calendar that is known without a gap
 /// before today's through the last. Computed once for each exchange and year of today.
 Result<QList<QDate>> tradeDatesOf(const QString& exchange);
+
+/// Fails from 90 days before the calendar's last known day.
+Status checkCalendarEnd(const QDate& today);

@@ -1,5 +1,6 @@
 #include "TradeCalendar.h"
 
+#include "ClosureFiles.h"
 #include "ErrorText.h"
 #include "Kelvo_Values.h"
 #include "Orlo_Values.h"
@@ -35,38 +36,60 @@ const TradeCalendar& TradeCalendar::builtIn()
 {
     static const TradeCalendar calendar = [] {
         TradeCalendar loaded;
-        if (Status status = loaded.load(carriedClosures()); !status)
+        if (Status status = loaded.add(carriedClosures()); !status)
             qWarning().noquote() << "TradeCalendar::builtIn" << errorText(status);
         return loaded;
     }();
     return calendar;
 }
 
-void TradeCalendar::Closures::add(const QDate& date, bool isProvisional)
+const TradeCalendar& TradeCalendar::installed()
 {
-    days.insert(date);
-    if (isProvisional)
-        provisionalYears.insert(date.year());
-    firstYear = firstYear == 0 ? date.year() : qMin(firstYear, date.year());
-    lastYear = qMax(lastYear, date.year());
+    static const TradeCalendar calendar = [] {
+        TradeCalendar loaded = builtIn();
+        const QStringList files = ClosureFiles::present();
+        for (const QString& file : files) {
+            const Result<QByteArray> csv = ClosureFiles::read(file);
+            const Status status = csv ? loaded.add(*csv) : csv.status();
+            if (!status)
+                qWarning().noquote() << "TradeCalendar::installed" << file << errorText(status);
+        }
+        return loaded;
+    }();
+    return calendar;
 }
 
-Status TradeCalendar::load(const QByteArray& csv)
+Status TradeCalendar::add(const QByteArray& csv)
+{
+    const Result<Table> read = TradeCalendar::read(csv);
+    if (!read)
+        return read.status();
+    Table table = m_table;
+    for (auto market = read->cbegin(); market != read->cend(); ++market) {
+        for (auto year = market->cbegin(); year != market->cend(); ++year)
+            table[market.key()].insert(year.key(), *year);
+    }
+    if (Status status = checkYears(table); !status)
+        return status;
+    m_table = table;
+    m_told.clear();
+    return {};
+}
+
+Result<TradeCalendar::Table> TradeCalendar::read(const QByteArray& csv)
 {
     const QStringList lines = QString::fromUtf8(csv).split(QLatin1Char('\n'));
     if (lines.constFirst().trimmed() != Headings)
-        return { Error::NoClosureHeadings, { Headings } };
+        return Status(Error::NoClosureHeadings, { Headings });
     Table table;
     for (int i = 1; i < lines.size(); ++i) {
         const QString line = lines.at(i).trimmed();
         if (line.isEmpty())
             continue;
         if (Status status = readLine(line, table); !status)
-            return { Error::BadClosureLine, { QString::number(i + 1) }, status };
+            return Status(Error::BadClosureLine, { QString::number(i + 1) }, status);
     }
-    m_table = table;
-    m_told.clear();
-    return {};
+    return table;
 }
 
 Status TradeCalendar::readLine(const QString& line, Table& table)
@@ -81,7 +104,20 @@ Status TradeCalendar::readLine(const QString& line, Table& table)
         return { Error::NotADate, { cells.at(1) } };
     if (!Statuses.contains(cells.at(3)))
         return { Error::UnknownCode, { QStringLiteral("状态"), cells.at(3) } };
-    table[cells.at(0)].add(date, cells.at(3) == Provisional);
+    Year& year = table[cells.at(0)][date.year()];
+    year.days.insert(date);
+    year.provisional = year.provisional || cells.at(3) == Provisional;
+    return {};
+}
+
+Status TradeCalendar::checkYears(const Table& table)
+{
+    for (auto market = table.cbegin(); market != table.cend(); ++market) {
+        for (int year = market->firstKey(); year < market->lastKey(); ++year) {
+            if (!market->contains(year))
+                return { Error::ClosureYearMissing, { market.key(), QString::number(year) } };
+        }
+    }
     return {};
 }
 
@@ -92,10 +128,10 @@ TradeCalendar::Day TradeCalendar::day(const QString& exchange, const QDate& date
         return Day::Unknown;
     if (isWeekend(date))
         return Day::Closed;
-    const auto knows = [&date](const Closures* market) { return market->knows(date.year()); };
+    const auto knows = [&date](const Closures* market) { return market->contains(date.year()); };
     if (!std::all_of(closures.cbegin(), closures.cend(), knows))
         return Day::Unknown;
-    const auto closed = [&date](const Closures* market) { return market->days.contains(date); };
+    const auto closed = [&date](const Closures* market) { return market->value(date.year()).days.contains(date); };
     return std::any_of(closures.cbegin(), closures.cend(), closed) ? Day::Closed : Day::Trades;
 }
 
@@ -104,7 +140,7 @@ Result<QList<QDate>> TradeCalendar::tradeDays(const QString& exchange, const QDa
     const QList<const Closures*> closures = closuresOf(exchange);
     if (closures.isEmpty())
         return { Error::NoCalendar, { exchange } };
-    const auto knows = [&from](const Closures* market) { return market->knows(from.year()); };
+    const auto knows = [&from](const Closures* market) { return market->contains(from.year()); };
     if (!from.isValid() || !std::all_of(closures.cbegin(), closures.cend(), knows))
         return { Error::BeyondCalendar, { lastKnownDay(exchange).toString(Qt::ISODate), from.toString(Qt::ISODate) } };
     tellUncertainty(exchange, closures);
@@ -122,10 +158,16 @@ QDate TradeCalendar::lastKnownDay(const QString& exchange) const
     QDate last;
     const auto markets = closuresOf(exchange);
     for (const Closures* market : markets) {
-        const QDate end(market->lastYear, 12, 31);
+        const QDate end(market->lastKey(), 12, 31);
         last = last.isValid() ? qMin(last, end) : end;
     }
     return last;
+}
+
+// Hong Kong connect needs all markets.
+QDate TradeCalendar::lastKnownDay() const
+{
+    return lastKnownDay(Orlo_Values::Exchange::HkStockCirculation);
 }
 
 // Empty if the exchange is unknown or its closures are missing.
@@ -153,8 +195,12 @@ void TradeCalendar::tellUncertainty(const QString& exchange, const QList<const C
         return;
     m_told.insert(exchange);
     QSet<int> years;
-    for (const Closures* market : closures)
-        years += market->provisionalYears;
+    for (const Closures* market : closures) {
+        for (auto year = market->cbegin(); year != market->cend(); ++year) {
+            if (year->provisional)
+                years.insert(year.key());
+        }
+    }
     for (const int year : qAsConst(years))
         qInfo().noquote() << "TradeCalendar::tradeDays" << exchange << year << "年休市安排尚未公布，暂按法定节假日推算";
     qInfo().noquote() << "TradeCalendar::tradeDays" << exchange << lastKnownDay(exchange).toString(Qt::ISODate)

@@ -3,8 +3,8 @@
 #include "Status.h"
 
 #include <QDate>
-#include <QHash>
 #include <QList>
+#include <QMap>
 #include <QSet>
 #include <QString>
 
@@ -18,10 +18,13 @@ public:
 
     /// The calendar with the closures built into the program.
     static const TradeCalendar& builtIn();
+    /// The calendar with the closures built into the program and those of `ClosureFiles`, as they were at the first
+    /// call. A file that is invalid is left out, with a warning in the log.
+    static const TradeCalendar& installed();
 
-    /// Reads closures as `market,date,holiday,status` lines after a header line, and replaces the present closures. If
-    /// the text is invalid, keeps the calendar.
-    Status load(const QByteArray& csv);
+    /// Reads closures as `market,date,holiday,status` lines after a header line. The years of a market that the text
+    /// lists replace the present ones. If the text is invalid or would leave out a year, keeps the calendar.
+    Status add(const QByteArray& csv);
 
     /// Weekends are closed in every year; a weekday before the first or after the last listed year, or on an exchange
     /// that the calendar does not know, is unknown.
@@ -31,20 +34,21 @@ public:
     Result<QList<QDate>> tradeDays(const QString& exchange, const QDate& from) const;
     /// The last day of the last year that is known for the exchange; invalid for an unknown exchange.
     QDate lastKnownDay(const QString& exchange) const;
+    /// The last day that is known for all exchanges.
+    QDate lastKnownDay() const;
 
 private:
-    struct Closures {
+    struct Year {
         QSet<QDate> days;
-        QSet<int> provisionalYears;
-        int firstYear = 0;
-        int lastYear = 0;
-
-        void add(const QDate& date, bool provisional);
-        bool knows(int year) const { return year >= firstYear && year <= lastYear; }
+        bool provisional = false;
     };
-    using Table = QHash<QString, Closures>;
+    /// The years that are known, without a gap.
+    using Closures = QMap<int, Year>;
+    using Table = QMap<QString, Closures>;
 
+    static Result<Table> read(const QByteArray& csv);
     static Status readLine(const QString& line, Table& table);
+    static Status checkYears(const Table& table);
     QList<const Closures*> closuresOf(const QString& exchange) const;
     void tellUncertainty(const QString& exchange, const QList<const Closures*>& closures) const;
 

@@ -41,12 +41,16 @@ enum class Error {
     NoSigner,
     ForeignClient, ///< client number
     // --- The trade calendar
-    NoClosureHeadings, ///< the missing headings
-    BadClosureLine,    ///< number of the line; the cause says what is wrong in it
-    ClosureColumns,    ///< number of columns in the line
-    NotADate,          ///< the text
-    NoCalendar,        ///< exchange
-    BeyondCalendar,    ///< the last known day, the unknown day
+    NoClosureHeadings,     ///< the missing headings
+    BadClosureLine,        ///< number of the line; the cause says what is wrong in it
+    ClosureColumns,        ///< number of columns in the line
+    NotADate,              ///< the text
+    NoCalendar,            ///< exchange
+    BeyondCalendar,        ///< the last known day, the unknown day
+    ClosureYearMissing,    ///< market, year
+    ClosureFileUnreadable, ///< file; cause
+    CalendarEnds,          ///< the last known day, days until then
+    CalendarEnded,         ///< the last known day
     // --- Checks of a plan; captions are those of the form
     PlanHasId,
     NoOtherParam,
@@ -92,6 +96,8 @@ enum class Error {
     MalformedDay,       ///< the text
     NoDisplay,
     NoTranslation,         ///< file
+    CommandWithoutFile,    ///< command
+    FileNotWritten,        ///< file
     DatabaseHasSecurities, ///< file, how many
     // --- Price formulas
     FormulaErrorAt, ///< number of the character; the cause says what is wrong there

@@ -56,6 +56,10 @@ constexpr Sentence Sentences[] = {
     { Error::NotADate, "日期“%1”无效" },
     { Error::NoCalendar, "没有市场“%1”的交易日历" },
     { Error::BeyondCalendar, "交易日历只到%1为止，无法确定%2之后的交易日" },
+    { Error::ClosureYearMissing, "市场“%1”缺少%2年的休市安排" },
+    { Error::ClosureFileUnreadable, "无法使用休市表“%1”：%2" },
+    { Error::CalendarEnds, "交易日历只到%1，还剩%2天，请用import-closures命令导入之后的休市安排" },
+    { Error::CalendarEnded, "交易日历已于%1结束，请用import-closures命令导入之后的休市安排" },
     // --- Checks of a plan
     { Error::PlanHasId, "新建计划不能带有计划编号" },
     { Error::NoOtherParam, "缺少计划扩展信息" },
@@ -101,6 +105,8 @@ constexpr Sentence Sentences[] = {
     { Error::MalformedDay, "日期“%1”无效，格式为yyyy-MM-dd" },
     { Error::NoDisplay, "没有可用的显示设备；可用plandesk-walkthrough或--issue-day在没有窗口时运行" },
     { Error::NoTranslation, "不能读取翻译文件%1" },
+    { Error::CommandWithoutFile, "命令%1应有一个文件" },
+    { Error::FileNotWritten, "无法写入文件%1" },
     { Error::DatabaseHasSecurities, "数据库%1中已有%2只证券，--securities只用于新建的数据库" },
     // --- Price formulas
     { Error::FormulaErrorAt, "%2（第%1个字符）" },

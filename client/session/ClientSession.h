@@ -44,7 +44,7 @@ public:
     /// The following are empty while the session is closed.
     const Market& market() const { return m_market.market(); }
     const AccountDirectory& accounts() const { return m_accounts; }
-    const TradeCalendar& calendar() const { return TradeCalendar::builtIn(); }
+    const TradeCalendar& calendar() const { return TradeCalendar::installed(); }
     Database& database() { return m_database; }
     PlanStore plans();
     InstructionStore instructions();

@@ -171,6 +171,11 @@ void MainWindow::buildStatus()
     QLabel* const file = PlainText::newLabel(database.fileName(), this);
     file->setToolTip(PlainText::toolTip(database.absoluteFilePath()));
     statusBar()->addPermanentWidget(file);
+    if (const Status status = checkCalendarEnd(clientToday()); !status) {
+        QLabel* const calendar = PlainText::newLabel(errorText(status), this);
+        calendar->setObjectName(QStringLiteral("calendarEnd"));
+        statusBar()->insertPermanentWidget(0, calendar);
+    }
 }
 
 void MainWindow::planStored(const QString& planId)

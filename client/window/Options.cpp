@@ -1,6 +1,7 @@
 #include "Options.h"
 
 #include "Appearance.h"
+#include "Commands.h"
 #include "Language.h"
 #include "OrloConstants.h"
 
@@ -42,6 +43,8 @@ public:
         if (m_program == Program::Client) {
             m_parser.setApplicationDescription(QStringLiteral("交易计划客户端：新建、修改、复制自动交易计划。"));
             m_parser.addOption(m_issueDay);
+            m_parser.addPositionalArgument(QStringLiteral("命令"),
+                QStringLiteral("import-closures 文件：导入休市表，延长交易日历。"), QStringLiteral("[命令 文件]"));
         } else {
             m_parser.setApplicationDescription(
                 QStringLiteral("自动演示：逐项填写并提交计划，核对数据库中的记录，把各步的图片写入该目录。"));
@@ -67,18 +70,34 @@ public:
 private:
     Status check() const
     {
-        const QStringList folders = m_parser.positionalArguments();
-        const int wanted = m_program == Program::WalkThrough ? 1 : 0;
-        if (folders.size() > wanted)
-            return { Error::ExtraArgument, { folders.at(wanted) } };
-        if (folders.size() < wanted || folders.contains(QString()))
-            return Error::NoFolder;
+        if (Status status = m_program == Program::Client ? checkCommand() : checkFolder(); !status)
+            return status;
         const QStringList options = m_parser.optionNames();
         for (const QString& name : options) {
             if (m_parser.value(name).trimmed().isEmpty())
                 return { Error::OptionWithoutValue, { name } };
         }
         return checkValues();
+    }
+
+    Status checkFolder() const
+    {
+        const QStringList folders = m_parser.positionalArguments();
+        if (folders.size() > 1)
+            return { Error::ExtraArgument, { folders.at(1) } };
+        return folders.value(0).isEmpty() ? Error::NoFolder : Status();
+    }
+
+    Status checkCommand() const
+    {
+        const QStringList command = m_parser.positionalArguments();
+        if (command.isEmpty())
+            return {};
+        if (!commandNames().contains(command.at(0)))
+            return { Error::ExtraArgument, { command.at(0) } };
+        if (command.size() > 2)
+            return { Error::ExtraArgument, { command.at(2) } };
+        return command.value(1).isEmpty() ? Status(Error::CommandWithoutFile, { command.at(0) }) : Status();
     }
 
     Status checkValues() const
@@ -104,7 +123,13 @@ private:
         options.skin = m_parser.isSet(m_skin) ? m_parser.value(m_skin) : skinNames().constFirst();
         options.language = m_parser.isSet(m_language) ? m_parser.value(m_language) : languageCodes().constFirst();
         options.securities = m_parser.value(m_securities).toInt();
-        options.folder = m_parser.positionalArguments().value(0);
+        const QStringList arguments = m_parser.positionalArguments();
+        if (m_program == Program::Client) {
+            options.command = arguments.value(0);
+            options.file = arguments.value(1);
+        } else {
+            options.folder = arguments.value(0);
+        }
         if (isIssueDaySet())
             options.issueDay = issueDay();
     }

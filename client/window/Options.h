@@ -18,10 +18,12 @@ struct Options {
     int securities = 0; ///< securities of a new database; 0 for the default number
     QString folder;     ///< folder of the walk-through; empty for the client
     QDate issueDay;     ///< day to issue instructions for; invalid for the window
+    QString command;    ///< name of a command, see `commandNames`; empty for none
+    QString file;       ///< the file of the command
     QString help;       ///< text to print instead of anything else; empty unless requested
 
     /// True if the program shows its window, which needs a display.
-    bool wantsWindow() const { return help.isEmpty() && folder.isEmpty() && !issueDay.isValid(); }
+    bool wantsWindow() const { return help.isEmpty() && folder.isEmpty() && command.isEmpty() && !issueDay.isValid(); }
 };
 
 /// Parses a command line, which starts with the program's name. Needs the application object.

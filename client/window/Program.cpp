@@ -2,6 +2,7 @@
 
 #include "Appearance.h"
 #include "ClientClock.h"
+#include "Commands.h"
 #include "ErrorText.h"
 #include "Language.h"
 #include "OrloWidget.h"
@@ -62,10 +63,15 @@ int run(const Result<Options>& options, bool display, const std::function<int(co
         printLine(stdout, options->help);
         return Success;
     }
+    if (!options->command.isEmpty())
+        return runCommand(*options);
     if (options->wantsWindow() && !display)
         return refuse(Error::NoDisplay, false);
-    const Status status = prepare(*options);
-    return status ? work(*options) : refuse(status, options->wantsWindow());
+    if (const Status status = prepare(*options); !status)
+        return refuse(status, options->wantsWindow());
+    if (const Status status = checkCalendarEnd(clientToday()); !status)
+        printLine(stderr, QStringLiteral("plandesk: ") + errorText(status));
+    return work(*options);
 }
 
 } // namespace

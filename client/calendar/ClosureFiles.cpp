@@ -1,0 +1,74 @@
+#include "ClosureFiles.h"
+
+#include "TradeCalendar.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+#include <algorithm>
+
+namespace {
+
+const QString FolderName = QStringLiteral("plandesk/calendar");
+
+QDir userFolder()
+{
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)).filePath(FolderName);
+}
+
+Status store(const QByteArray& csv, const QString& path)
+{
+    QSaveFile file(path);
+    if (!QDir().mkpath(QFileInfo(path).path()) || !file.open(QIODevice::WriteOnly) || file.write(csv) != csv.size()
+        || !file.commit())
+        return { Error::FileNotWritten, { path } };
+    return {};
+}
+
+} // namespace
+
+QStringList ClosureFiles::present()
+{
+    QStringList folders =
+        QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, FolderName, QStandardPaths::LocateDirectory);
+    // The user's folder comes first, and must apply last.
+    std::reverse(folders.begin(), folders.end());
+    QStringList files;
+    for (const QString& folder : qAsConst(folders)) {
+        const QDir directory(folder);
+        const QStringList names = directory.entryList({ QStringLiteral("*.csv") }, QDir::Files, QDir::Name);
+        for (const QString& name : names)
+            files << directory.filePath(name);
+    }
+    return files;
+}
+
+Result<QByteArray> ClosureFiles::read(const QString& path)
+{
+    QFile file(path);
+    if (!QFileInfo(path).isFile())
+        return Status(Error::ClosureFileUnreadable, { path }, Error::NotAFile);
+    if (!file.open(QIODevice::ReadOnly))
+        return Status(Error::ClosureFileUnreadable, { path }, Error::FileNotOpened);
+    const QByteArray csv = file.read(MaxSize + 1);
+    if (csv.size() > MaxSize)
+        return Status(Error::ClosureFileUnreadable, { path }, { Error::FileTooLarge, { QString::number(MaxSize) } });
+    return csv;
+}
+
+Result<QDate> ClosureFiles::install(const QString& path)
+{
+    const Result<QByteArray> csv = read(path);
+    if (!csv)
+        return csv.status();
+    TradeCalendar extended = TradeCalendar::installed();
+    if (Status status = extended.add(*csv); !status)
+        return Status(Error::ClosureFileUnreadable, { path }, status);
+    if (Status status = store(*csv, userFolder().filePath(QFileInfo(path).completeBaseName() + QStringLiteral(".csv")));
+        !status)
+        return status;
+    return extended.lastKnownDay();
+}

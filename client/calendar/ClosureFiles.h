@@ -1,0 +1,26 @@
+#pragma once
+
+#include "Status.h"
+
+#include <QByteArray>
+#include <QDate>
+#include <QString>
+#include <QStringList>
+
+/// Files of closures that extend the trade calendar: `plandesk/calendar/*.csv` in the data folders of the system and
+/// of the user.
+namespace ClosureFiles {
+
+/// Largest size of a file in bytes.
+constexpr qint64 MaxSize = 1048576;
+
+/// The present files in the order in which they apply: the system's, then the user's, each by name.
+QStringList present();
+
+Result<QByteArray> read(const QString& path);
+
+/// Checks a file against the calendar and copies it to the user's folder, where it replaces a file of that name.
+/// Returns the last day that the calendar knows with it.
+Result<QDate> install(const QString& path);
+
+} // namespace ClosureFiles
