@@ -40,6 +40,7 @@ MEMORY_LIMIT = 8 << 30
 FIRST_TESTS = {
     "Accessibility.cpp": ["tst_field_names"],
     "Accessibility.h": ["tst_field_names"],
+    "AccountBox.h": ["tst_form"],
     "AccountFields.cpp": ["tst_account_fields"],
     "AgreementDialog.cpp": ["tst_submission", "tst_type_fields", "tst_account_fields"],
     "AlgorithmParameters.cpp": ["tst_algorithm_parameters"],
@@ -400,12 +401,14 @@ class Build:
         stop(f"No command links {target}.")
 
     def users_of(self, header):
-        """Returns the sources of the editor that include a header, directly or indirectly."""
+        """Returns the sources of the editor that include a header, directly or indirectly, also through the form."""
         readers = {header}
+        files = [path for path in (self.tree / EDITOR).iterdir() if path.suffix in (".cpp", ".h", ".ui")]
         while True:
-            pattern = re.compile("|".join(rf'#include "{re.escape(name)}"' for name in readers))
-            found = {path.name for path in (self.tree / EDITOR).iterdir() if path.suffix in (".cpp", ".h")
-                     and pattern.search(path.read_text(encoding="utf-8"))}
+            names = "|".join(map(re.escape, readers))
+            pattern = re.compile(rf'#include "({names})"|<header>({names})</header>')
+            found = {f"ui_{path.stem}.h" if path.suffix == ".ui" else path.name
+                     for path in files if pattern.search(path.read_text(encoding="utf-8"))}
             if found <= readers:
                 return sorted(name for name in readers if name.endswith(".cpp") and name != "Today.cpp")
             readers |= found

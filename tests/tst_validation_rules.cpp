@@ -686,6 +686,18 @@ private Q_SLOTS:
     }
     void holdingsShouldCoverASale() { check(); }
 
+    void holdingsWithADisplayFactorOfZeroCountAsStored()
+    {
+        open(saleOf(1000));
+        holdings({ 999 }, 0, 0)();
+        log().expectWarning(QStringLiteral("AutoParamSetting::checkParam display factor 0, rule skipped"), 2);
+        log().expectWarning(QStringLiteral("display factor 0 counts as 1"));
+        ok();
+        QCOMPARE(sent(), 0);
+        const QString counts = QStringLiteral("AutoParamSetting::checkParam display factor 0 counts as 1");
+        QCOMPARE(log().linesWith(QtWarningMsg, counts).size(), 1);
+    }
+
     void theHoldingsAreLogged()
     {
         open(saleOf(1000));

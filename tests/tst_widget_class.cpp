@@ -290,24 +290,30 @@ private Q_SLOTS:
             QCOMPARE(field<QLineEdit>(editor(), name)->maxLength(), 300);
     }
 
-    void boxesAreFilledInTheirOrder()
+    void fieldsAreFilledInTheirOrder()
     {
         construct();
-        QStringList first;
+        const QStringList landmarks = lines(R"(
+            combx_fundAccount.SetAccountList(
+            GetCurrentSecurityAccountByTradingAccount(
+            combx_instructionTargetType.append(
+            combx_planType.append(
+            le_symbol.setSymbol(
+            combx_tradeSide.append(
+            combx_priceType.append(
+            combx_priceMode.append(
+            lineEdit_price1.SetFormulaItems(
+            le_targetTotalNum.SetShowType(
+            combx_assignTo.append(
+            date_effectivePeriod_Multi.SetMode(
+            combx_reduceHMode.append()");
+        QStringList reached;
         for (const QString& step : qAsConst(script().steps)) {
-            const QString box = step.section(QStringLiteral(".append("), 0, 0);
-            if (box != step && !first.contains(box))
-                first.append(box);
+            const int next = reached.size();
+            if (next < landmarks.size() && step.startsWith(landmarks.at(next)))
+                reached.append(landmarks.at(next));
         }
-        QCOMPARE(first, lines(R"(
-            combx_instructionTargetType
-            combx_planType
-            combx_tradeSide
-            combx_priceType
-            combx_priceMode
-            combx_instructionMode
-            combx_assignTo
-            combx_reduceHMode)"));
+        QCOMPARE(reached, landmarks);
     }
 
     void servicesAreAskedInTheirOrder_data()
