@@ -127,6 +127,8 @@ void addIssuingRows()
 void addProgramRows()
 {
     addRow("未知选项：colour", { Error::MalformedCommandLine, { QStringLiteral("未知选项：colour") } });
+    addRow("无法备份数据库“a.db”：文件b.db已存在",
+        { Error::BackupFailed, { QStringLiteral("a.db") }, { Error::FileExists, { QStringLiteral("b.db") } } });
     addRow("多余的参数：b", { Error::ExtraArgument, { QStringLiteral("b") } });
     addRow("缺少目录", Error::NoFolder);
     addRow("命令backup应有一个文件", { Error::CommandWithoutFile, { QStringLiteral("backup") } });

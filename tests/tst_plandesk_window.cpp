@@ -288,6 +288,20 @@ private Q_SLOTS:
         QVERIFY2(help.output.startsWith(QStringLiteral("用法：")), qPrintable(help.output));
     }
 
+    void theProgramBacksUpTheDatabase()
+    {
+        const QTemporaryDir folder;
+        const QString backup = folder.filePath(QStringLiteral("backup.db"));
+        const QStringList arguments{ QStringLiteral("backup"), backup, QStringLiteral("--database"), session().file() };
+        const ProgramEnd end = runProgram(arguments);
+        QCOMPARE(end.code, 0);
+        QCOMPARE(end.output, QStringLiteral("数据库已备份到%1\n").arg(backup));
+        QVERIFY(QFile::exists(backup));
+        const ProgramEnd again = runProgram(arguments);
+        QCOMPARE(again.code, 1);
+        QVERIFY2(again.errors.contains(QStringLiteral("已存在")), qPrintable(again.errors));
+    }
+
     void importedClosuresExtendTheCalendar()
     {
         const QTemporaryDir folder;

@@ -19,6 +19,8 @@ enum class Error {
     NewerDatabase, ///< the file's version, the latest known one
     NoWriteAheadLog,
     MigrationFailed, ///< cause
+    BackupFailed,    ///< database; cause
+    FileExists,      ///< file
     // --- Stored plans and instructions
     EmptyPlan,
     FieldNotText,       ///< record key

@@ -28,6 +28,8 @@ constexpr Sentence Sentences[] = {
     { Error::NewerDatabase, "数据库版本%1高于本程序支持的版本%2，请升级程序" },
     { Error::NoWriteAheadLog, "数据库无法启用预写日志" },
     { Error::MigrationFailed, "升级数据库失败，%1" },
+    { Error::BackupFailed, "无法备份数据库“%1”：%2" },
+    { Error::FileExists, "文件%1已存在" },
     // --- Stored plans and instructions
     { Error::EmptyPlan, "计划内容为空" },
     { Error::FieldNotText, "计划字段“%1”的值不是文本" },

@@ -1,5 +1,6 @@
 #include "Database.h"
 
+#include "PrivateFiles.h"
 #include "Schema.h"
 
 #include <QDir>
@@ -115,8 +116,10 @@ Status Database::connect(const QString& fileName)
         return Error::NoDatabaseFile;
     if (QFileInfo(fileName).isDir())
         return Error::DatabaseIsFolder;
-    if (!QDir().mkpath(QFileInfo(fileName).absolutePath()))
+    if (!PrivateFiles::makeFolder(QFileInfo(fileName).absolutePath()))
         return Error::CannotCreateFolder;
+    if (!QFileInfo::exists(fileName))
+        PrivateFiles::makeFile(fileName);
     m_connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
     m_connection.setDatabaseName(fileName);
     m_connection.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(BusyTimeout));

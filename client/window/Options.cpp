@@ -44,7 +44,8 @@ public:
             m_parser.setApplicationDescription(QStringLiteral("交易计划客户端：新建、修改、复制自动交易计划。"));
             m_parser.addOption(m_issueDay);
             m_parser.addPositionalArgument(QStringLiteral("命令"),
-                QStringLiteral("import-closures 文件：导入休市表，延长交易日历。"), QStringLiteral("[命令 文件]"));
+                QStringLiteral("backup 文件：把数据库备份到新文件；import-closures 文件：导入休市表，延长交易日历。"),
+                QStringLiteral("[命令 文件]"));
         } else {
             m_parser.setApplicationDescription(
                 QStringLiteral("自动演示：逐项填写并提交计划，核对数据库中的记录，把各步的图片写入该目录。"));

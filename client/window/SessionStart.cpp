@@ -12,11 +12,10 @@ namespace {
 
 const QString DatabaseName = QStringLiteral("plandesk.sqlite");
 
-QString databaseOf(const Options& options)
+/// The default file, in the user's data folder.
+QString usualDatabase()
 {
-    if (!options.database.isEmpty())
-        return options.database;
-    return options.folder.isEmpty() ? usualDatabase() : QDir(options.folder).filePath(DatabaseName);
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)).filePath(DatabaseName);
 }
 
 /// Shows the progress of writing the sample data; nothing for a database that has them.
@@ -67,14 +66,17 @@ Status checkSize(const Options& options, const QString& file)
 
 } // namespace
 
-QString usualDatabase()
+QString databaseOf(const Options& options)
 {
-    return QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)).filePath(DatabaseName);
+    QString file = options.database;
+    if (file.isEmpty())
+        file = options.folder.isEmpty() ? usualDatabase() : QDir(options.folder).filePath(DatabaseName);
+    return QFileInfo(file).absoluteFilePath();
 }
 
 Status startSession(const Options& options)
 {
-    const QString file = QFileInfo(databaseOf(options)).absoluteFilePath();
+    const QString file = databaseOf(options);
     ClientSession::Options sample;
     sample.marketSize = options.securities;
     SampleProgress progress(options.wantsWindow());

@@ -6,5 +6,5 @@
 /// dialog, or on the console without a window.
 Status startSession(const Options& options);
 
-/// The default file, in the user's data folder.
-QString usualDatabase();
+/// The absolute path of the options' database.
+QString databaseOf(const Options& options);

@@ -1,0 +1,106 @@
+#include "Backup.h"
+
+#include "PrivateFiles.h"
+#include "Schema.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <sqlite3.h>
+
+#include <memory>
+
+namespace {
+
+constexpr int BusyTimeout = 5000; // milliseconds
+
+struct Closer {
+    void operator()(sqlite3* connection) const { sqlite3_close(connection); }
+    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using Connection = std::unique_ptr<sqlite3, Closer>;
+
+Status failure(sqlite3* connection)
+{
+    switch (sqlite3_errcode(connection)) {
+    case SQLITE_FULL:
+        return Error::DiskFull;
+    case SQLITE_NOTADB:
+        return Error::NotADatabase;
+    case SQLITE_CORRUPT:
+        return Error::DatabaseCorrupt;
+    default:
+        return { Error::DatabaseFailed, { QString::fromUtf8(sqlite3_errmsg(connection)) } };
+    }
+}
+
+Status open(const QString& database, Connection& connection)
+{
+    sqlite3* opened = nullptr;
+    const int code = sqlite3_open_v2(QFile::encodeName(database).constData(), &opened, SQLITE_OPEN_READONLY, nullptr);
+    connection.reset(opened);
+    if (code != SQLITE_OK)
+        return failure(opened);
+    sqlite3_busy_timeout(opened, BusyTimeout);
+    sqlite3_db_config(opened, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    sqlite3_db_config(opened, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    return {};
+}
+
+Status run(const Connection& connection, const char* sql, const QByteArray& value, int& number)
+{
+    sqlite3_stmt* prepared = nullptr;
+    if (sqlite3_prepare_v2(connection.get(), sql, -1, &prepared, nullptr) != SQLITE_OK)
+        return failure(connection.get());
+    const std::unique_ptr<sqlite3_stmt, Closer> statement(prepared);
+    if (sqlite3_bind_parameter_count(prepared) > 0)
+        sqlite3_bind_text(prepared, 1, value.constData(), -1, SQLITE_TRANSIENT);
+    int code = sqlite3_step(prepared);
+    if (code == SQLITE_ROW) {
+        number = sqlite3_column_int(prepared, 0);
+        code = sqlite3_step(prepared);
+    }
+    return code == SQLITE_DONE ? Status() : failure(connection.get());
+}
+
+Status checkApplication(const Connection& connection)
+{
+    int application = 0;
+    if (Status status = run(connection, "PRAGMA application_id", {}, application); !status)
+        return status;
+    return application == Schema::applicationId() ? Status() : Error::ForeignDatabase;
+}
+
+// SQLite writes into an empty file that exists, so its mode is known from the beginning.
+Status copy(const Connection& connection, const QString& file)
+{
+    if (!PrivateFiles::makeFile(file))
+        return QFileInfo::exists(file) ? Status(Error::FileExists, { file }) : Status(Error::FileNotWritten, { file });
+    int unused = 0;
+    Status status = run(connection, "VACUUM INTO ?", QFile::encodeName(file), unused);
+    if (status && !PrivateFiles::flush(file))
+        status = { Error::FileNotWritten, { file } };
+    if (!status)
+        QFile::remove(file);
+    return status;
+}
+
+Status backUp(const QString& database, const QString& file)
+{
+    if (!QFileInfo(database).isFile())
+        return Error::NotAFile;
+    Connection connection;
+    if (Status status = open(database, connection); !status)
+        return status;
+    if (Status status = checkApplication(connection); !status)
+        return status;
+    return copy(connection, file);
+}
+
+} // namespace
+
+Status backUpDatabase(const QString& database, const QString& file)
+{
+    const Status status = backUp(database, file);
+    return status ? Status() : Status(Error::BackupFailed, { database }, status);
+}
