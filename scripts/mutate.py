@@ -8,6 +8,7 @@ The last line is: mutants N noticed N
 """
 
 import argparse
+import filecmp
 import hashlib
 import json
 import os
@@ -357,13 +358,20 @@ def stop(message, output=""):
     sys.exit("\n".join(filter(None, [output[-4000:], message])))
 
 
+def copy_changed(source, target):
+    """Copies a file with the current time, unless both are equal: ninja compares times."""
+    if not os.path.exists(target) or not filecmp.cmp(source, target, shallow=False):
+        shutil.copy(source, target)
+
+
 class Build:
     """The complete build of the tree. Workers use its commands and its unchanged objects."""
 
     def __init__(self, folder):
         self.tree = folder / "tree"
         self.build = folder / "build"
-        shutil.copytree(ROOT, self.tree, ignore=shutil.ignore_patterns(".git", "build"), dirs_exist_ok=True)
+        shutil.copytree(ROOT, self.tree, ignore=shutil.ignore_patterns(".git", "build"), dirs_exist_ok=True,
+                        copy_function=copy_changed)
         # Most of the compilation time is spent on the same headers; with ccache, they would not be precompiled.
         precompiled = folder / "precompiled.cmake"
         precompiled.write_text(

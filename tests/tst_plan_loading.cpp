@@ -264,12 +264,12 @@ private Q_SLOTS:
         }
     }
 
-    void missingFieldsReadAsEmpty()
+    void missingAndUnreadableFieldsReadAsEmpty()
     {
         openSampleMarket();
-        storePlan(PlanId, FieldMap{ { QStringLiteral("unrelated"), 1 } });
+        storePlan(PlanId, FieldMap{ { Base::beginDate, QStringLiteral("soon") } });
         script().otherParam = [](const FieldMap&) { return FieldMap{ { QStringLiteral("unrelated"), 1 } }; };
-        log().expectWarning(QStringLiteral("stored text is no date"));
+        log().expectWarning(QStringLiteral("AutoParamSetting::copyPlan stored text is no date \"soon\""));
         openStored(false);
         for (const char* const name : { "combx_fundAccount", "combx_instructionType", "combx_planType",
                  "combx_tradeSide", "combx_entrustType", "combx_priceMode", "combx_instructionMode" })
