@@ -17,7 +17,7 @@ template struct Opened<&AutoParamSetting::checkParam>;
 void checkParam(benchmark::State& state)
 {
     ClientSession& session = ClientSession::instance();
-    const QString plan = session.plans().page(session.plans().count() - 1, 1).value(0).id;
+    const QString plan = session.plans().page(*session.plans().count() - 1, 1)->value(0).id;
     AutoParamSetting editor(nullptr);
     showPainted(editor);
     editor.editPlan(plan);
@@ -28,7 +28,7 @@ void checkParam(benchmark::State& state)
         timing.run([&] { passes = check(editor) && passes; });
     if (!passes)
         state.SkipWithError("a rule does not pass");
-    state.counters["instructions"] = session.instructions().ofPlan(plan).size();
+    state.counters["instructions"] = session.instructions().ofPlan(plan)->size();
 }
 
 BENCHMARK(checkParam)->UseManualTime()->Unit(benchmark::kMillisecond);

@@ -8,7 +8,7 @@ namespace {
 
 QString newestPlan()
 {
-    return ClientSession::instance().plans().page(0, 1).value(0).id;
+    return ClientSession::instance().plans().page(0, 1)->value(0).id;
 }
 
 /// Opens the plan repeatedly in a visible editor, without painting.

@@ -19,7 +19,7 @@ void openTable(benchmark::State& state)
     MainWindow window;
     showPainted(window);
     state.counters["window_mib"] = residentMebibytes() - before;
-    state.counters["plans"] = ClientSession::instance().plans().count();
+    state.counters["plans"] = *ClientSession::instance().plans().count();
 }
 
 BENCHMARK(openTable)->UseManualTime()->Unit(benchmark::kMillisecond);

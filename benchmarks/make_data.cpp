@@ -78,7 +78,7 @@ void writePositions(Database& database)
 {
     PositionStore store(database);
     const QString& exchange = Kelvo_Values::Exchange::sh;
-    const QStringList symbols = SecurityStore(database).firstSymbols(
+    const QStringList symbols = *SecurityStore(database).firstSymbols(
         Kelvo_Values::MdcSubSecurityType::Ashares, Kelvo_Values::SymbolPost::sh, Positions);
     for (const QString& symbol : symbols)
         require(store.set({ numberOf(0), exchange + numberOf(0), symbol, 200000000, 200000000 }));

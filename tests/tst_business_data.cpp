@@ -435,12 +435,10 @@ private Q_SLOTS:
         QVERIFY(!agreementText(agreement()).isEmpty());
         QCOMPARE(signAgreement(agreement(), open), Status());
         QCOMPARE(AgreementDC::instance().GetUnsignedClientNoList(agreement()), QStringList());
-        QVERIFY(AgreementStore(ClientSession::instance().database()).signedTime(agreement(), open.first()).isValid());
-        QSqlQuery row = ClientSession::instance().database().query(
+        QVERIFY(AgreementStore(ClientSession::instance().database()).signedTime(agreement(), open.first())->isValid());
+        const auto signer = ClientSession::instance().database().value(
             QStringLiteral("SELECT user FROM signatures WHERE client_no = ?"), { open.first() });
-        QVERIFY(row.next());
-        QCOMPARE(row.value(0).toString(), QStringLiteral("trader07"));
-        row.finish();
+        QCOMPARE(signer->toString(), QStringLiteral("trader07"));
         QCOMPARE(m_session->reopen(), Status());
     }
 

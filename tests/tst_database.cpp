@@ -1,6 +1,7 @@
 #include "AccountStore.h"
 #include "AgreementStore.h"
 #include "AuthorityStore.h"
+#include "AutoPlanField.h"
 #include "Database.h"
 #include "InstructionStore.h"
 #include "PlanStore.h"
@@ -14,11 +15,13 @@
 #include <QThread>
 #include <QtTest>
 
+#include <unistd.h>
+
 #include <memory>
 
 namespace {
 
-const QString OtherParamKey = QStringLiteral("otherParam");
+const QString& OtherParamKey = AutoPlanField::BaseField::planOtherParam;
 const QDateTime Morning(QDate(2024, 5, 6), QTime(9, 30, 0, 125));
 const QDateTime Noon(QDate(2024, 5, 6), QTime(12, 0));
 
@@ -26,7 +29,8 @@ PlanStore::Record sampleRecord()
 {
     return { { QStringLiteral("symbol"), QStringLiteral("600000.SH") },
         { QStringLiteral("remark"), QStringLiteral("分批买入 \"一\"; DROP TABLE plans") },
-        { QStringLiteral("empty"), QStringLiteral("") }, { OtherParamKey, QStringLiteral("{\"JCRatio\":\"0.5\"}") } };
+        { QStringLiteral("expectedUser"), QStringLiteral("") },
+        { OtherParamKey, QStringLiteral("{\"JCRatio\":\"0.5\"}") } };
 }
 
 QByteArray contentOf(const QString& fileName)
@@ -66,6 +70,23 @@ public:
 Status cannotOpen(const QString& fileName, const Status& cause)
 {
     return { Error::CannotOpenDatabase, { fileName }, cause };
+}
+
+/// Deletes, replaces, moves or links the file, or removes the companion with the ending.
+void exchange(const QString& fileName, const QString& change)
+{
+    const QString other = QFileInfo(fileName).absolutePath() + QStringLiteral("/other.db");
+    if (change == QLatin1String("link")) {
+        QCOMPARE(::link(QFile::encodeName(fileName).constData(), QFile::encodeName(other).constData()), 0);
+    } else if (change == QLatin1String("move")) {
+        QVERIFY(QFile::rename(fileName, other));
+    } else if (change.startsWith(QLatin1Char('-'))) {
+        QVERIFY(QFile::remove(fileName + change));
+    } else {
+        QVERIFY(QFile::copy(fileName, other));
+        QVERIFY(QFile::remove(fileName));
+        QVERIFY(change == QLatin1String("delete") || QFile::rename(other, fileName));
+    }
 }
 
 bool makeVersionOne(const QString& fileName)
@@ -113,10 +134,7 @@ private Q_SLOTS:
 
     void theConnectionIsDurableAndStrict()
     {
-        const auto value = [this](const QString& statement) {
-            QSqlQuery query = m_database->query(statement);
-            return query.next() ? query.value(0).toString() : QString();
-        };
+        const auto value = [this](const QString& statement) { return m_database->value(statement)->toString(); };
         QCOMPARE(value(QStringLiteral("PRAGMA journal_mode")), QStringLiteral("wal"));
         QCOMPARE(value(QStringLiteral("PRAGMA synchronous")), QStringLiteral("2"));
         QCOMPARE(value(QStringLiteral("PRAGMA foreign_keys")), QStringLiteral("1"));
@@ -130,12 +148,12 @@ private Q_SLOTS:
 
     void aReopenedFileKeepsItsPlans()
     {
-        const QString id = *PlanStore(*m_database, OtherParamKey).create(sampleRecord(), QStringLiteral("u"), Morning);
+        const QString id = *PlanStore(*m_database).create(sampleRecord(), QStringLiteral("u"), Morning);
         m_database->close();
         QVERIFY(!m_database->isOpen());
         QCOMPARE(m_database->fileName(), QString());
         QCOMPARE(m_database->open(path(QStringLiteral("plans.db"))), Status());
-        QCOMPARE(PlanStore(*m_database, OtherParamKey).record(id), sampleRecord());
+        QCOMPARE(*PlanStore(*m_database).record(id), sampleRecord());
     }
 
     void anOlderSchemaIsMigratedWithItsPlans()
@@ -144,7 +162,7 @@ private Q_SLOTS:
         QVERIFY(makeVersionOne(fileName));
         Database database;
         QCOMPARE(database.open(fileName), Status());
-        const StoredPlan plan = PlanStore(database, OtherParamKey).plan(PlanId::fromNumber(1));
+        const StoredPlan plan = *PlanStore(database).plan(PlanId::fromNumber(1));
         QCOMPARE(plan.version, 3);
         QCOMPARE(plan.created, QDateTime(QDate(2023, 12, 1), QTime(10, 0)));
         QCOMPARE(plan.changed, plan.created);
@@ -220,7 +238,7 @@ private Q_SLOTS:
 
     void aDamagedFileIsRefusedAndLeftAsItIs()
     {
-        PlanStore plans(*m_database, OtherParamKey);
+        PlanStore plans(*m_database);
         for (int i = 0; i < 500; ++i)
             QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
         m_database->close();
@@ -237,14 +255,14 @@ private Q_SLOTS:
 
     void aTransactionThatGivesAReasonLeavesNothing()
     {
-        PlanStore plans(*m_database, OtherParamKey);
+        PlanStore plans(*m_database);
         const Status changedMind(Error::UnknownPlan, { QStringLiteral("changed my mind") });
         const Status status = m_database->transaction([&] {
             const auto created = plans.create(sampleRecord(), QStringLiteral("u"), Morning);
             return created ? changedMind : created.status();
         });
         QCOMPARE(status, changedMind);
-        QCOMPARE(plans.count(), 0);
+        QCOMPARE(*plans.count(), 0);
     }
 
     void theLogIsBegunAheadOfTheFirstTransaction()
@@ -256,27 +274,27 @@ private Q_SLOTS:
         QCOMPARE(logFrames(), 1);
         m_database->prepareWal();
         QCOMPARE(logFrames(), 1);
-        QCOMPARE(PlanStore(*m_database, OtherParamKey).count(), 0);
+        QCOMPARE(*PlanStore(*m_database).count(), 0);
     }
 
     void aLongLogIsMovedWhenNobodyWaits()
     {
-        PlanStore plans(*m_database, OtherParamKey);
+        PlanStore plans(*m_database);
         for (int i = 0; i < 60; ++i)
             QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
         QVERIFY(logFrames() > 60);
         Database other;
         QCOMPARE(other.open(path(QStringLiteral("plans.db"))), Status());
-        QCOMPARE(other.execute(QStringLiteral("BEGIN IMMEDIATE")), Status());
+        QCOMPARE(other.configure(QStringLiteral("BEGIN IMMEDIATE")), Status());
         QElapsedTimer timer;
         timer.start();
         m_database->prepareWal();
         QVERIFY2(timer.elapsed() < 800, "waited for the other client's transaction");
-        QCOMPARE(other.execute(QStringLiteral("ROLLBACK")), Status());
+        QCOMPARE(other.configure(QStringLiteral("ROLLBACK")), Status());
         m_database->prepareWal();
         QCOMPARE(logFrames(), 1);
-        QCOMPARE(plans.count(), 60);
-        QCOMPARE(PlanStore(other, OtherParamKey).count(), 60);
+        QCOMPARE(*plans.count(), 60);
+        QCOMPARE(*PlanStore(other).count(), 60);
     }
 
     void beginningTheLogKeepsTheVersionOfTheFile()
@@ -287,9 +305,7 @@ private Q_SLOTS:
             QCOMPARE(m_database->transaction([] { return Status(); }), Status());
         m_database->prepareWal();
         QCOMPARE(logFrames(), 1);
-        QSqlQuery version = m_database->query(QStringLiteral("PRAGMA user_version"));
-        QVERIFY(version.next());
-        QCOMPARE(version.value(0).toInt(), 99);
+        QCOMPARE(m_database->value(QStringLiteral("PRAGMA user_version"))->toInt(), 99);
     }
 
     void theMarkOfTheContentsIsNotToldWithinATransaction()
@@ -303,19 +319,19 @@ private Q_SLOTS:
             return Status();
         }));
         QCOMPARE(within, QString());
-        QVERIFY(PlanStore(*m_database, OtherParamKey).create(sampleRecord(), QStringLiteral("u"), Morning));
+        QVERIFY(PlanStore(*m_database).create(sampleRecord(), QStringLiteral("u"), Morning));
         QVERIFY(m_database->changeToken() != before);
     }
 
     void aWorkerThreadReadsWithAnObjectOfItsOwn()
     {
-        QVERIFY(PlanStore(*m_database, OtherParamKey).create(sampleRecord(), QStringLiteral("u"), Morning));
+        QVERIFY(PlanStore(*m_database).create(sampleRecord(), QStringLiteral("u"), Morning));
         Status opened = Error::DatabaseNotOpen;
         int count = 0;
         const std::unique_ptr<QThread> worker(QThread::create([&] {
             Database database;
             opened = database.open(path(QStringLiteral("plans.db")));
-            count = PlanStore(database, OtherParamKey).count();
+            count = *PlanStore(database).count();
         }));
         worker->start();
         QVERIFY(worker->wait(10000));
@@ -323,13 +339,129 @@ private Q_SLOTS:
         QCOMPARE(count, 1);
     }
 
+    void aFailedStatementFailsItsTransaction()
+    {
+        PlanStore plans(*m_database);
+        const Status status = m_database->transaction([&] {
+            // The failure is ignored on purpose.
+            const auto failed = m_database->value(QStringLiteral("SELECT * FROM nothing"));
+            const auto created = plans.create(sampleRecord(), QStringLiteral("u"), Morning);
+            return failed || created ? created.status() : Status();
+        });
+        QCOMPARE(status.error(), Error::DatabaseFailed);
+        QVERIFY(status.details().constFirst().contains(QStringLiteral("nothing")));
+        QCOMPARE(*plans.count(), 0);
+        QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
+    }
+
+    void aTransactionThatHasEndedCommitsNothing()
+    {
+        PlanStore plans(*m_database);
+        const Status status = m_database->transaction([&] {
+            const auto first = plans.create(sampleRecord(), QStringLiteral("u"), Morning);
+            // Like SQLite itself on a full disk, but without an error.
+            Status ended = m_database->configure(QStringLiteral("ROLLBACK"));
+            const auto second = plans.create(sampleRecord(), QStringLiteral("u"), Morning);
+            return first && ended && second ? Status() : Status();
+        });
+        QCOMPARE(status, Status(Error::TransactionEnded));
+        QCOMPARE(*plans.count(), 0);
+        QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
+    }
+
+    void aFileThatWasExchangedIsNotWritten_data()
+    {
+        QTest::addColumn<QString>("change");
+        QTest::newRow("deleted") << QStringLiteral("delete");
+        QTest::newRow("replaced by a copy") << QStringLiteral("replace");
+        QTest::newRow("moved") << QStringLiteral("move");
+        QTest::newRow("linked twice") << QStringLiteral("link");
+        QTest::newRow("without its log") << QStringLiteral("-wal");
+        QTest::newRow("without the log's index") << QStringLiteral("-shm");
+    }
+
+    void aFileThatWasExchangedIsNotWritten()
+    {
+        QFETCH(QString, change);
+        PlanStore plans(*m_database);
+        QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
+        const QString fileName = path(QStringLiteral("plans.db"));
+        exchange(fileName, change);
+        const Status changed(Error::DatabaseFileChanged);
+        QCOMPARE(plans.create(sampleRecord(), QStringLiteral("u"), Morning).status(), changed);
+        QCOMPARE(plans.modify(PlanId::fromNumber(1), sampleRecord(), Noon), changed);
+        QCOMPARE(UserStore(*m_database).add({ QStringLiteral("u1"), QStringLiteral("u1") }), changed);
+        m_database->prepareWal();
+        QCOMPARE(*plans.count(), 1);
+        QCOMPARE(plans.plan(PlanId::fromNumber(1))->version, 1);
+    }
+
+    void aFileThatIsExchangedWithinATransactionKeepsNothing()
+    {
+        PlanStore plans(*m_database);
+        const QString fileName = path(QStringLiteral("plans.db"));
+        const Status status = m_database->transaction([&] {
+            const auto created = plans.create(sampleRecord(), QStringLiteral("u"), Morning);
+            exchange(fileName, QStringLiteral("link"));
+            return created.status();
+        });
+        QCOMPARE(status, Status(Error::DatabaseFileChanged));
+        QVERIFY(QFile::remove(path(QStringLiteral("other.db"))));
+        QCOMPARE(*plans.count(), 0);
+    }
+
+    void aRestoredBackupStaysAsItIs()
+    {
+        const QString fileName = path(QStringLiteral("plans.db"));
+        const QString log = fileName + QStringLiteral("-wal");
+        PlanStore plans(*m_database);
+        QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
+        QCOMPARE(
+            m_database->configure(QStringLiteral("VACUUM INTO '%1'").arg(path(QStringLiteral("backup.db")))), Status());
+        QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
+        for (const QString& name : { fileName, log, fileName + QStringLiteral("-shm") })
+            QVERIFY(QFile::remove(name));
+        QVERIFY(QFile::rename(path(QStringLiteral("backup.db")), fileName));
+        Database restored;
+        QCOMPARE(restored.open(fileName), Status());
+        QVERIFY(PlanStore(restored).create(sampleRecord(), QStringLiteral("restored"), Noon));
+        const QByteArray before = contentOf(fileName);
+        const QByteArray logBefore = contentOf(log);
+        QVERIFY(!logBefore.isEmpty());
+        QVERIFY(!plans.create(sampleRecord(), QStringLiteral("u"), Morning));
+        m_database->close();
+        QCOMPARE(contentOf(fileName), before);
+        QCOMPARE(contentOf(log), logBefore);
+        QCOMPARE(PlanStore(restored).plan(PlanId::fromNumber(2))->creator, QStringLiteral("restored"));
+    }
+
+    void aFileWithASecondNameIsNotOpened()
+    {
+        const QString fileName = path(QStringLiteral("plans.db"));
+        m_database->close();
+        exchange(fileName, QStringLiteral("link"));
+        QCOMPARE(m_database->open(fileName), cannotOpen(fileName, Error::DatabaseFileChanged));
+        QVERIFY(QFile::remove(path(QStringLiteral("other.db"))));
+        QCOMPARE(m_database->open(fileName), Status());
+    }
+
+    void theEndOfThePlanNumbersIsReported()
+    {
+        PlanStore plans(*m_database);
+        const QString id = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
+        QCOMPARE(m_database->execute(QStringLiteral("UPDATE sqlite_sequence SET seq = 9223372036854775807")), Status());
+        QCOMPARE(plans.create(sampleRecord(), QStringLiteral("u"), Morning).status(), Status(Error::NumbersExhausted));
+        QCOMPARE(plans.modify(id, sampleRecord(), Noon), Status());
+        QCOMPARE(*plans.count(), 1);
+    }
+
     void aClosedDatabaseGivesAReason()
     {
         m_database->close();
-        PlanStore plans(*m_database, OtherParamKey);
+        PlanStore plans(*m_database);
         QVERIFY(!plans.create(sampleRecord(), QStringLiteral("u"), Morning));
-        QCOMPARE(plans.count(), 0);
-        QVERIFY(plans.page(0, 10).isEmpty());
+        QCOMPARE(plans.count().status(), Status(Error::DatabaseNotOpen));
+        QCOMPARE(plans.page(0, 10).status(), Status(Error::DatabaseNotOpen));
     }
 
     void anIdIsTakenOnlyAsItIsWritten_data()
@@ -355,10 +487,10 @@ private Q_SLOTS:
 
     void aCreatedPlanReadsBackAsItWas()
     {
-        PlanStore plans(*m_database, OtherParamKey);
+        PlanStore plans(*m_database);
         const auto created = plans.create(sampleRecord(), QStringLiteral("trader01"), Morning);
         QCOMPARE(created.status(), Status());
-        const StoredPlan plan = plans.plan(*created);
+        const StoredPlan plan = *plans.plan(*created);
         QCOMPARE(plan.id, *created);
         QCOMPARE(plan.version, 1);
         QCOMPARE(plan.creator, QStringLiteral("trader01"));
@@ -371,41 +503,86 @@ private Q_SLOTS:
 
     void aPlanWithoutOtherParametersHasNoSuchKey()
     {
-        PlanStore plans(*m_database, OtherParamKey);
+        PlanStore plans(*m_database);
         PlanStore::Record record = sampleRecord();
         record.remove(OtherParamKey);
         const QString id = *plans.create(record, QString(), Morning);
-        QVERIFY(!plans.record(id).contains(OtherParamKey));
+        QVERIFY(!plans.record(id)->contains(OtherParamKey));
         record.insert(OtherParamKey, QString());
         QCOMPARE(plans.modify(id, record, Noon), Status());
-        QVERIFY(plans.record(id).contains(OtherParamKey));
+        QVERIFY(plans.record(id)->contains(OtherParamKey));
     }
 
     void idsAreNewAndAscending()
     {
-        PlanStore plans(*m_database, OtherParamKey);
+        PlanStore plans(*m_database);
         const QString first = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
         QCOMPARE(m_database->execute(QStringLiteral("DELETE FROM plans")), Status());
         const QString second = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
         QCOMPARE(first, QStringLiteral("AP00000001"));
         QCOMPARE(second, QStringLiteral("AP00000002"));
-        QCOMPARE(plans.record(first), PlanStore::Record());
+        QCOMPARE(*plans.record(first), PlanStore::Record());
+    }
+
+    void aRecordThatWouldComeBackChangedIsRefused_data()
+    {
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<Status>("expected");
+        const QString remark = AutoPlanField::BaseField::remark;
+        const auto row = [&remark](const char* name, const QString& text, const Status& expected) {
+            QTest::newRow(name) << remark << text << expected;
+        };
+        const Status refused(Error::FieldNotStorable, { remark });
+        row("half a character at the end", QStringLiteral("a") + QChar(0xD83D), refused);
+        row("half a character before others", QString(QChar(0xD83D)) + QStringLiteral("a"), refused);
+        row("the second half alone", QString(QChar(0xDE00)), refused);
+        row("U+FFFE", QStringLiteral("a") + QChar(0xFFFE), refused);
+        row("U+FFFF", QStringLiteral("a") + QChar(0xFFFF), refused);
+        row("a byte order mark at the beginning", QChar(0xFEFF) + QStringLiteral("a"), refused);
+        row("a null character", QStringLiteral("a") + QChar(0) + QStringLiteral("b"), refused);
+        row("a byte order mark inside", QStringLiteral("a") + QChar(0xFEFF), Status());
+        row("a character of two halves", QString::fromUtf8("\xF0\x9F\x98\x80"), Status());
+        row("control characters", QStringLiteral("\t\n\x01"), Status());
+        row("the longest text", QString(4000, QLatin1Char('x')), Status());
+        row("a longer text", QString(4001, QLatin1Char('x')),
+            { Error::FieldTooLong, { remark, QStringLiteral("4000") } });
+        QTest::newRow("other parameters that are too long")
+            << OtherParamKey << QString((1 << 20) + 1, QLatin1Char('x'))
+            << Status(Error::FieldTooLong, { OtherParamKey, QStringLiteral("1048576") });
+        QTest::newRow("an unknown field") << QStringLiteral("colour") << QStringLiteral("red")
+                                          << Status(Error::FieldUnknown, { QStringLiteral("colour") });
+    }
+
+    void aRecordThatWouldComeBackChangedIsRefused()
+    {
+        QFETCH(QString, field);
+        QFETCH(QString, text);
+        QFETCH(Status, expected);
+        PlanStore plans(*m_database);
+        const QString id = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
+        PlanStore::Record record = sampleRecord();
+        record.insert(field, text);
+        QCOMPARE(plans.create(record, QStringLiteral("u"), Morning).status(), expected);
+        QCOMPARE(plans.modify(id, record, Noon), expected);
+        QCOMPARE(*plans.record(id), expected ? record : sampleRecord());
+        QCOMPARE(*plans.count(), expected ? 2 : 1);
     }
 
     void anEmptyRecordIsRefused()
     {
-        PlanStore plans(*m_database, OtherParamKey);
+        PlanStore plans(*m_database);
         QCOMPARE(plans.create({}, QStringLiteral("u"), Morning).status(), Status(Error::EmptyPlan));
-        QCOMPARE(plans.count(), 0);
+        QCOMPARE(*plans.count(), 0);
     }
 
     void aModifiedPlanCountsItsVersionUp()
     {
-        PlanStore plans(*m_database, OtherParamKey);
+        PlanStore plans(*m_database);
         const QString id = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
         const PlanStore::Record changed{ { QStringLiteral("symbol"), QStringLiteral("000001.SZ") } };
         QCOMPARE(plans.modify(id, changed, Noon), Status());
-        const StoredPlan plan = plans.plan(id);
+        const StoredPlan plan = *plans.plan(id);
         QCOMPARE(plan.version, 2);
         QCOMPARE(plan.record, changed);
         QCOMPARE(plan.created, Morning);
@@ -414,7 +591,7 @@ private Q_SLOTS:
 
     void aModificationThatFailsLeavesThePlan()
     {
-        PlanStore plans(*m_database, OtherParamKey);
+        PlanStore plans(*m_database);
         const QString id = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
         QCOMPARE(m_database->execute(QStringLiteral("CREATE TRIGGER no_remark BEFORE INSERT ON plan_fields"
                                                     " WHEN NEW.value = 'bad' BEGIN SELECT RAISE(ABORT, 'no'); END")),
@@ -422,53 +599,51 @@ private Q_SLOTS:
         PlanStore::Record changed = sampleRecord();
         changed.insert(QStringLiteral("symbol"), QStringLiteral("bad"));
         QVERIFY(!plans.modify(id, changed, Noon));
-        QCOMPARE(plans.plan(id).version, 1);
-        QCOMPARE(plans.record(id), sampleRecord());
+        QCOMPARE(plans.plan(id)->version, 1);
+        QCOMPARE(*plans.record(id), sampleRecord());
     }
 
     void pagesShowTheNewestPlansFirst()
     {
-        PlanStore plans(*m_database, OtherParamKey);
+        PlanStore plans(*m_database);
         for (int i = 0; i < 5; ++i)
             QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
-        QCOMPARE(plans.count(), 5);
-        const QVector<StoredPlan> page = plans.page(1, 2);
+        QCOMPARE(*plans.count(), 5);
+        const QVector<StoredPlan> page = *plans.page(1, 2);
         QCOMPARE(page.size(), 2);
         QCOMPARE(page.at(0).id, QStringLiteral("AP00000004"));
         QCOMPARE(page.at(1).id, QStringLiteral("AP00000003"));
         QCOMPARE(page.at(0).record, sampleRecord());
-        QCOMPARE(plans.page(4, 10).size(), 1);
-        QCOMPARE(plans.page(5, 10).size(), 0);
-        QCOMPARE(plans.page(-1, 10).size(), 0);
-        QCOMPARE(plans.page(0, 0).size(), 0);
+        QCOMPARE(plans.page(4, 10)->size(), 1);
+        QCOMPARE(plans.page(5, 10)->size(), 0);
+        QCOMPARE(plans.page(-1, 10)->size(), 0);
+        QCOMPARE(plans.page(0, 0)->size(), 0);
     }
 
     void plansOfAPeriodIncludeItsFirstAndLastDay()
     {
-        PlanStore plans(*m_database, OtherParamKey);
-        const QString begin = QStringLiteral("begin");
-        const QString end = QStringLiteral("end");
-        const PlanStore::Record period{ { begin, QStringLiteral("2024-05-06") },
-            { end, QStringLiteral("2024-05-08") } };
+        PlanStore plans(*m_database);
+        const PlanStore::Record period{ { AutoPlanField::BaseField::beginDate, QStringLiteral("2024-05-06") },
+            { AutoPlanField::BaseField::endDate, QStringLiteral("2024-05-08") } };
         const QString id = *plans.create(period, QStringLiteral("u"), Morning);
-        QCOMPARE(plans.idsOfPeriod(begin, end, QDate(2024, 5, 5)), QStringList());
-        QCOMPARE(plans.idsOfPeriod(begin, end, QDate(2024, 5, 6)), QStringList{ id });
-        QCOMPARE(plans.idsOfPeriod(begin, end, QDate(2024, 5, 8)), QStringList{ id });
-        QCOMPARE(plans.idsOfPeriod(begin, end, QDate(2024, 5, 9)), QStringList());
+        QCOMPARE(*plans.idsOfDay(QDate(2024, 5, 5)), QStringList());
+        QCOMPARE(*plans.idsOfDay(QDate(2024, 5, 6)), QStringList{ id });
+        QCOMPARE(*plans.idsOfDay(QDate(2024, 5, 8)), QStringList{ id });
+        QCOMPARE(*plans.idsOfDay(QDate(2024, 5, 9)), QStringList());
     }
 
     void anOtherParameterTextOfAMegabyteReadsBack()
     {
-        PlanStore plans(*m_database, OtherParamKey);
+        PlanStore plans(*m_database);
         PlanStore::Record record = sampleRecord();
         record.insert(OtherParamKey, QString(1 << 20, QChar(u'数')));
         const QString id = *plans.create(record, QStringLiteral("u"), Morning);
-        QCOMPARE(plans.record(id), record);
+        QCOMPARE(*plans.record(id), record);
     }
 
     void instructionsBelongToTheirPlanAndDay()
     {
-        PlanStore plans(*m_database, OtherParamKey);
+        PlanStore plans(*m_database);
         InstructionStore instructions(*m_database);
         const QString plan = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
         const QString other = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
@@ -479,13 +654,13 @@ private Q_SLOTS:
         QVERIFY(first < second);
         QCOMPARE(instructions.update(plan, first, { { QStringLiteral("14"), QStringLiteral("300") } }), Status());
 
-        const auto all = instructions.ofPlan(plan);
+        const auto all = *instructions.ofPlan(plan);
         QCOMPARE(all.keys(), QStringList({ first, second }));
         QCOMPARE(all.value(first).value(QStringLiteral("14")).toString(), QStringLiteral("300"));
         QCOMPARE(all.value(first).value(QStringLiteral("38")).toString(), QStringLiteral("500"));
         QCOMPARE(all.value(second), fields);
-        QCOMPARE(instructions.ofDay(plan, QDate(2024, 5, 7)).keys(), QStringList{ second });
-        QCOMPARE(instructions.ofPlan(other).size(), 0);
+        QCOMPARE(instructions.ofDay(plan, QDate(2024, 5, 7))->keys(), QStringList{ second });
+        QCOMPARE(instructions.ofPlan(other)->size(), 0);
     }
 
     void anInstructionOfAnUnknownPlanIsRefused()
@@ -495,7 +670,18 @@ private Q_SLOTS:
         QCOMPARE(instructions.add(plan, QDate(2024, 5, 6), {}).status(), Status(Error::UnknownPlan, { plan }));
         QCOMPARE(instructions.update(plan, QStringLiteral("x"), {}),
             Status(Error::UnknownInstruction, { QStringLiteral("x") }));
-        QCOMPARE(instructions.ofPlan(plan).size(), 0);
+        QCOMPARE(instructions.ofPlan(plan)->size(), 0);
+    }
+
+    void aMissingInstructionLeavesAGapInTheIds()
+    {
+        const QString plan = *PlanStore(*m_database).create(sampleRecord(), QStringLiteral("u"), Morning);
+        InstructionStore instructions(*m_database);
+        for (int i = 0; i < 3; ++i)
+            QVERIFY(instructions.add(plan, QDate(2024, 5, 6), {}));
+        QCOMPARE(m_database->execute(QStringLiteral("DELETE FROM plan_instructions WHERE id = 'AP00000001-000002'")),
+            Status());
+        QCOMPARE(*instructions.add(plan, QDate(2024, 5, 7), {}), QStringLiteral("AP00000001-000004"));
     }
 
     void accountsComeInTheOrderInWhichTheyWereGiven()
@@ -509,16 +695,16 @@ private Q_SLOTS:
         QCOMPARE(accounts.assign(QStringLiteral("u1"), QStringLiteral("1")), Status());
         QVERIFY(!accounts.assign(QStringLiteral("nobody"), QStringLiteral("1")));
 
-        const QVector<StoredAccount> mine = accounts.accountsOf(QStringLiteral("u1"));
+        const QVector<StoredAccount> mine = *accounts.accountsOf(QStringLiteral("u1"));
         QCOMPARE(mine.size(), 2);
         QCOMPARE(mine.at(0).tradingAccount, QStringLiteral("2"));
         QCOMPARE(mine.at(1).tradingAccount, QStringLiteral("1"));
         QCOMPARE(mine.at(0).exchangeAccounts.value(QStringLiteral("XSHG")), QStringLiteral("A1"));
-        QCOMPARE(accounts.account(QStringLiteral("1")).clientNo, QStringLiteral("C1"));
-        QCOMPARE(accounts.account(QStringLiteral("9")).tradingAccount, QString());
-        QCOMPARE(users.user(QStringLiteral("u1")).name, QStringLiteral("林岫"));
-        QCOMPARE(users.user(QStringLiteral("u2")).id, QString());
-        QCOMPARE(users.users().size(), 1);
+        QCOMPARE(accounts.account(QStringLiteral("1"))->clientNo, QStringLiteral("C1"));
+        QCOMPARE(accounts.account(QStringLiteral("9"))->tradingAccount, QString());
+        QCOMPARE(users.user(QStringLiteral("u1"))->name, QStringLiteral("林岫"));
+        QCOMPARE(users.user(QStringLiteral("u2"))->id, QString());
+        QCOMPARE(users.users()->size(), 1);
     }
 
     void authoritiesAndRulesAreKeptPerUserAccountAndType()
@@ -529,13 +715,13 @@ private Q_SLOTS:
         addAccount(account, QStringLiteral("C1"));
         AuthorityStore authorities(*m_database);
         QCOMPARE(authorities.grant(user, account, QStringLiteral("5")), Status());
-        QVERIFY(authorities.hasAuthority(user, account, QStringLiteral("5")));
-        QVERIFY(!authorities.hasAuthority(user, account, QStringLiteral("1")));
-        QVERIFY(!authorities.hasAuthority(QStringLiteral("u2"), account, QStringLiteral("5")));
-        QCOMPARE(authorities.ruleProperty(user, account, QStringLiteral("5")), 0);
+        QVERIFY(authorities.rights(user, account, QStringLiteral("5"))->authority);
+        QVERIFY(!authorities.rights(user, account, QStringLiteral("1"))->authority);
+        QVERIFY(!authorities.rights(QStringLiteral("u2"), account, QStringLiteral("5"))->authority);
+        QCOMPARE(authorities.rights(user, account, QStringLiteral("5"))->ruleProperty, 0);
         QCOMPARE(authorities.setRuleProperty(user, account, QStringLiteral("5"), 1), Status());
-        QCOMPARE(authorities.ruleProperty(user, account, QStringLiteral("5")), 1);
-        QCOMPARE(authorities.ruleProperty(user, account, QStringLiteral("1")), 0);
+        QCOMPARE(authorities.rights(user, account, QStringLiteral("5"))->ruleProperty, 1);
+        QCOMPARE(authorities.rights(user, account, QStringLiteral("1"))->ruleProperty, 0);
     }
 
     void aChainKeepsItsOrderAndItsDuplicates()
@@ -546,10 +732,10 @@ private Q_SLOTS:
         AuthorityStore chains(*m_database);
         QCOMPARE(chains.addChain(QStringLiteral("1"), QStringLiteral("5"), key), Status());
         QCOMPARE(chains.addChainUsers(key, ChainRole::Forward, names), Status());
-        QCOMPARE(chains.chainKey(QStringLiteral("1"), QStringLiteral("5")), key);
-        QCOMPARE(chains.chainKey(QStringLiteral("1"), QStringLiteral("1")), QString());
-        QCOMPARE(chains.chainUsers(key, ChainRole::Forward), names);
-        QCOMPARE(chains.chainUsers(key, ChainRole::Execute), QStringList());
+        QCOMPARE(chains.rights(QString(), QStringLiteral("1"), QStringLiteral("5"))->chainKey, key);
+        QCOMPARE(chains.rights(QString(), QStringLiteral("1"), QStringLiteral("1"))->chainKey, QString());
+        QCOMPARE(*chains.chainUsers(key, ChainRole::Forward), names);
+        QCOMPARE(*chains.chainUsers(key, ChainRole::Execute), QStringList());
         QVERIFY(!chains.addChainUsers(QStringLiteral("other"), ChainRole::Execute, names));
     }
 
@@ -563,15 +749,16 @@ private Q_SLOTS:
             QVERIFY(AccountStore(*m_database).assign(QStringLiteral("u1"), account));
         AgreementStore agreements(*m_database);
         QCOMPARE(agreements.add({ protocol, QStringLiteral("标题"), QStringLiteral("正文") }), Status());
-        QCOMPARE(agreements.agreement(protocol).content, QStringLiteral("正文"));
-        QCOMPARE(agreements.unsignedClientNumbers(protocol, QStringLiteral("u1")),
+        QCOMPARE(agreements.agreement(protocol)->content, QStringLiteral("正文"));
+        QCOMPARE(*agreements.unsignedClientNumbers(protocol, QStringLiteral("u1")),
             QStringList({ QStringLiteral("C1"), QStringLiteral("C2") }));
 
         QCOMPARE(agreements.sign(protocol, QStringLiteral("C1"), QStringLiteral("u1"), Morning), Status());
         QCOMPARE(agreements.sign(protocol, QStringLiteral("C1"), QStringLiteral("u1"), Noon), Status());
-        QCOMPARE(agreements.signedTime(protocol, QStringLiteral("C1")), Morning);
-        QVERIFY(!agreements.signedTime(protocol, QStringLiteral("C2")).isValid());
-        QCOMPARE(agreements.unsignedClientNumbers(protocol, QStringLiteral("u1")), QStringList{ QStringLiteral("C2") });
+        QCOMPARE(*agreements.signedTime(protocol, QStringLiteral("C1")), Morning);
+        QVERIFY(!agreements.signedTime(protocol, QStringLiteral("C2"))->isValid());
+        QCOMPARE(
+            *agreements.unsignedClientNumbers(protocol, QStringLiteral("u1")), QStringList{ QStringLiteral("C2") });
         QVERIFY(!agreements.sign(QStringLiteral("unknown"), QStringLiteral("C1"), QString(), Noon));
     }
 
@@ -588,8 +775,10 @@ private:
     /// Pages in the log. Pages that are already in the file count until the log is restarted.
     int logFrames()
     {
-        QSqlQuery query = m_database->query(QStringLiteral("PRAGMA wal_checkpoint(PASSIVE)"));
-        return query.next() ? query.value(1).toInt() : -1;
+        int frames = -1;
+        const Status status = m_database->read(QStringLiteral("PRAGMA wal_checkpoint(PASSIVE)"), {},
+            [&frames](const QSqlQuery& row) { frames = row.value(1).toInt(); });
+        return status ? frames : -1;
     }
 
     std::unique_ptr<QTemporaryDir> m_folder;

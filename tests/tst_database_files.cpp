@@ -96,13 +96,13 @@ private Q_SLOTS:
             QVERIFY(!first.isEmpty());
             QCOMPARE(backUpDatabase(session.file(), backup), Status());
             QVERIFY(!session.create(SampleSession::record()).isEmpty());
-            QCOMPARE(ClientSession::instance().plans().count(), 2);
+            QCOMPARE(*ClientSession::instance().plans().count(), 2);
         }
         QCOMPARE(modeOf(backup), OwnerOnly);
         QVERIFY(QFile::copy(backup, restored));
         QCOMPARE(ClientSession::instance().open(restored, QStringLiteral("trader01")), Status());
-        QCOMPARE(ClientSession::instance().plans().count(), 1);
-        QCOMPARE(ClientSession::instance().plans().page(0, 1).value(0).id, first);
+        QCOMPARE(*ClientSession::instance().plans().count(), 1);
+        QCOMPARE(ClientSession::instance().plans().page(0, 1)->value(0).id, first);
         QCOMPARE(ClientSession::instance().market().count(), 200);
         ClientSession::instance().close();
     }
@@ -122,7 +122,7 @@ private Q_SLOTS:
         QCOMPARE(stopped, Status(Error::SampleCancelled));
         QCOMPARE(backedUp, Status());
         QCOMPARE(ClientSession::instance().open(backup, QStringLiteral("trader01")), Status());
-        QCOMPARE(ClientSession::instance().plans().count(), 1);
+        QCOMPARE(*ClientSession::instance().plans().count(), 1);
     }
 
     void aBackupReplacesNothing()

@@ -17,6 +17,10 @@ void addDatabaseRows()
     addRow("数据库文件已损坏", Error::DatabaseCorrupt);
     addRow("磁盘空间不足，无法写入数据库", Error::DiskFull);
     addRow("该文件不是数据库文件", Error::NotADatabase);
+    addRow("读写数据库文件出错（代码10）", { Error::DiskFailed, { QStringLiteral("10") } });
+    addRow("数据库文件已被删除、替换、移动或链接，不能继续使用，请核对文件后重新启动", Error::DatabaseFileChanged);
+    addRow("数据库事务已中止，内容未保存", Error::TransactionEnded);
+    addRow("数据库的编号已用尽，无法新建", Error::NumbersExhausted);
     addRow("数据库操作失败：no such table", { Error::DatabaseFailed, { QStringLiteral("no such table") } });
     addRow("无法打开数据库“a.db”：该路径是文件夹",
         { Error::CannotOpenDatabase, { QStringLiteral("a.db") }, Error::DatabaseIsFolder });
@@ -78,6 +82,11 @@ void addPlanRows()
     addRow("指令AP00000001-000001不存在", { Error::UnknownInstruction, { QStringLiteral("AP00000001-000001") } });
     addRow("计划“AP00000001”不存在", { Error::UnknownPlan, { QStringLiteral("AP00000001") } });
     addRow("计划字段“remark”的值不是文本", { Error::FieldNotText, { QStringLiteral("remark") } });
+    addRow("计划字段“colour”未知，不能保存", { Error::FieldUnknown, { QStringLiteral("colour") } });
+    addRow("计划字段“remark”超过4000个字符",
+        { Error::FieldTooLong, { QStringLiteral("remark"), QStringLiteral("4000") } });
+    addRow("计划字段“remark”含有无法保存的字符", { Error::FieldNotStorable, { QStringLiteral("remark") } });
+    addRow("证券“600000.SH”的收盘价已损坏", { Error::DamagedCloses, { QStringLiteral("600000.SH") } });
     addRow("新建计划不能带有计划编号", Error::PlanHasId);
     addRow("缺少计划扩展信息", Error::NoOtherParam);
     addRow("计划扩展信息不是有效的JSON对象", Error::OtherParamNotJson);

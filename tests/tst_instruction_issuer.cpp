@@ -56,7 +56,7 @@ QVector<qint64> closesOfShare()
 {
     return SecurityStore(ClientSession::instance().database())
         .closes(SampleSession::record().value(Kelvo_Fields::Security::symbol).toString())
-        .ticks;
+        ->ticks;
 }
 
 Security limitedShare()

@@ -36,7 +36,7 @@ AutoPlanLogic& service()
 
 int storedPlans()
 {
-    return ClientSession::instance().plans().count();
+    return *ClientSession::instance().plans().count();
 }
 
 /// The record with one field changed; a null text removes the field.
@@ -360,7 +360,7 @@ private Q_SLOTS:
         const QSignalSpy news(&PlanEvents::instance(), &PlanEvents::planStored);
         QCOMPARE(service().modifyPlan(changed), QString());
         QCOMPARE(service().GetPlanInfo(id), changed);
-        QCOMPARE(ClientSession::instance().plans().plan(id).version, 2);
+        QCOMPARE(ClientSession::instance().plans().plan(id)->version, 2);
         QCOMPARE(news.count(), 1);
         QCOMPARE(news.at(0).at(0).toString(), id);
     }
@@ -422,7 +422,7 @@ private Q_SLOTS:
         QCOMPARE(service().modifyPlan(with(before, BaseField::totalQty, QStringLiteral("nan"))),
             errorText({ Error::NotPositiveWhole, { QStringLiteral("目标总量"), QStringLiteral("nan") } }));
         QCOMPARE(service().GetPlanInfo(id), before);
-        QCOMPARE(ClientSession::instance().plans().plan(id).version, 1);
+        QCOMPARE(ClientSession::instance().plans().plan(id)->version, 1);
         QCOMPARE(news.count(), 0);
     }
 

@@ -8,6 +8,7 @@
 #include "MainWindow.h"
 #include "Options.h"
 #include "PlanCodes.h"
+#include "PlanEvents.h"
 #include "PlanFormatter.h"
 #include "PlanTableModel.h"
 #include "TestStatus.h"
@@ -18,6 +19,7 @@
 #include <QLocale>
 #include <QPointer>
 #include <QProcess>
+#include <QStatusBar>
 #include <QTableView>
 #include <QtTest>
 
@@ -149,11 +151,11 @@ private:
     /// Creates a plan through the form and returns its id; empty when it was not stored.
     QString createPlan()
     {
-        const int before = plans().count();
+        const int before = *plans().count();
         pressForEditor(Qt::Key_N);
         FormDriver driver = dialogDriver();
         driver.fill(ordinary());
-        const bool isDone = driver.takeProblems().isEmpty() && !send().isEmpty() && plans().count() == before + 1;
+        const bool isDone = driver.takeProblems().isEmpty() && !send().isEmpty() && *plans().count() == before + 1;
         return isDone ? newestPlan() : QString();
     }
 
@@ -358,7 +360,7 @@ private Q_SLOTS:
         const ProgramEnd end = runProgram(arguments);
         QCOMPARE(end.code, 0);
         QCOMPARE(end.output, QStringLiteral("2024-05-07：新下达指令1条，此前已下达的计划0个，未下达的计划0个。\n"));
-        QCOMPARE(ClientSession::instance().instructions().ofPlan(plan).size(), 1);
+        QCOMPARE(ClientSession::instance().instructions().ofPlan(plan)->size(), 1);
         QCOMPARE(runProgram(arguments).output,
             QStringLiteral("2024-05-07：新下达指令0条，此前已下达的计划1个，未下达的计划0个。\n"));
     }
@@ -409,7 +411,7 @@ private Q_SLOTS:
     {
         const QStringList ids = createSamples(120);
         PlanTableModel model;
-        model.refresh();
+        QCOMPARE(model.refresh(), Status());
         QCOMPARE(model.rowCount(), 120);
         QCOMPARE(model.index(1, PlanTableModel::Target).data().toString(), QStringLiteral("1,000 股"));
 
@@ -420,7 +422,7 @@ private Q_SLOTS:
             QCOMPARE(plans().modify(ids.at(row), changed, QDateTime::currentDateTime()), Status());
         QCOMPARE(model.index(1, PlanTableModel::Target).data().toString(), QStringLiteral("1,000 股"));
         QCOMPARE(model.index(60, PlanTableModel::Target).data().toString(), QStringLiteral("2,000 股"));
-        model.refresh();
+        QCOMPARE(model.refresh(), Status());
         QCOMPARE(model.index(1, PlanTableModel::Target).data().toString(), QStringLiteral("2,000 股"));
         QCOMPARE(model.index(119, PlanTableModel::Id).data().toString(), ids.constLast());
         QCOMPARE(model.plan(120).id, QString());
@@ -438,13 +440,13 @@ private Q_SLOTS:
         });
         QCOMPARE(stored, Status());
         PlanTableModel model;
-        model.refresh();
+        QCOMPARE(model.refresh(), Status());
         QCOMPARE(model.planCount(), 900);
         QCOMPARE(model.rowCount(), 200);
         QVERIFY(model.canFetchMore(QModelIndex()));
         model.fetchMore(QModelIndex());
         QCOMPARE(model.rowCount(), 400);
-        model.refresh();
+        QCOMPARE(model.refresh(), Status());
         QCOMPARE(model.rowCount(), 400);
 
         const QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
@@ -463,7 +465,7 @@ private Q_SLOTS:
     {
         QStringList ids = createSamples(7);
         PlanTableModel model;
-        model.refresh();
+        QCOMPARE(model.refresh(), Status());
         for (int row = 0; row < ids.size(); ++row)
             QCOMPARE(model.reveal(ids.at(row)), row);
         for (const char* const unknown : { "AP00000099", "no id", "" })
@@ -490,7 +492,7 @@ private Q_SLOTS:
         record.insert(BaseField::InstMode, InstMode::AlgoReview);
         record.insert(BaseField::remark, QStringLiteral("说明"));
         const QString id = session().create(record);
-        const PlanFormatter words(plans().plan(id));
+        const PlanFormatter words(*plans().plan(id));
         QMap<QString, QString> texts;
         for (const auto& field : words.fields())
             texts.insert(field.first, field.second);
@@ -607,8 +609,41 @@ private Q_SLOTS:
         QCOMPARE(dialog().windowTitle(), QStringLiteral("复制计划 %1").arg(id));
         QCOMPARE(send(), QStringLiteral("交易自动规划创建成功!"));
         QVERIFY(m_window->currentPlan() != id);
-        QCOMPARE(plans().count(), 2);
-        QCOMPARE(plans().record(m_window->currentPlan()), plans().record(id));
+        QCOMPARE(*plans().count(), 2);
+        QCOMPARE(*plans().record(m_window->currentPlan()), *plans().record(id));
+    }
+
+    void aReadThatFailsIsShownAndKeepsTheRows()
+    {
+        openWindow();
+        m_window->selectPlan(createSamples(3).constFirst());
+        auto* const table = field<QTableView>(*m_window, "planTable");
+        QCOMPARE(table->model()->rowCount(), 3);
+        Database& database = ClientSession::instance().database();
+        QCOMPARE(database.execute(QStringLiteral("ALTER TABLE plans RENAME TO gone")), Status());
+        const QString failed = QStringLiteral("数据库操作失败");
+        // The current plan is looked for before and after reading the number of plans again.
+        log().expectWarning(failed, 3);
+        QVERIFY(press(m_window.get(), Qt::Key_F5));
+        QVERIFY(m_window->statusBar()->currentMessage().startsWith(failed));
+        QCOMPARE(table->model()->rowCount(), 3);
+        QCOMPARE(database.execute(QStringLiteral("ALTER TABLE gone RENAME TO plans")), Status());
+        QVERIFY(press(m_window.get(), Qt::Key_F5));
+        QCOMPARE(m_window->statusBar()->currentMessage(), QStringLiteral("共3个计划"));
+    }
+
+    void failedReadsOfTheEditorOpenOneBox()
+    {
+        openWindow();
+        pressForEditor(Qt::Key_N);
+        const QString damaged = errorText(Error::DatabaseCorrupt);
+        log().expectWarning(damaged, 2);
+        const auto report = [] {
+            PlanEvents::instance().report(Error::DatabaseCorrupt);
+            PlanEvents::instance().report(Error::DatabaseCorrupt);
+            QCoreApplication::processEvents();
+        };
+        QCOMPARE(boxOf(report, "msgBoxError"), damaged);
     }
 
     void withoutAPlanThereIsNothingToEdit()

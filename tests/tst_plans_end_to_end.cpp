@@ -188,10 +188,10 @@ private Q_SLOTS:
         const ShownDates dates = driver().dates();
         QCOMPARE(dates.begin, Shown.begin);
         QCOMPARE(dates.end, form.isReduction() ? QString() : Shown.end);
-        const int before = plans().count();
+        const int before = *plans().count();
         QCOMPARE(ok(), created());
         QCOMPARE(closed(), 1);
-        QCOMPARE(plans().count(), before + 1);
+        QCOMPARE(*plans().count(), before + 1);
         const QString id = newestPlan();
         QCOMPARE(differences(id, form, dates), QString());
 
@@ -206,7 +206,7 @@ private Q_SLOTS:
 
             openPlan(id, true);
             QCOMPARE(ok(), modified(id));
-            QCOMPARE(plans().plan(id).version, ++version);
+            QCOMPARE(plans().plan(id)->version, ++version);
             QCOMPARE(differences(id, form, dates), QString());
         }
     }
@@ -296,11 +296,11 @@ private Q_SLOTS:
                           .held(FreeAccount, Kelvo_Values::Exchange::sh, SubType::Ashares, false)
                           .symbol;
         driver().fill(form);
-        const int before = plans().count();
+        const int before = *plans().count();
         const QStringList said = ok();
         QCOMPARE(said.size(), 1);
         QVERIFY2(said.constFirst().startsWith(QStringLiteral("msgBoxQuestion: ")), qPrintable(said.constFirst()));
-        QCOMPARE(plans().count(), before);
+        QCOMPARE(*plans().count(), before);
         QCOMPARE(field<QWidget>(editor(), "le_targetTotalNum")->property("value").toDouble(), 10000.0);
     }
 
@@ -309,12 +309,12 @@ private Q_SLOTS:
         open();
         PlanForm form = ordinary().priced(PriceModel::Custom, QStringLiteral("昨收价*"));
         driver().fill(form);
-        const int before = plans().count();
+        const int before = *plans().count();
         const QStringList said = ok(QStringLiteral("msgBoxError"));
         QCOMPARE(said.size(), 1);
         QVERIFY2(said.constFirst().startsWith(QStringLiteral("msgBoxError: 价格公式不正确：")),
             qPrintable(said.constFirst()));
-        QCOMPARE(plans().count(), before);
+        QCOMPARE(*plans().count(), before);
         QCOMPARE(closed(), 0);
 
         form.price1 = QStringLiteral("昨收价*1.01");
@@ -328,10 +328,10 @@ private Q_SLOTS:
     {
         open();
         driver().fill(ordinary());
-        const int before = plans().count();
+        const int before = *plans().count();
         driver().cancel();
         QCOMPARE(closed(), 1);
-        QCOMPARE(plans().count(), before);
+        QCOMPARE(*plans().count(), before);
         QCOMPARE(boxes().take().size(), 0);
     }
 

@@ -66,15 +66,15 @@ struct SampleFile {
 
 QByteArray fingerprint(Database& database)
 {
-    QSqlQuery query = database.query(
-        QStringLiteral("SELECT symbol, name, quantity_step, limit_per_mille, st_text, closes FROM securities"
-                       " JOIN closing_prices ON security = position ORDER BY position"));
     QCryptographicHash hash(QCryptographicHash::Sha256);
-    while (query.next()) {
-        for (int i = 0; i < 6; ++i)
-            hash.addData(query.value(i).toByteArray());
-    }
-    return hash.result();
+    const Status status = database.read(
+        QStringLiteral("SELECT symbol, name, quantity_step, limit_per_mille, st_text, closes FROM securities"
+                       " JOIN closing_prices ON security = position ORDER BY position"),
+        {}, [&hash](const QSqlQuery& row) {
+            for (int i = 0; i < 6; ++i)
+                hash.addData(row.value(i).toByteArray());
+        });
+    return status ? hash.result() : QByteArray();
 }
 
 } // namespace
@@ -271,7 +271,7 @@ private Q_SLOTS:
         SecurityStore store(database());
         for (int i = 0; i < market().count(); i += 97) {
             const Security& security = m_securities.at(i);
-            const CloseHistory history = store.closes(security.symbol);
+            const CloseHistory history = *store.closes(security.symbol);
             QCOMPARE(history.lastDay, LastDay);
             QCOMPARE(history.ticks.constLast(), security.previousClose);
             QVERIFY(*std::min_element(history.ticks.cbegin(), history.ticks.cend()) > 0);
@@ -280,7 +280,7 @@ private Q_SLOTS:
                 QVERIFY(history.ticks.at(day) >= limits.down && history.ticks.at(day) <= limits.up);
             }
         }
-        QVERIFY(store.closes(QStringLiteral("none")).ticks.isEmpty());
+        QVERIFY(store.closes(QStringLiteral("none"))->ticks.isEmpty());
     }
 
     void someNewListingsHaveFewerCloses()
@@ -289,7 +289,7 @@ private Q_SLOTS:
         int full = 0;
         int fewer = 0;
         for (const QString& symbol : market().symbols(StockType, { SubType::Ashares }, {}).toStringList()) {
-            const int closes = store.closes(symbol).ticks.size();
+            const int closes = store.closes(symbol)->ticks.size();
             QVERIFY(closes >= 1 && closes <= SampleMarket::closesPerSecurity());
             ++(closes == SampleMarket::closesPerSecurity() ? full : fewer);
         }
@@ -366,7 +366,7 @@ private Q_SLOTS:
         QCOMPARE(database.open(folder.filePath(QStringLiteral("m.db"))), Status());
         const auto stopHalfway = [](int done, int) { return done < 500; };
         QCOMPARE(SampleMarket::write(database, { 7, 1200, LastDay }, stopHalfway), Status(Error::SampleCancelled));
-        QCOMPARE(SecurityStore(database).count(), 0);
+        QCOMPARE(*SecurityStore(database).count(), 0);
         QCOMPARE(SampleMarket::write(database, { 7, 1200, QDate() }), Status(Error::NoLastClose));
     }
 
@@ -401,7 +401,7 @@ private Q_SLOTS:
         other.name = QString();
         other.type = QStringLiteral("t2");
         SecurityStore store(database);
-        store.beginAdding();
+        QCOMPARE(store.beginAdding(), Status());
         QCOMPARE(store.add(plain, { LastDay, { 7, 1000000000000 } }), Status());
         QCOMPARE(store.add(other, {}), Status());
 
@@ -497,57 +497,58 @@ private Q_SLOTS:
     {
         AccountStore accounts(database());
         AuthorityStore authorities(database());
-        const auto accountsOf = [&](const char* user) { return accounts.accountsOf(QString::fromLatin1(user)); };
+        const auto accountsOf = [&](const char* user) { return *accounts.accountsOf(QString::fromLatin1(user)); };
         const QString defaultUser = SampleAccounts::defaultUser();
 
-        const auto mine = accounts.accountsOf(defaultUser);
+        const auto mine = *accounts.accountsOf(defaultUser);
         QCOMPARE(mine.size(), 3);
         for (const QString& type : { InstructionType::Ordinary, InstructionType::Bond, InstructionType::HkConnect }) {
             for (int i = 0; i < 2; ++i) {
-                QVERIFY(authorities.hasAuthority(defaultUser, mine.at(i).tradingAccount, type));
-                QCOMPARE(authorities.ruleProperty(defaultUser, mine.at(i).tradingAccount, type), i);
+                QVERIFY(authorities.rights(defaultUser, mine.at(i).tradingAccount, type)->authority);
+                QCOMPARE(authorities.rights(defaultUser, mine.at(i).tradingAccount, type)->ruleProperty, i);
             }
         }
         QCOMPARE(mine.at(2).assetProperty, Orlo_Values::FundAccountType::Credit);
-        QVERIFY(authorities.hasAuthority(defaultUser, mine.at(2).tradingAccount, InstructionType::Credit));
+        QVERIFY(authorities.rights(defaultUser, mine.at(2).tradingAccount, InstructionType::Credit)->authority);
 
         QCOMPARE(accountsOf("trader02").size(), 0);
         QCOMPARE(accountsOf("trader03").size(), 1);
         QCOMPARE(accountsOf("trader04").at(0).assetProperty, Orlo_Values::FundAccountType::Credit);
         const auto bondOnly = accountsOf("trader05").at(0);
         QCOMPARE(bondOnly.exchangeAccounts.keys(), QStringList{ Orlo_Values::Exchange::bj });
+        QVERIFY(!authorities.rights(QStringLiteral("trader05"), bondOnly.tradingAccount, InstructionType::Ordinary)
+                     ->authority);
         QVERIFY(
-            !authorities.hasAuthority(QStringLiteral("trader05"), bondOnly.tradingAccount, InstructionType::Ordinary));
-        QVERIFY(authorities.hasAuthority(QStringLiteral("trader05"), bondOnly.tradingAccount, InstructionType::Bond));
+            authorities.rights(QStringLiteral("trader05"), bondOnly.tradingAccount, InstructionType::Bond)->authority);
         QCOMPARE(accountsOf("trader06").at(0).exchangeAccounts.keys(),
             QStringList{ Orlo_Values::Exchange::HkStockCirculation });
         QCOMPARE(accountsOf("trader08").at(0).exchangeAccounts.keys(), QStringList{ Orlo_Values::Exchange::bj });
         QVERIFY(accountsOf("trader09").at(0).exchangeAccounts.isEmpty());
         const auto powerless = accountsOf("trader10").at(0);
-        QVERIFY(
-            !authorities.hasAuthority(QStringLiteral("trader10"), powerless.tradingAccount, InstructionType::Ordinary));
+        QVERIFY(!authorities.rights(QStringLiteral("trader10"), powerless.tradingAccount, InstructionType::Ordinary)
+                     ->authority);
     }
 
     void onlySomeClientsHaveSigned()
     {
         AgreementStore agreements(database());
         const QString protocol = Orlo_Values::ProtocolId::AutoPlanReduceAgree;
-        QCOMPARE(agreements.unsignedClientNumbers(protocol, SampleAccounts::defaultUser()), QStringList());
-        QCOMPARE(agreements.unsignedClientNumbers(protocol, QStringLiteral("trader07")),
+        QCOMPARE(*agreements.unsignedClientNumbers(protocol, SampleAccounts::defaultUser()), QStringList());
+        QCOMPARE(*agreements.unsignedClientNumbers(protocol, QStringLiteral("trader07")),
             QStringList{ QStringLiteral("C10007") });
-        QCOMPARE(agreements.signedTime(protocol, QStringLiteral("C10001")), SignedTime);
-        QVERIFY(agreements.agreement(protocol).content.size() > 200);
+        QCOMPARE(*agreements.signedTime(protocol, QStringLiteral("C10001")), SignedTime);
+        QVERIFY(agreements.agreement(protocol)->content.size() > 200);
     }
 
     void positionsAreAmpleAndScarce()
     {
-        const StoredAccount account = AccountStore(database()).accountsOf(SampleAccounts::defaultUser()).at(0);
+        const StoredAccount account = AccountStore(database()).accountsOf(SampleAccounts::defaultUser())->at(0);
         const QStringList shares =
-            SecurityStore(database()).firstSymbols(SubType::Ashares, Kelvo_Values::SymbolPost::sh, 2);
+            *SecurityStore(database()).firstSymbols(SubType::Ashares, Kelvo_Values::SymbolPost::sh, 2);
         PositionStore positions(database());
         const QString securityAccount = account.exchangeAccounts.value(Kelvo_Values::Exchange::sh);
-        const auto ample = positions.positions(account.tradingAccount, securityAccount, shares.at(0));
-        const auto scarce = positions.positions(account.tradingAccount, securityAccount, shares.at(1));
+        const auto ample = *positions.positions(account.tradingAccount, securityAccount, shares.at(0));
+        const auto scarce = *positions.positions(account.tradingAccount, securityAccount, shares.at(1));
         QCOMPARE(ample.size(), 1);
         QCOMPARE(ample.at(0).tradeableQuantity, qint64(200000));
         QCOMPARE(scarce.at(0).quantity, qint64(500));

@@ -96,6 +96,35 @@ private Q_SLOTS:
         std::printf("%d first starts killed, seed %u\n", kills, seed);
     }
 
+    void ofTwoFirstStartsEachWorksOrIsToldWhy()
+    {
+        const int rounds = setting("FAULTS_KILLS", 12) / 2;
+        const QTemporaryDir folder;
+        int refused = 0;
+        for (int i = 0; i < rounds; ++i) {
+            const QString file = folder.filePath(QStringLiteral("plans%1.db").arg(i));
+            WriterProcess first;
+            WriterProcess second;
+            QVERIFY(first.launch(file, { QStringLiteral("a"), QStringLiteral("1") }));
+            QVERIFY(second.launch(file, { QStringLiteral("b"), QStringLiteral("1") }));
+            int stored = 0;
+            for (WriterProcess* const writer : { &first, &second }) {
+                writer->finish();
+                const QString output = QString::fromUtf8(writer->output());
+                const bool isStored = output.contains(QStringLiteral("stored"));
+                const bool isBusy = output.contains(errorText(Error::DatabaseBusy));
+                QVERIFY2(isStored || isBusy, qPrintable(output));
+                stored += isStored ? 1 : 0;
+            }
+            QVERIFY(stored > 0);
+            refused += 2 - stored;
+            Database database;
+            QCOMPARE(database.open(file), Status());
+            QCOMPARE(*PlanStore(database).count(), stored);
+        }
+        std::printf("%d pairs of first starts, %d asked to wait\n", rounds, refused);
+    }
+
     void twoWritersLoseNothingOfEachOther()
     {
         const QString count = QString::number(setting("FAULTS_WRITES", 100));
@@ -126,7 +155,7 @@ private Q_SLOTS:
 
         Database database;
         QCOMPARE(database.open(m_session->file()), Status());
-        const StoredPlan plan = PlanStore(database, AutoPlanField::BaseField::planOtherParam).plan(shared);
+        const StoredPlan plan = *PlanStore(database).plan(shared);
         QCOMPARE(plan.version, 1 + m_ledger.sharedChanges(shared));
     }
 

@@ -54,7 +54,7 @@ private Q_SLOTS:
         QCOMPARE(session().reopen(), Status());
         const QTemporaryDir folder;
         QVERIFY(walk(folder, QStringLiteral("light")));
-        QCOMPARE(plans().count(), 9);
+        QCOMPARE(*plans().count(), 9);
 
         const QStringList forms = pictures(folder.path(), QStringLiteral("*-form.png"));
         QCOMPARE(forms.size(), 9);
@@ -70,7 +70,7 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         for (const int count : { 9, 18 }) {
             QVERIFY(walk(folder, QStringLiteral("dark")));
-            QCOMPARE(plans().count(), count);
+            QCOMPARE(*plans().count(), count);
         }
     }
 
@@ -79,7 +79,7 @@ private Q_SLOTS:
         startSession();
         QCOMPARE(session().reopen(QStringLiteral("trader02")), Status());
         QVERIFY(!walk(QTemporaryDir(), QStringLiteral("light")));
-        QCOMPARE(plans().count(), 0);
+        QCOMPARE(*plans().count(), 0);
     }
 };
 

@@ -29,7 +29,10 @@ Status Market::load(Database& database)
 {
     SecurityStore store(database);
     QVector<Security> securities;
-    securities.reserve(store.count());
+    const Result<int> count = store.count();
+    if (!count)
+        return count.status();
+    securities.reserve(*count);
     Status status = store.readAll([&securities](Security&& security) { securities.append(std::move(security)); });
     if (!status)
         return status;

@@ -9,12 +9,14 @@
 
 namespace {
 
-bool holdsAny(const QString& account, const QString& symbol)
+Status holdingsError(const QString& account, const QString& symbol)
 {
-    const QVector<StoredPosition> positions =
-        PositionStore(ClientSession::instance().database()).positions(account, QString(), symbol);
-    return std::any_of(positions.cbegin(), positions.cend(),
+    const auto positions = PositionStore(ClientSession::instance().database()).positions(account, QString(), symbol);
+    if (!positions)
+        return positions.status();
+    const bool holdsAny = std::any_of(positions->cbegin(), positions->cend(),
         [](const StoredPosition& position) { return position.tradeableQuantity > 0; });
+    return holdsAny ? Status() : Status(Error::NothingToConvert, { symbol });
 }
 
 } // namespace
@@ -30,7 +32,5 @@ Status bondConversionError(const QString& account, const QString& symbol, const 
         return Error::ConversionNotASale;
     if (!security || !Orlo_Values::MdcSubSecurityType::ConvertableBondTypeList.contains(security->subType))
         return { Error::NotConvertible, { symbol } };
-    if (!holdsAny(account, symbol))
-        return { Error::NothingToConvert, { symbol } };
-    return {};
+    return holdingsError(account, symbol);
 }

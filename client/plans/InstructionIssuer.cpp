@@ -59,7 +59,6 @@ public:
     /// Fails if the plan gets no instruction; on success `fields` may be called.
     Status prepare();
     Fields fields() const;
-    bool isIssued() { return !m_session.instructions().ofDay(m_plan.id, m_day).isEmpty(); }
 
 private:
     QString text(const QString& key) const { return m_plan.record.value(key).toString(); }
@@ -71,9 +70,9 @@ private:
     Status readShare();
     Status readAmountShare();
     Status readQuantityShare();
-    QVector<qint64> closesBefore() const;
-    double holdings() const;
-    double used() const;
+    Result<QVector<qint64>> closesBefore() const;
+    Result<double> holdings() const;
+    Result<double> used() const;
     int daysLeft() const;
 
     ClientSession& m_session;
@@ -90,7 +89,9 @@ Status PlanDay::endEarlier()
 {
     InstructionStore store = m_session.instructions();
     const auto instructions = store.ofPlan(m_plan.id);
-    for (auto it = instructions.cbegin(); it != instructions.cend(); ++it) {
+    if (!instructions)
+        return instructions.status();
+    for (auto it = instructions->cbegin(); it != instructions->cend(); ++it) {
         const QDate issued = PlanTexts::date(it->value(FieldId::TradeDate).toString());
         if (hasEnded(*it) || !issued.isValid() || issued >= m_day)
             continue;
@@ -109,7 +110,10 @@ Status PlanDay::prepare()
         return status;
     if (Status status = readShare(); !status)
         return status;
-    const Result<DayPrice> price = dayPrice(m_plan.record, *m_security, closesBefore());
+    const Result<QVector<qint64>> closes = closesBefore();
+    if (!closes)
+        return closes.status();
+    const Result<DayPrice> price = dayPrice(m_plan.record, *m_security, *closes);
     if (!price)
         return price.status();
     m_price = *price;
@@ -154,10 +158,12 @@ Status PlanDay::checkDay() const
 Status PlanDay::readShare()
 {
     m_share.planType = text(Orlo_Fields::AutoPlan::templateCode);
-    Status status = isAmount() ? readAmountShare() : readQuantityShare();
-    m_share.used = used();
+    if (Status status = isAmount() ? readAmountShare() : readQuantityShare(); !status)
+        return status;
+    const Result<double> sum = used();
+    m_share.used = sum.valueOr(0);
     m_share.daysLeft = daysLeft();
-    return status;
+    return sum.status();
 }
 
 Status PlanDay::readAmountShare()
@@ -180,42 +186,50 @@ Status PlanDay::readQuantityShare()
     m_share.perDay = static_cast<double>(perDay * m_security->displayFactor);
     m_share.ratio = PlanTexts::decimalNumber(other(BaseField::JCRatio)).value_or(0);
     // The target of a reduction without a total is the whole quantity that may be sold.
-    if (isReduction() && *total == 0)
-        m_share.total = holdings();
-    return {};
+    if (!isReduction() || *total != 0)
+        return {};
+    const Result<double> held = holdings();
+    m_share.total = held.valueOr(0);
+    return held.status();
 }
 
 // When a day is issued late, there may be closes after it.
-QVector<qint64> PlanDay::closesBefore() const
+Result<QVector<qint64>> PlanDay::closesBefore() const
 {
-    CloseHistory history = SecurityStore(m_session.database()).closes(m_security->symbol);
-    QDate last = history.lastDay;
-    while (last.isValid() && last >= m_day && !history.ticks.isEmpty()) {
+    Result<CloseHistory> history = SecurityStore(m_session.database()).closes(m_security->symbol);
+    if (!history)
+        return history.status();
+    QDate last = history->lastDay;
+    while (last.isValid() && last >= m_day && !history->ticks.isEmpty()) {
         if (m_session.calendar().day(m_security->exchange, last) == TradeCalendar::Day::Trades)
-            history.ticks.removeLast();
+            history->ticks.removeLast();
         last = last.addDays(-1);
     }
-    return history.ticks;
+    return history->ticks;
 }
 
-double PlanDay::holdings() const
+Result<double> PlanDay::holdings() const
 {
-    qint64 sum = 0;
     const auto positions = PositionStore(m_session.database())
                                .positions(text(Kelvo_Fields::UserAccount::tradingAccount),
                                    text(Kelvo_Fields::UserAccount::securityAccount), m_security->symbol);
-    for (const StoredPosition& position : positions)
+    if (!positions)
+        return positions.status();
+    qint64 sum = 0;
+    for (const StoredPosition& position : *positions)
         sum += position.tradeableQuantity;
     return static_cast<double>(sum * m_security->displayFactor);
 }
 
-double PlanDay::used() const
+Result<double> PlanDay::used() const
 {
     const QString& filled = isAmount() ? Orlo_Fields::Security::cumAmount : FieldId::FilledQty;
     const QString& issued = isAmount() ? FieldId::IssuedAmount : FieldId::IssuedQty;
-    double sum = 0;
     const auto instructions = m_session.instructions().ofPlan(m_plan.id);
-    for (const Fields& fields : instructions)
+    if (!instructions)
+        return instructions.status();
+    double sum = 0;
+    for (const Fields& fields : *instructions)
         sum += fields.value(hasEnded(fields) ? filled : issued).toDouble();
     return sum;
 }
@@ -235,11 +249,17 @@ int PlanDay::daysLeft() const
 
 Status issuePlan(ClientSession& session, const QString& planId, const QDate& day, IssueResult& result)
 {
-    PlanDay planDay(session, session.plans().plan(planId), day);
-    if (planDay.isIssued()) {
+    const auto issued = session.instructions().ofDay(planId, day);
+    if (!issued)
+        return issued.status();
+    if (!issued->isEmpty()) {
         result.alreadyIssued << planId;
         return {};
     }
+    const Result<StoredPlan> plan = session.plans().plan(planId);
+    if (!plan)
+        return plan.status();
+    PlanDay planDay(session, *plan, day);
     if (Status status = planDay.endEarlier(); !status)
         return status;
     if (const Status skipped = planDay.prepare(); !skipped) {
@@ -253,9 +273,9 @@ Status issuePlan(ClientSession& session, const QString& planId, const QDate& day
     return {};
 }
 
-QStringList activePlans(ClientSession& session, const QDate& day)
+Result<QStringList> activePlans(ClientSession& session, const QDate& day)
 {
-    return session.plans().idsOfPeriod(BaseField::beginDate, BaseField::endDate, day);
+    return session.plans().idsOfDay(day);
 }
 
 } // namespace
@@ -268,9 +288,13 @@ Result<IssueResult> InstructionIssuer::issueDay(const QDate& day)
     if (!day.isValid())
         return { Error::InvalidDate, { QStringLiteral("日期") } };
     IssueResult result;
-    const QStringList plans = activePlans(session, day);
+    QStringList plans;
     Status status = session.database().transaction([&]() -> Status {
-        for (const QString& plan : plans) {
+        const Result<QStringList> active = activePlans(session, day);
+        plans = active.valueOr({});
+        if (!active)
+            return active.status();
+        for (const QString& plan : qAsConst(plans)) {
             if (Status issued = issuePlan(session, plan, day, result); !issued)
                 return issued;
         }
@@ -278,7 +302,7 @@ Result<IssueResult> InstructionIssuer::issueDay(const QDate& day)
     });
     if (!status)
         return status;
-    for (const QString& plan : plans) {
+    for (const QString& plan : qAsConst(plans)) {
         if (!result.alreadyIssued.contains(plan))
             Q_EMIT PlanEvents::instance().planStored(plan);
     }

@@ -10,7 +10,11 @@ enum class Error {
     DatabaseCorrupt,
     DiskFull,
     NotADatabase,
-    DatabaseFailed,     ///< the driver's text
+    DiskFailed,     ///< SQLite's code
+    DatabaseFailed, ///< the driver's text
+    DatabaseFileChanged,
+    TransactionEnded,
+    NumbersExhausted,
     CannotOpenDatabase, ///< file; cause
     NoDatabaseFile,
     DatabaseIsFolder,
@@ -24,8 +28,12 @@ enum class Error {
     // --- Stored plans and instructions
     EmptyPlan,
     FieldNotText,       ///< record key
+    FieldUnknown,       ///< record key
+    FieldTooLong,       ///< record key, largest number of characters
+    FieldNotStorable,   ///< record key
     UnknownPlan,        ///< plan id
     UnknownInstruction, ///< instruction id
+    DamagedCloses,      ///< symbol
     // --- The sample data
     MarketSizeOutOfRange, ///< smallest, largest size
     NoLastClose,

@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include <optional>
+#include <type_traits>
 #include <utility>
 
 /// The result of an operation: success, or an error code with the details for its sentence. `errorText` makes the
@@ -36,6 +37,8 @@ private:
 
 /// A value, or the status of the operation that failed to make one.
 template <typename T> class [[nodiscard]] Result {
+    static_assert(!std::is_same_v<T, bool>, "a condition would ask for success instead of the answer");
+
 public:
     Result(T value)
         : m_value(std::move(value))

@@ -205,13 +205,15 @@ private:
     {
         if (!sample.exchanges.contains(exchange))
             return {};
-        const QStringList symbols = m_securities.firstSymbols(subType, suffix, 2);
+        const Result<QStringList> symbols = m_securities.firstSymbols(subType, suffix, 2);
+        if (!symbols)
+            return symbols.status();
         const QVector<qint64> held{ 200000 / displayFactor, 500 / displayFactor };
         const QVector<qint64> sellable{ 200000 / displayFactor, 300 / displayFactor };
         Status status;
-        for (int i = 0; i < symbols.size() && status; ++i)
+        for (int i = 0; i < symbols->size() && status; ++i)
             status = m_positions.set(
-                { sample.number, securityAccount(sample, exchange), symbols.at(i), held.at(i), sellable.at(i) });
+                { sample.number, securityAccount(sample, exchange), symbols->at(i), held.at(i), sellable.at(i) });
         return status;
     }
 

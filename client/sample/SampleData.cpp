@@ -20,12 +20,14 @@ Status writeStrategyLists(Database& database)
 {
     const QStringList schedules{ QStringLiteral("TWAP"), QStringLiteral("VWAP"), QStringLiteral("POV") };
     const QStringList snipers{ QStringLiteral("SNIPER") };
-    return database.transaction([&] {
+    return database.transaction([&]() -> Status {
         StrategyStore store(database);
-        Status status = store.setWhiteList(InstructionType::HkConnect, QtyOrder, QString(), schedules);
-        const QStringList restricted =
+        const Result<QStringList> restricted =
             SecurityStore(database).firstSymbols(Orlo_Values::MdcSubSecurityType::ScienTechInnovateBoard, QString(), 1);
-        for (const QString& symbol : restricted) {
+        if (!restricted)
+            return restricted.status();
+        Status status = store.setWhiteList(InstructionType::HkConnect, QtyOrder, QString(), schedules);
+        for (const QString& symbol : *restricted) {
             if (status)
                 status = store.setWhiteList(InstructionType::Ordinary, QtyOrder, symbol, schedules.mid(0, 2));
         }

@@ -160,7 +160,8 @@ public:
 
     Status write()
     {
-        m_store.beginAdding();
+        if (Status status = m_store.beginAdding(); !status)
+            return status;
         const QVector<int> counts = countsFor(m_size);
         for (int i = 0; i < counts.size(); ++i) {
             if (Status status = writeBoard(sampleBoards().at(i), counts.at(i)); !status)

@@ -7,6 +7,7 @@
 #include "PlanCheck.h"
 #include "PlanEvents.h"
 #include "PlanTexts.h"
+#include "ReadReport.h"
 
 #include <QDateTime>
 
@@ -86,14 +87,19 @@ QString AutoPlanLogic::modifyPlan(const QMap<QString, QVariant>& record)
     if (!session.isOpen())
         return errorText(Error::PlansNeedLogin);
     const QString planId = record.value(BaseField::autoPlanId).toString();
+    // The editor compares a plan with its instructions, and gets none if they cannot be read.
+    if (const auto instructions = session.instructionsOf(planId); !instructions)
+        return errorText(instructions.status());
     QMap<QString, QVariant> content = record;
     content.remove(BaseField::autoPlanId);
     const Status status = session.database().transaction([&]() -> Status {
         PlanStore plans = session.plans();
-        const StoredPlan stored = plans.plan(planId);
-        if (stored.id.isEmpty())
+        const Result<StoredPlan> stored = plans.plan(planId);
+        if (!stored)
+            return stored.status();
+        if (stored->id.isEmpty())
             return { Error::UnknownPlan, { planId } };
-        Status refused = PlanCheck::changeError(stored.record, content, clientToday(), knownOf(session));
+        Status refused = PlanCheck::changeError(stored->record, content, clientToday(), knownOf(session));
         return refused ? plans.modify(planId, content, QDateTime::currentDateTime()) : refused;
     });
     if (status)
@@ -106,7 +112,7 @@ QMap<QString, QVariant> AutoPlanLogic::GetPlanInfo(QString planId)
     ClientSession& session = ClientSession::instance();
     QMap<QString, QVariant> record;
     if (session.isOpen())
-        record = session.plans().record(planId);
+        record = valueOrReport(session.plans().record(planId), record);
     if (record.isEmpty())
         return record;
     record.insert(BaseField::autoPlanId, planId);
@@ -121,7 +127,7 @@ QMap<QString, QVariant> AutoPlanLogic::GetPlanOtherParamFromPlanInfo(const QMap<
 
 QMap<QString, QMap<QString, QVariant>> AutoPlanLogic::GetPlanInstruction(QString planId)
 {
-    return ClientSession::instance().instructionsOf(planId);
+    return valueOrReport(ClientSession::instance().instructionsOf(planId), {});
 }
 
 QList<QDate> AutoPlanLogic::GetTradeDateList(const QString& exchange, QString& error)

@@ -8,6 +8,7 @@
 #include "OrloBusinessDataInterface.h"
 #include "Orlo_Values.h"
 #include "PositionStore.h"
+#include "ReadReport.h"
 
 #include <QDebug>
 
@@ -203,7 +204,7 @@ QList<QMap<QString, QVariant>> BusinessDataInterface::GetPositionListByAccount(c
         return {};
     QList<QMap<QString, QVariant>> fields;
     const QVector<StoredPosition> positions =
-        PositionStore(session.database()).positions(account.tradingAccount, securityAccount, symbol);
+        valueOrReport(PositionStore(session.database()).positions(account.tradingAccount, securityAccount, symbol), {});
     for (const StoredPosition& position : positions) {
         fields << QMap<QString, QVariant>{ { Kelvo_Fields::UserAccount::tradingAccount, position.tradingAccount },
             { Kelvo_Fields::UserAccount::securityAccount, position.securityAccount },
@@ -221,8 +222,10 @@ CDataBase* CDataBase::GetInstance()
 
 QString CDataBase::GetStaticCfgValue(const QString& category, const QString& key, const QString& defaultValue)
 {
-    const QString text = ClientSession::instance().staticText(category, key);
-    return text.isEmpty() ? defaultValue : text;
+    const Result<QString> text = ClientSession::instance().staticText(category, key);
+    if (text && text->isEmpty())
+        return defaultValue;
+    return valueOrReport(text, QString());
 }
 
 QString OrloBusiUtils::GetSideUnionChineseName(const QString& sideUnion)

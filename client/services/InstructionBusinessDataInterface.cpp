@@ -3,6 +3,8 @@
 #include "ClientSession.h"
 #include "ConfigurationStore.h"
 #include "EntrustTypes.h"
+#include "ReadReport.h"
+#include "StrategyLibrary.h"
 
 bool InstructionBusinessDataInterface::hasOrderAuthority(QString tradingAccount, QString instructionType)
 {
@@ -46,13 +48,18 @@ QStringList InstructionBusinessDataInterface::getWhiteAlgoNameList(
     ClientSession& session = ClientSession::instance();
     if (!session.isOpen())
         return {};
-    return StrategyStore(session.database()).whiteList(instructionType, targetType, symbol);
+    // An empty list allows every strategy.
+    const QStringList none{ QString() };
+    return valueOrReport(StrategyStore(session.database()).whiteList(instructionType, targetType, symbol), none);
 }
 
 QStringList InstructionBusinessDataInterface::getBlackAlgoNameList(const QString& targetType)
 {
     ClientSession& session = ClientSession::instance();
-    return session.isOpen() ? StrategyStore(session.database()).blackList(targetType) : QStringList();
+    if (!session.isOpen())
+        return {};
+    const Result<QStringList> names = StrategyStore(session.database()).blackList(targetType);
+    return valueOrReport(names, names ? QStringList() : StrategyLibrary::instance().names());
 }
 
 VorMarginTradeType InstructionBusinessDataInterface::transSideUnion2Enum(const QString& sideUnion)

@@ -3,12 +3,13 @@
 #include "AgreementDC.h"
 #include "AgreementStore.h"
 #include "ClientSession.h"
+#include "ReadReport.h"
 
 #include <QDateTime>
 
 namespace {
 
-StoredAgreement agreementOf(const QString& protocolId)
+Result<StoredAgreement> agreementOf(const QString& protocolId)
 {
     ClientSession& session = ClientSession::instance();
     return session.isOpen() ? AgreementStore(session.database()).agreement(protocolId) : StoredAgreement();
@@ -19,7 +20,10 @@ Status signingError(const QString& protocolId, const QStringList& clientNumbers)
     const ClientSession& session = ClientSession::instance();
     if (!session.isOpen())
         return Error::SigningNeedsLogin;
-    if (agreementOf(protocolId).protocol.isEmpty())
+    const Result<StoredAgreement> agreement = agreementOf(protocolId);
+    if (!agreement)
+        return agreement.status();
+    if (agreement->protocol.isEmpty())
         return { Error::UnknownAgreement, { protocolId } };
     if (clientNumbers.isEmpty())
         return Error::NoSigner;
@@ -35,12 +39,12 @@ Status signingError(const QString& protocolId, const QStringList& clientNumbers)
 
 QString agreementTitle(const QString& protocolId)
 {
-    return agreementOf(protocolId).title;
+    return valueOrReport(agreementOf(protocolId), {}).title;
 }
 
 QString agreementText(const QString& protocolId)
 {
-    return agreementOf(protocolId).content;
+    return valueOrReport(agreementOf(protocolId), {}).content;
 }
 
 Status signAgreement(const QString& protocolId, const QStringList& clientNumbers)
@@ -69,5 +73,6 @@ AgreementDC& AgreementDC::instance()
 
 QStringList AgreementDC::GetUnsignedClientNoList(const QString& protocolId)
 {
-    return ClientSession::instance().unsignedClients(protocolId);
+    const ClientSession& session = ClientSession::instance();
+    return valueOrReport(ClientSession::instance().unsignedClients(protocolId), session.accounts().clientNumbers());
 }

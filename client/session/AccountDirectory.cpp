@@ -2,15 +2,28 @@
 
 #include "PlanCodes.h"
 
-void AccountDirectory::load(Database& database, const QString& userId)
+Status AccountDirectory::load(Database& database, const QString& userId)
 {
     clear();
-    m_accounts = AccountStore(database).accountsOf(userId);
+    Status status = read(database, userId);
+    if (!status)
+        clear();
+    return status;
+}
+
+Status AccountDirectory::read(Database& database, const QString& userId)
+{
+    const auto accounts = AccountStore(database).accountsOf(userId);
+    if (!accounts)
+        return accounts.status();
+    m_accounts = *accounts;
     AuthorityStore authorities(database);
     for (int i = 0; i < m_accounts.size(); ++i) {
         m_positions.insert(m_accounts.at(i).tradingAccount, i);
-        loadRights(authorities, userId, m_accounts.at(i).tradingAccount);
+        if (Status status = readRights(authorities, userId, m_accounts.at(i).tradingAccount); !status)
+            return status;
     }
+    return {};
 }
 
 void AccountDirectory::clear()
@@ -61,23 +74,37 @@ QStringList AccountDirectory::forwarders(const QString& chainKey) const
     return m_chains.value(chainKey).forwarders;
 }
 
-void AccountDirectory::loadRights(AuthorityStore& store, const QString& userId, const QString& tradingAccount)
+Status AccountDirectory::readRights(AuthorityStore& store, const QString& userId, const QString& tradingAccount)
 {
     using namespace PlanCodes;
     const QStringList types{ InstructionType::Ordinary, InstructionType::Credit, InstructionType::Bond,
         InstructionType::HkConnect };
     for (const QString& type : types) {
-        const Rights rights{ store.hasAuthority(userId, tradingAccount, type),
-            store.ruleProperty(userId, tradingAccount, type), store.chainKey(tradingAccount, type) };
-        m_rights.insert({ tradingAccount, type }, rights);
-        if (!rights.chainKey.isEmpty())
-            m_chains.insert(rights.chainKey,
-                { store.chainUsers(rights.chainKey, ChainRole::Execute),
-                    store.chainUsers(rights.chainKey, ChainRole::Forward) });
+        const Result<Rights> rights = store.rights(userId, tradingAccount, type);
+        if (!rights)
+            return rights.status();
+        m_rights.insert({ tradingAccount, type }, *rights);
+        if (Status status = readChain(store, rights->chainKey); !status)
+            return status;
     }
+    return {};
 }
 
-AccountDirectory::Rights AccountDirectory::rights(const QString& tradingAccount, const QString& instructionType) const
+Status AccountDirectory::readChain(AuthorityStore& store, const QString& chainKey)
+{
+    if (chainKey.isEmpty())
+        return {};
+    const Result<QStringList> executors = store.chainUsers(chainKey, ChainRole::Execute);
+    if (!executors)
+        return executors.status();
+    const Result<QStringList> forwarders = store.chainUsers(chainKey, ChainRole::Forward);
+    if (!forwarders)
+        return forwarders.status();
+    m_chains.insert(chainKey, { *executors, *forwarders });
+    return {};
+}
+
+Rights AccountDirectory::rights(const QString& tradingAccount, const QString& instructionType) const
 {
     return m_rights.value({ tradingAccount, instructionType });
 }

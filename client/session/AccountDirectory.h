@@ -8,8 +8,8 @@
 /// A user's accounts and authorities, read once and then kept in memory.
 class AccountDirectory {
 public:
-    /// Reads all data of the user and replaces the present ones.
-    void load(Database& database, const QString& userId);
+    /// Reads all data of the user and replaces the present ones. If it fails, there are none.
+    Status load(Database& database, const QString& userId);
     void clear();
 
     const QVector<StoredAccount>& accounts() const { return m_accounts; }
@@ -28,18 +28,15 @@ public:
     QStringList forwarders(const QString& chainKey) const;
 
 private:
-    struct Rights {
-        bool authority = false;
-        int ruleProperty = 0;
-        QString chainKey;
-    };
     struct ChainUsers {
         QStringList executors;
         QStringList forwarders;
     };
     using RightsKey = QPair<QString, QString>;
 
-    void loadRights(AuthorityStore& store, const QString& userId, const QString& tradingAccount);
+    Status read(Database& database, const QString& userId);
+    Status readRights(AuthorityStore& store, const QString& userId, const QString& tradingAccount);
+    Status readChain(AuthorityStore& store, const QString& chainKey);
     Rights rights(const QString& tradingAccount, const QString& instructionType) const;
 
     QVector<StoredAccount> m_accounts;

@@ -1,7 +1,6 @@
 #include "ClientSession.h"
 
 #include "AgreementStore.h"
-#include "AutoPlanField.h"
 #include "ConfigurationStore.h"
 #include "PlanEvents.h"
 #include "SampleAccounts.h"
@@ -75,14 +74,14 @@ void ClientSession::close()
     m_database.close();
 }
 
-QVector<StoredUser> ClientSession::users()
+Result<QVector<StoredUser>> ClientSession::users()
 {
     return m_open ? UserStore(m_database).users() : QVector<StoredUser>();
 }
 
 PlanStore ClientSession::plans()
 {
-    return PlanStore(m_database, AutoPlanField::BaseField::planOtherParam);
+    return PlanStore(m_database);
 }
 
 InstructionStore ClientSession::instructions()
@@ -90,7 +89,7 @@ InstructionStore ClientSession::instructions()
     return InstructionStore(m_database);
 }
 
-QMap<QString, InstructionStore::Fields> ClientSession::instructionsOf(const QString& planId)
+Result<InstructionCache::Instructions> ClientSession::instructionsOf(const QString& planId)
 {
     return m_open ? m_instructions.ofPlan(planId) : InstructionCache::Instructions();
 }
@@ -101,24 +100,30 @@ void ClientSession::prefetchInstructions(const QString& planId)
         m_instructions.prefetch(planId);
 }
 
-QString ClientSession::staticText(const QString& category, const QString& key)
+Result<QString> ClientSession::staticText(const QString& category, const QString& key)
 {
     if (!m_open)
         return QString();
     const auto known = m_texts.constFind({ category, key });
     if (known != m_texts.cend())
         return *known;
-    return *m_texts.insert({ category, key }, StaticTextStore(m_database).text(category, key));
+    const Result<QString> text = StaticTextStore(m_database).text(category, key);
+    if (text)
+        m_texts.insert({ category, key }, *text);
+    return text;
 }
 
-QStringList ClientSession::unsignedClients(const QString& protocolId)
+Result<QStringList> ClientSession::unsignedClients(const QString& protocolId)
 {
     if (!m_open)
-        return {};
+        return QStringList();
     const auto known = m_unsigned.constFind(protocolId);
     if (known != m_unsigned.cend())
         return *known;
-    return *m_unsigned.insert(protocolId, AgreementStore(m_database).unsignedClientNumbers(protocolId, m_user.id));
+    const Result<QStringList> clients = AgreementStore(m_database).unsignedClientNumbers(protocolId, m_user.id);
+    if (clients)
+        m_unsigned.insert(protocolId, *clients);
+    return clients;
 }
 
 bool ClientSession::askMovingAverages(const QString& symbol)
@@ -131,23 +136,40 @@ bool ClientSession::askMovingAverages(const QString& symbol)
 Status ClientSession::openFor(
     const QString& file, const QString& userId, const Progress& progress, const Options& options)
 {
-    Status status = m_database.open(file);
-    if (status && UserStore(m_database).users().isEmpty())
-        status = m_database.transaction([&] { return SampleData::write(m_database, options.marketSize, progress); });
-    if (status)
-        status = m_market.load(m_database);
-    return status ? logIn(userId) : status;
+    if (Status status = m_database.open(file); !status)
+        return status;
+    if (Status status = writeSample(progress, options); !status)
+        return status;
+    if (Status status = m_market.load(m_database); !status)
+        return status;
+    return logIn(userId);
+}
+
+// Looks again under the write lock: another client may have written the data in the meantime.
+Status ClientSession::writeSample(const Progress& progress, const Options& options)
+{
+    UserStore store(m_database);
+    const auto known = store.users();
+    if (!known || !known->isEmpty())
+        return known.status();
+    return m_database.transaction([&]() -> Status {
+        const auto users = store.users();
+        if (!users || !users->isEmpty())
+            return users.status();
+        return SampleData::write(m_database, options.marketSize, progress);
+    });
 }
 
 Status ClientSession::logIn(const QString& userId)
 {
-    UserStore store(m_database);
     const QString wanted = userId.isEmpty() ? SampleAccounts::defaultUser() : userId;
-    m_user = store.user(wanted);
-    if (m_user.id.isEmpty())
+    const Result<StoredUser> known = UserStore(m_database).user(wanted);
+    if (!known)
+        return known.status();
+    if (known->id.isEmpty())
         return { Error::UnknownUser, { wanted } };
-    m_accounts.load(m_database, m_user.id);
-    return {};
+    m_user = *known;
+    return m_accounts.load(m_database, m_user.id);
 }
 
 void ClientSession::startMovingAverages()

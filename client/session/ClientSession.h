@@ -39,7 +39,7 @@ public:
     /// The logged-in user; one with an empty id while closed.
     const StoredUser& user() const { return m_user; }
     /// Every user of the opened database.
-    QVector<StoredUser> users();
+    Result<QVector<StoredUser>> users();
 
     /// The following are empty while the session is closed.
     const Market& market() const { return m_market.market(); }
@@ -50,14 +50,14 @@ public:
     InstructionStore instructions();
 
     /// The stored instructions of a plan; see `InstructionCache`.
-    QMap<QString, InstructionStore::Fields> instructionsOf(const QString& planId);
+    Result<InstructionCache::Instructions> instructionsOf(const QString& planId);
     /// Starts reading the instructions of a plan that is likely to be needed next; does nothing while closed.
     void prefetchInstructions(const QString& planId);
 
     /// A static text of the database; empty if there is none. Cached until the session is closed.
-    QString staticText(const QString& category, const QString& key);
+    Result<QString> staticText(const QString& category, const QString& key);
     /// Clients of the user's accounts that have not signed an agreement. Cached until the next signature.
-    QStringList unsignedClients(const QString& protocolId);
+    Result<QStringList> unsignedClients(const QString& protocolId);
     void forgetSignatures() { m_unsigned.clear(); }
 
     /// Starts a moving-average query; false while closed. `PlanEvents` emits the answer.
@@ -68,6 +68,7 @@ private:
     ~ClientSession();
 
     Status openFor(const QString& file, const QString& userId, const Progress& progress, const Options& options);
+    Status writeSample(const Progress& progress, const Options& options);
     Status logIn(const QString& userId);
     void startMovingAverages();
 

@@ -1,16 +1,21 @@
 #include "InstructionCache.h"
 
+#include "PlanEvents.h"
+
 InstructionCache::InstructionCache(Database& database)
     : m_database(database)
 {
 }
 
-InstructionCache::Instructions InstructionCache::ofPlan(const QString& planId)
+Result<InstructionCache::Instructions> InstructionCache::ofPlan(const QString& planId)
 {
     const QString token = m_database.changeToken();
-    if (!isKnown(planId, token))
-        m_known = { planId, token, InstructionStore(m_database).ofPlan(planId) };
-    return m_known.instructions;
+    if (isKnown(planId, token))
+        return m_known.instructions;
+    const Result<Instructions> read = InstructionStore(m_database).ofPlan(planId);
+    if (read)
+        m_known = { planId, token, *read };
+    return read;
 }
 
 void InstructionCache::prefetch(const QString& planId)
@@ -43,4 +48,5 @@ void InstructionCache::startPrefetcher()
             if (token == m_database.changeToken())
                 m_known = { planId, token, instructions };
         });
+    QObject::connect(m_prefetcher.get(), &InstructionPrefetcher::failed, &PlanEvents::instance(), &PlanEvents::report);
 }

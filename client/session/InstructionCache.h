@@ -13,7 +13,7 @@ public:
     explicit InstructionCache(Database& database);
 
     /// The stored instructions of a plan; empty if the plan is unknown or has none.
-    Instructions ofPlan(const QString& planId);
+    Result<Instructions> ofPlan(const QString& planId);
     /// Starts reading the instructions of a plan that is likely to be needed next, on another thread. The database must
     /// be open.
     void prefetch(const QString& planId);

@@ -4,16 +4,21 @@ InstructionPrefetcher::InstructionPrefetcher(const QString& fileName)
     : m_thread(QStringLiteral("instructions"), fileName)
 {
     qRegisterMetaType<InstructionPrefetcher::Instructions>("InstructionPrefetcher::Instructions");
+    qRegisterMetaType<Status>("Status");
 }
 
 void InstructionPrefetcher::read(const QString& planId, const QString& token)
 {
     const int question = ++m_asked;
     m_thread.run([=](Database& database, const Status& opened) {
-        if (question != m_asked || !opened)
+        if (question != m_asked)
             return;
-        const Instructions instructions = InstructionStore(database).ofPlan(planId);
-        if (question == m_asked && !m_thread.isStopping())
-            Q_EMIT arrived(planId, token, instructions);
+        const Result<Instructions> read = opened ? InstructionStore(database).ofPlan(planId) : opened;
+        if (question != m_asked || m_thread.isStopping())
+            return;
+        if (read)
+            Q_EMIT arrived(planId, token, *read);
+        else
+            Q_EMIT failed(read.status());
     });
 }

@@ -21,8 +21,9 @@ public:
     void read(const QString& planId, const QString& token);
 
 Q_SIGNALS:
-    /// Emitted from the prefetcher's thread. Not emitted if the database cannot be read.
+    /// Both are emitted from the prefetcher's thread.
     void arrived(const QString& planId, const QString& token, const InstructionPrefetcher::Instructions& instructions);
+    void failed(const Status& failure);
 
 private:
     std::atomic_int m_asked{ 0 };

@@ -9,7 +9,10 @@ Result<QStringList> availableAverages(Database& database, const Status& opened, 
 {
     if (!opened)
         return opened;
-    return MovingAverages::available(SecurityStore(database).closes(symbol).ticks.size());
+    const Result<CloseHistory> closes = SecurityStore(database).closes(symbol);
+    if (!closes)
+        return closes.status();
+    return MovingAverages::available(closes->ticks.size());
 }
 
 } // namespace

@@ -12,7 +12,12 @@ class PlanEvents : public QObject {
 public:
     static PlanEvents& instance();
 
+    /// Logs a failed read that its caller cannot return, and emits `readFailed`.
+    void report(const Status& failure);
+
 Q_SIGNALS:
+    /// Stored data could not be read, and a service answered with a refusal instead of the data.
+    void readFailed(const Status& failure);
     /// A plan was created or modified or got new instructions, and the change is stored.
     void planStored(const QString& planId);
     /// The answer to a moving-average query: names of the averages that the security has. Emitted on another thread

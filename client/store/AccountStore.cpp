@@ -31,40 +31,40 @@ Status AccountStore::assign(const QString& userId, const QString& tradingAccount
         { userId, userId, tradingAccount });
 }
 
-QVector<StoredAccount> AccountStore::accountsOf(const QString& userId)
+Result<QVector<StoredAccount>> AccountStore::accountsOf(const QString& userId)
 {
-    return read(QStringLiteral("JOIN user_accounts USING (trading_account) WHERE user = ? ORDER BY position"), userId);
+    return read(QStringLiteral("JOIN user_accounts AS u ON u.trading_account = a.trading_account WHERE u.user = ?"
+                               " ORDER BY u.position"),
+        userId);
 }
 
-StoredAccount AccountStore::account(const QString& tradingAccount)
+Result<StoredAccount> AccountStore::account(const QString& tradingAccount)
 {
-    return read(QStringLiteral("WHERE trading_account = ?"), tradingAccount).value(0);
+    const auto found = read(QStringLiteral("WHERE a.trading_account = ?"), tradingAccount);
+    return found ? Result<StoredAccount>(found->value(0)) : found.status();
 }
 
-QVector<StoredAccount> AccountStore::read(const QString& condition, const QString& value)
+Result<QVector<StoredAccount>> AccountStore::read(const QString& condition, const QString& value)
 {
-    QSqlQuery query = m_database.query(
-        QStringLiteral("SELECT trading_account, fund_account, name, client_no, asset_property, branch_no"
-                       " FROM accounts ")
-            + condition,
-        { value });
     QVector<StoredAccount> accounts;
-    while (query.next()) {
-        const QString tradingAccount = query.value(0).toString();
-        accounts << StoredAccount{ tradingAccount, query.value(1).toString(), query.value(2).toString(),
-            query.value(3).toString(), query.value(4).toString(), query.value(5).toString(),
-            exchangeAccounts(tradingAccount) };
-    }
-    return accounts;
+    Status status = m_database.read(
+        QStringLiteral("SELECT a.trading_account, a.fund_account, a.name, a.client_no, a.asset_property, a.branch_no"
+                       " FROM accounts AS a ")
+            + condition,
+        { value }, [&accounts](const QSqlQuery& row) {
+            accounts << StoredAccount{ row.value(0).toString(), row.value(1).toString(), row.value(2).toString(),
+                row.value(3).toString(), row.value(4).toString(), row.value(5).toString(), {} };
+        });
+    for (auto account = accounts.begin(); account != accounts.end() && status; ++account)
+        status = readExchanges(*account);
+    return status ? Result<QVector<StoredAccount>>(accounts) : status;
 }
 
-QMap<QString, QString> AccountStore::exchangeAccounts(const QString& tradingAccount)
+Status AccountStore::readExchanges(StoredAccount& account)
 {
-    QSqlQuery query = m_database.query(
+    return m_database.read(
         QStringLiteral("SELECT exchange, security_account FROM exchange_accounts WHERE trading_account = ?"),
-        { tradingAccount });
-    QMap<QString, QString> result;
-    while (query.next())
-        result.insert(query.value(0).toString(), query.value(1).toString());
-    return result;
+        { account.tradingAccount }, [&account](const QSqlQuery& row) {
+            account.exchangeAccounts.insert(row.value(0).toString(), row.value(1).toString());
+        });
 }

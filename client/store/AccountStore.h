@@ -33,13 +33,13 @@ public:
     /// Appends the account to the user's accounts.
     Status assign(const QString& userId, const QString& tradingAccount);
     /// In the order of assignment; empty if the user is unknown or has none.
-    QVector<StoredAccount> accountsOf(const QString& userId);
+    Result<QVector<StoredAccount>> accountsOf(const QString& userId);
     /// A default account (empty trading account) if unknown.
-    StoredAccount account(const QString& tradingAccount);
+    Result<StoredAccount> account(const QString& tradingAccount);
 
 private:
-    QVector<StoredAccount> read(const QString& condition, const QString& value);
-    QMap<QString, QString> exchangeAccounts(const QString& tradingAccount);
+    Result<QVector<StoredAccount>> read(const QString& condition, const QString& value);
+    Status readExchanges(StoredAccount& account);
 
     Database& m_database;
 };

@@ -11,13 +11,15 @@ Status AgreementStore::add(const StoredAgreement& agreement)
         { agreement.protocol, agreement.title, agreement.content });
 }
 
-StoredAgreement AgreementStore::agreement(const QString& protocol)
+Result<StoredAgreement> AgreementStore::agreement(const QString& protocol)
 {
-    QSqlQuery query = m_database.query(
-        QStringLiteral("SELECT protocol, title, content FROM agreements WHERE protocol = ?"), { protocol });
-    if (!query.next())
-        return StoredAgreement();
-    return { query.value(0).toString(), query.value(1).toString(), query.value(2).toString() };
+    StoredAgreement found;
+    Status status =
+        m_database.read(QStringLiteral("SELECT protocol, title, content FROM agreements WHERE protocol = ?"),
+            { protocol }, [&found](const QSqlQuery& row) {
+                found = { row.value(0).toString(), row.value(1).toString(), row.value(2).toString() };
+            });
+    return status ? Result<StoredAgreement>(found) : status;
 }
 
 Status AgreementStore::sign(
@@ -29,23 +31,21 @@ Status AgreementStore::sign(
         { protocol, clientNo, userId, now.toString(Qt::ISODateWithMs) });
 }
 
-QDateTime AgreementStore::signedTime(const QString& protocol, const QString& clientNo)
+Result<QDateTime> AgreementStore::signedTime(const QString& protocol, const QString& clientNo)
 {
-    QSqlQuery query =
-        m_database.query(QStringLiteral("SELECT signed_time FROM signatures WHERE protocol = ? AND client_no = ?"),
+    const auto found =
+        m_database.value(QStringLiteral("SELECT signed_time FROM signatures WHERE protocol = ? AND client_no = ?"),
             { protocol, clientNo });
-    return query.next() ? QDateTime::fromString(query.value(0).toString(), Qt::ISODateWithMs) : QDateTime();
+    if (!found)
+        return found.status();
+    return QDateTime::fromString(found->toString(), Qt::ISODateWithMs);
 }
 
-QStringList AgreementStore::unsignedClientNumbers(const QString& protocol, const QString& userId)
+Result<QStringList> AgreementStore::unsignedClientNumbers(const QString& protocol, const QString& userId)
 {
-    QSqlQuery query = m_database.query(
+    return m_database.texts(
         QStringLiteral("SELECT DISTINCT client_no FROM accounts JOIN user_accounts USING (trading_account)"
                        " WHERE user = ? AND client_no NOT IN (SELECT client_no FROM signatures WHERE protocol = ?)"
                        " ORDER BY client_no"),
         { userId, protocol });
-    QStringList numbers;
-    while (query.next())
-        numbers << query.value(0).toString();
-    return numbers;
 }

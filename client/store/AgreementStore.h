@@ -19,14 +19,14 @@ public:
 
     Status add(const StoredAgreement& agreement);
     /// A default agreement (empty protocol) if unknown.
-    StoredAgreement agreement(const QString& protocol);
+    Result<StoredAgreement> agreement(const QString& protocol);
 
     /// Stores a client's signature. If the client has already signed, keeps the first signature and returns success.
     Status sign(const QString& protocol, const QString& clientNo, const QString& userId, const QDateTime& now);
     /// Invalid if the client has not signed.
-    QDateTime signedTime(const QString& protocol, const QString& clientNo);
+    Result<QDateTime> signedTime(const QString& protocol, const QString& clientNo);
     /// Client numbers of the user's accounts that have not signed, ascending, each once.
-    QStringList unsignedClientNumbers(const QString& protocol, const QString& userId);
+    Result<QStringList> unsignedClientNumbers(const QString& protocol, const QString& userId);
 
 private:
     Database& m_database;

@@ -21,31 +21,36 @@ Status AuthorityStore::grant(const QString& userId, const QString& tradingAccoun
         { userId, tradingAccount, instructionType });
 }
 
-bool AuthorityStore::hasAuthority(const QString& userId, const QString& tradingAccount, const QString& instructionType)
-{
-    QSqlQuery query =
-        m_database.query(QStringLiteral("SELECT 1 FROM order_authorities WHERE user = ? AND trading_account = ?"
-                                        " AND instruction_type = ?"),
-            { userId, tradingAccount, instructionType });
-    return query.next();
-}
-
 Status AuthorityStore::setRuleProperty(
     const QString& userId, const QString& tradingAccount, const QString& instructionType, int property)
 {
     return m_database.execute(
-        QStringLiteral("INSERT OR REPLACE INTO rule_properties (user, trading_account, instruction_type, property)"
-                       " VALUES (?, ?, ?, ?)"),
+        QStringLiteral("INSERT INTO rule_properties (user, trading_account, instruction_type, property)"
+                       " VALUES (?, ?, ?, ?) ON CONFLICT (user, trading_account, instruction_type)"
+                       " DO UPDATE SET property = excluded.property"),
         { userId, tradingAccount, instructionType, property });
 }
 
-int AuthorityStore::ruleProperty(const QString& userId, const QString& tradingAccount, const QString& instructionType)
+Result<Rights> AuthorityStore::rights(
+    const QString& userId, const QString& tradingAccount, const QString& instructionType)
 {
-    QSqlQuery query =
-        m_database.query(QStringLiteral("SELECT property FROM rule_properties WHERE user = ? AND trading_account = ?"
-                                        " AND instruction_type = ?"),
-            { userId, tradingAccount, instructionType });
-    return query.next() ? query.value(0).toInt() : 0;
+    Rights rights;
+    const QVariantList key{ userId, tradingAccount, instructionType };
+    Status status = m_database.read(QStringLiteral("SELECT 1 FROM order_authorities WHERE user = ?"
+                                                   " AND trading_account = ? AND instruction_type = ?"),
+        key, [&rights](const QSqlQuery&) { rights.authority = true; });
+    if (!status)
+        return status;
+    status = m_database.read(QStringLiteral("SELECT property FROM rule_properties WHERE user = ?"
+                                            " AND trading_account = ? AND instruction_type = ?"),
+        key, [&rights](const QSqlQuery& row) { rights.ruleProperty = row.value(0).toInt(); });
+    if (!status)
+        return status;
+    status = m_database.read(
+        QStringLiteral("SELECT chain_key FROM approval_chains WHERE trading_account = ? AND instruction_type = ?"),
+        { tradingAccount, instructionType },
+        [&rights](const QSqlQuery& row) { rights.chainKey = row.value(0).toString(); });
+    return status ? Result<Rights>(rights) : status;
 }
 
 Status AuthorityStore::addChain(const QString& tradingAccount, const QString& instructionType, const QString& chainKey)
@@ -53,14 +58,6 @@ Status AuthorityStore::addChain(const QString& tradingAccount, const QString& in
     return m_database.execute(
         QStringLiteral("INSERT INTO approval_chains (trading_account, instruction_type, chain_key) VALUES (?, ?, ?)"),
         { tradingAccount, instructionType, chainKey });
-}
-
-QString AuthorityStore::chainKey(const QString& tradingAccount, const QString& instructionType)
-{
-    QSqlQuery query = m_database.query(
-        QStringLiteral("SELECT chain_key FROM approval_chains WHERE trading_account = ? AND instruction_type = ?"),
-        { tradingAccount, instructionType });
-    return query.next() ? query.value(0).toString() : QString();
 }
 
 Status AuthorityStore::addChainUsers(const QString& chainKey, ChainRole role, const QStringList& userNames)
@@ -78,13 +75,9 @@ Status AuthorityStore::addChainUsers(const QString& chainKey, ChainRole role, co
     });
 }
 
-QStringList AuthorityStore::chainUsers(const QString& chainKey, ChainRole role)
+Result<QStringList> AuthorityStore::chainUsers(const QString& chainKey, ChainRole role)
 {
-    QSqlQuery query = m_database.query(
+    return m_database.texts(
         QStringLiteral("SELECT user_name FROM chain_users WHERE chain_key = ? AND role = ? ORDER BY position"),
         { chainKey, textOf(role) });
-    QStringList names;
-    while (query.next())
-        names << query.value(0).toString();
-    return names;
 }

@@ -18,10 +18,11 @@ Status StrategyStore::setWhiteList(
     return setList({ White, instructionType, targetType, symbol }, names);
 }
 
-QStringList StrategyStore::whiteList(const QString& instructionType, const QString& targetType, const QString& symbol)
+Result<QStringList> StrategyStore::whiteList(
+    const QString& instructionType, const QString& targetType, const QString& symbol)
 {
-    const QStringList own = list({ White, instructionType, targetType, symbol });
-    return own.isEmpty() ? list({ White, instructionType, targetType, QString() }) : own;
+    const Result<QStringList> own = list({ White, instructionType, targetType, symbol });
+    return own && own->isEmpty() ? list({ White, instructionType, targetType, QString() }) : own;
 }
 
 Status StrategyStore::setBlackList(const QString& targetType, const QStringList& names)
@@ -29,7 +30,7 @@ Status StrategyStore::setBlackList(const QString& targetType, const QStringList&
     return setList({ Black, QString(), targetType, QString() }, names);
 }
 
-QStringList StrategyStore::blackList(const QString& targetType)
+Result<QStringList> StrategyStore::blackList(const QString& targetType)
 {
     return list({ Black, QString(), targetType, QString() });
 }
@@ -51,16 +52,11 @@ Status StrategyStore::setList(const ListKey& key, const QStringList& names)
     });
 }
 
-QStringList StrategyStore::list(const ListKey& key)
+Result<QStringList> StrategyStore::list(const ListKey& key)
 {
-    QSqlQuery query =
-        m_database.query(QStringLiteral("SELECT strategy FROM strategy_lists WHERE list = ? AND instruction_type = ?"
-                                        " AND target_type = ? AND symbol = ? ORDER BY position"),
-            { key.list, key.instructionType, key.targetType, key.symbol });
-    QStringList names;
-    while (query.next())
-        names << query.value(0).toString();
-    return names;
+    return m_database.texts(QStringLiteral("SELECT strategy FROM strategy_lists WHERE list = ? AND instruction_type = ?"
+                                           " AND target_type = ? AND symbol = ? ORDER BY position"),
+        { key.list, key.instructionType, key.targetType, key.symbol });
 }
 
 StaticTextStore::StaticTextStore(Database& database)
@@ -70,14 +66,16 @@ StaticTextStore::StaticTextStore(Database& database)
 
 Status StaticTextStore::set(const QString& category, const QString& key, const QString& text)
 {
-    return m_database.execute(
-        QStringLiteral("INSERT OR REPLACE INTO static_texts (category, key, text) VALUES (?, ?, ?)"),
+    return m_database.execute(QStringLiteral("INSERT INTO static_texts (category, key, text) VALUES (?, ?, ?)"
+                                             " ON CONFLICT (category, key) DO UPDATE SET text = excluded.text"),
         { category, key, text });
 }
 
-QString StaticTextStore::text(const QString& category, const QString& key, const QString& fallback)
+Result<QString> StaticTextStore::text(const QString& category, const QString& key, const QString& fallback)
 {
-    QSqlQuery query = m_database.query(
+    const auto found = m_database.value(
         QStringLiteral("SELECT text FROM static_texts WHERE category = ? AND key = ?"), { category, key });
-    return query.next() ? query.value(0).toString() : fallback;
+    if (!found)
+        return found.status();
+    return found->isValid() ? found->toString() : fallback;
 }

@@ -13,10 +13,10 @@ public:
     Status setWhiteList(
         const QString& instructionType, const QString& targetType, const QString& symbol, const QStringList& names);
     /// The security's own list, otherwise the one for every security; empty if neither exists.
-    QStringList whiteList(const QString& instructionType, const QString& targetType, const QString& symbol);
+    Result<QStringList> whiteList(const QString& instructionType, const QString& targetType, const QString& symbol);
 
     Status setBlackList(const QString& targetType, const QStringList& names);
-    QStringList blackList(const QString& targetType);
+    Result<QStringList> blackList(const QString& targetType);
 
 private:
     struct ListKey {
@@ -27,7 +27,7 @@ private:
     };
 
     Status setList(const ListKey& key, const QStringList& names);
-    QStringList list(const ListKey& key);
+    Result<QStringList> list(const ListKey& key);
 
     Database& m_database;
 };
@@ -39,7 +39,7 @@ public:
 
     Status set(const QString& category, const QString& key, const QString& text);
     /// `fallback` if there is no such text.
-    QString text(const QString& category, const QString& key, const QString& fallback = QString());
+    Result<QString> text(const QString& category, const QString& key, const QString& fallback = QString());
 
 private:
     Database& m_database;

@@ -4,11 +4,15 @@
 #include "Schema.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QSqlDriver>
-#include <QSqlError>
+#include <QThread>
+
+#include <sqlite3.h>
 
 #include <atomic>
+#include <limits>
 
 namespace {
 
@@ -16,31 +20,13 @@ namespace {
 constexpr int BusyTimeout = 800;
 // A few hundred pages, unless other clients write, too: well before SQLite's automatic checkpoint within a transaction.
 constexpr int TransactionsPerWal = 50;
+// Between two attempts to start the log of a new file, in milliseconds.
+constexpr int RetryInterval = 10;
 
 QString nextConnectionName()
 {
     static std::atomic<int> counter{ 0 };
     return QStringLiteral("plandesk-%1").arg(++counter);
-}
-
-Status statusOfError(const QSqlError& error)
-{
-    enum Code { Busy = 5, Locked = 6, ReadOnly = 8, Corrupt = 11, Full = 13, NotADatabase = 26 };
-    switch (error.nativeErrorCode().toInt() & 0xff) {
-    case Busy:
-    case Locked:
-        return Error::DatabaseBusy;
-    case ReadOnly:
-        return Error::DatabaseReadOnly;
-    case Corrupt:
-        return Error::DatabaseCorrupt;
-    case Full:
-        return Error::DiskFull;
-    case NotADatabase:
-        return Error::NotADatabase;
-    default:
-        return { Error::DatabaseFailed, { error.text().trimmed() } };
-    }
 }
 
 void bind(QSqlQuery& query, const QVariantList& values)
@@ -66,9 +52,9 @@ Database::~Database()
 Status Database::open(const QString& fileName)
 {
     close();
-    Status status = openFile(fileName);
+    const Status status = openFile(fileName);
     if (status)
-        return status;
+        return {};
     close();
     return { Error::CannotOpenDatabase, { fileName }, status };
 }
@@ -77,7 +63,10 @@ void Database::close()
 {
     if (!m_connection.isValid())
         return;
-    m_dataVersion = QSqlQuery();
+    // The last connection moves the log to the database and deletes it, by its name, which may be another file's now.
+    if (isOpen() && !m_files.check())
+        sqlite3_db_config(connection(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    m_files.forget();
     m_committed = 0;
     m_connection.close();
     m_connection = QSqlDatabase();
@@ -94,9 +83,12 @@ QString Database::fileName() const
     return m_connection.isValid() ? m_connection.databaseName() : QString();
 }
 
-QVariant Database::handle() const
+sqlite3* Database::connection() const
 {
-    return m_connection.driver()->handle();
+    const QVariant handle = isOpen() ? m_connection.driver()->handle() : QVariant();
+    if (qstrcmp(handle.typeName(), "sqlite3*") != 0)
+        return nullptr;
+    return *static_cast<sqlite3* const*>(handle.constData());
 }
 
 Status Database::openFile(const QString& fileName)
@@ -105,9 +97,15 @@ Status Database::openFile(const QString& fileName)
         return status;
     if (Status status = inspect(); !status)
         return status;
-    if (Status status = configure(); !status)
+    if (Status status = prepareConnection(); !status)
         return status;
-    return migrate();
+    // The first read of a new file creates its log.
+    const Result<int> version = number(QStringLiteral("PRAGMA user_version"));
+    if (!version)
+        return version.status();
+    if (Status status = m_files.remember(connection(), fileName); !status)
+        return status;
+    return *version == Schema::latestVersion() ? Status() : transaction([this] { return applyMigrations(); });
 }
 
 Status Database::connect(const QString& fileName)
@@ -120,61 +118,78 @@ Status Database::connect(const QString& fileName)
         return Error::CannotCreateFolder;
     if (!QFileInfo::exists(fileName))
         PrivateFiles::makeFile(fileName);
+    LockWaits::limitPauses();
     m_connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
     m_connection.setDatabaseName(fileName);
-    m_connection.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(BusyTimeout));
     if (!m_connection.open())
-        return statusOfError(m_connection.lastError());
+        return statusOf(m_connection.lastError());
+    m_waits.setLimit(BusyTimeout);
+    m_waits.apply(connection());
     return {};
 }
 
 // Only reads, so that a refused file stays unchanged.
 Status Database::inspect()
 {
-    QSqlQuery tables = query(QStringLiteral("SELECT count(*) FROM sqlite_master"));
-    if (!tables.isActive())
-        return statusOf(tables);
-    const int version = number(QStringLiteral("PRAGMA user_version"));
-    const int application = number(QStringLiteral("PRAGMA application_id"));
-    const bool fresh = tables.next() && tables.value(0).toInt() == 0 && version == 0 && application == 0;
-    if (fresh)
+    const Result<int> tables = number(QStringLiteral("SELECT count(*) FROM sqlite_master"));
+    if (!tables)
+        return tables.status();
+    const Result<int> version = number(QStringLiteral("PRAGMA user_version"));
+    if (!version)
+        return version.status();
+    const Result<int> application = number(QStringLiteral("PRAGMA application_id"));
+    return application ? checkSchema(*tables, *version, *application) : application.status();
+}
+
+Status Database::checkSchema(int tables, int version, int application)
+{
+    if (tables == 0 && version == 0 && application == 0)
         return {};
     if (application != Schema::applicationId() || version < 1)
         return Error::ForeignDatabase;
     if (version > Schema::latestVersion())
         return { Error::NewerDatabase, { QString::number(version), QString::number(Schema::latestVersion()) } };
-    QSqlQuery check = query(QStringLiteral("PRAGMA quick_check(1)"));
-    const bool sound = check.next() && check.value(0).toString() == QLatin1String("ok");
-    return sound ? Status() : Error::DatabaseCorrupt;
+    const Result<QVariant> check = value(QStringLiteral("PRAGMA quick_check(1)"));
+    if (!check)
+        return check.status();
+    return check->toString() == QLatin1String("ok") ? Status() : Error::DatabaseCorrupt;
 }
 
-Status Database::configure()
+Status Database::prepareConnection()
 {
-    QSqlQuery journal = query(QStringLiteral("PRAGMA journal_mode = WAL"));
-    if (!journal.isActive())
-        return statusOf(journal);
-    if (!journal.next() || journal.value(0).toString() != QLatin1String("wal"))
-        return Error::NoWriteAheadLog;
-    journal.finish();
-    if (Status status = execute(QStringLiteral("PRAGMA synchronous = FULL")); !status)
+    if (Status status = startWalMode(); !status)
         return status;
-    return execute(QStringLiteral("PRAGMA foreign_keys = ON"));
+    if (Status status = configure(QStringLiteral("PRAGMA synchronous = FULL")); !status)
+        return status;
+    return configure(QStringLiteral("PRAGMA foreign_keys = ON"));
 }
 
-Status Database::migrate()
+// Two first starts of the same new file stop each other at once, without waiting for the lock.
+Status Database::startWalMode()
 {
-    if (number(QStringLiteral("PRAGMA user_version")) == Schema::latestVersion())
-        return {};
-    return transaction([this] { return applyMigrations(); });
+    QElapsedTimer waiting;
+    waiting.start();
+    for (;;) {
+        const Result<QVariant> mode = value(QStringLiteral("PRAGMA journal_mode = WAL"));
+        if (mode && mode->toString() == QLatin1String("wal"))
+            return {};
+        if (!mode && mode.status().error() != Error::DatabaseBusy)
+            return mode.status();
+        if (waiting.hasExpired(BusyTimeout))
+            return mode ? Error::NoWriteAheadLog : Error::DatabaseBusy;
+        QThread::msleep(RetryInterval);
+    }
 }
 
 // Reads the version again under the write lock: another process may have migrated the file in the meantime.
 Status Database::applyMigrations()
 {
-    const int version = number(QStringLiteral("PRAGMA user_version"));
+    const Result<int> version = number(QStringLiteral("PRAGMA user_version"));
+    if (!version)
+        return version.status();
     QStringList statements;
     for (const Schema::Migration& migration : Schema::migrations()) {
-        if (migration.version > version)
+        if (migration.version > *version)
             statements += migration.statements;
     }
     statements << QStringLiteral("PRAGMA application_id = %1").arg(Schema::applicationId())
@@ -189,117 +204,229 @@ Status Database::applyMigrations()
 Status Database::transaction(const std::function<Status()>& work)
 {
     if (m_inTransaction)
-        return work();
-    Status status = execute(QStringLiteral("BEGIN IMMEDIATE"));
-    if (!status)
+        return note(work());
+    if (Status status = begin(); !status)
         return status;
-    m_inTransaction = true;
-    status = work();
-    m_inTransaction = false;
-    if (status)
-        status = execute(QStringLiteral("COMMIT"));
-    if (status)
-        ++m_committed;
-    else
-        query(QStringLiteral("ROLLBACK"));
-    return status;
+    return finish(work());
 }
 
-QSqlQuery Database::query(const QString& statement, const QVariantList& values)
+Status Database::begin()
 {
-    QSqlQuery result(m_connection);
-    result.setForwardOnly(true);
-    if (isOpen() && result.prepare(statement)) {
-        bind(result, values);
-        result.exec();
-    }
-    return result;
+    if (Status status = m_files.check(); !status)
+        return status;
+    if (Status status = configure(QStringLiteral("BEGIN IMMEDIATE")); !status)
+        return status;
+    m_inTransaction = true;
+    m_failure = Status();
+    return {};
+}
+
+// The file is looked at before COMMIT, while nothing is stored yet.
+Status Database::finish(const Status& worked)
+{
+    Status status = note(worked);
+    if (status)
+        status = m_failure;
+    if (status)
+        status = m_files.check();
+    m_inTransaction = false;
+    m_failure = Status();
+    if (status)
+        status = configure(QStringLiteral("COMMIT"));
+    if (status)
+        ++m_committed;
+    else if (isOpen() && !sqlite3_get_autocommit(connection()))
+        sqlite3_exec(connection(), "ROLLBACK", nullptr, nullptr, nullptr);
+    return status;
 }
 
 Status Database::execute(const QString& statement, const QVariantList& values)
 {
-    return statusOf(query(statement, values));
+    return transaction([&] {
+        QSqlQuery query(m_connection);
+        return run(query, statement, values);
+    });
 }
 
-QSqlQuery Database::prepare(const QString& statement)
+Result<int> Database::change(const QString& statement, const QVariantList& values)
 {
-    QSqlQuery result(m_connection);
-    result.setForwardOnly(true);
-    if (isOpen())
-        result.prepare(statement);
+    int changed = 0;
+    Status status = transaction([&] {
+        QSqlQuery query(m_connection);
+        Status done = run(query, statement, values);
+        changed = query.numRowsAffected();
+        return done;
+    });
+    return status ? Result<int>(changed) : status;
+}
+
+Result<qint64> Database::insert(const QString& statement, const QVariantList& values)
+{
+    qint64 number = 0;
+    Status status = transaction([&] {
+        QSqlQuery query(m_connection);
+        Status done = run(query, statement, values);
+        number = query.lastInsertId().toLongLong();
+        return done;
+    });
+    return status ? Result<qint64>(number) : status;
+}
+
+Status Database::read(const QString& statement, const QVariantList& values, const TakeRow& take)
+{
+    QSqlQuery query(m_connection);
+    if (Status status = run(query, statement, values); !status)
+        return status;
+    while (query.next())
+        take(query);
+    return note(query.lastError().isValid() ? statusOf(query.lastError()) : Status());
+}
+
+Result<QVariant> Database::value(const QString& statement, const QVariantList& values)
+{
+    QVariant found;
+    Status status = read(statement, values, [&found](const QSqlQuery& row) {
+        if (!found.isValid())
+            found = row.value(0);
+    });
+    return status ? Result<QVariant>(found) : status;
+}
+
+Result<QStringList> Database::texts(const QString& statement, const QVariantList& values)
+{
+    QStringList found;
+    Status status = read(statement, values, [&found](const QSqlQuery& row) { found << row.value(0).toString(); });
+    return status ? Result<QStringList>(found) : status;
+}
+
+Status Database::prepare(const QString& statement, QSqlQuery& prepared)
+{
+    if (!isOpen())
+        return Error::DatabaseNotOpen;
+    prepared = QSqlQuery(m_connection);
+    return note(prepared.prepare(statement) ? Status() : statusOf(prepared.lastError()));
+}
+
+Status Database::executePrepared(QSqlQuery& prepared, const QVariantList& values)
+{
+    if (!m_failure)
+        return m_failure;
+    bind(prepared, values);
+    return note(prepared.exec() ? Status() : explained(statusOf(prepared.lastError())));
+}
+
+Status Database::configure(const QString& statement)
+{
+    QSqlQuery query(m_connection);
+    return run(query, statement, {});
+}
+
+Status Database::run(QSqlQuery& query, const QString& statement, const QVariantList& values)
+{
+    if (!m_failure)
+        return m_failure;
+    if (!isOpen())
+        return Error::DatabaseNotOpen;
+    query.setForwardOnly(true);
+    bool done = query.prepare(statement);
+    if (done) {
+        bind(query, values);
+        done = query.exec();
+    }
+    return note(done ? Status() : explained(statusOf(query.lastError())));
+}
+
+// SQLite ends a transaction by itself when the disk is full or fails. Statements after that would be committed one by
+// one.
+Status Database::note(const Status& status)
+{
+    if (!m_inTransaction)
+        return status;
+    const bool hasEnded = !isOpen() || sqlite3_get_autocommit(connection()) != 0;
+    const Status result = status && hasEnded ? Status(Error::TransactionEnded) : status;
+    if (m_failure && !result)
+        m_failure = result;
     return result;
 }
 
-Status Database::executePrepared(QSqlQuery& statement, const QVariantList& values)
+// SQLite reports the end of the row numbers like a full disk.
+Status Database::explained(const Status& failure)
 {
-    if (!statement.lastQuery().isEmpty()) {
-        bind(statement, values);
-        statement.exec();
+    if (failure.error() != Error::DiskFull)
+        return failure;
+    QSqlQuery used(m_connection);
+    const bool atEnd = used.exec(QStringLiteral("SELECT max(seq) FROM sqlite_sequence")) && used.next()
+        && used.value(0).toLongLong() == std::numeric_limits<qint64>::max();
+    return atEnd ? Error::NumbersExhausted : failure;
+}
+
+Status Database::statusOf(const QSqlError& error)
+{
+    const int code = error.nativeErrorCode().toInt();
+    switch (code & 0xff) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+    case SQLITE_PROTOCOL:
+        return Error::DatabaseBusy;
+    case SQLITE_READONLY:
+        return Error::DatabaseReadOnly;
+    case SQLITE_CORRUPT:
+        return Error::DatabaseCorrupt;
+    case SQLITE_FULL:
+        return Error::DiskFull;
+    case SQLITE_IOERR:
+        return { Error::DiskFailed, { QString::number(code) } };
+    case SQLITE_NOTADB:
+        return Error::NotADatabase;
+    default:
+        return { Error::DatabaseFailed, { error.text().trimmed() } };
     }
-    return statusOf(statement);
 }
 
 void Database::prepareWal()
 {
-    if (!isOpen() || m_inTransaction)
+    if (!isIdle() || !m_files.check())
         return;
     const bool isBegun = QFileInfo(fileName() + QStringLiteral("-wal")).size() > 0;
     if (isBegun && (m_committed < TransactionsPerWal || !checkpoint()))
         return;
-    setBusyTimeout(0);
+    m_waits.setLimit(0);
     if (startWal())
         m_committed = 0;
-    setBusyTimeout(BusyTimeout);
+    m_waits.setLimit(BusyTimeout);
 }
 
 // The first transaction of a log flushes it twice, once for the log's header. This one writes the version unchanged.
 Status Database::startWal()
 {
-    return transaction([this] {
-        const int version = number(QStringLiteral("PRAGMA user_version"));
-        return execute(QStringLiteral("PRAGMA user_version = %1").arg(version));
+    return transaction([this]() -> Status {
+        const Result<int> version = number(QStringLiteral("PRAGMA user_version"));
+        if (!version)
+            return version.status();
+        return execute(QStringLiteral("PRAGMA user_version = %1").arg(*version));
     });
-}
-
-void Database::setBusyTimeout(int milliseconds)
-{
-    query(QStringLiteral("PRAGMA busy_timeout = %1").arg(milliseconds));
 }
 
 /// False while another connection reads an older state.
 bool Database::checkpoint()
 {
-    QSqlQuery moved = query(QStringLiteral("PRAGMA wal_checkpoint(PASSIVE)"));
-    return moved.next() && moved.value(1) == moved.value(2);
+    int frames = 0;
+    int moved = 0;
+    const int code = sqlite3_wal_checkpoint_v2(connection(), nullptr, SQLITE_CHECKPOINT_PASSIVE, &frames, &moved);
+    return code == SQLITE_OK && frames == moved;
 }
 
 QString Database::changeToken()
 {
     // A transaction may be rolled back, and the token would stay the same.
-    if (m_inTransaction)
+    if (!isIdle())
         return QString();
-    if (m_dataVersion.lastQuery().isEmpty())
-        m_dataVersion =
-            prepare(QStringLiteral("SELECT total_changes() || '/' || data_version FROM pragma_data_version"));
-    if (!executePrepared(m_dataVersion, {}) || !m_dataVersion.next())
-        return QString();
-    const QString token = m_dataVersion.value(0).toString();
-    m_dataVersion.finish();
-    return token;
+    const auto token = value(QStringLiteral("SELECT total_changes() || '/' || data_version FROM pragma_data_version"));
+    return token ? token->toString() : QString();
 }
 
-Status Database::statusOf(const QSqlQuery& query)
+Result<int> Database::number(const QString& statement)
 {
-    return query.isActive() ? Status() : statusOf(query.lastError());
-}
-
-Status Database::statusOf(const QSqlError& error)
-{
-    return error.type() == QSqlError::NoError ? Error::DatabaseNotOpen : statusOfError(error);
-}
-
-int Database::number(const QString& statement)
-{
-    QSqlQuery result = query(statement);
-    return result.next() ? result.value(0).toInt() : 0;
+    const Result<QVariant> found = value(statement);
+    return found ? Result<int>(found->toInt()) : found.status();
 }

@@ -1,20 +1,28 @@
 #pragma once
 
+#include "FileIdentity.h"
+#include "LockWaits.h"
 #include "Status.h"
 
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 
 #include <functional>
+
+struct sqlite3;
 
 /// One connection to the client's SQLite file.
 ///
 /// An object belongs to the thread that opened it; a worker thread opens the same file with another object.
 class Database {
 public:
+    /// Called with each row of a statement.
+    using TakeRow = std::function<void(const QSqlQuery& row)>;
+
     Database();
     ~Database();
     Database(const Database&) = delete;
@@ -27,47 +35,69 @@ public:
     bool isOpen() const;
     /// The opened file, empty while closed.
     QString fileName() const;
+    /// SQLite's connection; null while closed.
+    sqlite3* connection() const;
 
-    /// The connection from `QSqlDriver::handle`; invalid while closed.
-    QVariant handle() const;
-
-    /// Runs `work` in one write transaction. Commits if it succeeds, otherwise rolls back and returns its status. A
-    /// nested `transaction` joins the outer one.
+    /// Runs `work` in one write transaction. Commits if it succeeds, otherwise rolls back and returns its status. The
+    /// first failure within a transaction, also of a statement whose status `work` drops, is the transaction's result;
+    /// no later statement runs. A nested `transaction` joins the outer one. Nothing is written once the file was
+    /// deleted, exchanged, moved or linked.
     Status transaction(const std::function<Status()>& work);
-    /// Runs one statement with positional values. `isActive()` of the result is true on success. A null text is bound
-    /// as an empty one; an invalid `QVariant` as NULL.
-    QSqlQuery query(const QString& statement, const QVariantList& values = {});
-    /// Like `query`, for statements without a result.
+
+    /// Statements with positional values. A null text is bound as an empty one; an invalid `QVariant` as NULL.
+
+    /// Runs a statement without a result, in a transaction of its own unless one is running.
     Status execute(const QString& statement, const QVariantList& values = {});
-    /// Prepares a statement to be run many times by `executePrepared`.
-    QSqlQuery prepare(const QString& statement);
-    static Status executePrepared(QSqlQuery& statement, const QVariantList& values);
+    /// Like `execute`; returns the number of changed rows.
+    Result<int> change(const QString& statement, const QVariantList& values);
+    /// Inserts a row and returns the number that it got.
+    Result<qint64> insert(const QString& statement, const QVariantList& values);
+    /// Reads all rows. If it fails, rows that were already taken must be dropped.
+    Status read(const QString& statement, const QVariantList& values, const TakeRow& take);
+    /// The first column of the first row; invalid if there is no row.
+    Result<QVariant> value(const QString& statement, const QVariantList& values = {});
+    /// The first column of all rows.
+    Result<QStringList> texts(const QString& statement, const QVariantList& values);
+    /// Prepares a statement without a result to be run many times by `executePrepared`, within one transaction.
+    Status prepare(const QString& statement, QSqlQuery& prepared);
+    Status executePrepared(QSqlQuery& prepared, const QVariantList& values);
+    /// Runs a statement outside of any transaction, for example a PRAGMA.
+    Status configure(const QString& statement);
+
+    /// Notes the result of a statement that ran on `connection` and returns it, or why the transaction has ended.
+    Status note(const Status& status);
+    /// The meaning of an error with SQLite's code.
+    static Status statusOf(const QSqlError& error);
+
     /// Prepares the write-ahead log for the next transaction: starts it, and after many transactions checkpoints it
     /// first. Call it while the user is idle; a busy or read-only file stays unchanged.
     void prepareWal();
     /// Change token: equal tokens mean equal contents. It changes with every change by this connection and every commit
     /// of another one. Empty within a transaction, or if unavailable.
     QString changeToken();
-    /// Whether `query` ran.
-    static Status statusOf(const QSqlQuery& query);
-    /// The meaning of an error with SQLite's code; an error without a code comes from a closed database.
-    static Status statusOf(const QSqlError& error);
 
 private:
     Status openFile(const QString& fileName);
     Status connect(const QString& fileName);
     Status inspect();
-    Status configure();
-    Status migrate();
+    Status checkSchema(int tables, int version, int application);
+    Status prepareConnection();
+    Status startWalMode();
     Status applyMigrations();
-    int number(const QString& statement);
+    Status begin();
+    Status finish(const Status& worked);
+    Status run(QSqlQuery& query, const QString& statement, const QVariantList& values);
+    Status explained(const Status& failure);
+    Result<int> number(const QString& statement);
+    bool isIdle() const { return isOpen() && !m_inTransaction; }
     bool checkpoint();
     Status startWal();
-    void setBusyTimeout(int milliseconds);
 
     const QString m_connectionName;
     QSqlDatabase m_connection;
-    QSqlQuery m_dataVersion; ///< prepared on first use
+    FileIdentity m_files;
+    LockWaits m_waits;
     bool m_inTransaction = false;
+    Status m_failure;    ///< the first one of the running transaction
     int m_committed = 0; ///< transactions since this connection started the log
 };

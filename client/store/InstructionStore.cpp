@@ -34,22 +34,30 @@ Result<QString> InstructionStore::add(const QString& planId, const QDate& day, c
         return { Error::UnknownPlan, { planId } };
     QString id;
     Status status = m_database.transaction([&]() -> Status {
-        QSqlQuery known =
-            m_database.query(QStringLiteral("SELECT (SELECT count(*) FROM plan_instructions WHERE plan = number)"
-                                            " FROM plans WHERE number = ?"),
-                { *plan });
-        if (!known.next())
-            return { Error::UnknownPlan, { planId } };
-        id = instructionId(planId, known.value(0).toInt() + 1);
-        known.finish();
+        const Result<QString> next = nextId(*plan, planId);
+        if (!next)
+            return next.status();
+        id = *next;
         Status added =
             m_database.execute(QStringLiteral("INSERT INTO plan_instructions (plan, id, day) VALUES (?, ?, ?)"),
                 { *plan, id, day.toString(Qt::ISODate) });
         return added ? writeFields(*plan, id, fields) : added;
     });
-    if (!status)
-        return status;
-    return id;
+    return status ? Result<QString>(id) : status;
+}
+
+// Follows the last id, also if earlier ones are missing.
+Result<QString> InstructionStore::nextId(qint64 plan, const QString& planId)
+{
+    const auto last = m_database.value(
+        QStringLiteral("SELECT COALESCE((SELECT max(id) FROM plan_instructions WHERE plan = number), '') FROM plans"
+                       " WHERE number = ?"),
+        { plan });
+    if (!last)
+        return last.status();
+    if (!last->isValid())
+        return { Error::UnknownPlan, { planId } };
+    return instructionId(planId, last->toString().section(QLatin1Char('-'), -1).toInt() + 1);
 }
 
 Status InstructionStore::update(const QString& planId, const QString& instruction, const Fields& fields)
@@ -59,57 +67,57 @@ Status InstructionStore::update(const QString& planId, const QString& instructio
     if (!plan)
         return unknown;
     return m_database.transaction([&]() -> Status {
-        QSqlQuery known = m_database.query(
+        const auto known = m_database.value(
             QStringLiteral("SELECT 1 FROM plan_instructions WHERE plan = ? AND id = ?"), { *plan, instruction });
-        if (!known.next())
+        if (!known)
+            return known.status();
+        if (!known->isValid())
             return unknown;
-        known.finish();
         return writeFields(*plan, instruction, fields);
     });
 }
 
-QMap<QString, InstructionStore::Fields> InstructionStore::ofPlan(const QString& planId)
+Result<QMap<QString, InstructionStore::Fields>> InstructionStore::ofPlan(const QString& planId)
 {
     return read(planId, QString());
 }
 
-QMap<QString, InstructionStore::Fields> InstructionStore::ofDay(const QString& planId, const QDate& day)
+Result<QMap<QString, InstructionStore::Fields>> InstructionStore::ofDay(const QString& planId, const QDate& day)
 {
     return read(planId, day.toString(Qt::ISODate));
 }
 
 Status InstructionStore::writeFields(qint64 plan, const QString& instruction, const Fields& fields)
 {
-    QSqlQuery insert = m_database.prepare(
-        QStringLiteral("INSERT OR REPLACE INTO instruction_fields (plan, id, key, value) VALUES (?, ?, ?, ?)"));
-    for (auto it = fields.cbegin(); it != fields.cend(); ++it) {
-        Status status = Database::executePrepared(insert, { plan, instruction, it.key(), it.value().toString() });
-        if (!status)
-            return status;
-    }
-    return {};
+    QSqlQuery insert;
+    Status status =
+        m_database.prepare(QStringLiteral("INSERT INTO instruction_fields (plan, id, key, value) VALUES (?, ?, ?, ?)"
+                                          " ON CONFLICT (plan, id, key) DO UPDATE SET value = excluded.value"),
+            insert);
+    for (auto it = fields.cbegin(); it != fields.cend() && status; ++it)
+        status = m_database.executePrepared(insert, { plan, instruction, it.key(), it.value().toString() });
+    return status;
 }
 
 // An empty day means every day.
-QMap<QString, InstructionStore::Fields> InstructionStore::read(const QString& planId, const QString& day)
+Result<QMap<QString, InstructionStore::Fields>> InstructionStore::read(const QString& planId, const QString& day)
 {
     const auto plan = PlanId::toNumber(planId);
     if (!plan)
-        return {};
-    QSqlQuery query =
-        m_database.query(QStringLiteral("SELECT i.id, f.key, f.value FROM plan_instructions AS i"
-                                        " LEFT JOIN instruction_fields AS f ON f.plan = i.plan AND f.id = i.id"
-                                        " WHERE i.plan = ? AND (? = '' OR i.day = ?) ORDER BY i.id, f.key"),
-            { *plan, day, day });
+        return QMap<QString, Fields>();
     QMap<QString, Fields> instructions;
     SharedTexts texts;
     auto instruction = instructions.end();
-    while (query.next()) {
-        const QString id = query.value(0).toString();
-        if (instruction == instructions.end() || instruction.key() != id)
-            instruction = instructions.insert(instructions.cend(), id, Fields());
-        if (!query.value(1).isNull())
-            instruction->insert(instruction->cend(), texts.share(query.value(1)), texts.share(query.value(2)));
-    }
-    return instructions;
+    Status status =
+        m_database.read(QStringLiteral("SELECT i.id, f.key, f.value FROM plan_instructions AS i"
+                                       " LEFT JOIN instruction_fields AS f ON f.plan = i.plan AND f.id = i.id"
+                                       " WHERE i.plan = ? AND (? = '' OR i.day = ?) ORDER BY i.id, f.key"),
+            { *plan, day, day }, [&](const QSqlQuery& row) {
+                const QString id = row.value(0).toString();
+                if (instruction == instructions.end() || instruction.key() != id)
+                    instruction = instructions.insert(instructions.cend(), id, Fields());
+                if (!row.value(1).isNull())
+                    instruction->insert(instruction->cend(), texts.share(row.value(1)), texts.share(row.value(2)));
+            });
+    return status ? Result<QMap<QString, Fields>>(instructions) : status;
 }

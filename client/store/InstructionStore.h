@@ -18,13 +18,14 @@ public:
     Status update(const QString& planId, const QString& instructionId, const Fields& fields);
 
     /// Texts by field key, by instruction id; empty if the plan is unknown or has none.
-    QMap<QString, Fields> ofPlan(const QString& planId);
+    Result<QMap<QString, Fields>> ofPlan(const QString& planId);
     /// Like `ofPlan`, for one day only.
-    QMap<QString, Fields> ofDay(const QString& planId, const QDate& day);
+    Result<QMap<QString, Fields>> ofDay(const QString& planId, const QDate& day);
 
 private:
+    Result<QString> nextId(qint64 plan, const QString& planId);
     Status writeFields(qint64 plan, const QString& instructionId, const Fields& fields);
-    QMap<QString, Fields> read(const QString& planId, const QString& day);
+    Result<QMap<QString, Fields>> read(const QString& planId, const QString& day);
 
     Database& m_database;
 };

@@ -1,5 +1,10 @@
 #include "PlanStore.h"
 
+#include "AutoPlanField.h"
+#include "RecordCheck.h"
+
+using namespace AutoPlanField::BaseField;
+
 namespace {
 
 QString timeText(const QDateTime& time)
@@ -12,33 +17,43 @@ QDateTime timeOf(const QVariant& text)
     return QDateTime::fromString(text.toString(), Qt::ISODateWithMs);
 }
 
+QVariant otherParamOf(const PlanStore::Record& record)
+{
+    return record.contains(planOtherParam) ? record.value(planOtherParam).toString() : QVariant();
+}
+
+StoredPlan planOf(const QSqlQuery& row)
+{
+    StoredPlan plan{ PlanId::fromNumber(row.value(0).toLongLong()), row.value(3).toInt(), row.value(4).toString(),
+        timeOf(row.value(5)), timeOf(row.value(6)), {} };
+    if (!row.value(7).isNull())
+        plan.record.insert(planOtherParam, row.value(7).toString());
+    return plan;
+}
+
 } // namespace
 
-PlanStore::PlanStore(Database& database, const QString& otherParamKey)
+PlanStore::PlanStore(Database& database)
     : m_database(database)
-    , m_otherParamKey(otherParamKey)
 {
 }
 
 Result<QString> PlanStore::create(const Record& record, const QString& creator, const QDateTime& now)
 {
-    if (Status refused = checkRecord(record); !refused)
+    if (Status refused = RecordCheck::refusal(record); !refused)
         return refused;
     QString id;
-    Status status = m_database.transaction([&] {
-        const QSqlQuery insert = m_database.query(
+    Status status = m_database.transaction([&]() -> Status {
+        const Result<qint64> number = m_database.insert(
             QStringLiteral("INSERT INTO plans (version, creator, created_time, changed_time, other_param)"
                            " VALUES (1, ?, ?, ?, ?)"),
             { creator, timeText(now), timeText(now), otherParamOf(record) });
-        if (!insert.isActive())
-            return Database::statusOf(insert);
-        const qint64 number = insert.lastInsertId().toLongLong();
-        id = PlanId::fromNumber(number);
-        return writeFields(number, record);
+        if (!number)
+            return number.status();
+        id = PlanId::fromNumber(*number);
+        return writeFields(*number, record);
     });
-    if (!status)
-        return status;
-    return id;
+    return status ? Result<QString>(id) : status;
 }
 
 Status PlanStore::modify(const QString& planId, const Record& record, const QDateTime& now)
@@ -47,131 +62,107 @@ Status PlanStore::modify(const QString& planId, const Record& record, const QDat
     const auto number = PlanId::toNumber(planId);
     if (!number)
         return unknown;
-    if (Status refused = checkRecord(record); !refused)
+    if (Status refused = RecordCheck::refusal(record); !refused)
         return refused;
-    return m_database.transaction([&] {
-        const QSqlQuery update = m_database.query(
+    return m_database.transaction([&]() -> Status {
+        const Result<int> changed = m_database.change(
             QStringLiteral(
                 "UPDATE plans SET version = version + 1, changed_time = ?, other_param = ? WHERE number = ?"),
             { timeText(now), otherParamOf(record), *number });
-        if (!update.isActive())
-            return Database::statusOf(update);
-        if (update.numRowsAffected() != 1)
+        if (!changed)
+            return changed.status();
+        if (*changed != 1)
             return unknown;
         Status removed = m_database.execute(QStringLiteral("DELETE FROM plan_fields WHERE plan = ?"), { *number });
         return removed ? writeFields(*number, record) : removed;
     });
 }
 
-PlanStore::Record PlanStore::record(const QString& planId)
+Result<PlanStore::Record> PlanStore::record(const QString& planId)
 {
-    return plan(planId).record;
+    const Result<StoredPlan> found = plan(planId);
+    return found ? Result<Record>(found->record) : found.status();
 }
 
-StoredPlan PlanStore::plan(const QString& planId)
+Result<StoredPlan> PlanStore::plan(const QString& planId)
 {
     const auto number = PlanId::toNumber(planId);
     if (!number)
         return StoredPlan();
-    return read(QStringLiteral("number = ?"), { *number }).value(0);
+    const auto found = read(QStringLiteral("number = ?"), { *number });
+    return found ? Result<StoredPlan>(found->value(0)) : found.status();
 }
 
-QVector<StoredPlan> PlanStore::page(int offset, int limit)
+Result<QVector<StoredPlan>> PlanStore::page(int offset, int limit)
 {
     if (offset < 0 || limit < 1)
-        return {};
+        return QVector<StoredPlan>();
     return read(QStringLiteral("number IN (SELECT number FROM plans ORDER BY number DESC LIMIT ? OFFSET ?)"),
         { limit, offset });
 }
 
-int PlanStore::count()
+Result<int> PlanStore::count()
 {
-    QSqlQuery query = m_database.query(QStringLiteral("SELECT count(*) FROM plans"));
-    return query.next() ? query.value(0).toInt() : 0;
+    const auto found = m_database.value(QStringLiteral("SELECT count(*) FROM plans"));
+    return found ? Result<int>(found->toInt()) : found.status();
 }
 
-int PlanStore::newerThan(const QString& planId)
+Result<int> PlanStore::newerThan(const QString& planId)
 {
     const auto number = PlanId::toNumber(planId);
     if (!number)
         return -1;
-    QSqlQuery query = m_database.query(
+    const auto found = m_database.value(
         QStringLiteral("SELECT (SELECT count(*) FROM plans AS newer WHERE newer.number > plans.number) FROM plans"
                        " WHERE number = ?"),
         { *number });
-    return query.next() ? query.value(0).toInt() : -1;
+    if (!found)
+        return found.status();
+    return found->isValid() ? found->toInt() : -1;
 }
 
-QStringList PlanStore::idsOfPeriod(const QString& beginKey, const QString& endKey, const QDate& day)
+Result<QStringList> PlanStore::idsOfDay(const QDate& day)
 {
-    QSqlQuery query = m_database.query(
+    QStringList ids;
+    Status status = m_database.read(
         QStringLiteral("SELECT number FROM plans"
                        " JOIN plan_fields AS b ON b.plan = number AND b.key = ? AND b.value <= ?"
                        " JOIN plan_fields AS e ON e.plan = number AND e.key = ? AND e.value >= ? ORDER BY number"),
-        { beginKey, day.toString(Qt::ISODate), endKey, day.toString(Qt::ISODate) });
-    QStringList ids;
-    while (query.next())
-        ids << PlanId::fromNumber(query.value(0).toLongLong());
-    return ids;
-}
-
-Status PlanStore::checkRecord(const Record& record) const
-{
-    if (record.isEmpty())
-        return Error::EmptyPlan;
-    for (auto it = record.cbegin(); it != record.cend(); ++it) {
-        if (it.value().userType() != QMetaType::QString)
-            return { Error::FieldNotText, { it.key() } };
-    }
-    return {};
-}
-
-QVariant PlanStore::otherParamOf(const Record& record) const
-{
-    return record.contains(m_otherParamKey) ? record.value(m_otherParamKey).toString() : QVariant();
+        { beginDate, day.toString(Qt::ISODate), endDate, day.toString(Qt::ISODate) },
+        [&ids](const QSqlQuery& row) { ids << PlanId::fromNumber(row.value(0).toLongLong()); });
+    return status ? Result<QStringList>(ids) : status;
 }
 
 Status PlanStore::writeFields(qint64 number, const Record& record)
 {
-    QSqlQuery insert =
-        m_database.prepare(QStringLiteral("INSERT INTO plan_fields (plan, key, value) VALUES (?, ?, ?)"));
-    for (auto it = record.cbegin(); it != record.cend(); ++it) {
-        if (it.key() == m_otherParamKey)
-            continue;
-        if (Status status = Database::executePrepared(insert, { number, it.key(), it.value() }); !status)
-            return status;
+    QSqlQuery insert;
+    Status status =
+        m_database.prepare(QStringLiteral("INSERT INTO plan_fields (plan, key, value) VALUES (?, ?, ?)"), insert);
+    for (auto it = record.cbegin(); it != record.cend() && status; ++it) {
+        if (it.key() != planOtherParam)
+            status = m_database.executePrepared(insert, { number, it.key(), it.value() });
     }
-    return {};
+    return status;
 }
 
 // One statement for plans and fields; the rows of a plan, one for each field, are consecutive.
-QVector<StoredPlan> PlanStore::read(const QString& condition, const QVariantList& values)
+Result<QVector<StoredPlan>> PlanStore::read(const QString& condition, const QVariantList& values)
 {
-    QSqlQuery query = m_database.query(
+    QVector<StoredPlan> plans;
+    qint64 last = 0;
+    Status status = m_database.read(
         QStringLiteral("SELECT number, key, value, version, creator, created_time, changed_time, other_param FROM plans"
                        " LEFT JOIN plan_fields ON plan = number WHERE %1 ORDER BY number DESC")
             .arg(condition),
-        values);
-    QVector<StoredPlan> plans;
-    qint64 last = 0;
-    while (query.next()) {
-        const qint64 number = query.value(0).toLongLong();
-        if (plans.isEmpty() || number != last)
-            plans << planOf(query);
-        last = number;
-        if (!query.value(1).isNull())
-            plans.last().record.insert(query.value(1).toString(), query.value(2).toString());
-    }
-    return plans;
-}
-
-StoredPlan PlanStore::planOf(const QSqlQuery& row) const
-{
-    StoredPlan plan{ PlanId::fromNumber(row.value(0).toLongLong()), row.value(3).toInt(), row.value(4).toString(),
-        timeOf(row.value(5)), timeOf(row.value(6)), {} };
-    if (!row.value(7).isNull())
-        plan.record.insert(m_otherParamKey, row.value(7).toString());
-    return plan;
+        values, [&](const QSqlQuery& row) {
+            const qint64 number = row.value(0).toLongLong();
+            if (plans.isEmpty() || number != last)
+                plans << planOf(row);
+            last = number;
+            if (!row.value(1).isNull())
+                plans.last().record.insert(row.value(1).toString(), row.value(2).toString());
+        });
+    return status ? Result<QVector<StoredPlan>>(plans) : status;
 }
 
 QString PlanId::fromNumber(qint64 number)

@@ -29,36 +29,30 @@ class PlanStore {
 public:
     using Record = QMap<QString, QVariant>;
 
-    /// `otherParamKey`: the record key of the other-parameter text.
-    PlanStore(Database& database, const QString& otherParamKey);
+    explicit PlanStore(Database& database);
 
-    /// Stores a new plan in one transaction and returns its id. Refuses values that are not texts.
+    /// Stores a new plan in one transaction and returns its id. Refuses a record that `RecordCheck` refuses.
     Result<QString> create(const Record& record, const QString& creator, const QDateTime& now);
     /// Replaces the whole record in one transaction and increments the version. Refuses an unknown id.
     Status modify(const QString& planId, const Record& record, const QDateTime& now);
 
-    /// Empty if the id is unknown or reading failed.
-    Record record(const QString& planId);
-    /// A default plan (empty id) if the id is unknown or reading failed.
-    StoredPlan plan(const QString& planId);
+    /// Empty if the id is unknown.
+    Result<Record> record(const QString& planId);
+    /// A default plan (empty id) if the id is unknown.
+    Result<StoredPlan> plan(const QString& planId);
     /// One page of plans, newest first; empty after the last one.
-    QVector<StoredPlan> page(int offset, int limit);
-    int count();
+    Result<QVector<StoredPlan>> page(int offset, int limit);
+    Result<int> count();
     /// Number of plans newer than this one; -1 if the id is unknown.
-    int newerThan(const QString& planId);
-    /// Ids of the plans with the day in their period, oldest first. The two fields contain the period's days
-    /// (yyyy-MM-dd).
-    QStringList idsOfPeriod(const QString& beginKey, const QString& endKey, const QDate& day);
+    Result<int> newerThan(const QString& planId);
+    /// Ids of the plans with the day in their period, oldest first.
+    Result<QStringList> idsOfDay(const QDate& day);
 
 private:
-    Status checkRecord(const Record& record) const;
-    QVariant otherParamOf(const Record& record) const;
     Status writeFields(qint64 number, const Record& record);
-    QVector<StoredPlan> read(const QString& condition, const QVariantList& values);
-    StoredPlan planOf(const QSqlQuery& row) const;
+    Result<QVector<StoredPlan>> read(const QString& condition, const QVariantList& values);
 
     Database& m_database;
-    const QString m_otherParamKey;
 };
 
 /// Conversion between plan ids as displayed ("AP00000012") and the numbers in the tables.

@@ -8,23 +8,24 @@ PositionStore::PositionStore(Database& database)
 Status PositionStore::set(const StoredPosition& position)
 {
     return m_database.execute(
-        QStringLiteral("INSERT OR REPLACE INTO positions (trading_account, security_account, symbol, quantity,"
-                       " tradeable_quantity) VALUES (?, ?, ?, ?, ?)"),
+        QStringLiteral("INSERT INTO positions (trading_account, security_account, symbol, quantity,"
+                       " tradeable_quantity) VALUES (?, ?, ?, ?, ?)"
+                       " ON CONFLICT (trading_account, security_account, symbol) DO UPDATE"
+                       " SET quantity = excluded.quantity, tradeable_quantity = excluded.tradeable_quantity"),
         { position.tradingAccount, position.securityAccount, position.symbol, position.quantity,
             position.tradeableQuantity });
 }
 
-QVector<StoredPosition> PositionStore::positions(
+Result<QVector<StoredPosition>> PositionStore::positions(
     const QString& tradingAccount, const QString& securityAccount, const QString& symbol)
 {
-    QSqlQuery query = m_database.query(
+    QVector<StoredPosition> positions;
+    Status status = m_database.read(
         QStringLiteral("SELECT trading_account, security_account, symbol, quantity, tradeable_quantity FROM positions"
                        " WHERE trading_account = ? AND (? = '' OR security_account = ?) AND symbol = ?"),
-        { tradingAccount, securityAccount, securityAccount, symbol });
-    QVector<StoredPosition> positions;
-    while (query.next()) {
-        positions << StoredPosition{ query.value(0).toString(), query.value(1).toString(), query.value(2).toString(),
-            query.value(3).toLongLong(), query.value(4).toLongLong() };
-    }
-    return positions;
+        { tradingAccount, securityAccount, securityAccount, symbol }, [&positions](const QSqlQuery& row) {
+            positions << StoredPosition{ row.value(0).toString(), row.value(1).toString(), row.value(2).toString(),
+                row.value(3).toLongLong(), row.value(4).toLongLong() };
+        });
+    return status ? Result<QVector<StoredPosition>>(positions) : status;
 }

@@ -21,7 +21,7 @@ public:
 
     Status set(const StoredPosition& position);
     /// Positions of the account in one security; an empty security account means all of them.
-    QVector<StoredPosition> positions(
+    Result<QVector<StoredPosition>> positions(
         const QString& tradingAccount, const QString& securityAccount, const QString& symbol);
 
 private:

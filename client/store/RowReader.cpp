@@ -1,27 +1,16 @@
 #include "RowReader.h"
 
-#include <QSqlError>
-
 #include <sqlite3.h>
 
-namespace {
-
-sqlite3* connectionOf(const Database& database)
-{
-    const QVariant handle = database.handle();
-    if (qstrcmp(handle.typeName(), "sqlite3*") != 0)
-        return nullptr;
-    return *static_cast<sqlite3* const*>(handle.constData());
-}
-
-} // namespace
-
-RowReader::RowReader(const Database& database, const QString& statement)
-    : m_connection(connectionOf(database))
+RowReader::RowReader(Database& database, const QString& statement)
+    : m_database(database)
 {
     const QByteArray bytes = statement.toUtf8();
-    note(m_connection ? sqlite3_prepare_v2(m_connection, bytes.constData(), bytes.size(), &m_statement, nullptr)
-                      : SQLITE_MISUSE);
+    sqlite3* const connection = database.connection();
+    if (connection)
+        note(sqlite3_prepare_v2(connection, bytes.constData(), bytes.size(), &m_statement, nullptr));
+    else
+        m_status = Error::DatabaseNotOpen;
     m_latest.resize(sqlite3_column_count(m_statement));
 }
 
@@ -74,7 +63,7 @@ void RowReader::note(int code)
 {
     if (code == SQLITE_OK || code == SQLITE_ROW)
         return;
-    const QString text = m_connection ? QString::fromUtf8(sqlite3_errmsg(m_connection)) : QString();
-    const auto type = m_connection ? QSqlError::StatementError : QSqlError::NoError;
-    m_status = Database::statusOf(QSqlError(QString(), text, type, QString::number(code)));
+    const QString text = QString::fromUtf8(sqlite3_errmsg(m_database.connection()));
+    const QSqlError error(QString(), text, QSqlError::StatementError, QString::number(code));
+    m_status = m_database.note(Database::statusOf(error));
 }

@@ -12,7 +12,7 @@ struct sqlite3_stmt;
 /// the time for a hundred thousand rows. The database must stay open meanwhile.
 class RowReader {
 public:
-    RowReader(const Database& database, const QString& statement);
+    RowReader(Database& database, const QString& statement);
     ~RowReader();
     RowReader(const RowReader&) = delete;
     RowReader& operator=(const RowReader&) = delete;
@@ -38,7 +38,7 @@ private:
     QByteArray bytes(int column) const;
     void note(int code);
 
-    sqlite3* m_connection = nullptr;
+    Database& m_database;
     sqlite3_stmt* m_statement = nullptr;
     Status m_status;
     QVector<Latest> m_latest;

@@ -8,24 +8,28 @@ SecurityStore::SecurityStore(Database& database)
 {
 }
 
-void SecurityStore::beginAdding()
+Status SecurityStore::beginAdding()
 {
-    m_addSecurity = m_database.prepare(
+    Status status = m_database.prepare(
         QStringLiteral("INSERT INTO securities (symbol, name, type, sub_type, exchange, price_precision,"
                        " display_factor, quantity_step, limit_per_mille, st_flag, st_text)"
-                       " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"));
-    m_addCloses = m_database.prepare(
-        QStringLiteral("INSERT INTO closing_prices (security, last_day, last_close, closes) VALUES (?, ?, ?, ?)"));
+                       " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+        m_addSecurity);
+    if (!status)
+        return status;
+    return m_database.prepare(
+        QStringLiteral("INSERT INTO closing_prices (security, last_day, last_close, closes) VALUES (?, ?, ?, ?)"),
+        m_addCloses);
 }
 
 Status SecurityStore::add(const Security& s, const CloseHistory& closes)
 {
-    Status status = Database::executePrepared(m_addSecurity,
+    Status status = m_database.executePrepared(m_addSecurity,
         { s.symbol, s.name, s.type, s.subType, s.exchange, s.pricePrecision, s.displayFactor, s.quantityStep,
             s.limitPerMille, s.stFlag, s.stText });
     if (!status || closes.ticks.isEmpty())
         return status;
-    return Database::executePrepared(m_addCloses,
+    return m_database.executePrepared(m_addCloses,
         { m_addSecurity.lastInsertId(), closes.lastDay.toString(Qt::ISODate), closes.ticks.constLast(),
             CloseCodec::encode(closes.ticks) });
 }
@@ -55,34 +59,38 @@ Status SecurityStore::readAll(const std::function<void(Security&&)>& take)
     return row.status();
 }
 
-int SecurityStore::count()
+Result<int> SecurityStore::count()
 {
-    QSqlQuery query = m_database.query(QStringLiteral("SELECT count(*) FROM securities"));
-    return query.next() ? query.value(0).toInt() : 0;
+    const auto found = m_database.value(QStringLiteral("SELECT count(*) FROM securities"));
+    return found ? Result<int>(found->toInt()) : found.status();
 }
 
-CloseHistory SecurityStore::closes(const QString& symbol)
+Result<CloseHistory> SecurityStore::closes(const QString& symbol)
 {
-    QSqlQuery query = m_database.query(
+    QString lastDay;
+    QByteArray blob;
+    Status status = m_database.read(
         QStringLiteral("SELECT last_day, closes FROM closing_prices JOIN securities ON security = position"
                        " WHERE symbol = ?"),
-        { symbol });
-    if (!query.next())
+        { symbol }, [&](const QSqlQuery& row) {
+            lastDay = row.value(0).toString();
+            blob = row.value(1).toByteArray();
+        });
+    if (!status)
+        return status;
+    if (lastDay.isEmpty())
         return CloseHistory();
-    const auto ticks = CloseCodec::decode(query.value(1).toByteArray());
-    if (!ticks)
-        return CloseHistory();
-    return { QDate::fromString(query.value(0).toString(), Qt::ISODate), *ticks };
+    const CloseHistory history{ QDate::fromString(lastDay, Qt::ISODate),
+        CloseCodec::decode(blob).value_or(QVector<qint64>()) };
+    if (!history.lastDay.isValid() || history.ticks.isEmpty())
+        return { Error::DamagedCloses, { symbol } };
+    return history;
 }
 
-QStringList SecurityStore::firstSymbols(const QString& subType, const QString& suffix, int limit)
+Result<QStringList> SecurityStore::firstSymbols(const QString& subType, const QString& suffix, int limit)
 {
-    QSqlQuery query = m_database.query(
-        QStringLiteral("SELECT symbol FROM securities WHERE sub_type = ? AND (? = '' OR substr(symbol, -length(?)) = ?)"
-                       " ORDER BY position LIMIT ?"),
+    return m_database.texts(
+        QStringLiteral("SELECT symbol FROM securities WHERE sub_type = ?"
+                       " AND (? = '' OR substr(symbol, length(symbol) - length(?) + 1) = ?) ORDER BY position LIMIT ?"),
         { subType, suffix, suffix, suffix, limit });
-    QStringList symbols;
-    while (query.next())
-        symbols << query.value(0).toString();
-    return symbols;
 }

@@ -21,17 +21,17 @@ public:
     explicit SecurityStore(Database& database);
 
     /// Prepares the statements of `add`; call it within the same transaction.
-    void beginAdding();
+    Status beginAdding();
     /// Appends a security with its closes, if any.
     Status add(const Security& security, const CloseHistory& closes);
 
     /// Calls `take` with every security in the order of addition.
     Status readAll(const std::function<void(Security&&)>& take);
-    int count();
-    /// Empty if the symbol is unknown or has no closes, or the closes are damaged.
-    CloseHistory closes(const QString& symbol);
+    Result<int> count();
+    /// Empty if the symbol is unknown or has no closes. Refuses damaged ones.
+    Result<CloseHistory> closes(const QString& symbol);
     /// The first symbols of the sub-type with the suffix, in stored order; an empty suffix matches all.
-    QStringList firstSymbols(const QString& subType, const QString& suffix, int limit);
+    Result<QStringList> firstSymbols(const QString& subType, const QString& suffix, int limit);
 
 private:
     Database& m_database;

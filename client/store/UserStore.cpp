@@ -10,17 +10,23 @@ Status UserStore::add(const StoredUser& user)
     return m_database.execute(QStringLiteral("INSERT INTO users (id, name) VALUES (?, ?)"), { user.id, user.name });
 }
 
-StoredUser UserStore::user(const QString& id)
+Result<StoredUser> UserStore::user(const QString& id)
 {
-    QSqlQuery query = m_database.query(QStringLiteral("SELECT id, name FROM users WHERE id = ?"), { id });
-    return query.next() ? StoredUser{ query.value(0).toString(), query.value(1).toString() } : StoredUser();
+    const auto found = read(QStringLiteral("WHERE id = ?"), { id });
+    return found ? Result<StoredUser>(found->value(0)) : found.status();
 }
 
-QVector<StoredUser> UserStore::users()
+Result<QVector<StoredUser>> UserStore::users()
 {
-    QSqlQuery query = m_database.query(QStringLiteral("SELECT id, name FROM users ORDER BY id"));
+    return read(QStringLiteral("ORDER BY id"), {});
+}
+
+Result<QVector<StoredUser>> UserStore::read(const QString& condition, const QVariantList& values)
+{
     QVector<StoredUser> users;
-    while (query.next())
-        users << StoredUser{ query.value(0).toString(), query.value(1).toString() };
-    return users;
+    Status status = m_database.read(
+        QStringLiteral("SELECT id, name FROM users ") + condition, values, [&users](const QSqlQuery& row) {
+            users << StoredUser{ row.value(0).toString(), row.value(1).toString() };
+        });
+    return status ? Result<QVector<StoredUser>>(users) : status;
 }

@@ -18,10 +18,12 @@ public:
 
     Status add(const StoredUser& user);
     /// A default user (empty id) if unknown.
-    StoredUser user(const QString& id);
+    Result<StoredUser> user(const QString& id);
     /// Ascending by id.
-    QVector<StoredUser> users();
+    Result<QVector<StoredUser>> users();
 
 private:
+    Result<QVector<StoredUser>> read(const QString& condition, const QVariantList& values);
+
     Database& m_database;
 };

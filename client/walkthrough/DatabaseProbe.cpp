@@ -95,13 +95,14 @@ QVector<QVariantList> DatabaseProbe::ask(const QString& question, const QVariant
     for (const QVariant& value : values)
         query.addBindValue(value);
     QVector<QVariantList> rows;
-    m_error = query.exec() ? QString() : query.lastError().text();
-    while (m_error.isEmpty() && query.next()) {
+    query.exec();
+    while (query.next()) {
         QVariantList row;
         for (int column = 0; column < query.record().count(); ++column)
             row << query.value(column);
         rows << row;
     }
+    m_error = query.lastError().text();
     return rows;
 }
 

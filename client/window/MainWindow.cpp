@@ -19,6 +19,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenuBar>
+#include <QPointer>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTableView>
@@ -60,6 +61,7 @@ MainWindow::MainWindow(QWidget* parent)
     buildStatus();
     connect(m_editor, &QDialog::finished, this, &MainWindow::editorClosed);
     connect(&PlanEvents::instance(), &PlanEvents::planStored, this, &MainWindow::planStored);
+    connect(&PlanEvents::instance(), &PlanEvents::readFailed, this, &MainWindow::showFailure);
     refresh();
     selectPlan(m_plans->plan(0).id);
 }
@@ -197,9 +199,25 @@ void MainWindow::editorClosed()
 void MainWindow::refresh()
 {
     const QString current = currentPlan();
-    m_plans->refresh();
-    statusBar()->showMessage(tr("共%1个计划").arg(m_plans->planCount()));
+    const Status status = m_plans->refresh();
+    statusBar()->showMessage(status ? tr("共%1个计划").arg(m_plans->planCount()) : errorText(status));
     selectPlan(current);
+}
+
+// Services report while the editor waits for their answer, so the box comes after it, and one for all of them.
+void MainWindow::showFailure(const Status& failure)
+{
+    statusBar()->showMessage(errorText(failure));
+    if (m_showsFailure || !m_editor->isVisible())
+        return;
+    m_showsFailure = true;
+    const auto show = [this, failure] {
+        const QPointer<MainWindow> self(this);
+        OrloWidget::ShowErrorMsgBox(errorText(failure), m_editor);
+        if (self)
+            m_showsFailure = false;
+    };
+    QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
 }
 
 void MainWindow::showCurrent()

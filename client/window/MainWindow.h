@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Status.h"
+
 #include <QMainWindow>
 
 class EditorDialog;
@@ -37,6 +39,7 @@ private:
     void planStored(const QString& planId);
     void editorClosed();
     void refresh();
+    void showFailure(const Status& failure);
     void showCurrent();
     void switchSkin();
     void issueToday();
@@ -50,5 +53,6 @@ private:
     QAction* m_edit = nullptr;
     QAction* m_copy = nullptr;
     QString m_skin;
-    QString m_storedPlan; ///< the plan stored while the editor was open; empty if none was stored
+    bool m_showsFailure = false; ///< a box with a failed read is open or about to open
+    QString m_storedPlan;        ///< the plan stored while the editor was open; empty if none was stored
 };

@@ -1,6 +1,7 @@
 #include "PlanDetails.h"
 
 #include "ClientSession.h"
+#include "ErrorText.h"
 #include "InstructionTargetType.h"
 #include "OrloHintLabel.h"
 #include "Orlo_Fields.h"
@@ -80,10 +81,12 @@ void PlanDetails::addRow(QFormLayout* rows, const QString& caption, const QStrin
 
 void PlanDetails::addInstructions(QFormLayout* rows, const QString& planId)
 {
-    const QMap<QString, Fields> instructions = ClientSession::instance().instructions().ofPlan(planId);
-    if (instructions.isEmpty())
+    const auto instructions = ClientSession::instance().instructions().ofPlan(planId);
+    if (instructions && instructions->isEmpty())
         return;
     addHeading(rows, tr("已下达指令"));
-    for (const Fields& fields : instructions)
+    if (!instructions)
+        addRow(rows, QString(), errorText(instructions.status()));
+    for (const Fields& fields : instructions.valueOr({}))
         addRow(rows, fields.value(FieldId::TradeDate).toString(), instructionText(fields));
 }

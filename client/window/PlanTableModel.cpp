@@ -3,6 +3,7 @@
 #include "ClientSession.h"
 #include "PlainText.h"
 #include "PlanFormatter.h"
+#include "ReadReport.h"
 
 namespace {
 
@@ -18,13 +19,18 @@ PlanTableModel::PlanTableModel(QObject* parent)
 {
 }
 
-void PlanTableModel::refresh()
+Status PlanTableModel::refresh()
 {
+    ClientSession& session = ClientSession::instance();
+    const Result<int> count = session.isOpen() ? session.plans().count() : Result<int>(0);
+    if (!count)
+        return count.status();
     beginResetModel();
     m_pages.clear();
-    m_count = ClientSession::instance().isOpen() ? ClientSession::instance().plans().count() : 0;
+    m_count = *count;
     m_rows = qMin(m_count, qMax(m_rows, FirstRows));
     endResetModel();
+    return {};
 }
 
 StoredPlan PlanTableModel::plan(int row) const
@@ -38,7 +44,7 @@ int PlanTableModel::reveal(const QString& planId)
 {
     // Another client may have stored plans since the table was filled.
     if (plan(rowOf(planId)).id != planId)
-        refresh();
+        reportFailure(refresh());
     const int row = rowOf(planId);
     growTo(row + 1);
     return row;
@@ -69,7 +75,8 @@ void PlanTableModel::growTo(int rows)
 // Rows are in the order of plan numbers, the newest first.
 int PlanTableModel::rowOf(const QString& planId) const
 {
-    const int row = ClientSession::instance().isOpen() ? ClientSession::instance().plans().newerThan(planId) : -1;
+    ClientSession& session = ClientSession::instance();
+    const int row = session.isOpen() ? valueOrReport(session.plans().newerThan(planId), -1) : -1;
     return row < m_count ? row : -1;
 }
 
@@ -114,8 +121,9 @@ const PlanTableModel::Page& PlanTableModel::page(int number) const
     if (const Page* known = m_pages.object(number))
         return *known;
     auto* const rows = new Page;
-    if (ClientSession::instance().isOpen()) {
-        const QVector<StoredPlan> plans = ClientSession::instance().plans().page(number * PageSize, PageSize);
+    ClientSession& session = ClientSession::instance();
+    if (session.isOpen()) {
+        const QVector<StoredPlan> plans = valueOrReport(session.plans().page(number * PageSize, PageSize), {});
         for (const StoredPlan& plan : plans)
             rows->append(makeRow(plan));
     }

@@ -7,7 +7,8 @@
 
 /// The stored plans, newest first, one row each. Reads pages of the store when their rows are shown, and keeps the last
 /// few; otherwise reads only the number of plans. Views use memory for every row, so they get the newest rows first and
-/// more when the last row becomes visible.
+/// more when the last row becomes visible. `PlanEvents` reports rows that cannot be read; they stay empty until the
+/// next `refresh`.
 class PlanTableModel : public QAbstractTableModel {
     Q_OBJECT
 
@@ -27,13 +28,13 @@ public:
 
     explicit PlanTableModel(QObject* parent = nullptr);
 
-    /// Reads the number of plans again and drops all pages.
-    void refresh();
+    /// Reads the number of plans again and drops all pages. Keeps the rows if it fails.
+    Status refresh();
     /// The number of stored plans; `rowCount` of them are rows so far.
     int planCount() const { return m_count; }
-    /// The plan of a row; a default plan (empty id) if there is no such row.
+    /// The plan of a row; a default plan (empty id) if there is no such row or it cannot be read.
     StoredPlan plan(int row) const;
-    /// The row of a plan, which is loaded if needed; -1 if no stored plan has the id.
+    /// The row of a plan, which is loaded if needed; -1 if no stored plan has the id or it cannot be read.
     int reveal(const QString& planId);
 
     bool canFetchMore(const QModelIndex& parent) const override;

@@ -30,7 +30,7 @@ protected:
     void startSession();
     SampleSession& session() const { return *m_session; }
     static PlanStore plans() { return ClientSession::instance().plans(); }
-    static QString newestPlan() { return plans().page(0, 1).value(0).id; }
+    static QString newestPlan() { return plans().page(0, 1)->value(0).id; }
     /// Where a stored plan is not as it was filled in; empty if it is.
     QString differences(const QString& planId, const PlanForm& form, const ShownDates& dates) const;
     /// Stores a plan as if the editor had sent it, and returns its id.

@@ -6,10 +6,12 @@ namespace {
 
 using FaultyDisk::Fault;
 using FaultyDisk::Lasting;
+using FaultyDisk::Operation;
 
 struct Disk {
     sqlite3_vfs* real = nullptr;
     int failing = 0; ///< number of the operation that fails; 0 for none
+    Operation operation = Operation::Change;
     Fault fault = Fault::InputOutput;
     Lasting lasting = Lasting::Once;
     int operations = 0;
@@ -33,9 +35,11 @@ sqlite3_file* realOf(sqlite3_file* file)
     return reinterpret_cast<sqlite3_file*>(reinterpret_cast<File*>(file) + 1);
 }
 
-bool failsNow()
+bool failsNow(Operation operation)
 {
     Disk& d = disk();
+    if (operation != d.operation)
+        return false;
     ++d.operations;
     const bool fails =
         d.failing > 0 && (d.lasting == Lasting::ForGood ? d.operations >= d.failing : d.operations == d.failing);
@@ -45,7 +49,15 @@ bool failsNow()
 
 int failure(int inputOutputCode)
 {
-    return disk().fault == Fault::Full ? SQLITE_FULL : inputOutputCode;
+    switch (disk().fault) {
+    case Fault::Full:
+        return SQLITE_FULL;
+    case Fault::Taken:
+        return SQLITE_BUSY;
+    case Fault::InputOutput:
+        break;
+    }
+    return inputOutputCode;
 }
 
 int closeFile(sqlite3_file* file)
@@ -55,26 +67,28 @@ int closeFile(sqlite3_file* file)
 
 int readFile(sqlite3_file* file, void* data, int size, sqlite3_int64 offset)
 {
+    if (failsNow(Operation::Read))
+        return failure(SQLITE_IOERR_READ);
     return realOf(file)->pMethods->xRead(realOf(file), data, size, offset);
 }
 
 int writeFile(sqlite3_file* file, const void* data, int size, sqlite3_int64 offset)
 {
-    if (failsNow())
+    if (failsNow(Operation::Change))
         return failure(SQLITE_IOERR_WRITE);
     return realOf(file)->pMethods->xWrite(realOf(file), data, size, offset);
 }
 
 int truncateFile(sqlite3_file* file, sqlite3_int64 size)
 {
-    if (failsNow())
+    if (failsNow(Operation::Change))
         return failure(SQLITE_IOERR_TRUNCATE);
     return realOf(file)->pMethods->xTruncate(realOf(file), size);
 }
 
 int syncFile(sqlite3_file* file, int flags)
 {
-    if (failsNow())
+    if (failsNow(Operation::Change))
         return failure(SQLITE_IOERR_FSYNC);
     return realOf(file)->pMethods->xSync(realOf(file), flags);
 }
@@ -121,6 +135,8 @@ int mapShared(sqlite3_file* file, int page, int pageSize, int extend, void volat
 
 int lockShared(sqlite3_file* file, int offset, int count, int flags)
 {
+    if ((flags & SQLITE_SHM_LOCK) != 0 && failsNow(Operation::Lock))
+        return failure(SQLITE_IOERR_SHMLOCK);
     return realOf(file)->pMethods->xShmLock(realOf(file), offset, count, flags);
 }
 
@@ -172,9 +188,10 @@ void FaultyDisk::install()
     sqlite3_vfs_register(&faulty, 1);
 }
 
-void FaultyDisk::failAt(int nth, Fault fault, Lasting lasting)
+void FaultyDisk::failAt(int nth, Fault fault, Lasting lasting, Operation operation)
 {
     heal();
+    disk().operation = operation;
     disk().failing = nth;
     disk().fault = fault;
     disk().lasting = lasting;
@@ -189,6 +206,7 @@ void FaultyDisk::heal()
 {
     Disk& d = disk();
     d.failing = 0;
+    d.operation = Operation::Change;
     d.operations = 0;
     d.failed = false;
     d.readOnly = false;

@@ -9,19 +9,21 @@ namespace FaultyDisk {
 /// Replaces SQLite's file layer. Call once per process, before the first database is opened.
 void install();
 
-/// What a failing write, truncation or flush reports to SQLite.
-enum class Fault { InputOutput, Full };
+/// The operations that are counted and fail: writes, truncations and flushes; reads; locks of the log.
+enum class Operation { Change, Read, Lock };
+/// What a failing operation reports to SQLite. Only changes find the disk full, and only locks are taken.
+enum class Fault { InputOutput, Full, Taken };
 /// Whether the disk works again after the failing operation, or fails from then on.
 enum class Lasting { Once, ForGood };
 
-/// Makes the nth write, truncation or flush from now on fail; the first is 1.
-void failAt(int nth, Fault fault, Lasting lasting);
+/// Makes the nth operation from now on fail; the first is 1.
+void failAt(int nth, Fault fault, Lasting lasting, Operation operation = Operation::Change);
 /// Databases opened from now on are read-only, as on a disk without write permission.
 void setReadOnly(bool readOnly);
 /// Restores a working disk.
 void heal();
 
-/// Writes, truncations and flushes since `failAt` or `heal`.
+/// Counted operations since `failAt`, or changes since `heal`.
 int operations();
 /// True if at least one of them failed.
 bool hasFailed();

@@ -84,8 +84,8 @@ QStringList PlanLedger::differences(const QString& file) const
     Database database;
     if (const Status status = database.open(file); !status)
         return { errorText(status) };
-    PlanStore store(database, BaseField::planOtherParam);
-    const QVector<StoredPlan> plans = store.page(0, store.count() + 1);
+    PlanStore store(database);
+    const QVector<StoredPlan> plans = *store.page(0, *store.count() + 1);
     QStringList found;
     QSet<QString> seen;
     for (const StoredPlan& plan : plans) {

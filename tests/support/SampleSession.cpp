@@ -39,7 +39,7 @@ Status SampleSession::reopen(const QString& userId)
 
 QString SampleSession::symbolOf(const QString& subType, const QString& suffix)
 {
-    return SecurityStore(ClientSession::instance().database()).firstSymbols(subType, suffix, 1).value(0);
+    return SecurityStore(ClientSession::instance().database()).firstSymbols(subType, suffix, 1)->value(0);
 }
 
 QMap<QString, QVariant> SampleSession::record()
@@ -84,5 +84,5 @@ QMap<QString, QVariant> SampleSession::withOther(
 QString SampleSession::create(const QMap<QString, QVariant>& record)
 {
     m_reason = AutoPlanLogic::instance().CreateNewPlan(record);
-    return m_reason.isEmpty() ? ClientSession::instance().plans().page(0, 1).value(0).id : QString();
+    return m_reason.isEmpty() ? ClientSession::instance().plans().page(0, 1)->value(0).id : QString();
 }

@@ -110,7 +110,7 @@ void limitFiles(rlim_t bytes)
 
 int holdLock()
 {
-    if (!ClientSession::instance().database().execute(QStringLiteral("BEGIN IMMEDIATE")))
+    if (!ClientSession::instance().database().configure(QStringLiteral("BEGIN IMMEDIATE")))
         return 1;
     say(QStringLiteral("ready"));
     char byte = 0;

@@ -1,0 +1,481 @@
+#include "AgreementDC.h"
+#include "AgreementStore.h"
+#include "AutoPlanField.h"
+#include "AutoPlanLogic.h"
+#include "BondConversion.h"
+#include "BusinessDataInterface.h"
+#include "CDataBase.h"
+#include "ClientClock.h"
+#include "ClientSession.h"
+#include "ConfigurationStore.h"
+#include "FaultyDisk.h"
+#include "InstructionBusinessDataInterface.h"
+#include "InstructionIssuer.h"
+#include "InstructionTargetType.h"
+#include "Kelvo_Fields.h"
+#include "Kelvo_Values.h"
+#include "LogCatcher.h"
+#include "Orlo_Values.h"
+#include "PlanCodes.h"
+#include "PlanEvents.h"
+#include "PositionStore.h"
+#include "SampleSession.h"
+#include "SecurityStore.h"
+#include "StrategyLibrary.h"
+#include "TestStatus.h"
+#include "UserStore.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QtTest>
+
+#include <cstdio>
+
+using FaultyDisk::Fault;
+using FaultyDisk::Lasting;
+using FaultyDisk::Operation;
+using namespace PlanCodes;
+
+Q_DECLARE_METATYPE(FaultyDisk::Fault)
+Q_DECLARE_METATYPE(FaultyDisk::Lasting)
+
+namespace {
+
+constexpr int OneSecond = 1000;
+constexpr int MostReads = 2000;
+const QString Account = QStringLiteral("100001");
+QString share; ///< the symbol of the stored plans
+
+int setting(const char* variable, int usual)
+{
+    bool given = false;
+    const int value = qEnvironmentVariableIntValue(variable, &given);
+    return given ? value : usual;
+}
+
+ClientSession& client()
+{
+    return ClientSession::instance();
+}
+
+/// What a read finds, or its failure.
+using Answer = Result<QStringList>;
+using Read = std::function<Answer()>;
+
+template <typename T> Answer counted(const Result<T>& read)
+{
+    return read ? Answer(QStringList{ QString::number(*read) }) : read.status();
+}
+
+template <typename T, typename Text> Answer listed(const Result<T>& read, Text text)
+{
+    if (!read)
+        return read.status();
+    QStringList texts;
+    for (const auto& each : *read)
+        texts << text(each);
+    return texts;
+}
+
+/// Every read of the store by its name, on the first stored plan.
+QVector<QPair<const char*, Read>> reads()
+{
+    static const QString plan = QStringLiteral("AP00000001");
+    return {
+        { "users", [] { return listed(client().users(), [](const StoredUser& user) { return user.id; }); } },
+        { "one user",
+            [] {
+                const auto user = UserStore(client().database()).user(QStringLiteral("trader02"));
+                return user ? Answer(QStringList{ user->id, user->name }) : user.status();
+            } },
+        { "accounts",
+            [] {
+                return listed(AccountStore(client().database()).accountsOf(QStringLiteral("trader01")),
+                    [](const StoredAccount& account) {
+                        return account.tradingAccount + account.exchangeAccounts.values().join(QLatin1Char(','));
+                    });
+            } },
+        { "rights",
+            [] {
+                const auto rights =
+                    AuthorityStore(client().database())
+                        .rights(QStringLiteral("trader01"), QStringLiteral("100002"), InstructionType::Ordinary);
+                if (!rights)
+                    return Answer(rights.status());
+                return Answer(QStringList{
+                    QString::number(int(rights->authority)), QString::number(rights->ruleProperty), rights->chainKey });
+            } },
+        { "executors",
+            [] {
+                return AuthorityStore(client().database())
+                    .chainUsers(client().accounts().chainKey(Account, InstructionType::Ordinary), ChainRole::Execute);
+            } },
+        { "agreement",
+            [] {
+                const auto agreement =
+                    AgreementStore(client().database()).agreement(Orlo_Values::ProtocolId::AutoPlanReduceAgree);
+                return agreement ? Answer(QStringList{ agreement->title, agreement->content }) : agreement.status();
+            } },
+        { "signature",
+            [] {
+                const auto time =
+                    AgreementStore(client().database())
+                        .signedTime(Orlo_Values::ProtocolId::AutoPlanReduceAgree, QStringLiteral("C10001"));
+                return time ? Answer(QStringList{ time->toString(Qt::ISODate) }) : time.status();
+            } },
+        { "unsigned clients",
+            [] {
+                return AgreementStore(client().database())
+                    .unsignedClientNumbers(Orlo_Values::ProtocolId::AutoPlanReduceAgree, QStringLiteral("trader07"));
+            } },
+        { "white list",
+            [] {
+                return StrategyStore(client().database())
+                    .whiteList(InstructionType::HkConnect, InstructionTargetType::QtyOrder, share);
+            } },
+        { "black list",
+            [] { return StrategyStore(client().database()).blackList(InstructionTargetType::AmountOrder); } },
+        { "positions",
+            [] {
+                return listed(PositionStore(client().database()).positions(Account, QString(), share),
+                    [](const StoredPosition& position) { return QString::number(position.quantity); });
+            } },
+        { "closes",
+            [] {
+                const auto closes = SecurityStore(client().database()).closes(share);
+                return closes ? Answer(QStringList{ QString::number(closes->ticks.size()) }) : closes.status();
+            } },
+        { "number of securities", [] { return counted(SecurityStore(client().database()).count()); } },
+        { "market",
+            [] {
+                Market market;
+                const Status status = market.load(client().database());
+                return status ? Answer(QStringList{ QString::number(market.count()) }) : status;
+            } },
+        { "plan",
+            [] {
+                const auto record = client().plans().record(plan);
+                return record ? Answer(record->keys()) : record.status();
+            } },
+        { "page of plans",
+            [] { return listed(client().plans().page(0, 50), [](const StoredPlan& each) { return each.id; }); } },
+        { "number of plans", [] { return counted(client().plans().count()); } },
+        { "newer plans", [] { return counted(client().plans().newerThan(plan)); } },
+        { "plans of a day", [] { return client().plans().idsOfDay(SampleSession::today()); } },
+        { "instructions",
+            [] {
+                const auto found = client().instructions().ofPlan(plan);
+                return found ? Answer(found->keys()) : found.status();
+            } },
+        { "instructions of a day",
+            [] {
+                const auto found = client().instructions().ofDay(plan, SampleSession::today());
+                return found ? Answer(found->keys()) : found.status();
+            } },
+    };
+}
+
+} // namespace
+
+/// A disk that cannot be read. A read finds all that is stored or fails; rights never come out of a failure.
+class TestStoreReads : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { FaultyDisk::install(); }
+    void init();
+    void cleanup();
+
+    void eachReadFindsEverythingOrFails_data();
+    void eachReadFindsEverythingOrFails();
+    void aLoginThatCannotReadLeavesNobodyLoggedIn();
+    void aMissingTableStopsWhatNeedsIt_data();
+    void aMissingTableStopsWhatNeedsIt();
+    void aServiceThatCannotReadRefusesAndReports();
+    void aChangeThatCannotReadTheInstructionsIsRefused();
+    void aDayWhoseReadsFailIsIssuedWholeOrNotAtAll();
+    void aDayOnAFailingDiskIsIssuedWholeOrNotAtAll_data();
+    void aDayOnAFailingDiskIsIssuedWholeOrNotAtAll();
+    void aFaultInTheLocksOfTheLogIsReportedWithinASecond_data();
+    void aFaultInTheLocksOfTheLogIsReportedWithinASecond();
+
+private:
+    void forgetPages() { QCOMPARE(client().database().configure(QStringLiteral("PRAGMA shrink_memory")), Status()); }
+    void addPlans(int count);
+    int instructionCount();
+
+    std::unique_ptr<LogCatcher> m_log;
+    std::unique_ptr<SampleSession> m_session;
+};
+
+void TestStoreReads::init()
+{
+    m_log = std::make_unique<LogCatcher>();
+    m_session = std::make_unique<SampleSession>();
+    QCOMPARE(m_session->opened(), Status());
+    share = SampleSession::record().value(Kelvo_Fields::Security::symbol).toString();
+    QVERIFY(!m_session->create(SampleSession::record()).isEmpty());
+}
+
+void TestStoreReads::cleanup()
+{
+    FaultyDisk::heal();
+    m_session.reset();
+    QCOMPARE(m_log->trouble(), QStringList());
+    m_log.reset();
+}
+
+void TestStoreReads::addPlans(int count)
+{
+    const QMap<QString, QVariant> record = SampleSession::record();
+    const Status status = client().database().transaction([&]() -> Status {
+        for (int i = 0; i < count; ++i) {
+            const auto id = client().plans().create(record, QStringLiteral("trader01"), QDateTime::currentDateTime());
+            if (!id)
+                return id.status();
+        }
+        return {};
+    });
+    QCOMPARE(status, Status());
+}
+
+int TestStoreReads::instructionCount()
+{
+    return client().database().value(QStringLiteral("SELECT count(*) FROM plan_instructions"))->toInt();
+}
+
+void TestStoreReads::eachReadFindsEverythingOrFails_data()
+{
+    QTest::addColumn<int>("number");
+    const auto all = reads();
+    for (int i = 0; i < all.size(); ++i)
+        QTest::newRow(all.at(i).first) << i;
+}
+
+void TestStoreReads::eachReadFindsEverythingOrFails()
+{
+    QFETCH(int, number);
+    addPlans(40);
+    QVERIFY(InstructionIssuer::issueDay(SampleSession::today()));
+    const Read read = reads().at(number).second;
+    const Answer sound = read();
+    QCOMPARE(sound.status(), Status());
+    QVERIFY(!sound->isEmpty());
+    int failures = 0;
+    for (int nth = 1; nth < MostReads; ++nth) {
+        forgetPages();
+        FaultyDisk::failAt(nth, Fault::InputOutput, Lasting::Once, Operation::Read);
+        const Answer answer = read();
+        const bool failed = FaultyDisk::hasFailed();
+        FaultyDisk::heal();
+        if (answer)
+            QCOMPARE(*answer, *sound);
+        else
+            QCOMPARE(answer.status().error(), Error::DiskFailed);
+        QCOMPARE(bool(answer), !failed);
+        failures += failed ? 1 : 0;
+        if (!failed)
+            break;
+    }
+    QVERIFY(failures > 0);
+    const Answer again = read();
+    QCOMPARE(again.status(), Status());
+    QCOMPARE(*again, *sound);
+}
+
+void TestStoreReads::aLoginThatCannotReadLeavesNobodyLoggedIn()
+{
+    const int property = client().accounts().ruleProperty(QStringLiteral("100002"), InstructionType::Ordinary);
+    const int accounts = client().accounts().accounts().size();
+    QVERIFY(property != 0);
+    client().close();
+    int refused = 0;
+    bool failed = true;
+    for (int nth = 1; failed && nth < MostReads; ++nth) {
+        FaultyDisk::failAt(nth, Fault::InputOutput, Lasting::Once, Operation::Read);
+        const Status opened = client().open(m_session->file(), QStringLiteral("trader01"));
+        failed = FaultyDisk::hasFailed();
+        FaultyDisk::heal();
+        QCOMPARE(client().isOpen(), bool(opened));
+        if (opened) {
+            QCOMPARE(client().accounts().accounts().size(), accounts);
+            QCOMPARE(client().accounts().ruleProperty(QStringLiteral("100002"), InstructionType::Ordinary), property);
+            QCOMPARE(client().market().count(), 200);
+        } else {
+            ++refused;
+            QCOMPARE(client().accounts().accounts().size(), 0);
+        }
+        client().close();
+    }
+    QVERIFY(!failed);
+    QVERIFY2(refused > 10, qPrintable(QString::number(refused)));
+    QCOMPARE(client().open(m_session->file(), QStringLiteral("trader01")), Status());
+    QCOMPARE(*client().plans().count(), 1);
+}
+
+void TestStoreReads::aMissingTableStopsWhatNeedsIt_data()
+{
+    QTest::addColumn<QString>("table");
+    for (const char* const table : { "users", "user_accounts", "exchange_accounts", "order_authorities",
+             "rule_properties", "approval_chains", "chain_users", "closing_prices" })
+        QTest::newRow(table) << QString::fromLatin1(table);
+}
+
+void TestStoreReads::aMissingTableStopsWhatNeedsIt()
+{
+    QFETCH(QString, table);
+    QCOMPARE(client().database().configure(QStringLiteral("PRAGMA foreign_keys = OFF")), Status());
+    QCOMPARE(client().database().execute(QStringLiteral("DROP TABLE ") + table), Status());
+    const Status opened = m_session->reopen();
+    QCOMPARE(opened.error(), Error::DatabaseFailed);
+    QVERIFY(opened.details().constFirst().contains(table));
+    QVERIFY(!client().isOpen());
+}
+
+void TestStoreReads::aServiceThatCannotReadRefusesAndReports()
+{
+    QCOMPARE(m_session->reopen(), Status());
+    const QStringList tables{ QStringLiteral("signatures"), QStringLiteral("strategy_lists"),
+        QStringLiteral("static_texts"), QStringLiteral("positions"), QStringLiteral("plan_instructions") };
+    QCOMPARE(client().database().configure(QStringLiteral("PRAGMA foreign_keys = OFF")), Status());
+    for (const QString& table : tables)
+        QCOMPARE(client().database().execute(QStringLiteral("ALTER TABLE %1 RENAME TO gone_%1").arg(table)), Status());
+    m_log->expectWarning(QStringLiteral("数据库操作失败"), 6);
+    QList<Status> reported;
+    const auto connection = connect(
+        &PlanEvents::instance(), &PlanEvents::readFailed, [&reported](const Status& failure) { reported << failure; });
+    using Rules = InstructionBusinessDataInterface;
+    // All clients count as unsigned, no strategy is offered, no default text and no holdings are answered.
+    QCOMPARE(AgreementDC::instance().GetUnsignedClientNoList(Orlo_Values::ProtocolId::AutoPlanReduceAgree),
+        client().accounts().clientNumbers());
+    QCOMPARE(Rules::getWhiteAlgoNameList(
+                 InstructionType::HkConnect, InstructionTargetType::QtyOrder, QStringLiteral("600000.SH")),
+        QStringList{ QString() });
+    QCOMPARE(Rules::getBlackAlgoNameList(InstructionTargetType::AmountOrder), StrategyLibrary::instance().names());
+    QCOMPARE(CDataBase::GetInstance()->GetStaticCfgValue(
+                 QStringLiteral("c"), QStringLiteral("k"), QStringLiteral("default")),
+        QString());
+    tagUserAccountInfo account;
+    account.tradingAccount = Account;
+    QVERIFY(BusinessDataInterface::GetPositionListByAccount(
+        account, QString(), QStringLiteral("600000.SH"), QString(), QString(), QString(), QString())
+                .isEmpty());
+    QVERIFY(AutoPlanLogic::instance().GetPlanInstruction(QStringLiteral("AP00000001")).isEmpty());
+    disconnect(connection);
+    QCOMPARE(reported.size(), 6);
+    for (const Status& failure : qAsConst(reported))
+        QCOMPARE(failure.error(), Error::DatabaseFailed);
+}
+
+void TestStoreReads::aChangeThatCannotReadTheInstructionsIsRefused()
+{
+    QMap<QString, QVariant> record = SampleSession::record();
+    record.insert(AutoPlanField::BaseField::autoPlanId, QStringLiteral("AP00000001"));
+    QCOMPARE(client().database().execute(QStringLiteral("ALTER TABLE plan_instructions RENAME TO gone")), Status());
+    const QString reason = AutoPlanLogic::instance().modifyPlan(record);
+    QVERIFY2(reason.startsWith(QStringLiteral("数据库操作失败")), qPrintable(reason));
+    QCOMPARE(client().plans().plan(QStringLiteral("AP00000001"))->version, 1);
+}
+
+void TestStoreReads::aDayWhoseReadsFailIsIssuedWholeOrNotAtAll()
+{
+    constexpr int Plans = 60;
+    addPlans(Plans - 1);
+    // A small cache, so that reads reach the disk and changed pages leave the cache before the end.
+    QCOMPARE(client().database().configure(QStringLiteral("PRAGMA cache_size = 5")), Status());
+    int refused = 0;
+    const int stride = setting("FAULTS_EVERY", 7);
+    for (int nth = 1;; nth += nth < 30 ? 1 : stride) {
+        forgetPages();
+        FaultyDisk::failAt(nth, Fault::InputOutput, Lasting::Once, Operation::Read);
+        const auto result = InstructionIssuer::issueDay(SampleSession::today());
+        const bool failed = FaultyDisk::hasFailed();
+        FaultyDisk::heal();
+        QCOMPARE(instructionCount(), result ? Plans : 0);
+        if (result) {
+            QVERIFY(!failed);
+            QCOMPARE(result->issued.size(), Plans);
+            break;
+        }
+        QCOMPARE(result.status().error(), Error::DiskFailed);
+        ++refused;
+    }
+    QVERIFY(refused > 20);
+    std::printf("days with failing reads refused %d\n", refused);
+}
+
+void TestStoreReads::aDayOnAFailingDiskIsIssuedWholeOrNotAtAll_data()
+{
+    QTest::addColumn<Fault>("fault");
+    QTest::addColumn<Lasting>("lasting");
+    QTest::newRow("disk full for good") << Fault::Full << Lasting::ForGood;
+    QTest::newRow("disk full once") << Fault::Full << Lasting::Once;
+    QTest::newRow("write error for good") << Fault::InputOutput << Lasting::ForGood;
+    QTest::newRow("write error once") << Fault::InputOutput << Lasting::Once;
+}
+
+void TestStoreReads::aDayOnAFailingDiskIsIssuedWholeOrNotAtAll()
+{
+    QFETCH(Fault, fault);
+    QFETCH(Lasting, lasting);
+    const int plans = setting("FAULTS_PLANS", 200);
+    addPlans(plans - 1);
+    QCOMPARE(client().database().configure(QStringLiteral("PRAGMA cache_size = 5")), Status());
+    const QString copy = m_session->file() + QStringLiteral(".copy");
+    int refused = 0;
+    const int stride = setting("FAULTS_DAY_EVERY", 41);
+    for (int nth = 1;; nth += nth < 12 ? 1 : stride) {
+        FaultyDisk::failAt(nth, fault, lasting);
+        const auto result = InstructionIssuer::issueDay(SampleSession::today());
+        const bool failed = FaultyDisk::hasFailed();
+        FaultyDisk::heal();
+        QCOMPARE(instructionCount(), result ? plans : 0);
+        if (!failed) {
+            QCOMPARE(result.status(), Status());
+            break;
+        }
+        // A checkpoint after the commit may fail, which harms nothing.
+        if (result)
+            break;
+        QCOMPARE(result.status().error(), fault == Fault::Full ? Error::DiskFull : Error::DiskFailed);
+        ++refused;
+    }
+    QVERIFY2(refused > 12, qPrintable(QString::number(refused)));
+    QCOMPARE(m_session->reopen(), Status());
+    QCOMPARE(instructionCount(), plans);
+    std::printf("days refused %d\n", refused);
+}
+
+void TestStoreReads::aFaultInTheLocksOfTheLogIsReportedWithinASecond_data()
+{
+    QTest::addColumn<Fault>("fault");
+    QTest::addColumn<Lasting>("lasting");
+    QTest::newRow("lock error once") << Fault::InputOutput << Lasting::Once;
+    QTest::newRow("lock error for good") << Fault::InputOutput << Lasting::ForGood;
+    QTest::newRow("lock taken once") << Fault::Taken << Lasting::Once;
+    QTest::newRow("lock taken for good") << Fault::Taken << Lasting::ForGood;
+}
+
+void TestStoreReads::aFaultInTheLocksOfTheLogIsReportedWithinASecond()
+{
+    QFETCH(Fault, fault);
+    QFETCH(Lasting, lasting);
+    const QMap<QString, QVariant> record = SampleSession::record();
+    for (int nth = 1; nth < 10; ++nth) {
+        FaultyDisk::failAt(nth, fault, lasting, Operation::Lock);
+        QElapsedTimer clock;
+        clock.start();
+        const QString reason = AutoPlanLogic::instance().CreateNewPlan(record);
+        const qint64 elapsed = clock.elapsed();
+        const bool failed = FaultyDisk::hasFailed();
+        FaultyDisk::heal();
+        QVERIFY2(elapsed < OneSecond, qPrintable(QStringLiteral("%1 ms: %2").arg(elapsed).arg(reason)));
+        QVERIFY2(reason.isEmpty() || reason.contains(QStringLiteral("数据库")), qPrintable(reason));
+        QCOMPARE(AutoPlanLogic::instance().CreateNewPlan(record), QString());
+        if (!failed)
+            break;
+    }
+}
+
+QTEST_GUILESS_MAIN(TestStoreReads)
+#include "tst_store_reads.moc"
