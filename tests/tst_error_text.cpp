@@ -119,6 +119,30 @@ void addPlanValueRows()
     addRow("备注超过200个字符", { Error::RemarkTooLong, { QStringLiteral("200") } });
     addRow("账户不支持修改", { Error::FieldNotChangeable, { QStringLiteral("账户") } });
     addRow("计划已开始执行，开始日期不支持修改", Error::BeginNotChangeable);
+    addRow("开始日期2024-04-30早于今天", { Error::BeginInPast, { QStringLiteral("2024-04-30") } });
+    addRow("目标低于该计划已成交和在下达的总和800", { Error::TotalBelowUsed, { QStringLiteral("800") } });
+    addRow("按金额的计划缺少指令单类型", Error::TargetTypeMissing);
+    addRow("按最近的收盘价得不出价格：公式的结果不大于零", { Error::NoUsablePrice, {}, Error::PriceNotPositive });
+}
+
+void addRightsRows()
+{
+    const QString account = QStringLiteral("100001");
+    addRow("计划的创建人“trader03”不是当前用户", { Error::ForeignCreator, { QStringLiteral("trader03") } });
+    addRow("账户“100001”不能使用指令类型“2”", { Error::TypeNotOfAccount, { account, QStringLiteral("2") } });
+    addRow("指令类型“9”只能卖出", { Error::SideNotOfType, { QStringLiteral("9") } });
+    addRow("账户“100001”的指令须经复核，不能主动管理", { Error::ReviewRequired, { account } });
+    addRow("减持计划不能买入", Error::ReductionBuys);
+    addRow("减持计划未指定执行人", Error::NoExecutor);
+    addRow("“苏砚”不是该账户的执行人", { Error::UnknownExecutor, { QStringLiteral("苏砚") } });
+    addRow("该账户的计划不能分配给“苏砚”", { Error::UnknownAssignee, { QStringLiteral("苏砚") } });
+    addRow("没有账户的交易限额", Error::NoLimits);
+    addRow("数量1001超过账户的最大数量1000",
+        { Error::QuantityAboveLimit, { QStringLiteral("1001"), QStringLiteral("1000") } });
+    addRow("金额10.50元超过账户的最大金额10元",
+        { Error::AmountAboveLimit, { QStringLiteral("10.50"), QStringLiteral("10") } });
+    addRow("价格12.00不在账户允许的9.00至11.00之间",
+        { Error::PriceOutsideBand, { QStringLiteral("12.00"), QStringLiteral("9.00"), QStringLiteral("11.00") } });
 }
 
 void addIssuingRows()
@@ -338,6 +362,7 @@ private Q_SLOTS:
         addCalendarRows();
         addPlanRows();
         addPlanValueRows();
+        addRightsRows();
         addIssuingRows();
         addProgramRows();
         addFormulaRows();

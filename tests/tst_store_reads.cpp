@@ -371,7 +371,7 @@ void TestStoreReads::aChangeThatCannotReadTheInstructionsIsRefused()
 {
     QMap<QString, QVariant> record = SampleSession::record();
     record.insert(AutoPlanField::BaseField::autoPlanId, QStringLiteral("AP00000001"));
-    QCOMPARE(client().database().execute(QStringLiteral("ALTER TABLE plan_instructions RENAME TO gone")), Status());
+    QCOMPARE(client().database().execute(QStringLiteral("ALTER TABLE instruction_fields RENAME TO gone")), Status());
     const QString reason = AutoPlanLogic::instance().modifyPlan(record);
     QVERIFY2(reason.startsWith(QStringLiteral("数据库操作失败")), qPrintable(reason));
     QCOMPARE(client().plans().plan(QStringLiteral("AP00000001"))->version, 1);
@@ -397,7 +397,9 @@ void TestStoreReads::aDayWhoseReadsFailIsIssuedWholeOrNotAtAll()
             QCOMPARE(result->issued.size(), Plans);
             break;
         }
-        QCOMPARE(result.status().error(), Error::DiskFailed);
+        // A read that fails while pages leave the cache ends the transaction in a statement that reports success.
+        const Error error = result.status().error();
+        QVERIFY(error == Error::DiskFailed || error == Error::TransactionEnded);
         ++refused;
     }
     QVERIFY(refused > 20);

@@ -10,9 +10,10 @@
 #include "Orlo_Fields.h"
 #include "PlanCodes.h"
 #include "PlanEvents.h"
+#include "PlanFacts.h"
+#include "PlanLimits.h"
+#include "PlanRights.h"
 #include "PlanTexts.h"
-#include "PositionStore.h"
-#include "SecurityStore.h"
 #include "TickPrice.h"
 
 #include <QDebug>
@@ -45,9 +46,10 @@ bool hasEnded(const Fields& fields)
 /// One plan on one day.
 class PlanDay {
 public:
-    PlanDay(ClientSession& session, const StoredPlan& plan, const QDate& day)
+    PlanDay(ClientSession& session, const StoredPlan& plan, const PlanRights& rights, const QDate& day)
         : m_session(session)
         , m_plan(plan)
+        , m_rights(rights)
         , m_day(day)
         , m_other(PlanTexts::otherParam(text(BaseField::planOtherParam)).value_or(Fields()))
         , m_security(session.market().find(text(Kelvo_Fields::Security::symbol)))
@@ -66,17 +68,17 @@ private:
     bool isAmount() const { return other(FieldId::TargetType) == InstructionTargetType::AmountOrder; }
     bool isReduction() const { return text(Orlo_Fields::AutoPlan::templateCode) == PlanType::ReduceHoldings; }
 
+    Status checkRights() const;
+    Status checkLimits(double yuan) const;
     Status checkDay() const;
     Status readShare();
     Status readAmountShare();
     Status readQuantityShare();
-    Result<QVector<qint64>> closesBefore() const;
-    Result<double> holdings() const;
-    Result<double> used() const;
     int daysLeft() const;
 
     ClientSession& m_session;
     const StoredPlan m_plan;
+    const PlanRights m_rights;
     const QDate m_day;
     const Fields m_other;
     const Security* const m_security;
@@ -104,13 +106,15 @@ Status PlanDay::endEarlier()
 
 Status PlanDay::prepare()
 {
+    if (Status refused = checkRights(); !refused)
+        return refused;
     if (!m_security)
         return { Error::UnknownSecurity, { text(Kelvo_Fields::Security::symbol) } };
     if (Status status = checkDay(); !status)
         return status;
     if (Status status = readShare(); !status)
         return status;
-    const Result<QVector<qint64>> closes = closesBefore();
+    const auto closes = PlanFacts::closesBefore(m_session, *m_security, m_day);
     if (!closes)
         return closes.status();
     const Result<DayPrice> price = dayPrice(m_plan.record, *m_security, *closes);
@@ -120,7 +124,7 @@ Status PlanDay::prepare()
     const int lot = m_security->quantityStep;
     const double yuan = TickPrice::toYuan(m_price.limit.value_or(m_price.reference), m_security->pricePrecision);
     m_quantity = isAmount() ? lotsWithin(dayShare(m_share) / yuan, lot) : dayQuantity(m_share, lot);
-    return m_quantity > 0 ? Status() : Error::LessThanOneLot;
+    return m_quantity > 0 ? checkLimits(yuan) : Error::LessThanOneLot;
 }
 
 Fields PlanDay::fields() const
@@ -142,6 +146,23 @@ Fields PlanDay::fields() const
     };
 }
 
+Status PlanDay::checkRights() const
+{
+    if (Status refused = m_rights.tradeError(m_plan.record); !refused)
+        return refused;
+    if (Status refused = m_rights.reviewError(m_plan.record); !refused)
+        return refused;
+    return m_rights.handlerError(m_plan.record);
+}
+
+Status PlanDay::checkLimits(double yuan) const
+{
+    if (Status refused = PlanLimits::priceError(m_rights.limits, m_price, *m_security); !refused)
+        return refused;
+    const auto quantity = static_cast<double>(m_quantity);
+    return PlanLimits::sizeError(m_rights.limits, quantity, quantity * yuan);
+}
+
 Status PlanDay::checkDay() const
 {
     switch (m_session.calendar().day(m_security->exchange, m_day)) {
@@ -160,7 +181,7 @@ Status PlanDay::readShare()
     m_share.planType = text(Orlo_Fields::AutoPlan::templateCode);
     if (Status status = isAmount() ? readAmountShare() : readQuantityShare(); !status)
         return status;
-    const Result<double> sum = used();
+    const Result<double> sum = PlanFacts::used(m_session, m_plan);
     m_share.used = sum.valueOr(0);
     m_share.daysLeft = daysLeft();
     return sum.status();
@@ -188,50 +209,9 @@ Status PlanDay::readQuantityShare()
     // The target of a reduction without a total is the whole quantity that may be sold.
     if (!isReduction() || *total != 0)
         return {};
-    const Result<double> held = holdings();
+    const Result<double> held = PlanFacts::sellable(m_session, m_plan.record, *m_security);
     m_share.total = held.valueOr(0);
     return held.status();
-}
-
-// When a day is issued late, there may be closes after it.
-Result<QVector<qint64>> PlanDay::closesBefore() const
-{
-    Result<CloseHistory> history = SecurityStore(m_session.database()).closes(m_security->symbol);
-    if (!history)
-        return history.status();
-    QDate last = history->lastDay;
-    while (last.isValid() && last >= m_day && !history->ticks.isEmpty()) {
-        if (m_session.calendar().day(m_security->exchange, last) == TradeCalendar::Day::Trades)
-            history->ticks.removeLast();
-        last = last.addDays(-1);
-    }
-    return history->ticks;
-}
-
-Result<double> PlanDay::holdings() const
-{
-    const auto positions = PositionStore(m_session.database())
-                               .positions(text(Kelvo_Fields::UserAccount::tradingAccount),
-                                   text(Kelvo_Fields::UserAccount::securityAccount), m_security->symbol);
-    if (!positions)
-        return positions.status();
-    qint64 sum = 0;
-    for (const StoredPosition& position : *positions)
-        sum += position.tradeableQuantity;
-    return static_cast<double>(sum * m_security->displayFactor);
-}
-
-Result<double> PlanDay::used() const
-{
-    const QString& filled = isAmount() ? Orlo_Fields::Security::cumAmount : FieldId::FilledQty;
-    const QString& issued = isAmount() ? FieldId::IssuedAmount : FieldId::IssuedQty;
-    const auto instructions = m_session.instructions().ofPlan(m_plan.id);
-    if (!instructions)
-        return instructions.status();
-    double sum = 0;
-    for (const Fields& fields : *instructions)
-        sum += fields.value(hasEnded(fields) ? filled : issued).toDouble();
-    return sum;
 }
 
 int PlanDay::daysLeft() const
@@ -247,7 +227,15 @@ int PlanDay::daysLeft() const
     return days;
 }
 
-Status issuePlan(ClientSession& session, const QString& planId, const QDate& day, IssueResult& result)
+/// The rights under which the user issues a plan: his own, or those of its creator if the plan is assigned to him.
+Result<PlanRights> issuingRights(ClientSession& session, PlanRightsReader& reader, const StoredPlan& plan)
+{
+    const Result<PlanRights> own = reader.read(session.user().id, plan.record);
+    return own && own->account.tradingAccount.isEmpty() ? reader.read(plan.creator, plan.record) : own;
+}
+
+Status issuePlan(
+    ClientSession& session, PlanRightsReader& reader, const QString& planId, const QDate& day, IssueResult& result)
 {
     const auto issued = session.instructions().ofDay(planId, day);
     if (!issued)
@@ -259,7 +247,10 @@ Status issuePlan(ClientSession& session, const QString& planId, const QDate& day
     const Result<StoredPlan> plan = session.plans().plan(planId);
     if (!plan)
         return plan.status();
-    PlanDay planDay(session, *plan, day);
+    const Result<PlanRights> rights = issuingRights(session, reader, *plan);
+    if (!rights)
+        return rights.status();
+    PlanDay planDay(session, *plan, *rights, day);
     if (Status status = planDay.endEarlier(); !status)
         return status;
     if (const Status skipped = planDay.prepare(); !skipped) {
@@ -294,8 +285,9 @@ Result<IssueResult> InstructionIssuer::issueDay(const QDate& day)
         plans = active.valueOr({});
         if (!active)
             return active.status();
+        PlanRightsReader rights(session.database(), day);
         for (const QString& plan : qAsConst(plans)) {
-            if (Status issued = issuePlan(session, plan, day, result); !issued)
+            if (Status issued = issuePlan(session, rights, plan, day, result); !issued)
                 return issued;
         }
         return {};

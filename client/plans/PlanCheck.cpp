@@ -1,14 +1,11 @@
 #include "PlanCheck.h"
 
-#include "AutoPlanField.h"
+#include "CheckedPlan.h"
 #include "DayPrice.h"
 #include "EntrustTypes.h"
-#include "InstructionTargetType.h"
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
-#include "Orlo_Fields.h"
 #include "Orlo_Values.h"
-#include "PlanCodes.h"
 #include "PlanTexts.h"
 #include "PriceFormula.h"
 
@@ -20,6 +17,8 @@ namespace {
 
 // A number that no entrust type has.
 constexpr int NoEntrustType = 0;
+// Sums of amounts in yuan have errors of rounding.
+constexpr double Tolerance = 1e-10;
 
 struct CodeRule {
     QString key;
@@ -43,19 +42,7 @@ QVector<CodeRule> codeRules()
     };
 }
 
-/// What the rules read. They do not change it.
-struct CheckedPlan {
-    const PlanCheck::Record& record;
-    const PlanCheck::Known& known;
-    const QMap<QString, QVariant> otherParam;
-
-    QString text(const QString& key) const { return record.value(key).toString(); }
-    QString other(const QString& key) const { return otherParam.value(key).toString(); }
-    bool isReduction() const { return text(Orlo_Fields::AutoPlan::templateCode) == PlanType::ReduceHoldings; }
-    bool isAmount() const { return other(FieldId::TargetType) == InstructionTargetType::AmountOrder; }
-};
-
-using Rule = Status (*)(const CheckedPlan&);
+using PlanCheck::Rule;
 
 Status hasNoId(const CheckedPlan& plan)
 {
@@ -92,9 +79,17 @@ Status codesAreKnown(const CheckedPlan& plan)
 
 Status targetTypeIsKnown(const CheckedPlan& plan)
 {
-    const QStringList known{ QString(), InstructionTargetType::QtyOrder, InstructionTargetType::AmountOrder };
+    if (!plan.otherParam.contains(FieldId::TargetType))
+        return {};
+    const QStringList known{ InstructionTargetType::QtyOrder, InstructionTargetType::AmountOrder };
     const QString target = plan.other(FieldId::TargetType);
     return known.contains(target) ? Status() : Status(Error::UnknownCode, { QStringLiteral("指令单类型"), target });
+}
+
+// A plan without a target type is by quantity: an amount order that lost it would trade as many shares as yuan.
+Status amountHasTargetType(const CheckedPlan& plan)
+{
+    return plan.otherParam.contains(BaseField::tradeAmount) && !plan.isAmount() ? Error::TargetTypeMissing : Status();
 }
 
 Status priceTypeIsKnown(const CheckedPlan& plan)
@@ -118,14 +113,7 @@ Status entrustTypeIsKnown(const CheckedPlan& plan)
 
 Status accountMayTrade(const CheckedPlan& plan)
 {
-    const QString account = plan.text(UserAccount::tradingAccount);
-    if (account.isEmpty())
-        return Error::NoAccount;
-    if (!plan.known.accounts.find(account))
-        return { Error::UnknownAccount, { account } };
-    if (!plan.known.accounts.hasAuthority(account, plan.text(Orlo_Fields::AutoPlan::subType)))
-        return { Error::NoAuthority, { account } };
-    return {};
+    return plan.known.rights.tradeError(plan.record);
 }
 
 Status securityTradesOnExchange(const CheckedPlan& plan)
@@ -246,11 +234,16 @@ Status remarkIsShort(const CheckedPlan& plan)
     return {};
 }
 
+Status beginIsNotPast(const CheckedPlan& plan)
+{
+    const QString begin = plan.text(BaseField::beginDate);
+    return PlanTexts::date(begin) < plan.known.today ? Status(Error::BeginInPast, { begin }) : Status();
+}
+
 Status securityAccountIsTheAccounts(const CheckedPlan& plan)
 {
     const QString account = plan.text(UserAccount::tradingAccount);
-    const QString owned =
-        plan.known.accounts.find(account)->exchangeAccounts.value(plan.text(UserAccount::securityExchange));
+    const QString owned = plan.known.rights.account.exchangeAccounts.value(plan.text(UserAccount::securityExchange));
     if (owned.isEmpty())
         return { Error::NoSecurityAccount, { account } };
     const QString given = plan.text(UserAccount::securityAccount);
@@ -264,6 +257,7 @@ const QVector<Rule>& recordRules()
         otherParamIsReadable,
         codesAreKnown,
         targetTypeIsKnown,
+        amountHasTargetType,
         priceTypeIsKnown,
         entrustTypeIsKnown,
         accountMayTrade,
@@ -281,10 +275,14 @@ const QVector<Rule>& recordRules()
     return rules;
 }
 
-Status firstError(const QVector<Rule>& rules, const PlanCheck::Record& record, const PlanCheck::Known& known)
+CheckedPlan checkedPlan(const PlanCheck::Record& record, const PlanCheck::Known& known)
 {
     const QString other = record.value(BaseField::planOtherParam).toString();
-    const CheckedPlan plan{ record, known, PlanTexts::otherParam(other).value_or(QMap<QString, QVariant>()) };
+    return { record, known, PlanTexts::otherParam(other).value_or(QMap<QString, QVariant>()) };
+}
+
+Status firstError(const QVector<Rule>& rules, const CheckedPlan& plan)
+{
     for (const Rule rule : rules) {
         if (Status status = rule(plan); !status)
             return status;
@@ -325,24 +323,43 @@ QString changedIdentity(const PlanCheck::Record& stored, const PlanCheck::Record
     return differ(FieldId::MarginSide, QString::number(NoEntrustType)) ? QStringLiteral("委托类别") : QString();
 }
 
+// A reduction without a total has the present holdings as its target.
+Status usedError(const CheckedPlan& plan, double used)
+{
+    const qint64 total = PlanTexts::wholeNumber(plan.text(BaseField::totalQty)).value_or(0);
+    if (plan.isReduction() && total == 0)
+        return {};
+    const int factor = plan.known.market.find(plan.text(Kelvo_Fields::Security::symbol))->displayFactor;
+    const double target = plan.isAmount() ? PlanTexts::decimalNumber(plan.other(BaseField::tradeAmount)).value_or(0)
+                                          : static_cast<double>(total * factor);
+    return target < used - Tolerance
+        ? Status(Error::TotalBelowUsed, { QString::number(used, 'f', plan.isAmount() ? 2 : 0) })
+        : Status();
+}
+
 } // namespace
 
 Status PlanCheck::creationError(const Record& record, const Known& known)
 {
-    static const QVector<Rule> rules =
-        QVector<Rule>{ hasNoId } + recordRules() + QVector<Rule>{ securityAccountIsTheAccounts };
-    return firstError(rules, record, known);
+    static const QVector<Rule> rules = QVector<Rule>{ hasNoId } + recordRules()
+        + QVector<Rule>{ securityAccountIsTheAccounts, beginIsNotPast } + presentRules();
+    return firstError(rules, checkedPlan(record, known));
 }
 
-Status PlanCheck::changeError(const Record& stored, const Record& record, const QDate& today, const Known& known)
+Status PlanCheck::changeError(const Record& stored, const Record& record, double used, const Known& known)
 {
-    if (Status status = firstError(recordRules(), record, known); !status)
+    const CheckedPlan plan = checkedPlan(record, known);
+    if (Status status = firstError(recordRules(), plan); !status)
         return status;
     const QString changed = changedIdentity(stored, record);
     if (!changed.isEmpty())
         return { Error::FieldNotChangeable, { changed } };
     const QDate begin = PlanTexts::date(stored.value(BaseField::beginDate).toString());
-    if (begin.isValid() && begin <= today && PlanTexts::text(begin) != record.value(BaseField::beginDate).toString())
+    const bool keepsBegin = PlanTexts::text(begin) == record.value(BaseField::beginDate).toString();
+    if (begin.isValid() && begin <= known.today && !keepsBegin)
         return Error::BeginNotChangeable;
-    return {};
+    const QVector<Rule> begins = keepsBegin ? QVector<Rule>() : QVector<Rule>{ beginIsNotPast };
+    if (Status status = firstError(begins + presentRules(), plan); !status)
+        return status;
+    return usedError(plan, used);
 }

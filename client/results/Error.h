@@ -87,6 +87,23 @@ enum class Error {
     RemarkTooLong,      ///< largest number of characters
     FieldNotChangeable, ///< caption
     BeginNotChangeable,
+    BeginInPast,       ///< the day
+    ForeignCreator,    ///< user id in the record
+    TypeNotOfAccount,  ///< account, instruction type
+    SideNotOfType,     ///< instruction type
+    ReviewRequired,    ///< account
+    ReductionBuys,
+    NoExecutor,
+    UnknownExecutor, ///< name
+    UnknownAssignee, ///< name
+    TargetTypeMissing,
+    TotalBelowUsed, ///< what is used
+    NoUsablePrice,  ///< the cause says why
+    // --- Limits of an account
+    NoLimits,
+    QuantityAboveLimit, ///< quantity, largest quantity
+    AmountAboveLimit,   ///< amount in yuan, largest amount
+    PriceOutsideBand,   ///< price, lowest, highest price
     // --- The instructions of a day
     NoCloses, ///< symbol
     PriceOutOfRange,

@@ -4,8 +4,10 @@
 #include "ClientClock.h"
 #include "ClientSession.h"
 #include "ErrorText.h"
+#include "Kelvo_Fields.h"
 #include "PlanCheck.h"
 #include "PlanEvents.h"
+#include "PlanFacts.h"
 #include "PlanTexts.h"
 #include "ReadReport.h"
 
@@ -15,9 +17,51 @@ namespace BaseField = AutoPlanField::BaseField;
 
 namespace {
 
-PlanCheck::Known knownOf(const ClientSession& session)
+using Record = QMap<QString, QVariant>;
+
+Result<PlanCheck::Known> knownFor(ClientSession& session, const Record& record)
 {
-    return { session.market(), session.accounts(), session.calendar() };
+    const QDate today = clientToday();
+    const QString& user = session.user().id;
+    const auto rights = PlanRightsReader(session.database(), today).read(user, record);
+    if (!rights)
+        return rights.status();
+    const Security* security = session.market().find(record.value(Kelvo_Fields::Security::symbol).toString());
+    const auto closes = security ? PlanFacts::closesBefore(session, *security, today) : QVector<qint64>();
+    if (!closes)
+        return closes.status();
+    const auto sellable = security ? PlanFacts::sellable(session, record, *security) : 0.0;
+    if (!sellable)
+        return sellable.status();
+    return PlanCheck::Known{ session.market(), session.calendar(), today, user, *rights, *closes, *sellable };
+}
+
+Result<QString> create(ClientSession& session, const Record& record)
+{
+    const auto known = knownFor(session, record);
+    if (!known)
+        return known.status();
+    if (Status refused = PlanCheck::creationError(record, *known); !refused)
+        return refused;
+    return session.plans().create(record, session.user().id, QDateTime::currentDateTime());
+}
+
+Status change(ClientSession& session, const QString& planId, const Record& record)
+{
+    PlanStore plans = session.plans();
+    const Result<StoredPlan> stored = plans.plan(planId);
+    if (!stored)
+        return stored.status();
+    if (stored->id.isEmpty())
+        return { Error::UnknownPlan, { planId } };
+    const auto known = knownFor(session, record);
+    if (!known)
+        return known.status();
+    const auto used = PlanFacts::used(session, *stored);
+    if (!used)
+        return used.status();
+    Status refused = PlanCheck::changeError(stored->record, record, *used, *known);
+    return refused ? plans.modify(planId, record, QDateTime::currentDateTime()) : refused;
 }
 
 void answerWithoutAverages(AutoPlanLogic* service, const QString& symbol, const Status& status)
@@ -67,41 +111,32 @@ AutoPlanLogic& AutoPlanLogic::instance()
     return service;
 }
 
+// Rights and plans are read, checked and written in one transaction, so that they cannot change in between.
 QString AutoPlanLogic::CreateNewPlan(QMap<QString, QVariant> record)
 {
     ClientSession& session = ClientSession::instance();
     if (!session.isOpen())
         return errorText(Error::PlansNeedLogin);
-    if (Status refused = PlanCheck::creationError(record, knownOf(session)); !refused)
-        return errorText(refused);
-    const Result<QString> id = session.plans().create(record, session.user().id, QDateTime::currentDateTime());
-    if (id)
-        Q_EMIT PlanEvents::instance().planStored(*id);
-    return errorText(id.status());
+    QString id;
+    const Status status = session.database().transaction([&] {
+        const Result<QString> created = create(session, record);
+        id = created.valueOr(QString());
+        return created.status();
+    });
+    if (status)
+        Q_EMIT PlanEvents::instance().planStored(id);
+    return errorText(status);
 }
 
-// Reads, checks and writes in one transaction, so that the plan cannot change in between.
 QString AutoPlanLogic::modifyPlan(const QMap<QString, QVariant>& record)
 {
     ClientSession& session = ClientSession::instance();
     if (!session.isOpen())
         return errorText(Error::PlansNeedLogin);
     const QString planId = record.value(BaseField::autoPlanId).toString();
-    // The editor compares a plan with its instructions, and gets none if they cannot be read.
-    if (const auto instructions = session.instructionsOf(planId); !instructions)
-        return errorText(instructions.status());
     QMap<QString, QVariant> content = record;
     content.remove(BaseField::autoPlanId);
-    const Status status = session.database().transaction([&]() -> Status {
-        PlanStore plans = session.plans();
-        const Result<StoredPlan> stored = plans.plan(planId);
-        if (!stored)
-            return stored.status();
-        if (stored->id.isEmpty())
-            return { Error::UnknownPlan, { planId } };
-        Status refused = PlanCheck::changeError(stored->record, content, clientToday(), knownOf(session));
-        return refused ? plans.modify(planId, content, QDateTime::currentDateTime()) : refused;
-    });
+    const Status status = session.database().transaction([&] { return change(session, planId, content); });
     if (status)
         Q_EMIT PlanEvents::instance().planStored(planId);
     return errorText(status);

@@ -81,7 +81,7 @@ Result<QVector<StoredUser>> ClientSession::users()
 
 PlanStore ClientSession::plans()
 {
-    return PlanStore(m_database);
+    return PlanStore(m_database, m_user);
 }
 
 InstructionStore ClientSession::instructions()
@@ -91,7 +91,12 @@ InstructionStore ClientSession::instructions()
 
 Result<InstructionCache::Instructions> ClientSession::instructionsOf(const QString& planId)
 {
-    return m_open ? m_instructions.ofPlan(planId) : InstructionCache::Instructions();
+    if (!m_open)
+        return InstructionCache::Instructions();
+    const Result<int> version = plans().version(planId);
+    if (!version)
+        return version.status();
+    return *version == 0 ? InstructionCache::Instructions() : m_instructions.ofPlan(planId);
 }
 
 void ClientSession::prefetchInstructions(const QString& planId)

@@ -46,10 +46,11 @@ public:
     const AccountDirectory& accounts() const { return m_accounts; }
     const TradeCalendar& calendar() const { return TradeCalendar::installed(); }
     Database& database() { return m_database; }
+    /// The plans of the user's accounts and those assigned to the user.
     PlanStore plans();
     InstructionStore instructions();
 
-    /// The stored instructions of a plan; see `InstructionCache`.
+    /// The stored instructions of one of `plans`, empty for any other; see `InstructionCache`.
     Result<InstructionCache::Instructions> instructionsOf(const QString& planId);
     /// Starts reading the instructions of a plan that is likely to be needed next; does nothing while closed.
     void prefetchInstructions(const QString& planId);

@@ -35,23 +35,31 @@ Result<QVector<StoredAccount>> AccountStore::accountsOf(const QString& userId)
 {
     return read(QStringLiteral("JOIN user_accounts AS u ON u.trading_account = a.trading_account WHERE u.user = ?"
                                " ORDER BY u.position"),
-        userId);
+        { userId });
+}
+
+Result<StoredAccount> AccountStore::accountOf(const QString& userId, const QString& tradingAccount)
+{
+    const auto found = read(QStringLiteral("JOIN user_accounts AS u ON u.trading_account = a.trading_account"
+                                           " WHERE u.user = ? AND a.trading_account = ?"),
+        { userId, tradingAccount });
+    return found ? Result<StoredAccount>(found->value(0)) : found.status();
 }
 
 Result<StoredAccount> AccountStore::account(const QString& tradingAccount)
 {
-    const auto found = read(QStringLiteral("WHERE a.trading_account = ?"), tradingAccount);
+    const auto found = read(QStringLiteral("WHERE a.trading_account = ?"), { tradingAccount });
     return found ? Result<StoredAccount>(found->value(0)) : found.status();
 }
 
-Result<QVector<StoredAccount>> AccountStore::read(const QString& condition, const QString& value)
+Result<QVector<StoredAccount>> AccountStore::read(const QString& condition, const QVariantList& values)
 {
     QVector<StoredAccount> accounts;
     Status status = m_database.read(
         QStringLiteral("SELECT a.trading_account, a.fund_account, a.name, a.client_no, a.asset_property, a.branch_no"
                        " FROM accounts AS a ")
             + condition,
-        { value }, [&accounts](const QSqlQuery& row) {
+        values, [&accounts](const QSqlQuery& row) {
             accounts << StoredAccount{ row.value(0).toString(), row.value(1).toString(), row.value(2).toString(),
                 row.value(3).toString(), row.value(4).toString(), row.value(5).toString(), {} };
         });

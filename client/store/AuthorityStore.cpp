@@ -35,21 +35,17 @@ Result<Rights> AuthorityStore::rights(
     const QString& userId, const QString& tradingAccount, const QString& instructionType)
 {
     Rights rights;
-    const QVariantList key{ userId, tradingAccount, instructionType };
-    Status status = m_database.read(QStringLiteral("SELECT 1 FROM order_authorities WHERE user = ?"
-                                                   " AND trading_account = ? AND instruction_type = ?"),
-        key, [&rights](const QSqlQuery&) { rights.authority = true; });
-    if (!status)
-        return status;
-    status = m_database.read(QStringLiteral("SELECT property FROM rule_properties WHERE user = ?"
-                                            " AND trading_account = ? AND instruction_type = ?"),
-        key, [&rights](const QSqlQuery& row) { rights.ruleProperty = row.value(0).toInt(); });
-    if (!status)
-        return status;
-    status = m_database.read(
-        QStringLiteral("SELECT chain_key FROM approval_chains WHERE trading_account = ? AND instruction_type = ?"),
-        { tradingAccount, instructionType },
-        [&rights](const QSqlQuery& row) { rights.chainKey = row.value(0).toString(); });
+    Status status = m_database.read(
+        QStringLiteral("SELECT EXISTS (SELECT 1 FROM order_authorities"
+                       " WHERE user = ? AND trading_account = ? AND instruction_type = ?),"
+                       " (SELECT property FROM rule_properties"
+                       " WHERE user = ? AND trading_account = ? AND instruction_type = ?),"
+                       " (SELECT chain_key FROM approval_chains WHERE trading_account = ? AND instruction_type = ?)"),
+        { userId, tradingAccount, instructionType, userId, tradingAccount, instructionType, tradingAccount,
+            instructionType },
+        [&rights](const QSqlQuery& row) {
+            rights = { row.value(0).toBool(), row.value(1).toInt(), row.value(2).toString() };
+        });
     return status ? Result<Rights>(rights) : status;
 }
 

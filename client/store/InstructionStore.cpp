@@ -1,5 +1,7 @@
 #include "InstructionStore.h"
 
+#include "Orlo_Fields.h"
+#include "PlanCodes.h"
 #include "PlanStore.h"
 
 #include <QSet>
@@ -85,6 +87,23 @@ Result<QMap<QString, InstructionStore::Fields>> InstructionStore::ofPlan(const Q
 Result<QMap<QString, InstructionStore::Fields>> InstructionStore::ofDay(const QString& planId, const QDate& day)
 {
     return read(planId, day.toString(Qt::ISODate));
+}
+
+Result<double> InstructionStore::used(const QString& planId, bool isAmount)
+{
+    using namespace PlanCodes;
+    const auto plan = PlanId::toNumber(planId);
+    if (!plan)
+        return 0.0;
+    const QString& filled = isAmount ? Orlo_Fields::Security::cumAmount : FieldId::FilledQty;
+    const QString& issued = isAmount ? FieldId::IssuedAmount : FieldId::IssuedQty;
+    const auto sum = m_database.value(QStringLiteral("SELECT total(CASE ended WHEN ? THEN filled ELSE issued END) FROM"
+                                                     " (SELECT max(CASE key WHEN ? THEN value END) AS ended,"
+                                                     " max(CASE key WHEN ? THEN value END) AS filled,"
+                                                     " max(CASE key WHEN ? THEN value END) AS issued"
+                                                     " FROM instruction_fields WHERE plan = ? GROUP BY id)"),
+        { EndState::Ended, FieldId::EndState, filled, issued, *plan });
+    return sum ? Result<double>(sum->toDouble()) : sum.status();
 }
 
 Status InstructionStore::writeFields(qint64 plan, const QString& instruction, const Fields& fields)

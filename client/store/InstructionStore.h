@@ -22,6 +22,10 @@ public:
     /// Like `ofPlan`, for one day only.
     Result<QMap<QString, Fields>> ofDay(const QString& planId, const QDate& day);
 
+    /// The sum of what ended instructions of a plan have filled and running ones have issued: amounts in yuan, or
+    /// quantities in displayed units.
+    Result<double> used(const QString& planId, bool isAmount);
+
 private:
     Result<QString> nextId(qint64 plan, const QString& planId);
     Status writeFields(qint64 plan, const QString& instructionId, const Fields& fields);

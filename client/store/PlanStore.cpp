@@ -1,6 +1,7 @@
 #include "PlanStore.h"
 
 #include "AutoPlanField.h"
+#include "Kelvo_Fields.h"
 #include "RecordCheck.h"
 
 using namespace AutoPlanField::BaseField;
@@ -35,6 +36,18 @@ StoredPlan planOf(const QSqlQuery& row)
 
 PlanStore::PlanStore(Database& database)
     : m_database(database)
+    , m_condition(QStringLiteral("1"))
+{
+}
+
+PlanStore::PlanStore(Database& database, const StoredUser& user)
+    : m_database(database)
+    , m_condition(QStringLiteral("(EXISTS (SELECT 1 FROM plan_fields AS f"
+                                 " JOIN user_accounts AS u ON u.trading_account = f.value"
+                                 " WHERE f.plan = plans.number AND f.key = ? AND u.user = ?)"
+                                 " OR EXISTS (SELECT 1 FROM plan_fields AS f WHERE f.plan = plans.number"
+                                 " AND f.key IN (?, ?) AND f.value = ?))"))
+    , m_values{ Kelvo_Fields::UserAccount::tradingAccount, user.id, expectedUser, executeUser, user.name }
 {
 }
 
@@ -67,8 +80,9 @@ Status PlanStore::modify(const QString& planId, const Record& record, const QDat
     return m_database.transaction([&]() -> Status {
         const Result<int> changed = m_database.change(
             QStringLiteral(
-                "UPDATE plans SET version = version + 1, changed_time = ?, other_param = ? WHERE number = ?"),
-            { timeText(now), otherParamOf(record), *number });
+                "UPDATE plans SET version = version + 1, changed_time = ?, other_param = ? WHERE number = ? AND ")
+                + m_condition,
+            QVariantList{ timeText(now), otherParamOf(record), *number } + m_values);
         if (!changed)
             return changed.status();
         if (*changed != 1)
@@ -89,7 +103,7 @@ Result<StoredPlan> PlanStore::plan(const QString& planId)
     const auto number = PlanId::toNumber(planId);
     if (!number)
         return StoredPlan();
-    const auto found = read(QStringLiteral("number = ?"), { *number });
+    const auto found = read(QStringLiteral("number = ? AND ") + m_condition, QVariantList{ *number } + m_values);
     return found ? Result<StoredPlan>(found->value(0)) : found.status();
 }
 
@@ -97,13 +111,24 @@ Result<QVector<StoredPlan>> PlanStore::page(int offset, int limit)
 {
     if (offset < 0 || limit < 1)
         return QVector<StoredPlan>();
-    return read(QStringLiteral("number IN (SELECT number FROM plans ORDER BY number DESC LIMIT ? OFFSET ?)"),
-        { limit, offset });
+    return read(QStringLiteral("number IN (SELECT number FROM plans WHERE %1 ORDER BY number DESC LIMIT ? OFFSET ?)")
+                    .arg(m_condition),
+        m_values + QVariantList{ limit, offset });
 }
 
 Result<int> PlanStore::count()
 {
-    const auto found = m_database.value(QStringLiteral("SELECT count(*) FROM plans"));
+    const auto found = m_database.value(QStringLiteral("SELECT count(*) FROM plans WHERE ") + m_condition, m_values);
+    return found ? Result<int>(found->toInt()) : found.status();
+}
+
+Result<int> PlanStore::version(const QString& planId)
+{
+    const auto number = PlanId::toNumber(planId);
+    if (!number)
+        return 0;
+    const auto found = m_database.value(QStringLiteral("SELECT version FROM plans WHERE number = ? AND ") + m_condition,
+        QVariantList{ *number } + m_values);
     return found ? Result<int>(found->toInt()) : found.status();
 }
 
@@ -112,23 +137,25 @@ Result<int> PlanStore::newerThan(const QString& planId)
     const auto number = PlanId::toNumber(planId);
     if (!number)
         return -1;
-    const auto found = m_database.value(
-        QStringLiteral("SELECT (SELECT count(*) FROM plans AS newer WHERE newer.number > plans.number) FROM plans"
-                       " WHERE number = ?"),
-        { *number });
-    if (!found)
-        return found.status();
-    return found->isValid() ? found->toInt() : -1;
+    const Result<int> known = version(planId);
+    if (!known || *known == 0)
+        return known ? Result<int>(-1) : known;
+    const auto found =
+        m_database.value(QStringLiteral("SELECT count(*) FROM plans WHERE number > ? AND ") + m_condition,
+            QVariantList{ *number } + m_values);
+    return found ? Result<int>(found->toInt()) : found.status();
 }
 
 Result<QStringList> PlanStore::idsOfDay(const QDate& day)
 {
     QStringList ids;
     Status status = m_database.read(
-        QStringLiteral("SELECT number FROM plans"
-                       " JOIN plan_fields AS b ON b.plan = number AND b.key = ? AND b.value <= ?"
-                       " JOIN plan_fields AS e ON e.plan = number AND e.key = ? AND e.value >= ? ORDER BY number"),
-        { beginDate, day.toString(Qt::ISODate), endDate, day.toString(Qt::ISODate) },
+        QStringLiteral(
+            "SELECT number FROM plans"
+            " JOIN plan_fields AS b ON b.plan = number AND b.key = ? AND b.value <= ?"
+            " JOIN plan_fields AS e ON e.plan = number AND e.key = ? AND e.value >= ? WHERE %1 ORDER BY number")
+            .arg(m_condition),
+        QVariantList{ beginDate, day.toString(Qt::ISODate), endDate, day.toString(Qt::ISODate) } + m_values,
         [&ids](const QSqlQuery& row) { ids << PlanId::fromNumber(row.value(0).toLongLong()); });
     return status ? Result<QStringList>(ids) : status;
 }

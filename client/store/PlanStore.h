@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Database.h"
+#include "UserStore.h"
 
 #include <QDate>
 #include <QDateTime>
@@ -29,7 +29,10 @@ class PlanStore {
 public:
     using Record = QMap<QString, QVariant>;
 
+    /// Every plan.
     explicit PlanStore(Database& database);
+    /// The plans of the user's accounts and those assigned to the user. All others are unknown.
+    PlanStore(Database& database, const StoredUser& user);
 
     /// Stores a new plan in one transaction and returns its id. Refuses a record that `RecordCheck` refuses.
     Result<QString> create(const Record& record, const QString& creator, const QDateTime& now);
@@ -43,6 +46,8 @@ public:
     /// One page of plans, newest first; empty after the last one.
     Result<QVector<StoredPlan>> page(int offset, int limit);
     Result<int> count();
+    /// 0 if the id is unknown.
+    Result<int> version(const QString& planId);
     /// Number of plans newer than this one; -1 if the id is unknown.
     Result<int> newerThan(const QString& planId);
     /// Ids of the plans with the day in their period, oldest first.
@@ -53,6 +58,9 @@ private:
     Result<QVector<StoredPlan>> read(const QString& condition, const QVariantList& values);
 
     Database& m_database;
+    /// The condition of the plans that are read and changed, with its values.
+    const QString m_condition;
+    const QVariantList m_values;
 };
 
 /// Conversion between plan ids as displayed ("AP00000012") and the numbers in the tables.

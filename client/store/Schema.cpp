@@ -129,6 +129,32 @@ QStringList planChangedTime()
     };
 }
 
+// An empty value means the usual one, which is that of the row without an account. Exceptions extend the limits of an
+// account through their last day.
+QStringList limitTables()
+{
+    return {
+        QStringLiteral("CREATE TABLE account_limits ("
+                       "trading_account TEXT PRIMARY KEY, largest_quantity INTEGER CHECK (largest_quantity > 0),"
+                       "largest_amount INTEGER CHECK (largest_amount > 0),"
+                       "price_band_per_mille INTEGER CHECK (price_band_per_mille > 0),"
+                       "CHECK (trading_account <> '' OR (largest_quantity IS NOT NULL"
+                       " AND largest_amount IS NOT NULL AND price_band_per_mille IS NOT NULL))"
+                       ") STRICT, WITHOUT ROWID"),
+        QStringLiteral("INSERT INTO account_limits (trading_account, largest_quantity, largest_amount,"
+                       " price_band_per_mille) VALUES ('', 100000000, 10000000000, 500)"),
+        QStringLiteral("CREATE TABLE limit_exceptions ("
+                       "number INTEGER PRIMARY KEY AUTOINCREMENT,"
+                       "trading_account TEXT NOT NULL REFERENCES accounts (trading_account),"
+                       "largest_quantity INTEGER CHECK (largest_quantity > 0),"
+                       "largest_amount INTEGER CHECK (largest_amount > 0),"
+                       "price_band_per_mille INTEGER CHECK (price_band_per_mille > 0),"
+                       "authorised_by TEXT NOT NULL REFERENCES users (id), authorised_time TEXT NOT NULL,"
+                       "last_day TEXT NOT NULL, reason TEXT NOT NULL) STRICT"),
+        QStringLiteral("CREATE INDEX limit_exceptions_of_accounts ON limit_exceptions (trading_account)"),
+    };
+}
+
 } // namespace
 
 const QVector<Schema::Migration>& Schema::migrations()
@@ -137,6 +163,7 @@ const QVector<Schema::Migration>& Schema::migrations()
         { 1, planTables() + accountTables() + authorityTables() + marketTables() + configurationTables() },
         { 2, planChangedTime() },
         { 3, unusedTables() },
+        { 4, limitTables() },
     };
     return steps;
 }

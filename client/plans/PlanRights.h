@@ -1,0 +1,46 @@
+#pragma once
+
+#include "AccountStore.h"
+#include "AuthorityStore.h"
+#include "LimitStore.h"
+
+#include <QDate>
+#include <QHash>
+#include <QMap>
+#include <QVariant>
+
+/// What a user may do with instructions of a type from an account.
+struct PlanRights {
+    using Record = QMap<QString, QVariant>;
+
+    /// One with an empty trading account if the account is not the user's.
+    StoredAccount account;
+    Rights instruction;
+    /// Names of the users who may execute such instructions, and of those who may handle them.
+    QStringList executors;
+    QStringList forwarders;
+    AccountLimits limits;
+
+    /// Why the user may not trade with the plan's account, instruction type and side; success if that is allowed.
+    Status tradeError(const Record& record) const;
+    /// Why the plan cannot be actively managed; success if it is not or may be.
+    Status reviewError(const Record& record) const;
+    /// Why the plan's executor or assignee cannot handle it; success if he can or there is none.
+    Status handlerError(const Record& record) const;
+};
+
+/// Reads rights from the database, those of a user, an account and a type once. Use it within one transaction.
+class PlanRightsReader {
+public:
+    /// `day`: the day for which the limits are read.
+    PlanRightsReader(Database& database, const QDate& day);
+
+    Result<PlanRights> read(const QString& userId, const PlanRights::Record& record);
+
+private:
+    Result<PlanRights> readStored(const QString& userId, const QString& account, const QString& type);
+
+    Database& m_database;
+    const QDate m_day;
+    QHash<QStringList, PlanRights> m_known;
+};
