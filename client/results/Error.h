@@ -87,11 +87,11 @@ enum class Error {
     RemarkTooLong,      ///< largest number of characters
     FieldNotChangeable, ///< caption
     BeginNotChangeable,
-    BeginInPast,       ///< the day
-    ForeignCreator,    ///< user id in the record
-    TypeNotOfAccount,  ///< account, instruction type
-    SideNotOfType,     ///< instruction type
-    ReviewRequired,    ///< account
+    BeginInPast,      ///< the day
+    ForeignCreator,   ///< user id in the record
+    TypeNotOfAccount, ///< account, instruction type
+    SideNotOfType,    ///< instruction type
+    ReviewRequired,   ///< account
     ReductionBuys,
     NoExecutor,
     UnknownExecutor, ///< name
