@@ -32,13 +32,6 @@ const QString Busy = errorText(Error::DatabaseBusy);
 const QString ReadOnlyText = errorText(Error::DatabaseReadOnly);
 const QString FullText = errorText(Error::DiskFull);
 
-int setting(const char* variable, int usual)
-{
-    bool given = false;
-    const int value = qEnvironmentVariableIntValue(variable, &given);
-    return given ? value : usual;
-}
-
 ClientSession& client()
 {
     return ClientSession::instance();

@@ -16,13 +16,6 @@
 
 namespace {
 
-int setting(const char* variable, int usual)
-{
-    bool given = false;
-    const int value = qEnvironmentVariableIntValue(variable, &given);
-    return given ? value : usual;
-}
-
 quint32 chosenSeed()
 {
     const int given = setting("FAULTS_SEED", 0);

@@ -264,11 +264,6 @@ Status issuePlan(
     return {};
 }
 
-Result<QStringList> activePlans(ClientSession& session, const QDate& day)
-{
-    return session.plans().idsOfDay(day);
-}
-
 } // namespace
 
 Result<IssueResult> InstructionIssuer::issueDay(const QDate& day)
@@ -281,7 +276,7 @@ Result<IssueResult> InstructionIssuer::issueDay(const QDate& day)
     IssueResult result;
     QStringList plans;
     Status status = session.database().transaction([&]() -> Status {
-        const Result<QStringList> active = activePlans(session, day);
+        const Result<QStringList> active = session.plans().idsOfDay(day);
         plans = active.valueOr({});
         if (!active)
             return active.status();

@@ -125,3 +125,10 @@ QString PlanLedger::difference(const QString& planId, int version, const Record&
         return QStringLiteral("%1 holds a record that is not that of “%2”").arg(planId, mark);
     return QString();
 }
+
+int setting(const char* variable, int usual)
+{
+    bool given = false;
+    const int value = qEnvironmentVariableIntValue(variable, &given);
+    return given ? value : usual;
+}

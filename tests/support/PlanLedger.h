@@ -59,3 +59,6 @@ private:
     int m_acknowledgements = 0;
     int m_attempts = 0;
 };
+
+/// The number in an environment variable, which `scripts/faults` sets; `usual` if it is not set.
+int setting(const char* variable, int usual);
