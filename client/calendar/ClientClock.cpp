@@ -1,5 +1,6 @@
 #include "ClientClock.h"
 
+#include "ClosureFiles.h"
 #include "Kelvo_Values.h"
 #include "TradeCalendar.h"
 
@@ -70,7 +71,7 @@ void setClientToday(const QDate& today)
 
 QDate lastTradeDayBefore(const QDate& day)
 {
-    const TradeCalendar& calendar = TradeCalendar::installed();
+    const TradeCalendar& calendar = ClosureFiles::calendar();
     const QString exchange = Kelvo_Values::Exchange::sh;
     QDate candidate = qMin(day.addDays(-1), calendar.lastKnownDay(exchange));
     for (int i = 0; i < LongestClosure; ++i, candidate = candidate.addDays(-1)) {
@@ -87,7 +88,7 @@ Result<QList<QDate>> tradeDatesOf(const QString& exchange)
     const auto found = known.constFind(key);
     if (found != known.cend())
         return *found;
-    const TradeCalendar& calendar = TradeCalendar::installed();
+    const TradeCalendar& calendar = ClosureFiles::calendar();
     Result<QList<QDate>> days = calendar.tradeDays(exchange, firstKnownDay(calendar, exchange, key.second));
     if (days)
         known.insert(key, *days);
@@ -96,7 +97,7 @@ Result<QList<QDate>> tradeDatesOf(const QString& exchange)
 
 Status checkCalendarEnd(const QDate& today)
 {
-    const QDate last = TradeCalendar::installed().lastKnownDay();
+    const QDate last = ClosureFiles::calendar().lastKnownDay();
     const qint64 days = today.daysTo(last);
     if (days > WarningDays)
         return {};

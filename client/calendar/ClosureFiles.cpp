@@ -1,7 +1,9 @@
 #include "ClosureFiles.h"
 
+#include "ErrorText.h"
 #include "TradeCalendar.h"
 
+#include <QDebug>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -59,12 +61,28 @@ Result<QByteArray> ClosureFiles::read(const QString& path)
     return csv;
 }
 
+const TradeCalendar& ClosureFiles::calendar()
+{
+    static const TradeCalendar extended = [] {
+        TradeCalendar loaded = TradeCalendar::builtIn();
+        const QStringList files = present();
+        for (const QString& file : files) {
+            const Result<QByteArray> csv = read(file);
+            const Status status = csv ? loaded.add(*csv) : csv.status();
+            if (!status)
+                qWarning().noquote() << "ClosureFiles::calendar" << file << errorText(status);
+        }
+        return loaded;
+    }();
+    return extended;
+}
+
 Result<QDate> ClosureFiles::install(const QString& path)
 {
     const Result<QByteArray> csv = read(path);
     if (!csv)
         return csv.status();
-    TradeCalendar extended = TradeCalendar::installed();
+    TradeCalendar extended = calendar();
     if (Status status = extended.add(*csv); !status)
         return Status(Error::ClosureFileUnreadable, { path }, status);
     if (Status status = store(*csv, userFolder().filePath(QFileInfo(path).completeBaseName() + QStringLiteral(".csv")));

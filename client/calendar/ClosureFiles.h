@@ -7,6 +7,8 @@
 #include <QString>
 #include <QStringList>
 
+class TradeCalendar;
+
 /// Files of closures that extend the trade calendar: `plandesk/calendar/*.csv` in the data folders of the system and
 /// of the user.
 namespace ClosureFiles {
@@ -18,6 +20,10 @@ constexpr qint64 MaxSize = 1048576;
 QStringList present();
 
 Result<QByteArray> read(const QString& path);
+
+/// The built-in calendar extended by the present files, as they were at the first call. Leaves out a file that is
+/// invalid, with a warning in the log.
+const TradeCalendar& calendar();
 
 /// Checks a file against the calendar and copies it to the user's folder, where it replaces a file of that name.
 /// Returns the last day that the calendar knows with it.

@@ -1,6 +1,5 @@
 #include "TradeCalendar.h"
 
-#include "ClosureFiles.h"
 #include "ErrorText.h"
 #include "Kelvo_Values.h"
 #include "Orlo_Values.h"
@@ -24,7 +23,7 @@ bool isWeekend(const QDate& date)
     return date.dayOfWeek() >= Qt::Saturday;
 }
 
-QByteArray carriedClosures()
+QByteArray builtInClosures()
 {
     QFile file(QStringLiteral(":/calendar/market_closures.csv"));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -36,24 +35,8 @@ const TradeCalendar& TradeCalendar::builtIn()
 {
     static const TradeCalendar calendar = [] {
         TradeCalendar loaded;
-        if (Status status = loaded.add(carriedClosures()); !status)
+        if (Status status = loaded.add(builtInClosures()); !status)
             qWarning().noquote() << "TradeCalendar::builtIn" << errorText(status);
-        return loaded;
-    }();
-    return calendar;
-}
-
-const TradeCalendar& TradeCalendar::installed()
-{
-    static const TradeCalendar calendar = [] {
-        TradeCalendar loaded = builtIn();
-        const QStringList files = ClosureFiles::present();
-        for (const QString& file : files) {
-            const Result<QByteArray> csv = ClosureFiles::read(file);
-            const Status status = csv ? loaded.add(*csv) : csv.status();
-            if (!status)
-                qWarning().noquote() << "TradeCalendar::installed" << file << errorText(status);
-        }
         return loaded;
     }();
     return calendar;
@@ -72,7 +55,7 @@ Status TradeCalendar::add(const QByteArray& csv)
     if (Status status = checkYears(table); !status)
         return status;
     m_table = table;
-    m_told.clear();
+    m_reported.clear();
     return {};
 }
 
@@ -143,7 +126,7 @@ Result<QList<QDate>> TradeCalendar::tradeDays(const QString& exchange, const QDa
     const auto knows = [&from](const Closures* market) { return market->contains(from.year()); };
     if (!from.isValid() || !std::all_of(closures.cbegin(), closures.cend(), knows))
         return { Error::BeyondCalendar, { lastKnownDay(exchange).toString(Qt::ISODate), from.toString(Qt::ISODate) } };
-    tellUncertainty(exchange, closures);
+    reportUncertainty(exchange, closures);
     QList<QDate> days;
     const QDate last = lastKnownDay(exchange);
     for (QDate date = from; date <= last; date = date.addDays(1)) {
@@ -189,11 +172,11 @@ QList<const TradeCalendar::Closures*> TradeCalendar::closuresOf(const QString& e
     return closures;
 }
 
-void TradeCalendar::tellUncertainty(const QString& exchange, const QList<const Closures*>& closures) const
+void TradeCalendar::reportUncertainty(const QString& exchange, const QList<const Closures*>& closures) const
 {
-    if (m_told.contains(exchange))
+    if (m_reported.contains(exchange))
         return;
-    m_told.insert(exchange);
+    m_reported.insert(exchange);
     QSet<int> years;
     for (const Closures* market : closures) {
         for (auto year = market->cbegin(); year != market->cend(); ++year) {

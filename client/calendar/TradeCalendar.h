@@ -18,9 +18,6 @@ public:
 
     /// The calendar with the closures built into the program.
     static const TradeCalendar& builtIn();
-    /// The calendar with the closures built into the program and those of `ClosureFiles`, as they were at the first
-    /// call. A file that is invalid is left out, with a warning in the log.
-    static const TradeCalendar& installed();
 
     /// Reads closures as `market,date,holiday,status` lines after a header line. The years of a market that the text
     /// lists replace the present ones. If the text is invalid or would leave out a year, keeps the calendar.
@@ -50,8 +47,8 @@ private:
     static Status readLine(const QString& line, Table& table);
     static Status checkYears(const Table& table);
     QList<const Closures*> closuresOf(const QString& exchange) const;
-    void tellUncertainty(const QString& exchange, const QList<const Closures*>& closures) const;
+    void reportUncertainty(const QString& exchange, const QList<const Closures*>& closures) const;
 
     Table m_table;
-    mutable QSet<QString> m_told;
+    mutable QSet<QString> m_reported;
 };

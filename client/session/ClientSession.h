@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AccountDirectory.h"
+#include "ClosureFiles.h"
 #include "InstructionCache.h"
 #include "InstructionStore.h"
 #include "MovingAverageWorker.h"
@@ -44,7 +45,7 @@ public:
     /// The following are empty while the session is closed.
     const Market& market() const { return m_market.market(); }
     const AccountDirectory& accounts() const { return m_accounts; }
-    const TradeCalendar& calendar() const { return TradeCalendar::installed(); }
+    const TradeCalendar& calendar() const { return ClosureFiles::calendar(); }
     Database& database() { return m_database; }
     /// The plans of the user's accounts and those assigned to the user.
     PlanStore plans();
