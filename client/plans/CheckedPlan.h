@@ -2,13 +2,39 @@
 
 #include "AutoPlanField.h"
 #include "InstructionTargetType.h"
+#include "Market.h"
 #include "Orlo_Fields.h"
-#include "PlanCheck.h"
 #include "PlanCodes.h"
+#include "PlanRights.h"
+#include "PlanStore.h"
+#include "TradeCalendar.h"
+
+#include <QDate>
+#include <QMap>
+#include <QVariant>
+
+namespace PlanCheck {
+
+/// The data for the checks of a record, as stored at the time of the check.
+struct Known {
+    const Market& market;
+    const TradeCalendar& calendar;
+    QDate today;
+    /// Id of the user who sends the record.
+    QString user;
+    /// The user's rights for the account and instruction type of the record.
+    PlanRights rights;
+    /// Closing prices of the record's security before today in ticks, oldest first.
+    QVector<qint64> closes;
+    /// What can be sold of the record's security, in displayed units.
+    double sellable = 0;
+};
+
+} // namespace PlanCheck
 
 /// What the rules of `PlanCheck` read. They do not change it.
 struct CheckedPlan {
-    const PlanCheck::Record& record;
+    const PlanStore::Record& record;
     const PlanCheck::Known& known;
     const QMap<QString, QVariant> otherParam;
 

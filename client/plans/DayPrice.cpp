@@ -12,7 +12,6 @@ namespace {
 constexpr qint64 Percent = 100;
 
 using namespace PlanCodes;
-using Record = QMap<QString, QVariant>;
 
 QHash<QString, double> namedPrices(const Security& security, const QVector<qint64>& closes)
 {
@@ -36,7 +35,7 @@ Result<double> evaluated(const QVariant& formula, const QHash<QString, double>& 
     return PriceFormula::evaluate(formula.toString(), priceNames(), prices);
 }
 
-Result<double> compared(const Record& record, const QHash<QString, double>& prices)
+Result<double> compared(const PlanStore::Record& record, const QHash<QString, double>& prices)
 {
     const QString model = record.value(AutoPlanField::BaseField::priceModel).toString();
     Result<double> first = evaluated(record.value(AutoPlanField::BaseField::priceFormula1), prices);
@@ -69,7 +68,7 @@ const QStringList& priceNames()
     return names;
 }
 
-Result<DayPrice> dayPrice(const Record& record, const Security& security, const QVector<qint64>& closes)
+Result<DayPrice> dayPrice(const PlanStore::Record& record, const Security& security, const QVector<qint64>& closes)
 {
     if (closes.isEmpty())
         return { Error::NoCloses, { security.symbol } };

@@ -1,11 +1,10 @@
 #pragma once
 
+#include "PlanStore.h"
 #include "Security.h"
 #include "Status.h"
 
-#include <QMap>
 #include <QStringList>
-#include <QVariant>
 #include <QVector>
 
 #include <optional>
@@ -32,8 +31,7 @@ struct DayPrice {
 
 /// Computes a plan's price from its mode and formulas. `closes`: the security's closing prices before the day in ticks,
 /// oldest first.
-Result<DayPrice> dayPrice(
-    const QMap<QString, QVariant>& record, const Security& security, const QVector<qint64>& closes);
+Result<DayPrice> dayPrice(const PlanStore::Record& record, const Security& security, const QVector<qint64>& closes);
 
 /// The fill of an order.
 struct Fill {

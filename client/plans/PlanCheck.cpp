@@ -1,6 +1,5 @@
 #include "PlanCheck.h"
 
-#include "CheckedPlan.h"
 #include "DayPrice.h"
 #include "EntrustTypes.h"
 #include "Kelvo_Fields.h"
@@ -275,7 +274,7 @@ const QVector<Rule>& recordRules()
     return rules;
 }
 
-CheckedPlan checkedPlan(const PlanCheck::Record& record, const PlanCheck::Known& known)
+CheckedPlan checkedPlan(const PlanStore::Record& record, const PlanCheck::Known& known)
 {
     const QString other = record.value(BaseField::planOtherParam).toString();
     return { record, known, PlanTexts::otherParam(other).value_or(QMap<QString, QVariant>()) };
@@ -305,7 +304,7 @@ QVector<QPair<QString, QString>> identityFields()
 }
 
 /// Caption of the first identifying field that differs; empty if there is none.
-QString changedIdentity(const PlanCheck::Record& stored, const PlanCheck::Record& record)
+QString changedIdentity(const PlanStore::Record& stored, const PlanStore::Record& record)
 {
     const auto fields = identityFields();
     for (const auto& field : fields) {
@@ -339,14 +338,15 @@ Status usedError(const CheckedPlan& plan, double used)
 
 } // namespace
 
-Status PlanCheck::creationError(const Record& record, const Known& known)
+Status PlanCheck::creationError(const PlanStore::Record& record, const Known& known)
 {
     static const QVector<Rule> rules = QVector<Rule>{ hasNoId } + recordRules()
         + QVector<Rule>{ securityAccountIsTheAccounts, beginIsNotPast } + presentRules();
     return firstError(rules, checkedPlan(record, known));
 }
 
-Status PlanCheck::changeError(const Record& stored, const Record& record, double used, const Known& known)
+Status PlanCheck::changeError(
+    const PlanStore::Record& stored, const PlanStore::Record& record, double used, const Known& known)
 {
     const CheckedPlan plan = checkedPlan(record, known);
     if (Status status = firstError(recordRules(), plan); !status)

@@ -24,7 +24,7 @@ Result<QVector<qint64>> PlanFacts::closesBefore(ClientSession& session, const Se
     return history->ticks;
 }
 
-Result<double> PlanFacts::sellable(ClientSession& session, const Record& record, const Security& security)
+Result<double> PlanFacts::sellable(ClientSession& session, const PlanStore::Record& record, const Security& security)
 {
     const auto positions =
         PositionStore(session.database())

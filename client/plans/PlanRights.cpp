@@ -15,19 +15,19 @@ namespace {
 // The rule property of a user whose instructions are reviewed.
 constexpr int Review = 1;
 
-QString accountOf(const PlanRights::Record& record)
+QString accountOf(const PlanStore::Record& record)
 {
     return record.value(Kelvo_Fields::UserAccount::tradingAccount).toString();
 }
 
-QString typeOf(const PlanRights::Record& record)
+QString typeOf(const PlanStore::Record& record)
 {
     return record.value(Orlo_Fields::AutoPlan::subType).toString();
 }
 
 } // namespace
 
-Status PlanRights::tradeError(const Record& record) const
+Status PlanRights::tradeError(const PlanStore::Record& record) const
 {
     const QString name = accountOf(record);
     const QString type = typeOf(record);
@@ -44,14 +44,14 @@ Status PlanRights::tradeError(const Record& record) const
     return sells || type != InstructionType::HkConnect ? Status() : Status(Error::SideNotOfType, { type });
 }
 
-Status PlanRights::reviewError(const Record& record) const
+Status PlanRights::reviewError(const PlanStore::Record& record) const
 {
     const bool isActive = record.value(BaseField::InstMode).toString() == InstMode::ActiveManage;
     return isActive && instruction.ruleProperty == Review ? Status(Error::ReviewRequired, { accountOf(record) })
                                                           : Status();
 }
 
-Status PlanRights::handlerError(const Record& record) const
+Status PlanRights::handlerError(const PlanStore::Record& record) const
 {
     const QString executor = record.value(BaseField::executeUser).toString();
     if (!executor.isEmpty() && !executors.contains(executor))
@@ -68,7 +68,7 @@ PlanRightsReader::PlanRightsReader(Database& database, const QDate& day)
 {
 }
 
-Result<PlanRights> PlanRightsReader::read(const QString& userId, const PlanRights::Record& record)
+Result<PlanRights> PlanRightsReader::read(const QString& userId, const PlanStore::Record& record)
 {
     const QStringList key{ userId, accountOf(record), typeOf(record) };
     const auto known = m_known.constFind(key);

@@ -3,16 +3,13 @@
 #include "AccountStore.h"
 #include "AuthorityStore.h"
 #include "LimitStore.h"
+#include "PlanStore.h"
 
 #include <QDate>
 #include <QHash>
-#include <QMap>
-#include <QVariant>
 
 /// What a user may do with instructions of a type from an account.
 struct PlanRights {
-    using Record = QMap<QString, QVariant>;
-
     /// One with an empty trading account if the account is not the user's.
     StoredAccount account;
     Rights instruction;
@@ -22,11 +19,11 @@ struct PlanRights {
     AccountLimits limits;
 
     /// Why the user may not trade with the plan's account, instruction type and side; success if that is allowed.
-    Status tradeError(const Record& record) const;
+    Status tradeError(const PlanStore::Record& record) const;
     /// Why the plan cannot be actively managed; success if it is not or may be.
-    Status reviewError(const Record& record) const;
-    /// Why the plan's executor or assignee cannot handle it; success if he can or there is none.
-    Status handlerError(const Record& record) const;
+    Status reviewError(const PlanStore::Record& record) const;
+    /// Why the plan's executor or assignee cannot handle it; success if they can, or if there is none.
+    Status handlerError(const PlanStore::Record& record) const;
 };
 
 /// Reads rights from the database, those of a user, an account and a type once. Use it within one transaction.
@@ -35,7 +32,7 @@ public:
     /// `day`: the day for which the limits are read.
     PlanRightsReader(Database& database, const QDate& day);
 
-    Result<PlanRights> read(const QString& userId, const PlanRights::Record& record);
+    Result<PlanRights> read(const QString& userId, const PlanStore::Record& record);
 
 private:
     Result<PlanRights> readStored(const QString& userId, const QString& account, const QString& type);
