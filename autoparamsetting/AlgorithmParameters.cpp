@@ -27,9 +27,9 @@ constexpr int ChoiceAndParameters = 3;
 constexpr int CentredOverWindow = 2;
 const QString LoadSucceeded = QStringLiteral("0");
 
-QMap<QString, QVariant> baseData(const Ui::AutoParamSetting& ui)
+FieldMap baseData(const Ui::AutoParamSetting& ui)
 {
-    QMap<QString, QVariant> data;
+    FieldMap data;
     data.insert(Content::TradingAccount, ui.combx_fundAccount->GetCurTradingAccount());
     data.insert(Content::Symbol, ui.le_symbol->getSymbol());
     AlgorithmParameters::insertSide(data, currentCode(ui.combx_tradeSide));
@@ -67,7 +67,7 @@ QString algorithmSide(const QString& side)
     return QString();
 }
 
-void insertSide(QMap<QString, QVariant>& baseData, const QString& side)
+void insertSide(FieldMap& baseData, const QString& side)
 {
     const QString code = algorithmSide(side);
     if (!code.isEmpty())
@@ -100,7 +100,7 @@ void AutoParamSetting::slotBtnAlgoParamSettingClicked()
     if (!m_algoParamWidget)
         m_algoParamWidget = AlgorithmParameters::createWidget(this, m_algoWhiteList);
     QString name = m_algoParamWidget->GetStrategyName();
-    QMap<QString, QVariant> parameters = m_algoParamWidget->GetParamMap();
+    FieldMap parameters = m_algoParamWidget->GetParamMap();
     AlgorithmParameters::refreshLists(m_algoParamWidget, m_algoWhiteList, m_algoBlackList);
 
     const QStringList authorised = m_algoParamWidget->getAuthorityAlgoList();

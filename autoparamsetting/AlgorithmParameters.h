@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QMap>
+#include "PlanVocabulary.h"
+
 #include <QStringList>
-#include <QVariant>
 
 class ParamListWidget_single;
 class QWidget;
@@ -20,7 +20,7 @@ void refreshLists(ParamListWidget_single* widget, const QStringList& whiteList, 
 QString algorithmSide(const QString& side);
 
 /// Inserts a plan's side into base data as the algorithm's code. Inserts nothing if the side has no such code.
-void insertSide(QMap<QString, QVariant>& baseData, const QString& side);
+void insertSide(FieldMap& baseData, const QString& side);
 
 /// Returns the algorithm's order property for an entrust type; empty if there is none.
 QString orderProperty(const QString& entrustType);

@@ -31,8 +31,6 @@ namespace {
 namespace Base = AutoPlanField::BaseField;
 namespace Content = Algo_Fields::AlgoInstContentInfo;
 
-using FieldMap = QMap<QString, QVariant>;
-
 /// A stored plan, prepared for the form: texts by key, with modes that match the user's rule.
 class StoredPlan {
 public:

@@ -16,8 +16,6 @@
 
 namespace {
 
-using FieldMap = QMap<QString, QVariant>;
-
 const QString InstructionHasEnded = QStringLiteral("1");
 
 double numberOf(const FieldMap& fields, const QString& key)

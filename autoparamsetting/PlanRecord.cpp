@@ -21,8 +21,6 @@ namespace {
 
 namespace Base = AutoPlanField::BaseField;
 
-using FieldMap = QMap<QString, QVariant>;
-
 // A reduction has no end, but every record has an end date.
 constexpr int OpenEndYears = 100;
 

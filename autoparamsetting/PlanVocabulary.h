@@ -1,7 +1,12 @@
 #pragma once
 
+#include <QMap>
 #include <QString>
 #include <QStringList>
+#include <QVariant>
+
+/// The fields of a record, of its other parameters or of an instruction, by key.
+using FieldMap = QMap<QString, QVariant>;
 
 /// Codes of the form's items, as stored in plans. Comparisons are exact and case-sensitive. Codes of different families
 /// may be equal; each box is searched only for codes of one family.

@@ -3,13 +3,12 @@
 #include "AutoPlanLogic.h"
 #include "Kelvo_Fields.h"
 #include "OrloWidget.h"
+#include "PlanVocabulary.h"
 #include "ui_AutoParamSetting.h"
 
 #include <QPointer>
 
 namespace {
-
-using PlanRecord = QMap<QString, QVariant>;
 
 // Blocks OK while the previous OK is being processed. Message boxes run event loops, so a second click would send the
 // same plan again.
@@ -37,7 +36,7 @@ private:
 // The service may run an event loop in which the host deletes the editor. Both functions return true if the plan was
 // stored and the editor still exists.
 
-bool createPlan(const PlanRecord& record, QWidget* editor)
+bool createPlan(const FieldMap& record, QWidget* editor)
 {
     const QPointer<QWidget> alive(editor);
     const QString failure = AutoPlanLogic::instance().CreateNewPlan(record);
@@ -52,10 +51,10 @@ bool createPlan(const PlanRecord& record, QWidget* editor)
 }
 
 // A modified plan keeps the security account with which it was created, even if the account's data have changed.
-bool modifyPlan(PlanRecord record, const QString& planId, QWidget* editor)
+bool modifyPlan(FieldMap record, const QString& planId, QWidget* editor)
 {
     const QPointer<QWidget> alive(editor);
-    const PlanRecord stored = AutoPlanLogic::instance().GetPlanInfo(planId);
+    const FieldMap stored = AutoPlanLogic::instance().GetPlanInfo(planId);
     record.insert(AutoPlanField::BaseField::autoPlanId, planId);
     record.insert(Kelvo_Fields::UserAccount::securityAccount,
         stored.value(Kelvo_Fields::UserAccount::securityAccount).toString());
@@ -79,7 +78,7 @@ void AutoParamSetting::slotBtnOkClicked()
         const ReentryGuard guard(ui->btn_ok);
         if (!checkParam())
             return;
-        const PlanRecord record = procUiDataByCreatePlan();
+        const FieldMap record = procUiDataByCreatePlan();
         // A copy: the host may reset the editor while the service works, and the result names the plan.
         const QString planId = m_planId;
         if (!(planId.isEmpty() ? createPlan(record, this) : modifyPlan(record, planId, this)))

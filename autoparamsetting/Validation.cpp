@@ -29,8 +29,6 @@ namespace {
 
 namespace Content = Algo_Fields::AlgoInstContentInfo;
 
-using FieldMap = QMap<QString, QVariant>;
-
 /// The result of a rule: passed, a warning that stops the check, or a question that the trader can accept.
 struct Verdict {
     enum Kind { Passed, Warning, Question };
