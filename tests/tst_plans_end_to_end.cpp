@@ -252,9 +252,9 @@ private Q_SLOTS:
     {
         PlanForm form = complete(ReviewedAccount).priced(PriceModel::Custom, QStringLiteral("昨收价*1.01"));
         // Stored directly: the plan is from before the review, and the service would refuse it now.
-        DatabaseProbe facts(session().file());
+        DatabaseProbe probe(session().file());
         const QString user = ClientSession::instance().user().id;
-        const auto record = ExpectedRecord(form, Shown, user, facts).record();
+        const auto record = ExpectedRecord(form, Shown, user, probe).record();
         const QString id = plans().create(record, user, QDateTime::currentDateTime()).valueOr(QString());
         openPlan(id, true);
         QCOMPARE(code(editor(), "combx_instructionMode"), InstMode::AlgoReview);
@@ -273,9 +273,9 @@ private Q_SLOTS:
         form.target = QStringLiteral("1990");
         driver().fill(form);
         QCOMPARE(ok(), created());
-        DatabaseProbe facts(session().file());
-        QCOMPARE(facts.security(form.symbol).displayFactor, 10);
-        QCOMPARE(facts.record(newestPlan()).value(QStringLiteral("totalQty")), QStringLiteral("199"));
+        DatabaseProbe probe(session().file());
+        QCOMPARE(probe.security(form.symbol).displayFactor, 10);
+        QCOMPARE(probe.record(newestPlan()).value(QStringLiteral("totalQty")), QStringLiteral("199"));
     }
 
     void theOnlyAccountNeedsNoChoice()
@@ -341,11 +341,11 @@ private Q_SLOTS:
 
     void everyDifferenceToWhatWasFilledInIsReported()
     {
-        DatabaseProbe facts(session().file());
+        DatabaseProbe probe(session().file());
         const PlanForm form = ordinary();
-        const ExpectedRecord expected(form, Shown, QStringLiteral("trader01"), facts);
+        const ExpectedRecord expected(form, Shown, QStringLiteral("trader01"), probe);
         QMap<QString, QString> stored = expected.fields();
-        const QString subType = facts.security(form.symbol).subType;
+        const QString subType = probe.security(form.symbol).subType;
         stored.insert(QStringLiteral("planOtherParam"),
             QStringLiteral("{\"securitySubType\":\"%1\",\"currentQty\":\"500\"}").arg(subType));
         QCOMPARE(expected.differences(stored), QStringList());

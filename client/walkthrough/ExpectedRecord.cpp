@@ -73,11 +73,11 @@ void compare(const QMap<QString, Value>& expected, const QMap<QString, Value>& s
 } // namespace
 
 ExpectedRecord::ExpectedRecord(
-    const PlanForm& form, const ShownDates& dates, const QString& userId, DatabaseProbe& facts)
+    const PlanForm& form, const ShownDates& dates, const QString& userId, DatabaseProbe& probe)
     : m_form(form)
-    , m_security(facts.security(form.symbol))
+    , m_security(probe.security(form.symbol))
 {
-    addIdentity(userId, facts);
+    addIdentity(userId, probe);
     addPrices();
     addPersonAndDates(dates);
     addOther();
@@ -108,13 +108,13 @@ QString ExpectedRecord::wholeNumber(const QString& typed) const
     return QString::number(static_cast<qint64>(typed.toDouble()) / m_security.displayFactor);
 }
 
-void ExpectedRecord::addIdentity(const QString& userId, DatabaseProbe& facts)
+void ExpectedRecord::addIdentity(const QString& userId, DatabaseProbe& probe)
 {
     m_fields.insert(UserAccount::userID, userId);
     m_fields.insert(UserAccount::tradingAccount, m_form.account);
     m_fields.insert(UserAccount::securityExchange, m_security.exchange);
-    m_fields.insert(UserAccount::securityAccount, facts.securityAccount(m_form.account, m_security.exchange));
-    m_fields.insert(FieldId::Branch, facts.branchOf(m_form.account));
+    m_fields.insert(UserAccount::securityAccount, probe.securityAccount(m_form.account, m_security.exchange));
+    m_fields.insert(FieldId::Branch, probe.branchOf(m_form.account));
     m_fields.insert(Kelvo_Fields::Security::symbol, m_form.symbol);
     m_fields.insert(Orlo_Fields::AutoPlan::templateCode, m_form.planType);
     m_fields.insert(Orlo_Fields::AutoPlan::subType, m_form.instructionType);

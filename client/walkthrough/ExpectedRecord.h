@@ -12,7 +12,7 @@
 /// security in the database, without reading the form.
 class ExpectedRecord {
 public:
-    ExpectedRecord(const PlanForm& form, const ShownDates& dates, const QString& userId, DatabaseProbe& facts);
+    ExpectedRecord(const PlanForm& form, const ShownDates& dates, const QString& userId, DatabaseProbe& probe);
 
     /// Every key of the record except the other-parameter text.
     const QMap<QString, QString>& fields() const { return m_fields; }
@@ -27,7 +27,7 @@ public:
 
 private:
     QString wholeNumber(const QString& typed) const;
-    void addIdentity(const QString& userId, DatabaseProbe& facts);
+    void addIdentity(const QString& userId, DatabaseProbe& probe);
     void addPrices();
     void addPersonAndDates(const ShownDates& dates);
     void addOther();

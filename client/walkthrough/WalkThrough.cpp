@@ -40,7 +40,7 @@ WalkThrough::WalkThrough(MainWindow& window, const QString& folder)
     : m_window(window)
     , m_dialog(*window.editorDialog())
     , m_folder(folder)
-    , m_facts(ClientSession::instance().database().fileName())
+    , m_probe(ClientSession::instance().database().fileName())
 {
     m_boxes.setOnShown([this](QWidget* box) { picture(box, QStringLiteral("box")); });
 }
@@ -74,8 +74,8 @@ bool WalkThrough::prepare()
     m_reviewedAccount = accountWith(1, { InstructionType::Ordinary });
     if (m_freeAccount.isEmpty() || m_reviewedAccount.isEmpty())
         problem(QStringLiteral("用户%1没有演示所需的账户").arg(ClientSession::instance().user().id));
-    if (!m_facts.error().isEmpty())
-        problem(m_facts.error());
+    if (!m_probe.error().isEmpty())
+        problem(m_probe.error());
     if (m_problems == 0 && !QTest::qWaitForWindowExposed(&m_window))
         problem(QStringLiteral("主窗口没有显示"));
     return m_problems == 0;
@@ -129,11 +129,11 @@ void WalkThrough::checkStored(const QString& planId, const PlanForm& form, const
         m_dialog.leave();
         return;
     }
-    const QMap<QString, QString> record = m_facts.record(planId);
+    const QMap<QString, QString> record = m_probe.record(planId);
     print(QStringLiteral("  数据库中的计划%1：").arg(planId));
     for (auto it = record.cbegin(); it != record.cend(); ++it)
         print(QStringLiteral("    %1 = %2").arg(it.key(), *it));
-    const ExpectedRecord expected(form, dates, ClientSession::instance().user().id, m_facts);
+    const ExpectedRecord expected(form, dates, ClientSession::instance().user().id, m_probe);
     const QStringList differences = expected.differences(record);
     collect(differences);
     if (m_window.currentPlan() != planId)
@@ -144,7 +144,7 @@ void WalkThrough::checkStored(const QString& planId, const PlanForm& form, const
 
 QString WalkThrough::newestPlan()
 {
-    const QStringList ids = m_facts.planIds();
+    const QStringList ids = m_probe.planIds();
     return ids.isEmpty() ? QString() : ids.constLast();
 }
 

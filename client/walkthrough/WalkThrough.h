@@ -51,7 +51,7 @@ private:
     MainWindow& m_window;
     EditorDialog& m_dialog;
     const QDir m_folder;
-    DatabaseProbe m_facts;
+    DatabaseProbe m_probe;
     MessageBoxResponder m_boxes;
     QString m_stage;
     QString m_freeAccount;     ///< an account whose instructions need no review

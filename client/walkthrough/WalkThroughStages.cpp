@@ -50,7 +50,7 @@ QDate tradeDay(const QString& exchange, int steps)
 
 PlanForm WalkThrough::ordinaryForm()
 {
-    const QString share = m_facts.firstOf(SubType::Ashares, Kelvo_Values::Exchange::sh).symbol;
+    const QString share = m_probe.firstOf(SubType::Ashares, Kelvo_Values::Exchange::sh).symbol;
     PlanForm form =
         PlanForm::ordinary(m_freeAccount, share).priced(PriceModel::Custom, QStringLiteral("max(昨收价*0.99,MA5)"));
     form.target = QStringLiteral("120000");
@@ -75,7 +75,7 @@ void WalkThrough::createBond()
     form.instructionType = InstructionType::Bond;
     form.planType = PlanType::AverageQty;
     form.symbol =
-        m_facts
+        m_probe
             .firstOf(Orlo_Values::MdcSubSecurityType::ConvertableBondTypeList.constFirst(), Kelvo_Values::Exchange::sh)
             .symbol;
     form.target = QStringLiteral("5000");
@@ -88,7 +88,7 @@ void WalkThrough::createBond()
 void WalkThrough::createHongKong()
 {
     beginStage(QStringLiteral("hongkong"), QStringLiteral("港股通交易"));
-    const DatabaseProbe::Security share = m_facts.held(m_freeAccount, Orlo_Values::Exchange::HkStockCirculation,
+    const DatabaseProbe::Security share = m_probe.held(m_freeAccount, Orlo_Values::Exchange::HkStockCirculation,
         Orlo_Values::MdcSubSecurityType::HStcokCirculation, true);
     PlanForm form = ordinaryForm();
     form.instructionType = InstructionType::HkConnect;
@@ -112,7 +112,7 @@ void WalkThrough::createReduction()
     PlanForm form = ordinaryForm()
                         .priced(PriceModel::Custom, QStringLiteral("昨收价"))
                         .reducing(QStringLiteral("0.15"), accounts.executors(chain).value(1));
-    form.symbol = m_facts.held(m_freeAccount, Kelvo_Values::Exchange::sh, SubType::Ashares, true).symbol;
+    form.symbol = m_probe.held(m_freeAccount, Kelvo_Values::Exchange::sh, SubType::Ashares, true).symbol;
     form.target = QStringLiteral("100000");
     form.beginSteps = 1;
     form.remark.clear();
@@ -173,7 +173,7 @@ void WalkThrough::editStarted()
 QString WalkThrough::storeStartedPlan(const PlanForm& form, const ShownDates& dates)
 {
     ClientSession& session = ClientSession::instance();
-    const ExpectedRecord record(form, dates, session.user().id, m_facts);
+    const ExpectedRecord record(form, dates, session.user().id, m_probe);
     const Result<QString> plan =
         session.plans().create(record.record(), session.user().id, QDateTime::currentDateTime().addDays(-3));
     const InstructionStore::Fields instruction{ { FieldId::TradeDate, dates.begin },
@@ -211,7 +211,7 @@ void WalkThrough::answerQuestion()
 {
     beginStage(QStringLiteral("question"), QStringLiteral("拒绝，然后接受询问"));
     const DatabaseProbe::Security share =
-        m_facts.held(m_freeAccount, Kelvo_Values::Exchange::sh, SubType::Ashares, false);
+        m_probe.held(m_freeAccount, Kelvo_Values::Exchange::sh, SubType::Ashares, false);
     PlanForm form = ordinaryForm();
     form.symbol = share.symbol;
     form.side = Kelvo_Values::OrderSide::sell;

@@ -19,16 +19,16 @@ void ClientFormTest::startSession()
 
 QString ClientFormTest::differences(const QString& planId, const PlanForm& form, const ShownDates& dates) const
 {
-    DatabaseProbe facts(m_session->file());
-    return ExpectedRecord(form, dates, ClientSession::instance().user().id, facts)
-        .differences(facts.record(planId))
+    DatabaseProbe probe(m_session->file());
+    return ExpectedRecord(form, dates, ClientSession::instance().user().id, probe)
+        .differences(probe.record(planId))
         .join(QStringLiteral("; "));
 }
 
 QString ClientFormTest::store(const PlanForm& form, const ShownDates& dates)
 {
-    DatabaseProbe facts(m_session->file());
-    return m_session->create(ExpectedRecord(form, dates, ClientSession::instance().user().id, facts).record());
+    DatabaseProbe probe(m_session->file());
+    return m_session->create(ExpectedRecord(form, dates, ClientSession::instance().user().id, probe).record());
 }
 
 void ClientFormTest::goTo(const QDate& day)
