@@ -26,10 +26,10 @@ bool isLog(int file)
 int count(long systemCall, int file)
 {
     if (isLog(file)) {
-        struct stat facts { };
+        struct stat status { };
         ++syncs.log;
-        if (fstat(file, &facts) == 0)
-            syncs.logSize = facts.st_size;
+        if (fstat(file, &status) == 0)
+            syncs.logSize = status.st_size;
     } else {
         ++syncs.other;
     }

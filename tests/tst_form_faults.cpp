@@ -13,7 +13,7 @@ using FaultyDisk::Lasting;
 
 namespace {
 
-enum class Trouble { Locked, ReadOnly, Full, WriteError };
+enum class DiskFault { Locked, ReadOnly, Full, WriteError };
 
 constexpr int OneSecond = 1000;
 
@@ -40,7 +40,7 @@ QStringList stateOf(const QWidget& form)
 
 } // namespace
 
-Q_DECLARE_METATYPE(Trouble)
+Q_DECLARE_METATYPE(DiskFault)
 
 /// OK in a filled form when the database cannot be written: a message appears within a second, the form is unchanged
 /// and nothing is stored. The same form stores its plan once the fault is gone.
@@ -49,25 +49,25 @@ class FormFaultsTest : public ClientFormTest {
 
 private:
     /// The file is read-only before the session opens; every other fault occurs during the session.
-    void begin(Trouble trouble)
+    void begin(DiskFault fault)
     {
-        if (trouble == Trouble::Locked) {
+        if (fault == DiskFault::Locked) {
             m_other = std::make_unique<WriterProcess>();
             QVERIFY(m_other->start(session().file(), { QStringLiteral("lock") }));
-        } else if (trouble == Trouble::ReadOnly) {
+        } else if (fault == DiskFault::ReadOnly) {
             FaultyDisk::setReadOnly(true);
             QCOMPARE(session().reopen(), Status());
         } else {
-            FaultyDisk::failAt(1, trouble == Trouble::Full ? Fault::Full : Fault::InputOutput, Lasting::ForGood);
+            FaultyDisk::failAt(1, fault == DiskFault::Full ? Fault::Full : Fault::InputOutput, Lasting::ForGood);
         }
     }
 
-    void end(Trouble trouble)
+    void end(DiskFault fault)
     {
         FaultyDisk::heal();
-        if (trouble == Trouble::Locked)
+        if (fault == DiskFault::Locked)
             QVERIFY(m_other->release());
-        if (trouble == Trouble::ReadOnly)
+        if (fault == DiskFault::ReadOnly)
             QCOMPARE(session().reopen(), Status());
     }
 
@@ -92,26 +92,26 @@ private Q_SLOTS:
 
     void aPlanThatCannotBeStoredKeepsTheForm_data()
     {
-        QTest::addColumn<Trouble>("trouble");
+        QTest::addColumn<DiskFault>("fault");
         QTest::addColumn<bool>("edits");
         QTest::addColumn<QString>("message");
         const QString busy = QStringLiteral("数据库正被其他程序占用，请稍后再试");
         const QString readOnly = QStringLiteral("数据库文件只读，无法写入");
         const QString full = QStringLiteral("磁盘空间不足，无法写入数据库");
         const QString failed = QStringLiteral("读写数据库文件出错");
-        QTest::newRow("a new plan, locked by another process") << Trouble::Locked << false << busy;
-        QTest::newRow("a new plan, file read-only") << Trouble::ReadOnly << false << readOnly;
-        QTest::newRow("a new plan, disk full") << Trouble::Full << false << full;
-        QTest::newRow("a new plan, every write failing") << Trouble::WriteError << false << failed;
-        QTest::newRow("a change, locked by another process") << Trouble::Locked << true << busy;
-        QTest::newRow("a change, file read-only") << Trouble::ReadOnly << true << readOnly;
-        QTest::newRow("a change, disk full") << Trouble::Full << true << full;
-        QTest::newRow("a change, every write failing") << Trouble::WriteError << true << failed;
+        QTest::newRow("a new plan, locked by another process") << DiskFault::Locked << false << busy;
+        QTest::newRow("a new plan, file read-only") << DiskFault::ReadOnly << false << readOnly;
+        QTest::newRow("a new plan, disk full") << DiskFault::Full << false << full;
+        QTest::newRow("a new plan, every write failing") << DiskFault::WriteError << false << failed;
+        QTest::newRow("a change, locked by another process") << DiskFault::Locked << true << busy;
+        QTest::newRow("a change, file read-only") << DiskFault::ReadOnly << true << readOnly;
+        QTest::newRow("a change, disk full") << DiskFault::Full << true << full;
+        QTest::newRow("a change, every write failing") << DiskFault::WriteError << true << failed;
     }
 
     void aPlanThatCannotBeStoredKeepsTheForm()
     {
-        QFETCH(Trouble, trouble);
+        QFETCH(DiskFault, fault);
         QFETCH(bool, edits);
         QFETCH(QString, message);
         QString id;
@@ -131,7 +131,7 @@ private Q_SLOTS:
         QVERIFY(before.size() > 10);
         const int stored = *plans().count();
 
-        begin(trouble);
+        begin(fault);
         QElapsedTimer clock;
         qint64 shownAfter = -1;
         boxes().setOnShown([&](QWidget*) { shownAfter = shownAfter < 0 ? clock.elapsed() : shownAfter; });
@@ -144,7 +144,7 @@ private Q_SLOTS:
         QVERIFY2(shownAfter >= 0 && shownAfter < OneSecond, qPrintable(QString::number(shownAfter)));
         QCOMPARE(stateOf(editor()), before);
         QCOMPARE(closed(), 0);
-        end(trouble);
+        end(fault);
         QCOMPARE(*plans().count(), stored);
 
         QCOMPARE(ok(), edits ? modified(id) : created());

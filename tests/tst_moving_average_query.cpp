@@ -12,12 +12,12 @@
 
 namespace {
 
-constexpr int Patience = 10000;
+constexpr int Timeout = 10000;
 
 struct Answers {
     QSignalSpy spy{ &AutoPlanLogic::instance(), &AutoPlanLogic::signalQuerySymbolMAResponse };
 
-    bool await() { return spy.count() > 0 || spy.wait(Patience); }
+    bool await() { return spy.count() > 0 || spy.wait(Timeout); }
     QString symbol(int i) const { return spy.at(i).at(0).toString(); }
     QStringList names(int i) const { return spy.at(i).at(1).toStringList(); }
     QString reason(int i) const { return spy.at(i).at(2).toString(); }
@@ -59,7 +59,7 @@ private Q_SLOTS:
         // For a security with closes the worker thread answers at any time; this answer does not need that thread.
         ask(QStringLiteral("999999.SH"));
         QCOMPARE(answers.spy.count(), 0);
-        QTRY_COMPARE_WITH_TIMEOUT(answers.spy.count(), 1, Patience);
+        QTRY_COMPARE_WITH_TIMEOUT(answers.spy.count(), 1, Timeout);
     }
 
     void theAnswerIsEmittedFromAnotherThread()
@@ -71,7 +71,7 @@ private Q_SLOTS:
             &AutoPlanLogic::instance(), &AutoPlanLogic::signalQuerySymbolMAResponse, &receiver,
             [&emitter] { emitter = QThread::currentThread(); }, Qt::DirectConnection);
         ask(share());
-        QTRY_VERIFY_WITH_TIMEOUT(emitter != nullptr, Patience);
+        QTRY_VERIFY_WITH_TIMEOUT(emitter != nullptr, Timeout);
         QVERIFY(emitter != QThread::currentThread());
     }
 
@@ -84,7 +84,7 @@ private Q_SLOTS:
         ask(share());
         ask(bond);
         ask(share());
-        QTRY_COMPARE_WITH_TIMEOUT(answers.spy.count(), 3, Patience);
+        QTRY_COMPARE_WITH_TIMEOUT(answers.spy.count(), 3, Timeout);
         QCOMPARE(answers.symbol(0), share());
         QCOMPARE(answers.symbol(1), bond);
         QCOMPARE(answers.symbol(2), share());

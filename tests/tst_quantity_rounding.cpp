@@ -122,7 +122,7 @@ private Q_SLOTS:
         QCOMPARE(log.lines().size(), 1);
         QCOMPARE(
             log.lines().first().text, QStringLiteral("AutoParamSetting::someOperation display factor 0 counts as 1"));
-        QCOMPARE(log.trouble(), QStringList());
+        QCOMPARE(log.problems(), QStringList());
     }
 };
 

@@ -216,7 +216,7 @@ void TestStoreReads::cleanup()
 {
     FaultyDisk::heal();
     m_session.reset();
-    QCOMPARE(m_log->trouble(), QStringList());
+    QCOMPARE(m_log->problems(), QStringList());
     m_log.reset();
 }
 

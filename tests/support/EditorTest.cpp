@@ -136,8 +136,8 @@ void EditorTest::init()
 void EditorTest::cleanup()
 {
     destroy();
-    const QStringList trouble = m_log->trouble();
+    const QStringList problems = m_log->problems();
     m_log.reset();
     Script::instance().reset();
-    QVERIFY2(trouble.isEmpty(), qPrintable(trouble.join(QLatin1Char('\n'))));
+    QVERIFY2(problems.isEmpty(), qPrintable(problems.join(QLatin1Char('\n'))));
 }

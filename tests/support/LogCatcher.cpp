@@ -75,7 +75,7 @@ void LogCatcher::clear()
     m_lines.clear();
 }
 
-QStringList LogCatcher::trouble() const
+QStringList LogCatcher::problems() const
 {
     const QMutexLocker lock(&guard());
     QStringList sentences = m_unexpected;

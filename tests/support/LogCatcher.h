@@ -14,8 +14,8 @@ struct LogLine {
     QString function; ///< empty if the line has no context
 };
 
-/// Captures the log during its lifetime. `trouble()` reports unexpected warnings and errors, and expected ones that are
-/// missing. Debug and information lines are kept and not printed.
+/// Captures the log during its lifetime. `problems()` reports unexpected warnings and errors, and expected ones that
+/// are missing. Debug and information lines are kept and not printed.
 class LogCatcher {
 public:
     LogCatcher();
@@ -34,11 +34,11 @@ public:
     QStringList warnings() const;
     /// Stops printing unexpected warnings, for tests that read `warnings()`.
     void keepSilent() { m_isSilent = true; }
-    /// Clears the lines; keeps expectations and trouble.
+    /// Clears the lines; keeps expectations and problems.
     void clear();
 
     /// Unexpected warnings, and expected ones that are missing, one sentence each.
-    QStringList trouble() const;
+    QStringList problems() const;
 
 private:
     static void handle(QtMsgType type, const QMessageLogContext& context, const QString& text);

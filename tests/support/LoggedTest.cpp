@@ -13,9 +13,9 @@ void LoggedTest::init()
 void LoggedTest::cleanup()
 {
     tidyUp();
-    const QStringList trouble = m_log->trouble();
+    const QStringList problems = m_log->problems();
     m_log.reset();
-    QCOMPARE(trouble, QStringList());
+    QCOMPARE(problems, QStringList());
 }
 
 void FieldTest::prepare()

@@ -8,7 +8,7 @@
 namespace {
 
 // Long, so that a busy machine does not fail a test.
-constexpr int Patience = 120000;
+constexpr int Timeout = 120000;
 
 } // namespace
 
@@ -17,7 +17,7 @@ WriterProcess::~WriterProcess()
     if (m_process.state() == QProcess::NotRunning)
         return;
     m_process.kill();
-    m_process.waitForFinished(Patience);
+    m_process.waitForFinished(Timeout);
 }
 
 bool WriterProcess::start(const QString& file, const QStringList& arguments)
@@ -25,7 +25,7 @@ bool WriterProcess::start(const QString& file, const QStringList& arguments)
     if (!launch(file, arguments))
         return false;
     while (!output().contains("ready\n")) {
-        if (!m_process.waitForReadyRead(Patience))
+        if (!m_process.waitForReadyRead(Timeout))
             return false;
     }
     return true;
@@ -39,7 +39,7 @@ bool WriterProcess::launch(const QString& file, const QStringList& arguments)
     m_process.setProcessEnvironment(environment);
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_process.start(QStringLiteral(PLAN_WRITER_PROGRAM), QStringList{ file } + arguments);
-    return m_process.waitForStarted(Patience);
+    return m_process.waitForStarted(Timeout);
 }
 
 void WriterProcess::killAfter(qint64 microseconds)
@@ -54,13 +54,13 @@ void WriterProcess::killAfter(qint64 microseconds)
     }
     while (clock.nsecsElapsed() / 1000 < microseconds) { }
     ::kill(static_cast<pid_t>(m_process.processId()), SIGKILL);
-    m_process.waitForFinished(Patience);
+    m_process.waitForFinished(Timeout);
 }
 
 bool WriterProcess::finish()
 {
     m_process.closeWriteChannel();
-    const bool finished = m_process.state() == QProcess::NotRunning || m_process.waitForFinished(Patience);
+    const bool finished = m_process.state() == QProcess::NotRunning || m_process.waitForFinished(Timeout);
     return finished && m_process.exitStatus() == QProcess::NormalExit && m_process.exitCode() == 0;
 }
 
