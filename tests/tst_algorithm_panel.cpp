@@ -54,7 +54,7 @@ private:
     void tidyUp() override { m_owner.reset(); }
 
 private Q_SLOTS:
-    void aNewPanelHoldsNothingAndIsHidden()
+    void aNewPanelIsEmptyAndHidden()
     {
         QVERIFY(!m_panel->isVisible());
         QVERIFY(!m_panel->HasParams());
@@ -101,7 +101,7 @@ private Q_SLOTS:
         QCOMPARE(m_panel->GetParamMap(), expected);
     }
 
-    void onlyWhatIsConfirmedIsToldToTheOwner()
+    void unconfirmedValuesAreNotReturned()
     {
         open(Twap);
         type("input_SliceInterval", QStringLiteral("30"));

@@ -114,7 +114,7 @@ private Q_SLOTS:
         QCOMPARE(session().reopen(), Status());
     }
 
-    void aClockSetBackBeforeSendingHarmsNoNewPlan()
+    void aClockSetBackBeforeSendingDoesNotAffectNewPlans()
     {
         goTo(Friday);
         open();

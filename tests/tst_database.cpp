@@ -253,7 +253,7 @@ private Q_SLOTS:
         QCOMPARE(contentOf(fileName), content);
     }
 
-    void aTransactionThatGivesAReasonLeavesNothing()
+    void aTransactionThatFailsStoresNothing()
     {
         PlanStore plans(*m_database);
         const Status changedMind(Error::UnknownPlan, { QStringLiteral("changed my mind") });
@@ -265,7 +265,7 @@ private Q_SLOTS:
         QCOMPARE(*plans.count(), 0);
     }
 
-    void theLogIsBegunAheadOfTheFirstTransaction()
+    void theLogIsStartedBeforeTheFirstTransaction()
     {
         m_database->close();
         QCOMPARE(m_database->open(path(QStringLiteral("plans.db"))), Status());
@@ -277,7 +277,7 @@ private Q_SLOTS:
         QCOMPARE(*PlanStore(*m_database).count(), 0);
     }
 
-    void aLongLogIsMovedWhenNobodyWaits()
+    void aLongLogIsCheckpointedUnlessAnotherClientWrites()
     {
         PlanStore plans(*m_database);
         for (int i = 0; i < 60; ++i)
@@ -297,7 +297,7 @@ private Q_SLOTS:
         QCOMPARE(*PlanStore(other).count(), 60);
     }
 
-    void beginningTheLogKeepsTheVersionOfTheFile()
+    void startingTheLogKeepsTheVersionOfTheFile()
     {
         // A newer program has migrated the file in the meantime.
         QCOMPARE(m_database->execute(QStringLiteral("PRAGMA user_version = 99")), Status());
@@ -308,7 +308,7 @@ private Q_SLOTS:
         QCOMPARE(m_database->value(QStringLiteral("PRAGMA user_version"))->toInt(), 99);
     }
 
-    void theMarkOfTheContentsIsNotToldWithinATransaction()
+    void theChangeTokenIsEmptyWithinATransaction()
     {
         const QString before = m_database->changeToken();
         QVERIFY(!before.isEmpty());
@@ -455,7 +455,7 @@ private Q_SLOTS:
         QCOMPARE(*plans.count(), 1);
     }
 
-    void aClosedDatabaseGivesAReason()
+    void aClosedDatabaseReportsAnError()
     {
         m_database->close();
         PlanStore plans(*m_database);

@@ -158,14 +158,14 @@ private Q_SLOTS:
         OrloWidget::ShowTipMsgBox(QStringLiteral("好"), m_parent);
     }
 
-    void aBoxOutlivesItsParentsDeath_data()
+    void aBoxReturnsIfItsParentIsDeleted_data()
     {
         QTest::addColumn<bool>("question");
         QTest::newRow("a tip returns") << false;
         QTest::newRow("a question is declined") << true;
     }
 
-    void aBoxOutlivesItsParentsDeath()
+    void aBoxReturnsIfItsParentIsDeleted()
     {
         QFETCH(bool, question);
         whenOpen([this](QDialog*) { delete m_parent; });

@@ -248,7 +248,7 @@ private Q_SLOTS:
         QCOMPARE(differences(newestPlan(), active, Shown), QString());
     }
 
-    void anActivePlanOfAReviewedUserWantsAnAlgorithm()
+    void anActivePlanOfAReviewedUserNeedsAnAlgorithm()
     {
         PlanForm form = complete(ReviewedAccount).priced(PriceModel::Custom, QStringLiteral("昨收价*1.01"));
         // Stored directly: the plan is from before the review, and the service would refuse it now.

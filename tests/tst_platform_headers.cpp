@@ -30,7 +30,7 @@ private Q_SLOTS:
         }
     }
 
-    void theEditorNamesNothingThatAClientMayNameItself()
+    void theEditorUsesNoNameThatAClientMayChoose()
     {
         const QRegularExpression ownName(
             QStringLiteral("\\b(StrategyMode|VorInstructionNodeType|VorMarginTradeType)::\\w+|\\bSymbolList\\b"));

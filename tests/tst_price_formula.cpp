@@ -121,7 +121,7 @@ private Q_SLOTS:
         QCOMPARE(evaluate(formula).status(), status);
     }
 
-    void aPriceIsRefusedThatNobodyCanPay_data()
+    void aResultThatIsNoPriceIsRefused_data()
     {
         QTest::addColumn<QString>("formula");
         QTest::addColumn<Status>("status");
@@ -138,7 +138,7 @@ private Q_SLOTS:
             << QStringLiteral("1+MA250") << at(3, { Error::PriceNotAvailable, { QStringLiteral("MA250") } });
     }
 
-    void aPriceIsRefusedThatNobodyCanPay()
+    void aResultThatIsNoPriceIsRefused()
     {
         QFETCH(QString, formula);
         QFETCH(Status, status);

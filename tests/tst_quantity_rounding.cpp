@@ -98,7 +98,7 @@ private Q_SLOTS:
         QCOMPARE(storedQuantity(displayed, factor), stored);
     }
 
-    void aFactorThatCanDivideIsKeptInSilence_data()
+    void aValidFactorIsReturnedWithoutALogLine_data()
     {
         QTest::addColumn<int>("factor");
         QTest::newRow("shares") << 1;
@@ -106,7 +106,7 @@ private Q_SLOTS:
         QTest::newRow("lots of a hundred") << 100;
     }
 
-    void aFactorThatCanDivideIsKeptInSilence()
+    void aValidFactorIsReturnedWithoutALogLine()
     {
         QFETCH(int, factor);
         const LogCatcher log;

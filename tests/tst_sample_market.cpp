@@ -154,7 +154,7 @@ private Q_SLOTS:
         }
     }
 
-    void codesLieInTheRangesOfTheirBoard_data()
+    void codesAreInTheRangesOfTheirBoard_data()
     {
         using namespace SubType;
         QTest::addColumn<QString>("type");
@@ -174,7 +174,7 @@ private Q_SLOTS:
         row("convertible bonds", BondType, { ConvertableBondTypeList.constFirst() }, "(11\\d{4}\\.SH|12\\d{4}\\.SZ)");
     }
 
-    void codesLieInTheRangesOfTheirBoard()
+    void codesAreInTheRangesOfTheirBoard()
     {
         QFETCH(QString, type);
         QFETCH(QStringList, subTypes);

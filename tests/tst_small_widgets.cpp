@@ -134,7 +134,7 @@ private Q_SLOTS:
         QCOMPARE(popupPlace(&field, QSize(100, 200)).y(), field.mapToGlobal(QPoint()).y() + 30);
     }
 
-    void aHintGoesAwayWithItsField()
+    void aHintIsHiddenWithItsField()
     {
         QLineEdit field;
         FieldHint::showAt(&field, QStringLiteral("看不见"));

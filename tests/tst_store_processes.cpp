@@ -89,7 +89,7 @@ private Q_SLOTS:
         std::printf("%d first starts killed, seed %u\n", kills, seed);
     }
 
-    void ofTwoFirstStartsEachWorksOrIsToldWhy()
+    void eachOfTwoFirstStartsWorksOrReportsWhy()
     {
         const int rounds = setting("FAULTS_KILLS", 12) / 2;
         const QTemporaryDir folder;

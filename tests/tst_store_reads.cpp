@@ -183,7 +183,7 @@ private Q_SLOTS:
 
     void eachReadFindsEverythingOrFails_data();
     void eachReadFindsEverythingOrFails();
-    void aLoginThatCannotReadLeavesNobodyLoggedIn();
+    void aLoginThatCannotReadLeavesTheSessionClosed();
     void aMissingTableStopsWhatNeedsIt_data();
     void aMissingTableStopsWhatNeedsIt();
     void aServiceThatCannotReadRefusesAndReports();
@@ -278,7 +278,7 @@ void TestStoreReads::eachReadFindsEverythingOrFails()
     QCOMPARE(*again, *sound);
 }
 
-void TestStoreReads::aLoginThatCannotReadLeavesNobodyLoggedIn()
+void TestStoreReads::aLoginThatCannotReadLeavesTheSessionClosed()
 {
     const int property = client().accounts().ruleProperty(QStringLiteral("100002"), InstructionType::Ordinary);
     const int accounts = client().accounts().accounts().size();

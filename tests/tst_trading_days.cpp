@@ -52,7 +52,7 @@ private Q_SLOTS:
         QCOMPARE(daysWithoutTrade(first, last, tradeDates), left);
     }
 
-    void theFirstTradingDayLiesSomeDaysAhead_data()
+    void theFirstTradingDayIsSomeDaysAhead_data()
     {
         QTest::addColumn<QDate>("today");
         QTest::addColumn<QList<QDate>>("tradeDates");
@@ -65,7 +65,7 @@ private Q_SLOTS:
         QTest::newRow("a list out of order") << QDate(2024, 5, 6) << may({ 20, 8, 1, 9 }) << 2;
     }
 
-    void theFirstTradingDayLiesSomeDaysAhead()
+    void theFirstTradingDayIsSomeDaysAhead()
     {
         QFETCH(QDate, today);
         QFETCH(QList<QDate>, tradeDates);

@@ -251,7 +251,7 @@ private Q_SLOTS:
 
     // --- The rules
 
-    void everyRuleSpeaksEnglish_data()
+    void everyRuleIsTranslated_data()
     {
         QTest::addColumn<PlanSample>("plan");
         QTest::addColumn<bool>("edits");
@@ -266,7 +266,7 @@ private Q_SLOTS:
         addQuestions();
     }
 
-    void everyRuleSpeaksEnglish()
+    void everyRuleIsTranslated()
     {
         QFETCH(PlanSample, plan);
         QFETCH(bool, edits);
@@ -517,7 +517,7 @@ private:
         const PlanSample plan = PlanSample::reduction();
         row("unsigned disclosure", "当前账号未签署风险揭示，请关闭智能规划菜单后重新创建减持计划进行签署。",
             "warning: The risk disclosure is not signed for this account. Please close the planning menu, create the "
-            "holdings-reduction plan anew and sign it.",
+            "holdings-reduction plan again and sign it.",
             plan, [this] { script().unsignedClients = QStringList{ QStringLiteral("C-acc1") }; });
         row("no ratio", "未输入减持占比！", "warning: No sell ratio is entered!", plan,
             [this] { field<OrloDecimalLineEdit>(editor(), "le_reduceHRatio")->clear(); });

@@ -326,7 +326,7 @@ private Q_SLOTS:
 
     // --- Reactions
 
-    void aBoxIsEmptiedInSilenceAndAnnouncesItsFirstItem()
+    void aBoxIsClearedSilentlyAndEmitsItsFirstItem()
     {
         constructWithAccount();
         choose(editor(), "combx_planType", AutoPlanTemplate::SameElements);

@@ -307,14 +307,14 @@ private Q_SLOTS:
         QCOMPARE(script().modifiedRecords.size(), 1);
     }
 
-    void aBrokenRuleSpeaksAlone_data()
+    void aBrokenRuleShowsTheOnlyBox_data()
     {
         QTest::addColumn<int>("rule");
         for (int rule = 0; rule < RuleCount; ++rule)
             QTest::newRow(Texts[rule].name) << rule;
     }
 
-    void aBrokenRuleSpeaksAlone()
+    void aBrokenRuleShowsTheOnlyBox()
     {
         QFETCH(int, rule);
         script().questionAnswer = 0;

@@ -62,7 +62,7 @@ private Q_SLOTS:
         QCOMPARE(constant, code);
     }
 
-    void listsHoldTheirEntriesInOrder()
+    void listsHaveTheirEntriesInOrder()
     {
         QCOMPARE(AutoPlanFormula::PromptOrder.join(QLatin1Char(' ')),
             QStringLiteral("昨收价 涨停价 跌停价 MA20 MA60 MA120 MA5 MA10 MA250"));

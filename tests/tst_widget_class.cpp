@@ -165,7 +165,7 @@ private:
 private Q_SLOTS:
     // --- The meta-object
 
-    void theMetaObjectHoldsEighteenMethodsAndNothingElse()
+    void theMetaObjectHasEighteenMethodsAndNothingElse()
     {
         const QMetaObject& meta = AutoParamSetting::staticMetaObject;
         QStringList methods;
