@@ -221,7 +221,7 @@
     </message>
     <message>
         <source>当前账号未签署风险揭示，请关闭智能规划菜单后重新创建减持计划进行签署。</source>
-        <translation>The risk disclosure is not signed for this account. Please close the planning menu, create the holdings-reduction plan anew and sign it.</translation>
+        <translation>The risk disclosure is not signed for this account. Please close the planning menu, create the holdings-reduction plan again and sign it.</translation>
     </message>
     <message>
         <source>未绑定资金帐号！</source>

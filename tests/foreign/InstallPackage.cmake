@@ -1,4 +1,5 @@
-# Installs afresh what a client with a platform of its own needs: cmake -D BUILD_FOLDER=... -D PREFIX=... -P this
+# Installs what a client with its own platform needs, into an empty folder:
+# cmake -D BUILD_FOLDER=... -D PREFIX=... -P InstallPackage.cmake
 file(REMOVE_RECURSE ${PREFIX})
 foreach(component runtime development)
     execute_process(
