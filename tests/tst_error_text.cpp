@@ -21,6 +21,7 @@ void addDatabaseRows()
     addRow("数据库文件已被删除、替换、移动或链接，不能继续使用，请核对文件后重新启动", Error::DatabaseFileChanged);
     addRow("数据库事务已中止，内容未保存", Error::TransactionEnded);
     addRow("数据库的编号已用尽，无法新建", Error::NumbersExhausted);
+    addRow("数据库的内容过大，无法读写", Error::ContentTooLarge);
     addRow("数据库操作失败：no such table", { Error::DatabaseFailed, { QStringLiteral("no such table") } });
     addRow("无法打开数据库“a.db”：该路径是文件夹",
         { Error::CannotOpenDatabase, { QStringLiteral("a.db") }, Error::DatabaseIsFolder });
@@ -32,6 +33,12 @@ void addDatabaseRows()
         { Error::NewerDatabase, { QStringLiteral("99"), QStringLiteral("3") } });
     addRow("数据库无法启用预写日志", Error::NoWriteAheadLog);
     addRow("升级数据库失败，磁盘空间不足，无法写入数据库", { Error::MigrationFailed, {}, Error::DiskFull });
+    addRow(
+        "数据库含有来历不明的触发器“t”", { Error::UnknownObject, { QStringLiteral("触发器"), QStringLiteral("t") } });
+    addRow("数据库的表“plans”被改动过", { Error::ChangedObject, { QStringLiteral("表"), QStringLiteral("plans") } });
+    addRow("数据库缺少表“plans”", { Error::MissingObject, { QStringLiteral("表"), QStringLiteral("plans") } });
+    addRow("检查数据库超过60秒", { Error::InspectionTooLong, { QStringLiteral("60") } });
+    addRow("数据库文件超过64 GiB", { Error::DatabaseTooLarge, { QStringLiteral("64") } });
 }
 
 void addSampleRows()

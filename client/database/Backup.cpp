@@ -1,7 +1,9 @@
 #include "Backup.h"
 
+#include "Database.h"
 #include "PrivateFiles.h"
 #include "Schema.h"
+#include "UntrustedFile.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -22,16 +24,7 @@ using Connection = std::unique_ptr<sqlite3, Closer>;
 
 Status failure(sqlite3* connection)
 {
-    switch (sqlite3_errcode(connection)) {
-    case SQLITE_FULL:
-        return Error::DiskFull;
-    case SQLITE_NOTADB:
-        return Error::NotADatabase;
-    case SQLITE_CORRUPT:
-        return Error::DatabaseCorrupt;
-    default:
-        return { Error::DatabaseFailed, { QString::fromUtf8(sqlite3_errmsg(connection)) } };
-    }
+    return Database::statusOf(sqlite3_errcode(connection), QString::fromUtf8(sqlite3_errmsg(connection)));
 }
 
 Status open(const QString& database, Connection& connection)
@@ -42,8 +35,7 @@ Status open(const QString& database, Connection& connection)
     if (code != SQLITE_OK)
         return failure(opened);
     sqlite3_busy_timeout(opened, BusyTimeout);
-    sqlite3_db_config(opened, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
-    sqlite3_db_config(opened, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    UntrustedFile::restrict(opened);
     return {};
 }
 
@@ -89,6 +81,8 @@ Status backUp(const QString& database, const QString& file)
 {
     if (!QFileInfo(database).isFile())
         return Error::NotAFile;
+    if (Status status = UntrustedFile::checkFiles(database); !status)
+        return status;
     Connection connection;
     if (Status status = open(database, connection); !status)
         return status;

@@ -2,11 +2,13 @@
 
 #include "PrivateFiles.h"
 #include "Schema.h"
+#include "UntrustedFile.h"
 
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QSqlDriver>
+#include <QSqlError>
 #include <QThread>
 
 #include <sqlite3.h>
@@ -22,6 +24,11 @@ constexpr int BusyTimeout = 800;
 constexpr int TransactionsPerWal = 50;
 // Between two attempts to start the log of a new file, in milliseconds.
 constexpr int RetryInterval = 10;
+// Pages in memory, in negative KiB.
+constexpr int CacheSize = -2000;
+// In seconds. The schema takes milliseconds; the pages of a million plans a few seconds.
+constexpr int LongestSchemaCheck = 5;
+constexpr int LongestPageCheck = 120;
 
 QString nextConnectionName()
 {
@@ -35,6 +42,11 @@ void bind(QSqlQuery& query, const QVariantList& values)
         const bool nullText = values.at(i).userType() == QMetaType::QString && values.at(i).isNull();
         query.bindValue(i, nullText ? QVariant(QLatin1String("")) : values.at(i));
     }
+}
+
+Status failureOf(const QSqlError& error)
+{
+    return Database::statusOf(error.nativeErrorCode().toInt(), error.text().trimmed());
 }
 
 } // namespace
@@ -112,8 +124,8 @@ Status Database::connect(const QString& fileName)
 {
     if (fileName.isEmpty())
         return Error::NoDatabaseFile;
-    if (QFileInfo(fileName).isDir())
-        return Error::DatabaseIsFolder;
+    if (Status status = UntrustedFile::checkFiles(fileName); !status)
+        return status;
     if (!PrivateFiles::makeFolder(QFileInfo(fileName).absolutePath()))
         return Error::CannotCreateFolder;
     if (!QFileInfo::exists(fileName))
@@ -122,7 +134,8 @@ Status Database::connect(const QString& fileName)
     m_connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
     m_connection.setDatabaseName(fileName);
     if (!m_connection.open())
-        return statusOf(m_connection.lastError());
+        return failureOf(m_connection.lastError());
+    UntrustedFile::restrict(connection());
     m_waits.setLimit(BusyTimeout);
     m_waits.apply(connection());
     return {};
@@ -131,6 +144,19 @@ Status Database::connect(const QString& fileName)
 // Only reads, so that a refused file stays unchanged.
 Status Database::inspect()
 {
+    const auto within = [this](int seconds, Status (Database::*check)()) {
+        return UntrustedFile::withinSeconds(seconds, connection(), [this, check] { return (this->*check)(); });
+    };
+    // One state of the file, although another client may migrate it meanwhile.
+    Status status = configure(QStringLiteral("BEGIN"));
+    if (status)
+        status = within(LongestSchemaCheck, &Database::checkSchema);
+    rollBack();
+    return status ? within(LongestPageCheck, &Database::checkPages) : status;
+}
+
+Status Database::checkSchema()
+{
     const Result<int> tables = number(QStringLiteral("SELECT count(*) FROM sqlite_master"));
     if (!tables)
         return tables.status();
@@ -138,10 +164,17 @@ Status Database::inspect()
     if (!version)
         return version.status();
     const Result<int> application = number(QStringLiteral("PRAGMA application_id"));
-    return application ? checkSchema(*tables, *version, *application) : application.status();
+    if (!application)
+        return application.status();
+    if (Status status = checkVersion(*tables, *version, *application); !status)
+        return status;
+    if (Status status = UntrustedFile::checkSchema(connection(), *version); !status)
+        return status;
+    // Otherwise the file says how much of it is kept in memory.
+    return configure(QStringLiteral("PRAGMA cache_size = %1").arg(CacheSize));
 }
 
-Status Database::checkSchema(int tables, int version, int application)
+Status Database::checkVersion(int tables, int version, int application)
 {
     if (tables == 0 && version == 0 && application == 0)
         return {};
@@ -149,6 +182,11 @@ Status Database::checkSchema(int tables, int version, int application)
         return Error::ForeignDatabase;
     if (version > Schema::latestVersion())
         return { Error::NewerDatabase, { QString::number(version), QString::number(Schema::latestVersion()) } };
+    return {};
+}
+
+Status Database::checkPages()
+{
     const Result<QVariant> check = value(QStringLiteral("PRAGMA quick_check(1)"));
     if (!check)
         return check.status();
@@ -235,9 +273,15 @@ Status Database::finish(const Status& worked)
         status = configure(QStringLiteral("COMMIT"));
     if (status)
         ++m_committed;
-    else if (isOpen() && !sqlite3_get_autocommit(connection()))
-        sqlite3_exec(connection(), "ROLLBACK", nullptr, nullptr, nullptr);
+    else
+        rollBack();
     return status;
+}
+
+void Database::rollBack()
+{
+    if (isOpen() && !sqlite3_get_autocommit(connection()))
+        sqlite3_exec(connection(), "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
 Status Database::execute(const QString& statement, const QVariantList& values)
@@ -279,7 +323,7 @@ Status Database::read(const QString& statement, const QVariantList& values, cons
         return status;
     while (query.next())
         take(query);
-    return note(query.lastError().isValid() ? statusOf(query.lastError()) : Status());
+    return note(query.lastError().isValid() ? failureOf(query.lastError()) : Status());
 }
 
 Result<QVariant> Database::value(const QString& statement, const QVariantList& values)
@@ -304,7 +348,7 @@ Status Database::prepare(const QString& statement, QSqlQuery& prepared)
     if (!isOpen())
         return Error::DatabaseNotOpen;
     prepared = QSqlQuery(m_connection);
-    return note(prepared.prepare(statement) ? Status() : statusOf(prepared.lastError()));
+    return note(prepared.prepare(statement) ? Status() : failureOf(prepared.lastError()));
 }
 
 Status Database::executePrepared(QSqlQuery& prepared, const QVariantList& values)
@@ -312,7 +356,7 @@ Status Database::executePrepared(QSqlQuery& prepared, const QVariantList& values
     if (!m_failure)
         return m_failure;
     bind(prepared, values);
-    return note(prepared.exec() ? Status() : explained(statusOf(prepared.lastError())));
+    return note(prepared.exec() ? Status() : explained(failureOf(prepared.lastError())));
 }
 
 Status Database::configure(const QString& statement)
@@ -333,7 +377,7 @@ Status Database::run(QSqlQuery& query, const QString& statement, const QVariantL
         bind(query, values);
         done = query.exec();
     }
-    return note(done ? Status() : explained(statusOf(query.lastError())));
+    return note(done ? Status() : explained(failureOf(query.lastError())));
 }
 
 // SQLite ends a transaction by itself when the disk is full or fails. Statements after that would be committed one by
@@ -360,9 +404,8 @@ Status Database::explained(const Status& failure)
     return atEnd ? Error::NumbersExhausted : failure;
 }
 
-Status Database::statusOf(const QSqlError& error)
+Status Database::statusOf(int code, const QString& text)
 {
-    const int code = error.nativeErrorCode().toInt();
     switch (code & 0xff) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
@@ -378,8 +421,10 @@ Status Database::statusOf(const QSqlError& error)
         return { Error::DiskFailed, { QString::number(code) } };
     case SQLITE_NOTADB:
         return Error::NotADatabase;
+    case SQLITE_TOOBIG:
+        return Error::ContentTooLarge;
     default:
-        return { Error::DatabaseFailed, { error.text().trimmed() } };
+        return { Error::DatabaseFailed, { text } };
     }
 }
 

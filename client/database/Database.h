@@ -5,7 +5,6 @@
 #include "Status.h"
 
 #include <QSqlDatabase>
-#include <QSqlError>
 #include <QSqlQuery>
 #include <QString>
 #include <QStringList>
@@ -66,8 +65,8 @@ public:
 
     /// Notes the result of a statement that ran on `connection` and returns it, or why the transaction has ended.
     Status note(const Status& status);
-    /// The meaning of an error with SQLite's code.
-    static Status statusOf(const QSqlError& error);
+    /// The meaning of SQLite's code; `text` is SQLite's description.
+    static Status statusOf(int code, const QString& text);
 
     /// Prepares the write-ahead log for the next transaction: starts it, and after many transactions checkpoints it
     /// first. Call it while the user is idle; a busy or read-only file stays unchanged.
@@ -80,12 +79,15 @@ private:
     Status openFile(const QString& fileName);
     Status connect(const QString& fileName);
     Status inspect();
-    Status checkSchema(int tables, int version, int application);
+    Status checkSchema();
+    Status checkVersion(int tables, int version, int application);
+    Status checkPages();
     Status prepareConnection();
     Status startWalMode();
     Status applyMigrations();
     Status begin();
     Status finish(const Status& worked);
+    void rollBack();
     Status run(QSqlQuery& query, const QString& statement, const QVariantList& values);
     Status explained(const Status& failure);
     Result<int> number(const QString& statement);

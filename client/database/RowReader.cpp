@@ -64,6 +64,5 @@ void RowReader::note(int code)
     if (code == SQLITE_OK || code == SQLITE_ROW)
         return;
     const QString text = QString::fromUtf8(sqlite3_errmsg(m_database.connection()));
-    const QSqlError error(QString(), text, QSqlError::StatementError, QString::number(code));
-    m_status = m_database.note(Database::statusOf(error));
+    m_status = m_database.note(Database::statusOf(code, text));
 }

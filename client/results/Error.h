@@ -12,6 +12,7 @@ enum class Error {
     NotADatabase,
     DiskFailed,     ///< SQLite's code
     DatabaseFailed, ///< the driver's text
+    ContentTooLarge,
     DatabaseFileChanged,
     TransactionEnded,
     NumbersExhausted,
@@ -22,9 +23,14 @@ enum class Error {
     ForeignDatabase,
     NewerDatabase, ///< the file's version, the latest known one
     NoWriteAheadLog,
-    MigrationFailed, ///< cause
-    BackupFailed,    ///< database; cause
-    FileExists,      ///< file
+    MigrationFailed,   ///< cause
+    UnknownObject,     ///< kind, name
+    ChangedObject,     ///< kind, name
+    MissingObject,     ///< kind, name
+    InspectionTooLong, ///< seconds
+    DatabaseTooLarge,  ///< largest size in GiB
+    BackupFailed,      ///< database; cause
+    FileExists,        ///< file
     // --- Stored plans and instructions
     EmptyPlan,
     FieldNotText,       ///< record key

@@ -1,0 +1,182 @@
+#include "UntrustedFile.h"
+
+#include "Database.h"
+#include "Schema.h"
+
+#include <QDeadlineTimer>
+#include <QFileInfo>
+#include <QMap>
+#include <QPair>
+
+#include <sqlite3.h>
+
+#include <memory>
+
+namespace {
+
+// Far above what the client stores.
+constexpr qint64 GiB = qint64(1) << 30;
+constexpr qint64 LargestFile = 64 * GiB;
+constexpr int LongestValue = 16 * 1024 * 1024;
+constexpr int LongestStatement = 1024 * 1024;
+constexpr int MostColumns = 100;
+constexpr int DeepestExpression = 100;
+// Of all connections of the process together.
+constexpr qint64 LargestMemory = GiB / 2;
+// Instructions of SQLite's virtual machine between two looks at the clock.
+constexpr int StepsPerCheck = 10000;
+constexpr int LongestShownName = 64;
+
+struct Closer {
+    void operator()(sqlite3* connection) const { sqlite3_close(connection); }
+    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+
+/// Kind and name.
+using Object = QPair<QString, QString>;
+/// Called with an object and the statement that created it.
+using TakeObject = std::function<Status(const Object& object, const QString& statement)>;
+
+/// A link leads to its target.
+bool isFileOrMissing(const QFileInfo& file)
+{
+    return file.isFile() || (!file.exists() && !file.isSymLink());
+}
+
+Status failure(sqlite3* connection)
+{
+    return Database::statusOf(sqlite3_errcode(connection), QString::fromUtf8(sqlite3_errmsg(connection)));
+}
+
+QString text(sqlite3_stmt* row, int column)
+{
+    return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(row, column)));
+}
+
+Status readObjects(sqlite3* connection, const TakeObject& take)
+{
+    sqlite3_stmt* prepared = nullptr;
+    if (sqlite3_prepare_v2(connection, "SELECT type, name, sql FROM sqlite_master", -1, &prepared, nullptr)
+        != SQLITE_OK)
+        return failure(connection);
+    const std::unique_ptr<sqlite3_stmt, Closer> statement(prepared);
+    int code = sqlite3_step(prepared);
+    for (; code == SQLITE_ROW; code = sqlite3_step(prepared)) {
+        if (Status status = take({ text(prepared, 0), text(prepared, 1) }, text(prepared, 2)); !status)
+            return status;
+    }
+    return code == SQLITE_DONE ? Status() : failure(connection);
+}
+
+/// Runs the steps up to a version in memory.
+Status makeVersion(sqlite3* connection, int version)
+{
+    QStringList statements{ QStringLiteral("PRAGMA foreign_keys = ON") };
+    for (const Schema::Migration& migration : Schema::migrations()) {
+        if (migration.version <= version)
+            statements += migration.statements;
+    }
+    for (const QString& statement : qAsConst(statements)) {
+        if (sqlite3_exec(connection, statement.toUtf8().constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
+            return failure(connection);
+    }
+    return {};
+}
+
+Status objectsOfVersion(int version, QMap<Object, QString>& objects)
+{
+    sqlite3* opened = nullptr;
+    const int code = sqlite3_open_v2(":memory:", &opened, SQLITE_OPEN_READWRITE, nullptr);
+    const std::unique_ptr<sqlite3, Closer> connection(opened);
+    if (code != SQLITE_OK)
+        return failure(opened);
+    if (Status status = makeVersion(opened, version); !status)
+        return status;
+    return readObjects(opened, [&objects](const Object& object, const QString& statement) {
+        objects.insert(object, statement);
+        return Status();
+    });
+}
+
+QString kindName(const QString& kind)
+{
+    static const QMap<QString, QString> names{
+        { QStringLiteral("table"), QStringLiteral("表") },
+        { QStringLiteral("index"), QStringLiteral("索引") },
+        { QStringLiteral("view"), QStringLiteral("视图") },
+        { QStringLiteral("trigger"), QStringLiteral("触发器") },
+    };
+    return names.value(kind, kind.left(LongestShownName));
+}
+
+Status refusal(Error error, const Object& object)
+{
+    return { error, { kindName(object.first), object.second.left(LongestShownName) } };
+}
+
+int hasExpired(void* deadline)
+{
+    return static_cast<const QDeadlineTimer*>(deadline)->hasExpired() ? 1 : 0;
+}
+
+} // namespace
+
+Status UntrustedFile::checkFiles(const QString& database)
+{
+    const QFileInfo file(database);
+    if (file.isDir())
+        return Error::DatabaseIsFolder;
+    if (!isFileOrMissing(file))
+        return Error::NotAFile;
+    // SQLite keeps the companions beside the target of a link, and does not follow links that are companions.
+    const QString target = file.exists() ? file.canonicalFilePath() : file.absoluteFilePath();
+    for (const char* const suffix : { "", "-wal", "-shm", "-journal" }) {
+        const QFileInfo present(target + QLatin1String(suffix));
+        if (!isFileOrMissing(present) || present.isSymLink())
+            return Error::NotAFile;
+        if (present.size() > LargestFile)
+            return { Error::DatabaseTooLarge, { QString::number(LargestFile / GiB) } };
+    }
+    return {};
+}
+
+void UntrustedFile::restrict(sqlite3* connection)
+{
+    sqlite3_hard_heap_limit64(LargestMemory);
+    sqlite3_db_config(connection, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    sqlite3_db_config(connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    sqlite3_exec(connection, "PRAGMA cell_size_check = ON", nullptr, nullptr, nullptr);
+    sqlite3_limit(connection, SQLITE_LIMIT_LENGTH, LongestValue);
+    sqlite3_limit(connection, SQLITE_LIMIT_SQL_LENGTH, LongestStatement);
+    sqlite3_limit(connection, SQLITE_LIMIT_COLUMN, MostColumns);
+    sqlite3_limit(connection, SQLITE_LIMIT_EXPR_DEPTH, DeepestExpression);
+}
+
+Status UntrustedFile::checkSchema(sqlite3* connection, int version)
+{
+    QMap<Object, QString> missing;
+    if (Status status = objectsOfVersion(version, missing); !status)
+        return status;
+    const Status status = readObjects(connection, [&missing](const Object& object, const QString& statement) {
+        const auto expected = missing.constFind(object);
+        if (expected == missing.cend())
+            return refusal(Error::UnknownObject, object);
+        if (*expected != statement)
+            return refusal(Error::ChangedObject, object);
+        missing.remove(object);
+        return Status();
+    });
+    // The last one is a table rather than an index of it.
+    return status && !missing.isEmpty() ? refusal(Error::MissingObject, missing.lastKey()) : status;
+}
+
+Status UntrustedFile::withinSeconds(int seconds, sqlite3* connection, const std::function<Status()>& work)
+{
+    QDeadlineTimer deadline(std::chrono::seconds{ seconds });
+    sqlite3_progress_handler(connection, StepsPerCheck, hasExpired, &deadline);
+    const Status status = work();
+    sqlite3_progress_handler(connection, 0, nullptr, nullptr);
+    if (!status && deadline.hasExpired())
+        return { Error::InspectionTooLong, { QString::number(seconds) } };
+    return status;
+}

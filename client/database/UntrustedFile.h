@@ -1,0 +1,26 @@
+#pragma once
+
+#include "Status.h"
+
+#include <QString>
+
+#include <functional>
+
+struct sqlite3;
+
+/// Protection against databases that another program made or changed.
+namespace UntrustedFile {
+
+/// Fails unless the database and its companions are regular files of a usual size. Missing ones are accepted.
+Status checkFiles(const QString& database);
+
+/// Limits what the contents of a database can make SQLite do. Call it before the first statement.
+void restrict(sqlite3* connection);
+
+/// Fails unless the tables, indexes, views and triggers of the database are those of a schema version.
+Status checkSchema(sqlite3* connection, int version);
+
+/// Interrupts statements of `work` that still run after a time, which then fails.
+Status withinSeconds(int seconds, sqlite3* connection, const std::function<Status()>& work);
+
+} // namespace UntrustedFile

@@ -1,0 +1,374 @@
+#include "Database.h"
+#include "LoggedTest.h"
+#include "Schema.h"
+#include "TestStatus.h"
+#include "UntrustedFile.h"
+#include "UserStore.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QtEndian>
+#include <QtTest>
+
+#include <sqlite3.h>
+#include <sys/stat.h>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int LongestCheck = 5; // seconds
+// A check in milliseconds, and what a busy machine adds.
+constexpr int LongestRefusal = 3000;
+constexpr qint64 GiB = qint64(1) << 30;
+
+const QByteArray Endless = "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n)";
+
+/// A connection without the rules of `Database`.
+class RawFile {
+public:
+    explicit RawFile(const QString& file) { sqlite3_open(QFile::encodeName(file).constData(), &m_connection); }
+    ~RawFile() { sqlite3_close(m_connection); }
+    RawFile(const RawFile&) = delete;
+    RawFile& operator=(const RawFile&) = delete;
+
+    sqlite3* connection() const { return m_connection; }
+    /// The code of the first failure; SQLITE_OK if there is none.
+    int run(const QByteArray& statements)
+    {
+        return sqlite3_exec(m_connection, statements.constData(), nullptr, nullptr, nullptr);
+    }
+
+private:
+    sqlite3* m_connection = nullptr;
+};
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool writeFile(const QString& path, const QByteArray& content)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+}
+
+QByteArray makeOwn(int version)
+{
+    return "PRAGMA application_id = " + QByteArray::number(Schema::applicationId())
+        + "; PRAGMA user_version = " + QByteArray::number(version);
+}
+
+bool makeVersion(const QString& file, int version)
+{
+    RawFile raw(file);
+    bool done = raw.run(makeOwn(version)) == SQLITE_OK;
+    for (const Schema::Migration& migration : Schema::migrations()) {
+        for (const QString& statement : migration.statements)
+            done = done && (migration.version > version || raw.run(statement.toUtf8()) == SQLITE_OK);
+    }
+    return done;
+}
+
+/// Changes a statement of the schema in place.
+QByteArray rewritten(const char* table, const char* from, const char* to)
+{
+    return QByteArray("PRAGMA writable_schema = ON; UPDATE sqlite_master SET sql = replace(sql, '") + from + "', '" + to
+        + "') WHERE name = '" + table + "'; PRAGMA writable_schema = RESET";
+}
+
+void add16(QByteArray& page, int value)
+{
+    page += static_cast<char>(value >> 8);
+    page += static_cast<char>(value & 0xff);
+}
+
+void add32(QByteArray& page, int value)
+{
+    add16(page, value >> 16);
+    add16(page, value & 0xffff);
+}
+
+constexpr int PageSize = 512;
+constexpr int FileHeader = 100;
+
+/// A leaf of the schema's tree with some rows of the first page.
+QByteArray leaf(const QByteArray& first, int firstRow, int rows)
+{
+    const int content = qFromBigEndian<quint16>(first.constData() + FileHeader + 5);
+    QByteArray page("\x0d\0\0", 3);
+    add16(page, rows);
+    add16(page, content);
+    page += '\0';
+    page += first.mid(FileHeader + 8 + 2 * firstRow, 2 * rows);
+    return page + QByteArray(content - page.size(), '\0') + first.mid(content);
+}
+
+/// An inner page whose children are one page, except for the first one.
+QByteArray inner(const QByteArray& header, int firstChild, int child)
+{
+    constexpr int Children = 40;
+    constexpr int Cell = 5;
+    QByteArray page = header + QByteArray("\x05\0\0", 3);
+    add16(page, Children);
+    add16(page, PageSize - Children * Cell);
+    page += '\0';
+    add32(page, child);
+    for (int i = 0; i < Children; ++i)
+        add16(page, PageSize - (Children - i) * Cell);
+    page += QByteArray(PageSize - Children * Cell - page.size(), '\0');
+    for (int i = 0; i < Children; ++i) {
+        add32(page, i == 0 ? firstChild : child);
+        page += '\x01';
+    }
+    return page;
+}
+
+/// A file whose schema has a few pages and rows without end: every inner page leads to the next one many times.
+QByteArray endlessSchema(const QString& file)
+{
+    constexpr int Levels = 10;
+    RawFile(file).run("PRAGMA page_size = 512; " + makeOwn(1) + "; CREATE TABLE t (x UNIQUE)");
+    QByteArray content = contentOf(file);
+    const QByteArray first = content.left(PageSize);
+    const int leaves = content.size() / PageSize + 1;
+    content += leaf(first, 0, 2) + leaf(first, 1, 1);
+    for (int i = 0; i < Levels; ++i) {
+        const int below = i == 0 ? leaves + 1 : content.size() / PageSize;
+        content += inner(QByteArray(), below, below);
+    }
+    const int pages = content.size() / PageSize;
+    QByteArray header = first.left(FileHeader);
+    qToBigEndian<qint32>(pages, header.data() + 28);
+    return content.replace(0, PageSize, inner(header, leaves, pages));
+}
+
+} // namespace
+
+/// Databases that another program made or changed.
+class UntrustedFileTest : public LoggedTest {
+    Q_OBJECT
+
+private:
+    void tidyUp() override { m_folder = std::make_unique<QTemporaryDir>(); }
+
+private Q_SLOTS:
+    void initTestCase() { m_folder = std::make_unique<QTemporaryDir>(); }
+
+    void aFileWithAnotherSchemaIsRefusedAndStays_data()
+    {
+        QTest::addColumn<QByteArray>("change");
+        QTest::addColumn<Status>("cause");
+        const auto row = [](const char* name, const QByteArray& change, Error error, const char* kind,
+                             const char* object) {
+            QTest::newRow(name) << change << Status(error, { QString::fromUtf8(kind), QString::fromUtf8(object) });
+        };
+        row("a trigger that writes", "CREATE TRIGGER t AFTER INSERT ON users BEGIN DELETE FROM positions; END",
+            Error::UnknownObject, "触发器", "t");
+        row("a trigger that takes hours",
+            "CREATE TRIGGER t AFTER INSERT ON users BEGIN SELECT count(*) FROM securities a, securities b,"
+            " securities c, securities d; END",
+            Error::UnknownObject, "触发器", "t");
+        row("a view", "CREATE VIEW v AS SELECT 1", Error::UnknownObject, "视图", "v");
+        row("an endless view in the place of a table",
+            "DROP TABLE static_texts; CREATE VIEW static_texts AS " + Endless
+                + " SELECT i AS category, i AS key, i AS text FROM n",
+            Error::UnknownObject, "视图", "static_texts");
+        row("a table", "CREATE TABLE t (x)", Error::UnknownObject, "表", "t");
+        row("a table with a long name", "CREATE TABLE " + QByteArray(500, 't') + " (x)", Error::UnknownObject, "表",
+            QByteArray(64, 't').constData());
+        row("a virtual table", "CREATE VIRTUAL TABLE v USING fts5(x)", Error::UnknownObject, "表", "v");
+        row("statistics that mislead the planner", "ANALYZE", Error::UnknownObject, "表", "sqlite_stat1");
+        row("an index on a function", "CREATE INDEX i ON users (upper(name))", Error::UnknownObject, "索引", "i");
+        row("another column", "ALTER TABLE users ADD COLUMN x TEXT", Error::ChangedObject, "表", "users");
+        row("a generated column", "ALTER TABLE users ADD COLUMN x TEXT AS (upper(name))", Error::ChangedObject, "表",
+            "users");
+        row("a check that calls a function",
+            rewritten("users", "name TEXT NOT NULL", "name TEXT NOT NULL CHECK (length(upper(name)) > 0)"),
+            Error::ChangedObject, "表", "users");
+        row("a check less", rewritten("securities", "CHECK (quantity_step > 0)", ""), Error::ChangedObject, "表",
+            "securities");
+        row("a table less", "DROP TABLE positions", Error::MissingObject, "表", "positions");
+    }
+
+    void aFileWithAnotherSchemaIsRefusedAndStays()
+    {
+        QFETCH(QByteArray, change);
+        QFETCH(Status, cause);
+        for (const int version : { 1, Schema::latestVersion() }) {
+            const QString file = path(QStringLiteral("version%1.db").arg(version));
+            QVERIFY(makeVersion(file, version));
+            QCOMPARE(RawFile(file).run(change), SQLITE_OK);
+            const QByteArray content = contentOf(file);
+            QCOMPARE(causeOfRefusal(file, LongestRefusal), cause);
+            QCOMPARE(contentOf(file), content);
+        }
+    }
+
+    void filesOfEveryVersionAreOpened()
+    {
+        for (const Schema::Migration& migration : Schema::migrations()) {
+            const QString file = path(QStringLiteral("version%1.db").arg(migration.version));
+            QVERIFY(makeVersion(file, migration.version));
+            Database database;
+            QCOMPARE(database.open(file), Status());
+            QCOMPARE(database.open(file), Status());
+        }
+    }
+
+    void aSchemaWithoutEndIsRefusedInTime()
+    {
+        const QString file = path(QStringLiteral("endless.db"));
+        const QByteArray content = endlessSchema(file);
+        QVERIFY(writeFile(file, content));
+        QVERIFY(content.size() < 20 * PageSize);
+        QCOMPARE(causeOfRefusal(file, LongestCheck * 1000 + LongestRefusal),
+            Status(Error::InspectionTooLong, { QString::number(LongestCheck) }));
+        QCOMPARE(contentOf(file), content);
+    }
+
+    void whatIsNoFileIsRefused_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<Status>("cause");
+        QTest::newRow("a folder") << QStringLiteral("folder") << Status(Error::DatabaseIsFolder);
+        QTest::newRow("a link to a folder") << QStringLiteral("folder-link") << Status(Error::DatabaseIsFolder);
+        QTest::newRow("a pipe") << QStringLiteral("pipe") << Status(Error::NotAFile);
+        QTest::newRow("a link to a pipe") << QStringLiteral("pipe-link") << Status(Error::NotAFile);
+        QTest::newRow("a device without end") << QStringLiteral("device-link") << Status(Error::NotAFile);
+        QTest::newRow("a link to nothing") << QStringLiteral("dangling-link") << Status(Error::NotAFile);
+        QTest::newRow("a link to itself") << QStringLiteral("loop-link") << Status(Error::NotAFile);
+        QTest::newRow("a log that is a pipe") << QStringLiteral("piped.db") << Status(Error::NotAFile);
+        QTest::newRow("a log that is a link") << QStringLiteral("linked.db") << Status(Error::NotAFile);
+        QTest::newRow("an enormous file") << QStringLiteral("enormous.db") << tooLarge();
+        QTest::newRow("an enormous log") << QStringLiteral("logged.db") << tooLarge();
+    }
+
+    void whatIsNoFileIsRefused()
+    {
+        QFETCH(QString, name);
+        QFETCH(Status, cause);
+        QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("folder")));
+        makePipe(QStringLiteral("pipe"));
+        const QString victim = path(QStringLiteral("victim"));
+        QVERIFY(writeFile(victim, "mine"));
+        for (const char* const target : { "folder", "pipe", "dangling", "loop" }) {
+            const bool isLoop = qstrcmp(target, "loop") == 0;
+            const QString link = path(QLatin1String(target) + QStringLiteral("-link"));
+            QVERIFY(QFile::link(isLoop ? link : path(QLatin1String(target)), link));
+        }
+        QVERIFY(QFile::link(QStringLiteral("/dev/zero"), path(QStringLiteral("device-link"))));
+        for (const char* const file : { "piped.db", "linked.db", "enormous.db", "logged.db" })
+            QVERIFY(makeVersion(path(QLatin1String(file)), Schema::latestVersion()));
+        makePipe(QStringLiteral("piped.db-wal"));
+        QVERIFY(QFile::link(victim, path(QStringLiteral("linked.db-wal"))));
+        QVERIFY(QFile::resize(path(QStringLiteral("enormous.db")), 65 * GiB));
+        QVERIFY(writeFile(path(QStringLiteral("logged.db-wal")), QByteArray()));
+        QVERIFY(QFile::resize(path(QStringLiteral("logged.db-wal")), 65 * GiB));
+
+        QCOMPARE(causeOfRefusal(path(name), LongestRefusal), cause);
+        QCOMPARE(contentOf(victim), QByteArray("mine"));
+        QVERIFY(!QFileInfo::exists(path(QStringLiteral("dangling"))));
+    }
+
+    void aLinkToADatabaseIsOpenedAndNotFollowedElsewhere()
+    {
+        const QString link = path(QStringLiteral("link.db"));
+        for (const char* const name : { "first.db", "second.db" })
+            QVERIFY(makeVersion(path(QLatin1String(name)), Schema::latestVersion()));
+        QVERIFY(QFile::link(path(QStringLiteral("first.db")), link));
+        Database database;
+        QCOMPARE(database.open(link), Status());
+        QVERIFY(QFileInfo::exists(path(QStringLiteral("first.db-wal"))));
+        QCOMPARE(UserStore(database).add({ QStringLiteral("u1"), QStringLiteral("u1") }), Status());
+        QVERIFY(QFile::remove(link));
+        QVERIFY(QFile::link(path(QStringLiteral("second.db")), link));
+        QCOMPARE(UserStore(database).add({ QStringLiteral("u2"), QStringLiteral("u2") }),
+            Status(Error::DatabaseFileChanged));
+    }
+
+    void aRowThatIsTooLongIsReportedAndNotRead()
+    {
+        const QString file = path(QStringLiteral("long.db"));
+        QVERIFY(makeVersion(file, Schema::latestVersion()));
+        QCOMPARE(RawFile(file).run("INSERT INTO users VALUES ('u', hex(zeroblob(15000000)))"), SQLITE_OK);
+        sqlite3_memory_highwater(1);
+        Database database;
+        Status status = database.open(file);
+        if (status)
+            status = UserStore(database).users().status();
+        else
+            status = status.cause();
+        QCOMPARE(status, Status(Error::ContentTooLarge));
+        QVERIFY2(
+            sqlite3_memory_highwater(0) < 16 * 1024 * 1024, qPrintable(QString::number(sqlite3_memory_highwater(0))));
+    }
+
+    void aFileDoesNotSayHowMuchOfItIsKeptInMemory()
+    {
+        const QString file = path(QStringLiteral("cached.db"));
+        QVERIFY(makeVersion(file, Schema::latestVersion()));
+        QCOMPARE(RawFile(file).run("PRAGMA default_cache_size = 1000000000"), SQLITE_OK);
+        Database database;
+        QCOMPARE(database.open(file), Status());
+        QCOMPARE(database.value(QStringLiteral("PRAGMA cache_size"))->toInt(), -2000);
+    }
+
+    void statementsAreInterruptedAfterATime()
+    {
+        RawFile file(QStringLiteral(":memory:"));
+        const auto runEndless = [&file] {
+            return file.run(Endless + " SELECT max(i) FROM n") == SQLITE_INTERRUPT ? Status(Error::DatabaseFailed)
+                                                                                   : Status();
+        };
+        QCOMPARE(UntrustedFile::withinSeconds(1, file.connection(), runEndless),
+            Status(Error::InspectionTooLong, { QStringLiteral("1") }));
+        QCOMPARE(file.run("SELECT 1"), SQLITE_OK);
+        const auto fails = [] { return Status(Error::DatabaseCorrupt); };
+        QCOMPARE(UntrustedFile::withinSeconds(1, file.connection(), fails), Status(Error::DatabaseCorrupt));
+    }
+
+    void contentsCannotExhaustTheMemoryOrChangeTheSchema()
+    {
+        RawFile file(QStringLiteral(":memory:"));
+        QCOMPARE(file.run("CREATE TABLE t (x); SELECT length(zeroblob(20000000))"), SQLITE_OK);
+        UntrustedFile::restrict(file.connection());
+        QCOMPARE(file.run("SELECT length(zeroblob(20000000))"), SQLITE_TOOBIG);
+        QCOMPARE(file.run("PRAGMA writable_schema = ON; UPDATE sqlite_master SET sql = ''"), SQLITE_ERROR);
+        int trusted = -1;
+        sqlite3_db_config(file.connection(), SQLITE_DBCONFIG_TRUSTED_SCHEMA, -1, &trusted);
+        QCOMPARE(trusted, 0);
+        QCOMPARE(sqlite3_malloc64(GiB / 2 + 1), nullptr);
+        void* const memory = sqlite3_malloc64(GiB / 4);
+        QVERIFY(memory);
+        sqlite3_free(memory);
+    }
+
+private:
+    static Status tooLarge() { return { Error::DatabaseTooLarge, { QStringLiteral("64") } }; }
+    QString path(const QString& name) const { return m_folder->filePath(name); }
+    void makePipe(const QString& name) const { QCOMPARE(::mkfifo(QFile::encodeName(path(name)).constData(), 0600), 0); }
+
+    /// Why a file is not opened within a time in milliseconds; success if it is opened.
+    static Status causeOfRefusal(const QString& file, int longest)
+    {
+        QElapsedTimer timer;
+        timer.start();
+        Database database;
+        const Status opened = database.open(file);
+        const qint64 elapsed = timer.elapsed();
+        if (elapsed > longest)
+            return { Error::InspectionTooLong, { QStringLiteral("%1 ms").arg(elapsed) } };
+        std::printf("refused after %d ms: %s\n", int(elapsed), qPrintable(errorText(opened)));
+        return opened ? Status() : opened.cause();
+    }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+QTEST_GUILESS_MAIN(UntrustedFileTest)
+#include "tst_untrusted_file.moc"
