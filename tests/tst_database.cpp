@@ -453,6 +453,55 @@ private Q_SLOTS:
         QCOMPARE(PlanStore(restored).plan(PlanId::fromNumber(2))->creator, QStringLiteral("restored"));
     }
 
+    void aFileThatIsCopiedOverIsNotWritten_data()
+    {
+        QTest::addColumn<QString>("content");
+        QTest::newRow("with a backup") << QStringLiteral("backup.db");
+        QTest::newRow("with an older state") << QStringLiteral("older.db");
+        QTest::newRow("with a part of it") << QStringLiteral("part.db");
+    }
+
+    void aFileThatIsCopiedOverIsNotWritten()
+    {
+        QFETCH(QString, content);
+        const QString fileName = path(QStringLiteral("plans.db"));
+        PlanStore plans(*m_database);
+        QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
+        QCOMPARE(m_database->configure(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)")), Status());
+        const QByteArray older = contentOf(fileName);
+        QVERIFY(writeFile(path(QStringLiteral("older.db")), older));
+        QVERIFY(writeFile(path(QStringLiteral("part.db")), older.left(50)));
+        for (int i = 0; i < 200; ++i)
+            QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
+        QCOMPARE(m_database->configure(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)")), Status());
+        QCOMPARE(
+            m_database->configure(QStringLiteral("VACUUM INTO '%1'").arg(path(QStringLiteral("backup.db")))), Status());
+        QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
+
+        const QByteArray restored = contentOf(path(content));
+        QVERIFY(!restored.isEmpty() && restored != contentOf(fileName));
+        QVERIFY(writeFile(fileName, restored));
+        const Status changed(Error::DatabaseFileChanged);
+        QCOMPARE(plans.create(sampleRecord(), QStringLiteral("u"), Morning).status(), changed);
+        QCOMPARE(plans.modify(PlanId::fromNumber(1), sampleRecord(), Noon), changed);
+        m_database->prepareWal();
+        m_database->close();
+        QCOMPARE(contentOf(fileName), restored);
+    }
+
+    void aFileThatOthersCheckpointIsWrittenOn()
+    {
+        Database other;
+        QCOMPARE(other.open(path(QStringLiteral("plans.db"))), Status());
+        PlanStore plans(*m_database);
+        for (int i = 0; i < 20; ++i) {
+            QVERIFY(PlanStore(other).create(sampleRecord(), QStringLiteral("u"), Morning));
+            QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
+            QCOMPARE(other.configure(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)")), Status());
+        }
+        QCOMPARE(*plans.count(), 40);
+    }
+
     void aFileWithASecondNameIsNotOpened()
     {
         const QString fileName = path(QStringLiteral("plans.db"));

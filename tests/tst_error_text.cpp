@@ -18,7 +18,7 @@ void addDatabaseRows()
     addRow("磁盘空间不足，无法写入数据库", Error::DiskFull);
     addRow("该文件不是数据库文件", Error::NotADatabase);
     addRow("读写数据库文件出错（代码10）", { Error::DiskFailed, { QStringLiteral("10") } });
-    addRow("数据库文件已被删除、替换、移动或链接，不能继续使用，请核对文件后重新启动", Error::DatabaseFileChanged);
+    addRow("数据库文件已被删除、替换、覆盖、移动或链接，不能继续使用，请核对文件后重新启动", Error::DatabaseFileChanged);
     addRow("数据库事务已中止，内容未保存", Error::TransactionEnded);
     addRow("数据库的编号已用尽，无法新建", Error::NumbersExhausted);
     addRow("数据库的内容过大，无法读写", Error::ContentTooLarge);

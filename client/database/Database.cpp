@@ -117,7 +117,12 @@ Status Database::openFile(const QString& fileName)
         return version.status();
     if (Status status = m_files.remember(connection(), fileName); !status)
         return status;
-    return *version == Schema::latestVersion() ? Status() : transaction([this] { return applyMigrations(); });
+    if (*version == Schema::latestVersion())
+        return {};
+    m_files.forget();
+    if (Status status = transaction([this] { return applyMigrations(); }); !status)
+        return status;
+    return m_files.remember(connection(), fileName);
 }
 
 Status Database::connect(const QString& fileName)

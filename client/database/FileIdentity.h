@@ -11,18 +11,33 @@ struct sqlite3;
 /// file that was deleted or exchanged is still read and written, but nobody else ever sees it.
 class FileIdentity {
 public:
-    /// Remembers the files of a connection that has read its database. Fails like `check`.
+    /// Remembers the files of a connection that has read its database. Fails like `check`. Call it again after a change
+    /// of the schema.
     Status remember(sqlite3* connection, const QString& fileName);
-    void forget() { m_files.clear(); }
-    /// Fails if a name leads to another file or to none, or if a file has a second name.
-    Status check() const;
+    void forget();
+    /// Fails if a name leads to another file or to none, if a file has a second name, or if another program has copied
+    /// a backup or an older state into the database file.
+    Status check();
 
 private:
+    /// Fields of the database file without its log. Clients never decrease them.
+    struct Header {
+        quint32 changes = 0;
+        quint32 pages = 0;
+        quint32 schema = 0;
+    };
     struct File {
         QString name;
         quint64 device = 0;
         quint64 inode = 0;
     };
 
+    bool areFilesSame() const;
+    Status checkHeader();
+    Status readHeader(Header& header) const;
+
     QVector<File> m_files;
+    sqlite3* m_connection = nullptr; ///< null before `remember`
+    Header m_header;
+    quint32 m_schema = 0; ///< the schema's version that the connection reads, maybe from the log
 };

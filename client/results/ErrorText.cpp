@@ -22,7 +22,7 @@ constexpr Sentence Sentences[] = {
     { Error::DiskFailed, "读写数据库文件出错（代码%1）" },
     { Error::DatabaseFailed, "数据库操作失败：%1" },
     { Error::ContentTooLarge, "数据库的内容过大，无法读写" },
-    { Error::DatabaseFileChanged, "数据库文件已被删除、替换、移动或链接，不能继续使用，请核对文件后重新启动" },
+    { Error::DatabaseFileChanged, "数据库文件已被删除、替换、覆盖、移动或链接，不能继续使用，请核对文件后重新启动" },
     { Error::TransactionEnded, "数据库事务已中止，内容未保存" },
     { Error::NumbersExhausted, "数据库的编号已用尽，无法新建" },
     { Error::CannotOpenDatabase, "无法打开数据库“%1”：%2" },
