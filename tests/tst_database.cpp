@@ -5,6 +5,7 @@
 #include "Database.h"
 #include "FaultyDisk.h"
 #include "InstructionStore.h"
+#include "PlanLedger.h"
 #include "PlanStore.h"
 #include "Schema.h"
 #include "TestStatus.h"
@@ -412,6 +413,7 @@ private Q_SLOTS:
         m_database->prepareWal();
         QCOMPARE(*plans.count(), 1);
         QCOMPARE(plans.plan(PlanId::fromNumber(1))->version, 1);
+        reportFaults(QStringLiteral("a file ") + QString::fromLatin1(QTest::currentDataTag()), 4, 1, *plans.count(), 0);
     }
 
     void aFileThatIsExchangedWithinATransactionKeepsNothing()
@@ -487,6 +489,7 @@ private Q_SLOTS:
         m_database->prepareWal();
         m_database->close();
         QCOMPARE(contentOf(fileName), restored);
+        reportFaults(QStringLiteral("a file copied over ") + QString::fromLatin1(QTest::currentDataTag()), 2, 0, 0, 0);
     }
 
     void aFileThatOthersCheckpointIsWrittenOn()

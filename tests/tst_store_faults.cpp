@@ -170,7 +170,8 @@ private Q_SLOTS:
         QCOMPARE(client().plans().plan(m_plan)->version, m_version);
         QCOMPARE(m_session->reopen(), Status());
         QCOMPARE(m_ledger.differences(m_session->file()), QStringList());
-        std::printf("writes %d, refused %d, acknowledged %d\n", failing - 1, refused, m_ledger.acknowledged());
+        m_ledger.report(
+            QStringLiteral("each write fails, ") + QString::fromLatin1(QTest::currentDataTag()), m_session->file());
     }
 
     void eachWriteOfTheFirstStartFailsInTurn_data()
@@ -193,6 +194,7 @@ private Q_SLOTS:
         options.marketSize = 200;
         const QString file = m_folder.filePath(QStringLiteral("first.db"));
         client().close();
+        int starts = 0;
         int refused = 0;
         bool failed = true;
         for (int failing = 1; failed; failing += failing < 12 ? 1 : stride) {
@@ -202,6 +204,7 @@ private Q_SLOTS:
             const Status opened = client().open(file, QStringLiteral("trader01"), ClientSession::Progress(), options);
             failed = FaultyDisk::hasFailed();
             QCOMPARE(client().isOpen(), bool(opened));
+            ++starts;
             refused += opened ? 0 : 1;
             const QString reason = errorText(opened);
             QVERIFY2(opened || reason.contains(QStringLiteral("数据库")), qPrintable(reason));
@@ -213,7 +216,8 @@ private Q_SLOTS:
             client().close();
         }
         QVERIFY(refused > 3);
-        std::printf("first starts refused %d\n", refused);
+        reportFaults(QStringLiteral("first starts, ") + QString::fromLatin1(QTest::currentDataTag()), starts,
+            starts - refused, starts - refused, 0);
     }
 
     void aFileThatHasReachedItsLargestSizeRefusesAndKeepsWhatItHas()
@@ -231,6 +235,7 @@ private Q_SLOTS:
         QCOMPARE(client().database().configure(QStringLiteral("PRAGMA max_page_count = 1000000")), Status());
         QCOMPARE(create(), QString());
         checkStored();
+        m_ledger.report(QStringLiteral("a file of the largest size"), m_session->file());
     }
 
     void aFileThatCannotBeWrittenIsReadAndNotWritten()
@@ -249,6 +254,7 @@ private Q_SLOTS:
         QCOMPARE(create(), QString());
         QCOMPARE(modify(), QString());
         checkStored();
+        m_ledger.report(QStringLiteral("a read-only file"), m_session->file());
     }
 
     void aLockedFileIsReportedAndWrittenAfterwards()
@@ -265,6 +271,7 @@ private Q_SLOTS:
         QCOMPARE(create(), QString());
         QCOMPARE(modify(), QString());
         checkStored();
+        m_ledger.report(QStringLiteral("a locked file"), m_session->file());
     }
 
     void aDamagedFileIsRefusedOrReadWithinASecond_data()
@@ -320,7 +327,7 @@ private Q_SLOTS:
             AutoPlanLogic::instance().GetPlanInfo(m_plan);
             client().close();
         }
-        std::printf("%d damaged files, %d refused, seed %d\n", rounds, refused, given);
+        std::printf("%s: %d files, %d refused, seed %d\n", QTest::currentDataTag(), rounds, refused, given);
         QVERIFY(refused > 0);
     }
 

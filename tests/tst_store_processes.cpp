@@ -12,8 +12,6 @@
 #include <QRandomGenerator>
 #include <QtTest>
 
-#include <cstdio>
-
 namespace {
 
 quint32 chosenSeed()
@@ -59,7 +57,7 @@ private Q_SLOTS:
                                .arg(seed)
                                .arg(m_ledger.differences(m_session->file()).join(QLatin1Char('\n')))));
         }
-        reportTo(qPrintable(QStringLiteral("%1 kills, 0 losses").arg(kills)), m_ledger, seed);
+        m_ledger.report(QStringLiteral("%1 kills, seed %2").arg(kills).arg(seed), m_session->file());
         QCOMPARE(m_ledger.refusals(), QStringList());
         QVERIFY(m_ledger.acknowledged() > 0);
     }
@@ -86,7 +84,7 @@ private Q_SLOTS:
                 SampleSession::record().value(QStringLiteral("symbol")).toString()));
             ClientSession::instance().close();
         }
-        std::printf("%d first starts killed, seed %u\n", kills, seed);
+        reportFaults(QStringLiteral("first starts that are killed, seed %1").arg(seed), kills, kills, kills, 0);
     }
 
     void eachOfTwoFirstStartsWorksOrReportsWhy()
@@ -115,7 +113,8 @@ private Q_SLOTS:
             QCOMPARE(database.open(file), Status());
             QCOMPARE(*PlanStore(database).count(), stored);
         }
-        std::printf("%d pairs of first starts, %d asked to wait\n", rounds, refused);
+        reportFaults(
+            QStringLiteral("pairs of first starts"), 2 * rounds, 2 * rounds - refused, 2 * rounds - refused, 0);
     }
 
     void twoWritersLoseNothingOfEachOther()
@@ -136,7 +135,7 @@ private Q_SLOTS:
         QVERIFY(second.finish());
         m_ledger.read(first.output());
         m_ledger.read(second.output());
-        reportTo("two writers", m_ledger, 0);
+        m_ledger.report(QStringLiteral("two writers"), m_session->file());
         QCOMPARE(m_ledger.problems(), QStringList());
         QCOMPARE(m_ledger.differences(m_session->file()), QStringList());
         QCOMPARE(m_ledger.acknowledged() + m_ledger.refusals().size(), 2 * count.toInt());
@@ -160,7 +159,7 @@ private Q_SLOTS:
             m_session->file(), { QStringLiteral("full"), QStringLiteral("200"), QStringLiteral("limit=") + size }));
         QVERIFY(writer.finish());
         m_ledger.read(writer.output());
-        reportTo("files that may not grow", m_ledger, 0);
+        m_ledger.report(QStringLiteral("files that may not grow"), m_session->file());
         QCOMPARE(m_ledger.problems(), QStringList());
         QVERIFY(m_ledger.acknowledged() > 0);
         QVERIFY(!m_ledger.refusals().empty());
@@ -180,13 +179,6 @@ private Q_SLOTS:
     }
 
 private:
-    void reportTo(const char* title, const PlanLedger& ledger, quint32 seed) const
-    {
-        std::printf("%s: attempted %d, acknowledged %d, refused %d, seed %u\n", title, ledger.attempted(),
-            ledger.acknowledged(), int(ledger.refusals().size()), seed);
-        std::fflush(stdout);
-    }
-
     std::unique_ptr<SampleSession> m_session;
     PlanLedger m_ledger;
 };

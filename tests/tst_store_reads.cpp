@@ -30,8 +30,6 @@
 #include <QFile>
 #include <QtTest>
 
-#include <cstdio>
-
 using FaultyDisk::Fault;
 using FaultyDisk::Lasting;
 using FaultyDisk::Operation;
@@ -273,6 +271,7 @@ void TestStoreReads::eachReadFindsEverythingOrFails()
             break;
     }
     QVERIFY(failures > 0);
+    reportFaults(QStringLiteral("reads, ") + QString::fromLatin1(QTest::currentDataTag()), failures + 1, 1, 1, 0);
     const Answer again = read();
     QCOMPARE(again.status(), Status());
     QCOMPARE(*again, *sound);
@@ -399,7 +398,7 @@ void TestStoreReads::aDayWhoseReadsFailIsIssuedWholeOrNotAtAll()
         ++refused;
     }
     QVERIFY(refused > 20);
-    std::printf("days with failing reads refused %d\n", refused);
+    reportFaults(QStringLiteral("days, each read fails"), refused + 1, 1, 1, 0);
 }
 
 void TestStoreReads::aDayOnAFailingDiskIsIssuedWholeOrNotAtAll_data()
@@ -441,7 +440,7 @@ void TestStoreReads::aDayOnAFailingDiskIsIssuedWholeOrNotAtAll()
     QVERIFY2(refused > 12, qPrintable(QString::number(refused)));
     QCOMPARE(m_session->reopen(), Status());
     QCOMPARE(instructionCount(), plans);
-    std::printf("days refused %d\n", refused);
+    reportFaults(QStringLiteral("days, ") + QString::fromLatin1(QTest::currentDataTag()), refused + 1, 1, 1, 0);
 }
 
 void TestStoreReads::aFaultInTheLocksOfTheLogIsReportedWithinASecond_data()

@@ -363,7 +363,9 @@ private:
         const qint64 elapsed = timer.elapsed();
         if (elapsed > longest)
             return { Error::InspectionTooLong, { QStringLiteral("%1 ms").arg(elapsed) } };
-        std::printf("refused after %d ms: %s\n", int(elapsed), qPrintable(errorText(opened)));
+        std::printf("%s, refused after %d ms: %s\n",
+            QTest::currentDataTag() ? QTest::currentDataTag() : QTest::currentTestFunction(), int(elapsed),
+            qPrintable(errorText(opened)));
         return opened ? Status() : opened.cause();
     }
 

@@ -8,6 +8,8 @@
 #include "PlanStore.h"
 #include "SampleSession.h"
 
+#include <cstdio>
+
 namespace BaseField = AutoPlanField::BaseField;
 
 namespace {
@@ -35,8 +37,15 @@ PlanLedger::Record PlanLedger::recordOf(const Record& base, const QString& mark)
     return SampleSession::withOther(record, { { AutoPlanField::Progress::CurrentQty, number } });
 }
 
+void PlanLedger::attempt(const QString& mark)
+{
+    ++m_attempts;
+    m_created.insert(mark);
+}
+
 void PlanLedger::attemptChange(const QString& planId, int version, const QString& mark)
 {
+    ++m_attempts;
     m_changes[{ planId, version }].insert(mark);
 }
 
@@ -67,10 +76,8 @@ void PlanLedger::readLine(const QStringList& words, const QString& line)
     if (kind == QLatin1String("refused")) {
         m_refusals << line.mid(kind.size() + 1);
     } else if (kind == QLatin1String("create") && words.size() == 2) {
-        ++m_attempts;
         attempt(words.at(1));
     } else if (kind == QLatin1String("modify") && words.size() == 4) {
-        ++m_attempts;
         attemptChange(words.at(1), words.at(2).toInt(), words.at(3));
     } else if (kind == QLatin1String("stored") && words.size() == 4) {
         acknowledge(words.at(1), words.at(2).toInt(), words.at(3));
@@ -101,6 +108,19 @@ QStringList PlanLedger::differences(const QString& file) const
     return found;
 }
 
+void PlanLedger::report(const QString& what, const QString& file) const
+{
+    Database database;
+    int stored = 0;
+    if (database.open(file)) {
+        PlanStore store(database);
+        const QVector<StoredPlan> plans = *store.page(0, *store.count());
+        for (const StoredPlan& plan : plans)
+            stored += plan.version;
+    }
+    reportFaults(what, m_attempts, m_acknowledgements, stored, differences(file).size());
+}
+
 bool PlanLedger::wasSent(const QString& planId, int version, const QString& mark) const
 {
     if (version == 1)
@@ -124,6 +144,13 @@ QString PlanLedger::difference(const QString& planId, int version, const Record&
     if (record != recordOf(m_base, mark))
         return QStringLiteral("%1 holds a record that is not that of “%2”").arg(planId, mark);
     return QString();
+}
+
+void reportFaults(const QString& what, int tried, int acknowledged, int stored, int lost)
+{
+    std::printf(
+        "%s: tried %d, acknowledged %d, stored %d, lost %d\n", qPrintable(what), tried, acknowledged, stored, lost);
+    std::fflush(stdout);
 }
 
 int setting(const char* variable, int usual)

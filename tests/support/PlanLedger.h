@@ -19,7 +19,7 @@ public:
     void setBase(const Record& base) { m_base = base; }
 
     /// A new plan is about to be sent.
-    void attempt(const QString& mark) { m_created.insert(mark); }
+    void attempt(const QString& mark);
     /// A change is about to be sent that will bring the plan to a version; 0 when others change the plan, too.
     void attemptChange(const QString& planId, int version, const QString& mark);
     /// The plan was acknowledged at a version with a mark; at version 0 the change is counted only.
@@ -38,6 +38,8 @@ public:
     /// Compares with the database of a file, which is opened as the next start of the client does. One sentence for
     /// each acknowledged plan that is missing or older, each stored plan that was not sent, and each mixed record.
     QStringList differences(const QString& file) const;
+    /// Prints how many plans and changes were tried, acknowledged, stored in the file and lost.
+    void report(const QString& what, const QString& file) const;
 
 private:
     struct Plan {
@@ -59,6 +61,9 @@ private:
     int m_acknowledgements = 0;
     int m_attempts = 0;
 };
+
+/// Prints a line of the report of `scripts/faults`.
+void reportFaults(const QString& what, int tried, int acknowledged, int stored, int lost);
 
 /// The number in an environment variable, which `scripts/faults` sets; `usual` if it is not set.
 int setting(const char* variable, int usual);
