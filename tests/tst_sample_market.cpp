@@ -40,6 +40,7 @@ using Kelvo_Values::MdcSecurityType::StockType;
 namespace InstructionType = PlanCodes::InstructionType;
 
 const QDate LastDay(2024, 4, 30);
+constexpr int FullHistory = 260;
 const QDateTime SignedTime(QDate(2024, 4, 1), QTime(9, 0));
 
 /// A database with a sample market, in a temporary folder.
@@ -290,8 +291,8 @@ private Q_SLOTS:
         int fewer = 0;
         for (const QString& symbol : market().symbols(StockType, { SubType::Ashares }, {}).toStringList()) {
             const int closes = store.closes(symbol)->ticks.size();
-            QVERIFY(closes >= 1 && closes <= SampleMarket::closesPerSecurity());
-            ++(closes == SampleMarket::closesPerSecurity() ? full : fewer);
+            QVERIFY(closes >= 1 && closes <= FullHistory);
+            ++(closes == FullHistory ? full : fewer);
         }
         QVERIFY2(fewer > 20 && fewer < full / 10, qPrintable(QString::number(fewer)));
     }

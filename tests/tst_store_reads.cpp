@@ -75,7 +75,10 @@ QVector<QPair<const char*, Read>> reads()
 {
     static const QString plan = QStringLiteral("AP00000001");
     return {
-        { "users", [] { return listed(client().users(), [](const StoredUser& user) { return user.id; }); } },
+        { "users",
+            [] {
+                return listed(UserStore(client().database()).users(), [](const StoredUser& user) { return user.id; });
+            } },
         { "one user",
             [] {
                 const auto user = UserStore(client().database()).user(QStringLiteral("trader02"));

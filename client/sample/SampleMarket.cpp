@@ -240,11 +240,6 @@ int SampleMarket::largestSize()
     return standardSize() + roomOf(false) + roomOf(true);
 }
 
-int SampleMarket::closesPerSecurity()
-{
-    return FullHistory;
-}
-
 Status SampleMarket::write(Database& database, const SampleMarketOptions& options, const Progress& progress)
 {
     const int size = options.size == 0 ? standardSize() : options.size;

@@ -27,8 +27,6 @@ public:
     static int standardSize();
     /// The capacity of the code ranges.
     static int largestSize();
-    /// Number of closes of a security, unless it was listed later.
-    static int closesPerSecurity();
 
     /// Writes the market in one transaction; if it is stopped or fails, the database is unchanged. Refuses a size above
     /// `largestSize` or below one security of every kind.

@@ -74,11 +74,6 @@ void ClientSession::close()
     m_database.close();
 }
 
-Result<QVector<StoredUser>> ClientSession::users()
-{
-    return m_open ? UserStore(m_database).users() : QVector<StoredUser>();
-}
-
 PlanStore ClientSession::plans()
 {
     return PlanStore(m_database, m_user);

@@ -39,8 +39,6 @@ public:
 
     /// The logged-in user; one with an empty id while closed.
     const StoredUser& user() const { return m_user; }
-    /// Every user of the opened database.
-    Result<QVector<StoredUser>> users();
 
     /// The following are empty while the session is closed.
     const Market& market() const { return m_market.market(); }
