@@ -59,12 +59,12 @@ void Market::index()
 int Market::groupOf(const Security& security, int first)
 {
     const QStringView suffix = suffixOf(security.symbol);
-    const auto holds = [&security, suffix](const Group& group) {
+    const auto matches = [&security, suffix](const Group& group) {
         return group.subType == security.subType && group.type == security.type && group.suffix == suffix;
     };
-    if (first < m_groups.size() && holds(m_groups.at(first)))
+    if (first < m_groups.size() && matches(m_groups.at(first)))
         return first;
-    const auto known = std::find_if(m_groups.cbegin(), m_groups.cend(), holds);
+    const auto known = std::find_if(m_groups.cbegin(), m_groups.cend(), matches);
     const int found = static_cast<int>(known - m_groups.cbegin());
     if (found == m_groups.size())
         m_groups.append({ security.type, security.subType, suffix.toString(), {} });

@@ -49,7 +49,7 @@ void SymbolIndex::prepareNames()
     }
 }
 
-void SymbolIndex::keepGoing() const
+void SymbolIndex::throwIfStopped() const
 {
     if (m_stopped.load(std::memory_order_acquire))
         throw Stopped();
@@ -57,16 +57,16 @@ void SymbolIndex::keepGoing() const
 
 void SymbolIndex::sortCodes()
 {
-    keepGoing();
+    throwIfStopped();
     m_codes.reserve(m_run.size());
     for (const QString& symbol : m_run) {
-        keepGoing();
+        throwIfStopped();
         m_codes.append(searchForm(symbol));
     }
     m_byCode.resize(m_run.size());
     std::iota(m_byCode.begin(), m_byCode.end(), 0);
     const auto earlier = [this](int a, int b) {
-        keepGoing();
+        throwIfStopped();
         const int order = m_codes.at(a).compare(m_codes.at(b));
         return order != 0 ? order < 0 : a < b;
     };
@@ -82,18 +82,18 @@ int SymbolIndex::firstNotBefore(const QString& code) const
 
 void SymbolIndex::readNames()
 {
-    keepGoing();
+    throwIfStopped();
     m_starts.reserve(m_run.size());
     for (const QString& symbol : m_run) {
-        keepGoing();
+        throwIfStopped();
         m_starts.append(m_names.size());
         m_names += searchForm(m_nameOf(symbol)) + NameEnd;
     }
     m_names.squeeze();
-    noteLetters();
+    collectLetters();
 }
 
-void SymbolIndex::noteLetters()
+void SymbolIndex::collectLetters()
 {
     m_letters.resize(CharacterCodes);
     for (const QChar character : qAsConst(m_names)) {
@@ -108,7 +108,7 @@ QVector<SymbolIndex::Suffix> SymbolIndex::suffixes() const
     all.reserve(m_names.size() - m_starts.size());
     quint64 head = 0;
     for (int position = m_names.size() - 1; position >= 0; --position) {
-        keepGoing();
+        throwIfStopped();
         const quint64 character = m_names.at(position).unicode();
         const bool isEnd = character == NameEnd.unicode();
         head = isEnd ? 0 : (character << (HeadLength - 1) * CharacterBits) | (head >> CharacterBits);
@@ -129,7 +129,7 @@ void SymbolIndex::sortSuffixes()
 
 bool SymbolIndex::isEarlier(const Suffix& a, const Suffix& b) const
 {
-    keepGoing();
+    throwIfStopped();
     if (a.head != b.head)
         return a.head < b.head;
     const QChar* names = m_names.constData();

@@ -48,10 +48,10 @@ private:
         int position;
     };
 
-    void keepGoing() const;
+    void throwIfStopped() const;
     void sortCodes();
     void readNames();
-    void noteLetters();
+    void collectLetters();
     QVector<Suffix> suffixes() const;
     void sortSuffixes();
     bool isEarlier(const Suffix& a, const Suffix& b) const;

@@ -9,12 +9,12 @@ InstructionPrefetcher::InstructionPrefetcher(const QString& fileName)
 
 void InstructionPrefetcher::read(const QString& planId, const QString& token)
 {
-    const int question = ++m_asked;
+    const int request = ++m_requested;
     m_thread.run([=](Database& database, const Status& opened) {
-        if (question != m_asked)
+        if (request != m_requested)
             return;
         const Result<Instructions> read = opened ? InstructionStore(database).ofPlan(planId) : opened;
-        if (question != m_asked || m_thread.isStopping())
+        if (request != m_requested || m_thread.isStopping())
             return;
         if (read)
             Q_EMIT arrived(planId, token, *read);

@@ -26,6 +26,6 @@ Q_SIGNALS:
     void failed(const Status& failure);
 
 private:
-    std::atomic_int m_asked{ 0 };
+    std::atomic_int m_requested{ 0 };
     DatabaseThread m_thread; ///< destroyed before the data of its jobs
 };
