@@ -19,7 +19,7 @@ def read_bars():
         return list(csv.DictReader(file))
 
 
-def holds(value, relation, bar):
+def is_met(value, relation, bar):
     return {"<=": value <= bar, ">=": value >= bar, "==": value == bar}[relation]
 
 
@@ -29,7 +29,7 @@ def rows_of(figures):
         value = figures[bar["figure"]]
         wanted = {"<=": "at most", ">=": "at least", "==": "exactly"}[bar["relation"]] + f" {bar['bar']} {bar['unit']}"
         rows.append({"figure": bar["figure"], "what": bar["what"], "measured": value, "unit": bar["unit"],
-                     "bar": wanted, "holds": holds(value, bar["relation"], float(bar["bar"]))})
+                     "bar": wanted, "met": is_met(value, bar["relation"], float(bar["bar"]))})
     return rows
 
 
@@ -40,9 +40,9 @@ def shown(row):
 
 def print_table(rows):
     width = max(len(row["what"]) for row in rows)
-    print(f"{'What':{width}}  {'Measured':>14}  {'Bar':<22}  Holds")
+    print(f"{'What':{width}}  {'Measured':>14}  {'Bar':<22}  Met")
     for row in rows:
-        print(f"{row['what']:{width}}  {shown(row):>14}  {row['bar']:<22}  {'yes' if row['holds'] else 'NO'}")
+        print(f"{row['what']:{width}}  {shown(row):>14}  {row['bar']:<22}  {'yes' if row['met'] else 'NO'}")
 
 
 def machine():
@@ -57,8 +57,8 @@ def write_docs(rows):
         text = file.read()
     before, rest = text.split(START)
     after = rest.split(END)[1]
-    lines = ["", f"Measured on {machine()}.", "", "| What | Measured | Bar | Holds |", "|---|---|---|---|"]
-    lines += [f"| {row['what']} | {shown(row)} | {row['bar']} | {'yes' if row['holds'] else '**no**'} |" for row in rows]
+    lines = ["", f"Measured on {machine()}.", "", "| What | Measured | Bar | Met |", "|---|---|---|---|"]
+    lines += [f"| {row['what']} | {shown(row)} | {row['bar']} | {'yes' if row['met'] else '**no**'} |" for row in rows]
     with open(path, "w", encoding="utf-8") as file:
         file.write(before + START + "\n".join(lines) + "\n\n" + END + after)
 
@@ -85,7 +85,7 @@ def main():
         pictures.draw(growth, os.path.join(ROOT, "docs", "images"))
     if options.write_docs:
         write_docs(rows)
-    missed = [row for row in rows if not row["holds"]]
+    missed = [row for row in rows if not row["met"]]
     if options.check:
         for row in missed:
             log(f"missed: {row['what']}: {shown(row)}, {row['bar']}")
