@@ -117,8 +117,7 @@ void writeInstructions(ClientSession& session, const QString& plan, int count)
         const bool ended = i % 2 == 0;
         require(store
                     .add(plan, SampleSession::today(),
-                        { { FieldId::TradeDate, QStringLiteral("2024-05-06") },
-                            { FieldId::EndState, ended ? EndState::Ended : EndState::Running },
+                        { { FieldId::EndState, ended ? EndState::Ended : EndState::Running },
                             { FieldId::TargetType, InstructionTargetType::QtyOrder },
                             { FieldId::Price, QStringLiteral("12.34") }, { FieldId::IssuedQty, QStringLiteral("200") },
                             { FieldId::FilledQty, QStringLiteral("100") },

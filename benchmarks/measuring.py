@@ -10,7 +10,7 @@ ACCOUNTS = [1, 100, 10_000]
 PLANS = [1, 1_000, 10_000, 100_000]
 INSTRUCTIONS = [100, 1_000, 10_000]
 # Version of the generated data; increment it when the output of make_data changes.
-DATA_VERSION = 2
+DATA_VERSION = 3
 
 
 class Programs:

@@ -21,6 +21,7 @@
 
 #include <memory>
 
+Q_DECLARE_METATYPE(Error)
 Q_DECLARE_METATYPE(FaultyDisk::Operation)
 
 namespace {
@@ -93,11 +94,23 @@ void exchange(const QString& fileName, const QString& change)
     }
 }
 
+/// Statements that add what the plans of these tests refer to.
+QStringList parents()
+{
+    return {
+        QStringLiteral("INSERT INTO users VALUES ('u', 'u'), ('trader01', 't'), ('restored', 'r')"),
+        QStringLiteral("INSERT INTO securities VALUES (1, '600000.SH', 'n', 't', 's', 'e', 2, 1, 100, 100, '', ''),"
+                       " (2, '000001.SZ', 'n', 't', 's', 'e', 2, 1, 100, 100, '', '')"),
+    };
+}
+
 bool makeVersionOne(const QString& fileName)
 {
     RawFile raw(fileName);
     bool done = true;
     for (const QString& statement : Schema::migrations().constFirst().statements)
+        done = done && raw.run(statement);
+    for (const QString& statement : parents())
         done = done && raw.run(statement);
     return done && raw.run(QStringLiteral("PRAGMA application_id = %1").arg(Schema::applicationId()))
         && raw.run(QStringLiteral("PRAGMA user_version = 1"))
@@ -120,6 +133,8 @@ private Q_SLOTS:
         QVERIFY(m_folder->isValid());
         m_database = std::make_unique<Database>();
         QCOMPARE(m_database->open(path(QStringLiteral("plans.db"))), Status());
+        for (const QString& statement : parents())
+            QCOMPARE(m_database->execute(statement), Status());
     }
 
     void cleanup()
@@ -576,7 +591,7 @@ private Q_SLOTS:
         PlanStore plans(*m_database);
         PlanStore::Record record = sampleRecord();
         record.remove(OtherParamKey);
-        const QString id = *plans.create(record, QString(), Morning);
+        const QString id = *plans.create(record, QStringLiteral("u"), Morning);
         QVERIFY(!plans.record(id)->contains(OtherParamKey));
         record.insert(OtherParamKey, QString());
         QCOMPARE(plans.modify(id, record, Noon), Status());
@@ -663,11 +678,11 @@ private Q_SLOTS:
     {
         PlanStore plans(*m_database);
         const QString id = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
-        QCOMPARE(m_database->execute(QStringLiteral("CREATE TRIGGER no_remark BEFORE INSERT ON plan_fields"
-                                                    " WHEN NEW.value = 'bad' BEGIN SELECT RAISE(ABORT, 'no'); END")),
+        QCOMPARE(m_database->execute(QStringLiteral("CREATE TRIGGER no_version BEFORE UPDATE ON plans"
+                                                    " WHEN NEW.version = 2 BEGIN SELECT RAISE(ABORT, 'no'); END")),
             Status());
         PlanStore::Record changed = sampleRecord();
-        changed.insert(QStringLiteral("symbol"), QStringLiteral("bad"));
+        changed.insert(QStringLiteral("symbol"), QStringLiteral("000001.SZ"));
         QVERIFY(!plans.modify(id, changed, Noon));
         QCOMPARE(plans.plan(id)->version, 1);
         QCOMPARE(*plans.record(id), sampleRecord());
@@ -702,6 +717,114 @@ private Q_SLOTS:
         QCOMPARE(*plans.idsOfDay(QDate(2024, 5, 9)), QStringList());
     }
 
+    void onlyActivePlansAreThoseOfADay()
+    {
+        PlanStore plans(*m_database);
+        const PlanStore::Record period{ { AutoPlanField::BaseField::beginDate, QStringLiteral("2024-05-06") },
+            { AutoPlanField::BaseField::endDate, QStringLiteral("2024-05-08") } };
+        const QString id = *plans.create(period, QStringLiteral("u"), Morning);
+        const QVector<QPair<QString, PlanState>> others{ { QStringLiteral("paused"), PlanState::Paused },
+            { QStringLiteral("stopped"), PlanState::Stopped }, { QStringLiteral("archived"), PlanState::Archived } };
+        QCOMPARE(plans.plan(id)->state, PlanState::Active);
+        for (const auto& other : others) {
+            QCOMPARE(m_database->execute(QStringLiteral("UPDATE plans SET state = ?"), { other.first }), Status());
+            QCOMPARE(plans.plan(id)->state, other.second);
+            QCOMPARE(*plans.idsOfDay(QDate(2024, 5, 6)), QStringList());
+            QCOMPARE(*plans.count(), 1);
+        }
+    }
+
+    void aRowThatTheStoreDoesNotWriteIsReported_data()
+    {
+        QTest::addColumn<QString>("change");
+        QTest::newRow("a field that is no text") << QStringLiteral("fields = '{\"remark\": 1}'");
+        QTest::newRow("a time that is none") << QStringLiteral("created_time = 'noon'");
+        QTest::newRow("an unknown state") << QStringLiteral("state = 'other'");
+    }
+
+    void aRowThatTheStoreDoesNotWriteIsReported()
+    {
+        QFETCH(QString, change);
+        PlanStore plans(*m_database);
+        const QString id = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
+        QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
+        QCOMPARE(m_database->configure(QStringLiteral("PRAGMA ignore_check_constraints = ON")), Status());
+        QCOMPARE(m_database->execute(QStringLiteral("UPDATE plans SET %1 WHERE number = 1").arg(change)), Status());
+        const Status damaged(Error::DamagedPlan, { id });
+        QCOMPARE(plans.plan(id).status(), damaged);
+        QCOMPARE(plans.page(0, 10).status(), damaged);
+        QCOMPARE(plans.plan(PlanId::fromNumber(2)).status(), Status());
+    }
+
+    void timesAreStoredInUtc()
+    {
+        PlanStore plans(*m_database);
+        const QString id = *plans.create(sampleRecord(), QStringLiteral("u"), Morning);
+        QCOMPARE(m_database->value(QStringLiteral("SELECT created_time FROM plans"))->toString(),
+            QStringLiteral("2024-05-06T01:30:00.125Z"));
+        QCOMPARE(plans.plan(id)->created, Morning);
+        QCOMPARE(plans.plan(id)->created.timeSpec(), Qt::LocalTime);
+    }
+
+    void anInstructionIsStoredAsNumbersAndReadsBackAsItWas()
+    {
+        const QString plan = *PlanStore(*m_database).create(sampleRecord(), QStringLiteral("u"), Morning);
+        InstructionStore instructions(*m_database);
+        const InstructionStore::Fields fields{ { QStringLiteral("12013"), QStringLiteral("0") },
+            { QStringLiteral("57134"), QStringLiteral("Q") }, { QStringLiteral("44"), QStringLiteral("0.070") },
+            { QStringLiteral("38"), QStringLiteral("1000") }, { QStringLiteral("14"), QStringLiteral("0") },
+            { QStringLiteral("217201"), QStringLiteral("70.00") },
+            { QStringLiteral("cumAmount"), QStringLiteral("0.05") } };
+        const QString id = *instructions.add(plan, QDate(2024, 5, 6), fields);
+        InstructionStore::Fields expected = fields;
+        expected.insert(QStringLiteral("75"), QStringLiteral("2024-05-06"));
+        QCOMPARE(instructions.ofPlan(plan)->value(id), expected);
+        QCOMPARE(m_database
+                     ->value(QStringLiteral("SELECT price_ticks || ' ' || price_decimals || ' ' ||"
+                                            " issued_quantity || ' ' || issued_fen || ' ' || filled_fen"
+                                            " FROM instructions"))
+                     ->toString(),
+            QStringLiteral("70 3 1000 7000 5"));
+        QCOMPARE(*instructions.used(plan, false), 1000.0);
+        QCOMPARE(*instructions.used(plan, true), 70.0);
+    }
+
+    void anInstructionThatWouldComeBackChangedIsRefused_data()
+    {
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<Error>("error");
+        const auto row = [](const char* name, const char* field, const char* text, Error error) {
+            QTest::newRow(name) << QString::fromLatin1(field) << QString::fromLatin1(text) << error;
+        };
+        row("a quantity with a leading zero", "38", "0100", Error::NotNumber);
+        row("a quantity with a point", "14", "100.0", Error::NotNumber);
+        row("a negative quantity", "14", "-1", Error::NotNumber);
+        row("no quantity", "38", "", Error::NotNumber);
+        row("an amount with one decimal", "217201", "0.5", Error::NotNumber);
+        row("an amount without an integer part", "cumAmount", ".50", Error::NotNumber);
+        row("a price with an exponent", "44", "1e3", Error::NotNumber);
+        row("a price with seven decimals", "44", "1.0000000", Error::NotNumber);
+        row("a price that is too large", "44", "9223372036854775808", Error::NotNumber);
+        row("a state that there is not", "12013", "2", Error::DatabaseFailed);
+        row("an unknown field", "99", "1", Error::FieldUnknown);
+        row("the day, which is given separately", "75", "2024-05-06", Error::FieldUnknown);
+    }
+
+    void anInstructionThatWouldComeBackChangedIsRefused()
+    {
+        QFETCH(QString, field);
+        QFETCH(QString, text);
+        QFETCH(Error, error);
+        const QString plan = *PlanStore(*m_database).create(sampleRecord(), QStringLiteral("u"), Morning);
+        InstructionStore instructions(*m_database);
+        const QString id = *instructions.add(plan, QDate(2024, 5, 6), {});
+        QCOMPARE(instructions.add(plan, QDate(2024, 5, 6), { { field, text } }).status().error(), error);
+        QCOMPARE(instructions.update(plan, id, { { field, text } }).error(), error);
+        QCOMPARE(instructions.ofPlan(plan)->size(), 1);
+        QCOMPARE(instructions.ofPlan(plan)->value(id).size(), 1);
+    }
+
     void anOtherParameterTextOfAMegabyteReadsBack()
     {
         PlanStore plans(*m_database);
@@ -728,7 +851,9 @@ private Q_SLOTS:
         QCOMPARE(all.keys(), QStringList({ first, second }));
         QCOMPARE(all.value(first).value(QStringLiteral("14")).toString(), QStringLiteral("300"));
         QCOMPARE(all.value(first).value(QStringLiteral("38")).toString(), QStringLiteral("500"));
-        QCOMPARE(all.value(second), fields);
+        InstructionStore::Fields expected = fields;
+        expected.insert(QStringLiteral("75"), QStringLiteral("2024-05-07"));
+        QCOMPARE(all.value(second), expected);
         QCOMPARE(instructions.ofDay(plan, QDate(2024, 5, 7))->keys(), QStringList{ second });
         QCOMPARE(instructions.ofPlan(other)->size(), 0);
     }
@@ -749,8 +874,7 @@ private Q_SLOTS:
         InstructionStore instructions(*m_database);
         for (int i = 0; i < 3; ++i)
             QVERIFY(instructions.add(plan, QDate(2024, 5, 6), {}));
-        QCOMPARE(m_database->execute(QStringLiteral("DELETE FROM plan_instructions WHERE id = 'AP00000001-000002'")),
-            Status());
+        QCOMPARE(m_database->execute(QStringLiteral("DELETE FROM instructions WHERE position = 2")), Status());
         QCOMPARE(*instructions.add(plan, QDate(2024, 5, 7), {}), QStringLiteral("AP00000001-000004"));
     }
 
@@ -774,7 +898,7 @@ private Q_SLOTS:
         QCOMPARE(accounts.account(QStringLiteral("9"))->tradingAccount, QString());
         QCOMPARE(users.user(QStringLiteral("u1"))->name, QStringLiteral("林岫"));
         QCOMPARE(users.user(QStringLiteral("u2"))->id, QString());
-        QCOMPARE(users.users()->size(), 1);
+        QCOMPARE(users.users()->size(), 4);
     }
 
     void authoritiesAndRulesAreKeptPerUserAccountAndType()

@@ -94,6 +94,18 @@ void addPlanRows()
         { Error::FieldTooLong, { QStringLiteral("remark"), QStringLiteral("4000") } });
     addRow("计划字段“remark”含有无法保存的字符", { Error::FieldNotStorable, { QStringLiteral("remark") } });
     addRow("证券“600000.SH”的收盘价已损坏", { Error::DamagedCloses, { QStringLiteral("600000.SH") } });
+    addRow("计划“AP00000001”的内容已损坏", { Error::DamagedPlan, { QStringLiteral("AP00000001") } });
+    addRow("计划“AP00000001”的账户“9”不存在",
+        { Error::PlanValueUnknown, { QStringLiteral("AP00000001"), QStringLiteral("账户"), QStringLiteral("9") } });
+    addRow("计划“AP00000001”的开始日期“noon”无效",
+        { Error::PlanValueInvalid,
+            { QStringLiteral("AP00000001"), QStringLiteral("开始日期"), QStringLiteral("noon") } });
+    addRow("指令AP00000001-000001的内容“38 x”无效",
+        { Error::InstructionInvalid, { QStringLiteral("AP00000001-000001"), QStringLiteral("38 x") } });
+    addRow("证券“600000.SH”的价格精度、数量系数、步长或涨跌幅超出范围",
+        { Error::SecurityInvalid, { QStringLiteral("600000.SH") } });
+    addRow("账户“9”的证券“600000.SH”的持仓无效",
+        { Error::PositionInvalid, { QStringLiteral("9"), QStringLiteral("600000.SH") } });
     addRow("新建计划不能带有计划编号", Error::PlanHasId);
     addRow("缺少计划扩展信息", Error::NoOtherParam);
     addRow("计划扩展信息不是有效的JSON对象", Error::OtherParamNotJson);

@@ -128,11 +128,12 @@ private Q_SLOTS:
         const Record running{ { FieldId::EndState, EndState::Running } };
         const QString first = *ClientSession::instance().instructions().add(id, SampleSession::today(), running);
         QCOMPARE(service().GetPlanInstruction(id).keys(), QStringList{ first });
-        QCOMPARE(service().GetPlanInstruction(id).value(first), running);
+        const QString today = SampleSession::today().toString(Qt::ISODate);
+        QCOMPARE(service().GetPlanInstruction(id).value(first), with(running, FieldId::TradeDate, today));
 
         const Record ended{ { FieldId::EndState, EndState::Ended } };
         QCOMPARE(ClientSession::instance().instructions().update(id, first, ended), Status());
-        QCOMPARE(service().GetPlanInstruction(id).value(first), ended);
+        QCOMPARE(service().GetPlanInstruction(id).value(first), with(ended, FieldId::TradeDate, today));
 
         Database other;
         QCOMPARE(other.open(m_session->file()), Status());

@@ -99,10 +99,10 @@ private Q_SLOTS:
         QCOMPARE(m_ledger.differences(m_session->file()), QStringList());
         const QStringList changes{ QStringLiteral("UPDATE plans SET version = 1 WHERE number = 1"),
             QStringLiteral("UPDATE plans SET version = 3 WHERE number = 1"),
-            QStringLiteral("UPDATE plan_fields SET value = 'x' WHERE plan = 1 AND key = 'remark'"),
-            QStringLiteral("UPDATE plan_fields SET value = '1' WHERE plan = 2 AND key = 'totalQty'"),
-            QStringLiteral("UPDATE plans SET other_param = '{}' WHERE number = 2"),
-            QStringLiteral("DELETE FROM plan_fields WHERE plan = 2"),
+            QStringLiteral("UPDATE plans SET fields = json_set(fields, '$.remark', 'x') WHERE number = 1"),
+            QStringLiteral("UPDATE plans SET fields = json_set(fields, '$.totalQty', '1') WHERE number = 2"),
+            QStringLiteral("UPDATE plans SET fields = json_set(fields, '$.planOtherParam', '{}') WHERE number = 2"),
+            QStringLiteral("UPDATE plans SET side = NULL WHERE number = 2"),
             QStringLiteral("DELETE FROM plans WHERE number = 2") };
         for (const QString& change : changes) {
             QVERIFY(copyAsLeft(m_session->file(), copy()));

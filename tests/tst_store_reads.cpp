@@ -237,7 +237,7 @@ void TestStoreReads::addPlans(int count)
 
 int TestStoreReads::instructionCount()
 {
-    return client().database().value(QStringLiteral("SELECT count(*) FROM plan_instructions"))->toInt();
+    return client().database().value(QStringLiteral("SELECT count(*) FROM instructions"))->toInt();
 }
 
 void TestStoreReads::eachReadFindsEverythingOrFails_data()
@@ -334,7 +334,7 @@ void TestStoreReads::aServiceThatCannotReadRefusesAndReports()
 {
     QCOMPARE(m_session->reopen(), Status());
     const QStringList tables{ QStringLiteral("signatures"), QStringLiteral("strategy_lists"),
-        QStringLiteral("static_texts"), QStringLiteral("positions"), QStringLiteral("plan_instructions") };
+        QStringLiteral("static_texts"), QStringLiteral("positions"), QStringLiteral("instructions") };
     QCOMPARE(client().database().configure(QStringLiteral("PRAGMA foreign_keys = OFF")), Status());
     for (const QString& table : tables)
         QCOMPARE(client().database().execute(QStringLiteral("ALTER TABLE %1 RENAME TO gone_%1").arg(table)), Status());
@@ -369,7 +369,7 @@ void TestStoreReads::aChangeThatCannotReadTheInstructionsIsRefused()
 {
     QMap<QString, QVariant> record = SampleSession::record();
     record.insert(AutoPlanField::BaseField::autoPlanId, QStringLiteral("AP00000001"));
-    QCOMPARE(client().database().execute(QStringLiteral("ALTER TABLE instruction_fields RENAME TO gone")), Status());
+    QCOMPARE(client().database().execute(QStringLiteral("ALTER TABLE instructions RENAME TO gone")), Status());
     const QString reason = AutoPlanLogic::instance().modifyPlan(record);
     QVERIFY2(reason.startsWith(QStringLiteral("数据库操作失败")), qPrintable(reason));
     QCOMPARE(client().plans().plan(QStringLiteral("AP00000001"))->version, 1);

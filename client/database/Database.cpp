@@ -1,7 +1,6 @@
 #include "Database.h"
 
 #include "PrivateFiles.h"
-#include "Schema.h"
 #include "UntrustedFile.h"
 
 #include <QDir>
@@ -9,6 +8,7 @@
 #include <QFileInfo>
 #include <QSqlDriver>
 #include <QSqlError>
+#include <QSqlRecord>
 #include <QThread>
 
 #include <sqlite3.h>
@@ -230,18 +230,35 @@ Status Database::applyMigrations()
     const Result<int> version = number(QStringLiteral("PRAGMA user_version"));
     if (!version)
         return version.status();
-    QStringList statements;
     for (const Schema::Migration& migration : Schema::migrations()) {
-        if (migration.version > *version)
-            statements += migration.statements;
-    }
-    statements << QStringLiteral("PRAGMA application_id = %1").arg(Schema::applicationId())
-               << QStringLiteral("PRAGMA user_version = %1").arg(Schema::latestVersion());
-    for (const QString& statement : qAsConst(statements)) {
-        if (Status status = execute(statement); !status)
+        const Status status = migration.version > *version ? migrate(migration) : Status();
+        if (!status)
             return { Error::MigrationFailed, {}, status };
     }
-    return {};
+    return execute(QStringLiteral("PRAGMA application_id = %1").arg(Schema::applicationId()));
+}
+
+Status Database::migrate(const Schema::Migration& migration)
+{
+    for (const Schema::Obstacle& obstacle : migration.obstacles) {
+        if (Status status = refuse(obstacle); !status)
+            return status;
+    }
+    for (const QString& statement : migration.statements) {
+        if (Status status = execute(statement); !status)
+            return status;
+    }
+    return execute(QStringLiteral("PRAGMA user_version = %1").arg(migration.version));
+}
+
+Status Database::refuse(const Schema::Obstacle& obstacle)
+{
+    QStringList found;
+    Status status = read(obstacle.query + QStringLiteral(" LIMIT 1"), {}, [&found](const QSqlQuery& row) {
+        for (int column = 0; column < row.record().count(); ++column)
+            found << row.value(column).toString();
+    });
+    return status && !found.isEmpty() ? Status(obstacle.error, found) : status;
 }
 
 Status Database::transaction(const std::function<Status()>& work)

@@ -2,6 +2,7 @@
 
 #include "FileIdentity.h"
 #include "LockWaits.h"
+#include "Schema.h"
 #include "Status.h"
 
 #include <QSqlDatabase>
@@ -85,6 +86,8 @@ private:
     Status prepareConnection();
     Status startWalMode();
     Status applyMigrations();
+    Status migrate(const Schema::Migration& migration);
+    Status refuse(const Schema::Obstacle& obstacle);
     Status begin();
     Status finish(const Status& worked);
     void rollBack();

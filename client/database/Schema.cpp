@@ -1,5 +1,7 @@
 #include "Schema.h"
 
+#include "TypedTables.h"
+
 namespace {
 
 QStringList planTables()
@@ -164,6 +166,7 @@ const QVector<Schema::Migration>& Schema::migrations()
         { 2, planChangedTime() },
         { 3, unusedTables() },
         { 4, limitTables() },
+        { 5, TypedTables::statements(), TypedTables::obstacles() },
     };
     return steps;
 }

@@ -135,7 +135,6 @@ Fields PlanDay::fields() const
     if (m_price.cutToLimit)
         qInfo() << "InstructionIssuer::issueDay" << m_plan.id << "price cut to the day's limit price";
     return {
-        { FieldId::TradeDate, PlanTexts::text(m_day) },
         { FieldId::EndState, fill.quantity == m_quantity ? EndState::Ended : EndState::Running },
         { FieldId::TargetType, isAmount() ? InstructionTargetType::AmountOrder : InstructionTargetType::QtyOrder },
         { FieldId::Price, TickPrice::text(m_price.limit.value_or(0), precision) },

@@ -40,6 +40,12 @@ enum class Error {
     UnknownPlan,        ///< plan id
     UnknownInstruction, ///< instruction id
     DamagedCloses,      ///< symbol
+    DamagedPlan,        ///< plan id
+    PlanValueUnknown,   ///< plan id, caption, value
+    PlanValueInvalid,   ///< plan id, caption, value
+    InstructionInvalid, ///< instruction id, what it contains
+    SecurityInvalid,    ///< symbol
+    PositionInvalid,    ///< account, symbol
     // --- The sample data
     MarketSizeOutOfRange, ///< smallest, largest size
     NoLastClose,

@@ -49,6 +49,12 @@ constexpr Sentence Sentences[] = {
     { Error::UnknownPlan, "计划“%1”不存在" },
     { Error::UnknownInstruction, "指令%1不存在" },
     { Error::DamagedCloses, "证券“%1”的收盘价已损坏" },
+    { Error::DamagedPlan, "计划“%1”的内容已损坏" },
+    { Error::PlanValueUnknown, "计划“%1”的%2“%3”不存在" },
+    { Error::PlanValueInvalid, "计划“%1”的%2“%3”无效" },
+    { Error::InstructionInvalid, "指令%1的内容“%2”无效" },
+    { Error::SecurityInvalid, "证券“%1”的价格精度、数量系数、步长或涨跌幅超出范围" },
+    { Error::PositionInvalid, "账户“%1”的证券“%2”的持仓无效" },
     // --- The sample data
     { Error::MarketSizeOutOfRange, "样本市场的证券数量须在%1到%2之间" },
     { Error::NoLastClose, "样本市场缺少最后一个收盘日" },

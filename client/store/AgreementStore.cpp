@@ -1,5 +1,7 @@
 #include "AgreementStore.h"
 
+#include "StoredTime.h"
+
 AgreementStore::AgreementStore(Database& database)
     : m_database(database)
 {
@@ -28,7 +30,7 @@ Status AgreementStore::sign(
     return m_database.execute(
         QStringLiteral("INSERT INTO signatures (protocol, client_no, user, signed_time) VALUES (?, ?, ?, ?)"
                        " ON CONFLICT (protocol, client_no) DO NOTHING"),
-        { protocol, clientNo, userId, now.toString(Qt::ISODateWithMs) });
+        { protocol, clientNo, userId, StoredTime::toText(now) });
 }
 
 Result<QDateTime> AgreementStore::signedTime(const QString& protocol, const QString& clientNo)
@@ -38,7 +40,7 @@ Result<QDateTime> AgreementStore::signedTime(const QString& protocol, const QStr
             { protocol, clientNo });
     if (!found)
         return found.status();
-    return QDateTime::fromString(found->toString(), Qt::ISODateWithMs);
+    return StoredTime::fromText(found->toString());
 }
 
 Result<QStringList> AgreementStore::unsignedClientNumbers(const QString& protocol, const QString& userId)

@@ -1,23 +1,24 @@
 #pragma once
 
 #include "Database.h"
+#include "InstructionRow.h"
 
 #include <QDate>
-#include <QMap>
 
-/// The instructions of plans, with their quantities, amounts and fills as fields.
+/// The instructions of plans, with their price, quantities, amounts and fills as fields.
 class InstructionStore {
 public:
-    using Fields = QMap<QString, QVariant>;
+    using Fields = InstructionRow::Fields;
 
     explicit InstructionStore(Database& database);
 
-    /// Adds an instruction of the day and returns its id, ascending within its plan. Refuses an unknown plan.
+    /// Adds an instruction of the day and returns its id, ascending within its plan. Refuses an unknown plan, and
+    /// fields that `InstructionRow` refuses; the day is not one of them.
     Result<QString> add(const QString& planId, const QDate& day, const Fields& fields);
     /// Sets the given fields and keeps the others, for example for a fill. Refuses an unknown instruction.
     Status update(const QString& planId, const QString& instructionId, const Fields& fields);
 
-    /// Texts by field key, by instruction id; empty if the plan is unknown or has none.
+    /// Texts by field key, by instruction id, including the day; empty if the plan is unknown or has none.
     Result<QMap<QString, Fields>> ofPlan(const QString& planId);
     /// Like `ofPlan`, for one day only.
     Result<QMap<QString, Fields>> ofDay(const QString& planId, const QDate& day);
@@ -27,9 +28,8 @@ public:
     Result<double> used(const QString& planId, bool isAmount);
 
 private:
-    Result<QString> nextId(qint64 plan, const QString& planId);
-    Status writeFields(qint64 plan, const QString& instructionId, const Fields& fields);
-    Result<QMap<QString, Fields>> read(const QString& planId, const QString& day);
+    Result<int> nextPosition(qint64 plan, const QString& planId);
+    Result<QMap<QString, Fields>> read(const QString& planId, const QString& condition, const QVariantList& values);
 
     Database& m_database;
 };

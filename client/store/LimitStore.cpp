@@ -1,5 +1,7 @@
 #include "LimitStore.h"
 
+#include "StoredTime.h"
+
 namespace {
 
 QVariant valueOf(const std::optional<qint64>& limit)
@@ -48,7 +50,7 @@ Status LimitStore::authorise(const LimitException& exception)
                        " price_band_per_mille, authorised_by, authorised_time, last_day, reason)"
                        " VALUES (?, ?, ?, ?, ?, ?, ?, ?)"),
         { exception.tradingAccount, valueOf(limits.quantity), valueOf(limits.amount), valueOf(limits.priceBandPerMille),
-            exception.authorisedBy, exception.authorisedTime.toUTC().toString(Qt::ISODateWithMs),
+            exception.authorisedBy, StoredTime::toText(exception.authorisedTime),
             exception.lastDay.toString(Qt::ISODate), exception.reason });
 }
 

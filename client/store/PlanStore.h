@@ -1,30 +1,14 @@
 #pragma once
 
+#include "PlanScope.h"
+#include "StoredPlan.h"
 #include "UserStore.h"
 
 #include <QDate>
-#include <QDateTime>
-#include <QMap>
-#include <QString>
 #include <QStringList>
 #include <QVector>
 
-#include <optional>
-
-/// A stored plan: its record and the store's own data.
-struct StoredPlan {
-    QString id;
-    /// 1 after creation; every modification adds one.
-    int version = 0;
-    /// Id of the user who created it.
-    QString creator;
-    QDateTime created;
-    QDateTime changed;
-    /// Texts by field key, including the other-parameter text if the plan has one.
-    QMap<QString, QVariant> record;
-};
-
-/// Plans and their record fields.
+/// The table of plans.
 class PlanStore {
 public:
     using Record = QMap<QString, QVariant>;
@@ -50,24 +34,13 @@ public:
     Result<int> version(const QString& planId);
     /// Number of plans newer than this one; -1 if the id is unknown.
     Result<int> newerThan(const QString& planId);
-    /// Ids of the plans with the day in their period, oldest first.
+    /// Ids of the active plans with the day in their period, oldest first.
     Result<QStringList> idsOfDay(const QDate& day);
 
 private:
-    Status writeFields(qint64 number, const Record& record);
-    Result<QVector<StoredPlan>> read(const QString& condition, const QVariantList& values);
+    Result<QVector<StoredPlan>> read(const SqlQuery& condition);
+    Result<int> countAbove(qint64 number);
 
     Database& m_database;
-    /// The condition of the plans that are read and changed, with its values.
-    const QString m_condition;
-    const QVariantList m_values;
+    const PlanScope m_scope;
 };
-
-/// Conversion between plan ids as displayed ("AP00000012") and the numbers in the tables.
-namespace PlanId {
-
-QString fromNumber(qint64 number);
-/// Absent unless the text is an id from `fromNumber`.
-std::optional<qint64> toNumber(const QString& id);
-
-} // namespace PlanId

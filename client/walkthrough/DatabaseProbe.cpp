@@ -1,6 +1,8 @@
 #include "DatabaseProbe.h"
 
 #include "AutoPlanField.h"
+#include "Kelvo_Fields.h"
+#include "Orlo_Fields.h"
 #include "Orlo_Values.h"
 #include "PlanStore.h"
 
@@ -36,15 +38,27 @@ QStringList DatabaseProbe::planIds()
 
 QMap<QString, QString> DatabaseProbe::record(const QString& planId)
 {
+    const QVector<QPair<QString, QString>> columns{ { QStringLiteral("plan_type"),
+                                                        Orlo_Fields::AutoPlan::templateCode },
+        { QStringLiteral("instruction_type"), Orlo_Fields::AutoPlan::subType },
+        { QStringLiteral("trading_account"), Kelvo_Fields::UserAccount::tradingAccount },
+        { QStringLiteral("symbol"), Kelvo_Fields::Security::symbol },
+        { QStringLiteral("side"), AutoPlanField::BaseField::orderSide },
+        { QStringLiteral("assignee"), AutoPlanField::BaseField::expectedUser },
+        { QStringLiteral("executor"), AutoPlanField::BaseField::executeUser },
+        { QStringLiteral("begin_date"), AutoPlanField::BaseField::beginDate },
+        { QStringLiteral("end_date"), AutoPlanField::BaseField::endDate } };
     QMap<QString, QString> record;
     const QVariantList number{ PlanId::toNumber(planId).value_or(0) };
-    const auto fields = ask(QStringLiteral("SELECT key, value FROM plan_fields WHERE plan = ?"), number);
-    for (const QVariantList& field : fields)
+    for (const auto& column : columns) {
+        const auto values =
+            ask(QStringLiteral("SELECT %1 FROM plans WHERE number = ? AND %1 IS NOT NULL").arg(column.first), number);
+        for (const QVariantList& value : values)
+            record.insert(column.second, value.constFirst().toString());
+    }
+    const auto others = ask(QStringLiteral("SELECT key, value FROM plans, json_each(fields) WHERE number = ?"), number);
+    for (const QVariantList& field : others)
         record.insert(field.at(0).toString(), field.at(1).toString());
-    const auto other =
-        ask(QStringLiteral("SELECT other_param FROM plans WHERE number = ? AND other_param IS NOT NULL"), number);
-    for (const QVariantList& row : other)
-        record.insert(AutoPlanField::BaseField::planOtherParam, row.constFirst().toString());
     return record;
 }
 

@@ -1,0 +1,106 @@
+#include "PlanRow.h"
+
+#include "AutoPlanField.h"
+#include "Kelvo_Fields.h"
+#include "Orlo_Fields.h"
+#include "StoredTime.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int OwnColumns = 6;
+
+struct Column {
+    QString name;
+    QString field;
+};
+
+const QVector<Column>& fieldColumns()
+{
+    using namespace AutoPlanField::BaseField;
+    static const QVector<Column> columns{
+        { QStringLiteral("plan_type"), Orlo_Fields::AutoPlan::templateCode },
+        { QStringLiteral("instruction_type"), Orlo_Fields::AutoPlan::subType },
+        { QStringLiteral("trading_account"), Kelvo_Fields::UserAccount::tradingAccount },
+        { QStringLiteral("symbol"), Kelvo_Fields::Security::symbol },
+        { QStringLiteral("side"), orderSide },
+        { QStringLiteral("assignee"), expectedUser },
+        { QStringLiteral("executor"), executeUser },
+        { QStringLiteral("begin_date"), beginDate },
+        { QStringLiteral("end_date"), endDate },
+    };
+    return columns;
+}
+
+std::optional<PlanState> stateOf(const QString& text)
+{
+    static const QHash<QString, PlanState> states{ { QStringLiteral("active"), PlanState::Active },
+        { QStringLiteral("paused"), PlanState::Paused }, { QStringLiteral("stopped"), PlanState::Stopped },
+        { QStringLiteral("archived"), PlanState::Archived } };
+    const auto state = states.constFind(text);
+    return state == states.cend() ? std::nullopt : std::optional<PlanState>(*state);
+}
+
+/// Absent unless the text is a JSON object of texts.
+std::optional<QVariantMap> textsOf(const QString& json)
+{
+    const QJsonDocument document = QJsonDocument::fromJson(json.toUtf8());
+    const QVariantMap texts = document.object().toVariantMap();
+    const bool areTexts = std::all_of(
+        texts.cbegin(), texts.cend(), [](const QVariant& text) { return text.userType() == QMetaType::QString; });
+    return document.isObject() && areTexts ? std::optional<QVariantMap>(texts) : std::nullopt;
+}
+
+} // namespace
+
+QString PlanRow::recordColumns()
+{
+    QString names;
+    for (const Column& column : fieldColumns())
+        names += column.name + QStringLiteral(", ");
+    return names + QStringLiteral("fields");
+}
+
+QString PlanRow::recordPlaceholders()
+{
+    return QStringLiteral("?, ").repeated(fieldColumns().size()) + QLatin1Char('?');
+}
+
+QVariantList PlanRow::recordValues(const QMap<QString, QVariant>& record)
+{
+    QVariantMap others = record;
+    QVariantList values;
+    for (const Column& column : fieldColumns()) {
+        values << record.value(column.field);
+        others.remove(column.field);
+    }
+    const QJsonDocument document(QJsonObject::fromVariantMap(others));
+    return values << QString::fromUtf8(document.toJson(QJsonDocument::Compact));
+}
+
+QString PlanRow::columns()
+{
+    return QStringLiteral("number, version, state, creator, created_time, changed_time, ") + recordColumns();
+}
+
+Result<StoredPlan> PlanRow::plan(const QSqlQuery& row)
+{
+    const auto text = [&row](int column) { return row.value(column).toString(); };
+    const auto state = stateOf(text(2));
+    StoredPlan plan{ PlanId::fromNumber(row.value(0).toLongLong()), row.value(1).toInt(),
+        state.value_or(PlanState::Archived), text(3), StoredTime::fromText(text(4)), StoredTime::fromText(text(5)),
+        {} };
+    const auto others = textsOf(text(OwnColumns + fieldColumns().size()));
+    if (!state || !others || !plan.created.isValid() || !plan.changed.isValid())
+        return { Error::DamagedPlan, { plan.id } };
+    plan.record = *others;
+    for (int i = 0; i < fieldColumns().size(); ++i) {
+        if (!row.isNull(OwnColumns + i))
+            plan.record.insert(fieldColumns().at(i).field, text(OwnColumns + i));
+    }
+    return plan;
+}

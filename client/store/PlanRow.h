@@ -1,0 +1,23 @@
+#pragma once
+
+#include "Status.h"
+#include "StoredPlan.h"
+
+#include <QSqlQuery>
+
+/// The row of a plan. The fields that are looked up, sorted or constrained have columns; the others are one JSON object
+/// of texts.
+namespace PlanRow {
+
+/// The columns of a record, separated by commas, and as many placeholders.
+QString recordColumns();
+QString recordPlaceholders();
+/// The values of `recordColumns`, NULL for an absent field.
+QVariantList recordValues(const QMap<QString, QVariant>& record);
+
+/// The columns of a whole plan.
+QString columns();
+/// The plan of a row of `columns`. Refuses contents that the store does not write.
+Result<StoredPlan> plan(const QSqlQuery& row);
+
+} // namespace PlanRow

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+#include <QVariant>
+
+struct StoredUser;
+
+/// A statement with the values of its placeholders.
+struct SqlQuery {
+    QString text;
+    QVariantList values;
+};
+
+/// The plans that a store reads and changes.
+class PlanScope {
+public:
+    /// Every plan.
+    PlanScope() = default;
+    /// The plans of the user's accounts and those assigned to the user.
+    explicit PlanScope(const StoredUser& user);
+
+    /// A condition on a row of the plans.
+    SqlQuery condition() const;
+    /// The numbers of a page of plans, newest first. Its cost does not depend on the number of plans.
+    SqlQuery page(int offset, int limit) const;
+    /// How many plans have a larger number.
+    SqlQuery countAbove(qint64 number) const;
+
+private:
+    bool m_isEvery = true;
+    QString m_userId;
+    QString m_userName;
+};
