@@ -388,6 +388,31 @@ private Q_SLOTS:
         QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
     }
 
+    void aReadThatFailsInTheMiddleIsReported()
+    {
+        QCOMPARE(
+            m_database->execute(QStringLiteral("INSERT INTO users WITH n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n"
+                                               " WHERE i < 300) SELECT i, hex(zeroblob(500)) FROM n")),
+            Status());
+        const int all = m_database->value(QStringLiteral("SELECT count(*) FROM users"))->toInt();
+        int later = 0;
+        bool failed = true;
+        for (int nth = 1; failed; ++nth) {
+            QCOMPARE(m_database->configure(QStringLiteral("PRAGMA shrink_memory")), Status());
+            FaultyDisk::failAt(
+                nth, FaultyDisk::Fault::InputOutput, FaultyDisk::Lasting::Once, FaultyDisk::Operation::Read);
+            int rows = 0;
+            const Status status =
+                m_database->read(QStringLiteral("SELECT name FROM users"), {}, [&rows](const QSqlQuery&) { ++rows; });
+            failed = FaultyDisk::hasFailed();
+            FaultyDisk::heal();
+            QCOMPARE(status.error(), failed ? Error::DiskFailed : Error::None);
+            QCOMPARE(rows == all, !failed);
+            later += failed && rows > 0 ? 1 : 0;
+        }
+        QVERIFY2(later > 10, qPrintable(QString::number(later)));
+    }
+
     void aTransactionThatHasEndedCommitsNothing()
     {
         PlanStore plans(*m_database);
@@ -473,9 +498,11 @@ private Q_SLOTS:
     void aFileThatIsCopiedOverIsNotWritten_data()
     {
         QTest::addColumn<QString>("content");
-        QTest::newRow("with a backup") << QStringLiteral("backup.db");
-        QTest::newRow("with an older state") << QStringLiteral("older.db");
-        QTest::newRow("with a part of it") << QStringLiteral("part.db");
+        QTest::newRow("with a backup") << QStringLiteral("backup");
+        QTest::newRow("with a backup that has grown") << QStringLiteral("grown");
+        QTest::newRow("with an older state") << QStringLiteral("older");
+        QTest::newRow("with an older state of the same size") << QStringLiteral("counter");
+        QTest::newRow("with a part of it") << QStringLiteral("part");
     }
 
     void aFileThatIsCopiedOverIsNotWritten()
@@ -486,16 +513,21 @@ private Q_SLOTS:
         QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
         QCOMPARE(m_database->configure(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)")), Status());
         const QByteArray older = contentOf(fileName);
-        QVERIFY(writeFile(path(QStringLiteral("older.db")), older));
-        QVERIFY(writeFile(path(QStringLiteral("part.db")), older.left(50)));
         for (int i = 0; i < 200; ++i)
             QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
         QCOMPARE(m_database->configure(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)")), Status());
-        QCOMPARE(
-            m_database->configure(QStringLiteral("VACUUM INTO '%1'").arg(path(QStringLiteral("backup.db")))), Status());
+        const QString backup = path(QStringLiteral("backup.db"));
+        QCOMPARE(m_database->configure(QStringLiteral("VACUUM INTO '%1'").arg(backup)), Status());
+        QMap<QString, QByteArray> contents{ { QStringLiteral("backup"), contentOf(backup) },
+            { QStringLiteral("older"), older }, { QStringLiteral("part"), older.left(50) } };
+        for (int i = 0; i < 5; ++i)
+            QVERIFY(RawFile(backup).run(QStringLiteral("INSERT INTO users VALUES (%1, hex(zeroblob(100000)))").arg(i)));
+        contents.insert(QStringLiteral("grown"), contentOf(backup));
+        // The change counter in the header.
+        contents.insert(QStringLiteral("counter"), contentOf(fileName).replace(24, 4, QByteArray(4, '\0')));
         QVERIFY(plans.create(sampleRecord(), QStringLiteral("u"), Morning));
 
-        const QByteArray restored = contentOf(path(content));
+        const QByteArray restored = contents.value(content);
         QVERIFY(!restored.isEmpty() && restored != contentOf(fileName));
         QVERIFY(writeFile(fileName, restored));
         const Status changed(Error::DatabaseFileChanged);

@@ -37,12 +37,6 @@ using Object = QPair<QString, QString>;
 /// Called with an object and the statement that created it.
 using TakeObject = std::function<Status(const Object& object, const QString& statement)>;
 
-/// A link leads to its target.
-bool isFileOrMissing(const QFileInfo& file)
-{
-    return file.isFile() || (!file.exists() && !file.isSymLink());
-}
-
 Status failure(sqlite3* connection)
 {
     return Database::statusOf(sqlite3_errcode(connection), QString::fromUtf8(sqlite3_errmsg(connection)));
@@ -126,13 +120,11 @@ Status UntrustedFile::checkFiles(const QString& database)
     const QFileInfo file(database);
     if (file.isDir())
         return Error::DatabaseIsFolder;
-    if (!isFileOrMissing(file))
-        return Error::NotAFile;
     // SQLite keeps the companions beside the target of a link, and does not follow links that are companions.
     const QString target = file.exists() ? file.canonicalFilePath() : file.absoluteFilePath();
     for (const char* const suffix : { "", "-wal", "-shm", "-journal" }) {
         const QFileInfo present(target + QLatin1String(suffix));
-        if (!isFileOrMissing(present) || present.isSymLink())
+        if (present.isSymLink() || (present.exists() && !present.isFile()))
             return Error::NotAFile;
         if (present.size() > LargestFile)
             return { Error::DatabaseTooLarge, { QString::number(LargestFile / GiB) } };
