@@ -270,7 +270,7 @@ private Q_SLOTS:
         QCOMPARE(contentOf(fileName), before);
     }
 
-    void aDamagedFileIsRefusedAndLeftAsItIs()
+    void aDamagedFileIsReportedAndLeftAsItIs()
     {
         PlanStore plans(*m_database);
         for (int i = 0; i < 500; ++i)
@@ -280,7 +280,25 @@ private Q_SLOTS:
         QByteArray content = contentOf(path(QStringLiteral("plans.db")));
         const int pageSize = 4096;
         QVERIFY(content.size() > 20 * pageSize);
-        content.replace(8 * pageSize, content.size() - 8 * pageSize, QByteArray(content.size() - 8 * pageSize, '\x5a'));
+        // A page of plans.
+        const int damaged = content.lastIndexOf("DROP TABLE plans") / pageSize;
+        content.replace(damaged * pageSize, pageSize, QByteArray(pageSize, '\x5a'));
+        QVERIFY(writeFile(fileName, content));
+        Database database;
+        QCOMPARE(database.open(fileName), Status());
+        QCOMPARE(database.checkPages(), Status(Error::DatabaseCorrupt));
+        QCOMPARE(PlanStore(database).page(0, 600).status(), Status(Error::DatabaseCorrupt));
+        database.close();
+        QCOMPARE(contentOf(fileName), content);
+    }
+
+    void aDamagedFileIsNotMigrated()
+    {
+        const QString fileName = path(QStringLiteral("old.db"));
+        QVERIFY(makeVersionOne(fileName));
+        constexpr int PageSize = 4096;
+        QByteArray content = contentOf(fileName);
+        content.replace(content.size() - PageSize, PageSize, QByteArray(PageSize, '\x5a'));
         QVERIFY(writeFile(fileName, content));
         Database database;
         QCOMPARE(database.open(fileName), cannotOpen(fileName, Error::DatabaseCorrupt));
@@ -743,10 +761,10 @@ private Q_SLOTS:
         const PlanStore::Record period{ { AutoPlanField::BaseField::beginDate, QStringLiteral("2024-05-06") },
             { AutoPlanField::BaseField::endDate, QStringLiteral("2024-05-08") } };
         const QString id = *plans.create(period, QStringLiteral("u"), Morning);
-        QCOMPARE(*plans.idsOfDay(QDate(2024, 5, 5)), QStringList());
-        QCOMPARE(*plans.idsOfDay(QDate(2024, 5, 6)), QStringList{ id });
-        QCOMPARE(*plans.idsOfDay(QDate(2024, 5, 8)), QStringList{ id });
-        QCOMPARE(*plans.idsOfDay(QDate(2024, 5, 9)), QStringList());
+        QCOMPARE(plans.plansOfDay(QDate(2024, 5, 5))->due, QStringList());
+        QCOMPARE(plans.plansOfDay(QDate(2024, 5, 6))->due, QStringList{ id });
+        QCOMPARE(plans.plansOfDay(QDate(2024, 5, 8))->due, QStringList{ id });
+        QCOMPARE(plans.plansOfDay(QDate(2024, 5, 9))->due, QStringList());
     }
 
     void onlyActivePlansAreThoseOfADay()
@@ -761,7 +779,7 @@ private Q_SLOTS:
         for (const auto& other : others) {
             QCOMPARE(m_database->execute(QStringLiteral("UPDATE plans SET state = ?"), { other.first }), Status());
             QCOMPARE(plans.plan(id)->state, other.second);
-            QCOMPARE(*plans.idsOfDay(QDate(2024, 5, 6)), QStringList());
+            QCOMPARE(plans.plansOfDay(QDate(2024, 5, 6))->due, QStringList());
             QCOMPARE(*plans.count(), 1);
         }
     }

@@ -237,7 +237,7 @@ void MigrationTest::everyPlanIsMigrated()
         QCOMPARE(difference(database, plans, Created), QString());
     else
         QCOMPARE(difference(database, plans), QString());
-    QCOMPARE(PlanStore(database).idsOfDay(QDate(2024, 5, 10))->size(), plans);
+    QCOMPARE(PlanStore(database).plansOfDay(QDate(2024, 5, 10))->due.size(), plans);
     QCOMPARE(database.value(QStringLiteral("SELECT count(*) FROM instructions"))->toInt(), 2 * plans);
     QCOMPARE(database.value(QStringLiteral("SELECT count(*) FROM pragma_foreign_key_check"))->toInt(), 0);
     QCOMPARE(database.value(QStringLiteral("PRAGMA integrity_check"))->toString(), QStringLiteral("ok"));

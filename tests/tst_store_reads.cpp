@@ -28,6 +28,7 @@
 
 #include <QElapsedTimer>
 #include <QFile>
+#include <QSemaphore>
 #include <QtTest>
 
 using FaultyDisk::Fault;
@@ -157,7 +158,11 @@ QVector<QPair<const char*, Read>> reads()
             [] { return listed(client().plans().page(0, 50), [](const StoredPlan& each) { return each.id; }); } },
         { "number of plans", [] { return counted(client().plans().count()); } },
         { "newer plans", [] { return counted(client().plans().newerThan(plan)); } },
-        { "plans of a day", [] { return client().plans().idsOfDay(SampleSession::today()); } },
+        { "plans of a day",
+            [] {
+                const auto plans = client().plans().plansOfDay(SampleSession::today());
+                return plans ? Answer(plans->issued + plans->due) : plans.status();
+            } },
         { "instructions",
             [] {
                 const auto found = client().instructions().ofPlan(plan);
@@ -192,6 +197,8 @@ private Q_SLOTS:
     void aDayWhoseReadsFailIsIssuedWholeOrNotAtAll();
     void aDayOnAFailingDiskIsIssuedWholeOrNotAtAll_data();
     void aDayOnAFailingDiskIsIssuedWholeOrNotAtAll();
+    void damageIsReportedAfterTheStart();
+    void anEndlessReadEndsWithItsThread();
     void aFaultInTheLocksOfTheLogIsReportedWithinASecond_data();
     void aFaultInTheLocksOfTheLogIsReportedWithinASecond();
 
@@ -444,6 +451,47 @@ void TestStoreReads::aDayOnAFailingDiskIsIssuedWholeOrNotAtAll()
     QCOMPARE(m_session->reopen(), Status());
     QCOMPARE(instructionCount(), plans);
     reportFaults(QStringLiteral("days, ") + QString::fromLatin1(QTest::currentDataTag()), refused + 1, 1, 1, 0);
+}
+
+void TestStoreReads::damageIsReportedAfterTheStart()
+{
+    constexpr int PageSize = 4096;
+    addPlans(200);
+    client().close();
+    QFile file(m_session->file());
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    // A page of plans in the middle, which the start does not read.
+    const int page = file.readAll().lastIndexOf("planOtherParam") / PageSize - 5;
+    QVERIFY(page > 0 && file.seek(page * PageSize));
+    QCOMPARE(file.write(QByteArray(PageSize, '\x5a')), qint64(PageSize));
+    file.close();
+    m_log->expectWarning(errorText(Error::DatabaseCorrupt), 1);
+    QList<Status> reported;
+    const auto connection = connect(
+        &PlanEvents::instance(), &PlanEvents::readFailed, [&reported](const Status& failure) { reported << failure; });
+    QCOMPARE(m_session->reopen(), Status());
+    QTRY_COMPARE(reported.size(), 1);
+    disconnect(connection);
+    QCOMPARE(reported.constFirst(), Status(Error::DatabaseCorrupt));
+}
+
+void TestStoreReads::anEndlessReadEndsWithItsThread()
+{
+    Status status;
+    QSemaphore started;
+    {
+        DatabaseThread thread(QStringLiteral("endless"), m_session->file());
+        thread.run([&status, &started](Database& database, const Status& opened) {
+            started.release();
+            status = opened ? database
+                                  .value(QStringLiteral("WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL"
+                                                        " SELECT i + 1 FROM n) SELECT max(i) FROM n"))
+                                  .status()
+                            : opened;
+        });
+        started.acquire();
+    }
+    QCOMPARE(status.error(), Error::DatabaseFailed);
 }
 
 void TestStoreReads::aFaultInTheLocksOfTheLogIsReportedWithinASecond_data()

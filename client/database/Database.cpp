@@ -22,6 +22,8 @@ namespace {
 constexpr int BusyTimeout = 800;
 // A few hundred pages, unless other clients write, too: well before SQLite's automatic checkpoint within a transaction.
 constexpr int TransactionsPerWal = 50;
+// More than the statements that one operation repeats.
+constexpr int MostPrepared = 64;
 // Between two attempts to start the log of a new file, in milliseconds.
 constexpr int RetryInterval = 10;
 // Pages in memory, in negative KiB.
@@ -47,6 +49,13 @@ void bind(QSqlQuery& query, const QVariantList& values)
 Status failureOf(const QSqlError& error)
 {
     return Database::statusOf(error.nativeErrorCode().toInt(), error.text().trimmed());
+}
+
+/// Others change the connection or the schema and do so when they are prepared.
+bool isRepeated(const QString& statement)
+{
+    return statement.startsWith(QLatin1String("SELECT ")) || statement.startsWith(QLatin1String("INSERT "))
+        || statement.startsWith(QLatin1String("UPDATE ")) || statement.startsWith(QLatin1String("DELETE "));
 }
 
 } // namespace
@@ -80,6 +89,7 @@ void Database::close()
         sqlite3_db_config(connection(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
     m_files.forget();
     m_committed = 0;
+    m_prepared.clear();
     m_connection.close();
     m_connection = QSqlDatabase();
     QSqlDatabase::removeDatabase(m_connectionName);
@@ -157,7 +167,12 @@ Status Database::inspect()
     if (status)
         status = within(LongestSchemaCheck, &Database::checkSchema);
     rollBack();
-    return status ? within(LongestPageCheck, &Database::checkPages) : status;
+    if (!status)
+        return status;
+    const Result<int> version = number(QStringLiteral("PRAGMA user_version"));
+    if (!version)
+        return version.status();
+    return *version < Schema::latestVersion() ? within(LongestPageCheck, &Database::checkPages) : status;
 }
 
 Status Database::checkSchema()
@@ -308,20 +323,17 @@ void Database::rollBack()
 
 Status Database::execute(const QString& statement, const QVariantList& values)
 {
-    return transaction([&] {
-        QSqlQuery query(m_connection);
-        return run(query, statement, values);
-    });
+    return transaction([&] { return run(statement, values, [](QSqlQuery&) { return Status(); }); });
 }
 
 Result<int> Database::change(const QString& statement, const QVariantList& values)
 {
     int changed = 0;
     Status status = transaction([&] {
-        QSqlQuery query(m_connection);
-        Status done = run(query, statement, values);
-        changed = query.numRowsAffected();
-        return done;
+        return run(statement, values, [&changed](QSqlQuery& query) {
+            changed = query.numRowsAffected();
+            return Status();
+        });
     });
     return status ? Result<int>(changed) : status;
 }
@@ -330,22 +342,21 @@ Result<qint64> Database::insert(const QString& statement, const QVariantList& va
 {
     qint64 number = 0;
     Status status = transaction([&] {
-        QSqlQuery query(m_connection);
-        Status done = run(query, statement, values);
-        number = query.lastInsertId().toLongLong();
-        return done;
+        return run(statement, values, [&number](QSqlQuery& query) {
+            number = query.lastInsertId().toLongLong();
+            return Status();
+        });
     });
     return status ? Result<qint64>(number) : status;
 }
 
 Status Database::read(const QString& statement, const QVariantList& values, const TakeRow& take)
 {
-    QSqlQuery query(m_connection);
-    if (Status status = run(query, statement, values); !status)
-        return status;
-    while (query.next())
-        take(query);
-    return note(query.lastError().isValid() ? failureOf(query.lastError()) : Status());
+    return run(statement, values, [this, &take](QSqlQuery& query) {
+        while (query.next())
+            take(query);
+        return note(query.lastError().isValid() ? failureOf(query.lastError()) : Status());
+    });
 }
 
 Result<QVariant> Database::value(const QString& statement, const QVariantList& values)
@@ -383,23 +394,36 @@ Status Database::executePrepared(QSqlQuery& prepared, const QVariantList& values
 
 Status Database::configure(const QString& statement)
 {
-    QSqlQuery query(m_connection);
-    return run(query, statement, {});
+    return run(statement, {}, [](QSqlQuery&) { return Status(); });
 }
 
-Status Database::run(QSqlQuery& query, const QString& statement, const QVariantList& values)
+// A statement is prepared once. It is taken out while it runs, because `use` may run the same one.
+Status Database::run(const QString& statement, const QVariantList& values, const std::function<Status(QSqlQuery&)>& use)
 {
     if (!m_failure)
         return m_failure;
     if (!isOpen())
         return Error::DatabaseNotOpen;
-    query.setForwardOnly(true);
-    bool done = query.prepare(statement);
+    const auto known = m_prepared.find(statement);
+    QSqlQuery query = known == m_prepared.end() ? QSqlQuery(m_connection) : *known;
+    bool done = true;
+    if (known == m_prepared.end()) {
+        query.setForwardOnly(true);
+        done = query.prepare(statement);
+    } else {
+        m_prepared.erase(known);
+    }
     if (done) {
         bind(query, values);
         done = query.exec();
     }
-    return note(done ? Status() : explained(failureOf(query.lastError())));
+    Status status = note(done ? Status() : explained(failureOf(query.lastError())));
+    if (status)
+        status = use(query);
+    query.finish();
+    if (status && isRepeated(statement) && m_prepared.size() < MostPrepared)
+        m_prepared.insert(statement, query);
+    return status;
 }
 
 // SQLite ends a transaction by itself when the disk is full or fails. Statements after that would be committed one by

@@ -5,6 +5,7 @@
 #include "Schema.h"
 #include "Status.h"
 
+#include <QHash>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QString>
@@ -29,7 +30,8 @@ public:
     Database& operator=(const Database&) = delete;
 
     /// Opens the file. Creates it and its folder if absent, and migrates an older schema in one transaction. Refuses a
-    /// newer schema, a damaged file and a file of another program, and leaves them unchanged.
+    /// newer schema, a file of another program and one whose schema is damaged, and leaves them unchanged. Only a file
+    /// that is migrated is read as a whole; see `checkPages`.
     Status open(const QString& fileName);
     void close();
     bool isOpen() const;
@@ -69,6 +71,9 @@ public:
     /// The meaning of SQLite's code; `text` is SQLite's description.
     static Status statusOf(int code, const QString& text);
 
+    /// Reads the whole file, which takes seconds if it is large. Fails if it is damaged. `sqlite3_interrupt` ends it.
+    Status checkPages();
+
     /// Prepares the write-ahead log for the next transaction: starts it, and after many transactions checkpoints it
     /// first. Call it while the user is idle; a busy or read-only file stays unchanged.
     void prepareWal();
@@ -82,7 +87,6 @@ private:
     Status inspect();
     Status checkSchema();
     Status checkVersion(int tables, int version, int application);
-    Status checkPages();
     Status prepareConnection();
     Status startWalMode();
     Status applyMigrations();
@@ -91,7 +95,8 @@ private:
     Status begin();
     Status finish(const Status& worked);
     void rollBack();
-    Status run(QSqlQuery& query, const QString& statement, const QVariantList& values);
+    Status run(
+        const QString& statement, const QVariantList& values, const std::function<Status(QSqlQuery& query)>& use);
     Status explained(const Status& failure);
     Result<int> number(const QString& statement);
     bool isIdle() const { return isOpen() && !m_inTransaction; }
@@ -102,6 +107,7 @@ private:
     QSqlDatabase m_connection;
     FileIdentity m_files;
     LockWaits m_waits;
+    QHash<QString, QSqlQuery> m_prepared; ///< statements that do not run, by their text
     bool m_inTransaction = false;
     Status m_failure;    ///< the first one of the running transaction
     int m_committed = 0; ///< transactions since this connection started the log

@@ -38,26 +38,79 @@ QString amountText(qint64 quantity, qint64 ticks, int precision)
     return QString::number(amount, 'f', YuanDecimals);
 }
 
-bool hasEnded(const Fields& fields)
+/// What plans of a day have in common, read once.
+class DayFacts {
+public:
+    DayFacts(ClientSession& session, const QDate& day)
+        : m_session(session)
+        , m_day(day)
+        , m_rights(session.database(), day)
+    {
+    }
+
+    QDate day() const { return m_day; }
+    /// The rights under which the user issues a plan: his own, or those of its creator if the plan is assigned to him.
+    Result<PlanRights> rights(const StoredPlan& plan);
+    Result<QVector<qint64>> closes(const Security& security);
+    /// Trade days until the last one, both included.
+    int daysUntil(const QString& exchange, const QString& lastDay);
+
+private:
+    ClientSession& m_session;
+    const QDate m_day;
+    PlanRightsReader m_rights;
+    QHash<QString, QVector<qint64>> m_closes;
+    QHash<QPair<QString, QString>, int> m_days;
+};
+
+Result<PlanRights> DayFacts::rights(const StoredPlan& plan)
 {
-    return fields.value(FieldId::EndState).toString() == EndState::Ended;
+    const Result<PlanRights> own = m_rights.read(m_session.user().id, plan.record);
+    return own && own->account.tradingAccount.isEmpty() ? m_rights.read(plan.creator, plan.record) : own;
+}
+
+Result<QVector<qint64>> DayFacts::closes(const Security& security)
+{
+    const auto known = m_closes.constFind(security.symbol);
+    if (known != m_closes.cend())
+        return *known;
+    const Result<QVector<qint64>> read = PlanFacts::closesBefore(m_session, security, m_day);
+    if (read)
+        m_closes.insert(security.symbol, *read);
+    return read;
+}
+
+int DayFacts::daysUntil(const QString& exchange, const QString& lastDay)
+{
+    const auto known = m_days.constFind({ exchange, lastDay });
+    if (known != m_days.cend())
+        return *known;
+    const QDate last = PlanTexts::date(lastDay);
+    int days = 0;
+    for (QDate date = m_day; date <= last; date = date.addDays(1)) {
+        const TradeCalendar::Day kind = m_session.calendar().day(exchange, date);
+        if (kind == TradeCalendar::Day::Unknown)
+            break;
+        days += kind == TradeCalendar::Day::Trades ? 1 : 0;
+    }
+    m_days.insert({ exchange, lastDay }, days);
+    return days;
 }
 
 /// One plan on one day.
 class PlanDay {
 public:
-    PlanDay(ClientSession& session, const StoredPlan& plan, const PlanRights& rights, const QDate& day)
+    PlanDay(ClientSession& session, const StoredPlan& plan, const PlanRights& rights, DayFacts& facts)
         : m_session(session)
         , m_plan(plan)
         , m_rights(rights)
-        , m_day(day)
+        , m_facts(facts)
+        , m_day(facts.day())
         , m_other(PlanTexts::otherParam(text(BaseField::planOtherParam)).value_or(Fields()))
         , m_security(session.market().find(text(Kelvo_Fields::Security::symbol)))
     {
     }
 
-    /// Ends the open instructions of earlier days.
-    Status endEarlier();
     /// Fails if the plan gets no instruction; on success `fields` may be called.
     Status prepare();
     Fields fields() const;
@@ -74,11 +127,11 @@ private:
     Status readShare();
     Status readAmountShare();
     Status readQuantityShare();
-    int daysLeft() const;
 
     ClientSession& m_session;
     const StoredPlan m_plan;
     const PlanRights m_rights;
+    DayFacts& m_facts;
     const QDate m_day;
     const Fields m_other;
     const Security* const m_security;
@@ -86,23 +139,6 @@ private:
     DayPrice m_price;
     qint64 m_quantity = 0;
 };
-
-Status PlanDay::endEarlier()
-{
-    InstructionStore store = m_session.instructions();
-    const auto instructions = store.ofPlan(m_plan.id);
-    if (!instructions)
-        return instructions.status();
-    for (auto it = instructions->cbegin(); it != instructions->cend(); ++it) {
-        const QDate issued = PlanTexts::date(it->value(FieldId::TradeDate).toString());
-        if (hasEnded(*it) || !issued.isValid() || issued >= m_day)
-            continue;
-        Status status = store.update(m_plan.id, it.key(), { { FieldId::EndState, EndState::Ended } });
-        if (!status)
-            return status;
-    }
-    return {};
-}
 
 Status PlanDay::prepare()
 {
@@ -114,7 +150,7 @@ Status PlanDay::prepare()
         return status;
     if (Status status = readShare(); !status)
         return status;
-    const auto closes = PlanFacts::closesBefore(m_session, *m_security, m_day);
+    const auto closes = m_facts.closes(*m_security);
     if (!closes)
         return closes.status();
     const Result<DayPrice> price = dayPrice(m_plan.record, *m_security, *closes);
@@ -182,7 +218,7 @@ Status PlanDay::readShare()
         return status;
     const Result<double> sum = PlanFacts::used(m_session, m_plan);
     m_share.used = sum.valueOr(0);
-    m_share.daysLeft = daysLeft();
+    m_share.daysLeft = m_facts.daysUntil(m_security->exchange, text(BaseField::endDate));
     return sum.status();
 }
 
@@ -213,50 +249,23 @@ Status PlanDay::readQuantityShare()
     return held.status();
 }
 
-int PlanDay::daysLeft() const
+Status issuePlan(ClientSession& session, DayFacts& facts, const QString& planId, IssueResult& result)
 {
-    const QDate end = PlanTexts::date(text(BaseField::endDate));
-    int days = 0;
-    for (QDate date = m_day; date <= end; date = date.addDays(1)) {
-        const TradeCalendar::Day kind = m_session.calendar().day(m_security->exchange, date);
-        if (kind == TradeCalendar::Day::Unknown)
-            break;
-        days += kind == TradeCalendar::Day::Trades ? 1 : 0;
-    }
-    return days;
-}
-
-/// The rights under which the user issues a plan: his own, or those of its creator if the plan is assigned to him.
-Result<PlanRights> issuingRights(ClientSession& session, PlanRightsReader& reader, const StoredPlan& plan)
-{
-    const Result<PlanRights> own = reader.read(session.user().id, plan.record);
-    return own && own->account.tradingAccount.isEmpty() ? reader.read(plan.creator, plan.record) : own;
-}
-
-Status issuePlan(
-    ClientSession& session, PlanRightsReader& reader, const QString& planId, const QDate& day, IssueResult& result)
-{
-    const auto issued = session.instructions().ofDay(planId, day);
-    if (!issued)
-        return issued.status();
-    if (!issued->isEmpty()) {
-        result.alreadyIssued << planId;
-        return {};
-    }
     const Result<StoredPlan> plan = session.plans().plan(planId);
     if (!plan)
         return plan.status();
-    const Result<PlanRights> rights = issuingRights(session, reader, *plan);
+    InstructionStore instructions = session.instructions();
+    if (Status status = instructions.endBefore(planId, facts.day()); !status)
+        return status;
+    const Result<PlanRights> rights = facts.rights(*plan);
     if (!rights)
         return rights.status();
-    PlanDay planDay(session, *plan, *rights, day);
-    if (Status status = planDay.endEarlier(); !status)
-        return status;
+    PlanDay planDay(session, *plan, *rights, facts);
     if (const Status skipped = planDay.prepare(); !skipped) {
         result.skipped << IssueResult::Skipped{ planId, skipped };
         return {};
     }
-    const Result<QString> id = session.instructions().add(planId, day, planDay.fields());
+    const Result<QString> id = instructions.add(planId, facts.day(), planDay.fields());
     if (!id)
         return id.status();
     result.issued << *id;
@@ -273,24 +282,23 @@ Result<IssueResult> InstructionIssuer::issueDay(const QDate& day)
     if (!day.isValid())
         return { Error::InvalidDate, { QStringLiteral("日期") } };
     IssueResult result;
-    QStringList plans;
+    QStringList due;
     Status status = session.database().transaction([&]() -> Status {
-        const Result<QStringList> active = session.plans().idsOfDay(day);
-        plans = active.valueOr({});
-        if (!active)
-            return active.status();
-        PlanRightsReader rights(session.database(), day);
-        for (const QString& plan : qAsConst(plans)) {
-            if (Status issued = issuePlan(session, rights, plan, day, result); !issued)
+        const Result<DayPlans> plans = session.plans().plansOfDay(day);
+        if (!plans)
+            return plans.status();
+        result.alreadyIssued = plans->issued;
+        due = plans->due;
+        DayFacts facts(session, day);
+        for (const QString& plan : qAsConst(due)) {
+            if (Status issued = issuePlan(session, facts, plan, result); !issued)
                 return issued;
         }
         return {};
     });
     if (!status)
         return status;
-    for (const QString& plan : qAsConst(plans)) {
-        if (!result.alreadyIssued.contains(plan))
-            Q_EMIT PlanEvents::instance().planStored(plan);
-    }
+    for (const QString& plan : qAsConst(due))
+        Q_EMIT PlanEvents::instance().planStored(plan);
     return result;
 }

@@ -7,15 +7,6 @@
 #include <QLocale>
 #include <QRegularExpression>
 
-namespace {
-
-bool matches(const QString& text, const QString& pattern)
-{
-    return QRegularExpression(QRegularExpression::anchoredPattern(pattern)).match(text).hasMatch();
-}
-
-} // namespace
-
 std::optional<QMap<QString, QVariant>> PlanTexts::otherParam(const QString& text)
 {
     if (text.size() > LongestOtherParam)
@@ -28,14 +19,16 @@ std::optional<QMap<QString, QVariant>> PlanTexts::otherParam(const QString& text
 
 std::optional<qint64> PlanTexts::wholeNumber(const QString& text)
 {
-    if (!matches(text, QStringLiteral("[0-9]{1,15}")))
+    static const QRegularExpression whole(QStringLiteral("\\A[0-9]{1,15}\\z"));
+    if (!whole.match(text).hasMatch())
         return std::nullopt;
     return text.toLongLong();
 }
 
 std::optional<double> PlanTexts::decimalNumber(const QString& text)
 {
-    if (!matches(text, QStringLiteral("[0-9]{1,15}(\\.[0-9]{1,8})?")))
+    static const QRegularExpression decimal(QStringLiteral("\\A[0-9]{1,15}(\\.[0-9]{1,8})?\\z"));
+    if (!decimal.match(text).hasMatch())
         return std::nullopt;
     return text.toDouble();
 }

@@ -53,6 +53,7 @@ Status ClientSession::open(const QString& file, const QString& userId, const Pro
     if (m_open) {
         m_market.prepareSearch();
         startMovingAverages();
+        startPageCheck();
         m_idle.start();
     } else {
         close();
@@ -65,6 +66,7 @@ void ClientSession::close()
     m_open = false;
     m_idle.stop();
     m_averages.reset();
+    m_checker.reset();
     m_instructions.clear();
     m_texts.clear();
     m_unsigned.clear();
@@ -180,4 +182,11 @@ void ClientSession::startMovingAverages()
     // Emitted on the worker's thread, so receivers must expect another thread.
     QObject::connect(m_averages.get(), &MovingAverageWorker::answered, &PlanEvents::instance(),
         &PlanEvents::averagesAnswered, Qt::DirectConnection);
+}
+
+// The file may be large, so the session does not wait. Every read reports damage that it meets by itself.
+void ClientSession::startPageCheck()
+{
+    m_checker = std::make_unique<PageChecker>(m_database.fileName());
+    QObject::connect(m_checker.get(), &PageChecker::failed, &PlanEvents::instance(), &PlanEvents::report);
 }

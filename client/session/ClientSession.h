@@ -5,6 +5,7 @@
 #include "InstructionCache.h"
 #include "InstructionStore.h"
 #include "MovingAverageWorker.h"
+#include "PageChecker.h"
 #include "PlanStore.h"
 #include "SampleMarket.h"
 #include "SearchableMarket.h"
@@ -71,6 +72,7 @@ private:
     Status writeSample(const Progress& progress, const Options& options);
     Status logIn(const QString& userId);
     void startMovingAverages();
+    void startPageCheck();
 
     bool m_open = false;
     Database m_database;
@@ -78,6 +80,7 @@ private:
     SearchableMarket m_market;
     AccountDirectory m_accounts;
     std::unique_ptr<MovingAverageWorker> m_averages;
+    std::unique_ptr<PageChecker> m_checker;
     InstructionCache m_instructions{ m_database };
     QTimer m_idle; ///< fires when the trader is likely to be back at the form
     QHash<QPair<QString, QString>, QString> m_texts;

@@ -1,26 +1,38 @@
 #include "DatabaseThread.h"
 
+#include <sqlite3.h>
+
+namespace {
+
+constexpr unsigned long InterruptInterval = 5; // milliseconds
+
+} // namespace
+
 /// Belongs to the thread.
 class DatabaseThread::Connection : public QObject {
 public:
-    explicit Connection(const QString& fileName)
-        : m_fileName(fileName)
+    Connection(DatabaseThread& thread, const QString& fileName)
+        : m_thread(thread)
+        , m_fileName(fileName)
     {
     }
 
     void run(const Job& job)
     {
         const Status opened = m_database.isOpen() ? Status() : m_database.open(m_fileName);
+        m_thread.setRunning(m_database.connection());
         job(m_database, opened);
+        m_thread.setRunning(nullptr);
     }
 
 private:
+    DatabaseThread& m_thread;
     const QString m_fileName;
     Database m_database;
 };
 
 DatabaseThread::DatabaseThread(const QString& name, const QString& fileName)
-    : m_connection(new Connection(fileName))
+    : m_connection(new Connection(*this, fileName))
 {
     m_thread.setObjectName(name);
     m_connection->moveToThread(&m_thread);
@@ -33,7 +45,22 @@ DatabaseThread::~DatabaseThread()
 {
     m_stopping = true;
     m_thread.quit();
-    m_thread.wait();
+    // More than once, because a job may be about to start its next statement.
+    while (!m_thread.wait(InterruptInterval))
+        interrupt();
+}
+
+void DatabaseThread::setRunning(sqlite3* connection)
+{
+    const QMutexLocker locker(&m_lock);
+    m_running = connection;
+}
+
+void DatabaseThread::interrupt()
+{
+    const QMutexLocker locker(&m_lock);
+    if (m_running)
+        sqlite3_interrupt(m_running);
 }
 
 void DatabaseThread::run(const Job& job)

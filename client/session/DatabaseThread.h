@@ -2,6 +2,7 @@
 
 #include "Database.h"
 
+#include <QMutex>
 #include <QThread>
 
 #include <atomic>
@@ -13,9 +14,9 @@ public:
     /// Runs on the thread. `opened`: whether the database can be read.
     using Job = std::function<void(Database& database, const Status& opened)>;
 
-    /// `fileName`: the database, opened by the first job.
+    /// `fileName`: the database, opened by the first job and closed after the last.
     DatabaseThread(const QString& name, const QString& fileName);
-    /// Waits for the running job and drops the waiting ones.
+    /// Interrupts the running job, waits for it and drops the waiting ones.
     ~DatabaseThread();
     DatabaseThread(const DatabaseThread&) = delete;
     DatabaseThread& operator=(const DatabaseThread&) = delete;
@@ -28,6 +29,11 @@ public:
 private:
     class Connection;
 
+    void setRunning(sqlite3* connection);
+    void interrupt();
+
+    QMutex m_lock;
+    sqlite3* m_running = nullptr; ///< the connection while a job uses it
     QThread m_thread;
     Connection* m_connection;
     std::atomic_bool m_stopping{ false };

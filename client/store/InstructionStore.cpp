@@ -66,6 +66,13 @@ Status InstructionStore::update(const QString& planId, const QString& instructio
     return *changed == 1 ? Status() : unknown;
 }
 
+Status InstructionStore::endBefore(const QString& planId, const QDate& day)
+{
+    return m_database.execute(
+        QStringLiteral("UPDATE instructions SET ended = 1 WHERE plan = ? AND day < ? AND ended IS NOT 1"),
+        { PlanId::toNumber(planId).value_or(0), day.toString(Qt::ISODate) });
+}
+
 Result<QMap<QString, InstructionStore::Fields>> InstructionStore::ofPlan(const QString& planId)
 {
     return read(planId, QString(), {});

@@ -18,6 +18,9 @@ public:
     /// Sets the given fields and keeps the others, for example for a fill. Refuses an unknown instruction.
     Status update(const QString& planId, const QString& instructionId, const Fields& fields);
 
+    /// Ends the open instructions of a plan that were issued before a day.
+    Status endBefore(const QString& planId, const QDate& day);
+
     /// Texts by field key, by instruction id, including the day; empty if the plan is unknown or has none.
     Result<QMap<QString, Fields>> ofPlan(const QString& planId);
     /// Like `ofPlan`, for one day only.

@@ -100,18 +100,20 @@ Result<int> PlanStore::newerThan(const QString& planId)
 }
 
 // The plus sign keeps SQLite from reading every plan in the order of the numbers instead of those that have not ended.
-Result<QStringList> PlanStore::idsOfDay(const QDate& day)
+Result<DayPlans> PlanStore::plansOfDay(const QDate& day)
 {
-    QStringList ids;
+    DayPlans plans;
     const QString text = day.toString(Qt::ISODate);
     const SqlQuery visible = m_scope.condition();
     Status status = m_database.read(
-        QStringLiteral("SELECT number FROM plans WHERE begin_date <= ? AND end_date >= ? AND state = 'active' AND %1"
-                       " ORDER BY +number")
+        QStringLiteral("SELECT number, EXISTS (SELECT 1 FROM instructions WHERE plan = number AND day = ?) FROM plans"
+                       " WHERE begin_date <= ? AND end_date >= ? AND state = 'active' AND %1 ORDER BY +number")
             .arg(visible.text),
-        QVariantList{ text, text } + visible.values,
-        [&ids](const QSqlQuery& row) { ids << PlanId::fromNumber(row.value(0).toLongLong()); });
-    return status ? Result<QStringList>(ids) : status;
+        QVariantList{ text, text, text } + visible.values, [&plans](const QSqlQuery& row) {
+            QStringList& ids = row.value(1).toBool() ? plans.issued : plans.due;
+            ids << PlanId::fromNumber(row.value(0).toLongLong());
+        });
+    return status ? Result<DayPlans>(plans) : status;
 }
 
 Result<QVector<StoredPlan>> PlanStore::read(const SqlQuery& condition)

@@ -8,6 +8,13 @@
 #include <QStringList>
 #include <QVector>
 
+/// Ids of plans of a day.
+struct DayPlans {
+    /// Those that have an instruction of the day.
+    QStringList issued;
+    QStringList due;
+};
+
 /// The table of plans.
 class PlanStore {
 public:
@@ -34,8 +41,8 @@ public:
     Result<int> version(const QString& planId);
     /// Number of plans newer than this one; -1 if the id is unknown.
     Result<int> newerThan(const QString& planId);
-    /// Ids of the active plans with the day in their period, oldest first.
-    Result<QStringList> idsOfDay(const QDate& day);
+    /// The active plans with the day in their period, oldest first.
+    Result<DayPlans> plansOfDay(const QDate& day);
 
 private:
     Result<QVector<StoredPlan>> read(const SqlQuery& condition);

@@ -9,7 +9,6 @@ using FaultyDisk::Lasting;
 using FaultyDisk::Operation;
 
 struct Disk {
-    sqlite3_vfs* real = nullptr;
     int failing = 0; ///< number of the operation that fails; 0 for none
     Operation operation = Operation::Change;
     Fault fault = Fault::InputOutput;
@@ -19,10 +18,17 @@ struct Disk {
     bool readOnly = false;
 };
 
+// Background threads of the client have a working disk.
 Disk& disk()
 {
-    static Disk only;
-    return only;
+    static thread_local Disk own;
+    return own;
+}
+
+sqlite3_vfs*& realDisk()
+{
+    static sqlite3_vfs* disk = nullptr;
+    return disk;
 }
 
 /// SQLite's own file object follows this one in memory.
@@ -163,7 +169,7 @@ int openFile(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int*
         flags &= ~(SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
         flags |= SQLITE_OPEN_READONLY;
     }
-    sqlite3_vfs* const system = disk().real;
+    sqlite3_vfs* const system = realDisk();
     Q_ASSERT(system);
     const int result = system->xOpen(system, name, real, flags, outFlags);
     if (real->pMethods != nullptr)
@@ -177,13 +183,13 @@ int openFile(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int*
 void FaultyDisk::install()
 {
     static sqlite3_vfs faulty;
-    if (disk().real != nullptr)
+    if (realDisk() != nullptr)
         return;
-    disk().real = sqlite3_vfs_find(nullptr);
-    faulty = *disk().real;
+    realDisk() = sqlite3_vfs_find(nullptr);
+    faulty = *realDisk();
     faulty.pNext = nullptr;
     faulty.zName = "faulty-disk";
-    faulty.szOsFile = static_cast<int>(sizeof(File)) + disk().real->szOsFile;
+    faulty.szOsFile = static_cast<int>(sizeof(File)) + realDisk()->szOsFile;
     faulty.xOpen = openFile;
     sqlite3_vfs_register(&faulty, 1);
 }

@@ -3,7 +3,7 @@
 #include <QtGlobal>
 
 /// A disk under SQLite that fails on demand. After `install()` every file that SQLite opens in this process uses it.
-/// Not thread-safe.
+/// Only operations of the thread that calls the other functions are counted and fail.
 namespace FaultyDisk {
 
 /// Replaces SQLite's file layer. Call once per process, before the first database is opened.

@@ -1,0 +1,12 @@
+#include "PageChecker.h"
+
+PageChecker::PageChecker(const QString& fileName)
+    : m_thread(QStringLiteral("page check"), fileName)
+{
+    qRegisterMetaType<Status>("Status");
+    m_thread.run([this](Database& database, const Status& opened) {
+        const Status checked = opened ? database.checkPages() : opened;
+        if (!checked && !m_thread.isStopping())
+            Q_EMIT failed(checked);
+    });
+}
