@@ -9,6 +9,8 @@ SECURITIES = [1_000, 10_000, 100_000, 1_000_000]
 ACCOUNTS = [1, 100, 10_000]
 PLANS = [1, 1_000, 10_000, 100_000]
 INSTRUCTIONS = [100, 1_000, 10_000]
+ISSUED_PLANS = 100_000
+STARTED_PLANS = [1_000, 1_000_000]
 # Version of the generated data; increment it when the output of make_data changes.
 DATA_VERSION = 3
 
@@ -32,9 +34,9 @@ class Programs:
             self._call([os.path.join(self.bin, "make_data"), file, *numbers])
         return file
 
-    def copy_of(self, file):
+    def copy_of(self, file, end="-copy"):
         """Returns a new copy for a program that writes to the database."""
-        copy = file + "-copy"
+        copy = file + end
         for end in ("", "-wal", "-shm"):
             if os.path.exists(copy + end):
                 os.remove(copy + end)
@@ -59,6 +61,22 @@ class Programs:
         done = subprocess.run([os.path.join(self.bin, "plandesk"), "--database", database], env=environment,
                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=True, text=True)
         return (int(done.stdout) - begin) / 1e6
+
+    def start_and_end(self, database):
+        """Starts the client, which ends when its window is painted. Returns the milliseconds until it has ended."""
+        environment = dict(self.environment, QT_QPA_GENERIC_PLUGINS="firstpaint", QT_PLUGIN_PATH=self.plugins)
+        begin = time.monotonic()
+        subprocess.run([os.path.join(self.bin, "plandesk"), "--database", database, "--user", "bench"], env=environment,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=True)
+        return (time.monotonic() - begin) * 1e3
+
+    def insert_instructions(self, source, database):
+        """Inserts the instructions of one database into another one with sqlite3. Returns the milliseconds."""
+        rows = self._call(["sqlite3", source, ".mode insert instructions", "SELECT * FROM instructions"])
+        statements = "PRAGMA synchronous = FULL;\nPRAGMA foreign_keys = ON;\nBEGIN;\n" + rows + "COMMIT;\n"
+        begin = time.monotonic()
+        subprocess.run(["sqlite3", "-bail", database], input=statements, stdout=subprocess.DEVNULL, check=True, text=True)
+        return (time.monotonic() - begin) * 1e3
 
     def _call(self, command):
         done = subprocess.run(command, env=self.environment, capture_output=True, text=True, check=False)
@@ -139,9 +157,26 @@ def _start(programs, least, securities):
         least.note(("start", securities), programs.start(copy))
 
 
+def _issue(programs, ratios, again):
+    source = programs.database(plans=ISSUED_PLANS)
+    copy = programs.copy_of(source)
+    printed = programs.run("bench_issue", copy, user="bench")["issueDay"]
+    bare = programs.insert_instructions(copy, programs.copy_of(source, "-bare"))
+    ratios.append(printed["first_ms"] / bare)
+    again.append(printed["again_ms"] / bare)
+
+
+def _start_and_end(programs, least, plans):
+    copy = programs.copy_of(programs.database(plans=plans))
+    programs.start_and_end(copy)
+    for _ in range(3):
+        least.note(("start and end", plans), programs.start_and_end(copy))
+
+
 def measure(programs, rounds, log):
     """Measures everything in the given number of rounds. Returns the figures by name and the growth for the diagrams."""
     least, ratios, syncs, reads, editors = Least(), [], [], [], []
+    issue, again = [], []
     for number in range(rounds):
         log(f"round {number + 1} of {rounds}")
         for securities in SECURITIES:
@@ -162,10 +197,18 @@ def measure(programs, rounds, log):
         for instructions in INSTRUCTIONS:
             _check(programs, least, instructions)
         _confirm(programs, ratios, syncs)
+        log(f"  {ISSUED_PLANS:,} plans issued")
+        _issue(programs, issue, again)
+        for plans in STARTED_PLANS:
+            log(f"  start with {plans:,} plans")
+            _start_and_end(programs, least, plans)
     log("  1,000 editors")
     printed = programs.run("bench_editors", programs.database())["openAndClose"]
     editors.append(printed["after_1000_mib"] / printed["after_50_mib"])
-    return _figures(least, ratios, syncs, reads, editors), _growth(least)
+    figures = _figures(least, ratios, syncs, reads, editors)
+    figures["issue_ratio"] = median(issue)
+    figures["issue_again_ratio"] = median(again)
+    return figures, _growth(least)
 
 
 def _choice_names(least):
@@ -194,6 +237,7 @@ def _figures(least, ratios, syncs, reads, editors):
         "table_memory": least["memory", 100_000] / least["memory", 1_000],
         "editors_memory": min(editors),
         "start_ms": least["start", 100_000],
+        "plans_start_ratio": least["start and end", STARTED_PLANS[1]] / least["start and end", STARTED_PLANS[0]],
     }
 
 
