@@ -122,7 +122,8 @@ void writeInstructions(ClientSession& session, const QString& plan, int count)
                             { FieldId::Price, QStringLiteral("12.34") }, { FieldId::IssuedQty, QStringLiteral("200") },
                             { FieldId::FilledQty, QStringLiteral("100") },
                             { FieldId::IssuedAmount, QStringLiteral("2468.00") },
-                            { Orlo_Fields::Security::cumAmount, QStringLiteral("1234.00") } })
+                            { Orlo_Fields::Security::cumAmount, QStringLiteral("1234.00") } },
+                        session.changeNow())
                     .status());
     }
 }

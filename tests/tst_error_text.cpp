@@ -18,7 +18,8 @@ void addDatabaseRows()
     addRow("磁盘空间不足，无法写入数据库", Error::DiskFull);
     addRow("该文件不是数据库文件", Error::NotADatabase);
     addRow("读写数据库文件出错（代码10）", { Error::DiskFailed, { QStringLiteral("10") } });
-    addRow("数据库文件已被删除、替换、覆盖、移动或链接，不能继续使用，请核对文件后重新启动", Error::DatabaseFileChanged);
+    addRow(
+        "数据库文件已被删除、替换、覆盖、移动或链接，不能继续使用，请核对文件后重新启动", Error::DatabaseFileChanged);
     addRow("数据库事务已中止，内容未保存", Error::TransactionEnded);
     addRow("数据库的编号已用尽，无法新建", Error::NumbersExhausted);
     addRow("数据库的内容过大，无法读写", Error::ContentTooLarge);
@@ -183,7 +184,7 @@ void addProgramRows()
         { Error::BackupFailed, { QStringLiteral("a.db") }, { Error::FileExists, { QStringLiteral("b.db") } } });
     addRow("多余的参数：b", { Error::ExtraArgument, { QStringLiteral("b") } });
     addRow("缺少目录", Error::NoFolder);
-    addRow("命令backup应有一个文件", { Error::CommandWithoutFile, { QStringLiteral("backup") } });
+    addRow("命令backup应有一个参数", { Error::CommandWithoutArgument, { QStringLiteral("backup") } });
     addRow("无法写入文件a.csv", { Error::FileNotWritten, { QStringLiteral("a.csv") } });
     addRow("选项--user缺少取值", { Error::OptionWithoutValue, { QStringLiteral("user") } });
     addRow("没有皮肤“pink”，可选：light、dark",

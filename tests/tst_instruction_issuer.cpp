@@ -7,12 +7,11 @@
 #include "InstructionTargetType.h"
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
-#include "LoggedTest.h"
 #include "Orlo_Fields.h"
 #include "PlanCodes.h"
 #include "PlanEvents.h"
-#include "SampleSession.h"
 #include "SecurityStore.h"
+#include "SessionTest.h"
 #include "TestStatus.h"
 #include "TickPrice.h"
 
@@ -30,12 +29,6 @@ namespace {
 const QDate Monday = SampleSession::today();
 const QDate Tuesday = Monday.addDays(1);
 const QDate Saturday = Monday.addDays(5);
-
-Record with(Record record, const QString& key, const QString& value)
-{
-    record.insert(key, value);
-    return record;
-}
 
 Record customPrice(const Record& record, const QString& formula)
 {
@@ -85,16 +78,8 @@ DayPrice limitOf(qint64 limit)
 
 } // namespace
 
-class InstructionIssuerTest : public LoggedTest {
+class InstructionIssuerTest : public SessionTest {
     Q_OBJECT
-
-private:
-    void prepare() override
-    {
-        m_session = std::make_unique<SampleSession>();
-        QCOMPARE(m_session->opened(), Status());
-    }
-    void tidyUp() override { m_session.reset(); }
 
 private Q_SLOTS:
     void aDayTakesItsShare_data()
@@ -197,7 +182,7 @@ private Q_SLOTS:
 
     void aPlanWithoutALimitIsFilledAtTheLastClose()
     {
-        const QString plan = m_session->create(SampleSession::record());
+        const QString plan = session().create(SampleSession::record());
         const QSignalSpy news(&PlanEvents::instance(), &PlanEvents::planStored);
         const Result<IssueResult> result = InstructionIssuer::issueDay(Monday);
         QCOMPARE(result.status(), Status());
@@ -219,7 +204,7 @@ private Q_SLOTS:
 
     void issuingADayAgainAddsNothing()
     {
-        const QString plan = m_session->create(SampleSession::record());
+        const QString plan = session().create(SampleSession::record());
         QCOMPARE(InstructionIssuer::issueDay(Monday)->issued.size(), 1);
         const auto before = AutoPlanLogic::instance().GetPlanInstruction(plan);
         const QSignalSpy news(&PlanEvents::instance(), &PlanEvents::planStored);
@@ -233,7 +218,7 @@ private Q_SLOTS:
 
     void theNextDayTakesWhatIsLeftAndThenNothing()
     {
-        const QString plan = m_session->create(SampleSession::record());
+        const QString plan = session().create(SampleSession::record());
         for (int i = 0; i < 4; ++i)
             QCOMPARE(InstructionIssuer::issueDay(Monday.addDays(i))->issued.size(), 1);
         const QStringList quantities{ QStringLiteral("300"), QStringLiteral("300"), QStringLiteral("300"),
@@ -250,7 +235,7 @@ private Q_SLOTS:
     {
         const Record tight = with(customPrice(SampleSession::record(), QStringLiteral("昨收价*0.95")),
             BaseField::totalQty, QStringLiteral("300"));
-        const QString plan = m_session->create(tight);
+        const QString plan = session().create(tight);
         QCOMPARE(InstructionIssuer::issueDay(Monday)->issued.size(), 1);
         QCOMPARE(fieldOfAll(plan, FieldId::EndState), QStringList{ EndState::Running });
         QCOMPARE(fieldOfAll(plan, FieldId::FilledQty), QStringList{ QStringLiteral("0") });
@@ -269,7 +254,7 @@ private Q_SLOTS:
             { { FieldId::TargetType, InstructionTargetType::AmountOrder },
                 { BaseField::tradeAmount, QString::number(price * 10000, 'f', 2) },
                 { BaseField::dayMaxTradeAmount, perDay } });
-        const QString plan = m_session->create(record);
+        const QString plan = session().create(record);
         QCOMPARE(InstructionIssuer::issueDay(Monday)->issued.size(), 1);
         QCOMPARE(fieldOfAll(plan, FieldId::IssuedQty), QStringList{ QStringLiteral("200") });
         QCOMPARE(fieldOfAll(plan, FieldId::IssuedAmount), QStringList{ QString::number(price * 200, 'f', 2) });
@@ -285,15 +270,15 @@ private Q_SLOTS:
         record = SampleSession::withOther(with(record, BaseField::endDate, QStringLiteral("2124-05-06")),
             { { BaseField::JCRatio, QStringLiteral("0.1") },
                 { AutoPlanField::Progress::CurrentQty, QStringLiteral("0") } });
-        const QString plan = m_session->create(record);
-        QVERIFY2(!plan.isEmpty(), qPrintable(m_session->reason()));
+        const QString plan = session().create(record);
+        QVERIFY2(!plan.isEmpty(), qPrintable(session().reason()));
         QCOMPARE(InstructionIssuer::issueDay(Monday)->issued.size(), 1);
         QCOMPARE(fieldOfAll(plan, FieldId::IssuedQty), QStringList{ QStringLiteral("20000") });
     }
 
     void aPlanOutsideItsPeriodIsLeftAlone()
     {
-        m_session->create(with(SampleSession::record(), BaseField::beginDate, QStringLiteral("2024-05-07")));
+        session().create(with(SampleSession::record(), BaseField::beginDate, QStringLiteral("2024-05-07")));
         const Result<IssueResult> result = InstructionIssuer::issueDay(Monday);
         QCOMPARE(result.status(), Status());
         QCOMPARE(result->issued.size() + result->skipped.size() + result->alreadyIssued.size(), 0);
@@ -301,7 +286,7 @@ private Q_SLOTS:
 
     void aDayWithoutTradingIssuesNothing()
     {
-        m_session->create(with(SampleSession::record(), BaseField::endDate, QStringLiteral("2024-05-13")));
+        session().create(with(SampleSession::record(), BaseField::endDate, QStringLiteral("2024-05-13")));
         const Result<IssueResult> result = InstructionIssuer::issueDay(Saturday);
         QCOMPARE(result->issued, QStringList());
         QCOMPARE(result->skipped.size(), 1);
@@ -313,10 +298,9 @@ private Q_SLOTS:
     void aFormulaWithoutAValueSkipsItsPlanOnly()
     {
         // The plan service refuses such a formula unless it has a value on the day of the entry.
-        const QString broken =
-            *ClientSession::instance().plans().create(customPrice(SampleSession::record(), QStringLiteral("1-1")),
-                QStringLiteral("trader01"), QDateTime::currentDateTime());
-        const QString sound = m_session->create(SampleSession::record());
+        const QString broken = *ClientSession::instance().plans().create(
+            customPrice(SampleSession::record(), QStringLiteral("1-1")), ClientSession::instance().changeNow());
+        const QString sound = session().create(SampleSession::record());
         const Result<IssueResult> result = InstructionIssuer::issueDay(Monday);
         QCOMPARE(result->issued.size(), 1);
         QVERIFY(result->issued.first().startsWith(sound));
@@ -330,9 +314,6 @@ private Q_SLOTS:
         ClientSession::instance().close();
         QCOMPARE(InstructionIssuer::issueDay(Monday).status(), Status(Error::IssuingNeedsLogin));
     }
-
-private:
-    std::unique_ptr<SampleSession> m_session;
 };
 
 QTEST_GUILESS_MAIN(InstructionIssuerTest)

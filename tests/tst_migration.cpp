@@ -263,7 +263,7 @@ void MigrationTest::aNumberIsNotUsedAgainAfterAMigration()
     Database database;
     QCOMPARE(database.open(m_file), Status());
     const PlanStore::Record record{ { QStringLiteral("remark"), QStringLiteral("new") } };
-    QCOMPARE(*PlanStore(database).create(record, QStringLiteral("trader01"), Created), PlanId::fromNumber(6));
+    QCOMPARE(*PlanStore(database).create(record, { QStringLiteral("trader01"), Created }), PlanId::fromNumber(6));
 }
 
 void MigrationTest::otherDataAreMigrated()

@@ -7,11 +7,10 @@
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
 #include "LimitStore.h"
-#include "LoggedTest.h"
 #include "Orlo_Fields.h"
 #include "Orlo_Values.h"
 #include "PlanCodes.h"
-#include "SampleSession.h"
+#include "SessionTest.h"
 #include "TestStatus.h"
 
 #include <QRegularExpression>
@@ -23,9 +22,9 @@ namespace BaseField = AutoPlanField::BaseField;
 namespace UserAccount = Kelvo_Fields::UserAccount;
 using namespace PlanCodes;
 using Record = QMap<QString, QVariant>;
-using Change = std::function<Record(const Record&)>;
+using Edit = std::function<Record(const Record&)>;
 
-Q_DECLARE_METATYPE(Change)
+Q_DECLARE_METATYPE(Edit)
 Q_DECLARE_METATYPE(Error)
 
 namespace {
@@ -38,16 +37,6 @@ const QString AssigneeId = QStringLiteral("reviewer05");
 AutoPlanLogic& service()
 {
     return AutoPlanLogic::instance();
-}
-
-/// The record with one field changed; a null text removes the field.
-Record with(Record record, const QString& key, const QString& value)
-{
-    if (value.isNull())
-        record.remove(key);
-    else
-        record.insert(key, value);
-    return record;
 }
 
 Record reduction(const Record& record)
@@ -106,22 +95,15 @@ QString errorOf(const Result<IssueResult>& issued)
 } // namespace
 
 /// What the plan service refuses by itself, with rights, limits and prices as they are stored at that moment.
-class PlanRulesTest : public LoggedTest {
+class PlanRulesTest : public SessionTest {
     Q_OBJECT
 
 private:
-    void prepare() override
-    {
-        m_session = std::make_unique<SampleSession>();
-        QCOMPARE(m_session->opened(), Status());
-    }
-    void tidyUp() override { m_session.reset(); }
-
     /// Runs statements on another connection, like another client.
     void changeElsewhere(const QStringList& statements)
     {
         Database other;
-        QCOMPARE(other.open(m_session->file()), Status());
+        QCOMPARE(other.open(session().file()), Status());
         for (const QString& statement : statements)
             QCOMPARE(other.execute(statement), Status());
     }
@@ -133,10 +115,11 @@ private Q_SLOTS:
     void aNewPlanIsRefused_data()
     {
         QTest::addColumn<QString>("elsewhere");
-        QTest::addColumn<Change>("change");
+        QTest::addColumn<Edit>("change");
         QTest::addColumn<Status>("refused");
-        const auto row = [](const char* sentence, const QString& elsewhere, const Change& change,
-                             const Status& refused) { QTest::newRow(sentence) << elsewhere << change << refused; };
+        const auto row = [](const char* sentence, const QString& elsewhere, const Edit& change, const Status& refused) {
+            QTest::newRow(sentence) << elsewhere << change << refused;
+        };
         const auto same = [](const Record& record) { return record; };
         const auto field = [](const QString& key, const QString& value) {
             return [key, value](const Record& record) { return with(record, key, value); };
@@ -224,7 +207,7 @@ private Q_SLOTS:
     void aNewPlanIsRefused()
     {
         QFETCH(QString, elsewhere);
-        QFETCH(Change, change);
+        QFETCH(Edit, change);
         QFETCH(Status, refused);
         const Record record = change(SampleSession::record());
         if (!elsewhere.isEmpty())
@@ -245,12 +228,12 @@ private Q_SLOTS:
     void aPlanBeyondTheLimitsIsRefused_data()
     {
         QTest::addColumn<QString>("limits");
-        QTest::addColumn<Change>("change");
+        QTest::addColumn<Edit>("change");
         QTest::addColumn<Error>("refused");
         const auto same = [](const Record& record) { return record; };
         const QString usual = QStringLiteral("UPDATE account_limits SET %1");
         const QString own = QStringLiteral("INSERT INTO account_limits (trading_account, %1) VALUES ('100001', %2)");
-        const auto row = [](const char* sentence, const QString& limits, const Change& change, Error refused) {
+        const auto row = [](const char* sentence, const QString& limits, const Edit& change, Error refused) {
             QTest::newRow(sentence) << limits << change << refused;
         };
         row("as much as usual is allowed", usual.arg(QStringLiteral("largest_quantity = 1000")), same, Error::None);
@@ -301,7 +284,7 @@ private Q_SLOTS:
     void aPlanBeyondTheLimitsIsRefused()
     {
         QFETCH(QString, limits);
-        QFETCH(Change, change);
+        QFETCH(Edit, change);
         QFETCH(Error, refused);
         const Record record = change(SampleSession::record());
         changeElsewhere(limits.split(QLatin1Char(';')));
@@ -382,17 +365,20 @@ private Q_SLOTS:
         QFETCH(Status, refused);
         Record record = with(SampleSession::record(), BaseField::beginDate, QStringLiteral("2024-05-07"));
         record.insert(BaseField::expectedUser, Assignee);
-        const QString id = m_session->create(record);
-        QVERIFY2(!id.isEmpty(), qPrintable(m_session->reason()));
+        const QString id = session().create(record);
+        QVERIFY2(!id.isEmpty(), qPrintable(session().reason()));
         InstructionStore instructions = ClientSession::instance().instructions();
         const QString& byQuantity = InstructionTargetType::QtyOrder;
         QVERIFY(instructions.add(id, SampleSession::today(),
-            instruction(EndState::Ended, byQuantity, QStringLiteral("600"), QStringLiteral("500"))));
+            instruction(EndState::Ended, byQuantity, QStringLiteral("600"), QStringLiteral("500")),
+            ClientSession::instance().changeNow()));
         QVERIFY(instructions.add(id, SampleSession::today(),
-            instruction(EndState::Running, byQuantity, QStringLiteral("300"), QStringLiteral("100"))));
+            instruction(EndState::Running, byQuantity, QStringLiteral("300"), QStringLiteral("100")),
+            ClientSession::instance().changeNow()));
         if (elsewhere.contains(QLatin1String("users"))) {
             changeElsewhere(elsewhere.split(QLatin1Char(';')).constLast());
-            QCOMPARE(m_session->reopen(), Status());
+            QCOMPARE(session().reopen(), Status());
+            service().GetPlanInfo(id);
         }
         if (!elsewhere.isEmpty())
             changeElsewhere(elsewhere.split(QLatin1Char(';')));
@@ -403,10 +389,11 @@ private Q_SLOTS:
     void anAmountKeepsItsTargetTypeAndWhatIsUsed()
     {
         const Record record = amountPlan(SampleSession::record());
-        const QString id = m_session->create(record);
+        const QString id = session().create(record);
         QVERIFY(ClientSession::instance().instructions().add(id, SampleSession::today(),
             instruction(EndState::Ended, InstructionTargetType::AmountOrder, QStringLiteral("9000.00"),
-                QStringLiteral("7000.50"))));
+                QStringLiteral("7000.50")),
+            ClientSession::instance().changeNow()));
         const auto change = [&id](const Record& changed) {
             return service().modifyPlan(with(changed, BaseField::autoPlanId, id));
         };
@@ -438,11 +425,11 @@ private Q_SLOTS:
     {
         QFETCH(QString, user);
         QFETCH(QStringList, seen);
-        const QStringList all{ m_session->create(with(SampleSession::record(), BaseField::expectedUser, Assignee)),
-            m_session->create(reduction(SampleSession::record())), m_session->create(SampleSession::record()) };
+        const QStringList all{ session().create(with(SampleSession::record(), BaseField::expectedUser, Assignee)),
+            session().create(reduction(SampleSession::record())), session().create(SampleSession::record()) };
         QVERIFY(!all.contains(QString()));
         QCOMPARE(InstructionIssuer::issueDay(SampleSession::today())->issued.size(), 3);
-        QCOMPARE(m_session->reopen(user), Status());
+        QCOMPARE(session().reopen(user), Status());
 
         PlanStore plans = ClientSession::instance().plans();
         QCOMPARE(*plans.count(), seen.size());
@@ -466,22 +453,22 @@ private Q_SLOTS:
 
     void aUserIssuesThePlansThatHeSees()
     {
-        const QString assigned = m_session->create(with(SampleSession::record(), BaseField::expectedUser, Assignee));
-        QVERIFY(!m_session->create(SampleSession::record()).isEmpty());
-        QCOMPARE(m_session->reopen(QStringLiteral("trader03")), Status());
+        const QString assigned = session().create(with(SampleSession::record(), BaseField::expectedUser, Assignee));
+        QVERIFY(!session().create(SampleSession::record()).isEmpty());
+        QCOMPARE(session().reopen(QStringLiteral("trader03")), Status());
         QCOMPARE(InstructionIssuer::issueDay(SampleSession::today())->issued.size(), 0);
-        QCOMPARE(m_session->reopen(AssigneeId), Status());
+        QCOMPARE(session().reopen(AssigneeId), Status());
         const auto issued = InstructionIssuer::issueDay(SampleSession::today());
         QCOMPARE(issued->issued.size(), 1);
         QVERIFY(issued->issued.constFirst().startsWith(assigned));
-        QCOMPARE(m_session->reopen(), Status());
+        QCOMPARE(session().reopen(), Status());
         QCOMPARE(InstructionIssuer::issueDay(SampleSession::today())->issued.size(), 1);
     }
 
     void anAccountThatIsGivenShowsItsPlansAtOnce()
     {
-        const QString id = m_session->create(SampleSession::record());
-        QCOMPARE(m_session->reopen(QStringLiteral("trader03")), Status());
+        const QString id = session().create(SampleSession::record());
+        QCOMPARE(session().reopen(QStringLiteral("trader03")), Status());
         QCOMPARE(service().GetPlanInfo(id).isEmpty(), true);
         changeElsewhere(QStringLiteral("INSERT INTO user_accounts VALUES ('trader03', '100001', 1)"));
         QCOMPARE(service().GetPlanInfo(id).isEmpty(), false);
@@ -515,16 +502,13 @@ private Q_SLOTS:
         QFETCH(QString, user);
         QFETCH(QString, elsewhere);
         QFETCH(Status, skipped);
-        QVERIFY(!m_session->create(with(SampleSession::record(), BaseField::expectedUser, Assignee)).isEmpty());
-        QCOMPARE(m_session->reopen(user), Status());
+        QVERIFY(!session().create(with(SampleSession::record(), BaseField::expectedUser, Assignee)).isEmpty());
+        QCOMPARE(session().reopen(user), Status());
         changeElsewhere(elsewhere);
         const auto issued = InstructionIssuer::issueDay(SampleSession::today());
         QCOMPARE(errorOf(issued), errorText(skipped));
         QCOMPARE(issued->issued.size(), skipped ? 1 : 0);
     }
-
-private:
-    std::unique_ptr<SampleSession> m_session;
 };
 
 QTEST_GUILESS_MAIN(PlanRulesTest)

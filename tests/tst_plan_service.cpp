@@ -29,6 +29,11 @@ using Record = QMap<QString, QVariant>;
 
 namespace {
 
+Change now()
+{
+    return ClientSession::instance().changeNow();
+}
+
 AutoPlanLogic& service()
 {
     return AutoPlanLogic::instance();
@@ -37,16 +42,6 @@ AutoPlanLogic& service()
 int storedPlans()
 {
     return *ClientSession::instance().plans().count();
-}
-
-/// The record with one field changed; a null text removes the field.
-Record with(Record record, const QString& key, const QString& value)
-{
-    if (value.isNull())
-        record.remove(key);
-    else
-        record.insert(key, value);
-    return record;
 }
 
 Record reduction(Record record)
@@ -126,18 +121,18 @@ private Q_SLOTS:
         QCOMPARE(service().GetPlanInstruction(id).size(), 0);
 
         const Record running{ { FieldId::EndState, EndState::Running } };
-        const QString first = *ClientSession::instance().instructions().add(id, SampleSession::today(), running);
+        const QString first = *ClientSession::instance().instructions().add(id, SampleSession::today(), running, now());
         QCOMPARE(service().GetPlanInstruction(id).keys(), QStringList{ first });
         const QString today = SampleSession::today().toString(Qt::ISODate);
         QCOMPARE(service().GetPlanInstruction(id).value(first), with(running, FieldId::TradeDate, today));
 
         const Record ended{ { FieldId::EndState, EndState::Ended } };
-        QCOMPARE(ClientSession::instance().instructions().update(id, first, ended), Status());
+        QCOMPARE(ClientSession::instance().instructions().update(id, first, ended, now()), Status());
         QCOMPARE(service().GetPlanInstruction(id).value(first), with(ended, FieldId::TradeDate, today));
 
         Database other;
         QCOMPARE(other.open(m_session->file()), Status());
-        const QString second = *InstructionStore(other).add(id, SampleSession::today(), running);
+        const QString second = *InstructionStore(other).add(id, SampleSession::today(), running, now());
         QCOMPARE(service().GetPlanInstruction(id).keys(), (QStringList{ first, second }));
         QCOMPARE(service().GetPlanInstruction(QStringLiteral("AP99999999")).size(), 0);
         QCOMPARE(service().GetPlanInstruction(id).size(), 2);
@@ -147,7 +142,7 @@ private Q_SLOTS:
     {
         const QString id = m_session->create(SampleSession::record());
         const Record running{ { FieldId::EndState, EndState::Running } };
-        QVERIFY(ClientSession::instance().instructions().add(id, SampleSession::today(), running));
+        QVERIFY(ClientSession::instance().instructions().add(id, SampleSession::today(), running, now()));
 
         InstructionPrefetcher prefetcher(m_session->file());
         const QThread* reader = nullptr;

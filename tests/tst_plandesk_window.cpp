@@ -1,11 +1,8 @@
 #include "Appearance.h"
 #include "AutoPlanField.h"
 #include "ClientClock.h"
-#include "ClientFormTest.h"
-#include "EditorDialog.h"
-#include "EditorForm.h"
+#include "ClientWindowTest.h"
 #include "InstructionTargetType.h"
-#include "MainWindow.h"
 #include "Options.h"
 #include "PlanCodes.h"
 #include "PlanEvents.h"
@@ -88,87 +85,8 @@ QProcessEnvironment inLanguage(const QString& variable, const QString& locale)
 
 } // namespace
 
-class PlandeskWindowTest : public ClientFormTest {
+class PlandeskWindowTest : public ClientWindowTest {
     Q_OBJECT
-
-private:
-    void prepare() override
-    {
-        ClientFormTest::prepare();
-        startSession();
-    }
-
-    void tidyUp() override
-    {
-        m_window.reset();
-        qApp->setStyleSheet(QString());
-        endSession();
-        QCOMPARE(boxes().take().size(), 0);
-    }
-
-    void openWindow()
-    {
-        m_window = std::make_unique<MainWindow>();
-        m_window->setSkin(QStringLiteral("light"));
-        m_window->show();
-        QVERIFY(takeKeyboard(m_window.get()));
-    }
-
-    static bool press(QWidget* widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        if (!takeKeyboard(widget->window()))
-            return false;
-        QTest::keyClick(widget, key, modifiers);
-        return true;
-    }
-
-    void pressForEditor(Qt::Key key)
-    {
-        QVERIFY(press(m_window.get(), key, Qt::ControlModifier));
-        QVERIFY(dialog().isVisible());
-        QVERIFY(takeKeyboard(&dialog()));
-    }
-
-    EditorDialog& dialog() const { return *m_window->editorDialog(); }
-    AutoParamSetting* dialogEditor() const { return dialog().editor(); }
-    FormDriver dialogDriver() const { return FormDriver(dialogEditor()); }
-
-    /// Does something that opens one box, and returns its text.
-    QString boxOf(const std::function<void()>& action, const char* box = "msgBoxTip", bool accepts = true)
-    {
-        boxes().expect(QLatin1String(box), accepts);
-        action();
-        const QVector<MessageBoxResponder::Box> seen = boxes().take();
-        return seen.size() == 1 && seen.constFirst().name == QLatin1String(box) ? seen.constFirst().text : QString();
-    }
-
-    /// Presses OK in the dialog and returns the text of the one box.
-    QString send()
-    {
-        return boxOf([this] { dialogDriver().confirm(); });
-    }
-
-    /// Creates a plan through the form and returns its id; empty when it was not stored.
-    QString createPlan()
-    {
-        const int before = *plans().count();
-        pressForEditor(Qt::Key_N);
-        FormDriver driver = dialogDriver();
-        driver.fill(ordinary());
-        const bool isDone = driver.takeProblems().isEmpty() && !send().isEmpty() && *plans().count() == before + 1;
-        return isDone ? newestPlan() : QString();
-    }
-
-    /// Ids of new plans of the sample record, the newest first.
-    QStringList createSamples(int count)
-    {
-        QStringList ids;
-        for (int i = 0; i < count; ++i)
-            ids.prepend(session().create(SampleSession::record()));
-        return ids;
-    }
-
-    std::unique_ptr<MainWindow> m_window;
 
 private Q_SLOTS:
     void initTestCase() { QApplication::setFont(QFont(QStringLiteral("Sans Serif"), 9)); }
@@ -260,7 +178,7 @@ private Q_SLOTS:
         QTest::newRow("an unknown command")
             << QStringList{ QStringLiteral("restore"), QStringLiteral("a") } << QStringLiteral("多余的参数：restore");
         QTest::newRow("a command without its file")
-            << QStringList{ QStringLiteral("import-closures") } << QStringLiteral("命令import-closures应有一个文件");
+            << QStringList{ QStringLiteral("import-closures") } << QStringLiteral("命令import-closures应有一个参数");
         QTest::newRow("an unknown user") << QStringList{ file, day, QStringLiteral("--user=nobody") }
                                          << QStringLiteral("用户“nobody”不存在");
         QTest::newRow("a folder as the database")
@@ -419,7 +337,7 @@ private Q_SLOTS:
         Record changed = SampleSession::record();
         changed.insert(BaseField::totalQty, QStringLiteral("2000"));
         for (int row : { 1, 60 })
-            QCOMPARE(plans().modify(ids.at(row), changed, QDateTime::currentDateTime()), Status());
+            QCOMPARE(plans().modify(ids.at(row), 1, changed, ClientSession::instance().changeNow()), Status());
         QCOMPARE(model.index(1, PlanTableModel::Target).data().toString(), QStringLiteral("1,000 股"));
         QCOMPARE(model.index(60, PlanTableModel::Target).data().toString(), QStringLiteral("2,000 股"));
         QCOMPARE(model.refresh(), Status());
@@ -435,7 +353,7 @@ private Q_SLOTS:
         QStringList ids;
         const Status stored = session.database().transaction([&] {
             for (int i = 0; i < 900; ++i)
-                ids.prepend(*session.plans().create(record, session.user().id, QDateTime::currentDateTime()));
+                ids.prepend(*session.plans().create(record, session.changeNow()));
             return Status();
         });
         QCOMPARE(stored, Status());
@@ -530,12 +448,12 @@ private Q_SLOTS:
     void aCreatedPlanIsListedAndCurrent()
     {
         openWindow();
-        QCOMPARE(m_window->currentPlan(), QString());
+        QCOMPARE(window().currentPlan(), QString());
         const QString id = createPlan();
         QVERIFY(!id.isEmpty());
         QVERIFY(!dialog().isVisible());
-        QCOMPARE(m_window->currentPlan(), id);
-        const QStringList texts = labels(field<QWidget>(*m_window, "planDetails"));
+        QCOMPARE(window().currentPlan(), id);
+        const QStringList texts = labels(field<QWidget>(window(), "planDetails"));
         QVERIFY(texts.contains(id));
         QVERIFY(texts.contains(QStringLiteral("10,000 股")));
     }
@@ -583,9 +501,9 @@ private Q_SLOTS:
     {
         const QString id = session().create(SampleSession::record());
         openWindow();
-        auto* const table = field<QTableView>(*m_window, "planTable");
+        auto* const table = field<QTableView>(window(), "planTable");
         const QString title = QStringLiteral("修改计划 %1").arg(id);
-        QVERIFY(press(m_window.get(), Qt::Key_E, Qt::ControlModifier));
+        QVERIFY(press(&window(), Qt::Key_E, Qt::ControlModifier));
         QCOMPARE(dialog().windowTitle(), title);
         dialog().leave();
         QVERIFY(press(table, Qt::Key_Return));
@@ -608,28 +526,28 @@ private Q_SLOTS:
         pressForEditor(Qt::Key_D);
         QCOMPARE(dialog().windowTitle(), QStringLiteral("复制计划 %1").arg(id));
         QCOMPARE(send(), QStringLiteral("交易自动规划创建成功!"));
-        QVERIFY(m_window->currentPlan() != id);
+        QVERIFY(window().currentPlan() != id);
         QCOMPARE(*plans().count(), 2);
-        QCOMPARE(*plans().record(m_window->currentPlan()), *plans().record(id));
+        QCOMPARE(*plans().record(window().currentPlan()), *plans().record(id));
     }
 
     void aReadThatFailsIsShownAndKeepsTheRows()
     {
         openWindow();
-        m_window->selectPlan(createSamples(3).constFirst());
-        auto* const table = field<QTableView>(*m_window, "planTable");
+        window().selectPlan(createSamples(3).constFirst());
+        auto* const table = field<QTableView>(window(), "planTable");
         QCOMPARE(table->model()->rowCount(), 3);
         Database& database = ClientSession::instance().database();
         QCOMPARE(database.execute(QStringLiteral("ALTER TABLE plans RENAME TO gone")), Status());
         const QString failed = QStringLiteral("数据库操作失败");
         // The current plan is looked for before and after reading the number of plans again.
         log().expectWarning(failed, 3);
-        QVERIFY(press(m_window.get(), Qt::Key_F5));
-        QVERIFY(m_window->statusBar()->currentMessage().startsWith(failed));
+        QVERIFY(press(&window(), Qt::Key_F5));
+        QVERIFY(window().statusBar()->currentMessage().startsWith(failed));
         QCOMPARE(table->model()->rowCount(), 3);
         QCOMPARE(database.execute(QStringLiteral("ALTER TABLE gone RENAME TO plans")), Status());
-        QVERIFY(press(m_window.get(), Qt::Key_F5));
-        QCOMPARE(m_window->statusBar()->currentMessage(), QStringLiteral("共3个计划"));
+        QVERIFY(press(&window(), Qt::Key_F5));
+        QCOMPARE(window().statusBar()->currentMessage(), QStringLiteral("共3个计划"));
     }
 
     void failedReadsOfTheEditorOpenOneBox()
@@ -650,11 +568,11 @@ private Q_SLOTS:
     {
         openWindow();
         for (Qt::Key key : { Qt::Key_E, Qt::Key_D }) {
-            QVERIFY(press(m_window.get(), key, Qt::ControlModifier));
+            QVERIFY(press(&window(), key, Qt::ControlModifier));
             QVERIFY(!dialog().isVisible());
         }
-        QVERIFY(!field<QAction>(*m_window, "action_edit")->isEnabled());
-        QVERIFY(!field<QAction>(*m_window, "action_copy")->isEnabled());
+        QVERIFY(!field<QAction>(window(), "action_edit")->isEnabled());
+        QVERIFY(!field<QAction>(window(), "action_copy")->isEnabled());
     }
 
     void closingAChangedFormAsks()
@@ -688,8 +606,8 @@ private Q_SLOTS:
         pressForEditor(Qt::Key_N);
         dialogDriver().type("le_remark", QStringLiteral("x"));
         for (const bool accepts : { false, true }) {
-            QVERIFY(!boxOf([&] { QCOMPARE(m_window->close(), accepts); }, "msgBoxQuestion", accepts).isEmpty());
-            QCOMPARE(m_window->isVisible(), !accepts);
+            QVERIFY(!boxOf([&] { QCOMPARE(window().close(), accepts); }, "msgBoxQuestion", accepts).isEmpty());
+            QCOMPARE(window().isVisible(), !accepts);
             QCOMPARE(dialog().isVisible(), !accepts);
         }
     }
@@ -710,23 +628,23 @@ private Q_SLOTS:
         pressForEditor(Qt::Key_N);
         QCOMPARE(dialogEditor()->styleSheet(), skinSheet(QStringLiteral("light")));
         dialog().leave();
-        QVERIFY(press(m_window.get(), Qt::Key_F8));
-        QCOMPARE(m_window->skin(), QStringLiteral("dark"));
+        QVERIFY(press(&window(), Qt::Key_F8));
+        QCOMPARE(window().skin(), QStringLiteral("dark"));
         QCOMPARE(qApp->styleSheet(), skinSheet(QStringLiteral("dark")));
         QCOMPARE(dialogEditor()->styleSheet(), skinSheet(QStringLiteral("dark")));
         log().expectWarning(QStringLiteral("there is no skin"));
-        m_window->setSkin(QStringLiteral("pink"));
-        QCOMPARE(m_window->skin(), QStringLiteral("dark"));
+        window().setSkin(QStringLiteral("pink"));
+        QCOMPARE(window().skin(), QStringLiteral("dark"));
     }
 
     void theDayIsIssuedFromTheMenu()
     {
         const QString id = session().create(SampleSession::record());
         openWindow();
-        QCOMPARE(boxOf([this] { press(m_window.get(), Qt::Key_I, Qt::ControlModifier); }),
+        QCOMPARE(boxOf([this] { press(&window(), Qt::Key_I, Qt::ControlModifier); }),
             QStringLiteral("2024-05-06：新下达指令1条，此前已下达的计划0个，未下达的计划0个。"));
-        QCOMPARE(m_window->currentPlan(), id);
-        const QStringList texts = labels(field<QWidget>(*m_window, "planDetails"));
+        QCOMPARE(window().currentPlan(), id);
+        const QStringList texts = labels(field<QWidget>(window(), "planDetails"));
         QVERIFY(texts.contains(QStringLiteral("已下达指令")));
         QVERIFY(texts.contains(QStringLiteral("下达 300，成交 300，已结束")));
     }

@@ -255,7 +255,7 @@ private Q_SLOTS:
         DatabaseProbe probe(session().file());
         const QString user = ClientSession::instance().user().id;
         const auto record = ExpectedRecord(form, Shown, user, probe).record();
-        const QString id = plans().create(record, user, QDateTime::currentDateTime()).valueOr(QString());
+        const QString id = plans().create(record, { user, QDateTime::currentDateTime() }).valueOr(QString());
         openPlan(id, true);
         QCOMPARE(code(editor(), "combx_instructionMode"), InstMode::AlgoReview);
         QCOMPARE(code(editor(), "combx_priceMode"), PriceModel::NoLimit);

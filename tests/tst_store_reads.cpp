@@ -233,7 +233,8 @@ void TestStoreReads::addPlans(int count)
     const QMap<QString, QVariant> record = SampleSession::record();
     const Status status = client().database().transaction([&]() -> Status {
         for (int i = 0; i < count; ++i) {
-            const auto id = client().plans().create(record, QStringLiteral("trader01"), QDateTime::currentDateTime());
+            const auto id =
+                client().plans().create(record, { QStringLiteral("trader01"), QDateTime::currentDateTime() });
             if (!id)
                 return id.status();
         }

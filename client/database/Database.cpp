@@ -219,6 +219,9 @@ Status Database::prepareConnection()
         return status;
     if (Status status = configure(QStringLiteral("PRAGMA synchronous = FULL")); !status)
         return status;
+    // Triggers on deletion then also refuse to replace a row.
+    if (Status status = configure(QStringLiteral("PRAGMA recursive_triggers = ON")); !status)
+        return status;
     return configure(QStringLiteral("PRAGMA foreign_keys = ON"));
 }
 
@@ -292,6 +295,7 @@ Status Database::begin()
     if (Status status = configure(QStringLiteral("BEGIN IMMEDIATE")); !status)
         return status;
     m_inTransaction = true;
+    m_commitFailed = false;
     m_failure = Status();
     return {};
 }
@@ -306,8 +310,10 @@ Status Database::finish(const Status& worked)
         status = m_files.check();
     m_inTransaction = false;
     m_failure = Status();
-    if (status)
+    if (status) {
         status = configure(QStringLiteral("COMMIT"));
+        m_commitFailed = !status;
+    }
     if (status)
         ++m_committed;
     else

@@ -46,6 +46,9 @@ public:
     /// deleted, exchanged, moved or linked.
     Status transaction(const std::function<Status()>& work);
 
+    /// True if the last transaction failed in its COMMIT: a disk that fails then may have stored it all the same.
+    bool commitFailed() const { return m_commitFailed; }
+
     /// Statements with positional values. A null text is bound as an empty one; an invalid `QVariant` as NULL.
 
     /// Runs a statement without a result, in a transaction of its own unless one is running.
@@ -109,6 +112,7 @@ private:
     LockWaits m_waits;
     QHash<QString, QSqlQuery> m_prepared; ///< statements that do not run, by their text
     bool m_inTransaction = false;
+    bool m_commitFailed = false;
     Status m_failure;    ///< the first one of the running transaction
     int m_committed = 0; ///< transactions since this connection started the log
 };

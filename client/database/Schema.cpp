@@ -157,6 +157,30 @@ QStringList limitTables()
     };
 }
 
+// Texts of an entry are NULL if it has none. Entries are kept, and with them the plans that they tell of.
+QStringList historyTable()
+{
+    return {
+        QStringLiteral("CREATE TABLE history ("
+                       "number INTEGER PRIMARY KEY AUTOINCREMENT,"
+                       "event TEXT NOT NULL CHECK (event IN"
+                       " ('created', 'changed', 'state changed', 'issued', 'instruction changed', 'signed')),"
+                       "plan INTEGER REFERENCES plans (number), version INTEGER CHECK (version >= 1), subject TEXT,"
+                       "before TEXT CHECK (before IS NULL OR before GLOB '{*}'),"
+                       "after TEXT CHECK (after IS NULL OR after GLOB '{*}'),"
+                       "user TEXT NOT NULL, time TEXT NOT NULL CHECK (time LIKE '____-__-__T__:__:__.___Z'),"
+                       "client TEXT NOT NULL, request TEXT,"
+                       "CHECK ((plan IS NULL) = (event = 'signed')), CHECK ((plan IS NULL) = (version IS NULL))"
+                       ") STRICT"),
+        QStringLiteral("CREATE INDEX history_of_plans ON history (plan) WHERE plan IS NOT NULL"),
+        QStringLiteral("CREATE UNIQUE INDEX history_of_requests ON history (request) WHERE request IS NOT NULL"),
+        QStringLiteral("CREATE TRIGGER history_is_not_changed BEFORE UPDATE ON history"
+                       " BEGIN SELECT RAISE(ABORT, 'the history is not changed'); END"),
+        QStringLiteral("CREATE TRIGGER history_is_not_deleted BEFORE DELETE ON history"
+                       " BEGIN SELECT RAISE(ABORT, 'the history is not deleted'); END"),
+    };
+}
+
 } // namespace
 
 const QVector<Schema::Migration>& Schema::migrations()
@@ -167,6 +191,7 @@ const QVector<Schema::Migration>& Schema::migrations()
         { 3, unusedTables() },
         { 4, limitTables() },
         { 5, TypedTables::statements(), TypedTables::obstacles() },
+        { 6, historyTable() },
     };
     return steps;
 }

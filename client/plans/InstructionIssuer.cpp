@@ -255,7 +255,7 @@ Status issuePlan(ClientSession& session, DayFacts& facts, const QString& planId,
     if (!plan)
         return plan.status();
     InstructionStore instructions = session.instructions();
-    if (Status status = instructions.endBefore(planId, facts.day()); !status)
+    if (Status status = instructions.endBefore(planId, facts.day(), session.changeNow()); !status)
         return status;
     const Result<PlanRights> rights = facts.rights(*plan);
     if (!rights)
@@ -265,7 +265,7 @@ Status issuePlan(ClientSession& session, DayFacts& facts, const QString& planId,
         result.skipped << IssueResult::Skipped{ planId, skipped };
         return {};
     }
-    const Result<QString> id = instructions.add(planId, facts.day(), planDay.fields());
+    const Result<QString> id = instructions.add(planId, facts.day(), planDay.fields(), session.changeNow());
     if (!id)
         return id.status();
     result.issued << *id;

@@ -33,19 +33,23 @@ enum class Error {
     FileExists,        ///< file
     // --- Stored plans and instructions
     EmptyPlan,
-    FieldNotText,       ///< record key
-    FieldUnknown,       ///< record key
-    FieldTooLong,       ///< record key, largest number of characters
-    FieldNotStorable,   ///< record key
-    UnknownPlan,        ///< plan id
-    UnknownInstruction, ///< instruction id
-    DamagedCloses,      ///< symbol
-    DamagedPlan,        ///< plan id
-    PlanValueUnknown,   ///< plan id, caption, value
-    PlanValueInvalid,   ///< plan id, caption, value
-    InstructionInvalid, ///< instruction id, what it contains
-    SecurityInvalid,    ///< symbol
-    PositionInvalid,    ///< account, symbol
+    FieldNotText,         ///< record key
+    FieldUnknown,         ///< record key
+    FieldTooLong,         ///< record key, largest number of characters
+    FieldNotStorable,     ///< record key
+    UnknownPlan,          ///< plan id
+    PlanNotRead,          ///< plan id
+    PlanIsNewer,          ///< plan id
+    PlanChangedMeanwhile, ///< name of the user, time, captions of the fields
+    OutcomeUnknown,       ///< cause
+    UnknownInstruction,   ///< instruction id
+    DamagedCloses,        ///< symbol
+    DamagedPlan,          ///< plan id
+    PlanValueUnknown,     ///< plan id, caption, value
+    PlanValueInvalid,     ///< plan id, caption, value
+    InstructionInvalid,   ///< instruction id, what it contains
+    SecurityInvalid,      ///< symbol
+    PositionInvalid,      ///< account, symbol
     // --- The sample data
     MarketSizeOutOfRange, ///< smallest, largest size
     NoLastClose,
@@ -134,10 +138,10 @@ enum class Error {
     UnknownLanguage,    ///< the code, the codes that there are
     MalformedDay,       ///< the text
     NoDisplay,
-    NoTranslation,         ///< file
-    CommandWithoutFile,    ///< command
-    FileNotWritten,        ///< file
-    DatabaseHasSecurities, ///< file, how many
+    NoTranslation,          ///< file
+    CommandWithoutArgument, ///< command
+    FileNotWritten,         ///< file
+    DatabaseHasSecurities,  ///< file, how many
     // --- Price formulas
     FormulaErrorAt, ///< number of the character; the cause says what is wrong there
     FormulaEmpty,

@@ -147,8 +147,8 @@ private:
                 status = writeAuthority(user, sample, type);
         }
         if (status && sample.isSigned)
-            status =
-                m_agreements.sign(Orlo_Values::ProtocolId::AutoPlanReduceAgree, sample.clientNo, user, m_signedTime);
+            status = m_agreements.sign(
+                Orlo_Values::ProtocolId::AutoPlanReduceAgree, sample.clientNo, { user, m_signedTime });
         return status ? writePositions(sample) : status;
     }
 

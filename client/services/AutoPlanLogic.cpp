@@ -4,65 +4,14 @@
 #include "ClientClock.h"
 #include "ClientSession.h"
 #include "ErrorText.h"
-#include "Kelvo_Fields.h"
-#include "PlanCheck.h"
 #include "PlanEvents.h"
-#include "PlanFacts.h"
+#include "PlanSubmission.h"
 #include "PlanTexts.h"
 #include "ReadReport.h"
-
-#include <QDateTime>
 
 namespace BaseField = AutoPlanField::BaseField;
 
 namespace {
-
-using Record = QMap<QString, QVariant>;
-
-Result<PlanCheck::Known> knownFor(ClientSession& session, const Record& record)
-{
-    const QDate today = clientToday();
-    const QString& user = session.user().id;
-    const auto rights = PlanRightsReader(session.database(), today).read(user, record);
-    if (!rights)
-        return rights.status();
-    const Security* security = session.market().find(record.value(Kelvo_Fields::Security::symbol).toString());
-    const auto closes = security ? PlanFacts::closesBefore(session, *security, today) : QVector<qint64>();
-    if (!closes)
-        return closes.status();
-    const auto sellable = security ? PlanFacts::sellable(session, record, *security) : 0.0;
-    if (!sellable)
-        return sellable.status();
-    return PlanCheck::Known{ session.market(), session.calendar(), today, user, *rights, *closes, *sellable };
-}
-
-Result<QString> create(ClientSession& session, const Record& record)
-{
-    const auto known = knownFor(session, record);
-    if (!known)
-        return known.status();
-    if (Status refused = PlanCheck::creationError(record, *known); !refused)
-        return refused;
-    return session.plans().create(record, session.user().id, QDateTime::currentDateTime());
-}
-
-Status change(ClientSession& session, const QString& planId, const Record& record)
-{
-    PlanStore plans = session.plans();
-    const Result<StoredPlan> stored = plans.plan(planId);
-    if (!stored)
-        return stored.status();
-    if (stored->id.isEmpty())
-        return { Error::UnknownPlan, { planId } };
-    const auto known = knownFor(session, record);
-    if (!known)
-        return known.status();
-    const auto used = PlanFacts::used(session, *stored);
-    if (!used)
-        return used.status();
-    Status refused = PlanCheck::changeError(stored->record, record, *used, *known);
-    return refused ? plans.modify(planId, record, QDateTime::currentDateTime()) : refused;
-}
 
 void answerWithoutAverages(AutoPlanLogic* service, const QString& symbol, const Status& status)
 {
@@ -111,21 +60,21 @@ AutoPlanLogic& AutoPlanLogic::instance()
     return service;
 }
 
-// Rights and plans are read, checked and written in one transaction, so that they cannot change in between.
 QString AutoPlanLogic::CreateNewPlan(QMap<QString, QVariant> record)
 {
     ClientSession& session = ClientSession::instance();
     if (!session.isOpen())
         return errorText(Error::PlansNeedLogin);
-    QString id;
-    const Status status = session.database().transaction([&] {
-        const Result<QString> created = create(session, record);
-        id = created.valueOr(QString());
-        return created.status();
-    });
-    if (status)
-        Q_EMIT PlanEvents::instance().planStored(id);
-    return errorText(status);
+    const QString request = session.requests().idOf(record);
+    const Result<QString> id = PlanSubmission::create(record, request);
+    session.requests().clear();
+    if (id.status().error() == Error::OutcomeUnknown)
+        session.requests().keep(request, record);
+    if (!id)
+        return errorText(id.status());
+    session.versions().note(*id, 1);
+    Q_EMIT PlanEvents::instance().planStored(*id);
+    return QString();
 }
 
 QString AutoPlanLogic::modifyPlan(const QMap<QString, QVariant>& record)
@@ -136,20 +85,28 @@ QString AutoPlanLogic::modifyPlan(const QMap<QString, QVariant>& record)
     const QString planId = record.value(BaseField::autoPlanId).toString();
     QMap<QString, QVariant> content = record;
     content.remove(BaseField::autoPlanId);
-    const Status status = session.database().transaction([&] { return change(session, planId, content); });
-    if (status)
-        Q_EMIT PlanEvents::instance().planStored(planId);
-    return errorText(status);
+    const int version = session.versions().of(planId);
+    std::optional<PlanConflict> conflict;
+    const Status status = PlanSubmission::change(planId, version, content, conflict);
+    if (conflict)
+        Q_EMIT PlanEvents::instance().planConflict(*conflict);
+    if (!status)
+        return errorText(status);
+    session.versions().note(planId, version + 1);
+    Q_EMIT PlanEvents::instance().planStored(planId);
+    return QString();
 }
 
 QMap<QString, QVariant> AutoPlanLogic::GetPlanInfo(QString planId)
 {
     ClientSession& session = ClientSession::instance();
-    QMap<QString, QVariant> record;
-    if (session.isOpen())
-        record = valueOrReport(session.plans().record(planId), record);
-    if (record.isEmpty())
-        return record;
+    if (!session.isOpen())
+        return {};
+    const StoredPlan plan = valueOrReport(session.plans().plan(planId), StoredPlan());
+    if (plan.id.isEmpty())
+        return {};
+    session.versions().note(planId, plan.version);
+    QMap<QString, QVariant> record = plan.record;
     record.insert(BaseField::autoPlanId, planId);
     return record;
 }

@@ -5,8 +5,6 @@
 #include "ClientSession.h"
 #include "ReadReport.h"
 
-#include <QDateTime>
-
 namespace {
 
 Result<StoredAgreement> agreementOf(const QString& protocolId)
@@ -52,11 +50,11 @@ Status signAgreement(const QString& protocolId, const QStringList& clientNumbers
     if (Status refused = signingError(protocolId, clientNumbers); !refused)
         return refused;
     ClientSession& session = ClientSession::instance();
-    const QDateTime now = QDateTime::currentDateTime();
+    const Change change = session.changeNow();
     Status status = session.database().transaction([&]() -> Status {
         AgreementStore store(session.database());
         for (const QString& number : clientNumbers) {
-            if (Status failed = store.sign(protocolId, number, session.user().id, now); !failed)
+            if (Status failed = store.sign(protocolId, number, change); !failed)
                 return failed;
         }
         return {};

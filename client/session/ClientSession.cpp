@@ -68,6 +68,8 @@ void ClientSession::close()
     m_averages.reset();
     m_checker.reset();
     m_instructions.clear();
+    m_versions.clear();
+    m_requests.clear();
     m_texts.clear();
     m_unsigned.clear();
     m_accounts.clear();
@@ -84,6 +86,11 @@ PlanStore ClientSession::plans()
 InstructionStore ClientSession::instructions()
 {
     return InstructionStore(m_database);
+}
+
+Change ClientSession::changeNow(const QString& request) const
+{
+    return { m_user.id, QDateTime::currentDateTime(), request };
 }
 
 Result<InstructionCache::Instructions> ClientSession::instructionsOf(const QString& planId)

@@ -6,7 +6,9 @@
 #include "InstructionStore.h"
 #include "MovingAverageWorker.h"
 #include "PageChecker.h"
+#include "PlanRequests.h"
 #include "PlanStore.h"
+#include "PlanVersions.h"
 #include "SampleMarket.h"
 #include "SearchableMarket.h"
 #include "TradeCalendar.h"
@@ -49,6 +51,11 @@ public:
     /// The plans of the user's accounts and those assigned to the user.
     PlanStore plans();
     InstructionStore instructions();
+    /// A change that the user makes now, for the history.
+    Change changeNow(const QString& request = {}) const;
+    /// The versions of plans that were read, and the requests whose outcome is unknown. Empty in a new session.
+    PlanVersions& versions() { return m_versions; }
+    PlanRequests& requests() { return m_requests; }
 
     /// The stored instructions of one of `plans`, empty for any other; see `InstructionCache`.
     Result<InstructionCache::Instructions> instructionsOf(const QString& planId);
@@ -82,6 +89,8 @@ private:
     std::unique_ptr<MovingAverageWorker> m_averages;
     std::unique_ptr<PageChecker> m_checker;
     InstructionCache m_instructions{ m_database };
+    PlanVersions m_versions;
+    PlanRequests m_requests;
     QTimer m_idle; ///< fires when the trader is likely to be back at the form
     QHash<QPair<QString, QString>, QString> m_texts;
     QHash<QString, QStringList> m_unsigned;

@@ -1,9 +1,22 @@
 #pragma once
 
+#include "PlanStore.h"
 #include "Status.h"
 
 #include <QObject>
 #include <QStringList>
+
+/// A change that was refused because someone else changed the plan first.
+struct PlanConflict {
+    /// The plan in the version that the change was made from, and as it is stored now.
+    StoredPlan opened;
+    StoredPlan stored;
+    /// The refused record.
+    PlanStore::Record refused;
+    /// Who stored the present version, by name, and when.
+    QString user;
+    QDateTime time;
+};
 
 /// The signals about changes of stored plans and about answers to queries. One object per process.
 class PlanEvents : public QObject {
@@ -20,6 +33,8 @@ Q_SIGNALS:
     void readFailed(const Status& failure);
     /// A plan was created or modified or got new instructions, and the change is stored.
     void planStored(const QString& planId);
+    /// A change was refused because the plan was changed since it was read. Emitted before the service answers.
+    void planConflict(const PlanConflict& conflict);
     /// The answer to a moving-average query: names of the averages that the security has. Emitted on another thread
     /// than the query's.
     void averagesAnswered(const QString& symbol, const Result<QStringList>& names);

@@ -1,5 +1,6 @@
 #include "AgreementStore.h"
 
+#include "HistoryStore.h"
 #include "StoredTime.h"
 
 AgreementStore::AgreementStore(Database& database)
@@ -24,13 +25,19 @@ Result<StoredAgreement> AgreementStore::agreement(const QString& protocol)
     return status ? Result<StoredAgreement>(found) : status;
 }
 
-Status AgreementStore::sign(
-    const QString& protocol, const QString& clientNo, const QString& userId, const QDateTime& now)
+Status AgreementStore::sign(const QString& protocol, const QString& clientNo, const Change& change)
 {
-    return m_database.execute(
-        QStringLiteral("INSERT INTO signatures (protocol, client_no, user, signed_time) VALUES (?, ?, ?, ?)"
-                       " ON CONFLICT (protocol, client_no) DO NOTHING"),
-        { protocol, clientNo, userId, StoredTime::toText(now) });
+    return m_database.transaction([&]() -> Status {
+        const Result<int> added = m_database.change(
+            QStringLiteral("INSERT INTO signatures (protocol, client_no, user, signed_time) VALUES (?, ?, ?, ?)"
+                           " ON CONFLICT (protocol, client_no) DO NOTHING"),
+            { protocol, clientNo, change.user, StoredTime::toText(change.time) });
+        if (!added || *added == 0)
+            return added.status();
+        HistoryEntry entry{ HistoryEvent::Signed, 0, 0, protocol, {}, {} };
+        entry.after.insert(QStringLiteral("client"), clientNo);
+        return HistoryStore(m_database).add(entry, change);
+    });
 }
 
 Result<QDateTime> AgreementStore::signedTime(const QString& protocol, const QString& clientNo)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Database.h"
+#include "HistoryStore.h"
 
 #include <QDateTime>
 #include <QStringList>
@@ -22,7 +23,7 @@ public:
     Result<StoredAgreement> agreement(const QString& protocol);
 
     /// Stores a client's signature. If the client has already signed, keeps the first signature and returns success.
-    Status sign(const QString& protocol, const QString& clientNo, const QString& userId, const QDateTime& now);
+    Status sign(const QString& protocol, const QString& clientNo, const Change& change);
     /// Invalid if the client has not signed.
     Result<QDateTime> signedTime(const QString& protocol, const QString& clientNo);
     /// Client numbers of the user's accounts that have not signed, ascending, each once.

@@ -175,13 +175,15 @@ QString WalkThrough::storeStartedPlan(const PlanForm& form, const ShownDates& da
     ClientSession& session = ClientSession::instance();
     const ExpectedRecord record(form, dates, session.user().id, m_probe);
     const Result<QString> plan =
-        session.plans().create(record.record(), session.user().id, QDateTime::currentDateTime().addDays(-3));
+        session.plans().create(record.record(), { session.user().id, QDateTime::currentDateTime().addDays(-3) });
     const InstructionStore::Fields instruction{ { FieldId::EndState, EndState::Ended },
         { FieldId::TargetType, InstructionTargetType::QtyOrder }, { FieldId::IssuedQty, QStringLiteral("8000") },
         { FieldId::FilledQty, QStringLiteral("5000") } };
     Status status = plan.status();
     if (status)
-        status = session.instructions().add(*plan, tradeDay(Kelvo_Values::Exchange::sh, -1), instruction).status();
+        status = session.instructions()
+                     .add(*plan, tradeDay(Kelvo_Values::Exchange::sh, -1), instruction, session.changeNow())
+                     .status();
     if (!status)
         problem(errorText(status));
     press(Qt::Key_F5);

@@ -1,13 +1,17 @@
 #include "Commands.h"
 
 #include "Backup.h"
+#include "ClientSession.h"
 #include "ClosureFiles.h"
 #include "ErrorText.h"
+#include "HistoryTexts.h"
 #include "Options.h"
 #include "Program.h"
 #include "SessionStart.h"
 
 #include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QMap>
 
 #include <functional>
@@ -18,7 +22,7 @@ using Command = std::function<Result<QString>(const Options& options)>;
 
 Result<QString> importClosures(const Options& options)
 {
-    const Result<QDate> last = ClosureFiles::install(options.file);
+    const Result<QDate> last = ClosureFiles::install(options.argument);
     if (!last)
         return last.status();
     return QStringLiteral("交易日历到%1").arg(last->toString(Qt::ISODate));
@@ -26,16 +30,50 @@ Result<QString> importClosures(const Options& options)
 
 Result<QString> backUp(const Options& options)
 {
-    const QString file = QFileInfo(options.file).absoluteFilePath();
+    const QString file = QFileInfo(options.argument).absoluteFilePath();
     if (Status status = backUpDatabase(databaseOf(options), file); !status)
         return status;
     return QStringLiteral("数据库已备份到%1").arg(file);
+}
+
+QString inLines(const QVector<HistoryEntry>& entries)
+{
+    QStringList lines;
+    for (const HistoryEntry& entry : entries)
+        lines << HistoryTexts::line(entry);
+    return lines.join(QLatin1Char('\n'));
+}
+
+QString asJson(const QVector<HistoryEntry>& entries)
+{
+    QJsonArray array;
+    for (const HistoryEntry& entry : entries)
+        array << HistoryTexts::json(entry);
+    return QString::fromUtf8(QJsonDocument(array).toJson());
+}
+
+// Only of a plan that the user may see.
+Result<QString> planHistory(const Options& options)
+{
+    if (Status status = startSession(options); !status)
+        return status;
+    ClientSession& session = ClientSession::instance();
+    const Result<StoredPlan> plan = session.plans().plan(options.argument);
+    if (!plan)
+        return plan.status();
+    if (plan->id.isEmpty())
+        return { Error::UnknownPlan, { options.argument } };
+    const auto entries = HistoryStore(session.database()).ofPlan(PlanId::toNumber(plan->id).value_or(0));
+    if (!entries)
+        return entries.status();
+    return options.json ? asJson(*entries) : inLines(*entries);
 }
 
 const QMap<QString, Command>& commands()
 {
     static const QMap<QString, Command> all{
         { QStringLiteral("backup"), backUp },
+        { QStringLiteral("history"), planHistory },
         { QStringLiteral("import-closures"), importClosures },
     };
     return all;

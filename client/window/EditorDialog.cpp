@@ -3,13 +3,16 @@
 #include "AutoParamSetting.h"
 #include "AutoPlanLogic.h"
 #include "ClientSession.h"
+#include "ConflictDialog.h"
 #include "FormArrangement.h"
 #include "OrloWidget.h"
 #include "Orlo_Fields.h"
 #include "PlanCodes.h"
 #include "PlanEvents.h"
+#include "ReadReport.h"
 
 #include <QAbstractSpinBox>
+#include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -53,9 +56,14 @@ EditorDialog::EditorDialog(QWidget* parent)
     room->setContentsMargins(0, 0, 0, 0);
     room->addWidget(m_area);
     connect(&PlanEvents::instance(), &PlanEvents::planStored, this, &EditorDialog::planStored);
+    connect(&PlanEvents::instance(), &PlanEvents::planConflict, this, &EditorDialog::noteConflict);
+    connect(this, &QDialog::finished, this, &EditorDialog::unpin);
 }
 
-EditorDialog::~EditorDialog() = default;
+EditorDialog::~EditorDialog()
+{
+    unpin();
+}
 
 void EditorDialog::openNew()
 {
@@ -67,6 +75,7 @@ void EditorDialog::openEdit(const QString& planId)
 {
     prepare(tr("修改计划 %1").arg(planId));
     m_holdsValues = true;
+    pin(planId);
     m_editor->editPlan(planId);
     present();
     // A change is checked against the plan's instructions, which may be thousands.
@@ -193,6 +202,50 @@ void EditorDialog::planStored(const QString& planId)
     const QString type =
         AutoPlanLogic::instance().GetPlanInfo(planId).value(Orlo_Fields::AutoPlan::templateCode).toString();
     m_holdsValues = type == PlanCodes::PlanType::ReduceHoldings;
+}
+
+// Before the form reads the plan: a version that appears in between is reported as a conflict and not overwritten.
+void EditorDialog::pin(const QString& planId)
+{
+    unpin();
+    m_pinnedPlan = planId;
+    m_pinnedVersion = valueOrReport(ClientSession::instance().plans().version(planId), 0);
+    ClientSession::instance().versions().pin(m_pinnedPlan, m_pinnedVersion);
+}
+
+void EditorDialog::unpin()
+{
+    ClientSession::instance().versions().unpin(m_pinnedPlan, m_pinnedVersion);
+    m_pinnedPlan.clear();
+}
+
+// The editor shows the service's refusal in a box first.
+void EditorDialog::noteConflict(const PlanConflict& conflict)
+{
+    if (!isVisible() || conflict.stored.id != m_pinnedPlan)
+        return;
+    const auto afterTheBox = [this, conflict] {
+        auto* const box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (box && box != this)
+            connect(
+                box, &QDialog::finished, this, [this, conflict] { showConflict(conflict); }, Qt::QueuedConnection);
+        else
+            showConflict(conflict);
+    };
+    QMetaObject::invokeMethod(this, afterTheBox, Qt::QueuedConnection);
+}
+
+void EditorDialog::showConflict(const PlanConflict& conflict)
+{
+    auto* const dialog = new ConflictDialog(conflict, this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QDialog::finished, this, [this, plan = conflict.stored.id](int choice) {
+        if (choice == ConflictDialog::Reload)
+            openEdit(plan);
+        else if (choice == ConflictDialog::Keep)
+            pin(plan);
+    });
+    dialog->open();
 }
 
 QStringList EditorDialog::contents() const

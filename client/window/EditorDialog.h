@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PlanEvents.h"
+
 #include <QDialog>
 #include <QStringList>
 
@@ -17,7 +19,8 @@ public:
     ~EditorDialog() override;
 
     /// Open the editor for a new plan, to edit a stored plan, and to copy one. Must not be called while the dialog is
-    /// open.
+    /// open. The plan is edited in its present version: if someone else changes it meanwhile, the service refuses the
+    /// form, and the dialog shows the difference.
     void openNew();
     void openEdit(const QString& planId);
     void openCopy(const QString& planId);
@@ -47,11 +50,17 @@ private:
     void present();
     void fit();
     void planStored(const QString& planId);
+    void pin(const QString& planId);
+    void unpin();
+    void noteConflict(const PlanConflict& conflict);
+    void showConflict(const PlanConflict& conflict);
     QStringList contents() const;
 
     QScrollArea* m_area;
     AutoParamSetting* m_editor = nullptr;
     QString m_skin;
+    QString m_pinnedPlan; ///< the edited plan; empty if none
+    int m_pinnedVersion = 0;
     QStringList m_openedWith;   ///< contents of the form when it was opened
     bool m_stored = false;      ///< a plan was stored since the form was opened
     bool m_holdsValues = false; ///< the form has values that `resetEnable` does not clear

@@ -42,10 +42,11 @@ public:
         m_parser.addOptions({ m_help, m_user, m_database, m_skin, m_language, m_securities });
         if (m_program == Program::Client) {
             m_parser.setApplicationDescription(QStringLiteral("交易计划客户端：新建、修改、复制自动交易计划。"));
-            m_parser.addOption(m_issueDay);
+            m_parser.addOptions({ m_issueDay, m_json });
             m_parser.addPositionalArgument(QStringLiteral("命令"),
-                QStringLiteral("backup 文件：把数据库备份到新文件；import-closures 文件：导入休市表，延长交易日历。"),
-                QStringLiteral("[命令 文件]"));
+                QStringLiteral("backup 文件：把数据库备份到新文件；history 计划编号：列出计划的历史；"
+                               "import-closures 文件：导入休市表，延长交易日历。"),
+                QStringLiteral("[命令 参数]"));
         } else {
             m_parser.setApplicationDescription(
                 QStringLiteral("自动演示：逐项填写并提交计划，核对数据库中的记录，把各步的图片写入该目录。"));
@@ -75,6 +76,8 @@ private:
             return status;
         const QStringList options = m_parser.optionNames();
         for (const QString& name : options) {
+            if (m_json.names().contains(name))
+                continue;
             if (m_parser.value(name).trimmed().isEmpty())
                 return { Error::OptionWithoutValue, { name } };
         }
@@ -98,7 +101,7 @@ private:
             return { Error::ExtraArgument, { command.at(0) } };
         if (command.size() > 2)
             return { Error::ExtraArgument, { command.at(2) } };
-        return command.value(1).isEmpty() ? Status(Error::CommandWithoutFile, { command.at(0) }) : Status();
+        return command.value(1).isEmpty() ? Status(Error::CommandWithoutArgument, { command.at(0) }) : Status();
     }
 
     Status checkValues() const
@@ -127,7 +130,8 @@ private:
         const QStringList arguments = m_parser.positionalArguments();
         if (m_program == Program::Client) {
             options.command = arguments.value(0);
-            options.file = arguments.value(1);
+            options.argument = arguments.value(1);
+            options.json = m_parser.isSet(m_json);
         } else {
             options.folder = arguments.value(0);
         }
@@ -158,6 +162,7 @@ private:
         QStringLiteral("表单的语言：zh（默认）或en；客户端的数据和部分文字仍为中文。"), QStringLiteral("语言") };
     const QCommandLineOption m_securities{ QStringLiteral("securities"),
         QStringLiteral("新建数据库时示例证券的数量，例如100000。"), QStringLiteral("数量") };
+    const QCommandLineOption m_json{ QStringLiteral("json"), QStringLiteral("以JSON输出history命令的结果。") };
     const QCommandLineOption m_issueDay{ QStringLiteral("issue-day"),
         QStringLiteral("为该日（yyyy-MM-dd）有效的计划下达指令，列出结果并退出。"), QStringLiteral("日期") };
     QCommandLineParser m_parser;

@@ -19,7 +19,8 @@ struct Options {
     QString folder;     ///< folder of the walk-through; empty for the client
     QDate issueDay;     ///< day to issue instructions for; invalid for the window
     QString command;    ///< name of a command, see `commandNames`; empty for none
-    QString file;       ///< the file of the command
+    QString argument;   ///< the file or the plan of the command
+    bool json = false;  ///< print the result of the command as JSON
     QString help;       ///< text to print instead of anything else; empty unless requested
 
     /// True if the program shows its window, which needs a display.

@@ -2,6 +2,7 @@
 
 #include "ClientSession.h"
 #include "ErrorText.h"
+#include "HistoryTexts.h"
 #include "InstructionTargetType.h"
 #include "OrloHintLabel.h"
 #include "Orlo_Fields.h"
@@ -10,6 +11,7 @@
 #include "PlanFormatter.h"
 
 #include <QFormLayout>
+#include <QLocale>
 
 using namespace PlanCodes;
 
@@ -52,6 +54,7 @@ void PlanDetails::showPlan(const StoredPlan& plan)
     for (const auto& field : fields)
         addRow(rows, field.first, field.second);
     addInstructions(rows, plan.id);
+    addHistory(rows, plan.id);
     setWidget(room);
     // The skin paints the window; the scroll area's own background would cover it.
     room->setAutoFillBackground(false);
@@ -89,4 +92,18 @@ void PlanDetails::addInstructions(QFormLayout* rows, const QString& planId)
         addRow(rows, QString(), errorText(instructions.status()));
     for (const Fields& fields : instructions.valueOr({}))
         addRow(rows, fields.value(FieldId::TradeDate).toString(), instructionText(fields));
+}
+
+void PlanDetails::addHistory(QFormLayout* rows, const QString& planId)
+{
+    const auto number = PlanId::toNumber(planId);
+    if (!number)
+        return;
+    const auto entries = HistoryStore(ClientSession::instance().database()).ofPlan(*number);
+    addHeading(rows, tr("历史"));
+    if (!entries)
+        addRow(rows, QString(), errorText(entries.status()));
+    for (const HistoryEntry& entry : entries.valueOr({}))
+        addRow(rows, QLocale::c().toString(entry.time, QStringLiteral("yyyy-MM-dd HH:mm:ss")),
+            QStringLiteral("%1 %2").arg(entry.user, HistoryTexts::event(entry)));
 }

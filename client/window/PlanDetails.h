@@ -6,7 +6,7 @@
 
 class QFormLayout;
 
-/// Shows every field of a plan as caption and text, and its instructions.
+/// Shows every field of a plan as caption and text, its instructions and its history.
 class PlanDetails : public QScrollArea {
     Q_OBJECT
 
@@ -20,4 +20,5 @@ private:
     void addHeading(QFormLayout* rows, const QString& text);
     void addRow(QFormLayout* rows, const QString& caption, const QString& text);
     void addInstructions(QFormLayout* rows, const QString& planId);
+    void addHistory(QFormLayout* rows, const QString& planId);
 };

@@ -26,6 +26,9 @@ public:
     /// Expects `count` warnings or errors whose text contains `part`.
     void expectWarning(const QString& part, int count = 1);
 
+    /// Accepts any number of warnings or errors whose text contains `part`.
+    void allowWarning(const QString& part);
+
     /// Every line since the last `clear()`, in order.
     QList<LogLine> lines() const;
     /// The lines of one level whose text contains `part`.
@@ -50,5 +53,6 @@ private:
     LogCatcher* m_outer = nullptr;
     QList<LogLine> m_lines;
     QStringList m_expected;
+    QStringList m_allowed;
     QStringList m_unexpected;
 };

@@ -86,3 +86,12 @@ QString SampleSession::create(const QMap<QString, QVariant>& record)
     m_reason = AutoPlanLogic::instance().CreateNewPlan(record);
     return m_reason.isEmpty() ? ClientSession::instance().plans().page(0, 1)->value(0).id : QString();
 }
+
+QMap<QString, QVariant> with(QMap<QString, QVariant> record, const QString& key, const QString& value)
+{
+    if (value.isNull())
+        record.remove(key);
+    else
+        record.insert(key, value);
+    return record;
+}

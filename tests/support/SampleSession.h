@@ -43,3 +43,6 @@ private:
     Status m_opened;
     QString m_reason;
 };
+
+/// The record with another text in a field, or without the field for a null text.
+QMap<QString, QVariant> with(QMap<QString, QVariant> record, const QString& key, const QString& value);

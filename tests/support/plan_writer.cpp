@@ -66,6 +66,7 @@ public:
     {
         const QString mark = nextMark();
         say(QStringLiteral("modify %1 0 %2").arg(plan, mark));
+        AutoPlanLogic::instance().GetPlanInfo(plan);
         answer(change(plan, mark), 0, mark);
     }
 

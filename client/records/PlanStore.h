@@ -1,5 +1,6 @@
 #pragma once
 
+#include "HistoryStore.h"
 #include "PlanScope.h"
 #include "StoredPlan.h"
 #include "UserStore.h"
@@ -26,9 +27,12 @@ public:
     PlanStore(Database& database, const StoredUser& user);
 
     /// Stores a new plan in one transaction and returns its id. Refuses a record that `RecordCheck` refuses.
-    Result<QString> create(const Record& record, const QString& creator, const QDateTime& now);
-    /// Replaces the whole record in one transaction and increments the version. Refuses an unknown id.
-    Status modify(const QString& planId, const Record& record, const QDateTime& now);
+    Result<QString> create(const Record& record, const Change& change);
+    /// Replaces the whole record in one transaction and increments the version. Refuses an unknown id, and a plan that
+    /// has a later version than the one that the change was made from.
+    Status modify(const QString& planId, int version, const Record& record, const Change& change);
+    /// Sets the state, with a reason for the history, which may be empty. Otherwise like `modify`.
+    Status setState(const QString& planId, int version, PlanState state, const QString& reason, const Change& change);
 
     /// Empty if the id is unknown.
     Result<Record> record(const QString& planId);
@@ -46,6 +50,8 @@ public:
 
 private:
     Result<QVector<StoredPlan>> read(const SqlQuery& condition);
+    Result<StoredPlan> planOfVersion(const QString& planId, int version);
+    Status update(const StoredPlan& plan, const QString& columns, const QVariantList& values, const Change& change);
     Result<int> countAbove(qint64 number);
 
     Database& m_database;

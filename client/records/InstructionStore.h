@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Database.h"
+#include "HistoryStore.h"
 #include "InstructionRow.h"
 
 #include <QDate>
@@ -14,12 +15,12 @@ public:
 
     /// Adds an instruction of the day and returns its id, ascending within its plan. Refuses an unknown plan, and
     /// fields that `InstructionRow` refuses; the day is not one of them.
-    Result<QString> add(const QString& planId, const QDate& day, const Fields& fields);
+    Result<QString> add(const QString& planId, const QDate& day, const Fields& fields, const Change& change);
     /// Sets the given fields and keeps the others, for example for a fill. Refuses an unknown instruction.
-    Status update(const QString& planId, const QString& instructionId, const Fields& fields);
+    Status update(const QString& planId, const QString& instructionId, const Fields& fields, const Change& change);
 
     /// Ends the open instructions of a plan that were issued before a day.
-    Status endBefore(const QString& planId, const QDate& day);
+    Status endBefore(const QString& planId, const QDate& day, const Change& change);
 
     /// Texts by field key, by instruction id, including the day; empty if the plan is unknown or has none.
     Result<QMap<QString, Fields>> ofPlan(const QString& planId);
@@ -31,7 +32,13 @@ public:
     Result<double> used(const QString& planId, bool isAmount);
 
 private:
-    Result<int> nextPosition(qint64 plan, const QString& planId);
+    /// The plan of new instructions: its version, and the position of the next one.
+    struct Place {
+        int version = 0;
+        int position = 0;
+    };
+
+    Result<Place> nextPlace(qint64 plan);
     Result<QMap<QString, Fields>> read(const QString& planId, const QString& condition, const QVariantList& values);
 
     Database& m_database;

@@ -36,13 +36,18 @@ const QVector<Column>& fieldColumns()
     return columns;
 }
 
+/// The texts of the states, in the order of `PlanState`.
+const QStringList& stateTexts()
+{
+    static const QStringList texts{ QStringLiteral("active"), QStringLiteral("paused"), QStringLiteral("stopped"),
+        QStringLiteral("archived") };
+    return texts;
+}
+
 std::optional<PlanState> stateOf(const QString& text)
 {
-    static const QHash<QString, PlanState> states{ { QStringLiteral("active"), PlanState::Active },
-        { QStringLiteral("paused"), PlanState::Paused }, { QStringLiteral("stopped"), PlanState::Stopped },
-        { QStringLiteral("archived"), PlanState::Archived } };
-    const auto state = states.constFind(text);
-    return state == states.cend() ? std::nullopt : std::optional<PlanState>(*state);
+    const int state = stateTexts().indexOf(text);
+    return state < 0 ? std::nullopt : std::optional<PlanState>(static_cast<PlanState>(state));
 }
 
 /// Absent unless the text is a JSON object of texts.
@@ -80,6 +85,11 @@ QVariantList PlanRow::recordValues(const QMap<QString, QVariant>& record)
     }
     const QJsonDocument document(QJsonObject::fromVariantMap(others));
     return values << QString::fromUtf8(document.toJson(QJsonDocument::Compact));
+}
+
+QString PlanRow::stateText(PlanState state)
+{
+    return stateTexts().at(static_cast<int>(state));
 }
 
 QString PlanRow::columns()

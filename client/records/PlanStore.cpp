@@ -1,5 +1,6 @@
 #include "PlanStore.h"
 
+#include "HistoryStore.h"
 #include "PlanRow.h"
 #include "RecordCheck.h"
 #include "StoredTime.h"
@@ -15,35 +16,81 @@ PlanStore::PlanStore(Database& database, const StoredUser& user)
 {
 }
 
-Result<QString> PlanStore::create(const Record& record, const QString& creator, const QDateTime& now)
+Result<QString> PlanStore::create(const Record& record, const Change& change)
 {
     if (Status refused = RecordCheck::refusal(record); !refused)
         return refused;
-    const QString time = StoredTime::toText(now);
-    const Result<qint64> number = m_database.insert(
-        QStringLiteral("INSERT INTO plans (version, creator, created_time, changed_time, %1) VALUES (1, ?, ?, ?, %2)")
-            .arg(PlanRow::recordColumns(), PlanRow::recordPlaceholders()),
-        QVariantList{ creator, time, time } + PlanRow::recordValues(record));
-    return number ? Result<QString>(PlanId::fromNumber(*number)) : number.status();
+    qint64 number = 0;
+    Status status = m_database.transaction([&]() -> Status {
+        const QString time = StoredTime::toText(change.time);
+        const Result<qint64> inserted =
+            m_database.insert(QStringLiteral("INSERT INTO plans (version, creator, created_time, changed_time, %1)"
+                                             " VALUES (1, ?, ?, ?, %2)")
+                                  .arg(PlanRow::recordColumns(), PlanRow::recordPlaceholders()),
+                QVariantList{ change.user, time, time } + PlanRow::recordValues(record));
+        if (!inserted)
+            return inserted.status();
+        number = *inserted;
+        return HistoryStore(m_database).add({ HistoryEvent::Created, number, 1, {}, {}, record }, change);
+    });
+    return status ? Result<QString>(PlanId::fromNumber(number)) : status;
 }
 
-Status PlanStore::modify(const QString& planId, const Record& record, const QDateTime& now)
+Status PlanStore::modify(const QString& planId, int version, const Record& record, const Change& change)
 {
-    const Status unknown(Error::UnknownPlan, { planId });
-    const auto number = PlanId::toNumber(planId);
-    if (!number)
-        return unknown;
     if (Status refused = RecordCheck::refusal(record); !refused)
         return refused;
-    const SqlQuery visible = m_scope.condition();
-    const Result<int> changed = m_database.change(
-        QStringLiteral("UPDATE plans SET version = version + 1, changed_time = ?, (%1) = (%2) WHERE number = ? AND %3")
-            .arg(PlanRow::recordColumns(), PlanRow::recordPlaceholders(), visible.text),
-        QVariantList{ StoredTime::toText(now) } + PlanRow::recordValues(record) + QVariantList{ *number }
-            + visible.values);
-    if (!changed)
-        return changed.status();
-    return *changed == 1 ? Status() : unknown;
+    return m_database.transaction([&]() -> Status {
+        const Result<StoredPlan> plan = planOfVersion(planId, version);
+        if (!plan)
+            return plan.status();
+        const QString columns =
+            QStringLiteral("(%1) = (%2)").arg(PlanRow::recordColumns(), PlanRow::recordPlaceholders());
+        if (Status status = update(*plan, columns, PlanRow::recordValues(record), change); !status)
+            return status;
+        const qint64 number = PlanId::toNumber(planId).value_or(0);
+        return HistoryStore(m_database)
+            .add({ HistoryEvent::Changed, number, version + 1, {}, plan->record, record }, change);
+    });
+}
+
+Status PlanStore::setState(
+    const QString& planId, int version, PlanState state, const QString& reason, const Change& change)
+{
+    return m_database.transaction([&]() -> Status {
+        const Result<StoredPlan> plan = planOfVersion(planId, version);
+        if (!plan)
+            return plan.status();
+        const QString text = PlanRow::stateText(state);
+        if (Status status = update(*plan, QStringLiteral("state = ?"), { text }, change); !status)
+            return status;
+        HistoryEntry entry{ HistoryEvent::StateChanged, PlanId::toNumber(planId).value_or(0), version + 1, {}, {}, {} };
+        entry.before.insert(QStringLiteral("state"), PlanRow::stateText(plan->state));
+        entry.after.insert(QStringLiteral("state"), text);
+        if (!reason.isEmpty())
+            entry.after.insert(QStringLiteral("reason"), reason);
+        return HistoryStore(m_database).add(entry, change);
+    });
+}
+
+// The plan as it is before a change.
+Result<StoredPlan> PlanStore::planOfVersion(const QString& planId, int version)
+{
+    const Result<StoredPlan> found = plan(planId);
+    if (!found)
+        return found;
+    if (found->id.isEmpty())
+        return { Error::UnknownPlan, { planId } };
+    return found->version == version ? found : Result<StoredPlan>(Error::PlanIsNewer, { planId });
+}
+
+Status PlanStore::update(
+    const StoredPlan& plan, const QString& columns, const QVariantList& values, const Change& change)
+{
+    return m_database.execute(
+        QStringLiteral("UPDATE plans SET version = version + 1, changed_time = ?, %1 WHERE number = ?").arg(columns),
+        QVariantList{ StoredTime::toText(change.time) } + values
+            + QVariantList{ PlanId::toNumber(plan.id).value_or(0) });
 }
 
 Result<PlanStore::Record> PlanStore::record(const QString& planId)

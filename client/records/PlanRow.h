@@ -15,6 +15,9 @@ QString recordPlaceholders();
 /// The values of `recordColumns`, NULL for an absent field.
 QVariantList recordValues(const QMap<QString, QVariant>& record);
 
+/// A state's text in its column.
+QString stateText(PlanState state);
+
 /// The columns of a whole plan.
 QString columns();
 /// The plan of a row of `columns`. Refuses contents that the store does not write.

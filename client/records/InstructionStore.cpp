@@ -1,0 +1,147 @@
+#include "InstructionStore.h"
+
+#include "HistoryStore.h"
+#include "PlanCodes.h"
+#include "StoredPlan.h"
+
+InstructionStore::InstructionStore(Database& database)
+    : m_database(database)
+{
+}
+
+Result<QString> InstructionStore::add(
+    const QString& planId, const QDate& day, const Fields& fields, const Change& change)
+{
+    const Status unknown(Error::UnknownPlan, { planId });
+    const auto plan = PlanId::toNumber(planId);
+    if (!plan)
+        return unknown;
+    const auto assigned = InstructionRow::assignment(fields);
+    if (!assigned)
+        return assigned.status();
+    QString id;
+    Status status = m_database.transaction([&]() -> Status {
+        const Result<Place> place = nextPlace(*plan);
+        if (!place)
+            return place.status();
+        if (place->version == 0)
+            return unknown;
+        id = InstructionRow::id(planId, place->position);
+        const QStringList columns = QStringList{ QStringLiteral("plan, position, day") } + assigned->columns;
+        const QString placeholders =
+            QStringLiteral("?, ?, ?") + QStringLiteral(", ?").repeated(assigned->values.size());
+        const QString dayText = day.toString(Qt::ISODate);
+        if (Status added = m_database.execute(QStringLiteral("INSERT INTO instructions (%1) VALUES (%2)")
+                                                  .arg(columns.join(QStringLiteral(", ")), placeholders),
+                QVariantList{ *plan, place->position, dayText } + assigned->values);
+            !added)
+            return added;
+        Fields after = fields;
+        after.insert(PlanCodes::FieldId::TradeDate, dayText);
+        return HistoryStore(m_database).add({ HistoryEvent::Issued, *plan, place->version, id, {}, after }, change);
+    });
+    return status ? Result<QString>(id) : status;
+}
+
+// Follows the last instruction, also if earlier ones are missing. The version of an unknown plan is 0.
+Result<InstructionStore::Place> InstructionStore::nextPlace(qint64 plan)
+{
+    Place place;
+    Status status = m_database.read(
+        QStringLiteral("SELECT version, COALESCE((SELECT max(position) FROM instructions WHERE plan = number), 0)"
+                       " FROM plans WHERE number = ?"),
+        { plan }, [&place](const QSqlQuery& row) {
+            place = { row.value(0).toInt(), row.value(1).toInt() + 1 };
+        });
+    return status ? Result<Place>(place) : status;
+}
+
+Status InstructionStore::update(
+    const QString& planId, const QString& instruction, const Fields& fields, const Change& change)
+{
+    const auto plan = PlanId::toNumber(planId);
+    const auto position = InstructionRow::positionOf(planId, instruction);
+    if (!plan || !position)
+        return { Error::UnknownInstruction, { instruction } };
+    const auto assigned = InstructionRow::assignment(fields);
+    if (!assigned)
+        return assigned.status();
+    return m_database.transaction([&]() -> Status {
+        const auto stored = read(planId, QStringLiteral(" AND position = ?"), { *position });
+        if (!stored)
+            return stored.status();
+        if (stored->isEmpty())
+            return { Error::UnknownInstruction, { instruction } };
+        const Result<Place> place = nextPlace(*plan);
+        if (!place)
+            return place.status();
+        // The position keeps its value, so that the statement is valid also without fields.
+        const QStringList columns = assigned->columns + QStringList{ QStringLiteral("position") };
+        if (Status changed =
+                m_database.execute(QStringLiteral("UPDATE instructions SET %1 = ? WHERE plan = ? AND position = ?")
+                                       .arg(columns.join(QStringLiteral(" = ?, "))),
+                    assigned->values + QVariantList{ *position, *plan, *position });
+            !changed)
+            return changed;
+        Fields before;
+        for (auto field = fields.cbegin(); field != fields.cend(); ++field)
+            before.insert(field.key(), stored->constBegin()->value(field.key()).toString());
+        return HistoryStore(m_database)
+            .add({ HistoryEvent::InstructionChanged, *plan, place->version, instruction, before, fields }, change);
+    });
+}
+
+Status InstructionStore::endBefore(const QString& planId, const QDate& day, const Change& change)
+{
+    const auto open = read(planId, QStringLiteral(" AND day < ? AND ended IS NOT 1"), { day.toString(Qt::ISODate) });
+    if (!open)
+        return open.status();
+    for (auto instruction = open->cbegin(); instruction != open->cend(); ++instruction) {
+        const Fields ended{ { PlanCodes::FieldId::EndState, PlanCodes::EndState::Ended } };
+        if (Status status = update(planId, instruction.key(), ended, change); !status)
+            return status;
+    }
+    return {};
+}
+
+Result<QMap<QString, InstructionStore::Fields>> InstructionStore::ofPlan(const QString& planId)
+{
+    return read(planId, QString(), {});
+}
+
+Result<QMap<QString, InstructionStore::Fields>> InstructionStore::ofDay(const QString& planId, const QDate& day)
+{
+    return read(planId, QStringLiteral(" AND day = ?"), { day.toString(Qt::ISODate) });
+}
+
+Result<double> InstructionStore::used(const QString& planId, bool isAmount)
+{
+    constexpr double FenPerYuan = 100;
+    const auto plan = PlanId::toNumber(planId);
+    if (!plan)
+        return 0.0;
+    const QString unit = isAmount ? QStringLiteral("fen") : QStringLiteral("quantity");
+    const auto sum = m_database.value(QStringLiteral("SELECT total(CASE ended WHEN 1 THEN filled_%1 ELSE issued_%1 END)"
+                                                     " FROM instructions WHERE plan = ?")
+                                          .arg(unit),
+        { *plan });
+    if (!sum)
+        return sum.status();
+    return isAmount ? sum->toDouble() / FenPerYuan : sum->toDouble();
+}
+
+Result<QMap<QString, InstructionStore::Fields>> InstructionStore::read(
+    const QString& planId, const QString& condition, const QVariantList& values)
+{
+    QMap<QString, Fields> instructions;
+    const auto plan = PlanId::toNumber(planId);
+    if (!plan)
+        return instructions;
+    Status status = m_database.read(QStringLiteral("SELECT %1 FROM instructions WHERE plan = ?%2 ORDER BY position")
+                                        .arg(InstructionRow::columns(), condition),
+        QVariantList{ *plan } + values, [&](const QSqlQuery& row) {
+            const QString id = InstructionRow::id(planId, InstructionRow::position(row));
+            instructions.insert(id, InstructionRow::fields(row));
+        });
+    return status ? Result<QMap<QString, Fields>>(instructions) : status;
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "PlanEvents.h"
+
+#include <optional>
+
+/// Checks plans that are sent and stores them in one transaction. The session must be open.
+namespace PlanSubmission {
+
+using Record = PlanStore::Record;
+
+/// Creates a plan and returns its id. `request` identifies what is sent: sent again, it is answered with the id of the
+/// plan that exists. If COMMIT failed, the plan is looked up by it; `OutcomeUnknown` if that fails, too.
+Result<QString> create(const Record& record, const QString& request);
+/// Replaces the record of a plan, which was made from this version. If the plan has a later one, refuses it and sets
+/// `conflict`.
+Status change(const QString& planId, int version, const Record& record, std::optional<PlanConflict>& conflict);
+
+} // namespace PlanSubmission

@@ -1,0 +1,111 @@
+#include "HistoryTexts.h"
+
+#include "Orlo_Fields.h"
+#include "PlanChanges.h"
+#include "PlanCodes.h"
+#include "PlanFormatter.h"
+#include "PlanStore.h"
+#include "StoredTime.h"
+
+#include <QLocale>
+
+using namespace PlanCodes;
+
+namespace {
+
+QString shown(const QString& text)
+{
+    return text.isEmpty() ? QStringLiteral("（空）") : text;
+}
+
+/// The fields that differ, in the words of the form.
+QString planChanges(const HistoryEntry& entry)
+{
+    StoredPlan plan;
+    plan.id = PlanId::fromNumber(entry.plan);
+    plan.version = 1;
+    plan.record = entry.before;
+    QMap<QString, QString> before;
+    const auto old = PlanFormatter(plan).fields();
+    for (const auto& field : old)
+        before.insert(field.first, field.second);
+    plan.record = entry.after;
+    QStringList changes;
+    const auto fields = PlanFormatter(plan).fields();
+    for (const auto& field : fields) {
+        const QString was = before.take(field.first);
+        if (was != field.second)
+            changes << QStringLiteral("%1 %2→%3").arg(field.first, shown(was), field.second);
+    }
+    for (auto gone = before.cbegin(); gone != before.cend(); ++gone)
+        changes << QStringLiteral("%1 %2→%3").arg(gone.key(), gone.value(), shown(QString()));
+    return changes.join(QStringLiteral("，"));
+}
+
+QString instructionChanges(const HistoryEntry& entry)
+{
+    const auto after = [&entry](const QString& key) { return entry.after.value(key).toString(); };
+    QStringList parts{ entry.subject };
+    if (!after(FieldId::IssuedQty).isEmpty())
+        parts << QStringLiteral("下达%1").arg(after(FieldId::IssuedQty));
+    if (!after(FieldId::FilledQty).isEmpty())
+        parts << QStringLiteral("成交%1").arg(after(FieldId::FilledQty));
+    if (after(FieldId::EndState) == EndState::Ended)
+        parts << QStringLiteral("已结束");
+    return parts.join(QLatin1Char(' '));
+}
+
+QString stateChange(const HistoryEntry& entry)
+{
+    QStringList changes;
+    for (auto after = entry.after.cbegin(); after != entry.after.cend(); ++after)
+        changes << QStringLiteral("%1→%2").arg(
+            shown(entry.before.value(after.key()).toString()), after.value().toString());
+    return changes.join(QStringLiteral("，"));
+}
+
+QString timeText(const QDateTime& time)
+{
+    return QLocale::c().toString(time, QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+}
+
+} // namespace
+
+QString HistoryTexts::event(const HistoryEntry& entry)
+{
+    switch (entry.event) {
+    case HistoryEvent::Created:
+        return QStringLiteral("新建");
+    case HistoryEvent::Changed:
+        return QStringLiteral("修改为第%1版：%2").arg(QString::number(entry.version), planChanges(entry));
+    case HistoryEvent::StateChanged:
+        return QStringLiteral("状态变更为第%1版：%2").arg(QString::number(entry.version), stateChange(entry));
+    case HistoryEvent::Issued:
+        return QStringLiteral("下达指令：") + instructionChanges(entry);
+    case HistoryEvent::InstructionChanged:
+        return QStringLiteral("指令变更：") + instructionChanges(entry);
+    case HistoryEvent::Signed:
+        return QStringLiteral("签署协议：") + entry.subject;
+    }
+    return QString();
+}
+
+QString HistoryTexts::line(const HistoryEntry& entry)
+{
+    return QStringLiteral("%1 %2（%3，%4）").arg(timeText(entry.time), event(entry), entry.user, entry.client);
+}
+
+QJsonObject HistoryTexts::json(const HistoryEntry& entry)
+{
+    return {
+        { QStringLiteral("event"), HistoryStore::eventName(entry.event) },
+        { QStringLiteral("plan"), PlanId::fromNumber(entry.plan) },
+        { QStringLiteral("version"), entry.version },
+        { QStringLiteral("subject"), entry.subject },
+        { QStringLiteral("user"), entry.user },
+        { QStringLiteral("client"), entry.client },
+        { QStringLiteral("time"), StoredTime::toText(entry.time) },
+        { QStringLiteral("before"), QJsonObject::fromVariantMap(entry.before) },
+        { QStringLiteral("after"), QJsonObject::fromVariantMap(entry.after) },
+    };
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "HistoryStore.h"
+
+#include <QJsonObject>
+
+/// The history of a plan in words and as JSON.
+namespace HistoryTexts {
+
+/// What happened: the event, and the changed fields with their texts before and after.
+QString event(const HistoryEntry& entry);
+/// Time, event, user and client in one line.
+QString line(const HistoryEntry& entry);
+/// "event", "plan", "version", "subject", "user", "client", "time" (UTC), "before" and "after" with the stored texts.
+QJsonObject json(const HistoryEntry& entry);
+
+} // namespace HistoryTexts

@@ -1,0 +1,72 @@
+#include "ClientWindowTest.h"
+
+#include <QApplication>
+#include <QtTest>
+
+void ClientWindowTest::prepare()
+{
+    ClientFormTest::prepare();
+    startSession();
+}
+
+void ClientWindowTest::tidyUp()
+{
+    m_window.reset();
+    qApp->setStyleSheet(QString());
+    endSession();
+    QCOMPARE(boxes().take().size(), 0);
+}
+
+void ClientWindowTest::openWindow()
+{
+    m_window = std::make_unique<MainWindow>();
+    m_window->setSkin(QStringLiteral("light"));
+    m_window->show();
+    QVERIFY(takeKeyboard(m_window.get()));
+}
+
+bool ClientWindowTest::press(QWidget* widget, Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    if (!takeKeyboard(widget->window()))
+        return false;
+    QTest::keyClick(widget, key, modifiers);
+    return true;
+}
+
+void ClientWindowTest::pressForEditor(Qt::Key key)
+{
+    QVERIFY(press(m_window.get(), key, Qt::ControlModifier));
+    QVERIFY(dialog().isVisible());
+    QVERIFY(takeKeyboard(&dialog()));
+}
+
+QString ClientWindowTest::boxOf(const std::function<void()>& action, const char* box, bool accepts)
+{
+    boxes().expect(QLatin1String(box), accepts);
+    action();
+    const QVector<MessageBoxResponder::Box> seen = boxes().take();
+    return seen.size() == 1 && seen.constFirst().name == QLatin1String(box) ? seen.constFirst().text : QString();
+}
+
+QString ClientWindowTest::send(const char* box)
+{
+    return boxOf([this] { dialogDriver().confirm(); }, box);
+}
+
+QString ClientWindowTest::createPlan()
+{
+    const int before = *plans().count();
+    pressForEditor(Qt::Key_N);
+    FormDriver driver = dialogDriver();
+    driver.fill(ordinary());
+    const bool isDone = driver.takeProblems().isEmpty() && !send().isEmpty() && *plans().count() == before + 1;
+    return isDone ? newestPlan() : QString();
+}
+
+QStringList ClientWindowTest::createSamples(int count)
+{
+    QStringList ids;
+    for (int i = 0; i < count; ++i)
+        ids.prepend(session().create(SampleSession::record()));
+    return ids;
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "ClientFormTest.h"
+#include "EditorDialog.h"
+#include "EditorForm.h"
+#include "MainWindow.h"
+
+#include <functional>
+#include <memory>
+
+/// A test of the client's window, on a new sample database for each test function.
+class ClientWindowTest : public ClientFormTest {
+protected:
+    void openWindow();
+    MainWindow& window() const { return *m_window; }
+    EditorDialog& dialog() const { return *m_window->editorDialog(); }
+    AutoParamSetting* dialogEditor() const { return dialog().editor(); }
+    FormDriver dialogDriver() const { return FormDriver(dialogEditor()); }
+
+    /// Presses a key in a widget's window; false if the window does not get the keyboard.
+    static bool press(QWidget* widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    /// Presses a shortcut of the window that opens the editor.
+    void pressForEditor(Qt::Key key);
+    /// Does something that opens one box, and returns its text.
+    QString boxOf(const std::function<void()>& action, const char* box = "msgBoxTip", bool accepts = true);
+    /// Presses OK in the dialog and returns the text of the one box.
+    QString send(const char* box = "msgBoxTip");
+    /// Creates a plan through the form and returns its id; empty when it was not stored.
+    QString createPlan();
+    /// Ids of new plans of the sample record, the newest first.
+    QStringList createSamples(int count);
+
+    void prepare() override;
+    void tidyUp() override;
+
+private:
+    std::unique_ptr<MainWindow> m_window;
+};

@@ -1,0 +1,200 @@
+// A plan that a colleague changes while its form is open, in the client's window, and the history that the window and
+// the program show.
+#include "AutoPlanField.h"
+#include "ClientWindowTest.h"
+#include "ConflictDialog.h"
+#include "PlanDetails.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProcess>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QtTest>
+
+namespace BaseField = AutoPlanField::BaseField;
+
+namespace {
+
+const QString Colleague = QStringLiteral("trader02");
+const QDateTime ChangeTime = QDateTime::fromString(QStringLiteral("2024-05-06T10:30:00.000Z"), Qt::ISODateWithMs);
+constexpr int Patience = 5000; // milliseconds until a queued dialog is shown
+
+} // namespace
+
+class PlanConflictTest : public ClientWindowTest {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aRefusedFormIsKeptAndTheDifferenceShown()
+    {
+        const QString plan = openEditAndConflict();
+        QCOMPARE(totalOfForm(), QStringLiteral("3000"));
+        QVERIFY(dialog().isVisible());
+        QCOMPARE(conflict()->windowTitle(), QStringLiteral("计划%1已被修改").arg(plan));
+        QCOMPARE(field<QLabel>(*conflict(), "conflictText")->text(),
+            QStringLiteral("您打开计划后，%1于2024-05-06 18:30:00保存了第2版。请核对不同之处，选择如何继续。")
+                .arg(colleaguesName()));
+        QCOMPARE(shownRows(),
+            (QStringList{ QStringLiteral("目标总量|1,000 股|2,000 股|3,000 股"), QStringLiteral("备注||改|") }));
+    }
+
+    void theKeptFormReplacesTheNewVersion()
+    {
+        const QString plan = openEditAndConflict();
+        press(QStringLiteral("btnKeep"));
+        QVERIFY(dialog().isVisible());
+        QCOMPARE(totalOfForm(), QStringLiteral("3000"));
+        QCOMPARE(send(), QStringLiteral("交易计划%1修改成功!").arg(plan));
+        QCOMPARE(plans().plan(plan)->version, 3);
+        QCOMPARE(plans().plan(plan)->record.value(BaseField::totalQty).toString(), QStringLiteral("3000"));
+    }
+
+    void theNewVersionIsReadIntoTheForm()
+    {
+        const QString plan = openEditAndConflict();
+        press(QStringLiteral("btnReload"));
+        QVERIFY(dialog().isVisible());
+        QCOMPARE(totalOfForm(), QStringLiteral("2000"));
+        dialogDriver().type("le_targetTotalNum", QStringLiteral("2500"));
+        QCOMPARE(send(), QStringLiteral("交易计划%1修改成功!").arg(plan));
+        const StoredPlan stored = *plans().plan(plan);
+        QCOMPARE(stored.version, 3);
+        QCOMPARE(stored.record.value(BaseField::totalQty).toString(), QStringLiteral("2500"));
+        QCOMPARE(stored.record.value(BaseField::remark).toString(), QStringLiteral("改"));
+    }
+
+    void withoutAChoiceTheFormIsRefusedAgain()
+    {
+        const QString plan = openEditAndConflict();
+        press(QStringLiteral("btnLater"));
+        QVERIFY(send("msgBoxError").contains(colleaguesName()));
+        QCOMPARE(plans().plan(plan)->version, 2);
+        QTRY_VERIFY_WITH_TIMEOUT(conflict(), Patience);
+        press(QStringLiteral("btnLater"));
+        dialog().leave();
+        // The next form starts from the present version.
+        QVERIFY(ClientWindowTest::press(&window(), Qt::Key_E, Qt::ControlModifier));
+        dialogDriver().type("le_targetTotalNum", QStringLiteral("2600"));
+        QCOMPARE(send(), QStringLiteral("交易计划%1修改成功!").arg(plan));
+    }
+
+    void theWindowShowsTheHistory()
+    {
+        const QString plan = createSamples(1).constFirst();
+        changeAsColleague(plan);
+        openWindow();
+        QStringList texts;
+        for (const QLabel* const label : window().findChild<PlanDetails*>()->findChildren<QLabel*>())
+            texts << label->text();
+        QVERIFY2(texts.contains(QStringLiteral("trader01 新建")), qPrintable(texts.join(QLatin1Char('\n'))));
+        QVERIFY2(texts.contains(QStringLiteral("trader02 修改为第2版：目标总量 1,000 股→2,000 股，备注 （空）→改")),
+            qPrintable(texts.join(QLatin1Char('\n'))));
+    }
+
+    void theProgramPrintsTheHistory()
+    {
+        const QString plan = createSamples(1).constFirst();
+        changeAsColleague(plan);
+        const QStringList lines = QString::fromUtf8(run({ plan })).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        QCOMPARE(lines.size(), 2);
+        QVERIFY2(lines.at(1).startsWith(QStringLiteral("2024-05-06 18:30:00 修改为第2版：目标总量 1,000 股→2,000 股，"
+                                                       "备注 （空）→改（trader02，")),
+            qPrintable(lines.at(1)));
+
+        const QJsonArray entries = QJsonDocument::fromJson(run({ plan, QStringLiteral("--json") })).array();
+        QCOMPARE(entries.size(), 2);
+        const QJsonObject change = entries.at(1).toObject();
+        QCOMPARE(change.value(QStringLiteral("event")).toString(), QStringLiteral("changed"));
+        QCOMPARE(change.value(QStringLiteral("plan")).toString(), plan);
+        QCOMPARE(change.value(QStringLiteral("version")).toInt(), 2);
+        QCOMPARE(change.value(QStringLiteral("time")).toString(), QStringLiteral("2024-05-06T10:30:00.000Z"));
+        QCOMPARE(change.value(QStringLiteral("before")).toObject().value(BaseField::totalQty).toString(),
+            QStringLiteral("1000"));
+        QCOMPARE(change.value(QStringLiteral("after")).toObject().value(BaseField::totalQty).toString(),
+            QStringLiteral("2000"));
+    }
+
+    void theProgramKnowsNoHistoryOfAnUnknownPlan()
+    {
+        QVERIFY(QString::fromUtf8(run({ QStringLiteral("AP00000099") }, 1))
+                    .endsWith(QStringLiteral("plandesk: 计划“AP00000099”不存在\n")));
+    }
+
+private:
+    static QString colleaguesName() { return UserStore(ClientSession::instance().database()).user(Colleague)->name; }
+    ConflictDialog* conflict() const { return dialog().findChild<ConflictDialog*>(); }
+    QString totalOfForm() const
+    {
+        return field<QWidget>(*dialogEditor(), "le_targetTotalNum")->findChild<QLineEdit*>()->text();
+    }
+
+    void changeAsColleague(const QString& plan)
+    {
+        Database other;
+        QCOMPARE(other.open(session().file()), Status());
+        PlanStore::Record record = SampleSession::record();
+        record.insert(BaseField::totalQty, QStringLiteral("2000"));
+        record.insert(BaseField::remark, QStringLiteral("改"));
+        QCOMPARE(PlanStore(other).modify(plan, 1, record, { Colleague, ChangeTime }), Status());
+    }
+
+    /// Opens a plan of 1,000 shares, lets a colleague make it 2,000, and sends 3,000.
+    QString openEditAndConflict()
+    {
+        const QString plan = createSamples(1).constFirst();
+        openWindow();
+        pressForEditor(Qt::Key_E);
+        changeAsColleague(plan);
+        dialogDriver().type("le_targetTotalNum", QStringLiteral("3000"));
+        m_refusal = send("msgBoxError");
+        const auto shown = [&] {
+            QTRY_VERIFY_WITH_TIMEOUT(conflict() && conflict()->isVisible(), Patience);
+            QCOMPARE(m_refusal,
+                QStringLiteral("交易计划%1修改失败，失败原因：计划已被%2于2024-05-06 18:30:00修改（目标总量、备注），"
+                               "本次修改未保存，请核对后重新提交")
+                    .arg(plan, colleaguesName()));
+            QCOMPARE(plans().plan(plan)->version, 2);
+        };
+        shown();
+        return plan;
+    }
+
+    QStringList shownRows() const
+    {
+        const auto* const table = field<QTableWidget>(*conflict(), "conflictFields");
+        QStringList rows;
+        for (int row = 0; row < table->rowCount(); ++row) {
+            QStringList cells;
+            for (int column = 0; column < table->columnCount(); ++column)
+                cells << table->item(row, column)->text();
+            rows << cells.join(QLatin1Char('|'));
+        }
+        return rows;
+    }
+
+    void press(const QString& button)
+    {
+        QTest::mouseClick(conflict()->findChild<QPushButton*>(button), Qt::LeftButton);
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!conflict());
+    }
+
+    QByteArray run(const QStringList& arguments, int code = 0)
+    {
+        QProcess program;
+        program.start(QStringLiteral(PLANDESK_PROGRAM),
+            QStringList{ QStringLiteral("history"), QStringLiteral("--database"), session().file() } + arguments);
+        if (!program.waitForFinished() || program.exitCode() != code)
+            return program.readAllStandardError();
+        return code == 0 ? program.readAllStandardOutput() : program.readAllStandardError();
+    }
+
+    QString m_refusal;
+};
+
+QTEST_MAIN(PlanConflictTest)
+#include "tst_plan_conflict.moc"
