@@ -14,6 +14,8 @@
 #include <QRandomGenerator>
 #include <QtTest>
 
+#include <sqlite3.h>
+
 #include <cstdio>
 
 using FaultyDisk::Fault;
@@ -238,6 +240,27 @@ private Q_SLOTS:
         QCOMPARE(create(), QString());
         checkStored();
         m_ledger.report(QStringLiteral("a file of the largest size"), m_session->file());
+    }
+
+    void anUnknownOutcomeIsSaidAndThePlanIsNotStoredTwice()
+    {
+        // COMMIT fails, and the file cannot be read afterwards.
+        sqlite3_commit_hook(
+            client().database().connection(),
+            [](void*) {
+                FaultyDisk::failAt(1, Fault::Taken, Lasting::ForGood, FaultyDisk::Operation::Lock);
+                return 1;
+            },
+            nullptr);
+        const PlanLedger::Record record = PlanLedger::recordOf(m_base, QStringLiteral("unknown"));
+        const QString reason = AutoPlanLogic::instance().CreateNewPlan(record);
+        QVERIFY2(reason.startsWith(QStringLiteral("无法确认计划是否已保存")), qPrintable(reason));
+        sqlite3_commit_hook(client().database().connection(), nullptr, nullptr);
+        FaultyDisk::heal();
+        QCOMPARE(*client().plans().count(), 1);
+        QCOMPARE(AutoPlanLogic::instance().CreateNewPlan(record), QString());
+        QCOMPARE(AutoPlanLogic::instance().CreateNewPlan(record), QString());
+        QCOMPARE(*client().plans().count(), 3);
     }
 
     void aFileThatCannotBeWrittenIsReadAndNotWritten()
