@@ -6,6 +6,7 @@
 #include "PlanLedger.h"
 #include "PlanStore.h"
 #include "PositionStore.h"
+#include "Schema.h"
 #include "SecurityStore.h"
 #include "TestStatus.h"
 #include "WriterProcess.h"
@@ -73,7 +74,7 @@ private:
 bool OldFile::fill(int plans, int version)
 {
     bool done = run(QStringLiteral("PRAGMA journal_mode = WAL")) && run(QStringLiteral("BEGIN"));
-    for (const Schema::Migration& migration : Schema::migrations()) {
+    for (const Migration& migration : Schema::migrations()) {
         for (const QString& statement : migration.statements)
             done = done && (migration.version > version || run(statement));
     }

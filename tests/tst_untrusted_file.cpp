@@ -67,7 +67,7 @@ bool makeVersion(const QString& file, int version)
 {
     RawFile raw(file);
     bool done = raw.run(makeOwn(version)) == SQLITE_OK;
-    for (const Schema::Migration& migration : Schema::migrations()) {
+    for (const Migration& migration : Schema::migrations()) {
         for (const QString& statement : migration.statements)
             done = done && (migration.version > version || raw.run(statement.toUtf8()) == SQLITE_OK);
     }
@@ -212,7 +212,7 @@ private Q_SLOTS:
 
     void filesOfEveryVersionAreOpened()
     {
-        for (const Schema::Migration& migration : Schema::migrations()) {
+        for (const Migration& migration : Schema::migrations()) {
             const QString file = path(QStringLiteral("version%1.db").arg(migration.version));
             QVERIFY(makeVersion(file, migration.version));
             Database database;

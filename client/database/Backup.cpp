@@ -3,6 +3,7 @@
 #include "Database.h"
 #include "PrivateFiles.h"
 #include "Schema.h"
+#include "SqliteStatus.h"
 #include "UntrustedFile.h"
 
 #include <QFile>
@@ -24,7 +25,7 @@ using Connection = std::unique_ptr<sqlite3, Closer>;
 
 Status failure(sqlite3* connection)
 {
-    return Database::statusOf(sqlite3_errcode(connection), QString::fromUtf8(sqlite3_errmsg(connection)));
+    return SqliteStatus::last(connection);
 }
 
 Status open(const QString& database, Connection& connection)

@@ -1,6 +1,8 @@
 #include "Database.h"
 
 #include "PrivateFiles.h"
+#include "Schema.h"
+#include "SqliteStatus.h"
 #include "UntrustedFile.h"
 
 #include <QDir>
@@ -48,7 +50,7 @@ void bind(QSqlQuery& query, const QVariantList& values)
 
 Status failureOf(const QSqlError& error)
 {
-    return Database::statusOf(error.nativeErrorCode().toInt(), error.text().trimmed());
+    return SqliteStatus::of(error.nativeErrorCode().toInt(), error.text().trimmed());
 }
 
 /// Others change the connection or the schema and do so when they are prepared.
@@ -248,7 +250,7 @@ Status Database::applyMigrations()
     const Result<int> version = number(QStringLiteral("PRAGMA user_version"));
     if (!version)
         return version.status();
-    for (const Schema::Migration& migration : Schema::migrations()) {
+    for (const Migration& migration : Schema::migrations()) {
         const Status status = migration.version > *version ? migrate(migration) : Status();
         if (!status)
             return { Error::MigrationFailed, {}, status };
@@ -256,9 +258,9 @@ Status Database::applyMigrations()
     return execute(QStringLiteral("PRAGMA application_id = %1").arg(Schema::applicationId()));
 }
 
-Status Database::migrate(const Schema::Migration& migration)
+Status Database::migrate(const Migration& migration)
 {
-    for (const Schema::Obstacle& obstacle : migration.obstacles) {
+    for (const Obstacle& obstacle : migration.obstacles) {
         if (Status status = refuse(obstacle); !status)
             return status;
     }
@@ -269,7 +271,7 @@ Status Database::migrate(const Schema::Migration& migration)
     return execute(QStringLiteral("PRAGMA user_version = %1").arg(migration.version));
 }
 
-Status Database::refuse(const Schema::Obstacle& obstacle)
+Status Database::refuse(const Obstacle& obstacle)
 {
     QStringList found;
     Status status = read(obstacle.query + QStringLiteral(" LIMIT 1"), {}, [&found](const QSqlQuery& row) {
@@ -454,30 +456,6 @@ Status Database::explained(const Status& failure)
     const bool atEnd = used.exec(QStringLiteral("SELECT max(seq) FROM sqlite_sequence")) && used.next()
         && used.value(0).toLongLong() == std::numeric_limits<qint64>::max();
     return atEnd ? Error::NumbersExhausted : failure;
-}
-
-Status Database::statusOf(int code, const QString& text)
-{
-    switch (code & 0xff) {
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED:
-    case SQLITE_PROTOCOL:
-        return Error::DatabaseBusy;
-    case SQLITE_READONLY:
-        return Error::DatabaseReadOnly;
-    case SQLITE_CORRUPT:
-        return Error::DatabaseCorrupt;
-    case SQLITE_FULL:
-        return Error::DiskFull;
-    case SQLITE_IOERR:
-        return { Error::DiskFailed, { QString::number(code) } };
-    case SQLITE_NOTADB:
-        return Error::NotADatabase;
-    case SQLITE_TOOBIG:
-        return Error::ContentTooLarge;
-    default:
-        return { Error::DatabaseFailed, { text } };
-    }
 }
 
 void Database::prepareWal()

@@ -2,7 +2,6 @@
 
 #include "FileIdentity.h"
 #include "LockWaits.h"
-#include "Schema.h"
 #include "Status.h"
 
 #include <QHash>
@@ -14,6 +13,8 @@
 
 #include <functional>
 
+struct Migration;
+struct Obstacle;
 struct sqlite3;
 
 /// One connection to the client's SQLite file.
@@ -71,8 +72,6 @@ public:
 
     /// Notes the result of a statement that ran on `connection` and returns it, or why the transaction has ended.
     Status note(const Status& status);
-    /// The meaning of SQLite's code; `text` is SQLite's description.
-    static Status statusOf(int code, const QString& text);
 
     /// Reads the whole file, which takes seconds if it is large. Fails if it is damaged. `sqlite3_interrupt` ends it.
     Status checkPages();
@@ -93,8 +92,8 @@ private:
     Status prepareConnection();
     Status startWalMode();
     Status applyMigrations();
-    Status migrate(const Schema::Migration& migration);
-    Status refuse(const Schema::Obstacle& obstacle);
+    Status migrate(const Migration& migration);
+    Status refuse(const Obstacle& obstacle);
     Status begin();
     Status finish(const Status& worked);
     void rollBack();

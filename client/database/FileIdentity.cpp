@@ -1,6 +1,6 @@
 #include "FileIdentity.h"
 
-#include "Database.h"
+#include "SqliteStatus.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -61,7 +61,7 @@ Status FileIdentity::remember(sqlite3* connection, const QString& fileName)
     if (Status status = readHeader(m_header); !status)
         return status;
     const int code = sqlite3_exec(connection, "PRAGMA schema_version", takeNumber, &m_schema, nullptr);
-    return code == SQLITE_OK ? Status() : Database::statusOf(code, QString::fromUtf8(sqlite3_errmsg(connection)));
+    return code == SQLITE_OK ? Status() : SqliteStatus::of(code, QString::fromUtf8(sqlite3_errmsg(connection)));
 }
 
 void FileIdentity::forget()
@@ -107,7 +107,7 @@ Status FileIdentity::readHeader(Header& header) const
     std::array<uchar, HeaderSize> bytes{};
     const int code = file->pMethods->xRead(file, bytes.data(), HeaderSize, 0);
     if (code != SQLITE_OK && code != SQLITE_IOERR_SHORT_READ)
-        return Database::statusOf(code, QString());
+        return SqliteStatus::of(code, QString());
     header = { field(bytes, 24), field(bytes, 28), field(bytes, 40) };
     return {};
 }

@@ -1,5 +1,7 @@
 #include "RowReader.h"
 
+#include "SqliteStatus.h"
+
 #include <sqlite3.h>
 
 RowReader::RowReader(Database& database, const QString& statement)
@@ -64,5 +66,5 @@ void RowReader::note(int code)
     if (code == SQLITE_OK || code == SQLITE_ROW)
         return;
     const QString text = QString::fromUtf8(sqlite3_errmsg(m_database.connection()));
-    m_status = m_database.note(Database::statusOf(code, text));
+    m_status = m_database.note(SqliteStatus::of(code, text));
 }

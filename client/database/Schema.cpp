@@ -183,7 +183,7 @@ QStringList historyTable()
 
 } // namespace
 
-const QVector<Schema::Migration>& Schema::migrations()
+const QVector<Migration>& Schema::migrations()
 {
     static const QVector<Migration> steps{
         { 1, planTables() + accountTables() + authorityTables() + marketTables() + configurationTables() },

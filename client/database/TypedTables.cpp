@@ -225,7 +225,7 @@ QStringList oldTables()
         + dropped(QStringLiteral("securities"));
 }
 
-Schema::Obstacle planValue(const QString& caption, const char* key, const QString& condition, Error error)
+Obstacle planValue(const QString& caption, const char* key, const QString& condition, Error error)
 {
     return { error,
         QStringLiteral("SELECT printf('AP%08d', plan), '%1', substr(value, 1, 32) FROM plan_fields"
@@ -233,7 +233,7 @@ Schema::Obstacle planValue(const QString& caption, const char* key, const QStrin
             .arg(caption, QLatin1String(key), condition) };
 }
 
-Schema::Obstacle planTime(const QString& caption, const char* column)
+Obstacle planTime(const QString& caption, const char* column)
 {
     return { Error::PlanValueInvalid,
         QStringLiteral("SELECT printf('AP%08d', number), '%1', substr(%2, 1, 32) FROM plans WHERE %3 IS NULL")
@@ -256,7 +256,7 @@ QString hasDecimals(int fewest, int most)
         .arg(most);
 }
 
-QVector<Schema::Obstacle> instructionObstacles()
+QVector<Obstacle> instructionObstacles()
 {
     return {
         { Error::InstructionInvalid,
@@ -273,7 +273,7 @@ QVector<Schema::Obstacle> instructionObstacles()
     };
 }
 
-QVector<Schema::Obstacle> otherObstacles()
+QVector<Obstacle> otherObstacles()
 {
     return {
         { Error::SecurityInvalid,
@@ -288,12 +288,12 @@ QVector<Schema::Obstacle> otherObstacles()
 
 } // namespace
 
-QVector<Schema::Obstacle> TypedTables::obstacles()
+QVector<Obstacle> TypedTables::obstacles()
 {
     const QString account = QStringLiteral("NOT IN (SELECT trading_account FROM accounts)");
     const QString security = QStringLiteral("NOT IN (SELECT symbol FROM securities)");
     const QString noDate = QStringLiteral("IS NOT date(value, '+0 days')");
-    return QVector<Schema::Obstacle>{
+    return QVector<Obstacle>{
         planValue(QStringLiteral("账户"), "tradingAccount", account, Error::PlanValueUnknown),
         planValue(QStringLiteral("证券"), "symbol", security, Error::PlanValueUnknown),
         planValue(QStringLiteral("开始日期"), "beginDate", noDate, Error::PlanValueInvalid),

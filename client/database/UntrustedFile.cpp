@@ -1,7 +1,7 @@
 #include "UntrustedFile.h"
 
-#include "Database.h"
 #include "Schema.h"
+#include "SqliteStatus.h"
 
 #include <QDeadlineTimer>
 #include <QFileInfo>
@@ -39,7 +39,7 @@ using TakeObject = std::function<Status(const Object& object, const QString& sta
 
 Status failure(sqlite3* connection)
 {
-    return Database::statusOf(sqlite3_errcode(connection), QString::fromUtf8(sqlite3_errmsg(connection)));
+    return SqliteStatus::last(connection);
 }
 
 QString text(sqlite3_stmt* row, int column)
@@ -66,7 +66,7 @@ Status readObjects(sqlite3* connection, const TakeObject& take)
 Status makeVersion(sqlite3* connection, int version)
 {
     QStringList statements{ QStringLiteral("PRAGMA foreign_keys = ON") };
-    for (const Schema::Migration& migration : Schema::migrations()) {
+    for (const Migration& migration : Schema::migrations()) {
         if (migration.version <= version)
             statements += migration.statements;
     }

@@ -1,3 +1,4 @@
+#include "Console.h"
 #include "MainWindow.h"
 #include "Program.h"
 #include "WalkThrough.h"

@@ -3,10 +3,10 @@
 #include "Backup.h"
 #include "ClientSession.h"
 #include "ClosureFiles.h"
+#include "Console.h"
 #include "ErrorText.h"
 #include "HistoryTexts.h"
 #include "Options.h"
-#include "Program.h"
 #include "SessionStart.h"
 
 #include <QFileInfo>
@@ -80,11 +80,6 @@ const QMap<QString, Command>& commands()
 }
 
 } // namespace
-
-QStringList commandNames()
-{
-    return commands().keys();
-}
 
 int runCommand(const Options& options)
 {

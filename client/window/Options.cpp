@@ -1,7 +1,6 @@
 #include "Options.h"
 
 #include "Appearance.h"
-#include "Commands.h"
 #include "Language.h"
 #include "OrloConstants.h"
 
@@ -175,4 +174,11 @@ Result<Options> readOptions(const QStringList& arguments, Program program)
     ParserTexts texts;
     QCoreApplication::installTranslator(&texts);
     return CommandLine(program).read(arguments);
+}
+
+const QStringList& commandNames()
+{
+    static const QStringList names{ QStringLiteral("backup"), QStringLiteral("history"),
+        QStringLiteral("import-closures") };
+    return names;
 }

@@ -27,5 +27,8 @@ struct Options {
     bool wantsWindow() const { return help.isEmpty() && folder.isEmpty() && command.isEmpty() && !issueDay.isValid(); }
 };
 
+/// Names of the commands, which the program executes instead of showing its window.
+const QStringList& commandNames();
+
 /// Parses a command line, which starts with the program's name. Needs the application object.
 Result<Options> readOptions(const QStringList& arguments, Program program);

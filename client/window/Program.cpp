@@ -3,6 +3,7 @@
 #include "Appearance.h"
 #include "ClientClock.h"
 #include "Commands.h"
+#include "Console.h"
 #include "ErrorText.h"
 #include "Language.h"
 #include "OrloWidget.h"
@@ -10,7 +11,6 @@
 
 #include <QApplication>
 #include <QLoggingCategory>
-#include <QTextStream>
 
 namespace {
 
@@ -75,11 +75,6 @@ int run(const Result<Options>& options, bool display, const std::function<int(co
 }
 
 } // namespace
-
-void printLine(FILE* stream, const QString& text)
-{
-    QTextStream(stream) << text.trimmed() << QLatin1Char('\n');
-}
 
 int runProgram(int argc, char** argv, Program program, const std::function<int(const Options&)>& work)
 {

@@ -1,3 +1,4 @@
+#include "Console.h"
 #include "ErrorText.h"
 #include "MainWindow.h"
 #include "PlanFormatter.h"

@@ -1,0 +1,32 @@
+#include "SqliteStatus.h"
+
+#include <sqlite3.h>
+
+Status SqliteStatus::of(int code, const QString& text)
+{
+    switch (code & 0xff) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+    case SQLITE_PROTOCOL:
+        return Error::DatabaseBusy;
+    case SQLITE_READONLY:
+        return Error::DatabaseReadOnly;
+    case SQLITE_CORRUPT:
+        return Error::DatabaseCorrupt;
+    case SQLITE_FULL:
+        return Error::DiskFull;
+    case SQLITE_IOERR:
+        return { Error::DiskFailed, { QString::number(code) } };
+    case SQLITE_NOTADB:
+        return Error::NotADatabase;
+    case SQLITE_TOOBIG:
+        return Error::ContentTooLarge;
+    default:
+        return { Error::DatabaseFailed, { text } };
+    }
+}
+
+Status SqliteStatus::last(sqlite3* connection)
+{
+    return of(sqlite3_errcode(connection), QString::fromUtf8(sqlite3_errmsg(connection)));
+}

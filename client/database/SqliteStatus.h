@@ -1,0 +1,15 @@
+#pragma once
+
+#include "Status.h"
+
+struct sqlite3;
+
+/// What SQLite's codes mean.
+namespace SqliteStatus {
+
+/// `text` is SQLite's description of the error.
+Status of(int code, const QString& text);
+/// The last error of a connection.
+Status last(sqlite3* connection);
+
+} // namespace SqliteStatus

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+
+#include <cstdio>
+
+/// Exit statuses of the client's programs.
+enum ExitStatus { Success = 0, Failure = 1, Misuse = 2 };
+
+/// Prints one or more lines on the console.
+void printLine(FILE* stream, const QString& text);
