@@ -30,11 +30,6 @@ const QDate Monday = SampleSession::today();
 const QDate Tuesday = Monday.addDays(1);
 const QDate Saturday = Monday.addDays(5);
 
-Record customPrice(const Record& record, const QString& formula)
-{
-    return with(with(record, BaseField::priceModel, PriceModel::Custom), BaseField::priceFormula1, formula);
-}
-
 /// Field texts of a plan's instructions, in the order of their ids.
 QStringList fieldOfAll(const QString& planId, const QString& key)
 {

@@ -39,26 +39,6 @@ AutoPlanLogic& service()
     return AutoPlanLogic::instance();
 }
 
-Record reduction(const Record& record)
-{
-    Record changed = with(record, Orlo_Fields::AutoPlan::templateCode, PlanType::ReduceHoldings);
-    changed.insert(BaseField::orderSide, Kelvo_Values::OrderSide::sell);
-    changed.insert(BaseField::endDate, QStringLiteral("2124-05-06"));
-    changed.insert(BaseField::executeUser, Executor);
-    return SampleSession::withOther(changed, { { BaseField::JCRatio, QStringLiteral("0.5") } });
-}
-
-Record amountPlan(const Record& record, const QString& amount = QStringLiteral("100000.00"))
-{
-    return SampleSession::withOther(
-        record, { { FieldId::TargetType, InstructionTargetType::AmountOrder }, { BaseField::tradeAmount, amount } });
-}
-
-Record customPrice(const Record& record, const QString& formula)
-{
-    return with(with(record, BaseField::priceModel, PriceModel::Custom), BaseField::priceFormula1, formula);
-}
-
 /// A plan of a bond, whose price has no daily limit.
 Record bond(const Record& record)
 {

@@ -44,32 +44,6 @@ int storedPlans()
     return *ClientSession::instance().plans().count();
 }
 
-Record reduction(Record record)
-{
-    record.insert(Orlo_Fields::AutoPlan::templateCode, PlanType::ReduceHoldings);
-    record.insert(BaseField::orderSide, Kelvo_Values::OrderSide::sell);
-    record.insert(BaseField::endDate, QStringLiteral("2124-05-06"));
-    record.insert(BaseField::executeUser, QStringLiteral("苏砚"));
-    return SampleSession::withOther(
-        record, { { BaseField::JCRatio, QStringLiteral("0.5") }, { BaseField::JCModel, QStringLiteral("1") } });
-}
-
-Record amountPlan(const Record& record)
-{
-    return SampleSession::withOther(record,
-        { { FieldId::TargetType, InstructionTargetType::AmountOrder },
-            { BaseField::tradeAmount, QStringLiteral("100000.00") },
-            { BaseField::dayMaxTradeAmount, QStringLiteral("30000.50") } });
-}
-
-Record customPrice(Record record, const QString& formula)
-{
-    record.insert(BaseField::priceModel, PriceModel::Custom);
-    record.insert(BaseField::priceFormula1, formula);
-    record.remove(BaseField::priceFixed);
-    return record;
-}
-
 } // namespace
 
 class PlanServiceTest : public LoggedTest {

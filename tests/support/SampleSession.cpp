@@ -4,6 +4,7 @@
 #include "AutoPlanLogic.h"
 #include "ClientClock.h"
 #include "ClientSession.h"
+#include "InstructionTargetType.h"
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
 #include "OrloBusinessDataInterface.h"
@@ -94,4 +95,26 @@ QMap<QString, QVariant> with(QMap<QString, QVariant> record, const QString& key,
     else
         record.insert(key, value);
     return record;
+}
+
+QMap<QString, QVariant> reduction(const QMap<QString, QVariant>& record)
+{
+    QMap<QString, QVariant> changed = with(record, Orlo_Fields::AutoPlan::templateCode, PlanType::ReduceHoldings);
+    changed.insert(BaseField::orderSide, Kelvo_Values::OrderSide::sell);
+    changed.insert(BaseField::endDate, QStringLiteral("2124-05-06"));
+    changed.insert(BaseField::executeUser, QStringLiteral("苏砚"));
+    return SampleSession::withOther(
+        changed, { { BaseField::JCRatio, QStringLiteral("0.5") }, { BaseField::JCModel, QStringLiteral("1") } });
+}
+
+QMap<QString, QVariant> amountPlan(const QMap<QString, QVariant>& record, const QString& amount)
+{
+    return SampleSession::withOther(
+        record, { { FieldId::TargetType, InstructionTargetType::AmountOrder }, { BaseField::tradeAmount, amount } });
+}
+
+QMap<QString, QVariant> customPrice(const QMap<QString, QVariant>& record, const QString& formula)
+{
+    const QMap<QString, QVariant> changed = with(record, BaseField::priceModel, PriceModel::Custom);
+    return with(with(changed, BaseField::priceFormula1, formula), BaseField::priceFixed, QString());
 }

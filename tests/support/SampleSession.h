@@ -46,3 +46,10 @@ private:
 
 /// The record with another text in a field, or without the field for a null text.
 QMap<QString, QVariant> with(QMap<QString, QVariant> record, const QString& key, const QString& value);
+
+/// Variants of the sample's record: a reduction by half that the sample's executor handles, an amount order in yuan,
+/// and a plan with one price formula.
+QMap<QString, QVariant> reduction(const QMap<QString, QVariant>& record);
+QMap<QString, QVariant> amountPlan(
+    const QMap<QString, QVariant>& record, const QString& amount = QStringLiteral("100000.00"));
+QMap<QString, QVariant> customPrice(const QMap<QString, QVariant>& record, const QString& formula);
