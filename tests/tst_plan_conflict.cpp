@@ -53,6 +53,17 @@ private Q_SLOTS:
         QCOMPARE(plans().plan(plan)->record.value(BaseField::totalQty).toString(), QStringLiteral("3000"));
     }
 
+    void theKeptFormReplacesOnlyTheVersionThatWasShown()
+    {
+        const QString plan = openEditAndConflict();
+        changeAsColleague(plan, 2);
+        press(QStringLiteral("btnKeep"));
+        QVERIFY(send("msgBoxError").contains(colleaguesName()));
+        QCOMPARE(plans().plan(plan)->version, 3);
+        QTRY_VERIFY_WITH_TIMEOUT(conflict(), Patience);
+        press(QStringLiteral("btnLater"));
+    }
+
     void theNewVersionIsReadIntoTheForm()
     {
         const QString plan = openEditAndConflict();
@@ -132,14 +143,14 @@ private:
         return field<QWidget>(*dialogEditor(), "le_targetTotalNum")->findChild<QLineEdit*>()->text();
     }
 
-    void changeAsColleague(const QString& plan)
+    void changeAsColleague(const QString& plan, int version = 1)
     {
         Database other;
         QCOMPARE(other.open(session().file()), Status());
         PlanStore::Record record = SampleSession::record();
         record.insert(BaseField::totalQty, QStringLiteral("2000"));
         record.insert(BaseField::remark, QStringLiteral("改"));
-        QCOMPARE(PlanStore(other).modify(plan, 1, record, { Colleague, ChangeTime }), Status());
+        QCOMPARE(PlanStore(other).modify(plan, version, record, { Colleague, ChangeTime }), Status());
     }
 
     /// Opens a plan of 1,000 shares, lets a colleague make it 2,000, and sends 3,000.

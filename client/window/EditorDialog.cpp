@@ -75,7 +75,8 @@ void EditorDialog::openEdit(const QString& planId)
 {
     prepare(tr("修改计划 %1").arg(planId));
     m_holdsValues = true;
-    pin(planId);
+    // Before the form reads the plan: a version that appears in between is reported as a conflict and not overwritten.
+    pin(planId, valueOrReport(ClientSession::instance().plans().version(planId), 0));
     m_editor->editPlan(planId);
     present();
     // A change is checked against the plan's instructions, which may be thousands.
@@ -204,12 +205,11 @@ void EditorDialog::planStored(const QString& planId)
     m_holdsValues = type == PlanCodes::PlanType::ReduceHoldings;
 }
 
-// Before the form reads the plan: a version that appears in between is reported as a conflict and not overwritten.
-void EditorDialog::pin(const QString& planId)
+void EditorDialog::pin(const QString& planId, int version)
 {
     unpin();
     m_pinnedPlan = planId;
-    m_pinnedVersion = valueOrReport(ClientSession::instance().plans().version(planId), 0);
+    m_pinnedVersion = version;
     ClientSession::instance().versions().pin(m_pinnedPlan, m_pinnedVersion);
 }
 
@@ -239,11 +239,11 @@ void EditorDialog::showConflict(const PlanConflict& conflict)
 {
     auto* const dialog = new ConflictDialog(conflict, this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    connect(dialog, &QDialog::finished, this, [this, plan = conflict.stored.id](int choice) {
+    connect(dialog, &QDialog::finished, this, [this, shown = conflict.stored](int choice) {
         if (choice == ConflictDialog::Reload)
-            openEdit(plan);
+            openEdit(shown.id);
         else if (choice == ConflictDialog::Keep)
-            pin(plan);
+            pin(shown.id, shown.version);
     });
     dialog->open();
 }

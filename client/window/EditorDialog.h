@@ -50,7 +50,7 @@ private:
     void present();
     void fit();
     void planStored(const QString& planId);
-    void pin(const QString& planId);
+    void pin(const QString& planId, int version);
     void unpin();
     void noteConflict(const PlanConflict& conflict);
     void showConflict(const PlanConflict& conflict);
