@@ -64,6 +64,26 @@ private Q_SLOTS:
         press(QStringLiteral("btnLater"));
     }
 
+    void theKeyboardReachesTheButtonsAndEnterKeepsTheForm()
+    {
+        openEditAndConflict();
+        auto* const table = field<QTableWidget>(*conflict(), "conflictFields");
+        table->setFocus();
+        QTest::keyClick(table, Qt::Key_Tab);
+        QCOMPARE(conflict()->focusWidget()->objectName(), QStringLiteral("btnReload"));
+        table->setFocus();
+        QTest::keyClick(table, Qt::Key_Return);
+        QVERIFY(!conflict() || !conflict()->isVisible());
+        QCOMPARE(totalOfForm(), QStringLiteral("3000"));
+    }
+
+    void aRowIsAsHighAsItsTexts()
+    {
+        openEditAndConflict();
+        const auto* const table = field<QTableWidget>(*conflict(), "conflictFields");
+        QTRY_VERIFY_WITH_TIMEOUT(table->rowHeight(0) < 3 * table->fontMetrics().height(), Patience);
+    }
+
     void theNewVersionIsReadIntoTheForm()
     {
         const QString plan = openEditAndConflict();

@@ -50,6 +50,7 @@ ConflictDialog::ConflictDialog(const PlanConflict& conflict, QWidget* parent)
     text->setWordWrap(true);
     m_table->setObjectName(QStringLiteral("conflictFields"));
     m_table->setAccessibleName(tr("不同的字段"));
+    m_table->setTabKeyNavigation(false);
     m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_table->setColumnCount(4);
     m_table->setHorizontalHeaderLabels({ tr("字段"), tr("您打开时"), tr("现在保存的"), tr("您填写的") });
@@ -63,7 +64,9 @@ ConflictDialog::ConflictDialog(const PlanConflict& conflict, QWidget* parent)
     rows->addWidget(m_table, 1);
     rows->addWidget(m_buttons);
     fill(conflict);
-    m_table->resizeRowsToContents();
+    // The columns get their widths when the dialog is shown, and each one after its signal.
+    connect(m_table->horizontalHeader(), &QHeaderView::sectionResized, m_table, &QTableView::resizeRowsToContents,
+        Qt::QueuedConnection);
     resize(UsualSize);
 }
 
@@ -103,5 +106,7 @@ void ConflictDialog::addButton(const QString& objectName, const QString& text, i
 {
     QPushButton* const button = m_buttons->addButton(text, QDialogButtonBox::ActionRole);
     button->setObjectName(objectName);
+    // Enter, also one that is pressed too often, must not discard the form.
+    button->setDefault(result == Rejected);
     connect(button, &QPushButton::clicked, this, [this, result] { done(result); });
 }
