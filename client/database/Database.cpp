@@ -412,23 +412,21 @@ Status Database::run(const QString& statement, const QVariantList& values, const
         return m_failure;
     if (!isOpen())
         return Error::DatabaseNotOpen;
-    const auto known = m_prepared.find(statement);
-    QSqlQuery query = known == m_prepared.end() ? QSqlQuery(m_connection) : *known;
+    std::shared_ptr<QSqlQuery> query = m_prepared.take(statement);
     bool done = true;
-    if (known == m_prepared.end()) {
-        query.setForwardOnly(true);
-        done = query.prepare(statement);
-    } else {
-        m_prepared.erase(known);
+    if (!query) {
+        query = std::make_shared<QSqlQuery>(m_connection);
+        query->setForwardOnly(true);
+        done = query->prepare(statement);
     }
     if (done) {
-        bind(query, values);
-        done = query.exec();
+        bind(*query, values);
+        done = query->exec();
     }
-    Status status = note(done ? Status() : explained(failureOf(query.lastError())));
+    Status status = note(done ? Status() : explained(failureOf(query->lastError())));
     if (status)
-        status = use(query);
-    query.finish();
+        status = use(*query);
+    query->finish();
     if (status && isRepeated(statement) && m_prepared.size() < MostPrepared)
         m_prepared.insert(statement, query);
     return status;

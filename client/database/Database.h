@@ -12,6 +12,7 @@
 #include <QVariant>
 
 #include <functional>
+#include <memory>
 
 struct Migration;
 struct Obstacle;
@@ -109,7 +110,7 @@ private:
     QSqlDatabase m_connection;
     FileIdentity m_files;
     LockWaits m_waits;
-    QHash<QString, QSqlQuery> m_prepared; ///< statements that do not run, by their text
+    QHash<QString, std::shared_ptr<QSqlQuery>> m_prepared; ///< statements that do not run, by their text
     bool m_inTransaction = false;
     bool m_commitFailed = false;
     Status m_failure;    ///< the first one of the running transaction
