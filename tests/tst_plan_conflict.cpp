@@ -118,9 +118,7 @@ private Q_SLOTS:
         const QString plan = createSamples(1).constFirst();
         changeAsColleague(plan);
         openWindow();
-        QStringList texts;
-        for (const QLabel* const label : window().findChild<PlanDetails*>()->findChildren<QLabel*>())
-            texts << label->text();
+        const QStringList texts = detailTexts();
         QVERIFY2(texts.contains(QStringLiteral("trader01 新建")), qPrintable(texts.join(QLatin1Char('\n'))));
         QVERIFY2(texts.contains(QStringLiteral("trader02 修改为第2版：目标总量 1,000 股→2,000 股，备注 （空）→改")),
             qPrintable(texts.join(QLatin1Char('\n'))));
@@ -149,6 +147,40 @@ private Q_SLOTS:
             QStringLiteral("2000"));
     }
 
+    void theHistoryOfAMissingFileCreatesNothing()
+    {
+        const QString missing = session().file() + QStringLiteral(".missing");
+        QProcess program;
+        program.start(QStringLiteral(PLANDESK_PROGRAM),
+            { QStringLiteral("history"), QStringLiteral("AP00000001"), QStringLiteral("--database"), missing });
+        QVERIFY(program.waitForFinished());
+        QCOMPARE(program.exitCode(), 1);
+        QVERIFY(QString::fromUtf8(program.readAllStandardError()).contains(QStringLiteral("文件不存在")));
+        QVERIFY(!QFile::exists(missing));
+    }
+
+    void aStateIsShownInWords()
+    {
+        const QString plan = createSamples(1).constFirst();
+        QCOMPARE(
+            plans().setState(plan, 1, PlanState::Paused, QStringLiteral("午间"), { Colleague, ChangeTime }), Status());
+        openWindow();
+        const QStringList texts = detailTexts();
+        QVERIFY(texts.contains(QStringLiteral("已暂停")));
+        QVERIFY(texts.contains(QStringLiteral("trader02 状态变更为第2版：进行中→已暂停（午间）")));
+    }
+
+    void aLongTextIsShortened()
+    {
+        createSamples(1);
+        Database& database = ClientSession::instance().database();
+        QCOMPARE(database.execute(QStringLiteral("UPDATE plans SET fields = json_set(fields, '$.remark', ?)"),
+                     { QString(100000, QLatin1Char('x')) }),
+            Status());
+        openWindow();
+        QVERIFY(detailTexts().contains(QString(2000, QLatin1Char('x')) + QStringLiteral("……（共100000字）")));
+    }
+
     void theProgramKnowsNoHistoryOfAnUnknownPlan()
     {
         QVERIFY(QString::fromUtf8(run({ QStringLiteral("AP00000099") }, 1))
@@ -161,6 +193,14 @@ private:
     QString totalOfForm() const
     {
         return field<QWidget>(*dialogEditor(), "le_targetTotalNum")->findChild<QLineEdit*>()->text();
+    }
+
+    QStringList detailTexts() const
+    {
+        QStringList texts;
+        for (const QLabel* const label : window().findChild<PlanDetails*>()->findChildren<QLabel*>())
+            texts << label->text();
+        return texts;
     }
 
     void changeAsColleague(const QString& plan, int version = 1)

@@ -179,6 +179,40 @@ private Q_SLOTS:
         QVERIFY(requests.idOf(record) != id);
     }
 
+    void aRequestKeepsItsIdUntilItIsAcknowledged()
+    {
+        PlanRequests& requests = ClientSession::instance().requests();
+        const Record wrong = with(SampleSession::record(), BaseField::totalQty, QStringLiteral("0"));
+        QVERIFY(!service().CreateNewPlan(wrong).isEmpty());
+        const QString id = requests.idOf(wrong);
+        QVERIFY(!service().CreateNewPlan(wrong).isEmpty());
+        QCOMPARE(requests.idOf(wrong), id);
+        QCOMPARE(service().CreateNewPlan(SampleSession::record()), QString());
+        QVERIFY(requests.idOf(wrong) != id);
+    }
+
+    void aChangeThatIsSentAgainIsStoredOnce()
+    {
+        const QString id = session().create(SampleSession::record());
+        const Record changed = with(SampleSession::record(), BaseField::totalQty, QStringLiteral("2000"));
+        const QString request = PlanRequests::newId();
+        std::optional<PlanConflict> conflict;
+        QCOMPARE(PlanSubmission::change(id, 1, changed, request, conflict), Status());
+        QCOMPARE(PlanSubmission::change(id, 1, changed, request, conflict), Status());
+        QVERIFY(!conflict);
+        QCOMPARE(stored(id).version, 2);
+        QCOMPARE(historyOf(id).size(), 2);
+    }
+
+    void aConflictNamesTheState()
+    {
+        const QString id = session().create(SampleSession::record());
+        const Record opened = service().GetPlanInfo(id);
+        PlanStore plans = ClientSession::instance().plans();
+        QCOMPARE(plans.setState(id, 1, PlanState::Paused, QString(), by(Colleague)), Status());
+        QVERIFY(service().modifyPlan(opened).contains(QStringLiteral("（状态）")));
+    }
+
     // --- History
 
     void everyChangeOfAPlanIsRecorded()
@@ -255,6 +289,17 @@ private Q_SLOTS:
                                                 " FROM history WHERE plan IS NULL AND after LIKE '%C77777%'"),
                      {}),
             QStringList(QStringLiteral("signed %1 trader01 {\"client\":\"C77777\"}").arg(protocol)));
+    }
+
+    void theNewestEntriesAreRead()
+    {
+        const QString id = session().create(SampleSession::record());
+        for (int version = 1; version < 6; ++version)
+            changeAsColleague(id, version, QString::number(1000 * version));
+        const auto newest = *HistoryStore(ClientSession::instance().database()).ofPlan(numberOf(id), 2);
+        QCOMPARE(newest.size(), 2);
+        QCOMPARE(newest.at(0).version, 5);
+        QCOMPARE(newest.at(1).version, 6);
     }
 
     void theHistoryCannotBeChangedOrDeleted_data()

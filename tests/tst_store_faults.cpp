@@ -254,7 +254,7 @@ private Q_SLOTS:
             nullptr);
         const PlanLedger::Record record = PlanLedger::recordOf(m_base, QStringLiteral("unknown"));
         const QString reason = AutoPlanLogic::instance().CreateNewPlan(record);
-        QVERIFY2(reason.startsWith(QStringLiteral("无法确认计划是否已保存")), qPrintable(reason));
+        QVERIFY2(reason.startsWith(QStringLiteral("无法确认是否已保存")), qPrintable(reason));
         sqlite3_commit_hook(client().database().connection(), nullptr, nullptr);
         FaultyDisk::heal();
         QCOMPARE(*client().plans().count(), 1);

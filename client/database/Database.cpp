@@ -292,12 +292,12 @@ Status Database::transaction(const std::function<Status()>& work)
 
 Status Database::begin()
 {
+    m_commitFailed = false;
     if (Status status = m_files.check(); !status)
         return status;
     if (Status status = configure(QStringLiteral("BEGIN IMMEDIATE")); !status)
         return status;
     m_inTransaction = true;
-    m_commitFailed = false;
     m_failure = Status();
     return {};
 }

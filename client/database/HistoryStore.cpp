@@ -75,9 +75,10 @@ Status HistoryStore::add(const HistoryEntry& entry, const Change& change)
             textOrNull(change.request) });
 }
 
-Result<QVector<HistoryEntry>> HistoryStore::ofPlan(qint64 plan)
+Result<QVector<HistoryEntry>> HistoryStore::ofPlan(qint64 plan, int limit)
 {
-    return read(QStringLiteral("plan = ?"), { plan });
+    return read(QStringLiteral("number IN (SELECT number FROM history WHERE plan = ? ORDER BY number DESC LIMIT ?)"),
+        { plan, limit });
 }
 
 Result<QVector<HistoryEntry>> HistoryStore::after(qint64 plan, int version)

@@ -6,6 +6,8 @@
 #include <QMap>
 #include <QVector>
 
+#include <limits>
+
 /// Who changes stored data and when. The history records it with the change.
 struct Change {
     /// User id.
@@ -48,8 +50,8 @@ public:
 
     /// Adds an entry; call it in the transaction of the change. Refuses a request id that was used before.
     Status add(const HistoryEntry& entry, const Change& change);
-    /// The entries of a plan, oldest first.
-    Result<QVector<HistoryEntry>> ofPlan(qint64 plan);
+    /// The newest entries of a plan, at most `limit`, oldest first.
+    Result<QVector<HistoryEntry>> ofPlan(qint64 plan, int limit = std::numeric_limits<int>::max());
     /// Those that made versions later than this one, oldest first.
     Result<QVector<HistoryEntry>> after(qint64 plan, int version);
     /// Number of the plan that a request created; 0 if none did.

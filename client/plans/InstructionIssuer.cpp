@@ -272,6 +272,18 @@ Status issuePlan(ClientSession& session, DayFacts& facts, const QString& planId,
     return {};
 }
 
+/// Whether a failed transaction stored the day all the same, which is possible if its COMMIT failed.
+Status outcomeOf(ClientSession& session, const Status& failure, const IssueResult& result)
+{
+    if (!session.database().commitFailed() || result.issued.isEmpty())
+        return failure;
+    const QString& first = result.issued.constFirst();
+    const auto stored = session.instructions().ofPlan(first.section(QLatin1Char('-'), 0, 0));
+    if (!stored)
+        return { Error::OutcomeUnknown, {}, failure };
+    return stored->contains(first) ? Status() : failure;
+}
+
 } // namespace
 
 Result<IssueResult> InstructionIssuer::issueDay(const QDate& day)
@@ -296,6 +308,8 @@ Result<IssueResult> InstructionIssuer::issueDay(const QDate& day)
         }
         return {};
     });
+    if (!status)
+        status = outcomeOf(session, status, result);
     if (!status)
         return status;
     for (const QString& plan : qAsConst(due))

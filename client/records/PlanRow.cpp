@@ -44,12 +44,6 @@ const QStringList& stateTexts()
     return texts;
 }
 
-std::optional<PlanState> stateOf(const QString& text)
-{
-    const int state = stateTexts().indexOf(text);
-    return state < 0 ? std::nullopt : std::optional<PlanState>(static_cast<PlanState>(state));
-}
-
 /// Absent unless the text is a JSON object of texts.
 std::optional<QVariantMap> textsOf(const QString& json)
 {
@@ -92,6 +86,12 @@ QString PlanRow::stateText(PlanState state)
     return stateTexts().at(static_cast<int>(state));
 }
 
+std::optional<PlanState> PlanRow::state(const QString& text)
+{
+    const int state = stateTexts().indexOf(text);
+    return state < 0 ? std::nullopt : std::optional<PlanState>(static_cast<PlanState>(state));
+}
+
 QString PlanRow::columns()
 {
     return QStringLiteral("number, version, state, creator, created_time, changed_time, ") + recordColumns();
@@ -100,7 +100,7 @@ QString PlanRow::columns()
 Result<StoredPlan> PlanRow::plan(const QSqlQuery& row)
 {
     const auto text = [&row](int column) { return row.value(column).toString(); };
-    const auto state = stateOf(text(2));
+    const auto state = PlanRow::state(text(2));
     StoredPlan plan{ PlanId::fromNumber(row.value(0).toLongLong()), row.value(1).toInt(),
         state.value_or(PlanState::Archived), text(3), StoredTime::fromText(text(4)), StoredTime::fromText(text(5)),
         {} };

@@ -5,6 +5,8 @@
 
 #include <QSqlQuery>
 
+#include <optional>
+
 /// The row of a plan. The fields that are looked up, sorted or constrained have columns; the others are one JSON object
 /// of texts.
 namespace PlanRow {
@@ -15,8 +17,9 @@ QString recordPlaceholders();
 /// The values of `recordColumns`, NULL for an absent field.
 QVariantList recordValues(const QMap<QString, QVariant>& record);
 
-/// A state's text in its column.
+/// A state's text in its column, and the state of a text; absent for another text.
 QString stateText(PlanState state);
+std::optional<PlanState> state(const QString& text);
 
 /// The columns of a whole plan.
 QString columns();

@@ -50,7 +50,7 @@ constexpr Sentence Sentences[] = {
     { Error::PlanNotRead, "不知道对计划“%1”的修改以哪个版本为基础，请重新打开计划后再修改" },
     { Error::PlanIsNewer, "计划“%1”已有更新的版本，请重新打开后再修改" },
     { Error::PlanChangedMeanwhile, "计划已被%1于%2修改（%3），本次修改未保存，请核对后重新提交" },
-    { Error::OutcomeUnknown, "无法确认计划是否已保存（%1），再次提交时会先核对，不会重复保存" },
+    { Error::OutcomeUnknown, "无法确认是否已保存（%1），再次提交时会先核对，不会重复保存" },
     { Error::UnknownInstruction, "指令%1不存在" },
     { Error::DamagedCloses, "证券“%1”的收盘价已损坏" },
     { Error::DamagedPlan, "计划“%1”的内容已损坏" },

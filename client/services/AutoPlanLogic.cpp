@@ -67,11 +67,11 @@ QString AutoPlanLogic::CreateNewPlan(QMap<QString, QVariant> record)
         return errorText(Error::PlansNeedLogin);
     const QString request = session.requests().idOf(record);
     const Result<QString> id = PlanSubmission::create(record, request);
-    session.requests().clear();
-    if (id.status().error() == Error::OutcomeUnknown)
+    if (!id) {
         session.requests().keep(request, record);
-    if (!id)
         return errorText(id.status());
+    }
+    session.requests().clear();
     session.versions().note(*id, 1);
     Q_EMIT PlanEvents::instance().planStored(*id);
     return QString();
@@ -86,12 +86,16 @@ QString AutoPlanLogic::modifyPlan(const QMap<QString, QVariant>& record)
     QMap<QString, QVariant> content = record;
     content.remove(BaseField::autoPlanId);
     const int version = session.versions().of(planId);
+    const QString request = session.requests().idOf(record);
     std::optional<PlanConflict> conflict;
-    const Status status = PlanSubmission::change(planId, version, content, conflict);
+    const Status status = PlanSubmission::change(planId, version, content, request, conflict);
     if (conflict)
         Q_EMIT PlanEvents::instance().planConflict(*conflict);
-    if (!status)
+    if (!status) {
+        session.requests().keep(request, record);
         return errorText(status);
+    }
+    session.requests().clear();
     session.versions().note(planId, version + 1);
     Q_EMIT PlanEvents::instance().planStored(planId);
     return QString();

@@ -7,6 +7,7 @@
 #include "PlanChanges.h"
 #include "PlanCheck.h"
 #include "PlanFacts.h"
+#include "PlanRow.h"
 #include "UserStore.h"
 
 #include <QLocale>
@@ -69,11 +70,13 @@ Result<PlanConflict> conflictOf(ClientSession& session, const StoredPlan& stored
         return user.status();
     PlanConflict conflict{ stored, stored, change.record, user->name.isEmpty() ? last.user : user->name, last.time };
     conflict.opened.version = change.version;
-    for (const HistoryEntry& entry : *later) {
-        if (entry.event == HistoryEvent::Changed) {
-            conflict.opened.record = entry.before;
-            break;
-        }
+    // Backwards, so that the first change decides.
+    for (auto entry = later->crbegin(); entry != later->crend(); ++entry) {
+        if (entry->event == HistoryEvent::Changed)
+            conflict.opened.record = entry->before;
+        else
+            conflict.opened.state =
+                PlanRow::state(entry->before.value(QStringLiteral("state")).toString()).value_or(conflict.opened.state);
     }
     return conflict;
 }
@@ -81,7 +84,7 @@ Result<PlanConflict> conflictOf(ClientSession& session, const StoredPlan& stored
 Status statusOf(const PlanConflict& conflict)
 {
     QStringList captions = PlanChanges::captions(conflict.opened.record, conflict.stored.record);
-    if (captions.isEmpty())
+    if (conflict.opened.state != conflict.stored.state)
         captions << QStringLiteral("状态");
     return { Error::PlanChangedMeanwhile,
         { conflict.user, QLocale::c().toString(conflict.time, QStringLiteral("yyyy-MM-dd HH:mm:ss")),
@@ -90,6 +93,9 @@ Status statusOf(const PlanConflict& conflict)
 
 Status storeChange(ClientSession& session, const PlanChange& change, std::optional<PlanConflict>& conflict)
 {
+    const Result<qint64> sent = HistoryStore(session.database()).planOfRequest(change.request);
+    if (!sent || *sent != 0)
+        return sent.status();
     PlanStore plans = session.plans();
     const Result<StoredPlan> stored = plans.plan(change.planId);
     if (!stored)
@@ -116,16 +122,16 @@ Status storeChange(ClientSession& session, const PlanChange& change, std::option
                    : refused;
 }
 
-/// The outcome of a failed transaction: if its COMMIT failed, the change may be stored all the same.
-Status outcomeOf(const Status& failure, const QString& request)
+/// The id of the plan that a failed transaction stored all the same, which is possible if its COMMIT failed.
+Result<QString> storedDespite(const Status& failure, const QString& request)
 {
     Database& database = ClientSession::instance().database();
     if (!database.commitFailed())
         return failure;
     const Result<qint64> stored = HistoryStore(database).planOfRequest(request);
     if (!stored)
-        return { Error::OutcomeUnknown, {}, failure };
-    return *stored == 0 ? failure : Status();
+        return Status(Error::OutcomeUnknown, {}, failure);
+    return *stored == 0 ? Result<QString>(failure) : PlanId::fromNumber(*stored);
 }
 
 } // namespace
@@ -135,23 +141,20 @@ Result<QString> PlanSubmission::create(const Record& record, const QString& requ
 {
     ClientSession& session = ClientSession::instance();
     QString id;
-    Status status = session.database().transaction([&] {
+    const Status status = session.database().transaction([&] {
         const Result<QString> created = createUnlessStored(session, record, request);
         id = created.valueOr(QString());
         return created.status();
     });
-    if (!status)
-        status = outcomeOf(status, request);
-    return status ? Result<QString>(id) : status;
+    return status ? Result<QString>(id) : storedDespite(status, request);
 }
 
-Status PlanSubmission::change(
-    const QString& planId, int version, const Record& record, std::optional<PlanConflict>& conflict)
+Status PlanSubmission::change(const QString& planId, int version, const Record& record, const QString& request,
+    std::optional<PlanConflict>& conflict)
 {
     ClientSession& session = ClientSession::instance();
-    const QString request = PlanRequests::newId();
     const Status status = session.database().transaction([&] {
         return storeChange(session, { planId, version, record, request }, conflict);
     });
-    return status ? status : outcomeOf(status, request);
+    return status ? status : storedDespite(status, request).status();
 }

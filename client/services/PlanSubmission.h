@@ -13,7 +13,8 @@ using Record = PlanStore::Record;
 /// plan that exists. If COMMIT failed, the plan is looked up by it; `OutcomeUnknown` if that fails, too.
 Result<QString> create(const Record& record, const QString& request);
 /// Replaces the record of a plan, which was made from this version. If the plan has a later one, refuses it and sets
-/// `conflict`.
-Status change(const QString& planId, int version, const Record& record, std::optional<PlanConflict>& conflict);
+/// `conflict`. `request` is as for `create`.
+Status change(const QString& planId, int version, const Record& record, const QString& request,
+    std::optional<PlanConflict>& conflict);
 
 } // namespace PlanSubmission

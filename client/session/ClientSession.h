@@ -53,7 +53,7 @@ public:
     InstructionStore instructions();
     /// A change that the user makes now, for the history.
     Change changeNow(const QString& request = {}) const;
-    /// The versions of plans that were read, and the requests whose outcome is unknown. Empty in a new session.
+    /// The versions of plans that were read, and the last request that was not acknowledged. Empty in a new session.
     PlanVersions& versions() { return m_versions; }
     PlanRequests& requests() { return m_requests; }
 

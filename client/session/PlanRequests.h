@@ -2,18 +2,17 @@
 
 #include "PlanStore.h"
 
-/// The ids of requests to create plans. A request whose outcome is unknown keeps its id, so that the plan is not stored
-/// twice if the trader sends it again.
+/// The ids of requests to store plans. A request that was not acknowledged keeps its id: if it was stored all the same
+/// and the trader sends it again, it is not stored twice.
 class PlanRequests {
 public:
     /// A new id, unlike all others.
     static QString newId();
-    /// The id for a record: that of the request whose outcome is unknown if it had the same record, otherwise a new
-    /// one.
+    /// The id for a record: that of the kept request if it had the same record, otherwise a new one.
     QString idOf(const PlanStore::Record& record) const;
-    /// Keeps the id of a request whose outcome is unknown.
+    /// Keeps the id of a request that was not acknowledged.
     void keep(const QString& id, const PlanStore::Record& record);
-    /// Drops it: the outcome is known now.
+    /// Drops it, after an acknowledgement.
     void clear();
 
 private:

@@ -16,9 +16,8 @@ namespace {
 constexpr QSize UsualSize(720, 360);
 
 /// The texts of a plan's fields by caption. All versions get the same number and time: they always differ.
-QVector<QPair<QString, QString>> fieldsOf(StoredPlan plan, const PlanStore::Record& record)
+QVector<QPair<QString, QString>> fieldsOf(StoredPlan plan)
 {
-    plan.record = record;
     plan.version = 1;
     return PlanFormatter(plan).fields();
 }
@@ -72,9 +71,11 @@ ConflictDialog::ConflictDialog(const PlanConflict& conflict, QWidget* parent)
 
 void ConflictDialog::fill(const PlanConflict& conflict)
 {
-    const auto opened = fieldsOf(conflict.stored, conflict.opened.record);
-    const auto stored = fieldsOf(conflict.stored, conflict.stored.record);
-    const auto mine = fieldsOf(conflict.stored, conflict.refused);
+    StoredPlan refused = conflict.stored;
+    refused.record = conflict.refused;
+    const auto opened = fieldsOf(conflict.opened);
+    const auto stored = fieldsOf(conflict.stored);
+    const auto mine = fieldsOf(refused);
     QStringList captions;
     const auto all = opened + stored + mine;
     for (const auto& field : all) {

@@ -1,9 +1,11 @@
 #include "HistoryTexts.h"
 
+#include "InstructionTargetType.h"
 #include "Orlo_Fields.h"
 #include "PlanChanges.h"
 #include "PlanCodes.h"
 #include "PlanFormatter.h"
+#include "PlanRow.h"
 #include "PlanStore.h"
 #include "StoredTime.h"
 
@@ -39,17 +41,24 @@ QString planChanges(const HistoryEntry& entry)
     }
     for (auto gone = before.cbegin(); gone != before.cend(); ++gone)
         changes << QStringLiteral("%1 %2→%3").arg(gone.key(), gone.value(), shown(QString()));
-    return changes.join(QStringLiteral("，"));
+    // What the form does not show, for example the user who sent it.
+    if (changes.isEmpty())
+        changes = PlanChanges::captions(entry.before, entry.after);
+    return changes.isEmpty() ? QStringLiteral("内容未变") : changes.join(QStringLiteral("，"));
 }
 
 QString instructionChanges(const HistoryEntry& entry)
 {
     const auto after = [&entry](const QString& key) { return entry.after.value(key).toString(); };
+    const bool byAmount = after(FieldId::TargetType) == InstructionTargetType::AmountOrder;
+    const QString issued = after(byAmount ? FieldId::IssuedAmount : FieldId::IssuedQty);
+    const QString filled = after(byAmount ? Orlo_Fields::Security::cumAmount : FieldId::FilledQty);
+    const QString unit = byAmount ? QStringLiteral("元") : QString();
     QStringList parts{ entry.subject };
-    if (!after(FieldId::IssuedQty).isEmpty())
-        parts << QStringLiteral("下达%1").arg(after(FieldId::IssuedQty));
-    if (!after(FieldId::FilledQty).isEmpty())
-        parts << QStringLiteral("成交%1").arg(after(FieldId::FilledQty));
+    if (!issued.isEmpty())
+        parts << QStringLiteral("下达%1%2").arg(issued, unit);
+    if (!filled.isEmpty())
+        parts << QStringLiteral("成交%1%2").arg(filled, unit);
     if (after(FieldId::EndState) == EndState::Ended)
         parts << QStringLiteral("已结束");
     return parts.join(QLatin1Char(' '));
@@ -57,11 +66,26 @@ QString instructionChanges(const HistoryEntry& entry)
 
 QString stateChange(const HistoryEntry& entry)
 {
-    QStringList changes;
-    for (auto after = entry.after.cbegin(); after != entry.after.cend(); ++after)
-        changes << QStringLiteral("%1→%2").arg(
-            shown(entry.before.value(after.key()).toString()), after.value().toString());
-    return changes.join(QStringLiteral("，"));
+    const auto word = [](const HistoryEntry::Fields& fields) {
+        const QString text = fields.value(QStringLiteral("state")).toString();
+        const auto state = PlanRow::state(text);
+        return state ? stateWord(*state) : text;
+    };
+    const QString reason = entry.after.value(QStringLiteral("reason")).toString();
+    const QString change = QStringLiteral("%1→%2").arg(word(entry.before), word(entry.after));
+    return reason.isEmpty() ? change : QStringLiteral("%1（%2）").arg(change, reason);
+}
+
+// A line of the console must not change the lines around it.
+QString printable(QString text)
+{
+    for (QChar& c : text) {
+        if (c.category() == QChar::Other_Control && c != QLatin1Char('\n'))
+            c = QChar::ReplacementCharacter;
+        else if (c == QLatin1Char('\n'))
+            c = QLatin1Char(' ');
+    }
+    return text;
 }
 
 QString timeText(const QDateTime& time)
@@ -92,7 +116,8 @@ QString HistoryTexts::event(const HistoryEntry& entry)
 
 QString HistoryTexts::line(const HistoryEntry& entry)
 {
-    return QStringLiteral("%1 %2（%3，%4）").arg(timeText(entry.time), event(entry), entry.user, entry.client);
+    return printable(
+        QStringLiteral("%1 %2（%3，%4）").arg(timeText(entry.time), event(entry), entry.user, entry.client));
 }
 
 QJsonObject HistoryTexts::json(const HistoryEntry& entry)

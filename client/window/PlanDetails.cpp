@@ -17,6 +17,17 @@ using namespace PlanCodes;
 
 namespace {
 
+// More would take seconds to lay out; `plandesk history` prints everything.
+constexpr int LongestText = 2000;
+constexpr int MostEntries = 100;
+
+QString shortened(const QString& text)
+{
+    if (text.size() <= LongestText)
+        return text;
+    return QStringLiteral("%1……（共%2字）").arg(text.left(LongestText), QString::number(text.size()));
+}
+
 using Fields = InstructionStore::Fields;
 
 QString instructionText(const Fields& fields)
@@ -75,7 +86,7 @@ void PlanDetails::addRow(QFormLayout* rows, const QString& caption, const QStrin
     auto* const label = new OrloHintLabel;
     label->setText(caption);
     label->setAlignment(Qt::AlignRight | Qt::AlignTop);
-    QLabel* const value = PlainText::newLabel(text, nullptr);
+    QLabel* const value = PlainText::newLabel(shortened(text), nullptr);
     value->setWordWrap(true);
     value->setTextInteractionFlags(Qt::TextSelectableByMouse);
     label->setBuddy(value);
@@ -99,10 +110,12 @@ void PlanDetails::addHistory(QFormLayout* rows, const QString& planId)
     const auto number = PlanId::toNumber(planId);
     if (!number)
         return;
-    const auto entries = HistoryStore(ClientSession::instance().database()).ofPlan(*number);
+    const auto entries = HistoryStore(ClientSession::instance().database()).ofPlan(*number, MostEntries);
     addHeading(rows, tr("历史"));
     if (!entries)
         addRow(rows, QString(), errorText(entries.status()));
+    else if (entries->size() == MostEntries)
+        addRow(rows, QString(), tr("最近的%1条，全部历史见命令plandesk history").arg(MostEntries));
     for (const HistoryEntry& entry : entries.valueOr({}))
         addRow(rows, QLocale::c().toString(entry.time, QStringLiteral("yyyy-MM-dd HH:mm:ss")),
             QStringLiteral("%1 %2").arg(entry.user, HistoryTexts::event(entry)));

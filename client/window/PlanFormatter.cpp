@@ -137,6 +137,11 @@ PlanFormatter::PlanFormatter(const StoredPlan& plan)
 {
 }
 
+QString PlanFormatter::state() const
+{
+    return stateWord(m_plan.state);
+}
+
 QString PlanFormatter::planType() const
 {
     return worded(planTypes(), text(Orlo_Fields::AutoPlan::templateCode));
@@ -210,7 +215,8 @@ QVector<QPair<QString, QString>> PlanFormatter::fields() const
 
 void PlanFormatter::addBasics(Fields& fields) const
 {
-    fields << qMakePair(QStringLiteral("计划编号"), m_plan.id) << qMakePair(QStringLiteral("账户名称"), account())
+    fields << qMakePair(QStringLiteral("计划编号"), m_plan.id) << qMakePair(QStringLiteral("状态"), state())
+           << qMakePair(QStringLiteral("账户名称"), account())
            << qMakePair(QStringLiteral("证券账户"), text(UserAccount::securityAccount))
            << qMakePair(QStringLiteral("指令类型"), instructionType())
            << qMakePair(QStringLiteral("指令单类型"), targetType()) << qMakePair(QStringLiteral("计划类型"), planType())
@@ -345,6 +351,21 @@ QString PlanFormatter::algorithm() const
     const QString name = other(Base::algoStrategyName);
     const QString alias = AlgoTradeLogicNew::GetInstance()->GetStrategy(name).alias;
     return alias.isEmpty() || alias == name ? name : QStringLiteral("%1（%2）").arg(alias, name);
+}
+
+QString stateWord(PlanState state)
+{
+    switch (state) {
+    case PlanState::Active:
+        return QStringLiteral("进行中");
+    case PlanState::Paused:
+        return QStringLiteral("已暂停");
+    case PlanState::Stopped:
+        return QStringLiteral("已停止");
+    case PlanState::Archived:
+        return QStringLiteral("已归档");
+    }
+    return QString();
 }
 
 QString issueReport(const QDate& day, const IssueResult& result)

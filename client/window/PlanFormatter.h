@@ -12,6 +12,7 @@ class PlanFormatter {
 public:
     explicit PlanFormatter(const StoredPlan& plan);
 
+    QString state() const;
     QString planType() const;
     QString instructionType() const;
     QString targetType() const;
@@ -58,6 +59,9 @@ private:
     const StoredPlan m_plan;
     const QMap<QString, QVariant> m_other;
 };
+
+/// A state in words.
+QString stateWord(PlanState state);
 
 /// The result of issuing a day, for the trader: counts, then a line for each skipped plan.
 QString issueReport(const QDate& day, const IssueResult& result);
