@@ -28,11 +28,17 @@ function(debian_package component name section depends summary text)
 endfunction()
 
 find_program(GZIP_PROGRAM gzip REQUIRED)
-execute_process(
-    COMMAND ${GZIP_PROGRAM} -9nc ${CMAKE_CURRENT_SOURCE_DIR}/changelog
-    OUTPUT_FILE ${CMAKE_CURRENT_BINARY_DIR}/changelog.gz
-    COMMAND_ERROR_IS_FATAL ANY)
-set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS changelog)
+foreach(file changelog plandesk.1 plandesk-walkthrough.1)
+    execute_process(
+        COMMAND ${GZIP_PROGRAM} -9nc ${CMAKE_CURRENT_SOURCE_DIR}/${file}
+        OUTPUT_FILE ${CMAKE_CURRENT_BINARY_DIR}/${file}.gz
+        COMMAND_ERROR_IS_FATAL ANY)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file})
+endforeach()
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/plandesk.1.gz
+    DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT client)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/plandesk-walkthrough.1.gz
+    DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT walkthrough)
 
 debian_package(runtime libautoparamsetting${PROJECT_VERSION_MAJOR} libs ""
     "Plan editor of a securities trading client"
@@ -51,7 +57,7 @@ debian_package(client plandesk misc ""
     "A table of plans and the form to create, edit and copy them, with a database\nand a fictitious market.")
 debian_package(walkthrough plandesk-walkthrough misc "plandesk"
     "Walk-through of the stand-alone client"
-    "A program that fills in plans by mouse and keyboard in the window of plandesk and\ncompares the stored plans with the input.")
+    "A program that fills in plans by mouse and keyboard in the window of plandesk\nand compares the stored plans with the input.")
 debian_package(designer plandesk-designer devel "qttools5-dev-tools"
     "Widgets of the plandesk client in Qt Designer"
     "A plug-in that displays the widgets of the plan editor's form in Qt Designer.")
@@ -62,6 +68,14 @@ set(CPACK_COMPONENT_CLIENT_DEPENDS runtime platform)
 set(CPACK_COMPONENT_WALKTHROUGH_DEPENDS runtime platform)
 set(CPACK_COMPONENT_DESIGNER_DEPENDS platform)
 set(CPACK_DEBIAN_CLIENT_PACKAGE_RECOMMENDS fonts-noto-cjk)
+# CPack writes scripts that call ldconfig for each package with a library; they do no harm beside the trigger.
+foreach(component runtime platform)
+    string(TOUPPER ${component} key)
+    install(FILES ${CMAKE_CURRENT_SOURCE_DIR}/lintian-overrides
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides
+        RENAME ${CPACK_DEBIAN_${key}_PACKAGE_NAME}
+        COMPONENT ${component})
+endforeach()
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_SOURCE_DIR}/triggers)
 set(CPACK_DEBIAN_PLATFORM_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_SOURCE_DIR}/triggers)
 
