@@ -1,17 +1,10 @@
 #include "Database.h"
 
-#include "PrivateFiles.h"
-#include "Schema.h"
 #include "SqliteStatus.h"
-#include "UntrustedFile.h"
 
-#include <QDir>
-#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QSqlDriver>
 #include <QSqlError>
-#include <QSqlRecord>
-#include <QThread>
 
 #include <sqlite3.h>
 
@@ -20,20 +13,10 @@
 
 namespace {
 
-// How long a statement waits for another client's transaction, in milliseconds.
-constexpr int BusyTimeout = 800;
 // A few hundred pages, unless other clients write, too: well before SQLite's automatic checkpoint within a transaction.
 constexpr int TransactionsPerWal = 50;
 // More than the statements that one operation repeats.
 constexpr int MostPrepared = 64;
-// Between two attempts to start the log of a new file, in milliseconds.
-constexpr int RetryInterval = 10;
-// Pages in memory, in negative KiB.
-constexpr int CacheSize = -2000;
-// In seconds. The schema takes milliseconds; the pages of a million plans a few seconds.
-constexpr int LongestSchemaCheck = 5;
-constexpr int LongestPageCheck = 120;
-
 QString nextConnectionName()
 {
     static std::atomic<int> counter{ 0 };
@@ -46,11 +29,6 @@ void bind(QSqlQuery& query, const QVariantList& values)
         const bool nullText = values.at(i).userType() == QMetaType::QString && values.at(i).isNull();
         query.bindValue(i, nullText ? QVariant(QLatin1String("")) : values.at(i));
     }
-}
-
-Status failureOf(const QSqlError& error)
-{
-    return SqliteStatus::of(error.nativeErrorCode().toInt(), error.text().trimmed());
 }
 
 /// Others change the connection or the schema and do so when they are prepared.
@@ -113,172 +91,6 @@ sqlite3* Database::connection() const
     if (qstrcmp(handle.typeName(), "sqlite3*") != 0)
         return nullptr;
     return *static_cast<sqlite3* const*>(handle.constData());
-}
-
-Status Database::openFile(const QString& fileName)
-{
-    if (Status status = connect(fileName); !status)
-        return status;
-    if (Status status = inspect(); !status)
-        return status;
-    if (Status status = prepareConnection(); !status)
-        return status;
-    // The first read of a new file creates its log.
-    const Result<int> version = number(QStringLiteral("PRAGMA user_version"));
-    if (!version)
-        return version.status();
-    if (Status status = m_files.remember(connection(), fileName); !status)
-        return status;
-    if (*version == Schema::latestVersion())
-        return {};
-    m_files.forget();
-    if (Status status = transaction([this] { return applyMigrations(); }); !status)
-        return status;
-    return m_files.remember(connection(), fileName);
-}
-
-Status Database::connect(const QString& fileName)
-{
-    if (fileName.isEmpty())
-        return Error::NoDatabaseFile;
-    if (Status status = UntrustedFile::checkFiles(fileName); !status)
-        return status;
-    if (!PrivateFiles::makeFolder(QFileInfo(fileName).absolutePath()))
-        return Error::CannotCreateFolder;
-    if (!QFileInfo::exists(fileName))
-        PrivateFiles::makeFile(fileName);
-    LockWaits::limitPauses();
-    m_connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
-    m_connection.setDatabaseName(fileName);
-    if (!m_connection.open())
-        return failureOf(m_connection.lastError());
-    UntrustedFile::restrict(connection());
-    m_waits.setLimit(BusyTimeout);
-    m_waits.apply(connection());
-    return {};
-}
-
-// Only reads, so that a refused file stays unchanged.
-Status Database::inspect()
-{
-    const auto within = [this](int seconds, Status (Database::*check)()) {
-        return UntrustedFile::withinSeconds(seconds, connection(), [this, check] { return (this->*check)(); });
-    };
-    // One state of the file, although another client may migrate it meanwhile.
-    Status status = configure(QStringLiteral("BEGIN"));
-    if (status)
-        status = within(LongestSchemaCheck, &Database::checkSchema);
-    rollBack();
-    if (!status)
-        return status;
-    const Result<int> version = number(QStringLiteral("PRAGMA user_version"));
-    if (!version)
-        return version.status();
-    return *version < Schema::latestVersion() ? within(LongestPageCheck, &Database::checkPages) : status;
-}
-
-Status Database::checkSchema()
-{
-    const Result<int> tables = number(QStringLiteral("SELECT count(*) FROM sqlite_master"));
-    if (!tables)
-        return tables.status();
-    const Result<int> version = number(QStringLiteral("PRAGMA user_version"));
-    if (!version)
-        return version.status();
-    const Result<int> application = number(QStringLiteral("PRAGMA application_id"));
-    if (!application)
-        return application.status();
-    if (Status status = checkVersion(*tables, *version, *application); !status)
-        return status;
-    if (Status status = UntrustedFile::checkSchema(connection(), *version); !status)
-        return status;
-    // Otherwise the file says how much of it is kept in memory.
-    return configure(QStringLiteral("PRAGMA cache_size = %1").arg(CacheSize));
-}
-
-Status Database::checkVersion(int tables, int version, int application)
-{
-    if (tables == 0 && version == 0 && application == 0)
-        return {};
-    if (application != Schema::applicationId() || version < 1)
-        return Error::ForeignDatabase;
-    if (version > Schema::latestVersion())
-        return { Error::NewerDatabase, { QString::number(version), QString::number(Schema::latestVersion()) } };
-    return {};
-}
-
-Status Database::checkPages()
-{
-    const Result<QVariant> check = value(QStringLiteral("PRAGMA quick_check(1)"));
-    if (!check)
-        return check.status();
-    return check->toString() == QLatin1String("ok") ? Status() : Error::DatabaseCorrupt;
-}
-
-Status Database::prepareConnection()
-{
-    if (Status status = startWalMode(); !status)
-        return status;
-    if (Status status = configure(QStringLiteral("PRAGMA synchronous = FULL")); !status)
-        return status;
-    // Triggers on deletion then also refuse to replace a row.
-    if (Status status = configure(QStringLiteral("PRAGMA recursive_triggers = ON")); !status)
-        return status;
-    return configure(QStringLiteral("PRAGMA foreign_keys = ON"));
-}
-
-// Two first starts of the same new file stop each other at once, without waiting for the lock.
-Status Database::startWalMode()
-{
-    QElapsedTimer waiting;
-    waiting.start();
-    for (;;) {
-        const Result<QVariant> mode = value(QStringLiteral("PRAGMA journal_mode = WAL"));
-        if (mode && mode->toString() == QLatin1String("wal"))
-            return {};
-        if (!mode && mode.status().error() != Error::DatabaseBusy)
-            return mode.status();
-        if (waiting.hasExpired(BusyTimeout))
-            return mode ? Error::NoWriteAheadLog : Error::DatabaseBusy;
-        QThread::msleep(RetryInterval);
-    }
-}
-
-// Reads the version again under the write lock: another process may have migrated the file in the meantime.
-Status Database::applyMigrations()
-{
-    const Result<int> version = number(QStringLiteral("PRAGMA user_version"));
-    if (!version)
-        return version.status();
-    for (const Migration& migration : Schema::migrations()) {
-        const Status status = migration.version > *version ? migrate(migration) : Status();
-        if (!status)
-            return { Error::MigrationFailed, {}, status };
-    }
-    return execute(QStringLiteral("PRAGMA application_id = %1").arg(Schema::applicationId()));
-}
-
-Status Database::migrate(const Migration& migration)
-{
-    for (const Obstacle& obstacle : migration.obstacles) {
-        if (Status status = refuse(obstacle); !status)
-            return status;
-    }
-    for (const QString& statement : migration.statements) {
-        if (Status status = execute(statement); !status)
-            return status;
-    }
-    return execute(QStringLiteral("PRAGMA user_version = %1").arg(migration.version));
-}
-
-Status Database::refuse(const Obstacle& obstacle)
-{
-    QStringList found;
-    Status status = read(obstacle.query + QStringLiteral(" LIMIT 1"), {}, [&found](const QSqlQuery& row) {
-        for (int column = 0; column < row.record().count(); ++column)
-            found << row.value(column).toString();
-    });
-    return status && !found.isEmpty() ? Status(obstacle.error, found) : status;
 }
 
 Status Database::transaction(const std::function<Status()>& work)
@@ -363,7 +175,7 @@ Status Database::read(const QString& statement, const QVariantList& values, cons
     return run(statement, values, [this, &take](QSqlQuery& query) {
         while (query.next())
             take(query);
-        return note(query.lastError().isValid() ? failureOf(query.lastError()) : Status());
+        return note(query.lastError().isValid() ? SqliteStatus::of(query.lastError()) : Status());
     });
 }
 
@@ -389,7 +201,7 @@ Status Database::prepare(const QString& statement, QSqlQuery& prepared)
     if (!isOpen())
         return Error::DatabaseNotOpen;
     prepared = QSqlQuery(m_connection);
-    return note(prepared.prepare(statement) ? Status() : failureOf(prepared.lastError()));
+    return note(prepared.prepare(statement) ? Status() : SqliteStatus::of(prepared.lastError()));
 }
 
 Status Database::executePrepared(QSqlQuery& prepared, const QVariantList& values)
@@ -397,7 +209,7 @@ Status Database::executePrepared(QSqlQuery& prepared, const QVariantList& values
     if (!m_failure)
         return m_failure;
     bind(prepared, values);
-    return note(prepared.exec() ? Status() : explained(failureOf(prepared.lastError())));
+    return note(prepared.exec() ? Status() : explained(SqliteStatus::of(prepared.lastError())));
 }
 
 Status Database::configure(const QString& statement)
@@ -423,7 +235,7 @@ Status Database::run(const QString& statement, const QVariantList& values, const
         bind(*query, values);
         done = query->exec();
     }
-    Status status = note(done ? Status() : explained(failureOf(query->lastError())));
+    Status status = note(done ? Status() : explained(SqliteStatus::of(query->lastError())));
     if (status)
         status = use(*query);
     query->finish();

@@ -85,6 +85,9 @@ public:
     QString changeToken();
 
 private:
+    /// How long a statement waits for another client's transaction, in milliseconds.
+    static constexpr int BusyTimeout = 800;
+
     Status openFile(const QString& fileName);
     Status connect(const QString& fileName);
     Status inspect();

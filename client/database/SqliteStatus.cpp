@@ -1,5 +1,7 @@
 #include "SqliteStatus.h"
 
+#include <QSqlError>
+
 #include <sqlite3.h>
 
 Status SqliteStatus::of(int code, const QString& text)
@@ -24,6 +26,11 @@ Status SqliteStatus::of(int code, const QString& text)
     default:
         return { Error::DatabaseFailed, { text } };
     }
+}
+
+Status SqliteStatus::of(const QSqlError& error)
+{
+    return of(error.nativeErrorCode().toInt(), error.text().trimmed());
 }
 
 Status SqliteStatus::last(sqlite3* connection)
