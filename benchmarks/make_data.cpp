@@ -99,10 +99,10 @@ QString writePlans(ClientSession& session, int count)
 {
     PlanStore plans = session.plans();
     const QMap<QString, QVariant> record = planRecord();
-    const QDateTime now(SampleSession::today(), QTime(9, 30));
+    const Change change{ Owner, QDateTime(SampleSession::today(), QTime(9, 30)) };
     QString first;
     for (int i = 0; i < count; ++i) {
-        const Result<QString> id = plans.create(record, Owner, now);
+        const Result<QString> id = plans.create(record, change);
         require(id.status());
         if (first.isEmpty())
             first = *id;

@@ -12,7 +12,7 @@ INSTRUCTIONS = [100, 1_000, 10_000]
 ISSUED_PLANS = 100_000
 STARTED_PLANS = [1_000, 1_000_000]
 # Version of the generated data; increment it when the output of make_data changes.
-DATA_VERSION = 3
+DATA_VERSION = 4
 
 
 class Programs:

@@ -541,7 +541,7 @@ private Q_SLOTS:
         used("the mark of the end may be a number", { byQuantity(1, 1001, 0) }, 1000, tooLow);
         used("another mark is ignored", { byQuantity(QStringLiteral("2"), 5000, 1000) }, 1000, Modified);
         used("a missing mark is ignored", { { { FilledQty, 5000 }, { IssuedQty, 1000 } } }, 1000, Modified);
-        used("no fields count as nothing", { FieldMap() }, 1, Modified);
+        used("no fields count as nothing", { FieldMap(), FieldMap() }, 1, Modified);
         used("numbers as texts", { { { InstructionEnded, ended }, { FilledQty, QStringLiteral("1000.5") } } }, 1000,
             tooLow);
         used("an amount, running, issued", { byAmount(running, 5000, 1000) }, 1000, Modified);
