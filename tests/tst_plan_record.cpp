@@ -122,10 +122,11 @@ private Q_SLOTS:
             "af_AlgoInstContentInfo_TradingAccount":"acc1"},
             "pf_BaseField_algoStrategyName":"TWAP",
             "pf_BaseField_dayMaxTradeAmount":"300.00",
-            "pf_BaseField_securitySubType":"子类\"型\"",
+            "pf_BaseField_securitySubType":%1,
             "pf_BaseField_tradeAmount":"1000.00",
             "pf_Progress_CurrentQty":"300"})");
-        QCOMPARE(record.value(Base::planOtherParam).toString(), otherParam.join(QString()));
+        QCOMPARE(record.value(Base::planOtherParam).toString(),
+            otherParam.join(QString()).arg(QStringLiteral("\"子类\\\"型\\\"\"")));
         QCOMPARE(callsFromTheRecordOn().mid(3, 4), lines(R"(
             GetDispFactorBySymbol(600000.K_SH)
             panel.GetParamMap()
@@ -341,10 +342,7 @@ private Q_SLOTS:
 
     void theAlgorithmIsLeftOutInOtherModes()
     {
-        script().ruleProperty = AutoPlanRuleProperty::Review;
-        openFilledWith(PlanSample());
-        choose(editor(), "combx_fundAccount", Account);
-        press(editor(), "btn_algoParamSetting");
+        openFilledWith(PlanSample().withMode(AutoPlanInstMode::AlgoTradeReview));
         fillForm(editor(), PlanSample().withMode(AutoPlanInstMode::NormalTradeReview));
         script().panelHasParams = true;
         const FieldMap other = sendOther();
