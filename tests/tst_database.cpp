@@ -842,8 +842,8 @@ private Q_SLOTS:
                                             " FROM instructions"))
                      ->toString(),
             QStringLiteral("70 3 1000 7000 5"));
-        QCOMPARE(*instructions.used(plan, false), 1000.0);
-        QCOMPARE(*instructions.used(plan, true), 70.0);
+        QCOMPARE(instructions.used({ plan })->value(plan).quantity, 1000.0);
+        QCOMPARE(instructions.used({ plan })->value(plan).yuan, 70.0);
     }
 
     void anInstructionThatWouldComeBackChangedIsRefused_data()

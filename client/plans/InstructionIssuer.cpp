@@ -24,6 +24,7 @@ using namespace PlanCodes;
 namespace {
 
 constexpr int YuanDecimals = 2;
+constexpr int PlansPerRead = 500;
 
 using Fields = InstructionStore::Fields;
 
@@ -100,9 +101,11 @@ int DayFacts::daysUntil(const QString& exchange, const QString& lastDay)
 /// One plan on one day.
 class PlanDay {
 public:
-    PlanDay(ClientSession& session, const StoredPlan& plan, const PlanRights& rights, DayFacts& facts)
+    PlanDay(
+        ClientSession& session, const StoredPlan& plan, const PlanUse& use, const PlanRights& rights, DayFacts& facts)
         : m_session(session)
         , m_plan(plan)
+        , m_use(use)
         , m_rights(rights)
         , m_facts(facts)
         , m_day(facts.day())
@@ -130,6 +133,7 @@ private:
 
     ClientSession& m_session;
     const StoredPlan m_plan;
+    const PlanUse m_use;
     const PlanRights m_rights;
     DayFacts& m_facts;
     const QDate m_day;
@@ -216,10 +220,9 @@ Status PlanDay::readShare()
     m_share.planType = text(Orlo_Fields::AutoPlan::templateCode);
     if (Status status = isAmount() ? readAmountShare() : readQuantityShare(); !status)
         return status;
-    const Result<double> sum = PlanFacts::used(m_session, m_plan);
-    m_share.used = sum.valueOr(0);
+    m_share.used = isAmount() ? m_use.yuan : m_use.quantity;
     m_share.daysLeft = m_facts.daysUntil(m_security->exchange, text(BaseField::endDate));
-    return sum.status();
+    return {};
 }
 
 Status PlanDay::readAmountShare()
@@ -249,26 +252,51 @@ Status PlanDay::readQuantityShare()
     return held.status();
 }
 
-Status issuePlan(ClientSession& session, DayFacts& facts, const QString& planId, IssueResult& result)
+/// Ends the open instructions of earlier days. Returns what the plan has used afterwards.
+Result<PlanUse> useWithoutOpen(ClientSession& session, const QDate& day, const QString& planId, const PlanUse& use)
 {
-    const Result<StoredPlan> plan = session.plans().plan(planId);
-    if (!plan)
-        return plan.status();
+    if (!use.openSince.isValid() || use.openSince >= day)
+        return use;
     InstructionStore instructions = session.instructions();
-    if (Status status = instructions.endBefore(planId, facts.day(), session.changeNow()); !status)
+    if (Status status = instructions.endBefore(planId, day, session.changeNow()); !status)
         return status;
-    const Result<PlanRights> rights = facts.rights(*plan);
+    const auto uses = instructions.used({ planId });
+    return uses ? Result<PlanUse>(uses->value(planId)) : uses.status();
+}
+
+Status issuePlan(
+    ClientSession& session, DayFacts& facts, const StoredPlan& plan, const PlanUse& stored, IssueResult& result)
+{
+    const Result<PlanUse> use = useWithoutOpen(session, facts.day(), plan.id, stored);
+    if (!use)
+        return use.status();
+    const Result<PlanRights> rights = facts.rights(plan);
     if (!rights)
         return rights.status();
-    PlanDay planDay(session, *plan, *rights, facts);
+    PlanDay planDay(session, plan, *use, *rights, facts);
     if (const Status skipped = planDay.prepare(); !skipped) {
-        result.skipped << IssueResult::Skipped{ planId, skipped };
+        result.skipped << IssueResult::Skipped{ plan.id, skipped };
         return {};
     }
-    const Result<QString> id = instructions.add(planId, facts.day(), planDay.fields(), session.changeNow());
+    const Result<QString> id = session.instructions().add(plan.id, facts.day(), planDay.fields(), session.changeNow());
     if (!id)
         return id.status();
     result.issued << *id;
+    return {};
+}
+
+Status issuePlans(ClientSession& session, DayFacts& facts, const QStringList& planIds, IssueResult& result)
+{
+    const auto plans = session.plans().plans(planIds);
+    if (!plans)
+        return plans.status();
+    const auto uses = session.instructions().used(planIds);
+    if (!uses)
+        return uses.status();
+    for (const StoredPlan& plan : *plans) {
+        if (Status status = issuePlan(session, facts, plan, uses->value(plan.id), result); !status)
+            return status;
+    }
     return {};
 }
 
@@ -302,8 +330,8 @@ Result<IssueResult> InstructionIssuer::issueDay(const QDate& day)
         result.alreadyIssued = plans->issued;
         due = plans->due;
         DayFacts facts(session, day);
-        for (const QString& plan : qAsConst(due)) {
-            if (Status issued = issuePlan(session, facts, plan, result); !issued)
+        for (int first = 0; first < due.size(); first += PlansPerRead) {
+            if (Status issued = issuePlans(session, facts, due.mid(first, PlansPerRead), result); !issued)
                 return issued;
         }
         return {};

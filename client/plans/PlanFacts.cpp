@@ -42,5 +42,9 @@ Result<double> PlanFacts::used(ClientSession& session, const StoredPlan& plan)
 {
     const auto other = PlanTexts::otherParam(plan.record.value(AutoPlanField::BaseField::planOtherParam).toString());
     const bool isAmount = other && other->value(FieldId::TargetType) == InstructionTargetType::AmountOrder;
-    return session.instructions().used(plan.id, isAmount);
+    const auto uses = session.instructions().used({ plan.id });
+    if (!uses)
+        return uses.status();
+    const PlanUse use = uses->value(plan.id);
+    return isAmount ? use.yuan : use.quantity;
 }

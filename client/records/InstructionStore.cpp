@@ -2,7 +2,20 @@
 
 #include "HistoryStore.h"
 #include "PlanCodes.h"
+#include "PlanScope.h"
 #include "StoredPlan.h"
+
+namespace {
+
+/// As floating-point numbers, which large sums do not overflow.
+QString usedSum(const QString& unit)
+{
+    return QStringLiteral("coalesce(sum(CAST(CASE ended WHEN 1 THEN filled_%1 ELSE issued_%1 END"
+                          " AS DOUBLE PRECISION)), 0)")
+        .arg(unit);
+}
+
+} // namespace
 
 InstructionStore::InstructionStore(Database& database)
     : m_database(database)
@@ -114,20 +127,21 @@ Result<QMap<QString, InstructionStore::Fields>> InstructionStore::ofDay(const QS
     return read(planId, QStringLiteral(" AND day = ?"), { day.toString(Qt::ISODate) });
 }
 
-Result<double> InstructionStore::used(const QString& planId, bool isAmount)
+Result<QHash<QString, PlanUse>> InstructionStore::used(const QStringList& planIds)
 {
     constexpr double FenPerYuan = 100;
-    const auto plan = PlanId::toNumber(planId);
-    if (!plan)
-        return 0.0;
-    const QString unit = isAmount ? QStringLiteral("fen") : QStringLiteral("quantity");
-    const auto sum = m_database.value(QStringLiteral("SELECT total(CASE ended WHEN 1 THEN filled_%1 ELSE issued_%1 END)"
-                                                     " FROM instructions WHERE plan = ?")
-                                          .arg(unit),
-        { *plan });
-    if (!sum)
-        return sum.status();
-    return isAmount ? sum->toDouble() / FenPerYuan : sum->toDouble();
+    QHash<QString, PlanUse> uses;
+    const SqlQuery among = PlanScope::among(planIds);
+    Status status =
+        m_database.read(QStringLiteral("SELECT plan, %1, %2, min(CASE WHEN ended IS DISTINCT FROM 1 THEN day END)"
+                                       " FROM instructions WHERE plan IN %3 GROUP BY plan")
+                            .arg(usedSum(QStringLiteral("quantity")), usedSum(QStringLiteral("fen")), among.text),
+            among.values, [&uses](const QSqlQuery& row) {
+                uses.insert(PlanId::fromNumber(row.value(0).toLongLong()),
+                    { row.value(1).toDouble(), row.value(2).toDouble() / FenPerYuan,
+                        QDate::fromString(row.value(3).toString(), Qt::ISODate) });
+            });
+    return status ? Result<QHash<QString, PlanUse>>(uses) : status;
 }
 
 Result<QMap<QString, InstructionStore::Fields>> InstructionStore::read(

@@ -5,6 +5,16 @@
 #include "InstructionRow.h"
 
 #include <QDate>
+#include <QHash>
+
+/// What the instructions of a plan add up to.
+struct PlanUse {
+    /// What ended ones have filled and running ones have issued: quantities in displayed units, and amounts.
+    double quantity = 0;
+    double yuan = 0;
+    /// The day of the first one that has not ended; invalid if all have ended.
+    QDate openSince;
+};
 
 /// The instructions of plans, with their price, quantities, amounts and fills as fields.
 class InstructionStore {
@@ -27,9 +37,8 @@ public:
     /// Like `ofPlan`, for one day only.
     Result<QMap<QString, Fields>> ofDay(const QString& planId, const QDate& day);
 
-    /// The sum of what ended instructions of a plan have filled and running ones have issued: amounts in yuan, or
-    /// quantities in displayed units.
-    Result<double> used(const QString& planId, bool isAmount);
+    /// By plan id. Plans without instructions and unknown ones are missing.
+    Result<QHash<QString, PlanUse>> used(const QStringList& planIds);
 
 private:
     /// The plan of new instructions: its version, and the position of the next one.

@@ -1,5 +1,6 @@
 #include "PlanScope.h"
 
+#include "StoredPlan.h"
 #include "UserStore.h"
 
 namespace {
@@ -14,6 +15,18 @@ PlanScope::PlanScope(const StoredUser& user)
     , m_userId(user.id)
     , m_userName(user.name)
 {
+}
+
+SqlQuery PlanScope::among(const QStringList& planIds)
+{
+    SqlQuery numbers;
+    QStringList placeholders;
+    for (const QString& id : planIds) {
+        numbers.values << PlanId::toNumber(id).value_or(0);
+        placeholders << QStringLiteral("?");
+    }
+    numbers.text = QStringLiteral("(%1)").arg(placeholders.join(QStringLiteral(", ")));
+    return numbers;
 }
 
 SqlQuery PlanScope::condition() const

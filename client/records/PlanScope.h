@@ -19,6 +19,9 @@ public:
     /// The plans of the user's accounts and those assigned to the user.
     explicit PlanScope(const StoredUser& user);
 
+    /// The numbers of the plans with these ids, for IN.
+    static SqlQuery among(const QStringList& planIds);
+
     /// A condition on a row of the plans.
     SqlQuery condition() const;
     /// The numbers of a page of plans, newest first. Its cost does not depend on the number of plans.

@@ -5,6 +5,8 @@
 #include "RecordCheck.h"
 #include "StoredTime.h"
 
+#include <algorithm>
+
 PlanStore::PlanStore(Database& database)
     : m_database(database)
 {
@@ -108,6 +110,17 @@ Result<StoredPlan> PlanStore::plan(const QString& planId)
     const auto found =
         read({ QStringLiteral("number = ? AND ") + visible.text, QVariantList{ *number } + visible.values });
     return found ? Result<StoredPlan>(found->value(0)) : found.status();
+}
+
+Result<QVector<StoredPlan>> PlanStore::plans(const QStringList& planIds)
+{
+    const SqlQuery among = PlanScope::among(planIds);
+    const SqlQuery visible = m_scope.condition();
+    Result<QVector<StoredPlan>> found =
+        read({ QStringLiteral("number IN %1 AND %2").arg(among.text, visible.text), among.values + visible.values });
+    if (found)
+        std::reverse(found->begin(), found->end());
+    return found;
 }
 
 Result<QVector<StoredPlan>> PlanStore::page(int offset, int limit)

@@ -38,6 +38,8 @@ public:
     Result<Record> record(const QString& planId);
     /// A default plan (empty id) if the id is unknown.
     Result<StoredPlan> plan(const QString& planId);
+    /// The plans with these ids, oldest first, without unknown ones.
+    Result<QVector<StoredPlan>> plans(const QStringList& planIds);
     /// One page of plans, newest first; empty after the last one.
     Result<QVector<StoredPlan>> page(int offset, int limit);
     Result<int> count();
