@@ -96,6 +96,7 @@ void addPlanRows()
     addRow("计划字段“remark”含有无法保存的字符", { Error::FieldNotStorable, { QStringLiteral("remark") } });
     addRow("证券“600000.SH”的收盘价已损坏", { Error::DamagedCloses, { QStringLiteral("600000.SH") } });
     addRow("计划“AP00000001”的内容已损坏", { Error::DamagedPlan, { QStringLiteral("AP00000001") } });
+    addRow("历史记录7已损坏", { Error::DamagedHistory, { QStringLiteral("7") } });
     addRow("计划“AP00000001”的账户“9”不存在",
         { Error::PlanValueUnknown, { QStringLiteral("AP00000001"), QStringLiteral("账户"), QStringLiteral("9") } });
     addRow("计划“AP00000001”的开始日期“noon”无效",

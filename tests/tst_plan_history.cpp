@@ -302,6 +302,52 @@ private Q_SLOTS:
         QCOMPARE(newest.at(1).version, 6);
     }
 
+    void aDamagedEntryIsReported_data()
+    {
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<QString>("time");
+        const QString usual = QStringLiteral("2024-05-06T10:30:00.000Z");
+        QTest::newRow("no JSON") << QStringLiteral("{bad}") << usual;
+        QTest::newRow("a number instead of a text") << QStringLiteral("{\"totalQty\":1000}") << usual;
+        QTest::newRow("a day that there is not") << QStringLiteral("{}") << QStringLiteral("2024-02-30T10:30:00.000Z");
+        QTest::newRow("no time") << QStringLiteral("{}") << QStringLiteral("abcd-ef-ghTij:kl:mn.opqZ");
+    }
+
+    void aDamagedEntryIsReported()
+    {
+        QFETCH(QString, before);
+        QFETCH(QString, time);
+        const QString id = session().create(SampleSession::record());
+        const Record opened = service().GetPlanInfo(id);
+        changeAsColleague(id, 1, QStringLiteral("2000"));
+        Database& database = ClientSession::instance().database();
+        const Result<qint64> number = database.insert(
+            QStringLiteral("INSERT INTO history (event, plan, version, before, after, user, time, client)"
+                           " VALUES ('changed', ?, 2, ?, '{}', 'trader02', ?, 'c')"),
+            { numberOf(id), before, time });
+        QCOMPARE(number.status(), Status());
+        const Status damaged(Error::DamagedHistory, { QString::number(*number) });
+        QCOMPARE(HistoryStore(database).ofPlan(numberOf(id)).status(), damaged);
+        QCOMPARE(HistoryStore(database).after(numberOf(id), 1).status(), damaged);
+        QCOMPARE(service().modifyPlan(opened), errorText(damaged));
+    }
+
+    void thePlanOfOthersIsNeitherChangedNorDescribed()
+    {
+        const QString id = session().create(SampleSession::record());
+        changeAsColleague(id, 1, QStringLiteral("2000"));
+        QCOMPARE(session().reopen(QStringLiteral("trader09")), Status());
+        QCOMPARE(service().GetPlanInfo(id), Record());
+        // As if the user had known the plan before.
+        ClientSession::instance().versions().note(id, 1);
+        int conflicts = 0;
+        connect(&PlanEvents::instance(), &PlanEvents::planConflict, this, [&conflicts] { ++conflicts; });
+        const Record record = with(SampleSession::record(), BaseField::autoPlanId, id);
+        QCOMPARE(service().modifyPlan(record), errorText({ Error::UnknownPlan, { id } }));
+        PlanEvents::instance().disconnect(this);
+        QCOMPARE(conflicts, 0);
+    }
+
     void theHistoryCannotBeChangedOrDeleted_data()
     {
         QTest::addColumn<QString>("statement");

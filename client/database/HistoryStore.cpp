@@ -1,10 +1,9 @@
 #include "HistoryStore.h"
 
+#include "StoredTexts.h"
 #include "StoredTime.h"
 
 #include <QCoreApplication>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QSysInfo>
 
 namespace {
@@ -32,23 +31,26 @@ QVariant textOrNull(const QString& text)
 
 QVariant jsonOrNull(const HistoryEntry::Fields& fields)
 {
-    if (fields.isEmpty())
-        return QVariant();
-    const QJsonDocument document(QJsonObject::fromVariantMap(fields));
-    return QString::fromUtf8(document.toJson(QJsonDocument::Compact));
+    return fields.isEmpty() ? QVariant() : QVariant(StoredTexts::toJson(fields));
 }
 
-HistoryEntry::Fields fieldsOf(const QVariant& json)
+std::optional<HistoryEntry::Fields> fieldsOf(const QVariant& json)
 {
-    return QJsonDocument::fromJson(json.toString().toUtf8()).object().toVariantMap();
+    return json.isNull() ? HistoryEntry::Fields() : StoredTexts::fromJson(json.toString());
 }
 
-/// An entry of a row of event, plan, version, subject, before, after, user, time and client.
-HistoryEntry entryOf(const QSqlQuery& row)
+/// An entry of a row of number, event, plan, version, subject, before, after, user, time and client.
+Result<HistoryEntry> entryOf(const QSqlQuery& row)
 {
-    return { static_cast<HistoryEvent>(eventNames().indexOf(row.value(0).toString())), row.value(1).toLongLong(),
-        row.value(2).toInt(), row.value(3).toString(), fieldsOf(row.value(4)), fieldsOf(row.value(5)),
-        row.value(6).toString(), StoredTime::fromText(row.value(7).toString()), row.value(8).toString() };
+    const auto text = [&row](int column) { return row.value(column).toString(); };
+    const auto event = eventNames().indexOf(text(1));
+    const auto before = fieldsOf(row.value(5));
+    const auto after = fieldsOf(row.value(6));
+    const QDateTime time = StoredTime::fromText(text(8));
+    if (event < 0 || !before || !after || !time.isValid())
+        return { Error::DamagedHistory, { text(0) } };
+    return HistoryEntry{ static_cast<HistoryEvent>(event), row.value(2).toLongLong(), row.value(3).toInt(), text(4),
+        *before, *after, text(7), time, text(9) };
 }
 
 } // namespace
@@ -96,10 +98,19 @@ Result<qint64> HistoryStore::planOfRequest(const QString& request)
 Result<QVector<HistoryEntry>> HistoryStore::read(const QString& condition, const QVariantList& values)
 {
     QVector<HistoryEntry> entries;
-    Status status = m_database.read(
-        QStringLiteral("SELECT event, plan, version, subject, before, after, user, time, client FROM history WHERE %1"
-                       " ORDER BY number")
+    Status readable;
+    const Status status = m_database.read(
+        QStringLiteral("SELECT number, event, plan, version, subject, before, after, user, time, client FROM history"
+                       " WHERE %1 ORDER BY number")
             .arg(condition),
-        values, [&entries](const QSqlQuery& row) { entries << entryOf(row); });
-    return status ? Result<QVector<HistoryEntry>>(entries) : status;
+        values, [&](const QSqlQuery& row) {
+            const Result<HistoryEntry> entry = entryOf(row);
+            if (entry)
+                entries << *entry;
+            else
+                readable = entry.status();
+        });
+    if (!status)
+        return status;
+    return readable ? Result<QVector<HistoryEntry>>(entries) : readable;
 }

@@ -40,7 +40,8 @@ struct HistoryEntry {
     QString client = {};
 };
 
-/// The history of stored data. Entries are only added; the database refuses to change or delete one.
+/// The history of stored data. Entries are only added; the database refuses to change or delete one. Reading fails if
+/// one of the entries has contents that the store does not write.
 class HistoryStore {
 public:
     explicit HistoryStore(Database& database);

@@ -3,12 +3,8 @@
 #include "AutoPlanField.h"
 #include "Kelvo_Fields.h"
 #include "Orlo_Fields.h"
+#include "StoredTexts.h"
 #include "StoredTime.h"
-
-#include <QJsonDocument>
-#include <QJsonObject>
-
-#include <algorithm>
 
 namespace {
 
@@ -44,16 +40,6 @@ const QStringList& stateTexts()
     return texts;
 }
 
-/// Absent unless the text is a JSON object of texts.
-std::optional<QVariantMap> textsOf(const QString& json)
-{
-    const QJsonDocument document = QJsonDocument::fromJson(json.toUtf8());
-    const QVariantMap texts = document.object().toVariantMap();
-    const bool areTexts = std::all_of(
-        texts.cbegin(), texts.cend(), [](const QVariant& text) { return text.userType() == QMetaType::QString; });
-    return document.isObject() && areTexts ? std::optional<QVariantMap>(texts) : std::nullopt;
-}
-
 } // namespace
 
 QString PlanRow::recordColumns()
@@ -77,8 +63,7 @@ QVariantList PlanRow::recordValues(const QMap<QString, QVariant>& record)
         values << record.value(column.field);
         others.remove(column.field);
     }
-    const QJsonDocument document(QJsonObject::fromVariantMap(others));
-    return values << QString::fromUtf8(document.toJson(QJsonDocument::Compact));
+    return values << StoredTexts::toJson(others);
 }
 
 QString PlanRow::stateText(PlanState state)
@@ -104,7 +89,7 @@ Result<StoredPlan> PlanRow::plan(const QSqlQuery& row)
     StoredPlan plan{ PlanId::fromNumber(row.value(0).toLongLong()), row.value(1).toInt(),
         state.value_or(PlanState::Archived), text(3), StoredTime::fromText(text(4)), StoredTime::fromText(text(5)),
         {} };
-    const auto others = textsOf(text(OwnColumns + fieldColumns().size()));
+    const auto others = StoredTexts::fromJson(text(OwnColumns + fieldColumns().size()));
     if (!state || !others || !plan.created.isValid() || !plan.changed.isValid())
         return { Error::DamagedPlan, { plan.id } };
     plan.record = *others;

@@ -45,6 +45,7 @@ enum class Error {
     UnknownInstruction,   ///< instruction id
     DamagedCloses,        ///< symbol
     DamagedPlan,          ///< plan id
+    DamagedHistory,       ///< number of the entry
     PlanValueUnknown,     ///< plan id, caption, value
     PlanValueInvalid,     ///< plan id, caption, value
     InstructionInvalid,   ///< instruction id, what it contains

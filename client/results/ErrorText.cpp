@@ -54,6 +54,7 @@ constexpr Sentence Sentences[] = {
     { Error::UnknownInstruction, "指令%1不存在" },
     { Error::DamagedCloses, "证券“%1”的收盘价已损坏" },
     { Error::DamagedPlan, "计划“%1”的内容已损坏" },
+    { Error::DamagedHistory, "历史记录%1已损坏" },
     { Error::PlanValueUnknown, "计划“%1”的%2“%3”不存在" },
     { Error::PlanValueInvalid, "计划“%1”的%2“%3”无效" },
     { Error::InstructionInvalid, "指令%1的内容“%2”无效" },
