@@ -7,6 +7,7 @@
 #include "InstructionStore.h"
 #include "PlanLedger.h"
 #include "PlanStore.h"
+#include "RawFile.h"
 #include "Schema.h"
 #include "TestStatus.h"
 #include "UserStore.h"
@@ -51,28 +52,6 @@ bool writeFile(const QString& fileName, const QByteArray& content)
     QFile file(fileName);
     return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
 }
-
-/// A plain connection, without the rules of `Database`.
-class RawFile {
-public:
-    explicit RawFile(const QString& fileName)
-    {
-        QSqlDatabase raw = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("raw"));
-        raw.setDatabaseName(fileName);
-        raw.open();
-    }
-    ~RawFile() { QSqlDatabase::removeDatabase(QStringLiteral("raw")); }
-
-    bool run(const QString& statement)
-    {
-        return QSqlQuery(QSqlDatabase::database(QStringLiteral("raw"))).exec(statement);
-    }
-    QVariant value(const QString& statement)
-    {
-        QSqlQuery query(QSqlDatabase::database(QStringLiteral("raw")));
-        return query.exec(statement) && query.next() ? query.value(0) : QVariant();
-    }
-};
 
 Status cannotOpen(const QString& fileName, const Status& cause)
 {

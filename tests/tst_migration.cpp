@@ -6,6 +6,7 @@
 #include "PlanLedger.h"
 #include "PlanStore.h"
 #include "PositionStore.h"
+#include "RawFile.h"
 #include "Schema.h"
 #include "SecurityStore.h"
 #include "TestStatus.h"
@@ -13,7 +14,6 @@
 
 #include <QFile>
 #include <QRandomGenerator>
-#include <QSqlError>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -36,49 +36,49 @@ const QDateTime Created(QDate(2024, 5, 6), QTime(0, 30, 0, 125));
 // What JSON escapes, more than the basic plane, and a byte order mark inside.
 const QString Remark = QStringLiteral("“a” \\ \"b\" / \n\t%1 \u2028 \U0001F600 \uFEFF\u007F").arg(QChar(1));
 
-/// A file of an older version, through a plain connection.
-class OldFile {
-public:
-    explicit OldFile(const QString& fileName)
-    {
-        QSqlDatabase raw = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("old"));
-        raw.setDatabaseName(fileName);
-        raw.open();
-    }
-    ~OldFile() { QSqlDatabase::removeDatabase(QStringLiteral("old")); }
-
-    bool run(const QString& statement, const QVariantList& values = {})
-    {
-        QSqlQuery query(QSqlDatabase::database(QStringLiteral("old")));
-        bool done = query.prepare(statement);
-        for (const QVariant& value : values)
-            query.addBindValue(value);
-        done = done && query.exec();
-        if (!done)
-            qWarning("%s", qPrintable(query.lastError().text()));
-        return done;
-    }
-    int number(const QString& statement)
-    {
-        QSqlQuery query(QSqlDatabase::database(QStringLiteral("old")));
-        return query.exec(statement) && query.next() ? query.value(0).toInt() : -1;
-    }
-    /// Creates the tables of a version, one row of what plans refer to, and plans with two instructions each.
-    bool fill(int plans, int version = LastOldVersion);
-
-private:
-    bool addPlans(int count, int version);
-    bool addInstructions(int count);
-};
-
-bool OldFile::fill(int plans, int version)
+bool addInstructions(RawFile& file, int count)
 {
-    bool done = run(QStringLiteral("PRAGMA journal_mode = WAL")) && run(QStringLiteral("BEGIN"));
+    return file.run(QStringLiteral("INSERT INTO plan_instructions WITH RECURSIVE n (n) AS (SELECT 1 UNION ALL"
+                                   " SELECT n + 1 FROM n WHERE n < %1),"
+                                   " i (id, day) AS (VALUES ('-000001', '2024-05-06'), ('-000003', '2024-05-07'))"
+                                   " SELECT n, printf('AP%08d', n) || id, day FROM n, i")
+                        .arg(count))
+        && file.run(QStringLiteral(
+            "INSERT INTO instruction_fields WITH f (key, value) AS (VALUES ('75', ''), ('12013', '1'), ('57134', 'Q'),"
+            " ('44', '0.050'), ('38', '1000'), ('14', '300'), ('217201', '10050.00'), ('cumAmount', '0.29'))"
+            " SELECT plan, id, key, CASE key WHEN '75' THEN day ELSE value END FROM plan_instructions, f"));
+}
+
+bool addPlans(RawFile& file, int count, int version)
+{
+    const QString numbers =
+        QStringLiteral("WITH RECURSIVE n (n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM n WHERE n < %1) ").arg(count);
+    const QString fields = QStringLiteral(
+        "('templateCode', 'TW-01'), ('subType', '1'), ('tradingAccount', '100001'), ('symbol', '600000.SH'),"
+        " ('orderSide', '1'), ('beginDate', '2024-05-06'), ('endDate', '2024-05-10'), ('expectedUser', '程澜'),"
+        " ('remark', ?), ('totalQty', '1000'), ('priceFormula2', '')");
+    bool done =
+        file.run(QStringLiteral("INSERT INTO plans (number, version, creator, created_time, other_param) ") + numbers
+            + QStringLiteral("SELECT n, 2, 'trader01', '2024-05-06T00:30:00.125', '{\"57134\":\"x\"}' FROM n"))
+        && file.run(QStringLiteral("INSERT INTO plan_fields ") + numbers
+                + QStringLiteral(", f (key, value) AS (VALUES %1) SELECT n, key, value FROM n, f").arg(fields),
+            { Remark })
+        && addInstructions(file, count);
+    if (version > 1)
+        done = done && file.run(QStringLiteral("UPDATE plans SET changed_time = '2024-05-06T23:59:59.999'"));
+    return done;
+}
+
+/// Creates a file with the tables of a version, one row of what plans refer to, and plans with two instructions each.
+bool makeOld(const QString& fileName, int plans, int version = LastOldVersion)
+{
+    RawFile file(fileName);
+    QStringList statements{ QStringLiteral("PRAGMA journal_mode = WAL"), QStringLiteral("BEGIN") };
     for (const Migration& migration : Schema::migrations()) {
-        for (const QString& statement : migration.statements)
-            done = done && (migration.version > version || run(statement));
+        if (migration.version <= version)
+            statements += migration.statements;
     }
-    const QStringList rows{ QStringLiteral("INSERT INTO users VALUES ('trader01', 'name')"),
+    statements += QStringList{ QStringLiteral("INSERT INTO users VALUES ('trader01', 'name')"),
         QStringLiteral("INSERT INTO accounts VALUES ('100001', 'F1', 'name', 'C1', 'ordinary', 'B1')"),
         QStringLiteral("INSERT INTO user_accounts VALUES ('trader01', '100001', 0)"),
         QStringLiteral("INSERT INTO securities VALUES (1, '600000.SH', 'n', 't', 's', 'e', 2, 1, 100, 100, '', '')"),
@@ -88,51 +88,22 @@ bool OldFile::fill(int plans, int version)
         QStringLiteral("INSERT INTO signatures VALUES ('p', 'C1', 'trader01', '2024-05-06T00:30:00.125')"),
         QStringLiteral("PRAGMA application_id = %1").arg(Schema::applicationId()),
         QStringLiteral("PRAGMA user_version = %1").arg(version) };
-    for (const QString& row : rows)
-        done = done && run(row);
-    return done && (plans == 0 || addPlans(plans, version)) && run(QStringLiteral("COMMIT"));
-}
-
-bool OldFile::addPlans(int count, int version)
-{
-    const QString numbers =
-        QStringLiteral("WITH RECURSIVE n (n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM n WHERE n < %1) ").arg(count);
-    const QString fields = QStringLiteral(
-        "('templateCode', 'TW-01'), ('subType', '1'), ('tradingAccount', '100001'), ('symbol', '600000.SH'),"
-        " ('orderSide', '1'), ('beginDate', '2024-05-06'), ('endDate', '2024-05-10'), ('expectedUser', '程澜'),"
-        " ('remark', ?), ('totalQty', '1000'), ('priceFormula2', '')");
-    bool done = run(QStringLiteral("INSERT INTO plans (number, version, creator, created_time, other_param) ") + numbers
-                    + QStringLiteral("SELECT n, 2, 'trader01', '2024-05-06T00:30:00.125', '{\"57134\":\"x\"}' FROM n"))
-        && run(QStringLiteral("INSERT INTO plan_fields ") + numbers
-                + QStringLiteral(", f (key, value) AS (VALUES %1) SELECT n, key, value FROM n, f").arg(fields),
-            { Remark })
-        && addInstructions(count);
-    if (version > 1)
-        done = done && run(QStringLiteral("UPDATE plans SET changed_time = '2024-05-06T23:59:59.999'"));
-    return done;
-}
-
-bool OldFile::addInstructions(int count)
-{
-    return run(QStringLiteral("INSERT INTO plan_instructions WITH RECURSIVE n (n) AS (SELECT 1 UNION ALL SELECT n + 1"
-                              " FROM n WHERE n < %1),"
-                              " i (id, day) AS (VALUES ('-000001', '2024-05-06'), ('-000003', '2024-05-07'))"
-                              " SELECT n, printf('AP%08d', n) || id, day FROM n, i")
-                   .arg(count))
-        && run(QStringLiteral(
-            "INSERT INTO instruction_fields WITH f (key, value) AS (VALUES ('75', ''), ('12013', '1'), ('57134', 'Q'),"
-            " ('44', '0.050'), ('38', '1000'), ('14', '300'), ('217201', '10050.00'), ('cumAmount', '0.29'))"
-            " SELECT plan, id, key, CASE key WHEN '75' THEN day ELSE value END FROM plan_instructions, f"));
+    bool done = true;
+    for (const QString& statement : qAsConst(statements))
+        done = done && file.run(statement);
+    return done && (plans == 0 || addPlans(file, plans, version)) && file.run(QStringLiteral("COMMIT"));
 }
 
 /// Whether the file has the tables and the plans of the old version.
 bool isOld(const QString& fileName, int plans)
 {
-    OldFile file(fileName);
-    return file.number(QStringLiteral("PRAGMA user_version")) == LastOldVersion
-        && file.number(QStringLiteral("SELECT count(*) FROM plan_fields")) == FieldsOfPlan * plans
-        && file.number(QStringLiteral("SELECT count(*) FROM instruction_fields")) == 2 * FieldsOfInstruction * plans
-        && file.number(QStringLiteral("SELECT count(*) FROM sqlite_master WHERE name LIKE 'old%'")) == 0;
+    RawFile file(fileName);
+    const auto is = [&file](const char* query, int number) {
+        return file.value(QString::fromLatin1(query)) == QString::number(number);
+    };
+    return is("PRAGMA user_version", LastOldVersion) && is("SELECT count(*) FROM plan_fields", FieldsOfPlan * plans)
+        && is("SELECT count(*) FROM instruction_fields", 2 * FieldsOfInstruction * plans)
+        && is("SELECT count(*) FROM sqlite_master WHERE name LIKE 'old%'", 0);
 }
 
 PlanStore::Record recordOfPlan()
@@ -155,7 +126,7 @@ InstructionStore::Fields instructionOf(const QString& day)
         { QStringLiteral("cumAmount"), QStringLiteral("0.29") } };
 }
 
-/// Empty if the opened file has the plans of `OldFile::fill`; `changed` is the time of their last change.
+/// Empty if the opened file has the plans of `makeOld`; `changed` is the time of their last change.
 QString difference(
     Database& database, int plans, const QDateTime& changed = Created.addSecs(84599).addMSecs(-125 + 999))
 {
@@ -228,7 +199,7 @@ void MigrationTest::everyPlanIsMigrated()
 {
     QFETCH(int, version);
     QFETCH(int, plans);
-    QVERIFY(OldFile(m_file).fill(plans, version));
+    QVERIFY(makeOld(m_file, plans, version));
     QElapsedTimer clock;
     clock.start();
     Database database;
@@ -255,12 +226,12 @@ void MigrationTest::aNumberIsNotUsedAgainAfterAMigration_data()
 void MigrationTest::aNumberIsNotUsedAgainAfterAMigration()
 {
     QFETCH(int, first);
-    QVERIFY(OldFile(m_file).fill(5));
+    QVERIFY(makeOld(m_file, 5));
     const QStringList tables{ QStringLiteral("instruction_fields WHERE plan"),
         QStringLiteral("plan_instructions WHERE plan"), QStringLiteral("plan_fields WHERE plan"),
         QStringLiteral("plans WHERE number") };
     for (const QString& table : tables)
-        QVERIFY(OldFile(m_file).run(QStringLiteral("DELETE FROM %1 >= %2").arg(table).arg(first)));
+        QVERIFY(RawFile(m_file).run(QStringLiteral("DELETE FROM %1 >= %2").arg(table).arg(first)));
     Database database;
     QCOMPARE(database.open(m_file), Status());
     const PlanStore::Record record{ { QStringLiteral("remark"), QStringLiteral("new") } };
@@ -269,9 +240,9 @@ void MigrationTest::aNumberIsNotUsedAgainAfterAMigration()
 
 void MigrationTest::otherDataAreMigrated()
 {
-    QVERIFY(OldFile(m_file).fill(1));
+    QVERIFY(makeOld(m_file, 1));
     QVERIFY(
-        OldFile(m_file).run(QStringLiteral("INSERT INTO limit_exceptions VALUES (7, '100001', 5, NULL, 600, 'trader01',"
+        RawFile(m_file).run(QStringLiteral("INSERT INTO limit_exceptions VALUES (7, '100001', 5, NULL, 600, 'trader01',"
                                            " '2024-05-06T01:30:00.125Z', '2024-05-10', 'reason')")));
     Database database;
     QCOMPARE(database.open(m_file), Status());
@@ -341,8 +312,8 @@ void MigrationTest::aFileThatCannotBeMigratedStaysAsItIs()
 {
     QFETCH(QString, change);
     QFETCH(QString, reason);
-    QVERIFY(OldFile(m_file).fill(3));
-    QVERIFY(OldFile(m_file).run(change));
+    QVERIFY(makeOld(m_file, 3));
+    QVERIFY(RawFile(m_file).run(change));
     Database database;
     const Status status = database.open(m_file);
     QCOMPARE(status.error(), Error::CannotOpenDatabase);
@@ -365,7 +336,7 @@ void MigrationTest::eachWriteOfAMigrationFailsInTurn()
     QFETCH(Fault, fault);
     QFETCH(Lasting, lasting);
     constexpr int Plans = 200;
-    QVERIFY(OldFile(m_file).fill(Plans));
+    QVERIFY(makeOld(m_file, Plans));
     const QString copy = m_folder->filePath(QStringLiteral("copy.db"));
     const int stride = setting("FAULTS_EVERY", 7);
     int refused = 0;
@@ -395,7 +366,7 @@ void MigrationTest::aKilledMigrationIsRepeated()
     constexpr int Plans = 5000;
     const int kills = setting("FAULTS_KILLS", 12);
     const QString copy = m_folder->filePath(QStringLiteral("copy.db"));
-    QVERIFY(OldFile(m_file).fill(Plans));
+    QVERIFY(makeOld(m_file, Plans));
     QVERIFY(QFile::copy(m_file, copy));
     QElapsedTimer clock;
     clock.start();
@@ -465,7 +436,7 @@ void MigrationTest::theTablesRefuseWhatCannotBe_data()
 void MigrationTest::theTablesRefuseWhatCannotBe()
 {
     QFETCH(QString, statement);
-    QVERIFY(OldFile(m_file).fill(1));
+    QVERIFY(makeOld(m_file, 1));
     Database database;
     QCOMPARE(database.open(m_file), Status());
     QCOMPARE(database.execute(statement).error(), Error::DatabaseFailed);

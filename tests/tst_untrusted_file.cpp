@@ -1,5 +1,6 @@
 #include "Database.h"
 #include "LoggedTest.h"
+#include "RawFile.h"
 #include "Schema.h"
 #include "TestStatus.h"
 #include "UntrustedFile.h"
@@ -26,25 +27,6 @@ constexpr qint64 GiB = qint64(1) << 30;
 
 const QByteArray Endless = "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n)";
 
-/// A connection without the rules of `Database`.
-class RawFile {
-public:
-    explicit RawFile(const QString& file) { sqlite3_open(QFile::encodeName(file).constData(), &m_connection); }
-    ~RawFile() { sqlite3_close(m_connection); }
-    RawFile(const RawFile&) = delete;
-    RawFile& operator=(const RawFile&) = delete;
-
-    sqlite3* connection() const { return m_connection; }
-    /// The code of the first failure; SQLITE_OK if there is none.
-    int run(const QByteArray& statements)
-    {
-        return sqlite3_exec(m_connection, statements.constData(), nullptr, nullptr, nullptr);
-    }
-
-private:
-    sqlite3* m_connection = nullptr;
-};
-
 QByteArray contentOf(const QString& path)
 {
     QFile file(path);
@@ -66,10 +48,10 @@ QByteArray makeOwn(int version)
 bool makeVersion(const QString& file, int version)
 {
     RawFile raw(file);
-    bool done = raw.run(makeOwn(version)) == SQLITE_OK;
+    bool done = raw.execute(makeOwn(version)) == SQLITE_OK;
     for (const Migration& migration : Schema::migrations()) {
         for (const QString& statement : migration.statements)
-            done = done && (migration.version > version || raw.run(statement.toUtf8()) == SQLITE_OK);
+            done = done && (migration.version > version || raw.execute(statement.toUtf8()) == SQLITE_OK);
     }
     return done;
 }
@@ -132,7 +114,7 @@ QByteArray inner(const QByteArray& header, int firstChild, int child)
 QByteArray endlessSchema(const QString& file)
 {
     constexpr int Levels = 10;
-    RawFile(file).run("PRAGMA page_size = 512; " + makeOwn(1) + "; CREATE TABLE t (x UNIQUE)");
+    RawFile(file).execute("PRAGMA page_size = 512; " + makeOwn(1) + "; CREATE TABLE t (x UNIQUE)");
     QByteArray content = contentOf(file);
     const QByteArray first = content.left(PageSize);
     const int leaves = content.size() / PageSize + 1;
@@ -203,7 +185,7 @@ private Q_SLOTS:
         for (const int version : { 1, Schema::latestVersion() }) {
             const QString file = path(QStringLiteral("version%1.db").arg(version));
             QVERIFY(makeVersion(file, version));
-            QCOMPARE(RawFile(file).run(change), SQLITE_OK);
+            QCOMPARE(RawFile(file).execute(change), SQLITE_OK);
             const QByteArray content = contentOf(file);
             QCOMPARE(causeOfRefusal(file, LongestRefusal), cause);
             QCOMPARE(contentOf(file), content);
@@ -296,7 +278,7 @@ private Q_SLOTS:
     {
         const QString file = path(QStringLiteral("long.db"));
         QVERIFY(makeVersion(file, Schema::latestVersion()));
-        QCOMPARE(RawFile(file).run("INSERT INTO users VALUES ('u', hex(zeroblob(15000000)))"), SQLITE_OK);
+        QCOMPARE(RawFile(file).execute("INSERT INTO users VALUES ('u', hex(zeroblob(15000000)))"), SQLITE_OK);
         sqlite3_memory_highwater(1);
         Database database;
         Status status = database.open(file);
@@ -313,7 +295,7 @@ private Q_SLOTS:
     {
         const QString file = path(QStringLiteral("cached.db"));
         QVERIFY(makeVersion(file, Schema::latestVersion()));
-        QCOMPARE(RawFile(file).run("PRAGMA default_cache_size = 1000000000"), SQLITE_OK);
+        QCOMPARE(RawFile(file).execute("PRAGMA default_cache_size = 1000000000"), SQLITE_OK);
         Database database;
         QCOMPARE(database.open(file), Status());
         QCOMPARE(database.value(QStringLiteral("PRAGMA cache_size"))->toInt(), -2000);
@@ -323,12 +305,12 @@ private Q_SLOTS:
     {
         RawFile file(QStringLiteral(":memory:"));
         const auto runEndless = [&file] {
-            return file.run(Endless + " SELECT max(i) FROM n") == SQLITE_INTERRUPT ? Status(Error::DatabaseFailed)
-                                                                                   : Status();
+            return file.execute(Endless + " SELECT max(i) FROM n") == SQLITE_INTERRUPT ? Status(Error::DatabaseFailed)
+                                                                                       : Status();
         };
         QCOMPARE(UntrustedFile::withinSeconds(1, file.connection(), runEndless),
             Status(Error::InspectionTooLong, { QStringLiteral("1") }));
-        QCOMPARE(file.run("SELECT 1"), SQLITE_OK);
+        QCOMPARE(file.execute("SELECT 1"), SQLITE_OK);
         const auto fails = [] { return Status(Error::DatabaseCorrupt); };
         QCOMPARE(UntrustedFile::withinSeconds(1, file.connection(), fails), Status(Error::DatabaseCorrupt));
     }
@@ -336,10 +318,10 @@ private Q_SLOTS:
     void contentsCannotExhaustTheMemoryOrChangeTheSchema()
     {
         RawFile file(QStringLiteral(":memory:"));
-        QCOMPARE(file.run("CREATE TABLE t (x); SELECT length(zeroblob(20000000))"), SQLITE_OK);
+        QCOMPARE(file.execute("CREATE TABLE t (x); SELECT length(zeroblob(20000000))"), SQLITE_OK);
         UntrustedFile::restrict(file.connection());
-        QCOMPARE(file.run("SELECT length(zeroblob(20000000))"), SQLITE_TOOBIG);
-        QCOMPARE(file.run("PRAGMA writable_schema = ON; UPDATE sqlite_master SET sql = ''"), SQLITE_ERROR);
+        QCOMPARE(file.execute("SELECT length(zeroblob(20000000))"), SQLITE_TOOBIG);
+        QCOMPARE(file.execute("PRAGMA writable_schema = ON; UPDATE sqlite_master SET sql = ''"), SQLITE_ERROR);
         int trusted = -1;
         sqlite3_db_config(file.connection(), SQLITE_DBCONFIG_TRUSTED_SCHEMA, -1, &trusted);
         QCOMPARE(trusted, 0);
