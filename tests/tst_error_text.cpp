@@ -108,6 +108,8 @@ void addPlanRows()
         { Error::SecurityInvalid, { QStringLiteral("600000.SH") } });
     addRow("账户“9”的证券“600000.SH”的持仓无效",
         { Error::PositionInvalid, { QStringLiteral("9"), QStringLiteral("600000.SH") } });
+    addRow("客户“C1”对协议“p”的签署无效", { Error::SignatureInvalid, { QStringLiteral("C1"), QStringLiteral("p") } });
+    addRow("账户“9”的限额例外7无效", { Error::LimitInvalid, { QStringLiteral("9"), QStringLiteral("7") } });
     addRow("新建计划不能带有计划编号", Error::PlanHasId);
     addRow("缺少计划扩展信息", Error::NoOtherParam);
     addRow("计划扩展信息不是有效的JSON对象", Error::OtherParamNotJson);

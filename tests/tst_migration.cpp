@@ -304,8 +304,31 @@ void MigrationTest::aFileThatCannotBeMigratedStaysAsItIs_data()
         QStringLiteral("证券“600000.SH”的价格精度、数量系数、步长或涨跌幅超出范围"));
     row("a negative position", "UPDATE positions SET quantity = -1",
         QStringLiteral("账户“100001”的证券“600000.SH”的持仓无效"));
-    row("a day of closes that there is not", "UPDATE closing_prices SET last_day = '2024-04-31'",
-        QStringLiteral("数据库操作失败：CHECK constraint failed: last_day IS date(last_day, '+0 days')"));
+    row("a time that looks like a day number", "UPDATE plans SET changed_time = '2460000'",
+        QStringLiteral("计划“AP00000001”的修改时间“2460000”无效"));
+    row("a position of an unknown account", "UPDATE positions SET trading_account = '9'",
+        QStringLiteral("账户“9”的证券“600000.SH”的持仓无效"));
+    const QString closes = QStringLiteral("证券“600000.SH”的收盘价已损坏");
+    row("a day of closes that there is not", "UPDATE closing_prices SET last_day = '2024-04-31'", closes);
+    row("a close below zero", "UPDATE closing_prices SET last_close = -1", closes);
+    row("closes of no security", "UPDATE closing_prices SET security = 7", QStringLiteral("证券“7”的收盘价已损坏"));
+    const QString signature = QStringLiteral("客户“C1”对协议“p”的签署无效");
+    row("a signature at a time in words", "UPDATE signatures SET signed_time = 'noon'", signature);
+    row("a signature on a day without a time", "UPDATE signatures SET signed_time = '2024-05-06'", signature);
+    row("a signature at a time that there is not", "UPDATE signatures SET signed_time = '2024-02-30T10:30:00.000'",
+        signature);
+    row("a signature of an unknown agreement", "UPDATE signatures SET protocol = 'q'",
+        QStringLiteral("客户“C1”对协议“q”的签署无效"));
+    const auto limit = [&row](const char* name, const char* values, const char* account = "100001") {
+        const QByteArray insert = QByteArray("INSERT INTO limit_exceptions VALUES (7, '") + account
+            + "', 5, NULL, 600, " + values + ", 'reason')";
+        row(name, insert.constData(), QStringLiteral("账户“%1”的限额例外7无效").arg(QString::fromLatin1(account)));
+    };
+    limit("an exception authorised at a time in words", "'trader01', 'noon', '2024-05-10'");
+    limit("an exception authorised at no time of UTC", "'trader01', '2024-05-06T01:30:00.125', '2024-05-10'");
+    limit("an exception until a day that there is not", "'trader01', '2024-05-06T01:30:00.125Z', '2024-06-31'");
+    limit("an exception by an unknown user", "'nobody', '2024-05-06T01:30:00.125Z', '2024-05-10'");
+    limit("an exception of an unknown account", "'trader01', '2024-05-06T01:30:00.125Z', '2024-05-10'", "9");
 }
 
 void MigrationTest::aFileThatCannotBeMigratedStaysAsItIs()

@@ -14,6 +14,11 @@ QString isTime(const char* column)
     return QStringLiteral("%1 IS strftime('%Y-%m-%dT%H:%M:%fZ', %1, '+0 days')").arg(QLatin1String(column));
 }
 
+QString isMarketTime(const char* column)
+{
+    return QStringLiteral("%1 IS strftime('%Y-%m-%dT%H:%M:%f', %1, '+0 days')").arg(QLatin1String(column));
+}
+
 QString isDate(const char* column)
 {
     return QStringLiteral("%1 IS date(%1, '+0 days')").arg(QLatin1String(column));
@@ -236,8 +241,8 @@ Obstacle planValue(const QString& caption, const char* key, const QString& condi
 Obstacle planTime(const QString& caption, const char* column)
 {
     return { Error::PlanValueInvalid,
-        QStringLiteral("SELECT printf('AP%08d', number), '%1', substr(%2, 1, 32) FROM plans WHERE %3 IS NULL")
-            .arg(caption, QLatin1String(column), inUtc(column)) };
+        QStringLiteral("SELECT printf('AP%08d', number), '%1', substr(%2, 1, 32) FROM plans WHERE NOT (%3)")
+            .arg(caption, QLatin1String(column), isMarketTime(column)) };
 }
 
 // Whether a text would come back as it is, for each kind of number.
@@ -273,6 +278,7 @@ QVector<Obstacle> instructionObstacles()
     };
 }
 
+// References are checked, too: other programs do not enforce them.
 QVector<Obstacle> otherObstacles()
 {
     return {
@@ -280,9 +286,24 @@ QVector<Obstacle> otherObstacles()
             QStringLiteral("SELECT symbol FROM securities WHERE price_precision NOT BETWEEN 0 AND 6"
                            " OR display_factor NOT BETWEEN 1 AND 1000000 OR quantity_step NOT BETWEEN 1 AND 1000000"
                            " OR limit_per_mille NOT BETWEEN 0 AND 1000") },
+        { Error::DamagedCloses,
+            QStringLiteral("SELECT coalesce(symbol, security) FROM closing_prices"
+                           " LEFT JOIN securities ON position = security"
+                           " WHERE symbol IS NULL OR last_close < 0 OR NOT (%1)")
+                .arg(isDate("last_day")) },
         { Error::PositionInvalid,
             QStringLiteral("SELECT trading_account, symbol FROM positions WHERE quantity < 0 OR tradeable_quantity < 0"
-                           " OR symbol NOT IN (SELECT symbol FROM securities)") },
+                           " OR symbol NOT IN (SELECT symbol FROM securities)"
+                           " OR trading_account NOT IN (SELECT trading_account FROM accounts)") },
+        { Error::SignatureInvalid,
+            QStringLiteral("SELECT client_no, protocol FROM signatures WHERE NOT (%1)"
+                           " OR protocol NOT IN (SELECT protocol FROM agreements)")
+                .arg(isMarketTime("signed_time")) },
+        { Error::LimitInvalid,
+            QStringLiteral("SELECT trading_account, number FROM limit_exceptions WHERE NOT (%1) OR NOT (%2)"
+                           " OR trading_account NOT IN (SELECT trading_account FROM accounts)"
+                           " OR authorised_by NOT IN (SELECT id FROM users)")
+                .arg(isTime("authorised_time"), isDate("last_day")) },
     };
 }
 

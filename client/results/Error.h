@@ -51,6 +51,8 @@ enum class Error {
     InstructionInvalid,   ///< instruction id, what it contains
     SecurityInvalid,      ///< symbol
     PositionInvalid,      ///< account, symbol
+    SignatureInvalid,     ///< client number, protocol
+    LimitInvalid,         ///< account, number of the exception
     // --- The sample data
     MarketSizeOutOfRange, ///< smallest, largest size
     NoLastClose,

@@ -60,6 +60,8 @@ constexpr Sentence Sentences[] = {
     { Error::InstructionInvalid, "指令%1的内容“%2”无效" },
     { Error::SecurityInvalid, "证券“%1”的价格精度、数量系数、步长或涨跌幅超出范围" },
     { Error::PositionInvalid, "账户“%1”的证券“%2”的持仓无效" },
+    { Error::SignatureInvalid, "客户“%1”对协议“%2”的签署无效" },
+    { Error::LimitInvalid, "账户“%1”的限额例外%2无效" },
     // --- The sample data
     { Error::MarketSizeOutOfRange, "样本市场的证券数量须在%1到%2之间" },
     { Error::NoLastClose, "样本市场缺少最后一个收盘日" },
