@@ -1,11 +1,15 @@
+#include "AgreementStore.h"
 #include "AutoPlanField.h"
 #include "AutoPlanLogic.h"
 #include "ClientClock.h"
 #include "ClientSession.h"
 #include "FaultyDisk.h"
+#include "InstructionIssuer.h"
 #include "LoggedTest.h"
 #include "PlanLedger.h"
+#include "PlanSubmission.h"
 #include "SampleSession.h"
+#include "Signatures.h"
 #include "TestStatus.h"
 #include "WriterProcess.h"
 
@@ -263,6 +267,55 @@ private Q_SLOTS:
         QCOMPARE(*client().plans().count(), 3);
     }
 
+    // After each failed COMMIT, the client looks up what is stored before it answers.
+
+    void theOutcomeOfANewPlanIsLookedUp()
+    {
+        const QString request = PlanRequests::newId();
+        const PlanLedger::Record record = PlanLedger::recordOf(m_base, QStringLiteral("looked up"));
+        checkOutcomes([&] { return PlanSubmission::create(record, request).status(); },
+            [&](Database& other) { return PlanStore(other).create(record, client().changeNow(request)).status(); });
+        QCOMPARE(*client().plans().count(), 2);
+    }
+
+    void theOutcomeOfAChangeIsLookedUp()
+    {
+        const QString request = PlanRequests::newId();
+        const PlanLedger::Record record = PlanLedger::recordOf(m_base, QStringLiteral("looked up"));
+        std::optional<PlanConflict> conflict;
+        checkOutcomes([&] { return PlanSubmission::change(m_plan, 1, record, request, conflict); },
+            [&](Database& other) { return PlanStore(other).modify(m_plan, 1, record, client().changeNow(request)); });
+        QCOMPARE(client().plans().plan(m_plan)->version, 2);
+    }
+
+    void theOutcomeOfADayIsLookedUp()
+    {
+        const QDate day = SampleSession::today();
+        checkOutcomes([&] { return InstructionIssuer::issueDay(day).status(); },
+            [&](Database& other) {
+                return InstructionStore(other).add(m_plan, day, {}, client().changeNow()).status();
+            });
+        QCOMPARE(client().instructions().ofPlan(m_plan)->size(), 1);
+    }
+
+    void theOutcomeOfASignatureIsLookedUp()
+    {
+        const QString protocol =
+            client().database().texts(QStringLiteral("SELECT protocol FROM agreements"), {})->value(0);
+        const QStringList clients = client().accounts().clientNumbers();
+        QVERIFY(!protocol.isEmpty() && !clients.isEmpty());
+        QCOMPARE(client().database().execute(QStringLiteral("DELETE FROM signatures")), Status());
+        checkOutcomes([&] { return signAgreement(protocol, clients); },
+            [&](Database& other) {
+                AgreementStore agreements(other);
+                Status status;
+                for (const QString& number : clients)
+                    status = status ? agreements.sign(protocol, number, client().changeNow()) : status;
+                return status;
+            });
+        QCOMPARE(*client().unsignedClients(protocol), QStringList());
+    }
+
     void aFileThatCannotBeWrittenIsReadAndNotWritten()
     {
         client().close();
@@ -418,6 +471,41 @@ private:
         if (reason.isEmpty())
             m_ledger.acknowledge(m_plan, ++m_version, mark);
         return reason;
+    }
+
+    /// Lets COMMIT fail and calls a function before the client looks up the outcome.
+    static void failCommit(const std::function<void()>& then)
+    {
+        static std::function<void()> latest;
+        latest = then;
+        sqlite3* const connection = client().database().connection();
+        sqlite3_commit_hook(
+            connection, [](void*) { return 1; }, nullptr);
+        sqlite3_rollback_hook(
+            connection, [](void*) { latest(); }, nullptr);
+    }
+
+    /// Sends something whose COMMIT fails: it is not stored, or the file cannot be read afterwards, or it is stored all
+    /// the same, by another connection here.
+    void checkOutcomes(const std::function<Status()>& send, const std::function<Status(Database&)>& store)
+    {
+        failCommit([] {});
+        const Status failed = send();
+        QVERIFY(!failed && failed.error() != Error::OutcomeUnknown);
+        failCommit([] { FaultyDisk::failAt(1, Fault::Taken, Lasting::ForGood, FaultyDisk::Operation::Lock); });
+        QCOMPARE(send(), Status(Error::OutcomeUnknown, {}, failed));
+        FaultyDisk::heal();
+        Status stored = Error::DatabaseNotOpen;
+        failCommit([&] {
+            Database other;
+            stored = other.open(m_session->file());
+            stored = stored ? store(other) : stored;
+        });
+        QCOMPARE(send(), Status());
+        QCOMPARE(stored, Status());
+        sqlite3_commit_hook(client().database().connection(), nullptr, nullptr);
+        sqlite3_rollback_hook(client().database().connection(), nullptr, nullptr);
+        QCOMPARE(send(), Status());
     }
 
     QString timed(const std::function<QString()>& work)

@@ -5,6 +5,8 @@
 #include "ClientSession.h"
 #include "ReadReport.h"
 
+#include <algorithm>
+
 namespace {
 
 Result<StoredAgreement> agreementOf(const QString& protocolId)
@@ -33,6 +35,20 @@ Status signingError(const QString& protocolId, const QStringList& clientNumbers)
     return {};
 }
 
+/// Whether a failed transaction stored the signatures all the same, which is possible if its COMMIT failed.
+Status outcomeOf(const Status& failure, const QString& protocolId, const QStringList& clientNumbers)
+{
+    ClientSession& session = ClientSession::instance();
+    if (!session.database().commitFailed())
+        return failure;
+    const auto open = AgreementStore(session.database()).unsignedClientNumbers(protocolId, session.user().id);
+    if (!open)
+        return { Error::OutcomeUnknown, {}, failure };
+    const bool isSigned = std::none_of(clientNumbers.cbegin(), clientNumbers.cend(),
+        [&open](const QString& number) { return open->contains(number); });
+    return isSigned ? Status() : failure;
+}
+
 } // namespace
 
 QString agreementTitle(const QString& protocolId)
@@ -51,7 +67,7 @@ Status signAgreement(const QString& protocolId, const QStringList& clientNumbers
         return refused;
     ClientSession& session = ClientSession::instance();
     const Change change = session.changeNow();
-    Status status = session.database().transaction([&]() -> Status {
+    const Status status = session.database().transaction([&]() -> Status {
         AgreementStore store(session.database());
         for (const QString& number : clientNumbers) {
             if (Status failed = store.sign(protocolId, number, change); !failed)
@@ -60,7 +76,7 @@ Status signAgreement(const QString& protocolId, const QStringList& clientNumbers
         return {};
     });
     session.forgetSignatures();
-    return status;
+    return status ? status : outcomeOf(status, protocolId, clientNumbers);
 }
 
 AgreementDC& AgreementDC::instance()
