@@ -315,6 +315,18 @@ private Q_SLOTS:
         QCOMPARE(UntrustedFile::withinSeconds(1, file.connection(), fails), Status(Error::DatabaseCorrupt));
     }
 
+    void theCheckOfPagesIsInterruptedAfterATime()
+    {
+        RawFile file(path(QStringLiteral("pages.db")));
+        QCOMPARE(file.execute("PRAGMA page_size = 512; CREATE TABLE t (x); INSERT INTO t VALUES (zeroblob(50000000))"),
+            SQLITE_OK);
+        const auto check = [&file] {
+            return file.execute("PRAGMA quick_check") == SQLITE_INTERRUPT ? Status(Error::DatabaseFailed) : Status();
+        };
+        QCOMPARE(UntrustedFile::withinSeconds(0, file.connection(), check),
+            Status(Error::InspectionTooLong, { QStringLiteral("0") }));
+    }
+
     void contentsCannotExhaustTheMemoryOrChangeTheSchema()
     {
         RawFile file(QStringLiteral(":memory:"));

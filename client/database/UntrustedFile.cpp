@@ -3,13 +3,15 @@
 #include "Schema.h"
 #include "SqliteStatus.h"
 
-#include <QDeadlineTimer>
 #include <QFileInfo>
 #include <QMap>
 #include <QPair>
+#include <QSemaphore>
+#include <QThread>
 
 #include <sqlite3.h>
 
+#include <atomic>
 #include <memory>
 
 namespace {
@@ -23,8 +25,7 @@ constexpr int MostColumns = 100;
 constexpr int DeepestExpression = 100;
 // Of all connections of the process together.
 constexpr qint64 LargestMemory = GiB / 2;
-// Instructions of SQLite's virtual machine between two looks at the clock.
-constexpr int StepsPerCheck = 10000;
+constexpr int InterruptInterval = 5; // milliseconds
 constexpr int LongestShownName = 64;
 
 struct Closer {
@@ -108,11 +109,6 @@ Status refusal(Error error, const Object& object)
     return { error, { kindName(object.first), object.second.left(LongestShownName) } };
 }
 
-int hasExpired(void* deadline)
-{
-    return static_cast<const QDeadlineTimer*>(deadline)->hasExpired() ? 1 : 0;
-}
-
 } // namespace
 
 Status UntrustedFile::checkFiles(const QString& database)
@@ -162,13 +158,22 @@ Status UntrustedFile::checkSchema(sqlite3* connection, int version)
     return status && !missing.isEmpty() ? refusal(Error::MissingObject, missing.lastKey()) : status;
 }
 
+// From another thread: SQLite 3.40 does not call a progress handler while it walks through the pages. An interruption
+// only ends statements that run, so it is repeated.
 Status UntrustedFile::withinSeconds(int seconds, sqlite3* connection, const std::function<Status()>& work)
 {
-    QDeadlineTimer deadline(std::chrono::seconds{ seconds });
-    sqlite3_progress_handler(connection, StepsPerCheck, hasExpired, &deadline);
+    QSemaphore done;
+    std::atomic_bool hasExpired{ false };
+    const std::unique_ptr<QThread> watch(QThread::create([&] {
+        hasExpired = !done.tryAcquire(1, seconds * 1000);
+        while (hasExpired && !done.tryAcquire(1, InterruptInterval))
+            sqlite3_interrupt(connection);
+    }));
+    watch->start();
     const Status status = work();
-    sqlite3_progress_handler(connection, 0, nullptr, nullptr);
-    if (!status && deadline.hasExpired())
+    done.release();
+    watch->wait();
+    if (!status && hasExpired)
         return { Error::InspectionTooLong, { QString::number(seconds) } };
     return status;
 }
