@@ -5,12 +5,14 @@
 #include "SampleSession.h"
 #include "TestStatus.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <QtTest>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -42,6 +44,42 @@ public:
 
 private:
     const mode_t m_former;
+};
+
+/// Another user than root, who may write everywhere; the present user unless that is root. Gets a folder with its
+/// files.
+class OrdinaryUser {
+public:
+    explicit OrdinaryUser(const QString& folder)
+        : m_isRoot(::geteuid() == 0)
+    {
+        if (!m_isRoot)
+            return;
+        take(folder);
+        for (const QFileInfo& file : QDir(folder).entryInfoList(QDir::Files))
+            take(file.filePath());
+        m_isTaken = ::setresuid(Nobody, Nobody, 0) == 0;
+    }
+    ~OrdinaryUser()
+    {
+        if (m_isRoot && ::setresuid(0, 0, 0) != 0)
+            qFatal("still another user");
+    }
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+
+    bool isTaken() const { return m_isTaken; }
+
+private:
+    static constexpr uid_t Nobody = 65534;
+
+    void take(const QString& path)
+    {
+        m_isTaken = m_isTaken && ::chown(QFile::encodeName(path).constData(), Nobody, Nobody) == 0;
+    }
+
+    const bool m_isRoot;
+    bool m_isTaken = true;
 };
 
 Status notBackedUp(const QString& database, const Status& cause)
@@ -81,6 +119,29 @@ private Q_SLOTS:
         Database database;
         QCOMPARE(database.open(file), Status());
         QCOMPARE(modeOf(file), shared);
+    }
+
+    void aDatabaseThatCannotBeWrittenIsReadIfItsFolderCanBeWritten()
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("plans.db"));
+        QCOMPARE(Database().open(file), Status());
+        const OrdinaryUser user(folder.path());
+        QVERIFY(user.isTaken());
+        QVERIFY(QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::ExeOwner));
+        Database database;
+        QCOMPARE(database.open(file), Status(Error::CannotOpenDatabase, { file }, Error::FolderNotWritable));
+        QVERIFY(QFile::setPermissions(folder.path(), OwnerOnly | QFile::ExeOwner));
+        QVERIFY(QFile::setPermissions(file, QFile::ReadOwner));
+        QCOMPARE(database.open(file), Status());
+        QCOMPARE(database.value(QStringLiteral("SELECT count(*) FROM plans"))->toInt(), 0);
+        QCOMPARE(database.execute(QStringLiteral("DELETE FROM plans")), Status(Error::DatabaseReadOnly));
+        database.close();
+        // The companions were made like the database.
+        for (const char* const suffix : { "", "-wal", "-shm" })
+            QVERIFY(QFile::setPermissions(file + QLatin1String(suffix), OwnerOnly));
+        QCOMPARE(database.open(file), Status());
+        QCOMPARE(database.execute(QStringLiteral("DELETE FROM plans")), Status());
     }
 
     void aBackupOfARunningClientCanBeRestored()

@@ -33,6 +33,7 @@ void addDatabaseRows()
     addRow("数据库版本99高于本程序支持的版本3，请升级程序",
         { Error::NewerDatabase, { QStringLiteral("99"), QStringLiteral("3") } });
     addRow("数据库无法启用预写日志", Error::NoWriteAheadLog);
+    addRow("数据库所在的文件夹不可写，无法建立预写日志", Error::FolderNotWritable);
     addRow("升级数据库失败，磁盘空间不足，无法写入数据库", { Error::MigrationFailed, {}, Error::DiskFull });
     addRow(
         "数据库含有来历不明的触发器“t”", { Error::UnknownObject, { QStringLiteral("触发器"), QStringLiteral("t") } });

@@ -260,6 +260,9 @@ Status Database::note(const Status& status)
 // SQLite reports the end of the row numbers like a full disk.
 Status Database::explained(const Status& failure)
 {
+    // Qt passes on codes without their details.
+    if (failure.error() == Error::DatabaseReadOnly)
+        return SqliteStatus::last(connection());
     if (failure.error() != Error::DiskFull)
         return failure;
     QSqlQuery used(m_connection);

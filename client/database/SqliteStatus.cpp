@@ -6,6 +6,8 @@
 
 Status SqliteStatus::of(int code, const QString& text)
 {
+    if (code == SQLITE_READONLY_DIRECTORY)
+        return Error::FolderNotWritable;
     switch (code & 0xff) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
@@ -35,5 +37,5 @@ Status SqliteStatus::of(const QSqlError& error)
 
 Status SqliteStatus::last(sqlite3* connection)
 {
-    return of(sqlite3_errcode(connection), QString::fromUtf8(sqlite3_errmsg(connection)));
+    return of(sqlite3_extended_errcode(connection), QString::fromUtf8(sqlite3_errmsg(connection)));
 }

@@ -23,6 +23,7 @@ enum class Error {
     ForeignDatabase,
     NewerDatabase, ///< the file's version, the latest known one
     NoWriteAheadLog,
+    FolderNotWritable,
     MigrationFailed,   ///< cause
     UnknownObject,     ///< kind, name
     ChangedObject,     ///< kind, name

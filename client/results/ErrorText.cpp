@@ -32,6 +32,7 @@ constexpr Sentence Sentences[] = {
     { Error::ForeignDatabase, "该文件属于其他程序" },
     { Error::NewerDatabase, "数据库版本%1高于本程序支持的版本%2，请升级程序" },
     { Error::NoWriteAheadLog, "数据库无法启用预写日志" },
+    { Error::FolderNotWritable, "数据库所在的文件夹不可写，无法建立预写日志" },
     { Error::MigrationFailed, "升级数据库失败，%1" },
     { Error::UnknownObject, "数据库含有来历不明的%1“%2”" },
     { Error::ChangedObject, "数据库的%1“%2”被改动过" },
