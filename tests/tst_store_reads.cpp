@@ -198,6 +198,7 @@ private Q_SLOTS:
     void aDayOnAFailingDiskIsIssuedWholeOrNotAtAll_data();
     void aDayOnAFailingDiskIsIssuedWholeOrNotAtAll();
     void damageIsReportedAfterTheStart();
+    void aThreadCreatesNoFile();
     void anEndlessReadEndsWithItsThread();
     void aFaultInTheLocksOfTheLogIsReportedWithinASecond_data();
     void aFaultInTheLocksOfTheLogIsReportedWithinASecond();
@@ -474,6 +475,21 @@ void TestStoreReads::damageIsReportedAfterTheStart()
     QTRY_COMPARE(reported.size(), 1);
     disconnect(connection);
     QCOMPARE(reported.constFirst(), Status(Error::DatabaseCorrupt));
+}
+
+void TestStoreReads::aThreadCreatesNoFile()
+{
+    const QString missing = m_session->file() + QStringLiteral(".missing");
+    Status status;
+    QSemaphore done;
+    DatabaseThread thread(QStringLiteral("missing"), missing);
+    thread.run([&status, &done](Database&, const Status& opened) {
+        status = opened;
+        done.release();
+    });
+    done.acquire();
+    QCOMPARE(status, Status(Error::CannotOpenDatabase, { missing }, Error::DatabaseFileChanged));
+    QVERIFY(!QFile::exists(missing));
 }
 
 void TestStoreReads::anEndlessReadEndsWithItsThread()

@@ -1,5 +1,7 @@
 #include "DatabaseThread.h"
 
+#include <QFileInfo>
+
 #include <sqlite3.h>
 
 namespace {
@@ -19,13 +21,23 @@ public:
 
     void run(const Job& job)
     {
-        const Status opened = m_database.isOpen() ? Status() : m_database.open(m_fileName);
+        const Status opened = open();
         m_thread.setRunning(m_database.connection());
         job(m_database, opened);
         m_thread.setRunning(nullptr);
     }
 
 private:
+    // The client has opened the file before. In the place of one that is gone, a new one would be created.
+    Status open()
+    {
+        if (m_database.isOpen())
+            return {};
+        if (!QFileInfo::exists(m_fileName))
+            return { Error::CannotOpenDatabase, { m_fileName }, Error::DatabaseFileChanged };
+        return m_database.open(m_fileName);
+    }
+
     DatabaseThread& m_thread;
     const QString m_fileName;
     Database m_database;

@@ -14,7 +14,7 @@ public:
     /// Runs on the thread. `opened`: whether the database can be read.
     using Job = std::function<void(Database& database, const Status& opened)>;
 
-    /// `fileName`: the database, opened by the first job and closed after the last.
+    /// `fileName`: the database, opened by the first job and closed after the last. A missing one is not created.
     DatabaseThread(const QString& name, const QString& fileName);
     /// Interrupts the running job, waits for it and drops the waiting ones.
     ~DatabaseThread();
