@@ -189,6 +189,10 @@ void addProgramRows()
     addRow("多余的参数：b", { Error::ExtraArgument, { QStringLiteral("b") } });
     addRow("缺少目录", Error::NoFolder);
     addRow("命令backup应有一个参数", { Error::CommandWithoutArgument, { QStringLiteral("backup") } });
+    addRow("选项--json只用于命令history",
+        { Error::OptionOfCommand, { QStringLiteral("json"), QStringLiteral("history") } });
+    addRow("命令backup没有选项--json",
+        { Error::OptionNotOfCommand, { QStringLiteral("json"), QStringLiteral("backup") } });
     addRow("无法写入文件a.csv", { Error::FileNotWritten, { QStringLiteral("a.csv") } });
     addRow("选项--user缺少取值", { Error::OptionWithoutValue, { QStringLiteral("user") } });
     addRow("没有皮肤“pink”，可选：light、dark",

@@ -110,6 +110,11 @@ private Q_SLOTS:
         row("a number below one", "--securities 0", "证券数量“0”不是正整数");
         row("a day that does not exist", "--issue-day 2024-02-30", "日期“2024-02-30”无效，格式为yyyy-MM-dd");
         row("a day in another format", "--issue-day 2024-5-6", "日期“2024-5-6”无效，格式为yyyy-MM-dd");
+        row("JSON without a command", "--json", "选项--json只用于命令history");
+        row("JSON of another command", "backup a --json", "命令backup没有选项--json");
+        row("a user of a command without one", "import-closures a --user trader01",
+            "命令import-closures没有选项--user");
+        row("a day with a command", "history AP00000001 --issue-day 2024-05-06", "命令history没有选项--issue-day");
         row("a job of the walk-through", "--walkthrough folder", "未知选项：walkthrough");
         const auto walk = [](const char* name, const char* arguments, const char* error) {
             QTest::newRow(name) << Program::WalkThrough << QString::fromUtf8(arguments) << QString::fromUtf8(error);
@@ -162,7 +167,7 @@ private Q_SLOTS:
     void theHelpNamesEveryOption()
     {
         const QString help = read(QStringLiteral("--help"))->help;
-        for (const char* name : { "user", "database", "skin", "language", "securities", "issue-day", "help" })
+        for (const char* name : { "user", "database", "skin", "language", "securities", "issue-day", "json", "help" })
             QVERIFY2(help.contains(QStringLiteral("--") + QLatin1String(name)), name);
         QVERIFY(help.startsWith(QStringLiteral("用法：")));
     }
@@ -281,6 +286,16 @@ private Q_SLOTS:
         QCOMPARE(ClientSession::instance().instructions().ofPlan(plan)->size(), 1);
         QCOMPARE(runProgram(arguments).output,
             QStringLiteral("2024-05-07：新下达指令0条，此前已下达的计划1个，未下达的计划0个。\n"));
+    }
+
+    void aDayOfAMissingFileCreatesNothing()
+    {
+        const QString missing = session().file() + QStringLiteral(".missing");
+        const ProgramEnd end = runProgram(
+            { QStringLiteral("--database"), missing, QStringLiteral("--issue-day"), QStringLiteral("2024-05-07") });
+        QCOMPARE(end.code, 2);
+        QVERIFY2(end.errors.contains(QStringLiteral("文件不存在")), qPrintable(end.errors));
+        QVERIFY(!QFile::exists(missing));
     }
 
     void aDayIsIssuedInEveryLocale_data()

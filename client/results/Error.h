@@ -144,6 +144,8 @@ enum class Error {
     NoDisplay,
     NoTranslation,          ///< file
     CommandWithoutArgument, ///< command
+    OptionOfCommand,        ///< option, command that has it
+    OptionNotOfCommand,     ///< option, command that does not have it
     FileNotWritten,         ///< file
     DatabaseHasSecurities,  ///< file, how many
     // --- Price formulas

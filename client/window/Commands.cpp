@@ -55,9 +55,6 @@ QString asJson(const QVector<HistoryEntry>& entries)
 // Only of a plan that the user may see.
 Result<QString> planHistory(const Options& options)
 {
-    const QString file = databaseOf(options);
-    if (!QFileInfo(file).isFile())
-        return Status(Error::CannotOpenDatabase, { file }, Error::NotAFile);
     if (Status status = startSession(options); !status)
         return status;
     ClientSession& session = ClientSession::instance();

@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QHash>
 #include <QLocale>
+#include <QMap>
 #include <QTranslator>
 
 namespace {
@@ -32,6 +33,22 @@ public:
         return qstrcmp(context, "QCommandLineParser") == 0 ? texts.value(source) : QString();
     }
 };
+
+const QString Backup = QStringLiteral("backup");
+const QString History = QStringLiteral("history");
+const QString ImportClosures = QStringLiteral("import-closures");
+
+/// The names of the options that each command has.
+const QMap<QString, QStringList>& optionsOfCommands()
+{
+    static const QString database = QStringLiteral("database");
+    static const QMap<QString, QStringList> options{
+        { Backup, { database } },
+        { History, { database, QStringLiteral("json"), QStringLiteral("user") } },
+        { ImportClosures, {} },
+    };
+    return options;
+}
 
 class CommandLine {
 public:
@@ -94,13 +111,27 @@ private:
     Status checkCommand() const
     {
         const QStringList command = m_parser.positionalArguments();
+        if (command.isEmpty() && m_parser.isSet(m_json))
+            return { Error::OptionOfCommand, { m_json.names().constFirst(), History } };
         if (command.isEmpty())
             return {};
         if (!commandNames().contains(command.at(0)))
             return { Error::ExtraArgument, { command.at(0) } };
         if (command.size() > 2)
             return { Error::ExtraArgument, { command.at(2) } };
-        return command.value(1).isEmpty() ? Status(Error::CommandWithoutArgument, { command.at(0) }) : Status();
+        if (command.value(1).isEmpty())
+            return { Error::CommandWithoutArgument, { command.at(0) } };
+        return checkOptionsOf(command.at(0));
+    }
+
+    Status checkOptionsOf(const QString& command) const
+    {
+        const QStringList names = m_parser.optionNames();
+        for (const QString& name : names) {
+            if (!optionsOfCommands().value(command).contains(name))
+                return { Error::OptionNotOfCommand, { name, command } };
+        }
+        return {};
     }
 
     Status checkValues() const
@@ -178,7 +209,6 @@ Result<Options> readOptions(const QStringList& arguments, Program program)
 
 const QStringList& commandNames()
 {
-    static const QStringList names{ QStringLiteral("backup"), QStringLiteral("history"),
-        QStringLiteral("import-closures") };
+    static const QStringList names = optionsOfCommands().keys();
     return names;
 }

@@ -77,6 +77,9 @@ QString databaseOf(const Options& options)
 Status startSession(const Options& options)
 {
     const QString file = databaseOf(options);
+    // Only the window and the walk-through start with sample data; elsewhere the file's name is mistyped.
+    if (!options.wantsWindow() && options.folder.isEmpty() && !QFileInfo::exists(file))
+        return Status(Error::CannotOpenDatabase, { file }, Error::NotAFile);
     ClientSession::Options sample;
     sample.marketSize = options.securities;
     SampleProgress progress(options.wantsWindow());

@@ -2,8 +2,8 @@
 
 #include "Options.h"
 
-/// Opens the database of the options and logs in their user. A new database gets its sample data, with a progress
-/// dialog, or on the console without a window.
+/// Opens the database of the options and logs in their user. The window and the walk-through create a missing database
+/// with sample data and show the progress, in a dialog or on the console. Otherwise a missing one is refused.
 Status startSession(const Options& options);
 
 /// The absolute path of the options' database.
