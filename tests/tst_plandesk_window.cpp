@@ -565,6 +565,33 @@ private Q_SLOTS:
         QCOMPARE(window().statusBar()->currentMessage(), QStringLiteral("共3个计划"));
     }
 
+    void rowsOfAFileThatIsGoneAreMarked()
+    {
+        openWindow();
+        const QString plan = createSamples(3).constFirst();
+        QVERIFY(press(&window(), Qt::Key_F5));
+        const auto* const mark = field<QLabel>(window(), "outdated");
+        QVERIFY(!mark->isVisible());
+        const QString gone = errorText(Error::DatabaseFileChanged);
+        // The check of all pages may start now and report the missing file, too.
+        log().allowWarning(gone);
+        const QString away = session().file() + QStringLiteral(".away");
+        QVERIFY(QFile::rename(session().file(), away));
+        QVERIFY(press(&window(), Qt::Key_F5));
+        QVERIFY(window().statusBar()->currentMessage().endsWith(gone));
+        QVERIFY(mark->isVisible());
+        QVERIFY2(mark->text().startsWith(QStringLiteral("刷新失败：%1。列表仍是").arg(gone)), qPrintable(mark->text()));
+        QCOMPARE(field<QTableView>(window(), "planTable")->model()->rowCount(), 3);
+        window().selectPlan(plan);
+        QCOMPARE(window().currentPlan(), plan);
+
+        QVERIFY(QFile::rename(away, session().file()));
+        QVERIFY(press(&window(), Qt::Key_F5));
+        QVERIFY(!mark->isVisible());
+        ClientSession::instance().close();
+        QCoreApplication::processEvents();
+    }
+
     void failedReadsOfTheEditorOpenOneBox()
     {
         openWindow();

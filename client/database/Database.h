@@ -39,6 +39,8 @@ public:
     bool isOpen() const;
     /// The opened file, empty while closed.
     QString fileName() const;
+    /// Fails if the file was deleted, exchanged, moved or linked. The connection still reads it then.
+    Status checkFile() { return m_files.check(); }
     /// SQLite's connection; null while closed.
     sqlite3* connection() const;
 

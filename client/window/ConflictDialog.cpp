@@ -1,12 +1,12 @@
 #include "ConflictDialog.h"
 
+#include "HistoryTexts.h"
 #include "PlainText.h"
 #include "PlanFormatter.h"
 
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLocale>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -41,7 +41,7 @@ ConflictDialog::ConflictDialog(const PlanConflict& conflict, QWidget* parent)
     setObjectName(QStringLiteral("planConflict"));
     setWindowTitle(tr("计划%1已被修改").arg(conflict.stored.id));
     setWindowModality(Qt::WindowModal);
-    const QString time = QLocale::c().toString(conflict.time, QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+    const QString time = HistoryTexts::timeText(conflict.time);
     auto* const text = PlainText::newLabel(tr("您打开计划后，%1于%2保存了第%3版。请核对不同之处，选择如何继续。")
                                                .arg(conflict.user, time, QString::number(conflict.stored.version)),
         this);

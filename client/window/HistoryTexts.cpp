@@ -88,12 +88,12 @@ QString printable(QString text)
     return text;
 }
 
-QString timeText(const QDateTime& time)
+} // namespace
+
+QString HistoryTexts::timeText(const QDateTime& time)
 {
     return QLocale::c().toString(time, QStringLiteral("yyyy-MM-dd HH:mm:ss"));
 }
-
-} // namespace
 
 QString HistoryTexts::event(const HistoryEntry& entry)
 {

@@ -7,6 +7,8 @@
 /// The history of a plan in words and as JSON.
 namespace HistoryTexts {
 
+/// The time as "yyyy-MM-dd HH:mm:ss".
+QString timeText(const QDateTime& time);
 /// What happened: the event, and the changed fields with their texts before and after.
 QString event(const HistoryEntry& entry);
 /// Time, event, user and client in one line.

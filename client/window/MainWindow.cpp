@@ -5,6 +5,7 @@
 #include "ClientSession.h"
 #include "EditorDialog.h"
 #include "ErrorText.h"
+#include "HistoryTexts.h"
 #include "OrloWidget.h"
 #include "PlainText.h"
 #include "PlanDetails.h"
@@ -24,6 +25,7 @@
 #include <QStatusBar>
 #include <QTableView>
 #include <QToolBar>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -42,6 +44,7 @@ MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent)
     , m_plans(new PlanTableModel(this))
     , m_table(new QTableView(this))
+    , m_outdated(PlainText::newLabel(QString(), this))
     , m_details(new PlanDetails(this))
     , m_editor(new EditorDialog(this))
 {
@@ -51,7 +54,7 @@ MainWindow::MainWindow(QWidget* parent)
     resize(UsualSize);
     m_table->setAccessibleName(tr("计划列表"));
     auto* const halves = new QSplitter(this);
-    halves->addWidget(m_table);
+    halves->addWidget(buildList());
     halves->addWidget(m_details);
     halves->setStretchFactor(0, 1);
     halves->setSizes({ UsualSize.width() - DetailsWidth, DetailsWidth });
@@ -99,6 +102,21 @@ void MainWindow::closeEvent(QCloseEvent* event)
     if (m_editor->isVisible())
         m_editor->leave();
     QMainWindow::closeEvent(event);
+}
+
+QWidget* MainWindow::buildList()
+{
+    m_outdated->setObjectName(QStringLiteral("outdated"));
+    m_outdated->setProperty("faulty", true);
+    m_outdated->setWordWrap(true);
+    m_outdated->setMargin(CellMargin / 2);
+    m_outdated->hide();
+    auto* const list = new QWidget(this);
+    auto* const rows = new QVBoxLayout(list);
+    rows->setContentsMargins(QMargins());
+    rows->addWidget(m_outdated);
+    rows->addWidget(m_table);
+    return list;
 }
 
 void MainWindow::buildTable()
@@ -200,7 +218,13 @@ void MainWindow::refresh()
 {
     const QString current = currentPlan();
     const Status status = m_plans->refresh();
+    if (status)
+        m_read = QDateTime::currentDateTime();
+    else
+        m_outdated->setText(tr("刷新失败：%1。列表仍是%2读取的内容，可能已经过时。")
+                                .arg(errorText(status), HistoryTexts::timeText(m_read)));
     statusBar()->showMessage(status ? tr("共%1个计划").arg(m_plans->planCount()) : errorText(status));
+    m_outdated->setVisible(!status);
     selectPlan(current);
 }
 

@@ -2,12 +2,14 @@
 
 #include "Status.h"
 
+#include <QDateTime>
 #include <QMainWindow>
 
 class EditorDialog;
 class PlanDetails;
 class PlanTableModel;
 class QAction;
+class QLabel;
 class QTableView;
 
 /// The client's window: the stored plans, the fields of the current plan, and the editor in its dialog.
@@ -32,6 +34,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    QWidget* buildList();
     void buildTable();
     void buildActions();
     void buildStatus();
@@ -48,11 +51,13 @@ private:
 
     PlanTableModel* m_plans;
     QTableView* m_table;
+    QLabel* m_outdated; ///< shown while the rows could not be read again
     PlanDetails* m_details;
     EditorDialog* m_editor;
     QAction* m_edit = nullptr;
     QAction* m_copy = nullptr;
     QString m_skin;
+    QDateTime m_read;            ///< when the rows were read
     bool m_showsFailure = false; ///< a box with a failed read is open or about to open
     QString m_storedPlan;        ///< the plan stored while the editor was open; empty if none was stored
 };

@@ -22,6 +22,8 @@ PlanTableModel::PlanTableModel(QObject* parent)
 Status PlanTableModel::refresh()
 {
     ClientSession& session = ClientSession::instance();
+    if (Status status = session.database().checkFile(); !status)
+        return status;
     const Result<int> count = session.isOpen() ? session.plans().count() : Result<int>(0);
     if (!count)
         return count.status();

@@ -28,7 +28,7 @@ public:
 
     explicit PlanTableModel(QObject* parent = nullptr);
 
-    /// Reads the number of plans again and drops all pages. Keeps the rows if it fails.
+    /// Reads the number of plans again and drops all pages. Keeps the rows if it fails, also because the file is gone.
     Status refresh();
     /// The number of stored plans; `rowCount` of them are rows so far.
     int planCount() const { return m_count; }
