@@ -3,6 +3,9 @@
 #include "AutoPlanField.h"
 #include "ClientWindowTest.h"
 #include "ConflictDialog.h"
+#include "HistoryTexts.h"
+#include "InstructionTargetType.h"
+#include "PlanCodes.h"
 #include "PlanDetails.h"
 
 #include <QJsonArray>
@@ -15,7 +18,10 @@
 #include <QTableWidget>
 #include <QtTest>
 
+#include <algorithm>
+
 namespace BaseField = AutoPlanField::BaseField;
+using namespace PlanCodes;
 
 namespace {
 
@@ -124,6 +130,73 @@ private Q_SLOTS:
             qPrintable(texts.join(QLatin1Char('\n'))));
     }
 
+    void theWindowSaysThatThereAreMoreEntries()
+    {
+        const QString more = QStringLiteral("最近的100条，全部历史见命令plandesk history");
+        const QString plan = createSamples(1).constFirst();
+        addEntries(plan, 99);
+        openWindow();
+        QCOMPARE(detailTexts().filter(QStringLiteral("指令变更")).size(), 99);
+        QVERIFY(detailTexts().contains(QStringLiteral("trader01 新建")));
+        QVERIFY(!detailTexts().contains(more));
+        addEntries(plan, 1);
+        QVERIFY(ClientWindowTest::press(&window(), Qt::Key_F5));
+        QCOMPARE(detailTexts().filter(QStringLiteral("指令变更")).size(), 100);
+        QVERIFY(!detailTexts().contains(QStringLiteral("trader01 新建")));
+        QVERIFY(detailTexts().contains(more));
+    }
+
+    void theTextsOfTheHistoryHaveTheWidthOfThePane()
+    {
+        createSamples(1);
+        openWindow();
+        const auto* const details = window().findChild<PlanDetails*>();
+        const auto labels = details->findChildren<QLabel*>();
+        const auto created = std::find_if(labels.cbegin(), labels.cend(),
+            [](const QLabel* label) { return label->text() == QStringLiteral("trader01 新建"); });
+        QVERIFY(created != labels.cend());
+        QTRY_VERIFY_WITH_TIMEOUT(4 * (*created)->width() > 3 * details->viewport()->width(), Patience);
+    }
+
+    void aDamagedEntryIsReported()
+    {
+        const QString plan = createSamples(1).constFirst();
+        const Result<qint64> number = ClientSession::instance().database().insert(
+            QStringLiteral("INSERT INTO history (event, plan, version, before, user, time, client) VALUES"
+                           " ('changed', ?, 2, '{bad}', 'trader02', '2024-05-06T10:30:00.000Z', 'c')"),
+            { PlanId::toNumber(plan).value_or(0) });
+        QCOMPARE(number.status(), Status());
+        const QString damaged = QStringLiteral("历史记录%1已损坏").arg(*number);
+        openWindow();
+        QVERIFY(detailTexts().contains(damaged));
+        for (const QStringList& format : { QStringList(), QStringList{ QStringLiteral("--json") } })
+            QVERIFY(QString::fromUtf8(run(QStringList{ plan } + format, 1))
+                        .endsWith(QStringLiteral("plandesk: %1\n").arg(damaged)));
+    }
+
+    void aLineHasNoControlCharacters()
+    {
+        HistoryEntry entry{ HistoryEvent::Signed, 0, 0, QStringLiteral("a\x1b[31m\nb\tc\u009b"), {}, {} };
+        entry.user = QStringLiteral("u\r\b");
+        entry.client = QStringLiteral("host\a:1");
+        entry.time = ChangeTime.toLocalTime();
+        QCOMPARE(HistoryTexts::line(entry),
+            QStringLiteral("2024-05-06 18:30:00 签署协议：a\uFFFD[31m b\uFFFDc\uFFFD（u\uFFFD\uFFFD，host\uFFFD:1）"));
+    }
+
+    void amountsAreInYuan()
+    {
+        HistoryEntry entry{ HistoryEvent::Issued, 1, 1, QStringLiteral("AP00000001-000001"), {}, {} };
+        entry.after = { { FieldId::TargetType, InstructionTargetType::AmountOrder },
+            { FieldId::IssuedQty, QStringLiteral("300") }, { FieldId::IssuedAmount, QStringLiteral("10050.00") },
+            { FieldId::FilledQty, QStringLiteral("100") }, { QStringLiteral("cumAmount"), QStringLiteral("0.29") },
+            { FieldId::EndState, EndState::Ended } };
+        QCOMPARE(
+            HistoryTexts::event(entry), QStringLiteral("下达指令：AP00000001-000001 下达10050.00元 成交0.29元 已结束"));
+        entry.after.insert(FieldId::TargetType, InstructionTargetType::QtyOrder);
+        QCOMPARE(HistoryTexts::event(entry), QStringLiteral("下达指令：AP00000001-000001 下达300 成交100 已结束"));
+    }
+
     void theProgramPrintsTheHistory()
     {
         const QString plan = createSamples(1).constFirst();
@@ -181,6 +254,13 @@ private Q_SLOTS:
         QVERIFY(detailTexts().contains(QString(2000, QLatin1Char('x')) + QStringLiteral("……（共100000字）")));
     }
 
+    void theProgramPrintsNoHistoryOfTheOthersPlans()
+    {
+        const QString plan = createSamples(1).constFirst();
+        QVERIFY(QString::fromUtf8(run({ plan, QStringLiteral("--user"), QStringLiteral("trader09") }, 1))
+                    .endsWith(QStringLiteral("plandesk: 计划“%1”不存在\n").arg(plan)));
+    }
+
     void theProgramKnowsNoHistoryOfAnUnknownPlan()
     {
         QVERIFY(QString::fromUtf8(run({ QStringLiteral("AP00000099") }, 1))
@@ -211,6 +291,17 @@ private:
         record.insert(BaseField::totalQty, QStringLiteral("2000"));
         record.insert(BaseField::remark, QStringLiteral("改"));
         QCOMPARE(PlanStore(other).modify(plan, version, record, { Colleague, ChangeTime }), Status());
+    }
+
+    static void addEntries(const QString& plan, int count)
+    {
+        QCOMPARE(ClientSession::instance().database().execute(
+                     QStringLiteral("WITH RECURSIVE n (n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM n WHERE n < ?)"
+                                    " INSERT INTO history (event, plan, version, subject, user, time, client)"
+                                    " SELECT 'instruction changed', ?, 1, 'i', 'trader01',"
+                                    " '2024-05-06T10:30:00.000Z', 'c' FROM n"),
+                     { count, PlanId::toNumber(plan).value_or(0) }),
+            Status());
     }
 
     /// Opens a plan of 1,000 shares, lets a colleague make it 2,000, and sends 3,000.

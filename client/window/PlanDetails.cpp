@@ -11,7 +11,7 @@
 #include "PlanFormatter.h"
 
 #include <QFormLayout>
-#include <QLocale>
+#include <QVBoxLayout>
 
 using namespace PlanCodes;
 
@@ -39,6 +39,21 @@ QString instructionText(const Fields& fields)
     const QString state =
         field(FieldId::EndState) == EndState::Ended ? QStringLiteral("已结束") : QStringLiteral("进行中");
     return QStringLiteral("下达 %1，成交 %2，%3").arg(issued, filled, state);
+}
+
+QLabel* newCaption(const QString& text)
+{
+    auto* const label = new OrloHintLabel;
+    label->setText(text);
+    return label;
+}
+
+QLabel* newValue(const QString& text)
+{
+    QLabel* const label = PlainText::newLabel(shortened(text), nullptr);
+    label->setWordWrap(true);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return label;
 }
 
 } // namespace
@@ -83,12 +98,9 @@ void PlanDetails::addHeading(QFormLayout* rows, const QString& text)
 
 void PlanDetails::addRow(QFormLayout* rows, const QString& caption, const QString& text)
 {
-    auto* const label = new OrloHintLabel;
-    label->setText(caption);
+    QLabel* const label = newCaption(caption);
+    QLabel* const value = newValue(text);
     label->setAlignment(Qt::AlignRight | Qt::AlignTop);
-    QLabel* const value = PlainText::newLabel(shortened(text), nullptr);
-    value->setWordWrap(true);
-    value->setTextInteractionFlags(Qt::TextSelectableByMouse);
     label->setBuddy(value);
     rows->addRow(label, value);
 }
@@ -110,13 +122,25 @@ void PlanDetails::addHistory(QFormLayout* rows, const QString& planId)
     const auto number = PlanId::toNumber(planId);
     if (!number)
         return;
-    const auto entries = HistoryStore(ClientSession::instance().database()).ofPlan(*number, MostEntries);
+    // One more, to know whether there are more.
+    const auto entries = HistoryStore(ClientSession::instance().database()).ofPlan(*number, MostEntries + 1);
     addHeading(rows, tr("历史"));
-    if (!entries)
-        addRow(rows, QString(), errorText(entries.status()));
-    else if (entries->size() == MostEntries)
-        addRow(rows, QString(), tr("最近的%1条，全部历史见命令plandesk history").arg(MostEntries));
-    for (const HistoryEntry& entry : entries.valueOr({}))
-        addRow(rows, QLocale::c().toString(entry.time, QStringLiteral("yyyy-MM-dd HH:mm:ss")),
-            QStringLiteral("%1 %2").arg(entry.user, HistoryTexts::event(entry)));
+    if (!entries) {
+        rows->addRow(newValue(errorText(entries.status())));
+        return;
+    }
+    const int hidden = qMax(0, static_cast<int>(entries->size()) - MostEntries);
+    if (hidden > 0)
+        rows->addRow(newValue(tr("最近的%1条，全部历史见命令plandesk history").arg(MostEntries)));
+    for (const HistoryEntry& entry : entries->mid(hidden)) {
+        QLabel* const time = newCaption(HistoryTexts::timeText(entry.time));
+        QLabel* const event = newValue(QStringLiteral("%1 %2").arg(entry.user, HistoryTexts::event(entry)));
+        time->setBuddy(event);
+        // One below the other: a time beside it would take half of the width.
+        auto* const lines = new QVBoxLayout;
+        lines->setSpacing(0);
+        lines->addWidget(time);
+        lines->addWidget(event);
+        rows->addRow(lines);
+    }
 }
