@@ -68,6 +68,8 @@ set(CPACK_COMPONENT_CLIENT_DEPENDS runtime platform)
 set(CPACK_COMPONENT_WALKTHROUGH_DEPENDS runtime platform)
 set(CPACK_COMPONENT_DESIGNER_DEPENDS platform)
 set(CPACK_DEBIAN_CLIENT_PACKAGE_RECOMMENDS fonts-noto-cjk)
+# For a database on a server instead of a file.
+set(CPACK_DEBIAN_PLATFORM_PACKAGE_SUGGESTS libqt5sql5-psql)
 # CPack writes scripts that call ldconfig for each package with a library; they do no harm beside the trigger.
 foreach(component runtime platform)
     string(TOUPPER ${component} key)
