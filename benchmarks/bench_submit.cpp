@@ -84,7 +84,7 @@ void fill(AutoParamSetting& editor)
 class BareFile {
 public:
     BareFile()
-        : m_file(ClientSession::instance().database().fileName() + QStringLiteral("-bare"))
+        : m_file(ClientSession::instance().database().location() + QStringLiteral("-bare"))
     {
         m_file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered);
     }

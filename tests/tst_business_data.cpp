@@ -156,21 +156,6 @@ private Q_SLOTS:
         QVERIFY(!SubType::AllBondNoRepurchaseTypeList.contains(QString()));
     }
 
-    void theFirstUserIsTheDefault()
-    {
-        QCOMPARE(m_session->reopen(QString()), Status());
-        QCOMPARE(CBusinessDataBase::GetInstance()->GetLoginAccountDetail().value(Kelvo_Fields::UserAccount::userID),
-            QVariant(QStringLiteral("trader01")));
-    }
-
-    void anUnknownUserIsRefusedAndTheSessionStaysClosed()
-    {
-        QCOMPARE(m_session->reopen(QStringLiteral("nobody")), Status(Error::UnknownUser, { QStringLiteral("nobody") }));
-        QVERIFY(!ClientSession::instance().isOpen());
-        QCOMPARE(tradingAccounts(), QStringList());
-        QCOMPARE(m_session->reopen(), Status());
-    }
-
     void aStoppedStartLeavesNoSession()
     {
         const QTemporaryDir folder;
@@ -292,8 +277,9 @@ private Q_SLOTS:
         QCOMPARE(Data::GetSymbolStType(share(), description), Orlo_Values::StFlag::Normal);
         QCOMPARE(description, QString());
         const QString sentence = QStringLiteral("该证券被实施其他风险警示");
-        QCOMPARE(ClientSession::instance().database().execute(
-                     QStringLiteral("UPDATE securities SET st_flag = ?, st_text = ? WHERE symbol = ?"),
+        Database owned;
+        QCOMPARE(owned.open(m_session->ownersFile()), Status());
+        QCOMPARE(owned.execute(QStringLiteral("UPDATE securities SET st_flag = ?, st_text = ? WHERE symbol = ?"),
                      { SpecialTreatment::St, sentence, share() }),
             Status());
         QCOMPARE(m_session->reopen(), Status());
@@ -412,7 +398,9 @@ private Q_SLOTS:
 
     void aSecurityOfItsOwnListComesBeforeTheListForAll()
     {
-        StrategyStore store(ClientSession::instance().database());
+        Database owned;
+        QCOMPARE(owned.open(m_session->ownersFile()), Status());
+        StrategyStore store(owned);
         const QString& target = InstructionTargetType::QtyOrder;
         const QStringList all{ QStringLiteral("TWAP"), QStringLiteral("VWAP") };
         const QStringList own{ QStringLiteral("POV") };
@@ -437,7 +425,7 @@ private Q_SLOTS:
         QCOMPARE(AgreementDC::instance().GetUnsignedClientNoList(agreement()), QStringList());
         QVERIFY(AgreementStore(ClientSession::instance().database()).signedTime(agreement(), open.first())->isValid());
         const auto signer = ClientSession::instance().database().value(
-            QStringLiteral("SELECT user FROM signatures WHERE client_no = ?"), { open.first() });
+            QStringLiteral("SELECT \"user\" FROM signatures WHERE client_no = ?"), { open.first() });
         QCOMPARE(signer->toString(), QStringLiteral("trader07"));
         QCOMPARE(m_session->reopen(), Status());
     }

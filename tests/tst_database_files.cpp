@@ -89,7 +89,7 @@ Status notBackedUp(const QString& database, const Status& cause)
 
 } // namespace
 
-/// The database's files: who can read them, and their backup.
+/// The database's files: who can read them, who uses them, and their backup.
 class DatabaseFilesTest : public LoggedTest {
     Q_OBJECT
 
@@ -142,6 +142,21 @@ private Q_SLOTS:
             QVERIFY(QFile::setPermissions(file + QLatin1String(suffix), OwnerOnly));
         QCOMPARE(database.open(file), Status());
         QCOMPARE(database.execute(QStringLiteral("DELETE FROM plans")), Status());
+    }
+
+    void theFirstUserIsTheDefault()
+    {
+        SampleSession session;
+        QCOMPARE(session.reopen(QString()), Status());
+        QCOMPARE(ClientSession::instance().user().id, QStringLiteral("trader01"));
+    }
+
+    void anUnknownUserIsRefusedAndTheSessionStaysClosed()
+    {
+        SampleSession session;
+        QCOMPARE(session.reopen(QStringLiteral("nobody")), Status(Error::UnknownUser, { QStringLiteral("nobody") }));
+        QVERIFY(!ClientSession::instance().isOpen());
+        QCOMPARE(ClientSession::instance().accounts().accounts().size(), 0);
     }
 
     void aBackupOfARunningClientCanBeRestored()

@@ -43,6 +43,21 @@ void addDatabaseRows()
     addRow("数据库文件超过64 GiB", { Error::DatabaseTooLarge, { QStringLiteral("64") } });
 }
 
+void addServerRows()
+{
+    addRow("数据库地址不正确，应为postgresql://用户@主机:端口/库名或service=服务名", Error::MalformedLocation);
+    addRow("数据库地址中不能写密码，请改用密码文件、服务文件或环境变量", Error::PasswordInLocation);
+    addRow("没有安装Qt的PostgreSQL驱动（QPSQL），无法连接数据库服务器", Error::NoServerDriver);
+    addRow("无法连接数据库服务器（refused）", { Error::NoConnection, { QStringLiteral("refused") } });
+    addRow("与数据库服务器的连接已断开", Error::ConnectionLost);
+    addRow("该数据库尚未初始化，请联系管理员", Error::ServerNotSetUp);
+    addRow("数据库版本1低于本程序要求的版本2，请联系管理员升级",
+        { Error::OlderDatabase, { QStringLiteral("1"), QStringLiteral("2") } });
+    addRow("数据库服务器拒绝了该操作，当前用户没有权限", Error::NotPermitted);
+    addRow("在数据库服务器上，登录的角色“u”就是用户，不能另行指定用户", { Error::UserIsRole, { QStringLiteral("u") } });
+    addRow("数据库在服务器上，请由管理员备份", Error::BackupOfServer);
+}
+
 void addSampleRows()
 {
     addRow("样本市场的证券数量须在200到9000之间",
@@ -385,6 +400,7 @@ private Q_SLOTS:
         QTest::addColumn<Status>("status");
         QTest::addColumn<QString>("sentence");
         addDatabaseRows();
+        addServerRows();
         addSampleRows();
         addSessionRows();
         addCalendarRows();

@@ -103,7 +103,9 @@ private Q_SLOTS:
     void aSecurityWithoutClosesHasNoAverageAndNoReason()
     {
         const SampleSession session;
-        QCOMPARE(ClientSession::instance().database().execute(QStringLiteral("DELETE FROM closing_prices")), Status());
+        Database owned;
+        QCOMPARE(owned.open(session.ownersFile()), Status());
+        QCOMPARE(owned.execute(QStringLiteral("DELETE FROM closing_prices")), Status());
         Answers answers;
         ask(share());
         QVERIFY(answers.await());

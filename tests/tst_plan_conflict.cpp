@@ -163,7 +163,7 @@ private Q_SLOTS:
         const QString plan = createSamples(1).constFirst();
         const Result<qint64> number = ClientSession::instance().database().insert(
             QStringLiteral("INSERT INTO history (event, plan, version, before, user, time, client) VALUES"
-                           " ('changed', ?, 2, '{bad}', 'trader02', '2024-05-06T10:30:00.000Z', 'c')"),
+                           " ('changed', ?, 2, '{bad}', 'trader02', '2024-05-06T10:30:00.000Z', 'c') RETURNING number"),
             { PlanId::toNumber(plan).value_or(0) });
         QCOMPARE(number.status(), Status());
         const QString damaged = QStringLiteral("历史记录%1已损坏").arg(*number);

@@ -83,7 +83,7 @@ private:
     void changeElsewhere(const QStringList& statements)
     {
         Database other;
-        QCOMPARE(other.open(session().file()), Status());
+        QCOMPARE(other.open(session().ownersFile()), Status());
         for (const QString& statement : statements)
             QCOMPARE(other.execute(statement), Status());
     }
@@ -275,7 +275,9 @@ private Q_SLOTS:
 
     void anExceptionThatAnotherUserAuthorisedWidensTheLimits()
     {
-        LimitStore limits(ClientSession::instance().database());
+        Database owned;
+        QCOMPARE(owned.open(session().ownersFile()), Status());
+        LimitStore limits(owned);
         QCOMPARE(limits.set(Account, { 500, std::nullopt, std::nullopt }), Status());
         const QString refused =
             errorText({ Error::QuantityAboveLimit, { QStringLiteral("1000"), QStringLiteral("500") } });

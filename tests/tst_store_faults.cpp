@@ -43,6 +43,11 @@ ClientSession& client()
     return ClientSession::instance();
 }
 
+sqlite3* connection()
+{
+    return *static_cast<sqlite3* const*>(client().database().handle().constData());
+}
+
 QString reasonOf(Fault fault)
 {
     // Without the code.
@@ -250,7 +255,7 @@ private Q_SLOTS:
     {
         // COMMIT fails, and the file cannot be read afterwards.
         sqlite3_commit_hook(
-            client().database().connection(),
+            connection(),
             [](void*) {
                 FaultyDisk::failAt(1, Fault::Taken, Lasting::ForGood, FaultyDisk::Operation::Lock);
                 return 1;
@@ -259,7 +264,7 @@ private Q_SLOTS:
         const PlanLedger::Record record = PlanLedger::recordOf(m_base, QStringLiteral("unknown"));
         const QString reason = AutoPlanLogic::instance().CreateNewPlan(record);
         QVERIFY2(reason.startsWith(QStringLiteral("无法确认是否已保存")), qPrintable(reason));
-        sqlite3_commit_hook(client().database().connection(), nullptr, nullptr);
+        sqlite3_commit_hook(connection(), nullptr, nullptr);
         FaultyDisk::heal();
         QCOMPARE(*client().plans().count(), 1);
         QCOMPARE(AutoPlanLogic::instance().CreateNewPlan(record), QString());
@@ -478,11 +483,10 @@ private:
     {
         static std::function<void()> latest;
         latest = then;
-        sqlite3* const connection = client().database().connection();
         sqlite3_commit_hook(
-            connection, [](void*) { return 1; }, nullptr);
+            connection(), [](void*) { return 1; }, nullptr);
         sqlite3_rollback_hook(
-            connection, [](void*) { latest(); }, nullptr);
+            connection(), [](void*) { latest(); }, nullptr);
     }
 
     /// Sends something whose COMMIT fails: it is not stored, or the file cannot be read afterwards, or it is stored all
@@ -503,8 +507,8 @@ private:
         });
         QCOMPARE(send(), Status());
         QCOMPARE(stored, Status());
-        sqlite3_commit_hook(client().database().connection(), nullptr, nullptr);
-        sqlite3_rollback_hook(client().database().connection(), nullptr, nullptr);
+        sqlite3_commit_hook(connection(), nullptr, nullptr);
+        sqlite3_rollback_hook(connection(), nullptr, nullptr);
         QCOMPARE(send(), Status());
     }
 

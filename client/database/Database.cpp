@@ -1,22 +1,19 @@
 #include "Database.h"
 
-#include "SqliteStatus.h"
+#include "PostgresEngine.h"
+#include "ServerLocation.h"
+#include "SqliteEngine.h"
 
-#include <QFileInfo>
 #include <QSqlDriver>
 #include <QSqlError>
 
-#include <sqlite3.h>
-
 #include <atomic>
-#include <limits>
 
 namespace {
 
-// A few hundred pages, unless other clients write, too: well before SQLite's automatic checkpoint within a transaction.
-constexpr int TransactionsPerWal = 50;
 // More than the statements that one operation repeats.
 constexpr int MostPrepared = 64;
+
 QString nextConnectionName()
 {
     static std::atomic<int> counter{ 0 };
@@ -31,11 +28,12 @@ void bind(QSqlQuery& query, const QVariantList& values)
     }
 }
 
-/// Others change the connection or the schema and do so when they are prepared.
-bool isRepeated(const QString& statement)
+/// Others change the connection or the schema, and cannot be prepared by all engines.
+bool isPrepared(const QString& statement, const QVariantList& values)
 {
-    return statement.startsWith(QLatin1String("SELECT ")) || statement.startsWith(QLatin1String("INSERT "))
-        || statement.startsWith(QLatin1String("UPDATE ")) || statement.startsWith(QLatin1String("DELETE "));
+    return !values.isEmpty() || statement.startsWith(QLatin1String("SELECT "))
+        || statement.startsWith(QLatin1String("INSERT ")) || statement.startsWith(QLatin1String("UPDATE "))
+        || statement.startsWith(QLatin1String("DELETE "));
 }
 
 } // namespace
@@ -50,29 +48,50 @@ Database::~Database()
     close();
 }
 
-Status Database::open(const QString& fileName)
+Status Database::open(const QString& location)
 {
-    close();
-    const Status status = openFile(fileName);
-    if (status)
-        return {};
-    close();
-    return { Error::CannotOpenDatabase, { fileName }, status };
+    return openWith(location, false);
 }
 
+Status Database::setUp(const QString& location)
+{
+    return openWith(location, true);
+}
+
+Status Database::openWith(const QString& location, bool migrates)
+{
+    close();
+    const bool isServer = ServerLocation::isServer(location);
+    // A location that is refused may contain a password, so its message does not show it.
+    if (Status refused = isServer ? ServerLocation::refusal(location) : Status(); !refused)
+        return refused;
+    if (isServer)
+        m_engine = std::make_unique<PostgresEngine>(*this);
+    else
+        m_engine = std::make_unique<SqliteEngine>(*this);
+    const Status status = m_engine->open(m_connection, m_connectionName, location, migrates);
+    if (status) {
+        m_location = location;
+        return {};
+    }
+    close();
+    return { Error::CannotOpenDatabase, { location }, status };
+}
+
+// The statements go last. Without their connection, they do not ask a server to forget them.
 void Database::close()
 {
-    if (!m_connection.isValid())
+    if (!m_engine)
         return;
-    // The last connection moves the log to the database and deletes it, by its name, which may be another file's now.
-    if (isOpen() && !m_files.check())
-        sqlite3_db_config(connection(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
-    m_files.forget();
-    m_committed = 0;
-    m_prepared.clear();
+    if (isOpen())
+        m_engine->prepareClosing();
     m_connection.close();
     m_connection = QSqlDatabase();
-    QSqlDatabase::removeDatabase(m_connectionName);
+    if (QSqlDatabase::contains(m_connectionName))
+        QSqlDatabase::removeDatabase(m_connectionName);
+    m_prepared.clear();
+    m_engine.reset();
+    m_location.clear();
 }
 
 bool Database::isOpen() const
@@ -80,17 +99,24 @@ bool Database::isOpen() const
     return m_connection.isOpen();
 }
 
-QString Database::fileName() const
+Status Database::checkFile()
 {
-    return m_connection.isValid() ? m_connection.databaseName() : QString();
+    return isOpen() ? m_engine->check() : Status();
 }
 
-sqlite3* Database::connection() const
+QString Database::role() const
 {
-    const QVariant handle = isOpen() ? m_connection.driver()->handle() : QVariant();
-    if (qstrcmp(handle.typeName(), "sqlite3*") != 0)
-        return nullptr;
-    return *static_cast<sqlite3* const*>(handle.constData());
+    return m_engine ? m_engine->role() : QString();
+}
+
+const SqlDialect& Database::dialect() const
+{
+    return m_engine ? m_engine->dialect() : SqlDialect::sqlite();
+}
+
+QVariant Database::handle() const
+{
+    return isOpen() ? m_connection.driver()->handle() : QVariant();
 }
 
 Status Database::transaction(const std::function<Status()>& work)
@@ -105,9 +131,11 @@ Status Database::transaction(const std::function<Status()>& work)
 Status Database::begin()
 {
     m_commitFailed = false;
-    if (Status status = m_files.check(); !status)
+    if (!isOpen())
+        return notOpen();
+    if (Status status = m_engine->check(); !status)
         return status;
-    if (Status status = configure(QStringLiteral("BEGIN IMMEDIATE")); !status)
+    if (Status status = configure(m_engine->dialect().begin); !status)
         return status;
     m_inTransaction = true;
     m_failure = Status();
@@ -121,7 +149,7 @@ Status Database::finish(const Status& worked)
     if (status)
         status = m_failure;
     if (status)
-        status = m_files.check();
+        status = m_engine->check();
     m_inTransaction = false;
     m_failure = Status();
     if (status) {
@@ -129,16 +157,10 @@ Status Database::finish(const Status& worked)
         m_commitFailed = !status;
     }
     if (status)
-        ++m_committed;
+        m_engine->countCommit();
     else
-        rollBack();
+        m_engine->rollBack();
     return status;
-}
-
-void Database::rollBack()
-{
-    if (isOpen() && !sqlite3_get_autocommit(connection()))
-        sqlite3_exec(connection(), "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
 Status Database::execute(const QString& statement, const QVariantList& values)
@@ -162,10 +184,7 @@ Result<qint64> Database::insert(const QString& statement, const QVariantList& va
 {
     qint64 number = 0;
     Status status = transaction([&] {
-        return run(statement, values, [&number](QSqlQuery& query) {
-            number = query.lastInsertId().toLongLong();
-            return Status();
-        });
+        return read(statement, values, [&number](const QSqlQuery& row) { number = row.value(0).toLongLong(); });
     });
     return status ? Result<qint64>(number) : status;
 }
@@ -175,7 +194,7 @@ Status Database::read(const QString& statement, const QVariantList& values, cons
     return run(statement, values, [this, &take](QSqlQuery& query) {
         while (query.next())
             take(query);
-        return note(query.lastError().isValid() ? SqliteStatus::of(query.lastError()) : Status());
+        return note(statusOf(!query.lastError().isValid(), query));
     });
 }
 
@@ -196,20 +215,10 @@ Result<QStringList> Database::texts(const QString& statement, const QVariantList
     return status ? Result<QStringList>(found) : status;
 }
 
-Status Database::prepare(const QString& statement, QSqlQuery& prepared)
+Status Database::lock(const QString& statement, const QVariantList& values)
 {
-    if (!isOpen())
-        return Error::DatabaseNotOpen;
-    prepared = QSqlQuery(m_connection);
-    return note(prepared.prepare(statement) ? Status() : SqliteStatus::of(prepared.lastError()));
-}
-
-Status Database::executePrepared(QSqlQuery& prepared, const QVariantList& values)
-{
-    if (!m_failure)
-        return m_failure;
-    bind(prepared, values);
-    return note(prepared.exec() ? Status() : explained(SqliteStatus::of(prepared.lastError())));
+    const QString rowLock = m_inTransaction ? m_engine->dialect().rowLock : QString();
+    return rowLock.isEmpty() ? Status() : read(statement + rowLock, values, [](const QSqlQuery&) {});
 }
 
 Status Database::configure(const QString& statement)
@@ -217,31 +226,45 @@ Status Database::configure(const QString& statement)
     return run(statement, {}, [](QSqlQuery&) { return Status(); });
 }
 
-// A statement is prepared once. It is taken out while it runs, because `use` may run the same one.
+// A statement is prepared once. It is taken out while it runs, because `use` may run the same one. One that fails is
+// kept, because a server cannot forget it before the transaction is rolled back.
 Status Database::run(const QString& statement, const QVariantList& values, const std::function<Status(QSqlQuery&)>& use)
 {
     if (!m_failure)
         return m_failure;
     if (!isOpen())
-        return Error::DatabaseNotOpen;
+        return notOpen();
     std::shared_ptr<QSqlQuery> query = m_prepared.take(statement);
+    const bool prepares = isPrepared(statement, values);
     bool done = true;
     if (!query) {
         query = std::make_shared<QSqlQuery>(m_connection);
-        query->setForwardOnly(true);
-        done = query->prepare(statement);
+        query->setForwardOnly(m_engine->streamsRows());
+        done = prepares ? query->prepare(statement) : query->exec(statement);
     }
-    if (done) {
+    const bool isReady = done && prepares;
+    if (isReady) {
         bind(*query, values);
         done = query->exec();
     }
-    Status status = note(done ? Status() : explained(SqliteStatus::of(query->lastError())));
+    Status status = note(statusOf(done, *query));
     if (status)
         status = use(*query);
     query->finish();
-    if (status && isRepeated(statement) && m_prepared.size() < MostPrepared)
+    if (isReady && (!status || m_prepared.size() < MostPrepared))
         m_prepared.insert(statement, query);
     return status;
+}
+
+// Qt closes a connection that is lost.
+Status Database::notOpen() const
+{
+    return m_location.isEmpty() ? Error::DatabaseNotOpen : Error::ConnectionLost;
+}
+
+Status Database::statusOf(bool done, const QSqlQuery& query)
+{
+    return done ? Status() : m_engine->failure(query.lastError());
 }
 
 // SQLite ends a transaction by itself when the disk is full or fails. Statements after that would be committed one by
@@ -250,58 +273,33 @@ Status Database::note(const Status& status)
 {
     if (!m_inTransaction)
         return status;
-    const bool hasEnded = !isOpen() || sqlite3_get_autocommit(connection()) != 0;
+    const bool hasEnded = !isOpen() || !m_engine->isInTransaction();
     const Status result = status && hasEnded ? Status(Error::TransactionEnded) : status;
     if (m_failure && !result)
         m_failure = result;
     return result;
 }
 
-// SQLite reports the end of the row numbers like a full disk.
-Status Database::explained(const Status& failure)
+std::unique_ptr<EngineRows> Database::rows(const QString& statement)
 {
-    // Qt passes on codes without their details.
-    if (failure.error() == Error::DatabaseReadOnly)
-        return SqliteStatus::last(connection());
-    if (failure.error() != Error::DiskFull)
-        return failure;
-    QSqlQuery used(m_connection);
-    const bool atEnd = used.exec(QStringLiteral("SELECT max(seq) FROM sqlite_sequence")) && used.next()
-        && used.value(0).toLongLong() == std::numeric_limits<qint64>::max();
-    return atEnd ? Error::NumbersExhausted : failure;
+    return isOpen() ? m_engine->rows(statement) : nullptr;
+}
+
+void Database::interrupt()
+{
+    if (m_engine)
+        m_engine->interrupt();
+}
+
+Status Database::checkPages()
+{
+    return isOpen() ? m_engine->checkPages() : Error::DatabaseNotOpen;
 }
 
 void Database::prepareWal()
 {
-    if (!isIdle() || !m_files.check())
-        return;
-    const bool isBegun = QFileInfo(fileName() + QStringLiteral("-wal")).size() > 0;
-    if (isBegun && (m_committed < TransactionsPerWal || !checkpoint()))
-        return;
-    m_waits.setLimit(0);
-    if (startWal())
-        m_committed = 0;
-    m_waits.setLimit(BusyTimeout);
-}
-
-// The first transaction of a log flushes it twice, once for the log's header. This one writes the version unchanged.
-Status Database::startWal()
-{
-    return transaction([this]() -> Status {
-        const Result<int> version = number(QStringLiteral("PRAGMA user_version"));
-        if (!version)
-            return version.status();
-        return execute(QStringLiteral("PRAGMA user_version = %1").arg(*version));
-    });
-}
-
-/// False while another connection reads an older state.
-bool Database::checkpoint()
-{
-    int frames = 0;
-    int moved = 0;
-    const int code = sqlite3_wal_checkpoint_v2(connection(), nullptr, SQLITE_CHECKPOINT_PASSIVE, &frames, &moved);
-    return code == SQLITE_OK && frames == moved;
+    if (isIdle())
+        m_engine->prepareWal();
 }
 
 QString Database::changeToken()
@@ -309,12 +307,6 @@ QString Database::changeToken()
     // A transaction may be rolled back, and the token would stay the same.
     if (!isIdle())
         return QString();
-    const auto token = value(QStringLiteral("SELECT total_changes() || '/' || data_version FROM pragma_data_version"));
+    const auto token = value(m_engine->dialect().changeToken);
     return token ? token->toString() : QString();
-}
-
-Result<int> Database::number(const QString& statement)
-{
-    const Result<QVariant> found = value(statement);
-    return found ? Result<int>(found->toInt()) : found.status();
 }

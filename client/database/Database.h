@@ -1,7 +1,5 @@
 #pragma once
 
-#include "FileIdentity.h"
-#include "LockWaits.h"
 #include "Status.h"
 
 #include <QHash>
@@ -14,13 +12,13 @@
 #include <functional>
 #include <memory>
 
-struct Migration;
-struct Obstacle;
-struct sqlite3;
+class DatabaseEngine;
+class EngineRows;
+struct SqlDialect;
 
-/// One connection to the client's SQLite file.
+/// One connection to the client's database: an SQLite file, or a database on a PostgreSQL server.
 ///
-/// An object belongs to the thread that opened it; a worker thread opens the same file with another object.
+/// An object belongs to the thread that opened it; a worker thread opens the same database with another object.
 class Database {
 public:
     /// Called with each row of a statement.
@@ -31,18 +29,29 @@ public:
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
 
-    /// Opens the file. Creates it and its folder if absent, and migrates an older schema in one transaction. Refuses a
-    /// newer schema, a file of another program and one whose schema is damaged, and leaves them unchanged. Only a file
-    /// that is migrated is read as a whole; see `checkPages`.
-    Status open(const QString& fileName);
+    /// Opens a file or the database of a server, see `ServerLocation`.
+    ///
+    /// Creates a file and its folder if absent, and migrates an older schema in one transaction. Refuses a newer
+    /// schema, a file of another program and one whose schema is damaged, and leaves them unchanged. Only a file that
+    /// is migrated is read as a whole; see `checkPages`.
+    ///
+    /// A database on a server must have been set up; an older or newer schema is refused.
+    Status open(const QString& location);
+    /// Like `open`. Creates or migrates the tables in a server's database, which the role then owns, and leaves it
+    /// open.
+    Status setUp(const QString& location);
     void close();
     bool isOpen() const;
-    /// The opened file, empty while closed.
-    QString fileName() const;
+    /// The opened location, empty while closed.
+    QString location() const { return m_location; }
     /// Fails if the file was deleted, exchanged, moved or linked. The connection still reads it then.
-    Status checkFile() { return m_files.check(); }
-    /// SQLite's connection; null while closed.
-    sqlite3* connection() const;
+    Status checkFile();
+    /// The role that is logged in to a server; empty for a file.
+    QString role() const;
+    /// The SQL that differs between the engines; a file's while closed.
+    const SqlDialect& dialect() const;
+    /// The driver's handle, a `sqlite3*` or `PGconn*`; invalid while closed.
+    QVariant handle() const;
 
     /// Runs `work` in one write transaction. Commits if it succeeds, otherwise rolls back and returns its status. The
     /// first failure within a transaction, also of a statement whose status `work` drops, is the transaction's result;
@@ -50,7 +59,7 @@ public:
     /// deleted, exchanged, moved or linked.
     Status transaction(const std::function<Status()>& work);
 
-    /// True if the last transaction failed in its COMMIT: a disk that fails then may have stored it all the same.
+    /// True if the last transaction failed in its COMMIT, which may have been stored all the same.
     bool commitFailed() const { return m_commitFailed; }
 
     /// Statements with positional values. A null text is bound as an empty one; an invalid `QVariant` as NULL.
@@ -59,7 +68,7 @@ public:
     Status execute(const QString& statement, const QVariantList& values = {});
     /// Like `execute`; returns the number of changed rows.
     Result<int> change(const QString& statement, const QVariantList& values);
-    /// Inserts a row and returns the number that it got.
+    /// Like `execute`, for a statement that returns the number of its new row.
     Result<qint64> insert(const QString& statement, const QVariantList& values);
     /// Reads all rows. If it fails, rows that were already taken must be dropped.
     Status read(const QString& statement, const QVariantList& values, const TakeRow& take);
@@ -67,57 +76,48 @@ public:
     Result<QVariant> value(const QString& statement, const QVariantList& values = {});
     /// The first column of all rows.
     Result<QStringList> texts(const QString& statement, const QVariantList& values);
-    /// Prepares a statement without a result to be run many times by `executePrepared`, within one transaction.
-    Status prepare(const QString& statement, QSqlQuery& prepared);
-    Status executePrepared(QSqlQuery& prepared, const QVariantList& values);
-    /// Runs a statement outside of any transaction, for example a PRAGMA.
+    /// Keeps others from changing the rows of a SELECT until the transaction ends, and waits for those who do. What is
+    /// read of them afterwards stays so. Does nothing outside of a transaction, and in a file, whose transactions run
+    /// one after the other.
+    Status lock(const QString& statement, const QVariantList& values);
+    /// Runs statements outside of any transaction, for example a PRAGMA.
     Status configure(const QString& statement);
 
-    /// Notes the result of a statement that ran on `connection` and returns it, or why the transaction has ended.
+    /// Notes the result of a statement that ran on the engine's own interface, and returns it, or why the transaction
+    /// has ended.
     Status note(const Status& status);
+    /// The rows of a statement by the engine's own interface, for `RowReader`; null while closed.
+    std::unique_ptr<EngineRows> rows(const QString& statement);
+    /// Ends the running statement, which fails. Any thread may call it while the database is open.
+    void interrupt();
 
-    /// Reads the whole file, which takes seconds if it is large. Fails if it is damaged. `sqlite3_interrupt` ends it.
+    /// Reads a whole file, which takes seconds if it is large. Fails if it is damaged. `interrupt` ends it. A server
+    /// checks its files itself.
     Status checkPages();
 
-    /// Prepares the write-ahead log for the next transaction: starts it, and after many transactions checkpoints it
-    /// first. Call it while the user is idle; a busy or read-only file stays unchanged.
+    /// Prepares a file's write-ahead log for the next transaction: starts it, and after many transactions checkpoints
+    /// it first. Call it while the user is idle; a busy or read-only file stays unchanged.
     void prepareWal();
     /// Change token: equal tokens mean equal contents. It changes with every change by this connection and every commit
     /// of another one. Empty within a transaction, or if unavailable.
     QString changeToken();
 
 private:
-    /// How long a statement waits for another client's transaction, in milliseconds.
-    static constexpr int BusyTimeout = 800;
-
-    Status openFile(const QString& fileName);
-    Status connect(const QString& fileName);
-    Status inspect();
-    Status checkSchema();
-    Status checkVersion(int tables, int version, int application);
-    Status prepareConnection();
-    Status startWalMode();
-    Status applyMigrations();
-    Status migrate(const Migration& migration);
-    Status refuse(const Obstacle& obstacle);
+    Status openWith(const QString& location, bool migrates);
     Status begin();
     Status finish(const Status& worked);
-    void rollBack();
     Status run(
         const QString& statement, const QVariantList& values, const std::function<Status(QSqlQuery& query)>& use);
-    Status explained(const Status& failure);
-    Result<int> number(const QString& statement);
+    Status notOpen() const;
+    Status statusOf(bool done, const QSqlQuery& query);
     bool isIdle() const { return isOpen() && !m_inTransaction; }
-    bool checkpoint();
-    Status startWal();
 
     const QString m_connectionName;
+    QString m_location;
     QSqlDatabase m_connection;
-    FileIdentity m_files;
-    LockWaits m_waits;
+    std::unique_ptr<DatabaseEngine> m_engine;              ///< null while closed
     QHash<QString, std::shared_ptr<QSqlQuery>> m_prepared; ///< statements that do not run, by their text
     bool m_inTransaction = false;
     bool m_commitFailed = false;
-    Status m_failure;    ///< the first one of the running transaction
-    int m_committed = 0; ///< transactions since this connection started the log
+    Status m_failure; ///< the first one of the running transaction
 };

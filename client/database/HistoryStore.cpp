@@ -69,8 +69,9 @@ Status HistoryStore::add(const HistoryEntry& entry, const Change& change)
 {
     const bool ofPlan = entry.plan != 0;
     return m_database.execute(
-        QStringLiteral("INSERT INTO history (event, plan, version, subject, before, after, user, time, client, request)"
-                       " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+        QStringLiteral(
+            "INSERT INTO history (event, plan, version, subject, before, after, \"user\", time, client, request)"
+            " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
         { eventName(entry.event), ofPlan ? QVariant(entry.plan) : QVariant(),
             ofPlan ? QVariant(entry.version) : QVariant(), textOrNull(entry.subject), jsonOrNull(entry.before),
             jsonOrNull(entry.after), change.user, StoredTime::toText(change.time), thisClient(),
@@ -100,8 +101,8 @@ Result<QVector<HistoryEntry>> HistoryStore::read(const QString& condition, const
     QVector<HistoryEntry> entries;
     Status readable;
     const Status status = m_database.read(
-        QStringLiteral("SELECT number, event, plan, version, subject, before, after, user, time, client FROM history"
-                       " WHERE %1 ORDER BY number")
+        QStringLiteral("SELECT number, event, plan, version, subject, before, after, \"user\", time, client"
+                       " FROM history WHERE %1 ORDER BY number")
             .arg(condition),
         values, [&](const QSqlQuery& row) {
             const Result<HistoryEntry> entry = entryOf(row);

@@ -1,21 +1,16 @@
 #pragma once
 
 #include "Database.h"
+#include "DatabaseEngine.h"
 
 #include <QHash>
 #include <QVector>
 
-struct sqlite3;
-struct sqlite3_stmt;
-
-/// Reads the rows of a statement through SQLite's own interface. Qt's makes a variant of every value, which dominates
-/// the time for a hundred thousand rows. The database must stay open meanwhile.
+/// Reads the rows of a statement through the engine's own interface. Qt's makes a variant of every value, which
+/// dominates the time for a hundred thousand rows. The database must stay open meanwhile.
 class RowReader {
 public:
     RowReader(Database& database, const QString& statement);
-    ~RowReader();
-    RowReader(const RowReader&) = delete;
-    RowReader& operator=(const RowReader&) = delete;
 
     /// Moves to the next row, first to the first one. Returns false after the last row or an error.
     bool next();
@@ -23,8 +18,8 @@ public:
     Status status() const { return m_status; }
 
     /// Values of the row, by column; empty or 0 for NULL.
-    QString text(int column) const;
-    qint64 number(int column) const;
+    QString text(int column) const { return QString::fromUtf8(m_rows->bytes(column)); }
+    qint64 number(int column) const { return m_rows->number(column); }
     /// Like `text`; equal texts share one copy.
     QString sharedText(int column);
 
@@ -35,11 +30,8 @@ private:
         QString text;
     };
 
-    QByteArray bytes(int column) const;
-    void note(int code);
-
     Database& m_database;
-    sqlite3_stmt* m_statement = nullptr;
+    const std::unique_ptr<EngineRows> m_rows;
     Status m_status;
     QVector<Latest> m_latest;
     QHash<QByteArray, QString> m_texts;

@@ -56,10 +56,13 @@ Result<QString> InstructionStore::add(
     return status ? Result<QString>(id) : status;
 }
 
-// Follows the last instruction, also if earlier ones are missing. The version of an unknown plan is 0.
+// Follows the last instruction, also if earlier ones are missing. The version of an unknown plan is 0. Others wait, so
+// that no two instructions get the same place.
 Result<InstructionStore::Place> InstructionStore::nextPlace(qint64 plan)
 {
     Place place;
+    if (Status status = m_database.lock(QStringLiteral("SELECT number FROM plans WHERE number = ?"), { plan }); !status)
+        return status;
     Status status = m_database.read(
         QStringLiteral("SELECT version, COALESCE((SELECT max(position) FROM instructions WHERE plan = number), 0)"
                        " FROM plans WHERE number = ?"),
@@ -80,14 +83,14 @@ Status InstructionStore::update(
     if (!assigned)
         return assigned.status();
     return m_database.transaction([&]() -> Status {
+        const Result<Place> place = nextPlace(*plan);
+        if (!place)
+            return place.status();
         const auto stored = read(planId, QStringLiteral(" AND position = ?"), { *position });
         if (!stored)
             return stored.status();
         if (stored->isEmpty())
             return { Error::UnknownInstruction, { instruction } };
-        const Result<Place> place = nextPlace(*plan);
-        if (!place)
-            return place.status();
         // The position keeps its value, so that the statement is valid also without fields.
         const QStringList columns = assigned->columns + QStringList{ QStringLiteral("position") };
         if (Status changed =
@@ -106,7 +109,8 @@ Status InstructionStore::update(
 
 Status InstructionStore::endBefore(const QString& planId, const QDate& day, const Change& change)
 {
-    const auto open = read(planId, QStringLiteral(" AND day < ? AND ended IS NOT 1"), { day.toString(Qt::ISODate) });
+    const auto open =
+        read(planId, QStringLiteral(" AND day < ? AND ended IS DISTINCT FROM 1"), { day.toString(Qt::ISODate) });
     if (!open)
         return open.status();
     for (auto instruction = open->cbegin(); instruction != open->cend(); ++instruction) {

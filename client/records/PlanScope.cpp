@@ -1,5 +1,6 @@
 #include "PlanScope.h"
 
+#include "SqlDialect.h"
 #include "StoredPlan.h"
 #include "UserStore.h"
 
@@ -32,25 +33,23 @@ SqlQuery PlanScope::among(const QStringList& planIds)
 SqlQuery PlanScope::condition() const
 {
     if (m_isEvery)
-        return { QStringLiteral("1"), {} };
+        return { QStringLiteral("TRUE"), {} };
     return { QStringLiteral("(%1 OR assignee = ? OR executor = ?)").arg(OfOwnAccount),
         { m_userId, m_userName, m_userName } };
 }
 
 // The newest ones of each account and of both roles, each read from the end of an index.
-SqlQuery PlanScope::page(int offset, int limit) const
+SqlQuery PlanScope::page(int offset, int limit, const SqlDialect& dialect) const
 {
     if (m_isEvery)
         return { QStringLiteral("SELECT number FROM plans ORDER BY number DESC LIMIT ? OFFSET ?"), { limit, offset } };
     const qint64 newest = qint64(offset) + limit;
-    return { QStringLiteral("SELECT p.number FROM user_accounts AS u CROSS JOIN plans AS p WHERE u.user = ?"
-                            " AND p.number IN (SELECT number FROM plans WHERE trading_account = u.trading_account"
-                            " ORDER BY number DESC LIMIT ?)"
-                            " UNION SELECT number FROM"
-                            " (SELECT number FROM plans WHERE assignee = ? ORDER BY number DESC LIMIT ?)"
-                            " UNION SELECT number FROM"
-                            " (SELECT number FROM plans WHERE executor = ? ORDER BY number DESC LIMIT ?)"
-                            " ORDER BY 1 DESC LIMIT ? OFFSET ?"),
+    return { dialect.newestOfAccounts
+            + QStringLiteral(" UNION SELECT number FROM"
+                             " (SELECT number FROM plans WHERE assignee = ? ORDER BY number DESC LIMIT ?) AS assigned"
+                             " UNION SELECT number FROM"
+                             " (SELECT number FROM plans WHERE executor = ? ORDER BY number DESC LIMIT ?) AS executed"
+                             " ORDER BY 1 DESC LIMIT ? OFFSET ?"),
         { m_userId, newest, m_userName, newest, m_userName, newest, limit, offset } };
 }
 
@@ -60,7 +59,7 @@ SqlQuery PlanScope::countAbove(qint64 number) const
     if (m_isEvery)
         return { QStringLiteral("SELECT count(*) FROM plans WHERE number > ?"), { number } };
     return { QStringLiteral("SELECT (SELECT count(*) FROM user_accounts AS u CROSS JOIN plans AS p"
-                            " ON p.trading_account = u.trading_account WHERE u.user = ? AND p.number > ?)"
+                            " WHERE p.trading_account = u.trading_account AND u.user = ? AND p.number > ?)"
                             " + (SELECT count(*) FROM plans WHERE (assignee = ? OR executor = ?)"
                             " AND +number > ? AND NOT %1)")
                  .arg(OfOwnAccount),

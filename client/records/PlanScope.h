@@ -3,6 +3,7 @@
 #include <QString>
 #include <QVariant>
 
+struct SqlDialect;
 struct StoredUser;
 
 /// A statement with the values of its placeholders.
@@ -25,7 +26,7 @@ public:
     /// A condition on a row of the plans.
     SqlQuery condition() const;
     /// The numbers of a page of plans, newest first. Its cost does not depend on the number of plans.
-    SqlQuery page(int offset, int limit) const;
+    SqlQuery page(int offset, int limit, const SqlDialect& dialect) const;
     /// How many plans have a larger number.
     SqlQuery countAbove(qint64 number) const;
 

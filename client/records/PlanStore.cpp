@@ -27,7 +27,7 @@ Result<QString> PlanStore::create(const Record& record, const Change& change)
         const QString time = StoredTime::toText(change.time);
         const Result<qint64> inserted =
             m_database.insert(QStringLiteral("INSERT INTO plans (version, creator, created_time, changed_time, %1)"
-                                             " VALUES (1, ?, ?, ?, %2)")
+                                             " VALUES (1, ?, ?, ?, %2) RETURNING number")
                                   .arg(PlanRow::recordColumns(), PlanRow::recordPlaceholders()),
                 QVariantList{ change.user, time, time } + PlanRow::recordValues(record));
         if (!inserted)
@@ -75,9 +75,17 @@ Status PlanStore::setState(
     });
 }
 
+Status PlanStore::lock(const QString& planId)
+{
+    return m_database.lock(
+        QStringLiteral("SELECT number FROM plans WHERE number = ?"), { PlanId::toNumber(planId).value_or(0) });
+}
+
 // The plan as it is before a change.
 Result<StoredPlan> PlanStore::planOfVersion(const QString& planId, int version)
 {
+    if (Status status = lock(planId); !status)
+        return status;
     const Result<StoredPlan> found = plan(planId);
     if (!found)
         return found;
@@ -127,7 +135,7 @@ Result<QVector<StoredPlan>> PlanStore::page(int offset, int limit)
 {
     if (offset < 0 || limit < 1)
         return QVector<StoredPlan>();
-    const SqlQuery page = m_scope.page(offset, limit);
+    const SqlQuery page = m_scope.page(offset, limit, m_database.dialect());
     return read({ QStringLiteral("number IN (%1)").arg(page.text), page.values });
 }
 
@@ -165,11 +173,15 @@ Result<DayPlans> PlanStore::plansOfDay(const QDate& day)
     DayPlans plans;
     const QString text = day.toString(Qt::ISODate);
     const SqlQuery visible = m_scope.condition();
+    const QString due = QStringLiteral(" FROM plans WHERE begin_date <= ? AND end_date >= ? AND state = 'active' AND %1"
+                                       " ORDER BY +number")
+                            .arg(visible.text);
+    const QVariantList values = QVariantList{ text, text } + visible.values;
+    if (Status status = m_database.lock(QStringLiteral("SELECT number") + due, values); !status)
+        return status;
     Status status = m_database.read(
-        QStringLiteral("SELECT number, EXISTS (SELECT 1 FROM instructions WHERE plan = number AND day = ?) FROM plans"
-                       " WHERE begin_date <= ? AND end_date >= ? AND state = 'active' AND %1 ORDER BY +number")
-            .arg(visible.text),
-        QVariantList{ text, text, text } + visible.values, [&plans](const QSqlQuery& row) {
+        QStringLiteral("SELECT number, EXISTS (SELECT 1 FROM instructions WHERE plan = number AND day = ?)") + due,
+        QVariantList{ text } + values, [&plans](const QSqlQuery& row) {
             QStringList& ids = row.value(1).toBool() ? plans.issued : plans.due;
             ids << PlanId::fromNumber(row.value(0).toLongLong());
         });

@@ -47,7 +47,9 @@ public:
     Result<int> version(const QString& planId);
     /// Number of plans newer than this one; -1 if the id is unknown.
     Result<int> newerThan(const QString& planId);
-    /// The active plans with the day in their period, oldest first.
+    /// Keeps others from changing a plan and its instructions until the transaction ends.
+    Status lock(const QString& planId);
+    /// The active plans with the day in their period, oldest first. Within a transaction, they stay as they are.
     Result<DayPlans> plansOfDay(const QDate& day);
 
 private:

@@ -32,6 +32,17 @@ enum class Error {
     DatabaseTooLarge,  ///< largest size in GiB
     BackupFailed,      ///< database; cause
     FileExists,        ///< file
+    // --- The database on a server
+    MalformedLocation,
+    PasswordInLocation,
+    NoServerDriver,
+    NoConnection, ///< the driver's text
+    ConnectionLost,
+    ServerNotSetUp,
+    OlderDatabase, ///< the database's version, the required one
+    NotPermitted,
+    UserIsRole, ///< the role
+    BackupOfServer,
     // --- Stored plans and instructions
     EmptyPlan,
     FieldNotText,         ///< record key

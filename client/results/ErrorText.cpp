@@ -41,6 +41,17 @@ constexpr Sentence Sentences[] = {
     { Error::DatabaseTooLarge, "数据库文件超过%1 GiB" },
     { Error::BackupFailed, "无法备份数据库“%1”：%2" },
     { Error::FileExists, "文件%1已存在" },
+    // --- The database on a server
+    { Error::MalformedLocation, "数据库地址不正确，应为postgresql://用户@主机:端口/库名或service=服务名" },
+    { Error::PasswordInLocation, "数据库地址中不能写密码，请改用密码文件、服务文件或环境变量" },
+    { Error::NoServerDriver, "没有安装Qt的PostgreSQL驱动（QPSQL），无法连接数据库服务器" },
+    { Error::NoConnection, "无法连接数据库服务器（%1）" },
+    { Error::ConnectionLost, "与数据库服务器的连接已断开" },
+    { Error::ServerNotSetUp, "该数据库尚未初始化，请联系管理员" },
+    { Error::OlderDatabase, "数据库版本%1低于本程序要求的版本%2，请联系管理员升级" },
+    { Error::NotPermitted, "数据库服务器拒绝了该操作，当前用户没有权限" },
+    { Error::UserIsRole, "在数据库服务器上，登录的角色“%1”就是用户，不能另行指定用户" },
+    { Error::BackupOfServer, "数据库在服务器上，请由管理员备份" },
     // --- Stored plans and instructions
     { Error::EmptyPlan, "计划内容为空" },
     { Error::FieldNotText, "计划字段“%1”的值不是文本" },

@@ -160,8 +160,6 @@ public:
 
     Status write()
     {
-        if (Status status = m_store.beginAdding(); !status)
-            return status;
         const QVector<int> counts = countsFor(m_size);
         for (int i = 0; i < counts.size(); ++i) {
             if (Status status = writeBoard(sampleBoards().at(i), counts.at(i)); !status)

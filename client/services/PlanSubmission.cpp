@@ -97,6 +97,8 @@ Status storeChange(ClientSession& session, const PlanChange& change, std::option
     if (!sent || *sent != 0)
         return sent.status();
     PlanStore plans = session.plans();
+    if (Status status = plans.lock(change.planId); !status)
+        return status;
     const Result<StoredPlan> stored = plans.plan(change.planId);
     if (!stored)
         return stored.status();

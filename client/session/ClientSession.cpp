@@ -154,9 +154,12 @@ Status ClientSession::openFor(
     return logIn(userId);
 }
 
-// Looks again under the write lock: another client may have written the data in the meantime.
+// An administrator fills the database of a server. Looks again under the write lock: another client may have written
+// the data in the meantime.
 Status ClientSession::writeSample(const Progress& progress, const Options& options)
 {
+    if (!m_database.role().isEmpty())
+        return {};
     UserStore store(m_database);
     const auto known = store.users();
     if (!known || !known->isEmpty())
@@ -171,7 +174,11 @@ Status ClientSession::writeSample(const Progress& progress, const Options& optio
 
 Status ClientSession::logIn(const QString& userId)
 {
-    const QString wanted = userId.isEmpty() ? SampleAccounts::defaultUser() : userId;
+    const QString role = m_database.role();
+    if (!role.isEmpty() && !userId.isEmpty())
+        return { Error::UserIsRole, { role } };
+    const QString usual = role.isEmpty() ? SampleAccounts::defaultUser() : role;
+    const QString wanted = userId.isEmpty() ? usual : userId;
     const Result<StoredUser> known = UserStore(m_database).user(wanted);
     if (!known)
         return known.status();
@@ -185,15 +192,18 @@ void ClientSession::startMovingAverages()
 {
     static const bool registered = (qAddPostRoutine(closeWithTheApplication), true);
     Q_UNUSED(registered);
-    m_averages = std::make_unique<MovingAverageWorker>(m_database.fileName());
+    m_averages = std::make_unique<MovingAverageWorker>(m_database.location());
     // Emitted on the worker's thread, so receivers must expect another thread.
     QObject::connect(m_averages.get(), &MovingAverageWorker::answered, &PlanEvents::instance(),
         &PlanEvents::averagesAnswered, Qt::DirectConnection);
 }
 
-// The file may be large, so the session does not wait. Every read reports damage that it meets by itself.
+// The file may be large, so the session does not wait. Every read reports damage that it meets by itself. A server
+// checks its files itself.
 void ClientSession::startPageCheck()
 {
-    m_checker = std::make_unique<PageChecker>(m_database.fileName());
+    if (!m_database.role().isEmpty())
+        return;
+    m_checker = std::make_unique<PageChecker>(m_database.location());
     QObject::connect(m_checker.get(), &PageChecker::failed, &PlanEvents::instance(), &PlanEvents::report);
 }

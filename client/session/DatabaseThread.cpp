@@ -1,8 +1,8 @@
 #include "DatabaseThread.h"
 
-#include <QFileInfo>
+#include "ServerLocation.h"
 
-#include <sqlite3.h>
+#include <QFileInfo>
 
 namespace {
 
@@ -13,16 +13,16 @@ constexpr unsigned long InterruptInterval = 5; // milliseconds
 /// Belongs to the thread.
 class DatabaseThread::Connection : public QObject {
 public:
-    Connection(DatabaseThread& thread, const QString& fileName)
+    Connection(DatabaseThread& thread, const QString& location)
         : m_thread(thread)
-        , m_fileName(fileName)
+        , m_location(location)
     {
     }
 
     void run(const Job& job)
     {
         const Status opened = open();
-        m_thread.setRunning(m_database.connection());
+        m_thread.setRunning(&m_database);
         job(m_database, opened);
         m_thread.setRunning(nullptr);
     }
@@ -33,18 +33,18 @@ private:
     {
         if (m_database.isOpen())
             return {};
-        if (!QFileInfo::exists(m_fileName))
-            return { Error::CannotOpenDatabase, { m_fileName }, Error::DatabaseFileChanged };
-        return m_database.open(m_fileName);
+        if (!ServerLocation::isServer(m_location) && !QFileInfo::exists(m_location))
+            return { Error::CannotOpenDatabase, { m_location }, Error::DatabaseFileChanged };
+        return m_database.open(m_location);
     }
 
     DatabaseThread& m_thread;
-    const QString m_fileName;
+    const QString m_location;
     Database m_database;
 };
 
-DatabaseThread::DatabaseThread(const QString& name, const QString& fileName)
-    : m_connection(new Connection(*this, fileName))
+DatabaseThread::DatabaseThread(const QString& name, const QString& location)
+    : m_connection(new Connection(*this, location))
 {
     m_thread.setObjectName(name);
     m_connection->moveToThread(&m_thread);
@@ -62,17 +62,17 @@ DatabaseThread::~DatabaseThread()
         interrupt();
 }
 
-void DatabaseThread::setRunning(sqlite3* connection)
+void DatabaseThread::setRunning(Database* database)
 {
     const QMutexLocker locker(&m_lock);
-    m_running = connection;
+    m_running = database;
 }
 
 void DatabaseThread::interrupt()
 {
     const QMutexLocker locker(&m_lock);
     if (m_running)
-        sqlite3_interrupt(m_running);
+        m_running->interrupt();
 }
 
 void DatabaseThread::run(const Job& job)

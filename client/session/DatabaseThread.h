@@ -14,8 +14,8 @@ public:
     /// Runs on the thread. `opened`: whether the database can be read.
     using Job = std::function<void(Database& database, const Status& opened)>;
 
-    /// `fileName`: the database, opened by the first job and closed after the last. A missing one is not created.
-    DatabaseThread(const QString& name, const QString& fileName);
+    /// `location`: the database, opened by the first job and closed after the last. A missing file is not created.
+    DatabaseThread(const QString& name, const QString& location);
     /// Interrupts the running job, waits for it and drops the waiting ones.
     ~DatabaseThread();
     DatabaseThread(const DatabaseThread&) = delete;
@@ -29,11 +29,11 @@ public:
 private:
     class Connection;
 
-    void setRunning(sqlite3* connection);
+    void setRunning(Database* database);
     void interrupt();
 
     QMutex m_lock;
-    sqlite3* m_running = nullptr; ///< the connection while a job uses it
+    Database* m_running = nullptr; ///< while a job uses it
     QThread m_thread;
     Connection* m_connection;
     std::atomic_bool m_stopping{ false };

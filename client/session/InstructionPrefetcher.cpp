@@ -1,7 +1,7 @@
 #include "InstructionPrefetcher.h"
 
-InstructionPrefetcher::InstructionPrefetcher(const QString& fileName)
-    : m_thread(QStringLiteral("instructions"), fileName)
+InstructionPrefetcher::InstructionPrefetcher(const QString& location)
+    : m_thread(QStringLiteral("instructions"), location)
 {
     qRegisterMetaType<InstructionPrefetcher::Instructions>("InstructionPrefetcher::Instructions");
     qRegisterMetaType<Status>("Status");

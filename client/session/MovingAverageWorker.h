@@ -11,8 +11,8 @@ class MovingAverageWorker : public QObject {
     Q_OBJECT
 
 public:
-    /// `fileName`: the database, opened with the first query.
-    explicit MovingAverageWorker(const QString& fileName);
+    /// `location`: the database, opened with the first query.
+    explicit MovingAverageWorker(const QString& location);
 
     /// Requests the averages of a security of the market. Answers arrive in the order of the queries.
     void ask(const QString& symbol);

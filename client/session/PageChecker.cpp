@@ -1,7 +1,7 @@
 #include "PageChecker.h"
 
-PageChecker::PageChecker(const QString& fileName)
-    : m_thread(QStringLiteral("page check"), fileName)
+PageChecker::PageChecker(const QString& location)
+    : m_thread(QStringLiteral("page check"), location)
 {
     qRegisterMetaType<Status>("Status");
     m_thread.run([this](Database& database, const Status& opened) {

@@ -26,8 +26,8 @@ Status AccountStore::add(const StoredAccount& account)
 
 Status AccountStore::assign(const QString& userId, const QString& tradingAccount)
 {
-    return m_database.execute(QStringLiteral("INSERT INTO user_accounts (user, position, trading_account)"
-                                             " VALUES (?, (SELECT count(*) FROM user_accounts WHERE user = ?), ?)"),
+    return m_database.execute(QStringLiteral("INSERT INTO user_accounts (\"user\", position, trading_account)"
+                                             " VALUES (?, (SELECT count(*) FROM user_accounts WHERE \"user\" = ?), ?)"),
         { userId, userId, tradingAccount });
 }
 

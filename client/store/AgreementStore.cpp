@@ -29,7 +29,7 @@ Status AgreementStore::sign(const QString& protocol, const QString& clientNo, co
 {
     return m_database.transaction([&]() -> Status {
         const Result<int> added = m_database.change(
-            QStringLiteral("INSERT INTO signatures (protocol, client_no, user, signed_time) VALUES (?, ?, ?, ?)"
+            QStringLiteral("INSERT INTO signatures (protocol, client_no, \"user\", signed_time) VALUES (?, ?, ?, ?)"
                            " ON CONFLICT (protocol, client_no) DO NOTHING"),
             { protocol, clientNo, change.user, StoredTime::toText(change.time) });
         if (!added || *added == 0)
@@ -54,7 +54,7 @@ Result<QStringList> AgreementStore::unsignedClientNumbers(const QString& protoco
 {
     return m_database.texts(
         QStringLiteral("SELECT DISTINCT client_no FROM accounts JOIN user_accounts USING (trading_account)"
-                       " WHERE user = ? AND client_no NOT IN (SELECT client_no FROM signatures WHERE protocol = ?)"
+                       " WHERE \"user\" = ? AND client_no NOT IN (SELECT client_no FROM signatures WHERE protocol = ?)"
                        " ORDER BY client_no"),
         { userId, protocol });
 }

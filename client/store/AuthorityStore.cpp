@@ -17,7 +17,7 @@ AuthorityStore::AuthorityStore(Database& database)
 Status AuthorityStore::grant(const QString& userId, const QString& tradingAccount, const QString& instructionType)
 {
     return m_database.execute(
-        QStringLiteral("INSERT INTO order_authorities (user, trading_account, instruction_type) VALUES (?, ?, ?)"),
+        QStringLiteral("INSERT INTO order_authorities (\"user\", trading_account, instruction_type) VALUES (?, ?, ?)"),
         { userId, tradingAccount, instructionType });
 }
 
@@ -25,8 +25,8 @@ Status AuthorityStore::setRuleProperty(
     const QString& userId, const QString& tradingAccount, const QString& instructionType, int property)
 {
     return m_database.execute(
-        QStringLiteral("INSERT INTO rule_properties (user, trading_account, instruction_type, property)"
-                       " VALUES (?, ?, ?, ?) ON CONFLICT (user, trading_account, instruction_type)"
+        QStringLiteral("INSERT INTO rule_properties (\"user\", trading_account, instruction_type, property)"
+                       " VALUES (?, ?, ?, ?) ON CONFLICT (\"user\", trading_account, instruction_type)"
                        " DO UPDATE SET property = excluded.property"),
         { userId, tradingAccount, instructionType, property });
 }
@@ -37,9 +37,9 @@ Result<Rights> AuthorityStore::rights(
     Rights rights;
     Status status = m_database.read(
         QStringLiteral("SELECT EXISTS (SELECT 1 FROM order_authorities"
-                       " WHERE user = ? AND trading_account = ? AND instruction_type = ?),"
+                       " WHERE \"user\" = ? AND trading_account = ? AND instruction_type = ?),"
                        " (SELECT property FROM rule_properties"
-                       " WHERE user = ? AND trading_account = ? AND instruction_type = ?),"
+                       " WHERE \"user\" = ? AND trading_account = ? AND instruction_type = ?),"
                        " (SELECT chain_key FROM approval_chains WHERE trading_account = ? AND instruction_type = ?)"),
         { userId, tradingAccount, instructionType, userId, tradingAccount, instructionType, tradingAccount,
             instructionType },

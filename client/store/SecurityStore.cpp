@@ -8,30 +8,22 @@ SecurityStore::SecurityStore(Database& database)
 {
 }
 
-Status SecurityStore::beginAdding()
-{
-    Status status = m_database.prepare(
-        QStringLiteral("INSERT INTO securities (symbol, name, type, sub_type, exchange, price_precision,"
-                       " display_factor, quantity_step, limit_per_mille, st_flag, st_text)"
-                       " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
-        m_addSecurity);
-    if (!status)
-        return status;
-    return m_database.prepare(
-        QStringLiteral("INSERT INTO closing_prices (security, last_day, last_close, closes) VALUES (?, ?, ?, ?)"),
-        m_addCloses);
-}
-
 Status SecurityStore::add(const Security& s, const CloseHistory& closes)
 {
-    Status status = m_database.executePrepared(m_addSecurity,
-        { s.symbol, s.name, s.type, s.subType, s.exchange, s.pricePrecision, s.displayFactor, s.quantityStep,
-            s.limitPerMille, s.stFlag, s.stText });
-    if (!status || closes.ticks.isEmpty())
-        return status;
-    return m_database.executePrepared(m_addCloses,
-        { m_addSecurity.lastInsertId(), closes.lastDay.toString(Qt::ISODate), closes.ticks.constLast(),
-            CloseCodec::encode(closes.ticks) });
+    return m_database.transaction([&]() -> Status {
+        const Result<qint64> position = m_database.insert(
+            QStringLiteral("INSERT INTO securities (symbol, name, type, sub_type, exchange, price_precision,"
+                           " display_factor, quantity_step, limit_per_mille, st_flag, st_text)"
+                           " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?) RETURNING position"),
+            { s.symbol, s.name, s.type, s.subType, s.exchange, s.pricePrecision, s.displayFactor, s.quantityStep,
+                s.limitPerMille, s.stFlag, s.stText });
+        if (!position || closes.ticks.isEmpty())
+            return position.status();
+        return m_database.execute(
+            QStringLiteral("INSERT INTO closing_prices (security, last_day, last_close, closes) VALUES (?, ?, ?, ?)"),
+            { *position, closes.lastDay.toString(Qt::ISODate), closes.ticks.constLast(),
+                CloseCodec::encode(closes.ticks) });
+    });
 }
 
 Status SecurityStore::readAll(const std::function<void(Security&&)>& take)

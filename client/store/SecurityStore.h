@@ -20,8 +20,6 @@ class SecurityStore {
 public:
     explicit SecurityStore(Database& database);
 
-    /// Prepares the statements of `add`; call it within the same transaction.
-    Status beginAdding();
     /// Appends a security with its closes, if any.
     Status add(const Security& security, const CloseHistory& closes);
 
@@ -35,6 +33,4 @@ public:
 
 private:
     Database& m_database;
-    QSqlQuery m_addSecurity;
-    QSqlQuery m_addCloses;
 };

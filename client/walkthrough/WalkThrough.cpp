@@ -40,7 +40,7 @@ WalkThrough::WalkThrough(MainWindow& window, const QString& folder)
     : m_window(window)
     , m_dialog(*window.editorDialog())
     , m_folder(folder)
-    , m_probe(ClientSession::instance().database().fileName())
+    , m_probe(ClientSession::instance().database().location())
 {
     m_boxes.setOnShown([this](QWidget* box) { picture(box, QStringLiteral("box")); });
 }

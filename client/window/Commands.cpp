@@ -7,6 +7,7 @@
 #include "ErrorText.h"
 #include "HistoryTexts.h"
 #include "Options.h"
+#include "ServerLocation.h"
 #include "SessionStart.h"
 
 #include <QFileInfo>
@@ -30,6 +31,8 @@ Result<QString> importClosures(const Options& options)
 
 Result<QString> backUp(const Options& options)
 {
+    if (ServerLocation::isServer(options.database))
+        return Error::BackupOfServer;
     const QString file = QFileInfo(options.argument).absoluteFilePath();
     if (Status status = backUpDatabase(databaseOf(options), file); !status)
         return status;

@@ -187,10 +187,10 @@ void MainWindow::buildActions()
 
 void MainWindow::buildStatus()
 {
-    const QFileInfo database(ClientSession::instance().database().fileName());
-    QLabel* const file = PlainText::newLabel(database.fileName(), this);
-    file->setToolTip(PlainText::toolTip(database.absoluteFilePath()));
-    statusBar()->addPermanentWidget(file);
+    const QString location = ClientSession::instance().database().location();
+    QLabel* const database = PlainText::newLabel(QFileInfo(location).fileName(), this);
+    database->setToolTip(PlainText::toolTip(location));
+    statusBar()->addPermanentWidget(database);
     if (const Status status = checkCalendarEnd(clientToday()); !status) {
         QLabel* const calendar = PlainText::newLabel(errorText(status), this);
         calendar->setObjectName(QStringLiteral("calendarEnd"));

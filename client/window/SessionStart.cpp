@@ -1,6 +1,7 @@
 #include "SessionStart.h"
 
 #include "ClientSession.h"
+#include "ServerLocation.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -69,6 +70,8 @@ Status checkSize(const Options& options, const QString& file)
 QString databaseOf(const Options& options)
 {
     QString file = options.database;
+    if (ServerLocation::isServer(file))
+        return file;
     if (file.isEmpty())
         file = options.folder.isEmpty() ? usualDatabase() : QDir(options.folder).filePath(DatabaseName);
     return QFileInfo(file).absoluteFilePath();
@@ -78,7 +81,8 @@ Status startSession(const Options& options)
 {
     const QString file = databaseOf(options);
     // Only the window and the walk-through start with sample data; elsewhere the file's name is mistyped.
-    if (!options.wantsWindow() && options.folder.isEmpty() && !QFileInfo::exists(file))
+    const bool isMissing = !ServerLocation::isServer(file) && !QFileInfo::exists(file);
+    if (!options.wantsWindow() && options.folder.isEmpty() && isMissing)
         return Status(Error::CannotOpenDatabase, { file }, Error::NotAFile);
     ClientSession::Options sample;
     sample.marketSize = options.securities;

@@ -10,6 +10,7 @@
 #include "OrloBusinessDataInterface.h"
 #include "Orlo_Fields.h"
 #include "PlanCodes.h"
+#include "SampleData.h"
 #include "SecurityStore.h"
 
 #include <QJsonDocument>
@@ -21,9 +22,10 @@ using namespace PlanCodes;
 SampleSession::SampleSession(const QString& userId, int marketSize)
 {
     setClientToday(today());
-    ClientSession::Options options;
-    options.marketSize = marketSize;
-    m_opened = ClientSession::instance().open(file(), userId, ClientSession::Progress(), options);
+    m_database.emplace(QStringLiteral("sample %1").arg(marketSize), [marketSize](Database& database) {
+        return database.transaction([&] { return SampleData::write(database, marketSize, {}); });
+    });
+    m_opened = open(userId, marketSize);
 }
 
 SampleSession::~SampleSession()
@@ -32,10 +34,19 @@ SampleSession::~SampleSession()
     setClientToday(QDate());
 }
 
+// On a server, the user is the role of the location.
+Status SampleSession::open(const QString& userId, int marketSize)
+{
+    ClientSession::Options options;
+    options.marketSize = marketSize;
+    const QString user = TestDatabase::isOnServer() ? QString() : userId;
+    return ClientSession::instance().open(file(userId), user, ClientSession::Progress(), options);
+}
+
 Status SampleSession::reopen(const QString& userId)
 {
     ClientSession::instance().close();
-    return ClientSession::instance().open(file(), userId);
+    return open(userId, 0);
 }
 
 QString SampleSession::symbolOf(const QString& subType, const QString& suffix)

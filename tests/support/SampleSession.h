@@ -1,15 +1,16 @@
 #pragma once
 
-#include "Status.h"
+#include "TestDatabase.h"
 
 #include <QDate>
 #include <QMap>
 #include <QString>
-#include <QTemporaryDir>
 #include <QVariant>
 
-/// The real client on a database of its own in a temporary folder, with a small sample market, on a set day. The
-/// destructor closes the session.
+#include <optional>
+
+/// The real client on a database of its own with a small sample market, on a set day. The destructor closes the
+/// session.
 class SampleSession {
 public:
     /// A Monday, the first trade day after a closure of five days.
@@ -21,7 +22,10 @@ public:
 
     /// Whether the session could be opened.
     const Status& opened() const { return m_opened; }
-    QString file() const { return m_folder.filePath(QStringLiteral("plans.db")); }
+    /// The location of the database, for the user.
+    QString file(const QString& userId = QStringLiteral("trader01")) const { return m_database->location(userId); }
+    /// The location for an owner, who may change everything.
+    QString ownersFile() const { return m_database->ownersLocation(); }
     /// Closes and opens again, as the next start of the client does.
     Status reopen(const QString& userId = QStringLiteral("trader01"));
 
@@ -39,7 +43,9 @@ public:
     QString reason() const { return m_reason; }
 
 private:
-    QTemporaryDir m_folder;
+    Status open(const QString& userId, int marketSize);
+
+    std::optional<TestDatabase> m_database;
     Status m_opened;
     QString m_reason;
 };

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "SqlDialect.h"
+#include "Status.h"
+
+#include <QByteArray>
+#include <QSqlDatabase>
+#include <QString>
+
+#include <memory>
+
+class QSqlError;
+
+/// The rows of a statement as an engine's own interface returns them.
+class EngineRows {
+public:
+    EngineRows() = default;
+    virtual ~EngineRows() = default;
+    EngineRows(const EngineRows&) = delete;
+    EngineRows& operator=(const EngineRows&) = delete;
+
+    /// Moves to the next row, first to the first one. Returns false after the last row or an error.
+    virtual bool next() = 0;
+    /// Whether all rows could be read so far.
+    virtual const Status& status() const = 0;
+    /// The text in a column, valid until the next row; empty for NULL.
+    virtual QByteArray bytes(int column) const = 0;
+    /// The number in a column; 0 for NULL.
+    virtual qint64 number(int column) const = 0;
+};
+
+/// What each kind of database does in its own way. `Database` does what is the same for all of them.
+class DatabaseEngine {
+public:
+    DatabaseEngine() = default;
+    virtual ~DatabaseEngine() = default;
+    DatabaseEngine(const DatabaseEngine&) = delete;
+    DatabaseEngine& operator=(const DatabaseEngine&) = delete;
+
+    /// Opens the database as a connection of this name. `migrates`: whether an older schema may be migrated; a file's
+    /// always is.
+    virtual Status open(QSqlDatabase& connection, const QString& name, const QString& location, bool migrates) = 0;
+    /// Called before an open connection is closed.
+    virtual void prepareClosing() { }
+
+    /// The role that is logged in to a server; empty for a file.
+    virtual QString role() const { return {}; }
+
+    virtual const SqlDialect& dialect() const = 0;
+
+    /// True within a transaction that can be committed.
+    virtual bool isInTransaction() const = 0;
+    virtual void rollBack() = 0;
+    /// Fails if nothing may be written.
+    virtual Status check() { return {}; }
+    /// Called after each commit.
+    virtual void countCommit() { }
+
+    /// Whether rows are read one by one. Otherwise other statements may run meanwhile.
+    virtual bool streamsRows() const = 0;
+    virtual std::unique_ptr<EngineRows> rows(const QString& statement) = 0;
+    /// What an error of Qt's driver means.
+    virtual Status failure(const QSqlError& error) = 0;
+    /// Ends the running statement, which fails. Any thread may call it while the database is open.
+    virtual void interrupt() = 0;
+
+    virtual Status checkPages() { return {}; }
+    virtual void prepareWal() { }
+};

@@ -1,0 +1,54 @@
+#include "PostgresStatus.h"
+
+#include <QMap>
+#include <QSqlError>
+
+#include <libpq-fe.h>
+
+namespace {
+
+const QMap<QString, Error>& meanings()
+{
+    static const QMap<QString, Error> errors{
+        { QStringLiteral("2200H"), Error::NumbersExhausted },
+        { QStringLiteral("25006"), Error::DatabaseReadOnly },
+        { QStringLiteral("40001"), Error::DatabaseBusy }, // serialization failure
+        { QStringLiteral("40P01"), Error::DatabaseBusy }, // deadlock
+        { QStringLiteral("42501"), Error::NotPermitted },
+        { QStringLiteral("53100"), Error::DiskFull },
+        { QStringLiteral("54000"), Error::ContentTooLarge },
+        { QStringLiteral("55P03"), Error::DatabaseBusy }, // lock not available
+        { QStringLiteral("57014"), Error::DatabaseBusy }, // query cancelled, usually after its time
+        { QStringLiteral("XX001"), Error::DatabaseCorrupt },
+        { QStringLiteral("XX002"), Error::DatabaseCorrupt },
+    };
+    return errors;
+}
+
+Status statusOf(pg_conn* connection, const QString& code, const QString& text)
+{
+    if (PQstatus(connection) != CONNECTION_OK)
+        return Error::ConnectionLost;
+    if (code == QLatin1String("58030")) // input or output of the server's disk
+        return { Error::DiskFailed, { code } };
+    const auto meaning = meanings().constFind(code);
+    return meaning == meanings().cend() ? Status(Error::DatabaseFailed, { PostgresStatus::firstLine(text) }) : *meaning;
+}
+
+} // namespace
+
+Status PostgresStatus::of(pg_conn* connection, const QSqlError& error)
+{
+    return statusOf(connection, error.nativeErrorCode(), error.databaseText());
+}
+
+Status PostgresStatus::of(pg_conn* connection, const pg_result* answer)
+{
+    return statusOf(connection, QString::fromLatin1(PQresultErrorField(answer, PG_DIAG_SQLSTATE)),
+        QString::fromUtf8(PQresultErrorMessage(answer)));
+}
+
+QString PostgresStatus::firstLine(const QString& text)
+{
+    return text.section(QLatin1Char('\n'), 0, 0).trimmed();
+}

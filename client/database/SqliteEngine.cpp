@@ -1,0 +1,330 @@
+#include "SqliteEngine.h"
+
+#include "Database.h"
+#include "PrivateFiles.h"
+#include "Schema.h"
+#include "SqliteStatus.h"
+#include "UntrustedFile.h"
+
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QSqlDriver>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QSqlRecord>
+#include <QThread>
+
+#include <sqlite3.h>
+
+#include <limits>
+
+namespace {
+
+// How long a statement waits for another client's transaction, in milliseconds.
+constexpr int BusyTimeout = 800;
+// Between two attempts to start the log of a new file, in milliseconds.
+constexpr int RetryInterval = 10;
+// Pages in memory, in negative KiB.
+constexpr int CacheSize = -2000;
+// In seconds. The schema takes milliseconds; the pages of a million plans a few seconds.
+constexpr int LongestSchemaCheck = 5;
+constexpr int LongestPageCheck = 120;
+// A few hundred pages, unless other clients write, too: well before SQLite's automatic checkpoint within a transaction.
+constexpr int TransactionsPerWal = 50;
+
+class SqliteRows : public EngineRows {
+public:
+    SqliteRows(sqlite3* connection, const QString& statement)
+        : m_connection(connection)
+    {
+        const QByteArray bytes = statement.toUtf8();
+        note(sqlite3_prepare_v2(connection, bytes.constData(), bytes.size(), &m_statement, nullptr));
+    }
+    ~SqliteRows() override { sqlite3_finalize(m_statement); }
+
+    bool next() override
+    {
+        const int code = sqlite3_step(m_statement);
+        if (code != SQLITE_DONE)
+            note(code);
+        return code == SQLITE_ROW;
+    }
+
+    const Status& status() const override { return m_status; }
+
+    QByteArray bytes(int column) const override
+    {
+        const auto* const text = reinterpret_cast<const char*>(sqlite3_column_text(m_statement, column));
+        return QByteArray::fromRawData(text, sqlite3_column_bytes(m_statement, column));
+    }
+
+    qint64 number(int column) const override { return sqlite3_column_int64(m_statement, column); }
+
+private:
+    void note(int code)
+    {
+        if (code != SQLITE_OK && code != SQLITE_ROW)
+            m_status = SqliteStatus::of(code, QString::fromUtf8(sqlite3_errmsg(m_connection)));
+    }
+
+    sqlite3* const m_connection;
+    sqlite3_stmt* m_statement = nullptr;
+    Status m_status;
+};
+
+} // namespace
+
+SqliteEngine::SqliteEngine(Database& database)
+    : m_database(database)
+{
+}
+
+Status SqliteEngine::open(QSqlDatabase& connection, const QString& name, const QString& location, bool)
+{
+    if (Status status = connect(connection, name, location); !status)
+        return status;
+    if (Status status = inspect(); !status)
+        return status;
+    if (Status status = prepareConnection(); !status)
+        return status;
+    // The first read of a new file creates its log.
+    const Result<int> version = number(QStringLiteral("PRAGMA user_version"));
+    if (!version)
+        return version.status();
+    if (Status status = m_files.remember(m_connection, location); !status)
+        return status;
+    if (*version == Schema::latestVersion())
+        return {};
+    m_files.forget();
+    if (Status status = m_database.transaction([this] { return applyMigrations(); }); !status)
+        return status;
+    return m_files.remember(m_connection, location);
+}
+
+Status SqliteEngine::connect(QSqlDatabase& connection, const QString& name, const QString& fileName)
+{
+    if (fileName.isEmpty())
+        return Error::NoDatabaseFile;
+    if (Status status = UntrustedFile::checkFiles(fileName); !status)
+        return status;
+    if (!PrivateFiles::makeFolder(QFileInfo(fileName).absolutePath()))
+        return Error::CannotCreateFolder;
+    if (!QFileInfo::exists(fileName))
+        PrivateFiles::makeFile(fileName);
+    LockWaits::limitPauses();
+    connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+    connection.setDatabaseName(fileName);
+    if (!connection.open())
+        return SqliteStatus::of(connection.lastError());
+    m_fileName = fileName;
+    m_connection = *static_cast<sqlite3* const*>(connection.driver()->handle().constData());
+    UntrustedFile::restrict(m_connection);
+    m_waits.setLimit(BusyTimeout);
+    m_waits.apply(m_connection);
+    return {};
+}
+
+// Only reads, so that a refused file stays unchanged.
+Status SqliteEngine::inspect()
+{
+    const auto within = [this](int seconds, Status (SqliteEngine::*inspection)()) {
+        return UntrustedFile::withinSeconds(
+            seconds, m_connection, [this, inspection] { return (this->*inspection)(); });
+    };
+    // One state of the file, although another client may migrate it meanwhile.
+    Status status = m_database.configure(QStringLiteral("BEGIN"));
+    if (status)
+        status = within(LongestSchemaCheck, &SqliteEngine::checkSchema);
+    rollBack();
+    if (!status)
+        return status;
+    const Result<int> version = number(QStringLiteral("PRAGMA user_version"));
+    if (!version)
+        return version.status();
+    return *version < Schema::latestVersion() ? within(LongestPageCheck, &SqliteEngine::checkPages) : status;
+}
+
+Status SqliteEngine::checkSchema()
+{
+    const Result<int> tables = number(QStringLiteral("SELECT count(*) FROM sqlite_master"));
+    if (!tables)
+        return tables.status();
+    const Result<int> version = number(QStringLiteral("PRAGMA user_version"));
+    if (!version)
+        return version.status();
+    const Result<int> application = number(QStringLiteral("PRAGMA application_id"));
+    if (!application)
+        return application.status();
+    if (Status status = checkVersion(*tables, *version, *application); !status)
+        return status;
+    if (Status status = UntrustedFile::checkSchema(m_connection, *version); !status)
+        return status;
+    // Otherwise the file says how much of it is kept in memory.
+    return m_database.configure(QStringLiteral("PRAGMA cache_size = %1").arg(CacheSize));
+}
+
+Status SqliteEngine::checkVersion(int tables, int version, int application)
+{
+    if (tables == 0 && version == 0 && application == 0)
+        return {};
+    if (application != Schema::applicationId() || version < 1)
+        return Error::ForeignDatabase;
+    if (version > Schema::latestVersion())
+        return { Error::NewerDatabase, { QString::number(version), QString::number(Schema::latestVersion()) } };
+    return {};
+}
+
+Status SqliteEngine::checkPages()
+{
+    const Result<QVariant> check = m_database.value(QStringLiteral("PRAGMA quick_check(1)"));
+    if (!check)
+        return check.status();
+    return check->toString() == QLatin1String("ok") ? Status() : Error::DatabaseCorrupt;
+}
+
+Status SqliteEngine::prepareConnection()
+{
+    if (Status status = startWalMode(); !status)
+        return status;
+    if (Status status = m_database.configure(QStringLiteral("PRAGMA synchronous = FULL")); !status)
+        return status;
+    // Triggers on deletion then also refuse to replace a row.
+    if (Status status = m_database.configure(QStringLiteral("PRAGMA recursive_triggers = ON")); !status)
+        return status;
+    return m_database.configure(QStringLiteral("PRAGMA foreign_keys = ON"));
+}
+
+// Two first starts of the same new file stop each other at once, without waiting for the lock.
+Status SqliteEngine::startWalMode()
+{
+    QElapsedTimer waiting;
+    waiting.start();
+    for (;;) {
+        const Result<QVariant> mode = m_database.value(QStringLiteral("PRAGMA journal_mode = WAL"));
+        if (mode && mode->toString() == QLatin1String("wal"))
+            return {};
+        if (!mode && mode.status().error() != Error::DatabaseBusy)
+            return mode.status();
+        if (waiting.hasExpired(BusyTimeout))
+            return mode ? Error::NoWriteAheadLog : Error::DatabaseBusy;
+        QThread::msleep(RetryInterval);
+    }
+}
+
+// Reads the version again under the write lock: another process may have migrated the file in the meantime.
+Status SqliteEngine::applyMigrations()
+{
+    const Result<int> version = number(QStringLiteral("PRAGMA user_version"));
+    if (!version)
+        return version.status();
+    for (const Migration& migration : Schema::migrations()) {
+        const Status status = migration.version > *version ? migrate(migration) : Status();
+        if (!status)
+            return { Error::MigrationFailed, {}, status };
+    }
+    return m_database.execute(QStringLiteral("PRAGMA application_id = %1").arg(Schema::applicationId()));
+}
+
+Status SqliteEngine::migrate(const Migration& migration)
+{
+    for (const Obstacle& obstacle : migration.obstacles) {
+        if (Status status = refuse(obstacle); !status)
+            return status;
+    }
+    for (const QString& statement : migration.statements) {
+        if (Status status = m_database.execute(statement); !status)
+            return status;
+    }
+    return m_database.execute(QStringLiteral("PRAGMA user_version = %1").arg(migration.version));
+}
+
+Status SqliteEngine::refuse(const Obstacle& obstacle)
+{
+    QStringList found;
+    Status status = m_database.read(obstacle.query + QStringLiteral(" LIMIT 1"), {}, [&found](const QSqlQuery& row) {
+        for (int column = 0; column < row.record().count(); ++column)
+            found << row.value(column).toString();
+    });
+    return status && !found.isEmpty() ? Status(obstacle.error, found) : status;
+}
+
+// The last connection moves the log to the database and deletes it, by its name, which may be another file's now.
+void SqliteEngine::prepareClosing()
+{
+    if (!m_files.check())
+        sqlite3_db_config(m_connection, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+}
+
+bool SqliteEngine::isInTransaction() const
+{
+    return sqlite3_get_autocommit(m_connection) == 0;
+}
+
+void SqliteEngine::rollBack()
+{
+    if (isInTransaction())
+        sqlite3_exec(m_connection, "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+std::unique_ptr<EngineRows> SqliteEngine::rows(const QString& statement)
+{
+    return std::make_unique<SqliteRows>(m_connection, statement);
+}
+
+// SQLite reports the end of the row numbers like a full disk.
+Status SqliteEngine::failure(const QSqlError& error)
+{
+    const Status failure = SqliteStatus::of(error);
+    // Qt passes on codes without their details.
+    if (failure.error() == Error::DatabaseReadOnly)
+        return SqliteStatus::last(m_connection);
+    if (failure.error() != Error::DiskFull)
+        return failure;
+    SqliteRows used(m_connection, QStringLiteral("SELECT max(seq) FROM sqlite_sequence"));
+    const bool atEnd = used.status() && used.next() && used.number(0) == std::numeric_limits<qint64>::max();
+    return atEnd ? Error::NumbersExhausted : failure;
+}
+
+void SqliteEngine::interrupt()
+{
+    sqlite3_interrupt(m_connection);
+}
+
+void SqliteEngine::prepareWal()
+{
+    if (!m_files.check())
+        return;
+    const bool isBegun = QFileInfo(m_fileName + QStringLiteral("-wal")).size() > 0;
+    if (isBegun && (m_committed < TransactionsPerWal || !checkpoint()))
+        return;
+    m_waits.setLimit(0);
+    if (startWal())
+        m_committed = 0;
+    m_waits.setLimit(BusyTimeout);
+}
+
+// The first transaction of a log flushes it twice, once for the log's header. This one writes the version unchanged.
+Status SqliteEngine::startWal()
+{
+    return m_database.transaction([this]() -> Status {
+        const Result<int> version = number(QStringLiteral("PRAGMA user_version"));
+        if (!version)
+            return version.status();
+        return m_database.execute(QStringLiteral("PRAGMA user_version = %1").arg(*version));
+    });
+}
+
+/// False while another connection reads an older state.
+bool SqliteEngine::checkpoint()
+{
+    int frames = 0;
+    int moved = 0;
+    const int code = sqlite3_wal_checkpoint_v2(m_connection, nullptr, SQLITE_CHECKPOINT_PASSIVE, &frames, &moved);
+    return code == SQLITE_OK && frames == moved;
+}
+
+Result<int> SqliteEngine::number(const QString& statement)
+{
+    const Result<QVariant> found = m_database.value(statement);
+    return found ? Result<int>(found->toInt()) : found.status();
+}

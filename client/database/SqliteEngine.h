@@ -1,0 +1,51 @@
+#pragma once
+
+#include "DatabaseEngine.h"
+#include "FileIdentity.h"
+#include "LockWaits.h"
+
+class Database;
+struct Migration;
+struct Obstacle;
+struct sqlite3;
+
+/// An SQLite file: checked, configured and migrated when it is opened, and checked again before each write.
+class SqliteEngine : public DatabaseEngine {
+public:
+    explicit SqliteEngine(Database& database);
+
+    Status open(QSqlDatabase& connection, const QString& name, const QString& location, bool migrates) override;
+    void prepareClosing() override;
+    const SqlDialect& dialect() const override { return SqlDialect::sqlite(); }
+    bool isInTransaction() const override;
+    void rollBack() override;
+    Status check() override { return m_files.check(); }
+    void countCommit() override { ++m_committed; }
+    bool streamsRows() const override { return true; }
+    std::unique_ptr<EngineRows> rows(const QString& statement) override;
+    Status failure(const QSqlError& error) override;
+    void interrupt() override;
+    Status checkPages() override;
+    void prepareWal() override;
+
+private:
+    Status connect(QSqlDatabase& connection, const QString& name, const QString& fileName);
+    Status inspect();
+    Status checkSchema();
+    Status checkVersion(int tables, int version, int application);
+    Status prepareConnection();
+    Status startWalMode();
+    Status applyMigrations();
+    Status migrate(const Migration& migration);
+    Status refuse(const Obstacle& obstacle);
+    Result<int> number(const QString& statement);
+    bool checkpoint();
+    Status startWal();
+
+    Database& m_database;
+    sqlite3* m_connection = nullptr;
+    QString m_fileName;
+    FileIdentity m_files;
+    LockWaits m_waits;
+    int m_committed = 0; ///< transactions since this connection started the log
+};

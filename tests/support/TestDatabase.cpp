@@ -1,0 +1,160 @@
+#include "TestDatabase.h"
+
+#include "Database.h"
+#include "ErrorText.h"
+#include "UserStore.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QSet>
+
+#include <libpq-fe.h>
+
+#include <memory>
+
+namespace {
+
+const QString Owner = QStringLiteral("postgres");
+
+QString serverFile(const char* name)
+{
+    return QStringLiteral(TEAM_SERVER_FOLDER "/") + QLatin1String(name);
+}
+
+QString firstLine(const QString& fileName)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readLine()).trimmed() : QString();
+}
+
+[[noreturn]] void fail(const QString& reason)
+{
+    qFatal("No database on the server of scripts/team-server, is it running? %s", qPrintable(reason));
+}
+
+/// The server's superuser.
+class Superuser {
+public:
+    Superuser()
+        : m_connection(PQconnectdb("service=team"), PQfinish)
+    {
+        if (PQstatus(m_connection.get()) != CONNECTION_OK)
+            fail(QString::fromUtf8(PQerrorMessage(m_connection.get())));
+    }
+
+    void run(const QString& statement)
+    {
+        PGresult* const answer = PQexec(m_connection.get(), statement.toUtf8().constData());
+        const bool done = PQresultStatus(answer) == PGRES_COMMAND_OK;
+        PQclear(answer);
+        if (!done)
+            fail(QString::fromUtf8(PQerrorMessage(m_connection.get())));
+    }
+
+private:
+    const std::unique_ptr<PGconn, void (*)(PGconn*)> m_connection;
+};
+
+QString locationOf(const QString& user, const QString& database)
+{
+    return QStringLiteral("postgresql://%1@127.0.0.1:%2/%3").arg(user, firstLine(serverFile("port")), database);
+}
+
+QString newName()
+{
+    static int count = 0;
+    return QStringLiteral("test_%1_%2").arg(QCoreApplication::applicationPid()).arg(++count);
+}
+
+// Another program may create the same role at the same time.
+void addRole(Superuser& superuser, const QString& user)
+{
+    const QString password = firstLine(serverFile("passwords")).section(QLatin1Char(':'), -1);
+    superuser.run(QStringLiteral("DO $do$ BEGIN CREATE ROLE %1 LOGIN PASSWORD '%2' IN ROLE plandesk_user;"
+                                 " EXCEPTION WHEN duplicate_object OR unique_violation THEN NULL; END $do$")
+                      .arg(user, password));
+}
+
+/// The filled databases of this program, which the tests' databases are copies of.
+class Templates {
+public:
+    ~Templates()
+    {
+        for (const QString& name : qAsConst(m_names))
+            Superuser().run(QStringLiteral("DROP DATABASE %1 WITH (FORCE)").arg(name));
+    }
+
+    QString filled(const QString& contents, const TestDatabase::Fill& fill)
+    {
+        if (!m_names.contains(contents))
+            m_names.insert(contents, make(fill));
+        return m_names.value(contents);
+    }
+
+private:
+    static QString make(const TestDatabase::Fill& fill)
+    {
+        Superuser superuser;
+        const QString name = newName();
+        superuser.run(QStringLiteral("CREATE DATABASE ") + name);
+        Database database;
+        Status status = database.setUp(locationOf(Owner, name));
+        if (status)
+            status = fill(database);
+        const auto users = UserStore(database).users();
+        if (!status || !users)
+            fail(errorText(status ? users.status() : status));
+        for (const StoredUser& user : *users)
+            addRole(superuser, user.id);
+        return name;
+    }
+
+    QMap<QString, QString> m_names;
+};
+
+Templates& templates()
+{
+    static Templates all;
+    return all;
+}
+
+} // namespace
+
+bool TestDatabase::isOnServer()
+{
+    static const bool isOnServer = [] {
+        qputenv("PGSERVICEFILE", serverFile("service").toUtf8());
+        qputenv("PGPASSFILE", serverFile("passwords").toUtf8());
+        return qgetenv("TEST_DATABASE") == "server";
+    }();
+    return isOnServer;
+}
+
+TestDatabase::TestDatabase(const QString& name, const Fill& fill)
+{
+    if (!isOnServer())
+        return;
+    m_name = newName();
+    Superuser().run(QStringLiteral("CREATE DATABASE %1 TEMPLATE %2").arg(m_name, templates().filled(name, fill)));
+}
+
+TestDatabase::TestDatabase()
+    : TestDatabase(QStringLiteral("empty"), [](Database&) { return Status(); })
+{
+}
+
+TestDatabase::~TestDatabase()
+{
+    if (!m_name.isEmpty())
+        Superuser().run(QStringLiteral("DROP DATABASE %1 WITH (FORCE)").arg(m_name));
+}
+
+QString TestDatabase::location(const QString& user) const
+{
+    return m_name.isEmpty() ? m_folder.filePath(QStringLiteral("plans.db")) : locationOf(user, m_name);
+}
+
+QString TestDatabase::ownersLocation() const
+{
+    return location(Owner);
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "Status.h"
+
+#include <QString>
+#include <QTemporaryDir>
+
+#include <functional>
+
+class Database;
+
+/// A database for one test: a file, or a database on the server of `scripts/team-server` if the program runs with
+/// TEST_DATABASE=server. It is deleted with the object.
+class TestDatabase {
+public:
+    /// Writes the contents into a database that has been set up.
+    using Fill = std::function<Status(Database& database)>;
+
+    /// Whether the program's databases are on the server. The program fails if it does not run.
+    static bool isOnServer();
+
+    /// The same `name` means the same contents. On the server they are written once and then copied, and the stored
+    /// users get roles. A file is filled only there: a client fills its new file itself.
+    TestDatabase(const QString& name, const Fill& fill);
+    /// A database without contents.
+    TestDatabase();
+    ~TestDatabase();
+    TestDatabase(const TestDatabase&) = delete;
+    TestDatabase& operator=(const TestDatabase&) = delete;
+
+    /// The location for a user; the same for every user of a file.
+    QString location(const QString& user) const;
+    /// The location for the owner, who may change everything.
+    QString ownersLocation() const;
+
+private:
+    QTemporaryDir m_folder;
+    QString m_name; ///< on the server; empty for a file
+};
