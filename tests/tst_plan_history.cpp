@@ -208,8 +208,7 @@ private Q_SLOTS:
     {
         const QString id = session().create(SampleSession::record());
         const Record opened = service().GetPlanInfo(id);
-        PlanStore plans = ClientSession::instance().plans();
-        QCOMPARE(plans.setState(id, 1, PlanState::Paused, QString(), by(Colleague)), Status());
+        pauseAsColleague(id, 1, QString());
         QVERIFY(service().modifyPlan(opened).contains(QStringLiteral("（状态）")));
     }
 
@@ -219,8 +218,7 @@ private Q_SLOTS:
     {
         const QString id = session().create(SampleSession::record());
         changeAsColleague(id, 1, QStringLiteral("2000"));
-        PlanStore plans = ClientSession::instance().plans();
-        QCOMPARE(plans.setState(id, 2, PlanState::Paused, QStringLiteral("午间"), by(Colleague)), Status());
+        pauseAsColleague(id, 2, QStringLiteral("午间"));
 
         const auto history = historyOf(id);
         QCOMPARE(history.size(), 3);
@@ -247,8 +245,7 @@ private Q_SLOTS:
     void aPausedPlanIsNotIssued()
     {
         const QString id = session().create(SampleSession::record());
-        QCOMPARE(
-            ClientSession::instance().plans().setState(id, 1, PlanState::Paused, QString(), by(Colleague)), Status());
+        pauseAsColleague(id, 1, QString());
         const auto issued = InstructionIssuer::issueDay(SampleSession::today());
         QVERIFY(issued);
         QCOMPARE(ClientSession::instance().instructions().ofPlan(id)->size(), 0);
@@ -267,8 +264,8 @@ private Q_SLOTS:
         QCOMPARE(history.at(1).after, instructions.first());
 
         const Record ended{ { FieldId::EndState, EndState::Ended } };
-        QCOMPARE(ClientSession::instance().instructions().update(id, instructions.firstKey(), ended, by(Colleague)),
-            Status());
+        const Change change = ClientSession::instance().changeNow();
+        QCOMPARE(ClientSession::instance().instructions().update(id, instructions.firstKey(), ended, change), Status());
         const HistoryEntry last = historyOf(id).constLast();
         QCOMPARE(last.event, HistoryEvent::InstructionChanged);
         QCOMPARE(last.subject, instructions.firstKey());
@@ -279,7 +276,8 @@ private Q_SLOTS:
 
     void aSignatureIsRecordedOnce()
     {
-        Database& database = ClientSession::instance().database();
+        Database database;
+        QCOMPARE(database.open(session().ownersFile()), Status());
         AgreementStore agreements(database);
         const QString protocol =
             database.texts(QStringLiteral("SELECT protocol FROM agreements ORDER BY protocol"), {})->value(0);
@@ -385,11 +383,17 @@ private:
         return *HistoryStore(ClientSession::instance().database()).ofPlan(numberOf(id));
     }
 
-    /// Another client on the same file.
+    /// Another client, who may change every plan.
+    void pauseAsColleague(const QString& id, int version, const QString& reason)
+    {
+        Database other;
+        QCOMPARE(other.open(session().ownersFile()), Status());
+        QCOMPARE(PlanStore(other).setState(id, version, PlanState::Paused, reason, by(Colleague)), Status());
+    }
     void changeAsColleague(const QString& id, int version, const QString& total)
     {
         Database other;
-        QCOMPARE(other.open(session().file()), Status());
+        QCOMPARE(other.open(session().ownersFile()), Status());
         Record record = with(SampleSession::record(), BaseField::totalQty, total);
         record.insert(BaseField::remark, QStringLiteral("改"));
         QCOMPARE(PlanStore(other).modify(id, version, record, by(Colleague)), Status());

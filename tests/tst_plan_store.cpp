@@ -175,7 +175,9 @@ private Q_SLOTS:
             { QStringLiteral("stopped"), PlanState::Stopped }, { QStringLiteral("archived"), PlanState::Archived } };
         QCOMPARE(plans.plan(id)->state, PlanState::Active);
         for (const auto& other : others) {
-            QCOMPARE(m_database->execute(QStringLiteral("UPDATE plans SET state = ?"), { other.first }), Status());
+            QCOMPARE(m_database->execute(
+                         QStringLiteral("UPDATE plans SET state = ?, version = version + 1"), { other.first }),
+                Status());
             QCOMPARE(plans.plan(id)->state, other.second);
             QCOMPARE(plans.plansOfDay(QDate(2024, 5, 6))->due, QStringList());
             QCOMPARE(*plans.count(), 1);

@@ -139,7 +139,7 @@ private Q_SLOTS:
         const QString location = stored.ownersLocation();
         Database owned;
         QCOMPARE(owned.open(location), Status());
-        const QStringList versions{ QStringLiteral("99"), QStringLiteral("1") };
+        const QStringList versions{ QStringLiteral("99"), QStringLiteral("2") };
         Database database;
         QCOMPARE(owned.execute(QStringLiteral("UPDATE schema_version SET version = 99")), Status());
         QCOMPARE(database.open(location), cannotOpen(location, { Error::NewerDatabase, versions }));
@@ -169,7 +169,7 @@ private Q_SLOTS:
                 "DELETE FROM instructions", "UPDATE signatures SET client_no = 'x'",
                 "INSERT INTO users VALUES ('x', 'x')", "UPDATE account_limits SET largest_quantity = 1",
                 "DELETE FROM user_accounts", "UPDATE positions SET quantity = 1",
-                "UPDATE schema_version SET version = 2", "CREATE TABLE mine (x integer)", "DROP TABLE history" })
+                "UPDATE schema_version SET version = 9", "CREATE TABLE mine (x integer)", "DROP TABLE history" })
             QTest::newRow(statement) << QString::fromLatin1(statement);
     }
 

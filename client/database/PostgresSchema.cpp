@@ -1,5 +1,7 @@
 #include "PostgresSchema.h"
 
+#include "PostgresRights.h"
+
 namespace {
 
 // Times, days and JSON objects are the same texts as in a file, so that the stores read both alike. The infinite time
@@ -220,6 +222,7 @@ const QVector<Migration>& PostgresSchema::migrations()
         { 1,
             { statements(Domains), statements(AccountTables), statements(AuthorityTables), statements(LimitTables),
                 statements(MarketTables), statements(PlanTables), statements(HistoryTable), statements(Privileges) } },
+        { 2, PostgresRights::statements() },
     };
     return steps;
 }

@@ -1,0 +1,124 @@
+#include "PostgresRights.h"
+
+namespace {
+
+// Each is asked once in a query, not for each row. The role that logged in counts, also if it has switched to another
+// one. Definers read rows that the role may not see, without which the policies of plans and accounts would need each
+// other.
+const char* const Functions = R"(
+CREATE FUNCTION own_name() RETURNS text LANGUAGE sql STABLE SECURITY DEFINER SET search_path = plandesk, pg_temp
+    RETURN (SELECT name FROM users WHERE id = session_user::text);
+CREATE FUNCTION own_accounts() RETURNS text[] LANGUAGE sql STABLE SECURITY DEFINER SET search_path = plandesk, pg_temp
+    RETURN ARRAY (SELECT trading_account::text FROM user_accounts AS u WHERE u.user = session_user::text);
+CREATE FUNCTION known_accounts() RETURNS text[] LANGUAGE sql STABLE SECURITY DEFINER SET search_path = plandesk, pg_temp
+    RETURN ARRAY (SELECT a.trading_account::text FROM accounts AS a
+        WHERE a.trading_account = ANY (own_accounts())
+        OR EXISTS (SELECT FROM plans AS p WHERE p.assignee = own_name() AND p.trading_account = a.trading_account)
+        OR EXISTS (SELECT FROM plans AS p WHERE p.executor = own_name() AND p.trading_account = a.trading_account));
+REVOKE EXECUTE ON FUNCTION own_name, own_accounts, known_accounts FROM PUBLIC;
+GRANT EXECUTE ON FUNCTION own_name, own_accounts, known_accounts TO plandesk_user;
+CREATE INDEX accounts_of_assignees ON plans (assignee, trading_account) WHERE assignee IS NOT NULL;
+CREATE INDEX accounts_of_executors ON plans (executor, trading_account) WHERE executor IS NOT NULL
+)";
+
+// A user knows the own accounts and those of plans that are assigned to the user.
+const char* const AccountPolicies = R"(
+ALTER TABLE accounts ENABLE ROW LEVEL SECURITY;
+CREATE POLICY known ON accounts FOR SELECT USING (trading_account = ANY ((SELECT known_accounts())::text[]));
+ALTER TABLE user_accounts ENABLE ROW LEVEL SECURITY;
+CREATE POLICY known ON user_accounts FOR SELECT USING (trading_account = ANY ((SELECT known_accounts())::text[]));
+ALTER TABLE exchange_accounts ENABLE ROW LEVEL SECURITY;
+CREATE POLICY known ON exchange_accounts FOR SELECT USING (trading_account = ANY ((SELECT known_accounts())::text[]));
+ALTER TABLE order_authorities ENABLE ROW LEVEL SECURITY;
+CREATE POLICY known ON order_authorities FOR SELECT USING (trading_account = ANY ((SELECT known_accounts())::text[]));
+ALTER TABLE rule_properties ENABLE ROW LEVEL SECURITY;
+CREATE POLICY known ON rule_properties FOR SELECT USING (trading_account = ANY ((SELECT known_accounts())::text[]));
+ALTER TABLE approval_chains ENABLE ROW LEVEL SECURITY;
+CREATE POLICY known ON approval_chains FOR SELECT USING (trading_account = ANY ((SELECT known_accounts())::text[]));
+ALTER TABLE chain_users ENABLE ROW LEVEL SECURITY;
+CREATE POLICY known ON chain_users FOR SELECT USING (chain_key IN (SELECT c.chain_key FROM approval_chains AS c));
+ALTER TABLE positions ENABLE ROW LEVEL SECURITY;
+CREATE POLICY known ON positions FOR SELECT USING (trading_account = ANY ((SELECT known_accounts())::text[]));
+ALTER TABLE account_limits ENABLE ROW LEVEL SECURITY;
+CREATE POLICY known ON account_limits FOR SELECT
+    USING (trading_account = '' OR trading_account = ANY ((SELECT known_accounts())::text[]));
+ALTER TABLE limit_exceptions ENABLE ROW LEVEL SECURITY;
+CREATE POLICY known ON limit_exceptions FOR SELECT USING (trading_account = ANY ((SELECT known_accounts())::text[]));
+ALTER TABLE signatures ENABLE ROW LEVEL SECURITY;
+CREATE POLICY known ON signatures FOR SELECT USING (client_no IN (SELECT a.client_no FROM accounts AS a));
+CREATE POLICY own ON signatures FOR INSERT WITH CHECK ("user" = session_user::text AND client_no IN
+    (SELECT a.client_no FROM accounts AS a WHERE a.trading_account = ANY ((SELECT own_accounts())::text[])))
+)";
+
+// A policy refuses a row before its keys are looked up, so that no error tells which rows of others there are. Numbers
+// are given by the server alone, for the same reason.
+const char* const PlanPolicies = R"(
+ALTER TABLE plans ENABLE ROW LEVEL SECURITY;
+CREATE POLICY visible ON plans FOR SELECT USING (trading_account = ANY ((SELECT own_accounts())::text[])
+    OR assignee = (SELECT own_name()) OR executor = (SELECT own_name()));
+CREATE POLICY own ON plans FOR INSERT WITH CHECK (creator = session_user::text AND version = 1
+    AND trading_account = ANY ((SELECT own_accounts())::text[])
+    AND EXISTS (SELECT FROM order_authorities AS o WHERE o.user = session_user::text
+        AND o.trading_account = plans.trading_account AND o.instruction_type = plans.instruction_type));
+CREATE POLICY visible_change ON plans FOR UPDATE USING (trading_account = ANY ((SELECT own_accounts())::text[])
+    OR assignee = (SELECT own_name()) OR executor = (SELECT own_name()));
+REVOKE INSERT, UPDATE ON plans FROM plandesk_user;
+GRANT INSERT (version, state, creator, created_time, changed_time, plan_type, instruction_type, trading_account, symbol,
+    side, assignee, executor, begin_date, end_date, fields) ON plans TO plandesk_user;
+GRANT UPDATE (version, state, changed_time, plan_type, instruction_type, trading_account, symbol, side, assignee,
+    executor, begin_date, end_date, fields) ON plans TO plandesk_user;
+ALTER TABLE instructions ENABLE ROW LEVEL SECURITY;
+CREATE POLICY of_visible_plan ON instructions USING (EXISTS (SELECT FROM plans AS p WHERE p.number = plan));
+ALTER TABLE history ENABLE ROW LEVEL SECURITY;
+CREATE POLICY visible ON history FOR SELECT USING (CASE WHEN plan IS NULL THEN "user" = session_user::text
+    ELSE EXISTS (SELECT FROM plans AS p WHERE p.number = plan) END);
+CREATE POLICY own ON history FOR INSERT WITH CHECK ("user" = session_user::text
+    AND (plan IS NULL OR EXISTS (SELECT FROM plans AS p WHERE p.number = plan)));
+REVOKE INSERT ON history FROM plandesk_user;
+GRANT INSERT (event, plan, version, subject, before, after, "user", time, client, request) ON history TO plandesk_user;
+DROP INDEX history_of_requests;
+CREATE UNIQUE INDEX history_of_requests ON history (request, "user") WHERE request IS NOT NULL
+)";
+
+const char* const Triggers = R"(
+CREATE FUNCTION check_version() RETURNS trigger LANGUAGE plpgsql AS $$
+BEGIN
+    IF NEW.version <> OLD.version + 1 THEN
+        RAISE EXCEPTION 'a change of a plan makes its next version';
+    END IF;
+    RETURN NEW;
+END $$;
+CREATE TRIGGER each_change_makes_a_version BEFORE UPDATE ON plans FOR EACH ROW EXECUTE FUNCTION check_version();
+CREATE FUNCTION check_limits() RETURNS trigger
+    LANGUAGE plpgsql SECURITY DEFINER SET search_path = plandesk, pg_temp AS $$
+DECLARE
+    account text := (SELECT trading_account FROM plans WHERE number = NEW.plan);
+    quantity bigint;
+    yuan bigint;
+BEGIN
+    SELECT greatest(coalesce(own.largest_quantity, usual.largest_quantity), max(e.largest_quantity)),
+            greatest(coalesce(own.largest_amount, usual.largest_amount), max(e.largest_amount))
+        INTO quantity, yuan
+        FROM account_limits AS usual LEFT JOIN account_limits AS own ON own.trading_account = account
+        LEFT JOIN limit_exceptions AS e ON e.trading_account = account AND e.last_day >= NEW.day
+            AND e.authorised_by <> session_user::text
+        WHERE usual.trading_account = ''
+        GROUP BY own.largest_quantity, usual.largest_quantity, own.largest_amount, usual.largest_amount;
+    IF NEW.issued_quantity > quantity OR NEW.issued_fen > 100 * yuan THEN
+        RAISE EXCEPTION 'the instruction is above the limits of its account';
+    END IF;
+    RETURN NEW;
+END $$;
+CREATE TRIGGER instructions_within_limits BEFORE INSERT OR UPDATE OF issued_quantity, issued_fen ON instructions
+    FOR EACH ROW EXECUTE FUNCTION check_limits()
+)";
+
+} // namespace
+
+QStringList PostgresRights::statements()
+{
+    QStringList all;
+    for (const char* const text : { Functions, AccountPolicies, PlanPolicies, Triggers })
+        all << QString::fromLatin1(text).trimmed();
+    return all;
+}

@@ -1,0 +1,256 @@
+#include "ClientSession.h"
+#include "InstructionIssuer.h"
+#include "LoggedTest.h"
+#include "SampleSession.h"
+#include "TestDatabase.h"
+#include "TestStatus.h"
+
+#include <QProcess>
+#include <QtTest>
+
+#include <memory>
+
+namespace {
+
+const QString Owner = QStringLiteral("trader01");
+const QString Stranger = QStringLiteral("trader03");
+
+} // namespace
+
+/// What the role of a user can do by psql with the rows of others. The database has a plan of the owner's account with
+/// one instruction.
+class ServerRightsTest : public LoggedTest {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        qputenv("TEST_DATABASE", "server");
+        m_session = std::make_unique<SampleSession>(Owner);
+        QCOMPARE(m_session->opened(), Status());
+        QCOMPARE(m_session->create(SampleSession::record()), QStringLiteral("AP00000001"));
+        QCOMPARE(InstructionIssuer::issueDay(SampleSession::today())->issued.size(), 1);
+        ClientSession::instance().close();
+    }
+
+    void cleanupTestCase() { m_session.reset(); }
+
+    void aStrangerGetsNothing_data()
+    {
+        QTest::addColumn<QString>("statement");
+        QTest::addColumn<QString>("answer");
+        reading();
+        writing();
+        otherWays();
+        guessing();
+    }
+
+    void aStrangerGetsNothing()
+    {
+        QFETCH(QString, statement);
+        QFETCH(QString, answer);
+        QCOMPARE(psql(Stranger, statement), answer);
+    }
+
+    void theOwnerChangesOnlyByVersions_data()
+    {
+        QTest::addColumn<QString>("statement");
+        QTest::addColumn<QString>("answer");
+        const QString refused = QStringLiteral("ERROR:  a change of a plan makes its next version");
+        row("the same version", "UPDATE plans SET state = 'stopped' WHERE number = 1", refused);
+        row("a later version", "UPDATE plans SET state = 'stopped', version = 3 WHERE number = 1", refused);
+        row("another creator", "UPDATE plans SET creator = 'trader02', version = 2", denied("table plans"));
+        row("another number", "UPDATE plans SET number = 2, version = 2", denied("table plans"));
+        row("given to a stranger's account", "UPDATE plans SET trading_account = '100003', version = 2",
+            violates("plans"));
+    }
+
+    void theOwnerChangesOnlyByVersions()
+    {
+        QFETCH(QString, statement);
+        QFETCH(QString, answer);
+        QCOMPARE(psql(Owner, statement), answer);
+    }
+
+    void anInstructionStaysWithinTheLimitsOfItsAccount_data()
+    {
+        QTest::addColumn<QString>("statement");
+        QTest::addColumn<QString>("answer");
+        const QString refused = QStringLiteral("ERROR:  the instruction is above the limits of its account");
+        const auto insert = [](const char* column, const char* value) {
+            return QStringLiteral("BEGIN; INSERT INTO instructions (plan, position, day, %1)"
+                                  " VALUES (1, 2, '2024-05-07', %2); ROLLBACK")
+                .arg(QLatin1String(column), QLatin1String(value));
+        };
+        row("the largest quantity", insert("issued_quantity", "100000000"), QString());
+        row("a larger one", insert("issued_quantity", "100000001"), refused);
+        row("the largest amount", insert("issued_fen", "1000000000000"), QString());
+        row("one fen more", insert("issued_fen", "1000000000001"), refused);
+        row("a change above the limit", "UPDATE instructions SET issued_quantity = 100000001", refused);
+    }
+
+    void anInstructionStaysWithinTheLimitsOfItsAccount()
+    {
+        QFETCH(QString, statement);
+        QFETCH(QString, answer);
+        QCOMPARE(psql(Owner, statement), answer);
+    }
+
+    void theOwnerSeesTheOwnRows()
+    {
+        QCOMPARE(psql(Owner, QStringLiteral("SELECT count(*) FROM plans")), QStringLiteral("1"));
+        QCOMPARE(psql(Owner, QStringLiteral("SELECT count(*) FROM instructions")), QStringLiteral("1"));
+        QCOMPARE(
+            psql(Owner, QStringLiteral("SELECT string_agg(event, ' ' ORDER BY number) FROM history WHERE plan = 1")),
+            QStringLiteral("created issued"));
+    }
+
+private:
+    static void row(const char* name, const QString& statement, const QString& answer)
+    {
+        QTest::newRow(name) << statement << answer;
+    }
+    static void row(const char* name, const char* statement, const QString& answer)
+    {
+        row(name, QString::fromUtf8(statement), answer);
+    }
+
+    static QString denied(const char* object)
+    {
+        return QStringLiteral("ERROR:  permission denied for ") + QLatin1String(object);
+    }
+
+    static QString violates(const char* table)
+    {
+        return QStringLiteral("ERROR:  new row violates row-level security policy for table \"%1\"")
+            .arg(QLatin1String(table));
+    }
+
+    static void reading()
+    {
+        const QString none = QStringLiteral("0");
+        for (const char* const table : { "plans", "instructions", "history WHERE plan IS NOT NULL" })
+            row(table, QStringLiteral("SELECT count(*) FROM ") + QLatin1String(table), none);
+        for (const char* const table : { "accounts", "user_accounts", "exchange_accounts", "order_authorities",
+                 "rule_properties", "approval_chains", "positions" })
+            row(table,
+                QStringLiteral("SELECT count(*) FROM %1 WHERE trading_account = '100001'").arg(QLatin1String(table)),
+                none);
+        row("chain_users", "SELECT count(*) FROM chain_users WHERE chain_key LIKE 'CHAIN-100001-%'", none);
+        row("signatures", "SELECT count(*) FROM signatures WHERE client_no = 'C10001'", none);
+        row("the own accounts are there", "SELECT count(*) > 0 FROM accounts", QStringLiteral("t"));
+    }
+
+    static void writing()
+    {
+        row("changes a plan", "WITH c AS (UPDATE plans SET version = 2 RETURNING 1) SELECT count(*) FROM c",
+            QStringLiteral("0"));
+        row("changes an instruction",
+            "WITH c AS (UPDATE instructions SET ended = 1 RETURNING 1) SELECT count(*) FROM c", QStringLiteral("0"));
+        row("adds a plan for another's account", newPlan("trader03", "100001"), violates("plans"));
+        row("adds a plan in another's name", newPlan("trader01", "100003"), violates("plans"));
+        row("adds an instruction", "INSERT INTO instructions (plan, position, day) VALUES (1, 2, '2024-05-06')",
+            violates("instructions"));
+        row("adds to the history", newEntry("trader03", "'changed', 1, 2"), violates("history"));
+        row("adds to the history in another's name", newEntry("trader01", "'signed', NULL, NULL"), violates("history"));
+        row("changes the history", "UPDATE history SET client = 'x'", denied("table history"));
+        row("deletes the history", "DELETE FROM history", denied("table history"));
+        row("deletes plans", "DELETE FROM plans", denied("table plans"));
+        row("takes an account", "INSERT INTO user_accounts VALUES ('trader03', '100001', 1)",
+            denied("table user_accounts"));
+        row("raises the limits", "UPDATE account_limits SET largest_quantity = 1", denied("table account_limits"));
+        row("signs for another's client",
+            "INSERT INTO signatures VALUES ('x', 'C10001', 'trader03', '2024-05-06T01:30:00.000Z')",
+            violates("signatures"));
+        row("turns the security off", "ALTER TABLE plans DISABLE ROW LEVEL SECURITY",
+            QStringLiteral("ERROR:  must be owner of table plans"));
+    }
+
+    static void otherWays()
+    {
+        const QString none = QStringLiteral("0");
+        row("switches to another user", "SET ROLE trader01",
+            QStringLiteral("ERROR:  permission denied to set role \"trader01\""));
+        row("logs in again", "SET SESSION AUTHORIZATION trader01",
+            QStringLiteral("ERROR:  permission denied to set session authorization \"trader01\""));
+        row("switches to all users", "SET ROLE plandesk_user; SELECT count(*) FROM plans", none);
+        row("asks for an error instead of fewer rows", "SET row_security = off; SELECT count(*) FROM plans",
+            QStringLiteral("ERROR:  query would be affected by row-level security policy for table \"plans\""));
+        row("makes a view", "CREATE TEMP VIEW v AS SELECT * FROM plans; SELECT count(*) FROM v", none);
+        row("makes a function",
+            "CREATE FUNCTION pg_temp.f() RETURNS bigint LANGUAGE sql SECURITY DEFINER AS"
+            " 'SELECT count(*) FROM plandesk.plans'; SELECT pg_temp.f()",
+            none);
+        row("makes a function among those of the schema", "CREATE FUNCTION f() RETURNS text LANGUAGE sql AS 'SELECT 1'",
+            denied("schema plandesk"));
+        row("makes a function that shows what it gets",
+            "CREATE FUNCTION pg_temp.f(x text) RETURNS boolean LANGUAGE plpgsql COST 0.0000001 AS"
+            " 'BEGIN RAISE WARNING ''%'', x; RETURN true; END';"
+            " SELECT count(*) FROM plans WHERE pg_temp.f(symbol)",
+            none);
+        row("puts a table before that of the schema",
+            "CREATE TEMP TABLE user_accounts (\"user\" text, trading_account text);"
+            " INSERT INTO user_accounts VALUES ('trader03', '100001'); SELECT count(*) FROM plandesk.plans",
+            none);
+        row("reads the statistics", "SELECT count(*) FROM pg_stats WHERE tablename = 'plans'", none);
+        row("copies the table to a program", "COPY plans TO PROGRAM 'cat'",
+            QStringLiteral("ERROR:  must be superuser or have privileges of the pg_execute_server_program role to COPY"
+                           " to or from an external program"));
+    }
+
+    // A row that exists and one that does not have the same answer.
+    static void guessing()
+    {
+        row("a plan that exists", "INSERT INTO instructions (plan, position, day) VALUES (1, 1, '2024-05-06')",
+            violates("instructions"));
+        row("a plan that does not", "INSERT INTO instructions (plan, position, day) VALUES (99, 1, '2024-05-06')",
+            violates("instructions"));
+        row("an account that does not exist", newPlan("trader03", "999999"), violates("plans"));
+        row("a number that exists", "INSERT INTO plans (number) VALUES (1)", denied("table plans"));
+        row("a number that does not", "INSERT INTO plans (number) VALUES (99)", denied("table plans"));
+        row("a client who has signed",
+            "INSERT INTO signatures SELECT protocol, 'C10001', 'trader03', '2024-05-06T01:30:00.000Z' FROM agreements",
+            violates("signatures"));
+        row("a request that exists",
+            "BEGIN; INSERT INTO history (event, \"user\", time, client, request)"
+            " VALUES ('signed', 'trader03', '2024-05-06T01:30:00.000Z', 'c', 'r');"
+            " ROLLBACK",
+            QString());
+    }
+
+    static QString newPlan(const char* creator, const char* account)
+    {
+        return QStringLiteral("INSERT INTO plans (version, creator, created_time, changed_time, instruction_type,"
+                              " trading_account, fields) VALUES (1, '%1', '2024-05-06T01:30:00.000Z',"
+                              " '2024-05-06T01:30:00.000Z', '1', '%2', '{}')")
+            .arg(QLatin1String(creator), QLatin1String(account));
+    }
+
+    static QString newEntry(const char* user, const char* values)
+    {
+        return QStringLiteral("INSERT INTO history (event, plan, version, \"user\", time, client)"
+                              " VALUES (%1, '%2', '2024-05-06T01:30:00.000Z', 'c')")
+            .arg(QLatin1String(values), QLatin1String(user));
+    }
+
+    /// What psql prints: the answer, or the first line of its error.
+    QString psql(const QString& user, const QString& statements) const
+    {
+        QProcess program;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("PGOPTIONS"), QStringLiteral("-c search_path=plandesk"));
+        program.setProcessEnvironment(environment);
+        program.setProcessChannelMode(QProcess::MergedChannels);
+        program.start(QStringLiteral("/usr/lib/postgresql/15/bin/psql"),
+            { QStringLiteral("-XAtq"), QStringLiteral("-v"), QStringLiteral("VERBOSITY=terse"), QStringLiteral("-c"),
+                statements, m_session->file(user) });
+        if (!program.waitForFinished())
+            qFatal("psql does not end: %s", qPrintable(program.errorString()));
+        return QString::fromUtf8(program.readAll()).trimmed();
+    }
+
+    std::unique_ptr<SampleSession> m_session;
+};
+
+QTEST_MAIN(ServerRightsTest)
+#include "tst_server_rights.moc"
