@@ -20,5 +20,8 @@ inline void clearSilently(QComboBox* box)
 /// Selects the item with a code; deselects if no item has the code.
 inline void selectCode(QComboBox* box, const QString& code)
 {
-    box->setCurrentIndex(box->findData(code, Qt::UserRole, Qt::MatchCaseSensitive));
+    const int index = box->findData(code, Qt::UserRole, Qt::MatchCaseSensitive);
+    // Qt 6 also emits signals if nothing was selected before.
+    if (index != box->currentIndex())
+        box->setCurrentIndex(index);
 }
