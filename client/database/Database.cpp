@@ -23,7 +23,8 @@ QString nextConnectionName()
 void bind(QSqlQuery& query, const QVariantList& values)
 {
     for (int i = 0; i < values.size(); ++i) {
-        const bool nullText = values.at(i).userType() == QMetaType::QString && values.at(i).isNull();
+        // With Qt 6, a variant of a null text is not null, but the driver stores NULL all the same.
+        const bool nullText = values.at(i).userType() == QMetaType::QString && values.at(i).toString().isNull();
         query.bindValue(i, nullText ? QVariant(QLatin1String("")) : values.at(i));
     }
 }
