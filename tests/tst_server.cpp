@@ -17,6 +17,7 @@
 
 #include <atomic>
 #include <memory>
+#include <vector>
 
 using namespace StoredSample;
 
@@ -193,6 +194,29 @@ private Q_SLOTS:
                 Status(Error::DatabaseFailed, { QStringLiteral("ERROR:  the history is not changed") }));
     }
 
+    void aRowThatTheStoreDoesNotWriteIsRefused_data()
+    {
+        QTest::addColumn<QString>("change");
+        for (const char* const change : { "begin_date = '2024-02-30'", "begin_date = 'infinity'",
+                 "end_date = '2024-5-6'", "created_time = 'noon'", "created_time = '2024-05-06 01:30:00'",
+                 "changed_time = '2024-02-30T01:30:00.000Z'", "state = 'other'", "fields = '{bad'", "fields = '[]'",
+                 "begin_date = '2024-05-08', end_date = '2024-05-07'", "trading_account = 'x'", "version = 1" })
+            QTest::newRow(change) << QString::fromLatin1(change);
+    }
+
+    void aRowThatTheStoreDoesNotWriteIsRefused()
+    {
+        QFETCH(QString, change);
+        const TestDatabase stored;
+        Database database;
+        QString id;
+        fill(stored, database, id);
+        QCOMPARE(database.execute(QStringLiteral("UPDATE plans SET side = '1', version = 2")), Status());
+        const QString next = change.startsWith(QLatin1String("version")) ? QString() : QStringLiteral("version = 3, ");
+        QCOMPARE(database.execute(QStringLiteral("UPDATE plans SET ") + next + change).error(), Error::DatabaseFailed);
+        QCOMPARE(*PlanStore(database).version(id), 2);
+    }
+
     void aLostConnectionIsReported()
     {
         SampleSession session;
@@ -262,7 +286,10 @@ private Q_SLOTS:
         });
         QCOMPARE(failures, 0);
         QCOMPARE(*PlanStore(database).version(id), 1 + Clients * ChangesPerClient);
-        QCOMPARE(HistoryStore(database).ofPlan(1)->size(), 1 + Clients * ChangesPerClient);
+        const auto history = *HistoryStore(database).ofPlan(1);
+        QCOMPARE(history.size(), 1 + Clients * ChangesPerClient);
+        for (int i = 0; i < history.size(); ++i)
+            QCOMPARE(history.at(i).version, i + 1);
     }
 
     void instructionsAtOnceGetPlacesOfTheirOwn()
