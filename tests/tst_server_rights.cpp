@@ -61,8 +61,10 @@ private Q_SLOTS:
         row("a later version", "UPDATE plans SET state = 'stopped', version = 3 WHERE number = 1", refused);
         row("another creator", "UPDATE plans SET creator = 'trader02', version = 2", denied("table plans"));
         row("another number", "UPDATE plans SET number = 2, version = 2", denied("table plans"));
-        row("given to a stranger's account", "UPDATE plans SET trading_account = '100003', version = 2",
-            violates("plans"));
+        const QString kept = QStringLiteral("ERROR:  a plan is not moved to the account of others");
+        row("given to a stranger's account", "UPDATE plans SET trading_account = '100003', version = 2", kept);
+        row("given to it and kept by being assigned",
+            "UPDATE plans SET trading_account = '100003', version = 2, assignee = own_name()", kept);
     }
 
     void theOwnerChangesOnlyByVersions()

@@ -81,14 +81,18 @@ CREATE UNIQUE INDEX history_of_requests ON history (request, "user") WHERE reque
 )";
 
 const char* const Triggers = R"(
-CREATE FUNCTION check_version() RETURNS trigger LANGUAGE plpgsql AS $$
+CREATE FUNCTION check_change() RETURNS trigger LANGUAGE plpgsql SET search_path = plandesk, pg_temp AS $$
 BEGIN
     IF NEW.version <> OLD.version + 1 THEN
         RAISE EXCEPTION 'a change of a plan makes its next version';
     END IF;
+    -- A policy sees the new row only, which stays visible if it is assigned to the user.
+    IF NEW.trading_account IS DISTINCT FROM OLD.trading_account AND NEW.trading_account <> ALL (own_accounts()) THEN
+        RAISE EXCEPTION 'a plan is not moved to the account of others';
+    END IF;
     RETURN NEW;
 END $$;
-CREATE TRIGGER each_change_makes_a_version BEFORE UPDATE ON plans FOR EACH ROW EXECUTE FUNCTION check_version();
+CREATE TRIGGER each_change_is_checked BEFORE UPDATE ON plans FOR EACH ROW EXECUTE FUNCTION check_change();
 CREATE FUNCTION check_limits() RETURNS trigger
     LANGUAGE plpgsql SECURITY DEFINER SET search_path = plandesk, pg_temp AS $$
 DECLARE
