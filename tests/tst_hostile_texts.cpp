@@ -161,6 +161,8 @@ private Q_SLOTS:
     void inTheForm()
     {
         openPlan(m_plan, true);
+        // Too narrow for the text, which is then in the tool tip.
+        editor().findChild<QWidget*>(QStringLiteral("la_symbolName"))->setFixedWidth(40);
         editor().window()->grab();
         const Finding found = lookAtWidgets();
         QCOMPARE(found.rich, QStringList());
