@@ -375,6 +375,7 @@ private Q_SLOTS:
         QRandomGenerator random(static_cast<quint32>(given));
         // Damage is met by the reads of the form or by the check of all pages.
         log().allowWarning(QStringLiteral("数据库"));
+        log().allowWarning(QStringLiteral("的内容已损坏"));
         QCOMPARE(create(), QString());
         client().close();
         const QByteArray sound = contentOf(m_session->file());

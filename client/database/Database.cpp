@@ -173,7 +173,7 @@ Result<int> Database::change(const QString& statement, const QVariantList& value
 {
     int changed = 0;
     Status status = transaction([&] {
-        return run(statement, values, [&changed](QSqlQuery& query) {
+        return run(statement, values, [&changed](const QSqlQuery& query) {
             changed = query.numRowsAffected();
             return Status();
         });

@@ -18,6 +18,7 @@ using Record = PlanStore::Record;
 namespace {
 
 /// Keys with their captions, in the order of the form.
+// A table with a row for each field. NOLINTNEXTLINE(readability-function-size)
 const QVector<QPair<QString, QString>>& knownFields()
 {
     static const QVector<QPair<QString, QString>> fields{

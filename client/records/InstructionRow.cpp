@@ -148,6 +148,6 @@ QString InstructionRow::id(const QString& planId, int position)
 
 std::optional<int> InstructionRow::positionOf(const QString& planId, const QString& text)
 {
-    const int position = text.mid(planId.size() + 1).toInt();
+    const int position = text.section(QLatin1Char('-'), -1).toInt();
     return id(planId, position) == text ? std::optional<int>(position) : std::nullopt;
 }

@@ -235,11 +235,12 @@ void MainWindow::showFailure(const Status& failure)
     if (m_showsFailure || !m_editor->isVisible())
         return;
     m_showsFailure = true;
-    const auto show = [this, failure] {
-        const QPointer<MainWindow> self(this);
-        OrloWidget::ShowErrorMsgBox(errorText(failure), m_editor);
+    const auto show = [self = QPointer<MainWindow>(this), failure] {
+        if (!self)
+            return;
+        OrloWidget::ShowErrorMsgBox(errorText(failure), self->m_editor);
         if (self)
-            m_showsFailure = false;
+            self->m_showsFailure = false;
     };
     QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
 }

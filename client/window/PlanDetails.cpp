@@ -113,7 +113,8 @@ void PlanDetails::addInstructions(QFormLayout* rows, const QString& planId)
     addHeading(rows, tr("已下达指令"));
     if (!instructions)
         addRow(rows, QString(), errorText(instructions.status()));
-    for (const Fields& fields : instructions.valueOr({}))
+    const auto all = instructions.valueOr({});
+    for (const Fields& fields : all)
         addRow(rows, fields.value(FieldId::TradeDate).toString(), instructionText(fields));
 }
 
@@ -132,7 +133,8 @@ void PlanDetails::addHistory(QFormLayout* rows, const QString& planId)
     const int hidden = qMax(0, static_cast<int>(entries->size()) - MostEntries);
     if (hidden > 0)
         rows->addRow(newValue(tr("最近的%1条，全部历史见命令plandesk history").arg(MostEntries)));
-    for (const HistoryEntry& entry : entries->mid(hidden)) {
+    const QVector<HistoryEntry> shown = entries->mid(hidden);
+    for (const HistoryEntry& entry : shown) {
         QLabel* const time = newCaption(HistoryTexts::timeText(entry.time));
         QLabel* const event = newValue(QStringLiteral("%1 %2").arg(entry.user, HistoryTexts::event(entry)));
         time->setBuddy(event);
