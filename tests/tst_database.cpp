@@ -3,7 +3,7 @@
 #include "PlanLedger.h"
 #include "PlanStore.h"
 #include "RawFile.h"
-#include "Schema.h"
+#include "SqliteSchema.h"
 #include "StoredSample.h"
 #include "TestStatus.h"
 #include "UserStore.h"
@@ -62,11 +62,11 @@ bool makeVersionOne(const QString& fileName)
 {
     RawFile raw(fileName);
     bool done = true;
-    for (const QString& statement : Schema::migrations().constFirst().statements)
+    for (const QString& statement : SqliteSchema::migrations().constFirst().statements)
         done = done && raw.run(statement);
     for (const QString& statement : parents())
         done = done && raw.run(statement);
-    return done && raw.run(QStringLiteral("PRAGMA application_id = %1").arg(Schema::applicationId()))
+    return done && raw.run(QStringLiteral("PRAGMA application_id = %1").arg(SqliteSchema::applicationId()))
         && raw.run(QStringLiteral("PRAGMA user_version = 1"))
         && raw.run(QStringLiteral("INSERT INTO plans (version, creator, created_time, other_param)"
                                   " VALUES (3, 'trader01', '2023-12-01T10:00:00.000', '{}')"))
@@ -113,7 +113,7 @@ private Q_SLOTS:
         QCOMPARE(value(QStringLiteral("PRAGMA journal_mode")), QStringLiteral("wal"));
         QCOMPARE(value(QStringLiteral("PRAGMA synchronous")), QStringLiteral("2"));
         QCOMPARE(value(QStringLiteral("PRAGMA foreign_keys")), QStringLiteral("1"));
-        QCOMPARE(value(QStringLiteral("PRAGMA user_version")), QString::number(Schema::latestVersion()));
+        QCOMPARE(value(QStringLiteral("PRAGMA user_version")), QString::number(SqliteSchema::latestVersion()));
         QCOMPARE(value(QStringLiteral("SELECT count(*) FROM pragma_table_list"
                                       " WHERE schema = 'main' AND name NOT LIKE 'sqlite%' AND NOT strict")),
             QStringLiteral("0"));
@@ -144,7 +144,7 @@ private Q_SLOTS:
         QCOMPARE(plan.record.value(QStringLiteral("symbol")).toString(), QStringLiteral("000001.SZ"));
         database.close();
         RawFile raw(fileName);
-        QCOMPARE(raw.value(QStringLiteral("PRAGMA user_version")).toInt(), Schema::latestVersion());
+        QCOMPARE(raw.value(QStringLiteral("PRAGMA user_version")).toInt(), SqliteSchema::latestVersion());
         QCOMPARE(raw.value(QStringLiteral("SELECT count(*) FROM sqlite_master WHERE name = 'trade_days'")).toInt(), 0);
     }
 
@@ -184,7 +184,8 @@ private Q_SLOTS:
         QVERIFY(RawFile(fileName).run(QStringLiteral("PRAGMA user_version = 99")));
         const QByteArray before = contentOf(fileName);
         Database database;
-        const Status newer(Error::NewerDatabase, { QStringLiteral("99"), QString::number(Schema::latestVersion()) });
+        const Status newer(
+            Error::NewerDatabase, { QStringLiteral("99"), QString::number(SqliteSchema::latestVersion()) });
         QCOMPARE(database.open(fileName), cannotOpen(fileName, newer));
         QVERIFY(!database.isOpen());
         QCOMPARE(contentOf(fileName), before);

@@ -7,8 +7,8 @@
 #include "PlanStore.h"
 #include "PositionStore.h"
 #include "RawFile.h"
-#include "Schema.h"
 #include "SecurityStore.h"
+#include "SqliteSchema.h"
 #include "TestStatus.h"
 #include "WriterProcess.h"
 
@@ -74,7 +74,7 @@ bool makeOld(const QString& fileName, int plans, int version = LastOldVersion)
 {
     RawFile file(fileName);
     QStringList statements{ QStringLiteral("PRAGMA journal_mode = WAL"), QStringLiteral("BEGIN") };
-    for (const Migration& migration : Schema::migrations()) {
+    for (const Migration& migration : SqliteSchema::migrations()) {
         if (migration.version <= version)
             statements += migration.statements;
     }
@@ -86,7 +86,7 @@ bool makeOld(const QString& fileName, int plans, int version = LastOldVersion)
         QStringLiteral("INSERT INTO positions VALUES ('100001', 'A1', '600000.SH', 300, 200)"),
         QStringLiteral("INSERT INTO agreements VALUES ('p', 'title', 'content')"),
         QStringLiteral("INSERT INTO signatures VALUES ('p', 'C1', 'trader01', '2024-05-06T00:30:00.125')"),
-        QStringLiteral("PRAGMA application_id = %1").arg(Schema::applicationId()),
+        QStringLiteral("PRAGMA application_id = %1").arg(SqliteSchema::applicationId()),
         QStringLiteral("PRAGMA user_version = %1").arg(version) };
     bool done = true;
     for (const QString& statement : qAsConst(statements))

@@ -1,7 +1,7 @@
 #include "Database.h"
 #include "LoggedTest.h"
 #include "RawFile.h"
-#include "Schema.h"
+#include "SqliteSchema.h"
 #include "TestStatus.h"
 #include "UntrustedFile.h"
 #include "UserStore.h"
@@ -41,7 +41,7 @@ bool writeFile(const QString& path, const QByteArray& content)
 
 QByteArray makeOwn(int version)
 {
-    return "PRAGMA application_id = " + QByteArray::number(Schema::applicationId())
+    return "PRAGMA application_id = " + QByteArray::number(SqliteSchema::applicationId())
         + "; PRAGMA user_version = " + QByteArray::number(version);
 }
 
@@ -49,7 +49,7 @@ bool makeVersion(const QString& file, int version)
 {
     RawFile raw(file);
     bool done = raw.execute(makeOwn(version)) == SQLITE_OK;
-    for (const Migration& migration : Schema::migrations()) {
+    for (const Migration& migration : SqliteSchema::migrations()) {
         for (const QString& statement : migration.statements)
             done = done && (migration.version > version || raw.execute(statement.toUtf8()) == SQLITE_OK);
     }
@@ -182,7 +182,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, change);
         QFETCH(Status, cause);
-        for (const int version : { 1, Schema::latestVersion() }) {
+        for (const int version : { 1, SqliteSchema::latestVersion() }) {
             const QString file = path(QStringLiteral("version%1.db").arg(version));
             QVERIFY(makeVersion(file, version));
             QCOMPARE(RawFile(file).execute(change), SQLITE_OK);
@@ -194,7 +194,7 @@ private Q_SLOTS:
 
     void filesOfEveryVersionAreOpened()
     {
-        for (const Migration& migration : Schema::migrations()) {
+        for (const Migration& migration : SqliteSchema::migrations()) {
             const QString file = path(QStringLiteral("version%1.db").arg(migration.version));
             QVERIFY(makeVersion(file, migration.version));
             Database database;
@@ -246,7 +246,7 @@ private Q_SLOTS:
         }
         QVERIFY(QFile::link(QStringLiteral("/dev/zero"), path(QStringLiteral("device-link"))));
         for (const char* const file : { "piped.db", "linked.db", "enormous.db", "logged.db" })
-            QVERIFY(makeVersion(path(QLatin1String(file)), Schema::latestVersion()));
+            QVERIFY(makeVersion(path(QLatin1String(file)), SqliteSchema::latestVersion()));
         makePipe(QStringLiteral("piped.db-wal"));
         QVERIFY(QFile::link(victim, path(QStringLiteral("linked.db-wal"))));
         QVERIFY(QFile::resize(path(QStringLiteral("enormous.db")), 65 * GiB));
@@ -262,7 +262,7 @@ private Q_SLOTS:
     {
         const QString link = path(QStringLiteral("link.db"));
         for (const char* const name : { "first.db", "second.db" })
-            QVERIFY(makeVersion(path(QLatin1String(name)), Schema::latestVersion()));
+            QVERIFY(makeVersion(path(QLatin1String(name)), SqliteSchema::latestVersion()));
         QVERIFY(QFile::link(path(QStringLiteral("first.db")), link));
         Database database;
         QCOMPARE(database.open(link), Status());
@@ -277,7 +277,7 @@ private Q_SLOTS:
     void aRowThatIsTooLongIsReportedAndNotRead()
     {
         const QString file = path(QStringLiteral("long.db"));
-        QVERIFY(makeVersion(file, Schema::latestVersion()));
+        QVERIFY(makeVersion(file, SqliteSchema::latestVersion()));
         QCOMPARE(RawFile(file).execute("INSERT INTO users VALUES ('u', hex(zeroblob(15000000)))"), SQLITE_OK);
         sqlite3_memory_highwater(1);
         Database database;
@@ -294,7 +294,7 @@ private Q_SLOTS:
     void aFileDoesNotSayHowMuchOfItIsKeptInMemory()
     {
         const QString file = path(QStringLiteral("cached.db"));
-        QVERIFY(makeVersion(file, Schema::latestVersion()));
+        QVERIFY(makeVersion(file, SqliteSchema::latestVersion()));
         QCOMPARE(RawFile(file).execute("PRAGMA default_cache_size = 1000000000"), SQLITE_OK);
         Database database;
         QCOMPARE(database.open(file), Status());

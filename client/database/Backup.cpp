@@ -2,7 +2,7 @@
 
 #include "Database.h"
 #include "PrivateFiles.h"
-#include "Schema.h"
+#include "SqliteSchema.h"
 #include "SqliteStatus.h"
 #include "UntrustedFile.h"
 
@@ -61,7 +61,7 @@ Status checkApplication(const Connection& connection)
     int application = 0;
     if (Status status = run(connection, "PRAGMA application_id", {}, application); !status)
         return status;
-    return application == Schema::applicationId() ? Status() : Error::ForeignDatabase;
+    return application == SqliteSchema::applicationId() ? Status() : Error::ForeignDatabase;
 }
 
 // SQLite writes into an empty file that exists, so its mode is known from the beginning.

@@ -2,7 +2,7 @@
 
 #include "Database.h"
 #include "PrivateFiles.h"
-#include "Schema.h"
+#include "SqliteSchema.h"
 #include "SqliteStatus.h"
 #include "UntrustedFile.h"
 
@@ -93,7 +93,7 @@ Status SqliteEngine::open(QSqlDatabase& connection, const QString& name, const Q
         return version.status();
     if (Status status = m_files.remember(m_connection, location); !status)
         return status;
-    if (*version == Schema::latestVersion())
+    if (*version == SqliteSchema::latestVersion())
         return {};
     m_files.forget();
     if (Status status = m_database.transaction([this] { return applyMigrations(); }); !status)
@@ -141,7 +141,7 @@ Status SqliteEngine::inspect()
     const Result<int> version = number(QStringLiteral("PRAGMA user_version"));
     if (!version)
         return version.status();
-    return *version < Schema::latestVersion() ? within(LongestPageCheck, &SqliteEngine::checkPages) : status;
+    return *version < SqliteSchema::latestVersion() ? within(LongestPageCheck, &SqliteEngine::checkPages) : status;
 }
 
 Status SqliteEngine::checkSchema()
@@ -167,10 +167,10 @@ Status SqliteEngine::checkVersion(int tables, int version, int application)
 {
     if (tables == 0 && version == 0 && application == 0)
         return {};
-    if (application != Schema::applicationId() || version < 1)
+    if (application != SqliteSchema::applicationId() || version < 1)
         return Error::ForeignDatabase;
-    if (version > Schema::latestVersion())
-        return { Error::NewerDatabase, { QString::number(version), QString::number(Schema::latestVersion()) } };
+    if (version > SqliteSchema::latestVersion())
+        return { Error::NewerDatabase, { QString::number(version), QString::number(SqliteSchema::latestVersion()) } };
     return {};
 }
 
@@ -217,12 +217,12 @@ Status SqliteEngine::applyMigrations()
     const Result<int> version = number(QStringLiteral("PRAGMA user_version"));
     if (!version)
         return version.status();
-    for (const Migration& migration : Schema::migrations()) {
+    for (const Migration& migration : SqliteSchema::migrations()) {
         const Status status = migration.version > *version ? migrate(migration) : Status();
         if (!status)
             return { Error::MigrationFailed, {}, status };
     }
-    return m_database.execute(QStringLiteral("PRAGMA application_id = %1").arg(Schema::applicationId()));
+    return m_database.execute(QStringLiteral("PRAGMA application_id = %1").arg(SqliteSchema::applicationId()));
 }
 
 Status SqliteEngine::migrate(const Migration& migration)

@@ -1,6 +1,6 @@
 #include "UntrustedFile.h"
 
-#include "Schema.h"
+#include "SqliteSchema.h"
 #include "SqliteStatus.h"
 
 #include <QFileInfo>
@@ -67,7 +67,7 @@ Status readObjects(sqlite3* connection, const TakeObject& take)
 Status makeVersion(sqlite3* connection, int version)
 {
     QStringList statements{ QStringLiteral("PRAGMA foreign_keys = ON") };
-    for (const Migration& migration : Schema::migrations()) {
+    for (const Migration& migration : SqliteSchema::migrations()) {
         if (migration.version <= version)
             statements += migration.statements;
     }

@@ -3,7 +3,7 @@
 #include "Migration.h"
 
 /// The database's tables as a list of steps, one per schema version.
-namespace Schema {
+namespace SqliteSchema {
 
 /// Every step since the empty file, ascending and without gaps.
 const QVector<Migration>& migrations();
@@ -12,4 +12,4 @@ int latestVersion();
 /// The application id in the file header, which identifies this program's files.
 int applicationId();
 
-} // namespace Schema
+} // namespace SqliteSchema

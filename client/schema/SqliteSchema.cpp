@@ -1,4 +1,4 @@
-#include "Schema.h"
+#include "SqliteSchema.h"
 
 #include "TypedTables.h"
 
@@ -183,7 +183,7 @@ QStringList historyTable()
 
 } // namespace
 
-const QVector<Migration>& Schema::migrations()
+const QVector<Migration>& SqliteSchema::migrations()
 {
     static const QVector<Migration> steps{
         { 1, planTables() + accountTables() + authorityTables() + marketTables() + configurationTables() },
@@ -196,12 +196,12 @@ const QVector<Migration>& Schema::migrations()
     return steps;
 }
 
-int Schema::latestVersion()
+int SqliteSchema::latestVersion()
 {
     return migrations().constLast().version;
 }
 
-int Schema::applicationId()
+int SqliteSchema::applicationId()
 {
     return 0x504C444B; // "PLDK"
 }
