@@ -26,6 +26,8 @@ public:
     QString file(const QString& userId = QStringLiteral("trader01")) const { return m_database->location(userId); }
     /// The location for an owner, who may change everything.
     QString ownersFile() const { return m_database->ownersLocation(); }
+    /// Makes `file` lead through another port of the server, that of a proxy.
+    void leadThrough(quint16 port) { m_database->leadThrough(port); }
     /// Closes and opens again, as the next start of the client does.
     Status reopen(const QString& userId = QStringLiteral("trader01"));
 

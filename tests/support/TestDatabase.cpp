@@ -55,9 +55,9 @@ private:
     const std::unique_ptr<PGconn, void (*)(PGconn*)> m_connection;
 };
 
-QString locationOf(const QString& user, const QString& database)
+QString locationOf(const QString& user, const QString& database, quint16 port)
 {
-    return QStringLiteral("postgresql://%1@127.0.0.1:%2/%3").arg(user, firstLine(serverFile("port")), database);
+    return QStringLiteral("postgresql://%1@127.0.0.1:%2/%3").arg(user).arg(port).arg(database);
 }
 
 QString newName()
@@ -98,7 +98,7 @@ private:
         const QString name = newName();
         superuser.run(QStringLiteral("CREATE DATABASE ") + name);
         Database database;
-        Status status = database.setUp(locationOf(Owner, name));
+        Status status = database.setUp(locationOf(Owner, name, TestDatabase::serverPort()));
         if (status)
             status = fill(database);
         const auto users = UserStore(database).users();
@@ -130,10 +130,16 @@ bool TestDatabase::isOnServer()
     return isOnServer;
 }
 
+quint16 TestDatabase::serverPort()
+{
+    return firstLine(serverFile("port")).toUShort();
+}
+
 TestDatabase::TestDatabase(const QString& name, const Fill& fill)
 {
     if (!isOnServer())
         return;
+    m_port = serverPort();
     m_name = newName();
     Superuser().run(QStringLiteral("CREATE DATABASE %1 TEMPLATE %2").arg(m_name, templates().filled(name, fill)));
 }
@@ -151,10 +157,10 @@ TestDatabase::~TestDatabase()
 
 QString TestDatabase::location(const QString& user) const
 {
-    return m_name.isEmpty() ? m_folder.filePath(QStringLiteral("plans.db")) : locationOf(user, m_name);
+    return m_name.isEmpty() ? m_folder.filePath(QStringLiteral("plans.db")) : locationOf(user, m_name, m_port);
 }
 
 QString TestDatabase::ownersLocation() const
 {
-    return location(Owner);
+    return m_name.isEmpty() ? location(Owner) : locationOf(Owner, m_name, serverPort());
 }

@@ -18,6 +18,8 @@ public:
 
     /// Whether the program's databases are on the server. The program fails if it does not run.
     static bool isOnServer();
+    /// The server's port.
+    static quint16 serverPort();
 
     /// The same `name` means the same contents. On the server they are written once and then copied, and the stored
     /// users get roles. A file is filled only there: a client fills its new file itself.
@@ -28,12 +30,16 @@ public:
     TestDatabase(const TestDatabase&) = delete;
     TestDatabase& operator=(const TestDatabase&) = delete;
 
+    /// Makes `location` lead through another port, that of a proxy.
+    void leadThrough(quint16 port) { m_port = port; }
+
     /// The location for a user; the same for every user of a file.
     QString location(const QString& user) const;
-    /// The location for the owner, who may change everything.
+    /// The location for the owner, who may change everything, without a proxy.
     QString ownersLocation() const;
 
 private:
     QTemporaryDir m_folder;
     QString m_name; ///< on the server; empty for a file
+    quint16 m_port = 0;
 };
