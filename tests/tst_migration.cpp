@@ -253,9 +253,11 @@ void MigrationTest::otherDataAreMigrated()
                  ->constFirst()
                  .tradeableQuantity,
         qint64(200));
-    const auto limits =
-        LimitStore(database).limits(QStringLiteral("100001"), QStringLiteral("trader02"), QDate(2024, 5, 10));
-    QCOMPARE(limits->priceBandPerMille.value_or(0), qint64(600));
+    AccountLimits limits;
+    ValueReader reader(database);
+    LimitStore::addTo(reader, QStringLiteral("100001"), QStringLiteral("trader02"), QDate(2024, 5, 10), limits);
+    QCOMPARE(reader.read(), Status());
+    QCOMPARE(limits.priceBandPerMille.value_or(0), qint64(600));
     const auto text = [&database](const char* query) { return database.value(QString::fromLatin1(query))->toString(); };
     QCOMPARE(text("SELECT created_time FROM plans"), QStringLiteral("2024-05-05T16:30:00.125Z"));
     QCOMPARE(text("SELECT changed_time FROM plans"), QStringLiteral("2024-05-06T15:59:59.999Z"));

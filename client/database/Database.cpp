@@ -216,10 +216,15 @@ Result<QStringList> Database::texts(const QString& statement, const QVariantList
     return status ? Result<QStringList>(found) : status;
 }
 
+Status Database::readLocked(const QString& statement, const QVariantList& values, const TakeRow& take)
+{
+    return read(m_inTransaction ? statement + m_engine->dialect().rowLock : statement, values, take);
+}
+
 Status Database::lock(const QString& statement, const QVariantList& values)
 {
-    const QString rowLock = m_inTransaction ? m_engine->dialect().rowLock : QString();
-    return rowLock.isEmpty() ? Status() : read(statement + rowLock, values, [](const QSqlQuery&) {});
+    const bool locksRows = m_inTransaction && !m_engine->dialect().rowLock.isEmpty();
+    return locksRows ? readLocked(statement, values, [](const QSqlQuery&) {}) : Status();
 }
 
 Status Database::configure(const QString& statement)

@@ -76,9 +76,11 @@ public:
     Result<QVariant> value(const QString& statement, const QVariantList& values = {});
     /// The first column of all rows.
     Result<QStringList> texts(const QString& statement, const QVariantList& values);
-    /// Keeps others from changing the rows of a SELECT until the transaction ends, and waits for those who do. What is
-    /// read of them afterwards stays so. Does nothing outside of a transaction, and in a file, whose transactions run
-    /// one after the other.
+    /// Reads the rows of a SELECT and keeps others from changing them until the transaction ends. Waits for those who
+    /// do, and reads what they have changed; what it reads from other rows may be older. Outside of a transaction, and
+    /// in a file, whose transactions run one after the other, it only reads.
+    Status readLocked(const QString& statement, const QVariantList& values, const TakeRow& take);
+    /// Like `readLocked`, for rows that are read afterwards.
     Status lock(const QString& statement, const QVariantList& values);
     /// Runs statements outside of any transaction, for example a PRAGMA.
     Status configure(const QString& statement);

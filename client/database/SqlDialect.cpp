@@ -5,6 +5,7 @@ const SqlDialect& SqlDialect::sqlite()
     static const SqlDialect dialect{
         QStringLiteral("BEGIN IMMEDIATE"),
         QString(),
+        false,
         QStringLiteral("SELECT total_changes() || '/' || data_version FROM pragma_data_version"),
         QStringLiteral("SELECT p.number FROM user_accounts AS u CROSS JOIN plans AS p WHERE u.user = ?"
                        " AND p.number IN (SELECT number FROM plans WHERE trading_account = u.trading_account"
@@ -20,6 +21,7 @@ const SqlDialect& SqlDialect::postgres()
     static const SqlDialect dialect{
         QStringLiteral("BEGIN ISOLATION LEVEL READ COMMITTED READ WRITE"),
         QStringLiteral(" FOR NO KEY UPDATE"),
+        true,
         QStringLiteral("SELECT CAST(pg_current_snapshot() AS text)"),
         QStringLiteral("SELECT p.number FROM (SELECT trading_account FROM user_accounts AS o WHERE o.user = ?) AS u"
                        " CROSS JOIN LATERAL (SELECT number FROM plans WHERE trading_account = u.trading_account"

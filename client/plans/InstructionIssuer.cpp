@@ -67,7 +67,7 @@ private:
 Result<PlanRights> DayFacts::rights(const StoredPlan& plan)
 {
     const Result<PlanRights> own = m_rights.read(m_session.user().id, plan.record);
-    return own && own->account.tradingAccount.isEmpty() ? m_rights.read(plan.creator, plan.record) : own;
+    return own && !own->order.isOwn ? m_rights.read(plan.creator, plan.record) : own;
 }
 
 Result<QVector<qint64>> DayFacts::closes(const Security& security)
@@ -75,10 +75,11 @@ Result<QVector<qint64>> DayFacts::closes(const Security& security)
     const auto known = m_closes.constFind(security.symbol);
     if (known != m_closes.cend())
         return *known;
-    const Result<QVector<qint64>> read = PlanFacts::closesBefore(m_session, security, m_day);
-    if (read)
-        m_closes.insert(security.symbol, *read);
-    return read;
+    const Result<CloseHistory> read = SecurityStore(m_session.database()).closes(security.symbol);
+    if (!read)
+        return read.status();
+    return m_closes.insert(security.symbol, PlanFacts::closesBefore(*read, m_session.calendar(), security, m_day))
+        .value();
 }
 
 int DayFacts::daysUntil(const QString& exchange, const QString& lastDay)

@@ -242,7 +242,7 @@ Status beginIsNotPast(const CheckedPlan& plan)
 Status securityAccountIsTheAccounts(const CheckedPlan& plan)
 {
     const QString account = plan.text(UserAccount::tradingAccount);
-    const QString owned = plan.known.rights.account.exchangeAccounts.value(plan.text(UserAccount::securityExchange));
+    const QString owned = plan.known.rights.order.securityAccount;
     if (owned.isEmpty())
         return { Error::NoSecurityAccount, { account } };
     const QString given = plan.text(UserAccount::securityAccount);

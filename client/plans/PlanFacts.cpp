@@ -6,45 +6,40 @@
 #include "PlanCodes.h"
 #include "PlanTexts.h"
 #include "PositionStore.h"
-#include "SecurityStore.h"
 
 using namespace PlanCodes;
 
-Result<QVector<qint64>> PlanFacts::closesBefore(ClientSession& session, const Security& security, const QDate& day)
+QVector<qint64> PlanFacts::closesBefore(
+    CloseHistory closes, const TradeCalendar& calendar, const Security& security, const QDate& day)
 {
-    Result<CloseHistory> history = SecurityStore(session.database()).closes(security.symbol);
-    if (!history)
-        return history.status();
-    QDate last = history->lastDay;
-    while (last.isValid() && last >= day && !history->ticks.isEmpty()) {
-        if (session.calendar().day(security.exchange, last) == TradeCalendar::Day::Trades)
-            history->ticks.removeLast();
+    QDate last = closes.lastDay;
+    while (last.isValid() && last >= day && !closes.ticks.isEmpty()) {
+        if (calendar.day(security.exchange, last) == TradeCalendar::Day::Trades)
+            closes.ticks.removeLast();
         last = last.addDays(-1);
     }
-    return history->ticks;
+    return closes.ticks;
 }
 
 Result<double> PlanFacts::sellable(ClientSession& session, const PlanStore::Record& record, const Security& security)
 {
-    const auto positions =
-        PositionStore(session.database())
-            .positions(record.value(Kelvo_Fields::UserAccount::tradingAccount).toString(),
-                record.value(Kelvo_Fields::UserAccount::securityAccount).toString(), security.symbol);
-    if (!positions)
-        return positions.status();
-    qint64 sum = 0;
-    for (const StoredPosition& position : *positions)
-        sum += position.tradeableQuantity;
-    return static_cast<double>(sum * security.displayFactor);
+    qint64 quantity = 0;
+    ValueReader reader(session.database());
+    addTo(reader, record, security, quantity);
+    const Status status = reader.read();
+    return status ? Result<double>(static_cast<double>(quantity * security.displayFactor)) : status;
 }
 
-Result<double> PlanFacts::used(ClientSession& session, const StoredPlan& plan)
+void PlanFacts::addTo(
+    ValueReader& reader, const PlanStore::Record& record, const Security& security, qint64& tradeableQuantity)
+{
+    PositionStore::addTo(reader, record.value(Kelvo_Fields::UserAccount::tradingAccount).toString(),
+        record.value(Kelvo_Fields::UserAccount::securityAccount).toString(), security.symbol, tradeableQuantity);
+}
+
+double PlanFacts::used(const StoredPlan& plan, const PlanUse& use)
 {
     const auto other = PlanTexts::otherParam(plan.record.value(AutoPlanField::BaseField::planOtherParam).toString());
     const bool isAmount = other && other->value(FieldId::TargetType) == InstructionTargetType::AmountOrder;
-    const auto uses = session.instructions().used({ plan.id });
-    if (!uses)
-        return uses.status();
-    const PlanUse use = uses->value(plan.id);
     return isAmount ? use.yuan : use.quantity;
 }

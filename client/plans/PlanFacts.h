@@ -1,17 +1,21 @@
 #pragma once
 
 #include "ClientSession.h"
+#include "SecurityStore.h"
 
 /// Stored data from which the share, the price and the limits of a plan follow.
 namespace PlanFacts {
 
-/// Closing prices of a security before a day in ticks, oldest first. When a day is issued late, there may be closes
-/// after it.
-Result<QVector<qint64>> closesBefore(ClientSession& session, const Security& security, const QDate& day);
+/// Those of a security's closing prices that are before a day, in ticks, oldest first. When a day is issued late, there
+/// may be closes after it.
+QVector<qint64> closesBefore(
+    CloseHistory closes, const TradeCalendar& calendar, const Security& security, const QDate& day);
 /// What can be sold of the plan's security from its account, in displayed units.
 Result<double> sellable(ClientSession& session, const PlanStore::Record& record, const Security& security);
-/// Filled by ended and issued by running instructions of a plan: the amount of an amount order in yuan, otherwise the
-/// quantity in displayed units.
-Result<double> used(ClientSession& session, const StoredPlan& plan);
+/// Adds the same to what is read, in stored units.
+void addTo(ValueReader& reader, const PlanStore::Record& record, const Security& security, qint64& tradeableQuantity);
+/// The part of a plan's use that its target limits: the amount of an amount order in yuan, otherwise the quantity in
+/// displayed units.
+double used(const StoredPlan& plan, const PlanUse& use);
 
 } // namespace PlanFacts

@@ -25,6 +25,13 @@ QString typeOf(const PlanStore::Record& record)
     return record.value(Orlo_Fields::AutoPlan::subType).toString();
 }
 
+OrderParties partiesOf(const QString& userId, const PlanStore::Record& record)
+{
+    return { userId, accountOf(record), record.value(Kelvo_Fields::UserAccount::securityExchange).toString(),
+        typeOf(record), record.value(BaseField::executeUser).toString(),
+        record.value(BaseField::expectedUser).toString() };
+}
+
 } // namespace
 
 Status PlanRights::tradeError(const PlanStore::Record& record) const
@@ -33,11 +40,11 @@ Status PlanRights::tradeError(const PlanStore::Record& record) const
     const QString type = typeOf(record);
     if (name.isEmpty())
         return Error::NoAccount;
-    if (account.tradingAccount.isEmpty())
+    if (!order.isOwn)
         return { Error::UnknownAccount, { name } };
-    if (!instruction.authority)
+    if (!order.authority)
         return { Error::NoAuthority, { name } };
-    const bool isCredit = account.assetProperty == Orlo_Values::FundAccountType::Credit;
+    const bool isCredit = order.assetProperty == Orlo_Values::FundAccountType::Credit;
     if (isCredit != (type == InstructionType::Credit))
         return { Error::TypeNotOfAccount, { name, type } };
     const bool sells = record.value(BaseField::orderSide).toString() == Kelvo_Values::OrderSide::sell;
@@ -47,17 +54,16 @@ Status PlanRights::tradeError(const PlanStore::Record& record) const
 Status PlanRights::reviewError(const PlanStore::Record& record) const
 {
     const bool isActive = record.value(BaseField::InstMode).toString() == InstMode::ActiveManage;
-    return isActive && instruction.ruleProperty == Review ? Status(Error::ReviewRequired, { accountOf(record) })
-                                                          : Status();
+    return isActive && order.ruleProperty == Review ? Status(Error::ReviewRequired, { accountOf(record) }) : Status();
 }
 
 Status PlanRights::handlerError(const PlanStore::Record& record) const
 {
     const QString executor = record.value(BaseField::executeUser).toString();
-    if (!executor.isEmpty() && !executors.contains(executor))
+    if (!executor.isEmpty() && !order.knowsExecutor)
         return { Error::UnknownExecutor, { executor } };
     const QString assignee = record.value(BaseField::expectedUser).toString();
-    if (!assignee.isEmpty() && !forwarders.contains(assignee))
+    if (!assignee.isEmpty() && !order.knowsAssignee)
         return { Error::UnknownAssignee, { assignee } };
     return {};
 }
@@ -70,33 +76,24 @@ PlanRightsReader::PlanRightsReader(Database& database, const QDate& day)
 
 Result<PlanRights> PlanRightsReader::read(const QString& userId, const PlanStore::Record& record)
 {
-    const QStringList key{ userId, accountOf(record), typeOf(record) };
+    const OrderParties parties = partiesOf(userId, record);
+    const QStringList key{ parties.user, parties.tradingAccount, parties.exchange, parties.instructionType,
+        parties.executor, parties.assignee };
     const auto known = m_known.constFind(key);
     if (known != m_known.cend())
         return *known;
-    const Result<PlanRights> rights = readStored(userId, key.at(1), key.at(2));
-    if (rights)
-        m_known.insert(key, *rights);
+    PlanRights rights;
+    ValueReader reader(m_database);
+    addTo(reader, userId, record, m_day, rights);
+    if (Status status = reader.read(); !status)
+        return status;
+    m_known.insert(key, rights);
     return rights;
 }
 
-Result<PlanRights> PlanRightsReader::readStored(const QString& userId, const QString& account, const QString& type)
+void PlanRightsReader::addTo(
+    ValueReader& reader, const QString& userId, const PlanStore::Record& record, const QDate& day, PlanRights& rights)
 {
-    const Result<StoredAccount> owned = AccountStore(m_database).accountOf(userId, account);
-    if (!owned)
-        return owned.status();
-    AuthorityStore authorities(m_database);
-    const Result<Rights> instruction = authorities.rights(userId, account, type);
-    if (!instruction)
-        return instruction.status();
-    const Result<QStringList> executors = authorities.chainUsers(instruction->chainKey, ChainRole::Execute);
-    if (!executors)
-        return executors.status();
-    const Result<QStringList> forwarders = authorities.chainUsers(instruction->chainKey, ChainRole::Forward);
-    if (!forwarders)
-        return forwarders.status();
-    const Result<AccountLimits> limits = LimitStore(m_database).limits(account, userId, m_day);
-    if (!limits)
-        return limits.status();
-    return PlanRights{ *owned, *instruction, *executors, *forwarders, *limits };
+    AuthorityStore::addTo(reader, partiesOf(userId, record), rights.order);
+    LimitStore::addTo(reader, accountOf(record), userId, day, rights.limits);
 }

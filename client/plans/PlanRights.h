@@ -1,6 +1,5 @@
 #pragma once
 
-#include "AccountStore.h"
 #include "AuthorityStore.h"
 #include "LimitStore.h"
 #include "PlanStore.h"
@@ -8,14 +7,9 @@
 #include <QDate>
 #include <QHash>
 
-/// What a user may do with instructions of a type from an account.
+/// What a user may do with instructions of a plan.
 struct PlanRights {
-    /// One with an empty trading account if the account is not the user's.
-    StoredAccount account;
-    Rights instruction;
-    /// Names of the users who may execute such instructions, and of those who may handle them.
-    QStringList executors;
-    QStringList forwarders;
+    OrderRights order;
     AccountLimits limits;
 
     /// Why the user may not trade with the plan's account, instruction type and side; success if that is allowed.
@@ -26,7 +20,8 @@ struct PlanRights {
     Status handlerError(const PlanStore::Record& record) const;
 };
 
-/// Reads rights from the database, those of a user, an account and a type once. Use it within one transaction.
+/// Reads rights from the database, those of a user and of plans that have the same account, exchange, type and handlers
+/// once. Use it within one transaction.
 class PlanRightsReader {
 public:
     /// `day`: the day for which the limits are read.
@@ -34,9 +29,11 @@ public:
 
     Result<PlanRights> read(const QString& userId, const PlanStore::Record& record);
 
-private:
-    Result<PlanRights> readStored(const QString& userId, const QString& account, const QString& type);
+    /// Adds the rights for a record to what is read.
+    static void addTo(ValueReader& reader, const QString& userId, const PlanStore::Record& record, const QDate& day,
+        PlanRights& rights);
 
+private:
     Database& m_database;
     const QDate m_day;
     QHash<QStringList, PlanRights> m_known;

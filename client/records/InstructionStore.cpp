@@ -15,6 +15,21 @@ QString usedSum(const QString& unit)
         .arg(unit);
 }
 
+/// The expressions of a plan's use, over its instructions.
+const QStringList& sums()
+{
+    static const QStringList all{ usedSum(QStringLiteral("quantity")), usedSum(QStringLiteral("fen")),
+        QStringLiteral("min(CASE WHEN ended IS DISTINCT FROM 1 THEN day END)") };
+    return all;
+}
+
+PlanUse useOf(const QSqlQuery& row, int column)
+{
+    constexpr double FenPerYuan = 100;
+    return { row.value(column).toDouble(), row.value(column + 1).toDouble() / FenPerYuan,
+        QDate::fromString(row.value(column + 2).toString(), Qt::ISODate) };
+}
+
 } // namespace
 
 InstructionStore::InstructionStore(Database& database)
@@ -133,19 +148,28 @@ Result<QMap<QString, InstructionStore::Fields>> InstructionStore::ofDay(const QS
 
 Result<QHash<QString, PlanUse>> InstructionStore::used(const QStringList& planIds)
 {
-    constexpr double FenPerYuan = 100;
     QHash<QString, PlanUse> uses;
     const SqlQuery among = PlanScope::among(planIds);
-    Status status =
-        m_database.read(QStringLiteral("SELECT plan, %1, %2, min(CASE WHEN ended IS DISTINCT FROM 1 THEN day END)"
-                                       " FROM instructions WHERE plan IN %3 GROUP BY plan")
-                            .arg(usedSum(QStringLiteral("quantity")), usedSum(QStringLiteral("fen")), among.text),
-            among.values, [&uses](const QSqlQuery& row) {
-                uses.insert(PlanId::fromNumber(row.value(0).toLongLong()),
-                    { row.value(1).toDouble(), row.value(2).toDouble() / FenPerYuan,
-                        QDate::fromString(row.value(3).toString(), Qt::ISODate) });
-            });
+    Status status = m_database.read(QStringLiteral("SELECT %1, plan FROM instructions WHERE plan IN %2 GROUP BY plan")
+                                        .arg(sums().join(QStringLiteral(", ")), among.text),
+        among.values, [&uses](const QSqlQuery& row) {
+            uses.insert(PlanId::fromNumber(row.value(sums().size()).toLongLong()), useOf(row, 0));
+        });
     return status ? Result<QHash<QString, PlanUse>>(uses) : status;
+}
+
+void InstructionStore::addTo(ValueReader& reader, const QString& planId, PlanUse& use)
+{
+    QStringList expressions;
+    QVariantList values;
+    for (const QString& sum : sums()) {
+        expressions << QStringLiteral("(SELECT %1 FROM instructions WHERE plan = ?)").arg(sum);
+        values << PlanId::toNumber(planId).value_or(0);
+    }
+    reader.add(expressions, values, [&use](const QSqlQuery& row, int column) {
+        use = useOf(row, column);
+        return Status();
+    });
 }
 
 Result<QMap<QString, InstructionStore::Fields>> InstructionStore::read(

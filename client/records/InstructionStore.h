@@ -39,6 +39,8 @@ public:
 
     /// By plan id. Plans without instructions and unknown ones are missing.
     Result<QHash<QString, PlanUse>> used(const QStringList& planIds);
+    /// Adds what one plan uses to what is read.
+    static void addTo(ValueReader& reader, const QString& planId, PlanUse& use);
 
 private:
     /// The plan of new instructions: its version, and the position of the next one.

@@ -1,6 +1,5 @@
 #include "PlanScope.h"
 
-#include "SqlDialect.h"
 #include "StoredPlan.h"
 #include "UserStore.h"
 

@@ -1,16 +1,10 @@
 #pragma once
 
+#include "SqlDialect.h"
+
 #include <QString>
-#include <QVariant>
 
-struct SqlDialect;
 struct StoredUser;
-
-/// A statement with the values of its placeholders.
-struct SqlQuery {
-    QString text;
-    QVariantList values;
-};
 
 /// The plans that a store reads and changes.
 class PlanScope {

@@ -22,38 +22,31 @@ Result<QString> PlanStore::create(const Record& record, const Change& change)
 {
     if (Status refused = RecordCheck::refusal(record); !refused)
         return refused;
-    qint64 number = 0;
-    Status status = m_database.transaction([&]() -> Status {
-        const QString time = StoredTime::toText(change.time);
-        const Result<qint64> inserted =
-            m_database.insert(QStringLiteral("INSERT INTO plans (version, creator, created_time, changed_time, %1)"
+    const QString time = StoredTime::toText(change.time);
+    const SqlQuery insertion{ QStringLiteral("INSERT INTO plans (version, creator, created_time, changed_time, %1)"
                                              " VALUES (1, ?, ?, ?, %2) RETURNING number")
                                   .arg(PlanRow::recordColumns(), PlanRow::recordPlaceholders()),
-                QVariantList{ change.user, time, time } + PlanRow::recordValues(record));
-        if (!inserted)
-            return inserted.status();
-        number = *inserted;
-        return HistoryStore(m_database).add({ HistoryEvent::Created, number, 1, {}, {}, record }, change);
-    });
-    return status ? Result<QString>(PlanId::fromNumber(number)) : status;
+        QVariantList{ change.user, time, time } + PlanRow::recordValues(record) };
+    const Result<qint64> number =
+        HistoryStore(m_database).addWith(insertion, { HistoryEvent::Created, 0, 1, {}, {}, record }, change);
+    return number ? Result<QString>(PlanId::fromNumber(*number)) : number.status();
 }
 
 Status PlanStore::modify(const QString& planId, int version, const Record& record, const Change& change)
 {
-    if (Status refused = RecordCheck::refusal(record); !refused)
-        return refused;
     return m_database.transaction([&]() -> Status {
         const Result<StoredPlan> plan = planOfVersion(planId, version);
-        if (!plan)
-            return plan.status();
-        const QString columns =
-            QStringLiteral("(%1) = (%2)").arg(PlanRow::recordColumns(), PlanRow::recordPlaceholders());
-        if (Status status = update(*plan, columns, PlanRow::recordValues(record), change); !status)
-            return status;
-        const qint64 number = PlanId::toNumber(planId).value_or(0);
-        return HistoryStore(m_database)
-            .add({ HistoryEvent::Changed, number, version + 1, {}, plan->record, record }, change);
+        return plan ? replace(*plan, record, change) : plan.status();
     });
+}
+
+Status PlanStore::replace(const StoredPlan& plan, const Record& record, const Change& change)
+{
+    if (Status refused = RecordCheck::refusal(record); !refused)
+        return refused;
+    const QString columns = QStringLiteral("(%1) = (%2)").arg(PlanRow::recordColumns(), PlanRow::recordPlaceholders());
+    return update(plan, { columns, PlanRow::recordValues(record) },
+        { HistoryEvent::Changed, 0, plan.version + 1, {}, plan.record, record }, change);
 }
 
 Status PlanStore::setState(
@@ -64,29 +57,19 @@ Status PlanStore::setState(
         if (!plan)
             return plan.status();
         const QString text = PlanRow::stateText(state);
-        if (Status status = update(*plan, QStringLiteral("state = ?"), { text }, change); !status)
-            return status;
-        HistoryEntry entry{ HistoryEvent::StateChanged, PlanId::toNumber(planId).value_or(0), version + 1, {}, {}, {} };
+        HistoryEntry entry{ HistoryEvent::StateChanged, 0, version + 1, {}, {}, {} };
         entry.before.insert(QStringLiteral("state"), PlanRow::stateText(plan->state));
         entry.after.insert(QStringLiteral("state"), text);
         if (!reason.isEmpty())
             entry.after.insert(QStringLiteral("reason"), reason);
-        return HistoryStore(m_database).add(entry, change);
+        return update(*plan, { QStringLiteral("state = ?"), { text } }, entry, change);
     });
-}
-
-Status PlanStore::lock(const QString& planId)
-{
-    return m_database.lock(
-        QStringLiteral("SELECT number FROM plans WHERE number = ?"), { PlanId::toNumber(planId).value_or(0) });
 }
 
 // The plan as it is before a change.
 Result<StoredPlan> PlanStore::planOfVersion(const QString& planId, int version)
 {
-    if (Status status = lock(planId); !status)
-        return status;
-    const Result<StoredPlan> found = plan(planId);
+    const Result<StoredPlan> found = lockedPlan(planId);
     if (!found)
         return found;
     if (found->id.isEmpty())
@@ -95,12 +78,15 @@ Result<StoredPlan> PlanStore::planOfVersion(const QString& planId, int version)
 }
 
 Status PlanStore::update(
-    const StoredPlan& plan, const QString& columns, const QVariantList& values, const Change& change)
+    const StoredPlan& plan, const SqlQuery& assignment, const HistoryEntry& entry, const Change& change)
 {
-    return m_database.execute(
-        QStringLiteral("UPDATE plans SET version = version + 1, changed_time = ?, %1 WHERE number = ?").arg(columns),
-        QVariantList{ StoredTime::toText(change.time) } + values
-            + QVariantList{ PlanId::toNumber(plan.id).value_or(0) });
+    const SqlQuery planChange{
+        QStringLiteral("UPDATE plans SET version = version + 1, changed_time = ?, %1 WHERE number = ? RETURNING number")
+            .arg(assignment.text),
+        QVariantList{ StoredTime::toText(change.time) } + assignment.values
+            + QVariantList{ PlanId::toNumber(plan.id).value_or(0) }
+    };
+    return HistoryStore(m_database).addWith(planChange, entry, change).status();
 }
 
 Result<PlanStore::Record> PlanStore::record(const QString& planId)
@@ -114,10 +100,23 @@ Result<StoredPlan> PlanStore::plan(const QString& planId)
     const auto number = PlanId::toNumber(planId);
     if (!number)
         return StoredPlan();
-    const SqlQuery visible = m_scope.condition();
-    const auto found =
-        read({ QStringLiteral("number = ? AND ") + visible.text, QVariantList{ *number } + visible.values });
+    const auto found = read(isPlan(*number));
     return found ? Result<StoredPlan>(found->value(0)) : found.status();
+}
+
+Result<StoredPlan> PlanStore::lockedPlan(const QString& planId)
+{
+    const auto number = PlanId::toNumber(planId);
+    if (!number)
+        return StoredPlan();
+    const auto found = read(isPlan(*number), true);
+    return found ? Result<StoredPlan>(found->value(0)) : found.status();
+}
+
+SqlQuery PlanStore::isPlan(qint64 number) const
+{
+    const SqlQuery visible = m_scope.condition();
+    return { QStringLiteral("number = ? AND ") + visible.text, QVariantList{ number } + visible.values };
 }
 
 Result<QVector<StoredPlan>> PlanStore::plans(const QStringList& planIds)
@@ -149,10 +148,8 @@ Result<int> PlanStore::version(const QString& planId)
     const auto number = PlanId::toNumber(planId);
     if (!number)
         return 0;
-    const SqlQuery visible = m_scope.condition();
-    const auto found =
-        m_database.value(QStringLiteral("SELECT version FROM plans WHERE number = ? AND ") + visible.text,
-            QVariantList{ *number } + visible.values);
+    const SqlQuery plan = isPlan(*number);
+    const auto found = m_database.value(QStringLiteral("SELECT version FROM plans WHERE ") + plan.text, plan.values);
     return found ? Result<int>(found->toInt()) : found.status();
 }
 
@@ -188,19 +185,21 @@ Result<DayPlans> PlanStore::plansOfDay(const QDate& day)
     return status ? Result<DayPlans>(plans) : status;
 }
 
-Result<QVector<StoredPlan>> PlanStore::read(const SqlQuery& condition)
+Result<QVector<StoredPlan>> PlanStore::read(const SqlQuery& condition, bool locks)
 {
     QVector<StoredPlan> plans;
     Status readable;
-    const Status status = m_database.read(
-        QStringLiteral("SELECT %1 FROM plans WHERE %2 ORDER BY number DESC").arg(PlanRow::columns(), condition.text),
-        condition.values, [&](const QSqlQuery& row) {
-            const Result<StoredPlan> plan = PlanRow::plan(row);
-            if (plan)
-                plans << *plan;
-            else
-                readable = plan.status();
-        });
+    const QString statement =
+        QStringLiteral("SELECT %1 FROM plans WHERE %2 ORDER BY number DESC").arg(PlanRow::columns(), condition.text);
+    const auto take = [&](const QSqlQuery& row) {
+        const Result<StoredPlan> plan = PlanRow::plan(row);
+        if (plan)
+            plans << *plan;
+        else
+            readable = plan.status();
+    };
+    const Status status = locks ? m_database.readLocked(statement, condition.values, take)
+                                : m_database.read(statement, condition.values, take);
     if (!status)
         return status;
     return readable ? Result<QVector<StoredPlan>>(plans) : readable;

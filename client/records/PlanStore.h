@@ -31,6 +31,8 @@ public:
     /// Replaces the whole record in one transaction and increments the version. Refuses an unknown id, and a plan that
     /// has a later version than the one that the change was made from.
     Status modify(const QString& planId, int version, const Record& record, const Change& change);
+    /// Like `modify`, in the transaction in which the plan was read by `lockedPlan`.
+    Status replace(const StoredPlan& plan, const Record& record, const Change& change);
     /// Sets the state, with a reason for the history, which may be empty. Otherwise like `modify`.
     Status setState(const QString& planId, int version, PlanState state, const QString& reason, const Change& change);
 
@@ -47,15 +49,16 @@ public:
     Result<int> version(const QString& planId);
     /// Number of plans newer than this one; -1 if the id is unknown.
     Result<int> newerThan(const QString& planId);
-    /// Keeps others from changing a plan and its instructions until the transaction ends.
-    Status lock(const QString& planId);
+    /// Like `plan`; keeps others from changing the plan and its instructions until the transaction ends.
+    Result<StoredPlan> lockedPlan(const QString& planId);
     /// The active plans with the day in their period, oldest first. Within a transaction, they stay as they are.
     Result<DayPlans> plansOfDay(const QDate& day);
 
 private:
-    Result<QVector<StoredPlan>> read(const SqlQuery& condition);
+    Result<QVector<StoredPlan>> read(const SqlQuery& condition, bool locks = false);
+    SqlQuery isPlan(qint64 number) const;
     Result<StoredPlan> planOfVersion(const QString& planId, int version);
-    Status update(const StoredPlan& plan, const QString& columns, const QVariantList& values, const Change& change);
+    Status update(const StoredPlan& plan, const SqlQuery& assignment, const HistoryEntry& entry, const Change& change);
     Result<int> countAbove(qint64 number);
 
     Database& m_database;

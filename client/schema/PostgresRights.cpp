@@ -72,8 +72,13 @@ CREATE POLICY of_visible_plan ON instructions USING (EXISTS (SELECT FROM plans A
 ALTER TABLE history ENABLE ROW LEVEL SECURITY;
 CREATE POLICY visible ON history FOR SELECT USING (CASE WHEN plan IS NULL THEN "user" = session_user::text
     ELSE EXISTS (SELECT FROM plans AS p WHERE p.number = plan) END);
+-- Being volatile, it sees a plan that the same statement has stored.
+CREATE FUNCTION is_visible_plan(plan_number bigint) RETURNS boolean LANGUAGE plpgsql SET search_path = plandesk, pg_temp
+    AS 'BEGIN RETURN EXISTS (SELECT FROM plans AS p WHERE p.number = plan_number); END';
+REVOKE EXECUTE ON FUNCTION is_visible_plan FROM PUBLIC;
+GRANT EXECUTE ON FUNCTION is_visible_plan TO plandesk_user;
 CREATE POLICY own ON history FOR INSERT WITH CHECK ("user" = session_user::text
-    AND (plan IS NULL OR EXISTS (SELECT FROM plans AS p WHERE p.number = plan)));
+    AND (plan IS NULL OR is_visible_plan(plan)));
 REVOKE INSERT ON history FROM plandesk_user;
 GRANT INSERT (event, plan, version, subject, before, after, "user", time, client, request) ON history TO plandesk_user;
 DROP INDEX history_of_requests;

@@ -16,35 +16,61 @@ namespace {
 
 using Record = PlanStore::Record;
 
-Result<PlanCheck::Known> knownFor(ClientSession& session, const Record& record)
+const Security* securityOf(ClientSession& session, const Record& record)
+{
+    return session.market().find(record.value(Kelvo_Fields::Security::symbol).toString());
+}
+
+/// What is stored about a sent record.
+struct StoredFacts {
+    /// Number of the plan that an earlier submission of the request stored; 0 if none did.
+    qint64 planOfRequest = 0;
+    PlanRights rights;
+    CloseHistory closes;
+    /// Quantity of the security that may be sold, in stored units.
+    qint64 tradeableQuantity = 0;
+    /// What the changed plan uses.
+    PlanUse use;
+};
+
+/// `planId`: the changed plan; empty for a new one.
+Result<StoredFacts> factsOf(
+    ClientSession& session, const Record& record, const QString& request, const QString& planId = {})
+{
+    StoredFacts facts;
+    ValueReader reader(session.database());
+    HistoryStore::addTo(reader, request, facts.planOfRequest);
+    PlanRightsReader::addTo(reader, session.user().id, record, clientToday(), facts.rights);
+    if (const Security* security = securityOf(session, record)) {
+        SecurityStore::addTo(reader, security->symbol, facts.closes);
+        PlanFacts::addTo(reader, record, *security, facts.tradeableQuantity);
+    }
+    if (!planId.isEmpty())
+        InstructionStore::addTo(reader, planId, facts.use);
+    const Status status = reader.read();
+    return status ? Result<StoredFacts>(facts) : status;
+}
+
+PlanCheck::Known knownFor(ClientSession& session, const Record& record, const StoredFacts& facts)
 {
     const QDate today = clientToday();
-    const QString& user = session.user().id;
-    const auto rights = PlanRightsReader(session.database(), today).read(user, record);
-    if (!rights)
-        return rights.status();
-    const Security* security = session.market().find(record.value(Kelvo_Fields::Security::symbol).toString());
-    const auto closes = security ? PlanFacts::closesBefore(session, *security, today) : QVector<qint64>();
-    if (!closes)
-        return closes.status();
-    const auto sellable = security ? PlanFacts::sellable(session, record, *security) : 0.0;
-    if (!sellable)
-        return sellable.status();
-    return PlanCheck::Known{ session.market(), session.calendar(), today, user, *rights, *closes, *sellable };
+    PlanCheck::Known known{ session.market(), session.calendar(), today, session.user().id, facts.rights, {}, 0 };
+    if (const Security* security = securityOf(session, record)) {
+        known.closes = PlanFacts::closesBefore(facts.closes, session.calendar(), *security, today);
+        known.sellable = static_cast<double>(facts.tradeableQuantity * security->displayFactor);
+    }
+    return known;
 }
 
 // A request that was stored before is answered with its plan.
 Result<QString> createUnlessStored(ClientSession& session, const Record& record, const QString& request)
 {
-    const Result<qint64> stored = HistoryStore(session.database()).planOfRequest(request);
-    if (!stored)
-        return stored.status();
-    if (*stored != 0)
-        return PlanId::fromNumber(*stored);
-    const auto known = knownFor(session, record);
-    if (!known)
-        return known.status();
-    if (Status refused = PlanCheck::creationError(record, *known); !refused)
+    const Result<StoredFacts> facts = factsOf(session, record, request);
+    if (!facts)
+        return facts.status();
+    if (facts->planOfRequest != 0)
+        return PlanId::fromNumber(facts->planOfRequest);
+    if (Status refused = PlanCheck::creationError(record, knownFor(session, record, *facts)); !refused)
         return refused;
     return session.plans().create(record, session.changeNow(request));
 }
@@ -93,17 +119,15 @@ Status statusOf(const PlanConflict& conflict)
 
 Status storeChange(ClientSession& session, const PlanChange& change, std::optional<PlanConflict>& conflict)
 {
-    const Result<qint64> sent = HistoryStore(session.database()).planOfRequest(change.request);
-    if (!sent || *sent != 0)
-        return sent.status();
     PlanStore plans = session.plans();
-    if (Status status = plans.lock(change.planId); !status)
-        return status;
-    const Result<StoredPlan> stored = plans.plan(change.planId);
+    const Result<StoredPlan> stored = plans.lockedPlan(change.planId);
     if (!stored)
         return stored.status();
     if (stored->id.isEmpty())
         return { Error::UnknownPlan, { change.planId } };
+    const Result<StoredFacts> facts = factsOf(session, change.record, change.request, change.planId);
+    if (!facts || facts->planOfRequest != 0)
+        return facts.status();
     if (change.version == 0)
         return { Error::PlanNotRead, { change.planId } };
     if (change.version != stored->version) {
@@ -113,15 +137,9 @@ Status storeChange(ClientSession& session, const PlanChange& change, std::option
         conflict = *found;
         return statusOf(*conflict);
     }
-    const auto known = knownFor(session, change.record);
-    if (!known)
-        return known.status();
-    const auto used = PlanFacts::used(session, *stored);
-    if (!used)
-        return used.status();
-    Status refused = PlanCheck::changeError(stored->record, change.record, *used, *known);
-    return refused ? plans.modify(change.planId, change.version, change.record, session.changeNow(change.request))
-                   : refused;
+    Status refused = PlanCheck::changeError(
+        stored->record, change.record, PlanFacts::used(*stored, facts->use), knownFor(session, change.record, *facts));
+    return refused ? plans.replace(*stored, change.record, session.changeNow(change.request)) : refused;
 }
 
 /// The id of the plan that a failed transaction stored all the same, which is possible if its COMMIT failed.

@@ -38,14 +38,6 @@ Result<QVector<StoredAccount>> AccountStore::accountsOf(const QString& userId)
         { userId });
 }
 
-Result<StoredAccount> AccountStore::accountOf(const QString& userId, const QString& tradingAccount)
-{
-    const auto found = read(QStringLiteral("JOIN user_accounts AS u ON u.trading_account = a.trading_account"
-                                           " WHERE u.user = ? AND a.trading_account = ?"),
-        { userId, tradingAccount });
-    return found ? Result<StoredAccount>(found->value(0)) : found.status();
-}
-
 Result<StoredAccount> AccountStore::account(const QString& tradingAccount)
 {
     const auto found = read(QStringLiteral("WHERE a.trading_account = ?"), { tradingAccount });

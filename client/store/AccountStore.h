@@ -34,8 +34,6 @@ public:
     Status assign(const QString& userId, const QString& tradingAccount);
     /// In the order of assignment; empty if the user is unknown or has none.
     Result<QVector<StoredAccount>> accountsOf(const QString& userId);
-    /// The account if it is the user's; otherwise a default account (empty trading account).
-    Result<StoredAccount> accountOf(const QString& userId, const QString& tradingAccount);
     /// A default account (empty trading account) if unknown.
     Result<StoredAccount> account(const QString& tradingAccount);
 

@@ -7,6 +7,15 @@ QString textOf(ChainRole role)
     return role == ChainRole::Execute ? QStringLiteral("execute") : QStringLiteral("forward");
 }
 
+/// Whether a chain has a user by name in a role.
+QString isInChain(ChainRole role)
+{
+    return QStringLiteral("EXISTS (SELECT 1 FROM approval_chains AS c JOIN chain_users AS u"
+                          " ON u.chain_key = c.chain_key AND u.role = '%1'"
+                          " WHERE c.trading_account = ? AND c.instruction_type = ? AND u.user_name = ?)")
+        .arg(textOf(role));
+}
+
 } // namespace
 
 AuthorityStore::AuthorityStore(Database& database)
@@ -47,6 +56,30 @@ Result<Rights> AuthorityStore::rights(
             rights = { row.value(0).toBool(), row.value(1).toInt(), row.value(2).toString() };
         });
     return status ? Result<Rights>(rights) : status;
+}
+
+void AuthorityStore::addTo(ValueReader& reader, const OrderParties& of, OrderRights& rights)
+{
+    const QStringList expressions{
+        QStringLiteral("(SELECT a.asset_property FROM accounts AS a JOIN user_accounts AS u"
+                       " ON u.trading_account = a.trading_account WHERE u.user = ? AND a.trading_account = ?)"),
+        QStringLiteral("(SELECT security_account FROM exchange_accounts WHERE trading_account = ? AND exchange = ?)"),
+        QStringLiteral("EXISTS (SELECT 1 FROM order_authorities"
+                       " WHERE \"user\" = ? AND trading_account = ? AND instruction_type = ?)"),
+        QStringLiteral("(SELECT property FROM rule_properties"
+                       " WHERE \"user\" = ? AND trading_account = ? AND instruction_type = ?)"),
+        isInChain(ChainRole::Execute),
+        isInChain(ChainRole::Forward),
+    };
+    const QVariantList values{ of.user, of.tradingAccount, of.tradingAccount, of.exchange, of.user, of.tradingAccount,
+        of.instructionType, of.user, of.tradingAccount, of.instructionType, of.tradingAccount, of.instructionType,
+        of.executor, of.tradingAccount, of.instructionType, of.assignee };
+    reader.add(expressions, values, [&rights](const QSqlQuery& row, int column) {
+        rights = { !row.isNull(column), row.value(column).toString(), row.value(column + 1).toString(),
+            row.value(column + 2).toBool(), row.value(column + 3).toInt(), row.value(column + 4).toBool(),
+            row.value(column + 5).toBool() };
+        return Status();
+    });
 }
 
 Status AuthorityStore::addChain(const QString& tradingAccount, const QString& instructionType, const QString& chainKey)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Database.h"
+#include "ValueReader.h"
 
 #include <QStringList>
 
@@ -16,6 +16,30 @@ struct Rights {
     QString chainKey;
 };
 
+/// A user with the account, exchange and type of an instruction, and the users who execute and handle it, by name.
+struct OrderParties {
+    QString user;
+    QString tradingAccount;
+    QString exchange;
+    QString instructionType;
+    QString executor;
+    QString assignee;
+};
+
+/// What the parties of an instruction may do.
+struct OrderRights {
+    /// Whether the account is the user's, and its asset property.
+    bool isOwn = false;
+    QString assetProperty;
+    /// The account's security account at the exchange; empty if there is none.
+    QString securityAccount;
+    /// Whether the user may place such instructions, and their rule property; 0 if none is stored.
+    bool authority = false;
+    int ruleProperty = 0;
+    bool knowsExecutor = false;
+    bool knowsAssignee = false;
+};
+
 /// The instructions that a user may place, their rules, and the users who handle them.
 class AuthorityStore {
 public:
@@ -25,6 +49,8 @@ public:
     Status setRuleProperty(
         const QString& userId, const QString& tradingAccount, const QString& instructionType, int property);
     Result<Rights> rights(const QString& userId, const QString& tradingAccount, const QString& instructionType);
+    /// Adds the rights of the parties to what is read.
+    static void addTo(ValueReader& reader, const OrderParties& parties, OrderRights& rights);
 
     Status addChain(const QString& tradingAccount, const QString& instructionType, const QString& chainKey);
     /// Appends users to the chain; it may contain a user more than once.

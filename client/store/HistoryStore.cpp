@@ -39,6 +39,23 @@ std::optional<HistoryEntry::Fields> fieldsOf(const QVariant& json)
     return json.isNull() ? HistoryEntry::Fields() : StoredTexts::fromJson(json.toString());
 }
 
+/// The statement that adds an entry; `plan`: the expression of its plan's number.
+QString insertion(const QString& plan)
+{
+    return QStringLiteral(
+        "INSERT INTO history (plan, event, version, subject, before, after, \"user\", time, client, request)"
+        " VALUES (%1, ?, ?, ?, ?, ?, ?, ?, ?, ?)")
+        .arg(plan);
+}
+
+/// The values of its other columns.
+QVariantList valuesOf(const HistoryEntry& entry, const Change& change)
+{
+    return { HistoryStore::eventName(entry.event), entry.version != 0 ? QVariant(entry.version) : QVariant(),
+        textOrNull(entry.subject), jsonOrNull(entry.before), jsonOrNull(entry.after), change.user,
+        StoredTime::toText(change.time), thisClient(), textOrNull(change.request) };
+}
+
 /// An entry of a row of number, event, plan, version, subject, before, after, user, time and client.
 Result<HistoryEntry> entryOf(const QSqlQuery& row)
 {
@@ -67,15 +84,27 @@ QString HistoryStore::eventName(HistoryEvent event)
 
 Status HistoryStore::add(const HistoryEntry& entry, const Change& change)
 {
-    const bool ofPlan = entry.plan != 0;
-    return m_database.execute(
-        QStringLiteral(
-            "INSERT INTO history (event, plan, version, subject, before, after, \"user\", time, client, request)"
-            " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
-        { eventName(entry.event), ofPlan ? QVariant(entry.plan) : QVariant(),
-            ofPlan ? QVariant(entry.version) : QVariant(), textOrNull(entry.subject), jsonOrNull(entry.before),
-            jsonOrNull(entry.after), change.user, StoredTime::toText(change.time), thisClient(),
-            textOrNull(change.request) });
+    const QVariant plan = entry.plan != 0 ? QVariant(entry.plan) : QVariant();
+    return m_database.execute(insertion(QStringLiteral("?")), QVariantList{ plan } + valuesOf(entry, change));
+}
+
+// A server gets both in one statement, which saves a round trip.
+Result<qint64> HistoryStore::addWith(const SqlQuery& planChange, const HistoryEntry& entry, const Change& change)
+{
+    const QVariantList values = valuesOf(entry, change);
+    if (m_database.dialect().nestsChanges) {
+        const QString statement = QStringLiteral("WITH changed AS (%1), noted AS (%2) SELECT number FROM changed")
+                                      .arg(planChange.text, insertion(QStringLiteral("(SELECT number FROM changed)")));
+        return m_database.insert(statement, planChange.values + values);
+    }
+    qint64 number = 0;
+    const Status status = m_database.transaction([&] {
+        const Result<qint64> changed = m_database.insert(planChange.text, planChange.values);
+        number = changed.valueOr(0);
+        return changed ? m_database.execute(insertion(QStringLiteral("?")), QVariantList{ number } + values)
+                       : changed.status();
+    });
+    return status ? Result<qint64>(number) : status;
 }
 
 Result<QVector<HistoryEntry>> HistoryStore::ofPlan(qint64 plan, int limit)
@@ -92,8 +121,20 @@ Result<QVector<HistoryEntry>> HistoryStore::after(qint64 plan, int version)
 
 Result<qint64> HistoryStore::planOfRequest(const QString& request)
 {
-    const auto found = m_database.value(QStringLiteral("SELECT plan FROM history WHERE request = ?"), { request });
-    return found ? Result<qint64>(found->toLongLong()) : found.status();
+    qint64 plan = 0;
+    ValueReader reader(m_database);
+    addTo(reader, request, plan);
+    const Status status = reader.read();
+    return status ? Result<qint64>(plan) : status;
+}
+
+void HistoryStore::addTo(ValueReader& reader, const QString& request, qint64& plan)
+{
+    reader.add({ QStringLiteral("(SELECT plan FROM history WHERE request = ?)") }, { request },
+        [&plan](const QSqlQuery& row, int column) {
+            plan = row.value(column).toLongLong();
+            return Status();
+        });
 }
 
 Result<QVector<HistoryEntry>> HistoryStore::read(const QString& condition, const QVariantList& values)

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "Database.h"
+#include "SqlDialect.h"
+#include "ValueReader.h"
 
 #include <QDateTime>
 #include <QMap>
@@ -51,12 +52,17 @@ public:
 
     /// Adds an entry; call it in the transaction of the change. Refuses a request id that was used before.
     Status add(const HistoryEntry& entry, const Change& change);
+    /// Changes a plan by a statement that returns its number, and adds the entry for it, whose number is ignored.
+    /// Returns the number.
+    Result<qint64> addWith(const SqlQuery& planChange, const HistoryEntry& entry, const Change& change);
     /// The newest entries of a plan, at most `limit`, oldest first.
     Result<QVector<HistoryEntry>> ofPlan(qint64 plan, int limit = std::numeric_limits<int>::max());
     /// Those that made versions later than this one, oldest first.
     Result<QVector<HistoryEntry>> after(qint64 plan, int version);
     /// Number of the plan that a request created; 0 if none did.
     Result<qint64> planOfRequest(const QString& request);
+    /// Adds the same to what is read.
+    static void addTo(ValueReader& reader, const QString& request, qint64& plan);
 
 private:
     Result<QVector<HistoryEntry>> read(const QString& condition, const QVariantList& values);

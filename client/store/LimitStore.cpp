@@ -14,15 +14,15 @@ std::optional<qint64> limitOf(const QVariant& value)
     return value.isNull() ? std::nullopt : std::optional<qint64>(value.toLongLong());
 }
 
-AccountLimits limitsOf(const QSqlQuery& row)
+/// The limit of an account in a column, NULL without a usual one.
+QString widest(const QString& column)
 {
-    return { limitOf(row.value(0)), limitOf(row.value(1)), limitOf(row.value(2)) };
-}
-
-// An absent limit is less than any other.
-AccountLimits wider(const AccountLimits& a, const AccountLimits& b)
-{
-    return { qMax(a.quantity, b.quantity), qMax(a.amount, b.amount), qMax(a.priceBandPerMille, b.priceBandPerMille) };
+    return QStringLiteral("(SELECT max(limit_value) FROM (SELECT coalesce(own.%1, usual.%1) AS limit_value"
+                          " FROM account_limits AS usual LEFT JOIN account_limits AS own ON own.trading_account = ?"
+                          " WHERE usual.trading_account = '' UNION ALL SELECT e.%1 FROM limit_exceptions AS e"
+                          " JOIN account_limits AS usual ON usual.trading_account = ''"
+                          " WHERE e.trading_account = ? AND e.last_day >= ? AND e.authorised_by <> ?) AS all_limits)")
+        .arg(column);
 }
 
 } // namespace
@@ -55,30 +55,19 @@ Status LimitStore::authorise(const LimitException& exception)
 }
 
 // Nobody authorises an exception for himself.
-Result<AccountLimits> LimitStore::limits(const QString& tradingAccount, const QString& userId, const QDate& day)
+void LimitStore::addTo(
+    ValueReader& reader, const QString& tradingAccount, const QString& userId, const QDate& day, AccountLimits& limits)
 {
-    Result<AccountLimits> limits = ordinary(tradingAccount);
-    if (!limits)
-        return limits;
-    Status status = m_database.read(
-        QStringLiteral("SELECT largest_quantity, largest_amount, price_band_per_mille FROM limit_exceptions"
-                       " WHERE trading_account = ? AND last_day >= ? AND authorised_by <> ?"),
-        { tradingAccount, day.toString(Qt::ISODate), userId },
-        [&limits](const QSqlQuery& row) { *limits = wider(*limits, limitsOf(row)); });
-    return status ? limits : status;
-}
-
-Result<AccountLimits> LimitStore::ordinary(const QString& tradingAccount)
-{
-    std::optional<AccountLimits> limits;
-    Status status = m_database.read(
-        QStringLiteral("SELECT coalesce(own.largest_quantity, usual.largest_quantity),"
-                       " coalesce(own.largest_amount, usual.largest_amount),"
-                       " coalesce(own.price_band_per_mille, usual.price_band_per_mille)"
-                       " FROM account_limits AS usual LEFT JOIN account_limits AS own ON own.trading_account = ?"
-                       " WHERE usual.trading_account = ''"),
-        { tradingAccount }, [&limits](const QSqlQuery& row) { limits = limitsOf(row); });
-    if (!status)
-        return status;
-    return limits ? Result<AccountLimits>(*limits) : Result<AccountLimits>(Error::NoLimits);
+    const QStringList columns{ QStringLiteral("largest_quantity"), QStringLiteral("largest_amount"),
+        QStringLiteral("price_band_per_mille") };
+    QStringList expressions;
+    QVariantList values;
+    for (const QString& column : columns) {
+        expressions << widest(column);
+        values << tradingAccount << tradingAccount << day.toString(Qt::ISODate) << userId;
+    }
+    reader.add(expressions, values, [&limits](const QSqlQuery& row, int column) -> Status {
+        limits = { limitOf(row.value(column)), limitOf(row.value(column + 1)), limitOf(row.value(column + 2)) };
+        return limits.quantity && limits.amount && limits.priceBandPerMille ? Status() : Error::NoLimits;
+    });
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Database.h"
+#include "ValueReader.h"
 
 #include <QDate>
 #include <QDateTime>
@@ -37,12 +37,11 @@ public:
     /// Sets the limits of an account; an empty account means the usual limits, which must be complete.
     Status set(const QString& tradingAccount, const AccountLimits& limits);
     Status authorise(const LimitException& exception);
-    /// The limits of an account for a user on a day, all of them present: its own or the usual ones, widened by
-    /// exceptions that somebody else authorised. Fails if there are no usual limits.
-    Result<AccountLimits> limits(const QString& tradingAccount, const QString& userId, const QDate& day);
+    /// Adds the limits of an account for a user on a day to what is read, all of them present: its own or the usual
+    /// ones, widened by exceptions that somebody else authorised. Fails if there are no usual limits.
+    static void addTo(ValueReader& reader, const QString& tradingAccount, const QString& userId, const QDate& day,
+        AccountLimits& limits);
 
 private:
-    Result<AccountLimits> ordinary(const QString& tradingAccount);
-
     Database& m_database;
 };

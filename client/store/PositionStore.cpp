@@ -1,5 +1,11 @@
 #include "PositionStore.h"
 
+namespace {
+
+const QString Condition = QStringLiteral("trading_account = ? AND (? = '' OR security_account = ?) AND symbol = ?");
+
+} // namespace
+
 PositionStore::PositionStore(Database& database)
     : m_database(database)
 {
@@ -22,10 +28,22 @@ Result<QVector<StoredPosition>> PositionStore::positions(
     QVector<StoredPosition> positions;
     Status status = m_database.read(
         QStringLiteral("SELECT trading_account, security_account, symbol, quantity, tradeable_quantity FROM positions"
-                       " WHERE trading_account = ? AND (? = '' OR security_account = ?) AND symbol = ?"),
+                       " WHERE ")
+            + Condition,
         { tradingAccount, securityAccount, securityAccount, symbol }, [&positions](const QSqlQuery& row) {
             positions << StoredPosition{ row.value(0).toString(), row.value(1).toString(), row.value(2).toString(),
                 row.value(3).toLongLong(), row.value(4).toLongLong() };
         });
     return status ? Result<QVector<StoredPosition>>(positions) : status;
+}
+
+void PositionStore::addTo(ValueReader& reader, const QString& tradingAccount, const QString& securityAccount,
+    const QString& symbol, qint64& tradeableQuantity)
+{
+    const QString sum = QStringLiteral("(SELECT CAST(sum(tradeable_quantity) AS bigint) FROM positions WHERE %1)");
+    reader.add({ sum.arg(Condition) }, { tradingAccount, securityAccount, securityAccount, symbol },
+        [&tradeableQuantity](const QSqlQuery& row, int column) {
+            tradeableQuantity = row.value(column).toLongLong();
+            return Status();
+        });
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Database.h"
+#include "ValueReader.h"
 
 #include <QVector>
 
@@ -23,6 +23,9 @@ public:
     /// Positions of the account in one security; an empty security account means all of them.
     Result<QVector<StoredPosition>> positions(
         const QString& tradingAccount, const QString& securityAccount, const QString& symbol);
+    /// Adds the quantity that may be sold of these positions to what is read, in stored units.
+    static void addTo(ValueReader& reader, const QString& tradingAccount, const QString& securityAccount,
+        const QString& symbol, qint64& tradeableQuantity);
 
 private:
     Database& m_database;

@@ -59,24 +59,27 @@ Result<int> SecurityStore::count()
 
 Result<CloseHistory> SecurityStore::closes(const QString& symbol)
 {
-    QString lastDay;
-    QByteArray blob;
-    Status status = m_database.read(
-        QStringLiteral("SELECT last_day, closes FROM closing_prices JOIN securities ON security = position"
-                       " WHERE symbol = ?"),
-        { symbol }, [&](const QSqlQuery& row) {
-            lastDay = row.value(0).toString();
-            blob = row.value(1).toByteArray();
+    CloseHistory closes;
+    ValueReader reader(m_database);
+    addTo(reader, symbol, closes);
+    const Status status = reader.read();
+    return status ? Result<CloseHistory>(closes) : status;
+}
+
+void SecurityStore::addTo(ValueReader& reader, const QString& symbol, CloseHistory& closes)
+{
+    const QString one =
+        QStringLiteral("(SELECT %1 FROM closing_prices JOIN securities ON security = position WHERE symbol = ?)");
+    reader.add({ one.arg(QStringLiteral("last_day")), one.arg(QStringLiteral("closes")) }, { symbol, symbol },
+        [&closes, symbol](const QSqlQuery& row, int column) -> Status {
+            closes = CloseHistory();
+            if (row.isNull(column))
+                return {};
+            closes.lastDay = QDate::fromString(row.value(column).toString(), Qt::ISODate);
+            closes.ticks = CloseCodec::decode(row.value(column + 1).toByteArray()).value_or(QVector<qint64>());
+            return closes.lastDay.isValid() && !closes.ticks.isEmpty() ? Status()
+                                                                       : Status(Error::DamagedCloses, { symbol });
         });
-    if (!status)
-        return status;
-    if (lastDay.isEmpty())
-        return CloseHistory();
-    const CloseHistory history{ QDate::fromString(lastDay, Qt::ISODate),
-        CloseCodec::decode(blob).value_or(QVector<qint64>()) };
-    if (!history.lastDay.isValid() || history.ticks.isEmpty())
-        return { Error::DamagedCloses, { symbol } };
-    return history;
 }
 
 Result<QStringList> SecurityStore::firstSymbols(const QString& subType, const QString& suffix, int limit)

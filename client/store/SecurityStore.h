@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Database.h"
 #include "Security.h"
+#include "ValueReader.h"
 
 #include <QDate>
 #include <QStringList>
@@ -28,6 +28,8 @@ public:
     Result<int> count();
     /// Empty if the symbol is unknown or has no closes. Refuses damaged ones.
     Result<CloseHistory> closes(const QString& symbol);
+    /// Adds the same to what is read.
+    static void addTo(ValueReader& reader, const QString& symbol, CloseHistory& closes);
     /// The first symbols of the sub-type with the suffix, in stored order; an empty suffix matches all.
     Result<QStringList> firstSymbols(const QString& subType, const QString& suffix, int limit);
 
