@@ -18,7 +18,7 @@ const QString Owner = QStringLiteral("postgres");
 
 QString serverFile(const char* name)
 {
-    return QStringLiteral(TEAM_SERVER_FOLDER "/") + QLatin1String(name);
+    return TestDatabase::serverFolder() + QLatin1Char('/') + QLatin1String(name);
 }
 
 QString firstLine(const QString& fileName)
@@ -128,6 +128,12 @@ bool TestDatabase::isOnServer()
         return qgetenv("TEST_DATABASE") == "server";
     }();
     return isOnServer;
+}
+
+QString TestDatabase::serverFolder()
+{
+    return QStringLiteral(PROJECT_FOLDER "/")
+        + qEnvironmentVariable("TEAM_SERVER", QStringLiteral("build/team-server"));
 }
 
 quint16 TestDatabase::serverPort()

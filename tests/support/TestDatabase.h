@@ -18,6 +18,8 @@ public:
 
     /// Whether the program's databases are on the server. The program fails if it does not run.
     static bool isOnServer();
+    /// The server's folder; TEAM_SERVER names another one than usual.
+    static QString serverFolder();
     /// The server's port.
     static quint16 serverPort();
 

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+/// The server of `scripts/team-server` in the folder TEAM_SERVER, which only this test program uses. It may be killed,
+/// and its disk may be full.
+namespace FaultServer {
+
+/// Starts it, unless it is running.
+void start();
+/// `mode` as in PostgreSQL: "fast" ends all connections, "immediate" is like a crash.
+void stop(const QString& mode);
+
+/// Files of the server whose path contains a text cannot be written from now on.
+void fillDisk(const QString& part);
+void makeRoom();
+
+} // namespace FaultServer
