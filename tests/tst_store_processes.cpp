@@ -14,12 +14,6 @@
 
 namespace {
 
-quint32 chosenSeed()
-{
-    const int given = setting("FAULTS_SEED", 0);
-    return given != 0 ? static_cast<quint32>(given) : QRandomGenerator::global()->generate() / 2 + 1;
-}
-
 /// The other writer holds the lock, or has changed the shared plan since this one read it.
 bool isOfOtherWriter(const QString& refusal)
 {

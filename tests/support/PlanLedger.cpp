@@ -8,6 +8,9 @@
 #include "PlanStore.h"
 #include "SampleSession.h"
 
+#include <QRandomGenerator>
+
+#include <algorithm>
 #include <cstdio>
 
 namespace BaseField = AutoPlanField::BaseField;
@@ -21,6 +24,16 @@ int numberOf(const QString& mark)
     for (const QChar c : mark)
         sum = (sum * 31 + c.unicode()) % 9000;
     return static_cast<int>(sum) + 1000;
+}
+
+/// The entries that changed the record of the plan.
+QVector<HistoryEntry> records(QVector<HistoryEntry> entries)
+{
+    const auto isOther = [](const HistoryEntry& entry) {
+        return entry.event != HistoryEvent::Created && entry.event != HistoryEvent::Changed;
+    };
+    entries.erase(std::remove_if(entries.begin(), entries.end(), isOther), entries.end());
+    return entries;
 }
 
 } // namespace
@@ -52,6 +65,7 @@ void PlanLedger::attemptChange(const QString& planId, int version, const QString
 void PlanLedger::acknowledge(const QString& planId, int version, const QString& mark)
 {
     ++m_acknowledgements;
+    m_marks.insert(mark);
     if (version == 0)
         ++m_shared[planId];
     else
@@ -77,8 +91,10 @@ void PlanLedger::readLine(const QStringList& words, const QString& line)
         m_refusals << line.mid(kind.size() + 1);
     } else if (kind == QLatin1String("create") && words.size() == 2) {
         attempt(words.at(1));
-    } else if (kind == QLatin1String("modify") && words.size() == 4) {
+    } else if (kind == QLatin1String("modify") && words.size() >= 4) {
         attemptChange(words.at(1), words.at(2).toInt(), words.at(3));
+        if (words.size() == 5)
+            m_madeFrom.insert(words.at(3), words.at(4));
     } else if (kind == QLatin1String("stored") && words.size() == 4) {
         acknowledge(words.at(1), words.at(2).toInt(), words.at(3));
     } else {
@@ -108,6 +124,55 @@ QStringList PlanLedger::differences(const QString& file) const
     return found;
 }
 
+QStringList PlanLedger::historyDifferences(const QString& file) const
+{
+    Database database;
+    if (const Status status = database.open(file); !status)
+        return { errorText(status) };
+    PlanStore store(database);
+    HistoryStore history(database);
+    QStringList found;
+    QMap<QString, int> stored;
+    const QVector<StoredPlan> plans = *store.page(0, *store.count() + 1);
+    for (const StoredPlan& plan : plans) {
+        const auto entries = history.ofPlan(PlanId::toNumber(plan.id).value_or(0));
+        const QString sentence =
+            entries ? historyDifference(plan, records(*entries)) : plan.id + errorText(entries.status());
+        if (!sentence.isEmpty())
+            found << sentence;
+        for (const HistoryEntry& entry : records(entries.valueOr({})))
+            ++stored[entry.after.value(BaseField::remark).toString()];
+    }
+    for (const QString& mark : m_marks) {
+        if (!stored.contains(mark))
+            found << QStringLiteral("“%1” was acknowledged and is lost").arg(mark);
+    }
+    for (auto mark = stored.cbegin(); mark != stored.cend(); ++mark) {
+        if (*mark > 1)
+            found << QStringLiteral("“%1” is stored %2 times").arg(mark.key()).arg(*mark);
+    }
+    return found;
+}
+
+QString PlanLedger::historyDifference(const StoredPlan& plan, const QVector<HistoryEntry>& entries) const
+{
+    Record last;
+    int version = 0;
+    for (const HistoryEntry& entry : entries) {
+        const QString mark = entry.after.value(BaseField::remark).toString();
+        if (entry.version != ++version || entry.before != last || !wasSent(plan.id, version, mark)
+            || entry.after != recordOf(m_base, mark))
+            return QStringLiteral("%1 has a wrong version %2 in its history").arg(plan.id).arg(version);
+        const QString before = last.value(BaseField::remark).toString();
+        if (m_madeFrom.value(mark, before) != before)
+            return QStringLiteral("%1: “%2” has overwritten “%3”").arg(plan.id, mark, before);
+        last = entry.after;
+    }
+    if (version == plan.version && last == plan.record)
+        return QString();
+    return QStringLiteral("%1 has version %2, its history ends at %3").arg(plan.id).arg(plan.version).arg(version);
+}
+
 void PlanLedger::report(const QString& what, const QString& file) const
 {
     Database database;
@@ -118,7 +183,8 @@ void PlanLedger::report(const QString& what, const QString& file) const
         for (const StoredPlan& plan : plans)
             stored += plan.version;
     }
-    reportFaults(what, m_attempts, m_acknowledgements, stored, differences(file).size());
+    reportFaults(
+        what, m_attempts, m_acknowledgements, stored, differences(file).size() + historyDifferences(file).size());
 }
 
 bool PlanLedger::wasSent(const QString& planId, int version, const QString& mark) const
@@ -158,4 +224,10 @@ int setting(const char* variable, int usual)
     bool given = false;
     const int value = qEnvironmentVariableIntValue(variable, &given);
     return given ? value : usual;
+}
+
+quint32 chosenSeed()
+{
+    const int given = setting("FAULTS_SEED", 0);
+    return given != 0 ? static_cast<quint32>(given) : QRandomGenerator::global()->generate() / 2 + 1;
 }

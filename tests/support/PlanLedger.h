@@ -1,5 +1,8 @@
 #pragma once
 
+#include "HistoryStore.h"
+#include "StoredPlan.h"
+
 #include <QMap>
 #include <QSet>
 #include <QString>
@@ -38,6 +41,10 @@ public:
     /// Compares with the database of a file, which is opened as the next start of the client does. One sentence for
     /// each acknowledged plan that is missing or older, each stored plan that was not sent, and each mixed record.
     QStringList differences(const QString& file) const;
+    /// Compares with the history: one sentence for each acknowledged mark that is not stored exactly once, each mark
+    /// that is stored twice, each plan whose versions are not all there, whole and in order, and each change that was
+    /// made from another version than the one before it.
+    QStringList historyDifferences(const QString& file) const;
     /// Prints how many plans and changes were tried, acknowledged, stored in the file and lost.
     void report(const QString& what, const QString& file) const;
 
@@ -50,12 +57,15 @@ private:
     bool wasSent(const QString& planId, int version, const QString& mark) const;
     void readLine(const QStringList& words, const QString& line);
     QString difference(const QString& planId, int version, const Record& record) const;
+    QString historyDifference(const StoredPlan& plan, const QVector<HistoryEntry>& entries) const;
 
     Record m_base;
     QSet<QString> m_created;
     QMap<QPair<QString, int>, QSet<QString>> m_changes; ///< marks that were sent, by plan and version
     QMap<QString, Plan> m_plans;
-    QMap<QString, int> m_shared; ///< acknowledged changes at version 0, by plan
+    QMap<QString, QString> m_madeFrom; ///< the mark that a change was made from, by its own
+    QSet<QString> m_marks;             ///< acknowledged
+    QMap<QString, int> m_shared;       ///< acknowledged changes at version 0, by plan
     QStringList m_refusals;
     QStringList m_problems;
     int m_acknowledgements = 0;
@@ -67,3 +77,6 @@ void reportFaults(const QString& what, int tried, int acknowledged, int stored, 
 
 /// The number in an environment variable, which `scripts/faults` sets; `usual` if it is not set.
 int setting(const char* variable, int usual);
+
+/// The seed of a run, which `FAULTS_SEED` repeats.
+quint32 chosenSeed();

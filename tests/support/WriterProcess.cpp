@@ -22,8 +22,11 @@ WriterProcess::~WriterProcess()
 
 bool WriterProcess::start(const QString& file, const QStringList& arguments)
 {
-    if (!launch(file, arguments))
-        return false;
+    return launch(file, arguments) && waitUntilReady();
+}
+
+bool WriterProcess::waitUntilReady()
+{
     while (!output().contains("ready\n")) {
         if (!m_process.waitForReadyRead(Timeout))
             return false;
@@ -59,7 +62,7 @@ void WriterProcess::killAfter(qint64 microseconds)
 
 bool WriterProcess::finish()
 {
-    m_process.closeWriteChannel();
+    closeInput();
     const bool finished = m_process.state() == QProcess::NotRunning || m_process.waitForFinished(Timeout);
     return finished && m_process.exitStatus() == QProcess::NormalExit && m_process.exitCode() == 0;
 }
@@ -71,6 +74,7 @@ bool WriterProcess::release()
 
 const QByteArray& WriterProcess::output()
 {
+    m_process.waitForReadyRead(0);
     m_output += m_process.readAllStandardOutput();
     return m_output;
 }

@@ -1,15 +1,19 @@
-// A second client without a window: creates and modifies plans through the services, or holds a lock, until its work is
-// done or it is killed. Prints each attempt and each answer to standard output at once:
-//   ready | create MARK | modify ID VERSION MARK | stored ID VERSION MARK | refused MILLISECONDS REASON | done
+// A second client without a window: creates and modifies plans through the services, issues a day, or holds a lock,
+// until its work is done, its server is gone or it is killed. Prints each attempt and each answer to standard output at
+// once:
+//   ready | create MARK | modify ID VERSION MARK [MARK-THAT-WAS-READ] | stored ID VERSION MARK
+//   refused MILLISECONDS REASON | issued NUMBER-OF-PLANS | done
 
 #include "AutoPlanField.h"
 #include "AutoPlanLogic.h"
 #include "ClientClock.h"
 #include "ClientSession.h"
 #include "ErrorText.h"
+#include "InstructionIssuer.h"
 #include "PlanEvents.h"
 #include "PlanLedger.h"
 #include "SampleSession.h"
+#include "ServerLocation.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -65,12 +69,15 @@ public:
     void modifyShared(const QString& plan)
     {
         const QString mark = nextMark();
-        say(QStringLiteral("modify %1 0 %2").arg(plan, mark));
-        AutoPlanLogic::instance().GetPlanInfo(plan);
+        const PlanLedger::Record read = AutoPlanLogic::instance().GetPlanInfo(plan);
+        say(QStringLiteral("modify %1 0 %2 %3")
+                .arg(plan, mark, read.value(AutoPlanField::BaseField::remark).toString()));
         answer(change(plan, mark), 0, mark);
     }
 
     bool hasPlan() const { return !m_plan.isEmpty(); }
+    /// Whether the last plan was stored.
+    bool isAcknowledged() const { return m_isAcknowledged; }
 
 private:
     QString nextMark() { return QStringLiteral("%1-%2").arg(m_name).arg(++m_count, 6, 10, QLatin1Char('0')); }
@@ -89,7 +96,8 @@ private:
             say(QStringLiteral("stored %1 %2 %3").arg(m_stored).arg(version).arg(mark));
         else
             say(QStringLiteral("refused %1 %2").arg(m_clock.elapsed()).arg(reason));
-        return reason.isEmpty();
+        m_isAcknowledged = reason.isEmpty();
+        return m_isAcknowledged;
     }
 
     const QString m_name;
@@ -98,6 +106,7 @@ private:
     QString m_plan;
     int m_version = 0;
     int m_count = 0;
+    bool m_isAcknowledged = false;
     QElapsedTimer m_clock;
 };
 
@@ -109,14 +118,37 @@ void limitFiles(rlim_t bytes)
     ::setrlimit(RLIMIT_FSIZE, &limit);
 }
 
+void waitForEndOfInput()
+{
+    say(QStringLiteral("ready"));
+    char byte = 0;
+    while (::read(STDIN_FILENO, &byte, 1) > 0) { }
+}
+
 int holdLock()
 {
     if (!ClientSession::instance().database().configure(QStringLiteral("BEGIN IMMEDIATE")))
         return 1;
-    say(QStringLiteral("ready"));
-    char byte = 0;
-    while (::read(STDIN_FILENO, &byte, 1) > 0) { }
+    waitForEndOfInput();
     return 0;
+}
+
+int issueDay(const QDate& day)
+{
+    waitForEndOfInput();
+    QElapsedTimer clock;
+    clock.start();
+    const Result<IssueResult> result = InstructionIssuer::issueDay(day);
+    if (result)
+        say(QStringLiteral("issued %1").arg(result->issued.size()));
+    else
+        say(QStringLiteral("refused %1 %2").arg(clock.elapsed()).arg(errorText(result.status())));
+    return 0;
+}
+
+bool isConnected()
+{
+    return bool(ClientSession::instance().database().value(QStringLiteral("SELECT 1")));
 }
 
 // Twice as many changes as new plans; a shared plan is changed every third time.
@@ -124,7 +156,7 @@ int writePlans(const QString& name, int count, const QString& shared)
 {
     Writer writer(name);
     say(QStringLiteral("ready"));
-    for (int i = 0; count == 0 || i < count; ++i) {
+    for (int i = 0; (count == 0 || i < count) && (writer.isAcknowledged() || isConnected()); ++i) {
         if (i % 3 == 0 || !writer.hasPlan())
             writer.create();
         else if (i % 3 == 1 || shared.isEmpty())
@@ -138,7 +170,8 @@ int writePlans(const QString& name, int count, const QString& shared)
 
 } // namespace
 
-/// plan_writer FILE lock | plan_writer FILE NAME COUNT [SHARED-PLAN] | plan_writer FILE NAME COUNT limit=BYTES
+/// plan_writer FILE lock | plan_writer FILE issue DAY | plan_writer FILE NAME COUNT [SHARED-PLAN] | plan_writer FILE
+/// NAME COUNT limit=BYTES
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
@@ -146,12 +179,16 @@ int main(int argc, char** argv)
     if (arguments.size() < 3)
         return 2;
     setClientToday(SampleSession::today());
-    if (const Status status = ClientSession::instance().open(arguments.at(1), QStringLiteral("trader01")); !status) {
+    // On a server, the user is the role of the location.
+    const QString user = ServerLocation::isServer(arguments.at(1)) ? QString() : QStringLiteral("trader01");
+    if (const Status status = ClientSession::instance().open(arguments.at(1), user); !status) {
         say(QStringLiteral("closed ") + errorText(status));
         return 1;
     }
     if (arguments.at(2) == QLatin1String("lock"))
         return holdLock();
+    if (arguments.at(2) == QLatin1String("issue"))
+        return issueDay(QDate::fromString(arguments.value(3), Qt::ISODate));
     const QString last = arguments.value(4);
     const QString limit = QStringLiteral("limit=");
     if (last.startsWith(limit))
