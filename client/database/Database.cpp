@@ -297,6 +297,24 @@ void Database::interrupt()
         m_engine->interrupt();
 }
 
+Status Database::watch(const std::function<void()>& noticed)
+{
+    return isOpen() ? m_engine->watch(noticed) : notOpen();
+}
+
+void Database::endWatch()
+{
+    if (m_engine)
+        m_engine->endWatch();
+}
+
+Status Database::poll()
+{
+    if (!isOpen())
+        return notOpen();
+    return m_inTransaction ? Status() : m_engine->poll();
+}
+
 Status Database::checkPages()
 {
     return isOpen() ? m_engine->checkPages() : Error::DatabaseNotOpen;

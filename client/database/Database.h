@@ -93,6 +93,13 @@ public:
     /// Ends the running statement, which fails. Any thread may call it while the database is open.
     void interrupt();
 
+    /// From now on calls `noticed` when another connection has committed changes: from `poll`, or from the thread's
+    /// event loop. Several commits may be noticed at once.
+    Status watch(const std::function<void()>& noticed);
+    void endWatch();
+    /// Call it regularly while the database is watched: looks for commits in a file. Does nothing within a transaction.
+    Status poll();
+
     /// Reads a whole file, which takes seconds if it is large. Fails if it is damaged. `interrupt` ends it. A server
     /// checks its files itself.
     Status checkPages();

@@ -7,6 +7,7 @@
 #include <QSqlDatabase>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class QSqlError;
@@ -63,6 +64,12 @@ public:
     virtual Status failure(const QSqlError& error) = 0;
     /// Ends the running statement, which fails. Any thread may call it while the database is open.
     virtual void interrupt() = 0;
+
+    /// From now on calls `noticed` when another connection has committed changes.
+    virtual Status watch(const std::function<void()>& noticed) = 0;
+    virtual void endWatch() = 0;
+    /// See `Database::poll`.
+    virtual Status poll() = 0;
 
     virtual Status checkPages() { return {}; }
     virtual void prepareWal() { }

@@ -21,6 +21,8 @@ constexpr int LongestIdleTransaction = 60000;
 // Of the clients that set up the same database at once, one works and the others wait.
 constexpr int SetUpLock = 0x504C444B; // "PLDK"
 
+const QString Channel = QStringLiteral("plandesk");
+
 struct Clearer {
     void operator()(PGresult* result) const { PQclear(result); }
 };
@@ -77,7 +79,8 @@ Status PostgresEngine::connect(QSqlDatabase& connection, const QString& name, co
     ServerLocation::apply(location, connection);
     if (!connection.open())
         return { Error::NoConnection, { PostgresStatus::firstLine(connection.lastError().databaseText()) } };
-    m_connection = *static_cast<PGconn* const*>(connection.driver()->handle().constData());
+    m_driver = connection.driver();
+    m_connection = *static_cast<PGconn* const*>(m_driver->handle().constData());
     return {};
 }
 
@@ -172,4 +175,26 @@ void PostgresEngine::interrupt()
     const std::unique_ptr<PGcancel, void (*)(PGcancel*)> cancel(PQgetCancel(m_connection), PQfreeCancel);
     std::array<char, 256> text{};
     PQcancel(cancel.get(), text.data(), text.size());
+}
+
+// The driver passes on its notices one by one and must not be used, or even closed, in between.
+Status PostgresEngine::watch(const std::function<void()>& noticed)
+{
+    m_watch = std::make_unique<QObject>();
+    const auto pass = [watch = m_watch.get(), noticed](
+                          const QString&, QSqlDriver::NotificationSource source, const QVariant&) {
+        if (source != QSqlDriver::SelfSource)
+            QMetaObject::invokeMethod(watch, noticed, Qt::QueuedConnection);
+    };
+    const auto notification =
+        QOverload<const QString&, QSqlDriver::NotificationSource, const QVariant&>::of(&QSqlDriver::notification);
+    QObject::connect(m_driver, notification, m_watch.get(), pass);
+    return m_driver->subscribeToNotification(Channel) ? Status() : failure(m_driver->lastError());
+}
+
+void PostgresEngine::endWatch()
+{
+    m_watch.reset();
+    if (PQstatus(m_connection) == CONNECTION_OK)
+        m_driver->unsubscribeFromNotification(Channel);
 }

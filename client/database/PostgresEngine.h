@@ -2,8 +2,11 @@
 
 #include "DatabaseEngine.h"
 
+#include <QObject>
+
 class Database;
 struct Migration;
+class QSqlDriver;
 struct pg_conn;
 
 /// A database on a PostgreSQL server.
@@ -20,6 +23,9 @@ public:
     std::unique_ptr<EngineRows> rows(const QString& statement) override;
     Status failure(const QSqlError& error) override;
     void interrupt() override;
+    Status watch(const std::function<void()>& noticed) override;
+    void endWatch() override;
+    Status poll() override { return {}; }
 
 private:
     Status connect(QSqlDatabase& connection, const QString& name, const QString& location);
@@ -32,5 +38,7 @@ private:
 
     Database& m_database;
     pg_conn* m_connection = nullptr;
+    QSqlDriver* m_driver = nullptr;
+    std::unique_ptr<QObject> m_watch; ///< the receiver of notices; null while they are not wanted
     QString m_role;
 };

@@ -17,6 +17,7 @@
 #include <sqlite3.h>
 
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -31,6 +32,8 @@ constexpr int LongestSchemaCheck = 5;
 constexpr int LongestPageCheck = 120;
 // A few hundred pages, unless other clients write, too: well before SQLite's automatic checkpoint within a transaction.
 constexpr int TransactionsPerWal = 50;
+
+const QString DataVersion = QStringLiteral("PRAGMA data_version");
 
 class SqliteRows : public EngineRows {
 public:
@@ -288,6 +291,22 @@ Status SqliteEngine::failure(const QSqlError& error)
 void SqliteEngine::interrupt()
 {
     sqlite3_interrupt(m_connection);
+}
+
+Status SqliteEngine::watch(const std::function<void()>& noticed)
+{
+    const Result<int> version = number(DataVersion);
+    m_version = version.valueOr(0);
+    m_noticed = noticed;
+    return version.status();
+}
+
+Status SqliteEngine::poll()
+{
+    const Result<int> version = number(DataVersion);
+    if (version && m_noticed && std::exchange(m_version, *version) != *version)
+        m_noticed();
+    return version.status();
 }
 
 void SqliteEngine::prepareWal()

@@ -25,6 +25,9 @@ public:
     std::unique_ptr<EngineRows> rows(const QString& statement) override;
     Status failure(const QSqlError& error) override;
     void interrupt() override;
+    Status watch(const std::function<void()>& noticed) override;
+    void endWatch() override { m_noticed = nullptr; }
+    Status poll() override;
     Status checkPages() override;
     void prepareWal() override;
 
@@ -47,5 +50,7 @@ private:
     QString m_fileName;
     FileIdentity m_files;
     LockWaits m_waits;
+    std::function<void()> m_noticed;
+    int m_version = 0;   ///< changes with each commit of another connection
     int m_committed = 0; ///< transactions since this connection started the log
 };

@@ -200,6 +200,17 @@ CREATE TRIGGER history_is_kept BEFORE UPDATE OR DELETE OR TRUNCATE ON history
     FOR EACH STATEMENT EXECUTE FUNCTION refuse_change()
 )";
 
+// A notice says only that something has changed: those who listen may not see each plan. Equal notices of a transaction
+// are sent once.
+const char* const Notices = R"(
+CREATE FUNCTION notify_clients() RETURNS trigger LANGUAGE plpgsql AS
+    'BEGIN PERFORM pg_catalog.pg_notify(''plandesk'', ''''); RETURN NULL; END';
+CREATE TRIGGER clients_are_notified AFTER INSERT OR UPDATE OR DELETE ON plans
+    FOR EACH STATEMENT EXECUTE FUNCTION notify_clients();
+CREATE TRIGGER clients_are_notified AFTER INSERT OR UPDATE OR DELETE ON instructions
+    FOR EACH STATEMENT EXECUTE FUNCTION notify_clients()
+)";
+
 // What a user's role may do. The role exists once in a server, for all of its databases.
 const char* const Privileges = R"(
 DO 'BEGIN CREATE ROLE plandesk_user NOLOGIN; EXCEPTION WHEN duplicate_object OR unique_violation THEN NULL; END';
@@ -221,7 +232,8 @@ const QVector<Migration>& PostgresSchema::migrations()
     static const QVector<Migration> steps{
         { 1,
             { statements(Domains), statements(AccountTables), statements(AuthorityTables), statements(LimitTables),
-                statements(MarketTables), statements(PlanTables), statements(HistoryTable), statements(Privileges) } },
+                statements(MarketTables), statements(PlanTables), statements(HistoryTable), statements(Notices),
+                statements(Privileges) } },
         { 2, PostgresRights::statements() },
     };
     return steps;

@@ -67,6 +67,7 @@ void ClientSession::close()
     m_idle.stop();
     m_averages.reset();
     m_checker.reset();
+    m_watch.reset();
     m_instructions.clear();
     m_versions.clear();
     m_requests.clear();
@@ -133,6 +134,14 @@ Result<QStringList> ClientSession::unsignedClients(const QString& protocolId)
     if (clients)
         m_unsigned.insert(protocolId, *clients);
     return clients;
+}
+
+void ClientSession::watch()
+{
+    if (!m_open)
+        return;
+    m_watch = std::make_unique<DatabaseWatch>(m_database);
+    QObject::connect(m_watch.get(), &DatabaseWatch::changed, &PlanEvents::instance(), &PlanEvents::plansChanged);
 }
 
 bool ClientSession::askMovingAverages(const QString& symbol)

@@ -2,6 +2,7 @@
 
 #include "AccountDirectory.h"
 #include "ClosureFiles.h"
+#include "DatabaseWatch.h"
 #include "InstructionCache.h"
 #include "InstructionStore.h"
 #include "MovingAverageWorker.h"
@@ -68,6 +69,11 @@ public:
     Result<QStringList> unsignedClients(const QString& protocolId);
     void forgetSignatures() { m_unsigned.clear(); }
 
+    /// Starts to look for changes by others, which `PlanEvents` reports, until `endWatch` or the end of the session.
+    /// Does nothing while closed.
+    void watch();
+    void endWatch() { m_watch.reset(); }
+
     /// Starts a moving-average query; false while closed. `PlanEvents` emits the answer.
     bool askMovingAverages(const QString& symbol);
 
@@ -88,6 +94,7 @@ private:
     AccountDirectory m_accounts;
     std::unique_ptr<MovingAverageWorker> m_averages;
     std::unique_ptr<PageChecker> m_checker;
+    std::unique_ptr<DatabaseWatch> m_watch;
     InstructionCache m_instructions{ m_database };
     PlanVersions m_versions;
     PlanRequests m_requests;

@@ -33,6 +33,8 @@ Q_SIGNALS:
     void readFailed(const Status& failure);
     /// A plan was created or modified or got new instructions, and the change is stored.
     void planStored(const QString& planId);
+    /// Another client may have changed stored plans or instructions.
+    void plansChanged();
     /// A change was refused because the plan was changed since it was read. Emitted before the service answers.
     void planConflict(const PlanConflict& conflict);
     /// The answer to a moving-average query: names of the averages that the security has. Emitted on another thread

@@ -11,19 +11,18 @@
 #include "PlanDetails.h"
 #include "PlanEvents.h"
 #include "PlanFormatter.h"
-#include "PlanTableModel.h"
+#include "PlanTable.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileInfo>
-#include <QHeaderView>
 #include <QLabel>
 #include <QMenuBar>
 #include <QPointer>
 #include <QSplitter>
 #include <QStatusBar>
-#include <QTableView>
+#include <QTimer>
 #include <QToolBar>
 #include <QVBoxLayout>
 
@@ -31,7 +30,7 @@ namespace {
 
 constexpr QSize UsualSize(1366, 768);
 constexpr int DetailsWidth = 300;
-constexpr int CellMargin = 16;
+constexpr int LineMargin = 8;
 
 QKeySequence withControl(Qt::Key key)
 {
@@ -42,34 +41,40 @@ QKeySequence withControl(Qt::Key key)
 
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent)
-    , m_plans(new PlanTableModel(this))
-    , m_table(new QTableView(this))
+    , m_table(new PlanTable(this))
     , m_outdated(PlainText::newLabel(QString(), this))
     , m_details(new PlanDetails(this))
     , m_editor(new EditorDialog(this))
+    , m_changes([this] { refreshForOthers(); }, [this] { return mayRefresh(); })
 {
     const StoredUser& user = ClientSession::instance().user();
     setObjectName(QStringLiteral("plandesk"));
     setWindowTitle(tr("交易计划 - %1（%2）").arg(user.name, user.id));
     resize(UsualSize);
-    m_table->setAccessibleName(tr("计划列表"));
     auto* const halves = new QSplitter(this);
     halves->addWidget(buildList());
     halves->addWidget(m_details);
     halves->setStretchFactor(0, 1);
     halves->setSizes({ UsualSize.width() - DetailsWidth, DetailsWidth });
     setCentralWidget(halves);
-    buildTable();
     buildActions();
     buildStatus();
     connect(m_editor, &QDialog::finished, this, &MainWindow::editorClosed);
     connect(&PlanEvents::instance(), &PlanEvents::planStored, this, &MainWindow::planStored);
     connect(&PlanEvents::instance(), &PlanEvents::readFailed, this, &MainWindow::showFailure);
+    connect(&PlanEvents::instance(), &PlanEvents::plansChanged, &m_changes, &NoticeMerger::notice);
+    connect(m_table, &PlanTable::currentPlanChanged, this, &MainWindow::showCurrent);
+    connect(m_table, &QTableView::doubleClicked, this, &MainWindow::openEdit);
+    // Before the plans are read, so that no change is missed.
+    ClientSession::instance().watch();
     refresh();
-    selectPlan(m_plans->plan(0).id);
+    m_table->setCurrentIndex(m_table->model()->index(0, 0));
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow()
+{
+    ClientSession::instance().endWatch();
+}
 
 void MainWindow::setSkin(const QString& name)
 {
@@ -83,14 +88,12 @@ void MainWindow::setSkin(const QString& name)
 
 void MainWindow::selectPlan(const QString& planId)
 {
-    const int row = m_plans->reveal(planId);
-    m_table->setCurrentIndex(m_plans->index(row, 0));
-    showCurrent();
+    m_table->selectPlan(planId);
 }
 
 QString MainWindow::currentPlan() const
 {
-    return m_plans->plan(m_table->currentIndex().row()).id;
+    return m_table->currentPlan().id;
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
@@ -109,7 +112,7 @@ QWidget* MainWindow::buildList()
     m_outdated->setObjectName(QStringLiteral("outdated"));
     m_outdated->setProperty("faulty", true);
     m_outdated->setWordWrap(true);
-    m_outdated->setMargin(CellMargin / 2);
+    m_outdated->setMargin(LineMargin);
     m_outdated->hide();
     auto* const list = new QWidget(this);
     auto* const rows = new QVBoxLayout(list);
@@ -117,33 +120,6 @@ QWidget* MainWindow::buildList()
     rows->addWidget(m_outdated);
     rows->addWidget(m_table);
     return list;
-}
-
-void MainWindow::buildTable()
-{
-    m_table->setObjectName(QStringLiteral("planTable"));
-    m_table->setModel(m_plans);
-    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    m_table->setSelectionMode(QAbstractItemView::SingleSelection);
-    m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_table->setTabKeyNavigation(false);
-    m_table->setAlternatingRowColors(true);
-    m_table->setShowGrid(false);
-    m_table->setWordWrap(false);
-    m_table->setContextMenuPolicy(Qt::ActionsContextMenu);
-    m_table->verticalHeader()->hide();
-    m_table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    m_table->horizontalHeader()->setStretchLastSection(true);
-    m_table->horizontalHeader()->setHighlightSections(false);
-    // Wide enough for usual texts. Measuring the rows would read them all.
-    const QStringList samples{ QStringLiteral("AP00000000"), QStringLiteral("累计数量"), QStringLiteral("港股通交易"),
-        QStringLiteral("600000.SH 四字证券"), QStringLiteral("方向"), QStringLiteral("10,000,000.00 元"),
-        QStringLiteral("比较值取最大"), QStringLiteral("0000-00-00 至 0000-00-00"),
-        QStringLiteral("trader01 0000-00-00 00:00") };
-    for (int column = 0; column < samples.size(); ++column)
-        m_table->setColumnWidth(column, m_table->fontMetrics().horizontalAdvance(samples.at(column)) + CellMargin);
-    connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &MainWindow::showCurrent);
-    connect(m_table, &QTableView::doubleClicked, this, &MainWindow::openEdit);
 }
 
 QAction* MainWindow::addAction(const QString& name, const QString& text, const QList<QKeySequence>& keys)
@@ -216,16 +192,41 @@ void MainWindow::editorClosed()
 
 void MainWindow::refresh()
 {
-    const QString current = currentPlan();
-    const Status status = m_plans->refresh();
+    const Status shownByTheTable = readTable();
+    showCurrent();
+}
+
+// The table is painted first.
+void MainWindow::refreshForOthers()
+{
+    const Status shownByTheTable = readTable();
+    QTimer::singleShot(0, this, &MainWindow::showCurrent);
+}
+
+// A menu acts on the current plan, and the rows must not move under a pressed mouse button.
+bool MainWindow::mayRefresh() const
+{
+    return QApplication::mouseButtons() == Qt::NoButton && !QApplication::activePopupWidget();
+}
+
+Status MainWindow::readTable()
+{
+    Status status = m_table->refresh();
     if (status)
         m_read = QDateTime::currentDateTime();
     else
         m_outdated->setText(tr("刷新失败：%1。列表仍是%2读取的内容，可能已经过时。")
                                 .arg(errorText(status), HistoryTexts::timeText(m_read)));
-    statusBar()->showMessage(status ? tr("共%1个计划").arg(m_plans->planCount()) : errorText(status));
+    statusBar()->showMessage(status ? countText() : errorText(status));
     m_outdated->setVisible(!status);
-    selectPlan(current);
+    return status;
+}
+
+QString MainWindow::countText() const
+{
+    const QString count = tr("共%1个计划").arg(m_table->planCount());
+    const int above = m_table->newAbove();
+    return above == 0 ? count : tr("%1，上方有%2个新计划").arg(count, QString::number(above));
 }
 
 // Services report while the editor waits for their answer, so the box comes after it, and one for all of them.
@@ -247,7 +248,7 @@ void MainWindow::showFailure(const Status& failure)
 
 void MainWindow::showCurrent()
 {
-    const StoredPlan plan = m_plans->plan(m_table->currentIndex().row());
+    const StoredPlan plan = m_table->currentPlan();
     m_details->showPlan(plan);
     m_edit->setEnabled(!plan.id.isEmpty());
     m_copy->setEnabled(!plan.id.isEmpty());

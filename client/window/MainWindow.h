@@ -1,5 +1,6 @@
 #pragma once
 
+#include "NoticeMerger.h"
 #include "Status.h"
 
 #include <QDateTime>
@@ -7,10 +8,9 @@
 
 class EditorDialog;
 class PlanDetails;
-class PlanTableModel;
+class PlanTable;
 class QAction;
 class QLabel;
-class QTableView;
 
 /// The client's window: the stored plans, the fields of the current plan, and the editor in its dialog.
 class MainWindow : public QMainWindow {
@@ -35,13 +35,16 @@ protected:
 
 private:
     QWidget* buildList();
-    void buildTable();
     void buildActions();
     void buildStatus();
     QAction* addAction(const QString& name, const QString& text, const QList<QKeySequence>& keys);
     void planStored(const QString& planId);
     void editorClosed();
     void refresh();
+    Status readTable();
+    void refreshForOthers();
+    bool mayRefresh() const;
+    QString countText() const;
     void showFailure(const Status& failure);
     void showCurrent();
     void switchSkin();
@@ -49,13 +52,13 @@ private:
     void openEdit();
     void openCopy();
 
-    PlanTableModel* m_plans;
-    QTableView* m_table;
+    PlanTable* m_table;
     QLabel* m_outdated; ///< shown while the rows could not be read again
     PlanDetails* m_details;
     EditorDialog* m_editor;
     QAction* m_edit = nullptr;
     QAction* m_copy = nullptr;
+    NoticeMerger m_changes; ///< by others
     QString m_skin;
     QDateTime m_read;            ///< when the rows were read
     bool m_showsFailure = false; ///< a box with a failed read is open or about to open

@@ -11,6 +11,7 @@
 #include "PlanFormatter.h"
 
 #include <QFormLayout>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 using namespace PlanCodes;
@@ -48,6 +49,15 @@ QLabel* newCaption(const QString& text)
     return label;
 }
 
+QLabel* newHeading(const QString& text)
+{
+    auto* const heading = new QLabel(text);
+    QFont font = heading->font();
+    font.setBold(true);
+    heading->setFont(font);
+    return heading;
+}
+
 QLabel* newValue(const QString& text)
 {
     QLabel* const label = PlainText::newLabel(shortened(text), nullptr);
@@ -68,81 +78,105 @@ PlanDetails::PlanDetails(QWidget* parent)
     showPlan(StoredPlan());
 }
 
+bool PlanDetails::Row::operator==(const Row& other) const
+{
+    return kind == other.kind && caption == other.caption && text == other.text;
+}
+
+// Equal rows keep their widgets, and with them a selected text.
 void PlanDetails::showPlan(const StoredPlan& plan)
 {
-    auto* const room = new QWidget;
-    auto* const rows = new QFormLayout(room);
-    rows->setLabelAlignment(Qt::AlignRight | Qt::AlignTop);
-    rows->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    const Rows rows = rowsOf(plan);
+    if (widget() && rows == m_rows)
+        return;
+    const int scrolled = plan.id == m_planId ? verticalScrollBar()->value() : 0;
+    m_planId = plan.id;
+    m_rows = rows;
+    show(rows);
+    verticalScrollBar()->setValue(scrolled);
+}
+
+PlanDetails::Rows PlanDetails::rowsOf(const StoredPlan& plan)
+{
     if (plan.id.isEmpty())
-        rows->addRow(new QLabel(tr("选择一个计划，查看全部内容。")));
+        return { { Kind::Text, QString(), tr("选择一个计划，查看全部内容。") } };
+    Rows rows;
     const auto fields = PlanFormatter(plan).fields();
     for (const auto& field : fields)
-        addRow(rows, field.first, field.second);
-    addInstructions(rows, plan.id);
-    addHistory(rows, plan.id);
+        rows << Row{ Kind::Field, field.first, field.second };
+    return rows + instructionRows(plan.id) + historyRows(plan.id);
+}
+
+PlanDetails::Rows PlanDetails::instructionRows(const QString& planId)
+{
+    const auto instructions = ClientSession::instance().instructions().ofPlan(planId);
+    if (instructions && instructions->isEmpty())
+        return {};
+    Rows rows{ { Kind::Heading, QString(), tr("已下达指令") } };
+    if (!instructions)
+        rows << Row{ Kind::Field, QString(), errorText(instructions.status()) };
+    const auto all = instructions.valueOr({});
+    for (const Fields& fields : all)
+        rows << Row{ Kind::Field, fields.value(FieldId::TradeDate).toString(), instructionText(fields) };
+    return rows;
+}
+
+PlanDetails::Rows PlanDetails::historyRows(const QString& planId)
+{
+    const auto number = PlanId::toNumber(planId);
+    if (!number)
+        return {};
+    // One more, to know whether there are more.
+    const auto entries = HistoryStore(ClientSession::instance().database()).ofPlan(*number, MostEntries + 1);
+    Rows rows{ { Kind::Heading, QString(), tr("历史") } };
+    if (!entries)
+        return rows << Row{ Kind::Text, QString(), errorText(entries.status()) };
+    const int hidden = qMax(0, static_cast<int>(entries->size()) - MostEntries);
+    if (hidden > 0)
+        rows << Row{ Kind::Text, QString(), tr("最近的%1条，全部历史见命令plandesk history").arg(MostEntries) };
+    const QVector<HistoryEntry> shown = entries->mid(hidden);
+    for (const HistoryEntry& entry : shown)
+        rows << Row{ Kind::Entry, HistoryTexts::timeText(entry.time),
+            QStringLiteral("%1 %2").arg(entry.user, HistoryTexts::event(entry)) };
+    return rows;
+}
+
+void PlanDetails::show(const Rows& rows)
+{
+    auto* const room = new QWidget;
+    auto* const layout = new QFormLayout(room);
+    layout->setLabelAlignment(Qt::AlignRight | Qt::AlignTop);
+    layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    for (const Row& row : rows)
+        add(row, layout);
     setWidget(room);
     // The skin paints the window; the scroll area's own background would cover it.
     room->setAutoFillBackground(false);
     viewport()->setAutoFillBackground(false);
 }
 
-void PlanDetails::addHeading(QFormLayout* rows, const QString& text)
+void PlanDetails::add(const Row& row, QFormLayout* rows)
 {
-    auto* const heading = new QLabel(text);
-    QFont font = heading->font();
-    font.setBold(true);
-    heading->setFont(font);
-    rows->addRow(heading);
-}
-
-void PlanDetails::addRow(QFormLayout* rows, const QString& caption, const QString& text)
-{
-    QLabel* const label = newCaption(caption);
-    QLabel* const value = newValue(text);
-    label->setAlignment(Qt::AlignRight | Qt::AlignTop);
-    label->setBuddy(value);
-    rows->addRow(label, value);
-}
-
-void PlanDetails::addInstructions(QFormLayout* rows, const QString& planId)
-{
-    const auto instructions = ClientSession::instance().instructions().ofPlan(planId);
-    if (instructions && instructions->isEmpty())
-        return;
-    addHeading(rows, tr("已下达指令"));
-    if (!instructions)
-        addRow(rows, QString(), errorText(instructions.status()));
-    const auto all = instructions.valueOr({});
-    for (const Fields& fields : all)
-        addRow(rows, fields.value(FieldId::TradeDate).toString(), instructionText(fields));
-}
-
-void PlanDetails::addHistory(QFormLayout* rows, const QString& planId)
-{
-    const auto number = PlanId::toNumber(planId);
-    if (!number)
-        return;
-    // One more, to know whether there are more.
-    const auto entries = HistoryStore(ClientSession::instance().database()).ofPlan(*number, MostEntries + 1);
-    addHeading(rows, tr("历史"));
-    if (!entries) {
-        rows->addRow(newValue(errorText(entries.status())));
+    if (row.kind == Kind::Heading) {
+        rows->addRow(newHeading(row.text));
         return;
     }
-    const int hidden = qMax(0, static_cast<int>(entries->size()) - MostEntries);
-    if (hidden > 0)
-        rows->addRow(newValue(tr("最近的%1条，全部历史见命令plandesk history").arg(MostEntries)));
-    const QVector<HistoryEntry> shown = entries->mid(hidden);
-    for (const HistoryEntry& entry : shown) {
-        QLabel* const time = newCaption(HistoryTexts::timeText(entry.time));
-        QLabel* const event = newValue(QStringLiteral("%1 %2").arg(entry.user, HistoryTexts::event(entry)));
-        time->setBuddy(event);
-        // One below the other: a time beside it would take half of the width.
-        auto* const lines = new QVBoxLayout;
-        lines->setSpacing(0);
-        lines->addWidget(time);
-        lines->addWidget(event);
-        rows->addRow(lines);
+    QLabel* const value = newValue(row.text);
+    if (row.kind == Kind::Text) {
+        rows->addRow(value);
+        return;
     }
+    QLabel* const caption = newCaption(row.caption);
+    caption->setBuddy(value);
+    if (row.kind == Kind::Field) {
+        caption->setAlignment(Qt::AlignRight | Qt::AlignTop);
+        rows->addRow(caption, value);
+        return;
+    }
+    // One below the other: a time beside it would take half of the width.
+    auto* const lines = new QVBoxLayout;
+    lines->setSpacing(0);
+    lines->addWidget(caption);
+    lines->addWidget(value);
+    rows->addRow(lines);
 }

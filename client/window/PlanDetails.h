@@ -3,6 +3,7 @@
 #include "PlanStore.h"
 
 #include <QScrollArea>
+#include <QVector>
 
 class QFormLayout;
 
@@ -13,12 +14,26 @@ class PlanDetails : public QScrollArea {
 public:
     explicit PlanDetails(QWidget* parent = nullptr);
 
-    /// Shows a plan; a default plan (empty id) shows a hint instead.
+    /// Shows a plan; a default plan (empty id) shows a hint instead. A plan that is already shown stays scrolled.
     void showPlan(const StoredPlan& plan);
 
 private:
-    void addHeading(QFormLayout* rows, const QString& text);
-    void addRow(QFormLayout* rows, const QString& caption, const QString& text);
-    void addInstructions(QFormLayout* rows, const QString& planId);
-    void addHistory(QFormLayout* rows, const QString& planId);
+    enum class Kind { Heading, Field, Entry, Text };
+    struct Row {
+        Kind kind;
+        QString caption; ///< of a field; the time of an entry
+        QString text;
+
+        bool operator==(const Row& other) const;
+    };
+    using Rows = QVector<Row>;
+
+    static Rows rowsOf(const StoredPlan& plan);
+    static Rows instructionRows(const QString& planId);
+    static Rows historyRows(const QString& planId);
+    static void add(const Row& row, QFormLayout* rows);
+    void show(const Rows& rows);
+
+    QString m_planId;
+    Rows m_rows;
 };

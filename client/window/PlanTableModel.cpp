@@ -42,12 +42,16 @@ StoredPlan PlanTableModel::plan(int row) const
     return page(row / PageSize).value(row % PageSize).plan;
 }
 
-int PlanTableModel::reveal(const QString& planId)
+int PlanTableModel::reveal(const QString& planId, int likelyRow)
 {
+    int row = likelyRow;
+    if (plan(row).id != planId)
+        row = rowOf(planId);
     // Another client may have stored plans since the table was filled.
-    if (plan(rowOf(planId)).id != planId)
+    if (plan(row).id != planId) {
         reportFailure(refresh());
-    const int row = rowOf(planId);
+        row = rowOf(planId);
+    }
     growTo(row + 1);
     return row;
 }

@@ -34,8 +34,9 @@ public:
     int planCount() const { return m_count; }
     /// The plan of a row; a default plan (empty id) if there is no such row or it cannot be read.
     StoredPlan plan(int row) const;
-    /// The row of a plan, which is loaded if needed; -1 if no stored plan has the id or it cannot be read.
-    int reveal(const QString& planId);
+    /// The row of a plan, which is loaded if needed; -1 if no stored plan has the id or it cannot be read. `likelyRow`:
+    /// where it is looked for first.
+    int reveal(const QString& planId, int likelyRow = -1);
 
     bool canFetchMore(const QModelIndex& parent) const override;
     void fetchMore(const QModelIndex& parent) override;

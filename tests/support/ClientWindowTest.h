@@ -12,6 +12,7 @@
 class ClientWindowTest : public ClientFormTest {
 protected:
     void openWindow();
+    void closeWindow() { m_window.reset(); }
     MainWindow& window() const { return *m_window; }
     EditorDialog& dialog() const { return *m_window->editorDialog(); }
     AutoParamSetting* dialogEditor() const { return dialog().editor(); }

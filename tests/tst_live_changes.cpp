@@ -1,0 +1,308 @@
+// What others change while the client's window is open.
+#include "AutoPlanField.h"
+#include "ClientWindowTest.h"
+#include "Kelvo_Fields.h"
+#include "NoticeMerger.h"
+#include "PlanDetails.h"
+#include "PlanEvents.h"
+#include "PlanTable.h"
+#include "TestStatus.h"
+
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QStatusBar>
+#include <QWindow>
+#include <QtTest>
+
+namespace BaseField = AutoPlanField::BaseField;
+
+namespace {
+
+const QString Colleague = QStringLiteral("trader02");
+const QDateTime ChangeTime = QDateTime::fromString(QStringLiteral("2024-05-06T10:30:00.000Z"), Qt::ISODateWithMs);
+constexpr int Patience = 5000; // milliseconds
+constexpr int Samples = 60;
+
+} // namespace
+
+class LiveChangesTest : public ClientWindowTest {
+    Q_OBJECT
+
+protected:
+    void tidyUp() override
+    {
+        m_colleague.close();
+        ClientWindowTest::tidyUp();
+    }
+
+private Q_SLOTS:
+    void aChangeByAnotherClientAppearsByItself()
+    {
+        const QString plan = createSamples(1).constFirst();
+        openWindow();
+        QCOMPARE(targetOf(0), QStringLiteral("1,000 股"));
+        changeAsColleague(plan);
+        QTRY_COMPARE_WITH_TIMEOUT(targetOf(0), QStringLiteral("2,000 股"), Patience);
+        QTRY_VERIFY_WITH_TIMEOUT(
+            detailTexts().contains(QStringLiteral("trader02 修改为第2版：目标总量 1,000 股→2,000 股")), Patience);
+        QCOMPARE(window().currentPlan(), plan);
+    }
+
+    void anInstructionOfAnotherClientAppearsByItself()
+    {
+        const QString plan = createSamples(1).constFirst();
+        openWindow();
+        QCOMPARE(
+            InstructionStore(colleague()).add(plan, SampleSession::today(), {}, { Colleague, ChangeTime }).status(),
+            Status());
+        QTRY_VERIFY_WITH_TIMEOUT(detailTexts().contains(QStringLiteral("已下达指令")), Patience);
+    }
+
+    void theCurrentRowStaysInItsPlace()
+    {
+        const QStringList plans = createAsColleague(Samples);
+        openWindow();
+        window().selectPlan(plans.at(Samples / 2));
+        const int place = currentPlace();
+        QVERIFY(place > 0);
+        createAsColleague(3);
+        QTRY_COMPARE_WITH_TIMEOUT(table().planCount(), Samples + 3, Patience);
+        QCOMPARE(window().currentPlan(), plans.at(Samples / 2));
+        QVERIFY(table().selectionModel()->isRowSelected(Samples / 2 + 3, QModelIndex()));
+        QCOMPARE(currentPlace(), place);
+        QCOMPARE(window().statusBar()->currentMessage(), QStringLiteral("共63个计划，上方有3个新计划"));
+        table().scrollToTop();
+        QVERIFY(press(&window(), Qt::Key_F5));
+        QCOMPARE(window().statusBar()->currentMessage(), QStringLiteral("共63个计划"));
+    }
+
+    void theFirstRowStaysInItsPlace()
+    {
+        const QStringList plans = createAsColleague(Samples);
+        openWindow();
+        QCOMPARE(window().currentPlan(), plans.constFirst());
+        createAsColleague(1);
+        QTRY_COMPARE_WITH_TIMEOUT(table().planCount(), Samples + 1, Patience);
+        QCOMPARE(window().currentPlan(), plans.constFirst());
+        QCOMPARE(currentPlace(), 0);
+    }
+
+    void aTableThatWasScrolledAwayStaysThere()
+    {
+        const QStringList plans = createAsColleague(Samples);
+        openWindow();
+        window().selectPlan(plans.at(1));
+        table().verticalScrollBar()->setValue(20);
+        const QString first = idOf(table().rowAt(0));
+        createAsColleague(2);
+        QTRY_COMPARE_WITH_TIMEOUT(table().planCount(), Samples + 2, Patience);
+        QCOMPARE(idOf(table().rowAt(0)), first);
+        QCOMPARE(table().verticalScrollBar()->value(), 22);
+        QCOMPARE(window().currentPlan(), plans.at(1));
+    }
+
+    void aPlanThatAppearsBetweenOthersMovesOnlyThoseBelow()
+    {
+        createAsColleague(Samples / 2);
+        const QString assigned = createOfOthers();
+        const QStringList plans = createAsColleague(Samples / 2);
+        openWindow();
+        window().selectPlan(plans.at(Samples / 4));
+        const int place = currentPlace();
+        assign(assigned, ClientSession::instance().user().name);
+        QTRY_COMPARE_WITH_TIMEOUT(table().planCount(), Samples + 1, Patience);
+        QCOMPARE(idOf(Samples / 2), assigned);
+        QCOMPARE(window().currentPlan(), plans.at(Samples / 4));
+        QCOMPARE(currentPlace(), place);
+    }
+
+    void aCurrentPlanThatIsGoneIsNotReplaced()
+    {
+        createAsColleague(2);
+        const QString assigned = createOfOthers();
+        assign(assigned, ClientSession::instance().user().name);
+        openWindow();
+        QCOMPARE(window().currentPlan(), assigned);
+        assign(assigned, QString());
+        QTRY_COMPARE_WITH_TIMEOUT(table().planCount(), 2, Patience);
+        QCOMPARE(window().currentPlan(), QString());
+        QTRY_VERIFY_WITH_TIMEOUT(detailTexts().contains(QStringLiteral("选择一个计划，查看全部内容。")), Patience);
+    }
+
+    void ownChangesAreNotNoticed()
+    {
+        const QString plan = createSamples(1).constFirst();
+        openWindow();
+        const QSignalSpy changes(&PlanEvents::instance(), &PlanEvents::plansChanged);
+        createSamples(2);
+        changeAsColleague(plan);
+        QTRY_COMPARE_WITH_TIMEOUT(changes.count(), 1, Patience);
+        QCoreApplication::processEvents();
+        QCOMPARE(changes.count(), 1);
+    }
+
+    void withoutAWindowNothingIsNoticed()
+    {
+        const QString plan = createSamples(1).constFirst();
+        openWindow();
+        const QSignalSpy changes(&PlanEvents::instance(), &PlanEvents::plansChanged);
+        closeWindow();
+        changeAsColleague(plan);
+        // A file is looked at once a second.
+        QVERIFY(!QTest::qWaitFor([&changes] { return changes.count() > 0; }, 1500));
+    }
+
+    void detailsThatStayEqualAreKept()
+    {
+        const QString plan = createSamples(2).constFirst();
+        openWindow();
+        window().selectPlan(plan);
+        auto* const details = window().findChild<PlanDetails*>();
+        window().resize(window().width(), 300);
+        QCoreApplication::processEvents();
+        QScrollBar* const bar = details->verticalScrollBar();
+        bar->setValue(bar->maximum() / 2);
+        const int scrolled = bar->value();
+        QVERIFY(scrolled > 0);
+        const QWidget* const shown = details->widget();
+        createAsColleague(1);
+        QTRY_COMPARE_WITH_TIMEOUT(table().planCount(), 3, Patience);
+        QCoreApplication::processEvents();
+        QCOMPARE(details->widget(), shown);
+        changeAsColleague(plan);
+        QTRY_VERIFY_WITH_TIMEOUT(details->widget() != shown, Patience);
+        QCOMPARE(bar->value(), scrolled);
+    }
+
+    void theTableWaitsForThePressedMouse()
+    {
+        const QString plan = createSamples(1).constFirst();
+        openWindow();
+        const QPoint corner(5, 5);
+        QTest::mousePress(window().windowHandle(), Qt::LeftButton, Qt::NoModifier, corner);
+        const QSignalSpy changes(&PlanEvents::instance(), &PlanEvents::plansChanged);
+        changeAsColleague(plan);
+        QTRY_COMPARE_WITH_TIMEOUT(changes.count(), 1, Patience);
+        QCOMPARE(targetOf(0), QStringLiteral("1,000 股"));
+        QTest::mouseRelease(window().windowHandle(), Qt::LeftButton, Qt::NoModifier, corner);
+        QTRY_COMPARE_WITH_TIMEOUT(targetOf(0), QStringLiteral("2,000 股"), Patience);
+    }
+
+    void manyChangesAreMerged()
+    {
+        const QString plan = createSamples(1).constFirst();
+        openWindow();
+        const QSignalSpy refreshes(table().model(), &QAbstractItemModel::modelReset);
+        QElapsedTimer passed;
+        passed.start();
+        constexpr int Changes = 50;
+        for (int version = 1; version <= Changes; ++version) {
+            changeAsColleague(plan, version);
+            QCoreApplication::processEvents();
+        }
+        const QString last = QStringLiteral("trader02 修改为第%1版").arg(Changes + 1);
+        QTRY_VERIFY_WITH_TIMEOUT(!detailTexts().filter(last).isEmpty(), Patience);
+        QVERIFY2(refreshes.count() <= 2 + passed.elapsed() / 200, qPrintable(QString::number(refreshes.count())));
+    }
+
+    void theFirstNoticeActsAtOnceAndTheLastIsNotLost()
+    {
+        int actions = 0;
+        bool mayAct = true;
+        NoticeMerger merger([&actions] { ++actions; }, [&mayAct] { return mayAct; });
+        merger.notice();
+        QCOMPARE(actions, 1);
+        merger.notice();
+        merger.notice();
+        QCOMPARE(actions, 1);
+        QTRY_COMPARE_WITH_TIMEOUT(actions, 2, Patience);
+        mayAct = false;
+        merger.notice();
+        QCOMPARE(actions, 2);
+        mayAct = true;
+        QTRY_COMPARE_WITH_TIMEOUT(actions, 3, Patience);
+    }
+
+    void aNoticeDuringAnActionLeadsToAnother()
+    {
+        int actions = 0;
+        NoticeMerger* self = nullptr;
+        NoticeMerger merger(
+            [&] {
+                if (++actions == 1)
+                    self->notice();
+            },
+            [] { return true; });
+        self = &merger;
+        merger.notice();
+        QTRY_COMPARE_WITH_TIMEOUT(actions, 2, Patience);
+    }
+
+private:
+    PlanTable& table() const { return *field<PlanTable>(window(), "planTable"); }
+    QString idOf(int row) const { return table().model()->index(row, PlanTableModel::Id).data().toString(); }
+    QString targetOf(int row) const { return table().model()->index(row, PlanTableModel::Target).data().toString(); }
+    /// Above the current row, in pixels.
+    int currentPlace() const { return table().visualRect(table().currentIndex()).top(); }
+
+    QStringList detailTexts() const
+    {
+        QStringList texts;
+        for (const QLabel* const label : window().findChild<PlanDetails*>()->findChildren<QLabel*>())
+            texts << label->text();
+        return texts;
+    }
+
+    Database& colleague()
+    {
+        if (!m_colleague.isOpen()) {
+            const auto open = [this] { QCOMPARE(m_colleague.open(session().ownersFile()), Status()); };
+            open();
+        }
+        return m_colleague;
+    }
+
+    void changeAsColleague(const QString& plan, int version = 1)
+    {
+        const auto record = with(SampleSession::record(), BaseField::totalQty, QString::number(1000 * (version + 1)));
+        QCOMPARE(PlanStore(colleague()).modify(plan, version, record, { Colleague, ChangeTime }), Status());
+    }
+
+    /// Ids of new plans of the sample record, the newest first.
+    QStringList createAsColleague(int count)
+    {
+        const auto record = SampleSession::record();
+        QStringList ids;
+        const Status status = colleague().transaction([&] {
+            Status created;
+            while (ids.size() < count && created) {
+                const auto id = PlanStore(colleague()).create(record, { Colleague, ChangeTime });
+                created = id.status();
+                ids.prepend(id.valueOr(QString()));
+            }
+            return created;
+        });
+        return status ? ids : QStringList();
+    }
+
+    /// A plan of an account of others, which the user does not see unless it is assigned to him.
+    QString createOfOthers() { return *PlanStore(colleague()).create(recordOfOthers(), { Colleague, ChangeTime }); }
+    static PlanStore::Record recordOfOthers()
+    {
+        return with(SampleSession::record(), Kelvo_Fields::UserAccount::tradingAccount, QStringLiteral("100003"));
+    }
+
+    void assign(const QString& plan, const QString& userName)
+    {
+        PlanStore store(colleague());
+        const auto record = with(recordOfOthers(), BaseField::expectedUser, userName);
+        QCOMPARE(store.modify(plan, *store.version(plan), record, { Colleague, ChangeTime }), Status());
+    }
+
+    Database m_colleague;
+};
+
+QTEST_MAIN(LiveChangesTest)
+#include "tst_live_changes.moc"
