@@ -50,12 +50,26 @@ void addServerRows()
     addRow("没有安装Qt的PostgreSQL驱动（QPSQL），无法连接数据库服务器", Error::NoServerDriver);
     addRow("无法连接数据库服务器（refused）", { Error::NoConnection, { QStringLiteral("refused") } });
     addRow("与数据库服务器的连接已断开", Error::ConnectionLost);
-    addRow("该数据库尚未初始化，请联系管理员", Error::ServerNotSetUp);
-    addRow("数据库版本1低于本程序要求的版本2，请联系管理员升级",
+    addRow("该数据库尚未初始化，请由管理员运行plandesk admin init", Error::ServerNotSetUp);
+    addRow("数据库版本1低于本程序要求的版本2，请由管理员运行plandesk admin migrate",
         { Error::OlderDatabase, { QStringLiteral("1"), QStringLiteral("2") } });
     addRow("数据库服务器拒绝了该操作，当前用户没有权限", Error::NotPermitted);
     addRow("在数据库服务器上，登录的角色“u”就是用户，不能另行指定用户", { Error::UserIsRole, { QStringLiteral("u") } });
     addRow("数据库在服务器上，请由管理员备份", Error::BackupOfServer);
+    addRow("管理命令只用于服务器上的数据库，请用--database指定它的地址", Error::AdminNeedsServer);
+    addRow("角色“u”不是该数据库的管理员", { Error::NotAdministrator, { QStringLiteral("u") } });
+    addRow("角色“u”没有CREATEROLE属性，不能建立或停用登录角色", { Error::MayNotManageRoles, { QStringLiteral("u") } });
+    addRow("用户编号“pg_x”不能作为登录角色，须为1到63字节，不以pg_开头，首尾没有空格，不含控制字符",
+        { Error::UnusableUserId, { QStringLiteral("pg_x") } });
+    addRow("角色“u”在服务器上有管理权限，不能作为用户", { Error::RoleWithPowers, { QStringLiteral("u") } });
+    addRow("用户“u”已存在，姓名为“林岫”", { Error::UserHasOtherName, { QStringLiteral("u"), QStringLiteral("林岫") } });
+    addRow("姓名“林岫”属于用户“u”，计划按姓名分配，姓名不能相同",
+        { Error::NameOfOtherUser, { QStringLiteral("林岫"), QStringLiteral("u") } });
+    addRow("姓名为空，或首尾有空格，或含控制字符", { Error::EmptyText, { QStringLiteral("姓名") } });
+    addRow("标准输入的第一行没有密码", Error::NoPassword);
+    addRow("新账户“1”缺少fund", { Error::AccountIncomplete, { QStringLiteral("1"), QStringLiteral("fund") } });
+    addRow("“a”不是可用的“名称=取值”，名称有：fund",
+        { Error::MalformedItem, { QStringLiteral("a"), QStringLiteral("fund") } });
 }
 
 void addSampleRows()
@@ -203,7 +217,8 @@ void addProgramRows()
         { Error::BackupFailed, { QStringLiteral("a.db") }, { Error::FileExists, { QStringLiteral("b.db") } } });
     addRow("多余的参数：b", { Error::ExtraArgument, { QStringLiteral("b") } });
     addRow("缺少目录", Error::NoFolder);
-    addRow("命令backup应有一个参数", { Error::CommandWithoutArgument, { QStringLiteral("backup") } });
+    addRow("命令backup应有参数：文件",
+        { Error::CommandWithoutArgument, { QStringLiteral("backup"), QStringLiteral("文件") } });
     addRow("选项--json只用于命令history",
         { Error::OptionOfCommand, { QStringLiteral("json"), QStringLiteral("history") } });
     addRow("命令backup没有选项--json",

@@ -110,7 +110,7 @@ private Q_SLOTS:
         row("a number below one", "--securities 0", "证券数量“0”不是正整数");
         row("a day that does not exist", "--issue-day 2024-02-30", "日期“2024-02-30”无效，格式为yyyy-MM-dd");
         row("a day in another format", "--issue-day 2024-5-6", "日期“2024-5-6”无效，格式为yyyy-MM-dd");
-        row("JSON without a command", "--json", "选项--json只用于命令history");
+        row("JSON without a command", "--json", "选项--json只用于命令admin list、history");
         row("JSON of another command", "backup a --json", "命令backup没有选项--json");
         row("a user of a command without one", "import-closures a --user trader01",
             "命令import-closures没有选项--user");
@@ -167,9 +167,19 @@ private Q_SLOTS:
     void theHelpNamesEveryOption()
     {
         const QString help = read(QStringLiteral("--help"))->help;
-        for (const char* name : { "user", "database", "skin", "language", "securities", "issue-day", "json", "help" })
+        for (const char* name : { "user", "database", "skin", "language", "securities", "issue-day", "json", "sample",
+                 "review", "password-stdin", "generate-password", "help" })
             QVERIFY2(help.contains(QStringLiteral("--") + QLatin1String(name)), name);
         QVERIFY(help.startsWith(QStringLiteral("用法：")));
+    }
+
+    void theHelpNamesEveryCommand()
+    {
+        const QString help = read(QStringLiteral("--help"))->help;
+        for (const char* name :
+            { "admin add-account", "admin add-user", "admin grant", "admin init", "admin list", "admin migrate",
+                "admin revoke", "admin set-limits", "backup", "history", "import-closures" })
+            QVERIFY2(help.contains(QLatin1Char(' ') + QLatin1String(name)), name);
     }
 
     void theProgramRefusesWhatItCannotDo_data()
@@ -183,7 +193,7 @@ private Q_SLOTS:
         QTest::newRow("an unknown command")
             << QStringList{ QStringLiteral("restore"), QStringLiteral("a") } << QStringLiteral("多余的参数：restore");
         QTest::newRow("a command without its file")
-            << QStringList{ QStringLiteral("import-closures") } << QStringLiteral("命令import-closures应有一个参数");
+            << QStringList{ QStringLiteral("import-closures") } << QStringLiteral("命令import-closures应有参数：文件");
         QTest::newRow("an unknown user") << QStringList{ file, day, QStringLiteral("--user=nobody") }
                                          << QStringLiteral("用户“nobody”不存在");
         QTest::newRow("a folder as the database")

@@ -1,11 +1,11 @@
 #include "ClientSession.h"
 #include "InstructionIssuer.h"
 #include "LoggedTest.h"
+#include "Psql.h"
 #include "SampleSession.h"
 #include "TestDatabase.h"
 #include "TestStatus.h"
 
-#include <QProcess>
 #include <QtTest>
 
 #include <memory>
@@ -49,7 +49,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, statement);
         QFETCH(QString, answer);
-        QCOMPARE(psql(Stranger, statement), answer);
+        QCOMPARE(asUser(Stranger, statement), answer);
     }
 
     void theOwnerChangesOnlyByVersions_data()
@@ -71,7 +71,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, statement);
         QFETCH(QString, answer);
-        QCOMPARE(psql(Owner, statement), answer);
+        QCOMPARE(asUser(Owner, statement), answer);
     }
 
     void anInstructionStaysWithinTheLimitsOfItsAccount_data()
@@ -95,15 +95,15 @@ private Q_SLOTS:
     {
         QFETCH(QString, statement);
         QFETCH(QString, answer);
-        QCOMPARE(psql(Owner, statement), answer);
+        QCOMPARE(asUser(Owner, statement), answer);
     }
 
     void theOwnerSeesTheOwnRows()
     {
-        QCOMPARE(psql(Owner, QStringLiteral("SELECT count(*) FROM plans")), QStringLiteral("1"));
-        QCOMPARE(psql(Owner, QStringLiteral("SELECT count(*) FROM instructions")), QStringLiteral("1"));
+        QCOMPARE(asUser(Owner, QStringLiteral("SELECT count(*) FROM plans")), QStringLiteral("1"));
+        QCOMPARE(asUser(Owner, QStringLiteral("SELECT count(*) FROM instructions")), QStringLiteral("1"));
         QCOMPARE(
-            psql(Owner, QStringLiteral("SELECT string_agg(event, ' ' ORDER BY number) FROM history WHERE plan = 1")),
+            asUser(Owner, QStringLiteral("SELECT string_agg(event, ' ' ORDER BY number) FROM history WHERE plan = 1")),
             QStringLiteral("created issued"));
     }
 
@@ -140,6 +140,7 @@ private:
                 none);
         row("chain_users", "SELECT count(*) FROM chain_users WHERE chain_key LIKE 'CHAIN-100001-%'", none);
         row("signatures", "SELECT count(*) FROM signatures WHERE client_no = 'C10001'", none);
+        row("the history of the rights", "SELECT count(*) FROM rights_history", denied("table rights_history"));
         row("the own accounts are there", "SELECT count(*) > 0 FROM accounts", QStringLiteral("t"));
     }
 
@@ -235,20 +236,9 @@ private:
             .arg(QLatin1String(values), QLatin1String(user));
     }
 
-    /// What psql prints: the answer, or the first line of its error.
-    QString psql(const QString& user, const QString& statements) const
+    QString asUser(const QString& user, const QString& statements) const
     {
-        QProcess program;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("PGOPTIONS"), QStringLiteral("-c search_path=plandesk"));
-        program.setProcessEnvironment(environment);
-        program.setProcessChannelMode(QProcess::MergedChannels);
-        program.start(QStringLiteral("/usr/lib/postgresql/15/bin/psql"),
-            { QStringLiteral("-XAtq"), QStringLiteral("-v"), QStringLiteral("VERBOSITY=terse"), QStringLiteral("-c"),
-                statements, m_session->file(user) });
-        if (!program.waitForFinished())
-            qFatal("psql does not end: %s", qPrintable(program.errorString()));
-        return QString::fromUtf8(program.readAll()).trimmed();
+        return psql(m_session->file(user), statements);
     }
 
     std::unique_ptr<SampleSession> m_session;

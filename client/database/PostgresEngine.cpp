@@ -124,6 +124,7 @@ Status PostgresEngine::applyMigrations()
 {
     if (Status status = m_database.configure(
             QStringLiteral("SET LOCAL statement_timeout = 0; SET LOCAL lock_timeout = 0;"
+                           " SET LOCAL client_min_messages = warning;"
                            " SELECT pg_advisory_xact_lock(%1); CREATE SCHEMA IF NOT EXISTS plandesk")
                 .arg(SetUpLock));
         !status)

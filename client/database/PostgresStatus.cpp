@@ -15,6 +15,7 @@ const QMap<QString, Error>& meanings()
         { QStringLiteral("40001"), Error::DatabaseBusy }, // serialization failure
         { QStringLiteral("40P01"), Error::DatabaseBusy }, // deadlock
         { QStringLiteral("42501"), Error::NotPermitted },
+        { QStringLiteral("42P01"), Error::NotPermitted }, // a role without privileges does not find the tables
         { QStringLiteral("53100"), Error::DiskFull },
         { QStringLiteral("54000"), Error::ContentTooLarge },
         { QStringLiteral("55P03"), Error::DatabaseBusy }, // lock not available

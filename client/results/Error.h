@@ -43,6 +43,18 @@ enum class Error {
     NotPermitted,
     UserIsRole, ///< the role
     BackupOfServer,
+    // --- The administration of a server's database
+    AdminNeedsServer,
+    NotAdministrator,  ///< the role
+    MayNotManageRoles, ///< the role
+    UnusableUserId,    ///< user id
+    RoleWithPowers,    ///< user id
+    UserHasOtherName,  ///< user id, name
+    NameOfOtherUser,   ///< name, user id
+    EmptyText,         ///< caption
+    NoPassword,
+    AccountIncomplete, ///< account, the missing items
+    MalformedItem,     ///< text, the items that there are
     // --- Stored plans and instructions
     EmptyPlan,
     FieldNotText,         ///< record key
@@ -154,7 +166,7 @@ enum class Error {
     MalformedDay,       ///< the text
     NoDisplay,
     NoTranslation,          ///< file
-    CommandWithoutArgument, ///< command
+    CommandWithoutArgument, ///< command, its arguments
     OptionOfCommand,        ///< option, command that has it
     OptionNotOfCommand,     ///< option, command that does not have it
     FileNotWritten,         ///< file

@@ -122,12 +122,41 @@ CREATE TRIGGER instructions_within_limits BEFORE INSERT OR UPDATE OF issued_quan
     FOR EACH ROW EXECUTE FUNCTION check_limits()
 )";
 
+// Changes of rights, accounts and limits, whoever makes them with whatever program. Users do not read them.
+const char* const RightsHistory = R"(
+CREATE TABLE rights_history (
+    number bigint GENERATED ALWAYS AS IDENTITY PRIMARY KEY,
+    subject plain_text NOT NULL,
+    before json,
+    after json,
+    "user" plain_text NOT NULL DEFAULT session_user::text,
+    time utc_time NOT NULL DEFAULT to_char(clock_timestamp() AT TIME ZONE 'UTC', 'YYYY-MM-DD"T"HH24:MI:SS.MS"Z"'));
+CREATE TRIGGER rights_history_is_kept BEFORE UPDATE OR DELETE OR TRUNCATE ON rights_history
+    FOR EACH STATEMENT EXECUTE FUNCTION refuse_change();
+CREATE FUNCTION note_rights() RETURNS trigger LANGUAGE plpgsql SET search_path = plandesk, pg_temp AS $$
+BEGIN
+    INSERT INTO rights_history (subject, before, after) VALUES (TG_TABLE_NAME,
+        CASE WHEN TG_OP <> 'INSERT' THEN to_json(OLD) END, CASE WHEN TG_OP <> 'DELETE' THEN to_json(NEW) END);
+    RETURN NULL;
+END $$;
+DO $$
+DECLARE
+    changed text;
+BEGIN
+    FOREACH changed IN ARRAY ARRAY['users', 'accounts', 'user_accounts', 'exchange_accounts', 'order_authorities',
+        'rule_properties', 'approval_chains', 'chain_users', 'account_limits', 'limit_exceptions'] LOOP
+        EXECUTE format('CREATE TRIGGER is_noted AFTER INSERT OR UPDATE OR DELETE ON %I'
+            ' FOR EACH ROW EXECUTE FUNCTION note_rights()', changed);
+    END LOOP;
+END $$
+)";
+
 } // namespace
 
 QStringList PostgresRights::statements()
 {
     QStringList all;
-    for (const char* const text : { Functions, AccountPolicies, PlanPolicies, Triggers })
+    for (const char* const text : { Functions, AccountPolicies, PlanPolicies, Triggers, RightsHistory })
         all << QString::fromLatin1(text).trimmed();
     return all;
 }

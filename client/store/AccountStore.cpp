@@ -13,22 +13,54 @@ Status AccountStore::add(const StoredAccount& account)
                            " branch_no) VALUES (?, ?, ?, ?, ?, ?)"),
             { account.tradingAccount, account.fundAccount, account.name, account.clientNo, account.assetProperty,
                 account.branchNo });
-        const auto& exchanges = account.exchangeAccounts;
-        for (auto it = exchanges.cbegin(); it != exchanges.cend() && status; ++it) {
-            status = m_database.execute(
-                QStringLiteral("INSERT INTO exchange_accounts (trading_account, exchange, security_account)"
-                               " VALUES (?, ?, ?)"),
-                { account.tradingAccount, it.key(), it.value() });
-        }
-        return status;
+        return status ? setExchanges(account) : status;
     });
+}
+
+Status AccountStore::change(const StoredAccount& account)
+{
+    return m_database.transaction([&] {
+        Status status = m_database.execute(
+            QStringLiteral("UPDATE accounts SET fund_account = ?, name = ?, client_no = ?, asset_property = ?,"
+                           " branch_no = ? WHERE trading_account = ?"),
+            { account.fundAccount, account.name, account.clientNo, account.assetProperty, account.branchNo,
+                account.tradingAccount });
+        return status ? setExchanges(account) : status;
+    });
+}
+
+Status AccountStore::setExchanges(const StoredAccount& account)
+{
+    Status status;
+    const auto& exchanges = account.exchangeAccounts;
+    for (auto it = exchanges.cbegin(); it != exchanges.cend() && status; ++it) {
+        status = m_database.execute(
+            QStringLiteral("INSERT INTO exchange_accounts (trading_account, exchange, security_account)"
+                           " VALUES (?, ?, ?) ON CONFLICT (trading_account, exchange)"
+                           " DO UPDATE SET security_account = excluded.security_account"
+                           " WHERE exchange_accounts.security_account <> excluded.security_account"),
+            { account.tradingAccount, it.key(), it.value() });
+    }
+    return status;
 }
 
 Status AccountStore::assign(const QString& userId, const QString& tradingAccount)
 {
-    return m_database.execute(QStringLiteral("INSERT INTO user_accounts (\"user\", position, trading_account)"
-                                             " VALUES (?, (SELECT count(*) FROM user_accounts WHERE \"user\" = ?), ?)"),
+    return m_database.execute(
+        QStringLiteral("INSERT INTO user_accounts (\"user\", position, trading_account) VALUES (?,"
+                       " (SELECT coalesce(max(position) + 1, 0) FROM user_accounts WHERE \"user\" = ?), ?)"),
         { userId, userId, tradingAccount });
+}
+
+Status AccountStore::unassign(const QString& userId, const QString& tradingAccount)
+{
+    return m_database.execute(QStringLiteral("DELETE FROM user_accounts WHERE \"user\" = ? AND trading_account = ?"),
+        { userId, tradingAccount });
+}
+
+Result<QVector<StoredAccount>> AccountStore::accounts()
+{
+    return read(QStringLiteral("ORDER BY a.trading_account"), {});
 }
 
 Result<QVector<StoredAccount>> AccountStore::accountsOf(const QString& userId)

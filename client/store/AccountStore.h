@@ -30,8 +30,13 @@ public:
     explicit AccountStore(Database& database);
 
     Status add(const StoredAccount& account);
+    /// Replaces the data of the account. Exchange accounts are added or replaced; the others are kept.
+    Status change(const StoredAccount& account);
     /// Appends the account to the user's accounts.
     Status assign(const QString& userId, const QString& tradingAccount);
+    Status unassign(const QString& userId, const QString& tradingAccount);
+    /// All accounts, ascending.
+    Result<QVector<StoredAccount>> accounts();
     /// In the order of assignment; empty if the user is unknown or has none.
     Result<QVector<StoredAccount>> accountsOf(const QString& userId);
     /// A default account (empty trading account) if unknown.
@@ -40,6 +45,7 @@ public:
 private:
     Result<QVector<StoredAccount>> read(const QString& condition, const QVariantList& values);
     Status readExchanges(StoredAccount& account);
+    Status setExchanges(const StoredAccount& account);
 
     Database& m_database;
 };

@@ -40,6 +40,24 @@ Status AuthorityStore::setRuleProperty(
         { userId, tradingAccount, instructionType, property });
 }
 
+Status AuthorityStore::revoke(const QString& userId, const QString& tradingAccount, const QString& instructionType)
+{
+    return m_database.transaction([&] {
+        const QString condition =
+            QStringLiteral(" WHERE \"user\" = ? AND trading_account = ? AND instruction_type = ?");
+        const QVariantList values{ userId, tradingAccount, instructionType };
+        Status status = m_database.execute(QStringLiteral("DELETE FROM order_authorities") + condition, values);
+        return status ? m_database.execute(QStringLiteral("DELETE FROM rule_properties") + condition, values) : status;
+    });
+}
+
+Result<QStringList> AuthorityStore::types(const QString& userId, const QString& tradingAccount)
+{
+    return m_database.texts(QStringLiteral("SELECT instruction_type FROM order_authorities WHERE \"user\" = ?"
+                                           " AND trading_account = ? ORDER BY instruction_type"),
+        { userId, tradingAccount });
+}
+
 Result<Rights> AuthorityStore::rights(
     const QString& userId, const QString& tradingAccount, const QString& instructionType)
 {

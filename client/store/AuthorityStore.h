@@ -48,6 +48,10 @@ public:
     Status grant(const QString& userId, const QString& tradingAccount, const QString& instructionType);
     Status setRuleProperty(
         const QString& userId, const QString& tradingAccount, const QString& instructionType, int property);
+    /// Removes the authority and its rule property.
+    Status revoke(const QString& userId, const QString& tradingAccount, const QString& instructionType);
+    /// The instruction types that the user may place from the account, ascending.
+    Result<QStringList> types(const QString& userId, const QString& tradingAccount);
     Result<Rights> rights(const QString& userId, const QString& tradingAccount, const QString& instructionType);
     /// Adds the rights of the parties to what is read.
     static void addTo(ValueReader& reader, const OrderParties& parties, OrderRights& rights);

@@ -42,6 +42,18 @@ Status LimitStore::set(const QString& tradingAccount, const AccountLimits& limit
         { tradingAccount, valueOf(limits.quantity), valueOf(limits.amount), valueOf(limits.priceBandPerMille) });
 }
 
+Result<AccountLimits> LimitStore::own(const QString& tradingAccount)
+{
+    AccountLimits limits;
+    Status status = m_database.read(
+        QStringLiteral("SELECT largest_quantity, largest_amount, price_band_per_mille FROM account_limits"
+                       " WHERE trading_account = ?"),
+        { tradingAccount }, [&limits](const QSqlQuery& row) {
+            limits = { limitOf(row.value(0)), limitOf(row.value(1)), limitOf(row.value(2)) };
+        });
+    return status ? Result<AccountLimits>(limits) : status;
+}
+
 Status LimitStore::authorise(const LimitException& exception)
 {
     const AccountLimits& limits = exception.limits;

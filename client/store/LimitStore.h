@@ -36,6 +36,8 @@ public:
 
     /// Sets the limits of an account; an empty account means the usual limits, which must be complete.
     Status set(const QString& tradingAccount, const AccountLimits& limits);
+    /// The limits that are set for an account, or the usual ones for an empty account.
+    Result<AccountLimits> own(const QString& tradingAccount);
     Status authorise(const LimitException& exception);
     /// Adds the limits of an account for a user on a day to what is read, all of them present: its own or the usual
     /// ones, widened by exceptions that somebody else authorised. Fails if there are no usual limits.

@@ -1,8 +1,10 @@
 #include "Commands.h"
 
+#include "AdminCommands.h"
 #include "Backup.h"
 #include "ClientSession.h"
 #include "ClosureFiles.h"
+#include "CommandForms.h"
 #include "Console.h"
 #include "ErrorText.h"
 #include "HistoryTexts.h"
@@ -13,17 +15,12 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QMap>
-
-#include <functional>
 
 namespace {
 
-using Command = std::function<Result<QString>(const Options& options)>;
-
 Result<QString> importClosures(const Options& options)
 {
-    const Result<QDate> last = ClosureFiles::install(options.argument);
+    const Result<QDate> last = ClosureFiles::install(options.arguments.at(0));
     if (!last)
         return last.status();
     return QStringLiteral("交易日历到%1").arg(last->toString(Qt::ISODate));
@@ -33,7 +30,7 @@ Result<QString> backUp(const Options& options)
 {
     if (ServerLocation::isServer(options.database))
         return Error::BackupOfServer;
-    const QString file = QFileInfo(options.argument).absoluteFilePath();
+    const QString file = QFileInfo(options.arguments.at(0)).absoluteFilePath();
     if (Status status = backUpDatabase(databaseOf(options), file); !status)
         return status;
     return QStringLiteral("数据库已备份到%1").arg(file);
@@ -61,32 +58,31 @@ Result<QString> planHistory(const Options& options)
     if (Status status = startSession(options); !status)
         return status;
     ClientSession& session = ClientSession::instance();
-    const Result<StoredPlan> plan = session.plans().plan(options.argument);
+    const Result<StoredPlan> plan = session.plans().plan(options.arguments.at(0));
     if (!plan)
         return plan.status();
     if (plan->id.isEmpty())
-        return { Error::UnknownPlan, { options.argument } };
+        return { Error::UnknownPlan, { options.arguments.at(0) } };
     const auto entries = HistoryStore(session.database()).ofPlan(PlanId::toNumber(plan->id).value_or(0));
     if (!entries)
         return entries.status();
-    return options.json ? asJson(*entries) : inLines(*entries);
+    return options.flags.contains(Flag::Json) ? asJson(*entries) : inLines(*entries);
 }
 
-const QMap<QString, Command>& commands()
+CommandFunction commandNamed(const QString& name)
 {
-    static const QMap<QString, Command> all{
-        { QStringLiteral("backup"), backUp },
-        { QStringLiteral("history"), planHistory },
-        { QStringLiteral("import-closures"), importClosures },
-    };
-    return all;
+    QMap<QString, CommandFunction> all = adminCommands();
+    all.insert(QStringLiteral("backup"), backUp);
+    all.insert(QStringLiteral("history"), planHistory);
+    all.insert(QStringLiteral("import-closures"), importClosures);
+    return all.value(name);
 }
 
 } // namespace
 
 int runCommand(const Options& options)
 {
-    const Result<QString> report = commands().value(options.command)(options);
+    const Result<QString> report = commandNamed(options.command)(options);
     if (!report) {
         printLine(stderr, QStringLiteral("plandesk: ") + errorText(report.status()));
         return Failure;

@@ -2,6 +2,6 @@
 
 struct Options;
 
-/// Executes the command of the options, one of `commandNames`, reports its result on the console and returns the exit
+/// Executes the command of the options, one of `commandForms`, reports its result on the console and returns the exit
 /// status.
 int runCommand(const Options& options);

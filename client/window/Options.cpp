@@ -1,6 +1,7 @@
 #include "Options.h"
 
 #include "Appearance.h"
+#include "CommandForms.h"
 #include "Language.h"
 #include "OrloConstants.h"
 
@@ -8,7 +9,6 @@
 #include <QCoreApplication>
 #include <QHash>
 #include <QLocale>
-#include <QMap>
 #include <QTranslator>
 
 namespace {
@@ -34,22 +34,6 @@ public:
     }
 };
 
-const QString Backup = QStringLiteral("backup");
-const QString History = QStringLiteral("history");
-const QString ImportClosures = QStringLiteral("import-closures");
-
-/// The names of the options that each command has.
-const QMap<QString, QStringList>& optionsOfCommands()
-{
-    static const QString database = QStringLiteral("database");
-    static const QMap<QString, QStringList> options{
-        { Backup, { database } },
-        { History, { database, QStringLiteral("json"), QStringLiteral("user") } },
-        { ImportClosures, {} },
-    };
-    return options;
-}
-
 class CommandLine {
 public:
     explicit CommandLine(Program program)
@@ -58,11 +42,9 @@ public:
         m_parser.addOptions({ m_help, m_user, m_database, m_skin, m_language, m_securities });
         if (m_program == Program::Client) {
             m_parser.setApplicationDescription(QStringLiteral("交易计划客户端：新建、修改、复制自动交易计划。"));
-            m_parser.addOptions({ m_issueDay, m_json });
-            m_parser.addPositionalArgument(QStringLiteral("命令"),
-                QStringLiteral("backup 文件：把数据库备份到新文件；history 计划编号：列出计划的历史；"
-                               "import-closures 文件：导入休市表，延长交易日历。"),
-                QStringLiteral("[命令 参数]"));
+            m_parser.addOption(m_issueDay);
+            m_parser.addOptions(m_flags);
+            m_parser.addPositionalArgument(QStringLiteral("命令"), commandsText(), QStringLiteral("[命令 参数]"));
         } else {
             m_parser.setApplicationDescription(
                 QStringLiteral("自动演示：逐项填写并提交计划，核对数据库中的记录，把各步的图片写入该目录。"));
@@ -92,12 +74,19 @@ private:
             return status;
         const QStringList options = m_parser.optionNames();
         for (const QString& name : options) {
-            if (m_json.names().contains(name))
-                continue;
-            if (m_parser.value(name).trimmed().isEmpty())
+            if (!flagNames().contains(name) && m_parser.value(name).trimmed().isEmpty())
                 return { Error::OptionWithoutValue, { name } };
         }
         return checkValues();
+    }
+
+    /// The names of the options without a value.
+    QStringList flagNames() const
+    {
+        QStringList names;
+        for (const QCommandLineOption& flag : m_flags)
+            names += flag.names();
+        return names;
     }
 
     Status checkFolder() const
@@ -110,26 +99,39 @@ private:
 
     Status checkCommand() const
     {
-        const QStringList command = m_parser.positionalArguments();
-        if (command.isEmpty() && m_parser.isSet(m_json))
-            return { Error::OptionOfCommand, { m_json.names().constFirst(), History } };
-        if (command.isEmpty())
-            return {};
-        if (!commandNames().contains(command.at(0)))
-            return { Error::ExtraArgument, { command.at(0) } };
-        if (command.size() > 2)
-            return { Error::ExtraArgument, { command.at(2) } };
-        if (command.value(1).isEmpty())
-            return { Error::CommandWithoutArgument, { command.at(0) } };
-        return checkOptionsOf(command.at(0));
+        const QStringList words = m_parser.positionalArguments();
+        if (words.isEmpty())
+            return checkFlags();
+        const Command given = commandOf(words);
+        const auto form = commandForms().constFind(given.name);
+        if (words == QStringList(adminCommand()))
+            return { Error::CommandWithoutArgument, { adminCommand(), adminNames().join(QLatin1Char('|')) } };
+        if (form == commandForms().cend())
+            return { Error::ExtraArgument, { given.name.section(QLatin1Char(' '), -1) } };
+        if (form->most >= 0 && given.arguments.size() > form->most)
+            return { Error::ExtraArgument, { given.arguments.at(form->most) } };
+        if (given.arguments.size() < form->fewest || given.arguments.contains(QString()))
+            return { Error::CommandWithoutArgument, { given.name, form->arguments } };
+        return checkOptionsOf(given.name, form->options);
     }
 
-    Status checkOptionsOf(const QString& command) const
+    Status checkOptionsOf(const QString& command, const QStringList& options) const
     {
         const QStringList names = m_parser.optionNames();
         for (const QString& name : names) {
-            if (!optionsOfCommands().value(command).contains(name))
+            if (!options.contains(name))
                 return { Error::OptionNotOfCommand, { name, command } };
+        }
+        return {};
+    }
+
+    /// The window has none of the options without a value.
+    Status checkFlags() const
+    {
+        const QStringList names = m_parser.optionNames();
+        for (const QString& name : names) {
+            if (flagNames().contains(name))
+                return { Error::OptionOfCommand, { name, commandsWith(name).join(QStringLiteral("、")) } };
         }
         return {};
     }
@@ -159,9 +161,13 @@ private:
         options.securities = m_parser.value(m_securities).toInt();
         const QStringList arguments = m_parser.positionalArguments();
         if (m_program == Program::Client) {
-            options.command = arguments.value(0);
-            options.argument = arguments.value(1);
-            options.json = m_parser.isSet(m_json);
+            const Command given = commandOf(arguments);
+            options.command = given.name;
+            options.arguments = given.arguments;
+            for (const QString& name : flagNames()) {
+                if (m_parser.isSet(name))
+                    options.flags.insert(name);
+            }
         } else {
             options.folder = arguments.value(0);
         }
@@ -185,16 +191,23 @@ private:
     const QCommandLineOption m_user{ QStringLiteral("user"),
         QStringLiteral("登录的用户编号，默认为示例数据的第一个用户。"), QStringLiteral("用户") };
     const QCommandLineOption m_database{ QStringLiteral("database"),
-        QStringLiteral("数据库文件，不存在时新建并写入示例数据；默认在用户的数据目录中。"), QStringLiteral("文件") };
+        QStringLiteral("数据库文件，不存在时新建并写入示例数据，默认在用户的数据目录中；或服务器上数据库的地址。"),
+        QStringLiteral("文件") };
     const QCommandLineOption m_skin{ QStringLiteral("skin"), QStringLiteral("皮肤：light（默认）或dark。"),
         QStringLiteral("皮肤") };
     const QCommandLineOption m_language{ QStringLiteral("language"),
         QStringLiteral("表单的语言：zh（默认）或en；客户端的数据和部分文字仍为中文。"), QStringLiteral("语言") };
     const QCommandLineOption m_securities{ QStringLiteral("securities"),
         QStringLiteral("新建数据库时示例证券的数量，例如100000。"), QStringLiteral("数量") };
-    const QCommandLineOption m_json{ QStringLiteral("json"), QStringLiteral("以JSON输出history命令的结果。") };
     const QCommandLineOption m_issueDay{ QStringLiteral("issue-day"),
         QStringLiteral("为该日（yyyy-MM-dd）有效的计划下达指令，列出结果并退出。"), QStringLiteral("日期") };
+    const QList<QCommandLineOption> m_flags{
+        { Flag::Json, QStringLiteral("以JSON输出命令history和admin list的结果。") },
+        { Flag::Sample, QStringLiteral("admin init写入示例数据。") },
+        { Flag::Review, QStringLiteral("admin grant的指令须经复核。") },
+        { Flag::PasswordFromInput, QStringLiteral("admin add-user从标准输入的第一行读取密码。") },
+        { Flag::GeneratePassword, QStringLiteral("admin add-user为新用户生成密码并显示。") },
+    };
     QCommandLineParser m_parser;
 };
 
@@ -205,10 +218,4 @@ Result<Options> readOptions(const QStringList& arguments, Program program)
     ParserTexts texts;
     QCoreApplication::installTranslator(&texts);
     return CommandLine(program).read(arguments);
-}
-
-const QStringList& commandNames()
-{
-    static const QStringList names = optionsOfCommands().keys();
-    return names;
 }

@@ -3,6 +3,7 @@
 #include "Status.h"
 
 #include <QDate>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -11,24 +12,21 @@ enum class Program { Client, WalkThrough };
 
 /// The parsed command line of a program.
 struct Options {
-    QString user;       ///< user id; empty for the sample's first user
-    QString database;   ///< database file; empty for the one in the user's data folder
-    QString skin;       ///< name of a skin, see `skinNames`
-    QString language;   ///< code of the form's language, see `languageCodes`
-    int securities = 0; ///< securities of a new database; 0 for the default number
-    QString folder;     ///< folder of the walk-through; empty for the client
-    QDate issueDay;     ///< day to issue instructions for; invalid for the window
-    QString command;    ///< name of a command, see `commandNames`; empty for none
-    QString argument;   ///< the file or the plan of the command
-    bool json = false;  ///< print the result of the command as JSON
-    QString help;       ///< text to print instead of anything else; empty unless requested
+    QString user;          ///< user id; empty for the sample's first user
+    QString database;      ///< database file; empty for the one in the user's data folder
+    QString skin;          ///< name of a skin, see `skinNames`
+    QString language;      ///< code of the form's language, see `languageCodes`
+    int securities = 0;    ///< securities of a new database; 0 for the default number
+    QString folder;        ///< folder of the walk-through; empty for the client
+    QDate issueDay;        ///< day to issue instructions for; invalid for the window
+    QString command;       ///< name of a command, see `commandForms`; empty for none
+    QStringList arguments; ///< of the command, as many as its form asks for
+    QSet<QString> flags;   ///< names of the command's options without a value
+    QString help;          ///< text to print instead of anything else; empty unless requested
 
     /// True if the program shows its window, which needs a display.
     bool wantsWindow() const { return help.isEmpty() && folder.isEmpty() && command.isEmpty() && !issueDay.isValid(); }
 };
-
-/// Names of the commands, which the program executes instead of showing its window.
-const QStringList& commandNames();
 
 /// Parses a command line, which starts with the program's name. Needs the application object.
 Result<Options> readOptions(const QStringList& arguments, Program program);

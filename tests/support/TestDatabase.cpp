@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QSet>
+#include <QUrl>
 
 #include <libpq-fe.h>
 
@@ -57,7 +58,8 @@ private:
 
 QString locationOf(const QString& user, const QString& database, quint16 port)
 {
-    return QStringLiteral("postgresql://%1@127.0.0.1:%2/%3").arg(user).arg(port).arg(database);
+    return QStringLiteral("postgresql://%1@127.0.0.1:%2/%3")
+        .arg(QString::fromLatin1(QUrl::toPercentEncoding(user)), QString::number(port), database);
 }
 
 QString newName()
@@ -69,10 +71,9 @@ QString newName()
 // Another program may create the same role at the same time.
 void addRole(Superuser& superuser, const QString& user)
 {
-    const QString password = firstLine(serverFile("passwords")).section(QLatin1Char(':'), -1);
     superuser.run(QStringLiteral("DO $do$ BEGIN CREATE ROLE %1 LOGIN PASSWORD '%2' IN ROLE plandesk_user;"
                                  " EXCEPTION WHEN duplicate_object OR unique_violation THEN NULL; END $do$")
-                      .arg(user, password));
+                      .arg(user, TestDatabase::password()));
 }
 
 /// The filled databases of this program, which the tests' databases are copies of.
@@ -164,6 +165,11 @@ TestDatabase::~TestDatabase()
 QString TestDatabase::location(const QString& user) const
 {
     return m_name.isEmpty() ? m_folder.filePath(QStringLiteral("plans.db")) : locationOf(user, m_name, m_port);
+}
+
+QString TestDatabase::password()
+{
+    return firstLine(serverFile("passwords")).section(QLatin1Char(':'), -1);
 }
 
 QString TestDatabase::ownersLocation() const

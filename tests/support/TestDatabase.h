@@ -22,6 +22,8 @@ public:
     static QString serverFolder();
     /// The server's port.
     static quint16 serverPort();
+    /// The password of all roles of the tests, which the password file has.
+    static QString password();
 
     /// The same `name` means the same contents. On the server they are written once and then copied, and the stored
     /// users get roles. A file is filled only there: a client fills its new file itself.

@@ -1,0 +1,209 @@
+#include "AccountAdministration.h"
+
+#include "AccountStore.h"
+#include "Kelvo_Values.h"
+#include "LimitStore.h"
+#include "Orlo_Values.h"
+
+namespace {
+
+const QString Usual = QStringLiteral("usual");
+
+QStringList exchanges()
+{
+    return { Kelvo_Values::Exchange::sh, Kelvo_Values::Exchange::sz, Orlo_Values::Exchange::bj,
+        Orlo_Values::Exchange::HkStockCirculation };
+}
+
+/// An item of an account with its place in the account.
+struct AccountItem {
+    QString name;
+    QString caption;
+    QString StoredAccount::*text;
+};
+
+const QVector<AccountItem>& itemsOfAccounts()
+{
+    static const QVector<AccountItem> all{
+        { QStringLiteral("name"), QStringLiteral("名称"), &StoredAccount::name },
+        { QStringLiteral("fund"), QStringLiteral("资金账号"), &StoredAccount::fundAccount },
+        { QStringLiteral("client"), QStringLiteral("客户号"), &StoredAccount::clientNo },
+        { QStringLiteral("branch"), QStringLiteral("营业部"), &StoredAccount::branchNo },
+        { QStringLiteral("asset"), QStringLiteral("资产属性"), &StoredAccount::assetProperty },
+    };
+    return all;
+}
+
+Status checkAsset(const QString& asset)
+{
+    if (asset == AccountAsset::Ordinary || asset == Orlo_Values::FundAccountType::Credit)
+        return {};
+    return { Error::UnknownCode, { QStringLiteral("资产属性"), asset } };
+}
+
+Status checkComplete(const StoredAccount& account)
+{
+    QStringList missing;
+    for (const AccountItem& item : itemsOfAccounts()) {
+        if ((account.*item.text).isEmpty())
+            missing << item.name;
+    }
+    if (missing.isEmpty())
+        return {};
+    return { Error::AccountIncomplete, { account.tradingAccount, missing.join(QStringLiteral("、")) } };
+}
+
+/// Takes the items and appends a line for each one that differs.
+Status take(const AccountAdministration::Items& items, StoredAccount& account, QStringList& lines)
+{
+    const QString line = QStringLiteral("账户%1：%2由“%3”改为“%4”");
+    for (const AccountItem& item : itemsOfAccounts()) {
+        QString& text = account.*item.text;
+        const QString given = items.value(item.name, text);
+        if (given != text)
+            lines << line.arg(account.tradingAccount, item.caption, text, given);
+        text = given;
+    }
+    for (const QString& exchange : exchanges()) {
+        QString& text = account.exchangeAccounts[exchange];
+        const QString given = items.value(exchange, text);
+        if (given != text)
+            lines << line.arg(account.tradingAccount, exchange, text, given);
+        text = given;
+        if (text.isEmpty())
+            account.exchangeAccounts.remove(exchange);
+    }
+    return checkAsset(account.assetProperty);
+}
+
+Status addOrChange(
+    Database& database, const QString& number, const AccountAdministration::Items& items, QStringList& lines)
+{
+    AccountStore store(database);
+    Result<StoredAccount> account = store.account(number);
+    if (!account)
+        return account.status();
+    const bool isNew = account->tradingAccount.isEmpty();
+    if (isNew) {
+        account->tradingAccount = number;
+        account->assetProperty = AccountAsset::Ordinary;
+    }
+    QStringList changes;
+    if (Status status = take(items, *account, changes); !status)
+        return status;
+    if (Status status = checkComplete(*account); !status)
+        return status;
+    if (isNew)
+        lines << QStringLiteral("账户%1：已建立，名称%2").arg(number, account->name);
+    else
+        lines << changes;
+    if (lines.isEmpty())
+        return {};
+    return isNew ? store.add(*account) : store.change(*account);
+}
+
+/// A limit with its place among the limits.
+struct LimitItem {
+    QString name;
+    QString caption;
+    std::optional<qint64> AccountLimits::*limit;
+};
+
+const QVector<LimitItem>& itemsOfLimits()
+{
+    static const QVector<LimitItem> all{
+        { QStringLiteral("quantity"), QStringLiteral("最大数量"), &AccountLimits::quantity },
+        { QStringLiteral("amount"), QStringLiteral("最大金额（元）"), &AccountLimits::amount },
+        { QStringLiteral("price-band"), QStringLiteral("价格偏离（‰）"), &AccountLimits::priceBandPerMille },
+    };
+    return all;
+}
+
+QString textOf(const std::optional<qint64>& limit)
+{
+    return limit ? QString::number(*limit) : Usual;
+}
+
+Result<std::optional<qint64>> limitOf(const LimitItem& item, const QString& text, bool mayBeUsual)
+{
+    if (mayBeUsual && text == Usual)
+        return std::optional<qint64>();
+    bool isNumber = false;
+    const qint64 number = text.toLongLong(&isNumber);
+    if (!isNumber || number <= 0)
+        return { Error::NotPositiveWhole, { item.caption, text } };
+    return std::optional<qint64>(number);
+}
+
+Status checkAccount(Database& database, const QString& account)
+{
+    if (account == Usual)
+        return {};
+    const Result<StoredAccount> known = AccountStore(database).account(account);
+    if (!known)
+        return known.status();
+    return known->tradingAccount.isEmpty() ? Status(Error::UnknownAccount, { account }) : Status();
+}
+
+Status changeLimits(
+    Database& database, const QString& account, const AccountAdministration::Items& items, QStringList& lines)
+{
+    if (Status status = checkAccount(database, account); !status)
+        return status;
+    const QString key = account == Usual ? QString() : account;
+    LimitStore store(database);
+    Result<AccountLimits> limits = store.own(key);
+    if (!limits)
+        return limits.status();
+    for (const LimitItem& item : itemsOfLimits()) {
+        std::optional<qint64>& limit = (*limits).*item.limit;
+        const auto given = limitOf(item, items.value(item.name, textOf(limit)), !key.isEmpty());
+        if (!given)
+            return given.status();
+        if (*given != limit)
+            lines << QStringLiteral("账户%1：%2由%3改为%4").arg(account, item.caption, textOf(limit), textOf(*given));
+        limit = *given;
+    }
+    return lines.isEmpty() ? Status() : store.set(key, *limits);
+}
+
+} // namespace
+
+AccountAdministration::AccountAdministration(Administration& administration)
+    : m_administration(administration)
+{
+}
+
+Result<QStringList> AccountAdministration::addAccount(const QString& account, const Items& items)
+{
+    if (Status status = Administration::checkText(QStringLiteral("账户"), account); !status)
+        return status;
+    for (auto item = items.cbegin(); item != items.cend(); ++item) {
+        if (Status status = Administration::checkText(item.key(), item.value()); !status)
+            return status;
+    }
+    return m_administration.run(
+        [&](Database& database, QStringList& lines) { return addOrChange(database, account, items, lines); });
+}
+
+Result<QStringList> AccountAdministration::setLimits(const QString& account, const Items& items)
+{
+    return m_administration.run(
+        [&](Database& database, QStringList& lines) { return changeLimits(database, account, items, lines); });
+}
+
+QStringList AccountAdministration::accountItems()
+{
+    QStringList names;
+    for (const AccountItem& item : itemsOfAccounts())
+        names << item.name;
+    return names + exchanges();
+}
+
+QStringList AccountAdministration::limitItems()
+{
+    QStringList names;
+    for (const LimitItem& item : itemsOfLimits())
+        names << item.name;
+    return names;
+}

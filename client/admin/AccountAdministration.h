@@ -1,0 +1,28 @@
+#pragma once
+
+#include "Administration.h"
+
+#include <QMap>
+
+/// Accounts and their limits.
+class AccountAdministration {
+public:
+    /// Texts by the names of the items.
+    using Items = QMap<QString, QString>;
+
+    explicit AccountAdministration(Administration& administration);
+
+    /// Adds an account or changes a present one. A new one needs "name", "fund", "client" and "branch"; "asset" is
+    /// "ordinary" unless given; the code of an exchange is the name of the security account there. Of a present one the
+    /// given items are changed.
+    Result<QStringList> addAccount(const QString& account, const Items& items);
+    /// Sets "quantity", "amount" and "price-band" of an account, or the usual ones of the account "usual". An item is a
+    /// positive number, or "usual" for none of the account's own. The others are kept.
+    Result<QStringList> setLimits(const QString& account, const Items& items);
+
+    static QStringList accountItems();
+    static QStringList limitItems();
+
+private:
+    Administration& m_administration;
+};

@@ -1,0 +1,91 @@
+#include "Administration.h"
+
+#include "SampleData.h"
+#include "ServerLocation.h"
+#include "UserStore.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int AdminLock = 0x504C4441; // "PLDA"
+
+Status checkOwner(Database& database)
+{
+    const auto owns = database.value(QStringLiteral("SELECT pg_has_role(session_user, nspowner, 'USAGE')"
+                                                    " FROM pg_namespace WHERE nspname = 'plandesk'"));
+    if (!owns)
+        return owns.status();
+    return owns->toBool() ? Status() : Status(Error::NotAdministrator, { database.role() });
+}
+
+} // namespace
+
+Result<QStringList> Administration::initialise(const QString& location)
+{
+    if (!ServerLocation::isServer(location))
+        return Error::AdminNeedsServer;
+    Database database;
+    const Status present = database.open(location);
+    if (present)
+        return QStringList();
+    if (present.cause().error() != Error::ServerNotSetUp)
+        return present;
+    if (Status status = database.setUp(location); !status)
+        return status;
+    return QStringList{ QStringLiteral("已建立表、角色和权限") };
+}
+
+Result<QStringList> Administration::migrate(const QString& location)
+{
+    if (!ServerLocation::isServer(location))
+        return Error::AdminNeedsServer;
+    Database database;
+    const Status present = database.open(location);
+    if (present)
+        return QStringList();
+    const Status cause = present.cause();
+    if (cause.error() != Error::OlderDatabase)
+        return present;
+    if (Status status = database.setUp(location); !status)
+        return status;
+    return QStringList{
+        QStringLiteral("数据库已由版本%1升级到版本%2").arg(cause.details().at(0), cause.details().at(1))
+    };
+}
+
+Status Administration::open(const QString& location)
+{
+    if (!ServerLocation::isServer(location))
+        return Error::AdminNeedsServer;
+    Status status = m_database.open(location);
+    return status ? checkOwner(m_database) : status;
+}
+
+Result<QStringList> Administration::run(const Work& work)
+{
+    QStringList lines;
+    Status status = m_database.transaction([&] {
+        Status locked = m_database.configure(QStringLiteral("SELECT pg_advisory_xact_lock(%1)").arg(AdminLock));
+        return locked ? work(m_database, lines) : locked;
+    });
+    return status ? Result<QStringList>(lines) : status;
+}
+
+Result<QStringList> Administration::writeSample(int securities, const SampleMarket::Progress& progress)
+{
+    return run([&](Database& database, QStringList& lines) -> Status {
+        const auto users = UserStore(database).users();
+        if (!users)
+            return users.status();
+        lines << (users->isEmpty() ? QStringLiteral("已写入示例数据") : QStringLiteral("已有用户，没有写入示例数据"));
+        return users->isEmpty() ? SampleData::write(database, securities, progress) : Status();
+    });
+}
+
+Status Administration::checkText(const QString& caption, const QString& text)
+{
+    const bool isPrintable = std::all_of(text.cbegin(), text.cend(),
+        [](QChar letter) { return letter.category() != QChar::Other_Control && !letter.isNull(); });
+    return isPrintable && !text.isEmpty() && text == text.trimmed() ? Status() : Status(Error::EmptyText, { caption });
+}

@@ -1,0 +1,139 @@
+#include "AdminCommands.h"
+
+#include "AccountAdministration.h"
+#include "CommandForms.h"
+#include "RightsReport.h"
+#include "SessionStart.h"
+#include "UserAdministration.h"
+
+#include <QFile>
+#include <QJsonDocument>
+
+namespace {
+
+using Work = std::function<Result<QStringList>(Administration& administration, const Options& options)>;
+
+Result<QString> inLines(const Result<QStringList>& lines)
+{
+    if (!lines)
+        return lines.status();
+    return lines->isEmpty() ? QStringLiteral("已是如此，没有变化") : lines->join(QLatin1Char('\n'));
+}
+
+/// A command in a database that is set up.
+CommandFunction inDatabase(const Work& work)
+{
+    return [work](const Options& options) -> Result<QString> {
+        Administration administration;
+        if (Status status = administration.open(databaseOf(options)); !status)
+            return status;
+        return inLines(work(administration, options));
+    };
+}
+
+Result<QString> init(const Options& options)
+{
+    const Result<QStringList> created = Administration::initialise(databaseOf(options));
+    if (!created || !options.flags.contains(Flag::Sample))
+        return inLines(created);
+    Administration administration;
+    if (Status status = administration.open(databaseOf(options)); !status)
+        return status;
+    const Result<QStringList> written = administration.writeSample(options.securities, {});
+    return written ? inLines(*created + *written) : written.status();
+}
+
+Result<QString> migrate(const Options& options)
+{
+    return inLines(Administration::migrate(databaseOf(options)));
+}
+
+Result<NewPassword> passwordOf(const Options& options)
+{
+    NewPassword password;
+    password.isGenerated = options.flags.contains(Flag::GeneratePassword);
+    if (!options.flags.contains(Flag::PasswordFromInput))
+        return password;
+    QFile input;
+    if (input.open(stdin, QIODevice::ReadOnly))
+        password.given = QString::fromUtf8(input.readLine()).remove(QLatin1Char('\n'));
+    return password.given.isEmpty() ? Result<NewPassword>(Error::NoPassword) : password;
+}
+
+Result<QStringList> addUser(Administration& administration, const Options& options)
+{
+    const Result<NewPassword> password = passwordOf(options);
+    if (!password)
+        return password.status();
+    return UserAdministration(administration).addUser({ options.arguments.at(0), options.arguments.at(1) }, *password);
+}
+
+Result<QStringList> grant(Administration& administration, const Options& options)
+{
+    return UserAdministration(administration)
+        .grant(options.arguments.at(0), options.arguments.at(1), options.arguments.mid(2),
+            options.flags.contains(Flag::Review));
+}
+
+Result<QStringList> revoke(Administration& administration, const Options& options)
+{
+    UserAdministration users(administration);
+    if (options.arguments.size() == 1)
+        return users.revokeUser(options.arguments.at(0));
+    return users.revoke(options.arguments.at(0), options.arguments.at(1), options.arguments.mid(2));
+}
+
+/// The arguments after the first one, "name=text" each.
+Result<QMap<QString, QString>> itemsOf(const Options& options, const QStringList& names)
+{
+    QMap<QString, QString> items;
+    for (const QString& argument : options.arguments.mid(1)) {
+        const QString name = argument.section(QLatin1Char('='), 0, 0);
+        if (!argument.contains(QLatin1Char('=')) || !names.contains(name) || items.contains(name))
+            return { Error::MalformedItem, { argument, names.join(QStringLiteral("、")) } };
+        items.insert(name, argument.section(QLatin1Char('='), 1));
+    }
+    return items;
+}
+
+Result<QStringList> addAccount(Administration& administration, const Options& options)
+{
+    const auto items = itemsOf(options, AccountAdministration::accountItems());
+    if (!items)
+        return items.status();
+    return AccountAdministration(administration).addAccount(options.arguments.at(0), *items);
+}
+
+Result<QStringList> setLimits(Administration& administration, const Options& options)
+{
+    const auto items = itemsOf(options, AccountAdministration::limitItems());
+    if (!items)
+        return items.status();
+    return AccountAdministration(administration).setLimits(options.arguments.at(0), *items);
+}
+
+Result<QStringList> list(Administration& administration, const Options& options)
+{
+    const Result<QJsonObject> report = RightsReport::json(administration);
+    if (!report)
+        return report.status();
+    if (options.flags.contains(Flag::Json))
+        return QStringList{ QString::fromUtf8(QJsonDocument(*report).toJson()) };
+    return RightsReport::lines(*report);
+}
+
+} // namespace
+
+QMap<QString, CommandFunction> adminCommands()
+{
+    return {
+        { QStringLiteral("admin init"), init },
+        { QStringLiteral("admin migrate"), migrate },
+        { QStringLiteral("admin add-user"), inDatabase(addUser) },
+        { QStringLiteral("admin grant"), inDatabase(grant) },
+        { QStringLiteral("admin revoke"), inDatabase(revoke) },
+        { QStringLiteral("admin add-account"), inDatabase(addAccount) },
+        { QStringLiteral("admin set-limits"), inDatabase(setLimits) },
+        { QStringLiteral("admin list"), inDatabase(list) },
+    };
+}

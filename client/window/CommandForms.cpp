@@ -1,0 +1,91 @@
+#include "CommandForms.h"
+
+namespace {
+
+const QString Database = QStringLiteral("database");
+const QString Securities = QStringLiteral("securities");
+
+QMap<QString, CommandForm> ordinaryForms()
+{
+    const QString file = QStringLiteral("文件");
+    return {
+        { QStringLiteral("backup"), { file, 1, 1, { Database }, QStringLiteral("把数据库备份到新文件") } },
+        { QStringLiteral("history"),
+            { QStringLiteral("计划编号"), 1, 1, { Database, Flag::Json, QStringLiteral("user") },
+                QStringLiteral("列出计划的历史") } },
+        { QStringLiteral("import-closures"), { file, 1, 1, {}, QStringLiteral("导入休市表，延长交易日历") } },
+    };
+}
+
+QMap<QString, CommandForm> adminForms()
+{
+    return {
+        { QStringLiteral("init"),
+            { QString(), 0, 0, { Database, Flag::Sample, Securities }, QStringLiteral("在服务器的数据库中建表") } },
+        { QStringLiteral("migrate"), { QString(), 0, 0, { Database }, QStringLiteral("升级服务器的数据库") } },
+        { QStringLiteral("add-user"),
+            { QStringLiteral("用户编号 姓名"), 2, 2, { Database, Flag::PasswordFromInput, Flag::GeneratePassword },
+                QStringLiteral("新建用户和登录角色") } },
+        { QStringLiteral("grant"),
+            { QStringLiteral("用户编号 账户 指令类型..."), 3, -1, { Database, Flag::Review },
+                QStringLiteral("分配账户和指令类型") } },
+        { QStringLiteral("revoke"),
+            { QStringLiteral("用户编号 [账户 [指令类型...]]"), 1, -1, { Database },
+                QStringLiteral("停用用户，或收回账户或指令类型") } },
+        { QStringLiteral("add-account"),
+            { QStringLiteral("账户 [名称=取值...]"), 1, -1, { Database }, QStringLiteral("新建或修改账户") } },
+        { QStringLiteral("set-limits"),
+            { QStringLiteral("账户|usual 名称=取值..."), 2, -1, { Database }, QStringLiteral("设置限额") } },
+        { QStringLiteral("list"),
+            { QString(), 0, 0, { Database, Flag::Json }, QStringLiteral("列出用户、权限、账户和限额") } },
+    };
+}
+
+} // namespace
+
+const QMap<QString, CommandForm>& commandForms()
+{
+    static const QMap<QString, CommandForm> all = [] {
+        QMap<QString, CommandForm> forms = ordinaryForms();
+        const QMap<QString, CommandForm> admin = adminForms();
+        for (auto form = admin.cbegin(); form != admin.cend(); ++form)
+            forms.insert(adminCommand() + QLatin1Char(' ') + form.key(), form.value());
+        return forms;
+    }();
+    return all;
+}
+
+QString adminCommand()
+{
+    return QStringLiteral("admin");
+}
+
+QStringList adminNames()
+{
+    return adminForms().keys();
+}
+
+QStringList commandsWith(const QString& option)
+{
+    QStringList names;
+    for (auto form = commandForms().cbegin(); form != commandForms().cend(); ++form) {
+        if (form->options.contains(option))
+            names << form.key();
+    }
+    return names;
+}
+
+Command commandOf(const QStringList& words)
+{
+    const int length = words.value(0) == adminCommand() ? 2 : 1;
+    return { words.mid(0, length).join(QLatin1Char(' ')), words.mid(length) };
+}
+
+QString commandsText()
+{
+    QStringList lines;
+    for (auto form = commandForms().cbegin(); form != commandForms().cend(); ++form)
+        lines << QStringLiteral("%1 %2").arg(form.key(), form->arguments).trimmed() + QStringLiteral("：")
+                + form->purpose;
+    return lines.join(QStringLiteral("；\n"));
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QMap>
+#include <QStringList>
+
+/// Names of the commands' options without a value.
+namespace Flag {
+inline const QString Json = QStringLiteral("json");
+inline const QString Sample = QStringLiteral("sample");
+inline const QString Review = QStringLiteral("review");
+inline const QString PasswordFromInput = QStringLiteral("password-stdin");
+inline const QString GeneratePassword = QStringLiteral("generate-password");
+} // namespace Flag
+
+/// What a command looks like on the command line.
+struct CommandForm {
+    QString arguments; ///< as shown to the user
+    int fewest;        ///< arguments
+    int most;          ///< arguments; -1 for any number
+    QStringList options;
+    QString purpose;
+};
+
+/// A command of a command line.
+struct Command {
+    QString name;
+    QStringList arguments;
+};
+
+/// The commands by name, which the program executes instead of showing its window. Those of an administrator have two
+/// words, the first of which is `adminCommand`.
+const QMap<QString, CommandForm>& commandForms();
+QString adminCommand();
+/// The second words.
+QStringList adminNames();
+/// The commands that have an option.
+QStringList commandsWith(const QString& option);
+/// The command's name and arguments; an empty name without words.
+Command commandOf(const QStringList& words);
+/// A line for each command.
+QString commandsText();
