@@ -70,6 +70,16 @@ void addServerRows()
     addRow("新账户“1”缺少fund", { Error::AccountIncomplete, { QStringLiteral("1"), QStringLiteral("fund") } });
     addRow("“a”不是可用的“名称=取值”，名称有：fund",
         { Error::MalformedItem, { QStringLiteral("a"), QStringLiteral("fund") } });
+    addRow("命令move-to搬移文件的内容，--database应是文件", Error::MoveOfServer);
+    addRow("命令move-to的参数应是服务器上的数据库地址", Error::MoveToFile);
+    addRow("表plans不能搬移，没有保存任何内容：磁盘空间不足，无法写入数据库",
+        { Error::TableNotMoved, { QStringLiteral("plans") }, Error::DiskFull });
+    addRow("服务器的数据库已有其他内容，没有搬移：表plans多出一行",
+        { Error::OtherDataOnServer, { QStringLiteral("plans"), QStringLiteral("多出一行") } });
+    addRow("核对不一致，没有保存任何内容：表plans多出一行",
+        { Error::MovedRowsDiffer, { QStringLiteral("plans"), QStringLiteral("多出一行") } });
+    addRow("无法确认是否已保存（与数据库服务器的连接已断开），请再运行一次，已保存时只核对",
+        { Error::MoveOutcomeUnknown, {}, Error::ConnectionLost });
 }
 
 void addSampleRows()

@@ -178,7 +178,7 @@ private Q_SLOTS:
         const QString help = read(QStringLiteral("--help"))->help;
         for (const char* name :
             { "admin add-account", "admin add-user", "admin grant", "admin init", "admin list", "admin migrate",
-                "admin revoke", "admin set-limits", "backup", "history", "import-closures" })
+                "admin revoke", "admin set-limits", "backup", "history", "import-closures", "move-to" })
             QVERIFY2(help.contains(QLatin1Char(' ') + QLatin1String(name)), name);
     }
 

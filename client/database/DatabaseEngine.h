@@ -26,6 +26,7 @@ public:
     virtual const Status& status() const = 0;
     /// The text in a column, valid until the next row; empty for NULL.
     virtual QByteArray bytes(int column) const = 0;
+    virtual bool isNull(int column) const = 0;
     /// The number in a column; 0 for NULL.
     virtual qint64 number(int column) const = 0;
 };

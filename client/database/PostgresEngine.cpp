@@ -46,6 +46,7 @@ public:
             PQgetvalue(m_answer.get(), m_row, column), PQgetlength(m_answer.get(), m_row, column));
     }
 
+    bool isNull(int column) const override { return PQgetisnull(m_answer.get(), m_row, column) != 0; }
     qint64 number(int column) const override { return bytes(column).toLongLong(); }
 
 private:

@@ -19,6 +19,9 @@ public:
 
     /// Values of the row, by column; empty or 0 for NULL.
     QString text(int column) const { return QString::fromUtf8(m_rows->bytes(column)); }
+    /// The bytes of a text or BLOB, valid until the next row.
+    QByteArray bytes(int column) const { return m_rows->bytes(column); }
+    bool isNull(int column) const { return m_rows->isNull(column); }
     qint64 number(int column) const { return m_rows->number(column); }
     /// Like `text`; equal texts share one copy.
     QString sharedText(int column);

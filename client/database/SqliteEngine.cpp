@@ -61,6 +61,7 @@ public:
         return QByteArray::fromRawData(text, sqlite3_column_bytes(m_statement, column));
     }
 
+    bool isNull(int column) const override { return sqlite3_column_type(m_statement, column) == SQLITE_NULL; }
     qint64 number(int column) const override { return sqlite3_column_int64(m_statement, column); }
 
 private:

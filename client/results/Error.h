@@ -55,6 +55,13 @@ enum class Error {
     NoPassword,
     AccountIncomplete, ///< account, the missing items
     MalformedItem,     ///< text, the items that there are
+    // --- Moving a file's contents to a server
+    MoveOfServer,
+    MoveToFile,
+    TableNotMoved,      ///< table; cause
+    OtherDataOnServer,  ///< table, what differs
+    MovedRowsDiffer,    ///< table, what differs
+    MoveOutcomeUnknown, ///< cause
     // --- Stored plans and instructions
     EmptyPlan,
     FieldNotText,         ///< record key

@@ -64,6 +64,13 @@ constexpr Sentence Sentences[] = {
     { Error::NoPassword, "标准输入的第一行没有密码" },
     { Error::AccountIncomplete, "新账户“%1”缺少%2" },
     { Error::MalformedItem, "“%1”不是可用的“名称=取值”，名称有：%2" },
+    // --- Moving a file's contents to a server
+    { Error::MoveOfServer, "命令move-to搬移文件的内容，--database应是文件" },
+    { Error::MoveToFile, "命令move-to的参数应是服务器上的数据库地址" },
+    { Error::TableNotMoved, "表%1不能搬移，没有保存任何内容：%2" },
+    { Error::OtherDataOnServer, "服务器的数据库已有其他内容，没有搬移：表%1%2" },
+    { Error::MovedRowsDiffer, "核对不一致，没有保存任何内容：表%1%2" },
+    { Error::MoveOutcomeUnknown, "无法确认是否已保存（%1），请再运行一次，已保存时只核对" },
     // --- Stored plans and instructions
     { Error::EmptyPlan, "计划内容为空" },
     { Error::FieldNotText, "计划字段“%1”的值不是文本" },

@@ -2,7 +2,10 @@
 
 #include "AccountAdministration.h"
 #include "CommandForms.h"
+#include "Console.h"
+#include "FileMove.h"
 #include "RightsReport.h"
+#include "ServerLocation.h"
 #include "SessionStart.h"
 #include "UserAdministration.h"
 
@@ -41,6 +44,18 @@ Result<QString> init(const Options& options)
         return status;
     const Result<QStringList> written = administration.writeSample(options.securities, {});
     return written ? inLines(*created + *written) : written.status();
+}
+
+// The argument is the server, because --database names the source.
+Result<QString> moveTo(const Options& options)
+{
+    if (!ServerLocation::isServer(options.arguments.at(0)))
+        return Error::MoveToFile;
+    Administration administration;
+    if (Status status = administration.open(options.arguments.at(0)); !status)
+        return status;
+    FileMove move(administration, [](const QString& text) { printLine(stderr, text); });
+    return inLines(move.run(databaseOf(options)));
 }
 
 Result<QString> migrate(const Options& options)
@@ -135,5 +150,6 @@ QMap<QString, CommandFunction> adminCommands()
         { QStringLiteral("admin add-account"), inDatabase(addAccount) },
         { QStringLiteral("admin set-limits"), inDatabase(setLimits) },
         { QStringLiteral("admin list"), inDatabase(list) },
+        { QStringLiteral("move-to"), moveTo },
     };
 }

@@ -13,6 +13,8 @@ QMap<QString, CommandForm> ordinaryForms()
         { QStringLiteral("history"),
             { QStringLiteral("计划编号"), 1, 1, { Database, Flag::Json, QStringLiteral("user") },
                 QStringLiteral("列出计划的历史") } },
+        { QStringLiteral("move-to"),
+            { QStringLiteral("数据库地址"), 1, 1, { Database }, QStringLiteral("把文件的内容搬到服务器") } },
         { QStringLiteral("import-closures"), { file, 1, 1, {}, QStringLiteral("导入休市表，延长交易日历") } },
     };
 }
