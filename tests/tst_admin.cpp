@@ -418,7 +418,7 @@ private Q_SLOTS:
         QCOMPARE(*team.accounts.setLimits(line("1"), { { line("quantity"), line("usual") } }),
             QStringList{ line("账户1：最大数量由5改为usual") });
         QCOMPARE(*team.accounts.setLimits(line("usual"), quantity),
-            QStringList{ line("账户usual：最大数量由100000000改为5") });
+            QStringList{ line("通用限额：最大数量由100000000改为5") });
         for (const char* const text : { "0", "-1", "x", "", "1.5" })
             QCOMPARE(team.accounts.setLimits(line("1"), { { line("quantity"), line(text) } }).status(),
                 Status(Error::NotPositiveWhole, { line("最大数量"), line(text) }));

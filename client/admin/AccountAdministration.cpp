@@ -151,6 +151,7 @@ Status changeLimits(
     if (Status status = checkAccount(database, account); !status)
         return status;
     const QString key = account == Usual ? QString() : account;
+    const QString owner = key.isEmpty() ? QStringLiteral("通用限额") : QStringLiteral("账户") + account;
     LimitStore store(database);
     Result<AccountLimits> limits = store.own(key);
     if (!limits)
@@ -161,7 +162,7 @@ Status changeLimits(
         if (!given)
             return given.status();
         if (*given != limit)
-            lines << QStringLiteral("账户%1：%2由%3改为%4").arg(account, item.caption, textOf(limit), textOf(*given));
+            lines << QStringLiteral("%1：%2由%3改为%4").arg(owner, item.caption, textOf(limit), textOf(*given));
         limit = *given;
     }
     return lines.isEmpty() ? Status() : store.set(key, *limits);
