@@ -9,6 +9,8 @@ namespace {
 
 // Long, so that a busy machine does not fail a test.
 constexpr int Timeout = 120000;
+// For those that write thousands of plans.
+constexpr int LongestRun = 3600000;
 
 } // namespace
 
@@ -63,7 +65,7 @@ void WriterProcess::killAfter(qint64 microseconds)
 bool WriterProcess::finish()
 {
     closeInput();
-    const bool finished = m_process.state() == QProcess::NotRunning || m_process.waitForFinished(Timeout);
+    const bool finished = m_process.state() == QProcess::NotRunning || m_process.waitForFinished(LongestRun);
     return finished && m_process.exitStatus() == QProcess::NormalExit && m_process.exitCode() == 0;
 }
 

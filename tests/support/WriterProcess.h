@@ -18,7 +18,7 @@ public:
     void killAfter(qint64 microseconds);
     /// Closes its input, without waiting.
     void closeInput() { m_process.closeWriteChannel(); }
-    /// Waits until it has finished. Returns false if that takes more than two minutes or it fails.
+    /// Waits until it has finished. Returns false if that takes more than an hour or it fails.
     bool finish();
     /// Releases the lock.
     bool release();
