@@ -7,7 +7,7 @@ ValueReader::ValueReader(Database& database)
 
 void ValueReader::add(const QStringList& expressions, const QVariantList& values, const Take& take)
 {
-    m_parts << Part{ m_expressions.size(), take };
+    m_parts << Part{ static_cast<int>(m_expressions.size()), take };
     m_expressions << expressions;
     m_values << values;
 }
