@@ -69,24 +69,18 @@ void WriterTest::finishWriters()
     m_writers.clear();
 }
 
-int WriterTest::count(const QByteArray& answer)
+int WriterTest::count(const QString& answer)
 {
     int found = 0;
     for (const auto& writer : m_writers)
-        found += writer->output().count('\n' + answer + ' ');
+        found += writer->output().count(answer.toUtf8());
     return found;
 }
 
-void WriterTest::waitForAcknowledged(int number)
+void WriterTest::waitFor(int number, const QString& answer)
 {
-    const int wanted = count("stored") + number;
-    QTRY_VERIFY_WITH_TIMEOUT(count("stored") >= wanted, Timeout);
-}
-
-void WriterTest::waitForRefused(int number)
-{
-    const int wanted = count("refused") + number;
-    QTRY_VERIFY_WITH_TIMEOUT(count("refused") >= wanted, Timeout);
+    const int wanted = count(answer) + number;
+    QTRY_VERIFY_WITH_TIMEOUT(count(answer) >= wanted, Timeout);
 }
 
 void WriterTest::checkStored(const QString& what)

@@ -30,9 +30,9 @@ protected:
     void killWriters();
     /// Waits until they end by themselves.
     void finishWriters();
-    /// Waits until writers got so many more acknowledgements, or refusals.
-    void waitForAcknowledged(int number);
-    void waitForRefused(int number);
+    /// Waits until the running writers got so many more acknowledgements, or refusals for a reason.
+    void waitForAcknowledged(int number) { waitFor(number, QStringLiteral("\nstored ")); }
+    void waitForRefused(int number, const QString& reason) { waitFor(number, reason + QLatin1Char('\n')); }
 
     /// Whether everything that was acknowledged is stored, whole and once. Prints the figures.
     void checkStored(const QString& what);
@@ -50,7 +50,8 @@ protected:
     const QStringList& created() const { return m_created; }
 
 private:
-    int count(const QByteArray& answer);
+    void waitFor(int number, const QString& answer);
+    int count(const QString& answer);
     QString nextMark() { return QStringLiteral("t-%1").arg(++m_marks); }
 
     std::unique_ptr<SampleSession> m_session;
