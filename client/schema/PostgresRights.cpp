@@ -2,48 +2,47 @@
 
 namespace {
 
-// Each is asked once in a query, not for each row. The role that logged in counts, also if it has switched to another
-// one. Definers read rows that the role may not see, without which the policies of plans and accounts would need each
-// other.
+// The first two are asked once in a statement, not for each row. Their plans are made once in a session. The role that
+// logged in counts, also if it has switched to another one. Definers read rows that the role may not see, without which
+// the policies of plans and accounts would need each other.
 const char* const Functions = R"(
-CREATE FUNCTION own_name() RETURNS text LANGUAGE sql STABLE SECURITY DEFINER SET search_path = plandesk, pg_temp
+CREATE FUNCTION own_name() RETURNS text
+    LANGUAGE plpgsql STABLE SECURITY DEFINER SET search_path = plandesk, pg_temp AS $$
+BEGIN
     RETURN (SELECT name FROM users WHERE id = session_user::text);
-CREATE FUNCTION own_accounts() RETURNS text[] LANGUAGE sql STABLE SECURITY DEFINER SET search_path = plandesk, pg_temp
+END $$;
+CREATE FUNCTION own_accounts() RETURNS text[]
+    LANGUAGE plpgsql STABLE SECURITY DEFINER SET search_path = plandesk, pg_temp AS $$
+BEGIN
     RETURN ARRAY (SELECT trading_account::text FROM user_accounts AS u WHERE u.user = session_user::text);
-CREATE FUNCTION known_accounts() RETURNS text[] LANGUAGE sql STABLE SECURITY DEFINER SET search_path = plandesk, pg_temp
-    RETURN ARRAY (SELECT a.trading_account::text FROM accounts AS a
-        WHERE a.trading_account = ANY (own_accounts())
-        OR EXISTS (SELECT FROM plans AS p WHERE p.assignee = own_name() AND p.trading_account = a.trading_account)
-        OR EXISTS (SELECT FROM plans AS p WHERE p.executor = own_name() AND p.trading_account = a.trading_account));
-REVOKE EXECUTE ON FUNCTION own_name, own_accounts, known_accounts FROM PUBLIC;
-GRANT EXECUTE ON FUNCTION own_name, own_accounts, known_accounts TO plandesk_user;
+END $$;
+-- An own account, or one of a plan that is assigned to the user.
+CREATE FUNCTION knows_account(account text) RETURNS boolean
+    LANGUAGE plpgsql STABLE SECURITY DEFINER SET search_path = plandesk, pg_temp AS $$
+BEGIN
+    RETURN EXISTS (SELECT FROM user_accounts AS u WHERE u.user = session_user::text AND u.trading_account = account)
+        OR EXISTS (SELECT FROM plans AS p WHERE p.assignee = own_name() AND p.trading_account = account)
+        OR EXISTS (SELECT FROM plans AS p WHERE p.executor = own_name() AND p.trading_account = account);
+END $$;
+REVOKE EXECUTE ON FUNCTION own_name, own_accounts, knows_account FROM PUBLIC;
+GRANT EXECUTE ON FUNCTION own_name, own_accounts, knows_account TO plandesk_user;
 CREATE INDEX accounts_of_assignees ON plans (assignee, trading_account) WHERE assignee IS NOT NULL;
 CREATE INDEX accounts_of_executors ON plans (executor, trading_account) WHERE executor IS NOT NULL
 )";
 
-// A user knows the own accounts and those of plans that are assigned to the user.
+// The function is called for each row that a statement finds by its other conditions.
+const char* const KnownAccounts = R"(
+ALTER TABLE %1 ENABLE ROW LEVEL SECURITY;
+CREATE POLICY known ON %1 FOR SELECT USING (knows_account(trading_account))
+)";
+
 const char* const AccountPolicies = R"(
-ALTER TABLE accounts ENABLE ROW LEVEL SECURITY;
-CREATE POLICY known ON accounts FOR SELECT USING (trading_account = ANY ((SELECT known_accounts())::text[]));
 ALTER TABLE user_accounts ENABLE ROW LEVEL SECURITY;
-CREATE POLICY known ON user_accounts FOR SELECT USING (trading_account = ANY ((SELECT known_accounts())::text[]));
-ALTER TABLE exchange_accounts ENABLE ROW LEVEL SECURITY;
-CREATE POLICY known ON exchange_accounts FOR SELECT USING (trading_account = ANY ((SELECT known_accounts())::text[]));
-ALTER TABLE order_authorities ENABLE ROW LEVEL SECURITY;
-CREATE POLICY known ON order_authorities FOR SELECT USING (trading_account = ANY ((SELECT known_accounts())::text[]));
-ALTER TABLE rule_properties ENABLE ROW LEVEL SECURITY;
-CREATE POLICY known ON rule_properties FOR SELECT USING (trading_account = ANY ((SELECT known_accounts())::text[]));
-ALTER TABLE approval_chains ENABLE ROW LEVEL SECURITY;
-CREATE POLICY known ON approval_chains FOR SELECT USING (trading_account = ANY ((SELECT known_accounts())::text[]));
+CREATE POLICY known ON user_accounts FOR SELECT USING ("user" = session_user::text OR knows_account(trading_account));
 ALTER TABLE chain_users ENABLE ROW LEVEL SECURITY;
-CREATE POLICY known ON chain_users FOR SELECT USING (chain_key IN (SELECT c.chain_key FROM approval_chains AS c));
-ALTER TABLE positions ENABLE ROW LEVEL SECURITY;
-CREATE POLICY known ON positions FOR SELECT USING (trading_account = ANY ((SELECT known_accounts())::text[]));
-ALTER TABLE account_limits ENABLE ROW LEVEL SECURITY;
-CREATE POLICY known ON account_limits FOR SELECT
-    USING (trading_account = '' OR trading_account = ANY ((SELECT known_accounts())::text[]));
-ALTER TABLE limit_exceptions ENABLE ROW LEVEL SECURITY;
-CREATE POLICY known ON limit_exceptions FOR SELECT USING (trading_account = ANY ((SELECT known_accounts())::text[]));
+CREATE POLICY known ON chain_users FOR SELECT
+    USING (EXISTS (SELECT FROM approval_chains AS c WHERE c.chain_key = chain_users.chain_key));
+CREATE POLICY usual ON account_limits FOR SELECT USING (trading_account = '');
 ALTER TABLE signatures ENABLE ROW LEVEL SECURITY;
 CREATE POLICY known ON signatures FOR SELECT USING (client_no IN (SELECT a.client_no FROM accounts AS a));
 CREATE POLICY own ON signatures FOR INSERT WITH CHECK ("user" = session_user::text AND client_no IN
@@ -73,8 +72,8 @@ ALTER TABLE history ENABLE ROW LEVEL SECURITY;
 CREATE POLICY visible ON history FOR SELECT USING (CASE WHEN plan IS NULL THEN "user" = session_user::text
     ELSE EXISTS (SELECT FROM plans AS p WHERE p.number = plan) END);
 -- Being volatile, it sees a plan that the same statement has stored.
-CREATE FUNCTION is_visible_plan(plan_number bigint) RETURNS boolean LANGUAGE plpgsql SET search_path = plandesk, pg_temp
-    AS 'BEGIN RETURN EXISTS (SELECT FROM plans AS p WHERE p.number = plan_number); END';
+CREATE FUNCTION is_visible_plan(plan_number bigint) RETURNS boolean LANGUAGE plpgsql
+    AS 'BEGIN RETURN EXISTS (SELECT FROM plandesk.plans AS p WHERE p.number OPERATOR(pg_catalog.=) plan_number); END';
 REVOKE EXECUTE ON FUNCTION is_visible_plan FROM PUBLIC;
 GRANT EXECUTE ON FUNCTION is_visible_plan TO plandesk_user;
 CREATE POLICY own ON history FOR INSERT WITH CHECK ("user" = session_user::text
@@ -151,12 +150,20 @@ BEGIN
 END $$
 )";
 
+QString statementsOf(const char* text)
+{
+    return QString::fromLatin1(text).trimmed();
+}
+
 } // namespace
 
 QStringList PostgresRights::statements()
 {
-    QStringList all;
-    for (const char* const text : { Functions, AccountPolicies, PlanPolicies, Triggers, RightsHistory })
-        all << QString::fromLatin1(text).trimmed();
+    QStringList all{ statementsOf(Functions) };
+    for (const char* const table : { "accounts", "exchange_accounts", "order_authorities", "rule_properties",
+             "approval_chains", "positions", "account_limits", "limit_exceptions" })
+        all << statementsOf(KnownAccounts).arg(QLatin1String(table));
+    for (const char* const text : { AccountPolicies, PlanPolicies, Triggers, RightsHistory })
+        all << statementsOf(text);
     return all;
 }

@@ -7,15 +7,6 @@ QString textOf(ChainRole role)
     return role == ChainRole::Execute ? QStringLiteral("execute") : QStringLiteral("forward");
 }
 
-/// Whether a chain has a user by name in a role.
-QString isInChain(ChainRole role)
-{
-    return QStringLiteral("EXISTS (SELECT 1 FROM approval_chains AS c JOIN chain_users AS u"
-                          " ON u.chain_key = c.chain_key AND u.role = '%1'"
-                          " WHERE c.trading_account = ? AND c.instruction_type = ? AND u.user_name = ?)")
-        .arg(textOf(role));
-}
-
 } // namespace
 
 AuthorityStore::AuthorityStore(Database& database)
@@ -86,16 +77,18 @@ void AuthorityStore::addTo(ValueReader& reader, const OrderParties& of, OrderRig
                        " WHERE \"user\" = ? AND trading_account = ? AND instruction_type = ?)"),
         QStringLiteral("(SELECT property FROM rule_properties"
                        " WHERE \"user\" = ? AND trading_account = ? AND instruction_type = ?)"),
-        isInChain(ChainRole::Execute),
-        isInChain(ChainRole::Forward),
+        QStringLiteral("(SELECT sum(DISTINCT CASE role WHEN 'execute' THEN 1 ELSE 2 END) FROM chain_users WHERE"
+                       " chain_key = (SELECT chain_key FROM approval_chains"
+                       " WHERE trading_account = ? AND instruction_type = ?)"
+                       " AND (role = 'execute' AND user_name = ? OR role = 'forward' AND user_name = ?))"),
     };
     const QVariantList values{ of.user, of.tradingAccount, of.tradingAccount, of.exchange, of.user, of.tradingAccount,
         of.instructionType, of.user, of.tradingAccount, of.instructionType, of.tradingAccount, of.instructionType,
-        of.executor, of.tradingAccount, of.instructionType, of.assignee };
+        of.executor, of.assignee };
     reader.add(expressions, values, [&rights](const QSqlQuery& row, int column) {
         rights = { !row.isNull(column), row.value(column).toString(), row.value(column + 1).toString(),
-            row.value(column + 2).toBool(), row.value(column + 3).toInt(), row.value(column + 4).toBool(),
-            row.value(column + 5).toBool() };
+            row.value(column + 2).toBool(), row.value(column + 3).toInt(), (row.value(column + 4).toInt() & 1) != 0,
+            (row.value(column + 4).toInt() & 2) != 0 };
         return Status();
     });
 }
