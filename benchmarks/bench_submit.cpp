@@ -1,84 +1,17 @@
 // Measures the time from the press of OK until the plan is stored durably, compared with one bare flush of the same
 // amount of data to a file in the same folder, and counts the flushes of the log. Both are measured alternately.
-#include "AutoParamSetting.h"
 #include "BenchmarkClient.h"
 #include "ClientSession.h"
 #include "Counters.h"
-#include "Kelvo_Values.h"
-#include "OrloDecimalLineEdit.h"
-#include "PlanEvents.h"
-#include "SampleSession.h"
-#include "VorSearchBox.h"
+#include "SubmittedForm.h"
 
-#include <QAbstractButton>
-#include <QComboBox>
-#include <QDialog>
-#include <QElapsedTimer>
 #include <QFile>
-#include <QTest>
-#include <QTimer>
 
 #include <unistd.h>
 
 namespace {
 
 constexpr int PlansPerRun = 55;
-
-/// Records when the plan service has stored a plan, and closes the message box about it.
-class Acknowledgement : public QObject {
-public:
-    Acknowledgement()
-    {
-        connect(&PlanEvents::instance(), &PlanEvents::planStored, this, [this] { note(); });
-        qApp->installEventFilter(this);
-    }
-
-    void expect()
-    {
-        m_seconds = 0;
-        m_timer.start();
-    }
-
-    /// Returns the time from `expect` until the plan was stored; 0 if it was not.
-    double seconds() const { return m_seconds; }
-
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        auto* const box = qobject_cast<QDialog*>(watched);
-        if (box && event->type() == QEvent::Show)
-            QTimer::singleShot(0, box, &QDialog::accept);
-        return false;
-    }
-
-private:
-    void note() { m_seconds = static_cast<double>(m_timer.nsecsElapsed()) * 1e-9; }
-
-    QElapsedTimer m_timer;
-    double m_seconds = 0;
-};
-
-template <class Widget> Widget* field(const QWidget& editor, const char* name)
-{
-    return editor.findChild<Widget*>(QLatin1String(name));
-}
-
-/// The shortest time in which a trader can fill in a form. An idle disk is slower, so both measurements use the same
-/// pause.
-void rest()
-{
-    QTest::qWait(250);
-}
-
-void fill(AutoParamSetting& editor)
-{
-    editor.resetEnable();
-    QComboBox* const account = field<QComboBox>(editor, "combx_fundAccount");
-    account->setCurrentIndex(account->findData(QStringLiteral("100001")));
-    field<VorSearchBox>(editor, "le_symbol")
-        ->setSymbol(SampleSession::symbolOf(Kelvo_Values::MdcSubSecurityType::Ashares, Kelvo_Values::SymbolPost::sh));
-    field<OrloDecimalLineEdit>(editor, "le_targetTotalNum")->setValue(1000);
-    rest();
-}
 
 /// A file in the folder of the database that grows like its log.
 class BareFile {
@@ -93,7 +26,7 @@ public:
 
     double secondsToFlush(qint64 size)
     {
-        rest();
+        SubmittedForm::rest();
         m_file.write(QByteArray(static_cast<int>(size), 'x'));
         return secondsOf([this] { fdatasync(m_file.handle()); });
     }
@@ -104,9 +37,7 @@ private:
 
 void confirm(benchmark::State& state)
 {
-    AutoParamSetting editor(nullptr);
-    showPainted(editor);
-    Acknowledgement acknowledgement;
+    SubmittedForm form;
     BareFile bare;
     Timing timing(state);
     QVector<double> bareSeconds;
@@ -114,14 +45,13 @@ void confirm(benchmark::State& state)
     int logSyncs = 0;
     qint64 logSize = 0;
     for (auto _ : state) {
-        fill(editor);
+        form.fill();
         Syncs::start();
-        acknowledgement.expect();
-        field<QAbstractButton>(editor, "btn_ok")->click();
+        const double seconds = form.submit();
         const Syncs::Counts counts = Syncs::stop();
-        if (acknowledgement.seconds() == 0)
+        if (seconds == 0)
             state.SkipWithError("the plan was not stored");
-        timing.note(acknowledgement.seconds());
+        timing.note(seconds);
         mostLogSyncs = qMax(mostLogSyncs, counts.log);
         logSyncs += counts.log;
         bareSeconds << bare.secondsToFlush(qMax<qint64>(4096, counts.logSize - logSize));
