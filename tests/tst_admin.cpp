@@ -299,15 +299,16 @@ private Q_SLOTS:
     void aPasswordIsNotSentToTheServer()
     {
         FilledTeam team(m_administrator);
+        const QString password = own("Geheimnis");
         asSuperuser(QStringLiteral("ALTER ROLE %1 SET log_statement = 'all'").arg(quoted(m_administrator)));
         Administration administration;
         QCOMPARE(administration.open(team.location()), Status());
-        QVERIFY(UserAdministration(administration).addUser({ team.first, line("甲") }, { line("Geheimnis"), false }));
+        QVERIFY(UserAdministration(administration).addUser({ team.first, line("甲") }, { password, false }));
         const QString log = asSuperuser(line("SELECT pg_read_file(current_setting('data_directory') || '/../log')"));
         asSuperuser(QStringLiteral("ALTER ROLE %1 RESET log_statement").arg(quoted(m_administrator)));
         QVERIFY(log.contains(QStringLiteral("ALTER ROLE %1 PASSWORD").arg(team.first)));
-        QVERIFY(!log.contains(line("Geheimnis")));
-        QVERIFY(psql(team.stored.location(team.first), line("SELECT 1"), line("Geheimnis")) == line("1"));
+        QVERIFY(!log.contains(password));
+        QVERIFY(psql(team.stored.location(team.first), line("SELECT 1"), password) == line("1"));
     }
 
     void anAccountIsAddedAndChanged()
@@ -369,6 +370,7 @@ private Q_SLOTS:
         const Status unknown(Error::UnknownCode, { line("指令类型"), line("7") });
         QCOMPARE(team.users.grant(team.first, line("1"), { line("1"), line("7") }, false).status(), unknown);
         QCOMPARE(team.users.revoke(team.first, line("1"), { line("7") }).status(), unknown);
+        QCOMPARE(team.users.revoke(team.first, line("9"), {}).status(), Status(Error::UnknownAccount, { line("9") }));
         QCOMPARE(team.users.revoke(line("nobody"), line("1"), types).status(),
             Status(Error::UnknownUser, { line("nobody") }));
         QCOMPARE(team.users.revokeUser(line("nobody")).status(), Status(Error::UnknownUser, { line("nobody") }));

@@ -2,6 +2,7 @@
 #include "Backup.h"
 #include "ClientClock.h"
 #include "ClientSession.h"
+#include "ConfigurationStore.h"
 #include "FileMove.h"
 #include "InstructionIssuer.h"
 #include "LimitStore.h"
@@ -324,6 +325,7 @@ private Q_SLOTS:
         const QStringList moved = run();
         QVERIFY(moved.value(0).startsWith(line("已搬移并核对")));
         QVERIFY(moved.value(1).contains(line("正在读取文件")));
+        QVERIFY(moved.value(0).contains(line("clears\uFFFD[2J' 'the screen'")));
         QVERIFY(run().value(0).startsWith(line("内容已在服务器上")));
     }
 
@@ -335,7 +337,7 @@ private:
         options.marketSize = 200;
         QCOMPARE(session.open(m_file, Trader, {}, options), Status());
         const QMap<QString, QVariant> record = SampleSession::record();
-        for (const char* const remark : { "plain", "a\tb\\c\\N\nd\r\v\f\b", "'\"{}，😀" }) {
+        for (const char* const remark : { "plain", "a\tb\\c\n", "'\"{}，😀" }) {
             QMap<QString, QVariant> remarked = record;
             remarked.insert(line("remark"), line(remark));
             QVERIFY(session.plans().create(remarked, session.changeNow()));
@@ -344,6 +346,9 @@ private:
         QCOMPARE(InstructionIssuer::issueDay(SampleSession::today())->issued.size(), 3);
         Database& file = session.database();
         QCOMPARE(UserStore(file).add({ line("O'Brien"), line("欧 布") }), Status());
+        QCOMPARE(UserStore(file).add({ line("clears\x1b[2J"), line("the\nscreen") }), Status());
+        QCOMPARE(StaticTextStore(file).set(line("hostile"), line("text"), line("a\tb\\c\\N\nd\r\v\f\b\x1b'\"{}😀")),
+            Status());
         QCOMPARE(LimitStore(file).set(line("100001"), { 100000, std::nullopt, 7 }), Status());
         QCOMPARE(LimitStore(file).authorise({ line("100001"), { 500000, std::nullopt, std::nullopt }, line("trader02"),
                      QDateTime::currentDateTime(), SampleSession::today(), line("a reason") }),

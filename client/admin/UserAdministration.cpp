@@ -51,13 +51,17 @@ public:
     {
     }
 
-    Status assign()
+    /// Fails if the account is unknown.
+    Status check()
     {
         const Result<StoredAccount> known = m_accounts.account(m_account);
         if (!known)
             return known.status();
-        if (known->tradingAccount.isEmpty())
-            return { Error::UnknownAccount, { m_account } };
+        return known->tradingAccount.isEmpty() ? Status(Error::UnknownAccount, { m_account }) : Status();
+    }
+
+    Status assign()
+    {
         const Result<int> assigned = isAssigned();
         if (!assigned || *assigned != 0)
             return assigned.status();
@@ -275,7 +279,9 @@ Result<QStringList> UserAdministration::grant(
         if (Status status = checkUser(database, id); !status)
             return status;
         AccountRights rights(database, id, account, lines);
-        Status status = rights.assign();
+        Status status = rights.check();
+        if (status)
+            status = rights.assign();
         for (const QString& type : types) {
             if (status)
                 status = rights.grant(type, reviewed ? 1 : 0);
@@ -292,6 +298,8 @@ Result<QStringList> UserAdministration::revoke(const QString& id, const QString&
         if (Status status = checkUser(database, id); !status)
             return status;
         AccountRights rights(database, id, account, lines);
+        if (Status status = rights.check(); !status)
+            return status;
         return types.isEmpty() ? rights.unassign() : rights.revoke(types);
     });
 }

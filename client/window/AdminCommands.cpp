@@ -20,7 +20,12 @@ Result<QString> inLines(const Result<QStringList>& lines)
 {
     if (!lines)
         return lines.status();
-    return lines->isEmpty() ? QStringLiteral("已是如此，没有变化") : lines->join(QLatin1Char('\n'));
+    if (lines->isEmpty())
+        return QStringLiteral("已是如此，没有变化");
+    QStringList printed;
+    for (const QString& line : *lines)
+        printed << oneLine(line);
+    return printed.join(QLatin1Char('\n'));
 }
 
 /// A command in a database that is set up.
@@ -127,14 +132,17 @@ Result<QStringList> setLimits(Administration& administration, const Options& opt
     return AccountAdministration(administration).setLimits(options.arguments.at(0), *items);
 }
 
-Result<QStringList> list(Administration& administration, const Options& options)
+Result<QString> list(const Options& options)
 {
+    Administration administration;
+    if (Status status = administration.open(databaseOf(options)); !status)
+        return status;
     const Result<QJsonObject> report = RightsReport::json(administration);
     if (!report)
         return report.status();
     if (options.flags.contains(Flag::Json))
-        return QStringList{ QString::fromUtf8(QJsonDocument(*report).toJson()) };
-    return RightsReport::lines(*report);
+        return QString::fromUtf8(QJsonDocument(*report).toJson());
+    return inLines(RightsReport::lines(*report));
 }
 
 } // namespace
@@ -149,7 +157,7 @@ QMap<QString, CommandFunction> adminCommands()
         { QStringLiteral("admin revoke"), inDatabase(revoke) },
         { QStringLiteral("admin add-account"), inDatabase(addAccount) },
         { QStringLiteral("admin set-limits"), inDatabase(setLimits) },
-        { QStringLiteral("admin list"), inDatabase(list) },
+        { QStringLiteral("admin list"), list },
         { QStringLiteral("move-to"), moveTo },
     };
 }

@@ -84,7 +84,7 @@ int runCommand(const Options& options)
 {
     const Result<QString> report = commandNamed(options.command)(options);
     if (!report) {
-        printLine(stderr, QStringLiteral("plandesk: ") + errorText(report.status()));
+        printLine(stderr, QStringLiteral("plandesk: ") + oneLine(errorText(report.status())));
         return Failure;
     }
     printLine(stdout, *report);

@@ -7,5 +7,8 @@
 /// Exit statuses of the client's programs.
 enum ExitStatus { Success = 0, Failure = 1, Misuse = 2 };
 
+/// The text without control characters and line breaks, which could change the lines around it.
+QString oneLine(QString text);
+
 /// Prints one or more lines on the console.
 void printLine(FILE* stream, const QString& text);

@@ -1,5 +1,6 @@
 #include "HistoryTexts.h"
 
+#include "Console.h"
 #include "InstructionTargetType.h"
 #include "Orlo_Fields.h"
 #include "PlanChanges.h"
@@ -76,18 +77,6 @@ QString stateChange(const HistoryEntry& entry)
     return reason.isEmpty() ? change : QStringLiteral("%1（%2）").arg(change, reason);
 }
 
-// A line of the console must not change the lines around it.
-QString printable(QString text)
-{
-    for (QChar& c : text) {
-        if (c.category() == QChar::Other_Control && c != QLatin1Char('\n'))
-            c = QChar::ReplacementCharacter;
-        else if (c == QLatin1Char('\n'))
-            c = QLatin1Char(' ');
-    }
-    return text;
-}
-
 } // namespace
 
 QString HistoryTexts::timeText(const QDateTime& time)
@@ -116,8 +105,7 @@ QString HistoryTexts::event(const HistoryEntry& entry)
 
 QString HistoryTexts::line(const HistoryEntry& entry)
 {
-    return printable(
-        QStringLiteral("%1 %2（%3，%4）").arg(timeText(entry.time), event(entry), entry.user, entry.client));
+    return oneLine(QStringLiteral("%1 %2（%3，%4）").arg(timeText(entry.time), event(entry), entry.user, entry.client));
 }
 
 QJsonObject HistoryTexts::json(const HistoryEntry& entry)
