@@ -296,6 +296,22 @@ private Q_SLOTS:
         QCOMPARE(server.take(m_file).status(), Status());
     }
 
+    void movesAtOnceStoreTheContentsOnce()
+    {
+        Server server;
+        QProcess programs[2];
+        QStringList reports;
+        for (QProcess& program : programs)
+            program.start(
+                QStringLiteral(PLANDESK_PROGRAM), { line("move-to"), server.location(), line("--database"), m_file });
+        for (QProcess& program : programs) {
+            QVERIFY(program.waitForFinished(60000));
+            reports << QString::fromUtf8(program.readAllStandardOutput()).left(5);
+        }
+        reports.sort();
+        QCOMPARE(reports, QStringList({ line("内容已在服"), line("已搬移并核") }));
+    }
+
     void whatIsNoFileOrNoServerIsRefused()
     {
         Server server;

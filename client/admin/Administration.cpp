@@ -9,6 +9,8 @@
 namespace {
 
 constexpr int AdminLock = 0x504C4441; // "PLDA"
+// For another administrator, who may be moving a file, or for users, in milliseconds.
+constexpr int LongestWait = 60000;
 
 Status checkOwner(Database& database)
 {
@@ -66,7 +68,11 @@ Result<QStringList> Administration::run(const Work& work)
 {
     QStringList lines;
     Status status = m_database.transaction([&] {
-        Status locked = m_database.configure(QStringLiteral("SELECT pg_advisory_xact_lock(%1)").arg(AdminLock));
+        Status locked = m_database.configure(
+            QStringLiteral("SET LOCAL statement_timeout = 0; SET LOCAL idle_in_transaction_session_timeout = 0;"
+                           " SET LOCAL lock_timeout = %1; SELECT pg_advisory_xact_lock(%2)")
+                .arg(LongestWait)
+                .arg(AdminLock));
         return locked ? work(m_database, lines) : locked;
     });
     return status ? Result<QStringList>(lines) : status;

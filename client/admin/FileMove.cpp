@@ -95,23 +95,28 @@ Result<QStringList> FileMove::moveFrom(Database& file)
     if (!tables)
         return tables.status();
     m_tables = *tables;
-    const Result<int> written = countWritten();
-    if (!written)
-        return written.status();
-    if (*written > 0) {
-        Status status = compareAll(file, Error::OtherDataOnServer);
-        return status ? report(QStringLiteral("内容已在服务器上，没有变化，核对%1行").arg(m_rows)) : status;
-    }
-    const Result<QStringList> moved = m_administration.run([&](Database&, QStringList&) {
-        Status status = writeAll(file);
-        return status ? compareAll(file, Error::MovedRowsDiffer) : status;
-    });
+    QString done;
+    const Result<QStringList> moved = m_administration.run([&](Database&, QStringList&) { return move(file, done); });
     if (moved)
-        return report(QStringLiteral("已搬移并核对%1行").arg(m_rows));
+        return report(done.arg(m_rows));
     return m_server.commitFailed() ? Status(Error::MoveOutcomeUnknown, {}, moved.status()) : moved.status();
 }
 
-Result<int> FileMove::countWritten()
+Status FileMove::move(Database& file, QString& done)
+{
+    const Result<int> written = isWritten();
+    if (!written)
+        return written.status();
+    if (*written != 0) {
+        done = QStringLiteral("内容已在服务器上，没有变化，核对%1行");
+        return compareAll(file, Error::OtherDataOnServer);
+    }
+    done = QStringLiteral("已搬移并核对%1行");
+    Status status = writeAll(file);
+    return status ? compareAll(file, Error::MovedRowsDiffer) : status;
+}
+
+Result<int> FileMove::isWritten()
 {
     QStringList queries{ QStringLiteral("EXISTS (SELECT FROM rights_history)") };
     for (const MovedTable& table : qAsConst(m_tables)) {
@@ -126,10 +131,9 @@ Result<int> FileMove::countWritten()
 // The limits of an instruction held when it was issued. A server's database begins with the usual limits.
 Status FileMove::writeAll(Database& file)
 {
-    Status status = m_server.configure(
-        QStringLiteral("SET LOCAL statement_timeout = 0; SET LOCAL idle_in_transaction_session_timeout = 0;"
-                       " ALTER TABLE instructions DISABLE TRIGGER instructions_within_limits;"
-                       " DELETE FROM account_limits"));
+    Status status =
+        m_server.configure(QStringLiteral("ALTER TABLE instructions DISABLE TRIGGER instructions_within_limits;"
+                                          " DELETE FROM account_limits"));
     for (const MovedTable& table : qAsConst(m_tables)) {
         if (status)
             status = write(file, table);

@@ -23,8 +23,10 @@ private:
     Result<QStringList> moveFrom(Database& file);
     Result<QStringList> report(const QString& done);
     Status openCopy(const QString& file, Database& copy) const;
-    /// Whether an administrator or a move has never written to the database.
-    Result<int> countWritten();
+    /// Moves or only compares the rows; `done` says which, with a place for their number.
+    Status move(Database& file, QString& done);
+    /// 1 if anything was written to the database since it was set up, otherwise 0.
+    Result<int> isWritten();
     Status writeAll(Database& file);
     Status write(Database& file, const MovedTable& table);
     Status continueNumbers(Database& file, const QString& table, const QString& column);
