@@ -461,6 +461,7 @@ private Q_SLOTS:
         std::atomic<int> failures{ 0 };
         std::atomic<int> changes{ 0 };
         std::vector<std::unique_ptr<QThread>> threads;
+        threads.reserve(Administrators);
         for (int i = 0; i < Administrators; ++i) {
             threads.emplace_back(QThread::create([&] {
                 Administration administration;

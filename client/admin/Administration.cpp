@@ -29,10 +29,8 @@ Result<QStringList> Administration::initialise(const QString& location)
         return Error::AdminNeedsServer;
     Database database;
     const Status present = database.open(location);
-    if (present)
-        return QStringList();
     if (present.cause().error() != Error::ServerNotSetUp)
-        return present;
+        return present ? Result<QStringList>(QStringList()) : present;
     if (Status status = database.setUp(location); !status)
         return status;
     return QStringList{ QStringLiteral("已建立表、角色和权限") };
@@ -44,11 +42,9 @@ Result<QStringList> Administration::migrate(const QString& location)
         return Error::AdminNeedsServer;
     Database database;
     const Status present = database.open(location);
-    if (present)
-        return QStringList();
     const Status cause = present.cause();
     if (cause.error() != Error::OlderDatabase)
-        return present;
+        return present ? Result<QStringList>(QStringList()) : present;
     if (Status status = database.setUp(location); !status)
         return status;
     return QStringList{
