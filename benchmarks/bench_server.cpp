@@ -2,6 +2,7 @@
 // the plan table, a change by another client until it is painted, and plans that many clients store at once.
 #include "BenchmarkClient.h"
 #include "ClientSession.h"
+#include "ErrorText.h"
 #include "MainWindow.h"
 #include "SampleSession.h"
 #include "SubmittedForm.h"
@@ -183,28 +184,29 @@ void changeOfAnother(benchmark::State& state)
 }
 
 /// Creates and edits plans on a connection of its own.
-void writePlans(const QString& location, QSemaphore& start)
+void writePlans(const QString& location, const PlanStore::Record& record, QSemaphore& start)
 {
     Database database;
     if (!database.open(location))
         qFatal("the database could not be opened");
     PlanStore plans(database);
     const Change change{ QStringLiteral("trader01"), QDateTime::currentDateTime() };
-    const PlanStore::Record record = SampleSession::record();
     start.acquire();
     for (int i = 0; i < PlansPerClient; ++i) {
         const Result<QString> id = plans.create(record, change);
-        if (!id || !plans.modify(*id, 1, record, change))
-            qFatal("a plan could not be stored");
+        const Status status = id ? plans.modify(*id, 1, record, change) : id.status();
+        if (!status)
+            qFatal("%s", qPrintable(errorText(status)));
     }
 }
 
 double plansPerSecond(const ServerSession& session, int clients)
 {
+    const PlanStore::Record record = SampleSession::record();
     QSemaphore start;
     std::vector<std::unique_ptr<QThread>> threads;
     for (int i = 0; i < clients; ++i) {
-        threads.emplace_back(QThread::create([&] { writePlans(session.user(), start); }));
+        threads.emplace_back(QThread::create([&] { writePlans(session.user(), record, start); }));
         threads.back()->start();
     }
     SubmittedForm::rest();

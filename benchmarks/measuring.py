@@ -10,10 +10,14 @@ ACCOUNTS = [1, 100, 10_000]
 PLANS = [1, 1_000, 10_000, 100_000]
 INSTRUCTIONS = [100, 1_000, 10_000]
 ISSUED_PLANS = 100_000
+SERVER_PLANS = [1_000, 1_000_000]
 STARTED_PLANS = [1_000, 1_000_000]
 CONFIRM_RUNS = 5
 # Version of the generated data; increment it when the output of make_data changes.
 DATA_VERSION = 4
+
+
+ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 
 
 class Programs:
@@ -45,13 +49,20 @@ class Programs:
 
     def run(self, program, database, user="trader01", seconds=0.2, only="."):
         """Runs a program. Returns a dictionary with the output of each benchmark by name."""
-        command = [os.path.join(self.bin, program), f"--database={database}", f"--user={user}",
-                   f"--benchmark_min_time={seconds}", f"--benchmark_filter={only}", "--benchmark_format=json",
-                   "--benchmark_enable_random_interleaving=true"]
-        printed = json.loads(self._call(command))["benchmarks"]
+        return self._run([os.path.join(self.bin, program), f"--database={database}", f"--user={user}",
+                          f"--benchmark_min_time={seconds}", f"--benchmark_filter={only}",
+                          "--benchmark_enable_random_interleaving=true"])
+
+    def run_on_server(self):
+        """Runs the program that measures on the server of scripts/team-server. Returns the same."""
+        return self._run([os.path.join(ROOT, "scripts", "team-server"), "run", os.path.join(self.bin, "bench_server"),
+                          "--benchmark_min_time=0.2"])
+
+    def _run(self, command):
+        printed = json.loads(self._call([*command, "--benchmark_format=json"]))["benchmarks"]
         failed = [one for one in printed if one.get("error_occurred")]
         if failed:
-            raise SystemExit(f"{program}, {failed[0]['name']}: {failed[0]['error_message']}")
+            raise SystemExit(f"{failed[0]['name']}: {failed[0]['error_message']}")
         names = [one["name"].split("/manual_time")[0].split("/iterations")[0] for one in printed]
         return dict(zip(names, printed))
 
@@ -175,10 +186,21 @@ def _start_and_end(programs, least, plans):
         least.note(("start and end", plans), programs.start_and_end(copy))
 
 
+def _server(programs, server):
+    printed = programs.run_on_server()
+    for name, figure in (("confirmOnServer", "server_confirm_ratio"), ("changeOfAnother", "server_notice_ratio")):
+        server[figure].append(printed[name]["median_ms"] / printed[name]["bare_median_ms"])
+    few, many = (printed[f"firstPage/{plans}"]["least_ms"] for plans in SERVER_PLANS)
+    server["server_page_ratio"].append(many / few)
+    server["server_clients_ratio"].append(printed["manyClients"]["many"] / printed["manyClients"]["one"])
+
+
 def measure(programs, rounds, log):
     """Measures everything in the given number of rounds. Returns the figures by name and the growth for the diagrams."""
     least, ratios, syncs, reads, editors = Least(), [], [], [], []
     issue, again = [], []
+    server = {name: [] for name in
+              ("server_confirm_ratio", "server_notice_ratio", "server_page_ratio", "server_clients_ratio")}
     for number in range(rounds):
         log(f"round {number + 1} of {rounds}")
         for securities in SECURITIES:
@@ -203,6 +225,8 @@ def measure(programs, rounds, log):
         for plans in STARTED_PLANS:
             log(f"  start with {plans:,} plans")
             _start_and_end(programs, least, plans)
+        log("  the server")
+        _server(programs, server)
     log("  OK")
     for _ in range(CONFIRM_RUNS):
         _confirm(programs, ratios, syncs)
@@ -212,6 +236,7 @@ def measure(programs, rounds, log):
     figures = _figures(least, ratios, syncs, reads, editors)
     figures["issue_ratio"] = median(issue)
     figures["issue_again_ratio"] = median(again)
+    figures.update({name: median(ratios) for name, ratios in server.items()})
     return figures, _growth(least)
 
 

@@ -556,6 +556,32 @@ private Q_SLOTS:
         QCOMPARE(*plans().record(window().currentPlan()), *plans().record(id));
     }
 
+    void manyPlansAreCountedBesideTheWindow()
+    {
+        constexpr int Many = 2500;
+        QStringList ids;
+        QCOMPARE(ClientSession::instance().database().transaction([&ids] {
+            for (int i = 0; i < Many; ++i)
+                ids << *plans().create(SampleSession::record(), ClientSession::instance().changeNow());
+            return Status();
+        }),
+            Status());
+        PlanTableModel model;
+        QCOMPARE(model.refresh(), Status());
+        QVERIFY(model.isCounting());
+        QCOMPARE(model.planCount(), 1000);
+        QTRY_COMPARE(model.planCount(), Many);
+        QVERIFY(!model.isCounting());
+        openWindow();
+        QTRY_COMPARE(window().statusBar()->currentMessage(), QStringLiteral("共2500个计划"));
+        window().selectPlan(ids.constFirst());
+        QCOMPARE(window().currentPlan(), ids.constFirst());
+        QCOMPARE(field<QTableView>(window(), "planTable")->model()->rowCount(), Many);
+        QVERIFY(press(&window(), Qt::Key_F5));
+        QCOMPARE(window().statusBar()->currentMessage(), QStringLiteral("共2500个计划"));
+        QCOMPARE(window().currentPlan(), ids.constFirst());
+    }
+
     void aReadThatFailsIsShownAndKeepsTheRows()
     {
         openWindow();

@@ -221,6 +221,14 @@
         <translation>%1 plans</translation>
     </message>
     <message>
+        <source>%1，上方有%2个新计划</source>
+        <translation>%1, %2 new ones above</translation>
+    </message>
+    <message>
+        <source>共%1个以上计划</source>
+        <translation>%1 plans or more</translation>
+    </message>
+    <message>
         <source>计划列表</source>
         <translation>List of plans</translation>
     </message>

@@ -15,7 +15,8 @@ const SqlDialect& SqlDialect::sqlite()
 }
 
 // What a transaction has locked stays as it is, and each of its statements reads what was committed before it. Equal
-// snapshots see the same transactions.
+// snapshots see the same transactions. The newest plans of an account are sorted so that only the index of accounts has
+// them in that order: the planner would look for those of an account with few plans among all plans.
 const SqlDialect& SqlDialect::postgres()
 {
     static const SqlDialect dialect{
@@ -24,8 +25,9 @@ const SqlDialect& SqlDialect::postgres()
         true,
         QStringLiteral("SELECT CAST(pg_current_snapshot() AS text)"),
         QStringLiteral("SELECT p.number FROM (SELECT trading_account FROM user_accounts AS o WHERE o.user = ?) AS u"
-                       " CROSS JOIN LATERAL (SELECT number FROM plans WHERE trading_account = u.trading_account"
-                       " ORDER BY number DESC LIMIT ?) AS p"),
+                       " CROSS JOIN LATERAL (SELECT number FROM plans"
+                       " WHERE trading_account BETWEEN u.trading_account AND u.trading_account"
+                       " ORDER BY trading_account DESC, number DESC LIMIT ?) AS p"),
     };
     return dialect;
 }

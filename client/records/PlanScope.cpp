@@ -53,14 +53,15 @@ SqlQuery PlanScope::page(int offset, int limit, const SqlDialect& dialect) const
 }
 
 // The plus sign keeps SQLite from reading every plan above the number instead of the user's.
-SqlQuery PlanScope::countAbove(qint64 number) const
+SqlQuery PlanScope::countAbove(qint64 number, int most) const
 {
     if (m_isEvery)
-        return { QStringLiteral("SELECT count(*) FROM plans WHERE number > ?"), { number } };
-    return { QStringLiteral("SELECT (SELECT count(*) FROM user_accounts AS u CROSS JOIN plans AS p"
-                            " WHERE p.trading_account = u.trading_account AND u.user = ? AND p.number > ?)"
-                            " + (SELECT count(*) FROM plans WHERE (assignee = ? OR executor = ?)"
-                            " AND +number > ? AND NOT %1)")
+        return { QStringLiteral("SELECT count(*) FROM (SELECT 1 FROM plans WHERE number > ? LIMIT ?) AS every"),
+            { number, most } };
+    return { QStringLiteral("SELECT (SELECT count(*) FROM (SELECT 1 FROM user_accounts AS u CROSS JOIN plans AS p"
+                            " WHERE p.trading_account = u.trading_account AND u.user = ? AND p.number > ? LIMIT ?)"
+                            " AS own) + (SELECT count(*) FROM (SELECT 1 FROM plans WHERE"
+                            " (assignee = ? OR executor = ?) AND +number > ? AND NOT %1 LIMIT ?) AS assigned)")
                  .arg(OfOwnAccount),
-        { m_userId, number, m_userName, m_userName, number, m_userId } };
+        { m_userId, number, most, m_userName, m_userName, number, m_userId, most } };
 }

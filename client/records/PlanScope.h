@@ -21,8 +21,8 @@ public:
     SqlQuery condition() const;
     /// The numbers of a page of plans, newest first. Its cost does not depend on the number of plans.
     SqlQuery page(int offset, int limit, const SqlDialect& dialect) const;
-    /// How many plans have a larger number.
-    SqlQuery countAbove(qint64 number) const;
+    /// How many plans have a larger number. Stops counting the user's plans and the assigned ones at `most` each.
+    SqlQuery countAbove(qint64 number, int most) const;
 
 private:
     bool m_isEvery = true;

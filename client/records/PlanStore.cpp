@@ -138,9 +138,9 @@ Result<QVector<StoredPlan>> PlanStore::page(int offset, int limit)
     return read({ QStringLiteral("number IN (%1)").arg(page.text), page.values });
 }
 
-Result<int> PlanStore::count()
+Result<int> PlanStore::count(int most)
 {
-    return countAbove(0);
+    return countAbove(0, most);
 }
 
 Result<int> PlanStore::version(const QString& planId)
@@ -205,9 +205,9 @@ Result<QVector<StoredPlan>> PlanStore::read(const SqlQuery& condition, bool lock
     return readable ? Result<QVector<StoredPlan>>(plans) : readable;
 }
 
-Result<int> PlanStore::countAbove(qint64 number)
+Result<int> PlanStore::countAbove(qint64 number, int most)
 {
-    const SqlQuery query = m_scope.countAbove(number);
+    const SqlQuery query = m_scope.countAbove(number, most);
     const auto found = m_database.value(query.text, query.values);
     return found ? Result<int>(found->toInt()) : found.status();
 }

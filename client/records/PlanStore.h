@@ -9,6 +9,8 @@
 #include <QStringList>
 #include <QVector>
 
+#include <limits>
+
 /// Ids of plans of a day.
 struct DayPlans {
     /// Those that have an instruction of the day.
@@ -44,7 +46,8 @@ public:
     Result<QVector<StoredPlan>> plans(const QStringList& planIds);
     /// One page of plans, newest first; empty after the last one.
     Result<QVector<StoredPlan>> page(int offset, int limit);
-    Result<int> count();
+    /// The number of plans. From `most` on it may be too small.
+    Result<int> count(int most = std::numeric_limits<int>::max());
     /// 0 if the id is unknown.
     Result<int> version(const QString& planId);
     /// Number of plans newer than this one; -1 if the id is unknown.
@@ -59,7 +62,7 @@ private:
     SqlQuery isPlan(qint64 number) const;
     Result<StoredPlan> planOfVersion(const QString& planId, int version);
     Status update(const StoredPlan& plan, const SqlQuery& assignment, const HistoryEntry& entry, const Change& change);
-    Result<int> countAbove(qint64 number);
+    Result<int> countAbove(qint64 number, int most = std::numeric_limits<int>::max());
 
     Database& m_database;
     const PlanScope m_scope;

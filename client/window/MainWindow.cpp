@@ -64,6 +64,7 @@ MainWindow::MainWindow(QWidget* parent)
     connect(&PlanEvents::instance(), &PlanEvents::readFailed, this, &MainWindow::showFailure);
     connect(&PlanEvents::instance(), &PlanEvents::plansChanged, &m_changes, &NoticeMerger::notice);
     connect(m_table, &PlanTable::currentPlanChanged, this, &MainWindow::showCurrent);
+    connect(m_table, &PlanTable::counted, this, [this] { statusBar()->showMessage(countText()); });
     connect(m_table, &QTableView::doubleClicked, this, &MainWindow::openEdit);
     // Before the plans are read, so that no change is missed.
     ClientSession::instance().watch();
@@ -224,7 +225,8 @@ Status MainWindow::readTable()
 
 QString MainWindow::countText() const
 {
-    const QString count = tr("共%1个计划").arg(m_table->planCount());
+    const int plans = m_table->planCount();
+    const QString count = m_table->isCounting() ? tr("共%1个以上计划").arg(plans) : tr("共%1个计划").arg(plans);
     const int above = m_table->newAbove();
     return above == 0 ? count : tr("%1，上方有%2个新计划").arg(count, QString::number(above));
 }

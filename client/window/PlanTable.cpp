@@ -37,6 +37,7 @@ PlanTable::PlanTable(QWidget* parent)
         QStringLiteral("trader01 0000-00-00 00:00") };
     for (int column = 0; column < samples.size(); ++column)
         setColumnWidth(column, fontMetrics().horizontalAdvance(samples.at(column)) + CellMargin);
+    connect(m_plans, &PlanTableModel::counted, this, &PlanTable::counted);
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this,
         [this](int hidden) { m_newAbove = qMin(m_newAbove, hidden); });
 }
@@ -51,6 +52,8 @@ Status PlanTable::refresh()
     const QString anchored = m_plans->plan(anchor).id;
     if (Status status = m_plans->refresh(); !status)
         return status;
+    if (anchored.isEmpty())
+        return {};
     // Usually all new plans are the first ones.
     const int row = m_plans->reveal(anchored, anchor + planCount() - count);
     const int shift = row < 0 ? 0 : row - anchor;

@@ -16,6 +16,8 @@ public:
     Status refresh();
     /// The number of stored plans.
     int planCount() const { return m_plans->planCount(); }
+    /// Whether there may be more plans, which are being counted.
+    bool isCounting() const { return m_plans->isCounting(); }
     /// How many plans have appeared above the visible rows since those were visible.
     int newAbove() const { return m_newAbove; }
 
@@ -26,6 +28,8 @@ public:
 
 Q_SIGNALS:
     void currentPlanChanged();
+    /// All plans have been counted.
+    void counted();
 
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;

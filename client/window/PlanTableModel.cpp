@@ -5,11 +5,17 @@
 #include "PlanFormatter.h"
 #include "ReadReport.h"
 
+#include <chrono>
+
 namespace {
 
 constexpr int PageSize = 50;
 constexpr int KeptPages = 8;
 constexpr int FirstRows = 200;
+// Counting more takes longer than reading a page.
+constexpr int CountedAtOnce = 1000;
+// The first page is painted before all plans are counted.
+constexpr std::chrono::milliseconds UntilPainted(200);
 
 } // namespace
 
@@ -17,6 +23,9 @@ PlanTableModel::PlanTableModel(QObject* parent)
     : QAbstractTableModel(parent)
     , m_pages(KeptPages)
 {
+    m_untilPainted.setSingleShot(true);
+    m_untilPainted.setInterval(UntilPainted);
+    connect(&m_untilPainted, &QTimer::timeout, this, &PlanTableModel::countAll);
 }
 
 Status PlanTableModel::refresh()
@@ -24,15 +33,33 @@ Status PlanTableModel::refresh()
     ClientSession& session = ClientSession::instance();
     if (Status status = session.database().checkFile(); !status)
         return status;
-    const Result<int> count = session.isOpen() ? session.plans().count() : Result<int>(0);
+    const int most = qMax(CountedAtOnce, m_rows + 1);
+    const Result<int> count = session.isOpen() ? session.plans().count(most) : Result<int>(0);
     if (!count)
         return count.status();
+    m_isCounting = *count >= most;
     beginResetModel();
     m_pages.clear();
-    m_count = *count;
+    // No plan is ever deleted.
+    m_count = m_isCounting ? qMax(*count, m_count) : *count;
     m_rows = qMin(m_count, qMax(m_rows, FirstRows));
     endResetModel();
+    if (m_isCounting && !m_untilPainted.isActive())
+        m_untilPainted.start();
     return {};
+}
+
+void PlanTableModel::countAll()
+{
+    if (!m_counter) {
+        m_counter = std::make_unique<PlanCounter>();
+        connect(m_counter.get(), &PlanCounter::counted, this, [this](int plans) {
+            m_count = qMax(plans, m_rows);
+            m_isCounting = false;
+            Q_EMIT counted();
+        });
+    }
+    m_counter->count();
 }
 
 StoredPlan PlanTableModel::plan(int row) const
