@@ -14,6 +14,8 @@ QString noteOfFullDisk()
 
 void runScript(const QStringList& arguments)
 {
+    if (!qEnvironmentVariableIsSet("TEAM_SERVER"))
+        qFatal("TEAM_SERVER must name the folder of a server that may be killed, as in scripts/faults");
     QProcess script;
     // Tests may run in a locale that the system does not have.
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();

@@ -4,6 +4,7 @@
 #include "AutoPlanLogic.h"
 #include "ClientSession.h"
 #include "Database.h"
+#include "PlanEvents.h"
 #include "PlanStore.h"
 #include "TestStatus.h"
 
@@ -130,12 +131,14 @@ QString WriterTest::create()
 {
     const QString mark = nextMark();
     m_ledger.attempt(mark);
-    const QString id = m_session->create(PlanLedger::recordOf(m_base, mark));
-    if (id.isEmpty())
-        return m_session->reason();
-    m_ledger.acknowledge(id, 1, mark);
-    m_created << id;
-    return QString();
+    // The connection may be lost after the plan was stored.
+    const QObject context;
+    const auto take = [this](const QString& id) { m_created << id; };
+    QObject::connect(&PlanEvents::instance(), &PlanEvents::planStored, &context, take);
+    const QString reason = AutoPlanLogic::instance().CreateNewPlan(PlanLedger::recordOf(m_base, mark));
+    if (reason.isEmpty())
+        m_ledger.acknowledge(m_created.constLast(), 1, mark);
+    return reason;
 }
 
 QString WriterTest::modify(const QString& planId, int version)

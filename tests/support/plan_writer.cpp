@@ -18,6 +18,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -174,6 +175,8 @@ int writePlans(const QString& name, int count, const QString& shared)
 /// NAME COUNT limit=BYTES
 int main(int argc, char** argv)
 {
+    // A test that crashes does not end its writers.
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() < 3)
