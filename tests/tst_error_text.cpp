@@ -50,6 +50,9 @@ void addServerRows()
     addRow("没有安装Qt的PostgreSQL驱动（QPSQL），无法连接数据库服务器", Error::NoServerDriver);
     addRow("无法连接数据库服务器（refused）", { Error::NoConnection, { QStringLiteral("refused") } });
     addRow("与数据库服务器的连接已断开", Error::ConnectionLost);
+    addRow("内容正在被其他人修改，请稍后再试", Error::LockedByOthers);
+    addRow("数据库服务器未能及时完成操作，请稍后再试", Error::ServerTooSlow);
+    addRow("相同的内容已经保存", Error::AlreadyStored);
     addRow("该数据库尚未初始化，请由管理员运行plandesk admin init", Error::ServerNotSetUp);
     addRow("数据库版本1低于本程序要求的版本2，请由管理员运行plandesk admin migrate",
         { Error::OlderDatabase, { QStringLiteral("1"), QStringLiteral("2") } });

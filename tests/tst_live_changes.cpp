@@ -1,6 +1,7 @@
 // What others change while the client's window is open.
 #include "AutoPlanField.h"
 #include "ClientWindowTest.h"
+#include "ConflictDialog.h"
 #include "Kelvo_Fields.h"
 #include "NoticeMerger.h"
 #include "PlanDetails.h"
@@ -10,9 +11,12 @@
 
 #include <QElapsedTimer>
 #include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QStatusBar>
+#include <QTableWidget>
 #include <QWindow>
 #include <QtTest>
 
@@ -207,6 +211,70 @@ private Q_SLOTS:
         QVERIFY2(refreshes.count() <= 2 + passed.elapsed() / 200, qPrintable(QString::number(refreshes.count())));
     }
 
+    void anOpenFormSaysThatItsPlanWasChanged()
+    {
+        const QString plan = createSamples(1).constFirst();
+        openWindow();
+        pressForEditor(Qt::Key_E);
+        dialogDriver().type("le_targetTotalNum", QStringLiteral("3000"));
+        QVERIFY(!notice()->isVisible());
+        changeAsColleague(plan);
+        QTRY_VERIFY_WITH_TIMEOUT(notice()->isVisible(), Patience);
+        QCOMPARE(notice()->findChild<QLabel*>()->text(),
+            QStringLiteral("您正在修改第1版，方汀已于2024-05-06 18:30:00保存了第2版。"));
+        QCOMPARE(totalOfForm(), QStringLiteral("3000"));
+        QCOMPARE(PlanStore(colleague()).setState(plan, 2, PlanState::Paused, {}, { Colleague, ChangeTime }), Status());
+        QTRY_VERIFY_WITH_TIMEOUT(
+            notice()->findChild<QLabel*>()->text().endsWith(QStringLiteral("保存了第3版。")), Patience);
+        QVERIFY(dialog().isVisible());
+    }
+
+    void theFormIsKeptOnTopOfTheChangeThatWasShown()
+    {
+        const QString plan = openEditAndChange();
+        QTest::mouseClick(field<QPushButton>(*notice(), "btnShowChange"), Qt::LeftButton);
+        const auto* const shown = field<QTableWidget>(*conflict(), "conflictFields");
+        QCOMPARE(shown->rowCount(), 1);
+        QCOMPARE(shown->item(0, 1)->text(), QStringLiteral("1,000 股"));
+        QCOMPARE(shown->item(0, 2)->text(), QStringLiteral("2,000 股"));
+        QVERIFY(shown->isColumnHidden(3));
+        QTest::mouseClick(field<QPushButton>(*conflict(), "btnKeep"), Qt::LeftButton);
+        QVERIFY(!notice()->isVisible());
+        QCOMPARE(totalOfForm(), QStringLiteral("3000"));
+        QCOMPARE(send(), QStringLiteral("交易计划%1修改成功!").arg(plan));
+        QCOMPARE(plans().plan(plan)->version, 3);
+        QCOMPARE(plans().plan(plan)->record.value(BaseField::totalQty).toString(), QStringLiteral("3000"));
+    }
+
+    void theChangeIsReadIntoTheForm()
+    {
+        openEditAndChange();
+        QTest::mouseClick(field<QPushButton>(*notice(), "btnShowChange"), Qt::LeftButton);
+        QTest::mouseClick(field<QPushButton>(*conflict(), "btnReload"), Qt::LeftButton);
+        QVERIFY(!notice()->isVisible());
+        QCOMPARE(totalOfForm(), QStringLiteral("2000"));
+    }
+
+    void aNoticeEndsWithItsForm()
+    {
+        openEditAndChange();
+        dialog().leave();
+        pressForEditor(Qt::Key_N);
+        QVERIFY(!notice()->isVisible());
+    }
+
+    void changesOfOtherPlansAreNotOfTheForm()
+    {
+        const QStringList plans = createSamples(2);
+        openWindow();
+        window().selectPlan(plans.constFirst());
+        pressForEditor(Qt::Key_E);
+        changeAsColleague(plans.at(1));
+        QTRY_COMPARE_WITH_TIMEOUT(targetOf(1), QStringLiteral("2,000 股"), Patience);
+        QCoreApplication::processEvents();
+        QVERIFY(!notice()->isVisible());
+    }
+
     void theFirstNoticeActsAtOnceAndTheLastIsNotLost()
     {
         int actions = 0;
@@ -253,6 +321,26 @@ private:
         for (const QLabel* const label : window().findChild<PlanDetails*>()->findChildren<QLabel*>())
             texts << label->text();
         return texts;
+    }
+
+    QWidget* notice() const { return field<QWidget>(dialog(), "changeNotice"); }
+    ConflictDialog* conflict() const { return dialog().findChild<ConflictDialog*>(); }
+    QString totalOfForm() const
+    {
+        return field<QWidget>(*dialogEditor(), "le_targetTotalNum")->findChild<QLineEdit*>()->text();
+    }
+
+    /// Opens a plan of 1,000 shares, types 3,000 and lets the colleague make it 2,000.
+    QString openEditAndChange()
+    {
+        const QString plan = createSamples(1).constFirst();
+        openWindow();
+        pressForEditor(Qt::Key_E);
+        dialogDriver().type("le_targetTotalNum", QStringLiteral("3000"));
+        changeAsColleague(plan);
+        const auto shown = [this] { QTRY_VERIFY_WITH_TIMEOUT(notice()->isVisible(), Patience); };
+        shown();
+        return plan;
     }
 
     Database& colleague()

@@ -258,7 +258,7 @@ private Q_SLOTS:
                 return changed;
             waiting.start();
             const Status busy = PlanStore(other).modify(id, 1, sampleRecord(), AtNoon);
-            return busy == Status(Error::DatabaseBusy) ? Status() : Status(Error::OutcomeUnknown);
+            return busy == Status(Error::LockedByOthers) ? Status() : Status(Error::OutcomeUnknown);
         });
         QCOMPARE(status, Status());
         QVERIFY2(waiting.elapsed() < FiveSeconds, qPrintable(QString::number(waiting.elapsed())));

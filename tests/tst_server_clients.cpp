@@ -19,7 +19,7 @@ constexpr int Writers = 8;
 /// The other client has changed the common plan since this one read it, or has locked it for too long.
 QStringList conflicts()
 {
-    return { QStringLiteral("本次修改未保存，请核对后重新提交"), errorText(Error::DatabaseBusy) };
+    return { QStringLiteral("本次修改未保存，请核对后重新提交"), errorText(Error::LockedByOthers) };
 }
 
 } // namespace
@@ -108,7 +108,7 @@ private Q_SLOTS:
                 return locked;
             waiting.start();
             const QString reason = modify(plan, 2);
-            return reason == errorText(Error::DatabaseBusy) ? Status() : Error::OutcomeUnknown;
+            return reason == errorText(Error::LockedByOthers) ? Status() : Error::OutcomeUnknown;
         });
         QCOMPARE(status, Status());
         QVERIFY2(waiting.elapsed() < 5000, qPrintable(QString::number(waiting.elapsed())));
@@ -130,7 +130,7 @@ private Q_SLOTS:
                 if (answer.startsWith("issued "))
                     issued += answer.mid(7).toInt();
                 else
-                    QVERIFY2(++refused && answer.endsWith(errorText(Error::DatabaseBusy).toUtf8()), answer.constData());
+                    QVERIFY2(++refused && answer.endsWith(errorText(Error::LockedByOthers).toUtf8()), answer.constData());
             }
             checkIssued(day);
         }

@@ -17,7 +17,7 @@ const QString LogFiles = QStringLiteral("/pg_wal/");
 QStringList lossReasons()
 {
     return { errorText(Error::ConnectionLost), errorText({ Error::OutcomeUnknown, {}, Error::ConnectionLost }),
-        QStringLiteral("本次修改未保存，请核对后重新提交"), errorText(Error::DatabaseBusy) };
+        QStringLiteral("本次修改未保存，请核对后重新提交"), errorText(Error::LockedByOthers) };
 }
 
 } // namespace

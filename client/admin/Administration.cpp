@@ -56,6 +56,7 @@ Status Administration::open(const QString& location)
 {
     if (!ServerLocation::isServer(location))
         return Error::AdminNeedsServer;
+    m_database.setPatient();
     Status status = m_database.open(location);
     return status ? checkOwner(m_database) : status;
 }

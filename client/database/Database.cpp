@@ -29,6 +29,22 @@ void bind(QSqlQuery& query, const QVariantList& values)
     }
 }
 
+/// While it exists, the engine limits how long a statement may take.
+class LimitedStatement {
+public:
+    LimitedStatement(DatabaseEngine& engine, qint64 spent)
+        : m_engine(engine)
+    {
+        m_engine.beginStatement(spent);
+    }
+    ~LimitedStatement() { m_engine.endStatement(); }
+    LimitedStatement(const LimitedStatement&) = delete;
+    LimitedStatement& operator=(const LimitedStatement&) = delete;
+
+private:
+    DatabaseEngine& m_engine;
+};
+
 /// Others change the connection or the schema, and cannot be prepared by all engines.
 bool isPrepared(const QString& statement, const QVariantList& values)
 {
@@ -73,10 +89,38 @@ Status Database::openWith(const QString& location, bool migrates)
     const Status status = m_engine->open(m_connection, m_connectionName, location, migrates);
     if (status) {
         m_location = location;
+        m_process = m_engine->process();
         return {};
     }
     close();
     return { Error::CannotOpenDatabase, { location }, status };
+}
+
+Status Database::reopen()
+{
+    const QString location = m_location;
+    const QString former = m_process;
+    Status status = open(location);
+    if (status)
+        status = endProcess(former);
+    if (status)
+        return status;
+    close();
+    m_location = location;
+    m_process = former;
+    return status;
+}
+
+Status Database::endProcess(const QString& process)
+{
+    constexpr int LongestEnd = 1000; // milliseconds
+    if (process.isEmpty())
+        return {};
+    bool hasEnded = true;
+    const Status status = read(QStringLiteral("SELECT pg_terminate_backend(pid, ?) FROM pg_stat_activity"
+                                              " WHERE pid || '/' || extract(epoch FROM backend_start) = ?"),
+        { LongestEnd, process }, [&hasEnded](const QSqlQuery& row) { hasEnded = row.value(0).toBool(); });
+    return hasEnded ? status : Status(Error::DatabaseBusy);
 }
 
 // The statements go last. Without their connection, they do not ask a server to forget them.
@@ -93,6 +137,7 @@ void Database::close()
     m_prepared.clear();
     m_engine.reset();
     m_location.clear();
+    m_process.clear();
 }
 
 bool Database::isOpen() const
@@ -132,6 +177,7 @@ Status Database::transaction(const std::function<Status()>& work)
 Status Database::begin()
 {
     m_commitFailed = false;
+    m_sinceBegin.start();
     if (!isOpen())
         return notOpen();
     if (Status status = m_engine->check(); !status)
@@ -154,7 +200,9 @@ Status Database::finish(const Status& worked)
     m_inTransaction = false;
     m_failure = Status();
     if (status) {
+        m_isCommitting = true;
         status = configure(QStringLiteral("COMMIT"));
+        m_isCommitting = false;
         m_commitFailed = !status;
     }
     if (status)
@@ -243,15 +291,19 @@ Status Database::run(const QString& statement, const QVariantList& values, const
     std::shared_ptr<QSqlQuery> query = m_prepared.take(statement);
     const bool prepares = isPrepared(statement, values);
     bool done = true;
-    if (!query) {
-        query = std::make_shared<QSqlQuery>(m_connection);
-        query->setForwardOnly(m_engine->streamsRows());
-        done = prepares ? query->prepare(statement) : query->exec(statement);
-    }
-    const bool isReady = done && prepares;
-    if (isReady) {
-        bind(*query, values);
-        done = query->exec();
+    bool isReady = prepares;
+    {
+        const LimitedStatement limited(*m_engine, m_inTransaction || m_isCommitting ? sinceBegin() : 0);
+        if (!query) {
+            query = std::make_shared<QSqlQuery>(m_connection);
+            query->setForwardOnly(m_engine->streamsRows());
+            done = prepares ? query->prepare(statement) : query->exec(statement);
+            isReady = done && prepares;
+        }
+        if (isReady) {
+            bind(*query, values);
+            done = query->exec();
+        }
     }
     Status status = note(statusOf(done, *query));
     if (status)

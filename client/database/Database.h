@@ -2,6 +2,7 @@
 
 #include "Status.h"
 
+#include <QElapsedTimer>
 #include <QHash>
 #include <QSqlDatabase>
 #include <QSqlQuery>
@@ -40,6 +41,13 @@ public:
     /// Like `open`. Creates or migrates the tables in a server's database, which the role then owns, and leaves it
     /// open.
     Status setUp(const QString& location);
+    /// Called before `open`, lets each call take as long as the server needs; otherwise it fails after a few seconds.
+    void setPatient() { m_isPatient = true; }
+    bool isPatient() const { return m_isPatient; }
+    /// Opens the same location again, for example after the connection was lost. The server's former process, which may
+    /// not know of the loss yet, is ended, so that nothing is left locked. If it fails, statements fail like those of a
+    /// lost connection.
+    Status reopen();
     void close();
     bool isOpen() const;
     /// The opened location, empty while closed.
@@ -61,6 +69,14 @@ public:
 
     /// True if the last transaction failed in its COMMIT, which may have been stored all the same.
     bool commitFailed() const { return m_commitFailed; }
+    /// Milliseconds since the last transaction began.
+    qint64 sinceBegin() const { return m_sinceBegin.isValid() ? m_sinceBegin.elapsed() : 0; }
+
+    /// Identifies this connection on its server; empty for a file.
+    QString process() const { return m_process; }
+    /// Ends another connection of the same role and waits for its end: afterwards its last transaction is stored or
+    /// will never be. Does nothing if there is no such connection.
+    Status endProcess(const QString& process);
 
     /// Statements with positional values. A null text is bound as an empty one; an invalid `QVariant` as NULL.
 
@@ -93,11 +109,12 @@ public:
     /// Ends the running statement, which fails. Any thread may call it while the database is open.
     void interrupt();
 
-    /// From now on calls `noticed` when another connection has committed changes: from `poll`, or from the thread's
-    /// event loop. Several commits may be noticed at once.
+    /// From now on calls `noticed` when another connection has committed changes or this one is lost: from `poll`, or
+    /// from the thread's event loop. Several commits may be noticed at once.
     Status watch(const std::function<void()>& noticed);
     void endWatch();
-    /// Call it regularly while the database is watched: looks for commits in a file. Does nothing within a transaction.
+    /// Call it regularly while the database is watched: looks for commits in a file, and for a sign of life of a
+    /// server. Never waits, and does nothing within a transaction. Fails if the connection is lost.
     Status poll();
 
     /// Reads a whole file, which takes seconds if it is large. Fails if it is damaged. `interrupt` ends it. A server
@@ -126,7 +143,11 @@ private:
     QSqlDatabase m_connection;
     std::unique_ptr<DatabaseEngine> m_engine;              ///< null while closed
     QHash<QString, std::shared_ptr<QSqlQuery>> m_prepared; ///< statements that do not run, by their text
+    QString m_process;
+    QElapsedTimer m_sinceBegin;
     bool m_inTransaction = false;
+    bool m_isPatient = false;
+    bool m_isCommitting = false;
     bool m_commitFailed = false;
     Status m_failure; ///< the first one of the running transaction
 };

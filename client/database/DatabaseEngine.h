@@ -58,6 +58,12 @@ public:
     /// Called after each commit.
     virtual void countCommit() { }
 
+    /// Called before and after each statement that `Database` runs. `spent`: milliseconds since the transaction began.
+    virtual void beginStatement(qint64 spent) { Q_UNUSED(spent); }
+    virtual void endStatement() { }
+    /// Identifies the server's process of this connection; empty for a file.
+    virtual QString process() const { return {}; }
+
     /// Whether rows are read one by one. Otherwise other statements may run meanwhile.
     virtual bool streamsRows() const = 0;
     virtual std::unique_ptr<EngineRows> rows(const QString& statement) = 0;

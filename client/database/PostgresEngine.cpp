@@ -5,19 +5,29 @@
 #include "PostgresStatus.h"
 #include "ServerLocation.h"
 
+#include <QCoreApplication>
+#include <QEvent>
+#include <QSocketNotifier>
 #include <QSqlDriver>
 #include <QSqlError>
 
+#include <fcntl.h>
 #include <libpq-fe.h>
-
-#include <array>
+#include <sys/socket.h>
+#include <unistd.h>
 
 namespace {
 
 // In milliseconds. A transaction that is left open blocks others.
-constexpr int LongestStatement = 4000;
-constexpr int LongestLock = 3000;
+constexpr int LongestStatement = 2000;
+constexpr int LongestLock = 1500;
 constexpr int LongestIdleTransaction = 60000;
+// How long the client waits for a server that does not answer. A call that waits for locks first gets less, so that its
+// statements together take less than five seconds.
+constexpr qint64 LongestCall = 2500;
+constexpr qint64 LongestTransaction = 4000;
+constexpr qint64 ShortestCall = 1000;
+constexpr qint64 LongestPing = 1800;
 // Of the clients that set up the same database at once, one works and the others wait.
 constexpr int SetUpLock = 0x504C444B; // "PLDK"
 
@@ -55,6 +65,31 @@ private:
     int m_row = -1;
 };
 
+/// Finds the driver's notifier of a socket when it is first activated.
+class SocketWatch : public QObject {
+public:
+    SocketWatch(int socket, const std::function<void(QSocketNotifier*)>& found)
+        : m_socket(socket)
+        , m_found(found)
+    {
+        QCoreApplication::instance()->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        auto* const notifier = event->type() == QEvent::SockAct ? qobject_cast<QSocketNotifier*>(watched) : nullptr;
+        if (notifier && notifier->socket() == m_socket) {
+            QCoreApplication::instance()->removeEventFilter(this);
+            m_found(notifier);
+        }
+        return false;
+    }
+
+private:
+    const qintptr m_socket;
+    const std::function<void(QSocketNotifier*)> m_found;
+};
+
 } // namespace
 
 PostgresEngine::PostgresEngine(Database& database)
@@ -62,8 +97,17 @@ PostgresEngine::PostgresEngine(Database& database)
 {
 }
 
+// Qt 5 leaves the notifier of a lost connection behind.
+PostgresEngine::~PostgresEngine()
+{
+    delete m_notifier.data();
+    if (m_socket >= 0)
+        ::close(m_socket);
+}
+
 Status PostgresEngine::open(QSqlDatabase& connection, const QString& name, const QString& location, bool migrates)
 {
+    m_isLimited = !migrates && !m_database.isPatient();
     if (Status status = connect(connection, name, location); !status)
         return status;
     if (Status status = prepareConnection(); !status)
@@ -82,20 +126,25 @@ Status PostgresEngine::connect(QSqlDatabase& connection, const QString& name, co
         return { Error::NoConnection, { PostgresStatus::firstLine(connection.lastError().databaseText()) } };
     m_driver = connection.driver();
     m_connection = *static_cast<PGconn* const*>(m_driver->handle().constData());
+    m_socket = fcntl(PQsocket(m_connection), F_DUPFD_CLOEXEC, 0);
     return {};
 }
 
 Status PostgresEngine::prepareConnection()
 {
-    const auto role = m_database.value(
-        QStringLiteral("SELECT session_user, set_config('search_path', 'plandesk', false),"
-                       " set_config('statement_timeout', '%1', false), set_config('lock_timeout', '%2', false),"
+    return m_database.read(
+        QStringLiteral("SELECT session_user, pg_backend_pid() || '/' || (SELECT extract(epoch FROM backend_start)"
+                       " FROM pg_stat_activity WHERE pid = pg_backend_pid()),"
+                       " set_config('search_path', 'plandesk', false), set_config('statement_timeout', '%1', false),"
+                       " set_config('lock_timeout', '%2', false),"
                        " set_config('idle_in_transaction_session_timeout', '%3', false)")
             .arg(LongestStatement)
             .arg(LongestLock)
-            .arg(LongestIdleTransaction));
-    m_role = role ? role->toString() : QString();
-    return role.status();
+            .arg(LongestIdleTransaction),
+        {}, [this](const QSqlQuery& row) {
+            m_role = row.value(0).toString();
+            m_process = row.value(1).toString();
+        });
 }
 
 Result<int> PostgresEngine::version()
@@ -158,13 +207,19 @@ bool PostgresEngine::isInTransaction() const
 void PostgresEngine::rollBack()
 {
     const PGTransactionStatusType state = PQtransactionStatus(m_connection);
-    if (state == PQTRANS_INTRANS || state == PQTRANS_INERROR)
-        const Answer done(PQexec(m_connection, "ROLLBACK"));
+    if (state != PQTRANS_INTRANS && state != PQTRANS_INERROR)
+        return;
+    beginStatement(0);
+    const Answer done(PQexec(m_connection, "ROLLBACK"));
+    endStatement();
 }
 
 std::unique_ptr<EngineRows> PostgresEngine::rows(const QString& statement)
 {
-    return std::make_unique<PostgresRows>(m_connection, statement);
+    beginStatement(0);
+    auto rows = std::make_unique<PostgresRows>(m_connection, statement);
+    endStatement();
+    return rows;
 }
 
 Status PostgresEngine::failure(const QSqlError& error)
@@ -172,31 +227,100 @@ Status PostgresEngine::failure(const QSqlError& error)
     return PostgresStatus::of(m_connection, error);
 }
 
-void PostgresEngine::interrupt()
+void PostgresEngine::beginStatement(qint64 spent)
 {
-    const std::unique_ptr<PGcancel, void (*)(PGcancel*)> cancel(PQgetCancel(m_connection), PQfreeCancel);
-    std::array<char, 256> text{};
-    PQcancel(cancel.get(), text.data(), text.size());
+    finishPing();
+    if (m_isLimited)
+        m_call.emplace(
+            m_socket, std::chrono::milliseconds(qBound(ShortestCall, LongestTransaction - spent, LongestCall)));
 }
 
-// The driver passes on its notices one by one and must not be used, or even closed, in between.
+void PostgresEngine::endStatement()
+{
+    m_call.reset();
+    silenceWhenLost();
+}
+
+// A server that cannot be reached would not learn that a statement is to be cancelled.
+void PostgresEngine::interrupt()
+{
+    ::shutdown(m_socket, SHUT_RDWR);
+}
+
 Status PostgresEngine::watch(const std::function<void()>& noticed)
 {
-    m_watch = std::make_unique<QObject>();
-    const auto pass = [watch = m_watch.get(), noticed](
-                          const QString&, QSqlDriver::NotificationSource source, const QVariant&) {
+    m_watch = std::make_unique<SocketWatch>(PQsocket(m_connection), [this](auto* notifier) { takeNotifier(notifier); });
+    m_noticed = noticed;
+    const auto pass = [this](const QString&, QSqlDriver::NotificationSource source, const QVariant&) {
         if (source != QSqlDriver::SelfSource)
-            QMetaObject::invokeMethod(watch, noticed, Qt::QueuedConnection);
+            noticeLater();
     };
     const auto notification =
         QOverload<const QString&, QSqlDriver::NotificationSource, const QVariant&>::of(&QSqlDriver::notification);
     QObject::connect(m_driver, notification, m_watch.get(), pass);
-    return m_driver->subscribeToNotification(Channel) ? Status() : failure(m_driver->lastError());
+    beginStatement(0);
+    const bool done = m_driver->subscribeToNotification(Channel);
+    endStatement();
+    return done ? poll() : failure(m_driver->lastError());
 }
 
 void PostgresEngine::endWatch()
 {
     m_watch.reset();
-    if (PQstatus(m_connection) == CONNECTION_OK)
-        m_driver->unsubscribeFromNotification(Channel);
+    if (PQstatus(m_connection) != CONNECTION_OK)
+        return;
+    beginStatement(0);
+    m_driver->unsubscribeFromNotification(Channel);
+    endStatement();
+}
+
+// The driver passes on its notices one by one and must not be used, or even closed, in between.
+void PostgresEngine::noticeLater()
+{
+    QMetaObject::invokeMethod(m_watch.get(), m_noticed, Qt::QueuedConnection);
+}
+
+// Sends a statement and looks for its answer the next time, so that the caller never waits.
+Status PostgresEngine::poll()
+{
+    PQconsumeInput(m_connection);
+    if (m_ping.isValid() && PQisBusy(m_connection) == 0)
+        finishPing();
+    if (m_ping.isValid() && m_ping.hasExpired(LongestPing)) {
+        ::shutdown(m_socket, SHUT_RDWR);
+        PQconsumeInput(m_connection);
+    }
+    if (!m_ping.isValid() && PQsendQuery(m_connection, "SELECT 1") == 1)
+        m_ping.start();
+    silenceWhenLost();
+    return PQstatus(m_connection) == CONNECTION_OK ? Status() : Error::ConnectionLost;
+}
+
+void PostgresEngine::finishPing()
+{
+    if (!m_ping.isValid())
+        return;
+    const StallGuard::Call call(m_socket, std::chrono::milliseconds(qMax<qint64>(0, LongestPing - m_ping.elapsed())));
+    while (PGresult* const answer = PQgetResult(m_connection))
+        PQclear(answer);
+    m_ping.invalidate();
+}
+
+void PostgresEngine::takeNotifier(QSocketNotifier* notifier)
+{
+    m_notifier = notifier;
+    // After the driver, which reads what has arrived.
+    QObject::connect(notifier, &QSocketNotifier::activated, m_watch.get(), [this] {
+        silenceWhenLost();
+        if (PQstatus(m_connection) != CONNECTION_OK)
+            noticeLater();
+    });
+}
+
+// libpq closes the socket of a lost connection, which the driver still watches. Qt only logs that if the loss comes
+// before the notifier was ever activated.
+void PostgresEngine::silenceWhenLost()
+{
+    if (m_notifier && PQstatus(m_connection) != CONNECTION_OK)
+        m_notifier->setEnabled(false);
 }

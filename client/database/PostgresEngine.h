@@ -1,11 +1,17 @@
 #pragma once
 
 #include "DatabaseEngine.h"
+#include "StallGuard.h"
 
+#include <QElapsedTimer>
 #include <QObject>
+#include <QPointer>
+
+#include <optional>
 
 class Database;
 struct Migration;
+class QSocketNotifier;
 class QSqlDriver;
 struct pg_conn;
 
@@ -13,6 +19,7 @@ struct pg_conn;
 class PostgresEngine : public DatabaseEngine {
 public:
     explicit PostgresEngine(Database& database);
+    ~PostgresEngine() override;
 
     Status open(QSqlDatabase& connection, const QString& name, const QString& location, bool migrates) override;
     QString role() const override { return m_role; }
@@ -22,10 +29,13 @@ public:
     bool streamsRows() const override { return false; }
     std::unique_ptr<EngineRows> rows(const QString& statement) override;
     Status failure(const QSqlError& error) override;
+    void beginStatement(qint64 spent) override;
+    void endStatement() override;
+    QString process() const override { return m_process; }
     void interrupt() override;
     Status watch(const std::function<void()>& noticed) override;
     void endWatch() override;
-    Status poll() override { return {}; }
+    Status poll() override;
 
 private:
     Status connect(QSqlDatabase& connection, const QString& name, const QString& location);
@@ -35,10 +45,21 @@ private:
     Status checkVersion();
     Status applyMigrations();
     Status migrate(const Migration& migration);
+    void noticeLater();
+    void finishPing();
+    void takeNotifier(QSocketNotifier* notifier);
+    void silenceWhenLost();
 
     Database& m_database;
     pg_conn* m_connection = nullptr;
     QSqlDriver* m_driver = nullptr;
+    std::function<void()> m_noticed;
     std::unique_ptr<QObject> m_watch; ///< the receiver of notices; null while they are not wanted
+    int m_socket = -1;                ///< the connection's, which stays valid when libpq has closed it
+    bool m_isLimited = true;          ///< whether a call is ended after some seconds
+    std::optional<StallGuard::Call> m_call;
+    QElapsedTimer m_ping; ///< invalid while no ping waits for its answer
+    QPointer<QSocketNotifier> m_notifier;
     QString m_role;
+    QString m_process;
 };

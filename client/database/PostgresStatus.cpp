@@ -11,6 +11,7 @@ const QMap<QString, Error>& meanings()
 {
     static const QMap<QString, Error> errors{
         { QStringLiteral("2200H"), Error::NumbersExhausted },
+        { QStringLiteral("23505"), Error::AlreadyStored }, // unique key
         { QStringLiteral("25006"), Error::DatabaseReadOnly },
         { QStringLiteral("40001"), Error::DatabaseBusy }, // serialization failure
         { QStringLiteral("40P01"), Error::DatabaseBusy }, // deadlock
@@ -18,8 +19,8 @@ const QMap<QString, Error>& meanings()
         { QStringLiteral("42P01"), Error::NotPermitted }, // a role without privileges does not find the tables
         { QStringLiteral("53100"), Error::DiskFull },
         { QStringLiteral("54000"), Error::ContentTooLarge },
-        { QStringLiteral("55P03"), Error::DatabaseBusy }, // lock not available
-        { QStringLiteral("57014"), Error::DatabaseBusy }, // query cancelled, usually after its time
+        { QStringLiteral("55P03"), Error::LockedByOthers }, // lock not available
+        { QStringLiteral("57014"), Error::ServerTooSlow },  // query cancelled, usually after its time
         { QStringLiteral("XX001"), Error::DatabaseCorrupt },
         { QStringLiteral("XX002"), Error::DatabaseCorrupt },
     };

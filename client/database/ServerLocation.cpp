@@ -9,7 +9,7 @@ namespace {
 const QString Service = QStringLiteral("service=");
 
 // A server that does not answer is given up after some seconds, while connecting as well as later.
-const QString Waiting = QStringLiteral("connect_timeout=4;keepalives=1;keepalives_idle=3;keepalives_interval=1;"
+const QString Waiting = QStringLiteral("connect_timeout=3;keepalives=1;keepalives_idle=3;keepalives_interval=1;"
                                        "keepalives_count=3;tcp_user_timeout=4000;application_name=plandesk");
 
 QUrl urlOf(const QString& location)

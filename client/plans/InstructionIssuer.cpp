@@ -306,11 +306,17 @@ Status outcomeOf(ClientSession& session, const Status& failure, const IssueResul
 {
     if (!session.database().commitFailed() || result.issued.isEmpty())
         return failure;
-    const QString& first = result.issued.constFirst();
-    const auto stored = session.instructions().ofPlan(first.section(QLatin1Char('-'), 0, 0));
+    const auto find = [first = result.issued.constFirst()](Database& database) -> Result<qint64> {
+        const auto stored = InstructionStore(database).ofPlan(first.section(QLatin1Char('-'), 0, 0));
+        return stored ? Result<qint64>(stored->contains(first) ? 1 : 0) : stored.status();
+    };
+    const auto known = [](qint64 found) {
+        Q_EMIT PlanEvents::instance().outcomeKnown(UnknownRequest::Issue, found != 0, QString());
+    };
+    const Result<qint64> stored = session.lookUp(QStringLiteral("issue"), find, known);
     if (!stored)
         return { Error::OutcomeUnknown, {}, failure };
-    return stored->contains(first) ? Status() : failure;
+    return *stored == 0 ? failure : Status();
 }
 
 } // namespace

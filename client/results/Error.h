@@ -38,6 +38,9 @@ enum class Error {
     NoServerDriver,
     NoConnection, ///< the driver's text
     ConnectionLost,
+    LockedByOthers,
+    ServerTooSlow,
+    AlreadyStored,
     ServerNotSetUp,
     OlderDatabase, ///< the database's version, the required one
     NotPermitted,

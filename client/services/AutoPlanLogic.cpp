@@ -71,9 +71,8 @@ QString AutoPlanLogic::CreateNewPlan(QMap<QString, QVariant> record)
         session.requests().keep(request, record);
         return errorText(id.status());
     }
-    session.requests().clear();
-    session.versions().note(*id, 1);
-    Q_EMIT PlanEvents::instance().planStored(*id);
+    session.dropLookUp(request);
+    PlanSubmission::acknowledge(*id, 1);
     return QString();
 }
 
@@ -95,9 +94,8 @@ QString AutoPlanLogic::modifyPlan(const QMap<QString, QVariant>& record)
         session.requests().keep(request, record);
         return errorText(status);
     }
-    session.requests().clear();
-    session.versions().note(planId, version + 1);
-    Q_EMIT PlanEvents::instance().planStored(planId);
+    session.dropLookUp(request);
+    PlanSubmission::acknowledge(planId, version + 1);
     return QString();
 }
 

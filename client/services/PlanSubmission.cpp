@@ -142,19 +142,37 @@ Status storeChange(ClientSession& session, const PlanChange& change, std::option
     return refused ? plans.replace(*stored, change.record, session.changeNow(change.request)) : refused;
 }
 
-/// The id of the plan that a failed transaction stored all the same, which is possible if its COMMIT failed.
-Result<QString> storedDespite(const Status& failure, const QString& request)
+/// The id of the plan that a failed transaction stored all the same, or that another one stored for the same request.
+Result<QString> storedDespite(const Status& failure, const QString& request, int version)
 {
-    Database& database = ClientSession::instance().database();
-    if (!database.commitFailed())
+    ClientSession& session = ClientSession::instance();
+    if (!session.database().commitFailed() && failure.error() != Error::AlreadyStored)
         return failure;
-    const Result<qint64> stored = HistoryStore(database).planOfRequest(request);
-    if (!stored)
+    const auto find = [request](Database& database) { return HistoryStore(database).planOfRequest(request); };
+    const auto known = [version](qint64 number) {
+        const QString id = number == 0 ? QString() : PlanId::fromNumber(number);
+        PlanSubmission::acknowledge(id, version);
+        Q_EMIT PlanEvents::instance().outcomeKnown(UnknownRequest::Plan, number != 0, id);
+    };
+    const Result<qint64> stored = session.lookUp(request, find, known);
+    if (!stored) {
+        Q_EMIT PlanEvents::instance().outcomeUnknown();
         return Status(Error::OutcomeUnknown, {}, failure);
+    }
     return *stored == 0 ? Result<QString>(failure) : PlanId::fromNumber(*stored);
 }
 
 } // namespace
+
+void PlanSubmission::acknowledge(const QString& planId, int version)
+{
+    if (planId.isEmpty())
+        return;
+    ClientSession& session = ClientSession::instance();
+    session.requests().clear();
+    session.versions().note(planId, version);
+    Q_EMIT PlanEvents::instance().planStored(planId);
+}
 
 // Rights and plans are read, checked and written in one transaction, so that they cannot change in between.
 Result<QString> PlanSubmission::create(const Record& record, const QString& request)
@@ -166,7 +184,7 @@ Result<QString> PlanSubmission::create(const Record& record, const QString& requ
         id = created.valueOr(QString());
         return created.status();
     });
-    return status ? Result<QString>(id) : storedDespite(status, request);
+    return status ? Result<QString>(id) : storedDespite(status, request, 1);
 }
 
 Status PlanSubmission::change(const QString& planId, int version, const Record& record, const QString& request,
@@ -176,5 +194,17 @@ Status PlanSubmission::change(const QString& planId, int version, const Record& 
     const Status status = session.database().transaction([&] {
         return storeChange(session, { planId, version, record, request }, conflict);
     });
-    return status ? status : storedDespite(status, request).status();
+    return status ? status : storedDespite(status, request, version + 1).status();
+}
+
+Result<std::optional<PlanConflict>> PlanSubmission::changeSince(const QString& planId, int version)
+{
+    ClientSession& session = ClientSession::instance();
+    const Result<StoredPlan> stored = session.isOpen() ? session.plans().plan(planId) : StoredPlan();
+    if (!stored)
+        return stored.status();
+    if (stored->version <= version)
+        return std::optional<PlanConflict>();
+    const Result<PlanConflict> found = conflictOf(session, *stored, { planId, version, Record(), QString() });
+    return found ? Result<std::optional<PlanConflict>>(std::make_optional(*found)) : found.status();
 }

@@ -41,12 +41,23 @@ Status outcomeOf(const Status& failure, const QString& protocolId, const QString
     ClientSession& session = ClientSession::instance();
     if (!session.database().commitFailed())
         return failure;
-    const auto open = AgreementStore(session.database()).unsignedClientNumbers(protocolId, session.user().id);
-    if (!open)
+    const auto find = [=, user = session.user().id](Database& database) -> Result<qint64> {
+        const auto open = AgreementStore(database).unsignedClientNumbers(protocolId, user);
+        if (!open)
+            return open.status();
+        return std::none_of(clientNumbers.cbegin(), clientNumbers.cend(),
+                   [&open](const QString& number) { return open->contains(number); })
+            ? 1
+            : 0;
+    };
+    const auto known = [](qint64 found) {
+        ClientSession::instance().forgetSignatures();
+        Q_EMIT PlanEvents::instance().outcomeKnown(UnknownRequest::Signature, found != 0, QString());
+    };
+    const Result<qint64> stored = session.lookUp(QStringLiteral("sign ") + protocolId, find, known);
+    if (!stored)
         return { Error::OutcomeUnknown, {}, failure };
-    const bool isSigned = std::none_of(clientNumbers.cbegin(), clientNumbers.cend(),
-        [&open](const QString& number) { return open->contains(number); });
-    return isSigned ? Status() : failure;
+    return *stored == 0 ? failure : Status();
 }
 
 } // namespace

@@ -7,12 +7,19 @@
 #include "SampleData.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QSemaphore>
+#include <QThread>
 
+#include <algorithm>
 #include <chrono>
 
 namespace {
 
 constexpr std::chrono::milliseconds UntilIdle(200);
+// A call of the user, from the begin of its transaction.
+constexpr std::chrono::milliseconds LongestCall(4800);
+constexpr std::chrono::milliseconds BetweenAttempts(100);
 
 void closeWithTheApplication()
 {
@@ -68,6 +75,8 @@ void ClientSession::close()
     m_averages.reset();
     m_checker.reset();
     m_watch.reset();
+    m_finder.reset();
+    m_lookUps.clear();
     m_instructions.clear();
     m_versions.clear();
     m_requests.clear();
@@ -140,8 +149,76 @@ void ClientSession::watch()
 {
     if (!m_open)
         return;
-    m_watch = std::make_unique<DatabaseWatch>(m_database);
-    QObject::connect(m_watch.get(), &DatabaseWatch::changed, &PlanEvents::instance(), &PlanEvents::plansChanged);
+    m_watch = std::make_unique<DatabaseWatch>(m_database, [this] { return reopen(); });
+    PlanEvents& events = PlanEvents::instance();
+    QObject::connect(m_watch.get(), &DatabaseWatch::changed, &events, &PlanEvents::plansChanged);
+    QObject::connect(m_watch.get(), &DatabaseWatch::lost, &events, &PlanEvents::connectionLost);
+    QObject::connect(m_watch.get(), &DatabaseWatch::stillLost, &events, &PlanEvents::connectionStillLost);
+    QObject::connect(m_watch.get(), &DatabaseWatch::restored, &events, &PlanEvents::connectionRestored);
+}
+
+// The user's rights may have changed meanwhile. Without them, there are none.
+Status ClientSession::reopen()
+{
+    if (Status status = m_database.reopen(); !status)
+        return status;
+    m_unsigned.clear();
+    m_averages->reconnect();
+    m_instructions.reconnect();
+    Status status = logIn(QString());
+    if (status)
+        QMetaObject::invokeMethod(
+            &m_idle, [this] { repeatLookUps(); }, Qt::QueuedConnection);
+    return status;
+}
+
+Result<qint64> ClientSession::lookUp(const QString& request, const Find& find, const Known& known)
+{
+    const Result<qint64> found = m_database.isOpen() ? find(m_database) : lookUpElsewhere(find);
+    if (found)
+        m_lookUps.remove(request);
+    else
+        m_lookUps.insert(request, { find, known });
+    return found;
+}
+
+// A COMMIT on its way may still arrive, so the server's process that would execute it is ended first.
+Result<qint64> ClientSession::lookUpElsewhere(const Find& find)
+{
+    struct Answer {
+        QSemaphore given;
+        Result<qint64> found{ Error::ConnectionLost };
+    };
+    const auto answer = std::make_shared<Answer>();
+    const QDeadlineTimer end(std::max<qint64>(0, LongestCall.count() - m_database.sinceBegin()));
+    if (!m_finder)
+        m_finder = std::make_unique<DatabaseThread>(QStringLiteral("look-up"), m_database.location());
+    m_finder->run([=, process = m_database.process(), location = m_database.location()](
+                      Database& database, const Status& opened) {
+        Status status = opened;
+        while (!status && !end.hasExpired()) {
+            QThread::msleep(BetweenAttempts.count());
+            status = database.open(location);
+        }
+        if (status)
+            status = database.endProcess(process);
+        answer->found = status ? find(database) : Result<qint64>(status);
+        database.close();
+        answer->given.release();
+    });
+    return answer->given.tryAcquire(1, static_cast<int>(end.remainingTime())) ? answer->found : Error::ConnectionLost;
+}
+
+void ClientSession::repeatLookUps()
+{
+    const auto all = m_lookUps;
+    for (auto lookUp = all.cbegin(); lookUp != all.cend(); ++lookUp) {
+        const Result<qint64> found = lookUp->first(m_database);
+        if (!found)
+            return;
+        m_lookUps.remove(lookUp.key());
+        lookUp->second(*found);
+    }
 }
 
 bool ClientSession::askMovingAverages(const QString& symbol)

@@ -69,10 +69,21 @@ public:
     Result<QStringList> unsignedClients(const QString& protocolId);
     void forgetSignatures() { m_unsigned.clear(); }
 
-    /// Starts to look for changes by others, which `PlanEvents` reports, until `endWatch` or the end of the session.
-    /// Does nothing while closed.
+    /// Starts to look for changes by others and for the loss of the connection, which `PlanEvents` reports, until
+    /// `endWatch` or the end of the session. Does nothing while closed.
     void watch();
     void endWatch() { m_watch.reset(); }
+    /// True while the connection to a server is lost, as far as it is watched.
+    bool isConnectionLost() const { return m_watch && m_watch->isLost(); }
+
+    /// Finds what a transaction may have stored whose COMMIT has failed: a number, or 0. `find` runs on this
+    /// connection, or on another thread with another one, until five seconds after the transaction began. If that
+    /// fails, `known` is called with the number as soon as the connection has been restored, unless `dropLookUp` is
+    /// called before.
+    using Find = std::function<Result<qint64>(Database& database)>;
+    using Known = std::function<void(qint64 found)>;
+    Result<qint64> lookUp(const QString& request, const Find& find, const Known& known);
+    void dropLookUp(const QString& request) { m_lookUps.remove(request); }
 
     /// Starts a moving-average query; false while closed. `PlanEvents` emits the answer.
     bool askMovingAverages(const QString& symbol);
@@ -84,6 +95,9 @@ private:
     Status openFor(const QString& file, const QString& userId, const Progress& progress, const Options& options);
     Status writeSample(const Progress& progress, const Options& options);
     Status logIn(const QString& userId);
+    Status reopen();
+    Result<qint64> lookUpElsewhere(const Find& find);
+    void repeatLookUps();
     void startMovingAverages();
     void startPageCheck();
 
@@ -98,7 +112,9 @@ private:
     InstructionCache m_instructions{ m_database };
     PlanVersions m_versions;
     PlanRequests m_requests;
-    QTimer m_idle; ///< fires when the trader is likely to be back at the form
+    QMap<QString, QPair<Find, Known>> m_lookUps; ///< those without an answer, by request
+    std::unique_ptr<DatabaseThread> m_finder;    ///< started on first use
+    QTimer m_idle;                               ///< fires when the trader is likely to be back at the form
     QHash<QPair<QString, QString>, QString> m_texts;
     QHash<QString, QStringList> m_unsigned;
 };

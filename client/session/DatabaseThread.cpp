@@ -27,6 +27,8 @@ public:
         m_thread.setRunning(nullptr);
     }
 
+    void close() { m_database.close(); }
+
 private:
     // The client has opened the file before. In the place of one that is gone, a new one would be created.
     Status open()
@@ -82,4 +84,10 @@ void DatabaseThread::run(const Job& job)
             m_connection->run(job);
     };
     QMetaObject::invokeMethod(m_connection, runUnlessStopping, Qt::QueuedConnection);
+}
+
+void DatabaseThread::reconnect()
+{
+    QMetaObject::invokeMethod(
+        m_connection, [this] { m_connection->close(); }, Qt::QueuedConnection);
 }

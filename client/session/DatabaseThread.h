@@ -23,6 +23,8 @@ public:
 
     /// Appends a job to the queue.
     void run(const Job& job);
+    /// Lets the next job open the database again, whose connection may be lost.
+    void reconnect();
     /// True once the thread is being stopped; a job must not emit its result then.
     bool isStopping() const { return m_stopping; }
 

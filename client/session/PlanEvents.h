@@ -6,17 +6,20 @@
 #include <QObject>
 #include <QStringList>
 
-/// A change that was refused because someone else changed the plan first.
+/// A change that someone else made to a plan after it was read.
 struct PlanConflict {
-    /// The plan in the version that the change was made from, and as it is stored now.
+    /// The plan in the version that was read, and as it is stored now.
     StoredPlan opened;
     StoredPlan stored;
-    /// The refused record.
+    /// The record that was refused because of the change; empty if none was sent.
     PlanStore::Record refused;
     /// Who stored the present version, by name, and when.
     QString user;
     QDateTime time;
 };
+
+/// A request whose COMMIT was not answered.
+enum class UnknownRequest { Plan, Issue, Signature };
 
 /// The signals about changes of stored plans and about answers to queries. One object per process.
 class PlanEvents : public QObject {
@@ -31,10 +34,19 @@ public:
 Q_SIGNALS:
     /// Stored data could not be read, and a service answered with a refusal instead of the data.
     void readFailed(const Status& failure);
+    /// Whether a request was stored is not known; and known afterwards, when the connection had been restored.
+    /// `planId`: the plan of a stored request that created or changed one.
+    void outcomeUnknown();
+    void outcomeKnown(UnknownRequest request, bool isStored, const QString& planId);
     /// A plan was created or modified or got new instructions, and the change is stored.
     void planStored(const QString& planId);
     /// Another client may have changed stored plans or instructions.
     void plansChanged();
+    /// The connection to the database's server is lost; and an attempt to connect again has failed.
+    void connectionLost();
+    void connectionStillLost(const Status& reason);
+    /// The database is open again, with what others have changed meanwhile.
+    void connectionRestored();
     /// A change was refused because the plan was changed since it was read. Emitted before the service answers.
     void planConflict(const PlanConflict& conflict);
     /// The answer to a moving-average query: names of the averages that the security has. Emitted on another thread

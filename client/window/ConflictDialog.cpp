@@ -63,6 +63,7 @@ ConflictDialog::ConflictDialog(const PlanConflict& conflict, QWidget* parent)
     rows->addWidget(m_table, 1);
     rows->addWidget(m_buttons);
     fill(conflict);
+    m_table->setColumnHidden(3, conflict.refused.isEmpty());
     // The columns get their widths when the dialog is shown, and each one after its signal.
     connect(m_table->horizontalHeader(), &QHeaderView::sectionResized, m_table, &QTableView::resizeRowsToContents,
         Qt::QueuedConnection);
@@ -72,7 +73,8 @@ ConflictDialog::ConflictDialog(const PlanConflict& conflict, QWidget* parent)
 void ConflictDialog::fill(const PlanConflict& conflict)
 {
     StoredPlan refused = conflict.stored;
-    refused.record = conflict.refused;
+    if (!conflict.refused.isEmpty())
+        refused.record = conflict.refused;
     const auto opened = fieldsOf(conflict.opened);
     const auto stored = fieldsOf(conflict.stored);
     const auto mine = fieldsOf(refused);

@@ -7,8 +7,8 @@
 class QDialogButtonBox;
 class QTableWidget;
 
-/// Shows the fields of a plan that someone else changed while its form was open, or in which the form differs from the
-/// stored plan, and asks how to go on from the stored version.
+/// Shows the fields of a plan that someone else changed while its form was open, or in which a refused form differs
+/// from the stored plan, and asks how to go on from the stored version.
 class ConflictDialog : public QDialog {
     Q_OBJECT
 

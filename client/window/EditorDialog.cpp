@@ -5,16 +5,22 @@
 #include "ClientSession.h"
 #include "ConflictDialog.h"
 #include "FormArrangement.h"
+#include "HistoryTexts.h"
+#include "OrloPushButton.h"
 #include "OrloWidget.h"
 #include "Orlo_Fields.h"
+#include "PlainText.h"
 #include "PlanCodes.h"
 #include "PlanEvents.h"
+#include "PlanSubmission.h"
 #include "ReadReport.h"
 
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QComboBox>
+#include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QScreen>
@@ -44,6 +50,8 @@ QWidget* firstField(QWidget* form)
 
 EditorDialog::EditorDialog(QWidget* parent)
     : QDialog(parent)
+    , m_notice(new QWidget(this))
+    , m_noticeText(PlainText::newLabel(QString(), m_notice))
     , m_area(new QScrollArea(this))
 {
     setObjectName(QStringLiteral("planEditor"));
@@ -54,9 +62,16 @@ EditorDialog::EditorDialog(QWidget* parent)
     m_area->setFocusPolicy(Qt::NoFocus);
     auto* const room = new QVBoxLayout(this);
     room->setContentsMargins(0, 0, 0, 0);
-    room->addWidget(m_area);
+    room->setSpacing(0);
+    room->addWidget(m_notice);
+    room->addWidget(m_area, 1);
+    buildNotice();
     connect(&PlanEvents::instance(), &PlanEvents::planStored, this, &EditorDialog::planStored);
     connect(&PlanEvents::instance(), &PlanEvents::planConflict, this, &EditorDialog::noteConflict);
+    connect(&PlanEvents::instance(), &PlanEvents::outcomeUnknown, this, [this] {
+        if (isVisible())
+            m_sentWith = contents();
+    });
     connect(this, &QDialog::finished, this, &EditorDialog::unpin);
 }
 
@@ -131,6 +146,7 @@ void EditorDialog::prepare(const QString& title)
 {
     setWindowTitle(title);
     m_stored = false;
+    m_sentWith.clear();
     if (!m_editor || m_holdsValues)
         makeEditor();
     else
@@ -180,9 +196,10 @@ void EditorDialog::fit()
         EditorSize.expandedTo(QSize(m_editor->minimumSizeHint().width(), m_editor->sizeHint().height()));
     const QSize room = screen()->availableSize();
     // If the form is higher than the screen, the scroll bar is beside it, not over it.
+    const int notice = m_notice->isHidden() ? 0 : m_notice->heightForWidth(wanted.width());
     const int bar = wanted.height() > room.height() ? m_area->verticalScrollBar()->sizeHint().width() : 0;
     m_editor->setMinimumSize(wanted);
-    resize((wanted + QSize(bar, 0)).boundedTo(room).expandedTo(isVisible() ? size() : QSize()));
+    resize((wanted + QSize(bar, notice)).boundedTo(room).expandedTo(isVisible() ? size() : QSize()));
 }
 
 void EditorDialog::present()
@@ -217,6 +234,58 @@ void EditorDialog::unpin()
 {
     ClientSession::instance().versions().unpin(m_pinnedPlan, m_pinnedVersion);
     m_pinnedPlan.clear();
+    hideNotice();
+}
+
+void EditorDialog::buildNotice()
+{
+    auto* const show = new OrloPushButton(m_notice);
+    show->setObjectName(QStringLiteral("btnShowChange"));
+    show->setStyleType(QStringLiteral("text"));
+    show->setText(tr("查看不同之处"));
+    show->setAutoDefault(false);
+    connect(show, &QPushButton::clicked, this, [this] { showConflict(*m_change); });
+    m_notice->setObjectName(QStringLiteral("changeNotice"));
+    m_noticeText->setProperty("faulty", true);
+    m_noticeText->setWordWrap(true);
+    auto* const row = new QHBoxLayout(m_notice);
+    row->addWidget(m_noticeText, 1);
+    row->addWidget(show);
+    m_notice->hide();
+}
+
+void EditorDialog::closeStored()
+{
+    if (!isVisible() || contents() != m_sentWith)
+        return;
+    // The form was not cleared.
+    m_holdsValues = true;
+    QDialog::reject();
+}
+
+void EditorDialog::lookForChange()
+{
+    if (m_pinnedPlan.isEmpty() || m_pinnedVersion == 0 || m_stored)
+        return;
+    const auto change = PlanSubmission::changeSince(m_pinnedPlan, m_pinnedVersion);
+    if (change && *change && !(m_change && m_change->stored.version == (*change)->stored.version))
+        showNotice(**change);
+}
+
+void EditorDialog::showNotice(const PlanConflict& change)
+{
+    m_change = change;
+    m_noticeText->setText(tr("您正在修改第%1版，%2已于%3保存了第%4版。")
+                              .arg(QString::number(m_pinnedVersion), change.user, HistoryTexts::timeText(change.time),
+                                  QString::number(change.stored.version)));
+    m_notice->show();
+    fit();
+}
+
+void EditorDialog::hideNotice()
+{
+    m_change.reset();
+    m_notice->hide();
 }
 
 // The editor shows the service's refusal in a box first.
@@ -244,6 +313,7 @@ void EditorDialog::showConflict(const PlanConflict& conflict)
             openEdit(shown.id);
         else if (choice == ConflictDialog::Keep)
             pin(shown.id, shown.version);
+        lookForChange();
     });
     dialog->open();
 }

@@ -5,7 +5,10 @@
 #include <QDialog>
 #include <QStringList>
 
+#include <optional>
+
 class AutoParamSetting;
+class QLabel;
 class QScrollArea;
 
 /// The window's dialog around the plan editor. It reuses the editor if it can be reset: after a plan was stored the
@@ -32,6 +35,10 @@ public:
     bool mayClose();
     /// Closes without asking.
     void leave();
+    /// Closes after it has become known that the form is stored, unless it was changed since it was sent.
+    void closeStored();
+    /// Says above the form if someone else has changed the edited plan.
+    void lookForChange();
     /// The editor; null before the first opening.
     AutoParamSetting* editor() const { return m_editor; }
 
@@ -52,16 +59,23 @@ private:
     void planStored(const QString& planId);
     void pin(const QString& planId, int version);
     void unpin();
+    void buildNotice();
+    void showNotice(const PlanConflict& change);
+    void hideNotice();
     void noteConflict(const PlanConflict& conflict);
     void showConflict(const PlanConflict& conflict);
     QStringList contents() const;
 
+    QWidget* m_notice; ///< shown if someone else has changed the edited plan
+    QLabel* m_noticeText;
     QScrollArea* m_area;
     AutoParamSetting* m_editor = nullptr;
     QString m_skin;
     QString m_pinnedPlan; ///< the edited plan; empty if none
     int m_pinnedVersion = 0;
-    QStringList m_openedWith;   ///< contents of the form when it was opened
-    bool m_stored = false;      ///< a plan was stored since the form was opened
-    bool m_holdsValues = false; ///< the form has values that `resetEnable` does not clear
+    std::optional<PlanConflict> m_change; ///< the one that the notice is about
+    QStringList m_sentWith;               ///< contents of the form when it was sent without an answer
+    QStringList m_openedWith;             ///< contents of the form when it was opened
+    bool m_stored = false;                ///< a plan was stored since the form was opened
+    bool m_holdsValues = false;           ///< the form has values that `resetEnable` does not clear
 };

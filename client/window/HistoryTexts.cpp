@@ -108,6 +108,22 @@ QString HistoryTexts::line(const HistoryEntry& entry)
     return oneLine(QStringLiteral("%1 %2（%3，%4）").arg(timeText(entry.time), event(entry), entry.user, entry.client));
 }
 
+QString HistoryTexts::outcome(UnknownRequest request, bool isStored, const QString& planId)
+{
+    switch (request) {
+    case UnknownRequest::Plan:
+        return isStored ? QStringLiteral("连接中断前提交的计划%1已保存。").arg(planId)
+                        : QStringLiteral("连接中断前提交的计划未保存，请重新提交。");
+    case UnknownRequest::Issue:
+        return isStored ? QStringLiteral("连接中断前下达的当日指令已保存。")
+                        : QStringLiteral("连接中断前下达的当日指令未保存，请重新下达。");
+    case UnknownRequest::Signature:
+        return isStored ? QStringLiteral("连接中断前签署的协议已保存。")
+                        : QStringLiteral("连接中断前签署的协议未保存，请重新签署。");
+    }
+    return QString();
+}
+
 QJsonObject HistoryTexts::json(const HistoryEntry& entry)
 {
     return {

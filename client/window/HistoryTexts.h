@@ -1,6 +1,7 @@
 #pragma once
 
 #include "HistoryStore.h"
+#include "PlanEvents.h"
 
 #include <QJsonObject>
 
@@ -13,6 +14,8 @@ QString timeText(const QDateTime& time);
 QString event(const HistoryEntry& entry);
 /// Time, event, user and client in one line.
 QString line(const HistoryEntry& entry);
+/// What has become of a request that was not answered.
+QString outcome(UnknownRequest request, bool isStored, const QString& planId);
 /// "event", "plan", "version", "subject", "user", "client", "time" (UTC), "before" and "after" with the stored texts.
 QJsonObject json(const HistoryEntry& entry);
 

@@ -63,6 +63,10 @@ MainWindow::MainWindow(QWidget* parent)
     connect(&PlanEvents::instance(), &PlanEvents::planStored, this, &MainWindow::planStored);
     connect(&PlanEvents::instance(), &PlanEvents::readFailed, this, &MainWindow::showFailure);
     connect(&PlanEvents::instance(), &PlanEvents::plansChanged, &m_changes, &NoticeMerger::notice);
+    connect(&PlanEvents::instance(), &PlanEvents::connectionLost, this, [this] { showLoss(Error::ConnectionLost); });
+    connect(&PlanEvents::instance(), &PlanEvents::connectionStillLost, this, &MainWindow::showLoss);
+    connect(&PlanEvents::instance(), &PlanEvents::connectionRestored, this, &MainWindow::endLoss);
+    connect(&PlanEvents::instance(), &PlanEvents::outcomeKnown, this, &MainWindow::showOutcome);
     connect(m_table, &PlanTable::currentPlanChanged, this, &MainWindow::showCurrent);
     connect(m_table, &PlanTable::counted, this, [this] { statusBar()->showMessage(countText()); });
     connect(m_table, &QTableView::doubleClicked, this, &MainWindow::openEdit);
@@ -201,7 +205,10 @@ void MainWindow::refresh()
 void MainWindow::refreshForOthers()
 {
     const Status shownByTheTable = readTable();
-    QTimer::singleShot(0, this, &MainWindow::showCurrent);
+    QTimer::singleShot(0, this, [this] {
+        showCurrent();
+        m_editor->lookForChange();
+    });
 }
 
 // A menu acts on the current plan, and the rows must not move under a pressed mouse button.
@@ -212,6 +219,8 @@ bool MainWindow::mayRefresh() const
 
 Status MainWindow::readTable()
 {
+    if (ClientSession::instance().isConnectionLost())
+        return Error::ConnectionLost;
     Status status = m_table->refresh();
     if (status)
         m_read = QDateTime::currentDateTime();
@@ -235,6 +244,9 @@ QString MainWindow::countText() const
 void MainWindow::showFailure(const Status& failure)
 {
     statusBar()->showMessage(errorText(failure));
+    // The window shows a line as long as the connection is lost.
+    if (failure.error() == Error::ConnectionLost)
+        return;
     if (m_showsFailure || !m_editor->isVisible())
         return;
     m_showsFailure = true;
@@ -246,6 +258,38 @@ void MainWindow::showFailure(const Status& failure)
             self->m_showsFailure = false;
     };
     QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
+}
+
+// A reason other than the missing connection does not pass by itself.
+void MainWindow::showLoss(const Status& reason)
+{
+    const Status cause = reason.error() == Error::CannotOpenDatabase ? reason.cause() : reason;
+    const bool isConnection = cause.error() == Error::ConnectionLost || cause.error() == Error::NoConnection;
+    const QString text = tr("与服务器的连接已断开，正在重新连接……");
+    m_outdated->setText(isConnection ? text : tr("%1最近一次失败：%2。").arg(text, errorText(cause)));
+    m_outdated->show();
+}
+
+void MainWindow::endLoss()
+{
+    refresh();
+    m_editor->lookForChange();
+    if (!m_outdated->isVisible())
+        statusBar()->showMessage(tr("连接已恢复，%1").arg(countText()));
+}
+
+void MainWindow::showOutcome(UnknownRequest request, bool isStored, const QString& planId)
+{
+    m_editor->closeStored();
+    refresh();
+    if (!planId.isEmpty())
+        selectPlan(planId);
+    QWidget* const parent = m_editor->isVisible() ? static_cast<QWidget*>(m_editor) : this;
+    const QString text = HistoryTexts::outcome(request, isStored, planId);
+    if (isStored)
+        OrloWidget::ShowTipMsgBox(text, parent);
+    else
+        OrloWidget::ShowErrorMsgBox(text, parent);
 }
 
 void MainWindow::showCurrent()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "NoticeMerger.h"
+#include "PlanEvents.h"
 #include "Status.h"
 
 #include <QDateTime>
@@ -46,6 +47,9 @@ private:
     bool mayRefresh() const;
     QString countText() const;
     void showFailure(const Status& failure);
+    void showLoss(const Status& reason);
+    void endLoss();
+    void showOutcome(UnknownRequest request, bool isStored, const QString& planId);
     void showCurrent();
     void switchSkin();
     void issueToday();
@@ -53,7 +57,7 @@ private:
     void openCopy();
 
     PlanTable* m_table;
-    QLabel* m_outdated; ///< shown while the rows could not be read again
+    QLabel* m_outdated; ///< shown while the rows cannot be read again
     PlanDetails* m_details;
     EditorDialog* m_editor;
     QAction* m_edit = nullptr;
