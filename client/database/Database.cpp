@@ -383,6 +383,9 @@ QString Database::changeToken()
     // A transaction may be rolled back, and the token would stay the same.
     if (!isIdle())
         return QString();
+    const QString watched = m_engine->changeToken();
+    if (!watched.isEmpty())
+        return watched;
     const auto token = value(m_engine->dialect().changeToken);
     return token ? token->toString() : QString();
 }

@@ -124,8 +124,9 @@ public:
     /// Prepares a file's write-ahead log for the next transaction: starts it, and after many transactions checkpoints
     /// it first. Call it while the user is idle; a busy or read-only file stays unchanged.
     void prepareWal();
-    /// Change token: equal tokens mean equal contents. It changes with every change by this connection and every commit
-    /// of another one. Empty within a transaction, or if unavailable.
+    /// Change token: equal tokens mean equal contents, as far as changes have been noticed while a server is watched.
+    /// It changes with every change by this connection and every commit of another one. Empty within a transaction, or
+    /// if unavailable.
     QString changeToken();
 
 private:

@@ -74,6 +74,8 @@ public:
 
     /// From now on calls `noticed` when another connection has committed changes.
     virtual Status watch(const std::function<void()>& noticed) = 0;
+    /// See `Database::changeToken`; empty if the database must be queried for it.
+    virtual QString changeToken() const { return {}; }
     virtual void endWatch() = 0;
     /// See `Database::poll`.
     virtual Status poll() = 0;

@@ -252,8 +252,10 @@ Status PostgresEngine::watch(const std::function<void()>& noticed)
     m_watch = std::make_unique<SocketWatch>(PQsocket(m_connection), [this](auto* notifier) { takeNotifier(notifier); });
     m_noticed = noticed;
     const auto pass = [this](const QString&, QSqlDriver::NotificationSource source, const QVariant&) {
-        if (source != QSqlDriver::SelfSource)
-            noticeLater();
+        if (source == QSqlDriver::SelfSource)
+            return;
+        ++m_notices;
+        noticeLater();
     };
     const auto notification =
         QOverload<const QString&, QSqlDriver::NotificationSource, const QVariant&>::of(&QSqlDriver::notification);
@@ -262,6 +264,13 @@ Status PostgresEngine::watch(const std::function<void()>& noticed)
     const bool done = m_driver->subscribeToNotification(Channel);
     endStatement();
     return done ? poll() : failure(m_driver->lastError());
+}
+
+// Another connection counts from the beginning.
+QString PostgresEngine::changeToken() const
+{
+    return m_watch ? QStringLiteral("%1/%2/%3").arg(PQbackendPID(m_connection)).arg(m_notices).arg(m_commits)
+                   : QString();
 }
 
 void PostgresEngine::endWatch()

@@ -34,6 +34,8 @@ public:
     QString process() const override { return m_process; }
     void interrupt() override;
     Status watch(const std::function<void()>& noticed) override;
+    QString changeToken() const override;
+    void countCommit() override { ++m_commits; }
     void endWatch() override;
     Status poll() override;
 
@@ -54,6 +56,8 @@ private:
     pg_conn* m_connection = nullptr;
     QSqlDriver* m_driver = nullptr;
     std::function<void()> m_noticed;
+    int m_notices = 0;                ///< of changes by others
+    int m_commits = 0;                ///< by this connection
     std::unique_ptr<QObject> m_watch; ///< the receiver of notices; null while they are not wanted
     int m_socket = -1;                ///< the connection's, which stays valid when libpq has closed it
     bool m_isLimited = true;          ///< whether a call is ended after some seconds

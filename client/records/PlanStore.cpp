@@ -158,10 +158,13 @@ Result<int> PlanStore::newerThan(const QString& planId)
     const auto number = PlanId::toNumber(planId);
     if (!number)
         return -1;
-    const Result<int> known = version(planId);
-    if (!known || *known == 0)
-        return known ? Result<int>(-1) : known;
-    return countAbove(*number);
+    const SqlQuery plan = isPlan(*number);
+    const SqlQuery newer = m_scope.countAbove(*number, std::numeric_limits<int>::max());
+    const auto found = m_database.value(QStringLiteral("SELECT CASE WHEN EXISTS (SELECT 1 FROM plans WHERE %1)"
+                                                       " THEN (%2) ELSE -1 END")
+                                            .arg(plan.text, newer.text),
+        plan.values + newer.values);
+    return found ? Result<int>(found->toInt()) : found.status();
 }
 
 // The plus sign keeps SQLite from reading every plan in the order of the numbers instead of those that have not ended.

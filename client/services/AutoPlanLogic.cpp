@@ -104,7 +104,7 @@ QMap<QString, QVariant> AutoPlanLogic::GetPlanInfo(QString planId)
     ClientSession& session = ClientSession::instance();
     if (!session.isOpen())
         return {};
-    const StoredPlan plan = valueOrReport(session.plans().plan(planId), StoredPlan());
+    const StoredPlan plan = valueOrReport(session.plan(planId), StoredPlan());
     if (plan.id.isEmpty())
         return {};
     session.versions().note(planId, plan.version);

@@ -1,7 +1,6 @@
 #include "InstructionBusinessDataInterface.h"
 
 #include "ClientSession.h"
-#include "ConfigurationStore.h"
 #include "EntrustTypes.h"
 #include "ReadReport.h"
 #include "StrategyLibrary.h"
@@ -41,7 +40,6 @@ QStringList InstructionBusinessDataInterface::GetForwardUsers(const QString& cha
     return {};
 }
 
-// Reads the store each time, because the lists change with every answer to a strategy query.
 QStringList InstructionBusinessDataInterface::getWhiteAlgoNameList(
     const QString& instructionType, const QString& targetType, const QString& symbol)
 {
@@ -50,7 +48,7 @@ QStringList InstructionBusinessDataInterface::getWhiteAlgoNameList(
         return {};
     // An empty list allows every strategy.
     const QStringList none{ QString() };
-    return valueOrReport(StrategyStore(session.database()).whiteList(instructionType, targetType, symbol), none);
+    return valueOrReport(session.whiteList(instructionType, targetType, symbol), none);
 }
 
 QStringList InstructionBusinessDataInterface::getBlackAlgoNameList(const QString& targetType)
@@ -58,7 +56,7 @@ QStringList InstructionBusinessDataInterface::getBlackAlgoNameList(const QString
     ClientSession& session = ClientSession::instance();
     if (!session.isOpen())
         return {};
-    const Result<QStringList> names = StrategyStore(session.database()).blackList(targetType);
+    const Result<QStringList> names = session.blackList(targetType);
     return valueOrReport(names, names ? QStringList() : StrategyLibrary::instance().names());
 }
 

@@ -33,7 +33,12 @@ ClientSession::ClientSession()
     m_idle.setSingleShot(true);
     m_idle.setInterval(UntilIdle);
     QObject::connect(&m_idle, &QTimer::timeout, &m_idle, [this] { m_database.prepareWal(); });
-    QObject::connect(&PlanEvents::instance(), &PlanEvents::planStored, &m_idle, [this] { m_idle.start(); });
+    m_endOfEvent.setSingleShot(true);
+    QObject::connect(&m_endOfEvent, &QTimer::timeout, &m_endOfEvent, [this] { forgetEvent(); });
+    QObject::connect(&PlanEvents::instance(), &PlanEvents::planStored, &m_idle, [this] {
+        m_idle.start();
+        forgetEvent();
+    });
 }
 
 ClientSession::~ClientSession()
@@ -81,6 +86,7 @@ void ClientSession::close()
     m_versions.clear();
     m_requests.clear();
     m_texts.clear();
+    forgetEvent();
     m_unsigned.clear();
     m_accounts.clear();
     m_market.clear();
@@ -107,10 +113,10 @@ Result<InstructionCache::Instructions> ClientSession::instructionsOf(const QStri
 {
     if (!m_open)
         return InstructionCache::Instructions();
-    const Result<int> version = plans().version(planId);
-    if (!version)
-        return version.status();
-    return *version == 0 ? InstructionCache::Instructions() : m_instructions.ofPlan(planId);
+    const Result<StoredPlan> known = plan(planId);
+    if (!known)
+        return known.status();
+    return known->id.isEmpty() ? InstructionCache::Instructions() : m_instructions.ofPlan(planId);
 }
 
 void ClientSession::prefetchInstructions(const QString& planId)
@@ -123,13 +129,58 @@ Result<QString> ClientSession::staticText(const QString& category, const QString
 {
     if (!m_open)
         return QString();
-    const auto known = m_texts.constFind({ category, key });
-    if (known != m_texts.cend())
+    if (m_texts.isEmpty()) {
+        const auto texts = StaticTextStore(m_database).texts();
+        if (!texts)
+            return texts.status();
+        m_texts = *texts;
+    }
+    return m_texts.value({ category, key });
+}
+
+// One cascade of choices asks for the same lists several times.
+Result<QStringList> ClientSession::whiteList(
+    const QString& instructionType, const QString& targetType, const QString& symbol)
+{
+    return listOf({ instructionType, targetType, symbol },
+        [&] { return StrategyStore(m_database).whiteList(instructionType, targetType, symbol); });
+}
+
+Result<QStringList> ClientSession::blackList(const QString& targetType)
+{
+    return listOf({ targetType }, [&] { return StrategyStore(m_database).blackList(targetType); });
+}
+
+Result<QStringList> ClientSession::listOf(const QStringList& key, const std::function<Result<QStringList>()>& read)
+{
+    if (!m_open)
+        return QStringList();
+    const auto known = m_lists.constFind(key);
+    if (known != m_lists.cend())
         return *known;
-    const Result<QString> text = StaticTextStore(m_database).text(category, key);
-    if (text)
-        m_texts.insert({ category, key }, *text);
-    return text;
+    const Result<QStringList> list = read();
+    if (list)
+        m_lists.insert(key, *list);
+    m_endOfEvent.start();
+    return list;
+}
+
+Result<StoredPlan> ClientSession::plan(const QString& planId)
+{
+    if (!m_open)
+        return StoredPlan();
+    if (m_plan.id == planId && !planId.isEmpty())
+        return m_plan;
+    const Result<StoredPlan> plan = plans().plan(planId);
+    m_plan = plan.valueOr(StoredPlan());
+    m_endOfEvent.start();
+    return plan;
+}
+
+void ClientSession::forgetEvent()
+{
+    m_lists.clear();
+    m_plan = StoredPlan();
 }
 
 Result<QStringList> ClientSession::unsignedClients(const QString& protocolId)

@@ -60,8 +60,18 @@ public:
 
     /// The stored instructions of one of `plans`, empty for any other; see `InstructionCache`.
     Result<InstructionCache::Instructions> instructionsOf(const QString& planId);
+    /// Whether `instructionsOf` answers without reading them.
+    bool knowsInstructionsOf(const QString& planId) { return m_instructions.knows(planId); }
     /// Starts reading the instructions of a plan that is likely to be needed next; does nothing while closed.
     void prefetchInstructions(const QString& planId);
+
+    /// The following are read once in each event, because one choice asks for them several times.
+
+    /// One of `plans`; a default plan (empty id) for any other.
+    Result<StoredPlan> plan(const QString& planId);
+    /// See `StrategyStore`.
+    Result<QStringList> whiteList(const QString& instructionType, const QString& targetType, const QString& symbol);
+    Result<QStringList> blackList(const QString& targetType);
 
     /// A static text of the database; empty if there is none. Cached until the session is closed.
     Result<QString> staticText(const QString& category, const QString& key);
@@ -98,6 +108,8 @@ private:
     Status reopen();
     Result<qint64> lookUpElsewhere(const Find& find);
     void repeatLookUps();
+    Result<QStringList> listOf(const QStringList& key, const std::function<Result<QStringList>()>& read);
+    void forgetEvent();
     void startMovingAverages();
     void startPageCheck();
 
@@ -115,6 +127,9 @@ private:
     QMap<QString, QPair<Find, Known>> m_lookUps; ///< those without an answer, by request
     std::unique_ptr<DatabaseThread> m_finder;    ///< started on first use
     QTimer m_idle;                               ///< fires when the trader is likely to be back at the form
+    QTimer m_endOfEvent;
+    StoredPlan m_plan;                       ///< read in this event
+    QHash<QStringList, QStringList> m_lists; ///< read in this event, by their keys
     QHash<QPair<QString, QString>, QString> m_texts;
     QHash<QString, QStringList> m_unsigned;
 };

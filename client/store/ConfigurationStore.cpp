@@ -21,8 +21,15 @@ Status StrategyStore::setWhiteList(
 Result<QStringList> StrategyStore::whiteList(
     const QString& instructionType, const QString& targetType, const QString& symbol)
 {
-    const Result<QStringList> own = list({ White, instructionType, targetType, symbol });
-    return own && own->isEmpty() ? list({ White, instructionType, targetType, QString() }) : own;
+    QMap<QString, QStringList> lists;
+    const Status status = m_database.read(
+        QStringLiteral("SELECT symbol, strategy FROM strategy_lists WHERE list = ? AND instruction_type = ?"
+                       " AND target_type = ? AND symbol IN (?, '') ORDER BY position"),
+        { White, instructionType, targetType, symbol },
+        [&lists](const QSqlQuery& row) { lists[row.value(0).toString()] << row.value(1).toString(); });
+    if (!status)
+        return status;
+    return lists.contains(symbol) ? lists.value(symbol) : lists.value(QString());
 }
 
 Status StrategyStore::setBlackList(const QString& targetType, const QStringList& names)
@@ -32,7 +39,9 @@ Status StrategyStore::setBlackList(const QString& targetType, const QStringList&
 
 Result<QStringList> StrategyStore::blackList(const QString& targetType)
 {
-    return list({ Black, QString(), targetType, QString() });
+    return m_database.texts(
+        QStringLiteral("SELECT strategy FROM strategy_lists WHERE list = ? AND target_type = ? ORDER BY position"),
+        { Black, targetType });
 }
 
 Status StrategyStore::setList(const ListKey& key, const QStringList& names)
@@ -52,13 +61,6 @@ Status StrategyStore::setList(const ListKey& key, const QStringList& names)
     });
 }
 
-Result<QStringList> StrategyStore::list(const ListKey& key)
-{
-    return m_database.texts(QStringLiteral("SELECT strategy FROM strategy_lists WHERE list = ? AND instruction_type = ?"
-                                           " AND target_type = ? AND symbol = ? ORDER BY position"),
-        { key.list, key.instructionType, key.targetType, key.symbol });
-}
-
 StaticTextStore::StaticTextStore(Database& database)
     : m_database(database)
 {
@@ -71,11 +73,12 @@ Status StaticTextStore::set(const QString& category, const QString& key, const Q
         { category, key, text });
 }
 
-Result<QString> StaticTextStore::text(const QString& category, const QString& key, const QString& fallback)
+Result<QHash<QPair<QString, QString>, QString>> StaticTextStore::texts()
 {
-    const auto found = m_database.value(
-        QStringLiteral("SELECT text FROM static_texts WHERE category = ? AND key = ?"), { category, key });
-    if (!found)
-        return found.status();
-    return found->isValid() ? found->toString() : fallback;
+    QHash<QPair<QString, QString>, QString> texts;
+    const Status status = m_database.read(
+        QStringLiteral("SELECT category, key, text FROM static_texts"), {}, [&texts](const QSqlQuery& row) {
+            texts.insert({ row.value(0).toString(), row.value(1).toString() }, row.value(2).toString());
+        });
+    return status ? Result<QHash<QPair<QString, QString>, QString>>(texts) : status;
 }

@@ -2,6 +2,8 @@
 
 #include "Database.h"
 
+#include <QHash>
+#include <QPair>
 #include <QStringList>
 
 /// The lists that allow and forbid algorithm strategies.
@@ -27,7 +29,6 @@ private:
     };
 
     Status setList(const ListKey& key, const QStringList& names);
-    Result<QStringList> list(const ListKey& key);
 
     Database& m_database;
 };
@@ -38,8 +39,8 @@ public:
     explicit StaticTextStore(Database& database);
 
     Status set(const QString& category, const QString& key, const QString& text);
-    /// `fallback` if there is no such text.
-    Result<QString> text(const QString& category, const QString& key, const QString& fallback = QString());
+    /// All of them, by category and key.
+    Result<QHash<QPair<QString, QString>, QString>> texts();
 
 private:
     Database& m_database;

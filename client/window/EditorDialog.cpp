@@ -1,19 +1,16 @@
 #include "EditorDialog.h"
 
 #include "AutoParamSetting.h"
-#include "AutoPlanLogic.h"
 #include "ClientSession.h"
 #include "ConflictDialog.h"
 #include "FormArrangement.h"
 #include "HistoryTexts.h"
 #include "OrloPushButton.h"
 #include "OrloWidget.h"
-#include "Orlo_Fields.h"
 #include "PlainText.h"
 #include "PlanCodes.h"
 #include "PlanEvents.h"
 #include "PlanSubmission.h"
-#include "ReadReport.h"
 
 #include <QAbstractSpinBox>
 #include <QApplication>
@@ -90,9 +87,10 @@ void EditorDialog::openEdit(const QString& planId)
 {
     prepare(tr("修改计划 %1").arg(planId));
     m_holdsValues = true;
-    // Before the form reads the plan: a version that appears in between is reported as a conflict and not overwritten.
-    pin(planId, valueOrReport(ClientSession::instance().plans().version(planId), 0));
+    unpin();
     m_editor->editPlan(planId);
+    // The version that the form has read.
+    pin(planId, ClientSession::instance().versions().of(planId));
     present();
     // A change is checked against the plan's instructions, which may be thousands.
     QTimer::singleShot(UntilFormIsShown, this, [planId] { ClientSession::instance().prefetchInstructions(planId); });
@@ -212,14 +210,13 @@ void EditorDialog::present()
 }
 
 // After a reduction some rows are only restored by the choice of another plan type.
-void EditorDialog::planStored(const QString& planId)
+void EditorDialog::planStored()
 {
     if (!isVisible())
         return;
     m_stored = true;
-    const QString type =
-        AutoPlanLogic::instance().GetPlanInfo(planId).value(Orlo_Fields::AutoPlan::templateCode).toString();
-    m_holdsValues = type == PlanCodes::PlanType::ReduceHoldings;
+    auto* const type = m_editor->findChild<QComboBox*>(QStringLiteral("combx_planType"));
+    m_holdsValues = type->currentData() == PlanCodes::PlanType::ReduceHoldings;
 }
 
 void EditorDialog::pin(const QString& planId, int version)

@@ -56,7 +56,7 @@ private:
     void tabThroughDates();
     void present();
     void fit();
-    void planStored(const QString& planId);
+    void planStored();
     void pin(const QString& planId, int version);
     void unpin();
     void buildNotice();

@@ -1,0 +1,134 @@
+// How many statements the client sends to the server for what a trader does, because each one is a round trip.
+#include "ClientWindowTest.h"
+#include "PlanEvents.h"
+
+#include <QRegularExpression>
+#include <QTableView>
+#include <QThread>
+#include <QtTest>
+
+#include <dlfcn.h>
+#include <libpq-fe.h>
+
+namespace {
+
+const QRegularExpression BeginOrCommit(QStringLiteral("^(BEGIN |COMMIT$)"));
+
+/// The statements that were executed since it was cleared.
+QStringList sent;
+
+} // namespace
+
+/// Replaces libpq's function for this program: the window's thread notes the statement. A statement is prepared once
+/// and counts when it is executed.
+int PQsendQuery(PGconn* connection, const char* statement)
+{
+    static const auto real = reinterpret_cast<decltype(&PQsendQuery)>(dlsym(RTLD_NEXT, "PQsendQuery"));
+    const QString text = QString::fromUtf8(statement);
+    const bool isPing = text == QLatin1String("SELECT 1");
+    if (qApp && QThread::currentThread() == qApp->thread() && !isPing && !text.startsWith(QLatin1String("PREPARE ")))
+        sent << text;
+    return real(connection, statement);
+}
+
+class ServerQueriesTest : public ClientWindowTest {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void okOfANewPlan()
+    {
+        openWindow();
+        pressForEditor(Qt::Key_N);
+        dialogDriver().fill(ordinary());
+        checkOk(2);
+    }
+
+    void okOfACopy()
+    {
+        openOnPlan();
+        pressForEditor(Qt::Key_D);
+        checkOk(2);
+    }
+
+    void okOfAChangedPlan()
+    {
+        openOnPlan();
+        pressForEditor(Qt::Key_E);
+        dialogDriver().type("le_targetTotalNum", QStringLiteral("2000"));
+        // The instructions are read in advance on another thread.
+        QTRY_VERIFY(ClientSession::instance().knowsInstructionsOf(window().currentPlan()));
+        checkOk(4);
+    }
+
+    void openingAPlan_data()
+    {
+        QTest::addColumn<Qt::Key>("key");
+        QTest::newRow("edit") << Qt::Key_E;
+        QTest::newRow("copy") << Qt::Key_D;
+    }
+
+    void openingAPlan()
+    {
+        QFETCH(const Qt::Key, key);
+        openOnPlan();
+        // Who has not signed is asked once in a session.
+        pressForEditor(Qt::Key_N);
+        QVERIFY(press(&dialog(), Qt::Key_Escape));
+        sent.clear();
+        pressForEditor(key);
+        checkSent(4);
+    }
+
+    void aPageOfTheTable()
+    {
+        createSamples(60);
+        openWindow();
+        auto* const table = window().findChild<QTableView*>(QStringLiteral("planTable"));
+        sent.clear();
+        QTest::keyClick(table, Qt::Key_End, Qt::ControlModifier);
+        QCoreApplication::processEvents();
+        // The page, and the instructions and the history of the current plan.
+        checkSent(3);
+    }
+
+    void theTableReadAgain()
+    {
+        createSamples(60);
+        openWindow();
+        sent.clear();
+        QVERIFY(press(&window(), Qt::Key_F5));
+        checkSent(4);
+    }
+
+private:
+    void openOnPlan()
+    {
+        createSamples(1);
+        openWindow();
+    }
+
+    /// Presses OK. Until the plan is stored, `expected` statements are sent within a transaction.
+    void checkOk(int expected)
+    {
+        QStringList untilStored;
+        const auto connection =
+            connect(&PlanEvents::instance(), &PlanEvents::planStored, this, [&untilStored] { untilStored = sent; });
+        sent.clear();
+        QVERIFY(!send().isEmpty());
+        disconnect(connection);
+        QCOMPARE(untilStored.filter(BeginOrCommit).size(), 2);
+        sent = untilStored;
+        checkSent(expected);
+    }
+
+    static void checkSent(int expected)
+    {
+        int statements = 0;
+        for (const QString& statement : qAsConst(sent))
+            statements += BeginOrCommit.match(statement).hasMatch() ? 0 : 1;
+        QVERIFY2(statements == expected, qPrintable(sent.join(QLatin1Char('\n'))));
+    }
+};
+
+QTEST_MAIN(ServerQueriesTest)
+#include "tst_server_queries.moc"
