@@ -13,6 +13,9 @@ constexpr int Writers = 8;
 const QString TableFiles = QStringLiteral("/base/");
 const QString LogFiles = QStringLiteral("/pg_wal/");
 
+// The whole statement, with its end; READ COMMITTED is another one.
+const QByteArray Commit("COMMIT", sizeof "COMMIT");
+
 /// Reasons why writers are refused whose server goes away; those on the common plan also come without a fault.
 QStringList lossReasons()
 {
@@ -53,16 +56,13 @@ private Q_SLOTS:
     void aStoppedServerLosesNothingThatWasAcknowledged()
     {
         QFETCH(QString, mode);
+        startWriters(Writers, 0);
         for (int i = 0; i < rounds(); ++i) {
-            startWriters(Writers, 0);
             waitForAcknowledged(3 * Writers);
             FaultServer::stop(mode);
-            finishWriters();
             FaultServer::start();
         }
-        checkStored(QStringLiteral("%1 writers, server %2").arg(Writers).arg(QLatin1String(QTest::currentDataTag())));
-        checkRefusals(lossReasons());
-        checkNothingIsLeft();
+        checkWritersGoOn(QStringLiteral("server %1").arg(QLatin1String(QTest::currentDataTag())), {});
     }
 
     void aFullDiskIsReportedAndStoresNothingHalf()
@@ -106,45 +106,62 @@ private Q_SLOTS:
             waitForRefused(Writers, errorText(Error::DiskFull));
             FaultServer::makeRoom();
         }
-        waitForAcknowledged(3 * Writers);
-        killWriters();
-        checkStored(QStringLiteral("%1 writers, full disk of the server").arg(Writers));
-        checkRefusals(QStringList{ errorText(Error::DiskFull) } + lossReasons());
-        checkNothingIsLeft();
+        checkWritersGoOn(QStringLiteral("full disk of the server"), { errorText(Error::DiskFull) });
     }
 
     void aFullDiskOfTheLogLosesNothingThatWasAcknowledged()
     {
+        startWriters(Writers, 0);
         for (int i = 0; i < rounds(); ++i) {
-            startWriters(Writers, 0);
             waitForAcknowledged(3 * Writers);
             FaultServer::fillDisk(LogFiles);
-            finishWriters();
+            waitForRefused(Writers, errorText(Error::ConnectionLost));
             FaultServer::makeRoom();
             FaultServer::stop(QStringLiteral("immediate"));
             FaultServer::start();
         }
-        checkStored(QStringLiteral("%1 writers, full disk of the server's log").arg(Writers));
-        checkRefusals(lossReasons());
-        checkNothingIsLeft();
+        checkWritersGoOn(QStringLiteral("full disk of the server's log"), {});
     }
 
     void aCutConnectionLosesNothingThatWasAcknowledged()
     {
         TcpProxy proxy(TestDatabase::serverPort());
         session().leadThrough(proxy.port());
+        startWriters(Writers, 0);
         for (int i = 0; i < rounds(); ++i) {
-            startWriters(Writers, 0);
             waitForAcknowledged(3 * Writers);
             proxy.cut();
-            finishWriters();
         }
-        checkStored(QStringLiteral("%1 writers, cut connections").arg(Writers));
-        checkRefusals(lossReasons());
-        checkNothingIsLeft();
+        checkWritersGoOn(QStringLiteral("cut connections"), {});
+    }
+
+    void aCommitWhoseAnswerIsLostIsLookedUp()
+    {
+        TcpProxy proxy(TestDatabase::serverPort());
+        session().leadThrough(proxy.port());
+        for (int i = 0; i < rounds(); ++i) {
+            QCOMPARE(session().reopen(), Status());
+            proxy.swallowAnswersTo(Commit);
+            QElapsedTimer waiting;
+            waiting.start();
+            QCOMPARE(create(), QString());
+            QVERIFY(proxy.hasSwallowed());
+            QVERIFY2(waiting.elapsed() < 5000, qPrintable(QString::number(waiting.elapsed())));
+        }
+        checkStored(QStringLiteral("swallowed answers to COMMIT"));
     }
 
 private:
+    /// Whether writers go on after a fault, have lost nothing, and were refused for expected reasons only.
+    void checkWritersGoOn(const QString& fault, const QStringList& reasons)
+    {
+        waitForAcknowledged(3 * Writers);
+        killWriters();
+        checkStored(QStringLiteral("%1 writers, %2").arg(Writers).arg(fault));
+        checkRefusals(reasons + lossReasons());
+        checkNothingIsLeft();
+    }
+
     /// Faults of a test function.
     static int rounds() { return qMax(1, setting("FAULTS_KILLS", 12) / 20); }
 

@@ -46,7 +46,7 @@ void DatabaseWatch::look()
 // Any other failure is reported by the next read that has a result.
 void DatabaseWatch::poll()
 {
-    if (m_database.poll().error() != Error::ConnectionLost)
+    if (m_isLost || m_database.poll().error() != Error::ConnectionLost)
         return;
     m_isLost = true;
     m_polling.stop();

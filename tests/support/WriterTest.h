@@ -32,7 +32,7 @@ protected:
     void finishWriters();
     /// Waits until the running writers got so many more acknowledgements, or refusals for a reason.
     void waitForAcknowledged(int number) { waitFor(number, QStringLiteral("\nstored ")); }
-    void waitForRefused(int number, const QString& reason) { waitFor(number, reason + QLatin1Char('\n')); }
+    void waitForRefused(int number, const QString& reason) { waitFor(number, reason); }
 
     /// Whether everything that was acknowledged is stored, whole and once. Prints the figures.
     void checkStored(const QString& what);

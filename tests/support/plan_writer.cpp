@@ -17,6 +17,7 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QEventLoop>
 
 #include <sys/prctl.h>
 #include <sys/resource.h>
@@ -77,6 +78,8 @@ public:
     }
 
     bool hasPlan() const { return !m_plan.isEmpty(); }
+    /// The version of a plan is not known after its connection was lost.
+    void forgetPlan() { m_plan.clear(); }
     /// Whether the last plan was stored.
     bool isAcknowledged() const { return m_isAcknowledged; }
 
@@ -152,12 +155,24 @@ bool isConnected()
     return bool(ClientSession::instance().database().value(QStringLiteral("SELECT 1")));
 }
 
+void waitForConnection()
+{
+    QEventLoop loop;
+    QObject::connect(&PlanEvents::instance(), &PlanEvents::connectionRestored, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
 // Twice as many changes as new plans; a shared plan is changed every third time.
 int writePlans(const QString& name, int count, const QString& shared)
 {
     Writer writer(name);
+    ClientSession::instance().watch();
     say(QStringLiteral("ready"));
-    for (int i = 0; (count == 0 || i < count) && (writer.isAcknowledged() || isConnected()); ++i) {
+    for (int i = 0; count == 0 || i < count; ++i) {
+        if (!writer.isAcknowledged() && !isConnected()) {
+            waitForConnection();
+            writer.forgetPlan();
+        }
         if (i % 3 == 0 || !writer.hasPlan())
             writer.create();
         else if (i % 3 == 1 || shared.isEmpty())
