@@ -114,8 +114,9 @@ private Q_SLOTS:
         startWriters(Writers, 0);
         for (int i = 0; i < rounds(); ++i) {
             waitForAcknowledged(3 * Writers);
+            const int before = refusals();
             FaultServer::fillDisk(LogFiles);
-            waitForRefused(Writers, errorText(Error::ConnectionLost));
+            waitForRefusals(before + Writers);
             FaultServer::makeRoom();
             FaultServer::stop(QStringLiteral("immediate"));
             FaultServer::start();
@@ -133,6 +134,22 @@ private Q_SLOTS:
             proxy.cut();
         }
         checkWritersGoOn(QStringLiteral("cut connections"), {});
+    }
+
+    void aStalledConnectionIsGivenUpInTime()
+    {
+        TcpProxy proxy(TestDatabase::serverPort());
+        session().leadThrough(proxy.port());
+        startWriters(Writers, 0);
+        for (int i = 0; i < rounds(); ++i) {
+            waitForAcknowledged(3 * Writers);
+            const int before = refusals();
+            proxy.stall();
+            // Each writer is refused and waits for the connection.
+            waitForRefusals(before + Writers);
+            proxy.resume();
+        }
+        checkWritersGoOn(QStringLiteral("stalled connections"), {});
     }
 
     void aCommitWhoseAnswerIsLostIsLookedUp()

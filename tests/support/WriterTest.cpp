@@ -84,6 +84,11 @@ void WriterTest::waitFor(int number, const QString& answer)
     QTRY_VERIFY_WITH_TIMEOUT(count(answer) >= wanted, Timeout);
 }
 
+void WriterTest::waitForRefusals(int total)
+{
+    QTRY_VERIFY_WITH_TIMEOUT(refusals() >= total, Timeout);
+}
+
 void WriterTest::checkStored(const QString& what)
 {
     const QString location = m_session->ownersFile();

@@ -33,6 +33,9 @@ protected:
     /// Waits until the running writers got so many more acknowledgements, or refusals for a reason.
     void waitForAcknowledged(int number) { waitFor(number, QStringLiteral("\nstored ")); }
     void waitForRefused(int number, const QString& reason) { waitFor(number, reason); }
+    /// How often writers were refused, for whatever reason.
+    int refusals() { return count(QStringLiteral("\nrefused ")); }
+    void waitForRefusals(int total);
 
     /// Whether everything that was acknowledged is stored, whole and once. Prints the figures.
     void checkStored(const QString& what);
