@@ -3,6 +3,7 @@
 #include "PlanEvents.h"
 
 #include <QRegularExpression>
+#include <QSignalSpy>
 #include <QTableView>
 #include <QThread>
 #include <QtTest>
@@ -16,6 +17,9 @@ const QRegularExpression BeginOrCommit(QStringLiteral("^(BEGIN |COMMIT$)"));
 
 /// The statements that were executed since it was cleared.
 QStringList sent;
+/// The signs of life that were asked for, and the answers that were taken.
+int pings = 0;
+int answers = 0;
 
 } // namespace
 
@@ -26,9 +30,19 @@ int PQsendQuery(PGconn* connection, const char* statement)
     static const auto real = reinterpret_cast<decltype(&PQsendQuery)>(dlsym(RTLD_NEXT, "PQsendQuery"));
     const QString text = QString::fromUtf8(statement);
     const bool isPing = text == QLatin1String("SELECT 1");
+    pings += isPing ? 1 : 0;
     if (qApp && QThread::currentThread() == qApp->thread() && !isPing && !text.startsWith(QLatin1String("PREPARE ")))
         sent << text;
     return real(connection, statement);
+}
+
+/// Counts the answers that were taken to their end.
+PGresult* PQgetResult(PGconn* connection)
+{
+    static const auto real = reinterpret_cast<decltype(&PQgetResult)>(dlsym(RTLD_NEXT, "PQgetResult"));
+    PGresult* const result = real(connection);
+    answers += result ? 0 : 1;
+    return result;
 }
 
 class ServerQueriesTest : public ClientWindowTest {
@@ -98,6 +112,22 @@ private Q_SLOTS:
         sent.clear();
         QVERIFY(press(&window(), Qt::Key_F5));
         checkSent(4);
+    }
+
+    void aChangeIsNoticedBeforeTheNextPing()
+    {
+        openOnPlan();
+        Database other;
+        QCOMPARE(other.open(session().ownersFile()), Status());
+        QSignalSpy changed(&PlanEvents::instance(), &PlanEvents::plansChanged);
+        const int former = pings;
+        QTRY_VERIFY(pings > former);
+        const int answered = answers;
+        QTRY_VERIFY(answers > answered);
+        const int before = pings;
+        QCOMPARE(other.execute(QStringLiteral("UPDATE plans SET version = version + 1")), Status());
+        QVERIFY(changed.wait());
+        QCOMPARE(pings, before);
     }
 
 private:

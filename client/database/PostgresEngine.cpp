@@ -318,8 +318,10 @@ void PostgresEngine::finishPing()
 void PostgresEngine::takeNotifier(QSocketNotifier* notifier)
 {
     m_notifier = notifier;
-    // After the driver, which reads what has arrived.
+    // After the driver, which reads what has arrived. libpq passes on no notice behind an answer that is not taken.
     QObject::connect(notifier, &QSocketNotifier::activated, m_watch.get(), [this] {
+        if (PQstatus(m_connection) == CONNECTION_OK && PQisBusy(m_connection) == 0)
+            finishPing();
         silenceWhenLost();
         if (PQstatus(m_connection) != CONNECTION_OK)
             noticeLater();
