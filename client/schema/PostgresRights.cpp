@@ -121,7 +121,7 @@ CREATE TRIGGER instructions_within_limits BEFORE INSERT OR UPDATE OF issued_quan
     FOR EACH ROW EXECUTE FUNCTION check_limits()
 )";
 
-// Changes of rights, accounts and limits, whoever makes them with whatever program. Users do not read them.
+// Changes of rights, accounts and limits by any program. Users do not read them.
 const char* const RightsHistory = R"(
 CREATE TABLE rights_history (
     number bigint GENERATED ALWAYS AS IDENTITY PRIMARY KEY,
