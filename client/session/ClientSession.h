@@ -60,8 +60,6 @@ public:
 
     /// The stored instructions of one of `plans`, empty for any other; see `InstructionCache`.
     Result<InstructionCache::Instructions> instructionsOf(const QString& planId);
-    /// Whether `instructionsOf` answers without reading them.
-    bool knowsInstructionsOf(const QString& planId) { return m_instructions.knows(planId); }
     /// Starts reading the instructions of a plan that is likely to be needed next; does nothing while closed.
     void prefetchInstructions(const QString& planId);
 

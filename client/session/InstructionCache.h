@@ -14,8 +14,6 @@ public:
 
     /// The stored instructions of a plan; empty if the plan is unknown or has none.
     Result<Instructions> ofPlan(const QString& planId);
-    /// Whether `ofPlan` answers without reading.
-    bool knows(const QString& planId) { return isKnown(planId, m_database.changeToken()); }
     /// Starts reading the instructions of a plan that is likely to be needed next, on another thread. The database must
     /// be open.
     void prefetch(const QString& planId);
