@@ -1,13 +1,16 @@
 // The client's window while the connection to its server is lost and comes back.
+#include "AgreementDC.h"
 #include "AutoPlanField.h"
 #include "AutoPlanLogic.h"
 #include "ClientWindowTest.h"
 #include "ErrorText.h"
 #include "HistoryStore.h"
 #include "InstructionIssuer.h"
+#include "Orlo_Values.h"
 #include "PlanEvents.h"
 #include "PlanSubmission.h"
 #include "PlanTable.h"
+#include "Signatures.h"
 #include "TcpProxy.h"
 #include "TestStatus.h"
 
@@ -74,6 +77,8 @@ private Q_SLOTS:
         QVERIFY(!line()->isVisible());
         createOnServer();
         QTRY_COMPARE_WITH_TIMEOUT(table().planCount(), 1, Patience);
+        // The details may still be read.
+        log().allowWarning(errorText(Error::ConnectionLost));
         lose(isStalled);
         QTRY_VERIFY_WITH_TIMEOUT(line()->isVisible(), ThreeSeconds);
         QCOMPARE(line()->text(), Reconnecting);
@@ -153,18 +158,121 @@ private Q_SLOTS:
         QVERIFY(m_proxy->hasSwallowed());
     }
 
-    void aStoredFormWhoseOutcomeWasUnknownIsAcknowledgedLater()
+    void aNewPlanWhoseOutcomeWasUnknownIsReportedLater_data() { addFates(); }
+
+    void aNewPlanWhoseOutcomeWasUnknownIsReportedLater()
     {
+        QFETCH(bool, isStored);
         openWindow();
+        pressForEditor(Qt::Key_N);
+        FormDriver driver = dialogDriver();
+        driver.fill(ordinary());
+        QCOMPARE(driver.takeProblems(), QStringList());
+        const QString total = totalOfForm();
         sendWithoutAnswer();
-        boxes().expect(QStringLiteral("msgBoxTip"), true);
-        m_proxy->resume();
-        QTRY_VERIFY_WITH_TIMEOUT(!dialog().isVisible(), Patience);
-        QTRY_COMPARE_WITH_TIMEOUT(window().currentPlan(), newestOnServer(), Patience);
-        const auto seen = boxes().take();
-        QCOMPARE(seen.size(), 1);
-        QCOMPARE(seen.constFirst().text, QStringLiteral("连接中断前提交的计划%1已保存。").arg(newestOnServer()));
+        if (isStored) {
+            QCOMPARE(outcomeLater(), QStringLiteral("连接中断前提交的计划%1已保存。").arg(newestOnServer()));
+            QVERIFY(!dialog().isVisible());
+            QCOMPARE(window().currentPlan(), newestOnServer());
+        } else {
+            QCOMPARE(outcomeLater(), QStringLiteral("连接中断前提交的计划未保存，请重新提交。"));
+            QVERIFY(dialog().isVisible());
+            QCOMPARE(countOnServer(), 0);
+            QCOMPARE(totalOfForm(), total);
+            QCOMPARE(send(), QStringLiteral("交易自动规划创建成功!"));
+        }
         QCOMPARE(countOnServer(), 1);
+    }
+
+    void aChangedPlanWhoseOutcomeWasUnknownIsReportedLater_data() { addFates(); }
+
+    void aChangedPlanWhoseOutcomeWasUnknownIsReportedLater()
+    {
+        QFETCH(bool, isStored);
+        const QString plan = createOnServer();
+        openWindow();
+        editTotal(QStringLiteral("3000"));
+        sendWithoutAnswer();
+        if (isStored) {
+            QCOMPARE(outcomeLater(), QStringLiteral("连接中断前提交的计划%1已保存。").arg(plan));
+            QVERIFY(!dialog().isVisible());
+            QCOMPARE(window().currentPlan(), plan);
+            QCOMPARE(totalOnServer(plan), QStringLiteral("3000"));
+            // The next change is made from the stored version.
+            editTotal(QStringLiteral("4000"));
+            QCOMPARE(send(), QStringLiteral("交易计划%1修改成功!").arg(plan));
+            QCOMPARE(plans().plan(plan)->version, 3);
+        } else {
+            QCOMPARE(outcomeLater(), QStringLiteral("连接中断前提交的计划未保存，请重新提交。"));
+            QVERIFY(dialog().isVisible());
+            QCOMPARE(totalOnServer(plan), QStringLiteral("1000"));
+            QCOMPARE(totalOfForm(), QStringLiteral("3000"));
+            QCOMPARE(send(), QStringLiteral("交易计划%1修改成功!").arg(plan));
+            QCOMPARE(plans().plan(plan)->version, 2);
+        }
+    }
+
+    void aFormThatWasChangedSinceItWasSentStaysOpen_data()
+    {
+        QTest::addColumn<bool>("isStored");
+        QTest::newRow("stored") << true;
+    }
+
+    void aFormThatWasChangedSinceItWasSentStaysOpen()
+    {
+        const QString plan = createOnServer();
+        openWindow();
+        editTotal(QStringLiteral("3000"));
+        sendWithoutAnswer();
+        dialogDriver().type("le_targetTotalNum", QStringLiteral("4000"));
+        QCOMPARE(outcomeLater(), QStringLiteral("连接中断前提交的计划%1已保存。").arg(plan));
+        QVERIFY(dialog().isVisible());
+        QCOMPARE(totalOfForm(), QStringLiteral("4000"));
+        // Its values do not get into the next form.
+        dialog().leave();
+        pressForEditor(Qt::Key_N);
+        QVERIFY(totalOfForm() != QStringLiteral("4000"));
+    }
+
+    void aDayWhoseOutcomeWasUnknownIsReportedLater_data() { addFates(); }
+
+    void aDayWhoseOutcomeWasUnknownIsReportedLater()
+    {
+        QFETCH(bool, isStored);
+        const QString plan = createOnServer();
+        openWindow();
+        const auto issue = [this] { QVERIFY(press(&window(), Qt::Key_I, Qt::ControlModifier)); };
+        loseCommit();
+        QCOMPARE(boxOf(issue, "msgBoxError"), errorText({ Error::OutcomeUnknown, {}, Error::ConnectionLost }));
+        QVERIFY(m_proxy->hasSwallowed());
+        QCOMPARE(outcomeLater(),
+            isStored ? QStringLiteral("连接中断前下达的当日指令已保存。")
+                     : QStringLiteral("连接中断前下达的当日指令未保存，请重新下达。"));
+        QCOMPARE(InstructionStore(server()).ofPlan(plan)->size(), isStored ? 1 : 0);
+        QCOMPARE(boxOf(issue).isEmpty(), false);
+        QCOMPARE(InstructionStore(server()).ofPlan(plan)->size(), 1);
+    }
+
+    void aSignatureWhoseOutcomeWasUnknownIsReportedLater_data() { addFates(); }
+
+    void aSignatureWhoseOutcomeWasUnknownIsReportedLater()
+    {
+        QFETCH(bool, isStored);
+        QCOMPARE(session().reopen(QStringLiteral("trader07")), Status());
+        openWindow();
+        const QString agreement = Orlo_Values::ProtocolId::AutoPlanReduceAgree;
+        const auto unsignedClients = [&] { return AgreementDC::instance().GetUnsignedClientNoList(agreement); };
+        const QStringList before = unsignedClients();
+        QVERIFY(!before.isEmpty());
+        loseCommit();
+        QCOMPARE(signAgreement(agreement, before), Status(Error::OutcomeUnknown, {}, Error::ConnectionLost));
+        QVERIFY(m_proxy->hasSwallowed());
+        QCOMPARE(outcomeLater(),
+            isStored ? QStringLiteral("连接中断前签署的协议已保存。")
+                     : QStringLiteral("连接中断前签署的协议未保存，请重新签署。"));
+        QCOMPARE(unsignedClients(), isStored ? QStringList() : before);
+        QCOMPARE(signAgreement(agreement, before), Status());
+        QCOMPARE(unsignedClients(), QStringList());
     }
 
     void theAveragesConnectAgain()
@@ -312,16 +420,40 @@ private:
         return field<QWidget>(*dialogEditor(), "le_targetTotalNum")->findChild<QLineEdit*>()->text();
     }
 
-    /// Sends a new form whose COMMIT is executed and not answered, and whose outcome cannot be looked up.
+    QString totalOnServer(const QString& plan)
+    {
+        return PlanStore(server()).plan(plan)->record.value(BaseField::totalQty).toString();
+    }
+
+    void editTotal(const QString& total)
+    {
+        pressForEditor(Qt::Key_E);
+        dialogDriver().type("le_targetTotalNum", total);
+    }
+
+    /// Whether the server executes a COMMIT whose outcome the client cannot look up.
+    static void addFates()
+    {
+        QTest::addColumn<bool>("isStored");
+        QTest::newRow("stored") << true;
+        QTest::newRow("not stored") << false;
+    }
+
+    void loseCommit()
+    {
+        QFETCH(bool, isStored);
+        log().allowWarning(QStringLiteral("QSocketNotifier: Invalid socket"));
+        if (isStored)
+            m_proxy->swallowAnswersTo(Commit);
+        else
+            m_proxy->swallow(Commit);
+        m_proxy->refuse();
+    }
+
+    /// Sends the open form and loses its COMMIT.
     void sendWithoutAnswer()
     {
-        pressForEditor(Qt::Key_N);
-        FormDriver driver = dialogDriver();
-        driver.fill(ordinary());
-        QCOMPARE(driver.takeProblems(), QStringList());
-        log().allowWarning(QStringLiteral("QSocketNotifier: Invalid socket"));
-        m_proxy->swallowAnswersTo(Commit);
-        m_proxy->refuse();
+        loseCommit();
         QElapsedTimer passed;
         passed.start();
         const QString refusal = send("msgBoxError");
@@ -330,6 +462,20 @@ private:
         QVERIFY2(passed.elapsed() < LongestCall, qPrintable(QString::number(passed.elapsed())));
         QVERIFY(m_proxy->hasSwallowed());
         QVERIFY(dialog().isVisible());
+    }
+
+    /// Lets the connection come back, and returns the text of the box that reports the outcome.
+    QString outcomeLater()
+    {
+        QFETCH(bool, isStored);
+        int known = 0;
+        QObject context;
+        connect(&PlanEvents::instance(), &PlanEvents::outcomeKnown, &context, [&known] { ++known; });
+        const auto comeBack = [&] {
+            m_proxy->resume();
+            QTRY_COMPARE_WITH_TIMEOUT(known, 1, Patience);
+        };
+        return boxOf(comeBack, isStored ? "msgBoxTip" : "msgBoxError");
     }
 
     std::unique_ptr<TcpProxy> m_proxy;

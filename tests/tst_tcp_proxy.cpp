@@ -114,6 +114,21 @@ private Q_SLOTS:
         QVERIFY(!m_client->waitForReadyRead(50));
     }
 
+    void aTextIsSwallowed()
+    {
+        m_proxy->swallow("COMMIT");
+        send(*m_client, *m_server, "BEGIN COM");
+        QVERIFY(!m_proxy->hasSwallowed());
+        m_client->write("MIT");
+        QTRY_VERIFY_WITH_TIMEOUT(m_proxy->hasSwallowed(), Timeout);
+        m_client->write("more");
+        m_server->write("swallowed");
+        QVERIFY(!m_client->waitForReadyRead(50));
+        m_client->disconnectFromHost();
+        QTRY_COMPARE(m_server->state(), QAbstractSocket::UnconnectedState);
+        QCOMPARE(m_server->readAll(), QByteArray());
+    }
+
 private:
     std::unique_ptr<QTcpServer> m_listener;
     std::unique_ptr<TcpProxy> m_proxy;

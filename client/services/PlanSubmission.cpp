@@ -142,6 +142,13 @@ Status storeChange(ClientSession& session, const PlanChange& change, std::option
     return refused ? plans.replace(*stored, change.record, session.changeNow(change.request)) : refused;
 }
 
+void noteStored(const QString& planId, int version)
+{
+    ClientSession& session = ClientSession::instance();
+    session.requests().clear();
+    session.versions().note(planId, version);
+}
+
 /// The id of the plan that a failed transaction stored all the same, or that another one stored for the same request.
 Result<QString> storedDespite(const Status& failure, const QString& request, int version)
 {
@@ -151,7 +158,8 @@ Result<QString> storedDespite(const Status& failure, const QString& request, int
     const auto find = [request](Database& database) { return HistoryStore(database).planOfRequest(request); };
     const auto known = [version](qint64 number) {
         const QString id = number == 0 ? QString() : PlanId::fromNumber(number);
-        PlanSubmission::acknowledge(id, version);
+        if (!id.isEmpty())
+            noteStored(id, version);
         Q_EMIT PlanEvents::instance().outcomeKnown(UnknownRequest::Plan, number != 0, id);
     };
     const Result<qint64> stored = session.lookUp(request, find, known);
@@ -166,11 +174,7 @@ Result<QString> storedDespite(const Status& failure, const QString& request, int
 
 void PlanSubmission::acknowledge(const QString& planId, int version)
 {
-    if (planId.isEmpty())
-        return;
-    ClientSession& session = ClientSession::instance();
-    session.requests().clear();
-    session.versions().note(planId, version);
+    noteStored(planId, version);
     Q_EMIT PlanEvents::instance().planStored(planId);
 }
 

@@ -17,7 +17,7 @@ Result<QString> create(const Record& record, const QString& request);
 Status change(const QString& planId, int version, const Record& record, const QString& request,
     std::optional<PlanConflict>& conflict);
 
-/// Notes that a version of a plan was stored.
+/// Notes that a version of a plan was stored, and emits `planStored`.
 void acknowledge(const QString& planId, int version);
 /// How a plan differs from a version that was read, as a conflict without a refused record; none if it has no later
 /// version, or is unknown.

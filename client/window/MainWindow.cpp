@@ -280,7 +280,8 @@ void MainWindow::endLoss()
 
 void MainWindow::showOutcome(UnknownRequest request, bool isStored, const QString& planId)
 {
-    m_editor->closeStored();
+    if (isStored && request == UnknownRequest::Plan)
+        m_editor->closeStored();
     refresh();
     if (!planId.isEmpty())
         selectPlan(planId);

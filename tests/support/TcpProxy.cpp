@@ -13,7 +13,8 @@ constexpr int Timeout = 5000;
 struct Flow {
     bool toServer = true;
     bool toClient = true;
-    QByteArray swallowed; ///< the text whose answer is swallowed; empty once it was sent
+    QByteArray swallowed;      ///< the text whose answer is swallowed; empty once it was sent
+    bool swallowsText = false; ///< whether the text is, too
 };
 
 bool hasEnded(const QTcpSocket& socket)
@@ -21,15 +22,18 @@ bool hasEnded(const QTcpSocket& socket)
     return socket.state() == QAbstractSocket::UnconnectedState;
 }
 
-/// Forwards what has arrived and then the end of the connection. Returns the data.
-QByteArray pass(QTcpSocket& from, QTcpSocket& to)
+QByteArray arrived(QTcpSocket& socket)
 {
-    const QByteArray data = from.bytesAvailable() > 0 ? from.readAll() : QByteArray();
+    return socket.bytesAvailable() > 0 ? socket.readAll() : QByteArray();
+}
+
+/// Forwards data and then the end of the connection.
+void pass(QTcpSocket& from, QTcpSocket& to, const QByteArray& data)
+{
     if (!hasEnded(to))
         to.write(data);
     if (hasEnded(from))
         to.disconnectFromHost();
-    return data;
 }
 
 /// A client's connection and the one to the server for it.
@@ -43,13 +47,14 @@ public:
     bool isOpen() const { return !hasEnded(m_server); }
 
 private:
-    void forwardToServer();
+    void lookForText(const QByteArray& data);
 
     QTcpSocket& m_client;
     QTcpSocket m_server;
     Flow& m_flow;
     QByteArray m_sent; ///< the last bytes, because the text may arrive in parts
     bool m_isSwallowing = false;
+    bool m_isDropping = false; ///< what the client sends
 };
 
 Connection::Connection(QTcpSocket* client, quint16 serverPort, Flow& flow, QObject* parent)
@@ -70,22 +75,25 @@ Connection::Connection(QTcpSocket* client, quint16 serverPort, Flow& flow, QObje
 
 void Connection::forward()
 {
-    if (m_flow.toServer)
-        forwardToServer();
+    if (m_flow.toServer) {
+        const QByteArray data = arrived(m_client);
+        lookForText(data);
+        pass(m_client, m_server, m_isDropping ? QByteArray() : data);
+    }
     if (m_flow.toClient && !m_isSwallowing)
-        pass(m_server, m_client);
+        pass(m_server, m_client, arrived(m_server));
     if (hasEnded(m_client) && hasEnded(m_server))
         deleteLater();
 }
 
-void Connection::forwardToServer()
+void Connection::lookForText(const QByteArray& data)
 {
-    const QByteArray data = pass(m_client, m_server);
     const QByteArray& text = m_flow.swallowed;
     if (text.isEmpty())
         return;
     m_sent = m_sent.right(text.size() - 1) + data;
     m_isSwallowing = m_sent.contains(text);
+    m_isDropping = m_isSwallowing && m_flow.swallowsText;
     if (m_isSwallowing)
         m_flow.swallowed.clear();
 }
@@ -93,6 +101,7 @@ void Connection::forwardToServer()
 void Connection::resume()
 {
     m_isSwallowing = false;
+    m_isDropping = false;
     forward();
 }
 
@@ -215,9 +224,20 @@ void TcpProxy::refuse()
     run([this] { m_relay->refuse(); });
 }
 
+void TcpProxy::swallow(const QByteArray& text)
+{
+    run([&] {
+        m_relay->flow().swallowed = text;
+        m_relay->flow().swallowsText = true;
+    });
+}
+
 void TcpProxy::swallowAnswersTo(const QByteArray& text)
 {
-    run([&] { m_relay->flow().swallowed = text; });
+    run([&] {
+        m_relay->flow().swallowed = text;
+        m_relay->flow().swallowsText = false;
+    });
 }
 
 bool TcpProxy::hasSwallowed()

@@ -31,7 +31,9 @@ public:
     void refuse();
     /// The connection that is the first to send a text to the server gets no answers from then on.
     void swallowAnswersTo(const QByteArray& text);
-    /// Whether the text has gone to the server.
+    /// The same, and the text and what follows it do not reach the server.
+    void swallow(const QByteArray& text);
+    /// Whether the text was sent.
     bool hasSwallowed();
 
 private:
