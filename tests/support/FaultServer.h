@@ -2,8 +2,8 @@
 
 #include <QString>
 
-/// The server of `scripts/team-server` in the folder TEAM_SERVER, which only this test program uses. It may be killed,
-/// and its disk may be full.
+/// The server of `scripts/team-server` in the folder TEAM_SERVER, which no other program uses meanwhile. It may be
+/// killed, and its disk may be full.
 namespace FaultServer {
 
 /// Starts it, unless it is running.

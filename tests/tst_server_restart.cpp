@@ -1,0 +1,95 @@
+// The client's window while its server is killed, or stopped, and started again.
+#include "AutoPlanField.h"
+#include "ClientWindowTest.h"
+#include "ErrorText.h"
+#include "FaultServer.h"
+#include "PlanTable.h"
+#include "TestStatus.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QtTest>
+
+namespace BaseField = AutoPlanField::BaseField;
+
+namespace {
+
+constexpr int ThreeSeconds = 3000;
+constexpr int Patience = 60000; // until the server answers again
+
+} // namespace
+
+class ServerRestartTest : public ClientWindowTest {
+    Q_OBJECT
+
+protected:
+    void tidyUp() override
+    {
+        FaultServer::start();
+        m_server.close();
+        ClientWindowTest::tidyUp();
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        qputenv("TEST_DATABASE", "server");
+        FaultServer::makeRoom();
+        FaultServer::start();
+    }
+
+    void anOpenFormIsSentWhenTheServerIsBack_data()
+    {
+        QTest::addColumn<QString>("mode");
+        QTest::newRow("killed") << QStringLiteral("immediate");
+        QTest::newRow("stopped") << QStringLiteral("fast");
+    }
+
+    void anOpenFormIsSentWhenTheServerIsBack()
+    {
+        QFETCH(QString, mode);
+        openWindow();
+        const QString plan = createPlan();
+        QCOMPARE(window().currentPlan(), plan);
+        pressForEditor(Qt::Key_E);
+        dialogDriver().type("le_targetTotalNum", QStringLiteral("3000"));
+        QVERIFY(!line()->isVisible());
+
+        log().allowWarning(QStringLiteral("QSocketNotifier: Invalid socket"));
+        FaultServer::stop(mode);
+        QTRY_VERIFY_WITH_TIMEOUT(line()->isVisible(), ThreeSeconds);
+        QCOMPARE(line()->text(), QStringLiteral("与服务器的连接已断开，正在重新连接……"));
+        log().expectWarning(errorText(Error::ConnectionLost), 2);
+        QVERIFY(!send("msgBoxWarning").isEmpty());
+        QVERIFY(dialog().isVisible());
+        QCOMPARE(totalOfForm(), QStringLiteral("3000"));
+
+        FaultServer::start();
+        QTRY_VERIFY_WITH_TIMEOUT(!line()->isVisible(), Patience);
+        QVERIFY(dialog().isVisible());
+        QCOMPARE(totalOfForm(), QStringLiteral("3000"));
+        QCOMPARE(send(), QStringLiteral("交易计划%1修改成功!").arg(plan));
+        QCOMPARE(m_server.open(session().ownersFile()), Status());
+        const auto stored = PlanStore(m_server).plan(plan);
+        QCOMPARE(stored->version, 2);
+        QCOMPARE(stored->record.value(BaseField::totalQty).toString(), QStringLiteral("3000"));
+        // Changes by others are noticed again.
+        QCOMPARE(PlanStore(m_server)
+                     .create(stored->record, { QStringLiteral("trader01"), QDateTime::currentDateTimeUtc() })
+                     .status(),
+            Status());
+        QTRY_COMPARE_WITH_TIMEOUT(field<PlanTable>(window(), "planTable")->planCount(), 2, Patience);
+    }
+
+private:
+    QLabel* line() const { return field<QLabel>(window(), "outdated"); }
+    QString totalOfForm() const
+    {
+        return field<QWidget>(*dialogEditor(), "le_targetTotalNum")->findChild<QLineEdit*>()->text();
+    }
+
+    Database m_server; ///< another client
+};
+
+QTEST_MAIN(ServerRestartTest)
+#include "tst_server_restart.moc"
