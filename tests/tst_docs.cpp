@@ -1,5 +1,6 @@
+#include "SourceText.h"
+
 #include <QDir>
-#include <QFile>
 #include <QRegularExpression>
 #include <QtTest>
 
@@ -12,20 +13,7 @@ QString inProject(const QString& path)
 
 QString readAll(const QString& path)
 {
-    QFile file(inProject(path));
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("The file cannot be read: %s", qPrintable(path));
-    return QString::fromUtf8(file.readAll());
-}
-
-/// The first capture group of every match.
-QStringList allMatches(const QString& text, const QString& pattern)
-{
-    QStringList found;
-    auto match = QRegularExpression(pattern, QRegularExpression::MultilineOption).globalMatch(text);
-    while (match.hasNext())
-        found.append(match.next().captured(1));
-    return found;
+    return textOf(inProject(path));
 }
 
 bool hasLineWith(const QString& page, const QStringList& words)
