@@ -15,7 +15,7 @@ namespace {
 
 enum class DiskFault { Locked, ReadOnly, Full, WriteError };
 
-constexpr int OneSecond = 1000;
+constexpr int OneSecond = 1000 * TEST_TIMEOUT_SCALE;
 
 /// The value of every field of the form, and whether it is visible and enabled.
 QStringList stateOf(const QWidget& form)

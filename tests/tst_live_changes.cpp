@@ -386,7 +386,7 @@ private:
     {
         PlanStore store(colleague());
         const auto record = with(recordOfOthers(), BaseField::expectedUser, userName);
-        QCOMPARE(store.modify(plan, *store.version(plan), record, { Colleague, ChangeTime }), Status());
+        QCOMPARE(store.modify(plan, store.plan(plan)->version, record, { Colleague, ChangeTime }), Status());
     }
 
     Database m_colleague;

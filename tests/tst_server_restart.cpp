@@ -14,8 +14,8 @@ namespace BaseField = AutoPlanField::BaseField;
 
 namespace {
 
-constexpr int ThreeSeconds = 3000;
-constexpr int Patience = 60000; // until the server answers again
+constexpr int ThreeSeconds = 3000 * TEST_TIMEOUT_SCALE;
+constexpr int Patience = 60000 * TEST_TIMEOUT_SCALE; // until the server answers again
 
 } // namespace
 

@@ -30,7 +30,7 @@ Q_DECLARE_METATYPE(FaultyDisk::Lasting)
 
 namespace {
 
-constexpr int OneSecond = 1000;
+constexpr int OneSecond = 1000 * TEST_TIMEOUT_SCALE;
 // More writes than any one plan takes.
 constexpr int MostOperations = 500;
 
@@ -47,6 +47,32 @@ sqlite3* connection()
 {
     return *static_cast<sqlite3* const*>(client().database().handle().constData());
 }
+
+/// Lets every COMMIT of the session fail while it exists, and calls a function before the client looks up the outcome.
+class FailingCommit {
+public:
+    explicit FailingCommit(const std::function<void()>& then)
+        : m_then(then)
+    {
+        sqlite3_commit_hook(
+            connection(), [](void*) { return 1; }, nullptr);
+        sqlite3_rollback_hook(
+            connection(), [](void* self) { static_cast<FailingCommit*>(self)->m_then(); }, this);
+    }
+    ~FailingCommit() { end(); }
+    FailingCommit(const FailingCommit&) = delete;
+    FailingCommit& operator=(const FailingCommit&) = delete;
+
+    void setThen(const std::function<void()>& then) { m_then = then; }
+    void end()
+    {
+        sqlite3_commit_hook(connection(), nullptr, nullptr);
+        sqlite3_rollback_hook(connection(), nullptr, nullptr);
+    }
+
+private:
+    std::function<void()> m_then;
+};
 
 QString reasonOf(Fault fault)
 {
@@ -254,17 +280,12 @@ private Q_SLOTS:
     void anUnknownOutcomeIsSaidAndThePlanIsNotStoredTwice()
     {
         // COMMIT fails, and the file cannot be read afterwards.
-        sqlite3_commit_hook(
-            connection(),
-            [](void*) {
-                FaultyDisk::failAt(1, Fault::Taken, Lasting::ForGood, FaultyDisk::Operation::Lock);
-                return 1;
-            },
-            nullptr);
+        FailingCommit commit(
+            [] { FaultyDisk::failAt(1, Fault::Taken, Lasting::ForGood, FaultyDisk::Operation::Lock); });
         const PlanLedger::Record record = PlanLedger::recordOf(m_base, QStringLiteral("unknown"));
         const QString reason = AutoPlanLogic::instance().CreateNewPlan(record);
         QVERIFY2(reason.startsWith(QStringLiteral("无法确认是否已保存")), qPrintable(reason));
-        sqlite3_commit_hook(connection(), nullptr, nullptr);
+        commit.end();
         FaultyDisk::heal();
         QCOMPARE(*client().plans().count(), 1);
         QCOMPARE(AutoPlanLogic::instance().CreateNewPlan(record), QString());
@@ -479,37 +500,25 @@ private:
         return reason;
     }
 
-    /// Lets COMMIT fail and calls a function before the client looks up the outcome.
-    static void failCommit(const std::function<void()>& then)
-    {
-        static std::function<void()> latest;
-        latest = then;
-        sqlite3_commit_hook(
-            connection(), [](void*) { return 1; }, nullptr);
-        sqlite3_rollback_hook(
-            connection(), [](void*) { latest(); }, nullptr);
-    }
-
     /// Sends something whose COMMIT fails: it is not stored, or the file cannot be read afterwards, or it is stored all
     /// the same, by another connection here.
     void checkOutcomes(const std::function<Status()>& send, const std::function<Status(Database&)>& store)
     {
-        failCommit([] {});
+        FailingCommit commit([] {});
         const Status failed = send();
         QVERIFY(!failed && failed.error() != Error::OutcomeUnknown);
-        failCommit([] { FaultyDisk::failAt(1, Fault::Taken, Lasting::ForGood, FaultyDisk::Operation::Lock); });
+        commit.setThen([] { FaultyDisk::failAt(1, Fault::Taken, Lasting::ForGood, FaultyDisk::Operation::Lock); });
         QCOMPARE(send(), Status(Error::OutcomeUnknown, {}, failed));
         FaultyDisk::heal();
         Status stored = Error::DatabaseNotOpen;
-        failCommit([&] {
+        commit.setThen([&] {
             Database other;
             stored = other.open(m_session->file());
             stored = stored ? store(other) : stored;
         });
         QCOMPARE(send(), Status());
         QCOMPARE(stored, Status());
-        sqlite3_commit_hook(connection(), nullptr, nullptr);
-        sqlite3_rollback_hook(connection(), nullptr, nullptr);
+        commit.end();
         QCOMPARE(send(), Status());
     }
 

@@ -143,16 +143,6 @@ Result<int> PlanStore::count(int most)
     return countAbove(0, most);
 }
 
-Result<int> PlanStore::version(const QString& planId)
-{
-    const auto number = PlanId::toNumber(planId);
-    if (!number)
-        return 0;
-    const SqlQuery plan = isPlan(*number);
-    const auto found = m_database.value(QStringLiteral("SELECT version FROM plans WHERE ") + plan.text, plan.values);
-    return found ? Result<int>(found->toInt()) : found.status();
-}
-
 Result<int> PlanStore::newerThan(const QString& planId)
 {
     const auto number = PlanId::toNumber(planId);

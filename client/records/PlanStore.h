@@ -48,8 +48,6 @@ public:
     Result<QVector<StoredPlan>> page(int offset, int limit);
     /// The number of plans. From `most` on it may be too small.
     Result<int> count(int most = std::numeric_limits<int>::max());
-    /// 0 if the id is unknown.
-    Result<int> version(const QString& planId);
     /// Number of plans newer than this one; -1 if the id is unknown.
     Result<int> newerThan(const QString& planId);
     /// Like `plan`; keeps others from changing the plan and its instructions until the transaction ends.
