@@ -139,6 +139,18 @@ void Timing::note(double seconds)
     m_state.SetIterationTime(seconds);
 }
 
+void measureOpening(benchmark::State& state, const std::function<std::unique_ptr<QWidget>()>& open)
+{
+    Timing timing(state);
+    for (auto _ : state) {
+        std::unique_ptr<QWidget> window;
+        timing.run([&] {
+            window = open();
+            showPainted(*window);
+        });
+    }
+}
+
 double secondsOf(const std::function<void()>& work)
 {
     QElapsedTimer timer;

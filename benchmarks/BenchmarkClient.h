@@ -51,6 +51,8 @@ private:
     QVector<double> m_seconds;
 };
 
+/// Measures opening a window until it has been painted, a new one in each iteration.
+void measureOpening(benchmark::State& state, const std::function<std::unique_ptr<QWidget>()>& open);
 /// Returns the time of `work` in seconds.
 double secondsOf(const std::function<void()>& work);
 /// Returns the median of the values, which must not be empty.

@@ -121,14 +121,7 @@ void firstPage(benchmark::State& state)
 {
     ServerSession session;
     session.multiply(state.range(0));
-    Timing timing(state);
-    for (auto _ : state) {
-        std::unique_ptr<MainWindow> window;
-        timing.run([&] {
-            window = std::make_unique<MainWindow>();
-            showPainted(*window);
-        });
-    }
+    measureOpening(state, [] { return std::make_unique<MainWindow>(); });
 }
 
 /// Counts how often a widget is painted.

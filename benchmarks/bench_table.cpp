@@ -7,14 +7,7 @@ namespace {
 
 void openTable(benchmark::State& state)
 {
-    Timing timing(state);
-    for (auto _ : state) {
-        std::unique_ptr<MainWindow> window;
-        timing.run([&] {
-            window = std::make_unique<MainWindow>();
-            showPainted(*window);
-        });
-    }
+    measureOpening(state, [] { return std::make_unique<MainWindow>(); });
     const double before = residentMebibytes();
     MainWindow window;
     showPainted(window);
