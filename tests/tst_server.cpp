@@ -5,6 +5,7 @@
 #include "InstructionStore.h"
 #include "LoggedTest.h"
 #include "PlanStore.h"
+#include "Psql.h"
 #include "SampleSession.h"
 #include "ServerLocation.h"
 #include "StoredSample.h"
@@ -12,6 +13,7 @@
 #include "TestStatus.h"
 
 #include <QElapsedTimer>
+#include <QProcess>
 #include <QThread>
 #include <QtTest>
 
@@ -321,6 +323,24 @@ private Q_SLOTS:
         QCOMPARE(other.open(stored.ownersLocation()), Status());
         QCOMPARE(PlanStore(other).modify(id, 1, sampleRecord(), AtNoon), Status());
         QVERIFY(database.changeToken() != token);
+    }
+
+    void databasesOfCrashedTestsAreDropped()
+    {
+        QProcess ended;
+        ended.start(QStringLiteral("true"), QStringList());
+        const QString leftover = QStringLiteral("test_%1_1").arg(ended.processId());
+        QVERIFY(ended.waitForFinished());
+        const TestDatabase own;
+        const QString location = own.ownersLocation();
+        const auto databases = [&location] {
+            return psql(location, QStringLiteral("SELECT datname FROM pg_database"));
+        };
+        psql(location, QStringLiteral("CREATE DATABASE ") + leftover);
+        QVERIFY(databases().contains(leftover));
+        TestDatabase::dropLeftovers();
+        QVERIFY(!databases().contains(leftover));
+        QVERIFY(databases().contains(location.section(QLatin1Char('/'), -1)));
     }
 
 private:

@@ -10,7 +10,9 @@
 #include <QUrl>
 
 #include <libpq-fe.h>
+#include <signal.h>
 
+#include <cerrno>
 #include <memory>
 
 namespace {
@@ -43,16 +45,28 @@ public:
             fail(QString::fromUtf8(PQerrorMessage(m_connection.get())));
     }
 
-    void run(const QString& statement)
+    void run(const QString& statement) { execute(statement, PGRES_COMMAND_OK); }
+
+    QStringList column(const QString& query)
     {
-        PGresult* const answer = PQexec(m_connection.get(), statement.toUtf8().constData());
-        const bool done = PQresultStatus(answer) == PGRES_COMMAND_OK;
-        PQclear(answer);
-        if (!done)
-            fail(QString::fromUtf8(PQerrorMessage(m_connection.get())));
+        const Answer answer = execute(query, PGRES_TUPLES_OK);
+        QStringList values;
+        for (int row = 0; row < PQntuples(answer.get()); ++row)
+            values << QString::fromUtf8(PQgetvalue(answer.get(), row, 0));
+        return values;
     }
 
 private:
+    using Answer = std::unique_ptr<PGresult, void (*)(PGresult*)>;
+
+    Answer execute(const QString& statement, ExecStatusType expected)
+    {
+        Answer answer(PQexec(m_connection.get(), statement.toUtf8().constData()), PQclear);
+        if (PQresultStatus(answer.get()) != expected)
+            fail(QString::fromUtf8(PQerrorMessage(m_connection.get())));
+        return answer;
+    }
+
     const std::unique_ptr<PGconn, void (*)(PGconn*)> m_connection;
 };
 
@@ -102,6 +116,7 @@ public:
 private:
     static QString make(const TestDatabase::Fill& fill)
     {
+        TestDatabase::dropLeftovers();
         Superuser superuser;
         const QString name = newName();
         superuser.run(QStringLiteral("CREATE DATABASE ") + name);
@@ -147,6 +162,19 @@ QString TestDatabase::serverFolder()
 quint16 TestDatabase::serverPort()
 {
     return firstLine(serverFile("port")).toUShort();
+}
+
+void TestDatabase::dropLeftovers()
+{
+    Superuser superuser;
+    const QStringList names =
+        superuser.column(QStringLiteral("SELECT datname FROM pg_database WHERE datname ~ '^test_[0-9]+_[0-9]+$'"));
+    for (const QString& name : names) {
+        const pid_t program = name.section(QLatin1Char('_'), 1, 1).toInt();
+        // Another program may drop it at the same time.
+        if (::kill(program, 0) != 0 && errno == ESRCH)
+            superuser.run(QStringLiteral("DROP DATABASE IF EXISTS %1 WITH (FORCE)").arg(name));
+    }
 }
 
 TestDatabase::TestDatabase(const QString& name, const Fill& fill)

@@ -25,6 +25,9 @@ public:
     /// The password of all roles of the tests, which the password file has.
     static QString password();
 
+    /// Drops the databases of programs that have crashed.
+    static void dropLeftovers();
+
     /// The same `name` means the same contents. On the server they are written once and then copied, and the stored
     /// users get roles. A file is filled only there: a client fills its new file itself.
     TestDatabase(const QString& name, const Fill& fill);
