@@ -60,6 +60,7 @@ private Q_SLOTS:
         QCOMPARE(forms.size(), 9);
         for (const QString& form : forms)
             QCOMPARE(QImage(folder.filePath(form)).size(), FormSize);
+        QCOMPARE(pictures(folder.path(), QStringLiteral("*-advisor.png")).size(), 10);
         QCOMPARE(pictures(folder.path(), QStringLiteral("*-box.png")).size(), 12);
         QCOMPARE(pictures(folder.path(), QStringLiteral("*-panel.png")).size(), 2);
     }

@@ -118,6 +118,13 @@ TradeCalendar::Day TradeCalendar::day(const QString& exchange, const QDate& date
     return std::any_of(closures.cbegin(), closures.cend(), closed) ? Day::Closed : Day::Trades;
 }
 
+bool TradeCalendar::isProvisional(const QString& exchange, const QDate& date) const
+{
+    const QList<const Closures*> closures = closuresOf(exchange);
+    return std::any_of(closures.cbegin(), closures.cend(),
+        [&date](const Closures* market) { return market->value(date.year()).provisional; });
+}
+
 Result<QList<QDate>> TradeCalendar::tradeDays(const QString& exchange, const QDate& from) const
 {
     const QList<const Closures*> closures = closuresOf(exchange);

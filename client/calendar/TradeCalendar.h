@@ -26,6 +26,8 @@ public:
     /// Weekends are closed in every year; a weekday before the first or after the last listed year, or on an exchange
     /// that the calendar does not know, is unknown.
     Day day(const QString& exchange, const QDate& date) const;
+    /// Whether the closures of the date's year have not been announced yet for the exchange; false for an unknown year.
+    bool isProvisional(const QString& exchange, const QDate& date) const;
     /// Days on or after `from` on which the exchange trades, ascending, through the last listed year. Fails if `from`
     /// is unknown.
     Result<QList<QDate>> tradeDays(const QString& exchange, const QDate& from) const;

@@ -13,38 +13,9 @@ constexpr qint64 Percent = 100;
 
 using namespace PlanCodes;
 
-QHash<QString, double> namedPrices(const Security& security, const QVector<qint64>& closes)
-{
-    const int precision = security.pricePrecision;
-    QHash<QString, double> prices{ { PriceItem::PreviousClose, TickPrice::toYuan(closes.constLast(), precision) } };
-    if (security.hasPriceLimit()) {
-        const TickPrice::Limits limits = TickPrice::limits(closes.constLast(), security.limitPerMille);
-        prices.insert(PriceItem::UpperLimit, TickPrice::toYuan(limits.up, precision));
-        prices.insert(PriceItem::LowerLimit, TickPrice::toYuan(limits.down, precision));
-    }
-    for (const QString& name : MovingAverages::names()) {
-        const auto average = MovingAverages::value(name, closes, precision);
-        if (average)
-            prices.insert(name, *average);
-    }
-    return prices;
-}
-
 Result<double> evaluated(const QVariant& formula, const QHash<QString, double>& prices)
 {
     return PriceFormula::evaluate(formula.toString(), priceNames(), prices);
-}
-
-Result<double> compared(const PlanStore::Record& record, const QHash<QString, double>& prices)
-{
-    const QString model = record.value(AutoPlanField::BaseField::priceModel).toString();
-    Result<double> first = evaluated(record.value(AutoPlanField::BaseField::priceFormula1), prices);
-    if (model == PriceModel::Custom || !first)
-        return first;
-    const Result<double> second = evaluated(record.value(AutoPlanField::BaseField::priceFormula2), prices);
-    if (!second)
-        return second;
-    return model == PriceModel::CompareMax ? qMax(*first, *second) : qMin(*first, *second);
 }
 
 Result<DayPrice> limited(double yuan, qint64 reference, const Security& security)
@@ -68,13 +39,42 @@ const QStringList& priceNames()
     return names;
 }
 
+QHash<QString, double> namedPrices(const Security& security, const QVector<qint64>& closes)
+{
+    const int precision = security.pricePrecision;
+    QHash<QString, double> prices{ { PriceItem::PreviousClose, TickPrice::toYuan(closes.constLast(), precision) } };
+    if (security.hasPriceLimit()) {
+        const TickPrice::Limits limits = TickPrice::limits(closes.constLast(), security.limitPerMille);
+        prices.insert(PriceItem::UpperLimit, TickPrice::toYuan(limits.up, precision));
+        prices.insert(PriceItem::LowerLimit, TickPrice::toYuan(limits.down, precision));
+    }
+    for (const QString& name : MovingAverages::names()) {
+        const auto average = MovingAverages::value(name, closes, precision);
+        if (average)
+            prices.insert(name, *average);
+    }
+    return prices;
+}
+
+Result<double> formulaResult(const PlanStore::Record& record, const QHash<QString, double>& prices)
+{
+    const QString model = record.value(AutoPlanField::BaseField::priceModel).toString();
+    Result<double> first = evaluated(record.value(AutoPlanField::BaseField::priceFormula1), prices);
+    if (model == PriceModel::Custom || !first)
+        return first;
+    const Result<double> second = evaluated(record.value(AutoPlanField::BaseField::priceFormula2), prices);
+    if (!second)
+        return second;
+    return model == PriceModel::CompareMax ? qMax(*first, *second) : qMin(*first, *second);
+}
+
 Result<DayPrice> dayPrice(const PlanStore::Record& record, const Security& security, const QVector<qint64>& closes)
 {
     if (closes.isEmpty())
         return { Error::NoCloses, { security.symbol } };
     if (record.value(AutoPlanField::BaseField::priceModel).toString() == PriceModel::NoLimit)
         return DayPrice{ std::nullopt, closes.constLast(), false };
-    const Result<double> yuan = compared(record, namedPrices(security, closes));
+    const Result<double> yuan = formulaResult(record, namedPrices(security, closes));
     if (!yuan)
         return yuan.status();
     return limited(*yuan, closes.constLast(), security);

@@ -4,6 +4,7 @@
 #include "Security.h"
 #include "Status.h"
 
+#include <QHash>
 #include <QStringList>
 #include <QVector>
 
@@ -18,6 +19,12 @@ inline const QString LowerLimit = QStringLiteral("跌停价");
 
 /// Every name that a plan's price formula may use.
 const QStringList& priceNames();
+
+/// The prices of a day by their names, in yuan. `closes`: as for `dayPrice`, and not empty. A limit price that the
+/// security does not have is missing, and an average for which there are too few closes.
+QHash<QString, double> namedPrices(const Security& security, const QVector<qint64>& closes);
+/// The result of a plan's formulas in yuan, before it becomes a price of the day. The plan sets a limit.
+Result<double> formulaResult(const PlanStore::Record& record, const QHash<QString, double>& prices);
 
 /// The price of a plan on one day.
 struct DayPrice {

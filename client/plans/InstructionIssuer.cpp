@@ -2,16 +2,13 @@
 
 #include "AutoPlanField.h"
 #include "ClientSession.h"
-#include "DayPrice.h"
-#include "DayShare.h"
+#include "DayOrder.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Fields.h"
-#include "Kelvo_Values.h"
 #include "Orlo_Fields.h"
 #include "PlanCodes.h"
 #include "PlanEvents.h"
 #include "PlanFacts.h"
-#include "PlanLimits.h"
 #include "PlanRights.h"
 #include "PlanTexts.h"
 #include "TickPrice.h"
@@ -33,10 +30,9 @@ QString quantityText(qint64 quantity)
     return QString::number(quantity);
 }
 
-QString amountText(qint64 quantity, qint64 ticks, int precision)
+QString amountText(double yuan)
 {
-    const double amount = static_cast<double>(quantity) * TickPrice::toYuan(ticks, precision);
-    return QString::number(amount, 'f', YuanDecimals);
+    return QString::number(yuan, 'f', YuanDecimals);
 }
 
 /// What plans of a day have in common, read once.
@@ -110,7 +106,6 @@ public:
         , m_rights(rights)
         , m_facts(facts)
         , m_day(facts.day())
-        , m_other(PlanTexts::otherParam(text(BaseField::planOtherParam)).value_or(Fields()))
         , m_security(session.market().find(text(Kelvo_Fields::Security::symbol)))
     {
     }
@@ -121,16 +116,10 @@ public:
 
 private:
     QString text(const QString& key) const { return m_plan.record.value(key).toString(); }
-    QString other(const QString& key) const { return m_other.value(key).toString(); }
-    bool isAmount() const { return other(FieldId::TargetType) == InstructionTargetType::AmountOrder; }
-    bool isReduction() const { return text(Orlo_Fields::AutoPlan::templateCode) == PlanType::ReduceHoldings; }
 
     Status checkRights() const;
-    Status checkLimits(double yuan) const;
     Status checkDay() const;
-    Status readShare();
-    Status readAmountShare();
-    Status readQuantityShare();
+    Status readTerms();
 
     ClientSession& m_session;
     const StoredPlan m_plan;
@@ -138,11 +127,9 @@ private:
     const PlanRights m_rights;
     DayFacts& m_facts;
     const QDate m_day;
-    const Fields m_other;
     const Security* const m_security;
-    PlanShare m_share;
-    DayPrice m_price;
-    qint64 m_quantity = 0;
+    OrderTerms m_terms;
+    DayOrder m_order;
 };
 
 Status PlanDay::prepare()
@@ -153,7 +140,7 @@ Status PlanDay::prepare()
         return { Error::UnknownSecurity, { text(Kelvo_Fields::Security::symbol) } };
     if (Status status = checkDay(); !status)
         return status;
-    if (Status status = readShare(); !status)
+    if (Status status = readTerms(); !status)
         return status;
     const auto closes = m_facts.closes(*m_security);
     if (!closes)
@@ -161,28 +148,25 @@ Status PlanDay::prepare()
     const Result<DayPrice> price = dayPrice(m_plan.record, *m_security, *closes);
     if (!price)
         return price.status();
-    m_price = *price;
-    const int lot = m_security->quantityStep;
-    const double yuan = TickPrice::toYuan(m_price.limit.value_or(m_price.reference), m_security->pricePrecision);
-    m_quantity = isAmount() ? lotsWithin(dayShare(m_share) / yuan, lot) : dayQuantity(m_share, lot);
-    return m_quantity > 0 ? checkLimits(yuan) : Error::LessThanOneLot;
+    const Result<DayOrder> order = dayOrder(m_terms, *price, *m_security, m_rights.limits);
+    m_order = order.valueOr(DayOrder());
+    return order.status();
 }
 
 Fields PlanDay::fields() const
 {
-    const int precision = m_security->pricePrecision;
-    const bool isBuy = text(BaseField::orderSide) == Kelvo_Values::OrderSide::buy;
-    const Fill fill = simulateFill(isBuy, m_price, m_quantity, m_security->quantityStep);
-    if (m_price.cutToLimit)
+    if (m_order.price.cutToLimit)
         qInfo() << "InstructionIssuer::issueDay" << m_plan.id << "price cut to the day's limit price";
+    const qint64 filled = m_order.fill.quantity;
     return {
-        { FieldId::EndState, fill.quantity == m_quantity ? EndState::Ended : EndState::Running },
-        { FieldId::TargetType, isAmount() ? InstructionTargetType::AmountOrder : InstructionTargetType::QtyOrder },
-        { FieldId::Price, TickPrice::text(m_price.limit.value_or(0), precision) },
-        { FieldId::IssuedQty, quantityText(m_quantity) },
-        { FieldId::FilledQty, quantityText(fill.quantity) },
-        { FieldId::IssuedAmount, amountText(m_quantity, m_price.limit.value_or(m_price.reference), precision) },
-        { Orlo_Fields::Security::cumAmount, amountText(fill.quantity, fill.price, precision) },
+        { FieldId::EndState, filled == m_order.quantity ? EndState::Ended : EndState::Running },
+        { FieldId::TargetType,
+            m_terms.isAmount ? InstructionTargetType::AmountOrder : InstructionTargetType::QtyOrder },
+        { FieldId::Price, TickPrice::text(m_order.price.limit.value_or(0), m_security->pricePrecision) },
+        { FieldId::IssuedQty, quantityText(m_order.quantity) },
+        { FieldId::FilledQty, quantityText(filled) },
+        { FieldId::IssuedAmount, amountText(m_order.issuedYuan) },
+        { Orlo_Fields::Security::cumAmount, amountText(m_order.filledYuan) },
     };
 }
 
@@ -193,14 +177,6 @@ Status PlanDay::checkRights() const
     if (Status refused = m_rights.reviewError(m_plan.record); !refused)
         return refused;
     return m_rights.handlerError(m_plan.record);
-}
-
-Status PlanDay::checkLimits(double yuan) const
-{
-    if (Status refused = PlanLimits::priceError(m_rights.limits, m_price, *m_security); !refused)
-        return refused;
-    const auto quantity = static_cast<double>(m_quantity);
-    return PlanLimits::sizeError(m_rights.limits, quantity, quantity * yuan);
 }
 
 Status PlanDay::checkDay() const
@@ -216,41 +192,16 @@ Status PlanDay::checkDay() const
     return { Error::NotInCalendar, { QString(), PlanTexts::text(m_day) } };
 }
 
-Status PlanDay::readShare()
+Status PlanDay::readTerms()
 {
-    m_share.planType = text(Orlo_Fields::AutoPlan::templateCode);
-    if (Status status = isAmount() ? readAmountShare() : readQuantityShare(); !status)
-        return status;
-    m_share.used = isAmount() ? m_use.yuan : m_use.quantity;
-    m_share.daysLeft = m_facts.daysUntil(m_security->exchange, text(BaseField::endDate));
+    const auto sellable = [this] { return PlanFacts::sellable(m_session, m_plan.record, *m_security); };
+    const Result<OrderTerms> terms = orderTerms(m_plan.record, *m_security, sellable);
+    if (!terms)
+        return terms.status();
+    m_terms = *terms;
+    m_terms.share.used = m_terms.isAmount ? m_use.yuan : m_use.quantity;
+    m_terms.share.daysLeft = m_facts.daysUntil(m_security->exchange, text(BaseField::endDate));
     return {};
-}
-
-Status PlanDay::readAmountShare()
-{
-    const auto total = PlanTexts::decimalNumber(other(BaseField::tradeAmount));
-    if (!total)
-        return { Error::NotNumber, { QStringLiteral("目标金额"), other(BaseField::tradeAmount).left(32) } };
-    m_share.total = *total;
-    m_share.perDay = PlanTexts::decimalNumber(other(BaseField::dayMaxTradeAmount)).value_or(0);
-    return {};
-}
-
-Status PlanDay::readQuantityShare()
-{
-    const auto total = PlanTexts::wholeNumber(text(BaseField::totalQty));
-    if (!total)
-        return { Error::NotWhole, { QStringLiteral("目标总量"), text(BaseField::totalQty).left(32) } };
-    const qint64 perDay = PlanTexts::wholeNumber(other(AutoPlanField::Progress::CurrentQty)).value_or(0);
-    m_share.total = static_cast<double>(*total * m_security->displayFactor);
-    m_share.perDay = static_cast<double>(perDay * m_security->displayFactor);
-    m_share.ratio = PlanTexts::decimalNumber(other(BaseField::JCRatio)).value_or(0);
-    // The target of a reduction without a total is the whole quantity that may be sold.
-    if (!isReduction() || *total != 0)
-        return {};
-    const Result<double> held = PlanFacts::sellable(m_session, m_plan.record, *m_security);
-    m_share.total = held.valueOr(0);
-    return held.status();
 }
 
 /// Ends the open instructions of earlier days. Returns what the plan has used afterwards.

@@ -178,6 +178,28 @@ Result<DayPlans> PlanStore::plansOfDay(const QDate& day)
     return status ? Result<DayPlans>(plans) : status;
 }
 
+Result<QVector<StoredPlan>> PlanStore::unended(
+    const QString& tradingAccount, const QString& symbol, const QDate& day, int limit)
+{
+    return newest({ QStringLiteral("trading_account = ? AND symbol = ? AND end_date >= ?"
+                                   " AND state IN ('active', 'paused')"),
+                      { tradingAccount, symbol, day.toString(Qt::ISODate) } },
+        limit);
+}
+
+Result<QVector<StoredPlan>> PlanStore::newestOf(const QString& tradingAccount, int limit)
+{
+    return newest({ QStringLiteral("trading_account = ?"), { tradingAccount } }, limit);
+}
+
+Result<QVector<StoredPlan>> PlanStore::newest(const SqlQuery& condition, int limit)
+{
+    const SqlQuery visible = m_scope.condition();
+    return read({ QStringLiteral("number IN (SELECT number FROM plans WHERE %1 AND %2 ORDER BY number DESC LIMIT ?)")
+                      .arg(condition.text, visible.text),
+        condition.values + visible.values + QVariantList{ limit } });
+}
+
 Result<QVector<StoredPlan>> PlanStore::read(const SqlQuery& condition, bool locks)
 {
     QVector<StoredPlan> plans;

@@ -52,11 +52,17 @@ public:
     Result<int> newerThan(const QString& planId);
     /// Like `plan`; keeps others from changing the plan and its instructions until the transaction ends.
     Result<StoredPlan> lockedPlan(const QString& planId);
+    /// The newest plans of an account that are active or paused and end on a day or later, for one security; and the
+    /// newest ones for any, in every state.
+    Result<QVector<StoredPlan>> unended(
+        const QString& tradingAccount, const QString& symbol, const QDate& day, int limit);
+    Result<QVector<StoredPlan>> newestOf(const QString& tradingAccount, int limit);
     /// The active plans with the day in their period, oldest first. Within a transaction, they stay as they are.
     Result<DayPlans> plansOfDay(const QDate& day);
 
 private:
     Result<QVector<StoredPlan>> read(const SqlQuery& condition, bool locks = false);
+    Result<QVector<StoredPlan>> newest(const SqlQuery& condition, int limit);
     SqlQuery isPlan(qint64 number) const;
     Result<StoredPlan> planOfVersion(const QString& planId, int version);
     Status update(const StoredPlan& plan, const SqlQuery& assignment, const HistoryEntry& entry, const Change& change);

@@ -1,5 +1,6 @@
 #include "WalkThrough.h"
 
+#include "AdvisorPanel.h"
 #include "AutoParamSetting.h"
 #include "ClientSession.h"
 #include "EditorDialog.h"
@@ -154,6 +155,15 @@ void WalkThrough::picture(QWidget* widget, const QString& what)
     const QString name = QStringLiteral("%1-%2-%3.png").arg(++m_pictures, 2, 10, QLatin1Char('0')).arg(m_stage, what);
     if (!widget->grab().save(m_folder.filePath(name)))
         problem(QStringLiteral("不能写入图片%1").arg(m_folder.absoluteFilePath(name)));
+}
+
+void WalkThrough::pictureForm(const QString& what)
+{
+    const AdvisorPanel* const advisor = m_dialog.advisor();
+    if (!QTest::qWaitFor([advisor] { return advisor->isSettled(); }))
+        problem(QStringLiteral("顾问没有读到数据"));
+    picture(m_dialog.editor(), what);
+    picture(&m_dialog, QStringLiteral("advisor"));
 }
 
 void WalkThrough::problem(const QString& text)

@@ -45,6 +45,8 @@ private:
     void checkStored(const QString& planId, const PlanForm& form, const ShownDates& dates);
     QString newestPlan();
     void picture(QWidget* widget, const QString& what);
+    /// The form, and the dialog with the advisor, which shows what is stored about it.
+    void pictureForm(const QString& what);
     void problem(const QString& text);
     void collect(const QStringList& problems);
 

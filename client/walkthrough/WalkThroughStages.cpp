@@ -155,7 +155,7 @@ void WalkThrough::editStarted()
         return;
     FormDriver driver(m_dialog.editor());
     driver.type("le_targetTotalNum", QStringLiteral("3000"));
-    picture(m_dialog.editor(), QStringLiteral("form"));
+    pictureForm(QStringLiteral("form"));
     send({ { Warning, editorText("目标数量不得小于该计划已成交和在下达总和，请重新输入！"), true } });
     if (!m_dialog.isVisible())
         problem(QStringLiteral("修改被拒绝后，表单没有保留"));
@@ -164,7 +164,7 @@ void WalkThrough::editStarted()
     driver.stepDate("date_effectivePeriod_Multi", "le_end", 2);
     dates = driver.dates();
     collect(driver.takeProblems());
-    picture(m_dialog.editor(), QStringLiteral("corrected"));
+    pictureForm(QStringLiteral("corrected"));
     send({ { Tip, editorText("交易计划%1修改成功!").arg(plan), true } });
     checkStored(plan, form, dates);
 }
@@ -200,7 +200,7 @@ void WalkThrough::copyOrdinary()
     form.remark = QStringLiteral("复制自%1").arg(m_ordinaryPlan);
     FormDriver driver(m_dialog.editor());
     driver.type("le_remark", form.remark);
-    picture(m_dialog.editor(), QStringLiteral("form"));
+    pictureForm(QStringLiteral("form"));
     const ShownDates dates = driver.dates();
     if (dates.begin != m_ordinaryDates.begin || dates.end != m_ordinaryDates.end)
         problem(QStringLiteral("复制未开始的计划时，生效时段没有带出"));
@@ -248,7 +248,7 @@ void WalkThrough::showOtherSkin()
     picture(&m_window, QStringLiteral("window"));
     if (!openEditor(Qt::Key_D))
         return;
-    picture(m_dialog.editor(), QStringLiteral("form"));
+    pictureForm(QStringLiteral("form"));
     FormDriver(m_dialog.editor()).cancel();
     if (m_dialog.isVisible())
         problem(QStringLiteral("取消后，编辑器没有关闭"));
@@ -262,7 +262,7 @@ void WalkThrough::createPlan(const PlanForm& form)
     driver.setOnPanel([this](QWidget* panel) { picture(panel, QStringLiteral("panel")); });
     driver.fill(form);
     collect(driver.takeProblems());
-    picture(m_dialog.editor(), QStringLiteral("form"));
+    pictureForm(QStringLiteral("form"));
     const ShownDates dates = driver.dates();
     if (m_stage == QLatin1String("ordinary"))
         m_ordinaryDates = dates;

@@ -1,5 +1,6 @@
 #include "EditorDialog.h"
 
+#include "AdvisorPanel.h"
 #include "AutoParamSetting.h"
 #include "ClientSession.h"
 #include "ConflictDialog.h"
@@ -19,11 +20,13 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPointer>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QSettings>
+#include <QShortcut>
 #include <QTimer>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <chrono>
@@ -31,7 +34,16 @@
 namespace {
 
 constexpr QSize EditorSize(517, 710);
+constexpr int ToggleWidth = 16;
 constexpr std::chrono::milliseconds UntilFormIsShown(200);
+
+const QString AdvisorIsShown = QStringLiteral("advisor/isShown");
+
+/// The user's settings of the program.
+QSettings settings()
+{
+    return QSettings(QStringLiteral("plandesk"), QStringLiteral("plandesk"));
+}
 
 /// The first field of the form that accepts the focus.
 QWidget* firstField(QWidget* form)
@@ -50,6 +62,8 @@ EditorDialog::EditorDialog(QWidget* parent)
     , m_notice(new QWidget(this))
     , m_noticeText(PlainText::newLabel(QString(), m_notice))
     , m_area(new QScrollArea(this))
+    , m_advisorToggle(new QToolButton(this))
+    , m_advisor(new AdvisorPanel(this))
 {
     setObjectName(QStringLiteral("planEditor"));
     setWindowModality(Qt::WindowModal);
@@ -61,8 +75,14 @@ EditorDialog::EditorDialog(QWidget* parent)
     room->setContentsMargins(0, 0, 0, 0);
     room->setSpacing(0);
     room->addWidget(m_notice);
-    room->addWidget(m_area, 1);
+    auto* const halves = new QHBoxLayout;
+    halves->setSpacing(0);
+    halves->addWidget(m_area, 1);
+    halves->addWidget(m_advisorToggle);
+    halves->addWidget(m_advisor);
+    room->addLayout(halves, 1);
     buildNotice();
+    buildAdvisor();
     connect(&PlanEvents::instance(), &PlanEvents::planStored, this, &EditorDialog::planStored);
     connect(&PlanEvents::instance(), &PlanEvents::planConflict, this, &EditorDialog::noteConflict);
     connect(&PlanEvents::instance(), &PlanEvents::outcomeUnknown, this, [this] {
@@ -86,6 +106,7 @@ void EditorDialog::openNew()
 void EditorDialog::openEdit(const QString& planId)
 {
     prepare(tr("修改计划 %1").arg(planId));
+    m_advisor->setPlan(planId);
     m_holdsValues = true;
     unpin();
     m_editor->editPlan(planId);
@@ -145,6 +166,7 @@ void EditorDialog::prepare(const QString& title)
     setWindowTitle(title);
     m_stored = false;
     m_sentWith.clear();
+    m_advisor->setPlan(QString());
     if (!m_editor || m_holdsValues)
         makeEditor();
     else
@@ -164,6 +186,52 @@ void EditorDialog::makeEditor()
     m_area->setWidget(m_editor);
     tabThroughDates();
     m_editor->installEventFilter(this);
+    m_advisor->follow(m_editor);
+}
+
+void EditorDialog::buildAdvisor()
+{
+    m_advisorToggle->setObjectName(QStringLiteral("advisorToggle"));
+    m_advisorToggle->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+    m_advisorToggle->setFixedWidth(ToggleWidth);
+    m_advisorToggle->setAutoRaise(true);
+    m_advisorToggle->setFocusPolicy(Qt::NoFocus);
+    m_advisorToggle->setShortcut(QKeySequence(Qt::Key_F7));
+    auto* const next = new QShortcut(QKeySequence(Qt::Key_F6), this);
+    connect(next, &QShortcut::activated, this, &EditorDialog::focusAdvisor);
+    connect(m_advisorToggle, &QToolButton::clicked, this, [this] { showAdvisor(m_advisor->isHidden()); });
+    showAdvisor(settings().value(AdvisorIsShown, true).toBool());
+}
+
+void EditorDialog::showAdvisor(bool shows)
+{
+    const int before = advisorWidth();
+    m_advisor->setVisible(shows);
+    m_advisorToggle->setArrowType(shows ? Qt::RightArrow : Qt::LeftArrow);
+    const QString action = shows ? tr("隐藏顾问") : tr("显示顾问");
+    m_advisorToggle->setAccessibleName(action);
+    m_advisorToggle->setToolTip(tr("%1（F7）").arg(action));
+    if (!isVisible())
+        return;
+    settings().setValue(AdvisorIsShown, shows);
+    resize(QSize(width() + advisorWidth() - before, height()).boundedTo(screen()->availableSize()));
+}
+
+// From the form to the advisor's tables, one after the other, and back to the field that had the focus.
+void EditorDialog::focusAdvisor()
+{
+    QWidget* const focused = focusWidget();
+    if (focused && m_editor->isAncestorOf(focused))
+        m_lastField = focused;
+    if (!m_advisor->isHidden() && m_advisor->focusNext())
+        return;
+    QWidget* const field = m_lastField ? m_lastField.data() : firstField(m_editor);
+    field->setFocus(Qt::ShortcutFocusReason);
+}
+
+int EditorDialog::advisorWidth() const
+{
+    return m_advisor->isHidden() ? 0 : m_advisor->sizeHint().width();
 }
 
 // The form's own order has the dates at the end; they are below the executing user.
@@ -197,7 +265,12 @@ void EditorDialog::fit()
     const int notice = m_notice->isHidden() ? 0 : m_notice->heightForWidth(wanted.width());
     const int bar = wanted.height() > room.height() ? m_area->verticalScrollBar()->sizeHint().width() : 0;
     m_editor->setMinimumSize(wanted);
-    resize((wanted + QSize(bar, notice)).boundedTo(room).expandedTo(isVisible() ? size() : QSize()));
+    // On a narrow screen there is no room for both.
+    if (room.width() < wanted.width() + bar + ToggleWidth + m_advisor->minimumSizeHint().width())
+        m_advisor->hide();
+    m_area->setMinimumWidth(qMin(room.width() - ToggleWidth, wanted.width() + bar));
+    const int beside = bar + ToggleWidth + advisorWidth();
+    resize((wanted + QSize(beside, notice)).boundedTo(room).expandedTo(isVisible() ? size() : QSize()));
 }
 
 void EditorDialog::present()

@@ -3,17 +3,20 @@
 #include "PlanEvents.h"
 
 #include <QDialog>
+#include <QPointer>
 #include <QStringList>
 
 #include <optional>
 
+class AdvisorPanel;
 class AutoParamSetting;
 class QLabel;
 class QScrollArea;
+class QToolButton;
 
-/// The window's dialog around the plan editor. It reuses the editor if it can be reset: after a plan was stored the
-/// form is cleared, and `AutoParamSetting::resetEnable` makes it a new one. A form that was left with values is
-/// replaced.
+/// The window's dialog around the plan editor, with the advisor beside it. It reuses the editor if it can be reset:
+/// after a plan was stored the form is cleared, and `AutoParamSetting::resetEnable` makes it a new one. A form that was
+/// left with values is replaced.
 class EditorDialog : public QDialog {
     Q_OBJECT
 
@@ -39,6 +42,7 @@ public:
     void closeStored();
     /// Says above the form if someone else has changed the edited plan.
     void lookForChange();
+    AdvisorPanel* advisor() const { return m_advisor; }
     /// The editor; null before the first opening.
     AutoParamSetting* editor() const { return m_editor; }
 
@@ -53,6 +57,10 @@ protected:
 private:
     void prepare(const QString& title);
     void makeEditor();
+    void buildAdvisor();
+    void showAdvisor(bool shows);
+    void focusAdvisor();
+    int advisorWidth() const;
     void tabThroughDates();
     void present();
     void fit();
@@ -69,6 +77,9 @@ private:
     QWidget* m_notice; ///< shown if someone else has changed the edited plan
     QLabel* m_noticeText;
     QScrollArea* m_area;
+    QToolButton* m_advisorToggle;
+    AdvisorPanel* m_advisor;
+    QPointer<QWidget> m_lastField; ///< had the focus before the advisor
     AutoParamSetting* m_editor = nullptr;
     QString m_skin;
     QString m_pinnedPlan; ///< the edited plan; empty if none

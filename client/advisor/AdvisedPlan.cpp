@@ -1,0 +1,74 @@
+#include "AdvisedPlan.h"
+
+#include "PlanFacts.h"
+
+AdvisedPlan::AdvisedPlan(const World& ofWorld, const FormReading& ofForm, const StoredAccount* ofAccount,
+    const std::optional<Result<AdvisorFacts>>& ofRead)
+    : world(ofWorld)
+    , form(ofForm)
+    , account(ofAccount)
+    , security(world.market.find(form.symbol))
+    , read(security && account ? ofRead : std::nullopt)
+    , record(recordOf())
+    , closes(closesOf())
+    , price(priceOf())
+    , terms(termsOf())
+    , forecast(forecastOf())
+{
+}
+
+double AdvisedPlan::sellable() const
+{
+    return hasFacts() ? static_cast<double>(facts().tradeableQuantity * security->displayFactor) : 0;
+}
+
+QDate AdvisedPlan::lastClose() const
+{
+    QDate day = closes.isEmpty() ? QDate() : facts().closes.lastDay;
+    while (day.isValid()
+        && (day >= world.today || world.calendar.day(security->exchange, day) == TradeCalendar::Day::Closed))
+        day = day.addDays(-1);
+    return day;
+}
+
+PlanStore::Record AdvisedPlan::recordOf() const
+{
+    return security && account ? form.record(world.user.id, *security, *account) : PlanStore::Record();
+}
+
+QVector<qint64> AdvisedPlan::closesOf() const
+{
+    if (!hasFacts())
+        return {};
+    return PlanFacts::closesBefore(facts().closes, world.calendar, *security, world.today);
+}
+
+Result<DayPrice> AdvisedPlan::priceOf() const
+{
+    if (!hasFacts())
+        return { Error::NoCloses, { form.symbol } };
+    return dayPrice(record, *security, closes);
+}
+
+Result<OrderTerms> AdvisedPlan::termsOf() const
+{
+    if (!hasFacts())
+        return Error::NoSecurity;
+    Result<OrderTerms> found = orderTerms(record, *security, [this] { return Result<double>(sellable()); });
+    if (found)
+        found->share.used = found->isAmount ? facts().filled.yuan : facts().filled.quantity;
+    return found;
+}
+
+Result<PlanForecast> AdvisedPlan::forecastOf() const
+{
+    if (!terms)
+        return terms.status();
+    if (!price)
+        return price.status();
+    if (!form.begin.isValid() || !form.lastDay().isValid())
+        return { Error::InvalidDate, { QStringLiteral("日期") } };
+    const QDate next = facts().isIssuedToday ? world.today.addDays(1) : world.today;
+    return Forecast::of(
+        { *terms, *price, *security, facts().rights.limits, world.calendar, qMax(next, form.begin), form.lastDay() });
+}

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "DatabaseThread.h"
+#include "InstructionStore.h"
+#include "PlanRights.h"
+#include "PlanStore.h"
+#include "SecurityStore.h"
+
+#include <QDate>
+#include <QObject>
+#include <QVector>
+
+/// What the stored facts about a plan in the form depend on.
+struct FactsQuestion {
+    StoredUser user;
+    QDate today;
+    QString planId; ///< the edited plan; empty for a new one
+    QString account;
+    QString securityAccount;
+    QString exchange;
+    QString symbol;
+    QString instructionType;
+    QString assignee; ///< by name, or the executor of a reduction
+    QString executor;
+
+    /// Whether both are about the same account and security.
+    bool hasSameSubject(const FactsQuestion& other) const;
+    bool operator==(const FactsQuestion& other) const;
+};
+
+/// What is stored about the account and the security of a plan in the form.
+struct AdvisorFacts {
+    CloseHistory closes;
+    /// What may be sold, in stored units.
+    qint64 tradeableQuantity = 0;
+    PlanRights rights;
+    /// The edited plan, and what its instructions have filled; a default plan (empty id) for a new one.
+    StoredPlan edited;
+    PlanUse filled;
+    bool isIssuedToday = false;
+    /// Plans of the account on the security that may still be issued, and its newest plans on any, without the edited
+    /// one.
+    QVector<StoredPlan> openPlans;
+    QVector<StoredPlan> recentPlans;
+};
+
+/// Reads the facts on another thread, because the window must not wait for a database. Emits nothing after its
+/// destruction.
+class FactsReader : public QObject {
+    Q_OBJECT
+
+public:
+    /// Most plans that are read of each kind.
+    static constexpr int MostPlans = 50;
+
+    /// `location`: the database, opened with the first question.
+    explicit FactsReader(const QString& location);
+
+    /// Asks; earlier questions that have not started are skipped.
+    void ask(const FactsQuestion& question);
+    void reconnect() { m_thread.reconnect(); }
+
+Q_SIGNALS:
+    void answered(const FactsQuestion& question, const Result<AdvisorFacts>& facts);
+
+private:
+    std::atomic_int m_asked{ 0 };
+    DatabaseThread m_thread; ///< destroyed before the data of its jobs
+};

@@ -1,0 +1,264 @@
+#include "AdvisorPanel.h"
+
+#include "ClientClock.h"
+#include "ClientSession.h"
+#include "ForecastChart.h"
+#include "ForecastTexts.h"
+#include "OrloSubTitleWidget.h"
+#include "PlainText.h"
+#include "PlanEvents.h"
+#include "RowView.h"
+#include "SecurityFacts.h"
+
+#include <QComboBox>
+#include <QEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QStyle>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int UsualWidth = 380;
+constexpr int LeastWidth = 240;
+constexpr int Spacing = 6;
+constexpr int Margin = 10;
+
+OrloSubTitleWidget* newHeading(const QString& text, QWidget* parent)
+{
+    auto* const heading = new OrloSubTitleWidget(parent);
+    heading->SetTitle(text);
+    return heading;
+}
+
+void setText(QLabel* label, const QString& text)
+{
+    if (label->text() == text)
+        return;
+    label->setText(text);
+    label->setToolTip(PlainText::toolTip(text));
+}
+
+void markFaulty(QLabel* label, bool isFaulty)
+{
+    if (label->property("faulty").toBool() == isFaulty)
+        return;
+    label->setProperty("faulty", isFaulty);
+    label->style()->unpolish(label);
+    label->style()->polish(label);
+}
+
+} // namespace
+
+AdvisorPanel::AdvisorPanel(QWidget* parent)
+    : QWidget(parent)
+{
+    setObjectName(QStringLiteral("advisor"));
+    setAccessibleName(tr("顾问"));
+    auto* const sections = new QVBoxLayout(this);
+    sections->setContentsMargins(Margin, Margin, Margin, Margin);
+    sections->setSpacing(Spacing);
+    buildSecurity();
+    buildForecast();
+    m_refresh.setSingleShot(true);
+    connect(&m_refresh, &QTimer::timeout, this, &AdvisorPanel::refresh);
+    const PlanEvents& events = PlanEvents::instance();
+    connect(&events, &PlanEvents::planStored, this, &AdvisorPanel::askAgain);
+    connect(&events, &PlanEvents::plansChanged, this, &AdvisorPanel::askAgain);
+    connect(&events, &PlanEvents::connectionRestored, this, [this] {
+        if (m_reader)
+            m_reader->reconnect();
+        askAgain();
+    });
+}
+
+AdvisorPanel::~AdvisorPanel() = default;
+
+QLabel* AdvisorPanel::newLabel(const char* name)
+{
+    QLabel* const label = PlainText::newLabel(QString(), this);
+    label->setObjectName(QLatin1String(name));
+    label->setWordWrap(true);
+    layout()->addWidget(label);
+    return label;
+}
+
+// Tab stays within the form, whose fields are used far more often.
+void AdvisorPanel::addTable(RowView* table, const QString& name)
+{
+    table->setAccessibleName(name);
+    table->setFocusPolicy(Qt::ClickFocus);
+    layout()->addWidget(table);
+    m_tables << table;
+}
+
+void AdvisorPanel::buildSecurity()
+{
+    layout()->addWidget(newHeading(tr("证券"), this));
+    m_security = new RowView(
+        QStringLiteral("advisorSecurity"), { { tr("项目"), 28 }, { tr("内容"), 72 } }, RowView::FitsRows, this);
+    addTable(m_security, tr("证券"));
+}
+
+void AdvisorPanel::buildForecast()
+{
+    layout()->addWidget(newHeading(tr("每日计划"), this));
+    m_headline = newLabel("forecastHeadline");
+    m_reduction = newLabel("forecastReduction");
+    m_chart = new ForecastChart(this);
+    m_chart->setAccessibleName(tr("每日下达和剩余"));
+    layout()->addWidget(m_chart);
+    m_days = new RowView(QStringLiteral("forecastDays"), ForecastTexts::columns(), RowView::ShowsHeadings, this);
+    addTable(m_days, tr("每日计划"));
+}
+
+// All boxes and lines of the form, also those within its fields: a choice changes other fields without their signals.
+void AdvisorPanel::follow(QWidget* form)
+{
+    if (m_form)
+        m_form->removeEventFilter(this);
+    m_form = form;
+    m_form->installEventFilter(this);
+    const QList<QComboBox*> boxes = form->findChildren<QComboBox*>();
+    for (QComboBox* const box : boxes)
+        connect(box, &QComboBox::currentTextChanged, this, &AdvisorPanel::scheduleRefresh);
+    const QList<QLineEdit*> lines = form->findChildren<QLineEdit*>();
+    for (QLineEdit* const line : lines)
+        connect(line, &QLineEdit::textChanged, this, &AdvisorPanel::scheduleRefresh);
+    scheduleRefresh();
+}
+
+void AdvisorPanel::setPlan(const QString& planId)
+{
+    m_planId = planId;
+    scheduleRefresh();
+}
+
+// Shown and hidden rows, and the end of the algorithm's window.
+bool AdvisorPanel::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::WindowActivate)
+        scheduleRefresh();
+    return QWidget::eventFilter(watched, event);
+}
+
+void AdvisorPanel::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    scheduleRefresh();
+}
+
+void AdvisorPanel::scheduleRefresh()
+{
+    if (isVisible() && !m_refresh.isActive())
+        m_refresh.start(0);
+}
+
+void AdvisorPanel::refresh()
+{
+    const ClientSession& session = ClientSession::instance();
+    if (!m_form || !session.isOpen())
+        return;
+    const FormReading form = FormReading::of(*m_form);
+    const StoredAccount* const account = session.accounts().find(form.account);
+    const FactsQuestion question = questionOf(form, account);
+    if (!(question == m_question))
+        ask(question);
+    const AdvisedPlan::World world{ session.market(), session.calendar(), clientToday(), session.user() };
+    present({ world, form, account, m_facts });
+}
+
+FactsQuestion AdvisorPanel::questionOf(const FormReading& form, const StoredAccount* account) const
+{
+    const ClientSession& session = ClientSession::instance();
+    const Security* const security = session.market().find(form.symbol);
+    FactsQuestion question;
+    question.user = session.user();
+    question.today = clientToday();
+    question.planId = m_planId;
+    if (!account || !security)
+        return question;
+    question.account = form.account;
+    question.exchange = security->exchange;
+    question.securityAccount = account->exchangeAccounts.value(security->exchange);
+    question.symbol = form.symbol;
+    question.instructionType = form.instructionType;
+    (form.isReduction() ? question.executor : question.assignee) = form.assignee;
+    return question;
+}
+
+// Facts about the same subject stay until the new ones arrive, so that the panel does not flicker.
+void AdvisorPanel::ask(const FactsQuestion& question)
+{
+    if (!question.hasSameSubject(m_question))
+        m_facts.reset();
+    m_question = question;
+    m_isAsking = !question.symbol.isEmpty();
+    if (!m_isAsking)
+        return;
+    if (!m_reader) {
+        m_reader = std::make_unique<FactsReader>(ClientSession::instance().database().location());
+        connect(m_reader.get(), &FactsReader::answered, this, &AdvisorPanel::take);
+    }
+    m_reader->ask(question);
+}
+
+void AdvisorPanel::askAgain()
+{
+    if (isVisible())
+        ask(m_question);
+    else
+        m_question = FactsQuestion();
+}
+
+void AdvisorPanel::take(const FactsQuestion& question, const Result<AdvisorFacts>& facts)
+{
+    if (!(question == m_question))
+        return;
+    m_facts = facts;
+    m_isAsking = false;
+    scheduleRefresh();
+}
+
+bool AdvisorPanel::isSettled() const
+{
+    return !m_isAsking && !m_refresh.isActive();
+}
+
+bool AdvisorPanel::focusNext()
+{
+    auto* const focused = qobject_cast<RowView*>(focusWidget());
+    const int next = focused && focused->hasFocus() ? m_tables.indexOf(focused) + 1 : 0;
+    if (next >= m_tables.size())
+        return false;
+    m_tables.at(next)->setFocus(Qt::ShortcutFocusReason);
+    return true;
+}
+
+void AdvisorPanel::present(const AdvisedPlan& plan)
+{
+    m_security->setRows(SecurityFacts::rows(plan));
+    presentForecast(plan);
+}
+
+void AdvisorPanel::presentForecast(const AdvisedPlan& plan)
+{
+    const QString headline = ForecastTexts::headline(plan);
+    const QString reduction = ForecastTexts::reduction(plan);
+    setText(m_headline, headline);
+    markFaulty(m_headline, !ForecastTexts::isInTime(plan));
+    setText(m_reduction, reduction);
+    m_reduction->setVisible(!reduction.isEmpty());
+    m_chart->setForecast(plan.forecast.valueOr(PlanForecast()), headline);
+    m_days->setRows(ForecastTexts::rows(plan));
+}
+
+QSize AdvisorPanel::sizeHint() const
+{
+    return { UsualWidth, QWidget::sizeHint().height() };
+}
+
+QSize AdvisorPanel::minimumSizeHint() const
+{
+    return { LeastWidth, QWidget::minimumSizeHint().height() };
+}

@@ -1,0 +1,107 @@
+#include "PlanForecast.h"
+
+#include "PlanCodes.h"
+#include "TickPrice.h"
+
+namespace {
+
+/// Follows a plan from day to day.
+class Course {
+public:
+    explicit Course(const ForecastedPlan& plan)
+        : m_plan(plan)
+        , m_terms(plan.terms)
+    {
+    }
+
+    double left() const { return qMax(0.0, m_terms.share.total - m_terms.share.used); }
+    /// Whether less is left than a lot.
+    bool isDone() const;
+    /// Issues the order of a trade day. Returns whether anything was filled.
+    bool issue(int daysLeft, ForecastDay& day);
+
+private:
+    const ForecastedPlan& m_plan;
+    OrderTerms m_terms;
+};
+
+bool Course::isDone() const
+{
+    const DayPrice& price = m_plan.price;
+    const double yuan = TickPrice::toYuan(price.limit.value_or(price.reference), m_plan.security.pricePrecision);
+    return lotsWithin(m_terms.isAmount ? left() / yuan : left(), m_plan.security.quantityStep) == 0;
+}
+
+bool Course::issue(int daysLeft, ForecastDay& day)
+{
+    m_terms.share.daysLeft = daysLeft;
+    const Result<DayOrder> order = dayOrder(m_terms, m_plan.price, m_plan.security, m_plan.limits);
+    day.reason = order.status();
+    if (!order)
+        return false;
+    day.quantity = order->quantity;
+    day.yuan = order->issuedYuan;
+    m_terms.share.used += m_terms.isAmount ? order->filledYuan : static_cast<double>(order->fill.quantity);
+    return order->fill.quantity > 0;
+}
+
+/// The days of the period, without the days after the last one that is looked at.
+QVector<ForecastDay> daysOf(const ForecastedPlan& plan, int& tradeDays)
+{
+    const QString& exchange = plan.security.exchange;
+    QVector<ForecastDay> days;
+    for (QDate date = plan.first; date <= plan.last && tradeDays < Forecast::MostDays; date = date.addDays(1)) {
+        ForecastDay day;
+        day.day = date;
+        day.kind = plan.calendar.day(exchange, date);
+        day.isProvisional = plan.calendar.isProvisional(exchange, date);
+        days << day;
+        // Nothing is known about later days either.
+        if (day.kind == TradeCalendar::Day::Unknown)
+            break;
+        tradeDays += day.kind == TradeCalendar::Day::Trades ? 1 : 0;
+    }
+    return days;
+}
+
+/// Trade days after the period until the plan is done, or more than the most that are looked at; absent if it never is.
+std::optional<int> daysBeyond(Course& course, int tradeDays)
+{
+    int more = 0;
+    for (; tradeDays + more <= Forecast::MostDays && !course.isDone(); ++more) {
+        ForecastDay day;
+        if (!course.issue(1, day))
+            return {};
+    }
+    return more;
+}
+
+} // namespace
+
+PlanForecast Forecast::of(const ForecastedPlan& plan)
+{
+    PlanForecast forecast;
+    forecast.total = plan.terms.share.total;
+    forecast.used = plan.terms.share.used;
+    forecast.days = daysOf(plan, forecast.tradeDays);
+    Course course(plan);
+    int issued = 0;
+    for (ForecastDay& day : forecast.days) {
+        if (day.kind == TradeCalendar::Day::Trades && !course.isDone()) {
+            course.issue(forecast.tradeDays - issued, day);
+            ++issued;
+            if (course.isDone())
+                forecast.lastDay = day.day;
+        } else if (day.kind == TradeCalendar::Day::Trades) {
+            day.reason = Error::LessThanOneLot;
+        }
+        day.left = course.left();
+    }
+    // A reduction has no end; after its last order there is nothing to show.
+    const bool isEndless = plan.terms.share.planType == PlanCodes::PlanType::ReduceHoldings;
+    while (isEndless && forecast.isComplete() && forecast.days.constLast().day > forecast.lastDay)
+        forecast.days.removeLast();
+    const auto beyond = daysBeyond(course, forecast.tradeDays);
+    forecast.neededDays = beyond ? issued + *beyond : 0;
+    return forecast;
+}

@@ -1,0 +1,71 @@
+#include "RowModel.h"
+
+#include <QBrush>
+
+using Mark = AdvisorRow::Mark;
+
+RowModel::RowModel(const AdvisorColumns& columns, QObject* parent)
+    : QAbstractTableModel(parent)
+    , m_columns(columns)
+{
+}
+
+void RowModel::setRows(const AdvisorRows& rows)
+{
+    if (rows == m_rows)
+        return;
+    if (rows.size() != m_rows.size()) {
+        beginResetModel();
+        m_rows = rows;
+        endResetModel();
+        return;
+    }
+    m_rows = rows;
+    Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
+QColor RowModel::color(Mark mark) const
+{
+    return m_colors.at(static_cast<std::size_t>(mark));
+}
+
+void RowModel::setColor(Mark mark, const QColor& color)
+{
+    m_colors.at(static_cast<std::size_t>(mark)) = color;
+}
+
+int RowModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
+int RowModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_columns.size());
+}
+
+QVariant RowModel::data(const QModelIndex& index, int role) const
+{
+    const AdvisorRow& row = m_rows.at(index.row());
+    const bool isShaded = row.mark == Mark::Shaded;
+    if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
+        return row.cells.value(index.column());
+    if (role == Qt::TextAlignmentRole && m_columns.at(index.column()).isNumber)
+        return int(Qt::AlignRight | Qt::AlignVCenter);
+    if (role == Qt::BackgroundRole && isShaded && color(row.mark).isValid())
+        return QBrush(color(row.mark));
+    if (role == Qt::ForegroundRole && !isShaded && color(row.mark).isValid())
+        return QBrush(color(row.mark));
+    return {};
+}
+
+QVariant RowModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section >= m_columns.size())
+        return {};
+    if (role == Qt::DisplayRole)
+        return m_columns.at(section).heading;
+    if (role == Qt::TextAlignmentRole && m_columns.at(section).isNumber)
+        return int(Qt::AlignRight | Qt::AlignVCenter);
+    return {};
+}

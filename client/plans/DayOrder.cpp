@@ -1,0 +1,94 @@
+#include "DayOrder.h"
+
+#include "AutoPlanField.h"
+#include "InstructionTargetType.h"
+#include "Kelvo_Values.h"
+#include "Orlo_Fields.h"
+#include "PlanCodes.h"
+#include "PlanLimits.h"
+#include "PlanTexts.h"
+#include "TickPrice.h"
+
+#include <cmath>
+
+namespace BaseField = AutoPlanField::BaseField;
+using namespace PlanCodes;
+
+namespace {
+
+using Fields = QMap<QString, QVariant>;
+
+Status readAmounts(const Fields& other, PlanShare& share)
+{
+    const QString text = other.value(BaseField::tradeAmount).toString();
+    const auto total = PlanTexts::decimalNumber(text);
+    if (!total)
+        return { Error::NotNumber, { QStringLiteral("目标金额"), text.left(32) } };
+    share.total = *total;
+    share.perDay = PlanTexts::decimalNumber(other.value(BaseField::dayMaxTradeAmount).toString()).value_or(0);
+    return {};
+}
+
+Status readQuantities(const PlanStore::Record& record, const Fields& other, int factor,
+    const std::function<Result<double>()>& sellable, PlanShare& share)
+{
+    const QString text = record.value(BaseField::totalQty).toString();
+    const auto total = PlanTexts::wholeNumber(text);
+    if (!total)
+        return { Error::NotWhole, { QStringLiteral("目标总量"), text.left(32) } };
+    const qint64 perDay =
+        PlanTexts::wholeNumber(other.value(AutoPlanField::Progress::CurrentQty).toString()).value_or(0);
+    share.total = static_cast<double>(*total * factor);
+    share.perDay = static_cast<double>(perDay * factor);
+    share.ratio = PlanTexts::decimalNumber(other.value(BaseField::JCRatio).toString()).value_or(0);
+    // The target of a reduction without a total is the whole quantity that may be sold.
+    if (share.planType != PlanType::ReduceHoldings || *total != 0)
+        return {};
+    const Result<double> held = sellable();
+    share.total = held.valueOr(0);
+    return held.status();
+}
+
+double amountOf(qint64 quantity, qint64 ticks, int precision)
+{
+    constexpr double FenPerYuan = 100;
+    return std::round(static_cast<double>(quantity) * TickPrice::toYuan(ticks, precision) * FenPerYuan) / FenPerYuan;
+}
+
+} // namespace
+
+Result<OrderTerms> orderTerms(
+    const PlanStore::Record& record, const Security& security, const std::function<Result<double>()>& sellable)
+{
+    const Fields other = PlanTexts::otherParam(record.value(BaseField::planOtherParam).toString()).value_or(Fields());
+    OrderTerms terms;
+    terms.isBuy = record.value(BaseField::orderSide).toString() == Kelvo_Values::OrderSide::buy;
+    terms.isAmount = other.value(FieldId::TargetType).toString() == InstructionTargetType::AmountOrder;
+    terms.share.planType = record.value(Orlo_Fields::AutoPlan::templateCode).toString();
+    const Status status = terms.isAmount ? readAmounts(other, terms.share)
+                                         : readQuantities(record, other, security.displayFactor, sellable, terms.share);
+    return status ? Result<OrderTerms>(terms) : status;
+}
+
+Result<DayOrder> dayOrder(
+    const OrderTerms& terms, const DayPrice& price, const Security& security, const AccountLimits& limits)
+{
+    const int lot = security.quantityStep;
+    const int precision = security.pricePrecision;
+    const qint64 ticks = price.limit.value_or(price.reference);
+    const double yuan = TickPrice::toYuan(ticks, precision);
+    DayOrder order;
+    order.price = price;
+    order.quantity = terms.isAmount ? lotsWithin(dayShare(terms.share) / yuan, lot) : dayQuantity(terms.share, lot);
+    if (order.quantity <= 0)
+        return Error::LessThanOneLot;
+    if (Status refused = PlanLimits::priceError(limits, price, security); !refused)
+        return refused;
+    const auto quantity = static_cast<double>(order.quantity);
+    if (Status refused = PlanLimits::sizeError(limits, quantity, quantity * yuan); !refused)
+        return refused;
+    order.fill = simulateFill(terms.isBuy, price, order.quantity, lot);
+    order.issuedYuan = amountOf(order.quantity, ticks, precision);
+    order.filledYuan = amountOf(order.fill.quantity, order.fill.price, precision);
+    return order;
+}
