@@ -82,6 +82,22 @@ private Q_SLOTS:
         QCOMPARE(m_server->readAll(), QByteArray("held"));
     }
 
+    void aHeldConnectionDoesNotEnd()
+    {
+        m_proxy->hold();
+        m_client->write("held");
+        QVERIFY(m_client->waitForBytesWritten(Timeout));
+        m_client->disconnectFromHost();
+        m_proxy->resume();
+        QTcpSocket other;
+        other.connectToHost(QHostAddress::LocalHost, m_proxy->port());
+        QVERIFY(other.waitForConnected(Timeout));
+        QVERIFY(m_listener->waitForNewConnection(Timeout));
+        send(other, *m_listener->nextPendingConnection(), "question");
+        QVERIFY(!m_server->waitForReadyRead(50));
+        QCOMPARE(m_server->state(), QAbstractSocket::ConnectedState);
+    }
+
     void aCutConnectionIsClosedOnBothSides()
     {
         m_proxy->cut();

@@ -51,7 +51,6 @@ Status outcomeOf(const Status& failure, const QString& protocolId, const QString
             : 0;
     };
     const auto known = [](qint64 found) {
-        ClientSession::instance().forgetSignatures();
         Q_EMIT PlanEvents::instance().outcomeKnown(UnknownRequest::Signature, found != 0, QString());
     };
     const Result<qint64> stored = session.lookUp(QStringLiteral("sign ") + protocolId, find, known);

@@ -43,6 +43,7 @@ public:
 
     void forward();
     void resume();
+    void hold() { m_isHeld = true; }
     void cut();
     bool isOpen() const { return !hasEnded(m_server); }
 
@@ -55,6 +56,7 @@ private:
     QByteArray m_sent; ///< the last bytes, because the text may arrive in parts
     bool m_isSwallowing = false;
     bool m_isDropping = false; ///< what the client sends
+    bool m_isHeld = false;
 };
 
 Connection::Connection(QTcpSocket* client, quint16 serverPort, Flow& flow, QObject* parent)
@@ -75,6 +77,8 @@ Connection::Connection(QTcpSocket* client, quint16 serverPort, Flow& flow, QObje
 
 void Connection::forward()
 {
+    if (m_isHeld)
+        return;
     if (m_flow.toServer) {
         const QByteArray data = arrived(m_client);
         lookForText(data);
@@ -147,6 +151,11 @@ public:
             connection->resume();
         listen();
     }
+    void hold()
+    {
+        for (Connection* const connection : connections())
+            connection->hold();
+    }
     void cut()
     {
         for (Connection* const connection : connections())
@@ -207,6 +216,11 @@ void TcpProxy::stall(Direction direction)
         m_relay->flow().toServer = direction == Direction::ToClient;
         m_relay->flow().toClient = direction == Direction::ToServer;
     });
+}
+
+void TcpProxy::hold()
+{
+    run([this] { m_relay->hold(); });
 }
 
 void TcpProxy::resume()

@@ -23,7 +23,9 @@ public:
     enum class Direction { ToServer, ToClient, Both };
     /// Forwards nothing more, and keeps connections open. New ones are accepted, and are silent, too.
     void stall(Direction direction = Direction::Both);
-    /// Forwards what was held and all that follows, also of new connections.
+    /// The connections that are open forward nothing more for good, not even their end. New ones do.
+    void hold();
+    /// Forwards what was stalled and all that follows, also of new connections.
     void resume();
     /// Closes all connections; new ones are accepted.
     void cut();
