@@ -360,6 +360,10 @@ private:
         }
         QCOMPARE(session.plans().modify(QStringLiteral("AP00000002"), 1, record, session.changeNow()), Status());
         QCOMPARE(InstructionIssuer::issueDay(SampleSession::today())->issued.size(), 3);
+        QCOMPARE(session.instructions().refuse(
+                     line("AP00000001"), SampleSession::today().addDays(1), line("a\treason"), session.changeNow()),
+            Status());
+        QCOMPARE(session.plans().complete(line("AP00000002"), SampleSession::today()), Status());
         Database& file = session.database();
         QCOMPARE(UserStore(file).add({ line("O'Brien"), line("欧 布") }), Status());
         QCOMPARE(UserStore(file).add({ line("clears\x1b[2J"), line("the\nscreen") }), Status());

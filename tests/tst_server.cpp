@@ -5,6 +5,7 @@
 #include "InstructionStore.h"
 #include "LoggedTest.h"
 #include "PlanStore.h"
+#include "PostgresSchema.h"
 #include "Psql.h"
 #include "SampleSession.h"
 #include "ServerLocation.h"
@@ -142,7 +143,7 @@ private Q_SLOTS:
         const QString location = stored.ownersLocation();
         Database owned;
         QCOMPARE(owned.open(location), Status());
-        const QStringList versions{ QStringLiteral("99"), QStringLiteral("2") };
+        const QStringList versions{ QStringLiteral("99"), QString::number(PostgresSchema::latestVersion()) };
         Database database;
         QCOMPARE(owned.execute(QStringLiteral("UPDATE schema_version SET version = 99")), Status());
         QCOMPARE(database.open(location), cannotOpen(location, { Error::NewerDatabase, versions }));

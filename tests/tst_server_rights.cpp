@@ -61,6 +61,17 @@ private Q_SLOTS:
         row("a later version", "UPDATE plans SET state = 'stopped', version = 3 WHERE number = 1", refused);
         row("another creator", "UPDATE plans SET creator = 'trader02', version = 2", denied("table plans"));
         row("another number", "UPDATE plans SET number = 2, version = 2", denied("table plans"));
+        row("the same version of another state on its completion",
+            "UPDATE plans SET state = 'stopped', completed_day = '2024-05-06' WHERE number = 1", refused);
+        const QString ended = QStringLiteral("ERROR:  a stopped plan is only archived");
+        row("a stopped plan",
+            "BEGIN; UPDATE plans SET state = 'stopped', version = 2 WHERE number = 1;"
+            " UPDATE plans SET state = 'active', version = 3 WHERE number = 1",
+            ended);
+        row("an archived plan",
+            "BEGIN; UPDATE plans SET state = 'archived', version = 2 WHERE number = 1;"
+            " UPDATE plans SET symbol = NULL, version = 3 WHERE number = 1",
+            ended);
         const QString kept = QStringLiteral("ERROR:  a plan is not moved to the account of others");
         row("given to a stranger's account", "UPDATE plans SET trading_account = '100003', version = 2", kept);
         row("given to it and kept by being assigned",
@@ -131,7 +142,7 @@ private:
     static void reading()
     {
         const QString none = QStringLiteral("0");
-        for (const char* const table : { "plans", "instructions", "history WHERE plan IS NOT NULL" })
+        for (const char* const table : { "plans", "instructions", "refused_days", "history WHERE plan IS NOT NULL" })
             row(table, QStringLiteral("SELECT count(*) FROM ") + QLatin1String(table), none);
         for (const char* const table : { "accounts", "user_accounts", "exchange_accounts", "order_authorities",
                  "rule_properties", "approval_chains", "positions" })
@@ -204,6 +215,10 @@ private:
     // A row that exists and one that does not have the same answer.
     static void guessing()
     {
+        const char* const refusal = "INSERT INTO refused_days (plan, day, reason, \"user\", time)"
+                                    " VALUES (%1, '2024-05-06', 'x', 'trader03', '2024-05-06T01:00:00.000Z')";
+        row("a plan that exists, refused", QString::fromLatin1(refusal).arg(1), violates("refused_days"));
+        row("a plan that does not, refused", QString::fromLatin1(refusal).arg(99), violates("refused_days"));
         row("a plan that exists", "INSERT INTO instructions (plan, position, day) VALUES (1, 1, '2024-05-06')",
             violates("instructions"));
         row("a plan that does not", "INSERT INTO instructions (plan, position, day) VALUES (99, 1, '2024-05-06')",

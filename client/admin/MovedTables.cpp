@@ -65,7 +65,8 @@ const QStringList& MovedTables::names()
         QStringLiteral("agreements"), QStringLiteral("signatures"), QStringLiteral("account_limits"),
         QStringLiteral("limit_exceptions"), QStringLiteral("securities"), QStringLiteral("closing_prices"),
         QStringLiteral("positions"), QStringLiteral("strategy_lists"), QStringLiteral("static_texts"),
-        QStringLiteral("plans"), QStringLiteral("instructions"), QStringLiteral("history") };
+        QStringLiteral("plans"), QStringLiteral("instructions"), QStringLiteral("refused_days"),
+        QStringLiteral("history") };
     return names;
 }
 

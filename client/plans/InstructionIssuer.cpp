@@ -46,8 +46,7 @@ public:
     }
 
     QDate day() const { return m_day; }
-    /// The rights under which the user issues a plan: his own, or those of its creator if the plan is assigned to him.
-    Result<PlanRights> rights(const StoredPlan& plan);
+    Result<PlanRights> rights(const StoredPlan& plan) { return m_rights.ofHandler(m_session.user().id, plan); }
     Result<QVector<qint64>> closes(const Security& security);
     /// Trade days until the last one, both included.
     int daysUntil(const QString& exchange, const QString& lastDay);
@@ -59,12 +58,6 @@ private:
     QHash<QString, QVector<qint64>> m_closes;
     QHash<QPair<QString, QString>, int> m_days;
 };
-
-Result<PlanRights> DayFacts::rights(const StoredPlan& plan)
-{
-    const Result<PlanRights> own = m_rights.read(m_session.user().id, plan.record);
-    return own && !own->order.isOwn ? m_rights.read(plan.creator, plan.record) : own;
-}
 
 Result<QVector<qint64>> DayFacts::closes(const Security& security)
 {

@@ -91,6 +91,12 @@ Result<PlanRights> PlanRightsReader::read(const QString& userId, const PlanStore
     return rights;
 }
 
+Result<PlanRights> PlanRightsReader::ofHandler(const QString& userId, const StoredPlan& plan)
+{
+    const Result<PlanRights> own = read(userId, plan.record);
+    return own && !own->order.isOwn ? read(plan.creator, plan.record) : own;
+}
+
 void PlanRightsReader::addTo(
     ValueReader& reader, const QString& userId, const PlanStore::Record& record, const QDate& day, PlanRights& rights)
 {

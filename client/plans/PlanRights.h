@@ -29,6 +29,9 @@ public:
 
     Result<PlanRights> read(const QString& userId, const PlanStore::Record& record);
 
+    /// The rights under which a user handles a plan: his own, or those of its creator if the plan is assigned to him.
+    Result<PlanRights> ofHandler(const QString& userId, const StoredPlan& plan);
+
     /// Adds the rights for a record to what is read.
     static void addTo(ValueReader& reader, const QString& userId, const PlanStore::Record& record, const QDate& day,
         PlanRights& rights);

@@ -4,6 +4,7 @@
 #include "PlanCodes.h"
 #include "PlanScope.h"
 #include "StoredPlan.h"
+#include "StoredTime.h"
 
 namespace {
 
@@ -23,11 +24,17 @@ const QStringList& sums()
     return all;
 }
 
+constexpr double FenPerYuan = 100;
+
+QDate dayOf(const QVariant& value)
+{
+    return QDate::fromString(value.toString(), Qt::ISODate);
+}
+
 PlanUse useOf(const QSqlQuery& row, int column)
 {
-    constexpr double FenPerYuan = 100;
     return { row.value(column).toDouble(), row.value(column + 1).toDouble() / FenPerYuan,
-        QDate::fromString(row.value(column + 2).toString(), Qt::ISODate) };
+        dayOf(row.value(column + 2)) };
 }
 
 } // namespace
@@ -122,6 +129,16 @@ Status InstructionStore::update(
     });
 }
 
+Status InstructionStore::refuse(const QString& planId, const QDate& day, const QString& reason, const Change& change)
+{
+    return m_database.execute(
+        QStringLiteral("INSERT INTO refused_days (plan, day, reason, \"user\", time) VALUES (?, ?, ?, ?, ?)"
+                       " ON CONFLICT (plan, day) DO UPDATE SET reason = excluded.reason, \"user\" = excluded.\"user\","
+                       " time = excluded.time"),
+        { PlanId::toNumber(planId).value_or(0), day.toString(Qt::ISODate), reason, change.user,
+            StoredTime::toText(change.time) });
+}
+
 Status InstructionStore::endBefore(const QString& planId, const QDate& day, const Change& change)
 {
     const auto open =
@@ -156,6 +173,43 @@ Result<QHash<QString, PlanUse>> InstructionStore::used(const QStringList& planId
             uses.insert(PlanId::fromNumber(row.value(sums().size()).toLongLong()), useOf(row, 0));
         });
     return status ? Result<QHash<QString, PlanUse>>(uses) : status;
+}
+
+Result<QHash<QString, PlanProgress>> InstructionStore::progress(const QStringList& planIds)
+{
+    QHash<QString, PlanProgress> all;
+    const SqlQuery among = PlanScope::among(planIds);
+    const QString statement =
+        QStringLiteral("SELECT p.number, i.quantity, i.fen, i.since, i.filled_quantity, i.filled_fen, i.day, r.day,"
+                       " r.reason FROM plans AS p"
+                       " LEFT JOIN (SELECT plan, %1 AS quantity, %2 AS fen, %3 AS since,"
+                       " coalesce(sum(filled_quantity), 0) AS filled_quantity,"
+                       " coalesce(sum(filled_fen), 0) AS filled_fen, max(day) AS day"
+                       " FROM instructions WHERE plan IN %4 GROUP BY plan) AS i ON i.plan = p.number"
+                       " LEFT JOIN refused_days AS r ON r.plan = p.number"
+                       " AND r.day = (SELECT max(day) FROM refused_days WHERE plan = p.number)"
+                       " WHERE p.number IN %4")
+            .arg(sums().at(0), sums().at(1), sums().at(2), among.text);
+    Status status = m_database.read(statement, among.values + among.values, [&all](const QSqlQuery& row) {
+        PlanProgress progress{ useOf(row, 1), row.value(4).toDouble(), row.value(5).toDouble() / FenPerYuan,
+            dayOf(row.value(6)), {} };
+        const QDate refused = dayOf(row.value(7));
+        if (refused.isValid() && !(progress.lastDay >= refused)) {
+            progress.lastDay = refused;
+            progress.refusal = row.value(8).toString();
+        }
+        all.insert(PlanId::fromNumber(row.value(0).toLongLong()), progress);
+    });
+    return status ? Result<QHash<QString, PlanProgress>>(all) : status;
+}
+
+Result<QMap<QDate, QString>> InstructionStore::refusals(const QString& planId)
+{
+    QMap<QDate, QString> reasons;
+    Status status = m_database.read(QStringLiteral("SELECT day, reason FROM refused_days WHERE plan = ?"),
+        { PlanId::toNumber(planId).value_or(0) },
+        [&reasons](const QSqlQuery& row) { reasons.insert(dayOf(row.value(0)), row.value(1).toString()); });
+    return status ? Result<QMap<QDate, QString>>(reasons) : status;
 }
 
 void InstructionStore::addTo(ValueReader& reader, const QString& planId, PlanUse& use)

@@ -16,6 +16,18 @@ struct PlanUse {
     QDate openSince;
 };
 
+/// How far a plan has come.
+struct PlanProgress {
+    PlanUse used;
+    /// What has been filled: a quantity in displayed units, and an amount.
+    double filledQuantity = 0;
+    double filledYuan = 0;
+    /// The last day with an instruction or a refusal; invalid if there is none.
+    QDate lastDay;
+    /// Why the plan got no instruction on the last day; empty if it got one.
+    QString refusal;
+};
+
 /// The instructions of plans, with their price, quantities, amounts and fills as fields.
 class InstructionStore {
 public:
@@ -29,6 +41,9 @@ public:
     /// Sets the given fields and keeps the others, for example for a fill. Refuses an unknown instruction.
     Status update(const QString& planId, const QString& instructionId, const Fields& fields, const Change& change);
 
+    /// Notes why a plan got no instruction on a day, instead of an earlier reason of that day.
+    Status refuse(const QString& planId, const QDate& day, const QString& reason, const Change& change);
+
     /// Ends the open instructions of a plan that were issued before a day.
     Status endBefore(const QString& planId, const QDate& day, const Change& change);
 
@@ -39,6 +54,10 @@ public:
 
     /// By plan id. Plans without instructions and unknown ones are missing.
     Result<QHash<QString, PlanUse>> used(const QStringList& planIds);
+    /// By plan id. Unknown plans are missing.
+    Result<QHash<QString, PlanProgress>> progress(const QStringList& planIds);
+    /// The reasons why a plan got no instruction on a day, by day.
+    Result<QMap<QDate, QString>> refusals(const QString& planId);
     /// Adds what one plan uses to what is read.
     static void addTo(ValueReader& reader, const QString& planId, PlanUse& use);
 

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int OwnColumns = 6;
+constexpr int OwnColumns = 7;
 
 struct Column {
     QString name;
@@ -79,7 +79,8 @@ std::optional<PlanState> PlanRow::state(const QString& text)
 
 QString PlanRow::columns()
 {
-    return QStringLiteral("number, version, state, creator, created_time, changed_time, ") + recordColumns();
+    return QStringLiteral("number, version, state, creator, created_time, changed_time, completed_day, ")
+        + recordColumns();
 }
 
 Result<StoredPlan> PlanRow::plan(const QSqlQuery& row)
@@ -88,7 +89,7 @@ Result<StoredPlan> PlanRow::plan(const QSqlQuery& row)
     const auto state = PlanRow::state(text(2));
     StoredPlan plan{ PlanId::fromNumber(row.value(0).toLongLong()), row.value(1).toInt(),
         state.value_or(PlanState::Archived), text(3), StoredTime::fromText(text(4)), StoredTime::fromText(text(5)),
-        {} };
+        QDate::fromString(text(6), Qt::ISODate), {} };
     const auto others = StoredTexts::fromJson(text(OwnColumns + fieldColumns().size()));
     if (!state || !others || !plan.created.isValid() || !plan.changed.isValid())
         return { Error::DamagedPlan, { plan.id } };

@@ -44,7 +44,8 @@ Status PlanStore::replace(const StoredPlan& plan, const Record& record, const Ch
 {
     if (Status refused = RecordCheck::refusal(record); !refused)
         return refused;
-    const QString columns = QStringLiteral("(%1) = (%2)").arg(PlanRow::recordColumns(), PlanRow::recordPlaceholders());
+    const QString columns = QStringLiteral("completed_day = NULL, (%1) = (%2)")
+                                .arg(PlanRow::recordColumns(), PlanRow::recordPlaceholders());
     return update(plan, { columns, PlanRow::recordValues(record) },
         { HistoryEvent::Changed, 0, plan.version + 1, {}, plan.record, record }, change);
 }
@@ -54,16 +55,25 @@ Status PlanStore::setState(
 {
     return m_database.transaction([&]() -> Status {
         const Result<StoredPlan> plan = planOfVersion(planId, version);
-        if (!plan)
-            return plan.status();
-        const QString text = PlanRow::stateText(state);
-        HistoryEntry entry{ HistoryEvent::StateChanged, 0, version + 1, {}, {}, {} };
-        entry.before.insert(QStringLiteral("state"), PlanRow::stateText(plan->state));
-        entry.after.insert(QStringLiteral("state"), text);
-        if (!reason.isEmpty())
-            entry.after.insert(QStringLiteral("reason"), reason);
-        return update(*plan, { QStringLiteral("state = ?"), { text } }, entry, change);
+        return plan ? replaceState(*plan, state, reason, change) : plan.status();
     });
+}
+
+Status PlanStore::replaceState(const StoredPlan& plan, PlanState state, const QString& reason, const Change& change)
+{
+    const QString text = PlanRow::stateText(state);
+    HistoryEntry entry{ HistoryEvent::StateChanged, 0, plan.version + 1, {}, {}, {} };
+    entry.before.insert(QStringLiteral("state"), PlanRow::stateText(plan.state));
+    entry.after.insert(QStringLiteral("state"), text);
+    if (!reason.isEmpty())
+        entry.after.insert(QStringLiteral("reason"), reason);
+    return update(plan, { QStringLiteral("state = ?"), { text } }, entry, change);
+}
+
+Status PlanStore::complete(const QString& planId, const QDate& day)
+{
+    return m_database.execute(QStringLiteral("UPDATE plans SET completed_day = ? WHERE number = ?"),
+        { day.toString(Qt::ISODate), PlanId::toNumber(planId).value_or(0) });
 }
 
 // The plan as it is before a change.
@@ -163,10 +173,10 @@ Result<DayPlans> PlanStore::plansOfDay(const QDate& day)
     DayPlans plans;
     const QString text = day.toString(Qt::ISODate);
     const SqlQuery visible = m_scope.condition();
-    const QString due = QStringLiteral(" FROM plans WHERE begin_date <= ? AND end_date >= ? AND state = 'active' AND %1"
-                                       " ORDER BY +number")
+    const QString due = QStringLiteral(" FROM plans WHERE begin_date <= ? AND end_date >= ? AND state = 'active'"
+                                       " AND (completed_day IS NULL OR completed_day = ?) AND %1 ORDER BY +number")
                             .arg(visible.text);
-    const QVariantList values = QVariantList{ text, text } + visible.values;
+    const QVariantList values = QVariantList{ text, text, text } + visible.values;
     if (Status status = m_database.lock(QStringLiteral("SELECT number") + due, values); !status)
         return status;
     Status status = m_database.read(

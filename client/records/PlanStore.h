@@ -37,6 +37,10 @@ public:
     Status replace(const StoredPlan& plan, const Record& record, const Change& change);
     /// Sets the state, with a reason for the history, which may be empty. Otherwise like `modify`.
     Status setState(const QString& planId, int version, PlanState state, const QString& reason, const Change& change);
+    /// Like `setState`, in the transaction in which the plan was read by `lockedPlan`.
+    Status replaceState(const StoredPlan& plan, PlanState state, const QString& reason, const Change& change);
+    /// Notes the day on which nothing was left of a plan, which keeps its version.
+    Status complete(const QString& planId, const QDate& day);
 
     /// Empty if the id is unknown.
     Result<Record> record(const QString& planId);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QDateTime>
 #include <QMap>
 #include <QString>
@@ -20,6 +21,8 @@ struct StoredPlan {
     QString creator;
     QDateTime created;
     QDateTime changed;
+    /// The day on which nothing was left to issue; invalid until then, and after the next change of the record.
+    QDate completed;
     /// Texts by field key, including the other-parameter text if the plan has one.
     QMap<QString, QVariant> record;
 };

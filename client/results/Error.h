@@ -76,6 +76,10 @@ enum class Error {
     PlanIsNewer,          ///< plan id
     PlanChangedMeanwhile, ///< name of the user, time, captions of the fields
     OutcomeUnknown,       ///< cause
+    StateNotPossible,     ///< plan id, present state, wanted state
+    PlanHasEnded,         ///< plan id, state
+    NoReason,
+    ReasonTooLong,        ///< largest number of characters
     UnknownInstruction,   ///< instruction id
     DamagedCloses,        ///< symbol
     DamagedPlan,          ///< plan id

@@ -211,6 +211,43 @@ CREATE TRIGGER clients_are_notified AFTER INSERT OR UPDATE OR DELETE ON instruct
     FOR EACH STATEMENT EXECUTE FUNCTION notify_clients()
 )";
 
+// The day on which nothing was left of a plan, which is no change of the plan; and the days on which an active plan got
+// no instruction, and why.
+const char* const PlanLife = R"(
+ALTER TABLE plans ADD COLUMN completed_day calendar_day;
+GRANT UPDATE (completed_day) ON plans TO plandesk_user;
+CREATE TABLE refused_days (
+    plan bigint REFERENCES plans (number),
+    day calendar_day,
+    reason plain_text NOT NULL,
+    "user" plain_text NOT NULL,
+    time utc_time NOT NULL,
+    PRIMARY KEY (plan, day));
+GRANT SELECT, INSERT, UPDATE ON refused_days TO plandesk_user;
+ALTER TABLE refused_days ENABLE ROW LEVEL SECURITY;
+CREATE POLICY of_visible_plan ON refused_days USING (EXISTS (SELECT FROM plans AS p WHERE p.number = plan))
+    WITH CHECK ("user" = session_user::text AND EXISTS (SELECT FROM plans AS p WHERE p.number = plan));
+CREATE TRIGGER clients_are_notified AFTER INSERT OR UPDATE OR DELETE ON refused_days
+    FOR EACH STATEMENT EXECUTE FUNCTION notify_clients();
+CREATE OR REPLACE FUNCTION check_change() RETURNS trigger LANGUAGE plpgsql SET search_path = plandesk, pg_temp AS $$
+BEGIN
+    IF NEW.version = OLD.version AND to_jsonb(NEW) - 'completed_day' = to_jsonb(OLD) - 'completed_day' THEN
+        RETURN NEW;
+    END IF;
+    IF NEW.version <> OLD.version + 1 THEN
+        RAISE EXCEPTION 'a change of a plan makes its next version';
+    END IF;
+    IF OLD.state = 'archived' OR OLD.state = 'stopped' AND NEW.state <> 'archived' THEN
+        RAISE EXCEPTION 'a stopped plan is only archived';
+    END IF;
+    -- A policy sees the new row only, which stays visible if it is assigned to the user.
+    IF NEW.trading_account IS DISTINCT FROM OLD.trading_account AND NEW.trading_account <> ALL (own_accounts()) THEN
+        RAISE EXCEPTION 'a plan is not moved to the account of others';
+    END IF;
+    RETURN NEW;
+END $$
+)";
+
 // What a user's role may do. The role exists once in a server, for all of its databases.
 const char* const Privileges = R"(
 DO 'BEGIN CREATE ROLE plandesk_user NOLOGIN; EXCEPTION WHEN duplicate_object OR unique_violation THEN NULL; END';
@@ -235,6 +272,7 @@ const QVector<Migration>& PostgresSchema::migrations()
                 statements(MarketTables), statements(PlanTables), statements(HistoryTable), statements(Notices),
                 statements(Privileges) } },
         { 2, PostgresRights::statements() },
+        { 3, { statements(PlanLife) } },
     };
     return steps;
 }

@@ -181,6 +181,20 @@ QStringList historyTable()
     };
 }
 
+// The day on which nothing was left of a plan; and the days on which an active plan got no instruction, and why.
+QStringList planLife()
+{
+    return {
+        QStringLiteral("ALTER TABLE plans ADD COLUMN completed_day TEXT"
+                       " CHECK (completed_day IS date(completed_day, '+0 days'))"),
+        QStringLiteral("CREATE TABLE refused_days ("
+                       "plan INTEGER NOT NULL REFERENCES plans (number),"
+                       "day TEXT NOT NULL CHECK (day IS date(day, '+0 days')), reason TEXT NOT NULL,"
+                       "user TEXT NOT NULL, time TEXT NOT NULL CHECK (time LIKE '____-__-__T__:__:__.___Z'),"
+                       "PRIMARY KEY (plan, day)) STRICT, WITHOUT ROWID"),
+    };
+}
+
 } // namespace
 
 const QVector<Migration>& SqliteSchema::migrations()
@@ -192,6 +206,7 @@ const QVector<Migration>& SqliteSchema::migrations()
         { 4, limitTables() },
         { 5, TypedTables::statements(), TypedTables::obstacles() },
         { 6, historyTable() },
+        { 7, planLife() },
     };
     return steps;
 }

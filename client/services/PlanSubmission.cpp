@@ -7,6 +7,7 @@
 #include "PlanChanges.h"
 #include "PlanCheck.h"
 #include "PlanFacts.h"
+#include "PlanLife.h"
 #include "PlanRow.h"
 #include "UserStore.h"
 
@@ -137,8 +138,10 @@ Status storeChange(ClientSession& session, const PlanChange& change, std::option
         conflict = *found;
         return statusOf(*conflict);
     }
-    Status refused = PlanCheck::changeError(
-        stored->record, change.record, PlanFacts::used(*stored, facts->use), knownFor(session, change.record, *facts));
+    Status refused = PlanLife::changeError(*stored);
+    if (refused)
+        refused = PlanCheck::changeError(stored->record, change.record, PlanFacts::used(*stored, facts->use),
+            knownFor(session, change.record, *facts));
     return refused ? plans.replace(*stored, change.record, session.changeNow(change.request)) : refused;
 }
 

@@ -6,6 +6,7 @@
 #include "PlanChanges.h"
 #include "PlanCodes.h"
 #include "PlanFormatter.h"
+#include "PlanLife.h"
 #include "PlanRow.h"
 #include "PlanStore.h"
 #include "StoredTime.h"
@@ -70,7 +71,7 @@ QString stateChange(const HistoryEntry& entry)
     const auto word = [](const HistoryEntry::Fields& fields) {
         const QString text = fields.value(QStringLiteral("state")).toString();
         const auto state = PlanRow::state(text);
-        return state ? stateWord(*state) : text;
+        return state ? PlanLife::word(*state) : text;
     };
     const QString reason = entry.after.value(QStringLiteral("reason")).toString();
     const QString change = QStringLiteral("%1→%2").arg(word(entry.before), word(entry.after));

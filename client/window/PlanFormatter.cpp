@@ -17,6 +17,7 @@
 #include "Orlo_Values.h"
 #include "ParameterValue.h"
 #include "PlanCodes.h"
+#include "PlanLife.h"
 #include "StrategyLibrary.h"
 
 #include <QHash>
@@ -139,7 +140,7 @@ PlanFormatter::PlanFormatter(const StoredPlan& plan)
 
 QString PlanFormatter::state() const
 {
-    return stateWord(m_plan.state);
+    return PlanLife::word(m_plan.state);
 }
 
 QString PlanFormatter::planType() const
@@ -351,21 +352,6 @@ QString PlanFormatter::algorithm() const
     const QString name = other(Base::algoStrategyName);
     const QString alias = AlgoTradeLogicNew::GetInstance()->GetStrategy(name).alias;
     return alias.isEmpty() || alias == name ? name : QStringLiteral("%1（%2）").arg(alias, name);
-}
-
-QString stateWord(PlanState state)
-{
-    switch (state) {
-    case PlanState::Active:
-        return QStringLiteral("进行中");
-    case PlanState::Paused:
-        return QStringLiteral("已暂停");
-    case PlanState::Stopped:
-        return QStringLiteral("已停止");
-    case PlanState::Archived:
-        return QStringLiteral("已归档");
-    }
-    return QString();
 }
 
 QString issueReport(const QDate& day, const IssueResult& result)

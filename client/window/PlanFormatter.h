@@ -60,8 +60,5 @@ private:
     const QMap<QString, QVariant> m_other;
 };
 
-/// A state in words.
-QString stateWord(PlanState state);
-
 /// The result of issuing a day, for the trader: counts, then a line for each skipped plan.
 QString issueReport(const QDate& day, const IssueResult& result);

@@ -1,0 +1,85 @@
+#include "PlanStates.h"
+
+#include "PlanLife.h"
+#include "PlanRights.h"
+
+namespace {
+
+constexpr int PlansPerTransaction = 100;
+
+Status reasonError(PlanState state, const QString& reason)
+{
+    if (state == PlanState::Stopped && reason.trimmed().isEmpty())
+        return Error::NoReason;
+    if (reason.size() > PlanStates::LongestReason)
+        return { Error::ReasonTooLong, { QString::number(PlanStates::LongestReason) } };
+    return {};
+}
+
+} // namespace
+
+PlanStates::PlanStates(Database& database, const StoredUser& user, const QDate& day)
+    : m_database(database)
+    , m_user(user)
+    , m_day(day)
+{
+}
+
+Result<StateChanges> PlanStates::set(
+    const QStringList& planIds, PlanState state, const QString& reason, const Progress& progress)
+{
+    if (Status refused = reasonError(state, reason); !refused)
+        return refused;
+    StateChanges changes;
+    for (int first = 0; first < planIds.size() && !changes.cancelled; first += PlansPerTransaction) {
+        StateChanges some;
+        const QStringList ids = planIds.mid(first, PlansPerTransaction);
+        const Status status = m_database.transaction([&] { return setEach(ids, state, reason, some); });
+        if (!status)
+            return status;
+        changes.changed += some.changed;
+        changes.refused += some.refused;
+        changes.cancelled = !progress(qMin(first + PlansPerTransaction, static_cast<int>(planIds.size())));
+    }
+    return changes;
+}
+
+Status PlanStates::setEach(const QStringList& planIds, PlanState state, const QString& reason, StateChanges& changes)
+{
+    PlanStore plans(m_database, m_user);
+    PlanRightsReader rights(m_database, m_day);
+    for (const QString& id : planIds) {
+        const Result<StoredPlan> plan = plans.lockedPlan(id);
+        if (!plan)
+            return plan.status();
+        Status refused;
+        if (Status read = readRefusal(rights, id, *plan, state, refused); !read)
+            return read;
+        if (!refused) {
+            changes.refused << StateChanges::Refused{ id, refused };
+            continue;
+        }
+        if (Status set = plans.replaceState(*plan, state, reason, { m_user.id, QDateTime::currentDateTime() }); !set)
+            return set;
+        changes.changed << id;
+    }
+    return {};
+}
+
+// Those who may not trade with the plan's account leave its plans as they are.
+Status PlanStates::readRefusal(
+    PlanRightsReader& rights, const QString& id, const StoredPlan& plan, PlanState state, Status& refused) const
+{
+    if (plan.id.isEmpty()) {
+        refused = { Error::UnknownPlan, { id } };
+        return {};
+    }
+    refused = PlanLife::stateError(plan, state, m_day);
+    if (!refused)
+        return {};
+    const Result<PlanRights> own = rights.ofHandler(m_user.id, plan);
+    if (!own)
+        return own.status();
+    refused = own->tradeError(plan.record);
+    return {};
+}
