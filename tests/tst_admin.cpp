@@ -1,4 +1,6 @@
 #include "AccountAdministration.h"
+#include "AuthorityStore.h"
+#include "ChainAdministration.h"
 #include "LoggedTest.h"
 #include "PostgresSchema.h"
 #include "Psql.h"
@@ -105,6 +107,7 @@ public:
     Administration administration;
     UserAdministration users{ administration };
     AccountAdministration accounts{ administration };
+    ChainAdministration chains{ administration };
 };
 
 } // namespace
@@ -489,6 +492,38 @@ private Q_SLOTS:
             line("1|1|1"));
     }
 
+    void anApprovalChainIsSet()
+    {
+        FilledTeam team(m_administrator);
+        const auto set = [&team](const char* item, const char* names) {
+            return team.chains.setChain(line("1"), line("5"), { { line(item), line(names) } });
+        };
+        QCOMPARE(*set("executors", "乙"), QStringList(line("账户1指令类型5：执行人由“”改为“乙”")));
+        QCOMPARE(*set("executors", "甲,乙"), QStringList(line("账户1指令类型5：执行人由“乙”改为“甲、乙”")));
+        QCOMPARE(*set("reviewers", "乙"), QStringList(line("账户1指令类型5：复核人由“”改为“乙”")));
+        QCOMPARE(*set("executors", "甲,乙"), QStringList());
+        AuthorityStore store(team.administration.database());
+        const QString key = store.rights(QString(), line("1"), line("5"))->chainKey;
+        QCOMPARE(*store.chainUsers(key, ChainRole::Execute), QStringList({ line("甲"), line("乙") }));
+        QCOMPARE(*store.chainUsers(key, ChainRole::Forward), QStringList(line("乙")));
+        QCOMPARE(*set("reviewers", ""), QStringList(line("账户1指令类型5：复核人由“乙”改为“”")));
+        QCOMPARE(*store.chainUsers(key, ChainRole::Forward), QStringList());
+        QCOMPARE(*store.chainUsers(key, ChainRole::Execute), QStringList({ line("甲"), line("乙") }));
+    }
+
+    void aChainOfUnknownUsersAccountsAndTypesIsRefused()
+    {
+        FilledTeam& team = *m_team;
+        const auto set = [&team](const char* account, const char* type, const char* names) {
+            return team.chains.setChain(line(account), line(type), { { line("executors"), line(names) } }).status();
+        };
+        QCOMPARE(set("1", "5", "甲,丁"), Status(Error::UnknownUser, { line("丁") }));
+        QCOMPARE(set("1", "5", "甲,"), Status(Error::UnknownUser, { QString() }));
+        QCOMPARE(set("2", "5", "甲"), Status(Error::UnknownAccount, { line("2") }));
+        QCOMPARE(set("1", "x", "甲"), Status(Error::UnknownCode, { line("指令类型"), line("x") }));
+        QCOMPARE(*AuthorityStore(team.administration.database()).chainTypes(line("1")), QStringList());
+    }
+
     void theListShowsUsersRightsAccountsAndLimits()
     {
         FilledTeam team(m_administrator);
@@ -496,10 +531,12 @@ private Q_SLOTS:
         QVERIFY(team.users.grant(team.first, line("1"), { line("5") }, true));
         QVERIFY(team.users.revokeUser(team.second));
         QVERIFY(team.accounts.setLimits(line("1"), { { line("quantity"), line("5") } }));
+        QVERIFY(team.chains.setChain(line("1"), line("5"), { { line("executors"), line("甲,乙") } }));
         const Result<QJsonObject> report = RightsReport::json(team.administration);
         QCOMPARE(report.status(), Status());
         const QString expected =
-            QStringLiteral(R"({"accounts":[{"account":"1","asset":"ordinary","branch":"B1","client":"C1",)"
+            QStringLiteral(R"({"accounts":[{"account":"1","asset":"ordinary","branch":"B1",)"
+                           R"("chains":[{"executors":["甲","乙"],"reviewers":[],"type":"5"}],"client":"C1",)"
                            R"("exchanges":{"XSHG":"A1"},"fund":"F1","limits":{"quantity":5},"name":"一号"}],)"
                            R"("limits":{"amount":10000000000,"price-band":500,"quantity":100000000},)"
                            R"("users":[{"accounts":[{"account":"1","reviewed":["5"],"types":["1","5"]}],"id":"%1",)"
@@ -511,6 +548,7 @@ private Q_SLOTS:
                 QStringLiteral("用户%1：账户1，指令类型1、5，须复核5").arg(team.first),
                 QStringLiteral("用户%1：姓名乙，不能登录").arg(team.second),
                 line("账户1：名称一号，资金账号F1，客户号C1，营业部B1，资产属性ordinary，证券账户XSHG=A1，最大数量5"),
+                line("账户1：指令类型5，执行人甲、乙，复核人无"),
                 line("通用限额：最大数量100000000、最大金额10000000000元、价格偏离500‰") }));
     }
 
@@ -529,6 +567,7 @@ private Q_SLOTS:
         QCOMPARE(run("migrate").output, line("已是如此，没有变化\n"));
         QCOMPARE(run("add-account 1 name=一号 fund=F1 client=C1 branch=B1").output, line("账户1：已建立，名称一号\n"));
         QCOMPARE(run("set-limits 1 quantity=5").output, line("账户1：最大数量由usual改为5\n"));
+        QCOMPARE(run("set-chain 1 5 reviewers=").output, line("已是如此，没有变化\n"));
         const QByteArray adding = QStringLiteral("add-user %1 丙 --password-stdin").arg(user).toUtf8();
         const ProgramEnd withoutPassword = run(adding.constData());
         QCOMPARE(withoutPassword.code, 1);
@@ -551,12 +590,13 @@ private Q_SLOTS:
         const auto row = [](const char* words, const char* message) {
             QTest::newRow(words) << line(words) << line(message);
         };
-        row("admin", "命令admin应有参数：add-account|add-user|grant|init|list|migrate|revoke|set-limits");
+        row("admin", "命令admin应有参数：add-account|add-user|grant|init|list|migrate|revoke|set-chain|set-limits");
         row("admin drop", "多余的参数：drop");
         row("admin init now", "多余的参数：now");
         row("admin add-user a", "命令admin add-user应有参数：用户编号 姓名");
         row("admin add-user a b c", "多余的参数：c");
         row("admin grant a 1", "命令admin grant应有参数：用户编号 账户 指令类型...");
+        row("admin set-chain 1 1", "命令admin set-chain应有参数：账户 指令类型 名称=姓名,...");
         row("admin list --review", "命令admin list没有选项--review");
         row("admin list --user a", "命令admin list没有选项--user");
         row("--sample", "选项--sample只用于命令admin init");

@@ -176,9 +176,9 @@ private Q_SLOTS:
     void theHelpNamesEveryCommand()
     {
         const QString help = read(QStringLiteral("--help"))->help;
-        for (const char* name :
-            { "admin add-account", "admin add-user", "admin grant", "admin init", "admin list", "admin migrate",
-                "admin revoke", "admin set-limits", "backup", "history", "import-closures", "move-to" })
+        for (const char* name : { "admin add-account", "admin add-user", "admin grant", "admin init", "admin list",
+                 "admin migrate", "admin revoke", "admin set-chain", "admin set-limits", "backup", "history",
+                 "import-closures", "move-to" })
             QVERIFY2(help.contains(QLatin1Char(' ') + QLatin1String(name)), name);
     }
 

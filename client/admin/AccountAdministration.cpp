@@ -135,22 +135,12 @@ Result<std::optional<qint64>> limitOf(const LimitItem& item, const QString& text
     return std::optional<qint64>(number);
 }
 
-Status checkAccount(Database& database, const QString& account)
-{
-    if (account == Usual)
-        return {};
-    const Result<StoredAccount> known = AccountStore(database).account(account);
-    if (!known)
-        return known.status();
-    return known->tradingAccount.isEmpty() ? Status(Error::UnknownAccount, { account }) : Status();
-}
-
 Status changeLimits(
     Database& database, const QString& account, const AccountAdministration::Items& items, QStringList& lines)
 {
-    if (Status status = checkAccount(database, account); !status)
-        return status;
     const QString key = account == Usual ? QString() : account;
+    if (Status status = key.isEmpty() ? Status() : Administration::checkAccount(database, account); !status)
+        return status;
     const QString owner = key.isEmpty() ? QStringLiteral("通用限额") : QStringLiteral("账户") + account;
     LimitStore store(database);
     Result<AccountLimits> limits = store.own(key);

@@ -1,5 +1,7 @@
 #include "Administration.h"
 
+#include "AccountStore.h"
+#include "PlanCodes.h"
 #include "SampleData.h"
 #include "ServerLocation.h"
 #include "UserStore.h"
@@ -91,4 +93,22 @@ Status Administration::checkText(const QString& caption, const QString& text)
     const bool isPrintable = std::all_of(text.cbegin(), text.cend(),
         [](QChar letter) { return letter.category() != QChar::Other_Control && !letter.isNull(); });
     return isPrintable && !text.isEmpty() && text == text.trimmed() ? Status() : Status(Error::EmptyText, { caption });
+}
+
+Status Administration::checkTypes(const QStringList& types)
+{
+    using namespace PlanCodes::InstructionType;
+    for (const QString& type : types) {
+        if (!QStringList{ Ordinary, Credit, Bond, HkConnect }.contains(type))
+            return { Error::UnknownCode, { QStringLiteral("指令类型"), type } };
+    }
+    return {};
+}
+
+Status Administration::checkAccount(Database& database, const QString& account)
+{
+    const Result<StoredAccount> known = AccountStore(database).account(account);
+    if (!known)
+        return known.status();
+    return known->tradingAccount.isEmpty() ? Status(Error::UnknownAccount, { account }) : Status();
 }

@@ -27,6 +27,10 @@ public:
 
     /// Fails if a text is empty, or has spaces around it or control characters in it.
     static Status checkText(const QString& caption, const QString& text);
+    /// Fails if one is no code of an instruction type.
+    static Status checkTypes(const QStringList& types);
+    /// Fails if the account is unknown.
+    static Status checkAccount(Database& database, const QString& account);
 
 private:
     Database m_database;

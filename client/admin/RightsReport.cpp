@@ -26,18 +26,42 @@ Result<QJsonObject> limitsOf(Database& database, const QString& account)
     return object;
 }
 
+Result<QJsonArray> chainsOf(Database& database, const QString& account)
+{
+    AuthorityStore store(database);
+    const Result<QStringList> types = store.chainTypes(account);
+    if (!types)
+        return types.status();
+    QJsonArray chains;
+    for (const QString& type : *types) {
+        const QString key = store.chainKey(account, type).valueOr(QString());
+        const Result<QStringList> executors = store.chainUsers(key, ChainRole::Execute);
+        const Result<QStringList> reviewers = store.chainUsers(key, ChainRole::Forward);
+        if (!executors || !reviewers)
+            return executors ? reviewers.status() : executors.status();
+        chains << QJsonObject{ { QStringLiteral("type"), type },
+            { QStringLiteral("executors"), QJsonArray::fromStringList(*executors) },
+            { QStringLiteral("reviewers"), QJsonArray::fromStringList(*reviewers) } };
+    }
+    return chains;
+}
+
 Result<QJsonObject> accountObject(Database& database, const StoredAccount& account)
 {
     const Result<QJsonObject> limits = limitsOf(database, account.tradingAccount);
     if (!limits)
         return limits.status();
+    const Result<QJsonArray> chains = chainsOf(database, account.tradingAccount);
+    if (!chains)
+        return chains.status();
     QJsonObject exchanges;
     for (auto it = account.exchangeAccounts.cbegin(); it != account.exchangeAccounts.cend(); ++it)
         exchanges.insert(it.key(), it.value());
     return QJsonObject{ { QStringLiteral("account"), account.tradingAccount }, { QStringLiteral("name"), account.name },
         { QStringLiteral("fund"), account.fundAccount }, { QStringLiteral("client"), account.clientNo },
         { QStringLiteral("asset"), account.assetProperty }, { QStringLiteral("branch"), account.branchNo },
-        { QStringLiteral("exchanges"), exchanges }, { QStringLiteral("limits"), *limits } };
+        { QStringLiteral("exchanges"), exchanges }, { QStringLiteral("limits"), *limits },
+        { QStringLiteral("chains"), *chains } };
 }
 
 Result<QJsonObject> rightsObject(Database& database, const QString& user, const QString& account)
@@ -147,6 +171,23 @@ QString accountLine(const QJsonObject& account)
             limitsText(account.value(QStringLiteral("limits")).toObject()));
 }
 
+QStringList chainLines(const QJsonObject& account)
+{
+    QStringList lines;
+    const QJsonArray chains = account.value(QStringLiteral("chains")).toArray();
+    for (const QJsonValue& value : chains) {
+        const QJsonObject chain = value.toObject();
+        const QString executors = joined(chain.value(QStringLiteral("executors")));
+        const QString reviewers = joined(chain.value(QStringLiteral("reviewers")));
+        lines << QStringLiteral("账户%1：指令类型%2，执行人%3，复核人%4")
+                     .arg(account.value(QStringLiteral("account")).toString(),
+                         chain.value(QStringLiteral("type")).toString(),
+                         executors.isEmpty() ? QStringLiteral("无") : executors,
+                         reviewers.isEmpty() ? QStringLiteral("无") : reviewers);
+    }
+    return lines;
+}
+
 } // namespace
 
 Result<QJsonObject> RightsReport::json(Administration& administration)
@@ -177,7 +218,7 @@ QStringList RightsReport::lines(const QJsonObject& report)
         lines << userLines(user.toObject());
     const QJsonArray accounts = report.value(QStringLiteral("accounts")).toArray();
     for (const QJsonValue& account : accounts)
-        lines << accountLine(account.toObject());
+        lines << accountLine(account.toObject()) << chainLines(account.toObject());
     lines << QStringLiteral("通用限额：") + limitsText(report.value(QStringLiteral("limits")).toObject());
     return lines;
 }

@@ -3,7 +3,6 @@
 #include "AccountStore.h"
 #include "AuthorityStore.h"
 #include "LoginRoles.h"
-#include "PlanCodes.h"
 
 #include <QRandomGenerator>
 
@@ -29,16 +28,6 @@ Status checkUser(Database& database, const QString& id)
     return user->id.isEmpty() ? Status(Error::UnknownUser, { id }) : Status();
 }
 
-Status checkTypes(const QStringList& types)
-{
-    using namespace PlanCodes::InstructionType;
-    for (const QString& type : types) {
-        if (!QStringList{ Ordinary, Credit, Bond, HkConnect }.contains(type))
-            return { Error::UnknownCode, { QStringLiteral("指令类型"), type } };
-    }
-    return {};
-}
-
 /// The rights of one user to one account.
 class AccountRights {
 public:
@@ -49,15 +38,6 @@ public:
         , m_account(account)
         , m_lines(lines)
     {
-    }
-
-    /// Fails if the account is unknown.
-    Status check()
-    {
-        const Result<StoredAccount> known = m_accounts.account(m_account);
-        if (!known)
-            return known.status();
-        return known->tradingAccount.isEmpty() ? Status(Error::UnknownAccount, { m_account }) : Status();
     }
 
     Status assign()
@@ -273,13 +253,13 @@ Result<QStringList> UserAdministration::revokeUser(const QString& id)
 Result<QStringList> UserAdministration::grant(
     const QString& id, const QString& account, const QStringList& types, bool reviewed)
 {
-    if (Status status = checkTypes(types); !status)
+    if (Status status = Administration::checkTypes(types); !status)
         return status;
     return m_administration.run([&](Database& database, QStringList& lines) -> Status {
         if (Status status = checkUser(database, id); !status)
             return status;
         AccountRights rights(database, id, account, lines);
-        Status status = rights.check();
+        Status status = Administration::checkAccount(database, account);
         if (status)
             status = rights.assign();
         for (const QString& type : types) {
@@ -292,13 +272,13 @@ Result<QStringList> UserAdministration::grant(
 
 Result<QStringList> UserAdministration::revoke(const QString& id, const QString& account, const QStringList& types)
 {
-    if (Status status = checkTypes(types); !status)
+    if (Status status = Administration::checkTypes(types); !status)
         return status;
     return m_administration.run([&](Database& database, QStringList& lines) -> Status {
         if (Status status = checkUser(database, id); !status)
             return status;
         AccountRights rights(database, id, account, lines);
-        if (Status status = rights.check(); !status)
+        if (Status status = Administration::checkAccount(database, account); !status)
             return status;
         return types.isEmpty() ? rights.unassign() : rights.revoke(types);
     });

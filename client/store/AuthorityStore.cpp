@@ -100,6 +100,22 @@ Status AuthorityStore::addChain(const QString& tradingAccount, const QString& in
         { tradingAccount, instructionType, chainKey });
 }
 
+Result<QStringList> AuthorityStore::chainTypes(const QString& tradingAccount)
+{
+    return m_database.texts(
+        QStringLiteral(
+            "SELECT instruction_type FROM approval_chains WHERE trading_account = ? ORDER BY instruction_type"),
+        { tradingAccount });
+}
+
+Result<QString> AuthorityStore::chainKey(const QString& tradingAccount, const QString& instructionType)
+{
+    const auto key = m_database.value(
+        QStringLiteral("SELECT chain_key FROM approval_chains WHERE trading_account = ? AND instruction_type = ?"),
+        { tradingAccount, instructionType });
+    return key ? Result<QString>(key->toString()) : key.status();
+}
+
 Status AuthorityStore::addChainUsers(const QString& chainKey, ChainRole role, const QStringList& userNames)
 {
     return m_database.transaction([&]() -> Status {
@@ -113,6 +129,12 @@ Status AuthorityStore::addChainUsers(const QString& chainKey, ChainRole role, co
         }
         return {};
     });
+}
+
+Status AuthorityStore::removeChainUsers(const QString& chainKey, ChainRole role)
+{
+    return m_database.execute(
+        QStringLiteral("DELETE FROM chain_users WHERE chain_key = ? AND role = ?"), { chainKey, textOf(role) });
 }
 
 Result<QStringList> AuthorityStore::chainUsers(const QString& chainKey, ChainRole role)

@@ -57,8 +57,13 @@ public:
     static void addTo(ValueReader& reader, const OrderParties& parties, OrderRights& rights);
 
     Status addChain(const QString& tradingAccount, const QString& instructionType, const QString& chainKey);
+    /// The instruction types of an account with a chain, ascending.
+    Result<QStringList> chainTypes(const QString& tradingAccount);
+    /// Empty if there is none.
+    Result<QString> chainKey(const QString& tradingAccount, const QString& instructionType);
     /// Appends users to the chain; it may contain a user more than once.
     Status addChainUsers(const QString& chainKey, ChainRole role, const QStringList& userNames);
+    Status removeChainUsers(const QString& chainKey, ChainRole role);
     /// User names in chain order, with duplicates; empty if the chain is unknown.
     Result<QStringList> chainUsers(const QString& chainKey, ChainRole role);
 

@@ -1,6 +1,7 @@
 #include "AdminCommands.h"
 
 #include "AccountAdministration.h"
+#include "ChainAdministration.h"
 #include "CommandForms.h"
 #include "Console.h"
 #include "FileMove.h"
@@ -103,11 +104,11 @@ Result<QStringList> revoke(Administration& administration, const Options& option
     return users.revoke(options.arguments.at(0), options.arguments.at(1), options.arguments.mid(2));
 }
 
-/// The arguments after the first one, "name=text" each.
-Result<QMap<QString, QString>> itemsOf(const Options& options, const QStringList& names)
+/// The arguments from `first` on, "name=text" each.
+Result<QMap<QString, QString>> itemsOf(const Options& options, int first, const QStringList& names)
 {
     QMap<QString, QString> items;
-    for (const QString& argument : options.arguments.mid(1)) {
+    for (const QString& argument : options.arguments.mid(first)) {
         const QString name = argument.section(QLatin1Char('='), 0, 0);
         if (!argument.contains(QLatin1Char('=')) || !names.contains(name) || items.contains(name))
             return { Error::MalformedItem, { argument, names.join(QStringLiteral("、")) } };
@@ -118,7 +119,7 @@ Result<QMap<QString, QString>> itemsOf(const Options& options, const QStringList
 
 Result<QStringList> addAccount(Administration& administration, const Options& options)
 {
-    const auto items = itemsOf(options, AccountAdministration::accountItems());
+    const auto items = itemsOf(options, 1, AccountAdministration::accountItems());
     if (!items)
         return items.status();
     return AccountAdministration(administration).addAccount(options.arguments.at(0), *items);
@@ -126,10 +127,18 @@ Result<QStringList> addAccount(Administration& administration, const Options& op
 
 Result<QStringList> setLimits(Administration& administration, const Options& options)
 {
-    const auto items = itemsOf(options, AccountAdministration::limitItems());
+    const auto items = itemsOf(options, 1, AccountAdministration::limitItems());
     if (!items)
         return items.status();
     return AccountAdministration(administration).setLimits(options.arguments.at(0), *items);
+}
+
+Result<QStringList> setChain(Administration& administration, const Options& options)
+{
+    const auto items = itemsOf(options, 2, ChainAdministration::items());
+    if (!items)
+        return items.status();
+    return ChainAdministration(administration).setChain(options.arguments.at(0), options.arguments.at(1), *items);
 }
 
 Result<QString> list(const Options& options)
@@ -157,6 +166,7 @@ QMap<QString, CommandFunction> adminCommands()
         { QStringLiteral("admin revoke"), inDatabase(revoke) },
         { QStringLiteral("admin add-account"), inDatabase(addAccount) },
         { QStringLiteral("admin set-limits"), inDatabase(setLimits) },
+        { QStringLiteral("admin set-chain"), inDatabase(setChain) },
         { QStringLiteral("admin list"), list },
         { QStringLiteral("move-to"), moveTo },
     };
