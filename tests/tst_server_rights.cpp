@@ -100,6 +100,7 @@ private Q_SLOTS:
         row("the largest amount", insert("issued_fen", "1000000000000"), QString());
         row("one fen more", insert("issued_fen", "1000000000001"), refused);
         row("a change above the limit", "UPDATE instructions SET issued_quantity = 100000001", refused);
+        row("moved to another plan", "UPDATE instructions SET plan = 2", denied("table instructions"));
     }
 
     void anInstructionStaysWithinTheLimitsOfItsAccount()
@@ -107,6 +108,23 @@ private Q_SLOTS:
         QFETCH(QString, statement);
         QFETCH(QString, answer);
         QCOMPARE(asUser(Owner, statement), answer);
+    }
+
+    void anInstructionAboveTheLimitsIsNotMovedToAnotherDay()
+    {
+        const QString added = psql(m_session->ownersFile(),
+            QStringLiteral("INSERT INTO limit_exceptions (trading_account, largest_quantity, authorised_by,"
+                           " authorised_time, last_day, reason) VALUES ('100001', 100000001, 'trader03',"
+                           " '2024-05-06T01:30:00.000Z', '2024-05-07', 'r')"));
+        QCOMPARE(added, QString());
+        const QString insertion =
+            QStringLiteral("BEGIN; INSERT INTO instructions (plan, position, day, issued_quantity)"
+                           " VALUES (1, 2, '2024-05-07', 100000001); %1 ROLLBACK");
+        QCOMPARE(asUser(Owner, insertion.arg(QString())), QString());
+        const QString moved = asUser(
+            Owner, insertion.arg(QStringLiteral("UPDATE instructions SET day = '2024-05-08' WHERE position = 2;")));
+        QCOMPARE(moved, QStringLiteral("ERROR:  the instruction is above the limits of its account"));
+        QCOMPARE(psql(m_session->ownersFile(), QStringLiteral("DELETE FROM limit_exceptions")), QString());
     }
 
     void theOwnerSeesTheOwnRows()
@@ -128,9 +146,9 @@ private:
         row(name, QString::fromUtf8(statement), answer);
     }
 
-    static QString denied(const char* object)
+    static QString denied(const QByteArray& object)
     {
-        return QStringLiteral("ERROR:  permission denied for ") + QLatin1String(object);
+        return QStringLiteral("ERROR:  permission denied for ") + QString::fromUtf8(object);
     }
 
     static QString violates(const char* table)
@@ -176,6 +194,10 @@ private:
         row("signs for another's client",
             "INSERT INTO signatures VALUES ('x', 'C10001', 'trader03', '2024-05-06T01:30:00.000Z')",
             violates("signatures"));
+        for (const char* const table : { "plans", "instructions", "refused_days", "history", "signatures", "accounts" })
+            row(qPrintable(QStringLiteral("locks ") + QLatin1String(table)),
+                QStringLiteral("BEGIN; LOCK TABLE %1 IN SHARE MODE").arg(QLatin1String(table)),
+                denied(QByteArray("table ") + table));
         row("turns the security off", "ALTER TABLE plans DISABLE ROW LEVEL SECURITY",
             QStringLiteral("ERROR:  must be owner of table plans"));
     }
@@ -206,6 +228,10 @@ private:
             "CREATE TEMP TABLE user_accounts (\"user\" text, trading_account text);"
             " INSERT INTO user_accounts VALUES ('trader03', '100001'); SELECT count(*) FROM plandesk.plans",
             none);
+        row("asks for the limits of others by a trigger",
+            "CREATE TEMP TABLE t (plan bigint, day text, issued_quantity bigint, issued_fen bigint);"
+            " CREATE TRIGGER t BEFORE INSERT ON t FOR EACH ROW EXECUTE FUNCTION plandesk.check_limits()",
+            denied("function plandesk.check_limits"));
         row("reads the statistics", "SELECT count(*) FROM pg_stats WHERE tablename = 'plans'", none);
         row("copies the table to a program", "COPY plans TO PROGRAM 'cat'",
             QStringLiteral("ERROR:  must be superuser or have privileges of the pg_execute_server_program role to COPY"

@@ -50,7 +50,7 @@ CREATE POLICY own ON signatures FOR INSERT WITH CHECK ("user" = session_user::te
 )";
 
 // A policy refuses a row before its keys are looked up, so that no error tells which rows of others there are. Numbers
-// are given by the server alone, for the same reason.
+// are given by the server alone, for the same reason. Who may update a whole table may lock it, too.
 const char* const PlanPolicies = R"(
 ALTER TABLE plans ENABLE ROW LEVEL SECURITY;
 CREATE POLICY visible ON plans FOR SELECT USING (trading_account = ANY ((SELECT own_accounts())::text[])
@@ -67,6 +67,9 @@ GRANT INSERT (version, state, creator, created_time, changed_time, plan_type, in
 GRANT UPDATE (version, state, changed_time, plan_type, instruction_type, trading_account, symbol, side, assignee,
     executor, begin_date, end_date, fields) ON plans TO plandesk_user;
 ALTER TABLE instructions ENABLE ROW LEVEL SECURITY;
+REVOKE UPDATE ON instructions FROM plandesk_user;
+GRANT UPDATE (position, day, ended, target_type, price_ticks, price_decimals, issued_quantity, filled_quantity,
+    issued_fen, filled_fen) ON instructions TO plandesk_user;
 CREATE POLICY of_visible_plan ON instructions USING (EXISTS (SELECT FROM plans AS p WHERE p.number = plan));
 ALTER TABLE history ENABLE ROW LEVEL SECURITY;
 CREATE POLICY visible ON history FOR SELECT USING (CASE WHEN plan IS NULL THEN "user" = session_user::text
@@ -117,7 +120,9 @@ BEGIN
     END IF;
     RETURN NEW;
 END $$;
-CREATE TRIGGER instructions_within_limits BEFORE INSERT OR UPDATE OF issued_quantity, issued_fen ON instructions
+-- In a trigger on another table it would tell the limits of other accounts.
+REVOKE EXECUTE ON FUNCTION check_limits FROM PUBLIC;
+CREATE TRIGGER instructions_within_limits BEFORE INSERT OR UPDATE OF day, issued_quantity, issued_fen ON instructions
     FOR EACH ROW EXECUTE FUNCTION check_limits()
 )";
 

@@ -223,7 +223,7 @@ CREATE TABLE refused_days (
     "user" plain_text NOT NULL,
     time utc_time NOT NULL,
     PRIMARY KEY (plan, day));
-GRANT SELECT, INSERT, UPDATE ON refused_days TO plandesk_user;
+GRANT SELECT, INSERT, UPDATE (reason, "user", time) ON refused_days TO plandesk_user;
 ALTER TABLE refused_days ENABLE ROW LEVEL SECURITY;
 CREATE POLICY of_visible_plan ON refused_days USING (EXISTS (SELECT FROM plans AS p WHERE p.number = plan))
     WITH CHECK ("user" = session_user::text AND EXISTS (SELECT FROM plans AS p WHERE p.number = plan));
