@@ -200,6 +200,7 @@ private Q_SLOTS:
             QCOMPARE(window().currentPlan(), plan);
             QCOMPARE(totalOnServer(plan), QStringLiteral("3000"));
             // The next change is made from the stored version.
+            QCOMPARE(ClientSession::instance().versions().of(plan), 2);
             editTotal(QStringLiteral("4000"));
             QCOMPARE(send(), QStringLiteral("交易计划%1修改成功!").arg(plan));
             QCOMPARE(plans().plan(plan)->version, 3);

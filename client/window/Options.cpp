@@ -180,9 +180,7 @@ private:
 
     QDate issueDay() const
     {
-        const QString text = m_parser.value(m_issueDay);
-        const QDate day = QLocale::c().toDate(text, OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
-        return QLocale::c().toString(day, OrloConstants::DateTimeFormatString::STD_DATE_FORMAT) == text ? day : QDate();
+        return QLocale::c().toDate(m_parser.value(m_issueDay), OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
     }
 
     const Program m_program;
