@@ -88,7 +88,12 @@ private Q_SLOTS:
         row("postgresql://u@host/", Error::MalformedLocation);
         row("postgresql://u@host/a/b", Error::MalformedLocation);
         row("postgresql://u@host:port/plans", Error::MalformedLocation);
+        row("postgresql://u@host/plans%3Fpassword=secret", Error::PasswordInLocation);
+        row("postgresql:/u:secret@host/plans", Error::MalformedLocation);
+        row("postgresql:u:secret@host", Error::MalformedLocation);
         row("service=team password=secret", Error::MalformedLocation);
+        row("Service=team password=secret", Error::PasswordInLocation);
+        row("service = team", Error::MalformedLocation);
         row("service=", Error::MalformedLocation);
     }
 

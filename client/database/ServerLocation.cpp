@@ -26,8 +26,10 @@ bool isService(const QString& location)
 
 bool ServerLocation::isServer(const QString& location)
 {
-    static const QRegularExpression url(QStringLiteral("^postgres(ql)?://"), QRegularExpression::CaseInsensitiveOption);
-    return isService(location) || url.match(location).hasMatch();
+    // No file begins like this: a mistyped location could have a password, and would be shown as the file's name.
+    static const QRegularExpression start(
+        QStringLiteral("^(postgres(ql)?:|service *=)"), QRegularExpression::CaseInsensitiveOption);
+    return start.match(location).hasMatch();
 }
 
 Status ServerLocation::refusal(const QString& location)
@@ -37,7 +39,7 @@ Status ServerLocation::refusal(const QString& location)
         return name.match(location.mid(Service.size())).hasMatch() ? Status() : Error::MalformedLocation;
     }
     const QUrl url = urlOf(location);
-    if (url.userInfo().contains(QLatin1Char(':')) || url.query().contains(QLatin1String("password")))
+    if (url.userInfo().contains(QLatin1Char(':')) || location.contains(QLatin1String("password=")))
         return Error::PasswordInLocation;
     const bool hasName = url.path().size() > 1 && url.path().count(QLatin1Char('/')) == 1;
     const bool isWhole = url.isValid() && hasName && !url.hasQuery() && !url.hasFragment();
