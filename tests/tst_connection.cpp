@@ -377,6 +377,30 @@ private Q_SLOTS:
         QCOMPARE(countOnServer(), 0);
     }
 
+    void aServerThatIsTooSlowIsAskedAgain()
+    {
+        openWindow();
+        ClientSession& client = ClientSession::instance();
+        m_proxy->refuse();
+        const Status status = client.database().transaction([&] {
+            const auto created = client.plans().create(m_record, client.changeNow(QStringLiteral("request")));
+            lose(true);
+            return created.status();
+        });
+        QCOMPARE(status, Status(Error::ConnectionLost));
+        int asked = 0;
+        const auto find = [&asked](Database&) -> Result<qint64> {
+            ++asked;
+            return asked == 1 ? Result<qint64>(Error::ServerTooSlow) : 7;
+        };
+        std::optional<qint64> known;
+        QVERIFY(!client.lookUp(QStringLiteral("request"), find, [&known](qint64 found) { known = found; }));
+        QCOMPARE(asked, 0);
+        m_proxy->resume();
+        QTRY_COMPARE_WITH_TIMEOUT(known.value_or(0), 7, Patience);
+        QCOMPARE(asked, 2);
+    }
+
 private:
     QLabel* line() const { return field<QLabel>(window(), "outdated"); }
     PlanTable& table() const { return *field<PlanTable>(window(), "planTable"); }

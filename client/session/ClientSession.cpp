@@ -20,6 +20,7 @@ constexpr std::chrono::milliseconds UntilIdle(200);
 // A call of the user, from the begin of its transaction.
 constexpr std::chrono::milliseconds LongestCall(4800);
 constexpr std::chrono::milliseconds BetweenAttempts(100);
+constexpr std::chrono::seconds BetweenRepetitions(1);
 
 void closeWithTheApplication()
 {
@@ -33,6 +34,8 @@ ClientSession::ClientSession()
     m_idle.setSingleShot(true);
     m_idle.setInterval(UntilIdle);
     QObject::connect(&m_idle, &QTimer::timeout, &m_idle, [this] { m_database.prepareWal(); });
+    m_repetition.setSingleShot(true);
+    QObject::connect(&m_repetition, &QTimer::timeout, &m_repetition, [this] { repeatLookUps(); });
     m_endOfEvent.setSingleShot(true);
     QObject::connect(&m_endOfEvent, &QTimer::timeout, &m_endOfEvent, [this] { forgetEvent(); });
     QObject::connect(&PlanEvents::instance(), &PlanEvents::planStored, &m_idle, [this] {
@@ -77,6 +80,7 @@ void ClientSession::close()
 {
     m_open = false;
     m_idle.stop();
+    m_repetition.stop();
     m_averages.reset();
     m_checker.reset();
     m_watch.reset();
@@ -218,8 +222,7 @@ Status ClientSession::reopen()
     m_instructions.reconnect();
     Status status = logIn(QString());
     if (status)
-        QMetaObject::invokeMethod(
-            &m_idle, [this] { repeatLookUps(); }, Qt::QueuedConnection);
+        m_repetition.start(0);
     return status;
 }
 
@@ -260,15 +263,20 @@ Result<qint64> ClientSession::lookUpElsewhere(const Find& find)
     return answer->given.tryAcquire(1, static_cast<int>(end.remainingTime())) ? answer->found : Error::ConnectionLost;
 }
 
+// A box reports each outcome; meanwhile the connection may be lost and restored again. A server that was just
+// started may be too slow at first.
 void ClientSession::repeatLookUps()
 {
-    const auto all = m_lookUps;
-    for (auto lookUp = all.cbegin(); lookUp != all.cend(); ++lookUp) {
-        const Result<qint64> found = lookUp->first(m_database);
-        if (!found)
+    while (!m_lookUps.isEmpty()) {
+        const QString request = m_lookUps.firstKey();
+        const auto lookUp = m_lookUps.value(request);
+        const Result<qint64> found = lookUp.first(m_database);
+        if (!found) {
+            m_repetition.start(BetweenRepetitions);
             return;
-        m_lookUps.remove(lookUp.key());
-        lookUp->second(*found);
+        }
+        m_lookUps.remove(request);
+        lookUp.second(*found);
     }
 }
 

@@ -125,6 +125,7 @@ private:
     QMap<QString, QPair<Find, Known>> m_lookUps; ///< those without an answer, by request
     std::unique_ptr<DatabaseThread> m_finder;    ///< started on first use
     QTimer m_idle;                               ///< fires when the trader is likely to be back at the form
+    QTimer m_repetition;                         ///< of look-ups without an answer
     QTimer m_endOfEvent;
     StoredPlan m_plan;                       ///< read in this event
     QHash<QStringList, QStringList> m_lists; ///< read in this event, by their keys
