@@ -37,6 +37,18 @@ QKeySequence withControl(Qt::Key key)
     return QKeySequence(static_cast<int>(Qt::CTRL) + key);
 }
 
+/// Why the database could not be opened, or another failure itself.
+Status causeOf(const Status& failure)
+{
+    return failure.error() == Error::CannotOpenDatabase ? failure.cause() : failure;
+}
+
+bool isLoss(const Status& failure)
+{
+    const Error cause = causeOf(failure).error();
+    return cause == Error::ConnectionLost || cause == Error::NoConnection;
+}
+
 } // namespace
 
 MainWindow::MainWindow(QWidget* parent)
@@ -245,7 +257,7 @@ void MainWindow::showFailure(const Status& failure)
 {
     statusBar()->showMessage(errorText(failure));
     // The window shows a line as long as the connection is lost.
-    if (failure.error() == Error::ConnectionLost)
+    if (isLoss(failure))
         return;
     if (m_showsFailure || !m_editor->isVisible())
         return;
@@ -263,10 +275,8 @@ void MainWindow::showFailure(const Status& failure)
 // A reason other than the missing connection does not pass by itself.
 void MainWindow::showLoss(const Status& reason)
 {
-    const Status cause = reason.error() == Error::CannotOpenDatabase ? reason.cause() : reason;
-    const bool isConnection = cause.error() == Error::ConnectionLost || cause.error() == Error::NoConnection;
     const QString text = tr("与服务器的连接已断开，正在重新连接……");
-    m_outdated->setText(isConnection ? text : tr("%1最近一次失败：%2。").arg(text, errorText(cause)));
+    m_outdated->setText(isLoss(reason) ? text : tr("%1最近一次失败：%2。").arg(text, errorText(causeOf(reason))));
     m_outdated->show();
 }
 
