@@ -4,8 +4,8 @@
 
 #include <memory>
 
-/// A decimal spin box whose field can be empty. Its text has no group separators. A number outside the range is never
-/// silently clamped: typing it is rejected with a hint, and setting it clears the field and logs a warning.
+/// A decimal spin box whose field can be empty. A number outside the range is never silently clamped: typing it is
+/// rejected with a hint, and setting it clears the field and logs a warning.
 class OrloDoubleSpinBox : public QDoubleSpinBox {
     Q_OBJECT
 
@@ -25,7 +25,7 @@ public:
     QValidator::State validate(QString& text, int& position) const override; ///< accepts an empty text
     void fixup(QString& text) const override;                 ///< completes an incomplete number if possible
     double valueFromText(const QString& text) const override; ///< returns 0 for an empty text
-    QString textFromValue(double value) const override;       ///< uses the show type, without group separators
+    QString textFromValue(double value) const override;       ///< uses the show type
     void stepBy(int steps) override;                          ///< does nothing without step buttons or beyond the range
 
 public Q_SLOTS:

@@ -402,19 +402,30 @@ void addChoiceRows()
 
 void addInputRows()
 {
-    addRow("请输入数字，不带千分位和其他符号", Error::NumberMalformed);
+    addRow("无法识别“abc”，请输入数字，例如50000、50,000或5万", { Error::NumberMalformed, { QStringLiteral("abc") } });
+    addRow(
+        "“1,5”中的逗号有歧义，千分位须每三位一个，小数点请用“.”", { Error::NumberGrouping, { QStringLiteral("1,5") } });
+    addRow("无法识别单位“磅”，可用千、万、百万、千万、亿", { Error::NumberUnitUnknown, { QStringLiteral("磅") } });
+    addRow("此处以元为单位，不能用手", { Error::NumberInOtherUnit, { QStringLiteral("元"), QStringLiteral("手") } });
+    addRow("请先选择证券，才能以手为单位", Error::NumberLotUnknown);
+    addRow("该证券不以手为单位交易，请输入股数", { Error::NumberWithoutLots, { QStringLiteral("股") } });
     addRow("只能输入整数", Error::NumberNotWhole);
     addRow("最多输入2位小数", { Error::NumberTooFine, { QStringLiteral("2") } });
     addRow("数字不完整", Error::NumberIncomplete);
     addRow("不能小于1", { Error::NumberTooSmall, { QStringLiteral("1") } });
     addRow("不能大于100", { Error::NumberTooLarge, { QStringLiteral("100") } });
-    addRow("请输入有效日期，格式为yyyy-MM-dd", Error::DateMalformed);
+    addRow("无法识别“abc”，请输入日期，例如2026-12-04、1204、12-4或+5",
+        { Error::DateMalformed, { QStringLiteral("abc") } });
+    addRow("没有“1301”这一天", { Error::NoSuchDate, { QStringLiteral("1301") } });
+    addRow("可选的交易日不足100个", { Error::TooFewTradeDays, { QStringLiteral("100") } });
     addRow("2025-12-01早于最早可选日期2025-12-02",
         { Error::DateTooEarly, { QStringLiteral("2025-12-01"), QStringLiteral("2025-12-02") } });
     addRow("2025-12-03晚于最晚可选日期2025-12-02",
         { Error::DateTooLate, { QStringLiteral("2025-12-03"), QStringLiteral("2025-12-02") } });
     addRow("2025-12-06不是交易日，不能选择", { Error::DateExcluded, { QStringLiteral("2025-12-06") } });
     addRow("结束日期不能早于开始日期2025-12-01", { Error::LastBeforeFirst, { QStringLiteral("2025-12-01") } });
+    addRow("结束日期的输入无法使用：没有“1301”这一天",
+        { Error::InputRefused, { QStringLiteral("结束日期"), QStringLiteral("没有“1301”这一天") } });
 }
 
 } // namespace

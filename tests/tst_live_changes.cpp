@@ -222,7 +222,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(notice()->isVisible(), Patience);
         QCOMPARE(notice()->findChild<QLabel*>()->text(),
             QStringLiteral("您正在修改第1版，方汀已于2024-05-06 18:30:00保存了第2版。"));
-        QCOMPARE(totalOfForm(), QStringLiteral("3000"));
+        QCOMPARE(totalOfForm(), QStringLiteral("3,000"));
         QCOMPARE(PlanStore(colleague()).setState(plan, 2, PlanState::Paused, {}, { Colleague, ChangeTime }), Status());
         QTRY_VERIFY_WITH_TIMEOUT(
             notice()->findChild<QLabel*>()->text().endsWith(QStringLiteral("保存了第3版。")), Patience);
@@ -240,7 +240,7 @@ private Q_SLOTS:
         QVERIFY(shown->isColumnHidden(3));
         QTest::mouseClick(field<QPushButton>(*conflict(), "btnKeep"), Qt::LeftButton);
         QVERIFY(!notice()->isVisible());
-        QCOMPARE(totalOfForm(), QStringLiteral("3000"));
+        QCOMPARE(totalOfForm(), QStringLiteral("3,000"));
         QCOMPARE(send(), QStringLiteral("交易计划%1修改成功!").arg(plan));
         QCOMPARE(plans().plan(plan)->version, 3);
         QCOMPARE(plans().plan(plan)->record.value(BaseField::totalQty).toString(), QStringLiteral("3000"));
@@ -252,7 +252,7 @@ private Q_SLOTS:
         QTest::mouseClick(field<QPushButton>(*notice(), "btnShowChange"), Qt::LeftButton);
         QTest::mouseClick(field<QPushButton>(*conflict(), "btnReload"), Qt::LeftButton);
         QVERIFY(!notice()->isVisible());
-        QCOMPARE(totalOfForm(), QStringLiteral("2000"));
+        QCOMPARE(totalOfForm(), QStringLiteral("2,000"));
     }
 
     void aNoticeEndsWithItsForm()

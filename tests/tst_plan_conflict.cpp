@@ -38,7 +38,7 @@ private Q_SLOTS:
     void aRefusedFormIsKeptAndTheDifferenceShown()
     {
         const QString plan = openEditAndConflict();
-        QCOMPARE(totalOfForm(), QStringLiteral("3000"));
+        QCOMPARE(totalOfForm(), QStringLiteral("3,000"));
         QVERIFY(dialog().isVisible());
         QCOMPARE(conflict()->windowTitle(), QStringLiteral("计划%1已被修改").arg(plan));
         QCOMPARE(field<QLabel>(*conflict(), "conflictText")->text(),
@@ -53,7 +53,7 @@ private Q_SLOTS:
         const QString plan = openEditAndConflict();
         press(QStringLiteral("btnKeep"));
         QVERIFY(dialog().isVisible());
-        QCOMPARE(totalOfForm(), QStringLiteral("3000"));
+        QCOMPARE(totalOfForm(), QStringLiteral("3,000"));
         QCOMPARE(send(), QStringLiteral("交易计划%1修改成功!").arg(plan));
         QCOMPARE(plans().plan(plan)->version, 3);
         QCOMPARE(plans().plan(plan)->record.value(BaseField::totalQty).toString(), QStringLiteral("3000"));
@@ -80,7 +80,7 @@ private Q_SLOTS:
         table->setFocus();
         QTest::keyClick(table, Qt::Key_Return);
         QVERIFY(!conflict() || !conflict()->isVisible());
-        QCOMPARE(totalOfForm(), QStringLiteral("3000"));
+        QCOMPARE(totalOfForm(), QStringLiteral("3,000"));
     }
 
     void aRowIsAsHighAsItsTexts()
@@ -95,7 +95,7 @@ private Q_SLOTS:
         const QString plan = openEditAndConflict();
         press(QStringLiteral("btnReload"));
         QVERIFY(dialog().isVisible());
-        QCOMPARE(totalOfForm(), QStringLiteral("2000"));
+        QCOMPARE(totalOfForm(), QStringLiteral("2,000"));
         dialogDriver().type("le_targetTotalNum", QStringLiteral("2500"));
         QCOMPARE(send(), QStringLiteral("交易计划%1修改成功!").arg(plan));
         const StoredPlan stored = *plans().plan(plan);

@@ -94,6 +94,49 @@
     </message>
 </context>
 <context>
+    <name>ConflictDialog</name>
+    <message>
+        <source>计划%1已被修改</source>
+        <translation>Plan %1 was changed</translation>
+    </message>
+    <message>
+        <source>您打开计划后，%1于%2保存了第%3版。请核对不同之处，选择如何继续。</source>
+        <translation>After you opened the plan, %1 saved version %3 at %2. Please compare and choose how to continue.</translation>
+    </message>
+    <message>
+        <source>不同的字段</source>
+        <translation>Fields that differ</translation>
+    </message>
+    <message>
+        <source>字段</source>
+        <translation>Field</translation>
+    </message>
+    <message>
+        <source>您打开时</source>
+        <translation>When you opened it</translation>
+    </message>
+    <message>
+        <source>现在保存的</source>
+        <translation>Stored now</translation>
+    </message>
+    <message>
+        <source>您填写的</source>
+        <translation>Your input</translation>
+    </message>
+    <message>
+        <source>读取新版本</source>
+        <translation>Read the new version</translation>
+    </message>
+    <message>
+        <source>保留我填写的</source>
+        <translation>Keep my input</translation>
+    </message>
+    <message>
+        <source>取消</source>
+        <translation>Cancel</translation>
+    </message>
+</context>
+<context>
     <name>DateField</name>
     <message>
         <source>打开日历</source>
@@ -102,6 +145,38 @@
     <message>
         <source>日历</source>
         <translation> calendar</translation>
+    </message>
+    <message>
+        <source>周一</source>
+        <translation>Mon</translation>
+    </message>
+    <message>
+        <source>周二</source>
+        <translation>Tue</translation>
+    </message>
+    <message>
+        <source>周三</source>
+        <translation>Wed</translation>
+    </message>
+    <message>
+        <source>周四</source>
+        <translation>Thu</translation>
+    </message>
+    <message>
+        <source>周五</source>
+        <translation>Fri</translation>
+    </message>
+    <message>
+        <source>周六</source>
+        <translation>Sat</translation>
+    </message>
+    <message>
+        <source>周日</source>
+        <translation>Sun</translation>
+    </message>
+    <message>
+        <source>，按↑键或点击此处改为%1</source>
+        <translation>; press Up or click here for %1</translation>
     </message>
 </context>
 <context>
@@ -126,13 +201,17 @@
         <source>应为%1的整数倍</source>
         <translation>Should be a multiple of %1</translation>
     </message>
+    <message>
+        <source>查看不同之处</source>
+        <translation>Show the differences</translation>
+    </message>
+    <message>
+        <source>您正在修改第%1版，%2已于%3保存了第%4版。</source>
+        <translation>You are editing version %1; %2 saved version %4 at %3.</translation>
+    </message>
 </context>
 <context>
     <name>Error</name>
-    <message>
-        <source>请输入数字，不带千分位和其他符号</source>
-        <translation>Enter a number, without group separators or other signs</translation>
-    </message>
     <message>
         <source>只能输入整数</source>
         <translation>Only whole numbers</translation>
@@ -154,10 +233,6 @@
         <translation>Cannot be more than %1</translation>
     </message>
     <message>
-        <source>请输入有效日期，格式为yyyy-MM-dd</source>
-        <translation>Enter a valid date as yyyy-MM-dd</translation>
-    </message>
-    <message>
         <source>%1早于最早可选日期%2</source>
         <translation>%1 is earlier than the first possible date, %2</translation>
     </message>
@@ -172,6 +247,46 @@
     <message>
         <source>结束日期不能早于开始日期%1</source>
         <translation>The last date cannot be earlier than the first, %1</translation>
+    </message>
+    <message>
+        <source>无法识别“%1”，请输入数字，例如50000、50,000或5万</source>
+        <translation>“%1” is not understood; type a number, for example 50000, 50,000 or 5万</translation>
+    </message>
+    <message>
+        <source>“%1”中的逗号有歧义，千分位须每三位一个，小数点请用“.”</source>
+        <translation>The comma in “%1” is ambiguous: groups have three digits, and the decimal point is “.”</translation>
+    </message>
+    <message>
+        <source>无法识别单位“%1”，可用千、万、百万、千万、亿</source>
+        <translation>The unit “%1” is not understood; 千, 万, 百万, 千万 and 亿 are</translation>
+    </message>
+    <message>
+        <source>此处以%1为单位，不能用%2</source>
+        <translation>This field is in %1, not in %2</translation>
+    </message>
+    <message>
+        <source>请先选择证券，才能以手为单位</source>
+        <translation>Choose a security before typing lots</translation>
+    </message>
+    <message>
+        <source>该证券不以手为单位交易，请输入%1数</source>
+        <translation>This security has no lots; type the number of %1</translation>
+    </message>
+    <message>
+        <source>无法识别“%1”，请输入日期，例如2026-12-04、1204、12-4或+5</source>
+        <translation>“%1” is not understood; type a date, for example 2026-12-04, 1204, 12-4 or +5</translation>
+    </message>
+    <message>
+        <source>没有“%1”这一天</source>
+        <translation>There is no day “%1”</translation>
+    </message>
+    <message>
+        <source>可选的交易日不足%1个</source>
+        <translation>There are fewer than %1 trading days to choose from</translation>
+    </message>
+    <message>
+        <source>%1的输入无法使用：%2</source>
+        <translation>The text of %1 cannot be used: %2</translation>
     </message>
 </context>
 <context>
@@ -229,8 +344,20 @@
         <translation>%1 plans or more</translation>
     </message>
     <message>
-        <source>计划列表</source>
-        <translation>List of plans</translation>
+        <source>刷新失败：%1。列表仍是%2读取的内容，可能已经过时。</source>
+        <translation>The refresh has failed: %1. The list was read at %2 and may be out of date.</translation>
+    </message>
+    <message>
+        <source>与服务器的连接已断开，正在重新连接……</source>
+        <translation>The connection to the server is lost; connecting again…</translation>
+    </message>
+    <message>
+        <source>%1最近一次失败：%2。</source>
+        <translation>%1 The last attempt failed: %2.</translation>
+    </message>
+    <message>
+        <source>连接已恢复，%1</source>
+        <translation>The connection is restored, %1</translation>
     </message>
 </context>
 <context>
@@ -300,6 +427,10 @@
         <source>已按%1位小数取整</source>
         <translation>Rounded to %1 decimals</translation>
     </message>
+    <message>
+        <source>，%1</source>
+        <translation>, %1</translation>
+    </message>
 </context>
 <context>
     <name>PlanDetails</name>
@@ -314,6 +445,21 @@
     <message>
         <source>计划内容</source>
         <translation>Contents of the plan</translation>
+    </message>
+    <message>
+        <source>历史</source>
+        <translation>History</translation>
+    </message>
+    <message>
+        <source>最近的%1条，全部历史见命令plandesk history</source>
+        <translation>The latest %1; the command plandesk history prints all</translation>
+    </message>
+</context>
+<context>
+    <name>PlanTable</name>
+    <message>
+        <source>计划列表</source>
+        <translation>List of plans</translation>
     </message>
 </context>
 <context>

@@ -3,6 +3,7 @@
 #include "Algo_Fields.h"
 #include "Algo_Values.h"
 #include "ErrorText.h"
+#include "FieldMark.h"
 #include "OrloBusinessDataInterface.h"
 #include "OrloStrategyFactory.h"
 #include "ParamListWidget.h"
@@ -79,7 +80,7 @@ void AlgorithmPanel::buildPanel()
     m_message->setObjectName(QStringLiteral("lab_message"));
     m_message->setWordWrap(true);
     QPalette colors = m_message->palette();
-    colors.setColor(QPalette::WindowText, ParameterForm::faultColor());
+    colors.setColor(QPalette::WindowText, FieldMark::colour());
     m_message->setPalette(colors);
     column->addWidget(m_message);
     column->addStretch(1);

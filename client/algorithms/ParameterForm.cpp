@@ -1,5 +1,6 @@
 #include "ParameterForm.h"
 
+#include "FieldMark.h"
 #include "ParameterValue.h"
 #include "PlainText.h"
 #include "StepInput.h"
@@ -11,7 +12,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
-#include <QStyle>
 
 namespace {
 
@@ -129,23 +129,10 @@ void ParameterForm::markFault(const QString& parameter)
 {
     for (const Row& row : qAsConst(m_rows)) {
         const bool faulty = row.parameter.name == parameter;
-        QPalette colors = palette();
-        if (faulty) {
-            for (const QPalette::ColorRole role : { QPalette::Text, QPalette::WindowText, QPalette::ButtonText })
-                colors.setColor(role, faultColor());
+        FieldMark::set(row.input, FieldMark::Faulty, faulty);
+        if (faulty)
             row.input->setFocus(Qt::OtherFocusReason);
-        }
-        row.input->setPalette(faulty ? colors : QPalette());
-        row.input->setProperty("faulty", faulty);
-        // A skin has its own colour for invalid inputs.
-        row.input->style()->unpolish(row.input);
-        row.input->style()->polish(row.input);
     }
-}
-
-QColor ParameterForm::faultColor()
-{
-    return { 0xd0, 0x30, 0x30 };
 }
 
 QMap<QString, QString> ParameterForm::defaults(const StrategyDefinition& strategy)

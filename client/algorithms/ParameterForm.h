@@ -39,8 +39,6 @@ public:
     /// Marks the input of a parameter as invalid and gives it the focus; an empty name removes the mark.
     void markFault(const QString& parameter);
 
-    /// Colour of invalid inputs, for light and dark skins.
-    static QColor faultColor();
     /// The defaults of the strategy's file.
     static QMap<QString, QString> defaults(const StrategyDefinition& strategy);
 

@@ -13,8 +13,6 @@ namespace {
 
 constexpr int DaysInWeek = 7;
 constexpr int WeeksShown = 6;
-/// How many days the keyboard searches for one that can be chosen.
-constexpr int FarthestStep = 400;
 
 QDate firstOfMonth(const QDate& date)
 {
@@ -23,7 +21,7 @@ QDate firstOfMonth(const QDate& date)
 
 } // namespace
 
-CalendarPopup::CalendarPopup(const Check& check, const QDate& shown, QWidget* field)
+CalendarPopup::CalendarPopup(const DateCheck& check, const QDate& shown, QWidget* field)
     : QFrame(field, Qt::Popup)
     , m_check(check)
     , m_title(new QLabel(this))
@@ -35,7 +33,7 @@ CalendarPopup::CalendarPopup(const Check& check, const QDate& shown, QWidget* fi
     setFocusPolicy(Qt::StrongFocus);
     build();
     const QDate around = shown.isValid() ? shown : clientToday();
-    m_marked = nearestChoosable(around);
+    m_marked = nearestChoosable(around, m_check);
     showMonth(m_marked.isValid() ? m_marked : around);
     // `adjustSize()` is limited to two thirds of the screen and would cut off days at a large zoom.
     ensurePolished();
@@ -132,27 +130,8 @@ void CalendarPopup::markMonth(int months)
         mark(base);
         return;
     }
-    const QDate ahead = choosable(base, months);
-    mark(ahead.isValid() ? ahead : choosable(base, -months));
-}
-
-QDate CalendarPopup::choosable(const QDate& from, int step) const
-{
-    QDate date = from;
-    for (int i = 0; i < FarthestStep; ++i) {
-        date = date.addDays(step);
-        if (m_check(date))
-            return date;
-    }
-    return {};
-}
-
-QDate CalendarPopup::nearestChoosable(const QDate& date) const
-{
-    if (m_check(date))
-        return date;
-    const QDate later = choosable(date, 1);
-    return later.isValid() ? later : choosable(date, -1);
+    const QDate ahead = nextChoosable(base, months, m_check);
+    mark(ahead.isValid() ? ahead : nextChoosable(base, -months, m_check));
 }
 
 void CalendarPopup::choose(const QDate& date)
@@ -167,16 +146,16 @@ void CalendarPopup::keyPressEvent(QKeyEvent* event)
 {
     switch (event->key()) {
     case Qt::Key_Left:
-        mark(choosable(m_marked, -1));
+        mark(nextChoosable(m_marked, -1, m_check));
         break;
     case Qt::Key_Right:
-        mark(choosable(m_marked, 1));
+        mark(nextChoosable(m_marked, 1, m_check));
         break;
     case Qt::Key_Up:
-        mark(choosable(m_marked, -DaysInWeek));
+        mark(nextChoosable(m_marked, -DaysInWeek, m_check));
         break;
     case Qt::Key_Down:
-        mark(choosable(m_marked, DaysInWeek));
+        mark(nextChoosable(m_marked, DaysInWeek, m_check));
         break;
     case Qt::Key_PageUp:
         markMonth(-1);

@@ -1,13 +1,10 @@
 #pragma once
 
-#include "Status.h"
+#include "DateRules.h"
 
-#include <QDate>
 #include <QFrame>
 #include <QLabel>
 #include <QVector>
-
-#include <functional>
 
 class QGridLayout;
 class QToolButton;
@@ -18,11 +15,8 @@ class CalendarPopup : public QFrame {
     Q_OBJECT
 
 public:
-    /// Checks whether a date can be chosen.
-    using Check = std::function<Status(const QDate&)>;
-
     /// Shows the month of `shown` and marks that day, or the nearest one that can be chosen.
-    CalendarPopup(const Check& check, const QDate& shown, QWidget* field);
+    CalendarPopup(const DateCheck& check, const QDate& shown, QWidget* field);
 
 Q_SIGNALS:
     void dateChosen(const QDate& date);
@@ -38,11 +32,9 @@ private:
     void showDay(QToolButton* button, const QDate& date);
     void mark(const QDate& date);
     void markMonth(int months);
-    QDate choosable(const QDate& from, int step) const;
-    QDate nearestChoosable(const QDate& date) const;
     void choose(const QDate& date);
 
-    Check m_check;
+    DateCheck m_check;
     QLabel* m_title;
     QVector<QToolButton*> m_days;
     QDate m_month;

@@ -1,8 +1,10 @@
 #include "DateField.h"
 
+#include "ClientClock.h"
 #include "DateRules.h"
 #include "ErrorText.h"
 #include "FieldHint.h"
+#include "FieldMark.h"
 #include "PlainText.h"
 #include "Popups.h"
 
@@ -13,8 +15,14 @@
 
 namespace {
 
-constexpr auto RefusedProperty = "refused";
 constexpr auto WidestText = "0000-00-00 ";
+
+QString inWords(const QDate& date)
+{
+    const QStringList days{ DateField::tr("周一"), DateField::tr("周二"), DateField::tr("周三"), DateField::tr("周四"),
+        DateField::tr("周五"), DateField::tr("周六"), DateField::tr("周日") };
+    return dateText(date) + QLatin1Char(' ') + days.at(date.dayOfWeek() - 1);
+}
 
 } // namespace
 
@@ -26,7 +34,6 @@ DateField::DateField(const QString& objectName, const QString& title, QWidget* p
 {
     m_edit->setObjectName(QStringLiteral("le_") + objectName);
     m_edit->setAccessibleName(title);
-    m_edit->setMaxLength(10);
     m_edit->setFrame(false);
     m_edit->installEventFilter(this);
     m_button->setObjectName(QStringLiteral("btn_") + objectName + QStringLiteral("Calendar"));
@@ -43,17 +50,24 @@ DateField::DateField(const QString& objectName, const QString& title, QWidget* p
     row->addWidget(m_button);
     setFocusProxy(m_edit);
     connect(m_button, &QToolButton::clicked, this, &DateField::openCalendar);
-    connect(m_edit, &QLineEdit::textEdited, this, [this] { FieldHint::hideAt(this); });
+    connect(m_edit, &QLineEdit::textEdited, this, &DateField::readTyped);
 }
 
-void DateField::setCheck(const CalendarPopup::Check& check)
+void DateField::setCheck(const DateCheck& check)
 {
     m_check = check;
+}
+
+void DateField::setCountedFrom(const std::function<QDate()>& date)
+{
+    m_countedFrom = date;
 }
 
 void DateField::setDate(const QDate& date)
 {
     m_date = date;
+    m_announced = date;
+    m_refusal = Status();
     m_edit->setText(dateText(date));
     updateMark();
 }
@@ -67,18 +81,12 @@ void DateField::updateMark()
 {
     m_edit->ensurePolished();
     m_edit->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1String(WidestText)) + 4);
+    if (!m_refusal)
+        return;
+    FieldMark::refuseInput(m_edit, QString());
     const Status status = m_date.isValid() ? m_check(m_date) : Status();
     m_edit->setToolTip(PlainText::toolTip(errorText(status)));
-    if (m_edit->property(RefusedProperty).toBool() == !status)
-        return;
-    m_edit->setProperty(RefusedProperty, !status);
-    // Without a skin, the colour is the mark; a skin has its own.
-    QPalette colours = palette();
-    if (!status)
-        colours.setColor(QPalette::Text, Qt::darkRed);
-    m_edit->setPalette(colours);
-    m_edit->style()->unpolish(m_edit);
-    m_edit->style()->polish(m_edit);
+    FieldMark::set(m_edit, FieldMark::Refused, !status);
 }
 
 void DateField::showHint(const QString& text)
@@ -100,31 +108,81 @@ void DateField::openCalendar()
 void DateField::take(const QDate& date)
 {
     FieldHint::hideAt(this);
-    const bool changed = date != m_date;
+    const bool changed = date != m_announced;
     setDate(date);
     if (changed)
         Q_EMIT dateChosen(date);
 }
 
-/// Sets the typed date if it is valid; otherwise shows a hint and the previous date.
+/// The date that the text means, if it can be chosen; an invalid one for an empty text.
+Result<QDate> DateField::typedDay() const
+{
+    if (m_edit->text().trimmed().isEmpty())
+        return QDate();
+    const QDate counted = m_countedFrom ? m_countedFrom() : QDate();
+    const QDate today = clientToday();
+    const Result<QDate> typed = typedDate(m_edit->text(), { today, counted.isValid() ? counted : today }, m_check);
+    if (!typed)
+        return typed;
+    const Status status = m_check(*typed);
+    return status ? typed : status;
+}
+
+/// The date follows every key, so that no earlier one is taken for what is typed.
+void DateField::readTyped()
+{
+    FieldHint::hideAt(this);
+    const Result<QDate> day = typedDay();
+    m_date = day.valueOr(QDate());
+    m_refusal = Status();
+    updateMark();
+    FieldMark::refuseInput(m_edit, errorText(day.status()));
+    if (m_date.isValid() && m_edit->text() != dateText(m_date))
+        FieldHint::showAt(this, QStringLiteral("= ") + inWords(m_date), FieldHint::UntilHidden);
+}
+
+/// Takes the typed date if it can be chosen; otherwise the text stays, and there is no date.
 bool DateField::applyTyped()
 {
-    if (m_edit->text() == dateText(m_date))
+    if (m_refusal && m_announced == m_date && m_edit->text() == dateText(m_date))
         return true;
-    const QDate typed = dateFromText(m_edit->text().trimmed());
-    const Status status = m_check(typed);
-    if (status) {
-        take(typed);
+    const Result<QDate> day = typedDay();
+    if (day) {
+        take(*day);
         return true;
     }
-    setDate(m_date);
-    showHint(errorText(status));
+    const QDate meant = typedDate(m_edit->text(), { clientToday(), clientToday() }, m_check).valueOr(QDate());
+    m_offer = meant.isValid() ? nearestChoosable(meant, m_check) : QDate();
+    m_refusal = day.status();
+    m_date = QDate();
+    showRefusal(m_edit->hasFocus() ? FieldHint::UntilHidden : FieldHint::ForSeconds);
+    if (m_announced.isValid()) {
+        m_announced = QDate();
+        Q_EMIT dateChosen(QDate());
+    }
     return false;
+}
+
+void DateField::showRefusal(FieldHint::Duration duration)
+{
+    const QString reason = errorText(m_refusal);
+    FieldMark::refuseInput(m_edit, reason);
+    FieldMark::set(m_edit, FieldMark::Refused, true);
+    const QString offer = m_offer.isValid() ? tr("，按↑键或点击此处改为%1").arg(inWords(m_offer)) : QString();
+    FieldHint::showAt(this, reason + offer, duration);
+    if (m_offer.isValid())
+        FieldHint::setClick(this, [this] { takeOffer(); });
+}
+
+void DateField::takeOffer()
+{
+    if (!m_refusal && m_offer.isValid())
+        take(m_offer);
 }
 
 void DateField::step(int days)
 {
-    if (!m_date.isValid() || !applyTyped())
+    if (!applyTyped() || !m_date.isValid())
         return;
     constexpr int Farthest = 60;
     QDate date = m_date;
@@ -140,14 +198,37 @@ void DateField::step(int days)
 
 bool DateField::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_edit && event->type() == QEvent::KeyPress) {
+    if (watched != m_edit)
+        return QWidget::eventFilter(watched, event);
+    switch (event->type()) {
+    case QEvent::KeyPress: {
         const auto* key = static_cast<QKeyEvent*>(event);
         return handleKey(key->key(), key->modifiers());
     }
-    if (watched == m_edit && event->type() == QEvent::FocusOut
-        && static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)
-        applyTyped();
-    return QWidget::eventFilter(watched, event);
+    case QEvent::FocusIn:
+        m_clicked = static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason;
+        if (!m_refusal)
+            showRefusal(FieldHint::UntilHidden);
+        break;
+    case QEvent::FocusOut:
+        if (static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)
+            applyTyped();
+        break;
+    case QEvent::MouseButtonRelease:
+        selectUntouched();
+        break;
+    default:
+        break;
+    }
+    return false;
+}
+
+/// The click that gives an unchanged field the focus selects its date, so that the next key replaces it.
+void DateField::selectUntouched()
+{
+    if (m_clicked && m_edit->text() == dateText(m_announced) && !m_edit->hasSelectedText())
+        m_edit->selectAll();
+    m_clicked = false;
 }
 
 bool DateField::handleKey(int key, Qt::KeyboardModifiers modifiers)
@@ -155,12 +236,15 @@ bool DateField::handleKey(int key, Qt::KeyboardModifiers modifiers)
     switch (key) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (m_edit->text() == dateText(m_date))
+        if (m_edit->text() == dateText(m_announced))
             return false;
         applyTyped();
         return true;
     case Qt::Key_Up:
-        step(1);
+        if (m_refusal)
+            step(1);
+        else
+            takeOffer();
         return true;
     case Qt::Key_Down:
         if (modifiers & Qt::AltModifier)

@@ -3,7 +3,6 @@
 #include "Status.h"
 
 #include <QString>
-#include <QValidator>
 
 /// The limits of a decimal field.
 struct DecimalLimits {
@@ -12,18 +11,31 @@ struct DecimalLimits {
     int decimals = 0;
 };
 
-/// Whether a text is a number within the limits, can become one, or is invalid.
-struct DecimalVerdict {
-    QValidator::State state = QValidator::Invalid;
-    double number = 0; ///< valid only if acceptable and not empty
-    Status status;     ///< success only if acceptable
+/// What the numbers of a field count.
+struct NumberUnit {
+    QString name;         ///< shown behind the number; empty if there is none
+    int lot = 0;          ///< size of a lot; 0 if it is not known, 1 if there are no lots
+    bool isRatio = false; ///< a percentage is accepted, too
 };
 
-/// Validates a typed text: digits with at most one point and a leading minus. The empty text is acceptable.
-DecimalVerdict validateDecimal(const QString& text, const DecimalLimits& limits);
+/// The number that a trader means: "5万", "1.2亿", "50,000", "3手", "5%", with full-width characters and blanks around
+/// it. Anything that has two meanings, is outside the limits or has too many decimals is a failure with its reason.
+Result<double> typedNumber(const QString& text, const DecimalLimits& limits, const NumberUnit& unit);
+
+/// Whether more characters can make a number of a text that is none yet, like "50,0".
+bool isUnfinishedNumber(const QString& text);
+
+/// Whether a text has digits and at most one point and a leading minus.
+bool isPlainNumber(const QString& text);
 
 /// Whether a number is finite and within the limits.
 bool isWithin(double number, const DecimalLimits& limits);
 
 /// A number as text without grouping, in fixed notation; `trimmed` removes trailing zeros.
 QString decimalText(double number, int decimals, bool trimmed);
+
+/// A plain number with its whole part in groups of three digits, in any system locale; any other text as it is.
+QString groupedText(QString number);
+
+/// The number with its unit, as shown to the trader.
+QString numberInWords(double number, int decimals, const NumberUnit& unit);

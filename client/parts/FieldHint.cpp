@@ -34,24 +34,47 @@ FieldHint* FieldHint::of(const QWidget* field)
     return field->findChild<FieldHint*>(QString(), Qt::FindDirectChildrenOnly);
 }
 
-void FieldHint::showAt(QWidget* field, const QString& text)
+void FieldHint::showAt(QWidget* field, const QString& text, Duration duration)
 {
     if (!field->isVisible())
         return;
     FieldHint* hint = of(field);
     if (!hint)
         hint = new FieldHint(field);
+    hint->m_click = nullptr;
+    hint->unsetCursor();
     hint->setText(text);
     hint->setAccessibleName(text);
     hint->place();
     hint->show();
-    hint->m_timer.start();
+    if (duration == ForSeconds)
+        hint->m_timer.start();
+    else
+        hint->m_timer.stop();
 }
 
 void FieldHint::hideAt(QWidget* field)
 {
     if (FieldHint* hint = of(field))
         hint->hide();
+}
+
+void FieldHint::setClick(QWidget* field, const std::function<void()>& action)
+{
+    FieldHint* const hint = of(field);
+    if (!hint || !hint->isVisible())
+        return;
+    hint->m_click = action;
+    hint->setCursor(Qt::PointingHandCursor);
+}
+
+void FieldHint::mouseReleaseEvent(QMouseEvent* event)
+{
+    QLabel::mouseReleaseEvent(event);
+    const std::function<void()> action = m_click;
+    hide();
+    if (action)
+        action();
 }
 
 void FieldHint::place()

@@ -16,3 +16,18 @@ QString PlainText::toolTip(const QString& text)
 {
     return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
 }
+
+QString PlainText::halfWidth(QString text)
+{
+    constexpr ushort First = 0xFF01;
+    constexpr ushort Last = 0xFF5E;
+    constexpr ushort Distance = 0xFEE0;
+    constexpr ushort Minus = 0x2212;
+    for (QChar& c : text) {
+        if (c.unicode() >= First && c.unicode() <= Last)
+            c = QChar(c.unicode() - Distance);
+        else if (c.unicode() == Minus)
+            c = QLatin1Char('-');
+    }
+    return text;
+}

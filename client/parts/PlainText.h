@@ -15,4 +15,7 @@ QLabel* newLabel(const QString& text, QWidget* parent);
 /// The tool tip that shows the text.
 QString toolTip(const QString& text);
 
+/// The text with full-width characters replaced by those of ASCII.
+QString halfWidth(QString text);
+
 } // namespace PlainText

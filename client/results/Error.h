@@ -301,16 +301,24 @@ enum class Error {
     InvalidInputInUnit, ///< label, unit; cause
     RuleBroken,         ///< the rule's own sentence
     // --- Typed numbers and dates
-    NumberMalformed,
+    NumberMalformed,   ///< text
+    NumberGrouping,    ///< text
+    NumberUnitUnknown, ///< what follows the digits
+    NumberInOtherUnit, ///< the field's unit, the typed unit
+    NumberLotUnknown,
+    NumberWithoutLots, ///< the field's unit
     NumberNotWhole,
     NumberTooFine, ///< largest number of decimals
     NumberIncomplete,
-    NumberTooSmall, ///< smallest number
-    NumberTooLarge, ///< largest number
-    DateMalformed,
+    NumberTooSmall,  ///< smallest number
+    NumberTooLarge,  ///< largest number
+    DateMalformed,   ///< text
+    NoSuchDate,      ///< text
+    TooFewTradeDays, ///< the typed number of days
     DateTooEarly,    ///< date, first date
     DateTooLate,     ///< date, last date
     DateExcluded,    ///< date
     LastBeforeFirst, ///< first date
+    InputRefused,    ///< caption, why the text of the field cannot be used
     Count,           ///< not a failure: how many codes there are
 };

@@ -310,17 +310,25 @@ constexpr Sentence Sentences[] = {
     { Error::InvalidInputInUnit, "“%1”%3（单位：%2）！" },
     { Error::RuleBroken, "%1" },
     // --- Typed numbers and dates
-    { Error::NumberMalformed, QT_TRANSLATE_NOOP("Error", "请输入数字，不带千分位和其他符号") },
+    { Error::NumberMalformed, QT_TRANSLATE_NOOP("Error", "无法识别“%1”，请输入数字，例如50000、50,000或5万") },
+    { Error::NumberGrouping, QT_TRANSLATE_NOOP("Error", "“%1”中的逗号有歧义，千分位须每三位一个，小数点请用“.”") },
+    { Error::NumberUnitUnknown, QT_TRANSLATE_NOOP("Error", "无法识别单位“%1”，可用千、万、百万、千万、亿") },
+    { Error::NumberInOtherUnit, QT_TRANSLATE_NOOP("Error", "此处以%1为单位，不能用%2") },
+    { Error::NumberLotUnknown, QT_TRANSLATE_NOOP("Error", "请先选择证券，才能以手为单位") },
+    { Error::NumberWithoutLots, QT_TRANSLATE_NOOP("Error", "该证券不以手为单位交易，请输入%1数") },
     { Error::NumberNotWhole, QT_TRANSLATE_NOOP("Error", "只能输入整数") },
     { Error::NumberTooFine, QT_TRANSLATE_NOOP("Error", "最多输入%1位小数") },
     { Error::NumberIncomplete, QT_TRANSLATE_NOOP("Error", "数字不完整") },
     { Error::NumberTooSmall, QT_TRANSLATE_NOOP("Error", "不能小于%1") },
     { Error::NumberTooLarge, QT_TRANSLATE_NOOP("Error", "不能大于%1") },
-    { Error::DateMalformed, QT_TRANSLATE_NOOP("Error", "请输入有效日期，格式为yyyy-MM-dd") },
+    { Error::DateMalformed, QT_TRANSLATE_NOOP("Error", "无法识别“%1”，请输入日期，例如2026-12-04、1204、12-4或+5") },
+    { Error::NoSuchDate, QT_TRANSLATE_NOOP("Error", "没有“%1”这一天") },
+    { Error::TooFewTradeDays, QT_TRANSLATE_NOOP("Error", "可选的交易日不足%1个") },
     { Error::DateTooEarly, QT_TRANSLATE_NOOP("Error", "%1早于最早可选日期%2") },
     { Error::DateTooLate, QT_TRANSLATE_NOOP("Error", "%1晚于最晚可选日期%2") },
     { Error::DateExcluded, QT_TRANSLATE_NOOP("Error", "%1不是交易日，不能选择") },
     { Error::LastBeforeFirst, QT_TRANSLATE_NOOP("Error", "结束日期不能早于开始日期%1") },
+    { Error::InputRefused, QT_TRANSLATE_NOOP("Error", "%1的输入无法使用：%2") },
 };
 
 constexpr bool isComplete()

@@ -173,7 +173,23 @@ Result<QString> storedDespite(const Status& failure, const QString& request, int
     return *stored == 0 ? Result<QString>(failure) : PlanId::fromNumber(*stored);
 }
 
+std::function<Status()>& formCheck()
+{
+    static std::function<Status()> check;
+    return check;
+}
+
+Status checkForm()
+{
+    return formCheck() ? formCheck()() : Status();
+}
+
 } // namespace
+
+void PlanSubmission::setFormCheck(const std::function<Status()>& check)
+{
+    formCheck() = check;
+}
 
 void PlanSubmission::acknowledge(const QString& planId, int version)
 {
@@ -184,6 +200,8 @@ void PlanSubmission::acknowledge(const QString& planId, int version)
 // Rights and plans are read, checked and written in one transaction, so that they cannot change in between.
 Result<QString> PlanSubmission::create(const Record& record, const QString& request)
 {
+    if (const Status refused = checkForm(); !refused)
+        return refused;
     ClientSession& session = ClientSession::instance();
     QString id;
     const Status status = session.database().transaction([&] {
@@ -197,6 +215,8 @@ Result<QString> PlanSubmission::create(const Record& record, const QString& requ
 Status PlanSubmission::change(const QString& planId, int version, const Record& record, const QString& request,
     std::optional<PlanConflict>& conflict)
 {
+    if (const Status refused = checkForm(); !refused)
+        return refused;
     ClientSession& session = ClientSession::instance();
     const Status status = session.database().transaction([&] {
         return storeChange(session, { planId, version, record, request }, conflict);

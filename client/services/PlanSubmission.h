@@ -2,6 +2,7 @@
 
 #include "PlanEvents.h"
 
+#include <functional>
 #include <optional>
 
 /// Checks plans that are sent and stores them in one transaction. The session must be open.
@@ -16,6 +17,10 @@ Result<QString> create(const Record& record, const QString& request);
 /// `conflict`. `request` is as for `create`.
 Status change(const QString& planId, int version, const Record& record, const QString& request,
     std::optional<PlanConflict>& conflict);
+
+/// Sets what is asked before a plan is stored: a failure refuses it. The window of a form knows what the trader typed
+/// and the record does not contain. An empty function removes it.
+void setFormCheck(const std::function<Status()>& check);
 
 /// Notes that a version of a plan was stored, and emits `planStored`.
 void acknowledge(const QString& planId, int version);

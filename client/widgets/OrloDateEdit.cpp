@@ -45,6 +45,7 @@ OrloDateEdit::Private::Private(OrloDateEdit* q)
     start->setCheck(check);
     single->setCheck(check);
     end->setCheck([this](const QDate& date) { return checkEnd(date); });
+    end->setCountedFrom([this] { return start->date(); });
     connect(start, &DateField::dateChosen, q, [this](const QDate& date) { startChosen(date); });
 }
 

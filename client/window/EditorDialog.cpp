@@ -5,7 +5,9 @@
 #include "ClientSession.h"
 #include "ConflictDialog.h"
 #include "FormArrangement.h"
+#include "FormInputs.h"
 #include "HistoryTexts.h"
+#include "OrloDoubleSpinBox.h"
 #include "OrloPushButton.h"
 #include "OrloWidget.h"
 #include "PlainText.h"
@@ -89,12 +91,16 @@ EditorDialog::EditorDialog(QWidget* parent)
         if (isVisible())
             m_sentWith = contents();
     });
-    connect(this, &QDialog::finished, this, &EditorDialog::unpin);
+    connect(this, &QDialog::finished, this, [this] {
+        unpin();
+        PlanSubmission::setFormCheck({});
+    });
 }
 
 EditorDialog::~EditorDialog()
 {
     unpin();
+    PlanSubmission::setFormCheck({});
 }
 
 void EditorDialog::openNew()
@@ -185,6 +191,7 @@ void EditorDialog::makeEditor()
     connect(m_editor, &AutoParamSetting::signalBtnCancelClicked, this, &EditorDialog::leave);
     m_area->setWidget(m_editor);
     tabThroughDates();
+    FormInputs::provideUnits(*m_editor);
     m_editor->installEventFilter(this);
     m_advisor->follow(m_editor);
 }
@@ -280,6 +287,7 @@ void EditorDialog::present()
     firstField(m_editor)->setFocus(Qt::OtherFocusReason);
     m_area->verticalScrollBar()->setValue(0);
     m_openedWith = contents();
+    PlanSubmission::setFormCheck([this] { return FormInputs::checkTyped(*m_editor); });
 }
 
 // After a reduction some rows are only restored by the choice of another plan type.
@@ -395,7 +403,11 @@ QStringList EditorDialog::contents() const
     const QList<QLineEdit*> inputs = m_editor->findChildren<QLineEdit*>();
     for (const QComboBox* box : boxes)
         texts << box->objectName() + QLatin1Char('=') + box->currentText();
-    for (const QLineEdit* line : inputs)
-        texts << line->parent()->objectName() + QLatin1Char('=') + line->text();
+    for (const QLineEdit* line : inputs) {
+        // A number is shown in other forms with and without the focus.
+        const auto* const number = qobject_cast<OrloDoubleSpinBox*>(line->parent());
+        const bool isNumber = number && !number->GetStrValue().isEmpty();
+        texts << line->parent()->objectName() + QLatin1Char('=') + (isNumber ? number->GetStrValue() : line->text());
+    }
     return texts;
 }
