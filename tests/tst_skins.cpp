@@ -126,7 +126,9 @@ QList<Look> frameLooks()
              "QPlainTextEdit:focus", "QTextEdit:focus", "QAbstractItemView:focus", "OrloDateEdit QLineEdit:focus",
              "OrloDateEdit QToolButton:focus", "QPushButton:focus", "OrloPushButton[styleType=\"highlight\"]:focus",
              "OrloPushButton[styleType=\"text\"]:focus", "QCheckBox:focus", "QRadioButton:focus",
-             "QRadioButton::indicator:checked", "QScrollArea#planDetails:focus" })
+             "QRadioButton::indicator:checked", "QScrollArea#planDetails:focus", "QAbstractSpinBox[faulty=\"true\"]",
+             "QLineEdit[faulty=\"true\"]", "QComboBox[faulty=\"true\"]", "OrloDateEdit QLineEdit[faulty=\"true\"]",
+             "OrloPushButton[faulty=\"true\"]" })
         looks.append({ words(name), { words(name) }, { form }, words("border") });
     looks.append({ words("the mark of a heading"), { words("OrloSubTitleWidget QFrame#titleMark") }, { form },
         words("background-color") });

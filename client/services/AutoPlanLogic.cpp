@@ -33,6 +33,12 @@ void queryAverages(AutoPlanLogic* service, const QString& symbol)
         session.askMovingAverages(symbol);
 }
 
+QString refused(const Status& reason)
+{
+    Q_EMIT PlanEvents::instance().planRefused(reason);
+    return errorText(reason);
+}
+
 Result<QList<QDate>> tradeDates(const QString& exchange)
 {
     if (!ClientSession::instance().isOpen())
@@ -69,7 +75,7 @@ QString AutoPlanLogic::CreateNewPlan(QMap<QString, QVariant> record)
     const Result<QString> id = PlanSubmission::create(record, request);
     if (!id) {
         session.requests().keep(request, record);
-        return errorText(id.status());
+        return refused(id.status());
     }
     session.dropLookUp(request);
     PlanSubmission::acknowledge(*id, 1);
@@ -92,7 +98,7 @@ QString AutoPlanLogic::modifyPlan(const QMap<QString, QVariant>& record)
         Q_EMIT PlanEvents::instance().planConflict(*conflict);
     if (!status) {
         session.requests().keep(request, record);
-        return errorText(status);
+        return refused(status);
     }
     session.dropLookUp(request);
     PlanSubmission::acknowledge(planId, version + 1);

@@ -38,6 +38,8 @@ Q_SIGNALS:
     /// `planId`: the plan of a stored request that created or changed one.
     void outcomeUnknown();
     void outcomeKnown(UnknownRequest request, bool isStored, const QString& planId);
+    /// A plan that was sent is refused. Emitted before the service answers.
+    void planRefused(const Status& reason);
     /// A plan was created or modified or got new instructions, and the change is stored. Not emitted if that becomes
     /// known afterwards.
     void planStored(const QString& planId);

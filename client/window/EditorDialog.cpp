@@ -7,6 +7,7 @@
 #include "FormArrangement.h"
 #include "FormInputs.h"
 #include "HistoryTexts.h"
+#include "MessageFocus.h"
 #include "OrloDoubleSpinBox.h"
 #include "OrloPushButton.h"
 #include "OrloWidget.h"
@@ -192,6 +193,8 @@ void EditorDialog::makeEditor()
     m_area->setWidget(m_editor);
     tabThroughDates();
     FormInputs::provideUnits(*m_editor);
+    connect(new MessageFocus(m_editor), &MessageFocus::fieldShown, m_area,
+        [this](QWidget* field) { m_area->ensureWidgetVisible(field); });
     m_editor->installEventFilter(this);
     m_advisor->follow(m_editor);
 }
