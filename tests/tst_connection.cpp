@@ -18,7 +18,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QSemaphore>
-#include <QStatusBar>
 #include <QThread>
 #include <QtTest>
 
@@ -85,7 +84,7 @@ private Q_SLOTS:
         createOnServer();
         m_proxy->resume();
         QTRY_VERIFY_WITH_TIMEOUT(!line()->isVisible(), Patience);
-        QCOMPARE(window().statusBar()->currentMessage().section(QChar(0xFF0C), 0, 0), QStringLiteral("连接已恢复"));
+        QCOMPARE(text(window(), "status").section(QChar(0xFF0C), 0, 0), QStringLiteral("连接已恢复"));
         QCOMPARE(table().planCount(), 2);
         // Changes are noticed again.
         createOnServer();

@@ -15,7 +15,6 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalSpy>
-#include <QStatusBar>
 #include <QTableWidget>
 #include <QWindow>
 #include <QtTest>
@@ -76,10 +75,10 @@ private Q_SLOTS:
         QCOMPARE(window().currentPlan(), plans.at(Samples / 2));
         QVERIFY(table().selectionModel()->isRowSelected(Samples / 2 + 3, QModelIndex()));
         QCOMPARE(currentPlace(), place);
-        QCOMPARE(window().statusBar()->currentMessage(), QStringLiteral("共63个计划，上方有3个新计划"));
+        QCOMPARE(text(window(), "status"), QStringLiteral("共63个计划，上方有3个新计划"));
         table().scrollToTop();
         QVERIFY(press(&window(), Qt::Key_F5));
-        QCOMPARE(window().statusBar()->currentMessage(), QStringLiteral("共63个计划"));
+        QCOMPARE(text(window(), "status"), QStringLiteral("共63个计划"));
     }
 
     void theFirstRowStaysInItsPlace()

@@ -14,9 +14,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
+#include <QMenuBar>
 #include <QPointer>
 #include <QProcess>
-#include <QStatusBar>
 #include <QTableView>
 #include <QtTest>
 
@@ -573,12 +573,12 @@ private Q_SLOTS:
         QTRY_COMPARE(model.planCount(), Many);
         QVERIFY(!model.isCounting());
         openWindow();
-        QTRY_COMPARE(window().statusBar()->currentMessage(), QStringLiteral("共2500个计划"));
+        QTRY_COMPARE(text(window(), "status"), QStringLiteral("共2500个计划"));
         window().selectPlan(ids.constFirst());
         QCOMPARE(window().currentPlan(), ids.constFirst());
         QCOMPARE(field<QTableView>(window(), "planTable")->model()->rowCount(), Many);
         QVERIFY(press(&window(), Qt::Key_F5));
-        QCOMPARE(window().statusBar()->currentMessage(), QStringLiteral("共2500个计划"));
+        QCOMPARE(text(window(), "status"), QStringLiteral("共2500个计划"));
         QCOMPARE(window().currentPlan(), ids.constFirst());
     }
 
@@ -592,11 +592,11 @@ private Q_SLOTS:
         QCOMPARE(database.execute(QStringLiteral("ALTER TABLE plans RENAME TO gone")), Status());
         const QString failed = QStringLiteral("数据库操作失败");
         QVERIFY(press(&window(), Qt::Key_F5));
-        QVERIFY(window().statusBar()->currentMessage().startsWith(failed));
+        QVERIFY(text(window(), "status").startsWith(failed));
         QCOMPARE(table->model()->rowCount(), 3);
         QCOMPARE(database.execute(QStringLiteral("ALTER TABLE gone RENAME TO plans")), Status());
         QVERIFY(press(&window(), Qt::Key_F5));
-        QCOMPARE(window().statusBar()->currentMessage(), QStringLiteral("共3个计划"));
+        QCOMPARE(text(window(), "status"), QStringLiteral("共3个计划"));
     }
 
     void rowsOfAFileThatIsGoneAreMarked()
@@ -612,7 +612,7 @@ private Q_SLOTS:
         const QString away = session().file() + QStringLiteral(".away");
         QVERIFY(QFile::rename(session().file(), away));
         QVERIFY(press(&window(), Qt::Key_F5));
-        QVERIFY(window().statusBar()->currentMessage().endsWith(gone));
+        QVERIFY(text(window(), "status").endsWith(gone));
         QVERIFY(mark->isVisible());
         QVERIFY2(mark->text().startsWith(QStringLiteral("刷新失败：%1。列表仍是").arg(gone)), qPrintable(mark->text()));
         QCOMPARE(field<QTableView>(window(), "planTable")->model()->rowCount(), 3);
@@ -722,7 +722,71 @@ private Q_SLOTS:
         QCOMPARE(window().currentPlan(), id);
         const QStringList texts = labels(field<QWidget>(window(), "planDetails"));
         QVERIFY(texts.contains(QStringLiteral("已下达指令")));
-        QVERIFY(texts.contains(QStringLiteral("下达 300，成交 300，已结束")));
+        QVERIFY(texts.contains(QStringLiteral("下达 300 股，成交 300 股，已结束")));
+    }
+
+    void numbersOfAPlanHaveSeparatorsAndUnits()
+    {
+        Record record = SampleSession::withOther(SampleSession::record(),
+            { { BaseField::JCRatio, QStringLiteral("1") }, { BaseField::JCModel, QStringLiteral("1") } });
+        record.insert(BaseField::totalQty, QStringLiteral("1234567"));
+        record.insert(BaseField::priceModel, PriceModel::Custom);
+        record.insert(BaseField::priceFormula1, QStringLiteral("1234.5"));
+        StoredPlan plan;
+        plan.id = QStringLiteral("AP00000001");
+        plan.record = record;
+        const PlanFormatter words(plan);
+        QMap<QString, QString> texts;
+        for (const auto& field : words.fields())
+            texts.insert(field.first, field.second);
+        QCOMPARE(texts.value(QStringLiteral("目标总量")), QStringLiteral("1,234,567 股"));
+        QCOMPARE(texts.value(QStringLiteral("减持占比")), QStringLiteral("100%"));
+        QCOMPARE(texts.value(QStringLiteral("价格")), QStringLiteral("1,234.5 元"));
+        QCOMPARE(words.issued(QStringLiteral("3000000"), false), QStringLiteral("3,000,000 股"));
+        QCOMPARE(words.issued(QStringLiteral("1234.50"), true), QStringLiteral("1,234.50 元"));
+    }
+
+    void theNumberOfPlansStaysAfterAMenu()
+    {
+        createSamples(3);
+        openWindow();
+        QMenuBar* const bar = window().menuBar();
+        for (QAction* const menu : bar->actions()) {
+            QTest::mouseMove(bar, bar->actionGeometry(menu).center());
+            QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier, bar->actionGeometry(menu).center());
+            QTRY_VERIFY(QApplication::activePopupWidget());
+            QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
+            QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+        }
+        auto* const status = field<QLabel>(window(), "status");
+        QCOMPARE(status->text(), QStringLiteral("共3个计划"));
+        QVERIFY(status->isVisible());
+    }
+
+    void theCaptionsStayWhenTheAlgorithmPanelWasOpened()
+    {
+        openWindow();
+        pressForEditor(Qt::Key_N);
+        FormDriver driver = dialogDriver();
+        driver.fill(ordinary(ReviewedAccount));
+        driver.choose("combx_instructionMode", InstMode::AlgoReview);
+        const int before = field<QWidget>(*dialogEditor(), "combx_fundAccount")->x();
+        driver.setAlgorithm(QStringLiteral("TWAP"), {});
+        // Shows and hides a row, which arranges the form again.
+        driver.choose("combx_planType", PlanType::ReduceHoldings);
+        driver.choose("combx_planType", PlanType::CumulativeQty);
+        driver.takeProblems();
+        QApplication::processEvents();
+        QCOMPARE(field<QWidget>(*dialogEditor(), "combx_fundAccount")->x(), before);
+        boxes().take();
+    }
+
+    void anUnknownUserEndsTheProgramWithoutABox()
+    {
+        const ProgramEnd end = runProgram(
+            { QStringLiteral("--database"), session().file(), QStringLiteral("--user"), QStringLiteral("nobody") });
+        QCOMPARE(end.code, 2);
+        QVERIFY2(end.errors.contains(QStringLiteral("用户“nobody”不存在")), qPrintable(end.errors));
     }
 };
 

@@ -37,11 +37,23 @@ void widenCaptions(QGridLayout* section, int width)
     }
 }
 
+/// The grids of the form itself; the panel of the algorithm is a window of its own.
+QList<QGridLayout*> sectionsOf(const QWidget& form)
+{
+    QList<QGridLayout*> sections;
+    const QList<QGridLayout*> grids = form.findChildren<QGridLayout*>();
+    for (QGridLayout* const grid : grids) {
+        if (grid->parentWidget()->window() == form.window())
+            sections << grid;
+    }
+    return sections;
+}
+
 } // namespace
 
 void FormArrangement::lineUpCaptions(const QWidget& form)
 {
-    const QList<QGridLayout*> sections = form.findChildren<QGridLayout*>();
+    const QList<QGridLayout*> sections = sectionsOf(form);
     int widest = 0;
     for (const QGridLayout* const section : sections)
         widest = qMax(widest, captionWidth(*section));

@@ -1,6 +1,7 @@
 #include "HistoryTexts.h"
 
 #include "Console.h"
+#include "DecimalText.h"
 #include "InstructionTargetType.h"
 #include "Orlo_Fields.h"
 #include "PlanChanges.h"
@@ -58,9 +59,9 @@ QString instructionChanges(const HistoryEntry& entry)
     const QString unit = byAmount ? QStringLiteral("元") : QString();
     QStringList parts{ entry.subject };
     if (!issued.isEmpty())
-        parts << QStringLiteral("下达%1%2").arg(issued, unit);
+        parts << QStringLiteral("下达%1%2").arg(groupedText(issued), unit);
     if (!filled.isEmpty())
-        parts << QStringLiteral("成交%1%2").arg(filled, unit);
+        parts << QStringLiteral("成交%1%2").arg(groupedText(filled), unit);
     if (after(FieldId::EndState) == EndState::Ended)
         parts << QStringLiteral("已结束");
     return parts.join(QLatin1Char(' '));

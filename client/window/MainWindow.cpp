@@ -6,6 +6,7 @@
 #include "EditorDialog.h"
 #include "ErrorText.h"
 #include "HistoryTexts.h"
+#include "OrloElidedLabel.h"
 #include "OrloWidget.h"
 #include "PlainText.h"
 #include "PlanDetails.h"
@@ -25,6 +26,7 @@
 #include <QTimer>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace {
 
@@ -57,6 +59,7 @@ MainWindow::MainWindow(QWidget* parent)
     , m_outdated(PlainText::newLabel(QString(), this))
     , m_details(new PlanDetails(this))
     , m_editor(new EditorDialog(this))
+    , m_status(new OrloElidedLabel(this))
     , m_changes([this] { refreshForOthers(); }, [this] { return mayRefresh(); })
 {
     const StoredUser& user = ClientSession::instance().user();
@@ -80,8 +83,9 @@ MainWindow::MainWindow(QWidget* parent)
     connect(&PlanEvents::instance(), &PlanEvents::connectionRestored, this, &MainWindow::endLoss);
     connect(&PlanEvents::instance(), &PlanEvents::outcomeKnown, this, &MainWindow::showOutcome);
     connect(m_table, &PlanTable::currentPlanChanged, this, &MainWindow::showCurrent);
-    connect(m_table, &PlanTable::counted, this, [this] { statusBar()->showMessage(countText()); });
+    connect(m_table, &PlanTable::counted, this, [this] { m_status->setText(countText()); });
     connect(m_table, &QTableView::doubleClicked, this, &MainWindow::openEdit);
+    connect(qApp, &QGuiApplication::focusWindowChanged, this, &MainWindow::keepKeyboard, Qt::QueuedConnection);
     // Before the plans are read, so that no change is missed.
     ClientSession::instance().watch();
     refresh();
@@ -180,15 +184,18 @@ void MainWindow::buildActions()
 
 void MainWindow::buildStatus()
 {
+    // A message of the status bar itself would vanish as soon as a menu shows its own.
+    m_status->setObjectName(QStringLiteral("status"));
+    statusBar()->addWidget(m_status, 1);
+    if (const Status status = checkCalendarEnd(clientToday()); !status) {
+        QLabel* const calendar = PlainText::newLabel(errorText(status), this);
+        calendar->setObjectName(QStringLiteral("calendarEnd"));
+        statusBar()->addPermanentWidget(calendar);
+    }
     const QString location = ClientSession::instance().database().location();
     QLabel* const database = PlainText::newLabel(QFileInfo(location).fileName(), this);
     database->setToolTip(PlainText::toolTip(location));
     statusBar()->addPermanentWidget(database);
-    if (const Status status = checkCalendarEnd(clientToday()); !status) {
-        QLabel* const calendar = PlainText::newLabel(errorText(status), this);
-        calendar->setObjectName(QStringLiteral("calendarEnd"));
-        statusBar()->insertPermanentWidget(0, calendar);
-    }
 }
 
 void MainWindow::planStored(const QString& planId)
@@ -239,7 +246,7 @@ Status MainWindow::readTable()
     else
         m_outdated->setText(tr("刷新失败：%1。列表仍是%2读取的内容，可能已经过时。")
                                 .arg(errorText(status), HistoryTexts::timeText(m_read)));
-    statusBar()->showMessage(status ? countText() : errorText(status));
+    m_status->setText(status ? countText() : errorText(status));
     m_outdated->setVisible(!status);
     return status;
 }
@@ -255,7 +262,7 @@ QString MainWindow::countText() const
 // Services report while the editor waits for their answer, so the box comes after it, and one for all of them.
 void MainWindow::showFailure(const Status& failure)
 {
-    statusBar()->showMessage(errorText(failure));
+    m_status->setText(errorText(failure));
     // The window shows a line as long as the connection is lost.
     if (isLoss(failure))
         return;
@@ -285,7 +292,7 @@ void MainWindow::endLoss()
     refresh();
     m_editor->lookForChange();
     if (!m_outdated->isVisible())
-        statusBar()->showMessage(tr("连接已恢复，%1").arg(countText()));
+        m_status->setText(tr("连接已恢复，%1").arg(countText()));
 }
 
 void MainWindow::showOutcome(UnknownRequest request, bool isStored, const QString& planId)
@@ -301,6 +308,16 @@ void MainWindow::showOutcome(UnknownRequest request, bool isStored, const QStrin
         OrloWidget::ShowTipMsgBox(text, parent);
     else
         OrloWidget::ShowErrorMsgBox(text, parent);
+}
+
+// A click on a window behind a box gives it the keyboard, which it cannot use.
+void MainWindow::keepKeyboard()
+{
+    const QWindow* const window = QGuiApplication::focusWindow();
+    QWidget* const modal = QApplication::activeModalWidget();
+    const QWindow* const front = modal ? modal->windowHandle() : nullptr;
+    if (window && front && window != front && window->isAncestorOf(front, QWindow::IncludeTransients))
+        modal->activateWindow();
 }
 
 void MainWindow::showCurrent()

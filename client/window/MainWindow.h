@@ -50,6 +50,7 @@ private:
     void showLoss(const Status& reason);
     void endLoss();
     void showOutcome(UnknownRequest request, bool isStored, const QString& planId);
+    void keepKeyboard();
     void showCurrent();
     void switchSkin();
     void issueToday();
@@ -60,6 +61,7 @@ private:
     QLabel* m_outdated; ///< shown while the rows cannot be read again
     PlanDetails* m_details;
     EditorDialog* m_editor;
+    QLabel* m_status; ///< the number of plans, or what is wrong
     QAction* m_edit = nullptr;
     QAction* m_copy = nullptr;
     NoticeMerger m_changes; ///< by others

@@ -31,7 +31,7 @@ QString shortened(const QString& text)
 
 using Fields = InstructionStore::Fields;
 
-QString instructionText(const Fields& fields)
+QString instructionText(const PlanFormatter& plan, const Fields& fields)
 {
     const auto field = [&fields](const QString& key) { return fields.value(key).toString(); };
     const bool byAmount = field(FieldId::TargetType) == InstructionTargetType::AmountOrder;
@@ -39,7 +39,8 @@ QString instructionText(const Fields& fields)
     const QString filled = byAmount ? field(Orlo_Fields::Security::cumAmount) : field(FieldId::FilledQty);
     const QString state =
         field(FieldId::EndState) == EndState::Ended ? QStringLiteral("已结束") : QStringLiteral("进行中");
-    return QStringLiteral("下达 %1，成交 %2，%3").arg(issued, filled, state);
+    return QStringLiteral("下达 %1，成交 %2，%3")
+        .arg(plan.issued(issued, byAmount), plan.issued(filled, byAmount), state);
 }
 
 QLabel* newCaption(const QString& text)
@@ -104,20 +105,21 @@ PlanDetails::Rows PlanDetails::rowsOf(const StoredPlan& plan)
     const auto fields = PlanFormatter(plan).fields();
     for (const auto& field : fields)
         rows << Row{ Kind::Field, field.first, field.second };
-    return rows + instructionRows(plan.id) + historyRows(plan.id);
+    return rows + instructionRows(plan) + historyRows(plan.id);
 }
 
-PlanDetails::Rows PlanDetails::instructionRows(const QString& planId)
+PlanDetails::Rows PlanDetails::instructionRows(const StoredPlan& plan)
 {
-    const auto instructions = ClientSession::instance().instructions().ofPlan(planId);
+    const auto instructions = ClientSession::instance().instructions().ofPlan(plan.id);
     if (instructions && instructions->isEmpty())
         return {};
     Rows rows{ { Kind::Heading, QString(), tr("已下达指令") } };
     if (!instructions)
         rows << Row{ Kind::Field, QString(), errorText(instructions.status()) };
     const auto all = instructions.valueOr({});
+    const PlanFormatter formatter(plan);
     for (const Fields& fields : all)
-        rows << Row{ Kind::Field, fields.value(FieldId::TradeDate).toString(), instructionText(fields) };
+        rows << Row{ Kind::Field, fields.value(FieldId::TradeDate).toString(), instructionText(formatter, fields) };
     return rows;
 }
 

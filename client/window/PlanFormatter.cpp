@@ -5,6 +5,7 @@
 #include "AutoPlanLogic.h"
 #include "CBusinessDataBase.h"
 #include "CDataBase.h"
+#include "DecimalText.h"
 #include "ErrorText.h"
 #include "InstructionBusinessDataInterface.h"
 #include "InstructionTargetType.h"
@@ -29,6 +30,9 @@ namespace UserAccount = Kelvo_Fields::UserAccount;
 using namespace PlanCodes;
 
 namespace {
+
+/// Those of the form's field.
+constexpr int RatioDecimals = 4;
 
 using Words = QHash<QString, QString>;
 
@@ -85,13 +89,10 @@ QString timeText(const QDateTime& time)
     return QLocale::c().toString(time, QStringLiteral("yyyy-MM-dd HH:mm"));
 }
 
-// The whole part in groups of three digits, in any system locale.
-QString grouped(QString number)
+/// A number in groups of three digits with its unit; any other text as it is.
+QString counted(const QString& number, const QString& unit)
 {
-    const int point = number.indexOf(QLatin1Char('.'));
-    for (int at = (point < 0 ? number.size() : point) - 3; at > 0; at -= 3)
-        number.insert(at, QLatin1Char(','));
-    return number;
+    return isPlainNumber(number) ? QStringLiteral("%1 %2").arg(groupedText(number), unit) : number;
 }
 
 /// The id of an enumerated value, which its control uses for the text; empty if the value is not enumerated.
@@ -115,7 +116,10 @@ QString parameterText(const StrategyControl& control, const StrategyParameter& p
     }
     const bool isShare = parameter.type == ParameterType::Percentage;
     const QString unit = isShare ? QStringLiteral("%") : control.unit;
-    return QStringLiteral("%1 %2").arg(ParameterValue::shown(parameter, value), unit).trimmed();
+    const QString shown = ParameterValue::shown(parameter, value);
+    if (ParameterValue::isNumber(parameter.type))
+        return counted(shown, unit).trimmed();
+    return QStringLiteral("%1 %2").arg(shown, unit).trimmed();
 }
 
 QString strategyParameters(const StrategyDefinition& strategy, const QMap<QString, QVariant>& values)
@@ -179,6 +183,11 @@ QString PlanFormatter::perDay() const
     return isAmount() ? amount(other(Base::dayMaxTradeAmount)) : quantity(other(AutoPlanField::Progress::CurrentQty));
 }
 
+QString PlanFormatter::issued(const QString& number, bool isByAmount) const
+{
+    return counted(number, isByAmount ? QStringLiteral("元") : unit());
+}
+
 QString PlanFormatter::priceMode() const
 {
     return worded(priceModes(), text(Base::priceModel));
@@ -232,9 +241,10 @@ void PlanFormatter::addPrices(Fields& fields) const
     const bool compares = model == PriceModel::CompareMax || model == PriceModel::CompareMin;
     fields << qMakePair(QStringLiteral("价格模式"), priceMode());
     if (model != PriceModel::NoLimit)
-        fields << qMakePair(compares ? QStringLiteral("价格1") : QStringLiteral("价格"), text(Base::priceFormula1));
+        fields << qMakePair(
+            compares ? QStringLiteral("价格1") : QStringLiteral("价格"), amount(text(Base::priceFormula1)));
     if (compares)
-        fields << qMakePair(QStringLiteral("价格2"), text(Base::priceFormula2));
+        fields << qMakePair(QStringLiteral("价格2"), amount(text(Base::priceFormula2)));
 }
 
 void PlanFormatter::addTargets(Fields& fields) const
@@ -242,8 +252,7 @@ void PlanFormatter::addTargets(Fields& fields) const
     const bool sameEveryDay = text(Orlo_Fields::AutoPlan::templateCode) == PlanType::SameElements;
     fields << qMakePair(QStringLiteral("目标总量"), target())
            << qMakePair(sameEveryDay ? QStringLiteral("每日计划量") : QStringLiteral("每日最大委托量"), perDay())
-           << qMakePair(QStringLiteral("减持占比"), other(Base::JCRatio))
-           << qMakePair(QStringLiteral("下单模式"), instructionMode())
+           << qMakePair(QStringLiteral("减持占比"), ratio()) << qMakePair(QStringLiteral("下单模式"), instructionMode())
            << qMakePair(isReduction() ? QStringLiteral("执行人") : QStringLiteral("分配给"), assignee())
            << qMakePair(QStringLiteral("生效时段"), period())
            << qMakePair(
@@ -291,17 +300,27 @@ QString PlanFormatter::quantity(const QString& stored) const
     const qint64 number = stored.toLongLong(&isNumber);
     if (!isNumber)
         return stored;
-    const QString type = OrloBusinessDataInterface::GetSecurityTypeBySymbol(symbol());
-    const QString unit = type == Kelvo_Values::MdcSecurityType::BondType ? QStringLiteral("张") : QStringLiteral("股");
     const int factor = OrloBusinessDataInterface::GetDispFactorBySymbol(symbol());
-    return QStringLiteral("%1 %2").arg(grouped(QString::number(number * factor)), unit);
+    return counted(QString::number(number * factor), unit());
+}
+
+QString PlanFormatter::unit() const
+{
+    const QString type = OrloBusinessDataInterface::GetSecurityTypeBySymbol(symbol());
+    return type == Kelvo_Values::MdcSecurityType::BondType ? QStringLiteral("张") : QStringLiteral("股");
 }
 
 QString PlanFormatter::amount(const QString& stored) const
 {
-    bool isNumber = false;
-    stored.toDouble(&isNumber);
-    return isNumber ? QStringLiteral("%1 元").arg(grouped(stored)) : stored;
+    return counted(stored, QStringLiteral("元"));
+}
+
+QString PlanFormatter::ratio() const
+{
+    const QString stored = other(Base::JCRatio);
+    NumberUnit share;
+    share.isRatio = true;
+    return isPlainNumber(stored) ? numberInWords(stored.toDouble(), RatioDecimals, share) : stored;
 }
 
 QString PlanFormatter::account() const

@@ -22,6 +22,8 @@ public:
     /// The plan's total in displayed units or yuan, with its unit.
     QString target() const;
     QString perDay() const;
+    /// A quantity or amount of one of the plan's instructions, with its unit.
+    QString issued(const QString& number, bool isByAmount) const;
     QString priceMode() const;
     /// Begin and end; only the begin for a plan without an end.
     QString period() const;
@@ -40,7 +42,9 @@ private:
     bool isReduction() const;
     bool isAmount() const;
     QString quantity(const QString& stored) const;
+    QString unit() const;
     QString amount(const QString& stored) const;
+    QString ratio() const;
 
     QString account() const;
     QString exchange() const;

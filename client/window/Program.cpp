@@ -20,7 +20,13 @@ bool hasDisplay()
         || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
 
-/// Shows an error on the console, and also in a box if the program was started for its window.
+/// Whether the program was started without a command line, by its icon.
+bool isStartedByIcon()
+{
+    return QCoreApplication::arguments().size() == 1;
+}
+
+/// Shows an error on the console, and also in a box if nobody reads the console. A box would stop a script.
 int refuse(const Status& status, bool inWindow)
 {
     const QString text = errorText(status);
@@ -68,7 +74,7 @@ int run(const Result<Options>& options, bool display, const std::function<int(co
     if (options->wantsWindow() && !display)
         return refuse(Error::NoDisplay, false);
     if (const Status status = prepare(*options); !status)
-        return refuse(status, options->wantsWindow());
+        return refuse(status, options->wantsWindow() && isStartedByIcon());
     if (const Status status = checkCalendarEnd(clientToday()); !status)
         printLine(stderr, QStringLiteral("plandesk: ") + errorText(status));
     return work(*options);
