@@ -1,10 +1,33 @@
 #include "AdvisorPanel.h"
+#include "AutoPlanField.h"
 #include "ClientWindowTest.h"
+#include "InstructionIssuer.h"
+#include "InstructionTargetType.h"
+#include "Kelvo_Fields.h"
+#include "Kelvo_Values.h"
+#include "PlanCodes.h"
+#include "PlanFacts.h"
 #include "RowView.h"
+#include "SecurityStore.h"
+#include "TestStatus.h"
+#include "TickPrice.h"
 
 #include <QLabel>
 #include <QToolButton>
 #include <QtTest>
+
+Q_DECLARE_METATYPE(PlanForm)
+
+namespace BaseField = AutoPlanField::BaseField;
+using namespace PlanCodes;
+using Mark = AdvisorRow::Mark;
+
+namespace {
+
+const QDate Today = SampleSession::today();
+const QDate Tomorrow = Today.addDays(1);
+
+} // namespace
 
 /// The panel beside the plan editor, filled in by keys and mouse.
 class AdvisorTest : public ClientWindowTest {
@@ -29,7 +52,45 @@ private:
         }
         return {};
     }
-    QString headline() const { return field<QLabel>(panel(), "forecastHeadline")->text(); }
+    QString text(const char* label) const { return field<QLabel>(panel(), label)->text(); }
+    Mark mark(const char* table, const QString& second) const
+    {
+        for (const AdvisorRow& row : field<RowView>(panel(), table)->rows()) {
+            if (row.cells.value(1) == second)
+                return row.mark;
+        }
+        return Mark::Plain;
+    }
+    /// The reason of a rule, and its mark.
+    QString rule(const QString& caption) const
+    {
+        for (const AdvisorRow& row : field<RowView>(panel(), "rules")->rows()) {
+            if (row.cells.value(1) == caption)
+                return row.cells.constFirst() + QLatin1Char(' ') + row.cells.value(2);
+        }
+        return {};
+    }
+    /// Clicks the row of a table with a text in a column.
+    void click(const char* table, int column, const QString& text)
+    {
+        auto* const view = field<RowView>(panel(), table);
+        for (int row = 0; row < view->rows().size(); ++row) {
+            if (view->rows().at(row).cells.value(column) != text)
+                continue;
+            const QModelIndex index = view->model()->index(row, column);
+            view->scrollTo(index);
+            QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(index).center());
+            return;
+        }
+        QFAIL(qPrintable(text));
+    }
+    static const Security& security() { return *ClientSession::instance().market().find(share()); }
+    static qint64 lastClose()
+    {
+        return SecurityStore(ClientSession::instance().database()).closes(share())->ticks.constLast();
+    }
+    static QString priceText(qint64 ticks) { return TickPrice::text(ticks, security().pricePrecision); }
+    QString headline() const { return text("forecastHeadline"); }
 
     /// Opens the editor for a new plan, fills it in and waits until the panel has read what is stored.
     void openFilled(const PlanForm& form)
@@ -54,6 +115,321 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitFor([this] { return panel().isSettled(); }));
         QCOMPARE(rows("advisorSecurity"), QStringList{ QStringLiteral("证券 | 尚未选择") });
         QCOMPARE(rows("forecastDays"), QStringList());
+    }
+
+    void theSecurityIsDescribed()
+    {
+        openFilled(ordinary());
+        const TickPrice::Limits limits = TickPrice::limits(lastClose(), security().limitPerMille);
+        const QStringList expected{
+            QStringLiteral("证券 | %1 %2").arg(share(), security().name),
+            QStringLiteral("每手 | %1股").arg(security().quantityStep),
+            QStringLiteral("昨收价 | %1（2024-04-30）").arg(priceText(lastClose())),
+            QStringLiteral("涨停 / 跌停 | %1 / %2").arg(priceText(limits.up), priceText(limits.down)),
+            QStringLiteral("可卖数量 | 200,000股"),
+            QStringLiteral("其他计划 | 无"),
+        };
+        QCOMPARE(rows("advisorSecurity"), expected);
+    }
+
+    void otherPlansOnTheSecurityAreListed()
+    {
+        const QString same = session().create(SampleSession::record());
+        const QString opposite =
+            session().create(with(SampleSession::record(), BaseField::orderSide, Kelvo_Values::OrderSide::sell));
+        // Neither of another account nor of another security.
+        const QString other =
+            SampleSession::symbolOf(Kelvo_Values::MdcSubSecurityType::Gemstock, Kelvo_Values::SymbolPost::sz);
+        QVERIFY(!other.isEmpty());
+        openFilled(ordinary());
+        QCOMPARE(cell("advisorSecurity", same), QStringLiteral("买入，2024-05-06 – 2024-05-10"));
+        QCOMPARE(cell("advisorSecurity", opposite), QStringLiteral("卖出，2024-05-06 – 2024-05-10，方向相反"));
+        QCOMPARE(mark("advisorSecurity", cell("advisorSecurity", opposite)), Mark::Doubtful);
+        QCOMPARE(mark("advisorSecurity", cell("advisorSecurity", same)), Mark::Plain);
+        QCOMPARE(
+            rule(QStringLiteral("反向计划（提醒）")), QStringLiteral("! 提醒：同一证券有反向计划%1").arg(opposite));
+        // A plan that is stored meanwhile appears.
+        const QString third = session().create(SampleSession::record());
+        QVERIFY(QTest::qWaitFor([&] { return !cell("advisorSecurity", third).isEmpty(); }));
+        FormDriver driver = dialogDriver();
+        driver.choose("combx_fundAccount", ReviewedAccount);
+        driver.choose("combx_instructionType", InstructionType::Ordinary);
+        driver.enterSymbol(share());
+        QVERIFY(QTest::qWaitFor([this] { return panel().isSettled(); }));
+        QCOMPARE(cell("advisorSecurity", QStringLiteral("其他计划")), QStringLiteral("无"));
+    }
+
+    void theFormulaIsEvaluatedAtEachKey_data()
+    {
+        QTest::addColumn<QString>("formula");
+        QTest::addColumn<QString>("sentence");
+        QTest::addColumn<QString>("rule");
+        QTest::addColumn<QString>("verdict");
+        QTest::newRow("a price") << "昨收价"
+                                 << "结果%1"
+                                 << "价格可用（提醒）"
+                                 << "✓ 通过";
+        QTest::newRow("above the limit") << "昨收价*2"
+                                         << "结果%2，高于涨停价，按%3"
+                                         << "涨跌停（提醒）"
+                                         << "! 提醒：高于涨停价，按%3";
+        QTest::newRow("below the limit") << "昨收价/2"
+                                         << "结果%4，低于跌停价，按%5"
+                                         << "涨跌停（提醒）"
+                                         << "! 提醒：低于跌停价，按%5";
+        QTest::newRow("between two ticks") << "昨收价+0.0012"
+                                           << "结果%6，不在最小价位上，按%1"
+                                           << "最小价位（提醒）"
+                                           << "! 提醒：不在最小价位上，按%1";
+        QTest::newRow("not a price") << "1-1"
+                                     << "没有可用的价格：公式的结果不大于零"
+                                     << "价格可用（提醒）"
+                                     << "! 提醒：公式的结果不大于零";
+        QTest::newRow("not a formula") << "昨收价*"
+                                       << "没有可用的价格：公式不完整"
+                                       << "价格可用（提醒）"
+                                       << "! 提醒：公式不完整";
+    }
+
+    void theFormulaIsEvaluatedAtEachKey()
+    {
+        QFETCH(QString, formula);
+        QFETCH(QString, sentence);
+        QFETCH(QString, rule);
+        QFETCH(QString, verdict);
+        openFilled(ordinary().priced(PriceModel::Custom, formula));
+        const double close = TickPrice::toYuan(lastClose(), security().pricePrecision);
+        const TickPrice::Limits limits = TickPrice::limits(lastClose(), security().limitPerMille);
+        const auto number = [](double value) { return QString::number(value, 'f', 4); };
+        const QStringList values{ priceText(lastClose()), number(close * 2), priceText(limits.up), number(close / 2),
+            priceText(limits.down), number(close + 0.0012) };
+        const auto filledIn = [&values](QString text) {
+            for (int i = 0; i < values.size(); ++i)
+                text.replace(QStringLiteral("%%1").arg(i + 1), values.at(i));
+            return text;
+        };
+        QCOMPARE(text("formulaPrice"), filledIn(sentence));
+        QCOMPARE(field<QLabel>(panel(), "formulaPrice")->property("faulty").toBool(),
+            sentence.startsWith(QStringLiteral("没有")));
+        QCOMPARE(this->rule(rule), filledIn(verdict));
+    }
+
+    void aNameIsInsertedAtTheCursor()
+    {
+        openFilled(ordinary().priced(PriceModel::CompareMax, QStringLiteral("昨收价"), QStringLiteral("*0.99")));
+        QCOMPARE(cell("formulaNames", QStringLiteral("昨收价")), priceText(lastClose()));
+        QCOMPARE(rows("formulaNames").size(), 9);
+        // The second price had the focus last.
+        auto* const second = field<QLineEdit>(*dialogEditor(), "lineEdit_price2");
+        second->setFocus();
+        second->setCursorPosition(0);
+        click("formulaNames", 0, QStringLiteral("MA5"));
+        QCOMPARE(second->text(), QStringLiteral("MA5*0.99"));
+        QVERIFY(second->hasFocus());
+        QCOMPARE(second->cursorPosition(), 3);
+        QCOMPARE(field<QLineEdit>(*dialogEditor(), "lineEdit_price1")->text(), QStringLiteral("昨收价"));
+    }
+
+    void eachKeyIsFollowed()
+    {
+        openFilled(ordinary());
+        QCOMPARE(headline(), QStringLiteral("需20个交易日，期间仅1个"));
+        QCOMPARE(rows("forecastDays").size(), 1);
+        auto* const target = field<QWidget>(*dialogEditor(), "le_targetTotalNum");
+        target->setFocus();
+        QTest::keyClick(target, Qt::Key_End);
+        QTest::keyClick(target, Qt::Key_Backspace);
+        QCoreApplication::processEvents();
+        QCOMPARE(headline(), QStringLiteral("需2个交易日，期间仅1个"));
+        FormDriver driver = dialogDriver();
+        driver.stepDate("date_effectivePeriod_Multi", "le_end", 1);
+        QCoreApplication::processEvents();
+        QCOMPARE(headline(), QStringLiteral("预计2024-05-08完成，需2个交易日"));
+        const double yuan = TickPrice::toYuan(lastClose(), security().pricePrecision);
+        const QString amount = QLocale(QLocale::English).toString(500 * yuan, 'f', 2);
+        const QStringList expected{ QStringLiteral("2024-05-07 | 500 | %1 | 500").arg(amount),
+            QStringLiteral("2024-05-08 | 500 | %1 | 0").arg(amount) };
+        QCOMPARE(rows("forecastDays"), expected);
+    }
+
+    void closedDaysAreShaded()
+    {
+        PlanForm form = ordinary();
+        form.endSteps = 4;
+        openFilled(form);
+        QCOMPARE(rows("forecastDays").at(4), QStringLiteral("2024-05-11 | 休市 |  | "));
+        QCOMPARE(mark("forecastDays", QStringLiteral("休市")), Mark::Shaded);
+        QCOMPARE(rows("forecastDays").size(), 7);
+    }
+
+    void aReductionSaysWhatItsRatioMeans()
+    {
+        PlanForm form = ordinary().reducing(QStringLiteral("0.15"), Executor);
+        form.target = QStringLiteral("100000");
+        openFilled(form);
+        QCOMPARE(text("forecastReduction"),
+            QStringLiteral("每日最多15,000股，即目标的15%；总股本未知，未核对连续90天减持不超过总股本1%"));
+        QCOMPARE(headline(), QStringLiteral("预计2024-05-15完成，需7个交易日"));
+        QVERIFY(field<QWidget>(panel(), "forecastReduction")->isVisible());
+    }
+
+    void anEditedPlanStartsWithWhatIsUsed()
+    {
+        const QString id = session().create(SampleSession::record());
+        QCOMPARE(InstructionIssuer::issueDay(Today)->issued.size(), 1);
+        openWindow();
+        window().selectPlan(id);
+        pressForEditor(Qt::Key_E);
+        QVERIFY(QTest::qWaitFor([this] { return panel().isSettled(); }));
+        const QStringList days = rows("forecastDays");
+        QCOMPARE(days.size(), 4);
+        QVERIFY(days.constFirst().startsWith(QStringLiteral("2024-05-07 | 300 |")));
+        QVERIFY(days.constFirst().endsWith(QStringLiteral("| 400")));
+        QCOMPARE(headline(), QStringLiteral("预计2024-05-09完成，需3个交易日"));
+        FormDriver driver = dialogDriver();
+        driver.type("le_targetTotalNum", QStringLiteral("200"));
+        QCOMPARE(rule(QStringLiteral("目标与已用")), QStringLiteral("✗ 未通过：小于已成交和在下达的300股"));
+    }
+
+    void aRuleLeadsToItsField()
+    {
+        openFilled(ordinary());
+        FormDriver driver = dialogDriver();
+        driver.type("le_targetTotalNum", QString());
+        QCOMPARE(rule(QStringLiteral("目标总量")), QStringLiteral("✗ 未通过：必填"));
+        field<QWidget>(*dialogEditor(), "le_remark")->setFocus();
+        click("rules", 1, QStringLiteral("目标总量"));
+        QVERIFY(field<QWidget>(*dialogEditor(), "le_targetTotalNum")->hasFocus());
+        click("rules", 1, QStringLiteral("按期完成（提醒）"));
+        QVERIFY(
+            field<QWidget>(*dialogEditor(), "date_effectivePeriod_Multi")->isAncestorOf(QApplication::focusWidget()));
+    }
+
+    void theRulesSayWhatTheFormWillDo_data()
+    {
+        QTest::addColumn<PlanForm>("form");
+        QTest::addColumn<QString>("box");
+        // The session, which has the share, is not open yet.
+        const PlanForm plain = PlanForm::ordinary(FreeAccount, QStringLiteral("share"));
+        const auto changed = [&plain](const std::function<void(PlanForm&)>& change) {
+            PlanForm form = plain;
+            change(form);
+            return form;
+        };
+        const QString warning = QStringLiteral("msgBoxWarning");
+        const QString question = QStringLiteral("msgBoxQuestion");
+        const QString error = QStringLiteral("msgBoxError");
+        QTest::newRow("a sound plan") << plain << QStringLiteral("msgBoxTip");
+        QTest::newRow("no security") << changed([](PlanForm& form) { form.symbol.clear(); }) << warning;
+        QTest::newRow("no target") << changed([](PlanForm& form) { form.target = QStringLiteral("0"); }) << warning;
+        QTest::newRow("the same each day without a quantity") << changed([](PlanForm& form) {
+            form.planType = PlanType::SameElements;
+            form.perDay = QStringLiteral("0");
+        }) << warning;
+        QTest::newRow("an empty formula")
+            << changed([](PlanForm& form) { form.priceMode = PriceModel::Custom; }) << warning;
+        QTest::newRow("a special character") << plain.priced(PriceModel::Custom, QStringLiteral("昨收价#")) << warning;
+        QTest::newRow("a reduction without a ratio") << plain.reducing(QString(), Executor) << warning;
+        QTest::newRow("more than held") << changed([](PlanForm& form) {
+            form.side = Kelvo_Values::OrderSide::sell;
+            form.target = QStringLiteral("300000");
+        }) << question;
+        QTest::newRow("a formula without a price") << plain.priced(PriceModel::Custom, QStringLiteral("1-1")) << error;
+        QTest::newRow("above the account's limit")
+            << changed([](PlanForm& form) { form.target = QStringLiteral("200000000"); }) << error;
+    }
+
+    void theRulesSayWhatTheFormWillDo()
+    {
+        QFETCH(PlanForm, form);
+        QFETCH(QString, box);
+        if (!form.symbol.isEmpty())
+            form.symbol = share();
+        openFilled(form);
+        const QStringList before = rows("rules");
+        const int failed = static_cast<int>(before.filter(QRegularExpression(QStringLiteral("^✗"))).size());
+        const int asked = static_cast<int>(before.filter(QRegularExpression(QStringLiteral("^\\?"))).size());
+        QCOMPARE(before.size(), 34);
+        const bool accepts = box != QStringLiteral("msgBoxQuestion");
+        const QString seen = boxOf([this] { dialogDriver().confirm(); }, qPrintable(box), accepts);
+        QVERIFY2(!seen.isEmpty(), qPrintable(before.join(QLatin1Char('\n'))));
+        QCOMPARE(failed > 0, box == QStringLiteral("msgBoxWarning") || box == QStringLiteral("msgBoxError"));
+        QCOMPARE(asked > 0, box == QStringLiteral("msgBoxQuestion"));
+        if (box == QStringLiteral("msgBoxError"))
+            QVERIFY(before.constFirst().startsWith(QStringLiteral("✗ | 计划服务 | ")));
+    }
+
+    void softRulesOnlyWarn()
+    {
+        PlanForm form = ordinary();
+        form.target = QStringLiteral("10050");
+        form.perDay = QStringLiteral("550");
+        openFilled(form);
+        QCOMPARE(rule(QStringLiteral("目标的零股（提醒）")), QStringLiteral("! 提醒：每手100，零头50股不会下达"));
+        QCOMPARE(rule(QStringLiteral("每日的零股（提醒）")), QStringLiteral("! 提醒：每手100，零头50股不会下达"));
+        QCOMPARE(text("ruleSummary"), QStringLiteral("提醒3项"));
+        QCOMPARE(send(), QStringLiteral("交易自动规划创建成功!"));
+    }
+
+    void anUnusualSizeIsNoticed()
+    {
+        for (int i = 0; i < 5; ++i)
+            session().create(SampleSession::record());
+        PlanForm form = ordinary();
+        openFilled(form);
+        QCOMPARE(rule(QStringLiteral("通常规模（提醒）")), QStringLiteral("✓ 通过"));
+        FormDriver driver = dialogDriver();
+        driver.type("le_targetTotalNum", QStringLiteral("20000"));
+        QVERIFY(rule(QStringLiteral("通常规模（提醒）")).endsWith(QStringLiteral("的20倍")));
+    }
+
+    void thePanelCanBeHiddenAndIsRemembered()
+    {
+        openWindow();
+        pressForEditor(Qt::Key_N);
+        QVERIFY(panel().isVisible());
+        const int both = dialog().width();
+        QVERIFY(press(&dialog(), Qt::Key_F7));
+        QVERIFY(!panel().isVisible());
+        QVERIFY(dialog().width() < both);
+        dialog().leave();
+        closeWindow();
+        openWindow();
+        pressForEditor(Qt::Key_N);
+        QVERIFY(!panel().isVisible());
+        // Shown again, it follows the form.
+        FormDriver driver = dialogDriver();
+        driver.fill(ordinary());
+        QTest::mouseClick(field<QToolButton>(dialog(), "advisorToggle"), Qt::LeftButton);
+        QVERIFY(panel().isVisible());
+        QVERIFY(QTest::qWaitFor([this] { return panel().isSettled(); }));
+        QCOMPARE(headline(), QStringLiteral("需20个交易日，期间仅1个"));
+    }
+
+    void theKeyboardReachesThePanel()
+    {
+        openFilled(ordinary());
+        field<QWidget>(*dialogEditor(), "le_remark")->setFocus();
+        QStringList reached;
+        for (int i = 0; i < 5; ++i) {
+            QVERIFY(press(QApplication::focusWidget(), Qt::Key_F6));
+            reached << QApplication::focusWidget()->objectName();
+        }
+        const QStringList expected{ QStringLiteral("advisorSecurity"), QStringLiteral("formulaNames"),
+            QStringLiteral("forecastDays"), QStringLiteral("rules"), QStringLiteral("le_remark") };
+        QCOMPARE(reached, expected);
+    }
+
+    void aFailedReadShowsItsReason()
+    {
+        openWindow();
+        pressForEditor(Qt::Key_N);
+        QVERIFY(QFile::rename(session().file(), session().file() + QStringLiteral(".gone")));
+        fill(ordinary());
+        QVERIFY(cell("advisorSecurity", QStringLiteral("读取失败")).startsWith(QStringLiteral("无法打开数据库")));
+        QCOMPARE(cell("advisorSecurity", QStringLiteral("可卖数量")), QString());
+        QVERIFY(headline().startsWith(QStringLiteral("无法打开数据库")));
+        QVERIFY(QFile::rename(session().file() + QStringLiteral(".gone"), session().file()));
     }
 };
 

@@ -96,6 +96,12 @@ QList<Look> textLooks()
         { words("a wrong parameter with the focus"), { words("*[faulty=\"true\"]") }, { words("QLineEdit:focus") } },
         { words("a wrong choice"), { words("*[faulty=\"true\"]") }, { algorithm } },
     };
+    const QString advisor = words("RowView");
+    for (const char* const mark : { "faint", "good", "bad", "doubtful" })
+        looks.append({ words("a row of the advisor, ") + words(mark), { advisor }, { rows },
+            words("qproperty-%1Color").arg(words(mark)) });
+    looks.append({ words("a shaded row of the advisor"), { rows }, { advisor }, words("color"),
+        words("qproperty-shadedColor") });
     for (const QString& window : { form, words("QDialog"), words("QMainWindow"), calendar, words("ComboSearchPopup") })
         looks.append({ words("text in ") + window, { any }, { window } });
     for (const char* const name :
@@ -130,6 +136,10 @@ QList<Look> frameLooks()
              "QLineEdit[faulty=\"true\"]", "QComboBox[faulty=\"true\"]", "OrloDateEdit QLineEdit[faulty=\"true\"]",
              "OrloPushButton[faulty=\"true\"]" })
         looks.append({ words(name), { words(name) }, { form }, words("border") });
+    const QString chart = words("ForecastChart");
+    for (const char* const part : { "bar", "line" })
+        looks.append({ words("the chart's ") + words(part), { chart }, { chart },
+            words("qproperty-%1Color").arg(words(part)), words("qproperty-groundColor") });
     looks.append({ words("the mark of a heading"), { words("OrloSubTitleWidget QFrame#titleMark") }, { form },
         words("background-color") });
     looks.append({ words("a check mark's ground"), { words("QCheckBox::indicator:checked") }, { form },

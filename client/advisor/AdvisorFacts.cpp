@@ -1,8 +1,10 @@
 #include "AdvisorFacts.h"
 
+#include "AgreementStore.h"
 #include "AutoPlanField.h"
 #include "Kelvo_Fields.h"
 #include "Orlo_Fields.h"
+#include "Orlo_Values.h"
 #include "PlanCodes.h"
 #include "PositionStore.h"
 
@@ -18,7 +20,8 @@ namespace {
 auto values(const FactsQuestion& question)
 {
     return std::tie(question.user.id, question.today, question.planId, question.account, question.securityAccount,
-        question.exchange, question.symbol, question.instructionType, question.assignee, question.executor);
+        question.exchange, question.symbol, question.instructionType, question.assignee, question.executor,
+        question.isReduction);
 }
 
 /// The fields of a record that rights depend on.
@@ -39,7 +42,19 @@ Status readValues(Database& database, const FactsQuestion& question, AdvisorFact
     SecurityStore::addTo(reader, question.symbol, facts.closes);
     PositionStore::addTo(reader, question.account, question.securityAccount, question.symbol, facts.tradeableQuantity);
     PlanRightsReader::addTo(reader, question.user.id, parties(question), question.today, facts.rights);
+    if (!question.planId.isEmpty())
+        InstructionStore::addTo(reader, question.planId, facts.used);
     return reader.read();
+}
+
+Status readSignatures(Database& database, const FactsQuestion& question, AdvisorFacts& facts)
+{
+    if (!question.isReduction)
+        return {};
+    const auto open =
+        AgreementStore(database).unsignedClientNumbers(Orlo_Values::ProtocolId::AutoPlanReduceAgree, question.user.id);
+    facts.unsignedClients = open.valueOr({});
+    return open.status();
 }
 
 // Open instructions of earlier days give back what was not filled.
@@ -85,7 +100,7 @@ Status readPlans(Database& database, const FactsQuestion& question, AdvisorFacts
 Result<AdvisorFacts> factsOf(Database& database, const FactsQuestion& question)
 {
     AdvisorFacts facts;
-    for (const auto read : { readValues, readEdited, readPlans }) {
+    for (const auto read : { readValues, readSignatures, readEdited, readPlans }) {
         if (Status status = read(database, question, facts); !status)
             return status;
     }
@@ -117,6 +132,17 @@ void FactsReader::ask(const FactsQuestion& question)
             return;
         const Result<AdvisorFacts> facts = opened ? factsOf(database, question) : Result<AdvisorFacts>(opened);
         const auto answer = [this, question, facts] { Q_EMIT answered(question, facts); };
+        if (!m_thread.isStopping())
+            QMetaObject::invokeMethod(this, answer, Qt::QueuedConnection);
+    });
+}
+
+void FactsReader::askHoldings(const QString& account)
+{
+    m_thread.run([this, account](Database& database, const Status& opened) {
+        using Held = Result<QHash<QString, qint64>>;
+        const Held held = opened ? PositionStore(database).held(account) : Held(opened);
+        const auto answer = [this, account, held] { Q_EMIT holdingsAnswered(account, held); };
         if (!m_thread.isStopping())
             QMetaObject::invokeMethod(this, answer, Qt::QueuedConnection);
     });

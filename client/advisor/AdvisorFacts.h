@@ -22,6 +22,7 @@ struct FactsQuestion {
     QString instructionType;
     QString assignee; ///< by name, or the executor of a reduction
     QString executor;
+    bool isReduction = false;
 
     /// Whether both are about the same account and security.
     bool hasSameSubject(const FactsQuestion& other) const;
@@ -34,8 +35,11 @@ struct AdvisorFacts {
     /// What may be sold, in stored units.
     qint64 tradeableQuantity = 0;
     PlanRights rights;
-    /// The edited plan, and what its instructions have filled; a default plan (empty id) for a new one.
+    /// Clients of the user that have not signed the agreement about reductions; only read for a reduction.
+    QStringList unsignedClients;
+    /// The edited plan, what its instructions use, and what of it is filled; a default plan (empty id) for a new one.
     StoredPlan edited;
+    PlanUse used;
     PlanUse filled;
     bool isIssuedToday = false;
     /// Plans of the account on the security that may still be issued, and its newest plans on any, without the edited
@@ -58,10 +62,14 @@ public:
 
     /// Asks; earlier questions that have not started are skipped.
     void ask(const FactsQuestion& question);
+    /// Asks what an account holds of each security.
+    void askHoldings(const QString& account);
     void reconnect() { m_thread.reconnect(); }
 
 Q_SIGNALS:
     void answered(const FactsQuestion& question, const Result<AdvisorFacts>& facts);
+    /// `held`: in stored units, by symbol.
+    void holdingsAnswered(const QString& account, const Result<QHash<QString, qint64>>& held);
 
 private:
     std::atomic_int m_asked{ 0 };

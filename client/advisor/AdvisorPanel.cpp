@@ -4,12 +4,17 @@
 #include "ClientSession.h"
 #include "ForecastChart.h"
 #include "ForecastTexts.h"
+#include "FormulaFacts.h"
 #include "OrloSubTitleWidget.h"
 #include "PlainText.h"
 #include "PlanEvents.h"
 #include "RowView.h"
+#include "RuleList.h"
+#include "SecurityChooser.h"
 #include "SecurityFacts.h"
+#include "VorSearchBox.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QEvent>
 #include <QLabel>
@@ -21,6 +26,9 @@ namespace {
 
 constexpr int UsualWidth = 380;
 constexpr int LeastWidth = 240;
+const QStringList PriceFields{ QStringLiteral("lineEdit_price1"), QStringLiteral("lineEdit_price2") };
+const QString DateRange = QStringLiteral("date_effectivePeriod_Multi");
+const QString SingleDate = QStringLiteral("date_effectivePeriod_Single");
 constexpr int Spacing = 6;
 constexpr int Margin = 10;
 
@@ -59,7 +67,10 @@ AdvisorPanel::AdvisorPanel(QWidget* parent)
     sections->setContentsMargins(Margin, Margin, Margin, Margin);
     sections->setSpacing(Spacing);
     buildSecurity();
+    buildFormula();
     buildForecast();
+    buildRules();
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget*, const QWidget* now) { noteFocus(now); });
     m_refresh.setSingleShot(true);
     connect(&m_refresh, &QTimer::timeout, this, &AdvisorPanel::refresh);
     const PlanEvents& events = PlanEvents::instance();
@@ -98,6 +109,25 @@ void AdvisorPanel::buildSecurity()
     m_security = new RowView(
         QStringLiteral("advisorSecurity"), { { tr("项目"), 28 }, { tr("内容"), 72 } }, RowView::FitsRows, this);
     addTable(m_security, tr("证券"));
+}
+
+void AdvisorPanel::buildFormula()
+{
+    layout()->addWidget(newHeading(tr("价格"), this));
+    m_price = newLabel("formulaPrice");
+    m_names = new RowView(QStringLiteral("formulaNames"), FormulaFacts::columns(), RowView::Plain, this);
+    m_names->setToolTip(tr("点击插入价格公式"));
+    addTable(m_names, tr("公式中可用的名称"));
+    connect(m_names, &RowView::rowChosen, this, [this](const AdvisorRow& row) { insertName(row.key); });
+}
+
+void AdvisorPanel::buildRules()
+{
+    layout()->addWidget(newHeading(tr("检查"), this));
+    m_summary = newLabel("ruleSummary");
+    m_rules = new RowView(QStringLiteral("rules"), RuleList::columns(), RowView::Plain, this);
+    addTable(m_rules, tr("检查"));
+    connect(m_rules, &RowView::rowChosen, this, [this](const AdvisorRow& row) { goTo(row.key); });
 }
 
 void AdvisorPanel::buildForecast()
@@ -139,6 +169,9 @@ bool AdvisorPanel::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::WindowActivate)
         scheduleRefresh();
+    // The agreement may have been signed in a window over the form.
+    if (event->type() == QEvent::WindowActivate && m_facts && *m_facts && !(*m_facts)->unsignedClients.isEmpty())
+        askAgain();
     return QWidget::eventFilter(watched, event);
 }
 
@@ -183,6 +216,7 @@ FactsQuestion AdvisorPanel::questionOf(const FormReading& form, const StoredAcco
     question.securityAccount = account->exchangeAccounts.value(security->exchange);
     question.symbol = form.symbol;
     question.instructionType = form.instructionType;
+    question.isReduction = form.isReduction();
     (form.isReduction() ? question.executor : question.assignee) = form.assignee;
     return question;
 }
@@ -196,11 +230,33 @@ void AdvisorPanel::ask(const FactsQuestion& question)
     m_isAsking = !question.symbol.isEmpty();
     if (!m_isAsking)
         return;
+    reader().ask(question);
+}
+
+FactsReader& AdvisorPanel::reader()
+{
     if (!m_reader) {
         m_reader = std::make_unique<FactsReader>(ClientSession::instance().database().location());
         connect(m_reader.get(), &FactsReader::answered, this, &AdvisorPanel::take);
     }
-    m_reader->ask(question);
+    return *m_reader;
+}
+
+void AdvisorPanel::chooseSecurity()
+{
+    auto* const box = m_form ? m_form->findChild<VorSearchBox*>(QStringLiteral("le_symbol")) : nullptr;
+    if (!box || !box->isEnabled() || !box->isVisible())
+        return;
+    auto* const chooser = new SecurityChooser(box, ClientSession::instance().market(), window());
+    chooser->setAttribute(Qt::WA_DeleteOnClose);
+    const QString account = FormReading::of(*m_form).account;
+    connect(&reader(), &FactsReader::holdingsAnswered, chooser,
+        [chooser, account](const QString& of, const Result<QHash<QString, qint64>>& held) {
+            if (of == account)
+                chooser->setHeld(held);
+        });
+    reader().askHoldings(account);
+    chooser->open();
 }
 
 void AdvisorPanel::askAgain()
@@ -238,7 +294,52 @@ bool AdvisorPanel::focusNext()
 void AdvisorPanel::present(const AdvisedPlan& plan)
 {
     m_security->setRows(SecurityFacts::rows(plan));
+    presentFormula(plan);
     presentForecast(plan);
+    presentRules(plan);
+}
+
+void AdvisorPanel::presentFormula(const AdvisedPlan& plan)
+{
+    setText(m_price, FormulaFacts::sentence(plan));
+    markFaulty(m_price, !FormulaFacts::isUsable(plan));
+    m_names->setRows(FormulaFacts::rows(plan));
+}
+
+void AdvisorPanel::presentRules(const AdvisedPlan& plan)
+{
+    const QVector<RuleList::AdvisedRule> rules = RuleList::of(plan);
+    setText(m_summary, RuleList::summary(rules));
+    m_rules->setRows(RuleList::rows(rules));
+}
+
+void AdvisorPanel::noteFocus(const QWidget* focused)
+{
+    if (m_form && focused && m_form->isAncestorOf(focused) && PriceFields.contains(focused->objectName()))
+        m_priceField = focused->objectName();
+}
+
+// Into the price that was edited last, at its cursor.
+void AdvisorPanel::insertName(const QString& name)
+{
+    auto* price = m_form->findChild<QLineEdit*>(m_priceField);
+    if (!price || !price->isVisible())
+        price = m_form->findChild<QLineEdit*>(PriceFields.constFirst());
+    if (name.isEmpty() || !price->isEnabled())
+        return;
+    const int end = price->cursorPosition() + name.size();
+    price->insert(name);
+    price->setFocus(Qt::OtherFocusReason);
+    price->setCursorPosition(end);
+}
+
+void AdvisorPanel::goTo(const QString& field)
+{
+    QWidget* wanted = m_form->findChild<QWidget*>(field);
+    // A reduction has a single date instead of the range.
+    if (field == DateRange && !wanted->isVisible())
+        wanted = m_form->findChild<QWidget*>(SingleDate);
+    wanted->setFocus(Qt::OtherFocusReason);
 }
 
 void AdvisorPanel::presentForecast(const AdvisedPlan& plan)

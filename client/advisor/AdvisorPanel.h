@@ -31,6 +31,8 @@ public:
     void refresh();
     /// Whether it shows what follows from the form and from what is stored.
     bool isSettled() const;
+    /// Opens the window in which a security is found, if the form's can be chosen.
+    void chooseSecurity();
     /// Gives the focus to the next of its tables; returns false after the last one.
     bool focusNext();
 
@@ -45,14 +47,22 @@ private:
     QLabel* newLabel(const char* name);
     void addTable(RowView* table, const QString& name);
     void buildSecurity();
+    void buildFormula();
     void buildForecast();
+    void buildRules();
     void scheduleRefresh();
     FactsQuestion questionOf(const FormReading& form, const StoredAccount* account) const;
+    FactsReader& reader();
     void ask(const FactsQuestion& question);
     void askAgain();
     void take(const FactsQuestion& question, const Result<AdvisorFacts>& facts);
     void present(const AdvisedPlan& plan);
+    void presentFormula(const AdvisedPlan& plan);
     void presentForecast(const AdvisedPlan& plan);
+    void presentRules(const AdvisedPlan& plan);
+    void insertName(const QString& name);
+    void goTo(const QString& field);
+    void noteFocus(const QWidget* focused);
 
     QPointer<QWidget> m_form;
     QString m_planId;
@@ -64,8 +74,13 @@ private:
 
     QVector<RowView*> m_tables;
     RowView* m_security;
+    QLabel* m_price;
+    RowView* m_names;
+    QString m_priceField; ///< the price that had the focus last
     QLabel* m_headline;
     QLabel* m_reduction;
     ForecastChart* m_chart;
     RowView* m_days;
+    QLabel* m_summary;
+    RowView* m_rules;
 };

@@ -29,6 +29,12 @@ SymbolIndexes& SymbolIndexes::instance()
     return indexes;
 }
 
+SymbolIndexes& SymbolIndexes::ofInitials()
+{
+    static SymbolIndexes indexes;
+    return indexes;
+}
+
 void SymbolIndexes::prepare(const QVector<QStringList>& runs, const SymbolIndex::NameOf& nameOf)
 {
     for (const QStringList& run : runs) {

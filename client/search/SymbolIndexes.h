@@ -14,7 +14,9 @@ class SymbolIndexes : public QObject {
     Q_OBJECT
 
 public:
+    /// Those of the names, and those of the names' initials. Both are separate because few search by initials.
     static SymbolIndexes& instance();
+    static SymbolIndexes& ofInitials();
 
     /// Starts to prepare the indexes of the runs that have none yet. `nameOf` is called on the worker thread.
     void prepare(const QVector<QStringList>& runs, const SymbolIndex::NameOf& nameOf);

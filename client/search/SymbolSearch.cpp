@@ -28,11 +28,11 @@ void appendNew(const QString& symbol, QStringList& found)
 
 } // namespace
 
-SymbolSearch::SymbolSearch(const QVector<QStringList>& runs)
+SymbolSearch::SymbolSearch(const QVector<QStringList>& runs, const SymbolIndexes& indexes)
 {
     m_indexes.reserve(runs.size());
     for (const QStringList& run : runs) {
-        m_indexes.append(SymbolIndexes::instance().of(run));
+        m_indexes.append(indexes.of(run));
         m_stage = std::min(m_stage, stageOf(m_indexes.constLast().get()));
     }
 }

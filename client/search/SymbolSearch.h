@@ -9,7 +9,7 @@ public:
     /// How much of the runs can be searched.
     enum Stage { Nothing, Codes, CodesAndNames };
 
-    explicit SymbolSearch(const QVector<QStringList>& runs);
+    explicit SymbolSearch(const QVector<QStringList>& runs, const SymbolIndexes& indexes = SymbolIndexes::instance());
 
     Stage stage() const { return m_stage; }
 

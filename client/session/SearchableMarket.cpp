@@ -9,6 +9,7 @@ SearchableMarket::SearchableMarket()
     : m_market(std::make_unique<const Market>())
 {
     SymbolIndexes::instance();
+    SymbolIndexes::ofInitials();
 }
 
 Status SearchableMarket::load(Database& database)
@@ -28,6 +29,7 @@ void SearchableMarket::clear()
 void SearchableMarket::replace(std::unique_ptr<const Market> market)
 {
     SymbolIndexes::instance().forget();
+    SymbolIndexes::ofInitials().forget();
     m_market = std::move(market);
 }
 

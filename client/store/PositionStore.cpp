@@ -37,6 +37,16 @@ Result<QVector<StoredPosition>> PositionStore::positions(
     return status ? Result<QVector<StoredPosition>>(positions) : status;
 }
 
+Result<QHash<QString, qint64>> PositionStore::held(const QString& tradingAccount)
+{
+    QHash<QString, qint64> quantities;
+    Status status = m_database.read(
+        QStringLiteral("SELECT symbol, quantity FROM positions WHERE trading_account = ? AND quantity > 0"),
+        { tradingAccount },
+        [&quantities](const QSqlQuery& row) { quantities[row.value(0).toString()] += row.value(1).toLongLong(); });
+    return status ? Result<QHash<QString, qint64>>(quantities) : status;
+}
+
 void PositionStore::addTo(ValueReader& reader, const QString& tradingAccount, const QString& securityAccount,
     const QString& symbol, qint64& tradeableQuantity)
 {

@@ -2,6 +2,7 @@
 
 #include "ValueReader.h"
 
+#include <QHash>
 #include <QVector>
 
 struct StoredPosition {
@@ -23,6 +24,8 @@ public:
     /// Positions of the account in one security; an empty security account means all of them.
     Result<QVector<StoredPosition>> positions(
         const QString& tradingAccount, const QString& securityAccount, const QString& symbol);
+    /// What an account holds of each security, in stored units.
+    Result<QHash<QString, qint64>> held(const QString& tradingAccount);
     /// Adds the quantity that may be sold of these positions to what is read, in stored units.
     static void addTo(ValueReader& reader, const QString& tradingAccount, const QString& securityAccount,
         const QString& symbol, qint64& tradeableQuantity);

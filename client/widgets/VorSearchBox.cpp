@@ -2,6 +2,7 @@
 
 #include "FieldHint.h"
 #include "OrloBusinessDataInterface.h"
+#include "SearchableSecurities.h"
 #include "SuggestionPopup.h"
 #include "SymbolSearch.h"
 
@@ -74,6 +75,7 @@ private:
 
     VorSearchBox* q;
     SuggestionPopup* m_popup;
+    SearchableSecurities* m_list; ///< the same runs, for the client
     QVector<QStringList> m_runs;
     QStringList m_offered;
     bool m_writing = false;
@@ -86,6 +88,7 @@ private:
 VorSearchBox::Private::Private(VorSearchBox* box)
     : q(box)
     , m_popup(new SuggestionPopup(box))
+    , m_list(new SearchableSecurities(box))
 {
     q->installEventFilter(this);
     connect(q, &QLineEdit::textChanged, this, &Private::unchoose);
@@ -96,6 +99,7 @@ VorSearchBox::Private::Private(VorSearchBox* box)
 void VorSearchBox::Private::setRuns(const QVector<QStringList>& list)
 {
     m_runs = list;
+    m_list->runs = list;
     prepareIndexes();
     m_offered.clear();
     m_popup->hide();

@@ -206,7 +206,10 @@ void EditorDialog::buildAdvisor()
     m_advisorToggle->setFixedWidth(ToggleWidth);
     m_advisorToggle->setAutoRaise(true);
     m_advisorToggle->setFocusPolicy(Qt::NoFocus);
-    m_advisorToggle->setShortcut(QKeySequence(Qt::Key_F7));
+    auto* const toggle = new QShortcut(QKeySequence(Qt::Key_F7), this);
+    connect(toggle, &QShortcut::activated, m_advisorToggle, &QToolButton::click);
+    auto* const choose = new QShortcut(QKeySequence(Qt::Key_F4), this);
+    connect(choose, &QShortcut::activated, m_advisor, &AdvisorPanel::chooseSecurity);
     auto* const next = new QShortcut(QKeySequence(Qt::Key_F6), this);
     connect(next, &QShortcut::activated, this, &EditorDialog::focusAdvisor);
     connect(m_advisorToggle, &QToolButton::clicked, this, [this] { showAdvisor(m_advisor->isHidden()); });

@@ -1,11 +1,14 @@
 #include "ClientWindowTest.h"
 
 #include <QApplication>
+#include <QSettings>
 #include <QtTest>
 
 void ClientWindowTest::prepare()
 {
     ClientFormTest::prepare();
+    m_settings.emplace();
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings->path());
     startSession();
 }
 

@@ -5,8 +5,11 @@
 #include "EditorForm.h"
 #include "MainWindow.h"
 
+#include <QTemporaryDir>
+
 #include <functional>
 #include <memory>
+#include <optional>
 
 /// A test of the client's window, on a new sample database for each test function.
 class ClientWindowTest : public ClientFormTest {
@@ -36,4 +39,5 @@ protected:
 
 private:
     std::unique_ptr<MainWindow> m_window;
+    std::optional<QTemporaryDir> m_settings; ///< the user's settings
 };

@@ -1,0 +1,171 @@
+// Rules of the advisor's own. They warn of what is allowed, but probably not wanted.
+#include "AutoPlanField.h"
+#include "ErrorText.h"
+#include "ForecastTexts.h"
+#include "FormulaFacts.h"
+#include "Kelvo_Fields.h"
+#include "PlanCodes.h"
+#include "RuleParts.h"
+#include "SecurityFacts.h"
+#include "TickPrice.h"
+
+#include <algorithm>
+#include <cmath>
+
+using namespace PlanCodes;
+
+namespace RuleList {
+namespace {
+
+constexpr double Tolerance = 1e-6;
+// A plan is unusual if it is this many times as large as the middle one of at least so many.
+constexpr double Unusual = 10;
+constexpr int LeastPlans = 5;
+
+Verdict fitsLot(const AdvisedPlan& plan, double quantity)
+{
+    if (!plan.security || plan.form.isAmount() || quantity <= 0)
+        return notApplicable();
+    const int lot = plan.security->quantityStep;
+    const double odd = quantity - static_cast<double>(lotsWithin(quantity, lot));
+    return odd < Tolerance
+        ? passed()
+        : doubtful(Advisor::tr("每手%1，零头%2不会下达").arg(QString::number(lot), Advisor::withUnit(odd, false)));
+}
+
+Verdict targetIsWholeLots(const AdvisedPlan& plan)
+{
+    return fitsLot(plan, plan.form.targetValue());
+}
+
+Verdict dailyQuantityIsWholeLots(const AdvisedPlan& plan)
+{
+    return plan.form.hasPerDay ? fitsLot(plan, plan.form.perDayValue()) : notApplicable();
+}
+
+bool hasLimit(const AdvisedPlan& plan)
+{
+    return plan.price && plan.price->limit;
+}
+
+Verdict formulaGivesPrice(const AdvisedPlan& plan)
+{
+    if (!plan.security || plan.form.priceMode == PriceModel::NoLimit)
+        return notApplicable();
+    if (!plan.hasFacts())
+        return open(plan);
+    return plan.price ? passed() : doubtful(errorText(plan.price.status()));
+}
+
+Verdict priceIsOnTick(const AdvisedPlan& plan)
+{
+    if (!hasLimit(plan))
+        return notApplicable();
+    const QString price = TickPrice::text(*plan.price->limit, plan.security->pricePrecision);
+    return FormulaFacts::isOffTick(plan) ? doubtful(Advisor::tr("不在最小价位上，按%1").arg(price)) : passed();
+}
+
+Verdict priceIsWithinBand(const AdvisedPlan& plan)
+{
+    if (!hasLimit(plan))
+        return notApplicable();
+    const QString cut = FormulaFacts::cut(plan);
+    return cut.isEmpty() ? passed() : doubtful(cut);
+}
+
+/// The value of a stored plan's target in yuan; 0 if it is not known.
+double valueOf(const AdvisedPlan& plan, const StoredPlan& stored)
+{
+    const Security* const security =
+        plan.world.market.find(stored.record.value(Kelvo_Fields::Security::symbol).toString());
+    if (!security)
+        return 0;
+    const auto terms = orderTerms(stored.record, *security, [] { return Result<double>(0.0); });
+    if (!terms)
+        return 0;
+    const double yuan = TickPrice::toYuan(security->previousClose, security->pricePrecision);
+    return terms->isAmount ? terms->share.total : terms->share.total * yuan;
+}
+
+Verdict sizeIsUsual(const AdvisedPlan& plan)
+{
+    if (!plan.terms || !plan.price)
+        return notApplicable();
+    QVector<double> values;
+    for (const StoredPlan& stored : plan.facts().recentPlans) {
+        if (const double value = valueOf(plan, stored); value > 0)
+            values << value;
+    }
+    if (values.size() < LeastPlans)
+        return notApplicable();
+    const auto middle = values.begin() + values.size() / 2;
+    std::nth_element(values.begin(), middle, values.end());
+    const double yuan = TickPrice::toYuan(plan.price->reference, plan.security->pricePrecision);
+    const double value = plan.terms->isAmount ? plan.terms->share.total : plan.terms->share.total * yuan;
+    if (value <= Unusual * *middle)
+        return passed();
+    return doubtful(Advisor::tr("约%1元，是该账户通常%2元的%3倍")
+                        .arg(Advisor::number(value), Advisor::number(*middle), Advisor::number(value / *middle)));
+}
+
+Verdict noPlanIsOpposite(const AdvisedPlan& plan)
+{
+    if (!plan.hasFacts())
+        return plan.security ? open(plan) : notApplicable();
+    QStringList ids;
+    for (const StoredPlan& other : plan.facts().openPlans) {
+        if (SecurityFacts::isOpposite(plan, other))
+            ids << other.id;
+    }
+    return ids.isEmpty() ? passed() : doubtful(Advisor::tr("同一证券有反向计划%1").arg(ids.join(QLatin1Char(' '))));
+}
+
+/// What other plans of the account on the security would sell, in displayed units.
+double soldByOthers(const AdvisedPlan& plan)
+{
+    double sum = 0;
+    for (const StoredPlan& other : plan.facts().openPlans) {
+        const auto terms = orderTerms(other.record, *plan.security, [] { return Result<double>(0.0); });
+        if (terms && !terms->isBuy && !terms->isAmount)
+            sum += terms->share.total;
+    }
+    return sum;
+}
+
+Verdict holdingsCoverAllPlans(const AdvisedPlan& plan)
+{
+    if (!plan.terms || plan.terms->isBuy || plan.terms->isAmount)
+        return notApplicable();
+    const double all = plan.terms->share.total + soldByOthers(plan);
+    if (all <= plan.sellable())
+        return passed();
+    return doubtful(Advisor::tr("与其他计划共卖%1，可卖只有%2")
+                        .arg(Advisor::withUnit(all, false), Advisor::withUnit(plan.sellable(), false)));
+}
+
+Verdict planEndsInTime(const AdvisedPlan& plan)
+{
+    if (!plan.forecast || plan.forecast->total <= 0)
+        return notApplicable();
+    return ForecastTexts::isInTime(plan) ? passed() : doubtful(ForecastTexts::headline(plan));
+}
+
+} // namespace
+
+const QVector<Rule>& softRules()
+{
+    static const QVector<Rule> rules{
+        { "le_targetTotalNum", QT_TRANSLATE_NOOP("Advisor", "目标的零股"), targetIsWholeLots },
+        { "le_entrustMaxNum", QT_TRANSLATE_NOOP("Advisor", "每日的零股"), dailyQuantityIsWholeLots },
+        { "lineEdit_price1", QT_TRANSLATE_NOOP("Advisor", "价格可用"), formulaGivesPrice },
+        { "lineEdit_price1", QT_TRANSLATE_NOOP("Advisor", "最小价位"), priceIsOnTick },
+        { "lineEdit_price1", QT_TRANSLATE_NOOP("Advisor", "涨跌停"), priceIsWithinBand },
+        { "le_targetTotalNum", QT_TRANSLATE_NOOP("Advisor", "通常规模"), sizeIsUsual },
+        { "combx_tradeSide", QT_TRANSLATE_NOOP("Advisor", "反向计划"), noPlanIsOpposite },
+        { "le_targetTotalNum", QT_TRANSLATE_NOOP("Advisor", "合计持仓"), holdingsCoverAllPlans },
+        { "date_effectivePeriod_Multi", QT_TRANSLATE_NOOP("Advisor", "按期完成"), planEndsInTime },
+    };
+    return rules;
+}
+
+} // namespace RuleList
