@@ -133,6 +133,12 @@ def _choices(programs, least, securities):
         least.note(("choice", name, securities), printed["least_ms"])
 
 
+def _advisor(programs, least, ratios):
+    printed = programs.run("bench_advisor", programs.database(securities=SECURITIES[-1]))["advisor"]
+    least.note(("advisor",), printed["slowest_ms"])
+    ratios.append(printed["slowest_ms"] / printed["bare_ms"])
+
+
 def _account_choice(programs, least, accounts):
     database = programs.database(accounts=accounts)
     printed = programs.run("bench_accounts", database, user="bench", seconds=0.05)
@@ -198,7 +204,7 @@ def _server(programs, server):
 def measure(programs, rounds, log):
     """Measures everything in the given number of rounds. Returns the figures by name and the growth for the diagrams."""
     least, ratios, syncs, reads, editors = Least(), [], [], [], []
-    issue, again = [], []
+    issue, again, advisor = [], [], []
     server = {name: [] for name in
               ("server_confirm_ratio", "server_notice_ratio", "server_page_ratio", "server_clients_ratio")}
     for number in range(rounds):
@@ -209,6 +215,8 @@ def measure(programs, rounds, log):
             _choices(programs, least, securities)
             _form(programs, least, ("securities", securities), programs.database(securities=securities), "trader01")
             _start(programs, least, securities)
+        log("  the advisor")
+        _advisor(programs, least, advisor)
         for accounts in ACCOUNTS:
             log(f"  {accounts:,} accounts")
             _form(programs, least, ("accounts", accounts), programs.database(accounts=accounts), "bench")
@@ -235,6 +243,8 @@ def measure(programs, rounds, log):
     editors.append(printed["after_1000_mib"] / printed["after_50_mib"])
     figures = _figures(least, ratios, syncs, reads, editors)
     figures["issue_ratio"] = median(issue)
+    figures["advisor_ms"] = least[("advisor",)]
+    figures["advisor_ratio"] = median(advisor)
     figures["issue_again_ratio"] = median(again)
     figures.update({name: median(ratios) for name, ratios in server.items()})
     return figures, _growth(least)

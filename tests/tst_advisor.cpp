@@ -143,11 +143,10 @@ private Q_SLOTS:
         QVERIFY(!other.isEmpty());
         openFilled(ordinary());
         QCOMPARE(cell("advisorSecurity", same), QStringLiteral("买入，2024-05-06 – 2024-05-10"));
-        QCOMPARE(cell("advisorSecurity", opposite), QStringLiteral("卖出，2024-05-06 – 2024-05-10，方向相反"));
+        QCOMPARE(cell("advisorSecurity", opposite), QStringLiteral("方向相反：卖出，2024-05-06 – 2024-05-10"));
         QCOMPARE(mark("advisorSecurity", cell("advisorSecurity", opposite)), Mark::Doubtful);
         QCOMPARE(mark("advisorSecurity", cell("advisorSecurity", same)), Mark::Plain);
-        QCOMPARE(
-            rule(QStringLiteral("反向计划（提醒）")), QStringLiteral("! 提醒：同一证券有反向计划%1").arg(opposite));
+        QCOMPARE(rule(QStringLiteral("反向计划（提醒）")), QStringLiteral("! 同一证券有反向计划%1").arg(opposite));
         // A plan that is stored meanwhile appears.
         const QString third = session().create(SampleSession::record());
         QVERIFY(QTest::qWaitFor([&] { return !cell("advisorSecurity", third).isEmpty(); }));
@@ -172,23 +171,23 @@ private Q_SLOTS:
         QTest::newRow("above the limit") << "昨收价*2"
                                          << "结果%2，高于涨停价，按%3"
                                          << "涨跌停（提醒）"
-                                         << "! 提醒：高于涨停价，按%3";
+                                         << "! 高于涨停价，按%3";
         QTest::newRow("below the limit") << "昨收价/2"
                                          << "结果%4，低于跌停价，按%5"
                                          << "涨跌停（提醒）"
-                                         << "! 提醒：低于跌停价，按%5";
+                                         << "! 低于跌停价，按%5";
         QTest::newRow("between two ticks") << "昨收价+0.0012"
                                            << "结果%6，不在最小价位上，按%1"
                                            << "最小价位（提醒）"
-                                           << "! 提醒：不在最小价位上，按%1";
+                                           << "! 不在最小价位上，按%1";
         QTest::newRow("not a price") << "1-1"
                                      << "没有可用的价格：公式的结果不大于零"
                                      << "价格可用（提醒）"
-                                     << "! 提醒：公式的结果不大于零";
+                                     << "! 公式的结果不大于零";
         QTest::newRow("not a formula") << "昨收价*"
                                        << "没有可用的价格：公式不完整"
                                        << "价格可用（提醒）"
-                                       << "! 提醒：公式不完整";
+                                       << "! 公式不完整";
     }
 
     void theFormulaIsEvaluatedAtEachKey()
@@ -365,8 +364,8 @@ private Q_SLOTS:
         form.target = QStringLiteral("10050");
         form.perDay = QStringLiteral("550");
         openFilled(form);
-        QCOMPARE(rule(QStringLiteral("目标的零股（提醒）")), QStringLiteral("! 提醒：每手100，零头50股不会下达"));
-        QCOMPARE(rule(QStringLiteral("每日的零股（提醒）")), QStringLiteral("! 提醒：每手100，零头50股不会下达"));
+        QCOMPARE(rule(QStringLiteral("目标的零股（提醒）")), QStringLiteral("! 每手100，零头50股不会下达"));
+        QCOMPARE(rule(QStringLiteral("每日的零股（提醒）")), QStringLiteral("! 每手100，零头50股不会下达"));
         QCOMPARE(text("ruleSummary"), QStringLiteral("提醒3项"));
         QCOMPARE(send(), QStringLiteral("交易自动规划创建成功!"));
     }

@@ -102,7 +102,8 @@ QList<Look> textLooks()
             words("qproperty-%1Color").arg(words(mark)) });
     looks.append({ words("a shaded row of the advisor"), { rows }, { advisor }, words("color"),
         words("qproperty-shadedColor") });
-    for (const QString& window : { form, words("QDialog"), words("QMainWindow"), calendar, words("ComboSearchPopup") })
+    for (const QString& window :
+        { form, words("AdvisorPanel"), words("QDialog"), words("QMainWindow"), calendar, words("ComboSearchPopup") })
         looks.append({ words("text in ") + window, { any }, { window } });
     for (const char* const name :
         { "QLineEdit", "QAbstractSpinBox", "QComboBox", "OrloDateEdit", "QPlainTextEdit", "QTextEdit" }) {

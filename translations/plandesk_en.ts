@@ -2,6 +2,492 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="zh_CN">
 <context>
+    <name>Advisor</name>
+    <message>
+        <source>%1元</source>
+        <translation>%1 yuan</translation>
+    </message>
+    <message>
+        <source>%1股</source>
+        <translation>%1 shares</translation>
+    </message>
+    <message>
+        <source>期间%1个交易日</source>
+        <translation>%1 trade days in the period</translation>
+    </message>
+    <message>
+        <source>%1，不会完成：%2</source>
+        <translation>%1, not complete: %2</translation>
+    </message>
+    <message>
+        <source>%1，按现价不会成交</source>
+        <translation>%1, no fills at the present price</translation>
+    </message>
+    <message>
+        <source>%1，按现价只能部分成交，最后剩余%2</source>
+        <translation>%1, only partly filled at the present price, %2 left at the end</translation>
+    </message>
+    <message>
+        <source>休市</source>
+        <translation>closed</translation>
+    </message>
+    <message>
+        <source>之后的交易日未知</source>
+        <translation>later trade days are unknown</translation>
+    </message>
+    <message>
+        <source>%1（未核实）</source>
+        <translation>%1 (unverified)</translation>
+    </message>
+    <message>
+        <source>没有目标</source>
+        <translation>No target</translation>
+    </message>
+    <message>
+        <source>目标已经完成</source>
+        <translation>The target is complete</translation>
+    </message>
+    <message>
+        <source>预计%1完成，需%2个交易日</source>
+        <translation>Complete on %1, after %2 trade days</translation>
+    </message>
+    <message>
+        <source>需%1个以上交易日，期间仅%2个</source>
+        <translation>Needs more than %1 trade days, the period has only %2</translation>
+    </message>
+    <message>
+        <source>需%1个交易日，期间仅%2个</source>
+        <translation>Needs %1 trade days, the period has only %2</translation>
+    </message>
+    <message>
+        <source>每日最多%1，即目标的%2%；总股本未知，未核对连续90天减持不超过总股本1%</source>
+        <translation>At most %1 a day, %2% of the target. The share capital is unknown, so its 1% limit within 90 days is not checked</translation>
+    </message>
+    <message>
+        <source>日期</source>
+        <translation>Date</translation>
+    </message>
+    <message>
+        <source>下达</source>
+        <translation>Issued</translation>
+    </message>
+    <message>
+        <source>金额（元）</source>
+        <translation>Yuan</translation>
+    </message>
+    <message>
+        <source>剩余</source>
+        <translation>Left</translation>
+    </message>
+    <message>
+        <source>必填</source>
+        <translation>required</translation>
+    </message>
+    <message>
+        <source>客户%1尚未签署</source>
+        <translation>client %1 has not signed</translation>
+    </message>
+    <message>
+        <source>应为%1的正整数倍</source>
+        <translation>should be a positive multiple of %1</translation>
+    </message>
+    <message>
+        <source>含有特殊字符%1</source>
+        <translation>contains the special character %1</translation>
+    </message>
+    <message>
+        <source>算法的交易账号与计划不一致</source>
+        <translation>the algorithm&apos;s account differs from the plan&apos;s</translation>
+    </message>
+    <message>
+        <source>算法的交易方向与计划不一致</source>
+        <translation>the algorithm&apos;s side differs from the plan&apos;s</translation>
+    </message>
+    <message>
+        <source>该算法不支持不限价</source>
+        <translation>the algorithm needs a price limit</translation>
+    </message>
+    <message>
+        <source>小于已成交和在下达的%1</source>
+        <translation>less than %1, which is filled or being issued</translation>
+    </message>
+    <message>
+        <source>计划已开始，开始日期应为%1</source>
+        <translation>the plan has begun, its first day should be %1</translation>
+    </message>
+    <message>
+        <source>结束日期早于今日</source>
+        <translation>the last day is before today</translation>
+    </message>
+    <message>
+        <source>不是%1的整数倍</source>
+        <translation>not a multiple of %1</translation>
+    </message>
+    <message>
+        <source>可卖只有%1</source>
+        <translation>only %1 can be sold</translation>
+    </message>
+    <message>
+        <source>风险揭示</source>
+        <translation>Risk disclosure</translation>
+    </message>
+    <message>
+        <source>账户</source>
+        <translation>Account</translation>
+    </message>
+    <message>
+        <source>指令类型</source>
+        <translation>Instruction type</translation>
+    </message>
+    <message>
+        <source>证券代码</source>
+        <translation>Security</translation>
+    </message>
+    <message>
+        <source>目标总量</source>
+        <translation>Target</translation>
+    </message>
+    <message>
+        <source>目标的倍数</source>
+        <translation>Multiple of the target</translation>
+    </message>
+    <message>
+        <source>每日计划量</source>
+        <translation>Daily quantity</translation>
+    </message>
+    <message>
+        <source>每日的倍数</source>
+        <translation>Multiple of the day</translation>
+    </message>
+    <message>
+        <source>减持占比</source>
+        <translation>Ratio</translation>
+    </message>
+    <message>
+        <source>价格</source>
+        <translation>Price</translation>
+    </message>
+    <message>
+        <source>价格的字符</source>
+        <translation>Characters of the price</translation>
+    </message>
+    <message>
+        <source>价格2</source>
+        <translation>Price 2</translation>
+    </message>
+    <message>
+        <source>价格2的字符</source>
+        <translation>Characters of price 2</translation>
+    </message>
+    <message>
+        <source>执行人</source>
+        <translation>Executor</translation>
+    </message>
+    <message>
+        <source>下单模式</source>
+        <translation>Mode</translation>
+    </message>
+    <message>
+        <source>算法参数</source>
+        <translation>Algorithm</translation>
+    </message>
+    <message>
+        <source>算法与计划</source>
+        <translation>Algorithm and plan</translation>
+    </message>
+    <message>
+        <source>算法与价格</source>
+        <translation>Algorithm and price</translation>
+    </message>
+    <message>
+        <source>目标与已用</source>
+        <translation>Target and used</translation>
+    </message>
+    <message>
+        <source>已开始的计划</source>
+        <translation>Plan that has begun</translation>
+    </message>
+    <message>
+        <source>目标的每手</source>
+        <translation>Step of the target</translation>
+    </message>
+    <message>
+        <source>每日的每手</source>
+        <translation>Step of the day</translation>
+    </message>
+    <message>
+        <source>持仓可用</source>
+        <translation>Holdings</translation>
+    </message>
+    <message>
+        <source>证券状态</source>
+        <translation>State of the security</translation>
+    </message>
+    <message>
+        <source>没有可用的价格：%1</source>
+        <translation>No usable price: %1</translation>
+    </message>
+    <message>
+        <source>不限价，以下按昨收价%1估算</source>
+        <translation>No limit; estimated with the last close %1</translation>
+    </message>
+    <message>
+        <source>结果%1，%2</source>
+        <translation>Result %1, %2</translation>
+    </message>
+    <message>
+        <source>结果%1，不在最小价位上，按%2</source>
+        <translation>Result %1, between two ticks, taken as %2</translation>
+    </message>
+    <message>
+        <source>结果%1</source>
+        <translation>Result %1</translation>
+    </message>
+    <message>
+        <source>高于涨停价，按%1</source>
+        <translation>above the upper limit, taken as %1</translation>
+    </message>
+    <message>
+        <source>低于跌停价，按%1</source>
+        <translation>below the lower limit, taken as %1</translation>
+    </message>
+    <message>
+        <source>没有</source>
+        <translation>none</translation>
+    </message>
+    <message>
+        <source>名称</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>数值</source>
+        <translation>Value</translation>
+    </message>
+    <message>
+        <source>未通过</source>
+        <translation>failed</translation>
+    </message>
+    <message>
+        <source>将询问</source>
+        <translation>will be asked</translation>
+    </message>
+    <message>
+        <source>提醒</source>
+        <translation>warning</translation>
+    </message>
+    <message>
+        <source>正在读取……</source>
+        <translation>reading...</translation>
+    </message>
+    <message>
+        <source>通过</source>
+        <translation>passed</translation>
+    </message>
+    <message>
+        <source>不适用</source>
+        <translation>not applicable</translation>
+    </message>
+    <message>
+        <source>%1：%2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1（提醒）</source>
+        <translation>%1 (warning)</translation>
+    </message>
+    <message>
+        <source>计划服务</source>
+        <translation>Plan service</translation>
+    </message>
+    <message>
+        <source>%1%2项</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>没有发现问题</source>
+        <translation>No problems found</translation>
+    </message>
+    <message>
+        <source>，</source>
+        <translation>, </translation>
+    </message>
+    <message>
+        <source>结果</source>
+        <translation>Result</translation>
+    </message>
+    <message>
+        <source>检查</source>
+        <translation>Check</translation>
+    </message>
+    <message>
+        <source>说明</source>
+        <translation>Explanation</translation>
+    </message>
+    <message>
+        <source>没有收盘价</source>
+        <translation>no closing price</translation>
+    </message>
+    <message>
+        <source>%1（%2）</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>不设涨跌停</source>
+        <translation>no price limits</translation>
+    </message>
+    <message>
+        <source>买入</source>
+        <translation>buy</translation>
+    </message>
+    <message>
+        <source>卖出</source>
+        <translation>sell</translation>
+    </message>
+    <message>
+        <source>%1，%2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>方向相反：%1</source>
+        <translation>opposite: %1</translation>
+    </message>
+    <message>
+        <source>其他计划</source>
+        <translation>Other plans</translation>
+    </message>
+    <message>
+        <source>无</source>
+        <translation>none</translation>
+    </message>
+    <message>
+        <source>证券</source>
+        <translation>Security</translation>
+    </message>
+    <message>
+        <source>尚未选择</source>
+        <translation>not chosen</translation>
+    </message>
+    <message>
+        <source>每手</source>
+        <translation>Lot</translation>
+    </message>
+    <message>
+        <source>读取失败</source>
+        <translation>Not read</translation>
+    </message>
+    <message>
+        <source>昨收价</source>
+        <translation>Last close</translation>
+    </message>
+    <message>
+        <source>涨停 / 跌停</source>
+        <translation>Limits</translation>
+    </message>
+    <message>
+        <source>可卖数量</source>
+        <translation>To sell</translation>
+    </message>
+    <message>
+        <source>每手%1，零头%2不会下达</source>
+        <translation>the lot is %1, %2 will not be issued</translation>
+    </message>
+    <message>
+        <source>不在最小价位上，按%1</source>
+        <translation>between two ticks, taken as %1</translation>
+    </message>
+    <message>
+        <source>约%1元，是该账户通常%2元的%3倍</source>
+        <translation>about %1 yuan, %3 times the usual %2 yuan of the account</translation>
+    </message>
+    <message>
+        <source>同一证券有反向计划%1</source>
+        <translation>plans in the other direction on this security: %1</translation>
+    </message>
+    <message>
+        <source>与其他计划共卖%1，可卖只有%2</source>
+        <translation>with other plans %1 would be sold, only %2 can be</translation>
+    </message>
+    <message>
+        <source>目标的零股</source>
+        <translation>Odd lot of the target</translation>
+    </message>
+    <message>
+        <source>每日的零股</source>
+        <translation>Odd lot of the day</translation>
+    </message>
+    <message>
+        <source>价格可用</source>
+        <translation>Usable price</translation>
+    </message>
+    <message>
+        <source>最小价位</source>
+        <translation>Tick</translation>
+    </message>
+    <message>
+        <source>涨跌停</source>
+        <translation>Price limits</translation>
+    </message>
+    <message>
+        <source>通常规模</source>
+        <translation>Usual size</translation>
+    </message>
+    <message>
+        <source>反向计划</source>
+        <translation>Opposite plan</translation>
+    </message>
+    <message>
+        <source>合计持仓</source>
+        <translation>Holdings for all plans</translation>
+    </message>
+    <message>
+        <source>按期完成</source>
+        <translation>Complete in time</translation>
+    </message>
+</context>
+<context>
+    <name>AdvisorPanel</name>
+    <message>
+        <source>顾问</source>
+        <translation>Advisor</translation>
+    </message>
+    <message>
+        <source>证券</source>
+        <translation>Security</translation>
+    </message>
+    <message>
+        <source>项目</source>
+        <translation>Item</translation>
+    </message>
+    <message>
+        <source>内容</source>
+        <translation>Contents</translation>
+    </message>
+    <message>
+        <source>价格</source>
+        <translation>Price</translation>
+    </message>
+    <message>
+        <source>点击插入价格公式</source>
+        <translation>Click to insert into the price formula</translation>
+    </message>
+    <message>
+        <source>公式中可用的名称</source>
+        <translation>Names for formulas</translation>
+    </message>
+    <message>
+        <source>检查</source>
+        <translation>Checks</translation>
+    </message>
+    <message>
+        <source>每日计划</source>
+        <translation>Day by day</translation>
+    </message>
+    <message>
+        <source>每日下达和剩余</source>
+        <translation>Issued and left on each day</translation>
+    </message>
+</context>
+<context>
     <name>CalendarPopup</name>
     <message>
         <source>上个月</source>
@@ -208,6 +694,18 @@
     <message>
         <source>您正在修改第%1版，%2已于%3保存了第%4版。</source>
         <translation>You are editing version %1; %2 saved version %4 at %3.</translation>
+    </message>
+    <message>
+        <source>隐藏顾问</source>
+        <translation>Hide the advisor</translation>
+    </message>
+    <message>
+        <source>显示顾问</source>
+        <translation>Show the advisor</translation>
+    </message>
+    <message>
+        <source>%1（F7）</source>
+        <translation>%1 (F7)</translation>
     </message>
 </context>
 <context>
@@ -467,6 +965,49 @@
     <message>
         <source>最多输入%1个字符</source>
         <translation>At most %1 characters</translation>
+    </message>
+</context>
+<context>
+    <name>SecurityChooser</name>
+    <message>
+        <source>代码</source>
+        <translation>Code</translation>
+    </message>
+    <message>
+        <source>名称</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>持仓</source>
+        <translation>Held</translation>
+    </message>
+    <message>
+        <source>选择证券</source>
+        <translation>Choose a security</translation>
+    </message>
+    <message>
+        <source>代码、名称或拼音首字母</source>
+        <translation>Code, name or pinyin initials</translation>
+    </message>
+    <message>
+        <source>匹配的证券</source>
+        <translation>Matching securities</translation>
+    </message>
+    <message>
+        <source>持仓读取失败：%1</source>
+        <translation>Holdings not read: %1</translation>
+    </message>
+    <message>
+        <source>请先选择账户和指令类型</source>
+        <translation>Choose an account and an instruction type first</translation>
+    </message>
+    <message>
+        <source>证券列表正在准备，请稍候</source>
+        <translation>The list of securities is being prepared, please wait</translation>
+    </message>
+    <message>
+        <source>没有匹配的证券</source>
+        <translation>No security matches</translation>
     </message>
 </context>
 <context>

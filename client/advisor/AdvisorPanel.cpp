@@ -63,6 +63,7 @@ AdvisorPanel::AdvisorPanel(QWidget* parent)
 {
     setObjectName(QStringLiteral("advisor"));
     setAccessibleName(tr("顾问"));
+    setAttribute(Qt::WA_StyledBackground);
     auto* const sections = new QVBoxLayout(this);
     sections->setContentsMargins(Margin, Margin, Margin, Margin);
     sections->setSpacing(Spacing);

@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr int UsualHeight = 64;
+constexpr int UsualHeight = 56;
 constexpr double Gap = 0.2; // between bars, in widths of a day
 
 bool isUncertain(const ForecastDay& day)

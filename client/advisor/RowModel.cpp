@@ -1,5 +1,7 @@
 #include "RowModel.h"
 
+#include "PlainText.h"
+
 #include <QBrush>
 
 using Mark = AdvisorRow::Mark;
@@ -48,8 +50,10 @@ QVariant RowModel::data(const QModelIndex& index, int role) const
 {
     const AdvisorRow& row = m_rows.at(index.row());
     const bool isShaded = row.mark == Mark::Shaded;
-    if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
+    if (role == Qt::DisplayRole)
         return row.cells.value(index.column());
+    if (role == Qt::ToolTipRole)
+        return PlainText::toolTip(row.cells.value(index.column()));
     if (role == Qt::TextAlignmentRole && m_columns.at(index.column()).isNumber)
         return int(Qt::AlignRight | Qt::AlignVCenter);
     if (role == Qt::BackgroundRole && isShaded && color(row.mark).isValid())

@@ -7,8 +7,7 @@
 
 namespace {
 
-constexpr int UsualRows = 6;
-constexpr int LeastRows = 2;
+constexpr int LeastRows = 3;
 constexpr int MostRows = 9;
 constexpr int RowPadding = 4;
 
@@ -27,7 +26,7 @@ RowView::RowView(const QString& name, const AdvisorColumns& columns, int options
     setAllColumnsShowFocus(true);
     setTabKeyNavigation(false);
     setHeaderHidden(!(options & ShowsHeadings));
-    setSizePolicy(QSizePolicy::Ignored, m_fitsRows ? QSizePolicy::Maximum : QSizePolicy::Expanding);
+    setSizePolicy(QSizePolicy::Ignored, m_fitsRows ? QSizePolicy::Fixed : QSizePolicy::Expanding);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     header()->setMinimumSectionSize(1);
     header()->setStretchLastSection(false);
@@ -82,11 +81,11 @@ int RowView::heightOf(int rows) const
 
 QSize RowView::sizeHint() const
 {
-    const int rows = m_fitsRows ? qBound(LeastRows, m_model->rowCount(), MostRows) : UsualRows;
+    const int rows = m_fitsRows ? qBound(LeastRows, m_model->rowCount(), MostRows) : LeastRows;
     return { QTreeView::sizeHint().width(), heightOf(rows) };
 }
 
 QSize RowView::minimumSizeHint() const
 {
-    return { 0, heightOf(LeastRows) };
+    return { 0, m_fitsRows ? sizeHint().height() : heightOf(LeastRows) };
 }

@@ -95,7 +95,10 @@ Mark markOf(Verdict::Kind kind)
 AdvisorRow rowOf(const AdvisedRule& rule)
 {
     const QString kind = kindText(rule.verdict.kind);
-    const QString text = rule.verdict.text.isEmpty() ? kind : Advisor::tr("%1：%2").arg(kind, rule.verdict.text);
+    QString text = rule.verdict.text.isEmpty() ? kind : Advisor::tr("%1：%2").arg(kind, rule.verdict.text);
+    // The caption of a soft rule has the word already.
+    if (rule.verdict.kind == Verdict::Doubtful)
+        text = rule.verdict.text;
     const QString caption = rule.isSoft ? Advisor::tr("%1（提醒）").arg(rule.caption) : rule.caption;
     return { { markText(rule.verdict.kind), caption, text }, markOf(rule.verdict.kind), rule.field };
 }

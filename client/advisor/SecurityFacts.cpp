@@ -44,7 +44,7 @@ AdvisorRow planRow(const AdvisedPlan& plan, const StoredPlan& other)
         other.record.value(BaseField::beginDate).toString(), other.record.value(BaseField::endDate).toString());
     const bool isOpposite = SecurityFacts::isOpposite(plan, other);
     const QString text = Advisor::tr("%1，%2").arg(sideText(other), period);
-    return { { other.id, isOpposite ? Advisor::tr("%1，方向相反").arg(text) : text },
+    return { { other.id, isOpposite ? Advisor::tr("方向相反：%1").arg(text) : text },
         isOpposite ? Mark::Doubtful : Mark::Plain, QString() };
 }
 

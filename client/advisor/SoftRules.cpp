@@ -102,7 +102,7 @@ Verdict sizeIsUsual(const AdvisedPlan& plan)
     std::nth_element(values.begin(), middle, values.end());
     const double yuan = TickPrice::toYuan(plan.price->reference, plan.security->pricePrecision);
     const double value = plan.terms->isAmount ? plan.terms->share.total : plan.terms->share.total * yuan;
-    if (value <= Unusual * *middle)
+    if (value <= Unusual * *middle + Tolerance)
         return passed();
     return doubtful(Advisor::tr("约%1元，是该账户通常%2元的%3倍")
                         .arg(Advisor::number(value), Advisor::number(*middle), Advisor::number(value / *middle)));

@@ -66,7 +66,8 @@ EditorDialog::EditorDialog(QWidget* parent)
     , m_noticeText(PlainText::newLabel(QString(), m_notice))
     , m_area(new QScrollArea(this))
     , m_advisorToggle(new QToolButton(this))
-    , m_advisor(new AdvisorPanel(this))
+    , m_advisorArea(new QScrollArea(this))
+    , m_advisor(new AdvisorPanel(m_advisorArea))
 {
     setObjectName(QStringLiteral("planEditor"));
     setWindowModality(Qt::WindowModal);
@@ -82,7 +83,7 @@ EditorDialog::EditorDialog(QWidget* parent)
     halves->setSpacing(0);
     halves->addWidget(m_area, 1);
     halves->addWidget(m_advisorToggle);
-    halves->addWidget(m_advisor);
+    halves->addWidget(m_advisorArea);
     room->addLayout(halves, 1);
     buildNotice();
     buildAdvisor();
@@ -212,14 +213,20 @@ void EditorDialog::buildAdvisor()
     connect(choose, &QShortcut::activated, m_advisor, &AdvisorPanel::chooseSecurity);
     auto* const next = new QShortcut(QKeySequence(Qt::Key_F6), this);
     connect(next, &QShortcut::activated, this, &EditorDialog::focusAdvisor);
-    connect(m_advisorToggle, &QToolButton::clicked, this, [this] { showAdvisor(m_advisor->isHidden()); });
+    connect(m_advisorToggle, &QToolButton::clicked, this, [this] { showAdvisor(m_advisorArea->isHidden()); });
+    m_advisorArea->setWidget(m_advisor);
+    m_advisorArea->setWidgetResizable(true);
+    m_advisorArea->setFrameShape(QFrame::NoFrame);
+    m_advisorArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_advisorArea->setFocusPolicy(Qt::NoFocus);
+    m_advisorArea->setMinimumWidth(m_advisor->minimumSizeHint().width());
     showAdvisor(settings().value(AdvisorIsShown, true).toBool());
 }
 
 void EditorDialog::showAdvisor(bool shows)
 {
     const int before = advisorWidth();
-    m_advisor->setVisible(shows);
+    m_advisorArea->setVisible(shows);
     m_advisorToggle->setArrowType(shows ? Qt::RightArrow : Qt::LeftArrow);
     const QString action = shows ? tr("隐藏顾问") : tr("显示顾问");
     m_advisorToggle->setAccessibleName(action);
@@ -236,7 +243,7 @@ void EditorDialog::focusAdvisor()
     QWidget* const focused = focusWidget();
     if (focused && m_editor->isAncestorOf(focused))
         m_lastField = focused;
-    if (!m_advisor->isHidden() && m_advisor->focusNext())
+    if (!m_advisorArea->isHidden() && m_advisor->focusNext())
         return;
     QWidget* const field = m_lastField ? m_lastField.data() : firstField(m_editor);
     field->setFocus(Qt::ShortcutFocusReason);
@@ -244,7 +251,7 @@ void EditorDialog::focusAdvisor()
 
 int EditorDialog::advisorWidth() const
 {
-    return m_advisor->isHidden() ? 0 : m_advisor->sizeHint().width();
+    return m_advisorArea->isHidden() ? 0 : m_advisor->sizeHint().width();
 }
 
 // The form's own order has the dates at the end; they are below the executing user.
@@ -279,8 +286,8 @@ void EditorDialog::fit()
     const int bar = wanted.height() > room.height() ? m_area->verticalScrollBar()->sizeHint().width() : 0;
     m_editor->setMinimumSize(wanted);
     // On a narrow screen there is no room for both.
-    if (room.width() < wanted.width() + bar + ToggleWidth + m_advisor->minimumSizeHint().width())
-        m_advisor->hide();
+    if (room.width() < wanted.width() + bar + ToggleWidth + m_advisorArea->minimumWidth())
+        m_advisorArea->hide();
     m_area->setMinimumWidth(qMin(room.width() - ToggleWidth, wanted.width() + bar));
     const int beside = bar + ToggleWidth + advisorWidth();
     resize((wanted + QSize(beside, notice)).boundedTo(room).expandedTo(isVisible() ? size() : QSize()));

@@ -78,6 +78,7 @@ private:
     QLabel* m_noticeText;
     QScrollArea* m_area;
     QToolButton* m_advisorToggle;
+    QScrollArea* m_advisorArea;
     AdvisorPanel* m_advisor;
     QPointer<QWidget> m_lastField; ///< had the focus before the advisor
     AutoParamSetting* m_editor = nullptr;
