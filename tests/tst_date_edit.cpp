@@ -178,6 +178,13 @@ private Q_SLOTS:
     {
         type("le_end", QStringLiteral("12-5"));
         QCOMPARE(hint("le_end"), QStringLiteral("= 2025-12-05 周五"));
+        type("le_end", QStringLiteral("11-29"));
+        QCOMPARE(hint("le_end"), QStringLiteral("2025-11-29不是交易日，不能选择"));
+        QVERIFY(!isMarked("le_end"));
+        type("le_end", QStringLiteral("11-3"));
+        QCOMPARE(hint("le_end").left(10), QStringLiteral("2026-11-03"));
+        type("le_end", QStringLiteral("2025-1"));
+        QCOMPARE(hint("le_end"), QString());
         type("le_end", QStringLiteral("2025-12-05"));
         QCOMPARE(hint("le_end"), QString());
     }

@@ -24,6 +24,12 @@ QString inWords(const QDate& date)
     return dateText(date) + QLatin1Char(' ') + days.at(date.dayOfWeek() - 1);
 }
 
+/// Whether a text names a day that cannot be chosen. Other texts may be unfinished.
+bool isAboutADay(const Status& status)
+{
+    return !status && status.error() != Error::DateMalformed && status.error() != Error::NoSuchDate;
+}
+
 } // namespace
 
 DateField::DateField(const QString& objectName, const QString& title, QWidget* parent)
@@ -137,6 +143,8 @@ void DateField::readTyped()
     m_refusal = Status();
     updateMark();
     FieldMark::refuseInput(m_edit, errorText(day.status()));
+    if (isAboutADay(day.status()))
+        FieldHint::showAt(this, errorText(day.status()), FieldHint::UntilHidden);
     if (m_date.isValid() && m_edit->text() != dateText(m_date))
         FieldHint::showAt(this, QStringLiteral("= ") + inWords(m_date), FieldHint::UntilHidden);
 }
