@@ -9,6 +9,8 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTranslator>
 #include <QtTest>
@@ -227,7 +229,10 @@ private Q_SLOTS:
         PlanForm form = ordinary();
         form.symbol.clear();
         driver.fill(form);
-        dialog().resize(dialog().width(), 300);
+        dialog().setMaximumHeight(300);
+        auto* const area = qobject_cast<QScrollArea*>(dialogEditor()->parentWidget()->parentWidget());
+        area->verticalScrollBar()->setValue(area->verticalScrollBar()->maximum());
+        QVERIFY(formField("le_symbol")->visibleRegion().isEmpty());
         QVERIFY(!send("msgBoxWarning").isEmpty());
         const QWidget* const symbol = formField("le_symbol");
         QCOMPARE(symbol->visibleRegion().boundingRect(), symbol->rect());
