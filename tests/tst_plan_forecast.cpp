@@ -97,7 +97,9 @@ QStringList foretold(const PlanForecast& forecast)
 /// The forecast of a plan on the day before its first instruction.
 PlanForecast forecastOf(const Record& record, const QDate& first, const QDate& last)
 {
-    const auto sellable = [&record] { return PlanFacts::sellable(ClientSession::instance(), record, share()); };
+    const auto sellable = [&record] {
+        return PlanFacts::sellable(ClientSession::instance().database(), record, share());
+    };
     const Result<OrderTerms> terms = orderTerms(record, share(), sellable);
     const Result<DayPrice> price = dayPrice(record, share(), closes());
     if (!terms || !price)

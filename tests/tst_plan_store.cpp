@@ -213,8 +213,8 @@ private Q_SLOTS:
                                             " FROM instructions"))
                      ->toString(),
             QStringLiteral("70 3 1000 7000 5"));
-        QCOMPARE(instructions.used({ plan })->value(plan).quantity, 1000.0);
-        QCOMPARE(instructions.used({ plan })->value(plan).yuan, 70.0);
+        QCOMPARE(instructions.used({ plan }, QDate(2024, 5, 6))->value(plan).quantity, 1000.0);
+        QCOMPARE(instructions.used({ plan }, QDate(2024, 5, 6))->value(plan).yuan, 70.0);
     }
 
     void anInstructionThatWouldComeBackChangedIsRefused_data()

@@ -56,7 +56,13 @@ void useMarketTime()
 
 QDate clientToday()
 {
-    return marketDay(chosenTime().isValid() ? chosenTime() : QDateTime::currentDateTimeUtc());
+    return clientNow().date();
+}
+
+QDateTime clientNow()
+{
+    const QDateTime now = chosenTime().isValid() ? chosenTime() : QDateTime::currentDateTimeUtc();
+    return now.toOffsetFromUtc(MarketOffset);
 }
 
 void setClientTime(const QDateTime& now)

@@ -15,6 +15,8 @@ void useMarketTime();
 
 /// Today for the client: the market's day, whatever the machine's time zone, unless another time was set.
 QDate clientToday();
+/// Now for the client, in the market's time.
+QDateTime clientNow();
 /// Sets the client's clock; an invalid time restores the system's.
 void setClientTime(const QDateTime& now);
 /// Sets the client's clock to noon of a market's day; an invalid date restores the system's.

@@ -8,7 +8,9 @@
 #include "PlanLimits.h"
 #include "PlanTexts.h"
 #include "TickPrice.h"
+#include "VorMarginTradeType.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace BaseField = AutoPlanField::BaseField;
@@ -49,6 +51,28 @@ Status readQuantities(const PlanStore::Record& record, const Fields& other, int 
     return held.status();
 }
 
+// A margin sale sells what is borrowed.
+bool needsHoldings(const OrderTerms& terms, const Fields& other)
+{
+    const QString type = other.value(FieldId::MarginSide).toString();
+    return !terms.isBuy && type != QString::number(static_cast<int>(VorMarginTradeType::MarginSell));
+}
+
+double leftOf(const PlanShare& share)
+{
+    return std::max(0.0, share.total - share.used);
+}
+
+qint64 wantedQuantity(const OrderTerms& terms, double yuan, int lot)
+{
+    return terms.isAmount ? lotsWithin(dayShare(terms.share) / yuan, lot) : dayQuantity(terms.share, lot);
+}
+
+double yuanOf(const DayPrice& price, const Security& security)
+{
+    return TickPrice::toYuan(price.limit.value_or(price.reference), security.pricePrecision);
+}
+
 double amountOf(qint64 quantity, qint64 ticks, int precision)
 {
     constexpr double FenPerYuan = 100;
@@ -67,7 +91,18 @@ Result<OrderTerms> orderTerms(
     terms.share.planType = record.value(Orlo_Fields::AutoPlan::templateCode).toString();
     const Status status = terms.isAmount ? readAmounts(other, terms.share)
                                          : readQuantities(record, other, security.displayFactor, sellable, terms.share);
-    return status ? Result<OrderTerms>(terms) : status;
+    if (!status || !needsHoldings(terms, other))
+        return status ? Result<OrderTerms>(terms) : status;
+    const Result<double> held = sellable();
+    terms.sellable = held.valueOr(0);
+    return held ? Result<OrderTerms>(terms) : held.status();
+}
+
+bool isUsedUp(const OrderTerms& terms, const DayPrice& price, const Security& security)
+{
+    const double left = leftOf(terms.share);
+    const double quantity = terms.isAmount ? left / yuanOf(price, security) : left;
+    return lotsWithin(quantity, security.quantityStep) == 0;
 }
 
 Result<DayOrder> dayOrder(
@@ -76,12 +111,15 @@ Result<DayOrder> dayOrder(
     const int lot = security.quantityStep;
     const int precision = security.pricePrecision;
     const qint64 ticks = price.limit.value_or(price.reference);
-    const double yuan = TickPrice::toYuan(ticks, precision);
+    const double yuan = yuanOf(price, security);
+    const qint64 wanted = wantedQuantity(terms, yuan, lot);
+    if (wanted <= 0)
+        return isUsedUp(terms, price, security) ? Error::NothingLeft : Error::LessThanOneLot;
     DayOrder order;
     order.price = price;
-    order.quantity = terms.isAmount ? lotsWithin(dayShare(terms.share) / yuan, lot) : dayQuantity(terms.share, lot);
+    order.quantity = std::isinf(terms.sellable) ? wanted : std::min(wanted, lotsWithin(terms.sellable, lot));
     if (order.quantity <= 0)
-        return Error::LessThanOneLot;
+        return Error::NothingToSell;
     if (Status refused = PlanLimits::priceError(limits, price, security); !refused)
         return refused;
     const auto quantity = static_cast<double>(order.quantity);

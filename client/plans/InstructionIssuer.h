@@ -1,33 +1,22 @@
 #pragma once
 
-#include "Status.h"
+#include "DayIssue.h"
 
-#include <QDate>
-#include <QStringList>
-#include <QVector>
+class ClientSession;
 
-/// The result of issuing a day.
-struct IssueResult {
-    /// Ids of the new instructions.
-    QStringList issued;
-    /// Plans that already had an instruction of the day.
-    QStringList alreadyIssued;
-
-    struct Skipped {
-        QString planId;
-        Status reason;
-    };
-    /// Plans of the day's period that got no instruction, and why.
-    QVector<Skipped> skipped;
-};
-
-/// Creates the instructions of a trade day, one for every plan with the day in its period, and simulates their fills.
-///
-/// A quantity plan issues whole lots, an amount plan the whole lots that its amount of the day buys, both at most the
-/// daily maximum and the rest of the plan. First ends open instructions of earlier days, which give back their unfilled
-/// part. The day is one transaction; issuing it again has no effect. `PlanEvents` reports each changed plan.
+/// Issues a day within the session, which must be open.
 class InstructionIssuer {
 public:
-    /// Fails if nothing was issued at all.
+    /// What the issue of a day is based on, with another connection to the session's database if it runs on another
+    /// thread. The session must stay open meanwhile.
+    static IssueScene scene(Database& database, const QDate& day);
+
+    /// Issues all plans of a day. Fails if nothing was issued at all; a result that has a failure is incomplete.
     static Result<IssueResult> issueDay(const QDate& day);
+    /// Notes what was issued: looks up what may be stored all the same, and lets `PlanEvents` report each issued plan.
+    static void finish(IssueResult& result);
+
+    /// Why instructions of a day cannot be issued now, but only simulated; success if they can. Whether a market is
+    /// open is checked for each plan.
+    static Status liveError(const QDate& day);
 };

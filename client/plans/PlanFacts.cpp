@@ -21,10 +21,10 @@ QVector<qint64> PlanFacts::closesBefore(
     return closes.ticks;
 }
 
-Result<double> PlanFacts::sellable(ClientSession& session, const PlanStore::Record& record, const Security& security)
+Result<double> PlanFacts::sellable(Database& database, const PlanStore::Record& record, const Security& security)
 {
     qint64 quantity = 0;
-    ValueReader reader(session.database());
+    ValueReader reader(database);
     addTo(reader, record, security, quantity);
     const Status status = reader.read();
     return status ? Result<double>(static_cast<double>(quantity * security.displayFactor)) : status;

@@ -1,7 +1,9 @@
 #pragma once
 
-#include "ClientSession.h"
+#include "InstructionStore.h"
+#include "PlanStore.h"
 #include "SecurityStore.h"
+#include "TradeCalendar.h"
 
 /// Stored data from which the share, the price and the limits of a plan follow.
 namespace PlanFacts {
@@ -11,7 +13,7 @@ namespace PlanFacts {
 QVector<qint64> closesBefore(
     CloseHistory closes, const TradeCalendar& calendar, const Security& security, const QDate& day);
 /// What can be sold of the plan's security from its account, in displayed units.
-Result<double> sellable(ClientSession& session, const PlanStore::Record& record, const Security& security);
+Result<double> sellable(Database& database, const PlanStore::Record& record, const Security& security);
 /// Adds the same to what is read, in stored units.
 void addTo(ValueReader& reader, const PlanStore::Record& record, const Security& security, qint64& tradeableQuantity);
 /// The part of a plan's use that its target limits: the amount of an amount order in yuan, otherwise the quantity in

@@ -9,17 +9,17 @@
 namespace {
 
 /// As floating-point numbers, which large sums do not overflow.
-QString usedSum(const QString& unit)
+QString usedSum(const QString& unit, const QString& isEnded)
 {
-    return QStringLiteral("coalesce(sum(CAST(CASE ended WHEN 1 THEN filled_%1 ELSE issued_%1 END"
-                          " AS DOUBLE PRECISION)), 0)")
-        .arg(unit);
+    return QStringLiteral("coalesce(sum(CAST(CASE WHEN %2 THEN filled_%1 ELSE issued_%1 END AS DOUBLE PRECISION)), 0)")
+        .arg(unit, isEnded);
 }
 
 /// The expressions of a plan's use, over its instructions.
 const QStringList& sums()
 {
-    static const QStringList all{ usedSum(QStringLiteral("quantity")), usedSum(QStringLiteral("fen")),
+    static const QString isEnded = QStringLiteral("ended = 1");
+    static const QStringList all{ usedSum(QStringLiteral("quantity"), isEnded), usedSum(QStringLiteral("fen"), isEnded),
         QStringLiteral("min(CASE WHEN ended IS DISTINCT FROM 1 THEN day END)") };
     return all;
 }
@@ -163,13 +163,18 @@ Result<QMap<QString, InstructionStore::Fields>> InstructionStore::ofDay(const QS
     return read(planId, QStringLiteral(" AND day = ?"), { day.toString(Qt::ISODate) });
 }
 
-Result<QHash<QString, PlanUse>> InstructionStore::used(const QStringList& planIds)
+Result<QHash<QString, PlanUse>> InstructionStore::used(const QStringList& planIds, const QDate& day)
 {
     QHash<QString, PlanUse> uses;
     const SqlQuery among = PlanScope::among(planIds);
-    Status status = m_database.read(QStringLiteral("SELECT %1, plan FROM instructions WHERE plan IN %2 GROUP BY plan")
-                                        .arg(sums().join(QStringLiteral(", ")), among.text),
-        among.values, [&uses](const QSqlQuery& row) {
+    const QString isEnded = QStringLiteral("ended = 1 OR day < ?");
+    const QString statement =
+        QStringLiteral("SELECT %1, %2, min(CASE WHEN ended IS DISTINCT FROM 1 AND day < ?"
+                       " THEN day END), plan FROM instructions WHERE plan IN %3 GROUP BY plan")
+            .arg(usedSum(QStringLiteral("quantity"), isEnded), usedSum(QStringLiteral("fen"), isEnded), among.text);
+    const QString text = day.toString(Qt::ISODate);
+    Status status =
+        m_database.read(statement, QVariantList{ text, text, text } + among.values, [&uses](const QSqlQuery& row) {
             uses.insert(PlanId::fromNumber(row.value(sums().size()).toLongLong()), useOf(row, 0));
         });
     return status ? Result<QHash<QString, PlanUse>>(uses) : status;

@@ -52,8 +52,9 @@ public:
     /// Like `ofPlan`, for one day only.
     Result<QMap<QString, Fields>> ofDay(const QString& planId, const QDate& day);
 
-    /// By plan id. Plans without instructions and unknown ones are missing.
-    Result<QHash<QString, PlanUse>> used(const QStringList& planIds);
+    /// What plans use on a day, by plan id. Open instructions of the days before it, of which `openSince` tells, count
+    /// as ended. Plans without instructions and unknown ones are missing.
+    Result<QHash<QString, PlanUse>> used(const QStringList& planIds, const QDate& day);
     /// By plan id. Unknown plans are missing.
     Result<QHash<QString, PlanProgress>> progress(const QStringList& planIds);
     /// The reasons why a plan got no instruction on a day, by day.

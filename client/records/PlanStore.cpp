@@ -167,16 +167,28 @@ Result<int> PlanStore::newerThan(const QString& planId)
     return found ? Result<int>(found->toInt()) : found.status();
 }
 
-// The plus sign keeps SQLite from reading every plan in the order of the numbers instead of those that have not ended.
 Result<DayPlans> PlanStore::plansOfDay(const QDate& day)
+{
+    return plansOfDay(day, SqlQuery{ QStringLiteral("TRUE"), {} });
+}
+
+Result<DayPlans> PlanStore::plansOfDay(const QDate& day, const QStringList& planIds)
+{
+    const SqlQuery among = PlanScope::among(planIds);
+    return plansOfDay(day, SqlQuery{ QStringLiteral("number IN ") + among.text, among.values });
+}
+
+// The plus sign keeps SQLite from reading every plan in the order of the numbers instead of those that have not ended.
+Result<DayPlans> PlanStore::plansOfDay(const QDate& day, const SqlQuery& condition)
 {
     DayPlans plans;
     const QString text = day.toString(Qt::ISODate);
     const SqlQuery visible = m_scope.condition();
-    const QString due = QStringLiteral(" FROM plans WHERE begin_date <= ? AND end_date >= ? AND state = 'active'"
-                                       " AND (completed_day IS NULL OR completed_day = ?) AND %1 ORDER BY +number")
-                            .arg(visible.text);
-    const QVariantList values = QVariantList{ text, text, text } + visible.values;
+    const QString due =
+        QStringLiteral(" FROM plans WHERE begin_date <= ? AND end_date >= ? AND state = 'active'"
+                       " AND (completed_day IS NULL OR completed_day = ?) AND %1 AND %2 ORDER BY +number")
+            .arg(visible.text, condition.text);
+    const QVariantList values = QVariantList{ text, text, text } + visible.values + condition.values;
     if (Status status = m_database.lock(QStringLiteral("SELECT number") + due, values); !status)
         return status;
     Status status = m_database.read(

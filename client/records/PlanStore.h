@@ -63,11 +63,14 @@ public:
     Result<QVector<StoredPlan>> newestOf(const QString& tradingAccount, int limit);
     /// The active plans with the day in their period, oldest first. Within a transaction, they stay as they are.
     Result<DayPlans> plansOfDay(const QDate& day);
+    /// Those of them with these ids.
+    Result<DayPlans> plansOfDay(const QDate& day, const QStringList& planIds);
 
 private:
     Result<QVector<StoredPlan>> read(const SqlQuery& condition, bool locks = false);
     Result<QVector<StoredPlan>> newest(const SqlQuery& condition, int limit);
     SqlQuery isPlan(qint64 number) const;
+    Result<DayPlans> plansOfDay(const QDate& day, const SqlQuery& condition);
     Result<StoredPlan> planOfVersion(const QString& planId, int version);
     Status update(const StoredPlan& plan, const SqlQuery& assignment, const HistoryEntry& entry, const Change& change);
     Result<int> countAbove(qint64 number, int most = std::numeric_limits<int>::max());

@@ -165,6 +165,10 @@ enum class Error {
     NoCloses, ///< symbol
     PriceOutOfRange,
     LessThanOneLot,
+    NothingLeft,
+    NothingToSell,
+    OutsideTradeHours, ///< first, last time of the market's day
+    NotToday,          ///< the day, today
     // --- Conversion of bonds into shares
     NotACreditAccount,
     ConversionNotASale,

@@ -173,7 +173,11 @@ constexpr Sentence Sentences[] = {
     // --- The instructions of a day
     { Error::NoCloses, "证券“%1”没有收盘价" },
     { Error::PriceOutOfRange, "价格不足一个最小变动单位或过大" },
-    { Error::LessThanOneLot, "剩余数量或金额不足一手" },
+    { Error::LessThanOneLot, "当日的份额不足一手" },
+    { Error::NothingLeft, "计划已完成，剩余不足一手" },
+    { Error::NothingToSell, "可卖数量不足一手" },
+    { Error::OutsideTradeHours, "不在该市场的委托时间%1至%2内" },
+    { Error::NotToday, "%1不是今天（%2），只能模拟下达" },
     // --- Conversion of bonds into shares
     { Error::NotACreditAccount, "只有信用账户可以在信用交易中转股" },
     { Error::ConversionNotASale, "债券转股只能以卖出方向申报" },

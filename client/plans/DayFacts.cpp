@@ -1,0 +1,64 @@
+#include "DayFacts.h"
+
+#include "Kelvo_Fields.h"
+#include "PlanFacts.h"
+#include "PlanTexts.h"
+
+DayFacts::DayFacts(const IssueScene& scene)
+    : m_scene(scene)
+    , m_rights(scene.database, scene.day)
+{
+}
+
+Result<QVector<qint64>> DayFacts::closes(const Security& security)
+{
+    const auto known = m_closes.constFind(security.symbol);
+    if (known != m_closes.cend())
+        return *known;
+    const Result<CloseHistory> read = SecurityStore(m_scene.database).closes(security.symbol);
+    if (!read)
+        return read.status();
+    return m_closes.insert(security.symbol, PlanFacts::closesBefore(*read, m_scene.calendar, security, m_scene.day))
+        .value();
+}
+
+int DayFacts::daysUntil(const QString& exchange, const QString& lastDay)
+{
+    const auto known = m_days.constFind({ exchange, lastDay });
+    if (known != m_days.cend())
+        return *known;
+    const QDate last = PlanTexts::date(lastDay);
+    int days = 0;
+    for (QDate date = m_scene.day; date <= last; date = date.addDays(1)) {
+        const TradeCalendar::Day kind = m_scene.calendar.day(exchange, date);
+        if (kind == TradeCalendar::Day::Unknown)
+            break;
+        days += kind == TradeCalendar::Day::Trades ? 1 : 0;
+    }
+    m_days.insert({ exchange, lastDay }, days);
+    return days;
+}
+
+Result<double> DayFacts::sellable(const PlanStore::Record& record, const Security& security)
+{
+    const QStringList position = positionOf(record);
+    const auto known = m_sellable.constFind(position);
+    if (known != m_sellable.cend())
+        return *known;
+    const Result<double> read = PlanFacts::sellable(m_scene.database, record, security);
+    if (read)
+        m_sellable.insert(position, *read);
+    return read;
+}
+
+void DayFacts::sell(const PlanStore::Record& record, qint64 quantity)
+{
+    m_sellable[positionOf(record)] -= static_cast<double>(quantity);
+}
+
+QStringList DayFacts::positionOf(const PlanStore::Record& record)
+{
+    return { record.value(Kelvo_Fields::UserAccount::tradingAccount).toString(),
+        record.value(Kelvo_Fields::UserAccount::securityAccount).toString(),
+        record.value(Kelvo_Fields::Security::symbol).toString() };
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "DayIssue.h"
+#include "PlanRights.h"
+
+/// What plans of a day have in common, read once.
+class DayFacts {
+public:
+    explicit DayFacts(const IssueScene& scene);
+
+    Result<PlanRights> rights(const StoredPlan& plan) { return m_rights.ofHandler(m_scene.user.id, plan); }
+    Result<QVector<qint64>> closes(const Security& security);
+    /// Trade days until the last one, both included.
+    int daysUntil(const QString& exchange, const QString& lastDay);
+    /// What can still be sold of the plan's security from its account, in displayed units.
+    Result<double> sellable(const PlanStore::Record& record, const Security& security);
+    /// Takes a part of it.
+    void sell(const PlanStore::Record& record, qint64 quantity);
+
+private:
+    static QStringList positionOf(const PlanStore::Record& record);
+
+    const IssueScene& m_scene;
+    PlanRightsReader m_rights;
+    QHash<QString, QVector<qint64>> m_closes;
+    QHash<QPair<QString, QString>, int> m_days;
+    QHash<QStringList, double> m_sellable;
+};

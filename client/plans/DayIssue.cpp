@@ -1,0 +1,316 @@
+#include "DayIssue.h"
+
+#include "AutoPlanField.h"
+#include "DayFacts.h"
+#include "ErrorText.h"
+#include "InstructionStore.h"
+#include "InstructionTargetType.h"
+#include "Kelvo_Fields.h"
+#include "Orlo_Fields.h"
+#include "PlanCodes.h"
+#include "TickPrice.h"
+#include "TradeHours.h"
+
+#include <QDebug>
+
+namespace BaseField = AutoPlanField::BaseField;
+using namespace PlanCodes;
+
+namespace {
+
+constexpr int YuanDecimals = 2;
+constexpr int PlansPerTransaction = 500;
+
+using Fields = InstructionStore::Fields;
+
+QString amountText(double yuan)
+{
+    return QString::number(yuan, 'f', YuanDecimals);
+}
+
+/// One plan on one day.
+class PlanDay {
+public:
+    PlanDay(
+        const IssueScene& scene, const StoredPlan& plan, const PlanUse& use, const PlanRights& rights, DayFacts& facts)
+        : m_scene(scene)
+        , m_plan(plan)
+        , m_use(use)
+        , m_rights(rights)
+        , m_facts(facts)
+        , m_security(scene.market.find(text(Kelvo_Fields::Security::symbol)))
+    {
+    }
+
+    /// Fails if the plan gets no instruction; on success `fields` may be called.
+    Status prepare();
+    Fields fields() const;
+    /// Whether nothing is left once the order is filled as simulated.
+    bool completes() const;
+
+    const DayOrder& order() const { return m_order; }
+    bool isAmount() const { return m_terms.isAmount; }
+
+private:
+    QString text(const QString& key) const { return m_plan.record.value(key).toString(); }
+
+    Status checkRights() const;
+    Status checkDay() const;
+    Status readTerms();
+
+    const IssueScene& m_scene;
+    const StoredPlan& m_plan;
+    const PlanUse m_use;
+    const PlanRights m_rights;
+    DayFacts& m_facts;
+    const Security* const m_security;
+    OrderTerms m_terms;
+    DayOrder m_order;
+};
+
+Status PlanDay::prepare()
+{
+    if (Status refused = checkRights(); !refused)
+        return refused;
+    if (!m_security)
+        return { Error::UnknownSecurity, { text(Kelvo_Fields::Security::symbol) } };
+    if (Status status = checkDay(); !status)
+        return status;
+    if (Status status = readTerms(); !status)
+        return status;
+    const auto closes = m_facts.closes(*m_security);
+    if (!closes)
+        return closes.status();
+    const Result<DayPrice> price = dayPrice(m_plan.record, *m_security, *closes);
+    if (!price)
+        return price.status();
+    const Result<DayOrder> order = dayOrder(m_terms, *price, *m_security, m_rights.limits);
+    if (!order)
+        return order.status();
+    m_order = *order;
+    if (!m_terms.isBuy)
+        m_facts.sell(m_plan.record, m_order.quantity);
+    return {};
+}
+
+Fields PlanDay::fields() const
+{
+    if (m_order.price.cutToLimit)
+        qInfo() << "DayIssue::issue" << m_plan.id << "price cut to the day's limit price";
+    const qint64 filled = m_order.fill.quantity;
+    return {
+        { FieldId::EndState, filled == m_order.quantity ? EndState::Ended : EndState::Running },
+        { FieldId::TargetType,
+            m_terms.isAmount ? InstructionTargetType::AmountOrder : InstructionTargetType::QtyOrder },
+        { FieldId::Price, TickPrice::text(m_order.price.limit.value_or(0), m_security->pricePrecision) },
+        { FieldId::IssuedQty, QString::number(m_order.quantity) },
+        { FieldId::FilledQty, QString::number(filled) },
+        { FieldId::IssuedAmount, amountText(m_order.issuedYuan) },
+        { Orlo_Fields::Security::cumAmount, amountText(m_order.filledYuan) },
+    };
+}
+
+bool PlanDay::completes() const
+{
+    OrderTerms later = m_terms;
+    later.share.used += m_terms.isAmount ? m_order.filledYuan : static_cast<double>(m_order.fill.quantity);
+    return m_order.fill.quantity == m_order.quantity && isUsedUp(later, m_order.price, *m_security);
+}
+
+Status PlanDay::checkRights() const
+{
+    if (Status refused = m_rights.tradeError(m_plan.record); !refused)
+        return refused;
+    if (Status refused = m_rights.reviewError(m_plan.record); !refused)
+        return refused;
+    return m_rights.handlerError(m_plan.record);
+}
+
+Status PlanDay::checkDay() const
+{
+    switch (m_scene.calendar.day(m_security->exchange, m_scene.day)) {
+    case TradeCalendar::Day::Trades:
+        return m_scene.now.isValid() ? TradeHours::check(m_security->exchange, m_scene.now.time()) : Status();
+    case TradeCalendar::Day::Closed:
+        return { Error::NotATradeDay, { QString(), m_scene.day.toString(Qt::ISODate) } };
+    case TradeCalendar::Day::Unknown:
+        break;
+    }
+    return { Error::NotInCalendar, { QString(), m_scene.day.toString(Qt::ISODate) } };
+}
+
+Status PlanDay::readTerms()
+{
+    const auto sellable = [this] { return m_facts.sellable(m_plan.record, *m_security); };
+    const Result<OrderTerms> terms = orderTerms(m_plan.record, *m_security, sellable);
+    if (!terms)
+        return terms.status();
+    m_terms = *terms;
+    m_terms.share.used = m_terms.isAmount ? m_use.yuan : m_use.quantity;
+    m_terms.share.daysLeft = m_facts.daysUntil(m_security->exchange, text(BaseField::endDate));
+    return {};
+}
+
+/// The plans of one transaction, or of one part of a preview.
+class SomePlans {
+public:
+    SomePlans(const IssueScene& scene, DayFacts& facts)
+        : m_scene(scene)
+        , m_facts(facts)
+        , m_plans(scene.database, scene.user)
+        , m_instructions(scene.database)
+    {
+    }
+
+    Status preview(const QStringList& ids, QVector<IssueRow>& rows);
+    Status issue(const QStringList& ids, IssueResult& result);
+
+private:
+    Status read(const QStringList& ids);
+    Result<PlanDay> dayOf(const StoredPlan& plan, const PlanUse& use);
+    Status issue(const StoredPlan& plan, const PlanUse& use, IssueResult& result);
+    Status refuse(const StoredPlan& plan, const Status& reason);
+    Change change() const { return { m_scene.user.id, QDateTime::currentDateTime() }; }
+
+    const IssueScene& m_scene;
+    DayFacts& m_facts;
+    PlanStore m_plans;
+    InstructionStore m_instructions;
+    QVector<StoredPlan> m_read;
+    QHash<QString, PlanUse> m_uses;
+};
+
+Status SomePlans::read(const QStringList& ids)
+{
+    const auto plans = m_plans.plans(ids);
+    if (!plans)
+        return plans.status();
+    m_read = *plans;
+    const auto uses = m_instructions.used(ids, m_scene.day);
+    if (!uses)
+        return uses.status();
+    m_uses = *uses;
+    return {};
+}
+
+Result<PlanDay> SomePlans::dayOf(const StoredPlan& plan, const PlanUse& use)
+{
+    const Result<PlanRights> rights = m_facts.rights(plan);
+    return rights ? Result<PlanDay>(PlanDay(m_scene, plan, use, *rights, m_facts)) : rights.status();
+}
+
+Status SomePlans::preview(const QStringList& ids, QVector<IssueRow>& rows)
+{
+    if (Status status = read(ids); !status)
+        return status;
+    for (const StoredPlan& plan : qAsConst(m_read)) {
+        Result<PlanDay> day = dayOf(plan, m_uses.value(plan.id));
+        if (!day)
+            return day.status();
+        IssueRow row{ plan, day->prepare(), {}, false };
+        row.order = day->order();
+        row.isAmount = day->isAmount();
+        rows << row;
+    }
+    return {};
+}
+
+// Plans that someone else has issued or changed meanwhile are no longer due.
+Status SomePlans::issue(const QStringList& ids, IssueResult& result)
+{
+    const Result<DayPlans> day = m_plans.plansOfDay(m_scene.day, ids);
+    if (!day)
+        return day.status();
+    result.alreadyIssued += day->issued;
+    if (Status status = read(day->due); !status)
+        return status;
+    for (const StoredPlan& plan : qAsConst(m_read)) {
+        if (Status status = issue(plan, m_uses.value(plan.id), result); !status)
+            return status;
+    }
+    return {};
+}
+
+Status SomePlans::issue(const StoredPlan& plan, const PlanUse& use, IssueResult& result)
+{
+    if (use.openSince.isValid()) {
+        if (Status status = m_instructions.endBefore(plan.id, m_scene.day, change()); !status)
+            return status;
+    }
+    Result<PlanDay> day = dayOf(plan, use);
+    if (!day)
+        return day.status();
+    if (const Status reason = day->prepare(); !reason) {
+        result.skipped << IssueResult::Skipped{ plan.id, reason };
+        return refuse(plan, reason);
+    }
+    const Result<QString> id = m_instructions.add(plan.id, m_scene.day, day->fields(), change());
+    if (!id)
+        return id.status();
+    result.issued << *id;
+    return day->completes() ? m_plans.complete(plan.id, m_scene.day) : Status();
+}
+
+// That the market is closed says nothing about the plan.
+Status SomePlans::refuse(const StoredPlan& plan, const Status& reason)
+{
+    switch (reason.error()) {
+    case Error::NotATradeDay:
+    case Error::NotInCalendar:
+    case Error::OutsideTradeHours:
+        return {};
+    case Error::NothingLeft:
+        return m_plans.complete(plan.id, m_scene.day);
+    default:
+        return m_instructions.refuse(plan.id, m_scene.day, errorText(reason), change());
+    }
+}
+
+} // namespace
+
+DayIssue::DayIssue(const IssueScene& scene)
+    : m_scene(scene)
+{
+}
+
+Result<DayPlans> DayIssue::plans()
+{
+    return PlanStore(m_scene.database, m_scene.user).plansOfDay(m_scene.day);
+}
+
+Result<QVector<IssueRow>> DayIssue::preview(const QStringList& planIds, const Progress& progress)
+{
+    DayFacts facts(m_scene);
+    SomePlans plans(m_scene, facts);
+    QVector<IssueRow> rows;
+    for (int first = 0; first < planIds.size(); first += PlansPerTransaction) {
+        if (Status status = plans.preview(planIds.mid(first, PlansPerTransaction), rows); !status)
+            return status;
+        if (!progress(rows.size()))
+            break;
+    }
+    return rows;
+}
+
+IssueResult DayIssue::issue(const QStringList& planIds, const Progress& progress)
+{
+    IssueResult result;
+    for (int first = 0; first < planIds.size() && !result.cancelled; first += PlansPerTransaction) {
+        // What was read in one transaction may have changed until the next one.
+        DayFacts facts(m_scene);
+        SomePlans plans(m_scene, facts);
+        IssueResult some;
+        const QStringList ids = planIds.mid(first, PlansPerTransaction);
+        result.failure = m_scene.database.transaction([&] { return plans.issue(ids, some); });
+        if (!result.failure) {
+            result.unknown = m_scene.database.commitFailed() ? some.issued : QStringList();
+            break;
+        }
+        result.issued += some.issued;
+        result.alreadyIssued += some.alreadyIssued;
+        result.skipped += some.skipped;
+        result.cancelled = !progress(qMin(first + PlansPerTransaction, static_cast<int>(planIds.size())))
+            && first + PlansPerTransaction < planIds.size();
+    }
+    return result;
+}

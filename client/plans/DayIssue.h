@@ -1,0 +1,75 @@
+#pragma once
+
+#include "DayOrder.h"
+#include "Market.h"
+#include "PlanStore.h"
+#include "TradeCalendar.h"
+
+#include <functional>
+
+/// What the issue of a day is based on. It needs no session, so that it can run on another thread.
+struct IssueScene {
+    Database& database;
+    const StoredUser user;
+    const Market& market;
+    const TradeCalendar& calendar;
+    const QDate day;
+    /// The time at the markets, which must be open; invalid for a simulation, which needs no open market.
+    const QDateTime now;
+};
+
+/// What goes out for one plan on a day.
+struct IssueRow {
+    StoredPlan plan;
+    /// Why nothing goes out; success otherwise.
+    Status reason;
+    /// Default if nothing goes out.
+    DayOrder order;
+    bool isAmount = false;
+};
+
+/// The result of issuing a day, or some of its plans.
+struct IssueResult {
+    /// Ids of the new instructions.
+    QStringList issued;
+    /// Plans that already had an instruction of the day.
+    QStringList alreadyIssued;
+
+    struct Skipped {
+        QString planId;
+        Status reason;
+    };
+    /// Plans of the day's period that got no instruction, and why.
+    QVector<Skipped> skipped;
+    /// Why it ended before all plans were tried; success if they were, or if it was cancelled.
+    Status failure;
+    /// Instructions that may be stored all the same, because the failure was that of a COMMIT.
+    QStringList unknown;
+    bool cancelled = false;
+};
+
+/// Creates the instructions of a trade day, one for every plan with the day in its period, and simulates their fills.
+///
+/// A quantity plan issues whole lots, an amount plan the whole lots that its amount of the day buys, both at most the
+/// daily maximum and the rest of the plan. A sale is at most what may be sold, of which earlier plans have taken their
+/// part. First ends open instructions of earlier days, which give back their unfilled part. A plan of which nothing is
+/// left is completed, and for any other without an instruction the reason is kept.
+///
+/// A number of plans is one transaction; issuing a plan again has no effect.
+class DayIssue {
+public:
+    /// Called after some plans, with the number of those that are done. Returning false cancels the rest.
+    using Progress = std::function<bool(int done)>;
+
+    explicit DayIssue(const IssueScene& scene);
+
+    /// The user's plans of the day.
+    Result<DayPlans> plans();
+    /// What would go out for plans now. Stores nothing. Without the rest if it is cancelled.
+    Result<QVector<IssueRow>> preview(const QStringList& planIds, const Progress& progress);
+    /// Issues those of the plans that are still due.
+    IssueResult issue(const QStringList& planIds, const Progress& progress);
+
+private:
+    const IssueScene m_scene;
+};
