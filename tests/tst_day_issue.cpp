@@ -197,7 +197,7 @@ private Q_SLOTS:
         constexpr int PlansOfFirstPart = 500;
         session().create(SampleSession::record());
         multiply(PlansOfFirstPart + 2);
-        DayIssue issue(InstructionIssuer::scene(ClientSession::instance().database(), Monday));
+        DayIssue issue(ClientSession::instance().database(), InstructionIssuer::scene(Monday));
         QVector<int> told;
         const auto cancel = [&told](int done) {
             told << done;
@@ -219,7 +219,7 @@ private Q_SLOTS:
     {
         const QString chosen = session().create(SampleSession::record());
         session().create(SampleSession::record());
-        DayIssue issue(InstructionIssuer::scene(ClientSession::instance().database(), Monday));
+        DayIssue issue(ClientSession::instance().database(), InstructionIssuer::scene(Monday));
         const QString later =
             session().create(with(SampleSession::record(), BaseField::beginDate, QStringLiteral("2024-05-07")));
         const IssueResult result = issue.issue({ chosen, later }, goOn);
@@ -231,7 +231,7 @@ private Q_SLOTS:
 private:
     static QVector<IssueRow> previewOf(const QDate& day)
     {
-        DayIssue issue(InstructionIssuer::scene(ClientSession::instance().database(), day));
+        DayIssue issue(ClientSession::instance().database(), InstructionIssuer::scene(day));
         return issue.preview(issue.plans()->due, goOn).valueOr({});
     }
 

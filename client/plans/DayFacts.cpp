@@ -4,9 +4,10 @@
 #include "PlanFacts.h"
 #include "PlanTexts.h"
 
-DayFacts::DayFacts(const IssueScene& scene)
-    : m_scene(scene)
-    , m_rights(scene.database, scene.day)
+DayFacts::DayFacts(Database& database, const IssueScene& scene)
+    : m_database(database)
+    , m_scene(scene)
+    , m_rights(database, scene.day)
 {
 }
 
@@ -15,7 +16,7 @@ Result<QVector<qint64>> DayFacts::closes(const Security& security)
     const auto known = m_closes.constFind(security.symbol);
     if (known != m_closes.cend())
         return *known;
-    const Result<CloseHistory> read = SecurityStore(m_scene.database).closes(security.symbol);
+    const Result<CloseHistory> read = SecurityStore(m_database).closes(security.symbol);
     if (!read)
         return read.status();
     return m_closes.insert(security.symbol, PlanFacts::closesBefore(*read, m_scene.calendar, security, m_scene.day))
@@ -45,7 +46,7 @@ Result<double> DayFacts::sellable(const PlanStore::Record& record, const Securit
     const auto known = m_sellable.constFind(position);
     if (known != m_sellable.cend())
         return *known;
-    const Result<double> read = PlanFacts::sellable(m_scene.database, record, security);
+    const Result<double> read = PlanFacts::sellable(m_database, record, security);
     if (read)
         m_sellable.insert(position, *read);
     return read;

@@ -6,7 +6,7 @@
 /// What plans of a day have in common, read once.
 class DayFacts {
 public:
-    explicit DayFacts(const IssueScene& scene);
+    DayFacts(Database& database, const IssueScene& scene);
 
     Result<PlanRights> rights(const StoredPlan& plan) { return m_rights.ofHandler(m_scene.user.id, plan); }
     Result<QVector<qint64>> closes(const Security& security);
@@ -20,6 +20,7 @@ public:
 private:
     static QStringList positionOf(const PlanStore::Record& record);
 
+    Database& m_database;
     const IssueScene& m_scene;
     PlanRightsReader m_rights;
     QHash<QString, QVector<qint64>> m_closes;

@@ -49,7 +49,7 @@ public:
     bool completes() const;
 
     const DayOrder& order() const { return m_order; }
-    bool isAmount() const { return m_terms.isAmount; }
+    int precision() const { return m_security ? m_security->pricePrecision : 0; }
 
 private:
     QString text(const QString& key) const { return m_plan.record.value(key).toString(); }
@@ -154,11 +154,11 @@ Status PlanDay::readTerms()
 /// The plans of one transaction, or of one part of a preview.
 class SomePlans {
 public:
-    SomePlans(const IssueScene& scene, DayFacts& facts)
+    SomePlans(Database& database, const IssueScene& scene, DayFacts& facts)
         : m_scene(scene)
         , m_facts(facts)
-        , m_plans(scene.database, scene.user)
-        , m_instructions(scene.database)
+        , m_plans(database, scene.user)
+        , m_instructions(database)
     {
     }
 
@@ -207,9 +207,8 @@ Status SomePlans::preview(const QStringList& ids, QVector<IssueRow>& rows)
         Result<PlanDay> day = dayOf(plan, m_uses.value(plan.id));
         if (!day)
             return day.status();
-        IssueRow row{ plan, day->prepare(), {}, false };
+        IssueRow row{ plan, day->prepare(), {}, day->precision() };
         row.order = day->order();
-        row.isAmount = day->isAmount();
         rows << row;
     }
     return {};
@@ -268,20 +267,21 @@ Status SomePlans::refuse(const StoredPlan& plan, const Status& reason)
 
 } // namespace
 
-DayIssue::DayIssue(const IssueScene& scene)
-    : m_scene(scene)
+DayIssue::DayIssue(Database& database, const IssueScene& scene)
+    : m_database(database)
+    , m_scene(scene)
 {
 }
 
 Result<DayPlans> DayIssue::plans()
 {
-    return PlanStore(m_scene.database, m_scene.user).plansOfDay(m_scene.day);
+    return PlanStore(m_database, m_scene.user).plansOfDay(m_scene.day);
 }
 
 Result<QVector<IssueRow>> DayIssue::preview(const QStringList& planIds, const Progress& progress)
 {
-    DayFacts facts(m_scene);
-    SomePlans plans(m_scene, facts);
+    DayFacts facts(m_database, m_scene);
+    SomePlans plans(m_database, m_scene, facts);
     QVector<IssueRow> rows;
     for (int first = 0; first < planIds.size(); first += PlansPerTransaction) {
         if (Status status = plans.preview(planIds.mid(first, PlansPerTransaction), rows); !status)
@@ -297,13 +297,13 @@ IssueResult DayIssue::issue(const QStringList& planIds, const Progress& progress
     IssueResult result;
     for (int first = 0; first < planIds.size() && !result.cancelled; first += PlansPerTransaction) {
         // What was read in one transaction may have changed until the next one.
-        DayFacts facts(m_scene);
-        SomePlans plans(m_scene, facts);
+        DayFacts facts(m_database, m_scene);
+        SomePlans plans(m_database, m_scene, facts);
         IssueResult some;
         const QStringList ids = planIds.mid(first, PlansPerTransaction);
-        result.failure = m_scene.database.transaction([&] { return plans.issue(ids, some); });
+        result.failure = m_database.transaction([&] { return plans.issue(ids, some); });
         if (!result.failure) {
-            result.unknown = m_scene.database.commitFailed() ? some.issued : QStringList();
+            result.unknown = m_database.commitFailed() ? some.issued : QStringList();
             break;
         }
         result.issued += some.issued;

@@ -7,9 +7,8 @@
 
 #include <functional>
 
-/// What the issue of a day is based on. It needs no session, so that it can run on another thread.
+/// What the issue of a day is based on besides the database. It needs no session, so that it can run on another thread.
 struct IssueScene {
-    Database& database;
     const StoredUser user;
     const Market& market;
     const TradeCalendar& calendar;
@@ -25,7 +24,8 @@ struct IssueRow {
     Status reason;
     /// Default if nothing goes out.
     DayOrder order;
-    bool isAmount = false;
+    /// Decimals of the security's prices.
+    int precision = 0;
 };
 
 /// The result of issuing a day, or some of its plans.
@@ -61,7 +61,7 @@ public:
     /// Called after some plans, with the number of those that are done. Returning false cancels the rest.
     using Progress = std::function<bool(int done)>;
 
-    explicit DayIssue(const IssueScene& scene);
+    DayIssue(Database& database, const IssueScene& scene);
 
     /// The user's plans of the day.
     Result<DayPlans> plans();
@@ -71,5 +71,6 @@ public:
     IssueResult issue(const QStringList& planIds, const Progress& progress);
 
 private:
+    Database& m_database;
     const IssueScene m_scene;
 };

@@ -29,11 +29,10 @@ Status lookUp(const QStringList& instructions, const Status& failure)
 
 } // namespace
 
-IssueScene InstructionIssuer::scene(Database& database, const QDate& day)
+IssueScene InstructionIssuer::scene(const QDate& day)
 {
     const ClientSession& session = ClientSession::instance();
-    return { database, session.user(), session.market(), session.calendar(), day,
-        liveError(day) ? clientNow() : QDateTime() };
+    return { session.user(), session.market(), session.calendar(), day, liveError(day) ? clientNow() : QDateTime() };
 }
 
 Result<IssueResult> InstructionIssuer::issueDay(const QDate& day)
@@ -43,7 +42,7 @@ Result<IssueResult> InstructionIssuer::issueDay(const QDate& day)
         return Error::IssuingNeedsLogin;
     if (!day.isValid())
         return { Error::InvalidDate, { QStringLiteral("日期") } };
-    DayIssue issue(scene(session.database(), day));
+    DayIssue issue(session.database(), scene(day));
     const Result<DayPlans> plans = issue.plans();
     if (!plans)
         return plans.status();

@@ -7,9 +7,8 @@ class ClientSession;
 /// Issues a day within the session, which must be open.
 class InstructionIssuer {
 public:
-    /// What the issue of a day is based on, with another connection to the session's database if it runs on another
-    /// thread. The session must stay open meanwhile.
-    static IssueScene scene(Database& database, const QDate& day);
+    /// What the issue of a day is based on. The session must stay open as long as it is used.
+    static IssueScene scene(const QDate& day);
 
     /// Issues all plans of a day. Fails if nothing was issued at all; a result that has a failure is incomplete.
     static Result<IssueResult> issueDay(const QDate& day);

@@ -214,6 +214,19 @@ Result<QVector<StoredPlan>> PlanStore::newestOf(const QString& tradingAccount, i
     return newest({ QStringLiteral("trading_account = ?"), { tradingAccount } }, limit);
 }
 
+Result<QStringList> PlanStore::runningOf(const QString& tradingAccount, const QDate& day)
+{
+    const SqlQuery visible = m_scope.condition();
+    QStringList ids;
+    const Status status = m_database.read(
+        QStringLiteral("SELECT number FROM plans WHERE trading_account = ? AND end_date >= ? AND state = 'active'"
+                       " AND completed_day IS NULL AND %1 ORDER BY number")
+            .arg(visible.text),
+        QVariantList{ tradingAccount, day.toString(Qt::ISODate) } + visible.values,
+        [&ids](const QSqlQuery& row) { ids << PlanId::fromNumber(row.value(0).toLongLong()); });
+    return status ? Result<QStringList>(ids) : status;
+}
+
 Result<QVector<StoredPlan>> PlanStore::newest(const SqlQuery& condition, int limit)
 {
     const SqlQuery visible = m_scope.condition();

@@ -61,6 +61,8 @@ public:
     Result<QVector<StoredPlan>> unended(
         const QString& tradingAccount, const QString& symbol, const QDate& day, int limit);
     Result<QVector<StoredPlan>> newestOf(const QString& tradingAccount, int limit);
+    /// The ids of an account's active plans that have not ended before a day, oldest first.
+    Result<QStringList> runningOf(const QString& tradingAccount, const QDate& day);
     /// The active plans with the day in their period, oldest first. Within a transaction, they stay as they are.
     Result<DayPlans> plansOfDay(const QDate& day);
     /// Those of them with these ids.

@@ -194,7 +194,7 @@ constexpr Sentence Sentences[] = {
     { Error::NoDisplay, "没有可用的显示设备；可用plandesk-walkthrough或--issue-day在没有窗口时运行" },
     { Error::NoTranslation, "不能读取翻译文件%1" },
     { Error::CommandWithoutArgument, "命令%1应有参数：%2" },
-    { Error::OptionOfCommand, "选项--%1只用于命令%2" },
+    { Error::OptionOfCommand, "选项--%1只用于%2" },
     { Error::OptionNotOfCommand, "命令%2没有选项--%1" },
     { Error::FileNotWritten, "无法写入文件%1" },
     { Error::DatabaseHasSecurities, "数据库%1中已有%2只证券，--securities只用于新建的数据库" },

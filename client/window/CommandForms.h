@@ -6,6 +6,8 @@
 /// Names of the commands' options without a value.
 namespace Flag {
 inline const QString Json = QStringLiteral("json");
+inline const QString IssuePreview = QStringLiteral("issue-preview");
+inline const QString Simulate = QStringLiteral("simulate");
 inline const QString Sample = QStringLiteral("sample");
 inline const QString Review = QStringLiteral("review");
 inline const QString PasswordFromInput = QStringLiteral("password-stdin");

@@ -4,8 +4,8 @@
 
 #include <cstdio>
 
-/// Exit statuses of the client's programs.
-enum ExitStatus { Success = 0, Failure = 1, Misuse = 2 };
+/// Exit statuses of the client's programs. Incomplete: some plans of a day get no instruction.
+enum ExitStatus { Success = 0, Failure = 1, Misuse = 2, Incomplete = 3 };
 
 /// The text without control characters and line breaks, which could change the lines around it.
 QString oneLine(QString text);

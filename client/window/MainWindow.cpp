@@ -6,6 +6,8 @@
 #include "EditorDialog.h"
 #include "ErrorText.h"
 #include "HistoryTexts.h"
+#include "IssueSheet.h"
+#include "Kelvo_Fields.h"
 #include "OrloElidedLabel.h"
 #include "OrloWidget.h"
 #include "PlainText.h"
@@ -13,6 +15,7 @@
 #include "PlanEvents.h"
 #include "PlanFormatter.h"
 #include "PlanTable.h"
+#include "StateActions.h"
 
 #include <QAction>
 #include <QApplication>
@@ -169,9 +172,20 @@ void MainWindow::buildActions()
     connect(reload, &QAction::triggered, this, &MainWindow::refresh);
 
     const QList<QAction*> ofPlans{ create, m_edit, m_copy };
-    m_table->addActions(ofPlans);
+    auto* const states = new StateActions(
+        this, [this] { return chosenPlans(); },
+        [this] {
+            const QString& account = Kelvo_Fields::UserAccount::tradingAccount;
+            return m_table->currentPlan().record.value(account).toString();
+        });
+    connect(states, &StateActions::finished, this, &MainWindow::statesChanged);
+    auto* const line = new QAction(this);
+    line->setSeparator(true);
+    m_table->addActions(ofPlans + QList<QAction*>{ line } + states->actions());
     QMenu* const plans = menuBar()->addMenu(tr("计划(&P)"));
     plans->addActions(ofPlans);
+    plans->addSeparator();
+    plans->addActions(states->actions());
     plans->addSeparator();
     plans->addAction(issue);
     QMenu* const view = menuBar()->addMenu(tr("视图(&V)"));
@@ -336,13 +350,23 @@ void MainWindow::switchSkin()
 
 void MainWindow::issueToday()
 {
-    const QDate today = clientToday();
-    const Result<IssueResult> result = InstructionIssuer::issueDay(today);
+    if (!m_issues) {
+        m_issues = new IssueSheet(this);
+        connect(m_issues, &IssueSheet::issued, this, &MainWindow::refresh);
+    }
+    m_issues->openToday();
+}
+
+void MainWindow::statesChanged(const QString& text)
+{
     refresh();
-    if (result)
-        OrloWidget::ShowTipMsgBox(issueReport(today, *result), this);
-    else
-        OrloWidget::ShowErrorMsgBox(errorText(result.status()), this);
+    m_status->setText(text);
+}
+
+QStringList MainWindow::chosenPlans() const
+{
+    const QString plan = currentPlan();
+    return plan.isEmpty() ? QStringList() : QStringList(plan);
 }
 
 void MainWindow::openEdit()

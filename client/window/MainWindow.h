@@ -8,6 +8,7 @@
 #include <QMainWindow>
 
 class EditorDialog;
+class IssueSheet;
 class PlanDetails;
 class PlanTable;
 class QAction;
@@ -54,6 +55,8 @@ private:
     void showCurrent();
     void switchSkin();
     void issueToday();
+    void statesChanged(const QString& text);
+    QStringList chosenPlans() const;
     void openEdit();
     void openCopy();
 
@@ -61,7 +64,8 @@ private:
     QLabel* m_outdated; ///< shown while the rows cannot be read again
     PlanDetails* m_details;
     EditorDialog* m_editor;
-    QLabel* m_status; ///< the number of plans, or what is wrong
+    QLabel* m_status;               ///< the number of plans, or what is wrong
+    IssueSheet* m_issues = nullptr; ///< null until it is opened
     QAction* m_edit = nullptr;
     QAction* m_copy = nullptr;
     NoticeMerger m_changes; ///< by others

@@ -1,6 +1,7 @@
 #include "Options.h"
 
 #include "Appearance.h"
+#include "ClientClock.h"
 #include "CommandForms.h"
 #include "Language.h"
 #include "OrloConstants.h"
@@ -125,15 +126,33 @@ private:
         return {};
     }
 
-    /// The window has none of the options without a value.
+    /// Of the options without a value, the issue of a day has some and the window none.
     Status checkFlags() const
     {
         const QStringList names = m_parser.optionNames();
         for (const QString& name : names) {
-            if (flagNames().contains(name))
-                return { Error::OptionOfCommand, { name, commandsWith(name).join(QStringLiteral("、")) } };
+            if (flagNames().contains(name) && !isOfIssue(name))
+                return { Error::OptionOfCommand, { name, ownersOf(name).join(QStringLiteral("、")) } };
         }
         return {};
+    }
+
+    bool isOfIssue(const QString& flag) const
+    {
+        const bool isPreview = m_parser.isSet(Flag::IssuePreview);
+        return flag == Flag::IssuePreview || (flag == Flag::Simulate && isIssueSet())
+            || (flag == Flag::Json && isPreview);
+    }
+
+    /// What has a flag: commands, and options that issue a day.
+    QStringList ownersOf(const QString& flag) const
+    {
+        QStringList owners = commandsWith(flag);
+        if (flag == Flag::Simulate)
+            owners << QStringLiteral("--issue-day");
+        if (flag == Flag::Simulate || flag == Flag::Json)
+            owners << QStringLiteral("--issue-preview");
+        return owners;
     }
 
     Status checkValues() const
@@ -171,8 +190,13 @@ private:
         } else {
             options.folder = arguments.value(0);
         }
-        if (isIssueDaySet())
-            options.issueDay = issueDay();
+        if (isIssueSet())
+            options.issueDay = isIssueDaySet() ? issueDay() : clientToday();
+    }
+
+    bool isIssueSet() const
+    {
+        return isIssueDaySet() || (m_program == Program::Client && m_parser.isSet(Flag::IssuePreview));
     }
 
     // Qt warns about queries for options that the program does not have.
@@ -198,9 +222,12 @@ private:
     const QCommandLineOption m_securities{ QStringLiteral("securities"),
         QStringLiteral("新建数据库时示例证券的数量，例如100000。"), QStringLiteral("数量") };
     const QCommandLineOption m_issueDay{ QStringLiteral("issue-day"),
-        QStringLiteral("为该日（yyyy-MM-dd）有效的计划下达指令，列出结果并退出。"), QStringLiteral("日期") };
+        QStringLiteral("为今天（yyyy-MM-dd）有效的计划下达指令，列出结果并退出；其他日期须加--simulate。"),
+        QStringLiteral("日期") };
     const QList<QCommandLineOption> m_flags{
-        { Flag::Json, QStringLiteral("以JSON输出命令history和admin list的结果。") },
+        { Flag::IssuePreview, QStringLiteral("列出今天或--issue-day的日期会下达的指令并退出，不下达。") },
+        { Flag::Simulate, QStringLiteral("下达或预览时不限于今天和市场的委托时间。") },
+        { Flag::Json, QStringLiteral("以JSON输出命令history、admin list和--issue-preview的结果。") },
         { Flag::Sample, QStringLiteral("admin init写入示例数据。") },
         { Flag::Review, QStringLiteral("admin grant的指令须经复核。") },
         { Flag::PasswordFromInput, QStringLiteral("admin add-user从标准输入的第一行读取密码。") },

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "InstructionIssuer.h"
 #include "PlanStore.h"
 
 #include <QPair>
@@ -63,6 +62,3 @@ private:
     const StoredPlan m_plan;
     const QMap<QString, QVariant> m_other;
 };
-
-/// The result of issuing a day, for the trader: counts, then a line for each skipped plan.
-QString issueReport(const QDate& day, const IssueResult& result);

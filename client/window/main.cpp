@@ -1,23 +1,62 @@
+#include "ClientSession.h"
+#include "CommandForms.h"
 #include "Console.h"
 #include "ErrorText.h"
+#include "InstructionIssuer.h"
+#include "IssueTexts.h"
 #include "MainWindow.h"
-#include "PlanFormatter.h"
 #include "Program.h"
 #include "StrategyQuery.h"
 
 #include <QApplication>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <algorithm>
 
 namespace {
 
-int issueDay(const QDate& day)
+int fail(const Status& status)
 {
-    const Result<IssueResult> result = InstructionIssuer::issueDay(day);
-    if (!result) {
-        printLine(stderr, QStringLiteral("plandesk: ") + errorText(result.status()));
-        return Failure;
+    printLine(stderr, QStringLiteral("plandesk: ") + errorText(status));
+    return Failure;
+}
+
+int preview(const Options& options)
+{
+    DayIssue issue(ClientSession::instance().database(), InstructionIssuer::scene(options.issueDay));
+    const Result<DayPlans> plans = issue.plans();
+    const auto rows =
+        plans ? issue.preview(plans->due, [](int) { return true; }) : Result<QVector<IssueRow>>(plans.status());
+    if (!rows)
+        return fail(rows.status());
+    QStringList lines;
+    QJsonArray array;
+    for (const IssueRow& row : *rows) {
+        lines << IssueTexts::line(row);
+        array << IssueTexts::json(row);
     }
-    printLine(stdout, issueReport(day, *result));
-    return Success;
+    const bool isJson = options.flags.contains(Flag::Json);
+    printLine(stdout, isJson ? QString::fromUtf8(QJsonDocument(array).toJson()) : lines.join(QLatin1Char('\n')));
+    const bool isComplete =
+        std::all_of(rows->cbegin(), rows->cend(), [](const IssueRow& row) { return bool(row.reason); });
+    return isComplete ? Success : Incomplete;
+}
+
+int issueDay(const Options& options)
+{
+    const Status live = InstructionIssuer::liveError(options.issueDay);
+    if (!live && !options.flags.contains(Flag::Simulate))
+        return fail(live);
+    if (options.flags.contains(Flag::IssuePreview))
+        return preview(options);
+    const Result<IssueResult> result = InstructionIssuer::issueDay(options.issueDay);
+    if (!result)
+        return fail(result.status());
+    printLine(stdout, IssueTexts::report(options.issueDay, *result));
+    if (!result->failure)
+        return Failure;
+    return result->skipped.isEmpty() ? Success : Incomplete;
 }
 
 int showWindow(const Options& options)
@@ -33,7 +72,6 @@ int showWindow(const Options& options)
 
 int main(int argc, char** argv)
 {
-    return runProgram(argc, argv, Program::Client, [](const Options& options) {
-        return options.issueDay.isValid() ? issueDay(options.issueDay) : showWindow(options);
-    });
+    return runProgram(argc, argv, Program::Client,
+        [](const Options& options) { return options.issueDay.isValid() ? issueDay(options) : showWindow(options); });
 }

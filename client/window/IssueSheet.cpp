@@ -1,0 +1,212 @@
+#include "IssueSheet.h"
+
+#include "ClientClock.h"
+#include "ClientSession.h"
+#include "ErrorText.h"
+#include "InstructionIssuer.h"
+#include "IssueSheetModel.h"
+#include "OrloWidget.h"
+#include "PlainText.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLocale>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include <memory>
+
+namespace {
+
+constexpr QSize UsualSize(900, 520);
+constexpr int MostSums = 8;
+
+QString sumText(const IssueSheetModel::Sum& sum)
+{
+    const QString side = sum.isBuy ? IssueSheet::tr("买入") : IssueSheet::tr("卖出");
+    return IssueSheet::tr("账户%1 %2 %3笔 %4元")
+        .arg(sum.account, side, QString::number(sum.plans), QLocale::c().toString(sum.yuan, 'f', 2));
+}
+
+QString sumsText(const QVector<IssueSheetModel::Sum>& sums)
+{
+    QStringList lines;
+    for (const IssueSheetModel::Sum& sum : sums.mid(0, MostSums))
+        lines << sumText(sum);
+    if (sums.size() > MostSums)
+        lines << IssueSheet::tr("另有%1项").arg(sums.size() - MostSums);
+    return lines.isEmpty() ? IssueSheet::tr("没有选择计划") : lines.join(QLatin1Char('\n'));
+}
+
+} // namespace
+
+IssueSheet::IssueSheet(QWidget* parent)
+    : QDialog(parent)
+    , m_rows(new IssueSheetModel(this))
+    , m_table(new QTableView(this))
+    , m_sums(PlainText::newLabel(QString(), this))
+    , m_text(PlainText::newLabel(QString(), this))
+    , m_progress(new QProgressBar(this))
+    , m_issue(new QPushButton(this))
+    , m_close(new QPushButton(tr("关闭"), this))
+    , m_work(ClientSession::instance().database().location())
+{
+    setObjectName(QStringLiteral("issueSheet"));
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    resize(UsualSize);
+    build();
+    connect(m_rows, &IssueSheetModel::chosenChanged, this, &IssueSheet::showSums);
+    connect(m_issue, &QPushButton::clicked, this, &IssueSheet::confirm);
+    connect(m_close, &QPushButton::clicked, this, &IssueSheet::reject);
+    connect(&m_work, &LongWork::progressed, m_progress, &QProgressBar::setValue);
+}
+
+// No key issues by itself: the button that closes is the default one.
+void IssueSheet::build()
+{
+    m_table->setObjectName(QStringLiteral("issueRows"));
+    m_table->setModel(m_rows);
+    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_table->setAlternatingRowColors(true);
+    m_table->setWordWrap(false);
+    m_table->verticalHeader()->hide();
+    m_table->horizontalHeader()->setStretchLastSection(true);
+    m_sums->setObjectName(QStringLiteral("issueSums"));
+    m_text->setObjectName(QStringLiteral("issueText"));
+    m_text->setWordWrap(true);
+    m_progress->setObjectName(QStringLiteral("issueProgress"));
+    m_issue->setObjectName(QStringLiteral("btn_issue"));
+    m_issue->setAutoDefault(false);
+    m_close->setObjectName(QStringLiteral("btn_close"));
+    m_close->setDefault(true);
+    auto* const all = new QCheckBox(tr("全选"), this);
+    all->setObjectName(QStringLiteral("cb_all"));
+    all->setChecked(true);
+    connect(all, &QCheckBox::clicked, m_rows, &IssueSheetModel::choose);
+    auto* const buttons = new QHBoxLayout;
+    buttons->addWidget(all);
+    buttons->addWidget(m_progress, 1);
+    buttons->addStretch();
+    buttons->addWidget(m_issue);
+    buttons->addWidget(m_close);
+    auto* const rows = new QVBoxLayout(this);
+    rows->addWidget(m_text);
+    rows->addWidget(m_table, 1);
+    rows->addWidget(m_sums);
+    rows->addLayout(buttons);
+}
+
+void IssueSheet::openToday()
+{
+    show();
+    raise();
+    activateWindow();
+    m_close->setFocus();
+    if (!m_work.isRunning())
+        readPlans();
+}
+
+void IssueSheet::reject()
+{
+    if (m_work.isRunning())
+        m_work.cancel();
+    else
+        QDialog::reject();
+}
+
+void IssueSheet::readPlans()
+{
+    m_day = clientToday();
+    setWindowTitle(tr("下达当日指令 - %1").arg(m_day.toString(Qt::ISODate)));
+    m_rows->setRows({});
+    showWork(tr("正在读取当日的计划……"), 0);
+    auto rows = std::make_shared<Result<QVector<IssueRow>>>(QVector<IssueRow>());
+    const auto read = [rows, scene = InstructionIssuer::scene(m_day)](
+                          Database& database, const Status& opened, const LongWork::Progress& progress) {
+        DayIssue issue(database, scene);
+        const Result<DayPlans> plans = opened ? issue.plans() : opened;
+        *rows = plans ? issue.preview(plans->due, progress) : plans.status();
+    };
+    m_work.start(read, [this, rows] { showPlans(*rows); });
+}
+
+void IssueSheet::showPlans(const Result<QVector<IssueRow>>& rows)
+{
+    endWork();
+    m_rows->setRows(rows.valueOr({}));
+    m_table->resizeColumnsToContents();
+    if (!rows)
+        m_text->setText(errorText(rows.status()));
+    else
+        m_text->setText(rows->isEmpty() ? tr("今天没有要下达的计划。") : tr("选择要下达的计划。"));
+}
+
+void IssueSheet::confirm()
+{
+    const QStringList plans = m_rows->chosen();
+    const QString question = tr("下达%1条指令？\n%2").arg(QString::number(plans.size()), sumsText(m_rows->sums()));
+    constexpr int No = 0;
+    if (!plans.isEmpty() && OrloWidget::ShowQuestionMsgBox(question, this, No) != No)
+        issue(plans);
+}
+
+void IssueSheet::issue(const QStringList& plans)
+{
+    showWork(tr("正在下达……"), plans.size());
+    auto result = std::make_shared<IssueResult>();
+    const auto work = [result, plans, scene = InstructionIssuer::scene(m_day)](
+                          Database& database, const Status& opened, const LongWork::Progress& progress) {
+        if (opened)
+            *result = DayIssue(database, scene).issue(plans, progress);
+        else
+            result->failure = opened;
+    };
+    m_work.start(work, [this, result] { showResult(*result); });
+}
+
+void IssueSheet::showResult(IssueResult& result)
+{
+    InstructionIssuer::finish(result);
+    endWork();
+    m_rows->setResult(result);
+    Q_EMIT issued();
+    QString text = tr("已下达%1条，此前已下达%2个，未下达%3个。")
+                       .arg(QString::number(result.issued.size()), QString::number(result.alreadyIssued.size()),
+                           QString::number(result.skipped.size()));
+    if (result.cancelled)
+        text += tr("其余已取消，可以再次下达。");
+    if (!result.failure)
+        text += tr("其余因故未下达：%1").arg(errorText(result.failure));
+    m_text->setText(text);
+}
+
+void IssueSheet::showSums()
+{
+    const int chosen = m_rows->chosen().size();
+    m_sums->setText(sumsText(m_rows->sums()));
+    m_issue->setText(tr("下达%1条……").arg(chosen));
+    m_issue->setEnabled(chosen > 0);
+}
+
+void IssueSheet::showWork(const QString& text, int steps)
+{
+    m_text->setText(text);
+    m_progress->setRange(0, steps);
+    m_progress->setValue(0);
+    m_progress->show();
+    m_table->setEnabled(false);
+    m_issue->setEnabled(false);
+    m_close->setText(tr("取消"));
+}
+
+void IssueSheet::endWork()
+{
+    m_progress->hide();
+    m_table->setEnabled(true);
+    m_close->setText(tr("关闭"));
+    showSums();
+}

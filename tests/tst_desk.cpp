@@ -1,0 +1,235 @@
+// The trader's decisions in the window: what goes out today, and the states of plans.
+#include "ClientWindowTest.h"
+#include "HistoryStore.h"
+#include "InstructionIssuer.h"
+#include "IssueSheet.h"
+#include "IssueSheetModel.h"
+#include "PlanTable.h"
+#include "TestStatus.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTableView>
+#include <QTimer>
+#include <QtTest>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int Patience = 5000; // milliseconds
+
+} // namespace
+
+class DeskTest : public ClientWindowTest {
+    Q_OBJECT
+
+private Q_SLOTS:
+    // --- What goes out today
+
+    void theSheetShowsWhatWouldGoOut()
+    {
+        const QString plan = createSamples(1).constFirst();
+        const QString refused = *plans().create(
+            customPrice(SampleSession::record(), QStringLiteral("1-1")), ClientSession::instance().changeNow());
+        openSheet(2);
+        QCOMPARE(cell(1, IssueSheetModel::Plan), refused);
+        QVERIFY2(cell(1, IssueSheetModel::ResultColumn).startsWith(QStringLiteral("不能下达：")),
+            qPrintable(cell(1, IssueSheetModel::ResultColumn)));
+        QCOMPARE(cell(0, IssueSheetModel::Plan), plan);
+        QCOMPARE(cell(0, IssueSheetModel::Side), QStringLiteral("买入"));
+        QCOMPARE(cell(0, IssueSheetModel::Price), QStringLiteral("不限价"));
+        QCOMPARE(cell(0, IssueSheetModel::Quantity), QStringLiteral("300"));
+        QCOMPARE(cell(0, IssueSheetModel::ResultColumn), QString());
+        QVERIFY(text("issueSums").startsWith(QStringLiteral("账户100001 买入 1笔 ")));
+        QCOMPARE(button("btn_issue")->text(), QStringLiteral("下达1条……"));
+    }
+
+    void noSingleKeyIssues()
+    {
+        createSamples(1);
+        openSheet(1);
+        QVERIFY(press(sheet(), Qt::Key_Return));
+        QVERIFY(!sheet()->isVisible());
+        QCOMPARE(issued(), 0);
+    }
+
+    void aDeclinedQuestionIssuesNothing()
+    {
+        createSamples(1);
+        openSheet(1);
+        const QString question = boxOf([this] { click("btn_issue"); }, "msgBoxQuestion", false);
+        QVERIFY2(question.startsWith(QStringLiteral("下达1条指令？\n账户100001 买入 1笔 ")), qPrintable(question));
+        QVERIFY(!isWorking());
+        QCOMPARE(issued(), 0);
+    }
+
+    void theChosenPlansAreIssuedAndEachRowTellsTheResult()
+    {
+        createSamples(3);
+        openSheet(3);
+        toggle(1);
+        QCOMPARE(button("btn_issue")->text(), QStringLiteral("下达2条……"));
+        boxOf([this] { click("btn_issue"); }, "msgBoxQuestion");
+        QTRY_VERIFY_WITH_TIMEOUT(!isWorking(), Patience);
+        QCOMPARE(text("issueText"), QStringLiteral("已下达2条，此前已下达0个，未下达0个。"));
+        QCOMPARE(cell(0, IssueSheetModel::ResultColumn), QStringLiteral("已下达 AP00000001-000001"));
+        QCOMPARE(cell(1, IssueSheetModel::ResultColumn), QString());
+        QCOMPARE(cell(2, IssueSheetModel::ResultColumn), QStringLiteral("已下达 AP00000003-000001"));
+        QCOMPARE(issued(), 2);
+        window().selectPlan(QStringLiteral("AP00000001"));
+        const auto labels = field<QWidget>(window(), "planDetails")->findChildren<QLabel*>();
+        const auto isHeading = [](const QLabel* label) { return label->text() == QStringLiteral("已下达指令"); };
+        QVERIFY(std::any_of(labels.cbegin(), labels.cend(), isHeading));
+        QVERIFY(!button("btn_issue")->isEnabled());
+        toggle(1);
+        QCOMPARE(button("btn_issue")->text(), QStringLiteral("下达1条……"));
+    }
+
+    void allPlansAreChosenAndLeftOutByOneBox()
+    {
+        createSamples(2);
+        openSheet(2);
+        auto* const all = sheet()->findChild<QCheckBox*>(QStringLiteral("cb_all"));
+        QTest::mouseClick(all, Qt::LeftButton, {}, QPoint(8, all->height() / 2));
+        QVERIFY(!button("btn_issue")->isEnabled());
+        QCOMPARE(text("issueSums"), QStringLiteral("没有选择计划"));
+        QTest::mouseClick(all, Qt::LeftButton, {}, QPoint(8, all->height() / 2));
+        QCOMPARE(button("btn_issue")->text(), QStringLiteral("下达2条……"));
+    }
+
+    void aPlanThatAColleagueHasIssuedMeanwhileIsNotIssuedAgain()
+    {
+        const QString plan = createSamples(1).constFirst();
+        openSheet(1);
+        QVERIFY(InstructionIssuer::issueDay(SampleSession::today()));
+        boxOf([this] { click("btn_issue"); }, "msgBoxQuestion");
+        QTRY_VERIFY_WITH_TIMEOUT(!isWorking(), Patience);
+        QCOMPARE(cell(0, IssueSheetModel::ResultColumn), QStringLiteral("此前已下达"));
+        QCOMPARE(issued(), 1);
+    }
+
+    void aDayWithoutPlansSaysSo()
+    {
+        openSheet(0);
+        QCOMPARE(text("issueText"), QStringLiteral("今天没有要下达的计划。"));
+        QVERIFY(!button("btn_issue")->isEnabled());
+    }
+
+    // --- The states of plans
+
+    void aPlanIsPausedAndResumed()
+    {
+        const QString plan = createSamples(1).constFirst();
+        openWindow();
+        act("action_pause");
+        QTRY_COMPARE_WITH_TIMEOUT(stored(plan).state, PlanState::Paused, Patience);
+        QTRY_COMPARE_WITH_TIMEOUT(status(), QStringLiteral("1个计划已暂停"), Patience);
+        act("action_resume");
+        QTRY_COMPARE_WITH_TIMEOUT(stored(plan).state, PlanState::Active, Patience);
+    }
+
+    void stoppingAsksForTheReason()
+    {
+        const QString plan = createSamples(1).constFirst();
+        openWindow();
+        QTimer::singleShot(0, this, [this] {
+            QWidget* const dialog = QApplication::activeModalWidget();
+            QVERIFY(dialog);
+            auto* const stop = dialog->findChild<QAbstractButton*>(QStringLiteral("btn_stop"));
+            QVERIFY(!stop->isEnabled());
+            QTest::keyClicks(dialog->findChild<QLineEdit*>(QStringLiteral("le_reason")), QStringLiteral("halt"));
+            QVERIFY(stop->isEnabled());
+            QTest::mouseClick(stop, Qt::LeftButton);
+        });
+        act("action_stop");
+        QTRY_COMPARE_WITH_TIMEOUT(stored(plan).state, PlanState::Stopped, Patience);
+        const auto entries = *HistoryStore(ClientSession::instance().database()).ofPlan(1);
+        QCOMPARE(entries.last().after.value(QStringLiteral("reason")).toString(), QStringLiteral("halt"));
+    }
+
+    void aPlanThatIsNotStoppedStays()
+    {
+        const QString plan = createSamples(1).constFirst();
+        openWindow();
+        QTimer::singleShot(0, this, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+        act("action_stop");
+        QCOMPARE(stored(plan).state, PlanState::Active);
+    }
+
+    void aStateThatCannotFollowIsExplained()
+    {
+        const QString plan = createSamples(1).constFirst();
+        openWindow();
+        boxes().expect(QStringLiteral("msgBoxWarning"), true);
+        act("action_archive");
+        QVector<MessageBoxResponder::Box> seen;
+        QTRY_VERIFY_WITH_TIMEOUT(!(seen += boxes().take()).isEmpty(), Patience);
+        QCOMPARE(seen.constFirst().text, QStringLiteral("计划%1进行中，不能变为已归档").arg(plan));
+        QCOMPARE(stored(plan).state, PlanState::Active);
+    }
+
+    void allPlansOfAnAccountArePausedAfterAQuestion()
+    {
+        const QStringList ids = createSamples(3);
+        openWindow();
+        QCOMPARE(
+            boxOf([this] { act("action_pauseAll"); }, "msgBoxQuestion"), QStringLiteral("暂停账户100001的全部计划？"));
+        QTRY_COMPARE_WITH_TIMEOUT(status(), QStringLiteral("3个计划已暂停"), Patience);
+        for (const QString& plan : ids)
+            QCOMPARE(stored(plan).state, PlanState::Paused);
+    }
+
+private:
+    IssueSheet* sheet() const { return window().findChild<IssueSheet*>(); }
+    QAbstractItemModel* rows() const { return sheet()->findChild<IssueSheetModel*>(); }
+    QString cell(int row, int column) const { return rows()->index(row, column).data().toString(); }
+    QString text(const char* name) const { return sheet()->findChild<QLabel*>(QLatin1String(name))->text(); }
+    bool isWorking() const { return button("btn_close")->text() == QStringLiteral("取消"); }
+
+    QAbstractButton* button(const char* name) const
+    {
+        return sheet()->findChild<QAbstractButton*>(QLatin1String(name));
+    }
+
+    void click(const char* name) const { QTest::mouseClick(button(name), Qt::LeftButton); }
+
+    /// Opens the sheet by its key, and waits until it has read as many plans.
+    void openSheet(int plans)
+    {
+        openWindow();
+        QVERIFY(press(&window(), Qt::Key_I, Qt::ControlModifier));
+        QVERIFY(sheet() && sheet()->isVisible());
+        QTRY_VERIFY_WITH_TIMEOUT(!isWorking(), Patience);
+        QCOMPARE(rows()->rowCount(), plans);
+    }
+
+    /// Presses the space bar on a row.
+    void toggle(int row) const
+    {
+        auto* const table = sheet()->findChild<QTableView*>();
+        table->setCurrentIndex(rows()->index(row, IssueSheetModel::Plan));
+        QTest::keyClick(table, Qt::Key_Space);
+    }
+
+    QString status() const { return field<QLabel>(window(), "status")->text(); }
+    void act(const char* name) const { window().findChild<QAction*>(QLatin1String(name))->trigger(); }
+
+    static int issued()
+    {
+        Database& database = ClientSession::instance().database();
+        return database.value(QStringLiteral("SELECT count(*) FROM instructions"))->toInt();
+    }
+
+    static StoredPlan stored(const QString& plan)
+    {
+        return ClientSession::instance().plans().plan(plan).valueOr(StoredPlan());
+    }
+};
+
+QTEST_MAIN(DeskTest)
+#include "tst_desk.moc"
