@@ -128,7 +128,7 @@ private Q_SLOTS:
         QVERIFY(dialog().isVisible());
         m_proxy->resume();
         QTRY_VERIFY_WITH_TIMEOUT(!line()->isVisible(), Patience);
-        QCOMPARE(totalOfForm(), QStringLiteral("3000"));
+        QCOMPARE(totalOfForm(), QStringLiteral("3,000"));
         QCOMPARE(send(), QStringLiteral("交易计划%1修改成功!").arg(plan));
         QCOMPARE(plans().plan(plan)->version, 2);
     }
@@ -214,7 +214,7 @@ private Q_SLOTS:
             QCOMPARE(outcomeLater(), QStringLiteral("连接中断前提交的计划未保存，请重新提交。"));
             QVERIFY(dialog().isVisible());
             QCOMPARE(totalOnServer(plan), QStringLiteral("1000"));
-            QCOMPARE(totalOfForm(), QStringLiteral("3000"));
+            QCOMPARE(totalOfForm(), QStringLiteral("3,000"));
             QCOMPARE(send(), QStringLiteral("交易计划%1修改成功!").arg(plan));
             QCOMPARE(plans().plan(plan)->version, 2);
         }
@@ -235,11 +235,11 @@ private Q_SLOTS:
         dialogDriver().type("le_targetTotalNum", QStringLiteral("4000"));
         QCOMPARE(outcomeLater(), QStringLiteral("连接中断前提交的计划%1已保存。").arg(plan));
         QVERIFY(dialog().isVisible());
-        QCOMPARE(totalOfForm(), QStringLiteral("4000"));
+        QCOMPARE(totalOfForm(), QStringLiteral("4,000"));
         // Its values do not get into the next form.
         dialog().leave();
         pressForEditor(Qt::Key_N);
-        QVERIFY(totalOfForm() != QStringLiteral("4000"));
+        QVERIFY(totalOfForm() != QStringLiteral("4,000"));
     }
 
     void aDayWhoseOutcomeWasUnknownIsReportedLater_data() { addFates(); }

@@ -64,12 +64,12 @@ private Q_SLOTS:
         QCOMPARE(line()->text(), QStringLiteral("与服务器的连接已断开，正在重新连接……"));
         QVERIFY(!send("msgBoxWarning").isEmpty());
         QVERIFY(dialog().isVisible());
-        QCOMPARE(totalOfForm(), QStringLiteral("3000"));
+        QCOMPARE(totalOfForm(), QStringLiteral("3,000"));
 
         FaultServer::start();
         QTRY_VERIFY_WITH_TIMEOUT(!line()->isVisible(), Patience);
         QVERIFY(dialog().isVisible());
-        QCOMPARE(totalOfForm(), QStringLiteral("3000"));
+        QCOMPARE(totalOfForm(), QStringLiteral("3,000"));
         QCOMPARE(send(), QStringLiteral("交易计划%1修改成功!").arg(plan));
         QCOMPARE(m_server.open(session().ownersFile()), Status());
         const auto stored = PlanStore(m_server).plan(plan);
