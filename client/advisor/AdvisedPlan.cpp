@@ -11,6 +11,8 @@ AdvisedPlan::AdvisedPlan(const World& ofWorld, const FormReading& ofForm, const 
     , read(security && account ? ofRead : std::nullopt)
     , record(recordOf())
     , closes(closesOf())
+    , names(namesOf())
+    , formula(formulaOf())
     , price(priceOf())
     , terms(termsOf())
     , forecast(forecastOf())
@@ -41,6 +43,18 @@ QVector<qint64> AdvisedPlan::closesOf() const
     if (!hasFacts())
         return {};
     return PlanFacts::closesBefore(facts().closes, world.calendar, *security, world.today);
+}
+
+QHash<QString, double> AdvisedPlan::namesOf() const
+{
+    return closes.isEmpty() ? QHash<QString, double>() : namedPrices(*security, closes);
+}
+
+Result<double> AdvisedPlan::formulaOf() const
+{
+    if (closes.isEmpty())
+        return { Error::NoCloses, { form.symbol } };
+    return formulaResult(record, names);
 }
 
 Result<DayPrice> AdvisedPlan::priceOf() const

@@ -26,6 +26,9 @@ struct AdvisedPlan {
     const std::optional<Result<AdvisorFacts>> read;
     const PlanStore::Record record; ///< empty without an account or a security
     const QVector<qint64> closes;   ///< before today, in ticks, oldest first; empty without facts
+    /// The prices that a formula may use, and the result of the plan's formulas in yuan.
+    const QHash<QString, double> names;
+    const Result<double> formula;
     /// The price of the next day, its orders and the days of the period; fail without facts, and for a plan that has
     /// none.
     const Result<DayPrice> price;
@@ -48,6 +51,8 @@ struct AdvisedPlan {
 private:
     PlanStore::Record recordOf() const;
     QVector<qint64> closesOf() const;
+    QHash<QString, double> namesOf() const;
+    Result<double> formulaOf() const;
     Result<DayPrice> priceOf() const;
     Result<OrderTerms> termsOf() const;
     Result<PlanForecast> forecastOf() const;

@@ -351,8 +351,11 @@ void AdvisorPanel::presentForecast(const AdvisedPlan& plan)
     markFaulty(m_headline, !ForecastTexts::isInTime(plan));
     setText(m_reduction, reduction);
     m_reduction->setVisible(!reduction.isEmpty());
-    m_chart->setForecast(plan.forecast.valueOr(PlanForecast()), headline);
-    m_days->setRows(ForecastTexts::rows(plan));
+    const PlanForecast forecast = plan.forecast.valueOr(PlanForecast());
+    m_chart->setForecast(forecast, headline);
+    m_days->setRows(forecast.days.size(), [days = forecast.days, isAmount = plan.form.isAmount()](int day) {
+        return ForecastTexts::row(days.at(day), isAmount);
+    });
 }
 
 QSize AdvisorPanel::sizeHint() const

@@ -41,22 +41,6 @@ QString issuedText(const ForecastDay& day)
     return day.quantity > 0 ? Advisor::number(static_cast<double>(day.quantity)) : QStringLiteral("–");
 }
 
-AdvisorRow dayRow(const ForecastDay& day, bool isAmount)
-{
-    constexpr int YuanDecimals = 2;
-    const QString date = day.day.toString(Qt::ISODate);
-    const bool trades = day.kind == TradeCalendar::Day::Trades;
-    AdvisorRow row;
-    row.cells = QStringList{ day.isProvisional ? Advisor::tr("%1（未核实）").arg(date) : date, issuedText(day),
-        day.quantity > 0 ? Advisor::number(day.yuan, YuanDecimals) : QString(),
-        trades ? Advisor::number(day.left, isAmount ? YuanDecimals : 0) : QString() };
-    if (day.kind == TradeCalendar::Day::Closed)
-        row.mark = Mark::Shaded;
-    else if (day.kind == TradeCalendar::Day::Unknown || day.isProvisional)
-        row.mark = Mark::Doubtful;
-    return row;
-}
-
 } // namespace
 
 QString ForecastTexts::headline(const AdvisedPlan& plan)
@@ -90,15 +74,20 @@ QString ForecastTexts::reduction(const AdvisedPlan& plan)
         .arg(Advisor::withUnit(share.total * share.ratio, false), QString::number(share.ratio * 100));
 }
 
-AdvisorRows ForecastTexts::rows(const AdvisedPlan& plan)
+AdvisorRow ForecastTexts::row(const ForecastDay& day, bool isAmount)
 {
-    AdvisorRows rows;
-    if (!plan.forecast)
-        return rows;
-    rows.reserve(plan.forecast->days.size());
-    for (const ForecastDay& day : plan.forecast->days)
-        rows << dayRow(day, plan.form.isAmount());
-    return rows;
+    constexpr int YuanDecimals = 2;
+    const QString date = day.day.toString(Qt::ISODate);
+    const bool trades = day.kind == TradeCalendar::Day::Trades;
+    AdvisorRow shown;
+    shown.cells = QStringList{ day.isProvisional ? Advisor::tr("%1（未核实）").arg(date) : date, issuedText(day),
+        day.quantity > 0 ? Advisor::number(day.yuan, YuanDecimals) : QString(),
+        trades ? Advisor::number(day.left, isAmount ? YuanDecimals : 0) : QString() };
+    if (day.kind == TradeCalendar::Day::Closed)
+        shown.mark = Mark::Shaded;
+    else if (day.kind == TradeCalendar::Day::Unknown || day.isProvisional)
+        shown.mark = Mark::Doubtful;
+    return shown;
 }
 
 AdvisorColumns ForecastTexts::columns()

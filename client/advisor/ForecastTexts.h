@@ -11,7 +11,7 @@ QString headline(const AdvisedPlan& plan);
 /// What a reduction's ratio means; empty for any other plan.
 QString reduction(const AdvisedPlan& plan);
 /// Date, what goes out, its amount, what remains.
-AdvisorRows rows(const AdvisedPlan& plan);
+AdvisorRow row(const ForecastDay& day, bool isAmount);
 AdvisorColumns columns();
 /// Whether nothing keeps the plan from ending in time, as far as it is known.
 bool isInTime(const AdvisedPlan& plan);

@@ -28,7 +28,7 @@ QString text(const AdvisedPlan& plan, qint64 ticks)
 /// The result of the formulas; the plan has a price with a limit.
 double result(const AdvisedPlan& plan)
 {
-    return formulaResult(plan.record, namedPrices(*plan.security, plan.closes)).valueOr(0);
+    return plan.formula.valueOr(0);
 }
 
 } // namespace
@@ -75,7 +75,7 @@ AdvisorRows FormulaFacts::rows(const AdvisedPlan& plan)
     AdvisorRows rows;
     if (plan.closes.isEmpty())
         return rows;
-    const QHash<QString, double> prices = namedPrices(*plan.security, plan.closes);
+    const QHash<QString, double>& prices = plan.names;
     const QString day = plan.lastClose().toString(Qt::ISODate);
     const QString today = plan.world.today.toString(Qt::ISODate);
     for (const QString& name : priceNames()) {

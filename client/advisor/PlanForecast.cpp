@@ -3,6 +3,8 @@
 #include "PlanCodes.h"
 #include "TickPrice.h"
 
+#include <cmath>
+
 namespace {
 
 /// Follows a plan from day to day.
@@ -11,25 +13,36 @@ public:
     explicit Course(const ForecastedPlan& plan)
         : m_plan(plan)
         , m_terms(plan.terms)
+        , m_yuan(TickPrice::toYuan(plan.price.limit.value_or(plan.price.reference), plan.security.pricePrecision))
     {
     }
 
     double left() const { return qMax(0.0, m_terms.share.total - m_terms.share.used); }
     /// Whether less is left than a lot.
     bool isDone() const;
+    /// Repeats the fill of the last day as long as the order stays the same. Returns how often.
+    int repeat(double filled, int most);
     /// Issues the order of a trade day. Returns whether anything was filled.
     bool issue(int daysLeft, ForecastDay& day);
 
 private:
     const ForecastedPlan& m_plan;
     OrderTerms m_terms;
+    const double m_yuan; ///< of one unit
 };
 
 bool Course::isDone() const
 {
-    const DayPrice& price = m_plan.price;
-    const double yuan = TickPrice::toYuan(price.limit.value_or(price.reference), m_plan.security.pricePrecision);
-    return lotsWithin(m_terms.isAmount ? left() / yuan : left(), m_plan.security.quantityStep) == 0;
+    return lotsWithin(m_terms.isAmount ? left() / m_yuan : left(), m_plan.security.quantityStep) == 0;
+}
+
+// An order is at most three times as large as its fill, so it stays the same while so much is left.
+int Course::repeat(double filled, int most)
+{
+    constexpr double OrderInFills = 3;
+    const int times = static_cast<int>(qBound(0.0, std::floor(left() / filled) - OrderInFills, double(most)));
+    m_terms.share.used += times * filled;
+    return times;
 }
 
 bool Course::issue(int daysLeft, ForecastDay& day)
@@ -68,10 +81,13 @@ QVector<ForecastDay> daysOf(const ForecastedPlan& plan, int& tradeDays)
 std::optional<int> daysBeyond(Course& course, int tradeDays)
 {
     int more = 0;
-    for (; tradeDays + more <= Forecast::MostDays && !course.isDone(); ++more) {
+    while (tradeDays + more <= Forecast::MostDays && !course.isDone()) {
         ForecastDay day;
+        const double before = course.left();
         if (!course.issue(1, day))
             return {};
+        ++more;
+        more += course.repeat(before - course.left(), Forecast::MostDays + 1 - tradeDays - more);
     }
     return more;
 }

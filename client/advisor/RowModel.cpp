@@ -14,8 +14,33 @@ RowModel::RowModel(const AdvisorColumns& columns, QObject* parent)
 
 void RowModel::setRows(const AdvisorRows& rows)
 {
-    if (rows == m_rows)
-        return;
+    if (rows != m_rows)
+        replace(rows);
+    m_make = nullptr;
+}
+
+void RowModel::setRows(int count, const std::function<AdvisorRow(int row)>& make)
+{
+    m_make = make;
+    replace(AdvisorRows(count));
+}
+
+const AdvisorRows& RowModel::rows() const
+{
+    for (int i = 0; i < m_rows.size(); ++i)
+        row(i);
+    return m_rows;
+}
+
+const AdvisorRow& RowModel::row(int index) const
+{
+    if (m_make && m_rows.at(index).cells.isEmpty())
+        m_rows[index] = m_make(index);
+    return m_rows.at(index);
+}
+
+void RowModel::replace(const AdvisorRows& rows)
+{
     if (rows.size() != m_rows.size()) {
         beginResetModel();
         m_rows = rows;
@@ -23,6 +48,8 @@ void RowModel::setRows(const AdvisorRows& rows)
         return;
     }
     m_rows = rows;
+    if (rows.isEmpty())
+        return;
     Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
 }
 
@@ -48,18 +75,18 @@ int RowModel::columnCount(const QModelIndex& parent) const
 
 QVariant RowModel::data(const QModelIndex& index, int role) const
 {
-    const AdvisorRow& row = m_rows.at(index.row());
-    const bool isShaded = row.mark == Mark::Shaded;
+    const AdvisorRow& shown = row(index.row());
+    const bool isShaded = shown.mark == Mark::Shaded;
     if (role == Qt::DisplayRole)
-        return row.cells.value(index.column());
+        return shown.cells.value(index.column());
     if (role == Qt::ToolTipRole)
-        return PlainText::toolTip(row.cells.value(index.column()));
+        return PlainText::toolTip(shown.cells.value(index.column()));
     if (role == Qt::TextAlignmentRole && m_columns.at(index.column()).isNumber)
         return int(Qt::AlignRight | Qt::AlignVCenter);
-    if (role == Qt::BackgroundRole && isShaded && color(row.mark).isValid())
-        return QBrush(color(row.mark));
-    if (role == Qt::ForegroundRole && !isShaded && color(row.mark).isValid())
-        return QBrush(color(row.mark));
+    if (role == Qt::BackgroundRole && isShaded && color(shown.mark).isValid())
+        return QBrush(color(shown.mark));
+    if (role == Qt::ForegroundRole && !isShaded && color(shown.mark).isValid())
+        return QBrush(color(shown.mark));
     return {};
 }
 

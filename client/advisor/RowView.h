@@ -22,6 +22,7 @@ public:
     RowView(const QString& name, const AdvisorColumns& columns, int options, QWidget* parent);
 
     void setRows(const AdvisorRows& rows);
+    void setRows(int count, const std::function<AdvisorRow(int row)>& make) { m_model->setRows(count, make); }
     const AdvisorRows& rows() const { return m_model->rows(); }
 
     QColor shadedColor() const { return m_model->color(Mark::Shaded); }
