@@ -1,5 +1,6 @@
 #include "AdvisedPlan.h"
 
+#include "PlanCodes.h"
 #include "PlanFacts.h"
 
 AdvisedPlan::AdvisedPlan(const World& ofWorld, const FormReading& ofForm, const StoredAccount* ofAccount,
@@ -61,6 +62,9 @@ Result<DayPrice> AdvisedPlan::priceOf() const
 {
     if (!hasFacts())
         return { Error::NoCloses, { form.symbol } };
+    // Not evaluated once more.
+    if (formula && form.priceMode != PlanCodes::PriceModel::NoLimit)
+        return limitedPrice(*formula, closes.constLast(), *security);
     return dayPrice(record, *security, closes);
 }
 

@@ -18,18 +18,6 @@ Result<double> evaluated(const QVariant& formula, const QHash<QString, double>& 
     return PriceFormula::evaluate(formula.toString(), priceNames(), prices);
 }
 
-Result<DayPrice> limited(double yuan, qint64 reference, const Security& security)
-{
-    const auto ticks = TickPrice::fromYuan(yuan, security.pricePrecision);
-    if (!ticks || *ticks < 1)
-        return Error::PriceOutOfRange;
-    if (!security.hasPriceLimit())
-        return DayPrice{ *ticks, reference, false };
-    const TickPrice::Limits limits = TickPrice::limits(reference, security.limitPerMille);
-    const qint64 limit = qBound(limits.down, *ticks, limits.up);
-    return DayPrice{ limit, reference, limit != *ticks };
-}
-
 } // namespace
 
 const QStringList& priceNames()
@@ -68,6 +56,18 @@ Result<double> formulaResult(const PlanStore::Record& record, const QHash<QStrin
     return model == PriceModel::CompareMax ? qMax(*first, *second) : qMin(*first, *second);
 }
 
+Result<DayPrice> limitedPrice(double yuan, qint64 reference, const Security& security)
+{
+    const auto ticks = TickPrice::fromYuan(yuan, security.pricePrecision);
+    if (!ticks || *ticks < 1)
+        return Error::PriceOutOfRange;
+    if (!security.hasPriceLimit())
+        return DayPrice{ *ticks, reference, false };
+    const TickPrice::Limits limits = TickPrice::limits(reference, security.limitPerMille);
+    const qint64 limit = qBound(limits.down, *ticks, limits.up);
+    return DayPrice{ limit, reference, limit != *ticks };
+}
+
 Result<DayPrice> dayPrice(const PlanStore::Record& record, const Security& security, const QVector<qint64>& closes)
 {
     if (closes.isEmpty())
@@ -77,7 +77,7 @@ Result<DayPrice> dayPrice(const PlanStore::Record& record, const Security& secur
     const Result<double> yuan = formulaResult(record, namedPrices(security, closes));
     if (!yuan)
         return yuan.status();
-    return limited(*yuan, closes.constLast(), security);
+    return limitedPrice(*yuan, closes.constLast(), security);
 }
 
 Fill simulateFill(bool isBuy, const DayPrice& price, qint64 quantity, int lot)

@@ -36,6 +36,8 @@ struct DayPrice {
     bool cutToLimit = false;
 };
 
+/// The price of a day for a result of formulas, cut to the limit prices of the day. `reference`: the close before it.
+Result<DayPrice> limitedPrice(double yuan, qint64 reference, const Security& security);
 /// Computes a plan's price from its mode and formulas. `closes`: the security's closing prices before the day in ticks,
 /// oldest first.
 Result<DayPrice> dayPrice(const PlanStore::Record& record, const Security& security, const QVector<qint64>& closes);
