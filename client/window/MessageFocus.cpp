@@ -142,7 +142,9 @@ bool MessageFocus::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched != m_form || event->type() != QEvent::ChildPolished)
         return QObject::eventFilter(watched, event);
-    auto* const box = qobject_cast<QDialog*>(static_cast<QChildEvent*>(event)->child());
+    // A child that is polished is complete.
+    QObject* const child = static_cast<QChildEvent*>(event)->child();
+    auto* const box = qobject_cast<QDialog*>(child);
     if (box && box->objectName().startsWith(QLatin1String("msgBox"))) {
         const QString text = box->accessibleDescription();
         connect(box, &QDialog::finished, this,
