@@ -1,6 +1,6 @@
 // Generates a database for the benchmarks: make_data FILE SECURITIES ACCOUNTS PLANS INSTRUCTIONS
-// The accounts belong to the user "bench". The first account has 250 positions and all plans; the first plan has the
-// instructions.
+// The accounts belong to the user "bench". The first account has 250 positions. The first plan has the instructions. If
+// there is one account, it has all plans, which are equal; otherwise they differ in account, security and period.
 #include "AccountStore.h"
 #include "AuthorityStore.h"
 #include "AutoPlanField.h"
@@ -19,6 +19,8 @@
 
 #include <QCoreApplication>
 #include <QFile>
+
+#include <random>
 
 namespace {
 
@@ -95,14 +97,47 @@ QMap<QString, QVariant> planRecord()
     return record;
 }
 
-QString writePlans(ClientSession& session, int count)
+/// Plans of four years, of which about one in a hundred is due on the day of the data.
+class PlanRecords {
+public:
+    PlanRecords(Database& database, int accounts, int plans)
+        : m_accounts(accounts)
+        , m_plans(plans)
+        , m_symbols(*database.texts(QStringLiteral("SELECT symbol FROM securities ORDER BY position"), {}))
+    {
+    }
+
+    QMap<QString, QVariant> record(int plan)
+    {
+        QMap<QString, QVariant> record = planRecord();
+        if (m_accounts == 1)
+            return record;
+        const QDate begin = SampleSession::today().addDays(10 - Days + qint64(plan) * Days / m_plans);
+        const auto any = [this](int of) { return static_cast<int>(m_random() % static_cast<unsigned>(of)); };
+        record.insert(Kelvo_Fields::UserAccount::tradingAccount, numberOf(any(m_accounts)));
+        record.insert(Kelvo_Fields::Security::symbol, m_symbols.at(any(m_symbols.size())));
+        record.insert(AutoPlanField::BaseField::beginDate, begin.toString(Qt::ISODate));
+        record.insert(AutoPlanField::BaseField::endDate, begin.addDays(any(30)).toString(Qt::ISODate));
+        return record;
+    }
+
+private:
+    static constexpr int Days = 1500;
+
+    const int m_accounts;
+    const int m_plans;
+    const QStringList m_symbols;
+    std::minstd_rand m_random; // the same in each run
+};
+
+QString writePlans(ClientSession& session, int accounts, int count)
 {
     PlanStore plans = session.plans();
-    const QMap<QString, QVariant> record = planRecord();
+    PlanRecords records(session.database(), accounts, count);
     const Change change{ Owner, QDateTime(SampleSession::today(), QTime(9, 30)) };
     QString first;
     for (int i = 0; i < count; ++i) {
-        const Result<QString> id = plans.create(record, change);
+        const Result<QString> id = plans.create(records.record(i), change);
         require(id.status());
         if (first.isEmpty())
             first = *id;
@@ -141,7 +176,7 @@ void make(const QString& file, int securities, int accounts, int plans, int inst
             writeAccount(session.database(), i);
         writePositions(session.database());
         if (plans > 0)
-            writeInstructions(session, writePlans(session, plans), instructions);
+            writeInstructions(session, writePlans(session, accounts, plans), instructions);
         return Status();
     }));
     session.close();

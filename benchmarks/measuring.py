@@ -12,9 +12,11 @@ INSTRUCTIONS = [100, 1_000, 10_000]
 ISSUED_PLANS = 100_000
 SERVER_PLANS = [1_000, 1_000_000]
 STARTED_PLANS = [1_000, 1_000_000]
+TABLE_PLANS = 1_000_000
+TABLE_ACCOUNTS = 100
 CONFIRM_RUNS = 5
 # Version of the generated data; increment it when the output of make_data changes.
-DATA_VERSION = 4
+DATA_VERSION = 5
 
 
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
@@ -152,9 +154,17 @@ def _check(programs, least, instructions):
 
 
 def _table(programs, least, plans):
-    printed = programs.run("bench_table", programs.database(plans=plans), user="bench")["openTable"]
+    database = programs.database(plans=plans)
+    printed = programs.run("bench_table", database, user="bench", only="openTable")["openTable"]
     least.note(("table", plans), printed["least_ms"])
     least.note(("memory", plans), printed["window_mib"])
+
+
+def _use_of_table(programs, least):
+    database = programs.database(securities=10_000, accounts=TABLE_ACCOUNTS, plans=TABLE_PLANS)
+    for name in ("sort", "filter", "search", "jump", "letterKey"):
+        printed = programs.run("bench_table", database, user="bench", only=f"^{name}/")
+        least.note(("use of table", name), printed[name]["slowest_ms"])
 
 
 def _plans(programs, least, reads, plans):
@@ -225,6 +235,9 @@ def measure(programs, rounds, log):
             log(f"  {plans:,} plans")
             _table(programs, least, plans)
             _plans(programs, least, reads, plans)
+        log(f"  {TABLE_PLANS:,} plans in the table")
+        _table(programs, least, TABLE_PLANS)
+        _use_of_table(programs, least)
         log("  one plan")
         for instructions in INSTRUCTIONS:
             _check(programs, least, instructions)
@@ -274,6 +287,12 @@ def _figures(least, ratios, syncs, reads, editors):
         "confirm_log_syncs": max(syncs),
         "table_ms": least["table", 100_000],
         "table_memory": least["memory", 100_000] / least["memory", 1_000],
+        "table_memory_million": least["memory", TABLE_PLANS] / least["memory", 1_000],
+        "table_sort_ms": least["use of table", "sort"],
+        "table_filter_ms": least["use of table", "filter"],
+        "table_search_ms": least["use of table", "search"],
+        "table_jump_ms": least["use of table", "jump"],
+        "table_letter_ms": least["use of table", "letterKey"],
         "editors_memory": min(editors),
         "start_ms": least["start", 100_000],
         "plans_start_ratio": least["start and end", STARTED_PLANS[1]] / least["start and end", STARTED_PLANS[0]],

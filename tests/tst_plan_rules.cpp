@@ -423,7 +423,6 @@ private Q_SLOTS:
         for (const QString& id : all) {
             const bool isSeen = seen.contains(id);
             QCOMPARE(plans.plan(id)->id, isSeen ? id : QString());
-            QCOMPARE(plans.newerThan(id).valueOr(-2), seen.indexOf(id));
             QCOMPARE(service().GetPlanInfo(id).isEmpty(), !isSeen);
             QCOMPARE(service().GetPlanInstruction(id).size(), isSeen ? 1 : 0);
             if (!isSeen)

@@ -7,7 +7,6 @@
 #include "PlanCodes.h"
 #include "PlanEvents.h"
 #include "PlanFormatter.h"
-#include "PlanTableModel.h"
 #include "TestStatus.h"
 
 #include <QAction>
@@ -401,77 +400,6 @@ private Q_SLOTS:
         QVERIFY2(end.output.contains(QStringLiteral("核对一致的计划9个，问题0个")), qPrintable(end.output));
     }
 
-    void theTableReadsThePagesThatAreShown()
-    {
-        const QStringList ids = createSamples(120);
-        PlanTableModel model;
-        QCOMPARE(model.refresh(), Status());
-        QCOMPARE(model.rowCount(), 120);
-        QCOMPARE(model.index(1, PlanTableModel::Target).data().toString(), QStringLiteral("1,000 股"));
-
-        // Rows that were shown are kept, others are read now.
-        Record changed = SampleSession::record();
-        changed.insert(BaseField::totalQty, QStringLiteral("2000"));
-        for (int row : { 1, 60 })
-            QCOMPARE(plans().modify(ids.at(row), 1, changed, ClientSession::instance().changeNow()), Status());
-        QCOMPARE(model.index(1, PlanTableModel::Target).data().toString(), QStringLiteral("1,000 股"));
-        QCOMPARE(model.index(60, PlanTableModel::Target).data().toString(), QStringLiteral("2,000 股"));
-        QCOMPARE(model.refresh(), Status());
-        QCOMPARE(model.index(1, PlanTableModel::Target).data().toString(), QStringLiteral("2,000 股"));
-        QCOMPARE(model.index(119, PlanTableModel::Id).data().toString(), ids.constLast());
-        QCOMPARE(model.plan(120).id, QString());
-    }
-
-    void theTableFetchesMoreRowsWhenNeeded()
-    {
-        ClientSession& session = ClientSession::instance();
-        const Record record = SampleSession::record();
-        QStringList ids;
-        const Status stored = session.database().transaction([&] {
-            for (int i = 0; i < 900; ++i)
-                ids.prepend(*session.plans().create(record, session.changeNow()));
-            return Status();
-        });
-        QCOMPARE(stored, Status());
-        PlanTableModel model;
-        QCOMPARE(model.refresh(), Status());
-        QCOMPARE(model.planCount(), 900);
-        QCOMPARE(model.rowCount(), 200);
-        QVERIFY(model.canFetchMore(QModelIndex()));
-        model.fetchMore(QModelIndex());
-        QCOMPARE(model.rowCount(), 400);
-        QCOMPARE(model.refresh(), Status());
-        QCOMPARE(model.rowCount(), 400);
-
-        const QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
-        QCOMPARE(model.reveal(ids.at(399)), 399);
-        QCOMPARE(inserted.count(), 0);
-        QCOMPARE(model.reveal(ids.at(500)), 500);
-        QCOMPARE(inserted.count(), 1);
-        QCOMPARE(model.rowCount(), 501);
-        QCOMPARE(model.index(500, PlanTableModel::Id).data().toString(), ids.at(500));
-        model.fetchMore(QModelIndex());
-        QCOMPARE(model.rowCount(), 900);
-        QVERIFY(!model.canFetchMore(QModelIndex()));
-    }
-
-    void everyPlanIsFoundByItsId()
-    {
-        QStringList ids = createSamples(7);
-        PlanTableModel model;
-        QCOMPARE(model.refresh(), Status());
-        for (int row = 0; row < ids.size(); ++row)
-            QCOMPARE(model.reveal(ids.at(row)), row);
-        for (const char* const unknown : { "AP00000099", "no id", "" })
-            QCOMPARE(model.reveal(QLatin1String(unknown)), -1);
-
-        // Rows move when a plan is stored without the table's knowledge.
-        ids.prepend(session().create(SampleSession::record()));
-        QCOMPARE(model.reveal(ids.at(3)), 3);
-        QCOMPARE(model.index(3, PlanTableModel::Id).data().toString(), ids.at(3));
-        QCOMPARE(model.reveal(ids.constFirst()), 0);
-    }
-
     void aPlanIsDescribedInWords()
     {
         Record record = SampleSession::withOther(SampleSession::record(),
@@ -608,32 +536,6 @@ private Q_SLOTS:
         QVERIFY(window().currentPlan() != id);
         QCOMPARE(*plans().count(), 2);
         QCOMPARE(*plans().record(window().currentPlan()), *plans().record(id));
-    }
-
-    void manyPlansAreCountedBesideTheWindow()
-    {
-        constexpr int Many = 2500;
-        QStringList ids;
-        QCOMPARE(ClientSession::instance().database().transaction([&ids] {
-            for (int i = 0; i < Many; ++i)
-                ids << *plans().create(SampleSession::record(), ClientSession::instance().changeNow());
-            return Status();
-        }),
-            Status());
-        PlanTableModel model;
-        QCOMPARE(model.refresh(), Status());
-        QVERIFY(model.isCounting());
-        QCOMPARE(model.planCount(), 1000);
-        QTRY_COMPARE(model.planCount(), Many);
-        QVERIFY(!model.isCounting());
-        openWindow();
-        QTRY_COMPARE(text(window(), "status"), QStringLiteral("共2500个计划"));
-        window().selectPlan(ids.constFirst());
-        QCOMPARE(window().currentPlan(), ids.constFirst());
-        QCOMPARE(field<QTableView>(window(), "planTable")->model()->rowCount(), Many);
-        QVERIFY(press(&window(), Qt::Key_F5));
-        QCOMPARE(text(window(), "status"), QStringLiteral("共2500个计划"));
-        QCOMPARE(window().currentPlan(), ids.constFirst());
     }
 
     void aReadThatFailsIsShownAndKeepsTheRows()

@@ -96,14 +96,14 @@ private Q_SLOTS:
 
     void aPageOfTheTable()
     {
-        createSamples(60);
+        createSamples(160);
         openWindow();
         auto* const table = window().findChild<QTableView*>(QStringLiteral("planTable"));
         sent.clear();
         QTest::keyClick(table, Qt::Key_End, Qt::ControlModifier);
         QCoreApplication::processEvents();
-        // The page, and the instructions and the history of the current plan.
-        checkSent(3);
+        // The page with its progress, and the instructions and the history of the current plan.
+        checkSent(4);
     }
 
     void theTableReadAgain()

@@ -52,6 +52,7 @@ QList<Look> textLooks()
         { words("a button"), { button }, { button } },
         { words("a button under the mouse"), { button }, { button, words("QPushButton:hover") } },
         { words("a pressed button"), { button }, { button, words("QPushButton:pressed") } },
+        { words("a chosen button"), { words("QPushButton:checked") }, { words("QPushButton:checked") } },
         { words("a disabled button"), { button, words("QPushButton:disabled") }, { words("QPushButton:disabled") } },
         { words("the main button"), { button, highlight }, { highlight } },
         { words("the main button with the focus"), { highlight }, { highlight, highlight + words(":focus") } },
@@ -61,6 +62,12 @@ QList<Look> textLooks()
         { words("a disabled button that is a text"), { text + words(":disabled") }, { form } },
         { words("a row"), { rows }, { rows } },
         { words("every other row"), { rows }, { rows }, words("color"), words("alternate-background-color") },
+        { words("a purchase"), { words("PlanTable") }, { rows }, words("qproperty-buyColor") },
+        { words("a purchase in every other row"), { words("PlanTable") }, { rows }, words("qproperty-buyColor"),
+            words("alternate-background-color") },
+        { words("a sale"), { words("PlanTable") }, { rows }, words("qproperty-sellColor") },
+        { words("a sale in every other row"), { words("PlanTable") }, { rows }, words("qproperty-sellColor"),
+            words("alternate-background-color") },
         { words("a row of a list with the focus"), { rows }, { words("QAbstractItemView:focus") } },
         { words("a row under the mouse"), { words("QAbstractItemView::item:hover") },
             { words("QAbstractItemView::item:hover") } },
@@ -141,6 +148,8 @@ QList<Look> frameLooks()
     for (const char* const part : { "bar", "line" })
         looks.append({ words("the chart's ") + words(part), { chart }, { chart },
             words("qproperty-%1Color").arg(words(part)), words("qproperty-groundColor") });
+    looks.append({ words("what is filled"), { words("PlanTable") }, { words("PlanTable") },
+        words("qproperty-filledColor"), words("qproperty-groundColor") });
     looks.append({ words("the mark of a heading"), { words("OrloSubTitleWidget QFrame#titleMark") }, { form },
         words("background-color") });
     looks.append({ words("a check mark's ground"), { words("QCheckBox::indicator:checked") }, { form },

@@ -157,7 +157,11 @@ QVector<QPair<const char*, Read>> reads()
         { "page of plans",
             [] { return listed(client().plans().page(0, 50), [](const StoredPlan& each) { return each.id; }); } },
         { "number of plans", [] { return counted(client().plans().count()); } },
-        { "newer plans", [] { return counted(client().plans().newerThan(plan)); } },
+        { "places of plans",
+            [] {
+                return listed(client().plans().landmarks({}, 1),
+                    [](const PlanLandmark& each) { return QString::number(each.place.number); });
+            } },
         { "plans of a day",
             [] {
                 const auto plans = client().plans().plansOfDay(SampleSession::today());

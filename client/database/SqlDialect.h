@@ -20,8 +20,11 @@ struct SqlDialect {
     bool nestsChanges;
     /// A query of one text that changes with every change by this connection and every commit of another one.
     QString changeToken;
-    /// A query of the numbers of the newest plans of each account of a user. Its values are the user's id and how many.
-    QString newestOfAccounts;
+    /// The first plans of each account of a user: their numbers, and a column as "place". %1 is the column, %2 a
+    /// condition, %3 the direction. Its values are the user's id, those of the condition, and how many of each account.
+    QString plansOfAccounts;
+    /// The texts of a JSON list, which is its value, for IN.
+    QString listedTexts;
 
     static const SqlDialect& sqlite();
     static const SqlDialect& postgres();

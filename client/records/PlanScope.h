@@ -17,12 +17,13 @@ public:
     /// The numbers of the plans with these ids, for IN.
     static SqlQuery among(const QStringList& planIds);
 
-    /// A condition on a row of the plans.
+    bool isEvery() const { return m_isEvery; }
+    QString userId() const { return m_userId; }
+    QString userName() const { return m_userName; }
+
+    /// Conditions on a row of the plans: that it is in the scope, or is a plan of the user's accounts.
     SqlQuery condition() const;
-    /// The numbers of a page of plans, newest first. Its cost does not depend on the number of plans.
-    SqlQuery page(int offset, int limit, const SqlDialect& dialect) const;
-    /// How many plans have a larger number. Stops counting the user's plans and the assigned ones at `most` each.
-    SqlQuery countAbove(qint64 number, int most) const;
+    SqlQuery ofOwnAccount() const;
 
 private:
     bool m_isEvery = true;

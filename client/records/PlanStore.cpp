@@ -1,11 +1,19 @@
 #include "PlanStore.h"
 
 #include "HistoryStore.h"
+#include "PlanListQuery.h"
 #include "PlanRow.h"
 #include "RecordCheck.h"
 #include "StoredTime.h"
 
 #include <algorithm>
+
+namespace {
+
+const QString Oldest = QStringLiteral("number"); ///< first
+const QString Newest = QStringLiteral("number DESC");
+
+} // namespace
 
 PlanStore::PlanStore(Database& database)
     : m_database(database)
@@ -110,7 +118,7 @@ Result<StoredPlan> PlanStore::plan(const QString& planId)
     const auto number = PlanId::toNumber(planId);
     if (!number)
         return StoredPlan();
-    const auto found = read(isPlan(*number));
+    const auto found = read(isPlan(*number), Oldest);
     return found ? Result<StoredPlan>(found->value(0)) : found.status();
 }
 
@@ -119,7 +127,7 @@ Result<StoredPlan> PlanStore::lockedPlan(const QString& planId)
     const auto number = PlanId::toNumber(planId);
     if (!number)
         return StoredPlan();
-    const auto found = read(isPlan(*number), true);
+    const auto found = read(isPlan(*number), Oldest, true);
     return found ? Result<StoredPlan>(found->value(0)) : found.status();
 }
 
@@ -133,38 +141,50 @@ Result<QVector<StoredPlan>> PlanStore::plans(const QStringList& planIds)
 {
     const SqlQuery among = PlanScope::among(planIds);
     const SqlQuery visible = m_scope.condition();
-    Result<QVector<StoredPlan>> found =
-        read({ QStringLiteral("number IN %1 AND %2").arg(among.text, visible.text), among.values + visible.values });
-    if (found)
-        std::reverse(found->begin(), found->end());
-    return found;
+    return read(
+        { QStringLiteral("number IN %1 AND %2").arg(among.text, visible.text), among.values + visible.values }, Oldest);
+}
+
+Result<QVector<StoredPlan>> PlanStore::page(const PlanList& list, const PlanSlice& slice)
+{
+    if (slice.offset < 0 || slice.limit < 1)
+        return QVector<StoredPlan>();
+    const PlanListQuery query(m_scope, list, m_database.dialect());
+    const SqlQuery numbers = query.slice(slice);
+    Result<QVector<StoredPlan>> plans =
+        read({ QStringLiteral("number IN (%1)").arg(numbers.text), numbers.values }, query.sorting(slice));
+    if (plans && slice.isBackward)
+        std::reverse(plans->begin(), plans->end());
+    return plans;
 }
 
 Result<QVector<StoredPlan>> PlanStore::page(int offset, int limit)
 {
-    if (offset < 0 || limit < 1)
-        return QVector<StoredPlan>();
-    const SqlQuery page = m_scope.page(offset, limit, m_database.dialect());
-    return read({ QStringLiteral("number IN (%1)").arg(page.text), page.values });
+    PlanSlice slice;
+    slice.offset = offset;
+    slice.limit = limit;
+    return page({}, slice);
 }
 
-Result<int> PlanStore::count(int most)
+Result<int> PlanStore::count(const PlanList& list, int most)
 {
-    return countAbove(0, most);
+    return number(PlanListQuery(m_scope, list, m_database.dialect()).count(most));
 }
 
-Result<int> PlanStore::newerThan(const QString& planId)
+Result<int> PlanStore::countOf(const PlanList& list, const PlanSlice& slice)
 {
-    const auto number = PlanId::toNumber(planId);
-    if (!number)
-        return -1;
-    const SqlQuery plan = isPlan(*number);
-    const SqlQuery newer = m_scope.countAbove(*number, std::numeric_limits<int>::max());
-    const auto found = m_database.value(QStringLiteral("SELECT CASE WHEN EXISTS (SELECT 1 FROM plans WHERE %1)"
-                                                       " THEN (%2) ELSE -1 END")
-                                            .arg(plan.text, newer.text),
-        plan.values + newer.values);
-    return found ? Result<int>(found->toInt()) : found.status();
+    return number(PlanListQuery(m_scope, list, m_database.dialect()).countOf(slice));
+}
+
+Result<QVector<PlanLandmark>> PlanStore::landmarks(const PlanList& list, int step)
+{
+    const SqlQuery query = PlanListQuery(m_scope, list, m_database.dialect()).landmarks(step);
+    QVector<PlanLandmark> found;
+    const Status status = m_database.read(query.text, query.values, [&](const QSqlQuery& row) {
+        const QString value = list.order == PlanOrder::Number ? QString() : row.value(1).toString();
+        found << PlanLandmark{ { value, row.value(0).toLongLong() }, row.value(2).toInt() };
+    });
+    return status ? Result<QVector<PlanLandmark>>(found) : status;
 }
 
 Result<DayPlans> PlanStore::plansOfDay(const QDate& day)
@@ -231,16 +251,17 @@ Result<QVector<StoredPlan>> PlanStore::newest(const SqlQuery& condition, int lim
 {
     const SqlQuery visible = m_scope.condition();
     return read({ QStringLiteral("number IN (SELECT number FROM plans WHERE %1 AND %2 ORDER BY number DESC LIMIT ?)")
-                      .arg(condition.text, visible.text),
-        condition.values + visible.values + QVariantList{ limit } });
+                        .arg(condition.text, visible.text),
+                    condition.values + visible.values + QVariantList{ limit } },
+        Newest);
 }
 
-Result<QVector<StoredPlan>> PlanStore::read(const SqlQuery& condition, bool locks)
+Result<QVector<StoredPlan>> PlanStore::read(const SqlQuery& condition, const QString& sorting, bool locks)
 {
     QVector<StoredPlan> plans;
     Status readable;
     const QString statement =
-        QStringLiteral("SELECT %1 FROM plans WHERE %2 ORDER BY number DESC").arg(PlanRow::columns(), condition.text);
+        QStringLiteral("SELECT %1 FROM plans WHERE %2 ORDER BY %3").arg(PlanRow::columns(), condition.text, sorting);
     const auto take = [&](const QSqlQuery& row) {
         const Result<StoredPlan> plan = PlanRow::plan(row);
         if (plan)
@@ -255,9 +276,8 @@ Result<QVector<StoredPlan>> PlanStore::read(const SqlQuery& condition, bool lock
     return readable ? Result<QVector<StoredPlan>>(plans) : readable;
 }
 
-Result<int> PlanStore::countAbove(qint64 number, int most)
+Result<int> PlanStore::number(const SqlQuery& query)
 {
-    const SqlQuery query = m_scope.countAbove(number, most);
     const auto found = m_database.value(query.text, query.values);
     return found ? Result<int>(found->toInt()) : found.status();
 }

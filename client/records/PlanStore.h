@@ -1,6 +1,7 @@
 #pragma once
 
 #include "HistoryStore.h"
+#include "PlanList.h"
 #include "PlanScope.h"
 #include "StoredPlan.h"
 #include "UserStore.h"
@@ -48,12 +49,16 @@ public:
     Result<StoredPlan> plan(const QString& planId);
     /// The plans with these ids, oldest first, without unknown ones.
     Result<QVector<StoredPlan>> plans(const QStringList& planIds);
-    /// One page of plans, newest first; empty after the last one.
+    /// The plans of a slice, in the order of the list; empty after its end.
+    Result<QVector<StoredPlan>> page(const PlanList& list, const PlanSlice& slice);
+    /// The same for the list of all plans, newest first.
     Result<QVector<StoredPlan>> page(int offset, int limit);
-    /// The number of plans. From `most` on it may be too small.
-    Result<int> count(int most = std::numeric_limits<int>::max());
-    /// Number of plans newer than this one; -1 if the id is unknown.
-    Result<int> newerThan(const QString& planId);
+    /// The number of plans of a list. From `most` on it may be too small.
+    Result<int> count(const PlanList& list = {}, int most = std::numeric_limits<int>::max());
+    /// The number of plans of a slice.
+    Result<int> countOf(const PlanList& list, const PlanSlice& slice);
+    /// The places of each `step`-th plan of a list, beginning with the first. Reads the whole list.
+    Result<QVector<PlanLandmark>> landmarks(const PlanList& list, int step);
     /// Like `plan`; keeps others from changing the plan and its instructions until the transaction ends.
     Result<StoredPlan> lockedPlan(const QString& planId);
     /// The newest plans of an account that are active or paused and end on a day or later, for one security; and the
@@ -69,13 +74,13 @@ public:
     Result<DayPlans> plansOfDay(const QDate& day, const QStringList& planIds);
 
 private:
-    Result<QVector<StoredPlan>> read(const SqlQuery& condition, bool locks = false);
+    Result<QVector<StoredPlan>> read(const SqlQuery& condition, const QString& sorting, bool locks = false);
     Result<QVector<StoredPlan>> newest(const SqlQuery& condition, int limit);
     SqlQuery isPlan(qint64 number) const;
     Result<DayPlans> plansOfDay(const QDate& day, const SqlQuery& condition);
     Result<StoredPlan> planOfVersion(const QString& planId, int version);
     Status update(const StoredPlan& plan, const SqlQuery& assignment, const HistoryEntry& entry, const Change& change);
-    Result<int> countAbove(qint64 number, int most = std::numeric_limits<int>::max());
+    Result<int> number(const SqlQuery& query);
 
     Database& m_database;
     const PlanScope m_scope;

@@ -1,5 +1,12 @@
 #include "StoredPlan.h"
 
+bool StoredPlan::operator==(const StoredPlan& other) const
+{
+    return id == other.id && version == other.version && state == other.state && creator == other.creator
+        && created == other.created && changed == other.changed && completed == other.completed
+        && record == other.record;
+}
+
 QString PlanId::fromNumber(qint64 number)
 {
     return QStringLiteral("AP%1").arg(number, 8, 10, QLatin1Char('0'));

@@ -25,6 +25,9 @@ struct StoredPlan {
     QDate completed;
     /// Texts by field key, including the other-parameter text if the plan has one.
     QMap<QString, QVariant> record;
+
+    bool operator==(const StoredPlan& other) const;
+    bool operator!=(const StoredPlan& other) const { return !(*this == other); }
 };
 
 /// Conversion between plan ids as displayed ("AP00000012") and the numbers in the tables.

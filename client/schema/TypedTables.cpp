@@ -142,14 +142,22 @@ QString plansTable()
         .arg(isTime("created_time"), isTime("changed_time"), isDate("begin_date"), isDate("end_date"));
 }
 
-// Plans are counted and paged by account, and those of no own account by the name of their assignee or executor. Those
-// of a day are found in an index that tells whether they are due and whose they are.
+// Lists of plans are read by account, and those of no own account by the name of their assignee or executor, in the
+// order of numbers, which end each index, of securities, or of ends. Those of a day are found in an index that tells
+// whether they are due and whose they are.
 QStringList planIndexes()
 {
     return {
         QStringLiteral("CREATE INDEX plans_of_accounts ON plans (trading_account)"),
         QStringLiteral("CREATE INDEX plans_of_assignees ON plans (assignee) WHERE assignee IS NOT NULL"),
         QStringLiteral("CREATE INDEX plans_of_executors ON plans (executor) WHERE executor IS NOT NULL"),
+        QStringLiteral("CREATE INDEX securities_of_accounts ON plans (trading_account, symbol)"),
+        QStringLiteral("CREATE INDEX securities_of_assignees ON plans (assignee, symbol) WHERE assignee IS NOT NULL"),
+        QStringLiteral("CREATE INDEX securities_of_executors ON plans (executor, symbol) WHERE executor IS NOT NULL"),
+        QStringLiteral("CREATE INDEX ends_of_accounts ON plans (trading_account, end_date)"),
+        QStringLiteral("CREATE INDEX ends_of_assignees ON plans (assignee, end_date) WHERE assignee IS NOT NULL"),
+        QStringLiteral("CREATE INDEX ends_of_executors ON plans (executor, end_date) WHERE executor IS NOT NULL"),
+        QStringLiteral("CREATE INDEX creators_of_accounts ON plans (trading_account, creator)"),
         QStringLiteral("CREATE INDEX plans_of_days ON plans (end_date, begin_date, state, trading_account)"),
     };
 }

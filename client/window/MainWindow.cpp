@@ -14,6 +14,7 @@
 #include "PlanDetails.h"
 #include "PlanEvents.h"
 #include "PlanFormatter.h"
+#include "PlanPane.h"
 #include "PlanTable.h"
 #include "StateActions.h"
 
@@ -58,7 +59,8 @@ bool isLoss(const Status& failure)
 
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent)
-    , m_table(new PlanTable(this))
+    , m_pane(new PlanPane(this))
+    , m_table(m_pane->table())
     , m_outdated(PlainText::newLabel(QString(), this))
     , m_details(new PlanDetails(this))
     , m_editor(new EditorDialog(this))
@@ -86,6 +88,7 @@ MainWindow::MainWindow(QWidget* parent)
     connect(&PlanEvents::instance(), &PlanEvents::connectionRestored, this, &MainWindow::endLoss);
     connect(&PlanEvents::instance(), &PlanEvents::outcomeKnown, this, &MainWindow::showOutcome);
     connect(m_table, &PlanTable::currentPlanChanged, this, &MainWindow::showCurrent);
+    connect(m_pane, &PlanPane::listChanged, this, &MainWindow::listChanged);
     connect(m_table, &PlanTable::counted, this, [this] { m_status->setText(countText()); });
     connect(m_table, &QTableView::doubleClicked, this, &MainWindow::openEdit);
     connect(qApp, &QGuiApplication::focusWindowChanged, this, &MainWindow::keepKeyboard, Qt::QueuedConnection);
@@ -93,6 +96,7 @@ MainWindow::MainWindow(QWidget* parent)
     ClientSession::instance().watch();
     refresh();
     m_table->setCurrentIndex(m_table->model()->index(0, 0));
+    m_table->setFocus();
 }
 
 MainWindow::~MainWindow()
@@ -142,7 +146,7 @@ QWidget* MainWindow::buildList()
     auto* const rows = new QVBoxLayout(list);
     rows->setContentsMargins(QMargins());
     rows->addWidget(m_outdated);
-    rows->addWidget(m_table);
+    rows->addWidget(m_pane);
     return list;
 }
 
@@ -226,6 +230,11 @@ void MainWindow::editorClosed()
         m_storedPlan.clear();
     }
     m_table->setFocus();
+}
+
+void MainWindow::listChanged(const Status& read)
+{
+    m_status->setText(read ? countText() : errorText(read));
 }
 
 void MainWindow::refresh()
@@ -365,8 +374,7 @@ void MainWindow::statesChanged(const QString& text)
 
 QStringList MainWindow::chosenPlans() const
 {
-    const QString plan = currentPlan();
-    return plan.isEmpty() ? QStringList() : QStringList(plan);
+    return m_table->selectedPlans();
 }
 
 void MainWindow::openEdit()

@@ -10,6 +10,7 @@
 class EditorDialog;
 class IssueSheet;
 class PlanDetails;
+class PlanPane;
 class PlanTable;
 class QAction;
 class QLabel;
@@ -42,6 +43,7 @@ private:
     QAction* addAction(const QString& name, const QString& text, const QList<QKeySequence>& keys);
     void planStored(const QString& planId);
     void editorClosed();
+    void listChanged(const Status& read);
     void refresh();
     Status readTable();
     void refreshForOthers();
@@ -60,6 +62,7 @@ private:
     void openEdit();
     void openCopy();
 
+    PlanPane* m_pane;
     PlanTable* m_table;
     QLabel* m_outdated; ///< shown while the rows cannot be read again
     PlanDetails* m_details;

@@ -188,9 +188,31 @@ QString PlanFormatter::issued(const QString& number, bool isByAmount) const
     return counted(number, isByAmount ? QStringLiteral("元") : unit());
 }
 
+double PlanFormatter::total() const
+{
+    return (isAmount() ? other(Base::tradeAmount) : text(Base::totalQty)).toDouble();
+}
+
+QString PlanFormatter::partText(double part) const
+{
+    return isAmount() ? groupedText(QString::number(part, 'f', 2))
+                      : groupedText(QString::number(part * factor(), 'f', 0));
+}
+
 QString PlanFormatter::priceMode() const
 {
     return worded(priceModes(), text(Base::priceModel));
+}
+
+QString PlanFormatter::price() const
+{
+    const QString model = text(Base::priceModel);
+    const QString formula = text(Base::priceFormula1);
+    if (model == PriceModel::Custom)
+        return formula;
+    if (model == PriceModel::CompareMax || model == PriceModel::CompareMin)
+        return QStringLiteral("%1：%2；%3").arg(priceMode(), formula, text(Base::priceFormula2));
+    return priceMode();
 }
 
 QString PlanFormatter::period() const
@@ -294,14 +316,18 @@ bool PlanFormatter::isAmount() const
     return other(FieldId::TargetType) == InstructionTargetType::AmountOrder;
 }
 
+int PlanFormatter::factor() const
+{
+    return OrloBusinessDataInterface::GetDispFactorBySymbol(symbol());
+}
+
 QString PlanFormatter::quantity(const QString& stored) const
 {
     bool isNumber = false;
     const qint64 number = stored.toLongLong(&isNumber);
     if (!isNumber)
         return stored;
-    const int factor = OrloBusinessDataInterface::GetDispFactorBySymbol(symbol());
-    return counted(QString::number(number * factor), unit());
+    return counted(QString::number(number * factor()), unit());
 }
 
 QString PlanFormatter::unit() const

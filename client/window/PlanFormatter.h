@@ -23,7 +23,19 @@ public:
     QString perDay() const;
     /// A quantity or amount of one of the plan's instructions, with its unit.
     QString issued(const QString& number, bool isByAmount) const;
+    /// Whether the total is an amount instead of a quantity.
+    bool isAmount() const;
+    /// The total as a number: in displayed units or yuan; 0 if unknown.
+    double total() const;
+    /// A part of the total as it is shown, without its unit.
+    QString partText(double part) const;
     QString priceMode() const;
+    /// The price's formula, or both if they are compared; the price mode if there is none.
+    QString price() const;
+    /// Name and fund account; the trading account if it is not the user's.
+    QString account() const;
+    /// Who executes a reduction, or whom another plan is assigned to.
+    QString assignee() const;
     /// Begin and end; only the begin for a plan without an end.
     QString period() const;
     /// Who created the plan, and when.
@@ -39,18 +51,16 @@ private:
     QString other(const QString& key) const { return m_other.value(key).toString(); }
     QString symbol() const;
     bool isReduction() const;
-    bool isAmount() const;
+    int factor() const;
     QString quantity(const QString& stored) const;
     QString unit() const;
     QString amount(const QString& stored) const;
     QString ratio() const;
 
-    QString account() const;
     QString exchange() const;
     QString priceType() const;
     QString entrustType() const;
     QString instructionMode() const;
-    QString assignee() const;
     QString algorithm() const;
 
     void addBasics(Fields& fields) const;

@@ -1,25 +1,78 @@
 #include "PlanTable.h"
 
+#include "ClientClock.h"
+#include "PlanDelegate.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QRegularExpression>
+#include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QSettings>
 
 #include <utility>
 
 namespace {
 
 constexpr int CellMargin = 16;
+// Rows beyond the visible ones that are read before they become visible.
+constexpr int Margin = 50;
+
+const QString StoredColumns = QStringLiteral("planTable/columns");
+const QRegularExpression LineOrTab(QStringLiteral("[\\t\\r\\n]"));
+
+QSettings settings()
+{
+    return QSettings(QStringLiteral("plandesk"), QStringLiteral("plandesk"));
+}
 
 } // namespace
+
+/// Notes the selected plans by their ids.
+class PlanTable::Selection : public QItemSelectionModel {
+public:
+    explicit Selection(PlanTable* table)
+        : QItemSelectionModel(table->m_plans, table)
+        , m_table(*table)
+    {
+    }
+
+    using QItemSelectionModel::select;
+    void select(const QItemSelection& selection, SelectionFlags command) override
+    {
+        QItemSelectionModel::select(selection, command);
+        if (m_table.m_isChanging || command == NoUpdate)
+            return;
+        QSet<QString>& ids = m_table.m_selected;
+        if (command & Clear)
+            ids.clear();
+        for (int row = 0; row < m_table.m_plans->rowCount(); ++row) {
+            if (isRowSelected(row, QModelIndex()))
+                ids.insert(m_table.m_plans->plan(row).id);
+            else
+                ids.remove(m_table.m_plans->plan(row).id);
+        }
+    }
+
+private:
+    PlanTable& m_table;
+};
 
 PlanTable::PlanTable(QWidget* parent)
     : QTableView(parent)
     , m_plans(new PlanTableModel(this))
+    , m_bar(new QScrollBar(Qt::Vertical, this))
 {
     setObjectName(QStringLiteral("planTable"));
     setAccessibleName(tr("计划列表"));
     setModel(m_plans);
+    setSelectionModel(new Selection(this));
     setSelectionBehavior(QAbstractItemView::SelectRows);
-    setSelectionMode(QAbstractItemView::SingleSelection);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setTabKeyNavigation(false);
     setAlternatingRowColors(true);
@@ -27,68 +80,305 @@ PlanTable::PlanTable(QWidget* parent)
     setWordWrap(false);
     setContextMenuPolicy(Qt::ActionsContextMenu);
     verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    horizontalHeader()->setStretchLastSection(true);
-    horizontalHeader()->setHighlightSections(false);
+    setItemDelegate(new PlanDelegate(this));
+    setUpHeader();
+    connect(m_plans, &PlanTableModel::counted, this, [this] {
+        showPosition();
+        Q_EMIT counted();
+    });
+    connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &PlanTable::sortBy);
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &PlanTable::scrolled);
+    connect(m_bar, &QScrollBar::valueChanged, this, [this](int position) {
+        if (!m_showsPosition)
+            scrollToPosition(position);
+    });
+    showOrder();
+}
+
+void PlanTable::setUpHeader()
+{
+    QHeaderView& header = *horizontalHeader();
+    header.setStretchLastSection(true);
+    header.setHighlightSections(false);
+    header.setSectionsClickable(true);
+    header.setSectionsMovable(true);
     // Wide enough for usual texts. Measuring the rows would read them all.
-    const QStringList samples{ QStringLiteral("AP00000000"), QStringLiteral("累计数量"), QStringLiteral("港股通交易"),
-        QStringLiteral("600000.SH 四字证券"), QStringLiteral("方向"), QStringLiteral("10,000,000.00 元"),
-        QStringLiteral("比较值取最大"), QStringLiteral("0000-00-00 至 0000-00-00"),
-        QStringLiteral("trader01 0000-00-00 00:00") };
-    for (int column = 0; column < samples.size(); ++column)
-        setColumnWidth(column, fontMetrics().horizontalAdvance(samples.at(column)) + CellMargin);
-    connect(m_plans, &PlanTableModel::counted, this, &PlanTable::counted);
-    connect(verticalScrollBar(), &QScrollBar::valueChanged, this,
-        [this](int hidden) { m_newAbove = qMin(m_newAbove, hidden); });
+    for (int column = 0; column < PlanColumns::Count; ++column)
+        setColumnWidth(column, fontMetrics().horizontalAdvance(PlanColumns::sample(column)) + CellMargin);
+    restoreColumns();
+    header.setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(&header, &QHeaderView::customContextMenuRequested, this, &PlanTable::showColumnMenu);
+    connect(&header, &QHeaderView::sectionMoved, this, &PlanTable::saveColumns);
+    connect(&header, &QHeaderView::sectionResized, this, [this](int column) {
+        // The last one takes what the others leave.
+        if (column != lastColumn())
+            saveColumns();
+    });
+}
+
+int PlanTable::lastColumn() const
+{
+    int place = PlanColumns::Count - 1;
+    while (isColumnHidden(horizontalHeader()->logicalIndex(place)))
+        --place;
+    return horizontalHeader()->logicalIndex(place);
+}
+
+// The names of the shown columns from left to right, each with its width.
+void PlanTable::restoreColumns()
+{
+    const QStringList stored = settings().value(StoredColumns).toStringList();
+    if (stored.isEmpty())
+        return;
+    QHeaderView& header = *horizontalHeader();
+    for (int column = 0; column < PlanColumns::Count; ++column)
+        setColumnHidden(column, stored.filter(PlanColumns::name(column) + QLatin1Char(' ')).isEmpty());
+    int place = 0;
+    for (const QString& text : stored) {
+        for (int column = 0; column < PlanColumns::Count; ++column) {
+            if (text.section(QLatin1Char(' '), 0, 0) != PlanColumns::name(column))
+                continue;
+            header.moveSection(header.visualIndex(column), place++);
+            setColumnWidth(column, qMax(header.minimumSectionSize(), text.section(QLatin1Char(' '), 1).toInt()));
+        }
+    }
+}
+
+void PlanTable::saveColumns()
+{
+    const QHeaderView& header = *horizontalHeader();
+    QStringList stored;
+    for (int place = 0; place < PlanColumns::Count; ++place) {
+        const int column = header.logicalIndex(place);
+        if (!isColumnHidden(column))
+            stored << QStringLiteral("%1 %2").arg(PlanColumns::name(column), QString::number(columnWidth(column)));
+    }
+    settings().setValue(StoredColumns, stored);
+}
+
+// One column is always shown, so that the header can be reached.
+void PlanTable::showColumnMenu(const QPoint& place)
+{
+    QMenu menu(this);
+    menu.setObjectName(QStringLiteral("columnMenu"));
+    const bool isLast = horizontalHeader()->hiddenSectionCount() == PlanColumns::Count - 1;
+    for (int column = 0; column < PlanColumns::Count; ++column) {
+        QAction* const action = menu.addAction(PlanColumns::title(column));
+        action->setCheckable(true);
+        action->setChecked(!isColumnHidden(column));
+        action->setEnabled(!isLast || isColumnHidden(column));
+        connect(action, &QAction::toggled, this, [this, column](bool shows) {
+            setColumnHidden(column, !shows);
+            saveColumns();
+        });
+    }
+    menu.exec(horizontalHeader()->viewport()->mapToGlobal(place));
+}
+
+void PlanTable::keyPressEvent(QKeyEvent* event)
+{
+    if (event->matches(QKeySequence::Copy))
+        copySelected();
+    else
+        QTableView::keyPressEvent(event);
+}
+
+/// Copies the texts of the shown columns, as spreadsheets take them: tabs between columns, a line for each plan.
+void PlanTable::copySelected()
+{
+    QString text;
+    for (const ListedPlan& listed : m_plans->listed(selectedPlans())) {
+        const QStringList texts = PlanColumns::texts(listed, clientToday());
+        QStringList cells;
+        for (int place = 0; place < PlanColumns::Count; ++place) {
+            const int column = horizontalHeader()->logicalIndex(place);
+            if (!isColumnHidden(column))
+                cells << QString(texts.at(column)).replace(LineOrTab, QStringLiteral(" "));
+        }
+        text += cells.join(QLatin1Char('\t')) + QLatin1Char('\n');
+    }
+    if (!text.isEmpty())
+        QGuiApplication::clipboard()->setText(text);
+}
+
+Status PlanTable::show(const PlanList& list)
+{
+    Status status;
+    {
+        const QScopedValueRollback<bool> changing(m_isChanging, true);
+        status = m_plans->show(list);
+    }
+    if (!status)
+        return status;
+    m_newAbove = 0;
+    m_selected.clear();
+    showOrder();
+    executeDelayedItemsLayout();
+    setCurrentIndex(m_plans->index(0, 0));
+    noteCurrent(m_plans->plan(0));
+    verticalScrollBar()->setValue(0);
+    showPosition();
+    return {};
 }
 
 Status PlanTable::refresh()
 {
     const int hidden = verticalScrollBar()->value();
     const int newAbove = m_newAbove;
-    const int count = planCount();
-    const int current = currentIndex().row();
     const int anchor = anchorRow();
     const QString anchored = m_plans->plan(anchor).id;
-    if (Status status = m_plans->refresh(); !status)
-        return status;
-    if (anchored.isEmpty())
-        return {};
-    // Usually all new plans are the first ones.
-    const int row = m_plans->reveal(anchored, anchor + planCount() - count);
-    const int shift = row < 0 ? 0 : row - anchor;
-    makeCurrent(anchor == current ? row : m_plans->reveal(m_current, current + shift));
-    executeDelayedItemsLayout();
-    m_newAbove = newAbove + qMax(0, shift);
-    verticalScrollBar()->setValue(hidden + shift);
-    return {};
+    const QStringList rows = m_plans->ids();
+    Status status;
+    keepPlans([&] {
+        status = m_plans->refresh();
+        if (!status)
+            return;
+        for (const QString& id : rows) {
+            if (m_plans->rowOf(id) < 0)
+                m_selected.remove(id);
+        }
+        const int row = anchored.isEmpty() ? -1 : m_plans->reveal(anchored);
+        const int shift = row < 0 ? 0 : row - anchor;
+        executeDelayedItemsLayout();
+        verticalScrollBar()->setValue(hidden + shift);
+        m_newAbove = newAbove + qMax(0, shift);
+        if (m_plans->rowOf(m_current.id) < 0)
+            noteCurrent(m_plans->listed(m_current.id));
+    });
+    return status;
 }
 
 void PlanTable::selectPlan(const QString& planId)
 {
-    setCurrentIndex(m_plans->index(m_plans->reveal(planId), 0));
-    noteCurrent();
+    int row = -1;
+    keepPlans([&] { row = m_plans->reveal(planId); });
+    executeDelayedItemsLayout();
+    setCurrentIndex(m_plans->index(row, 0));
+    if (row < 0)
+        clearSelection();
+    noteCurrent(m_plans->plan(row));
+}
+
+QStringList PlanTable::selectedPlans() const
+{
+    QStringList ids;
+    QSet<QString> others = m_selected;
+    for (int row = 0; row < m_plans->rowCount(); ++row) {
+        if (others.remove(m_plans->plan(row).id))
+            ids << m_plans->plan(row).id;
+    }
+    return ids + others.values();
+}
+
+// Qt would look for the text in all rows.
+void PlanTable::keyboardSearch(const QString& text)
+{
+    if (!text.trimmed().isEmpty())
+        Q_EMIT searchTyped(text);
 }
 
 void PlanTable::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
     QTableView::currentChanged(current, previous);
-    noteCurrent();
+    if (!m_isChanging)
+        noteCurrent(m_plans->plan(current.row()));
+}
+
+QModelIndex PlanTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    if (action == MoveHome || action == MoveEnd) {
+        keepPlans([&] {
+            if (action == MoveEnd && m_plans->hasBelow())
+                m_plans->goToEnd();
+            else if (action == MoveHome && m_plans->hasAbove())
+                m_plans->goTo(0);
+        });
+        return m_plans->index(action == MoveEnd ? m_plans->rowCount() - 1 : 0, qMax(0, currentIndex().column()));
+    }
+    if (m_plans->rowOf(m_current.id) < 0)
+        keepPlans([&] { m_plans->reveal(m_current.id); });
+    extendAround(currentIndex().row());
+    return QTableView::moveCursor(action, modifiers);
+}
+
+void PlanTable::updateGeometries()
+{
+    QTableView::updateGeometries();
+    showPosition();
+}
+
+void PlanTable::resizeEvent(QResizeEvent* event)
+{
+    QTableView::resizeEvent(event);
+    scrolled();
+}
+
+void PlanTable::sortBy(int column)
+{
+    const std::optional<PlanOrder> order = PlanColumns::order(column);
+    if (!order) {
+        showOrder();
+        return;
+    }
+    PlanList list = this->list();
+    list.isDescending = list.order == *order && !list.isDescending;
+    list.order = *order;
+    Q_EMIT listChanged(show(list));
+}
+
+/// Shows in the header by which column the list is sorted.
+void PlanTable::showOrder()
+{
+    int column = 0;
+    while (PlanColumns::order(column) != list().order)
+        ++column;
+    horizontalHeader()->setSortIndicatorShown(true);
+    horizontalHeader()->setSortIndicator(column, list().isDescending ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+/// Changes the rows, and keeps what is current and selected.
+void PlanTable::keepPlans(const std::function<void()>& change)
+{
+    {
+        const QScopedValueRollback<bool> changing(m_isChanging, true);
+        change();
+        executeDelayedItemsLayout();
+        restore();
+    }
+    showPosition();
+}
+
+void PlanTable::restore()
+{
+    const int current = m_plans->rowOf(m_current.id);
+    if (current >= 0)
+        m_current = m_plans->plan(current);
+    if (current != currentIndex().row())
+        makeCurrent(current);
+    QItemSelection changed;
+    for (int row = 0; row < m_plans->rowCount(); ++row) {
+        if (m_selected.contains(m_plans->plan(row).id) != selectionModel()->isRowSelected(row, QModelIndex()))
+            changed.select(m_plans->index(row, 0), m_plans->index(row, 0));
+    }
+    if (!changed.isEmpty())
+        selectionModel()->select(changed, QItemSelectionModel::Toggle | QItemSelectionModel::Rows);
 }
 
 /// Does not scroll to the row.
 void PlanTable::makeCurrent(int row)
 {
     setAutoScroll(false);
-    setCurrentIndex(m_plans->index(row, 0));
+    selectionModel()->setCurrentIndex(m_plans->index(row, 0), QItemSelectionModel::NoUpdate);
     setAutoScroll(true);
-    noteCurrent();
 }
 
-void PlanTable::noteCurrent()
+void PlanTable::noteCurrent(const StoredPlan& plan)
 {
-    const QString id = currentPlan().id;
-    if (std::exchange(m_current, id) != id)
+    if (std::exchange(m_current, plan).id != plan.id)
         Q_EMIT currentPlanChanged();
 }
 
@@ -100,4 +390,65 @@ int PlanTable::anchorRow() const
     const int current = currentIndex().row();
     const bool isVisible = current >= first && (last < 0 || current <= last);
     return current >= 0 && isVisible ? current : first;
+}
+
+/// How many rows are completely visible.
+int PlanTable::visibleRows() const
+{
+    return qMax(1, verticalScrollBar()->pageStep());
+}
+
+/// Reads more rows unless there are enough around a row.
+void PlanTable::extendAround(int row)
+{
+    const int wanted = visibleRows() + Margin;
+    const bool isShortBelow = m_plans->hasBelow() && row + wanted >= m_plans->rowCount();
+    const bool isShortAbove = m_plans->hasAbove() && row < wanted;
+    if (!isShortBelow && !isShortAbove)
+        return;
+    const int hidden = verticalScrollBar()->value();
+    keepPlans([&] {
+        const int shift = isShortBelow ? m_plans->extendDown() : m_plans->extendUp();
+        executeDelayedItemsLayout();
+        verticalScrollBar()->setValue(hidden + shift);
+    });
+}
+
+void PlanTable::scrolled()
+{
+    const int first = verticalScrollBar()->value();
+    m_newAbove = qMin(m_newAbove, m_plans->firstPosition() + first);
+    showPosition();
+    // After the scroll bar has moved the rows.
+    if (!m_isChanging && !std::exchange(m_isExtending, true))
+        QMetaObject::invokeMethod(this, &PlanTable::extendAroundVisible, Qt::QueuedConnection);
+}
+
+void PlanTable::extendAroundVisible()
+{
+    m_isExtending = false;
+    extendAround(verticalScrollBar()->value());
+    extendAround(verticalScrollBar()->value() + visibleRows());
+}
+
+void PlanTable::scrollToPosition(int position)
+{
+    const int row = position - m_plans->firstPosition();
+    const bool isRead = row >= 0 && (row + visibleRows() <= m_plans->rowCount() || !m_plans->hasBelow());
+    keepPlans([&] {
+        if (!isRead)
+            m_plans->goTo(position);
+        executeDelayedItemsLayout();
+        verticalScrollBar()->setValue(position - m_plans->firstPosition());
+    });
+    scrolled();
+}
+
+void PlanTable::showPosition()
+{
+    const QScopedValueRollback<bool> showing(m_showsPosition, true);
+    const int visible = visibleRows();
+    m_bar->setPageStep(visible);
+    m_bar->setRange(0, qMax(0, planCount() - visible));
+    m_bar->setValue(m_plans->firstPosition() + verticalScrollBar()->value());
 }

@@ -1,165 +1,458 @@
 #include "PlanTableModel.h"
 
+#include "AutoPlanField.h"
+#include "ClientClock.h"
 #include "ClientSession.h"
 #include "PlainText.h"
-#include "PlanFormatter.h"
 #include "ReadReport.h"
 
+#include <QHash>
+
+#include <algorithm>
 #include <chrono>
 
 namespace {
 
-constexpr int PageSize = 50;
-constexpr int KeptPages = 8;
-constexpr int FirstRows = 200;
+constexpr int PageSize = 100;
+constexpr int MostRows = 500;
 // Counting more takes longer than reading a page.
 constexpr int CountedAtOnce = 1000;
-// The first page is painted before all plans are counted.
+// The first page is painted before all plans are counted. Later, a count that is a little old does less harm than one
+// after each change.
 constexpr std::chrono::milliseconds UntilPainted(200);
+constexpr std::chrono::seconds BetweenCounts(5);
+
+PlanStore plans()
+{
+    return ClientSession::instance().plans();
+}
+
+bool isOpen()
+{
+    return ClientSession::instance().isOpen();
+}
+
+Status addProgress(const Result<QVector<StoredPlan>>& plans, QVector<ListedPlan>& listed)
+{
+    if (!plans)
+        return plans.status();
+    QStringList ids;
+    for (const StoredPlan& plan : *plans)
+        ids << plan.id;
+    if (ids.isEmpty())
+        return {};
+    const auto progress = ClientSession::instance().instructions().progress(ids);
+    for (const StoredPlan& plan : *plans)
+        listed << ListedPlan{ plan, progress.valueOr({}).value(plan.id) };
+    return progress.status();
+}
 
 } // namespace
 
 PlanTableModel::PlanTableModel(QObject* parent)
     : QAbstractTableModel(parent)
-    , m_pages(KeptPages)
 {
     m_untilPainted.setSingleShot(true);
-    m_untilPainted.setInterval(UntilPainted);
-    connect(&m_untilPainted, &QTimer::timeout, this, &PlanTableModel::countAll);
+    connect(&m_untilPainted, &QTimer::timeout, this, &PlanTableModel::startCounting);
+}
+
+Status PlanTableModel::show(const PlanList& list)
+{
+    const Result<Look> look = lookAt(list, {});
+    if (!look)
+        return look.status();
+    m_list = look->list;
+    m_landmarks.clear();
+    m_count = 0;
+    replace(look->plans, 0, false, look->hasMore);
+    note(*look);
+    return {};
 }
 
 Status PlanTableModel::refresh()
 {
-    ClientSession& session = ClientSession::instance();
-    if (Status status = session.database().checkFile(); !status)
+    if (Status status = ClientSession::instance().database().checkFile(); !status)
         return status;
-    const int most = qMax(CountedAtOnce, m_rows + 1);
-    const Result<int> count = session.isOpen() ? session.plans().count(most) : Result<int>(0);
-    if (!count)
-        return count.status();
-    m_isCounting = *count >= most;
-    beginResetModel();
-    m_pages.clear();
-    // No plan is ever deleted.
-    m_count = m_isCounting ? qMax(*count, m_count) : *count;
-    m_rows = qMin(m_count, qMax(m_rows, FirstRows));
-    endResetModel();
-    if (m_isCounting && !m_untilPainted.isActive())
-        m_untilPainted.start();
+    PlanSlice slice;
+    slice.limit = m_rows.size();
+    if (m_hasAbove) {
+        slice.from = placeOf(0);
+        slice.isFromIncluded = true;
+    }
+    const Result<Look> look = lookAt(m_list, slice);
+    if (!look)
+        return look.status();
+    // The plans of all rows, up to the last one, have left the list.
+    if (m_hasAbove && look->plans.isEmpty())
+        return show(m_list);
+    m_list = look->list;
+    m_hasBelow = look->hasMore;
+    merge(look->plans);
+    note(*look);
+    if (m_hasAbove)
+        m_first = positionOf(placeOf(0));
     return {};
 }
 
-void PlanTableModel::countAll()
+/// Reads a slice, at least a page, and counts the list as far as that is quick.
+Result<PlanTableModel::Look> PlanTableModel::lookAt(const PlanList& list, PlanSlice slice)
+{
+    Look look{ list, {}, false, 0, false };
+    if (!isOpen())
+        return look;
+    const auto count = [&](int most) {
+        const Result<int> counted = plans().count(list, most);
+        look.count = counted.valueOr(0);
+        look.isCounted = look.count < most;
+        return counted.status();
+    };
+    if (!list.isWhole()) {
+        if (Status status = count(PlanList::Small + 1); !status)
+            return status;
+        look.list.isSmall = look.isCounted;
+    }
+    slice.limit = qMax(slice.limit, PageSize);
+    if (Status status = read(look.list, slice, look.plans, look.hasMore); !status)
+        return status;
+    look.isCounted = look.isCounted || (list.isWhole() && !slice.from && !look.hasMore);
+    if (!list.isWhole())
+        return look;
+    if (!look.isCounted) {
+        if (Status status = count(CountedAtOnce); !status)
+            return status;
+    } else {
+        look.count = look.plans.size();
+    }
+    return look;
+}
+
+/// Reads a slice and whether it could be longer.
+Status PlanTableModel::read(const PlanList& list, PlanSlice slice, Plans& found, bool& hasMore)
+{
+    const int limit = slice.limit;
+    ++slice.limit;
+    if (Status status = addProgress(plans().page(list, slice), found); !status)
+        return status;
+    hasMore = found.size() > limit;
+    if (hasMore)
+        found.removeAt(slice.isBackward ? 0 : limit);
+    return {};
+}
+
+/// Like the other one. A failure is reported, and there is nothing more.
+PlanTableModel::Plans PlanTableModel::read(const PlanSlice& slice, bool& hasMore)
+{
+    Plans found;
+    hasMore = false;
+    if (isOpen())
+        reportFailure(read(m_list, slice, found, hasMore));
+    return found;
+}
+
+// The last count is kept until there is another one.
+void PlanTableModel::note(const Look& look)
+{
+    if (look.isCounted) {
+        m_landmarks.clear();
+        m_untilPainted.stop();
+    }
+    m_isCounting = !look.isCounted && m_landmarks.isEmpty();
+    m_count = look.isCounted ? look.count : qMax(m_count, look.count);
+    if (!look.isCounted && !m_untilPainted.isActive())
+        m_untilPainted.start(m_isCounting ? UntilPainted : BetweenCounts);
+}
+
+void PlanTableModel::startCounting()
 {
     if (!m_counter) {
         m_counter = std::make_unique<PlanCounter>();
-        connect(m_counter.get(), &PlanCounter::counted, this, [this](int plans) {
-            m_count = qMax(plans, m_rows);
-            m_isCounting = false;
-            Q_EMIT counted();
-        });
+        connect(m_counter.get(), &PlanCounter::counted, this, &PlanTableModel::take);
     }
-    m_counter->count();
+    m_counter->count(m_list);
 }
 
-StoredPlan PlanTableModel::plan(int row) const
+void PlanTableModel::take(int plans, const QVector<PlanLandmark>& landmarks)
 {
-    if (row < 0 || row >= m_count)
-        return StoredPlan();
-    return page(row / PageSize).value(row % PageSize).plan;
+    m_isCounting = false;
+    m_landmarks = landmarks;
+    m_count = qMax(plans, m_rows.size());
+    if (!m_hasBelow)
+        m_first = m_count - m_rows.size();
+    else if (m_hasAbove)
+        m_first = positionOf(placeOf(0));
+    Q_EMIT counted();
 }
 
-int PlanTableModel::reveal(const QString& planId, int likelyRow)
+int PlanTableModel::extendDown()
 {
-    int row = likelyRow;
-    if (plan(row).id != planId)
-        row = rowOf(planId);
-    // Another client may have stored plans since the table was filled.
-    if (plan(row).id != planId) {
-        reportFailure(refresh());
-        row = rowOf(planId);
+    if (!m_hasBelow)
+        return 0;
+    PlanSlice slice;
+    slice.limit = PageSize;
+    slice.from = placeOf(m_rows.size() - 1);
+    const Plans added = read(slice, m_hasBelow);
+    insert(m_rows.size(), added);
+    const int surplus = m_rows.size() - MostRows;
+    if (surplus <= 0)
+        return 0;
+    remove(0, surplus);
+    m_first += surplus;
+    m_hasAbove = true;
+    return -surplus;
+}
+
+int PlanTableModel::extendUp()
+{
+    if (!m_hasAbove)
+        return 0;
+    PlanSlice slice;
+    slice.limit = PageSize;
+    slice.from = placeOf(0);
+    slice.isBackward = true;
+    const Plans added = read(slice, m_hasAbove);
+    insert(0, added);
+    m_first = m_hasAbove ? qMax(1, m_first - added.size()) : 0;
+    if (m_rows.size() > MostRows) {
+        remove(MostRows, m_rows.size() - MostRows);
+        m_hasBelow = true;
     }
-    growTo(row + 1);
-    return row;
+    return added.size();
 }
 
-bool PlanTableModel::canFetchMore(const QModelIndex& parent) const
+void PlanTableModel::goTo(int position)
 {
-    return !parent.isValid() && m_rows < m_count;
+    const int first = qMax(0, position - PageSize);
+    PlanSlice slice;
+    slice.limit = 2 * PageSize;
+    slice.offset = first;
+    const auto after = std::upper_bound(m_landmarks.cbegin(), m_landmarks.cend(), first,
+        [](int wanted, const PlanLandmark& landmark) { return wanted < landmark.position; });
+    if (after != m_landmarks.cbegin()) {
+        const PlanLandmark& landmark = *std::prev(after);
+        slice.from = landmark.place;
+        slice.isFromIncluded = true;
+        slice.offset = first - landmark.position;
+    }
+    bool hasBelow = false;
+    const Plans found = read(slice, hasBelow);
+    if (hasBelow)
+        replace(found, first, first > 0, hasBelow);
+    else
+        goToEnd();
 }
 
-// Twice as many each time, so that a few steps reach the end.
-void PlanTableModel::fetchMore(const QModelIndex& parent)
+void PlanTableModel::goToEnd()
 {
-    if (canFetchMore(parent))
-        growTo(2 * m_rows);
+    PlanSlice slice;
+    slice.limit = 2 * PageSize;
+    slice.isBackward = true;
+    bool hasAbove = false;
+    const Plans found = read(slice, hasAbove);
+    replace(found, hasAbove ? qMax(1, m_count - found.size()) : 0, hasAbove, false);
 }
 
-void PlanTableModel::growTo(int rows)
+QStringList PlanTableModel::ids() const
 {
-    const int wanted = qMin(rows, m_count);
-    if (wanted <= m_rows)
-        return;
-    beginInsertRows(QModelIndex(), m_rows, wanted - 1);
-    m_rows = wanted;
-    endInsertRows();
+    QStringList ids;
+    for (const Row& row : m_rows)
+        ids << row.listed.plan.id;
+    return ids;
 }
 
-// Rows are in the order of plan numbers, the newest first.
+StoredPlan PlanTableModel::listed(const QString& planId)
+{
+    const StoredPlan plan = isOpen() ? valueOrReport(plans().plan(planId), StoredPlan()) : StoredPlan();
+    if (plan.id.isEmpty() || m_list.isWhole())
+        return plan;
+    PlanSlice slice;
+    slice.limit = 1;
+    slice.from = m_list.placeOf(plan);
+    slice.isFromIncluded = true;
+    bool hasMore = false;
+    const StoredPlan found = read(slice, hasMore).value(0).plan;
+    return found.id == planId ? found : StoredPlan();
+}
+
+QVector<ListedPlan> PlanTableModel::listed(const QStringList& planIds) const
+{
+    Plans found;
+    if (isOpen())
+        reportFailure(addProgress(plans().plans(planIds), found));
+    std::sort(found.begin(), found.end(), [this](const ListedPlan& one, const ListedPlan& other) {
+        return m_list.precedes(m_list.placeOf(one.plan), m_list.placeOf(other.plan));
+    });
+    return found;
+}
+
 int PlanTableModel::rowOf(const QString& planId) const
 {
-    ClientSession& session = ClientSession::instance();
-    const int row = session.isOpen() ? valueOrReport(session.plans().newerThan(planId), -1) : -1;
-    return row < m_count ? row : -1;
+    const auto row = std::find_if(
+        m_rows.cbegin(), m_rows.cend(), [&planId](const Row& each) { return each.listed.plan.id == planId; });
+    return row == m_rows.cend() ? -1 : static_cast<int>(std::distance(m_rows.cbegin(), row));
+}
+
+int PlanTableModel::reveal(const QString& planId)
+{
+    const int row = rowOf(planId);
+    const StoredPlan plan = row < 0 ? listed(planId) : StoredPlan();
+    if (plan.id.isEmpty())
+        return row;
+    PlanSlice slice;
+    slice.limit = PageSize;
+    slice.from = m_list.placeOf(plan);
+    slice.isFromIncluded = true;
+    bool hasBelow = false;
+    const Plans below = read(slice, hasBelow);
+    slice.isFromIncluded = false;
+    slice.isBackward = true;
+    bool hasAbove = false;
+    const Plans above = read(slice, hasAbove);
+    replace(above + below, hasAbove ? positionOf(m_list.placeOf(above.constFirst().plan)) : 0, hasAbove, hasBelow);
+    return above.size();
+}
+
+/// How many plans precede a place, counted from the landmark before it.
+int PlanTableModel::positionOf(const PlanPlace& place) const
+{
+    PlanSlice slice;
+    slice.limit = m_list.isSmall ? PlanList::Small : CountedAtOnce;
+    slice.until = place;
+    const auto after = std::upper_bound(
+        m_landmarks.cbegin(), m_landmarks.cend(), place, [this](const PlanPlace& wanted, const PlanLandmark& landmark) {
+            return m_list.precedes(wanted, landmark.place);
+        });
+    int position = 0;
+    if (after != m_landmarks.cbegin()) {
+        slice.from = std::prev(after)->place;
+        slice.isFromIncluded = true;
+        position = std::prev(after)->position;
+    }
+    return position + valueOrReport(plans().countOf(m_list, slice), 0);
+}
+
+PlanPlace PlanTableModel::placeOf(int row) const
+{
+    return m_list.placeOf(m_rows.at(row).listed.plan);
+}
+
+void PlanTableModel::replace(const Plans& plans, int first, bool hasAbove, bool hasBelow)
+{
+    beginResetModel();
+    m_rows.clear();
+    for (const ListedPlan& listed : plans)
+        m_rows << Row{ listed, {} };
+    m_first = first;
+    m_hasAbove = hasAbove;
+    m_hasBelow = hasBelow;
+    m_count = qMax(m_count, first + plans.size());
+    endResetModel();
+}
+
+// Both are in the order of the list.
+void PlanTableModel::merge(const Plans& plans)
+{
+    removeOthers(plans);
+    for (int row = 0; row < plans.size(); ++row) {
+        if (row < m_rows.size() && plan(row).id == plans.at(row).plan.id) {
+            if (!(m_rows.at(row).listed == plans.at(row))) {
+                m_rows[row] = { plans.at(row), {} };
+                // Views would paint all rows again for a range of cells.
+                for (int column = 0; column < PlanColumns::Count; ++column)
+                    Q_EMIT dataChanged(index(row, column), index(row, column));
+            }
+            continue;
+        }
+        int end = row + 1;
+        while (end < plans.size() && (row >= m_rows.size() || plans.at(end).plan.id != plan(row).id))
+            ++end;
+        insert(row, plans.mid(row, end - row));
+        row = end - 1;
+    }
+}
+
+/// Removes the rows of plans that are not in the list, or at another place of it.
+void PlanTableModel::removeOthers(const Plans& plans)
+{
+    QHash<QString, QString> values;
+    for (const ListedPlan& listed : plans)
+        values.insert(listed.plan.id, m_list.placeOf(listed.plan).value);
+    for (int row = m_rows.size() - 1; row >= 0; --row) {
+        const auto value = values.constFind(plan(row).id);
+        if (value == values.cend() || *value != placeOf(row).value)
+            remove(row, 1);
+    }
+}
+
+void PlanTableModel::remove(int first, int count)
+{
+    beginRemoveRows(QModelIndex(), first, first + count - 1);
+    m_rows.remove(first, count);
+    endRemoveRows();
+}
+
+void PlanTableModel::insert(int row, const Plans& plans)
+{
+    if (plans.isEmpty())
+        return;
+    beginInsertRows(QModelIndex(), row, row + plans.size() - 1);
+    m_rows.insert(row, plans.size(), Row());
+    for (int i = 0; i < plans.size(); ++i)
+        m_rows[row + i].listed = plans.at(i);
+    endInsertRows();
 }
 
 int PlanTableModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : m_rows;
+    return parent.isValid() ? 0 : m_rows.size();
 }
 
 int PlanTableModel::columnCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : ColumnCount;
+    return parent.isValid() ? 0 : PlanColumns::Count;
+}
+
+QStringList PlanTableModel::texts(int row) const
+{
+    const Row& shown = m_rows.at(row);
+    if (shown.texts.isEmpty())
+        shown.texts = PlanColumns::texts(shown.listed, clientToday());
+    return shown.texts;
 }
 
 QVariant PlanTableModel::data(const QModelIndex& index, int role) const
 {
-    if (!index.isValid() || index.row() >= m_count || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
+    if (!index.isValid())
         return QVariant();
-    const QString text = page(index.row() / PageSize).value(index.row() % PageSize).texts.value(index.column());
-    return role == Qt::ToolTipRole ? PlainText::toolTip(text) : text;
+    switch (role) {
+    case Qt::DisplayRole:
+        return texts(index.row()).at(index.column());
+    case Qt::ToolTipRole:
+        return PlainText::toolTip(texts(index.row()).at(index.column()));
+    case Qt::TextAlignmentRole:
+        return PlanColumns::isNumber(index.column()) ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
+    case SideRole:
+        return index.column() == PlanColumns::Side ? plan(index.row()).record.value(AutoPlanField::BaseField::orderSide)
+                                                   : QVariant();
+    case ProgressRole:
+        return index.column() == PlanColumns::Progress ? PlanColumns::shares(m_rows.at(index.row()).listed)
+                                                       : QVariant();
+    default:
+        return QVariant();
+    }
 }
 
 QVariant PlanTableModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    static const QStringList titles{ QStringLiteral("计划编号"), QStringLiteral("计划类型"), QStringLiteral("指令类型"),
-        QStringLiteral("证券"), QStringLiteral("方向"), QStringLiteral("目标"), QStringLiteral("价格模式"),
-        QStringLiteral("生效时段"), QStringLiteral("创建人/时间") };
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+    if (orientation != Qt::Horizontal || section < 0 || section >= PlanColumns::Count)
         return QVariant();
-    return titles.value(section);
-}
-
-PlanTableModel::Row PlanTableModel::makeRow(const StoredPlan& plan)
-{
-    const PlanFormatter words(plan);
-    return { plan,
-        { plan.id, words.planType(), words.instructionType(), words.security(), words.side(), words.target(),
-            words.priceMode(), words.period(), words.creation() } };
-}
-
-const PlanTableModel::Page& PlanTableModel::page(int number) const
-{
-    if (const Page* known = m_pages.object(number))
-        return *known;
-    auto* const rows = new Page;
-    ClientSession& session = ClientSession::instance();
-    if (session.isOpen()) {
-        const QVector<StoredPlan> plans = valueOrReport(session.plans().page(number * PageSize, PageSize), {});
-        for (const StoredPlan& plan : plans)
-            rows->append(makeRow(plan));
+    switch (role) {
+    case Qt::DisplayRole:
+        return PlanColumns::title(section);
+    case Qt::TextAlignmentRole:
+        return PlanColumns::isNumber(section) ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
+    case Qt::ToolTipRole:
+        return PlanColumns::order(section) ? tr("单击排序") : QString();
+    default:
+        return QVariant();
     }
-    m_pages.insert(number, rows);
-    return *m_pages.object(number);
 }

@@ -1,51 +1,67 @@
 #pragma once
 
+#include "PlanColumns.h"
 #include "PlanCounter.h"
 #include "PlanStore.h"
 
 #include <QAbstractTableModel>
-#include <QCache>
 #include <QTimer>
 
 #include <memory>
 
-/// The stored plans, newest first, one row each. Reads pages of the store when their rows are shown, and keeps the last
-/// few; otherwise reads only the number of plans, a large one on another thread. Views use memory for every row, so
-/// they get the newest rows first and more when the last row becomes visible. `PlanEvents` reports rows that cannot be
-/// read; they stay empty until the next `refresh`.
+/// Rows of a list of the stored plans: some hundred that follow each other, because views use memory for every row.
+/// `goTo` and others choose which ones. `PlanEvents` reports rows that cannot be read.
 class PlanTableModel : public QAbstractTableModel {
     Q_OBJECT
 
 public:
-    enum Column {
-        Id,
-        PlanType,
-        InstructionType,
-        SecurityColumn,
-        Side,
-        Target,
-        PriceMode,
-        Period,
-        Creation,
-        ColumnCount
+    /// Roles of cells, beside the usual ones.
+    enum Role {
+        SideRole = Qt::UserRole, ///< the code of the side, in its column
+        ProgressRole             ///< `PlanColumns::shares`, in the column of the progress
     };
 
     explicit PlanTableModel(QObject* parent = nullptr);
 
-    /// Reads the number of plans again and drops all pages. Keeps the rows if it fails, also because the file is gone.
+    /// Reads another list from its start. Keeps the list and the rows if it fails.
+    Status show(const PlanList& list);
+    const PlanList& list() const { return m_list; }
+    /// Reads the rows again and changes only those that differ. Keeps them if it fails, also because the file is gone.
     Status refresh();
-    /// The number of stored plans; `rowCount` of them are rows so far.
+    /// The number of plans in the list.
     int planCount() const { return m_count; }
     /// Whether there may be more plans, which are being counted.
     bool isCounting() const { return m_isCounting; }
-    /// The plan of a row; a default plan (empty id) if there is no such row or it cannot be read.
-    StoredPlan plan(int row) const;
-    /// The row of a plan, which is loaded if needed; -1 if no stored plan has the id or it cannot be read. `likelyRow`:
-    /// where it is looked for first.
-    int reveal(const QString& planId, int likelyRow = -1);
 
-    bool canFetchMore(const QModelIndex& parent) const override;
-    void fetchMore(const QModelIndex& parent) override;
+    /// The position of the first row in the list; exact if the list has not changed since it was counted.
+    int firstPosition() const { return m_first; }
+    /// Whether there are plans before the first row, and after the last one.
+    bool hasAbove() const { return m_hasAbove; }
+    bool hasBelow() const { return m_hasBelow; }
+    /// Appends or prepends rows, and removes some at the other end if there are too many. Returns how far the other
+    /// rows have moved down.
+    int extendDown();
+    int extendUp();
+    /// Replaces the rows by those around a position, or by the last ones.
+    void goTo(int position);
+    void goToEnd();
+
+    /// The plan of a row; a default plan (empty id) if there is no such row.
+    StoredPlan plan(int row) const { return m_rows.value(row).listed.plan; }
+    QStringList ids() const;
+    /// The plan with an id, also if it is no row; a default plan if it is not in the list.
+    StoredPlan listed(const QString& planId);
+    /// Plans that were listed, in the order of the list.
+    QVector<ListedPlan> listed(const QStringList& planIds) const;
+    /// The row of a plan; -1 if there is none.
+    int rowOf(const QString& planId) const;
+    /// Like `rowOf`; if there is none, replaces the rows by those around the plan, unless it is not in the list or
+    /// cannot be read.
+    int reveal(const QString& planId);
+
+    /// The texts of a row's columns.
+    QStringList texts(int row) const;
+
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
     QVariant data(const QModelIndex& index, int role) const override;
@@ -56,23 +72,43 @@ Q_SIGNALS:
     void counted();
 
 private:
-    /// A plan with the texts of its columns.
+    /// A plan with the texts of its columns, which are made when they are shown.
     struct Row {
-        StoredPlan plan;
-        QStringList texts;
+        ListedPlan listed;
+        mutable QStringList texts;
     };
-    using Page = QVector<Row>;
+    using Plans = QVector<ListedPlan>;
+    /// A part of a list, and how many plans the list has: at least so many unless it is counted.
+    struct Look {
+        PlanList list;
+        Plans plans;
+        bool hasMore = false;
+        int count = 0;
+        bool isCounted = false;
+    };
 
-    static Row makeRow(const StoredPlan& plan);
-    const Page& page(int number) const;
-    int rowOf(const QString& planId) const;
-    void growTo(int rows);
-    void countAll();
+    static Result<Look> lookAt(const PlanList& list, PlanSlice slice);
+    static Status read(const PlanList& list, PlanSlice slice, Plans& found, bool& hasMore);
+    Plans read(const PlanSlice& slice, bool& hasMore);
+    void note(const Look& look);
+    void startCounting();
+    void take(int plans, const QVector<PlanLandmark>& landmarks);
+    int positionOf(const PlanPlace& place) const;
+    PlanPlace placeOf(int row) const;
+    void replace(const Plans& plans, int first, bool hasAbove, bool hasBelow);
+    void merge(const Plans& plans);
+    void removeOthers(const Plans& plans);
+    void remove(int first, int count);
+    void insert(int row, const Plans& plans);
 
-    int m_count = 0; ///< stored plans
-    int m_rows = 0;  ///< those that are rows so far
+    PlanList m_list;
+    QVector<Row> m_rows;
+    int m_first = 0;
+    bool m_hasAbove = false;
+    bool m_hasBelow = false;
+    int m_count = 0;
     bool m_isCounting = false;
+    QVector<PlanLandmark> m_landmarks; ///< of the last count; empty if the list was counted at once
     QTimer m_untilPainted;
     std::unique_ptr<PlanCounter> m_counter; ///< null until there are many plans
-    mutable QCache<int, Page> m_pages;
 };

@@ -4,6 +4,7 @@
 #include "Kelvo_Values.h"
 #include "TestClock.h"
 
+#include <QSettings>
 #include <QtTest>
 
 QString ClientFormTest::share()
@@ -75,6 +76,8 @@ QStringList ClientFormTest::modified(const QString& planId)
 
 void ClientFormTest::prepare()
 {
+    m_settings = std::make_unique<QTemporaryDir>();
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings->path());
     goTo(SampleSession::today());
 }
 

@@ -10,6 +10,7 @@
 #include "SampleSession.h"
 
 #include <QDate>
+#include <QTemporaryDir>
 #include <QWidget>
 
 /// A test of the plan editor in the real client, on a sample database and filled in by mouse and keyboard. Before each
@@ -61,6 +62,7 @@ protected:
     void endSession() { m_session.reset(); }
 
 private:
+    std::unique_ptr<QTemporaryDir> m_settings; ///< of the program, new for each test function
     std::unique_ptr<SampleSession> m_session;
     std::unique_ptr<QWidget> m_window;
     AutoParamSetting* m_editor = nullptr;

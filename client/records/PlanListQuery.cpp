@@ -1,0 +1,280 @@
+#include "PlanListQuery.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+namespace {
+
+SqlQuery joined(const QVector<SqlQuery>& queries, const QString& separator)
+{
+    SqlQuery all;
+    QStringList texts;
+    for (const SqlQuery& query : queries) {
+        texts << query.text;
+        all.values += query.values;
+    }
+    all.text = texts.join(separator);
+    return all;
+}
+
+SqlQuery conjunction(const QVector<SqlQuery>& conditions)
+{
+    return joined(conditions, QStringLiteral(" AND "));
+}
+
+SqlQuery united(const QVector<SqlQuery>& queries)
+{
+    return joined(queries, QStringLiteral(" UNION "));
+}
+
+/// A query as a table of its own, which it needs for its LIMIT.
+SqlQuery limited(const SqlQuery& query, const QString& sorting, int limit)
+{
+    return { QStringLiteral("SELECT number, place FROM (%1%2 LIMIT ?) AS limited").arg(query.text, sorting),
+        query.values + QVariantList{ limit } };
+}
+
+QString json(const QStringList& texts)
+{
+    return QString::fromUtf8(QJsonDocument(QJsonArray::fromStringList(texts)).toJson(QJsonDocument::Compact));
+}
+
+/// A column that is looked up in an index, or not.
+QString textColumn(const char* name, bool usesIndex)
+{
+    return QString::fromLatin1(usesIndex ? "%1" : "(%1 || '')").arg(QLatin1String(name));
+}
+
+const QString Incomplete = QStringLiteral("completed_day IS NULL");
+const QString OfRefused = QStringLiteral(" IN (SELECT plan FROM refused_days)");
+// The last day with an instruction or a refusal is a refusal.
+const QString Failed = QStringLiteral("EXISTS (SELECT 1 FROM refused_days AS r WHERE r.plan = number AND r.day >"
+                                      " coalesce((SELECT max(day) FROM instructions AS i WHERE i.plan = number), ''))");
+
+const SqlQuery Everything{ QStringLiteral("TRUE"), {} };
+
+} // namespace
+
+PlanListQuery::PlanListQuery(const PlanScope& scope, const PlanList& list, const SqlDialect& dialect)
+    : m_scope(scope)
+    , m_list(list)
+    , m_dialect(dialect)
+{
+}
+
+SqlQuery PlanListQuery::slice(const PlanSlice& slice) const
+{
+    const SqlQuery found = m_list.isSmall ? collected(PlanList::Small + 1) : inOrder(slice);
+    const SqlQuery inside = m_list.isSmall ? within(slice, QStringLiteral("place")) : Everything;
+    return { QStringLiteral("SELECT number FROM (%1) AS listed WHERE %2 ORDER BY place %3, number %3 LIMIT ? OFFSET ?")
+                 .arg(found.text, inside.text, direction(slice)),
+        found.values + inside.values + QVariantList{ slice.limit, slice.offset } };
+}
+
+QString PlanListQuery::sorting(const PlanSlice& slice) const
+{
+    return QStringLiteral("%1 %2, number %2").arg(column(), direction(slice));
+}
+
+SqlQuery PlanListQuery::countOf(const PlanSlice& slice) const
+{
+    const SqlQuery numbers = this->slice(slice);
+    return { QStringLiteral("SELECT count(*) FROM (%1) AS counted").arg(numbers.text), numbers.values };
+}
+
+SqlQuery PlanListQuery::count(int most) const
+{
+    const SqlQuery found = collected(most);
+    return { QStringLiteral("SELECT count(*) FROM (%1) AS counted").arg(found.text), found.values };
+}
+
+SqlQuery PlanListQuery::landmarks(int step) const
+{
+    const SqlQuery all = members();
+    return { QStringLiteral("SELECT number, place, position FROM (SELECT number, place,"
+                            " row_number() OVER (ORDER BY place %1, number %1) - 1 AS position FROM (%2) AS members)"
+                            " AS numbered WHERE position % ? = 0 ORDER BY position")
+                 .arg(direction({}), all.text),
+        all.values + QVariantList{ step } };
+}
+
+QString PlanListQuery::column() const
+{
+    switch (m_list.order) {
+    case PlanOrder::Number:
+        break;
+    case PlanOrder::Security:
+        return QStringLiteral("symbol");
+    case PlanOrder::End:
+        return QStringLiteral("end_date");
+    }
+    return QStringLiteral("number");
+}
+
+QString PlanListQuery::direction(const PlanSlice& slice) const
+{
+    return m_list.isDescending == slice.isBackward ? QStringLiteral("ASC") : QStringLiteral("DESC");
+}
+
+/// `place`: the column, or expression, of the values by which the list is sorted.
+SqlQuery PlanListQuery::within(const PlanSlice& slice, const QString& place) const
+{
+    const bool isAscending = m_list.isDescending == slice.isBackward;
+    QVector<SqlQuery> bounds;
+    const auto add = [&](const PlanPlace& bound, const char* comparison) {
+        if (m_list.order == PlanOrder::Number)
+            bounds << SqlQuery{ QStringLiteral("number %1 ?").arg(QLatin1String(comparison)), { bound.number } };
+        else
+            bounds << SqlQuery{ QStringLiteral("(%1, number) %2 (?, ?)").arg(place, QLatin1String(comparison)),
+                { bound.value, bound.number } };
+    };
+    if (slice.from && slice.isFromIncluded)
+        add(*slice.from, isAscending ? ">=" : "<=");
+    else if (slice.from)
+        add(*slice.from, isAscending ? ">" : "<");
+    if (slice.until)
+        add(*slice.until, isAscending ? "<" : ">");
+    return bounds.isEmpty() ? Everything : conjunction(bounds);
+}
+
+SqlQuery PlanListQuery::filter(bool usesIndex) const
+{
+    const QString today = m_list.today.toString(Qt::ISODate);
+    const SqlQuery active{ QStringLiteral("%1 = 'active'").arg(textColumn("state", false)), {} };
+    const SqlQuery unended{ textColumn("end_date", usesIndex) + QStringLiteral(" >= ?"), { today } };
+    const SqlQuery begun{ textColumn("begin_date", false) + QStringLiteral(" <= ?"), { today } };
+    switch (m_list.filter) {
+    case PlanFilter::All:
+    case PlanFilter::Own:
+        break;
+    case PlanFilter::Today:
+        return conjunction(
+            { unended, begun, active, { QStringLiteral("(completed_day IS NULL OR completed_day = ?)"), { today } } });
+    case PlanFilter::Running:
+        return conjunction({ unended, begun, active, { Incomplete, {} }, { QStringLiteral("NOT ") + Failed, {} } });
+    case PlanFilter::Failed:
+        return conjunction({ unended, active, { Incomplete, {} },
+            { (usesIndex ? QStringLiteral("number") : QStringLiteral("(number + 0)")) + OfRefused, {} },
+            { Failed, {} } });
+    }
+    return Everything;
+}
+
+SqlQuery PlanListQuery::ofOwnAccounts(bool usesIndex) const
+{
+    if (m_list.filter != PlanFilter::Own)
+        return Everything;
+    return { textColumn("creator", usesIndex) + QStringLiteral(" = ?"), { m_scope.userId() } };
+}
+
+/// The alternatives of the search.
+QVector<SqlQuery> PlanListQuery::matches(bool usesIndex) const
+{
+    const PlanSearch& search = *m_list.search;
+    QVector<SqlQuery> found;
+    if (search.lastNumber > 0)
+        found << SqlQuery{
+            QStringLiteral("%1 BETWEEN ? AND ?").arg(QLatin1String(usesIndex ? "number" : "(number + 0)")),
+            { search.firstNumber, search.lastNumber }
+        };
+    const QString symbol = textColumn("symbol", usesIndex);
+    if (!search.symbolStart.isEmpty())
+        found << SqlQuery{ QStringLiteral("(%1 >= ? AND %1 < ?)").arg(symbol),
+            { search.symbolStart, search.symbolStart + QStringLiteral("~") } };
+    const auto addList = [&](const QString& listed, const QStringList& texts) {
+        if (!texts.isEmpty())
+            found << SqlQuery{ listed + QStringLiteral(" IN ") + m_dialect.listedTexts, { json(texts) } };
+    };
+    addList(symbol, search.symbols);
+    addList(textColumn("trading_account", usesIndex), search.tradingAccounts);
+    return found.isEmpty() ? QVector<SqlQuery>{ { QStringLiteral("FALSE"), {} } } : found;
+}
+
+/// That a plan is in the list, if it is in the scope. Not looked up in an index.
+SqlQuery PlanListQuery::condition() const
+{
+    if (!m_list.search)
+        return filter(false);
+    SqlQuery matched = joined(matches(false), QStringLiteral(" OR "));
+    matched.text = QStringLiteral("(%1)").arg(matched.text);
+    return conjunction({ matched, filter(false) });
+}
+
+/// The first plans of each source, as "number" and "place".
+SqlQuery PlanListQuery::inOrder(const PlanSlice& slice) const
+{
+    const int most = slice.offset + slice.limit;
+    const QString sorting = QStringLiteral(" ORDER BY ") + this->sorting(slice);
+    const SqlQuery listed = conjunction({ within(slice, column()), condition() });
+    const auto of = [&](const SqlQuery& source) {
+        return limited(numbers(conjunction({ source, listed })), sorting, most);
+    };
+    if (m_scope.isEvery())
+        return of(Everything);
+    const SqlQuery ofAccounts = conjunction({ listed, ofOwnAccounts(false) });
+    return united({ { m_dialect.plansOfAccounts.arg(column(), ofAccounts.text, direction(slice)),
+                        QVariantList{ m_scope.userId() } + ofAccounts.values + QVariantList{ most } },
+        of(assigned()), of(executed()) });
+}
+
+/// At most so many plans of each source, as "number" and "place". All of them if there are fewer.
+SqlQuery PlanListQuery::collected(int most) const
+{
+    const auto of = [&](const SqlQuery& source, const SqlQuery& found) {
+        return limited(numbers(conjunction({ source, found })), QString(), most);
+    };
+    QVector<SqlQuery> sources;
+    const auto add = [&](const SqlQuery& found) {
+        if (m_scope.isEvery())
+            sources << of(Everything, found);
+        else
+            sources << limited(ofAccounts(conjunction({ found, ofOwnAccounts(!m_list.search) })), QString(), most)
+                    << of(assigned(), found) << of(executed(), found);
+    };
+    if (m_list.search) {
+        for (const SqlQuery& match : matches(true))
+            add(conjunction({ match, filter(false) }));
+    } else {
+        add(filter(true));
+    }
+    return united(sources);
+}
+
+/// All plans of the list, as "number" and "place", each once.
+SqlQuery PlanListQuery::members() const
+{
+    const SqlQuery listed = condition();
+    if (m_scope.isEvery())
+        return numbers(listed);
+    const SqlQuery own = conjunction({ listed, ofOwnAccounts(false) });
+    SqlQuery others = conjunction({ m_scope.ofOwnAccount(), ofOwnAccounts(false) });
+    others.text = QStringLiteral("NOT (%1)").arg(others.text);
+    SqlQuery roles = joined({ assigned(), executed() }, QStringLiteral(" OR "));
+    roles.text = QStringLiteral("(%1)").arg(roles.text);
+    return joined({ ofAccounts(own), numbers(conjunction({ roles, others, listed })) }, QStringLiteral(" UNION ALL "));
+}
+
+SqlQuery PlanListQuery::numbers(const SqlQuery& condition) const
+{
+    return { QStringLiteral("SELECT number, %1 AS place FROM plans WHERE %2").arg(column(), condition.text),
+        condition.values };
+}
+
+SqlQuery PlanListQuery::ofAccounts(const SqlQuery& condition) const
+{
+    return { QStringLiteral("SELECT number, %1 AS place FROM"
+                            " (SELECT trading_account AS own FROM user_accounts AS o WHERE o.user = ?) AS u"
+                            " CROSS JOIN plans WHERE trading_account = u.own AND %2")
+                 .arg(column(), condition.text),
+        QVariantList{ m_scope.userId() } + condition.values };
+}
+
+SqlQuery PlanListQuery::assigned() const
+{
+    return { QStringLiteral("assignee = ?"), { m_scope.userName() } };
+}
+
+SqlQuery PlanListQuery::executed() const
+{
+    return { QStringLiteral("executor = ?"), { m_scope.userName() } };
+}

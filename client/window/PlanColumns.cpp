@@ -1,0 +1,157 @@
+#include "PlanColumns.h"
+
+#include "AutoPlanField.h"
+#include "ClientSession.h"
+#include "Kelvo_Fields.h"
+#include "PlanFormatter.h"
+#include "PlanLife.h"
+#include "PlanTexts.h"
+
+#include <QLocale>
+
+#include <tuple>
+
+namespace {
+
+struct Shown {
+    const ListedPlan& listed;
+    const PlanFormatter words;
+    const QDate today;
+};
+
+struct Definition {
+    const char* name;
+    const char* title;
+    const char* sample;
+    bool isNumber;
+    std::optional<PlanOrder> order;
+    QString (*text)(const Shown& shown);
+};
+
+QDate dateOf(const StoredPlan& plan, const QString& key)
+{
+    return PlanTexts::date(plan.record.value(key).toString());
+}
+
+PlanStage stageOf(const Shown& shown)
+{
+    return PlanLife::stage(shown.listed.plan, !shown.listed.progress.refusal.isEmpty(), shown.today);
+}
+
+QString progressText(const Shown& shown)
+{
+    const PlanProgress& progress = shown.listed.progress;
+    const bool isAmount = shown.words.isAmount();
+    return QStringLiteral("%1 / %2").arg(shown.words.partText(isAmount ? progress.filledYuan : progress.filledQuantity),
+        shown.words.partText(isAmount ? progress.used.yuan : progress.used.quantity));
+}
+
+// Empty for a plan that has ended, and for one whose last day the calendar does not know.
+QString remainingDays(const Shown& shown)
+{
+    const PlanStage stage = stageOf(shown);
+    if (stage == PlanStage::Archived || stage == PlanStage::Stopped || stage == PlanStage::Completed
+        || stage == PlanStage::Expired)
+        return QString();
+    const StoredPlan& plan = shown.listed.plan;
+    const QString exchange = plan.record.value(Kelvo_Fields::UserAccount::securityExchange).toString();
+    const TradeCalendar& calendar = ClientSession::instance().calendar();
+    const QDate end = dateOf(plan, AutoPlanField::BaseField::endDate);
+    if (!(end <= calendar.lastKnownDay(exchange)))
+        return QString();
+    int days = 0;
+    for (QDate day = qMax(shown.today, dateOf(plan, AutoPlanField::BaseField::beginDate)); day <= end;
+         day = day.addDays(1))
+        days += calendar.day(exchange, day) == TradeCalendar::Day::Trades ? 1 : 0;
+    return QStringLiteral("%1天").arg(days);
+}
+
+QString lastResult(const Shown& shown)
+{
+    const PlanProgress& progress = shown.listed.progress;
+    if (!progress.lastDay.isValid())
+        return QString();
+    const QString day = QLocale::c().toString(progress.lastDay, QStringLiteral("MM-dd"));
+    const QString result = progress.refusal.isEmpty() ? QStringLiteral("已下达") : progress.refusal;
+    return QStringLiteral("%1 %2").arg(day, result);
+}
+
+const Definition definitions[PlanColumns::Count] = {
+    { "id", "计划编号", "AP00000000", false, PlanOrder::Number,
+        [](const Shown& shown) { return shown.listed.plan.id; } },
+    { "account", "账户", "四字账户（F000000）", false, {}, [](const Shown& shown) { return shown.words.account(); } },
+    { "state", "状态", "已暂停", false, {}, [](const Shown& shown) { return PlanLife::word(stageOf(shown)); } },
+    { "security", "证券", "600000.SH 四字证券", false, PlanOrder::Security,
+        [](const Shown& shown) { return shown.words.security(); } },
+    { "side", "方向", "方向", false, {}, [](const Shown& shown) { return shown.words.side(); } },
+    { "target", "目标", "10,000,000.00 元", true, {}, [](const Shown& shown) { return shown.words.target(); } },
+    { "progress", "成交 / 下达", "1,000,000 / 1,000,000", true, {}, progressText },
+    { "perDay", "每日", "1,000,000 股", true, {}, [](const Shown& shown) { return shown.words.perDay(); } },
+    { "price", "价格", "昨收盘价 * 1.01", false, {}, [](const Shown& shown) { return shown.words.price(); } },
+    { "period", "生效时段", "0000-00-00 至 0000-00-00", false, PlanOrder::End,
+        [](const Shown& shown) { return shown.words.period(); } },
+    { "remainingDays", "剩余", "剩余剩余", true, {}, remainingDays },
+    { "lastResult", "最近结果", "00-00 四字结果", false, {}, lastResult },
+    { "assignee", "分配给", "默认不指定", false, {}, [](const Shown& shown) { return shown.words.assignee(); } },
+    { "planType", "计划类型", "累计数量", false, {}, [](const Shown& shown) { return shown.words.planType(); } },
+    { "instructionType", "指令类型", "港股通交易", false, {},
+        [](const Shown& shown) { return shown.words.instructionType(); } },
+    { "creation", "创建人/时间", "trader01 0000-00-00 00:00", false, PlanOrder::Number,
+        [](const Shown& shown) { return shown.words.creation(); } },
+};
+
+} // namespace
+
+bool ListedPlan::operator==(const ListedPlan& other) const
+{
+    const auto values = [](const PlanProgress& of) {
+        return std::make_tuple(
+            of.used.quantity, of.used.yuan, of.filledQuantity, of.filledYuan, of.lastDay, of.refusal);
+    };
+    return plan == other.plan && values(progress) == values(other.progress);
+}
+
+QString PlanColumns::name(int column)
+{
+    return QLatin1String(definitions[column].name);
+}
+
+QString PlanColumns::title(int column)
+{
+    return QString::fromUtf8(definitions[column].title);
+}
+
+QString PlanColumns::sample(int column)
+{
+    return QString::fromUtf8(definitions[column].sample);
+}
+
+bool PlanColumns::isNumber(int column)
+{
+    return definitions[column].isNumber;
+}
+
+std::optional<PlanOrder> PlanColumns::order(int column)
+{
+    return definitions[column].order;
+}
+
+QStringList PlanColumns::texts(const ListedPlan& listed, const QDate& today)
+{
+    const Shown shown{ listed, PlanFormatter(listed.plan), today };
+    QStringList texts;
+    for (const Definition& column : definitions)
+        texts << column.text(shown);
+    return texts;
+}
+
+QSizeF PlanColumns::shares(const ListedPlan& listed)
+{
+    const PlanFormatter words(listed.plan);
+    const double total = words.total();
+    if (!(total > 0))
+        return {};
+    const PlanProgress& progress = listed.progress;
+    return words.isAmount() ? QSizeF(progress.used.yuan / total, progress.filledYuan / total)
+                            : QSizeF(progress.used.quantity / total, progress.filledQuantity / total);
+}
