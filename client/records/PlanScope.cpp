@@ -25,6 +25,9 @@ SqlQuery PlanScope::among(const QStringList& planIds)
         numbers.values << PlanId::toNumber(id).value_or(0);
         placeholders << QStringLiteral("?");
     }
+    // A server refuses an empty list.
+    if (planIds.isEmpty())
+        placeholders << QStringLiteral("NULL");
     numbers.text = QStringLiteral("(%1)").arg(placeholders.join(QStringLiteral(", ")));
     return numbers;
 }
