@@ -788,6 +788,142 @@
     </message>
 </context>
 <context>
+    <name>IssueSheet</name>
+    <message>
+        <source>买入</source>
+        <translation>Buy</translation>
+    </message>
+    <message>
+        <source>卖出</source>
+        <translation>Sell</translation>
+    </message>
+    <message>
+        <source>账户%1 %2 %3笔 %4元</source>
+        <translation>Account %1: %2, %3 orders, %4 yuan</translation>
+    </message>
+    <message>
+        <source>另有%1项</source>
+        <translation>and %1 more</translation>
+    </message>
+    <message>
+        <source>没有选择计划</source>
+        <translation>No plan is chosen</translation>
+    </message>
+    <message>
+        <source>关闭</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>全选</source>
+        <translation>All</translation>
+    </message>
+    <message>
+        <source>下达当日指令 - %1</source>
+        <translation>Issue Today&apos;s Instructions - %1</translation>
+    </message>
+    <message>
+        <source>正在读取当日的计划……</source>
+        <translation>Reading the plans of the day…</translation>
+    </message>
+    <message>
+        <source>今天没有要下达的计划。</source>
+        <translation>There is no plan to issue today.</translation>
+    </message>
+    <message>
+        <source>选择要下达的计划。</source>
+        <translation>Choose the plans to issue.</translation>
+    </message>
+    <message>
+        <source>下达%1条指令？
+%2</source>
+        <translation>Issue %1 instructions?
+%2</translation>
+    </message>
+    <message>
+        <source>正在下达……</source>
+        <translation>Issuing…</translation>
+    </message>
+    <message>
+        <source>已下达%1条，此前已下达%2个，未下达%3个。</source>
+        <translation>Issued: %1. Issued before: %2. Not issued: %3.</translation>
+    </message>
+    <message>
+        <source>其余已取消，可以再次下达。</source>
+        <translation> The rest was cancelled and can be issued again.</translation>
+    </message>
+    <message>
+        <source>其余因故未下达：%1</source>
+        <translation> The rest was not issued: %1</translation>
+    </message>
+    <message>
+        <source>下达%1条……</source>
+        <translation>Issue %1…</translation>
+    </message>
+    <message>
+        <source>取消</source>
+        <translation>Cancel</translation>
+    </message>
+</context>
+<context>
+    <name>IssueSheetModel</name>
+    <message>
+        <source>已下达 %1</source>
+        <translation>Issued %1</translation>
+    </message>
+    <message>
+        <source>此前已下达</source>
+        <translation>Issued before</translation>
+    </message>
+    <message>
+        <source>未下达：%1</source>
+        <translation>Not issued: %1</translation>
+    </message>
+    <message>
+        <source>计划编号</source>
+        <translation>Plan</translation>
+    </message>
+    <message>
+        <source>账户</source>
+        <translation>Account</translation>
+    </message>
+    <message>
+        <source>证券</source>
+        <translation>Security</translation>
+    </message>
+    <message>
+        <source>方向</source>
+        <translation>Side</translation>
+    </message>
+    <message>
+        <source>价格</source>
+        <translation>Price</translation>
+    </message>
+    <message>
+        <source>数量</source>
+        <translation>Quantity</translation>
+    </message>
+    <message>
+        <source>金额（元）</source>
+        <translation>Amount (yuan)</translation>
+    </message>
+    <message>
+        <source>结果</source>
+        <translation>Result</translation>
+    </message>
+    <message>
+        <source>不限价</source>
+        <translation>No limit</translation>
+    </message>
+    <message>
+        <source>不能下达：%1</source>
+        <translation>Cannot be issued: %1</translation>
+    </message>
+    <message>
+        <source>价格按涨跌停价</source>
+        <translation>At the limit price of the day</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>交易计划 - %1（%2）</source>
@@ -954,6 +1090,37 @@
     </message>
 </context>
 <context>
+    <name>PlanPane</name>
+    <message>
+        <source>全部</source>
+        <translation>All</translation>
+    </message>
+    <message>
+        <source>今日</source>
+        <translation>Today</translation>
+    </message>
+    <message>
+        <source>进行中</source>
+        <translation>Running</translation>
+    </message>
+    <message>
+        <source>异常</source>
+        <translation>Failed</translation>
+    </message>
+    <message>
+        <source>我的</source>
+        <translation>Mine</translation>
+    </message>
+    <message>
+        <source>搜索计划</source>
+        <translation>Search plans</translation>
+    </message>
+    <message>
+        <source>编号、证券代码、名称、账户（Ctrl+F）</source>
+        <translation>Number, symbol, name, account (Ctrl+F)</translation>
+    </message>
+</context>
+<context>
     <name>PlanTable</name>
     <message>
         <source>计划列表</source>
@@ -961,10 +1128,36 @@
     </message>
 </context>
 <context>
+    <name>PlanTableModel</name>
+    <message>
+        <source>单击排序</source>
+        <translation>Click to sort</translation>
+    </message>
+</context>
+<context>
     <name>QLineEdit</name>
     <message>
         <source>最多输入%1个字符</source>
         <translation>At most %1 characters</translation>
+    </message>
+</context>
+<context>
+    <name>ReasonDialog</name>
+    <message>
+        <source>停止计划</source>
+        <translation>Stop Plans</translation>
+    </message>
+    <message>
+        <source>原因</source>
+        <translation>Reason</translation>
+    </message>
+    <message>
+        <source>停止</source>
+        <translation>Stop</translation>
+    </message>
+    <message>
+        <source>取消</source>
+        <translation>Cancel</translation>
     </message>
 </context>
 <context>
@@ -1008,6 +1201,61 @@
     <message>
         <source>没有匹配的证券</source>
         <translation>No security matches</translation>
+    </message>
+</context>
+<context>
+    <name>StateActions</name>
+    <message>
+        <source>……共%1个计划</source>
+        <translation>… %1 plans in total</translation>
+    </message>
+    <message>
+        <source>暂停</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>恢复</source>
+        <translation>Resume</translation>
+    </message>
+    <message>
+        <source>停止……</source>
+        <translation>Stop…</translation>
+    </message>
+    <message>
+        <source>归档</source>
+        <translation>Archive</translation>
+    </message>
+    <message>
+        <source>全部暂停……</source>
+        <translation>Pause All…</translation>
+    </message>
+    <message>
+        <source>停止%1个计划后不能恢复，也不能再修改。</source>
+        <translation>%1 plans will be stopped. They cannot be resumed or changed afterwards.</translation>
+    </message>
+    <message>
+        <source>暂停账户%1的全部计划？</source>
+        <translation>Pause all plans of account %1?</translation>
+    </message>
+    <message>
+        <source>正在变更计划的状态……</source>
+        <translation>Changing the plans&apos; states…</translation>
+    </message>
+    <message>
+        <source>取消</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>已变更%1个计划……</source>
+        <translation>%1 plans changed…</translation>
+    </message>
+    <message>
+        <source>%1个计划%2</source>
+        <translation>%1 plans: %2</translation>
+    </message>
+    <message>
+        <source>，其余已取消</source>
+        <translation>, the rest was cancelled</translation>
     </message>
 </context>
 <context>
