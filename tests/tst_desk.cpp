@@ -45,7 +45,8 @@ private Q_SLOTS:
         QCOMPARE(cell(0, IssueSheetModel::Price), QStringLiteral("不限价"));
         QCOMPARE(cell(0, IssueSheetModel::Quantity), QStringLiteral("300"));
         QCOMPARE(cell(0, IssueSheetModel::ResultColumn), QString());
-        QVERIFY(text("issueSums").startsWith(QStringLiteral("账户100001 买入 1笔 ")));
+        QCOMPARE(cell(0, IssueSheetModel::Amount), QStringLiteral("5,247.00"));
+        QCOMPARE(text("issueSums"), QStringLiteral("账户100001 买入 1笔 5,247.00元"));
         QCOMPARE(button("btn_issue")->text(), QStringLiteral("下达1条……"));
     }
 

@@ -2,6 +2,7 @@
 
 #include "ClientClock.h"
 #include "ClientSession.h"
+#include "DecimalText.h"
 #include "ErrorText.h"
 #include "InstructionIssuer.h"
 #include "IssueSheetModel.h"
@@ -12,7 +13,6 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLocale>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTableView>
@@ -29,7 +29,7 @@ QString sumText(const IssueSheetModel::Sum& sum)
 {
     const QString side = sum.isBuy ? IssueSheet::tr("买入") : IssueSheet::tr("卖出");
     return IssueSheet::tr("账户%1 %2 %3笔 %4元")
-        .arg(sum.account, side, QString::number(sum.plans), QLocale::c().toString(sum.yuan, 'f', 2));
+        .arg(sum.account, side, QString::number(sum.plans), groupedText(QString::number(sum.yuan, 'f', 2)));
 }
 
 QString sumsText(const QVector<IssueSheetModel::Sum>& sums)

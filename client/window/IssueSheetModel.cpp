@@ -1,13 +1,12 @@
 #include "IssueSheetModel.h"
 
 #include "AutoPlanField.h"
+#include "DecimalText.h"
 #include "ErrorText.h"
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
 #include "PlanFormatter.h"
 #include "TickPrice.h"
-
-#include <QLocale>
 
 namespace {
 
@@ -28,7 +27,7 @@ QString accountOf(const IssueRow& row)
 
 QString yuanText(double yuan)
 {
-    return QLocale::c().toString(yuan, 'f', 2);
+    return groupedText(QString::number(yuan, 'f', 2));
 }
 
 } // namespace
@@ -157,7 +156,7 @@ QString IssueSheetModel::textOf(const IssueRow& row, int column) const
             return QString();
         return row.order.price.limit ? TickPrice::text(*row.order.price.limit, row.precision) : tr("不限价");
     case Quantity:
-        return hasOrder ? QLocale::c().toString(row.order.quantity) : QString();
+        return hasOrder ? groupedText(QString::number(row.order.quantity)) : QString();
     case Amount:
         return hasOrder ? yuanText(row.order.issuedYuan) : QString();
     case ResultColumn:
