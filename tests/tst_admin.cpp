@@ -600,7 +600,7 @@ private Q_SLOTS:
         row("admin set-chain 1 1", "命令admin set-chain应有参数：账户 指令类型 名称=姓名,...");
         row("admin list --review", "命令admin list没有选项--review");
         row("admin list --user a", "命令admin list没有选项--user");
-        row("--sample", "选项--sample只用于命令admin init");
+        row("--sample", "选项--sample只用于admin init");
     }
 
     void aMalformedCommandIsRefused()

@@ -216,7 +216,13 @@ void addIssuingRows()
     addRow("2024-05-04不是交易日", { Error::NotATradeDay, { QString(), QStringLiteral("2024-05-04") } });
     addRow("证券“600000.SH”没有收盘价", { Error::NoCloses, { QStringLiteral("600000.SH") } });
     addRow("价格不足一个最小变动单位或过大", Error::PriceOutOfRange);
-    addRow("剩余数量或金额不足一手", Error::LessThanOneLot);
+    addRow("当日的份额不足一手", Error::LessThanOneLot);
+    addRow("计划已完成，剩余不足一手", Error::NothingLeft);
+    addRow("可卖数量不足一手", Error::NothingToSell);
+    addRow("不在该市场的委托时间09:15至15:00内",
+        { Error::OutsideTradeHours, { QStringLiteral("09:15"), QStringLiteral("15:00") } });
+    addRow("2024-05-07不是今天（2024-05-06），只能模拟下达",
+        { Error::NotToday, { QStringLiteral("2024-05-07"), QStringLiteral("2024-05-06") } });
     addRow("只有信用账户可以在信用交易中转股", Error::NotACreditAccount);
     addRow("债券转股只能以卖出方向申报", Error::ConversionNotASale);
     addRow("证券“600000.SH”不是可转换债券", { Error::NotConvertible, { QStringLiteral("600000.SH") } });
@@ -232,8 +238,8 @@ void addProgramRows()
     addRow("缺少目录", Error::NoFolder);
     addRow("命令backup应有参数：文件",
         { Error::CommandWithoutArgument, { QStringLiteral("backup"), QStringLiteral("文件") } });
-    addRow("选项--json只用于命令history",
-        { Error::OptionOfCommand, { QStringLiteral("json"), QStringLiteral("history") } });
+    addRow(
+        "选项--json只用于history", { Error::OptionOfCommand, { QStringLiteral("json"), QStringLiteral("history") } });
     addRow("命令backup没有选项--json",
         { Error::OptionNotOfCommand, { QStringLiteral("json"), QStringLiteral("backup") } });
     addRow("无法写入文件a.csv", { Error::FileNotWritten, { QStringLiteral("a.csv") } });

@@ -19,6 +19,9 @@ void LongWork::start(const Work& work, const std::function<void()>& done)
         });
         if (m_thread.isStopping())
             return;
+        // The next work connects again.
+        if (!database.poll())
+            m_thread.reconnect();
         const auto finish = [this, done] {
             m_isRunning = false;
             done();

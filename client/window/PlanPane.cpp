@@ -16,6 +16,8 @@ namespace {
 
 constexpr int BarMargin = 6;
 constexpr int SearchWidth = 300;
+// The frame, and the button that clears the text.
+constexpr int SearchMargin = 40;
 
 } // namespace
 
@@ -71,7 +73,8 @@ void PlanPane::buildSearch()
     m_search->setAccessibleName(tr("搜索计划"));
     m_search->setPlaceholderText(tr("编号、证券代码、名称、账户（Ctrl+F）"));
     m_search->setClearButtonEnabled(true);
-    m_search->setMinimumWidth(SearchWidth);
+    const QSize text = m_search->fontMetrics().size(Qt::TextSingleLine, m_search->placeholderText());
+    m_search->setMinimumSize(qMax(SearchWidth, text.width() + SearchMargin), text.height() + SearchMargin / 4);
     m_search->installEventFilter(this);
     connect(m_search, &QLineEdit::textChanged, this, &PlanPane::apply);
     auto* const find = new QShortcut(QKeySequence(QKeySequence::Find), this);
