@@ -191,8 +191,8 @@ private Q_SLOTS:
             { FieldId::IssuedQty, QStringLiteral("300") }, { FieldId::IssuedAmount, QStringLiteral("10050.00") },
             { FieldId::FilledQty, QStringLiteral("100") }, { QStringLiteral("cumAmount"), QStringLiteral("0.29") },
             { FieldId::EndState, EndState::Ended } };
-        QCOMPARE(
-            HistoryTexts::event(entry), QStringLiteral("下达指令：AP00000001-000001 下达10,050.00元 成交0.29元 已结束"));
+        QCOMPARE(HistoryTexts::event(entry),
+            QStringLiteral("下达指令：AP00000001-000001 下达10,050.00元 成交0.29元 已结束"));
         entry.after.insert(FieldId::TargetType, InstructionTargetType::QtyOrder);
         QCOMPARE(HistoryTexts::event(entry), QStringLiteral("下达指令：AP00000001-000001 下达300 成交100 已结束"));
     }

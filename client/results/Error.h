@@ -79,18 +79,18 @@ enum class Error {
     StateNotPossible,     ///< plan id, present state, wanted state
     PlanHasEnded,         ///< plan id, state
     NoReason,
-    ReasonTooLong,        ///< largest number of characters
-    UnknownInstruction,   ///< instruction id
-    DamagedCloses,        ///< symbol
-    DamagedPlan,          ///< plan id
-    DamagedHistory,       ///< number of the entry
-    PlanValueUnknown,     ///< plan id, caption, value
-    PlanValueInvalid,     ///< plan id, caption, value
-    InstructionInvalid,   ///< instruction id, what it contains
-    SecurityInvalid,      ///< symbol
-    PositionInvalid,      ///< account, symbol
-    SignatureInvalid,     ///< client number, protocol
-    LimitInvalid,         ///< account, number of the exception
+    ReasonTooLong,      ///< largest number of characters
+    UnknownInstruction, ///< instruction id
+    DamagedCloses,      ///< symbol
+    DamagedPlan,        ///< plan id
+    DamagedHistory,     ///< number of the entry
+    PlanValueUnknown,   ///< plan id, caption, value
+    PlanValueInvalid,   ///< plan id, caption, value
+    InstructionInvalid, ///< instruction id, what it contains
+    SecurityInvalid,    ///< symbol
+    PositionInvalid,    ///< account, symbol
+    SignatureInvalid,   ///< client number, protocol
+    LimitInvalid,       ///< account, number of the exception
     // --- The sample data
     MarketSizeOutOfRange, ///< smallest, largest size
     NoLastClose,
