@@ -2,33 +2,24 @@
 
 #include "ClientClock.h"
 #include "PlanDelegate.h"
+#include "PlanHeader.h"
 
-#include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QMenu>
 #include <QRegularExpression>
 #include <QScopedValueRollback>
 #include <QScrollBar>
-#include <QSettings>
 
 #include <utility>
 
 namespace {
 
-constexpr int CellMargin = 16;
 // Rows beyond the visible ones that are read before they become visible.
 constexpr int Margin = 50;
 
-const QString StoredColumns = QStringLiteral("planTable/columns");
 const QRegularExpression LineOrTab(QStringLiteral("[\\t\\r\\n]"));
-
-QSettings settings()
-{
-    return QSettings(QStringLiteral("plandesk"), QStringLiteral("plandesk"));
-}
 
 } // namespace
 
@@ -69,6 +60,8 @@ PlanTable::PlanTable(QWidget* parent)
 {
     setObjectName(QStringLiteral("planTable"));
     setAccessibleName(tr("计划列表"));
+    auto* const header = new PlanHeader(this);
+    setHorizontalHeader(header);
     setModel(m_plans);
     setSelectionModel(new Selection(this));
     setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -85,7 +78,7 @@ PlanTable::PlanTable(QWidget* parent)
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     setItemDelegate(new PlanDelegate(this));
-    setUpHeader();
+    header->setUp();
     connect(m_plans, &PlanTableModel::counted, this, [this] {
         showPosition();
         Q_EMIT counted();
@@ -97,86 +90,6 @@ PlanTable::PlanTable(QWidget* parent)
             scrollToPosition(position);
     });
     showOrder();
-}
-
-void PlanTable::setUpHeader()
-{
-    QHeaderView& header = *horizontalHeader();
-    header.setStretchLastSection(true);
-    header.setHighlightSections(false);
-    header.setSectionsClickable(true);
-    header.setSectionsMovable(true);
-    // Wide enough for usual texts. Measuring the rows would read them all.
-    for (int column = 0; column < PlanColumns::Count; ++column)
-        setColumnWidth(column, fontMetrics().horizontalAdvance(PlanColumns::sample(column)) + CellMargin);
-    restoreColumns();
-    header.setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(&header, &QHeaderView::customContextMenuRequested, this, &PlanTable::showColumnMenu);
-    connect(&header, &QHeaderView::sectionMoved, this, &PlanTable::saveColumns);
-    connect(&header, &QHeaderView::sectionResized, this, [this](int column) {
-        // The last one takes what the others leave.
-        if (column != lastColumn())
-            saveColumns();
-    });
-}
-
-int PlanTable::lastColumn() const
-{
-    int place = PlanColumns::Count - 1;
-    while (isColumnHidden(horizontalHeader()->logicalIndex(place)))
-        --place;
-    return horizontalHeader()->logicalIndex(place);
-}
-
-// The names of the shown columns from left to right, each with its width.
-void PlanTable::restoreColumns()
-{
-    const QStringList stored = settings().value(StoredColumns).toStringList();
-    if (stored.isEmpty())
-        return;
-    QHeaderView& header = *horizontalHeader();
-    for (int column = 0; column < PlanColumns::Count; ++column)
-        setColumnHidden(column, stored.filter(PlanColumns::name(column) + QLatin1Char(' ')).isEmpty());
-    int place = 0;
-    for (const QString& text : stored) {
-        for (int column = 0; column < PlanColumns::Count; ++column) {
-            if (text.section(QLatin1Char(' '), 0, 0) != PlanColumns::name(column))
-                continue;
-            header.moveSection(header.visualIndex(column), place++);
-            setColumnWidth(column, qMax(header.minimumSectionSize(), text.section(QLatin1Char(' '), 1).toInt()));
-        }
-    }
-}
-
-void PlanTable::saveColumns()
-{
-    const QHeaderView& header = *horizontalHeader();
-    QStringList stored;
-    for (int place = 0; place < PlanColumns::Count; ++place) {
-        const int column = header.logicalIndex(place);
-        if (!isColumnHidden(column))
-            stored << QStringLiteral("%1 %2").arg(PlanColumns::name(column), QString::number(columnWidth(column)));
-    }
-    settings().setValue(StoredColumns, stored);
-}
-
-// One column is always shown, so that the header can be reached.
-void PlanTable::showColumnMenu(const QPoint& place)
-{
-    QMenu menu(this);
-    menu.setObjectName(QStringLiteral("columnMenu"));
-    const bool isLast = horizontalHeader()->hiddenSectionCount() == PlanColumns::Count - 1;
-    for (int column = 0; column < PlanColumns::Count; ++column) {
-        QAction* const action = menu.addAction(PlanColumns::title(column));
-        action->setCheckable(true);
-        action->setChecked(!isColumnHidden(column));
-        action->setEnabled(!isLast || isColumnHidden(column));
-        connect(action, &QAction::toggled, this, [this, column](bool shows) {
-            setColumnHidden(column, !shows);
-            saveColumns();
-        });
-    }
-    menu.exec(horizontalHeader()->viewport()->mapToGlobal(place));
 }
 
 void PlanTable::keyPressEvent(QKeyEvent* event)

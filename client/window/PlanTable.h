@@ -76,11 +76,6 @@ protected:
 private:
     class Selection;
 
-    void setUpHeader();
-    int lastColumn() const;
-    void restoreColumns();
-    void saveColumns();
-    void showColumnMenu(const QPoint& place);
     void copySelected();
     void sortBy(int column);
     void showOrder();

@@ -13,10 +13,7 @@
 
 namespace {
 
-constexpr int PageSize = 100;
 constexpr int MostRows = 500;
-// Counting more takes longer than reading a page.
-constexpr int CountedAtOnce = 1000;
 // The first page is painted before all plans are counted. Later, a count that is a little old does less harm than one
 // after each change.
 constexpr std::chrono::milliseconds UntilPainted(200);
@@ -32,21 +29,6 @@ bool isOpen()
     return ClientSession::instance().isOpen();
 }
 
-Status addProgress(const Result<QVector<StoredPlan>>& plans, QVector<ListedPlan>& listed)
-{
-    if (!plans)
-        return plans.status();
-    QStringList ids;
-    for (const StoredPlan& plan : *plans)
-        ids << plan.id;
-    if (ids.isEmpty())
-        return {};
-    const auto progress = ClientSession::instance().instructions().progress(ids);
-    for (const StoredPlan& plan : *plans)
-        listed << ListedPlan{ plan, progress.valueOr({}).value(plan.id) };
-    return progress.status();
-}
-
 } // namespace
 
 PlanTableModel::PlanTableModel(QObject* parent)
@@ -58,7 +40,7 @@ PlanTableModel::PlanTableModel(QObject* parent)
 
 Status PlanTableModel::show(const PlanList& list)
 {
-    const Result<Look> look = lookAt(list, {});
+    const Result<PlanLook> look = PlanReading::look(list, {});
     if (!look)
         return look.status();
     m_list = look->list;
@@ -79,7 +61,7 @@ Status PlanTableModel::refresh()
         slice.from = placeOf(0);
         slice.isFromIncluded = true;
     }
-    const Result<Look> look = lookAt(m_list, slice);
+    const Result<PlanLook> look = PlanReading::look(m_list, slice);
     if (!look)
         return look.status();
     // The plans of all rows, up to the last one, have left the list.
@@ -94,63 +76,18 @@ Status PlanTableModel::refresh()
     return {};
 }
 
-/// Reads a slice, at least a page, and counts the list as far as that is quick.
-Result<PlanTableModel::Look> PlanTableModel::lookAt(const PlanList& list, PlanSlice slice)
-{
-    Look look{ list, {}, false, 0, false };
-    if (!isOpen())
-        return look;
-    const auto count = [&](int most) {
-        const Result<int> counted = plans().count(list, most);
-        look.count = counted.valueOr(0);
-        look.isCounted = look.count < most;
-        return counted.status();
-    };
-    if (!list.isWhole()) {
-        if (Status status = count(PlanList::Small + 1); !status)
-            return status;
-        look.list.isSmall = look.isCounted;
-    }
-    slice.limit = qMax(slice.limit, PageSize);
-    if (Status status = read(look.list, slice, look.plans, look.hasMore); !status)
-        return status;
-    look.isCounted = look.isCounted || (list.isWhole() && !slice.from && !look.hasMore);
-    if (!list.isWhole())
-        return look;
-    if (!look.isCounted) {
-        if (Status status = count(CountedAtOnce); !status)
-            return status;
-    } else {
-        look.count = look.plans.size();
-    }
-    return look;
-}
-
-/// Reads a slice and whether it could be longer.
-Status PlanTableModel::read(const PlanList& list, PlanSlice slice, Plans& found, bool& hasMore)
-{
-    const int limit = slice.limit;
-    ++slice.limit;
-    if (Status status = addProgress(plans().page(list, slice), found); !status)
-        return status;
-    hasMore = found.size() > limit;
-    if (hasMore)
-        found.removeAt(slice.isBackward ? 0 : limit);
-    return {};
-}
-
-/// Like the other one. A failure is reported, and there is nothing more.
+/// Reads a slice of the list. A failure is reported, and there is nothing more.
 PlanTableModel::Plans PlanTableModel::read(const PlanSlice& slice, bool& hasMore)
 {
     Plans found;
     hasMore = false;
     if (isOpen())
-        reportFailure(read(m_list, slice, found, hasMore));
+        reportFailure(PlanReading::slice(m_list, slice, found, hasMore));
     return found;
 }
 
 // The last count is kept until there is another one.
-void PlanTableModel::note(const Look& look)
+void PlanTableModel::note(const PlanLook& look)
 {
     if (look.isCounted) {
         m_landmarks.clear();
@@ -188,7 +125,7 @@ int PlanTableModel::extendDown()
     if (!m_hasBelow)
         return 0;
     PlanSlice slice;
-    slice.limit = PageSize;
+    slice.limit = PlanReading::PageSize;
     slice.from = placeOf(m_rows.size() - 1);
     const Plans added = read(slice, m_hasBelow);
     insert(m_rows.size(), added);
@@ -206,7 +143,7 @@ int PlanTableModel::extendUp()
     if (!m_hasAbove)
         return 0;
     PlanSlice slice;
-    slice.limit = PageSize;
+    slice.limit = PlanReading::PageSize;
     slice.from = placeOf(0);
     slice.isBackward = true;
     const Plans added = read(slice, m_hasAbove);
@@ -221,9 +158,9 @@ int PlanTableModel::extendUp()
 
 void PlanTableModel::goTo(int position)
 {
-    const int first = qMax(0, position - PageSize);
+    const int first = qMax(0, position - PlanReading::PageSize);
     PlanSlice slice;
-    slice.limit = 2 * PageSize;
+    slice.limit = 2 * PlanReading::PageSize;
     slice.offset = first;
     const auto after = std::upper_bound(m_landmarks.cbegin(), m_landmarks.cend(), first,
         [](int wanted, const PlanLandmark& landmark) { return wanted < landmark.position; });
@@ -244,7 +181,7 @@ void PlanTableModel::goTo(int position)
 void PlanTableModel::goToEnd()
 {
     PlanSlice slice;
-    slice.limit = 2 * PageSize;
+    slice.limit = 2 * PlanReading::PageSize;
     slice.isBackward = true;
     bool hasAbove = false;
     const Plans found = read(slice, hasAbove);
@@ -277,7 +214,7 @@ QVector<ListedPlan> PlanTableModel::listed(const QStringList& planIds) const
 {
     Plans found;
     if (isOpen())
-        reportFailure(addProgress(plans().plans(planIds), found));
+        reportFailure(PlanReading::addProgress(plans().plans(planIds), found));
     std::sort(found.begin(), found.end(), [this](const ListedPlan& one, const ListedPlan& other) {
         return m_list.precedes(m_list.placeOf(one.plan), m_list.placeOf(other.plan));
     });
@@ -298,7 +235,7 @@ int PlanTableModel::reveal(const QString& planId)
     if (plan.id.isEmpty())
         return row;
     PlanSlice slice;
-    slice.limit = PageSize;
+    slice.limit = PlanReading::PageSize;
     slice.from = m_list.placeOf(plan);
     slice.isFromIncluded = true;
     bool hasBelow = false;
@@ -315,7 +252,7 @@ int PlanTableModel::reveal(const QString& planId)
 int PlanTableModel::positionOf(const PlanPlace& place) const
 {
     PlanSlice slice;
-    slice.limit = m_list.isSmall ? PlanList::Small : CountedAtOnce;
+    slice.limit = m_list.isSmall ? PlanList::Small : PlanReading::CountedAtOnce;
     slice.until = place;
     const auto after = std::upper_bound(
         m_landmarks.cbegin(), m_landmarks.cend(), place, [this](const PlanPlace& wanted, const PlanLandmark& landmark) {

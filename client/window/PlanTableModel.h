@@ -2,6 +2,7 @@
 
 #include "PlanColumns.h"
 #include "PlanCounter.h"
+#include "PlanReading.h"
 #include "PlanStore.h"
 
 #include <QAbstractTableModel>
@@ -78,19 +79,9 @@ private:
         mutable QStringList texts;
     };
     using Plans = QVector<ListedPlan>;
-    /// A part of a list, and how many plans the list has: at least so many unless it is counted.
-    struct Look {
-        PlanList list;
-        Plans plans;
-        bool hasMore = false;
-        int count = 0;
-        bool isCounted = false;
-    };
 
-    static Result<Look> lookAt(const PlanList& list, PlanSlice slice);
-    static Status read(const PlanList& list, PlanSlice slice, Plans& found, bool& hasMore);
     Plans read(const PlanSlice& slice, bool& hasMore);
-    void note(const Look& look);
+    void note(const PlanLook& look);
     void startCounting();
     void take(int plans, const QVector<PlanLandmark>& landmarks);
     int positionOf(const PlanPlace& place) const;
