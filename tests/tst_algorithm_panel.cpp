@@ -229,7 +229,7 @@ private Q_SLOTS:
         QCOMPARE(line("input_DisplayQty")->text(), QStringLiteral("1000"));
     }
 
-    void returnPressesTheFocusedButtonOtherwiseOk()
+    void returnPressesTheFocusedButton()
     {
         open(Iceberg);
         child<QPushButton>("btn_cancel")->setFocus();
@@ -237,9 +237,34 @@ private Q_SLOTS:
         QVERIFY(!m_panel->isVisible());
         QVERIFY(!m_panel->HasParams());
         open(Iceberg);
-        QTest::keyClick(line("input_DisplayQty"), Qt::Key_Return);
+        child<QPushButton>("btn_ok")->setFocus();
+        QTest::keyClick(child<QPushButton>("btn_ok"), Qt::Key_Enter);
         QVERIFY(!m_panel->isVisible());
         QVERIFY(m_panel->HasParams());
+    }
+
+    void onlyControlEnterIsOkInAField_data()
+    {
+        QTest::addColumn<QString>("field");
+        for (const char* name : { "combx_strategy", "input_DisplayQty", "input_DisplayVariance" })
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+
+    void onlyControlEnterIsOkInAField()
+    {
+        QFETCH(QString, field);
+        for (const Qt::Key enter : { Qt::Key_Return, Qt::Key_Enter }) {
+            open(Iceberg);
+            auto* const widget = m_panel->findChild<QWidget*>(field);
+            widget->setFocus();
+            QTest::keyClick(widget, enter);
+            QVERIFY(m_panel->isVisible());
+            QVERIFY(!m_panel->HasParams());
+            QTest::keyClick(widget, enter, Qt::ControlModifier);
+            QVERIFY(!m_panel->isVisible());
+            QVERIFY(m_panel->HasParams());
+            m_panel->ClearParams();
+        }
     }
 
     void theTabKeyPassesThroughEveryInput()

@@ -326,15 +326,13 @@ void AlgorithmPanel::slotCancel()
 
 void AlgorithmPanel::keyPressEvent(QKeyEvent* event)
 {
-    switch (event->key()) {
-    case Qt::Key_Escape:
-        return slotCancel();
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        return slotOk();
-    default:
-        return ParamListWidget_single::keyPressEvent(event);
-    }
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (event->key() == Qt::Key_Escape)
+        slotCancel();
+    else if (isEnter && (event->modifiers() & Qt::ControlModifier))
+        slotOk();
+    else
+        ParamListWidget_single::keyPressEvent(event);
 }
 
 OrloStrategyFactory& OrloStrategyFactory::instance()

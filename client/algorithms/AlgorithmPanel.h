@@ -9,7 +9,7 @@ class QPushButton;
 class QVBoxLayout;
 
 /// The client's algorithm parameter widget: the strategy, the inputs of its parameters, OK and Cancel. OK checks and
-/// confirms; Cancel, Escape and closing keep what was confirmed before.
+/// confirms, also by Ctrl+Enter; Cancel, Escape and closing keep what was confirmed before.
 class AlgorithmPanel : public ParamListWidget_single {
     Q_OBJECT
 
