@@ -148,10 +148,10 @@ private Q_SLOTS:
         QCOMPARE(OrloWidget::ShowQuestionMsgBox(QStringLiteral("是否继续？"), m_parent, 1), 0);
     }
 
-    void boxesAreModalToTheWindow()
+    void boxesAreModalToTheProgram()
     {
         whenOpen([this](QDialog* box) {
-            QCOMPARE(box->windowModality(), Qt::WindowModal);
+            QCOMPARE(box->windowModality(), Qt::ApplicationModal);
             QCOMPARE(box->parentWidget(), m_parent.data());
             box->accept();
         });

@@ -36,6 +36,14 @@ QPoint keptOnScreen(const QPoint& wanted, const QSize& size, const QWidget* near
     return { qMax(screen.left(), qMin(wanted.x(), right)), qMax(screen.top(), qMin(wanted.y(), bottom)) };
 }
 
+// A popup passes its keys on to its window, in which the widget with the focus counts.
+QShortcut* newControlShortcut(Qt::Key key, QWidget* window)
+{
+    auto* const shortcut = new QShortcut(QKeySequence(static_cast<int>(Qt::CTRL) + key), window);
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    return shortcut;
+}
+
 QSize EvenRowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
     QStyleOptionViewItem row(option);

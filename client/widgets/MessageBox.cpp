@@ -34,7 +34,8 @@ MessageBox::MessageBox(const Kind& kind, const QString& text, QWidget* parent)
     setObjectName(kind.objectName);
     setWindowTitle(kind.title);
     setAccessibleDescription(text);
-    setWindowModality(parent ? Qt::WindowModal : Qt::ApplicationModal);
+    // A box of another window would have to be closed first.
+    setWindowModality(Qt::ApplicationModal);
 
     auto* icon = new QLabel(this);
     icon->setPixmap(style()->standardIcon(kind.icon, nullptr, this).pixmap(IconSize));

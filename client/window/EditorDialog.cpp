@@ -15,8 +15,9 @@
 #include "PlanCodes.h"
 #include "PlanEvents.h"
 #include "PlanSubmission.h"
+#include "Popups.h"
 
-#include <QAbstractSpinBox>
+#include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -33,6 +34,7 @@
 #include <QVBoxLayout>
 
 #include <chrono>
+#include <utility>
 
 namespace {
 
@@ -60,8 +62,9 @@ QWidget* firstField(QWidget* form)
 
 } // namespace
 
-EditorDialog::EditorDialog(QWidget* parent)
-    : QDialog(parent)
+// Without a parent, so that the window of the plans can be put in front of it.
+EditorDialog::EditorDialog()
+    : QDialog(nullptr, Qt::Window)
     , m_notice(new QWidget(this))
     , m_noticeText(PlainText::newLabel(QString(), m_notice))
     , m_area(new QScrollArea(this))
@@ -70,7 +73,6 @@ EditorDialog::EditorDialog(QWidget* parent)
     , m_advisor(new AdvisorPanel(m_advisorArea))
 {
     setObjectName(QStringLiteral("planEditor"));
-    setWindowModality(Qt::WindowModal);
     m_area->setFrameShape(QFrame::NoFrame);
     m_area->setWidgetResizable(true);
     // The focus of a field scrolls the area; the area itself as a tab stop would show nothing.
@@ -87,22 +89,21 @@ EditorDialog::EditorDialog(QWidget* parent)
     room->addLayout(halves, 1);
     buildNotice();
     buildAdvisor();
+    for (const Qt::Key enter : { Qt::Key_Return, Qt::Key_Enter })
+        connect(newControlShortcut(enter, this), &QShortcut::activated, this, &EditorDialog::confirm);
     connect(&PlanEvents::instance(), &PlanEvents::planStored, this, &EditorDialog::planStored);
     connect(&PlanEvents::instance(), &PlanEvents::planConflict, this, &EditorDialog::noteConflict);
+    connect(&PlanEvents::instance(), &PlanEvents::planRefused, this, [this] { m_isSending = false; });
     connect(&PlanEvents::instance(), &PlanEvents::outcomeUnknown, this, [this] {
-        if (isVisible())
+        if (std::exchange(m_isSending, false))
             m_sentWith = contents();
     });
-    connect(this, &QDialog::finished, this, [this] {
-        unpin();
-        PlanSubmission::setFormCheck({});
-    });
+    connect(this, &QDialog::finished, this, &EditorDialog::unpin);
 }
 
 EditorDialog::~EditorDialog()
 {
     unpin();
-    PlanSubmission::setFormCheck({});
 }
 
 void EditorDialog::openNew()
@@ -140,25 +141,26 @@ void EditorDialog::setSkin(const QString& sheet)
         m_editor->loadSkin(m_skin);
 }
 
-bool EditorDialog::mayClose()
+bool EditorDialog::isChanged() const
 {
-    if (!isVisible() || contents() == m_openedWith)
-        return true;
-    const QPointer<EditorDialog> self(this);
-    const int answer = OrloWidget::ShowQuestionMsgBox(tr("计划尚未提交，关闭后填写的内容将丢失，是否关闭？"), this, 0);
-    return self && answer != 0;
+    return isVisible() && m_storedPlan.isEmpty() && contents() != m_openedWith;
 }
 
 void EditorDialog::leave()
 {
-    if (isVisible() && !m_stored && contents() != m_openedWith)
+    if (isChanged())
         m_holdsValues = true;
     QDialog::reject();
 }
 
 void EditorDialog::reject()
 {
-    if (mayClose())
+    const QPointer<EditorDialog> self(this);
+    constexpr int No = 0;
+    if (isChanged()
+        && OrloWidget::ShowQuestionMsgBox(tr("计划尚未提交，关闭后填写的内容将丢失，是否关闭？"), this, No) == No)
+        return;
+    if (self)
         leave();
 }
 
@@ -172,7 +174,8 @@ void EditorDialog::keyPressEvent(QKeyEvent* event)
 void EditorDialog::prepare(const QString& title)
 {
     setWindowTitle(title);
-    m_stored = false;
+    m_storedPlan.clear();
+    m_isSending = false;
     m_sentWith.clear();
     m_advisor->setPlan(QString());
     if (!m_editor || m_holdsValues)
@@ -196,6 +199,11 @@ void EditorDialog::makeEditor()
     FormInputs::provideUnits(*m_editor);
     connect(new MessageFocus(m_editor), &MessageFocus::fieldShown, m_area,
         [this](QWidget* field) { m_area->ensureWidgetVisible(field); });
+    const auto* const ok = m_editor->findChild<QAbstractButton*>(QStringLiteral("btn_ok"));
+    connect(ok, &QAbstractButton::pressed, this, [this] {
+        const auto check = [self = QPointer<EditorDialog>(this)] { return self ? self->checkSent() : Status(); };
+        PlanSubmission::setFormCheck(check);
+    });
     m_editor->installEventFilter(this);
     m_advisor->follow(m_editor);
 }
@@ -299,16 +307,40 @@ void EditorDialog::present()
     show();
     firstField(m_editor)->setFocus(Qt::OtherFocusReason);
     m_area->verticalScrollBar()->setValue(0);
+    raise();
+    activateWindow();
     m_openedWith = contents();
-    PlanSubmission::setFormCheck([this] { return FormInputs::checkTyped(*m_editor); });
+}
+
+// As a click on OK. A field takes its text when it loses the focus.
+void EditorDialog::confirm()
+{
+    while (QWidget* const popup = QApplication::activePopupWidget())
+        popup->close();
+    auto* const ok = m_editor->findChild<QAbstractButton*>(QStringLiteral("btn_ok"));
+    const QPointer<QWidget> field = focusWidget();
+    ok->setFocus(Qt::ShortcutFocusReason);
+    ok->click();
+    if (field && ok->hasFocus())
+        field->setFocus(Qt::ShortcutFocusReason);
+}
+
+// The service asks before it stores a plan, of this form since OK was pressed.
+Status EditorDialog::checkSent()
+{
+    if (!isVisible())
+        return {};
+    const Status typed = FormInputs::checkTyped(*m_editor);
+    m_isSending = bool(typed);
+    return typed;
 }
 
 // After a reduction some rows are only restored by the choice of another plan type.
-void EditorDialog::planStored()
+void EditorDialog::planStored(const QString& planId)
 {
-    if (!isVisible())
+    if (!std::exchange(m_isSending, false))
         return;
-    m_stored = true;
+    m_storedPlan = planId;
     auto* const type = m_editor->findChild<QComboBox*>(QStringLiteral("combx_planType"));
     m_holdsValues = type->currentData() == PlanCodes::PlanType::ReduceHoldings;
 }
@@ -356,7 +388,7 @@ void EditorDialog::closeStored()
 
 void EditorDialog::lookForChange()
 {
-    if (m_pinnedPlan.isEmpty() || m_pinnedVersion == 0 || m_stored)
+    if (m_pinnedPlan.isEmpty() || m_pinnedVersion == 0 || !m_storedPlan.isEmpty())
         return;
     const auto change = PlanSubmission::changeSince(m_pinnedPlan, m_pinnedVersion);
     if (change && *change && !(m_change && m_change->stored.version == (*change)->stored.version))

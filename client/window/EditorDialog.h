@@ -14,14 +14,14 @@ class QLabel;
 class QScrollArea;
 class QToolButton;
 
-/// The window's dialog around the plan editor, with the advisor beside it. It reuses the editor if it can be reset:
-/// after a plan was stored the form is cleared, and `AutoParamSetting::resetEnable` makes it a new one. A form that was
-/// left with values is replaced.
+/// A window around the plan editor, with the advisor beside it. It reuses the editor if it can be reset: after a plan
+/// was stored the form is cleared, and `AutoParamSetting::resetEnable` makes it a new one. A form that was left with
+/// values is replaced. Other windows can be used while it is open.
 class EditorDialog : public QDialog {
     Q_OBJECT
 
 public:
-    explicit EditorDialog(QWidget* parent);
+    EditorDialog();
     ~EditorDialog() override;
 
     /// Open the editor for a new plan, to edit a stored plan, and to copy one. Must not be called while the dialog is
@@ -33,9 +33,8 @@ public:
 
     /// Sets the style sheet of this editor and later ones.
     void setSkin(const QString& sheet);
-    /// True if the dialog may be closed: it is already closed, nothing was changed, or the trader agrees to lose the
-    /// changes.
-    bool mayClose();
+    /// Whether it is open with changes that were not sent.
+    bool isChanged() const;
     /// Closes without asking.
     void leave();
     /// Closes after it has become known that the form is stored, unless it was changed since it was sent.
@@ -43,6 +42,10 @@ public:
     /// Says above the form if someone else has changed the edited plan.
     void lookForChange();
     AdvisorPanel* advisor() const { return m_advisor; }
+    /// The plan that it edits; empty if none.
+    const QString& editedPlan() const { return m_pinnedPlan; }
+    /// The plan that was stored since it was opened; empty if none was.
+    const QString& storedPlan() const { return m_storedPlan; }
     /// The editor; null before the first opening.
     AutoParamSetting* editor() const { return m_editor; }
 
@@ -64,7 +67,9 @@ private:
     void tabThroughDates();
     void present();
     void fit();
-    void planStored();
+    void planStored(const QString& planId);
+    void confirm();
+    Status checkSent();
     void pin(const QString& planId, int version);
     void unpin();
     void buildNotice();
@@ -88,6 +93,7 @@ private:
     std::optional<PlanConflict> m_change; ///< the one that the notice is about
     QStringList m_sentWith;               ///< contents of the form when it was sent without an answer
     QStringList m_openedWith;             ///< contents of the form when it was opened
-    bool m_stored = false;                ///< a plan was stored since the form was opened
+    QString m_storedPlan;                 ///< since the form was opened
+    bool m_isSending = false;             ///< the plan service is storing the form
     bool m_holdsValues = false;           ///< the form has values that `resetEnable` does not clear
 };

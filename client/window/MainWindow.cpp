@@ -4,6 +4,7 @@
 #include "ClientClock.h"
 #include "ClientSession.h"
 #include "EditorDialog.h"
+#include "EditorForms.h"
 #include "ErrorText.h"
 #include "HistoryTexts.h"
 #include "IssueSheet.h"
@@ -63,7 +64,7 @@ MainWindow::MainWindow(QWidget* parent)
     , m_table(m_pane->table())
     , m_outdated(PlainText::newLabel(QString(), this))
     , m_details(new PlanDetails(this))
-    , m_editor(new EditorDialog(this))
+    , m_forms(new EditorForms(this))
     , m_status(new OrloElidedLabel(this))
     , m_changes([this] { refreshForOthers(); }, [this] { return mayRefresh(); })
 {
@@ -79,8 +80,7 @@ MainWindow::MainWindow(QWidget* parent)
     setCentralWidget(halves);
     buildActions();
     buildStatus();
-    connect(m_editor, &QDialog::finished, this, &MainWindow::editorClosed);
-    connect(&PlanEvents::instance(), &PlanEvents::planStored, this, &MainWindow::planStored);
+    connect(m_forms, &EditorForms::closed, this, &MainWindow::formClosed);
     connect(&PlanEvents::instance(), &PlanEvents::readFailed, this, &MainWindow::showFailure);
     connect(&PlanEvents::instance(), &PlanEvents::plansChanged, &m_changes, &NoticeMerger::notice);
     connect(&PlanEvents::instance(), &PlanEvents::connectionLost, this, [this] { showLoss(Error::ConnectionLost); });
@@ -111,7 +111,12 @@ void MainWindow::setSkin(const QString& name)
         return;
     m_skin = name;
     qApp->setStyleSheet(sheet);
-    m_editor->setSkin(sheet);
+    m_forms->setSkin(sheet);
+}
+
+EditorDialog* MainWindow::editorDialog() const
+{
+    return m_forms->last();
 }
 
 void MainWindow::selectPlan(const QString& planId)
@@ -126,12 +131,11 @@ QString MainWindow::currentPlan() const
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    if (!m_editor->mayClose()) {
+    if (!m_forms->mayClose(this)) {
         event->ignore();
         return;
     }
-    if (m_editor->isVisible())
-        m_editor->leave();
+    m_forms->leaveAll();
     QMainWindow::closeEvent(event);
 }
 
@@ -168,7 +172,7 @@ void MainWindow::buildActions()
     QAction* const skin = addAction(QStringLiteral("action_skin"), tr("换肤"), { QKeySequence(Qt::Key_F8) });
     QAction* const issue = addAction(QStringLiteral("action_issue"), tr("下达当日指令"), { withControl(Qt::Key_I) });
     QAction* const reload = addAction(QStringLiteral("action_refresh"), tr("刷新"), { QKeySequence(Qt::Key_F5) });
-    connect(create, &QAction::triggered, m_editor, &EditorDialog::openNew);
+    connect(create, &QAction::triggered, m_forms, &EditorForms::openNew);
     connect(m_edit, &QAction::triggered, this, &MainWindow::openEdit);
     connect(m_copy, &QAction::triggered, this, &MainWindow::openCopy);
     connect(skin, &QAction::triggered, this, &MainWindow::switchSkin);
@@ -216,19 +220,13 @@ void MainWindow::buildStatus()
     statusBar()->addPermanentWidget(database);
 }
 
-void MainWindow::planStored(const QString& planId)
+void MainWindow::formClosed(const QString& storedPlan)
 {
-    if (m_editor->isVisible())
-        m_storedPlan = planId;
-}
-
-void MainWindow::editorClosed()
-{
-    if (!m_storedPlan.isEmpty()) {
+    if (!storedPlan.isEmpty()) {
         refresh();
-        selectPlan(m_storedPlan);
-        m_storedPlan.clear();
+        selectPlan(storedPlan);
     }
+    activateWindow();
     m_table->setFocus();
 }
 
@@ -249,7 +247,7 @@ void MainWindow::refreshForOthers()
     const Status shownByTheTable = readTable();
     QTimer::singleShot(0, this, [this] {
         showCurrent();
-        m_editor->lookForChange();
+        m_forms->lookForChange();
     });
 }
 
@@ -289,13 +287,13 @@ void MainWindow::showFailure(const Status& failure)
     // The window shows a line as long as the connection is lost.
     if (isLoss(failure))
         return;
-    if (m_showsFailure || !m_editor->isVisible())
+    if (m_showsFailure || !m_forms->isAnyOpen())
         return;
     m_showsFailure = true;
     const auto show = [self = QPointer<MainWindow>(this), failure] {
         if (!self)
             return;
-        OrloWidget::ShowErrorMsgBox(errorText(failure), self->m_editor);
+        OrloWidget::ShowErrorMsgBox(errorText(failure), self->frontWindow());
         if (self)
             self->m_showsFailure = false;
     };
@@ -313,7 +311,7 @@ void MainWindow::showLoss(const Status& reason)
 void MainWindow::endLoss()
 {
     refresh();
-    m_editor->lookForChange();
+    m_forms->lookForChange();
     if (!m_outdated->isVisible())
         m_status->setText(tr("连接已恢复，%1").arg(countText()));
 }
@@ -321,16 +319,23 @@ void MainWindow::endLoss()
 void MainWindow::showOutcome(UnknownRequest request, bool isStored, const QString& planId)
 {
     if (isStored && request == UnknownRequest::Plan)
-        m_editor->closeStored();
+        m_forms->closeStored();
     refresh();
     if (!planId.isEmpty())
         selectPlan(planId);
-    QWidget* const parent = m_editor->isVisible() ? static_cast<QWidget*>(m_editor) : this;
+    QWidget* const parent = frontWindow();
     const QString text = HistoryTexts::outcome(request, isStored, planId);
     if (isStored)
         OrloWidget::ShowTipMsgBox(text, parent);
     else
         OrloWidget::ShowErrorMsgBox(text, parent);
+}
+
+/// The window that is used: a form, if one is open.
+QWidget* MainWindow::frontWindow()
+{
+    EditorDialog* const form = m_forms->last();
+    return form->isVisible() ? static_cast<QWidget*>(form) : this;
 }
 
 // A click on a window behind a box gives it the keyboard, which it cannot use.
@@ -339,7 +344,7 @@ void MainWindow::keepKeyboard()
     const QWindow* const window = QGuiApplication::focusWindow();
     QWidget* const modal = QApplication::activeModalWidget();
     const QWindow* const front = modal ? modal->windowHandle() : nullptr;
-    if (window && front && window != front && window->isAncestorOf(front, QWindow::IncludeTransients))
+    if (window && front && window != front && !front->isAncestorOf(window, QWindow::IncludeTransients))
         modal->activateWindow();
 }
 
@@ -380,11 +385,11 @@ QStringList MainWindow::chosenPlans() const
 void MainWindow::openEdit()
 {
     if (!currentPlan().isEmpty())
-        m_editor->openEdit(currentPlan());
+        m_forms->openEdit(currentPlan());
 }
 
 void MainWindow::openCopy()
 {
     if (!currentPlan().isEmpty())
-        m_editor->openCopy(currentPlan());
+        m_forms->openCopy(currentPlan());
 }

@@ -8,6 +8,7 @@
 #include <QMainWindow>
 
 class EditorDialog;
+class EditorForms;
 class IssueSheet;
 class PlanDetails;
 class PlanPane;
@@ -15,7 +16,7 @@ class PlanTable;
 class QAction;
 class QLabel;
 
-/// The client's window: the stored plans, the fields of the current plan, and the editor in its dialog.
+/// The client's window: the stored plans and the fields of the current plan. The forms of plans are beside it.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
@@ -26,7 +27,8 @@ public:
     /// Sets the skin of the whole client. An unknown name is logged and ignored.
     void setSkin(const QString& name);
     QString skin() const { return m_skin; }
-    EditorDialog* editorDialog() const { return m_editor; }
+    /// The form that was used last. It may be closed.
+    EditorDialog* editorDialog() const;
 
     /// Makes a plan the current one; an unknown id clears the selection.
     void selectPlan(const QString& planId);
@@ -41,8 +43,7 @@ private:
     void buildActions();
     void buildStatus();
     QAction* addAction(const QString& name, const QString& text, const QList<QKeySequence>& keys);
-    void planStored(const QString& planId);
-    void editorClosed();
+    void formClosed(const QString& storedPlan);
     void listChanged(const Status& read);
     void refresh();
     Status readTable();
@@ -53,6 +54,7 @@ private:
     void showLoss(const Status& reason);
     void endLoss();
     void showOutcome(UnknownRequest request, bool isStored, const QString& planId);
+    QWidget* frontWindow();
     void keepKeyboard();
     void showCurrent();
     void switchSkin();
@@ -66,7 +68,7 @@ private:
     PlanTable* m_table;
     QLabel* m_outdated; ///< shown while the rows cannot be read again
     PlanDetails* m_details;
-    EditorDialog* m_editor;
+    EditorForms* m_forms;
     QLabel* m_status;               ///< the number of plans, or what is wrong
     IssueSheet* m_issues = nullptr; ///< null until it is opened
     QAction* m_edit = nullptr;
@@ -75,5 +77,4 @@ private:
     QString m_skin;
     QDateTime m_read;            ///< when the rows were read
     bool m_showsFailure = false; ///< a box with a failed read is open or about to open
-    QString m_storedPlan;        ///< the plan stored while the editor was open; empty if none was stored
 };

@@ -135,7 +135,11 @@ MessageFocus::MessageFocus(QWidget* form)
     connect(
         &PlanEvents::instance(), &PlanEvents::planRefused, this, [this](const Status& reason) { m_refusal = reason; });
     const auto* const ok = form->findChild<QAbstractButton*>(QStringLiteral("btn_ok"));
-    connect(ok, &QAbstractButton::pressed, this, &MessageFocus::unmark);
+    connect(ok, &QAbstractButton::pressed, this, [this] {
+        // It may have been about another form.
+        m_refusal = Status();
+        unmark();
+    });
 }
 
 bool MessageFocus::eventFilter(QObject* watched, QEvent* event)

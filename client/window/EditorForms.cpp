@@ -1,0 +1,107 @@
+#include "EditorForms.h"
+
+#include "EditorDialog.h"
+#include "OrloWidget.h"
+
+#include <algorithm>
+
+EditorForms::EditorForms(QObject* parent)
+    : QObject(parent)
+{
+    add();
+}
+
+EditorForms::~EditorForms() = default;
+
+void EditorForms::openNew()
+{
+    unused()->openNew();
+}
+
+void EditorForms::openEdit(const QString& planId)
+{
+    for (const auto& form : m_forms) {
+        if (form->isVisible() && form->editedPlan() == planId) {
+            form->raise();
+            form->activateWindow();
+            use(form.get());
+            return;
+        }
+    }
+    unused()->openEdit(planId);
+}
+
+void EditorForms::openCopy(const QString& planId)
+{
+    unused()->openCopy(planId);
+}
+
+bool EditorForms::isAnyOpen() const
+{
+    return std::any_of(m_forms.cbegin(), m_forms.cend(), [](const auto& form) { return form->isVisible(); });
+}
+
+void EditorForms::setSkin(const QString& sheet)
+{
+    m_skin = sheet;
+    for (const auto& form : m_forms)
+        form->setSkin(sheet);
+}
+
+bool EditorForms::mayClose(QWidget* window) const
+{
+    const auto changed =
+        std::count_if(m_forms.cbegin(), m_forms.cend(), [](const auto& form) { return form->isChanged(); });
+    const QString question = changed == 1 ? EditorDialog::tr("计划尚未提交，关闭后填写的内容将丢失，是否关闭？")
+                                          : tr("%1个计划尚未提交，关闭后填写的内容将丢失，是否关闭？").arg(changed);
+    constexpr int No = 0;
+    return changed == 0 || OrloWidget::ShowQuestionMsgBox(question, window, No) != No;
+}
+
+void EditorForms::leaveAll()
+{
+    for (const auto& form : m_forms) {
+        if (form->isVisible())
+            form->leave();
+    }
+}
+
+void EditorForms::closeStored()
+{
+    for (const auto& form : m_forms)
+        form->closeStored();
+}
+
+void EditorForms::lookForChange()
+{
+    for (const auto& form : m_forms)
+        form->lookForChange();
+}
+
+EditorDialog* EditorForms::add()
+{
+    m_forms.push_back(std::make_unique<EditorDialog>());
+    EditorDialog* const form = last();
+    form->setSkin(m_skin);
+    connect(form, &EditorDialog::finished, this, [this, form] { Q_EMIT closed(form->storedPlan()); });
+    return form;
+}
+
+/// A form that is not open, as the one that was used last.
+EditorDialog* EditorForms::unused()
+{
+    for (auto form = m_forms.rbegin(); form != m_forms.rend(); ++form) {
+        if (!(*form)->isVisible()) {
+            use(form->get());
+            return last();
+        }
+    }
+    return add();
+}
+
+void EditorForms::use(const EditorDialog* form)
+{
+    const auto place =
+        std::find_if(m_forms.begin(), m_forms.end(), [form](const auto& one) { return one.get() == form; });
+    std::rotate(place, place + 1, m_forms.end());
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+class EditorDialog;
+class QWidget;
+
+/// The forms beside the window of the plans: one for each plan that is edited, and any number for new plans. A form
+/// that was closed is used again.
+class EditorForms : public QObject {
+    Q_OBJECT
+
+public:
+    explicit EditorForms(QObject* parent);
+    ~EditorForms() override;
+
+    void openNew();
+    /// Brings the form of a plan that is already edited to the front.
+    void openEdit(const QString& planId);
+    void openCopy(const QString& planId);
+
+    /// The form that was used last. It may be closed.
+    EditorDialog* last() const { return m_forms.back().get(); }
+    bool isAnyOpen() const;
+    /// Sets the style sheet of these forms and of later ones.
+    void setSkin(const QString& sheet);
+    /// True if no form was changed, or the trader agrees to lose the changes of all. `window`: what is to be closed.
+    bool mayClose(QWidget* window) const;
+    /// Closes all forms without asking.
+    void leaveAll();
+    /// Closes the form that is now known to be stored, unless it was changed since it was sent.
+    void closeStored();
+    /// Says in each form if someone else has changed its plan.
+    void lookForChange();
+
+Q_SIGNALS:
+    /// A form was closed, after it had stored a plan, or without (empty).
+    void closed(const QString& storedPlan);
+
+private:
+    EditorDialog* add();
+    EditorDialog* unused();
+    void use(const EditorDialog* form);
+
+    std::vector<std::unique_ptr<EditorDialog>> m_forms; ///< the one that was used last is at the end
+    QString m_skin;
+};
