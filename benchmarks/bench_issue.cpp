@@ -1,9 +1,17 @@
-// Measures issuing a day for all plans of the database, and issuing it again.
+// Measures issuing a day for all plans of the database, and issuing it again; and the longest time in which the window
+// takes no event while all plans are read, chosen and issued in the sheet.
 #include "BenchmarkClient.h"
 #include "ClientSession.h"
 #include "ErrorText.h"
 #include "InstructionIssuer.h"
+#include "IssueSheet.h"
+#include "IssueSheetModel.h"
 #include "SampleSession.h"
+
+#include <QAbstractButton>
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QTimer>
 
 namespace {
 
@@ -29,7 +37,56 @@ void issueDay(benchmark::State& state)
     }
 }
 
+/// Notes the longest time between two turns of the event loop.
+class PauseWatch : public QObject {
+public:
+    PauseWatch()
+    {
+        m_sinceTurn.start();
+        startTimer(1, Qt::PreciseTimer);
+    }
+
+    double longest() const { return m_longest; }
+
+protected:
+    void timerEvent(QTimerEvent*) override
+    {
+        m_longest = std::max(m_longest, m_sinceTurn.nsecsElapsed() / 1e9);
+        m_sinceTurn.restart();
+        if (auto* const box = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+            box->accept();
+    }
+
+private:
+    QElapsedTimer m_sinceTurn;
+    double m_longest = 0;
+};
+
+void issueInSheet(benchmark::State& state)
+{
+    const int plans = ClientSession::instance().plans().count().valueOr(0);
+    for (auto _ : state) {
+        IssueSheet sheet(nullptr);
+        const auto& rows = *sheet.findChild<IssueSheetModel*>();
+        auto& button = *sheet.findChild<QAbstractButton*>(QStringLiteral("btn_issue"));
+        const auto wait = [&sheet] {
+            while (sheet.isWorking())
+                QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        };
+        PauseWatch pauses;
+        sheet.openToday();
+        wait();
+        button.click();
+        wait();
+        settle();
+        if (rows.rowCount() != plans || rows.index(0, IssueSheetModel::ResultColumn).data().toString().isEmpty())
+            state.SkipWithError("not all plans were issued");
+        state.SetIterationTime(pauses.longest());
+    }
+}
+
 BENCHMARK(issueDay)->Iterations(1)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(issueInSheet)->Iterations(1)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 } // namespace
 

@@ -91,13 +91,20 @@ void filter(benchmark::State& state)
     measure(state, clicks);
 }
 
+// QTest only has keys for ASCII.
+void type(QLineEdit& edit, QChar letter)
+{
+    QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(letter));
+    QCoreApplication::sendEvent(&edit, &press);
+}
+
 void search(benchmark::State& state)
 {
     CountedWindow window;
     QVector<std::function<void()>> keys;
     for (const char* const text : { "600012", "AP0012", "银行", "账户9", "none" }) {
         for (const QChar letter : QString::fromUtf8(text))
-            keys << [&window, letter] { QTest::keyClicks(&window.search(), QString(letter)); };
+            keys << [&window, letter] { type(window.search(), letter); };
         keys << [&window] { window.search().clear(); };
     }
     measure(state, keys);

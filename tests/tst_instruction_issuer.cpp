@@ -178,7 +178,7 @@ private Q_SLOTS:
     void aPlanWithoutALimitIsFilledAtTheLastClose()
     {
         const QString plan = session().create(SampleSession::record());
-        const QSignalSpy news(&PlanEvents::instance(), &PlanEvents::planStored);
+        const QSignalSpy news(&PlanEvents::instance(), &PlanEvents::plansStored);
         const Result<IssueResult> result = InstructionIssuer::issueDay(Monday);
         QCOMPARE(result.status(), Status());
         QCOMPARE(result->issued.size(), 1);
@@ -202,7 +202,7 @@ private Q_SLOTS:
         const QString plan = session().create(SampleSession::record());
         QCOMPARE(InstructionIssuer::issueDay(Monday)->issued.size(), 1);
         const auto before = AutoPlanLogic::instance().GetPlanInstruction(plan);
-        const QSignalSpy news(&PlanEvents::instance(), &PlanEvents::planStored);
+        const QSignalSpy news(&PlanEvents::instance(), &PlanEvents::plansStored);
         const Result<IssueResult> again = InstructionIssuer::issueDay(Monday);
         QCOMPARE(again.status(), Status());
         QCOMPARE(again->issued, QStringList());

@@ -76,6 +76,7 @@ AdvisorPanel::AdvisorPanel(QWidget* parent)
     connect(&m_refresh, &QTimer::timeout, this, &AdvisorPanel::refresh);
     const PlanEvents& events = PlanEvents::instance();
     connect(&events, &PlanEvents::planStored, this, &AdvisorPanel::askAgain);
+    connect(&events, &PlanEvents::plansStored, this, &AdvisorPanel::askAgain);
     connect(&events, &PlanEvents::plansChanged, this, &AdvisorPanel::askAgain);
     connect(&events, &PlanEvents::connectionRestored, this, [this] {
         if (m_reader)

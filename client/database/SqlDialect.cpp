@@ -1,5 +1,6 @@
 #include "SqlDialect.h"
 
+// An index has the numbers and places of an account. As a JSON list they become rows without reading the plans.
 const SqlDialect& SqlDialect::sqlite()
 {
     static const SqlDialect dialect{
@@ -7,10 +8,14 @@ const SqlDialect& SqlDialect::sqlite()
         QString(),
         false,
         QStringLiteral("SELECT total_changes() || '/' || data_version FROM pragma_data_version"),
-        QStringLiteral("SELECT number, %1 AS place FROM user_accounts AS u CROSS JOIN plans WHERE u.user = ?"
-                       " AND number IN (SELECT number FROM plans WHERE trading_account = u.trading_account"
-                       " AND %2 ORDER BY %1 %3, number %3 LIMIT ?)"),
+        QStringLiteral("SELECT number, place FROM (WITH u AS"
+                       " (SELECT trading_account FROM user_accounts AS o WHERE o.user = ?)"
+                       " SELECT value ->> 0 AS number, value ->> 1 AS place FROM"
+                       " (SELECT (SELECT json_group_array(json_array(number, place)) FROM"
+                       " (SELECT number, %1 AS place FROM plans WHERE trading_account = u.trading_account"
+                       " AND %2 ORDER BY %1 %3, number %3 LIMIT ?)) AS found FROM u), json_each(found))"),
         QStringLiteral("(SELECT value FROM json_each(?))"),
+        QStringLiteral("+%1"),
     };
     return dialect;
 }
@@ -30,6 +35,7 @@ const SqlDialect& SqlDialect::postgres()
                        " WHERE trading_account BETWEEN u.trading_account AND u.trading_account AND %2"
                        " ORDER BY trading_account %3, %1 %3, number %3 LIMIT ?) AS p"),
         QStringLiteral("(SELECT json_array_elements_text(CAST(? AS json)))"),
+        QStringLiteral("(%1 || '')"),
     };
     return dialect;
 }

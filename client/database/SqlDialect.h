@@ -26,6 +26,9 @@ struct SqlDialect {
     /// The texts of a JSON list, which is its value, for IN.
     QString listedTexts;
 
+    /// The column %1 where no index looks it up.
+    QString notLookedUp;
+
     static const SqlDialect& sqlite();
     static const SqlDialect& postgres();
 };

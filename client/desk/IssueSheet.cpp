@@ -19,23 +19,25 @@
 #include <QVBoxLayout>
 
 #include <memory>
+#include <numeric>
 
 namespace {
 
 constexpr QSize UsualSize(900, 520);
 constexpr int MostSums = 8;
+constexpr int MeasuredRows = 50;
 
-QString sumText(const IssueSheetModel::Sum& sum)
+QString sumText(const IssueSheetRows::Sum& sum)
 {
     const QString side = sum.isBuy ? IssueSheet::tr("买入") : IssueSheet::tr("卖出");
     return IssueSheet::tr("账户%1 %2 %3笔 %4元")
         .arg(sum.account, side, QString::number(sum.plans), groupedText(QString::number(sum.yuan, 'f', 2)));
 }
 
-QString sumsText(const QVector<IssueSheetModel::Sum>& sums)
+QString sumsText(const QVector<IssueSheetRows::Sum>& sums)
 {
     QStringList lines;
-    for (const IssueSheetModel::Sum& sum : sums.mid(0, MostSums))
+    for (const IssueSheetRows::Sum& sum : sums.mid(0, MostSums))
         lines << sumText(sum);
     if (sums.size() > MostSums)
         lines << IssueSheet::tr("另有%1项").arg(sums.size() - MostSums);
@@ -75,6 +77,7 @@ void IssueSheet::build()
     m_table->setWordWrap(false);
     m_table->verticalHeader()->hide();
     m_table->horizontalHeader()->setStretchLastSection(true);
+    m_table->horizontalHeader()->setResizeContentsPrecision(MeasuredRows);
     m_sums->setObjectName(QStringLiteral("issueSums"));
     m_text->setObjectName(QStringLiteral("issueText"));
     m_text->setWordWrap(true);
@@ -122,33 +125,38 @@ void IssueSheet::readPlans()
 {
     m_day = clientToday();
     setWindowTitle(tr("下达当日指令 - %1").arg(m_day.toString(Qt::ISODate)));
-    m_rows->setRows({});
+    // Those of the last time are destroyed on the other thread.
+    auto rows = std::make_shared<IssueSheetRows>(m_rows->setRows({}));
     showWork(tr("正在读取当日的计划……"), 0);
-    auto rows = std::make_shared<Result<QVector<IssueRow>>>(QVector<IssueRow>());
-    const auto read = [rows, scene = InstructionIssuer::scene(m_day)](
+    auto read = std::make_shared<Status>();
+    const auto work = [read, rows, scene = InstructionIssuer::scene(m_day)](
                           Database& database, const Status& opened, const LongWork::Progress& progress) {
+        *rows = {};
         DayIssue issue(database, scene);
         const Result<DayPlans> plans = opened ? issue.plans() : opened;
-        *rows = plans ? issue.preview(plans->due, progress) : plans.status();
+        const auto found = plans ? issue.preview(plans->due, progress) : plans.status();
+        *read = found.status();
+        *rows = IssueSheetRows(found.valueOr({}));
     };
-    m_work.start(read, [this, rows] { showPlans(*rows); });
+    m_work.start(work, [this, read, rows] { showPlans(*read, *rows); });
 }
 
-void IssueSheet::showPlans(const Result<QVector<IssueRow>>& rows)
+void IssueSheet::showPlans(const Status& read, IssueSheetRows& rows)
 {
     endWork();
-    m_rows->setRows(rows.valueOr({}));
+    m_rows->setRows(std::move(rows));
     m_table->resizeColumnsToContents();
-    if (!rows)
-        m_text->setText(errorText(rows.status()));
+    if (!read)
+        m_text->setText(errorText(read));
     else
-        m_text->setText(rows->isEmpty() ? tr("今天没有要下达的计划。") : tr("选择要下达的计划。"));
+        m_text->setText(m_rows->rowCount() == 0 ? tr("今天没有要下达的计划。") : tr("选择要下达的计划。"));
 }
 
 void IssueSheet::confirm()
 {
-    const QStringList plans = m_rows->chosen();
-    const QString question = tr("下达%1条指令？\n%2").arg(QString::number(plans.size()), sumsText(m_rows->sums()));
+    const QStringList plans = m_rows->rows().chosen();
+    const QString question =
+        tr("下达%1条指令？\n%2").arg(QString::number(plans.size()), sumsText(m_rows->rows().sums()));
     constexpr int No = 0;
     if (!plans.isEmpty() && OrloWidget::ShowQuestionMsgBox(question, this, No) != No)
         issue(plans);
@@ -158,21 +166,24 @@ void IssueSheet::issue(const QStringList& plans)
 {
     showWork(tr("正在下达……"), plans.size());
     auto result = std::make_shared<IssueResult>();
-    const auto work = [result, plans, scene = InstructionIssuer::scene(m_day)](
+    auto outcomes = std::make_shared<IssueOutcomes>();
+    const auto work = [result, outcomes, plans, scene = InstructionIssuer::scene(m_day)](
                           Database& database, const Status& opened, const LongWork::Progress& progress) {
         if (opened)
             *result = DayIssue(database, scene).issue(plans, progress);
         else
             result->failure = opened;
+        *outcomes = IssueOutcomes(*result);
     };
-    m_work.start(work, [this, result] { showResult(*result); });
+    m_work.start(work, [this, result, outcomes] { showResult(*result, *outcomes); });
 }
 
-void IssueSheet::showResult(IssueResult& result)
+void IssueSheet::showResult(IssueResult& result, const IssueOutcomes& outcomes)
 {
+    const bool isKnown = result.unknown.isEmpty();
     InstructionIssuer::finish(result);
     endWork();
-    m_rows->setResult(result);
+    m_rows->setOutcomes(isKnown ? outcomes : IssueOutcomes(result));
     Q_EMIT issued();
     QString text = tr("已下达%1条，此前已下达%2个，未下达%3个。")
                        .arg(QString::number(result.issued.size()), QString::number(result.alreadyIssued.size()),
@@ -186,8 +197,10 @@ void IssueSheet::showResult(IssueResult& result)
 
 void IssueSheet::showSums()
 {
-    const int chosen = m_rows->chosen().size();
-    m_sums->setText(sumsText(m_rows->sums()));
+    const QVector<IssueSheetRows::Sum> sums = m_rows->rows().sums();
+    const int chosen =
+        std::accumulate(sums.cbegin(), sums.cend(), 0, [](int plans, const auto& sum) { return plans + sum.plans; });
+    m_sums->setText(sumsText(sums));
     m_issue->setText(tr("下达%1条……").arg(chosen));
     m_issue->setEnabled(chosen > 0);
 }

@@ -6,6 +6,8 @@
 #include <QDialog>
 
 class IssueSheetModel;
+class IssueSheetRows;
+class IssueOutcomes;
 class QLabel;
 class QProgressBar;
 class QPushButton;
@@ -21,6 +23,8 @@ public:
 
     /// Reads the plans of today and shows them.
     void openToday();
+    /// Whether plans are being read or issued.
+    bool isWorking() const { return m_work.isRunning(); }
     /// Stops what is running before it is closed.
     void reject() override;
 
@@ -31,10 +35,10 @@ Q_SIGNALS:
 private:
     void build();
     void readPlans();
-    void showPlans(const Result<QVector<IssueRow>>& rows);
+    void showPlans(const Status& read, IssueSheetRows& rows);
     void confirm();
     void issue(const QStringList& plans);
-    void showResult(IssueResult& result);
+    void showResult(IssueResult& result, const IssueOutcomes& outcomes);
     void showSums();
     void showWork(const QString& text, int steps);
     void endWork();

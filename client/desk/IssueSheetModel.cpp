@@ -1,23 +1,18 @@
 #include "IssueSheetModel.h"
 
-#include "AutoPlanField.h"
 #include "DecimalText.h"
 #include "ErrorText.h"
 #include "Kelvo_Fields.h"
-#include "Kelvo_Values.h"
 #include "PlanFormatter.h"
 #include "TickPrice.h"
+
+#include <utility>
 
 namespace {
 
 QString textIn(const IssueRow& row, const QString& key)
 {
     return row.plan.record.value(key).toString();
-}
-
-bool isBuy(const IssueRow& row)
-{
-    return textIn(row, AutoPlanField::BaseField::orderSide) == Kelvo_Values::OrderSide::buy;
 }
 
 QString accountOf(const IssueRow& row)
@@ -32,59 +27,29 @@ QString yuanText(double yuan)
 
 } // namespace
 
-void IssueSheetModel::setRows(const QVector<IssueRow>& rows)
+IssueSheetRows IssueSheetModel::setRows(IssueSheetRows rows)
 {
     beginResetModel();
-    m_rows = rows;
-    m_results.clear();
+    std::swap(m_rows, rows);
+    m_outcomes = {};
     endResetModel();
-    choose(true);
+    Q_EMIT chosenChanged();
+    return rows;
 }
 
-void IssueSheetModel::setResult(const IssueResult& result)
+void IssueSheetModel::setOutcomes(const IssueOutcomes& outcomes)
 {
-    for (const QString& instruction : result.issued)
-        m_results.insert(instruction.section(QLatin1Char('-'), 0, 0), tr("已下达 %1").arg(instruction));
-    for (const QString& plan : result.alreadyIssued)
-        m_results.insert(plan, tr("此前已下达"));
-    for (const IssueResult::Skipped& skipped : result.skipped)
-        m_results.insert(skipped.planId, tr("未下达：%1").arg(errorText(skipped.reason)));
+    m_outcomes = outcomes;
     choose(false);
-}
-
-QStringList IssueSheetModel::chosen() const
-{
-    QStringList plans;
-    for (const IssueRow& row : m_rows) {
-        if (m_chosen.contains(row.plan.id))
-            plans << row.plan.id;
-    }
-    return plans;
 }
 
 void IssueSheetModel::choose(bool all)
 {
-    m_chosen.clear();
-    for (const IssueRow& row : qAsConst(m_rows)) {
-        if (all && isIssuable(row))
-            m_chosen.insert(row.plan.id);
-    }
-    if (!m_rows.isEmpty())
+    for (int row = 0; row < m_rows.size(); ++row)
+        m_rows.choose(row, all && isIssuable(m_rows.at(row)));
+    if (m_rows.size() > 0)
         Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));
     Q_EMIT chosenChanged();
-}
-
-QVector<IssueSheetModel::Sum> IssueSheetModel::sums() const
-{
-    QMap<QPair<QString, bool>, Sum> sums;
-    for (const IssueRow& row : m_rows) {
-        if (!m_chosen.contains(row.plan.id))
-            continue;
-        const bool sells = !isBuy(row);
-        Sum& sum = sums[{ accountOf(row), sells }];
-        sum = { accountOf(row), !sells, sum.plans + 1, sum.yuan + row.order.issuedYuan };
-    }
-    return sums.values().toVector();
 }
 
 int IssueSheetModel::rowCount(const QModelIndex& parent) const
@@ -105,7 +70,7 @@ QVariant IssueSheetModel::data(const QModelIndex& index, int role) const
     if (role == Qt::DisplayRole)
         return textOf(row, index.column());
     if (role == Qt::CheckStateRole && index.column() == Plan && isIssuable(row))
-        return m_chosen.contains(row.plan.id) ? Qt::Checked : Qt::Unchecked;
+        return m_rows.isChosen(index.row()) ? Qt::Checked : Qt::Unchecked;
     if (role == Qt::TextAlignmentRole && index.column() >= Price && index.column() <= Amount)
         return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
     return QVariant();
@@ -115,11 +80,7 @@ bool IssueSheetModel::setData(const QModelIndex& index, const QVariant& value, i
 {
     if (role != Qt::CheckStateRole || index.column() != Plan || !isIssuable(m_rows.at(index.row())))
         return false;
-    const QString plan = m_rows.at(index.row()).plan.id;
-    if (value.toInt() == Qt::Checked)
-        m_chosen.insert(plan);
-    else
-        m_chosen.remove(plan);
+    m_rows.choose(index.row(), value.toInt() == Qt::Checked);
     Q_EMIT dataChanged(index, index);
     Q_EMIT chosenChanged();
     return true;
@@ -167,9 +128,8 @@ QString IssueSheetModel::textOf(const IssueRow& row, int column) const
 
 QString IssueSheetModel::resultOf(const IssueRow& row) const
 {
-    const auto result = m_results.constFind(row.plan.id);
-    if (result != m_results.cend())
-        return *result;
+    if (m_outcomes.contains(row.plan.id))
+        return m_outcomes.text(row.plan.id);
     if (!row.reason)
         return tr("不能下达：%1").arg(errorText(row.reason));
     return row.order.price.cutToLimit ? tr("价格按涨跌停价") : QString();

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "DayIssue.h"
+#include "IssueSheetRows.h"
 
 #include <QAbstractTableModel>
-#include <QSet>
 
 /// The plans of a day in the issue sheet: what would go out for each, whether it is chosen, and what became of it.
 class IssueSheetModel : public QAbstractTableModel {
@@ -12,24 +11,14 @@ class IssueSheetModel : public QAbstractTableModel {
 public:
     enum Column { Plan, Account, Security, Side, Price, Quantity, Amount, ResultColumn, ColumnCount };
 
-    /// What is chosen of one account and side.
-    struct Sum {
-        QString account;
-        bool isBuy = true;
-        int plans = 0;
-        double yuan = 0;
-    };
-
     using QAbstractTableModel::QAbstractTableModel;
 
-    /// Shows plans; all that can be issued are chosen.
-    void setRows(const QVector<IssueRow>& rows);
+    /// Shows plans. Returns the ones before, which another thread can destroy.
+    IssueSheetRows setRows(IssueSheetRows rows);
+    const IssueSheetRows& rows() const { return m_rows; }
     /// Shows what became of the plans; none is chosen any more.
-    void setResult(const IssueResult& result);
-    QStringList chosen() const;
+    void setOutcomes(const IssueOutcomes& outcomes);
     void choose(bool all);
-    /// By account, purchases first.
-    QVector<Sum> sums() const;
 
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
@@ -44,9 +33,8 @@ Q_SIGNALS:
 private:
     QString textOf(const IssueRow& row, int column) const;
     QString resultOf(const IssueRow& row) const;
-    bool isIssuable(const IssueRow& row) const { return row.reason && !m_results.contains(row.plan.id); }
+    bool isIssuable(const IssueRow& row) const { return row.reason && !m_outcomes.contains(row.plan.id); }
 
-    QVector<IssueRow> m_rows;
-    QSet<QString> m_chosen;
-    QHash<QString, QString> m_results; ///< in words, by plan
+    IssueSheetRows m_rows;
+    IssueOutcomes m_outcomes;
 };

@@ -107,8 +107,8 @@ void StateActions::set(const FindPlans& find, PlanState state, const QString& re
 void StateActions::report(const Result<StateChanges>& changes, PlanState state)
 {
     const StateChanges done = changes.valueOr(StateChanges());
-    for (const QString& plan : done.changed)
-        Q_EMIT PlanEvents::instance().planStored(plan);
+    if (!done.changed.isEmpty())
+        Q_EMIT PlanEvents::instance().plansStored();
     QString text = tr("%1个计划%2").arg(QString::number(done.changed.size()), PlanLife::word(state));
     if (done.cancelled)
         text += tr("，其余已取消");

@@ -60,10 +60,8 @@ void InstructionIssuer::finish(IssueResult& result)
             result.issued += result.unknown;
         result.unknown.clear();
     }
-    for (const QString& instruction : qAsConst(result.issued))
-        Q_EMIT PlanEvents::instance().planStored(planOf(instruction));
-    for (const IssueResult::Skipped& skipped : qAsConst(result.skipped))
-        Q_EMIT PlanEvents::instance().planStored(skipped.planId);
+    if (!result.issued.isEmpty() || !result.skipped.isEmpty())
+        Q_EMIT PlanEvents::instance().plansStored();
 }
 
 Status InstructionIssuer::liveError(const QDate& day)

@@ -12,7 +12,7 @@ public:
 
     /// Issues all plans of a day. Fails if nothing was issued at all; a result that has a failure is incomplete.
     static Result<IssueResult> issueDay(const QDate& day);
-    /// Notes what was issued: looks up what may be stored all the same, and lets `PlanEvents` report each issued plan.
+    /// Notes what was issued: looks up what may be stored all the same, and lets `PlanEvents` report it.
     static void finish(IssueResult& result);
 
     /// Why instructions of a day cannot be issued now, but only simulated; success if they can. Whether a market is

@@ -39,12 +39,6 @@ QString json(const QStringList& texts)
     return QString::fromUtf8(QJsonDocument(QJsonArray::fromStringList(texts)).toJson(QJsonDocument::Compact));
 }
 
-/// A column that is looked up in an index, or not.
-QString textColumn(const char* name, bool usesIndex)
-{
-    return QString::fromLatin1(usesIndex ? "%1" : "(%1 || '')").arg(QLatin1String(name));
-}
-
 const QString Incomplete = QStringLiteral("completed_day IS NULL");
 const QString OfRefused = QStringLiteral(" IN (SELECT plan FROM refused_days)");
 // The last day with an instruction or a refusal is a refusal.
@@ -111,6 +105,13 @@ QString PlanListQuery::column() const
     return QStringLiteral("number");
 }
 
+/// A column that is looked up in an index, or not.
+QString PlanListQuery::textColumn(const char* name, bool usesIndex) const
+{
+    const QString column = QString::fromLatin1(name);
+    return usesIndex ? column : m_dialect.notLookedUp.arg(column);
+}
+
 QString PlanListQuery::direction(const PlanSlice& slice) const
 {
     return m_list.isDescending == slice.isBackward ? QStringLiteral("ASC") : QStringLiteral("DESC");
@@ -140,9 +141,9 @@ SqlQuery PlanListQuery::within(const PlanSlice& slice, const QString& place) con
 SqlQuery PlanListQuery::filter(bool usesIndex) const
 {
     const QString today = m_list.today.toString(Qt::ISODate);
-    const SqlQuery active{ QStringLiteral("%1 = 'active'").arg(textColumn("state", false)), {} };
+    const SqlQuery active{ QStringLiteral("state = 'active'"), {} };
     const SqlQuery unended{ textColumn("end_date", usesIndex) + QStringLiteral(" >= ?"), { today } };
-    const SqlQuery begun{ textColumn("begin_date", false) + QStringLiteral(" <= ?"), { today } };
+    const SqlQuery begun{ QStringLiteral("begin_date <= ?"), { today } };
     switch (m_list.filter) {
     case PlanFilter::All:
     case PlanFilter::Own:

@@ -28,6 +28,7 @@ public:
 
 private:
     QString column() const;
+    QString textColumn(const char* name, bool usesIndex) const;
     QString direction(const PlanSlice& slice) const;
     SqlQuery within(const PlanSlice& slice, const QString& place) const;
     SqlQuery filter(bool usesIndex) const;

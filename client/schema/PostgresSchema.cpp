@@ -255,6 +255,28 @@ BEGIN
 END $$
 )";
 
+// Lists are filtered by what their indexes tell, without reading the plans.
+const char* const CoveringIndexes = R"(
+DROP INDEX plans_of_accounts, plans_of_assignees, plans_of_executors, securities_of_accounts, securities_of_assignees,
+    securities_of_executors, ends_of_accounts, ends_of_assignees, ends_of_executors;
+CREATE INDEX plans_of_accounts ON plans (trading_account, number) INCLUDE (begin_date, end_date, state, completed_day);
+CREATE INDEX securities_of_accounts ON plans (trading_account, symbol, number)
+    INCLUDE (begin_date, end_date, state, completed_day);
+CREATE INDEX ends_of_accounts ON plans (trading_account, end_date, number) INCLUDE (begin_date, state, completed_day);
+CREATE INDEX plans_of_assignees ON plans (assignee, number)
+    INCLUDE (begin_date, end_date, state, completed_day) WHERE assignee IS NOT NULL;
+CREATE INDEX securities_of_assignees ON plans (assignee, symbol, number)
+    INCLUDE (begin_date, end_date, state, completed_day) WHERE assignee IS NOT NULL;
+CREATE INDEX ends_of_assignees ON plans (assignee, end_date, number)
+    INCLUDE (begin_date, state, completed_day) WHERE assignee IS NOT NULL;
+CREATE INDEX plans_of_executors ON plans (executor, number)
+    INCLUDE (begin_date, end_date, state, completed_day) WHERE executor IS NOT NULL;
+CREATE INDEX securities_of_executors ON plans (executor, symbol, number)
+    INCLUDE (begin_date, end_date, state, completed_day) WHERE executor IS NOT NULL;
+CREATE INDEX ends_of_executors ON plans (executor, end_date, number)
+    INCLUDE (begin_date, state, completed_day) WHERE executor IS NOT NULL
+)";
+
 // What a user's role may do. The role exists once in a server, for all of its databases.
 const char* const Privileges = R"(
 DO 'BEGIN CREATE ROLE plandesk_user NOLOGIN; EXCEPTION WHEN duplicate_object OR unique_violation THEN NULL; END';
@@ -279,7 +301,7 @@ const QVector<Migration>& PostgresSchema::migrations()
                 statements(MarketTables), statements(PlanTables), statements(HistoryTable), statements(Notices),
                 statements(Privileges) } },
         { 2, PostgresRights::statements() },
-        { 3, { statements(PlanLife) } },
+        { 3, { statements(PlanLife), statements(CoveringIndexes) } },
     };
     return steps;
 }

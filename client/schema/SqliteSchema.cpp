@@ -181,6 +181,26 @@ QStringList historyTable()
     };
 }
 
+// Lists are filtered by what their indexes tell, without reading the plans. What a list is sorted by comes first.
+QStringList coveringIndexes()
+{
+    const QVector<QPair<const char*, const char*>> sources{ { "trading_account", "accounts" },
+        { "assignee", "assignees" }, { "executor", "executors" } };
+    const QVector<QPair<const char*, const char*>> orders{ { "plans", "number, begin_date, end_date" },
+        { "securities", "symbol, number, begin_date, end_date" }, { "ends", "end_date, number, begin_date" } };
+    QStringList statements;
+    for (const auto& [column, source] : sources) {
+        for (const auto& [kind, sorting] : orders) {
+            const QString index = QStringLiteral("%1_of_%2").arg(QLatin1String(kind), QLatin1String(source));
+            statements << QStringLiteral("DROP INDEX ") + index
+                       << QStringLiteral("CREATE INDEX %1 ON plans (%2, %3, state, completed_day)"
+                                         " WHERE %2 IS NOT NULL")
+                              .arg(index, QLatin1String(column), QLatin1String(sorting));
+        }
+    }
+    return statements;
+}
+
 // The day on which nothing was left of a plan; and the days on which an active plan got no instruction, and why.
 QStringList planLife()
 {
@@ -206,7 +226,7 @@ const QVector<Migration>& SqliteSchema::migrations()
         { 4, limitTables() },
         { 5, TypedTables::statements(), TypedTables::obstacles() },
         { 6, historyTable() },
-        { 7, planLife() },
+        { 7, planLife() + coveringIndexes() },
     };
     return steps;
 }

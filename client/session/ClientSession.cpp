@@ -38,10 +38,12 @@ ClientSession::ClientSession()
     QObject::connect(&m_repetition, &QTimer::timeout, &m_repetition, [this] { repeatLookUps(); });
     m_endOfEvent.setSingleShot(true);
     QObject::connect(&m_endOfEvent, &QTimer::timeout, &m_endOfEvent, [this] { forgetEvent(); });
-    QObject::connect(&PlanEvents::instance(), &PlanEvents::planStored, &m_idle, [this] {
+    const auto noteStored = [this] {
         m_idle.start();
         forgetEvent();
-    });
+    };
+    QObject::connect(&PlanEvents::instance(), &PlanEvents::planStored, &m_idle, noteStored);
+    QObject::connect(&PlanEvents::instance(), &PlanEvents::plansStored, &m_idle, noteStored);
 }
 
 ClientSession::~ClientSession()

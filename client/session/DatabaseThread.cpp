@@ -4,9 +4,19 @@
 
 #include <QFileInfo>
 
+#include <sys/resource.h>
+#include <unistd.h>
+
 namespace {
 
 constexpr unsigned long InterruptInterval = 5; // milliseconds
+constexpr int Niceness = 10;
+
+// The window goes first. Linux has no other priorities of usual threads, so QThread's have no effect.
+void yieldToTheWindow()
+{
+    setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), Niceness);
+}
 
 } // namespace
 
@@ -52,7 +62,8 @@ DatabaseThread::DatabaseThread(const QString& name, const QString& location)
     m_connection->moveToThread(&m_thread);
     // The connection must be closed on the thread that opened it.
     QObject::connect(&m_thread, &QThread::finished, m_connection, &QObject::deleteLater);
-    m_thread.start(QThread::LowPriority);
+    QObject::connect(&m_thread, &QThread::started, &m_thread, yieldToTheWindow, Qt::DirectConnection);
+    m_thread.start();
 }
 
 DatabaseThread::~DatabaseThread()

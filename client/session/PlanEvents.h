@@ -40,9 +40,10 @@ Q_SIGNALS:
     void outcomeKnown(UnknownRequest request, bool isStored, const QString& planId);
     /// A plan that was sent is refused. Emitted before the service answers.
     void planRefused(const Status& reason);
-    /// A plan was created or modified or got new instructions, and the change is stored. Not emitted if that becomes
-    /// known afterwards.
+    /// A plan was created or modified, and the change is stored. Not emitted if that becomes known afterwards.
     void planStored(const QString& planId);
+    /// The states of plans were changed, or plans got instructions or refusals, and that is stored.
+    void plansStored();
     /// Another client may have changed stored plans or instructions.
     void plansChanged();
     /// The connection to the database's server is lost; and an attempt to connect again has failed.
