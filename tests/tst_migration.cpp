@@ -192,7 +192,7 @@ void MigrationTest::everyPlanIsMigrated_data()
         QTest::addRow("version %d without a plan", version) << version << 0;
         QTest::addRow("version %d with one plan", version) << version << 1;
     }
-    QTest::newRow("100,000 plans") << LastOldVersion << 100000;
+    QTest::newRow("many plans") << LastOldVersion << setting("FAULTS_MIGRATED_PLANS", 10000);
 }
 
 void MigrationTest::everyPlanIsMigrated()
@@ -363,7 +363,7 @@ void MigrationTest::eachWriteOfAMigrationFailsInTurn()
     constexpr int Plans = 200;
     QVERIFY(makeOld(m_file, Plans));
     const QString copy = m_folder->filePath(QStringLiteral("copy.db"));
-    const int stride = setting("FAULTS_EVERY", 7);
+    const int stride = setting("FAULTS_EVERY", 47);
     int refused = 0;
     bool failed = true;
     for (int nth = 1; failed; nth += nth < 12 ? 1 : stride) {
@@ -389,7 +389,7 @@ void MigrationTest::eachWriteOfAMigrationFailsInTurn()
 void MigrationTest::aKilledMigrationIsRepeated()
 {
     constexpr int Plans = 5000;
-    const int kills = setting("FAULTS_KILLS", 12);
+    const int kills = setting("FAULTS_KILLS", 6);
     const QString copy = m_folder->filePath(QStringLiteral("copy.db"));
     QVERIFY(makeOld(m_file, Plans));
     QVERIFY(QFile::copy(m_file, copy));

@@ -48,7 +48,7 @@ QByteArray makeOwn(int version)
 bool makeVersion(const QString& file, int version)
 {
     RawFile raw(file);
-    bool done = raw.execute(makeOwn(version)) == SQLITE_OK;
+    bool done = raw.execute("PRAGMA synchronous = OFF; " + makeOwn(version)) == SQLITE_OK;
     for (const Migration& migration : SqliteSchema::migrations()) {
         for (const QString& statement : migration.statements)
             done = done && (migration.version > version || raw.execute(statement.toUtf8()) == SQLITE_OK);
