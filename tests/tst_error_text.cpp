@@ -243,6 +243,7 @@ void addProgramRows()
     addRow("命令backup没有选项--json",
         { Error::OptionNotOfCommand, { QStringLiteral("json"), QStringLiteral("backup") } });
     addRow("无法写入文件a.csv", { Error::FileNotWritten, { QStringLiteral("a.csv") } });
+    addRow("策略文件夹“a”不存在", { Error::NoStrategyFolder, { QStringLiteral("a") } });
     addRow("选项--user缺少取值", { Error::OptionWithoutValue, { QStringLiteral("user") } });
     addRow("没有皮肤“pink”，可选：light、dark",
         { Error::UnknownSkin, { QStringLiteral("pink"), QStringLiteral("light、dark") } });
@@ -291,69 +292,61 @@ void addStrategyFileRows()
     addRow("文件超过1048576字节", { Error::FileTooLarge, { QStringLiteral("1048576") } });
     addRow("文件不完整", Error::FileIncomplete);
     addRow("XML格式不正确", Error::InvalidXml);
+    addRow("编码GBK不支持", { Error::UnknownEncoding, { QStringLiteral("GBK") } });
+    addRow("含有不是GBK编码的字节", { Error::InvalidEncoding, { QStringLiteral("GBK") } });
+    addRow("元素的属性超过50个", { Error::TooManyAttributes, { QStringLiteral("50") } });
+    addRow("元素超过50个", { Error::TooManyElements, { QStringLiteral("50") } });
+    addRow("元素嵌套超过64层", { Error::ElementsTooDeep, { QStringLiteral("64") } });
     addRow("根元素应为FIXatdl 1.1的Strategies，而不是Edit", { Error::WrongRoot, { QStringLiteral("Edit") } });
     addRow("文件中没有策略", Error::NoStrategy);
     addRow("不允许DTD和实体声明", Error::DtdNotAllowed);
-    addRow("不允许实体引用", Error::EntityNotAllowed);
-    addRow("不支持处理指令run", { Error::ProcessingInstruction, { QStringLiteral("run") } });
-    addRow("元素之间有文字“abc”", { Error::TextBetweenElements, { QStringLiteral("abc") } });
-    addRow("命名空间只能在根元素上声明", Error::NamespaceBelowRoot);
-    addRow("元素Edit不支持或不能出现在这里", { Error::UnsupportedElement, { QStringLiteral("Edit") } });
-    addRow("元素Edit的属性name不支持",
-        { Error::UnsupportedAttribute, { QStringLiteral("Edit"), QStringLiteral("name") } });
+}
+
+void addRefusedStrategyRows()
+{
+    addRow("元素Edit中有文字“abc”", { Error::TextBetweenElements, { QStringLiteral("Edit"), QStringLiteral("abc") } });
+    addRow("元素Edit的文字超过1000个字符", { Error::TextTooLong, { QStringLiteral("Edit"), QStringLiteral("1000") } });
+    addRow("元素Edit超过50个", { Error::TooMany, { QStringLiteral("Edit"), QStringLiteral("50") } });
+    addRow("规则和条件过多", Error::TooManyConditions);
+    addRow("元素Edit未知或不能出现在这里", { Error::UnsupportedElement, { QStringLiteral("Edit") } });
+    addRow(
+        "元素Edit的属性name未知", { Error::UnsupportedAttribute, { QStringLiteral("Edit"), QStringLiteral("name") } });
     addRow("元素Edit缺少属性name", { Error::MissingAttribute, { QStringLiteral("Edit"), QStringLiteral("name") } });
     addRow("类型Int_t不能有属性name",
         { Error::AttributeOfOtherType, { QStringLiteral("Int_t"), QStringLiteral("name") } });
     addRow("属性name超过1000个字符", { Error::AttributeTooLong, { QStringLiteral("name"), QStringLiteral("1000") } });
-    addRow("属性name的值“x”应为1至5的整数",
+    addRow("属性name的值“x”应为1至9的整数",
         { Error::AttributeNotInteger,
-            { QStringLiteral("name"), QStringLiteral("x"), QStringLiteral("1"), QStringLiteral("5") } });
+            { QStringLiteral("name"), QStringLiteral("x"), QStringLiteral("1"), QStringLiteral("9") } });
     addRow("属性name的值“x”应为true或false",
         { Error::AttributeNotBoolean, { QStringLiteral("name"), QStringLiteral("x") } });
-    addRow("属性name的值“x”应以字母开头，只含字母、数字和下划线，最多64个字符",
-        { Error::AttributeNotIdentifier, { QStringLiteral("name"), QStringLiteral("x") } });
-    addRow("属性name的值“x”不支持，只支持D",
-        { Error::UnsupportedAttributeValue, { QStringLiteral("name"), QStringLiteral("x"), QStringLiteral("D") } });
-    addRow("属性use的值“x”应为required或optional", { Error::InvalidUse, { QStringLiteral("x") } });
+    addRow("属性name的值“x”不能作为名称", { Error::AttributeNotName, { QStringLiteral("name"), QStringLiteral("x") } });
+    addRow("属性name的值“x”应为a、b之一",
+        { Error::UnsupportedAttributeValue, { QStringLiteral("name"), QStringLiteral("x"), QStringLiteral("a、b") } });
     addRow("属性trueWireValue与falseWireValue相同", Error::EqualBooleanValues);
-    addRow("类型“Int_t”不属于urn:x",
-        { Error::TypeOfOtherNamespace, { QStringLiteral("Int_t"), QStringLiteral("urn:x") } });
-    addRow("参数类型“Int_t”不支持", { Error::UnsupportedParameterType, { QStringLiteral("Int_t") } });
-    addRow("参数类型UTCTimestamp_t含有日期，计划跨多个交易日，请改用LocalMktTime_t", Error::TimeWithDate);
-    addRow("控件类型“Int_t”不支持", { Error::UnsupportedControlType, { QStringLiteral("Int_t") } });
-    addRow("比较符“EX”不支持", { Error::UnsupportedOperator, { QStringLiteral("EX") } });
-    addRow("Description中不能有元素Edit", { Error::ElementInDescription, { QStringLiteral("Edit") } });
-    addRow("Description超过1000个字符", { Error::DescriptionTooLong, { QStringLiteral("1000") } });
-    addRow("策略超过100个", { Error::TooManyStrategies, { QStringLiteral("100") } });
-    addRow("参数超过100个", { Error::TooManyParameters, { QStringLiteral("100") } });
-    addRow("EnumPair超过100个", { Error::TooManyEnumPairs, { QStringLiteral("100") } });
-    addRow("控件超过100个", { Error::TooManyControls, { QStringLiteral("100") } });
-    addRow("ListItem超过100个", { Error::TooManyListItems, { QStringLiteral("100") } });
-    addRow("StrategyEdit超过100个", { Error::TooManyRules, { QStringLiteral("100") } });
-    addRow("StrategyPanel嵌套超过8层", { Error::PanelsTooDeep, { QStringLiteral("8") } });
+    addRow("参数类型“Int_t”未知", { Error::UnsupportedParameterType, { QStringLiteral("Int_t") } });
+    addRow("控件类型“Int_t”未知", { Error::UnsupportedControlType, { QStringLiteral("Int_t") } });
+    addRow("时区“A/B”未知", { Error::UnknownTimeZone, { QStringLiteral("A/B") } });
     addRow("策略名“TWAP”重复", { Error::DuplicateStrategy, { QStringLiteral("TWAP") } });
     addRow("策略TWAP有多个StrategyLayout", { Error::SecondLayout, { QStringLiteral("TWAP") } });
     addRow("StrategyLayout中没有StrategyPanel", Error::NoPanel);
-    addRow("StrategyLayout中只能有一个StrategyPanel", Error::SecondPanel);
-    addRow("StrategyPanel中不能同时有Control和StrategyPanel", Error::ControlsBesidePanels);
-    addRow("Boolean_t参数不能有EnumPair", Error::BooleanWithEnumPairs);
-    addRow("StrategyEdit中没有Edit", Error::RuleWithoutComparison);
-    addRow("StrategyEdit中只支持一个Edit", Error::SecondComparison);
+    addRow("Edit中没有Edit", { Error::RuleWithoutComparison, { QStringLiteral("Edit") } });
+    addRow("Edit中只能有一个Edit", { Error::SecondComparison, { QStringLiteral("Edit") } });
+    addRow("Edit不能同时有operator和logicOperator", Error::EditWithTwoOperators);
+    addRow("Edit应有operator或logicOperator", Error::EditWithoutOperator);
+    addRow("有logicOperator的Edit中没有Edit", Error::EditWithoutOperands);
+    addRow("有logicOperator的Edit不能有属性name", { Error::EditFieldOfCombination, { QStringLiteral("name") } });
     addRow("Edit应有field2或value之一", Error::ComparisonWithoutOperand);
-}
-
-void addStrategyRows()
-{
+    addRow("Edit不能同时有field2和value", Error::ComparisonWithTwoOperands);
+    addRow("EditRef引用的Edit“e_a”不存在", { Error::UnknownEdit, { QStringLiteral("e_a") } });
+    addRow("Edit的id“e_a”重复", { Error::DuplicateEdit, { QStringLiteral("e_a") } });
+    addRow("Edit“e_a”引用了自己", { Error::EditCycle, { QStringLiteral("e_a") } });
     addRow("参数名“Rate”重复", { Error::DuplicateParameter, { QStringLiteral("Rate") } });
-    addRow("参数Rate既没有控件也没有constValue", { Error::ParameterWithoutControl, { QStringLiteral("Rate") } });
     addRow("参数Rate的name“x”应为数字",
         { Error::InvalidParameterAttribute, { QStringLiteral("Rate"), QStringLiteral("name"), QStringLiteral("x") },
             Error::ValueNotNumber });
-    addRow("参数Rate的类型不能有minValue或maxValue", { Error::LimitsOfOtherType, { QStringLiteral("Rate") } });
-    addRow("参数Rate的minValue大于maxValue", { Error::LimitsReversed, { QStringLiteral("Rate") } });
+    addRow("参数Rate的下限大于上限", { Error::LimitsReversed, { QStringLiteral("Rate") } });
     addRow("参数Rate的enumID“e_a”重复", { Error::DuplicateEnumId, { QStringLiteral("Rate"), QStringLiteral("e_a") } });
-    addRow(
-        "参数Rate的wireValue“x”重复", { Error::DuplicateWireValue, { QStringLiteral("Rate"), QStringLiteral("x") } });
     addRow("控件ID“c1”重复", { Error::DuplicateControl, { QStringLiteral("c1") } });
     addRow("参数“Rate”有多个控件", { Error::SecondControl, { QStringLiteral("Rate") } });
     addRow("控件c1的参数“Rate”不存在",
@@ -364,17 +357,58 @@ void addStrategyRows()
         { Error::ControlOfOtherType, { QStringLiteral("c1"), QStringLiteral("Rate") } });
     addRow("控件c1的类型不能有ListItem", { Error::ListItemsOfOtherType, { QStringLiteral("c1") } });
     addRow("控件c1的ListItem“e_a”重复", { Error::DuplicateListItem, { QStringLiteral("c1"), QStringLiteral("e_a") } });
-    addRow("控件c1的ListItem与参数Rate的EnumPair不一致",
-        { Error::ListItemsDiffer, { QStringLiteral("c1"), QStringLiteral("Rate") } });
-    addRow("控件c1的步长“0”应为大于零且符合参数类型的数字",
-        { Error::InvalidStep, { QStringLiteral("c1"), QStringLiteral("0") } });
+    addRow("控件c1的enumID“e_a”不是参数Rate的EnumPair",
+        { Error::UnknownEnumId, { QStringLiteral("c1"), QStringLiteral("e_a"), QStringLiteral("Rate") } });
+    addRow("控件c1的步长“0”应为大于零的数字", { Error::InvalidStep, { QStringLiteral("c1"), QStringLiteral("0") } });
     addRow("控件c1的默认值“x”应为数字",
         { Error::InvalidDefault, { QStringLiteral("c1"), QStringLiteral("x") }, Error::ValueNotNumber });
     addRow("校验规则的参数“Rate”不存在", { Error::RuleWithoutParameter, { QStringLiteral("Rate") } });
-    addRow("参数Rate的校验值“x”应为数字",
+    addRow("状态规则的控件“c1”不存在", { Error::RuleWithoutControl, { QStringLiteral("c1") } });
+    addRow("Rate的比较值“x”应为数字",
         { Error::InvalidRuleValue, { QStringLiteral("Rate"), QStringLiteral("x") }, Error::ValueNotNumber });
-    addRow("校验规则的参数From与Rate类型不同，不能比较",
-        { Error::RuleOfOtherTypes, { QStringLiteral("From"), QStringLiteral("Rate") } });
+    addRow("校验规则的参数Rate与Other类型不同，不能比较",
+        { Error::RuleOfOtherTypes, { QStringLiteral("Rate"), QStringLiteral("Other") } });
+    addRow("控件c1的状态规则的值“x”应为数字",
+        { Error::InvalidStateValue, { QStringLiteral("c1"), QStringLiteral("x") }, Error::ValueNotNumber });
+    addRow("控件c1的状态规则循环改变控件的值", { Error::StateRuleCycle, { QStringLiteral("c1") } });
+}
+
+void addStrategyRemarkRows()
+{
+    addRow("参数Rate的类型Int_t含有日期，计划跨多个交易日，请改用LocalMktTime_t",
+        { Error::ParameterWithDate, { QStringLiteral("Rate"), QStringLiteral("Int_t") } });
+    addRow("参数Rate是二进制数据，无法填写", { Error::ParameterOfData, { QStringLiteral("Rate") } });
+    addRow("参数Rate是FIX字段38，由计划自己填写",
+        { Error::ParameterOfPlan, { QStringLiteral("Rate"), QStringLiteral("38") } });
+    addRow("必填参数Rate既没有控件也没有constValue", { Error::ParameterWithoutControl, { QStringLiteral("Rate") } });
+    addRow("参数Rate没有EnumPair，invertOnWire无法取反", { Error::InvertedWithoutValues, { QStringLiteral("Rate") } });
+    addRow("fixMsgType为E，计划只发出单笔委托（D）", { Error::OtherMessage, { QStringLiteral("E") } });
+    addRow("属性name大于1，计划只有一只证券", { Error::SeveralOrders, { QStringLiteral("name") } });
+    addRow("RepeatingGroup用于多腿或篮子委托，计划只有一只证券", Error::RepeatingGroup);
+    addRow("NOT中有多个Edit，含义不明确", Error::NotOfSeveral);
+    addRow("名称“TWAP”已被其他策略占用，请用providerID区分", { Error::StrategyNameTaken, { QStringLiteral("TWAP") } });
+    addRow("忽略处理指令run", { Error::ProcessingInstruction, { QStringLiteral("run") } });
+    addRow("元素Edit应有属性name", { Error::AttributeExpected, { QStringLiteral("Edit"), QStringLiteral("name") } });
+    addRow(
+        "元素Edit中应有ListItem", { Error::ElementExpected, { QStringLiteral("Edit"), QStringLiteral("ListItem") } });
+    addRow("属性name对Int_t没有作用，忽略",
+        { Error::AttributeIgnored, { QStringLiteral("Int_t"), QStringLiteral("name") } });
+    addRow(
+        "属性name的值“x”不合标准的写法", { Error::NameNotStandard, { QStringLiteral("name"), QStringLiteral("x") } });
+    addRow("属性name的值“x”按“true”处理",
+        { Error::ValueTakenAs, { QStringLiteral("name"), QStringLiteral("x"), QStringLiteral("true") } });
+    addRow("类型“Int_t”的写法不合标准", { Error::TypeNotStandard, { QStringLiteral("Int_t") } });
+    addRow("元素Edit的命名空间不合标准", { Error::SpaceNotStandard, { QStringLiteral("Edit") } });
+    addRow("元素Edit应在Edit之前", { Error::OrderNotStandard, { QStringLiteral("Edit"), QStringLiteral("Edit") } });
+    addRow("StrategyPanel中同时有Control和StrategyPanel", Error::ControlsBesidePanels);
+    addRow("StrategyLayout中有多个StrategyPanel", Error::SecondPanel);
+    addRow(
+        "参数Rate的wireValue“x”重复", { Error::DuplicateWireValue, { QStringLiteral("Rate"), QStringLiteral("x") } });
+    addRow("参数Rate既没有控件也没有constValue，不会发出", { Error::ParameterNeverSent, { QStringLiteral("Rate") } });
+    addRow(
+        "参数Rate没有fixTag，文件也没有声明tag957Support", { Error::ParameterWithoutTag, { QStringLiteral("Rate") } });
+    addRow("没有FIX字段FIX_Side的值，不检查这条规则", { Error::RuleSkipped, { QStringLiteral("FIX_Side") } });
+    addRow("StateRule没有enabled、visible或value", Error::StateRuleWithoutEffect);
 }
 
 void addValueRows()
@@ -392,6 +426,8 @@ void addValueRows()
     addRow("含有不可见字符", Error::ValueNotPrintable);
     addRow("应为一个字符", Error::ValueNotCharacter);
     addRow("最多1000个字符", { Error::ValueTooLong, { QStringLiteral("1000") } });
+    addRow("至少2个字符", { Error::ValueTooShort, { QStringLiteral("2") } });
+    addRow("的写法不正确", Error::ValueMalformed);
 }
 
 void addChoiceRows()
@@ -456,7 +492,8 @@ private Q_SLOTS:
         addProgramRows();
         addFormulaRows();
         addStrategyFileRows();
-        addStrategyRows();
+        addRefusedStrategyRows();
+        addStrategyRemarkRows();
         addValueRows();
         addChoiceRows();
         addInputRows();

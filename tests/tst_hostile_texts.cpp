@@ -110,8 +110,14 @@ StrategyDefinition hostileStrategy()
     control.label = hostile(QStringLiteral("标签"));
     control.unit = hostile(QStringLiteral("单位"));
     control.tooltip = hostile(QStringLiteral("提示"));
-    control.section = hostile(QStringLiteral("分组"));
+    control.helpText = hostile(QStringLiteral("说明"));
+    StrategyPanel panel;
+    panel.title = hostile(QStringLiteral("分组"));
+    panel.hasBorder = true;
+    panel.items.append({ false, 0 });
     StrategyDefinition strategy;
+    strategy.panels << StrategyPanel() << panel;
+    strategy.panels.first().items.append({ true, 1 });
     strategy.parameters << parameter;
     strategy.controls << control;
     return strategy;

@@ -139,10 +139,10 @@ QList<Look> frameLooks()
              "QRadioButton::indicator", "QLineEdit:focus", "QAbstractSpinBox:focus", "QComboBox:focus", "QComboBox:on",
              "QPlainTextEdit:focus", "QTextEdit:focus", "QAbstractItemView:focus", "OrloDateEdit QLineEdit:focus",
              "OrloDateEdit QToolButton:focus", "QPushButton:focus", "OrloPushButton[styleType=\"highlight\"]:focus",
-             "OrloPushButton[styleType=\"text\"]:focus", "QCheckBox:focus", "QRadioButton:focus",
-             "QRadioButton::indicator:checked", "QScrollArea#planDetails:focus", "QAbstractSpinBox[faulty=\"true\"]",
-             "QLineEdit[faulty=\"true\"]", "QComboBox[faulty=\"true\"]", "OrloDateEdit QLineEdit[faulty=\"true\"]",
-             "OrloPushButton[faulty=\"true\"]" })
+             "OrloPushButton[styleType=\"text\"]:focus", "QCheckBox:focus", "QRadioButton:focus", "QSlider:focus",
+             "QToolButton#panelTitle:focus", "QRadioButton::indicator:checked", "QScrollArea#planDetails:focus",
+             "QAbstractSpinBox[faulty=\"true\"]", "QLineEdit[faulty=\"true\"]", "QComboBox[faulty=\"true\"]",
+             "OrloDateEdit QLineEdit[faulty=\"true\"]", "OrloPushButton[faulty=\"true\"]" })
         looks.append({ words(name), { words(name) }, { form }, words("border") });
     const QString chart = words("ForecastChart");
     for (const char* const part : { "bar", "line" })
@@ -152,6 +152,8 @@ QList<Look> frameLooks()
         words("qproperty-filledColor"), words("qproperty-groundColor") });
     looks.append({ words("the mark of a heading"), { words("OrloSubTitleWidget QFrame#titleMark") }, { form },
         words("background-color") });
+    for (const char* const part : { "QSlider::groove:horizontal", "QSlider::handle:horizontal" })
+        looks.append({ words(part), { words(part) }, { words("QFrame#frame_algorithm") }, words("background-color") });
     looks.append({ words("a check mark's ground"), { words("QCheckBox::indicator:checked") }, { form },
         words("background-color") });
     looks.append(
@@ -164,7 +166,7 @@ QList<Look> frameLooks()
 bool isOrnament(const QString& selector)
 {
     static const QRegularExpression ornament(
-        QStringLiteral("^QScrollBar|titleMark$|::indicator|::(up|down)-button:hover$"));
+        QStringLiteral("^QScrollBar|^QSlider::|titleMark$|::indicator|::(up|down)-button:hover$"));
     return ornament.match(selector).hasMatch();
 }
 

@@ -1,76 +1,38 @@
 #include "AlgoTradeLogicNew.h"
+#include "ControlValue.h"
+#include "EditEvaluation.h"
 #include "LoggedTest.h"
 #include "ParameterValue.h"
-#include "StrategyFile.h"
 #include "StrategyLibrary.h"
 #include "StrategyQuery.h"
+#include "StrategyReport.h"
+#include "StrategyTexts.h"
 #include "TestStatus.h"
 
-#include <QBuffer>
 #include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QtTest>
 
+using namespace StrategyTexts;
+
 namespace {
-
-const QString FileName = QStringLiteral("test.xml");
-
-QString root(const QString& content)
-{
-    return QStringLiteral("<Strategies xmlns=\"http://www.fixprotocol.org/FIXatdl-1-1/Core\""
-                          " xmlns:lay=\"http://www.fixprotocol.org/FIXatdl-1-1/Layout\""
-                          " xmlns:val=\"http://www.fixprotocol.org/FIXatdl-1-1/Validation\""
-                          " xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\">\n")
-        + content + QStringLiteral("\n</Strategies>\n");
-}
-
-QString strategy(const QString& content)
-{
-    return root(QStringLiteral("<Strategy name=\"S\">\n") + content + QStringLiteral("\n</Strategy>"));
-}
-
-/// Line 3 contains the parameters, line 5 the controls, line 7 what follows the layout.
-QString parts(const QString& parameters, const QString& controls, const QString& more = {})
-{
-    return strategy(parameters + QStringLiteral("\n<lay:StrategyLayout><lay:StrategyPanel>\n") + controls
-        + QStringLiteral("\n</lay:StrategyPanel></lay:StrategyLayout>\n") + more);
-}
-
-QString parameter(const QString& rest, const QString& children = {})
-{
-    return QStringLiteral("<Parameter name=\"P\" %1>%2</Parameter>").arg(rest, children);
-}
-
-QString control(const QString& rest, const QString& children = {})
-{
-    return QStringLiteral("<lay:Control ID=\"c\" parameterRef=\"P\" label=\"标签\" %1>%2</lay:Control>")
-        .arg(rest, children);
-}
-
-QString type(const char* name)
-{
-    return QStringLiteral("xsi:type=\"%1\"").arg(QLatin1String(name));
-}
-
-Result<QList<StrategyDefinition>> readText(const QString& text)
-{
-    QBuffer buffer;
-    buffer.setData(text.toUtf8());
-    buffer.open(QIODevice::ReadOnly);
-    return StrategyFile::read(buffer, FileName);
-}
-
-/// Why a file is refused: an error in one of its lines.
-Status refused(int line, const Status& error)
-{
-    const Status inLine(Error::StrategyFileLine, { QString::number(line) }, error);
-    return { Error::StrategyFileRefused, { FileName }, inLine };
-}
 
 Status unreadable(const QString& file, const Status& cause)
 {
     return { Error::StrategyFileUnreadable, { file }, cause };
+}
+
+Status refused(int line, const Status& error)
+{
+    return { Error::StrategyFileRefused, { FileName }, StrategyRemarks::inLine(line, error) };
+}
+
+/// A file of the fuzz target's corpus.
+QByteArray bytesOf(const QString& name)
+{
+    QFile file(QStringLiteral(STRATEGY_FILES "/") + name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 QString namedStrategy(const QString& name)
@@ -90,10 +52,10 @@ const QString WholeStrategy = QStringLiteral(R"(
   <Parameter name="To" xsi:type="LocalMktTime_t"/>
   <lay:StrategyLayout>
     <lay:StrategyPanel orientation="VERTICAL" collapsible="false">
-      <lay:StrategyPanel title="一">
+      <lay:StrategyPanel title="一" orientation="HORIZONTAL" border="Line">
         <lay:Control ID="c1" xsi:type="lay:SingleSpinner_t" parameterRef="Rate" label="比例" initValue="0.1" increment="0.01" tooltip="提示"/>
       </lay:StrategyPanel>
-      <lay:StrategyPanel title="二">
+      <lay:StrategyPanel title="二" orientation="VERTICAL" collapsible="true" collapsed="true">
         <lay:Control ID="c2" xsi:type="lay:DropDownList_t" parameterRef="Speed" label="速度（档）" initValue="e_b">
           <lay:ListItem enumID="e_b" uiRep="快"/><lay:ListItem enumID="e_a" uiRep="慢"/>
         </lay:Control>
@@ -105,246 +67,66 @@ const QString WholeStrategy = QStringLiteral(R"(
   <val:StrategyEdit errorMessage="起须早于止！"><val:Edit field="From" operator="LT" field2="To"/></val:StrategyEdit>
 </Strategy>)");
 
-/// One type of parameter with a control: the row's name, both types and a default.
+/// One type of parameter with a control: both types, a default, and the stored value that it gives.
 struct Pairing {
-    const char* row;
-    QString parameterType;
-    QString controlType;
-    QString value;
+    const char* parameterType;
+    const char* controlType;
+    const char* text;
+    const char* stored;
 };
 
-const QList<Pairing> Pairings{
-    { "whole number", QStringLiteral("Int_t"), QStringLiteral("SingleSpinner_t"), QStringLiteral("5") },
-    { "decimal", QStringLiteral("Float_t"), QStringLiteral("SingleSpinner_t"), QStringLiteral("0.5") },
-    { "quantity in two steps", QStringLiteral("Qty_t"), QStringLiteral("DoubleSpinner_t"), QStringLiteral("500") },
-    { "price as text", QStringLiteral("Price_t"), QStringLiteral("TextField_t"), QStringLiteral("10.01") },
-    { "amount", QStringLiteral("Amt_t"), QStringLiteral("SingleSpinner_t"), QStringLiteral("1000.5") },
-    { "percentage", QStringLiteral("Percentage_t"), QStringLiteral("SingleSpinner_t"), QStringLiteral("0.25") },
-    { "yes or no", QStringLiteral("Boolean_t"), QStringLiteral("CheckBox_t"), QStringLiteral("true") },
-    { "text", QStringLiteral("String_t"), QStringLiteral("TextField_t"), QStringLiteral("abc") },
-    { "letter", QStringLiteral("Char_t"), QStringLiteral("TextField_t"), QStringLiteral("x") },
-    { "time", QStringLiteral("LocalMktTime_t"), QStringLiteral("Clock_t"), QStringLiteral("09:30:00") },
-    { "time as text", QStringLiteral("LocalMktTime_t"), QStringLiteral("TextField_t"), QStringLiteral("09:30:00") },
+constexpr Pairing Pairings[]{
+    { "Int_t", "SingleSpinner_t", "+5", "5" },
+    { "Length_t", "TextField_t", "5", "5" },
+    { "NumInGroup_t", "TextField_t", "5", "5" },
+    { "SeqNum_t", "SingleSpinner_t", "5", "5" },
+    { "TagNum_t", "SingleSpinner_t", "5", "5" },
+    { "Float_t", "SingleSpinner_t", "5e-1", "0.5" },
+    { "Qty_t", "DoubleSpinner_t", "500.0", "500" },
+    { "Price_t", "TextField_t", "10.01", "10.01" },
+    { "PriceOffset_t", "SingleSpinner_t", ".5", "0.5" },
+    { "Amt_t", "SingleSpinner_t", "1000.5", "1000.5" },
+    { "Percentage_t", "SingleSpinner_t", "0.25", "0.25" },
+    { "Percentage_t", "Slider_t", "0.25", "0.25" },
+    { "Boolean_t", "CheckBox_t", "true", "Y" },
+    { "Boolean_t", "CheckBox_t", "0", "N" },
+    { "Boolean_t", "RadioButton_t", "1", "Y" },
+    { "String_t", "TextField_t", "a b", "a b" },
+    { "String_t", "HiddenField_t", "abc", "abc" },
+    { "String_t", "EditableDropDownList_t", "abc", "abc" },
+    { "Char_t", "TextField_t", "x", "x" },
+    { "MultipleCharValue_t", "TextField_t", "A B", "A B" },
+    { "MultipleStringValue_t", "TextField_t", "AA BB", "AA BB" },
+    { "Currency_t", "TextField_t", "CNY", "CNY" },
+    { "Exchange_t", "TextField_t", "XSHG", "XSHG" },
+    { "Country_t", "TextField_t", "CN", "CN" },
+    { "Language_t", "TextField_t", "zh-CN", "zh-CN" },
+    { "Tenor_t", "TextField_t", "M3", "M3" },
+    { "LocalMktTime_t", "Clock_t", "09:30:00", "09:30:00" },
+    { "LocalMktTime_t", "TextField_t", "09:30:00", "09:30:00" },
+    { "UTCTimeOnly_t", "Clock_t", "09:30:00", "09:30:00" },
+    { "UTCTimeOnly_t", "Clock_t", "01:30:00Z", "09:30:00" },
+    { "TZTimeOnly_t", "Clock_t", "10:30:00+09:00", "09:30:00" },
+    { "UTCTimestamp_t", "Clock_t", "24:00:00", "00:00:00" },
+    { "TZTimestamp_t", "Clock_t", "09:30:00.250", "09:30:00" },
+    { "LocalMktDate_t", "Clock_t", "", "" },
+    { "UTCDateOnly_t", "TextField_t", "20240506", "20240506" },
+    { "MonthYear_t", "TextField_t", "202405w2", "202405w2" },
+    { "Data_t", "TextField_t", "abc", "abc" },
 };
 
-/// One file that is refused: the row's name, the file, the line and the error.
-struct Refusal {
-    const char* row;
-    QString text;
-    int line;
-    Status error;
-};
-
-const QString Number = type("Int_t");
-const QString Spinner = type("lay:SingleSpinner_t");
-const QString List = type("lay:DropDownList_t");
-const QString Pair = QStringLiteral("<EnumPair enumID=\"a\" wireValue=\"1\"/>");
-const QString Other = QStringLiteral("<EnumPair enumID=\"b\" wireValue=\"2\"/>");
-const QString Item = QStringLiteral("<lay:ListItem enumID=\"a\" uiRep=\"甲\"/>");
-const QString Good = parameter(Number);
-const QString Edit = QStringLiteral("<val:StrategyEdit errorMessage=\"m\">%1</val:StrategyEdit>");
-
-const QList<Refusal> Refusals{
-    { "an empty file", QString(), 1, Error::FileIncomplete },
-    { "a cut file", QStringLiteral("<Strategies\n"), 2, Error::FileIncomplete },
-    { "an element that is not closed", root(QStringLiteral("<Strategy name=\"S\">")), 3, Error::InvalidXml },
-    { "an attribute given twice", root(QStringLiteral("<Strategy name=\"a\"\nname=\"b\"/>")), 3, Error::InvalidXml },
-    { "an undeclared prefix", root(QStringLiteral("<no:Strategy/>")), 2, Error::InvalidXml },
-    { "another root", QStringLiteral("<?xml version=\"1.0\"?>\n<Algos/>"), 2,
-        { Error::WrongRoot, { QStringLiteral("Algos") } } },
-    { "a root of another vocabulary", QStringLiteral("<Strategies xmlns=\"x\"/>"), 1,
-        { Error::WrongRoot, { QStringLiteral("Strategies") } } },
-    { "a document type", QStringLiteral("<!DOCTYPE Strategies SYSTEM \"x.dtd\">\n") + root({}), 1,
-        Error::DtdNotAllowed },
-    { "an undeclared entity", strategy(QStringLiteral("&more;")), 3, Error::InvalidXml },
-    { "a processing instruction", root(QStringLiteral("<?run this?>")), 2,
-        { Error::ProcessingInstruction, { QStringLiteral("run") } } },
-    { "a processing instruction after the end", namedStrategy(QStringLiteral("A")) + QStringLiteral("<?run?>"), 4,
-        { Error::ProcessingInstruction, { QStringLiteral("run") } } },
-    { "no strategy", root({}), 3, Error::NoStrategy },
-    { "loose text", strategy(QStringLiteral("abc")), 4, { Error::TextBetweenElements, { QStringLiteral("abc") } } },
-
-    { "an unknown element", strategy(QStringLiteral("<Markets/>")), 3,
-        { Error::UnsupportedElement, { QStringLiteral("Markets") } } },
-    { "an element in the wrong place", root(QStringLiteral("<Parameter/>")), 2,
-        { Error::UnsupportedElement, { QStringLiteral("Parameter") } } },
-    { "a foreign element", strategy(QStringLiteral("<a xmlns=\"b\"/>")), 3, Error::NamespaceBelowRoot },
-    { "an unknown attribute of a strategy", root(QStringLiteral("<Strategy name=\"S\"\n sentOrderLink=\"x\"/>")), 3,
-        { Error::UnsupportedAttribute, { QStringLiteral("Strategy"), QStringLiteral("sentOrderLink") } } },
-    { "a foreign attribute", strategy(QStringLiteral("<Parameter lay:name=\"P\"/>")), 3,
-        { Error::UnsupportedAttribute, { QStringLiteral("Parameter"), QStringLiteral("lay:name") } } },
-    { "another message type", root(QStringLiteral("<Strategy name=\"S\" fixMsgType=\"E\"/>")), 2,
-        { Error::UnsupportedAttributeValue,
-            { QStringLiteral("fixMsgType"), QStringLiteral("E"), QStringLiteral("D") } } },
-    { "a root tag that is no tag",
-        QStringLiteral(
-            "<Strategies xmlns=\"http://www.fixprotocol.org/FIXatdl-1-1/Core\" strategyIdentifierTag=\"x\"/>"),
-        1,
-        { Error::AttributeNotInteger,
-            { QStringLiteral("strategyIdentifierTag"), QStringLiteral("x"), QStringLiteral("1"),
-                QStringLiteral("99999999") } } },
-    { "a root flag that is no flag",
-        QStringLiteral("<Strategies xmlns=\"http://www.fixprotocol.org/FIXatdl-1-1/Core\" tag957Support=\"1\"/>"), 1,
-        { Error::AttributeNotBoolean, { QStringLiteral("tag957Support"), QStringLiteral("1") } } },
-    { "a strategy without a name", root(QStringLiteral("<Strategy/>")), 2,
-        { Error::MissingAttribute, { QStringLiteral("Strategy"), QStringLiteral("name") } } },
-    { "a strategy name with a blank", root(QStringLiteral("<Strategy name=\"a b\"/>")), 2,
-        { Error::AttributeNotIdentifier, { QStringLiteral("name"), QStringLiteral("a b") } } },
-    { "a strategy twice", root(QStringLiteral("<Strategy name=\"S\"/>\n<Strategy name=\"S\"/>")), 3,
-        { Error::DuplicateStrategy, { QStringLiteral("S") } } },
-    { "an element in a description", strategy(QStringLiteral("<Description>a<b/></Description>")), 3,
-        { Error::ElementInDescription, { QStringLiteral("b") } } },
-
-    { "a parameter without a type", strategy(QStringLiteral("<Parameter name=\"P\"/>")), 3,
-        { Error::MissingAttribute, { QStringLiteral("Parameter"), QStringLiteral("xsi:type") } } },
-    { "an unknown parameter type", strategy(parameter(type("Tenor_t"))), 3,
-        { Error::UnsupportedParameterType, { QStringLiteral("Tenor_t") } } },
-    { "a type of another vocabulary", strategy(parameter(type("lay:Int_t"))), 3,
-        { Error::TypeOfOtherNamespace,
-            { QStringLiteral("lay:Int_t"), QStringLiteral("http://www.fixprotocol.org/FIXatdl-1-1/Core") } } },
-    { "a time with a date", strategy(parameter(type("UTCTimestamp_t"))), 3, Error::TimeWithDate },
-    { "an invalid use", strategy(parameter(Number + QStringLiteral(" use=\"maybe\""))), 3,
-        { Error::InvalidUse, { QStringLiteral("maybe") } } },
-    { "a tag of 0", strategy(parameter(Number + QStringLiteral(" fixTag=\"0\""))), 3,
-        { Error::AttributeNotInteger,
-            { QStringLiteral("fixTag"), QStringLiteral("0"), QStringLiteral("1"), QStringLiteral("99999999") } } },
-    { "decimals of a whole number", strategy(parameter(Number + QStringLiteral(" precision=\"2\""))), 3,
-        { Error::AttributeOfOtherType, { QStringLiteral("Int_t"), QStringLiteral("precision") } } },
-    { "a length of a number", strategy(parameter(Number + QStringLiteral(" maxLength=\"2\""))), 3,
-        { Error::AttributeOfOtherType, { QStringLiteral("Int_t"), QStringLiteral("maxLength") } } },
-    { "yes and no of a number", strategy(parameter(Number + QStringLiteral(" trueWireValue=\"1\""))), 3,
-        { Error::AttributeOfOtherType, { QStringLiteral("Int_t"), QStringLiteral("trueWireValue") } } },
-    { "yes equal to no", strategy(parameter(type("Boolean_t") + QStringLiteral(" trueWireValue=\"N\""))), 3,
-        Error::EqualBooleanValues },
-    { "a limit that is no number", parts(parameter(Number + QStringLiteral(" minValue=\"nan\"")), control(Spinner)), 3,
-        { Error::InvalidParameterAttribute, { QStringLiteral("P"), QStringLiteral("minValue"), QStringLiteral("nan") },
-            Error::ValueNotNumber } },
-    { "a limit in scientific form",
-        parts(parameter(type("Float_t") + QStringLiteral(" maxValue=\"1e3\"")), control(Spinner)), 3,
-        { Error::InvalidParameterAttribute, { QStringLiteral("P"), QStringLiteral("maxValue"), QStringLiteral("1e3") },
-            Error::ValueNotNumber } },
-    { "limits the wrong way round",
-        parts(parameter(Number + QStringLiteral(" minValue=\"2\" maxValue=\"1\"")), control(Spinner)), 3,
-        { Error::LimitsReversed, { QStringLiteral("P") } } },
-    { "limits of a text",
-        parts(parameter(type("String_t") + QStringLiteral(" minValue=\"1\"")), control(type("lay:TextField_t"))), 3,
-        { Error::LimitsOfOtherType, { QStringLiteral("P") } } },
-    { "a constant out of range", strategy(parameter(Number + QStringLiteral(" maxValue=\"5\" constValue=\"6\""))), 3,
-        { Error::InvalidParameterAttribute, { QStringLiteral("P"), QStringLiteral("constValue"), QStringLiteral("6") },
-            { Error::ValueTooLarge, { QStringLiteral("5") } } } },
-    { "a parameter twice",
-        strategy(parameter(Number + QStringLiteral(" constValue=\"1\"")) + QLatin1Char('\n')
-            + parameter(Number + QStringLiteral(" constValue=\"2\""))),
-        4, { Error::DuplicateParameter, { QStringLiteral("P") } } },
-    { "a value twice", parts(parameter(Number, Pair + Pair), control(List, Item)), 3,
-        { Error::DuplicateEnumId, { QStringLiteral("P"), QStringLiteral("a") } } },
-    { "a value of another type",
-        parts(parameter(Number, QStringLiteral("<EnumPair enumID=\"a\" wireValue=\"x\"/>")), control(List, Item)), 3,
-        { Error::InvalidParameterAttribute, { QStringLiteral("P"), QStringLiteral("wireValue"), QStringLiteral("x") },
-            Error::ValueNotNumber } },
-    { "values of yes or no", strategy(parameter(type("Boolean_t"), Pair)), 3, Error::BooleanWithEnumPairs },
-    { "a value without an id", strategy(parameter(Number, QStringLiteral("<EnumPair wireValue=\"1\"/>"))), 3,
-        { Error::MissingAttribute, { QStringLiteral("EnumPair"), QStringLiteral("enumID") } } },
-    { "a parameter without a control", strategy(Good), 3, { Error::ParameterWithoutControl, { QStringLiteral("P") } } },
-
-    { "a second layout", parts(Good, control(Spinner), QStringLiteral("<lay:StrategyLayout/>")), 7,
-        { Error::SecondLayout, { QStringLiteral("S") } } },
-    { "a layout without a panel", strategy(QStringLiteral("<lay:StrategyLayout/>")), 3, Error::NoPanel },
-    { "two panels side by side at the top",
-        strategy(QStringLiteral("<lay:StrategyLayout><lay:StrategyPanel/>\n<lay:StrategyPanel/></lay:StrategyLayout>")),
-        4, Error::SecondPanel },
-    { "a horizontal panel",
-        strategy(
-            QStringLiteral("<lay:StrategyLayout><lay:StrategyPanel orientation=\"HORIZONTAL\"/></lay:StrategyLayout>")),
-        3,
-        { Error::UnsupportedAttributeValue,
-            { QStringLiteral("orientation"), QStringLiteral("HORIZONTAL"), QStringLiteral("VERTICAL") } } },
-    { "controls beside panels", parts(Good, control(Spinner) + QStringLiteral("\n<lay:StrategyPanel/>")), 6,
-        Error::ControlsBesidePanels },
-    { "panels too deep",
-        parts(Good,
-            QStringLiteral("<lay:StrategyPanel>").repeated(8) + QStringLiteral("</lay:StrategyPanel>").repeated(8)),
-        5, { Error::PanelsTooDeep, { QStringLiteral("8") } } },
-
-    { "a control without a parameter", parts({}, control(Spinner)), 5,
-        { Error::ControlWithoutParameter, { QStringLiteral("c"), QStringLiteral("P") } } },
-    { "a control without a reference",
-        parts(Good, QStringLiteral("<lay:Control ID=\"c\" label=\"l\" %1/>").arg(Spinner)), 5,
-        { Error::MissingAttribute, { QStringLiteral("Control"), QStringLiteral("parameterRef") } } },
-    { "a control of a constant", parts(parameter(Number + QStringLiteral(" constValue=\"1\"")), control(Spinner)), 5,
-        { Error::ControlOfConstant, { QStringLiteral("c"), QStringLiteral("P") } } },
-    { "a control id twice",
-        parts(Good + QStringLiteral("<Parameter name=\"Q\" %1/>").arg(Number),
-            control(Spinner)
-                + QStringLiteral("\n<lay:Control ID=\"c\" parameterRef=\"Q\" label=\"l\" %1/>").arg(Spinner)),
-        6, { Error::DuplicateControl, { QStringLiteral("c") } } },
-    { "two controls of one parameter",
-        parts(Good,
-            control(Spinner)
-                + QStringLiteral("\n<lay:Control ID=\"d\" parameterRef=\"P\" label=\"l\" %1/>").arg(Spinner)),
-        6, { Error::SecondControl, { QStringLiteral("P") } } },
-    { "an unknown control type", parts(Good, control(type("lay:Slider_t"))), 5,
-        { Error::UnsupportedControlType, { QStringLiteral("Slider_t") } } },
-    { "a check box for a number", parts(Good, control(type("lay:CheckBox_t"))), 5,
-        { Error::ControlOfOtherType, { QStringLiteral("c"), QStringLiteral("P") } } },
-    { "a spinner for a list", parts(parameter(Number, Pair), control(Spinner)), 5,
-        { Error::ControlOfOtherType, { QStringLiteral("c"), QStringLiteral("P") } } },
-    { "list entries that do not match", parts(parameter(Number, Pair + Other), control(List, Item)), 5,
-        { Error::ListItemsDiffer, { QStringLiteral("c"), QStringLiteral("P") } } },
-    { "a list entry twice", parts(parameter(Number, Pair), control(List, Item + Item)), 5,
-        { Error::DuplicateListItem, { QStringLiteral("c"), QStringLiteral("a") } } },
-    { "entries of a spinner", parts(Good, control(Spinner, Item)), 5,
-        { Error::ListItemsOfOtherType, { QStringLiteral("c") } } },
-    { "a default out of range",
-        parts(parameter(Number + QStringLiteral(" minValue=\"1\" maxValue=\"5\"")),
-            control(Spinner + QStringLiteral(" initValue=\"6\""))),
-        5,
-        { Error::InvalidDefault, { QStringLiteral("c"), QStringLiteral("6") },
-            { Error::ValueOutOfRange, { QStringLiteral("1"), QStringLiteral("5") } } } },
-    { "a default that is no entry",
-        parts(parameter(Number, Pair), control(List + QStringLiteral(" initValue=\"z\""), Item)), 5,
-        { Error::InvalidDefault, { QStringLiteral("c"), QStringLiteral("z") }, Error::ValueNotListed } },
-    { "a default of a check box that is neither",
-        parts(parameter(type("Boolean_t")), control(type("lay:CheckBox_t") + QStringLiteral(" initValue=\"Y\""))), 5,
-        { Error::InvalidDefault, { QStringLiteral("c"), QStringLiteral("Y") }, Error::ValueNotListed } },
-    { "an invalid default time",
-        parts(parameter(type("LocalMktTime_t")),
-            control(type("lay:Clock_t") + QStringLiteral(" initValue=\"24:00:00\""))),
-        5, { Error::InvalidDefault, { QStringLiteral("c"), QStringLiteral("24:00:00") }, Error::ValueNotTime } },
-    { "a step of 0", parts(Good, control(Spinner + QStringLiteral(" increment=\"0\""))), 5,
-        { Error::InvalidStep, { QStringLiteral("c"), QStringLiteral("0") } } },
-    { "a step of a text field", parts(Good, control(type("lay:TextField_t") + QStringLiteral(" increment=\"1\""))), 5,
-        { Error::AttributeOfOtherType, { QStringLiteral("TextField_t"), QStringLiteral("increment") } } },
-    { "a large step of a single spinner", parts(Good, control(Spinner + QStringLiteral(" outerIncrement=\"9\""))), 5,
-        { Error::AttributeOfOtherType, { QStringLiteral("SingleSpinner_t"), QStringLiteral("outerIncrement") } } },
-    { "a rule that switches a control", parts(Good, control(Spinner, QStringLiteral("<StateRule/>"))), 5,
-        { Error::UnsupportedElement, { QStringLiteral("StateRule") } } },
-
-    { "a rule without a comparison", parts(Good, control(Spinner), Edit.arg(QString())), 7,
-        Error::RuleWithoutComparison },
-    { "a rule of two comparisons",
-        parts(Good, control(Spinner),
-            Edit.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"LT\" value=\"1\"/>\n<val:Edit/>"))),
-        8, Error::SecondComparison },
-    { "a comparison that is unknown",
-        parts(Good, control(Spinner), Edit.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"EX\"/>"))), 7,
-        { Error::UnsupportedOperator, { QStringLiteral("EX") } } },
-    { "a comparison with nothing",
-        parts(Good, control(Spinner), Edit.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"LT\"/>"))), 7,
-        Error::ComparisonWithoutOperand },
-    { "a comparison of nothing",
-        parts(Good, control(Spinner), Edit.arg(QStringLiteral("<val:Edit field=\"Z\" operator=\"LT\" value=\"1\"/>"))),
-        7, { Error::RuleWithoutParameter, { QStringLiteral("Z") } } },
-    { "a comparison with an unknown parameter",
-        parts(Good, control(Spinner), Edit.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"LT\" field2=\"Z\"/>"))),
-        7, { Error::RuleWithoutParameter, { QStringLiteral("Z") } } },
-    { "a comparison with a bad value",
-        parts(Good, control(Spinner), Edit.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"LT\" value=\"x\"/>"))),
-        7, { Error::InvalidRuleValue, { QStringLiteral("P"), QStringLiteral("x") }, Error::ValueNotNumber } },
-    { "a comparison of a number with a time",
-        parts(Good + QStringLiteral("<Parameter name=\"Q\" %1 constValue=\"09:30:00\"/>").arg(type("LocalMktTime_t")),
-            control(Spinner), Edit.arg(QStringLiteral("<val:Edit field=\"P\" operator=\"LT\" field2=\"Q\"/>"))),
-        7, { Error::RuleOfOtherTypes, { QStringLiteral("P"), QStringLiteral("Q") } } },
+/// One control with entries: its type, its default and the stored value that it gives.
+constexpr Pairing Lists[]{
+    { "Char_t", "DropDownList_t", "e_b", "B" },
+    { "Int_t", "DropDownList_t", "", "" },
+    { "String_t", "EditableDropDownList_t", "e_b", "B" },
+    { "Char_t", "SingleSelectList_t", "e_a", "A" },
+    { "MultipleCharValue_t", "MultiSelectList_t", "e_a e_b", "A B" },
+    { "MultipleStringValue_t", "CheckBoxList_t", "e_b", "B" },
+    { "String_t", "CheckBoxList_t", "e_b e_a", "B A" },
+    { "Char_t", "RadioButtonList_t", "e_a", "A" },
+    { "Boolean_t", "DropDownList_t", "e_a", "A" },
+    { "Char_t", "Slider_t", "e_b", "B" },
 };
 
 /// One value of a parameter: the row's name, the parameter, the value and the result of the check.
@@ -402,10 +184,13 @@ class StrategyFilesTest : public LoggedTest {
 private Q_SLOTS:
     void aWholeStrategyIsRead()
     {
-        const Result<QList<StrategyDefinition>> strategies = readText(root(WholeStrategy));
-        QCOMPARE(strategies.status(), Status());
-        QCOMPARE(strategies->size(), 1);
-        const StrategyDefinition demo = strategies->constFirst();
+        const StrategyFile file = read(root(WholeStrategy));
+        QCOMPARE(file.failure, Status());
+        QCOMPARE(file.warnings.size(), 0);
+        QCOMPARE(file.strategies.size(), 1);
+        QCOMPARE(file.strategies.constFirst().remarks.refusal, Status());
+        QCOMPARE(file.strategies.constFirst().remarks.warnings.size(), 0);
+        const StrategyDefinition demo = file.strategies.constFirst().definition;
         QCOMPARE(demo.name, QStringLiteral("Demo"));
         QCOMPARE(demo.alias, QStringLiteral("演示"));
         QCOMPARE(demo.version, QStringLiteral("3"));
@@ -421,67 +206,119 @@ private Q_SLOTS:
         QVERIFY(!demo.parameter(QStringLiteral("Speed"))->required);
         QCOMPARE(demo.parameter(QStringLiteral("Kind"))->constValue, QStringLiteral("4"));
         QCOMPARE(demo.controls.size(), 4);
-        QCOMPARE(demo.controls.at(0).section, QStringLiteral("一"));
         QCOMPARE(demo.controls.at(0).tooltip, QStringLiteral("提示"));
         QCOMPARE(demo.controls.at(0).increment, QStringLiteral("0.01"));
         QCOMPARE(demo.controls.at(1).label, QStringLiteral("速度"));
         QCOMPARE(demo.controls.at(1).unit, QStringLiteral("档"));
-        QCOMPARE(demo.controls.at(1).initialValue, QStringLiteral("B"));
+        QCOMPARE(demo.controls.at(1).initialValue, QStringLiteral("e_b"));
+        QCOMPARE(demo.panels.size(), 4);
+        QCOMPARE(demo.panels.at(2).title, QStringLiteral("一"));
+        QVERIFY(demo.panels.at(2).direction == LayoutDirection::Horizontal && demo.panels.at(2).hasBorder);
+        QVERIFY(demo.panels.at(3).isCollapsible && demo.panels.at(3).isCollapsed);
+        QCOMPARE(demo.panels.at(3).items.size(), 3);
     }
 
-    void everySupportedTypeIsRead_data()
-    {
-        QTest::addColumn<QString>("parameterType");
-        QTest::addColumn<QString>("controlType");
-        QTest::addColumn<QString>("value");
-        for (const Pairing& pairing : Pairings)
-            QTest::newRow(pairing.row) << pairing.parameterType << pairing.controlType << pairing.value;
-    }
-
-    void everySupportedTypeIsRead()
-    {
-        QFETCH(QString, parameterType);
-        QFETCH(QString, controlType);
-        QFETCH(QString, value);
-        const auto strategies = readText(parts(parameter(QStringLiteral("xsi:type=\"%1\"").arg(parameterType)),
-            control(QStringLiteral("xsi:type=\"lay:%1\" initValue=\"%2\"").arg(controlType, value))));
-        QCOMPARE(strategies.status(), Status());
-        QCOMPARE(strategies->constFirst().controls.constFirst().initialValue,
-            value == QStringLiteral("true") ? QStringLiteral("Y") : value);
-    }
-
-    void whatDoesNotFitIsRefusedWithItsLine_data()
+    void everyTypeIsRead_data()
     {
         QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("line");
-        QTest::addColumn<Status>("error");
-        for (const Refusal& refusal : Refusals)
-            QTest::newRow(refusal.row) << refusal.text << refusal.line << refusal.error;
+        QTest::addColumn<QString>("stored");
+        const auto addRow = [](const Pairing& pairing, const QString& pairs, const QString& items) {
+            const QString range = QLatin1String(pairing.controlType) == QLatin1String("Slider_t") && items.isEmpty()
+                ? QStringLiteral(" maxValue=\"1\"")
+                : QString();
+            const QString text = parts(parameter(type(pairing.parameterType) + range, pairs),
+                control(QStringLiteral("xsi:type=\"lay:%1\" initValue=\"%2\" ")
+                            .arg(QLatin1String(pairing.controlType), QLatin1String(pairing.text)),
+                    items));
+            QTest::addRow("%s in a %s: %s", pairing.parameterType, pairing.controlType, pairing.text)
+                << text << QString::fromLatin1(pairing.stored);
+        };
+        for (const Pairing& pairing : Pairings)
+            addRow(pairing, {}, {});
+        const QString items =
+            QStringLiteral("<lay:ListItem enumID=\"e_b\" uiRep=\"乙\"/><lay:ListItem enumID=\"e_a\" uiRep=\"甲\"/>");
+        for (const Pairing& pairing : Lists) {
+            const bool isNumber = QLatin1String(pairing.parameterType) == QLatin1String("Int_t");
+            const QString pairs = QStringLiteral("<EnumPair enumID=\"e_a\" wireValue=\"%1\"/>"
+                                                 "<EnumPair enumID=\"e_b\" wireValue=\"%2\" index=\"1\"/>")
+                                      .arg(isNumber ? QStringLiteral("1") : QStringLiteral("A"),
+                                          isNumber ? QStringLiteral("2") : QStringLiteral("B"));
+            addRow(pairing, pairs, items);
+        }
     }
 
-    void whatDoesNotFitIsRefusedWithItsLine()
+    void everyTypeIsRead()
     {
         QFETCH(QString, text);
-        QFETCH(int, line);
-        QFETCH(Status, error);
-        QCOMPARE(readText(text).status(), refused(line, error));
+        QFETCH(QString, stored);
+        const StrategyFile file = read(text);
+        QCOMPARE(file.failure, Status());
+        QCOMPARE(file.strategies.constFirst().remarks.refusal, Status());
+        QCOMPARE(ControlValue::defaults(file.strategies.constFirst().definition).value(QStringLiteral("P")), stored);
+    }
+
+    /// Files as they are used: other prefixes, declarations inside, a byte order mark, schema locations.
+    void theSameFileIsReadInOtherClothes()
+    {
+        const QByteArray dressed = bytesOf(QStringLiteral("prefixes.xml"));
+        for (const QByteArray& bytes : { dressed, "\xEF\xBB\xBF" + dressed }) {
+            const StrategyFile file = read(bytes);
+            QCOMPARE(file.failure, Status());
+            QCOMPARE(file.warnings.size(), 0);
+            QCOMPARE(file.strategies.constFirst().remarks.refusal, Status());
+            QCOMPARE(file.strategies.constFirst().remarks.warnings.size(), 0);
+            const StrategyDefinition read = file.strategies.constFirst().definition;
+            QCOMPARE(read.identifierTag, 5009);
+            QCOMPARE(read.versionTag, 5010);
+            QVERIFY(!read.parameters.constFirst().mutableOnReplace && read.parameters.constFirst().revertOnReplace);
+            QCOMPARE(read.controls.constFirst().helpText, QStringLiteral("<b>help</b>"));
+            QCOMPARE(read.controls.constFirst().stateRules.size(), 1);
+        }
+    }
+
+    void everyFileOfTheFolderIsReadAsItShould_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QStringList>("states");
+        QTest::addColumn<int>("warnings");
+        const QString offered = QStringLiteral("offered");
+        const QString unused = QStringLiteral("not offered");
+        QTest::newRow("every type and control") << QStringLiteral("controls.xml") << QStringList{ offered } << 0;
+        QTest::newRow("every kind of rule") << QStringLiteral("rules.xml") << QStringList{ offered } << 0;
+        QTest::newRow("harmless departures") << QStringLiteral("departures.xml") << QStringList{ offered } << 28;
+        QTest::newRow("what a plan cannot use")
+            << QStringLiteral("unusable.xml") << QStringList{ unused, unused, QStringLiteral("refused"), offered } << 5;
+        QTest::newRow("no document") << QStringLiteral("refused.xml") << QStringList() << 0;
+    }
+
+    void everyFileOfTheFolderIsReadAsItShould()
+    {
+        QFETCH(QString, file);
+        QFETCH(QStringList, states);
+        QFETCH(int, warnings);
+        const StrategyFile read = StrategyTexts::read(bytesOf(file));
+        QCOMPARE(static_cast<bool>(read.failure), !states.isEmpty());
+        QStringList found;
+        int warned = 0;
+        for (const ReadStrategy& strategy : read.strategies) {
+            found.append(StrategyReport::state(strategy));
+            warned += strategy.remarks.warnings.size();
+        }
+        QCOMPARE(found, states);
+        QCOMPARE(warned, warnings);
     }
 
     void moreThanTheLimitsIsRefused()
     {
         QString many;
-        for (int i = 0; i <= StrategyLimits::MaxCount; ++i)
+        for (int i = 0; i <= StrategyLimits::MaxParts; ++i)
             many += QStringLiteral("<Strategy name=\"S%1\"/>\n").arg(i);
-        const Status tooMany(Error::TooManyStrategies, { QStringLiteral("100") });
-        QCOMPARE(readText(root(many)).status(), refused(102, tooMany));
+        const Status tooMany(Error::TooMany, { QStringLiteral("Strategy"), QStringLiteral("2000") });
+        QCOMPARE(read(root(many)).failure, refused(2002, tooMany));
 
-        const QString longText(StrategyLimits::MaxText + 1, QLatin1Char('x'));
-        const Status attributeTooLong(Error::AttributeTooLong, { QStringLiteral("uiRep"), QStringLiteral("1000") });
-        QCOMPARE(readText(root(QStringLiteral("<Strategy name=\"S\" uiRep=\"%1\"/>").arg(longText))).status(),
-            refused(2, attributeTooLong));
-        const Status descriptionTooLong(Error::DescriptionTooLong, { QStringLiteral("1000") });
-        QCOMPARE(readText(strategy(QStringLiteral("<Description>%1</Description>").arg(longText))).status(),
-            refused(3, descriptionTooLong));
+        const QString elements = QStringLiteral("<Description/>").repeated(StrategyLimits::MaxElements);
+        QCOMPARE(
+            read(strategy(elements)).failure, refused(3, { Error::TooManyElements, { QStringLiteral("100000") } }));
 
         const auto withAttributes = [](int count) {
             QString attributes;
@@ -489,37 +326,88 @@ private Q_SLOTS:
                 attributes += QStringLiteral(" a%1='\"'").arg(i);
             return root(QStringLiteral("<!-- = --><Strategy%1/>").arg(attributes));
         };
-        const Status unknown(Error::UnsupportedAttribute, { QStringLiteral("Strategy"), QStringLiteral("a0") });
-        QCOMPARE(readText(withAttributes(50)).status(), refused(2, unknown));
+        QCOMPARE(read(withAttributes(50)).failure, Status());
         const Status tooManyAttributes(Error::TooManyAttributes, { QStringLiteral("50") });
-        QCOMPARE(readText(withAttributes(51)).status(), refused(2, tooManyAttributes));
+        QCOMPARE(read(withAttributes(51)).failure, refused(2, tooManyAttributes));
 
         const QString fits = namedStrategy(QStringLiteral("A"));
         const auto padded = [&](qint64 size) {
             return fits + QString(static_cast<int>(size - fits.toUtf8().size()), QLatin1Char(' '));
         };
-        QCOMPARE(readText(padded(StrategyFile::MaxSize)).status(), Status());
-        const Status tooLarge(Error::FileTooLarge, { QStringLiteral("1048576") });
-        QCOMPARE(readText(padded(StrategyFile::MaxSize + 1)).status(), unreadable(FileName, tooLarge));
+        QCOMPARE(read(padded(StrategyLimits::MaxSize)).failure, Status());
+        const Status tooLarge(Error::FileTooLarge, { QStringLiteral("4194304") });
+        QCOMPARE(read(padded(StrategyLimits::MaxSize + 1)).failure, unreadable(FileName, tooLarge));
     }
 
-    void otherEncodingsAreRefused()
+    void conditionsThatGrowByReferencesAreBounded()
     {
-        const auto read = [](QByteArray bytes) {
-            QBuffer buffer(&bytes);
-            buffer.open(QIODevice::ReadOnly);
-            return StrategyFile::read(buffer, FileName).status();
+        // Each condition uses the one before twice: 2^60 comparisons, if they were counted one by one.
+        QString edits = QStringLiteral("<val:Edit id=\"e0\" field=\"P\" operator=\"GT\" value=\"1\"/>");
+        for (int i = 1; i < 60; ++i)
+            edits += QStringLiteral("<val:Edit id=\"e%1\" logicOperator=\"XOR\"><val:EditRef id=\"e%2\"/><val:EditRef "
+                                    "id=\"e%2\"/></val:Edit>")
+                         .arg(i)
+                         .arg(i - 1);
+        const QString rule =
+            QStringLiteral("<val:StrategyEdit errorMessage=\"m\"><val:EditRef id=\"e59\"/></val:StrategyEdit>");
+        const StrategyFile file = read(parts(parameter(type("Int_t")) + edits, control(type("lay:TextField_t")), rule));
+        QCOMPARE(file.strategies.constFirst().remarks.refusal, Status());
+        const StrategyDefinition strategy = file.strategies.constFirst().definition;
+        QCOMPARE(strategy.edits.size(), 60);
+        QVERIFY(StrategyRules::firstBroken(strategy, { { QStringLiteral("P"), QStringLiteral("2") } }) != nullptr);
+
+        QString many;
+        for (int i = 0; i < 2100; ++i)
+            many += QStringLiteral(
+                "<val:StrategyEdit errorMessage=\"m\"><val:Edit field=\"P\" operator=\"EX\"/></val:StrategyEdit>");
+        QCOMPARE(read(parts(parameter(type("Int_t")), control(type("lay:TextField_t")), many))
+                     .strategies.constFirst()
+                     .remarks.refusal,
+            StrategyRemarks::inLine(2, Error::TooManyConditions));
+    }
+
+    void encodingsAreRead_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        const QString name = QStringLiteral("名");
+        const QString text = root(QStringLiteral("<Strategy name=\"A\" uiRep=\"%1\"/>").arg(name));
+        const auto declared = [](const char* encoding) {
+            return "<?xml version=\"1.0\" encoding=\"" + QByteArray(encoding) + "\"?>";
         };
-        const QString text = namedStrategy(QStringLiteral("A"));
-        const auto declared = [&](const char* encoding) {
-            return "<?xml version=\"1.0\" encoding=\"" + QByteArray(encoding) + "\"?>" + text.toUtf8();
+        QTest::newRow("none") << text.toUtf8();
+        QTest::newRow("UTF-8") << declared("utf-8") + text.toUtf8();
+        const QByteArray chinese("\xC3\xFB");
+        QTest::newRow("GB18030") << declared("GB18030") + text.toUtf8().replace(name.toUtf8(), chinese);
+        QTest::newRow("GBK in small letters") << declared("gbk") + text.toUtf8().replace(name.toUtf8(), chinese);
+        const auto wide = [](const QString& from) {
+            return QByteArray(reinterpret_cast<const char*>(from.utf16()), int(from.size()) * 2);
         };
-        QCOMPARE(read(declared("utf-8")), Status());
-        QCOMPARE(read(declared("GB18030")), refused(1, Error::NotUtf8));
-        QCOMPARE(read(declared("ISO-2022-JP")), refused(1, Error::NotUtf8));
-        const QString marked = QChar(QChar::ByteOrderMark) + text;
-        const QByteArray wide(reinterpret_cast<const char*>(marked.utf16()), int(marked.size()) * 2);
-        QCOMPARE(read(wide), Status(Error::StrategyFileRefused, { FileName }, Error::NotUtf8));
+        QTest::newRow("UTF-16 with a byte order mark")
+            << wide(QChar(QChar::ByteOrderMark) + QString::fromLatin1(declared("UTF-16")) + text);
+        QTest::newRow("UTF-16 without a byte order mark") << wide(text);
+    }
+
+    void encodingsAreRead()
+    {
+        QFETCH(QByteArray, bytes);
+        const StrategyFile file = read(bytes);
+        QCOMPARE(file.failure, Status());
+        QCOMPARE(file.strategies.constFirst().definition.alias, QStringLiteral("名"));
+    }
+
+    void bytesOfAnotherEncodingAreRefusedWithTheirLine()
+    {
+        const QByteArray text = root(QStringLiteral("<Strategy name=\"A\"\n uiRep=\"名\"/>")).toUtf8();
+        const Status notUtf8(Error::InvalidEncoding, { QStringLiteral("UTF-8") });
+        QCOMPARE(
+            read(QByteArray(text).replace(QStringLiteral("名").toUtf8(), "\xC3\xFB")).failure, refused(3, notUtf8));
+        QCOMPARE(
+            read(QByteArray(text).replace(QStringLiteral("名").toUtf8(), "\xE5\x90")).failure, refused(3, notUtf8));
+        QCOMPARE(read("<?xml version=\"1.0\" encoding=\"US-ASCII\"?>\n" + text).failure,
+            refused(4, { Error::InvalidEncoding, { QStringLiteral("US-ASCII") } }));
+        QCOMPARE(read("<?xml version=\"1.0\" encoding=\"UTF-7\"?>\n" + text).failure,
+            refused(1, { Error::UnknownEncoding, { QStringLiteral("UTF-7") } }));
+        QCOMPARE(read(QByteArray("\0\0\0", 3)).failure, refused(1, Error::FileIncomplete));
     }
 
     // All times within one run, with a wide margin: a quadratic step takes hundreds of times as long.
@@ -528,14 +416,14 @@ private Q_SLOTS:
         const auto timeOf = [](const QString& text, bool isValid) {
             QElapsedTimer timer;
             timer.start();
-            const Status status = readText(text).status();
-            return isValid == static_cast<bool>(status) ? timer.nsecsElapsed() : -1;
+            const StrategyFile file = read(text);
+            return isValid == static_cast<bool>(file.failure) ? timer.nsecsElapsed() : -1;
         };
         const auto strategies = [](int count) {
             QString content;
             for (int i = 0; i < count; ++i) {
                 content += QStringLiteral("<Strategy name=\"S%1\">\n").arg(i);
-                for (int number = 0; number < StrategyLimits::MaxCount; ++number)
+                for (int number = 0; number < 100; ++number)
                     content +=
                         QStringLiteral("<Parameter name=\"P%1\" xsi:type=\"Int_t\" constValue=\"%1\"/>\n").arg(number);
                 content += QStringLiteral("</Strategy>\n");
@@ -563,8 +451,8 @@ private Q_SLOTS:
     {
         const QTemporaryDir folder;
         const QString none = QStringLiteral("none.xml");
-        QCOMPARE(StrategyFile::read(folder.filePath(none)).status(), unreadable(none, Error::NotAFile));
-        QCOMPARE(StrategyFile::read(folder.path()).status().cause(), Status(Error::NotAFile));
+        QCOMPARE(StrategyFile::read(folder.filePath(none)).failure, unreadable(none, Error::NotAFile));
+        QCOMPARE(StrategyFile::read(folder.path()).failure.cause(), Status(Error::NotAFile));
     }
 
     void nestedEntitiesAreRefusedAtOnce()
@@ -574,11 +462,11 @@ private Q_SLOTS:
             entities +=
                 QStringLiteral("<!ENTITY e%1 \"%2\">").arg(i).arg(QStringLiteral("&e%1;").arg(i - 1).repeated(10));
         const QString text = QStringLiteral("<!DOCTYPE Strategies [%1]>\n<Strategies>&e29;</Strategies>").arg(entities);
-        QCOMPARE(readText(text).status(), refused(1, Error::DtdNotAllowed));
+        QCOMPARE(read(text).failure, refused(1, Error::DtdNotAllowed));
 
         const QString external =
             QStringLiteral("<!DOCTYPE s [<!ENTITY x SYSTEM \"file:///etc/hostname\">]>\n<Strategies>&x;</Strategies>");
-        QCOMPARE(readText(external).status(), refused(1, Error::DtdNotAllowed));
+        QCOMPARE(read(external).failure, refused(1, Error::DtdNotAllowed));
     }
 
     void randomDamageIsRefusedOrRead()
@@ -597,9 +485,9 @@ private Q_SLOTS:
             for (int hit = next(4); hit >= 0; --hit)
                 bytes[next(bytes.size())] = static_cast<char>(next(256));
             bytes.truncate(next(4) == 0 ? next(bytes.size()) : bytes.size());
-            QBuffer buffer(&bytes);
-            buffer.open(QIODevice::ReadOnly);
-            damaged += StrategyFile::read(buffer, FileName) ? 0 : 1;
+            const StrategyFile read = StrategyTexts::read(bytes);
+            const bool isWhole = read.failure && read.strategies.constFirst().isUsable();
+            damaged += isWhole ? 0 : 1;
         }
         QVERIFY(damaged > 100);
     }
@@ -620,10 +508,10 @@ private Q_SLOTS:
         QFETCH(Status, status);
         const QString kind = attributes.contains(QStringLiteral("Boolean")) ? QStringLiteral("CheckBox_t")
                                                                             : QStringLiteral("TextField_t");
-        const Result<QList<StrategyDefinition>> strategies =
-            readText(parts(parameter(attributes), control(QStringLiteral("xsi:type=\"lay:%1\"").arg(kind))));
-        QCOMPARE(strategies.status(), Status());
-        QCOMPARE(ParameterValue::check(strategies->constFirst().parameters.constFirst(), value), status);
+        const StrategyFile file =
+            read(parts(parameter(attributes), control(QStringLiteral("xsi:type=\"lay:%1\"").arg(kind))));
+        QCOMPARE(file.strategies.constFirst().remarks.refusal, Status());
+        QCOMPARE(ParameterValue::check(file.strategies.constFirst().definition.parameters.constFirst(), value), status);
     }
 
     void percentagesAreShownTimesAHundred_data()
@@ -673,7 +561,7 @@ private Q_SLOTS:
             for (const StrategyParameter& each : known.parameters) {
                 const StrategyControl* const shown = known.controlOf(each.name);
                 QVERIFY2(shown && !shown->label.isEmpty(), qPrintable(name + each.name));
-                QCOMPARE(ParameterValue::check(each, shown->initialValue), Status());
+                QCOMPARE(ParameterValue::check(each, ControlValue::defaults(known).value(each.name)), Status());
             }
         }
     }

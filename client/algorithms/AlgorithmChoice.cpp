@@ -2,6 +2,7 @@
 
 #include "Algo_Fields.h"
 #include "AutoPlanField.h"
+#include "EditEvaluation.h"
 #include "ErrorText.h"
 #include "ParameterValue.h"
 #include "StrategyLibrary.h"
@@ -113,9 +114,6 @@ Status AlgorithmChoice::check(const StrategyDefinition& strategy, const QMap<QSt
         if (Status status = ParameterValue::check(parameter, values.value(parameter.name)); !status)
             return { Error::InvalidParameter, { parameter.name }, status };
     }
-    for (const StrategyRule& rule : strategy.rules) {
-        if (!ParameterValue::holds(rule, strategy, values))
-            return { Error::RuleBroken, { rule.message } };
-    }
-    return {};
+    const StrategyRule* const broken = StrategyRules::firstBroken(strategy, values);
+    return broken ? Status(Error::RuleBroken, { broken->message }) : Status();
 }

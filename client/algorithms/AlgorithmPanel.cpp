@@ -12,10 +12,14 @@
 
 #include <QComboBox>
 #include <QFrame>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
@@ -26,6 +30,8 @@ namespace {
 
 const QString Success = QStringLiteral("0");
 constexpr int Narrowest = 420;
+/// Largest part of the screen for the parameters.
+constexpr double FormShare = 0.6;
 
 QLabel* boldLabel(const QString& text, QWidget* parent)
 {
@@ -188,7 +194,7 @@ void AlgorithmPanel::RefreshAlgoList()
 void AlgorithmPanel::ReInit()
 {
     fillStrategies();
-    updatePriceDecimals();
+    updateSecurity();
     showBaseData();
 }
 
@@ -225,9 +231,11 @@ void AlgorithmPanel::showStrategy(const QString& name, const QMap<QString, QStri
     replaceForm(strategy.name.isEmpty() ? nullptr : new ParameterForm(strategy, this));
     m_description->setText(strategy.description);
     m_description->setVisible(!strategy.description.isEmpty());
-    updatePriceDecimals();
-    if (m_form)
+    updateSecurity();
+    if (m_form) {
         m_form->setValues(values);
+        m_form->setOrderFields(orderFields());
+    }
     resizeToContents();
 }
 
@@ -235,18 +243,33 @@ void AlgorithmPanel::showStrategy(const QString& name, const QMap<QString, QStri
 void AlgorithmPanel::resizeToContents()
 {
     ensurePolished();
+    fitScroll();
     QSize wanted = sizeHint().expandedTo(minimumSize());
     if (layout()->hasHeightForWidth())
         wanted.setHeight(layout()->totalHeightForWidth(wanted.width()));
     resize(wanted);
 }
 
+/// A long form is as high as the screen allows, and scrolls.
+void AlgorithmPanel::fitScroll()
+{
+    if (!m_scroll)
+        return;
+    const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+    const QSize wanted = m_form->sizeHint();
+    const bool isHigh = wanted.height() > room.height() * FormShare;
+    const int bar = isHigh ? m_scroll->verticalScrollBar()->sizeHint().width() : 0;
+    m_scroll->setMinimumSize(qMin(wanted.width() + bar, static_cast<int>(room.width() * FormShare)),
+        isHigh ? static_cast<int>(room.height() * FormShare) : wanted.height());
+}
+
 void AlgorithmPanel::replaceForm(ParameterForm* form)
 {
-    if (m_form) {
-        m_form->hide();
-        m_form->deleteLater();
+    if (m_scroll) {
+        m_scroll->hide();
+        m_scroll->deleteLater();
     }
+    m_scroll = nullptr;
     m_form = form;
     m_ok->setEnabled(m_form != nullptr);
     const QString choose = m_strategies->count() > 0 ? QStringLiteral("请选择算法。")
@@ -254,11 +277,29 @@ void AlgorithmPanel::replaceForm(ParameterForm* form)
     showMessage(m_form ? QString() : choose);
     if (!m_form)
         return;
-    m_formLayout->addWidget(m_form);
-    m_form->setVisible((m_offers & Parameters) != 0);
+    m_scroll = new QScrollArea(this);
+    m_scroll->setObjectName(QStringLiteral("algorithmParameters"));
+    m_scroll->setFrameShape(QFrame::NoFrame);
+    m_scroll->setWidgetResizable(true);
+    m_scroll->setFocusPolicy(Qt::NoFocus);
+    m_scroll->setWidget(m_form);
+    m_formLayout->addWidget(m_scroll, 1);
+    m_scroll->setVisible((m_offers & Parameters) != 0);
     if (m_form->lastInput())
         setTabOrder(m_form->lastInput(), m_ok);
     setTabOrder(m_ok, m_cancel);
+}
+
+/// The fields of the order that the plan's base data contain.
+QMap<QString, QString> AlgorithmPanel::orderFields() const
+{
+    const QMap<QString, QVariant> base = d->choice.baseData();
+    const QString side = base.value(Content::OrderSide).toString();
+    QMap<QString, QString> fields{ { QStringLiteral("FIX_Account"), base.value(Content::TradingAccount).toString() },
+        { QStringLiteral("FIX_Symbol"), m_symbol } };
+    if (side == Side::BuyValue || side == Side::SellValue)
+        fields.insert(QStringLiteral("FIX_Side"), side == Side::BuyValue ? QStringLiteral("1") : QStringLiteral("2"));
+    return fields;
 }
 
 void AlgorithmPanel::showBaseData()
@@ -282,18 +323,21 @@ void AlgorithmPanel::takeValues(const QMap<QString, QVariant>& handedOver)
     const QString loaded = d->choice.loaded();
     const StrategyDefinition strategy = StrategyLibrary::instance().strategy(loaded);
     const QMap<QString, QString> values = AlgorithmChoice::parameterValues(strategy, handedOver);
-    if (m_form && m_form->strategyName() == loaded)
+    if (m_form && m_form->strategyName() == loaded) {
         m_form->setValues(values);
-    else
+        m_form->setOrderFields(orderFields());
+    } else {
         showStrategy(loaded, values);
-    updatePriceDecimals();
+    }
+    updateSecurity();
     showBaseData();
 }
 
-void AlgorithmPanel::updatePriceDecimals()
+void AlgorithmPanel::updateSecurity()
 {
     if (m_form && !m_symbol.isEmpty())
-        m_form->setPriceDecimals(OrloBusinessDataInterface::GetPricePrecisionBySymbol(m_symbol, {}));
+        m_form->setSecurity(OrloBusinessDataInterface::GetQtyStepBySymbol(m_symbol),
+            OrloBusinessDataInterface::GetPricePrecisionBySymbol(m_symbol, {}));
 }
 
 void AlgorithmPanel::slotStrategyChanged()

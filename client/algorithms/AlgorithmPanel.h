@@ -6,6 +6,7 @@
 class QComboBox;
 class QLabel;
 class QPushButton;
+class QScrollArea;
 class QVBoxLayout;
 
 /// The client's algorithm parameter widget: the strategy, the inputs of its parameters, OK and Cancel. OK checks and
@@ -45,11 +46,13 @@ private:
     void selectStrategy(const QString& name);
     void showStrategy(const QString& name, const QMap<QString, QString>& values);
     void resizeToContents();
+    void fitScroll();
+    QMap<QString, QString> orderFields() const;
     void replaceForm(ParameterForm* form);
     void showBaseData();
     void showMessage(const QString& message);
     void takeValues(const QMap<QString, QVariant>& handedOver);
-    void updatePriceDecimals();
+    void updateSecurity();
 
     void slotStrategyChanged();
     void slotOk();
@@ -64,5 +67,6 @@ private:
     QLabel* m_message = nullptr;
     QPushButton* m_ok = nullptr;
     QPushButton* m_cancel = nullptr;
+    QScrollArea* m_scroll = nullptr; ///< owns the form
     ParameterForm* m_form = nullptr;
 };

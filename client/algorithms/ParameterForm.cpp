@@ -1,56 +1,82 @@
 #include "ParameterForm.h"
 
+#include "ControlValue.h"
 #include "FieldMark.h"
+#include "MarketTime.h"
+#include "PanelBox.h"
+#include "ParameterTypes.h"
 #include "ParameterValue.h"
 #include "PlainText.h"
-#include "StepInput.h"
 
-#include <QButtonGroup>
-#include <QCheckBox>
-#include <QComboBox>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
-#include <QRadioButton>
+#include <QScopedValueRollback>
+
+#include <algorithm>
 
 namespace {
 
 constexpr int Columns = 4;
 constexpr int InputWidth = 120;
-constexpr int SkinPadding = 8;
 /// Opacity of the hints, of 255.
 constexpr int HintStrength = 170;
 
 QString unitOf(const StrategyControl& control, const StrategyParameter& parameter)
 {
-    if (control.unit.isEmpty() && parameter.type == ParameterType::Percentage)
+    if (!control.unit.isEmpty() || control.choosesItems())
+        return control.unit;
+    if (parameter.type == ParameterType::Percentage)
         return QStringLiteral("%");
-    return control.unit;
+    return control.type == ControlType::Clock ? QString::fromUtf8(parameter.zone) : QString();
 }
 
 QString hintOf(const StrategyParameter& parameter)
 {
     QString range = ParameterValue::rangeHint(parameter);
-    if (parameter.required || parameter.type == ParameterType::Boolean)
+    if (parameter.required || parameter.type == ParameterType::Boolean || parameter.name.isEmpty())
         return range;
     return range.isEmpty() ? QStringLiteral("选填") : QStringLiteral("%1，选填").arg(range);
+}
+
+/// What a control is called where it has no label of its own.
+QString nameOf(const StrategyControl& control)
+{
+    if (!control.label.isEmpty())
+        return control.label;
+    return control.parameter.isEmpty() ? control.id : control.parameter;
 }
 
 /// What a screen reader says about an input besides its label: purpose, unit and range.
 QString descriptionOf(const StrategyControl& control, const StrategyParameter& parameter)
 {
-    QStringList parts{ control.tooltip, unitOf(control, parameter), hintOf(parameter) };
+    QStringList parts{ control.tooltip, unitOf(control, parameter), hintOf(parameter), control.helpText };
     parts.removeAll(QString());
-    return parts.isEmpty() ? control.label : parts.join(QStringLiteral("，"));
+    return parts.isEmpty() ? nameOf(control) : parts.join(QStringLiteral("，"));
 }
 
-QString valueOf(const StrategyParameter& parameter, const QString& id)
+QString objectNameOf(const StrategyControl& control)
 {
-    for (const EnumeratedValue& value : parameter.values) {
-        if (value.id == id)
-            return value.text;
+    const bool isShared = control.type == ControlType::RadioButton;
+    return control.parameter.isEmpty() || isShared ? control.id : control.parameter;
+}
+
+QStringList initialValues(const StrategyDefinition& strategy)
+{
+    QStringList values;
+    for (const StrategyControl& control : strategy.controls) {
+        const StrategyParameter* const parameter = ControlValue::parameterOf(strategy, control);
+        const QString now = MarketTime::toText(MarketTime::now(parameter ? parameter->zone : control.zone));
+        const bool hasPassed = control.isNowIfPassed && !control.initialValue.isEmpty() && control.initialValue < now;
+        values.append(hasPassed ? now : control.initialValue);
     }
-    return {};
+    return values;
+}
+
+void setVisibleRow(const ControlInput& input, bool isVisible)
+{
+    for (QWidget* const part : input.row)
+        part->setVisible(isVisible);
 }
 
 } // namespace
@@ -58,222 +84,252 @@ QString valueOf(const StrategyParameter& parameter, const QString& id)
 ParameterForm::ParameterForm(const StrategyDefinition& strategy, QWidget* parent)
     : QWidget(parent)
     , m_strategy(strategy)
-    , m_grid(new QGridLayout(this))
+    , m_state(strategy)
 {
-    m_grid->setContentsMargins(0, 0, 0, 0);
-    m_grid->setColumnStretch(1, 1);
-    QString section;
-    for (const StrategyControl& control : strategy.controls) {
-        if (control.section != section)
-            addSection(control.section);
-        section = control.section;
-        if (const StrategyParameter* const parameter = strategy.parameter(control.parameter))
-            addRow(control, *parameter);
-    }
-    setValues(defaults(strategy));
+    auto* const grid = new QGridLayout(this);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setColumnStretch(1, 1);
+    m_inputs.reserve(strategy.controls.size());
+    if (!strategy.panels.isEmpty())
+        fillPanel(m_strategy.panels.constFirst(), grid, this);
+    m_state.reset(initialValues(m_strategy));
+    showState();
 }
 
-void ParameterForm::setPriceDecimals(int decimals)
+void ParameterForm::fillPanel(const StrategyPanel& panel, QGridLayout* grid, QWidget* owner)
 {
-    for (Row& row : m_rows) {
-        const StrategyParameter* const declared = m_strategy.parameter(row.parameter.name);
-        if (declared && declared->type == ParameterType::Price && declared->precision < 0)
-            row.parameter.precision = decimals;
-    }
+    if (panel.direction == LayoutDirection::Horizontal)
+        fillHorizontally(panel, grid, owner);
+    else
+        fillVertically(panel, grid, owner);
 }
 
-void ParameterForm::setValues(const QMap<QString, QString>& values)
+void ParameterForm::fillVertically(const StrategyPanel& panel, QGridLayout* grid, QWidget* owner)
 {
-    for (const Row& row : qAsConst(m_rows)) {
-        if (values.contains(row.parameter.name))
-            row.setValue(values.value(row.parameter.name));
-    }
+    for (const PanelItem& item : panel.items)
+        addItem(item, grid, owner);
 }
 
-QMap<QString, QString> ParameterForm::values() const
+/// Every part has columns of its own.
+void ParameterForm::fillHorizontally(const StrategyPanel& panel, QGridLayout* grid, QWidget* owner)
 {
-    QMap<QString, QString> result;
-    for (const StrategyParameter& parameter : m_strategy.parameters)
-        result.insert(parameter.name, parameter.constValue);
-    for (const Row& row : m_rows)
-        result.insert(row.parameter.name, row.value());
-    return result;
-}
-
-ParameterForm::Fault ParameterForm::check() const
-{
-    for (const Row& row : m_rows) {
-        if (Status status = check(row); !status)
-            return { status, row.parameter.name };
-    }
-    const QMap<QString, QString> entered = values();
-    for (const StrategyRule& rule : m_strategy.rules) {
-        if (!ParameterValue::holds(rule, m_strategy, entered))
-            return { { Error::RuleBroken, { rule.message } }, rule.field };
-    }
-    return {};
-}
-
-Status ParameterForm::check(const Row& row)
-{
-    const Status status = ParameterValue::check(row.parameter, row.value());
-    if (status)
-        return status;
-    const QString unit = unitOf(row.control, row.parameter);
-    if (unit.isEmpty() || !ParameterValue::isNumber(row.parameter.type))
-        return { Error::InvalidInput, { row.control.label }, status };
-    return { Error::InvalidInputInUnit, { row.control.label, unit }, status };
-}
-
-void ParameterForm::markFault(const QString& parameter)
-{
-    for (const Row& row : qAsConst(m_rows)) {
-        const bool faulty = row.parameter.name == parameter;
-        FieldMark::set(row.input, FieldMark::Faulty, faulty);
-        if (faulty)
-            row.input->setFocus(Qt::OtherFocusReason);
+    auto* const line = new QHBoxLayout;
+    grid->addLayout(line, grid->rowCount(), 0, 1, Columns);
+    for (const PanelItem& item : panel.items) {
+        auto* const part = new QWidget(owner);
+        auto* const inner = new QGridLayout(part);
+        inner->setContentsMargins(0, 0, 0, 0);
+        inner->setColumnStretch(1, 1);
+        line->addWidget(part, 1, Qt::AlignTop);
+        addItem(item, inner, part);
     }
 }
 
-QMap<QString, QString> ParameterForm::defaults(const StrategyDefinition& strategy)
+void ParameterForm::addItem(const PanelItem& item, QGridLayout* grid, QWidget* owner)
 {
-    QMap<QString, QString> result;
-    for (const StrategyControl& control : strategy.controls)
-        result.insert(control.parameter, control.initialValue);
-    return result;
+    if (item.isPanel)
+        addPanel(m_strategy.panels.at(item.index), grid, owner);
+    else
+        addControl(item.index, grid, owner);
 }
 
-void ParameterForm::addSection(const QString& title)
+void ParameterForm::addPanel(const StrategyPanel& panel, QGridLayout* grid, QWidget* owner)
 {
-    QLabel* const heading = PlainText::newLabel(title, this);
+    if (!panel.isCollapsible && !panel.hasBorder) {
+        addHeading(panel.title, grid, owner);
+        return fillPanel(panel, grid, owner);
+    }
+    auto* const box = new PanelBox(panel, owner);
+    grid->addWidget(box, grid->rowCount(), 0, 1, Columns);
+    fillPanel(panel, box->grid(), box->contents());
+}
+
+void ParameterForm::addHeading(const QString& title, QGridLayout* grid, QWidget* owner)
+{
+    if (title.isEmpty())
+        return;
+    QLabel* const heading = PlainText::newLabel(title, owner);
     QFont font = heading->font();
     font.setBold(true);
     heading->setFont(font);
-    m_grid->addWidget(heading, m_grid->rowCount(), 0, 1, Columns);
+    grid->addWidget(heading, grid->rowCount(), 0, 1, Columns);
 }
 
-void ParameterForm::addRow(const StrategyControl& control, const StrategyParameter& parameter)
+void ParameterForm::addControl(int control, QGridLayout* grid, QWidget* owner)
 {
-    Row row;
-    row.parameter = parameter;
-    row.control = control;
-    makeInput(row);
-    row.input->setObjectName(QStringLiteral("input_") + parameter.name);
-    row.input->setToolTip(PlainText::toolTip(control.tooltip));
-    row.input->setAccessibleName(control.label);
-    row.input->setAccessibleDescription(descriptionOf(control, parameter));
-    row.input->setMinimumWidth(qMax(InputWidth, row.input->minimumWidth()));
-    if (!row.lastFocus)
-        row.lastFocus = row.input;
-
-    QLabel* const label = PlainText::newLabel(control.label, this);
-    label->setBuddy(row.input);
-    const int line = m_grid->rowCount();
-    m_grid->addWidget(label, line, 0);
-    m_grid->addWidget(row.input, line, 1);
-    addRemarks(row, line);
-    m_rows.append(row);
+    const int index = m_inputs.size();
+    ControlInput input = ControlInputs::make(m_strategy, control, owner, [this, index] { takeInput(index); });
+    if (input.widget) {
+        describe(input);
+        addRow(input, grid, owner);
+    }
+    m_inputs.append(input);
 }
 
-void ParameterForm::addRemarks(const Row& row, int line)
+void ParameterForm::describe(const ControlInput& input) const
 {
-    QLabel* const unit = PlainText::newLabel(unitOf(row.control, row.parameter), this);
-    unit->setObjectName(QStringLiteral("unit_") + row.parameter.name);
-    m_grid->addWidget(unit, line, 2);
+    const StrategyControl& control = m_strategy.controls.at(input.control);
+    input.widget->setObjectName(QStringLiteral("input_") + objectNameOf(control));
+    input.widget->setToolTip(PlainText::toolTip(control.tooltip));
+    input.widget->setWhatsThis(PlainText::toolTip(control.helpText));
+    if (!input.isInput())
+        return;
+    input.widget->setAccessibleName(nameOf(control));
+    input.widget->setAccessibleDescription(descriptionOf(control, input.parameter));
+    input.widget->setMinimumWidth(qMax(InputWidth, input.widget->minimumWidth()));
+}
 
-    QLabel* const hint = PlainText::newLabel(hintOf(row.parameter), this);
-    hint->setObjectName(QStringLiteral("hint_") + row.parameter.name);
+void ParameterForm::addRow(ControlInput& input, QGridLayout* grid, QWidget* owner)
+{
+    const int line = grid->rowCount();
+    input.row.append(input.widget);
+    if (!input.isInput()) {
+        grid->addWidget(input.widget, line, 0, 1, Columns);
+        return;
+    }
+    QLabel* const label = PlainText::newLabel(m_strategy.controls.at(input.control).label, owner);
+    label->setBuddy(input.widget);
+    grid->addWidget(label, line, 0);
+    grid->addWidget(input.widget, line, 1);
+    input.row.append(label);
+    addRemarks(input, grid, owner);
+}
+
+void ParameterForm::addRemarks(ControlInput& input, QGridLayout* grid, QWidget* owner)
+{
+    const StrategyControl& control = m_strategy.controls.at(input.control);
+    const int line = grid->rowCount() - 1;
+    QLabel* const unit = PlainText::newLabel(unitOf(control, input.parameter), owner);
+    unit->setObjectName(QStringLiteral("unit_") + objectNameOf(control));
+    grid->addWidget(unit, line, 2);
+
+    QLabel* const hint = PlainText::newLabel(hintOf(input.parameter), owner);
+    hint->setObjectName(QStringLiteral("hint_") + objectNameOf(control));
     QPalette faint = hint->palette();
     QColor ink = faint.color(QPalette::WindowText);
     ink.setAlpha(HintStrength);
     faint.setColor(QPalette::WindowText, ink);
     hint->setPalette(faint);
-    m_grid->addWidget(hint, line, 3);
+    grid->addWidget(hint, line, 3);
+    input.row << unit << hint;
 }
 
-void ParameterForm::makeInput(Row& row)
+void ParameterForm::setSecurity(int lot, int decimals)
 {
-    switch (row.control.type) {
-    case ControlType::TextField:
-        return makeText(row);
-    case ControlType::SingleSpinner:
-    case ControlType::DoubleSpinner:
-    case ControlType::Clock:
-        return makeStepper(row);
-    case ControlType::DropDownList:
-        return makeDropDown(row);
-    case ControlType::RadioButtonList:
-        return makeRadioButtons(row);
-    case ControlType::CheckBox:
-        return makeCheckBox(row);
+    for (ControlInput& input : m_inputs) {
+        const StrategyParameter* const declared = m_strategy.parameter(input.parameter.name);
+        if (declared && declared->type == ParameterType::Price && declared->precision < 0)
+            input.parameter.precision = decimals;
+        if (input.setSteps)
+            input.setSteps(lot, decimals);
     }
 }
 
-void ParameterForm::makeText(Row& row)
+void ParameterForm::setOrderFields(const QMap<QString, QString>& fields)
 {
-    auto* const edit = new QLineEdit(this);
-    row.input = edit;
-    row.value = [edit, parameter = row.parameter] { return ParameterValue::entered(parameter, edit->text()); };
-    row.setValue = [edit, parameter = row.parameter](
-                       const QString& value) { edit->setText(ParameterValue::shown(parameter, value)); };
-}
-
-void ParameterForm::makeStepper(Row& row)
-{
-    auto* const stepper = new StepInput(row.control, row.parameter, this);
-    row.input = stepper;
-    row.value = [stepper, parameter = row.parameter] { return ParameterValue::entered(parameter, stepper->text()); };
-    row.setValue = [stepper, parameter = row.parameter](
-                       const QString& value) { stepper->setText(ParameterValue::shown(parameter, value)); };
-}
-
-void ParameterForm::makeDropDown(Row& row)
-{
-    auto* const box = new QComboBox(this);
-    if (!row.parameter.required)
-        box->addItem(QString(), QString());
-    for (const EnumeratedValue& item : qAsConst(row.control.items))
-        box->addItem(item.text, valueOf(row.parameter, item.id));
-    // The size hint does not include a skin's padding.
-    box->setMinimumWidth(qMax(InputWidth, box->sizeHint().width() + SkinPadding));
-    row.input = box;
-    row.value = [box] { return box->currentData().toString(); };
-    row.setValue = [box](const QString& value) { box->setCurrentIndex(box->findData(value)); };
-}
-
-void ParameterForm::makeRadioButtons(Row& row)
-{
-    row.input = new QWidget(this);
-    auto* const line = new QHBoxLayout(row.input);
-    line->setContentsMargins(0, 0, 0, 0);
-    auto* const group = new QButtonGroup(row.input);
-    QStringList offered;
-    for (const EnumeratedValue& item : qAsConst(row.control.items)) {
-        auto* const button = new QRadioButton(item.text, row.input);
-        button->setAccessibleDescription(row.control.label);
-        line->addWidget(button);
-        row.lastFocus = button;
-        group->addButton(button, offered.size());
-        offered.append(valueOf(row.parameter, item.id));
+    for (const ControlInput& input : qAsConst(m_inputs)) {
+        const StrategyControl& control = m_strategy.controls.at(input.control);
+        const QString text = fields.value(control.initFixField);
+        if (control.initFixField.isEmpty() || text.isEmpty() || m_state.value(input.control) != control.initialValue)
+            continue;
+        if (const Result<QString> value = ControlValue::read(control, &input.parameter, text))
+            m_state.enter(input.control, *value);
     }
-    if (!group->buttons().isEmpty())
-        row.input->setFocusProxy(group->buttons().constFirst());
-    row.value = [group, offered] { return offered.value(group->checkedId()); };
-    row.setValue = [group, offered](const QString& value) {
-        group->setExclusive(false);
-        const QList<QAbstractButton*> buttons = group->buttons();
-        for (QAbstractButton* const button : buttons)
-            button->setChecked(offered.value(group->id(button)) == value);
-        group->setExclusive(true);
-    };
+    showState();
 }
 
-void ParameterForm::makeCheckBox(Row& row)
+void ParameterForm::setValues(const QMap<QString, QString>& values)
 {
-    auto* const box = new QCheckBox(this);
-    row.input = box;
-    row.value = [box, yes = row.parameter.trueValue, no = row.parameter.falseValue] {
-        return box->isChecked() ? yes : no;
-    };
-    row.setValue = [box, yes = row.parameter.trueValue](const QString& value) { box->setChecked(value == yes); };
+    const auto isGiven = [&](const StrategyParameter& parameter) { return values.contains(parameter.name); };
+    const bool isPlan = std::all_of(m_strategy.parameters.cbegin(), m_strategy.parameters.cend(), isGiven);
+    if (isPlan) {
+        m_state.load(values);
+        return showState();
+    }
+    for (const ControlInput& input : qAsConst(m_inputs)) {
+        if (!input.parameter.name.isEmpty() && isGiven(input.parameter))
+            m_state.enter(input.control,
+                ControlValue::ofParameter(
+                    m_strategy.controls.at(input.control), input.parameter, values.value(input.parameter.name)));
+    }
+    showState();
+}
+
+void ParameterForm::takeInput(int input)
+{
+    if (m_isShowing)
+        return;
+    ControlInput& own = m_inputs[input];
+    own.shown = own.value();
+    m_state.enter(own.control, own.shown);
+    showState();
+}
+
+/// Touches only what has changed.
+void ParameterForm::showState()
+{
+    const QScopedValueRollback<bool> rollback(m_isShowing, true);
+    for (ControlInput& input : m_inputs) {
+        if (!input.widget)
+            continue;
+        const QString value = m_state.value(input.control);
+        if (input.shown != value) {
+            input.setValue(value);
+            input.shown = value;
+        }
+        if (input.widget->isEnabled() != m_state.isEnabled(input.control))
+            input.widget->setEnabled(m_state.isEnabled(input.control));
+        if (input.widget->isHidden() == m_state.isVisible(input.control))
+            setVisibleRow(input, m_state.isVisible(input.control));
+    }
+}
+
+ParameterForm::Fault ParameterForm::check() const
+{
+    const QMap<QString, QString> entered = values();
+    for (const ControlInput& input : m_inputs) {
+        if (input.parameter.name.isEmpty())
+            continue;
+        if (Status status = check(input, entered.value(input.parameter.name)); !status)
+            return { status, input.parameter.name };
+    }
+    if (const StrategyRule* const rule = StrategyRules::firstBroken(m_strategy, entered))
+        return { { Error::RuleBroken, { rule->message } }, StrategyRules::firstParameter(m_strategy, *rule) };
+    return {};
+}
+
+Status ParameterForm::check(const ControlInput& input, const QString& value) const
+{
+    const Status status = ParameterValue::check(input.parameter, value);
+    if (status)
+        return status;
+    const StrategyControl& control = m_strategy.controls.at(input.control);
+    const QString unit = unitOf(control, input.parameter);
+    if (unit.isEmpty() || !ParameterTypes::isNumber(input.parameter.type))
+        return { Error::InvalidInput, { nameOf(control) }, status };
+    return { Error::InvalidInputInUnit, { nameOf(control), unit }, status };
+}
+
+QWidget* ParameterForm::lastInput() const
+{
+    const auto last =
+        std::find_if(m_inputs.crbegin(), m_inputs.crend(), [](const ControlInput& input) { return input.isInput(); });
+    return last == m_inputs.crend() ? nullptr : last->lastFocus;
+}
+
+void ParameterForm::markFault(const QString& parameter)
+{
+    for (const ControlInput& input : qAsConst(m_inputs)) {
+        if (!input.isInput())
+            continue;
+        const bool faulty = !parameter.isEmpty() && input.parameter.name == parameter;
+        FieldMark::set(input.widget, FieldMark::Faulty, faulty);
+        if (!faulty)
+            continue;
+        for (QWidget* owner = input.widget->parentWidget(); owner && owner != this; owner = owner->parentWidget()) {
+            if (auto* const box = qobject_cast<PanelBox*>(owner))
+                box->expand();
+        }
+        input.widget->setFocus(Qt::OtherFocusReason);
+    }
 }

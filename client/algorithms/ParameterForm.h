@@ -1,15 +1,17 @@
 #pragma once
 
+#include "ControlInput.h"
+#include "PanelState.h"
 #include "Status.h"
-#include "StrategyDefinition.h"
 
-#include <QGridLayout>
 #include <QMap>
+#include <QVector>
 #include <QWidget>
 
-#include <functional>
+class QGridLayout;
 
-/// The inputs of one strategy, one row per parameter: label, input, unit, range.
+/// The panel of one strategy: its controls in their panels, one row per control: label, input, unit, range. State rules
+/// are settled after every change.
 class ParameterForm : public QWidget {
     Q_OBJECT
 
@@ -25,45 +27,41 @@ public:
     QString strategyName() const { return m_strategy.name; }
     StrategyDefinition strategy() const { return m_strategy; }
 
-    /// Sets the decimals of prices for which the strategy's file has none.
-    void setPriceDecimals(int decimals);
+    /// Sets lot and decimals of the price of the security: decimals of prices for which the strategy's file has none,
+    /// and steps that depend on the security.
+    void setSecurity(int lot, int decimals);
+    /// Sets the fields of the order with which controls start, by their names "FIX_...". Inputs that were changed stay.
+    void setOrderFields(const QMap<QString, QString>& fields);
 
-    /// Shows values; inputs without a value in the map do not change.
+    /// Shows values; inputs without a value in the map do not change. A map with all parameters is that of a plan.
     void setValues(const QMap<QString, QString>& values);
     /// The entered values by parameter, including constants; empty texts for empty inputs.
-    QMap<QString, QString> values() const;
-    /// Checks the inputs in the order of the rows, then the strategy's rules.
+    QMap<QString, QString> values() const { return m_state.parameters(); }
+    /// Checks the parameters in the order of the controls, then the strategy's rules.
     [[nodiscard]] Fault check() const;
     /// The last input in tab order; null if there is none.
-    QWidget* lastInput() const { return m_rows.isEmpty() ? nullptr : m_rows.constLast().lastFocus; }
+    QWidget* lastInput() const;
     /// Marks the input of a parameter as invalid and gives it the focus; an empty name removes the mark.
     void markFault(const QString& parameter);
 
-    /// The defaults of the strategy's file.
-    static QMap<QString, QString> defaults(const StrategyDefinition& strategy);
-
 private:
-    struct Row {
-        StrategyParameter parameter;
-        StrategyControl control;
-        QWidget* input = nullptr;
-        QWidget* lastFocus = nullptr; ///< the input itself unless it consists of several widgets
-        std::function<QString()> value;
-        std::function<void(const QString&)> setValue;
-    };
+    void fillPanel(const StrategyPanel& panel, QGridLayout* grid, QWidget* owner);
+    void fillVertically(const StrategyPanel& panel, QGridLayout* grid, QWidget* owner);
+    void fillHorizontally(const StrategyPanel& panel, QGridLayout* grid, QWidget* owner);
+    void addItem(const PanelItem& item, QGridLayout* grid, QWidget* owner);
+    void addPanel(const StrategyPanel& panel, QGridLayout* grid, QWidget* owner);
+    void addHeading(const QString& title, QGridLayout* grid, QWidget* owner);
+    void addControl(int control, QGridLayout* grid, QWidget* owner);
+    void addRow(ControlInput& input, QGridLayout* grid, QWidget* owner);
+    void addRemarks(ControlInput& input, QGridLayout* grid, QWidget* owner);
+    void describe(const ControlInput& input) const;
 
-    static Status check(const Row& row);
-    void addSection(const QString& title);
-    void addRow(const StrategyControl& control, const StrategyParameter& parameter);
-    void addRemarks(const Row& row, int line);
-    void makeInput(Row& row);
-    void makeText(Row& row);
-    void makeStepper(Row& row);
-    void makeDropDown(Row& row);
-    void makeRadioButtons(Row& row);
-    void makeCheckBox(Row& row);
+    Status check(const ControlInput& input, const QString& value) const;
+    void takeInput(int input);
+    void showState();
 
     StrategyDefinition m_strategy;
-    QGridLayout* m_grid = nullptr;
-    QList<Row> m_rows;
+    PanelState m_state;
+    QVector<ControlInput> m_inputs;
+    bool m_isShowing = false; ///< inputs change because they show the state
 };

@@ -8,6 +8,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 namespace {
@@ -28,6 +29,7 @@ StepInput::StepInput(const StrategyControl& control, const StrategyParameter& pa
 {
     setFocusPolicy(Qt::StrongFocus);
     lineEdit()->setMaxLength(MaxText);
+    connect(lineEdit(), &QLineEdit::textChanged, this, &StepInput::textChanged);
 }
 
 void StepInput::setText(const QString& text)
@@ -37,7 +39,7 @@ void StepInput::setText(const QString& text)
 
 void StepInput::stepBy(int steps)
 {
-    if (m_parameter.type == ParameterType::LocalTime)
+    if (m_control.type == ControlType::Clock)
         stepTime(steps);
     else
         stepNumber(steps);
@@ -65,16 +67,35 @@ void StepInput::wheelEvent(QWheelEvent* event)
         event->ignore();
 }
 
+void StepInput::setSecurity(int lot, int decimals)
+{
+    m_lot = lot;
+    m_decimals = decimals;
+}
+
+double StepInput::step(bool isLarge) const
+{
+    const StepPolicy policy = isLarge ? m_control.outerStepPolicy : m_control.stepPolicy;
+    if (policy == StepPolicy::LotSize && m_lot > 0)
+        return m_lot;
+    if (policy == StepPolicy::Tick && m_decimals >= 0)
+        return std::pow(10.0, -m_decimals);
+    const QString given = isLarge ? m_control.outerIncrement : m_control.increment;
+    if (!given.isEmpty())
+        return given.toDouble();
+    return m_parameter.type == ParameterType::Percentage ? 0.01 : 1.0;
+}
+
 void StepInput::stepNumber(int steps)
 {
-    const bool percent = m_parameter.type == ParameterType::Percentage;
-    const double single = m_control.increment.isEmpty() ? (percent ? 0.01 : 1.0) : m_control.increment.toDouble();
-    const bool page = std::abs(steps) >= PageSteps && !m_control.outerIncrement.isEmpty();
-    const int pages = steps / PageSteps;
-    const double change = page ? pages * m_control.outerIncrement.toDouble() : steps * single;
+    const bool hasLargeStep = !m_control.outerIncrement.isEmpty() || m_control.outerStepPolicy != StepPolicy::Fixed;
+    const bool page = std::abs(steps) >= PageSteps && hasLargeStep;
+    const double change = page ? steps / PageSteps * step(true) : steps * step(false);
 
     const QString now = ParameterValue::entered(m_parameter, text());
     double value = (ParameterValue::isDecimal(now) ? now.toDouble() : 0.0) + change;
+    if (m_parameter.isNonNegative)
+        value = std::max(value, 0.0);
     if (!m_parameter.minValue.isEmpty())
         value = std::max(value, m_parameter.minValue.toDouble());
     if (!m_parameter.maxValue.isEmpty())

@@ -13,18 +13,26 @@ public:
     StepInput(const StrategyControl& control, const StrategyParameter& parameter, QWidget* parent);
 
     void setText(const QString& text);
+    /// Sets the lot and the decimals of the price of the security, for steps that depend on it; 0 if unknown.
+    void setSecurity(int lot, int decimals);
 
     void stepBy(int steps) override;
     QValidator::State validate(QString& input, int& pos) const override;
+
+Q_SIGNALS:
+    void textChanged();
 
 protected:
     StepEnabled stepEnabled() const override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    double step(bool isLarge) const;
     void stepNumber(int steps);
     void stepTime(int steps);
 
     StrategyControl m_control;
     StrategyParameter m_parameter;
+    int m_lot = 0;
+    int m_decimals = -1;
 };

@@ -179,6 +179,7 @@ enum class Error {
     ExtraArgument,        ///< the argument
     NoFolder,
     OptionWithoutValue, ///< name of the option
+    NoStrategyFolder,   ///< path
     UnknownSkin,        ///< the name, the names that there are
     UnknownLanguage,    ///< the code, the codes that there are
     MalformedDay,       ///< the text
@@ -218,15 +219,19 @@ enum class Error {
     FileTooLarge, ///< largest number of bytes
     FileIncomplete,
     InvalidXml,
-    NotUtf8,
+    UnknownEncoding,   ///< encoding
+    InvalidEncoding,   ///< encoding
     TooManyAttributes, ///< largest number
+    TooManyElements,   ///< largest number
+    ElementsTooDeep,   ///< largest number of levels
     WrongRoot,         ///< element
     NoStrategy,
     DtdNotAllowed,
-    EntityNotAllowed,
-    ProcessingInstruction, ///< its target
-    TextBetweenElements,   ///< text
-    NamespaceBelowRoot,
+    // --- Why a strategy of a file is refused
+    TextBetweenElements, ///< element, text
+    TextTooLong,         ///< element, largest number of characters
+    TooMany,             ///< element, largest number
+    TooManyConditions,
     UnsupportedElement,        ///< element
     UnsupportedAttribute,      ///< element, attribute
     MissingAttribute,          ///< element, attribute
@@ -234,41 +239,30 @@ enum class Error {
     AttributeTooLong,          ///< attribute, largest number of characters
     AttributeNotInteger,       ///< attribute, value, smallest, largest integer
     AttributeNotBoolean,       ///< attribute, value
-    AttributeNotIdentifier,    ///< attribute, value
-    UnsupportedAttributeValue, ///< attribute, value, the only one
-    InvalidUse,                ///< value
+    AttributeNotName,          ///< attribute, value
+    UnsupportedAttributeValue, ///< attribute, value, the possible ones
     EqualBooleanValues,
-    TypeOfOtherNamespace,     ///< type, namespace
     UnsupportedParameterType, ///< type
-    TimeWithDate,
-    UnsupportedControlType, ///< type
-    UnsupportedOperator,    ///< operator
-    ElementInDescription,   ///< element
-    DescriptionTooLong,     ///< largest number of characters
-    TooManyStrategies,      ///< largest number
-    TooManyParameters,      ///< largest number
-    TooManyEnumPairs,       ///< largest number
-    TooManyControls,        ///< largest number
-    TooManyListItems,       ///< largest number
-    TooManyRules,           ///< largest number
-    PanelsTooDeep,          ///< largest number of levels
-    DuplicateStrategy,      ///< strategy
-    SecondLayout,           ///< strategy
+    UnsupportedControlType,   ///< type
+    UnknownTimeZone,          ///< time zone
+    DuplicateStrategy,        ///< strategy
+    SecondLayout,             ///< strategy
     NoPanel,
-    SecondPanel,
-    ControlsBesidePanels,
-    BooleanWithEnumPairs,
-    RuleWithoutComparison,
-    SecondComparison,
+    RuleWithoutComparison, ///< element
+    SecondComparison,      ///< element
+    EditWithTwoOperators,
+    EditWithoutOperator,
+    EditWithoutOperands,
+    EditFieldOfCombination, ///< attribute
     ComparisonWithoutOperand,
-    // --- Strategies
+    ComparisonWithTwoOperands,
+    UnknownEdit,               ///< id
+    DuplicateEdit,             ///< id
+    EditCycle,                 ///< id
     DuplicateParameter,        ///< parameter
-    ParameterWithoutControl,   ///< parameter
     InvalidParameterAttribute, ///< parameter, attribute, value; cause
-    LimitsOfOtherType,         ///< parameter
     LimitsReversed,            ///< parameter
     DuplicateEnumId,           ///< parameter, id
-    DuplicateWireValue,        ///< parameter, value
     DuplicateControl,          ///< control
     SecondControl,             ///< parameter
     ControlWithoutParameter,   ///< control, parameter
@@ -276,12 +270,43 @@ enum class Error {
     ControlOfOtherType,        ///< control, parameter
     ListItemsOfOtherType,      ///< control
     DuplicateListItem,         ///< control, id
-    ListItemsDiffer,           ///< control, parameter
+    UnknownEnumId,             ///< control, id, parameter
     InvalidStep,               ///< control, step
     InvalidDefault,            ///< control, value; cause
     RuleWithoutParameter,      ///< parameter
-    InvalidRuleValue,          ///< parameter, value; cause
+    RuleWithoutControl,        ///< control
+    InvalidRuleValue,          ///< parameter or control, value; cause
     RuleOfOtherTypes,          ///< both parameters
+    InvalidStateValue,         ///< control, value; cause
+    StateRuleCycle,            ///< control
+    // --- Why a strategy of a file is not offered
+    ParameterWithDate,       ///< parameter, type
+    ParameterOfData,         ///< parameter
+    ParameterOfPlan,         ///< parameter, FIX tag
+    ParameterWithoutControl, ///< parameter
+    InvertedWithoutValues,   ///< parameter
+    OtherMessage,            ///< message type
+    SeveralOrders,           ///< attribute
+    RepeatingGroup,
+    NotOfSeveral,
+    StrategyNameTaken, ///< strategy
+    // --- Harmless departures of a file from the standard
+    ProcessingInstruction, ///< its target
+    AttributeExpected,     ///< element, attribute
+    ElementExpected,       ///< element, child
+    AttributeIgnored,      ///< type, attribute
+    NameNotStandard,       ///< attribute, value
+    ValueTakenAs,          ///< attribute, value, meaning
+    TypeNotStandard,       ///< type
+    SpaceNotStandard,      ///< element
+    OrderNotStandard,      ///< element, the one before
+    ControlsBesidePanels,
+    SecondPanel,
+    DuplicateWireValue,  ///< parameter, value
+    ParameterNeverSent,  ///< parameter
+    ParameterWithoutTag, ///< parameter
+    RuleSkipped,         ///< field
+    StateRuleWithoutEffect,
     // --- Values of strategy parameters; each sentence is the second half of one
     ValueMissing,
     ValueNotConstant, ///< constant
@@ -295,7 +320,9 @@ enum class Error {
     ValueNotTime,
     ValueNotPrintable,
     ValueNotCharacter,
-    ValueTooLong, ///< largest number of characters
+    ValueTooLong,  ///< largest number of characters
+    ValueTooShort, ///< smallest number of characters
+    ValueMalformed,
     // --- Choice and parameters of a strategy
     UnknownStrategy,
     StrategyNotDefined, ///< strategy

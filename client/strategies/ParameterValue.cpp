@@ -1,5 +1,8 @@
 #include "ParameterValue.h"
 
+#include "MarketTime.h"
+#include "ParameterTypes.h"
+
 #include <QLocale>
 #include <QRegularExpression>
 #include <QTime>
@@ -8,7 +11,6 @@
 
 namespace {
 
-const QString StoredTime = QStringLiteral("HH:mm:ss");
 constexpr int PercentPlaces = 2;
 
 int decimals(const QString& number)
@@ -17,45 +19,39 @@ int decimals(const QString& number)
     return point < 0 ? 0 : number.size() - point - 1;
 }
 
-bool isTime(const QString& text)
-{
-    return text.size() == StoredTime.size() && QLocale::c().toTime(text, StoredTime).isValid();
-}
-
 QString enteredTime(const QString& text)
 {
     static const QStringList forms{ QStringLiteral("H:m:s"), QStringLiteral("H:m") };
     for (const QString& form : forms) {
         const QTime time = QLocale::c().toTime(text, form);
         if (time.isValid())
-            return QLocale::c().toString(time, StoredTime);
+            return MarketTime::toText(time);
     }
     return text;
 }
 
 int compare(const StrategyParameter& parameter, const QString& left, const QString& right)
 {
-    if (!ParameterValue::isNumber(parameter.type))
+    if (!ParameterTypes::isNumber(parameter.type))
         return left.compare(right);
     const double difference = left.toDouble() - right.toDouble();
     return difference < 0 ? -1 : (difference > 0 ? 1 : 0);
 }
 
-bool isBelowRange(const StrategyParameter& parameter, const QString& value)
+/// The lower limit of the file, otherwise that of the type.
+QString lowest(const StrategyParameter& parameter)
 {
-    return !parameter.minValue.isEmpty() && compare(parameter, value, parameter.minValue) < 0;
-}
-
-bool isAboveRange(const StrategyParameter& parameter, const QString& value)
-{
-    return !parameter.maxValue.isEmpty() && compare(parameter, value, parameter.maxValue) > 0;
+    return parameter.isNonNegative && parameter.minValue.isEmpty() ? QStringLiteral("0") : parameter.minValue;
 }
 
 Status checkRange(const StrategyParameter& parameter, const QString& value)
 {
-    if (!isBelowRange(parameter, value) && !isAboveRange(parameter, value))
+    const QString smallest = lowest(parameter);
+    const bool isBelow = !smallest.isEmpty() && compare(parameter, value, smallest) < 0;
+    const bool isAbove = !parameter.maxValue.isEmpty() && compare(parameter, value, parameter.maxValue) > 0;
+    if (!isBelow && !isAbove)
         return {};
-    const QString low = ParameterValue::shown(parameter, parameter.minValue);
+    const QString low = ParameterValue::shown(parameter, smallest);
     const QString high = ParameterValue::shown(parameter, parameter.maxValue);
     if (high.isEmpty())
         return { Error::ValueTooSmall, { low } };
@@ -69,7 +65,7 @@ Status checkNumber(const StrategyParameter& parameter, const QString& value)
     if (!ParameterValue::isDecimal(value))
         return Error::ValueNotNumber;
     const bool whole =
-        parameter.type == ParameterType::Int || (parameter.type == ParameterType::Qty && parameter.precision <= 0);
+        ParameterTypes::isWhole(parameter.type) || (parameter.type == ParameterType::Qty && parameter.precision <= 0);
     const int found = decimals(ParameterValue::shiftPoint(value, 0));
     if (whole && found > 0)
         return Error::ValueNotInteger;
@@ -80,34 +76,42 @@ Status checkNumber(const StrategyParameter& parameter, const QString& value)
     return { Error::ValueTooFine, { QString::number(std::max(shownPlaces, 0)) } };
 }
 
-Status checkTime(const StrategyParameter& parameter, const QString& value)
+/// The form of a text, if its type prescribes one.
+QString formOf(ParameterType type)
 {
-    if (!isTime(value))
-        return Error::ValueNotTime;
-    return checkRange(parameter, value);
+    switch (type) {
+    case ParameterType::Country:
+        return QStringLiteral("[A-Za-z0-9]{2}");
+    case ParameterType::Currency:
+        return QStringLiteral("[A-Za-z0-9]{3}");
+    case ParameterType::Language:
+        return QStringLiteral("[A-Za-z]{1,8}(-[A-Za-z0-9]{1,8})*");
+    case ParameterType::Tenor:
+        return QStringLiteral("[DMWY][1-9][0-9]*");
+    case ParameterType::MonthYear:
+        return QStringLiteral("[0-9]{4}(0[1-9]|1[0-2])([0-3][0-9]|[wW][1-5])?");
+    case ParameterType::LocalDate:
+    case ParameterType::UtcDate:
+        return QStringLiteral("[0-9]{4}-?(0[1-9]|1[0-2])-?(0[1-9]|[12][0-9]|3[01])");
+    default:
+        return {};
+    }
 }
 
 Status checkText(const StrategyParameter& parameter, const QString& value)
 {
-    if (std::any_of(value.cbegin(), value.cend(), [](QChar letter) { return !letter.isPrint(); }))
+    if (std::any_of(value.cbegin(), value.cend(), [](QChar sign) { return !sign.isPrint() && !sign.isSurrogate(); }))
         return Error::ValueNotPrintable;
     if (parameter.type == ParameterType::Char && value.size() != 1)
         return Error::ValueNotCharacter;
     if (value.size() > parameter.maxLength)
         return { Error::ValueTooLong, { QString::number(parameter.maxLength) } };
-    return {};
-}
-
-Status checkType(const StrategyParameter& parameter, const QString& value)
-{
-    if (ParameterValue::isNumber(parameter.type))
-        return checkNumber(parameter, value);
-    if (parameter.type == ParameterType::LocalTime)
-        return checkTime(parameter, value);
-    if (parameter.type != ParameterType::Boolean)
-        return checkText(parameter, value);
-    const bool known = value == parameter.trueValue || value == parameter.falseValue;
-    return known ? Status() : Error::ValueNotListed;
+    if (value.size() < parameter.minLength)
+        return { Error::ValueTooShort, { QString::number(parameter.minLength) } };
+    const QString form = formOf(parameter.type);
+    const bool fits =
+        form.isEmpty() || QRegularExpression(QRegularExpression::anchoredPattern(form)).match(value).hasMatch();
+    return fits ? Status() : Error::ValueMalformed;
 }
 
 bool isListed(const StrategyParameter& parameter, const QString& value)
@@ -116,23 +120,34 @@ bool isListed(const StrategyParameter& parameter, const QString& value)
         [&](const EnumeratedValue& candidate) { return candidate.text == value; });
 }
 
-bool isTrue(RuleOperator comparison, int order)
+Status checkList(const StrategyParameter& parameter, const QString& value)
 {
-    switch (comparison) {
-    case RuleOperator::Less:
-        return order < 0;
-    case RuleOperator::LessOrEqual:
-        return order <= 0;
-    case RuleOperator::Greater:
-        return order > 0;
-    case RuleOperator::GreaterOrEqual:
-        return order >= 0;
-    case RuleOperator::Equal:
-        return order == 0;
-    case RuleOperator::NotEqual:
-        return order != 0;
+    const QStringList parts = value.split(QLatin1Char(' '));
+    for (const QString& part : parts) {
+        if (!parameter.values.isEmpty() && !parameter.acceptsOthers && !isListed(parameter, part))
+            return Error::ValueNotListed;
+        if (parameter.type == ParameterType::MultipleChar && part.size() != 1)
+            return Error::ValueNotCharacter;
     }
-    return false;
+    return checkText(parameter, value);
+}
+
+Status checkType(const StrategyParameter& parameter, const QString& value)
+{
+    if (ParameterTypes::isNumber(parameter.type))
+        return checkNumber(parameter, value);
+    if (ParameterTypes::isTime(parameter.type))
+        return MarketTime::isStored(value) ? checkRange(parameter, value) : Error::ValueNotTime;
+    if (parameter.type != ParameterType::Boolean || !parameter.values.isEmpty())
+        return checkText(parameter, value);
+    const bool known = value == parameter.trueValue || value == parameter.falseValue;
+    return known ? Status() : Error::ValueNotListed;
+}
+
+/// A yes or no of which one is sent as nothing.
+bool mayBeEmpty(const StrategyParameter& parameter)
+{
+    return !parameter.required || parameter.trueValue == NullValue || parameter.falseValue == NullValue;
 }
 
 } // namespace
@@ -144,10 +159,31 @@ bool ParameterValue::isDecimal(const QString& text)
     return form.match(text).hasMatch();
 }
 
-bool ParameterValue::isNumber(ParameterType type)
+std::optional<QString> ParameterValue::decimalOf(const QString& text)
 {
-    return type == ParameterType::Int || type == ParameterType::Float || type == ParameterType::Qty
-        || type == ParameterType::Price || type == ParameterType::Amount || type == ParameterType::Percentage;
+    static const QRegularExpression form(QRegularExpression::anchoredPattern(
+        QStringLiteral("([+-]?)([0-9]{0,15})(?:\\.([0-9]{0,20}))?(?:[eE]([+-]?[0-9]{1,2}))?")));
+    const QRegularExpressionMatch match = form.match(text.trimmed());
+    const QString whole = match.captured(2);
+    const QString fraction = match.captured(3);
+    if (!match.hasMatch() || (whole + fraction).isEmpty())
+        return std::nullopt;
+    const QString sign = match.captured(1) == QLatin1String("-") ? match.captured(1) : QString();
+    const QString plain = sign + (whole.isEmpty() ? QStringLiteral("0") : whole) + QLatin1Char('.') + fraction;
+    const QString number = shiftPoint(plain, match.captured(4).toInt());
+    return isDecimal(number) ? std::optional(number) : std::nullopt;
+}
+
+QString ParameterValue::rounded(const QString& number, int places)
+{
+    if (places < 0 || decimals(shiftPoint(number, 0)) <= places)
+        return number;
+    const QString digits = shiftPoint(number, places);
+    const int point = digits.indexOf(QLatin1Char('.'));
+    const bool isUp = digits.at(point + 1) >= QLatin1Char('5');
+    const qlonglong whole =
+        digits.left(point).toLongLong() + (isUp ? (number.startsWith(QLatin1Char('-')) ? -1 : 1) : 0);
+    return shiftPoint(QString::number(whole), -places);
 }
 
 QString ParameterValue::shiftPoint(const QString& text, int places)
@@ -183,9 +219,9 @@ QString ParameterValue::shown(const StrategyParameter& parameter, const QString&
 QString ParameterValue::entered(const StrategyParameter& parameter, const QString& text)
 {
     QString value = text.trimmed();
-    if (parameter.type == ParameterType::LocalTime)
+    if (ParameterTypes::isTime(parameter.type))
         return enteredTime(value);
-    if (!isNumber(parameter.type) || !isDecimal(value))
+    if (!ParameterTypes::isNumber(parameter.type) || !isDecimal(value))
         return value;
     return shiftPoint(value, parameter.type == ParameterType::Percentage ? -PercentPlaces : 0);
 }
@@ -195,9 +231,11 @@ Status ParameterValue::check(const StrategyParameter& parameter, const QString& 
     if (!parameter.constValue.isEmpty())
         return value == parameter.constValue ? Status() : Status(Error::ValueNotConstant, { parameter.constValue });
     if (value.isEmpty())
-        return parameter.required ? Error::ValueMissing : Status();
-    if (!parameter.values.isEmpty() && !isListed(parameter, value))
-        return Error::ValueNotListed;
+        return mayBeEmpty(parameter) ? Status() : Error::ValueMissing;
+    if (ParameterTypes::isList(parameter.type) || parameter.holdsSeveral)
+        return checkList(parameter, value);
+    if (!parameter.values.isEmpty() && !parameter.acceptsOthers)
+        return isListed(parameter, value) ? Status() : Error::ValueNotListed;
     return checkType(parameter, value);
 }
 
@@ -212,15 +250,4 @@ QString ParameterValue::rangeHint(const StrategyParameter& parameter)
     if (low.isEmpty())
         return QStringLiteral("不大于 %1").arg(high);
     return QStringLiteral("%1 ～ %2").arg(low, high);
-}
-
-bool ParameterValue::holds(
-    const StrategyRule& rule, const StrategyDefinition& strategy, const QMap<QString, QString>& values)
-{
-    const StrategyParameter* const parameter = strategy.parameter(rule.field);
-    const QString left = values.value(rule.field);
-    const QString right = rule.otherField.isEmpty() ? rule.value : values.value(rule.otherField);
-    if (!parameter || left.isEmpty() || right.isEmpty())
-        return true;
-    return isTrue(rule.comparison, compare(*parameter, left, right));
 }

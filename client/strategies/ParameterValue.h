@@ -3,7 +3,7 @@
 #include "Status.h"
 #include "StrategyDefinition.h"
 
-#include <QMap>
+#include <optional>
 
 /// Converts and checks values of strategy parameters. Stored values are those of `StrategyParameter`; percentages are
 /// shown times 100, everything else as stored.
@@ -12,8 +12,11 @@ namespace ParameterValue {
 /// True for decimal numbers with at most 15 digits before and 10 after the point, without exponent or spaces.
 bool isDecimal(const QString& text);
 
-/// True for numeric types.
-bool isNumber(ParameterType type);
+/// The decimal number that a file writes, possibly with a plus sign, an exponent, or nothing on a side of the point.
+std::optional<QString> decimalOf(const QString& text);
+
+/// A decimal number with at most `places` decimals; unchanged if `places` is negative.
+QString rounded(const QString& number, int places);
 
 /// A decimal number with its point moved to the right (to the left if `places` is negative), without superfluous zeros.
 /// `text` must be a decimal.
@@ -31,8 +34,5 @@ Status check(const StrategyParameter& parameter, const QString& value);
 
 /// The range as shown to the trader ("1 ～ 50"); empty if there is none.
 QString rangeHint(const StrategyParameter& parameter);
-
-/// True unless both sides of the rule have a value and their relation does not hold.
-bool holds(const StrategyRule& rule, const StrategyDefinition& strategy, const QMap<QString, QString>& values);
 
 } // namespace ParameterValue

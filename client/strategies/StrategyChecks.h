@@ -1,21 +1,15 @@
 #pragma once
 
-#include "Status.h"
 #include "StrategyDefinition.h"
+#include "StrategyRemarks.h"
 
-/// Checks of a strategy that concern more than one element. Each returns the first error with its line of the file.
+/// Checks of a strategy that concern more than one element.
 namespace StrategyChecks {
 
-/// Checks limits, constant and enumerated values of a parameter.
-Status checkParameter(const StrategyParameter& parameter);
+/// Checks the parameters, connects the controls with them and converts the controls' defaults.
+void prepare(StrategyDefinition& strategy, StrategyRemarks& remarks);
 
-/// Checks that the control has a parameter and fits it: kind, entries, default and steps.
-Status checkControl(const StrategyControl& control, const StrategyDefinition& strategy);
-
-/// Checks the whole strategy, including its parameters and controls.
-Status check(const StrategyDefinition& strategy);
-
-/// `error` with its line of the file.
-Status errorAt(qint64 line, const Status& error);
+/// Checks what every plan needs: a way to fill in each parameter and to send it.
+void check(const StrategyDefinition& strategy, StrategyRemarks& remarks);
 
 } // namespace StrategyChecks

@@ -1,22 +1,22 @@
 #pragma once
 
-#include "Status.h"
-#include "StrategyDefinition.h"
+#include "StrategyReader.h"
 
 #include <QIODevice>
 #include <QString>
+#include <QVector>
 
-/// Reads strategies from FIXatdl 1.1 files: the subset that docs/strategy-files.md describes. Nothing is skipped:
-/// anything outside the subset fails with the line on which the element's start tag ends.
-namespace StrategyFile {
+/// What a strategy file contains, as far as it could be read.
+struct StrategyFile {
+    QString name;
+    /// Why nothing of the file was read; success if the strategies were read or refused one by one.
+    Status failure;
+    /// Departures from the standard outside the strategies, with their lines.
+    QVector<Status> warnings;
+    QVector<ReadStrategy> strategies;
 
-/// Largest size of a file in bytes.
-constexpr qint64 MaxSize = 1048576;
-
-/// Reads a file; the path may be that of a resource.
-Result<QList<StrategyDefinition>> read(const QString& path);
-
-/// Reads an open device; `name` is the file's name in messages.
-Result<QList<StrategyDefinition>> read(QIODevice& device, const QString& name);
-
-} // namespace StrategyFile
+    /// Reads a FIXatdl 1.1 file; the path may be that of a resource. Nothing that the file links to is read.
+    static StrategyFile read(const QString& path);
+    /// Reads an open device; `name` is the file's name in messages.
+    static StrategyFile read(QIODevice& device, const QString& name);
+};

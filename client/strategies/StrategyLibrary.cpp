@@ -1,9 +1,9 @@
 #include "StrategyLibrary.h"
 
 #include "ErrorText.h"
-#include "StrategyFile.h"
 
 #include <QDebug>
+#include <QFileInfo>
 
 namespace {
 
@@ -27,11 +27,13 @@ StrategyLibrary::StrategyLibrary()
 {
     const QStringList paths = builtInFiles();
     for (const QString& path : paths)
-        addFile(path);
+        addBuiltIn(path);
+    m_builtIn = m_strategies.size();
 }
 
 QStringList StrategyLibrary::names() const
 {
+    const QReadLocker locker(&m_lock);
     QStringList result;
     for (const StrategyDefinition& strategy : m_strategies)
         result.append(strategy.name);
@@ -40,6 +42,7 @@ QStringList StrategyLibrary::names() const
 
 QList<AesStrategy> StrategyLibrary::strategies() const
 {
+    const QReadLocker locker(&m_lock);
     QList<AesStrategy> result;
     for (const StrategyDefinition& strategy : m_strategies)
         result.append(summary(strategy));
@@ -48,11 +51,20 @@ QList<AesStrategy> StrategyLibrary::strategies() const
 
 StrategyDefinition StrategyLibrary::strategy(const QString& name) const
 {
-    for (const StrategyDefinition& candidate : m_strategies) {
-        if (candidate.name == name)
-            return candidate;
+    const QReadLocker locker(&m_lock);
+    const auto position = m_positions.constFind(name);
+    return position == m_positions.cend() ? StrategyDefinition() : m_strategies.at(*position);
+}
+
+QStringList StrategyLibrary::namesNotFor(const TradedSecurity& security) const
+{
+    const QReadLocker locker(&m_lock);
+    QStringList result;
+    for (const StrategyDefinition& strategy : m_strategies) {
+        if (!strategy.scope.contains(security))
+            result.append(strategy.name);
     }
-    return {};
+    return result;
 }
 
 AesStrategy StrategyLibrary::summary(const StrategyDefinition& strategy)
@@ -60,11 +72,42 @@ AesStrategy StrategyLibrary::summary(const StrategyDefinition& strategy)
     return { strategy.name, strategy.alias, strategy.provider, strategy.version };
 }
 
-void StrategyLibrary::addFile(const QString& path)
+QString StrategyLibrary::keyOf(const StrategyDefinition& strategy, const StrategyFile& file)
 {
-    const Result<QList<StrategyDefinition>> strategies = StrategyFile::read(path);
-    if (strategies)
-        m_strategies += *strategies;
-    else
-        qWarning().noquote() << "StrategyLibrary::addFile" << errorText(strategies.status());
+    const QString owner = strategy.provider.isEmpty() ? QFileInfo(file.name).completeBaseName() : strategy.provider;
+    return strategy.name + QLatin1Char('@') + owner;
+}
+
+void StrategyLibrary::setFiles(QVector<StrategyFile>& files)
+{
+    const QWriteLocker locker(&m_lock);
+    while (m_strategies.size() > m_builtIn)
+        m_positions.remove(m_strategies.takeLast().name);
+    for (StrategyFile& file : files) {
+        for (ReadStrategy& strategy : file.strategies) {
+            if (!strategy.isUsable())
+                continue;
+            StrategyDefinition definition = strategy.definition;
+            definition.name = keyOf(strategy.definition, file);
+            if (m_positions.contains(definition.name)) {
+                strategy.remarks.hinder(definition.line, { Error::StrategyNameTaken, { definition.name } });
+                continue;
+            }
+            m_positions.insert(definition.name, m_strategies.size());
+            m_strategies.append(definition);
+        }
+    }
+}
+
+void StrategyLibrary::addBuiltIn(const QString& path)
+{
+    const StrategyFile file = StrategyFile::read(path);
+    if (!file.failure)
+        qWarning().noquote() << "StrategyLibrary::addBuiltIn" << errorText(file.failure);
+    for (const ReadStrategy& strategy : file.strategies) {
+        if (!strategy.isUsable())
+            qWarning().noquote() << "StrategyLibrary::addBuiltIn" << errorText(strategy.remarks.refusal);
+        m_positions.insert(strategy.definition.name, m_strategies.size());
+        m_strategies.append(strategy.definition);
+    }
 }

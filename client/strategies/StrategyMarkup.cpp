@@ -1,7 +1,7 @@
 #include "StrategyMarkup.h"
 
-#include "StrategyChecks.h"
 #include "StrategyDefinition.h"
+#include "StrategyRemarks.h"
 
 #include <algorithm>
 
@@ -67,13 +67,10 @@ private:
 // The parser compares every attribute of an element with all others, so their number is checked before.
 Status StrategyMarkup::check(const QByteArray& text)
 {
-    // Encodings with wider characters, in which tags look different.
-    if (text.contains('\0'))
-        return Error::NotUtf8;
     Scanner scanner(text);
     while (scanner.findMarkup()) {
         if (scanner.readMarkup() > StrategyLimits::MaxAttributes)
-            return StrategyChecks::errorAt(
+            return StrategyRemarks::inLine(
                 scanner.line(), { Error::TooManyAttributes, { QString::number(StrategyLimits::MaxAttributes) } });
     }
     return {};

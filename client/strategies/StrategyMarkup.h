@@ -7,7 +7,7 @@
 /// Checks of the text of a strategy file before it is parsed.
 namespace StrategyMarkup {
 
-/// Fails, with the line, if an element has too many attributes, and if the text is not UTF-8.
+/// Fails, with the line, if an element has too many attributes. `text` is UTF-8.
 Status check(const QByteArray& text);
 
 } // namespace StrategyMarkup

@@ -1,312 +1,208 @@
 #include "StrategyReader.h"
 
-#include "ParameterValue.h"
+#include "ElementReader.h"
+#include "PanelReader.h"
+#include "ParameterReader.h"
+#include "ScopeReader.h"
+#include "StateRuleReader.h"
+#include "StrategyChecks.h"
 
-#include <optional>
-
-using namespace StrategyVocabulary;
+#include <QSet>
 
 namespace {
 
 constexpr int MaxTag = 99999999;
-constexpr int MaxPrecision = 10;
+const QString SingleOrder = QStringLiteral("D");
+/// The children of a strategy in the order of the standard.
+const QStringList Order{ QStringLiteral("Description"), QStringLiteral("Regions"), QStringLiteral("Markets"),
+    QStringLiteral("SecurityTypes"), QStringLiteral("Parameter"), QStringLiteral("Edit"),
+    QStringLiteral("StrategyLayout"), QStringLiteral("RepeatingGroup"), QStringLiteral("StrategyEdit") };
 
-const QMap<QString, ParameterType>& parameterTypes()
-{
-    static const QMap<QString, ParameterType> types{
-        { QStringLiteral("Int_t"), ParameterType::Int },
-        { QStringLiteral("Float_t"), ParameterType::Float },
-        { QStringLiteral("Qty_t"), ParameterType::Qty },
-        { QStringLiteral("Price_t"), ParameterType::Price },
-        { QStringLiteral("Amt_t"), ParameterType::Amount },
-        { QStringLiteral("Percentage_t"), ParameterType::Percentage },
-        { QStringLiteral("Boolean_t"), ParameterType::Boolean },
-        { QStringLiteral("String_t"), ParameterType::String },
-        { QStringLiteral("Char_t"), ParameterType::Char },
-        { QStringLiteral("LocalMktTime_t"), ParameterType::LocalTime },
-    };
-    return types;
-}
-
-const QMap<QString, RuleOperator>& ruleOperators()
-{
-    static const QMap<QString, RuleOperator> operators{
-        { QStringLiteral("LT"), RuleOperator::Less },
-        { QStringLiteral("LE"), RuleOperator::LessOrEqual },
-        { QStringLiteral("GT"), RuleOperator::Greater },
-        { QStringLiteral("GE"), RuleOperator::GreaterOrEqual },
-        { QStringLiteral("EQ"), RuleOperator::Equal },
-        { QStringLiteral("NE"), RuleOperator::NotEqual },
-    };
-    return operators;
-}
-
-/// A default is written in the control's terms: an enumID, "true" or "false", otherwise the value.
-std::optional<QString> defaultValue(const StrategyControl& control, const StrategyParameter& parameter)
-{
-    if (control.initialValue.isEmpty())
-        return QString();
-    if (control.type == ControlType::CheckBox) {
-        if (control.initialValue == QLatin1String("true"))
-            return parameter.trueValue;
-        return control.initialValue == QLatin1String("false") ? std::optional(parameter.falseValue) : std::nullopt;
+class Reader {
+public:
+    Reader(const StrategyElement& element, const SharedParts& shared)
+        : m_element(element)
+        , m_edits(shared.edits)
+    {
+        m_strategy.identifierTag = shared.identifierTag;
+        m_strategy.versionTag = shared.versionTag;
+        m_strategy.sendsParameterGroup = shared.sendsParameterGroup;
     }
-    if (control.type != ControlType::DropDownList && control.type != ControlType::RadioButtonList)
-        return control.initialValue;
-    for (const EnumeratedValue& value : parameter.values) {
-        if (value.id == control.initialValue)
-            return value.text;
+
+    ReadStrategy read()
+    {
+        readAttributes();
+        ElementContents::refuseText(m_element, m_remarks);
+        ElementContents::checkPlaces(m_element, Order, m_remarks);
+        for (const StrategyElement& child : m_element.children)
+            readDeclaration(child);
+        checkNumbers();
+        // Conditions refer to parameters and controls that may come later.
+        if (m_remarks.refusal)
+            StrategyChecks::prepare(m_strategy, m_remarks);
+        if (m_remarks.refusal)
+            readRules();
+        if (m_remarks.refusal)
+            StrategyChecks::check(m_strategy, m_remarks);
+        return { m_strategy, m_remarks };
     }
-    return std::nullopt;
-}
+
+private:
+    void readAttributes()
+    {
+        ElementReader reader(m_element, m_remarks);
+        m_strategy.line = m_element.line;
+        m_strategy.name = reader.name("name");
+        const QString alias = reader.text("uiRep").simplified();
+        m_strategy.alias = alias.isEmpty() ? m_strategy.name : alias;
+        m_strategy.version = reader.expected("version");
+        const QString wireValue = reader.expected("wireValue");
+        m_strategy.wireValue = wireValue.isEmpty() ? m_strategy.name : wireValue;
+        m_strategy.provider = reader.text("providerID").simplified();
+        reader.text("providerSubID");
+        // Links are not fetched.
+        for (const char* const link : { "imageLocation", "disclosureDoc", "sentOrderLink" })
+            reader.text(link);
+        for (const char* const tag : { "commonIDTag", "orderSequenceTag", "totalOrdersTag" })
+            reader.number(tag, 0, MaxTag, 0);
+        const QString message = reader.text("fixMsgType");
+        if (!message.isEmpty() && message != SingleOrder)
+            reader.hinder({ Error::OtherMessage, { message.left(64) } });
+        for (const char* const count : { "totalLegs", "totalOrders" }) {
+            if (reader.number(count, 0, MaxTag, 1) > 1)
+                reader.hinder({ Error::SeveralOrders, { QLatin1String(count) } });
+        }
+        reader.finish();
+    }
+
+    void readDeclaration(const StrategyElement& child)
+    {
+        if (child.name == QLatin1String("Description"))
+            m_strategy.description = ElementContents::textOf(child, m_remarks);
+        else if (child.name == QLatin1String("Parameter"))
+            m_strategy.parameters.append(ParameterReader::read(child, m_remarks));
+        else if (child.name == QLatin1String("StrategyLayout"))
+            readLayout(child);
+        else if (child.name == QLatin1String("Edit"))
+            readNamedEdit(child);
+        else if (child.name == QLatin1String("RepeatingGroup"))
+            readGroup(child);
+        else if (child.name != QLatin1String("StrategyEdit") && !ScopeReader::read(child, m_strategy.scope, m_remarks))
+            ElementContents::refuseChild(child, m_remarks);
+    }
+
+    void readLayout(const StrategyElement& layout)
+    {
+        if (!m_strategy.panels.isEmpty())
+            return m_remarks.refuse(layout.line, { Error::SecondLayout, { m_strategy.name } });
+        PanelReader::read(layout, m_strategy, m_remarks);
+    }
+
+    void readNamedEdit(const StrategyElement& edit)
+    {
+        ElementReader reader(edit, m_remarks);
+        const QString id = reader.expected("id");
+        if (id.isEmpty())
+            return;
+        if (m_ownEdits.contains(id))
+            reader.refuse({ Error::DuplicateEdit, { id.left(64) } });
+        m_ownEdits.insert(id);
+        m_edits.insert(id, &edit);
+    }
+
+    // A plan has one security, so it has no legs to fill in.
+    void readGroup(const StrategyElement& group)
+    {
+        ElementReader reader(group, m_remarks);
+        reader.text("name");
+        reader.number("fixTag", 1, MaxTag, 0);
+        reader.expected("minSize");
+        reader.number("minSize", 0, MaxTag, 0);
+        reader.number("maxSize", 0, MaxTag, 0);
+        reader.finish();
+        reader.hinder(Error::RepeatingGroup);
+        for (const StrategyElement& child : group.children) {
+            if (child.name == QLatin1String("Parameter"))
+                m_strategy.parameters.append(ParameterReader::read(child, m_remarks));
+            else if (child.name == QLatin1String("Description"))
+                ElementContents::textOf(child, m_remarks);
+            else
+                ElementContents::refuseChild(child, m_remarks);
+        }
+    }
+
+    void checkNumbers()
+    {
+        const auto check = [this](int count, const char* name) {
+            if (count > StrategyLimits::MaxParts)
+                m_remarks.refuse(m_element.line,
+                    { Error::TooMany, { QLatin1String(name), QString::number(StrategyLimits::MaxParts) } });
+        };
+        check(m_strategy.parameters.size(), "Parameter");
+        check(m_strategy.controls.size(), "Control");
+    }
+
+    void readRules()
+    {
+        EditReader edits(m_edits, m_strategy, m_remarks);
+        for (const StrategyElement& child : m_element.children) {
+            if (child.name == QLatin1String("StrategyEdit"))
+                readRule(child, edits);
+            else if (child.name == QLatin1String("StrategyLayout"))
+                readStateRules(child, edits);
+            else if (child.name == QLatin1String("Edit"))
+                ElementContents::refuseText(child, m_remarks);
+        }
+        int rules = m_strategy.rules.size();
+        for (const StrategyControl& control : qAsConst(m_strategy.controls))
+            rules += control.stateRules.size();
+        if (qint64(rules) * m_strategy.edits.size() > StrategyLimits::MaxConditions)
+            m_remarks.refuse(m_element.line, Error::TooManyConditions);
+        if (m_remarks.refusal)
+            StateRuleReader::order(m_strategy, m_remarks);
+    }
+
+    void readRule(const StrategyElement& element, EditReader& edits)
+    {
+        ElementReader reader(element, m_remarks);
+        StrategyRule rule;
+        rule.line = element.line;
+        // The text of the standard has another name for it than its schema.
+        if (reader.has("errorMsg") && !reader.has("errorMessage")) {
+            rule.message = reader.required("errorMsg");
+            reader.warn({ Error::ValueTakenAs,
+                { QStringLiteral("errorMsg"), rule.message.left(64), QStringLiteral("errorMessage") } });
+        } else {
+            rule.message = reader.required("errorMessage");
+        }
+        reader.finish();
+        rule.edit = edits.readRule(element, EditReader::Parameters);
+        if (rule.edit >= 0)
+            m_strategy.rules.append(rule);
+    }
+
+    /// Controls are met in the order in which they were read.
+    void readStateRules(const StrategyElement& element, EditReader& edits)
+    {
+        for (const StrategyElement& child : element.children) {
+            if (child.name == QLatin1String("Control"))
+                StateRuleReader::read(child, m_control++, edits, m_strategy, m_remarks);
+            else if (child.name == QLatin1String("StrategyPanel"))
+                readStateRules(child, edits);
+        }
+    }
+
+    const StrategyElement& m_element;
+    QHash<QString, const StrategyElement*> m_edits;
+    QSet<QString> m_ownEdits;
+    StrategyDefinition m_strategy;
+    StrategyRemarks m_remarks;
+    int m_control = 0;
+};
 
 } // namespace
 
-StrategyReader::StrategyReader(const QByteArray& bytes, const QString& name)
-    : m_xml(bytes)
-    , m_name(name)
+ReadStrategy StrategyReader::read(const StrategyElement& element, const SharedParts& shared)
 {
-}
-
-Result<QList<StrategyDefinition>> StrategyReader::read()
-{
-    readRoot();
-    while (!m_xml.atEnd()) {
-        m_xml.readNext();
-        refuseOther();
-    }
-    if (m_status && m_xml.hasError())
-        m_status = StrategyChecks::errorAt(m_xml.lineNumber(), parserError());
-    if (!m_status)
-        return Status(Error::StrategyFileRefused, { m_name }, m_status);
-    return m_strategies;
-}
-
-void StrategyReader::readRoot()
-{
-    while (!m_xml.atEnd() && m_xml.readNext() != QXmlStreamReader::StartElement) {
-        if (m_xml.isStartDocument())
-            checkEncoding();
-        refuseOther();
-    }
-    if (m_xml.hasError())
-        return;
-    if (elementKey() != QLatin1String("Strategies"))
-        return fail({ Error::WrongRoot, { m_xml.qualifiedName().toString() } });
-    readNamespaces();
-    readStrategies();
-}
-
-void StrategyReader::checkEncoding()
-{
-    const auto encoding = m_xml.documentEncoding();
-    if (!encoding.isEmpty() && encoding.compare(QLatin1String("UTF-8"), Qt::CaseInsensitive) != 0)
-        fail(Error::NotUtf8);
-}
-
-void StrategyReader::readNamespaces()
-{
-    const QXmlStreamNamespaceDeclarations declarations = m_xml.namespaceDeclarations();
-    for (const QXmlStreamNamespaceDeclaration& declaration : declarations)
-        m_prefixes.insert(declaration.prefix().toString(), declaration.namespaceUri().toString());
-}
-
-void StrategyReader::readStrategies()
-{
-    static const QStringList known{ QStringLiteral("strategyIdentifierTag"), QStringLiteral("versionIdentifierTag"),
-        QStringLiteral("tag957Support"), QStringLiteral("xsi:schemaLocation") };
-    const QXmlStreamAttributes found = attributes(known);
-    number(found, known.at(0), 1, MaxTag, 0);
-    number(found, known.at(1), 1, MaxTag, 0);
-    flag(found, known.at(2), false);
-
-    QString description;
-    readChildren({ { QStringLiteral("Description"), [&] { readDescription(description); } },
-        { QStringLiteral("Strategy"), [this] { readStrategy(); } } });
-    if (!m_xml.hasError() && m_strategies.isEmpty())
-        fail(Error::NoStrategy);
-}
-
-void StrategyReader::readStrategy()
-{
-    const QXmlStreamAttributes found =
-        attributes({ QStringLiteral("name"), QStringLiteral("uiRep"), QStringLiteral("version"),
-                       QStringLiteral("providerID"), QStringLiteral("wireValue"), QStringLiteral("fixMsgType") },
-            { QStringLiteral("name") });
-    StrategyDefinition strategy;
-    strategy.line = m_xml.lineNumber();
-    strategy.name = identifier(found, QStringLiteral("name"));
-    strategy.alias = found.value(QLatin1String("uiRep")).toString();
-    strategy.version = found.value(QLatin1String("version")).toString();
-    strategy.provider = found.value(QLatin1String("providerID")).toString();
-    strategy.wireValue = found.value(QLatin1String("wireValue")).toString();
-    requireValue(found, QStringLiteral("fixMsgType"), QStringLiteral("D"));
-    if (strategy.alias.isEmpty())
-        strategy.alias = strategy.name;
-    if (strategy.wireValue.isEmpty())
-        strategy.wireValue = strategy.name;
-
-    int layouts = 0;
-    readChildren({ { QStringLiteral("Description"), [&] { readDescription(strategy.description); } },
-        { QStringLiteral("Parameter"), [&] { readParameter(strategy); } },
-        { QStringLiteral("val:StrategyEdit"), [&] { readRule(strategy); } },
-        { QStringLiteral("lay:StrategyLayout"), [&] {
-             if (++layouts > 1)
-                 return fail({ Error::SecondLayout, { strategy.name } });
-             readLayout(strategy);
-         } } });
-    finishStrategy(strategy);
-}
-
-void StrategyReader::finishStrategy(StrategyDefinition& strategy)
-{
-    if (m_xml.hasError() || !hasRoom(m_strategies, Error::TooManyStrategies))
-        return;
-    if (m_strategyNames.contains(strategy.name))
-        return fail({ Error::DuplicateStrategy, { strategy.name } }, strategy.line);
-    // Controls may precede their parameters, so their defaults are converted last.
-    for (StrategyControl& control : strategy.controls) {
-        const StrategyParameter* const parameter = strategy.parameter(control.parameter);
-        const std::optional<QString> value = parameter ? defaultValue(control, *parameter) : QString();
-        if (!value)
-            return fail(
-                { Error::InvalidDefault, { control.id, control.initialValue }, Error::ValueNotListed }, control.line);
-        if (parameter)
-            control.initialValue = *value;
-    }
-    if (Status status = StrategyChecks::check(strategy); !status)
-        return stop(status);
-    m_strategyNames.insert(strategy.name);
-    m_strategies.append(strategy);
-}
-
-void StrategyReader::readDescription(QString& description)
-{
-    attributes({});
-    while (!m_xml.atEnd() && m_xml.readNext() != QXmlStreamReader::EndElement) {
-        if (m_xml.isStartElement())
-            return fail({ Error::ElementInDescription, { m_xml.qualifiedName().toString() } });
-        if (m_xml.isCharacters())
-            description += m_xml.text();
-        else
-            refuseOther();
-        if (description.size() > StrategyLimits::MaxText)
-            return fail({ Error::DescriptionTooLong, { QString::number(StrategyLimits::MaxText) } });
-    }
-    description = description.simplified();
-}
-
-void StrategyReader::readParameter(StrategyDefinition& strategy)
-{
-    const QXmlStreamAttributes found =
-        attributes({ QStringLiteral("name"), QStringLiteral("xsi:type"), QStringLiteral("fixTag"),
-                       QStringLiteral("use"), QStringLiteral("minValue"), QStringLiteral("maxValue"),
-                       QStringLiteral("constValue"), QStringLiteral("precision"), QStringLiteral("maxLength"),
-                       QStringLiteral("trueWireValue"), QStringLiteral("falseWireValue") },
-            { QStringLiteral("name"), QStringLiteral("xsi:type") });
-    if (m_xml.hasError() || !hasRoom(strategy.parameters, Error::TooManyParameters))
-        return;
-
-    StrategyParameter parameter;
-    parameter.line = m_xml.lineNumber();
-    parameter.name = identifier(found, QStringLiteral("name"));
-    readParameterKind(parameter, found);
-    parameter.fixTag = number(found, QStringLiteral("fixTag"), 1, MaxTag, 0);
-    parameter.minValue = found.value(QLatin1String("minValue")).toString();
-    parameter.maxValue = found.value(QLatin1String("maxValue")).toString();
-    parameter.constValue = found.value(QLatin1String("constValue")).toString();
-
-    QString description;
-    readChildren({ { QStringLiteral("Description"), [&] { readDescription(description); } },
-        { QStringLiteral("EnumPair"), [&] { readEnumPair(parameter); } } });
-    strategy.parameters.append(parameter);
-}
-
-void StrategyReader::readParameterKind(StrategyParameter& parameter, const QXmlStreamAttributes& attributes)
-{
-    const QString type = typeName(attributes, Core);
-    if (type == QLatin1String("UTCTimestamp_t"))
-        return fail(Error::TimeWithDate);
-    if (!parameterTypes().contains(type))
-        return fail({ Error::UnsupportedParameterType, { type } });
-    parameter.type = parameterTypes().value(type);
-
-    const QString use = attributes.value(QLatin1String("use")).toString();
-    parameter.required = use == QLatin1String("required");
-    if (!use.isEmpty() && !parameter.required && use != QLatin1String("optional"))
-        return fail({ Error::InvalidUse, { use } });
-
-    const bool decimal = ParameterValue::isNumber(parameter.type) && parameter.type != ParameterType::Int;
-    const bool boolean = parameter.type == ParameterType::Boolean;
-    refuseForeign(attributes, type, decimal, { QStringLiteral("precision") });
-    refuseForeign(attributes, type, parameter.type == ParameterType::String, { QStringLiteral("maxLength") });
-    refuseForeign(attributes, type, boolean, { QStringLiteral("trueWireValue"), QStringLiteral("falseWireValue") });
-    readParameterText(parameter, attributes);
-}
-
-void StrategyReader::readParameterText(StrategyParameter& parameter, const QXmlStreamAttributes& attributes)
-{
-    parameter.precision = number(attributes, QStringLiteral("precision"), 0, MaxPrecision, parameter.precision);
-    parameter.maxLength =
-        number(attributes, QStringLiteral("maxLength"), 1, StrategyLimits::MaxText, parameter.maxLength);
-    const QString yes = attributes.value(QLatin1String("trueWireValue")).toString();
-    const QString no = attributes.value(QLatin1String("falseWireValue")).toString();
-    parameter.trueValue = yes.isEmpty() ? parameter.trueValue : yes;
-    parameter.falseValue = no.isEmpty() ? parameter.falseValue : no;
-    if (parameter.trueValue == parameter.falseValue)
-        fail(Error::EqualBooleanValues);
-}
-
-void StrategyReader::readEnumPair(StrategyParameter& parameter)
-{
-    const QStringList both{ QStringLiteral("enumID"), QStringLiteral("wireValue") };
-    const QXmlStreamAttributes found = attributes(both, both);
-    if (parameter.type == ParameterType::Boolean)
-        return fail(Error::BooleanWithEnumPairs);
-    if (m_xml.hasError() || !hasRoom(parameter.values, Error::TooManyEnumPairs))
-        return;
-    parameter.values.append({ identifier(found, both.at(0)), found.value(both.at(1)).toString() });
-    readChildren({});
-}
-
-void StrategyReader::readRule(StrategyDefinition& strategy)
-{
-    const QXmlStreamAttributes found =
-        attributes({ QStringLiteral("errorMessage") }, { QStringLiteral("errorMessage") });
-    if (m_xml.hasError() || !hasRoom(strategy.rules, Error::TooManyRules))
-        return;
-    StrategyRule rule;
-    rule.line = m_xml.lineNumber();
-    rule.message = found.value(QLatin1String("errorMessage")).toString();
-    int edits = 0;
-    readChildren({ { QStringLiteral("val:Edit"), [&] { readEdit(rule, edits); } } });
-    if (!m_xml.hasError() && edits == 0)
-        fail(Error::RuleWithoutComparison, rule.line);
-    strategy.rules.append(rule);
-}
-
-void StrategyReader::readEdit(StrategyRule& rule, int& edits)
-{
-    if (++edits > 1)
-        return fail(Error::SecondComparison);
-    const QXmlStreamAttributes found = attributes(
-        { QStringLiteral("field"), QStringLiteral("operator"), QStringLiteral("field2"), QStringLiteral("value") },
-        { QStringLiteral("field"), QStringLiteral("operator") });
-    if (m_xml.hasError())
-        return;
-    readComparison(rule, found);
-    readChildren({});
-}
-
-void StrategyReader::readComparison(StrategyRule& rule, const QXmlStreamAttributes& attributes)
-{
-    const QString comparison = attributes.value(QLatin1String("operator")).toString();
-    if (!ruleOperators().contains(comparison))
-        return fail({ Error::UnsupportedOperator, { comparison } });
-    rule.comparison = ruleOperators().value(comparison);
-    rule.field = attributes.value(QLatin1String("field")).toString();
-    rule.otherField = attributes.value(QLatin1String("field2")).toString();
-    rule.value = attributes.value(QLatin1String("value")).toString();
-    if (rule.otherField.isEmpty() == rule.value.isEmpty())
-        fail(Error::ComparisonWithoutOperand);
+    return Reader(element, shared).read();
 }

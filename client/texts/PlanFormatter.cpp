@@ -5,6 +5,7 @@
 #include "AutoPlanLogic.h"
 #include "CBusinessDataBase.h"
 #include "CDataBase.h"
+#include "ControlValue.h"
 #include "DecimalText.h"
 #include "ErrorText.h"
 #include "InstructionBusinessDataInterface.h"
@@ -16,6 +17,7 @@
 #include "OrloConstants.h"
 #include "Orlo_Fields.h"
 #include "Orlo_Values.h"
+#include "ParameterTypes.h"
 #include "ParameterValue.h"
 #include "PlanCodes.h"
 #include "PlanLife.h"
@@ -95,29 +97,33 @@ QString counted(const QString& number, const QString& unit)
     return isPlainNumber(number) ? QStringLiteral("%1 %2").arg(groupedText(number), unit) : number;
 }
 
-/// The id of an enumerated value, which its control uses for the text; empty if the value is not enumerated.
-QString idOf(const StrategyParameter& parameter, const QString& value)
+/// The texts of chosen entries; empty if the value is none of them.
+QString itemTexts(const StrategyControl& control, const StrategyParameter& parameter, const QString& value)
 {
-    for (const EnumeratedValue& known : parameter.values) {
-        if (known.text == value)
-            return known.id;
+    if (!control.choosesItems())
+        return {};
+    const QString id = ControlValue::ofParameter(control, parameter, value);
+    const QStringList ids = control.isMultiple() ? id.split(QLatin1Char(' ')) : QStringList{ id };
+    QStringList texts;
+    for (const EnumeratedValue& item : control.items) {
+        if (ids.contains(item.id))
+            texts.append(item.text);
     }
-    return QString();
+    return texts.join(QStringLiteral("、"));
 }
 
 QString parameterText(const StrategyControl& control, const StrategyParameter& parameter, const QString& value)
 {
-    if (parameter.type == ParameterType::Boolean)
-        return value == parameter.trueValue ? QStringLiteral("是") : QStringLiteral("否");
-    const QString id = idOf(parameter, value);
-    for (const EnumeratedValue& item : control.items) {
-        if (!id.isEmpty() && item.id == id)
-            return item.text;
-    }
+    if (control.isButton())
+        return ControlValue::ofParameter(control, parameter, value) == QLatin1String("true") ? QStringLiteral("是")
+                                                                                             : QStringLiteral("否");
+    const QString entries = itemTexts(control, parameter, value);
+    if (!entries.isEmpty())
+        return entries;
     const bool isShare = parameter.type == ParameterType::Percentage;
     const QString unit = isShare ? QStringLiteral("%") : control.unit;
     const QString shown = ParameterValue::shown(parameter, value);
-    if (ParameterValue::isNumber(parameter.type))
+    if (ParameterTypes::isNumber(parameter.type))
         return counted(shown, unit).trimmed();
     return QStringLiteral("%1 %2").arg(shown, unit).trimmed();
 }
@@ -128,8 +134,12 @@ QString strategyParameters(const StrategyDefinition& strategy, const QMap<QStrin
     for (const StrategyControl& control : strategy.controls) {
         const QString value = values.value(control.parameter).toString();
         const StrategyParameter* const parameter = strategy.parameter(control.parameter);
-        if (!value.isEmpty() && parameter)
-            lines << QStringLiteral("%1：%2").arg(control.label, parameterText(control, *parameter, value));
+        const QString label = control.label.isEmpty() ? control.parameter : control.label;
+        // Of the buttons of a group, the checked one says it.
+        const bool isOther = parameter && control.type == ControlType::RadioButton
+            && ControlValue::ofParameter(control, *parameter, value) != QLatin1String("true");
+        if (!value.isEmpty() && parameter && !isOther)
+            lines << QStringLiteral("%1：%2").arg(label, parameterText(control, *parameter, value));
     }
     return lines.join(QLatin1Char('\n'));
 }

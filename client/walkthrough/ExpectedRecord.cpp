@@ -4,13 +4,13 @@
 #include "Algo_Values.h"
 #include "AutoPlanField.h"
 #include "CDataBase.h"
+#include "ControlValue.h"
 #include "InstructionBusinessDataInterface.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
 #include "OrloConstants.h"
 #include "Orlo_Fields.h"
-#include "ParameterForm.h"
 #include "ParameterValue.h"
 #include "PlanCodes.h"
 #include "StrategyLibrary.h"
@@ -178,9 +178,9 @@ QMap<QString, QVariant> ExpectedRecord::algorithm() const
         { Content::OrderSide, buys ? Algo_Values::AlgoOrderSide::BuyValue : Algo_Values::AlgoOrderSide::SellValue },
         { Content::EntrustProp, orderProperty(m_form.entrustType) }, { Base::algoStrategyName, m_form.strategy } };
     const StrategyDefinition strategy = StrategyLibrary::instance().strategy(m_form.strategy);
-    const QMap<QString, QString> defaults = ParameterForm::defaults(strategy);
+    const QMap<QString, QString> defaults = ControlValue::defaults(strategy);
     for (const StrategyParameter& parameter : strategy.parameters) {
-        QString value = parameter.constValue.isEmpty() ? defaults.value(parameter.name) : parameter.constValue;
+        QString value = defaults.value(parameter.name);
         if (m_form.parameters.contains(parameter.name))
             value = ParameterValue::entered(parameter, m_form.parameters.value(parameter.name));
         if (!value.isEmpty())

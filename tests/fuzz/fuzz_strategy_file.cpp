@@ -2,7 +2,7 @@
 #include "FuzzTarget.h"
 #include "ParameterForm.h"
 #include "StrategyFile.h"
-#include "StrategyLibrary.h"
+#include "WireValue.h"
 
 #include <QApplication>
 #include <QBuffer>
@@ -21,20 +21,21 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<int>(size));
     QBuffer device(&bytes);
     device.open(QIODevice::ReadOnly);
-    const Result<QList<StrategyDefinition>> strategies = StrategyFile::read(device, QStringLiteral("input.xml"));
-    if (!strategies) {
-        FUZZ_REQUIRE(!errorText(strategies.status()).isEmpty());
-        return 0;
-    }
-    FUZZ_REQUIRE(!strategies->isEmpty() && strategies->size() <= StrategyLimits::MaxCount);
-    for (const StrategyDefinition& strategy : *strategies) {
-        FUZZ_REQUIRE(!strategy.name.isEmpty() && strategy.parameters.size() <= StrategyLimits::MaxCount);
-        StrategyLibrary::summary(strategy);
+    const StrategyFile file = StrategyFile::read(device, QStringLiteral("input.xml"));
+    FUZZ_REQUIRE(bool(file.failure) != file.strategies.isEmpty());
+    FUZZ_REQUIRE(file.failure || !errorText(file.failure).isEmpty());
+    for (const ReadStrategy& read : file.strategies) {
+        if (!read.isRead())
+            continue;
+        const StrategyDefinition& strategy = read.definition;
+        FUZZ_REQUIRE(!strategy.name.isEmpty() && strategy.parameters.size() <= StrategyLimits::MaxParts);
         ParameterForm form(strategy, nullptr);
-        form.setValues(ParameterForm::defaults(strategy));
         const ParameterForm::Fault fault = form.check();
-        FUZZ_REQUIRE(static_cast<bool>(fault.status) == fault.parameter.isEmpty());
+        FUZZ_REQUIRE(!fault.status || fault.parameter.isEmpty());
         FUZZ_REQUIRE(form.values().size() == strategy.parameters.size());
+        const QMap<QString, QString> values = form.values();
+        form.setValues(values);
+        WireValue::fields(strategy, values, QDate(2024, 5, 6));
     }
     return 0;
 }

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QTime>
+
+#include <optional>
+
+/// Times of the day in strategy files and in messages. The market is in China.
+namespace MarketTime {
+
+/// A time as it is written in a file.
+struct Written {
+    QTime time;
+    std::optional<int> offset; ///< seconds east of UTC, if it is written
+    bool isUsual = true;       ///< in the form of the standard
+};
+
+/// Reads "09:30:00" with or without fraction and offset, also "9:30".
+std::optional<Written> read(const QString& text);
+/// The stored form, "HH:mm:ss".
+QString toText(const QTime& time);
+/// True for times in the stored form.
+bool isStored(const QString& text);
+
+/// True if the time zone is known. An empty one is the market's.
+bool isZone(const QByteArray& zone);
+/// A time of today in another time zone.
+QTime convert(const QTime& time, const QByteArray& from, const QByteArray& to);
+/// A time of today in a time zone, at an offset from UTC.
+QTime convertOffset(const QTime& time, int offset, const QByteArray& to);
+/// The time now in a time zone.
+QTime now(const QByteArray& zone);
+
+} // namespace MarketTime

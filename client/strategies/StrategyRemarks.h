@@ -1,0 +1,39 @@
+#pragma once
+
+#include "Status.h"
+
+#include <QVector>
+
+/// What is to be said about a strategy of a file. Each remark has its line of the file.
+struct StrategyRemarks {
+    /// The first reason why the strategy cannot be read; success if it can.
+    Status refusal;
+    /// Why the strategy is not offered although it is valid.
+    QVector<Status> obstacles;
+    /// Departures from the standard that change nothing.
+    QVector<Status> warnings;
+
+    void refuse(qint64 line, const Status& error)
+    {
+        if (refusal)
+            refusal = inLine(line, error);
+    }
+    void hinder(qint64 line, const Status& error) { add(obstacles, line, error); }
+    void warn(qint64 line, const Status& error) { add(warnings, line, error); }
+
+    /// `error` with its line of the file.
+    static Status inLine(qint64 line, const Status& error)
+    {
+        return { Error::StrategyFileLine, { QString::number(line) }, error };
+    }
+
+private:
+    static constexpr int Most = 100;
+
+    static void add(QVector<Status>& list, qint64 line, const Status& error)
+    {
+        const Status remark = inLine(line, error);
+        if (list.size() < Most && !list.contains(remark))
+            list.append(remark);
+    }
+};
