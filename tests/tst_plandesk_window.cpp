@@ -107,11 +107,14 @@ private Q_SLOTS:
         row("an unknown language", "--language fr", "没有语言“fr”，可选：zh、en");
         row("a number in letters", "--securities many", "证券数量“many”不是正整数");
         row("a number below one", "--securities 0", "证券数量“0”不是正整数");
+        row("a folder of strategies that does not exist", "--strategies /no/such/folder",
+            "策略文件夹“/no/such/folder”不存在");
         row("a day that does not exist", "--issue-day 2024-02-30", "日期“2024-02-30”无效，格式为yyyy-MM-dd");
         row("a day in another format", "--issue-day 2024-5-6", "日期“2024-5-6”无效，格式为yyyy-MM-dd");
-        row("JSON without a command", "--json", "选项--json只用于admin list、history、--issue-preview");
+        row("JSON without a command", "--json",
+            "选项--json只用于admin list、check-strategies、history、--issue-preview");
         row("JSON of an issue", "--issue-day 2024-05-06 --json",
-            "选项--json只用于admin list、history、--issue-preview");
+            "选项--json只用于admin list、check-strategies、history、--issue-preview");
         row("a simulation of the window", "--simulate", "选项--simulate只用于--issue-day、--issue-preview");
         row("a preview with a command", "history AP00000001 --issue-preview", "命令history没有选项--issue-preview");
         row("JSON of another command", "backup a --json", "命令backup没有选项--json");
@@ -170,8 +173,9 @@ private Q_SLOTS:
     void theHelpNamesEveryOption()
     {
         const QString help = read(QStringLiteral("--help"))->help;
-        for (const char* name : { "user", "database", "skin", "language", "securities", "issue-day", "issue-preview",
-                 "simulate", "json", "sample", "review", "password-stdin", "generate-password", "help" })
+        for (const char* name :
+            { "user", "database", "skin", "language", "securities", "strategies", "issue-day", "issue-preview",
+                "simulate", "json", "sample", "review", "password-stdin", "generate-password", "help" })
             QVERIFY2(help.contains(QStringLiteral("--") + QLatin1String(name)), name);
         QVERIFY(help.startsWith(QStringLiteral("用法：")));
     }
@@ -180,8 +184,8 @@ private Q_SLOTS:
     {
         const QString help = read(QStringLiteral("--help"))->help;
         for (const char* name : { "admin add-account", "admin add-user", "admin grant", "admin init", "admin list",
-                 "admin migrate", "admin revoke", "admin set-chain", "admin set-limits", "backup", "history",
-                 "import-closures", "move-to" })
+                 "admin migrate", "admin revoke", "admin set-chain", "admin set-limits", "backup", "check-strategies",
+                 "history", "import-closures", "move-to" })
             QVERIFY2(help.contains(QLatin1Char(' ') + QLatin1String(name)), name);
     }
 

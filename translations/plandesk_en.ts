@@ -993,6 +993,10 @@
         <source>连接已恢复，%1</source>
         <translation>The connection is restored, %1</translation>
     </message>
+    <message>
+        <source>策略文件…</source>
+        <translation>Strategy files…</translation>
+    </message>
 </context>
 <context>
     <name>MessageBox</name>
@@ -1256,6 +1260,65 @@
     <message>
         <source>，其余已取消</source>
         <translation>, the rest was cancelled</translation>
+    </message>
+</context>
+<context>
+    <name>StrategySheet</name>
+    <message>
+        <source>原因</source>
+        <translation>Reason</translation>
+    </message>
+    <message>
+        <source>提示</source>
+        <translation>Note</translation>
+    </message>
+    <message>
+        <source>策略文件</source>
+        <translation>Strategy files</translation>
+    </message>
+    <message>
+        <source>名称</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>状态</source>
+        <translation>State</translation>
+    </message>
+    <message>
+        <source>说明</source>
+        <translation>Remarks</translation>
+    </message>
+    <message>
+        <source>选择文件夹…</source>
+        <translation>Choose folder…</translation>
+    </message>
+    <message>
+        <source>关闭</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>只用内置算法</source>
+        <translation>Built-in algorithms only</translation>
+    </message>
+    <message>
+        <source>没有选择策略文件夹，只有内置的算法。</source>
+        <translation>No folder of strategy files is chosen; only the built-in algorithms are offered.</translation>
+    </message>
+    <message>
+        <source>文件夹：%1</source>
+        <translation>Folder: %1</translation>
+    </message>
+    <message>
+        <source>已读取</source>
+        <translation>Read</translation>
+    </message>
+    <message>
+        <source>拒绝</source>
+        <translation>Refused</translation>
+    </message>
+    <message>
+        <source>选择策略文件夹</source>
+        <translation>Choose the folder of strategy files</translation>
     </message>
 </context>
 <context>

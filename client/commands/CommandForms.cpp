@@ -10,6 +10,8 @@ QMap<QString, CommandForm> ordinaryForms()
     const QString file = QStringLiteral("文件");
     return {
         { QStringLiteral("backup"), { file, 1, 1, { Database }, QStringLiteral("把数据库备份到新文件") } },
+        { checkStrategiesCommand(),
+            { QStringLiteral("文件..."), 1, -1, { Flag::Json }, QStringLiteral("检查FIXatdl策略文件") } },
         { QStringLiteral("history"),
             { QStringLiteral("计划编号"), 1, 1, { Database, Flag::Json, QStringLiteral("user") },
                 QStringLiteral("列出计划的历史") } },
@@ -58,6 +60,11 @@ const QMap<QString, CommandForm>& commandForms()
         return forms;
     }();
     return all;
+}
+
+QString checkStrategiesCommand()
+{
+    return QStringLiteral("check-strategies");
 }
 
 QString adminCommand()

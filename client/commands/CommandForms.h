@@ -33,6 +33,7 @@ struct Command {
 /// words, the first of which is `adminCommand`.
 const QMap<QString, CommandForm>& commandForms();
 QString adminCommand();
+QString checkStrategiesCommand();
 /// The second words.
 QStringList adminNames();
 /// The commands that have an option.

@@ -11,6 +11,7 @@
 #include "Options.h"
 #include "ServerLocation.h"
 #include "SessionStart.h"
+#include "StrategyCommand.h"
 
 #include <QFileInfo>
 #include <QJsonArray>
@@ -82,6 +83,9 @@ CommandFunction commandNamed(const QString& name)
 
 int runCommand(const Options& options)
 {
+    // Its report is the result, also of files that are refused.
+    if (options.command == checkStrategiesCommand())
+        return checkStrategies(options);
     const Result<QString> report = commandNamed(options.command)(options);
     if (!report) {
         printLine(stderr, QStringLiteral("plandesk: ") + oneLine(errorText(report.status())));

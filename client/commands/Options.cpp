@@ -8,6 +8,7 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QHash>
 #include <QLocale>
 #include <QTranslator>
@@ -43,7 +44,7 @@ public:
         m_parser.addOptions({ m_help, m_user, m_database, m_skin, m_language, m_securities });
         if (m_program == Program::Client) {
             m_parser.setApplicationDescription(QStringLiteral("交易计划客户端：新建、修改、复制自动交易计划。"));
-            m_parser.addOption(m_issueDay);
+            m_parser.addOptions({ m_issueDay, m_strategies });
             m_parser.addOptions(m_flags);
             m_parser.addPositionalArgument(QStringLiteral("命令"), commandsText(), QStringLiteral("[命令 参数]"));
         } else {
@@ -166,6 +167,8 @@ private:
         const int securities = m_parser.value(m_securities).toInt(&isNumber);
         if (m_parser.isSet(m_securities) && (!isNumber || securities <= 0))
             return { Error::NotPositiveWhole, { QStringLiteral("证券数量"), m_parser.value(m_securities) } };
+        if (!strategies().isEmpty() && !QFileInfo(strategies()).isDir())
+            return { Error::NoStrategyFolder, { strategies() } };
         if (isIssueDaySet() && !issueDay().isValid())
             return { Error::MalformedDay, { m_parser.value(m_issueDay) } };
         return {};
@@ -177,6 +180,7 @@ private:
         options.database = m_parser.value(m_database);
         options.skin = m_parser.isSet(m_skin) ? m_parser.value(m_skin) : skinNames().constFirst();
         options.language = m_parser.isSet(m_language) ? m_parser.value(m_language) : languageCodes().constFirst();
+        options.strategies = strategies();
         options.securities = m_parser.value(m_securities).toInt();
         const QStringList arguments = m_parser.positionalArguments();
         if (m_program == Program::Client) {
@@ -202,6 +206,8 @@ private:
     // Qt warns about queries for options that the program does not have.
     bool isIssueDaySet() const { return m_program == Program::Client && m_parser.isSet(m_issueDay); }
 
+    QString strategies() const { return m_program == Program::Client ? m_parser.value(m_strategies) : QString(); }
+
     QDate issueDay() const
     {
         return QLocale::c().toDate(m_parser.value(m_issueDay), OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
@@ -221,13 +227,15 @@ private:
         QStringLiteral("表单的语言：zh（默认）或en；客户端的数据和部分文字仍为中文。"), QStringLiteral("语言") };
     const QCommandLineOption m_securities{ QStringLiteral("securities"),
         QStringLiteral("新建数据库时示例证券的数量，例如100000。"), QStringLiteral("数量") };
+    const QCommandLineOption m_strategies{ QStringLiteral("strategies"),
+        QStringLiteral("FIXatdl策略文件（*.xml）所在的文件夹，文件变化后自动重新读取。"), QStringLiteral("文件夹") };
     const QCommandLineOption m_issueDay{ QStringLiteral("issue-day"),
         QStringLiteral("为今天（yyyy-MM-dd）有效的计划下达指令，列出结果并退出；其他日期须加--simulate。"),
         QStringLiteral("日期") };
     const QList<QCommandLineOption> m_flags{
         { Flag::IssuePreview, QStringLiteral("列出今天或--issue-day的日期会下达的指令并退出，不下达。") },
         { Flag::Simulate, QStringLiteral("下达或预览时不限于今天和市场的委托时间。") },
-        { Flag::Json, QStringLiteral("以JSON输出命令history、admin list和--issue-preview的结果。") },
+        { Flag::Json, QStringLiteral("以JSON输出命令history、check-strategies、admin list和--issue-preview的结果。") },
         { Flag::Sample, QStringLiteral("admin init写入示例数据。") },
         { Flag::Review, QStringLiteral("admin grant的指令须经复核。") },
         { Flag::PasswordFromInput, QStringLiteral("admin add-user从标准输入的第一行读取密码。") },

@@ -16,6 +16,7 @@ struct Options {
     QString database;      ///< database file; empty for the one in the user's data folder
     QString skin;          ///< name of a skin, see `skinNames`
     QString language;      ///< code of the form's language, see `languageCodes`
+    QString strategies;    ///< folder of strategy files; empty for none
     int securities = 0;    ///< securities of a new database; 0 for the default number
     QString folder;        ///< folder of the walk-through; empty for the client
     QDate issueDay;        ///< day to issue instructions for; invalid for the window

@@ -18,6 +18,7 @@
 #include "PlanPane.h"
 #include "PlanTable.h"
 #include "StateActions.h"
+#include "StrategySheet.h"
 
 #include <QAction>
 #include <QApplication>
@@ -172,6 +173,8 @@ void MainWindow::buildActions()
     QAction* const skin = addAction(QStringLiteral("action_skin"), tr("换肤"), { QKeySequence(Qt::Key_F8) });
     QAction* const issue = addAction(QStringLiteral("action_issue"), tr("下达当日指令"), { withControl(Qt::Key_I) });
     QAction* const reload = addAction(QStringLiteral("action_refresh"), tr("刷新"), { QKeySequence(Qt::Key_F5) });
+    QAction* const strategies = addAction(QStringLiteral("action_strategies"), tr("策略文件…"), {});
+    connect(strategies, &QAction::triggered, this, &MainWindow::showStrategies);
     connect(create, &QAction::triggered, m_forms, &EditorForms::openNew);
     connect(m_edit, &QAction::triggered, this, &MainWindow::openEdit);
     connect(m_copy, &QAction::triggered, this, &MainWindow::openCopy);
@@ -197,7 +200,7 @@ void MainWindow::buildActions()
     plans->addSeparator();
     plans->addAction(issue);
     QMenu* const view = menuBar()->addMenu(tr("视图(&V)"));
-    view->addActions({ reload, skin });
+    view->addActions({ reload, skin, strategies });
     QToolBar* const bar = addToolBar(tr("工具栏"));
     bar->setObjectName(QStringLiteral("toolBar"));
     bar->setMovable(false);
@@ -360,6 +363,13 @@ void MainWindow::switchSkin()
 {
     const QStringList names = skinNames();
     setSkin(names.at((names.indexOf(m_skin) + 1) % names.size()));
+}
+
+void MainWindow::showStrategies()
+{
+    if (!m_strategies)
+        m_strategies = new StrategySheet(this);
+    m_strategies->open();
 }
 
 void MainWindow::issueToday()

@@ -13,6 +13,7 @@ class IssueSheet;
 class PlanDetails;
 class PlanPane;
 class PlanTable;
+class StrategySheet;
 class QAction;
 class QLabel;
 
@@ -58,6 +59,7 @@ private:
     void keepKeyboard();
     void showCurrent();
     void switchSkin();
+    void showStrategies();
     void issueToday();
     void statesChanged(const QString& text);
     QStringList chosenPlans() const;
@@ -69,8 +71,9 @@ private:
     QLabel* m_outdated; ///< shown while the rows cannot be read again
     PlanDetails* m_details;
     EditorForms* m_forms;
-    QLabel* m_status;               ///< the number of plans, or what is wrong
-    IssueSheet* m_issues = nullptr; ///< null until it is opened
+    QLabel* m_status;                      ///< the number of plans, or what is wrong
+    IssueSheet* m_issues = nullptr;        ///< null until it is opened
+    StrategySheet* m_strategies = nullptr; ///< null until it is opened
     QAction* m_edit = nullptr;
     QAction* m_copy = nullptr;
     NoticeMerger m_changes; ///< by others

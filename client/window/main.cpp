@@ -6,11 +6,14 @@
 #include "IssueTexts.h"
 #include "MainWindow.h"
 #include "Program.h"
+#include "StrategyFolder.h"
 #include "StrategyQuery.h"
+#include "StrategySheet.h"
 
 #include <QApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -64,7 +67,12 @@ int showWindow(const Options& options)
     MainWindow window;
     window.setSkin(options.skin);
     window.show();
-    StrategyQuery::start();
+    // After the window has been painted, so that it does not wait for the files.
+    const QString folder = options.strategies.isEmpty() ? StrategySheet::rememberedFolder() : options.strategies;
+    if (folder.isEmpty())
+        StrategyQuery::start();
+    else
+        QTimer::singleShot(0, [folder] { StrategyFolder::instance().open(folder); });
     return QApplication::exec();
 }
 
