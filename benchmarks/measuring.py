@@ -3,6 +3,7 @@ import json
 import os
 import shutil
 import subprocess
+import tempfile
 import time
 
 SECURITIES = [1_000, 10_000, 100_000, 1_000_000]
@@ -20,6 +21,7 @@ DATA_VERSION = 5
 
 
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
+STRATEGY_FILE = os.path.join(ROOT, "client", "strategies", "files", "SNIPER.xml")
 
 
 class Programs:
@@ -68,11 +70,11 @@ class Programs:
         names = [one["name"].split("/manual_time")[0].split("/iterations")[0] for one in printed]
         return dict(zip(names, printed))
 
-    def start(self, database):
+    def start(self, database, *options):
         """Starts the client. Returns the milliseconds until its window is painted and handles events."""
         environment = dict(self.environment, QT_QPA_GENERIC_PLUGINS="firstpaint", QT_PLUGIN_PATH=self.plugins)
         begin = time.clock_gettime_ns(time.CLOCK_MONOTONIC)
-        done = subprocess.run([os.path.join(self.bin, "plandesk"), "--database", database], env=environment,
+        done = subprocess.run([os.path.join(self.bin, "plandesk"), "--database", database, *options], env=environment,
                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=True, text=True)
         return (int(done.stdout) - begin) / 1e6
 
@@ -186,6 +188,23 @@ def _start(programs, least, securities):
         least.note(("start", securities), programs.start(copy))
 
 
+def _strategies(programs, least):
+    printed = programs.run("bench_strategies", programs.database())
+    least.note(("strategy", "key"), printed["keyInPanel"]["slowest_ms"])
+    least.note(("strategy", "files"), printed["readFolder"]["least_ms"])
+    copy = programs.copy_of(programs.database())
+    with tempfile.TemporaryDirectory() as folder:
+        with open(STRATEGY_FILE, encoding="utf-8") as file:
+            text = file.read()
+        for number in range(1_000):
+            with open(os.path.join(folder, f"{number}.xml"), "w", encoding="utf-8") as file:
+                file.write(text.replace('name="SNIPER"', f'name="S{number}"'))
+        programs.start(copy)
+        for _ in range(3):
+            least.note(("start with strategies", False), programs.start(copy))
+            least.note(("start with strategies", True), programs.start(copy, "--strategies", folder))
+
+
 def _issue(programs, least, ratios, again):
     source = programs.database(plans=ISSUED_PLANS)
     copy = programs.copy_of(source)
@@ -227,6 +246,8 @@ def measure(programs, rounds, log):
             _choices(programs, least, securities)
             _form(programs, least, ("securities", securities), programs.database(securities=securities), "trader01")
             _start(programs, least, securities)
+        log("  strategies")
+        _strategies(programs, least)
         log("  the advisor")
         _advisor(programs, least, advisor)
         for accounts in ACCOUNTS:
@@ -296,6 +317,9 @@ def _figures(least, ratios, syncs, reads, editors):
         "table_search_ms": least["use of table", "search"],
         "table_jump_ms": least["use of table", "jump"],
         "table_letter_ms": least["use of table", "letterKey"],
+        "strategy_key_ms": least["strategy", "key"],
+        "strategy_files_ms": least["strategy", "files"],
+        "strategy_start_ratio": least["start with strategies", True] / least["start with strategies", False],
         "editors_memory": min(editors),
         "start_ms": least["start", 100_000],
         "plans_start_ratio": least["start and end", STARTED_PLANS[1]] / least["start and end", STARTED_PLANS[0]],
