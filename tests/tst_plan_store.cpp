@@ -90,6 +90,7 @@ private Q_SLOTS:
         row("a null character", QStringLiteral("a") + QChar(0) + QStringLiteral("b"), refused);
         row("a byte order mark inside", QStringLiteral("a") + QChar(0xFEFF), Status());
         row("a character of two halves", QString::fromUtf8("\xF0\x9F\x98\x80"), Status());
+        row("quotation marks and backslashes", QStringLiteral("\"a\\\"\\"), Status());
         row("control characters", QStringLiteral("\t\n\x01"), Status());
         row("the longest text", QString(4000, QLatin1Char('x')), Status());
         row("a longer text", QString(4001, QLatin1Char('x')),

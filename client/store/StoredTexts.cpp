@@ -5,10 +5,48 @@
 
 #include <algorithm>
 
+namespace {
+
+bool isEscaped(QChar c)
+{
+    return c < QLatin1Char(' ') || c == QLatin1Char('"') || c == QLatin1Char('\\');
+}
+
+void appendEscaped(QString& json, QChar c)
+{
+    if (c >= QLatin1Char(' '))
+        json.append(QLatin1Char('\\')).append(c);
+    else
+        json.append(QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0')));
+}
+
+void appendText(QString& json, const QString& text)
+{
+    json.append(QLatin1Char('"'));
+    for (auto rest = text.cbegin(); rest != text.cend();) {
+        const auto end = std::find_if(rest, text.cend(), isEscaped);
+        json.append(rest, static_cast<int>(end - rest));
+        rest = end;
+        if (rest != text.cend())
+            appendEscaped(json, *rest++);
+    }
+    json.append(QLatin1Char('"'));
+}
+
+} // namespace
+
+// Qt's document would copy the texts three times; each plan that is stored needs two of these objects.
 QString StoredTexts::toJson(const QVariantMap& texts)
 {
-    const QJsonDocument document(QJsonObject::fromVariantMap(texts));
-    return QString::fromUtf8(document.toJson(QJsonDocument::Compact));
+    QString json(QLatin1Char('{'));
+    for (auto text = texts.cbegin(); text != texts.cend(); ++text) {
+        if (text != texts.cbegin())
+            json.append(QLatin1Char(','));
+        appendText(json, text.key());
+        json.append(QLatin1Char(':'));
+        appendText(json, text.value().toString());
+    }
+    return json.append(QLatin1Char('}'));
 }
 
 std::optional<QVariantMap> StoredTexts::fromJson(const QString& json)
