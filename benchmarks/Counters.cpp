@@ -7,11 +7,13 @@
 
 #include <dlfcn.h>
 #include <sqlite3.h>
-#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
 namespace {
+
+// A page and its header in the log.
+constexpr qint64 FrameSize = 4096 + 24;
 
 Syncs::Counts syncs;
 PlanReads::Counts planReads;
@@ -25,14 +27,7 @@ bool isLog(int file)
 
 int count(long systemCall, int file)
 {
-    if (isLog(file)) {
-        struct stat status { };
-        ++syncs.log;
-        if (fstat(file, &status) == 0)
-            syncs.logSize = status.st_size;
-    } else {
-        ++syncs.other;
-    }
+    ++(isLog(file) ? syncs.log : syncs.other);
     return static_cast<int>(syscall(systemCall, file));
 }
 
@@ -44,6 +39,15 @@ sqlite3* connection()
         qFatal("There is no connection");
     names.sort();
     return *static_cast<sqlite3* const*>(QSqlDatabase::database(names.first(), false).driver()->handle().constData());
+}
+
+/// Pages that the session's connection has written since the last call.
+int writtenPages()
+{
+    int pages = 0;
+    int highest = 0;
+    sqlite3_db_status(connection(), SQLITE_DBSTATUS_CACHE_WRITE, &pages, &highest, 1);
+    return pages;
 }
 
 int noteStatement(unsigned, void*, void*, void* text)
@@ -76,11 +80,13 @@ QMap<QString, QVariant> AutoPlanLogic::GetPlanInfo(QString planId)
 
 void Syncs::start()
 {
+    writtenPages();
     syncs = Counts();
 }
 
 Syncs::Counts Syncs::stop()
 {
+    syncs.logBytes = writtenPages() * FrameSize;
     return syncs;
 }
 

@@ -7,9 +7,9 @@
 namespace Syncs {
 
 struct Counts {
-    int log = 0;        ///< flushes of SQLite's log
-    int other = 0;      ///< flushes of other files
-    qint64 logSize = 0; ///< size of the log at its last flush, in bytes
+    int log = 0;         ///< flushes of SQLite's log
+    int other = 0;       ///< flushes of other files
+    qint64 logBytes = 0; ///< written to the log by the session
 };
 
 /// Resets the counters.

@@ -43,7 +43,7 @@ void confirm(benchmark::State& state)
     QVector<double> bareSeconds;
     int mostLogSyncs = 0;
     int logSyncs = 0;
-    qint64 logSize = 0;
+    qint64 logBytes = 0;
     for (auto _ : state) {
         form.fill();
         Syncs::start();
@@ -54,10 +54,11 @@ void confirm(benchmark::State& state)
         timing.note(seconds);
         mostLogSyncs = qMax(mostLogSyncs, counts.log);
         logSyncs += counts.log;
-        bareSeconds << bare.secondsToFlush(qMax<qint64>(4096, counts.logSize - logSize));
-        logSize = counts.logSize;
+        bareSeconds << bare.secondsToFlush(counts.logBytes);
+        logBytes += counts.logBytes;
     }
     state.counters["bare_median_ms"] = median(bareSeconds) * 1000;
+    state.counters["log_bytes"] = static_cast<double>(logBytes) / PlansPerRun;
     state.counters["log_syncs"] = static_cast<double>(logSyncs) / PlansPerRun;
     state.counters["most_log_syncs"] = mostLogSyncs;
 }

@@ -304,6 +304,42 @@ private Q_SLOTS:
         QCOMPARE(*PlanStore(other).count(), 60);
     }
 
+    // As long as a file keeps its size, its contents are flushed faster.
+    void transactionsDoNotExtendTheLog()
+    {
+        const QString log = path(QStringLiteral("plans.db-wal"));
+        PlanStore plans(*m_database);
+        m_database->prepareWal();
+        const qint64 size = QFileInfo(log).size();
+        Database other;
+        QCOMPARE(other.open(path(QStringLiteral("plans.db"))), Status());
+        int stored = 0;
+        for (; QFileInfo(log).size() == size && stored < 60; ++stored)
+            QVERIFY(PlanStore(stored % 2 == 0 ? *m_database : other).create(sampleRecord(), AtMorning));
+        QVERIFY2(stored > 5 && stored < 60, qPrintable(QString::number(stored)));
+        m_database->prepareWal();
+        const qint64 extended = QFileInfo(log).size();
+        QVERIFY(PlanStore(other).create(sampleRecord(), AtMorning));
+        QCOMPARE(QFileInfo(log).size(), extended);
+        QCOMPARE(*plans.count(), stored + 1);
+    }
+
+    // As after a power failure: the last transaction of the copied log is followed by zeros.
+    void aLogWithRoomIsReadToItsLastTransaction()
+    {
+        PlanStore plans(*m_database);
+        m_database->prepareWal();
+        for (int i = 0; i < 3; ++i)
+            QVERIFY(plans.create(sampleRecord(), AtMorning));
+        for (const char* const end : { "", "-wal" })
+            QVERIFY(QFile::copy(path(QStringLiteral("plans.db") + QLatin1String(end)),
+                path(QStringLiteral("copy.db") + QLatin1String(end))));
+        Database copy;
+        QCOMPARE(copy.open(path(QStringLiteral("copy.db"))), Status());
+        QCOMPARE(*PlanStore(copy).count(), 3);
+        QCOMPARE(copy.checkPages(), Status());
+    }
+
     void startingTheLogKeepsTheVersionOfTheFile()
     {
         // A newer program has migrated the file in the meantime.

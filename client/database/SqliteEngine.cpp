@@ -15,6 +15,7 @@
 #include <QThread>
 
 #include <sqlite3.h>
+#include <sys/statvfs.h>
 
 #include <limits>
 #include <utility>
@@ -32,8 +33,25 @@ constexpr int LongestSchemaCheck = 5;
 constexpr int LongestPageCheck = 120;
 // A few hundred pages, unless other clients write, too: well before SQLite's automatic checkpoint within a transaction.
 constexpr int TransactionsPerWal = 50;
+// SQLite's default, which the engine's own hook replaces.
+constexpr int FramesUntilCheckpoint = 1000;
+constexpr qint64 FrameSize = 4096 + 24;
+// A few transactions fit into the room, and some more into what is added to it, in bytes.
+constexpr qint64 LeastRoom = 256 * 1024;
+constexpr int AddedRoom = 512 * 1024;
+// SQLite writes less than 128 KiB at once.
+constexpr int LongestWrite = 64 * 1024;
+// A disk with less free space is left to the data, in bytes.
+constexpr quint64 LeastFreeSpace = 64 * 1024 * 1024;
 
 const QString DataVersion = QStringLiteral("PRAGMA data_version");
+
+bool isNearlyFull(const QString& fileName)
+{
+    struct statvfs disk { };
+    return ::statvfs(QFile::encodeName(fileName).constData(), &disk) != 0
+        || disk.f_bavail * disk.f_frsize < LeastFreeSpace;
+}
 
 class SqliteRows : public EngineRows {
 public:
@@ -190,6 +208,7 @@ Status SqliteEngine::prepareConnection()
 {
     if (Status status = startWalMode(); !status)
         return status;
+    sqlite3_wal_hook(m_connection, noteFrames, this);
     if (Status status = m_database.configure(QStringLiteral("PRAGMA synchronous = FULL")); !status)
         return status;
     // Triggers on deletion then also refuse to replace a row.
@@ -315,12 +334,40 @@ void SqliteEngine::prepareWal()
     if (!m_files.check())
         return;
     const bool isBegun = QFileInfo(m_fileName + QStringLiteral("-wal")).size() > 0;
-    if (isBegun && (m_committed < TransactionsPerWal || !checkpoint()))
-        return;
     m_waits.setLimit(0);
-    if (startWal())
+    if ((!isBegun || (m_committed >= TransactionsPerWal && checkpoint())) && startWal())
         m_committed = 0;
+    makeRoom();
     m_waits.setLimit(BusyTimeout);
+}
+
+// The next transactions overwrite zeros behind the log: while a file keeps its size, only its contents are flushed. The
+// write lock keeps others from writing there meanwhile. It is rolled back, because a commit counts as a change.
+void SqliteEngine::makeRoom()
+{
+    sqlite3_file* wal = nullptr;
+    sqlite3_int64 size = 0;
+    sqlite3_file_control(m_connection, "main", SQLITE_FCNTL_JOURNAL_POINTER, &wal);
+    if (!wal || !wal->pMethods || isNearlyFull(m_fileName)
+        || sqlite3_exec(m_connection, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) != SQLITE_OK)
+        return;
+    int code = wal->pMethods->xFileSize(wal, &size);
+    const qint64 used = m_frames == 0 ? size : m_frames * FrameSize;
+    const bool isShort = code == SQLITE_OK && size > 0 && size < used + LeastRoom;
+    const QByteArray zeros(LongestWrite, '\0');
+    for (int added = 0; isShort && added < AddedRoom && code == SQLITE_OK; added += LongestWrite)
+        code = wal->pMethods->xWrite(wal, zeros.constData(), LongestWrite, size + added);
+    rollBack();
+    if (isShort && code == SQLITE_OK)
+        wal->pMethods->xSync(wal, SQLITE_SYNC_NORMAL);
+}
+
+int SqliteEngine::noteFrames(void* engine, sqlite3* connection, const char* name, int frames)
+{
+    static_cast<SqliteEngine*>(engine)->m_frames = frames;
+    if (frames >= FramesUntilCheckpoint)
+        sqlite3_wal_checkpoint(connection, name);
+    return SQLITE_OK;
 }
 
 // The first transaction of a log flushes it twice, once for the log's header. This one writes the version unchanged.

@@ -44,6 +44,8 @@ private:
     Result<int> number(const QString& statement);
     bool checkpoint();
     Status startWal();
+    void makeRoom();
+    static int noteFrames(void* engine, sqlite3* connection, const char* name, int frames);
 
     Database& m_database;
     sqlite3* m_connection = nullptr;
@@ -53,4 +55,5 @@ private:
     std::function<void()> m_noticed;
     int m_version = 0;   ///< changes with each commit of another connection
     int m_committed = 0; ///< transactions since this connection started the log
+    qint64 m_frames = 0; ///< of the log after the last transaction; 0 before the first one
 };
