@@ -34,11 +34,14 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
+#include <chrono>
+
 namespace {
 
 constexpr QSize UsualSize(1366, 768);
 constexpr int DetailsWidth = 300;
 constexpr int LineMargin = 8;
+constexpr std::chrono::milliseconds UntilPainted(1);
 
 QKeySequence withControl(Qt::Key key)
 {
@@ -244,11 +247,11 @@ void MainWindow::refresh()
     showCurrent();
 }
 
-// The table is painted first.
+// The table is painted first, by an event of a low priority: a queued call would precede it.
 void MainWindow::refreshForOthers()
 {
     const Status shownByTheTable = readTable();
-    QTimer::singleShot(0, this, [this] {
+    QTimer::singleShot(UntilPainted, this, [this] {
         showCurrent();
         m_forms->lookForChange();
     });
