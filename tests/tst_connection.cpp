@@ -29,7 +29,7 @@ namespace {
 
 const QDateTime ChangeTime = QDateTime::fromString(QStringLiteral("2024-05-06T10:30:00.000Z"), Qt::ISODateWithMs);
 const QString Reconnecting = QStringLiteral("与服务器的连接已断开，正在重新连接……");
-const QByteArray Commit("COMMIT", 7); // with its end, unlike READ COMMITTED
+const QByteArray Commit("COMMIT;"); // unlike READ COMMITTED
 constexpr int ThreeSeconds = 3000 * TEST_TIMEOUT_SCALE;
 constexpr int LongestCall = 5000 * TEST_TIMEOUT_SCALE;
 constexpr int AtOnce = 100 * TEST_TIMEOUT_SCALE;

@@ -14,8 +14,8 @@ constexpr int FiveSeconds = 5000 * TEST_TIMEOUT_SCALE;
 const QString TableFiles = QStringLiteral("/base/");
 const QString LogFiles = QStringLiteral("/pg_wal/");
 
-// The whole statement, with its end; READ COMMITTED is another one.
-const QByteArray Commit("COMMIT", sizeof "COMMIT");
+// READ COMMITTED is another one.
+const QByteArray Commit("COMMIT;");
 
 /// Reasons why writers are refused whose server goes away; those on the common plan also come without a fault.
 QStringList lossReasons()

@@ -111,15 +111,17 @@ Status Database::reopen()
     return status;
 }
 
+// The process may have committed without notifying the others yet.
 Status Database::endProcess(const QString& process)
 {
     constexpr int LongestEnd = 1000; // milliseconds
     if (process.isEmpty())
         return {};
     bool hasEnded = true;
-    const Status status = read(QStringLiteral("SELECT pg_terminate_backend(pid, ?) FROM pg_stat_activity"
-                                              " WHERE pid || '/' || extract(epoch FROM backend_start) = ?"),
-        { LongestEnd, process }, [&hasEnded](const QSqlQuery& row) { hasEnded = row.value(0).toBool(); });
+    const Status status =
+        read(QStringLiteral("SELECT pg_terminate_backend(pid, ?), pg_notify('plandesk', '')"
+                            " FROM pg_stat_activity WHERE pid || '/' || extract(epoch FROM backend_start) = ?"),
+            { LongestEnd, process }, [&hasEnded](const QSqlQuery& row) { hasEnded = row.value(0).toBool(); });
     return hasEnded ? status : Status(Error::DatabaseBusy);
 }
 
@@ -201,7 +203,7 @@ Status Database::finish(const Status& worked)
     m_failure = Status();
     if (status) {
         m_isCommitting = true;
-        status = configure(QStringLiteral("COMMIT"));
+        status = configure(m_engine->dialect().commit);
         m_isCommitting = false;
         m_commitFailed = !status;
     }
@@ -231,11 +233,33 @@ Result<int> Database::change(const QString& statement, const QVariantList& value
 
 Result<qint64> Database::insert(const QString& statement, const QVariantList& values)
 {
+    if (!m_inTransaction && dialect().nestsChanges)
+        return insertAlone(statement, values);
     qint64 number = 0;
     Status status = transaction([&] {
         return read(statement, values, [&number](const QSqlQuery& row) { number = row.value(0).toLongLong(); });
     });
     return status ? Result<qint64>(number) : status;
+}
+
+// Without an answer it is not known whether the transaction was committed. All other failures are the server's answer.
+Result<qint64> Database::insertAlone(const QString& statement, const QVariantList& values)
+{
+    m_commitFailed = false;
+    m_sinceBegin.start();
+    if (!isOpen())
+        return notOpen();
+    Result<qint64> number = 0;
+    {
+        const LimitedStatement limited(*m_engine, 0);
+        number = m_engine->insertAlone(statement, values);
+    }
+    m_commitFailed = number.status().error() == Error::ConnectionLost;
+    if (number)
+        m_engine->countCommit();
+    else
+        m_engine->rollBack();
+    return number;
 }
 
 Status Database::read(const QString& statement, const QVariantList& values, const TakeRow& take)
@@ -376,6 +400,11 @@ void Database::prepareWal()
 {
     if (isIdle())
         m_engine->prepareWal();
+}
+
+QString Database::contentVersion() const
+{
+    return isOpen() ? m_engine->contentVersion() : QString();
 }
 
 QString Database::changeToken()

@@ -128,10 +128,15 @@ public:
     /// It changes with every change by this connection and every commit of another one. Empty within a transaction, or
     /// if unavailable.
     QString changeToken();
+    /// The version of an opened file's contents that the running transaction, or the last statement, has read: each
+    /// commit makes another one, also of this connection. Unlike `changeToken`, it costs nothing and looks for nothing.
+    /// Empty on a server.
+    QString contentVersion() const;
 
 private:
     Status openWith(const QString& location, bool migrates);
     Status begin();
+    Result<qint64> insertAlone(const QString& statement, const QVariantList& values);
     Status finish(const Status& worked);
     Status run(
         const QString& statement, const QVariantList& values, const std::function<Status(QSqlQuery& query)>& use);

@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QSqlDatabase>
 #include <QString>
+#include <QVariant>
 
 #include <functional>
 #include <memory>
@@ -64,9 +65,20 @@ public:
     /// Identifies the server's process of this connection; empty for a file.
     virtual QString process() const { return {}; }
 
+    /// See `Database::contentVersion`.
+    virtual QString contentVersion() const { return {}; }
+
     /// Whether rows are read one by one. Otherwise other statements may run meanwhile.
     virtual bool streamsRows() const = 0;
     virtual std::unique_ptr<EngineRows> rows(const QString& statement) = 0;
+    /// Runs a statement that returns the number of its new row as a transaction of its own, in one message. Returns 0
+    /// if there is no row. Only for engines whose changes nest.
+    virtual Result<qint64> insertAlone(const QString& statement, const QVariantList& values)
+    {
+        Q_UNUSED(statement);
+        Q_UNUSED(values);
+        return Error::DatabaseFailed;
+    }
     /// What an error of Qt's driver means.
     virtual Status failure(const QSqlError& error) = 0;
     /// Ends the running statement, which fails. Any thread may call it while the database is open.

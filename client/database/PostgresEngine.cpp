@@ -10,6 +10,7 @@
 #include <QSocketNotifier>
 #include <QSqlDriver>
 #include <QSqlError>
+#include <QSqlQuery>
 
 #include <fcntl.h>
 #include <libpq-fe.h>
@@ -137,7 +138,8 @@ Status PostgresEngine::prepareConnection()
                        " FROM pg_stat_activity WHERE pid = pg_backend_pid()),"
                        " set_config('search_path', 'plandesk', false), set_config('statement_timeout', '%1', false),"
                        " set_config('lock_timeout', '%2', false),"
-                       " set_config('idle_in_transaction_session_timeout', '%3', false)")
+                       " set_config('idle_in_transaction_session_timeout', '%3', false),"
+                       " set_config('plandesk.notifies', 'after commit', false)")
             .arg(LongestStatement)
             .arg(LongestLock)
             .arg(LongestIdleTransaction),
@@ -220,6 +222,53 @@ std::unique_ptr<EngineRows> PostgresEngine::rows(const QString& statement)
     auto rows = std::make_unique<PostgresRows>(m_connection, statement);
     endStatement();
     return rows;
+}
+
+// The messages that Qt sends for a prepared statement and its transaction would each wait for an answer.
+Result<qint64> PostgresEngine::insertAlone(const QString& statement, const QVariantList& values)
+{
+    const Result<QString> name = prepared(statement);
+    if (!name)
+        return name.status();
+    QStringList literals;
+    for (const QVariant& value : values)
+        literals << literal(value);
+    QSqlQuery query(m_driver->createResult());
+    bool done = query.exec(dialect().begin + QStringLiteral(";EXECUTE ") + *name + QLatin1Char('(')
+        + literals.join(QLatin1Char(',')) + QStringLiteral(");") + dialect().commit);
+    done = done && query.nextResult();
+    const qint64 number = done && query.next() ? query.value(0).toLongLong() : 0;
+    done = done && query.nextResult();
+    return done ? Result<qint64>(number) : failure(query.lastError());
+}
+
+/// The name of a prepared statement, whose placeholders are numbered.
+Result<QString> PostgresEngine::prepared(const QString& statement)
+{
+    const QString known = m_prepared.value(statement);
+    if (!known.isEmpty())
+        return known;
+    const QString name = QStringLiteral("alone_%1").arg(m_prepared.size());
+    const QStringList parts = statement.split(QLatin1Char('?'));
+    QString text = QStringLiteral("PREPARE ") + name + QStringLiteral(" AS ") + parts.constFirst();
+    for (int i = 1; i < parts.size(); ++i)
+        text += QLatin1Char('$') + QString::number(i) + parts.at(i);
+    QSqlQuery query(m_driver->createResult());
+    if (!query.exec(text))
+        return failure(query.lastError());
+    m_prepared.insert(statement, name);
+    return name;
+}
+
+QString PostgresEngine::literal(const QVariant& value) const
+{
+    const bool isText = value.userType() == QMetaType::QString;
+    if (value.isNull() && !isText)
+        return QStringLiteral("NULL");
+    const QByteArray text = value.toString().toUtf8();
+    const std::unique_ptr<char, void (*)(void*)> quoted(
+        PQescapeLiteral(m_connection, text.constData(), static_cast<size_t>(text.size())), PQfreemem);
+    return QString::fromUtf8(quoted.get());
 }
 
 Status PostgresEngine::failure(const QSqlError& error)

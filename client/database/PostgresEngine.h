@@ -4,6 +4,7 @@
 #include "StallGuard.h"
 
 #include <QElapsedTimer>
+#include <QHash>
 #include <QObject>
 #include <QPointer>
 
@@ -28,6 +29,7 @@ public:
     void rollBack() override;
     bool streamsRows() const override { return false; }
     std::unique_ptr<EngineRows> rows(const QString& statement) override;
+    Result<qint64> insertAlone(const QString& statement, const QVariantList& values) override;
     Status failure(const QSqlError& error) override;
     void beginStatement(qint64 spent) override;
     void endStatement() override;
@@ -47,6 +49,8 @@ private:
     Status checkVersion();
     Status applyMigrations();
     Status migrate(const Migration& migration);
+    Result<QString> prepared(const QString& statement);
+    QString literal(const QVariant& value) const;
     void noticeLater();
     void finishPing();
     void takeNotifier(QSocketNotifier* notifier);
@@ -64,6 +68,7 @@ private:
     std::optional<StallGuard::Call> m_call;
     QElapsedTimer m_ping; ///< invalid while no ping waits for its answer
     QPointer<QSocketNotifier> m_notifier;
+    QHash<QString, QString> m_prepared; ///< names of statements by their texts
     QString m_role;
     QString m_process;
 };

@@ -16,6 +16,8 @@ const SqlDialect& SqlDialect::sqlite()
                        " AND %2 ORDER BY %1 %3, number %3 LIMIT ?)) AS found FROM u), json_each(found))"),
         QStringLiteral("(SELECT value FROM json_each(?))"),
         QStringLiteral("+%1"),
+        QStringLiteral("NULL"),
+        QStringLiteral("COMMIT"),
     };
     return dialect;
 }
@@ -36,6 +38,8 @@ const SqlDialect& SqlDialect::postgres()
                        " ORDER BY trading_account %3, %1 %3, number %3 LIMIT ?) AS p"),
         QStringLiteral("(SELECT json_array_elements_text(CAST(? AS json)))"),
         QStringLiteral("(%1 || '')"),
+        QStringLiteral("(SELECT CAST(changed_by AS text) FROM facts_version)"),
+        QStringLiteral("COMMIT; SELECT plandesk.notify_of_changes()"),
     };
     return dialect;
 }

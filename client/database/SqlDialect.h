@@ -25,9 +25,12 @@ struct SqlDialect {
     QString plansOfAccounts;
     /// The texts of a JSON list, which is its value, for IN.
     QString listedTexts;
-
     /// The column %1 where no index looks it up.
     QString notLookedUp;
+    /// The version of the rights, accounts, limits and prices, as an expression; NULL if it is that of all contents.
+    QString factsVersion;
+    /// Ends a transaction.
+    QString commit;
 
     static const SqlDialect& sqlite();
     static const SqlDialect& postgres();

@@ -17,6 +17,7 @@
 #include <sqlite3.h>
 #include <sys/statvfs.h>
 
+#include <atomic>
 #include <limits>
 #include <utility>
 
@@ -94,10 +95,17 @@ private:
     Status m_status;
 };
 
+int nextNumber()
+{
+    static std::atomic_int last{ 0 };
+    return ++last;
+}
+
 } // namespace
 
 SqliteEngine::SqliteEngine(Database& database)
     : m_database(database)
+    , m_number(nextNumber())
 {
 }
 
@@ -289,6 +297,14 @@ void SqliteEngine::rollBack()
         sqlite3_exec(m_connection, "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
+// SQLite counts the commits of this connection, too. Another connection begins to count anew.
+QString SqliteEngine::contentVersion() const
+{
+    unsigned commits = 0;
+    sqlite3_file_control(m_connection, "main", SQLITE_FCNTL_DATA_VERSION, &commits);
+    return QString::number(m_number) + QLatin1Char('/') + QString::number(commits);
+}
+
 std::unique_ptr<EngineRows> SqliteEngine::rows(const QString& statement)
 {
     return std::make_unique<SqliteRows>(m_connection, statement);
@@ -299,7 +315,7 @@ Status SqliteEngine::failure(const QSqlError& error)
 {
     const Status failure = SqliteStatus::of(error);
     // Qt passes on codes without their details.
-    if (failure.error() == Error::DatabaseReadOnly)
+    if (failure.error() == Error::DatabaseReadOnly || sqlite3_errcode(m_connection) == SQLITE_CONSTRAINT)
         return SqliteStatus::last(m_connection);
     if (failure.error() != Error::DiskFull)
         return failure;

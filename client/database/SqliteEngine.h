@@ -21,6 +21,7 @@ public:
     void rollBack() override;
     Status check() override { return m_files.check(); }
     void countCommit() override { ++m_committed; }
+    QString contentVersion() const override;
     bool streamsRows() const override { return true; }
     std::unique_ptr<EngineRows> rows(const QString& statement) override;
     Status failure(const QSqlError& error) override;
@@ -48,6 +49,7 @@ private:
     static int noteFrames(void* engine, sqlite3* connection, const char* name, int frames);
 
     Database& m_database;
+    const int m_number; ///< of the engine in this process
     sqlite3* m_connection = nullptr;
     QString m_fileName;
     FileIdentity m_files;

@@ -8,6 +8,8 @@ Status SqliteStatus::of(int code, const QString& text)
 {
     if (code == SQLITE_READONLY_DIRECTORY)
         return Error::FolderNotWritable;
+    if (code == SQLITE_CONSTRAINT_UNIQUE)
+        return Error::AlreadyStored;
     switch (code & 0xff) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:

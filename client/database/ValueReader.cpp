@@ -1,5 +1,7 @@
 #include "ValueReader.h"
 
+#include "SqlDialect.h"
+
 ValueReader::ValueReader(Database& database)
     : m_database(database)
 {
@@ -10,6 +12,16 @@ void ValueReader::add(const QStringList& expressions, const QVariantList& values
     m_parts << Part{ static_cast<int>(m_expressions.size()), take };
     m_expressions << expressions;
     m_values << values;
+}
+
+void ValueReader::addFactsVersion(QString& version)
+{
+    const QString& expression = m_database.dialect().factsVersion;
+    add({ expression }, {}, [this, &version](const QSqlQuery& row, int column) {
+        const QString ofFile = m_database.contentVersion();
+        version = ofFile.isEmpty() ? row.value(column).toString() : ofFile;
+        return Status();
+    });
 }
 
 Status ValueReader::read()

@@ -14,6 +14,9 @@ public:
 
     /// Adds SQL expressions, the values of their placeholders, and what takes the results.
     void add(const QStringList& expressions, const QVariantList& values, const Take& take);
+    /// Adds the version of the rights, accounts, limits and prices: as long as it is the same, so are they. A file has
+    /// one version for all of its contents.
+    void addFactsVersion(QString& version);
     /// Reads everything that was added. If it fails, what was already taken must be dropped.
     Status read();
 

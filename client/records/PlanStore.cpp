@@ -28,16 +28,42 @@ PlanStore::PlanStore(Database& database, const StoredUser& user)
 
 Result<QString> PlanStore::create(const Record& record, const Change& change)
 {
+    return create(record, change, {});
+}
+
+// A server looks at the version in the statement that stores the plan; in a file, a transaction is the only one.
+Result<QString> PlanStore::createIf(const QString& factsVersion, const Record& record, const Change& change)
+{
+    if (m_database.dialect().nestsChanges)
+        return create(record, change, { m_database.dialect().factsVersion + QStringLiteral(" = ?"), { factsVersion } });
+    QString id;
+    const Status status = m_database.transaction([&] {
+        if (m_database.contentVersion() != factsVersion)
+            return Status();
+        const Result<QString> created = create(record, change);
+        id = created.valueOr(QString());
+        return created.status();
+    });
+    return status ? Result<QString>(id) : status;
+}
+
+/// `condition`: empty, or what must hold; if it does not, the id is empty.
+Result<QString> PlanStore::create(const Record& record, const Change& change, const SqlQuery& condition)
+{
     if (Status refused = RecordCheck::refusal(record); !refused)
         return refused;
     const QString time = StoredTime::toText(change.time);
-    const SqlQuery insertion{ QStringLiteral("INSERT INTO plans (version, creator, created_time, changed_time, %1)"
-                                             " VALUES (1, ?, ?, ?, %2) RETURNING number")
-                                  .arg(PlanRow::recordColumns(), PlanRow::recordPlaceholders()),
-        QVariantList{ change.user, time, time } + PlanRow::recordValues(record) };
+    const QString values = condition.text.isEmpty() ? QStringLiteral("VALUES (1, ?, ?, ?, %1)")
+                                                    : QStringLiteral("SELECT 1, ?, ?, ?, %1 WHERE ") + condition.text;
+    const SqlQuery insertion{ QStringLiteral("INSERT INTO plans (version, creator, created_time, changed_time, %1) %2"
+                                             " RETURNING number")
+                                  .arg(PlanRow::recordColumns(), values.arg(PlanRow::recordPlaceholders())),
+        QVariantList{ change.user, time, time } + PlanRow::recordValues(record) + condition.values };
     const Result<qint64> number =
         HistoryStore(m_database).addWith(insertion, { HistoryEvent::Created, 0, 1, {}, {}, record }, change);
-    return number ? Result<QString>(PlanId::fromNumber(*number)) : number.status();
+    if (!number)
+        return number.status();
+    return *number == 0 ? QString() : PlanId::fromNumber(*number);
 }
 
 Status PlanStore::modify(const QString& planId, int version, const Record& record, const Change& change)
@@ -104,7 +130,8 @@ Status PlanStore::update(
         QVariantList{ StoredTime::toText(change.time) } + assignment.values
             + QVariantList{ PlanId::toNumber(plan.id).value_or(0) }
     };
-    return HistoryStore(m_database).addWith(planChange, entry, change).status();
+    const Result<qint64> number = HistoryStore(m_database).addWith(planChange, entry, change);
+    return number && *number == 0 ? Status(Error::UnknownPlan, { plan.id }) : number.status();
 }
 
 Result<PlanStore::Record> PlanStore::record(const QString& planId)

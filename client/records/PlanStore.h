@@ -31,6 +31,9 @@ public:
 
     /// Stores a new plan in one transaction and returns its id. Refuses a record that `RecordCheck` refuses.
     Result<QString> create(const Record& record, const Change& change);
+    /// Like `create`, if the rights, accounts, limits and prices still have a version that `ValueReader` has read.
+    /// Otherwise stores nothing, and the id is empty.
+    Result<QString> createIf(const QString& factsVersion, const Record& record, const Change& change);
     /// Replaces the whole record in one transaction and increments the version. Refuses an unknown id, and a plan that
     /// has a later version than the one that the change was made from.
     Status modify(const QString& planId, int version, const Record& record, const Change& change);
@@ -74,6 +77,7 @@ public:
     Result<DayPlans> plansOfDay(const QDate& day, const QStringList& planIds);
 
 private:
+    Result<QString> create(const Record& record, const Change& change, const SqlQuery& condition);
     Result<QVector<StoredPlan>> read(const SqlQuery& condition, const QString& sorting, bool locks = false);
     Result<QVector<StoredPlan>> newest(const SqlQuery& condition, int limit);
     SqlQuery isPlan(qint64 number) const;

@@ -277,6 +277,55 @@ CREATE INDEX ends_of_executors ON plans (executor, end_date, number)
     INCLUDE (begin_date, state, completed_day) WHERE executor IS NOT NULL
 )";
 
+// The last transaction that has changed what decides whether a plan is stored: a plan can be stored by what was read
+// before as long as it is the same.
+const char* const FactsVersion = R"(
+CREATE TABLE facts_version (
+    changed_by xid8 NOT NULL,
+    only_row boolean PRIMARY KEY DEFAULT true CHECK (only_row));
+INSERT INTO facts_version (changed_by) VALUES (pg_current_xact_id());
+GRANT SELECT ON facts_version TO plandesk_user;
+CREATE FUNCTION note_changed_facts() RETURNS trigger
+    LANGUAGE plpgsql SECURITY DEFINER SET search_path = plandesk, pg_temp AS $$
+BEGIN
+    UPDATE facts_version SET changed_by = pg_current_xact_id() WHERE changed_by <> pg_current_xact_id();
+    RETURN NULL;
+END $$;
+REVOKE EXECUTE ON FUNCTION note_changed_facts FROM PUBLIC;
+DO $$
+DECLARE
+    changed text;
+BEGIN
+    FOREACH changed IN ARRAY ARRAY['users', 'accounts', 'user_accounts', 'exchange_accounts', 'order_authorities',
+        'rule_properties', 'approval_chains', 'chain_users', 'account_limits', 'limit_exceptions', 'securities',
+        'closing_prices'] LOOP
+        EXECUTE format('CREATE TRIGGER changes_facts AFTER INSERT OR UPDATE OR DELETE OR TRUNCATE ON %I'
+            ' FOR EACH STATEMENT EXECUTE FUNCTION note_changed_facts()', changed);
+    END LOOP;
+END $$
+)";
+
+// The server commits transactions with a notice one after the other, each with a flush of its log. Clients that say so
+// notify after their COMMIT, in the same message, so that the server does it even if the client ends.
+const char* const LaterNotices = R"(
+CREATE OR REPLACE FUNCTION notify_clients() RETURNS trigger LANGUAGE plpgsql AS $$
+BEGIN
+    IF current_setting('plandesk.notifies', true) = 'after commit' THEN
+        PERFORM set_config('plandesk.has_changed', 'true', false);
+    ELSE
+        PERFORM pg_catalog.pg_notify('plandesk', '');
+    END IF;
+    RETURN NULL;
+END $$;
+CREATE FUNCTION notify_of_changes() RETURNS void LANGUAGE plpgsql AS $$
+BEGIN
+    IF current_setting('plandesk.has_changed', true) = 'true' THEN
+        PERFORM set_config('plandesk.has_changed', '', false);
+        PERFORM pg_catalog.pg_notify('plandesk', '');
+    END IF;
+END $$
+)";
+
 // What a user's role may do. The role exists once in a server, for all of its databases.
 const char* const Privileges = R"(
 DO 'BEGIN CREATE ROLE plandesk_user NOLOGIN; EXCEPTION WHEN duplicate_object OR unique_violation THEN NULL; END';
@@ -301,7 +350,8 @@ const QVector<Migration>& PostgresSchema::migrations()
                 statements(MarketTables), statements(PlanTables), statements(HistoryTable), statements(Notices),
                 statements(Privileges) } },
         { 2, PostgresRights::statements() },
-        { 3, { statements(PlanLife), statements(CoveringIndexes) } },
+        { 3,
+            { statements(PlanLife), statements(CoveringIndexes), statements(FactsVersion), statements(LaterNotices) } },
     };
     return steps;
 }

@@ -1,14 +1,13 @@
 #include "PlanSubmission.h"
 
-#include "ClientClock.h"
 #include "ClientSession.h"
 #include "HistoryStore.h"
-#include "Kelvo_Fields.h"
 #include "PlanChanges.h"
 #include "PlanCheck.h"
 #include "PlanFacts.h"
 #include "PlanLife.h"
 #include "PlanRow.h"
+#include "SubmissionFacts.h"
 #include "UserStore.h"
 
 #include <QLocale>
@@ -17,63 +16,53 @@ namespace {
 
 using Record = PlanStore::Record;
 
-const Security* securityOf(ClientSession& session, const Record& record)
+KeptFacts& keptFacts()
 {
-    return session.market().find(record.value(Kelvo_Fields::Security::symbol).toString());
+    static KeptFacts facts;
+    return facts;
 }
 
-/// What is stored about a sent record.
-struct StoredFacts {
-    /// Number of the plan that an earlier submission of the request stored; 0 if none did.
-    qint64 planOfRequest = 0;
-    PlanRights rights;
-    CloseHistory closes;
-    /// Quantity of the security that may be sold, in stored units.
-    qint64 tradeableQuantity = 0;
-    /// What the changed plan uses.
-    PlanUse use;
-};
-
-/// `planId`: the changed plan; empty for a new one.
-Result<StoredFacts> factsOf(
-    ClientSession& session, const Record& record, const QString& request, const QString& planId = {})
+// With the facts of an earlier plan. Empty if nothing was stored: whoever is refused is refused by present facts.
+Result<QString> createByKeptFacts(ClientSession& session, const Record& record, const QString& request)
 {
-    StoredFacts facts;
-    ValueReader reader(session.database());
-    HistoryStore::addTo(reader, request, facts.planOfRequest);
-    PlanRightsReader::addTo(reader, session.user().id, record, clientToday(), facts.rights);
-    if (const Security* security = securityOf(session, record)) {
-        SecurityStore::addTo(reader, security->symbol, facts.closes);
-        PlanFacts::addTo(reader, record, *security, facts.tradeableQuantity);
-    }
-    if (!planId.isEmpty())
-        InstructionStore::addTo(reader, planId, facts.use);
-    const Status status = reader.read();
-    return status ? Result<StoredFacts>(facts) : status;
-}
-
-PlanCheck::Known knownFor(ClientSession& session, const Record& record, const StoredFacts& facts)
-{
-    const QDate today = clientToday();
-    PlanCheck::Known known{ session.market(), session.calendar(), today, session.user().id, facts.rights, {}, 0 };
-    if (const Security* security = securityOf(session, record)) {
-        known.closes = PlanFacts::closesBefore(facts.closes, session.calendar(), *security, today);
-        known.sellable = static_cast<double>(facts.tradeableQuantity * security->displayFactor);
-    }
-    return known;
+    const SubmissionFacts* const facts = keptFacts().find(session, record);
+    if (!facts || !PlanCheck::creationError(record, facts->known(session, record)))
+        return QString();
+    const Result<QString> id = session.plans().createIf(keptFacts().version(), record, session.changeNow(request));
+    if (id && !id->isEmpty())
+        keptFacts().noteStored(session);
+    return id;
 }
 
 // A request that was stored before is answered with its plan.
-Result<QString> createUnlessStored(ClientSession& session, const Record& record, const QString& request)
+Result<QString> createUnlessStored(
+    ClientSession& session, const Record& record, const QString& request, SubmissionFacts& facts)
 {
-    const Result<StoredFacts> facts = factsOf(session, record, request);
-    if (!facts)
-        return facts.status();
-    if (facts->planOfRequest != 0)
-        return PlanId::fromNumber(facts->planOfRequest);
-    if (Status refused = PlanCheck::creationError(record, knownFor(session, record, *facts)); !refused)
+    const Result<SubmissionFacts> read = SubmissionFacts::read(session, record, request);
+    if (!read)
+        return read.status();
+    facts = *read;
+    if (facts.planOfRequest != 0)
+        return PlanId::fromNumber(facts.planOfRequest);
+    if (Status refused = PlanCheck::creationError(record, facts.known(session, record)); !refused)
         return refused;
     return session.plans().create(record, session.changeNow(request));
+}
+
+// Rights and plans are read, checked and written in one transaction, so that they cannot change in between.
+Result<QString> createInTransaction(ClientSession& session, const Record& record, const QString& request)
+{
+    QString id;
+    SubmissionFacts facts;
+    const Status status = session.database().transaction([&] {
+        const Result<QString> created = createUnlessStored(session, record, request, facts);
+        id = created.valueOr(QString());
+        return created.status();
+    });
+    if (!status)
+        return status;
+    keptFacts().keep(session, record, facts);
+    return id;
 }
 
 struct PlanChange {
@@ -126,7 +115,7 @@ Status storeChange(ClientSession& session, const PlanChange& change, std::option
         return stored.status();
     if (stored->id.isEmpty())
         return { Error::UnknownPlan, { change.planId } };
-    const Result<StoredFacts> facts = factsOf(session, change.record, change.request, change.planId);
+    const Result<SubmissionFacts> facts = SubmissionFacts::read(session, change.record, change.request, change.planId);
     if (!facts || facts->planOfRequest != 0)
         return facts.status();
     if (change.version == 0)
@@ -140,8 +129,8 @@ Status storeChange(ClientSession& session, const PlanChange& change, std::option
     }
     Status refused = PlanLife::changeError(*stored);
     if (refused)
-        refused = PlanCheck::changeError(stored->record, change.record, PlanFacts::used(*stored, facts->use),
-            knownFor(session, change.record, *facts));
+        refused = PlanCheck::changeError(
+            stored->record, change.record, PlanFacts::used(*stored, facts->use), facts->known(session, change.record));
     return refused ? plans.replace(*stored, change.record, session.changeNow(change.request)) : refused;
 }
 
@@ -197,19 +186,15 @@ void PlanSubmission::acknowledge(const QString& planId, int version)
     Q_EMIT PlanEvents::instance().planStored(planId);
 }
 
-// Rights and plans are read, checked and written in one transaction, so that they cannot change in between.
 Result<QString> PlanSubmission::create(const Record& record, const QString& request)
 {
     if (const Status refused = checkForm(); !refused)
         return refused;
     ClientSession& session = ClientSession::instance();
-    QString id;
-    const Status status = session.database().transaction([&] {
-        const Result<QString> created = createUnlessStored(session, record, request);
-        id = created.valueOr(QString());
-        return created.status();
-    });
-    return status ? Result<QString>(id) : storedDespite(status, request, 1);
+    Result<QString> id = createByKeptFacts(session, record, request);
+    if (id && id->isEmpty())
+        id = createInTransaction(session, record, request);
+    return id ? id : storedDespite(id.status(), request, 1);
 }
 
 Status PlanSubmission::change(const QString& planId, int version, const Record& record, const QString& request,

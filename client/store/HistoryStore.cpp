@@ -39,13 +39,17 @@ std::optional<HistoryEntry::Fields> fieldsOf(const QVariant& json)
     return json.isNull() ? HistoryEntry::Fields() : StoredTexts::fromJson(json.toString());
 }
 
-/// The statement that adds an entry; `plan`: the expression of its plan's number.
-QString insertion(const QString& plan)
+/// The statement that adds an entry. `values`: the row, in which %1 are all columns except its plan's number.
+QString insertion(const char* values)
 {
-    return QStringLiteral(
-        "INSERT INTO history (plan, event, version, subject, before, after, \"user\", time, client, request)"
-        " VALUES (%1, ?, ?, ?, ?, ?, ?, ?, ?, ?)")
-        .arg(plan);
+    return QStringLiteral("INSERT INTO history"
+                          " (plan, event, version, subject, before, after, \"user\", time, client, request) ")
+        + QString::fromLatin1(values).arg(QStringLiteral("?, ?, ?, ?, ?, ?, ?, ?, ?"));
+}
+
+QString insertion()
+{
+    return insertion("VALUES (?, %1)");
 }
 
 /// The values of its other columns.
@@ -85,7 +89,7 @@ QString HistoryStore::eventName(HistoryEvent event)
 Status HistoryStore::add(const HistoryEntry& entry, const Change& change)
 {
     const QVariant plan = entry.plan != 0 ? QVariant(entry.plan) : QVariant();
-    return m_database.execute(insertion(QStringLiteral("?")), QVariantList{ plan } + valuesOf(entry, change));
+    return m_database.execute(insertion(), QVariantList{ plan } + valuesOf(entry, change));
 }
 
 // A server gets both in one statement, which saves a round trip.
@@ -94,15 +98,14 @@ Result<qint64> HistoryStore::addWith(const SqlQuery& planChange, const HistoryEn
     const QVariantList values = valuesOf(entry, change);
     if (m_database.dialect().nestsChanges) {
         const QString statement = QStringLiteral("WITH changed AS (%1), noted AS (%2) SELECT number FROM changed")
-                                      .arg(planChange.text, insertion(QStringLiteral("(SELECT number FROM changed)")));
+                                      .arg(planChange.text, insertion("SELECT number, %1 FROM changed"));
         return m_database.insert(statement, planChange.values + values);
     }
     qint64 number = 0;
     const Status status = m_database.transaction([&] {
         const Result<qint64> changed = m_database.insert(planChange.text, planChange.values);
         number = changed.valueOr(0);
-        return changed ? m_database.execute(insertion(QStringLiteral("?")), QVariantList{ number } + values)
-                       : changed.status();
+        return changed ? m_database.execute(insertion(), QVariantList{ number } + values) : changed.status();
     });
     return status ? Result<qint64>(number) : status;
 }
