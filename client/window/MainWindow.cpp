@@ -186,20 +186,14 @@ void MainWindow::buildActions()
     connect(reload, &QAction::triggered, this, &MainWindow::refresh);
 
     const QList<QAction*> ofPlans{ create, m_edit, m_copy };
-    auto* const states = new StateActions(
-        this, [this] { return chosenPlans(); },
-        [this] {
-            const QString& account = Kelvo_Fields::UserAccount::tradingAccount;
-            return m_table->currentPlan().record.value(account).toString();
-        });
-    connect(states, &StateActions::finished, this, &MainWindow::statesChanged);
+    const QList<QAction*> ofStates = stateActions();
     auto* const line = new QAction(this);
     line->setSeparator(true);
-    m_table->addActions(ofPlans + QList<QAction*>{ line } + states->actions());
+    m_table->addActions(ofPlans + QList<QAction*>{ line } + ofStates);
     QMenu* const plans = menuBar()->addMenu(tr("计划(&P)"));
     plans->addActions(ofPlans);
     plans->addSeparator();
-    plans->addActions(states->actions());
+    plans->addActions(ofStates);
     plans->addSeparator();
     plans->addAction(issue);
     QMenu* const view = menuBar()->addMenu(tr("视图(&V)"));
@@ -208,6 +202,18 @@ void MainWindow::buildActions()
     bar->setObjectName(QStringLiteral("toolBar"));
     bar->setMovable(false);
     bar->addActions(ofPlans + QList<QAction*>{ skin, issue });
+}
+
+QList<QAction*> MainWindow::stateActions()
+{
+    auto* const states = new StateActions(
+        this, [this] { return chosenPlans(); },
+        [this] {
+            const QString& account = Kelvo_Fields::UserAccount::tradingAccount;
+            return m_table->currentPlan().record.value(account).toString();
+        });
+    connect(states, &StateActions::finished, this, &MainWindow::statesChanged);
+    return states->actions();
 }
 
 void MainWindow::buildStatus()

@@ -42,6 +42,7 @@ protected:
 private:
     QWidget* buildList();
     void buildActions();
+    QList<QAction*> stateActions();
     void buildStatus();
     QAction* addAction(const QString& name, const QString& text, const QList<QKeySequence>& keys);
     void formClosed(const QString& storedPlan);
