@@ -14,6 +14,7 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <optional>
 
 namespace {
 
@@ -72,6 +73,33 @@ QStringList initialValues(const StrategyDefinition& strategy)
     }
     return values;
 }
+
+/// Qt lays out all rows again for each widget that appears. Until this object ends, it waits.
+class LayoutPause {
+public:
+    explicit LayoutPause(QWidget* form)
+        : m_layouts(form->findChildren<QLayout*>())
+        , m_form(form)
+    {
+        setEnabled(false);
+    }
+    ~LayoutPause()
+    {
+        setEnabled(true);
+        m_form->layout()->activate();
+    }
+    Q_DISABLE_COPY(LayoutPause)
+
+private:
+    void setEnabled(bool isEnabled) const
+    {
+        for (QLayout* const layout : m_layouts)
+            layout->setEnabled(isEnabled);
+    }
+
+    QList<QLayout*> m_layouts;
+    QWidget* m_form;
+};
 
 void setVisibleRow(const ControlInput& input, bool isVisible)
 {
@@ -269,6 +297,7 @@ void ParameterForm::takeInput(int input)
 void ParameterForm::showState()
 {
     const QScopedValueRollback<bool> rollback(m_isShowing, true);
+    std::optional<LayoutPause> pause;
     for (ControlInput& input : m_inputs) {
         if (!input.widget)
             continue;
@@ -279,8 +308,11 @@ void ParameterForm::showState()
         }
         if (input.widget->isEnabled() != m_state.isEnabled(input.control))
             input.widget->setEnabled(m_state.isEnabled(input.control));
-        if (input.widget->isHidden() == m_state.isVisible(input.control))
-            setVisibleRow(input, m_state.isVisible(input.control));
+        if (input.widget->isHidden() != m_state.isVisible(input.control))
+            continue;
+        if (!pause)
+            pause.emplace(this);
+        setVisibleRow(input, m_state.isVisible(input.control));
     }
 }
 
