@@ -9,6 +9,7 @@
 #include <QEventLoop>
 #include <QFile>
 #include <QLineEdit>
+#include <QScrollArea>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -19,6 +20,7 @@ constexpr int Parameters = 100;
 constexpr int Edits = 200;
 constexpr int UsualParameters = 20;
 constexpr int Files = 1000;
+constexpr QSize Shown(500, 600);
 
 QString withQuotes(QString text)
 {
@@ -79,8 +81,13 @@ StrategyDefinition readLarge()
 
 void keyInPanel(benchmark::State& state)
 {
-    ParameterForm form(readLarge(), nullptr);
-    showPainted(form);
+    // The panel shows a form that is higher than the screen in a scroll area.
+    QScrollArea area;
+    auto& form = *new ParameterForm(readLarge(), &area);
+    area.setWidgetResizable(true);
+    area.setWidget(&form);
+    area.resize(Shown);
+    showPainted(area);
     auto* const edit = form.findChild<QWidget*>(QStringLiteral("input_P0"))->findChild<QLineEdit*>();
     edit->setFocus();
     double slowest = 0;
