@@ -351,5 +351,48 @@ enum class Error {
     DateExcluded,    ///< date
     LastBeforeFirst, ///< first date
     InputRefused,    ///< caption, why the text of the field cannot be used
-    Count,           ///< not a failure: how many codes there are
+    // --- Tables in files, their import and export
+    NulInText,
+    WrongEncoding, ///< encoding
+    Utf16Text,
+    RowTooLong,   ///< largest number of bytes
+    TooManyCells, ///< largest number
+    QuoteMisplaced,
+    QuoteNotClosed,
+    WorkbookInvalid,
+    WorkbookTooLarge, ///< largest number of bytes
+    NoJsonTable,
+    TableNotWritten, ///< why
+    Cancelled,
+    NoHeadings,
+    UnknownHeading,   ///< heading, the columns that there are
+    DuplicateHeading, ///< heading
+    MissingHeadings,  ///< the missing columns
+    CellBeyondHeadings,
+    CellMissing,            ///< caption
+    DateWithoutYear,        ///< text
+    DuplicateLine,          ///< what identifies the line, the other line
+    SecurityInUse,          ///< symbol, caption
+    StillInUse,             ///< what would be removed
+    CloseMissing,           ///< symbol, day
+    NotADayOfSecurity,      ///< symbol, day
+    MalformedSymbol,        ///< symbol
+    TradeableAboveQuantity, ///< tradeable quantity, quantity
+    NotInUnits,             ///< quantity, factor
+    UserNameInUse,          ///< user id
+    FileNotImported,        ///< number of faults
+    ImportNotConfirmed,
+    NothingStored,
+    ReplaceNotPossible, ///< kind
+    UnknownKind,        ///< kind, the kinds that there are
+    PlanOfOtherVersion, ///< plan id, version in the file, version
+    UnknownFileFormat,  ///< file name
+    QuantityAndAmount,
+    ParametersNotJson,
+    StateNotImported, ///< state
+    FileRefused,      ///< file; cause
+    BadRulebookLine,  ///< number of the line; cause
+    RulebookGap,      ///< board, day
+    RowsRefused,      ///< number of rows
+    Count,            ///< not a failure: how many codes there are
 };
