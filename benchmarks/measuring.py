@@ -6,6 +6,8 @@ import subprocess
 import tempfile
 import time
 
+import importing
+
 SECURITIES = [1_000, 10_000, 100_000, 1_000_000]
 ACCOUNTS = [1, 100, 10_000]
 PLANS = [1, 1_000, 10_000, 100_000]
@@ -216,6 +218,15 @@ def _issue(programs, least, ratios, again):
     least.note(("issue in sheet",), printed["issueInSheet"]["real_time"])
 
 
+def _import(programs, ratios, memory):
+    def measured(days):
+        return importing.measure(ROOT, os.path.join(programs.bin, "plandesk"), programs.data, programs.environment, days)
+    seconds, bare, many = measured(importing.DAYS)
+    _, _, few = measured(importing.FEW_DAYS)
+    ratios.append(seconds / bare)
+    memory.append(many / few)
+
+
 def _start_and_end(programs, least, plans):
     copy = programs.copy_of(programs.database(plans=plans))
     programs.start_and_end(copy)
@@ -235,7 +246,7 @@ def _server(programs, server):
 def measure(programs, rounds, log):
     """Measures everything in the given number of rounds. Returns the figures by name and the growth for the diagrams."""
     least, ratios, syncs, reads, editors = Least(), [], [], [], []
-    issue, again, advisor = [], [], []
+    issue, again, advisor, imports, memory = [], [], [], [], []
     server = {name: [] for name in
               ("server_confirm_ratio", "server_notice_ratio", "server_page_ratio", "server_clients_ratio")}
     for number in range(rounds):
@@ -266,6 +277,8 @@ def measure(programs, rounds, log):
             _check(programs, least, instructions)
         log(f"  {ISSUED_PLANS:,} plans issued")
         _issue(programs, least, issue, again)
+        log(f"  {importing.SECURITIES:,} securities with {importing.DAYS} closes imported")
+        _import(programs, imports, memory)
         for plans in STARTED_PLANS:
             log(f"  start with {plans:,} plans")
             _start_and_end(programs, least, plans)
@@ -279,6 +292,8 @@ def measure(programs, rounds, log):
     editors.append(printed["after_1000_mib"] / printed["after_50_mib"])
     figures = _figures(least, ratios, syncs, reads, editors)
     figures["issue_ratio"] = median(issue)
+    figures["import_ratio"] = median(imports)
+    figures["import_memory"] = median(memory)
     figures["advisor_ms"] = least[("advisor",)]
     figures["advisor_ratio"] = median(advisor)
     figures["issue_again_ratio"] = median(again)

@@ -167,14 +167,19 @@ AccountAdministration::AccountAdministration(Administration& administration)
 
 Result<QStringList> AccountAdministration::addAccount(const QString& account, const Items& items)
 {
+    return m_administration.run(
+        [&](Database& database, QStringList& lines) { return write(database, account, items, lines); });
+}
+
+Status AccountAdministration::write(Database& database, const QString& account, const Items& items, QStringList& lines)
+{
     if (Status status = Administration::checkText(QStringLiteral("账户"), account); !status)
         return status;
     for (auto item = items.cbegin(); item != items.cend(); ++item) {
         if (Status status = Administration::checkText(item.key(), item.value()); !status)
             return status;
     }
-    return m_administration.run(
-        [&](Database& database, QStringList& lines) { return addOrChange(database, account, items, lines); });
+    return addOrChange(database, account, items, lines);
 }
 
 Result<QStringList> AccountAdministration::setLimits(const QString& account, const Items& items)

@@ -16,6 +16,8 @@ public:
     /// "ordinary" unless given; the code of an exchange is the name of the security account there. Of a present one the
     /// given items are changed.
     Result<QStringList> addAccount(const QString& account, const Items& items);
+    /// The same within a transaction.
+    static Status write(Database& database, const QString& account, const Items& items, QStringList& lines);
     /// Sets "quantity", "amount" and "price-band" of an account, or the usual ones of the account "usual". An item is a
     /// positive number, or "usual" for none of the account's own. The others are kept.
     Result<QStringList> setLimits(const QString& account, const Items& items);

@@ -1,7 +1,6 @@
 #include "UserAdministration.h"
 
-#include "AccountStore.h"
-#include "AuthorityStore.h"
+#include "AccountRights.h"
 #include "LoginRoles.h"
 
 #include <QRandomGenerator>
@@ -27,94 +26,6 @@ Status checkUser(Database& database, const QString& id)
         return user.status();
     return user->id.isEmpty() ? Status(Error::UnknownUser, { id }) : Status();
 }
-
-/// The rights of one user to one account.
-class AccountRights {
-public:
-    AccountRights(Database& database, const QString& user, const QString& account, QStringList& lines)
-        : m_accounts(database)
-        , m_authorities(database)
-        , m_user(user)
-        , m_account(account)
-        , m_lines(lines)
-    {
-    }
-
-    Status assign()
-    {
-        const Result<int> assigned = isAssigned();
-        if (!assigned || *assigned != 0)
-            return assigned.status();
-        note(QStringLiteral("分配账户%1"));
-        return m_accounts.assign(m_user, m_account);
-    }
-
-    Status grant(const QString& type, int property)
-    {
-        const Result<Rights> present = m_authorities.rights(m_user, m_account, type);
-        if (!present)
-            return present.status();
-        Status status;
-        if (!present->authority) {
-            note(QStringLiteral("账户%1增加指令类型%2"), type);
-            status = m_authorities.grant(m_user, m_account, type);
-        }
-        if (!status || present->ruleProperty == property)
-            return status;
-        note(property == 0 ? QStringLiteral("账户%1指令类型%2不须复核") : QStringLiteral("账户%1指令类型%2须复核"),
-            type);
-        return m_authorities.setRuleProperty(m_user, m_account, type, property);
-    }
-
-    Status revoke(const QStringList& types)
-    {
-        const Result<QStringList> present = m_authorities.types(m_user, m_account);
-        Status status = present.status();
-        for (const QString& type : types) {
-            if (!status || !present->contains(type))
-                continue;
-            note(QStringLiteral("账户%1收回指令类型%2"), type);
-            status = m_authorities.revoke(m_user, m_account, type);
-        }
-        return status;
-    }
-
-    Status unassign()
-    {
-        const Result<QStringList> types = m_authorities.types(m_user, m_account);
-        Status status = types ? revoke(*types) : types.status();
-        const Result<int> assigned = isAssigned();
-        if (!status || !assigned || *assigned == 0)
-            return status ? assigned.status() : status;
-        note(QStringLiteral("收回账户%1"));
-        return m_accounts.unassign(m_user, m_account);
-    }
-
-private:
-    /// 1 or 0.
-    Result<int> isAssigned()
-    {
-        const auto accounts = m_accounts.accountsOf(m_user);
-        if (!accounts)
-            return accounts.status();
-        return std::any_of(accounts->cbegin(), accounts->cend(),
-                   [this](const StoredAccount& account) { return account.tradingAccount == m_account; })
-            ? 1
-            : 0;
-    }
-
-    void note(const QString& change, const QString& type = {})
-    {
-        const QString line = QStringLiteral("用户") + m_user + QStringLiteral("：");
-        m_lines << line + (type.isEmpty() ? change.arg(m_account) : change.arg(m_account, type));
-    }
-
-    AccountStore m_accounts;
-    AuthorityStore m_authorities;
-    const QString m_user;
-    const QString m_account;
-    QStringList& m_lines;
-};
 
 /// Adds one user with the login role.
 class NewUser {
@@ -142,7 +53,6 @@ public:
         return status ? setPassword(password, !role->exists) : status;
     }
 
-private:
     Status addRow()
     {
         const auto users = m_users.users();
@@ -162,6 +72,7 @@ private:
         return m_users.add(m_user);
     }
 
+private:
     Status enable(bool isPresent)
     {
         note(isPresent ? QStringLiteral("登录角色可以登录") : QStringLiteral("登录角色已建立"));
@@ -198,6 +109,32 @@ Status unassignAll(Database& database, const QString& user, QStringList& lines)
     return status;
 }
 
+Status check(const StoredUser& user)
+{
+    Status status = LoginRoles::check(user.id);
+    return status ? Administration::checkText(QStringLiteral("姓名"), user.name) : status;
+}
+
+// Plans and approval chains name users.
+Status rename(Database& database, const StoredUser& user, QStringList& lines)
+{
+    UserStore users(database);
+    const auto all = users.users();
+    if (!all)
+        return all.status();
+    const auto known =
+        std::find_if(all->cbegin(), all->cend(), [&](const StoredUser& one) { return one.id == user.id; });
+    const auto namesake =
+        std::find_if(all->cbegin(), all->cend(), [&](const StoredUser& one) { return one.name == user.name; });
+    if (known == all->cend() || known->name == user.name || namesake != all->cend())
+        return {};
+    const Result<int> isUsed = users.isNameUsed(known->name);
+    if (!isUsed || *isUsed != 0)
+        return isUsed ? Status(Error::UserNameInUse, { user.id }) : isUsed.status();
+    lines << QStringLiteral("用户%1：姓名由%2改为%3").arg(user.id, known->name, user.name);
+    return users.rename(user);
+}
+
 Status disable(Database& database, const QString& user, QStringList& lines)
 {
     LoginRoles roles(database);
@@ -223,12 +160,22 @@ UserAdministration::UserAdministration(Administration& administration)
 
 Result<QStringList> UserAdministration::addUser(const StoredUser& user, const NewPassword& password)
 {
-    if (Status status = LoginRoles::check(user.id); !status)
+    return m_administration.run([&](Database& database, QStringList& lines) {
+        const Status status = check(user);
+        return status ? NewUser(database, user, lines).add(password) : status;
+    });
+}
+
+Status UserAdministration::write(
+    Database& database, const StoredUser& user, const NewPassword& password, QStringList& lines)
+{
+    Status status = check(user);
+    if (status)
+        status = rename(database, user, lines);
+    if (!status)
         return status;
-    if (Status status = Administration::checkText(QStringLiteral("姓名"), user.name); !status)
-        return status;
-    return m_administration.run(
-        [&](Database& database, QStringList& lines) { return NewUser(database, user, lines).add(password); });
+    NewUser added(database, user, lines);
+    return database.role().isEmpty() ? added.addRow() : added.add(password);
 }
 
 // The privileges are gone with the transaction. What is left is to free what open connections hold.

@@ -27,6 +27,10 @@ public:
     /// Takes the types from the user; no types: the whole account.
     Result<QStringList> revoke(const QString& id, const QString& account, const QStringList& types);
 
+    /// Adds the user within a transaction, or completes what is missing; in a file without a login role. A user with
+    /// another name gets the new one unless the old one is used.
+    static Status write(Database& database, const StoredUser& user, const NewPassword& password, QStringList& lines);
+
 private:
     Administration& m_administration;
 };

@@ -21,6 +21,11 @@ QDir userFolder()
     return QDir(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)).filePath(FolderName);
 }
 
+QString userFile(const QString& name)
+{
+    return userFolder().filePath(name + QStringLiteral(".csv"));
+}
+
 Status store(const QByteArray& csv, const QString& path)
 {
     QSaveFile file(path);
@@ -82,11 +87,23 @@ Result<QDate> ClosureFiles::install(const QString& path)
     const Result<QByteArray> csv = read(path);
     if (!csv)
         return csv.status();
+    const Result<QDate> last = installText(*csv, QFileInfo(path).completeBaseName());
+    const bool isRefused = !last && last.status().error() != Error::FileNotWritten;
+    return isRefused ? Result<QDate>(Status(Error::ClosureFileUnreadable, { path }, last.status())) : last;
+}
+
+Result<QDate> ClosureFiles::installText(const QByteArray& csv, const QString& name)
+{
     TradeCalendar extended = calendar();
-    if (Status status = extended.add(*csv); !status)
-        return Status(Error::ClosureFileUnreadable, { path }, status);
-    if (Status status = store(*csv, userFolder().filePath(QFileInfo(path).completeBaseName() + QStringLiteral(".csv")));
-        !status)
+    if (Status status = extended.add(csv); !status)
+        return status;
+    if (Status status = store(csv, userFile(name)); !status)
         return status;
     return extended.lastKnownDay();
+}
+
+QByteArray ClosureFiles::installed(const QString& name)
+{
+    const Result<QByteArray> csv = read(userFile(name));
+    return csv.valueOr({});
 }

@@ -28,5 +28,9 @@ const TradeCalendar& calendar();
 /// Checks a file against the calendar and copies it to the user's folder, where it replaces a file of that name.
 /// Returns the last day that the calendar knows with it.
 Result<QDate> install(const QString& path);
+/// The same for the text of a file with this base name.
+Result<QDate> installText(const QByteArray& csv, const QString& name);
+/// The text of the user's file with a base name; empty if there is none.
+QByteArray installed(const QString& name);
 
 } // namespace ClosureFiles

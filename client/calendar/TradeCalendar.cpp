@@ -42,6 +42,11 @@ const TradeCalendar& TradeCalendar::builtIn()
     return calendar;
 }
 
+QString TradeCalendar::headings()
+{
+    return Headings;
+}
+
 Status TradeCalendar::add(const QByteArray& csv)
 {
     const Result<Table> read = TradeCalendar::read(csv);

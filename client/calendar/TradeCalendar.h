@@ -19,6 +19,8 @@ public:
     /// The calendar with the closures built into the program.
     static const TradeCalendar& builtIn();
 
+    /// The first line of a table of closures.
+    static QString headings();
     /// Reads closures as `market,date,holiday,status` lines after a header line. The years of a market that the text
     /// lists replace the present ones. If the text is invalid or would leave out a year, keeps the calendar.
     Status add(const QByteArray& csv);

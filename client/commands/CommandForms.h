@@ -12,6 +12,10 @@ inline const QString Sample = QStringLiteral("sample");
 inline const QString Review = QStringLiteral("review");
 inline const QString PasswordFromInput = QStringLiteral("password-stdin");
 inline const QString GeneratePassword = QStringLiteral("generate-password");
+inline const QString Replace = QStringLiteral("replace");
+inline const QString DryRun = QStringLiteral("dry-run");
+inline const QString Yes = QStringLiteral("yes");
+inline const QString Empty = QStringLiteral("empty");
 } // namespace Flag
 
 /// What a command looks like on the command line.

@@ -12,6 +12,7 @@
 #include "ServerLocation.h"
 #include "SessionStart.h"
 #include "StrategyCommand.h"
+#include "TransferCommands.h"
 
 #include <QFileInfo>
 #include <QJsonArray>
@@ -76,6 +77,8 @@ CommandFunction commandNamed(const QString& name)
     all.insert(QStringLiteral("backup"), backUp);
     all.insert(QStringLiteral("history"), planHistory);
     all.insert(QStringLiteral("import-closures"), importClosures);
+    all.insert(QStringLiteral("import"), importFiles);
+    all.insert(QStringLiteral("export"), exportKind);
     return all.value(name);
 }
 
@@ -91,6 +94,7 @@ int runCommand(const Options& options)
         printLine(stderr, QStringLiteral("plandesk: ") + oneLine(errorText(report.status())));
         return Failure;
     }
-    printLine(stdout, *report);
+    if (!report->isEmpty())
+        printLine(stdout, *report);
     return Success;
 }

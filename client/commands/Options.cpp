@@ -127,20 +127,22 @@ private:
         return {};
     }
 
-    /// Of the options without a value, the issue of a day has some and the window none.
+    /// The options without a value that belong to no command.
     Status checkFlags() const
     {
         const QStringList names = m_parser.optionNames();
         for (const QString& name : names) {
-            if (flagNames().contains(name) && !isOfIssue(name))
+            if (flagNames().contains(name) && !isOfProgram(name))
                 return { Error::OptionOfCommand, { name, ownersOf(name).join(QStringLiteral("、")) } };
         }
         return {};
     }
 
-    bool isOfIssue(const QString& flag) const
+    bool isOfProgram(const QString& flag) const
     {
         const bool isPreview = m_parser.isSet(Flag::IssuePreview);
+        if (flag == Flag::Empty)
+            return !isIssueSet();
         return flag == Flag::IssuePreview || (flag == Flag::Simulate && isIssueSet())
             || (flag == Flag::Json && isPreview);
     }
@@ -235,7 +237,13 @@ private:
     const QList<QCommandLineOption> m_flags{
         { Flag::IssuePreview, QStringLiteral("列出今天或--issue-day的日期会下达的指令并退出，不下达。") },
         { Flag::Simulate, QStringLiteral("下达或预览时不限于今天和市场的委托时间。") },
-        { Flag::Json, QStringLiteral("以JSON输出命令history、check-strategies、admin list和--issue-preview的结果。") },
+        { Flag::Json,
+            QStringLiteral(
+                "以JSON输出命令history、check-strategies、import、export、admin list和--issue-preview的结果。") },
+        { Flag::Replace, QStringLiteral("import删除文件中没有的内容，先列出并询问。") },
+        { Flag::DryRun, QStringLiteral("import只检查并列出会发生的变化，不保存。") },
+        { Flag::Yes, QStringLiteral("import --replace不再询问。") },
+        { Flag::Empty, QStringLiteral("新建的数据库不写入示例数据。") },
         { Flag::Sample, QStringLiteral("admin init写入示例数据。") },
         { Flag::Review, QStringLiteral("admin grant的指令须经复核。") },
         { Flag::PasswordFromInput, QStringLiteral("admin add-user从标准输入的第一行读取密码。") },

@@ -1,6 +1,7 @@
 #include "SessionStart.h"
 
 #include "ClientSession.h"
+#include "CommandForms.h"
 #include "ServerLocation.h"
 
 #include <QDir>
@@ -80,12 +81,13 @@ QString databaseOf(const Options& options)
 Status startSession(const Options& options)
 {
     const QString file = databaseOf(options);
-    // Only the window and the walk-through start with sample data; elsewhere the file's name is mistyped.
+    // Only the window and the walk-through create a database; elsewhere the file's name is mistyped.
     const bool isMissing = !ServerLocation::isServer(file) && !QFileInfo::exists(file);
     if (!options.wantsWindow() && options.folder.isEmpty() && isMissing)
         return Status(Error::CannotOpenDatabase, { file }, Error::NotAFile);
     ClientSession::Options sample;
     sample.marketSize = options.securities;
+    sample.isEmpty = options.flags.contains(Flag::Empty);
     SampleProgress progress(options.wantsWindow());
     Status status = ClientSession::instance().open(file, options.user, std::ref(progress), sample);
     return status ? checkSize(options, file) : status;

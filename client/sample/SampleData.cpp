@@ -8,6 +8,7 @@
 #include "SampleAccounts.h"
 #include "SampleTexts.h"
 #include "SecurityStore.h"
+#include "UserStore.h"
 
 namespace {
 
@@ -51,4 +52,18 @@ Status SampleData::write(Database& database, int marketSize, const SampleMarket:
     if (Status status = writeStrategyLists(database); !status)
         return status;
     return SampleAccounts::write(database, QDateTime(options.lastDay, QTime(9, 0)));
+}
+
+Status SampleData::writeTexts(Database& database)
+{
+    return SampleTexts::write(database);
+}
+
+Result<int> SampleData::isUnwritten(Database& database)
+{
+    const auto users = UserStore(database).users();
+    const auto texts = StaticTextStore(database).texts();
+    if (!users || !texts)
+        return users ? texts.status() : users.status();
+    return users->isEmpty() && texts->isEmpty() ? 1 : 0;
 }

@@ -9,4 +9,9 @@ namespace SampleData {
 /// usual one. Call it within a transaction, which is rolled back if it fails.
 Status write(Database& database, int marketSize, const SampleMarket::Progress& progress);
 
+/// Writes what every database needs, but no sample: the texts of codes and the agreement.
+Status writeTexts(Database& database);
+/// Whether neither of both was written: 1 or 0.
+Result<int> isUnwritten(Database& database);
+
 } // namespace SampleData

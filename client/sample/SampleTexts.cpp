@@ -1,6 +1,7 @@
 #include "SampleTexts.h"
 
 #include "AgreementStore.h"
+#include "CodeWords.h"
 #include "ConfigurationStore.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Values.h"
@@ -22,10 +23,14 @@ QVector<StaticText> planTexts()
 {
     using namespace PlanCodes;
     return {
-        { StaticCategory::InstructionType, InstructionType::Ordinary, QStringLiteral("普通交易") },
-        { StaticCategory::InstructionType, InstructionType::Credit, QStringLiteral("信用交易") },
-        { StaticCategory::InstructionType, InstructionType::Bond, QStringLiteral("债券交易") },
-        { StaticCategory::InstructionType, InstructionType::HkConnect, QStringLiteral("港股通交易") },
+        { StaticCategory::InstructionType, InstructionType::Ordinary,
+            CodeWords::instructionTypes().word(InstructionType::Ordinary) },
+        { StaticCategory::InstructionType, InstructionType::Credit,
+            CodeWords::instructionTypes().word(InstructionType::Credit) },
+        { StaticCategory::InstructionType, InstructionType::Bond,
+            CodeWords::instructionTypes().word(InstructionType::Bond) },
+        { StaticCategory::InstructionType, InstructionType::HkConnect,
+            CodeWords::instructionTypes().word(InstructionType::HkConnect) },
         { StaticCategory::TargetType, InstructionTargetType::QtyOrder, QStringLiteral("按数量") },
         { StaticCategory::TargetType, InstructionTargetType::AmountOrder, QStringLiteral("按金额") },
     };
@@ -35,10 +40,11 @@ QVector<StaticText> exchangeTexts()
 {
     const QString& category = OrloConstants::DictionaryKey::exchangeChineseName;
     return {
-        { category, Kelvo_Values::Exchange::sh, QStringLiteral("上海证券交易所") },
-        { category, Kelvo_Values::Exchange::sz, QStringLiteral("深圳证券交易所") },
-        { category, Orlo_Values::Exchange::bj, QStringLiteral("北京证券交易所") },
-        { category, Orlo_Values::Exchange::HkStockCirculation, QStringLiteral("港股通") },
+        { category, Kelvo_Values::Exchange::sh, CodeWords::exchanges().word(Kelvo_Values::Exchange::sh) },
+        { category, Kelvo_Values::Exchange::sz, CodeWords::exchanges().word(Kelvo_Values::Exchange::sz) },
+        { category, Orlo_Values::Exchange::bj, CodeWords::exchanges().word(Orlo_Values::Exchange::bj) },
+        { category, Orlo_Values::Exchange::HkStockCirculation,
+            CodeWords::exchanges().word(Orlo_Values::Exchange::HkStockCirculation) },
     };
 }
 

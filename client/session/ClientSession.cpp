@@ -294,7 +294,7 @@ Status ClientSession::openFor(
 {
     if (Status status = m_database.open(file); !status)
         return status;
-    if (Status status = writeSample(progress, options); !status)
+    if (Status status = fillNew(userId, progress, options); !status)
         return status;
     if (Status status = m_market.load(m_database); !status)
         return status;
@@ -303,19 +303,22 @@ Status ClientSession::openFor(
 
 // An administrator fills the database of a server. Looks again under the write lock: another client may have written
 // the data in the meantime.
-Status ClientSession::writeSample(const Progress& progress, const Options& options)
+Status ClientSession::fillNew(const QString& userId, const Progress& progress, const Options& options)
 {
     if (!m_database.role().isEmpty())
         return {};
-    UserStore store(m_database);
-    const auto known = store.users();
-    if (!known || !known->isEmpty())
-        return known.status();
+    const Result<int> isNew = SampleData::isUnwritten(m_database);
+    if (!isNew || *isNew == 0)
+        return isNew.status();
     return m_database.transaction([&]() -> Status {
-        const auto users = store.users();
-        if (!users || !users->isEmpty())
-            return users.status();
-        return SampleData::write(m_database, options.marketSize, progress);
+        const Result<int> isStillNew = SampleData::isUnwritten(m_database);
+        if (!isStillNew || *isStillNew == 0)
+            return isStillNew.status();
+        if (!options.isEmpty)
+            return SampleData::write(m_database, options.marketSize, progress);
+        const QString first = userId.isEmpty() ? SampleAccounts::defaultUser() : userId;
+        Status status = SampleData::writeTexts(m_database);
+        return status ? UserStore(m_database).add({ first, first }) : status;
     });
 }
 

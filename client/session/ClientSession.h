@@ -26,6 +26,8 @@ public:
     struct Options {
         /// Number of securities in the sample market of a new database; 0 means the default.
         int marketSize = 0;
+        /// Whether a new database gets the user who logs in instead of the sample.
+        bool isEmpty = false;
     };
     /// Called with the progress of writing the sample data. Returning false stops it, and the session stays closed.
     using Progress = SampleMarket::Progress;
@@ -101,7 +103,7 @@ private:
     ~ClientSession();
 
     Status openFor(const QString& file, const QString& userId, const Progress& progress, const Options& options);
-    Status writeSample(const Progress& progress, const Options& options);
+    Status fillNew(const QString& userId, const Progress& progress, const Options& options);
     Status logIn(const QString& userId);
     Status reopen();
     Result<qint64> lookUpElsewhere(const Find& find);

@@ -29,6 +29,38 @@ Status AccountStore::change(const StoredAccount& account)
     });
 }
 
+Status AccountStore::removeExchange(const QString& tradingAccount, const QString& exchange)
+{
+    return m_database.execute(
+        QStringLiteral("DELETE FROM exchange_accounts WHERE trading_account = ? AND exchange = ?"),
+        { tradingAccount, exchange });
+}
+
+Status AccountStore::remove(const QString& tradingAccount)
+{
+    return m_database.transaction([&] {
+        Status status = m_database.execute(
+            QStringLiteral("DELETE FROM exchange_accounts WHERE trading_account = ?"), { tradingAccount });
+        return status
+            ? m_database.execute(QStringLiteral("DELETE FROM accounts WHERE trading_account = ?"), { tradingAccount })
+            : status;
+    });
+}
+
+Result<QStringList> AccountStore::usedAccounts()
+{
+    const QStringList tables{ QStringLiteral("plans"), QStringLiteral("positions"), QStringLiteral("user_accounts"),
+        QStringLiteral("order_authorities"), QStringLiteral("rule_properties"), QStringLiteral("approval_chains"),
+        QStringLiteral("account_limits"), QStringLiteral("limit_exceptions") };
+    QStringList parts;
+    for (const QString& table : tables)
+        parts << QStringLiteral("SELECT trading_account FROM ") + table;
+    return m_database.texts(
+        QStringLiteral("SELECT trading_account FROM (%1) AS used WHERE trading_account <> '' ORDER BY trading_account")
+            .arg(parts.join(QStringLiteral(" UNION "))),
+        {});
+}
+
 Status AccountStore::setExchanges(const StoredAccount& account)
 {
     Status status;

@@ -32,6 +32,12 @@ public:
     Status add(const StoredAccount& account);
     /// Replaces the data of the account. Exchange accounts are added or replaced; the others are kept.
     Status change(const StoredAccount& account);
+    /// Removes the security account at an exchange.
+    Status removeExchange(const QString& tradingAccount, const QString& exchange);
+    /// Removes the account with its security accounts. Nothing else may refer to it.
+    Status remove(const QString& tradingAccount);
+    /// The accounts to which plans, positions, users, approval chains or limits refer, ascending.
+    Result<QStringList> usedAccounts();
     /// Appends the account to the user's accounts.
     Status assign(const QString& userId, const QString& tradingAccount);
     Status unassign(const QString& userId, const QString& tradingAccount);

@@ -22,15 +22,32 @@ Status PositionStore::set(const StoredPosition& position)
             position.tradeableQuantity });
 }
 
+Status PositionStore::remove(const StoredPosition& position)
+{
+    return m_database.execute(
+        QStringLiteral("DELETE FROM positions WHERE trading_account = ? AND security_account = ? AND symbol = ?"),
+        { position.tradingAccount, position.securityAccount, position.symbol });
+}
+
+Result<QVector<StoredPosition>> PositionStore::all()
+{
+    return read(QStringLiteral("true ORDER BY trading_account, security_account, symbol"), {});
+}
+
 Result<QVector<StoredPosition>> PositionStore::positions(
     const QString& tradingAccount, const QString& securityAccount, const QString& symbol)
+{
+    return read(Condition, { tradingAccount, securityAccount, securityAccount, symbol });
+}
+
+Result<QVector<StoredPosition>> PositionStore::read(const QString& condition, const QVariantList& values)
 {
     QVector<StoredPosition> positions;
     Status status = m_database.read(
         QStringLiteral("SELECT trading_account, security_account, symbol, quantity, tradeable_quantity FROM positions"
                        " WHERE ")
-            + Condition,
-        { tradingAccount, securityAccount, securityAccount, symbol }, [&positions](const QSqlQuery& row) {
+            + condition,
+        values, [&positions](const QSqlQuery& row) {
             positions << StoredPosition{ row.value(0).toString(), row.value(1).toString(), row.value(2).toString(),
                 row.value(3).toLongLong(), row.value(4).toLongLong() };
         });

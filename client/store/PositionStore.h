@@ -21,6 +21,9 @@ public:
     explicit PositionStore(Database& database);
 
     Status set(const StoredPosition& position);
+    Status remove(const StoredPosition& position);
+    /// All positions, by account, security account and symbol.
+    Result<QVector<StoredPosition>> all();
     /// Positions of the account in one security; an empty security account means all of them.
     Result<QVector<StoredPosition>> positions(
         const QString& tradingAccount, const QString& securityAccount, const QString& symbol);
@@ -31,5 +34,7 @@ public:
         const QString& symbol, qint64& tradeableQuantity);
 
 private:
+    Result<QVector<StoredPosition>> read(const QString& condition, const QVariantList& values);
+
     Database& m_database;
 };

@@ -3,6 +3,14 @@
 #include "CloseCodec.h"
 #include "RowReader.h"
 
+namespace {
+
+const QString Columns = QStringLiteral("SELECT symbol, name, type, sub_type, exchange, price_precision, display_factor,"
+                                       " quantity_step, limit_per_mille, st_flag, st_text, last_close"
+                                       " FROM securities LEFT JOIN closing_prices ON security = position");
+
+} // namespace
+
 SecurityStore::SecurityStore(Database& database)
     : m_database(database)
 {
@@ -11,27 +19,68 @@ SecurityStore::SecurityStore(Database& database)
 Status SecurityStore::add(const Security& s, const CloseHistory& closes)
 {
     return m_database.transaction([&]() -> Status {
-        const Result<qint64> position = m_database.insert(
+        Status status = m_database.execute(
             QStringLiteral("INSERT INTO securities (symbol, name, type, sub_type, exchange, price_precision,"
                            " display_factor, quantity_step, limit_per_mille, st_flag, st_text)"
-                           " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?) RETURNING position"),
+                           " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
             { s.symbol, s.name, s.type, s.subType, s.exchange, s.pricePrecision, s.displayFactor, s.quantityStep,
                 s.limitPerMille, s.stFlag, s.stText });
-        if (!position || closes.ticks.isEmpty())
-            return position.status();
-        return m_database.execute(
-            QStringLiteral("INSERT INTO closing_prices (security, last_day, last_close, closes) VALUES (?, ?, ?, ?)"),
-            { *position, closes.lastDay.toString(Qt::ISODate), closes.ticks.constLast(),
-                CloseCodec::encode(closes.ticks) });
+        return status && !closes.ticks.isEmpty() ? setCloses(s.symbol, closes) : status;
     });
+}
+
+Status SecurityStore::change(const Security& s)
+{
+    return m_database.execute(
+        QStringLiteral("UPDATE securities SET name = ?, type = ?, sub_type = ?, exchange = ?, price_precision = ?,"
+                       " display_factor = ?, quantity_step = ?, limit_per_mille = ?, st_flag = ?, st_text = ?"
+                       " WHERE symbol = ?"),
+        { s.name, s.type, s.subType, s.exchange, s.pricePrecision, s.displayFactor, s.quantityStep, s.limitPerMille,
+            s.stFlag, s.stText, s.symbol });
+}
+
+Status SecurityStore::remove(const QString& symbol)
+{
+    return m_database.execute(QStringLiteral("DELETE FROM securities WHERE symbol = ?"), { symbol });
+}
+
+Status SecurityStore::setCloses(const QString& symbol, const CloseHistory& closes)
+{
+    if (closes.ticks.isEmpty())
+        return m_database.execute(QStringLiteral("DELETE FROM closing_prices WHERE security ="
+                                                 " (SELECT position FROM securities WHERE symbol = ?)"),
+            { symbol });
+    return m_database.execute(QStringLiteral("INSERT INTO closing_prices (security, last_day, last_close, closes)"
+                                             " VALUES ((SELECT position FROM securities WHERE symbol = ?), ?, ?, ?)"
+                                             " ON CONFLICT (security) DO UPDATE SET last_day = excluded.last_day,"
+                                             " last_close = excluded.last_close, closes = excluded.closes"),
+        { symbol, closes.lastDay.toString(Qt::ISODate), closes.ticks.constLast(), CloseCodec::encode(closes.ticks) });
+}
+
+Result<Security> SecurityStore::security(const QString& symbol)
+{
+    Security found;
+    const Status status =
+        m_database.read(Columns + QStringLiteral(" WHERE symbol = ?"), { symbol }, [&found](const QSqlQuery& row) {
+            const auto text = [&row](int column) { return row.value(column).toString(); };
+            const auto number = [&row](int column) { return row.value(column).toInt(); };
+            found = { text(0), text(1), text(2), text(3), text(4), number(5), number(6), number(7), number(8), text(9),
+                text(10), row.value(11).toLongLong() };
+        });
+    return status ? Result<Security>(found) : status;
+}
+
+Result<QStringList> SecurityStore::usedSymbols()
+{
+    return m_database.texts(
+        QStringLiteral("SELECT symbol FROM positions UNION SELECT symbol FROM plans WHERE symbol IS NOT NULL"
+                       " ORDER BY symbol"),
+        {});
 }
 
 Status SecurityStore::readAll(const std::function<void(Security&&)>& take)
 {
-    RowReader row(m_database,
-        QStringLiteral("SELECT symbol, name, type, sub_type, exchange, price_precision, display_factor,"
-                       " quantity_step, limit_per_mille, st_flag, st_text, last_close"
-                       " FROM securities LEFT JOIN closing_prices ON security = position ORDER BY position"));
+    RowReader row(m_database, Columns + QStringLiteral(" ORDER BY position"));
     while (row.next()) {
         Security s;
         s.symbol = row.text(0);

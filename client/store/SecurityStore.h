@@ -23,6 +23,17 @@ public:
     /// Appends a security with its closes, if any.
     Status add(const Security& security, const CloseHistory& closes);
 
+    /// Replaces the data of the security with this symbol; its place and its closes are kept.
+    Status change(const Security& security);
+    /// Removes a security with its closes. Nothing may refer to it.
+    Status remove(const QString& symbol);
+    /// Replaces the closes of a security; none are removed.
+    Status setCloses(const QString& symbol, const CloseHistory& closes);
+    /// A default security (empty symbol) if unknown.
+    Result<Security> security(const QString& symbol);
+    /// The symbols to which plans or positions refer, ascending.
+    Result<QStringList> usedSymbols();
+
     /// Calls `take` with every security in the order of addition.
     Status readAll(const std::function<void(Security&&)>& take);
     Result<int> count();

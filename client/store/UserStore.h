@@ -17,6 +17,9 @@ public:
     explicit UserStore(Database& database);
 
     Status add(const StoredUser& user);
+    Status rename(const StoredUser& user);
+    /// Whether plans or approval chains name somebody so: 1 or 0.
+    Result<int> isNameUsed(const QString& name);
     /// A default user (empty id) if unknown.
     Result<StoredUser> user(const QString& id);
     /// Ascending by id.

@@ -5,6 +5,7 @@
 #include "AutoPlanLogic.h"
 #include "CBusinessDataBase.h"
 #include "CDataBase.h"
+#include "CodeWords.h"
 #include "ControlValue.h"
 #include "DecimalText.h"
 #include "ErrorText.h"
@@ -23,7 +24,6 @@
 #include "PlanLife.h"
 #include "StrategyLibrary.h"
 
-#include <QHash>
 #include <QLocale>
 #include <QStringList>
 
@@ -35,51 +35,6 @@ namespace {
 
 /// Those of the form's field.
 constexpr int RatioDecimals = 4;
-
-using Words = QHash<QString, QString>;
-
-QString worded(const Words& words, const QString& code)
-{
-    return words.value(code, code);
-}
-
-const Words& planTypes()
-{
-    static const Words words{ { PlanType::CumulativeQty, QStringLiteral("累计数量") },
-        { PlanType::AverageQty, QStringLiteral("平均数量") }, { PlanType::SameElements, QStringLiteral("相同要素") },
-        { PlanType::ReduceHoldings, QStringLiteral("减持") } };
-    return words;
-}
-
-const Words& sides()
-{
-    static const Words words{ { Kelvo_Values::OrderSide::buy, QStringLiteral("买入") },
-        { Kelvo_Values::OrderSide::sell, QStringLiteral("卖出") } };
-    return words;
-}
-
-const Words& priceModes()
-{
-    static const Words words{ { PriceModel::NoLimit, QStringLiteral("不限价") },
-        { PriceModel::Custom, QStringLiteral("自定义") }, { PriceModel::CompareMax, QStringLiteral("比较值取最大") },
-        { PriceModel::CompareMin, QStringLiteral("比较值取最小") } };
-    return words;
-}
-
-const Words& instructionModes()
-{
-    static const Words words{ { InstMode::ActiveManage, QStringLiteral("主动管理") },
-        { InstMode::NormalReview, QStringLiteral("普通交易复核") },
-        { InstMode::AlgoReview, QStringLiteral("算法交易复核") } };
-    return words;
-}
-
-const Words& priceTypes()
-{
-    static const Words words{ { Orlo_Values::HKTimeInForce::InTrade, QStringLiteral("增强限价盘") },
-        { Orlo_Values::HKTimeInForce::BeforeTrade, QStringLiteral("竞价限价盘") } };
-    return words;
-}
 
 QString configured(const QString& category, const QString& code)
 {
@@ -159,7 +114,7 @@ QString PlanFormatter::state() const
 
 QString PlanFormatter::planType() const
 {
-    return worded(planTypes(), text(Orlo_Fields::AutoPlan::templateCode));
+    return CodeWords::planTypes().word(text(Orlo_Fields::AutoPlan::templateCode));
 }
 
 QString PlanFormatter::instructionType() const
@@ -180,7 +135,7 @@ QString PlanFormatter::security() const
 
 QString PlanFormatter::side() const
 {
-    return worded(sides(), text(Base::orderSide));
+    return CodeWords::sides().word(text(Base::orderSide));
 }
 
 QString PlanFormatter::target() const
@@ -211,7 +166,7 @@ QString PlanFormatter::partText(double part) const
 
 QString PlanFormatter::priceMode() const
 {
-    return worded(priceModes(), text(Base::priceModel));
+    return CodeWords::priceModes().word(text(Base::priceModel));
 }
 
 QString PlanFormatter::price() const
@@ -379,7 +334,7 @@ QString PlanFormatter::priceType() const
     QString code = other(Kelvo_Fields::Security::timeInForce);
     if (code.isEmpty())
         code = other(Kelvo_Fields::Security::transActTime);
-    return worded(priceTypes(), code);
+    return CodeWords::priceTypes().word(code);
 }
 
 QString PlanFormatter::entrustType() const
@@ -391,7 +346,7 @@ QString PlanFormatter::entrustType() const
 
 QString PlanFormatter::instructionMode() const
 {
-    return worded(instructionModes(), text(Base::InstMode));
+    return CodeWords::instructionModes().word(text(Base::InstMode));
 }
 
 QString PlanFormatter::assignee() const

@@ -1,0 +1,145 @@
+#include "TransferCommands.h"
+
+#include "ClientClock.h"
+#include "ClientSession.h"
+#include "CommandForms.h"
+#include "Console.h"
+#include "ExportRun.h"
+#include "ImportRun.h"
+#include "InstructionIssuer.h"
+#include "SampleData.h"
+#include "ServerLocation.h"
+#include "SessionStart.h"
+
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QSaveFile>
+
+namespace {
+
+/// Creates the database of the options if it may be missing.
+Status prepareDatabase(const Options& options)
+{
+    const QString location = databaseOf(options);
+    if (ServerLocation::isServer(location) || QFileInfo::exists(location))
+        return {};
+    if (!options.flags.contains(Flag::Empty))
+        return Status(Error::CannotOpenDatabase, { location }, Error::NotAFile);
+    Database database;
+    if (Status status = database.open(location); !status)
+        return status;
+    return SampleData::writeTexts(database);
+}
+
+Status prepare(const Options& options, const QString& kind)
+{
+    if (kind == TransferForms::closures().id)
+        return {};
+    if (Status status = prepareDatabase(options); !status)
+        return status;
+    return kind == TransferForms::plans().id ? startSession(options) : Status();
+}
+
+/// Whether the user confirms on the console that something is removed.
+bool isConfirmed(const ImportReport& report)
+{
+    for (const QString& removal : report.removals)
+        printLine(stderr, QStringLiteral("删除：%1").arg(oneLine(removal)));
+    printLine(stderr, QStringLiteral("%1：将删除%2项，输入yes继续").arg(report.file).arg(report.removals.size()));
+    char answer[16] = {};
+    return fgets(answer, sizeof answer, stdin) && QByteArray(answer).trimmed() == "yes";
+}
+
+// What would be removed is found in a trial, which holds no lock while the user thinks.
+Status importFile(ImportTask& task, const Options& options, ImportReport& report)
+{
+    if (task.replaces && !task.isTrial) {
+        ImportTask trial = task;
+        trial.isTrial = true;
+        if (Status status = ImportRun::run(trial, report); !status)
+            return status;
+        if (!report.removals.isEmpty() && !options.flags.contains(Flag::Yes) && !isConfirmed(report))
+            return Error::ImportNotConfirmed;
+        task.removals = report.removals;
+    }
+    return ImportRun::run(task, report);
+}
+
+ImportTask taskOf(const Options& options, const QString& kind)
+{
+    ImportTask task;
+    task.kind = kind;
+    task.location = databaseOf(options);
+    task.replaces = options.flags.contains(Flag::Replace);
+    task.isTrial = options.flags.contains(Flag::DryRun);
+    if (kind == TransferForms::plans().id)
+        task.scene.emplace(InstructionIssuer::scene(clientToday()));
+    return task;
+}
+
+} // namespace
+
+// A file that is refused does not keep the others from being imported.
+Result<QString> importFiles(const Options& options)
+{
+    const QString kind = options.arguments.at(0);
+    if (Status status = ImportRun::check(kind, options.flags.contains(Flag::Replace)); !status)
+        return status;
+    if (Status status = prepare(options, kind); !status)
+        return status;
+    ImportTask task = taskOf(options, kind);
+    Status failure;
+    QStringList texts;
+    QJsonArray reports;
+    for (const QString& file : options.arguments.mid(1)) {
+        task.file = file;
+        ImportReport report;
+        const Status status = importFile(task, options, report);
+        if (!status)
+            failure = Status(Error::FileRefused, { file }, status);
+        texts << ImportTexts::report(report, task.isTrial);
+        reports << ImportTexts::json(report);
+    }
+    const bool isJson = options.flags.contains(Flag::Json);
+    const QString text = isJson ? QString::fromUtf8(QJsonDocument(reports).toJson()) : texts.join(QLatin1Char('\n'));
+    if (failure)
+        return text;
+    printLine(stdout, text);
+    return failure;
+}
+
+Result<QString> exportKind(const Options& options)
+{
+    const QString kind = options.arguments.at(0);
+    const QString file = options.arguments.value(1);
+    Status status = ExportRun::check(kind);
+    const bool isJson = options.flags.contains(Flag::Json);
+    Result<TableFormat> format = isJson ? TableFormat::Json : TableFormat::Csv;
+    if (!file.isEmpty() && !isJson)
+        format = ExportRun::formatOf(file);
+    if (status && !format)
+        status = format.status();
+    if (status)
+        status = startSession(options);
+    if (!status)
+        return status;
+    ClientSession& session = ClientSession::instance();
+    const auto write = [&](QIODevice& device) {
+        return ExportRun::run(session.database(), session.market(), session.user(), kind, *format, device);
+    };
+    if (file.isEmpty()) {
+        QFile output;
+        if (!output.open(stdout, QIODevice::WriteOnly))
+            return Status(Error::FileNotWritten, { QStringLiteral("stdout") });
+        status = write(output);
+        return status ? Result<QString>(QString()) : status;
+    }
+    QSaveFile output(file);
+    if (!output.open(QIODevice::WriteOnly))
+        return Status(Error::FileNotWritten, { file });
+    status = write(output);
+    if (status && !output.commit())
+        status = Status(Error::FileNotWritten, { file });
+    return status ? Result<QString>(QStringLiteral("已导出到%1").arg(file)) : status;
+}

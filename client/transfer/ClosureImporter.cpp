@@ -1,0 +1,64 @@
+#include "ClosureImporter.h"
+
+#include "ClosureFiles.h"
+#include "TradeCalendar.h"
+
+using namespace TransferForms;
+
+namespace {
+
+const CodeWords& markets()
+{
+    static const CodeWords words{ { QStringLiteral("mainland"), QStringLiteral("内地") },
+        { QStringLiteral("hongkong"), QStringLiteral("香港") } };
+    return words;
+}
+
+const CodeWords& statuses()
+{
+    static const CodeWords words{ { QStringLiteral("announced"), QStringLiteral("已公布") },
+        { QStringLiteral("provisional"), QStringLiteral("暂定") },
+        { QStringLiteral("computed"), QStringLiteral("推算") } };
+    return words;
+}
+
+} // namespace
+
+ClosureImporter::ClosureImporter(const QString& name, ImportReport& report)
+    : m_name(name)
+    , m_report(report)
+    , m_csv(TradeCalendar::headings().toUtf8() + '\n')
+{
+}
+
+Status ClosureImporter::take(ImportRow& row)
+{
+    const QString market = row.code(ClosureColumn::Market, markets());
+    const QDate day = row.neededText(ClosureColumn::Day).isEmpty() ? QDate() : row.date(ClosureColumn::Day);
+    QString holiday = row.neededText(ClosureColumn::Holiday);
+    const QString status = row.code(ClosureColumn::Status, statuses());
+    if (row.isRefused())
+        return {};
+    holiday.replace(QLatin1Char(','), QStringLiteral("，")).replace(QLatin1Char('\n'), QLatin1Char(' '));
+    m_csv += QStringList{ market, day.toString(Qt::ISODate), holiday, status }.join(QLatin1Char(',')).toUtf8() + '\n';
+    return {};
+}
+
+Status ClosureImporter::finish()
+{
+    if (m_report.faultCount > 0)
+        return {};
+    TradeCalendar extended = ClosureFiles::calendar();
+    if (const Status status = extended.add(m_csv); !status)
+        m_report.refuse({ 0, 0, QString(), status });
+    else if (ClosureFiles::installed(m_name) == m_csv)
+        m_report.unchanged = m_report.rows;
+    else
+        m_report.changed = m_report.rows;
+    return {};
+}
+
+Status ClosureImporter::commit()
+{
+    return m_report.changed == 0 ? Status() : ClosureFiles::installText(m_csv, m_name).status();
+}

@@ -1,0 +1,178 @@
+#include "ImportRun.h"
+
+#include "Administration.h"
+#include "CloseImporter.h"
+#include "ClosureFiles.h"
+#include "ClosureImporter.h"
+#include "MasterImporters.h"
+#include "PlanImporter.h"
+#include "ServerLocation.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace {
+
+bool isOf(const ImportTask& task, const TransferForm& form)
+{
+    return task.kind == form.id;
+}
+
+std::unique_ptr<Importer> importerOf(const ImportTask& task, Database& database, ImportReport& report)
+{
+    if (isOf(task, TransferForms::securities()))
+        return std::make_unique<SecurityImporter>(database, report);
+    if (isOf(task, TransferForms::closes()))
+        return std::make_unique<CloseImporter>(database, ClosureFiles::calendar(), task.replaces, report);
+    if (isOf(task, TransferForms::accounts()))
+        return std::make_unique<AccountImporter>(database, report);
+    if (isOf(task, TransferForms::users()))
+        return std::make_unique<UserImporter>(database, report);
+    if (isOf(task, TransferForms::positions()))
+        return std::make_unique<PositionImporter>(database, report);
+    if (isOf(task, TransferForms::closures()))
+        return std::make_unique<ClosureImporter>(QFileInfo(task.file).completeBaseName(), report);
+    return std::make_unique<PlanImporter>(database, *task.scene, report);
+}
+
+/// The import of one file.
+class FileImport {
+public:
+    FileImport(const ImportTask& task, Importer& importer, ImportReport& report)
+        : m_task(task)
+        , m_importer(importer)
+        , m_report(report)
+        , m_headings(importer.form())
+    {
+    }
+
+    /// Within the transaction.
+    Status run()
+    {
+        if (Status status = readRows(); !status)
+            return status;
+        if (Status status = m_importer.finish(); !status)
+            return status;
+        if (m_task.replaces && m_report.faultCount == 0) {
+            if (Status status = m_importer.findRemovals(); !status)
+                return status;
+        }
+        if (m_report.faultCount > 0)
+            return { Error::FileNotImported, { QString::number(m_report.faultCount) } };
+        if (m_task.isTrial)
+            return Error::NothingStored;
+        if (!isConfirmed())
+            return Error::ImportNotConfirmed;
+        Status status = m_importer.remove();
+        return status ? m_importer.commit() : status;
+    }
+
+private:
+    Status readRows()
+    {
+        QFile file(m_task.file);
+        if (!QFileInfo(m_task.file).isFile())
+            return Error::NotAFile;
+        if (!file.open(QIODevice::ReadOnly))
+            return Error::FileNotOpened;
+        qint64 line = 0;
+        const Status read = TableReader::read(
+            file, line, [this](const TableRow& row) { return take(row); }, m_task.progress);
+        if (!m_failure || read.error() == Error::Cancelled)
+            return m_failure ? read : m_failure;
+        if (!read && !m_hasBadHeadings)
+            m_report.refuse({ line, 0, QString(), read });
+        else if (!m_hasHeadings)
+            m_report.refuse({ 1, 0, QString(), Error::NoHeadings });
+        return {};
+    }
+
+    Status take(const TableRow& cells)
+    {
+        if (!m_hasHeadings) {
+            m_hasHeadings = true;
+            m_headings.read(cells, m_report);
+            m_hasBadHeadings = m_report.faultCount > 0;
+            return m_hasBadHeadings ? Error::NoHeadings : Status();
+        }
+        ++m_report.rows;
+        ImportRow row(m_headings, cells, m_report);
+        m_failure = m_importer.take(row);
+        return m_failure;
+    }
+
+    bool isConfirmed() const
+    {
+        return std::all_of(m_report.removals.cbegin(), m_report.removals.cend(),
+            [this](const QString& removal) { return m_task.removals.contains(removal); });
+    }
+
+    const ImportTask& m_task;
+    Importer& m_importer;
+    ImportReport& m_report;
+    ImportHeadings m_headings;
+    bool m_hasHeadings = false;
+    bool m_hasBadHeadings = false;
+    Status m_failure; ///< of the database
+};
+
+Status importInto(Database& database, const ImportTask& task, ImportReport& report)
+{
+    return database.transaction([&] {
+        const std::unique_ptr<Importer> importer = importerOf(task, database, report);
+        return FileImport(task, *importer, report).run();
+    });
+}
+
+Status importAsAdministrator(const ImportTask& task, ImportReport& report)
+{
+    Administration administration;
+    if (Status status = administration.open(task.location); !status)
+        return status;
+    return administration.run([&](Database& database, QStringList&) { return importInto(database, task, report); })
+        .status();
+}
+
+// Closures are files of their own, which need no database.
+Status importClosures(const ImportTask& task, ImportReport& report)
+{
+    Database none;
+    const std::unique_ptr<Importer> importer = importerOf(task, none, report);
+    return FileImport(task, *importer, report).run();
+}
+
+Status importFile(const ImportTask& task, ImportReport& report)
+{
+    if (isOf(task, TransferForms::closures()))
+        return importClosures(task, report);
+    if (ServerLocation::isServer(task.location) && !isOf(task, TransferForms::plans()))
+        return importAsAdministrator(task, report);
+    Database database;
+    database.setPatient();
+    const Status opened = database.open(task.location);
+    return opened ? importInto(database, task, report) : opened;
+}
+
+} // namespace
+
+Status ImportRun::check(const QString& kind, bool replaces)
+{
+    QStringList kinds;
+    for (const TransferForm& form : TransferForms::importable())
+        kinds << form.id;
+    if (!kinds.contains(kind))
+        return { Error::UnknownKind, { kind, kinds.join(QStringLiteral("、")) } };
+    const bool mayReplace = kind != TransferForms::plans().id && kind != TransferForms::closures().id;
+    return mayReplace || !replaces ? Status() : Status(Error::ReplaceNotPossible, { kind });
+}
+
+Status ImportRun::run(const ImportTask& task, ImportReport& report)
+{
+    report = ImportReport();
+    report.file = QFileInfo(task.file).fileName();
+    const Status status = importFile(task, report);
+    report.isStored = bool(status);
+    return status.error() == Error::NothingStored ? Status() : status;
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "DayIssue.h"
+#include "ImportReport.h"
+#include "TableReader.h"
+
+#include <optional>
+
+/// What is imported, from where and to where.
+struct ImportTask {
+    /// A kind of `TransferForms::importable`.
+    QString kind;
+    QString file;
+    /// The database. On a server, plans are imported by a user, and everything else by its administrator.
+    QString location;
+    /// The user and the market of plans; absent for other kinds.
+    std::optional<IssueScene> scene;
+    /// Removes what the file does not have, if it is among these.
+    bool replaces = false;
+    QStringList removals;
+    /// Checks everything and stores nothing.
+    bool isTrial = false;
+    /// Called from time to time with the number of bytes that were read; returning false cancels the import.
+    TableReader::Progress progress;
+};
+
+namespace ImportRun {
+
+/// Imports a file in one transaction on a connection of its own, so that it can run on any thread. Success means that
+/// it was stored, or could be in a trial. If a row is refused, nothing is stored: `FileNotImported`, and the report has
+/// the reasons. `ImportNotConfirmed`, if something would be removed that the task does not list.
+Status run(const ImportTask& task, ImportReport& report);
+
+/// Fails if there is no such kind, or if it cannot be replaced.
+Status check(const QString& kind, bool replaces);
+
+} // namespace ImportRun
