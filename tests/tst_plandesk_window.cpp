@@ -112,9 +112,9 @@ private Q_SLOTS:
         row("a day that does not exist", "--issue-day 2024-02-30", "日期“2024-02-30”无效，格式为yyyy-MM-dd");
         row("a day in another format", "--issue-day 2024-5-6", "日期“2024-5-6”无效，格式为yyyy-MM-dd");
         row("JSON without a command", "--json",
-            "选项--json只用于admin list、check-strategies、history、--issue-preview");
+            "选项--json只用于admin list、check-strategies、export、history、import、--issue-preview");
         row("JSON of an issue", "--issue-day 2024-05-06 --json",
-            "选项--json只用于admin list、check-strategies、history、--issue-preview");
+            "选项--json只用于admin list、check-strategies、export、history、import、--issue-preview");
         row("a simulation of the window", "--simulate", "选项--simulate只用于--issue-day、--issue-preview");
         row("a preview with a command", "history AP00000001 --issue-preview", "命令history没有选项--issue-preview");
         row("JSON of another command", "backup a --json", "命令backup没有选项--json");
@@ -185,7 +185,7 @@ private Q_SLOTS:
         const QString help = read(QStringLiteral("--help"))->help;
         for (const char* name : { "admin add-account", "admin add-user", "admin grant", "admin init", "admin list",
                  "admin migrate", "admin revoke", "admin set-chain", "admin set-limits", "backup", "check-strategies",
-                 "history", "import-closures", "move-to" })
+                 "export", "history", "import", "import-closures", "move-to" })
             QVERIFY2(help.contains(QLatin1Char(' ') + QLatin1String(name)), name);
     }
 
