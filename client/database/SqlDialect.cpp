@@ -4,6 +4,7 @@
 const SqlDialect& SqlDialect::sqlite()
 {
     static const SqlDialect dialect{
+        true,
         QStringLiteral("BEGIN IMMEDIATE"),
         QString(),
         false,
@@ -28,6 +29,7 @@ const SqlDialect& SqlDialect::sqlite()
 const SqlDialect& SqlDialect::postgres()
 {
     static const SqlDialect dialect{
+        false,
         QStringLiteral("BEGIN ISOLATION LEVEL READ COMMITTED READ WRITE"),
         QStringLiteral(" FOR NO KEY UPDATE"),
         true,

@@ -11,6 +11,8 @@ struct SqlQuery {
 
 /// The SQL that differs between the engines. All other statements are understood by both.
 struct SqlDialect {
+    /// Whether statements cost no round trip, so that two small ones are faster than a large one.
+    bool isLocal;
     /// Begins a write transaction.
     QString begin;
     /// Appended to a SELECT, keeps others from changing its rows until the transaction ends. Empty if a transaction is

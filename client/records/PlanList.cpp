@@ -6,7 +6,12 @@
 
 bool PlanSearch::isEmpty() const
 {
-    return lastNumber == 0 && symbolStart.isEmpty() && symbols.isEmpty() && tradingAccounts.isEmpty();
+    return lastNumber == 0 && isOfNumbers();
+}
+
+bool PlanSearch::isOfNumbers() const
+{
+    return symbolStart.isEmpty() && symbols.isEmpty() && tradingAccounts.isEmpty();
 }
 
 PlanPlace PlanList::placeOf(const StoredPlan& plan) const

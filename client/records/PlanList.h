@@ -31,6 +31,8 @@ struct PlanSearch {
     QStringList tradingAccounts;
 
     bool isEmpty() const;
+    /// Whether only numbers match.
+    bool isOfNumbers() const;
 };
 
 /// The place of a plan in a list.
@@ -71,6 +73,7 @@ struct PlanSlice {
     bool isBackward = false;
     /// The place before which it ends.
     std::optional<PlanPlace> until;
+    bool isUntilIncluded = false;
 };
 
 /// The place of the plan that `position` others precede.

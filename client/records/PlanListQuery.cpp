@@ -45,6 +45,9 @@ const QString OfRefused = QStringLiteral(" IN (SELECT plan FROM refused_days)");
 const QString Failed = QStringLiteral("EXISTS (SELECT 1 FROM refused_days AS r WHERE r.plan = number AND r.day >"
                                       " coalesce((SELECT max(day) FROM instructions AS i WHERE i.plan = number), ''))");
 
+// With more accounts than this, few plans of each are enough to see how far a slice reaches at most.
+constexpr int FewOf = 8;
+
 const SqlQuery Everything{ QStringLiteral("TRUE"), {} };
 
 } // namespace
@@ -63,6 +66,18 @@ SqlQuery PlanListQuery::slice(const PlanSlice& slice) const
     return { QStringLiteral("SELECT number FROM (%1) AS listed WHERE %2 ORDER BY place %3, number %3 LIMIT ? OFFSET ?")
                  .arg(found.text, inside.text, direction(slice)),
         found.values + inside.values + QVariantList{ slice.limit, slice.offset } };
+}
+
+std::optional<SqlQuery> PlanListQuery::bound(const PlanSlice& slice) const
+{
+    if (!m_dialect.isLocal || m_list.isSmall || slice.until || m_scope.isEvery())
+        return std::nullopt;
+    const int most = slice.offset + slice.limit;
+    const SqlQuery few = ofAccountsInOrder(slice, most / FewOf + 1);
+    return SqlQuery{ QStringLiteral("SELECT number, place FROM (%1) AS few ORDER BY place %2, number %2"
+                                    " LIMIT 1 OFFSET ?")
+                         .arg(few.text, direction(slice)),
+        few.values + QVariantList{ most - 1 } };
 }
 
 QString PlanListQuery::sorting(const PlanSlice& slice) const
@@ -133,7 +148,9 @@ SqlQuery PlanListQuery::within(const PlanSlice& slice, const QString& place) con
         add(*slice.from, isAscending ? ">=" : "<=");
     else if (slice.from)
         add(*slice.from, isAscending ? ">" : "<");
-    if (slice.until)
+    if (slice.until && slice.isUntilIncluded)
+        add(*slice.until, isAscending ? "<=" : ">=");
+    else if (slice.until)
         add(*slice.until, isAscending ? "<" : ">");
     return bounds.isEmpty() ? Everything : conjunction(bounds);
 }
@@ -196,7 +213,9 @@ SqlQuery PlanListQuery::condition() const
 {
     if (!m_list.search)
         return filter(false);
-    SqlQuery matched = joined(matches(false), QStringLiteral(" OR "));
+    // The numbers are a part of the list's order then.
+    const QVector<SqlQuery> alternatives = matches(m_list.search->isOfNumbers() && m_list.order == PlanOrder::Number);
+    SqlQuery matched = joined(alternatives, QStringLiteral(" OR "));
     matched.text = QStringLiteral("(%1)").arg(matched.text);
     return conjunction({ matched, filter(false) });
 }
@@ -212,10 +231,15 @@ SqlQuery PlanListQuery::inOrder(const PlanSlice& slice) const
     };
     if (m_scope.isEvery())
         return of(Everything);
-    const SqlQuery ofAccounts = conjunction({ listed, ofOwnAccounts(false) });
-    return united({ { m_dialect.plansOfAccounts.arg(column(), ofAccounts.text, direction(slice)),
-                        QVariantList{ m_scope.userId() } + ofAccounts.values + QVariantList{ most } },
-        of(assigned()), of(executed()) });
+    return united({ ofAccountsInOrder(slice, most), of(assigned()), of(executed()) });
+}
+
+/// At most so many of the first plans of each account.
+SqlQuery PlanListQuery::ofAccountsInOrder(const PlanSlice& slice, int most) const
+{
+    const SqlQuery listed = conjunction({ within(slice, column()), condition(), ofOwnAccounts(false) });
+    return { m_dialect.plansOfAccounts.arg(column(), listed.text, direction(slice)),
+        QVariantList{ m_scope.userId() } + listed.values + QVariantList{ most } };
 }
 
 /// At most so many plans of each source, as "number" and "place". All of them if there are fewer.

@@ -17,6 +17,9 @@ public:
 
     /// The numbers of a slice, each row one, for IN.
     SqlQuery slice(const PlanSlice& slice) const;
+    /// Number and place of a plan that the slice does not reach beyond, found among few plans of each account. No row
+    /// if the accounts have too few plans. Absent if it is not needed.
+    std::optional<SqlQuery> bound(const PlanSlice& slice) const;
     /// Sorts the plans of a slice in its direction.
     QString sorting(const PlanSlice& slice) const;
     /// One number: how many plans a slice has.
@@ -36,6 +39,7 @@ private:
     QVector<SqlQuery> matches(bool usesIndex) const;
     SqlQuery condition() const;
     SqlQuery inOrder(const PlanSlice& slice) const;
+    SqlQuery ofAccountsInOrder(const PlanSlice& slice, int most) const;
     SqlQuery collected(int most) const;
     SqlQuery members() const;
     SqlQuery numbers(const SqlQuery& condition) const;

@@ -177,12 +177,29 @@ Result<QVector<StoredPlan>> PlanStore::page(const PlanList& list, const PlanSlic
     if (slice.offset < 0 || slice.limit < 1)
         return QVector<StoredPlan>();
     const PlanListQuery query(m_scope, list, m_database.dialect());
-    const SqlQuery numbers = query.slice(slice);
+    const Result<PlanSlice> bounded = this->bounded(query, slice);
+    if (!bounded)
+        return bounded.status();
+    const SqlQuery numbers = query.slice(*bounded);
     Result<QVector<StoredPlan>> plans =
         read({ QStringLiteral("number IN (%1)").arg(numbers.text), numbers.values }, query.sorting(slice));
     if (plans && slice.isBackward)
         std::reverse(plans->begin(), plans->end());
     return plans;
+}
+
+/// The slice with an end, if that spares reading many plans of each account.
+Result<PlanSlice> PlanStore::bounded(const PlanListQuery& query, const PlanSlice& slice)
+{
+    PlanSlice bounded = slice;
+    const std::optional<SqlQuery> bound = query.bound(slice);
+    if (!bound)
+        return bounded;
+    const Status status = m_database.read(bound->text, bound->values, [&bounded](const QSqlQuery& row) {
+        bounded.until = PlanPlace{ row.value(1).toString(), row.value(0).toLongLong() };
+        bounded.isUntilIncluded = true;
+    });
+    return status ? Result<PlanSlice>(bounded) : status;
 }
 
 Result<QVector<StoredPlan>> PlanStore::page(int offset, int limit)

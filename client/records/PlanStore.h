@@ -12,6 +12,8 @@
 
 #include <limits>
 
+class PlanListQuery;
+
 /// Ids of plans of a day.
 struct DayPlans {
     /// Those that have an instruction of the day.
@@ -77,6 +79,7 @@ public:
     Result<DayPlans> plansOfDay(const QDate& day, const QStringList& planIds);
 
 private:
+    Result<PlanSlice> bounded(const PlanListQuery& query, const PlanSlice& slice);
     Result<QString> create(const Record& record, const Change& change, const SqlQuery& condition);
     Result<QVector<StoredPlan>> read(const SqlQuery& condition, const QString& sorting, bool locks = false);
     Result<QVector<StoredPlan>> newest(const SqlQuery& condition, int limit);

@@ -31,11 +31,13 @@ void addIds(PlanSearch& search, const QString& digits)
 
 void addSecurities(PlanSearch& search, const QString& text)
 {
-    static const QRegularExpression code(QStringLiteral("^[A-Z0-9.]+$"));
-    if (code.match(text).hasMatch())
-        search.symbolStart = text;
     SymbolIndexes::instance().waitForFinished();
-    SymbolSearch(ClientSession::instance().market().symbols().runs()).appendByName(text, MostNames, search.symbols);
+    const SymbolSearch securities(ClientSession::instance().market().symbols().runs());
+    QStringList first;
+    securities.appendByCode(text, 1, first);
+    if (!first.isEmpty())
+        search.symbolStart = text;
+    securities.appendByName(text, MostNames, search.symbols);
 }
 
 void addAccounts(PlanSearch& search, const QString& text)
