@@ -25,7 +25,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSettings>
 #include <QStyleOptionComboBox>
+#include <QTemporaryDir>
 #include <QtTest>
 
 using namespace PlanCodes;
@@ -328,12 +330,14 @@ private:
     EditorDialog& dialog() const { return *m_window->editorDialog(); }
     AutoParamSetting& form() const { return *dialog().editor(); }
 
+    QTemporaryDir m_settings;
     std::unique_ptr<SampleSession> m_session;
     std::unique_ptr<MainWindow> m_window;
 
 private Q_SLOTS:
     void initTestCase()
     {
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
         setToday(SampleSession::today());
         QApplication::setStyle(QStringLiteral("Fusion"));
         m_session = std::make_unique<SampleSession>();

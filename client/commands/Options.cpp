@@ -180,7 +180,7 @@ private:
     {
         options.user = m_parser.value(m_user);
         options.database = m_parser.value(m_database);
-        options.skin = m_parser.isSet(m_skin) ? m_parser.value(m_skin) : skinNames().constFirst();
+        options.skin = m_parser.isSet(m_skin) ? m_parser.value(m_skin) : usualSkin();
         options.language = m_parser.isSet(m_language) ? m_parser.value(m_language) : languageCodes().constFirst();
         options.strategies = strategies();
         options.securities = m_parser.value(m_securities).toInt();
@@ -199,6 +199,9 @@ private:
         if (isIssueSet())
             options.issueDay = isIssueDaySet() ? issueDay() : clientToday();
     }
+
+    /// The one that the user has switched to; pictures of the walk-through do not depend on it.
+    QString usualSkin() const { return m_program == Program::Client ? rememberedSkin() : skinNames().constFirst(); }
 
     bool isIssueSet() const
     {

@@ -8,6 +8,7 @@
 #include "IssueSheetModel.h"
 #include "OrloWidget.h"
 #include "PlainText.h"
+#include "WindowPlace.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -60,6 +61,7 @@ IssueSheet::IssueSheet(QWidget* parent)
     setObjectName(QStringLiteral("issueSheet"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     resize(UsualSize);
+    new WindowPlace(this, QStringLiteral("issue"));
     build();
     connect(m_rows, &IssueSheetModel::chosenChanged, this, &IssueSheet::showSums);
     connect(m_issue, &QPushButton::clicked, this, &IssueSheet::confirm);

@@ -4,10 +4,17 @@
 #include <QFile>
 #include <QFontInfo>
 #include <QFontMetrics>
+#include <QSettings>
 
 namespace {
 
 constexpr int SmallestText = 9;
+const QString ChosenSkin = QStringLiteral("skin");
+
+QSettings settings()
+{
+    return QSettings(QStringLiteral("plandesk"), QStringLiteral("plandesk"));
+}
 
 } // namespace
 
@@ -24,6 +31,17 @@ QString skinSheet(const QString& name)
         return {};
     }
     return QString::fromUtf8(sheet.readAll());
+}
+
+QString rememberedSkin()
+{
+    const QString name = settings().value(ChosenSkin).toString();
+    return skinNames().contains(name) ? name : skinNames().constFirst();
+}
+
+void rememberSkin(const QString& name)
+{
+    settings().setValue(ChosenSkin, name);
 }
 
 QFont fittedFont(QFont font, const QString& text, int room)

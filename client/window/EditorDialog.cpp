@@ -1,6 +1,7 @@
 #include "EditorDialog.h"
 
 #include "AdvisorPanel.h"
+#include "AdvisorSide.h"
 #include "AutoParamSetting.h"
 #include "ClientSession.h"
 #include "ConflictDialog.h"
@@ -16,6 +17,7 @@
 #include "PlanEvents.h"
 #include "PlanSubmission.h"
 #include "Popups.h"
+#include "WindowPlace.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -27,10 +29,9 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QSettings>
 #include <QShortcut>
 #include <QTimer>
-#include <QToolButton>
+#include <QUuid>
 #include <QVBoxLayout>
 
 #include <chrono>
@@ -39,16 +40,8 @@
 namespace {
 
 constexpr QSize EditorSize(517, 710);
-constexpr int ToggleWidth = 16;
 constexpr std::chrono::milliseconds UntilFormIsShown(200);
-
-const QString AdvisorIsShown = QStringLiteral("advisor/isShown");
-
-/// The user's settings of the program.
-QSettings settings()
-{
-    return QSettings(QStringLiteral("plandesk"), QStringLiteral("plandesk"));
-}
+constexpr std::chrono::milliseconds UntilKept(100);
 
 /// The first field of the form that accepts the focus.
 QWidget* firstField(QWidget* form)
@@ -68,11 +61,11 @@ EditorDialog::EditorDialog()
     , m_notice(new QWidget(this))
     , m_noticeText(PlainText::newLabel(QString(), m_notice))
     , m_area(new QScrollArea(this))
-    , m_advisorToggle(new QToolButton(this))
-    , m_advisorArea(new QScrollArea(this))
-    , m_advisor(new AdvisorPanel(m_advisorArea))
+    , m_side(new AdvisorSide(this))
+    , m_advisor(m_side->panel())
 {
     setObjectName(QStringLiteral("planEditor"));
+    new WindowPlace(this, QStringLiteral("form"));
     m_area->setFrameShape(QFrame::NoFrame);
     m_area->setWidgetResizable(true);
     // The focus of a field scrolls the area; the area itself as a tab stop would show nothing.
@@ -84,11 +77,16 @@ EditorDialog::EditorDialog()
     auto* const halves = new QHBoxLayout;
     halves->setSpacing(0);
     halves->addWidget(m_area, 1);
-    halves->addWidget(m_advisorToggle);
-    halves->addWidget(m_advisorArea);
+    halves->addWidget(m_side);
     room->addLayout(halves, 1);
     buildNotice();
-    buildAdvisor();
+    connect(m_side, &AdvisorSide::shown, this, [this](int more) {
+        if (isVisible())
+            resize(QSize(width() + more, height()).boundedTo(screen()->availableSize()));
+    });
+    connect(
+        new QShortcut(QKeySequence(Qt::Key_F4), this), &QShortcut::activated, m_advisor, &AdvisorPanel::chooseSecurity);
+    connect(new QShortcut(QKeySequence(Qt::Key_F6), this), &QShortcut::activated, this, &EditorDialog::focusAdvisor);
     for (const Qt::Key enter : { Qt::Key_Return, Qt::Key_Enter })
         connect(newControlShortcut(enter, this), &QShortcut::activated, this, &EditorDialog::confirm);
     connect(&PlanEvents::instance(), &PlanEvents::planStored, this, &EditorDialog::planStored);
@@ -98,7 +96,11 @@ EditorDialog::EditorDialog()
         if (std::exchange(m_isSending, false))
             m_sentWith = contents();
     });
+    connect(this, &QDialog::finished, &m_changes, &QTimer::stop);
     connect(this, &QDialog::finished, this, &EditorDialog::unpin);
+    m_changes.setSingleShot(true);
+    m_changes.setInterval(UntilKept);
+    connect(&m_changes, &QTimer::timeout, this, &EditorDialog::changed);
 }
 
 EditorDialog::~EditorDialog()
@@ -132,6 +134,32 @@ void EditorDialog::openCopy(const QString& planId)
     m_holdsValues = true;
     m_editor->copyPlan(planId);
     present();
+}
+
+void EditorDialog::openDraft(const FormDraft& draft)
+{
+    if (draft.plan.isEmpty()) {
+        openNew();
+    } else {
+        openEdit(draft.plan);
+        pin(draft.plan, draft.version);
+    }
+    m_draftId = draft.id;
+    m_holdsValues = true;
+    const QStringList lost = draft.fill(*m_editor);
+    lookForChange();
+    if (!lost.isEmpty())
+        OrloWidget::ShowWarningMsgBox(tr("以下内容已不能恢复，请核对：\n%1").arg(lost.join(QLatin1Char('\n'))), this);
+}
+
+FormDraft EditorDialog::draft() const
+{
+    FormDraft draft;
+    draft.id = m_draftId;
+    draft.plan = m_pinnedPlan;
+    draft.version = m_pinnedVersion;
+    draft.read(*m_editor);
+    return draft;
 }
 
 void EditorDialog::setSkin(const QString& sheet)
@@ -175,6 +203,7 @@ void EditorDialog::prepare(const QString& title)
 {
     setWindowTitle(title);
     m_storedPlan.clear();
+    m_draftId = QUuid::createUuid().toString(QUuid::WithoutBraces);
     m_isSending = false;
     m_sentWith.clear();
     m_advisor->setPlan(QString());
@@ -206,43 +235,21 @@ void EditorDialog::makeEditor()
     });
     m_editor->installEventFilter(this);
     m_advisor->follow(m_editor);
+    followChanges();
 }
 
-void EditorDialog::buildAdvisor()
+void EditorDialog::followChanges()
 {
-    m_advisorToggle->setObjectName(QStringLiteral("advisorToggle"));
-    m_advisorToggle->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
-    m_advisorToggle->setFixedWidth(ToggleWidth);
-    m_advisorToggle->setAutoRaise(true);
-    m_advisorToggle->setFocusPolicy(Qt::NoFocus);
-    auto* const toggle = new QShortcut(QKeySequence(Qt::Key_F7), this);
-    connect(toggle, &QShortcut::activated, m_advisorToggle, &QToolButton::click);
-    auto* const choose = new QShortcut(QKeySequence(Qt::Key_F4), this);
-    connect(choose, &QShortcut::activated, m_advisor, &AdvisorPanel::chooseSecurity);
-    auto* const next = new QShortcut(QKeySequence(Qt::Key_F6), this);
-    connect(next, &QShortcut::activated, this, &EditorDialog::focusAdvisor);
-    connect(m_advisorToggle, &QToolButton::clicked, this, [this] { showAdvisor(m_advisorArea->isHidden()); });
-    m_advisorArea->setWidget(m_advisor);
-    m_advisorArea->setWidgetResizable(true);
-    m_advisorArea->setFrameShape(QFrame::NoFrame);
-    m_advisorArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_advisorArea->setFocusPolicy(Qt::NoFocus);
-    m_advisorArea->setMinimumWidth(m_advisor->minimumSizeHint().width());
-    showAdvisor(settings().value(AdvisorIsShown, true).toBool());
-}
-
-void EditorDialog::showAdvisor(bool shows)
-{
-    const int before = advisorWidth();
-    m_advisorArea->setVisible(shows);
-    m_advisorToggle->setArrowType(shows ? Qt::RightArrow : Qt::LeftArrow);
-    const QString action = shows ? tr("隐藏顾问") : tr("显示顾问");
-    m_advisorToggle->setAccessibleName(action);
-    m_advisorToggle->setToolTip(tr("%1（F7）").arg(action));
-    if (!isVisible())
-        return;
-    settings().setValue(AdvisorIsShown, shows);
-    resize(QSize(width() + advisorWidth() - before, height()).boundedTo(screen()->availableSize()));
+    const auto merge = [this] {
+        if (isVisible() && !m_changes.isActive())
+            m_changes.start();
+    };
+    const QList<QComboBox*> boxes = m_editor->findChildren<QComboBox*>();
+    for (const QComboBox* const box : boxes)
+        connect(box, &QComboBox::currentTextChanged, this, merge);
+    const QList<QLineEdit*> lines = m_editor->findChildren<QLineEdit*>();
+    for (const QLineEdit* const line : lines)
+        connect(line, &QLineEdit::textChanged, this, merge);
 }
 
 // From the form to the advisor's tables, one after the other, and back to the field that had the focus.
@@ -251,15 +258,10 @@ void EditorDialog::focusAdvisor()
     QWidget* const focused = focusWidget();
     if (focused && m_editor->isAncestorOf(focused))
         m_lastField = focused;
-    if (!m_advisorArea->isHidden() && m_advisor->focusNext())
+    if (m_side->focusNext())
         return;
     QWidget* const field = m_lastField ? m_lastField.data() : firstField(m_editor);
     field->setFocus(Qt::ShortcutFocusReason);
-}
-
-int EditorDialog::advisorWidth() const
-{
-    return m_advisorArea->isHidden() ? 0 : m_advisor->sizeHint().width();
 }
 
 // The form's own order has the dates at the end; they are below the executing user.
@@ -278,6 +280,9 @@ bool EditorDialog::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == m_editor && event->type() == QEvent::LayoutRequest && isVisible())
         fit();
+    // The window of the algorithm's parameters was closed.
+    if (watched == m_editor && event->type() == QEvent::WindowActivate && isVisible())
+        m_changes.start();
     return QDialog::eventFilter(watched, event);
 }
 
@@ -293,12 +298,11 @@ void EditorDialog::fit()
     const int notice = m_notice->isHidden() ? 0 : m_notice->heightForWidth(wanted.width());
     const int bar = wanted.height() > room.height() ? m_area->verticalScrollBar()->sizeHint().width() : 0;
     m_editor->setMinimumSize(wanted);
-    // On a narrow screen there is no room for both.
-    if (room.width() < wanted.width() + bar + ToggleWidth + m_advisorArea->minimumWidth())
-        m_advisorArea->hide();
-    m_area->setMinimumWidth(qMin(room.width() - ToggleWidth, wanted.width() + bar));
-    const int beside = bar + ToggleWidth + advisorWidth();
+    m_side->fitInto(room.width() - wanted.width() - bar);
+    m_area->setMinimumWidth(qMin(room.width() - AdvisorSide::ToggleWidth, wanted.width() + bar));
+    const int beside = bar + m_side->wantedWidth();
     resize((wanted + QSize(beside, notice)).boundedTo(room).expandedTo(isVisible() ? size() : QSize()));
+    keepOnScreen(this);
 }
 
 void EditorDialog::present()

@@ -1,18 +1,20 @@
 #pragma once
 
+#include "FormDraft.h"
 #include "PlanEvents.h"
 
 #include <QDialog>
 #include <QPointer>
 #include <QStringList>
+#include <QTimer>
 
 #include <optional>
 
 class AdvisorPanel;
+class AdvisorSide;
 class AutoParamSetting;
 class QLabel;
 class QScrollArea;
-class QToolButton;
 
 /// A window around the plan editor, with the advisor beside it. It reuses the editor if it can be reset: after a plan
 /// was stored the form is cleared, and `AutoParamSetting::resetEnable` makes it a new one. A form that was left with
@@ -30,6 +32,8 @@ public:
     void openNew();
     void openEdit(const QString& planId);
     void openCopy(const QString& planId);
+    /// Opens the editor as it was left, and says what it could not be filled with.
+    void openDraft(const FormDraft& draft);
 
     /// Sets the style sheet of this editor and later ones.
     void setSkin(const QString& sheet);
@@ -46,8 +50,14 @@ public:
     const QString& editedPlan() const { return m_pinnedPlan; }
     /// The plan that was stored since it was opened; empty if none was.
     const QString& storedPlan() const { return m_storedPlan; }
+    /// What is filled in, with an id of its own for each opening.
+    FormDraft draft() const;
     /// The editor; null before the first opening.
     AutoParamSetting* editor() const { return m_editor; }
+
+Q_SIGNALS:
+    /// The trader, or a choice of his, has changed a field.
+    void changed();
 
 public Q_SLOTS:
     /// Asks before closing.
@@ -60,13 +70,11 @@ protected:
 private:
     void prepare(const QString& title);
     void makeEditor();
-    void buildAdvisor();
-    void showAdvisor(bool shows);
     void focusAdvisor();
-    int advisorWidth() const;
     void tabThroughDates();
     void present();
     void fit();
+    void followChanges();
     void planStored(const QString& planId);
     void confirm();
     Status checkSent();
@@ -82,8 +90,7 @@ private:
     QWidget* m_notice; ///< shown if someone else has changed the edited plan
     QLabel* m_noticeText;
     QScrollArea* m_area;
-    QToolButton* m_advisorToggle;
-    QScrollArea* m_advisorArea;
+    AdvisorSide* m_side;
     AdvisorPanel* m_advisor;
     QPointer<QWidget> m_lastField; ///< had the focus before the advisor
     AutoParamSetting* m_editor = nullptr;
@@ -93,7 +100,9 @@ private:
     std::optional<PlanConflict> m_change; ///< the one that the notice is about
     QStringList m_sentWith;               ///< contents of the form when it was sent without an answer
     QStringList m_openedWith;             ///< contents of the form when it was opened
-    QString m_storedPlan;                 ///< since the form was opened
-    bool m_isSending = false;             ///< the plan service is storing the form
-    bool m_holdsValues = false;           ///< the form has values that `resetEnable` does not clear
+    QTimer m_changes;                     ///< merges changes before they are announced
+    QString m_draftId;
+    QString m_storedPlan;       ///< since the form was opened
+    bool m_isSending = false;   ///< the plan service is storing the form
+    bool m_holdsValues = false; ///< the form has values that `resetEnable` does not clear
 };

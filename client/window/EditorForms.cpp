@@ -36,6 +36,11 @@ void EditorForms::openCopy(const QString& planId)
     unused()->openCopy(planId);
 }
 
+void EditorForms::openDraft(const FormDraft& draft)
+{
+    unused()->openDraft(draft);
+}
+
 bool EditorForms::isAnyOpen() const
 {
     return std::any_of(m_forms.cbegin(), m_forms.cend(), [](const auto& form) { return form->isVisible(); });
@@ -83,7 +88,16 @@ EditorDialog* EditorForms::add()
     m_forms.push_back(std::make_unique<EditorDialog>());
     EditorDialog* const form = last();
     form->setSkin(m_skin);
-    connect(form, &EditorDialog::finished, this, [this, form] { Q_EMIT closed(form->storedPlan()); });
+    connect(form, &EditorDialog::finished, this, [this, form] {
+        m_drafts.drop(form->draft().id);
+        Q_EMIT closed(form->storedPlan());
+    });
+    connect(form, &EditorDialog::changed, this, [this, form] {
+        if (form->isChanged())
+            m_drafts.keep(form->draft());
+        else
+            m_drafts.drop(form->draft().id);
+    });
     return form;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "DraftFile.h"
+
 #include <QObject>
 #include <QString>
 
@@ -22,7 +24,11 @@ public:
     /// Brings the form of a plan that is already edited to the front.
     void openEdit(const QString& planId);
     void openCopy(const QString& planId);
+    /// Opens a form that was not sent before the client was killed.
+    void openDraft(const FormDraft& draft);
 
+    /// What has been filled in and not sent. A form writes its changes and removes them when it is closed.
+    DraftFile& drafts() { return m_drafts; }
     /// The form that was used last. It may be closed.
     EditorDialog* last() const { return m_forms.back().get(); }
     bool isAnyOpen() const;
@@ -46,6 +52,7 @@ private:
     EditorDialog* unused();
     void use(const EditorDialog* form);
 
+    DraftFile m_drafts;
     std::vector<std::unique_ptr<EditorDialog>> m_forms; ///< the one that was used last is at the end
     QString m_skin;
 };

@@ -3,6 +3,7 @@
 #include "Appearance.h"
 #include "ClientClock.h"
 #include "ClientSession.h"
+#include "DraftBar.h"
 #include "EditorDialog.h"
 #include "EditorForms.h"
 #include "ErrorText.h"
@@ -19,6 +20,7 @@
 #include "PlanTable.h"
 #include "StateActions.h"
 #include "StrategySheet.h"
+#include "WindowPlace.h"
 
 #include <QAction>
 #include <QApplication>
@@ -27,6 +29,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QPointer>
+#include <QSettings>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTimer>
@@ -42,6 +45,13 @@ constexpr QSize UsualSize(1366, 768);
 constexpr int DetailsWidth = 300;
 constexpr int LineMargin = 8;
 constexpr std::chrono::milliseconds UntilPainted(1);
+
+const QString Halves = QStringLiteral("windows/halves");
+
+QSettings settings()
+{
+    return QSettings(QStringLiteral("plandesk"), QStringLiteral("plandesk"));
+}
 
 QKeySequence withControl(Qt::Key key)
 {
@@ -68,6 +78,7 @@ MainWindow::MainWindow(QWidget* parent)
     , m_table(m_pane->table())
     , m_outdated(PlainText::newLabel(QString(), this))
     , m_details(new PlanDetails(this))
+    , m_halves(new QSplitter(this))
     , m_forms(new EditorForms(this))
     , m_status(new OrloElidedLabel(this))
     , m_changes([this] { refreshForOthers(); }, [this] { return mayRefresh(); })
@@ -76,12 +87,13 @@ MainWindow::MainWindow(QWidget* parent)
     setObjectName(QStringLiteral("plandesk"));
     setWindowTitle(tr("交易计划 - %1（%2）").arg(user.name, user.id));
     resize(UsualSize);
-    auto* const halves = new QSplitter(this);
-    halves->addWidget(buildList());
-    halves->addWidget(m_details);
-    halves->setStretchFactor(0, 1);
-    halves->setSizes({ UsualSize.width() - DetailsWidth, DetailsWidth });
-    setCentralWidget(halves);
+    new WindowPlace(this, QStringLiteral("plans"));
+    m_halves->addWidget(buildList());
+    m_halves->addWidget(m_details);
+    m_halves->setStretchFactor(0, 1);
+    m_halves->setSizes({ UsualSize.width() - DetailsWidth, DetailsWidth });
+    m_halves->restoreState(settings().value(Halves).toByteArray());
+    setCentralWidget(m_halves);
     buildActions();
     buildStatus();
     connect(m_forms, &EditorForms::closed, this, &MainWindow::formClosed);
@@ -140,6 +152,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
         return;
     }
     m_forms->leaveAll();
+    settings().setValue(Halves, m_halves->saveState());
     QMainWindow::closeEvent(event);
 }
 
@@ -153,6 +166,7 @@ QWidget* MainWindow::buildList()
     auto* const list = new QWidget(this);
     auto* const rows = new QVBoxLayout(list);
     rows->setContentsMargins(QMargins());
+    rows->addWidget(new DraftBar(*m_forms, list));
     rows->addWidget(m_outdated);
     rows->addWidget(m_pane);
     return list;
@@ -372,6 +386,7 @@ void MainWindow::switchSkin()
 {
     const QStringList names = skinNames();
     setSkin(names.at((names.indexOf(m_skin) + 1) % names.size()));
+    rememberSkin(m_skin);
 }
 
 void MainWindow::showStrategies()

@@ -16,6 +16,7 @@ class PlanTable;
 class StrategySheet;
 class QAction;
 class QLabel;
+class QSplitter;
 
 /// The client's window: the stored plans and the fields of the current plan. The forms of plans are beside it.
 class MainWindow : public QMainWindow {
@@ -71,6 +72,7 @@ private:
     PlanTable* m_table;
     QLabel* m_outdated; ///< shown while the rows cannot be read again
     PlanDetails* m_details;
+    QSplitter* m_halves;
     EditorForms* m_forms;
     QLabel* m_status;                      ///< the number of plans, or what is wrong
     IssueSheet* m_issues = nullptr;        ///< null until it is opened

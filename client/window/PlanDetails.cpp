@@ -26,7 +26,7 @@ QString shortened(const QString& text)
 {
     if (text.size() <= LongestText)
         return text;
-    return QStringLiteral("%1……（共%2字）").arg(text.left(LongestText), QString::number(text.size()));
+    return PlanDetails::tr("%1……（共%2字）").arg(text.left(LongestText), QString::number(text.size()));
 }
 
 using Fields = InstructionStore::Fields;
@@ -38,8 +38,8 @@ QString instructionText(const PlanFormatter& plan, const Fields& fields)
     const QString issued = byAmount ? field(FieldId::IssuedAmount) : field(FieldId::IssuedQty);
     const QString filled = byAmount ? field(Orlo_Fields::Security::cumAmount) : field(FieldId::FilledQty);
     const QString state =
-        field(FieldId::EndState) == EndState::Ended ? QStringLiteral("已结束") : QStringLiteral("进行中");
-    return QStringLiteral("下达 %1，成交 %2，%3")
+        field(FieldId::EndState) == EndState::Ended ? PlanDetails::tr("已结束") : PlanDetails::tr("进行中");
+    return PlanDetails::tr("下达 %1，成交 %2，%3")
         .arg(plan.issued(issued, byAmount), plan.issued(filled, byAmount), state);
 }
 
