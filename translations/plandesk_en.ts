@@ -488,6 +488,21 @@
     </message>
 </context>
 <context>
+    <name>AdvisorSide</name>
+    <message>
+        <source>隐藏顾问</source>
+        <translation>Hide the advisor</translation>
+    </message>
+    <message>
+        <source>显示顾问</source>
+        <translation>Show the advisor</translation>
+    </message>
+    <message>
+        <source>%1（F7）</source>
+        <translation>%1 (F7)</translation>
+    </message>
+</context>
+<context>
     <name>CalendarPopup</name>
     <message>
         <source>上个月</source>
@@ -666,6 +681,21 @@
     </message>
 </context>
 <context>
+    <name>DraftBar</name>
+    <message>
+        <source>继续填写</source>
+        <translation>Continue</translation>
+    </message>
+    <message>
+        <source>丢弃</source>
+        <translation>Discard</translation>
+    </message>
+    <message>
+        <source>上次有%1个表单未提交：%2</source>
+        <translation>%1 forms were not sent last time: %2</translation>
+    </message>
+</context>
+<context>
     <name>EditorDialog</name>
     <message>
         <source>新建计划</source>
@@ -696,16 +726,17 @@
         <translation>You are editing version %1; %2 saved version %4 at %3.</translation>
     </message>
     <message>
-        <source>隐藏顾问</source>
-        <translation>Hide the advisor</translation>
+        <source>以下内容已不能恢复，请核对：
+%1</source>
+        <translation>The following could not be restored, please check:
+%1</translation>
     </message>
+</context>
+<context>
+    <name>EditorForms</name>
     <message>
-        <source>显示顾问</source>
-        <translation>Show the advisor</translation>
-    </message>
-    <message>
-        <source>%1（F7）</source>
-        <translation>%1 (F7)</translation>
+        <source>%1个计划尚未提交，关闭后填写的内容将丢失，是否关闭？</source>
+        <translation>%1 plans have not been sent and will be lost. Close them?</translation>
     </message>
 </context>
 <context>
@@ -785,6 +816,856 @@
     <message>
         <source>%1的输入无法使用：%2</source>
         <translation>The text of %1 cannot be used: %2</translation>
+    </message>
+    <message>
+        <source>数据库未打开</source>
+        <translation>The database is not open</translation>
+    </message>
+    <message>
+        <source>数据库正被其他程序占用，请稍后再试</source>
+        <translation>The database is used by another program, please try again later</translation>
+    </message>
+    <message>
+        <source>数据库文件只读，无法写入</source>
+        <translation>The database file is read-only</translation>
+    </message>
+    <message>
+        <source>数据库文件已损坏</source>
+        <translation>The database file is damaged</translation>
+    </message>
+    <message>
+        <source>磁盘空间不足，无法写入数据库</source>
+        <translation>The disk is full, the database cannot be written</translation>
+    </message>
+    <message>
+        <source>该文件不是数据库文件</source>
+        <translation>The file is not a database</translation>
+    </message>
+    <message>
+        <source>读写数据库文件出错（代码%1）</source>
+        <translation>The database file could not be read or written (code %1)</translation>
+    </message>
+    <message>
+        <source>数据库操作失败：%1</source>
+        <translation>The database operation failed: %1</translation>
+    </message>
+    <message>
+        <source>数据库的内容过大，无法读写</source>
+        <translation>The contents of the database are too large</translation>
+    </message>
+    <message>
+        <source>数据库文件已被删除、替换、覆盖、移动或链接，不能继续使用，请核对文件后重新启动</source>
+        <translation>The database file was deleted, replaced, overwritten, moved or linked and cannot be used any more. Please check the file and restart</translation>
+    </message>
+    <message>
+        <source>数据库事务已中止，内容未保存</source>
+        <translation>The transaction was aborted, nothing was stored</translation>
+    </message>
+    <message>
+        <source>数据库的编号已用尽，无法新建</source>
+        <translation>The numbers of the database are exhausted</translation>
+    </message>
+    <message>
+        <source>无法打开数据库“%1”：%2</source>
+        <translation>Cannot open the database &quot;%1&quot;: %2</translation>
+    </message>
+    <message>
+        <source>未指定数据库文件</source>
+        <translation>No database file was given</translation>
+    </message>
+    <message>
+        <source>该路径是文件夹</source>
+        <translation>The path is a folder</translation>
+    </message>
+    <message>
+        <source>无法创建所在文件夹</source>
+        <translation>The folder cannot be created</translation>
+    </message>
+    <message>
+        <source>该文件属于其他程序</source>
+        <translation>The file belongs to another program</translation>
+    </message>
+    <message>
+        <source>数据库版本%1高于本程序支持的版本%2，请升级程序</source>
+        <translation>The database has version %1, newer than version %2 that this program supports. Please upgrade the program</translation>
+    </message>
+    <message>
+        <source>数据库无法启用预写日志</source>
+        <translation>The database cannot use a write-ahead log</translation>
+    </message>
+    <message>
+        <source>数据库所在的文件夹不可写，无法建立预写日志</source>
+        <translation>The folder of the database is not writable, a write-ahead log cannot be created</translation>
+    </message>
+    <message>
+        <source>升级数据库失败，%1</source>
+        <translation>The database could not be upgraded: %1</translation>
+    </message>
+    <message>
+        <source>数据库含有来历不明的%1“%2”</source>
+        <translation>The database has an unknown %1 &quot;%2&quot;</translation>
+    </message>
+    <message>
+        <source>数据库的%1“%2”被改动过</source>
+        <translation>The %1 &quot;%2&quot; of the database was altered</translation>
+    </message>
+    <message>
+        <source>数据库缺少%1“%2”</source>
+        <translation>The database lacks the %1 &quot;%2&quot;</translation>
+    </message>
+    <message>
+        <source>检查数据库超过%1秒</source>
+        <translation>The check of the database took more than %1 seconds</translation>
+    </message>
+    <message>
+        <source>数据库文件超过%1 GiB</source>
+        <translation>The database file is larger than %1 GiB</translation>
+    </message>
+    <message>
+        <source>无法备份数据库“%1”：%2</source>
+        <translation>Cannot back up the database &quot;%1&quot;: %2</translation>
+    </message>
+    <message>
+        <source>文件%1已存在</source>
+        <translation>The file %1 exists</translation>
+    </message>
+    <message>
+        <source>数据库地址不正确，应为postgresql://用户@主机:端口/库名或service=服务名</source>
+        <translation>Malformed location of the database, expected postgresql://USER@HOST:PORT/NAME or service=NAME</translation>
+    </message>
+    <message>
+        <source>数据库地址中不能写密码，请改用密码文件、服务文件或环境变量</source>
+        <translation>A location must not contain a password. Use a password file, a service file or the environment</translation>
+    </message>
+    <message>
+        <source>没有安装Qt的PostgreSQL驱动（QPSQL），无法连接数据库服务器</source>
+        <translation>Qt&apos;s PostgreSQL driver (QPSQL) is not installed</translation>
+    </message>
+    <message>
+        <source>无法连接数据库服务器（%1）</source>
+        <translation>Cannot connect to the database server (%1)</translation>
+    </message>
+    <message>
+        <source>与数据库服务器的连接已断开</source>
+        <translation>The connection to the database server is lost</translation>
+    </message>
+    <message>
+        <source>内容正在被其他人修改，请稍后再试</source>
+        <translation>Someone else is changing this, please try again later</translation>
+    </message>
+    <message>
+        <source>数据库服务器未能及时完成操作，请稍后再试</source>
+        <translation>The database server did not answer in time, please try again later</translation>
+    </message>
+    <message>
+        <source>相同的内容已经保存</source>
+        <translation>The same has already been stored</translation>
+    </message>
+    <message>
+        <source>该数据库尚未初始化，请由管理员运行plandesk admin init</source>
+        <translation>The database is not set up. An administrator has to run plandesk admin init</translation>
+    </message>
+    <message>
+        <source>数据库版本%1低于本程序要求的版本%2，请由管理员运行plandesk admin migrate</source>
+        <translation>The database has version %1, older than version %2 that this program requires. An administrator has to run plandesk admin migrate</translation>
+    </message>
+    <message>
+        <source>数据库服务器拒绝了该操作，当前用户没有权限</source>
+        <translation>The database server refused the operation, the user lacks the right</translation>
+    </message>
+    <message>
+        <source>在数据库服务器上，登录的角色“%1”就是用户，不能另行指定用户</source>
+        <translation>On a database server, the role &quot;%1&quot; is the user, another one cannot be given</translation>
+    </message>
+    <message>
+        <source>数据库在服务器上，请由管理员备份</source>
+        <translation>The database is on a server, an administrator has to back it up</translation>
+    </message>
+    <message>
+        <source>管理命令只用于服务器上的数据库，请用--database指定它的地址</source>
+        <translation>Administration needs a database on a server, given by --database</translation>
+    </message>
+    <message>
+        <source>角色“%1”不是该数据库的管理员</source>
+        <translation>The role &quot;%1&quot; is not an administrator of the database</translation>
+    </message>
+    <message>
+        <source>角色“%1”没有CREATEROLE属性，不能建立或停用登录角色</source>
+        <translation>The role &quot;%1&quot; lacks CREATEROLE and cannot manage login roles</translation>
+    </message>
+    <message>
+        <source>用户编号“%1”不能作为登录角色，须为1到63字节，不以pg_开头，首尾没有空格，不含控制字符</source>
+        <translation>The user id &quot;%1&quot; cannot be a login role: 1 to 63 bytes, not starting with pg_, without outer blanks and control characters</translation>
+    </message>
+    <message>
+        <source>角色“%1”在服务器上有管理权限，不能作为用户</source>
+        <translation>The role &quot;%1&quot; has administrative powers on the server and cannot be a user</translation>
+    </message>
+    <message>
+        <source>用户“%1”已存在，姓名为“%2”</source>
+        <translation>The user &quot;%1&quot; exists with the name &quot;%2&quot;</translation>
+    </message>
+    <message>
+        <source>姓名“%1”属于用户“%2”，计划按姓名分配，姓名不能相同</source>
+        <translation>The name &quot;%1&quot; belongs to the user &quot;%2&quot;. Plans are assigned by name, names must differ</translation>
+    </message>
+    <message>
+        <source>%1为空，或首尾有空格，或含控制字符</source>
+        <translation>%1 is empty, or has outer blanks or control characters</translation>
+    </message>
+    <message>
+        <source>标准输入的第一行没有密码</source>
+        <translation>The first line of the standard input has no password</translation>
+    </message>
+    <message>
+        <source>新账户“%1”缺少%2</source>
+        <translation>The new account &quot;%1&quot; lacks %2</translation>
+    </message>
+    <message>
+        <source>“%1”不是可用的“名称=取值”，名称有：%2</source>
+        <translation>&quot;%1&quot; is not a usable NAME=VALUE, names are: %2</translation>
+    </message>
+    <message>
+        <source>命令move-to搬移文件的内容，--database应是文件</source>
+        <translation>The command move-to moves the contents of a file, --database must be a file</translation>
+    </message>
+    <message>
+        <source>命令move-to的参数应是服务器上的数据库地址</source>
+        <translation>The argument of the command move-to must be a database on a server</translation>
+    </message>
+    <message>
+        <source>表%1不能搬移，没有保存任何内容：%2</source>
+        <translation>The table %1 cannot be moved, nothing was stored: %2</translation>
+    </message>
+    <message>
+        <source>服务器的数据库已有其他内容，没有搬移：表%1%2</source>
+        <translation>The database on the server has other contents, nothing was moved: table %1%2</translation>
+    </message>
+    <message>
+        <source>核对不一致，没有保存任何内容：表%1%2</source>
+        <translation>The comparison failed, nothing was stored: table %1%2</translation>
+    </message>
+    <message>
+        <source>无法确认是否已保存（%1），请再运行一次，已保存时只核对</source>
+        <translation>Whether it was stored is unknown (%1). Please run the command again; if it was stored, it only compares</translation>
+    </message>
+    <message>
+        <source>计划内容为空</source>
+        <translation>The plan is empty</translation>
+    </message>
+    <message>
+        <source>计划字段“%1”的值不是文本</source>
+        <translation>The value of the plan&apos;s field &quot;%1&quot; is not a text</translation>
+    </message>
+    <message>
+        <source>计划字段“%1”未知，不能保存</source>
+        <translation>The plan&apos;s field &quot;%1&quot; is unknown and cannot be stored</translation>
+    </message>
+    <message>
+        <source>计划字段“%1”超过%2个字符</source>
+        <translation>The plan&apos;s field &quot;%1&quot; is longer than %2 characters</translation>
+    </message>
+    <message>
+        <source>计划字段“%1”含有无法保存的字符</source>
+        <translation>The plan&apos;s field &quot;%1&quot; has characters that cannot be stored</translation>
+    </message>
+    <message>
+        <source>计划“%1”不存在</source>
+        <translation>The plan &quot;%1&quot; does not exist</translation>
+    </message>
+    <message>
+        <source>不知道对计划“%1”的修改以哪个版本为基础，请重新打开计划后再修改</source>
+        <translation>The version that the change of plan &quot;%1&quot; is based on is unknown. Please open the plan again</translation>
+    </message>
+    <message>
+        <source>计划“%1”已有更新的版本，请重新打开后再修改</source>
+        <translation>The plan &quot;%1&quot; has a newer version. Please open it again</translation>
+    </message>
+    <message>
+        <source>计划已被%1于%2修改（%3），本次修改未保存，请核对后重新提交</source>
+        <translation>The plan was changed by %1 at %2 (%3). Your change was not stored. Please check and send it again</translation>
+    </message>
+    <message>
+        <source>无法确认是否已保存（%1），再次提交时会先核对，不会重复保存</source>
+        <translation>Whether it was stored is unknown (%1). Sent again, it is compared first and not stored twice</translation>
+    </message>
+    <message>
+        <source>计划%1%2，不能变为%3</source>
+        <translation>The plan %1 is %2 and cannot become %3</translation>
+    </message>
+    <message>
+        <source>计划%1%2，不能修改</source>
+        <translation>The plan %1 is %2 and cannot be changed</translation>
+    </message>
+    <message>
+        <source>请填写停止的原因</source>
+        <translation>Please enter the reason</translation>
+    </message>
+    <message>
+        <source>原因最多%1个字</source>
+        <translation>The reason has at most %1 characters</translation>
+    </message>
+    <message>
+        <source>指令%1不存在</source>
+        <translation>The instruction %1 does not exist</translation>
+    </message>
+    <message>
+        <source>证券“%1”的收盘价已损坏</source>
+        <translation>The closing prices of the security &quot;%1&quot; are damaged</translation>
+    </message>
+    <message>
+        <source>计划“%1”的内容已损坏</source>
+        <translation>The contents of the plan &quot;%1&quot; are damaged</translation>
+    </message>
+    <message>
+        <source>历史记录%1已损坏</source>
+        <translation>The history entry %1 is damaged</translation>
+    </message>
+    <message>
+        <source>计划“%1”的%2“%3”不存在</source>
+        <translation>In the plan &quot;%1&quot;, the %2 &quot;%3&quot; does not exist</translation>
+    </message>
+    <message>
+        <source>计划“%1”的%2“%3”无效</source>
+        <translation>In the plan &quot;%1&quot;, the %2 &quot;%3&quot; is invalid</translation>
+    </message>
+    <message>
+        <source>指令%1的内容“%2”无效</source>
+        <translation>The value &quot;%2&quot; of the instruction %1 is invalid</translation>
+    </message>
+    <message>
+        <source>证券“%1”的价格精度、数量系数、步长或涨跌幅超出范围</source>
+        <translation>The price decimals, quantity factor, step or price band of the security &quot;%1&quot; are out of range</translation>
+    </message>
+    <message>
+        <source>账户“%1”的证券“%2”的持仓无效</source>
+        <translation>The position of the account &quot;%1&quot; in the security &quot;%2&quot; is invalid</translation>
+    </message>
+    <message>
+        <source>客户“%1”对协议“%2”的签署无效</source>
+        <translation>The signature of the client &quot;%1&quot; for the agreement &quot;%2&quot; is invalid</translation>
+    </message>
+    <message>
+        <source>账户“%1”的限额例外%2无效</source>
+        <translation>The exception %2 of the limits of the account &quot;%1&quot; is invalid</translation>
+    </message>
+    <message>
+        <source>样本市场的证券数量须在%1到%2之间</source>
+        <translation>The sample market has between %1 and %2 securities</translation>
+    </message>
+    <message>
+        <source>样本市场缺少最后一个收盘日</source>
+        <translation>The sample market lacks the last close</translation>
+    </message>
+    <message>
+        <source>样本市场的生成已取消</source>
+        <translation>The generation of the sample market was cancelled</translation>
+    </message>
+    <message>
+        <source>交易日历不包含今天（%1），无法生成示例行情</source>
+        <translation>Today (%1) is not in the trade calendar, the sample market cannot be generated</translation>
+    </message>
+    <message>
+        <source>用户“%1”不存在</source>
+        <translation>The user &quot;%1&quot; does not exist</translation>
+    </message>
+    <message>
+        <source>尚未登录，无法处理计划</source>
+        <translation>Not logged in: plans cannot be processed</translation>
+    </message>
+    <message>
+        <source>尚未登录，无法查询均价</source>
+        <translation>Not logged in: averages cannot be queried</translation>
+    </message>
+    <message>
+        <source>尚未登录，无法查询交易日</source>
+        <translation>Not logged in: trade days cannot be queried</translation>
+    </message>
+    <message>
+        <source>尚未登录，无法下达指令</source>
+        <translation>Not logged in: nothing can be issued</translation>
+    </message>
+    <message>
+        <source>尚未登录，无法签署协议</source>
+        <translation>Not logged in: agreements cannot be signed</translation>
+    </message>
+    <message>
+        <source>协议“%1”不存在</source>
+        <translation>The agreement &quot;%1&quot; does not exist</translation>
+    </message>
+    <message>
+        <source>请选择签署协议的客户</source>
+        <translation>Please choose the client who signs</translation>
+    </message>
+    <message>
+        <source>客户“%1”不属于当前用户</source>
+        <translation>The client &quot;%1&quot; does not belong to the user</translation>
+    </message>
+    <message>
+        <source>休市表第1行不是表头“%1”</source>
+        <translation>Line 1 of the table of closures is not the heading &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>休市表第%1行%2</source>
+        <translation>Line %1 of the table of closures: %2</translation>
+    </message>
+    <message>
+        <source>应有4列，实有%1列</source>
+        <translation>4 columns expected, not %1</translation>
+    </message>
+    <message>
+        <source>日期“%1”无效</source>
+        <translation>The date &quot;%1&quot; is invalid</translation>
+    </message>
+    <message>
+        <source>没有市场“%1”的交易日历</source>
+        <translation>There is no trade calendar of the market &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>交易日历只到%1为止，无法确定%2之后的交易日</source>
+        <translation>The trade calendar ends on %1, trade days after %2 are unknown</translation>
+    </message>
+    <message>
+        <source>市场“%1”缺少%2年的休市安排</source>
+        <translation>The closures of the market &quot;%1&quot; in %2 are missing</translation>
+    </message>
+    <message>
+        <source>无法使用休市表“%1”：%2</source>
+        <translation>Cannot use the table of closures &quot;%1&quot;: %2</translation>
+    </message>
+    <message>
+        <source>交易日历只到%1，还剩%2天，请用import-closures命令导入之后的休市安排</source>
+        <translation>The trade calendar ends on %1, in %2 days. Please import later closures by the command import-closures</translation>
+    </message>
+    <message>
+        <source>交易日历已于%1结束，请用import-closures命令导入之后的休市安排</source>
+        <translation>The trade calendar ended on %1. Please import later closures by the command import-closures</translation>
+    </message>
+    <message>
+        <source>新建计划不能带有计划编号</source>
+        <translation>A new plan must not have an id</translation>
+    </message>
+    <message>
+        <source>缺少计划扩展信息</source>
+        <translation>The other parameters of the plan are missing</translation>
+    </message>
+    <message>
+        <source>计划扩展信息不是有效的JSON对象</source>
+        <translation>The other parameters of the plan are not a valid JSON object</translation>
+    </message>
+    <message>
+        <source>%1“%2”未知</source>
+        <translation>%1 &quot;%2&quot; is unknown</translation>
+    </message>
+    <message>
+        <source>未指定账户</source>
+        <translation>No account was given</translation>
+    </message>
+    <message>
+        <source>账户“%1”不存在</source>
+        <translation>The account &quot;%1&quot; does not exist</translation>
+    </message>
+    <message>
+        <source>没有账户“%1”的下单权限</source>
+        <translation>You may not trade in the account &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>未指定证券</source>
+        <translation>No security was given</translation>
+    </message>
+    <message>
+        <source>证券“%1”不存在</source>
+        <translation>The security &quot;%1&quot; does not exist</translation>
+    </message>
+    <message>
+        <source>证券“%1”不在市场“%2”交易</source>
+        <translation>The security &quot;%1&quot; is not traded on the market &quot;%2&quot;</translation>
+    </message>
+    <message>
+        <source>账户“%1”在该证券的市场没有证券账户</source>
+        <translation>The account &quot;%1&quot; has no securities account on the market of the security</translation>
+    </message>
+    <message>
+        <source>证券账户“%1”不属于该账户</source>
+        <translation>The securities account &quot;%1&quot; does not belong to the account</translation>
+    </message>
+    <message>
+        <source>%1“%2”不是正整数</source>
+        <translation>%1 &quot;%2&quot; is not a positive whole number</translation>
+    </message>
+    <message>
+        <source>%1“%2”不是整数</source>
+        <translation>%1 &quot;%2&quot; is not a whole number</translation>
+    </message>
+    <message>
+        <source>%1“%2”不是正数</source>
+        <translation>%1 &quot;%2&quot; is not a positive number</translation>
+    </message>
+    <message>
+        <source>%1“%2”不是数字</source>
+        <translation>%1 &quot;%2&quot; is not a number</translation>
+    </message>
+    <message>
+        <source>减持占比“%1”不在0到1之间</source>
+        <translation>The ratio &quot;%1&quot; is not between 0 and 1</translation>
+    </message>
+    <message>
+        <source>%1公式不正确：%2</source>
+        <translation>The formula of %1 is wrong: %2</translation>
+    </message>
+    <message>
+        <source>%1无效</source>
+        <translation>%1 is invalid</translation>
+    </message>
+    <message>
+        <source>%1%2不是交易日</source>
+        <translation>%1 %2 is not a trade day</translation>
+    </message>
+    <message>
+        <source>%1%2不在交易日历之内</source>
+        <translation>%1 %2 is not in the trade calendar</translation>
+    </message>
+    <message>
+        <source>结束日期早于开始日期</source>
+        <translation>The end date is before the start date</translation>
+    </message>
+    <message>
+        <source>备注超过%1个字符</source>
+        <translation>The remark is longer than %1 characters</translation>
+    </message>
+    <message>
+        <source>%1不支持修改</source>
+        <translation>%1 cannot be changed</translation>
+    </message>
+    <message>
+        <source>计划已开始执行，开始日期不支持修改</source>
+        <translation>The plan has started, its start date cannot be changed</translation>
+    </message>
+    <message>
+        <source>开始日期%1早于今天</source>
+        <translation>The start date %1 is before today</translation>
+    </message>
+    <message>
+        <source>计划的创建人“%1”不是当前用户</source>
+        <translation>The plan&apos;s creator &quot;%1&quot; is not the user</translation>
+    </message>
+    <message>
+        <source>账户“%1”不能使用指令类型“%2”</source>
+        <translation>The account &quot;%1&quot; cannot use the instruction type &quot;%2&quot;</translation>
+    </message>
+    <message>
+        <source>指令类型“%1”只能卖出</source>
+        <translation>The instruction type &quot;%1&quot; can only sell</translation>
+    </message>
+    <message>
+        <source>账户“%1”的指令须经复核，不能主动管理</source>
+        <translation>Instructions of the account &quot;%1&quot; must be reviewed</translation>
+    </message>
+    <message>
+        <source>减持计划不能买入</source>
+        <translation>A reduction cannot buy</translation>
+    </message>
+    <message>
+        <source>减持计划未指定执行人</source>
+        <translation>The reduction has no executor</translation>
+    </message>
+    <message>
+        <source>“%1”不是该账户的执行人</source>
+        <translation>&quot;%1&quot; is not an executor of the account</translation>
+    </message>
+    <message>
+        <source>该账户的计划不能分配给“%1”</source>
+        <translation>Plans of the account cannot be assigned to &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>按金额的计划缺少指令单类型</source>
+        <translation>A plan by amount lacks its order type</translation>
+    </message>
+    <message>
+        <source>目标低于该计划已成交和在下达的总和%1</source>
+        <translation>The target is below %1, the sum already filled and being issued</translation>
+    </message>
+    <message>
+        <source>按最近的收盘价得不出价格：%1</source>
+        <translation>The latest close gives no price: %1</translation>
+    </message>
+    <message>
+        <source>没有账户的交易限额</source>
+        <translation>The account has no trade limits</translation>
+    </message>
+    <message>
+        <source>数量%1超过账户的最大数量%2</source>
+        <translation>The quantity %1 exceeds the account&apos;s maximum %2</translation>
+    </message>
+    <message>
+        <source>金额%1元超过账户的最大金额%2元</source>
+        <translation>The amount of %1 yuan exceeds the account&apos;s maximum of %2 yuan</translation>
+    </message>
+    <message>
+        <source>价格%1不在账户允许的%2至%3之间</source>
+        <translation>The price %1 is not between %2 and %3, which the account allows</translation>
+    </message>
+    <message>
+        <source>证券“%1”没有收盘价</source>
+        <translation>The security &quot;%1&quot; has no closing price</translation>
+    </message>
+    <message>
+        <source>价格不足一个最小变动单位或过大</source>
+        <translation>The price is below one tick or too large</translation>
+    </message>
+    <message>
+        <source>当日的份额不足一手</source>
+        <translation>The share of the day is below one lot</translation>
+    </message>
+    <message>
+        <source>计划已完成，剩余不足一手</source>
+        <translation>The plan is completed, less than one lot is left</translation>
+    </message>
+    <message>
+        <source>可卖数量不足一手</source>
+        <translation>Less than one lot can be sold</translation>
+    </message>
+    <message>
+        <source>不在该市场的委托时间%1至%2内</source>
+        <translation>Outside the market&apos;s trading hours from %1 to %2</translation>
+    </message>
+    <message>
+        <source>%1不是今天（%2），只能模拟下达</source>
+        <translation>%1 is not today (%2) and can only be simulated</translation>
+    </message>
+    <message>
+        <source>只有信用账户可以在信用交易中转股</source>
+        <translation>Only a credit account can convert in credit trading</translation>
+    </message>
+    <message>
+        <source>债券转股只能以卖出方向申报</source>
+        <translation>A conversion must be a sale</translation>
+    </message>
+    <message>
+        <source>证券“%1”不是可转换债券</source>
+        <translation>The security &quot;%1&quot; is not a convertible bond</translation>
+    </message>
+    <message>
+        <source>账户没有可用的“%1”持仓</source>
+        <translation>The account has no available position in &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>多余的参数：%1</source>
+        <translation>Unexpected argument: %1</translation>
+    </message>
+    <message>
+        <source>缺少目录</source>
+        <translation>The folder is missing</translation>
+    </message>
+    <message>
+        <source>选项--%1缺少取值</source>
+        <translation>The option --%1 lacks its value</translation>
+    </message>
+    <message>
+        <source>没有皮肤“%1”，可选：%2</source>
+        <translation>There is no skin &quot;%1&quot;, choose from %2</translation>
+    </message>
+    <message>
+        <source>没有语言“%1”，可选：%2</source>
+        <translation>There is no language &quot;%1&quot;, choose from %2</translation>
+    </message>
+    <message>
+        <source>日期“%1”无效，格式为yyyy-MM-dd</source>
+        <translation>The date &quot;%1&quot; is invalid, the format is yyyy-MM-dd</translation>
+    </message>
+    <message>
+        <source>没有可用的显示设备；可用plandesk-walkthrough或--issue-day在没有窗口时运行</source>
+        <translation>There is no display. plandesk-walkthrough and --issue-day run without a window</translation>
+    </message>
+    <message>
+        <source>不能读取翻译文件%1</source>
+        <translation>Cannot read the translation %1</translation>
+    </message>
+    <message>
+        <source>命令%1应有参数：%2</source>
+        <translation>The command %1 needs arguments: %2</translation>
+    </message>
+    <message>
+        <source>选项--%1只用于%2</source>
+        <translation>The option --%1 is only for %2</translation>
+    </message>
+    <message>
+        <source>命令%2没有选项--%1</source>
+        <translation>The command %2 has no option --%1</translation>
+    </message>
+    <message>
+        <source>无法写入文件%1</source>
+        <translation>Cannot write the file %1</translation>
+    </message>
+    <message>
+        <source>数据库%1中已有%2只证券，--securities只用于新建的数据库</source>
+        <translation>The database %1 has %2 securities; --securities is only for a new database</translation>
+    </message>
+    <message>
+        <source>%2（第%1个字符）</source>
+        <translation>%2 (character %1)</translation>
+    </message>
+    <message>
+        <source>公式为空</source>
+        <translation>The formula is empty</translation>
+    </message>
+    <message>
+        <source>公式超过%1个字符</source>
+        <translation>The formula is longer than %1 characters</translation>
+    </message>
+    <message>
+        <source>括号嵌套超过%1层</source>
+        <translation>Parentheses are nested deeper than %1</translation>
+    </message>
+    <message>
+        <source>公式不完整</source>
+        <translation>The formula is incomplete</translation>
+    </message>
+    <message>
+        <source>公式语法不正确</source>
+        <translation>The formula is malformed</translation>
+    </message>
+    <message>
+        <source>不支持的字符“%1”</source>
+        <translation>The character &quot;%1&quot; is not supported</translation>
+    </message>
+    <message>
+        <source>数字“%1”格式不正确</source>
+        <translation>The number &quot;%1&quot; is malformed</translation>
+    </message>
+    <message>
+        <source>未知的名称“%1”</source>
+        <translation>The name &quot;%1&quot; is unknown</translation>
+    </message>
+    <message>
+        <source>缺少右括号</source>
+        <translation>A closing parenthesis is missing</translation>
+    </message>
+    <message>
+        <source>括号位置不正确</source>
+        <translation>A parenthesis is misplaced</translation>
+    </message>
+    <message>
+        <source>逗号位置不正确</source>
+        <translation>A comma is misplaced</translation>
+    </message>
+    <message>
+        <source>逗号只能用于函数的参数之间</source>
+        <translation>Commas are only allowed between arguments</translation>
+    </message>
+    <message>
+        <source>函数的参数过多，应为2个</source>
+        <translation>Too many arguments, 2 expected</translation>
+    </message>
+    <message>
+        <source>函数的参数不足，应为2个</source>
+        <translation>Too few arguments, 2 expected</translation>
+    </message>
+    <message>
+        <source>除数为零</source>
+        <translation>Division by zero</translation>
+    </message>
+    <message>
+        <source>该证券没有“%1”的数据</source>
+        <translation>The security has no &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>公式的结果不是有限的数</source>
+        <translation>The result of the formula is not finite</translation>
+    </message>
+    <message>
+        <source>公式的结果不大于零</source>
+        <translation>The result of the formula is not above zero</translation>
+    </message>
+</context>
+<context>
+    <name>FormDraft</name>
+    <message>
+        <source>算法参数 %1</source>
+        <translation>Algorithm %1</translation>
+    </message>
+    <message>
+        <source>新建计划</source>
+        <translation>New plan</translation>
+    </message>
+    <message>
+        <source>修改计划 %1</source>
+        <translation>Edit plan %1</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryTexts</name>
+    <message>
+        <source>（空）</source>
+        <translation>(empty)</translation>
+    </message>
+    <message>
+        <source>内容未变</source>
+        <translation>unchanged</translation>
+    </message>
+    <message>
+        <source>元</source>
+        <translation>yuan</translation>
+    </message>
+    <message>
+        <source>下达%1%2</source>
+        <translation>issued %1%2</translation>
+    </message>
+    <message>
+        <source>成交%1%2</source>
+        <translation>filled %1%2</translation>
+    </message>
+    <message>
+        <source>已结束</source>
+        <translation>ended</translation>
+    </message>
+    <message>
+        <source>新建</source>
+        <translation>New</translation>
+    </message>
+    <message>
+        <source>修改为第%1版：%2</source>
+        <translation>Changed to version %1: %2</translation>
+    </message>
+    <message>
+        <source>状态变更为第%1版：%2</source>
+        <translation>State changed in version %1: %2</translation>
+    </message>
+    <message>
+        <source>下达指令：</source>
+        <translation>Instruction issued: </translation>
+    </message>
+    <message>
+        <source>指令变更：</source>
+        <translation>Instruction changed: </translation>
+    </message>
+    <message>
+        <source>签署协议：</source>
+        <translation>Agreement signed: </translation>
+    </message>
+    <message>
+        <source>连接中断前提交的计划%1已保存。</source>
+        <translation>Plan %1, sent before the connection was lost, has been stored.</translation>
+    </message>
+    <message>
+        <source>连接中断前提交的计划未保存，请重新提交。</source>
+        <translation>The plan sent before the connection was lost has not been stored. Please send it again.</translation>
+    </message>
+    <message>
+        <source>连接中断前下达的当日指令已保存。</source>
+        <translation>The instructions issued before the connection was lost have been stored.</translation>
+    </message>
+    <message>
+        <source>连接中断前下达的当日指令未保存，请重新下达。</source>
+        <translation>The instructions issued before the connection was lost have not been stored. Please issue them again.</translation>
+    </message>
+    <message>
+        <source>连接中断前签署的协议已保存。</source>
+        <translation>The agreement signed before the connection was lost has been stored.</translation>
+    </message>
+    <message>
+        <source>连接中断前签署的协议未保存，请重新签署。</source>
+        <translation>The agreement signed before the connection was lost has not been stored. Please sign it again.</translation>
     </message>
 </context>
 <context>
@@ -1071,6 +1952,100 @@
     </message>
 </context>
 <context>
+    <name>OrloWidget</name>
+    <message>
+        <source>警告</source>
+        <translation>Warning</translation>
+    </message>
+    <message>
+        <source>错误</source>
+        <translation>Error</translation>
+    </message>
+    <message>
+        <source>提示</source>
+        <translation>Information</translation>
+    </message>
+    <message>
+        <source>确认</source>
+        <translation>Confirm</translation>
+    </message>
+</context>
+<context>
+    <name>PlanColumns</name>
+    <message>
+        <source>%1天</source>
+        <translation>%1 d</translation>
+    </message>
+    <message>
+        <source>已下达</source>
+        <translation>Issued</translation>
+    </message>
+    <message>
+        <source>计划编号</source>
+        <translation>Plan</translation>
+    </message>
+    <message>
+        <source>账户</source>
+        <translation>Account</translation>
+    </message>
+    <message>
+        <source>状态</source>
+        <translation>State</translation>
+    </message>
+    <message>
+        <source>证券</source>
+        <translation>Security</translation>
+    </message>
+    <message>
+        <source>方向</source>
+        <translation>Side</translation>
+    </message>
+    <message>
+        <source>目标</source>
+        <translation>Target</translation>
+    </message>
+    <message>
+        <source>成交 / 下达</source>
+        <translation>Filled / issued</translation>
+    </message>
+    <message>
+        <source>每日</source>
+        <translation>Per day</translation>
+    </message>
+    <message>
+        <source>价格</source>
+        <translation>Price</translation>
+    </message>
+    <message>
+        <source>生效时段</source>
+        <translation>Period</translation>
+    </message>
+    <message>
+        <source>剩余</source>
+        <translation>Left</translation>
+    </message>
+    <message>
+        <source>最近结果</source>
+        <translation>Last result</translation>
+    </message>
+    <message>
+        <source>分配给</source>
+        <translation>Assigned to</translation>
+    </message>
+    <message>
+        <source>计划类型</source>
+        <translation>Plan type</translation>
+    </message>
+    <message>
+        <source>指令类型</source>
+        <translation>Instruction type</translation>
+    </message>
+    <message>
+        <source>创建人/时间</source>
+        <translation>Created</translation>
+    </message>
+</context>
+<context>
     <name>PlanDetails</name>
     <message>
         <source>选择一个计划，查看全部内容。</source>
@@ -1091,6 +2066,276 @@
     <message>
         <source>最近的%1条，全部历史见命令plandesk history</source>
         <translation>The latest %1; the command plandesk history prints all</translation>
+    </message>
+    <message>
+        <source>%1……（共%2字）</source>
+        <translation>%1... (%2 characters)</translation>
+    </message>
+    <message>
+        <source>已结束</source>
+        <translation>ended</translation>
+    </message>
+    <message>
+        <source>进行中</source>
+        <translation>Running</translation>
+    </message>
+    <message>
+        <source>下达 %1，成交 %2，%3</source>
+        <translation>Issued %1, filled %2, %3</translation>
+    </message>
+</context>
+<context>
+    <name>PlanFormatter</name>
+    <message>
+        <source>累计数量</source>
+        <translation>Total quantity</translation>
+    </message>
+    <message>
+        <source>平均数量</source>
+        <translation>Average quantity</translation>
+    </message>
+    <message>
+        <source>相同要素</source>
+        <translation>Same every day</translation>
+    </message>
+    <message>
+        <source>减持</source>
+        <translation>Reduction</translation>
+    </message>
+    <message>
+        <source>买入</source>
+        <translation>Buy</translation>
+    </message>
+    <message>
+        <source>卖出</source>
+        <translation>Sell</translation>
+    </message>
+    <message>
+        <source>不限价</source>
+        <translation>No limit</translation>
+    </message>
+    <message>
+        <source>自定义</source>
+        <translation>Custom</translation>
+    </message>
+    <message>
+        <source>比较值取最大</source>
+        <translation>Higher of two</translation>
+    </message>
+    <message>
+        <source>比较值取最小</source>
+        <translation>Lower of two</translation>
+    </message>
+    <message>
+        <source>主动管理</source>
+        <translation>Active</translation>
+    </message>
+    <message>
+        <source>普通交易复核</source>
+        <translation>Reviewed</translation>
+    </message>
+    <message>
+        <source>算法交易复核</source>
+        <translation>Algorithm, reviewed</translation>
+    </message>
+    <message>
+        <source>增强限价盘</source>
+        <translation>Enhanced limit order</translation>
+    </message>
+    <message>
+        <source>竞价限价盘</source>
+        <translation>At-auction limit order</translation>
+    </message>
+    <message>
+        <source>是</source>
+        <translation>Yes</translation>
+    </message>
+    <message>
+        <source>否</source>
+        <translation>No</translation>
+    </message>
+    <message>
+        <source>元</source>
+        <translation>yuan</translation>
+    </message>
+    <message>
+        <source>%1 起</source>
+        <translation>from %1</translation>
+    </message>
+    <message>
+        <source>%1 至 %2</source>
+        <translation>%1 to %2</translation>
+    </message>
+    <message>
+        <source>计划编号</source>
+        <translation>Plan</translation>
+    </message>
+    <message>
+        <source>状态</source>
+        <translation>State</translation>
+    </message>
+    <message>
+        <source>账户名称</source>
+        <translation>Account</translation>
+    </message>
+    <message>
+        <source>证券账户</source>
+        <translation>Securities account</translation>
+    </message>
+    <message>
+        <source>指令类型</source>
+        <translation>Instruction type</translation>
+    </message>
+    <message>
+        <source>指令单类型</source>
+        <translation>Order type</translation>
+    </message>
+    <message>
+        <source>计划类型</source>
+        <translation>Plan type</translation>
+    </message>
+    <message>
+        <source>证券</source>
+        <translation>Security</translation>
+    </message>
+    <message>
+        <source>市场</source>
+        <translation>Market</translation>
+    </message>
+    <message>
+        <source>交易方向</source>
+        <translation>Side</translation>
+    </message>
+    <message>
+        <source>报价类型</source>
+        <translation>Quote type</translation>
+    </message>
+    <message>
+        <source>委托类别</source>
+        <translation>Order category</translation>
+    </message>
+    <message>
+        <source>价格模式</source>
+        <translation>Price mode</translation>
+    </message>
+    <message>
+        <source>价格1</source>
+        <translation>Price 1</translation>
+    </message>
+    <message>
+        <source>价格</source>
+        <translation>Price</translation>
+    </message>
+    <message>
+        <source>价格2</source>
+        <translation>Price 2</translation>
+    </message>
+    <message>
+        <source>目标总量</source>
+        <translation>Target</translation>
+    </message>
+    <message>
+        <source>每日计划量</source>
+        <translation>Daily quantity</translation>
+    </message>
+    <message>
+        <source>每日最大委托量</source>
+        <translation>Daily maximum</translation>
+    </message>
+    <message>
+        <source>减持占比</source>
+        <translation>Ratio</translation>
+    </message>
+    <message>
+        <source>下单模式</source>
+        <translation>Mode</translation>
+    </message>
+    <message>
+        <source>执行人</source>
+        <translation>Executor</translation>
+    </message>
+    <message>
+        <source>分配给</source>
+        <translation>Assigned to</translation>
+    </message>
+    <message>
+        <source>生效时段</source>
+        <translation>Period</translation>
+    </message>
+    <message>
+        <source>减持模式</source>
+        <translation>Reduction mode</translation>
+    </message>
+    <message>
+        <source>连续90天减持不超过总股本1%</source>
+        <translation>At most 1% of the share capital in 90 days</translation>
+    </message>
+    <message>
+        <source>备注</source>
+        <translation>Remark</translation>
+    </message>
+    <message>
+        <source>算法</source>
+        <translation>Algorithm</translation>
+    </message>
+    <message>
+        <source>算法参数</source>
+        <translation>Algorithm parameters</translation>
+    </message>
+    <message>
+        <source>创建</source>
+        <translation>Created</translation>
+    </message>
+    <message>
+        <source>修改</source>
+        <translation>Changed</translation>
+    </message>
+    <message>
+        <source>第%1版 %2</source>
+        <translation>Version %1, %2</translation>
+    </message>
+    <message>
+        <source>张</source>
+        <translation>bonds</translation>
+    </message>
+    <message>
+        <source>股</source>
+        <translation>shares</translation>
+    </message>
+</context>
+<context>
+    <name>PlanLife</name>
+    <message>
+        <source>未开始</source>
+        <translation>Not started</translation>
+    </message>
+    <message>
+        <source>进行中</source>
+        <translation>Running</translation>
+    </message>
+    <message>
+        <source>异常</source>
+        <translation>Failed</translation>
+    </message>
+    <message>
+        <source>已暂停</source>
+        <translation>Paused</translation>
+    </message>
+    <message>
+        <source>已停止</source>
+        <translation>Stopped</translation>
+    </message>
+    <message>
+        <source>已完成</source>
+        <translation>Completed</translation>
+    </message>
+    <message>
+        <source>已过期</source>
+        <translation>Expired</translation>
+    </message>
+    <message>
+        <source>已归档</source>
+        <translation>Archived</translation>
     </message>
 </context>
 <context>
@@ -1205,6 +2450,21 @@
     <message>
         <source>没有匹配的证券</source>
         <translation>No security matches</translation>
+    </message>
+</context>
+<context>
+    <name>SessionStart</name>
+    <message>
+        <source>首次启动，正在生成示例行情……</source>
+        <translation>First start: generating the sample market...</translation>
+    </message>
+    <message>
+        <source>取消</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>交易计划</source>
+        <translation>Plans</translation>
     </message>
 </context>
 <context>

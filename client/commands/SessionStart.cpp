@@ -4,6 +4,7 @@
 #include "CommandForms.h"
 #include "ServerLocation.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QProgressDialog>
@@ -35,8 +36,9 @@ private:
     {
         if (!m_dialog) {
             m_dialog = std::make_unique<QProgressDialog>(
-                QStringLiteral("首次启动，正在生成示例行情……"), QStringLiteral("取消"), 0, total);
-            m_dialog->setWindowTitle(QStringLiteral("交易计划"));
+                QCoreApplication::translate("SessionStart", "首次启动，正在生成示例行情……"),
+                QCoreApplication::translate("SessionStart", "取消"), 0, total);
+            m_dialog->setWindowTitle(QCoreApplication::translate("SessionStart", "交易计划"));
             m_dialog->setWindowModality(Qt::ApplicationModal);
             m_dialog->setMinimumDuration(0);
         }

@@ -3,6 +3,8 @@
 #include "AutoPlanField.h"
 #include "PlanTexts.h"
 
+#include <QCoreApplication>
+
 namespace {
 
 QDate dateOf(const StoredPlan& plan, const QString& key)
@@ -50,21 +52,21 @@ QString PlanLife::word(PlanStage stage)
 {
     switch (stage) {
     case PlanStage::NotStarted:
-        return QStringLiteral("未开始");
+        return QCoreApplication::translate("PlanLife", "未开始");
     case PlanStage::Running:
-        return QStringLiteral("进行中");
+        return QCoreApplication::translate("PlanLife", "进行中");
     case PlanStage::Failed:
-        return QStringLiteral("异常");
+        return QCoreApplication::translate("PlanLife", "异常");
     case PlanStage::Paused:
-        return QStringLiteral("已暂停");
+        return QCoreApplication::translate("PlanLife", "已暂停");
     case PlanStage::Stopped:
-        return QStringLiteral("已停止");
+        return QCoreApplication::translate("PlanLife", "已停止");
     case PlanStage::Completed:
-        return QStringLiteral("已完成");
+        return QCoreApplication::translate("PlanLife", "已完成");
     case PlanStage::Expired:
-        return QStringLiteral("已过期");
+        return QCoreApplication::translate("PlanLife", "已过期");
     case PlanStage::Archived:
-        return QStringLiteral("已归档");
+        return QCoreApplication::translate("PlanLife", "已归档");
     }
     return QString();
 }

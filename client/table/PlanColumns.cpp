@@ -7,6 +7,7 @@
 #include "PlanLife.h"
 #include "PlanTexts.h"
 
+#include <QCoreApplication>
 #include <QLocale>
 
 #include <tuple>
@@ -63,7 +64,7 @@ QString remainingDays(const Shown& shown)
     for (QDate day = qMax(shown.today, dateOf(plan, AutoPlanField::BaseField::beginDate)); day <= end;
          day = day.addDays(1))
         days += calendar.day(exchange, day) == TradeCalendar::Day::Trades ? 1 : 0;
-    return QStringLiteral("%1天").arg(days);
+    return QCoreApplication::translate("PlanColumns", "%1天").arg(days);
 }
 
 QString lastResult(const Shown& shown)
@@ -72,32 +73,41 @@ QString lastResult(const Shown& shown)
     if (!progress.lastDay.isValid())
         return QString();
     const QString day = QLocale::c().toString(progress.lastDay, QStringLiteral("MM-dd"));
-    const QString result = progress.refusal.isEmpty() ? QStringLiteral("已下达") : progress.refusal;
+    const QString result =
+        progress.refusal.isEmpty() ? QCoreApplication::translate("PlanColumns", "已下达") : progress.refusal;
     return QStringLiteral("%1 %2").arg(day, result);
 }
 
 const Definition definitions[PlanColumns::Count] = {
-    { "id", "计划编号", "AP00000000", false, PlanOrder::Number,
+    { "id", QT_TRANSLATE_NOOP("PlanColumns", "计划编号"), "AP00000000", false, PlanOrder::Number,
         [](const Shown& shown) { return shown.listed.plan.id; } },
-    { "account", "账户", "四字账户（F000000）", false, {}, [](const Shown& shown) { return shown.words.account(); } },
-    { "state", "状态", "已暂停", false, {}, [](const Shown& shown) { return PlanLife::word(stageOf(shown)); } },
-    { "security", "证券", "600000.SH 四字证券", false, PlanOrder::Security,
+    { "account", QT_TRANSLATE_NOOP("PlanColumns", "账户"), "四字账户（F000000）", false, {},
+        [](const Shown& shown) { return shown.words.account(); } },
+    { "state", QT_TRANSLATE_NOOP("PlanColumns", "状态"), "已暂停", false, {},
+        [](const Shown& shown) { return PlanLife::word(stageOf(shown)); } },
+    { "security", QT_TRANSLATE_NOOP("PlanColumns", "证券"), "600000.SH 四字证券", false, PlanOrder::Security,
         [](const Shown& shown) { return shown.words.security(); } },
-    { "side", "方向", "方向", false, {}, [](const Shown& shown) { return shown.words.side(); } },
-    { "target", "目标", "10,000,000.00 元", true, {}, [](const Shown& shown) { return shown.words.target(); } },
-    { "progress", "成交 / 下达", "1,000,000 / 1,000,000", true, {}, progressText },
-    { "perDay", "每日", "1,000,000 股", true, {}, [](const Shown& shown) { return shown.words.perDay(); } },
-    { "price", "价格", "昨收盘价 * 1.01", false, {}, [](const Shown& shown) { return shown.words.price(); } },
-    { "period", "生效时段", "0000-00-00 至 0000-00-00", false, PlanOrder::End,
+    { "side", QT_TRANSLATE_NOOP("PlanColumns", "方向"), "方向", false, {},
+        [](const Shown& shown) { return shown.words.side(); } },
+    { "target", QT_TRANSLATE_NOOP("PlanColumns", "目标"), "10,000,000.00 元", true, {},
+        [](const Shown& shown) { return shown.words.target(); } },
+    { "progress", QT_TRANSLATE_NOOP("PlanColumns", "成交 / 下达"), "1,000,000 / 1,000,000", true, {}, progressText },
+    { "perDay", QT_TRANSLATE_NOOP("PlanColumns", "每日"), "1,000,000 股", true, {},
+        [](const Shown& shown) { return shown.words.perDay(); } },
+    { "price", QT_TRANSLATE_NOOP("PlanColumns", "价格"), "昨收盘价 * 1.01", false, {},
+        [](const Shown& shown) { return shown.words.price(); } },
+    { "period", QT_TRANSLATE_NOOP("PlanColumns", "生效时段"), "0000-00-00 至 0000-00-00", false, PlanOrder::End,
         [](const Shown& shown) { return shown.words.period(); } },
-    { "remainingDays", "剩余", "剩余剩余", true, {}, remainingDays },
-    { "lastResult", "最近结果", "00-00 四字结果", false, {}, lastResult },
-    { "assignee", "分配给", "默认不指定", false, {}, [](const Shown& shown) { return shown.words.assignee(); } },
-    { "planType", "计划类型", "累计数量", false, {}, [](const Shown& shown) { return shown.words.planType(); } },
-    { "instructionType", "指令类型", "港股通交易", false, {},
+    { "remainingDays", QT_TRANSLATE_NOOP("PlanColumns", "剩余"), "剩余剩余", true, {}, remainingDays },
+    { "lastResult", QT_TRANSLATE_NOOP("PlanColumns", "最近结果"), "00-00 四字结果", false, {}, lastResult },
+    { "assignee", QT_TRANSLATE_NOOP("PlanColumns", "分配给"), "默认不指定", false, {},
+        [](const Shown& shown) { return shown.words.assignee(); } },
+    { "planType", QT_TRANSLATE_NOOP("PlanColumns", "计划类型"), "累计数量", false, {},
+        [](const Shown& shown) { return shown.words.planType(); } },
+    { "instructionType", QT_TRANSLATE_NOOP("PlanColumns", "指令类型"), "港股通交易", false, {},
         [](const Shown& shown) { return shown.words.instructionType(); } },
-    { "creation", "创建人/时间", "trader01 0000-00-00 00:00", false, PlanOrder::Number,
-        [](const Shown& shown) { return shown.words.creation(); } },
+    { "creation", QT_TRANSLATE_NOOP("PlanColumns", "创建人/时间"), "trader01 0000-00-00 00:00", false,
+        PlanOrder::Number, [](const Shown& shown) { return shown.words.creation(); } },
 };
 
 } // namespace
@@ -118,7 +128,7 @@ QString PlanColumns::name(int column)
 
 QString PlanColumns::title(int column)
 {
-    return QString::fromUtf8(definitions[column].title);
+    return QCoreApplication::translate("PlanColumns", definitions[column].title);
 }
 
 QString PlanColumns::sample(int column)

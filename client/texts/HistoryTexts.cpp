@@ -12,6 +12,7 @@
 #include "PlanStore.h"
 #include "StoredTime.h"
 
+#include <QCoreApplication>
 #include <QLocale>
 
 using namespace PlanCodes;
@@ -20,7 +21,7 @@ namespace {
 
 QString shown(const QString& text)
 {
-    return text.isEmpty() ? QStringLiteral("（空）") : text;
+    return text.isEmpty() ? QCoreApplication::translate("HistoryTexts", "（空）") : text;
 }
 
 /// The fields that differ, in the words of the form.
@@ -47,7 +48,8 @@ QString planChanges(const HistoryEntry& entry)
     // What the form does not show, for example the user who sent it.
     if (changes.isEmpty())
         changes = PlanChanges::captions(entry.before, entry.after);
-    return changes.isEmpty() ? QStringLiteral("内容未变") : changes.join(QStringLiteral("，"));
+    return changes.isEmpty() ? QCoreApplication::translate("HistoryTexts", "内容未变")
+                             : changes.join(QStringLiteral("，"));
 }
 
 QString instructionChanges(const HistoryEntry& entry)
@@ -56,14 +58,14 @@ QString instructionChanges(const HistoryEntry& entry)
     const bool byAmount = after(FieldId::TargetType) == InstructionTargetType::AmountOrder;
     const QString issued = after(byAmount ? FieldId::IssuedAmount : FieldId::IssuedQty);
     const QString filled = after(byAmount ? Orlo_Fields::Security::cumAmount : FieldId::FilledQty);
-    const QString unit = byAmount ? QStringLiteral("元") : QString();
+    const QString unit = byAmount ? QCoreApplication::translate("HistoryTexts", "元") : QString();
     QStringList parts{ entry.subject };
     if (!issued.isEmpty())
-        parts << QStringLiteral("下达%1%2").arg(groupedText(issued), unit);
+        parts << QCoreApplication::translate("HistoryTexts", "下达%1%2").arg(groupedText(issued), unit);
     if (!filled.isEmpty())
-        parts << QStringLiteral("成交%1%2").arg(groupedText(filled), unit);
+        parts << QCoreApplication::translate("HistoryTexts", "成交%1%2").arg(groupedText(filled), unit);
     if (after(FieldId::EndState) == EndState::Ended)
-        parts << QStringLiteral("已结束");
+        parts << QCoreApplication::translate("HistoryTexts", "已结束");
     return parts.join(QLatin1Char(' '));
 }
 
@@ -90,17 +92,19 @@ QString HistoryTexts::event(const HistoryEntry& entry)
 {
     switch (entry.event) {
     case HistoryEvent::Created:
-        return QStringLiteral("新建");
+        return QCoreApplication::translate("HistoryTexts", "新建");
     case HistoryEvent::Changed:
-        return QStringLiteral("修改为第%1版：%2").arg(QString::number(entry.version), planChanges(entry));
+        return QCoreApplication::translate("HistoryTexts", "修改为第%1版：%2")
+            .arg(QString::number(entry.version), planChanges(entry));
     case HistoryEvent::StateChanged:
-        return QStringLiteral("状态变更为第%1版：%2").arg(QString::number(entry.version), stateChange(entry));
+        return QCoreApplication::translate("HistoryTexts", "状态变更为第%1版：%2")
+            .arg(QString::number(entry.version), stateChange(entry));
     case HistoryEvent::Issued:
-        return QStringLiteral("下达指令：") + instructionChanges(entry);
+        return QCoreApplication::translate("HistoryTexts", "下达指令：") + instructionChanges(entry);
     case HistoryEvent::InstructionChanged:
-        return QStringLiteral("指令变更：") + instructionChanges(entry);
+        return QCoreApplication::translate("HistoryTexts", "指令变更：") + instructionChanges(entry);
     case HistoryEvent::Signed:
-        return QStringLiteral("签署协议：") + entry.subject;
+        return QCoreApplication::translate("HistoryTexts", "签署协议：") + entry.subject;
     }
     return QString();
 }
@@ -114,14 +118,14 @@ QString HistoryTexts::outcome(UnknownRequest request, bool isStored, const QStri
 {
     switch (request) {
     case UnknownRequest::Plan:
-        return isStored ? QStringLiteral("连接中断前提交的计划%1已保存。").arg(planId)
-                        : QStringLiteral("连接中断前提交的计划未保存，请重新提交。");
+        return isStored ? QCoreApplication::translate("HistoryTexts", "连接中断前提交的计划%1已保存。").arg(planId)
+                        : QCoreApplication::translate("HistoryTexts", "连接中断前提交的计划未保存，请重新提交。");
     case UnknownRequest::Issue:
-        return isStored ? QStringLiteral("连接中断前下达的当日指令已保存。")
-                        : QStringLiteral("连接中断前下达的当日指令未保存，请重新下达。");
+        return isStored ? QCoreApplication::translate("HistoryTexts", "连接中断前下达的当日指令已保存。")
+                        : QCoreApplication::translate("HistoryTexts", "连接中断前下达的当日指令未保存，请重新下达。");
     case UnknownRequest::Signature:
-        return isStored ? QStringLiteral("连接中断前签署的协议已保存。")
-                        : QStringLiteral("连接中断前签署的协议未保存，请重新签署。");
+        return isStored ? QCoreApplication::translate("HistoryTexts", "连接中断前签署的协议已保存。")
+                        : QCoreApplication::translate("HistoryTexts", "连接中断前签署的协议未保存，请重新签署。");
     }
     return QString();
 }

@@ -24,6 +24,7 @@
 #include "PlanLife.h"
 #include "StrategyLibrary.h"
 
+#include <QCoreApplication>
 #include <QLocale>
 #include <QStringList>
 
@@ -35,6 +36,12 @@ namespace {
 
 /// Those of the form's field.
 constexpr int RatioDecimals = 4;
+
+/// The word in the window's language.
+QString worded(const CodeWords& words, const QString& code)
+{
+    return QCoreApplication::translate("PlanFormatter", words.word(code).toUtf8().constData());
+}
 
 QString configured(const QString& category, const QString& code)
 {
@@ -70,8 +77,8 @@ QString itemTexts(const StrategyControl& control, const StrategyParameter& param
 QString parameterText(const StrategyControl& control, const StrategyParameter& parameter, const QString& value)
 {
     if (control.isButton())
-        return ControlValue::ofParameter(control, parameter, value) == QLatin1String("true") ? QStringLiteral("是")
-                                                                                             : QStringLiteral("否");
+        return ControlValue::ofParameter(control, parameter, value) == QLatin1String("true") ? PlanFormatter::tr("是")
+                                                                                             : PlanFormatter::tr("否");
     const QString entries = itemTexts(control, parameter, value);
     if (!entries.isEmpty())
         return entries;
@@ -114,7 +121,7 @@ QString PlanFormatter::state() const
 
 QString PlanFormatter::planType() const
 {
-    return CodeWords::planTypes().word(text(Orlo_Fields::AutoPlan::templateCode));
+    return worded(CodeWords::planTypes(), text(Orlo_Fields::AutoPlan::templateCode));
 }
 
 QString PlanFormatter::instructionType() const
@@ -135,7 +142,7 @@ QString PlanFormatter::security() const
 
 QString PlanFormatter::side() const
 {
-    return CodeWords::sides().word(text(Base::orderSide));
+    return worded(CodeWords::sides(), text(Base::orderSide));
 }
 
 QString PlanFormatter::target() const
@@ -150,7 +157,7 @@ QString PlanFormatter::perDay() const
 
 QString PlanFormatter::issued(const QString& number, bool isByAmount) const
 {
-    return counted(number, isByAmount ? QStringLiteral("元") : unit());
+    return counted(number, isByAmount ? PlanFormatter::tr("元") : unit());
 }
 
 double PlanFormatter::total() const
@@ -166,7 +173,7 @@ QString PlanFormatter::partText(double part) const
 
 QString PlanFormatter::priceMode() const
 {
-    return CodeWords::priceModes().word(text(Base::priceModel));
+    return worded(CodeWords::priceModes(), text(Base::priceModel));
 }
 
 QString PlanFormatter::price() const
@@ -183,8 +190,8 @@ QString PlanFormatter::price() const
 QString PlanFormatter::period() const
 {
     const QString begin = text(Base::beginDate);
-    return isReduction() ? QStringLiteral("%1 起").arg(begin)
-                         : QStringLiteral("%1 至 %2").arg(begin, text(Base::endDate));
+    return isReduction() ? PlanFormatter::tr("%1 起").arg(begin)
+                         : PlanFormatter::tr("%1 至 %2").arg(begin, text(Base::endDate));
 }
 
 QString PlanFormatter::creation() const
@@ -212,39 +219,41 @@ QVector<QPair<QString, QString>> PlanFormatter::fields() const
 
 void PlanFormatter::addBasics(Fields& fields) const
 {
-    fields << qMakePair(QStringLiteral("计划编号"), m_plan.id) << qMakePair(QStringLiteral("状态"), state())
-           << qMakePair(QStringLiteral("账户名称"), account())
-           << qMakePair(QStringLiteral("证券账户"), text(UserAccount::securityAccount))
-           << qMakePair(QStringLiteral("指令类型"), instructionType())
-           << qMakePair(QStringLiteral("指令单类型"), targetType()) << qMakePair(QStringLiteral("计划类型"), planType())
-           << qMakePair(QStringLiteral("证券"), security()) << qMakePair(QStringLiteral("市场"), exchange())
-           << qMakePair(QStringLiteral("交易方向"), side()) << qMakePair(QStringLiteral("报价类型"), priceType())
-           << qMakePair(QStringLiteral("委托类别"), entrustType());
+    fields << qMakePair(PlanFormatter::tr("计划编号"), m_plan.id) << qMakePair(PlanFormatter::tr("状态"), state())
+           << qMakePair(PlanFormatter::tr("账户名称"), account())
+           << qMakePair(PlanFormatter::tr("证券账户"), text(UserAccount::securityAccount))
+           << qMakePair(PlanFormatter::tr("指令类型"), instructionType())
+           << qMakePair(PlanFormatter::tr("指令单类型"), targetType())
+           << qMakePair(PlanFormatter::tr("计划类型"), planType()) << qMakePair(PlanFormatter::tr("证券"), security())
+           << qMakePair(PlanFormatter::tr("市场"), exchange()) << qMakePair(PlanFormatter::tr("交易方向"), side())
+           << qMakePair(PlanFormatter::tr("报价类型"), priceType())
+           << qMakePair(PlanFormatter::tr("委托类别"), entrustType());
 }
 
 void PlanFormatter::addPrices(Fields& fields) const
 {
     const QString model = text(Base::priceModel);
     const bool compares = model == PriceModel::CompareMax || model == PriceModel::CompareMin;
-    fields << qMakePair(QStringLiteral("价格模式"), priceMode());
+    fields << qMakePair(PlanFormatter::tr("价格模式"), priceMode());
     if (model != PriceModel::NoLimit)
         fields << qMakePair(
-            compares ? QStringLiteral("价格1") : QStringLiteral("价格"), amount(text(Base::priceFormula1)));
+            compares ? PlanFormatter::tr("价格1") : PlanFormatter::tr("价格"), amount(text(Base::priceFormula1)));
     if (compares)
-        fields << qMakePair(QStringLiteral("价格2"), amount(text(Base::priceFormula2)));
+        fields << qMakePair(PlanFormatter::tr("价格2"), amount(text(Base::priceFormula2)));
 }
 
 void PlanFormatter::addTargets(Fields& fields) const
 {
     const bool sameEveryDay = text(Orlo_Fields::AutoPlan::templateCode) == PlanType::SameElements;
-    fields << qMakePair(QStringLiteral("目标总量"), target())
-           << qMakePair(sameEveryDay ? QStringLiteral("每日计划量") : QStringLiteral("每日最大委托量"), perDay())
-           << qMakePair(QStringLiteral("减持占比"), ratio()) << qMakePair(QStringLiteral("下单模式"), instructionMode())
-           << qMakePair(isReduction() ? QStringLiteral("执行人") : QStringLiteral("分配给"), assignee())
-           << qMakePair(QStringLiteral("生效时段"), period())
-           << qMakePair(
-                  QStringLiteral("减持模式"), isReduction() ? QStringLiteral("连续90天减持不超过总股本1%") : QString())
-           << qMakePair(QStringLiteral("备注"), text(Base::remark));
+    fields << qMakePair(PlanFormatter::tr("目标总量"), target())
+           << qMakePair(sameEveryDay ? PlanFormatter::tr("每日计划量") : PlanFormatter::tr("每日最大委托量"), perDay())
+           << qMakePair(PlanFormatter::tr("减持占比"), ratio())
+           << qMakePair(PlanFormatter::tr("下单模式"), instructionMode())
+           << qMakePair(isReduction() ? PlanFormatter::tr("执行人") : PlanFormatter::tr("分配给"), assignee())
+           << qMakePair(PlanFormatter::tr("生效时段"), period())
+           << qMakePair(PlanFormatter::tr("减持模式"),
+                  isReduction() ? PlanFormatter::tr("连续90天减持不超过总股本1%") : QString())
+           << qMakePair(PlanFormatter::tr("备注"), text(Base::remark));
 }
 
 void PlanFormatter::addAlgorithm(Fields& fields) const
@@ -253,17 +262,17 @@ void PlanFormatter::addAlgorithm(Fields& fields) const
     if (name.isEmpty())
         return;
     const StrategyDefinition strategy = StrategyLibrary::instance().strategy(name);
-    fields << qMakePair(QStringLiteral("算法"), algorithm())
+    fields << qMakePair(PlanFormatter::tr("算法"), algorithm())
            << qMakePair(
-                  QStringLiteral("算法参数"), strategyParameters(strategy, m_other.value(Base::algoParam).toMap()));
+                  PlanFormatter::tr("算法参数"), strategyParameters(strategy, m_other.value(Base::algoParam).toMap()));
 }
 
 void PlanFormatter::addHistory(Fields& fields) const
 {
-    fields << qMakePair(QStringLiteral("创建"), creation());
+    fields << qMakePair(PlanFormatter::tr("创建"), creation());
     if (m_plan.version > 1)
-        fields << qMakePair(QStringLiteral("修改"),
-            QStringLiteral("第%1版 %2").arg(QString::number(m_plan.version), timeText(m_plan.changed)));
+        fields << qMakePair(PlanFormatter::tr("修改"),
+            PlanFormatter::tr("第%1版 %2").arg(QString::number(m_plan.version), timeText(m_plan.changed)));
 }
 
 QString PlanFormatter::symbol() const
@@ -298,12 +307,12 @@ QString PlanFormatter::quantity(const QString& stored) const
 QString PlanFormatter::unit() const
 {
     const QString type = OrloBusinessDataInterface::GetSecurityTypeBySymbol(symbol());
-    return type == Kelvo_Values::MdcSecurityType::BondType ? QStringLiteral("张") : QStringLiteral("股");
+    return type == Kelvo_Values::MdcSecurityType::BondType ? PlanFormatter::tr("张") : PlanFormatter::tr("股");
 }
 
 QString PlanFormatter::amount(const QString& stored) const
 {
-    return counted(stored, QStringLiteral("元"));
+    return counted(stored, PlanFormatter::tr("元"));
 }
 
 QString PlanFormatter::ratio() const
@@ -334,7 +343,7 @@ QString PlanFormatter::priceType() const
     QString code = other(Kelvo_Fields::Security::timeInForce);
     if (code.isEmpty())
         code = other(Kelvo_Fields::Security::transActTime);
-    return CodeWords::priceTypes().word(code);
+    return worded(CodeWords::priceTypes(), code);
 }
 
 QString PlanFormatter::entrustType() const
@@ -346,7 +355,7 @@ QString PlanFormatter::entrustType() const
 
 QString PlanFormatter::instructionMode() const
 {
-    return CodeWords::instructionModes().word(text(Base::InstMode));
+    return worded(CodeWords::instructionModes(), text(Base::InstMode));
 }
 
 QString PlanFormatter::assignee() const

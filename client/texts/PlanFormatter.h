@@ -2,12 +2,15 @@
 
 #include "PlanStore.h"
 
+#include <QCoreApplication>
 #include <QPair>
 #include <QString>
 #include <QVector>
 
 /// Formats a stored plan for the trader. An unknown code is shown as stored; a missing field is an empty text.
 class PlanFormatter {
+    Q_DECLARE_TR_FUNCTIONS(PlanFormatter)
+
 public:
     explicit PlanFormatter(const StoredPlan& plan);
 

@@ -4,6 +4,8 @@
 #include "Orlo_Values.h"
 #include "PlanCodes.h"
 
+#include <QCoreApplication>
+
 using namespace PlanCodes;
 
 namespace {
@@ -40,10 +42,11 @@ QString CodeWords::code(const QString& text) const
 
 const CodeWords& CodeWords::planTypes()
 {
-    static const CodeWords words{ { PlanType::CumulativeQty, chinese("累计数量"), others("cumulative") },
-        { PlanType::AverageQty, chinese("平均数量"), others("average") },
-        { PlanType::SameElements, chinese("相同要素"), others("same") },
-        { PlanType::ReduceHoldings, chinese("减持"), others("reduction") } };
+    static const CodeWords words{ { PlanType::CumulativeQty, chinese(QT_TRANSLATE_NOOP("PlanFormatter", "累计数量")),
+                                      others("cumulative") },
+        { PlanType::AverageQty, chinese(QT_TRANSLATE_NOOP("PlanFormatter", "平均数量")), others("average") },
+        { PlanType::SameElements, chinese(QT_TRANSLATE_NOOP("PlanFormatter", "相同要素")), others("same") },
+        { PlanType::ReduceHoldings, chinese(QT_TRANSLATE_NOOP("PlanFormatter", "减持")), others("reduction") } };
     return words;
 }
 
@@ -58,32 +61,36 @@ const CodeWords& CodeWords::instructionTypes()
 
 const CodeWords& CodeWords::sides()
 {
-    static const CodeWords words{ { Kelvo_Values::OrderSide::buy, chinese("买入"), others("买 buy B") },
-        { Kelvo_Values::OrderSide::sell, chinese("卖出"), others("卖 sell S") } };
+    static const CodeWords words{ { Kelvo_Values::OrderSide::buy, chinese(QT_TRANSLATE_NOOP("PlanFormatter", "买入")),
+                                      others("买 buy B") },
+        { Kelvo_Values::OrderSide::sell, chinese(QT_TRANSLATE_NOOP("PlanFormatter", "卖出")), others("卖 sell S") } };
     return words;
 }
 
 const CodeWords& CodeWords::priceModes()
 {
-    static const CodeWords words{ { PriceModel::NoLimit, chinese("不限价"), others("market") },
-        { PriceModel::Custom, chinese("自定义"), others("custom") },
-        { PriceModel::CompareMax, chinese("比较值取最大"), others("larger") },
-        { PriceModel::CompareMin, chinese("比较值取最小"), others("smaller") } };
+    static const CodeWords words{ { PriceModel::NoLimit, chinese(QT_TRANSLATE_NOOP("PlanFormatter", "不限价")),
+                                      others("market") },
+        { PriceModel::Custom, chinese(QT_TRANSLATE_NOOP("PlanFormatter", "自定义")), others("custom") },
+        { PriceModel::CompareMax, chinese(QT_TRANSLATE_NOOP("PlanFormatter", "比较值取最大")), others("larger") },
+        { PriceModel::CompareMin, chinese(QT_TRANSLATE_NOOP("PlanFormatter", "比较值取最小")), others("smaller") } };
     return words;
 }
 
 const CodeWords& CodeWords::instructionModes()
 {
-    static const CodeWords words{ { InstMode::ActiveManage, chinese("主动管理"), others("active") },
-        { InstMode::NormalReview, chinese("普通交易复核"), others("review") },
-        { InstMode::AlgoReview, chinese("算法交易复核"), others("algorithm") } };
+    static const CodeWords words{ { InstMode::ActiveManage, chinese(QT_TRANSLATE_NOOP("PlanFormatter", "主动管理")),
+                                      others("active") },
+        { InstMode::NormalReview, chinese(QT_TRANSLATE_NOOP("PlanFormatter", "普通交易复核")), others("review") },
+        { InstMode::AlgoReview, chinese(QT_TRANSLATE_NOOP("PlanFormatter", "算法交易复核")), others("algorithm") } };
     return words;
 }
 
 const CodeWords& CodeWords::priceTypes()
 {
-    static const CodeWords words{ { Orlo_Values::HKTimeInForce::InTrade, chinese("增强限价盘") },
-        { Orlo_Values::HKTimeInForce::BeforeTrade, chinese("竞价限价盘") } };
+    static const CodeWords words{ { Orlo_Values::HKTimeInForce::InTrade,
+                                      chinese(QT_TRANSLATE_NOOP("PlanFormatter", "增强限价盘")) },
+        { Orlo_Values::HKTimeInForce::BeforeTrade, chinese(QT_TRANSLATE_NOOP("PlanFormatter", "竞价限价盘")) } };
     return words;
 }
 

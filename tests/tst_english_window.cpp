@@ -1,0 +1,294 @@
+// The client in English: no window, menu, tool tip, box or message has a Chinese text that is not data.
+#include "AdvisorPanel.h"
+#include "ClientWindowTest.h"
+#include "DayPrice.h"
+#include "ErrorText.h"
+#include "HistoryTexts.h"
+#include "Language.h"
+#include "PlanCodes.h"
+#include "PlanLife.h"
+#include "PlanTable.h"
+#include "TestStatus.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QRegularExpression>
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QTranslator>
+#include <QtTest>
+
+#include <algorithm>
+
+using namespace PlanCodes;
+
+namespace {
+
+constexpr int Patience = 10000; // milliseconds
+
+const QRegularExpression Han(QStringLiteral("\\p{Han}"));
+
+void addModel(const QAbstractItemModel* model, QStringList& texts)
+{
+    for (int column = 0; model && column < model->columnCount(); ++column) {
+        texts << model->headerData(column, Qt::Horizontal).toString();
+        for (int row = 0; row < qMin(model->rowCount(), 200); ++row)
+            for (const int role : { Qt::DisplayRole, Qt::ToolTipRole, Qt::AccessibleTextRole })
+                texts << model->index(row, column).data(role).toString();
+    }
+}
+
+void addTexts(const QWidget* widget, QStringList& texts)
+{
+    texts << widget->windowTitle() << widget->toolTip() << widget->statusTip() << widget->accessibleName()
+          << widget->accessibleDescription();
+    if (const auto* const label = qobject_cast<const QLabel*>(widget))
+        texts << label->text();
+    if (const auto* const button = qobject_cast<const QAbstractButton*>(widget))
+        texts << button->text();
+    if (const auto* const line = qobject_cast<const QLineEdit*>(widget))
+        texts << line->text() << line->placeholderText();
+    if (const auto* const group = qobject_cast<const QGroupBox*>(widget))
+        texts << group->title();
+    if (const auto* const text = qobject_cast<const QPlainTextEdit*>(widget))
+        texts << text->toPlainText();
+    if (const auto* const view = qobject_cast<const QAbstractItemView*>(widget))
+        addModel(view->model(), texts);
+    if (const auto* const box = qobject_cast<const QComboBox*>(widget))
+        addModel(box->model(), texts);
+    for (const QAction* const action : widget->actions())
+        texts << action->text() << action->toolTip() << action->statusTip();
+}
+
+} // namespace
+
+class EnglishWindowTest : public ClientWindowTest {
+    Q_OBJECT
+
+private:
+    void prepare() override
+    {
+        ClientWindowTest::prepare();
+        QCOMPARE(useLanguage(QStringLiteral("en")), Status());
+        readData();
+    }
+    void tidyUp() override
+    {
+        ClientWindowTest::tidyUp();
+        qDeleteAll(qApp->findChildren<QTranslator*>());
+    }
+
+    /// The names and texts that are stored, and the names in formulas.
+    void readData()
+    {
+        m_data = QStringList{ PriceItem::PreviousClose, PriceItem::UpperLimit, PriceItem::LowerLimit,
+            QStringLiteral("默认不指定") };
+        QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("data"));
+        database.setDatabaseName(session().file());
+        QVERIFY(database.open());
+        for (const char* table :
+            { "name FROM users", "name FROM accounts", "name FROM securities", "text FROM static_texts",
+                "title FROM agreements", "content FROM agreements", "alias FROM strategies" }) {
+            QSqlQuery query(QStringLiteral("SELECT ") + QLatin1String(table), database);
+            while (query.next())
+                m_data << query.value(0).toString();
+        }
+        database = QSqlDatabase();
+        QSqlDatabase::removeDatabase(QStringLiteral("data"));
+        std::sort(m_data.begin(), m_data.end(), [](const QString& a, const QString& b) { return a.size() > b.size(); });
+    }
+
+    bool isChinese(QString text) const
+    {
+        if (!text.contains(Han))
+            return false;
+        static const QRegularExpression averages(QStringLiteral("\\d+日均价"));
+        text.remove(averages);
+        for (const QString& data : m_data)
+            text.remove(data);
+        return text.contains(Han);
+    }
+
+    /// The Chinese texts of all visible windows.
+    QStringList chinese() const
+    {
+        QStringList texts;
+        for (const QWidget* const top : QApplication::topLevelWidgets()) {
+            if (!top->isVisible())
+                continue;
+            addTexts(top, texts);
+            for (const QWidget* const widget : top->findChildren<QWidget*>())
+                addTexts(widget, texts);
+        }
+        QStringList found;
+        for (const QString& text : qAsConst(texts)) {
+            if (isChinese(text) && !found.contains(text))
+                found << text;
+        }
+        return found;
+    }
+
+    void fillForm()
+    {
+        pressForEditor(Qt::Key_N);
+        FormDriver driver = dialogDriver();
+        driver.fill(ordinary());
+        driver.choose("combx_priceMode", PriceModel::Custom);
+        driver.type("lineEdit_price1", PriceItem::PreviousClose + QStringLiteral("*0.99"));
+        driver.takeProblems();
+        const AdvisorPanel* const advisor = dialog().advisor();
+        QTRY_VERIFY_WITH_TIMEOUT(advisor->isSettled(), Patience);
+    }
+
+    QStringList m_data;
+
+private Q_SLOTS:
+    void theWindow()
+    {
+        createSamples(3);
+        openWindow();
+        QCOMPARE(chinese(), QStringList());
+        press(&window(), Qt::Key_F5);
+        QCOMPARE(chinese(), QStringList());
+    }
+
+    void thePlansInEveryState()
+    {
+        QStringList words;
+        for (const PlanStage stage : { PlanStage::NotStarted, PlanStage::Running, PlanStage::Failed, PlanStage::Paused,
+                 PlanStage::Stopped, PlanStage::Completed, PlanStage::Expired, PlanStage::Archived })
+            words << PlanLife::word(stage);
+        QCOMPARE(words.join(QLatin1Char(' ')),
+            QStringLiteral("Not started Running Failed Paused Stopped Completed Expired Archived"));
+        const QString plan = createSamples(1).constFirst();
+        session().create(reduction(SampleSession::record()));
+        session().create(customPrice(SampleSession::record(), QStringLiteral("1-1")));
+        openWindow();
+        for (int row = 0; row < 3; ++row) {
+            QTest::keyClick(field<PlanTable>(window(), "planTable"), Qt::Key_Down);
+            QCOMPARE(chinese(), QStringList());
+        }
+        window().selectPlan(plan);
+        field<QAction>(window(), "action_pause")->trigger();
+        QTRY_COMPARE_WITH_TIMEOUT(plans().plan(plan)->state, PlanState::Paused, Patience);
+        QTRY_VERIFY_WITH_TIMEOUT(!field<QLabel>(window(), "status")->text().isEmpty(), Patience);
+        press(&window(), Qt::Key_F5);
+        QCOMPARE(chinese(), QStringList());
+    }
+
+    void theFormWithTheAdvisor()
+    {
+        openWindow();
+        fillForm();
+        QCOMPARE(chinese(), QStringList());
+        dialogDriver().choose("combx_planType", PlanType::ReduceHoldings);
+        QTRY_VERIFY_WITH_TIMEOUT(dialog().advisor()->isSettled(), Patience);
+        QCOMPARE(chinese(), QStringList());
+        boxes().take();
+        dialog().leave();
+    }
+
+    void theHintsOfFields()
+    {
+        openWindow();
+        fillForm();
+        for (const char* number : { "5w", "1.25x", "-1", "0.5", "5万", "1.2亿", "3手" }) {
+            auto* const target = field<QWidget>(*dialogEditor(), "le_targetTotalNum");
+            QTest::mouseClick(target, Qt::LeftButton);
+            QTest::keyClick(target, Qt::Key_A, Qt::ControlModifier);
+            target->findChild<QLineEdit*>()->insert(QString::fromUtf8(number));
+            QStringList found = chinese();
+            found.removeAll(QString::fromUtf8(number));
+            QCOMPARE(found, QStringList());
+        }
+        dialog().leave();
+    }
+
+    void theSheetOfTheDay()
+    {
+        createSamples(2);
+        session().create(customPrice(SampleSession::record(), QStringLiteral("1-1")));
+        openWindow();
+        press(&window(), Qt::Key_I, Qt::ControlModifier);
+        const auto isReady = [this] {
+            const auto* const button = window().findChild<QAbstractButton*>(QStringLiteral("btn_issue"));
+            return button && button->isEnabled();
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(isReady(), Patience);
+        QCOMPARE(chinese(), QStringList());
+        boxes().setOnShown([this](QWidget*) { QCOMPARE(chinese(), QStringList()); });
+        boxOf([this] { QTest::mouseClick(field<QAbstractButton>(window(), "btn_issue"), Qt::LeftButton); },
+            "msgBoxQuestion");
+        boxes().setOnShown({});
+        QTRY_VERIFY_WITH_TIMEOUT(!field<QWidget>(window(), "issueProgress")->isVisible(), Patience);
+        QCOMPARE(chinese(), QStringList());
+    }
+
+    void theBoxesAndDialogs()
+    {
+        createSamples(1);
+        openWindow();
+        QStringList found;
+        boxes().setOnShown([this, &found](QWidget*) { found << chinese(); });
+        pressForEditor(Qt::Key_N);
+        QVERIFY(!send("msgBoxWarning").isEmpty());
+        QTest::keyClicks(field<QLineEdit>(*dialogEditor(), "le_remark"), QStringLiteral("x"));
+        QVERIFY(!boxOf([this] { press(&dialog(), Qt::Key_Escape); }, "msgBoxQuestion").isEmpty());
+        pressForEditor(Qt::Key_N);
+        QTest::keyClick(&dialog(), Qt::Key_F4);
+        found << chinese();
+        QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+        dialog().leave();
+        QTimer::singleShot(0, this, [&] {
+            found << chinese();
+            QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+        });
+        field<QAction>(window(), "action_stop")->trigger();
+        QVERIFY(!boxOf([this] { field<QAction>(window(), "action_pauseAll")->trigger(); }, "msgBoxQuestion", false)
+                     .isEmpty());
+        boxes().setOnShown({});
+        QCOMPARE(found, QStringList());
+    }
+
+    void theMenuOfTheColumns()
+    {
+        openWindow();
+        QHeaderView* const header = field<PlanTable>(window(), "planTable")->horizontalHeader();
+        QStringList found;
+        QTimer::singleShot(0, this, [&] {
+            found << chinese();
+            QApplication::activePopupWidget()->close();
+        });
+        Q_EMIT header->customContextMenuRequested(QPoint(5, 5));
+        QCOMPARE(found, QStringList());
+    }
+
+    void theMessages()
+    {
+        const QStringList details{ QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3"), QStringLiteral("4") };
+        QStringList found;
+        // The messages about strategy files are for those who write them.
+        for (int code = 0; code < static_cast<int>(Error::StrategyFileRefused); ++code) {
+            const QString text = errorText(Status(static_cast<Error>(code), details));
+            if (isChinese(text))
+                found << text;
+        }
+        for (const UnknownRequest request : { UnknownRequest::Plan, UnknownRequest::Issue, UnknownRequest::Signature })
+            for (const bool isStored : { false, true })
+                if (isChinese(HistoryTexts::outcome(request, isStored, QStringLiteral("AP00000001"))))
+                    found << HistoryTexts::outcome(request, isStored, QString());
+        QCOMPARE(found, QStringList());
+    }
+};
+
+QTEST_MAIN(EnglishWindowTest)
+#include "tst_english_window.moc"
