@@ -40,9 +40,11 @@ void keepOnScreen(QWidget* window)
     if (!screen)
         screen = QGuiApplication::primaryScreen();
     const QRect room = screen->availableGeometry();
-    window->resize(window->size().boundedTo(room.size()));
+    const QSize frame = window->frameGeometry().size() - window->size();
+    window->resize(window->size().boundedTo(room.size() - frame));
     if (!window->testAttribute(Qt::WA_Moved))
         return;
-    const QPoint most = room.bottomRight() - window->rect().bottomRight();
-    window->move(qBound(room.left(), window->x(), most.x()), qBound(room.top(), window->y(), most.y()));
+    const QRect now = window->frameGeometry();
+    const QPoint most = room.bottomRight() - QPoint(now.width(), now.height()) + QPoint(1, 1);
+    window->move(qMax(room.left(), qMin(now.x(), most.x())), qMax(room.top(), qMin(now.y(), most.y())));
 }
