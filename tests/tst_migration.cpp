@@ -249,7 +249,7 @@ void MigrationTest::otherDataAreMigrated()
     QCOMPARE(*AgreementStore(database).signedTime(QStringLiteral("p"), QStringLiteral("C1")), Created);
     QCOMPARE(SecurityStore(database).closes(QStringLiteral("600000.SH"))->ticks, QVector<qint64>{ 100 });
     QCOMPARE(PositionStore(database)
-                 .positions(QStringLiteral("100001"), QString(), QStringLiteral("600000.SH"))
+                 .positions(QStringLiteral("100001"), QString(), QStringLiteral("600000.SH"), QDate(2024, 5, 6))
                  ->constFirst()
                  .tradeableQuantity,
         qint64(200));

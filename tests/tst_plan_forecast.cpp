@@ -98,9 +98,9 @@ QStringList foretold(const PlanForecast& forecast)
 PlanForecast forecastOf(const Record& record, const QDate& first, const QDate& last)
 {
     const auto sellable = [&record] {
-        return PlanFacts::sellable(ClientSession::instance().database(), record, share());
+        return PlanFacts::sellable(ClientSession::instance().database(), record, share(), Monday);
     };
-    const Result<OrderTerms> terms = orderTerms(record, share(), sellable);
+    const Result<OrderTerms> terms = orderTerms(record, share(), {}, sellable);
     const Result<DayPrice> price = dayPrice(record, share(), closes());
     if (!terms || !price)
         return {};

@@ -134,7 +134,8 @@ QVector<QPair<const char*, Read>> reads()
             [] { return StrategyStore(client().database()).blackList(InstructionTargetType::AmountOrder); } },
         { "positions",
             [] {
-                return listed(PositionStore(client().database()).positions(Account, QString(), share),
+                return listed(
+                    PositionStore(client().database()).positions(Account, QString(), share, SampleSession::today()),
                     [](const StoredPosition& position) { return QString::number(position.quantity); });
             } },
         { "closes",

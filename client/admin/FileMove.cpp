@@ -128,11 +128,13 @@ Result<int> FileMove::isWritten()
     return written ? Result<int>(written->toInt()) : written.status();
 }
 
-// The limits of an instruction held when it was issued. A server's database begins with the usual limits.
+// The limits of an instruction held when it was issued, and positions have followed it. A server's database begins with
+// the usual limits.
 Status FileMove::writeAll(Database& file)
 {
     Status status =
-        m_server.configure(QStringLiteral("ALTER TABLE instructions DISABLE TRIGGER instructions_within_limits;"
+        m_server.configure(QStringLiteral("ALTER TABLE instructions DISABLE TRIGGER instructions_within_limits,"
+                                          " DISABLE TRIGGER is_booked;"
                                           " DELETE FROM account_limits"));
     for (const MovedTable& table : qAsConst(m_tables)) {
         if (status)
@@ -141,10 +143,11 @@ Status FileMove::writeAll(Database& file)
     const auto& numbered = numberedColumns();
     for (auto column = numbered.cbegin(); column != numbered.cend() && status; ++column)
         status = continueNumbers(file, column.key(), column.value());
-    return status ? m_server.configure(
-               QStringLiteral("ALTER TABLE instructions ENABLE TRIGGER instructions_within_limits; ANALYZE %1")
-                   .arg(MovedTables::names().join(QStringLiteral(", "))))
-                  : status;
+    return status
+        ? m_server.configure(QStringLiteral("ALTER TABLE instructions ENABLE TRIGGER instructions_within_limits,"
+                                            " ENABLE TRIGGER is_booked; ANALYZE %1")
+                                 .arg(MovedTables::names().join(QStringLiteral(", "))))
+        : status;
 }
 
 Status FileMove::write(Database& file, const MovedTable& table)

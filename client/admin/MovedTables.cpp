@@ -63,10 +63,10 @@ const QStringList& MovedTables::names()
         QStringLiteral("user_accounts"), QStringLiteral("exchange_accounts"), QStringLiteral("order_authorities"),
         QStringLiteral("rule_properties"), QStringLiteral("approval_chains"), QStringLiteral("chain_users"),
         QStringLiteral("agreements"), QStringLiteral("signatures"), QStringLiteral("account_limits"),
-        QStringLiteral("limit_exceptions"), QStringLiteral("securities"), QStringLiteral("closing_prices"),
-        QStringLiteral("positions"), QStringLiteral("strategy_lists"), QStringLiteral("static_texts"),
-        QStringLiteral("plans"), QStringLiteral("instructions"), QStringLiteral("refused_days"),
-        QStringLiteral("history") };
+        QStringLiteral("limit_exceptions"), QStringLiteral("account_cash"), QStringLiteral("securities"),
+        QStringLiteral("closing_prices"), QStringLiteral("positions"), QStringLiteral("strategy_lists"),
+        QStringLiteral("static_texts"), QStringLiteral("plans"), QStringLiteral("instructions"),
+        QStringLiteral("refused_days"), QStringLiteral("history") };
     return names;
 }
 

@@ -3,6 +3,12 @@
 #include "PlanCodes.h"
 #include "PlanFacts.h"
 
+namespace {
+
+constexpr double FenPerYuan = 100;
+
+} // namespace
+
 AdvisedPlan::AdvisedPlan(const World& ofWorld, const FormReading& ofForm, const StoredAccount* ofAccount,
     const std::optional<Result<AdvisorFacts>>& ofRead)
     : world(ofWorld)
@@ -23,6 +29,11 @@ AdvisedPlan::AdvisedPlan(const World& ofWorld, const FormReading& ofForm, const 
 double AdvisedPlan::sellable() const
 {
     return hasFacts() ? static_cast<double>(facts().tradeableQuantity * security->displayFactor) : 0;
+}
+
+double AdvisedPlan::sellableNext() const
+{
+    return hasFacts() ? static_cast<double>(facts().tradeableNext * security->displayFactor) : 0;
 }
 
 QDate AdvisedPlan::lastClose() const
@@ -72,9 +83,10 @@ Result<OrderTerms> AdvisedPlan::termsOf() const
 {
     if (!hasFacts())
         return Error::NoSecurity;
-    Result<OrderTerms> found = orderTerms(record, *security, [this] { return Result<double>(sellable()); });
-    if (found)
-        found->share.used = found->isAmount ? facts().filled.yuan : facts().filled.quantity;
+    Result<OrderTerms> found =
+        orderTerms(record, *security, facts().filled, [this] { return Result<double>(sellableNext()); });
+    if (found && facts().cash && found->needsCash())
+        found->cash = static_cast<double>(*facts().cash) / FenPerYuan;
     return found;
 }
 

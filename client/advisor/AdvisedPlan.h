@@ -43,8 +43,9 @@ struct AdvisedPlan {
     const AdvisorFacts& facts() const { return **read; }
     /// Success with facts, and while they are being read.
     Status failure() const { return read ? read->status() : Status(); }
-    /// What may be sold, in displayed units.
+    /// What may be sold today, in displayed units, and on the first day on which an order of the plan may go out.
     double sellable() const;
+    double sellableNext() const;
     /// The day of the last of the closes; invalid if there are none.
     QDate lastClose() const;
 

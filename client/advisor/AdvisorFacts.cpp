@@ -2,6 +2,7 @@
 
 #include "AgreementStore.h"
 #include "AutoPlanField.h"
+#include "CashStore.h"
 #include "Kelvo_Fields.h"
 #include "Orlo_Fields.h"
 #include "Orlo_Values.h"
@@ -40,7 +41,13 @@ Status readValues(Database& database, const FactsQuestion& question, AdvisorFact
 {
     ValueReader reader(database);
     SecurityStore::addTo(reader, question.symbol, facts.closes);
-    PositionStore::addTo(reader, question.account, question.securityAccount, question.symbol, facts.tradeableQuantity);
+    const auto addSellable = [&](const QDate& day, qint64& quantity) {
+        PositionStore::addTo(reader, question.account, question.securityAccount, question.symbol, day, quantity);
+    };
+    const QDate next = facts.isIssuedToday ? question.today.addDays(1) : question.today;
+    addSellable(question.today, facts.tradeableQuantity);
+    addSellable(next, facts.tradeableNext);
+    CashStore::addTo(reader, question.account, next, facts.cash);
     PlanRightsReader::addTo(reader, question.user.id, parties(question), question.today, facts.rights);
     if (!question.planId.isEmpty())
         InstructionStore::addTo(reader, question.planId, facts.used);
@@ -94,13 +101,18 @@ Status readPlans(Database& database, const FactsQuestion& question, AdvisorFacts
     };
     facts.openPlans = others(*open);
     facts.recentPlans = others(*recent);
-    return {};
+    QStringList ids;
+    for (const StoredPlan& plan : qAsConst(facts.openPlans))
+        ids << plan.id;
+    const auto used = InstructionStore(database).used(ids, question.today);
+    facts.usedByOpen = used.valueOr({});
+    return used.status();
 }
 
 Result<AdvisorFacts> factsOf(Database& database, const FactsQuestion& question)
 {
     AdvisorFacts facts;
-    for (const auto read : { readValues, readSignatures, readEdited, readPlans }) {
+    for (const auto read : { readEdited, readValues, readSignatures, readPlans }) {
         if (Status status = read(database, question, facts); !status)
             return status;
     }

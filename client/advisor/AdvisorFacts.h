@@ -32,8 +32,11 @@ struct FactsQuestion {
 /// What is stored about the account and the security of a plan in the form.
 struct AdvisorFacts {
     CloseHistory closes;
-    /// What may be sold, in stored units.
+    /// What may be sold today, in stored units, and on the first day on which an order of the plan may go out.
     qint64 tradeableQuantity = 0;
+    qint64 tradeableNext = 0;
+    /// What can be spent on that day, in fen; absent if it is not known.
+    std::optional<qint64> cash;
     PlanRights rights;
     /// Clients of the user that have not signed the agreement about reductions; only read for a reduction.
     QStringList unsignedClients;
@@ -45,6 +48,7 @@ struct AdvisorFacts {
     /// Plans of the account on the security that may still be issued, and its newest plans on any, without the edited
     /// one.
     QVector<StoredPlan> openPlans;
+    QHash<QString, PlanUse> usedByOpen; ///< by plan id
     QVector<StoredPlan> recentPlans;
 };
 

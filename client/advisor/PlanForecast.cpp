@@ -21,14 +21,18 @@ public:
     /// Whether less is left than a lot.
     bool isDone() const;
     /// Repeats the fill of the last day as long as the order stays the same. Returns how often.
-    int repeat(double filled, int most);
+    int repeat(int most);
     /// Issues the order of a trade day. Returns whether anything was filled.
     bool issue(int daysLeft, ForecastDay& day);
 
 private:
+    /// Takes the fill of the last day from what is left, a number of times.
+    void fill(int times);
+
     const ForecastedPlan& m_plan;
     OrderTerms m_terms;
     const double m_yuan; ///< of one unit
+    DayOrder m_last;
 };
 
 bool Course::isDone() const
@@ -37,12 +41,29 @@ bool Course::isDone() const
 }
 
 // An order is at most three times as large as its fill, so it stays the same while so much is left.
-int Course::repeat(double filled, int most)
+int Course::repeat(int most)
 {
     constexpr double OrderInFills = 3;
-    const int times = static_cast<int>(qBound(0.0, std::floor(left() / filled) - OrderInFills, double(most)));
-    m_terms.share.used += times * filled;
+    const double filled = static_cast<double>(m_last.fill.quantity);
+    double fills = left() / (m_terms.isAmount ? m_last.filledYuan : filled);
+    if (m_terms.needsHoldings())
+        fills = qMin(fills, m_terms.sellable / filled);
+    if (m_terms.needsCash())
+        fills = qMin(fills, m_terms.cash / m_last.filledYuan);
+    const int times = static_cast<int>(qBound(0.0, std::floor(fills) - OrderInFills, double(most)));
+    fill(times);
     return times;
+}
+
+void Course::fill(int times)
+{
+    const double quantity = times * static_cast<double>(m_last.fill.quantity);
+    const double yuan = times * m_last.filledYuan;
+    m_terms.share.used += m_terms.isAmount ? yuan : quantity;
+    if (m_terms.needsHoldings())
+        m_terms.sellable -= quantity;
+    if (m_terms.needsCash())
+        m_terms.cash -= yuan;
 }
 
 bool Course::issue(int daysLeft, ForecastDay& day)
@@ -54,7 +75,8 @@ bool Course::issue(int daysLeft, ForecastDay& day)
         return false;
     day.quantity = order->quantity;
     day.yuan = order->issuedYuan;
-    m_terms.share.used += m_terms.isAmount ? order->filledYuan : static_cast<double>(order->fill.quantity);
+    m_last = *order;
+    fill(1);
     return order->fill.quantity > 0;
 }
 
@@ -83,11 +105,10 @@ std::optional<int> daysBeyond(Course& course, int tradeDays)
     int more = 0;
     while (tradeDays + more <= Forecast::MostDays && !course.isDone()) {
         ForecastDay day;
-        const double before = course.left();
         if (!course.issue(1, day))
             return {};
         ++more;
-        more += course.repeat(before - course.left(), Forecast::MostDays + 1 - tradeDays - more);
+        more += course.repeat(Forecast::MostDays + 1 - tradeDays - more);
     }
     return more;
 }

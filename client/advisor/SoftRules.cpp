@@ -80,7 +80,7 @@ double valueOf(const AdvisedPlan& plan, const StoredPlan& stored)
         plan.world.market.find(stored.record.value(Kelvo_Fields::Security::symbol).toString());
     if (!security)
         return 0;
-    const auto terms = orderTerms(stored.record, *security, [] { return Result<double>(0.0); });
+    const auto terms = orderTerms(stored.record, *security, {}, [] { return Result<double>(0.0); });
     if (!terms)
         return 0;
     const double yuan = TickPrice::toYuan(security->previousClose, security->pricePrecision);
@@ -125,9 +125,10 @@ double soldByOthers(const AdvisedPlan& plan)
 {
     double sum = 0;
     for (const StoredPlan& other : plan.facts().openPlans) {
-        const auto terms = orderTerms(other.record, *plan.security, [] { return Result<double>(0.0); });
+        const PlanUse used = plan.facts().usedByOpen.value(other.id);
+        const auto terms = orderTerms(other.record, *plan.security, used, [] { return Result<double>(0.0); });
         if (terms && !terms->isBuy && !terms->isAmount)
-            sum += terms->share.total;
+            sum += qMax(0.0, terms->share.total - terms->share.used);
     }
     return sum;
 }
@@ -136,11 +137,12 @@ Verdict holdingsCoverAllPlans(const AdvisedPlan& plan)
 {
     if (!plan.terms || plan.terms->isBuy || plan.terms->isAmount)
         return notApplicable();
-    const double all = plan.terms->share.total + soldByOthers(plan);
-    if (all <= plan.sellable())
+    const double all = plan.terms->share.total - plan.terms->share.used + soldByOthers(plan);
+    const double held = plan.sellableNext();
+    if (all <= held)
         return passed();
-    return doubtful(Advisor::tr("与其他计划共卖%1，可卖只有%2")
-                        .arg(Advisor::withUnit(all, false), Advisor::withUnit(plan.sellable(), false)));
+    return doubtful(
+        Advisor::tr("与其他计划共卖%1，可卖只有%2").arg(Advisor::withUnit(all, false), Advisor::withUnit(held, false)));
 }
 
 Verdict planEndsInTime(const AdvisedPlan& plan)

@@ -1,5 +1,7 @@
 #include "PostgresStatus.h"
 
+#include "Bookings.h"
+
 #include <QMap>
 #include <QSqlError>
 
@@ -33,6 +35,8 @@ Status statusOf(pg_conn* connection, const QString& code, const QString& text)
         return Error::ConnectionLost;
     if (code == QLatin1String("58030")) // input or output of the server's disk
         return { Error::DiskFailed, { code } };
+    if (text.contains(Bookings::refusal()))
+        return Error::MoreThanSellable;
     const auto meaning = meanings().constFind(code);
     return meaning == meanings().cend() ? Status(Error::DatabaseFailed, { PostgresStatus::firstLine(text) }) : *meaning;
 }

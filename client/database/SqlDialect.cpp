@@ -7,6 +7,7 @@ const SqlDialect& SqlDialect::sqlite()
         true,
         QStringLiteral("BEGIN IMMEDIATE"),
         QString(),
+        QString(),
         false,
         QStringLiteral("SELECT total_changes() || '/' || data_version FROM pragma_data_version"),
         QStringLiteral("SELECT number, place FROM (WITH u AS"
@@ -32,6 +33,8 @@ const SqlDialect& SqlDialect::postgres()
         false,
         QStringLiteral("BEGIN ISOLATION LEVEL READ COMMITTED READ WRITE"),
         QStringLiteral(" FOR NO KEY UPDATE"),
+        // A number of this use.
+        QStringLiteral("SELECT pg_advisory_xact_lock(20713)"),
         true,
         QStringLiteral("SELECT CAST(pg_current_snapshot() AS text)"),
         QStringLiteral("SELECT p.number, p.place FROM (SELECT trading_account FROM user_accounts AS o WHERE o.user = ?)"

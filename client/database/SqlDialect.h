@@ -18,6 +18,9 @@ struct SqlDialect {
     /// Appended to a SELECT, keeps others from changing its rows until the transaction ends. Empty if a transaction is
     /// the only one that writes.
     QString rowLock;
+    /// Waits for others that have run the same statement, until their transactions end. Empty if a transaction is the
+    /// only one that writes.
+    QString issueLock;
     /// Whether a statement may contain others that change rows, as its common tables.
     bool nestsChanges;
     /// A query of one text that changes with every change by this connection and every commit of another one.

@@ -1,5 +1,7 @@
 #include "SqliteStatus.h"
 
+#include "Bookings.h"
+
 #include <QSqlError>
 
 #include <sqlite3.h>
@@ -28,7 +30,8 @@ Status SqliteStatus::of(int code, const QString& text)
     case SQLITE_TOOBIG:
         return Error::ContentTooLarge;
     default:
-        return { Error::DatabaseFailed, { text } };
+        return text.contains(Bookings::refusal()) ? Status(Error::MoreThanSellable)
+                                                  : Status(Error::DatabaseFailed, { text });
     }
 }
 

@@ -1,5 +1,6 @@
 #include "BondConversion.h"
 
+#include "ClientClock.h"
 #include "ClientSession.h"
 #include "Kelvo_Values.h"
 #include "Orlo_Values.h"
@@ -11,7 +12,8 @@ namespace {
 
 Status holdingsError(const QString& account, const QString& symbol)
 {
-    const auto positions = PositionStore(ClientSession::instance().database()).positions(account, QString(), symbol);
+    const auto positions =
+        PositionStore(ClientSession::instance().database()).positions(account, QString(), symbol, clientToday());
     if (!positions)
         return positions.status();
     const bool holdsAny = std::any_of(positions->cbegin(), positions->cend(),

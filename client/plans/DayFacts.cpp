@@ -1,8 +1,15 @@
 #include "DayFacts.h"
 
+#include "CashStore.h"
 #include "Kelvo_Fields.h"
 #include "PlanFacts.h"
 #include "PlanTexts.h"
+
+namespace {
+
+constexpr double FenPerYuan = 100;
+
+} // namespace
 
 DayFacts::DayFacts(Database& database, const IssueScene& scene)
     : m_database(database)
@@ -46,15 +53,36 @@ Result<double> DayFacts::sellable(const PlanStore::Record& record, const Securit
     const auto known = m_sellable.constFind(position);
     if (known != m_sellable.cend())
         return *known;
-    const Result<double> read = PlanFacts::sellable(m_database, record, security);
+    const Result<double> read = PlanFacts::sellable(m_database, record, security, m_scene.day);
     if (read)
         m_sellable.insert(position, *read);
     return read;
 }
 
-void DayFacts::sell(const PlanStore::Record& record, qint64 quantity)
+Result<std::optional<double>> DayFacts::cash(const PlanStore::Record& record)
 {
-    m_sellable[positionOf(record)] -= static_cast<double>(quantity);
+    const QString account = record.value(Kelvo_Fields::UserAccount::tradingAccount).toString();
+    const auto known = m_cash.constFind(account);
+    if (known != m_cash.cend())
+        return *known;
+    const auto read = CashStore(m_database).available(account, m_scene.day);
+    if (!read)
+        return read.status();
+    std::optional<double> yuan;
+    if (*read)
+        yuan = static_cast<double>(read->value()) / FenPerYuan;
+    return *m_cash.insert(account, yuan);
+}
+
+void DayFacts::take(const PlanStore::Record& record, const OrderTerms& terms, const DayOrder& order)
+{
+    if (terms.needsHoldings())
+        m_sellable[positionOf(record)] -= static_cast<double>(order.quantity);
+    std::optional<double>& cash = m_cash[record.value(Kelvo_Fields::UserAccount::tradingAccount).toString()];
+    if (cash && terms.needsCash())
+        *cash -= order.spentYuan();
+    else if (cash && terms.earnsCash())
+        *cash += order.filledYuan;
 }
 
 QStringList DayFacts::positionOf(const PlanStore::Record& record)

@@ -14,8 +14,10 @@ public:
     int daysUntil(const QString& exchange, const QString& lastDay);
     /// What can still be sold of the plan's security from its account, in displayed units.
     Result<double> sellable(const PlanStore::Record& record, const Security& security);
-    /// Takes a part of it.
-    void sell(const PlanStore::Record& record, qint64 quantity);
+    /// What can still be spent from the plan's account, in yuan; absent if it is not known.
+    Result<std::optional<double>> cash(const PlanStore::Record& record);
+    /// Takes from both what an order takes, and adds what it has earned.
+    void take(const PlanStore::Record& record, const OrderTerms& terms, const DayOrder& order);
 
 private:
     static QStringList positionOf(const PlanStore::Record& record);
@@ -26,4 +28,5 @@ private:
     QHash<QString, QVector<qint64>> m_closes;
     QHash<QPair<QString, QString>, int> m_days;
     QHash<QStringList, double> m_sellable;
+    QHash<QString, std::optional<double>> m_cash; ///< by account
 };

@@ -49,6 +49,7 @@ public:
     bool completes() const;
 
     const DayOrder& order() const { return m_order; }
+    const std::optional<double>& cash() const { return m_cash; }
     int precision() const { return m_security ? m_security->pricePrecision : 0; }
 
 private:
@@ -66,6 +67,7 @@ private:
     const Security* const m_security;
     OrderTerms m_terms;
     DayOrder m_order;
+    std::optional<double> m_cash; ///< of the account, before the order
 };
 
 Status PlanDay::prepare()
@@ -88,8 +90,7 @@ Status PlanDay::prepare()
     if (!order)
         return order.status();
     m_order = *order;
-    if (!m_terms.isBuy)
-        m_facts.sell(m_plan.record, m_order.quantity);
+    m_facts.take(m_plan.record, m_terms, m_order);
     return {};
 }
 
@@ -98,7 +99,7 @@ Fields PlanDay::fields() const
     if (m_order.price.cutToLimit)
         qInfo() << "DayIssue::issue" << m_plan.id << "price cut to the day's limit price";
     const qint64 filled = m_order.fill.quantity;
-    return {
+    Fields fields{
         { FieldId::EndState, filled == m_order.quantity ? EndState::Ended : EndState::Running },
         { FieldId::TargetType,
             m_terms.isAmount ? InstructionTargetType::AmountOrder : InstructionTargetType::QtyOrder },
@@ -108,6 +109,9 @@ Fields PlanDay::fields() const
         { FieldId::IssuedAmount, amountText(m_order.issuedYuan) },
         { Orlo_Fields::Security::cumAmount, amountText(m_order.filledYuan) },
     };
+    if (!m_terms.marginSide.isEmpty())
+        fields.insert(FieldId::MarginSide, m_terms.marginSide);
+    return fields;
 }
 
 bool PlanDay::completes() const
@@ -142,12 +146,18 @@ Status PlanDay::checkDay() const
 Status PlanDay::readTerms()
 {
     const auto sellable = [this] { return m_facts.sellable(m_plan.record, *m_security); };
-    const Result<OrderTerms> terms = orderTerms(m_plan.record, *m_security, sellable);
+    const Result<OrderTerms> terms = orderTerms(m_plan.record, *m_security, m_use, sellable);
     if (!terms)
         return terms.status();
     m_terms = *terms;
-    m_terms.share.used = m_terms.isAmount ? m_use.yuan : m_use.quantity;
     m_terms.share.daysLeft = m_facts.daysUntil(m_security->exchange, text(BaseField::endDate));
+    // Known also where nothing is bought: what a sale earns is added to it.
+    const auto cash = m_facts.cash(m_plan.record);
+    if (!cash)
+        return cash.status();
+    m_cash = *cash;
+    if (m_cash && m_terms.needsCash())
+        m_terms.cash = *m_cash;
     return {};
 }
 
@@ -209,6 +219,7 @@ Status SomePlans::preview(const QStringList& ids, QVector<IssueRow>& rows)
             return day.status();
         IssueRow row{ plan, day->prepare(), {}, day->precision() };
         row.order = day->order();
+        row.cash = day->cash();
         rows << row;
     }
     return {};
@@ -217,6 +228,8 @@ Status SomePlans::preview(const QStringList& ids, QVector<IssueRow>& rows)
 // Plans that someone else has issued or changed meanwhile are no longer due.
 Status SomePlans::issue(const QStringList& ids, IssueResult& result)
 {
+    if (Status status = m_instructions.waitForIssue(); !status)
+        return status;
     const Result<DayPlans> day = m_plans.plansOfDay(m_scene.day, ids);
     if (!day)
         return day.status();

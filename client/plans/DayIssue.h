@@ -26,6 +26,8 @@ struct IssueRow {
     DayOrder order;
     /// Decimals of the security's prices.
     int precision = 0;
+    /// What the account could spend before the plan, in yuan; absent if it is not known.
+    std::optional<double> cash = std::nullopt;
 };
 
 /// The result of issuing a day, or some of its plans.
@@ -52,8 +54,9 @@ struct IssueResult {
 ///
 /// A quantity plan issues whole lots, an amount plan the whole lots that its amount of the day buys, both at most the
 /// daily maximum and the rest of the plan. A sale is at most what may be sold, of which earlier plans have taken their
-/// part. First ends open instructions of earlier days, which give back their unfilled part. A plan of which nothing is
-/// left is completed, and for any other without an instruction the reason is kept.
+/// part; a purchase is at most what is left of the cash of its account, where it is known. First ends open instructions
+/// of earlier days, which give back their unfilled part. A plan of which nothing is left is completed, and for any
+/// other without an instruction the reason is kept.
 ///
 /// A number of plans is one transaction; issuing a plan again has no effect.
 class DayIssue {

@@ -31,7 +31,7 @@ Status readAmounts(const Fields& other, PlanShare& share)
     return {};
 }
 
-Status readQuantities(const PlanStore::Record& record, const Fields& other, int factor,
+Status readQuantities(const PlanStore::Record& record, const Fields& other, int factor, double used,
     const std::function<Result<double>()>& sellable, PlanShare& share)
 {
     const QString text = record.value(BaseField::totalQty).toString();
@@ -43,19 +43,17 @@ Status readQuantities(const PlanStore::Record& record, const Fields& other, int 
     share.total = static_cast<double>(*total * factor);
     share.perDay = static_cast<double>(perDay * factor);
     share.ratio = PlanTexts::decimalNumber(other.value(BaseField::JCRatio).toString()).value_or(0);
-    // The target of a reduction without a total is the whole quantity that may be sold.
+    // The target of a reduction without a total is the whole quantity that could be sold at first.
     if (share.planType != PlanType::ReduceHoldings || *total != 0)
         return {};
     const Result<double> held = sellable();
-    share.total = held.valueOr(0);
+    share.total = held.valueOr(0) + used;
     return held.status();
 }
 
-// A margin sale sells what is borrowed.
-bool needsHoldings(const OrderTerms& terms, const Fields& other)
+bool isOfType(const OrderTerms& terms, const QVector<VorMarginTradeType>& types)
 {
-    const QString type = other.value(FieldId::MarginSide).toString();
-    return !terms.isBuy && type != QString::number(static_cast<int>(VorMarginTradeType::MarginSell));
+    return !terms.marginSide.isEmpty() && types.contains(static_cast<VorMarginTradeType>(terms.marginSide.toInt()));
 }
 
 double leftOf(const PlanShare& share)
@@ -73,6 +71,11 @@ double yuanOf(const DayPrice& price, const Security& security)
     return TickPrice::toYuan(price.limit.value_or(price.reference), security.pricePrecision);
 }
 
+QString yuanText(double yuan)
+{
+    return QString::number(yuan, 'f', 2);
+}
+
 double amountOf(qint64 quantity, qint64 ticks, int precision)
 {
     constexpr double FenPerYuan = 100;
@@ -81,17 +84,37 @@ double amountOf(qint64 quantity, qint64 ticks, int precision)
 
 } // namespace
 
-Result<OrderTerms> orderTerms(
-    const PlanStore::Record& record, const Security& security, const std::function<Result<double>()>& sellable)
+// A margin sale sells what is borrowed.
+bool OrderTerms::needsHoldings() const
+{
+    return !isBuy && !isOfType(*this, { VorMarginTradeType::MarginSell });
+}
+
+bool OrderTerms::needsCash() const
+{
+    return isBuy && !isOfType(*this, { VorMarginTradeType::FinancingBuy });
+}
+
+bool OrderTerms::earnsCash() const
+{
+    return needsHoldings()
+        && !isOfType(*this, { VorMarginTradeType::FinancingSell, VorMarginTradeType::BondConversion });
+}
+
+Result<OrderTerms> orderTerms(const PlanStore::Record& record, const Security& security, const PlanUse& use,
+    const std::function<Result<double>()>& sellable)
 {
     const Fields other = PlanTexts::otherParam(record.value(BaseField::planOtherParam).toString()).value_or(Fields());
     OrderTerms terms;
     terms.isBuy = record.value(BaseField::orderSide).toString() == Kelvo_Values::OrderSide::buy;
     terms.isAmount = other.value(FieldId::TargetType).toString() == InstructionTargetType::AmountOrder;
     terms.share.planType = record.value(Orlo_Fields::AutoPlan::templateCode).toString();
-    const Status status = terms.isAmount ? readAmounts(other, terms.share)
-                                         : readQuantities(record, other, security.displayFactor, sellable, terms.share);
-    if (!status || !needsHoldings(terms, other))
+    terms.share.used = terms.isAmount ? use.yuan : use.quantity;
+    terms.marginSide = other.value(FieldId::MarginSide).toString();
+    const Status status = terms.isAmount
+        ? readAmounts(other, terms.share)
+        : readQuantities(record, other, security.displayFactor, use.quantity, sellable, terms.share);
+    if (!status || !terms.needsHoldings())
         return status ? Result<OrderTerms>(terms) : status;
     const Result<double> held = sellable();
     terms.sellable = held.valueOr(0);
@@ -120,6 +143,11 @@ Result<DayOrder> dayOrder(
     order.quantity = std::isinf(terms.sellable) ? wanted : std::min(wanted, lotsWithin(terms.sellable, lot));
     if (order.quantity <= 0)
         return Error::NothingToSell;
+    const qint64 affordable = std::isinf(terms.cash) ? wanted : lotsWithin(terms.cash / yuan, lot);
+    if (affordable <= 0)
+        return { Error::NotEnoughCash, { yuanText(terms.cash), yuanText(lot * yuan) } };
+    order.isCutToCash = affordable < order.quantity;
+    order.quantity = std::min(order.quantity, affordable);
     if (Status refused = PlanLimits::priceError(limits, price, security); !refused)
         return refused;
     const auto quantity = static_cast<double>(order.quantity);

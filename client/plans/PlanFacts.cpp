@@ -21,20 +21,21 @@ QVector<qint64> PlanFacts::closesBefore(
     return closes.ticks;
 }
 
-Result<double> PlanFacts::sellable(Database& database, const PlanStore::Record& record, const Security& security)
+Result<double> PlanFacts::sellable(
+    Database& database, const PlanStore::Record& record, const Security& security, const QDate& day)
 {
     qint64 quantity = 0;
     ValueReader reader(database);
-    addTo(reader, record, security, quantity);
+    addTo(reader, record, security, day, quantity);
     const Status status = reader.read();
     return status ? Result<double>(static_cast<double>(quantity * security.displayFactor)) : status;
 }
 
-void PlanFacts::addTo(
-    ValueReader& reader, const PlanStore::Record& record, const Security& security, qint64& tradeableQuantity)
+void PlanFacts::addTo(ValueReader& reader, const PlanStore::Record& record, const Security& security, const QDate& day,
+    qint64& tradeableQuantity)
 {
     PositionStore::addTo(reader, record.value(Kelvo_Fields::UserAccount::tradingAccount).toString(),
-        record.value(Kelvo_Fields::UserAccount::securityAccount).toString(), security.symbol, tradeableQuantity);
+        record.value(Kelvo_Fields::UserAccount::securityAccount).toString(), security.symbol, day, tradeableQuantity);
 }
 
 double PlanFacts::used(const StoredPlan& plan, const PlanUse& use)

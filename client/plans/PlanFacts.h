@@ -12,10 +12,12 @@ namespace PlanFacts {
 /// may be closes after it.
 QVector<qint64> closesBefore(
     CloseHistory closes, const TradeCalendar& calendar, const Security& security, const QDate& day);
-/// What can be sold of the plan's security from its account, in displayed units.
-Result<double> sellable(Database& database, const PlanStore::Record& record, const Security& security);
+/// What can be sold of the plan's security from its account on a day, in displayed units.
+Result<double> sellable(
+    Database& database, const PlanStore::Record& record, const Security& security, const QDate& day);
 /// Adds the same to what is read, in stored units.
-void addTo(ValueReader& reader, const PlanStore::Record& record, const Security& security, qint64& tradeableQuantity);
+void addTo(ValueReader& reader, const PlanStore::Record& record, const Security& security, const QDate& day,
+    qint64& tradeableQuantity);
 /// The part of a plan's use that its target limits: the amount of an amount order in yuan, otherwise the quantity in
 /// displayed units.
 double used(const StoredPlan& plan, const PlanUse& use);

@@ -25,6 +25,7 @@ const QVector<Column>& fieldColumns()
     static const QVector<Column> columns{
         { QStringLiteral("ended"), FieldId::EndState, Kind::Whole },
         { QStringLiteral("target_type"), FieldId::TargetType, Kind::Text },
+        { QStringLiteral("margin_side"), FieldId::MarginSide, Kind::Text },
         { QStringLiteral("issued_quantity"), FieldId::IssuedQty, Kind::Whole },
         { QStringLiteral("filled_quantity"), FieldId::FilledQty, Kind::Whole },
         { QStringLiteral("issued_fen"), FieldId::IssuedAmount, Kind::Yuan },

@@ -139,6 +139,12 @@ Status InstructionStore::refuse(const QString& planId, const QDate& day, const Q
             StoredTime::toText(change.time) });
 }
 
+Status InstructionStore::waitForIssue()
+{
+    const QString& wait = m_database.dialect().issueLock;
+    return wait.isEmpty() ? Status() : m_database.value(wait).status();
+}
+
 Status InstructionStore::endBefore(const QString& planId, const QDate& day, const Change& change)
 {
     const auto open =

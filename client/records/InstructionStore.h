@@ -36,13 +36,18 @@ public:
     explicit InstructionStore(Database& database);
 
     /// Adds an instruction of the day and returns its id, ascending within its plan. Refuses an unknown plan, and
-    /// fields that `InstructionRow` refuses; the day is not one of them.
+    /// fields that `InstructionRow` refuses; the day is not one of them. Positions and cash follow, see `Bookings`:
+    /// more than may be sold is refused.
     Result<QString> add(const QString& planId, const QDate& day, const Fields& fields, const Change& change);
     /// Sets the given fields and keeps the others, for example for a fill. Refuses an unknown instruction.
     Status update(const QString& planId, const QString& instructionId, const Fields& fields, const Change& change);
 
     /// Notes why a plan got no instruction on a day, instead of an earlier reason of that day.
     Status refuse(const QString& planId, const QDate& day, const QString& reason, const Change& change);
+
+    /// Called first in a transaction that issues: waits until others have issued, so that what is read afterwards of
+    /// positions and cash stays as it is.
+    Status waitForIssue();
 
     /// Ends the open instructions of a plan that were issued before a day.
     Status endBefore(const QString& planId, const QDate& day, const Change& change);

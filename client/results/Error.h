@@ -167,6 +167,8 @@ enum class Error {
     LessThanOneLot,
     NothingLeft,
     NothingToSell,
+    MoreThanSellable,
+    NotEnoughCash,     ///< what is left, what a lot costs, both in yuan
     OutsideTradeHours, ///< first, last time of the market's day
     NotToday,          ///< the day, today
     // --- Conversion of bonds into shares

@@ -187,6 +187,8 @@ constexpr Sentence Sentences[] = {
     { Error::LessThanOneLot, QT_TRANSLATE_NOOP("Error", "当日的份额不足一手") },
     { Error::NothingLeft, QT_TRANSLATE_NOOP("Error", "计划已完成，剩余不足一手") },
     { Error::NothingToSell, QT_TRANSLATE_NOOP("Error", "可卖数量不足一手") },
+    { Error::MoreThanSellable, QT_TRANSLATE_NOOP("Error", "卖出的数量超过可卖数量，没有保存") },
+    { Error::NotEnoughCash, QT_TRANSLATE_NOOP("Error", "资金不足：可用%1元，一手需要%2元") },
     { Error::OutsideTradeHours, QT_TRANSLATE_NOOP("Error", "不在该市场的委托时间%1至%2内") },
     { Error::NotToday, QT_TRANSLATE_NOOP("Error", "%1不是今天（%2），只能模拟下达") },
     // --- Conversion of bonds into shares

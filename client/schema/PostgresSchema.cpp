@@ -1,5 +1,6 @@
 #include "PostgresSchema.h"
 
+#include "Bookings.h"
 #include "PostgresRights.h"
 
 namespace {
@@ -351,7 +352,9 @@ const QVector<Migration>& PostgresSchema::migrations()
                 statements(Privileges) } },
         { 2, PostgresRights::statements() },
         { 3,
-            { statements(PlanLife), statements(CoveringIndexes), statements(FactsVersion), statements(LaterNotices) } },
+            QStringList{ statements(PlanLife), statements(CoveringIndexes), statements(FactsVersion),
+                statements(LaterNotices) }
+                + Bookings::postgresStatements() },
     };
     return steps;
 }

@@ -1,5 +1,6 @@
 #include "SqliteSchema.h"
 
+#include "Bookings.h"
 #include "TypedTables.h"
 
 namespace {
@@ -226,7 +227,7 @@ const QVector<Migration>& SqliteSchema::migrations()
         { 4, limitTables() },
         { 5, TypedTables::statements(), TypedTables::obstacles() },
         { 6, historyTable() },
-        { 7, planLife() + coveringIndexes() },
+        { 7, planLife() + coveringIndexes() + Bookings::sqliteStatements() },
     };
     return steps;
 }

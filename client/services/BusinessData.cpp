@@ -1,6 +1,7 @@
 #include "BusinessDataInterface.h"
 #include "CBusinessDataBase.h"
 #include "CDataBase.h"
+#include "ClientClock.h"
 #include "ClientSession.h"
 #include "EntrustTypes.h"
 #include "Kelvo_Fields.h"
@@ -203,8 +204,9 @@ QList<QMap<QString, QVariant>> BusinessDataInterface::GetPositionListByAccount(c
     if (!(currency + portfolio + strategy + seat).isEmpty())
         return {};
     QList<QMap<QString, QVariant>> fields;
-    const QVector<StoredPosition> positions =
-        valueOrReport(PositionStore(session.database()).positions(account.tradingAccount, securityAccount, symbol), {});
+    const QVector<StoredPosition> positions = valueOrReport(
+        PositionStore(session.database()).positions(account.tradingAccount, securityAccount, symbol, clientToday()),
+        {});
     for (const StoredPosition& position : positions) {
         fields << QMap<QString, QVariant>{ { Kelvo_Fields::UserAccount::tradingAccount, position.tradingAccount },
             { Kelvo_Fields::UserAccount::securityAccount, position.securityAccount },

@@ -41,7 +41,7 @@ Result<SubmissionFacts> SubmissionFacts::read(
     PlanRightsReader::addTo(reader, session.user().id, record, clientToday(), facts.rights);
     if (const Security* security = securityOf(session, record)) {
         SecurityStore::addTo(reader, security->symbol, facts.closes);
-        PlanFacts::addTo(reader, record, *security, facts.tradeableQuantity);
+        PlanFacts::addTo(reader, record, *security, clientToday(), facts.tradeableQuantity);
     }
     if (!planId.isEmpty())
         InstructionStore::addTo(reader, planId, facts.use);
@@ -56,7 +56,8 @@ PlanCheck::Known SubmissionFacts::known(ClientSession& session, const Record& re
     PlanCheck::Known known{ session.market(), session.calendar(), today, session.user().id, rights, {}, 0 };
     if (const Security* security = securityOf(session, record)) {
         known.closes = PlanFacts::closesBefore(closes, session.calendar(), *security, today);
-        known.sellable = static_cast<double>(tradeableQuantity * security->displayFactor);
+        // What a reduction without a total has used is part of its target.
+        known.sellable = static_cast<double>(tradeableQuantity * security->displayFactor) + use.quantity;
     }
     return known;
 }

@@ -2,6 +2,9 @@
 
 namespace {
 
+// What was bought before the day, and without what open sales of the day reserve.
+const QString Sellable = QStringLiteral("tradeable_quantity + CASE WHEN bought_day < ? THEN bought_quantity ELSE 0 END"
+                                        " - CASE WHEN reserved_day >= ? THEN reserved_quantity ELSE 0 END");
 const QString Condition = QStringLiteral("trading_account = ? AND (? = '' OR security_account = ?) AND symbol = ?");
 
 } // namespace
@@ -17,7 +20,8 @@ Status PositionStore::set(const StoredPosition& position)
         QStringLiteral("INSERT INTO positions (trading_account, security_account, symbol, quantity,"
                        " tradeable_quantity) VALUES (?, ?, ?, ?, ?)"
                        " ON CONFLICT (trading_account, security_account, symbol) DO UPDATE"
-                       " SET quantity = excluded.quantity, tradeable_quantity = excluded.tradeable_quantity"),
+                       " SET quantity = excluded.quantity, tradeable_quantity = excluded.tradeable_quantity,"
+                       " bought_quantity = 0, bought_day = NULL, reserved_quantity = 0, reserved_day = NULL"),
         { position.tradingAccount, position.securityAccount, position.symbol, position.quantity,
             position.tradeableQuantity });
 }
@@ -31,22 +35,24 @@ Status PositionStore::remove(const StoredPosition& position)
 
 Result<QVector<StoredPosition>> PositionStore::all()
 {
-    return read(QStringLiteral("true ORDER BY trading_account, security_account, symbol"), {});
+    return read(QStringLiteral("tradeable_quantity"),
+        QStringLiteral("true ORDER BY trading_account, security_account, symbol"), {});
 }
 
 Result<QVector<StoredPosition>> PositionStore::positions(
-    const QString& tradingAccount, const QString& securityAccount, const QString& symbol)
+    const QString& tradingAccount, const QString& securityAccount, const QString& symbol, const QDate& day)
 {
-    return read(Condition, { tradingAccount, securityAccount, securityAccount, symbol });
+    const QString dayText = day.toString(Qt::ISODate);
+    return read(Sellable, Condition, { dayText, dayText, tradingAccount, securityAccount, securityAccount, symbol });
 }
 
-Result<QVector<StoredPosition>> PositionStore::read(const QString& condition, const QVariantList& values)
+Result<QVector<StoredPosition>> PositionStore::read(
+    const QString& sellable, const QString& condition, const QVariantList& values)
 {
     QVector<StoredPosition> positions;
     Status status = m_database.read(
-        QStringLiteral("SELECT trading_account, security_account, symbol, quantity, tradeable_quantity FROM positions"
-                       " WHERE ")
-            + condition,
+        QStringLiteral("SELECT trading_account, security_account, symbol, quantity, %1 FROM positions WHERE %2")
+            .arg(sellable, condition),
         values, [&positions](const QSqlQuery& row) {
             positions << StoredPosition{ row.value(0).toString(), row.value(1).toString(), row.value(2).toString(),
                 row.value(3).toLongLong(), row.value(4).toLongLong() };
@@ -65,10 +71,12 @@ Result<QHash<QString, qint64>> PositionStore::held(const QString& tradingAccount
 }
 
 void PositionStore::addTo(ValueReader& reader, const QString& tradingAccount, const QString& securityAccount,
-    const QString& symbol, qint64& tradeableQuantity)
+    const QString& symbol, const QDate& day, qint64& tradeableQuantity)
 {
-    const QString sum = QStringLiteral("(SELECT CAST(sum(tradeable_quantity) AS bigint) FROM positions WHERE %1)");
-    reader.add({ sum.arg(Condition) }, { tradingAccount, securityAccount, securityAccount, symbol },
+    const QString sum = QStringLiteral("(SELECT CAST(sum(%1) AS bigint) FROM positions WHERE %2)");
+    const QString dayText = day.toString(Qt::ISODate);
+    reader.add({ sum.arg(Sellable, Condition) },
+        { dayText, dayText, tradingAccount, securityAccount, securityAccount, symbol },
         [&tradeableQuantity](const QSqlQuery& row, int column) {
             tradeableQuantity = row.value(column).toLongLong();
             return Status();

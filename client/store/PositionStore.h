@@ -2,6 +2,7 @@
 
 #include "ValueReader.h"
 
+#include <QDate>
 #include <QHash>
 #include <QVector>
 
@@ -11,7 +12,7 @@ struct StoredPosition {
     QString symbol;
     /// Held quantity, in stored units.
     qint64 quantity = 0;
-    /// Quantity that may be sold today, in stored units.
+    /// Quantity that may be sold on a day, in stored units.
     qint64 tradeableQuantity = 0;
 };
 
@@ -20,21 +21,23 @@ class PositionStore {
 public:
     explicit PositionStore(Database& database);
 
+    /// Replaces a position. Nothing of it was bought on a day from which it cannot be sold yet, or is reserved.
     Status set(const StoredPosition& position);
     Status remove(const StoredPosition& position);
-    /// All positions, by account, security account and symbol.
+    /// All positions, by account, security account and symbol, without what was bought today.
     Result<QVector<StoredPosition>> all();
-    /// Positions of the account in one security; an empty security account means all of them.
+    /// Positions of the account in one security, with what may be sold of them on a day; an empty security account
+    /// means all of them.
     Result<QVector<StoredPosition>> positions(
-        const QString& tradingAccount, const QString& securityAccount, const QString& symbol);
+        const QString& tradingAccount, const QString& securityAccount, const QString& symbol, const QDate& day);
     /// What an account holds of each security, in stored units.
     Result<QHash<QString, qint64>> held(const QString& tradingAccount);
-    /// Adds the quantity that may be sold of these positions to what is read, in stored units.
+    /// Adds the quantity that may be sold of these positions on a day to what is read, in stored units.
     static void addTo(ValueReader& reader, const QString& tradingAccount, const QString& securityAccount,
-        const QString& symbol, qint64& tradeableQuantity);
+        const QString& symbol, const QDate& day, qint64& tradeableQuantity);
 
 private:
-    Result<QVector<StoredPosition>> read(const QString& condition, const QVariantList& values);
+    Result<QVector<StoredPosition>> read(const QString& sellable, const QString& condition, const QVariantList& values);
 
     Database& m_database;
 };
