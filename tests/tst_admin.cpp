@@ -591,7 +591,8 @@ private Q_SLOTS:
         const auto row = [](const char* words, const char* message) {
             QTest::newRow(words) << line(words) << line(message);
         };
-        row("admin", "命令admin应有参数：add-account|add-user|grant|init|list|migrate|revoke|set-chain|set-limits");
+        row("admin",
+            "命令admin应有参数：add-account|add-user|grant|init|list|migrate|revoke|set-cash|set-chain|set-limits");
         row("admin drop", "多余的参数：drop");
         row("admin init now", "多余的参数：now");
         row("admin add-user a", "命令admin add-user应有参数：用户编号 姓名");

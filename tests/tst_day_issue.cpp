@@ -14,7 +14,10 @@
 #include "SessionTest.h"
 #include "TradeHours.h"
 
+#include <QElapsedTimer>
 #include <QtTest>
+
+#include <limits>
 
 namespace BaseField = AutoPlanField::BaseField;
 using namespace PlanCodes;
@@ -228,7 +231,46 @@ private Q_SLOTS:
         QCOMPARE(issue.issue({ chosen }, goOn).alreadyIssued, QStringList(chosen));
     }
 
+    // Four times as many plans take four times as long, or sixteen times if each is compared with all.
+    void issuingADayAgainTakesTimeInProportionToItsPlans()
+    {
+        session().create(SampleSession::record());
+        const qint64 some = timeOfIssuingAgain(1024);
+        const qint64 many = timeOfIssuingAgain(4096);
+        QVERIFY2(many < 9 * some, qPrintable(QStringLiteral("%1 ns, %2 ns").arg(some).arg(many)));
+    }
+
 private:
+    /// The shortest of some measurements, in nanoseconds.
+    qint64 timeOfIssuingAgain(int plans) const
+    {
+        Database file;
+        if (!file.open(session().ownersFile()))
+            return 0;
+        const QString columns = QStringLiteral("version, creator, created_time, changed_time, plan_type,"
+                                               " instruction_type, trading_account, symbol, side, begin_date,"
+                                               " end_date, fields");
+        const QString copies = QStringLiteral("INSERT INTO plans (%1) SELECT %1 FROM plans").arg(columns);
+        while (file.value(QStringLiteral("SELECT count(*) FROM plans"))->toInt() < plans) {
+            if (!file.execute(copies))
+                return 0;
+        }
+        const QString issued = QStringLiteral("INSERT INTO instructions (plan, position, day) SELECT number, 1,"
+                                              " '2024-05-06' FROM plans WHERE TRUE ON CONFLICT DO NOTHING");
+        if (!file.execute(issued))
+            return 0;
+        qint64 shortest = std::numeric_limits<qint64>::max();
+        for (int i = 0; i < 5; ++i) {
+            QElapsedTimer timer;
+            timer.start();
+            const auto result = InstructionIssuer::issueDay(Monday);
+            shortest = qMin(shortest, timer.nsecsElapsed());
+            if (!result || result->alreadyIssued.size() != plans)
+                return 0;
+        }
+        return shortest;
+    }
+
     static QVector<IssueRow> previewOf(const QDate& day)
     {
         DayIssue issue(ClientSession::instance().database(), InstructionIssuer::scene(day));

@@ -46,7 +46,7 @@ private Q_SLOTS:
         QCOMPARE(cell(0, IssueSheetModel::Quantity), QStringLiteral("300"));
         QCOMPARE(cell(0, IssueSheetModel::ResultColumn), QString());
         QCOMPARE(cell(0, IssueSheetModel::Amount), QStringLiteral("5,247.00"));
-        QCOMPARE(text("issueSums"), QStringLiteral("账户100001 买入 1笔 5,247.00元"));
+        QCOMPARE(text("issueSums"), QStringLiteral("账户100001 买入 1笔 5,247.00元，资金未知"));
         QCOMPARE(button("btn_issue")->text(), QStringLiteral("下达1条……"));
     }
 

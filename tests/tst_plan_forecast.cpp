@@ -1,5 +1,6 @@
 #include "AutoPlanField.h"
 #include "AutoPlanLogic.h"
+#include "CashStore.h"
 #include "ClientSession.h"
 #include "InstructionIssuer.h"
 #include "InstructionTargetType.h"
@@ -9,6 +10,7 @@
 #include "PlanCodes.h"
 #include "PlanFacts.h"
 #include "PlanForecast.h"
+#include "PositionStore.h"
 #include "SecurityStore.h"
 #include "SessionTest.h"
 #include "TestStatus.h"
@@ -243,6 +245,43 @@ private Q_SLOTS:
         const QStringList issued = reallyIssued(id, Monday, last);
         QVERIFY(!issued.isEmpty());
         QCOMPARE(foretold(forecast), issued);
+    }
+
+    void theForecastEndsWithTheHoldingsAndTheCash()
+    {
+        for (const bool sells : { false, true }) {
+            Record record = with(SampleSession::record(), BaseField::totalQty, QStringLiteral("5000"));
+            record = with(record, BaseField::endDate, Friday.toString(Qt::ISODate));
+            Database file;
+            QCOMPARE(file.open(session().ownersFile()), Status());
+            OrderTerms terms = *orderTerms(record, share(), {}, [] { return Result<double>(0.0); });
+            if (sells) {
+                record = with(record, BaseField::orderSide, Kelvo_Values::OrderSide::sell);
+                const auto text = [&record](const QString& key) { return record.value(key).toString(); };
+                QCOMPARE(PositionStore(file).set({ text(Kelvo_Fields::UserAccount::tradingAccount),
+                             text(Kelvo_Fields::UserAccount::securityAccount), share().symbol, 700, 700 }),
+                    Status());
+            } else {
+                QCOMPARE(CashStore(file).set(QStringLiteral("100001"), closes().constLast() * 700), Status());
+            }
+            const QString id = session().create(record);
+            QVERIFY2(!id.isEmpty(), qPrintable(session().reason()));
+            PlanForecast forecast = forecastOf(record, Monday, Friday);
+            if (!sells) {
+                terms.cash = static_cast<double>(closes().constLast() * 700) / 100;
+                forecast = Forecast::of({ terms, *dayPrice(record, share(), closes()), share(), wideLimits(),
+                    ClientSession::instance().calendar(), Monday, Friday });
+            }
+            QVector<qint64> quantities;
+            for (const ForecastDay& day : qAsConst(forecast.days))
+                quantities << day.quantity;
+            QCOMPARE(quantities, (QVector<qint64>{ 300, 300, 100, 0, 0 }));
+            QCOMPARE(forecast.neededDays, 0);
+            QCOMPARE(foretold(forecast), reallyIssued(id, Monday, Friday));
+            QCOMPARE(ClientSession::instance().plans().setState(
+                         id, 1, PlanState::Stopped, QStringLiteral("r"), ClientSession::instance().changeNow()),
+                Status());
+        }
     }
 
     void theForecastOfAReductionIsWhatIsIssued()

@@ -112,15 +112,17 @@ private Q_SLOTS:
         row("a day that does not exist", "--issue-day 2024-02-30", "日期“2024-02-30”无效，格式为yyyy-MM-dd");
         row("a day in another format", "--issue-day 2024-5-6", "日期“2024-5-6”无效，格式为yyyy-MM-dd");
         row("JSON without a command", "--json",
-            "选项--json只用于admin list、check-strategies、export、history、import、--issue-preview");
+            "选项--json只用于admin list、check-strategies、export、history、import、journal、--issue-preview");
         row("JSON of an issue", "--issue-day 2024-05-06 --json",
-            "选项--json只用于admin list、check-strategies、export、history、import、--issue-preview");
+            "选项--json只用于admin list、check-strategies、export、history、import、journal、--issue-preview");
         row("a simulation of the window", "--simulate", "选项--simulate只用于--issue-day、--issue-preview");
         row("a preview with a command", "history AP00000001 --issue-preview", "命令history没有选项--issue-preview");
         row("JSON of another command", "backup a --json", "命令backup没有选项--json");
         row("a user of a command without one", "import-closures a --user trader01",
             "命令import-closures没有选项--user");
         row("a day with a command", "history AP00000001 --issue-day 2024-05-06", "命令history没有选项--issue-day");
+        row("the journal's day without a command", "--day 2024-05-06", "选项--day只用于journal");
+        row("the journal of no day", "journal --day 2024-13-01", "日期“2024-13-01”无效，格式为yyyy-MM-dd");
         row("a job of the walk-through", "--walkthrough folder", "未知选项：walkthrough");
         const auto walk = [](const char* name, const char* arguments, const char* error) {
             QTest::newRow(name) << Program::WalkThrough << QString::fromUtf8(arguments) << QString::fromUtf8(error);
@@ -184,8 +186,8 @@ private Q_SLOTS:
     {
         const QString help = read(QStringLiteral("--help"))->help;
         for (const char* name : { "admin add-account", "admin add-user", "admin grant", "admin init", "admin list",
-                 "admin migrate", "admin revoke", "admin set-chain", "admin set-limits", "backup", "check-strategies",
-                 "export", "history", "import", "import-closures", "move-to" })
+                 "admin migrate", "admin revoke", "admin set-cash", "admin set-chain", "admin set-limits", "backup",
+                 "check-strategies", "export", "history", "import", "import-closures", "journal", "move-to" })
             QVERIFY2(help.contains(QLatin1Char(' ') + QLatin1String(name)), name);
     }
 

@@ -31,6 +31,9 @@ private Q_SLOTS:
         QCOMPARE(m_session->create(SampleSession::record()), QStringLiteral("AP00000001"));
         QCOMPARE(InstructionIssuer::issueDay(SampleSession::today())->issued.size(), 1);
         ClientSession::instance().close();
+        QCOMPARE(psql(m_session->ownersFile(),
+                     QStringLiteral("INSERT INTO account_cash (trading_account, fen) VALUES ('100001', 100000000)")),
+            QString());
     }
 
     void cleanupTestCase() { m_session.reset(); }
@@ -163,7 +166,7 @@ private:
         for (const char* const table : { "plans", "instructions", "refused_days", "history WHERE plan IS NOT NULL" })
             row(table, QStringLiteral("SELECT count(*) FROM ") + QLatin1String(table), none);
         for (const char* const table : { "accounts", "user_accounts", "exchange_accounts", "order_authorities",
-                 "rule_properties", "approval_chains", "positions" })
+                 "rule_properties", "approval_chains", "positions", "account_cash" })
             row(table,
                 QStringLiteral("SELECT count(*) FROM %1 WHERE trading_account = '100001'").arg(QLatin1String(table)),
                 none);
@@ -190,6 +193,10 @@ private:
         row("deletes plans", "DELETE FROM plans", denied("table plans"));
         row("takes an account", "INSERT INTO user_accounts VALUES ('trader03', '100001', 1)",
             denied("table user_accounts"));
+        row("takes shares", "UPDATE positions SET quantity = 0", denied("table positions"));
+        row("takes money", "UPDATE account_cash SET fen = 0", denied("table account_cash"));
+        row("works off an alert of another user", "INSERT INTO done_alerts VALUES ('trader01', 1, 'failed', '')",
+            violates("done_alerts"));
         row("raises the limits", "UPDATE account_limits SET largest_quantity = 1", denied("table account_limits"));
         row("signs for another's client",
             "INSERT INTO signatures VALUES ('x', 'C10001', 'trader03', '2024-05-06T01:30:00.000Z')",
@@ -232,6 +239,10 @@ private:
             "CREATE TEMP TABLE t (plan bigint, day text, issued_quantity bigint, issued_fen bigint);"
             " CREATE TRIGGER t BEFORE INSERT ON t FOR EACH ROW EXECUTE FUNCTION plandesk.check_limits()",
             denied("function plandesk.check_limits"));
+        row("books by a trigger",
+            "CREATE TEMP TABLE t (LIKE plandesk.instructions);"
+            " CREATE TRIGGER t AFTER INSERT ON t FOR EACH ROW EXECUTE FUNCTION plandesk.book_instruction()",
+            denied("function plandesk.book_instruction"));
         row("reads the statistics", "SELECT count(*) FROM pg_stats WHERE tablename = 'plans'", none);
         row("copies the table to a program", "COPY plans TO PROGRAM 'cat'",
             QStringLiteral("ERROR:  must be superuser or have privileges of the pg_execute_server_program role to COPY"
@@ -249,6 +260,10 @@ private:
             violates("instructions"));
         row("a plan that does not", "INSERT INTO instructions (plan, position, day) VALUES (99, 1, '2024-05-06')",
             violates("instructions"));
+        row("an alert of a plan that exists", "INSERT INTO done_alerts VALUES ('trader03', 1, 'failed', '')",
+            violates("done_alerts"));
+        row("an alert of a plan that does not", "INSERT INTO done_alerts VALUES ('trader03', 99, 'failed', '')",
+            violates("done_alerts"));
         row("an account that does not exist", newPlan("trader03", "999999"), violates("plans"));
         row("a number that exists", "INSERT INTO plans (number) VALUES (1)", denied("table plans"));
         row("a number that does not", "INSERT INTO plans (number) VALUES (99)", denied("table plans"));

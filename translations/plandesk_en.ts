@@ -503,6 +503,89 @@
     </message>
 </context>
 <context>
+    <name>Alerts</name>
+    <message>
+        <source>未下达</source>
+        <translation>Not issued</translation>
+    </message>
+    <message>
+        <source>漏下达</source>
+        <translation>Missed</translation>
+    </message>
+    <message>
+        <source>即将结束</source>
+        <translation>Ends soon</translation>
+    </message>
+    <message>
+        <source>他人修改</source>
+        <translation>Changed by others</translation>
+    </message>
+    <message>
+        <source>%1：%2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1没有下达，也没有原因</source>
+        <translation>Neither issued nor refused on %1</translation>
+    </message>
+    <message>
+        <source>下一交易日%1结束</source>
+        <translation>Ends on %1, the next trade day</translation>
+    </message>
+    <message>
+        <source>%1修改为第%2版</source>
+        <translation>%1 made version %2</translation>
+    </message>
+    <message>
+        <source>查看计划</source>
+        <translation>Go to Plan</translation>
+    </message>
+    <message>
+        <source>已处理</source>
+        <translation>Done</translation>
+    </message>
+    <message>
+        <source>提醒</source>
+        <translation>Alerts</translation>
+    </message>
+    <message>
+        <source>尚未处理的提醒</source>
+        <translation>Alerts to work off</translation>
+    </message>
+    <message>
+        <source>关闭</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>计划编号</source>
+        <translation>Plan No.</translation>
+    </message>
+    <message>
+        <source>账户</source>
+        <translation>Account</translation>
+    </message>
+    <message>
+        <source>证券</source>
+        <translation>Security</translation>
+    </message>
+    <message>
+        <source>方向</source>
+        <translation>Side</translation>
+    </message>
+    <message>
+        <source>内容</source>
+        <translation>Details</translation>
+    </message>
+    <message>
+        <source>没有提醒。</source>
+        <translation>No alerts.</translation>
+    </message>
+    <message>
+        <source>%1条提醒</source>
+        <translation>%1 alerts</translation>
+    </message>
+</context>
+<context>
     <name>CalendarPopup</name>
     <message>
         <source>上个月</source>
@@ -681,6 +764,25 @@
     </message>
 </context>
 <context>
+    <name>DayWindows</name>
+    <message>
+        <source>提醒</source>
+        <translation>Alerts</translation>
+    </message>
+    <message>
+        <source>日志</source>
+        <translation>Journal</translation>
+    </message>
+    <message>
+        <source>提醒 %1</source>
+        <translation>Alerts: %1</translation>
+    </message>
+    <message>
+        <source>提醒（%1）</source>
+        <translation>Alerts (%1)</translation>
+    </message>
+</context>
+<context>
     <name>DraftBar</name>
     <message>
         <source>继续填写</source>
@@ -730,6 +832,18 @@
 %1</source>
         <translation>The following could not be restored, please check:
 %1</translation>
+    </message>
+    <message>
+        <source>隐藏顾问</source>
+        <translation>Hide the advisor</translation>
+    </message>
+    <message>
+        <source>显示顾问</source>
+        <translation>Show the advisor</translation>
+    </message>
+    <message>
+        <source>%1（F7）</source>
+        <translation>%1 (F7)</translation>
     </message>
 </context>
 <context>
@@ -1744,6 +1858,14 @@
         <source>取消</source>
         <translation>Cancel</translation>
     </message>
+    <message>
+        <source>%1，可用资金%2元</source>
+        <translation>%1, cash %2 CNY</translation>
+    </message>
+    <message>
+        <source>%1，资金未知</source>
+        <translation>%1, cash not known</translation>
+    </message>
 </context>
 <context>
     <name>IssueSheetModel</name>
@@ -1802,6 +1924,136 @@
     <message>
         <source>价格按涨跌停价</source>
         <translation>At the limit price of the day</translation>
+    </message>
+    <message>
+        <source>数量按可用资金减少</source>
+        <translation>quantity cut to the cash</translation>
+    </message>
+    <message>
+        <source>%1漏下达，不补下达</source>
+        <translation>%1 was missed and is not issued later</translation>
+    </message>
+    <message>
+        <source>；</source>
+        <translation>; </translation>
+    </message>
+</context>
+<context>
+    <name>Journal</name>
+    <message>
+        <source>上一页</source>
+        <translation>Previous Page</translation>
+    </message>
+    <message>
+        <source>下一页</source>
+        <translation>Next Page</translation>
+    </message>
+    <message>
+        <source>日志</source>
+        <translation>Journal</translation>
+    </message>
+    <message>
+        <source>当日的指令、未下达的计划和状态变更</source>
+        <translation>Instructions, refusals and changes of states of the day</translation>
+    </message>
+    <message>
+        <source>日期</source>
+        <translation>Date</translation>
+    </message>
+    <message>
+        <source>账户</source>
+        <translation>Account</translation>
+    </message>
+    <message>
+        <source>全部账户</source>
+        <translation>All accounts</translation>
+    </message>
+    <message>
+        <source>前一日</source>
+        <translation>Day Before</translation>
+    </message>
+    <message>
+        <source>后一日</source>
+        <translation>Day After</translation>
+    </message>
+    <message>
+        <source>今天</source>
+        <translation>Today</translation>
+    </message>
+    <message>
+        <source>关闭</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>正在读取……</source>
+        <translation>Reading…</translation>
+    </message>
+    <message>
+        <source>%1没有记录。</source>
+        <translation>No entries on %1.</translation>
+    </message>
+    <message>
+        <source>共%1条，第%2至%3条</source>
+        <translation>%1 entries, %2 to %3 shown</translation>
+    </message>
+</context>
+<context>
+    <name>JournalTexts</name>
+    <message>
+        <source>时间</source>
+        <translation>Time</translation>
+    </message>
+    <message>
+        <source>计划编号</source>
+        <translation>Plan No.</translation>
+    </message>
+    <message>
+        <source>账户</source>
+        <translation>Account</translation>
+    </message>
+    <message>
+        <source>证券</source>
+        <translation>Security</translation>
+    </message>
+    <message>
+        <source>方向</source>
+        <translation>Side</translation>
+    </message>
+    <message>
+        <source>事项</source>
+        <translation>Event</translation>
+    </message>
+    <message>
+        <source>内容</source>
+        <translation>Details</translation>
+    </message>
+    <message>
+        <source>用户</source>
+        <translation>User</translation>
+    </message>
+    <message>
+        <source>下达</source>
+        <translation>Issued</translation>
+    </message>
+    <message>
+        <source>未下达</source>
+        <translation>Not issued</translation>
+    </message>
+    <message>
+        <source>状态变更</source>
+        <translation>State changed</translation>
+    </message>
+    <message>
+        <source>已结束</source>
+        <translation>ended</translation>
+    </message>
+    <message>
+        <source>进行中</source>
+        <translation>running</translation>
+    </message>
+    <message>
+        <source>下达 %1，成交 %2，%3</source>
+        <translation>Issued %1, filled %2, %3</translation>
     </message>
 </context>
 <context>
@@ -2082,6 +2334,18 @@
     <message>
         <source>下达 %1，成交 %2，%3</source>
         <translation>Issued %1, filled %2, %3</translation>
+    </message>
+    <message>
+        <source>未下达：%1</source>
+        <translation>Not issued: %1</translation>
+    </message>
+    <message>
+        <source>漏下达</source>
+        <translation>Missed</translation>
+    </message>
+    <message>
+        <source>最近的%1天</source>
+        <translation>The last %1 days</translation>
     </message>
 </context>
 <context>

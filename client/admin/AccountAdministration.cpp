@@ -1,9 +1,13 @@
 #include "AccountAdministration.h"
 
 #include "AccountStore.h"
+#include "CashStore.h"
+#include "ClientClock.h"
 #include "Kelvo_Values.h"
 #include "LimitStore.h"
 #include "Orlo_Values.h"
+
+#include <QRegularExpression>
 
 namespace {
 
@@ -158,6 +162,44 @@ Status changeLimits(
     return lines.isEmpty() ? Status() : store.set(key, *limits);
 }
 
+const QString Unknown = QStringLiteral("unknown");
+
+/// Absent for unknown cash.
+Result<std::optional<qint64>> fenOf(const QString& yuan)
+{
+    if (yuan == Unknown)
+        return std::optional<qint64>();
+    static const QRegularExpression amount(QStringLiteral("^(0|[1-9][0-9]{0,12})(\\.[0-9]{2})?$"));
+    if (!amount.match(yuan).hasMatch())
+        return { Error::NotNumber, { QStringLiteral("资金（元）"), yuan.left(32) } };
+    const QString fen =
+        yuan.contains(QLatin1Char('.')) ? QString(yuan).remove(QLatin1Char('.')) : yuan + QStringLiteral("00");
+    return std::optional<qint64>(fen.toLongLong());
+}
+
+QString textOfCash(const std::optional<qint64>& fen)
+{
+    return fen ? QString::number(static_cast<double>(*fen) / 100, 'f', 2) + QStringLiteral("元")
+               : QStringLiteral("未知");
+}
+
+Status changeCash(Database& database, const QString& account, const QString& yuan, QStringList& lines)
+{
+    if (Status status = Administration::checkAccount(database, account); !status)
+        return status;
+    const auto fen = fenOf(yuan);
+    if (!fen)
+        return fen.status();
+    CashStore store(database);
+    const auto known = store.available(account, clientToday());
+    if (!known)
+        return known.status();
+    if (*known == *fen)
+        return {};
+    lines << QStringLiteral("账户%1：可用资金由%2改为%3").arg(account, textOfCash(*known), textOfCash(*fen));
+    return store.set(account, *fen);
+}
+
 } // namespace
 
 AccountAdministration::AccountAdministration(Administration& administration)
@@ -186,6 +228,12 @@ Result<QStringList> AccountAdministration::setLimits(const QString& account, con
 {
     return m_administration.run(
         [&](Database& database, QStringList& lines) { return changeLimits(database, account, items, lines); });
+}
+
+Result<QStringList> AccountAdministration::setCash(const QString& account, const QString& yuan)
+{
+    return m_administration.run(
+        [&](Database& database, QStringList& lines) { return changeCash(database, account, yuan, lines); });
 }
 
 QStringList AccountAdministration::accountItems()

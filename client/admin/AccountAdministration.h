@@ -4,7 +4,7 @@
 
 #include <QMap>
 
-/// Accounts and their limits.
+/// Accounts with their limits and cash.
 class AccountAdministration {
 public:
     /// Texts by the names of the items.
@@ -21,6 +21,9 @@ public:
     /// Sets "quantity", "amount" and "price-band" of an account, or the usual ones of the account "usual". An item is a
     /// positive number, or "usual" for none of the account's own. The others are kept.
     Result<QStringList> setLimits(const QString& account, const Items& items);
+
+    /// Sets the cash that an account can spend from now on, in yuan, or "unknown".
+    Result<QStringList> setCash(const QString& account, const QString& yuan);
 
     static QStringList accountItems();
     static QStringList limitItems();

@@ -66,7 +66,7 @@ const QStringList& MovedTables::names()
         QStringLiteral("limit_exceptions"), QStringLiteral("account_cash"), QStringLiteral("securities"),
         QStringLiteral("closing_prices"), QStringLiteral("positions"), QStringLiteral("strategy_lists"),
         QStringLiteral("static_texts"), QStringLiteral("plans"), QStringLiteral("instructions"),
-        QStringLiteral("refused_days"), QStringLiteral("history") };
+        QStringLiteral("refused_days"), QStringLiteral("done_alerts"), QStringLiteral("history") };
     return names;
 }
 

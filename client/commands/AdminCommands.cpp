@@ -133,6 +133,11 @@ Result<QStringList> setLimits(Administration& administration, const Options& opt
     return AccountAdministration(administration).setLimits(options.arguments.at(0), *items);
 }
 
+Result<QStringList> setCash(Administration& administration, const Options& options)
+{
+    return AccountAdministration(administration).setCash(options.arguments.at(0), options.arguments.at(1));
+}
+
 Result<QStringList> setChain(Administration& administration, const Options& options)
 {
     const auto items = itemsOf(options, 2, ChainAdministration::items());
@@ -165,6 +170,7 @@ QMap<QString, CommandFunction> adminCommands()
         { QStringLiteral("admin grant"), inDatabase(grant) },
         { QStringLiteral("admin revoke"), inDatabase(revoke) },
         { QStringLiteral("admin add-account"), inDatabase(addAccount) },
+        { QStringLiteral("admin set-cash"), inDatabase(setCash) },
         { QStringLiteral("admin set-limits"), inDatabase(setLimits) },
         { QStringLiteral("admin set-chain"), inDatabase(setChain) },
         { QStringLiteral("admin list"), list },

@@ -3,6 +3,7 @@
 namespace {
 
 const QString Database = QStringLiteral("database");
+const QString Day = QStringLiteral("day");
 const QString Securities = QStringLiteral("securities");
 
 QMap<QString, CommandForm> ordinaryForms()
@@ -15,6 +16,9 @@ QMap<QString, CommandForm> ordinaryForms()
         { QStringLiteral("history"),
             { QStringLiteral("计划编号"), 1, 1, { Database, Flag::Json, QStringLiteral("user") },
                 QStringLiteral("列出计划的历史") } },
+        { QStringLiteral("journal"),
+            { QString(), 0, 0, { Database, Day, Flag::Json, QStringLiteral("user") },
+                QStringLiteral("列出今天或--day的日期的日志") } },
         { QStringLiteral("move-to"),
             { QStringLiteral("数据库地址"), 1, 1, { Database }, QStringLiteral("把文件的内容搬到服务器") } },
         { QStringLiteral("import"),
@@ -48,6 +52,8 @@ QMap<QString, CommandForm> adminForms()
         { QStringLiteral("set-chain"),
             { QStringLiteral("账户 指令类型 名称=姓名,..."), 3, -1, { Database },
                 QStringLiteral("设置执行人和复核人") } },
+        { QStringLiteral("set-cash"),
+            { QStringLiteral("账户 元|unknown"), 2, 2, { Database }, QStringLiteral("设置可用资金") } },
         { QStringLiteral("set-limits"),
             { QStringLiteral("账户|usual 名称=取值..."), 2, -1, { Database }, QStringLiteral("设置限额") } },
         { QStringLiteral("list"),

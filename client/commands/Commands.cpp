@@ -2,12 +2,14 @@
 
 #include "AdminCommands.h"
 #include "Backup.h"
+#include "ClientClock.h"
 #include "ClientSession.h"
 #include "ClosureFiles.h"
 #include "CommandForms.h"
 #include "Console.h"
 #include "ErrorText.h"
 #include "HistoryTexts.h"
+#include "JournalTexts.h"
 #include "Options.h"
 #include "ServerLocation.h"
 #include "SessionStart.h"
@@ -71,6 +73,42 @@ Result<QString> planHistory(const Options& options)
     return options.flags.contains(Flag::Json) ? asJson(*entries) : inLines(*entries);
 }
 
+Result<QVector<JournalEntry>> journalOf(const Options& options)
+{
+    constexpr int RowsOfPage = 1000;
+    ClientSession& session = ClientSession::instance();
+    JournalStore store(session.database(), session.user());
+    JournalPage page{ options.day.isValid() ? options.day : clientToday(), QString(), 0, RowsOfPage };
+    QVector<JournalEntry> all;
+    int read = RowsOfPage;
+    while (read == RowsOfPage) {
+        const auto entries = store.page(page);
+        if (!entries)
+            return entries.status();
+        all += *entries;
+        read = entries->size();
+        page.offset += RowsOfPage;
+    }
+    return all;
+}
+
+Result<QString> journal(const Options& options)
+{
+    if (Status status = startSession(options); !status)
+        return status;
+    const auto entries = journalOf(options);
+    if (!entries)
+        return entries.status();
+    QStringList lines;
+    QJsonArray array;
+    for (const JournalEntry& entry : *entries) {
+        lines << JournalTexts::line(entry);
+        array << JournalTexts::json(entry);
+    }
+    return options.flags.contains(Flag::Json) ? QString::fromUtf8(QJsonDocument(array).toJson())
+                                              : lines.join(QLatin1Char('\n'));
+}
+
 CommandFunction commandNamed(const QString& name)
 {
     QMap<QString, CommandFunction> all = adminCommands();
@@ -79,6 +117,7 @@ CommandFunction commandNamed(const QString& name)
     all.insert(QStringLiteral("import-closures"), importClosures);
     all.insert(QStringLiteral("import"), importFiles);
     all.insert(QStringLiteral("export"), exportKind);
+    all.insert(QStringLiteral("journal"), journal);
     return all.value(name);
 }
 

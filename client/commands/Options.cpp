@@ -44,7 +44,7 @@ public:
         m_parser.addOptions({ m_help, m_user, m_database, m_skin, m_language, m_securities });
         if (m_program == Program::Client) {
             m_parser.setApplicationDescription(QStringLiteral("交易计划客户端：新建、修改、复制自动交易计划。"));
-            m_parser.addOptions({ m_issueDay, m_strategies });
+            m_parser.addOptions({ m_issueDay, m_day, m_strategies });
             m_parser.addOptions(m_flags);
             m_parser.addPositionalArgument(QStringLiteral("命令"), commandsText(), QStringLiteral("[命令 参数]"));
         } else {
@@ -127,12 +127,12 @@ private:
         return {};
     }
 
-    /// The options without a value that belong to no command.
+    /// The options that belong to commands only.
     Status checkFlags() const
     {
         const QStringList names = m_parser.optionNames();
         for (const QString& name : names) {
-            if (flagNames().contains(name) && !isOfProgram(name))
+            if (m_day.names().contains(name) || (flagNames().contains(name) && !isOfProgram(name)))
                 return { Error::OptionOfCommand, { name, ownersOf(name).join(QStringLiteral("、")) } };
         }
         return {};
@@ -171,8 +171,10 @@ private:
             return { Error::NotPositiveWhole, { QStringLiteral("证券数量"), m_parser.value(m_securities) } };
         if (!strategies().isEmpty() && !QFileInfo(strategies()).isDir())
             return { Error::NoStrategyFolder, { strategies() } };
-        if (isIssueDaySet() && !issueDay().isValid())
-            return { Error::MalformedDay, { m_parser.value(m_issueDay) } };
+        for (const QCommandLineOption& day : { m_issueDay, m_day }) {
+            if (isSet(day) && !dayOf(day).isValid())
+                return { Error::MalformedDay, { m_parser.value(day) } };
+        }
         return {};
     }
 
@@ -197,7 +199,9 @@ private:
             options.folder = arguments.value(0);
         }
         if (isIssueSet())
-            options.issueDay = isIssueDaySet() ? issueDay() : clientToday();
+            options.issueDay = isSet(m_issueDay) ? dayOf(m_issueDay) : clientToday();
+        if (isSet(m_day))
+            options.day = dayOf(m_day);
     }
 
     /// The one that the user has switched to; pictures of the walk-through do not depend on it.
@@ -205,17 +209,20 @@ private:
 
     bool isIssueSet() const
     {
-        return isIssueDaySet() || (m_program == Program::Client && m_parser.isSet(Flag::IssuePreview));
+        return isSet(m_issueDay) || (m_program == Program::Client && m_parser.isSet(Flag::IssuePreview));
     }
 
     // Qt warns about queries for options that the program does not have.
-    bool isIssueDaySet() const { return m_program == Program::Client && m_parser.isSet(m_issueDay); }
-
     QString strategies() const { return m_program == Program::Client ? m_parser.value(m_strategies) : QString(); }
 
-    QDate issueDay() const
+    bool isSet(const QCommandLineOption& option) const
     {
-        return QLocale::c().toDate(m_parser.value(m_issueDay), OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
+        return m_program == Program::Client && m_parser.isSet(option);
+    }
+
+    QDate dayOf(const QCommandLineOption& option) const
+    {
+        return QLocale::c().toDate(m_parser.value(option), OrloConstants::DateTimeFormatString::STD_DATE_FORMAT);
     }
 
     const Program m_program;
@@ -237,12 +244,14 @@ private:
     const QCommandLineOption m_issueDay{ QStringLiteral("issue-day"),
         QStringLiteral("为今天（yyyy-MM-dd）有效的计划下达指令，列出结果并退出；其他日期须加--simulate。"),
         QStringLiteral("日期") };
+    const QCommandLineOption m_day{ QStringLiteral("day"),
+        QStringLiteral("命令journal的日期（yyyy-MM-dd），默认为今天。"), QStringLiteral("日期") };
     const QList<QCommandLineOption> m_flags{
         { Flag::IssuePreview, QStringLiteral("列出今天或--issue-day的日期会下达的指令并退出，不下达。") },
         { Flag::Simulate, QStringLiteral("下达或预览时不限于今天和市场的委托时间。") },
         { Flag::Json,
-            QStringLiteral(
-                "以JSON输出命令history、check-strategies、import、export、admin list和--issue-preview的结果。") },
+            QStringLiteral("以JSON输出命令history、journal、check-strategies、import、export、admin "
+                           "list和--issue-preview的结果。") },
         { Flag::Replace, QStringLiteral("import删除文件中没有的内容，先列出并询问。") },
         { Flag::DryRun, QStringLiteral("import只检查并列出会发生的变化，不保存。") },
         { Flag::Yes, QStringLiteral("import --replace不再询问。") },

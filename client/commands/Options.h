@@ -20,6 +20,7 @@ struct Options {
     int securities = 0;    ///< securities of a new database; 0 for the default number
     QString folder;        ///< folder of the walk-through; empty for the client
     QDate issueDay;        ///< day to issue instructions for; invalid for the window
+    QDate day;             ///< of the command; invalid for today
     QString command;       ///< name of a command, see `commandForms`; empty for none
     QStringList arguments; ///< of the command, as many as its form asks for
     QSet<QString> flags;   ///< names of the command's options without a value

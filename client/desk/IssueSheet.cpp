@@ -28,11 +28,20 @@ constexpr QSize UsualSize(900, 520);
 constexpr int MostSums = 8;
 constexpr int MeasuredRows = 50;
 
+QString yuanText(double yuan)
+{
+    return groupedText(QString::number(yuan, 'f', 2));
+}
+
 QString sumText(const IssueSheetRows::Sum& sum)
 {
     const QString side = sum.isBuy ? IssueSheet::tr("买入") : IssueSheet::tr("卖出");
-    return IssueSheet::tr("账户%1 %2 %3笔 %4元")
-        .arg(sum.account, side, QString::number(sum.plans), groupedText(QString::number(sum.yuan, 'f', 2)));
+    const QString text =
+        IssueSheet::tr("账户%1 %2 %3笔 %4元").arg(sum.account, side, QString::number(sum.plans), yuanText(sum.yuan));
+    if (!sum.isBuy)
+        return text;
+    return sum.cash ? IssueSheet::tr("%1，可用资金%2元").arg(text, yuanText(*sum.cash))
+                    : IssueSheet::tr("%1，资金未知").arg(text);
 }
 
 QString sumsText(const QVector<IssueSheetRows::Sum>& sums)

@@ -130,7 +130,14 @@ QString IssueSheetModel::resultOf(const IssueRow& row) const
 {
     if (m_outcomes.contains(row.plan.id))
         return m_outcomes.text(row.plan.id);
+    QStringList notes;
     if (!row.reason)
-        return tr("不能下达：%1").arg(errorText(row.reason));
-    return row.order.price.cutToLimit ? tr("价格按涨跌停价") : QString();
+        notes << tr("不能下达：%1").arg(errorText(row.reason));
+    if (row.order.price.cutToLimit)
+        notes << tr("价格按涨跌停价");
+    if (row.order.isCutToCash)
+        notes << tr("数量按可用资金减少");
+    if (row.missed.isValid())
+        notes << tr("%1漏下达，不补下达").arg(row.missed.toString(Qt::ISODate));
+    return notes.join(tr("；"));
 }

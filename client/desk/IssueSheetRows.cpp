@@ -37,6 +37,9 @@ IssueSheetRows::IssueSheetRows(const QVector<IssueRow>& rows)
     }
     for (int row = 0; row < rows.size(); ++row) {
         m_sumOf << places.value(sumKey(rows.at(row)));
+        Sum& sum = m_sums[m_sumOf.constLast()];
+        if (!sum.cash)
+            sum.cash = rows.at(row).cash;
         choose(row, true);
     }
 }

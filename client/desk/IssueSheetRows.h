@@ -18,6 +18,8 @@ public:
         bool isBuy = true;
         int plans = 0;
         double yuan = 0;
+        /// What the account can spend before its first plan; absent if it is not known.
+        std::optional<double> cash = std::nullopt;
     };
 
     IssueSheetRows() = default;

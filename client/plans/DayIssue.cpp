@@ -1,11 +1,13 @@
 #include "DayIssue.h"
 
 #include "AutoPlanField.h"
+#include "ClientClock.h"
 #include "DayFacts.h"
 #include "ErrorText.h"
 #include "InstructionStore.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Fields.h"
+#include "MissedDays.h"
 #include "Orlo_Fields.h"
 #include "PlanCodes.h"
 #include "TickPrice.h"
@@ -180,7 +182,7 @@ private:
     Result<PlanDay> dayOf(const StoredPlan& plan, const PlanUse& use);
     Status issue(const StoredPlan& plan, const PlanUse& use, IssueResult& result);
     Status refuse(const StoredPlan& plan, const Status& reason);
-    Change change() const { return { m_scene.user.id, QDateTime::currentDateTime() }; }
+    Change change() const { return { m_scene.user.id, clientNow() }; }
 
     const IssueScene& m_scene;
     DayFacts& m_facts;
@@ -213,6 +215,9 @@ Status SomePlans::preview(const QStringList& ids, QVector<IssueRow>& rows)
 {
     if (Status status = read(ids); !status)
         return status;
+    const auto progress = m_instructions.progress(ids);
+    if (!progress)
+        return progress.status();
     for (const StoredPlan& plan : qAsConst(m_read)) {
         Result<PlanDay> day = dayOf(plan, m_uses.value(plan.id));
         if (!day)
@@ -220,6 +225,7 @@ Status SomePlans::preview(const QStringList& ids, QVector<IssueRow>& rows)
         IssueRow row{ plan, day->prepare(), {}, day->precision() };
         row.order = day->order();
         row.cash = day->cash();
+        row.missed = MissedDays::last(plan, progress->value(plan.id).lastDay, m_scene.calendar, m_scene.day);
         rows << row;
     }
     return {};

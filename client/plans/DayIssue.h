@@ -28,6 +28,9 @@ struct IssueRow {
     int precision = 0;
     /// What the account could spend before the plan, in yuan; absent if it is not known.
     std::optional<double> cash = std::nullopt;
+    /// The last trade day before, if it was missed; what would have gone out on it is not issued now. Invalid
+    /// otherwise.
+    QDate missed = QDate();
 };
 
 /// The result of issuing a day, or some of its plans.

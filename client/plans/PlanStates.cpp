@@ -1,5 +1,6 @@
 #include "PlanStates.h"
 
+#include "ClientClock.h"
 #include "PlanLife.h"
 #include "PlanRights.h"
 
@@ -59,7 +60,7 @@ Status PlanStates::setEach(const QStringList& planIds, PlanState state, const QS
             changes.refused << StateChanges::Refused{ id, refused };
             continue;
         }
-        if (Status set = plans.replaceState(*plan, state, reason, { m_user.id, QDateTime::currentDateTime() }); !set)
+        if (Status set = plans.replaceState(*plan, state, reason, { m_user.id, clientNow() }); !set)
             return set;
         changes.changed << id;
     }

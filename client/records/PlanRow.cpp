@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int OwnColumns = 7;
+constexpr int OwnColumns = 8;
 
 struct Column {
     QString name;
@@ -79,7 +79,7 @@ std::optional<PlanState> PlanRow::state(const QString& text)
 
 QString PlanRow::columns()
 {
-    return QStringLiteral("number, version, state, creator, created_time, changed_time, completed_day, ")
+    return QStringLiteral("number, version, state, creator, created_time, changed_time, completed_day, resumed_time, ")
         + recordColumns();
 }
 
@@ -89,9 +89,10 @@ Result<StoredPlan> PlanRow::plan(const QSqlQuery& row)
     const auto state = PlanRow::state(text(2));
     StoredPlan plan{ PlanId::fromNumber(row.value(0).toLongLong()), row.value(1).toInt(),
         state.value_or(PlanState::Archived), text(3), StoredTime::fromText(text(4)), StoredTime::fromText(text(5)),
-        QDate::fromString(text(6), Qt::ISODate), {} };
+        QDate::fromString(text(6), Qt::ISODate), {}, {} };
+    plan.activeSince = row.isNull(7) ? plan.created : StoredTime::fromText(text(7));
     const auto others = StoredTexts::fromJson(text(OwnColumns + fieldColumns().size()));
-    if (!state || !others || !plan.created.isValid() || !plan.changed.isValid())
+    if (!state || !others || !plan.created.isValid() || !plan.changed.isValid() || !plan.activeSince.isValid())
         return { Error::DamagedPlan, { plan.id } };
     plan.record = *others;
     for (int i = 0; i < fieldColumns().size(); ++i) {

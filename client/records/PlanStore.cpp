@@ -13,6 +13,13 @@ namespace {
 const QString Oldest = QStringLiteral("number"); ///< first
 const QString Newest = QStringLiteral("number DESC");
 
+/// The day in the market's time.
+QString marketDay(const QDateTime& time)
+{
+    constexpr int SecondsAheadOfUtc = 8 * 3600;
+    return time.toOffsetFromUtc(SecondsAheadOfUtc).date().toString(Qt::ISODate);
+}
+
 } // namespace
 
 PlanStore::PlanStore(Database& database)
@@ -78,9 +85,13 @@ Status PlanStore::replace(const StoredPlan& plan, const Record& record, const Ch
 {
     if (Status refused = RecordCheck::refusal(record); !refused)
         return refused;
-    const QString columns = QStringLiteral("completed_day = NULL, (%1) = (%2)")
-                                .arg(PlanRow::recordColumns(), PlanRow::recordPlaceholders());
-    return update(plan, { columns, PlanRow::recordValues(record) },
+    // On the days since it had ended, it was not due.
+    const QString columns =
+        QStringLiteral("resumed_time = CASE WHEN completed_day IS NULL AND end_date >= ? THEN resumed_time ELSE ? END,"
+                       " completed_day = NULL, (%1) = (%2)")
+            .arg(PlanRow::recordColumns(), PlanRow::recordPlaceholders());
+    const QVariantList values{ marketDay(change.time), StoredTime::toText(change.time) };
+    return update(plan, { columns, values + PlanRow::recordValues(record) },
         { HistoryEvent::Changed, 0, plan.version + 1, {}, plan.record, record }, change);
 }
 
@@ -101,7 +112,10 @@ Status PlanStore::replaceState(const StoredPlan& plan, PlanState state, const QS
     entry.after.insert(QStringLiteral("state"), text);
     if (!reason.isEmpty())
         entry.after.insert(QStringLiteral("reason"), reason);
-    return update(plan, { QStringLiteral("state = ?"), { text } }, entry, change);
+    if (state != PlanState::Active)
+        return update(plan, { QStringLiteral("state = ?"), { text } }, entry, change);
+    return update(plan, { QStringLiteral("state = ?, resumed_time = ?"), { text, StoredTime::toText(change.time) } },
+        entry, change);
 }
 
 Status PlanStore::complete(const QString& planId, const QDate& day)

@@ -23,6 +23,8 @@ struct StoredPlan {
     QDateTime changed;
     /// The day on which nothing was left to issue; invalid until then, and after the next change of the record.
     QDate completed;
+    /// Since when the plan has been active: its creation, or when it was last resumed, or changed after it had ended.
+    QDateTime activeSince;
     /// Texts by field key, including the other-parameter text if the plan has one.
     QMap<QString, QVariant> record;
 

@@ -219,11 +219,12 @@ CREATE TRIGGER clients_are_notified AFTER INSERT OR UPDATE OR DELETE ON instruct
     FOR EACH STATEMENT EXECUTE FUNCTION notify_clients()
 )";
 
-// The day on which nothing was left of a plan, which is no change of the plan; and the days on which an active plan got
-// no instruction, and why.
+// The day on which nothing was left of a plan, which is no change of the plan; since when it is active, if it was not
+// from its creation on; the days on which an active plan got no instruction, and why; and the alerts that a user has
+// worked off.
 const char* const PlanLife = R"(
-ALTER TABLE plans ADD COLUMN completed_day calendar_day;
-GRANT UPDATE (completed_day) ON plans TO plandesk_user;
+ALTER TABLE plans ADD COLUMN completed_day calendar_day, ADD COLUMN resumed_time utc_time;
+GRANT UPDATE (completed_day, resumed_time) ON plans TO plandesk_user;
 CREATE TABLE refused_days (
     plan bigint REFERENCES plans (number),
     day calendar_day,
@@ -237,6 +238,19 @@ CREATE POLICY of_visible_plan ON refused_days USING (EXISTS (SELECT FROM plans A
     WITH CHECK ("user" = session_user::text AND EXISTS (SELECT FROM plans AS p WHERE p.number = plan));
 CREATE TRIGGER clients_are_notified AFTER INSERT OR UPDATE OR DELETE ON refused_days
     FOR EACH STATEMENT EXECUTE FUNCTION notify_clients();
+CREATE INDEX instructions_of_days ON instructions (day, plan);
+CREATE INDEX refused_days_of_days ON refused_days (day, plan);
+CREATE INDEX history_of_changes ON history (time) WHERE event IN ('changed', 'state changed');
+CREATE TABLE done_alerts (
+    "user" plain_text,
+    plan bigint REFERENCES plans (number) ON DELETE CASCADE,
+    kind plain_text,
+    subject plain_text,
+    PRIMARY KEY ("user", plan, kind, subject));
+GRANT SELECT, INSERT ON done_alerts TO plandesk_user;
+ALTER TABLE done_alerts ENABLE ROW LEVEL SECURITY;
+CREATE POLICY own ON done_alerts USING ("user" = session_user::text) WITH CHECK ("user" = session_user::text
+    AND EXISTS (SELECT FROM plans AS p WHERE p.number = plan));
 CREATE OR REPLACE FUNCTION check_change() RETURNS trigger LANGUAGE plpgsql SET search_path = plandesk, pg_temp AS $$
 BEGIN
     IF NEW.version = OLD.version AND to_jsonb(NEW) - 'completed_day' = to_jsonb(OLD) - 'completed_day' THEN

@@ -202,17 +202,28 @@ QStringList coveringIndexes()
     return statements;
 }
 
-// The day on which nothing was left of a plan; and the days on which an active plan got no instruction, and why.
+// The day on which nothing was left of a plan; since when it is active, if it was not from its creation on; the days on
+// which an active plan got no instruction, and why; and the alerts that a user has worked off.
 QStringList planLife()
 {
     return {
         QStringLiteral("ALTER TABLE plans ADD COLUMN completed_day TEXT"
                        " CHECK (completed_day IS date(completed_day, '+0 days'))"),
+        QStringLiteral("ALTER TABLE plans ADD COLUMN resumed_time TEXT"
+                       " CHECK (resumed_time LIKE '____-__-__T__:__:__.___Z')"),
         QStringLiteral("CREATE TABLE refused_days ("
                        "plan INTEGER NOT NULL REFERENCES plans (number),"
                        "day TEXT NOT NULL CHECK (day IS date(day, '+0 days')), reason TEXT NOT NULL,"
                        "user TEXT NOT NULL, time TEXT NOT NULL CHECK (time LIKE '____-__-__T__:__:__.___Z'),"
                        "PRIMARY KEY (plan, day)) STRICT, WITHOUT ROWID"),
+        QStringLiteral("CREATE INDEX instructions_of_days ON instructions (day, plan)"),
+        QStringLiteral("CREATE INDEX refused_days_of_days ON refused_days (day, plan)"),
+        QStringLiteral("CREATE INDEX history_of_changes ON history (time)"
+                       " WHERE event IN ('changed', 'state changed')"),
+        QStringLiteral("CREATE TABLE done_alerts ("
+                       "user TEXT NOT NULL, plan INTEGER NOT NULL REFERENCES plans (number) ON DELETE CASCADE,"
+                       "kind TEXT NOT NULL, subject TEXT NOT NULL,"
+                       "PRIMARY KEY (user, plan, kind, subject)) STRICT, WITHOUT ROWID"),
     };
 }
 

@@ -1,6 +1,7 @@
 #include "ClientSession.h"
 
 #include "AgreementStore.h"
+#include "ClientClock.h"
 #include "ConfigurationStore.h"
 #include "PlanEvents.h"
 #include "SampleAccounts.h"
@@ -112,7 +113,7 @@ InstructionStore ClientSession::instructions()
 
 Change ClientSession::changeNow(const QString& request) const
 {
-    return { m_user.id, QDateTime::currentDateTime(), request };
+    return { m_user.id, clientNow(), request };
 }
 
 Result<InstructionCache::Instructions> ClientSession::instructionsOf(const QString& planId)

@@ -3,6 +3,7 @@
 #include "AutoPlanField.h"
 #include "ClientSession.h"
 #include "Kelvo_Fields.h"
+#include "MissedDays.h"
 #include "PlanFormatter.h"
 #include "PlanLife.h"
 #include "PlanTexts.h"
@@ -70,12 +71,16 @@ QString remainingDays(const Shown& shown)
 QString lastResult(const Shown& shown)
 {
     const PlanProgress& progress = shown.listed.progress;
-    if (!progress.lastDay.isValid())
+    const QDate missed =
+        MissedDays::last(shown.listed.plan, progress.lastDay, ClientSession::instance().calendar(), shown.today);
+    const QDate day = missed.isValid() ? missed : progress.lastDay;
+    if (!day.isValid())
         return QString();
-    const QString day = QLocale::c().toString(progress.lastDay, QStringLiteral("MM-dd"));
-    const QString result =
-        progress.refusal.isEmpty() ? QCoreApplication::translate("PlanColumns", "已下达") : progress.refusal;
-    return QStringLiteral("%1 %2").arg(day, result);
+    const auto translated = [](const char* text) { return QCoreApplication::translate("PlanColumns", text); };
+    const QString issued =
+        progress.refusal.isEmpty() ? translated(QT_TRANSLATE_NOOP("PlanColumns", "已下达")) : progress.refusal;
+    return QStringLiteral("%1 %2").arg(QLocale::c().toString(day, QStringLiteral("MM-dd")),
+        missed.isValid() ? translated(QT_TRANSLATE_NOOP("PlanColumns", "漏下达")) : issued);
 }
 
 const Definition definitions[PlanColumns::Count] = {

@@ -40,6 +40,17 @@ PlanPane::PlanPane(QWidget* parent)
     connect(m_table, &PlanTable::searchTyped, this, &PlanPane::beginSearch);
 }
 
+void PlanPane::goTo(const QString& planId)
+{
+    m_table->selectPlan(planId);
+    if (m_table->currentPlan().id != planId) {
+        m_search->clear();
+        m_filters->buttons().constFirst()->click();
+        m_table->selectPlan(planId);
+    }
+    m_table->setFocus();
+}
+
 QHBoxLayout* PlanPane::buildBar()
 {
     buildSearch();

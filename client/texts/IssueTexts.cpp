@@ -41,12 +41,16 @@ QString IssueTexts::line(const IssueRow& row)
     const QString plan =
         QStringLiteral("%1 %2 %3 %4")
             .arg(row.plan.id, textIn(row, Kelvo_Fields::UserAccount::tradingAccount), words.security(), words.side());
+    const QString missed = row.missed.isValid()
+        ? QStringLiteral("（%1漏下达，不补下达）").arg(row.missed.toString(Qt::ISODate))
+        : QString();
     if (!row.reason)
-        return QStringLiteral("%1 不能下达：%2").arg(plan, errorText(row.reason));
+        return QStringLiteral("%1 不能下达：%2").arg(plan, errorText(row.reason)) + missed;
     const auto limit = row.order.price.limit;
     const QString price = limit ? TickPrice::text(*limit, row.precision) : QStringLiteral("不限价");
     return QStringLiteral("%1 %2 数量%3 金额%4元")
-        .arg(plan, price, QString::number(row.order.quantity), amountText(row.order.issuedYuan));
+               .arg(plan, price, QString::number(row.order.quantity), amountText(row.order.issuedYuan))
+        + missed;
 }
 
 QJsonObject IssueTexts::json(const IssueRow& row)
@@ -62,5 +66,7 @@ QJsonObject IssueTexts::json(const IssueRow& row)
         { QStringLiteral("quantity"), row.order.quantity },
         { QStringLiteral("amount"), amountText(row.order.issuedYuan) },
         { QStringLiteral("reason"), row.reason ? QJsonValue() : QJsonValue(errorText(row.reason)) },
+        { QStringLiteral("missed"),
+            row.missed.isValid() ? QJsonValue(row.missed.toString(Qt::ISODate)) : QJsonValue() },
     };
 }

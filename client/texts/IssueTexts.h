@@ -12,7 +12,8 @@ QString report(const QDate& day, const IssueResult& result);
 /// What would go out for a plan, or why nothing.
 QString line(const IssueRow& row);
 /// The same: `plan`, `account`, `symbol`, `side` (`buy` or `sell`), `price` in yuan (null without a limit), `quantity`
-/// in displayed units, `amount` in yuan, and `reason`, which is null if something goes out.
+/// in displayed units, `amount` in yuan, `reason`, which is null if something goes out, and `missed`, the last trade
+/// day before if it was missed, otherwise null.
 QJsonObject json(const IssueRow& row);
 
 } // namespace IssueTexts

@@ -162,13 +162,12 @@ QString PlanFormatter::issued(const QString& number, bool isByAmount) const
 
 double PlanFormatter::total() const
 {
-    return (isAmount() ? other(Base::tradeAmount) : text(Base::totalQty)).toDouble();
+    return isAmount() ? other(Base::tradeAmount).toDouble() : text(Base::totalQty).toDouble() * factor();
 }
 
 QString PlanFormatter::partText(double part) const
 {
-    return isAmount() ? groupedText(QString::number(part, 'f', 2))
-                      : groupedText(QString::number(part * factor(), 'f', 0));
+    return groupedText(QString::number(part, 'f', isAmount() ? 2 : 0));
 }
 
 QString PlanFormatter::priceMode() const

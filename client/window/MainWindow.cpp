@@ -3,6 +3,7 @@
 #include "Appearance.h"
 #include "ClientClock.h"
 #include "ClientSession.h"
+#include "DayWindows.h"
 #include "DraftBar.h"
 #include "EditorDialog.h"
 #include "EditorForms.h"
@@ -210,6 +211,9 @@ void MainWindow::buildActions()
     plans->addActions(ofStates);
     plans->addSeparator();
     plans->addAction(issue);
+    auto* const day = new DayWindows(this);
+    plans->addActions(day->actions());
+    connect(day, &DayWindows::planWanted, this, &MainWindow::goToPlan);
     QMenu* const view = menuBar()->addMenu(tr("视图(&V)"));
     view->addActions({ reload, skin, strategies });
     QToolBar* const bar = addToolBar(tr("工具栏"));
@@ -403,6 +407,12 @@ void MainWindow::issueToday()
         connect(m_issues, &IssueSheet::issued, this, &MainWindow::refresh);
     }
     m_issues->openToday();
+}
+
+void MainWindow::goToPlan(const QString& planId)
+{
+    activateWindow();
+    m_pane->goTo(planId);
 }
 
 void MainWindow::statesChanged(const QString& text)

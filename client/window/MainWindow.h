@@ -63,6 +63,7 @@ private:
     void switchSkin();
     void showStrategies();
     void issueToday();
+    void goToPlan(const QString& planId);
     void statesChanged(const QString& text);
     QStringList chosenPlans() const;
     void openEdit();

@@ -1,11 +1,12 @@
 #include "PlanDetails.h"
 
+#include "ClientClock.h"
 #include "ClientSession.h"
 #include "ErrorText.h"
 #include "HistoryTexts.h"
-#include "InstructionTargetType.h"
+#include "JournalTexts.h"
+#include "MissedDays.h"
 #include "OrloHintLabel.h"
-#include "Orlo_Fields.h"
 #include "PlainText.h"
 #include "PlanCodes.h"
 #include "PlanFormatter.h"
@@ -27,20 +28,6 @@ QString shortened(const QString& text)
     if (text.size() <= LongestText)
         return text;
     return PlanDetails::tr("%1……（共%2字）").arg(text.left(LongestText), QString::number(text.size()));
-}
-
-using Fields = InstructionStore::Fields;
-
-QString instructionText(const PlanFormatter& plan, const Fields& fields)
-{
-    const auto field = [&fields](const QString& key) { return fields.value(key).toString(); };
-    const bool byAmount = field(FieldId::TargetType) == InstructionTargetType::AmountOrder;
-    const QString issued = byAmount ? field(FieldId::IssuedAmount) : field(FieldId::IssuedQty);
-    const QString filled = byAmount ? field(Orlo_Fields::Security::cumAmount) : field(FieldId::FilledQty);
-    const QString state =
-        field(FieldId::EndState) == EndState::Ended ? PlanDetails::tr("已结束") : PlanDetails::tr("进行中");
-    return PlanDetails::tr("下达 %1，成交 %2，%3")
-        .arg(plan.issued(issued, byAmount), plan.issued(filled, byAmount), state);
 }
 
 QLabel* newCaption(const QString& text)
@@ -105,21 +92,42 @@ PlanDetails::Rows PlanDetails::rowsOf(const StoredPlan& plan)
     const auto fields = PlanFormatter(plan).fields();
     for (const auto& field : fields)
         rows << Row{ Kind::Field, field.first, field.second };
-    return rows + instructionRows(plan) + historyRows(plan.id);
+    return rows + dayRows(plan) + historyRows(plan.id);
 }
 
-PlanDetails::Rows PlanDetails::instructionRows(const StoredPlan& plan)
+// Every day of which something is known: with an instruction, refused, or missed.
+PlanDetails::Rows PlanDetails::dayRows(const StoredPlan& plan)
 {
-    const auto instructions = ClientSession::instance().instructions().ofPlan(plan.id);
-    if (instructions && instructions->isEmpty())
-        return {};
+    InstructionStore store = ClientSession::instance().instructions();
+    const auto instructions = store.ofPlan(plan.id);
+    const auto refusals = store.refusals(plan.id);
     Rows rows{ { Kind::Heading, QString(), tr("已下达指令") } };
-    if (!instructions)
-        rows << Row{ Kind::Field, QString(), errorText(instructions.status()) };
-    const auto all = instructions.valueOr({});
+    if (!instructions || !refusals)
+        return rows << Row{ Kind::Field, QString(),
+            errorText(instructions ? refusals.status() : instructions.status()) };
+    QMap<QDate, QStringList> days;
     const PlanFormatter formatter(plan);
-    for (const Fields& fields : all)
-        rows << Row{ Kind::Field, fields.value(FieldId::TradeDate).toString(), instructionText(formatter, fields) };
+    for (const InstructionStore::Fields& fields : *instructions) {
+        const QString day = fields.value(FieldId::TradeDate).toString();
+        days[QDate::fromString(day, Qt::ISODate)] << JournalTexts::instruction(formatter, fields);
+    }
+    for (auto refusal = refusals->cbegin(); refusal != refusals->cend(); ++refusal)
+        days[refusal.key()] << tr("未下达：%1").arg(refusal.value());
+    const QList<QDate> handled = days.keys();
+    const QVector<QDate> missed = MissedDays::of(
+        plan, QSet<QDate>(handled.cbegin(), handled.cend()), ClientSession::instance().calendar(), clientToday());
+    for (const QDate& day : missed)
+        days[day] << tr("漏下达");
+    if (days.isEmpty())
+        return {};
+    if (days.size() > MostEntries)
+        rows << Row{ Kind::Text, QString(), tr("最近的%1天").arg(MostEntries) };
+    const QList<QDate> shown = days.keys().mid(qMax(0, static_cast<int>(days.size()) - MostEntries));
+    for (const QDate& day : shown) {
+        const QStringList texts = days.value(day);
+        for (const QString& text : texts)
+            rows << Row{ Kind::Field, day.toString(Qt::ISODate), text };
+    }
     return rows;
 }
 

@@ -29,7 +29,7 @@ private:
     using Rows = QVector<Row>;
 
     static Rows rowsOf(const StoredPlan& plan);
-    static Rows instructionRows(const StoredPlan& plan);
+    static Rows dayRows(const StoredPlan& plan);
     static Rows historyRows(const QString& planId);
     static void add(const Row& row, QFormLayout* rows);
     void show(const Rows& rows);
