@@ -46,7 +46,7 @@ private Q_SLOTS:
         openAlerts(1);
         QCOMPARE(textsOf(alertRows(), 0).mid(0, 2), (QStringList{ QStringLiteral("漏下达"), plan }));
         QCOMPARE(textsOf(alertRows(), 0).constLast(), QStringLiteral("2024-05-06没有下达，也没有原因"));
-        QTest::keyClick(alertRows(), Qt::Key_Delete);
+        QVERIFY(press(alerts(), Qt::Key_Delete));
         QTRY_COMPARE_WITH_TIMEOUT(alertText(), QStringLiteral("没有提醒。"), Patience);
         QCOMPARE(alertRows()->model()->rowCount(), 0);
         QVERIFY(!count()->isVisible());

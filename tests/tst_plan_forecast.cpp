@@ -257,10 +257,7 @@ private Q_SLOTS:
             OrderTerms terms = *orderTerms(record, share(), {}, [] { return Result<double>(0.0); });
             if (sells) {
                 record = with(record, BaseField::orderSide, Kelvo_Values::OrderSide::sell);
-                const auto text = [&record](const QString& key) { return record.value(key).toString(); };
-                QCOMPARE(PositionStore(file).set({ text(Kelvo_Fields::UserAccount::tradingAccount),
-                             text(Kelvo_Fields::UserAccount::securityAccount), share().symbol, 700, 700 }),
-                    Status());
+                setPosition(700);
             } else {
                 QCOMPARE(CashStore(file).set(QStringLiteral("100001"), closes().constLast() * 700), Status());
             }
@@ -287,6 +284,7 @@ private Q_SLOTS:
     void theForecastOfAReductionIsWhatIsIssued()
     {
         for (const char* const total : { "0", "100000" }) {
+            setPosition(200000);
             Record record = reduction(with(SampleSession::record(), BaseField::totalQty, QLatin1String(total)));
             record = SampleSession::withOther(record,
                 { { BaseField::JCRatio, QStringLiteral("0.15") },
@@ -300,6 +298,16 @@ private Q_SLOTS:
             QCOMPARE(forecast.neededDays, 7);
             QCOMPARE(foretold(forecast), reallyIssued(id, Monday, Monday.addDays(14)));
         }
+    }
+
+private:
+    void setPosition(qint64 quantity) const
+    {
+        Database file;
+        QCOMPARE(file.open(session().ownersFile()), Status());
+        const QString account = SampleSession::record().value(Kelvo_Fields::UserAccount::securityAccount).toString();
+        const StoredPosition position{ QStringLiteral("100001"), account, share().symbol, quantity, quantity };
+        QCOMPARE(PositionStore(file).set(position), Status());
     }
 };
 
