@@ -1,5 +1,7 @@
+#include "AlertStore.h"
 #include "AuthorityStore.h"
 #include "Backup.h"
+#include "CashStore.h"
 #include "ClientClock.h"
 #include "ClientSession.h"
 #include "ConfigurationStore.h"
@@ -237,6 +239,11 @@ private Q_SLOTS:
         const QString copy = copyOfFile();
         Database file;
         QCOMPARE(file.open(copy), Status());
+        QCOMPARE(CashStore(file).set(line("100001"), 123456), Status());
+        QCOMPARE(
+            AlertStore(file, session.user())
+                .setDone({ { Alert::Kind::Failed, session.plans().page(0, 1)->constFirst(), line("a\tday"), {} } }),
+            Status());
         QCOMPARE(LimitStore(file).set(line("100001"), { 1, 1, 1 }), Status());
         QVERIFY(file.value(line("SELECT max(issued_quantity) FROM instructions"))->toInt() > 1);
         Server server;

@@ -2,6 +2,7 @@
 #include "AutoPlanField.h"
 #include "ClientClock.h"
 #include "ClientWindowTest.h"
+#include "InstructionIssuer.h"
 #include "InstructionTargetType.h"
 #include "Options.h"
 #include "PlanCodes.h"
@@ -10,6 +11,9 @@
 #include "TestStatus.h"
 
 #include <QAction>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
@@ -305,6 +309,30 @@ private Q_SLOTS:
         QCOMPARE(ClientSession::instance().instructions().ofPlan(plan)->size(), 1);
         QCOMPARE(runProgram(arguments).output,
             QStringLiteral("2024-05-07：新下达指令0条，此前已下达的计划1个，未下达的计划0个。\n"));
+    }
+
+    void theProgramListsTheJournalOfADay()
+    {
+        const QString plan = session().create(SampleSession::record());
+        QVERIFY(InstructionIssuer::issueDay(SampleSession::today()));
+        const QStringList arguments{ QStringLiteral("--database"), session().file(), QStringLiteral("journal"),
+            QStringLiteral("--day"), QStringLiteral("2024-05-06") };
+        const ProgramEnd end = runProgram(arguments);
+        QCOMPARE(end.code, 0);
+        const QString line = QStringLiteral("12:00:00 %1 100001 ").arg(plan);
+        QVERIFY2(end.output.startsWith(line), qPrintable(end.output));
+        QVERIFY2(
+            end.output.endsWith(QStringLiteral("下达 300 股，成交 300 股，已结束 trader01\n")), qPrintable(end.output));
+        const QJsonArray entries =
+            QJsonDocument::fromJson(runProgram(arguments + QStringList{ QStringLiteral("--json") }).output.toUtf8())
+                .array();
+        QCOMPARE(entries.size(), 1);
+        const QJsonObject entry = entries.at(0).toObject();
+        QCOMPARE(entry.value(QStringLiteral("kind")).toString(), QStringLiteral("instruction"));
+        QCOMPARE(entry.value(QStringLiteral("instruction")).toString(), plan + QStringLiteral("-000001"));
+        QCOMPARE(entry.value(QStringLiteral("time")).toString(), QStringLiteral("2024-05-06T04:00:00.000Z"));
+        QCOMPARE(runProgram({ QStringLiteral("--database"), session().file(), QStringLiteral("journal") }).output,
+            QStringLiteral("\n"));
     }
 
     void anotherDayIsOnlySimulated()
