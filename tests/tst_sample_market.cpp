@@ -547,8 +547,10 @@ private Q_SLOTS:
             *SecurityStore(database()).firstSymbols(SubType::Ashares, Kelvo_Values::SymbolPost::sh, 2);
         PositionStore positions(database());
         const QString securityAccount = account.exchangeAccounts.value(Kelvo_Values::Exchange::sh);
-        const auto ample = *positions.positions(account.tradingAccount, securityAccount, shares.at(0));
-        const auto scarce = *positions.positions(account.tradingAccount, securityAccount, shares.at(1));
+        const auto ample =
+            *positions.positions(account.tradingAccount, securityAccount, shares.at(0), QDate(2024, 5, 6));
+        const auto scarce =
+            *positions.positions(account.tradingAccount, securityAccount, shares.at(1), QDate(2024, 5, 6));
         QCOMPARE(ample.size(), 1);
         QCOMPARE(ample.at(0).tradeableQuantity, qint64(200000));
         QCOMPARE(scarce.at(0).quantity, qint64(500));
