@@ -117,6 +117,9 @@ private Q_SLOTS:
             QCOMPARE(landmarks.at(i).place.number, *PlanId::toNumber(ids.at(Step * i)));
             const PlanSlice from{ 4, 2, landmarks.at(i).place, true, false, {} };
             QCOMPARE(idsOf(*store.page(list, from)), ids.mid(Step * i + 2, 4));
+            // The user's accounts have as many first plans as this has at most.
+            const PlanSlice few{ 2, 0, landmarks.at(i).place, true, false, {} };
+            QCOMPARE(idsOf(*store.page(list, few)), ids.mid(Step * i, 2));
         }
         if (expected.size() > 4) {
             const PlanSlice between{ Plans, 0, list.placeOf(expected.at(1)), true, false,
