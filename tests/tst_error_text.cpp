@@ -219,6 +219,9 @@ void addIssuingRows()
     addRow("当日的份额不足一手", Error::LessThanOneLot);
     addRow("计划已完成，剩余不足一手", Error::NothingLeft);
     addRow("可卖数量不足一手", Error::NothingToSell);
+    addRow("卖出的数量超过可卖数量，没有保存", Error::MoreThanSellable);
+    addRow("资金不足：可用90.00元，一手需要100.00元",
+        { Error::NotEnoughCash, { QStringLiteral("90.00"), QStringLiteral("100.00") } });
     addRow("不在该市场的委托时间09:15至15:00内",
         { Error::OutsideTradeHours, { QStringLiteral("09:15"), QStringLiteral("15:00") } });
     addRow("2024-05-07不是今天（2024-05-06），只能模拟下达",

@@ -833,18 +833,6 @@
         <translation>The following could not be restored, please check:
 %1</translation>
     </message>
-    <message>
-        <source>隐藏顾问</source>
-        <translation>Hide the advisor</translation>
-    </message>
-    <message>
-        <source>显示顾问</source>
-        <translation>Show the advisor</translation>
-    </message>
-    <message>
-        <source>%1（F7）</source>
-        <translation>%1 (F7)</translation>
-    </message>
 </context>
 <context>
     <name>EditorForms</name>
@@ -1691,6 +1679,18 @@
         <source>公式的结果不大于零</source>
         <translation>The result of the formula is not above zero</translation>
     </message>
+    <message>
+        <source>卖出的数量超过可卖数量，没有保存</source>
+        <translation>The quantity sold exceeds the sellable quantity. Nothing was stored</translation>
+    </message>
+    <message>
+        <source>资金不足：可用%1元，一手需要%2元</source>
+        <translation>Not enough cash: %1 yuan left, a lot costs %2 yuan</translation>
+    </message>
+    <message>
+        <source>策略文件夹“%1”不存在</source>
+        <translation>The strategy folder &quot;%1&quot; does not exist</translation>
+    </message>
 </context>
 <context>
     <name>FormDraft</name>
@@ -2296,6 +2296,10 @@
         <source>创建人/时间</source>
         <translation>Created</translation>
     </message>
+    <message>
+        <source>漏下达</source>
+        <translation>Missed</translation>
+    </message>
 </context>
 <context>
     <name>PlanDetails</name>
@@ -2322,18 +2326,6 @@
     <message>
         <source>%1……（共%2字）</source>
         <translation>%1... (%2 characters)</translation>
-    </message>
-    <message>
-        <source>已结束</source>
-        <translation>ended</translation>
-    </message>
-    <message>
-        <source>进行中</source>
-        <translation>Running</translation>
-    </message>
-    <message>
-        <source>下达 %1，成交 %2，%3</source>
-        <translation>Issued %1, filled %2, %3</translation>
     </message>
     <message>
         <source>未下达：%1</source>
