@@ -46,6 +46,7 @@ constexpr QSize UsualSize(1366, 768);
 constexpr int DetailsWidth = 300;
 constexpr int LineMargin = 8;
 constexpr std::chrono::milliseconds UntilPainted(1);
+constexpr std::chrono::seconds DoneShown(10);
 
 const QString Halves = QStringLiteral("windows/halves");
 
@@ -106,7 +107,7 @@ MainWindow::MainWindow(QWidget* parent)
     connect(&PlanEvents::instance(), &PlanEvents::outcomeKnown, this, &MainWindow::showOutcome);
     connect(m_table, &PlanTable::currentPlanChanged, this, &MainWindow::showCurrent);
     connect(m_pane, &PlanPane::listChanged, this, &MainWindow::listChanged);
-    connect(m_table, &PlanTable::counted, this, [this] { m_status->setText(countText()); });
+    connect(m_table, &PlanTable::counted, this, [this] { m_status->setText(statusText()); });
     connect(m_table, &QTableView::doubleClicked, this, &MainWindow::openEdit);
     connect(qApp, &QGuiApplication::focusWindowChanged, this, &MainWindow::keepKeyboard, Qt::QueuedConnection);
     // Before the plans are read, so that no change is missed.
@@ -238,6 +239,11 @@ void MainWindow::buildStatus()
 {
     // A message of the status bar itself would vanish as soon as a menu shows its own.
     m_status->setObjectName(QStringLiteral("status"));
+    m_untilCount.setSingleShot(true);
+    connect(&m_untilCount, &QTimer::timeout, this, [this] {
+        m_done.clear();
+        m_status->setText(countText());
+    });
     statusBar()->addWidget(m_status, 1);
     if (const Status status = checkCalendarEnd(clientToday()); !status) {
         QLabel* const calendar = PlainText::newLabel(errorText(status), this);
@@ -262,7 +268,7 @@ void MainWindow::formClosed(const QString& storedPlan)
 
 void MainWindow::listChanged(const Status& read)
 {
-    m_status->setText(read ? countText() : errorText(read));
+    m_status->setText(read ? statusText() : errorText(read));
 }
 
 void MainWindow::refresh()
@@ -297,9 +303,14 @@ Status MainWindow::readTable()
     else
         m_outdated->setText(tr("刷新失败：%1。列表仍是%2读取的内容，可能已经过时。")
                                 .arg(errorText(status), HistoryTexts::timeText(m_read)));
-    m_status->setText(status ? countText() : errorText(status));
+    m_status->setText(status ? statusText() : errorText(status));
     m_outdated->setVisible(!status);
     return status;
+}
+
+QString MainWindow::statusText() const
+{
+    return m_done.isEmpty() ? countText() : m_done;
 }
 
 QString MainWindow::countText() const
@@ -417,8 +428,9 @@ void MainWindow::goToPlan(const QString& planId)
 
 void MainWindow::statesChanged(const QString& text)
 {
+    m_done = text;
+    m_untilCount.start(DoneShown);
     refresh();
-    m_status->setText(text);
 }
 
 QStringList MainWindow::chosenPlans() const

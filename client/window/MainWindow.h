@@ -6,6 +6,7 @@
 
 #include <QDateTime>
 #include <QMainWindow>
+#include <QTimer>
 
 class EditorDialog;
 class EditorForms;
@@ -52,6 +53,7 @@ private:
     Status readTable();
     void refreshForOthers();
     bool mayRefresh() const;
+    QString statusText() const;
     QString countText() const;
     void showFailure(const Status& failure);
     void showLoss(const Status& reason);
@@ -75,6 +77,8 @@ private:
     PlanDetails* m_details;
     QSplitter* m_halves;
     EditorForms* m_forms;
+    QString m_done; ///< what the last change of states has done, shown instead of the number for a while
+    QTimer m_untilCount;
     QLabel* m_status;                      ///< the number of plans, or what is wrong
     IssueSheet* m_issues = nullptr;        ///< null until it is opened
     StrategySheet* m_strategies = nullptr; ///< null until it is opened
