@@ -80,7 +80,7 @@ Result<double> PlanIntake::sellable(const PlanStore::Record& record, const Secur
     const auto read = m_sellable.constFind(key);
     if (read != m_sellable.cend())
         return *read;
-    const Result<double> quantity = PlanFacts::sellable(m_database, record, security);
+    const Result<double> quantity = PlanFacts::sellable(m_database, record, security, m_scene.day);
     if (quantity)
         m_sellable.insert(key, *quantity);
     return quantity;
