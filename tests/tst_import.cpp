@@ -152,7 +152,7 @@ private Q_SLOTS:
         const QString wang = ownUser("wang");
         QCOMPARE(*AuthorityStore(database).types(wang, text("8001")), QStringList({ text("1"), text("5"), text("9") }));
         QCOMPARE(AuthorityStore(database).rights(wang, text("8002"), text("2"))->ruleProperty, 1);
-        const auto positions = PositionStore(database).positions(text("8001"), QString(), text("113001.SH"));
+        const auto positions = PositionStore(database).stored(text("8001"), QString(), text("113001.SH"));
         QCOMPARE(positions->value(0).quantity, qint64(100));
         QCOMPARE(positions->value(0).tradeableQuantity, qint64(100));
     }

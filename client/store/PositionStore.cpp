@@ -39,6 +39,13 @@ Result<QVector<StoredPosition>> PositionStore::all()
         QStringLiteral("true ORDER BY trading_account, security_account, symbol"), {});
 }
 
+Result<QVector<StoredPosition>> PositionStore::stored(
+    const QString& tradingAccount, const QString& securityAccount, const QString& symbol)
+{
+    return read(
+        QStringLiteral("tradeable_quantity"), Condition, { tradingAccount, securityAccount, securityAccount, symbol });
+}
+
 Result<QVector<StoredPosition>> PositionStore::positions(
     const QString& tradingAccount, const QString& securityAccount, const QString& symbol, const QDate& day)
 {

@@ -26,6 +26,9 @@ public:
     Status remove(const StoredPosition& position);
     /// All positions, by account, security account and symbol, without what was bought today.
     Result<QVector<StoredPosition>> all();
+    /// The same of an account in one security; an empty security account means all of them.
+    Result<QVector<StoredPosition>> stored(
+        const QString& tradingAccount, const QString& securityAccount, const QString& symbol);
     /// Positions of the account in one security, with what may be sold of them on a day; an empty security account
     /// means all of them.
     Result<QVector<StoredPosition>> positions(

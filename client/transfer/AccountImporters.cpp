@@ -257,7 +257,7 @@ Status PositionImporter::take(ImportRow& row)
     const StoredPosition position = read(row, account, security);
     const QString key = line(QStringLiteral("%1、%2"), position.tradingAccount, position.symbol);
     m_keys.check(row, PositionColumn::Symbol, key);
-    const auto stored = m_store.positions(position.tradingAccount, position.securityAccount, position.symbol);
+    const auto stored = m_store.stored(position.tradingAccount, position.securityAccount, position.symbol);
     if (!stored || row.isRefused())
         return stored.status();
     const StoredPosition before = stored->value(0);
