@@ -51,7 +51,7 @@ public:
 protected:
     void timerEvent(QTimerEvent*) override
     {
-        m_longest = std::max(m_longest, m_sinceTurn.nsecsElapsed() / 1e9);
+        m_longest = std::max(m_longest, static_cast<double>(m_sinceTurn.nsecsElapsed()) / 1e9);
         m_sinceTurn.restart();
         if (auto* const box = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
             box->accept();

@@ -3,8 +3,8 @@
 #include <QString>
 #include <QWidget>
 
-/// The client's message boxes. They are modal, at least to the window of `parent`. Each function returns when the trader closes
-/// the box, or when `parent` is deleted while the box is open.
+/// The client's message boxes. They are modal, at least to the window of `parent`. Each function returns when the
+/// trader closes the box, or when `parent` is deleted while the box is open.
 class OrloWidget {
 public:
     OrloWidget() = delete;

@@ -239,11 +239,6 @@ private Q_SLOTS:
         const QString copy = copyOfFile();
         Database file;
         QCOMPARE(file.open(copy), Status());
-        QCOMPARE(CashStore(file).set(line("100001"), 123456), Status());
-        QCOMPARE(
-            AlertStore(file, session.user())
-                .setDone({ { Alert::Kind::Failed, session.plans().page(0, 1)->constFirst(), line("a\tday"), {} } }),
-            Status());
         QCOMPARE(LimitStore(file).set(line("100001"), { 1, 1, 1 }), Status());
         QVERIFY(file.value(line("SELECT max(issued_quantity) FROM instructions"))->toInt() > 1);
         Server server;
@@ -375,6 +370,11 @@ private:
         QCOMPARE(UserStore(file).add({ line("O'Brien"), line("欧 布") }), Status());
         QCOMPARE(UserStore(file).add({ line("clears\x1b[2J"), line("the\nscreen") }), Status());
         QCOMPARE(StaticTextStore(file).set(line("hostile"), line("text"), line("a\tb\\c\\N\nd\r\v\f\b\x1b'\"{}😀")),
+            Status());
+        QCOMPARE(CashStore(file).set(line("100001"), 123456), Status());
+        QCOMPARE(
+            AlertStore(file, session.user())
+                .setDone({ { Alert::Kind::Failed, session.plans().page(0, 1)->constFirst(), line("a\tday"), {} } }),
             Status());
         QCOMPARE(LimitStore(file).set(line("100001"), { 100000, std::nullopt, 7 }), Status());
         QCOMPARE(LimitStore(file).authorise({ line("100001"), { 500000, std::nullopt, std::nullopt }, line("trader02"),

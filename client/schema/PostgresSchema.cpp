@@ -366,8 +366,8 @@ const QVector<Migration>& PostgresSchema::migrations()
                 statements(Privileges) } },
         { 2, PostgresRights::statements() },
         { 3,
-            QStringList{ statements(PlanLife), statements(CoveringIndexes), statements(FactsVersion),
-                statements(LaterNotices) }
+            QStringList{
+                statements(PlanLife), statements(CoveringIndexes), statements(FactsVersion), statements(LaterNotices) }
                 + Bookings::postgresStatements() },
     };
     return steps;
