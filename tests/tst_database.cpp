@@ -114,8 +114,9 @@ private Q_SLOTS:
         QCOMPARE(value(QStringLiteral("PRAGMA synchronous")), QStringLiteral("2"));
         QCOMPARE(value(QStringLiteral("PRAGMA foreign_keys")), QStringLiteral("1"));
         QCOMPARE(value(QStringLiteral("PRAGMA user_version")), QString::number(SqliteSchema::latestVersion()));
-        QCOMPARE(value(QStringLiteral("SELECT count(*) FROM pragma_table_list"
-                                      " WHERE schema = 'main' AND name NOT LIKE 'sqlite%' AND NOT strict")),
+        QCOMPARE(value(QStringLiteral(
+                     "SELECT count(*) FROM pragma_table_list"
+                     " WHERE schema = 'main' AND type = 'table' AND name NOT LIKE 'sqlite%' AND NOT strict")),
             QStringLiteral("0"));
         QVERIFY(!m_database->execute(
             QStringLiteral("INSERT INTO users VALUES (?, ?)"), { QByteArray("\x01"), QStringLiteral("name") }));

@@ -81,7 +81,7 @@ private Q_SLOTS:
             sample("securities"), QStringLiteral("--database"), QStringLiteral("my.sqlite"), QStringLiteral("--empty"),
             QStringLiteral("--json") });
         QCOMPARE(end.code, 1);
-        QCOMPARE(end.errors, QStringLiteral("plandesk: %1：有1处错误，没有导入任何内容\n").arg(bad));
+        QVERIFY(end.errors.endsWith(QStringLiteral("plandesk: %1：有1处错误，没有导入任何内容\n").arg(bad)));
         const QJsonArray reports = QJsonDocument::fromJson(end.output.toUtf8()).array();
         QCOMPARE(reports.size(), 2);
         const QJsonObject first = reports.at(0).toObject();
@@ -105,7 +105,7 @@ private Q_SLOTS:
         QVERIFY(trial.output.startsWith(QStringLiteral("删除：688001.SH\n")));
         const ProgramEnd no = plandesk(replace, "no\n");
         QCOMPARE(no.code, 1);
-        QVERIFY(no.errors.startsWith(QStringLiteral("删除：688001.SH\n")));
+        QVERIFY(no.errors.contains(QStringLiteral("删除：688001.SH\n")));
         const ProgramEnd yes = plandesk(replace, "yes\n");
         QCOMPARE(yes.code, 0);
         QVERIFY(yes.output.endsWith(QStringLiteral("one.csv：新增0，修改0，不变1，删除4\n")));

@@ -63,6 +63,7 @@ Situation sound()
     form.end = Monday.addDays(4);
     situation.facts.closes = *SecurityStore(ClientSession::instance().database()).closes(form.symbol);
     situation.facts.tradeableQuantity = 200'000;
+    situation.facts.tradeableNext = 200'000;
     situation.facts.rights.order = { true, account().assetProperty,
         account().exchangeAccounts.value(Kelvo_Values::Exchange::sh), true, 0, true, true };
     situation.facts.rights.limits = { 100'000'000, 10'000'000'000, 500 };

@@ -113,7 +113,6 @@ MainWindow::MainWindow(QWidget* parent)
     // Before the plans are read, so that no change is missed.
     ClientSession::instance().watch();
     refresh();
-    m_table->setCurrentIndex(m_table->model()->index(0, 0));
     m_table->setFocus();
 }
 
@@ -274,6 +273,8 @@ void MainWindow::listChanged(const Status& read)
 void MainWindow::refresh()
 {
     const Status shownByTheTable = readTable();
+    if (currentPlan().isEmpty())
+        m_table->setCurrentIndex(m_table->model()->index(0, 0));
     showCurrent();
 }
 
