@@ -1,4 +1,4 @@
-// What the fills of instructions do to positions and to cash, whoever writes them.
+// The effect of fills on positions and cash, for every way to write an instruction.
 #include "AutoPlanField.h"
 #include "CashStore.h"
 #include "ClientSession.h"

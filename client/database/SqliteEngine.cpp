@@ -297,7 +297,7 @@ void SqliteEngine::rollBack()
         sqlite3_exec(m_connection, "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
-// SQLite counts the commits of this connection, too. Another connection begins to count anew.
+// SQLite also counts the commits of this connection. Each connection starts its own count.
 QString SqliteEngine::contentVersion() const
 {
     unsigned commits = 0;

@@ -2,8 +2,7 @@
 
 #include <QStringList>
 
-/// What instructions do to positions and to cash, as triggers: whoever writes an instruction changes them in the same
-/// transaction.
+/// The triggers that update positions and cash in the transaction that writes an instruction.
 ///
 /// A fill of a purchase adds to the position; what was bought can be sold after its day. A fill of a sale takes from
 /// it, and what of a sale is issued and open is reserved for its day. A changed or deleted fill is taken back. Cash,

@@ -22,7 +22,7 @@ KeptFacts& keptFacts()
     return facts;
 }
 
-// With the facts of an earlier plan. Empty if nothing was stored: whoever is refused is refused by present facts.
+// With the facts of an earlier plan. Empty if nothing was stored: only present facts refuse a plan.
 Result<QString> createByKeptFacts(ClientSession& session, const Record& record, const QString& request)
 {
     const SubmissionFacts* const facts = keptFacts().find(session, record);

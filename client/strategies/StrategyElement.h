@@ -14,8 +14,8 @@ struct StrategyElement {
         QString value;
     };
 
-    QString name;              ///< without prefix; with the file's prefix if the namespace is none of FIXatdl
-    bool isForeign = false;    ///< the namespace is none of FIXatdl
+    QString name;              ///< without prefix; with the file's prefix if the namespace does not belong to FIXatdl
+    bool isForeign = false;    ///< the namespace does not belong to FIXatdl
     bool isInOddSpace = false; ///< the namespace is one of FIXatdl, but not the one of this element
     QString type;              ///< xsi:type without prefix; empty if there is none
     bool isTypeInOddSpace = false;

@@ -59,7 +59,7 @@ QString counted(const QString& number, const QString& unit)
     return isPlainNumber(number) ? QStringLiteral("%1 %2").arg(groupedText(number), unit) : number;
 }
 
-/// The texts of chosen entries; empty if the value is none of them.
+/// The texts of the chosen entries; empty if no entry has the value.
 QString itemTexts(const StrategyControl& control, const StrategyParameter& parameter, const QString& value)
 {
     if (!control.choosesItems())
