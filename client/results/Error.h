@@ -393,8 +393,5 @@ enum class Error {
     ParametersNotJson,
     StateNotImported, ///< state
     FileRefused,      ///< file; cause
-    BadRulebookLine,  ///< number of the line; cause
-    RulebookGap,      ///< board, day
-    RowsRefused,      ///< number of rows
     Count,            ///< not a failure: how many codes there are
 };
