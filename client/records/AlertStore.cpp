@@ -161,13 +161,10 @@ Status AlertStore::readPlans(QVector<Alert>& alerts)
     for (const Alert& alert : qAsConst(alerts))
         ids << alert.plan.id;
     ids.removeDuplicates();
-    const auto plans = PlanStore(m_database, m_user).plans(ids);
+    const auto plans = PlanStore(m_database, m_user).plansById(ids);
     if (!plans)
         return plans.status();
-    QHash<QString, StoredPlan> byId;
-    for (const StoredPlan& plan : *plans)
-        byId.insert(plan.id, plan);
     for (Alert& alert : alerts)
-        alert.plan = byId.value(alert.plan.id, alert.plan);
+        alert.plan = plans->value(alert.plan.id, alert.plan);
     return {};
 }

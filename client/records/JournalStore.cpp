@@ -102,14 +102,11 @@ Status JournalStore::readPlans(QVector<JournalEntry>& entries)
         if (ids.isEmpty() || ids.constLast() != entry.plan.id)
             ids << entry.plan.id;
     }
-    const auto plans = PlanStore(m_database, m_user).plans(ids);
+    const auto plans = PlanStore(m_database, m_user).plansById(ids);
     if (!plans)
         return plans.status();
-    QHash<QString, StoredPlan> byId;
-    for (const StoredPlan& plan : *plans)
-        byId.insert(plan.id, plan);
     for (JournalEntry& entry : entries)
-        entry.plan = byId.value(entry.plan.id, entry.plan);
+        entry.plan = plans->value(entry.plan.id, entry.plan);
     return {};
 }
 

@@ -186,6 +186,17 @@ Result<QVector<StoredPlan>> PlanStore::plans(const QStringList& planIds)
         { QStringLiteral("number IN %1 AND %2").arg(among.text, visible.text), among.values + visible.values }, Oldest);
 }
 
+Result<QHash<QString, StoredPlan>> PlanStore::plansById(const QStringList& planIds)
+{
+    const auto found = plans(planIds);
+    if (!found)
+        return found.status();
+    QHash<QString, StoredPlan> byId;
+    for (const StoredPlan& plan : *found)
+        byId.insert(plan.id, plan);
+    return byId;
+}
+
 Result<QVector<StoredPlan>> PlanStore::page(const PlanList& list, const PlanSlice& slice)
 {
     if (slice.offset < 0 || slice.limit < 1)

@@ -7,6 +7,7 @@
 #include "UserStore.h"
 
 #include <QDate>
+#include <QHash>
 #include <QStringList>
 #include <QVector>
 
@@ -54,6 +55,7 @@ public:
     Result<StoredPlan> plan(const QString& planId);
     /// The plans with these ids, oldest first, without unknown ones.
     Result<QVector<StoredPlan>> plans(const QStringList& planIds);
+    Result<QHash<QString, StoredPlan>> plansById(const QStringList& planIds);
     /// The plans of a slice, in the order of the list; empty after its end.
     Result<QVector<StoredPlan>> page(const PlanList& list, const PlanSlice& slice);
     /// The same for the list of all plans, newest first.
