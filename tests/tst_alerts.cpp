@@ -278,7 +278,7 @@ private:
         const auto issued = *instructions.ofPlan(planId);
         for (const InstructionStore::Fields& fields : issued)
             handled << QDate::fromString(fields.value(FieldId::TradeDate).toString(), Qt::ISODate);
-        const QList<QDate> refused = instructions.refusals(planId)->keys();
+        const QList<QDate> refused = instructions.daysOf(planId)->refusals.keys();
         for (const QDate& day : refused)
             handled << day;
         return MissedDays::of(plan, handled, ClientSession::instance().calendar(), today);

@@ -121,7 +121,7 @@ private Q_SLOTS:
             customPrice(SampleSession::record(), QStringLiteral("1-1")), ClientSession::instance().changeNow());
         const auto result = InstructionIssuer::issueDay(Monday);
         QCOMPARE(result->skipped.size(), 1);
-        const auto reasons = *ClientSession::instance().instructions().refusals(plan);
+        const auto reasons = ClientSession::instance().instructions().daysOf(plan)->refusals;
         QCOMPARE(reasons.keys(), QList<QDate>{ Monday });
         QCOMPARE(reasons.value(Monday), errorText(result->skipped.at(0).reason));
     }
@@ -131,7 +131,7 @@ private Q_SLOTS:
         const QString plan =
             session().create(with(SampleSession::record(), BaseField::endDate, QStringLiteral("2024-05-13")));
         QCOMPARE(InstructionIssuer::issueDay(QDate(2024, 5, 11))->skipped.size(), 1);
-        QVERIFY(ClientSession::instance().instructions().refusals(plan)->isEmpty());
+        QVERIFY(ClientSession::instance().instructions().daysOf(plan)->refusals.isEmpty());
     }
 
     void aPlanWithoutAWholeLotIsCompleted()
@@ -142,7 +142,7 @@ private Q_SLOTS:
         const auto result = InstructionIssuer::issueDay(Monday);
         QCOMPARE(result->skipped.at(0).reason, Status(Error::NothingLeft));
         QCOMPARE(ClientSession::instance().plans().plan(plan)->completed, Monday);
-        QVERIFY(ClientSession::instance().instructions().refusals(plan)->isEmpty());
+        QVERIFY(ClientSession::instance().instructions().daysOf(plan)->refusals.isEmpty());
         QVERIFY(previewOf(Monday.addDays(1)).isEmpty());
     }
 
@@ -181,7 +181,7 @@ private Q_SLOTS:
         const auto result = InstructionIssuer::issueDay(Monday);
         QCOMPARE(result->issued, QStringList());
         QCOMPARE(result->skipped.at(0).reason.error(), Error::OutsideTradeHours);
-        QVERIFY(ClientSession::instance().instructions().refusals(plan)->isEmpty());
+        QVERIFY(ClientSession::instance().instructions().daysOf(plan)->refusals.isEmpty());
         setClientTime(QDateTime(Monday, QTime(14, 59), Qt::OffsetFromUTC, 8 * 3600));
         QCOMPARE(InstructionIssuer::issueDay(Monday)->issued.size(), 1);
     }

@@ -256,7 +256,7 @@ private Q_SLOTS:
         QCOMPARE(progress.value(ids.at(1)).refusal, QStringLiteral("另一原因"));
         // An instruction of the same day was issued afterwards.
         QCOMPARE(progress.value(ids.at(2)).refusal, QString());
-        QCOMPARE(*instructions.refusals(ids.at(1)),
+        QCOMPARE(instructions.daysOf(ids.at(1))->refusals,
             (QMap<QDate, QString>{ { today.addDays(1), QStringLiteral("另一原因") } }));
     }
 

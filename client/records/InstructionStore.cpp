@@ -164,6 +164,28 @@ Result<QMap<QString, InstructionStore::Fields>> InstructionStore::ofPlan(const Q
     return read(planId, QString(), {});
 }
 
+// In one statement, because each is a round trip. The refusals are joined with no instruction.
+Result<PlanDays> InstructionStore::daysOf(const QString& planId)
+{
+    PlanDays days;
+    const qint64 plan = PlanId::toNumber(planId).value_or(0);
+    const QString statement =
+        QStringLiteral("SELECT %1, NULL AS refused, NULL AS reason FROM instructions WHERE plan = ?"
+                       " UNION ALL SELECT %1, refused, reason FROM"
+                       " (SELECT day AS refused, reason FROM refused_days WHERE plan = ?) AS r"
+                       " LEFT JOIN instructions ON 1 = 0")
+            .arg(InstructionRow::columns());
+    Status status = m_database.read(statement, { plan, plan }, [&](const QSqlQuery& row) {
+        const QDate refused = dayOf(row.value(QStringLiteral("refused")));
+        if (refused.isValid())
+            days.refusals.insert(refused, row.value(QStringLiteral("reason")).toString());
+        else
+            days.instructions.insert(
+                InstructionRow::id(planId, InstructionRow::position(row)), InstructionRow::fields(row));
+    });
+    return status ? Result<PlanDays>(days) : status;
+}
+
 Result<QMap<QString, InstructionStore::Fields>> InstructionStore::ofDay(const QString& planId, const QDate& day)
 {
     return read(planId, QStringLiteral(" AND day = ?"), { day.toString(Qt::ISODate) });
@@ -212,15 +234,6 @@ Result<QHash<QString, PlanProgress>> InstructionStore::progress(const QStringLis
         all.insert(PlanId::fromNumber(row.value(0).toLongLong()), progress);
     });
     return status ? Result<QHash<QString, PlanProgress>>(all) : status;
-}
-
-Result<QMap<QDate, QString>> InstructionStore::refusals(const QString& planId)
-{
-    QMap<QDate, QString> reasons;
-    Status status = m_database.read(QStringLiteral("SELECT day, reason FROM refused_days WHERE plan = ?"),
-        { PlanId::toNumber(planId).value_or(0) },
-        [&reasons](const QSqlQuery& row) { reasons.insert(dayOf(row.value(0)), row.value(1).toString()); });
-    return status ? Result<QMap<QDate, QString>>(reasons) : status;
 }
 
 void InstructionStore::addTo(ValueReader& reader, const QString& planId, PlanUse& use)

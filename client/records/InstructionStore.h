@@ -28,6 +28,14 @@ struct PlanProgress {
     QString refusal;
 };
 
+/// What happened on the days of a plan.
+struct PlanDays {
+    /// By instruction id.
+    QMap<QString, InstructionRow::Fields> instructions;
+    /// The reasons why a day got no instruction.
+    QMap<QDate, QString> refusals;
+};
+
 /// The instructions of plans, with their price, quantities, amounts and fills as fields.
 class InstructionStore {
 public:
@@ -54,6 +62,8 @@ public:
 
     /// Texts by field key, by instruction id, including the day; empty if the plan is unknown or has none.
     Result<QMap<QString, Fields>> ofPlan(const QString& planId);
+    /// With the reasons why days got none.
+    Result<PlanDays> daysOf(const QString& planId);
     /// Like `ofPlan`, for one day only.
     Result<QMap<QString, Fields>> ofDay(const QString& planId, const QDate& day);
 
@@ -62,8 +72,6 @@ public:
     Result<QHash<QString, PlanUse>> used(const QStringList& planIds, const QDate& day);
     /// By plan id. Unknown plans are missing.
     Result<QHash<QString, PlanProgress>> progress(const QStringList& planIds);
-    /// The reasons why a plan got no instruction on a day, by day.
-    Result<QMap<QDate, QString>> refusals(const QString& planId);
     /// Adds what one plan uses to what is read.
     static void addTo(ValueReader& reader, const QString& planId, PlanUse& use);
 

@@ -98,20 +98,17 @@ PlanDetails::Rows PlanDetails::rowsOf(const StoredPlan& plan)
 // Every day of which something is known: with an instruction, refused, or missed.
 PlanDetails::Rows PlanDetails::dayRows(const StoredPlan& plan)
 {
-    InstructionStore store = ClientSession::instance().instructions();
-    const auto instructions = store.ofPlan(plan.id);
-    const auto refusals = store.refusals(plan.id);
+    const auto stored = ClientSession::instance().instructions().daysOf(plan.id);
     Rows rows{ { Kind::Heading, QString(), tr("已下达指令") } };
-    if (!instructions || !refusals)
-        return rows << Row{ Kind::Field, QString(),
-            errorText(instructions ? refusals.status() : instructions.status()) };
+    if (!stored)
+        return rows << Row{ Kind::Field, QString(), errorText(stored.status()) };
     QMap<QDate, QStringList> days;
     const PlanFormatter formatter(plan);
-    for (const InstructionStore::Fields& fields : *instructions) {
+    for (const InstructionStore::Fields& fields : stored->instructions) {
         const QString day = fields.value(FieldId::TradeDate).toString();
         days[QDate::fromString(day, Qt::ISODate)] << JournalTexts::instruction(formatter, fields);
     }
-    for (auto refusal = refusals->cbegin(); refusal != refusals->cend(); ++refusal)
+    for (auto refusal = stored->refusals.cbegin(); refusal != stored->refusals.cend(); ++refusal)
         days[refusal.key()] << tr("未下达：%1").arg(refusal.value());
     const QList<QDate> handled = days.keys();
     const QVector<QDate> missed = MissedDays::of(
