@@ -613,6 +613,17 @@
     </message>
 </context>
 <context>
+    <name>ChangeNotice</name>
+    <message>
+        <source>查看不同之处</source>
+        <translation>Show the differences</translation>
+    </message>
+    <message>
+        <source>您正在修改第%1版，%2已于%3保存了第%4版。</source>
+        <translation>You are editing version %1; %2 saved version %4 at %3.</translation>
+    </message>
+</context>
+<context>
     <name>ClientWidget</name>
     <message>
         <source>交易客户端</source>
@@ -818,14 +829,6 @@
     <message>
         <source>应为%1的整数倍</source>
         <translation>Should be a multiple of %1</translation>
-    </message>
-    <message>
-        <source>查看不同之处</source>
-        <translation>Show the differences</translation>
-    </message>
-    <message>
-        <source>您正在修改第%1版，%2已于%3保存了第%4版。</source>
-        <translation>You are editing version %1; %2 saved version %4 at %3.</translation>
     </message>
     <message>
         <source>以下内容已不能恢复，请核对：
@@ -2099,18 +2102,6 @@
         <translation>Toolbar</translation>
     </message>
     <message>
-        <source>共%1个计划</source>
-        <translation>%1 plans</translation>
-    </message>
-    <message>
-        <source>%1，上方有%2个新计划</source>
-        <translation>%1, %2 new ones above</translation>
-    </message>
-    <message>
-        <source>共%1个以上计划</source>
-        <translation>%1 plans or more</translation>
-    </message>
-    <message>
         <source>刷新失败：%1。列表仍是%2读取的内容，可能已经过时。</source>
         <translation>The refresh has failed: %1. The list was read at %2 and may be out of date.</translation>
     </message>
@@ -2776,6 +2767,21 @@
     <message>
         <source>，其余已取消</source>
         <translation>, the rest was cancelled</translation>
+    </message>
+</context>
+<context>
+    <name>StatusLine</name>
+    <message>
+        <source>共%1个以上计划</source>
+        <translation>%1 plans or more</translation>
+    </message>
+    <message>
+        <source>共%1个计划</source>
+        <translation>%1 plans</translation>
+    </message>
+    <message>
+        <source>%1，上方有%2个新计划</source>
+        <translation>%1, %2 new ones above</translation>
     </message>
 </context>
 <context>

@@ -3,16 +3,14 @@
 #include "AdvisorPanel.h"
 #include "AdvisorSide.h"
 #include "AutoParamSetting.h"
+#include "ChangeNotice.h"
 #include "ClientSession.h"
 #include "ConflictDialog.h"
 #include "FormArrangement.h"
 #include "FormInputs.h"
-#include "HistoryTexts.h"
 #include "MessageFocus.h"
 #include "OrloDoubleSpinBox.h"
-#include "OrloPushButton.h"
 #include "OrloWidget.h"
-#include "PlainText.h"
 #include "PlanCodes.h"
 #include "PlanEvents.h"
 #include "PlanSubmission.h"
@@ -24,7 +22,6 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QScreen>
 #include <QScrollArea>
@@ -58,8 +55,7 @@ QWidget* firstField(QWidget* form)
 // Without a parent, so that the window of the plans can be put in front of it.
 EditorDialog::EditorDialog()
     : QDialog(nullptr, Qt::Window)
-    , m_notice(new QWidget(this))
-    , m_noticeText(PlainText::newLabel(QString(), m_notice))
+    , m_notice(new ChangeNotice(this))
     , m_area(new QScrollArea(this))
     , m_side(new AdvisorSide(this))
     , m_advisor(m_side->panel())
@@ -79,7 +75,7 @@ EditorDialog::EditorDialog()
     halves->addWidget(m_area, 1);
     halves->addWidget(m_side);
     room->addLayout(halves, 1);
-    buildNotice();
+    connect(m_notice, &ChangeNotice::differencesWanted, this, &EditorDialog::showConflict);
     connect(m_side, &AdvisorSide::shown, this, [this](int more) {
         if (isVisible())
             resize(QSize(width() + more, height()).boundedTo(screen()->availableSize()));
@@ -293,7 +289,7 @@ void EditorDialog::fit()
     FormArrangement::lineUpCaptions(*m_editor);
     const QSize wanted =
         EditorSize.expandedTo(QSize(m_editor->minimumSizeHint().width(), m_editor->sizeHint().height()));
-    const QSize room = screen()->availableSize();
+    const QSize room = screen()->availableSize() - (frameGeometry().size() - size());
     // If the form is higher than the screen, the scroll bar is beside it, not over it.
     const int notice = m_notice->isHidden() ? 0 : m_notice->heightForWidth(wanted.width());
     const int bar = wanted.height() > room.height() ? m_area->verticalScrollBar()->sizeHint().width() : 0;
@@ -301,7 +297,11 @@ void EditorDialog::fit()
     m_side->fitInto(room.width() - wanted.width() - bar);
     m_area->setMinimumWidth(qMin(room.width() - AdvisorSide::ToggleWidth, wanted.width() + bar));
     const int beside = bar + m_side->wantedWidth();
-    resize((wanted + QSize(beside, notice)).boundedTo(room).expandedTo(isVisible() ? size() : QSize()));
+    const QSize former = isVisible() ? size() : QSize();
+    const QSize enough = (wanted + QSize(beside, notice)).boundedTo(room).expandedTo(former);
+    if (enough == former)
+        return;
+    resize(enough);
     keepOnScreen(this);
 }
 
@@ -361,24 +361,7 @@ void EditorDialog::unpin()
 {
     ClientSession::instance().versions().unpin(m_pinnedPlan, m_pinnedVersion);
     m_pinnedPlan.clear();
-    hideNotice();
-}
-
-void EditorDialog::buildNotice()
-{
-    auto* const show = new OrloPushButton(m_notice);
-    show->setObjectName(QStringLiteral("btnShowChange"));
-    show->setStyleType(QStringLiteral("text"));
-    show->setText(tr("查看不同之处"));
-    show->setAutoDefault(false);
-    connect(show, &QPushButton::clicked, this, [this] { showConflict(*m_change); });
-    m_notice->setObjectName(QStringLiteral("changeNotice"));
-    m_noticeText->setProperty("faulty", true);
-    m_noticeText->setWordWrap(true);
-    auto* const row = new QHBoxLayout(m_notice);
-    row->addWidget(m_noticeText, 1);
-    row->addWidget(show);
-    m_notice->hide();
+    m_notice->clear();
 }
 
 void EditorDialog::closeStored()
@@ -395,24 +378,10 @@ void EditorDialog::lookForChange()
     if (m_pinnedPlan.isEmpty() || m_pinnedVersion == 0 || !m_storedPlan.isEmpty())
         return;
     const auto change = PlanSubmission::changeSince(m_pinnedPlan, m_pinnedVersion);
-    if (change && *change && !(m_change && m_change->stored.version == (*change)->stored.version))
-        showNotice(**change);
-}
-
-void EditorDialog::showNotice(const PlanConflict& change)
-{
-    m_change = change;
-    m_noticeText->setText(tr("您正在修改第%1版，%2已于%3保存了第%4版。")
-                              .arg(QString::number(m_pinnedVersion), change.user, HistoryTexts::timeText(change.time),
-                                  QString::number(change.stored.version)));
-    m_notice->show();
+    if (!change || !*change || m_notice->isAbout((*change)->stored.version))
+        return;
+    m_notice->showChange(**change, m_pinnedVersion);
     fit();
-}
-
-void EditorDialog::hideNotice()
-{
-    m_change.reset();
-    m_notice->hide();
 }
 
 // The editor shows the service's refusal in a box first.

@@ -8,12 +8,10 @@
 #include <QStringList>
 #include <QTimer>
 
-#include <optional>
-
 class AdvisorPanel;
 class AdvisorSide;
 class AutoParamSetting;
-class QLabel;
+class ChangeNotice;
 class QScrollArea;
 
 /// A window around the plan editor, with the advisor beside it. It reuses the editor if it can be reset: after a plan
@@ -80,15 +78,11 @@ private:
     Status checkSent();
     void pin(const QString& planId, int version);
     void unpin();
-    void buildNotice();
-    void showNotice(const PlanConflict& change);
-    void hideNotice();
     void noteConflict(const PlanConflict& conflict);
     void showConflict(const PlanConflict& conflict);
     QStringList contents() const;
 
-    QWidget* m_notice; ///< shown if someone else has changed the edited plan
-    QLabel* m_noticeText;
+    ChangeNotice* m_notice;
     QScrollArea* m_area;
     AdvisorSide* m_side;
     AdvisorPanel* m_advisor;
@@ -97,10 +91,9 @@ private:
     QString m_skin;
     QString m_pinnedPlan; ///< the edited plan; empty if none
     int m_pinnedVersion = 0;
-    std::optional<PlanConflict> m_change; ///< the one that the notice is about
-    QStringList m_sentWith;               ///< contents of the form when it was sent without an answer
-    QStringList m_openedWith;             ///< contents of the form when it was opened
-    QTimer m_changes;                     ///< merges changes before they are announced
+    QStringList m_sentWith;   ///< contents of the form when it was sent without an answer
+    QStringList m_openedWith; ///< contents of the form when it was opened
+    QTimer m_changes;         ///< merges changes before they are announced
     QString m_draftId;
     QString m_storedPlan;       ///< since the form was opened
     bool m_isSending = false;   ///< the plan service is storing the form

@@ -11,7 +11,6 @@
 #include "HistoryTexts.h"
 #include "IssueSheet.h"
 #include "Kelvo_Fields.h"
-#include "OrloElidedLabel.h"
 #include "OrloWidget.h"
 #include "PlainText.h"
 #include "PlanDetails.h"
@@ -20,6 +19,7 @@
 #include "PlanPane.h"
 #include "PlanTable.h"
 #include "StateActions.h"
+#include "StatusLine.h"
 #include "StrategySheet.h"
 #include "WindowPlace.h"
 
@@ -46,7 +46,6 @@ constexpr QSize UsualSize(1366, 768);
 constexpr int DetailsWidth = 300;
 constexpr int LineMargin = 8;
 constexpr std::chrono::milliseconds UntilPainted(1);
-constexpr std::chrono::seconds DoneShown(10);
 
 const QString Halves = QStringLiteral("windows/halves");
 
@@ -82,7 +81,7 @@ MainWindow::MainWindow(QWidget* parent)
     , m_details(new PlanDetails(this))
     , m_halves(new QSplitter(this))
     , m_forms(new EditorForms(this))
-    , m_status(new OrloElidedLabel(this))
+    , m_status(new StatusLine(*m_table, this))
     , m_changes([this] { refreshForOthers(); }, [this] { return mayRefresh(); })
 {
     const StoredUser& user = ClientSession::instance().user();
@@ -106,8 +105,8 @@ MainWindow::MainWindow(QWidget* parent)
     connect(&PlanEvents::instance(), &PlanEvents::connectionRestored, this, &MainWindow::endLoss);
     connect(&PlanEvents::instance(), &PlanEvents::outcomeKnown, this, &MainWindow::showOutcome);
     connect(m_table, &PlanTable::currentPlanChanged, this, &MainWindow::showCurrent);
-    connect(m_pane, &PlanPane::listChanged, this, &MainWindow::listChanged);
-    connect(m_table, &PlanTable::counted, this, [this] { m_status->setText(statusText()); });
+    connect(m_pane, &PlanPane::listChanged, this, &MainWindow::showState);
+    connect(m_table, &PlanTable::counted, this, [this] { m_status->showCount(); });
     connect(m_table, &QTableView::doubleClicked, this, &MainWindow::openEdit);
     connect(qApp, &QGuiApplication::focusWindowChanged, this, &MainWindow::keepKeyboard, Qt::QueuedConnection);
     // Before the plans are read, so that no change is missed.
@@ -237,12 +236,6 @@ QList<QAction*> MainWindow::stateActions()
 void MainWindow::buildStatus()
 {
     // A message of the status bar itself would vanish as soon as a menu shows its own.
-    m_status->setObjectName(QStringLiteral("status"));
-    m_untilCount.setSingleShot(true);
-    connect(&m_untilCount, &QTimer::timeout, this, [this] {
-        m_done.clear();
-        m_status->setText(countText());
-    });
     statusBar()->addWidget(m_status, 1);
     if (const Status status = checkCalendarEnd(clientToday()); !status) {
         QLabel* const calendar = PlainText::newLabel(errorText(status), this);
@@ -265,9 +258,13 @@ void MainWindow::formClosed(const QString& storedPlan)
     m_table->setFocus();
 }
 
-void MainWindow::listChanged(const Status& read)
+/// Whether the list could be read.
+void MainWindow::showState(const Status& read)
 {
-    m_status->setText(read ? statusText() : errorText(read));
+    if (read)
+        m_status->showCount();
+    else
+        m_status->setText(errorText(read));
 }
 
 void MainWindow::refresh()
@@ -304,22 +301,9 @@ Status MainWindow::readTable()
     else
         m_outdated->setText(tr("刷新失败：%1。列表仍是%2读取的内容，可能已经过时。")
                                 .arg(errorText(status), HistoryTexts::timeText(m_read)));
-    m_status->setText(status ? statusText() : errorText(status));
+    showState(status);
     m_outdated->setVisible(!status);
     return status;
-}
-
-QString MainWindow::statusText() const
-{
-    return m_done.isEmpty() ? countText() : m_done;
-}
-
-QString MainWindow::countText() const
-{
-    const int plans = m_table->planCount();
-    const QString count = m_table->isCounting() ? tr("共%1个以上计划").arg(plans) : tr("共%1个计划").arg(plans);
-    const int above = m_table->newAbove();
-    return above == 0 ? count : tr("%1，上方有%2个新计划").arg(count, QString::number(above));
 }
 
 // Services report while the editor waits for their answer, so the box comes after it, and one for all of them.
@@ -355,7 +339,7 @@ void MainWindow::endLoss()
     refresh();
     m_forms->lookForChange();
     if (!m_outdated->isVisible())
-        m_status->setText(tr("连接已恢复，%1").arg(countText()));
+        m_status->setText(tr("连接已恢复，%1").arg(m_status->countText()));
 }
 
 void MainWindow::showOutcome(UnknownRequest request, bool isStored, const QString& planId)
@@ -429,8 +413,7 @@ void MainWindow::goToPlan(const QString& planId)
 
 void MainWindow::statesChanged(const QString& text)
 {
-    m_done = text;
-    m_untilCount.start(DoneShown);
+    m_status->showDone(text);
     refresh();
 }
 

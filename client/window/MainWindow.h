@@ -6,7 +6,6 @@
 
 #include <QDateTime>
 #include <QMainWindow>
-#include <QTimer>
 
 class EditorDialog;
 class EditorForms;
@@ -14,6 +13,7 @@ class IssueSheet;
 class PlanDetails;
 class PlanPane;
 class PlanTable;
+class StatusLine;
 class StrategySheet;
 class QAction;
 class QLabel;
@@ -48,13 +48,11 @@ private:
     void buildStatus();
     QAction* addAction(const QString& name, const QString& text, const QList<QKeySequence>& keys);
     void formClosed(const QString& storedPlan);
-    void listChanged(const Status& read);
+    void showState(const Status& read);
     void refresh();
     Status readTable();
     void refreshForOthers();
     bool mayRefresh() const;
-    QString statusText() const;
-    QString countText() const;
     void showFailure(const Status& failure);
     void showLoss(const Status& reason);
     void endLoss();
@@ -77,9 +75,7 @@ private:
     PlanDetails* m_details;
     QSplitter* m_halves;
     EditorForms* m_forms;
-    QString m_done; ///< what the last change of states has done, shown instead of the number for a while
-    QTimer m_untilCount;
-    QLabel* m_status;                      ///< the number of plans, or what is wrong
+    StatusLine* m_status;
     IssueSheet* m_issues = nullptr;        ///< null until it is opened
     StrategySheet* m_strategies = nullptr; ///< null until it is opened
     QAction* m_edit = nullptr;

@@ -1,0 +1,43 @@
+#include "StatusLine.h"
+
+#include "PlanTable.h"
+
+#include <chrono>
+
+namespace {
+
+constexpr std::chrono::seconds DoneShown(10);
+
+} // namespace
+
+StatusLine::StatusLine(const PlanTable& table, QWidget* parent)
+    : OrloElidedLabel(parent)
+    , m_table(table)
+{
+    setObjectName(QStringLiteral("status"));
+    m_untilCount.setSingleShot(true);
+    connect(&m_untilCount, &QTimer::timeout, this, [this] {
+        m_done.clear();
+        showCount();
+    });
+}
+
+void StatusLine::showCount()
+{
+    setText(m_done.isEmpty() ? countText() : m_done);
+}
+
+void StatusLine::showDone(const QString& text)
+{
+    m_done = text;
+    m_untilCount.start(DoneShown);
+    showCount();
+}
+
+QString StatusLine::countText() const
+{
+    const int plans = m_table.planCount();
+    const QString count = m_table.isCounting() ? tr("共%1个以上计划").arg(plans) : tr("共%1个计划").arg(plans);
+    const int above = m_table.newAbove();
+    return above == 0 ? count : tr("%1，上方有%2个新计划").arg(count, QString::number(above));
+}
