@@ -433,6 +433,7 @@ private:
         // Of what the form and the window read, and of the driver.
         log().allowWarning(QStringLiteral("PlanEvents::report"));
         log().allowWarning(QStringLiteral("server closed the connection unexpectedly"));
+        log().allowWarning(QStringLiteral("no connection to the server"));
         if (isStalled) {
             m_proxy->stall();
             return;
