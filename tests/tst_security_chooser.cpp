@@ -207,6 +207,8 @@ private Q_SLOTS:
         driver.choose("combx_fundAccount", FreeAccount);
         driver.choose("combx_instructionType", InstructionType::Ordinary);
         QVERIFY(QTest::qWaitFor([this] { return dialog().advisor()->isSettled(); }));
+        // The window also notices it, once a second.
+        log().allowWarning(QStringLiteral("PlanEvents::report"));
         QVERIFY(QFile::rename(session().file(), session().file() + QStringLiteral(".gone")));
         QVERIFY(press(&box(), Qt::Key_F4));
         QVERIFY(QTest::qWaitFor([this] { return note().startsWith(QStringLiteral("持仓读取失败：")); }));
