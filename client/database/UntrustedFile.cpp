@@ -4,7 +4,9 @@
 #include "SqliteStatus.h"
 
 #include <QFileInfo>
+#include <QHash>
 #include <QMap>
+#include <QMutex>
 #include <QPair>
 #include <QSemaphore>
 #include <QThread>
@@ -78,7 +80,7 @@ Status makeVersion(sqlite3* connection, int version)
     return {};
 }
 
-Status objectsOfVersion(int version, QMap<Object, QString>& objects)
+Status makeObjects(int version, QMap<Object, QString>& objects)
 {
     sqlite3* opened = nullptr;
     const int code = sqlite3_open_v2(":memory:", &opened, SQLITE_OPEN_READWRITE, nullptr);
@@ -91,6 +93,22 @@ Status objectsOfVersion(int version, QMap<Object, QString>& objects)
         objects.insert(object, statement);
         return Status();
     });
+}
+
+// A program opens several connections; the objects are made once.
+Status objectsOfVersion(int version, QMap<Object, QString>& objects)
+{
+    static QMutex mutex;
+    static QHash<int, QMap<Object, QString>> known;
+    const QMutexLocker lock(&mutex);
+    if (!known.contains(version)) {
+        QMap<Object, QString> made;
+        if (Status status = makeObjects(version, made); !status)
+            return status;
+        known.insert(version, made);
+    }
+    objects = known.value(version);
+    return {};
 }
 
 QString kindName(const QString& kind)

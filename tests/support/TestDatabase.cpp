@@ -97,7 +97,7 @@ QString copyStrategy()
     return mayBeKilled ? QStringLiteral("file_copy") : QStringLiteral("wal_log");
 }
 
-/// The filled databases of this program, which the tests' databases are copies of.
+/// The filled databases of this program on the server, which the tests' databases are copies of.
 class Templates {
 public:
     ~Templates()
@@ -122,7 +122,7 @@ private:
         superuser.run(QStringLiteral("CREATE DATABASE ") + name);
         Database database;
         Status status = database.setUp(locationOf(Owner, name, TestDatabase::serverPort()));
-        if (status)
+        if (status && fill)
             status = fill(database);
         const auto users = UserStore(database).users();
         if (!status || !users)
@@ -140,6 +140,27 @@ Templates& templates()
     static Templates all;
     return all;
 }
+
+/// The same for files.
+class FileTemplates {
+public:
+    QString filled(const QString& contents, const TestDatabase::Fill& fill)
+    {
+        const QString file = m_folder.filePath(contents);
+        if (QFile::exists(file))
+            return file;
+        Database database;
+        Status status = database.open(file);
+        if (status)
+            status = fill(database);
+        if (!status)
+            qFatal("No file of sample data: %s", qPrintable(errorText(status)));
+        return file;
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
 
 } // namespace
 
@@ -179,8 +200,12 @@ void TestDatabase::dropLeftovers()
 
 TestDatabase::TestDatabase(const QString& name, const Fill& fill)
 {
-    if (!isOnServer())
+    if (!isOnServer()) {
+        static FileTemplates files;
+        if (fill)
+            QFile::copy(files.filled(name, fill), location({}));
         return;
+    }
     m_port = serverPort();
     m_name = newName();
     Superuser().run(QStringLiteral("CREATE DATABASE %1 TEMPLATE %2 STRATEGY %3")
@@ -188,7 +213,7 @@ TestDatabase::TestDatabase(const QString& name, const Fill& fill)
 }
 
 TestDatabase::TestDatabase()
-    : TestDatabase(QStringLiteral("empty"), [](Database&) { return Status(); })
+    : TestDatabase(QStringLiteral("empty"), Fill())
 {
 }
 

@@ -28,10 +28,10 @@ public:
     /// Drops the databases of programs that have crashed.
     static void dropLeftovers();
 
-    /// The same `name` means the same contents. On the server they are written once and then copied, and the stored
-    /// users get roles. A file is filled only there: a client fills its new file itself.
+    /// The same `name` means the same contents, which are written once and then copied. On the server, the stored users
+    /// get roles.
     TestDatabase(const QString& name, const Fill& fill);
-    /// A database without contents.
+    /// A database without contents, or a file that does not exist.
     TestDatabase();
     ~TestDatabase();
     TestDatabase(const TestDatabase&) = delete;
