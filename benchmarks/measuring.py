@@ -227,6 +227,12 @@ def _import(programs, ratios, memory):
     memory.append(many / few)
 
 
+def _sheet(programs, ratios):
+    seconds, bare = importing.measure_sheet(ROOT, os.path.join(programs.bin, "plandesk"), programs.environment,
+                                            programs.copy_of, programs.database(securities=10_000, plans=1))
+    ratios.append(seconds / bare)
+
+
 def _start_and_end(programs, least, plans):
     copy = programs.copy_of(programs.database(plans=plans))
     programs.start_and_end(copy)
@@ -246,7 +252,7 @@ def _server(programs, server):
 def measure(programs, rounds, log):
     """Measures everything in the given number of rounds. Returns the figures by name and the growth for the diagrams."""
     least, ratios, syncs, reads, editors = Least(), [], [], [], []
-    issue, again, advisor, imports, memory = [], [], [], [], []
+    issue, again, advisor, imports, memory, sheets = [], [], [], [], [], []
     server = {name: [] for name in
               ("server_confirm_ratio", "server_notice_ratio", "server_page_ratio", "server_clients_ratio")}
     for number in range(rounds):
@@ -279,6 +285,8 @@ def measure(programs, rounds, log):
         _issue(programs, least, issue, again)
         log(f"  {importing.SECURITIES:,} securities with {importing.DAYS} closes imported")
         _import(programs, imports, memory)
+        log(f"  a sheet of {importing.SHEET_ROWS:,} plans")
+        _sheet(programs, sheets)
         for plans in STARTED_PLANS:
             log(f"  start with {plans:,} plans")
             _start_and_end(programs, least, plans)
@@ -294,6 +302,7 @@ def measure(programs, rounds, log):
     figures["issue_ratio"] = median(issue)
     figures["import_ratio"] = median(imports)
     figures["import_memory"] = median(memory)
+    figures["sheet_ratio"] = median(sheets)
     figures["advisor_ms"] = least[("advisor",)]
     figures["advisor_ratio"] = median(advisor)
     figures["issue_again_ratio"] = median(again)

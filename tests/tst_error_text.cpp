@@ -113,6 +113,13 @@ void addCalendarRows()
     addRow("休市表第1行不是表头“market,date”", { Error::NoClosureHeadings, { QStringLiteral("market,date") } });
     addRow("休市表第2行应有4列，实有3列",
         { Error::BadClosureLine, { QStringLiteral("2") }, { Error::ClosureColumns, { QStringLiteral("3") } } });
+    addRow(
+        "交易规则表第1行不是表头“exchange,board”", { Error::NoRulebookHeadings, { QStringLiteral("exchange,board") } });
+    addRow("交易规则表第2行应有8列，实有3列",
+        { Error::BadRulebookLine, { QStringLiteral("2") }, { Error::RulebookColumns, { QStringLiteral("3") } } });
+    addRow("交易规则表第3行从2020-08-25起，应紧接上一期，从2020-08-24起",
+        { Error::BadRulebookLine, { QStringLiteral("3") },
+            { Error::RulebookGap, { QStringLiteral("2020-08-25"), QStringLiteral("2020-08-24") } } });
     addRow("日期“2026-02-30”无效", { Error::NotADate, { QStringLiteral("2026-02-30") } });
     addRow("没有市场“XNYS”的交易日历", { Error::NoCalendar, { QStringLiteral("XNYS") } });
     addRow("交易日历只到2027-12-31为止，无法确定2028-03-01之后的交易日",

@@ -3,18 +3,22 @@
 #include "AutoPlanField.h"
 #include "ClientClock.h"
 #include "ClientSession.h"
+#include "ClosureFiles.h"
 #include "ExportRun.h"
 #include "HistoryStore.h"
 #include "ImportRun.h"
 #include "InstructionIssuer.h"
+#include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
 #include "LoggedTest.h"
+#include "PlanTexts.h"
 #include "PositionStore.h"
 #include "Psql.h"
 #include "SampleSession.h"
 #include "SecurityStore.h"
 #include "TestDatabase.h"
 #include "TestStatus.h"
+#include "TradeCalendar.h"
 
 #include <QBuffer>
 #include <QSqlRecord>
@@ -128,7 +132,7 @@ private Q_SLOTS:
         QVERIFY(first.isStored);
         const ImportReport second = imported(kind, m_files->sample(kind));
         QCOMPARE(counts(second), Counts({ 0, 0, rows, 0 }));
-        QCOMPARE(second.changes, QStringList());
+        QCOMPARE(second.changes(), QStringList());
     }
 
     void whatWasImportedIsStored()
@@ -253,7 +257,7 @@ private Q_SLOTS:
         const QByteArray lines = "symbol,date,close\n" + QByteArray("X,2024-05-06,1\n").repeated(1000);
         QCOMPARE(run(text("closes"), m_files->add(text("file"), lines), report),
             Status(Error::FileNotImported, { text("1000") }));
-        QCOMPARE(report.faults.size(), ImportReport::MostFaults);
+        QCOMPARE(report.faults.size(), report.mostFaults);
         QVERIFY(ImportTexts::report(report, false).contains(text("另有900处错误")));
     }
 
@@ -392,6 +396,102 @@ private Q_SLOTS:
         QCOMPARE(session.plans().plan(plan.id)->version, 2);
     }
 
+    void aTemplateGivesWhatTheRowsDoNotHave()
+    {
+        importUntil(QString());
+        logIn();
+        imported(text("plans"), m_files->sample(text("plans")));
+        ImportTask task = taskOf(text("plans"),
+            m_files->add(text("file"),
+                "代码,数量,金额,价格,开始\n688001.SH,2000,,,2027-12-21\n600000,,100万,10.01,\n600000.SH,0.5,,,\nX,1,,,"
+                "\n"));
+        task.templatePlan = text("AP00000001");
+        ImportReport report;
+        QCOMPARE(ImportRun::run(task, report), Status(Error::FileNotImported, { text("2") }));
+        QCOMPARE(reasons(report),
+            QStringList(
+                { text("file第4行第2列（数量）：只能输入整数"), text("file第5行第1列（代码）：证券“X”不存在") }));
+        PlanStore plans = ClientSession::instance().plans();
+        QCOMPARE(*plans.count(), 2);
+        task.leavesOut = true;
+        QCOMPARE(ImportRun::run(task, report), Status());
+        QCOMPARE(counts(report), Counts({ 2, 0, 0, 0 }));
+        QCOMPARE(report.faultCount, qint64(2));
+        QVERIFY(report.isStored);
+        QCOMPARE(*plans.count(), 4);
+        QCOMPARE(fieldsOf(plans, "AP00000003"),
+            QStringList({ text("688001.SH"), text("2000"), text(""), text("昨收价*1.01"), text("2027-12-21"),
+                text("2027-12-31") }));
+        QCOMPARE(fieldsOf(plans, "AP00000004"),
+            QStringList({ text("600000.SH"), text("1000000"), text("1000000.00"), text("10.01"), text("2027-12-20"),
+                text("2027-12-31") }));
+        // Sent again, no row is there twice, also after a change of the template.
+        QCOMPARE(ImportRun::run(task, report), Status());
+        QCOMPARE(counts(report), Counts({ 0, 0, 2, 0 }));
+        QCOMPARE(*plans.count(), 4);
+        task.templatePlan = text("AP00000099");
+        QCOMPARE(ImportRun::run(task, report), Status(Error::UnknownPlan, { text("AP00000099") }));
+    }
+
+    void aFileThatCannotBeReadIsNotImportedInPart()
+    {
+        importUntil(QString());
+        logIn();
+        imported(text("plans"), m_files->sample(text("plans")));
+        ImportTask task =
+            taskOf(text("plans"), m_files->add(text("file"), "代码,数量\n688001.SH,2000\n600000.SH,\"1\n"));
+        task.templatePlan = text("AP00000001");
+        task.leavesOut = true;
+        ImportReport report;
+        QCOMPARE(ImportRun::run(task, report), Status(Error::FileNotImported, { text("1") }));
+        QVERIFY(!report.isStored);
+        QCOMPARE(*ClientSession::instance().plans().count(), 2);
+    }
+
+    void anImportIsCancelledBetweenRows()
+    {
+        importUntil(text("closes"));
+        ImportTask task = taskOf(text("closes"),
+            m_files->add(text("file"), "symbol,date,close\n" + QByteArray("X,2024-05-06,1\n").repeated(1000)));
+        int calls = 0;
+        task.progress = [&calls](int) { return ++calls < 3; };
+        ImportReport report;
+        QCOMPARE(ImportRun::run(task, report), Status(Error::Cancelled));
+        QCOMPARE(report.rows, qint64(192));
+        QVERIFY(!report.isStored);
+    }
+
+    void closuresAreImportedAndExported()
+    {
+        const QString before = ClosureFiles::calendar().lastKnownDay().toString(Qt::ISODate);
+        const ImportReport first = imported(text("closures"), m_files->sample(text("closures")));
+        QCOMPARE(counts(first), Counts({ 0, 2, 0, 0 }));
+        ClosureFiles::reload();
+        QCOMPARE(ClosureFiles::calendar().lastKnownDay(), QDate(2028, 12, 31));
+        const QVector<QStringList> rows = ClosureFiles::calendar().rows();
+        QCOMPARE(
+            rows.constLast(), QStringList({ text("mainland"), text("2028-01-03"), text("元旦"), text("provisional") }));
+        QCOMPARE(counts(imported(text("closures"), m_files->sample(text("closures")))), Counts({ 0, 0, 2, 0 }));
+        for (const TableFormat format : { TableFormat::Csv, TableFormat::Json, TableFormat::Workbook }) {
+            const QByteArray bytes = exported(text("closures"), format);
+            const ImportReport again = imported(text("closures"), m_files->add(text("f"), bytes));
+            QCOMPARE(counts(again), Counts({ 0, 0, rows.size(), 0 }));
+        }
+        // Further tests have the usual calendar.
+        QVERIFY(QFile::remove(ClosureFiles::present().constLast()));
+        ClosureFiles::reload();
+        QCOMPARE(ClosureFiles::calendar().lastKnownDay().toString(Qt::ISODate), before);
+    }
+
+    void theJournalIsExported()
+    {
+        importUntil(QString());
+        logIn();
+        imported(text("plans"), m_files->sample(text("plans")));
+        const QStringList lines = QString::fromUtf8(exported(text("journal"), TableFormat::Csv)).split(text("\r\n"));
+        QCOMPARE(lines.value(0), text("\uFEFF日期,时间,计划编号,账户,证券代码,交易方向,事项,内容,用户"));
+    }
+
     void anExportedPlanIsChangedInItsVersionOnly()
     {
         importUntil(QString());
@@ -521,11 +621,28 @@ private:
         const bool isPlan = kind == text("plans");
         if (!isPlan && !owned.open(m_database->ownersLocation()))
             return {};
-        const Status status =
-            ExportRun::run(isPlan ? session.database() : owned, session.market(), session.user(), kind, format, buffer);
+        const Status status = ExportRun::run({ isPlan ? session.database() : owned, session.market(), session.user(),
+                                                 kind, format, SampleSession::today() },
+            buffer);
         if (!status)
             qWarning().noquote() << errorText(status);
         return buffer.data();
+    }
+
+    /// The fields of a plan that a sheet sets.
+    static QStringList fieldsOf(PlanStore& plans, const char* plan)
+    {
+        namespace Base = AutoPlanField::BaseField;
+        const PlanStore::Record record = plans.record(text(plan)).valueOr({});
+        QStringList all{ record.value(Kelvo_Fields::Security::symbol).toString(),
+            record.value(Base::totalQty).toString(),
+            PlanTexts::otherParam(record.value(Base::planOtherParam).toString())
+                .value_or(QMap<QString, QVariant>())
+                .value(Base::tradeAmount)
+                .toString() };
+        for (const QString& key : { Base::priceFormula1, Base::beginDate, Base::endDate })
+            all << record.value(key).toString();
+        return all;
     }
 
     /// All rows of the tables into which files are imported.

@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -118,7 +119,135 @@ private Q_SLOTS:
         QCOMPARE(import.code, 1);
         QVERIFY(import.errors.contains(QStringLiteral("没有类别“stocks”")));
         QCOMPARE(plandesk({ QStringLiteral("import"), QStringLiteral("securities") }).code, 2);
-        QCOMPARE(plandesk({ QStringLiteral("export"), QStringLiteral("closures") }).code, 1);
+        QCOMPARE(plandesk({ QStringLiteral("export"), QStringLiteral("stocks") }).code, 1);
+    }
+
+    void hostileFilesEndWithAMessage_data()
+    {
+        QTest::addColumn<QByteArray>("start");
+        QTest::addColumn<QByteArray>("part"); // repeated until the file has its size
+        QTest::addColumn<qint64>("size");
+        QTest::addColumn<QString>("message");
+        constexpr qint64 Full = 100000000;
+        QTest::newRow("a gigabyte of nothing")
+            << QByteArray("symbol,date,close\n") << QByteArray() << (qint64(1) << 30) << QStringLiteral("第2行");
+        QTest::newRow("one line") << QByteArray("symbol,date,close\n") << QByteArray("x") << Full
+                                  << QStringLiteral("超过1048576字节");
+        QTest::newRow("quotes") << QByteArray("symbol,date,close\n\"") << QByteArray("\"\"") << Full
+                                << QStringLiteral("超过1048576字节");
+        QTest::newRow("nesting") << QByteArray() << QByteArray("[") << qint64(60000000)
+                                 << QStringLiteral("JSON应为对象的数组");
+        QTest::newRow("cells") << QByteArray("symbol,date,close\n") << QByteArray(",") << Full
+                               << QStringLiteral("超过1000列");
+        QTest::newRow("another encoding half way")
+            << QByteArray("证券代码,日期,收盘价\n") + QByteArray(",,\n").repeated(1000000) + "\xD6\xD0,,\n"
+            << QByteArray(",,\n") << Full << QStringLiteral("第1000002行：编码错误：内容不是UTF-8");
+    }
+
+    void hostileFilesEndWithAMessage()
+    {
+        QFETCH(QByteArray, start);
+        QFETCH(QByteArray, part);
+        QFETCH(qint64, size);
+        QFETCH(QString, message);
+        const QString path = write(QStringLiteral("hostile"), start);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::Append));
+        if (part.isEmpty())
+            QVERIFY(file.resize(size)); // a file with a hole takes no room
+        for (qint64 written = 0; !part.isEmpty() && written < size;) {
+            const QByteArray many = part.repeated(static_cast<int>(1000000 / part.size() + 1));
+            QCOMPARE(file.write(many), qint64(many.size()));
+            written += many.size();
+        }
+        file.close();
+        const ProgramEnd end =
+            shell(QStringLiteral("ulimit -v 2000000; plandesk import closes hostile --database my.sqlite --empty"));
+        QCOMPARE(end.code, 1);
+        QVERIFY2(end.output.contains(message), qPrintable(end.output.left(500) + end.errors.left(500)));
+    }
+
+    void aTemplateIsOnlyForPlans()
+    {
+        const QStringList start{ QStringLiteral("import"), QStringLiteral("plans"), sample("plans") };
+        const ProgramEnd leavesOut = plandesk(start + QStringList{ QStringLiteral("--leave-out") });
+        QCOMPARE(leavesOut.code, 1);
+        QVERIFY(leavesOut.errors.contains(QStringLiteral("选项--leave-out只用于import plans --template")));
+        const ProgramEnd other = plandesk({ QStringLiteral("import"), QStringLiteral("closes"), sample("closes"),
+            QStringLiteral("--template"), QStringLiteral("AP00000001") });
+        QCOMPARE(other.code, 1);
+        QVERIFY(other.errors.contains(QStringLiteral("选项--template只用于import plans")));
+    }
+
+    void aSheetThatWasInterruptedIsSentAgainWithoutTwins()
+    {
+        const QStringList rest{ QStringLiteral("--database"), QStringLiteral("my.sqlite") };
+        for (const char* const kind : { "securities", "closes", "accounts", "users", "positions" })
+            QCOMPARE(plandesk(QStringList{ QStringLiteral("import"), QLatin1String(kind), sample(kind),
+                                  QStringLiteral("--empty") }
+                         + rest)
+                         .code,
+                0);
+        const QStringList user = rest + QStringList{ QStringLiteral("--user"), QStringLiteral("wang") };
+        const QStringList import{ QStringLiteral("import"), QStringLiteral("plans") };
+        QCOMPARE(plandesk(import + QStringList{ sample("plans") } + user).code, 0);
+        constexpr int Rows = 2000;
+        QByteArray sheet = "代码,数量\n";
+        for (int i = 1; i <= Rows; ++i)
+            sheet += "600000.SH," + QByteArray::number(100 * i) + '\n';
+        const QStringList command = import
+            + QStringList{ write(QStringLiteral("sheet.csv"), sheet), QStringLiteral("--template"),
+                  QStringLiteral("AP00000001") }
+            + user;
+        QProcess killed;
+        killed.setWorkingDirectory(m_folder->path());
+        killed.start(QStringLiteral(PLANDESK_PROGRAM), command);
+        QVERIFY(killed.waitForStarted());
+        // The transaction has begun to write, or has just ended.
+        QTRY_VERIFY_WITH_TIMEOUT(killed.state() == QProcess::NotRunning
+                || QFileInfo(m_folder->filePath(QStringLiteral("my.sqlite-wal"))).size() > 100000,
+            100000);
+        killed.kill();
+        QVERIFY(killed.waitForFinished());
+        QCOMPARE(plandesk(command).code, 0);
+        const ProgramEnd again = plandesk(command);
+        QCOMPARE(again.output, QStringLiteral("sheet.csv：新增0，修改0，不变%1\n").arg(Rows));
+        QCOMPARE(plandesk(QStringList{ QStringLiteral("export"), QStringLiteral("plans") } + user)
+                     .output.count(QLatin1Char('\n')),
+            Rows + 3);
+    }
+
+    void theJournalOfADayIsExported()
+    {
+        const QStringList rest{ QStringLiteral("--database"), QStringLiteral("my.sqlite"), QStringLiteral("--user"),
+            QStringLiteral("wang") };
+        for (const char* const kind : { "securities", "closes", "accounts", "users", "positions", "plans" }) {
+            const QStringList import{ QStringLiteral("import"), QLatin1String(kind), sample(kind),
+                QStringLiteral("--empty") };
+            QCOMPARE(plandesk(import + rest).code, 0);
+        }
+        QCOMPARE(plandesk(QStringList{ QStringLiteral("--issue-day"), QStringLiteral("2027-12-20"),
+                              QStringLiteral("--simulate") }
+                     + rest)
+                     .code,
+            0);
+        const QStringList command = QStringList{ QStringLiteral("export"), QStringLiteral("journal") } + rest;
+        const QStringList lines =
+            plandesk(command + QStringList{ QStringLiteral("--day"), QStringLiteral("2027-12-20") })
+                .output.split(QStringLiteral("\r\n"));
+        QCOMPARE(lines.value(0), QStringLiteral("日期,时间,计划编号,账户,证券代码,交易方向,事项,内容,用户"));
+        QCOMPARE(lines.size(), 4);
+        QVERIFY2(lines.at(1).startsWith(QStringLiteral("2027-12-20,")), qPrintable(lines.at(1)));
+        QVERIFY2(lines.at(1).contains(QStringLiteral(",AP00000001,8001,600000.SH,买入,下达,\"AP00000001-000001 下达 ")),
+            qPrintable(lines.at(1)));
+        QCOMPARE(plandesk(command + QStringList{ QStringLiteral("--day"), QStringLiteral("2027-12-21") })
+                     .output.count(QLatin1Char('\n')),
+            1);
+        QCOMPARE(plandesk(QStringList{ QStringLiteral("export"), QStringLiteral("plans"), QStringLiteral("--day"),
+                              QStringLiteral("2027-12-21") }
+                     + rest)
+                     .code,
+            1);
     }
 
 private:

@@ -110,11 +110,11 @@ void edit(Situation& s)
     s.facts.filled.quantity = 300;
 }
 
-AdvisedPlan advised(const Situation& situation)
+AdvisedPlan advised(const Situation& situation, const QDate& today = Monday)
 {
     static std::optional<AdvisedPlan::World> world;
     const ClientSession& session = ClientSession::instance();
-    world.emplace(AdvisedPlan::World{ session.market(), session.calendar(), Monday, session.user() });
+    world.emplace(AdvisedPlan::World{ session.market(), session.calendar(), today, session.user() });
     std::optional<Result<AdvisorFacts>> read;
     if (!situation.failure)
         read = Result<AdvisorFacts>(situation.failure);
@@ -281,6 +281,13 @@ private Q_SLOTS:
         row("a price on a tick", "最小价位", passed, nothing);
         row("a price between two ticks", "最小价位", doubtful,
             [](Situation& s) { s.form.price1 = QStringLiteral("昨收价+0.0012"); });
+        row("a purchase of a lot", "最小买入数量", passed, nothing);
+        row("a purchase below the least quantity", "最小买入数量", doubtful, [](Situation& s) {
+            s.form.symbol = symbolOf(Orlo_Values::MdcSubSecurityType::ScienTechInnovateBoard);
+            s.form.perDay = QStringLiteral("199");
+        });
+        row("a sale may be smaller", "最小买入数量", none, sell);
+        row("the same rules every day", "规则变更", passed, nothing);
         row("a price within the limits", "涨跌停", passed, nothing);
         row("a price above the limit", "涨跌停", doubtful,
             [](Situation& s) { s.form.price1 = QStringLiteral("昨收价*2"); });
@@ -321,6 +328,22 @@ private Q_SLOTS:
         QVERIFY2(verdict.kind == kind, qPrintable(QStringLiteral("%1 %2").arg(int(verdict.kind)).arg(verdict.text)));
     }
 
+    void aPlanThatSpansAChangeOfRulesSaysSo()
+    {
+        Situation situation = sound();
+        situation.form.symbol = symbolOf(Kelvo_Values::MdcSubSecurityType::Gemstock, Kelvo_Values::SymbolPost::sz);
+        situation.form.begin = QDate(2020, 8, 20);
+        situation.form.end = QDate(2020, 8, 25);
+        const AdvisedPlan before = advised(situation, situation.form.begin);
+        QCOMPARE(before.security->limitPerMille, 100);
+        const Verdict verdict = verdictOf(before, QStringLiteral("规则变更"));
+        QCOMPARE(verdict.kind, Verdict::Doubtful);
+        QCOMPARE(verdict.text, QStringLiteral("2020-08-24起涨跌幅由10%改为20%"));
+        const AdvisedPlan after = advised(situation, QDate(2020, 8, 24));
+        QCOMPARE(after.security->limitPerMille, 200);
+        QCOMPARE(verdictOf(after, QStringLiteral("规则变更")).kind, Verdict::Passed);
+    }
+
     void aFailedReadGivesItsReason()
     {
         Situation situation = sound();
@@ -336,7 +359,7 @@ private Q_SLOTS:
         situation.form.target = QStringLiteral("1050");
         const auto rules = RuleList::of(advised(situation));
         const AdvisorRows rows = RuleList::rows(rules);
-        QCOMPARE(rows.size(), 34);
+        QCOMPARE(rows.size(), 36);
         const QStringList failed{ QStringLiteral("✗"), QStringLiteral("价格"), QStringLiteral("未通过：必填") };
         QCOMPARE(rows.constFirst().cells, failed);
         QCOMPARE(rows.constFirst().key, QStringLiteral("lineEdit_price1"));

@@ -443,6 +443,38 @@
         <source>按期完成</source>
         <translation>Complete in time</translation>
     </message>
+    <message>
+        <source>最小价位是%1</source>
+        <translation>The price step is %1</translation>
+    </message>
+    <message>
+        <source>买入每笔至少%1</source>
+        <translation>A purchase has at least %1</translation>
+    </message>
+    <message>
+        <source>涨跌幅</source>
+        <translation>price limit</translation>
+    </message>
+    <message>
+        <source>最小买入数量</source>
+        <translation>Smallest purchase</translation>
+    </message>
+    <message>
+        <source>数量步长</source>
+        <translation>quantity step</translation>
+    </message>
+    <message>
+        <source>%1起%2由%3改为%4</source>
+        <translation>from %1 on: %2 %4 instead of %3</translation>
+    </message>
+    <message>
+        <source>；</source>
+        <translation>; </translation>
+    </message>
+    <message>
+        <source>规则变更</source>
+        <translation>Change of rules</translation>
+    </message>
 </context>
 <context>
     <name>AdvisorPanel</name>
@@ -1694,6 +1726,22 @@
         <source>策略文件夹“%1”不存在</source>
         <translation>The strategy folder &quot;%1&quot; does not exist</translation>
     </message>
+    <message>
+        <source>交易规则表第1行不是表头“%1”</source>
+        <translation>Line 1 of the trading rules is not the header &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>交易规则表第%1行%2</source>
+        <translation>Line %1 of the trading rules: %2</translation>
+    </message>
+    <message>
+        <source>应有8列，实有%1列</source>
+        <translation>8 columns expected, %1 found</translation>
+    </message>
+    <message>
+        <source>从%1起，应紧接上一期，从%2起</source>
+        <translation>begins on %1, but must follow the period before, on %2</translation>
+    </message>
 </context>
 <context>
     <name>FormDraft</name>
@@ -1783,6 +1831,278 @@
     <message>
         <source>连接中断前签署的协议未保存，请重新签署。</source>
         <translation>The agreement signed before the connection was lost has not been stored. Please sign it again.</translation>
+    </message>
+</context>
+<context>
+    <name>ImportActions</name>
+    <message>
+        <source>导入…</source>
+        <translation>Import…</translation>
+    </message>
+    <message>
+        <source>按此计划批量新建…</source>
+        <translation>New plans like this one…</translation>
+    </message>
+</context>
+<context>
+    <name>ImportSheet</name>
+    <message>
+        <source>、</source>
+        <translation>, </translation>
+    </message>
+    <message>
+        <source>第一行是列名，必须有：%1</source>
+        <translation>The first row names the columns. Needed: %1</translation>
+    </message>
+    <message>
+        <source>%1；可以有：%2</source>
+        <translation>%1; possible: %2</translation>
+    </message>
+    <message>
+        <source>模板计划</source>
+        <translation>Template plan</translation>
+    </message>
+    <message>
+        <source>删除文件中没有的内容</source>
+        <translation>Remove what the file does not have</translation>
+    </message>
+    <message>
+        <source>略去有错误的行</source>
+        <translation>Leave out rows with errors</translation>
+    </message>
+    <message>
+        <source>导入</source>
+        <translation>Import</translation>
+    </message>
+    <message>
+        <source>各行的结果</source>
+        <translation>Result of each row</translation>
+    </message>
+    <message>
+        <source>类别</source>
+        <translation>Kind</translation>
+    </message>
+    <message>
+        <source>计划编号，或空</source>
+        <translation>Plan number, or empty</translation>
+    </message>
+    <message>
+        <source>选择文件…</source>
+        <translation>Choose files…</translation>
+    </message>
+    <message>
+        <source>从剪贴板粘贴</source>
+        <translation>Paste</translation>
+    </message>
+    <message>
+        <source>预览</source>
+        <translation>Preview</translation>
+    </message>
+    <message>
+        <source>关闭</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>选择要导入的文件</source>
+        <translation>Choose files to import</translation>
+    </message>
+    <message>
+        <source>表格 (*.csv *.txt *.xlsx *.json);;所有文件 (*)</source>
+        <translation>Tables (*.csv *.txt *.xlsx *.json);;All files (*)</translation>
+    </message>
+    <message>
+        <source>剪贴板中没有文字。</source>
+        <translation>The clipboard has no text.</translation>
+    </message>
+    <message>
+        <source>剪贴板</source>
+        <translation>Clipboard</translation>
+    </message>
+    <message>
+        <source>选择文件，或从表格软件复制后粘贴。</source>
+        <translation>Choose files, or copy rows in a spreadsheet and paste them.</translation>
+    </message>
+    <message>
+        <source>先预览，再导入。</source>
+        <translation>Preview first, then import.</translation>
+    </message>
+    <message>
+        <source>……</source>
+        <translation>…</translation>
+    </message>
+    <message>
+        <source>将删除%1项：
+%2
+是否继续？</source>
+        <translation>%1 items will be removed:
+%2
+Continue?</translation>
+    </message>
+    <message>
+        <source>正在检查……</source>
+        <translation>Checking…</translation>
+    </message>
+    <message>
+        <source>正在导入……</source>
+        <translation>Importing…</translation>
+    </message>
+    <message>
+        <source>%1：%2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>取消</source>
+        <translation>Cancel</translation>
+    </message>
+</context>
+<context>
+    <name>ImportSheetModel</name>
+    <message>
+        <source>错误</source>
+        <translation>Error</translation>
+    </message>
+    <message>
+        <source>删除</source>
+        <translation>Removed</translation>
+    </message>
+    <message>
+        <source>新增</source>
+        <translation>Added</translation>
+    </message>
+    <message>
+        <source>修改</source>
+        <translation>Changed</translation>
+    </message>
+    <message>
+        <source>保留</source>
+        <translation>Kept</translation>
+    </message>
+    <message>
+        <source>不变</source>
+        <translation>Unchanged</translation>
+    </message>
+    <message>
+        <source>%1：%2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>结果</source>
+        <translation>Result</translation>
+    </message>
+    <message>
+        <source>文件</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>行</source>
+        <translation>Row</translation>
+    </message>
+    <message>
+        <source>列</source>
+        <translation>Column</translation>
+    </message>
+    <message>
+        <source>说明</source>
+        <translation>Details</translation>
+    </message>
+</context>
+<context>
+    <name>ImportTexts</name>
+    <message>
+        <source>账户%1：取消%2</source>
+        <translation>Account %1: without %2</translation>
+    </message>
+    <message>
+        <source>用户%1的账户%2</source>
+        <translation>Account %2 of user %1</translation>
+    </message>
+    <message>
+        <source>%1（可卖%2）</source>
+        <translation>%1 (%2 can be sold)</translation>
+    </message>
+    <message>
+        <source>持仓%1：新增%2</source>
+        <translation>Position %1: added %2</translation>
+    </message>
+    <message>
+        <source>持仓%1：由%2改为%3</source>
+        <translation>Position %1: %3 instead of %2</translation>
+    </message>
+    <message>
+        <source>证券%1的全部收盘价</source>
+        <translation>All closing prices of %1</translation>
+    </message>
+    <message>
+        <source>证券%1的文件中没有的收盘价</source>
+        <translation>Closing prices of %1 that the file does not have</translation>
+    </message>
+    <message>
+        <source>第%1行</source>
+        <translation> row %1</translation>
+    </message>
+    <message>
+        <source>第%1列（%2）</source>
+        <translation> column %1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1：%2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1：新增%2，修改%3，不变%4</source>
+        <translation>%1: %2 added, %3 changed, %4 unchanged</translation>
+    </message>
+    <message>
+        <source>，导入后已另行修改而保留%1</source>
+        <translation>, %1 kept because they were changed after the import</translation>
+    </message>
+    <message>
+        <source>，删除%1</source>
+        <translation>, %1 removed</translation>
+    </message>
+    <message>
+        <source>，略去错误%1</source>
+        <translation>, %1 errors left out</translation>
+    </message>
+    <message>
+        <source>，错误%1，没有导入</source>
+        <translation>, %1 errors, not imported</translation>
+    </message>
+    <message>
+        <source>（试运行，没有保存）</source>
+        <translation> (preview, nothing stored)</translation>
+    </message>
+    <message>
+        <source>，没有导入</source>
+        <translation>, not imported</translation>
+    </message>
+    <message>
+        <source>另有%1处错误</source>
+        <translation>%1 more errors</translation>
+    </message>
+    <message>
+        <source>删除：%1</source>
+        <translation>Removed: %1</translation>
+    </message>
+    <message>
+        <source>新增计划%1：%2</source>
+        <translation>New plan %1: %2</translation>
+    </message>
+    <message>
+        <source>计划%1在导入后已另行修改</source>
+        <translation>Plan %1 was changed after the import</translation>
+    </message>
+    <message>
+        <source>修改计划%1：%2</source>
+        <translation>Changed plan %1: %2</translation>
+    </message>
+    <message>
+        <source>证券%1：%2由“%3”改为“%4”</source>
+        <translation>Security %1: %2 &quot;%4&quot; instead of &quot;%3&quot;</translation>
+    </message>
+    <message>
+        <source>证券%1：新增%2</source>
+        <translation>Security %1: added %2</translation>
     </message>
 </context>
 <context>
@@ -2841,6 +3161,49 @@
     <message>
         <source>选择策略文件夹</source>
         <translation>Choose the folder of strategy files</translation>
+    </message>
+</context>
+<context>
+    <name>TransferForm</name>
+    <message>
+        <source>休市日</source>
+        <translation>Closures</translation>
+    </message>
+    <message>
+        <source>证券</source>
+        <translation>Securities</translation>
+    </message>
+    <message>
+        <source>收盘价</source>
+        <translation>Closing prices</translation>
+    </message>
+    <message>
+        <source>账户</source>
+        <translation>Accounts</translation>
+    </message>
+    <message>
+        <source>用户和权限</source>
+        <translation>Users and rights</translation>
+    </message>
+    <message>
+        <source>持仓</source>
+        <translation>Positions</translation>
+    </message>
+    <message>
+        <source>计划</source>
+        <translation>Plans</translation>
+    </message>
+    <message>
+        <source>指令</source>
+        <translation>Instructions</translation>
+    </message>
+    <message>
+        <source>历史</source>
+        <translation>History</translation>
+    </message>
+    <message>
+        <source>日志</source>
+        <translation>Journal</translation>
     </message>
 </context>
 <context>

@@ -14,7 +14,7 @@ AdvisedPlan::AdvisedPlan(const World& ofWorld, const FormReading& ofForm, const 
     : world(ofWorld)
     , form(ofForm)
     , account(ofAccount)
-    , security(world.market.find(form.symbol))
+    , security(securityOf())
     , read(security && account ? ofRead : std::nullopt)
     , record(recordOf())
     , closes(closesOf())
@@ -24,6 +24,12 @@ AdvisedPlan::AdvisedPlan(const World& ofWorld, const FormReading& ofForm, const 
     , terms(termsOf())
     , forecast(forecastOf())
 {
+}
+
+std::optional<Security> AdvisedPlan::securityOf() const
+{
+    const Security* const known = world.market.find(form.symbol);
+    return known ? std::optional<Security>(Rulebook::present().onDay(*known, firstDay())) : std::nullopt;
 }
 
 double AdvisedPlan::sellable() const

@@ -5,6 +5,7 @@
 #include "FormReading.h"
 #include "Market.h"
 #include "PlanForecast.h"
+#include "Rulebook.h"
 
 #include <optional>
 
@@ -21,7 +22,8 @@ struct AdvisedPlan {
     const World& world;
     const FormReading form;
     const StoredAccount* const account; ///< null if none is chosen
-    const Security* const security;     ///< null if none is chosen
+    /// By the rules of the plan's first day; absent if none is chosen.
+    const std::optional<Security> security;
     /// The stored facts, or why they could not be read; absent while they are being read.
     const std::optional<Result<AdvisorFacts>> read;
     const PlanStore::Record record; ///< empty without an account or a security
@@ -46,10 +48,13 @@ struct AdvisedPlan {
     /// What may be sold today, in displayed units, and on the first day on which an order of the plan may go out.
     double sellable() const;
     double sellableNext() const;
+    /// The first day on which an order of the plan may go out.
+    QDate firstDay() const { return qMax(world.today, form.begin); }
     /// The day of the last of the closes; invalid if there are none.
     QDate lastClose() const;
 
 private:
+    std::optional<Security> securityOf() const;
     PlanStore::Record recordOf() const;
     QVector<qint64> closesOf() const;
     QHash<QString, double> namesOf() const;

@@ -32,7 +32,7 @@ private:
     void choose(const QString& symbol);
 
     VorSearchBox* m_box;
-    const Market& m_market;
+    const Market m_market; ///< the session's may be replaced meanwhile
     SecurityFinder m_finder;
     QLineEdit* m_text;
     RowView* m_rows;

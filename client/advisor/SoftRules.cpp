@@ -6,6 +6,7 @@
 #include "Kelvo_Fields.h"
 #include "PlanCodes.h"
 #include "RuleParts.h"
+#include "Rulebook.h"
 #include "SecurityFacts.h"
 #include "TickPrice.h"
 
@@ -57,12 +58,75 @@ Verdict formulaGivesPrice(const AdvisedPlan& plan)
     return plan.price ? passed() : doubtful(errorText(plan.price.status()));
 }
 
+// Prices are stored in units of the security's last decimal, which may be finer than the tick of its board.
+std::optional<double> coarserTick(const AdvisedPlan& plan)
+{
+    const auto tick = Rulebook::present().value(*plan.security, TradeRule::Tick, plan.firstDay());
+    const double steps = tick ? *tick * std::pow(10, plan.security->pricePrecision) : 0;
+    const bool isOff = steps > 1 && std::fmod(static_cast<double>(*plan.price->limit), std::round(steps)) != 0;
+    return isOff ? tick : std::nullopt;
+}
+
 Verdict priceIsOnTick(const AdvisedPlan& plan)
 {
     if (!hasLimit(plan))
         return notApplicable();
     const QString price = TickPrice::text(*plan.price->limit, plan.security->pricePrecision);
+    if (const auto tick = coarserTick(plan))
+        return doubtful(Advisor::tr("最小价位是%1").arg(*tick));
     return FormulaFacts::isOffTick(plan) ? doubtful(Advisor::tr("不在最小价位上，按%1").arg(price)) : passed();
+}
+
+Verdict purchaseIsLargeEnough(const AdvisedPlan& plan)
+{
+    if (!plan.security || plan.form.isAmount() || !plan.form.isBuy())
+        return notApplicable();
+    const auto lot = Rulebook::present().value(*plan.security, TradeRule::Lot, plan.firstDay());
+    const double perDay = plan.form.hasPerDay ? plan.form.perDayValue() : 0;
+    const double smallest = perDay > 0 ? std::min(perDay, plan.form.targetValue()) : plan.form.targetValue();
+    if (!lot || smallest <= 0)
+        return notApplicable();
+    return smallest >= *lot ? passed() : doubtful(Advisor::tr("买入每笔至少%1").arg(Advisor::withUnit(*lot, false)));
+}
+
+QString valueText(TradeRule rule, double value)
+{
+    if (rule != TradeRule::Limit)
+        return QString::number(value);
+    return value > 0 ? QStringLiteral("%1%").arg(value / 10) : Advisor::tr("无");
+}
+
+QString changeText(const Rulebook::Change& change)
+{
+    QString name;
+    switch (change.rule) {
+    case TradeRule::Limit:
+        name = Advisor::tr("涨跌幅");
+        break;
+    case TradeRule::Lot:
+        name = Advisor::tr("最小买入数量");
+        break;
+    case TradeRule::Step:
+        name = Advisor::tr("数量步长");
+        break;
+    case TradeRule::Tick:
+        name = Advisor::tr("最小价位");
+        break;
+    }
+    return Advisor::tr("%1起%2由%3改为%4")
+        .arg(change.day.toString(Qt::ISODate), name, valueText(change.rule, change.before),
+            valueText(change.rule, change.after));
+}
+
+Verdict rulesStayTheSame(const AdvisedPlan& plan)
+{
+    if (!plan.security || !plan.form.begin.isValid())
+        return notApplicable();
+    const Security* const own = plan.world.market.find(plan.form.symbol);
+    QStringList texts;
+    for (const Rulebook::Change& change : Rulebook::present().changes(*own, plan.firstDay(), plan.form.lastDay()))
+        texts << changeText(change);
+    return texts.isEmpty() ? passed() : doubtful(texts.join(Advisor::tr("；")));
 }
 
 Verdict priceIsWithinBand(const AdvisedPlan& plan)
@@ -162,6 +226,8 @@ const QVector<Rule>& softRules()
         { "lineEdit_price1", QT_TRANSLATE_NOOP("Advisor", "价格可用"), formulaGivesPrice },
         { "lineEdit_price1", QT_TRANSLATE_NOOP("Advisor", "最小价位"), priceIsOnTick },
         { "lineEdit_price1", QT_TRANSLATE_NOOP("Advisor", "涨跌停"), priceIsWithinBand },
+        { "le_targetTotalNum", QT_TRANSLATE_NOOP("Advisor", "最小买入数量"), purchaseIsLargeEnough },
+        { "date_effectivePeriod_Multi", QT_TRANSLATE_NOOP("Advisor", "规则变更"), rulesStayTheSame },
         { "le_targetTotalNum", QT_TRANSLATE_NOOP("Advisor", "通常规模"), sizeIsUsual },
         { "combx_tradeSide", QT_TRANSLATE_NOOP("Advisor", "反向计划"), noPlanIsOpposite },
         { "le_targetTotalNum", QT_TRANSLATE_NOOP("Advisor", "合计持仓"), holdingsCoverAllPlans },

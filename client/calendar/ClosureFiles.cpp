@@ -35,6 +35,25 @@ Status store(const QByteArray& csv, const QString& path)
     return {};
 }
 
+TradeCalendar readAll()
+{
+    TradeCalendar calendar = TradeCalendar::builtIn();
+    const QStringList files = ClosureFiles::present();
+    for (const QString& file : files) {
+        const Result<QByteArray> csv = ClosureFiles::read(file);
+        const Status status = csv ? calendar.add(*csv) : csv.status();
+        if (!status)
+            qWarning().noquote() << "ClosureFiles::calendar" << file << errorText(status);
+    }
+    return calendar;
+}
+
+TradeCalendar& loaded()
+{
+    static TradeCalendar calendar = readAll();
+    return calendar;
+}
+
 } // namespace
 
 QStringList ClosureFiles::present()
@@ -68,18 +87,12 @@ Result<QByteArray> ClosureFiles::read(const QString& path)
 
 const TradeCalendar& ClosureFiles::calendar()
 {
-    static const TradeCalendar extended = [] {
-        TradeCalendar loaded = TradeCalendar::builtIn();
-        const QStringList files = present();
-        for (const QString& file : files) {
-            const Result<QByteArray> csv = read(file);
-            const Status status = csv ? loaded.add(*csv) : csv.status();
-            if (!status)
-                qWarning().noquote() << "ClosureFiles::calendar" << file << errorText(status);
-        }
-        return loaded;
-    }();
-    return extended;
+    return loaded();
+}
+
+void ClosureFiles::reload()
+{
+    loaded() = readAll();
 }
 
 Result<QDate> ClosureFiles::install(const QString& path)
@@ -100,10 +113,4 @@ Result<QDate> ClosureFiles::installText(const QByteArray& csv, const QString& na
     if (Status status = store(csv, userFile(name)); !status)
         return status;
     return extended.lastKnownDay();
-}
-
-QByteArray ClosureFiles::installed(const QString& name)
-{
-    const Result<QByteArray> csv = read(userFile(name));
-    return csv.valueOr({});
 }

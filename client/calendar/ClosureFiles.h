@@ -21,16 +21,16 @@ QStringList present();
 
 Result<QByteArray> read(const QString& path);
 
-/// The built-in calendar extended by the present files, as they were at the first call. Leaves out a file that is
-/// invalid, with a warning in the log.
+/// The built-in calendar extended by the present files, as they were at the first call or the last `reload`. Leaves out
+/// a file that is invalid, with a warning in the log.
 const TradeCalendar& calendar();
+/// Reads the files again. No other thread may use the calendar meanwhile.
+void reload();
 
 /// Checks a file against the calendar and copies it to the user's folder, where it replaces a file of that name.
 /// Returns the last day that the calendar knows with it.
 Result<QDate> install(const QString& path);
 /// The same for the text of a file with this base name.
 Result<QDate> installText(const QByteArray& csv, const QString& name);
-/// The text of the user's file with a base name; empty if there is none.
-QByteArray installed(const QString& name);
 
 } // namespace ClosureFiles

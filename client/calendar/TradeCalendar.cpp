@@ -93,7 +93,7 @@ Status TradeCalendar::readLine(const QString& line, Table& table)
     if (!Statuses.contains(cells.at(3)))
         return { Error::UnknownCode, { QStringLiteral("状态"), cells.at(3) } };
     Year& year = table[cells.at(0)][date.year()];
-    year.days.insert(date);
+    year.days.insert(date, cells.mid(2));
     year.provisional = year.provisional || cells.at(3) == Provisional;
     return {};
 }
@@ -157,6 +157,18 @@ QDate TradeCalendar::lastKnownDay(const QString& exchange) const
         last = last.isValid() ? qMin(last, end) : end;
     }
     return last;
+}
+
+QVector<QStringList> TradeCalendar::rows() const
+{
+    QVector<QStringList> all;
+    for (auto market = m_table.cbegin(); market != m_table.cend(); ++market) {
+        for (const Year& year : *market) {
+            for (auto day = year.days.cbegin(); day != year.days.cend(); ++day)
+                all << QStringList{ market.key(), day.key().toString(Qt::ISODate) } + *day;
+        }
+    }
+    return all;
 }
 
 // Hong Kong connect needs all markets.

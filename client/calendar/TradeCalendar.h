@@ -6,7 +6,8 @@
 #include <QList>
 #include <QMap>
 #include <QSet>
-#include <QString>
+#include <QStringList>
+#include <QVector>
 
 /// The trade days of exchanges, from a table of closures. Does not use a clock.
 ///
@@ -37,10 +38,12 @@ public:
     QDate lastKnownDay(const QString& exchange) const;
     /// The last day that is known for all exchanges.
     QDate lastKnownDay() const;
+    /// The closures in the columns of `headings`, by market and date.
+    QVector<QStringList> rows() const;
 
 private:
     struct Year {
-        QSet<QDate> days;
+        QMap<QDate, QStringList> days; ///< with holiday and status
         bool provisional = false;
     };
     /// The years that are known, without a gap.

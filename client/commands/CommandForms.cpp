@@ -23,10 +23,11 @@ QMap<QString, CommandForm> ordinaryForms()
             { QStringLiteral("数据库地址"), 1, 1, { Database }, QStringLiteral("把文件的内容搬到服务器") } },
         { QStringLiteral("import"),
             { QStringLiteral("类别 文件..."), 2, -1,
-                { Database, QStringLiteral("user"), Flag::Replace, Flag::DryRun, Flag::Yes, Flag::Json, Flag::Empty },
+                { Database, QStringLiteral("user"), Flag::Replace, Flag::DryRun, Flag::Yes, Flag::Json, Flag::Empty,
+                    QStringLiteral("template"), Flag::LeaveOut },
                 QStringLiteral("导入证券、收盘价、账户、用户、持仓、休市日或计划") } },
         { QStringLiteral("export"),
-            { QStringLiteral("类别 [文件]"), 1, 2, { Database, QStringLiteral("user"), Flag::Json },
+            { QStringLiteral("类别 [文件]"), 1, 2, { Database, Day, QStringLiteral("user"), Flag::Json },
                 QStringLiteral("把一类内容导出为CSV、XLSX或JSON") } },
         { QStringLiteral("import-closures"), { file, 1, 1, {}, QStringLiteral("导入休市表，延长交易日历") } },
     };

@@ -15,6 +15,7 @@ inline const QString GeneratePassword = QStringLiteral("generate-password");
 inline const QString Replace = QStringLiteral("replace");
 inline const QString DryRun = QStringLiteral("dry-run");
 inline const QString Yes = QStringLiteral("yes");
+inline const QString LeaveOut = QStringLiteral("leave-out");
 inline const QString Empty = QStringLiteral("empty");
 } // namespace Flag
 

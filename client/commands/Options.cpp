@@ -44,7 +44,7 @@ public:
         m_parser.addOptions({ m_help, m_user, m_database, m_skin, m_language, m_securities });
         if (m_program == Program::Client) {
             m_parser.setApplicationDescription(QStringLiteral("交易计划客户端：新建、修改、复制自动交易计划。"));
-            m_parser.addOptions({ m_issueDay, m_day, m_strategies });
+            m_parser.addOptions({ m_issueDay, m_day, m_strategies, m_template });
             m_parser.addOptions(m_flags);
             m_parser.addPositionalArgument(QStringLiteral("命令"), commandsText(), QStringLiteral("[命令 参数]"));
         } else {
@@ -132,7 +132,8 @@ private:
     {
         const QStringList names = m_parser.optionNames();
         for (const QString& name : names) {
-            if (m_day.names().contains(name) || (flagNames().contains(name) && !isOfProgram(name)))
+            const bool isOfCommands = m_day.names().contains(name) || m_template.names().contains(name);
+            if (isOfCommands || (flagNames().contains(name) && !isOfProgram(name)))
                 return { Error::OptionOfCommand, { name, ownersOf(name).join(QStringLiteral("、")) } };
         }
         return {};
@@ -191,6 +192,7 @@ private:
             const Command given = commandOf(arguments);
             options.command = given.name;
             options.arguments = given.arguments;
+            options.templatePlan = m_parser.value(m_template);
             for (const QString& name : flagNames()) {
                 if (m_parser.isSet(name))
                     options.flags.insert(name);
@@ -245,7 +247,9 @@ private:
         QStringLiteral("为今天（yyyy-MM-dd）有效的计划下达指令，列出结果并退出；其他日期须加--simulate。"),
         QStringLiteral("日期") };
     const QCommandLineOption m_day{ QStringLiteral("day"),
-        QStringLiteral("命令journal的日期（yyyy-MM-dd），默认为今天。"), QStringLiteral("日期") };
+        QStringLiteral("命令journal和export journal的日期（yyyy-MM-dd），默认为今天。"), QStringLiteral("日期") };
+    const QCommandLineOption m_template{ QStringLiteral("template"),
+        QStringLiteral("import plans中没有的列取自该计划，每行生成一个计划。"), QStringLiteral("计划编号") };
     const QList<QCommandLineOption> m_flags{
         { Flag::IssuePreview, QStringLiteral("列出今天或--issue-day的日期会下达的指令并退出，不下达。") },
         { Flag::Simulate, QStringLiteral("下达或预览时不限于今天和市场的委托时间。") },
@@ -255,6 +259,7 @@ private:
         { Flag::Replace, QStringLiteral("import删除文件中没有的内容，先列出并询问。") },
         { Flag::DryRun, QStringLiteral("import只检查并列出会发生的变化，不保存。") },
         { Flag::Yes, QStringLiteral("import --replace不再询问。") },
+        { Flag::LeaveOut, QStringLiteral("import plans --template略去有错误的行，导入其余各行。") },
         { Flag::Empty, QStringLiteral("新建的数据库不写入示例数据。") },
         { Flag::Sample, QStringLiteral("admin init写入示例数据。") },
         { Flag::Review, QStringLiteral("admin grant的指令须经复核。") },

@@ -23,6 +23,7 @@ struct Options {
     QDate day;             ///< of the command; invalid for today
     QString command;       ///< name of a command, see `commandForms`; empty for none
     QStringList arguments; ///< of the command, as many as its form asks for
+    QString templatePlan;  ///< plan that imported plans are made from; empty for none
     QSet<QString> flags;   ///< names of the command's options without a value
     QString help;          ///< text to print instead of anything else; empty unless requested
 

@@ -73,6 +73,8 @@ ImportTask taskOf(const Options& options, const QString& kind)
     task.location = databaseOf(options);
     task.replaces = options.flags.contains(Flag::Replace);
     task.isTrial = options.flags.contains(Flag::DryRun);
+    task.templatePlan = options.templatePlan;
+    task.leavesOut = options.flags.contains(Flag::LeaveOut);
     if (kind == TransferForms::plans().id)
         task.scene.emplace(InstructionIssuer::scene(clientToday()));
     return task;
@@ -86,6 +88,10 @@ Result<QString> importFiles(const Options& options)
     const QString kind = options.arguments.at(0);
     if (Status status = ImportRun::check(kind, options.flags.contains(Flag::Replace)); !status)
         return status;
+    if (!options.templatePlan.isEmpty() && kind != TransferForms::plans().id)
+        return Status(Error::OptionOfCommand, { QStringLiteral("template"), QStringLiteral("import plans") });
+    if (options.flags.contains(Flag::LeaveOut) && options.templatePlan.isEmpty())
+        return Status(Error::OptionOfCommand, { Flag::LeaveOut, QStringLiteral("import plans --template") });
     if (Status status = prepare(options, kind); !status)
         return status;
     ImportTask task = taskOf(options, kind);
@@ -114,6 +120,8 @@ Result<QString> exportKind(const Options& options)
     const QString kind = options.arguments.at(0);
     const QString file = options.arguments.value(1);
     Status status = ExportRun::check(kind);
+    if (status && options.day.isValid() && kind != TransferForms::journal().id)
+        status = Status(Error::OptionOfCommand, { QStringLiteral("day"), QStringLiteral("export journal") });
     const bool isJson = options.flags.contains(Flag::Json);
     Result<TableFormat> format = isJson ? TableFormat::Json : TableFormat::Csv;
     if (!file.isEmpty() && !isJson)
@@ -126,7 +134,9 @@ Result<QString> exportKind(const Options& options)
         return status;
     ClientSession& session = ClientSession::instance();
     const auto write = [&](QIODevice& device) {
-        return ExportRun::run(session.database(), session.market(), session.user(), kind, *format, device);
+        return ExportRun::run({ session.database(), session.market(), session.user(), kind, *format,
+                                  options.day.isValid() ? options.day : clientToday() },
+            device);
     };
     if (file.isEmpty()) {
         QFile output;

@@ -71,10 +71,6 @@ QLayout* Journal::newChoice()
     m_day->setDisplayFormat(QStringLiteral("yyyy-MM-dd"));
     m_account->setObjectName(QStringLiteral("combx_journalAccount"));
     m_account->setAccessibleName(tr("账户"));
-    m_account->addItem(tr("全部账户"), QString());
-    const QVector<StoredAccount>& accounts = ClientSession::instance().accounts().accounts();
-    for (const StoredAccount& account : accounts)
-        m_account->addItem(QStringLiteral("%1 %2").arg(account.tradingAccount, account.name), account.tradingAccount);
     QPushButton* const before = newButton(QStringLiteral("btn_dayBefore"), tr("前一日"), this);
     QPushButton* const after = newButton(QStringLiteral("btn_dayAfter"), tr("后一日"), this);
     QPushButton* const today = newButton(QStringLiteral("btn_today"), tr("今天"), this);
@@ -100,8 +96,22 @@ QLayout* Journal::newPages()
     return pages;
 }
 
+// Accounts may have been imported since the last time.
+void Journal::fillAccounts()
+{
+    const QSignalBlocker blocker(m_account);
+    const QString chosen = m_account->currentData().toString();
+    m_account->clear();
+    m_account->addItem(tr("全部账户"), QString());
+    const QVector<StoredAccount>& accounts = ClientSession::instance().accounts().accounts();
+    for (const StoredAccount& account : accounts)
+        m_account->addItem(QStringLiteral("%1 %2").arg(account.tradingAccount, account.name), account.tradingAccount);
+    m_account->setCurrentIndex(qMax(0, m_account->findData(chosen)));
+}
+
 void Journal::open(const QDate& day)
 {
+    fillAccounts();
     QDialog::show();
     raise();
     activateWindow();

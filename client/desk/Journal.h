@@ -28,6 +28,7 @@ Q_SIGNALS:
 private:
     void build();
     QLayout* newChoice();
+    void fillAccounts();
     QLayout* newPages();
     void choose(int firstRow);
     void read();

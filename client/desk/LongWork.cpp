@@ -12,11 +12,7 @@ void LongWork::start(const Work& work, const std::function<void()>& done)
     m_isRunning = true;
     m_isCancelled = false;
     m_thread.run([this, work, done](Database& database, const Status& opened) {
-        work(database, opened, [this](int steps) {
-            QMetaObject::invokeMethod(
-                this, [this, steps] { Q_EMIT progressed(steps); }, Qt::QueuedConnection);
-            return !m_isCancelled && !m_thread.isStopping();
-        });
+        work(database, opened, [this](int steps) { return report(steps); });
         if (m_thread.isStopping())
             return;
         // The next work connects again.
@@ -28,4 +24,18 @@ void LongWork::start(const Work& work, const std::function<void()>& done)
         };
         QMetaObject::invokeMethod(this, finish, Qt::QueuedConnection);
     });
+}
+
+// One event at a time, however often the work reports.
+bool LongWork::report(int steps)
+{
+    m_steps = steps;
+    if (!m_isReported.exchange(true)) {
+        const auto tell = [this] {
+            m_isReported = false;
+            Q_EMIT progressed(m_steps);
+        };
+        QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
+    }
+    return !m_isCancelled && !m_thread.isStopping();
 }

@@ -30,7 +30,11 @@ Q_SIGNALS:
     void progressed(int done);
 
 private:
+    bool report(int steps);
+
     bool m_isRunning = false;
+    std::atomic_int m_steps{ 0 };
+    std::atomic_bool m_isReported{ false };
     std::atomic_bool m_isCancelled{ false };
     DatabaseThread m_thread; ///< destroyed before the data of its jobs
 };

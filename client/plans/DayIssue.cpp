@@ -10,6 +10,7 @@
 #include "MissedDays.h"
 #include "Orlo_Fields.h"
 #include "PlanCodes.h"
+#include "Rulebook.h"
 #include "TickPrice.h"
 #include "TradeHours.h"
 
@@ -40,7 +41,7 @@ public:
         , m_use(use)
         , m_rights(rights)
         , m_facts(facts)
-        , m_security(scene.market.find(text(Kelvo_Fields::Security::symbol)))
+        , m_security(securityOfDay())
     {
     }
 
@@ -57,6 +58,12 @@ public:
 private:
     QString text(const QString& key) const { return m_plan.record.value(key).toString(); }
 
+    std::optional<Security> securityOfDay() const
+    {
+        const Security* const known = m_scene.market.find(text(Kelvo_Fields::Security::symbol));
+        return known ? std::optional<Security>(Rulebook::present().onDay(*known, m_scene.day)) : std::nullopt;
+    }
+
     Status checkRights() const;
     Status checkDay() const;
     Status readTerms();
@@ -66,7 +73,7 @@ private:
     const PlanUse m_use;
     const PlanRights m_rights;
     DayFacts& m_facts;
-    const Security* const m_security;
+    const std::optional<Security> m_security; ///< by the rules of the day
     OrderTerms m_terms;
     DayOrder m_order;
     std::optional<double> m_cash; ///< of the account, before the order

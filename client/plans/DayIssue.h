@@ -7,11 +7,12 @@
 
 #include <functional>
 
-/// What the issue of a day is based on besides the database. It needs no session, so that it can run on another thread.
+/// What the issue of a day is based on besides the database. It needs no session, so that it can run on another thread,
+/// and shares its data with those of the session, which may be replaced meanwhile.
 struct IssueScene {
     const StoredUser user;
-    const Market& market;
-    const TradeCalendar& calendar;
+    const Market market;
+    const TradeCalendar calendar;
     const QDate day;
     /// The time at the markets, which must be open; invalid for a simulation, which needs no open market.
     const QDateTime now;

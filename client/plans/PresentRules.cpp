@@ -5,6 +5,7 @@
 #include "Kelvo_Values.h"
 #include "PlanLimits.h"
 #include "PlanTexts.h"
+#include "Rulebook.h"
 #include "TickPrice.h"
 
 namespace BaseField = AutoPlanField::BaseField;
@@ -48,21 +49,28 @@ double plannedQuantity(const CheckedPlan& plan, const Security& security)
     return static_cast<double>(total * security.displayFactor);
 }
 
+/// The security by the rules of the plan's first day.
+Security securityOf(const CheckedPlan& plan)
+{
+    const QDate first = qMax(plan.known.today, PlanTexts::date(plan.text(BaseField::beginDate)));
+    return Rulebook::present().onDay(*plan.known.market.find(plan.text(Kelvo_Fields::Security::symbol)), first);
+}
+
 Status priceAndSizeAreAllowed(const CheckedPlan& plan)
 {
-    const Security* security = plan.known.market.find(plan.text(Kelvo_Fields::Security::symbol));
-    const Result<DayPrice> price = dayPrice(plan.record, *security, plan.known.closes);
+    const Security security = securityOf(plan);
+    const Result<DayPrice> price = dayPrice(plan.record, security, plan.known.closes);
     if (!price)
         return { Error::NoUsablePrice, {}, price.status() };
     const AccountLimits& limits = plan.known.rights.limits;
-    if (Status refused = PlanLimits::priceError(limits, *price, *security); !refused)
+    if (Status refused = PlanLimits::priceError(limits, *price, security); !refused)
         return refused;
-    const double yuan = TickPrice::toYuan(price->limit.value_or(price->reference), security->pricePrecision);
+    const double yuan = TickPrice::toYuan(price->limit.value_or(price->reference), security.pricePrecision);
     if (plan.isAmount()) {
         const double amount = PlanTexts::decimalNumber(plan.other(BaseField::tradeAmount)).value_or(0);
         return PlanLimits::sizeError(limits, amount / yuan, amount);
     }
-    const double quantity = plannedQuantity(plan, *security);
+    const double quantity = plannedQuantity(plan, security);
     return PlanLimits::sizeError(limits, quantity, quantity * yuan);
 }
 

@@ -112,6 +112,10 @@ enum class Error {
     BadClosureLine,        ///< number of the line; the cause says what is wrong in it
     ClosureColumns,        ///< number of columns in the line
     NotADate,              ///< the text
+    NoRulebookHeadings,    ///< the missing headings
+    BadRulebookLine,       ///< number of the line; the cause says what is wrong in it
+    RulebookColumns,       ///< number of columns in the line
+    RulebookGap,           ///< the first day of the line, the day after the period before
     NoCalendar,            ///< exchange
     BeyondCalendar,        ///< the last known day, the unknown day
     ClosureYearMissing,    ///< market, year

@@ -10,6 +10,7 @@
 #include "Orlo_Values.h"
 #include "PositionStore.h"
 #include "ReadReport.h"
+#include "Rulebook.h"
 
 #include <QDebug>
 
@@ -123,7 +124,7 @@ QString OrloBusinessDataInterface::GetSecurityChineseName(const QString& symbol)
 int OrloBusinessDataInterface::GetQtyStepBySymbol(const QString& symbol)
 {
     const Security* security = securityOf(symbol);
-    return security ? security->quantityStep : 0;
+    return security ? Rulebook::present().onDay(*security, clientToday()).quantityStep : 0;
 }
 
 int OrloBusinessDataInterface::GetDispFactorBySymbol(const QString& symbol)
@@ -190,7 +191,7 @@ QString CBusinessDataBase::GetSecuritySubTypeBySymbol(const QString& symbol)
 bool CBusinessDataBase::IsSymbolHasPriceLimit(const QString& symbol)
 {
     const Security* security = ClientSession::instance().market().find(symbol);
-    return security && security->hasPriceLimit();
+    return security && Rulebook::present().onDay(*security, clientToday()).hasPriceLimit();
 }
 
 QList<QMap<QString, QVariant>> BusinessDataInterface::GetPositionListByAccount(const tagUserAccountInfo& account,

@@ -79,6 +79,20 @@ Status ClientSession::open(const QString& file, const QString& userId, const Pro
     return status;
 }
 
+Status ClientSession::takeImported(const Market& market)
+{
+    if (!m_open)
+        return {};
+    ClosureFiles::reload();
+    m_market.take(market);
+    m_market.prepareSearch();
+    m_unsigned.clear();
+    forgetEvent();
+    Status status = logIn(m_database.role().isEmpty() ? m_user.id : QString());
+    Q_EMIT PlanEvents::instance().plansChanged();
+    return status;
+}
+
 void ClientSession::close()
 {
     m_open = false;

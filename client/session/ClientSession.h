@@ -39,6 +39,9 @@ public:
     /// prepared when pending events have been processed.
     Status open(const QString& file, const QString& userId, const Progress& progress, const Options& options);
     Status open(const QString& file, const QString& userId);
+    /// Takes what this client has imported: the securities as they are now, and accounts, rights and closures, which it
+    /// reads again. Does nothing while closed.
+    Status takeImported(const Market& market);
     /// Closes the session and drops answers that are still being computed. Does nothing while closed.
     void close();
     bool isOpen() const { return m_open; }

@@ -15,6 +15,8 @@ public:
 
     /// Loads every security of the database. If reading fails, keeps the market.
     Status load(Database& database);
+    /// Takes securities that were loaded elsewhere.
+    void take(const Market& market) { replace(std::make_unique<const Market>(market)); }
     /// Clears the market. After it returns, no thread reads names.
     void clear();
     /// Prepares the indexes when pending events have been processed, so that a window under construction comes first.

@@ -8,6 +8,12 @@ namespace {
 
 const QString Chinese = QStringLiteral("zh");
 
+QString& codeInUse()
+{
+    static QString code = Chinese;
+    return code;
+}
+
 /// The folder of the translations relative to the program, both built and installed.
 QString translationsFolder()
 {
@@ -41,7 +47,13 @@ Status useLanguage(const QString& code)
         return { Error::NoTranslation, { QDir::cleanPath(QDir(translationsFolder()).filePath(file)) } };
     // The client's own widgets are translated if there is a translation for them.
     install(QStringLiteral("plandesk_%1.qm").arg(code));
+    codeInUse() = code;
     return {};
+}
+
+QString languageInUse()
+{
+    return codeInUse();
 }
 
 QString editorText(const char* source)

@@ -11,5 +11,8 @@ QStringList languageCodes();
 /// does not change.
 Status useLanguage(const QString& code);
 
+/// The code of the language in use.
+QString languageInUse();
+
 /// A text of the editor in the current language; `source` is the Chinese text.
 QString editorText(const char* source);

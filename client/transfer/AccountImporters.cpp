@@ -51,7 +51,7 @@ Status AccountImporter::take(ImportRow& row)
         const QString exchange = form().columns.at(column).id;
         if (!row.has(column) || items.contains(exchange) || !stored->exchangeAccounts.contains(exchange))
             continue;
-        lines << line(QStringLiteral("账户%1：取消%2"), account, form().columns.at(column).caption);
+        lines << line(ImportTexts::tr("账户%1：取消%2"), account, form().columns.at(column).name());
         if (Status status = m_store.removeExchange(account, exchange); !status)
             return status;
     }
@@ -173,7 +173,7 @@ Status UserImporter::findRemovals()
             if (m_keys.contains(line(QStringLiteral("%1、%2"), user.id, account.tradingAccount)))
                 continue;
             m_removals << qMakePair(user.id, account.tradingAccount);
-            m_report.removals << line(QStringLiteral("用户%1的账户%2"), user.id, account.tradingAccount);
+            m_report.removals << line(ImportTexts::tr("用户%1的账户%2"), user.id, account.tradingAccount);
         }
     }
     return {};
@@ -267,12 +267,12 @@ Status PositionImporter::take(ImportRow& row)
         return {};
     }
     const auto text = [&security](const StoredPosition& one) {
-        return line(QStringLiteral("%1（可卖%2）"), QString::number(one.quantity * security.displayFactor),
+        return line(ImportTexts::tr("%1（可卖%2）"), QString::number(one.quantity * security.displayFactor),
             QString::number(one.tradeableQuantity * security.displayFactor));
     };
     m_report.count(isNew,
-        { isNew ? QStringLiteral("持仓%1：新增%2").arg(key, text(position))
-                : QStringLiteral("持仓%1：由%2改为%3").arg(key, text(before), text(position)) });
+        { isNew ? ImportTexts::tr("持仓%1：新增%2").arg(key, text(position))
+                : ImportTexts::tr("持仓%1：由%2改为%3").arg(key, text(before), text(position)) });
     return m_store.set(position);
 }
 

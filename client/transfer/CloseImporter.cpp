@@ -271,7 +271,7 @@ Status CloseImporter::findRemovals()
         if (!known.hasCloses)
             continue;
         if (!known.isInFile) {
-            m_report.removals << QStringLiteral("证券%1的全部收盘价").arg(known.symbol);
+            m_report.removals << ImportTexts::tr("证券%1的全部收盘价").arg(known.symbol);
             continue;
         }
         if (known.lastBefore < 0)
@@ -281,7 +281,7 @@ Status CloseImporter::findRemovals()
             return now.status();
         const int last = known.days->numberOf(now->lastDay.toJulianDay());
         if (known.lastBefore > last || known.firstBefore < last + 1 - now->ticks.size())
-            m_report.removals << QStringLiteral("证券%1的文件中没有的收盘价").arg(known.symbol);
+            m_report.removals << ImportTexts::tr("证券%1的文件中没有的收盘价").arg(known.symbol);
     }
     return {};
 }

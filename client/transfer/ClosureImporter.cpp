@@ -5,25 +5,6 @@
 
 using namespace TransferForms;
 
-namespace {
-
-const CodeWords& markets()
-{
-    static const CodeWords words{ { QStringLiteral("mainland"), QStringLiteral("内地") },
-        { QStringLiteral("hongkong"), QStringLiteral("香港") } };
-    return words;
-}
-
-const CodeWords& statuses()
-{
-    static const CodeWords words{ { QStringLiteral("announced"), QStringLiteral("已公布") },
-        { QStringLiteral("provisional"), QStringLiteral("暂定") },
-        { QStringLiteral("computed"), QStringLiteral("推算") } };
-    return words;
-}
-
-} // namespace
-
 ClosureImporter::ClosureImporter(const QString& name, ImportReport& report)
     : m_name(name)
     , m_report(report)
@@ -33,10 +14,10 @@ ClosureImporter::ClosureImporter(const QString& name, ImportReport& report)
 
 Status ClosureImporter::take(ImportRow& row)
 {
-    const QString market = row.code(ClosureColumn::Market, markets());
+    const QString market = row.code(ClosureColumn::Market, CodeWords::calendarMarkets());
     const QDate day = row.neededText(ClosureColumn::Day).isEmpty() ? QDate() : row.date(ClosureColumn::Day);
     QString holiday = row.neededText(ClosureColumn::Holiday);
-    const QString status = row.code(ClosureColumn::Status, statuses());
+    const QString status = row.code(ClosureColumn::Status, CodeWords::closureStatuses());
     if (row.isRefused())
         return {};
     holiday.replace(QLatin1Char(','), QStringLiteral("，")).replace(QLatin1Char('\n'), QLatin1Char(' '));
@@ -51,7 +32,7 @@ Status ClosureImporter::finish()
     TradeCalendar extended = ClosureFiles::calendar();
     if (const Status status = extended.add(m_csv); !status)
         m_report.refuse({ 0, 0, QString(), status });
-    else if (ClosureFiles::installed(m_name) == m_csv)
+    else if (extended.rows() == ClosureFiles::calendar().rows())
         m_report.unchanged = m_report.rows;
     else
         m_report.changed = m_report.rows;

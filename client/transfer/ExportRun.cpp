@@ -7,6 +7,7 @@
 #include "CodeWords.h"
 #include "HistoryTexts.h"
 #include "InstructionStore.h"
+#include "JournalTexts.h"
 #include "Kelvo_Fields.h"
 #include "Orlo_Fields.h"
 #include "PlanCodes.h"
@@ -32,12 +33,21 @@ constexpr int DecimalsOfLimit = 1;
 /// Writes the rows of one kind.
 class Exporter {
 public:
-    Exporter(Database& database, const Market& market, const StoredUser& user, TableWriter& writer)
-        : m_database(database)
-        , m_market(market)
-        , m_user(user)
+    Exporter(const ExportRun::Task& task, TableWriter& writer)
+        : m_database(task.database)
+        , m_market(task.market)
+        , m_user(task.user)
+        , m_day(task.day)
         , m_writer(writer)
     {
+    }
+
+    Status closures()
+    {
+        for (const QStringList& row : ClosureFiles::calendar().rows())
+            m_writer.write({ CodeWords::calendarMarkets().word(row.at(0)), row.at(1), row.at(2),
+                CodeWords::closureStatuses().word(row.at(3)) });
+        return {};
     }
 
     Status securities()
@@ -134,6 +144,23 @@ public:
         });
     }
 
+    Status journal()
+    {
+        JournalStore store(m_database, m_user);
+        JournalPage page{ m_day, QString(), 0, PageSize };
+        int read = PageSize;
+        while (read == PageSize) {
+            const auto entries = store.page(page);
+            if (!entries)
+                return entries.status();
+            for (const JournalEntry& entry : *entries)
+                writeJournal(entry);
+            read = entries->size();
+            page.offset += read;
+        }
+        return {};
+    }
+
 private:
     // Oldest first, so that a plan keeps its place when there are new ones.
     Status eachPlan(const std::function<Status(const StoredPlan& plan)>& take)
@@ -213,9 +240,19 @@ private:
             StoredTexts::toJson(entry.before), StoredTexts::toJson(entry.after) });
     }
 
+    void writeJournal(const JournalEntry& entry)
+    {
+        const QStringList cells = JournalTexts::cells(entry);
+        enum { Time, Plan, Account, Security, Side, Event, Text, User };
+        m_writer.write({ m_day.toString(Qt::ISODate), cells.at(Time), cells.at(Plan), cells.at(Account),
+            entry.plan.record.value(Kelvo_Fields::Security::symbol).toString(), cells.at(Side), cells.at(Event),
+            cells.at(Text), cells.at(User) });
+    }
+
     Database& m_database;
     const Market& m_market;
     const StoredUser m_user;
+    const QDate m_day;
     TableWriter& m_writer;
 };
 
@@ -227,7 +264,8 @@ QMap<QString, Write> writers()
         { TransferForms::closes().id, &Exporter::closes }, { TransferForms::accounts().id, &Exporter::accounts },
         { TransferForms::users().id, &Exporter::users }, { TransferForms::positions().id, &Exporter::positions },
         { TransferForms::plans().id, &Exporter::plans }, { TransferForms::instructions().id, &Exporter::instructions },
-        { TransferForms::history().id, &Exporter::history } };
+        { TransferForms::history().id, &Exporter::history }, { TransferForms::closures().id, &Exporter::closures },
+        { TransferForms::journal().id, &Exporter::journal } };
 }
 
 TransferForm formOf(const QString& kind)
@@ -241,12 +279,11 @@ TransferForm formOf(const QString& kind)
 
 } // namespace
 
-Status ExportRun::run(Database& database, const Market& market, const StoredUser& user, const QString& kind,
-    TableFormat format, QIODevice& device)
+Status ExportRun::run(const Task& task, QIODevice& device)
 {
-    const auto writer = TableWriter::create(device, format, formOf(kind).tableColumns());
-    Exporter exporter(database, market, user, *writer);
-    const Status status = (exporter.*writers().value(kind))();
+    const auto writer = TableWriter::create(device, task.format, formOf(task.kind).tableColumns());
+    Exporter exporter(task, *writer);
+    const Status status = (exporter.*writers().value(task.kind))();
     return status ? writer->finish() : status;
 }
 

@@ -6,14 +6,25 @@
 #include "TransferForm.h"
 #include "UserStore.h"
 
+#include <QDate>
 #include <QIODevice>
 
 namespace ExportRun {
 
-/// Writes everything of a kind that the user may see: the tables of the kinds of `TransferForms::exportable`, which can
-/// be imported if there is an importer for them.
-Status run(Database& database, const Market& market, const StoredUser& user, const QString& kind, TableFormat format,
-    QIODevice& device);
+/// What is exported, as which user.
+struct Task {
+    Database& database;
+    const Market& market;
+    const StoredUser user;
+    /// A kind of `TransferForms::exportable`.
+    QString kind;
+    TableFormat format = TableFormat::Csv;
+    /// Of the journal.
+    QDate day = {};
+};
+
+/// Writes everything of a kind that the user may see, which can be imported if there is an importer for it.
+Status run(const Task& task, QIODevice& device);
 
 /// The format of a file by its name; fails for an unknown extension.
 Result<TableFormat> formatOf(const QString& file);

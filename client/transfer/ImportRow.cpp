@@ -12,11 +12,11 @@ QString textOf(std::string_view bytes)
     return QString::fromUtf8(bytes.data(), static_cast<int>(bytes.size())).trimmed();
 }
 
-QStringList captions(const QVector<TransferForm::Column>& columns)
+QStringList namesOf(const QVector<TransferForm::Column>& columns)
 {
     QStringList names;
     for (const TransferForm::Column& column : columns)
-        names << column.caption;
+        names << column.name();
     return names;
 }
 
@@ -34,7 +34,7 @@ void ImportHeadings::read(const TableRow& row, ImportReport& report)
             continue;
         if (column < 0)
             report.refuse({ row.line, place + 1, heading,
-                { Error::UnknownHeading, { heading, captions(m_form.columns).join(QStringLiteral("、")) } } });
+                { Error::UnknownHeading, { heading, namesOf(m_form.columns).join(QStringLiteral("、")) } } });
         else if (m_places.at(column) >= 0)
             report.refuse({ row.line, place + 1, heading, { Error::DuplicateHeading, { heading } } });
         else
@@ -43,7 +43,7 @@ void ImportHeadings::read(const TableRow& row, ImportReport& report)
     QStringList missing;
     for (int i = 0; i < m_form.columns.size(); ++i) {
         if (m_form.columns.at(i).isRequired && m_places.at(i) < 0)
-            missing << m_form.columns.at(i).caption;
+            missing << m_form.columns.at(i).name();
     }
     if (!missing.isEmpty())
         report.refuse({ row.line, 0, QString(), { Error::MissingHeadings, { missing.join(QStringLiteral("、")) } } });
@@ -69,9 +69,15 @@ std::string_view ImportRow::bytes(int column) const
                                                                          : std::string_view();
 }
 
-QString ImportRow::text(int column) const
+QString ImportRow::cell(int column) const
 {
     return textOf(bytes(column));
+}
+
+QString ImportRow::text(int column) const
+{
+    const QString own = cell(column);
+    return own.isEmpty() ? m_defaults.value(column) : own;
 }
 
 QString ImportRow::neededText(int column)

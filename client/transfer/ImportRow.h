@@ -37,12 +37,16 @@ class ImportRow {
 public:
     ImportRow(const ImportHeadings& headings, const TableRow& row, ImportReport& report);
 
+    /// Sets what empty cells mean, by column.
+    void setDefaults(const QStringList& texts) { m_defaults = texts; }
     qint64 line() const { return m_row.line; }
     /// Whether the file has the column.
     bool has(int column) const { return m_headings.placeOf(column) >= 0; }
     /// The cell as it is, empty if the file does not have it.
     std::string_view bytes(int column) const;
     /// Without blanks around it.
+    QString cell(int column) const;
+    /// The same; its default if it is empty.
     QString text(int column) const;
     /// Like `text`; refuses an empty one.
     QString neededText(int column);
@@ -61,11 +65,12 @@ public:
     bool isRefused() const { return m_isRefused; }
 
 private:
-    QString caption(int column) const { return m_headings.form().columns.at(column).caption; }
+    QString caption(int column) const { return m_headings.form().columns.at(column).name(); }
 
     const ImportHeadings& m_headings;
     const TableRow& m_row;
     ImportReport& m_report;
+    QStringList m_defaults;
     bool m_isRefused = false;
 };
 

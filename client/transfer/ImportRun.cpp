@@ -8,6 +8,7 @@
 #include "PlanImporter.h"
 #include "ServerLocation.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
 
@@ -34,7 +35,7 @@ std::unique_ptr<Importer> importerOf(const ImportTask& task, Database& database,
         return std::make_unique<PositionImporter>(database, report);
     if (isOf(task, TransferForms::closures()))
         return std::make_unique<ClosureImporter>(QFileInfo(task.file).completeBaseName(), report);
-    return std::make_unique<PlanImporter>(database, *task.scene, report);
+    return std::make_unique<PlanImporter>(database, *task.scene, task.templatePlan, report);
 }
 
 /// The import of one file.
@@ -51,15 +52,18 @@ public:
     /// Within the transaction.
     Status run()
     {
+        if (Status status = m_importer.begin(); !status)
+            return status;
         if (Status status = readRows(); !status)
             return status;
+        m_report.line = 0;
         if (Status status = m_importer.finish(); !status)
             return status;
         if (m_task.replaces && m_report.faultCount == 0) {
             if (Status status = m_importer.findRemovals(); !status)
                 return status;
         }
-        if (m_report.faultCount > 0)
+        if (m_report.faultCount > 0 && !mayLeaveOut())
             return { Error::FileNotImported, { QString::number(m_report.faultCount) } };
         if (m_task.isTrial)
             return Error::NothingStored;
@@ -73,15 +77,19 @@ private:
     Status readRows()
     {
         QFile file(m_task.file);
-        if (!QFileInfo(m_task.file).isFile())
+        QBuffer buffer;
+        buffer.setData(m_task.contents.value_or(QByteArray()));
+        if (!m_task.contents && !QFileInfo(m_task.file).isFile())
             return Error::NotAFile;
-        if (!file.open(QIODevice::ReadOnly))
+        m_device = m_task.contents ? static_cast<QIODevice*>(&buffer) : &file;
+        if (!m_device->open(QIODevice::ReadOnly))
             return Error::FileNotOpened;
         qint64 line = 0;
         const Status read = TableReader::read(
-            file, line, [this](const TableRow& row) { return take(row); }, m_task.progress);
+            *m_device, line, [this](const TableRow& row) { return take(row); }, [this](qint64) { return goesOn(); });
         if (!m_failure || read.error() == Error::Cancelled)
             return m_failure ? read : m_failure;
+        m_isRead = read && m_hasHeadings;
         if (!read && !m_hasBadHeadings)
             m_report.refuse({ line, 0, QString(), read });
         else if (!m_hasHeadings)
@@ -97,11 +105,23 @@ private:
             m_hasBadHeadings = m_report.faultCount > 0;
             return m_hasBadHeadings ? Error::NoHeadings : Status();
         }
-        ++m_report.rows;
+        // A part of a file may have thousands of rows.
+        if (++m_report.rows % RowsBetweenCalls == 0 && !goesOn())
+            return Error::Cancelled;
+        m_report.line = cells.line;
         ImportRow row(m_headings, cells, m_report);
         m_failure = m_importer.take(row);
         return m_failure;
     }
+
+    bool goesOn() const
+    {
+        constexpr qint64 Whole = 1000;
+        return !m_task.progress
+            || m_task.progress(static_cast<int>(Whole * m_device->pos() / std::max<qint64>(1, m_device->size())));
+    }
+
+    bool mayLeaveOut() const { return m_isRead && m_task.leavesOut && !m_task.templatePlan.isEmpty(); }
 
     bool isConfirmed() const
     {
@@ -109,13 +129,17 @@ private:
             [this](const QString& removal) { return m_task.removals.contains(removal); });
     }
 
+    static constexpr qint64 RowsBetweenCalls = 64;
+
     const ImportTask& m_task;
+    QIODevice* m_device = nullptr; ///< while rows are read
     Importer& m_importer;
     ImportReport& m_report;
     ImportHeadings m_headings;
     bool m_hasHeadings = false;
     bool m_hasBadHeadings = false;
-    Status m_failure; ///< of the database
+    bool m_isRead = false; ///< to the end
+    Status m_failure;      ///< of the database
 };
 
 Status importInto(Database& database, const ImportTask& task, ImportReport& report)
@@ -170,7 +194,10 @@ Status ImportRun::check(const QString& kind, bool replaces)
 
 Status ImportRun::run(const ImportTask& task, ImportReport& report)
 {
-    report = ImportReport();
+    ImportReport cleared;
+    cleared.mostFaults = report.mostFaults;
+    cleared.mostResults = report.mostResults;
+    report = cleared;
     report.file = QFileInfo(task.file).fileName();
     const Status status = importFile(task, report);
     report.isStored = bool(status);

@@ -9,6 +9,8 @@ public:
     virtual ~Importer() = default;
 
     virtual const TransferForm& form() const = 0;
+    /// Called before the first row.
+    virtual Status begin() { return {}; }
     /// Refuses the row, or writes it and counts it in the report. Fails only if the database does.
     virtual Status take(ImportRow& row) = 0;
     /// Writes what waits for the last row.

@@ -1,6 +1,7 @@
 #include "PlanImporter.h"
 
 #include "HistoryStore.h"
+#include "Kelvo_Fields.h"
 #include "PlanLife.h"
 #include "StoredTime.h"
 
@@ -8,26 +9,65 @@ using namespace TransferForms;
 
 namespace {
 
-QString planLine(const QString& name, const PlanStore::Record& record)
+QString symbolIn(const PlanStore::Record& record)
 {
-    return QStringLiteral("%1：%2").arg(name, record.value(QStringLiteral("symbol")).toString());
+    return record.value(Kelvo_Fields::Security::symbol).toString();
 }
 
 } // namespace
 
-PlanImporter::PlanImporter(Database& database, const IssueScene& scene, ImportReport& report)
+PlanImporter::PlanImporter(
+    Database& database, const IssueScene& scene, const QString& templatePlan, ImportReport& report)
     : m_database(database)
     , m_user(scene.user)
+    , m_templatePlan(templatePlan)
     , m_intake(database, scene)
     , m_sheet(database, scene.market, scene.user)
     , m_report(report)
 {
 }
 
-Status PlanImporter::take(ImportRow& row)
+const TransferForm& PlanImporter::form() const
+{
+    return m_templatePlan.isEmpty() ? TransferForms::plans() : TransferForms::planSheet();
+}
+
+Status PlanImporter::begin()
+{
+    if (m_templatePlan.isEmpty())
+        return {};
+    const Result<StoredPlan> plan = m_intake.plans().plan(m_templatePlan);
+    if (!plan || plan->id.isEmpty())
+        return plan ? Status(Error::UnknownPlan, { m_templatePlan }) : plan.status();
+    m_template = m_sheet.texts(*plan);
+    for (int column = PlanColumn::Plan; column <= PlanColumn::State; ++column)
+        m_template[column].clear();
+    return {};
+}
+
+// A cell replaces what it contradicts in the template.
+void PlanImporter::applyTemplate(ImportRow& row) const
+{
+    QStringList defaults = m_template;
+    const auto replace = [&](int column, const QVector<int>& others) {
+        for (const int other : others) {
+            if (!row.cell(column).isEmpty())
+                defaults[other].clear();
+        }
+    };
+    replace(PlanColumn::Quantity, { PlanColumn::Amount, PlanColumn::DailyAmount });
+    replace(PlanColumn::Amount, { PlanColumn::Quantity, PlanColumn::DailyQuantity });
+    replace(PlanColumn::Price1, { PlanColumn::PriceMode, PlanColumn::Price2 });
+    row.setDefaults(defaults);
+}
+
+QString PlanImporter::referenceOf(ImportRow& row)
 {
     const bool isNamed = !row.text(PlanColumn::Plan).isEmpty();
     QString reference = PlanSheet::reference(row);
+    // The template may have changed since the sheet was sent the first time.
+    if (!m_templatePlan.isEmpty())
+        reference = m_templatePlan + QLatin1Char('\x1D') + reference;
     // Equal rows without a reference are as many plans.
     if (const int before = m_references[reference]++; before > 0) {
         if (isNamed)
@@ -38,7 +78,14 @@ Status PlanImporter::take(ImportRow& row)
     } else {
         m_lines.insert(reference, row.line());
     }
-    const QString request = PlanSheet::requestOf(m_user, reference);
+    return reference;
+}
+
+Status PlanImporter::take(ImportRow& row)
+{
+    if (!m_templatePlan.isEmpty())
+        applyTemplate(row);
+    const QString request = PlanSheet::requestOf(m_user, referenceOf(row));
     const Result<StoredPlan> exported = exportedPlan(row);
     if (!exported)
         return exported.status();
@@ -84,7 +131,7 @@ Status PlanImporter::create(ImportRow& row, const QString& request)
     }
     const Result<QString> id = m_intake.create(*record, request);
     if (id)
-        m_report.count(true, { planLine(QStringLiteral("新增计划%1").arg(*id), *record) });
+        m_report.count(true, { ImportTexts::tr("新增计划%1：%2").arg(*id, symbolIn(*record)) });
     return id.status();
 }
 
@@ -104,7 +151,8 @@ Status PlanImporter::change(ImportRow& row, const StoredPlan& plan, bool isExpor
     } else {
         const Result<int> applied = wasApplied(plan, *record);
         if (!applied || *applied != 0) {
-            m_report.kept += applied ? 1 : 0;
+            if (applied)
+                m_report.keep(ImportTexts::tr("计划%1在导入后已另行修改").arg(plan.id));
             return applied.status();
         }
     }
@@ -115,7 +163,7 @@ Status PlanImporter::change(ImportRow& row, const StoredPlan& plan, bool isExpor
         row.refuse(refused);
         return {};
     }
-    m_report.count(false, { planLine(QStringLiteral("修改计划%1").arg(plan.id), *record) });
+    m_report.count(false, { ImportTexts::tr("修改计划%1：%2").arg(plan.id, symbolIn(*record)) });
     return m_intake.change(plan, *record, {});
 }
 

@@ -9,13 +9,17 @@
 /// creation, also after a lost connection, and a row of an exported plan by its number and creation.
 class PlanImporter : public Importer {
 public:
-    /// `scene`: its user creates the plans on its day.
-    PlanImporter(Database& database, const IssueScene& scene, ImportReport& report);
+    /// `scene`: its user creates the plans on its day. `templatePlan`: the id of the plan that has what the rows do not
+    /// have; empty for none.
+    PlanImporter(Database& database, const IssueScene& scene, const QString& templatePlan, ImportReport& report);
 
-    const TransferForm& form() const override { return TransferForms::plans(); }
+    const TransferForm& form() const override;
+    Status begin() override;
     Status take(ImportRow& row) override;
 
 private:
+    void applyTemplate(ImportRow& row) const;
+    QString referenceOf(ImportRow& row);
     Result<StoredPlan> exportedPlan(const ImportRow& row);
     Result<StoredPlan> importedPlan(const QString& request);
     Status create(ImportRow& row, const QString& request);
@@ -26,6 +30,8 @@ private:
 
     Database& m_database;
     const StoredUser m_user;
+    const QString m_templatePlan;
+    QStringList m_template; ///< its row
     PlanIntake m_intake;
     PlanSheet m_sheet;
     ImportReport& m_report;

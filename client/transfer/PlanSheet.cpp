@@ -123,7 +123,7 @@ private:
         }
         setText(m_record, Base::priceFormula2, second);
         if (isUnlimited && !price.isEmpty() && price.toDouble() != 0)
-            m_row.refuse(PlanColumn::Price1, { Error::UnknownCode, { QStringLiteral("价格"), price } });
+            m_row.refuse(PlanColumn::Price1, { Error::UnknownCode, { caption(PlanColumn::Price1), price } });
     }
 
     void readTargets()
@@ -134,8 +134,9 @@ private:
         const auto dailyAmount = amountOf(PlanColumn::DailyAmount);
         if (amount && quantity)
             m_row.refuse(PlanColumn::Amount, Error::QuantityAndAmount);
-        if (!amount && !quantity && !isReduction())
-            m_row.refuse(PlanColumn::Quantity, { Error::CellMissing, { QStringLiteral("目标总量") } });
+        const QString given = m_row.text(PlanColumn::Quantity) + m_row.text(PlanColumn::Amount);
+        if (given.isEmpty() && !isReduction())
+            m_row.refuse(PlanColumn::Quantity, { Error::CellMissing, { caption(PlanColumn::Quantity) } });
         const auto whole = static_cast<qint64>(amount.value_or(0) / m_security.displayFactor);
         m_record.insert(Base::totalQty, QString::number(quantity.value_or(whole)));
         setText(m_other, FieldId::TargetType, amount ? InstructionTargetType::AmountOrder : QString());
@@ -180,7 +181,8 @@ private:
         const QString entrust = m_row.text(PlanColumn::EntrustType);
         const QString number = entrust.isEmpty() ? QString() : entrustCode(entrust);
         if (!entrust.isEmpty() && number.isNull())
-            m_row.refuse(PlanColumn::EntrustType, { Error::UnknownCode, { QStringLiteral("委托类别"), entrust } });
+            m_row.refuse(
+                PlanColumn::EntrustType, { Error::UnknownCode, { caption(PlanColumn::EntrustType), entrust } });
         setText(m_other, FieldId::MarginSide, number);
         readAlgorithm();
     }
@@ -212,6 +214,8 @@ private:
         else
             map.insert(key, text);
     }
+
+    static QString caption(int column) { return TransferForms::plans().columns.at(column).name(); }
 
     bool isReduction() const { return m_record.value(Orlo_Fields::AutoPlan::templateCode) == PlanType::ReduceHoldings; }
 
@@ -260,10 +264,26 @@ Result<StoredAccount> PlanSheet::account(const QString& number)
     return read;
 }
 
+// Spreadsheets often have codes without a market.
+const Security* PlanSheet::securityOf(const QString& symbol) const
+{
+    if (symbol.contains(QLatin1Char('.')))
+        return m_market.find(symbol);
+    const Security* only = nullptr;
+    for (const QString& suffix :
+        { Kelvo_Values::SymbolPost::sh, Kelvo_Values::SymbolPost::sz, SymbolSuffix::Bj, SymbolSuffix::Hk }) {
+        const Security* const found = m_market.find(symbol + suffix);
+        if (found && only)
+            return nullptr;
+        only = found ? found : only;
+    }
+    return only;
+}
+
 Result<Record> PlanSheet::record(ImportRow& row, const Record& base)
 {
     const QString symbol = row.neededText(PlanColumn::Symbol).toUpper();
-    const Security* const security = m_market.find(symbol);
+    const Security* const security = securityOf(symbol);
     if (!symbol.isEmpty() && !security)
         row.refuse(PlanColumn::Symbol, { Error::UnknownSecurity, { symbol } });
     const QString number = row.neededText(PlanColumn::Account);
@@ -318,7 +338,7 @@ QString PlanSheet::reference(const ImportRow& row)
         return plan + QLatin1Char('@') + row.text(PlanColumn::Created);
     QStringList cells;
     for (int column = PlanColumn::Account; column <= PlanColumn::Remark; ++column)
-        cells << row.text(column);
+        cells << row.cell(column);
     return cells.join(QLatin1Char('\x1F'));
 }
 

@@ -27,6 +27,7 @@ private:
     class Reading;
 
     Result<StoredAccount> account(const QString& number);
+    const Security* securityOf(const QString& symbol) const;
 
     Database& m_database;
     const Market& m_market;

@@ -39,8 +39,8 @@ QStringList differences(const Security& before, const Security& after)
     QStringList lines;
     const auto note = [&](int column, const QString& from, const QString& to) {
         if (from != to)
-            lines << QStringLiteral("证券%1：%2由“%3”改为“%4”")
-                         .arg(after.symbol, TransferForms::securities().columns.at(column).caption, from, to);
+            lines << ImportTexts::tr("证券%1：%2由“%3”改为“%4”")
+                         .arg(after.symbol, TransferForms::securities().columns.at(column).name(), from, to);
     };
     const auto text = [](int number) { return QString::number(number); };
     note(SecurityColumn::Name, before.name, after.name);
@@ -104,7 +104,7 @@ Status SecurityImporter::take(ImportRow& row)
     if (!stored)
         return stored.status();
     if (stored->symbol.isEmpty()) {
-        m_report.count(true, { QStringLiteral("证券%1：新增%2").arg(security.symbol, security.name) });
+        m_report.count(true, { ImportTexts::tr("证券%1：新增%2").arg(security.symbol, security.name) });
         return m_store.add(security, {});
     }
     if (Status status = checkUse(row, *stored, security); !status || row.isRefused())
@@ -127,7 +127,7 @@ Status SecurityImporter::checkUse(ImportRow& row, const Security& before, const 
         return {};
     const int column =
         before.pricePrecision == after.pricePrecision ? SecurityColumn::Factor : SecurityColumn::Decimals;
-    row.refuse(column, { Error::SecurityInUse, { after.symbol, form().columns.at(column).caption } });
+    row.refuse(column, { Error::SecurityInUse, { after.symbol, form().columns.at(column).name() } });
     return {};
 }
 

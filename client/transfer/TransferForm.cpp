@@ -1,7 +1,10 @@
 #include "TransferForm.h"
 
 #include "Kelvo_Values.h"
+#include "Language.h"
 #include "Orlo_Values.h"
+
+#include <QCoreApplication>
 
 namespace {
 
@@ -45,6 +48,16 @@ Column securityAccount(const QString& exchange, const char* caption)
 
 } // namespace
 
+QString TransferForm::Column::name() const
+{
+    return languageInUse() == languageCodes().constFirst() ? caption : id;
+}
+
+QString TransferForm::name() const
+{
+    return QCoreApplication::translate("TransferForm", caption);
+}
+
 int TransferForm::columnNamed(const QString& name) const
 {
     for (int i = 0; i < columns.size(); ++i) {
@@ -66,7 +79,7 @@ QVector<TableColumn> TransferForm::tableColumns() const
 
 const TransferForm& TransferForms::closures()
 {
-    static const TransferForm form{ QStringLiteral("closures"), QStringLiteral("休市日"),
+    static const TransferForm form{ QStringLiteral("closures"), QT_TRANSLATE_NOOP("TransferForm", "休市日"),
         { needed("market", "市场"), needed("date", "日期", CellType::Date), needed("holiday", "节日"),
             needed("status", "状态") } };
     return form;
@@ -74,7 +87,7 @@ const TransferForm& TransferForms::closures()
 
 const TransferForm& TransferForms::securities()
 {
-    static const TransferForm form{ QStringLiteral("securities"), QStringLiteral("证券"),
+    static const TransferForm form{ QStringLiteral("securities"), QT_TRANSLATE_NOOP("TransferForm", "证券"),
         { symbol(), named(needed("name", "证券名称"), "名称 简称 证券简称"), named(needed("type", "证券类别"), "类别"),
             named(needed("sub-type", "证券子类"), "子类 板块 board"),
             named(needed("decimals", "价格小数位", CellType::Number), "小数位"),
@@ -87,7 +100,7 @@ const TransferForm& TransferForms::securities()
 
 const TransferForm& TransferForms::closes()
 {
-    static const TransferForm form{ QStringLiteral("closes"), QStringLiteral("收盘价"),
+    static const TransferForm form{ QStringLiteral("closes"), QT_TRANSLATE_NOOP("TransferForm", "收盘价"),
         { symbol(), named(needed("date", "日期", CellType::Date), "交易日 day"),
             named(needed("close", "收盘价", CellType::Number), "收盘 price") } };
     return form;
@@ -95,7 +108,7 @@ const TransferForm& TransferForms::closes()
 
 const TransferForm& TransferForms::accounts()
 {
-    static const TransferForm form{ QStringLiteral("accounts"), QStringLiteral("账户"),
+    static const TransferForm form{ QStringLiteral("accounts"), QT_TRANSLATE_NOOP("TransferForm", "账户"),
         { named(needed("account", "账户"), "交易账户"), text("name", "名称"), text("fund", "资金账号"),
             text("client", "客户号"), text("branch", "营业部"), text("asset", "资产属性"),
             securityAccount(Kelvo_Values::Exchange::sh, "上海证券账户"),
@@ -107,7 +120,7 @@ const TransferForm& TransferForms::accounts()
 
 const TransferForm& TransferForms::users()
 {
-    static const TransferForm form{ QStringLiteral("users"), QStringLiteral("用户和权限"),
+    static const TransferForm form{ QStringLiteral("users"), QT_TRANSLATE_NOOP("TransferForm", "用户和权限"),
         { named(needed("user", "用户编号"), "用户 id"), needed("name", "姓名"),
             named(text("account", "账户"), "交易账户"), text("types", "指令类型"),
             named(text("review", "复核"), "须复核") } };
@@ -116,7 +129,7 @@ const TransferForm& TransferForms::users()
 
 const TransferForm& TransferForms::positions()
 {
-    static const TransferForm form{ QStringLiteral("positions"), QStringLiteral("持仓"),
+    static const TransferForm form{ QStringLiteral("positions"), QT_TRANSLATE_NOOP("TransferForm", "持仓"),
         { named(needed("account", "账户"), "交易账户"), symbol(), text("security-account", "证券账户"),
             named(needed("quantity", "持仓数量", CellType::Number), "持仓 数量"),
             named(needed("tradeable", "可卖数量", CellType::Number), "可卖 可用数量") } };
@@ -125,7 +138,7 @@ const TransferForm& TransferForms::positions()
 
 const TransferForm& TransferForms::plans()
 {
-    static const TransferForm form{ QStringLiteral("plans"), QStringLiteral("计划"),
+    static const TransferForm form{ QStringLiteral("plans"), QT_TRANSLATE_NOOP("TransferForm", "计划"),
         { named(text("plan", "计划编号"), "编号 reference"), number("version", "版本"), text("created", "创建时间"),
             text("state", "状态"), named(needed("account", "账户"), "交易账户"), needed("instruction-type", "指令类型"),
             needed("plan-type", "计划类型"), symbol(), named(needed("side", "交易方向"), "方向 买卖"),
@@ -139,6 +152,17 @@ const TransferForm& TransferForms::plans()
     return form;
 }
 
+const TransferForm& TransferForms::planSheet()
+{
+    static const TransferForm form = [] {
+        TransferForm sheet = plans();
+        for (int i = 0; i < sheet.columns.size(); ++i)
+            sheet.columns[i].isRequired = i == PlanColumn::Symbol;
+        return sheet;
+    }();
+    return form;
+}
+
 QVector<TransferForm> TransferForms::importable()
 {
     return { closures(), securities(), closes(), accounts(), users(), positions(), plans() };
@@ -146,7 +170,7 @@ QVector<TransferForm> TransferForms::importable()
 
 const TransferForm& TransferForms::instructions()
 {
-    static const TransferForm form{ QStringLiteral("instructions"), QStringLiteral("指令"),
+    static const TransferForm form{ QStringLiteral("instructions"), QT_TRANSLATE_NOOP("TransferForm", "指令"),
         { text("instruction", "指令编号"), text("plan", "计划编号"), day("date", "日期"), text("account", "账户"),
             symbol(), text("side", "交易方向"), text("price", "价格"), number("quantity", "委托数量"),
             number("filled", "成交数量"), number("amount", "委托金额"), number("filled-amount", "成交金额"),
@@ -156,14 +180,23 @@ const TransferForm& TransferForms::instructions()
 
 const TransferForm& TransferForms::history()
 {
-    static const TransferForm form{ QStringLiteral("history"), QStringLiteral("历史"),
+    static const TransferForm form{ QStringLiteral("history"), QT_TRANSLATE_NOOP("TransferForm", "历史"),
         { text("time", "时间"), text("user", "用户"), text("client", "客户端"), text("plan", "计划编号"),
             number("version", "版本"), text("event", "事件"), text("subject", "对象"), text("before", "之前"),
             text("after", "之后") } };
     return form;
 }
 
+const TransferForm& TransferForms::journal()
+{
+    static const TransferForm form{ QStringLiteral("journal"), QT_TRANSLATE_NOOP("TransferForm", "日志"),
+        { day("date", "日期"), text("time", "时间"), text("plan", "计划编号"), text("account", "账户"), symbol(),
+            text("side", "交易方向"), text("event", "事项"), text("text", "内容"), text("user", "用户") } };
+    return form;
+}
+
 QVector<TransferForm> TransferForms::exportable()
 {
-    return { securities(), closes(), accounts(), users(), positions(), plans(), instructions(), history() };
+    return { closures(), securities(), closes(), accounts(), users(), positions(), plans(), instructions(), history(),
+        journal() };
 }

@@ -18,13 +18,19 @@ struct TransferForm {
         bool isRequired = false;
         /// Other names, for example of other programs.
         QStringList others = {};
+
+        /// The name in the language in use.
+        QString name() const;
     };
 
     /// The name on the command line.
     QString id;
-    /// As shown to the user.
-    QString caption;
+    /// As shown to the user, untranslated.
+    const char* caption;
     QVector<Column> columns;
+
+    /// As shown to the user.
+    QString name() const;
 
     /// The number of the column with a name, in any case; -1 if there is none.
     int columnNamed(const QString& name) const;
@@ -94,11 +100,14 @@ const TransferForm& accounts();
 const TransferForm& users();
 const TransferForm& positions();
 const TransferForm& plans();
+/// Plans that take what their rows do not have from a template; only the security is needed.
+const TransferForm& planSheet();
 QVector<TransferForm> importable();
 
 /// Those that are only exported.
 const TransferForm& instructions();
 const TransferForm& history();
+const TransferForm& journal();
 QVector<TransferForm> exportable();
 
 } // namespace TransferForms

@@ -151,3 +151,17 @@ const CodeWords& CodeWords::answers()
         { QStringLiteral("0"), chinese("否"), others("no false n") } };
     return words;
 }
+
+const CodeWords& CodeWords::calendarMarkets()
+{
+    static const CodeWords words{ { QStringLiteral("mainland"), chinese("内地") },
+        { QStringLiteral("hongkong"), chinese("香港") } };
+    return words;
+}
+
+const CodeWords& CodeWords::closureStatuses()
+{
+    static const CodeWords words{ { QStringLiteral("announced"), chinese("已公布") },
+        { QStringLiteral("provisional"), chinese("暂定") }, { QStringLiteral("computed"), chinese("推算") } };
+    return words;
+}

@@ -35,6 +35,8 @@ public:
     static const CodeWords& assetProperties();
     static const CodeWords& specialTreatments();
     static const CodeWords& answers();
+    static const CodeWords& calendarMarkets();
+    static const CodeWords& closureStatuses();
 
 private:
     QVector<Word> m_words;

@@ -9,6 +9,7 @@
 #include "EditorForms.h"
 #include "ErrorText.h"
 #include "HistoryTexts.h"
+#include "ImportSheet.h"
 #include "IssueSheet.h"
 #include "Kelvo_Fields.h"
 #include "OrloWidget.h"
@@ -212,6 +213,9 @@ void MainWindow::buildActions()
     plans->addAction(issue);
     auto* const day = new DayWindows(this);
     plans->addActions(day->actions());
+    auto* const imports = new ImportActions(this, [this] { return currentPlan(); });
+    plans->addSeparator();
+    plans->addActions(imports->actions());
     connect(day, &DayWindows::planWanted, this, &MainWindow::goToPlan);
     QMenu* const view = menuBar()->addMenu(tr("视图(&V)"));
     view->addActions({ reload, skin, strategies });

@@ -37,7 +37,7 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         }
         return Status();
     });
-    FUZZ_REQUIRE(report.faults.size() <= ImportReport::MostFaults && report.faultCount >= report.faults.size());
+    FUZZ_REQUIRE(report.faults.size() <= report.mostFaults && report.faultCount >= report.faults.size());
     FUZZ_REQUIRE(status || line >= 0);
     return 0;
 }
