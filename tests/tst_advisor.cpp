@@ -348,7 +348,7 @@ private Q_SLOTS:
         const QStringList before = rows("rules");
         const int failed = static_cast<int>(before.filter(QRegularExpression(QStringLiteral("^✗"))).size());
         const int asked = static_cast<int>(before.filter(QRegularExpression(QStringLiteral("^\\?"))).size());
-        QCOMPARE(before.size(), 34);
+        QCOMPARE(before.size(), 36);
         const bool accepts = box != QStringLiteral("msgBoxQuestion");
         const QString seen = boxOf([this] { dialogDriver().confirm(); }, qPrintable(box), accepts);
         QVERIFY2(!seen.isEmpty(), qPrintable(before.join(QLatin1Char('\n'))));

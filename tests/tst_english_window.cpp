@@ -14,6 +14,7 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QHeaderView>
@@ -231,6 +232,27 @@ private Q_SLOTS:
         boxes().setOnShown({});
         QTRY_VERIFY_WITH_TIMEOUT(!field<QWidget>(window(), "issueProgress")->isVisible(), Patience);
         QCOMPARE(chinese(), QStringList());
+    }
+
+    void theSheetOfAnImport()
+    {
+        const QString plan = createSamples(1).constFirst();
+        openWindow();
+        window().selectPlan(plan);
+        field<QAction>(window(), "action_sheet")->trigger();
+        QCOMPARE(chinese(), QStringList());
+        QGuiApplication::clipboard()->setText(
+            QStringLiteral("code\tquantity\tamount\n%1\t1000\t\n%1\t1.5\t\nX\t\t\n").arg(share()));
+        QTest::mouseClick(field<QAbstractButton>(window(), "btn_paste"), Qt::LeftButton);
+        QTRY_VERIFY_WITH_TIMEOUT(!field<QWidget>(window(), "importProgress")->isVisible(), Patience);
+        QCOMPARE(field<QLabel>(window(), "importText")->text(),
+            QStringLiteral("Clipboard: 1 added, 0 changed, 0 unchanged, 2 errors, not imported"));
+        QCOMPARE(chinese(), QStringList());
+        auto* const kinds = field<QComboBox>(window(), "combx_importKind");
+        for (int kind = 0; kind < kinds->count(); ++kind) {
+            kinds->setCurrentIndex(kind);
+            QCOMPARE(chinese(), QStringList());
+        }
     }
 
     void theBoxesAndDialogs()
