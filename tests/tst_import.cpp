@@ -419,10 +419,10 @@ private Q_SLOTS:
         QCOMPARE(report.faultCount, qint64(2));
         QVERIFY(report.isStored);
         QCOMPARE(*plans.count(), 4);
-        QCOMPARE(fieldsOf(plans, "AP00000003"),
+        QCOMPARE(fieldsOf(plans, plans.page(0, 2)->at(1).id),
             QStringList({ text("688001.SH"), text("2000"), text(""), text("昨收价*1.01"), text("2027-12-21"),
                 text("2027-12-31") }));
-        QCOMPARE(fieldsOf(plans, "AP00000004"),
+        QCOMPARE(fieldsOf(plans, plans.page(0, 2)->at(0).id),
             QStringList({ text("600000.SH"), text("1000000"), text("1000000.00"), text("10.01"), text("2027-12-20"),
                 text("2027-12-31") }));
         // Sent again, no row is there twice, also after a change of the template.
@@ -630,10 +630,10 @@ private:
     }
 
     /// The fields of a plan that a sheet sets.
-    static QStringList fieldsOf(PlanStore& plans, const char* plan)
+    static QStringList fieldsOf(PlanStore& plans, const QString& plan)
     {
         namespace Base = AutoPlanField::BaseField;
-        const PlanStore::Record record = plans.record(text(plan)).valueOr({});
+        const PlanStore::Record record = plans.record(plan).valueOr({});
         QStringList all{ record.value(Kelvo_Fields::Security::symbol).toString(),
             record.value(Base::totalQty).toString(),
             PlanTexts::otherParam(record.value(Base::planOtherParam).toString())

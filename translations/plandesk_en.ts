@@ -2104,6 +2104,10 @@ Continue?</translation>
         <source>证券%1：新增%2</source>
         <translation>Security %1: added %2</translation>
     </message>
+    <message>
+        <source>新增计划：%1</source>
+        <translation>New plan: %1</translation>
+    </message>
 </context>
 <context>
     <name>IssueSheet</name>

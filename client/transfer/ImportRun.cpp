@@ -35,7 +35,7 @@ std::unique_ptr<Importer> importerOf(const ImportTask& task, Database& database,
         return std::make_unique<PositionImporter>(database, report);
     if (isOf(task, TransferForms::closures()))
         return std::make_unique<ClosureImporter>(QFileInfo(task.file).completeBaseName(), report);
-    return std::make_unique<PlanImporter>(database, *task.scene, task.templatePlan, report);
+    return std::make_unique<PlanImporter>(database, *task.scene, task.templatePlan, task.isTrial, report);
 }
 
 /// The import of one file.

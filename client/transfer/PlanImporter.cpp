@@ -17,10 +17,11 @@ QString symbolIn(const PlanStore::Record& record)
 } // namespace
 
 PlanImporter::PlanImporter(
-    Database& database, const IssueScene& scene, const QString& templatePlan, ImportReport& report)
+    Database& database, const IssueScene& scene, const QString& templatePlan, bool isTrial, ImportReport& report)
     : m_database(database)
     , m_user(scene.user)
     , m_templatePlan(templatePlan)
+    , m_isTrial(isTrial)
     , m_intake(database, scene)
     , m_sheet(database, scene.market, scene.user)
     , m_report(report)
@@ -131,7 +132,9 @@ Status PlanImporter::create(ImportRow& row, const QString& request)
     }
     const Result<QString> id = m_intake.create(*record, request);
     if (id)
-        m_report.count(true, { ImportTexts::tr("新增计划%1：%2").arg(*id, symbolIn(*record)) });
+        m_report.count(true,
+            { m_isTrial ? ImportTexts::tr("新增计划：%1").arg(symbolIn(*record))
+                        : ImportTexts::tr("新增计划%1：%2").arg(*id, symbolIn(*record)) });
     return id.status();
 }
 

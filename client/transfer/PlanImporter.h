@@ -10,8 +10,9 @@
 class PlanImporter : public Importer {
 public:
     /// `scene`: its user creates the plans on its day. `templatePlan`: the id of the plan that has what the rows do not
-    /// have; empty for none.
-    PlanImporter(Database& database, const IssueScene& scene, const QString& templatePlan, ImportReport& report);
+    /// have; empty for none. In a trial, the numbers of new plans are not known.
+    PlanImporter(
+        Database& database, const IssueScene& scene, const QString& templatePlan, bool isTrial, ImportReport& report);
 
     const TransferForm& form() const override;
     Status begin() override;
@@ -31,6 +32,7 @@ private:
     Database& m_database;
     const StoredUser m_user;
     const QString m_templatePlan;
+    const bool m_isTrial;
     QStringList m_template; ///< its row
     PlanIntake m_intake;
     PlanSheet m_sheet;
