@@ -4,6 +4,7 @@
 #include "FuzzTarget.h"
 #include "ImportRun.h"
 #include "InstructionIssuer.h"
+#include "TransferForm.h"
 
 #include <QCoreApplication>
 #include <QStandardPaths>
