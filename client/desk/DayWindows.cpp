@@ -47,6 +47,7 @@ DayWindows::DayWindows(QMainWindow* window)
     connect(m_untilRead, &QTimer::timeout, m_alerts, &Alerts::refresh);
     connect(regularly, &QTimer::timeout, m_alerts, &Alerts::refresh);
     connect(&PlanEvents::instance(), &PlanEvents::planStored, this, later);
+    connect(&PlanEvents::instance(), &PlanEvents::plansStored, this, later);
     connect(&PlanEvents::instance(), &PlanEvents::plansChanged, this, later);
     m_alerts->refresh();
 }
