@@ -55,10 +55,7 @@ private Q_SLOTS:
         dialogDriver().type("le_targetTotalNum", QStringLiteral("3000"));
         QVERIFY(!line()->isVisible());
 
-        log().allowWarning(QStringLiteral("QSocketNotifier: Invalid socket"));
-        // Of what the form and the window read, and of the driver.
-        log().allowWarning(QStringLiteral("PlanEvents::report"));
-        log().allowWarning(QStringLiteral("server closed the connection unexpectedly"));
+        log().allowLostConnection();
         FaultServer::stop(mode);
         QTRY_VERIFY_WITH_TIMEOUT(line()->isVisible(), ThreeSeconds);
         QCOMPARE(line()->text(), QStringLiteral("与服务器的连接已断开，正在重新连接……"));

@@ -26,6 +26,7 @@ constexpr int LongestIdleTransaction = 60000;
 // How long the client waits for a server that does not answer. A call that waits for locks first gets less, so that its
 // statements together take less than five seconds.
 constexpr qint64 LongestCall = 2500;
+constexpr std::chrono::milliseconds LongestOpening(4000); // longer than libpq waits for a connection
 constexpr qint64 LongestTransaction = 4000;
 constexpr qint64 ShortestCall = 1000;
 constexpr qint64 LongestPing = 1800;
@@ -65,6 +66,13 @@ private:
     Status m_status;
     int m_row = -1;
 };
+
+/// libpq's connection of a driver; null before there is one.
+PGconn* handleOf(const QSqlDriver& driver)
+{
+    const QVariant handle = driver.handle();
+    return handle.isValid() ? *static_cast<PGconn* const*>(handle.constData()) : nullptr;
+}
 
 /// Finds the driver's notifier of a socket when it is first activated.
 class SocketWatch : public QObject {
@@ -123,10 +131,17 @@ Status PostgresEngine::connect(QSqlDatabase& connection, const QString& name, co
         return Error::NoServerDriver;
     connection = QSqlDatabase::addDatabase(driver, name);
     ServerLocation::apply(location, connection);
-    if (!connection.open())
-        return { Error::NoConnection, { PostgresStatus::firstLine(connection.lastError().databaseText()) } };
     m_driver = connection.driver();
-    m_connection = *static_cast<PGconn* const*>(m_driver->handle().constData());
+    {
+        // Libpq limits the time until there is a connection, but the driver sends statements before it returns.
+        const auto socket = [driver = m_driver] { return PQsocket(handleOf(*driver)); };
+        const StallGuard::Call call(socket, LongestOpening);
+        if (!connection.open())
+            return { Error::NoConnection, { PostgresStatus::firstLine(connection.lastError().databaseText()) } };
+    }
+    m_connection = handleOf(*m_driver);
+    if (PQstatus(m_connection) != CONNECTION_OK)
+        return { Error::NoConnection, { PostgresStatus::firstLine(QString::fromUtf8(PQerrorMessage(m_connection))) } };
     m_socket = fcntl(PQsocket(m_connection), F_DUPFD_CLOEXEC, 0);
     return {};
 }

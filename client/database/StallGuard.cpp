@@ -4,7 +4,18 @@
 
 #include <algorithm>
 
+namespace {
+
+constexpr std::chrono::milliseconds BetweenAttempts(200);
+
+} // namespace
+
 StallGuard::Call::Call(int socket, std::chrono::milliseconds longest)
+    : Call([socket] { return socket; }, longest)
+{
+}
+
+StallGuard::Call::Call(const std::function<int()>& socket, std::chrono::milliseconds longest)
     : m_socket(socket)
     , m_end(std::chrono::steady_clock::now() + longest)
 {
@@ -64,9 +75,9 @@ StallGuard::Time StallGuard::endStalled()
     Time next = Time::max();
     for (const Call* call : m_calls) {
         if (call->m_end <= now)
-            ::shutdown(call->m_socket, SHUT_RDWR);
-        else
-            next = std::min(next, call->m_end);
+            ::shutdown(call->m_socket(), SHUT_RDWR);
+        // Again, because there may be no socket yet.
+        next = std::min(next, std::max(call->m_end, now + BetweenAttempts));
     }
     return next;
 }

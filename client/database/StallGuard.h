@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <functional>
 #include <mutex>
 #include <thread>
 #include <vector>
@@ -15,6 +16,8 @@ public:
     class Call {
     public:
         Call(int socket, std::chrono::milliseconds longest);
+        /// A call that opens the socket meanwhile: `socket` returns it, or -1 before, and is called by another thread.
+        Call(const std::function<int()>& socket, std::chrono::milliseconds longest);
         ~Call();
         Call(const Call&) = delete;
         Call& operator=(const Call&) = delete;
@@ -22,7 +25,7 @@ public:
     private:
         friend class StallGuard;
 
-        const int m_socket;
+        const std::function<int()> m_socket;
         const std::chrono::steady_clock::time_point m_end;
     };
 

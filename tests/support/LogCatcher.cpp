@@ -51,6 +51,13 @@ void LogCatcher::allowWarning(const QString& part)
     m_allowed.append(part);
 }
 
+void LogCatcher::allowLostConnection()
+{
+    for (const char* const part : { "PlanEvents::report", "QSocketNotifier: Invalid socket",
+             "server closed the connection unexpectedly", "no connection to the server" })
+        allowWarning(QString::fromLatin1(part));
+}
+
 QList<LogLine> LogCatcher::lines() const
 {
     const QMutexLocker lock(&guard());

@@ -28,6 +28,8 @@ public:
 
     /// Accepts any number of warnings or errors whose text contains `part`.
     void allowWarning(const QString& part);
+    /// Accepts what the client, Qt and its driver report if the connection to a server is lost.
+    void allowLostConnection();
 
     /// Every line since the last `clear()`, in order.
     QList<LogLine> lines() const;
