@@ -36,7 +36,7 @@ using model::Step;
 constexpr int StepsPerSequence = 30;
 /// More steps are generated than executed: some are impossible at their position.
 constexpr int StepsDrawn = 60;
-constexpr int DefaultSequences = 2000;
+constexpr int DefaultSequences = 1000;
 /// Seconds after which a sequence counts as hanging.
 constexpr unsigned LongestSequence = 20;
 
