@@ -98,7 +98,7 @@ private Q_SLOTS:
     void anOpeningThatStallsEndsInTime_data()
     {
         QTest::addColumn<QByteArray>("from");
-        QTest::newRow("first statement of the driver") << QByteArray("client_encoding");
+        QTest::newRow("first statement of the driver") << QByteArray("DATESTYLE");
         QTest::newRow("last statement of the driver") << QByteArray("bytea_output");
         QTest::newRow("first statement of the client") << QByteArray("session_user");
     }
