@@ -182,6 +182,64 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(notice->isVisible(), Patience);
     }
 
+    // --- Users who cannot make a plan
+
+    void aUserWithoutRightGetsNoForm_data()
+    {
+        const QString noRight =
+            QStringLiteral("用户%1的账户没有下单权限，或没有相应市场的证券账户，不能新建计划，请联系管理员");
+        QTest::addColumn<QString>("user");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("no account") << "trader02"
+                                    << QStringLiteral("用户trader02没有账户，不能新建计划，请联系管理员分配账户");
+        QTest::newRow("bonds in Beijing only") << "trader05" << noRight.arg(QStringLiteral("trader05"));
+        QTest::newRow("a margin account in Beijing") << "trader08" << noRight.arg(QStringLiteral("trader08"));
+        QTest::newRow("no account at an exchange") << "trader09" << noRight.arg(QStringLiteral("trader09"));
+        QTest::newRow("no right") << "trader10" << noRight.arg(QStringLiteral("trader10"));
+    }
+
+    void aUserWithoutRightGetsNoForm()
+    {
+        QFETCH(QString, user);
+        QFETCH(QString, text);
+        QCOMPARE(session().reopen(user), Status());
+        openWindow();
+        QCOMPARE(boxOf([this] { press(&window(), Qt::Key_N, Qt::ControlModifier); }, "msgBoxWarning"), text);
+        QCOMPARE(openForms().size(), 0);
+        QCOMPARE(QApplication::focusWidget(), field<QTableView>(window(), "planTable"));
+    }
+
+    void aUserWithoutAccountCannotCopy()
+    {
+        QVERIFY(!session().create(reduction(SampleSession::record())).isEmpty());
+        QCOMPARE(session().reopen(QStringLiteral("reviewer01")), Status());
+        openWindow();
+        QCOMPARE(rows(), 1);
+        QCOMPARE(boxOf([this] { press(&window(), Qt::Key_D, Qt::ControlModifier); }, "msgBoxWarning"),
+            QStringLiteral("用户reviewer01没有账户，不能新建计划，请联系管理员分配账户"));
+        QCOMPARE(openForms().size(), 0);
+        QCOMPARE(QApplication::focusWidget(), field<QTableView>(window(), "planTable"));
+    }
+
+    void oneAccountWithRightIsEnough_data()
+    {
+        QTest::addColumn<QString>("user");
+        for (const char* const user : { "trader01", "trader03", "trader04", "trader06", "trader07" })
+            QTest::newRow(user) << QString::fromLatin1(user);
+    }
+
+    void oneAccountWithRightIsEnough()
+    {
+        QFETCH(QString, user);
+        QCOMPARE(session().reopen(user), Status());
+        openWindow();
+        pressForEditor(Qt::Key_N);
+        auto* const account = field<QComboBox>(*dialogEditor(), "combx_fundAccount");
+        account->setCurrentIndex(0);
+        QVERIFY(field<QComboBox>(*dialogEditor(), "combx_instructionType")->count() > 0);
+        dialog().leave();
+    }
+
     // --- Keys
 
     void controlEnterIsOkInEveryField_data()

@@ -1742,6 +1742,14 @@
         <source>从%1起，应紧接上一期，从%2起</source>
         <translation>begins on %1, but must follow the period before, on %2</translation>
     </message>
+    <message>
+        <source>用户%1没有账户，不能新建计划，请联系管理员分配账户</source>
+        <translation>User %1 has no account and cannot create plans; ask the administrator for an account</translation>
+    </message>
+    <message>
+        <source>用户%1的账户没有下单权限，或没有相应市场的证券账户，不能新建计划，请联系管理员</source>
+        <translation>User %1 has no account with the right to trade and a security account for its market, and cannot create plans; ask the administrator</translation>
+    </message>
 </context>
 <context>
     <name>FormDraft</name>

@@ -128,8 +128,10 @@ enum class Error {
     OtherParamNotJson,
     UnknownCode, ///< caption, code
     NoAccount,
-    UnknownAccount, ///< account
-    NoAuthority,    ///< account
+    UnknownAccount,     ///< account
+    NoAuthority,        ///< account
+    UserWithoutAccount, ///< user id
+    UserWithoutRight,   ///< user id
     NoSecurity,
     UnknownSecurity,        ///< symbol
     WrongExchange,          ///< symbol, exchange

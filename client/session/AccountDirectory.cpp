@@ -1,6 +1,10 @@
 #include "AccountDirectory.h"
 
+#include "Kelvo_Values.h"
+#include "Orlo_Values.h"
 #include "PlanCodes.h"
+
+#include <algorithm>
 
 Status AccountDirectory::load(Database& database, const QString& userId)
 {
@@ -62,6 +66,32 @@ int AccountDirectory::ruleProperty(const QString& tradingAccount, const QString&
 QString AccountDirectory::chainKey(const QString& tradingAccount, const QString& instructionType) const
 {
     return rights(tradingAccount, instructionType).chainKey;
+}
+
+Status AccountDirectory::newPlanError(const QString& userId) const
+{
+    if (m_accounts.isEmpty())
+        return { Error::UserWithoutAccount, { userId } };
+    const bool isAny = std::any_of(
+        m_accounts.cbegin(), m_accounts.cend(), [this](const StoredAccount& account) { return mayTrade(account); });
+    return isAny ? Status() : Status(Error::UserWithoutRight, { userId });
+}
+
+// The rules of the form: an account that fits none of them is not offered, or is offered without an instruction type.
+bool AccountDirectory::mayTrade(const StoredAccount& account) const
+{
+    using namespace PlanCodes;
+    using namespace Kelvo_Values::Exchange;
+    using namespace Orlo_Values::Exchange;
+    const auto has = [this, &account](const QString& type, const QStringList& exchanges) {
+        return hasAuthority(account.tradingAccount, type)
+            && std::any_of(exchanges.cbegin(), exchanges.cend(),
+                [&account](const QString& exchange) { return account.exchangeAccounts.contains(exchange); });
+    };
+    if (account.assetProperty == Orlo_Values::FundAccountType::Credit)
+        return has(InstructionType::Credit, { sh, sz });
+    return has(InstructionType::Ordinary, { sh, sz, bj }) || has(InstructionType::Bond, { sh, sz })
+        || has(InstructionType::HkConnect, { HkStockCirculation });
 }
 
 QStringList AccountDirectory::executors(const QString& chainKey) const

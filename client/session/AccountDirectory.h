@@ -23,6 +23,8 @@ public:
     int ruleProperty(const QString& tradingAccount, const QString& instructionType) const;
     /// Empty if the account has no chain for the type.
     QString chainKey(const QString& tradingAccount, const QString& instructionType) const;
+    /// Why the form offers no account of the user for a new plan; success if it offers one.
+    Status newPlanError(const QString& userId) const;
     /// User names in chain order, with duplicates; empty if the chain is unknown.
     QStringList executors(const QString& chainKey) const;
     QStringList forwarders(const QString& chainKey) const;
@@ -35,6 +37,7 @@ private:
     using RightsKey = QPair<QString, QString>;
 
     Status read(Database& database, const QString& userId);
+    bool mayTrade(const StoredAccount& account) const;
     Status readRights(AuthorityStore& store, const QString& userId, const QString& tradingAccount);
     Status readChain(AuthorityStore& store, const QString& chainKey);
     Rights rights(const QString& tradingAccount, const QString& instructionType) const;

@@ -1,12 +1,15 @@
 #include "EditorForms.h"
 
+#include "ClientSession.h"
 #include "EditorDialog.h"
+#include "ErrorText.h"
 #include "OrloWidget.h"
 
 #include <algorithm>
 
-EditorForms::EditorForms(QObject* parent)
-    : QObject(parent)
+EditorForms::EditorForms(QWidget* window)
+    : QObject(window)
+    , m_window(window)
 {
     add();
 }
@@ -15,7 +18,8 @@ EditorForms::~EditorForms() = default;
 
 void EditorForms::openNew()
 {
-    unused()->openNew();
+    if (mayOpenNew())
+        unused()->openNew();
 }
 
 void EditorForms::openEdit(const QString& planId)
@@ -33,7 +37,8 @@ void EditorForms::openEdit(const QString& planId)
 
 void EditorForms::openCopy(const QString& planId)
 {
-    unused()->openCopy(planId);
+    if (mayOpenNew())
+        unused()->openCopy(planId);
 }
 
 void EditorForms::openDraft(const FormDraft& draft)
@@ -81,6 +86,15 @@ void EditorForms::lookForChange()
 {
     for (const auto& form : m_forms)
         form->lookForChange();
+}
+
+bool EditorForms::mayOpenNew() const
+{
+    const ClientSession& session = ClientSession::instance();
+    const Status status = session.accounts().newPlanError(session.user().id);
+    if (!status)
+        OrloWidget::ShowWarningMsgBox(errorText(status), m_window);
+    return bool(status);
 }
 
 EditorDialog* EditorForms::add()

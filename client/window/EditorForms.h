@@ -17,9 +17,11 @@ class EditorForms : public QObject {
     Q_OBJECT
 
 public:
-    explicit EditorForms(QObject* parent);
+    /// `window`: of the plans.
+    explicit EditorForms(QWidget* window);
     ~EditorForms() override;
 
+    /// Opens a form, or says why the user cannot fill it in.
     void openNew();
     /// Brings the form of a plan that is already edited to the front.
     void openEdit(const QString& planId);
@@ -48,10 +50,12 @@ Q_SIGNALS:
     void closed(const QString& storedPlan);
 
 private:
+    bool mayOpenNew() const;
     EditorDialog* add();
     EditorDialog* unused();
     void use(const EditorDialog* form);
 
+    QWidget* m_window;
     DraftFile m_drafts;
     std::vector<std::unique_ptr<EditorDialog>> m_forms; ///< the one that was used last is at the end
     QString m_skin;
