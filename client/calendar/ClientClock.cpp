@@ -2,6 +2,7 @@
 
 #include "ClosureFiles.h"
 #include "Kelvo_Values.h"
+#include "StoredTime.h"
 #include "TradeCalendar.h"
 
 #include <QHash>
@@ -15,8 +16,6 @@ constexpr int LongestClosure = 40;
 
 // Days before the calendar's end from which the client asks for an extension.
 constexpr int WarningDays = 90;
-
-constexpr int MarketOffset = 8 * 3600;
 
 QDateTime& chosenTime()
 {
@@ -44,7 +43,7 @@ QDate firstKnownDay(const TradeCalendar& calendar, const QString& exchange, int 
 
 QDate marketDay(const QDateTime& moment)
 {
-    return moment.toOffsetFromUtc(MarketOffset).date();
+    return StoredTime::atMarket(moment).date();
 }
 
 // In the notation of POSIX, which needs no time zone database: hours that are added to get UTC.
@@ -62,7 +61,7 @@ QDate clientToday()
 QDateTime clientNow()
 {
     const QDateTime now = chosenTime().isValid() ? chosenTime() : QDateTime::currentDateTimeUtc();
-    return now.toOffsetFromUtc(MarketOffset);
+    return StoredTime::atMarket(now);
 }
 
 void setClientTime(const QDateTime& now)
@@ -72,7 +71,7 @@ void setClientTime(const QDateTime& now)
 
 void setClientToday(const QDate& today)
 {
-    setClientTime(today.isValid() ? QDateTime(today, QTime(12, 0), Qt::OffsetFromUTC, MarketOffset) : QDateTime());
+    setClientTime(today.isValid() ? StoredTime::ofMarket(today, QTime(12, 0)) : QDateTime());
 }
 
 QDate lastTradeDayBefore(const QDate& day)

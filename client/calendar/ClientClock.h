@@ -7,7 +7,7 @@
 #include <QList>
 #include <QString>
 
-/// The date at the markets at a moment: that of China, which has had no daylight saving time since 1991.
+/// The date at the markets at a moment.
 QDate marketDay(const QDateTime& moment);
 /// Makes the market's time the local time of the process, for code that reads the system's local date. Call it before
 /// other threads start.

@@ -3,10 +3,9 @@
 #include "AutoPlanField.h"
 #include "Kelvo_Fields.h"
 #include "PlanTexts.h"
+#include "StoredTime.h"
 
 namespace {
-
-constexpr int MarketOffset = 8 * 3600; ///< seconds ahead of UTC
 
 QDate dateOf(const StoredPlan& plan, const QString& key)
 {
@@ -15,7 +14,7 @@ QDate dateOf(const StoredPlan& plan, const QString& key)
 
 QDate firstDay(const StoredPlan& plan)
 {
-    const QDateTime since = plan.activeSince.toOffsetFromUtc(MarketOffset);
+    const QDateTime since = StoredTime::atMarket(plan.activeSince);
     const QDate active = since.time() < MissedDays::latestStart() ? since.date() : since.date().addDays(1);
     return qMax(active, dateOf(plan, AutoPlanField::BaseField::beginDate));
 }

@@ -17,8 +17,7 @@ QString text(const QDate& day)
 
 QString utc(const QDate& day, const QTime& time)
 {
-    constexpr int MarketOffset = 8 * 3600;
-    return StoredTime::toText(QDateTime(day, time, Qt::OffsetFromUTC, MarketOffset));
+    return StoredTime::toText(StoredTime::ofMarket(day, time));
 }
 
 QString kindName(Alert::Kind kind)

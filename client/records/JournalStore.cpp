@@ -13,8 +13,7 @@ namespace {
 // A day at the markets begins eight hours earlier in UTC.
 QString startOf(const QDate& day)
 {
-    constexpr int MarketOffset = 8 * 3600;
-    return StoredTime::toText(QDateTime(day, QTime(0, 0), Qt::OffsetFromUTC, MarketOffset));
+    return StoredTime::toText(StoredTime::ofMarket(day, QTime(0, 0)));
 }
 
 PlanState stateOf(const QString& json)

@@ -16,8 +16,7 @@ const QString Newest = QStringLiteral("number DESC");
 /// The day in the market's time.
 QString marketDay(const QDateTime& time)
 {
-    constexpr int SecondsAheadOfUtc = 8 * 3600;
-    return time.toOffsetFromUtc(SecondsAheadOfUtc).date().toString(Qt::ISODate);
+    return StoredTime::atMarket(time).date().toString(Qt::ISODate);
 }
 
 } // namespace

@@ -30,15 +30,14 @@ QString kindName(Kind kind)
 
 QString timeText(const JournalEntry& entry)
 {
-    constexpr int MarketOffset = 8 * 3600; // seconds ahead of UTC
-    const QDateTime time = entry.time.toOffsetFromUtc(MarketOffset);
+    const QDateTime time = StoredTime::atMarket(entry.time);
     return entry.time.isValid() ? QLocale::c().toString(time, QStringLiteral("HH:mm:ss")) : QString();
 }
 
 QString stateText(const JournalEntry& entry)
 {
     const QString change = QStringLiteral("%1→%2").arg(PlanLife::word(entry.before), PlanLife::word(entry.after));
-    return entry.reason.isEmpty() ? change : QStringLiteral("%1（%2）").arg(change, entry.reason);
+    return entry.reason.isEmpty() ? change : JournalTexts::tr("%1（%2）").arg(change, entry.reason);
 }
 
 } // namespace
