@@ -298,6 +298,82 @@ private Q_SLOTS:
         QCOMPARE(table().selectedPlans(), QStringList{ plans.at(5) });
     }
 
+    void everyPlanIsSelectedByOneKey()
+    {
+        const QStringList plans = openOnMany();
+        press(&table(), Qt::Key_A, Qt::ControlModifier);
+        QCOMPARE(sorted(table().selectedPlans()), sorted(plans));
+        QCOMPARE(window().currentPlan(), plans.at(0));
+        press(&window(), Qt::Key_F5);
+        bar().setValue(900);
+        QCoreApplication::processEvents();
+        QVERIFY(table().selectionModel()->isRowSelected(table().rowAt(0), QModelIndex()));
+        QCOMPARE(table().selectedPlans().size(), Many);
+        clickFilter("filter_failed");
+        press(&table(), Qt::Key_A, Qt::ControlModifier);
+        QCOMPARE(table().selectedPlans(), QStringList());
+    }
+
+    void aRangeReachesBeyondTheRows()
+    {
+        const QStringList plans = openOnMany();
+        press(&table(), Qt::Key_Down);
+        press(&table(), Qt::Key_End, Qt::ShiftModifier);
+        QCOMPARE(window().currentPlan(), plans.constLast());
+        QCOMPARE(sorted(table().selectedPlans()), sorted(plans.mid(1)));
+        press(&table(), Qt::Key_Up, Qt::ShiftModifier);
+        QCOMPARE(sorted(table().selectedPlans()), sorted(plans.mid(1, Many - 2)));
+        press(&table(), Qt::Key_Home, Qt::ShiftModifier);
+        QCOMPARE(table().selectedPlans(), plans.mid(0, 2));
+        // A click begins another range, which a click elsewhere ends.
+        clickRow(0);
+        bar().setValue(800);
+        QCoreApplication::processEvents();
+        clickRow(3, Qt::ShiftModifier);
+        QCOMPARE(sorted(table().selectedPlans()), sorted(plans.mid(0, 804)));
+        for (int i = 0; i < 3; ++i)
+            press(&table(), Qt::Key_PageDown, Qt::ShiftModifier);
+        const int last = plans.indexOf(window().currentPlan());
+        QVERIFY(last > 804);
+        QCOMPARE(sorted(table().selectedPlans()), sorted(plans.mid(0, last + 1)));
+        press(&table(), Qt::Key_Down);
+        QCOMPARE(table().selectedPlans(), QStringList{ plans.at(last + 1) });
+    }
+
+    void moreThanCanBeSelectedIsSaid()
+    {
+        constexpr int TooMany = 10001;
+        QStringList ids;
+        const Status created = colleague().transaction([&] {
+            while (ids.size() < TooMany)
+                ids.prepend(create({}));
+            return Status();
+        });
+        QCOMPARE(created, Status());
+        openWindow();
+        const QString said = QStringLiteral("一次最多选择10000个计划，请先筛选或搜索");
+        press(&table(), Qt::Key_A, Qt::ControlModifier);
+        QCOMPARE(status(), said);
+        QCOMPARE(table().selectedPlans(), QStringList{ ids.at(0) });
+        press(&table(), Qt::Key_Down);
+        press(&table(), Qt::Key_End, Qt::ShiftModifier);
+        QCOMPARE(table().selectedPlans().size(), 10000);
+    }
+
+    void aSearchThatFindsTooManyNamesSaysSo()
+    {
+        endSession();
+        const SampleSession many(QStringLiteral("trader01"), 6000);
+        QCOMPARE(many.opened(), Status());
+        openWindow();
+        const QString said = QStringLiteral("共0个计划（名称含有这些字的证券过多，只搜索了前1000只，请输入更多的字）");
+        press(&window(), Qt::Key_F, Qt::ControlModifier);
+        search().setText(QStringLiteral("股"));
+        QTRY_COMPARE(status(), said);
+        search().setText(many.symbolOf(Kelvo_Values::MdcSubSecurityType::Ashares, QStringLiteral(".SH")));
+        QTRY_COMPARE(status(), QStringLiteral("共0个计划"));
+    }
+
     void selectedPlansAreCopiedAsRows()
     {
         const QStringList plans = { create({}), create({}), create({}) };

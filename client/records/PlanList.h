@@ -27,8 +27,11 @@ struct PlanSearch {
     qint64 lastNumber = 0;
     /// The start of their security's symbol; empty for none.
     QString symbolStart;
+    /// Securities by their names, at most `MostNames`, and whether there are more.
     QStringList symbols;
+    bool hasMoreNames = false;
     QStringList tradingAccounts;
+    static constexpr int MostNames = 1000;
 
     bool isEmpty() const;
     /// Whether only numbers match.

@@ -212,6 +212,19 @@ Result<QVector<StoredPlan>> PlanStore::page(const PlanList& list, const PlanSlic
     return plans;
 }
 
+Result<QStringList> PlanStore::ids(const PlanList& list, const PlanSlice& slice)
+{
+    const PlanListQuery query(m_scope, list, m_database.dialect());
+    const Result<PlanSlice> bounded = this->bounded(query, slice);
+    if (!bounded)
+        return bounded.status();
+    const SqlQuery numbers = query.slice(*bounded);
+    QStringList found;
+    const Status status = m_database.read(numbers.text, numbers.values,
+        [&found](const QSqlQuery& row) { found << PlanId::fromNumber(row.value(0).toLongLong()); });
+    return status ? Result<QStringList>(found) : status;
+}
+
 /// The slice with an end, if that spares reading many plans of each account.
 Result<PlanSlice> PlanStore::bounded(const PlanListQuery& query, const PlanSlice& slice)
 {

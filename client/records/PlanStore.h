@@ -58,7 +58,9 @@ public:
     Result<QHash<QString, StoredPlan>> plansById(const QStringList& planIds);
     /// The plans of a slice, in the order of the list; empty after its end.
     Result<QVector<StoredPlan>> page(const PlanList& list, const PlanSlice& slice);
-    /// The same for the list of all plans, newest first.
+    /// The ids of the same plans.
+    Result<QStringList> ids(const PlanList& list, const PlanSlice& slice);
+    /// The plans of a page of the list of all plans, newest first.
     Result<QVector<StoredPlan>> page(int offset, int limit);
     /// The number of plans of a list. From `most` on it may be too small.
     Result<int> count(const PlanList& list = {}, int most = std::numeric_limits<int>::max());

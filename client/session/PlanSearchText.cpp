@@ -9,8 +9,6 @@
 
 namespace {
 
-// A name that so many securities have in common is too short to search for.
-constexpr int MostNames = 1000;
 constexpr int UsualDigits = 8;
 
 /// The numbers of the plans whose ids begin with "AP" and the digits.
@@ -37,7 +35,10 @@ void addSecurities(PlanSearch& search, const QString& text)
     securities.appendByCode(text, 1, first);
     if (!first.isEmpty())
         search.symbolStart = text;
-    securities.appendByName(text, MostNames, search.symbols);
+    // A name that so many securities have in common is too short to search for.
+    securities.appendByName(text, PlanSearch::MostNames + 1, search.symbols);
+    search.hasMoreNames = search.symbols.size() > PlanSearch::MostNames;
+    search.symbols = search.symbols.mid(0, PlanSearch::MostNames);
 }
 
 void addAccounts(PlanSearch& search, const QString& text)

@@ -18,6 +18,8 @@ namespace {
 
 // Rows beyond the visible ones that are read before they become visible.
 constexpr int Margin = 50;
+// What is done with plans is done with each one, and their ids are kept.
+constexpr int MostSelected = 10000;
 
 const QRegularExpression LineOrTab(QStringLiteral("[\\t\\r\\n]"));
 
@@ -94,10 +96,65 @@ PlanTable::PlanTable(QWidget* parent)
 
 void PlanTable::keyPressEvent(QKeyEvent* event)
 {
+    const QString former = m_current.id;
     if (event->matches(QKeySequence::Copy))
         copySelected();
+    else if (event->matches(QKeySequence::SelectAll))
+        selectAllPlans();
     else
         QTableView::keyPressEvent(event);
+    if (!(event->modifiers() & Qt::ShiftModifier))
+        m_rangeStart = m_current;
+    else if (m_current.id != former)
+        selectRange();
+}
+
+void PlanTable::mousePressEvent(QMouseEvent* event)
+{
+    QTableView::mousePressEvent(event);
+    if (!(event->modifiers() & Qt::ShiftModifier))
+        m_rangeStart = m_current;
+    else if (!(event->modifiers() & Qt::ControlModifier))
+        selectRange();
+}
+
+/// Selects the plans between the one where the selection began and the current one. Qt only knows those of the rows.
+void PlanTable::selectRange()
+{
+    const int first = m_plans->rowOf(m_rangeStart.id);
+    const int last = m_plans->rowOf(m_current.id);
+    if (first >= 0 && last >= 0) {
+        select(m_plans->ids().mid(qMin(first, last), qAbs(last - first) + 1));
+        return;
+    }
+    PlanPlace from = list().placeOf(m_rangeStart);
+    PlanPlace until = list().placeOf(m_current);
+    if (list().precedes(until, from))
+        std::swap(from, until);
+    PlanSlice range;
+    range.limit = MostSelected + 1;
+    range.from = from;
+    range.isFromIncluded = true;
+    range.until = until;
+    range.isUntilIncluded = true;
+    select(m_plans->idsOf(range));
+}
+
+void PlanTable::selectAllPlans()
+{
+    PlanSlice all;
+    all.limit = MostSelected + 1;
+    select(m_plans->idsOf(all));
+}
+
+/// Selects these plans, or only the current one if they are too many.
+void PlanTable::select(const QStringList& ids)
+{
+    const bool isPossible = ids.size() <= MostSelected;
+    const QStringList selected = isPossible ? ids : QStringList{ m_current.id };
+    keepPlans([&] { m_selected = QSet<QString>(selected.cbegin(), selected.cend()); });
+    if (!isPossible)
+        Q_EMIT tooManySelected(MostSelected);
 }
 
 /// Copies the texts of the shown columns, as spreadsheets take them: tabs between columns, a line for each plan.
@@ -133,6 +190,7 @@ Status PlanTable::show(const PlanList& list)
     executeDelayedItemsLayout();
     setCurrentIndex(m_plans->index(0, 0));
     noteCurrent(m_plans->plan(0));
+    m_rangeStart = m_current;
     verticalScrollBar()->setValue(0);
     showPosition();
     return {};
@@ -174,6 +232,7 @@ void PlanTable::selectPlan(const QString& planId)
     if (row < 0)
         clearSelection();
     noteCurrent(m_plans->plan(row));
+    m_rangeStart = m_current;
 }
 
 QStringList PlanTable::selectedPlans() const

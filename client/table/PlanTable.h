@@ -12,7 +12,7 @@ class QScrollBar;
 
 /// The table of the stored plans. Its model has some hundred rows around the visible ones; other rows are read when the
 /// user scrolls to them, with any of the usual keys, the wheel or `positionBar`. The current plan and the selected ones
-/// are kept by their ids, also while they are no rows.
+/// are kept by their ids, also while they are no rows; a selection can reach beyond the rows.
 class PlanTable : public QTableView {
     Q_OBJECT
     // Set by the skins.
@@ -63,11 +63,14 @@ Q_SIGNALS:
     void listChanged(const Status& read);
     /// All plans have been counted.
     void counted();
+    /// The user wanted to select more plans than can be selected at once.
+    void tooManySelected(int most);
     /// The user typed a character, which begins a search.
     void searchTyped(const QString& text);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void updateGeometries() override;
@@ -77,6 +80,9 @@ private:
     class Selection;
 
     void copySelected();
+    void selectRange();
+    void selectAllPlans();
+    void select(const QStringList& ids);
     void sortBy(int column);
     void showOrder();
     void keepPlans(const std::function<void()>& change);
@@ -99,6 +105,7 @@ private:
     PlanTableModel* m_plans;
     QScrollBar* m_bar;
     StoredPlan m_current;
+    StoredPlan m_rangeStart;      ///< where a selection with Shift begins
     QSet<QString> m_selected;     ///< ids
     bool m_isChanging = false;    ///< the rows are being changed, not by the user
     bool m_showsPosition = false; ///< `positionBar` is being moved, not by the user

@@ -221,6 +221,11 @@ QVector<ListedPlan> PlanTableModel::listed(const QStringList& planIds) const
     return found;
 }
 
+QStringList PlanTableModel::idsOf(const PlanSlice& slice) const
+{
+    return isOpen() ? valueOrReport(plans().ids(m_list, slice), QStringList()) : QStringList();
+}
+
 int PlanTableModel::rowOf(const QString& planId) const
 {
     const auto row = std::find_if(

@@ -54,6 +54,8 @@ public:
     StoredPlan listed(const QString& planId);
     /// Plans that were listed, in the order of the list.
     QVector<ListedPlan> listed(const QStringList& planIds) const;
+    /// The ids of the plans of a part of the list, in its order.
+    QStringList idsOf(const PlanSlice& slice) const;
     /// The row of a plan; -1 if there is none.
     int rowOf(const QString& planId) const;
     /// Like `rowOf`; if there is none, replaces the rows by those around the plan, unless it is not in the list or

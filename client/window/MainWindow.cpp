@@ -108,6 +108,8 @@ MainWindow::MainWindow(QWidget* parent)
     connect(m_table, &PlanTable::currentPlanChanged, this, &MainWindow::showCurrent);
     connect(m_pane, &PlanPane::listChanged, this, &MainWindow::showState);
     connect(m_table, &PlanTable::counted, this, [this] { m_status->showCount(); });
+    connect(m_table, &PlanTable::tooManySelected, this,
+        [this](int most) { m_status->showDone(tr("一次最多选择%1个计划，请先筛选或搜索").arg(most)); });
     connect(m_table, &QTableView::doubleClicked, this, &MainWindow::openEdit);
     connect(qApp, &QGuiApplication::focusWindowChanged, this, &MainWindow::keepKeyboard, Qt::QueuedConnection);
     // Before the plans are read, so that no change is missed.

@@ -39,5 +39,9 @@ QString StatusLine::countText() const
     const int plans = m_table.planCount();
     const QString count = m_table.isCounting() ? tr("共%1个以上计划").arg(plans) : tr("共%1个计划").arg(plans);
     const int above = m_table.newAbove();
-    return above == 0 ? count : tr("%1，上方有%2个新计划").arg(count, QString::number(above));
+    const QString text = above == 0 ? count : tr("%1，上方有%2个新计划").arg(count, QString::number(above));
+    const std::optional<PlanSearch>& search = m_table.list().search;
+    if (!search || !search->hasMoreNames)
+        return text;
+    return tr("%1（名称含有这些字的证券过多，只搜索了前%2只，请输入更多的字）").arg(text).arg(PlanSearch::MostNames);
 }
