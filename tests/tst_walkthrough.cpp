@@ -1,5 +1,6 @@
 #include "ClientFormTest.h"
 #include "MainWindow.h"
+#include "PlanRow.h"
 #include "TestStatus.h"
 #include "WalkThrough.h"
 
@@ -34,6 +35,19 @@ private:
         return WalkThrough(window, folder.path()).run();
     }
 
+    /// The stored states other than the usual one.
+    static QStringList statesOfPlans()
+    {
+        QStringList states;
+        const auto all = plans().page(0, 100);
+        for (const StoredPlan& plan : all.valueOr({})) {
+            if (plan.state != PlanState::Active)
+                states << PlanRow::stateText(plan.state);
+        }
+        states.sort();
+        return states;
+    }
+
 private Q_SLOTS:
     void initTestCase() { QApplication::setFont(QFont(QStringLiteral("Sans Serif"), 9)); }
 
@@ -54,22 +68,26 @@ private Q_SLOTS:
         QCOMPARE(session().reopen(), Status());
         const QTemporaryDir folder;
         QVERIFY(walk(folder, QStringLiteral("light")));
-        QCOMPARE(*plans().count(), 9);
+        QCOMPARE(*plans().count(), 10);
 
         const QStringList forms = pictures(folder.path(), QStringLiteral("*-form.png"));
-        QCOMPARE(forms.size(), 9);
+        QCOMPARE(forms.size(), 11);
         for (const QString& form : forms)
             QCOMPARE(QImage(folder.filePath(form)).size(), FormSize);
-        QCOMPARE(pictures(folder.path(), QStringLiteral("*-advisor.png")).size(), 10);
-        QCOMPARE(pictures(folder.path(), QStringLiteral("*-box.png")).size(), 12);
+        QCOMPARE(pictures(folder.path(), QStringLiteral("*-advisor.png")).size(), 12);
+        QCOMPARE(pictures(folder.path(), QStringLiteral("*-box.png")).size(), 14);
         QCOMPARE(pictures(folder.path(), QStringLiteral("*-panel.png")).size(), 2);
+        for (const char* const stage : { "*-warned-advisor.png", "*-date-advisor.png", "*-issue-sheet.png",
+                 "*-pause-window.png", "*-stop-reason.png", "*-stop-window.png" })
+            QCOMPARE(pictures(folder.path(), QLatin1String(stage)).size(), 1);
+        QCOMPARE(statesOfPlans(), QStringList({ QStringLiteral("paused"), QStringLiteral("stopped") }));
     }
 
     void aSecondWalkThroughTheSameDatabasePassesToo()
     {
         startSession();
         const QTemporaryDir folder;
-        for (const int count : { 9, 18 }) {
+        for (const int count : { 10, 20 }) {
             QVERIFY(walk(folder, QStringLiteral("dark")));
             QCOMPARE(*plans().count(), count);
         }

@@ -16,11 +16,6 @@ using namespace PlanCodes;
 
 namespace {
 
-void print(const QString& line)
-{
-    QTextStream(stdout) << line << QLatin1Char('\n');
-}
-
 QString accountWith(int ruleProperty, const QStringList& instructionTypes)
 {
     const AccountDirectory& directory = ClientSession::instance().accounts();
@@ -59,6 +54,11 @@ bool WalkThrough::run()
     editStarted();
     copyOrdinary();
     answerQuestion();
+    showAdvisor();
+    refuseDate();
+    previewDay();
+    pausePlan();
+    stopPlan();
     showOtherSkin();
     print(QStringLiteral("\n核对一致的计划%1个，问题%2个，图片%3张在%4")
               .arg(QString::number(m_stored), QString::number(m_problems), QString::number(m_pictures),
@@ -147,6 +147,11 @@ QString WalkThrough::newestPlan()
 {
     const QStringList ids = m_probe.planIds();
     return ids.isEmpty() ? QString() : ids.constLast();
+}
+
+void WalkThrough::print(const QString& line)
+{
+    QTextStream(stdout) << line << QLatin1Char('\n');
 }
 
 void WalkThrough::picture(QWidget* widget, const QString& what)

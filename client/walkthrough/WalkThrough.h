@@ -3,6 +3,7 @@
 #include "DatabaseProbe.h"
 #include "FormDriver.h"
 #include "MessageBoxResponder.h"
+#include "PlanStore.h"
 
 #include <QDir>
 #include <QString>
@@ -31,6 +32,11 @@ private:
     void editStarted();
     void copyOrdinary();
     void answerQuestion();
+    void showAdvisor();
+    void refuseDate();
+    void previewDay();
+    void pausePlan();
+    void stopPlan();
     void showOtherSkin();
 
     bool prepare();
@@ -40,6 +46,10 @@ private:
     void beginStage(const QString& name, const QString& title);
     bool press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     bool openEditor(Qt::Key key);
+    /// Clicks an entry of the main window's menu.
+    void chooseFromMenu(const char* action);
+    /// Waits until the plan has the state and the window shows it.
+    void expectState(const QString& planId, PlanState state);
     void createPlan(const PlanForm& form);
     void send(const QVector<MessageBoxResponder::Box>& boxes);
     void checkStored(const QString& planId, const PlanForm& form, const ShownDates& dates);
@@ -47,6 +57,7 @@ private:
     void picture(QWidget* widget, const QString& what);
     /// The form, and the dialog with the advisor, which shows what is stored about it.
     void pictureForm(const QString& what);
+    static void print(const QString& line);
     void problem(const QString& text);
     void collect(const QStringList& problems);
 
