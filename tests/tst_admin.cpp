@@ -46,22 +46,10 @@ QString quoted(QString name)
     return QLatin1Char('"') + name.replace(QLatin1Char('"'), QLatin1String("\"\"")) + QLatin1Char('"');
 }
 
-struct ProgramEnd {
-    int code = -1;
-    QString output;
-    QString errors;
-};
-
 ProgramEnd plandesk(const QStringList& arguments, const QString& input = {})
 {
-    QProcess program;
-    program.start(QStringLiteral(PLANDESK_PROGRAM), arguments);
-    program.write(input.toUtf8());
-    program.closeWriteChannel();
-    if (!program.waitForFinished())
-        return ProgramEnd();
-    return { program.exitCode(), QString::fromUtf8(program.readAllStandardOutput()),
-        QString::fromUtf8(program.readAllStandardError()) };
+    return runProgram(
+        QStringLiteral(PLANDESK_PROGRAM), arguments, QProcessEnvironment::systemEnvironment(), input.toUtf8());
 }
 
 const AccountAdministration::Items WholeAccount{ { line("name"), line("一号") }, { line("fund"), line("F1") },
@@ -651,4 +639,5 @@ private:
 };
 
 QTEST_MAIN(AdminTest)
+#include "ProgramRun.h"
 #include "tst_admin.moc"

@@ -1,13 +1,18 @@
 // The client in English: no window, menu, tool tip, box or message has a Chinese text that is not data.
 #include "AdvisorPanel.h"
+#include "AutoPlanField.h"
+#include "ChineseTexts.h"
 #include "ClientWindowTest.h"
 #include "DayPrice.h"
 #include "ErrorText.h"
 #include "HistoryTexts.h"
+#include "InstructionIssuer.h"
 #include "Language.h"
 #include "PlanCodes.h"
 #include "PlanLife.h"
 #include "PlanTable.h"
+#include "StrategyFolder.h"
+#include "StrategyTexts.h"
 #include "TestStatus.h"
 
 #include <QAbstractButton>
@@ -16,27 +21,25 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QFile>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
-#include <QRegularExpression>
-#include <QSqlDatabase>
-#include <QSqlQuery>
+#include <QTemporaryDir>
 #include <QTranslator>
+#include <QTreeWidget>
 #include <QtTest>
 
-#include <algorithm>
+#include <memory>
 
 using namespace PlanCodes;
 
 namespace {
 
 constexpr int Patience = 10000; // milliseconds
-
-const QRegularExpression Han(QStringLiteral("\\p{Han}"));
 
 void addModel(const QAbstractItemModel* model, QStringList& texts)
 {
@@ -78,45 +81,17 @@ class EnglishWindowTest : public ClientWindowTest {
 private:
     void prepare() override
     {
-        ClientWindowTest::prepare();
+        // First, because the algorithms are read once.
         QCOMPARE(useLanguage(QStringLiteral("en")), Status());
-        readData();
+        ClientWindowTest::prepare();
+        m_chinese = std::make_unique<ChineseTexts>(session().file());
+        // What a message says can be typed.
+        m_chinese->allow({ QStringLiteral("千, 万, 百万, 千万 and 亿") });
     }
     void tidyUp() override
     {
         ClientWindowTest::tidyUp();
         qDeleteAll(qApp->findChildren<QTranslator*>());
-    }
-
-    /// The names and texts that are stored, the names in formulas, and what a message says can be typed.
-    void readData()
-    {
-        m_data = QStringList{ PriceItem::PreviousClose, PriceItem::UpperLimit, PriceItem::LowerLimit,
-            QStringLiteral("默认不指定"), QStringLiteral("千, 万, 百万, 千万 and 亿") };
-        QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("data"));
-        database.setDatabaseName(session().file());
-        QVERIFY(database.open());
-        for (const char* table :
-            { "name FROM users", "name FROM accounts", "name FROM securities", "text FROM static_texts",
-                "title FROM agreements", "content FROM agreements", "alias FROM strategies" }) {
-            QSqlQuery query(QStringLiteral("SELECT ") + QLatin1String(table), database);
-            while (query.next())
-                m_data << query.value(0).toString();
-        }
-        database = QSqlDatabase();
-        QSqlDatabase::removeDatabase(QStringLiteral("data"));
-        std::sort(m_data.begin(), m_data.end(), [](const QString& a, const QString& b) { return a.size() > b.size(); });
-    }
-
-    bool isChinese(QString text) const
-    {
-        if (!text.contains(Han))
-            return false;
-        static const QRegularExpression averages(QStringLiteral("\\d+日均价"));
-        text.remove(averages);
-        for (const QString& data : m_data)
-            text.remove(data);
-        return text.contains(Han);
     }
 
     /// The Chinese texts of all visible windows.
@@ -132,7 +107,7 @@ private:
         }
         QStringList found;
         for (const QString& text : qAsConst(texts)) {
-            if (isChinese(text) && !found.contains(text))
+            if (m_chinese->isIn(text) && !found.contains(text))
                 found << text;
         }
         return found;
@@ -150,7 +125,7 @@ private:
         QTRY_VERIFY_WITH_TIMEOUT(advisor->isSettled(), Patience);
     }
 
-    QStringList m_data;
+    std::unique_ptr<ChineseTexts> m_chinese;
 
 private Q_SLOTS:
     void theWindow()
@@ -294,20 +269,132 @@ private Q_SLOTS:
         QCOMPARE(found, QStringList());
     }
 
+    void thePanelOfEveryAlgorithm()
+    {
+        openWindow();
+        fillForm();
+        FormDriver driver = dialogDriver();
+        driver.choose("combx_instructionMode", InstMode::AlgoReview);
+        QTest::mouseClick(field<QWidget>(*dialogEditor(), "btn_algoParamSetting"), Qt::LeftButton);
+        auto* const panel = field<QWidget>(*dialogEditor(), "algorithmPanel");
+        QVERIFY(panel->isVisible());
+        auto* const strategies = field<QComboBox>(*panel, "combx_strategy");
+        QCOMPARE(strategies->count(), 5);
+        for (int i = 0; i < strategies->count(); ++i) {
+            strategies->setCurrentIndex(i);
+            QCOMPARE(chinese(), QStringList());
+            // Every parameter is wrong, so that one is refused.
+            for (QLineEdit* const line : panel->findChildren<QLineEdit*>())
+                line->setText(QStringLiteral("x"));
+            QTest::mouseClick(field<QWidget>(*panel, "btn_ok"), Qt::LeftButton);
+            QVERIFY(panel->isVisible());
+            QCOMPARE(chinese(), QStringList());
+        }
+        boxes().take();
+        dialog().leave();
+    }
+
+    void theConflict()
+    {
+        const QString plan = createSamples(1).constFirst();
+        openWindow();
+        pressForEditor(Qt::Key_E);
+        dialogDriver().type("le_targetTotalNum", QStringLiteral("3000"));
+        PlanStore::Record record = SampleSession::record();
+        record.insert(AutoPlanField::BaseField::totalQty, QStringLiteral("2000"));
+        record.insert(AutoPlanField::BaseField::priceModel, PriceModel::Custom);
+        record.insert(AutoPlanField::BaseField::priceFormula1, QStringLiteral("9.9"));
+        QCOMPARE(plans().modify(plan, 1, record, ClientSession::instance().changeNow()), Status());
+        const QString refusal = send("msgBoxError");
+        QVERIFY(!refusal.isEmpty() && !m_chinese->isIn(refusal));
+        QTRY_VERIFY_WITH_TIMEOUT(QApplication::activeModalWidget(), Patience);
+        QCOMPARE(chinese(), QStringList());
+        QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+        dialog().leave();
+    }
+
+    void theStrategyFiles()
+    {
+        const QTemporaryDir folder;
+        QFile file(folder.filePath(QStringLiteral("bad.xml")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(
+            StrategyTexts::strategy(QStringLiteral("<Parameter name=\"P\" xsi:type=\"UTCTimestamp_t\"/>")).toUtf8());
+        file.close();
+        QVERIFY(QFile::copy(file.fileName(), folder.filePath(QStringLiteral("worse.xml"))));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("<Strategies/>");
+        file.close();
+        openWindow();
+        field<QAction>(window(), "action_strategies")->trigger();
+        QCOMPARE(chinese(), QStringList());
+        StrategyFolder::instance().open(folder.path());
+        auto* const files = field<QTreeWidget>(window(), "strategyFiles");
+        QTRY_COMPARE_WITH_TIMEOUT(files->topLevelItemCount(), 2, Patience);
+        QCOMPARE(chinese(), QStringList());
+        StrategyFolder::instance().open(QString());
+        QTRY_COMPARE_WITH_TIMEOUT(files->topLevelItemCount(), 0, Patience);
+    }
+
+    void theJournalAndTheAlerts()
+    {
+        createSamples(2);
+        session().create(customPrice(SampleSession::record(), QStringLiteral("1-1")));
+        QVERIFY(InstructionIssuer::issueDay(SampleSession::today()));
+        openWindow();
+        press(&window(), Qt::Key_J, Qt::ControlModifier);
+        QTRY_VERIFY_WITH_TIMEOUT(field<QTableView>(window(), "journalRows")->model()->rowCount() > 0, Patience);
+        QCOMPARE(chinese(), QStringList());
+        press(&window(), Qt::Key_L, Qt::ControlModifier);
+        QTRY_VERIFY_WITH_TIMEOUT(field<QTableView>(window(), "alertRows")->model()->rowCount() > 0, Patience);
+        QCOMPARE(chinese(), QStringList());
+    }
+
+    void aUserWithoutRight()
+    {
+        for (const char* const user : { "trader02", "trader10" }) {
+            QCOMPARE(session().reopen(QString::fromLatin1(user)), Status());
+            openWindow();
+            const QString text = boxOf([this] { press(&window(), Qt::Key_N, Qt::ControlModifier); }, "msgBoxWarning");
+            QVERIFY2(!text.isEmpty() && !m_chinese->isIn(text), qPrintable(text));
+        }
+    }
+
     void theMessages()
     {
         QStringList found;
-        // The messages about strategy files are for those who write them.
-        for (int code = 0; code < static_cast<int>(Error::StrategyFileRefused); ++code) {
+        for (int code = 0; code < static_cast<int>(Error::Count); ++code) {
             const QString text = errorText(static_cast<Error>(code));
-            if (isChinese(text))
+            if (m_chinese->isIn(text))
                 found << text;
         }
         for (const UnknownRequest request : { UnknownRequest::Plan, UnknownRequest::Issue, UnknownRequest::Signature })
             for (const bool isStored : { false, true })
-                if (isChinese(HistoryTexts::outcome(request, isStored, QStringLiteral("AP00000001"))))
+                if (m_chinese->isIn(HistoryTexts::outcome(request, isStored, QStringLiteral("AP00000001"))))
                     found << HistoryTexts::outcome(request, isStored, QString());
         QCOMPARE(found, QStringList());
+    }
+
+    void theCaptionsInMessages_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("value");
+        namespace Base = AutoPlanField::BaseField;
+        QTest::newRow("a code") << Base::orderSide << QStringLiteral("9");
+        QTest::newRow("a total") << Base::totalQty << QStringLiteral("-1");
+        QTest::newRow("a date") << Base::beginDate << QStringLiteral("tomorrow");
+        QTest::newRow("a closed day") << Base::endDate << QStringLiteral("2024-05-11");
+        QTest::newRow("a formula") << Base::priceFormula1 << QStringLiteral("1+");
+    }
+
+    void theCaptionsInMessages()
+    {
+        QFETCH(QString, key);
+        QFETCH(QString, value);
+        const QString plan =
+            session().create(with(customPrice(SampleSession::record(), QStringLiteral("9.9")), key, value));
+        QCOMPARE(plan, QString());
+        QVERIFY2(!session().reason().isEmpty() && !m_chinese->isIn(session().reason()), qPrintable(session().reason()));
     }
 };
 

@@ -19,7 +19,6 @@
 #include <QLocale>
 #include <QMenuBar>
 #include <QPointer>
-#include <QProcess>
 #include <QTableView>
 #include <QtTest>
 
@@ -48,24 +47,10 @@ QStringList labels(const QWidget* widget)
     return texts;
 }
 
-struct ProgramEnd {
-    int code = -1;
-    QString output;
-    QString errors;
-};
-
-ProgramEnd runProgram(const QStringList& arguments,
-    const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment(),
-    const QString& file = QStringLiteral(PLANDESK_PROGRAM))
+ProgramEnd runPlandesk(
+    const QStringList& arguments, const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment())
 {
-    QProcess program;
-    program.setProcessEnvironment(environment);
-    program.start(file, arguments);
-    constexpr int Timeout = 100000; // milliseconds, for a walk-through on a busy machine
-    if (!program.waitForFinished(Timeout))
-        return ProgramEnd();
-    return { program.exitCode(), QString::fromUtf8(program.readAllStandardOutput()),
-        QString::fromUtf8(program.readAllStandardError()) };
+    return runProgram(QStringLiteral(PLANDESK_PROGRAM), arguments, environment);
 }
 
 QProcessEnvironment withoutDisplay()
@@ -151,7 +136,6 @@ private Q_SLOTS:
         const Options options = *read(QString());
         QVERIFY(options.wantsWindow());
         QCOMPARE(options.skin, QStringLiteral("light"));
-        QCOMPARE(options.language, QStringLiteral("zh"));
         QCOMPARE(options.securities, 0);
         QCOMPARE(options.user, QString());
     }
@@ -164,7 +148,6 @@ private Q_SLOTS:
         QCOMPARE(window.database, QStringLiteral("a.db"));
         QCOMPARE(window.skin, QStringLiteral("dark"));
         QCOMPARE(window.securities, 100000);
-        QCOMPARE(read(QStringLiteral("--language=en"))->language, QStringLiteral("en"));
         QCOMPARE(read(QStringLiteral("--issue-day=2024-05-06"))->issueDay, QDate(2024, 5, 6));
 
         const Options walk = *read(QStringLiteral("pictures --user trader03 --database a.db"), Program::WalkThrough);
@@ -174,6 +157,18 @@ private Q_SLOTS:
         QVERIFY(!walk.issueDay.isValid());
         QVERIFY(!walk.wantsWindow());
         QVERIFY(read(QStringLiteral("--help"), Program::WalkThrough)->help.startsWith(QStringLiteral("用法：")));
+    }
+
+    void theLanguageIsReadBesideOtherOptions()
+    {
+        const auto language = [](const char* arguments) {
+            return languageIn(QStringLiteral("plandesk %1").arg(QLatin1String(arguments)).split(QLatin1Char(' ')));
+        };
+        QCOMPARE(language("--user trader01"), QStringLiteral("zh"));
+        QCOMPARE(language("--language=en --colour red"), QStringLiteral("en"));
+        QCOMPARE(language("history AP00000001 --user trader01 --language en"), QStringLiteral("en"));
+        QCOMPARE(language("--language fr"), QStringLiteral("zh"));
+        QCOMPARE(read(QStringLiteral("history AP00000001 --language en"))->command, QStringLiteral("history"));
     }
 
     void theHelpNamesEveryOption()
@@ -220,7 +215,7 @@ private Q_SLOTS:
         QFETCH(QStringList, arguments);
         QFETCH(QString, message);
         arguments.replaceInStrings(QStringLiteral("FILE"), session().file());
-        const ProgramEnd end = runProgram(arguments);
+        const ProgramEnd end = runPlandesk(arguments);
         QCOMPARE(end.code, 2);
         QVERIFY2(end.errors.contains(message), qPrintable(end.errors));
         QCOMPARE(end.output, QString());
@@ -228,10 +223,10 @@ private Q_SLOTS:
 
     void withoutADisplayNoWindowIsTried()
     {
-        const ProgramEnd window = runProgram({ QStringLiteral("--database"), session().file() }, withoutDisplay());
+        const ProgramEnd window = runPlandesk({ QStringLiteral("--database"), session().file() }, withoutDisplay());
         QCOMPARE(window.code, 2);
         QVERIFY2(window.errors.contains(QStringLiteral("没有可用的显示设备")), qPrintable(window.errors));
-        const ProgramEnd help = runProgram({ QStringLiteral("--help") }, withoutDisplay());
+        const ProgramEnd help = runPlandesk({ QStringLiteral("--help") }, withoutDisplay());
         QCOMPARE(help.code, 0);
         QVERIFY2(help.output.startsWith(QStringLiteral("用法：")), qPrintable(help.output));
     }
@@ -241,11 +236,11 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         const QString backup = folder.filePath(QStringLiteral("backup.db"));
         const QStringList arguments{ QStringLiteral("backup"), backup, QStringLiteral("--database"), session().file() };
-        const ProgramEnd end = runProgram(arguments);
+        const ProgramEnd end = runPlandesk(arguments);
         QCOMPARE(end.code, 0);
         QCOMPARE(end.output, QStringLiteral("数据库已备份到%1\n").arg(backup));
         QVERIFY(QFile::exists(backup));
-        const ProgramEnd again = runProgram(arguments);
+        const ProgramEnd again = runPlandesk(arguments);
         QCOMPARE(again.code, 1);
         QVERIFY2(again.errors.contains(QStringLiteral("已存在")), qPrintable(again.errors));
     }
@@ -261,7 +256,7 @@ private Q_SLOTS:
                 table.write("market,date,holiday,status\nmainland," + year + "-01-01,元旦,announced\nhongkong," + year
                     + "-01-01,一月一日,computed\n");
             table.close();
-            return runProgram({ QStringLiteral("import-closures"), table.fileName() }, environment);
+            return runPlandesk({ QStringLiteral("import-closures"), table.fileName() }, environment);
         };
         const ProgramEnd early = import("2029");
         QCOMPARE(early.code, 1);
@@ -290,7 +285,7 @@ private Q_SLOTS:
         environment.insert(QStringLiteral("TZ"), QStringLiteral("PST8"));
         // Makes Qt log a warning, which begins with the time.
         environment.remove(QStringLiteral("XDG_RUNTIME_DIR"));
-        const QString line = runProgram({ QStringLiteral("--help") }, environment).errors;
+        const QString line = runPlandesk({ QStringLiteral("--help") }, environment).errors;
         const QDateTime logged = QDateTime::fromString(line.left(19), QStringLiteral("yyyy-MM-dd HH:mm:ss"));
         QVERIFY2(logged.isValid(), qPrintable(line));
         const QDateTime now = QDateTime::currentDateTimeUtc().toOffsetFromUtc(8 * 3600);
@@ -303,11 +298,11 @@ private Q_SLOTS:
         const QString plan = session().create(SampleSession::record());
         const QStringList arguments{ QStringLiteral("--database"), session().file(), QStringLiteral("--issue-day"),
             QStringLiteral("2024-05-07"), QStringLiteral("--simulate") };
-        const ProgramEnd end = runProgram(arguments);
+        const ProgramEnd end = runPlandesk(arguments);
         QCOMPARE(end.code, 0);
         QCOMPARE(end.output, QStringLiteral("2024-05-07：新下达指令1条，此前已下达的计划0个，未下达的计划0个。\n"));
         QCOMPARE(ClientSession::instance().instructions().ofPlan(plan)->size(), 1);
-        QCOMPARE(runProgram(arguments).output,
+        QCOMPARE(runPlandesk(arguments).output,
             QStringLiteral("2024-05-07：新下达指令0条，此前已下达的计划1个，未下达的计划0个。\n"));
     }
 
@@ -317,28 +312,28 @@ private Q_SLOTS:
         QVERIFY(InstructionIssuer::issueDay(SampleSession::today()));
         const QStringList arguments{ QStringLiteral("--database"), session().file(), QStringLiteral("journal"),
             QStringLiteral("--day"), QStringLiteral("2024-05-06") };
-        const ProgramEnd end = runProgram(arguments);
+        const ProgramEnd end = runPlandesk(arguments);
         QCOMPARE(end.code, 0);
         const QString line = QStringLiteral("12:00:00 %1 100001 ").arg(plan);
         QVERIFY2(end.output.startsWith(line), qPrintable(end.output));
         QVERIFY2(
             end.output.endsWith(QStringLiteral("下达 300 股，成交 300 股，已结束 trader01\n")), qPrintable(end.output));
         const QJsonArray entries =
-            QJsonDocument::fromJson(runProgram(arguments + QStringList{ QStringLiteral("--json") }).output.toUtf8())
+            QJsonDocument::fromJson(runPlandesk(arguments + QStringList{ QStringLiteral("--json") }).output.toUtf8())
                 .array();
         QCOMPARE(entries.size(), 1);
         const QJsonObject entry = entries.at(0).toObject();
         QCOMPARE(entry.value(QStringLiteral("kind")).toString(), QStringLiteral("instruction"));
         QCOMPARE(entry.value(QStringLiteral("instruction")).toString(), plan + QStringLiteral("-000001"));
         QCOMPARE(entry.value(QStringLiteral("time")).toString(), QStringLiteral("2024-05-06T04:00:00.000Z"));
-        QCOMPARE(runProgram({ QStringLiteral("--database"), session().file(), QStringLiteral("journal") }).output,
+        QCOMPARE(runPlandesk({ QStringLiteral("--database"), session().file(), QStringLiteral("journal") }).output,
             QString());
     }
 
     void anotherDayIsOnlySimulated()
     {
         const QString plan = session().create(SampleSession::record());
-        const ProgramEnd end = runProgram({ QStringLiteral("--database"), session().file(),
+        const ProgramEnd end = runPlandesk({ QStringLiteral("--database"), session().file(),
             QStringLiteral("--issue-day"), QStringLiteral("2024-05-07") });
         QCOMPARE(end.code, 1);
         QVERIFY2(end.errors.contains(QStringLiteral("plandesk: 2024-05-07不是今天（")), qPrintable(end.errors));
@@ -352,7 +347,7 @@ private Q_SLOTS:
             customPrice(SampleSession::record(), QStringLiteral("1-1")), ClientSession::instance().changeNow()));
         const QStringList arguments{ QStringLiteral("--database"), session().file(), QStringLiteral("--issue-preview"),
             QStringLiteral("--issue-day=2024-05-07"), QStringLiteral("--simulate") };
-        const ProgramEnd end = runProgram(arguments);
+        const ProgramEnd end = runPlandesk(arguments);
         QCOMPARE(end.code, 3);
         const QStringList lines = end.output.trimmed().split(QLatin1Char('\n'));
         QCOMPARE(lines.size(), 2);
@@ -360,7 +355,7 @@ private Q_SLOTS:
         QVERIFY2(lines.at(1).contains(QStringLiteral(" 不能下达：")), qPrintable(lines.at(1)));
         QVERIFY2(lines.at(0).contains(QStringLiteral(" 买入 不限价 数量300 金额")), qPrintable(lines.at(0)));
         const QJsonArray rows =
-            QJsonDocument::fromJson(runProgram(arguments + QStringList{ QStringLiteral("--json") }).output.toUtf8())
+            QJsonDocument::fromJson(runPlandesk(arguments + QStringList{ QStringLiteral("--json") }).output.toUtf8())
                 .array();
         QCOMPARE(rows.size(), 2);
         QCOMPARE(rows.at(0)[QStringLiteral("plan")].toString(), QStringLiteral("AP00000001"));
@@ -375,8 +370,8 @@ private Q_SLOTS:
     {
         QVERIFY(ClientSession::instance().plans().create(
             customPrice(SampleSession::record(), QStringLiteral("1-1")), ClientSession::instance().changeNow()));
-        QCOMPARE(runProgram({ QStringLiteral("--database"), session().file(), QStringLiteral("--simulate"),
-                                QStringLiteral("--issue-day=2024-05-07") })
+        QCOMPARE(runPlandesk({ QStringLiteral("--database"), session().file(), QStringLiteral("--simulate"),
+                                 QStringLiteral("--issue-day=2024-05-07") })
                      .code,
             3);
     }
@@ -384,7 +379,7 @@ private Q_SLOTS:
     void aDayOfAMissingFileCreatesNothing()
     {
         const QString missing = session().file() + QStringLiteral(".missing");
-        const ProgramEnd end = runProgram({ QStringLiteral("--database"), missing, QStringLiteral("--issue-day"),
+        const ProgramEnd end = runPlandesk({ QStringLiteral("--database"), missing, QStringLiteral("--issue-day"),
             QStringLiteral("2024-05-07"), QStringLiteral("--simulate") });
         QCOMPARE(end.code, 2);
         QVERIFY2(end.errors.contains(QStringLiteral("文件不存在")), qPrintable(end.errors));
@@ -408,8 +403,8 @@ private Q_SLOTS:
         QVERIFY(QLocale(locale).zeroDigit() != QLatin1Char('0'));
         session().create(SampleSession::record());
         const ProgramEnd end =
-            runProgram({ QStringLiteral("--database"), session().file(), QStringLiteral("--issue-day"),
-                           QStringLiteral("2024-05-07"), QStringLiteral("--simulate") },
+            runPlandesk({ QStringLiteral("--database"), session().file(), QStringLiteral("--issue-day"),
+                            QStringLiteral("2024-05-07"), QStringLiteral("--simulate") },
                 inLanguage(variable, locale));
         QCOMPARE(end.code, 0);
         QCOMPARE(end.output, QStringLiteral("2024-05-07：新下达指令1条，此前已下达的计划0个，未下达的计划0个。\n"));
@@ -429,7 +424,7 @@ private Q_SLOTS:
         QFETCH(QString, locale);
         QTemporaryDir folder;
         const ProgramEnd end =
-            runProgram({ folder.path() }, inLanguage(variable, locale), QStringLiteral(WALKTHROUGH_PROGRAM));
+            runProgram(QStringLiteral(WALKTHROUGH_PROGRAM), { folder.path() }, inLanguage(variable, locale));
         QVERIFY2(end.code == 0, qPrintable(end.output + end.errors));
         QVERIFY2(end.output.contains(QStringLiteral("核对一致的计划9个，问题0个")), qPrintable(end.output));
     }
@@ -761,7 +756,7 @@ private Q_SLOTS:
 
     void anUnknownUserEndsTheProgramWithoutABox()
     {
-        const ProgramEnd end = runProgram(
+        const ProgramEnd end = runPlandesk(
             { QStringLiteral("--database"), session().file(), QStringLiteral("--user"), QStringLiteral("nobody") });
         QCOMPARE(end.code, 2);
         QVERIFY2(end.errors.contains(QStringLiteral("用户“nobody”不存在")), qPrintable(end.errors));
@@ -769,4 +764,5 @@ private Q_SLOTS:
 };
 
 QTEST_MAIN(PlandeskWindowTest)
+#include "ProgramRun.h"
 #include "tst_plandesk_window.moc"

@@ -2,6 +2,217 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="zh_CN">
 <context>
+    <name>Administration</name>
+    <message>
+        <source>账户%1：%2由“%3”改为“%4”</source>
+        <translation>Account %1: %2 changed from &quot;%3&quot; to &quot;%4&quot;</translation>
+    </message>
+    <message>
+        <source>账户%1：已建立，名称%2</source>
+        <translation>Account %1: created, name %2</translation>
+    </message>
+    <message>
+        <source>通用限额</source>
+        <translation>usual limits</translation>
+    </message>
+    <message>
+        <source>账户%1</source>
+        <translation>Account %1</translation>
+    </message>
+    <message>
+        <source>%1：%2由%3改为%4</source>
+        <translation>%1: %2 changed from %3 to %4</translation>
+    </message>
+    <message>
+        <source>%1元</source>
+        <translation>%1 yuan</translation>
+    </message>
+    <message>
+        <source>未知</source>
+        <translation>unknown</translation>
+    </message>
+    <message>
+        <source>账户%1：可用资金由%2改为%3</source>
+        <translation>Account %1: available cash changed from %2 to %3</translation>
+    </message>
+    <message>
+        <source>分配账户%1</source>
+        <translation>account %1 assigned</translation>
+    </message>
+    <message>
+        <source>账户%1增加指令类型%2</source>
+        <translation>account %1, instruction type %2 added</translation>
+    </message>
+    <message>
+        <source>账户%1指令类型%2不须复核</source>
+        <translation>account %1, instruction type %2 is not reviewed</translation>
+    </message>
+    <message>
+        <source>账户%1指令类型%2须复核</source>
+        <translation>account %1, instruction type %2 is reviewed</translation>
+    </message>
+    <message>
+        <source>账户%1收回指令类型%2</source>
+        <translation>account %1, instruction type %2 taken away</translation>
+    </message>
+    <message>
+        <source>收回账户%1</source>
+        <translation>account %1 taken away</translation>
+    </message>
+    <message>
+        <source>用户%1：</source>
+        <translation>User %1: </translation>
+    </message>
+    <message>
+        <source>已建立表、角色和权限</source>
+        <translation>Tables, roles and privileges created</translation>
+    </message>
+    <message>
+        <source>数据库已由版本%1升级到版本%2</source>
+        <translation>Database upgraded from version %1 to version %2</translation>
+    </message>
+    <message>
+        <source>已写入示例数据</source>
+        <translation>Sample data written</translation>
+    </message>
+    <message>
+        <source>已有用户，没有写入示例数据</source>
+        <translation>There are users already, no sample data written</translation>
+    </message>
+    <message>
+        <source>账户%1指令类型%2：%3由“%4”改为“%5”</source>
+        <translation>Account %1, instruction type %2: %3 changed from &quot;%4&quot; to &quot;%5&quot;</translation>
+    </message>
+    <message>
+        <source>“%1”</source>
+        <translation>&quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>正在读取文件</source>
+        <translation>Reading the file</translation>
+    </message>
+    <message>
+        <source>内容已在服务器上，没有变化，核对%1行</source>
+        <translation>The contents are on the server already, nothing changed, %1 rows compared</translation>
+    </message>
+    <message>
+        <source>已搬移并核对%1行</source>
+        <translation>%1 rows moved and compared</translation>
+    </message>
+    <message>
+        <source>搬移</source>
+        <translation>Moved</translation>
+    </message>
+    <message>
+        <source>缺少%1</source>
+        <translation>lacks the row %1</translation>
+    </message>
+    <message>
+        <source>多出%1</source>
+        <translation>has the additional row %1</translation>
+    </message>
+    <message>
+        <source>的%1与文件的%2不同</source>
+        <translation>has %1 instead of the file&apos;s %2</translation>
+    </message>
+    <message>
+        <source>核对</source>
+        <translation>Compared</translation>
+    </message>
+    <message>
+        <source>%1%2：%3行</source>
+        <translation>%1 %2: %3 rows</translation>
+    </message>
+    <message>
+        <source>用户%1不能登录，请运行：plandesk admin add-user %2 %3 --generate-password --database %4</source>
+        <translation>User %1 cannot log in, run: plandesk admin add-user %2 %3 --generate-password --database %4</translation>
+    </message>
+    <message>
+        <source>最大数量%1</source>
+        <translation>largest quantity %1</translation>
+    </message>
+    <message>
+        <source>最大金额%1元</source>
+        <translation>largest amount %1 yuan</translation>
+    </message>
+    <message>
+        <source>价格偏离%1‰</source>
+        <translation>price deviation %1‰</translation>
+    </message>
+    <message>
+        <source>用户%1：账户%2，指令类型%3，须复核%4</source>
+        <translation>User %1: account %2, instruction types %3, reviewed %4</translation>
+    </message>
+    <message>
+        <source>无</source>
+        <translation>none</translation>
+    </message>
+    <message>
+        <source>用户%1：姓名%2，%3</source>
+        <translation>User %1: name %2, %3</translation>
+    </message>
+    <message>
+        <source>可以登录</source>
+        <translation>can log in</translation>
+    </message>
+    <message>
+        <source>不能登录</source>
+        <translation>cannot log in</translation>
+    </message>
+    <message>
+        <source>账户%1：名称%2，资金账号%3，客户号%4，营业部%5，资产属性%6，证券账户%7，%8</source>
+        <translation>Account %1: name %2, fund account %3, client %4, branch %5, asset property %6, security accounts %7, %8</translation>
+    </message>
+    <message>
+        <source>账户%1：指令类型%2，执行人%3，复核人%4</source>
+        <translation>Account %1: instruction type %2, executors %3, reviewers %4</translation>
+    </message>
+    <message>
+        <source>通用限额：%1</source>
+        <translation>Usual limits: %1</translation>
+    </message>
+    <message>
+        <source>已建立，姓名%1</source>
+        <translation>created, name %1</translation>
+    </message>
+    <message>
+        <source>登录角色可以登录</source>
+        <translation>login role can log in</translation>
+    </message>
+    <message>
+        <source>登录角色已建立</source>
+        <translation>login role created</translation>
+    </message>
+    <message>
+        <source>没有设置密码</source>
+        <translation>no password set</translation>
+    </message>
+    <message>
+        <source>密码为%1</source>
+        <translation>password %1</translation>
+    </message>
+    <message>
+        <source>密码已设置</source>
+        <translation>password set</translation>
+    </message>
+    <message>
+        <source>用户%1：姓名由%2改为%3</source>
+        <translation>User %1: name changed from %2 to %3</translation>
+    </message>
+    <message>
+        <source>用户%1：登录角色已停用</source>
+        <translation>User %1: login role disabled</translation>
+    </message>
+    <message>
+        <source>用户%1：没有权限结束其连接（须属于pg_signal_backend），连接已无权读写</source>
+        <translation>User %1: not permitted to end the connections (needs pg_signal_backend); they can no longer read or write</translation>
+    </message>
+    <message>
+        <source>用户%1：已结束%2个连接</source>
+        <translation>User %1: %2 connections ended</translation>
+    </message>
+</context>
+<context>
     <name>Advisor</name>
     <message>
         <source>%1元</source>
@@ -618,6 +829,244 @@
     </message>
 </context>
 <context>
+    <name>AlgorithmPanel</name>
+    <message>
+        <source>买入</source>
+        <translation>Buy</translation>
+    </message>
+    <message>
+        <source>卖出</source>
+        <translation>Sell</translation>
+    </message>
+    <message>
+        <source>算法参数设置</source>
+        <translation>Algorithm parameters</translation>
+    </message>
+    <message>
+        <source>算法</source>
+        <translation>Algorithm</translation>
+    </message>
+    <message>
+        <source>确定</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>取消</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>请选择算法。</source>
+        <translation>Choose an algorithm.</translation>
+    </message>
+    <message>
+        <source>当前证券和指令类型没有可用的算法。</source>
+        <translation>There is no algorithm for this security and instruction type.</translation>
+    </message>
+    <message>
+        <source>账号：%1    证券：%2    方向：%3</source>
+        <translation>Account: %1    Security: %2    Side: %3</translation>
+    </message>
+</context>
+<context>
+    <name>BuiltInTexts</name>
+    <message>
+        <source>时间加权</source>
+        <translation>Time-weighted</translation>
+    </message>
+    <message>
+        <source>成交量加权</source>
+        <translation>Volume-weighted</translation>
+    </message>
+    <message>
+        <source>比例跟量</source>
+        <translation>Participation</translation>
+    </message>
+    <message>
+        <source>冰山</source>
+        <translation>Iceberg</translation>
+    </message>
+    <message>
+        <source>狙击</source>
+        <translation>Sniper</translation>
+    </message>
+    <message>
+        <source>在开始与结束时间之间，按相等的时间间隔分批下单。</source>
+        <translation>Places orders in equal intervals between start and end.</translation>
+    </message>
+    <message>
+        <source>按历史成交量分布安排各时段的下单数量，使成交均价接近市场均价。</source>
+        <translation>Distributes the quantity like the volume of past days, to trade near the market&apos;s average price.</translation>
+    </message>
+    <message>
+        <source>按同期市场成交量的一定比例跟随下单。</source>
+        <translation>Follows the market&apos;s volume with a fixed share of it.</translation>
+    </message>
+    <message>
+        <source>每次只显示一小部分数量，成交后再补单。</source>
+        <translation>Shows a small part of the quantity and refills it after each fill.</translation>
+    </message>
+    <message>
+        <source>不主动挂单，对手盘出现合适的数量和价格时立即吃单。</source>
+        <translation>Waits, and takes the opposite side when its quantity and price suit.</translation>
+    </message>
+    <message>
+        <source>开始时间须早于结束时间！</source>
+        <translation>The start must be before the end.</translation>
+    </message>
+    <message>
+        <source>目标参与率不得大于最大参与率！</source>
+        <translation>The target participation must not exceed the maximum.</translation>
+    </message>
+    <message>
+        <source>执行时段</source>
+        <translation>Period</translation>
+    </message>
+    <message>
+        <source>执行约束</source>
+        <translation>Constraints</translation>
+    </message>
+    <message>
+        <source>显示</source>
+        <translation>Display</translation>
+    </message>
+    <message>
+        <source>触发</source>
+        <translation>Trigger</translation>
+    </message>
+    <message>
+        <source>价格</source>
+        <translation>Price</translation>
+    </message>
+    <message>
+        <source>开始时间</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>结束时间</source>
+        <translation>End</translation>
+    </message>
+    <message>
+        <source>下单间隔</source>
+        <translation>Interval</translation>
+    </message>
+    <message>
+        <source>补单等待</source>
+        <translation>Refill delay</translation>
+    </message>
+    <message>
+        <source>最大参与率</source>
+        <translation>Max. participation</translation>
+    </message>
+    <message>
+        <source>目标参与率</source>
+        <translation>Target participation</translation>
+    </message>
+    <message>
+        <source>最大价格偏离</source>
+        <translation>Max. price deviation</translation>
+    </message>
+    <message>
+        <source>收盘前完成剩余数量</source>
+        <translation>Complete before the close</translation>
+    </message>
+    <message>
+        <source>积极程度</source>
+        <translation>Urgency</translation>
+    </message>
+    <message>
+        <source>成交量分布</source>
+        <translation>Volume profile</translation>
+    </message>
+    <message>
+        <source>显示数量</source>
+        <translation>Display quantity</translation>
+    </message>
+    <message>
+        <source>显示数量浮动</source>
+        <translation>Display variation</translation>
+    </message>
+    <message>
+        <source>触发数量</source>
+        <translation>Trigger quantity</translation>
+    </message>
+    <message>
+        <source>吃单比例</source>
+        <translation>Take ratio</translation>
+    </message>
+    <message>
+        <source>最差价格</source>
+        <translation>Worst price</translation>
+    </message>
+    <message>
+        <source>委托价偏移</source>
+        <translation>Price offset</translation>
+    </message>
+    <message>
+        <source>交易员备注</source>
+        <translation>Trader&apos;s note</translation>
+    </message>
+    <message>
+        <source>秒</source>
+        <translation>s</translation>
+    </message>
+    <message>
+        <source>股</source>
+        <translation>shares</translation>
+    </message>
+    <message>
+        <source>元</source>
+        <translation>yuan</translation>
+    </message>
+    <message>
+        <source>档</source>
+        <translation>ticks</translation>
+    </message>
+    <message>
+        <source>低</source>
+        <translation>Low</translation>
+    </message>
+    <message>
+        <source>中</source>
+        <translation>Medium</translation>
+    </message>
+    <message>
+        <source>高</source>
+        <translation>High</translation>
+    </message>
+    <message>
+        <source>近5个交易日</source>
+        <translation>Last 5 trade days</translation>
+    </message>
+    <message>
+        <source>近20个交易日</source>
+        <translation>Last 20 trade days</translation>
+    </message>
+    <message>
+        <source>近60个交易日</source>
+        <translation>Last 60 trade days</translation>
+    </message>
+    <message>
+        <source>成交量占同期市场成交量的上限</source>
+        <translation>Largest share of the market&apos;s volume in the same time</translation>
+    </message>
+    <message>
+        <source>委托价相对开始时刻最新价的最大不利偏离</source>
+        <translation>Largest adverse deviation of the order price from the last price at the start</translation>
+    </message>
+    <message>
+        <source>相对同方向最优价，正数更积极</source>
+        <translation>From the best price of the same side; positive is more aggressive</translation>
+    </message>
+    <message>
+        <source>对手方最优价上的数量达到此数时出手</source>
+        <translation>Trades when the best opposite price has this quantity</translation>
+    </message>
+    <message>
+        <source>不填则只受计划的限价约束</source>
+        <translation>Empty: only the plan&apos;s limit applies</translation>
+    </message>
+</context>
+<context>
     <name>CalendarPopup</name>
     <message>
         <source>上个月</source>
@@ -642,6 +1091,257 @@
     <message>
         <source>日历</source>
         <translation>Calendar</translation>
+    </message>
+</context>
+<context>
+    <name>Caption</name>
+    <message>
+        <source>名称</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>资金账号</source>
+        <translation>Fund account</translation>
+    </message>
+    <message>
+        <source>客户号</source>
+        <translation>Client number</translation>
+    </message>
+    <message>
+        <source>营业部</source>
+        <translation>Branch</translation>
+    </message>
+    <message>
+        <source>资产属性</source>
+        <translation>Asset property</translation>
+    </message>
+    <message>
+        <source>最大数量</source>
+        <translation>Largest quantity</translation>
+    </message>
+    <message>
+        <source>最大金额（元）</source>
+        <translation>Largest amount (yuan)</translation>
+    </message>
+    <message>
+        <source>价格偏离（‰）</source>
+        <translation>Price deviation (‰)</translation>
+    </message>
+    <message>
+        <source>资金（元）</source>
+        <translation>Cash (yuan)</translation>
+    </message>
+    <message>
+        <source>账户</source>
+        <translation>Account</translation>
+    </message>
+    <message>
+        <source>指令类型</source>
+        <translation>Instruction type</translation>
+    </message>
+    <message>
+        <source>执行人</source>
+        <translation>Executors</translation>
+    </message>
+    <message>
+        <source>复核人</source>
+        <translation>Reviewers</translation>
+    </message>
+    <message>
+        <source>姓名</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>日期</source>
+        <translation>Date</translation>
+    </message>
+    <message>
+        <source>市场</source>
+        <translation>Market</translation>
+    </message>
+    <message>
+        <source>状态</source>
+        <translation>State</translation>
+    </message>
+    <message>
+        <source>证券数量</source>
+        <translation>Number of securities</translation>
+    </message>
+    <message>
+        <source>表</source>
+        <translation>table</translation>
+    </message>
+    <message>
+        <source>索引</source>
+        <translation>index</translation>
+    </message>
+    <message>
+        <source>视图</source>
+        <translation>view</translation>
+    </message>
+    <message>
+        <source>触发器</source>
+        <translation>trigger</translation>
+    </message>
+    <message>
+        <source>目标金额</source>
+        <translation>Target amount</translation>
+    </message>
+    <message>
+        <source>目标总量</source>
+        <translation>Target quantity</translation>
+    </message>
+    <message>
+        <source>普通买入</source>
+        <translation>Ordinary buy</translation>
+    </message>
+    <message>
+        <source>担保品买入</source>
+        <translation>Collateral buy</translation>
+    </message>
+    <message>
+        <source>担保品卖出</source>
+        <translation>Collateral sell</translation>
+    </message>
+    <message>
+        <source>买券还券</source>
+        <translation>Buy to return shares</translation>
+    </message>
+    <message>
+        <source>融券卖出</source>
+        <translation>Short sale</translation>
+    </message>
+    <message>
+        <source>融资买入</source>
+        <translation>Margin buy</translation>
+    </message>
+    <message>
+        <source>卖券还款</source>
+        <translation>Sell to repay</translation>
+    </message>
+    <message>
+        <source>信用普通买入</source>
+        <translation>Credit account buy</translation>
+    </message>
+    <message>
+        <source>信用普通卖出</source>
+        <translation>Credit account sell</translation>
+    </message>
+    <message>
+        <source>债券转股</source>
+        <translation>Bond conversion</translation>
+    </message>
+    <message>
+        <source>配股缴款</source>
+        <translation>Rights issue payment</translation>
+    </message>
+    <message>
+        <source>证券账户</source>
+        <translation>Security account</translation>
+    </message>
+    <message>
+        <source>指令单类型</source>
+        <translation>Target type</translation>
+    </message>
+    <message>
+        <source>计划类型</source>
+        <translation>Plan type</translation>
+    </message>
+    <message>
+        <source>证券代码</source>
+        <translation>Security code</translation>
+    </message>
+    <message>
+        <source>证券子类型</source>
+        <translation>Security sub-type</translation>
+    </message>
+    <message>
+        <source>交易方向</source>
+        <translation>Side</translation>
+    </message>
+    <message>
+        <source>报价类型</source>
+        <translation>Price type</translation>
+    </message>
+    <message>
+        <source>委托类别</source>
+        <translation>Entrust type</translation>
+    </message>
+    <message>
+        <source>价格模式</source>
+        <translation>Price mode</translation>
+    </message>
+    <message>
+        <source>价格</source>
+        <translation>Price</translation>
+    </message>
+    <message>
+        <source>价格1</source>
+        <translation>Price 1</translation>
+    </message>
+    <message>
+        <source>价格2</source>
+        <translation>Price 2</translation>
+    </message>
+    <message>
+        <source>每日委托量</source>
+        <translation>Daily quantity</translation>
+    </message>
+    <message>
+        <source>每日最大金额</source>
+        <translation>Largest daily amount</translation>
+    </message>
+    <message>
+        <source>减持占比</source>
+        <translation>Reduction ratio</translation>
+    </message>
+    <message>
+        <source>减持模式</source>
+        <translation>Reduction mode</translation>
+    </message>
+    <message>
+        <source>下单模式</source>
+        <translation>Order mode</translation>
+    </message>
+    <message>
+        <source>分配给</source>
+        <translation>Assigned to</translation>
+    </message>
+    <message>
+        <source>开始日期</source>
+        <translation>Begin date</translation>
+    </message>
+    <message>
+        <source>结束日期</source>
+        <translation>End date</translation>
+    </message>
+    <message>
+        <source>算法</source>
+        <translation>Algorithm</translation>
+    </message>
+    <message>
+        <source>算法参数</source>
+        <translation>Algorithm parameters</translation>
+    </message>
+    <message>
+        <source>备注</source>
+        <translation>Remark</translation>
+    </message>
+    <message>
+        <source>操作用户</source>
+        <translation>User</translation>
+    </message>
+    <message>
+        <source>证券</source>
+        <translation>Security</translation>
+    </message>
+    <message>
+        <source>创建时间</source>
+        <translation>Time of creation</translation>
+    </message>
+    <message>
+        <source>修改时间</source>
+        <translation>Time of change</translation>
     </message>
 </context>
 <context>
@@ -718,6 +1418,314 @@
     <message>
         <source>输入文字筛选</source>
         <translation>Type to narrow the list</translation>
+    </message>
+</context>
+<context>
+    <name>CommandLine</name>
+    <message>
+        <source>交易计划客户端：新建、修改、复制自动交易计划。</source>
+        <translation>Trading plan client: creates, edits and copies automatic trading plans.</translation>
+    </message>
+    <message>
+        <source>命令</source>
+        <translation>command</translation>
+    </message>
+    <message>
+        <source>[命令 参数]</source>
+        <translation>[command arguments]</translation>
+    </message>
+    <message>
+        <source>自动演示：逐项填写并提交计划，核对数据库中的记录，把各步的图片写入该目录。</source>
+        <translation>Walk-through: fills in and sends plans, compares the database and writes pictures of each stage to the folder.</translation>
+    </message>
+    <message>
+        <source>目录</source>
+        <translation>FOLDER</translation>
+    </message>
+    <message>
+        <source>写入图片和数据库的目录。</source>
+        <translation>folder for the pictures and the database.</translation>
+    </message>
+    <message>
+        <source>显示本说明并退出。</source>
+        <translation>prints this help and exits.</translation>
+    </message>
+    <message>
+        <source>登录的用户编号，默认为示例数据的第一个用户。</source>
+        <translation>id of the user to log in; default: the first one of the sample data.</translation>
+    </message>
+    <message>
+        <source>用户</source>
+        <translation>user</translation>
+    </message>
+    <message>
+        <source>数据库文件，不存在时新建并写入示例数据，默认在用户的数据目录中；或服务器上数据库的地址。</source>
+        <translation>database file, created with the sample data if it is missing; default: in the user&apos;s data folder. Or the address of a database on a server.</translation>
+    </message>
+    <message>
+        <source>文件</source>
+        <translation>FILE</translation>
+    </message>
+    <message>
+        <source>皮肤：light（默认）或dark。</source>
+        <translation>skin: light (default) or dark.</translation>
+    </message>
+    <message>
+        <source>皮肤</source>
+        <translation>skin</translation>
+    </message>
+    <message>
+        <source>语言：zh（默认）或en；数据和其中的名称仍为中文。</source>
+        <translation>language: zh (default) or en; data and their names stay Chinese.</translation>
+    </message>
+    <message>
+        <source>语言</source>
+        <translation>language</translation>
+    </message>
+    <message>
+        <source>新建数据库时示例证券的数量，例如100000。</source>
+        <translation>number of securities in a new database, for example 100000.</translation>
+    </message>
+    <message>
+        <source>数量</source>
+        <translation>number</translation>
+    </message>
+    <message>
+        <source>FIXatdl策略文件（*.xml）所在的文件夹，文件变化后自动重新读取。</source>
+        <translation>folder of FIXatdl strategy files (*.xml), which are read again when they change.</translation>
+    </message>
+    <message>
+        <source>文件夹</source>
+        <translation>folder</translation>
+    </message>
+    <message>
+        <source>为今天（yyyy-MM-dd）有效的计划下达指令，列出结果并退出；其他日期须加--simulate。</source>
+        <translation>issues instructions for the plans of today (yyyy-MM-dd), lists the result and exits; another day needs --simulate.</translation>
+    </message>
+    <message>
+        <source>日期</source>
+        <translation>Date</translation>
+    </message>
+    <message>
+        <source>命令journal和export journal的日期（yyyy-MM-dd），默认为今天。</source>
+        <translation>day of the commands journal and export journal (yyyy-MM-dd); default: today.</translation>
+    </message>
+    <message>
+        <source>import plans中没有的列取自该计划，每行生成一个计划。</source>
+        <translation>import plans takes missing columns from this plan and creates a plan for each row.</translation>
+    </message>
+    <message>
+        <source>计划编号</source>
+        <translation>PLAN</translation>
+    </message>
+    <message>
+        <source>列出今天或--issue-day的日期会下达的指令并退出，不下达。</source>
+        <translation>lists what would go out today or on the day of --issue-day and exits.</translation>
+    </message>
+    <message>
+        <source>下达或预览时不限于今天和市场的委托时间。</source>
+        <translation>issues or previews also another day, or while the market is closed.</translation>
+    </message>
+    <message>
+        <source>以JSON输出命令history、journal、check-strategies、import、export、admin list和--issue-preview的结果。</source>
+        <translation>prints the result of history, journal, check-strategies, import, export, admin list and --issue-preview as JSON.</translation>
+    </message>
+    <message>
+        <source>import删除文件中没有的内容，先列出并询问。</source>
+        <translation>import removes what the file does not have, after listing it and asking.</translation>
+    </message>
+    <message>
+        <source>import只检查并列出会发生的变化，不保存。</source>
+        <translation>import only checks and lists what would change, and stores nothing.</translation>
+    </message>
+    <message>
+        <source>import --replace不再询问。</source>
+        <translation>import --replace does not ask.</translation>
+    </message>
+    <message>
+        <source>import plans --template略去有错误的行，导入其余各行。</source>
+        <translation>import plans --template leaves out rows with errors and imports the others.</translation>
+    </message>
+    <message>
+        <source>新建的数据库不写入示例数据。</source>
+        <translation>a new database gets no sample data.</translation>
+    </message>
+    <message>
+        <source>admin init写入示例数据。</source>
+        <translation>admin init writes the sample data.</translation>
+    </message>
+    <message>
+        <source>admin grant的指令须经复核。</source>
+        <translation>admin grant: the instructions are reviewed.</translation>
+    </message>
+    <message>
+        <source>admin add-user从标准输入的第一行读取密码。</source>
+        <translation>admin add-user reads the password from the first line of the standard input.</translation>
+    </message>
+    <message>
+        <source>admin add-user为新用户生成密码并显示。</source>
+        <translation>admin add-user generates a password for a new user and prints it.</translation>
+    </message>
+</context>
+<context>
+    <name>Commands</name>
+    <message>
+        <source>已是如此，没有变化</source>
+        <translation>Nothing to change</translation>
+    </message>
+    <message>
+        <source>文件</source>
+        <translation>FILE</translation>
+    </message>
+    <message>
+        <source>把数据库备份到新文件</source>
+        <translation>copy the database into a new file</translation>
+    </message>
+    <message>
+        <source>文件...</source>
+        <translation>FILE...</translation>
+    </message>
+    <message>
+        <source>检查FIXatdl策略文件</source>
+        <translation>check FIXatdl strategy files</translation>
+    </message>
+    <message>
+        <source>计划编号</source>
+        <translation>PLAN</translation>
+    </message>
+    <message>
+        <source>列出计划的历史</source>
+        <translation>list the history of a plan</translation>
+    </message>
+    <message>
+        <source>列出今天或--day的日期的日志</source>
+        <translation>list the journal of today or of the day of --day</translation>
+    </message>
+    <message>
+        <source>数据库地址</source>
+        <translation>DATABASE</translation>
+    </message>
+    <message>
+        <source>把文件的内容搬到服务器</source>
+        <translation>move a file&apos;s contents to a server</translation>
+    </message>
+    <message>
+        <source>类别 文件...</source>
+        <translation>KIND FILE...</translation>
+    </message>
+    <message>
+        <source>导入证券、收盘价、账户、用户、持仓、休市日或计划</source>
+        <translation>import securities, closing prices, accounts, users, positions, closures or plans</translation>
+    </message>
+    <message>
+        <source>类别 [文件]</source>
+        <translation>KIND [FILE]</translation>
+    </message>
+    <message>
+        <source>把一类内容导出为CSV、XLSX或JSON</source>
+        <translation>export a kind of data as CSV, XLSX or JSON</translation>
+    </message>
+    <message>
+        <source>导入休市表，延长交易日历</source>
+        <translation>import closures, which extend the trade calendar</translation>
+    </message>
+    <message>
+        <source>在服务器的数据库中建表</source>
+        <translation>create the tables in a server&apos;s database</translation>
+    </message>
+    <message>
+        <source>升级服务器的数据库</source>
+        <translation>upgrade a server&apos;s database</translation>
+    </message>
+    <message>
+        <source>用户编号 姓名</source>
+        <translation>USER NAME</translation>
+    </message>
+    <message>
+        <source>新建用户和登录角色</source>
+        <translation>create a user and a login role</translation>
+    </message>
+    <message>
+        <source>用户编号 账户 指令类型...</source>
+        <translation>USER ACCOUNT TYPE...</translation>
+    </message>
+    <message>
+        <source>分配账户和指令类型</source>
+        <translation>assign an account and instruction types</translation>
+    </message>
+    <message>
+        <source>用户编号 [账户 [指令类型...]]</source>
+        <translation>USER [ACCOUNT [TYPE...]]</translation>
+    </message>
+    <message>
+        <source>停用用户，或收回账户或指令类型</source>
+        <translation>disable a user, or take away an account or instruction types</translation>
+    </message>
+    <message>
+        <source>账户 [名称=取值...]</source>
+        <translation>ACCOUNT [NAME=VALUE...]</translation>
+    </message>
+    <message>
+        <source>新建或修改账户</source>
+        <translation>create or change an account</translation>
+    </message>
+    <message>
+        <source>账户 指令类型 名称=姓名,...</source>
+        <translation>ACCOUNT TYPE NAME=USER,...</translation>
+    </message>
+    <message>
+        <source>设置执行人和复核人</source>
+        <translation>set executors and reviewers</translation>
+    </message>
+    <message>
+        <source>账户 元|unknown</source>
+        <translation>ACCOUNT YUAN|unknown</translation>
+    </message>
+    <message>
+        <source>设置可用资金</source>
+        <translation>set the available cash</translation>
+    </message>
+    <message>
+        <source>账户|usual 名称=取值...</source>
+        <translation>ACCOUNT|usual NAME=VALUE...</translation>
+    </message>
+    <message>
+        <source>设置限额</source>
+        <translation>set limits</translation>
+    </message>
+    <message>
+        <source>列出用户、权限、账户和限额</source>
+        <translation>list users, rights, accounts and limits</translation>
+    </message>
+    <message>
+        <source>%1：%2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>；
+</source>
+        <translation>;
+</translation>
+    </message>
+    <message>
+        <source>交易日历到%1</source>
+        <translation>The trade calendar extends to %1</translation>
+    </message>
+    <message>
+        <source>数据库已备份到%1</source>
+        <translation>Database copied to %1</translation>
+    </message>
+    <message>
+        <source>删除：%1</source>
+        <translation>Removed: %1</translation>
+    </message>
+    <message>
+        <source>%1：将删除%2项，输入yes继续</source>
+        <translation>%1: removes %2 entries, type yes to continue</translation>
+    </message>
+    <message>
+        <source>已导出到%1</source>
+        <translation>Exported to %1</translation>
     </message>
 </context>
 <context>
@@ -1750,6 +2758,610 @@
         <source>用户%1的账户没有下单权限，或没有相应市场的证券账户，不能新建计划，请联系管理员</source>
         <translation>User %1 has no account with the right to trade and a security account for its market, and cannot create plans; ask the administrator</translation>
     </message>
+    <message>
+        <source>%1：%2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>第%1行：%2</source>
+        <translation>Line %1: %2</translation>
+    </message>
+    <message>
+        <source>文件不存在或不是普通文件</source>
+        <translation>The file does not exist or is no ordinary file</translation>
+    </message>
+    <message>
+        <source>文件无法打开</source>
+        <translation>The file cannot be opened</translation>
+    </message>
+    <message>
+        <source>文件超过%1字节</source>
+        <translation>The file exceeds %1 bytes</translation>
+    </message>
+    <message>
+        <source>文件不完整</source>
+        <translation>The file is incomplete</translation>
+    </message>
+    <message>
+        <source>XML格式不正确</source>
+        <translation>The XML is malformed</translation>
+    </message>
+    <message>
+        <source>编码%1不支持</source>
+        <translation>The encoding %1 is not supported</translation>
+    </message>
+    <message>
+        <source>含有不是%1编码的字节</source>
+        <translation>The file has bytes that are not %1</translation>
+    </message>
+    <message>
+        <source>元素的属性超过%1个</source>
+        <translation>An element has more than %1 attributes</translation>
+    </message>
+    <message>
+        <source>元素超过%1个</source>
+        <translation>There are more than %1 elements</translation>
+    </message>
+    <message>
+        <source>元素嵌套超过%1层</source>
+        <translation>Elements are nested more than %1 levels deep</translation>
+    </message>
+    <message>
+        <source>根元素应为FIXatdl 1.1的Strategies，而不是%1</source>
+        <translation>The root element must be Strategies of FIXatdl 1.1, not %1</translation>
+    </message>
+    <message>
+        <source>文件中没有策略</source>
+        <translation>The file has no strategy</translation>
+    </message>
+    <message>
+        <source>不允许DTD和实体声明</source>
+        <translation>DTDs and entity declarations are not allowed</translation>
+    </message>
+    <message>
+        <source>元素%1中有文字“%2”</source>
+        <translation>The element %1 contains the text &quot;%2&quot;</translation>
+    </message>
+    <message>
+        <source>元素%1的文字超过%2个字符</source>
+        <translation>The text of the element %1 has more than %2 characters</translation>
+    </message>
+    <message>
+        <source>元素%1超过%2个</source>
+        <translation>There are more than %2 elements %1</translation>
+    </message>
+    <message>
+        <source>规则和条件过多</source>
+        <translation>There are too many rules and conditions</translation>
+    </message>
+    <message>
+        <source>元素%1未知或不能出现在这里</source>
+        <translation>The element %1 is unknown or not allowed here</translation>
+    </message>
+    <message>
+        <source>元素%1的属性%2未知</source>
+        <translation>The attribute %2 of the element %1 is unknown</translation>
+    </message>
+    <message>
+        <source>元素%1缺少属性%2</source>
+        <translation>The element %1 lacks the attribute %2</translation>
+    </message>
+    <message>
+        <source>类型%1不能有属性%2</source>
+        <translation>The type %1 cannot have the attribute %2</translation>
+    </message>
+    <message>
+        <source>属性%1超过%2个字符</source>
+        <translation>The attribute %1 has more than %2 characters</translation>
+    </message>
+    <message>
+        <source>属性%1的值“%2”应为%3至%4的整数</source>
+        <translation>The value &quot;%2&quot; of the attribute %1 must be a whole number from %3 to %4</translation>
+    </message>
+    <message>
+        <source>属性%1的值“%2”应为true或false</source>
+        <translation>The value &quot;%2&quot; of the attribute %1 must be true or false</translation>
+    </message>
+    <message>
+        <source>属性%1的值“%2”不能作为名称</source>
+        <translation>The value &quot;%2&quot; of the attribute %1 is no name</translation>
+    </message>
+    <message>
+        <source>属性%1的值“%2”应为%3之一</source>
+        <translation>The value &quot;%2&quot; of the attribute %1 must be one of %3</translation>
+    </message>
+    <message>
+        <source>属性trueWireValue与falseWireValue相同</source>
+        <translation>trueWireValue and falseWireValue are equal</translation>
+    </message>
+    <message>
+        <source>参数类型“%1”未知</source>
+        <translation>The parameter type &quot;%1&quot; is unknown</translation>
+    </message>
+    <message>
+        <source>控件类型“%1”未知</source>
+        <translation>The control type &quot;%1&quot; is unknown</translation>
+    </message>
+    <message>
+        <source>时区“%1”未知</source>
+        <translation>The time zone &quot;%1&quot; is unknown</translation>
+    </message>
+    <message>
+        <source>策略名“%1”重复</source>
+        <translation>The strategy name &quot;%1&quot; is used twice</translation>
+    </message>
+    <message>
+        <source>策略%1有多个StrategyLayout</source>
+        <translation>Strategy %1 has several StrategyLayouts</translation>
+    </message>
+    <message>
+        <source>StrategyLayout中没有StrategyPanel</source>
+        <translation>The StrategyLayout has no StrategyPanel</translation>
+    </message>
+    <message>
+        <source>%1中没有Edit</source>
+        <translation>%1 has no Edit</translation>
+    </message>
+    <message>
+        <source>%1中只能有一个Edit</source>
+        <translation>%1 can have only one Edit</translation>
+    </message>
+    <message>
+        <source>Edit不能同时有operator和logicOperator</source>
+        <translation>An Edit cannot have both operator and logicOperator</translation>
+    </message>
+    <message>
+        <source>Edit应有operator或logicOperator</source>
+        <translation>An Edit must have operator or logicOperator</translation>
+    </message>
+    <message>
+        <source>有logicOperator的Edit中没有Edit</source>
+        <translation>An Edit with logicOperator has no Edit</translation>
+    </message>
+    <message>
+        <source>有logicOperator的Edit不能有属性%1</source>
+        <translation>An Edit with logicOperator cannot have the attribute %1</translation>
+    </message>
+    <message>
+        <source>Edit应有field2或value之一</source>
+        <translation>An Edit must have field2 or value</translation>
+    </message>
+    <message>
+        <source>Edit不能同时有field2和value</source>
+        <translation>An Edit cannot have both field2 and value</translation>
+    </message>
+    <message>
+        <source>EditRef引用的Edit“%1”不存在</source>
+        <translation>There is no Edit &quot;%1&quot;, to which an EditRef refers</translation>
+    </message>
+    <message>
+        <source>Edit的id“%1”重复</source>
+        <translation>The id &quot;%1&quot; of an Edit is used twice</translation>
+    </message>
+    <message>
+        <source>Edit“%1”引用了自己</source>
+        <translation>The Edit &quot;%1&quot; refers to itself</translation>
+    </message>
+    <message>
+        <source>参数名“%1”重复</source>
+        <translation>The parameter name &quot;%1&quot; is used twice</translation>
+    </message>
+    <message>
+        <source>参数%1的%2“%3”%4</source>
+        <translation>The %2 &quot;%3&quot; of parameter %1 %4</translation>
+    </message>
+    <message>
+        <source>参数%1的下限大于上限</source>
+        <translation>The lower limit of parameter %1 is above its upper one</translation>
+    </message>
+    <message>
+        <source>参数%1的enumID“%2”重复</source>
+        <translation>The enumID &quot;%2&quot; of parameter %1 appears twice</translation>
+    </message>
+    <message>
+        <source>控件ID“%1”重复</source>
+        <translation>The control ID &quot;%1&quot; is used twice</translation>
+    </message>
+    <message>
+        <source>参数“%1”有多个控件</source>
+        <translation>The parameter &quot;%1&quot; has several controls</translation>
+    </message>
+    <message>
+        <source>控件%1的参数“%2”不存在</source>
+        <translation>There is no parameter &quot;%2&quot;, which control %1 has</translation>
+    </message>
+    <message>
+        <source>控件%1的参数%2是常量，不能有控件</source>
+        <translation>The parameter %2 of control %1 is a constant and cannot have a control</translation>
+    </message>
+    <message>
+        <source>控件%1的类型与参数%2的类型不符</source>
+        <translation>The type of control %1 does not fit that of parameter %2</translation>
+    </message>
+    <message>
+        <source>控件%1的类型不能有ListItem</source>
+        <translation>The type of control %1 cannot have a ListItem</translation>
+    </message>
+    <message>
+        <source>控件%1的ListItem“%2”重复</source>
+        <translation>The ListItem &quot;%2&quot; of control %1 appears twice</translation>
+    </message>
+    <message>
+        <source>控件%1的enumID“%2”不是参数%3的EnumPair</source>
+        <translation>The enumID &quot;%2&quot; of control %1 is no EnumPair of parameter %3</translation>
+    </message>
+    <message>
+        <source>控件%1的步长“%2”应为大于零的数字</source>
+        <translation>The step &quot;%2&quot; of control %1 must be a number above zero</translation>
+    </message>
+    <message>
+        <source>控件%1的默认值“%2”%3</source>
+        <translation>The initial value &quot;%2&quot; of control %1 %3</translation>
+    </message>
+    <message>
+        <source>校验规则的参数“%1”不存在</source>
+        <translation>There is no parameter &quot;%1&quot;, which a rule uses</translation>
+    </message>
+    <message>
+        <source>状态规则的控件“%1”不存在</source>
+        <translation>There is no control &quot;%1&quot;, which a state rule uses</translation>
+    </message>
+    <message>
+        <source>%1的比较值“%2”%3</source>
+        <translation>The value &quot;%2&quot; with which %1 is compared %3</translation>
+    </message>
+    <message>
+        <source>校验规则的参数%1与%2类型不同，不能比较</source>
+        <translation>The parameters %1 and %2 of a rule have different types and cannot be compared</translation>
+    </message>
+    <message>
+        <source>控件%1的状态规则的值“%2”%3</source>
+        <translation>The value &quot;%2&quot; of a state rule of control %1 %3</translation>
+    </message>
+    <message>
+        <source>控件%1的状态规则循环改变控件的值</source>
+        <translation>State rules change the value of control %1 in a circle</translation>
+    </message>
+    <message>
+        <source>参数%1的类型%2含有日期，计划跨多个交易日，请改用LocalMktTime_t</source>
+        <translation>The type %2 of parameter %1 has a date, but a plan lasts several trade days; use LocalMktTime_t</translation>
+    </message>
+    <message>
+        <source>参数%1是二进制数据，无法填写</source>
+        <translation>Parameter %1 is binary data and cannot be filled in</translation>
+    </message>
+    <message>
+        <source>参数%1是FIX字段%2，由计划自己填写</source>
+        <translation>Parameter %1 is the FIX field %2, which the plan fills in itself</translation>
+    </message>
+    <message>
+        <source>必填参数%1既没有控件也没有constValue</source>
+        <translation>The required parameter %1 has neither a control nor a constValue</translation>
+    </message>
+    <message>
+        <source>参数%1没有EnumPair，invertOnWire无法取反</source>
+        <translation>Parameter %1 has no EnumPair, so that invertOnWire has nothing to invert</translation>
+    </message>
+    <message>
+        <source>fixMsgType为%1，计划只发出单笔委托（D）</source>
+        <translation>fixMsgType is %1; a plan sends single orders (D) only</translation>
+    </message>
+    <message>
+        <source>属性%1大于1，计划只有一只证券</source>
+        <translation>The attribute %1 exceeds 1; a plan has one security</translation>
+    </message>
+    <message>
+        <source>RepeatingGroup用于多腿或篮子委托，计划只有一只证券</source>
+        <translation>RepeatingGroup is for orders with several legs; a plan has one security</translation>
+    </message>
+    <message>
+        <source>NOT中有多个Edit，含义不明确</source>
+        <translation>A NOT has several Edits and is ambiguous</translation>
+    </message>
+    <message>
+        <source>名称“%1”已被其他策略占用，请用providerID区分</source>
+        <translation>The name &quot;%1&quot; is taken by another strategy; distinguish them by providerID</translation>
+    </message>
+    <message>
+        <source>忽略处理指令%1</source>
+        <translation>The processing instruction %1 is ignored</translation>
+    </message>
+    <message>
+        <source>元素%1应有属性%2</source>
+        <translation>The element %1 should have the attribute %2</translation>
+    </message>
+    <message>
+        <source>元素%1中应有%2</source>
+        <translation>The element %1 should have %2</translation>
+    </message>
+    <message>
+        <source>属性%2对%1没有作用，忽略</source>
+        <translation>The attribute %2 has no effect on %1 and is ignored</translation>
+    </message>
+    <message>
+        <source>属性%1的值“%2”不合标准的写法</source>
+        <translation>The value &quot;%2&quot; of the attribute %1 is not written as in the standard</translation>
+    </message>
+    <message>
+        <source>属性%1的值“%2”按“%3”处理</source>
+        <translation>The value &quot;%2&quot; of the attribute %1 is taken as &quot;%3&quot;</translation>
+    </message>
+    <message>
+        <source>类型“%1”的写法不合标准</source>
+        <translation>The type &quot;%1&quot; is not written as in the standard</translation>
+    </message>
+    <message>
+        <source>元素%1的命名空间不合标准</source>
+        <translation>The namespace of the element %1 is not the standard&apos;s</translation>
+    </message>
+    <message>
+        <source>元素%1应在%2之前</source>
+        <translation>The element %1 should precede %2</translation>
+    </message>
+    <message>
+        <source>StrategyPanel中同时有Control和StrategyPanel</source>
+        <translation>A StrategyPanel has both Controls and StrategyPanels</translation>
+    </message>
+    <message>
+        <source>StrategyLayout中有多个StrategyPanel</source>
+        <translation>The StrategyLayout has several StrategyPanels</translation>
+    </message>
+    <message>
+        <source>参数%1的wireValue“%2”重复</source>
+        <translation>The wireValue &quot;%2&quot; of parameter %1 appears twice</translation>
+    </message>
+    <message>
+        <source>参数%1既没有控件也没有constValue，不会发出</source>
+        <translation>Parameter %1 has neither a control nor a constValue and is never sent</translation>
+    </message>
+    <message>
+        <source>参数%1没有fixTag，文件也没有声明tag957Support</source>
+        <translation>Parameter %1 has no fixTag, and the file does not declare tag957Support</translation>
+    </message>
+    <message>
+        <source>没有FIX字段%1的值，不检查这条规则</source>
+        <translation>The FIX field %1 has no value here; the rule is not checked</translation>
+    </message>
+    <message>
+        <source>StateRule没有enabled、visible或value</source>
+        <translation>The StateRule has no enabled, visible or value</translation>
+    </message>
+    <message>
+        <source>必填</source>
+        <translation>is required</translation>
+    </message>
+    <message>
+        <source>固定为%1</source>
+        <translation>is fixed to %1</translation>
+    </message>
+    <message>
+        <source>不是可选的值</source>
+        <translation>is not one of the values</translation>
+    </message>
+    <message>
+        <source>应为数字</source>
+        <translation>must be a number</translation>
+    </message>
+    <message>
+        <source>应为整数</source>
+        <translation>must be a whole number</translation>
+    </message>
+    <message>
+        <source>最多%1位小数</source>
+        <translation>can have at most %1 decimals</translation>
+    </message>
+    <message>
+        <source>应不小于%1</source>
+        <translation>must be at least %1</translation>
+    </message>
+    <message>
+        <source>应不大于%1</source>
+        <translation>must be at most %1</translation>
+    </message>
+    <message>
+        <source>应在%1至%2之间</source>
+        <translation>must be from %1 to %2</translation>
+    </message>
+    <message>
+        <source>应为时间，如09:30:00</source>
+        <translation>must be a time, such as 09:30:00</translation>
+    </message>
+    <message>
+        <source>含有不可见字符</source>
+        <translation>contains invisible characters</translation>
+    </message>
+    <message>
+        <source>应为一个字符</source>
+        <translation>must be one character</translation>
+    </message>
+    <message>
+        <source>最多%1个字符</source>
+        <translation>can have at most %1 characters</translation>
+    </message>
+    <message>
+        <source>至少%1个字符</source>
+        <translation>must have at least %1 characters</translation>
+    </message>
+    <message>
+        <source>的写法不正确</source>
+        <translation>is malformed</translation>
+    </message>
+    <message>
+        <source>未找到该算法</source>
+        <translation>There is no such algorithm</translation>
+    </message>
+    <message>
+        <source>未找到算法【%1】的参数定义！</source>
+        <translation>The parameters of the algorithm &quot;%1&quot; are not defined.</translation>
+    </message>
+    <message>
+        <source>算法【%1】不在可选范围内，请重新选择！</source>
+        <translation>The algorithm &quot;%1&quot; is not offered; choose another one.</translation>
+    </message>
+    <message>
+        <source>“%1”%2！</source>
+        <translation>&quot;%1&quot; %2.</translation>
+    </message>
+    <message>
+        <source>“%1”%3（单位：%2）！</source>
+        <translation>&quot;%1&quot; %3 (unit: %2).</translation>
+    </message>
+    <message>
+        <source>含有空字符</source>
+        <translation>The text contains a NUL character</translation>
+    </message>
+    <message>
+        <source>编码错误：内容不是%1</source>
+        <translation>The contents are not %1</translation>
+    </message>
+    <message>
+        <source>文件的编码是UTF-16，请另存为UTF-8或GB18030</source>
+        <translation>The file is in UTF-16; save it as UTF-8 or GB18030</translation>
+    </message>
+    <message>
+        <source>一行超过%1字节，可能缺少右引号</source>
+        <translation>A row exceeds %1 bytes, perhaps because of a missing closing quote</translation>
+    </message>
+    <message>
+        <source>一行超过%1列</source>
+        <translation>A row has more than %1 columns</translation>
+    </message>
+    <message>
+        <source>引号的位置不正确，含有引号的内容须放在引号内，其中的引号写两次</source>
+        <translation>A quote is misplaced; text with quotes must be in quotes, and its own quotes doubled</translation>
+    </message>
+    <message>
+        <source>到文件末尾仍缺少右引号</source>
+        <translation>A closing quote is missing up to the end of the file</translation>
+    </message>
+    <message>
+        <source>不是可以读取的XLSX文件</source>
+        <translation>This is no readable XLSX file</translation>
+    </message>
+    <message>
+        <source>XLSX文件的内容超过%1字节</source>
+        <translation>The contents of the XLSX file exceed %1 bytes</translation>
+    </message>
+    <message>
+        <source>JSON应为对象的数组，对象的值应为文本、数字或布尔值</source>
+        <translation>JSON must be an array of objects whose values are texts, numbers or booleans</translation>
+    </message>
+    <message>
+        <source>无法写入表格：%1</source>
+        <translation>The table cannot be written: %1</translation>
+    </message>
+    <message>
+        <source>已取消</source>
+        <translation>Cancelled</translation>
+    </message>
+    <message>
+        <source>文件中没有表头</source>
+        <translation>The file has no headings</translation>
+    </message>
+    <message>
+        <source>没有列“%1”，可用的列：%2</source>
+        <translation>There is no column &quot;%1&quot;; there are: %2</translation>
+    </message>
+    <message>
+        <source>列“%1”重复</source>
+        <translation>The column &quot;%1&quot; appears twice</translation>
+    </message>
+    <message>
+        <source>缺少列：%1</source>
+        <translation>Columns are missing: %1</translation>
+    </message>
+    <message>
+        <source>没有表头的列有内容</source>
+        <translation>A column without heading has contents</translation>
+    </message>
+    <message>
+        <source>%1为空</source>
+        <translation>%1 is empty</translation>
+    </message>
+    <message>
+        <source>无法识别日期“%1”，文件中的日期须有年、月、日，例如2026-12-04</source>
+        <translation>&quot;%1&quot; is no date; dates in files need year, month and day, for example 2026-12-04</translation>
+    </message>
+    <message>
+        <source>“%1”与第%2行重复</source>
+        <translation>&quot;%1&quot; is in line %2 already</translation>
+    </message>
+    <message>
+        <source>证券“%1”已有收盘价、持仓或计划，不能修改%2</source>
+        <translation>Security &quot;%1&quot; has closing prices, positions or plans; %2 cannot be changed</translation>
+    </message>
+    <message>
+        <source>“%1”仍在使用，不能删除</source>
+        <translation>&quot;%1&quot; is still in use and cannot be removed</translation>
+    </message>
+    <message>
+        <source>证券“%1”缺少交易日%2的收盘价</source>
+        <translation>Security &quot;%1&quot; has no closing price of the trade day %2</translation>
+    </message>
+    <message>
+        <source>%2不是证券“%1”的交易日，或不在交易日历之内</source>
+        <translation>%2 is not a trade day of the security &quot;%1&quot;, or beyond the trade calendar</translation>
+    </message>
+    <message>
+        <source>证券代码“%1”无效，应为代码、点和市场，例如600000.SH</source>
+        <translation>The security code &quot;%1&quot; is invalid; it must be code, point and market, for example 600000.SH</translation>
+    </message>
+    <message>
+        <source>可卖数量%1超过持仓数量%2</source>
+        <translation>The sellable quantity %1 exceeds the position of %2</translation>
+    </message>
+    <message>
+        <source>数量%1不是数量系数%2的整数倍</source>
+        <translation>The quantity %1 is no multiple of the factor %2</translation>
+    </message>
+    <message>
+        <source>用户“%1”的姓名已用于计划或审批链，不能修改</source>
+        <translation>The name of user &quot;%1&quot; is used in plans or approval chains and cannot be changed</translation>
+    </message>
+    <message>
+        <source>有%1处错误，没有导入任何内容</source>
+        <translation>There are %1 errors; nothing was imported</translation>
+    </message>
+    <message>
+        <source>没有确认，没有导入任何内容</source>
+        <translation>Not confirmed, nothing was imported</translation>
+    </message>
+    <message>
+        <source>没有保存任何内容</source>
+        <translation>Nothing was stored</translation>
+    </message>
+    <message>
+        <source>%1不能用--replace</source>
+        <translation>%1 cannot be used with --replace</translation>
+    </message>
+    <message>
+        <source>没有类别“%1”，可用：%2</source>
+        <translation>There is no kind &quot;%1&quot;; there are: %2</translation>
+    </message>
+    <message>
+        <source>计划“%1”的版本应为%3，文件中为%2，请重新导出后再修改</source>
+        <translation>The version of plan &quot;%1&quot; is %3, in the file %2; export it again before changing it</translation>
+    </message>
+    <message>
+        <source>不知道文件“%1”的格式，扩展名应为csv、xlsx或json</source>
+        <translation>The format of the file &quot;%1&quot; is unknown; the extension must be csv, xlsx or json</translation>
+    </message>
+    <message>
+        <source>目标总量和目标金额只能有一个</source>
+        <translation>A plan has either a target quantity or a target amount</translation>
+    </message>
+    <message>
+        <source>算法参数不是JSON对象</source>
+        <translation>The algorithm parameters are no JSON object</translation>
+    </message>
+    <message>
+        <source>状态为“%1”的计划不能新建，只能导入执行中的计划</source>
+        <translation>A plan with the state &quot;%1&quot; cannot be created; only active plans can be imported</translation>
+    </message>
+    <message>
+        <source>、</source>
+        <translation>, </translation>
+    </message>
 </context>
 <context>
     <name>FormDraft</name>
@@ -1839,6 +3451,18 @@
     <message>
         <source>连接中断前签署的协议未保存，请重新签署。</source>
         <translation>The agreement signed before the connection was lost has not been stored. Please sign it again.</translation>
+    </message>
+    <message>
+        <source>，</source>
+        <translation>, </translation>
+    </message>
+    <message>
+        <source>%1（%2）</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1 %2（%3，%4）</source>
+        <translation>%1 %2 (%3, %4)</translation>
     </message>
 </context>
 <context>
@@ -2274,6 +3898,37 @@ Continue?</translation>
     </message>
 </context>
 <context>
+    <name>IssueTexts</name>
+    <message>
+        <source>%1：新下达指令%2条，此前已下达的计划%3个，未下达的计划%4个。</source>
+        <translation>%1: %2 new instructions, %3 plans issued before, %4 plans not issued.</translation>
+    </message>
+    <message>
+        <source>%1：%2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>其余计划未下达：%1</source>
+        <translation>The other plans were not issued: %1</translation>
+    </message>
+    <message>
+        <source>（%1漏下达，不补下达）</source>
+        <translation> (%1 was missed and is not issued later)</translation>
+    </message>
+    <message>
+        <source>%1 不能下达：%2</source>
+        <translation>%1 cannot be issued: %2</translation>
+    </message>
+    <message>
+        <source>不限价</source>
+        <translation>no limit</translation>
+    </message>
+    <message>
+        <source>%1 %2 数量%3 金额%4元</source>
+        <translation>%1 %2 quantity %3 amount %4 yuan</translation>
+    </message>
+</context>
+<context>
     <name>Journal</name>
     <message>
         <source>上一页</source>
@@ -2390,6 +4045,10 @@ Continue?</translation>
         <source>下达 %1，成交 %2，%3</source>
         <translation>Issued %1, filled %2, %3</translation>
     </message>
+    <message>
+        <source>%1（%2）</source>
+        <translation>%1 (%2)</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
@@ -2453,6 +4112,10 @@ Continue?</translation>
         <source>策略文件…</source>
         <translation>Strategy files…</translation>
     </message>
+    <message>
+        <source>一次最多选择%1个计划，请先筛选或搜索</source>
+        <translation>At most %1 plans can be selected at once; filter or search first</translation>
+    </message>
 </context>
 <context>
     <name>MessageBox</name>
@@ -2463,6 +4126,13 @@ Continue?</translation>
     <message>
         <source>取消</source>
         <translation>Cancel</translation>
+    </message>
+</context>
+<context>
+    <name>OrloAccountComboBox</name>
+    <message>
+        <source>%1（%2）</source>
+        <translation>%1 (%2)</translation>
     </message>
 </context>
 <context>
@@ -2543,6 +4213,51 @@ Continue?</translation>
     <message>
         <source>确认</source>
         <translation>Confirm</translation>
+    </message>
+</context>
+<context>
+    <name>PanelBox</name>
+    <message>
+        <source>更多</source>
+        <translation>More</translation>
+    </message>
+    <message>
+        <source>已展开</source>
+        <translation>expanded</translation>
+    </message>
+    <message>
+        <source>已折叠</source>
+        <translation>collapsed</translation>
+    </message>
+</context>
+<context>
+    <name>ParameterForm</name>
+    <message>
+        <source>选填</source>
+        <translation>optional</translation>
+    </message>
+    <message>
+        <source>%1，选填</source>
+        <translation>%1, optional</translation>
+    </message>
+    <message>
+        <source>，</source>
+        <translation>, </translation>
+    </message>
+</context>
+<context>
+    <name>ParameterValue</name>
+    <message>
+        <source>不小于 %1</source>
+        <translation>at least %1</translation>
+    </message>
+    <message>
+        <source>不大于 %1</source>
+        <translation>at most %1</translation>
+    </message>
+    <message>
+        <source>%1 ～ %2</source>
+        <translation>%1 – %2</translation>
     </message>
 </context>
 <context>
@@ -2881,6 +4596,18 @@ Continue?</translation>
         <source>股</source>
         <translation>shares</translation>
     </message>
+    <message>
+        <source>%1：%2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1：%2；%3</source>
+        <translation>%1: %2; %3</translation>
+    </message>
+    <message>
+        <source>%1（%2）</source>
+        <translation>%1 (%2)</translation>
+    </message>
 </context>
 <context>
     <name>PlanLife</name>
@@ -3045,6 +4772,10 @@ Continue?</translation>
         <source>交易计划</source>
         <translation>Plans</translation>
     </message>
+    <message>
+        <source>生成示例行情 %1%</source>
+        <translation>Generating the sample market %1%</translation>
+    </message>
 </context>
 <context>
     <name>StateActions</name>
@@ -3114,6 +4845,45 @@ Continue?</translation>
     <message>
         <source>%1，上方有%2个新计划</source>
         <translation>%1, %2 new ones above</translation>
+    </message>
+    <message>
+        <source>%1（名称含有这些字的证券过多，只搜索了前%2只，请输入更多的字）</source>
+        <translation>%1 (too many securities have such a name, the first %2 were searched for; type more)</translation>
+    </message>
+</context>
+<context>
+    <name>StrategyReport</name>
+    <message>
+        <source>拒绝</source>
+        <translation>refused</translation>
+    </message>
+    <message>
+        <source>可用</source>
+        <translation>offered</translation>
+    </message>
+    <message>
+        <source>不可用</source>
+        <translation>not offered</translation>
+    </message>
+    <message>
+        <source>%1：拒绝 %2</source>
+        <translation>%1: refused, %2</translation>
+    </message>
+    <message>
+        <source>%1：%2个策略</source>
+        <translation>%1: %2 strategies</translation>
+    </message>
+    <message>
+        <source>提示</source>
+        <translation>Note:</translation>
+    </message>
+    <message>
+        <source>策略%1（第%2行）：%3</source>
+        <translation>Strategy %1 (line %2): %3</translation>
+    </message>
+    <message>
+        <source>原因</source>
+        <translation>Reason:</translation>
     </message>
 </context>
 <context>

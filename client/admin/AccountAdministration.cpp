@@ -3,6 +3,7 @@
 #include "AccountStore.h"
 #include "CashStore.h"
 #include "ClientClock.h"
+#include "ErrorText.h"
 #include "Kelvo_Values.h"
 #include "LimitStore.h"
 #include "Orlo_Values.h"
@@ -29,11 +30,13 @@ struct AccountItem {
 const QVector<AccountItem>& itemsOfAccounts()
 {
     static const QVector<AccountItem> all{
-        { QStringLiteral("name"), QStringLiteral("名称"), &StoredAccount::name },
-        { QStringLiteral("fund"), QStringLiteral("资金账号"), &StoredAccount::fundAccount },
-        { QStringLiteral("client"), QStringLiteral("客户号"), &StoredAccount::clientNo },
-        { QStringLiteral("branch"), QStringLiteral("营业部"), &StoredAccount::branchNo },
-        { QStringLiteral("asset"), QStringLiteral("资产属性"), &StoredAccount::assetProperty },
+        { QStringLiteral("name"), QStringLiteral(QT_TRANSLATE_NOOP("Caption", "名称")), &StoredAccount::name },
+        { QStringLiteral("fund"), QStringLiteral(QT_TRANSLATE_NOOP("Caption", "资金账号")),
+            &StoredAccount::fundAccount },
+        { QStringLiteral("client"), QStringLiteral(QT_TRANSLATE_NOOP("Caption", "客户号")), &StoredAccount::clientNo },
+        { QStringLiteral("branch"), QStringLiteral(QT_TRANSLATE_NOOP("Caption", "营业部")), &StoredAccount::branchNo },
+        { QStringLiteral("asset"), QStringLiteral(QT_TRANSLATE_NOOP("Caption", "资产属性")),
+            &StoredAccount::assetProperty },
     };
     return all;
 }
@@ -42,7 +45,7 @@ Status checkAsset(const QString& asset)
 {
     if (asset == AccountAsset::Ordinary || asset == Orlo_Values::FundAccountType::Credit)
         return {};
-    return { Error::UnknownCode, { QStringLiteral("资产属性"), asset } };
+    return { Error::UnknownCode, { QStringLiteral(QT_TRANSLATE_NOOP("Caption", "资产属性")), asset } };
 }
 
 Status checkComplete(const StoredAccount& account)
@@ -54,18 +57,18 @@ Status checkComplete(const StoredAccount& account)
     }
     if (missing.isEmpty())
         return {};
-    return { Error::AccountIncomplete, { account.tradingAccount, missing.join(QStringLiteral("、")) } };
+    return { Error::AccountIncomplete, { account.tradingAccount, listText(missing) } };
 }
 
 /// Takes the items and appends a line for each one that differs.
 Status take(const AccountAdministration::Items& items, StoredAccount& account, QStringList& lines)
 {
-    const QString line = QStringLiteral("账户%1：%2由“%3”改为“%4”");
+    const QString line = Administration::tr("账户%1：%2由“%3”改为“%4”");
     for (const AccountItem& item : itemsOfAccounts()) {
         QString& text = account.*item.text;
         const QString given = items.value(item.name, text);
         if (given != text)
-            lines << line.arg(account.tradingAccount, item.caption, text, given);
+            lines << line.arg(account.tradingAccount, captionText(item.caption), text, given);
         text = given;
     }
     for (const QString& exchange : exchanges()) {
@@ -98,7 +101,7 @@ Status addOrChange(
     if (Status status = checkComplete(*account); !status)
         return status;
     if (isNew)
-        lines << QStringLiteral("账户%1：已建立，名称%2").arg(number, account->name);
+        lines << Administration::tr("账户%1：已建立，名称%2").arg(number, account->name);
     else
         lines << changes;
     if (lines.isEmpty())
@@ -116,9 +119,12 @@ struct LimitItem {
 const QVector<LimitItem>& itemsOfLimits()
 {
     static const QVector<LimitItem> all{
-        { QStringLiteral("quantity"), QStringLiteral("最大数量"), &AccountLimits::quantity },
-        { QStringLiteral("amount"), QStringLiteral("最大金额（元）"), &AccountLimits::amount },
-        { QStringLiteral("price-band"), QStringLiteral("价格偏离（‰）"), &AccountLimits::priceBandPerMille },
+        { QStringLiteral("quantity"), QStringLiteral(QT_TRANSLATE_NOOP("Caption", "最大数量")),
+            &AccountLimits::quantity },
+        { QStringLiteral("amount"), QStringLiteral(QT_TRANSLATE_NOOP("Caption", "最大金额（元）")),
+            &AccountLimits::amount },
+        { QStringLiteral("price-band"), QStringLiteral(QT_TRANSLATE_NOOP("Caption", "价格偏离（‰）")),
+            &AccountLimits::priceBandPerMille },
     };
     return all;
 }
@@ -145,7 +151,7 @@ Status changeLimits(
     const QString key = account == Usual ? QString() : account;
     if (Status status = key.isEmpty() ? Status() : Administration::checkAccount(database, account); !status)
         return status;
-    const QString owner = key.isEmpty() ? QStringLiteral("通用限额") : QStringLiteral("账户") + account;
+    const QString owner = key.isEmpty() ? Administration::tr("通用限额") : Administration::tr("账户%1").arg(account);
     LimitStore store(database);
     Result<AccountLimits> limits = store.own(key);
     if (!limits)
@@ -156,7 +162,8 @@ Status changeLimits(
         if (!given)
             return given.status();
         if (*given != limit)
-            lines << QStringLiteral("%1：%2由%3改为%4").arg(owner, item.caption, textOf(limit), textOf(*given));
+            lines << Administration::tr("%1：%2由%3改为%4")
+                         .arg(owner, captionText(item.caption), textOf(limit), textOf(*given));
         limit = *given;
     }
     return lines.isEmpty() ? Status() : store.set(key, *limits);
@@ -171,7 +178,7 @@ Result<std::optional<qint64>> fenOf(const QString& yuan)
         return std::optional<qint64>();
     static const QRegularExpression amount(QStringLiteral("^(0|[1-9][0-9]{0,12})(\\.[0-9]{2})?$"));
     if (!amount.match(yuan).hasMatch())
-        return { Error::NotNumber, { QStringLiteral("资金（元）"), yuan.left(32) } };
+        return { Error::NotNumber, { QStringLiteral(QT_TRANSLATE_NOOP("Caption", "资金（元）")), yuan.left(32) } };
     const QString fen =
         yuan.contains(QLatin1Char('.')) ? QString(yuan).remove(QLatin1Char('.')) : yuan + QStringLiteral("00");
     return std::optional<qint64>(fen.toLongLong());
@@ -179,8 +186,8 @@ Result<std::optional<qint64>> fenOf(const QString& yuan)
 
 QString textOfCash(const std::optional<qint64>& fen)
 {
-    return fen ? QString::number(static_cast<double>(*fen) / 100, 'f', 2) + QStringLiteral("元")
-               : QStringLiteral("未知");
+    return fen ? Administration::tr("%1元").arg(QString::number(static_cast<double>(*fen) / 100, 'f', 2))
+               : Administration::tr("未知");
 }
 
 Status changeCash(Database& database, const QString& account, const QString& yuan, QStringList& lines)
@@ -196,7 +203,7 @@ Status changeCash(Database& database, const QString& account, const QString& yua
         return known.status();
     if (*known == *fen)
         return {};
-    lines << QStringLiteral("账户%1：可用资金由%2改为%3").arg(account, textOfCash(*known), textOfCash(*fen));
+    lines << Administration::tr("账户%1：可用资金由%2改为%3").arg(account, textOfCash(*known), textOfCash(*fen));
     return store.set(account, *fen);
 }
 
@@ -215,7 +222,8 @@ Result<QStringList> AccountAdministration::addAccount(const QString& account, co
 
 Status AccountAdministration::write(Database& database, const QString& account, const Items& items, QStringList& lines)
 {
-    if (Status status = Administration::checkText(QStringLiteral("账户"), account); !status)
+    if (Status status = Administration::checkText(QStringLiteral(QT_TRANSLATE_NOOP("Caption", "账户")), account);
+        !status)
         return status;
     for (auto item = items.cbegin(); item != items.cend(); ++item) {
         if (Status status = Administration::checkText(item.key(), item.value()); !status)

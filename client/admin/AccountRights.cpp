@@ -1,5 +1,7 @@
 #include "AccountRights.h"
 
+#include "Administration.h"
+
 #include <algorithm>
 
 AccountRights::AccountRights(Database& database, const QString& user, const QString& account, QStringList& lines)
@@ -16,7 +18,7 @@ Status AccountRights::assign()
     const Result<int> assigned = isAssigned();
     if (!assigned || *assigned != 0)
         return assigned.status();
-    note(QStringLiteral("分配账户%1"));
+    note(Administration::tr("分配账户%1"));
     return m_accounts.assign(m_user, m_account);
 }
 
@@ -27,12 +29,13 @@ Status AccountRights::grant(const QString& type, int property)
         return present.status();
     Status status;
     if (!present->authority) {
-        note(QStringLiteral("账户%1增加指令类型%2"), type);
+        note(Administration::tr("账户%1增加指令类型%2"), type);
         status = m_authorities.grant(m_user, m_account, type);
     }
     if (!status || present->ruleProperty == property)
         return status;
-    note(property == 0 ? QStringLiteral("账户%1指令类型%2不须复核") : QStringLiteral("账户%1指令类型%2须复核"), type);
+    note(property == 0 ? Administration::tr("账户%1指令类型%2不须复核") : Administration::tr("账户%1指令类型%2须复核"),
+        type);
     return m_authorities.setRuleProperty(m_user, m_account, type, property);
 }
 
@@ -43,7 +46,7 @@ Status AccountRights::revoke(const QStringList& types)
     for (const QString& type : types) {
         if (!status || !present->contains(type))
             continue;
-        note(QStringLiteral("账户%1收回指令类型%2"), type);
+        note(Administration::tr("账户%1收回指令类型%2"), type);
         status = m_authorities.revoke(m_user, m_account, type);
     }
     return status;
@@ -56,7 +59,7 @@ Status AccountRights::unassign()
     const Result<int> assigned = isAssigned();
     if (!status || !assigned || *assigned == 0)
         return status ? assigned.status() : status;
-    note(QStringLiteral("收回账户%1"));
+    note(Administration::tr("收回账户%1"));
     return m_accounts.unassign(m_user, m_account);
 }
 
@@ -73,7 +76,7 @@ Result<int> AccountRights::isAssigned()
 
 void AccountRights::note(const QString& change, const QString& type)
 {
-    const QString line = QStringLiteral("用户") + m_user + QStringLiteral("：");
+    const QString line = Administration::tr("用户%1：").arg(m_user);
     m_lines << line + (type.isEmpty() ? change.arg(m_account) : change.arg(m_account, type));
 }
 

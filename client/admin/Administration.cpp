@@ -35,7 +35,7 @@ Result<QStringList> Administration::initialise(const QString& location)
         return present ? Result<QStringList>(QStringList()) : present;
     if (Status status = database.setUp(location); !status)
         return status;
-    return QStringList{ QStringLiteral("已建立表、角色和权限") };
+    return QStringList{ Administration::tr("已建立表、角色和权限") };
 }
 
 Result<QStringList> Administration::migrate(const QString& location)
@@ -50,7 +50,7 @@ Result<QStringList> Administration::migrate(const QString& location)
     if (Status status = database.setUp(location); !status)
         return status;
     return QStringList{
-        QStringLiteral("数据库已由版本%1升级到版本%2").arg(cause.details().at(0), cause.details().at(1))
+        Administration::tr("数据库已由版本%1升级到版本%2").arg(cause.details().at(0), cause.details().at(1))
     };
 }
 
@@ -83,7 +83,8 @@ Result<QStringList> Administration::writeSample(int securities, const SampleMark
         const auto users = UserStore(database).users();
         if (!users)
             return users.status();
-        lines << (users->isEmpty() ? QStringLiteral("已写入示例数据") : QStringLiteral("已有用户，没有写入示例数据"));
+        lines << (users->isEmpty() ? Administration::tr("已写入示例数据")
+                                   : Administration::tr("已有用户，没有写入示例数据"));
         return users->isEmpty() ? SampleData::write(database, securities, progress) : Status();
     });
 }
@@ -100,7 +101,7 @@ Status Administration::checkTypes(const QStringList& types)
     using namespace PlanCodes::InstructionType;
     for (const QString& type : types) {
         if (!QStringList{ Ordinary, Credit, Bond, HkConnect }.contains(type))
-            return { Error::UnknownCode, { QStringLiteral("指令类型"), type } };
+            return { Error::UnknownCode, { QStringLiteral(QT_TRANSLATE_NOOP("Caption", "指令类型")), type } };
     }
     return {};
 }

@@ -3,11 +3,14 @@
 #include "Database.h"
 #include "SampleMarket.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 
 /// The work of an administrator in a database on a server. Each change is a line that says what was done; no line means
 /// that everything was already so.
 class Administration {
+    Q_DECLARE_TR_FUNCTIONS(Administration)
+
 public:
     /// Called with the open database; appends a line for each change.
     using Work = std::function<Status(Database& database, QStringList& lines)>;

@@ -2,6 +2,7 @@
 
 #include "AccountStore.h"
 #include "AuthorityStore.h"
+#include "ErrorText.h"
 #include "UserStore.h"
 
 namespace {
@@ -16,8 +17,8 @@ struct ChainItem {
 const QVector<ChainItem>& itemsOfChains()
 {
     static const QVector<ChainItem> all{
-        { QStringLiteral("executors"), QStringLiteral("执行人"), ChainRole::Execute },
-        { QStringLiteral("reviewers"), QStringLiteral("复核人"), ChainRole::Forward },
+        { QStringLiteral("executors"), QStringLiteral(QT_TRANSLATE_NOOP("Caption", "执行人")), ChainRole::Execute },
+        { QStringLiteral("reviewers"), QStringLiteral(QT_TRANSLATE_NOOP("Caption", "复核人")), ChainRole::Forward },
     };
     return all;
 }
@@ -72,9 +73,9 @@ private:
         const Result<QStringList> present = m_store.chainUsers(m_key, item.role);
         if (!present || *present == names)
             return present.status();
-        const auto text = [](const QStringList& users) { return users.join(QStringLiteral("、")); };
-        m_lines << QStringLiteral("账户%1指令类型%2：%3由“%4”改为“%5”")
-                       .arg(m_account, m_type, item.caption, text(*present), text(names));
+        const auto text = [](const QStringList& users) { return listText(users); };
+        m_lines << Administration::tr("账户%1指令类型%2：%3由“%4”改为“%5”")
+                       .arg(m_account, m_type, captionText(item.caption), text(*present), text(names));
         Status status = add();
         if (status)
             status = m_store.removeChainUsers(m_key, item.role);

@@ -45,7 +45,7 @@ QByteArray lineOf(const RowReader& row, const MovedTable& table)
 
 QString shown(const QByteArray& line)
 {
-    return QStringLiteral("“%1”").arg(
+    return Administration::tr("“%1”").arg(
         QString::fromUtf8(line).left(LongestShownRow).replace(QLatin1Char('\t'), QLatin1Char(' ')));
 }
 
@@ -82,7 +82,7 @@ Status FileMove::openCopy(const QString& file, Database& copy) const
 {
     QTemporaryDir folder;
     const QString name = folder.filePath(QStringLiteral("copy.sqlite"));
-    m_progress(QStringLiteral("正在读取文件"));
+    m_progress(Administration::tr("正在读取文件"));
     if (Status status = backUpDatabase(file, name); !status)
         return status;
     Status status = copy.open(name);
@@ -108,10 +108,10 @@ Status FileMove::move(Database& file, QString& done)
     if (!written)
         return written.status();
     if (*written != 0) {
-        done = QStringLiteral("内容已在服务器上，没有变化，核对%1行");
+        done = Administration::tr("内容已在服务器上，没有变化，核对%1行");
         return compareAll(file, Error::OtherDataOnServer);
     }
-    done = QStringLiteral("已搬移并核对%1行");
+    done = Administration::tr("已搬移并核对%1行");
     Status status = writeAll(file);
     return status ? compareAll(file, Error::MovedRowsDiffer) : status;
 }
@@ -157,7 +157,7 @@ Status FileMove::write(Database& file, const MovedTable& table)
     qint64 written = 0;
     while (rows.next()) {
         writer.write(lineOf(rows, table));
-        count(QStringLiteral("搬移"), table, ++written);
+        count(Administration::tr("搬移"), table, ++written);
     }
     const Status status = rows.status() ? writer.finish() : rows.status();
     return status ? Status() : m_server.note(Status(Error::TableNotMoved, { table.name }, status));
@@ -194,13 +194,13 @@ Status FileMove::compare(Database& file, const MovedTable& table, Error differen
          hasRow = rows.next(), isPresent = reader.next(present)) {
         const QByteArray expected = hasRow ? lineOf(rows, table) : QByteArray();
         if (!isPresent && reader.status())
-            return { difference, { table.name, QStringLiteral("缺少") + shown(expected) } };
+            return { difference, { table.name, Administration::tr("缺少%1").arg(shown(expected)) } };
         if (!hasRow && rows.status())
-            return { difference, { table.name, QStringLiteral("多出") + shown(present) } };
+            return { difference, { table.name, Administration::tr("多出%1").arg(shown(present)) } };
         if (hasRow && isPresent && expected != present)
             return { difference,
-                { table.name, QStringLiteral("的%1与文件的%2不同").arg(shown(present), shown(expected)) } };
-        count(QStringLiteral("核对"), table, ++compared);
+                { table.name, Administration::tr("的%1与文件的%2不同").arg(shown(present), shown(expected)) } };
+        count(Administration::tr("核对"), table, ++compared);
     }
     m_rows += compared;
     return rows.status() ? m_server.note(reader.status()) : rows.status();
@@ -209,7 +209,7 @@ Status FileMove::compare(Database& file, const MovedTable& table, Error differen
 void FileMove::count(const QString& action, const MovedTable& table, qint64 rows)
 {
     if (rows % ReportedRows == 0)
-        m_progress(QStringLiteral("%1%2：%3行").arg(action, table.name, QString::number(rows)));
+        m_progress(Administration::tr("%1%2：%3行").arg(action, table.name, QString::number(rows)));
 }
 
 Result<QStringList> FileMove::report(const QString& done)
@@ -223,7 +223,7 @@ Result<QStringList> FileMove::report(const QString& done)
         if (!role)
             return role.status();
         if (!role->isActive())
-            lines << QStringLiteral(
+            lines << Administration::tr(
                 "用户%1不能登录，请运行：plandesk admin add-user %2 %3 --generate-password --database %4")
                          .arg(user.id, forShell(user.id), forShell(user.name), forShell(m_server.location()));
     }

@@ -2,6 +2,7 @@
 
 #include "AccountStore.h"
 #include "AuthorityStore.h"
+#include "ErrorText.h"
 #include "LimitStore.h"
 #include "LoginRoles.h"
 #include "UserStore.h"
@@ -119,7 +120,7 @@ Status append(QJsonArray& array, Database& database, const Result<QVector<Row>>&
 
 QString joined(const QJsonValue& texts)
 {
-    return texts.toVariant().toStringList().join(QStringLiteral("、"));
+    return listText(texts.toVariant().toStringList());
 }
 
 QString limitsText(const QJsonObject& limits)
@@ -128,30 +129,31 @@ QString limitsText(const QJsonObject& limits)
     const auto add = [&](const char* name, const char* format) {
         const QJsonValue limit = limits.value(QLatin1String(name));
         if (!limit.isUndefined())
-            texts << QString::fromUtf8(format).arg(limit.toVariant().toLongLong());
+            texts << Administration::tr(format).arg(limit.toVariant().toLongLong());
     };
-    add("quantity", "最大数量%1");
-    add("amount", "最大金额%1元");
-    add("price-band", "价格偏离%1‰");
-    return texts.isEmpty() ? QStringLiteral("通用限额") : texts.join(QStringLiteral("、"));
+    add("quantity", QT_TRANSLATE_NOOP("Administration", "最大数量%1"));
+    add("amount", QT_TRANSLATE_NOOP("Administration", "最大金额%1元"));
+    add("price-band", QT_TRANSLATE_NOOP("Administration", "价格偏离%1‰"));
+    return texts.isEmpty() ? Administration::tr("通用限额") : listText(texts);
 }
 
 QString rightsLine(const QString& user, const QJsonObject& rights)
 {
     const QString reviewed = joined(rights.value(QStringLiteral("reviewed")));
     const QString types = joined(rights.value(QStringLiteral("types")));
-    return QStringLiteral("用户%1：账户%2，指令类型%3，须复核%4")
-        .arg(user, rights.value(QStringLiteral("account")).toString(), types.isEmpty() ? QStringLiteral("无") : types,
-            reviewed.isEmpty() ? QStringLiteral("无") : reviewed);
+    return Administration::tr("用户%1：账户%2，指令类型%3，须复核%4")
+        .arg(user, rights.value(QStringLiteral("account")).toString(),
+            types.isEmpty() ? Administration::tr("无") : types,
+            reviewed.isEmpty() ? Administration::tr("无") : reviewed);
 }
 
 QStringList userLines(const QJsonObject& user)
 {
     const QString id = user.value(QStringLiteral("id")).toString();
     const bool mayLogIn = user.value(QStringLiteral("login")).toBool();
-    QStringList lines{ QStringLiteral("用户%1：姓名%2，%3")
+    QStringList lines{ Administration::tr("用户%1：姓名%2，%3")
                            .arg(id, user.value(QStringLiteral("name")).toString(),
-                               mayLogIn ? QStringLiteral("可以登录") : QStringLiteral("不能登录")) };
+                               mayLogIn ? Administration::tr("可以登录") : Administration::tr("不能登录")) };
     const QJsonArray accounts = user.value(QStringLiteral("accounts")).toArray();
     for (const QJsonValue& rights : accounts)
         lines << rightsLine(id, rights.toObject());
@@ -165,9 +167,9 @@ QString accountLine(const QJsonObject& account)
     const QVariantMap accounts = account.value(QStringLiteral("exchanges")).toObject().toVariantMap();
     for (auto it = accounts.cbegin(); it != accounts.cend(); ++it)
         exchanges << it.key() + QLatin1Char('=') + it->toString();
-    return QStringLiteral("账户%1：名称%2，资金账号%3，客户号%4，营业部%5，资产属性%6，证券账户%7，%8")
+    return Administration::tr("账户%1：名称%2，资金账号%3，客户号%4，营业部%5，资产属性%6，证券账户%7，%8")
         .arg(text("account"), text("name"), text("fund"), text("client"), text("branch"), text("asset"),
-            exchanges.isEmpty() ? QStringLiteral("无") : exchanges.join(QStringLiteral("、")),
+            exchanges.isEmpty() ? Administration::tr("无") : listText(exchanges),
             limitsText(account.value(QStringLiteral("limits")).toObject()));
 }
 
@@ -179,11 +181,11 @@ QStringList chainLines(const QJsonObject& account)
         const QJsonObject chain = value.toObject();
         const QString executors = joined(chain.value(QStringLiteral("executors")));
         const QString reviewers = joined(chain.value(QStringLiteral("reviewers")));
-        lines << QStringLiteral("账户%1：指令类型%2，执行人%3，复核人%4")
+        lines << Administration::tr("账户%1：指令类型%2，执行人%3，复核人%4")
                      .arg(account.value(QStringLiteral("account")).toString(),
                          chain.value(QStringLiteral("type")).toString(),
-                         executors.isEmpty() ? QStringLiteral("无") : executors,
-                         reviewers.isEmpty() ? QStringLiteral("无") : reviewers);
+                         executors.isEmpty() ? Administration::tr("无") : executors,
+                         reviewers.isEmpty() ? Administration::tr("无") : reviewers);
     }
     return lines;
 }
@@ -219,6 +221,6 @@ QStringList RightsReport::lines(const QJsonObject& report)
     const QJsonArray accounts = report.value(QStringLiteral("accounts")).toArray();
     for (const QJsonValue& account : accounts)
         lines << accountLine(account.toObject()) << chainLines(account.toObject());
-    lines << QStringLiteral("通用限额：") + limitsText(report.value(QStringLiteral("limits")).toObject());
+    lines << Administration::tr("通用限额：%1").arg(limitsText(report.value(QStringLiteral("limits")).toObject()));
     return lines;
 }

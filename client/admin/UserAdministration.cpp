@@ -68,14 +68,14 @@ public:
         }
         if (isPresent)
             return {};
-        note(QStringLiteral("已建立，姓名%1").arg(m_user.name));
+        note(Administration::tr("已建立，姓名%1").arg(m_user.name));
         return m_users.add(m_user);
     }
 
 private:
     Status enable(bool isPresent)
     {
-        note(isPresent ? QStringLiteral("登录角色可以登录") : QStringLiteral("登录角色已建立"));
+        note(isPresent ? Administration::tr("登录角色可以登录") : Administration::tr("登录角色已建立"));
         return m_roles.enable(m_user.id);
     }
 
@@ -84,15 +84,15 @@ private:
         const bool generates = password.isGenerated && isNew;
         if (password.given.isEmpty() && !generates) {
             if (isNew)
-                note(QStringLiteral("没有设置密码"));
+                note(Administration::tr("没有设置密码"));
             return {};
         }
         const QString text = generates ? generatedPassword() : password.given;
-        note(generates ? QStringLiteral("密码为%1").arg(text) : QStringLiteral("密码已设置"));
+        note(generates ? Administration::tr("密码为%1").arg(text) : Administration::tr("密码已设置"));
         return m_roles.setPassword(m_user.id, text);
     }
 
-    void note(const QString& change) { m_lines << QStringLiteral("用户%1：").arg(m_user.id) + change; }
+    void note(const QString& change) { m_lines << Administration::tr("用户%1：").arg(m_user.id) + change; }
 
     LoginRoles m_roles;
     UserStore m_users;
@@ -112,7 +112,7 @@ Status unassignAll(Database& database, const QString& user, QStringList& lines)
 Status check(const StoredUser& user)
 {
     Status status = LoginRoles::check(user.id);
-    return status ? Administration::checkText(QStringLiteral("姓名"), user.name) : status;
+    return status ? Administration::checkText(QStringLiteral(QT_TRANSLATE_NOOP("Caption", "姓名")), user.name) : status;
 }
 
 // Plans and approval chains name users.
@@ -131,7 +131,7 @@ Status rename(Database& database, const StoredUser& user, QStringList& lines)
     const Result<int> isUsed = users.isNameUsed(known->name);
     if (!isUsed || *isUsed != 0)
         return isUsed ? Status(Error::UserNameInUse, { user.id }) : isUsed.status();
-    lines << QStringLiteral("用户%1：姓名由%2改为%3").arg(user.id, known->name, user.name);
+    lines << Administration::tr("用户%1：姓名由%2改为%3").arg(user.id, known->name, user.name);
     return users.rename(user);
 }
 
@@ -147,7 +147,7 @@ Status disable(Database& database, const QString& user, QStringList& lines)
         return { Error::RoleWithPowers, { user } };
     if (!role->canLogin && !role->isUser)
         return {};
-    lines << QStringLiteral("用户%1：登录角色已停用").arg(user);
+    lines << Administration::tr("用户%1：登录角色已停用").arg(user);
     return roles.disable(user);
 }
 
@@ -191,9 +191,9 @@ Result<QStringList> UserAdministration::revokeUser(const QString& id)
         return lines;
     const Result<int> ended = LoginRoles(m_administration.database()).endConnections(id);
     if (!ended)
-        *lines << QStringLiteral("用户%1：没有权限结束其连接（须属于pg_signal_backend），连接已无权读写").arg(id);
+        *lines << Administration::tr("用户%1：没有权限结束其连接（须属于pg_signal_backend），连接已无权读写").arg(id);
     else if (*ended > 0)
-        *lines << QStringLiteral("用户%1：已结束%2个连接").arg(id, QString::number(*ended));
+        *lines << Administration::tr("用户%1：已结束%2个连接").arg(id, QString::number(*ended));
     return lines;
 }
 

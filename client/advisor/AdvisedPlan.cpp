@@ -103,7 +103,7 @@ Result<PlanForecast> AdvisedPlan::forecastOf() const
     if (!price)
         return price.status();
     if (!form.begin.isValid() || !form.lastDay().isValid())
-        return { Error::InvalidDate, { QStringLiteral("日期") } };
+        return { Error::InvalidDate, { QStringLiteral(QT_TRANSLATE_NOOP("Caption", "日期")) } };
     const QDate next = facts().isIssuedToday ? world.today.addDays(1) : world.today;
     return Forecast::of(
         { *terms, *price, *security, facts().rights.limits, world.calendar, qMax(next, form.begin), form.lastDay() });

@@ -45,8 +45,8 @@ QLabel* boldLabel(const QString& text, QWidget* parent)
 QString sideText(const QString& side)
 {
     if (side == Side::BuyValue)
-        return QStringLiteral("买入");
-    return side == Side::SellValue ? QStringLiteral("卖出") : QStringLiteral("—");
+        return AlgorithmPanel::tr("买入");
+    return side == Side::SellValue ? AlgorithmPanel::tr("卖出") : QStringLiteral("—");
 }
 
 } // namespace
@@ -56,7 +56,7 @@ AlgorithmPanel::AlgorithmPanel(int offers, QWidget* parent)
     , m_offers(offers)
 {
     setObjectName(QStringLiteral("algorithmPanel"));
-    setWindowTitle(QStringLiteral("算法参数设置"));
+    setWindowTitle(AlgorithmPanel::tr("算法参数设置"));
     setMinimumWidth(Narrowest);
     // The editor turns it into a window; until then it must not appear inside its parent.
     hide();
@@ -100,7 +100,7 @@ void AlgorithmPanel::buildChoice(QVBoxLayout* column)
     column->addWidget(m_baseData);
 
     auto* const line = new QHBoxLayout;
-    auto* const label = new QLabel(QStringLiteral("算法"), this);
+    auto* const label = new QLabel(AlgorithmPanel::tr("算法"), this);
     m_strategies = new QComboBox(this);
     m_strategies->setObjectName(QStringLiteral("combx_strategy"));
     m_strategies->setEnabled((m_offers & StrategyChoice) != 0);
@@ -117,9 +117,9 @@ void AlgorithmPanel::buildChoice(QVBoxLayout* column)
 
 void AlgorithmPanel::buildButtons(QVBoxLayout* column)
 {
-    m_ok = new QPushButton(QStringLiteral("确定"), this);
+    m_ok = new QPushButton(AlgorithmPanel::tr("确定"), this);
     m_ok->setObjectName(QStringLiteral("btn_ok"));
-    m_cancel = new QPushButton(QStringLiteral("取消"), this);
+    m_cancel = new QPushButton(AlgorithmPanel::tr("取消"), this);
     m_cancel->setObjectName(QStringLiteral("btn_cancel"));
     auto* const line = new QHBoxLayout;
     line->addStretch(1);
@@ -272,8 +272,8 @@ void AlgorithmPanel::replaceForm(ParameterForm* form)
     m_scroll = nullptr;
     m_form = form;
     m_ok->setEnabled(m_form != nullptr);
-    const QString choose = m_strategies->count() > 0 ? QStringLiteral("请选择算法。")
-                                                     : QStringLiteral("当前证券和指令类型没有可用的算法。");
+    const QString choose = m_strategies->count() > 0 ? AlgorithmPanel::tr("请选择算法。")
+                                                     : AlgorithmPanel::tr("当前证券和指令类型没有可用的算法。");
     showMessage(m_form ? QString() : choose);
     if (!m_form)
         return;
@@ -305,7 +305,7 @@ QMap<QString, QString> AlgorithmPanel::orderFields() const
 void AlgorithmPanel::showBaseData()
 {
     const QMap<QString, QVariant> base = d->choice.baseData();
-    m_baseData->setText(QStringLiteral("账号：%1    证券：%2    方向：%3")
+    m_baseData->setText(AlgorithmPanel::tr("账号：%1    证券：%2    方向：%3")
                             .arg(base.value(Content::TradingAccount).toString(), m_symbol,
                                 sideText(base.value(Content::OrderSide).toString())));
 }

@@ -35,7 +35,7 @@ void PanelBox::addTitle(const StrategyPanel& panel)
     if (panel.isCollapsible) {
         m_button = new QToolButton(this);
         m_button->setObjectName(QStringLiteral("panelTitle"));
-        m_button->setText(panel.title.isEmpty() ? QStringLiteral("更多") : panel.title);
+        m_button->setText(panel.title.isEmpty() ? PanelBox::tr("更多") : panel.title);
         m_button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
         m_button->setCheckable(true);
         m_button->setAutoRaise(true);
@@ -56,7 +56,7 @@ void PanelBox::addTitle(const StrategyPanel& panel)
 void PanelBox::setExpanded(bool isExpanded)
 {
     m_button->setArrowType(isExpanded ? Qt::DownArrow : Qt::RightArrow);
-    m_button->setAccessibleDescription(isExpanded ? QStringLiteral("已展开") : QStringLiteral("已折叠"));
+    m_button->setAccessibleDescription(isExpanded ? PanelBox::tr("已展开") : PanelBox::tr("已折叠"));
     m_contents->setVisible(isExpanded);
 }
 

@@ -37,7 +37,7 @@ QString hintOf(const StrategyParameter& parameter)
     QString range = ParameterValue::rangeHint(parameter);
     if (parameter.required || parameter.type == ParameterType::Boolean || parameter.name.isEmpty())
         return range;
-    return range.isEmpty() ? QStringLiteral("选填") : QStringLiteral("%1，选填").arg(range);
+    return range.isEmpty() ? ParameterForm::tr("选填") : ParameterForm::tr("%1，选填").arg(range);
 }
 
 /// What a control is called where it has no label of its own.
@@ -53,7 +53,7 @@ QString descriptionOf(const StrategyControl& control, const StrategyParameter& p
 {
     QStringList parts{ control.tooltip, unitOf(control, parameter), hintOf(parameter), control.helpText };
     parts.removeAll(QString());
-    return parts.isEmpty() ? nameOf(control) : parts.join(QStringLiteral("，"));
+    return parts.isEmpty() ? nameOf(control) : parts.join(ParameterForm::tr("，"));
 }
 
 QString objectNameOf(const StrategyControl& control)

@@ -86,12 +86,12 @@ Status TradeCalendar::readLine(const QString& line, Table& table)
     if (cells.size() != Headings.count(QLatin1Char(',')) + 1)
         return { Error::ClosureColumns, { QString::number(cells.size()) } };
     if (cells.at(0) != Mainland && cells.at(0) != HongKong)
-        return { Error::UnknownCode, { QStringLiteral("市场"), cells.at(0) } };
+        return { Error::UnknownCode, { QStringLiteral(QT_TRANSLATE_NOOP("Caption", "市场")), cells.at(0) } };
     const QDate date = QDate::fromString(cells.at(1), Qt::ISODate);
     if (!date.isValid())
         return { Error::NotADate, { cells.at(1) } };
     if (!Statuses.contains(cells.at(3)))
-        return { Error::UnknownCode, { QStringLiteral("状态"), cells.at(3) } };
+        return { Error::UnknownCode, { QStringLiteral(QT_TRANSLATE_NOOP("Caption", "状态")), cells.at(3) } };
     Year& year = table[cells.at(0)][date.year()];
     year.days.insert(date, cells.mid(2));
     year.provisional = year.provisional || cells.at(3) == Provisional;

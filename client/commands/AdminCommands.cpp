@@ -4,6 +4,7 @@
 #include "ChainAdministration.h"
 #include "CommandForms.h"
 #include "Console.h"
+#include "ErrorText.h"
 #include "FileMove.h"
 #include "RightsReport.h"
 #include "ServerLocation.h"
@@ -22,7 +23,7 @@ Result<QString> inLines(const Result<QStringList>& lines)
     if (!lines)
         return lines.status();
     if (lines->isEmpty())
-        return QStringLiteral("已是如此，没有变化");
+        return CommandTexts::tr("已是如此，没有变化");
     QStringList printed;
     for (const QString& line : *lines)
         printed << oneLine(line);
@@ -111,7 +112,7 @@ Result<QMap<QString, QString>> itemsOf(const Options& options, int first, const 
     for (const QString& argument : options.arguments.mid(first)) {
         const QString name = argument.section(QLatin1Char('='), 0, 0);
         if (!argument.contains(QLatin1Char('=')) || !names.contains(name) || items.contains(name))
-            return { Error::MalformedItem, { argument, names.join(QStringLiteral("、")) } };
+            return { Error::MalformedItem, { argument, listText(names) } };
         items.insert(name, argument.section(QLatin1Char('='), 1));
     }
     return items;

@@ -8,28 +8,28 @@ const QString Securities = QStringLiteral("securities");
 
 QMap<QString, CommandForm> ordinaryForms()
 {
-    const QString file = QStringLiteral("文件");
+    const QString file = CommandTexts::tr("文件");
     return {
-        { QStringLiteral("backup"), { file, 1, 1, { Database }, QStringLiteral("把数据库备份到新文件") } },
+        { QStringLiteral("backup"), { file, 1, 1, { Database }, CommandTexts::tr("把数据库备份到新文件") } },
         { checkStrategiesCommand(),
-            { QStringLiteral("文件..."), 1, -1, { Flag::Json }, QStringLiteral("检查FIXatdl策略文件") } },
+            { CommandTexts::tr("文件..."), 1, -1, { Flag::Json }, CommandTexts::tr("检查FIXatdl策略文件") } },
         { QStringLiteral("history"),
-            { QStringLiteral("计划编号"), 1, 1, { Database, Flag::Json, QStringLiteral("user") },
-                QStringLiteral("列出计划的历史") } },
+            { CommandTexts::tr("计划编号"), 1, 1, { Database, Flag::Json, QStringLiteral("user") },
+                CommandTexts::tr("列出计划的历史") } },
         { QStringLiteral("journal"),
             { QString(), 0, 0, { Database, Day, Flag::Json, QStringLiteral("user") },
-                QStringLiteral("列出今天或--day的日期的日志") } },
+                CommandTexts::tr("列出今天或--day的日期的日志") } },
         { QStringLiteral("move-to"),
-            { QStringLiteral("数据库地址"), 1, 1, { Database }, QStringLiteral("把文件的内容搬到服务器") } },
+            { CommandTexts::tr("数据库地址"), 1, 1, { Database }, CommandTexts::tr("把文件的内容搬到服务器") } },
         { QStringLiteral("import"),
-            { QStringLiteral("类别 文件..."), 2, -1,
+            { CommandTexts::tr("类别 文件..."), 2, -1,
                 { Database, QStringLiteral("user"), Flag::Replace, Flag::DryRun, Flag::Yes, Flag::Json, Flag::Empty,
                     QStringLiteral("template"), Flag::LeaveOut },
-                QStringLiteral("导入证券、收盘价、账户、用户、持仓、休市日或计划") } },
+                CommandTexts::tr("导入证券、收盘价、账户、用户、持仓、休市日或计划") } },
         { QStringLiteral("export"),
-            { QStringLiteral("类别 [文件]"), 1, 2, { Database, Day, QStringLiteral("user"), Flag::Json },
-                QStringLiteral("把一类内容导出为CSV、XLSX或JSON") } },
-        { QStringLiteral("import-closures"), { file, 1, 1, {}, QStringLiteral("导入休市表，延长交易日历") } },
+            { CommandTexts::tr("类别 [文件]"), 1, 2, { Database, Day, QStringLiteral("user"), Flag::Json },
+                CommandTexts::tr("把一类内容导出为CSV、XLSX或JSON") } },
+        { QStringLiteral("import-closures"), { file, 1, 1, {}, CommandTexts::tr("导入休市表，延长交易日历") } },
     };
 }
 
@@ -37,43 +37,40 @@ QMap<QString, CommandForm> adminForms()
 {
     return {
         { QStringLiteral("init"),
-            { QString(), 0, 0, { Database, Flag::Sample, Securities }, QStringLiteral("在服务器的数据库中建表") } },
-        { QStringLiteral("migrate"), { QString(), 0, 0, { Database }, QStringLiteral("升级服务器的数据库") } },
+            { QString(), 0, 0, { Database, Flag::Sample, Securities }, CommandTexts::tr("在服务器的数据库中建表") } },
+        { QStringLiteral("migrate"), { QString(), 0, 0, { Database }, CommandTexts::tr("升级服务器的数据库") } },
         { QStringLiteral("add-user"),
-            { QStringLiteral("用户编号 姓名"), 2, 2, { Database, Flag::PasswordFromInput, Flag::GeneratePassword },
-                QStringLiteral("新建用户和登录角色") } },
+            { CommandTexts::tr("用户编号 姓名"), 2, 2, { Database, Flag::PasswordFromInput, Flag::GeneratePassword },
+                CommandTexts::tr("新建用户和登录角色") } },
         { QStringLiteral("grant"),
-            { QStringLiteral("用户编号 账户 指令类型..."), 3, -1, { Database, Flag::Review },
-                QStringLiteral("分配账户和指令类型") } },
+            { CommandTexts::tr("用户编号 账户 指令类型..."), 3, -1, { Database, Flag::Review },
+                CommandTexts::tr("分配账户和指令类型") } },
         { QStringLiteral("revoke"),
-            { QStringLiteral("用户编号 [账户 [指令类型...]]"), 1, -1, { Database },
-                QStringLiteral("停用用户，或收回账户或指令类型") } },
+            { CommandTexts::tr("用户编号 [账户 [指令类型...]]"), 1, -1, { Database },
+                CommandTexts::tr("停用用户，或收回账户或指令类型") } },
         { QStringLiteral("add-account"),
-            { QStringLiteral("账户 [名称=取值...]"), 1, -1, { Database }, QStringLiteral("新建或修改账户") } },
+            { CommandTexts::tr("账户 [名称=取值...]"), 1, -1, { Database }, CommandTexts::tr("新建或修改账户") } },
         { QStringLiteral("set-chain"),
-            { QStringLiteral("账户 指令类型 名称=姓名,..."), 3, -1, { Database },
-                QStringLiteral("设置执行人和复核人") } },
+            { CommandTexts::tr("账户 指令类型 名称=姓名,..."), 3, -1, { Database },
+                CommandTexts::tr("设置执行人和复核人") } },
         { QStringLiteral("set-cash"),
-            { QStringLiteral("账户 元|unknown"), 2, 2, { Database }, QStringLiteral("设置可用资金") } },
+            { CommandTexts::tr("账户 元|unknown"), 2, 2, { Database }, CommandTexts::tr("设置可用资金") } },
         { QStringLiteral("set-limits"),
-            { QStringLiteral("账户|usual 名称=取值..."), 2, -1, { Database }, QStringLiteral("设置限额") } },
+            { CommandTexts::tr("账户|usual 名称=取值..."), 2, -1, { Database }, CommandTexts::tr("设置限额") } },
         { QStringLiteral("list"),
-            { QString(), 0, 0, { Database, Flag::Json }, QStringLiteral("列出用户、权限、账户和限额") } },
+            { QString(), 0, 0, { Database, Flag::Json }, CommandTexts::tr("列出用户、权限、账户和限额") } },
     };
 }
 
 } // namespace
 
-const QMap<QString, CommandForm>& commandForms()
+QMap<QString, CommandForm> commandForms()
 {
-    static const QMap<QString, CommandForm> all = [] {
-        QMap<QString, CommandForm> forms = ordinaryForms();
-        const QMap<QString, CommandForm> admin = adminForms();
-        for (auto form = admin.cbegin(); form != admin.cend(); ++form)
-            forms.insert(adminCommand() + QLatin1Char(' ') + form.key(), form.value());
-        return forms;
-    }();
-    return all;
+    QMap<QString, CommandForm> forms = ordinaryForms();
+    const QMap<QString, CommandForm> admin = adminForms();
+    for (auto form = admin.cbegin(); form != admin.cend(); ++form)
+        forms.insert(adminCommand() + QLatin1Char(' ') + form.key(), form.value());
+    return forms;
 }
 
 QString checkStrategiesCommand()
@@ -94,7 +91,8 @@ QStringList adminNames()
 QStringList commandsWith(const QString& option)
 {
     QStringList names;
-    for (auto form = commandForms().cbegin(); form != commandForms().cend(); ++form) {
+    const QMap<QString, CommandForm> forms = commandForms();
+    for (auto form = forms.cbegin(); form != forms.cend(); ++form) {
         if (form->options.contains(option))
             names << form.key();
     }
@@ -110,8 +108,10 @@ Command commandOf(const QStringList& words)
 QString commandsText()
 {
     QStringList lines;
-    for (auto form = commandForms().cbegin(); form != commandForms().cend(); ++form)
-        lines << QStringLiteral("%1 %2").arg(form.key(), form->arguments).trimmed() + QStringLiteral("：")
-                + form->purpose;
-    return lines.join(QStringLiteral("；\n"));
+    const QMap<QString, CommandForm> forms = commandForms();
+    for (auto form = forms.cbegin(); form != forms.cend(); ++form) {
+        const QString command = QStringLiteral("%1 %2").arg(form.key(), form->arguments).trimmed();
+        lines << CommandTexts::tr("%1：%2").arg(command, form->purpose);
+    }
+    return lines.join(CommandTexts::tr("；\n"));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QMap>
 #include <QStringList>
 
@@ -19,6 +20,11 @@ inline const QString LeaveOut = QStringLiteral("leave-out");
 inline const QString Empty = QStringLiteral("empty");
 } // namespace Flag
 
+/// The context of the commands' texts.
+class CommandTexts {
+    Q_DECLARE_TR_FUNCTIONS(Commands)
+};
+
 /// What a command looks like on the command line.
 struct CommandForm {
     QString arguments; ///< as shown to the user
@@ -36,7 +42,7 @@ struct Command {
 
 /// The commands by name, which the program executes instead of showing its window. Those of an administrator have two
 /// words, the first of which is `adminCommand`.
-const QMap<QString, CommandForm>& commandForms();
+QMap<QString, CommandForm> commandForms();
 QString adminCommand();
 QString checkStrategiesCommand();
 /// The second words.

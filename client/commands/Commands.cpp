@@ -27,7 +27,7 @@ Result<QString> importClosures(const Options& options)
     const Result<QDate> last = ClosureFiles::install(options.arguments.at(0));
     if (!last)
         return last.status();
-    return QStringLiteral("交易日历到%1").arg(last->toString(Qt::ISODate));
+    return CommandTexts::tr("交易日历到%1").arg(last->toString(Qt::ISODate));
 }
 
 Result<QString> backUp(const Options& options)
@@ -37,7 +37,7 @@ Result<QString> backUp(const Options& options)
     const QString file = QFileInfo(options.arguments.at(0)).absoluteFilePath();
     if (Status status = backUpDatabase(databaseOf(options), file); !status)
         return status;
-    return QStringLiteral("数据库已备份到%1").arg(file);
+    return CommandTexts::tr("数据库已备份到%1").arg(file);
 }
 
 QString inLines(const QVector<HistoryEntry>& entries)

@@ -15,7 +15,6 @@ struct Options {
     QString user;          ///< user id; empty for the sample's first user
     QString database;      ///< database file; empty for the one in the user's data folder
     QString skin;          ///< name of a skin, see `skinNames`
-    QString language;      ///< code of the form's language, see `languageCodes`
     QString strategies;    ///< folder of strategy files; empty for none
     int securities = 0;    ///< securities of a new database; 0 for the default number
     QString folder;        ///< folder of the walk-through; empty for the client
@@ -31,5 +30,7 @@ struct Options {
     bool wantsWindow() const { return help.isEmpty() && folder.isEmpty() && command.isEmpty() && !issueDay.isValid(); }
 };
 
+/// The language that a command line names, a code of `languageCodes`; the default one unless it names another.
+QString languageIn(const QStringList& arguments);
 /// Parses a command line, which starts with the program's name. Needs the application object.
 Result<Options> readOptions(const QStringList& arguments, Program program);

@@ -57,8 +57,7 @@ void settleOffscreen()
 Status prepare(const Options& options)
 {
     qApp->setStyleSheet(skinSheet(options.skin));
-    Status status = useLanguage(options.language);
-    return status ? startSession(options) : status;
+    return startSession(options);
 }
 
 int run(const Result<Options>& options, bool display, const std::function<int(const Options&)>& work)
@@ -97,5 +96,9 @@ int runProgram(int argc, char** argv, Program program, const std::function<int(c
     QApplication::setApplicationName(QStringLiteral("plandesk"));
     QApplication::setStyle(QStringLiteral("Fusion"));
     settleOffscreen();
-    return run(readOptions(QApplication::arguments(), program), display, work);
+    const QStringList arguments = QApplication::arguments();
+    // Before the options are read, so that messages about them are in the language.
+    if (const Status status = useLanguage(languageIn(arguments)); !status)
+        return refuse(status, false);
+    return run(readOptions(arguments, program), display, work);
 }

@@ -50,7 +50,8 @@ private:
     {
         const int tenth = total > 0 ? 10 * done / total : 10;
         if (tenth > m_tenth)
-            QTextStream(stderr) << QStringLiteral("生成示例行情 %1%\n").arg(10 * tenth);
+            QTextStream(stderr) << QCoreApplication::translate("SessionStart", "生成示例行情 %1%").arg(10 * tenth)
+                                << QLatin1Char('\n');
         m_tenth = tenth;
         return true;
     }

@@ -45,8 +45,8 @@ Status prepare(const Options& options, const QString& kind)
 bool isConfirmed(const ImportReport& report)
 {
     for (const QString& removal : report.removals)
-        printLine(stderr, QStringLiteral("删除：%1").arg(oneLine(removal)));
-    printLine(stderr, QStringLiteral("%1：将删除%2项，输入yes继续").arg(report.file).arg(report.removals.size()));
+        printLine(stderr, CommandTexts::tr("删除：%1").arg(oneLine(removal)));
+    printLine(stderr, CommandTexts::tr("%1：将删除%2项，输入yes继续").arg(report.file).arg(report.removals.size()));
     char answer[16] = {};
     return fgets(answer, sizeof answer, stdin) && QByteArray(answer).trimmed() == "yes";
 }
@@ -151,5 +151,5 @@ Result<QString> exportKind(const Options& options)
     status = write(output);
     if (status && !output.commit())
         status = Status(Error::FileNotWritten, { file });
-    return status ? Result<QString>(QStringLiteral("已导出到%1").arg(file)) : status;
+    return status ? Result<QString>(CommandTexts::tr("已导出到%1").arg(file)) : status;
 }

@@ -114,10 +114,10 @@ Status objectsOfVersion(int version, QMap<Object, QString>& objects)
 QString kindName(const QString& kind)
 {
     static const QMap<QString, QString> names{
-        { QStringLiteral("table"), QStringLiteral("表") },
-        { QStringLiteral("index"), QStringLiteral("索引") },
-        { QStringLiteral("view"), QStringLiteral("视图") },
-        { QStringLiteral("trigger"), QStringLiteral("触发器") },
+        { QStringLiteral("table"), QStringLiteral(QT_TRANSLATE_NOOP("Caption", "表")) },
+        { QStringLiteral("index"), QStringLiteral(QT_TRANSLATE_NOOP("Caption", "索引")) },
+        { QStringLiteral("view"), QStringLiteral(QT_TRANSLATE_NOOP("Caption", "视图")) },
+        { QStringLiteral("trigger"), QStringLiteral(QT_TRANSLATE_NOOP("Caption", "触发器")) },
     };
     return names.value(kind, kind.left(LongestShownName));
 }

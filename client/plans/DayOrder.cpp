@@ -25,7 +25,7 @@ Status readAmounts(const Fields& other, PlanShare& share)
     const QString text = other.value(BaseField::tradeAmount).toString();
     const auto total = PlanTexts::decimalNumber(text);
     if (!total)
-        return { Error::NotNumber, { QStringLiteral("目标金额"), text.left(32) } };
+        return { Error::NotNumber, { QStringLiteral(QT_TRANSLATE_NOOP("Caption", "目标金额")), text.left(32) } };
     share.total = *total;
     share.perDay = PlanTexts::decimalNumber(other.value(BaseField::dayMaxTradeAmount).toString()).value_or(0);
     return {};
@@ -37,7 +37,7 @@ Status readQuantities(const PlanStore::Record& record, const Fields& other, int 
     const QString text = record.value(BaseField::totalQty).toString();
     const auto total = PlanTexts::wholeNumber(text);
     if (!total)
-        return { Error::NotWhole, { QStringLiteral("目标总量"), text.left(32) } };
+        return { Error::NotWhole, { QStringLiteral(QT_TRANSLATE_NOOP("Caption", "目标总量")), text.left(32) } };
     const qint64 perDay =
         PlanTexts::wholeNumber(other.value(AutoPlanField::Progress::CurrentQty).toString()).value_or(0);
     share.total = static_cast<double>(*total * factor);

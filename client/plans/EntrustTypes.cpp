@@ -20,17 +20,19 @@ const QVector<EntrustType>& entrustTypes()
     namespace Side = Orlo_Values::SideUnion;
     using Number = VorMarginTradeType;
     static const QVector<EntrustType> types{
-        { Number::None, Side::normalBuy, QStringLiteral("普通买入") },
-        { Number::CollateralBuy, Side::collateralBuy, QStringLiteral("担保品买入") },
-        { Number::CollateralSell, Side::collateralSell, QStringLiteral("担保品卖出") },
-        { Number::MarginBuy, Side::marginBuy, QStringLiteral("买券还券") },
-        { Number::MarginSell, Side::marginSell, QStringLiteral("融券卖出") },
-        { Number::FinancingBuy, Side::financingBuy, QStringLiteral("融资买入") },
-        { Number::FinancingSell, Side::financingSell, QStringLiteral("卖券还款") },
-        { Number::MarginBuyNormal, Side::marginBuyNormal, QStringLiteral("信用普通买入") },
-        { Number::MarginSellNormal, Side::marginSellNormal, QStringLiteral("信用普通卖出") },
-        { Number::BondConversion, Side::BondConversion, QStringLiteral("债券转股") },
-        { Number::PaidRationShare, Side::paidRationShare, QStringLiteral("配股缴款") },
+        { Number::None, Side::normalBuy, QStringLiteral(QT_TRANSLATE_NOOP("Caption", "普通买入")) },
+        { Number::CollateralBuy, Side::collateralBuy, QStringLiteral(QT_TRANSLATE_NOOP("Caption", "担保品买入")) },
+        { Number::CollateralSell, Side::collateralSell, QStringLiteral(QT_TRANSLATE_NOOP("Caption", "担保品卖出")) },
+        { Number::MarginBuy, Side::marginBuy, QStringLiteral(QT_TRANSLATE_NOOP("Caption", "买券还券")) },
+        { Number::MarginSell, Side::marginSell, QStringLiteral(QT_TRANSLATE_NOOP("Caption", "融券卖出")) },
+        { Number::FinancingBuy, Side::financingBuy, QStringLiteral(QT_TRANSLATE_NOOP("Caption", "融资买入")) },
+        { Number::FinancingSell, Side::financingSell, QStringLiteral(QT_TRANSLATE_NOOP("Caption", "卖券还款")) },
+        { Number::MarginBuyNormal, Side::marginBuyNormal,
+            QStringLiteral(QT_TRANSLATE_NOOP("Caption", "信用普通买入")) },
+        { Number::MarginSellNormal, Side::marginSellNormal,
+            QStringLiteral(QT_TRANSLATE_NOOP("Caption", "信用普通卖出")) },
+        { Number::BondConversion, Side::BondConversion, QStringLiteral(QT_TRANSLATE_NOOP("Caption", "债券转股")) },
+        { Number::PaidRationShare, Side::paidRationShare, QStringLiteral(QT_TRANSLATE_NOOP("Caption", "配股缴款")) },
     };
     return types;
 }

@@ -41,7 +41,7 @@ Result<IssueResult> InstructionIssuer::issueDay(const QDate& day)
     if (!session.isOpen())
         return Error::IssuingNeedsLogin;
     if (!day.isValid())
-        return { Error::InvalidDate, { QStringLiteral("日期") } };
+        return { Error::InvalidDate, { QStringLiteral(QT_TRANSLATE_NOOP("Caption", "日期")) } };
     DayIssue issue(session.database(), scene(day));
     const Result<DayPlans> plans = issue.plans();
     if (!plans)

@@ -28,15 +28,15 @@ struct CodeRule {
 QVector<CodeRule> codeRules()
 {
     return {
-        { Orlo_Fields::AutoPlan::templateCode, QStringLiteral("计划类型"),
+        { Orlo_Fields::AutoPlan::templateCode, QStringLiteral(QT_TRANSLATE_NOOP("Caption", "计划类型")),
             { PlanType::CumulativeQty, PlanType::AverageQty, PlanType::SameElements, PlanType::ReduceHoldings } },
-        { Orlo_Fields::AutoPlan::subType, QStringLiteral("指令类型"),
+        { Orlo_Fields::AutoPlan::subType, QStringLiteral(QT_TRANSLATE_NOOP("Caption", "指令类型")),
             { InstructionType::Ordinary, InstructionType::Credit, InstructionType::Bond, InstructionType::HkConnect } },
-        { BaseField::orderSide, QStringLiteral("交易方向"),
+        { BaseField::orderSide, QStringLiteral(QT_TRANSLATE_NOOP("Caption", "交易方向")),
             { Kelvo_Values::OrderSide::buy, Kelvo_Values::OrderSide::sell } },
-        { BaseField::priceModel, QStringLiteral("价格模式"),
+        { BaseField::priceModel, QStringLiteral(QT_TRANSLATE_NOOP("Caption", "价格模式")),
             { PriceModel::NoLimit, PriceModel::Custom, PriceModel::CompareMax, PriceModel::CompareMin } },
-        { BaseField::InstMode, QStringLiteral("下单模式"),
+        { BaseField::InstMode, QStringLiteral(QT_TRANSLATE_NOOP("Caption", "下单模式")),
             { InstMode::ActiveManage, InstMode::NormalReview, InstMode::AlgoReview } },
     };
 }
@@ -82,7 +82,9 @@ Status targetTypeIsKnown(const CheckedPlan& plan)
         return {};
     const QStringList known{ InstructionTargetType::QtyOrder, InstructionTargetType::AmountOrder };
     const QString target = plan.other(FieldId::TargetType);
-    return known.contains(target) ? Status() : Status(Error::UnknownCode, { QStringLiteral("指令单类型"), target });
+    return known.contains(target)
+        ? Status()
+        : Status(Error::UnknownCode, { QStringLiteral(QT_TRANSLATE_NOOP("Caption", "指令单类型")), target });
 }
 
 // A plan without a target type is by quantity: an amount order that lost it would trade as many shares as yuan.
@@ -96,7 +98,9 @@ Status priceTypeIsKnown(const CheckedPlan& plan)
     using namespace Orlo_Values::HKTimeInForce;
     const QStringList known{ QString(), InTrade, BeforeTrade };
     const QString type = plan.other(Kelvo_Fields::Security::timeInForce);
-    return known.contains(type) ? Status() : Status(Error::UnknownCode, { QStringLiteral("报价类型"), type });
+    return known.contains(type)
+        ? Status()
+        : Status(Error::UnknownCode, { QStringLiteral(QT_TRANSLATE_NOOP("Caption", "报价类型")), type });
 }
 
 Status entrustTypeIsKnown(const CheckedPlan& plan)
@@ -107,7 +111,8 @@ Status entrustTypeIsKnown(const CheckedPlan& plan)
     const auto number = PlanTexts::wholeNumber(text);
     const bool known = number
         && (*number == NoEntrustType || !entrustTypeOfNumber(static_cast<VorMarginTradeType>(*number)).code.isEmpty());
-    return known ? Status() : Status(Error::UnknownCode, { QStringLiteral("委托类别"), text });
+    return known ? Status()
+                 : Status(Error::UnknownCode, { QStringLiteral(QT_TRANSLATE_NOOP("Caption", "委托类别")), text });
 }
 
 Status accountMayTrade(const CheckedPlan& plan)
@@ -134,7 +139,7 @@ Status totalIsGiven(const CheckedPlan& plan)
     const auto total = PlanTexts::wholeNumber(text);
     const bool mayBeZero = plan.isReduction() || plan.isAmount();
     if (!total || (*total == 0 && !mayBeZero))
-        return { Error::NotPositiveWhole, { QStringLiteral("目标总量"), text } };
+        return { Error::NotPositiveWhole, { QStringLiteral(QT_TRANSLATE_NOOP("Caption", "目标总量")), text } };
     return {};
 }
 
@@ -142,7 +147,7 @@ Status dailyQuantityIsWhole(const CheckedPlan& plan)
 {
     const QString& key = AutoPlanField::Progress::CurrentQty;
     if (plan.otherParam.contains(key) && !PlanTexts::wholeNumber(plan.other(key)))
-        return { Error::NotWhole, { QStringLiteral("每日委托量"), plan.other(key) } };
+        return { Error::NotWhole, { QStringLiteral(QT_TRANSLATE_NOOP("Caption", "每日委托量")), plan.other(key) } };
     return {};
 }
 
@@ -153,7 +158,7 @@ Status amountIsGiven(const CheckedPlan& plan)
     const QString text = plan.other(BaseField::tradeAmount);
     const auto amount = PlanTexts::decimalNumber(text);
     if (!amount || *amount <= 0)
-        return { Error::NotPositive, { QStringLiteral("目标金额"), text } };
+        return { Error::NotPositive, { QStringLiteral(QT_TRANSLATE_NOOP("Caption", "目标金额")), text } };
     return {};
 }
 
@@ -161,7 +166,7 @@ Status dailyAmountIsNumber(const CheckedPlan& plan)
 {
     const QString text = plan.other(BaseField::dayMaxTradeAmount);
     if (plan.isAmount() && !text.isEmpty() && !PlanTexts::decimalNumber(text))
-        return { Error::NotNumber, { QStringLiteral("每日最大金额"), text } };
+        return { Error::NotNumber, { QStringLiteral(QT_TRANSLATE_NOOP("Caption", "每日最大金额")), text } };
     return {};
 }
 
@@ -188,10 +193,12 @@ Status formulasAreSound(const CheckedPlan& plan)
     if (model == PriceModel::NoLimit)
         return {};
     if (model == PriceModel::Custom)
-        return checkFormula(QStringLiteral("价格"), plan.text(BaseField::priceFormula1));
-    if (Status status = checkFormula(QStringLiteral("价格1"), plan.text(BaseField::priceFormula1)); !status)
+        return checkFormula(QStringLiteral(QT_TRANSLATE_NOOP("Caption", "价格")), plan.text(BaseField::priceFormula1));
+    if (Status status =
+            checkFormula(QStringLiteral(QT_TRANSLATE_NOOP("Caption", "价格1")), plan.text(BaseField::priceFormula1));
+        !status)
         return status;
-    return checkFormula(QStringLiteral("价格2"), plan.text(BaseField::priceFormula2));
+    return checkFormula(QStringLiteral(QT_TRANSLATE_NOOP("Caption", "价格2")), plan.text(BaseField::priceFormula2));
 }
 
 Status checkTradeDay(const CheckedPlan& plan, const QString& caption, const QDate& date)
@@ -209,7 +216,7 @@ Status checkTradeDay(const CheckedPlan& plan, const QString& caption, const QDat
 
 Status beginIsTradeDay(const CheckedPlan& plan)
 {
-    const QString caption = QStringLiteral("开始日期");
+    const QString caption = QStringLiteral(QT_TRANSLATE_NOOP("Caption", "开始日期"));
     const QDate begin = PlanTexts::date(plan.text(BaseField::beginDate));
     return begin.isValid() ? checkTradeDay(plan, caption, begin) : Status(Error::InvalidDate, { caption });
 }
@@ -217,7 +224,7 @@ Status beginIsTradeDay(const CheckedPlan& plan)
 // A reduction has no end: its end date is a century ahead, beyond any calendar.
 Status endIsTradeDay(const CheckedPlan& plan)
 {
-    const QString caption = QStringLiteral("结束日期");
+    const QString caption = QStringLiteral(QT_TRANSLATE_NOOP("Caption", "结束日期"));
     const QDate end = PlanTexts::date(plan.text(BaseField::endDate));
     if (!end.isValid())
         return { Error::InvalidDate, { caption } };
@@ -293,13 +300,13 @@ Status firstError(const QVector<Rule>& rules, const CheckedPlan& plan)
 QVector<QPair<QString, QString>> identityFields()
 {
     return {
-        { UserAccount::tradingAccount, QStringLiteral("账户") },
-        { UserAccount::securityAccount, QStringLiteral("证券账户") },
-        { Kelvo_Fields::Security::symbol, QStringLiteral("证券代码") },
-        { UserAccount::securityExchange, QStringLiteral("市场") },
-        { Orlo_Fields::AutoPlan::subType, QStringLiteral("指令类型") },
-        { Orlo_Fields::AutoPlan::templateCode, QStringLiteral("计划类型") },
-        { BaseField::orderSide, QStringLiteral("交易方向") },
+        { UserAccount::tradingAccount, QStringLiteral(QT_TRANSLATE_NOOP("Caption", "账户")) },
+        { UserAccount::securityAccount, QStringLiteral(QT_TRANSLATE_NOOP("Caption", "证券账户")) },
+        { Kelvo_Fields::Security::symbol, QStringLiteral(QT_TRANSLATE_NOOP("Caption", "证券代码")) },
+        { UserAccount::securityExchange, QStringLiteral(QT_TRANSLATE_NOOP("Caption", "市场")) },
+        { Orlo_Fields::AutoPlan::subType, QStringLiteral(QT_TRANSLATE_NOOP("Caption", "指令类型")) },
+        { Orlo_Fields::AutoPlan::templateCode, QStringLiteral(QT_TRANSLATE_NOOP("Caption", "计划类型")) },
+        { BaseField::orderSide, QStringLiteral(QT_TRANSLATE_NOOP("Caption", "交易方向")) },
     };
 }
 
@@ -318,8 +325,10 @@ QString changedIdentity(const PlanStore::Record& stored, const PlanStore::Record
             != (after ? after->value(key, absent) : absent).toString();
     };
     if (differ(FieldId::TargetType, InstructionTargetType::QtyOrder))
-        return QStringLiteral("指令单类型");
-    return differ(FieldId::MarginSide, QString::number(NoEntrustType)) ? QStringLiteral("委托类别") : QString();
+        return QStringLiteral(QT_TRANSLATE_NOOP("Caption", "指令单类型"));
+    return differ(FieldId::MarginSide, QString::number(NoEntrustType))
+        ? QStringLiteral(QT_TRANSLATE_NOOP("Caption", "委托类别"))
+        : QString();
 }
 
 // A reduction without a total has the present holdings as its target.

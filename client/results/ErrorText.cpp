@@ -6,7 +6,10 @@
 
 QString errorText(const Status& status)
 {
-    QStringList values = status.details();
+    QStringList values;
+    const QStringList details = status.details();
+    for (const QString& detail : details)
+        values << captionText(detail);
     if (!status.cause())
         values << errorText(status.cause());
     const QString text = QCoreApplication::translate("Error", errorSentence(status.error()));
@@ -23,4 +26,14 @@ QString errorText(const Status& status)
     default:
         return text.arg(values.at(0), values.at(1), values.at(2), values.at(3));
     }
+}
+
+QString captionText(const QString& caption)
+{
+    return caption.isEmpty() ? caption : QCoreApplication::translate("Caption", caption.toUtf8().constData());
+}
+
+QString listText(const QStringList& texts)
+{
+    return texts.join(QCoreApplication::translate("Error", "、"));
 }

@@ -323,10 +323,12 @@ QVector<Obstacle> TypedTables::obstacles()
     const QString security = QStringLiteral("NOT IN (SELECT symbol FROM securities)");
     const QString noDate = QStringLiteral("IS NOT date(value, '+0 days')");
     return QVector<Obstacle>{
-        planValue(QStringLiteral("账户"), "tradingAccount", account, Error::PlanValueUnknown),
-        planValue(QStringLiteral("证券"), "symbol", security, Error::PlanValueUnknown),
-        planValue(QStringLiteral("开始日期"), "beginDate", noDate, Error::PlanValueInvalid),
-        planValue(QStringLiteral("结束日期"), "endDate", noDate, Error::PlanValueInvalid),
+        planValue(
+            QStringLiteral(QT_TRANSLATE_NOOP("Caption", "账户")), "tradingAccount", account, Error::PlanValueUnknown),
+        planValue(QStringLiteral(QT_TRANSLATE_NOOP("Caption", "证券")), "symbol", security, Error::PlanValueUnknown),
+        planValue(
+            QStringLiteral(QT_TRANSLATE_NOOP("Caption", "开始日期")), "beginDate", noDate, Error::PlanValueInvalid),
+        planValue(QStringLiteral(QT_TRANSLATE_NOOP("Caption", "结束日期")), "endDate", noDate, Error::PlanValueInvalid),
         { Error::PlanValueInvalid,
             QStringLiteral("SELECT printf('AP%08d', b.plan), '结束日期', e.value FROM plan_fields AS b"
                            " JOIN plan_fields AS e ON e.plan = b.plan AND e.key = 'endDate' AND e.value < b.value"
@@ -334,8 +336,8 @@ QVector<Obstacle> TypedTables::obstacles()
         { Error::PlanValueUnknown,
             QStringLiteral("SELECT printf('AP%08d', number), '创建人', substr(creator, 1, 32) FROM plans"
                            " WHERE creator NOT IN (SELECT id FROM users)") },
-        planTime(QStringLiteral("创建时间"), "created_time"),
-        planTime(QStringLiteral("修改时间"), "changed_time"),
+        planTime(QStringLiteral(QT_TRANSLATE_NOOP("Caption", "创建时间")), "created_time"),
+        planTime(QStringLiteral(QT_TRANSLATE_NOOP("Caption", "修改时间")), "changed_time"),
     }
     + instructionObstacles() + otherObstacles();
 }

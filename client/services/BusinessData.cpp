@@ -4,6 +4,7 @@
 #include "ClientClock.h"
 #include "ClientSession.h"
 #include "EntrustTypes.h"
+#include "ErrorText.h"
 #include "Kelvo_Fields.h"
 #include "OrloBusiUtils.h"
 #include "OrloBusinessDataInterface.h"
@@ -233,5 +234,5 @@ QString CDataBase::GetStaticCfgValue(const QString& category, const QString& key
 
 QString OrloBusiUtils::GetSideUnionChineseName(const QString& sideUnion)
 {
-    return entrustTypeOfCode(sideUnion).name;
+    return captionText(entrustTypeOfCode(sideUnion).name);
 }

@@ -1,6 +1,7 @@
 #include "PlanSubmission.h"
 
 #include "ClientSession.h"
+#include "ErrorText.h"
 #include "HistoryStore.h"
 #include "PlanChanges.h"
 #include "PlanCheck.h"
@@ -101,10 +102,10 @@ Status statusOf(const PlanConflict& conflict)
 {
     QStringList captions = PlanChanges::captions(conflict.opened.record, conflict.stored.record);
     if (conflict.opened.state != conflict.stored.state)
-        captions << QStringLiteral("状态");
+        captions << captionText(QStringLiteral(QT_TRANSLATE_NOOP("Caption", "状态")));
     return { Error::PlanChangedMeanwhile,
         { conflict.user, QLocale::c().toString(conflict.time, QStringLiteral("yyyy-MM-dd HH:mm:ss")),
-            captions.join(QStringLiteral("、")) } };
+            listText(captions) } };
 }
 
 Status storeChange(ClientSession& session, const PlanChange& change, std::optional<PlanConflict>& conflict)

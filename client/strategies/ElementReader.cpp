@@ -1,5 +1,6 @@
 #include "ElementReader.h"
 
+#include "ErrorText.h"
 #include "StrategyDefinition.h"
 
 #include <QRegularExpression>
@@ -158,8 +159,7 @@ int ElementReader::choice(const char* name, const QStringList& allowed, int abse
         warn({ Error::ValueTakenAs, { QLatin1String(name), shown(value), allowed.at(i) } });
         return i;
     }
-    refuse({ Error::UnsupportedAttributeValue,
-        { QLatin1String(name), shown(value), allowed.join(QStringLiteral("、")) } });
+    refuse({ Error::UnsupportedAttributeValue, { QLatin1String(name), shown(value), listText(allowed) } });
     return absent;
 }
 

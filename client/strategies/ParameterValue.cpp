@@ -3,6 +3,7 @@
 #include "MarketTime.h"
 #include "ParameterTypes.h"
 
+#include <QCoreApplication>
 #include <QLocale>
 #include <QRegularExpression>
 #include <QTime>
@@ -246,8 +247,8 @@ QString ParameterValue::rangeHint(const StrategyParameter& parameter)
     if (low.isEmpty() && high.isEmpty())
         return {};
     if (high.isEmpty())
-        return QStringLiteral("不小于 %1").arg(low);
+        return QCoreApplication::translate("ParameterValue", "不小于 %1").arg(low);
     if (low.isEmpty())
-        return QStringLiteral("不大于 %1").arg(high);
-    return QStringLiteral("%1 ～ %2").arg(low, high);
+        return QCoreApplication::translate("ParameterValue", "不大于 %1").arg(high);
+    return QCoreApplication::translate("ParameterValue", "%1 ～ %2").arg(low, high);
 }

@@ -1,5 +1,6 @@
 #include "StrategyLibrary.h"
 
+#include "BuiltInTexts.h"
 #include "ErrorText.h"
 
 #include <QDebug>
@@ -109,5 +110,6 @@ void StrategyLibrary::addBuiltIn(const QString& path)
             qWarning().noquote() << "StrategyLibrary::addBuiltIn" << errorText(strategy.remarks.refusal);
         m_positions.insert(strategy.definition.name, m_strategies.size());
         m_strategies.append(strategy.definition);
+        translateBuiltIn(m_strategies.last());
     }
 }

@@ -81,22 +81,22 @@ QString StrategyReport::state(const ReadStrategy& strategy)
 QString StrategyReport::stateText(const ReadStrategy& strategy)
 {
     if (!strategy.isRead())
-        return QStringLiteral("拒绝");
-    return strategy.isUsable() ? QStringLiteral("可用") : QStringLiteral("不可用");
+        return StrategyReport::tr("拒绝");
+    return strategy.isUsable() ? StrategyReport::tr("可用") : StrategyReport::tr("不可用");
 }
 
 QStringList StrategyReport::lines(const StrategyFile& file)
 {
     if (!file.failure)
-        return { QStringLiteral("%1：拒绝 %2").arg(file.name, errorText(failureOf(file))) };
-    QStringList lines{ QStringLiteral("%1：%2个策略").arg(file.name, QString::number(file.strategies.size())) };
-    addRemarks(lines, QStringLiteral("提示"), file.warnings);
+        return { StrategyReport::tr("%1：拒绝 %2").arg(file.name, errorText(failureOf(file))) };
+    QStringList lines{ StrategyReport::tr("%1：%2个策略").arg(file.name, QString::number(file.strategies.size())) };
+    addRemarks(lines, StrategyReport::tr("提示"), file.warnings);
     for (const ReadStrategy& strategy : file.strategies) {
         lines.append(
-            QStringLiteral("策略%1（第%2行）：%3")
+            StrategyReport::tr("策略%1（第%2行）：%3")
                 .arg(strategy.definition.name, QString::number(strategy.definition.line), stateText(strategy)));
-        addRemarks(lines, QStringLiteral("原因"), reasonsOf(strategy));
-        addRemarks(lines, QStringLiteral("提示"), strategy.remarks.warnings);
+        addRemarks(lines, StrategyReport::tr("原因"), reasonsOf(strategy));
+        addRemarks(lines, StrategyReport::tr("提示"), strategy.remarks.warnings);
     }
     return lines;
 }

@@ -49,7 +49,7 @@ QString planChanges(const HistoryEntry& entry)
     if (changes.isEmpty())
         changes = PlanChanges::captions(entry.before, entry.after);
     return changes.isEmpty() ? QCoreApplication::translate("HistoryTexts", "内容未变")
-                             : changes.join(QStringLiteral("，"));
+                             : changes.join(QCoreApplication::translate("HistoryTexts", "，"));
 }
 
 QString instructionChanges(const HistoryEntry& entry)
@@ -78,7 +78,7 @@ QString stateChange(const HistoryEntry& entry)
     };
     const QString reason = entry.after.value(QStringLiteral("reason")).toString();
     const QString change = QStringLiteral("%1→%2").arg(word(entry.before), word(entry.after));
-    return reason.isEmpty() ? change : QStringLiteral("%1（%2）").arg(change, reason);
+    return reason.isEmpty() ? change : QCoreApplication::translate("HistoryTexts", "%1（%2）").arg(change, reason);
 }
 
 } // namespace
@@ -111,7 +111,8 @@ QString HistoryTexts::event(const HistoryEntry& entry)
 
 QString HistoryTexts::line(const HistoryEntry& entry)
 {
-    return oneLine(QStringLiteral("%1 %2（%3，%4）").arg(timeText(entry.time), event(entry), entry.user, entry.client));
+    return oneLine(QCoreApplication::translate("HistoryTexts", "%1 %2（%3，%4）")
+                       .arg(timeText(entry.time), event(entry), entry.user, entry.client));
 }
 
 QString HistoryTexts::outcome(UnknownRequest request, bool isStored, const QString& planId)

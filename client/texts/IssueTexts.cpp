@@ -25,13 +25,13 @@ QString amountText(double yuan)
 
 QString IssueTexts::report(const QDate& day, const IssueResult& result)
 {
-    QStringList lines{ QStringLiteral("%1：新下达指令%2条，此前已下达的计划%3个，未下达的计划%4个。")
+    QStringList lines{ IssueTexts::tr("%1：新下达指令%2条，此前已下达的计划%3个，未下达的计划%4个。")
                            .arg(day.toString(Qt::ISODate), QString::number(result.issued.size()),
                                QString::number(result.alreadyIssued.size()), QString::number(result.skipped.size())) };
     for (const IssueResult::Skipped& skipped : result.skipped)
-        lines << QStringLiteral("%1：%2").arg(skipped.planId, errorText(skipped.reason));
+        lines << IssueTexts::tr("%1：%2").arg(skipped.planId, errorText(skipped.reason));
     if (!result.failure)
-        lines << QStringLiteral("其余计划未下达：%1").arg(errorText(result.failure));
+        lines << IssueTexts::tr("其余计划未下达：%1").arg(errorText(result.failure));
     return lines.join(QLatin1Char('\n'));
 }
 
@@ -42,13 +42,13 @@ QString IssueTexts::line(const IssueRow& row)
         QStringLiteral("%1 %2 %3 %4")
             .arg(row.plan.id, textIn(row, Kelvo_Fields::UserAccount::tradingAccount), words.security(), words.side());
     const QString missed = row.missed.isValid()
-        ? QStringLiteral("（%1漏下达，不补下达）").arg(row.missed.toString(Qt::ISODate))
+        ? IssueTexts::tr("（%1漏下达，不补下达）").arg(row.missed.toString(Qt::ISODate))
         : QString();
     if (!row.reason)
-        return QStringLiteral("%1 不能下达：%2").arg(plan, errorText(row.reason)) + missed;
+        return IssueTexts::tr("%1 不能下达：%2").arg(plan, errorText(row.reason)) + missed;
     const auto limit = row.order.price.limit;
-    const QString price = limit ? TickPrice::text(*limit, row.precision) : QStringLiteral("不限价");
-    return QStringLiteral("%1 %2 数量%3 金额%4元")
+    const QString price = limit ? TickPrice::text(*limit, row.precision) : IssueTexts::tr("不限价");
+    return IssueTexts::tr("%1 %2 数量%3 金额%4元")
                .arg(plan, price, QString::number(row.order.quantity), amountText(row.order.issuedYuan))
         + missed;
 }

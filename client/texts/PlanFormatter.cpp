@@ -71,7 +71,7 @@ QString itemTexts(const StrategyControl& control, const StrategyParameter& param
         if (ids.contains(item.id))
             texts.append(item.text);
     }
-    return texts.join(QStringLiteral("、"));
+    return listText(texts);
 }
 
 QString parameterText(const StrategyControl& control, const StrategyParameter& parameter, const QString& value)
@@ -101,7 +101,7 @@ QString strategyParameters(const StrategyDefinition& strategy, const QMap<QStrin
         const bool isOther = parameter && control.type == ControlType::RadioButton
             && ControlValue::ofParameter(control, *parameter, value) != QLatin1String("true");
         if (!value.isEmpty() && parameter && !isOther)
-            lines << QStringLiteral("%1：%2").arg(label, parameterText(control, *parameter, value));
+            lines << PlanFormatter::tr("%1：%2").arg(label, parameterText(control, *parameter, value));
     }
     return lines.join(QLatin1Char('\n'));
 }
@@ -182,7 +182,7 @@ QString PlanFormatter::price() const
     if (model == PriceModel::Custom)
         return formula;
     if (model == PriceModel::CompareMax || model == PriceModel::CompareMin)
-        return QStringLiteral("%1：%2；%3").arg(priceMode(), formula, text(Base::priceFormula2));
+        return PlanFormatter::tr("%1：%2；%3").arg(priceMode(), formula, text(Base::priceFormula2));
     return priceMode();
 }
 
@@ -329,7 +329,7 @@ QString PlanFormatter::account() const
         CBusinessDataBase::GetInstance()->GetAccountDetailsByTradinngAccount(tradingAccount);
     if (account.accountName.isEmpty())
         return tradingAccount;
-    return QStringLiteral("%1（%2）").arg(account.accountName, account.fundAccount);
+    return PlanFormatter::tr("%1（%2）").arg(account.accountName, account.fundAccount);
 }
 
 QString PlanFormatter::exchange() const
@@ -369,5 +369,5 @@ QString PlanFormatter::algorithm() const
 {
     const QString name = other(Base::algoStrategyName);
     const QString alias = AlgoTradeLogicNew::GetInstance()->GetStrategy(name).alias;
-    return alias.isEmpty() || alias == name ? name : QStringLiteral("%1（%2）").arg(alias, name);
+    return alias.isEmpty() || alias == name ? name : PlanFormatter::tr("%1（%2）").arg(alias, name);
 }

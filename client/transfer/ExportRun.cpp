@@ -5,6 +5,7 @@
 #include "AutoPlanField.h"
 #include "ClosureFiles.h"
 #include "CodeWords.h"
+#include "ErrorText.h"
 #include "HistoryTexts.h"
 #include "InstructionStore.h"
 #include "JournalTexts.h"
@@ -302,5 +303,5 @@ Result<TableFormat> ExportRun::formatOf(const QString& file)
 Status ExportRun::check(const QString& kind)
 {
     const QStringList kinds = writers().keys();
-    return kinds.contains(kind) ? Status() : Status(Error::UnknownKind, { kind, kinds.join(QStringLiteral("、")) });
+    return kinds.contains(kind) ? Status() : Status(Error::UnknownKind, { kind, listText(kinds) });
 }

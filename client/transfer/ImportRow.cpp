@@ -1,6 +1,7 @@
 #include "ImportRow.h"
 
 #include "DateRules.h"
+#include "ErrorText.h"
 #include "PlainText.h"
 
 #include <QRegularExpression>
@@ -34,7 +35,7 @@ void ImportHeadings::read(const TableRow& row, ImportReport& report)
             continue;
         if (column < 0)
             report.refuse({ row.line, place + 1, heading,
-                { Error::UnknownHeading, { heading, namesOf(m_form.columns).join(QStringLiteral("、")) } } });
+                { Error::UnknownHeading, { heading, listText(namesOf(m_form.columns)) } } });
         else if (m_places.at(column) >= 0)
             report.refuse({ row.line, place + 1, heading, { Error::DuplicateHeading, { heading } } });
         else
@@ -46,7 +47,7 @@ void ImportHeadings::read(const TableRow& row, ImportReport& report)
             missing << m_form.columns.at(i).name();
     }
     if (!missing.isEmpty())
-        report.refuse({ row.line, 0, QString(), { Error::MissingHeadings, { missing.join(QStringLiteral("、")) } } });
+        report.refuse({ row.line, 0, QString(), { Error::MissingHeadings, { listText(missing) } } });
 }
 
 ImportRow::ImportRow(const ImportHeadings& headings, const TableRow& row, ImportReport& report)

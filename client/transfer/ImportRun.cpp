@@ -4,6 +4,7 @@
 #include "CloseImporter.h"
 #include "ClosureFiles.h"
 #include "ClosureImporter.h"
+#include "ErrorText.h"
 #include "MasterImporters.h"
 #include "PlanImporter.h"
 #include "ServerLocation.h"
@@ -187,7 +188,7 @@ Status ImportRun::check(const QString& kind, bool replaces)
     for (const TransferForm& form : TransferForms::importable())
         kinds << form.id;
     if (!kinds.contains(kind))
-        return { Error::UnknownKind, { kind, kinds.join(QStringLiteral("、")) } };
+        return { Error::UnknownKind, { kind, listText(kinds) } };
     const bool mayReplace = kind != TransferForms::plans().id && kind != TransferForms::closures().id;
     return mayReplace || !replaces ? Status() : Status(Error::ReplaceNotPossible, { kind });
 }

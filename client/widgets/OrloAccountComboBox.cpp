@@ -13,7 +13,7 @@ QString shownText(const tagUserAccountInfo& account, OrloAccountComboBox::Displa
         return account.fundAccount;
     if (mode == OrloAccountComboBox::DisplayMode::AccountName || account.fundAccount.isEmpty())
         return account.accountName;
-    return QStringLiteral("%1（%2）").arg(account.accountName, account.fundAccount);
+    return OrloAccountComboBox::tr("%1（%2）").arg(account.accountName, account.fundAccount);
 }
 
 QStandardItem* newItem(const tagUserAccountInfo& account, OrloAccountComboBox::DisplayMode mode)
