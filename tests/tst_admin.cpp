@@ -1,6 +1,7 @@
 #include "AccountAdministration.h"
 #include "AuthorityStore.h"
 #include "ChainAdministration.h"
+#include "ChineseTexts.h"
 #include "LoggedTest.h"
 #include "PostgresSchema.h"
 #include "Psql.h"
@@ -575,6 +576,28 @@ private Q_SLOTS:
         QVERIFY(run("list --json").output.startsWith(line("{")));
         QCOMPARE(run(QStringLiteral("revoke %1 1 5").arg(user).toUtf8().constData()).code, 0);
         QCOMPARE(run(QStringLiteral("revoke %1").arg(user).toUtf8().constData()).code, 0);
+    }
+
+    void theCommandsSpeakEnglish()
+    {
+        const Team team(m_administrator);
+        const QString user = own("ding");
+        ChineseTexts chinese{ QString() };
+        chinese.allow({ line("一号"), line("二号"), line("丁") });
+        const QStringList database{ line("--language"), line("en"), line("--database"), team.location(),
+            line("admin") };
+        for (const char* const words : { "list", "init", "init", "migrate",
+                 "add-account 1 name=一号 fund=F1 client=C1 branch=B1 XSHG=A1", "add-account 1 name=二号",
+                 "set-limits 1 quantity=5 price-band=10", "set-limits usual amount=x", "set-cash 1 2500.5",
+                 "set-cash 1 2500.50", "set-cash 1 unknown", "add-user USER 丁", "add-user USER 丁 --generate-password",
+                 "set-chain 1 5 executors=丁 reviewers=丁", "grant USER 1 5 1 --review", "grant USER 1 5",
+                 "grant USER 1 x", "list", "revoke USER 1 5", "revoke USER", "add-account 2 asset=x" }) {
+            const QString given = line(words).replace(line("USER"), user);
+            const ProgramEnd end = plandesk(database + given.split(QLatin1Char(' ')));
+            const QString text = end.output + end.errors;
+            QVERIFY2(!text.isEmpty(), words);
+            QCOMPARE(chinese.linesIn(text).join(QLatin1Char('\n')), QString());
+        }
     }
 
     void aMalformedCommandIsRefused_data()

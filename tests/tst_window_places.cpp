@@ -18,6 +18,8 @@ namespace {
 constexpr QSize SmallScreen(1024, 600);
 /// A screen of 1920 x 1080 at 200 %.
 constexpr QSize ZoomedScreen(960, 540);
+/// A window beside another one.
+constexpr QSize NarrowWindow(800, 540);
 
 QRect room()
 {
@@ -83,9 +85,20 @@ private Q_SLOTS:
     {
         openWindow();
         pressForEditor(Qt::Key_N);
-        for (const QSize& screen : { SmallScreen, ZoomedScreen }) {
+        for (const QSize& screen : { SmallScreen, ZoomedScreen, NarrowWindow }) {
             QCOMPARE(window().minimumSizeHint().expandedTo(screen), screen);
             QCOMPARE(dialog().minimumSizeHint().expandedTo(screen), screen);
+        }
+    }
+
+    void theListIsUsedInANarrowWindow()
+    {
+        openWindow();
+        window().resize(NarrowWindow);
+        QCOMPARE(window().size(), NarrowWindow);
+        for (const char* const name : { "filter_all", "filter_own", "le_search" }) {
+            const auto* const part = field<QWidget>(window(), name);
+            QVERIFY2(part->visibleRegion().boundingRect() == part->rect(), name);
         }
     }
 

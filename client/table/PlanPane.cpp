@@ -16,6 +16,7 @@ namespace {
 
 constexpr int BarMargin = 6;
 constexpr int SearchWidth = 300;
+constexpr int NarrowSearch = 120;
 // The frame, and the button that clears the text.
 constexpr int SearchMargin = 40;
 
@@ -62,7 +63,7 @@ QHBoxLayout* PlanPane::buildBar()
     bar->addWidget(addFilter(QStringLiteral("filter_failed"), tr("异常"), PlanFilter::Failed));
     bar->addWidget(addFilter(QStringLiteral("filter_own"), tr("我的"), PlanFilter::Own));
     bar->addStretch();
-    bar->addWidget(m_search);
+    bar->addWidget(m_search, 1);
     m_filters->buttons().constFirst()->setChecked(true);
     connect(m_filters, QOverload<QAbstractButton*>::of(&QButtonGroup::buttonClicked), this, &PlanPane::apply);
     return bar;
@@ -85,7 +86,8 @@ void PlanPane::buildSearch()
     m_search->setPlaceholderText(tr("编号、证券代码、名称、账户（Ctrl+F）"));
     m_search->setClearButtonEnabled(true);
     const QSize text = m_search->fontMetrics().size(Qt::TextSingleLine, m_search->placeholderText());
-    m_search->setMinimumSize(qMax(SearchWidth, text.width() + SearchMargin), text.height() + SearchMargin / 4);
+    m_search->setMinimumSize(NarrowSearch, text.height() + SearchMargin / 4);
+    m_search->setMaximumWidth(qMax(SearchWidth, text.width() + SearchMargin));
     m_search->installEventFilter(this);
     connect(m_search, &QLineEdit::textChanged, this, &PlanPane::apply);
     auto* const find = new QShortcut(QKeySequence(QKeySequence::Find), this);

@@ -7,7 +7,7 @@
 /// names in formulas and the assignee that is stored.
 class ChineseTexts {
 public:
-    /// `file`: the database, in SQLite.
+    /// `file`: the database, in SQLite; empty for none.
     explicit ChineseTexts(const QString& file);
 
     /// Adds further texts that may be shown.
