@@ -4,6 +4,7 @@
 #include "ChineseTexts.h"
 #include "LoggedTest.h"
 #include "PostgresSchema.h"
+#include "ProgramRun.h"
 #include "Psql.h"
 #include "RightsReport.h"
 #include "TestDatabase.h"
@@ -13,7 +14,6 @@
 #include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QProcess>
 #include <QThread>
 #include <QtTest>
 
@@ -662,5 +662,4 @@ private:
 };
 
 QTEST_MAIN(AdminTest)
-#include "ProgramRun.h"
 #include "tst_admin.moc"

@@ -86,7 +86,7 @@ private:
         ClientWindowTest::prepare();
         m_chinese = std::make_unique<ChineseTexts>(session().file());
         // What a message says can be typed.
-        m_chinese->allow({ QStringLiteral("千, 万, 百万, 千万 and 亿") });
+        m_chinese->allow({ QStringLiteral("50,000 or 5万"), QStringLiteral("千, 万, 百万, 千万 and 亿") });
     }
     void tidyUp() override
     {
@@ -192,7 +192,8 @@ private Q_SLOTS:
     void theSheetOfTheDay()
     {
         createSamples(2);
-        session().create(customPrice(SampleSession::record(), QStringLiteral("1-1")));
+        QVERIFY(plans().create(
+            customPrice(SampleSession::record(), QStringLiteral("1-1")), ClientSession::instance().changeNow()));
         openWindow();
         press(&window(), Qt::Key_I, Qt::ControlModifier);
         const auto isReady = [this] {
@@ -339,7 +340,8 @@ private Q_SLOTS:
     void theJournalAndTheAlerts()
     {
         createSamples(2);
-        session().create(customPrice(SampleSession::record(), QStringLiteral("1-1")));
+        QVERIFY(plans().create(
+            customPrice(SampleSession::record(), QStringLiteral("1-1")), ClientSession::instance().changeNow()));
         QVERIFY(InstructionIssuer::issueDay(SampleSession::today()));
         openWindow();
         press(&window(), Qt::Key_J, Qt::ControlModifier);

@@ -206,7 +206,7 @@ private Q_SLOTS:
         openWindow();
         QCOMPARE(boxOf([this] { press(&window(), Qt::Key_N, Qt::ControlModifier); }, "msgBoxWarning"), text);
         QCOMPARE(openForms().size(), 0);
-        QCOMPARE(QApplication::focusWidget(), field<QTableView>(window(), "planTable"));
+        QCOMPARE(window().focusWidget(), field<QTableView>(window(), "planTable"));
     }
 
     void aUserWithoutAccountCannotCopy()
@@ -218,7 +218,7 @@ private Q_SLOTS:
         QCOMPARE(boxOf([this] { press(&window(), Qt::Key_D, Qt::ControlModifier); }, "msgBoxWarning"),
             QStringLiteral("用户reviewer01没有账户，不能新建计划，请联系管理员分配账户"));
         QCOMPARE(openForms().size(), 0);
-        QCOMPARE(QApplication::focusWidget(), field<QTableView>(window(), "planTable"));
+        QCOMPARE(window().focusWidget(), field<QTableView>(window(), "planTable"));
     }
 
     void oneAccountWithRightIsEnough_data()

@@ -8,6 +8,7 @@
 #include "PlanCodes.h"
 #include "PlanEvents.h"
 #include "PlanFormatter.h"
+#include "ProgramRun.h"
 #include "TestStatus.h"
 
 #include <QAction>
@@ -764,5 +765,4 @@ private Q_SLOTS:
 };
 
 QTEST_MAIN(PlandeskWindowTest)
-#include "ProgramRun.h"
 #include "tst_plandesk_window.moc"

@@ -97,13 +97,14 @@ PlanTable::PlanTable(QWidget* parent)
 void PlanTable::keyPressEvent(QKeyEvent* event)
 {
     const QString former = m_current.id;
+    const QScopedValueRollback<bool> range(m_isRange, event->modifiers() & Qt::ShiftModifier);
     if (event->matches(QKeySequence::Copy))
         copySelected();
     else if (event->matches(QKeySequence::SelectAll))
         selectAllPlans();
     else
         QTableView::keyPressEvent(event);
-    if (!(event->modifiers() & Qt::ShiftModifier))
+    if (!m_isRange)
         m_rangeStart = m_current;
     else if (m_current.id != former)
         selectRange();
@@ -111,8 +112,9 @@ void PlanTable::keyPressEvent(QKeyEvent* event)
 
 void PlanTable::mousePressEvent(QMouseEvent* event)
 {
+    const QScopedValueRollback<bool> range(m_isRange, event->modifiers() & Qt::ShiftModifier);
     QTableView::mousePressEvent(event);
-    if (!(event->modifiers() & Qt::ShiftModifier))
+    if (!m_isRange)
         m_rangeStart = m_current;
     else if (!(event->modifiers() & Qt::ControlModifier))
         selectRange();
@@ -190,7 +192,6 @@ Status PlanTable::show(const PlanList& list)
     executeDelayedItemsLayout();
     setCurrentIndex(m_plans->index(0, 0));
     noteCurrent(m_plans->plan(0));
-    m_rangeStart = m_current;
     verticalScrollBar()->setValue(0);
     showPosition();
     return {};
@@ -232,7 +233,6 @@ void PlanTable::selectPlan(const QString& planId)
     if (row < 0)
         clearSelection();
     noteCurrent(m_plans->plan(row));
-    m_rangeStart = m_current;
 }
 
 QStringList PlanTable::selectedPlans() const
@@ -350,8 +350,11 @@ void PlanTable::makeCurrent(int row)
 
 void PlanTable::noteCurrent(const StoredPlan& plan)
 {
-    if (std::exchange(m_current, plan).id != plan.id)
-        Q_EMIT currentPlanChanged();
+    if (std::exchange(m_current, plan).id == plan.id)
+        return;
+    if (!m_isRange)
+        m_rangeStart = plan;
+    Q_EMIT currentPlanChanged();
 }
 
 /// The row that stays where it is: the current one, unless the user has scrolled away from it.

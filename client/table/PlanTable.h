@@ -110,5 +110,6 @@ private:
     bool m_isChanging = false;    ///< the rows are being changed, not by the user
     bool m_showsPosition = false; ///< `positionBar` is being moved, not by the user
     bool m_isExtending = false;
+    bool m_isRange = false; ///< a key or a click with Shift is being handled
     int m_newAbove = 0;
 };

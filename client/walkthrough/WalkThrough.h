@@ -37,6 +37,7 @@ private:
     void previewDay();
     void pausePlan();
     void stopPlan();
+    void giveReason(QWidget* dialog);
     void showOtherSkin();
 
     bool prepare();

@@ -26,7 +26,9 @@ using namespace PlanCodes;
 
 namespace {
 
-constexpr int LongestRead = 30000; // milliseconds
+// In milliseconds.
+constexpr int LongestRead = 30000;
+constexpr int ShortWait = 10;
 
 /// A Saturday at least a week ahead.
 QString saturday()
@@ -109,20 +111,29 @@ void WalkThrough::stopPlan()
     const QString plan = newestPlan();
     m_window.selectPlan(plan);
     // The dialog runs an event loop of its own.
-    QTimer::singleShot(0, &m_window, [this] {
-        auto* const dialog = QApplication::activeModalWidget();
-        auto* const reason = dialog ? dialog->findChild<QLineEdit*>(QStringLiteral("le_reason")) : nullptr;
-        if (!reason) {
-            problem(QStringLiteral("没有询问停止的原因"));
+    QTimer untilAsked;
+    QObject::connect(&untilAsked, &QTimer::timeout, [this, &untilAsked] {
+        QWidget* const dialog = QApplication::activeModalWidget();
+        if (!dialog || dialog->objectName() != QLatin1String("reasonDialog"))
             return;
-        }
-        FormDriver(dialog).type("le_reason", QStringLiteral("策略调整，不再买入"));
-        picture(dialog, QStringLiteral("reason"));
-        QTest::mouseClick(dialog->findChild<QPushButton*>(QStringLiteral("btn_stop")), Qt::LeftButton);
+        untilAsked.stop();
+        giveReason(dialog);
     });
+    untilAsked.start(ShortWait);
     chooseFromMenu("action_stop");
+    if (untilAsked.isActive())
+        problem(QStringLiteral("没有询问停止的原因"));
     expectState(plan, PlanState::Stopped);
     picture(&m_window, QStringLiteral("window"));
+}
+
+void WalkThrough::giveReason(QWidget* dialog)
+{
+    FormDriver driver(dialog);
+    driver.type("le_reason", QStringLiteral("策略调整，不再买入"));
+    collect(driver.takeProblems());
+    picture(dialog, QStringLiteral("reason"));
+    QTest::mouseClick(dialog->findChild<QPushButton*>(QStringLiteral("btn_stop")), Qt::LeftButton);
 }
 
 void WalkThrough::chooseFromMenu(const char* action)
