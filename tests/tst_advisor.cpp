@@ -5,6 +5,7 @@
 #include "InstructionTargetType.h"
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
+#include "Orlo_Values.h"
 #include "PlanCodes.h"
 #include "PlanFacts.h"
 #include "RowView.h"
@@ -14,6 +15,7 @@
 
 #include <QLabel>
 #include <QToolButton>
+#include <QTreeView>
 #include <QtTest>
 
 Q_DECLARE_METATYPE(PlanForm)
@@ -130,6 +132,34 @@ private Q_SLOTS:
             QStringLiteral("其他计划 | 无"),
         };
         QCOMPARE(rows("advisorSecurity"), expected);
+    }
+
+    void aBondIsCountedInItsUnit()
+    {
+        PlanForm form = ordinary();
+        form.instructionType = InstructionType::Bond;
+        form.symbol = SampleSession::symbolOf(
+            Orlo_Values::MdcSubSecurityType::ConvertableBondTypeList.constFirst(), Kelvo_Values::SymbolPost::sh);
+        openFilled(form);
+        QCOMPARE(cell("advisorSecurity", QStringLiteral("每手")), QStringLiteral("10张"));
+        QCOMPARE(cell("advisorSecurity", QStringLiteral("可卖数量")), QStringLiteral("200,000张"));
+    }
+
+    void aReductionHasNoEnd()
+    {
+        const QString plan = session().create(reduction(SampleSession::record()));
+        openFilled(ordinary());
+        QCOMPARE(cell("advisorSecurity", plan), QStringLiteral("方向相反：卖出，2024-05-06 起"));
+    }
+
+    void whatIsLeftOfAnAmountIsReadable()
+    {
+        openFilled(ordinary().byAmount(QStringLiteral("1500000.5"), QStringLiteral("100000")));
+        const auto* const days = field<QTreeView>(dialog(), "forecastDays");
+        for (int column = 0; column < days->model()->columnCount(); ++column) {
+            const QString text = days->model()->index(0, column).data().toString();
+            QVERIFY2(days->fontMetrics().horizontalAdvance(text) < days->columnWidth(column), qPrintable(text));
+        }
     }
 
     void otherPlansOnTheSecurityAreListed()

@@ -1,6 +1,7 @@
 #include "AlgoTradeLogicNew.h"
 #include "Algo_Fields.h"
 #include "Algo_Values.h"
+#include "Appearance.h"
 #include "AutoPlanField.h"
 #include "LoggedTest.h"
 #include "OrloStrategyFactory.h"
@@ -17,6 +18,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
 #include <QtTest>
 
 namespace Content = Algo_Fields::AlgoInstContentInfo;
@@ -76,6 +78,18 @@ private Q_SLOTS:
         QCOMPARE(child<QLabel>("hint_DisplayVariance")->text(), QStringLiteral("0 ～ 50，选填"));
         QCOMPARE(child<QLabel>("lab_baseData")->text(), QStringLiteral("账号：A1    证券：600000.SH    方向：买入"));
         QCOMPARE(message(), QString());
+    }
+
+    void theSkinIsBehindTheParameters()
+    {
+        for (const char* const skin : { "light", "dark" }) {
+            m_panel->setStyleSheet(skinSheet(QLatin1String(skin)));
+            open(Twap);
+            const auto* const area = child<QScrollArea>("algorithmParameters");
+            const QPoint inside = area->mapTo(m_panel, QPoint(area->width() - 2, 2));
+            const QImage image = m_panel->grab().toImage();
+            QCOMPARE(image.pixelColor(inside), image.pixelColor(3, 3));
+        }
     }
 
     void okConfirmsParametersAndBaseData()

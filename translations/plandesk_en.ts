@@ -686,6 +686,14 @@
         <source>规则变更</source>
         <translation>Change of rules</translation>
     </message>
+    <message>
+        <source>%1张</source>
+        <translation>%1 bonds</translation>
+    </message>
+    <message>
+        <source>%1 起</source>
+        <translation>from %1</translation>
+    </message>
 </context>
 <context>
     <name>AdvisorPanel</name>

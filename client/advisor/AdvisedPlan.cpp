@@ -1,5 +1,7 @@
 #include "AdvisedPlan.h"
 
+#include "AdvisorRow.h"
+#include "Kelvo_Values.h"
 #include "PlanCodes.h"
 #include "PlanFacts.h"
 
@@ -40,6 +42,15 @@ double AdvisedPlan::sellable() const
 double AdvisedPlan::sellableNext() const
 {
     return hasFacts() ? static_cast<double>(facts().tradeableNext * security->displayFactor) : 0;
+}
+
+QString AdvisedPlan::withUnit(double value, bool isAmount) const
+{
+    constexpr int YuanDecimals = 2;
+    if (isAmount)
+        return Advisor::tr("%1元").arg(Advisor::number(value, YuanDecimals));
+    const bool isBond = security && security->type == Kelvo_Values::MdcSecurityType::BondType;
+    return (isBond ? Advisor::tr("%1张") : Advisor::tr("%1股")).arg(Advisor::number(value));
 }
 
 QDate AdvisedPlan::lastClose() const

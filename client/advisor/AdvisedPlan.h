@@ -50,6 +50,8 @@ struct AdvisedPlan {
     double sellableNext() const;
     /// The first day on which an order of the plan may go out.
     QDate firstDay() const { return qMax(world.today, form.begin); }
+    /// An amount in yuan, or a quantity in the security's unit.
+    QString withUnit(double value, bool isAmount = false) const;
     /// The day of the last of the closes; invalid if there are none.
     QDate lastClose() const;
 

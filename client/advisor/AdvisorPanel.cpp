@@ -354,9 +354,7 @@ void AdvisorPanel::presentForecast(const AdvisedPlan& plan)
     m_reduction->setVisible(!reduction.isEmpty());
     const PlanForecast forecast = plan.forecast.valueOr(PlanForecast());
     m_chart->setForecast(forecast, headline);
-    m_days->setRows(forecast.days.size(), [days = forecast.days, isAmount = plan.form.isAmount()](int day) {
-        return ForecastTexts::row(days.at(day), isAmount);
-    });
+    m_days->setRows(forecast.days.size(), [days = forecast.days](int day) { return ForecastTexts::row(days.at(day)); });
 }
 
 QSize AdvisorPanel::sizeHint() const

@@ -38,6 +38,4 @@ class Advisor {
 public:
     /// A number with separators between thousands.
     static QString number(double value, int decimals = 0);
-    /// A quantity or an amount with its unit.
-    static QString withUnit(double value, bool isAmount);
 };

@@ -16,7 +16,7 @@ Status obstacle(const PlanForecast& forecast)
     return {};
 }
 
-QString unendedText(const PlanForecast& forecast, bool isAmount)
+QString unendedText(const AdvisedPlan& plan, const PlanForecast& forecast)
 {
     const QString period = Advisor::tr("期间%1个交易日").arg(forecast.tradeDays);
     if (const Status reason = obstacle(forecast); !reason)
@@ -25,7 +25,7 @@ QString unendedText(const PlanForecast& forecast, bool isAmount)
     const double left = forecast.days.isEmpty() ? before : forecast.days.constLast().left;
     if (left >= before)
         return Advisor::tr("%1，按现价不会成交").arg(period);
-    return Advisor::tr("%1，按现价只能部分成交，最后剩余%2").arg(period, Advisor::withUnit(left, isAmount));
+    return Advisor::tr("%1，按现价只能部分成交，最后剩余%2").arg(period, plan.withUnit(left, plan.form.isAmount()));
 }
 
 QString issuedText(const ForecastDay& day)
@@ -58,7 +58,7 @@ QString ForecastTexts::headline(const AdvisedPlan& plan)
         return Advisor::tr("预计%1完成，需%2个交易日")
             .arg(forecast.lastDay.toString(Qt::ISODate), QString::number(forecast.neededDays));
     if (forecast.neededDays == 0)
-        return unendedText(forecast, plan.form.isAmount());
+        return unendedText(plan, forecast);
     const QString needed = QString::number(qMin(forecast.neededDays, Forecast::MostDays));
     const QString sentence = forecast.neededDays > Forecast::MostDays ? Advisor::tr("需%1个以上交易日，期间仅%2个")
                                                                       : Advisor::tr("需%1个交易日，期间仅%2个");
@@ -71,10 +71,10 @@ QString ForecastTexts::reduction(const AdvisedPlan& plan)
         return {};
     const PlanShare& share = plan.terms->share;
     return Advisor::tr("每日最多%1，即目标的%2%；总股本未知，未核对连续90天减持不超过总股本1%")
-        .arg(Advisor::withUnit(share.total * share.ratio, false), QString::number(share.ratio * 100));
+        .arg(plan.withUnit(share.total * share.ratio), QString::number(share.ratio * 100));
 }
 
-AdvisorRow ForecastTexts::row(const ForecastDay& day, bool isAmount)
+AdvisorRow ForecastTexts::row(const ForecastDay& day)
 {
     constexpr int YuanDecimals = 2;
     const QString date = day.day.toString(Qt::ISODate);
@@ -82,7 +82,8 @@ AdvisorRow ForecastTexts::row(const ForecastDay& day, bool isAmount)
     AdvisorRow shown;
     shown.cells = QStringList{ day.isProvisional ? Advisor::tr("%1（未核实）").arg(date) : date, issuedText(day),
         day.quantity > 0 ? Advisor::number(day.yuan, YuanDecimals) : QString(),
-        trades ? Advisor::number(day.left, isAmount ? YuanDecimals : 0) : QString() };
+        // Whole yuan, for which the column is wide enough.
+        trades ? Advisor::number(day.left) : QString() };
     if (day.kind == TradeCalendar::Day::Closed)
         shown.mark = Mark::Shaded;
     else if (day.kind == TradeCalendar::Day::Unknown || day.isProvisional)
@@ -92,8 +93,8 @@ AdvisorRow ForecastTexts::row(const ForecastDay& day, bool isAmount)
 
 AdvisorColumns ForecastTexts::columns()
 {
-    return { { Advisor::tr("日期"), 30 }, { Advisor::tr("下达"), 22, true }, { Advisor::tr("金额（元）"), 26, true },
-        { Advisor::tr("剩余"), 22, true } };
+    return { { Advisor::tr("日期"), 28 }, { Advisor::tr("下达"), 19, true }, { Advisor::tr("金额（元）"), 27, true },
+        { Advisor::tr("剩余"), 26, true } };
 }
 
 bool ForecastTexts::isInTime(const AdvisedPlan& plan)

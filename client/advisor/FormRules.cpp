@@ -167,7 +167,7 @@ Verdict targetCoversUsed(const AdvisedPlan& plan)
     const double used = PlanFacts::used(plan.facts().edited, plan.facts().used);
     const bool covers = plan.form.targetValue() >= used - Tolerance;
     return covers ? passed()
-                  : failed(Advisor::tr("小于已成交和在下达的%1").arg(Advisor::withUnit(used, plan.form.isAmount())));
+                  : failed(Advisor::tr("小于已成交和在下达的%1").arg(plan.withUnit(used, plan.form.isAmount())));
 }
 
 Verdict startedPlanKeepsBegin(const AdvisedPlan& plan)
@@ -211,7 +211,7 @@ Verdict holdingsCoverTarget(const AdvisedPlan& plan)
     if (!plan.hasFacts())
         return open(plan);
     const bool covers = plan.sellable() >= plan.form.targetValue();
-    return covers ? passed() : asked(Advisor::tr("可卖只有%1").arg(Advisor::withUnit(plan.sellable(), false)));
+    return covers ? passed() : asked(Advisor::tr("可卖只有%1").arg(plan.withUnit(plan.sellable())));
 }
 
 Verdict securityIsNormal(const AdvisedPlan& plan)

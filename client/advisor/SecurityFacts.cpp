@@ -3,6 +3,8 @@
 #include "AutoPlanField.h"
 #include "ErrorText.h"
 #include "Kelvo_Values.h"
+#include "Orlo_Fields.h"
+#include "PlanCodes.h"
 #include "TickPrice.h"
 
 namespace BaseField = AutoPlanField::BaseField;
@@ -40,11 +42,15 @@ QString sideText(const StoredPlan& plan)
 
 AdvisorRow planRow(const AdvisedPlan& plan, const StoredPlan& other)
 {
-    const QString period = QStringLiteral("%1 – %2").arg(
-        other.record.value(BaseField::beginDate).toString(), other.record.value(BaseField::endDate).toString());
+    const auto text = [&other](const QString& key) { return other.record.value(key).toString(); };
+    // The end of a reduction is far away.
+    const bool isReduction = text(Orlo_Fields::AutoPlan::templateCode) == PlanCodes::PlanType::ReduceHoldings;
+    const QString period = isReduction
+        ? Advisor::tr("%1 起").arg(text(BaseField::beginDate))
+        : QStringLiteral("%1 – %2").arg(text(BaseField::beginDate), text(BaseField::endDate));
     const bool isOpposite = SecurityFacts::isOpposite(plan, other);
-    const QString text = Advisor::tr("%1，%2").arg(sideText(other), period);
-    return { { other.id, isOpposite ? Advisor::tr("方向相反：%1").arg(text) : text },
+    const QString shown = Advisor::tr("%1，%2").arg(sideText(other), period);
+    return { { other.id, isOpposite ? Advisor::tr("方向相反：%1").arg(shown) : shown },
         isOpposite ? Mark::Doubtful : Mark::Plain, QString() };
 }
 
@@ -70,15 +76,14 @@ AdvisorRows SecurityFacts::rows(const AdvisedPlan& plan)
     };
     AdvisorRows rows{
         plain(Advisor::tr("证券"), QStringLiteral("%1 %2").arg(plan.security->symbol, plan.security->name)),
-        plain(Advisor::tr("每手"), Advisor::withUnit(plan.security->quantityStep, false)),
+        plain(Advisor::tr("每手"), plan.withUnit(plan.security->quantityStep)),
     };
     if (!failure)
         return rows << AdvisorRow{ { Advisor::tr("读取失败"), errorText(failure) }, Mark::Bad, QString() };
     rows << plain(Advisor::tr("昨收价"), closeText(plan)) << plain(Advisor::tr("涨停 / 跌停"), limitsText(plan));
     if (!plan.hasFacts())
         return rows << plain(Advisor::tr("可卖数量"), Advisor::tr("正在读取……"));
-    return rows + AdvisorRows{ plain(Advisor::tr("可卖数量"), Advisor::withUnit(plan.sellable(), false)) }
-    + planRows(plan);
+    return rows + AdvisorRows{ plain(Advisor::tr("可卖数量"), plan.withUnit(plan.sellable())) } + planRows(plan);
 }
 
 bool SecurityFacts::isOpposite(const AdvisedPlan& plan, const StoredPlan& other)

@@ -31,7 +31,7 @@ Verdict fitsLot(const AdvisedPlan& plan, double quantity)
     const double odd = quantity - static_cast<double>(lotsWithin(quantity, lot));
     return odd < Tolerance
         ? passed()
-        : doubtful(Advisor::tr("每手%1，零头%2不会下达").arg(QString::number(lot), Advisor::withUnit(odd, false)));
+        : doubtful(Advisor::tr("每手%1，零头%2不会下达").arg(QString::number(lot), plan.withUnit(odd)));
 }
 
 Verdict targetIsWholeLots(const AdvisedPlan& plan)
@@ -86,7 +86,7 @@ Verdict purchaseIsLargeEnough(const AdvisedPlan& plan)
     const double smallest = perDay > 0 ? std::min(perDay, plan.form.targetValue()) : plan.form.targetValue();
     if (!lot || smallest <= 0)
         return notApplicable();
-    return smallest >= *lot ? passed() : doubtful(Advisor::tr("买入每笔至少%1").arg(Advisor::withUnit(*lot, false)));
+    return smallest >= *lot ? passed() : doubtful(Advisor::tr("买入每笔至少%1").arg(plan.withUnit(*lot)));
 }
 
 QString valueText(TradeRule rule, double value)
@@ -205,8 +205,7 @@ Verdict holdingsCoverAllPlans(const AdvisedPlan& plan)
     const double held = plan.sellableNext();
     if (all <= held)
         return passed();
-    return doubtful(
-        Advisor::tr("与其他计划共卖%1，可卖只有%2").arg(Advisor::withUnit(all, false), Advisor::withUnit(held, false)));
+    return doubtful(Advisor::tr("与其他计划共卖%1，可卖只有%2").arg(plan.withUnit(all), plan.withUnit(held)));
 }
 
 Verdict planEndsInTime(const AdvisedPlan& plan)

@@ -283,6 +283,9 @@ void AlgorithmPanel::replaceForm(ParameterForm* form)
     m_scroll->setWidgetResizable(true);
     m_scroll->setFocusPolicy(Qt::NoFocus);
     m_scroll->setWidget(m_form);
+    // The skin of the panel shows through.
+    for (QWidget* const part : { m_scroll->viewport(), static_cast<QWidget*>(m_form) })
+        part->setAutoFillBackground(false);
     m_formLayout->addWidget(m_scroll, 1);
     m_scroll->setVisible((m_offers & Parameters) != 0);
     if (m_form->lastInput())
