@@ -161,6 +161,24 @@ private Q_SLOTS:
         QCOMPARE(chinese(), QStringList());
     }
 
+    void theColumnsAreWideEnough()
+    {
+        createSamples(1);
+        openWindow();
+        const auto* const table = field<PlanTable>(window(), "planTable");
+        const auto fits = [table](int column, const QString& text) {
+            return table->fontMetrics().horizontalAdvance(text) < table->columnWidth(column);
+        };
+        for (const PlanStage stage : { PlanStage::NotStarted, PlanStage::Running, PlanStage::Failed, PlanStage::Paused,
+                 PlanStage::Stopped, PlanStage::Completed, PlanStage::Expired, PlanStage::Archived })
+            QVERIFY2(fits(PlanColumns::State, PlanLife::word(stage)), qPrintable(PlanLife::word(stage)));
+        QVERIFY(fits(PlanColumns::Target, QStringLiteral("1,500,000.50 yuan")));
+        for (int column = 0; column < PlanColumns::Count; ++column) {
+            const QString text = table->model()->index(0, column).data().toString();
+            QVERIFY2(fits(column, text), qPrintable(text));
+        }
+    }
+
     void theFormWithTheAdvisor()
     {
         openWindow();

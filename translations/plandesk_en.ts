@@ -4346,6 +4346,38 @@ Continue?</translation>
         <source>漏下达</source>
         <translation>Missed</translation>
     </message>
+    <message>
+        <source>四字账户（F000000）</source>
+        <translation>四字账户 (F000000)</translation>
+    </message>
+    <message>
+        <source>已暂停</source>
+        <translation>Not started</translation>
+    </message>
+    <message>
+        <source>10,000,000.00 元</source>
+        <translation>10,000,000.00 yuan</translation>
+    </message>
+    <message>
+        <source>1,000,000 股</source>
+        <translation>1,000,000 shares</translation>
+    </message>
+    <message>
+        <source>0000-00-00 至 0000-00-00</source>
+        <translation>0000-00-00 to 0000-00-00</translation>
+    </message>
+    <message>
+        <source>剩余剩余</source>
+        <translation>100 days</translation>
+    </message>
+    <message>
+        <source>00-00 四字结果</source>
+        <translation>00-00 No closing price</translation>
+    </message>
+    <message>
+        <source>累计数量</source>
+        <translation>Average quantity</translation>
+    </message>
 </context>
 <context>
     <name>PlanDetails</name>

@@ -86,28 +86,31 @@ QString lastResult(const Shown& shown)
 const Definition definitions[PlanColumns::Count] = {
     { "id", QT_TRANSLATE_NOOP("PlanColumns", "计划编号"), "AP00000000", false, PlanOrder::Number,
         [](const Shown& shown) { return shown.listed.plan.id; } },
-    { "account", QT_TRANSLATE_NOOP("PlanColumns", "账户"), "四字账户（F000000）", false, {},
-        [](const Shown& shown) { return shown.words.account(); } },
-    { "state", QT_TRANSLATE_NOOP("PlanColumns", "状态"), "已暂停", false, {},
+    { "account", QT_TRANSLATE_NOOP("PlanColumns", "账户"), QT_TRANSLATE_NOOP("PlanColumns", "四字账户（F000000）"),
+        false, {}, [](const Shown& shown) { return shown.words.account(); } },
+    { "state", QT_TRANSLATE_NOOP("PlanColumns", "状态"), QT_TRANSLATE_NOOP("PlanColumns", "已暂停"), false, {},
         [](const Shown& shown) { return PlanLife::word(stageOf(shown)); } },
     { "security", QT_TRANSLATE_NOOP("PlanColumns", "证券"), "600000.SH 四字证券", false, PlanOrder::Security,
         [](const Shown& shown) { return shown.words.security(); } },
     { "side", QT_TRANSLATE_NOOP("PlanColumns", "方向"), "方向", false, {},
         [](const Shown& shown) { return shown.words.side(); } },
-    { "target", QT_TRANSLATE_NOOP("PlanColumns", "目标"), "10,000,000.00 元", true, {},
-        [](const Shown& shown) { return shown.words.target(); } },
+    { "target", QT_TRANSLATE_NOOP("PlanColumns", "目标"), QT_TRANSLATE_NOOP("PlanColumns", "10,000,000.00 元"), true,
+        {}, [](const Shown& shown) { return shown.words.target(); } },
     { "progress", QT_TRANSLATE_NOOP("PlanColumns", "成交 / 下达"), "1,000,000 / 1,000,000", true, {}, progressText },
-    { "perDay", QT_TRANSLATE_NOOP("PlanColumns", "每日"), "1,000,000 股", true, {},
+    { "perDay", QT_TRANSLATE_NOOP("PlanColumns", "每日"), QT_TRANSLATE_NOOP("PlanColumns", "1,000,000 股"), true, {},
         [](const Shown& shown) { return shown.words.perDay(); } },
     { "price", QT_TRANSLATE_NOOP("PlanColumns", "价格"), "昨收盘价 * 1.01", false, {},
         [](const Shown& shown) { return shown.words.price(); } },
-    { "period", QT_TRANSLATE_NOOP("PlanColumns", "生效时段"), "0000-00-00 至 0000-00-00", false, PlanOrder::End,
+    { "period", QT_TRANSLATE_NOOP("PlanColumns", "生效时段"),
+        QT_TRANSLATE_NOOP("PlanColumns", "0000-00-00 至 0000-00-00"), false, PlanOrder::End,
         [](const Shown& shown) { return shown.words.period(); } },
-    { "remainingDays", QT_TRANSLATE_NOOP("PlanColumns", "剩余"), "剩余剩余", true, {}, remainingDays },
-    { "lastResult", QT_TRANSLATE_NOOP("PlanColumns", "最近结果"), "00-00 四字结果", false, {}, lastResult },
+    { "remainingDays", QT_TRANSLATE_NOOP("PlanColumns", "剩余"), QT_TRANSLATE_NOOP("PlanColumns", "剩余剩余"), true, {},
+        remainingDays },
+    { "lastResult", QT_TRANSLATE_NOOP("PlanColumns", "最近结果"), QT_TRANSLATE_NOOP("PlanColumns", "00-00 四字结果"),
+        false, {}, lastResult },
     { "assignee", QT_TRANSLATE_NOOP("PlanColumns", "分配给"), "默认不指定", false, {},
         [](const Shown& shown) { return shown.words.assignee(); } },
-    { "planType", QT_TRANSLATE_NOOP("PlanColumns", "计划类型"), "累计数量", false, {},
+    { "planType", QT_TRANSLATE_NOOP("PlanColumns", "计划类型"), QT_TRANSLATE_NOOP("PlanColumns", "累计数量"), false, {},
         [](const Shown& shown) { return shown.words.planType(); } },
     { "instructionType", QT_TRANSLATE_NOOP("PlanColumns", "指令类型"), "港股通交易", false, {},
         [](const Shown& shown) { return shown.words.instructionType(); } },
@@ -138,7 +141,7 @@ QString PlanColumns::title(int column)
 
 QString PlanColumns::sample(int column)
 {
-    return QString::fromUtf8(definitions[column].sample);
+    return QCoreApplication::translate("PlanColumns", definitions[column].sample);
 }
 
 bool PlanColumns::isNumber(int column)
