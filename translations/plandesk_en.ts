@@ -348,15 +348,15 @@
     </message>
     <message>
         <source>指令类型</source>
-        <translation>Instruction type</translation>
+        <translation>Instruction</translation>
     </message>
     <message>
         <source>证券代码</source>
-        <translation>Security</translation>
+        <translation>Security code</translation>
     </message>
     <message>
         <source>目标总量</source>
-        <translation>Target</translation>
+        <translation>Target total</translation>
     </message>
     <message>
         <source>目标的倍数</source>
@@ -372,7 +372,7 @@
     </message>
     <message>
         <source>减持占比</source>
-        <translation>Ratio</translation>
+        <translation>Sell ratio</translation>
     </message>
     <message>
         <source>价格</source>
@@ -396,7 +396,7 @@
     </message>
     <message>
         <source>下单模式</source>
-        <translation>Mode</translation>
+        <translation>Order mode</translation>
     </message>
     <message>
         <source>算法参数</source>
@@ -1145,11 +1145,11 @@
     </message>
     <message>
         <source>指令类型</source>
-        <translation>Instruction type</translation>
+        <translation>Instruction</translation>
     </message>
     <message>
         <source>执行人</source>
-        <translation>Executors</translation>
+        <translation>Executor</translation>
     </message>
     <message>
         <source>复核人</source>
@@ -1197,7 +1197,7 @@
     </message>
     <message>
         <source>目标总量</source>
-        <translation>Target quantity</translation>
+        <translation>Target total</translation>
     </message>
     <message>
         <source>普通买入</source>
@@ -1273,7 +1273,7 @@
     </message>
     <message>
         <source>委托类别</source>
-        <translation>Entrust type</translation>
+        <translation>Order category</translation>
     </message>
     <message>
         <source>价格模式</source>
@@ -1301,11 +1301,11 @@
     </message>
     <message>
         <source>减持占比</source>
-        <translation>Reduction ratio</translation>
+        <translation>Sell ratio</translation>
     </message>
     <message>
         <source>减持模式</source>
-        <translation>Reduction mode</translation>
+        <translation>Reduction rule</translation>
     </message>
     <message>
         <source>下单模式</source>
@@ -1313,7 +1313,7 @@
     </message>
     <message>
         <source>分配给</source>
-        <translation>Assigned to</translation>
+        <translation>Assignee</translation>
     </message>
     <message>
         <source>开始日期</source>
@@ -4316,7 +4316,7 @@ Continue?</translation>
     </message>
     <message>
         <source>生效时段</source>
-        <translation>Period</translation>
+        <translation>Valid period</translation>
     </message>
     <message>
         <source>剩余</source>
@@ -4328,7 +4328,7 @@ Continue?</translation>
     </message>
     <message>
         <source>分配给</source>
-        <translation>Assigned to</translation>
+        <translation>Assignee</translation>
     </message>
     <message>
         <source>计划类型</source>
@@ -4336,7 +4336,7 @@ Continue?</translation>
     </message>
     <message>
         <source>指令类型</source>
-        <translation>Instruction type</translation>
+        <translation>Instruction</translation>
     </message>
     <message>
         <source>创建人/时间</source>
@@ -4376,7 +4376,7 @@ Continue?</translation>
     </message>
     <message>
         <source>累计数量</source>
-        <translation>Average quantity</translation>
+        <translation>Cumulative quantity</translation>
     </message>
 </context>
 <context>
@@ -4422,7 +4422,7 @@ Continue?</translation>
     <name>PlanFormatter</name>
     <message>
         <source>累计数量</source>
-        <translation>Total quantity</translation>
+        <translation>Cumulative quantity</translation>
     </message>
     <message>
         <source>平均数量</source>
@@ -4430,11 +4430,11 @@ Continue?</translation>
     </message>
     <message>
         <source>相同要素</source>
-        <translation>Same every day</translation>
+        <translation>Same elements</translation>
     </message>
     <message>
         <source>减持</source>
-        <translation>Reduction</translation>
+        <translation>Holdings reduction</translation>
     </message>
     <message>
         <source>买入</source>
@@ -4454,23 +4454,23 @@ Continue?</translation>
     </message>
     <message>
         <source>比较值取最大</source>
-        <translation>Higher of two</translation>
+        <translation>Larger of two prices</translation>
     </message>
     <message>
         <source>比较值取最小</source>
-        <translation>Lower of two</translation>
+        <translation>Smaller of two prices</translation>
     </message>
     <message>
         <source>主动管理</source>
-        <translation>Active</translation>
+        <translation>Active management</translation>
     </message>
     <message>
         <source>普通交易复核</source>
-        <translation>Reviewed</translation>
+        <translation>Ordinary trade review</translation>
     </message>
     <message>
         <source>算法交易复核</source>
-        <translation>Algorithm, reviewed</translation>
+        <translation>Algorithmic trade review</translation>
     </message>
     <message>
         <source>增强限价盘</source>
@@ -4510,7 +4510,7 @@ Continue?</translation>
     </message>
     <message>
         <source>账户名称</source>
-        <translation>Account</translation>
+        <translation>Account name</translation>
     </message>
     <message>
         <source>证券账户</source>
@@ -4518,11 +4518,11 @@ Continue?</translation>
     </message>
     <message>
         <source>指令类型</source>
-        <translation>Instruction type</translation>
+        <translation>Instruction</translation>
     </message>
     <message>
         <source>指令单类型</source>
-        <translation>Order type</translation>
+        <translation>Target type</translation>
     </message>
     <message>
         <source>计划类型</source>
@@ -4542,7 +4542,7 @@ Continue?</translation>
     </message>
     <message>
         <source>报价类型</source>
-        <translation>Quote type</translation>
+        <translation>Price type</translation>
     </message>
     <message>
         <source>委托类别</source>
@@ -4566,7 +4566,7 @@ Continue?</translation>
     </message>
     <message>
         <source>目标总量</source>
-        <translation>Target</translation>
+        <translation>Target total</translation>
     </message>
     <message>
         <source>每日计划量</source>
@@ -4574,15 +4574,15 @@ Continue?</translation>
     </message>
     <message>
         <source>每日最大委托量</source>
-        <translation>Daily maximum</translation>
+        <translation>Daily max.</translation>
     </message>
     <message>
         <source>减持占比</source>
-        <translation>Ratio</translation>
+        <translation>Sell ratio</translation>
     </message>
     <message>
         <source>下单模式</source>
-        <translation>Mode</translation>
+        <translation>Order mode</translation>
     </message>
     <message>
         <source>执行人</source>
@@ -4590,19 +4590,19 @@ Continue?</translation>
     </message>
     <message>
         <source>分配给</source>
-        <translation>Assigned to</translation>
+        <translation>Assignee</translation>
     </message>
     <message>
         <source>生效时段</source>
-        <translation>Period</translation>
+        <translation>Valid period</translation>
     </message>
     <message>
         <source>减持模式</source>
-        <translation>Reduction mode</translation>
+        <translation>Reduction rule</translation>
     </message>
     <message>
         <source>连续90天减持不超过总股本1%</source>
-        <translation>At most 1% of the share capital in 90 days</translation>
+        <translation>At most 1% of shares in 90 consecutive days</translation>
     </message>
     <message>
         <source>备注</source>
