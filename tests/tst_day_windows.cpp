@@ -91,6 +91,8 @@ private Q_SLOTS:
         const QString plan = *plans().create(
             customPrice(SampleSession::record(), QStringLiteral("1-1")), ClientSession::instance().changeNow());
         openWindow();
+        // The window has read that there is nothing yet.
+        QTRY_COMPARE_WITH_TIMEOUT(alertText(), QStringLiteral("没有提醒。"), Patience);
         QVERIFY(!count()->isVisible());
         QVERIFY(InstructionIssuer::issueDay(Monday));
         QTRY_VERIFY_WITH_TIMEOUT(count()->isVisible(), Patience);
