@@ -31,11 +31,11 @@ bool LongWork::report(int steps)
 {
     m_steps = steps;
     if (!m_isReported.exchange(true)) {
-        const auto tell = [this] {
+        const auto emitLast = [this] {
             m_isReported = false;
             Q_EMIT progressed(m_steps);
         };
-        QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, emitLast, Qt::QueuedConnection);
     }
     return !m_isCancelled && !m_thread.isStopping();
 }
