@@ -43,7 +43,7 @@ QStringList idsOf(const QVector<StoredPlan>& plans)
 PlanSearch searchFor(
     qint64 first, qint64 last, const QString& start, const QStringList& symbols = {}, const QStringList& accounts = {})
 {
-    return { first, last, start, symbols, accounts };
+    return { first, last, start, symbols, false, accounts };
 }
 
 } // namespace
