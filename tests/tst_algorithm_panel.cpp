@@ -85,7 +85,7 @@ private Q_SLOTS:
         for (const char* const skin : { "light", "dark" }) {
             m_panel->setStyleSheet(skinSheet(QLatin1String(skin)));
             open(Twap);
-            const auto* const area = child<QScrollArea>("algorithmParameters");
+            const QWidget* const area = child<QScrollArea>("algorithmParameters")->viewport();
             const QPoint inside = area->mapTo(m_panel, QPoint(area->width() - 2, 2));
             const QImage image = m_panel->grab().toImage();
             QCOMPARE(image.pixelColor(inside), image.pixelColor(3, 3));

@@ -312,7 +312,7 @@ private Q_SLOTS:
         task.replaces = true;
         ImportReport report;
         QCOMPARE(ImportRun::run(task, report), Status(Error::ImportNotConfirmed));
-        const QStringList removals{ text("8001、113001.SH"), text("8002、000002.SZ") };
+        const QStringList removals{ text("8001 113001.SH"), text("8002 000002.SZ") };
         QCOMPARE(report.removals, removals);
         task.removals = removals;
         QCOMPARE(ImportRun::run(task, report), Status());

@@ -111,7 +111,7 @@ private Q_SLOTS:
         row("a user of a command without one", "import-closures a --user trader01",
             "命令import-closures没有选项--user");
         row("a day with a command", "history AP00000001 --issue-day 2024-05-06", "命令history没有选项--issue-day");
-        row("the journal's day without a command", "--day 2024-05-06", "选项--day只用于journal");
+        row("the journal's day without a command", "--day 2024-05-06", "选项--day只用于export、journal");
         row("the journal of no day", "journal --day 2024-13-01", "日期“2024-13-01”无效，格式为yyyy-MM-dd");
         row("a job of the walk-through", "--walkthrough folder", "未知选项：walkthrough");
         const auto walk = [](const char* name, const char* arguments, const char* error) {
@@ -427,7 +427,7 @@ private Q_SLOTS:
         const ProgramEnd end =
             runProgram(QStringLiteral(WALKTHROUGH_PROGRAM), { folder.path() }, inLanguage(variable, locale));
         QVERIFY2(end.code == 0, qPrintable(end.output + end.errors));
-        QVERIFY2(end.output.contains(QStringLiteral("核对一致的计划9个，问题0个")), qPrintable(end.output));
+        QVERIFY2(end.output.contains(QStringLiteral("核对一致的计划10个，问题0个")), qPrintable(end.output));
     }
 
     void aPlanIsDescribedInWords()

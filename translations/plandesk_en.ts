@@ -4714,6 +4714,10 @@ Continue?</translation>
         <source>编号、证券代码、名称、账户（Ctrl+F）</source>
         <translation>Number, symbol, name, account (Ctrl+F)</translation>
     </message>
+    <message>
+        <source>搜索</source>
+        <translation>Search</translation>
+    </message>
 </context>
 <context>
     <name>PlanTable</name>

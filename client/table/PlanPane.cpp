@@ -1,6 +1,7 @@
 #include "PlanPane.h"
 
 #include "ClientClock.h"
+#include "PlainText.h"
 #include "PlanSearchText.h"
 #include "PlanTable.h"
 
@@ -83,7 +84,8 @@ void PlanPane::buildSearch()
 {
     m_search->setObjectName(QStringLiteral("le_search"));
     m_search->setAccessibleName(tr("搜索计划"));
-    m_search->setPlaceholderText(tr("编号、证券代码、名称、账户（Ctrl+F）"));
+    m_search->setPlaceholderText(tr("搜索"));
+    m_search->setToolTip(PlainText::toolTip(tr("编号、证券代码、名称、账户（Ctrl+F）")));
     m_search->setClearButtonEnabled(true);
     const QSize text = m_search->fontMetrics().size(Qt::TextSingleLine, m_search->placeholderText());
     m_search->setMinimumSize(NarrowSearch, text.height() + SearchMargin / 4);

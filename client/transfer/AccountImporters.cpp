@@ -123,7 +123,7 @@ Status UserImporter::take(ImportRow& row)
 {
     const StoredUser user{ row.neededText(UserColumn::User), row.neededText(UserColumn::Name) };
     const QString account = row.text(UserColumn::Account);
-    m_keys.check(row, UserColumn::User, account.isEmpty() ? user.id : line(QStringLiteral("%1、%2"), user.id, account));
+    m_keys.check(row, UserColumn::User, account.isEmpty() ? user.id : line(QStringLiteral("%1 %2"), user.id, account));
     const QString name = m_names.value(user.id, user.name);
     if (name != user.name)
         row.refuse(UserColumn::Name, { Error::UserHasOtherName, { user.id, name } });
@@ -170,7 +170,7 @@ Status UserImporter::findRemovals()
         if (!accounts)
             return accounts.status();
         for (const StoredAccount& account : *accounts) {
-            if (m_keys.contains(line(QStringLiteral("%1、%2"), user.id, account.tradingAccount)))
+            if (m_keys.contains(line(QStringLiteral("%1 %2"), user.id, account.tradingAccount)))
                 continue;
             m_removals << qMakePair(user.id, account.tradingAccount);
             m_report.removals << line(ImportTexts::tr("用户%1的账户%2"), user.id, account.tradingAccount);
@@ -255,7 +255,7 @@ Status PositionImporter::take(ImportRow& row)
     if (!status || row.isRefused())
         return status;
     const StoredPosition position = read(row, account, security);
-    const QString key = line(QStringLiteral("%1、%2"), position.tradingAccount, position.symbol);
+    const QString key = line(QStringLiteral("%1 %2"), position.tradingAccount, position.symbol);
     m_keys.check(row, PositionColumn::Symbol, key);
     const auto stored = m_store.stored(position.tradingAccount, position.securityAccount, position.symbol);
     if (!stored || row.isRefused())
@@ -282,7 +282,7 @@ Status PositionImporter::findRemovals()
     if (!all)
         return all.status();
     for (const StoredPosition& position : *all) {
-        const QString key = line(QStringLiteral("%1、%2"), position.tradingAccount, position.symbol);
+        const QString key = line(QStringLiteral("%1 %2"), position.tradingAccount, position.symbol);
         if (m_keys.contains(key))
             continue;
         m_removals << position;
