@@ -28,6 +28,7 @@ namespace {
 
 const QDate Today = SampleSession::today();
 const QDate Tomorrow = Today.addDays(1);
+constexpr int UsualWidth = 360; // of what the panel shows, on a large screen
 
 } // namespace
 
@@ -158,7 +159,8 @@ private Q_SLOTS:
         PlanForm form = ordinary(ReviewedAccount).byAmount(QStringLiteral("1500000.5"), QStringLiteral("100000"));
         form.instructionMode.clear();
         openFilled(form);
-        const auto* const days = field<QTreeView>(dialog(), "forecastDays");
+        auto* const days = field<QTreeView>(dialog(), "forecastDays");
+        days->resize(UsualWidth, days->height());
         for (int column = 0; column < days->model()->columnCount(); ++column) {
             const QString text = days->model()->index(0, column).data().toString();
             QVERIFY2(days->fontMetrics().horizontalAdvance(text) < days->columnWidth(column), qPrintable(text));

@@ -149,7 +149,8 @@ private Q_SLOTS:
         check(words("import positions --replace")
                 + QStringList{ write("none.csv", QStringLiteral("account,symbol,quantity,tradeable\n")) } + own,
             1, "no\n");
-        check(words("export plans plans.csv --user wang") + own, 0);
+        const QString exported = m_folder->filePath(QStringLiteral("plans.csv"));
+        check(words("export plans") + QStringList{ exported } + words("--user wang") + own, 0);
     }
 
     void faultsOfFiles_data()
