@@ -193,6 +193,39 @@ private Q_SLOTS:
         QCOMPARE(broken == nullptr, holds);
     }
 
+    void rulesOnAFieldOfTheOrderAreAllLeftOut_data()
+    {
+        QTest::addColumn<QString>("named");
+        const auto row = [](const char* name, const char* named) { QTest::newRow(name) << xml(named); };
+        row("a comparison", "<val:Edit id='fix' field='FIX_TimeInForce' operator='EX'/>");
+        row("with another field", "<val:Edit id='fix' field='N' operator='LT' field2='FIX_OrderQty'/>");
+        row("inside a combination",
+            "<val:Edit id='fix' logicOperator='OR'><val:Edit field='FIX_TimeInForce' operator='EX'/>"
+            "<val:Edit field='N' operator='EX'/></val:Edit>");
+    }
+
+    void rulesOnAFieldOfTheOrderAreAllLeftOut()
+    {
+        QFETCH(QString, named);
+        const auto relation = [](const char* field) {
+            return xml("<val:StrategyEdit errorMessage='m'><val:Edit logicOperator='OR'>\n<val:EditRef id='fix'/>"
+                       "<val:Edit field='%1' operator='EX'/></val:Edit></val:StrategyEdit>\n")
+                .arg(QLatin1String(field));
+        };
+        const StrategyFile file =
+            read(StrategyTexts::strategy(Parameters + named + QLatin1Char('\n') + relation("S") + relation("T")
+                + xml("<val:StrategyEdit errorMessage='m'><val:Edit field='M' operator='EX'/></val:StrategyEdit>")));
+        const ReadStrategy strategy = file.strategies.value(0);
+        QCOMPARE(strategy.remarks.refusal, Status());
+        const Status skipped(Error::RuleSkipped,
+            { named.contains(QLatin1String("Qty")) ? QStringLiteral("FIX_OrderQty")
+                                                   : QStringLiteral("FIX_TimeInForce") });
+        QVERIFY(strategy.remarks.warnings.contains(StrategyRemarks::inLine(3, skipped)));
+        QVERIFY(strategy.remarks.warnings.contains(StrategyRemarks::inLine(7, skipped)));
+        QCOMPARE(strategy.definition.rules.size(), 1);
+        QVERIFY(StrategyRules::firstBroken(strategy.definition, {}) != nullptr);
+    }
+
     void aRuleEnablesAndDisables()
     {
         PanelState panel(definitionOf(parts({}, checkBox("x") + field("a", qPrintable(rule("enabled='true'", OnX))))));

@@ -61,7 +61,6 @@ EditReader::EditReader(
 
 int EditReader::readRule(const StrategyElement& rule, Fields fields)
 {
-    m_isUnavailable = false;
     int condition = Nothing;
     bool isFirst = true;
     ElementContents::refuseText(rule, m_remarks);
@@ -80,7 +79,7 @@ int EditReader::readRule(const StrategyElement& rule, Fields fields)
     }
     if (isFirst)
         m_remarks.refuse(rule.line, { Error::RuleWithoutComparison, { rule.name } });
-    return m_isUnavailable ? Nothing : condition;
+    return condition;
 }
 
 int EditReader::readAny(const StrategyElement& element, Fields fields)
@@ -95,8 +94,8 @@ int EditReader::readReference(const StrategyElement& element, Fields fields)
     reader.finish();
     for (const StrategyElement& child : element.children)
         ElementContents::refuseChild(child, m_remarks);
-    if (m_known[fields].contains(id))
-        return m_known[fields].value(id);
+    if (const auto known = m_known[fields].constFind(id); known != m_known[fields].constEnd())
+        return known->edit < 0 ? leaveOut(element, known->field) : known->edit;
     const StrategyElement* const target = m_named.value(id);
     if (!target)
         reader.refuse({ Error::UnknownEdit, { id.left(64) } });
@@ -109,7 +108,7 @@ int EditReader::readReference(const StrategyElement& element, Fields fields)
     m_open.append(id);
     const int index = readEdit(*target, fields);
     m_open.removeLast();
-    m_known[fields].insert(id, index);
+    m_known[fields].insert(id, { index, m_unknownField });
     return index;
 }
 
@@ -159,7 +158,7 @@ int EditReader::readCombination(const StrategyElement& element, EditOperator com
     // The standard does not say what the opposite of several conditions is.
     if (combination == EditOperator::Not && edit.operands.size() > 1)
         m_remarks.hinder(element.line, Error::NotOfSeveral);
-    return append(edit);
+    return edit.operands.contains(Nothing) ? Nothing : append(edit);
 }
 
 int EditReader::readComparison(const StrategyElement& element, EditOperator comparison, Fields fields)
@@ -183,8 +182,8 @@ int EditReader::readComparison(const StrategyElement& element, EditOperator comp
         reader.refuse(otherField.isEmpty() ? Error::ComparisonWithoutOperand : Error::ComparisonWithTwoOperands);
     else if (otherField.isEmpty())
         takeOperand(edit, element, reader.text("value"), fields);
-    else
-        takeOtherField(edit, element, otherField, fields);
+    else if (!takeOtherField(edit, element, otherField, fields))
+        return Nothing;
     return m_remarks.refusal ? append(edit) : Nothing;
 }
 
@@ -195,14 +194,18 @@ int EditReader::fieldIndex(const StrategyElement& element, const QString& name, 
     const int index = fields == Parameters ? m_strategy.parameterIndex(name) : m_strategy.controlIndex(name);
     if (index >= 0)
         return index;
-    if (fields == Parameters && name.startsWith(QLatin1String("FIX_"))) {
-        // The standard wants such a rule to be left out.
-        m_isUnavailable = true;
-        m_remarks.warn(element.line, { Error::RuleSkipped, { name.left(64) } });
-        return Nothing;
-    }
+    if (fields == Parameters && name.startsWith(QLatin1String("FIX_")))
+        return leaveOut(element, name);
     m_remarks.refuse(element.line,
         { fields == Parameters ? Error::RuleWithoutParameter : Error::RuleWithoutControl, { name.left(64) } });
+    return Nothing;
+}
+
+/// The standard wants a rule to be left out if the client does not know a field of it.
+int EditReader::leaveOut(const StrategyElement& element, const QString& field)
+{
+    m_unknownField = field;
+    m_remarks.warn(element.line, { Error::RuleSkipped, { field.left(64) } });
     return Nothing;
 }
 
@@ -229,22 +232,23 @@ void EditReader::takeOperand(StrategyEdit& edit, const StrategyElement& element,
     m_remarks.refuse(element.line, { Error::InvalidRuleValue, { name, text.left(64) }, value.status() });
 }
 
-void EditReader::takeOtherField(StrategyEdit& edit, const StrategyElement& element, const QString& name, Fields fields)
+bool EditReader::takeOtherField(StrategyEdit& edit, const StrategyElement& element, const QString& name, Fields fields)
 {
     edit.otherField = fieldIndex(element, name, fields);
     if (edit.otherField < 0)
-        return;
+        return false;
     if (fields == Controls) {
         const ComparedAs left = comparedAs(m_strategy, m_strategy.controls.at(edit.field));
         const ComparedAs right = comparedAs(m_strategy, m_strategy.controls.at(edit.otherField));
         edit.as = left == right ? left : ComparedAs::Text;
-        return;
+        return true;
     }
     const StrategyParameter& left = m_strategy.parameters.at(edit.field);
     const StrategyParameter& right = m_strategy.parameters.at(edit.otherField);
     edit.as = comparedAs(left);
     if (!areComparable(left.type, right.type))
         m_remarks.refuse(element.line, { Error::RuleOfOtherTypes, { left.name, right.name } });
+    return true;
 }
 
 Result<QString> EditReader::readValue(

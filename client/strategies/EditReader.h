@@ -32,13 +32,20 @@ private:
     Result<QString> parameterValue(
         const StrategyElement& element, const StrategyParameter& parameter, const QString& text);
     void takeOperand(StrategyEdit& edit, const StrategyElement& element, const QString& text, Fields fields);
-    void takeOtherField(StrategyEdit& edit, const StrategyElement& element, const QString& name, Fields fields);
+    bool takeOtherField(StrategyEdit& edit, const StrategyElement& element, const QString& name, Fields fields);
+    int leaveOut(const StrategyElement& element, const QString& field);
     int append(const StrategyEdit& edit);
 
     const QHash<QString, const StrategyElement*>& m_named;
     StrategyDefinition& m_strategy;
     StrategyRemarks& m_remarks;
-    QHash<QString, int> m_known[2]; ///< conditions that were read by reference, for each kind of fields
-    QStringList m_open;             ///< references that are being read
-    bool m_isUnavailable = false;   ///< the rule refers to a field of the order
+    /// What a reference leads to.
+    struct Known {
+        int edit = -1; ///< -1 if the condition needs `field`
+        QString field; ///< field of the order that the client does not know
+    };
+
+    QHash<QString, Known> m_known[2]; ///< conditions that were read by reference, for each kind of fields
+    QStringList m_open;               ///< references that are being read
+    QString m_unknownField;           ///< field of the order for which the last condition was left out
 };
