@@ -257,6 +257,32 @@ private Q_SLOTS:
         QCOMPARE(ControlValue::defaults(file.strategies.constFirst().definition).value(QStringLiteral("P")), stored);
     }
 
+    void timeZonesAreKnown_data()
+    {
+        QTest::addColumn<bool>("isKnown");
+        const auto rows = [](bool isKnown, std::initializer_list<const char*> zones) {
+            for (const char* const zone : zones)
+                QTest::newRow(zone) << isKnown;
+        };
+        rows(true,
+            { "Asia/Shanghai", "America/New_York", "America/Argentina/San_Juan", "UTC", "Asia/Chongqing", "Asia/Harbin",
+                "Asia/Kashgar", "America/Montreal", "America/Godthab", "Australia/Currie", "GMT", "US/Eastern",
+                "Europe/Kiev", "EST5EDT", "Etc/GMT+8" });
+        rows(false,
+            { "Europe/Atlantis", "Asia", "Asia/", "asia/shanghai", "../Asia/Shanghai", "Asia/../UTC",
+                "/usr/share/zoneinfo/UTC", "UTC+25:00", "\xE4\xB8\x8A\xE6\xB5\xB7" });
+    }
+
+    void timeZonesAreKnown()
+    {
+        QFETCH(bool, isKnown);
+        const QString zone = QString::fromUtf8(QTest::currentDataTag());
+        const StrategyFile file = read(
+            StrategyTexts::strategy(parameter(type("UTCTimeOnly_t") + QStringLiteral(" localMktTz=\"%1\"").arg(zone))));
+        QCOMPARE(file.strategies.value(0).remarks.refusal,
+            isKnown ? Status() : StrategyRemarks::inLine(3, { Error::UnknownTimeZone, { zone } }));
+    }
+
     /// Files as they are used: other prefixes, declarations inside, a byte order mark, schema locations.
     void theSameFileIsReadInOtherClothes()
     {

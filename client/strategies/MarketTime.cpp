@@ -58,7 +58,10 @@ bool MarketTime::isStored(const QString& text)
 
 bool MarketTime::isZone(const QByteArray& zone)
 {
-    return zone.isEmpty() || QTimeZone::isTimeZoneIdAvailable(zone);
+    // Qt's list of time zones lacks older names, which are links to others, and a name is a path for it.
+    static const QRegularExpression form(
+        QRegularExpression::anchoredPattern(QStringLiteral("[A-Z][A-Za-z0-9_+-]*(?:/[A-Z][A-Za-z0-9_+-]*){0,2}")));
+    return zone.isEmpty() || (form.match(QString::fromUtf8(zone)).hasMatch() && QTimeZone(zone).isValid());
 }
 
 QTime MarketTime::convert(const QTime& time, const QByteArray& from, const QByteArray& to)
