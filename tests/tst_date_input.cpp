@@ -2,7 +2,9 @@
 #include "ClientWindowTest.h"
 #include "EditorForm.h"
 #include "HintReader.h"
+#include "Kelvo_Values.h"
 #include "OrloDateEdit.h"
+#include "SecurityStore.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -33,6 +35,14 @@ private:
     {
         QTest::mouseClick(line(name), Qt::LeftButton);
         QTest::keyClicks(line(name), text);
+    }
+
+    /// Another share of the same exchange.
+    static QString otherShare()
+    {
+        using namespace Kelvo_Values;
+        SecurityStore store(ClientSession::instance().database());
+        return store.firstSymbols(MdcSubSecurityType::Ashares, SymbolPost::sh, 2)->value(1);
     }
 
     QString stored(const QString& key) const { return plans().record(newestPlan())->value(key).toString(); }
@@ -102,6 +112,61 @@ private Q_SLOTS:
         type("le_start", QStringLiteral("0511"));
         QCOMPARE(send("msgBoxError"), QStringLiteral("开始日期的输入无法使用：2024-05-11不是交易日，不能选择"));
         QCOMPARE(line("le_end")->text(), QStringLiteral("2024-05-14"));
+    }
+
+    void datesStayWithAnotherSecurity_data()
+    {
+        QTest::addColumn<QString>("start");
+        QTest::addColumn<QString>("end");
+        QTest::addColumn<bool>("isMarked");
+        QTest::newRow("no trading day") << QString() << QStringLiteral("20240518") << true;
+        QTest::newRow("half a date") << QString() << QStringLiteral("2024-05") << true;
+        QTest::newRow("a trading day") << QString() << QStringLiteral("2024-05-14") << false;
+        QTest::newRow("both") << QStringLiteral("2024-05-10") << QStringLiteral("2024-05-14") << false;
+        QTest::newRow("an end before the start")
+            << QStringLiteral("2024-05-14") << QStringLiteral("2024-05-10") << true;
+        QTest::newRow("a refused start") << QStringLiteral("0511") << QStringLiteral("2024-05-14") << false;
+    }
+
+    void datesStayWithAnotherSecurity()
+    {
+        QFETCH(QString, start);
+        QFETCH(QString, end);
+        QFETCH(bool, isMarked);
+        if (!start.isEmpty())
+            type("le_start", start);
+        type("le_end", end);
+        FormDriver driver = dialogDriver();
+        driver.type("le_symbol", QString());
+        driver.enterSymbol(otherShare());
+        QCOMPARE(driver.takeProblems(), QStringList());
+        QCOMPARE(line("le_start")->text(), start.isEmpty() ? QStringLiteral("2024-05-07") : start);
+        QCOMPARE(line("le_end")->text(), end);
+        QCOMPARE(line("le_end")->property("refused").toBool(), isMarked);
+        const bool isRefused = isMarked || start == QStringLiteral("0511");
+        QCOMPARE(send(isRefused ? "msgBoxError" : "msgBoxTip").isEmpty(), false);
+        QCOMPARE(*plans().count(), isRefused ? 0 : 1);
+    }
+
+    void anEndThatFollowedTheStartFollowsItAgain()
+    {
+        type("le_end", QStringLiteral("0510"));
+        type("le_start", QStringLiteral("0514"));
+        FormDriver driver = dialogDriver();
+        driver.type("le_symbol", QString());
+        driver.enterSymbol(otherShare());
+        QCOMPARE(line("le_start")->text(), QStringLiteral("2024-05-14"));
+        QCOMPARE(line("le_end")->text(), QStringLiteral("2024-05-14"));
+    }
+
+    void theNextFormStartsWithItsOwnDates()
+    {
+        type("le_end", QStringLiteral("2024-05-14"));
+        QVERIFY(!send().isEmpty());
+        pressForEditor(Qt::Key_N);
+        FormDriver driver = dialogDriver();
+        driver.fill(ordinary());
+        QCOMPARE(line("le_end")->text(), QStringLiteral("2024-05-07"));
     }
 
     void aReductionNeedsItsDate()

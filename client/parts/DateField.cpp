@@ -71,11 +71,21 @@ void DateField::setCountedFrom(const std::function<QDate()>& date)
 
 void DateField::setDate(const QDate& date)
 {
+    FieldHint::hideAt(this);
     m_date = date;
     m_announced = date;
     m_refusal = Status();
     m_edit->setText(dateText(date));
     updateMark();
+}
+
+void DateField::enter(const QString& text)
+{
+    m_entered = text;
+    if (text == m_edit->text())
+        return;
+    m_edit->setText(text);
+    applyTyped();
 }
 
 QDate DateField::date() const
@@ -113,8 +123,8 @@ void DateField::openCalendar()
 
 void DateField::take(const QDate& date)
 {
-    FieldHint::hideAt(this);
     const bool changed = date != m_announced;
+    m_entered = dateText(date);
     setDate(date);
     if (changed)
         Q_EMIT dateChosen(date);
@@ -138,6 +148,7 @@ Result<QDate> DateField::typedDay() const
 void DateField::readTyped()
 {
     FieldHint::hideAt(this);
+    m_entered = m_edit->text();
     const Result<QDate> day = typedDay();
     m_date = day.valueOr(QDate());
     m_refusal = Status();

@@ -8,6 +8,8 @@
 #include <QToolButton>
 #include <QWidget>
 
+#include <optional>
+
 /// One date: a text field and the button of its calendar. A typed or picked date must be one that can be chosen. A
 /// typed text that is no such date stays, marked, and counts as no date; the nearest date that can be chosen is
 /// offered. A date set by `setDate` is always shown, and marked if it cannot be chosen.
@@ -24,6 +26,12 @@ public:
     void setDate(const QDate& date);
     /// The shown date; invalid if the field is empty or its text is no date that can be chosen.
     QDate date() const;
+    /// What the trader entered last, also if another date has been set since; absent if it was none.
+    std::optional<QString> entered() const { return m_entered; }
+    /// Enters a text, as the trader does.
+    void enter(const QString& text);
+    /// Forgets what the trader entered.
+    void forgetEntered() { m_entered.reset(); }
     /// Updates the mark of the date after the rules have changed.
     void updateMark();
     /// Shows a notice at the field.
@@ -53,7 +61,8 @@ private:
     DateCheck m_check;
     std::function<QDate()> m_countedFrom;
     QDate m_date;
-    QDate m_announced;      ///< the date that others know
+    QDate m_announced; ///< the date that others know
+    std::optional<QString> m_entered;
     Status m_refusal;       ///< why the typed text is no date
     bool m_clicked = false; ///< the focus came by the mouse button that is still pressed
     QDate m_offer;          ///< the date offered instead; invalid if there is none

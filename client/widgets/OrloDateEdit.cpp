@@ -76,6 +76,7 @@ void OrloDateEdit::Private::startChosen(const QDate& date)
 {
     if (end->date().isValid() && end->date() < date) {
         end->setDate(date);
+        end->forgetEntered();
         end->showHint(tr("结束日期已随开始日期改为%1").arg(dateText(date)));
     }
     updateMarks();

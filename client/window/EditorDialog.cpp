@@ -6,6 +6,7 @@
 #include "ChangeNotice.h"
 #include "ClientSession.h"
 #include "ConflictDialog.h"
+#include "DateField.h"
 #include "FormArrangement.h"
 #include "FormInputs.h"
 #include "MessageFocus.h"
@@ -15,6 +16,7 @@
 #include "PlanEvents.h"
 #include "PlanSubmission.h"
 #include "Popups.h"
+#include "VorSearchBox.h"
 #include "WindowPlace.h"
 
 #include <QAbstractButton>
@@ -203,10 +205,14 @@ void EditorDialog::prepare(const QString& title)
     m_isSending = false;
     m_sentWith.clear();
     m_advisor->setPlan(QString());
-    if (!m_editor || m_holdsValues)
+    if (!m_editor || m_holdsValues) {
         makeEditor();
-    else
-        m_editor->resetEnable();
+        return;
+    }
+    const QList<DateField*> dates = m_editor->findChildren<DateField*>();
+    for (DateField* const date : dates)
+        date->forgetEntered();
+    m_editor->resetEnable();
 }
 
 void EditorDialog::makeEditor()
@@ -221,6 +227,7 @@ void EditorDialog::makeEditor()
     connect(m_editor, &AutoParamSetting::signalBtnCancelClicked, this, &EditorDialog::leave);
     m_area->setWidget(m_editor);
     tabThroughDates();
+    keepDates();
     FormInputs::provideUnits(*m_editor);
     connect(new MessageFocus(m_editor), &MessageFocus::fieldShown, m_area,
         [this](QWidget* field) { m_area->ensureWidgetVisible(field); });
@@ -269,6 +276,23 @@ void EditorDialog::tabThroughDates()
         QWidget::setTabOrder(before, dates);
         before = dates;
     }
+}
+
+// With another security the editor sets the first dates that its exchange offers.
+void EditorDialog::keepDates()
+{
+    const auto* const box = m_editor->findChild<VorSearchBox*>(QStringLiteral("le_symbol"));
+    connect(box, &VorSearchBox::selectStockCodeChange, m_editor, [editor = m_editor] {
+        // A start may move the end, which then forgets what was entered.
+        QVector<std::pair<DateField*, QString>> entered;
+        const QList<DateField*> dates = editor->findChildren<DateField*>();
+        for (DateField* const date : dates) {
+            if (const auto text = date->entered())
+                entered.append({ date, *text });
+        }
+        for (const auto& [date, text] : qAsConst(entered))
+            date->enter(text);
+    });
 }
 
 // The trader's choices show and hide rows, and no row may be compressed.

@@ -70,6 +70,7 @@ private:
     void makeEditor();
     void focusAdvisor();
     void tabThroughDates();
+    void keepDates();
     void present();
     void fit();
     void followChanges();
