@@ -306,7 +306,7 @@ private:
     {
         PlanStates states(database(), ClientSession::instance().user(), clientToday());
         const auto changes = states.set({ plan }, state, QStringLiteral("r"), [](int) { return true; });
-        QCOMPARE(changes->changed, QStringList(plan));
+        QCOMPARE(changes.changed, QStringList(plan));
     }
 
     /// As the owner, who may write in the name of another user.

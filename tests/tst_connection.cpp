@@ -16,6 +16,7 @@
 #include "TestStatus.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
@@ -292,6 +293,44 @@ private Q_SLOTS:
         QCOMPARE(InstructionStore(server()).ofPlan(plan)->size(), 1);
     }
 
+    void aStateWhoseCommitWasNotAnsweredIsLookedUp_data() { addFates(); }
+
+    void aStateWhoseCommitWasNotAnsweredIsLookedUp()
+    {
+        QFETCH(bool, isStored);
+        const QString plan = createOnServer();
+        openWindow();
+        setState("action_archive", QStringLiteral("0个计划已归档"), "msgBoxWarning");
+        loseCommit();
+        const QString refusal = setState("action_pause",
+            isStored ? QStringLiteral("1个计划已暂停") : QStringLiteral("0个计划已暂停"), "msgBoxError");
+        QCOMPARE(refusal, isStored ? QString() : errorText(Error::ConnectionLost));
+        QVERIFY(m_proxy->hasSwallowed());
+        QCOMPARE(stateOnServer(plan), isStored ? PlanState::Paused : PlanState::Active);
+    }
+
+    void aStateWhoseOutcomeWasUnknownIsReportedLater_data() { addFates(); }
+
+    void aStateWhoseOutcomeWasUnknownIsReportedLater()
+    {
+        QFETCH(bool, isStored);
+        const QString plan = createOnServer();
+        openWindow();
+        setState("action_archive", QStringLiteral("0个计划已归档"), "msgBoxWarning");
+        loseCommit();
+        const auto pauseAndLose = [this] {
+            field<QAction>(window(), "action_pause")->trigger();
+            QTRY_VERIFY_WITH_TIMEOUT(m_proxy->hasSwallowed(), Patience);
+            m_proxy->cut();
+            QTRY_COMPARE_WITH_TIMEOUT(text(window(), "status"), QStringLiteral("0个计划已暂停"), Patience);
+        };
+        QCOMPARE(boxOf(pauseAndLose, "msgBoxError"), errorText({ Error::OutcomeUnknown, {}, Error::ConnectionLost }));
+        QCOMPARE(outcomeLater(),
+            isStored ? QStringLiteral("连接中断前变更的计划状态已保存。")
+                     : QStringLiteral("连接中断前变更的计划状态未保存，请重新变更。"));
+        QCOMPARE(stateOnServer(plan), isStored ? PlanState::Paused : PlanState::Active);
+    }
+
     void aSignatureWhoseOutcomeWasUnknownIsReportedLater_data() { addFates(); }
 
     void aSignatureWhoseOutcomeWasUnknownIsReportedLater()
@@ -518,6 +557,18 @@ private:
         QTest::addColumn<bool>("isStored");
         QTest::newRow("stored") << true;
         QTest::newRow("not stored") << false;
+    }
+
+    PlanState stateOnServer(const QString& plan) { return PlanStore(server()).plan(plan)->state; }
+
+    /// Gives the current plan another state, until the window says what was done. Returns the text of the box.
+    QString setState(const char* action, const QString& said, const char* box)
+    {
+        const auto set = [&] {
+            field<QAction>(window(), action)->trigger();
+            QTRY_COMPARE_WITH_TIMEOUT(text(window(), "status"), said, Patience);
+        };
+        return boxOf(set, box);
     }
 
     IssueSheet* sheet() const { return window().findChild<IssueSheet*>(); }

@@ -388,7 +388,8 @@ private Q_SLOTS:
             if (m_chinese->isIn(text))
                 found << text;
         }
-        for (const UnknownRequest request : { UnknownRequest::Plan, UnknownRequest::Issue, UnknownRequest::Signature })
+        for (const UnknownRequest request :
+            { UnknownRequest::Plan, UnknownRequest::State, UnknownRequest::Issue, UnknownRequest::Signature })
             for (const bool isStored : { false, true })
                 if (m_chinese->isIn(HistoryTexts::outcome(request, isStored, QStringLiteral("AP00000001"))))
                     found << HistoryTexts::outcome(request, isStored, QString());

@@ -153,7 +153,7 @@ private Q_SLOTS:
         QFETCH(QString, reason);
         const QString id = create(1).constFirst();
         const auto changes = states().set({ id }, PlanState::Stopped, reason, goOn);
-        QTEST(errorText(changes.status()), "message");
+        QTEST(errorText(changes.failure), "message");
         QCOMPARE(stored(id).version, 1);
     }
 
@@ -166,12 +166,25 @@ private Q_SLOTS:
             return false;
         };
         const auto changes = states().set(ids, PlanState::Paused, QString(), cancel);
-        QVERIFY(changes->cancelled);
+        QVERIFY(changes.cancelled);
         QCOMPARE(told, QVector<int>{ 100 });
-        QCOMPARE(changes->changed, ids.mid(0, 100));
+        QCOMPARE(changes.changed, ids.mid(0, 100));
         QCOMPARE(stored(ids.at(99)).state, PlanState::Paused);
         QCOMPARE(stored(ids.at(100)).state, PlanState::Active);
         QCOMPARE(set(ids, PlanState::Paused).changed, ids.mid(100));
+    }
+
+    void whatWasChangedBeforeAFailureIsReported()
+    {
+        const QStringList ids = create(101);
+        const auto fail = [](int) {
+            database().close();
+            return true;
+        };
+        const StateChanges changes = states().set(ids, PlanState::Paused, QString(), fail);
+        QCOMPARE(changes.failure, Status(Error::DatabaseNotOpen));
+        QCOMPARE(changes.changed, ids.mid(0, 100));
+        QVERIFY(!changes.unknown);
     }
 
     void aPlanOfAnAccountWithoutRightKeepsItsState()
@@ -279,7 +292,7 @@ private:
 
     static StateChanges set(const QStringList& ids, PlanState state, const QString& reason = {})
     {
-        return states().set(ids, state, reason, goOn).valueOr(StateChanges());
+        return states().set(ids, state, reason, goOn);
     }
 
     static StoredPlan stored(const QString& id)

@@ -3472,6 +3472,14 @@
         <source>%1 %2（%3，%4）</source>
         <translation>%1 %2 (%3, %4)</translation>
     </message>
+    <message>
+        <source>连接中断前变更的计划状态已保存。</source>
+        <translation>The plan states changed before the connection was lost have been stored.</translation>
+    </message>
+    <message>
+        <source>连接中断前变更的计划状态未保存，请重新变更。</source>
+        <translation>The plan states changed before the connection was lost have not been stored. Please change them again.</translation>
+    </message>
 </context>
 <context>
     <name>ImportActions</name>

@@ -115,7 +115,7 @@ Status Database::reopen()
 Status Database::endProcess(const QString& process)
 {
     constexpr int LongestEnd = 1000; // milliseconds
-    if (process.isEmpty())
+    if (process.isEmpty() || process == m_process)
         return {};
     bool hasEnded = true;
     const Status status =

@@ -75,7 +75,7 @@ public:
     /// Identifies this connection on its server; empty for a file.
     QString process() const { return m_process; }
     /// Ends another connection of the same role and waits for its end: afterwards its last transaction is stored or
-    /// will never be. Does nothing if there is no such connection.
+    /// will never be. Does nothing if there is no such connection, or if it is this one.
     Status endProcess(const QString& process);
 
     /// Statements with positional values. A null text is bound as an empty one; an invalid `QVariant` as NULL.

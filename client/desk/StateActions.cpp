@@ -3,6 +3,7 @@
 #include "ClientClock.h"
 #include "ClientSession.h"
 #include "ErrorText.h"
+#include "HistoryStore.h"
 #include "OrloWidget.h"
 #include "PlanEvents.h"
 #include "PlanLife.h"
@@ -12,6 +13,7 @@
 #include <QProgressDialog>
 
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -25,6 +27,27 @@ QString reasonsOf(const StateChanges& changes)
     if (changes.refused.size() > MostReasons)
         lines << StateActions::tr("……共%1个计划").arg(changes.refused.size());
     return lines.join(QLatin1Char('\n'));
+}
+
+/// Adds the plans that are changed although their COMMIT has failed.
+void lookUp(StateChanges& changes)
+{
+    const StateChanges::Unknown unknown = *std::exchange(changes.unknown, std::nullopt);
+    const auto find = [request = unknown.request, process = unknown.process](Database& database) -> Result<qint64> {
+        const Status ended = database.endProcess(process);
+        return ended ? HistoryStore(database).planOfRequest(request) : ended;
+    };
+    const auto known = [](qint64 found) {
+        Q_EMIT PlanEvents::instance().outcomeKnown(UnknownRequest::State, found != 0, QString());
+    };
+    const Result<qint64> stored = ClientSession::instance().lookUp(unknown.request, find, known);
+    if (!stored) {
+        changes.failure = { Error::OutcomeUnknown, {}, changes.failure };
+    } else if (*stored != 0) {
+        changes.changed += unknown.changed;
+        changes.refused += unknown.refused;
+        changes.failure = unknown.hasMore ? changes.failure : Status();
+    }
 }
 
 } // namespace
@@ -91,12 +114,14 @@ void StateActions::set(const FindPlans& find, PlanState state, const QString& re
     connect(progress, &QProgressDialog::canceled, this, [this] { m_work.cancel(); });
     connect(&m_work, &LongWork::progressed, progress,
         [progress](int done) { progress->setLabelText(tr("已变更%1个计划……").arg(done)); });
-    auto changes = std::make_shared<Result<StateChanges>>(StateChanges());
+    auto changes = std::make_shared<StateChanges>();
     const auto work = [=, user = ClientSession::instance().user(), day = clientToday()](
                           Database& database, const Status& opened, const LongWork::Progress& tell) {
         const Result<QStringList> plans = opened ? find(database) : opened;
-        *changes = plans ? PlanStates(database, user, day).set(*plans, state, reason, tell)
-                         : Result<StateChanges>(plans.status());
+        if (plans)
+            *changes = PlanStates(database, user, day).set(*plans, state, reason, tell);
+        else
+            changes->failure = plans.status();
     };
     m_work.start(work, [this, changes, state, progress] {
         delete progress;
@@ -104,17 +129,18 @@ void StateActions::set(const FindPlans& find, PlanState state, const QString& re
     });
 }
 
-void StateActions::report(const Result<StateChanges>& changes, PlanState state)
+void StateActions::report(StateChanges& done, PlanState state)
 {
-    const StateChanges done = changes.valueOr(StateChanges());
+    if (done.unknown)
+        lookUp(done);
     if (!done.changed.isEmpty())
         Q_EMIT PlanEvents::instance().plansStored();
     QString text = tr("%1个计划%2").arg(QString::number(done.changed.size()), PlanLife::word(state));
     if (done.cancelled)
         text += tr("，其余已取消");
     Q_EMIT finished(text);
-    if (!changes)
-        OrloWidget::ShowErrorMsgBox(errorText(changes.status()), m_window);
+    if (!done.failure)
+        OrloWidget::ShowErrorMsgBox(errorText(done.failure), m_window);
     else if (!done.refused.isEmpty())
         OrloWidget::ShowWarningMsgBox(reasonsOf(done), m_window);
 }

@@ -32,7 +32,7 @@ private:
     void stopChosen();
     void pauseAccount();
     void set(const FindPlans& find, PlanState state, const QString& reason);
-    void report(const Result<StateChanges>& changes, PlanState state);
+    void report(StateChanges& changes, PlanState state);
 
     QWidget* const m_window;
     const std::function<QStringList()> m_chosen;

@@ -2,6 +2,7 @@
 
 #include "ClientClock.h"
 #include "PlanLife.h"
+#include "PlanRequests.h"
 #include "PlanRights.h"
 
 namespace {
@@ -26,18 +27,22 @@ PlanStates::PlanStates(Database& database, const StoredUser& user, const QDate& 
 {
 }
 
-Result<StateChanges> PlanStates::set(
+StateChanges PlanStates::set(
     const QStringList& planIds, PlanState state, const QString& reason, const Progress& progress)
 {
-    if (Status refused = reasonError(state, reason); !refused)
-        return refused;
     StateChanges changes;
-    for (int first = 0; first < planIds.size() && !changes.cancelled; first += PlansPerTransaction) {
+    changes.failure = reasonError(state, reason);
+    for (int first = 0; first < planIds.size() && changes.failure && !changes.cancelled; first += PlansPerTransaction) {
         StateChanges some;
         const QStringList ids = planIds.mid(first, PlansPerTransaction);
-        const Status status = m_database.transaction([&] { return setEach(ids, state, reason, some); });
-        if (!status)
-            return status;
+        const QString request = PlanRequests::newId();
+        changes.failure = m_database.transaction([&] { return setEach(ids, state, reason, request, some); });
+        if (!changes.failure) {
+            if (m_database.commitFailed() && !some.changed.isEmpty())
+                changes.unknown = { some.changed, some.refused, request, m_database.process(),
+                    first + PlansPerTransaction < planIds.size() };
+            break;
+        }
         changes.changed += some.changed;
         changes.refused += some.refused;
         changes.cancelled = !progress(qMin(first + PlansPerTransaction, static_cast<int>(planIds.size())));
@@ -45,7 +50,9 @@ Result<StateChanges> PlanStates::set(
     return changes;
 }
 
-Status PlanStates::setEach(const QStringList& planIds, PlanState state, const QString& reason, StateChanges& changes)
+// The transaction stores all changes or none, so the first one has the request.
+Status PlanStates::setEach(
+    const QStringList& planIds, PlanState state, const QString& reason, const QString& request, StateChanges& changes)
 {
     PlanStore plans(m_database, m_user);
     PlanRightsReader rights(m_database, m_day);
@@ -60,7 +67,8 @@ Status PlanStates::setEach(const QStringList& planIds, PlanState state, const QS
             changes.refused << StateChanges::Refused{ id, refused };
             continue;
         }
-        if (Status set = plans.replaceState(*plan, state, reason, { m_user.id, clientNow() }); !set)
+        const Change change{ m_user.id, clientNow(), changes.changed.isEmpty() ? request : QString() };
+        if (Status set = plans.replaceState(*plan, state, reason, change); !set)
             return set;
         changes.changed << id;
     }

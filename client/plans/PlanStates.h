@@ -3,6 +3,7 @@
 #include "PlanStore.h"
 
 #include <functional>
+#include <optional>
 
 class PlanRightsReader;
 
@@ -17,6 +18,21 @@ struct StateChanges {
     QVector<Refused> refused;
     /// True if it was cancelled; the remaining plans are neither changed nor refused.
     bool cancelled = false;
+    /// Why it ended before all plans were tried; success if they were, or if it was cancelled.
+    Status failure;
+
+    /// The last plans that were tried, if their COMMIT failed: they may be changed all the same, all or none.
+    struct Unknown {
+        QStringList changed;
+        QVector<Refused> refused;
+        /// Found in the history if they are changed.
+        QString request;
+        /// The connection that sent the COMMIT, see `Database::process`.
+        QString process;
+        /// Whether more plans would have followed.
+        bool hasMore = false;
+    };
+    std::optional<Unknown> unknown;
 };
 
 /// Pauses, resumes, stops and archives plans. Uses the database alone, so that it can run on another thread.
@@ -32,12 +48,12 @@ public:
     PlanStates(Database& database, const StoredUser& user, const QDate& day);
 
     /// Gives the user's plans a state, each if it can get it, a number of them in each transaction. Stopping needs a
-    /// reason, which the history keeps. Fails if a plan could not be read or written; those before it are changed.
-    Result<StateChanges> set(
-        const QStringList& planIds, PlanState state, const QString& reason, const Progress& progress);
+    /// reason, which the history keeps. If a plan cannot be read or written, those of earlier transactions are changed.
+    StateChanges set(const QStringList& planIds, PlanState state, const QString& reason, const Progress& progress);
 
 private:
-    Status setEach(const QStringList& planIds, PlanState state, const QString& reason, StateChanges& changes);
+    Status setEach(const QStringList& planIds, PlanState state, const QString& reason, const QString& request,
+        StateChanges& changes);
     Status readRefusal(
         PlanRightsReader& rights, const QString& id, const StoredPlan& plan, PlanState state, Status& refused) const;
 

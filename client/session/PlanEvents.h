@@ -19,7 +19,7 @@ struct PlanConflict {
 };
 
 /// A request whose COMMIT was not answered.
-enum class UnknownRequest { Plan, Issue, Signature };
+enum class UnknownRequest { Plan, State, Issue, Signature };
 
 /// The signals about changes of stored plans and about answers to queries. One object per process.
 class PlanEvents : public QObject {

@@ -121,6 +121,9 @@ QString HistoryTexts::outcome(UnknownRequest request, bool isStored, const QStri
     case UnknownRequest::Plan:
         return isStored ? QCoreApplication::translate("HistoryTexts", "连接中断前提交的计划%1已保存。").arg(planId)
                         : QCoreApplication::translate("HistoryTexts", "连接中断前提交的计划未保存，请重新提交。");
+    case UnknownRequest::State:
+        return isStored ? QCoreApplication::translate("HistoryTexts", "连接中断前变更的计划状态已保存。")
+                        : QCoreApplication::translate("HistoryTexts", "连接中断前变更的计划状态未保存，请重新变更。");
     case UnknownRequest::Issue:
         return isStored ? QCoreApplication::translate("HistoryTexts", "连接中断前下达的当日指令已保存。")
                         : QCoreApplication::translate("HistoryTexts", "连接中断前下达的当日指令未保存，请重新下达。");
