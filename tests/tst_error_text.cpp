@@ -12,7 +12,7 @@ void addRow(const char* sentence, const Status& status)
 void addDatabaseRows()
 {
     addRow("数据库未打开", Error::DatabaseNotOpen);
-    addRow("数据库正被其他程序占用，请稍后再试", Error::DatabaseBusy);
+    addRow("数据库正被其他程序或一次导入占用，请稍后再试", Error::DatabaseBusy);
     addRow("数据库文件只读，无法写入", Error::DatabaseReadOnly);
     addRow("数据库文件已损坏", Error::DatabaseCorrupt);
     addRow("磁盘空间不足，无法写入数据库", Error::DiskFull);

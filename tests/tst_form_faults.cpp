@@ -95,7 +95,7 @@ private Q_SLOTS:
         QTest::addColumn<DiskFault>("fault");
         QTest::addColumn<bool>("edits");
         QTest::addColumn<QString>("message");
-        const QString busy = QStringLiteral("数据库正被其他程序占用，请稍后再试");
+        const QString busy = QStringLiteral("数据库正被其他程序或一次导入占用，请稍后再试");
         const QString readOnly = QStringLiteral("数据库文件只读，无法写入");
         const QString full = QStringLiteral("磁盘空间不足，无法写入数据库");
         const QString failed = QStringLiteral("读写数据库文件出错");

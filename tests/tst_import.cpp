@@ -1,109 +1,26 @@
 #include "AccountStore.h"
 #include "AuthorityStore.h"
 #include "AutoPlanField.h"
-#include "ClientClock.h"
 #include "ClientSession.h"
 #include "ClosureFiles.h"
-#include "ExportRun.h"
 #include "HistoryStore.h"
-#include "ImportRun.h"
-#include "InstructionIssuer.h"
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
-#include "LoggedTest.h"
 #include "PlanTexts.h"
 #include "PositionStore.h"
 #include "Psql.h"
 #include "SampleSession.h"
 #include "SecurityStore.h"
-#include "TestDatabase.h"
 #include "TestStatus.h"
 #include "TradeCalendar.h"
+#include "TransferTest.h"
 
-#include <QBuffer>
-#include <QSqlRecord>
 #include <QStandardPaths>
 #include <QtTest>
 
-#include <memory>
-
-namespace {
-
-QString text(const char* words)
-{
-    return QString::fromUtf8(words);
-}
-
-/// The names of roles are the same for all databases of a server.
-QString ownUser(const char* name)
-{
-    return QStringLiteral("%1_%2").arg(QLatin1String(name), QString::number(QCoreApplication::applicationPid()));
-}
-
-/// Files of a test.
-class Files {
-public:
-    QString add(const QString& name, QByteArray contents) const
-    {
-        contents.replace("wang", ownUser("wang").toLatin1()).replace("\nli,", "\n" + ownUser("li").toLatin1() + ",");
-        QFile file(m_folder.filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(contents) != contents.size())
-            qFatal("No file");
-        return file.fileName();
-    }
-
-    /// A copy of a documented file.
-    QString sample(const QString& kind) const
-    {
-        QFile file(QStringLiteral(PROJECT_FOLDER "/docs/import/%1.csv").arg(kind));
-        if (!file.open(QIODevice::ReadOnly))
-            qFatal("No sample");
-        return add(kind + QStringLiteral(".csv"), file.readAll());
-    }
-
-private:
-    QTemporaryDir m_folder;
-};
-
-QStringList reasons(const ImportReport& report)
-{
-    QStringList lines;
-    for (const ImportReport::Fault& fault : report.faults)
-        lines << ImportTexts::fault(report, fault);
-    return lines;
-}
-
-QVector<qint64> counts(const ImportReport& report)
-{
-    return { report.added, report.changed, report.unchanged, report.kept };
-}
-
-using Counts = QVector<qint64>;
-
-} // namespace
-
 /// Import and export of all kinds, in a file and on a server.
-class ImportTest : public LoggedTest {
+class ImportTest : public TransferTest {
     Q_OBJECT
-
-protected:
-    void prepare() override
-    {
-        setClientToday(SampleSession::today());
-        m_database = std::make_unique<TestDatabase>();
-        m_files = std::make_unique<Files>();
-    }
-
-    void tidyUp() override
-    {
-        ClientSession::instance().close();
-        for (const char* const name : { "wang", "li" }) {
-            if (TestDatabase::isOnServer())
-                psql(m_database->ownersLocation(), QStringLiteral("DROP ROLE IF EXISTS \"%1\"").arg(ownUser(name)));
-        }
-        m_database.reset();
-        setClientToday(QDate());
-    }
 
 private Q_SLOTS:
     void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
@@ -125,12 +42,12 @@ private Q_SLOTS:
         QFETCH(QString, kind);
         QFETCH(qint64, rows);
         importUntil(kind);
-        const ImportReport first = imported(kind, m_files->sample(kind));
+        const ImportReport first = imported(kind, sample(kind));
         QCOMPARE(first.rows, rows);
         const bool isUser = kind == text("users");
         QCOMPARE(counts(first), isUser ? Counts({ 2, 1, 0, 0 }) : Counts({ rows, 0, 0, 0 }));
         QVERIFY(first.isStored);
-        const ImportReport second = imported(kind, m_files->sample(kind));
+        const ImportReport second = imported(kind, sample(kind));
         QCOMPARE(counts(second), Counts({ 0, 0, rows, 0 }));
         QCOMPARE(second.changes(), QStringList());
     }
@@ -138,9 +55,9 @@ private Q_SLOTS:
     void whatWasImportedIsStored()
     {
         importUntil(QString());
-        Database database;
-        QCOMPARE(database.open(m_database->ownersLocation()), Status());
-        SecurityStore securities(database);
+        Database stored;
+        QCOMPARE(stored.open(database().ownersLocation()), Status());
+        SecurityStore securities(stored);
         const Result<Security> bond = securities.security(text("113001.SH"));
         QCOMPARE(bond->name, text("丁四转债"));
         QCOMPARE(bond->exchange, Kelvo_Values::Exchange::sh);
@@ -151,12 +68,12 @@ private Q_SLOTS:
         const Result<CloseHistory> closes = securities.closes(text("688001.SH"));
         QCOMPARE(closes->lastDay, QDate(2024, 4, 30));
         QCOMPARE(closes->ticks, QVector<qint64>({ 102450, 103000 }));
-        const Result<StoredAccount> account = AccountStore(database).account(text("8001"));
+        const Result<StoredAccount> account = AccountStore(stored).account(text("8001"));
         QCOMPARE(account->exchangeAccounts.size(), 3);
         const QString wang = ownUser("wang");
-        QCOMPARE(*AuthorityStore(database).types(wang, text("8001")), QStringList({ text("1"), text("5"), text("9") }));
-        QCOMPARE(AuthorityStore(database).rights(wang, text("8002"), text("2"))->ruleProperty, 1);
-        const auto positions = PositionStore(database).stored(text("8001"), QString(), text("113001.SH"));
+        QCOMPARE(*AuthorityStore(stored).types(wang, text("8001")), QStringList({ text("1"), text("5"), text("9") }));
+        QCOMPARE(AuthorityStore(stored).rights(wang, text("8002"), text("2"))->ruleProperty, 1);
+        const auto positions = PositionStore(stored).stored(text("8001"), QString(), text("113001.SH"));
         QCOMPARE(positions->value(0).quantity, qint64(100));
         QCOMPARE(positions->value(0).tradeableQuantity, qint64(100));
     }
@@ -232,7 +149,7 @@ private Q_SLOTS:
         importUntil(QString());
         const QString before = contents();
         ImportReport report;
-        const Status status = run(kind, m_files->add(text("file"), lines), report);
+        const Status status = run(kind, add(text("file"), lines), report);
         QStringList found = reasons(report);
         if (kind == text("plans"))
             found = found.filter(QRegularExpression(QStringLiteral("第[34567]行")));
@@ -255,8 +172,8 @@ private Q_SLOTS:
         importUntil(text("closes"));
         ImportReport report;
         const QByteArray lines = "symbol,date,close\n" + QByteArray("X,2024-05-06,1\n").repeated(1000);
-        QCOMPARE(run(text("closes"), m_files->add(text("file"), lines), report),
-            Status(Error::FileNotImported, { text("1000") }));
+        QCOMPARE(
+            run(text("closes"), add(text("file"), lines), report), Status(Error::FileNotImported, { text("1000") }));
         QCOMPARE(report.faults.size(), report.mostFaults);
         QVERIFY(ImportTexts::report(report, false).contains(text("另有900处错误")));
     }
@@ -265,7 +182,7 @@ private Q_SLOTS:
     {
         importUntil(QString());
         const auto change = [this](const char* kind, const QByteArray& lines) {
-            const ImportReport report = imported(text(kind), m_files->add(text("file"), lines));
+            const ImportReport report = imported(text(kind), add(text("file"), lines));
             return counts(report);
         };
         QCOMPARE(change("securities",
@@ -282,14 +199,14 @@ private Q_SLOTS:
             Counts({ 0, 1, 0, 0 }));
         QCOMPARE(
             change("positions", "account,symbol,quantity,tradeable\n8001,600000.SH,4万,3万\n"), Counts({ 0, 1, 0, 0 }));
-        Database database;
-        QCOMPARE(database.open(m_database->ownersLocation()), Status());
-        QCOMPARE(SecurityStore(database).security(text("600000.SH"))->name, text("新名"));
-        QCOMPARE(SecurityStore(database).closes(text("600000.SH"))->ticks, QVector<qint64>({ 999, 1002, 1016, 1020 }));
-        QCOMPARE(AccountStore(database).account(text("8001"))->exchangeAccounts.size(), 2);
-        QCOMPARE(*AuthorityStore(database).types(ownUser("wang"), text("8001")), QStringList({ text("1"), text("5") }));
-        QCOMPARE(AuthorityStore(database).rights(ownUser("wang"), text("8001"), text("1"))->ruleProperty, 0);
-        QCOMPARE(AuthorityStore(database).rights(ownUser("wang"), text("8001"), text("5"))->ruleProperty, 1);
+        Database stored;
+        QCOMPARE(stored.open(database().ownersLocation()), Status());
+        QCOMPARE(SecurityStore(stored).security(text("600000.SH"))->name, text("新名"));
+        QCOMPARE(SecurityStore(stored).closes(text("600000.SH"))->ticks, QVector<qint64>({ 999, 1002, 1016, 1020 }));
+        QCOMPARE(AccountStore(stored).account(text("8001"))->exchangeAccounts.size(), 2);
+        QCOMPARE(*AuthorityStore(stored).types(ownUser("wang"), text("8001")), QStringList({ text("1"), text("5") }));
+        QCOMPARE(AuthorityStore(stored).rights(ownUser("wang"), text("8001"), text("1"))->ruleProperty, 0);
+        QCOMPARE(AuthorityStore(stored).rights(ownUser("wang"), text("8001"), text("5"))->ruleProperty, 1);
     }
 
     void unitsInUseDoNotChange()
@@ -298,7 +215,7 @@ private Q_SLOTS:
         ImportReport report;
         const QByteArray lines = "symbol,name,type,sub-type,decimals,factor,step,limit\n"
                                  "600000.SH,甲一股份,股票,主板,3,1,100,10%\n";
-        QVERIFY(!run(text("securities"), m_files->add(text("file"), lines), report));
+        QVERIFY(!run(text("securities"), add(text("file"), lines), report));
         QCOMPARE(reasons(report),
             QStringList{
                 text("file第2行第5列（decimals）：证券“600000.SH”已有收盘价、持仓或计划，不能修改价格小数位") });
@@ -307,7 +224,7 @@ private Q_SLOTS:
     void whatTheFileDoesNotHaveIsRemovedAfterAConfirmation()
     {
         importUntil(text("plans"));
-        const QString file = m_files->add(text("file"), "account,symbol,quantity,tradeable\n8001,600000.SH,5万,3万\n");
+        const QString file = add(text("file"), "account,symbol,quantity,tradeable\n8001,600000.SH,5万,3万\n");
         ImportTask task = taskOf(text("positions"), file);
         task.replaces = true;
         ImportReport report;
@@ -317,15 +234,15 @@ private Q_SLOTS:
         task.removals = removals;
         QCOMPARE(ImportRun::run(task, report), Status());
         QCOMPARE(counts(report), Counts({ 0, 0, 1, 0 }));
-        Database database;
-        QCOMPARE(database.open(m_database->ownersLocation()), Status());
-        QCOMPARE(PositionStore(database).all()->size(), 1);
+        Database stored;
+        QCOMPARE(stored.open(database().ownersLocation()), Status());
+        QCOMPARE(PositionStore(stored).all()->size(), 1);
     }
 
     void whatIsUsedIsNotRemoved()
     {
         importUntil(text("plans"));
-        const QString file = m_files->add(text("file"),
+        const QString file = add(text("file"),
             "symbol,name,type,sub-type,decimals,factor,step,limit\n600000.SH,甲一股份,股票,主板,2,1,100,10%\n");
         ImportTask task = taskOf(text("securities"), file);
         task.replaces = true;
@@ -339,7 +256,7 @@ private Q_SLOTS:
     void closesAreReplaced()
     {
         importUntil(text("accounts"));
-        const QString file = m_files->add(text("file"), "symbol,date,close\n600000.SH,2024-04-30,10.20\n");
+        const QString file = add(text("file"), "symbol,date,close\n600000.SH,2024-04-30,10.20\n");
         ImportTask task = taskOf(text("closes"), file);
         task.replaces = true;
         ImportReport report;
@@ -348,17 +265,17 @@ private Q_SLOTS:
         QCOMPARE(report.removals.constFirst(), text("证券600000.SH的文件中没有的收盘价"));
         task.removals = report.removals;
         QCOMPARE(ImportRun::run(task, report), Status());
-        Database database;
-        QCOMPARE(database.open(m_database->ownersLocation()), Status());
-        QCOMPARE(SecurityStore(database).closes(text("600000.SH"))->ticks, QVector<qint64>({ 1020 }));
-        QCOMPARE(SecurityStore(database).closes(text("688001.SH"))->ticks, QVector<qint64>());
+        Database stored;
+        QCOMPARE(stored.open(database().ownersLocation()), Status());
+        QCOMPARE(SecurityStore(stored).closes(text("600000.SH"))->ticks, QVector<qint64>({ 1020 }));
+        QCOMPARE(SecurityStore(stored).closes(text("688001.SH"))->ticks, QVector<qint64>());
     }
 
     void aTrialStoresNothing()
     {
         importUntil(text("closes"));
         const QString before = contents();
-        ImportTask task = taskOf(text("closes"), m_files->sample(text("closes")));
+        ImportTask task = taskOf(text("closes"), sample(text("closes")));
         task.isTrial = true;
         ImportReport report;
         QCOMPARE(ImportRun::run(task, report), Status());
@@ -374,7 +291,7 @@ private Q_SLOTS:
         const QByteArray heading = "编号,账户,指令类型,计划类型,证券代码,买卖,价格,数量,开始,结束\n";
         const QByteArray rest = ",2024-05-06,2024-05-10\n";
         const auto import = [&](const QByteArray& lines) {
-            return counts(imported(text("plans"), m_files->add(text("file"), heading + lines)));
+            return counts(imported(text("plans"), add(text("file"), heading + lines)));
         };
         const QByteArray first = "一,8001,普通,累计数量,600000.SH,买,,1万" + rest;
         const QByteArray nameless = ",8001,普通,累计数量,600000.SH,买,昨收价,2万" + rest;
@@ -400,9 +317,9 @@ private Q_SLOTS:
     {
         importUntil(QString());
         logIn();
-        imported(text("plans"), m_files->sample(text("plans")));
+        imported(text("plans"), sample(text("plans")));
         ImportTask task = taskOf(text("plans"),
-            m_files->add(text("file"),
+            add(text("file"),
                 "代码,数量,金额,价格,开始\n688001.SH,2000,,,2027-12-21\n600000,,100万,10.01,\n600000.SH,0.5,,,\nX,1,,,"
                 "\n"));
         task.templatePlan = text("AP00000001");
@@ -437,9 +354,8 @@ private Q_SLOTS:
     {
         importUntil(QString());
         logIn();
-        imported(text("plans"), m_files->sample(text("plans")));
-        ImportTask task =
-            taskOf(text("plans"), m_files->add(text("file"), "代码,数量\n688001.SH,2000\n600000.SH,\"1\n"));
+        imported(text("plans"), sample(text("plans")));
+        ImportTask task = taskOf(text("plans"), add(text("file"), "代码,数量\n688001.SH,2000\n600000.SH,\"1\n"));
         task.templatePlan = text("AP00000001");
         task.leavesOut = true;
         ImportReport report;
@@ -451,8 +367,8 @@ private Q_SLOTS:
     void anImportIsCancelledBetweenRows()
     {
         importUntil(text("closes"));
-        ImportTask task = taskOf(text("closes"),
-            m_files->add(text("file"), "symbol,date,close\n" + QByteArray("X,2024-05-06,1\n").repeated(1000)));
+        ImportTask task = taskOf(
+            text("closes"), add(text("file"), "symbol,date,close\n" + QByteArray("X,2024-05-06,1\n").repeated(1000)));
         int calls = 0;
         task.progress = [&calls](int) { return ++calls < 3; };
         ImportReport report;
@@ -464,17 +380,17 @@ private Q_SLOTS:
     void closuresAreImportedAndExported()
     {
         const QString before = ClosureFiles::calendar().lastKnownDay().toString(Qt::ISODate);
-        const ImportReport first = imported(text("closures"), m_files->sample(text("closures")));
+        const ImportReport first = imported(text("closures"), sample(text("closures")));
         QCOMPARE(counts(first), Counts({ 0, 2, 0, 0 }));
         ClosureFiles::reload();
         QCOMPARE(ClosureFiles::calendar().lastKnownDay(), QDate(2028, 12, 31));
         const QVector<QStringList> rows = ClosureFiles::calendar().rows();
         QCOMPARE(
             rows.constLast(), QStringList({ text("mainland"), text("2028-01-03"), text("元旦"), text("provisional") }));
-        QCOMPARE(counts(imported(text("closures"), m_files->sample(text("closures")))), Counts({ 0, 0, 2, 0 }));
+        QCOMPARE(counts(imported(text("closures"), sample(text("closures")))), Counts({ 0, 0, 2, 0 }));
         for (const TableFormat format : { TableFormat::Csv, TableFormat::Json, TableFormat::Workbook }) {
             const QByteArray bytes = exported(text("closures"), format);
-            const ImportReport again = imported(text("closures"), m_files->add(text("f"), bytes));
+            const ImportReport again = imported(text("closures"), add(text("f"), bytes));
             QCOMPARE(counts(again), Counts({ 0, 0, rows.size(), 0 }));
         }
         // Further tests have the usual calendar.
@@ -487,7 +403,7 @@ private Q_SLOTS:
     {
         importUntil(QString());
         logIn();
-        imported(text("plans"), m_files->sample(text("plans")));
+        imported(text("plans"), sample(text("plans")));
         const QStringList lines = QString::fromUtf8(exported(text("journal"), TableFormat::Csv)).split(text("\r\n"));
         QCOMPARE(lines.value(0), text("\uFEFF日期,时间,计划编号,账户,证券代码,交易方向,事项,内容,用户"));
     }
@@ -496,16 +412,16 @@ private Q_SLOTS:
     {
         importUntil(QString());
         logIn();
-        imported(text("plans"), m_files->sample(text("plans")));
+        imported(text("plans"), sample(text("plans")));
         QByteArray csv = exported(text("plans"), TableFormat::Csv);
-        QCOMPARE(counts(imported(text("plans"), m_files->add(text("file"), csv))), Counts({ 0, 0, 2, 0 }));
+        QCOMPARE(counts(imported(text("plans"), add(text("file"), csv))), Counts({ 0, 0, 2, 0 }));
         QByteArray changed = csv;
         changed.replace("50000", "60000");
-        QCOMPARE(counts(imported(text("plans"), m_files->add(text("file"), changed))), Counts({ 0, 1, 1, 0 }));
-        QCOMPARE(counts(imported(text("plans"), m_files->add(text("file"), changed))), Counts({ 0, 0, 2, 0 }));
+        QCOMPARE(counts(imported(text("plans"), add(text("file"), changed))), Counts({ 0, 1, 1, 0 }));
+        QCOMPARE(counts(imported(text("plans"), add(text("file"), changed))), Counts({ 0, 0, 2, 0 }));
         csv.replace("50000", "70000");
         ImportReport report;
-        QVERIFY(!run(text("plans"), m_files->add(text("file"), csv), report));
+        QVERIFY(!run(text("plans"), add(text("file"), csv), report));
         QCOMPARE(reasons(report),
             QStringList{ text("file第2行第2列（版本）：计划“AP00000001”的版本应为2，文件中为1，请重新导出后再修改") });
     }
@@ -525,13 +441,13 @@ private Q_SLOTS:
         QFETCH(QString, extension);
         importUntil(QString());
         logIn();
-        imported(text("plans"), m_files->sample(text("plans")));
+        imported(text("plans"), sample(text("plans")));
         QCOMPARE(*ExportRun::formatOf(text("a.") + extension), static_cast<TableFormat>(format));
         const QVector<QPair<const char*, qint64>> kinds{ { "securities", 5 }, { "closes", 9 }, { "positions", 3 },
             { "plans", 2 } };
         for (const auto& kind : kinds) {
             const QByteArray bytes = exported(text(kind.first), static_cast<TableFormat>(format));
-            QFile file(m_files->add(text("f"), QByteArray()));
+            QFile file(add(text("f"), QByteArray()));
             QVERIFY(file.open(QIODevice::WriteOnly));
             QCOMPARE(file.write(bytes), qint64(bytes.size()));
             file.close();
@@ -545,90 +461,17 @@ private Q_SLOTS:
         if (!TestDatabase::isOnServer())
             return;
         importUntil(QString());
-        psql(m_database->ownersLocation(),
+        psql(database().ownersLocation(),
             QStringLiteral("ALTER ROLE \"%1\" PASSWORD '%2'").arg(ownUser("wang"), TestDatabase::password()));
         for (const char* const kind : { "securities", "closes", "accounts", "users", "positions" }) {
-            ImportTask task = taskOf(text(kind), m_files->sample(text(kind)));
-            task.location = m_database->location(ownUser("wang"));
+            ImportTask task = taskOf(text(kind), sample(text(kind)));
+            task.location = database().location(ownUser("wang"));
             ImportReport report;
             QCOMPARE(ImportRun::run(task, report), Status(Error::NotAdministrator, { ownUser("wang") }));
         }
     }
 
 private:
-    QStringList kinds() const
-    {
-        return { text("securities"), text("closes"), text("accounts"), text("users"), text("positions") };
-    }
-
-    /// Imports the samples of the kinds before one, or of all.
-    void importUntil(const QString& end)
-    {
-        for (const QString& kind : kinds()) {
-            if (kind == end)
-                return;
-            imported(kind, m_files->sample(kind));
-        }
-        if (end == text("plans"))
-            logIn();
-    }
-
-    void logIn()
-    {
-        const QString wang = ownUser("wang");
-        if (TestDatabase::isOnServer())
-            psql(m_database->ownersLocation(),
-                QStringLiteral("ALTER ROLE \"%1\" PASSWORD '%2'").arg(wang, TestDatabase::password()));
-        const QString user = TestDatabase::isOnServer() ? QString() : wang;
-        QCOMPARE(ClientSession::instance().open(m_database->location(wang), user), Status());
-    }
-
-    ImportTask taskOf(const QString& kind, const QString& file)
-    {
-        ImportTask task;
-        task.kind = kind;
-        task.file = file;
-        task.location = m_database->ownersLocation();
-        if (kind != text("plans"))
-            return task;
-        if (!ClientSession::instance().isOpen())
-            logIn();
-        task.location = m_database->location(ownUser("wang"));
-        task.scene.emplace(InstructionIssuer::scene(SampleSession::today()));
-        return task;
-    }
-
-    Status run(const QString& kind, const QString& file, ImportReport& report)
-    {
-        return ImportRun::run(taskOf(kind, file), report);
-    }
-
-    ImportReport imported(const QString& kind, const QString& file)
-    {
-        ImportReport report;
-        const Status status = run(kind, file, report);
-        if (!status)
-            qWarning().noquote() << errorText(status) << reasons(report);
-        return report;
-    }
-
-    QByteArray exported(const QString& kind, TableFormat format)
-    {
-        ClientSession& session = ClientSession::instance();
-        QBuffer buffer;
-        buffer.open(QIODevice::WriteOnly);
-        Database owned;
-        const bool isPlan = kind == text("plans");
-        if (!isPlan && !owned.open(m_database->ownersLocation()))
-            return {};
-        const Status status = ExportRun::run({ isPlan ? session.database() : owned, session.market(), session.user(),
-                                                 kind, format, SampleSession::today() },
-            buffer);
-        if (!status)
-            qWarning().noquote() << errorText(status);
-        return buffer.data();
-    }
-
     /// The fields of a plan that a sheet sets.
     static QStringList fieldsOf(PlanStore& plans, const QString& plan)
     {
@@ -644,32 +487,6 @@ private:
             all << record.value(key).toString();
         return all;
     }
-
-    /// All rows of the tables into which files are imported.
-    QString contents() const
-    {
-        Database database;
-        if (!database.open(m_database->ownersLocation()))
-            return {};
-        QStringList rows;
-        for (const char* const table : { "securities", "closing_prices", "accounts", "exchange_accounts", "users",
-                 "user_accounts", "order_authorities", "rule_properties", "positions", "plans", "history" }) {
-            const Status status =
-                database.read(QStringLiteral("SELECT * FROM %1 ORDER BY 1, 2").arg(QLatin1String(table)), {},
-                    [&rows](const QSqlQuery& row) {
-                        QStringList cells;
-                        for (int i = 0; i < row.record().count(); ++i)
-                            cells << row.value(i).toString();
-                        rows << cells.join(QLatin1Char('|'));
-                    });
-            if (!status)
-                return errorText(status);
-        }
-        return rows.join(QLatin1Char('\n'));
-    }
-
-    std::unique_ptr<TestDatabase> m_database;
-    std::unique_ptr<Files> m_files;
 };
 
 QTEST_GUILESS_MAIN(ImportTest)

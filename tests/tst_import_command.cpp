@@ -1,3 +1,4 @@
+#include "Database.h"
 #include "LoggedTest.h"
 #include "SourceText.h"
 #include "TableReader.h"
@@ -215,6 +216,33 @@ private Q_SLOTS:
         QCOMPARE(plandesk(QStringList{ QStringLiteral("export"), QStringLiteral("plans") } + user)
                      .output.count(QLatin1Char('\n')),
             Rows + 3);
+    }
+
+    void aCommandWaitsForAnotherProgram()
+    {
+        const QStringList rest{ QStringLiteral("--database"), QStringLiteral("my.sqlite"), QStringLiteral("--user"),
+            QStringLiteral("wang") };
+        for (const char* const kind : { "securities", "closes", "accounts", "users", "positions", "plans" }) {
+            const QStringList import{ QStringLiteral("import"), QLatin1String(kind), sample(kind),
+                QStringLiteral("--empty") };
+            QCOMPARE(plandesk(import + rest).code, 0);
+        }
+        Database other;
+        QCOMPARE(other.open(m_folder->filePath(QStringLiteral("my.sqlite"))), Status());
+        QProcess issue;
+        issue.setProgram(QStringLiteral(PLANDESK_PROGRAM));
+        issue.setWorkingDirectory(m_folder->path());
+        issue.setArguments(
+            QStringList{ QStringLiteral("--issue-day"), QStringLiteral("2027-12-20"), QStringLiteral("--simulate") }
+            + rest);
+        const Status held = other.transaction([&issue]() -> Status {
+            constexpr int LongerThanAWindowWaits = 3000;
+            issue.start();
+            return issue.waitForFinished(LongerThanAWindowWaits) ? Error::DatabaseBusy : Error::None;
+        });
+        QCOMPARE(held, Status());
+        QVERIFY(issue.waitForFinished(100000));
+        QCOMPARE(issue.exitCode(), 0);
     }
 
     void theJournalOfADayIsExported()

@@ -349,7 +349,7 @@ private Q_SLOTS:
         Situation situation = sound();
         situation.failure = Error::DatabaseBusy;
         QCOMPARE(verdictOf(advised(situation), QStringLiteral("反向计划")).text,
-            QStringLiteral("数据库正被其他程序占用，请稍后再试"));
+            QStringLiteral("数据库正被其他程序或一次导入占用，请稍后再试"));
     }
 
     void theWorstComesFirst()

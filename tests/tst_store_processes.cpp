@@ -17,7 +17,7 @@ namespace {
 /// The other writer holds the lock, or has changed the shared plan since this one read it.
 bool isOfOtherWriter(const QString& refusal)
 {
-    return refusal.endsWith(QStringLiteral("数据库正被其他程序占用，请稍后再试"))
+    return refusal.endsWith(QStringLiteral("数据库正被其他程序或一次导入占用，请稍后再试"))
         || refusal.endsWith(QStringLiteral("本次修改未保存，请核对后重新提交"));
 }
 

@@ -1975,8 +1975,8 @@
         <translation>The database is not open</translation>
     </message>
     <message>
-        <source>数据库正被其他程序占用，请稍后再试</source>
-        <translation>The database is used by another program, please try again later</translation>
+        <source>数据库正被其他程序或一次导入占用，请稍后再试</source>
+        <translation>The database is used by another program or an import, please try again later</translation>
     </message>
     <message>
         <source>数据库文件只读，无法写入</source>

@@ -91,6 +91,7 @@ Status startSession(const Options& options)
     ClientSession::Options sample;
     sample.marketSize = options.securities;
     sample.isEmpty = options.flags.contains(Flag::Empty);
+    sample.isPatient = !options.wantsWindow() && options.folder.isEmpty();
     SampleProgress progress(options.wantsWindow());
     Status status = ClientSession::instance().open(file, options.user, std::ref(progress), sample);
     return status ? checkSize(options, file) : status;

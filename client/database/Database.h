@@ -42,7 +42,8 @@ public:
     /// open.
     Status setUp(const QString& location);
     /// Called before `open`, lets each call take as long as the server needs; otherwise it fails after a few seconds.
-    void setPatient() { m_isPatient = true; }
+    /// In a file, it waits up to half a minute for the transactions of others; otherwise less than a second.
+    void setPatient(bool isPatient = true) { m_isPatient = isPatient; }
     bool isPatient() const { return m_isPatient; }
     /// Opens the same location again, for example after the connection was lost. The server's former process, which may
     /// not know of the loss yet, is ended, so that nothing is left locked. If it fails, statements fail like those of a

@@ -23,8 +23,9 @@
 
 namespace {
 
-// How long a statement waits for another client's transaction, in milliseconds.
+// How long a statement waits for another client's transaction, in milliseconds: in a window, and in a command.
 constexpr int BusyTimeout = 800;
+constexpr int PatientTimeout = 30000;
 // Between two attempts to start the log of a new file, in milliseconds.
 constexpr int RetryInterval = 10;
 // Pages in memory, in negative KiB.
@@ -131,6 +132,11 @@ Status SqliteEngine::open(QSqlDatabase& connection, const QString& name, const Q
     return m_files.remember(m_connection, location);
 }
 
+int SqliteEngine::busyTimeout() const
+{
+    return m_database.isPatient() ? PatientTimeout : BusyTimeout;
+}
+
 Status SqliteEngine::connect(QSqlDatabase& connection, const QString& name, const QString& fileName)
 {
     if (fileName.isEmpty())
@@ -149,7 +155,7 @@ Status SqliteEngine::connect(QSqlDatabase& connection, const QString& name, cons
     m_fileName = fileName;
     m_connection = *static_cast<sqlite3* const*>(connection.driver()->handle().constData());
     UntrustedFile::restrict(m_connection);
-    m_waits.setLimit(BusyTimeout);
+    m_waits.setLimit(busyTimeout());
     m_waits.apply(m_connection);
     return {};
 }
@@ -354,7 +360,7 @@ void SqliteEngine::prepareWal()
     if ((!isBegun || (m_committed >= TransactionsPerWal && checkpoint())) && startWal())
         m_committed = 0;
     makeRoom();
-    m_waits.setLimit(BusyTimeout);
+    m_waits.setLimit(busyTimeout());
 }
 
 // The next transactions overwrite zeros behind the log: while a file keeps its size, only its contents are flushed. The

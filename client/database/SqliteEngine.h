@@ -33,6 +33,7 @@ public:
     void prepareWal() override;
 
 private:
+    int busyTimeout() const;
     Status connect(QSqlDatabase& connection, const QString& name, const QString& fileName);
     Status inspect();
     Status checkSchema();

@@ -20,7 +20,7 @@ public:
         { Error::None, "" },
         // --- The database
         { Error::DatabaseNotOpen, QT_TR_NOOP("数据库未打开") },
-        { Error::DatabaseBusy, QT_TR_NOOP("数据库正被其他程序占用，请稍后再试") },
+        { Error::DatabaseBusy, QT_TR_NOOP("数据库正被其他程序或一次导入占用，请稍后再试") },
         { Error::DatabaseReadOnly, QT_TR_NOOP("数据库文件只读，无法写入") },
         { Error::DatabaseCorrupt, QT_TR_NOOP("数据库文件已损坏") },
         { Error::DiskFull, QT_TR_NOOP("磁盘空间不足，无法写入数据库") },

@@ -6,6 +6,7 @@
 #include "PlanEvents.h"
 #include "SampleAccounts.h"
 #include "SampleData.h"
+#include "ServerLocation.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -307,6 +308,7 @@ bool ClientSession::askMovingAverages(const QString& symbol)
 Status ClientSession::openFor(
     const QString& file, const QString& userId, const Progress& progress, const Options& options)
 {
+    m_database.setPatient(options.isPatient && !ServerLocation::isServer(file));
     if (Status status = m_database.open(file); !status)
         return status;
     if (Status status = fillNew(userId, progress, options); !status)

@@ -28,6 +28,8 @@ public:
         int marketSize = 0;
         /// Whether a new database gets the user who logs in instead of the sample.
         bool isEmpty = false;
+        /// Whether a file may be waited for while others write, because there is no window that would not react.
+        bool isPatient = false;
     };
     /// Called with the progress of writing the sample data. Returning false stops it, and the session stays closed.
     using Progress = SampleMarket::Progress;

@@ -5,6 +5,7 @@
 #include "ClosureFiles.h"
 #include "ClosureImporter.h"
 #include "ErrorText.h"
+#include "FileTrial.h"
 #include "MasterImporters.h"
 #include "PlanImporter.h"
 #include "ServerLocation.h"
@@ -151,6 +152,24 @@ Status importInto(Database& database, const ImportTask& task, ImportReport& repo
     });
 }
 
+// The file is locked only while changes are made that have been checked. Where others change it all the time, it is
+// locked from the beginning.
+Status importIntoFile(Database& database, const ImportTask& task, ImportReport& report)
+{
+    constexpr int Attempts = 3;
+    const ImportReport before = report;
+    for (int attempt = 0; attempt < Attempts; ++attempt) {
+        report = before;
+        FileTrial trial(database);
+        if (Status status = trial.run([&](Database& copy) { return importInto(copy, task, report); }); !status)
+            return status;
+        if (const std::optional<Status> stored = trial.apply())
+            return *stored;
+    }
+    report = before;
+    return importInto(database, task, report);
+}
+
 Status importAsAdministrator(const ImportTask& task, ImportReport& report)
 {
     Administration administration;
@@ -176,8 +195,10 @@ Status importFile(const ImportTask& task, ImportReport& report)
         return importAsAdministrator(task, report);
     Database database;
     database.setPatient();
-    const Status opened = database.open(task.location);
-    return opened ? importInto(database, task, report) : opened;
+    if (Status status = database.open(task.location); !status)
+        return status;
+    return ServerLocation::isServer(task.location) ? importInto(database, task, report)
+                                                   : importIntoFile(database, task, report);
 }
 
 } // namespace
