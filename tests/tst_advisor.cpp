@@ -383,7 +383,7 @@ private Q_SLOTS:
         const QStringList before = rows("rules");
         const int failed = static_cast<int>(before.filter(QRegularExpression(QStringLiteral("^✗"))).size());
         const int asked = static_cast<int>(before.filter(QRegularExpression(QStringLiteral("^\\?"))).size());
-        QCOMPARE(before.size(), 36);
+        QCOMPARE(before.size(), 42);
         const bool accepts = box != QStringLiteral("msgBoxQuestion");
         const QString seen = boxOf([this] { dialogDriver().confirm(); }, qPrintable(box), accepts);
         QVERIFY2(!seen.isEmpty(), qPrintable(before.join(QLatin1Char('\n'))));
@@ -391,6 +391,42 @@ private Q_SLOTS:
         QCOMPARE(asked > 0, box == QStringLiteral("msgBoxQuestion"));
         if (box == QStringLiteral("msgBoxError"))
             QVERIFY(before.constFirst().startsWith(QStringLiteral("✗ | 计划服务 | ")));
+    }
+
+    void anInputThatCannotBeUsedFails_data()
+    {
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("caption");
+        QTest::addColumn<QString>("field");
+        QTest::newRow("a daily maximum") << QStringLiteral("le_entrustMaxNum") << QStringLiteral("1,5")
+                                         << QStringLiteral("每日的输入") << QStringLiteral("每日最大委托量");
+        QTest::newRow("a target") << QStringLiteral("le_targetTotalNum") << QStringLiteral("1亿2000万")
+                                  << QStringLiteral("目标的输入") << QStringLiteral("目标总量");
+        QTest::newRow("a closed day") << QStringLiteral("le_end") << QStringLiteral("2024-05-11")
+                                      << QStringLiteral("结束日期") << QStringLiteral("结束日期");
+        QTest::newRow("half a date") << QStringLiteral("le_start") << QStringLiteral("2024-05")
+                                     << QStringLiteral("开始日期") << QStringLiteral("开始日期");
+    }
+
+    void anInputThatCannotBeUsedFails()
+    {
+        QFETCH(QString, line);
+        QFETCH(QString, typed);
+        QFETCH(QString, caption);
+        QFETCH(QString, field);
+        openFilled(ordinary());
+        QCOMPARE(rule(caption), QStringLiteral("✓ 通过"));
+        FormDriver driver = dialogDriver();
+        driver.type(qPrintable(line), typed);
+        QVERIFY(QTest::qWaitFor([this] { return panel().isSettled(); }));
+        QVERIFY2(rule(caption).startsWith(QStringLiteral("✗ 未通过：")), qPrintable(rule(caption)));
+        QVERIFY(text("ruleSummary").startsWith(QStringLiteral("未通过")));
+        QVERIFY2(headline().startsWith(field + QStringLiteral("的输入无法使用：")), qPrintable(headline()));
+        QCOMPARE(rows("forecastDays"), QStringList());
+        ::field<QWidget>(*dialogEditor(), "le_remark")->setFocus();
+        click("rules", 1, caption);
+        QVERIFY(::field<QWidget>(*dialogEditor(), qPrintable(line))->hasFocus());
     }
 
     void softRulesOnlyWarn()

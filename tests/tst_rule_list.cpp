@@ -101,6 +101,12 @@ void runAlgorithm(Situation& s)
     s.form.algorithmSide = Algo_Values::AlgoOrderSide::BuyValue;
 }
 
+/// Makes the text of a field one that cannot be used.
+void refuse(Situation& s, const char* field)
+{
+    s.form.refused << RefusedInput{ QLatin1String(field), QString(), QStringLiteral("unreadable") };
+}
+
 void edit(Situation& s)
 {
     s.facts.edited = stored("AP00000001", s.form.side, QStringLiteral("1000"));
@@ -263,6 +269,26 @@ private Q_SLOTS:
         row("a usual security", "证券状态", passed, nothing);
         row("a sale of any security", "证券状态", none, sell);
 
+        row("a target that is understood", "目标的输入", passed, nothing);
+        row("a target that is not", "目标的输入", failed, [](Situation& s) { refuse(s, "le_targetTotalNum"); });
+        row("a daily maximum that is not understood", "每日的输入", failed,
+            [](Situation& s) { refuse(s, "le_entrustMaxNum"); });
+        row("no daily maximum", "每日的输入", passed, [](Situation& s) { s.form.perDay.clear(); });
+        row("a ratio that is not understood", "占比的输入", failed, [](Situation& s) {
+            reduce(s);
+            refuse(s, "le_reduceHRatio");
+        });
+        row("only a reduction has a ratio", "占比的输入", none, nothing);
+        row("a start", "开始日期", passed, nothing);
+        row("a start that is not understood", "开始日期", failed, [](Situation& s) { refuse(s, "le_start"); });
+        row("an end that is not understood", "结束日期", failed, [](Situation& s) { refuse(s, "le_end"); });
+        row("no end", "结束日期", failed, [](Situation& s) { s.form.end = QDate(); });
+        row("a reduction needs no end", "结束日期", none, reduce);
+        row("a reduction without a date", "单个日期", failed, [](Situation& s) {
+            reduce(s);
+            s.form.begin = QDate();
+        });
+
         row("a plan that the service accepts", "计划服务", passed, nothing);
         row("a plan that the form refuses", "计划服务", none, [](Situation& s) { s.form.target.clear(); });
         row("a plan without rights", "计划服务", failed, [](Situation& s) { s.facts.rights.order.authority = false; });
@@ -359,7 +385,7 @@ private Q_SLOTS:
         situation.form.target = QStringLiteral("1050");
         const auto rules = RuleList::of(advised(situation));
         const AdvisorRows rows = RuleList::rows(rules);
-        QCOMPARE(rows.size(), 36);
+        QCOMPARE(rows.size(), 42);
         const QStringList failed{ QStringLiteral("✗"), QStringLiteral("价格"), QStringLiteral("未通过：必填") };
         QCOMPARE(rows.constFirst().cells, failed);
         QCOMPARE(rows.constFirst().key, QStringLiteral("lineEdit_price1"));

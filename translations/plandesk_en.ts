@@ -694,6 +694,30 @@
         <source>%1 起</source>
         <translation>from %1</translation>
     </message>
+    <message>
+        <source>目标的输入</source>
+        <translation>Target as typed</translation>
+    </message>
+    <message>
+        <source>每日的输入</source>
+        <translation>Per day as typed</translation>
+    </message>
+    <message>
+        <source>占比的输入</source>
+        <translation>Ratio as typed</translation>
+    </message>
+    <message>
+        <source>开始日期</source>
+        <translation>Start date</translation>
+    </message>
+    <message>
+        <source>结束日期</source>
+        <translation>End date</translation>
+    </message>
+    <message>
+        <source>单个日期</source>
+        <translation>Date</translation>
+    </message>
 </context>
 <context>
     <name>AdvisorPanel</name>

@@ -113,6 +113,8 @@ Result<PlanForecast> AdvisedPlan::forecastOf() const
         return terms.status();
     if (!price)
         return price.status();
+    if (!form.refused.isEmpty())
+        return { Error::InputRefused, { form.refused.constFirst().caption, form.refused.constFirst().reason } };
     if (!form.begin.isValid() || !form.lastDay().isValid())
         return { Error::InvalidDate, { QStringLiteral(QT_TRANSLATE_NOOP("Caption", "日期")) } };
     const QDate next = facts().isIssuedToday ? world.today.addDays(1) : world.today;

@@ -4,6 +4,7 @@
 #include "Algo_Fields.h"
 #include "AutoPlanField.h"
 #include "EntrustTypes.h"
+#include "FieldMark.h"
 #include "InstructionTargetType.h"
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
@@ -110,6 +111,17 @@ void readDates(const QWidget& form, FormReading& reading)
     }
 }
 
+void readRefused(const QWidget& form, FormReading& reading)
+{
+    for (const char* const name :
+        { "le_targetTotalNum", "le_entrustMaxNum", "le_reduceHRatio", "le_start", "le_end", "le_date" }) {
+        const auto* const field = find<QWidget>(form, name);
+        const QString reason = field && field->isVisibleTo(&form) ? FieldMark::refusedInput(field) : QString();
+        if (!reason.isEmpty())
+            reading.refused << RefusedInput{ QLatin1String(name), field->accessibleName(), reason };
+    }
+}
+
 void readAlgorithm(const QWidget& form, FormReading& reading)
 {
     const auto* const panel = form.findChild<const ParamListWidget_single*>();
@@ -171,7 +183,8 @@ auto values(const FormReading& form)
     return std::tie(form.account, form.instructionType, form.targetType, form.planType, form.symbol, form.side,
         form.priceType, form.entrustType, form.priceMode, form.price1, form.price2, form.target, form.perDay,
         form.ratio, form.instructionMode, form.algorithm, form.algorithmAccount, form.algorithmSide, form.assignee,
-        form.reductionMode, form.begin, form.end, form.remark, form.hasPerDay, form.hasPrice2, form.hasSteps);
+        form.reductionMode, form.begin, form.end, form.remark, form.refused, form.hasPerDay, form.hasPrice2,
+        form.hasSteps);
 }
 
 } // namespace
@@ -182,6 +195,7 @@ FormReading FormReading::of(const QWidget& form)
     readBoxes(form, reading);
     readTexts(form, reading);
     readDates(form, reading);
+    readRefused(form, reading);
     readAlgorithm(form, reading);
     return reading;
 }

@@ -5,9 +5,19 @@
 
 #include <QDate>
 #include <QString>
+#include <QVector>
 #include <QWidget>
 
 struct StoredAccount;
+
+/// A field whose text cannot be used, and why.
+struct RefusedInput {
+    QString field; ///< its object name
+    QString caption;
+    QString reason;
+
+    bool operator==(const RefusedInput& other) const { return field == other.field && reason == other.reason; }
+};
 
 /// The values of the plan editor's form at one moment: codes of the boxes' items, and texts for all other fields.
 struct FormReading {
@@ -34,6 +44,7 @@ struct FormReading {
     QDate begin;
     QDate end; ///< invalid for a plan with a single date
     QString remark;
+    QVector<RefusedInput> refused; ///< these fields have no value
     bool hasPerDay = true;
     bool hasPrice2 = false;
     bool hasSteps = false;

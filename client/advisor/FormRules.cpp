@@ -221,6 +221,52 @@ Verdict securityIsNormal(const AdvisedPlan& plan)
     return plan.security->stFlag == Orlo_Values::StFlag::Normal ? passed() : asked(plan.security->stText);
 }
 
+/// A text that the window refuses counts as no value.
+Verdict isUnderstood(const AdvisedPlan& plan, const char* field)
+{
+    for (const RefusedInput& input : plan.form.refused) {
+        if (input.field == QLatin1String(field))
+            return failed(input.reason);
+    }
+    return passed();
+}
+
+Verdict isDate(const AdvisedPlan& plan, const char* field, const QDate& date)
+{
+    const Verdict verdict = isUnderstood(plan, field);
+    return verdict.kind == Verdict::Passed ? requires(date.isValid()) : verdict;
+}
+
+Verdict targetIsUnderstood(const AdvisedPlan& plan)
+{
+    return isUnderstood(plan, "le_targetTotalNum");
+}
+
+Verdict dailyQuantityIsUnderstood(const AdvisedPlan& plan)
+{
+    return plan.form.hasPerDay ? isUnderstood(plan, "le_entrustMaxNum") : notApplicable();
+}
+
+Verdict ratioIsUnderstood(const AdvisedPlan& plan)
+{
+    return plan.form.isReduction() ? isUnderstood(plan, "le_reduceHRatio") : notApplicable();
+}
+
+Verdict beginIsDate(const AdvisedPlan& plan)
+{
+    return plan.form.isReduction() ? notApplicable() : isDate(plan, "le_start", plan.form.begin);
+}
+
+Verdict endIsDate(const AdvisedPlan& plan)
+{
+    return plan.form.isReduction() ? notApplicable() : isDate(plan, "le_end", plan.form.end);
+}
+
+Verdict singleDateIsDate(const AdvisedPlan& plan)
+{
+    return plan.form.isReduction() ? isDate(plan, "le_date", plan.form.begin) : notApplicable();
+}
+
 } // namespace
 
 const QVector<Rule>& formRules()
@@ -250,6 +296,13 @@ const QVector<Rule>& formRules()
         { "le_entrustMaxNum", QT_TRANSLATE_NOOP("Advisor", "每日的每手"), dailyQuantityFitsStep },
         { "le_targetTotalNum", QT_TRANSLATE_NOOP("Advisor", "持仓可用"), holdingsCoverTarget },
         { "le_symbol", QT_TRANSLATE_NOOP("Advisor", "证券状态"), securityIsNormal },
+        // The window checks these after the editor's rules.
+        { "le_targetTotalNum", QT_TRANSLATE_NOOP("Advisor", "目标的输入"), targetIsUnderstood },
+        { "le_entrustMaxNum", QT_TRANSLATE_NOOP("Advisor", "每日的输入"), dailyQuantityIsUnderstood },
+        { "le_reduceHRatio", QT_TRANSLATE_NOOP("Advisor", "占比的输入"), ratioIsUnderstood },
+        { "le_start", QT_TRANSLATE_NOOP("Advisor", "开始日期"), beginIsDate },
+        { "le_end", QT_TRANSLATE_NOOP("Advisor", "结束日期"), endIsDate },
+        { "le_date", QT_TRANSLATE_NOOP("Advisor", "单个日期"), singleDateIsDate },
     };
     return rules;
 }
