@@ -36,6 +36,15 @@ int PQsendQuery(PGconn* connection, const char* statement)
     return real(connection, statement);
 }
 
+/// Notes the statement as well.
+int PQsendQueryPrepared(PGconn* connection, const char* statement, int count, const char* const* values,
+    const int* lengths, const int* formats, int resultFormat)
+{
+    static const auto real = reinterpret_cast<decltype(&PQsendQueryPrepared)>(dlsym(RTLD_NEXT, "PQsendQueryPrepared"));
+    sent << QString::fromUtf8(statement);
+    return real(connection, statement, count, values, lengths, formats, resultFormat);
+}
+
 /// Counts the answers that were taken to their end.
 PGresult* PQgetResult(PGconn* connection)
 {
@@ -133,7 +142,7 @@ private Q_SLOTS:
         QCOMPARE(pings, before);
     }
 
-    // It is stored by one message, which also notifies.
+    // It is stored in one round trip, which also notifies.
     void aNewPlanOfAnotherClientIsNoticed()
     {
         openOnPlan();
@@ -149,17 +158,53 @@ private Q_SLOTS:
     {
         openOnPlan();
         QSignalSpy changed(&PlanEvents::instance(), &PlanEvents::plansChanged);
-        PGconn* const other = PQconnectdb(session().ownersFile().toUtf8().constData());
-        PQclear(PQexec(other, "SET plandesk.notifies = 'after commit'"));
-        QCOMPARE(PQsendQuery(other,
-                     "BEGIN; UPDATE plandesk.plans SET version = version + 1; COMMIT;"
-                     " SELECT plandesk.notify_of_changes()"),
-            1);
-        PQfinish(other);
+        QCOMPARE(PQsendQuery(newConnection().get(), ChangeAndNotice), 1);
         QVERIFY(changed.wait());
     }
 
+    // While one notice waits, it stands for those that come meanwhile.
+    void aNoticeThatWaitsIsThatOfOthersToo()
+    {
+        openOnPlan();
+        QSignalSpy changed(&PlanEvents::instance(), &PlanEvents::plansChanged);
+        const Connection holder = newConnection();
+        QVERIFY(run(holder, "SELECT pg_advisory_lock(20715)"));
+        const Connection waiting = newConnection();
+        QCOMPARE(PQsendQuery(waiting.get(), ChangeAndNotice), 1);
+        QTRY_VERIFY(run(holder,
+            "SELECT 1 / count(*) FROM pg_locks JOIN pg_database ON database = pg_database.oid"
+            " WHERE datname = current_database() AND objid = 20715 AND NOT granted"));
+        const Connection later = newConnection();
+        QVERIFY(run(later, ChangeAndNotice));
+        QVERIFY(!changed.wait(200));
+        QVERIFY(run(holder, "SELECT pg_advisory_unlock(20715)"));
+        QVERIFY(changed.wait());
+        // Nothing is left locked.
+        QVERIFY(run(holder, "SET lock_timeout = 1000; SELECT pg_advisory_lock(20714)"));
+    }
+
 private:
+    using Connection = std::unique_ptr<PGconn, void (*)(PGconn*)>;
+
+    static constexpr const char* ChangeAndNotice =
+        "BEGIN; UPDATE plandesk.plans SET version = version + 1; COMMIT; SELECT plandesk.notify_of_changes()";
+
+    Connection newConnection()
+    {
+        Connection connection(PQconnectdb(session().ownersFile().toUtf8().constData()), PQfinish);
+        run(connection, "SET plandesk.notifies = 'after commit'");
+        return connection;
+    }
+
+    /// Whether all statements could be run.
+    static bool run(const Connection& connection, const char* statements)
+    {
+        PGresult* const result = PQexec(connection.get(), statements);
+        const bool isDone = PQresultStatus(result) == PGRES_COMMAND_OK || PQresultStatus(result) == PGRES_TUPLES_OK;
+        PQclear(result);
+        return isDone;
+    }
+
     void openOnPlan()
     {
         createSamples(1);

@@ -46,9 +46,10 @@ private:
 };
 
 /// Others change the connection or the schema, and cannot be prepared by all engines.
-bool isPrepared(const QString& statement, const QVariantList& values)
+bool isPrepared(const QString& statement, const QVariantList& values, const SqlDialect& dialect)
 {
-    return !values.isEmpty() || statement.startsWith(QLatin1String("SELECT "))
+    const bool isLocalFrame = dialect.isLocal && (statement == dialect.begin || statement == dialect.commit);
+    return isLocalFrame || !values.isEmpty() || statement.startsWith(QLatin1String("SELECT "))
         || statement.startsWith(QLatin1String("INSERT ")) || statement.startsWith(QLatin1String("UPDATE "))
         || statement.startsWith(QLatin1String("DELETE "));
 }
@@ -313,7 +314,7 @@ Status Database::run(const QString& statement, const QVariantList& values, const
     if (!isOpen())
         return notOpen();
     std::shared_ptr<QSqlQuery> query = m_prepared.take(statement);
-    const bool prepares = isPrepared(statement, values);
+    const bool prepares = isPrepared(statement, values, dialect());
     bool done = true;
     bool isReady = prepares;
     {

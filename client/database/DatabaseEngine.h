@@ -71,8 +71,8 @@ public:
     /// Whether rows are read one by one. Otherwise other statements may run meanwhile.
     virtual bool streamsRows() const = 0;
     virtual std::unique_ptr<EngineRows> rows(const QString& statement) = 0;
-    /// Runs a statement that returns the number of its new row as a transaction of its own, in one message. Returns 0
-    /// if there is no row. Only for engines whose changes nest.
+    /// Runs a statement that returns the number of its new row as a transaction of its own, in one round trip. Returns
+    /// 0 if there is no row. Only for engines whose changes nest.
     virtual Result<qint64> insertAlone(const QString& statement, const QVariantList& values)
     {
         Q_UNUSED(statement);

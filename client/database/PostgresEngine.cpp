@@ -67,6 +67,26 @@ private:
     int m_row = -1;
 };
 
+/// The values of a prepared statement as libpq takes them.
+class Parameters {
+public:
+    explicit Parameters(const QVariantList& values)
+    {
+        for (const QVariant& value : values) {
+            const bool isNull = value.isNull() && value.userType() != QMetaType::QString;
+            m_bytes << (isNull ? QByteArray() : value.toString().toUtf8());
+            m_texts << (isNull ? nullptr : m_bytes.constLast().constData());
+        }
+    }
+
+    int count() const { return m_texts.size(); }
+    const char* const* texts() const { return m_texts.constData(); }
+
+private:
+    QVector<QByteArray> m_bytes;
+    QVector<const char*> m_texts;
+};
+
 /// libpq's connection of a driver; null before there is one.
 PGconn* handleOf(const QSqlDriver& driver)
 {
@@ -154,6 +174,8 @@ Status PostgresEngine::prepareConnection()
                        " set_config('search_path', 'plandesk', false), set_config('statement_timeout', '%1', false),"
                        " set_config('lock_timeout', '%2', false),"
                        " set_config('idle_in_transaction_session_timeout', '%3', false),"
+                       " set_config('default_transaction_isolation', 'read committed', false),"
+                       " set_config('default_transaction_read_only', 'off', false),"
                        " set_config('plandesk.notifies', 'after commit', false)")
             .arg(LongestStatement)
             .arg(LongestLock)
@@ -239,22 +261,40 @@ std::unique_ptr<EngineRows> PostgresEngine::rows(const QString& statement)
     return rows;
 }
 
-// The messages that Qt sends for a prepared statement and its transaction would each wait for an answer.
+// The messages that Qt sends for a prepared statement and its transaction would each wait for an answer. Each part of a
+// pipeline is a transaction: the statement is answered when it is stored, and the server notifies after that, even if
+// the client ends. The answer to the notice is taken before the next statement, like that to a ping.
 Result<qint64> PostgresEngine::insertAlone(const QString& statement, const QVariantList& values)
 {
     const Result<QString> name = prepared(statement);
     if (!name)
         return name.status();
-    QStringList literals;
-    for (const QVariant& value : values)
-        literals << literal(value);
-    QSqlQuery query(m_driver->createResult());
-    bool done = query.exec(dialect().begin + QStringLiteral(";EXECUTE ") + *name + QLatin1Char('(')
-        + literals.join(QLatin1Char(',')) + QStringLiteral(");") + dialect().commit);
-    done = done && query.nextResult();
-    const qint64 number = done && query.next() ? query.value(0).toLongLong() : 0;
-    done = done && query.nextResult();
-    return done ? Result<qint64>(number) : failure(query.lastError());
+    const Parameters parameters(values);
+    PQenterPipelineMode(m_connection);
+    PQsendQueryPrepared(
+        m_connection, name->toLatin1().constData(), parameters.count(), parameters.texts(), nullptr, nullptr, 0);
+    PQpipelineSync(m_connection);
+    PQsendQueryParams(m_connection, "SELECT plandesk.notify_of_changes()", 0, nullptr, nullptr, nullptr, nullptr, 0);
+    PQpipelineSync(m_connection);
+    m_ping.start();
+    return storedNumber();
+}
+
+/// The number that the first part of a pipeline returns; 0 if there is no row.
+Result<qint64> PostgresEngine::storedNumber()
+{
+    Result<qint64> number = 0;
+    while (PQstatus(m_connection) == CONNECTION_OK) {
+        const Answer answer(PQgetResult(m_connection));
+        const ExecStatusType state = PQresultStatus(answer.get());
+        if (state == PGRES_PIPELINE_SYNC)
+            return number;
+        if (state == PGRES_TUPLES_OK && PQntuples(answer.get()) > 0)
+            number = QByteArray(PQgetvalue(answer.get(), 0, 0)).toLongLong();
+        else if (answer && state != PGRES_TUPLES_OK)
+            number = PostgresStatus::of(m_connection, answer.get());
+    }
+    return Error::ConnectionLost;
 }
 
 /// The name of a prepared statement, whose placeholders are numbered.
@@ -273,17 +313,6 @@ Result<QString> PostgresEngine::prepared(const QString& statement)
         return failure(query.lastError());
     m_prepared.insert(statement, name);
     return name;
-}
-
-QString PostgresEngine::literal(const QVariant& value) const
-{
-    const bool isText = value.userType() == QMetaType::QString;
-    if (value.isNull() && !isText)
-        return QStringLiteral("NULL");
-    const QByteArray text = value.toString().toUtf8();
-    const std::unique_ptr<char, void (*)(void*)> quoted(
-        PQescapeLiteral(m_connection, text.constData(), static_cast<size_t>(text.size())), PQfreemem);
-    return QString::fromUtf8(quoted.get());
 }
 
 Status PostgresEngine::failure(const QSqlError& error)
@@ -373,9 +402,16 @@ void PostgresEngine::finishPing()
 {
     if (!m_ping.isValid())
         return;
-    const StallGuard::Call call(m_socket, std::chrono::milliseconds(qMax<qint64>(0, LongestPing - m_ping.elapsed())));
-    while (PGresult* const answer = PQgetResult(m_connection))
-        PQclear(answer);
+    // A connection that nothing watches takes the answer to a notice only now.
+    const bool isNotice = PQpipelineStatus(m_connection) != PQ_PIPELINE_OFF;
+    const qint64 left = isNotice ? LongestPing : qMax<qint64>(0, LongestPing - m_ping.elapsed());
+    const StallGuard::Call call(m_socket, std::chrono::milliseconds(left));
+    while (PQstatus(m_connection) == CONNECTION_OK) {
+        const Answer answer(PQgetResult(m_connection));
+        if (isNotice ? PQresultStatus(answer.get()) == PGRES_PIPELINE_SYNC : !answer)
+            break;
+    }
+    PQexitPipelineMode(m_connection);
     m_ping.invalidate();
 }
 

@@ -50,7 +50,7 @@ private:
     Status applyMigrations();
     Status migrate(const Migration& migration);
     Result<QString> prepared(const QString& statement);
-    QString literal(const QVariant& value) const;
+    Result<qint64> storedNumber();
     void noticeLater();
     void finishPing();
     void takeNotifier(QSocketNotifier* notifier);
