@@ -321,7 +321,8 @@ END $$
 )";
 
 // The server commits transactions with a notice one after the other, each with a flush of its log. Clients that say so
-// notify after their COMMIT, in the same message, so that the server does it even if the client ends.
+// notify after their COMMIT, in the same message, so that the server does it even if the client ends. Even without a
+// flush, many that notify would wait for each other.
 const char* const LaterNotices = R"(
 CREATE OR REPLACE FUNCTION notify_clients() RETURNS trigger LANGUAGE plpgsql AS $$
 BEGIN
@@ -336,7 +337,18 @@ CREATE FUNCTION notify_of_changes() RETURNS void LANGUAGE plpgsql AS $$
 BEGIN
     IF current_setting('plandesk.has_changed', true) = 'true' THEN
         PERFORM set_config('plandesk.has_changed', '', false);
-        PERFORM pg_catalog.pg_notify('plandesk', '');
+        -- One notifies, and one waits for it. The notice of who waits is sent after the changes of those who come
+        -- meanwhile, which are committed already.
+        IF pg_try_advisory_lock(20714) THEN
+            BEGIN
+                PERFORM pg_advisory_xact_lock(20715);
+            EXCEPTION WHEN query_canceled OR OTHERS THEN
+                PERFORM pg_advisory_unlock(20714);
+                RAISE;
+            END;
+            PERFORM pg_advisory_unlock(20714);
+            PERFORM pg_catalog.pg_notify('plandesk', '');
+        END IF;
     END IF;
 END $$
 )";
