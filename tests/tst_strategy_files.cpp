@@ -283,6 +283,46 @@ private Q_SLOTS:
             isKnown ? Status() : StrategyRemarks::inLine(3, { Error::UnknownTimeZone, { zone } }));
     }
 
+    void whatTheSchemaAllowsIsRead_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("stored");
+        const auto row = [](const char* name, const QString& given, const QString& shown, const char* stored) {
+            QTest::newRow(name) << parts(given, shown) << QString::fromLatin1(stored);
+        };
+        const auto start = [](const char* kind, const char* value = "") {
+            return control(type(kind) + QStringLiteral(" initValue=\"%1\"").arg(QLatin1String(value)));
+        };
+        const QString text = parameter(type("String_t"));
+        const QString listed = parameter(type("Int_t"),
+            QStringLiteral("<EnumPair enumID=\"one\" wireValue=\"1\"/><EnumPair enumID=\"none\" wireValue=\"{NULL}\"/>"
+                           "<EnumPair enumID=\"1\" wireValue=\"10\"/>"));
+        row("a label of a parameter", text, start("lay:Label_t", "x"), "x");
+        row("a hidden id", listed, start("lay:HiddenField_t", "one"), "1");
+        row("a hidden id that sends nothing", listed, start("lay:HiddenField_t", "none"), "");
+        row("an id goes before a value", listed, start("lay:HiddenField_t", "1"), "10");
+        row("a spinner over listed numbers", listed, start("lay:SingleSpinner_t", "one"), "1");
+        row("a drop-down list without entries", text, start("lay:DropDownList_t"), "");
+        row("a list without entries", text, start("lay:SingleSelectList_t"), "");
+        row("radio buttons without entries", text, start("lay:RadioButtonList_t"), "");
+        row("a slider of a text", text, start("lay:Slider_t", "1"), "1");
+        row("limits finer than the precision",
+            parameter(type("Float_t") + QStringLiteral(" precision=\"0\" minValue=\"-1.5\" maxValue=\"+1.5\"")),
+            start("lay:SingleSpinner_t", "-.5"), "-1");
+        row("a constant finer than the precision",
+            parameter(type("Float_t") + QStringLiteral(" precision=\"1\" constValue=\"1.25\"")), {}, "1.3");
+    }
+
+    void whatTheSchemaAllowsIsRead()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, stored);
+        const ReadStrategy strategy = read(text).strategies.value(0);
+        QCOMPARE(strategy.remarks.refusal, Status());
+        QVERIFY(strategy.isUsable());
+        QCOMPARE(ControlValue::defaults(strategy.definition).value(QStringLiteral("P")), stored);
+    }
+
     /// Files as they are used: other prefixes, declarations inside, a byte order mark, schema locations.
     void theSameFileIsReadInOtherClothes()
     {

@@ -213,6 +213,17 @@ private Q_SLOTS:
         QCOMPARE(value(), QStringLiteral("hidden"));
     }
 
+    void aLabelOfAParameterShowsItsValue()
+    {
+        open(definitionOf(
+            parts(parameter(type("Percentage_t")), control(type("lay:Label_t") + xml(" initValue='0.25'")))));
+        QCOMPARE(input<QLabel>("input_P")->text(), QStringLiteral("25"));
+        QCOMPARE(value(), QStringLiteral("0.25"));
+        m_form->setValues({ { QStringLiteral("P"), QStringLiteral("0.5") } });
+        QCOMPARE(input<QLabel>("input_P")->text(), QStringLiteral("50"));
+        QCOMPARE(m_form->check().status, Status());
+    }
+
     void aControlStartsWithAFieldOfTheOrder()
     {
         open(definitionOf(parts(parameter(type("String_t")),

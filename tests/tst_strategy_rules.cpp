@@ -332,6 +332,25 @@ private Q_SLOTS:
         QVERIFY(!panel.isEnabled(3));
     }
 
+    void aListWithoutIdsServesRules()
+    {
+        const QString list = xml("<lay:Control ID='l' xsi:type='lay:CheckBoxList_t' initValue='Two words'>"
+                                 "<lay:ListItem uiRep='One'/><lay:ListItem uiRep='Two words'/></lay:Control>");
+        const StrategyDefinition strategy = definitionOf(parts({},
+            list
+                + field(
+                    "a", qPrintable(rule("enabled='true'", "<val:Edit field='l' operator='EQ' value='Two words'/>")))
+                + field("b",
+                    qPrintable(rule("enabled='true'", "<val:Edit field='l' operator='EQ' value='Two words,One'/>")))));
+        PanelState panel(strategy);
+        QCOMPARE(strategy.controls.at(0).items.at(1).text, QStringLiteral("Two words"));
+        QVERIFY(panel.isEnabled(1));
+        QVERIFY(!panel.isEnabled(2));
+        panel.enter(0, QStringLiteral("One ") + strategy.controls.at(0).items.at(1).id);
+        QVERIFY(!panel.isEnabled(1));
+        QVERIFY(panel.isEnabled(2));
+    }
+
     void oneButtonOfAGroupIsChecked()
     {
         const auto radio = [](const char* id, const char* checked, const char* more) {

@@ -3394,6 +3394,10 @@
         <source>、</source>
         <translation>, </translation>
     </message>
+    <message>
+        <source>必填参数%1的列表没有可选项</source>
+        <translation>The list of the required parameter %1 has no entries</translation>
+    </message>
 </context>
 <context>
     <name>FormDraft</name>

@@ -86,7 +86,9 @@ void makeLabel(ControlInput& input, const StrategyControl& control, QWidget* par
     input.widget = label;
     const QString value = control.initialValue;
     input.value = [value] { return value; };
-    input.setValue = [label, own = control.label](const QString& text) { label->setText(text.isEmpty() ? own : text); };
+    input.setValue = [label, own = control.label, parameter = input.parameter](const QString& text) {
+        label->setText(text.isEmpty() ? own : ParameterValue::shown(parameter, text));
+    };
     input.setValue(value);
 }
 

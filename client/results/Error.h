@@ -292,6 +292,7 @@ enum class Error {
     ParameterOfData,         ///< parameter
     ParameterOfPlan,         ///< parameter, FIX tag
     ParameterWithoutControl, ///< parameter
+    ListWithoutEntries,      ///< parameter
     InvertedWithoutValues,   ///< parameter
     OtherMessage,            ///< message type
     SeveralOrders,           ///< attribute

@@ -312,6 +312,7 @@ public:
         { Error::ParameterOfData, QT_TR_NOOP("参数%1是二进制数据，无法填写") },
         { Error::ParameterOfPlan, QT_TR_NOOP("参数%1是FIX字段%2，由计划自己填写") },
         { Error::ParameterWithoutControl, QT_TR_NOOP("必填参数%1既没有控件也没有constValue") },
+        { Error::ListWithoutEntries, QT_TR_NOOP("必填参数%1的列表没有可选项") },
         { Error::InvertedWithoutValues, QT_TR_NOOP("参数%1没有EnumPair，invertOnWire无法取反") },
         { Error::OtherMessage, QT_TR_NOOP("fixMsgType为%1，计划只发出单笔委托（D）") },
         { Error::SeveralOrders, QT_TR_NOOP("属性%1大于1，计划只有一只证券") },

@@ -23,7 +23,6 @@ bool fits(const StrategyControl& control, const StrategyParameter& parameter)
 {
     switch (control.type) {
     case ControlType::Label:
-        return false;
     case ControlType::TextField:
     case ControlType::HiddenField:
         return true;
@@ -32,7 +31,7 @@ bool fits(const StrategyControl& control, const StrategyParameter& parameter)
         return fitsButton(control, parameter);
     case ControlType::SingleSpinner:
     case ControlType::DoubleSpinner:
-        return parameter.values.isEmpty() && (ParameterTypes::isNumber(parameter.type) || isText(parameter));
+        return ParameterTypes::isNumber(parameter.type) || (parameter.values.isEmpty() && isText(parameter));
     case ControlType::Clock:
         return parameter.values.isEmpty()
             && (ParameterTypes::isTime(parameter.type) || ParameterTypes::hasDate(parameter.type) || isText(parameter));
@@ -40,9 +39,9 @@ bool fits(const StrategyControl& control, const StrategyParameter& parameter)
     case ControlType::CheckBoxList:
         return ParameterTypes::isList(parameter.type) || parameter.type == ParameterType::String;
     case ControlType::Slider:
-        return !control.items.isEmpty() || ParameterTypes::isNumber(parameter.type);
+        return !control.items.isEmpty() || ParameterTypes::isNumber(parameter.type) || isText(parameter);
     default:
-        return !control.items.isEmpty() || control.type == ControlType::EditableDropDownList;
+        return true;
     }
 }
 
@@ -114,10 +113,15 @@ Status checkParameterOf(const StrategyControl& control, const StrategyParameter*
 /// A list without entries of its own offers the values of its parameter.
 void completeItems(StrategyControl& control, const StrategyParameter* parameter, StrategyRemarks& remarks)
 {
-    const bool isList = control.takesItems() && control.type != ControlType::EditableDropDownList;
-    if (!isList || !control.items.isEmpty() || !parameter || parameter->values.isEmpty())
+    const bool hasValues = parameter && !parameter->values.isEmpty();
+    const bool needsItems = control.isClosedList() || (control.type == ControlType::Slider && hasValues);
+    if (!needsItems || !control.items.isEmpty())
         return;
+    if (!hasValues && parameter && parameter->required)
+        remarks.hinder(control.line, { Error::ListWithoutEntries, { parameter->name } });
     remarks.warn(control.line, { Error::ElementExpected, { QStringLiteral("Control"), QStringLiteral("ListItem") } });
+    if (!hasValues)
+        return;
     for (const EnumeratedValue& value : parameter->values)
         control.items.append({ value.id, value.id });
 }
@@ -138,7 +142,9 @@ void connectParameter(const StrategyControl& control, StrategyParameter& paramet
 
 void convertDefault(StrategyControl& control, const StrategyParameter* parameter, StrategyRemarks& remarks)
 {
-    const Result<QString> value = ControlValue::read(control, parameter, control.initialValue);
+    const QString meant = ControlValue::meantBy(control, parameter, control.initialValue);
+    remarks.warnTakenAs(control.line, "initValue", control.initialValue, meant);
+    const Result<QString> value = ControlValue::read(control, parameter, meant);
     if (!value)
         return remarks.refuse(
             control.line, { Error::InvalidDefault, { control.id, control.initialValue.left(64) }, value.status() });

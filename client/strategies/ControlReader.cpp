@@ -123,15 +123,15 @@ void readDirection(StrategyControl& control, ElementReader& reader)
     reader.ignoreOfOtherType("orientation");
 }
 
-EnumeratedValue readListItem(const StrategyElement& element, StrategyRemarks& remarks)
+EnumeratedValue readListItem(const StrategyElement& element, bool isMultiple, StrategyRemarks& remarks)
 {
     ElementReader reader(element, remarks);
     EnumeratedValue item;
     item.id = reader.checkedName("enumID", reader.text("enumID"));
     item.text = reader.expected("uiRep").simplified();
-    // A list without a parameter needs no ids.
+    // A list without a parameter needs no ids. Several ids are separated by spaces.
     if (item.id.isEmpty())
-        item.id = item.text;
+        item.id = isMultiple ? QString(item.text).replace(QLatin1Char(' '), QChar::Nbsp) : item.text;
     if (item.text.isEmpty())
         item.text = item.id;
     reader.finish();
@@ -143,7 +143,7 @@ EnumeratedValue readListItem(const StrategyElement& element, StrategyRemarks& re
 void readChild(StrategyControl& control, const StrategyElement& child, StrategyRemarks& remarks)
 {
     if (child.name == QLatin1String("ListItem"))
-        control.items.append(readListItem(child, remarks));
+        control.items.append(readListItem(child, control.isMultiple(), remarks));
     else if (child.name == QLatin1String("HelpText"))
         control.helpText = ElementContents::textOf(child, remarks);
     else if (child.name != QLatin1String("StateRule"))

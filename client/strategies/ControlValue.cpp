@@ -4,6 +4,8 @@
 #include "ParameterTypes.h"
 #include "ParameterValue.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 
 namespace {
@@ -34,13 +36,44 @@ Result<QString> readButton(const StrategyControl& control, const QString& text)
 
 Result<QString> readItems(const StrategyControl& control, const QString& text)
 {
-    const QStringList ids = control.isMultiple() ? text.simplified().split(Space) : QStringList{ text };
+    const QStringList ids = control.isMultiple() ? text.split(Space, Qt::SkipEmptyParts) : QStringList{ text };
     const bool isKnown = std::all_of(ids.cbegin(), ids.cend(), [&](const QString& id) { return hasItem(control, id); });
     if (isKnown)
         return ids.join(Space);
     if (control.type == ControlType::EditableDropDownList)
         return text;
     return Error::ValueNotListed;
+}
+
+/// The id of the entry with an id, a wire value or a shown text; empty if there is none.
+QString idOfEntry(const StrategyControl& control, const StrategyParameter* parameter, const QString& text)
+{
+    if (hasItem(control, text))
+        return text;
+    for (const EnumeratedValue& item : control.items) {
+        const EnumeratedValue* const value = parameter ? parameter->valueOf(item.id) : nullptr;
+        if (value && !text.isEmpty() && value->text == text)
+            return item.id;
+    }
+    for (const EnumeratedValue& item : control.items) {
+        if (item.text == text)
+            return item.id;
+    }
+    return {};
+}
+
+QString itemsMeant(const StrategyControl& control, const StrategyParameter* parameter, const QString& text)
+{
+    static const QRegularExpression comma(QStringLiteral("[,;]"));
+    static const QRegularExpression blank(QStringLiteral("\\s"));
+    QStringList ids{ idOfEntry(control, parameter, text) };
+    if (ids.constFirst().isEmpty() && control.isMultiple()) {
+        ids.clear();
+        const QStringList words = text.split(text.contains(comma) ? comma : blank, Qt::SkipEmptyParts);
+        for (const QString& word : words)
+            ids.append(idOfEntry(control, parameter, word.trimmed()));
+    }
+    return ids.contains(QString()) ? text : ids.join(Space);
 }
 
 Result<QString> readClock(const StrategyControl& control, const StrategyParameter* parameter, const QString& text)
@@ -119,6 +152,22 @@ bool ControlValue::isNumber(const StrategyControl& control, const StrategyParame
     return parameter && parameter->values.isEmpty() && ParameterTypes::isNumber(parameter->type);
 }
 
+QString ControlValue::meantBy(const StrategyControl& control, const StrategyParameter* parameter, const QString& text)
+{
+    if (text.isEmpty() || text == NullValue)
+        return text;
+    if (control.choosesItems())
+        return itemsMeant(control, parameter, text);
+    if (!control.isButton() || readButton(control, text))
+        return text;
+    const StrategyParameter usual = parameter ? *parameter : StrategyParameter();
+    for (const bool isChecked : { true, false }) {
+        if (text == buttonToParameter(control, usual, isChecked))
+            return isChecked ? Yes : No;
+    }
+    return text;
+}
+
 Result<QString> ControlValue::read(
     const StrategyControl& control, const StrategyParameter* parameter, const QString& text)
 {
@@ -126,13 +175,15 @@ Result<QString> ControlValue::read(
         return QString();
     if (control.isButton())
         return readButton(control, text);
-    if (control.choosesItems())
+    if (control.choosesItems() || control.isClosedList())
         return readItems(control, text);
     if (control.type == ControlType::Clock)
         return readClock(control, parameter, text);
-    if (!isNumber(control, parameter))
-        return text;
-    const std::optional<QString> number = ParameterValue::decimalOf(text);
+    const EnumeratedValue* const listed = parameter ? parameter->valueOf(text) : nullptr;
+    const QString value = listed ? listed->text : text;
+    if (value.isEmpty() || !isNumber(control, parameter))
+        return value;
+    const std::optional<QString> number = ParameterValue::decimalOf(value);
     return number ? Result<QString>(*number) : Result<QString>(Error::ValueNotNumber);
 }
 
@@ -145,8 +196,11 @@ QString ControlValue::toParameter(
         return buttonToParameter(control, parameter, value == Yes);
     if (control.choosesItems())
         return itemsToParameter(control, parameter, value);
-    const QString wire = wireOf(parameter, value);
-    return wire.isEmpty() ? value : wire;
+    // Where texts are typed, an id is taken for its value.
+    const bool isWire = std::any_of(parameter.values.cbegin(), parameter.values.cend(),
+        [&](const EnumeratedValue& known) { return known.text == value; });
+    const EnumeratedValue* const listed = isWire ? nullptr : parameter.valueOf(value);
+    return listed ? listed->text : value;
 }
 
 QString ControlValue::ofParameter(

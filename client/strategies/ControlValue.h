@@ -16,6 +16,10 @@ const StrategyParameter* parameterOf(const StrategyDefinition& strategy, const S
 /// True if the value of the control is a number.
 bool isNumber(const StrategyControl& control, const StrategyParameter* parameter);
 
+/// What a file means by a text that is no value of the control: of a list, the wire value or the shown text of an
+/// entry, or several with commas; of a button, the wire value of its state. Other texts are returned unchanged.
+/// `parameter` may be null.
+QString meantBy(const StrategyControl& control, const StrategyParameter* parameter, const QString& text);
 /// The control's value that a file writes: `parameter` may be null. Fails if the control cannot have it.
 Result<QString> read(const StrategyControl& control, const StrategyParameter* parameter, const QString& text);
 

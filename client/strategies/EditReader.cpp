@@ -49,6 +49,21 @@ ComparedAs comparedAs(const StrategyDefinition& strategy, const StrategyControl&
     return control.isMultiple() ? ComparedAs::Set : ComparedAs::Text;
 }
 
+/// The values of one or several ids.
+std::optional<QString> valuesOfIds(const StrategyParameter& parameter, const QString& text)
+{
+    const bool isList = ParameterTypes::isList(parameter.type) || parameter.holdsSeveral;
+    const QStringList ids = isList ? text.simplified().split(QLatin1Char(' ')) : QStringList{ text };
+    QStringList values;
+    for (const QString& id : ids) {
+        const EnumeratedValue* const value = parameter.valueOf(id);
+        if (!value)
+            return std::nullopt;
+        values.append(value->text);
+    }
+    return values.join(QLatin1Char(' '));
+}
+
 } // namespace
 
 EditReader::EditReader(
@@ -257,7 +272,10 @@ Result<QString> EditReader::readValue(
     if (fields == Parameters)
         return parameterValue(element, m_strategy.parameters.at(edit.field), text);
     const StrategyControl& control = m_strategy.controls.at(edit.field);
-    return ControlValue::read(control, ControlValue::parameterOf(m_strategy, control), text);
+    const StrategyParameter* const parameter = ControlValue::parameterOf(m_strategy, control);
+    const QString meant = ControlValue::meantBy(control, parameter, text);
+    m_remarks.warnTakenAs(element.line, "value", text, meant);
+    return ControlValue::read(control, parameter, meant);
 }
 
 // Values are those of the message; the stored form of percentages and of times in UTC is another.
@@ -265,12 +283,12 @@ Result<QString> EditReader::parameterValue(
     const StrategyElement& element, const StrategyParameter& parameter, const QString& text)
 {
     const auto taken = [&](const QString& value) {
-        m_remarks.warn(element.line, { Error::ValueTakenAs, { QStringLiteral("value"), text.left(64), value } });
+        m_remarks.warnTakenAs(element.line, "value", text, value);
         return value;
     };
     if (const Status status = ParameterValue::check(parameter, text); !status && !parameter.values.isEmpty()) {
-        if (const EnumeratedValue* const value = parameter.valueOf(text))
-            return taken(value->text);
+        if (const std::optional<QString> value = valuesOfIds(parameter, text))
+            return taken(*value);
         if (!ParameterTypes::isNumber(parameter.type))
             return status;
     }

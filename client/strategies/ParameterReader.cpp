@@ -74,6 +74,8 @@ void readLimits(StrategyParameter& parameter, ElementReader& reader)
     if (ParameterTypes::isDecimal(parameter.type))
         parameter.precision = reader.number("precision", 0, MaxPrecision, parameter.precision);
     reader.ignoreOfOtherType("precision");
+    if (ParameterValue::isDecimal(parameter.constValue))
+        parameter.constValue = ParameterValue::rounded(parameter.constValue, parameter.precision);
 }
 
 void readLengths(StrategyParameter& parameter, ElementReader& reader)

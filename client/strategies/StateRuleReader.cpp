@@ -25,9 +25,12 @@ StateRule readRule(const StrategyElement& element, const StrategyDefinition& str
     rule.value = NullValue;
     if (!rule.hasValue || text.isEmpty() || text == NullValue)
         return rule;
-    const Result<QString> value = ControlValue::read(control, ControlValue::parameterOf(strategy, control), text);
+    const StrategyParameter* const parameter = ControlValue::parameterOf(strategy, control);
+    const QString meant = ControlValue::meantBy(control, parameter, text);
+    remarks.warnTakenAs(element.line, "value", text, meant);
+    const Result<QString> value = ControlValue::read(control, parameter, meant);
     if (value)
-        rule.value = *value;
+        rule.value = value->isEmpty() ? NullValue : *value;
     else
         reader.refuse({ Error::InvalidStateValue, { control.id, text.left(64) }, value.status() });
     return rule;

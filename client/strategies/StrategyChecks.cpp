@@ -16,6 +16,8 @@ StrategyParameter unlimited(StrategyParameter parameter)
     parameter.constValue.clear();
     parameter.values.clear();
     parameter.isNonNegative = false;
+    // Only values are rounded, when they are sent.
+    parameter.precision = -1;
     // Quantities are whole for the trader, not for the file.
     if (parameter.type == ParameterType::Qty)
         parameter.type = ParameterType::Float;

@@ -42,6 +42,11 @@ bool StrategyControl::takesItems() const
     }
 }
 
+bool StrategyControl::isClosedList() const
+{
+    return takesItems() && type != ControlType::Slider && type != ControlType::EditableDropDownList;
+}
+
 int StrategyDefinition::parameterIndex(const QString& parameterName) const
 {
     return indexOf(parameters, &StrategyParameter::name, parameterName);

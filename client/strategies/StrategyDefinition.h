@@ -174,6 +174,8 @@ struct StrategyControl {
     bool isMultiple() const { return type == ControlType::MultiSelectList || type == ControlType::CheckBoxList; }
     /// True for controls that have entries.
     bool takesItems() const;
+    /// True for controls of which nothing but entries can be chosen.
+    bool isClosedList() const;
     /// True if the value is the id of an entry, or several.
     bool choosesItems() const { return takesItems() && !items.isEmpty(); }
 };

@@ -20,6 +20,13 @@ struct StrategyRemarks {
     }
     void hinder(qint64 line, const Status& error) { add(obstacles, line, error); }
     void warn(qint64 line, const Status& error) { add(warnings, line, error); }
+    /// Warns that an attribute has not its own value but what is meant by it, unless that is the same.
+    void warnTakenAs(qint64 line, const char* attribute, const QString& value, const QString& meaning)
+    {
+        // An entry without an id has its text with other spaces.
+        if (QString(meaning).replace(QChar::Nbsp, QLatin1Char(' ')) != value)
+            warn(line, { Error::ValueTakenAs, { QLatin1String(attribute), value.left(64), meaning.left(64) } });
+    }
 
     /// `error` with its line of the file.
     static Status inLine(qint64 line, const Status& error)
