@@ -3,9 +3,11 @@
 #include "ClientWindowTest.h"
 #include "ErrorText.h"
 #include "FaultServer.h"
+#include "PlanLife.h"
 #include "PlanTable.h"
 #include "TestStatus.h"
 
+#include <QAction>
 #include <QLabel>
 #include <QLineEdit>
 #include <QtTest>
@@ -80,7 +82,29 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(field<PlanTable>(window(), "planTable")->planCount(), 2, Patience);
     }
 
+    void aStateIsSetBeforeAndAfterwards()
+    {
+        const QString plan = createSamples(1).constFirst();
+        openWindow();
+        setState("action_pause", PlanState::Paused);
+        log().allowLostConnection();
+        FaultServer::stop(QStringLiteral("fast"));
+        QTRY_VERIFY_WITH_TIMEOUT(line()->isVisible(), ThreeSeconds);
+        FaultServer::start();
+        QTRY_VERIFY_WITH_TIMEOUT(!line()->isVisible(), Patience);
+        setState("action_resume", PlanState::Active);
+        QCOMPARE(boxes().take().size(), 0);
+        QCOMPARE(plans().plan(plan)->version, 3);
+    }
+
 private:
+    void setState(const char* action, PlanState state) const
+    {
+        field<QAction>(window(), action)->trigger();
+        const QString said = QStringLiteral("1个计划") + PlanLife::word(state);
+        QTRY_COMPARE_WITH_TIMEOUT(text(window(), "status"), said, Patience);
+    }
+
     QLabel* line() const { return field<QLabel>(window(), "outdated"); }
     QString totalOfForm() const
     {

@@ -68,7 +68,6 @@ public:
     void ask(const FactsQuestion& question);
     /// Asks what an account holds of each security.
     void askHoldings(const QString& account);
-    void reconnect() { m_thread.reconnect(); }
 
 Q_SIGNALS:
     void answered(const FactsQuestion& question, const Result<AdvisorFacts>& facts);

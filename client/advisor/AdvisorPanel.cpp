@@ -78,11 +78,7 @@ AdvisorPanel::AdvisorPanel(QWidget* parent)
     connect(&events, &PlanEvents::planStored, this, &AdvisorPanel::askAgain);
     connect(&events, &PlanEvents::plansStored, this, &AdvisorPanel::askAgain);
     connect(&events, &PlanEvents::plansChanged, this, &AdvisorPanel::askAgain);
-    connect(&events, &PlanEvents::connectionRestored, this, [this] {
-        if (m_reader)
-            m_reader->reconnect();
-        askAgain();
-    });
+    connect(&events, &PlanEvents::connectionRestored, this, &AdvisorPanel::askAgain);
 }
 
 AdvisorPanel::~AdvisorPanel() = default;

@@ -236,8 +236,6 @@ Status ClientSession::reopen()
     if (Status status = m_database.reopen(); !status)
         return status;
     m_unsigned.clear();
-    m_averages->reconnect();
-    m_instructions.reconnect();
     Status status = logIn(QString());
     if (status)
         m_repetition.start(0);

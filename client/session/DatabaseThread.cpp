@@ -1,5 +1,6 @@
 #include "DatabaseThread.h"
 
+#include "PlanEvents.h"
 #include "ServerLocation.h"
 
 #include <QFileInfo>
@@ -60,6 +61,8 @@ DatabaseThread::DatabaseThread(const QString& name, const QString& location)
 {
     m_thread.setObjectName(name);
     m_connection->moveToThread(&m_thread);
+    // Otherwise the next job would use a connection that is lost, too.
+    QObject::connect(&PlanEvents::instance(), &PlanEvents::connectionLost, m_connection, &Connection::close);
     // The connection must be closed on the thread that opened it.
     QObject::connect(&m_thread, &QThread::finished, m_connection, &QObject::deleteLater);
     QObject::connect(&m_thread, &QThread::started, &m_thread, yieldToTheWindow, Qt::DirectConnection);

@@ -14,7 +14,8 @@ public:
     /// Runs on the thread. `opened`: whether the database can be read.
     using Job = std::function<void(Database& database, const Status& opened)>;
 
-    /// `location`: the database, opened by the first job and closed after the last. A missing file is not created.
+    /// `location`: the database, opened by the first job and closed after the last. A missing file is not created. When
+    /// the session's connection is lost, the next job opens it again.
     DatabaseThread(const QString& name, const QString& location);
     /// Interrupts the running job, waits for it and drops the waiting ones.
     ~DatabaseThread();

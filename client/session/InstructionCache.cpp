@@ -28,12 +28,6 @@ void InstructionCache::prefetch(const QString& planId)
     m_prefetcher->read(planId, token);
 }
 
-void InstructionCache::reconnect()
-{
-    if (m_prefetcher)
-        m_prefetcher->reconnect();
-}
-
 void InstructionCache::clear()
 {
     m_prefetcher.reset();

@@ -17,8 +17,6 @@ public:
     /// Starts reading the instructions of a plan that is likely to be needed next, on another thread. The database must
     /// be open.
     void prefetch(const QString& planId);
-    /// Opens the connection of `prefetch` again, which may be lost.
-    void reconnect();
     /// Clears the cache and drops instructions that are still being read.
     void clear();
 

@@ -20,8 +20,6 @@ public:
     /// change token of the database.
     void read(const QString& planId, const QString& token);
 
-    void reconnect() { m_thread.reconnect(); }
-
 Q_SIGNALS:
     /// Both are emitted from the prefetcher's thread.
     void arrived(const QString& planId, const QString& token, const InstructionPrefetcher::Instructions& instructions);

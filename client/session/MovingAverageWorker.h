@@ -17,8 +17,6 @@ public:
     /// Requests the averages of a security of the market. Answers arrive in the order of the queries.
     void ask(const QString& symbol);
 
-    void reconnect() { m_thread.reconnect(); }
-
 Q_SIGNALS:
     /// Emitted from the worker's thread: names of the averages for which enough closes exist.
     void answered(const QString& symbol, const Result<QStringList>& names);
