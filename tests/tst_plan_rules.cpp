@@ -273,6 +273,17 @@ private Q_SLOTS:
         QVERIFY2(isOf(reason, refused), qPrintable(reason));
     }
 
+    // Its displayed quantity is 2^64 and a little.
+    void aTotalThatNoNumberOfUnitsCanCountIsRefused()
+    {
+        changeElsewhere({ QStringLiteral("UPDATE securities SET display_factor = 1000000") });
+        QCOMPARE(session().reopen(), Status());
+        const QString reason = service().CreateNewPlan(
+            with(SampleSession::record(), BaseField::totalQty, QStringLiteral("18446744073710")));
+        QVERIFY2(isOf(reason, Error::QuantityAboveLimit), qPrintable(reason));
+        QCOMPARE(storedPlans(), 0);
+    }
+
     void anExceptionThatAnotherUserAuthorisedWidensTheLimits()
     {
         Database owned;

@@ -309,6 +309,25 @@ private Q_SLOTS:
         QCOMPARE(*instructions.add(plan, QDate(2024, 5, 7), {}, AtMorning), QStringLiteral("AP00000001-000004"));
     }
 
+    void afterTheLastPlaceThereIsNoInstruction()
+    {
+        const QString plan = *PlanStore(*m_database).create(sampleRecord(), AtMorning);
+        InstructionStore instructions(*m_database);
+        QVERIFY(instructions.add(plan, QDate(2024, 5, 6), {}, AtMorning));
+        QCOMPARE(m_database->execute(QStringLiteral("UPDATE instructions SET position = 2147483647")), Status());
+        QCOMPARE(instructions.add(plan, QDate(2024, 5, 7), {}, AtMorning).status(), Status(Error::NumbersExhausted));
+    }
+
+    void aReasonThatWouldComeBackChangedIsRefused()
+    {
+        PlanStore plans(*m_database);
+        const QString plan = *plans.create(sampleRecord(), AtMorning);
+        const QString reason = QStringLiteral("a") + QChar(0xFFFE);
+        QCOMPARE(plans.setState(plan, 1, PlanState::Stopped, reason, AtNoon),
+            Status(Error::FieldNotStorable, { QStringLiteral("reason") }));
+        QCOMPARE(plans.plan(plan)->state, PlanState::Active);
+    }
+
     void accountsComeInTheOrderInWhichTheyWereGiven()
     {
         UserStore users(*m_database);

@@ -4,6 +4,7 @@
 #include "PlanCodes.h"
 #include "SampleData.h"
 #include "ServerLocation.h"
+#include "StoredTexts.h"
 #include "UserStore.h"
 
 #include <algorithm>
@@ -93,7 +94,8 @@ Status Administration::checkText(const QString& caption, const QString& text)
 {
     const bool isPrintable = std::all_of(text.cbegin(), text.cend(),
         [](QChar letter) { return letter.category() != QChar::Other_Control && !letter.isNull(); });
-    return isPrintable && !text.isEmpty() && text == text.trimmed() ? Status() : Status(Error::EmptyText, { caption });
+    const bool isUsable = isPrintable && StoredTexts::isStorable(text) && !text.isEmpty() && text == text.trimmed();
+    return isUsable ? Status() : Status(Error::EmptyText, { caption });
 }
 
 Status Administration::checkTypes(const QStringList& types)

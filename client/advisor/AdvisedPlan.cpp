@@ -36,12 +36,12 @@ std::optional<Security> AdvisedPlan::securityOf() const
 
 double AdvisedPlan::sellable() const
 {
-    return hasFacts() ? static_cast<double>(facts().tradeableQuantity * security->displayFactor) : 0;
+    return hasFacts() ? security->displayed(facts().tradeableQuantity) : 0;
 }
 
 double AdvisedPlan::sellableNext() const
 {
-    return hasFacts() ? static_cast<double>(facts().tradeableNext * security->displayFactor) : 0;
+    return hasFacts() ? security->displayed(facts().tradeableNext) : 0;
 }
 
 QString AdvisedPlan::withUnit(double value, bool isAmount) const

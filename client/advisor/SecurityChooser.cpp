@@ -77,8 +77,8 @@ void SecurityChooser::offer()
     const QStringList found = m_finder.find(m_text->text(), MostRows);
     for (const QString& symbol : found) {
         const Security* const security = m_market.find(symbol);
-        const qint64 held = m_finder.heldOf(symbol) * security->displayFactor;
-        const QString quantity = held > 0 ? Advisor::number(static_cast<double>(held)) : QString();
+        const double held = security->displayed(m_finder.heldOf(symbol));
+        const QString quantity = held > 0 ? Advisor::number(held) : QString();
         rows << AdvisorRow{ { symbol, security->name, quantity }, AdvisorRow::Mark::Plain, symbol };
     }
     m_rows->setRows(rows);

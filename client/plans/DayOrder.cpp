@@ -31,7 +31,7 @@ Status readAmounts(const Fields& other, PlanShare& share)
     return {};
 }
 
-Status readQuantities(const PlanStore::Record& record, const Fields& other, int factor, double used,
+Status readQuantities(const PlanStore::Record& record, const Fields& other, const Security& security, double used,
     const std::function<Result<double>()>& sellable, PlanShare& share)
 {
     const QString text = record.value(BaseField::totalQty).toString();
@@ -40,8 +40,8 @@ Status readQuantities(const PlanStore::Record& record, const Fields& other, int 
         return { Error::NotWhole, { QStringLiteral(QT_TRANSLATE_NOOP("Caption", "目标总量")), text.left(32) } };
     const qint64 perDay =
         PlanTexts::wholeNumber(other.value(AutoPlanField::Progress::CurrentQty).toString()).value_or(0);
-    share.total = static_cast<double>(*total * factor);
-    share.perDay = static_cast<double>(perDay * factor);
+    share.total = security.displayed(*total);
+    share.perDay = security.displayed(perDay);
     share.ratio = PlanTexts::decimalNumber(other.value(BaseField::JCRatio).toString()).value_or(0);
     // The target of a reduction without a total is the whole quantity that could be sold at first.
     if (share.planType != PlanType::ReduceHoldings || *total != 0)
@@ -111,9 +111,8 @@ Result<OrderTerms> orderTerms(const PlanStore::Record& record, const Security& s
     terms.share.planType = record.value(Orlo_Fields::AutoPlan::templateCode).toString();
     terms.share.used = terms.isAmount ? use.yuan : use.quantity;
     terms.marginSide = other.value(FieldId::MarginSide).toString();
-    const Status status = terms.isAmount
-        ? readAmounts(other, terms.share)
-        : readQuantities(record, other, security.displayFactor, use.quantity, sellable, terms.share);
+    const Status status = terms.isAmount ? readAmounts(other, terms.share)
+                                         : readQuantities(record, other, security, use.quantity, sellable, terms.share);
     if (!status || !terms.needsHoldings())
         return status ? Result<OrderTerms>(terms) : status;
     const Result<double> held = sellable();

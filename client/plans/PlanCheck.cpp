@@ -337,9 +337,9 @@ Status usedError(const CheckedPlan& plan, double used)
     const qint64 total = PlanTexts::wholeNumber(plan.text(BaseField::totalQty)).value_or(0);
     if (plan.isReduction() && total == 0)
         return {};
-    const int factor = plan.known.market.find(plan.text(Kelvo_Fields::Security::symbol))->displayFactor;
+    const Security& security = *plan.known.market.find(plan.text(Kelvo_Fields::Security::symbol));
     const double target = plan.isAmount() ? PlanTexts::decimalNumber(plan.other(BaseField::tradeAmount)).value_or(0)
-                                          : static_cast<double>(total * factor);
+                                          : security.displayed(total);
     return target < used - Tolerance
         ? Status(Error::TotalBelowUsed, { QString::number(used, 'f', plan.isAmount() ? 2 : 0) })
         : Status();

@@ -28,7 +28,7 @@ Result<double> PlanFacts::sellable(
     ValueReader reader(database);
     addTo(reader, record, security, day, quantity);
     const Status status = reader.read();
-    return status ? Result<double>(static_cast<double>(quantity * security.displayFactor)) : status;
+    return status ? Result<double>(security.displayed(quantity)) : status;
 }
 
 void PlanFacts::addTo(ValueReader& reader, const PlanStore::Record& record, const Security& security, const QDate& day,

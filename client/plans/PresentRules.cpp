@@ -46,7 +46,7 @@ double plannedQuantity(const CheckedPlan& plan, const Security& security)
     // The target of a reduction without a total is the whole quantity that may be sold.
     if (plan.isReduction() && total == 0)
         return plan.known.sellable;
-    return static_cast<double>(total * security.displayFactor);
+    return security.displayed(total);
 }
 
 /// The security by the rules of the plan's first day.

@@ -6,6 +6,8 @@
 #include "StoredPlan.h"
 #include "StoredTime.h"
 
+#include <limits>
+
 namespace {
 
 /// As floating-point numbers, which large sums do not overflow.
@@ -82,6 +84,7 @@ Result<QString> InstructionStore::add(
 // that no two instructions get the same place.
 Result<InstructionStore::Place> InstructionStore::nextPlace(qint64 plan)
 {
+    constexpr qint64 Last = std::numeric_limits<int>::max();
     Place place;
     if (Status status = m_database.lock(QStringLiteral("SELECT number FROM plans WHERE number = ?"), { plan }); !status)
         return status;
@@ -89,8 +92,11 @@ Result<InstructionStore::Place> InstructionStore::nextPlace(qint64 plan)
         QStringLiteral("SELECT version, COALESCE((SELECT max(position) FROM instructions WHERE plan = number), 0)"
                        " FROM plans WHERE number = ?"),
         { plan }, [&place](const QSqlQuery& row) {
-            place = { row.value(0).toInt(), row.value(1).toInt() + 1 };
+            const qint64 last = row.value(1).toLongLong();
+            place = { row.value(0).toInt(), last < Last ? static_cast<int>(last) + 1 : 0 };
         });
+    if (status && place.version != 0 && place.position == 0)
+        return Error::NumbersExhausted;
     return status ? Result<Place>(place) : status;
 }
 

@@ -78,8 +78,8 @@ public:
 private:
     /// The plan of new instructions: its version, and the position of the next one.
     struct Place {
-        int version = 0;
-        int position = 0;
+        int version = 0;  ///< 0 for an unknown plan
+        int position = 0; ///< 0 if all are taken
     };
 
     Result<Place> nextPlace(qint64 plan);

@@ -4,6 +4,7 @@
 #include "PlanListQuery.h"
 #include "PlanRow.h"
 #include "RecordCheck.h"
+#include "StoredTexts.h"
 #include "StoredTime.h"
 
 #include <algorithm>
@@ -105,6 +106,8 @@ Status PlanStore::setState(
 
 Status PlanStore::replaceState(const StoredPlan& plan, PlanState state, const QString& reason, const Change& change)
 {
+    if (!StoredTexts::isStorable(reason))
+        return { Error::FieldNotStorable, { QStringLiteral("reason") } };
     const QString text = PlanRow::stateText(state);
     HistoryEntry entry{ HistoryEvent::StateChanged, 0, plan.version + 1, {}, {}, {} };
     entry.before.insert(QStringLiteral("state"), PlanRow::stateText(plan.state));

@@ -4,10 +4,9 @@
 #include "Kelvo_Fields.h"
 #include "Orlo_Fields.h"
 #include "PlanCodes.h"
+#include "StoredTexts.h"
 
 #include <QSet>
-
-#include <algorithm>
 
 namespace {
 
@@ -28,15 +27,6 @@ int longest(const QString& field)
     return isOtherParam ? RecordCheck::LongestOtherParam : RecordCheck::LongestField;
 }
 
-// SQLite drops a byte order mark at the beginning, ends a text at its first null character and replaces what is not a
-// character.
-bool isStorable(const QString& text)
-{
-    const auto isChanged = [](QChar c) { return c.isNull() || c.unicode() == 0xFFFE || c.unicode() == 0xFFFF; };
-    return text.isValidUtf16() && !text.startsWith(QChar(QChar::ByteOrderMark))
-        && std::none_of(text.cbegin(), text.cend(), isChanged);
-}
-
 Status fieldRefusal(const QString& field, const QVariant& value)
 {
     if (!knownFields().contains(field))
@@ -46,7 +36,7 @@ Status fieldRefusal(const QString& field, const QVariant& value)
     const QString text = value.toString();
     if (text.size() > longest(field))
         return { Error::FieldTooLong, { field, QString::number(longest(field)) } };
-    return isStorable(text) ? Status() : Status(Error::FieldNotStorable, { field });
+    return StoredTexts::isStorable(text) ? Status() : Status(Error::FieldNotStorable, { field });
 }
 
 } // namespace

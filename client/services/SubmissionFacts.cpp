@@ -57,7 +57,7 @@ PlanCheck::Known SubmissionFacts::known(ClientSession& session, const Record& re
     if (const Security* security = securityOf(session, record)) {
         known.closes = PlanFacts::closesBefore(closes, session.calendar(), *security, today);
         // What a reduction without a total has used is part of its target.
-        known.sellable = static_cast<double>(tradeableQuantity * security->displayFactor) + use.quantity;
+        known.sellable = security->displayed(tradeableQuantity) + use.quantity;
     }
     return known;
 }

@@ -44,4 +44,6 @@ struct Security {
     qint64 previousClose = 0;
 
     bool hasPriceLimit() const { return limitPerMille > 0; }
+    /// The displayed quantity of a stored one. Both may be as large as their types allow.
+    double displayed(qint64 stored) const { return static_cast<double>(stored) * displayFactor; }
 };

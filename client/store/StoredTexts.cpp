@@ -35,6 +35,15 @@ void appendText(QString& json, const QString& text)
 
 } // namespace
 
+// SQLite drops a byte order mark at the beginning, ends a text at its first null character and replaces what is not a
+// character.
+bool StoredTexts::isStorable(const QString& text)
+{
+    const auto isChanged = [](QChar c) { return c.isNull() || c.unicode() == 0xFFFE || c.unicode() == 0xFFFF; };
+    return text.isValidUtf16() && !text.startsWith(QChar(QChar::ByteOrderMark))
+        && std::none_of(text.cbegin(), text.cend(), isChanged);
+}
+
 // Qt's document would copy the texts three times; each plan that is stored needs two of these objects.
 QString StoredTexts::toJson(const QVariantMap& texts)
 {

@@ -5,9 +5,13 @@
 
 #include <optional>
 
-/// Texts by key as a JSON object in a column.
+/// How texts are stored.
 namespace StoredTexts {
 
+/// Whether a database returns the text as it was stored.
+bool isStorable(const QString& text);
+
+/// Texts by key as a JSON object in a column.
 QString toJson(const QVariantMap& texts);
 /// Absent unless it is a JSON object of texts.
 std::optional<QVariantMap> fromJson(const QString& json);
