@@ -247,10 +247,6 @@
         <translation>later trade days are unknown</translation>
     </message>
     <message>
-        <source>%1（未核实）</source>
-        <translation>%1 (unverified)</translation>
-    </message>
-    <message>
         <source>没有目标</source>
         <translation>No target</translation>
     </message>
@@ -717,6 +713,26 @@
     <message>
         <source>单个日期</source>
         <translation>Date</translation>
+    </message>
+    <message>
+        <source>未知</source>
+        <translation>unknown</translation>
+    </message>
+    <message>
+        <source>%1亿</source>
+        <translation>%1×10⁸</translation>
+    </message>
+    <message>
+        <source>%1万</source>
+        <translation>%1×10⁴</translation>
+    </message>
+    <message>
+        <source>%1，%2元</source>
+        <translation>%1, %2 yuan</translation>
+    </message>
+    <message>
+        <source>%1，当年休市安排未公布，未核实</source>
+        <translation>%1, not verified: the closures of that year have not been announced</translation>
     </message>
 </context>
 <context>

@@ -3,7 +3,7 @@
 #include "ClientClock.h"
 #include "ClientSession.h"
 #include "ForecastChart.h"
-#include "ForecastTexts.h"
+#include "ForecastTable.h"
 #include "FormulaFacts.h"
 #include "OrloSubTitleWidget.h"
 #include "PlainText.h"
@@ -136,7 +136,7 @@ void AdvisorPanel::buildForecast()
     m_chart = new ForecastChart(this);
     m_chart->setAccessibleName(tr("每日下达和剩余"));
     layout()->addWidget(m_chart);
-    m_days = new RowView(QStringLiteral("forecastDays"), ForecastTexts::columns(), RowView::ShowsHeadings, this);
+    m_days = new ForecastTable(this);
     addTable(m_days, tr("每日计划"));
 }
 
@@ -350,7 +350,7 @@ void AdvisorPanel::presentForecast(const AdvisedPlan& plan)
     m_reduction->setVisible(!reduction.isEmpty());
     const PlanForecast forecast = plan.forecast.valueOr(PlanForecast());
     m_chart->setForecast(forecast, headline);
-    m_days->setRows(forecast.days.size(), [days = forecast.days](int day) { return ForecastTexts::row(days.at(day)); });
+    m_days->setForecast(forecast);
 }
 
 QSize AdvisorPanel::sizeHint() const

@@ -10,6 +10,7 @@
 #include <optional>
 
 class ForecastChart;
+class ForecastTable;
 class QLabel;
 class RowView;
 
@@ -80,7 +81,7 @@ private:
     QLabel* m_headline;
     QLabel* m_reduction;
     ForecastChart* m_chart;
-    RowView* m_days;
+    ForecastTable* m_days;
     QLabel* m_summary;
     RowView* m_rules;
 };

@@ -12,11 +12,12 @@ struct AdvisorRow {
 
     QStringList cells;
     Mark mark = Mark::Plain;
-    QString key; ///< what the row is about: the object name of a field, or the name of a price; may be empty
+    QString key;            ///< what the row is about: the object name of a field, or the name of a price; may be empty
+    QStringList hints = {}; ///< tool tips of cells that are shortened; none for all others
 
     bool operator==(const AdvisorRow& other) const
     {
-        return cells == other.cells && mark == other.mark && key == other.key;
+        return cells == other.cells && mark == other.mark && key == other.key && hints == other.hints;
     }
 };
 

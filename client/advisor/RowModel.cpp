@@ -80,7 +80,7 @@ QVariant RowModel::data(const QModelIndex& index, int role) const
     if (role == Qt::DisplayRole)
         return shown.cells.value(index.column());
     if (role == Qt::ToolTipRole)
-        return PlainText::toolTip(shown.cells.value(index.column()));
+        return PlainText::toolTip(shown.hints.value(index.column(), shown.cells.value(index.column())));
     if (role == Qt::TextAlignmentRole && m_columns.at(index.column()).isNumber)
         return int(Qt::AlignRight | Qt::AlignVCenter);
     if (role == Qt::BackgroundRole && isShaded && color(shown.mark).isValid())
