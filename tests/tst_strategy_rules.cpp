@@ -427,6 +427,59 @@ private Q_SLOTS:
         QCOMPARE(panel.parameters().value(QStringLiteral("S")), QString());
     }
 
+    void anEntryThatSendsNothingIsLoaded_data()
+    {
+        QTest::addColumn<QString>("controls");
+        QTest::addColumn<QString>("value");
+        const QString entries = xml("<lay:ListItem enumID='some' uiRep='a'/><lay:ListItem enumID='none' uiRep='b'/>");
+        const auto row = [&](const char* name, const char* kind, const QString& items, const char* value) {
+            QTest::newRow(name)
+                << xml("<lay:Control ID='c' parameterRef='Z' xsi:type='lay:%1'>%2</lay:Control>").arg(xml(kind), items)
+                << QString::fromLatin1(value);
+        };
+        row("a drop-down list", "DropDownList_t' initValue='some", entries, "none");
+        row("a list", "SingleSelectList_t' initValue='some", entries, "none");
+        row("radio buttons", "RadioButtonList_t' initValue='some", entries, "none");
+        row("a checked box", "CheckBox_t' checkedEnumRef='none' uncheckedEnumRef='some", {}, "true");
+        row("a radio button", "RadioButton_t' checkedEnumRef='none", {}, "true");
+    }
+
+    void anEntryThatSendsNothingIsLoaded()
+    {
+        QFETCH(QString, controls);
+        QFETCH(QString, value);
+        const QString given =
+            xml("<Parameter name='Z' xsi:type='String_t' use='required'><EnumPair enumID='some' wireValue='1'/>"
+                "<EnumPair enumID='none' wireValue='{NULL}'/></Parameter><Parameter name='S' xsi:type='String_t'/>");
+        const QString edit = QStringLiteral("<val:Edit field='c' operator='EQ' value='%1'/>").arg(value);
+        const StrategyDefinition strategy = definitionOf(parts(
+            given, controls + field("s", qPrintable(rule("enabled='true'", qPrintable(edit))), "parameterRef='S'")));
+        PanelState panel(strategy);
+        QVERIFY(!panel.isEnabled(1));
+        panel.enter(0, value);
+        panel.enter(1, QStringLiteral("x"));
+        const QMap<QString, QString> stored = panel.parameters();
+        QCOMPARE(stored.value(QStringLiteral("Z")), QString());
+        QCOMPARE(ParameterValue::check(strategy.parameters.constFirst(), QString()), Status());
+
+        PanelState loaded(strategy);
+        loaded.load(stored);
+        QCOMPARE(loaded.value(0), value);
+        QVERIFY(loaded.isEnabled(1));
+        QCOMPARE(loaded.parameters(), stored);
+    }
+
+    void ofSeveralEntriesOneMaySendNothing()
+    {
+        const QString list = xml("<lay:Control ID='c' parameterRef='P' xsi:type='lay:CheckBoxList_t'/>");
+        PanelState panel(definitionOf(parts(parameter(type("MultipleStringValue_t"),
+                                                xml("<EnumPair enumID='a' wireValue='A'/><EnumPair enumID='none' "
+                                                    "wireValue='{NULL}'/>")),
+            list)));
+        panel.enter(0, QStringLiteral("a none"));
+        QCOMPARE(panel.parameters().value(QStringLiteral("P")), QStringLiteral("A"));
+    }
+
     void valuesAreSentAsFixWritesThem_data()
     {
         QTest::addColumn<QString>("attributes");

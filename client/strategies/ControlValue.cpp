@@ -119,12 +119,14 @@ QString itemsToParameter(const StrategyControl& control, const StrategyParameter
     const QStringList ids = value.split(Space);
     for (const QString& id : ids)
         wires.append(wireOf(parameter, id));
+    wires.removeAll(QString());
     return wires.join(Space);
 }
 
+/// Nothing is stored for an entry that sends nothing.
 QString itemsOfParameter(const StrategyControl& control, const StrategyParameter& parameter, const QString& stored)
 {
-    if (!control.isMultiple()) {
+    if (stored.isEmpty() || !control.isMultiple()) {
         const QString id = idOf(parameter, stored);
         return id.isEmpty() && control.type == ControlType::EditableDropDownList ? stored : id;
     }
@@ -206,13 +208,8 @@ QString ControlValue::toParameter(
 QString ControlValue::ofParameter(
     const StrategyControl& control, const StrategyParameter& parameter, const QString& stored)
 {
-    if (control.isButton()) {
-        const QString checked = buttonToParameter(control, parameter, true);
-        const bool isChecked = stored.isEmpty() ? parameter.trueValue == NullValue : stored == checked;
-        return isChecked ? Yes : No;
-    }
-    if (stored.isEmpty())
-        return {};
+    if (control.isButton())
+        return stored == buttonToParameter(control, parameter, true) ? Yes : No;
     return control.choosesItems() ? itemsOfParameter(control, parameter, stored) : stored;
 }
 

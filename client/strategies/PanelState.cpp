@@ -192,10 +192,13 @@ int PanelState::misfits()
     int count = 0;
     for (int i = 0; i < m_controls.size(); ++i) {
         const ControlState& state = m_controls.at(i);
-        if (m_strategy.controls.at(i).parameter.isEmpty() || state.value.isEmpty())
+        const StrategyControl& control = m_strategy.controls.at(i);
+        const StrategyParameter* const parameter = ControlValue::parameterOf(m_strategy, control);
+        if (!parameter || state.value.isEmpty())
             continue;
         const bool isOwn = state.value != m_initialValues.value(i);
-        count += state.isCleared || (isOwn && !(state.isEnabled && state.isVisible)) ? 1 : 0;
+        const bool isGone = state.isCleared && !ControlValue::toParameter(control, *parameter, state.value).isEmpty();
+        count += isGone || (isOwn && !(state.isEnabled && state.isVisible)) ? 1 : 0;
     }
     return count;
 }

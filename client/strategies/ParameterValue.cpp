@@ -145,10 +145,11 @@ Status checkType(const StrategyParameter& parameter, const QString& value)
     return known ? Status() : Error::ValueNotListed;
 }
 
-/// A yes or no of which one is sent as nothing.
+/// A value may be sent as nothing.
 bool mayBeEmpty(const StrategyParameter& parameter)
 {
-    return !parameter.required || parameter.trueValue == NullValue || parameter.falseValue == NullValue;
+    return !parameter.required || parameter.trueValue == NullValue || parameter.falseValue == NullValue
+        || isListed(parameter, QString());
 }
 
 } // namespace
