@@ -114,6 +114,35 @@ private Q_SLOTS:
         QCOMPARE(line("le_end")->text(), QStringLiteral("2024-05-14"));
     }
 
+    void aCorrectedDateIsNotUnderlined()
+    {
+        type("le_end", QStringLiteral("2024-05-18"));
+        QTest::keyClick(line("le_end"), Qt::Key_Tab);
+        QVERIFY(line("le_end")->font().underline());
+        type("le_end", QString());
+        QTest::keyClick(line("le_end"), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(line("le_end"), QStringLiteral("0514"));
+        QTest::keyClick(line("le_end"), Qt::Key_Tab);
+        QCOMPARE(line("le_end")->text(), QStringLiteral("2024-05-14"));
+        QVERIFY(!line("le_end")->font().underline());
+    }
+
+    void theChooserDoesNotOpenUnderAHint()
+    {
+        type("le_end", QStringLiteral("2024-05-18"));
+        QVERIFY(!hint("le_end").isEmpty());
+        QTest::keyClick(line("le_end"), Qt::Key_F4);
+        auto* const chooser = dialog().findChild<QDialog*>(QStringLiteral("securityChooser"));
+        QVERIFY(chooser);
+        QVERIFY(takeKeyboard(chooser));
+        QVERIFY(line("le_end")->property("refused").toBool());
+        QCOMPARE(hint("le_end"), QString());
+        QTest::keyClick(chooser, Qt::Key_Escape);
+        QVERIFY(takeKeyboard(&dialog()));
+        QVERIFY(line("le_end")->hasFocus());
+        QVERIFY(!hint("le_end").isEmpty());
+    }
+
     void datesStayWithAnotherSecurity_data()
     {
         QTest::addColumn<QString>("start");

@@ -137,6 +137,22 @@ private Q_SLOTS:
         QCOMPARE(line("le_entrustMaxNum")->text(), QStringLiteral("1,5"));
     }
 
+    void aCorrectedNumberIsNotUnderlined()
+    {
+        const auto isUnderlined = [this] {
+            return number("le_entrustMaxNum")->font().underline() || line("le_entrustMaxNum")->font().underline();
+        };
+        QVERIFY(!isUnderlined());
+        FormDriver driver = dialogDriver();
+        driver.type("le_entrustMaxNum", QStringLiteral("1,5"));
+        QVERIFY(isUnderlined());
+        driver.type("le_entrustMaxNum", QStringLiteral("1500"));
+        QVERIFY(!isUnderlined());
+        driver.type("le_entrustMaxNum", QStringLiteral("1,5"));
+        driver.type("le_entrustMaxNum", QStringLiteral("1500"));
+        QVERIFY(!isUnderlined());
+    }
+
     void aChangedPlanIsRefusedInTheSameWay()
     {
         const QString id = session().create(SampleSession::record());

@@ -229,10 +229,15 @@ bool DateField::eventFilter(QObject* watched, QEvent* event)
         if (!m_refusal)
             showRefusal(FieldHint::UntilHidden);
         break;
-    case QEvent::FocusOut:
-        if (static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)
+    case QEvent::FocusOut: {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason != Qt::PopupFocusReason)
             applyTyped();
+        // Another window may be over the field.
+        if (reason == Qt::ActiveWindowFocusReason)
+            FieldHint::hideAt(this);
         break;
+    }
     case QEvent::MouseButtonRelease:
         selectUntouched();
         break;
@@ -270,9 +275,6 @@ bool DateField::handleKey(int key, Qt::KeyboardModifiers modifiers)
             openCalendar();
         else
             step(-1);
-        return true;
-    case Qt::Key_F4:
-        openCalendar();
         return true;
     default:
         return false;

@@ -2,6 +2,7 @@
 
 #include "PlainText.h"
 
+#include <QLineEdit>
 #include <QPalette>
 #include <QStyle>
 #include <QVariant>
@@ -33,6 +34,9 @@ void FieldMark::set(QWidget* field, const char* property, bool isMarked)
     // A skin reads the property only then.
     field->style()->unpolish(field);
     field->style()->polish(field);
+    // The font of a rule that does not apply any more would stay in the line edit within the field.
+    if (auto* const line = field->findChild<QLineEdit*>(); line && !field->property(property).toBool())
+        line->setFont(QFont());
     field->update();
 }
 
