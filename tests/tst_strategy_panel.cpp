@@ -236,6 +236,27 @@ private Q_SLOTS:
         QCOMPARE(value(), QStringLiteral("A1"));
     }
 
+    void aClearedFieldOfTheOrderStaysCleared()
+    {
+        const StrategyDefinition strategy = definitionOf(parts(parameter(type("String_t")),
+            control(type("lay:TextField_t") + xml(" initPolicy='UseFixField' initFixField='FIX_Symbol'"))));
+        const QMap<QString, QString> order{ { QStringLiteral("FIX_Symbol"), QStringLiteral("600000.SH") } };
+        open(strategy);
+        m_form->setOrderFields(order);
+        QCOMPARE(value(), QStringLiteral("600000.SH"));
+        auto* const edit = input<QLineEdit>("input_P");
+        edit->selectAll();
+        QTest::keyClick(edit, Qt::Key_Delete);
+        m_form->setOrderFields(order);
+        QCOMPARE(value(), QString());
+
+        const QMap<QString, QString> stored = m_form->values();
+        open(strategy);
+        m_form->setValues(stored);
+        m_form->setOrderFields(order);
+        QCOMPARE(value(), QString());
+    }
+
     void everyInputHasANameForScreenReaders()
     {
         open(definitionOf(parts(parameter(type("Int_t") + xml(" minValue='1'")),

@@ -15,8 +15,9 @@ struct ControlInput {
     std::function<QString()> value; ///< the control's value, see `StrategyControl`
     std::function<void(const QString&)> setValue;
     std::function<void(int lots, int decimals)> setSteps; ///< lot and decimals of the security's price; may be null
-    QVector<QWidget*> row; ///< everything that belongs to the control, the widget included
-    QString shown;         ///< the value that was set or entered last
+    QVector<QWidget*> row;  ///< everything that belongs to the control, the widget included
+    QString shown;          ///< the value that was set or entered last
+    bool isEntered = false; ///< the trader or a plan has given the value, which may be empty
 
     bool isInput() const { return lastFocus != nullptr; }
 };

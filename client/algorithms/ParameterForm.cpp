@@ -257,8 +257,8 @@ void ParameterForm::setOrderFields(const QMap<QString, QString>& fields)
 {
     for (const ControlInput& input : qAsConst(m_inputs)) {
         const StrategyControl& control = m_strategy.controls.at(input.control);
-        const QString text = fields.value(control.initFixField);
-        if (control.initFixField.isEmpty() || text.isEmpty() || m_state.value(input.control) != control.initialValue)
+        const QString text = control.initFixField.isEmpty() ? QString() : fields.value(control.initFixField);
+        if (text.isEmpty() || input.isEntered || m_state.value(input.control) != control.initialValue)
             continue;
         if (const Result<QString> value = ControlValue::read(control, &input.parameter, text))
             m_state.enter(input.control, *value);
@@ -270,12 +270,13 @@ void ParameterForm::setValues(const QMap<QString, QString>& values)
 {
     const auto isGiven = [&](const StrategyParameter& parameter) { return values.contains(parameter.name); };
     const bool isPlan = std::all_of(m_strategy.parameters.cbegin(), m_strategy.parameters.cend(), isGiven);
-    if (isPlan) {
+    if (isPlan)
         m_state.load(values);
-        return showState();
-    }
-    for (const ControlInput& input : qAsConst(m_inputs)) {
-        if (!input.parameter.name.isEmpty() && isGiven(input.parameter))
+    for (ControlInput& input : m_inputs) {
+        if (input.parameter.name.isEmpty() || !isGiven(input.parameter))
+            continue;
+        input.isEntered = true;
+        if (!isPlan)
             m_state.enter(input.control,
                 ControlValue::ofParameter(
                     m_strategy.controls.at(input.control), input.parameter, values.value(input.parameter.name)));
@@ -289,6 +290,7 @@ void ParameterForm::takeInput(int input)
         return;
     ControlInput& own = m_inputs[input];
     own.shown = own.value();
+    own.isEntered = true;
     m_state.enter(own.control, own.shown);
     showState();
 }

@@ -30,7 +30,8 @@ public:
     /// Sets lot and decimals of the price of the security: decimals of prices for which the strategy's file has none,
     /// and steps that depend on the security.
     void setSecurity(int lot, int decimals);
-    /// Sets the fields of the order with which controls start, by their names "FIX_...". Inputs that were changed stay.
+    /// Sets the fields of the order with which controls start, by their names "FIX_...". Inputs with a value of the
+    /// trader or of a plan stay, also if they are empty.
     void setOrderFields(const QMap<QString, QString>& fields);
 
     /// Shows values; inputs without a value in the map do not change. A map with all parameters is that of a plan.
