@@ -29,7 +29,7 @@ StrategyDefinition definitionOf(const QString& text)
     return file.strategies.isEmpty() ? StrategyDefinition() : file.strategies.constFirst().definition;
 }
 
-/// Parameters N and M, numbers; S and T, texts; R, a percentage; B, yes or no; E, one of A and B; L, a list; U and V,
+/// Parameters N and M, numbers; S and T, texts; R, a percentage; B, yes or no; E, one of A and B; L, a list; U to X,
 /// times.
 const QString Parameters =
     xml("<Parameter name='N' xsi:type='Int_t'/><Parameter name='M' xsi:type='Float_t'/>"
@@ -39,7 +39,9 @@ const QString Parameters =
         "<Parameter name='E' xsi:type='Char_t'><EnumPair enumID='e_a' wireValue='A'/>"
         "<EnumPair enumID='e_b' wireValue='B'/></Parameter>"
         "<Parameter name='L' xsi:type='MultipleCharValue_t'/>"
-        "<Parameter name='U' xsi:type='UTCTimeOnly_t'/><Parameter name='V' xsi:type='LocalMktTime_t'/>");
+        "<Parameter name='U' xsi:type='UTCTimeOnly_t'/><Parameter name='V' xsi:type='LocalMktTime_t'/>"
+        "<Parameter name='W' xsi:type='UTCTimeOnly_t' localMktTz='America/New_York'/>"
+        "<Parameter name='X' xsi:type='UTCTimeOnly_t' localMktTz='Asia/Shanghai'/>");
 
 /// Whether a rule holds with values "N=1 S=x".
 struct RuleCase {
@@ -82,6 +84,20 @@ constexpr RuleCase RuleCases[]{
     { "a time in UTC, before", "<val:Edit field='U' operator='GE' value='01:30:00'/>", "U=09:29:59", false },
     { "a time of the market", "<val:Edit field='V' operator='GE' value='09:30:00'/>", "V=09:30:00", true },
     { "time against time", "<val:Edit field='U' operator='LT' field2='V'/>", "U=09:30:00 V=09:31:00", true },
+    { "times of different zones", "<val:Edit field='W' operator='LT' field2='U'/>", "W=20:00:00 U=10:00:00", true },
+    { "times of different zones, not", "<val:Edit field='W' operator='LT' field2='V'/>", "W=20:00:00 V=08:00:00",
+        false },
+    { "times of the market on two days of UTC", "<val:Edit field='X' operator='LT' field2='V'/>",
+        "X=07:30:00 V=09:00:00", true },
+    { "a number and a text of one", "<val:Edit field='N' operator='LT' field2='S'/>", "N=9 S=10", true },
+    { "a number and another text", "<val:Edit field='N' operator='EQ' field2='S'/>", "N=9 S=x", false },
+    { "a text of a number and a number", "<val:Edit field='S' operator='GT' field2='M'/>", "S=10 M=9.5", true },
+    { "a time in UTC and a text of one", "<val:Edit field='U' operator='GT' field2='S'/>", "U=09:30:00 S=1:29", true },
+    { "a text of a time and a time of the market", "<val:Edit field='S' operator='LE' field2='V'/>",
+        "S=9:31 V=09:30:00", false },
+    { "a time and a text of none is not checked", "<val:Edit field='V' operator='LT' field2='S'/>", "S=x V=09:30:00",
+        true },
+    { "yes and its text", "<val:Edit field='B' operator='EQ' field2='S'/>", "B=Y S=Y", true },
     { "all",
         "<val:Edit logicOperator='AND'><val:Edit field='N' operator='EX'/><val:Edit field='S' "
         "operator='EX'/></val:Edit>",
@@ -349,6 +365,42 @@ private Q_SLOTS:
         panel.enter(0, QStringLiteral("One ") + strategy.controls.at(0).items.at(1).id);
         QVERIFY(!panel.isEnabled(1));
         QVERIFY(panel.isEnabled(2));
+    }
+
+    void aHelperIsComparedAsANumberIfItIsOne()
+    {
+        const QString spinner = xml("<lay:Control ID='n' xsi:type='lay:SingleSpinner_t' parameterRef='N'/>");
+        PanelState panel(definitionOf(parts(Parameters,
+            spinner + field("t", "")
+                + field("a", qPrintable(rule("enabled='true'", "<val:Edit field='n' operator='LT' field2='t'/>")))
+                + field("b", qPrintable(rule("enabled='true'", "<val:Edit field='t' operator='GT' value='9'/>"))))));
+        panel.enter(0, QStringLiteral("9"));
+        panel.enter(1, QStringLiteral("10"));
+        QVERIFY(panel.isEnabled(2));
+        QVERIFY(panel.isEnabled(3));
+        panel.enter(1, QStringLiteral("8"));
+        QVERIFY(!panel.isEnabled(2));
+        QVERIFY(!panel.isEnabled(3));
+    }
+
+    void clocksOfDifferentZonesAreCompared()
+    {
+        const auto clock = [](const char* id, const char* zone) {
+            return xml("<lay:Control ID='%1' xsi:type='lay:Clock_t' localMktTz='%2'/>")
+                .arg(QLatin1String(id), QLatin1String(zone));
+        };
+        PanelState panel(definitionOf(parts({},
+            clock("w", "America/New_York") + clock("u", "Asia/Shanghai") + field("t", "")
+                + field("a", qPrintable(rule("enabled='true'", "<val:Edit field='w' operator='LT' field2='u'/>")))
+                + field("b", qPrintable(rule("enabled='true'", "<val:Edit field='u' operator='GT' field2='t'/>"))))));
+        panel.enter(0, QStringLiteral("20:00:00"));
+        panel.enter(1, QStringLiteral("10:00:00"));
+        panel.enter(2, QStringLiteral("9:59"));
+        QVERIFY(panel.isEnabled(3));
+        QVERIFY(panel.isEnabled(4));
+        panel.enter(1, QStringLiteral("08:00:00"));
+        QVERIFY(!panel.isEnabled(3));
+        QVERIFY(!panel.isEnabled(4));
     }
 
     void oneButtonOfAGroupIsChecked()

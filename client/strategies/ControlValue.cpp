@@ -78,14 +78,9 @@ QString itemsMeant(const StrategyControl& control, const StrategyParameter* para
 
 Result<QString> readClock(const StrategyControl& control, const StrategyParameter* parameter, const QString& text)
 {
-    const std::optional<MarketTime::Written> written = MarketTime::read(text);
-    if (!written)
-        return Error::ValueNotTime;
-    const QByteArray own = parameter ? parameter->zone : control.zone;
-    if (written->offset)
-        return MarketTime::toText(MarketTime::convertOffset(written->time, *written->offset, own));
-    const QByteArray from = control.zone.isEmpty() ? own : control.zone;
-    return MarketTime::toText(MarketTime::convert(written->time, from, own));
+    const QByteArray own = ControlValue::zoneOf(control, parameter);
+    const std::optional<QString> time = MarketTime::converted(text, control.zone.isEmpty() ? own : control.zone, own);
+    return time ? Result<QString>(*time) : Result<QString>(Error::ValueNotTime);
 }
 
 QString wireOf(const StrategyParameter& parameter, const QString& id)
@@ -143,6 +138,11 @@ QString itemsOfParameter(const StrategyControl& control, const StrategyParameter
 const StrategyParameter* ControlValue::parameterOf(const StrategyDefinition& strategy, const StrategyControl& control)
 {
     return control.parameter.isEmpty() ? nullptr : strategy.parameter(control.parameter);
+}
+
+QByteArray ControlValue::zoneOf(const StrategyControl& control, const StrategyParameter* parameter)
+{
+    return parameter ? parameter->zone : control.zone;
 }
 
 bool ControlValue::isNumber(const StrategyControl& control, const StrategyParameter* parameter)

@@ -13,6 +13,9 @@ namespace ControlValue {
 /// The parameter of a control; null if it has none.
 const StrategyParameter* parameterOf(const StrategyDefinition& strategy, const StrategyControl& control);
 
+/// The time zone of a clock's value; empty for the market's.
+QByteArray zoneOf(const StrategyControl& control, const StrategyParameter* parameter);
+
 /// True if the value of the control is a number.
 bool isNumber(const StrategyControl& control, const StrategyParameter* parameter);
 

@@ -1,5 +1,8 @@
 #include "EditEvaluation.h"
 
+#include "MarketTime.h"
+#include "ParameterValue.h"
+
 #include <QStringList>
 
 #include <algorithm>
@@ -33,7 +36,9 @@ int order(ComparedAs as, const QString& left, const QString& right)
 {
     if (as == ComparedAs::Set)
         return sorted(left) == sorted(right) ? 0 : left.compare(right) < 0 ? -1 : 1;
-    if (as == ComparedAs::Text)
+    const bool areNumbers = as == ComparedAs::Number
+        || (as == ComparedAs::NumberOrText && ParameterValue::isDecimal(left) && ParameterValue::isDecimal(right));
+    if (!areNumbers)
         return left.compare(right);
     const double difference = left.toDouble() - right.toDouble();
     return difference < 0 ? -1 : (difference > 0 ? 1 : 0);
@@ -59,11 +64,15 @@ bool holds(EditOperator comparison, int order)
     }
 }
 
-/// A number that is not finished has no value.
-QString usable(ComparedAs as, const QString& value)
+/// A number or a time that is not finished has no value.
+QString usable(const StrategyEdit& edit, const QString& value, const QByteArray& zone)
 {
+    // Times of different zones are compared in UTC.
+    if (edit.as == ComparedAs::Time)
+        return MarketTime::converted(value, zone, edit.zone == edit.otherZone ? zone : QByteArrayLiteral("UTC"))
+            .value_or(QString());
     bool isNumber = true;
-    if (as == ComparedAs::Number)
+    if (edit.as == ComparedAs::Number)
         value.toDouble(&isNumber);
     return isNumber ? value : QString();
 }
@@ -119,8 +128,8 @@ Truth EditEvaluation::compare(const StrategyEdit& edit) const
     const QString left = m_valueOf(edit.field);
     if (edit.comparison == EditOperator::Exists || edit.comparison == EditOperator::Missing)
         return truthOf(left.isEmpty() == (edit.comparison == EditOperator::Missing));
-    const QString one = usable(edit.as, left);
-    const QString other = usable(edit.as, edit.otherField < 0 ? edit.value : m_valueOf(edit.otherField));
+    const QString one = usable(edit, left, edit.zone);
+    const QString other = usable(edit, edit.otherField < 0 ? edit.value : m_valueOf(edit.otherField), edit.otherZone);
     if (!one.isEmpty() && !other.isEmpty())
         return truthOf(holds(edit.comparison, order(edit.as, one, other)));
     if (m_empty == Empty::IsUnknown)

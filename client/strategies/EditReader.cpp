@@ -25,28 +25,65 @@ bool isEdit(const StrategyElement& element)
     return element.name == QLatin1String("Edit") || element.name == QLatin1String("EditRef");
 }
 
-/// The types of two parameters that may be compared.
-bool areComparable(ParameterType left, ParameterType right)
+ParameterTypeInfo::Family familyOf(const StrategyParameter& parameter)
 {
-    const auto family = [](ParameterType type) {
-        const ParameterTypeInfo::Family own = ParameterTypes::of(type).family;
-        return own == ParameterTypeInfo::List ? ParameterTypeInfo::Text : own;
-    };
-    return family(left) == family(right);
+    const ParameterTypeInfo::Family family = ParameterTypes::of(parameter.type).family;
+    return family == ParameterTypeInfo::List ? ParameterTypeInfo::Text : family;
+}
+
+/// Texts may contain a value of every type.
+bool areComparable(const StrategyParameter& left, const StrategyParameter& right)
+{
+    const ParameterTypeInfo::Family one = familyOf(left);
+    const ParameterTypeInfo::Family other = familyOf(right);
+    return one == other || one == ParameterTypeInfo::Text || other == ParameterTypeInfo::Text;
+}
+
+bool isUtc(ParameterType type)
+{
+    return type == ParameterType::UtcTimeOnly || type == ParameterType::UtcTimestamp;
+}
+
+/// The time zone of a parameter that is compared with a time. A text has the time as in the message.
+QByteArray zoneBeside(const StrategyParameter& parameter, const StrategyParameter& other)
+{
+    if (ParameterTypes::isTime(parameter.type))
+        return MarketTime::withoutMarket(parameter.zone);
+    return isUtc(other.type) ? QByteArrayLiteral("UTC") : MarketTime::withoutMarket(other.zone);
+}
+
+/// How two sides are compared that are usually compared in their own ways.
+ComparedAs comparedAs(ComparedAs left, ComparedAs right)
+{
+    if (left == right)
+        return left;
+    if (left == ComparedAs::Time || right == ComparedAs::Time)
+        return ComparedAs::Time;
+    return left == ComparedAs::Set || right == ComparedAs::Set ? ComparedAs::Set : ComparedAs::NumberOrText;
 }
 
 ComparedAs comparedAs(const StrategyParameter& parameter)
 {
     if (ParameterTypes::isNumber(parameter.type))
         return ComparedAs::Number;
+    if (ParameterTypes::isTime(parameter.type))
+        return ComparedAs::Time;
     return ParameterTypes::isList(parameter.type) ? ComparedAs::Set : ComparedAs::Text;
 }
 
 ComparedAs comparedAs(const StrategyDefinition& strategy, const StrategyControl& control)
 {
-    if (ControlValue::isNumber(control, ControlValue::parameterOf(strategy, control)))
+    const StrategyParameter* const parameter = ControlValue::parameterOf(strategy, control);
+    if (ControlValue::isNumber(control, parameter))
         return ComparedAs::Number;
-    return control.isMultiple() ? ComparedAs::Set : ComparedAs::Text;
+    if (control.isMultiple())
+        return ComparedAs::Set;
+    if (control.choosesItems() || control.isButton())
+        return ComparedAs::Text;
+    if (control.type == ControlType::Clock || (parameter && ParameterTypes::isTime(parameter->type)))
+        return ComparedAs::Time;
+    // A text without a type may be a number.
+    return parameter ? ComparedAs::Text : ComparedAs::NumberOrText;
 }
 
 /// The values of one or several ids.
@@ -237,6 +274,8 @@ void EditReader::takeOperand(StrategyEdit& edit, const StrategyElement& element,
     }
     edit.as = fields == Parameters ? comparedAs(m_strategy.parameters.at(edit.field))
                                    : comparedAs(m_strategy, m_strategy.controls.at(edit.field));
+    // The value is read in the form and the time zone of the field.
+    edit.as = edit.as == ComparedAs::Time ? ComparedAs::Text : edit.as;
     const Result<QString> value = readValue(element, edit, text, fields);
     if (value) {
         edit.value = *value;
@@ -252,18 +291,36 @@ bool EditReader::takeOtherField(StrategyEdit& edit, const StrategyElement& eleme
     edit.otherField = fieldIndex(element, name, fields);
     if (edit.otherField < 0)
         return false;
-    if (fields == Controls) {
-        const ComparedAs left = comparedAs(m_strategy, m_strategy.controls.at(edit.field));
-        const ComparedAs right = comparedAs(m_strategy, m_strategy.controls.at(edit.otherField));
-        edit.as = left == right ? left : ComparedAs::Text;
-        return true;
-    }
+    if (fields == Controls)
+        compareControls(edit);
+    else
+        compareParameters(edit, element);
+    return true;
+}
+
+void EditReader::compareControls(StrategyEdit& edit) const
+{
+    const StrategyControl& left = m_strategy.controls.at(edit.field);
+    const StrategyControl& right = m_strategy.controls.at(edit.otherField);
+    const ComparedAs one = comparedAs(m_strategy, left);
+    const ComparedAs other = comparedAs(m_strategy, right);
+    const auto zoneOf = [this](const StrategyControl& control) {
+        return MarketTime::withoutMarket(ControlValue::zoneOf(control, ControlValue::parameterOf(m_strategy, control)));
+    };
+    edit.as = comparedAs(one, other);
+    edit.zone = zoneOf(one == ComparedAs::Time ? left : right);
+    edit.otherZone = zoneOf(other == ComparedAs::Time ? right : left);
+}
+
+void EditReader::compareParameters(StrategyEdit& edit, const StrategyElement& element)
+{
     const StrategyParameter& left = m_strategy.parameters.at(edit.field);
     const StrategyParameter& right = m_strategy.parameters.at(edit.otherField);
-    edit.as = comparedAs(left);
-    if (!areComparable(left.type, right.type))
+    edit.as = comparedAs(comparedAs(left), comparedAs(right));
+    edit.zone = zoneBeside(left, right);
+    edit.otherZone = zoneBeside(right, left);
+    if (!areComparable(left, right))
         m_remarks.refuse(element.line, { Error::RuleOfOtherTypes, { left.name, right.name } });
-    return true;
 }
 
 Result<QString> EditReader::readValue(

@@ -33,6 +33,8 @@ private:
         const StrategyElement& element, const StrategyParameter& parameter, const QString& text);
     void takeOperand(StrategyEdit& edit, const StrategyElement& element, const QString& text, Fields fields);
     bool takeOtherField(StrategyEdit& edit, const StrategyElement& element, const QString& name, Fields fields);
+    void compareControls(StrategyEdit& edit) const;
+    void compareParameters(StrategyEdit& edit, const StrategyElement& element);
     int leaveOut(const StrategyElement& element, const QString& field);
     int append(const StrategyEdit& edit);
 

@@ -8,13 +8,14 @@
 
 namespace {
 
+const QByteArray Market = QByteArrayLiteral("Asia/Shanghai");
 const QString StoredTime = QStringLiteral("HH:mm:ss");
 constexpr int SecondsPerMinute = 60;
 constexpr int SecondsPerHour = 3600;
 
 QTimeZone zoneOf(const QByteArray& zone)
 {
-    return QTimeZone(zone.isEmpty() ? QByteArray("Asia/Shanghai") : zone);
+    return QTimeZone(zone.isEmpty() ? Market : zone);
 }
 
 int offsetOf(const QString& text)
@@ -64,11 +65,25 @@ bool MarketTime::isZone(const QByteArray& zone)
     return zone.isEmpty() || (form.match(QString::fromUtf8(zone)).hasMatch() && QTimeZone(zone).isValid());
 }
 
+QByteArray MarketTime::withoutMarket(const QByteArray& zone)
+{
+    return zone == Market ? QByteArray() : zone;
+}
+
 QTime MarketTime::convert(const QTime& time, const QByteArray& from, const QByteArray& to)
 {
     if (from == to)
         return time;
     return QDateTime(clientToday(), time, zoneOf(from)).toTimeZone(zoneOf(to)).time();
+}
+
+std::optional<QString> MarketTime::converted(const QString& text, const QByteArray& from, const QByteArray& to)
+{
+    const std::optional<Written> written = read(text);
+    if (!written)
+        return std::nullopt;
+    return toText(
+        written->offset ? convertOffset(written->time, *written->offset, to) : convert(written->time, from, to));
 }
 
 QTime MarketTime::convertOffset(const QTime& time, int offset, const QByteArray& to)

@@ -25,8 +25,12 @@ bool isStored(const QString& text);
 
 /// True if the time zone is known. An empty one is the market's.
 bool isZone(const QByteArray& zone);
+/// The zone, empty if it is the market's.
+QByteArray withoutMarket(const QByteArray& zone);
 /// A time of today in another time zone.
 QTime convert(const QTime& time, const QByteArray& from, const QByteArray& to);
+/// A time as it is written, without offset in the time zone `from`, in the time zone `to`; nothing if it is no time.
+std::optional<QString> converted(const QString& text, const QByteArray& from, const QByteArray& to);
 /// A time of today in a time zone, at an offset from UTC.
 QTime convertOffset(const QTime& time, int offset, const QByteArray& to);
 /// The time now in a time zone.

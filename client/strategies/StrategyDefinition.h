@@ -85,7 +85,13 @@ enum class EditOperator {
 };
 
 /// How the two sides of a comparison are compared.
-enum class ComparedAs { Text, Number, Set };
+enum class ComparedAs {
+    Text,
+    Number,
+    NumberOrText, ///< as numbers if both are, otherwise as texts
+    Time,         ///< in one time zone
+    Set
+};
 
 /// The value of a rule that clears its control, and of a wire value that is not sent.
 inline const QString NullValue = QStringLiteral("{NULL}");
@@ -203,6 +209,8 @@ struct StrategyEdit {
     int otherField = -1; ///< -1: compared with `value`
     QString value;       ///< in the form of the field's values
     ComparedAs as = ComparedAs::Text;
+    QByteArray zone;       ///< time zone of the field, if times are compared
+    QByteArray otherZone;  ///< time zone of the other field
     QVector<int> operands; ///< conditions in `StrategyDefinition::edits`
 
     bool isCombination() const { return comparison >= EditOperator::And; }
