@@ -1,5 +1,6 @@
 // The trader's decisions in the window: what goes out today, and the states of plans.
 #include "ClientWindowTest.h"
+#include "ErrorText.h"
 #include "HistoryStore.h"
 #include "InstructionIssuer.h"
 #include "IssueSheet.h"
@@ -114,6 +115,24 @@ private Q_SLOTS:
         QCOMPARE(issued(), 1);
     }
 
+    void aRestoredBackupGetsNoInstructions()
+    {
+        createSamples(2);
+        openSheet(2);
+        const QByteArray restored = restoreBackup();
+        QVERIFY(!restored.isEmpty());
+        boxOf([this] { click("btn_issue"); }, "msgBoxQuestion");
+        QTRY_VERIFY_WITH_TIMEOUT(!isWorking(), Patience);
+        QVERIFY2(text("issueText").endsWith(errorText(Error::DatabaseFileChanged)), qPrintable(text("issueText")));
+        QCOMPARE(fileContent(), restored);
+        // A sheet that is opened now does not read it, either.
+        sheet()->close();
+        QVERIFY(press(&window(), Qt::Key_I, Qt::ControlModifier));
+        QTRY_VERIFY_WITH_TIMEOUT(!isWorking(), Patience);
+        QVERIFY2(text("issueText").endsWith(errorText(Error::DatabaseFileChanged)), qPrintable(text("issueText")));
+        QCOMPARE(fileContent(), restored);
+    }
+
     void aDayWithoutPlansSaysSo()
     {
         openSheet(0);
@@ -132,6 +151,33 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(status(), QStringLiteral("1个计划已暂停"), Patience);
         act("action_resume");
         QTRY_COMPARE_WITH_TIMEOUT(stored(plan).state, PlanState::Active, Patience);
+    }
+
+    void aPlanOfARestoredBackupIsNotPaused()
+    {
+        const QString plan = createSamples(1).constFirst();
+        openWindow();
+        const QByteArray restored = restoreBackup();
+        QVERIFY(!restored.isEmpty());
+        boxes().expect(QStringLiteral("msgBoxError"), true);
+        act("action_pause");
+        QVector<MessageBoxResponder::Box> seen;
+        QTRY_VERIFY_WITH_TIMEOUT(!(seen += boxes().take()).isEmpty(), Patience);
+        QVERIFY2(seen.constFirst().text.endsWith(errorText(Error::DatabaseFileChanged)),
+            qPrintable(seen.constFirst().text));
+        QCOMPARE(stored(plan).state, PlanState::Active);
+        QCOMPARE(fileContent(), restored);
+    }
+
+    void anExchangedFileIsNoticedByItself()
+    {
+        createSamples(1);
+        openWindow();
+        const auto* const mark = field<QLabel>(window(), "outdated");
+        QVERIFY(!mark->isVisible());
+        QVERIFY(!restoreBackup().isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(mark->isVisible(), Patience);
+        QVERIFY2(mark->text().contains(errorText(Error::DatabaseFileChanged)), qPrintable(mark->text()));
     }
 
     void stoppingAsksForTheReason()

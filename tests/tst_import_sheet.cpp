@@ -1,6 +1,7 @@
 // The window that imports files, and sheets of securities with a plan as template, filled in by mouse and keyboard.
 #include "AutoPlanField.h"
 #include "ClientWindowTest.h"
+#include "ErrorText.h"
 #include "ImportSheet.h"
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
@@ -48,6 +49,25 @@ private Q_SLOTS:
         // The open client knows them.
         QCOMPARE(ClientSession::instance().market().find(QStringLiteral("600999.SH"))->name, QStringLiteral("新股"));
         QCOMPARE(ClientSession::instance().market().find(share())->name, QStringLiteral("新名"));
+    }
+
+    void nothingIsImportedIntoARestoredBackup()
+    {
+        openWindow();
+        openSheet("securities");
+        const QString file = write("a.csv", SecurityHeadings + "600999.SH,新股,股票,主板,2,1,100,10%\n");
+        choose(file);
+        const QByteArray restored = restoreBackup();
+        QVERIFY(!restored.isEmpty());
+        click("btn_import");
+        waitForTheEnd();
+        QVERIFY2(
+            text("importText").contains(errorText(Error::DatabaseFileChanged)), qPrintable(text("importText")));
+        QCOMPARE(fileContent(), restored);
+        choose(file);
+        QVERIFY2(
+            text("importText").contains(errorText(Error::DatabaseFileChanged)), qPrintable(text("importText")));
+        QCOMPARE(fileContent(), restored);
     }
 
     void anImportedSecurityCanBePlannedAtOnce()

@@ -118,7 +118,7 @@ private Q_SLOTS:
         const Record running{ { FieldId::EndState, EndState::Running } };
         QVERIFY(ClientSession::instance().instructions().add(id, SampleSession::today(), running, now()));
 
-        InstructionPrefetcher prefetcher(m_session->file());
+        InstructionPrefetcher prefetcher(ClientSession::instance().database());
         const QThread* reader = nullptr;
         connect(
             &prefetcher, &InstructionPrefetcher::arrived, &prefetcher, [&] { reader = QThread::currentThread(); },

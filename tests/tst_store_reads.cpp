@@ -485,9 +485,12 @@ void TestStoreReads::damageIsReportedAfterTheStart()
 void TestStoreReads::aThreadCreatesNoFile()
 {
     const QString missing = m_session->file() + QStringLiteral(".missing");
+    Database session;
+    QCOMPARE(session.open(missing), Status());
+    QVERIFY(QFile::remove(missing));
     Status status;
     QSemaphore done;
-    DatabaseThread thread(QStringLiteral("missing"), missing);
+    DatabaseThread thread(QStringLiteral("missing"), session);
     thread.run([&status, &done](Database&, const Status& opened) {
         status = opened;
         done.release();
@@ -502,7 +505,7 @@ void TestStoreReads::anEndlessReadEndsWithItsThread()
     Status status;
     QSemaphore started;
     {
-        DatabaseThread thread(QStringLiteral("endless"), m_session->file());
+        DatabaseThread thread(QStringLiteral("endless"), ClientSession::instance().database());
         thread.run([&status, &started](Database& database, const Status& opened) {
             started.release();
             status = opened ? database

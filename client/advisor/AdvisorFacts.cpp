@@ -131,8 +131,8 @@ bool FactsQuestion::operator==(const FactsQuestion& other) const
     return values(*this) == values(other);
 }
 
-FactsReader::FactsReader(const QString& location)
-    : m_thread(QStringLiteral("advisor"), location)
+FactsReader::FactsReader(const Database& session)
+    : m_thread(QStringLiteral("advisor"), session)
 {
 }
 

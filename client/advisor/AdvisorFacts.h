@@ -61,8 +61,8 @@ public:
     /// Most plans that are read of each kind.
     static constexpr int MostPlans = 50;
 
-    /// `location`: the database, opened with the first question.
-    explicit FactsReader(const QString& location);
+    /// `session`: see `DatabaseThread`; the database is opened with the first question.
+    explicit FactsReader(const Database& session);
 
     /// Asks; earlier questions that have not started are skipped.
     void ask(const FactsQuestion& question);

@@ -234,7 +234,7 @@ void AdvisorPanel::ask(const FactsQuestion& question)
 FactsReader& AdvisorPanel::reader()
 {
     if (!m_reader) {
-        m_reader = std::make_unique<FactsReader>(ClientSession::instance().database().location());
+        m_reader = std::make_unique<FactsReader>(ClientSession::instance().database());
         connect(m_reader.get(), &FactsReader::answered, this, &AdvisorPanel::take);
     }
     return *m_reader;

@@ -68,15 +68,20 @@ Database::~Database()
 
 Status Database::open(const QString& location)
 {
-    return openWith(location, false);
+    return openWith(location, false, {});
+}
+
+Status Database::open(const QString& location, const FileIdentity& file)
+{
+    return openWith(location, false, file);
 }
 
 Status Database::setUp(const QString& location)
 {
-    return openWith(location, true);
+    return openWith(location, true, {});
 }
 
-Status Database::openWith(const QString& location, bool migrates)
+Status Database::openWith(const QString& location, bool migrates, const FileIdentity& file)
 {
     close();
     const bool isServer = ServerLocation::isServer(location);
@@ -86,7 +91,7 @@ Status Database::openWith(const QString& location, bool migrates)
     if (isServer)
         m_engine = std::make_unique<PostgresEngine>(*this);
     else
-        m_engine = std::make_unique<SqliteEngine>(*this);
+        m_engine = std::make_unique<SqliteEngine>(*this, file);
     const Status status = m_engine->open(m_connection, m_connectionName, location, migrates);
     if (status) {
         m_location = location;
@@ -146,6 +151,11 @@ void Database::close()
 bool Database::isOpen() const
 {
     return m_connection.isOpen();
+}
+
+FileIdentity Database::file() const
+{
+    return m_engine ? m_engine->file() : FileIdentity();
 }
 
 Status Database::checkFile()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FileIdentity.h"
 #include "Status.h"
 
 #include <QElapsedTimer>
@@ -38,6 +39,9 @@ public:
     ///
     /// A database on a server must have been set up; an older or newer schema is refused.
     Status open(const QString& location);
+    /// Like `open`, and opens the same file as another connection, see `file`. If the location leads to another file
+    /// or to none, fails and leaves it unchanged.
+    Status open(const QString& location, const FileIdentity& file);
     /// Like `open`. Creates or migrates the tables in a server's database, which the role then owns, and leaves it
     /// open.
     Status setUp(const QString& location);
@@ -53,6 +57,8 @@ public:
     bool isOpen() const;
     /// The opened location, empty while closed.
     QString location() const { return m_location; }
+    /// The opened file; empty for a server or while closed.
+    FileIdentity file() const;
     /// Fails if the file was deleted, exchanged, moved or linked. The connection still reads it then.
     Status checkFile();
     /// The role that is logged in to a server; empty for a file.
@@ -115,7 +121,7 @@ public:
     Status watch(const std::function<void()>& noticed);
     void endWatch();
     /// Call it regularly while the database is watched: looks for commits in a file, and for a sign of life of a
-    /// server. Never waits, and does nothing within a transaction. Fails if the connection is lost.
+    /// server. Never waits, and does nothing within a transaction. Fails if the connection is lost, or like `checkFile`.
     Status poll();
 
     /// Reads a whole file, which takes seconds if it is large. Fails if it is damaged. `interrupt` ends it. A server
@@ -135,7 +141,7 @@ public:
     QString contentVersion() const;
 
 private:
-    Status openWith(const QString& location, bool migrates);
+    Status openWith(const QString& location, bool migrates, const FileIdentity& file);
     Status begin();
     Result<qint64> insertAlone(const QString& statement, const QVariantList& values);
     Status finish(const Status& worked);

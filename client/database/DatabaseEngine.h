@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FileIdentity.h"
 #include "SqlDialect.h"
 #include "Status.h"
 
@@ -56,6 +57,8 @@ public:
     virtual void rollBack() = 0;
     /// Fails if nothing may be written.
     virtual Status check() { return {}; }
+    /// The opened file; empty for a server.
+    virtual FileIdentity file() const { return {}; }
     /// Called after each commit.
     virtual void countCommit() { }
 

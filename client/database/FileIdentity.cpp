@@ -72,9 +72,20 @@ void FileIdentity::forget()
 
 Status FileIdentity::check()
 {
-    if (!areFilesSame())
-        return Error::DatabaseFileChanged;
-    return m_connection ? checkHeader() : Status();
+    const Status status = checkNames();
+    return status && m_connection ? checkHeader() : status;
+}
+
+Status FileIdentity::checkOther(sqlite3* connection) const
+{
+    FileIdentity other = *this;
+    other.m_connection = m_connection ? connection : nullptr;
+    return other.check();
+}
+
+Status FileIdentity::checkNames() const
+{
+    return areFilesSame() ? Status() : Error::DatabaseFileChanged;
 }
 
 bool FileIdentity::areFilesSame() const

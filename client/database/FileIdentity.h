@@ -18,6 +18,10 @@ public:
     /// Fails if a name leads to another file or to none, if a file has a second name, or if another program has copied
     /// a backup or an older state into the database file.
     Status check();
+    /// Like `check`, for a connection to the same file that has not been remembered. Succeeds if nothing is remembered.
+    Status checkOther(sqlite3* connection) const;
+    /// Fails if a name leads to another file or to none, or if a file has a second name.
+    Status checkNames() const;
 
 private:
     /// Fields of the database file without its log. Clients never decrease them.

@@ -104,9 +104,10 @@ int nextNumber()
 
 } // namespace
 
-SqliteEngine::SqliteEngine(Database& database)
+SqliteEngine::SqliteEngine(Database& database, const FileIdentity& expected)
     : m_database(database)
     , m_number(nextNumber())
+    , m_expected(expected)
 {
 }
 
@@ -115,6 +116,8 @@ Status SqliteEngine::open(QSqlDatabase& connection, const QString& name, const Q
     if (Status status = connect(connection, name, location); !status)
         return status;
     if (Status status = inspect(); !status)
+        return status;
+    if (Status status = m_expected.checkOther(m_connection); !status)
         return status;
     if (Status status = prepareConnection(); !status)
         return status;
@@ -141,6 +144,8 @@ Status SqliteEngine::connect(QSqlDatabase& connection, const QString& name, cons
 {
     if (fileName.isEmpty())
         return Error::NoDatabaseFile;
+    if (Status status = m_expected.checkNames(); !status)
+        return status;
     if (Status status = UntrustedFile::checkFiles(fileName); !status)
         return status;
     if (!PrivateFiles::makeFolder(QFileInfo(fileName).absolutePath()))
@@ -345,6 +350,8 @@ Status SqliteEngine::watch(const std::function<void()>& noticed)
 
 Status SqliteEngine::poll()
 {
+    if (Status status = m_files.check(); !status)
+        return status;
     const Result<int> version = number(DataVersion);
     if (version && m_noticed && std::exchange(m_version, *version) != *version)
         m_noticed();

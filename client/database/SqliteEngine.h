@@ -12,7 +12,8 @@ struct sqlite3;
 /// An SQLite file: checked, configured and migrated when it is opened, and checked again before each write.
 class SqliteEngine : public DatabaseEngine {
 public:
-    explicit SqliteEngine(Database& database);
+    /// `expected`: the file that must be opened; empty for any.
+    SqliteEngine(Database& database, const FileIdentity& expected);
 
     Status open(QSqlDatabase& connection, const QString& name, const QString& location, bool migrates) override;
     void prepareClosing() override;
@@ -20,6 +21,7 @@ public:
     bool isInTransaction() const override;
     void rollBack() override;
     Status check() override { return m_files.check(); }
+    FileIdentity file() const override { return m_files; }
     void countCommit() override { ++m_committed; }
     QString contentVersion() const override;
     bool streamsRows() const override { return true; }
@@ -53,6 +55,7 @@ private:
     const int m_number; ///< of the engine in this process
     sqlite3* m_connection = nullptr;
     QString m_fileName;
+    const FileIdentity m_expected;
     FileIdentity m_files;
     LockWaits m_waits;
     std::function<void()> m_noticed;

@@ -51,7 +51,7 @@ Alerts::Alerts(QWidget* parent)
     , m_text(PlainText::newLabel(QString(), this))
     , m_go(new QPushButton(tr("查看计划"), this))
     , m_done(new QPushButton(tr("已处理"), this))
-    , m_work(ClientSession::instance().database().location())
+    , m_work(ClientSession::instance().database())
 {
     setObjectName(QStringLiteral("alerts"));
     setWindowTitle(tr("提醒"));

@@ -83,7 +83,7 @@ ImportSheet::ImportSheet(QWidget* parent)
     , m_leavesOut(new QCheckBox(tr("略去有错误的行"), this))
     , m_text(PlainText::newLabel(QString(), this))
     , m_progress(new QProgressBar(this))
-    , m_work(ClientSession::instance().database().location())
+    , m_work(ClientSession::instance().database())
 {
     setObjectName(QStringLiteral("importSheet"));
     setWindowTitle(tr("导入"));
@@ -302,6 +302,7 @@ std::vector<ImportTask> ImportSheet::tasks(bool isTrial) const
         task.file = m_sources.at(i).file;
         task.contents = m_sources.at(i).contents;
         task.location = ClientSession::instance().database().location();
+        task.databaseFile = ClientSession::instance().database().file();
         task.replaces = m_replaces->isChecked();
         task.removals = m_reports.value(i).removals;
         task.templatePlan = templatePlan();

@@ -65,7 +65,7 @@ IssueSheet::IssueSheet(QWidget* parent)
     , m_progress(new QProgressBar(this))
     , m_issue(new QPushButton(this))
     , m_close(new QPushButton(tr("关闭"), this))
-    , m_work(ClientSession::instance().database().location())
+    , m_work(ClientSession::instance().database())
 {
     setObjectName(QStringLiteral("issueSheet"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);

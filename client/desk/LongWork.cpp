@@ -1,7 +1,7 @@
 #include "LongWork.h"
 
-LongWork::LongWork(const QString& location)
-    : m_thread(QStringLiteral("long work"), location)
+LongWork::LongWork(const Database& session)
+    : m_thread(QStringLiteral("long work"), session)
 {
 }
 

@@ -18,8 +18,8 @@ public:
     /// Runs on the other thread. `opened`: whether the database can be used.
     using Work = std::function<void(Database& database, const Status& opened, const Progress& progress)>;
 
-    /// `location`: the database, opened by the first work.
-    explicit LongWork(const QString& location);
+    /// `session`: see `DatabaseThread`.
+    explicit LongWork(const Database& session);
 
     /// Starts unless another work is running; `done` is called on this object's thread afterwards.
     void start(const Work& work, const std::function<void()>& done);

@@ -58,7 +58,7 @@ StateActions::StateActions(
     , m_window(window)
     , m_chosen(chosen)
     , m_account(account)
-    , m_work(ClientSession::instance().database().location())
+    , m_work(ClientSession::instance().database())
 {
     add(QStringLiteral("action_pause"), tr("暂停"), [this] { setChosen(PlanState::Paused); });
     add(QStringLiteral("action_resume"), tr("恢复"), [this] { setChosen(PlanState::Active); });

@@ -262,7 +262,7 @@ Result<qint64> ClientSession::lookUpElsewhere(const Find& find)
     const auto answer = std::make_shared<Answer>();
     const QDeadlineTimer end(std::max<qint64>(0, LongestCall.count() - m_database.sinceBegin()));
     if (!m_finder)
-        m_finder = std::make_unique<DatabaseThread>(QStringLiteral("look-up"), m_database.location());
+        m_finder = std::make_unique<DatabaseThread>(QStringLiteral("look-up"), m_database);
     m_finder->run([=, process = m_database.process(), location = m_database.location()](
                       Database& database, const Status& opened) {
         Status status = opened;
@@ -357,7 +357,7 @@ void ClientSession::startMovingAverages()
 {
     static const bool registered = (qAddPostRoutine(closeWithTheApplication), true);
     Q_UNUSED(registered);
-    m_averages = std::make_unique<MovingAverageWorker>(m_database.location());
+    m_averages = std::make_unique<MovingAverageWorker>(m_database);
     // Emitted on the worker's thread, so receivers must expect another thread.
     QObject::connect(m_averages.get(), &MovingAverageWorker::answered, &PlanEvents::instance(),
         &PlanEvents::averagesAnswered, Qt::DirectConnection);
@@ -369,6 +369,6 @@ void ClientSession::startPageCheck()
 {
     if (!m_database.role().isEmpty())
         return;
-    m_checker = std::make_unique<PageChecker>(m_database.location());
+    m_checker = std::make_unique<PageChecker>(m_database);
     QObject::connect(m_checker.get(), &PageChecker::failed, &PlanEvents::instance(), &PlanEvents::report);
 }

@@ -1,9 +1,6 @@
 #include "DatabaseThread.h"
 
 #include "PlanEvents.h"
-#include "ServerLocation.h"
-
-#include <QFileInfo>
 
 #include <sys/resource.h>
 #include <unistd.h>
@@ -24,9 +21,10 @@ void yieldToTheWindow()
 /// Belongs to the thread.
 class DatabaseThread::Connection : public QObject {
 public:
-    Connection(DatabaseThread& thread, const QString& location)
+    Connection(DatabaseThread& thread, const Database& session)
         : m_thread(thread)
-        , m_location(location)
+        , m_location(session.location())
+        , m_file(session.file())
     {
     }
 
@@ -41,23 +39,16 @@ public:
     void close() { m_database.close(); }
 
 private:
-    // The client has opened the file before. In the place of one that is gone, a new one would be created.
-    Status open()
-    {
-        if (m_database.isOpen())
-            return {};
-        if (!ServerLocation::isServer(m_location) && !QFileInfo::exists(m_location))
-            return { Error::CannotOpenDatabase, { m_location }, Error::DatabaseFileChanged };
-        return m_database.open(m_location);
-    }
+    Status open() { return m_database.isOpen() ? Status() : m_database.open(m_location, m_file); }
 
     DatabaseThread& m_thread;
     const QString m_location;
+    const FileIdentity m_file;
     Database m_database;
 };
 
-DatabaseThread::DatabaseThread(const QString& name, const QString& location)
-    : m_connection(new Connection(*this, location))
+DatabaseThread::DatabaseThread(const QString& name, const Database& session)
+    : m_connection(new Connection(*this, session))
 {
     m_thread.setObjectName(name);
     m_connection->moveToThread(&m_thread);

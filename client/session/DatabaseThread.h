@@ -14,9 +14,10 @@ public:
     /// Runs on the thread. `opened`: whether the database can be read.
     using Job = std::function<void(Database& database, const Status& opened)>;
 
-    /// `location`: the database, opened by the first job and closed after the last. A missing file is not created. When
-    /// the session's connection is lost, the next job opens it again.
-    DatabaseThread(const QString& name, const QString& location);
+    /// `session`: an open connection to the database, which the first job opens again, unless its file has been
+    /// exchanged or deleted meanwhile. Closed after the last job. When the session's connection is lost, the next job
+    /// opens it again.
+    DatabaseThread(const QString& name, const Database& session);
     /// Interrupts the running job, waits for it and drops the waiting ones.
     ~DatabaseThread();
     DatabaseThread(const DatabaseThread&) = delete;

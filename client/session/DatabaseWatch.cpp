@@ -3,6 +3,7 @@
 #include "ReadReport.h"
 
 #include <chrono>
+#include <utility>
 
 namespace {
 
@@ -46,11 +47,17 @@ void DatabaseWatch::look()
 // Any other failure is reported by the next read that has a result.
 void DatabaseWatch::poll()
 {
-    if (m_isLost || m_database.poll().error() != Error::ConnectionLost)
+    if (m_isLost)
+        return;
+    const Status status = m_database.poll();
+    const bool wasFileChanged = std::exchange(m_isFileChanged, status.error() == Error::DatabaseFileChanged);
+    if (m_isFileChanged && !wasFileChanged)
+        Q_EMIT changed();
+    if (status.error() != Error::ConnectionLost)
         return;
     m_isLost = true;
     m_polling.stop();
-    m_attempts = std::make_unique<DatabaseThread>(QStringLiteral("reconnection"), m_database.location());
+    m_attempts = std::make_unique<DatabaseThread>(QStringLiteral("reconnection"), m_database);
     Q_EMIT lost();
     m_retrying.start();
     tryAgain();

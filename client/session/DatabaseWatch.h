@@ -43,6 +43,7 @@ private:
     QTimer m_polling;
     QTimer m_retrying;
     bool m_isLost = false;
+    bool m_isFileChanged = false; ///< noticed by the last look
     bool m_isTrying = false;
     std::unique_ptr<DatabaseThread> m_attempts; ///< while the connection is lost
 };

@@ -42,7 +42,7 @@ bool InstructionCache::isKnown(const QString& planId, const QString& token) cons
 // The prefetcher is the context, so that no result arrives after its destruction.
 void InstructionCache::startPrefetcher()
 {
-    m_prefetcher = std::make_unique<InstructionPrefetcher>(m_database.location());
+    m_prefetcher = std::make_unique<InstructionPrefetcher>(m_database);
     QObject::connect(m_prefetcher.get(), &InstructionPrefetcher::arrived, m_prefetcher.get(),
         [this](const QString& planId, const QString& token, const Instructions& instructions) {
             if (token == m_database.changeToken())

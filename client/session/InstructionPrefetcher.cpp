@@ -1,7 +1,7 @@
 #include "InstructionPrefetcher.h"
 
-InstructionPrefetcher::InstructionPrefetcher(const QString& location)
-    : m_thread(QStringLiteral("instructions"), location)
+InstructionPrefetcher::InstructionPrefetcher(const Database& session)
+    : m_thread(QStringLiteral("instructions"), session)
 {
     qRegisterMetaType<InstructionPrefetcher::Instructions>("InstructionPrefetcher::Instructions");
     qRegisterMetaType<Status>("Status");

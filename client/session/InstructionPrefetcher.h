@@ -13,8 +13,8 @@ class InstructionPrefetcher : public QObject {
 public:
     using Instructions = QMap<QString, InstructionStore::Fields>;
 
-    /// `location`: the database, opened with the first request.
-    explicit InstructionPrefetcher(const QString& location);
+    /// `session`: see `DatabaseThread`; the database is opened with the first request.
+    explicit InstructionPrefetcher(const Database& session);
 
     /// Requests a plan's instructions; earlier requests that have not started are skipped. `token` is the present
     /// change token of the database.

@@ -17,8 +17,8 @@ Result<QStringList> availableAverages(Database& database, const Status& opened, 
 
 } // namespace
 
-MovingAverageWorker::MovingAverageWorker(const QString& location)
-    : m_thread(QStringLiteral("moving averages"), location)
+MovingAverageWorker::MovingAverageWorker(const Database& session)
+    : m_thread(QStringLiteral("moving averages"), session)
 {
 }
 

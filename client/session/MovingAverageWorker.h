@@ -11,8 +11,8 @@ class MovingAverageWorker : public QObject {
     Q_OBJECT
 
 public:
-    /// `location`: the database, opened with the first query.
-    explicit MovingAverageWorker(const QString& location);
+    /// `session`: see `DatabaseThread`; the database is opened with the first query.
+    explicit MovingAverageWorker(const Database& session);
 
     /// Requests the averages of a security of the market. Answers arrive in the order of the queries.
     void ask(const QString& symbol);

@@ -1,7 +1,7 @@
 #include "PageChecker.h"
 
-PageChecker::PageChecker(const QString& location)
-    : m_thread(QStringLiteral("page check"), location)
+PageChecker::PageChecker(const Database& session)
+    : m_thread(QStringLiteral("page check"), session)
 {
     qRegisterMetaType<Status>("Status");
     m_thread.run([this](Database& database, const Status& opened) {

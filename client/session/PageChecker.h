@@ -11,7 +11,7 @@ class PageChecker : public QObject {
 
 public:
     /// Starts the check.
-    explicit PageChecker(const QString& location);
+    explicit PageChecker(const Database& session);
 
 Q_SIGNALS:
     /// Emitted from the checker's thread: the database is damaged or cannot be read.

@@ -6,7 +6,7 @@
 
 PlanCounter::PlanCounter()
     : m_user(ClientSession::instance().user())
-    , m_thread(QStringLiteral("plan counter"), ClientSession::instance().database().location())
+    , m_thread(QStringLiteral("plan counter"), ClientSession::instance().database())
 {
 }
 

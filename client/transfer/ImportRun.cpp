@@ -195,7 +195,7 @@ Status importFile(const ImportTask& task, ImportReport& report)
         return importAsAdministrator(task, report);
     Database database;
     database.setPatient();
-    if (Status status = database.open(task.location); !status)
+    if (Status status = database.open(task.location, task.databaseFile); !status)
         return status;
     return ServerLocation::isServer(task.location) ? importInto(database, task, report)
                                                    : importIntoFile(database, task, report);

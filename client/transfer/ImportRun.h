@@ -15,6 +15,8 @@ struct ImportTask {
     std::optional<QByteArray> contents = {};
     /// The database. On a server, plans are imported by a user, and everything else by its administrator.
     QString location;
+    /// The database's file if it is open; see `Database::open`.
+    FileIdentity databaseFile = {};
     /// The user and the market of plans; absent for other kinds.
     std::optional<IssueScene> scene;
     /// Removes what the file does not have, if it is among these.

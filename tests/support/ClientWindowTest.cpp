@@ -1,6 +1,10 @@
 #include "ClientWindowTest.h"
 
+#include "Backup.h"
+#include "ErrorText.h"
+
 #include <QApplication>
+#include <QFile>
 #include <QSettings>
 #include <QtTest>
 
@@ -72,4 +76,27 @@ QStringList ClientWindowTest::createSamples(int count)
     for (int i = 0; i < count; ++i)
         ids.prepend(session().create(SampleSession::record()));
     return ids;
+}
+
+// Each connection reports by itself that it lost its file.
+QByteArray ClientWindowTest::restoreBackup()
+{
+    log().allowWarning(errorText(Error::DatabaseFileChanged));
+    const QString file = session().file();
+    const QString backup = file + QStringLiteral(".backup");
+    if (!backUpDatabase(file, backup))
+        return {};
+    for (const QString& name : { QString(), QStringLiteral("-wal"), QStringLiteral("-shm") }) {
+        if (!QFile::rename(file + name, file + QStringLiteral(".moved") + name))
+            return {};
+    }
+    return QFile::rename(backup, file) ? fileContent() : QByteArray();
+}
+
+QByteArray ClientWindowTest::fileContent()
+{
+    QFile file(session().file());
+    return file.open(QIODevice::ReadOnly) && !QFile::exists(file.fileName() + QStringLiteral("-wal"))
+        ? file.readAll()
+        : QByteArray();
 }

@@ -33,6 +33,10 @@ protected:
     QString createPlan();
     /// Ids of new plans of the sample record, the newest first.
     QStringList createSamples(int count);
+    /// Moves the session's file and its companions away, restores a backup in their place, and returns its content.
+    QByteArray restoreBackup();
+    /// The content of the file at the session's location; empty if it has a log.
+    QByteArray fileContent();
 
     void prepare() override;
     void tidyUp() override;
