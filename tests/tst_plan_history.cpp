@@ -174,21 +174,26 @@ private Q_SLOTS:
         QVERIFY(requests.idOf(record) != id);
         requests.keep(id, record);
         QCOMPARE(requests.idOf(record), id);
-        QVERIFY(requests.idOf(with(record, BaseField::remark, QStringLiteral("x"))) != id);
-        requests.clear();
+        const Record other = with(record, BaseField::remark, QStringLiteral("x"));
+        const QString otherId = requests.idOf(other);
+        QVERIFY(otherId != id);
+        requests.keep(otherId, other);
+        QCOMPARE(requests.idOf(record), id);
+        requests.forget(otherId);
+        QVERIFY(requests.idOf(other) != otherId);
+        QCOMPARE(requests.idOf(record), id);
+        requests.forget(id);
         QVERIFY(requests.idOf(record) != id);
     }
 
-    void aRequestKeepsItsIdUntilItIsAcknowledged()
+    void aRequestThatIsAnsweredLosesItsId()
     {
         PlanRequests& requests = ClientSession::instance().requests();
-        const Record wrong = with(SampleSession::record(), BaseField::totalQty, QStringLiteral("0"));
-        QVERIFY(!service().CreateNewPlan(wrong).isEmpty());
-        const QString id = requests.idOf(wrong);
-        QVERIFY(!service().CreateNewPlan(wrong).isEmpty());
-        QCOMPARE(requests.idOf(wrong), id);
-        QCOMPARE(service().CreateNewPlan(SampleSession::record()), QString());
-        QVERIFY(requests.idOf(wrong) != id);
+        const Record record = SampleSession::record();
+        const QString id = requests.idOf(record);
+        requests.keep(id, record);
+        QCOMPARE(service().CreateNewPlan(record), QString());
+        QVERIFY(requests.idOf(record) != id);
     }
 
     void aChangeThatIsSentAgainIsStoredOnce()

@@ -6,6 +6,7 @@
 #include "FaultyDisk.h"
 #include "InstructionIssuer.h"
 #include "LoggedTest.h"
+#include "PlanEvents.h"
 #include "PlanLedger.h"
 #include "PlanSubmission.h"
 #include "SampleSession.h"
@@ -16,6 +17,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QRandomGenerator>
+#include <QSignalSpy>
 #include <QtTest>
 
 #include <sqlite3.h>
@@ -241,6 +243,7 @@ private Q_SLOTS:
         client().close();
         int starts = 0;
         int refused = 0;
+        int complete = 0;
         bool failed = true;
         for (int failing = 1; failed; failing += failing < 12 ? 1 : stride) {
             for (const char* const end : { "", "-wal", "-shm", "-journal" })
@@ -257,12 +260,14 @@ private Q_SLOTS:
             FaultyDisk::heal();
             const Status again = client().open(file, QStringLiteral("trader01"), ClientSession::Progress(), options);
             QVERIFY2(again, qPrintable(QStringLiteral("write %1: %2").arg(failing).arg(errorText(again))));
-            QVERIFY(client().market().find(m_base.value(QStringLiteral("symbol")).toString()));
+            const bool isComplete = client().market().find(m_base.value(QStringLiteral("symbol")).toString());
+            complete += opened && isComplete ? 1 : 0;
+            QVERIFY(isComplete);
             client().close();
         }
         QVERIFY(refused > 3);
         reportFaults(QStringLiteral("first starts, ") + QString::fromLatin1(QTest::currentDataTag()), starts,
-            starts - refused, starts - refused, 0);
+            starts - refused, complete, starts - refused - complete);
     }
 
     void aFileThatHasReachedItsLargestSizeRefusesAndKeepsWhatItHas()
@@ -297,6 +302,29 @@ private Q_SLOTS:
         QCOMPARE(AutoPlanLogic::instance().CreateNewPlan(record), QString());
         QCOMPARE(AutoPlanLogic::instance().CreateNewPlan(record), QString());
         QCOMPARE(*client().plans().count(), 3);
+    }
+
+    void whatOtherFormsSendMeanwhileDoesNotMakeAnUnknownPlanTwo()
+    {
+        const PlanLedger::Record record = PlanLedger::recordOf(m_base, QStringLiteral("unknown"));
+        storeWithoutAnswer(record);
+        QCOMPARE(*client().plans().count(), 2);
+        QCOMPARE(create(), QString());
+        QVERIFY(!AutoPlanLogic::instance().CreateNewPlan({}).isEmpty());
+        QCOMPARE(AutoPlanLogic::instance().CreateNewPlan(record), QString());
+        QCOMPARE(*client().plans().count(), 3);
+    }
+
+    void anUnknownOutcomeIsLookedUpUntilItIsKnown()
+    {
+        qRegisterMetaType<UnknownRequest>("UnknownRequest");
+        const QSignalSpy known(&PlanEvents::instance(), &PlanEvents::outcomeKnown);
+        const PlanLedger::Record record = PlanLedger::recordOf(m_base, QStringLiteral("unknown"));
+        const QString request = storeWithoutAnswer(record);
+        QTRY_COMPARE(known.count(), 1);
+        QCOMPARE(known.constFirst().at(1).toBool(), true);
+        QCOMPARE(*client().plans().count(), 2);
+        QVERIFY(client().requests().idOf(record) != request);
     }
 
     // After each failed COMMIT, the client looks up what is stored before it answers.
@@ -506,6 +534,25 @@ private:
         if (reason.isEmpty())
             m_ledger.acknowledge(m_plan, ++m_version, mark);
         return reason;
+    }
+
+    /// Sends a new plan that is stored, although its COMMIT fails and the file cannot be read afterwards. Returns the
+    /// request's id.
+    static QString storeWithoutAnswer(const PlanLedger::Record& record)
+    {
+        const QString request = client().requests().idOf(record);
+        client().requests().keep(request, record);
+        FailingCommit commit([&] {
+            Database other;
+            const bool isOpen = bool(other.open(client().database().location()));
+            const bool isStored = isOpen && PlanStore(other).create(record, client().changeNow(request));
+            if (isStored)
+                FaultyDisk::failAt(1, Fault::Taken, Lasting::ForGood, FaultyDisk::Operation::Lock);
+        });
+        const QString reason = AutoPlanLogic::instance().CreateNewPlan(record);
+        commit.end();
+        FaultyDisk::heal();
+        return reason.startsWith(QStringLiteral("无法确认是否已保存")) ? request : QString();
     }
 
     /// Sends something whose COMMIT fails: it is not stored, or the file cannot be read afterwards, or it is stored all

@@ -33,8 +33,10 @@ void queryAverages(AutoPlanLogic* service, const QString& symbol)
         session.askMovingAverages(symbol);
 }
 
-QString refused(const Status& reason)
+QString refusedRequest(const QString& request, const QMap<QString, QVariant>& record, const Status& reason)
 {
+    if (reason.error() == Error::OutcomeUnknown)
+        ClientSession::instance().requests().keep(request, record);
     Q_EMIT PlanEvents::instance().planRefused(reason);
     return errorText(reason);
 }
@@ -73,12 +75,9 @@ QString AutoPlanLogic::CreateNewPlan(QMap<QString, QVariant> record)
         return errorText(Error::PlansNeedLogin);
     const QString request = session.requests().idOf(record);
     const Result<QString> id = PlanSubmission::create(record, request);
-    if (!id) {
-        session.requests().keep(request, record);
-        return refused(id.status());
-    }
-    session.dropLookUp(request);
-    PlanSubmission::acknowledge(*id, 1);
+    if (!id)
+        return refusedRequest(request, record, id.status());
+    PlanSubmission::acknowledge(request, *id, 1);
     return QString();
 }
 
@@ -96,12 +95,9 @@ QString AutoPlanLogic::modifyPlan(const QMap<QString, QVariant>& record)
     const Status status = PlanSubmission::change(planId, version, content, request, conflict);
     if (conflict)
         Q_EMIT PlanEvents::instance().planConflict(*conflict);
-    if (!status) {
-        session.requests().keep(request, record);
-        return refused(status);
-    }
-    session.dropLookUp(request);
-    PlanSubmission::acknowledge(planId, version + 1);
+    if (!status)
+        return refusedRequest(request, record, status);
+    PlanSubmission::acknowledge(request, planId, version + 1);
     return QString();
 }
 

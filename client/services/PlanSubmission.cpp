@@ -135,10 +135,11 @@ Status storeChange(ClientSession& session, const PlanChange& change, std::option
     return refused ? plans.replace(*stored, change.record, session.changeNow(change.request)) : refused;
 }
 
-void noteStored(const QString& planId, int version)
+void noteStored(const QString& request, const QString& planId, int version)
 {
     ClientSession& session = ClientSession::instance();
-    session.requests().clear();
+    session.dropLookUp(request);
+    session.requests().forget(request);
     session.versions().note(planId, version);
 }
 
@@ -149,10 +150,10 @@ Result<QString> storedDespite(const Status& failure, const QString& request, int
     if (!session.database().commitFailed() && failure.error() != Error::AlreadyStored)
         return failure;
     const auto find = [request](Database& database) { return HistoryStore(database).planOfRequest(request); };
-    const auto known = [version](qint64 number) {
+    const auto known = [request, version](qint64 number) {
         const QString id = number == 0 ? QString() : PlanId::fromNumber(number);
         if (!id.isEmpty())
-            noteStored(id, version);
+            noteStored(request, id, version);
         Q_EMIT PlanEvents::instance().outcomeKnown(UnknownRequest::Plan, number != 0, id);
     };
     const Result<qint64> stored = session.lookUp(request, find, known);
@@ -181,9 +182,9 @@ void PlanSubmission::setFormCheck(const std::function<Status()>& check)
     formCheck() = check;
 }
 
-void PlanSubmission::acknowledge(const QString& planId, int version)
+void PlanSubmission::acknowledge(const QString& request, const QString& planId, int version)
 {
-    noteStored(planId, version);
+    noteStored(request, planId, version);
     Q_EMIT PlanEvents::instance().planStored(planId);
 }
 

@@ -22,8 +22,8 @@ Status change(const QString& planId, int version, const Record& record, const QS
 /// and the record does not contain. An empty function removes it.
 void setFormCheck(const std::function<Status()>& check);
 
-/// Notes that a version of a plan was stored, and emits `planStored`.
-void acknowledge(const QString& planId, int version);
+/// Notes that a request has stored a version of a plan, and emits `planStored`.
+void acknowledge(const QString& request, const QString& planId, int version);
 /// How a plan differs from a version that was read, as a conflict without a refused record; none if it has no later
 /// version, or is unknown.
 Result<std::optional<PlanConflict>> changeSince(const QString& planId, int version);

@@ -245,10 +245,12 @@ Status ClientSession::reopen()
 Result<qint64> ClientSession::lookUp(const QString& request, const Find& find, const Known& known)
 {
     const Result<qint64> found = m_database.isOpen() ? find(m_database) : lookUpElsewhere(find);
-    if (found)
+    if (found) {
         m_lookUps.remove(request);
-    else
+    } else {
         m_lookUps.insert(request, { find, known });
+        m_repetition.start(BetweenRepetitions);
+    }
     return found;
 }
 

@@ -61,7 +61,7 @@ public:
     InstructionStore instructions();
     /// A change that the user makes now, for the history.
     Change changeNow(const QString& request = {}) const;
-    /// The versions of plans that were read, and the last request that was not acknowledged. Empty in a new session.
+    /// The versions of plans that were read, and the requests whose outcome is unknown. Empty in a new session.
     PlanVersions& versions() { return m_versions; }
     PlanRequests& requests() { return m_requests; }
 
@@ -93,8 +93,8 @@ public:
 
     /// Finds what a transaction may have stored whose COMMIT has failed: a number, or 0. `find` runs on this
     /// connection, or on another thread with another one, until five seconds after the transaction began. If that
-    /// fails, `known` is called with the number as soon as the connection has been restored, unless `dropLookUp` is
-    /// called before.
+    /// fails, it is repeated until it succeeds, and `known` is called with the number, unless `dropLookUp` is called
+    /// before.
     using Find = std::function<Result<qint64>(Database& database)>;
     using Known = std::function<void(qint64 found)>;
     Result<qint64> lookUp(const QString& request, const Find& find, const Known& known);

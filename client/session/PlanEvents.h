@@ -34,7 +34,7 @@ public:
 Q_SIGNALS:
     /// Stored data could not be read, and a service answered with a refusal instead of the data.
     void readFailed(const Status& failure);
-    /// Whether a request was stored is not known; and known afterwards, when the connection had been restored.
+    /// Whether a request was stored is not known; and known afterwards, when the database could be read again.
     /// `planId`: the plan of a stored request that created or changed one.
     void outcomeUnknown();
     void outcomeKnown(UnknownRequest request, bool isStored, const QString& planId);
