@@ -42,7 +42,7 @@ private Q_SLOTS:
             kill(0, random.bounded(100000));
             startWriters(1, 0);
         }
-        waitForAcknowledged(Writers);
+        QVERIFY(waitForAcknowledged(Writers));
         killWriters();
         checkStored(QStringLiteral("%1 kills while %2 write, seed %3").arg(kills + Writers).arg(Writers).arg(seed));
         checkRefusals(conflicts());

@@ -59,7 +59,7 @@ private Q_SLOTS:
         QFETCH(QString, mode);
         startWriters(Writers, 0);
         for (int i = 0; i < rounds(); ++i) {
-            waitForAcknowledged(3 * Writers);
+            QVERIFY(waitForAcknowledged(3 * Writers));
             FaultServer::stop(mode);
             FaultServer::start();
         }
@@ -102,9 +102,9 @@ private Q_SLOTS:
     {
         startWriters(Writers, 0);
         for (int i = 0; i < rounds(); ++i) {
-            waitForAcknowledged(3 * Writers);
+            QVERIFY(waitForAcknowledged(3 * Writers));
             FaultServer::fillDisk(TableFiles);
-            waitForRefused(Writers, errorText(Error::DiskFull));
+            QVERIFY(waitForRefused(Writers, errorText(Error::DiskFull)));
             FaultServer::makeRoom();
         }
         checkWritersGoOn(QStringLiteral("full disk of the server"), { errorText(Error::DiskFull) });
@@ -114,11 +114,12 @@ private Q_SLOTS:
     {
         startWriters(Writers, 0);
         for (int i = 0; i < rounds(); ++i) {
-            waitForAcknowledged(3 * Writers);
+            QVERIFY(waitForAcknowledged(3 * Writers));
             const int before = refusals();
             FaultServer::fillDisk(LogFiles);
-            waitForRefusals(before + Writers);
+            const bool areRefused = waitForRefusals(before + Writers);
             FaultServer::makeRoom();
+            QVERIFY(areRefused);
             FaultServer::stop(QStringLiteral("immediate"));
             FaultServer::start();
         }
@@ -131,7 +132,7 @@ private Q_SLOTS:
         session().leadThrough(proxy.port());
         startWriters(Writers, 0);
         for (int i = 0; i < rounds(); ++i) {
-            waitForAcknowledged(3 * Writers);
+            QVERIFY(waitForAcknowledged(3 * Writers));
             proxy.cut();
         }
         checkWritersGoOn(QStringLiteral("cut connections"), {});
@@ -143,12 +144,13 @@ private Q_SLOTS:
         session().leadThrough(proxy.port());
         startWriters(Writers, 0);
         for (int i = 0; i < rounds(); ++i) {
-            waitForAcknowledged(3 * Writers);
+            QVERIFY(waitForAcknowledged(3 * Writers));
             const int before = refusals();
             proxy.stall();
             // Each writer is refused and waits for the connection.
-            waitForRefusals(before + Writers);
+            const bool areRefused = waitForRefusals(before + Writers);
             proxy.resume();
+            QVERIFY(areRefused);
         }
         checkWritersGoOn(QStringLiteral("stalled connections"), {});
     }
@@ -173,7 +175,7 @@ private:
     /// Whether writers go on after a fault, have lost nothing, and were refused for expected reasons only.
     void checkWritersGoOn(const QString& fault, const QStringList& reasons)
     {
-        waitForAcknowledged(3 * Writers);
+        QVERIFY(waitForAcknowledged(3 * Writers));
         killWriters();
         checkStored(QStringLiteral("%1 writers, %2").arg(Writers).arg(fault));
         checkRefusals(reasons + lossReasons());

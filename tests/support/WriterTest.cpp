@@ -78,15 +78,15 @@ int WriterTest::count(const QString& answer)
     return found;
 }
 
-void WriterTest::waitFor(int number, const QString& answer)
+bool WriterTest::waitFor(int number, const QString& answer)
 {
     const int wanted = count(answer) + number;
-    QTRY_VERIFY_WITH_TIMEOUT(count(answer) >= wanted, Timeout);
+    return QTest::qWaitFor([this, wanted, answer] { return count(answer) >= wanted; }, Timeout);
 }
 
-void WriterTest::waitForRefusals(int total)
+bool WriterTest::waitForRefusals(int total)
 {
-    QTRY_VERIFY_WITH_TIMEOUT(refusals() >= total, Timeout);
+    return QTest::qWaitFor([this, total] { return refusals() >= total; }, Timeout);
 }
 
 void WriterTest::checkStored(const QString& what)

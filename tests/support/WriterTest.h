@@ -30,12 +30,12 @@ protected:
     void killWriters();
     /// Waits until they end by themselves.
     void finishWriters();
-    /// Waits until the running writers got so many more acknowledgements, or refusals for a reason.
-    void waitForAcknowledged(int number) { waitFor(number, QStringLiteral("\nstored ")); }
-    void waitForRefused(int number, const QString& reason) { waitFor(number, reason); }
+    /// Waits until the running writers got so many more acknowledgements, or refusals for a reason. False if they do not.
+    [[nodiscard]] bool waitForAcknowledged(int number) { return waitFor(number, QStringLiteral("\nstored ")); }
+    [[nodiscard]] bool waitForRefused(int number, const QString& reason) { return waitFor(number, reason); }
     /// How often writers were refused, for whatever reason.
     int refusals() { return count(QStringLiteral("\nrefused ")); }
-    void waitForRefusals(int total);
+    [[nodiscard]] bool waitForRefusals(int total);
 
     /// Whether everything that was acknowledged is stored, whole and once. Prints the figures.
     void checkStored(const QString& what);
@@ -53,7 +53,7 @@ protected:
     const QStringList& created() const { return m_created; }
 
 private:
-    void waitFor(int number, const QString& answer);
+    bool waitFor(int number, const QString& answer);
     int count(const QString& answer);
     QString nextMark() { return QStringLiteral("t-%1").arg(++m_marks); }
 
