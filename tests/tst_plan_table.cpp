@@ -90,6 +90,38 @@ private Q_SLOTS:
         QCOMPARE(bar().value(), 0);
     }
 
+    void rowsStayIfOthersCannotBeRead()
+    {
+        const QStringList plans = openOnMany();
+        const auto ids = [this] {
+            QStringList rows;
+            for (int row = 0; row < table().model()->rowCount(); ++row)
+                rows << cell(row, PlanColumns::Id);
+            return rows;
+        };
+        const QStringList before = ids();
+        Database& database = ClientSession::instance().database();
+        QCOMPARE(database.execute(QStringLiteral("ALTER TABLE plans RENAME TO gone")), Status());
+        log().allowWarning(QStringLiteral("数据库操作失败"));
+        bar().setValue(bar().maximum());
+        QCOMPARE(ids(), before);
+        bar().setValue(Many / 2);
+        QCOMPARE(ids(), before);
+        window().selectPlan(plans.constLast());
+        QCOMPARE(ids(), before);
+        QCOMPARE(window().currentPlan(), plans.constFirst());
+        press(&table(), Qt::Key_PageDown);
+        QCOMPARE(ids(), before);
+        press(&table(), Qt::Key_End, Qt::ControlModifier);
+        QCOMPARE(ids(), before);
+        press(&table(), Qt::Key_F5);
+        QCOMPARE(ids(), before);
+        QVERIFY(!window().currentPlan().isEmpty());
+        QCOMPARE(database.execute(QStringLiteral("ALTER TABLE gone RENAME TO plans")), Status());
+        press(&table(), Qt::Key_End, Qt::ControlModifier);
+        QCOMPARE(window().currentPlan(), plans.constLast());
+    }
+
     void theWheelAndTheScrollBarMoveInTheWholeList()
     {
         const QStringList plans = openOnMany();

@@ -39,7 +39,7 @@ Journal::Journal(QWidget* parent)
     , m_text(PlainText::newLabel(QString(), this))
     , m_previous(newButton(QStringLiteral("btn_previousPage"), tr("上一页"), this))
     , m_next(newButton(QStringLiteral("btn_nextPage"), tr("下一页"), this))
-    , m_work(ClientSession::instance().database().location())
+    , m_work(ClientSession::instance().database())
 {
     setObjectName(QStringLiteral("journal"));
     setWindowTitle(tr("日志"));
@@ -154,6 +154,13 @@ void Journal::read()
 
 void Journal::show(const Result<QVector<JournalEntry>>& entries, const Result<int>& count)
 {
+    const Status status = entries ? count.status() : entries.status();
+    // The rows of another page would be taken for those of this one.
+    if (!status && m_page == m_shown) {
+        m_text->setText(errorText(status));
+        return;
+    }
+    m_shown = status ? m_page : JournalPage();
     m_entries = entries.valueOr({});
     m_count = count.valueOr(0);
     QVector<QStringList> rows;
@@ -161,8 +168,8 @@ void Journal::show(const Result<QVector<JournalEntry>>& entries, const Result<in
         rows << JournalTexts::cells(entry);
     m_table->setRows(JournalTexts::titles(), rows);
     showPages();
-    if (!entries || !count)
-        m_text->setText(errorText(entries ? count.status() : entries.status()));
+    if (!status)
+        m_text->setText(errorText(status));
 }
 
 void Journal::showPages()

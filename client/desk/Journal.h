@@ -42,6 +42,7 @@ private:
     QPushButton* m_previous;
     QPushButton* m_next;
     JournalPage m_page;
+    JournalPage m_shown; ///< the page of the rows
     int m_count = 0;
     QVector<JournalEntry> m_entries;
     bool m_isOutdated = false; ///< another page was asked for while one was being read

@@ -30,6 +30,12 @@ struct JournalPage {
     QString tradingAccount; ///< empty for all
     int offset = 0;
     int limit = 0;
+
+    bool operator==(const JournalPage& other) const
+    {
+        return day == other.day && tradingAccount == other.tradingAccount && offset == other.offset
+            && limit == other.limit;
+    }
 };
 
 /// The instructions and refusals of a day and the changes of states on it, in the order of the plans.

@@ -213,26 +213,28 @@ Status PlanTable::refresh()
             if (m_plans->rowOf(id) < 0)
                 m_selected.remove(id);
         }
-        const int row = anchored.isEmpty() ? -1 : m_plans->reveal(anchored);
+        const int row = anchored.isEmpty() ? -1 : m_plans->reveal(anchored).valueOr(-1);
         const int shift = row < 0 ? 0 : row - anchor;
         executeDelayedItemsLayout();
         verticalScrollBar()->setValue(hidden + shift);
         m_newAbove = newAbove + qMax(0, shift);
         if (m_plans->rowOf(m_current.id) < 0)
-            noteCurrent(m_plans->listed(m_current.id));
+            noteCurrent(m_plans->listed(m_current.id).valueOr(m_current));
     });
     return status;
 }
 
 void PlanTable::selectPlan(const QString& planId)
 {
-    int row = -1;
+    Result<int> row = -1;
     keepPlans([&] { row = m_plans->reveal(planId); });
+    if (!row)
+        return;
     executeDelayedItemsLayout();
-    setCurrentIndex(m_plans->index(row, 0));
-    if (row < 0)
+    setCurrentIndex(m_plans->index(*row, 0));
+    if (*row < 0)
         clearSelection();
-    noteCurrent(m_plans->plan(row));
+    noteCurrent(m_plans->plan(*row));
 }
 
 QStringList PlanTable::selectedPlans() const
@@ -272,7 +274,7 @@ QModelIndex PlanTable::moveCursor(CursorAction action, Qt::KeyboardModifiers mod
         return m_plans->index(action == MoveEnd ? m_plans->rowCount() - 1 : 0, qMax(0, currentIndex().column()));
     }
     if (m_plans->rowOf(m_current.id) < 0)
-        keepPlans([&] { m_plans->reveal(m_current.id); });
+        keepPlans([&] { static_cast<void>(m_plans->reveal(m_current.id)); });
     extendAround(currentIndex().row());
     return QTableView::moveCursor(action, modifiers);
 }

@@ -76,13 +76,16 @@ Status PlanTableModel::refresh()
     return {};
 }
 
-/// Reads a slice of the list. A failure is reported, and there is nothing more.
-PlanTableModel::Plans PlanTableModel::read(const PlanSlice& slice, bool& hasMore)
+/// Reads a slice of the list. A failure is reported, and leaves `hasMore` unchanged.
+Result<PlanTableModel::Plans> PlanTableModel::read(const PlanSlice& slice, bool& hasMore) const
 {
     Plans found;
-    hasMore = false;
-    if (isOpen())
-        reportFailure(PlanReading::slice(m_list, slice, found, hasMore));
+    bool hasOthers = false;
+    const Status status = isOpen() ? PlanReading::slice(m_list, slice, found, hasOthers) : Status();
+    reportFailure(status);
+    if (!status)
+        return status;
+    hasMore = hasOthers;
     return found;
 }
 
@@ -127,8 +130,10 @@ int PlanTableModel::extendDown()
     PlanSlice slice;
     slice.limit = PlanReading::PageSize;
     slice.from = placeOf(m_rows.size() - 1);
-    const Plans added = read(slice, m_hasBelow);
-    insert(m_rows.size(), added);
+    const Result<Plans> added = read(slice, m_hasBelow);
+    if (!added)
+        return 0;
+    insert(m_rows.size(), *added);
     const int surplus = m_rows.size() - MostRows;
     if (surplus <= 0)
         return 0;
@@ -146,14 +151,16 @@ int PlanTableModel::extendUp()
     slice.limit = PlanReading::PageSize;
     slice.from = placeOf(0);
     slice.isBackward = true;
-    const Plans added = read(slice, m_hasAbove);
-    insert(0, added);
-    m_first = m_hasAbove ? qMax(1, m_first - added.size()) : 0;
+    const Result<Plans> added = read(slice, m_hasAbove);
+    if (!added)
+        return 0;
+    insert(0, *added);
+    m_first = m_hasAbove ? qMax(1, m_first - added->size()) : 0;
     if (m_rows.size() > MostRows) {
         remove(MostRows, m_rows.size() - MostRows);
         m_hasBelow = true;
     }
-    return added.size();
+    return added->size();
 }
 
 void PlanTableModel::goTo(int position)
@@ -171,10 +178,10 @@ void PlanTableModel::goTo(int position)
         slice.offset = first - landmark.position;
     }
     bool hasBelow = false;
-    const Plans found = read(slice, hasBelow);
+    const Result<Plans> found = read(slice, hasBelow);
     if (hasBelow)
-        replace(found, first, first > 0, hasBelow);
-    else
+        replace(*found, first, first > 0, hasBelow);
+    else if (found)
         goToEnd();
 }
 
@@ -184,8 +191,9 @@ void PlanTableModel::goToEnd()
     slice.limit = 2 * PlanReading::PageSize;
     slice.isBackward = true;
     bool hasAbove = false;
-    const Plans found = read(slice, hasAbove);
-    replace(found, hasAbove ? qMax(1, m_count - found.size()) : 0, hasAbove, false);
+    const Result<Plans> found = read(slice, hasAbove);
+    if (found)
+        replace(*found, hasAbove ? qMax(1, m_count - found->size()) : 0, hasAbove, false);
 }
 
 QStringList PlanTableModel::ids() const
@@ -196,18 +204,22 @@ QStringList PlanTableModel::ids() const
     return ids;
 }
 
-StoredPlan PlanTableModel::listed(const QString& planId)
+Result<StoredPlan> PlanTableModel::listed(const QString& planId) const
 {
-    const StoredPlan plan = isOpen() ? valueOrReport(plans().plan(planId), StoredPlan()) : StoredPlan();
-    if (plan.id.isEmpty() || m_list.isWhole())
+    const Result<StoredPlan> plan = isOpen() ? plans().plan(planId) : StoredPlan();
+    reportFailure(plan.status());
+    if (!plan || plan->id.isEmpty() || m_list.isWhole())
         return plan;
     PlanSlice slice;
     slice.limit = 1;
-    slice.from = m_list.placeOf(plan);
+    slice.from = m_list.placeOf(*plan);
     slice.isFromIncluded = true;
     bool hasMore = false;
-    const StoredPlan found = read(slice, hasMore).value(0).plan;
-    return found.id == planId ? found : StoredPlan();
+    const Result<Plans> found = read(slice, hasMore);
+    if (!found)
+        return found.status();
+    const StoredPlan first = found->value(0).plan;
+    return first.id == planId ? first : StoredPlan();
 }
 
 QVector<ListedPlan> PlanTableModel::listed(const QStringList& planIds) const
@@ -233,24 +245,28 @@ int PlanTableModel::rowOf(const QString& planId) const
     return row == m_rows.cend() ? -1 : static_cast<int>(std::distance(m_rows.cbegin(), row));
 }
 
-int PlanTableModel::reveal(const QString& planId)
+Result<int> PlanTableModel::reveal(const QString& planId)
 {
     const int row = rowOf(planId);
-    const StoredPlan plan = row < 0 ? listed(planId) : StoredPlan();
-    if (plan.id.isEmpty())
+    const Result<StoredPlan> plan = row < 0 ? listed(planId) : StoredPlan();
+    if (!plan)
+        return plan.status();
+    if (plan->id.isEmpty())
         return row;
     PlanSlice slice;
     slice.limit = PlanReading::PageSize;
-    slice.from = m_list.placeOf(plan);
+    slice.from = m_list.placeOf(*plan);
     slice.isFromIncluded = true;
     bool hasBelow = false;
-    const Plans below = read(slice, hasBelow);
+    const Result<Plans> below = read(slice, hasBelow);
     slice.isFromIncluded = false;
     slice.isBackward = true;
     bool hasAbove = false;
-    const Plans above = read(slice, hasAbove);
-    replace(above + below, hasAbove ? positionOf(m_list.placeOf(above.constFirst().plan)) : 0, hasAbove, hasBelow);
-    return above.size();
+    const Result<Plans> above = below ? read(slice, hasAbove) : below;
+    if (!above)
+        return above.status();
+    replace(*above + *below, hasAbove ? positionOf(m_list.placeOf(above->constFirst().plan)) : 0, hasAbove, hasBelow);
+    return above->size();
 }
 
 /// How many plans precede a place, counted from the landmark before it.

@@ -11,7 +11,7 @@
 #include <memory>
 
 /// Rows of a list of the stored plans: some hundred that follow each other, because views use memory for every row.
-/// `goTo` and others choose which ones. `PlanEvents` reports rows that cannot be read.
+/// `goTo` and others choose which ones. If others cannot be read, `PlanEvents` reports it, and the rows stay.
 class PlanTableModel : public QAbstractTableModel {
     Q_OBJECT
 
@@ -51,16 +51,15 @@ public:
     StoredPlan plan(int row) const { return m_rows.value(row).listed.plan; }
     QStringList ids() const;
     /// The plan with an id, also if it is no row; a default plan if it is not in the list.
-    StoredPlan listed(const QString& planId);
+    Result<StoredPlan> listed(const QString& planId) const;
     /// Plans that were listed, in the order of the list.
     QVector<ListedPlan> listed(const QStringList& planIds) const;
     /// The ids of the plans of a part of the list, in its order.
     QStringList idsOf(const PlanSlice& slice) const;
     /// The row of a plan; -1 if there is none.
     int rowOf(const QString& planId) const;
-    /// Like `rowOf`; if there is none, replaces the rows by those around the plan, unless it is not in the list or
-    /// cannot be read.
-    int reveal(const QString& planId);
+    /// Like `rowOf`; if there is none, replaces the rows by those around the plan, unless it is not in the list.
+    Result<int> reveal(const QString& planId);
 
     /// The texts of a row's columns.
     QStringList texts(int row) const;
@@ -82,7 +81,7 @@ private:
     };
     using Plans = QVector<ListedPlan>;
 
-    Plans read(const PlanSlice& slice, bool& hasMore);
+    Result<Plans> read(const PlanSlice& slice, bool& hasMore) const;
     void note(const PlanLook& look);
     void startCounting();
     void take(int plans, const QVector<PlanLandmark>& landmarks);
