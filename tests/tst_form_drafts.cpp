@@ -12,6 +12,7 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QSettings>
+#include <QTableView>
 #include <QtTest>
 
 using namespace PlanCodes;
@@ -123,6 +124,32 @@ private Q_SLOTS:
         closeWindow();
         openWindow();
         QVERIFY(offers());
+    }
+
+    // The bar of the last form disappears, and a row of the table is where its button was.
+    void aSecondClickDoesNotOpenThePlanBelow()
+    {
+        createSamples(6);
+        fillAndKill({ QStringLiteral("new"), share() });
+        openWindow();
+        auto* const table = field<QTableView>(window(), "planTable");
+        const QPoint row = table->visualRect(table->model()->index(0, 0)).center();
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, row);
+        take();
+        QVERIFY(!offers());
+        const QPoint global = table->viewport()->mapToGlobal(row);
+        QMouseEvent second(QEvent::MouseButtonDblClick, row, global, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(table->viewport(), &second);
+        QTest::mouseRelease(table->viewport(), Qt::LeftButton, {}, row);
+        QCoreApplication::processEvents();
+        for (const QWidget* const shown : QApplication::topLevelWidgets())
+            QVERIFY2(!shown->isVisible() || !shown->windowTitle().startsWith(QStringLiteral("修改计划")),
+                qPrintable(shown->windowTitle()));
+        QCOMPARE(dialog().windowTitle(), QStringLiteral("新建计划"));
+        // A double click on a row opens it as before.
+        QVERIFY(takeKeyboard(&window()));
+        QTest::mouseDClick(table->viewport(), Qt::LeftButton, {}, row);
+        QVERIFY(dialog().windowTitle().startsWith(QStringLiteral("修改计划 ")));
     }
 
     void anEditStaysOneOfItsVersion()

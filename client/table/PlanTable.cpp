@@ -113,11 +113,27 @@ void PlanTable::keyPressEvent(QKeyEvent* event)
 void PlanTable::mousePressEvent(QMouseEvent* event)
 {
     const QScopedValueRollback<bool> range(m_isRange, event->modifiers() & Qt::ShiftModifier);
+    m_isPressed = true;
     QTableView::mousePressEvent(event);
     if (!m_isRange)
         m_rangeStart = m_current;
     else if (!(event->modifiers() & Qt::ControlModifier))
         selectRange();
+}
+
+// The first of the two clicks may have been on a button that was there before the rows moved.
+void PlanTable::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (m_isPressed)
+        QTableView::mouseDoubleClickEvent(event);
+    else
+        mousePressEvent(event);
+}
+
+void PlanTable::focusOutEvent(QFocusEvent* event)
+{
+    m_isPressed = false;
+    QTableView::focusOutEvent(event);
 }
 
 /// Selects the plans between the one where the selection began and the current one. Qt only knows those of the rows.

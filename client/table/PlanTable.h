@@ -71,6 +71,8 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void updateGeometries() override;
@@ -112,4 +114,5 @@ private:
     bool m_isExtending = false;
     bool m_isRange = false; ///< a key or a click with Shift is being handled
     int m_newAbove = 0;
+    bool m_isPressed = false; ///< since it has the focus, by the mouse
 };
