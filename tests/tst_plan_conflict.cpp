@@ -240,7 +240,7 @@ private Q_SLOTS:
         openWindow();
         const QStringList texts = detailTexts();
         QVERIFY(texts.contains(QStringLiteral("已暂停")));
-        QVERIFY(texts.contains(QStringLiteral("trader02 状态变更为第2版：进行中→已暂停（午间）")));
+        QVERIFY(texts.contains(QStringLiteral("trader02 状态变更为第2版：有效→已暂停（午间）")));
     }
 
     void aLongTextIsShortened()

@@ -10,6 +10,7 @@
 #include <QAbstractButton>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPaintEvent>
@@ -49,6 +50,19 @@ protected:
     {
         m_colleague.close();
         ClientWindowTest::tidyUp();
+    }
+
+    /// The state that the details show of the plan in a row, after a click on it.
+    QString stateInDetails(int row)
+    {
+        const QRect place = table().visualRect(table().model()->index(row, 0));
+        QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, place.center());
+        const auto labels = field<QWidget>(window(), "planDetails")->findChildren<QLabel*>();
+        for (const QLabel* const label : labels) {
+            if (label->text() == QStringLiteral("状态") && label->buddy())
+                return static_cast<const QLabel*>(label->buddy())->text();
+        }
+        return {};
     }
 
 private Q_SLOTS:
@@ -475,6 +489,8 @@ private Q_SLOTS:
         QCOMPARE(cell(2, PlanColumns::Progress), QStringLiteral("100 / 300"));
         QCOMPARE(table().model()->index(2, PlanColumns::Progress).data(PlanTableModel::ProgressRole).toSizeF(),
             QSizeF(0.3, 0.1));
+        for (int row = 0; row < 3; ++row)
+            QCOMPARE(stateInDetails(row), cell(row, PlanColumns::State));
         clickFilter("filter_failed");
         QCOMPARE(shownIds(), QStringList{ refused });
         clickFilter("filter_running");

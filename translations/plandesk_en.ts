@@ -4735,6 +4735,10 @@ Continue?</translation>
         <source>已归档</source>
         <translation>Archived</translation>
     </message>
+    <message>
+        <source>有效</source>
+        <translation>active</translation>
+    </message>
 </context>
 <context>
     <name>PlanPane</name>

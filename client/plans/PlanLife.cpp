@@ -75,7 +75,7 @@ QString PlanLife::word(PlanState state)
 {
     switch (state) {
     case PlanState::Active:
-        return word(PlanStage::Running);
+        return QCoreApplication::translate("PlanLife", "有效");
     case PlanState::Paused:
         return word(PlanStage::Paused);
     case PlanState::Stopped:

@@ -198,12 +198,12 @@ QString PlanFormatter::creation() const
     return QStringLiteral("%1 %2").arg(m_plan.creator, timeText(m_plan.created));
 }
 
-QVector<QPair<QString, QString>> PlanFormatter::fields() const
+QVector<QPair<QString, QString>> PlanFormatter::fields(const QString& state) const
 {
     Fields all;
     if (m_plan.id.isEmpty())
         return all;
-    addBasics(all);
+    addBasics(all, state);
     addPrices(all);
     addTargets(all);
     addAlgorithm(all);
@@ -216,9 +216,9 @@ QVector<QPair<QString, QString>> PlanFormatter::fields() const
     return given;
 }
 
-void PlanFormatter::addBasics(Fields& fields) const
+void PlanFormatter::addBasics(Fields& fields, const QString& state) const
 {
-    fields << qMakePair(PlanFormatter::tr("计划编号"), m_plan.id) << qMakePair(PlanFormatter::tr("状态"), state())
+    fields << qMakePair(PlanFormatter::tr("计划编号"), m_plan.id) << qMakePair(PlanFormatter::tr("状态"), state)
            << qMakePair(PlanFormatter::tr("账户名称"), account())
            << qMakePair(PlanFormatter::tr("证券账户"), text(UserAccount::securityAccount))
            << qMakePair(PlanFormatter::tr("指令类型"), instructionType())

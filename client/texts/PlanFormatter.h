@@ -14,6 +14,7 @@ class PlanFormatter {
 public:
     explicit PlanFormatter(const StoredPlan& plan);
 
+    /// The word for the stored state.
     QString state() const;
     QString planType() const;
     QString instructionType() const;
@@ -45,7 +46,9 @@ public:
     QString creation() const;
 
     /// Every field as caption and text, in the order of the form, without missing fields. Empty for a default plan.
-    QVector<QPair<QString, QString>> fields() const;
+    QVector<QPair<QString, QString>> fields() const { return fields(state()); }
+    /// The same with another word for the state, for example that of the plan's stage on a day.
+    QVector<QPair<QString, QString>> fields(const QString& state) const;
 
 private:
     using Fields = QVector<QPair<QString, QString>>;
@@ -66,7 +69,7 @@ private:
     QString instructionMode() const;
     QString algorithm() const;
 
-    void addBasics(Fields& fields) const;
+    void addBasics(Fields& fields, const QString& state) const;
     void addPrices(Fields& fields) const;
     void addTargets(Fields& fields) const;
     void addAlgorithm(Fields& fields) const;

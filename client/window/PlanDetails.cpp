@@ -10,10 +10,13 @@
 #include "PlainText.h"
 #include "PlanCodes.h"
 #include "PlanFormatter.h"
+#include "PlanLife.h"
 
 #include <QFormLayout>
 #include <QScrollBar>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 using namespace PlanCodes;
 
@@ -28,6 +31,19 @@ QString shortened(const QString& text)
     if (text.size() <= LongestText)
         return text;
     return PlanDetails::tr("%1……（共%2字）").arg(text.left(LongestText), QString::number(text.size()));
+}
+
+QDate dayOf(const InstructionStore::Fields& instruction)
+{
+    return QDate::fromString(instruction.value(FieldId::TradeDate).toString(), Qt::ISODate);
+}
+
+bool lastDayFailed(const PlanDays& days)
+{
+    const auto isBefore = [&days](const InstructionStore::Fields& fields) {
+        return dayOf(fields) < days.refusals.lastKey();
+    };
+    return !days.refusals.isEmpty() && std::all_of(days.instructions.cbegin(), days.instructions.cend(), isBefore);
 }
 
 QLabel* newCaption(const QString& text)
@@ -89,25 +105,24 @@ PlanDetails::Rows PlanDetails::rowsOf(const StoredPlan& plan)
     if (plan.id.isEmpty())
         return { { Kind::Text, QString(), tr("选择一个计划，查看全部内容。") } };
     Rows rows;
-    const auto fields = PlanFormatter(plan).fields();
+    const Result<PlanDays> days = ClientSession::instance().instructions().daysOf(plan.id);
+    const PlanStage stage = PlanLife::stage(plan, days && lastDayFailed(*days), clientToday());
+    const auto fields = PlanFormatter(plan).fields(PlanLife::word(stage));
     for (const auto& field : fields)
         rows << Row{ Kind::Field, field.first, field.second };
-    return rows + dayRows(plan) + historyRows(plan.id);
+    return rows + dayRows(plan, days) + historyRows(plan.id);
 }
 
 // Every day of which something is known: with an instruction, refused, or missed.
-PlanDetails::Rows PlanDetails::dayRows(const StoredPlan& plan)
+PlanDetails::Rows PlanDetails::dayRows(const StoredPlan& plan, const Result<PlanDays>& stored)
 {
-    const auto stored = ClientSession::instance().instructions().daysOf(plan.id);
     Rows rows{ { Kind::Heading, QString(), tr("已下达指令") } };
     if (!stored)
         return rows << Row{ Kind::Field, QString(), errorText(stored.status()) };
     QMap<QDate, QStringList> days;
     const PlanFormatter formatter(plan);
-    for (const InstructionStore::Fields& fields : stored->instructions) {
-        const QString day = fields.value(FieldId::TradeDate).toString();
-        days[QDate::fromString(day, Qt::ISODate)] << JournalTexts::instruction(formatter, fields);
-    }
+    for (const InstructionStore::Fields& fields : stored->instructions)
+        days[dayOf(fields)] << JournalTexts::instruction(formatter, fields);
     for (auto refusal = stored->refusals.cbegin(); refusal != stored->refusals.cend(); ++refusal)
         days[refusal.key()] << tr("未下达：%1").arg(refusal.value());
     const QList<QDate> handled = days.keys();

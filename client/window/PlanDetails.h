@@ -5,6 +5,7 @@
 #include <QScrollArea>
 #include <QVector>
 
+struct PlanDays;
 class QFormLayout;
 
 /// Shows every field of a plan as caption and text, its instructions and its history.
@@ -29,7 +30,7 @@ private:
     using Rows = QVector<Row>;
 
     static Rows rowsOf(const StoredPlan& plan);
-    static Rows dayRows(const StoredPlan& plan);
+    static Rows dayRows(const StoredPlan& plan, const Result<PlanDays>& stored);
     static Rows historyRows(const QString& planId);
     static void add(const Row& row, QFormLayout* rows);
     void show(const Rows& rows);
