@@ -448,6 +448,9 @@ private Q_SLOTS:
         const auto wide = [](const QString& from) {
             return QByteArray(reinterpret_cast<const char*>(from.utf16()), int(from.size()) * 2);
         };
+        QTest::newRow("UTF-8 without its hyphen") << declared("UTF8") + text.toUtf8();
+        QTest::newRow("UTF-16 declared in UTF-8") << declared("UTF-16") + text.toUtf8();
+        QTest::newRow("a document type that declares nothing") << "<!DOCTYPE Strategies>\n" + text.toUtf8();
         QTest::newRow("UTF-16 with a byte order mark")
             << wide(QChar(QChar::ByteOrderMark) + QString::fromLatin1(declared("UTF-16")) + text);
         QTest::newRow("UTF-16 without a byte order mark") << wide(text);

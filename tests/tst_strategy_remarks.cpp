@@ -81,8 +81,6 @@ const QList<Remark> Failures{
         said(Error::AttributeNotInteger, { "strategyIdentifierTag", "x", "1", "99999999" }) },
     { "a flag that is no flag", root(xml("<Strategy name='S'/>"), xml("tag957Support='maybe'")), 1,
         said(Error::AttributeNotBoolean, { "tag957Support", "maybe" }) },
-    { "a condition of the file twice", root(xml("<val:Edit id='e' field='P' operator='EX'/>\n<val:Edit id='e'/>")), 3,
-        said(Error::DuplicateEdit, { "e" }) },
     { "panels too deep",
         parts(Good,
             xml("<lay:StrategyPanel>").repeated(StrategyLimits::MaxDepth)
@@ -240,6 +238,10 @@ const QList<Remark> Refusals{
                 "field2='Q'/></val:StrategyEdit>")),
         7, said(Error::RuleOfOtherTypes, { "P", "Q" }) },
     { "a reference to nothing", edit("<val:EditRef id='e'/>"), 7, said(Error::UnknownEdit, { "e" }) },
+    { "a reference to two conditions of the file",
+        root(xml("<val:Edit id='e' field='P' operator='EX'/><val:Edit id='e'/>\n<Strategy name='S'><val:StrategyEdit "
+                 "errorMessage='m'><val:EditRef id='e'/></val:StrategyEdit></Strategy>")),
+        3, said(Error::DuplicateEdit, { "e" }) },
     { "a reference without an id", edit("<val:EditRef/>"), 7, said(Error::MissingAttribute, { "EditRef", "id" }) },
     { "a named condition twice",
         strategy(xml("<val:Edit id='e' field='P' operator='EX'/>\n<val:Edit id='e' field='P' operator='EX'/>")), 4,
@@ -407,6 +409,8 @@ const QList<Remark> Warnings{
         parts(Good, control(Spinner),
             xml("<val:StrategyEdit errorMsg='m'><val:Edit field='P' operator='EX'/></val:StrategyEdit>")),
         7, said(Error::ValueTakenAs, { "errorMsg", "m", "errorMessage" }) },
+    { "a state rule under another name", stateRule("enable='true'", "<val:Edit field='c' operator='EX'/>"), 5,
+        said(Error::ValueTakenAs, { "enable", "true", "enabled" }) },
     { "a state rule without an effect", stateRule("", "<val:Edit field='c' operator='EX'/>"), 5,
         Error::StateRuleWithoutEffect },
 };
@@ -417,6 +421,15 @@ const QList<Remark> FileWarnings{
         said(Error::ProcessingInstruction, { "xml-stylesheet" }) },
     { "no tag for the strategy", root(xml("<Strategy name='S'/>"), {}), 1,
         said(Error::AttributeExpected, { "Strategies", "strategyIdentifierTag" }) },
+    { "two conditions of the file with one name",
+        root(xml("<val:Edit id='e' field='P' operator='EX'/>\n<val:Edit id='e'/><Strategy name='S'/>")), 3,
+        said(Error::DuplicateEdit, { "e" }) },
+    { "a tag without effect that is no number", root(xml("<Strategy name='S'/>"), xml("draftFlagIdentifierTag='x'")), 1,
+        said(Error::AttributeNotInteger, { "draftFlagIdentifierTag", "x", "1", "99999999" }) },
+    { "a later version of XML", xml("<?xml version='1.1' encoding='UTF-8'?>\n") + root(xml("<Strategy name='S'/>")), 1,
+        said(Error::ValueTakenAs, { "version", "1.1", "1.0" }) },
+    { "UTF-16 in single bytes", xml("<?xml version='1.0' encoding='utf-16'?>\n") + root(xml("<Strategy name='S'/>")), 1,
+        said(Error::ValueTakenAs, { "encoding", "UTF-16", "UTF-8" }) },
     { "an unknown attribute of the root",
         root(xml("<Strategy name='S'/>"), xml("strategyIdentifierTag='1' colour='x'")), 1,
         said(Error::UnsupportedAttribute, { "Strategies", "colour" }) },
@@ -516,6 +529,15 @@ private Q_SLOTS:
         QCOMPARE(file.failure, Status());
         QVERIFY(file.warnings.contains(expected));
         QVERIFY(file.strategies.constFirst().isUsable());
+    }
+
+    void oneElementOutOfPlaceIsOneWarning()
+    {
+        const QString late = xml("<Parameter name='%1' xsi:type='Int_t' constValue='1'/>\n");
+        const StrategyFile file = read(strategy(xml("<val:Edit id='e' field='A' operator='EX'/>\n")
+            + late.arg(QLatin1Char('A')) + late.arg(QLatin1Char('B'))));
+        QCOMPARE(file.strategies.value(0).remarks.warnings,
+            QVector<Status>{ inLine(4, said(Error::OrderNotStandard, { "Parameter", "Edit" })) });
     }
 
     void everySentenceAboutStrategiesIsTested()

@@ -604,6 +604,9 @@ private Q_SLOTS:
         };
         row("nothing is said", "", "XSHG XSHE XHKG");
         row("a market", "<Markets><Market MICCode='XSHG' inclusion='Include'/></Markets>", "XSHG");
+        row("a market in small letters", "<Markets><Market MICCode='xshg' inclusion='Include'/></Markets>", "XSHG");
+        row("a region in small letters", "<Regions><Region name='asiapacificjapan' inclusion='Exclude'/></Regions>",
+            "");
         row("not a market", "<Markets><Market MICCode='XSHG' inclusion='Exclude'/></Markets>", "XSHE XHKG");
         row("a market goes before one that is left out",
             "<Markets><Market MICCode='XSHG' inclusion='Include'/><Market MICCode='XSHE' "

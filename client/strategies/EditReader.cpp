@@ -150,7 +150,7 @@ int EditReader::readReference(const StrategyElement& element, Fields fields)
         return known->edit < 0 ? leaveOut(element, known->field) : known->edit;
     const StrategyElement* const target = m_named.value(id);
     if (!target)
-        reader.refuse({ Error::UnknownEdit, { id.left(64) } });
+        reader.refuse({ m_named.contains(id) ? Error::DuplicateEdit : Error::UnknownEdit, { id.left(64) } });
     else if (m_open.contains(id))
         reader.refuse({ Error::EditCycle, { id.left(64) } });
     else if (m_open.size() >= MaxReferences)

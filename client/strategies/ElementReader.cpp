@@ -195,14 +195,18 @@ void ElementContents::refuseChild(const StrategyElement& child, StrategyRemarks&
 void ElementContents::checkPlaces(const StrategyElement& parent, const QStringList& order, StrategyRemarks& remarks)
 {
     int last = 0;
+    QVector<int> late;
     for (const StrategyElement& child : parent.children) {
         const int place = order.indexOf(child.name);
         if (place < 0 || child.isForeign)
             continue;
         if (child.isInOddSpace)
             remarks.warn(child.line, { Error::SpaceNotStandard, { child.name } });
-        if (place < last)
+        // Once for all elements that one before them makes late.
+        if (place < last && !late.contains(place)) {
+            late.append(place);
             remarks.warn(child.line, { Error::OrderNotStandard, { child.name, order.at(last) } });
+        }
         last = std::max(last, place);
     }
 }

@@ -25,8 +25,9 @@ StrategyScope::Entry readLeaf(
     const StrategyElement& element, const char* attribute, const QString& form, StrategyRemarks& remarks)
 {
     ElementReader reader(element, remarks);
-    const StrategyScope::Entry entry = readEntry(reader, attribute);
+    StrategyScope::Entry entry = readEntry(reader, attribute);
     checkForm(reader, attribute, entry.code, form);
+    entry.code = entry.code.toUpper();
     reader.finish();
     for (const StrategyElement& child : element.children)
         ElementContents::refuseChild(child, remarks);
@@ -38,9 +39,9 @@ StrategyScope::Region readRegion(const StrategyElement& element, StrategyRemarks
     ElementReader reader(element, remarks);
     StrategyScope::Region region;
     region.entry = readEntry(reader, "name");
-    reader.choice("name",
-        { QStringLiteral("TheAmericas"), QStringLiteral("EuropeMiddleEastAfrica"), QStringLiteral("AsiaPacificJapan") },
-        0);
+    const QStringList names{ QStringLiteral("TheAmericas"), QStringLiteral("EuropeMiddleEastAfrica"),
+        QStringLiteral("AsiaPacificJapan") };
+    region.entry.code = names.at(reader.choice("name", names, 0));
     reader.finish();
     for (const StrategyElement& child : element.children) {
         if (child.name == QLatin1String("Country"))

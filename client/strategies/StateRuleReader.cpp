@@ -15,7 +15,11 @@ StateRule readRule(const StrategyElement& element, const StrategyDefinition& str
     ElementReader reader(element, remarks);
     StateRule rule;
     rule.line = element.line;
-    rule.enabled = reader.optionalFlag("enabled");
+    // The text of the standard also has another name for it than its schema.
+    const bool isOtherName = reader.has("enable") && !reader.has("enabled");
+    rule.enabled = reader.optionalFlag(isOtherName ? "enable" : "enabled");
+    if (isOtherName)
+        remarks.warnTakenAs(element.line, "enable", reader.text("enable"), QStringLiteral("enabled"));
     rule.visible = reader.optionalFlag("visible");
     rule.hasValue = reader.has("value");
     const QString text = reader.text("value");

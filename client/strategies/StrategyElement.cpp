@@ -47,9 +47,10 @@ QString vocabularyOfElement(const QString& name)
 
 class DocumentParser {
 public:
-    explicit DocumentParser(const QString& text)
+    DocumentParser(const QString& text, const QVector<Status>& warnings)
         : m_xml(text)
     {
+        m_document.warnings = warnings;
     }
 
     Result<StrategyDocument> parse()
@@ -80,7 +81,10 @@ private:
                 m_open.back()->text += m_xml.text();
             return;
         case QXmlStreamReader::DTD:
-            return fail(Error::DtdNotAllowed);
+            // A name alone declares nothing.
+            if (m_xml.text().contains(QLatin1Char('[')) || !m_xml.dtdSystemId().isEmpty())
+                fail(Error::DtdNotAllowed);
+            return;
         case QXmlStreamReader::ProcessingInstruction:
             m_document.warnings.append(StrategyRemarks::inLine(m_xml.lineNumber(),
                 { Error::ProcessingInstruction, { m_xml.processingInstructionTarget().toString().left(64) } }));
@@ -190,7 +194,7 @@ private:
 
 } // namespace
 
-Result<StrategyDocument> StrategyDocument::parse(const QString& text)
+Result<StrategyDocument> StrategyDocument::parse(const QString& text, const QVector<Status>& warnings)
 {
-    return DocumentParser(text).parse();
+    return DocumentParser(text, warnings).parse();
 }

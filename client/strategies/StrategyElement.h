@@ -30,7 +30,7 @@ struct StrategyDocument {
     StrategyElement root;
     QVector<Status> warnings; ///< with their lines
 
-    /// Parses a text, which must have passed `StrategyMarkup::check`. Fails with the line if the text is not XML, uses
-    /// document types or entities, or exceeds `StrategyLimits`.
-    static Result<StrategyDocument> parse(const QString& text);
+    /// Parses a text, which must have passed `StrategyMarkup::check`. Fails with the line if the text is not XML,
+    /// declares document types or entities, or exceeds `StrategyLimits`. `warnings` precede those of the document.
+    static Result<StrategyDocument> parse(const QString& text, const QVector<Status>& warnings);
 };

@@ -19,12 +19,13 @@ Status unreadable(const QString& name, const Status& cause)
 
 Result<StrategyDocument> parse(const QByteArray& bytes)
 {
-    const Result<QByteArray> text = StrategyText::toUtf8(bytes);
+    QVector<Status> warnings;
+    const Result<QByteArray> text = StrategyText::toUtf8(bytes, warnings);
     if (!text)
         return text.status();
     if (Status status = StrategyMarkup::check(*text); !status)
         return status;
-    return StrategyDocument::parse(QString::fromUtf8(*text));
+    return StrategyDocument::parse(QString::fromUtf8(*text), warnings);
 }
 
 SharedParts readRootAttributes(const StrategyElement& root, StrategyRemarks& remarks, StrategyRemarks& unknown)
@@ -34,11 +35,14 @@ SharedParts readRootAttributes(const StrategyElement& root, StrategyRemarks& rem
     reader.expected("strategyIdentifierTag");
     shared.identifierTag = reader.number("strategyIdentifierTag", 1, MaxTag, 0);
     shared.versionTag = reader.number("versionIdentifierTag", 1, MaxTag, 0);
-    reader.number("draftFlagIdentifierTag", 1, MaxTag, 0);
-    reader.flag("changeStrategyOnCxlRpl", false);
     shared.sendsParameterGroup = reader.flag("tag957Support", false);
     reader.text("imageLocation");
+    for (const char* const withoutEffect : { "draftFlagIdentifierTag", "changeStrategyOnCxlRpl" })
+        reader.text(withoutEffect);
     reader.finish(unknown);
+    ElementReader others(root, unknown);
+    others.number("draftFlagIdentifierTag", 1, MaxTag, 0);
+    others.flag("changeStrategyOnCxlRpl", false);
     return shared;
 }
 
@@ -48,9 +52,10 @@ void readNamedEdit(const StrategyElement& edit, SharedParts& shared, StrategyRem
     const QString id = reader.expected("id");
     if (id.isEmpty())
         return;
-    if (shared.edits.contains(id))
-        reader.refuse({ Error::DuplicateEdit, { id.left(64) } });
-    shared.edits.insert(id, &edit);
+    const bool isSecond = shared.edits.contains(id);
+    if (isSecond)
+        reader.warn({ Error::DuplicateEdit, { id.left(64) } });
+    shared.edits.insert(id, isSecond ? nullptr : &edit);
 }
 
 /// Values that every strategy needs refuse the file; what belongs to no strategy is only a warning.

@@ -21,7 +21,7 @@ struct SharedParts {
     int identifierTag = 0;
     int versionTag = 0;
     bool sendsParameterGroup = false;
-    QHash<QString, const StrategyElement*> edits; ///< named conditions of the file
+    QHash<QString, const StrategyElement*> edits; ///< named conditions of the file; null if several have the name
 };
 
 /// Reads one strategy.
