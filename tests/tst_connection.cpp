@@ -145,11 +145,8 @@ private Q_SLOTS:
         dialogDriver().type("le_targetTotalNum", QStringLiteral("3000"));
         lose(false);
         QTRY_VERIFY_WITH_TIMEOUT(line()->isVisible(), ThreeSeconds);
-        boxes().expect(QStringLiteral("msgBoxWarning"), true);
-        dialogDriver().confirm();
-        const auto seen = boxes().take();
-        QCOMPARE(seen.size(), 1);
-        QCOMPARE(seen.constFirst().name, QStringLiteral("msgBoxWarning"));
+        QCOMPARE(send("msgBoxError"),
+            QStringLiteral("交易计划%1修改失败，失败原因：%2").arg(plan, errorText(Error::ConnectionLost)));
         QVERIFY(dialog().isVisible());
         m_proxy->resume();
         QTRY_VERIFY_WITH_TIMEOUT(!line()->isVisible(), Patience);

@@ -61,7 +61,8 @@ private Q_SLOTS:
         FaultServer::stop(mode);
         QTRY_VERIFY_WITH_TIMEOUT(line()->isVisible(), ThreeSeconds);
         QCOMPARE(line()->text(), QStringLiteral("与服务器的连接已断开，正在重新连接……"));
-        QVERIFY(!send("msgBoxWarning").isEmpty());
+        QCOMPARE(send("msgBoxError"),
+            QStringLiteral("交易计划%1修改失败，失败原因：%2").arg(plan, errorText(Error::ConnectionLost)));
         QVERIFY(dialog().isVisible());
         QCOMPARE(totalOfForm(), QStringLiteral("3,000"));
 

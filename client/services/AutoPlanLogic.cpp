@@ -33,6 +33,22 @@ void queryAverages(AutoPlanLogic* service, const QString& symbol)
         session.askMovingAverages(symbol);
 }
 
+// Without a connection, a form that is open is checked with the plan that it shows: it would take no plan for one that
+// has started. A change is refused all the same.
+StoredPlan planOrLastRead(ClientSession& session, const QString& planId)
+{
+    const Result<StoredPlan> read = session.plan(planId);
+    if (read.status().error() == Error::ConnectionLost) {
+        const StoredPlan last = session.versions().lastRead(planId);
+        if (!last.id.isEmpty())
+            return last;
+    }
+    const StoredPlan plan = valueOrReport(read, StoredPlan());
+    if (!plan.id.isEmpty())
+        session.versions().noteRead(plan);
+    return plan;
+}
+
 QString refusedRequest(const QString& request, const QMap<QString, QVariant>& record, const Status& reason)
 {
     if (reason.error() == Error::OutcomeUnknown)
@@ -106,10 +122,9 @@ QMap<QString, QVariant> AutoPlanLogic::GetPlanInfo(QString planId)
     ClientSession& session = ClientSession::instance();
     if (!session.isOpen())
         return {};
-    const StoredPlan plan = valueOrReport(session.plan(planId), StoredPlan());
+    const StoredPlan plan = planOrLastRead(session, planId);
     if (plan.id.isEmpty())
         return {};
-    session.versions().note(planId, plan.version);
     QMap<QString, QVariant> record = plan.record;
     record.insert(BaseField::autoPlanId, planId);
     return record;

@@ -7,6 +7,18 @@ void PlanVersions::note(const QString& planId, int version)
     m_noted.insert(planId, version);
 }
 
+void PlanVersions::noteRead(const StoredPlan& plan)
+{
+    note(plan.id, plan.version);
+    m_read.insert(plan.id, new StoredPlan(plan));
+}
+
+StoredPlan PlanVersions::lastRead(const QString& planId) const
+{
+    const StoredPlan* const plan = m_read.object(planId);
+    return plan ? *plan : StoredPlan();
+}
+
 void PlanVersions::pin(const QString& planId, int version)
 {
     m_pinned.insert(planId, version);
@@ -28,5 +40,6 @@ int PlanVersions::of(const QString& planId) const
 void PlanVersions::clear()
 {
     m_noted.clear();
+    m_read.clear();
     m_pinned.clear();
 }

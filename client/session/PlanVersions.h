@@ -1,5 +1,8 @@
 #pragma once
 
+#include "StoredPlan.h"
+
+#include <QCache>
 #include <QHash>
 #include <QMultiHash>
 #include <QString>
@@ -10,6 +13,10 @@ class PlanVersions {
 public:
     /// Notes that a version was read or stored.
     void note(const QString& planId, int version);
+    /// Notes that a plan was read.
+    void noteRead(const StoredPlan& plan);
+    /// A plan as it was read last; a default plan if it was not, or if many others were read since.
+    StoredPlan lastRead(const QString& planId) const;
     /// Pins a version: as long as it is pinned, reading the plan again does not make a later version the one that
     /// changes are made from. Several forms may pin a plan, each its own version.
     void pin(const QString& planId, int version);
@@ -20,6 +27,9 @@ public:
     void clear();
 
 private:
+    static constexpr int MostRead = 100;
+
     QHash<QString, int> m_noted;
+    QCache<QString, StoredPlan> m_read{ MostRead };
     QMultiHash<QString, int> m_pinned;
 };
