@@ -14,6 +14,7 @@ namespace {
 
 const QString Owner = QStringLiteral("trader01");
 const QString Stranger = QStringLiteral("trader03");
+const QString NoRight = QStringLiteral("ERROR:  the user has no right to the instruction type with this account");
 
 } // namespace
 
@@ -31,9 +32,9 @@ private Q_SLOTS:
         QCOMPARE(m_session->create(SampleSession::record()), QStringLiteral("AP00000001"));
         QCOMPARE(InstructionIssuer::issueDay(SampleSession::today())->issued.size(), 1);
         ClientSession::instance().close();
-        QCOMPARE(psql(m_session->ownersFile(),
-                     QStringLiteral("INSERT INTO account_cash (trading_account, fen) VALUES ('100001', 100000000)")),
-            QString());
+        asOwnerOfTables("INSERT INTO account_cash (trading_account, fen) VALUES ('100001', 100000000);"
+                        " INSERT INTO user_accounts VALUES ('trader05', '100001', 9);"
+                        " INSERT INTO order_authorities VALUES ('trader05', '100001', '5')");
     }
 
     void cleanupTestCase() { m_session.reset(); }
@@ -139,7 +140,67 @@ private Q_SLOTS:
             QStringLiteral("created issued"));
     }
 
+    // No policy prevents that. docs/team.md says so.
+    void whatIsNotSeenCanBeMeasured()
+    {
+        const auto measured = [this](const char* condition) {
+            return asUser(Stranger,
+                QStringLiteral("EXPLAIN (ANALYZE, TIMING off) SELECT FROM instructions WHERE ")
+                    + QLatin1String(condition));
+        };
+        const QString isUnmatched = QStringLiteral("never executed");
+        QVERIFY(measured("issued_quantity < 0").contains(isUnmatched));
+        QVERIFY(!measured("issued_quantity >= 0").contains(isUnmatched));
+    }
+
+    void theRightToATypeIsNeeded_data()
+    {
+        QTest::addColumn<QString>("statement");
+        QTest::addColumn<QString>("answer");
+        row("a change of a plan", "UPDATE plans SET state = 'paused', version = 2 WHERE number = 1", NoRight);
+        row("a completion", "UPDATE plans SET completed_day = '2024-05-06' WHERE number = 1", NoRight);
+        row("a new instruction",
+            "INSERT INTO instructions (plan, position, day, issued_quantity, filled_quantity)"
+            " VALUES (1, 2, '2024-05-07', 100, 100)",
+            NoRight);
+        row("the end of an instruction", "UPDATE instructions SET ended = 1 WHERE plan = 1", NoRight);
+        const QString own = QStringLiteral("BEGIN; ") + newPlan("trader05", "100001", "5") + QStringLiteral("; %1");
+        row("an own plan of another type",
+            own.arg(QStringLiteral("UPDATE plans SET instruction_type = '1', version = 2 WHERE creator = 'trader05'")),
+            NoRight);
+        row("an own plan that keeps its type",
+            own.arg(QStringLiteral("UPDATE plans SET state = 'paused', version = 2 WHERE creator = 'trader05';"
+                                   " INSERT INTO instructions (plan, position, day) SELECT number, 1, '2024-05-07'"
+                                   " FROM plans WHERE creator = 'trader05'; ROLLBACK")),
+            QString());
+    }
+
+    void theRightToATypeIsNeeded()
+    {
+        QFETCH(QString, statement);
+        QFETCH(QString, answer);
+        QCOMPARE(asUser(QStringLiteral("trader05"), statement), answer);
+    }
+
+    void anAssigneeHasTheRightOfTheCreator()
+    {
+        const QString pause = QStringLiteral("UPDATE plans SET state = 'paused', version = version + 1;"
+                                             " UPDATE instructions SET ended = 1");
+        const QString trial = QStringLiteral("BEGIN; %1; ROLLBACK").arg(pause);
+        asOwnerOfTables("UPDATE plans SET assignee = (SELECT name FROM users WHERE id = 'trader03'), version = 2");
+        QCOMPARE(asUser(Stranger, trial), QString());
+        QCOMPARE(asUser(Owner, trial), QString());
+        asOwnerOfTables("DELETE FROM order_authorities WHERE \"user\" = 'trader01' AND instruction_type = '1'");
+        QCOMPARE(asUser(Stranger, trial), NoRight);
+        QCOMPARE(asUser(Owner, trial), NoRight);
+    }
+
 private:
+    void asOwnerOfTables(const char* statements) const
+    {
+        QCOMPARE(psql(m_session->ownersFile(), QString::fromUtf8(statements)), QString());
+    }
+
     static void row(const char* name, const QString& statement, const QString& answer)
     {
         QTest::newRow(name) << statement << answer;
@@ -243,6 +304,12 @@ private:
             "CREATE TEMP TABLE t (LIKE plandesk.instructions);"
             " CREATE TRIGGER t AFTER INSERT ON t FOR EACH ROW EXECUTE FUNCTION plandesk.book_instruction()",
             denied("function plandesk.book_instruction"));
+        row("asks for the rights of others by a trigger",
+            "CREATE TEMP TABLE t (plan bigint);"
+            " CREATE TRIGGER t AFTER INSERT ON t FOR EACH ROW EXECUTE FUNCTION plandesk.check_trade()",
+            denied("function plandesk.check_trade"));
+        row("asks for the rights of others", "SELECT plandesk.may_trade('100001', '1', 'trader01')",
+            denied("function may_trade"));
         row("reads the statistics", "SELECT count(*) FROM pg_stats WHERE tablename = 'plans'", none);
         row("copies the table to a program", "COPY plans TO PROGRAM 'cat'",
             QStringLiteral("ERROR:  must be superuser or have privileges of the pg_execute_server_program role to COPY"
@@ -260,6 +327,10 @@ private:
             violates("instructions"));
         row("a plan that does not", "INSERT INTO instructions (plan, position, day) VALUES (99, 1, '2024-05-06')",
             violates("instructions"));
+        const char* const quantity =
+            "INSERT INTO instructions (plan, position, day, issued_quantity) VALUES (1, 2, '2024-05-06', %1)";
+        row("the limit of an account", QString::fromLatin1(quantity).arg(100000000), violates("instructions"));
+        row("more than the limit", QString::fromLatin1(quantity).arg(100000001), violates("instructions"));
         row("an alert of a plan that exists", "INSERT INTO done_alerts VALUES ('trader03', 1, 'failed', '')",
             violates("done_alerts"));
         row("an alert of a plan that does not", "INSERT INTO done_alerts VALUES ('trader03', 99, 'failed', '')",
@@ -277,12 +348,12 @@ private:
             QString());
     }
 
-    static QString newPlan(const char* creator, const char* account)
+    static QString newPlan(const char* creator, const char* account, const char* type = "1")
     {
         return QStringLiteral("INSERT INTO plans (version, creator, created_time, changed_time, instruction_type,"
                               " trading_account, fields) VALUES (1, '%1', '2024-05-06T01:30:00.000Z',"
-                              " '2024-05-06T01:30:00.000Z', '1', '%2', '{}')")
-            .arg(QLatin1String(creator), QLatin1String(account));
+                              " '2024-05-06T01:30:00.000Z', '%3', '%2', '{}')")
+            .arg(QLatin1String(creator), QLatin1String(account), QLatin1String(type));
     }
 
     static QString newEntry(const char* user, const char* values)

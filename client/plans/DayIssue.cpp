@@ -45,6 +45,8 @@ public:
     {
     }
 
+    /// Whether the user may change instructions of the plan at all.
+    bool mayTrade() const { return bool(m_rights.tradeError(m_plan.record)); }
     /// Fails if the plan gets no instruction; on success `fields` may be called.
     Status prepare();
     Fields fields() const;
@@ -258,13 +260,13 @@ Status SomePlans::issue(const QStringList& ids, IssueResult& result)
 
 Status SomePlans::issue(const StoredPlan& plan, const PlanUse& use, IssueResult& result)
 {
-    if (use.openSince.isValid()) {
-        if (Status status = m_instructions.endBefore(plan.id, m_scene.day, change()); !status)
-            return status;
-    }
     Result<PlanDay> day = dayOf(plan, use);
     if (!day)
         return day.status();
+    if (use.openSince.isValid() && day->mayTrade()) {
+        if (Status status = m_instructions.endBefore(plan.id, m_scene.day, change()); !status)
+            return status;
+    }
     if (const Status reason = day->prepare(); !reason) {
         result.skipped << IssueResult::Skipped{ plan.id, reason };
         return refuse(plan, reason);

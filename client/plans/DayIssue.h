@@ -59,8 +59,8 @@ struct IssueResult {
 /// A quantity plan issues whole lots, an amount plan the whole lots that its amount of the day buys, both at most the
 /// daily maximum and the rest of the plan. A sale is at most what may be sold, of which earlier plans have taken their
 /// part; a purchase is at most what is left of the cash of its account, where it is known. First ends open instructions
-/// of earlier days, which give back their unfilled part. A plan of which nothing is left is completed, and for any
-/// other without an instruction the reason is kept.
+/// of earlier days, which give back their unfilled part, if the user may trade with the plan. A plan of which nothing
+/// is left is completed, and for any other without an instruction the reason is kept.
 ///
 /// A number of plans is one transaction; issuing a plan again has no effect.
 class DayIssue {

@@ -155,6 +155,44 @@ BEGIN
 END $$
 )";
 
+// Who changes a plan or its instructions may trade with its account and instruction type: by his own right with an own
+// account, by that of the plan's creator if the plan is only assigned to him. Instructions are checked after the
+// policy, so that no error tells the limits and rights of others. The owner of the tables may do everything.
+const char* const Authorities = R"(
+CREATE FUNCTION may_trade(account text, type text, creator text) RETURNS boolean
+    LANGUAGE plpgsql STABLE SECURITY DEFINER SET search_path = plandesk, pg_temp AS $$
+BEGIN
+    RETURN EXISTS (SELECT FROM order_authorities AS o WHERE o.trading_account = account AND o.instruction_type = type
+        AND o.user = CASE WHEN account = ANY (own_accounts()) THEN session_user::text ELSE creator END);
+END $$;
+CREATE FUNCTION check_trade() RETURNS trigger
+    LANGUAGE plpgsql SECURITY DEFINER SET search_path = plandesk, pg_temp AS $$
+DECLARE
+    is_allowed boolean;
+BEGIN
+    IF TG_RELID = 'plans'::regclass THEN
+        is_allowed := may_trade(OLD.trading_account, OLD.instruction_type, OLD.creator) AND (
+            (NEW.trading_account, NEW.instruction_type) IS NOT DISTINCT FROM (OLD.trading_account, OLD.instruction_type)
+            OR may_trade(NEW.trading_account, NEW.instruction_type, NEW.creator));
+    ELSE
+        SELECT may_trade(p.trading_account, p.instruction_type, p.creator) INTO is_allowed
+            FROM plans AS p WHERE p.number = NEW.plan;
+    END IF;
+    IF is_allowed IS NOT TRUE THEN
+        RAISE EXCEPTION 'the user has no right to the instruction type with this account';
+    END IF;
+    RETURN NEW;
+END $$;
+REVOKE EXECUTE ON FUNCTION may_trade, check_trade FROM PUBLIC;
+CREATE TRIGGER trade_is_checked BEFORE UPDATE ON plans
+    FOR EACH ROW WHEN (row_security_active('plandesk.plans'::regclass)) EXECUTE FUNCTION check_trade();
+CREATE TRIGGER instructions_are_allowed AFTER INSERT OR UPDATE ON instructions
+    FOR EACH ROW WHEN (row_security_active('plandesk.instructions'::regclass)) EXECUTE FUNCTION check_trade();
+DROP TRIGGER instructions_within_limits ON instructions;
+CREATE TRIGGER instructions_within_limits AFTER INSERT OR UPDATE OF day, issued_quantity, issued_fen ON instructions
+    FOR EACH ROW EXECUTE FUNCTION check_limits()
+)";
+
 QString statementsOf(const char* text)
 {
     return QString::fromLatin1(text).trimmed();
@@ -171,4 +209,9 @@ QStringList PostgresRights::statements()
     for (const char* const text : { AccountPolicies, PlanPolicies, Triggers, RightsHistory })
         all << statementsOf(text);
     return all;
+}
+
+QStringList PostgresRights::authorities()
+{
+    return { statementsOf(Authorities) };
 }

@@ -7,5 +7,7 @@
 namespace PostgresRights {
 
 QStringList statements();
+/// The rights to instruction types, added by a later version of the schema.
+QStringList authorities();
 
 } // namespace PostgresRights

@@ -380,7 +380,7 @@ const QVector<Migration>& PostgresSchema::migrations()
         { 3,
             QStringList{
                 statements(PlanLife), statements(CoveringIndexes), statements(FactsVersion), statements(LaterNotices) }
-                + Bookings::postgresStatements() },
+                + Bookings::postgresStatements() + PostgresRights::authorities() },
     };
     return steps;
 }
