@@ -113,6 +113,26 @@ private Q_SLOTS:
         QCOMPARE(result->skipped.at(0).reason, Status(Error::NothingToSell));
     }
 
+    void thePreviewOfManyIsWhatIsIssuedOfThem()
+    {
+        constexpr int Plans = 1003;
+        setSellable(1000 * 300 - 200);
+        session().create(sale(QStringLiteral("300")));
+        multiply(Plans);
+        const QVector<IssueRow> rows = previewOf(Monday);
+        QVector<ConfirmedOrder> orders;
+        for (const IssueRow& row : rows) {
+            if (row.reason)
+                orders << ConfirmedOrder::of(row);
+        }
+        QCOMPARE(orders.size(), 1000);
+        QCOMPARE(orders.last().quantity, 100LL);
+        DayIssue issue(ClientSession::instance().database(), InstructionIssuer::scene(Monday));
+        const IssueResult result = issue.issue(orders, goOn);
+        QCOMPARE(result.issued.size(), 1000);
+        QCOMPARE(result.skipped.size(), 0);
+    }
+
     // --- What is kept of a day
 
     void theReasonOfAPlanWithoutAnInstructionIsKept()
@@ -178,16 +198,28 @@ private Q_SLOTS:
     {
         const QString plan = session().create(SampleSession::record());
         setClientTime(QDateTime(Monday, QTime(15, 0), Qt::OffsetFromUTC, 8 * 3600));
-        const auto result = InstructionIssuer::issueDay(Monday);
+        const auto result = InstructionIssuer::issueDay(Monday, IssueMode::Live);
         QCOMPARE(result->issued, QStringList());
         QCOMPARE(result->skipped.at(0).reason.error(), Error::OutsideTradeHours);
         QVERIFY(ClientSession::instance().instructions().daysOf(plan)->refusals.isEmpty());
         setClientTime(QDateTime(Monday, QTime(14, 59), Qt::OffsetFromUTC, 8 * 3600));
-        QCOMPARE(InstructionIssuer::issueDay(Monday)->issued.size(), 1);
+        QCOMPARE(InstructionIssuer::issueDay(Monday, IssueMode::Live)->issued.size(), 1);
+    }
+
+    void aSimulationNeedsNoOpenMarketToday()
+    {
+        session().create(SampleSession::record());
+        setClientTime(QDateTime(Monday, QTime(20, 0), Qt::OffsetFromUTC, 8 * 3600));
+        QCOMPARE(previewOf(Monday).at(0).reason, Status());
+        QCOMPARE(InstructionIssuer::issueDay(Monday, IssueMode::Simulated)->issued.size(), 1);
     }
 
     void onlyTodayIsIssuedLive()
     {
+        session().create(SampleSession::record());
+        const auto result = InstructionIssuer::issueDay(Monday.addDays(1), IssueMode::Live);
+        QCOMPARE(result->issued, QStringList());
+        QCOMPARE(result->skipped.at(0).reason.error(), Error::NotToday);
         QCOMPARE(InstructionIssuer::liveError(Monday), Status());
         QCOMPARE(errorText(InstructionIssuer::liveError(Monday.addDays(1))),
             QStringLiteral("2024-05-07不是今天（2024-05-06），只能模拟下达"));

@@ -117,7 +117,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(rows->rowCount(), 1, Patience);
         QCOMPARE(rows->index(0, IssueSheetModel::ResultColumn).data().toString(),
             QStringLiteral("2024-05-06漏下达，不补下达"));
-        QCOMPARE(rows->index(0, IssueSheetModel::Quantity).data().toString(), QStringLiteral("300"));
+        QCOMPARE(rows->index(0, IssueSheetModel::Quantity).data().toString(), QStringLiteral("300 股"));
     }
 
     void theDetailsTellWhyADayWasRefused()

@@ -1,11 +1,17 @@
 // The trader's decisions in the window: what goes out today, and the states of plans.
+#include "AutoPlanField.h"
+#include "ClientClock.h"
 #include "ClientWindowTest.h"
 #include "ErrorText.h"
 #include "HistoryStore.h"
 #include "InstructionIssuer.h"
 #include "IssueSheet.h"
 #include "IssueSheetModel.h"
+#include "Kelvo_Fields.h"
+#include "Kelvo_Values.h"
+#include "PlanCodes.h"
 #include "PlanTable.h"
+#include "PositionStore.h"
 #include "TestStatus.h"
 
 #include <QAbstractButton>
@@ -44,7 +50,9 @@ private Q_SLOTS:
         QCOMPARE(cell(0, IssueSheetModel::Plan), plan);
         QCOMPARE(cell(0, IssueSheetModel::Side), QStringLiteral("买入"));
         QCOMPARE(cell(0, IssueSheetModel::Price), QStringLiteral("不限价"));
-        QCOMPARE(cell(0, IssueSheetModel::Quantity), QStringLiteral("300"));
+        QCOMPARE(cell(0, IssueSheetModel::Quantity), QStringLiteral("300 股"));
+        const QVariant color = rows()->index(0, IssueSheetModel::Side).data(Qt::ForegroundRole);
+        QCOMPARE(color.value<QColor>().name(), QStringLiteral("#b3261e"));
         QCOMPARE(cell(0, IssueSheetModel::ResultColumn), QString());
         QCOMPARE(cell(0, IssueSheetModel::Amount), QStringLiteral("5,247.00"));
         QCOMPARE(text("issueSums"), QStringLiteral("账户100001 买入 1笔 5,247.00元，资金未知"));
@@ -88,7 +96,9 @@ private Q_SLOTS:
         const auto isHeading = [](const QLabel* label) { return label->text() == QStringLiteral("已下达指令"); };
         QVERIFY(std::any_of(labels.cbegin(), labels.cend(), isHeading));
         QVERIFY(!button("btn_issue")->isEnabled());
+        QVERIFY(!isAllChosen());
         toggle(1);
+        QVERIFY(isAllChosen());
         QCOMPARE(button("btn_issue")->text(), QStringLiteral("下达1条……"));
     }
 
@@ -112,6 +122,7 @@ private Q_SLOTS:
         boxOf([this] { click("btn_issue"); }, "msgBoxQuestion");
         QTRY_VERIFY_WITH_TIMEOUT(!isWorking(), Patience);
         QCOMPARE(cell(0, IssueSheetModel::ResultColumn), QStringLiteral("此前已下达"));
+        QCOMPARE(cell(0, IssueSheetModel::Quantity), QString());
         QCOMPARE(issued(), 1);
     }
 
@@ -131,6 +142,95 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(!isWorking(), Patience);
         QVERIFY2(text("issueText").endsWith(errorText(Error::DatabaseFileChanged)), qPrintable(text("issueText")));
         QCOMPARE(fileContent(), restored);
+    }
+
+    void onlyWhatWasConfirmedGoesOut()
+    {
+        setHoldings(200000);
+        for (const char* const quantity : { "150000", "100000" })
+            QVERIFY(!session().create(sale(QLatin1String(quantity))).isEmpty());
+        openSheet(2);
+        QCOMPARE(cell(1, IssueSheetModel::Quantity), QStringLiteral("50,000 股"));
+        QCOMPARE(cell(1, IssueSheetModel::ResultColumn), QStringLiteral("数量按可卖数量减少"));
+        toggle(0);
+        QTRY_COMPARE_WITH_TIMEOUT(cell(1, IssueSheetModel::Quantity), QStringLiteral("100,000 股"), Patience);
+        QCOMPARE(cell(1, IssueSheetModel::ResultColumn), QString());
+        const QString amount = cell(1, IssueSheetModel::Amount);
+        const QString question = issueChosen();
+        QVERIFY2(question.contains(QStringLiteral("卖出 1笔 %1元").arg(amount)), qPrintable(question));
+        QCOMPARE(storedOrders(), QStringList(QStringLiteral("AP00000002 100000")));
+        // The rest of the holdings.
+        QTRY_COMPARE_WITH_TIMEOUT(cell(0, IssueSheetModel::Quantity), QStringLiteral("100,000 股"), Patience);
+        toggle(0);
+        issueChosen();
+        QCOMPARE(
+            storedOrders(), (QStringList{ QStringLiteral("AP00000001 100000"), QStringLiteral("AP00000002 100000") }));
+        // What was issued before is still shown.
+        QCOMPARE(cell(0, IssueSheetModel::ResultColumn), QStringLiteral("已下达 AP00000001-000001"));
+        QCOMPARE(cell(1, IssueSheetModel::ResultColumn), QStringLiteral("已下达 AP00000002-000001"));
+    }
+
+    void aPlanThatCannotBeIssuedBesideAnotherComesBack()
+    {
+        setHoldings(1000);
+        for (int i = 0; i < 2; ++i)
+            QVERIFY(!session().create(sale(QStringLiteral("1000"))).isEmpty());
+        openSheet(2);
+        QCOMPARE(cell(1, IssueSheetModel::ResultColumn), QStringLiteral("不能下达：可卖数量不足一手"));
+        QCOMPARE(button("btn_issue")->text(), QStringLiteral("下达1条……"));
+        toggle(0);
+        QTRY_COMPARE_WITH_TIMEOUT(cell(1, IssueSheetModel::Quantity), QStringLiteral("1,000 股"), Patience);
+        QCOMPARE(cell(1, IssueSheetModel::ResultColumn), QString());
+        toggle(0);
+        QTRY_COMPARE_WITH_TIMEOUT(
+            cell(1, IssueSheetModel::ResultColumn), QStringLiteral("不能下达：可卖数量不足一手"), Patience);
+        QCOMPARE(button("btn_issue")->text(), QStringLiteral("下达1条……"));
+    }
+
+    void whatAColleagueChangesIsConfirmedAgain()
+    {
+        createSamples(2);
+        openSheet(2);
+        changeByColleague(QStringLiteral("AP00000001"));
+        issueChosen();
+        QCOMPARE(text("issueText"), QStringLiteral("已下达1条，此前已下达0个，未下达1个。"));
+        QCOMPARE(storedOrders(), QStringList(QStringLiteral("AP00000002 300")));
+        QCOMPARE(cell(0, IssueSheetModel::ResultColumn), QStringLiteral("未下达：已变化，请重新确认"));
+        QTRY_COMPARE_WITH_TIMEOUT(cell(0, IssueSheetModel::Quantity), QStringLiteral("200 股"), Patience);
+        QVERIFY(!isAllChosen());
+        toggle(0);
+        QCOMPARE(cell(0, IssueSheetModel::ResultColumn), QString());
+        issueChosen();
+        QCOMPARE(storedOrders(), (QStringList{ QStringLiteral("AP00000001 200"), QStringLiteral("AP00000002 300") }));
+        QCOMPARE(cell(1, IssueSheetModel::ResultColumn), QStringLiteral("已下达 AP00000002-000001"));
+    }
+
+    void whatAColleaguePausesIsNotIssued()
+    {
+        createSamples(1);
+        openSheet(1);
+        Database file;
+        QCOMPARE(file.open(session().ownersFile()), Status());
+        QCOMPARE(
+            PlanStore(file).setState(QStringLiteral("AP00000001"), 1, PlanState::Paused, {}, byColleague()), Status());
+        issueChosen();
+        QCOMPARE(issued(), 0);
+        QCOMPARE(
+            cell(0, IssueSheetModel::ResultColumn), QStringLiteral("未下达：当日不再有效，已被修改、暂停、停止或完成"));
+    }
+
+    void aSheetOfYesterdayIssuesNothing()
+    {
+        createSamples(1);
+        openSheet(1);
+        setClientTime(QDateTime(SampleSession::today().addDays(1), QTime(3, 0), Qt::OffsetFromUTC, 8 * 3600));
+        QCOMPARE(boxOf([this] { click("btn_issue"); }, "msgBoxWarning"),
+            QStringLiteral("2024-05-06已经过去，没有下达。请核对今天的计划。"));
+        QTRY_VERIFY_WITH_TIMEOUT(!isWorking(), Patience);
+        QCOMPARE(issued(), 0);
+        QCOMPARE(sheet()->windowTitle(), QStringLiteral("下达当日指令 - 2024-05-07"));
+        QVERIFY2(cell(0, IssueSheetModel::ResultColumn).startsWith(QStringLiteral("不能下达：不在该市场的委托时间")),
+            qPrintable(cell(0, IssueSheetModel::ResultColumn)));
     }
 
     void aDayWithoutPlansSaysSo()
@@ -253,6 +353,63 @@ private:
         QVERIFY(sheet() && sheet()->isVisible());
         QTRY_VERIFY_WITH_TIMEOUT(!isWorking(), Patience);
         QCOMPARE(rows()->rowCount(), plans);
+    }
+
+    bool isAllChosen() const { return button("cb_all")->isChecked(); }
+
+    /// Clicks, confirms and returns the question.
+    QString issueChosen()
+    {
+        const auto isReady = [this] { return button("btn_issue")->isEnabled(); };
+        if (!QTest::qWaitFor(isReady, Patience))
+            return QString();
+        const QString question = boxOf([this] { click("btn_issue"); }, "msgBoxQuestion");
+        const bool isDone = QTest::qWaitFor([this] { return !isWorking(); }, Patience);
+        return isDone ? question : QString();
+    }
+
+    static QMap<QString, QVariant> sale(const QString& quantity)
+    {
+        const auto unlimited = SampleSession::withOther(
+            SampleSession::record(), { { AutoPlanField::Progress::CurrentQty, QStringLiteral("0") } });
+        return with(with(unlimited, AutoPlanField::BaseField::totalQty, quantity), AutoPlanField::BaseField::orderSide,
+            Kelvo_Values::OrderSide::sell);
+    }
+
+    void setHoldings(qint64 quantity) const
+    {
+        Database file;
+        QCOMPARE(file.open(session().ownersFile()), Status());
+        const auto record = SampleSession::record();
+        const auto text = [&record](const QString& key) { return record.value(key).toString(); };
+        QCOMPARE(PositionStore(file).set({ text(Kelvo_Fields::UserAccount::tradingAccount),
+                     text(Kelvo_Fields::UserAccount::securityAccount), text(Kelvo_Fields::Security::symbol), quantity,
+                     quantity }),
+            Status());
+    }
+
+    static Change byColleague() { return { QStringLiteral("trader03"), clientNow() }; }
+
+    void changeByColleague(const QString& plan) const
+    {
+        Database file;
+        QCOMPARE(file.open(session().ownersFile()), Status());
+        const auto record = SampleSession::withOther(
+            stored(plan).record, { { AutoPlanField::Progress::CurrentQty, QStringLiteral("200") } });
+        QCOMPARE(PlanStore(file).modify(plan, 1, record, byColleague()), Status());
+    }
+
+    /// Plans and quantities of all instructions.
+    static QStringList storedOrders()
+    {
+        QStringList orders;
+        const auto plans = ClientSession::instance().plans().plansOfDay(SampleSession::today());
+        for (const QString& plan : plans->issued) {
+            const auto instructions = ClientSession::instance().instructions().ofPlan(plan).valueOr({});
+            for (const auto& fields : instructions)
+                orders << plan + QLatin1Char(' ') + fields.value(PlanCodes::FieldId::IssuedQty).toString();
+        }
+        return orders;
     }
 
     /// Presses the space bar on a row.

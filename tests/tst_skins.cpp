@@ -103,6 +103,12 @@ QList<Look> textLooks()
         { words("a wrong parameter with the focus"), { words("*[faulty=\"true\"]") }, { words("QLineEdit:focus") } },
         { words("a wrong choice"), { words("*[faulty=\"true\"]") }, { algorithm } },
     };
+    for (const char* const side : { "buy", "sell" }) {
+        const QString color = words("qproperty-%1Color").arg(words(side));
+        looks.append({ words("the issue sheet, ") + words(side), { words("IssueSheet") }, { rows }, color });
+        looks.append({ words("every other row of the issue sheet, ") + words(side), { words("IssueSheet") }, { rows },
+            color, words("alternate-background-color") });
+    }
     const QString advisor = words("RowView");
     for (const char* const mark : { "faint", "good", "bad", "doubtful" })
         looks.append({ words("a row of the advisor, ") + words(mark), { advisor }, { rows },

@@ -3885,6 +3885,10 @@ Continue?</translation>
         <source>%1，资金未知</source>
         <translation>%1, cash not known</translation>
     </message>
+    <message>
+        <source>%1已经过去，没有下达。请核对今天的计划。</source>
+        <translation>%1 is over; nothing was issued. Check the plans of today.</translation>
+    </message>
 </context>
 <context>
     <name>IssueSheetModel</name>
@@ -3955,6 +3959,18 @@ Continue?</translation>
     <message>
         <source>；</source>
         <translation>; </translation>
+    </message>
+    <message>
+        <source>数量按可卖数量减少</source>
+        <translation>quantity reduced to what may be sold</translation>
+    </message>
+    <message>
+        <source>未下达：当日不再有效，已被修改、暂停、停止或完成</source>
+        <translation>Not issued: no longer due on this day: changed, paused, stopped or completed</translation>
+    </message>
+    <message>
+        <source>未下达：已变化，请重新确认</source>
+        <translation>Not issued: it has changed; confirm again</translation>
     </message>
 </context>
 <context>

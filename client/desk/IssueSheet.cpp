@@ -21,6 +21,7 @@
 
 #include <memory>
 #include <numeric>
+#include <utility>
 
 namespace {
 
@@ -63,8 +64,10 @@ IssueSheet::IssueSheet(QWidget* parent)
     , m_sums(PlainText::newLabel(QString(), this))
     , m_text(PlainText::newLabel(QString(), this))
     , m_progress(new QProgressBar(this))
+    , m_all(new QCheckBox(tr("全选"), this))
     , m_issue(new QPushButton(this))
     , m_close(new QPushButton(tr("关闭"), this))
+    , m_former(std::make_shared<IssueSheetRows>())
     , m_work(ClientSession::instance().database())
 {
     setObjectName(QStringLiteral("issueSheet"));
@@ -73,6 +76,8 @@ IssueSheet::IssueSheet(QWidget* parent)
     new WindowPlace(this, QStringLiteral("issue"));
     build();
     connect(m_rows, &IssueSheetModel::chosenChanged, this, &IssueSheet::showSums);
+    connect(m_rows, &IssueSheetModel::chosenChanged, this, &IssueSheet::computeAgain);
+    connect(this, &IssueSheet::colorsChanged, m_rows, [this] { m_rows->setColors(m_buyColor, m_sellColor); });
     connect(m_issue, &QPushButton::clicked, this, &IssueSheet::confirm);
     connect(m_close, &QPushButton::clicked, this, &IssueSheet::reject);
     connect(&m_work, &LongWork::progressed, m_progress, &QProgressBar::setValue);
@@ -97,12 +102,10 @@ void IssueSheet::build()
     m_issue->setAutoDefault(false);
     m_close->setObjectName(QStringLiteral("btn_close"));
     m_close->setDefault(true);
-    auto* const all = new QCheckBox(tr("全选"), this);
-    all->setObjectName(QStringLiteral("cb_all"));
-    all->setChecked(true);
-    connect(all, &QCheckBox::clicked, m_rows, &IssueSheetModel::choose);
+    m_all->setObjectName(QStringLiteral("cb_all"));
+    connect(m_all, &QCheckBox::clicked, m_rows, &IssueSheetModel::choose);
     auto* const buttons = new QHBoxLayout;
-    buttons->addWidget(all);
+    buttons->addWidget(m_all);
     buttons->addWidget(m_progress, 1);
     buttons->addStretch();
     buttons->addWidget(m_issue);
@@ -120,13 +123,14 @@ void IssueSheet::openToday()
     raise();
     activateWindow();
     m_close->setFocus();
+    m_mustRead = m_work.isRunning() && !m_isBusy;
     if (!m_work.isRunning())
         readPlans();
 }
 
 void IssueSheet::reject()
 {
-    if (m_work.isRunning())
+    if (isWorking())
         m_work.cancel();
     else
         QDialog::reject();
@@ -136,13 +140,13 @@ void IssueSheet::readPlans()
 {
     m_day = clientToday();
     setWindowTitle(tr("下达当日指令 - %1").arg(m_day.toString(Qt::ISODate)));
-    // Those of the last time are destroyed on the other thread.
-    auto rows = std::make_shared<IssueSheetRows>(m_rows->setRows({}));
+    retire(m_rows->setRows({}));
     showWork(tr("正在读取当日的计划……"), 0);
+    auto rows = std::make_shared<IssueSheetRows>();
     auto read = std::make_shared<Status>();
-    const auto work = [read, rows, scene = InstructionIssuer::scene(m_day)](
+    const auto work = [read, rows, former = m_former, scene = InstructionIssuer::scene(m_day, IssueMode::Live)](
                           Database& database, const Status& opened, const LongWork::Progress& progress) {
-        *rows = {};
+        *former = {};
         DayIssue issue(database, scene);
         const Result<DayPlans> plans = opened ? issue.plans() : opened;
         const auto found = plans ? issue.preview(plans->due, progress) : plans.status();
@@ -163,42 +167,101 @@ void IssueSheet::showPlans(const Status& read, IssueSheetRows& rows)
         m_text->setText(m_rows->rowCount() == 0 ? tr("今天没有要下达的计划。") : tr("选择要下达的计划。"));
 }
 
+/// Leaves rows to the next work, which destroys them on its thread because that takes long.
+void IssueSheet::retire(IssueSheetRows rows)
+{
+    m_former = std::make_shared<IssueSheetRows>(std::move(rows));
+}
+
+/// What would go out for a plan depends on those that are chosen of its account.
+void IssueSheet::computeAgain()
+{
+    m_isOutdated = m_work.isRunning();
+    if (m_isOutdated || !m_rows->rows().isOutdated())
+        return;
+    auto rows = std::make_shared<IssueSheetRows>(m_rows->rows());
+    auto read = std::make_shared<Status>();
+    const auto work = [read, rows, former = m_former, scene = InstructionIssuer::scene(m_day, IssueMode::Live)](
+                          Database& database, const Status& opened, const LongWork::Progress& progress) {
+        *former = {};
+        DayIssue issue(database, scene);
+        const Result<DayPlans> plans = opened ? issue.plans(rows->outdated()) : opened;
+        const auto found = plans ? issue.preview(plans->due, progress, rows->leftOut()) : plans.status();
+        *read = found.status();
+        if (found)
+            rows->update(*found, plans->issued);
+    };
+    m_work.start(work, [this, read, rows] { showComputed(*read, *rows); });
+}
+
+void IssueSheet::showComputed(const Status& read, IssueSheetRows& rows)
+{
+    const bool isOutdated = std::exchange(m_isOutdated, false);
+    const bool isWanted = read && !isOutdated && !m_mustRead;
+    retire(isWanted ? m_rows->update(std::move(rows)) : std::move(rows));
+    if (std::exchange(m_mustRead, false))
+        readPlans();
+    else if (isOutdated)
+        computeAgain();
+    else if (!read && !m_text->text().endsWith(errorText(read)))
+        m_text->setText(m_text->text() + QLatin1Char('\n') + errorText(read));
+}
+
+/// False if another day has begun since the plans were read; they are read again.
+bool IssueSheet::isOfToday()
+{
+    if (m_day == clientToday())
+        return true;
+    OrloWidget::ShowWarningMsgBox(
+        tr("%1已经过去，没有下达。请核对今天的计划。").arg(m_day.toString(Qt::ISODate)), this);
+    readPlans();
+    return false;
+}
+
 void IssueSheet::confirm()
 {
-    const QStringList plans = m_rows->rows().chosen();
+    if (!isOfToday())
+        return;
+    const QVector<ConfirmedOrder> orders = m_rows->rows().chosen();
     const QString question =
-        tr("下达%1条指令？\n%2").arg(QString::number(plans.size()), sumsText(m_rows->rows().sums()));
+        tr("下达%1条指令？\n%2").arg(QString::number(orders.size()), sumsText(m_rows->rows().sums()));
     constexpr int No = 0;
-    if (!plans.isEmpty() && OrloWidget::ShowQuestionMsgBox(question, this, No) != No)
-        issue(plans);
+    if (!orders.isEmpty() && OrloWidget::ShowQuestionMsgBox(question, this, No) != No && isOfToday())
+        issue(orders);
 }
 
-void IssueSheet::issue(const QStringList& plans)
+void IssueSheet::issue(const QVector<ConfirmedOrder>& orders)
 {
-    showWork(tr("正在下达……"), plans.size());
+    showWork(tr("正在下达……"), orders.size());
     auto result = std::make_shared<IssueResult>();
-    auto outcomes = std::make_shared<IssueOutcomes>();
-    const auto work = [result, outcomes, plans, scene = InstructionIssuer::scene(m_day)](
+    auto rows = std::make_shared<IssueSheetRows>(m_rows->rows());
+    const auto work = [result, rows, former = m_former, orders,
+                          scene = InstructionIssuer::scene(m_day, IssueMode::Live)](
                           Database& database, const Status& opened, const LongWork::Progress& progress) {
+        *former = {};
         if (opened)
-            *result = DayIssue(database, scene).issue(plans, progress);
+            *result = DayIssue(database, scene).issue(orders, progress);
         else
             result->failure = opened;
-        *outcomes = IssueOutcomes(*result);
+        if (result->unknown.isEmpty())
+            rows->add(*result);
     };
-    m_work.start(work, [this, result, outcomes] { showResult(*result, *outcomes); });
+    m_work.start(work, [this, result, rows] { showResult(*result, *rows); });
 }
 
-void IssueSheet::showResult(IssueResult& result, const IssueOutcomes& outcomes)
+void IssueSheet::showResult(IssueResult& result, IssueSheetRows& rows)
 {
     const bool isKnown = result.unknown.isEmpty();
     InstructionIssuer::finish(result);
+    if (!isKnown)
+        rows.add(result);
     endWork();
-    m_rows->setOutcomes(isKnown ? outcomes : IssueOutcomes(result));
+    retire(m_rows->update(std::move(rows)));
     Q_EMIT issued();
+    const int skipped = result.skipped.size() + result.changed.size() + result.noLongerDue.size();
     QString text = tr("已下达%1条，此前已下达%2个，未下达%3个。")
                        .arg(QString::number(result.issued.size()), QString::number(result.alreadyIssued.size()),
-                           QString::number(result.skipped.size()));
+                           QString::number(skipped));
     if (result.cancelled)
         text += tr("其余已取消，可以再次下达。");
     if (!result.failure)
@@ -213,11 +276,13 @@ void IssueSheet::showSums()
         std::accumulate(sums.cbegin(), sums.cend(), 0, [](int plans, const auto& sum) { return plans + sum.plans; });
     m_sums->setText(sumsText(sums));
     m_issue->setText(tr("下达%1条……").arg(chosen));
-    m_issue->setEnabled(chosen > 0);
+    m_issue->setEnabled(chosen > 0 && !m_rows->rows().isOutdated());
+    m_all->setChecked(m_rows->rows().areAllChosen());
 }
 
 void IssueSheet::showWork(const QString& text, int steps)
 {
+    m_isBusy = true;
     m_text->setText(text);
     m_progress->setRange(0, steps);
     m_progress->setValue(0);
@@ -229,6 +294,7 @@ void IssueSheet::showWork(const QString& text, int steps)
 
 void IssueSheet::endWork()
 {
+    m_isBusy = false;
     m_progress->hide();
     m_table->setEnabled(true);
     m_close->setText(tr("关闭"));

@@ -1,8 +1,10 @@
 #include "IssueSheetModel.h"
 
+#include "AutoPlanField.h"
 #include "DecimalText.h"
 #include "ErrorText.h"
 #include "Kelvo_Fields.h"
+#include "Kelvo_Values.h"
 #include "PlanFormatter.h"
 #include "TickPrice.h"
 
@@ -31,22 +33,33 @@ IssueSheetRows IssueSheetModel::setRows(IssueSheetRows rows)
 {
     beginResetModel();
     std::swap(m_rows, rows);
-    m_outcomes = {};
     endResetModel();
     Q_EMIT chosenChanged();
     return rows;
 }
 
-void IssueSheetModel::setOutcomes(const IssueOutcomes& outcomes)
+IssueSheetRows IssueSheetModel::update(IssueSheetRows rows)
 {
-    m_outcomes = outcomes;
-    choose(false);
+    std::swap(m_rows, rows);
+    noteChange();
+    return rows;
 }
 
 void IssueSheetModel::choose(bool all)
 {
     for (int row = 0; row < m_rows.size(); ++row)
-        m_rows.choose(row, all && isIssuable(m_rows.at(row)));
+        m_rows.choose(row, all);
+    noteChange();
+}
+
+void IssueSheetModel::setColors(const QColor& buy, const QColor& sell)
+{
+    m_buyColor = buy;
+    m_sellColor = sell;
+}
+
+void IssueSheetModel::noteChange()
+{
     if (m_rows.size() > 0)
         Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));
     Q_EMIT chosenChanged();
@@ -69,8 +82,11 @@ QVariant IssueSheetModel::data(const QModelIndex& index, int role) const
     const IssueRow& row = m_rows.at(index.row());
     if (role == Qt::DisplayRole)
         return textOf(row, index.column());
-    if (role == Qt::CheckStateRole && index.column() == Plan && isIssuable(row))
+    if (role == Qt::CheckStateRole && index.column() == Plan && m_rows.isIssuable(index.row()))
         return m_rows.isChosen(index.row()) ? Qt::Checked : Qt::Unchecked;
+    if (role == Qt::ForegroundRole && index.column() == Side)
+        return textIn(row, AutoPlanField::BaseField::orderSide) == Kelvo_Values::OrderSide::buy ? m_buyColor
+                                                                                                : m_sellColor;
     if (role == Qt::TextAlignmentRole && index.column() >= Price && index.column() <= Amount)
         return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
     return QVariant();
@@ -78,7 +94,7 @@ QVariant IssueSheetModel::data(const QModelIndex& index, int role) const
 
 bool IssueSheetModel::setData(const QModelIndex& index, const QVariant& value, int role)
 {
-    if (role != Qt::CheckStateRole || index.column() != Plan || !isIssuable(m_rows.at(index.row())))
+    if (role != Qt::CheckStateRole || index.column() != Plan || !m_rows.isIssuable(index.row()))
         return false;
     m_rows.choose(index.row(), value.toInt() == Qt::Checked);
     Q_EMIT dataChanged(index, index);
@@ -89,7 +105,7 @@ bool IssueSheetModel::setData(const QModelIndex& index, const QVariant& value, i
 Qt::ItemFlags IssueSheetModel::flags(const QModelIndex& index) const
 {
     const Qt::ItemFlags usual = QAbstractTableModel::flags(index);
-    const bool isChoice = index.column() == Plan && isIssuable(m_rows.at(index.row()));
+    const bool isChoice = index.column() == Plan && m_rows.isIssuable(index.row());
     return isChoice ? usual | Qt::ItemIsUserCheckable : usual;
 }
 
@@ -102,7 +118,7 @@ QVariant IssueSheetModel::headerData(int section, Qt::Orientation orientation, i
 
 QString IssueSheetModel::textOf(const IssueRow& row, int column) const
 {
-    const bool hasOrder = row.order.quantity > 0;
+    const bool hasOrder = row.order.quantity > 0 && !m_rows.outcomes().wasIssuedBefore(row.plan.id);
     switch (column) {
     case Plan:
         return row.plan.id;
@@ -117,7 +133,7 @@ QString IssueSheetModel::textOf(const IssueRow& row, int column) const
             return QString();
         return row.order.price.limit ? TickPrice::text(*row.order.price.limit, row.precision) : tr("不限价");
     case Quantity:
-        return hasOrder ? groupedText(QString::number(row.order.quantity)) : QString();
+        return hasOrder ? PlanFormatter(row.plan).issued(QString::number(row.order.quantity), false) : QString();
     case Amount:
         return hasOrder ? yuanText(row.order.issuedYuan) : QString();
     case ResultColumn:
@@ -128,13 +144,15 @@ QString IssueSheetModel::textOf(const IssueRow& row, int column) const
 
 QString IssueSheetModel::resultOf(const IssueRow& row) const
 {
-    if (m_outcomes.contains(row.plan.id))
-        return m_outcomes.text(row.plan.id);
+    if (m_rows.outcomes().contains(row.plan.id))
+        return m_rows.outcomes().text(row.plan.id);
     QStringList notes;
     if (!row.reason)
         notes << tr("不能下达：%1").arg(errorText(row.reason));
     if (row.order.price.cutToLimit)
         notes << tr("价格按涨跌停价");
+    if (row.order.isCutToHoldings)
+        notes << tr("数量按可卖数量减少");
     if (row.order.isCutToCash)
         notes << tr("数量按可用资金减少");
     if (row.missed.isValid())

@@ -3,6 +3,7 @@
 #include "IssueSheetRows.h"
 
 #include <QAbstractTableModel>
+#include <QColor>
 
 /// The plans of a day in the issue sheet: what would go out for each, whether it is chosen, and what became of it.
 class IssueSheetModel : public QAbstractTableModel {
@@ -16,9 +17,10 @@ public:
     /// Shows plans. Returns the ones before, which another thread can destroy.
     IssueSheetRows setRows(IssueSheetRows rows);
     const IssueSheetRows& rows() const { return m_rows; }
-    /// Shows what became of the plans; none is chosen any more.
-    void setOutcomes(const IssueOutcomes& outcomes);
+    /// Shows the same plans with other contents; otherwise as above.
+    IssueSheetRows update(IssueSheetRows rows);
     void choose(bool all);
+    void setColors(const QColor& buy, const QColor& sell);
 
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
@@ -33,8 +35,9 @@ Q_SIGNALS:
 private:
     QString textOf(const IssueRow& row, int column) const;
     QString resultOf(const IssueRow& row) const;
-    bool isIssuable(const IssueRow& row) const { return row.reason && !m_outcomes.contains(row.plan.id); }
+    void noteChange();
 
     IssueSheetRows m_rows;
-    IssueOutcomes m_outcomes;
+    QColor m_buyColor;
+    QColor m_sellColor;
 };

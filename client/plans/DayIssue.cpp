@@ -47,8 +47,10 @@ public:
 
     /// Whether the user may change instructions of the plan at all.
     bool mayTrade() const { return bool(m_rights.tradeError(m_plan.record)); }
-    /// Fails if the plan gets no instruction; on success `fields` may be called.
+    /// Fails if the plan gets no instruction; on success the others may be called.
     Status prepare();
+    /// Takes what the order needs from what later plans have.
+    void take() { m_facts.take(m_plan.record, m_terms, m_order); }
     Fields fields() const;
     /// Whether nothing is left once the order is filled as simulated.
     bool completes() const;
@@ -101,7 +103,6 @@ Status PlanDay::prepare()
     if (!order)
         return order.status();
     m_order = *order;
-    m_facts.take(m_plan.record, m_terms, m_order);
     return {};
 }
 
@@ -143,6 +144,8 @@ Status PlanDay::checkRights() const
 
 Status PlanDay::checkDay() const
 {
+    if (const QDate today = marketDay(m_scene.now); m_scene.now.isValid() && today != m_scene.day)
+        return { Error::NotToday, { m_scene.day.toString(Qt::ISODate), today.toString(Qt::ISODate) } };
     switch (m_scene.calendar.day(m_security->exchange, m_scene.day)) {
     case TradeCalendar::Day::Trades:
         return m_scene.now.isValid() ? TradeHours::check(m_security->exchange, m_scene.now.time()) : Status();
@@ -183,13 +186,15 @@ public:
     {
     }
 
-    Status preview(const QStringList& ids, QVector<IssueRow>& rows);
-    Status issue(const QStringList& ids, IssueResult& result);
+    Status preview(const QStringList& ids, const QSet<QString>& leftOut, QVector<IssueRow>& rows);
+    /// `confirmed`: null if whatever is due goes out.
+    Status issue(const QStringList& ids, const QHash<QString, ConfirmedOrder>* confirmed, IssueResult& result);
 
 private:
     Status read(const QStringList& ids);
     Result<PlanDay> dayOf(const StoredPlan& plan, const PlanUse& use);
-    Status issue(const StoredPlan& plan, const PlanUse& use, IssueResult& result);
+    Status issue(const StoredPlan& plan, const PlanUse& use, const ConfirmedOrder* confirmed, IssueResult& result);
+    static void noteOthers(const QStringList& ids, const DayPlans& day, IssueResult& result);
     Status refuse(const StoredPlan& plan, const Status& reason);
     Change change() const { return { m_scene.user.id, clientNow() }; }
 
@@ -220,7 +225,7 @@ Result<PlanDay> SomePlans::dayOf(const StoredPlan& plan, const PlanUse& use)
     return rights ? Result<PlanDay>(PlanDay(m_scene, plan, use, *rights, m_facts)) : rights.status();
 }
 
-Status SomePlans::preview(const QStringList& ids, QVector<IssueRow>& rows)
+Status SomePlans::preview(const QStringList& ids, const QSet<QString>& leftOut, QVector<IssueRow>& rows)
 {
     if (Status status = read(ids); !status)
         return status;
@@ -233,6 +238,8 @@ Status SomePlans::preview(const QStringList& ids, QVector<IssueRow>& rows)
             return day.status();
         IssueRow row{ plan, day->prepare(), {}, day->precision() };
         row.order = day->order();
+        if (row.reason && !leftOut.contains(plan.id))
+            day->take();
         row.cash = day->cash();
         row.missed = MissedDays::last(plan, progress->value(plan.id).lastDay, m_scene.calendar, m_scene.day);
         rows << row;
@@ -241,7 +248,7 @@ Status SomePlans::preview(const QStringList& ids, QVector<IssueRow>& rows)
 }
 
 // Plans that someone else has issued or changed meanwhile are no longer due.
-Status SomePlans::issue(const QStringList& ids, IssueResult& result)
+Status SomePlans::issue(const QStringList& ids, const QHash<QString, ConfirmedOrder>* confirmed, IssueResult& result)
 {
     if (Status status = m_instructions.waitForIssue(); !status)
         return status;
@@ -252,13 +259,28 @@ Status SomePlans::issue(const QStringList& ids, IssueResult& result)
     if (Status status = read(day->due); !status)
         return status;
     for (const StoredPlan& plan : qAsConst(m_read)) {
-        if (Status status = issue(plan, m_uses.value(plan.id), result); !status)
+        const ConfirmedOrder* const order = confirmed ? &*confirmed->constFind(plan.id) : nullptr;
+        if (Status status = issue(plan, m_uses.value(plan.id), order, result); !status)
             return status;
     }
+    if (confirmed)
+        noteOthers(ids, *day, result);
     return {};
 }
 
-Status SomePlans::issue(const StoredPlan& plan, const PlanUse& use, IssueResult& result)
+/// Those that are not of the day any more.
+void SomePlans::noteOthers(const QStringList& ids, const DayPlans& day, IssueResult& result)
+{
+    const QStringList found = day.due + day.issued;
+    const QSet<QString> known(found.cbegin(), found.cend());
+    for (const QString& id : ids) {
+        if (!known.contains(id))
+            result.noLongerDue << id;
+    }
+}
+
+Status SomePlans::issue(
+    const StoredPlan& plan, const PlanUse& use, const ConfirmedOrder* confirmed, IssueResult& result)
 {
     Result<PlanDay> day = dayOf(plan, use);
     if (!day)
@@ -271,6 +293,11 @@ Status SomePlans::issue(const StoredPlan& plan, const PlanUse& use, IssueResult&
         result.skipped << IssueResult::Skipped{ plan.id, reason };
         return refuse(plan, reason);
     }
+    if (confirmed && !(ConfirmedOrder::of({ plan, {}, day->order() }) == *confirmed)) {
+        result.changed << plan.id;
+        return {};
+    }
+    day->take();
     const Result<QString> id = m_instructions.add(plan.id, m_scene.day, day->fields(), change());
     if (!id)
         return id.status();
@@ -284,6 +311,7 @@ Status SomePlans::refuse(const StoredPlan& plan, const Status& reason)
     switch (reason.error()) {
     case Error::NotATradeDay:
     case Error::NotInCalendar:
+    case Error::NotToday:
     case Error::OutsideTradeHours:
         return {};
     case Error::NothingLeft:
@@ -294,6 +322,18 @@ Status SomePlans::refuse(const StoredPlan& plan, const Status& reason)
 }
 
 } // namespace
+
+ConfirmedOrder ConfirmedOrder::of(const IssueRow& row)
+{
+    return { row.plan.id, row.plan.version, row.order.price.limit, row.order.quantity, row.order.issuedYuan };
+}
+
+bool ConfirmedOrder::operator==(const ConfirmedOrder& other) const
+{
+    // Both amounts are rounded to fen by the same computation.
+    return planId == other.planId && version == other.version && limit == other.limit && quantity == other.quantity
+        && !(yuan < other.yuan) && !(yuan > other.yuan);
+}
 
 DayIssue::DayIssue(Database& database, const IssueScene& scene)
     : m_database(database)
@@ -306,13 +346,19 @@ Result<DayPlans> DayIssue::plans()
     return PlanStore(m_database, m_scene.user).plansOfDay(m_scene.day);
 }
 
-Result<QVector<IssueRow>> DayIssue::preview(const QStringList& planIds, const Progress& progress)
+Result<DayPlans> DayIssue::plans(const QStringList& planIds)
+{
+    return PlanStore(m_database, m_scene.user).plansOfDay(m_scene.day, planIds);
+}
+
+Result<QVector<IssueRow>> DayIssue::preview(
+    const QStringList& planIds, const Progress& progress, const QSet<QString>& leftOut)
 {
     DayFacts facts(m_database, m_scene);
     SomePlans plans(m_database, m_scene, facts);
     QVector<IssueRow> rows;
     for (int first = 0; first < planIds.size(); first += PlansPerTransaction) {
-        if (Status status = plans.preview(planIds.mid(first, PlansPerTransaction), rows); !status)
+        if (Status status = plans.preview(planIds.mid(first, PlansPerTransaction), leftOut, rows); !status)
             return status;
         if (!progress(rows.size()))
             break;
@@ -322,6 +368,22 @@ Result<QVector<IssueRow>> DayIssue::preview(const QStringList& planIds, const Pr
 
 IssueResult DayIssue::issue(const QStringList& planIds, const Progress& progress)
 {
+    return issue(planIds, nullptr, progress);
+}
+
+IssueResult DayIssue::issue(const QVector<ConfirmedOrder>& orders, const Progress& progress)
+{
+    QStringList ids;
+    Confirmed confirmed;
+    for (const ConfirmedOrder& order : orders) {
+        ids << order.planId;
+        confirmed.insert(order.planId, order);
+    }
+    return issue(ids, &confirmed, progress);
+}
+
+IssueResult DayIssue::issue(const QStringList& planIds, const Confirmed* confirmed, const Progress& progress)
+{
     IssueResult result;
     for (int first = 0; first < planIds.size() && !result.cancelled; first += PlansPerTransaction) {
         // What was read in one transaction may have changed until the next one.
@@ -329,7 +391,7 @@ IssueResult DayIssue::issue(const QStringList& planIds, const Progress& progress
         SomePlans plans(m_database, m_scene, facts);
         IssueResult some;
         const QStringList ids = planIds.mid(first, PlansPerTransaction);
-        result.failure = m_database.transaction([&] { return plans.issue(ids, some); });
+        result.failure = m_database.transaction([&] { return plans.issue(ids, confirmed, some); });
         if (!result.failure) {
             result.unknown = m_database.commitFailed() ? some.issued : QStringList();
             break;
@@ -337,6 +399,8 @@ IssueResult DayIssue::issue(const QStringList& planIds, const Progress& progress
         result.issued += some.issued;
         result.alreadyIssued += some.alreadyIssued;
         result.skipped += some.skipped;
+        result.changed += some.changed;
+        result.noLongerDue += some.noLongerDue;
         result.cancelled = !progress(qMin(first + PlansPerTransaction, static_cast<int>(planIds.size())))
             && first + PlansPerTransaction < planIds.size();
     }

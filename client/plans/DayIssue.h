@@ -5,6 +5,8 @@
 #include "PlanStore.h"
 #include "TradeCalendar.h"
 
+#include <QSet>
+
 #include <functional>
 
 /// What the issue of a day is based on besides the database. It needs no session, so that it can run on another thread,
@@ -14,7 +16,7 @@ struct IssueScene {
     const Market market;
     const TradeCalendar calendar;
     const QDate day;
-    /// The time at the markets, which must be open; invalid for a simulation, which needs no open market.
+    /// The time at the markets, which must be open on the day; invalid for a simulation, which needs no open market.
     const QDateTime now;
 };
 
@@ -34,6 +36,19 @@ struct IssueRow {
     QDate missed = QDate();
 };
 
+/// What a user has confirmed to go out for a plan.
+struct ConfirmedOrder {
+    QString planId;
+    int version = 0;
+    /// As in the order.
+    std::optional<qint64> limit;
+    qint64 quantity = 0;
+    double yuan = 0;
+
+    static ConfirmedOrder of(const IssueRow& row);
+    bool operator==(const ConfirmedOrder& other) const;
+};
+
 /// The result of issuing a day, or some of its plans.
 struct IssueResult {
     /// Ids of the new instructions.
@@ -47,6 +62,10 @@ struct IssueResult {
     };
     /// Plans of the day's period that got no instruction, and why.
     QVector<Skipped> skipped;
+    /// Plans for which something else would have gone out than was confirmed.
+    QStringList changed;
+    /// Plans that were confirmed and are no longer due, because they were changed, paused, stopped or completed.
+    QStringList noLongerDue;
     /// Why it ended before all plans were tried; success if they were, or if it was cancelled.
     Status failure;
     /// Instructions that may be stored all the same, because the failure was that of a COMMIT.
@@ -72,12 +91,21 @@ public:
 
     /// The user's plans of the day.
     Result<DayPlans> plans();
-    /// What would go out for plans now. Stores nothing. Without the rest if it is cancelled.
-    Result<QVector<IssueRow>> preview(const QStringList& planIds, const Progress& progress);
+    /// Those among some.
+    Result<DayPlans> plans(const QStringList& planIds);
+    /// What would go out for plans now. Those that are left out take nothing from holdings and cash: what would go out
+    /// for each of them if it alone was not left out. Stores nothing. Without the rest if it is cancelled.
+    Result<QVector<IssueRow>> preview(
+        const QStringList& planIds, const Progress& progress, const QSet<QString>& leftOut = {});
     /// Issues those of the plans that are still due.
     IssueResult issue(const QStringList& planIds, const Progress& progress);
+    /// Issues exactly what was confirmed. Nothing goes out for a plan that has changed.
+    IssueResult issue(const QVector<ConfirmedOrder>& orders, const Progress& progress);
 
 private:
+    using Confirmed = QHash<QString, ConfirmedOrder>;
+    IssueResult issue(const QStringList& planIds, const Confirmed* confirmed, const Progress& progress);
+
     Database& m_database;
     const IssueScene m_scene;
 };

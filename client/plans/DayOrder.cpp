@@ -142,6 +142,7 @@ Result<DayOrder> dayOrder(
     order.quantity = std::isinf(terms.sellable) ? wanted : std::min(wanted, lotsWithin(terms.sellable, lot));
     if (order.quantity <= 0)
         return Error::NothingToSell;
+    order.isCutToHoldings = order.quantity < wanted;
     const qint64 affordable = std::isinf(terms.cash) ? wanted : lotsWithin(terms.cash / yuan, lot);
     if (affordable <= 0)
         return { Error::NotEnoughCash, { yuanText(terms.cash), yuanText(lot * yuan) } };

@@ -43,6 +43,8 @@ struct DayOrder {
     /// In yuan, with fen.
     double issuedYuan = 0;
     double filledYuan = 0;
+    /// True if less may be sold than the plan would.
+    bool isCutToHoldings = false;
     /// True if the cash buys less than the plan would.
     bool isCutToCash = false;
 

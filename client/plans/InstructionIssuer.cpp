@@ -29,20 +29,21 @@ Status lookUp(const QStringList& instructions, const Status& failure)
 
 } // namespace
 
-IssueScene InstructionIssuer::scene(const QDate& day)
+IssueScene InstructionIssuer::scene(const QDate& day, IssueMode mode)
 {
     const ClientSession& session = ClientSession::instance();
-    return { session.user(), session.market(), session.calendar(), day, liveError(day) ? clientNow() : QDateTime() };
+    const QDateTime now = mode == IssueMode::Live ? clientNow() : QDateTime();
+    return { session.user(), session.market(), session.calendar(), day, now };
 }
 
-Result<IssueResult> InstructionIssuer::issueDay(const QDate& day)
+Result<IssueResult> InstructionIssuer::issueDay(const QDate& day, IssueMode mode)
 {
     ClientSession& session = ClientSession::instance();
     if (!session.isOpen())
         return Error::IssuingNeedsLogin;
     if (!day.isValid())
         return { Error::InvalidDate, { QStringLiteral(QT_TRANSLATE_NOOP("Caption", "日期")) } };
-    DayIssue issue(session.database(), scene(day));
+    DayIssue issue(session.database(), scene(day, mode));
     const Result<DayPlans> plans = issue.plans();
     if (!plans)
         return plans.status();

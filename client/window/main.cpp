@@ -25,9 +25,14 @@ int fail(const Status& status)
     return Failure;
 }
 
+IssueMode modeOf(const Options& options)
+{
+    return options.flags.contains(Flag::Simulate) ? IssueMode::Simulated : IssueMode::Live;
+}
+
 int preview(const Options& options)
 {
-    DayIssue issue(ClientSession::instance().database(), InstructionIssuer::scene(options.issueDay));
+    DayIssue issue(ClientSession::instance().database(), InstructionIssuer::scene(options.issueDay, modeOf(options)));
     const Result<DayPlans> plans = issue.plans();
     const auto rows =
         plans ? issue.preview(plans->due, [](int) { return true; }) : Result<QVector<IssueRow>>(plans.status());
@@ -49,11 +54,11 @@ int preview(const Options& options)
 int issueDay(const Options& options)
 {
     const Status live = InstructionIssuer::liveError(options.issueDay);
-    if (!live && !options.flags.contains(Flag::Simulate))
+    if (!live && modeOf(options) == IssueMode::Live)
         return fail(live);
     if (options.flags.contains(Flag::IssuePreview))
         return preview(options);
-    const Result<IssueResult> result = InstructionIssuer::issueDay(options.issueDay);
+    const Result<IssueResult> result = InstructionIssuer::issueDay(options.issueDay, modeOf(options));
     if (!result)
         return fail(result.status());
     printLine(stdout, IssueTexts::report(options.issueDay, *result));
