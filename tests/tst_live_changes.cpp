@@ -81,6 +81,15 @@ private Q_SLOTS:
         QCOMPARE(text(window(), "status"), QStringLiteral("共63个计划"));
     }
 
+    void newPlansThatAreVisibleAreNotCountedAsAbove()
+    {
+        createAsColleague(1);
+        openWindow();
+        createAsColleague(5);
+        QTRY_COMPARE_WITH_TIMEOUT(table().planCount(), 6, Patience);
+        QCOMPARE(text(window(), "status"), QStringLiteral("共6个计划"));
+    }
+
     void theFirstRowStaysInItsPlace()
     {
         const QStringList plans = createAsColleague(Samples);

@@ -1,5 +1,6 @@
 // The table of plans, by keys and the mouse.
 #include "AutoPlanField.h"
+#include "ClientClock.h"
 #include "ClientWindowTest.h"
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
@@ -211,6 +212,32 @@ private Q_SLOTS:
         QCOMPARE(window().currentPlan(), own);
         clickFilter("filter_all");
         QCOMPARE(shownIds(), QStringList({ own, later, due }));
+    }
+
+    void aNewDayChangesStatesAndFilters()
+    {
+        const QString due = create({});
+        const QString later = create({ { BaseField::beginDate, QStringLiteral("2024-05-07") } });
+        openWindow();
+        QCOMPARE(cell(0, PlanColumns::State), QStringLiteral("未开始"));
+        setClientToday(QDate(2024, 5, 7));
+        press(&window(), Qt::Key_F5);
+        QCOMPARE(cell(0, PlanColumns::State), QStringLiteral("进行中"));
+        setClientToday(QDate(2024, 5, 6));
+        clickFilter("filter_today");
+        QCOMPARE(shownIds(), QStringList(due));
+        setClientToday(QDate(2024, 5, 7));
+        press(&window(), Qt::Key_F5);
+        QCOMPARE(shownIds(), QStringList({ later, due }));
+    }
+
+    void aNewDayIsNoticedByItself()
+    {
+        create({ { BaseField::beginDate, QStringLiteral("2024-05-07") } });
+        openWindow();
+        setClientToday(QDate(2024, 5, 7));
+        QMetaObject::invokeMethod(window().findChild<QTimer*>(QStringLiteral("regularly")), "timeout");
+        QTRY_COMPARE_WITH_TIMEOUT(cell(0, PlanColumns::State), QStringLiteral("进行中"), 5000);
     }
 
     void aPlanThatLeavesTheFilterIsNotCurrent()

@@ -11,6 +11,8 @@
 #include <QStatusBar>
 #include <QTimer>
 
+#include <utility>
+
 namespace {
 
 constexpr int Delay = 1000;              // milliseconds
@@ -25,6 +27,7 @@ DayWindows::DayWindows(QMainWindow* window)
     , m_showAlerts(addAction(QStringLiteral("action_alerts"), tr("提醒"), QKeySequence(QStringLiteral("Ctrl+L"))))
     , m_showJournal(addAction(QStringLiteral("action_journal"), tr("日志"), QKeySequence(QStringLiteral("Ctrl+J"))))
     , m_count(new QPushButton(window))
+    , m_day(clientToday())
     , m_untilRead(new QTimer(this))
 {
     m_count->setObjectName(QStringLiteral("btn_alerts"));
@@ -34,6 +37,7 @@ DayWindows::DayWindows(QMainWindow* window)
     m_untilRead->setSingleShot(true);
     m_untilRead->setInterval(Delay);
     auto* const regularly = new QTimer(this);
+    regularly->setObjectName(QStringLiteral("regularly"));
     regularly->start(Interval);
     const auto later = [this] {
         if (!m_untilRead->isActive())
@@ -45,7 +49,7 @@ DayWindows::DayWindows(QMainWindow* window)
     connect(m_alerts, &Alerts::countChanged, this, &DayWindows::showCount);
     connect(m_alerts, &Alerts::planWanted, this, &DayWindows::planWanted);
     connect(m_untilRead, &QTimer::timeout, m_alerts, &Alerts::refresh);
-    connect(regularly, &QTimer::timeout, m_alerts, &Alerts::refresh);
+    connect(regularly, &QTimer::timeout, this, &DayWindows::readRegularly);
     connect(&PlanEvents::instance(), &PlanEvents::planStored, this, later);
     connect(&PlanEvents::instance(), &PlanEvents::plansStored, this, later);
     connect(&PlanEvents::instance(), &PlanEvents::plansChanged, this, later);
@@ -68,6 +72,13 @@ void DayWindows::openJournal()
         connect(m_journal, &Journal::planWanted, this, &DayWindows::planWanted);
     }
     m_journal->open(clientToday());
+}
+
+void DayWindows::readRegularly()
+{
+    m_alerts->refresh();
+    if (std::exchange(m_day, clientToday()) != clientToday())
+        Q_EMIT dayBegan();
 }
 
 void DayWindows::showCount()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QList>
 #include <QObject>
 
@@ -22,10 +23,13 @@ public:
 Q_SIGNALS:
     /// The user wants to see a plan.
     void planWanted(const QString& planId);
+    /// Another day than before.
+    void dayBegan();
 
 private:
     QAction* addAction(const QString& name, const QString& text, const QKeySequence& key);
     void openJournal();
+    void readRegularly();
     void showCount();
 
     QMainWindow* m_window;
@@ -34,5 +38,6 @@ private:
     QAction* m_showAlerts;
     QAction* m_showJournal;
     QPushButton* m_count;
+    QDate m_day;
     QTimer* m_untilRead; ///< merges changes that follow each other
 };

@@ -233,7 +233,7 @@ Status PlanTable::refresh()
         const int shift = row < 0 ? 0 : row - anchor;
         executeDelayedItemsLayout();
         verticalScrollBar()->setValue(hidden + shift);
-        m_newAbove = newAbove + qMax(0, shift);
+        m_newAbove = qMin(newAbove + qMax(0, shift), m_plans->firstPosition() + verticalScrollBar()->value());
         if (m_plans->rowOf(m_current.id) < 0)
             noteCurrent(m_plans->listed(m_current.id).valueOr(m_current));
     });

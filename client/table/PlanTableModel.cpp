@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace {
 
@@ -61,6 +62,7 @@ Status PlanTableModel::refresh()
         slice.from = placeOf(0);
         slice.isFromIncluded = true;
     }
+    noteDay();
     const Result<PlanLook> look = PlanReading::look(m_list, slice);
     if (!look)
         return look.status();
@@ -74,6 +76,17 @@ Status PlanTableModel::refresh()
     if (m_hasAbove)
         m_first = positionOf(placeOf(0));
     return {};
+}
+
+/// On another day, plans have other states and the filter has others.
+void PlanTableModel::noteDay()
+{
+    const QDate today = clientToday();
+    if (std::exchange(m_list.today, today) == today || m_rows.isEmpty())
+        return;
+    for (Row& row : m_rows)
+        row.texts.clear();
+    Q_EMIT dataChanged(index(0, 0), index(m_rows.size() - 1, PlanColumns::Count - 1));
 }
 
 /// Reads a slice of the list. A failure is reported, and leaves `hasMore` unchanged.

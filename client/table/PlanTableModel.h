@@ -82,6 +82,7 @@ private:
     using Plans = QVector<ListedPlan>;
 
     Result<Plans> read(const PlanSlice& slice, bool& hasMore) const;
+    void noteDay();
     void note(const PlanLook& look);
     void startCounting();
     void take(int plans, const QVector<PlanLandmark>& landmarks);

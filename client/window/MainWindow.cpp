@@ -219,6 +219,7 @@ void MainWindow::buildActions()
     plans->addSeparator();
     plans->addActions(imports->actions());
     connect(day, &DayWindows::planWanted, this, &MainWindow::goToPlan);
+    connect(day, &DayWindows::dayBegan, &m_changes, &NoticeMerger::notice);
     QMenu* const view = menuBar()->addMenu(tr("视图(&V)"));
     view->addActions({ reload, skin, strategies });
     QToolBar* const bar = addToolBar(tr("工具栏"));
