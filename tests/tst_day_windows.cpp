@@ -101,6 +101,44 @@ private Q_SLOTS:
         QCOMPARE(textsOf(alertRows(), 0).constLast(), QStringLiteral("2024-05-06：公式的结果不大于零"));
     }
 
+    void theChosenAlertStaysWhenOthersAppear()
+    {
+        createSamples(3);
+        setClientToday(Tuesday);
+        openWindow();
+        openAlerts(3);
+        QTest::keyClick(alertRows(), Qt::Key_Down);
+        const QString chosen = textsOf(alertRows(), 1).at(1);
+        const QString refused = refuseAnother();
+        QTRY_COMPARE_WITH_TIMEOUT(alertRows()->model()->rowCount(), 4, Patience);
+        QCOMPARE(textsOf(alertRows(), 0).at(1), refused);
+        QCOMPARE(textsOf(alertRows(), alertRows()->currentIndex().row()).at(1), chosen);
+        QVERIFY(press(alerts(), Qt::Key_Delete));
+        QTRY_COMPARE_WITH_TIMEOUT(alertRows()->model()->rowCount(), 3, Patience);
+        QStringList left;
+        for (int i = 0; i < 3; ++i)
+            left << textsOf(alertRows(), i).at(1);
+        QVERIFY(left.contains(refused));
+        QVERIFY(!left.contains(chosen));
+        // The next alert is the current one.
+        QCOMPARE(alertRows()->currentIndex().row(), 2);
+        QCOMPARE(alertRows()->selectionModel()->selectedRows().size(), 1);
+    }
+
+    void severalChosenAlertsStayWhenOthersAppear()
+    {
+        createSamples(3);
+        setClientToday(Tuesday);
+        openWindow();
+        openAlerts(3);
+        QTest::keyClick(alertRows(), Qt::Key_Down, Qt::ShiftModifier);
+        refuseAnother();
+        QTRY_COMPARE_WITH_TIMEOUT(alertRows()->model()->rowCount(), 4, Patience);
+        QCOMPARE(alertRows()->selectionModel()->selectedRows().size(), 2);
+        QVERIFY(!alertRows()->selectionModel()->isRowSelected(0, QModelIndex()));
+        QVERIFY(!alertRows()->selectionModel()->isRowSelected(3, QModelIndex()));
+    }
+
     // --- Missed days
 
     void aMissedDayIsShownInTableDetailsAndSheet()
@@ -251,6 +289,17 @@ private:
         const auto labels = field<QWidget>(window(), "planDetails")->findChildren<QLabel*>();
         return std::any_of(
             labels.cbegin(), labels.cend(), [&text](const QLabel* label) { return label->text() == text; });
+    }
+
+    /// A new plan gets no instruction; returns its id.
+    static QString refuseAnother()
+    {
+        const QString plan = *plans().create(
+            customPrice(SampleSession::record(), QStringLiteral("1-1")), ClientSession::instance().changeNow());
+        DayIssue issue(ClientSession::instance().database(), InstructionIssuer::scene(Tuesday));
+        IssueResult result = issue.issue(QStringList(plan), [](int) { return true; });
+        InstructionIssuer::finish(result);
+        return plan;
     }
 
     void setCash(qint64 fen) const

@@ -43,6 +43,12 @@ QStringList cellsOf(const Alert& alert)
         text };
 }
 
+/// The same for an alert that is read again.
+QString keyOf(const Alert& alert)
+{
+    return QStringLiteral("%1 %2 %3").arg(QString::number(static_cast<int>(alert.kind)), alert.plan.id, alert.subject);
+}
+
 } // namespace
 
 Alerts::Alerts(QWidget* parent)
@@ -125,12 +131,14 @@ void Alerts::show(const Result<QVector<Alert>>& alerts)
     m_alerts = *alerts;
     QVector<int> counts(KindCount);
     QVector<QStringList> rows;
+    QStringList keys;
     for (const Alert& alert : qAsConst(m_alerts)) {
         ++counts[static_cast<int>(alert.kind)];
         rows << cellsOf(alert);
+        keys << keyOf(alert);
     }
     m_hasMore = std::any_of(counts.cbegin(), counts.cend(), [](int count) { return count >= MostOfKind; });
-    m_table->setRows({ tr("提醒"), tr("计划编号"), tr("账户"), tr("证券"), tr("方向"), tr("内容") }, rows);
+    m_table->setRows({ tr("提醒"), tr("计划编号"), tr("账户"), tr("证券"), tr("方向"), tr("内容") }, rows, keys);
     m_go->setEnabled(!rows.isEmpty());
     m_done->setEnabled(!rows.isEmpty());
     m_text->setText(rows.isEmpty() ? tr("没有提醒。") : tr("%1条提醒").arg(countText()));

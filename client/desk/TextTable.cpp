@@ -39,7 +39,40 @@ TextTable::TextTable(const QString& name, QWidget* parent)
 
 void TextTable::setRows(const QStringList& titles, const QVector<QStringList>& rows)
 {
+    fill(titles, rows);
+    setCurrentIndex(m_model->index(0, 0));
+}
+
+void TextTable::setRows(const QStringList& titles, const QVector<QStringList>& rows, const QStringList& keys)
+{
+    const QVector<int> selected = selectedRows();
+    QVector<int> kept;
+    for (const int row : selected) {
+        if (const int found = keys.indexOf(m_keys.value(row)); found >= 0)
+            kept << found;
+    }
+    const int current = rowOfCurrent(keys);
+    fill(titles, rows);
+    m_keys = keys;
+    setCurrentIndex(m_model->index(kept.isEmpty() || kept.contains(current) ? current : kept.constFirst(), 0));
+    for (const int row : qAsConst(kept))
+        selectionModel()->select(m_model->index(row, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+}
+
+/// The row that the current one, the next one that is left, or the last one has among others.
+int TextTable::rowOfCurrent(const QStringList& keys) const
+{
+    for (int row = qMax(0, currentIndex().row()); row < m_keys.size(); ++row) {
+        if (const int found = keys.indexOf(m_keys.at(row)); found >= 0)
+            return found;
+    }
+    return m_keys.isEmpty() ? 0 : keys.size() - 1;
+}
+
+void TextTable::fill(const QStringList& titles, const QVector<QStringList>& rows)
+{
     m_model->clear();
+    m_keys.clear();
     m_model->setHorizontalHeaderLabels(titles);
     for (const QStringList& row : rows) {
         QList<QStandardItem*> items;
@@ -48,7 +81,6 @@ void TextTable::setRows(const QStringList& titles, const QVector<QStringList>& r
         m_model->appendRow(items);
     }
     resizeColumnsToContents();
-    setCurrentIndex(m_model->index(0, 0));
 }
 
 QVector<int> TextTable::selectedRows() const

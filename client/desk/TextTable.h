@@ -10,8 +10,11 @@ class TextTable : public QTableView {
 public:
     explicit TextTable(const QString& name, QWidget* parent = nullptr);
 
-    /// Replaces the rows. The selection is lost.
+    /// Replaces the rows; the first one becomes the current one.
     void setRows(const QStringList& titles, const QVector<QStringList>& rows);
+    /// Replaces the rows, and keeps what is current and selected by keys. The next row that is left becomes the current
+    /// one if the former has gone.
+    void setRows(const QStringList& titles, const QVector<QStringList>& rows, const QStringList& keys);
     /// Ascending.
     QVector<int> selectedRows() const;
 
@@ -23,7 +26,10 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void fill(const QStringList& titles, const QVector<QStringList>& rows);
+    int rowOfCurrent(const QStringList& keys) const;
     void copy() const;
 
     QStandardItemModel* m_model;
+    QStringList m_keys; ///< of the rows; empty without keys
 };
