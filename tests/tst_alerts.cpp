@@ -219,6 +219,27 @@ private Q_SLOTS:
         QCOMPARE(journal({ Monday, QStringLiteral("100001"), 0, 100 }).size(), 3);
     }
 
+    void theJournalIsInTheOrderOfTimes()
+    {
+        const QString first = session().create(SampleSession::record());
+        const QString second = session().create(SampleSession::record());
+        const auto at = [](int hour) { setClientTime(QDateTime(Monday, QTime(hour, 0), Qt::OffsetFromUTC, 8 * 3600)); };
+        at(10);
+        setState(second, PlanState::Paused);
+        at(11);
+        issue({ first }, Monday);
+        at(13);
+        setState(second, PlanState::Active);
+        at(14);
+        issue({ second }, Monday);
+        QStringList plans;
+        const auto entries = journal({ Monday, QString(), 0, 100 });
+        for (const JournalEntry& entry : entries)
+            plans << entry.plan.id;
+        QCOMPARE(plans, (QStringList{ second, first, second, second }));
+        QCOMPARE(entries.at(3).kind, JournalEntry::Kind::Instruction);
+    }
+
     void theJournalIsReadInPages()
     {
         QStringList plans;

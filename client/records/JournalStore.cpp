@@ -10,6 +10,11 @@
 
 namespace {
 
+// The id of an instruction ends with its position in six digits.
+const QString IssueTime = QStringLiteral(
+    "(SELECT min(h.time) FROM history AS h WHERE h.plan = instructions.plan AND h.event = 'issued'"
+    " AND h.subject LIKE '%-' || substr('000000' || CAST(position AS text), 1 + length(CAST(position AS text))))");
+
 // A day at the markets begins eight hours earlier in UTC.
 QString startOf(const QDate& day)
 {
@@ -57,14 +62,14 @@ SqlQuery JournalStore::entries(const JournalPage& page) const
     const SqlQuery visible = PlanScope(m_user).condition();
     const QString day = page.day.toString(Qt::ISODate);
     return { QStringLiteral(
-                 "FROM (SELECT plan, 0 AS kind, position AS item, NULL AS by_user, NULL AS noted, NULL AS text,"
+                 "FROM (SELECT plan, 0 AS kind, position AS item, NULL AS by_user, %1 AS noted, NULL AS text,"
                  " NULL AS old_text FROM instructions WHERE day = ?"
                  " UNION ALL SELECT plan, 1, 0, \"user\", time, reason, NULL FROM refused_days WHERE day = ?"
                  " UNION ALL SELECT plan, 2, number, \"user\", time, CAST(after AS text), CAST(before AS text)"
                  " FROM history WHERE event IN ('changed', 'state changed') AND event = 'state changed'"
                  " AND time >= ? AND time < ?) AS j JOIN plans ON plans.number = j.plan"
-                 " WHERE (? = '' OR trading_account = ?) AND %1")
-                 .arg(visible.text),
+                 " WHERE (? = '' OR trading_account = ?) AND %2")
+                 .arg(IssueTime, visible.text),
         QVariantList{
             day, day, startOf(page.day), startOf(page.day.addDays(1)), page.tradingAccount, page.tradingAccount }
             + visible.values };
@@ -81,12 +86,12 @@ Result<QVector<JournalEntry>> JournalStore::page(const JournalPage& page)
 {
     const SqlQuery all = entries(page);
     QVector<JournalEntry> entries;
-    Status status =
-        m_database.read(QStringLiteral("SELECT j.plan, j.kind, j.item, j.by_user, j.noted, j.text, j.old_text %1"
-                                       " ORDER BY j.plan, j.kind, j.item LIMIT ? OFFSET ?")
-                            .arg(all.text),
-            all.values + QVariantList{ page.limit, page.offset },
-            [&entries](const QSqlQuery& row) { entries << entryOf(row); });
+    Status status = m_database.read(
+        QStringLiteral("SELECT j.plan, j.kind, j.item, j.by_user, j.noted, j.text, j.old_text %1"
+                       " ORDER BY j.noted IS NOT NULL, j.noted, j.plan, j.kind, j.item LIMIT ? OFFSET ?")
+            .arg(all.text),
+        all.values + QVariantList{ page.limit, page.offset },
+        [&entries](const QSqlQuery& row) { entries << entryOf(row); });
     if (status)
         status = readPlans(entries);
     if (status)

@@ -38,7 +38,7 @@ struct JournalPage {
     }
 };
 
-/// The instructions and refusals of a day and the changes of states on it, in the order of the plans.
+/// The instructions and refusals of a day and the changes of states on it, in the order of their times.
 class JournalStore {
 public:
     /// Those of the plans that the user sees.
