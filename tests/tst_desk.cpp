@@ -17,9 +17,13 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
-#include <QCheckBox>
+#include <QContextMenuEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenuBar>
+#include <QProgressBar>
+#include <QProgressDialog>
+#include <QRegularExpression>
 #include <QTableView>
 #include <QTimer>
 #include <QtTest>
@@ -106,11 +110,10 @@ private Q_SLOTS:
     {
         createSamples(2);
         openSheet(2);
-        auto* const all = sheet()->findChild<QCheckBox*>(QStringLiteral("cb_all"));
-        QTest::mouseClick(all, Qt::LeftButton, {}, QPoint(8, all->height() / 2));
+        clickAll();
         QVERIFY(!button("btn_issue")->isEnabled());
         QCOMPARE(text("issueSums"), QStringLiteral("没有选择计划"));
-        QTest::mouseClick(all, Qt::LeftButton, {}, QPoint(8, all->height() / 2));
+        clickAll();
         QCOMPARE(button("btn_issue")->text(), QStringLiteral("下达2条……"));
     }
 
@@ -240,6 +243,71 @@ private Q_SLOTS:
         QVERIFY(!button("btn_issue")->isEnabled());
     }
 
+    void aCancelledIssueIsContinuedInTheSheet()
+    {
+        constexpr int PlansOfFirstPart = 500;
+        createSamples(1);
+        multiply(PlansOfFirstPart + 2);
+        openSheet(PlansOfFirstPart + 2);
+        const QString done = QStringLiteral("已下达%1条，此前已下达0个，未下达0个。");
+        whileAnotherClientWrites([this] {
+            boxOf([this] { click("btn_issue"); }, "msgBoxQuestion");
+            const auto* const progress = sheet()->findChild<QProgressBar*>();
+            QVERIFY(progress->isVisible());
+            QCOMPARE(progress->maximum(), PlansOfFirstPart + 2);
+            QCOMPARE(text("issueText"), QStringLiteral("正在下达……"));
+            click("btn_close");
+        });
+        QTRY_VERIFY_WITH_TIMEOUT(!isWorking(), Patience);
+        QVERIFY(sheet()->isVisible());
+        QCOMPARE(text("issueText"), done.arg(PlansOfFirstPart) + QStringLiteral("其余已取消，可以再次下达。"));
+        QCOMPARE(issued(), PlansOfFirstPart);
+        clickAll();
+        QCOMPARE(button("btn_issue")->text(), QStringLiteral("下达2条……"));
+        issueChosen();
+        QCOMPARE(text("issueText"), done.arg(2));
+        QCOMPARE(issued(), PlansOfFirstPart + 2);
+    }
+
+    void whatIsSoldCannotBeSoldAgain()
+    {
+        setHoldings(1000);
+        for (int i = 0; i < 2; ++i)
+            QVERIFY(!session().create(sale(QStringLiteral("1000"))).isEmpty());
+        openSheet(2);
+        issueChosen();
+        QCOMPARE(storedOrders(), QStringList(QStringLiteral("AP00000001 1000")));
+        QCOMPARE(holdings(), 0);
+        // The first one is completed.
+        QTest::keyClick(sheet(), Qt::Key_Escape);
+        setClientToday(SampleSession::today().addDays(1));
+        reopenSheet(1);
+        QCOMPARE(cell(0, IssueSheetModel::Plan), QStringLiteral("AP00000002"));
+        QCOMPARE(cell(0, IssueSheetModel::ResultColumn),
+            QStringLiteral("不能下达：可卖数量不足一手；2024-05-06漏下达，不补下达"));
+        QVERIFY(!button("btn_issue")->isEnabled());
+    }
+
+    void whatIsBoughtCanBeSoldOnTheNextDay()
+    {
+        setHoldings(0);
+        createSamples(1);
+        QVERIFY(!session().create(sale(QStringLiteral("300"))).isEmpty());
+        openSheet(2);
+        QCOMPARE(cell(1, IssueSheetModel::ResultColumn), QStringLiteral("不能下达：可卖数量不足一手"));
+        issueChosen();
+        QCOMPARE(holdings(), 300);
+        QTRY_COMPARE_WITH_TIMEOUT(
+            cell(1, IssueSheetModel::ResultColumn), QStringLiteral("不能下达：可卖数量不足一手"), Patience);
+        QTest::keyClick(sheet(), Qt::Key_Escape);
+        setClientToday(SampleSession::today().addDays(1));
+        reopenSheet(2);
+        QCOMPARE(cell(1, IssueSheetModel::Quantity), QStringLiteral("300 股"));
+        issueChosen();
+        // The other plan has bought 300 more.
+        QCOMPARE(holdings(), 300);
+    }
+
     // --- The states of plans
 
     void aPlanIsPausedAndResumed()
@@ -247,6 +315,8 @@ private Q_SLOTS:
         const QString plan = createSamples(1).constFirst();
         openWindow();
         act("action_pause");
+        // No other change begins meanwhile.
+        QVERIFY(!window().findChild<QAction*>(QStringLiteral("action_stop"))->isEnabled());
         QTRY_COMPARE_WITH_TIMEOUT(stored(plan).state, PlanState::Paused, Patience);
         QTRY_COMPARE_WITH_TIMEOUT(status(), QStringLiteral("1个计划已暂停"), Patience);
         act("action_resume");
@@ -278,6 +348,65 @@ private Q_SLOTS:
         QVERIFY(!restoreBackup().isEmpty());
         QTRY_VERIFY_WITH_TIMEOUT(mark->isVisible(), Patience);
         QVERIFY2(mark->text().contains(errorText(Error::DatabaseFileChanged)), qPrintable(mark->text()));
+    }
+
+    void severalPlansArePausedAtOnce()
+    {
+        const QStringList ids = createSamples(3);
+        openWindow();
+        QTest::keyClick(table(), Qt::Key_Down, Qt::ShiftModifier);
+        act("action_pause");
+        QTRY_COMPARE_WITH_TIMEOUT(status(), QStringLiteral("2个计划已暂停"), Patience);
+        QCOMPARE(stored(ids.at(0)).state, PlanState::Paused);
+        QCOMPARE(stored(ids.at(1)).state, PlanState::Paused);
+        QCOMPARE(stored(ids.at(2)).state, PlanState::Active);
+    }
+
+    void theContextMenuPausesTheClickedPlan()
+    {
+        const QStringList ids = createSamples(2);
+        openWindow();
+        const QPoint place = table()->visualRect(table()->model()->index(1, 1)).center();
+        QTest::mouseClick(table()->viewport(), Qt::RightButton, {}, place);
+        QTimer::singleShot(0, this, [this] { clickOn(QApplication::activePopupWidget(), "action_pause"); });
+        QContextMenuEvent event(QContextMenuEvent::Mouse, place, table()->viewport()->mapToGlobal(place));
+        QCoreApplication::sendEvent(table()->viewport(), &event);
+        QTRY_COMPARE_WITH_TIMEOUT(status(), QStringLiteral("1个计划已暂停"), Patience);
+        QCOMPARE(stored(ids.at(1)).state, PlanState::Paused);
+        QCOMPARE(stored(ids.at(0)).state, PlanState::Active);
+    }
+
+    void aStoppedPlanIsArchived()
+    {
+        const QString plan = createSamples(1).constFirst();
+        QCOMPARE(ClientSession::instance().plans().setState(
+                     plan, 1, PlanState::Stopped, QStringLiteral("r"), ClientSession::instance().changeNow()),
+            Status());
+        openWindow();
+        act("action_archive");
+        QTRY_COMPARE_WITH_TIMEOUT(stored(plan).state, PlanState::Archived, Patience);
+        QTRY_COMPARE_WITH_TIMEOUT(status(), QStringLiteral("1个计划已归档"), Patience);
+    }
+
+    void aChangeOfStatesIsCancelled()
+    {
+        createSamples(1);
+        multiply(1200);
+        openWindow();
+        whileAnotherClientWrites([this] {
+            boxOf([this] { act("action_pauseAll"); }, "msgBoxQuestion");
+            const QPointer<QProgressDialog> progress =
+                window().findChild<QProgressDialog*>(QStringLiteral("stateProgress"));
+            QTRY_VERIFY_WITH_TIMEOUT(!progress || progress->isVisible(), Patience);
+            QVERIFY(progress);
+            QTest::mouseClick(progress->findChild<QAbstractButton*>(), Qt::LeftButton);
+        });
+        const QRegularExpression cancelled(QStringLiteral("^(\\d+)个计划已暂停，其余已取消$"));
+        QTRY_VERIFY_WITH_TIMEOUT(cancelled.match(status()).hasMatch(), Patience);
+        const auto paused = ClientSession::instance().database().value(
+            QStringLiteral("SELECT count(*) FROM plans WHERE state = 'paused'"));
+        QCOMPARE(paused->toString(), cancelled.match(status()).captured(1));
+        QVERIFY(paused->toInt() < 1200);
     }
 
     void stoppingAsksForTheReason()
@@ -349,10 +478,20 @@ private:
     void openSheet(int plans)
     {
         openWindow();
+        reopenSheet(plans);
+    }
+
+    void reopenSheet(int plans) const
+    {
         QVERIFY(press(&window(), Qt::Key_I, Qt::ControlModifier));
         QVERIFY(sheet() && sheet()->isVisible());
         QTRY_VERIFY_WITH_TIMEOUT(!isWorking(), Patience);
         QCOMPARE(rows()->rowCount(), plans);
+    }
+
+    void clickAll() const
+    {
+        QTest::mouseClick(button("cb_all"), Qt::LeftButton, {}, QPoint(8, button("cb_all")->height() / 2));
     }
 
     bool isAllChosen() const { return button("cb_all")->isChecked(); }
@@ -421,7 +560,62 @@ private:
     }
 
     QString status() const { return field<QLabel>(window(), "status")->text(); }
-    void act(const char* name) const { window().findChild<QAction*>(QLatin1String(name))->trigger(); }
+    PlanTable* table() const { return window().findChild<PlanTable*>(); }
+
+    /// Clicks an entry of an open menu.
+    void clickOn(QWidget* menu, const char* name) const
+    {
+        auto* const open = qobject_cast<QMenu*>(menu);
+        QVERIFY(open && open->isVisible());
+        auto* const action = window().findChild<QAction*>(QLatin1String(name));
+        QTest::mouseClick(open, Qt::LeftButton, {}, open->actionGeometry(action).center());
+    }
+
+    /// Opens the menu of plans and clicks an entry.
+    void act(const char* name) const
+    {
+        QMenuBar* const bar = window().menuBar();
+        QAction* const plans = bar->actions().constFirst();
+        QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(plans).center());
+        clickOn(plans->menu(), name);
+    }
+
+    /// Copies the only plan until there are `count`.
+    void multiply(int count) const
+    {
+        Database file;
+        QCOMPARE(file.open(session().ownersFile()), Status());
+        const QString columns = QStringLiteral("version, creator, created_time, changed_time, plan_type,"
+                                               " instruction_type, trading_account, symbol, side, begin_date,"
+                                               " end_date, fields");
+        QCOMPARE(file.execute(QStringLiteral("INSERT INTO plans (%1) WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL"
+                                             " SELECT i + 1 FROM n WHERE i + 1 < ?) SELECT %1 FROM n, plans"
+                                             " WHERE number = 1")
+                                  .arg(columns),
+                     { count }),
+            Status());
+    }
+
+    /// Does something while writing is not possible.
+    void whileAnotherClientWrites(const std::function<void()>& action) const
+    {
+        Database file;
+        QCOMPARE(file.open(session().ownersFile()), Status());
+        QCOMPARE(file.transaction([&action]() -> Status {
+            action();
+            return {};
+        }),
+            Status());
+    }
+
+    qint64 holdings() const
+    {
+        const QString symbol = SampleSession::record().value(Kelvo_Fields::Security::symbol).toString();
+        return PositionStore(ClientSession::instance().database())
+            .held(QStringLiteral("100001"))
+            .valueOr({})
+            .value(symbol);
+    }
 
     static int issued()
     {

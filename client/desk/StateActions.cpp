@@ -11,6 +11,7 @@
 
 #include <QAction>
 #include <QProgressDialog>
+#include <QTimer>
 
 #include <memory>
 #include <utility>
@@ -18,6 +19,7 @@
 namespace {
 
 constexpr int MostReasons = 10;
+constexpr int UntilShown = 200; // milliseconds
 
 QString reasonsOf(const StateChanges& changes)
 {
@@ -75,6 +77,12 @@ void StateActions::add(const QString& name, const QString& text, const std::func
     m_actions << action;
 }
 
+void StateActions::setEnabled(bool isEnabled)
+{
+    for (QAction* const action : qAsConst(m_actions))
+        action->setEnabled(isEnabled);
+}
+
 void StateActions::setChosen(PlanState state)
 {
     const QStringList plans = m_chosen();
@@ -106,11 +114,11 @@ void StateActions::pauseAccount()
 
 void StateActions::set(const FindPlans& find, PlanState state, const QString& reason)
 {
-    if (m_work.isRunning())
-        return;
+    setEnabled(false);
     auto* const progress = new QProgressDialog(tr("正在变更计划的状态……"), tr("取消"), 0, 0, m_window);
     progress->setObjectName(QStringLiteral("stateProgress"));
     progress->setWindowModality(Qt::WindowModal);
+    QTimer::singleShot(UntilShown, progress, &QWidget::show);
     connect(progress, &QProgressDialog::canceled, this, [this] { m_work.cancel(); });
     connect(&m_work, &LongWork::progressed, progress,
         [progress](int done) { progress->setLabelText(tr("已变更%1个计划……").arg(done)); });
@@ -125,6 +133,7 @@ void StateActions::set(const FindPlans& find, PlanState state, const QString& re
     };
     m_work.start(work, [this, changes, state, progress] {
         delete progress;
+        setEnabled(true);
         report(*changes, state);
     });
 }

@@ -8,8 +8,8 @@
 class QAction;
 class QProgressDialog;
 
-/// The actions that pause, resume, stop and archive plans. Those that take long show their progress and can be
-/// cancelled.
+/// The actions that pause, resume, stop and archive plans; disabled while one runs. Those that take long show their
+/// progress and can be cancelled.
 class StateActions : public QObject {
     Q_OBJECT
 
@@ -28,6 +28,7 @@ private:
     using FindPlans = std::function<Result<QStringList>(Database& database)>;
 
     void add(const QString& name, const QString& text, const std::function<void()>& act);
+    void setEnabled(bool isEnabled);
     void setChosen(PlanState state);
     void stopChosen();
     void pauseAccount();
