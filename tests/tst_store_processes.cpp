@@ -152,6 +152,48 @@ private Q_SLOTS:
         QCOMPARE(plan.version, 1 + m_ledger.sharedChanges(shared));
     }
 
+    void twoClientsIssueEachPlanOnce()
+    {
+        fillDay();
+        int issued = 0;
+        WriterProcess issuers[2];
+        for (WriterProcess& issuer : issuers)
+            QVERIFY(issuer.start(m_session->file(), issueDay()));
+        for (WriterProcess& issuer : issuers)
+            issuer.closeInput();
+        for (WriterProcess& issuer : issuers) {
+            QVERIFY(issuer.finish());
+            QVERIFY2(answerOf(issuer).startsWith("issued "), answerOf(issuer).constData());
+            issued += answerOf(issuer).mid(7).toInt();
+        }
+        QCOMPARE(issued, DayPlans);
+        QCOMPARE(storedOfDay(), QStringLiteral("%1 %1 %1").arg(DayPlans));
+    }
+
+    void aKilledIssuerLeavesNothingHalf()
+    {
+        fillDay();
+        const quint32 seed = chosenSeed();
+        QRandomGenerator random(seed);
+        for (int i = 0; i < qMax(1, setting("FAULTS_KILLS", 12) / 4); ++i) {
+            WriterProcess killed;
+            QVERIFY(killed.start(m_session->file(), issueDay()));
+            killed.closeInput();
+            killed.killAfter(random.bounded(200000));
+            const QStringList counts = storedOfDay().split(QLatin1Char(' '));
+            QCOMPARE(counts, QStringList({ counts.at(0), counts.at(0), counts.at(0) }));
+            const int issued = counts.at(0).toInt();
+            QVERIFY2(issued % PlansOfTransaction == 0 || issued == DayPlans,
+                qPrintable(QStringLiteral("%1, seed %2").arg(issued).arg(seed)));
+        }
+        WriterProcess last;
+        QVERIFY(last.start(m_session->file(), issueDay()));
+        last.closeInput();
+        QVERIFY(last.finish());
+        QVERIFY2(answerOf(last).startsWith("issued "), answerOf(last).constData());
+        QCOMPARE(storedOfDay(), QStringLiteral("%1 %1 %1").arg(DayPlans));
+    }
+
     void aWriterWhoseFilesCannotGrowGetsAnErrorAndLosesNothing()
     {
         const QString size = QString::number(QFile(m_session->file()).size() + 200000);
@@ -180,6 +222,43 @@ private Q_SLOTS:
     }
 
 private:
+    static constexpr int PlansOfTransaction = 500;
+    static constexpr int DayPlans = 2 * PlansOfTransaction + 100;
+
+    static QStringList issueDay() { return { QStringLiteral("issue"), QStringLiteral("2024-05-06") }; }
+    static QByteArray answerOf(WriterProcess& issuer) { return issuer.output().trimmed().split('\n').constLast(); }
+
+    /// Makes the plans of the day, and closes the session.
+    void fillDay() const
+    {
+        QCOMPARE(m_session->reopen(), Status());
+        QVERIFY(!m_session->create(SampleSession::record()).isEmpty());
+        ClientSession::instance().close();
+        Database file;
+        QCOMPARE(file.open(m_session->file()), Status());
+        const QString columns = QStringLiteral("version, creator, created_time, changed_time, plan_type,"
+                                               " instruction_type, trading_account, symbol, side, begin_date,"
+                                               " end_date, fields");
+        QCOMPARE(file.execute(QStringLiteral("INSERT INTO plans (%1) WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL"
+                                             " SELECT i + 1 FROM n WHERE i + 1 < ?) SELECT %1 FROM n, plans"
+                                             " WHERE number = 1")
+                                  .arg(columns),
+                     { DayPlans }),
+            Status());
+    }
+
+    /// How many instructions there are, of how many plans, and how many entries of the history.
+    QString storedOfDay() const
+    {
+        Database file;
+        if (!file.open(m_session->file()))
+            return QString();
+        const auto counts =
+            file.value(QStringLiteral("SELECT count(*) || ' ' || count(DISTINCT plan) || ' ' ||"
+                                      " (SELECT count(*) FROM history WHERE event = 'issued') FROM instructions"));
+        return counts ? counts->toString() : QString();
+    }
+
     std::unique_ptr<SampleSession> m_session;
     PlanLedger m_ledger;
 };

@@ -199,7 +199,11 @@ int main(int argc, char** argv)
     setClientToday(SampleSession::today());
     // On a server, the user is the role of the location.
     const QString user = ServerLocation::isServer(arguments.at(1)) ? QString() : QStringLiteral("trader01");
-    if (const Status status = ClientSession::instance().open(arguments.at(1), user); !status) {
+    // Issues as the command does, which has no window.
+    ClientSession::Options options;
+    options.isPatient = arguments.at(2) == QLatin1String("issue");
+    const Status status = ClientSession::instance().open(arguments.at(1), user, ClientSession::Progress(), options);
+    if (!status) {
         say(QStringLiteral("closed ") + errorText(status));
         return 1;
     }
