@@ -9,6 +9,8 @@
 #include "PlanCodes.h"
 
 #include <QApplication>
+#include <QLabel>
+#include <QPainter>
 #include <QTest>
 #include <QTextStream>
 
@@ -28,6 +30,19 @@ QString accountWith(int ruleProperty, const QStringList& instructionTypes)
             return account.tradingAccount;
     }
     return QString();
+}
+
+/// A widget with the hints at its fields, which are windows of their own.
+QPixmap grab(QWidget* widget)
+{
+    QPixmap shown = widget->grab();
+    QPainter painter(&shown);
+    const QList<QLabel*> hints = widget->findChildren<QLabel*>(QStringLiteral("fieldHint"));
+    for (QLabel* const hint : hints) {
+        if (hint->isVisible())
+            painter.drawPixmap(widget->mapFromGlobal(hint->mapToGlobal(QPoint())), hint->grab());
+    }
+    return shown;
 }
 
 } // namespace
@@ -158,7 +173,7 @@ void WalkThrough::picture(QWidget* widget, const QString& what)
 {
     QApplication::processEvents();
     const QString name = QStringLiteral("%1-%2-%3.png").arg(++m_pictures, 2, 10, QLatin1Char('0')).arg(m_stage, what);
-    if (!widget->grab().save(m_folder.filePath(name)))
+    if (!grab(widget).save(m_folder.filePath(name)))
         problem(QStringLiteral("不能写入图片%1").arg(m_folder.absoluteFilePath(name)));
 }
 

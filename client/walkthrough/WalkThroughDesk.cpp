@@ -72,6 +72,9 @@ void WalkThrough::refuseDate()
         true } });
     if (!m_dialog.isVisible() || end->text() != refused)
         problem(QStringLiteral("不能使用的日期没有保留"));
+    // The reason is shown while the field has the focus.
+    takeKeyboard(&m_dialog);
+    QTest::mouseClick(end, Qt::LeftButton);
     pictureForm(QStringLiteral("form"));
     driver.type("le_end", dates.end);
     collect(driver.takeProblems());
