@@ -297,6 +297,9 @@ void addStrategyFileRows()
     addRow("a.xml：文件不存在或不是普通文件",
         { Error::StrategyFileUnreadable, { QStringLiteral("a.xml") }, Error::NotAFile });
     addRow("第3行：文件中没有策略", { Error::StrategyFileLine, { QStringLiteral("3") }, Error::NoStrategy });
+    addRow("--replace一次只能用于一个文件", Error::ReplaceOneFile);
+    addRow("工作表最多有5行，请导出为CSV", { Error::TooManyRowsForSheet, { QStringLiteral("5") } });
+    addRow("算法只用于下单模式“算法交易复核”", Error::AlgorithmNeedsMode);
     addRow("文件不存在或不是普通文件", Error::NotAFile);
     addRow("文件无法打开", Error::FileNotOpened);
     addRow("文件超过1048576字节", { Error::FileTooLarge, { QStringLiteral("1048576") } });

@@ -33,6 +33,7 @@ private Q_SLOTS:
         QTest::newRow("closes") << text("closes") << qint64(9);
         QTest::newRow("accounts") << text("accounts") << qint64(2);
         QTest::newRow("users") << text("users") << qint64(3);
+        QTest::newRow("chains") << text("chains") << qint64(2);
         QTest::newRow("positions") << text("positions") << qint64(3);
         QTest::newRow("plans") << text("plans") << qint64(2);
     }

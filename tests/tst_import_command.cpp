@@ -61,7 +61,7 @@ private Q_SLOTS:
             return Status();
         };
         QCOMPARE(TableReader::read(file, line, count), Status());
-        QCOMPARE(rows, 3);
+        QCOMPARE(rows, 4);
     }
 
     void aMissingDatabaseIsCreatedOnlyWhenAsked()
@@ -243,6 +243,41 @@ private Q_SLOTS:
         QCOMPARE(held, Status());
         QVERIFY(issue.waitForFinished(100000));
         QCOMPARE(issue.exitCode(), 0);
+    }
+
+    void onlyOneFileReplaces()
+    {
+        const ProgramEnd end = plandesk({ QStringLiteral("import"), QStringLiteral("securities"), sample("securities"),
+            sample("securities"), QStringLiteral("--replace"), QStringLiteral("--yes"), QStringLiteral("--database"),
+            QStringLiteral("my.sqlite"), QStringLiteral("--empty") });
+        QCOMPARE(end.code, 1);
+        QVERIFY(end.errors.contains(QStringLiteral("--replace一次只能用于一个文件")));
+        QVERIFY(!QFile::exists(m_folder->filePath(QStringLiteral("my.sqlite"))));
+    }
+
+    void cashLimitsAndChainsOfAFileAreSet()
+    {
+        const QStringList rest{ QStringLiteral("--database"), QStringLiteral("my.sqlite") };
+        const QStringList missing{ QStringLiteral("admin"), QStringLiteral("list") };
+        QCOMPARE(plandesk(missing + rest).code, 1);
+        QVERIFY(!QFile::exists(m_folder->filePath(QStringLiteral("my.sqlite"))));
+        for (const char* const kind : { "accounts", "users" }) {
+            const QStringList import{ QStringLiteral("import"), QLatin1String(kind), sample(kind),
+                QStringLiteral("--empty") };
+            QCOMPARE(plandesk(import + rest).code, 0);
+        }
+        const auto admin = [&](const char* words) {
+            const QStringList all = QString::fromUtf8(words).split(QLatin1Char(' '));
+            return plandesk(QStringList{ QStringLiteral("admin") } + all + rest);
+        };
+        QCOMPARE(admin("set-cash 8001 1000000").code, 0);
+        QCOMPARE(admin("set-limits 8001 quantity=5000").code, 0);
+        QCOMPARE(admin("set-chain 8001 1 executors=李二").code, 0);
+        const QString list = admin("list").output;
+        QVERIFY2(list.contains(QStringLiteral("最大数量5000")), qPrintable(list));
+        QVERIFY2(list.contains(QStringLiteral("账户8001：指令类型1，执行人李二")), qPrintable(list));
+        QVERIFY2(list.contains(QStringLiteral("用户wang：姓名王一，可以登录")), qPrintable(list));
+        QCOMPARE(admin("revoke wang").code, 1);
     }
 
     void theJournalOfADayIsExported()

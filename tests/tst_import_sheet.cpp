@@ -147,6 +147,24 @@ private Q_SLOTS:
         QCOMPARE(stored("positions"), 1);
     }
 
+    void onlyOneFileReplaces()
+    {
+        openWindow();
+        openSheet("positions");
+        const QByteArray headings = "account,symbol,quantity,tradeable\n";
+        const QByteArray row = QString(FreeAccount).toUtf8() + ',' + share().toUtf8() + ",1000,1000\n";
+        const QString file = write("a.csv", headings + row);
+        choose(file);
+        clickBox("cb_replace");
+        QVERIFY(button("cb_replace")->isChecked());
+        choose(QStringLiteral("\"%1\" \"%2\"").arg(file, write("b.csv", headings + row)));
+        QCOMPARE(text("importFiles"), QStringLiteral("a.csv、b.csv"));
+        QVERIFY(!button("cb_replace")->isChecked());
+        QVERIFY(!button("cb_replace")->isEnabled());
+        choose(file);
+        QVERIFY(button("cb_replace")->isEnabled());
+    }
+
     void changedSettingsNeedAnotherPreview()
     {
         openWindow();

@@ -1662,8 +1662,8 @@
         <translation>KIND FILE...</translation>
     </message>
     <message>
-        <source>导入证券、收盘价、账户、用户、持仓、休市日或计划</source>
-        <translation>import securities, closing prices, accounts, users, positions, closures or plans</translation>
+        <source>导入证券、收盘价、账户、用户、审批链、持仓、休市日或计划</source>
+        <translation>import securities, closing prices, accounts, users, approval chains, positions, closures or plans</translation>
     </message>
     <message>
         <source>类别 [文件]</source>
@@ -3414,6 +3414,34 @@
         <source>必填参数%1的列表没有可选项</source>
         <translation>The list of the required parameter %1 has no entries</translation>
     </message>
+    <message>
+        <source>--replace一次只能用于一个文件</source>
+        <translation>--replace is for one file at a time</translation>
+    </message>
+    <message>
+        <source>工作表最多有%1行，请导出为CSV</source>
+        <translation>A sheet has at most %1 rows, please export to CSV</translation>
+    </message>
+    <message>
+        <source>算法只用于下单模式“算法交易复核”</source>
+        <translation>Algorithms are only for the mode &quot;Algorithmic trade review&quot;</translation>
+    </message>
+    <message>
+        <source>下单模式“%1”只用于须经复核的指令类型</source>
+        <translation>The mode &quot;%1&quot; is only for instruction types that are reviewed</translation>
+    </message>
+    <message>
+        <source>该计划不能使用下单模式“%1”</source>
+        <translation>The plan cannot have the mode &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>算法【%1】不支持不限价</source>
+        <translation>Algorithm [%1] needs a price limit</translation>
+    </message>
+    <message>
+        <source>算法【%1】没有参数“%2”</source>
+        <translation>Algorithm [%1] has no parameter &quot;%2&quot;</translation>
+    </message>
 </context>
 <context>
     <name>FormDraft</name>
@@ -5102,6 +5130,10 @@ Continue?</translation>
     <message>
         <source>日志</source>
         <translation>Journal</translation>
+    </message>
+    <message>
+        <source>审批链</source>
+        <translation>Approval chains</translation>
     </message>
 </context>
 <context>

@@ -7,6 +7,8 @@
 #include "StoredTexts.h"
 #include "UserStore.h"
 
+#include <QFileInfo>
+
 #include <algorithm>
 
 namespace {
@@ -57,17 +59,25 @@ Result<QStringList> Administration::migrate(const QString& location)
 
 Status Administration::open(const QString& location)
 {
-    if (!ServerLocation::isServer(location))
-        return Error::AdminNeedsServer;
+    return ServerLocation::isServer(location) ? openDatabase(location) : Error::AdminNeedsServer;
+}
+
+Status Administration::openDatabase(const QString& location)
+{
+    m_isServer = ServerLocation::isServer(location);
+    if (!m_isServer && !QFileInfo::exists(location))
+        return { Error::CannotOpenDatabase, { location }, Error::NotAFile };
     m_database.setPatient();
     Status status = m_database.open(location);
-    return status ? checkOwner(m_database) : status;
+    return status && m_isServer ? checkOwner(m_database) : status;
 }
 
 Result<QStringList> Administration::run(const Work& work)
 {
     QStringList lines;
-    Status status = m_database.transaction([&] {
+    Status status = m_database.transaction([&]() -> Status {
+        if (!m_isServer)
+            return work(m_database, lines);
         Status locked = m_database.configure(
             QStringLiteral("SET LOCAL statement_timeout = 0; SET LOCAL idle_in_transaction_session_timeout = 0;"
                            " SET LOCAL lock_timeout = %1; SELECT pg_advisory_xact_lock(%2)")

@@ -6,8 +6,8 @@
 #include <QCoreApplication>
 #include <QStringList>
 
-/// The work of an administrator in a database on a server. Each change is a line that says what was done; no line means
-/// that everything was already so.
+/// The work of an administrator in a database on a server, or of the owner of a file. Each change is a line that says
+/// what was done; no line means that everything was already so.
 class Administration {
     Q_DECLARE_TR_FUNCTIONS(Administration)
 
@@ -22,6 +22,8 @@ public:
 
     /// Opens a database that is set up. Fails unless the role owns its tables.
     Status open(const QString& location);
+    /// The same; opens a file, too.
+    Status openDatabase(const QString& location);
     /// Runs `work` in one transaction. Those of several administrators run one after the other.
     Result<QStringList> run(const Work& work);
     Database& database() { return m_database; }
@@ -37,4 +39,5 @@ public:
 
 private:
     Database m_database;
+    bool m_isServer = false;
 };

@@ -107,12 +107,17 @@ ChainAdministration::ChainAdministration(Administration& administration)
 
 Result<QStringList> ChainAdministration::setChain(const QString& account, const QString& type, const Items& items)
 {
+    return m_administration.run(
+        [&](Database& database, QStringList& lines) { return write(database, account, type, items, lines); });
+}
+
+Status ChainAdministration::write(
+    Database& database, const QString& account, const QString& type, const Items& items, QStringList& lines)
+{
     if (Status status = Administration::checkTypes({ type }); !status)
         return status;
-    return m_administration.run([&](Database& database, QStringList& lines) -> Status {
-        const Status known = Administration::checkAccount(database, account);
-        return known ? Chain(database, account, type, lines).set(items) : known;
-    });
+    const Status known = Administration::checkAccount(database, account);
+    return known ? Chain(database, account, type, lines).set(items) : known;
 }
 
 QStringList ChainAdministration::items()

@@ -16,6 +16,10 @@ public:
     /// an item that is not given keeps them.
     Result<QStringList> setChain(const QString& account, const QString& type, const Items& items);
 
+    /// The same within a transaction.
+    static Status write(
+        Database& database, const QString& account, const QString& type, const Items& items, QStringList& lines);
+
     static QStringList items();
 
 private:

@@ -86,7 +86,10 @@ Result<QJsonObject> rightsObject(Database& database, const QString& user, const 
 
 Result<QJsonObject> userObject(Database& database, const StoredUser& user)
 {
-    const Result<LoginRoles::Role> role = LoginRoles(database).role(user.id);
+    // A file has no roles: everybody who can read it may log in.
+    const bool hasRoles = !database.role().isEmpty();
+    const Result<LoginRoles::Role> role =
+        hasRoles ? LoginRoles(database).role(user.id) : Result<LoginRoles::Role>(LoginRoles::Role());
     if (!role)
         return role.status();
     const auto accounts = AccountStore(database).accountsOf(user.id);
@@ -100,7 +103,7 @@ Result<QJsonObject> userObject(Database& database, const StoredUser& user)
         rights << *object;
     }
     return QJsonObject{ { QStringLiteral("id"), user.id }, { QStringLiteral("name"), user.name },
-        { QStringLiteral("login"), role->isActive() }, { QStringLiteral("accounts"), rights } };
+        { QStringLiteral("login"), !hasRoles || role->isActive() }, { QStringLiteral("accounts"), rights } };
 }
 
 template <typename Row>

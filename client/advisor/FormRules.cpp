@@ -5,6 +5,7 @@
 #include "Orlo_Values.h"
 #include "PlanCodes.h"
 #include "PlanFacts.h"
+#include "PlanStrategies.h"
 #include "PlanTexts.h"
 #include "RuleParts.h"
 
@@ -153,10 +154,9 @@ Verdict algorithmFitsPlan(const AdvisedPlan& plan)
 
 Verdict algorithmSupportsPriceMode(const AdvisedPlan& plan)
 {
-    static const QStringList needLimit{ QStringLiteral("ICEBERG2"), QStringLiteral("SNIPER") };
     if (!plan.form.runsAlgorithm() || plan.form.algorithm.isEmpty())
         return notApplicable();
-    const bool fits = plan.form.priceMode != PriceModel::NoLimit || !needLimit.contains(plan.form.algorithm);
+    const bool fits = plan.form.priceMode != PriceModel::NoLimit || !PlanStrategies::needsLimit(plan.form.algorithm);
     return fits ? passed() : failed(Advisor::tr("该算法不支持不限价"));
 }
 

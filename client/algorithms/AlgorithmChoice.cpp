@@ -4,7 +4,6 @@
 #include "AutoPlanField.h"
 #include "EditEvaluation.h"
 #include "ErrorText.h"
-#include "ParameterValue.h"
 #include "StrategyLibrary.h"
 
 #include <QDebug>
@@ -54,7 +53,7 @@ AlgoErrorCode AlgorithmChoice::takeStrategy(const QMap<QString, QVariant>& data,
     m_confirmed.clear();
     const StrategyDefinition strategy = StrategyLibrary::instance().strategy(name);
     const Status status =
-        strategy.name.isEmpty() ? Error::UnknownStrategy : check(strategy, parameterValues(strategy, data));
+        strategy.name.isEmpty() ? Error::UnknownStrategy : StrategyRules::check(strategy, parameterValues(strategy, data));
     if (!status) {
         qWarning().noquote() << "AlgorithmChoice::takeStrategy" << name.left(64) << errorText(status).left(200);
         return AlgoErrorCode::UnknownStrategy;
@@ -106,14 +105,4 @@ QMap<QString, QString> AlgorithmChoice::parameterValues(
             values.insert(parameter.name, map.value(parameter.name).toString());
     }
     return values;
-}
-
-Status AlgorithmChoice::check(const StrategyDefinition& strategy, const QMap<QString, QString>& values)
-{
-    for (const StrategyParameter& parameter : strategy.parameters) {
-        if (Status status = ParameterValue::check(parameter, values.value(parameter.name)); !status)
-            return { Error::InvalidParameter, { parameter.name }, status };
-    }
-    const StrategyRule* const broken = StrategyRules::firstBroken(strategy, values);
-    return broken ? Status(Error::RuleBroken, { broken->message }) : Status();
 }

@@ -46,8 +46,6 @@ public:
     /// otherwise it is absent here, too.
     static QMap<QString, QString> parameterValues(
         const StrategyDefinition& strategy, const QMap<QString, QVariant>& map);
-    /// Checks the values of a strategy: its parameters, then its rules.
-    static Status check(const StrategyDefinition& strategy, const QMap<QString, QString>& values);
 
 private:
     AlgoErrorCode takeStrategy(const QMap<QString, QVariant>& data, const QString& name);

@@ -30,12 +30,23 @@ Result<QString> inLines(const Result<QStringList>& lines)
     return printed.join(QLatin1Char('\n'));
 }
 
-/// A command in a database that is set up.
-CommandFunction inDatabase(const Work& work)
+/// A command on a server that is set up.
+CommandFunction onServer(const Work& work)
 {
     return [work](const Options& options) -> Result<QString> {
         Administration administration;
         if (Status status = administration.open(databaseOf(options)); !status)
+            return status;
+        return inLines(work(administration, options));
+    };
+}
+
+/// A command in a file or on a server.
+CommandFunction inDatabase(const Work& work)
+{
+    return [work](const Options& options) -> Result<QString> {
+        Administration administration;
+        if (Status status = administration.openDatabase(databaseOf(options)); !status)
             return status;
         return inLines(work(administration, options));
     };
@@ -150,7 +161,7 @@ Result<QStringList> setChain(Administration& administration, const Options& opti
 Result<QString> list(const Options& options)
 {
     Administration administration;
-    if (Status status = administration.open(databaseOf(options)); !status)
+    if (Status status = administration.openDatabase(databaseOf(options)); !status)
         return status;
     const Result<QJsonObject> report = RightsReport::json(administration);
     if (!report)
@@ -167,9 +178,9 @@ QMap<QString, CommandFunction> adminCommands()
     return {
         { QStringLiteral("admin init"), init },
         { QStringLiteral("admin migrate"), migrate },
-        { QStringLiteral("admin add-user"), inDatabase(addUser) },
-        { QStringLiteral("admin grant"), inDatabase(grant) },
-        { QStringLiteral("admin revoke"), inDatabase(revoke) },
+        { QStringLiteral("admin add-user"), onServer(addUser) },
+        { QStringLiteral("admin grant"), onServer(grant) },
+        { QStringLiteral("admin revoke"), onServer(revoke) },
         { QStringLiteral("admin add-account"), inDatabase(addAccount) },
         { QStringLiteral("admin set-cash"), inDatabase(setCash) },
         { QStringLiteral("admin set-limits"), inDatabase(setLimits) },

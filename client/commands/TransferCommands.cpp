@@ -10,7 +10,9 @@
 #include "SampleData.h"
 #include "ServerLocation.h"
 #include "SessionStart.h"
+#include "StrategyLibrary.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -39,6 +41,16 @@ Status prepare(const Options& options, const QString& kind)
     if (Status status = prepareDatabase(options); !status)
         return status;
     return kind == TransferForms::plans().id ? startSession(options) : Status();
+}
+
+/// Reads the strategies that plans may have besides the built-in ones.
+void readStrategies(const QString& folder)
+{
+    QVector<StrategyFile> files;
+    const QFileInfoList paths = QDir(folder).entryInfoList({ QStringLiteral("*.xml") }, QDir::Files, QDir::Name);
+    for (const QFileInfo& path : paths)
+        files << StrategyFile::read(path.absoluteFilePath());
+    StrategyLibrary::instance().setFiles(files);
 }
 
 /// Whether the user confirms on the console that something is removed.
@@ -88,12 +100,16 @@ Result<QString> importFiles(const Options& options)
     const QString kind = options.arguments.at(0);
     if (Status status = ImportRun::check(kind, options.flags.contains(Flag::Replace)); !status)
         return status;
+    if (options.flags.contains(Flag::Replace) && options.arguments.size() > 2)
+        return Error::ReplaceOneFile;
     if (!options.templatePlan.isEmpty() && kind != TransferForms::plans().id)
         return Status(Error::OptionOfCommand, { QStringLiteral("template"), QStringLiteral("import plans") });
     if (options.flags.contains(Flag::LeaveOut) && options.templatePlan.isEmpty())
         return Status(Error::OptionOfCommand, { Flag::LeaveOut, QStringLiteral("import plans --template") });
     if (Status status = prepare(options, kind); !status)
         return status;
+    if (!options.strategies.isEmpty())
+        readStrategies(options.strategies);
     ImportTask task = taskOf(options, kind);
     Status failure;
     QStringList texts;

@@ -252,6 +252,9 @@ void ImportSheet::paste()
 void ImportSheet::setSources(const QVector<Source>& sources, const QString& names)
 {
     m_sources = sources;
+    // Each file would remove what the others have.
+    if (sources.size() > 1)
+        m_replaces->setChecked(false);
     m_files->setText(names);
     forgetPreview();
     if (!sources.isEmpty())
@@ -390,9 +393,10 @@ void ImportSheet::showButtons()
     m_preview->setEnabled(!isRunning && !m_sources.isEmpty());
     m_import->setEnabled(!isRunning && !m_reports.isEmpty() && isRight);
     m_close->setText(isRunning ? tr("取消") : tr("关闭"));
-    for (QWidget* const widget : QList<QWidget*>{ m_kind, m_template, m_replaces, m_leavesOut,
+    for (QWidget* const widget : QList<QWidget*>{ m_kind, m_template, m_leavesOut,
              findChild<QWidget*>(QStringLiteral("btn_files")), findChild<QWidget*>(QStringLiteral("btn_paste")) })
         widget->setEnabled(!isRunning);
+    m_replaces->setEnabled(!isRunning && m_sources.size() <= 1);
 }
 
 ImportActions::ImportActions(QWidget* window, const std::function<QString()>& current)

@@ -17,6 +17,11 @@ std::optional<QMap<QString, QVariant>> PlanTexts::otherParam(const QString& text
     return document.object().toVariantMap();
 }
 
+QString PlanTexts::jsonText(const QMap<QString, QVariant>& map)
+{
+    return QString::fromUtf8(QJsonDocument(QJsonObject::fromVariantMap(map)).toJson(QJsonDocument::Compact));
+}
+
 std::optional<qint64> PlanTexts::wholeNumber(const QString& text)
 {
     static const QRegularExpression whole(QStringLiteral("\\A[0-9]{1,15}\\z"));

@@ -16,6 +16,9 @@ constexpr int LongestOtherParam = 256 * 1024;
 /// The other-parameter map of a text; absent if the text is not a JSON object or is longer than `LongestOtherParam`.
 std::optional<QMap<QString, QVariant>> otherParam(const QString& text);
 
+/// The text of an other-parameter map.
+QString jsonText(const QMap<QString, QVariant>& map);
+
 /// A whole number of at most 15 digits, zero included; absent for a sign, a decimal point or an exponent.
 std::optional<qint64> wholeNumber(const QString& text);
 /// A decimal number of at most 15 digits before and 8 after the point, zero included; absent for a sign, grouping or

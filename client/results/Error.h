@@ -399,6 +399,13 @@ enum class Error {
     QuantityAndAmount,
     ParametersNotJson,
     StateNotImported, ///< state
-    FileRefused,      ///< file; cause
-    Count,            ///< not a failure: how many codes there are
+    ReplaceOneFile,
+    TooManyRowsForSheet, ///< most rows
+    AlgorithmNeedsMode,
+    ModeNeedsReview,           ///< mode
+    ModeNotOffered,            ///< mode
+    StrategyNeedsLimit,        ///< strategy
+    UnknownAlgorithmParameter, ///< strategy, parameter
+    FileRefused,               ///< file; cause
+    Count,                     ///< not a failure: how many codes there are
 };

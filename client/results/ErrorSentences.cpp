@@ -419,6 +419,13 @@ public:
         { Error::QuantityAndAmount, QT_TR_NOOP("目标总量和目标金额只能有一个") },
         { Error::ParametersNotJson, QT_TR_NOOP("算法参数不是JSON对象") },
         { Error::StateNotImported, QT_TR_NOOP("状态为“%1”的计划不能新建，只能导入执行中的计划") },
+        { Error::ReplaceOneFile, QT_TR_NOOP("--replace一次只能用于一个文件") },
+        { Error::TooManyRowsForSheet, QT_TR_NOOP("工作表最多有%1行，请导出为CSV") },
+        { Error::AlgorithmNeedsMode, QT_TR_NOOP("算法只用于下单模式“算法交易复核”") },
+        { Error::ModeNeedsReview, QT_TR_NOOP("下单模式“%1”只用于须经复核的指令类型") },
+        { Error::ModeNotOffered, QT_TR_NOOP("该计划不能使用下单模式“%1”") },
+        { Error::StrategyNeedsLimit, QT_TR_NOOP("算法【%1】不支持不限价") },
+        { Error::UnknownAlgorithmParameter, QT_TR_NOOP("算法【%1】没有参数“%2”") },
         { Error::FileRefused, QT_TR_NOOP("%1：%2") },
     };
 };

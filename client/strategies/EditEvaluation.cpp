@@ -155,3 +155,13 @@ QString StrategyRules::firstParameter(const StrategyDefinition& strategy, const 
         edit = strategy.edits.at(edit).operands.constFirst();
     return strategy.parameters.at(strategy.edits.at(edit).field).name;
 }
+
+Status StrategyRules::check(const StrategyDefinition& strategy, const QMap<QString, QString>& values)
+{
+    for (const StrategyParameter& parameter : strategy.parameters) {
+        if (Status status = ParameterValue::check(parameter, values.value(parameter.name)); !status)
+            return { Error::InvalidParameter, { parameter.name }, status };
+    }
+    const StrategyRule* const broken = firstBroken(strategy, values);
+    return broken ? Status(Error::RuleBroken, { broken->message }) : Status();
+}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Status.h"
 #include "StrategyDefinition.h"
 
 #include <QMap>
@@ -47,6 +48,8 @@ namespace StrategyRules {
 
 /// The first rule that does not hold; null if all hold. A relation with an empty parameter is not checked.
 const StrategyRule* firstBroken(const StrategyDefinition& strategy, const QMap<QString, QString>& values);
+/// Checks the values of a strategy: its parameters, then its rules.
+Status check(const StrategyDefinition& strategy, const QMap<QString, QString>& values);
 /// The first parameter of a rule, for the mark of its input.
 QString firstParameter(const StrategyDefinition& strategy, const StrategyRule& rule);
 

@@ -116,6 +116,10 @@ public:
 
     void write(const QStringList& texts) override
     {
+        if (m_row + 1 >= TableWriter::MostSheetRows)
+            m_isFull = true;
+        if (m_isFull)
+            return;
         ++m_row;
         for (int i = 0; i < m_columns.size(); ++i)
             writeCell(i, texts.at(i));
@@ -125,6 +129,8 @@ public:
     {
         const lxw_error error = workbook_close(m_workbook);
         m_workbook = nullptr;
+        if (m_isFull)
+            return { Error::TooManyRowsForSheet, { QString::number(TableWriter::MostSheetRows) } };
         if (m_failure != LXW_NO_ERROR || error != LXW_NO_ERROR)
             return { Error::TableNotWritten,
                 { QString::fromUtf8(lxw_strerror(m_failure == LXW_NO_ERROR ? error : m_failure)) } };
@@ -173,6 +179,7 @@ private:
     lxw_format* m_date = nullptr;
     lxw_row_t m_row = 0;
     lxw_error m_failure = LXW_NO_ERROR;
+    bool m_isFull = false;
 };
 
 } // namespace

@@ -26,6 +26,9 @@ enum class TableFormat { Csv, Json, Workbook };
 /// Writes a table row by row.
 class TableWriter {
 public:
+    /// Of a workbook's sheet, with the headings.
+    static constexpr int MostSheetRows = 1 << 20;
+
     virtual ~TableWriter() = default;
 
     /// CSV is UTF-8 with a byte order mark, as spreadsheets need it.

@@ -63,6 +63,20 @@ public:
         });
     }
 
+    /// How many closes there are, without writing them.
+    Result<qint64> countCloses()
+    {
+        SecurityStore store(m_database);
+        qint64 count = 0;
+        for (const QString& symbol : m_market.symbols().toStringList()) {
+            const Result<CloseHistory> closes = store.closes(symbol);
+            if (!closes)
+                return closes.status();
+            count += closes->ticks.size();
+        }
+        return count;
+    }
+
     Status closes()
     {
         SecurityStore store(m_database);
@@ -96,6 +110,17 @@ public:
         for (const StoredUser& user : users.valueOr({})) {
             if (status)
                 status = writeUser(user);
+        }
+        return status;
+    }
+
+    Status chains()
+    {
+        const auto accounts = AccountStore(m_database).accounts();
+        Status status = accounts.status();
+        for (const StoredAccount& account : accounts.valueOr({})) {
+            if (status)
+                status = writeChains(account.tradingAccount);
         }
         return status;
     }
@@ -223,6 +248,24 @@ private:
         return {};
     }
 
+    Status writeChains(const QString& account)
+    {
+        AuthorityStore store(m_database);
+        const Result<QStringList> types = store.chainTypes(account);
+        for (const QString& type : types.valueOr({})) {
+            const Result<QString> chain = store.chainKey(account, type);
+            if (!chain)
+                return chain.status();
+            const auto executors = store.chainUsers(*chain, ChainRole::Execute);
+            const auto reviewers = store.chainUsers(*chain, ChainRole::Forward);
+            if (!executors || !reviewers)
+                return executors ? reviewers.status() : executors.status();
+            m_writer.write({ account, CodeWords::instructionTypes().word(type), executors->join(QStringLiteral("、")),
+                reviewers->join(QStringLiteral("、")) });
+        }
+        return types.status();
+    }
+
     void writeInstruction(const StoredPlan& plan, const QString& id, const InstructionStore::Fields& fields)
     {
         const auto text = [&fields](const QString& key) { return fields.value(key).toString(); };
@@ -263,8 +306,9 @@ QMap<QString, Write> writers()
 {
     return { { TransferForms::securities().id, &Exporter::securities },
         { TransferForms::closes().id, &Exporter::closes }, { TransferForms::accounts().id, &Exporter::accounts },
-        { TransferForms::users().id, &Exporter::users }, { TransferForms::positions().id, &Exporter::positions },
-        { TransferForms::plans().id, &Exporter::plans }, { TransferForms::instructions().id, &Exporter::instructions },
+        { TransferForms::users().id, &Exporter::users }, { TransferForms::chains().id, &Exporter::chains },
+        { TransferForms::positions().id, &Exporter::positions }, { TransferForms::plans().id, &Exporter::plans },
+        { TransferForms::instructions().id, &Exporter::instructions },
         { TransferForms::history().id, &Exporter::history }, { TransferForms::closures().id, &Exporter::closures },
         { TransferForms::journal().id, &Exporter::journal } };
 }
@@ -284,6 +328,12 @@ Status ExportRun::run(const Task& task, QIODevice& device)
 {
     const auto writer = TableWriter::create(device, task.format, formOf(task.kind).tableColumns());
     Exporter exporter(task, *writer);
+    if (task.format == TableFormat::Workbook && task.kind == TransferForms::closes().id) {
+        const Result<qint64> count = exporter.countCloses();
+        if (!count || *count >= TableWriter::MostSheetRows)
+            return count ? Status(Error::TooManyRowsForSheet, { QString::number(TableWriter::MostSheetRows) })
+                         : count.status();
+    }
     const Status status = (exporter.*writers().value(task.kind))();
     return status ? writer->finish() : status;
 }

@@ -64,9 +64,10 @@ public:
     void refuse(const Status& reason);
     bool isRefused() const { return m_isRefused; }
 
-private:
+    /// The name of a column as it is shown.
     QString caption(int column) const { return m_headings.form().columns.at(column).name(); }
 
+private:
     const ImportHeadings& m_headings;
     const TableRow& m_row;
     ImportReport& m_report;

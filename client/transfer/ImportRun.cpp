@@ -33,6 +33,8 @@ std::unique_ptr<Importer> importerOf(const ImportTask& task, Database& database,
         return std::make_unique<AccountImporter>(database, report);
     if (isOf(task, TransferForms::users()))
         return std::make_unique<UserImporter>(database, report);
+    if (isOf(task, TransferForms::chains()))
+        return std::make_unique<ChainImporter>(database, report);
     if (isOf(task, TransferForms::positions()))
         return std::make_unique<PositionImporter>(database, report);
     if (isOf(task, TransferForms::closures()))
@@ -94,7 +96,7 @@ private:
         m_isRead = read && m_hasHeadings;
         if (!read && !m_hasBadHeadings)
             m_report.refuse({ line, 0, QString(), read });
-        else if (!m_hasHeadings)
+        else if (!m_hasHeadings && line > 0)
             m_report.refuse({ 1, 0, QString(), Error::NoHeadings });
         return {};
     }

@@ -78,6 +78,24 @@ private:
     QVector<QPair<QString, QString>> m_removals; ///< user and account
 };
 
+class ChainImporter : public Importer {
+public:
+    ChainImporter(Database& database, ImportReport& report);
+
+    const TransferForm& form() const override { return TransferForms::chains(); }
+    Status take(ImportRow& row) override;
+    Status findRemovals() override;
+    Status remove() override;
+
+private:
+    Status findRemovals(const QString& account);
+
+    Database& m_database;
+    ImportReport& m_report;
+    LineKeys m_keys;
+    QVector<QPair<QString, QString>> m_removals; ///< account and instruction type
+};
+
 class PositionImporter : public Importer {
 public:
     PositionImporter(Database& database, ImportReport& report);

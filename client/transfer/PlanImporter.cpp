@@ -2,9 +2,10 @@
 
 #include "HistoryStore.h"
 #include "Kelvo_Fields.h"
-#include "PlanLife.h"
+#include "PlanCodes.h"
 #include "StoredTime.h"
 
+using namespace PlanCodes;
 using namespace TransferForms;
 
 namespace {
@@ -118,7 +119,7 @@ Result<StoredPlan> PlanImporter::importedPlan(const QString& request)
 Status PlanImporter::create(ImportRow& row, const QString& request)
 {
     const QString state = row.text(PlanColumn::State);
-    if (!state.isEmpty() && state != PlanLife::word(PlanState::Active))
+    if (!state.isEmpty() && CodeWords::planStates().code(state) != StateName::Active)
         row.refuse(PlanColumn::State, { Error::StateNotImported, { state } });
     const Result<PlanStore::Record> record = m_sheet.record(row, {});
     if (!record || row.isRefused())

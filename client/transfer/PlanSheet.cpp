@@ -7,13 +7,10 @@
 #include "Kelvo_Values.h"
 #include "Orlo_Fields.h"
 #include "PlanCodes.h"
-#include "PlanLife.h"
 #include "PlanTexts.h"
 #include "StoredTexts.h"
 #include "StoredTime.h"
 
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QUuid>
 
 #include <algorithm>
@@ -34,14 +31,16 @@ constexpr int DecimalsOfRatio = 4;
 constexpr int YearsOfReduction = 100;
 const QString OnlyReductionMode = QStringLiteral("1");
 
-QString jsonText(const QMap<QString, QVariant>& map)
-{
-    return QString::fromUtf8(QJsonDocument(QJsonObject::fromVariantMap(map)).toJson(QJsonDocument::Compact));
-}
-
 QMap<QString, QVariant> otherOf(const Record& record)
 {
     return PlanTexts::otherParam(record.value(Base::planOtherParam).toString()).value_or(QMap<QString, QVariant>());
+}
+
+// The same in all languages, so that a file can be imported in another one.
+QString stateWord(PlanState state)
+{
+    static const QStringList names{ StateName::Active, StateName::Paused, StateName::Stopped, StateName::Archived };
+    return CodeWords::planStates().word(names.at(static_cast<int>(state)));
 }
 
 /// The code of an entrust type, by its name or its number; null if there is none.
@@ -83,7 +82,7 @@ public:
         readTargets();
         readDates();
         readHandling();
-        m_record.insert(Base::planOtherParam, jsonText(m_other));
+        m_record.insert(Base::planOtherParam, PlanTexts::jsonText(m_other));
         return m_record;
     }
 
@@ -171,8 +170,10 @@ private:
 
     void readHandling()
     {
-        m_record.insert(
-            Base::InstMode, m_row.code(PlanColumn::Mode, CodeWords::instructionModes(), InstMode::ActiveManage));
+        const bool hasAlgorithm = !m_row.text(PlanColumn::Algorithm).isEmpty();
+        m_record.insert(Base::InstMode,
+            m_row.code(PlanColumn::Mode, CodeWords::instructionModes(),
+                hasAlgorithm ? InstMode::AlgoReview : InstMode::ActiveManage));
         setText(m_record, Base::expectedUser, m_row.text(PlanColumn::Assignee));
         setText(m_record, Base::executeUser, m_row.text(PlanColumn::Executor));
         setText(m_record, Base::remark, m_row.text(PlanColumn::Remark));
@@ -250,6 +251,7 @@ PlanSheet::PlanSheet(Database& database, const Market& market, const StoredUser&
     : m_database(database)
     , m_market(market)
     , m_user(user)
+    , m_algorithms(database, user)
 {
 }
 
@@ -294,7 +296,9 @@ Result<Record> PlanSheet::record(ImportRow& row, const Record& base)
         row.refuse(PlanColumn::Account, { Error::UnknownAccount, { number } });
     if (row.isRefused())
         return Record();
-    const Record record = Reading(row, *owner, *security, base).record(m_user.id);
+    Record record = Reading(row, *owner, *security, base).record(m_user.id);
+    if (Status status = m_algorithms.complete(row, *security, base, record); !status)
+        return status;
     return row.isRefused() ? Record() : record;
 }
 
@@ -315,7 +319,7 @@ QStringList PlanSheet::texts(const StoredPlan& plan) const
     const QString entrust = extra(FieldId::MarginSide);
     const QMap<QString, QVariant> parameters = other.value(Base::algoParam).toMap();
     QStringList row;
-    row << plan.id << QString::number(plan.version) << StoredTime::toText(plan.created) << PlanLife::word(plan.state)
+    row << plan.id << QString::number(plan.version) << StoredTime::toText(plan.created) << stateWord(plan.state)
         << text(UserAccount::tradingAccount) << CodeWords::instructionTypes().word(text(Orlo_Fields::AutoPlan::subType))
         << CodeWords::planTypes().word(text(Orlo_Fields::AutoPlan::templateCode)) << symbol
         << CodeWords::sides().word(text(Base::orderSide)) << CodeWords::priceModes().word(text(Base::priceModel))
@@ -327,7 +331,7 @@ QStringList PlanSheet::texts(const StoredPlan& plan) const
         << CodeWords::instructionModes().word(text(Base::InstMode)) << text(Base::expectedUser)
         << text(Base::executeUser) << CodeWords::priceTypes().word(extra(Kelvo_Fields::Security::timeInForce))
         << (entrust.isEmpty() ? entrust : entrustName(entrust)) << extra(Base::algoStrategyName)
-        << (parameters.isEmpty() ? QString() : jsonText(parameters)) << text(Base::remark);
+        << (parameters.isEmpty() ? QString() : PlanTexts::jsonText(parameters)) << text(Base::remark);
     return row;
 }
 

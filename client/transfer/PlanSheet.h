@@ -3,6 +3,7 @@
 #include "AccountStore.h"
 #include "ImportRow.h"
 #include "Market.h"
+#include "PlanAlgorithms.h"
 #include "PlanStore.h"
 
 /// Plan records as rows of a file, in the columns of `TransferForms::plans`.
@@ -32,5 +33,6 @@ private:
     Database& m_database;
     const Market& m_market;
     const StoredUser m_user;
+    PlanAlgorithms m_algorithms;
     QHash<QString, StoredAccount> m_accounts;
 };

@@ -127,6 +127,14 @@ const TransferForm& TransferForms::users()
     return form;
 }
 
+const TransferForm& TransferForms::chains()
+{
+    static const TransferForm form{ QStringLiteral("chains"), QT_TRANSLATE_NOOP("TransferForm", "审批链"),
+        { named(needed("account", "账户"), "交易账户"), needed("instruction-type", "指令类型"),
+            text("executors", "执行人"), text("reviewers", "复核人") } };
+    return form;
+}
+
 const TransferForm& TransferForms::positions()
 {
     static const TransferForm form{ QStringLiteral("positions"), QT_TRANSLATE_NOOP("TransferForm", "持仓"),
@@ -165,7 +173,7 @@ const TransferForm& TransferForms::planSheet()
 
 QVector<TransferForm> TransferForms::importable()
 {
-    return { closures(), securities(), closes(), accounts(), users(), positions(), plans() };
+    return { closures(), securities(), closes(), accounts(), users(), chains(), positions(), plans() };
 }
 
 const TransferForm& TransferForms::instructions()
@@ -197,6 +205,6 @@ const TransferForm& TransferForms::journal()
 
 QVector<TransferForm> TransferForms::exportable()
 {
-    return { closures(), securities(), closes(), accounts(), users(), positions(), plans(), instructions(), history(),
-        journal() };
+    return { closures(), securities(), closes(), accounts(), users(), chains(), positions(), plans(), instructions(),
+        history(), journal() };
 }

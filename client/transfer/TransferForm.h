@@ -53,6 +53,9 @@ enum { Account, Name, Fund, Client, Branch, Asset, FirstExchange };
 namespace UserColumn {
 enum { User, Name, Account, Types, Review };
 }
+namespace ChainColumn {
+enum { Account, Type, Executors, Reviewers };
+}
 namespace PositionColumn {
 enum { Account, Symbol, SecurityAccount, Quantity, Tradeable };
 }
@@ -92,12 +95,13 @@ enum {
 }
 
 /// The kinds that can be imported, in the order in which one needs the others: closures, securities, closes, accounts,
-/// users, positions, plans.
+/// users, chains, positions, plans.
 const TransferForm& closures();
 const TransferForm& securities();
 const TransferForm& closes();
 const TransferForm& accounts();
 const TransferForm& users();
+const TransferForm& chains();
 const TransferForm& positions();
 const TransferForm& plans();
 /// Plans that take what their rows do not have from a template; only the security is needed.

@@ -165,3 +165,11 @@ const CodeWords& CodeWords::closureStatuses()
         { QStringLiteral("provisional"), chinese("暂定") }, { QStringLiteral("computed"), chinese("推算") } };
     return words;
 }
+
+const CodeWords& CodeWords::planStates()
+{
+    static const CodeWords words{ { StateName::Active, chinese("进行中"), others("running") },
+        { StateName::Paused, chinese("已暂停"), {} }, { StateName::Stopped, chinese("已停止"), {} },
+        { StateName::Archived, chinese("已归档"), {} } };
+    return words;
+}

@@ -35,6 +35,7 @@ public:
     static const CodeWords& assetProperties();
     static const CodeWords& specialTreatments();
     static const CodeWords& answers();
+    static const CodeWords& planStates();
     static const CodeWords& calendarMarkets();
     static const CodeWords& closureStatuses();
 

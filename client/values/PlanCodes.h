@@ -22,6 +22,14 @@ inline const QString Bond = QStringLiteral("5");
 inline const QString HkConnect = QStringLiteral("9");
 } // namespace InstructionType
 
+/// The states of plans in files.
+namespace StateName {
+inline const QString Active = QStringLiteral("active");
+inline const QString Paused = QStringLiteral("paused");
+inline const QString Stopped = QStringLiteral("stopped");
+inline const QString Archived = QStringLiteral("archived");
+} // namespace StateName
+
 /// Values of `AutoPlanField::BaseField::InstMode`.
 namespace InstMode {
 inline const QString ActiveManage = QStringLiteral("1");

@@ -55,9 +55,14 @@ QString TransferTest::sample(const QString& kind) const
     return add(kind + QStringLiteral(".csv"), file.readAll());
 }
 
+QString TransferTest::strategyFile()
+{
+    return QStringLiteral(PROJECT_FOLDER "/docs/import/strategies/slice.xml");
+}
+
 QStringList TransferTest::kinds()
 {
-    return { text("securities"), text("closes"), text("accounts"), text("users"), text("positions") };
+    return { text("securities"), text("closes"), text("accounts"), text("users"), text("chains"), text("positions") };
 }
 
 void TransferTest::importUntil(const QString& end)
@@ -147,7 +152,8 @@ QString TransferTest::contents() const
         return {};
     QStringList rows;
     for (const char* const table : { "securities", "closing_prices", "accounts", "exchange_accounts", "users",
-             "user_accounts", "order_authorities", "rule_properties", "positions", "plans", "history" }) {
+             "user_accounts", "order_authorities", "rule_properties", "approval_chains", "chain_users", "positions",
+             "plans", "history" }) {
         const Status status = database.read(QStringLiteral("SELECT * FROM %1 ORDER BY 1, 2").arg(QLatin1String(table)),
             {}, [&rows](const QSqlQuery& row) {
                 QStringList cells;

@@ -27,6 +27,8 @@ protected:
     QString add(const QString& name, QByteArray contents) const;
     /// A copy of a documented file.
     QString sample(const QString& kind) const;
+    /// The documented file with the strategy SLICE@DESK.
+    static QString strategyFile();
 
     /// The kinds before plans, in the order of the documentation.
     static QStringList kinds();
