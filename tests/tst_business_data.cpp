@@ -430,6 +430,20 @@ private Q_SLOTS:
         QCOMPARE(m_session->reopen(), Status());
     }
 
+    void aSignatureForAnAccountThatWasTakenAwayIsRefused()
+    {
+        QCOMPARE(m_session->reopen(QStringLiteral("trader09")), Status());
+        const QStringList own = AgreementDC::instance().GetUnsignedClientNoList(agreement());
+        QCOMPARE(own, QStringList{ QStringLiteral("C10009") });
+        const QString account = ClientSession::instance().accounts().accounts().constFirst().tradingAccount;
+        Database administrator;
+        QCOMPARE(administrator.open(m_session->ownersFile()), Status());
+        QCOMPARE(AccountStore(administrator).unassign(QStringLiteral("trader09"), account), Status());
+        QCOMPARE(signAgreement(agreement(), own), Status(Error::ForeignClient, own));
+        QCOMPARE(AccountStore(administrator).assign(QStringLiteral("trader09"), account), Status());
+        QCOMPARE(m_session->reopen(), Status());
+    }
+
     void aSignatureForAForeignClientIsRefusedForAll()
     {
         QCOMPARE(m_session->reopen(QStringLiteral("trader09")), Status());

@@ -2,8 +2,10 @@
 #include "AutoPlanField.h"
 #include "ClientWindowTest.h"
 #include "ConflictDialog.h"
+#include "ErrorText.h"
 #include "Kelvo_Fields.h"
 #include "NoticeMerger.h"
+#include "PlanCodes.h"
 #include "PlanDetails.h"
 #include "PlanEvents.h"
 #include "PlanTable.h"
@@ -141,6 +143,39 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(table().planCount(), 2, Patience);
         QCOMPARE(window().currentPlan(), QString());
         QTRY_VERIFY_WITH_TIMEOUT(detailTexts().contains(QStringLiteral("选择一个计划，查看全部内容。")), Patience);
+    }
+
+    void anAccountThatIsGrantedMeanwhileIsOffered()
+    {
+        createSamples(1);
+        QCOMPARE(session().reopen(Colleague), Status());
+        openWindow();
+        QCOMPARE(boxOf([this] { press(&window(), Qt::Key_N, Qt::ControlModifier); }, "msgBoxWarning"),
+            errorText({ Error::UserWithoutAccount, { Colleague } }));
+        QCOMPARE(AccountStore(colleague()).assign(Colleague, FreeAccount), Status());
+        QCOMPARE(
+            AuthorityStore(colleague()).grant(Colleague, FreeAccount, PlanCodes::InstructionType::Ordinary), Status());
+        QTRY_COMPARE_WITH_TIMEOUT(field<QTableView>(window(), "planTable")->model()->rowCount(), 1, Patience);
+        pressForEditor(Qt::Key_N);
+        FormDriver driver = dialogDriver();
+        driver.fill(ordinary());
+        QCOMPARE(driver.takeProblems(), QStringList());
+    }
+
+    void anAccountThatIsTakenAwayIsNotOfferedByTheNextForm()
+    {
+        createSamples(1);
+        openWindow();
+        pressForEditor(Qt::Key_N);
+        const AutoParamSetting* const before = dialogEditor();
+        QVERIFY(press(&dialog(), Qt::Key_Escape));
+        QVERIFY(!dialog().isVisible());
+        QCOMPARE(AccountStore(colleague()).unassign(QStringLiteral("trader01"), FreeAccount), Status());
+        QTRY_COMPARE_WITH_TIMEOUT(window().currentPlan(), QString(), Patience);
+        pressForEditor(Qt::Key_N);
+        QVERIFY(dialogEditor() != before);
+        QVERIFY(!ClientSession::instance().accounts().find(FreeAccount));
+        QVERIFY(press(&dialog(), Qt::Key_Escape));
     }
 
     void ownChangesAreNotNoticed()

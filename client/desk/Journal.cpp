@@ -5,6 +5,7 @@
 #include "ErrorText.h"
 #include "JournalTexts.h"
 #include "PlainText.h"
+#include "ReadReport.h"
 #include "TextTable.h"
 
 #include <QComboBox>
@@ -96,9 +97,10 @@ QLayout* Journal::newPages()
     return pages;
 }
 
-// Accounts may have been imported since the last time.
+// Accounts may have been imported since the last time, or assigned by others.
 void Journal::fillAccounts()
 {
+    reportFailure(ClientSession::instance().refreshAccounts());
     const QSignalBlocker blocker(m_account);
     const QString chosen = m_account->currentData().toString();
     m_account->clear();

@@ -1,5 +1,6 @@
 #include "Signatures.h"
 
+#include "AccountStore.h"
 #include "AgreementDC.h"
 #include "AgreementStore.h"
 #include "ClientSession.h"
@@ -15,11 +16,10 @@ Result<StoredAgreement> agreementOf(const QString& protocolId)
     return session.isOpen() ? AgreementStore(session.database()).agreement(protocolId) : StoredAgreement();
 }
 
+/// Within the transaction that signs.
 Status signingError(const QString& protocolId, const QStringList& clientNumbers)
 {
-    const ClientSession& session = ClientSession::instance();
-    if (!session.isOpen())
-        return Error::SigningNeedsLogin;
+    ClientSession& session = ClientSession::instance();
     const Result<StoredAgreement> agreement = agreementOf(protocolId);
     if (!agreement)
         return agreement.status();
@@ -27,9 +27,12 @@ Status signingError(const QString& protocolId, const QStringList& clientNumbers)
         return { Error::UnknownAgreement, { protocolId } };
     if (clientNumbers.isEmpty())
         return Error::NoSigner;
-    const QStringList known = session.accounts().clientNumbers();
+    const auto own = AccountStore(session.database()).accountsOf(session.user().id);
+    if (!own)
+        return own.status();
     for (const QString& number : clientNumbers) {
-        if (!known.contains(number))
+        const auto isOf = [&number](const StoredAccount& account) { return account.clientNo == number; };
+        if (std::none_of(own->cbegin(), own->cend(), isOf))
             return { Error::ForeignClient, { number } };
     }
     return {};
@@ -73,11 +76,13 @@ QString agreementText(const QString& protocolId)
 
 Status signAgreement(const QString& protocolId, const QStringList& clientNumbers)
 {
-    if (Status refused = signingError(protocolId, clientNumbers); !refused)
-        return refused;
     ClientSession& session = ClientSession::instance();
+    if (!session.isOpen())
+        return Error::SigningNeedsLogin;
     const Change change = session.changeNow();
     const Status status = session.database().transaction([&]() -> Status {
+        if (Status refused = signingError(protocolId, clientNumbers); !refused)
+            return refused;
         AgreementStore store(session.database());
         for (const QString& number : clientNumbers) {
             if (Status failed = store.sign(protocolId, number, change); !failed)

@@ -38,6 +38,12 @@ void AccountDirectory::clear()
     m_chains.clear();
 }
 
+// The positions follow from the accounts.
+bool AccountDirectory::operator==(const AccountDirectory& other) const
+{
+    return m_accounts == other.m_accounts && m_rights == other.m_rights && m_chains == other.m_chains;
+}
+
 const StoredAccount* AccountDirectory::find(const QString& tradingAccount) const
 {
     const auto found = m_positions.constFind(tradingAccount);

@@ -11,6 +11,7 @@ public:
     /// Reads all data of the user and replaces the present ones. If it fails, there are none.
     Status load(Database& database, const QString& userId);
     void clear();
+    bool operator==(const AccountDirectory& other) const;
 
     const QVector<StoredAccount>& accounts() const { return m_accounts; }
     /// Null if the account is unknown or not the user's; valid until the next `load`.
@@ -33,6 +34,11 @@ private:
     struct ChainUsers {
         QStringList executors;
         QStringList forwarders;
+
+        bool operator==(const ChainUsers& other) const
+        {
+            return executors == other.executors && forwarders == other.forwarders;
+        }
     };
     using RightsKey = QPair<QString, QString>;
 

@@ -224,6 +224,10 @@ void ClientSession::watch()
         return;
     m_watch = std::make_unique<DatabaseWatch>(m_database, [this] { return reopen(); });
     PlanEvents& events = PlanEvents::instance();
+    QObject::connect(m_watch.get(), &DatabaseWatch::changed, m_watch.get(), [this] {
+        m_areAccountsOld = true;
+        m_unsigned.clear();
+    });
     QObject::connect(m_watch.get(), &DatabaseWatch::changed, &events, &PlanEvents::plansChanged);
     QObject::connect(m_watch.get(), &DatabaseWatch::lost, &events, &PlanEvents::connectionLost);
     QObject::connect(m_watch.get(), &DatabaseWatch::stillLost, &events, &PlanEvents::connectionStillLost);
@@ -352,7 +356,27 @@ Status ClientSession::logIn(const QString& userId)
     if (known->id.isEmpty())
         return { Error::UnknownUser, { wanted } };
     m_user = *known;
-    return m_accounts.load(m_database, m_user.id);
+    const Status status = readAccounts();
+    if (!status)
+        m_accounts.clear();
+    return status;
+}
+
+Status ClientSession::refreshAccounts()
+{
+    return m_open && m_areAccountsOld ? readAccounts() : Status();
+}
+
+Status ClientSession::readAccounts()
+{
+    AccountDirectory present;
+    if (Status status = present.load(m_database, m_user.id); !status)
+        return status;
+    m_areAccountsOld = false;
+    if (!(present == m_accounts))
+        ++m_accountsNumber;
+    m_accounts = present;
+    return {};
 }
 
 void ClientSession::startMovingAverages()

@@ -54,6 +54,10 @@ public:
     /// The following are empty while the session is closed.
     const Market& market() const { return m_market.market(); }
     const AccountDirectory& accounts() const { return m_accounts; }
+    /// Reads the accounts and rights again if others may have changed them. If it fails, those that were read before
+    /// stay. Whoever kept some of them must read them again if the number of the accounts has changed, too.
+    Status refreshAccounts();
+    int accountsNumber() const { return m_accountsNumber; }
     const TradeCalendar& calendar() const { return ClosureFiles::calendar(); }
     Database& database() { return m_database; }
     /// The plans of the user's accounts and those assigned to the user.
@@ -110,6 +114,7 @@ private:
     Status openFor(const QString& file, const QString& userId, const Progress& progress, const Options& options);
     Status fillNew(const QString& userId, const Progress& progress, const Options& options);
     Status logIn(const QString& userId);
+    Status readAccounts();
     Status reopen();
     Result<qint64> lookUpElsewhere(const Find& find);
     void repeatLookUps();
@@ -123,6 +128,8 @@ private:
     StoredUser m_user;
     SearchableMarket m_market;
     AccountDirectory m_accounts;
+    int m_accountsNumber = 0;      ///< grows when they have changed
+    bool m_areAccountsOld = false; ///< others have changed something since they were read
     std::unique_ptr<MovingAverageWorker> m_averages;
     std::unique_ptr<PageChecker> m_checker;
     std::unique_ptr<DatabaseWatch> m_watch;

@@ -22,6 +22,13 @@ struct StoredAccount {
     QString branchNo;
     /// Security accounts by exchange code.
     QMap<QString, QString> exchangeAccounts;
+
+    bool operator==(const StoredAccount& other) const
+    {
+        return tradingAccount == other.tradingAccount && fundAccount == other.fundAccount && name == other.name
+            && clientNo == other.clientNo && assetProperty == other.assetProperty && branchNo == other.branchNo
+            && exchangeAccounts == other.exchangeAccounts;
+    }
 };
 
 /// Fund accounts with their exchange accounts and users.

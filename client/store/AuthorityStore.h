@@ -14,6 +14,11 @@ struct Rights {
     int ruleProperty = 0;
     /// The approval chain of the account and type; empty if there is none.
     QString chainKey;
+
+    bool operator==(const Rights& other) const
+    {
+        return authority == other.authority && ruleProperty == other.ruleProperty && chainKey == other.chainKey;
+    }
 };
 
 /// A user with the account, exchange and type of an instruction, and the users who execute and handle it, by name.

@@ -205,7 +205,7 @@ void EditorDialog::prepare(const QString& title)
     m_isSending = false;
     m_sentWith.clear();
     m_advisor->setPlan(QString());
-    if (!m_editor || m_holdsValues) {
+    if (!m_editor || m_holdsValues || m_accounts != ClientSession::instance().accountsNumber()) {
         makeEditor();
         return;
     }
@@ -222,6 +222,7 @@ void EditorDialog::makeEditor()
     m_editor = new AutoParamSetting(this);
     m_editor->setAttribute(Qt::WA_StyledBackground);
     m_holdsValues = false;
+    m_accounts = ClientSession::instance().accountsNumber();
     if (!m_skin.isEmpty())
         m_editor->loadSkin(m_skin);
     connect(m_editor, &AutoParamSetting::signalBtnCancelClicked, this, &EditorDialog::leave);

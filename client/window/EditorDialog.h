@@ -98,5 +98,6 @@ private:
     QString m_draftId;
     QString m_storedPlan;       ///< since the form was opened
     bool m_isSending = false;   ///< the plan service is storing the form
+    int m_accounts = 0;         ///< number of the user's accounts that the editor has read
     bool m_holdsValues = false; ///< the form has values that `resetEnable` does not clear
 };

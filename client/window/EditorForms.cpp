@@ -4,6 +4,7 @@
 #include "EditorDialog.h"
 #include "ErrorText.h"
 #include "OrloWidget.h"
+#include "ReadReport.h"
 
 #include <algorithm>
 
@@ -90,8 +91,10 @@ void EditorForms::lookForChange()
 
 bool EditorForms::mayOpenNew() const
 {
-    const ClientSession& session = ClientSession::instance();
-    const Status status = session.accounts().newPlanError(session.user().id);
+    ClientSession& session = ClientSession::instance();
+    Status status = session.refreshAccounts();
+    if (status)
+        status = session.accounts().newPlanError(session.user().id);
     if (!status)
         OrloWidget::ShowWarningMsgBox(errorText(status), m_window);
     return bool(status);
@@ -115,9 +118,10 @@ EditorDialog* EditorForms::add()
     return form;
 }
 
-/// A form that is not open, as the one that was used last.
+/// A form that is not open, with the present accounts of the user, as the one that was used last.
 EditorDialog* EditorForms::unused()
 {
+    reportFailure(ClientSession::instance().refreshAccounts());
     for (auto form = m_forms.rbegin(); form != m_forms.rend(); ++form) {
         if (!(*form)->isVisible()) {
             use(form->get());
