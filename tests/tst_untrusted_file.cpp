@@ -1,5 +1,7 @@
 #include "Database.h"
 #include "LoggedTest.h"
+#include "Market.h"
+#include "PlanLedger.h"
 #include "RawFile.h"
 #include "SqliteSchema.h"
 #include "TestStatus.h"
@@ -129,6 +131,41 @@ QByteArray endlessSchema(const QString& file)
     return content.replace(0, PageSize, inner(header, leaves, pages));
 }
 
+/// A file of the present schema whose securities have a few pages and rows without end.
+QByteArray endlessSecurities(const QString& file)
+{
+    constexpr int Levels = 10;
+    const auto make = [&file] {
+        RawFile raw(file);
+        bool done =
+            raw.execute("PRAGMA page_size = 512; PRAGMA synchronous = OFF; " + makeOwn(SqliteSchema::latestVersion()))
+            == SQLITE_OK;
+        for (const Migration& migration : SqliteSchema::migrations()) {
+            for (const QString& statement : migration.statements)
+                done = done && raw.execute(statement.toUtf8()) == SQLITE_OK;
+        }
+        done = done
+            && raw.execute("INSERT INTO securities VALUES (1, '600000.SH', 'n', 't', 's', 'e', 2, 1, 100, 100, '', '')")
+                == SQLITE_OK;
+        return done ? raw.value(QStringLiteral("SELECT rootpage FROM sqlite_master WHERE name = 'securities'")).toInt()
+                    : 0;
+    };
+    const int root = make();
+    QByteArray content = contentOf(file);
+    if (root == 0)
+        return {};
+    const int start = (root - 1) * PageSize;
+    content += content.mid(start, PageSize);
+    for (int i = 0; i < Levels; ++i) {
+        const int below = content.size() / PageSize;
+        content += inner(QByteArray(), below, below);
+    }
+    const int pages = content.size() / PageSize;
+    QByteArray number(4, '\0');
+    qToBigEndian<qint32>(pages, number.data());
+    return content.replace(start, PageSize, inner(QByteArray(), pages, pages)).replace(28, 4, number);
+}
+
 } // namespace
 
 /// Databases that another program made or changed.
@@ -212,6 +249,24 @@ private Q_SLOTS:
         QCOMPARE(causeOfRefusal(file, LongestCheck * 1000 + LongestRefusal),
             Status(Error::InspectionTooLong, { QString::number(LongestCheck) }));
         QCOMPARE(contentOf(file), content);
+    }
+
+    void securitiesWithoutEndAreDamage()
+    {
+        const QString file = path(QStringLiteral("securities.db"));
+        const QByteArray content = endlessSecurities(file);
+        QVERIFY(writeFile(file, content));
+        Database database;
+        QCOMPARE(database.open(file), Status());
+        Market market;
+        QCOMPARE(market.load(database), Status(Error::DatabaseCorrupt));
+        // Any other table could be as endless.
+        int rows = 0;
+        const auto take = [&rows](const QSqlQuery&) { ++rows; };
+        QCOMPARE(
+            database.read(QStringLiteral("SELECT name FROM securities"), {}, take), Status(Error::DatabaseCorrupt));
+        QVERIFY(rows < 1000 * content.size() / PageSize + 65536);
+        reportFaults(QStringLiteral("a file with rows without end"), 2, 0, 0, 0);
     }
 
     void whatIsNoFileIsRefused_data()

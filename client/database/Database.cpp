@@ -13,6 +13,7 @@ namespace {
 
 // More than the statements that one operation repeats.
 constexpr int MostPrepared = 64;
+constexpr qint64 RowsBetweenChecks = 65536;
 
 QString nextConnectionName()
 {
@@ -276,8 +277,11 @@ Result<qint64> Database::insertAlone(const QString& statement, const QVariantLis
 Status Database::read(const QString& statement, const QVariantList& values, const TakeRow& take)
 {
     return run(statement, values, [this, &take](QSqlQuery& query) {
-        while (query.next())
+        for (qint64 rows = 1; query.next(); ++rows) {
+            if (const Status possible = rows % RowsBetweenChecks == 0 ? m_engine->checkRows(rows) : Status(); !possible)
+                return note(possible);
             take(query);
+        }
         return note(statusOf(!query.lastError().isValid(), query));
     });
 }

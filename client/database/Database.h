@@ -121,7 +121,8 @@ public:
     Status watch(const std::function<void()>& noticed);
     void endWatch();
     /// Call it regularly while the database is watched: looks for commits in a file, and for a sign of life of a
-    /// server. Never waits, and does nothing within a transaction. Fails if the connection is lost, or like `checkFile`.
+    /// server. Never waits, and does nothing within a transaction. Fails if the connection is lost, or like
+    /// `checkFile`.
     Status poll();
 
     /// Reads a whole file, which takes seconds if it is large. Fails if it is damaged. `interrupt` ends it. A server

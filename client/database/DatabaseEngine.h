@@ -82,6 +82,12 @@ public:
         Q_UNUSED(values);
         return Error::DatabaseFailed;
     }
+    /// Fails if the database cannot have as many rows in any table.
+    virtual Status checkRows(qint64 rows)
+    {
+        Q_UNUSED(rows);
+        return {};
+    }
     /// What an error of Qt's driver means.
     virtual Status failure(const QSqlError& error) = 0;
     /// Ends the running statement, which fails. Any thread may call it while the database is open.

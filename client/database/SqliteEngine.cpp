@@ -35,6 +35,8 @@ constexpr int LongestSchemaCheck = 5;
 constexpr int LongestPageCheck = 120;
 // A few hundred pages, unless other clients write, too: well before SQLite's automatic checkpoint within a transaction.
 constexpr int TransactionsPerWal = 50;
+// A row needs more than four bytes of a page.
+constexpr qint64 MostRowsOfPage = 1000;
 // SQLite's default, which the engine's own hook replaces.
 constexpr int FramesUntilCheckpoint = 1000;
 constexpr qint64 FrameSize = 4096 + 24;
@@ -319,6 +321,15 @@ QString SqliteEngine::contentVersion() const
 std::unique_ptr<EngineRows> SqliteEngine::rows(const QString& statement)
 {
     return std::make_unique<SqliteRows>(m_connection, statement);
+}
+
+// A file from elsewhere can lead to the same pages again and again.
+Status SqliteEngine::checkRows(qint64 rows)
+{
+    const Result<int> pages = number(QStringLiteral("PRAGMA page_count"));
+    if (!pages)
+        return pages.status();
+    return rows > *pages * MostRowsOfPage ? Error::DatabaseCorrupt : Status();
 }
 
 // SQLite reports the end of the row numbers like a full disk.

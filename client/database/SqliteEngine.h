@@ -26,6 +26,7 @@ public:
     QString contentVersion() const override;
     bool streamsRows() const override { return true; }
     std::unique_ptr<EngineRows> rows(const QString& statement) override;
+    Status checkRows(qint64 rows) override;
     Status failure(const QSqlError& error) override;
     void interrupt() override;
     Status watch(const std::function<void()>& noticed) override;

@@ -29,10 +29,6 @@ Status Market::load(Database& database)
 {
     SecurityStore store(database);
     QVector<Security> securities;
-    const Result<int> count = store.count();
-    if (!count)
-        return count.status();
-    securities.reserve(*count);
     Status status = store.readAll([&securities](Security&& security) { securities.append(std::move(security)); });
     if (!status)
         return status;

@@ -3,10 +3,12 @@
 #include "CloseCodec.h"
 #include "RowReader.h"
 
+#include <limits>
+
 namespace {
 
 const QString Columns = QStringLiteral("SELECT symbol, name, type, sub_type, exchange, price_precision, display_factor,"
-                                       " quantity_step, limit_per_mille, st_flag, st_text, last_close"
+                                       " quantity_step, limit_per_mille, st_flag, st_text, last_close, position"
                                        " FROM securities LEFT JOIN closing_prices ON security = position");
 
 } // namespace
@@ -78,10 +80,15 @@ Result<QStringList> SecurityStore::usedSymbols()
         {});
 }
 
+// In a file that leads to the same pages again and again, the rows would never end.
 Status SecurityStore::readAll(const std::function<void(Security&&)>& take)
 {
     RowReader row(m_database, Columns + QStringLiteral(" ORDER BY position"));
+    qint64 position = std::numeric_limits<qint64>::min();
     while (row.next()) {
+        if (row.number(12) <= position)
+            return m_database.note(Error::DatabaseCorrupt);
+        position = row.number(12);
         Security s;
         s.symbol = row.text(0);
         s.name = row.text(1);
