@@ -269,13 +269,34 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(folder.filePath(QStringLiteral("plandesk/calendar/bad.csv"))));
     }
 
+    void aFileThatIsLeftOutIsReported()
+    {
+        const QTemporaryDir folder;
+        qputenv("XDG_DATA_DIRS", QFile::encodeName(folder.filePath(QStringLiteral("system"))));
+        qputenv("XDG_DATA_HOME", QFile::encodeName(folder.path()));
+        ClosureFiles::reload();
+        QCOMPARE(checkCalendar(QDate(2027, 10, 1)), Status());
+        const QString bad = folder.filePath(QStringLiteral("plandesk/calendar/bad.csv"));
+        QVERIFY(write(bad, "a,b\n"));
+        log().expectWarning(QStringLiteral("bad.csv"));
+        ClosureFiles::reload();
+        const Status missing = ClosureFiles::status();
+        QCOMPARE(missing.error(), Error::ClosureFileUnreadable);
+        QCOMPARE(missing.details(), QStringList{ bad });
+        QCOMPARE(missing.cause().error(), Error::NoClosureHeadings);
+        QCOMPARE(checkCalendar(QDate(2027, 10, 1)), missing);
+        QVERIFY(QFile::remove(bad));
+        ClosureFiles::reload();
+        QCOMPARE(checkCalendar(QDate(2027, 10, 1)), Status());
+    }
+
     void theEndIsAnnounced90DaysBefore()
     {
         const QString last = QStringLiteral("2027-12-31");
-        QCOMPARE(checkCalendarEnd(QDate(2027, 10, 1)), Status());
-        QCOMPARE(checkCalendarEnd(QDate(2027, 10, 2)), Status(Error::CalendarEnds, { last, QStringLiteral("90") }));
-        QCOMPARE(checkCalendarEnd(QDate(2027, 12, 31)), Status(Error::CalendarEnds, { last, QStringLiteral("0") }));
-        QCOMPARE(checkCalendarEnd(QDate(2028, 1, 1)), Status(Error::CalendarEnded, { last }));
+        QCOMPARE(checkCalendar(QDate(2027, 10, 1)), Status());
+        QCOMPARE(checkCalendar(QDate(2027, 10, 2)), Status(Error::CalendarEnds, { last, QStringLiteral("90") }));
+        QCOMPARE(checkCalendar(QDate(2027, 12, 31)), Status(Error::CalendarEnds, { last, QStringLiteral("0") }));
+        QCOMPARE(checkCalendar(QDate(2028, 1, 1)), Status(Error::CalendarEnded, { last }));
     }
 
     void todayIsTheMarketsDayInEveryZone_data()

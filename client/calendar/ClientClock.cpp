@@ -8,6 +8,7 @@
 #include <QHash>
 
 #include <ctime>
+#include <utility>
 
 namespace {
 
@@ -88,20 +89,26 @@ QDate lastTradeDayBefore(const QDate& day)
 
 Result<QList<QDate>> tradeDatesOf(const QString& exchange)
 {
-    static QHash<QPair<QString, int>, QList<QDate>> known;
-    const QPair<QString, int> key{ exchange, clientToday().year() };
+    static QHash<QString, QList<QDate>> known;
+    static int version = 0;
+    if (std::exchange(version, ClosureFiles::version()) != ClosureFiles::version())
+        known.clear();
+    const int year = clientToday().year();
+    const QString key = exchange + QString::number(year);
     const auto found = known.constFind(key);
     if (found != known.cend())
         return *found;
     const TradeCalendar& calendar = ClosureFiles::calendar();
-    Result<QList<QDate>> days = calendar.tradeDays(exchange, firstKnownDay(calendar, exchange, key.second));
+    Result<QList<QDate>> days = calendar.tradeDays(exchange, firstKnownDay(calendar, exchange, year));
     if (days)
         known.insert(key, *days);
     return days;
 }
 
-Status checkCalendarEnd(const QDate& today)
+Status checkCalendar(const QDate& today)
 {
+    if (const Status status = ClosureFiles::status(); !status)
+        return status;
     const QDate last = ClosureFiles::calendar().lastKnownDay();
     const qint64 days = today.daysTo(last);
     if (days > WarningDays)

@@ -27,8 +27,9 @@ void setClientToday(const QDate& today);
 QDate lastTradeDayBefore(const QDate& day);
 
 /// Every day on which an exchange trades, ascending, from the first year of the calendar that is known without a gap
-/// before today's through the last. Computed once for each exchange and year of today.
+/// before today's through the last. Computed once for each exchange, year of today and version of
+/// the calendar.
 Result<QList<QDate>> tradeDatesOf(const QString& exchange);
 
-/// Fails from 90 days before the calendar's last known day.
-Status checkCalendarEnd(const QDate& today);
+/// Fails from 90 days before the calendar's last known day, and if the calendar lacks a file of closures.
+Status checkCalendar(const QDate& today);

@@ -35,23 +35,41 @@ Status store(const QByteArray& csv, const QString& path)
     return {};
 }
 
-TradeCalendar readAll()
-{
+struct Loaded {
     TradeCalendar calendar = TradeCalendar::builtIn();
-    const QStringList files = ClosureFiles::present();
-    for (const QString& file : files) {
-        const Result<QByteArray> csv = ClosureFiles::read(file);
-        const Status status = csv ? calendar.add(*csv) : csv.status();
-        if (!status)
-            qWarning().noquote() << "ClosureFiles::calendar" << file << errorText(status);
-    }
-    return calendar;
+    Status status;
+    int version = 0;
+};
+
+Status add(const QString& file, TradeCalendar& calendar)
+{
+    const Result<QByteArray> csv = ClosureFiles::read(file);
+    if (!csv)
+        return csv.status();
+    const Status added = calendar.add(*csv);
+    return added ? added : Status(Error::ClosureFileUnreadable, { file }, added);
 }
 
-TradeCalendar& loaded()
+Loaded readAll(int version)
 {
-    static TradeCalendar calendar = readAll();
-    return calendar;
+    Loaded read;
+    read.version = version;
+    const QStringList files = ClosureFiles::present();
+    for (const QString& file : files) {
+        const Status status = add(file, read.calendar);
+        if (status)
+            continue;
+        qWarning().noquote() << "ClosureFiles::calendar" << errorText(status);
+        if (read.status)
+            read.status = status;
+    }
+    return read;
+}
+
+Loaded& loaded()
+{
+    static Loaded present = readAll(0);
+    return present;
 }
 
 } // namespace
@@ -87,12 +105,22 @@ Result<QByteArray> ClosureFiles::read(const QString& path)
 
 const TradeCalendar& ClosureFiles::calendar()
 {
-    return loaded();
+    return loaded().calendar;
+}
+
+Status ClosureFiles::status()
+{
+    return loaded().status;
+}
+
+int ClosureFiles::version()
+{
+    return loaded().version;
 }
 
 void ClosureFiles::reload()
 {
-    loaded() = readAll();
+    loaded() = readAll(loaded().version + 1);
 }
 
 Result<QDate> ClosureFiles::install(const QString& path)

@@ -22,8 +22,12 @@ QStringList present();
 Result<QByteArray> read(const QString& path);
 
 /// The built-in calendar extended by the present files, as they were at the first call or the last `reload`. Leaves out
-/// a file that is invalid, with a warning in the log.
+/// a file that is invalid, with a warning in the log; see `status`.
 const TradeCalendar& calendar();
+/// Why the calendar lacks one of the present files; success if it has all of them.
+Status status();
+/// Grows with each `reload`.
+int version();
 /// Reads the files again. No other thread may use the calendar meanwhile.
 void reload();
 

@@ -74,7 +74,7 @@ int run(const Result<Options>& options, bool display, const std::function<int(co
         return refuse(Error::NoDisplay, false);
     if (const Status status = prepare(*options); !status)
         return refuse(status, options->wantsWindow() && isStartedByIcon());
-    if (const Status status = checkCalendarEnd(clientToday()); !status)
+    if (const Status status = checkCalendar(clientToday()); !status)
         printLine(stderr, QStringLiteral("plandesk: ") + errorText(status));
     return work(*options);
 }

@@ -244,7 +244,7 @@ void MainWindow::buildStatus()
 {
     // A message of the status bar itself would vanish as soon as a menu shows its own.
     statusBar()->addWidget(m_status, 1);
-    if (const Status status = checkCalendarEnd(clientToday()); !status) {
+    if (const Status status = checkCalendar(clientToday()); !status) {
         QLabel* const calendar = PlainText::newLabel(errorText(status), this);
         calendar->setObjectName(QStringLiteral("calendarEnd"));
         statusBar()->addPermanentWidget(calendar);
