@@ -333,8 +333,8 @@ private Q_SLOTS:
         act("action_pause");
         QVector<MessageBoxResponder::Box> seen;
         QTRY_VERIFY_WITH_TIMEOUT(!(seen += boxes().take()).isEmpty(), Patience);
-        QVERIFY2(seen.constFirst().text.endsWith(errorText(Error::DatabaseFileChanged)),
-            qPrintable(seen.constFirst().text));
+        QVERIFY2(
+            seen.constFirst().text.endsWith(errorText(Error::DatabaseFileChanged)), qPrintable(seen.constFirst().text));
         QCOMPARE(stored(plan).state, PlanState::Active);
         QCOMPARE(fileContent(), restored);
     }

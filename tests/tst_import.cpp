@@ -1,6 +1,7 @@
 #include "AccountStore.h"
 #include "AuthorityStore.h"
 #include "AutoPlanField.h"
+#include "ClientClock.h"
 #include "ClientSession.h"
 #include "ClosureFiles.h"
 #include "HistoryStore.h"
@@ -309,6 +310,7 @@ private Q_SLOTS:
         const auto history = HistoryStore(session.database()).ofPlan(PlanId::toNumber(plan.id).value_or(0));
         QCOMPARE(history->size(), 2);
         QCOMPARE(history->constFirst().user, ownUser("wang"));
+        QCOMPARE(history->constFirst().time.toUTC(), clientNow().toUTC());
         // Somebody else has changed the plan since the first file.
         QCOMPARE(import(first), Counts({ 0, 0, 0, 1 }));
         QCOMPARE(session.plans().plan(plan.id)->version, 2);
@@ -381,10 +383,13 @@ private Q_SLOTS:
     void closuresAreImportedAndExported()
     {
         const QString before = ClosureFiles::calendar().lastKnownDay().toString(Qt::ISODate);
+        const QString shanghai = Kelvo_Values::Exchange::sh;
+        QVERIFY(tradeDatesOf(shanghai)->constLast() <= QDate::fromString(before, Qt::ISODate));
         const ImportReport first = imported(text("closures"), sample(text("closures")));
         QCOMPARE(counts(first), Counts({ 0, 2, 0, 0 }));
         ClosureFiles::reload();
         QCOMPARE(ClosureFiles::calendar().lastKnownDay(), QDate(2028, 12, 31));
+        QCOMPARE(tradeDatesOf(shanghai)->constLast(), QDate(2028, 12, 29));
         const QVector<QStringList> rows = ClosureFiles::calendar().rows();
         QCOMPARE(
             rows.constLast(), QStringList({ text("mainland"), text("2028-01-03"), text("元旦"), text("provisional") }));

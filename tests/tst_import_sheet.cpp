@@ -61,12 +61,10 @@ private Q_SLOTS:
         QVERIFY(!restored.isEmpty());
         click("btn_import");
         waitForTheEnd();
-        QVERIFY2(
-            text("importText").contains(errorText(Error::DatabaseFileChanged)), qPrintable(text("importText")));
+        QVERIFY2(text("importText").contains(errorText(Error::DatabaseFileChanged)), qPrintable(text("importText")));
         QCOMPARE(fileContent(), restored);
         choose(file);
-        QVERIFY2(
-            text("importText").contains(errorText(Error::DatabaseFileChanged)), qPrintable(text("importText")));
+        QVERIFY2(text("importText").contains(errorText(Error::DatabaseFileChanged)), qPrintable(text("importText")));
         QCOMPARE(fileContent(), restored);
     }
 

@@ -292,8 +292,8 @@ void TestStoreReads::eachReadFindsEverythingOrFails()
             break;
     }
     QVERIFY(failures > 0);
-    reportFaults(QStringLiteral("reads, ") + QString::fromLatin1(QTest::currentDataTag()), failures + answers,
-        answers, complete, answers - complete);
+    reportFaults(QStringLiteral("reads, ") + QString::fromLatin1(QTest::currentDataTag()), failures + answers, answers,
+        complete, answers - complete);
     const Answer again = read();
     QCOMPARE(again.status(), Status());
     QCOMPARE(*again, *sound);
@@ -421,8 +421,7 @@ void TestStoreReads::aDayWhoseReadsFailIsIssuedWholeOrNotAtAll()
     }
     QVERIFY(refused > 20);
     const int stored = instructionCount();
-    reportFaults(
-        QStringLiteral("days, each read fails"), Plans * (refused + 1), Plans, stored, Plans - stored);
+    reportFaults(QStringLiteral("days, each read fails"), Plans * (refused + 1), Plans, stored, Plans - stored);
 }
 
 void TestStoreReads::aDayOnAFailingDiskIsIssuedInWholeParts_data()
@@ -467,8 +466,8 @@ void TestStoreReads::aDayOnAFailingDiskIsIssuedInWholeParts()
     QVERIFY2(refused > 12, qPrintable(QString::number(refused)));
     QCOMPARE(m_session->reopen(), Status());
     const int stored = instructionCount();
-    reportFaults(QStringLiteral("days, ") + QString::fromLatin1(QTest::currentDataTag()), plans * (refused + 1),
-        issued, stored, issued - stored);
+    reportFaults(QStringLiteral("days, ") + QString::fromLatin1(QTest::currentDataTag()), plans * (refused + 1), issued,
+        stored, issued - stored);
     QCOMPARE(stored, plans);
 }
 

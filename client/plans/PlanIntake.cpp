@@ -1,5 +1,6 @@
 #include "PlanIntake.h"
 
+#include "ClientClock.h"
 #include "Kelvo_Fields.h"
 #include "PlanFacts.h"
 #include "PlanLife.h"
@@ -88,5 +89,5 @@ Result<double> PlanIntake::sellable(const PlanStore::Record& record, const Secur
 
 Change PlanIntake::changeNow(const QString& request) const
 {
-    return { m_scene.user.id, QDateTime::currentDateTime(), request };
+    return { m_scene.user.id, clientNow(), request };
 }

@@ -96,7 +96,6 @@ QByteArray ClientWindowTest::restoreBackup()
 QByteArray ClientWindowTest::fileContent()
 {
     QFile file(session().file());
-    return file.open(QIODevice::ReadOnly) && !QFile::exists(file.fileName() + QStringLiteral("-wal"))
-        ? file.readAll()
-        : QByteArray();
+    return file.open(QIODevice::ReadOnly) && !QFile::exists(file.fileName() + QStringLiteral("-wal")) ? file.readAll()
+                                                                                                      : QByteArray();
 }

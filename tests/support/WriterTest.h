@@ -30,7 +30,8 @@ protected:
     void killWriters();
     /// Waits until they end by themselves.
     void finishWriters();
-    /// Waits until the running writers got so many more acknowledgements, or refusals for a reason. False if they do not.
+    /// Waits until the running writers got so many more acknowledgements, or refusals for a reason. False if they do
+    /// not.
     [[nodiscard]] bool waitForAcknowledged(int number) { return waitFor(number, QStringLiteral("\nstored ")); }
     [[nodiscard]] bool waitForRefused(int number, const QString& reason) { return waitFor(number, reason); }
     /// How often writers were refused, for whatever reason.
