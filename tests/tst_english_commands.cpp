@@ -92,7 +92,8 @@ private Q_SLOTS:
         check(onDatabase("--issue-day=2024-05-06 --securities=500"), 2);
         check(onDatabase("--issue-day=2024-05-07"), 1);
         check(onDatabase("history AP00000099"), 1);
-        check(onDatabase("admin list"), 1);
+        check(onDatabase("admin list"), 0);
+        check(onDatabase("admin revoke trader01"), 1);
         check(onDatabase("move-to elsewhere.sqlite"), 1);
         check(onDatabase("import stocks x.csv"), 1);
         check(onDatabase("import plans x.csv --replace"), 1);
