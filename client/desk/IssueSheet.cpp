@@ -123,9 +123,12 @@ void IssueSheet::openToday()
     raise();
     activateWindow();
     m_close->setFocus();
-    m_mustRead = m_work.isRunning() && !m_isBusy;
-    if (!m_work.isRunning())
+    if (!m_work.isRunning()) {
         readPlans();
+    } else if (!m_isBusy) {
+        m_mustRead = true;
+        showWork(tr("正在读取当日的计划……"), 0);
+    }
 }
 
 void IssueSheet::reject()
@@ -203,8 +206,8 @@ void IssueSheet::showComputed(const Status& read, IssueSheetRows& rows)
         readPlans();
     else if (isOutdated)
         computeAgain();
-    else if (!read && !m_text->text().endsWith(errorText(read)))
-        m_text->setText(m_text->text() + QLatin1Char('\n') + errorText(read));
+    else if (!read)
+        m_sums->setText(errorText(read));
 }
 
 /// False if another day has begun since the plans were read; they are read again.
