@@ -211,6 +211,30 @@ private Q_SLOTS:
         QCOMPARE(news.count(), 0);
     }
 
+    // The COMMIT of the last instructions was not answered, but they are stored.
+    void theFailureStaysIfPlansBehindItWereNotTried_data()
+    {
+        QTest::addColumn<bool>("hasRest");
+        QTest::addColumn<Status>("expected");
+        QTest::newRow("plans were not tried") << true << Status(Error::ConnectionLost);
+        QTest::newRow("all plans were tried") << false << Status();
+    }
+
+    void theFailureStaysIfPlansBehindItWereNotTried()
+    {
+        QFETCH(const bool, hasRest);
+        QFETCH(const Status, expected);
+        session().create(SampleSession::record());
+        const QStringList stored = InstructionIssuer::issueDay(Monday)->issued;
+        IssueResult result;
+        result.failure = Error::ConnectionLost;
+        result.unknown = stored;
+        result.hasRest = hasRest;
+        InstructionIssuer::finish(result);
+        QCOMPARE(result.failure, expected);
+        QCOMPARE(result.issued, stored);
+    }
+
     void theNextDayTakesWhatIsLeftAndThenNothing()
     {
         const QString plan = session().create(SampleSession::record());

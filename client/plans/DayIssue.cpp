@@ -394,6 +394,7 @@ IssueResult DayIssue::issue(const QStringList& planIds, const Confirmed* confirm
         result.failure = m_database.transaction([&] { return plans.issue(ids, confirmed, some); });
         if (!result.failure) {
             result.unknown = m_database.commitFailed() ? some.issued : QStringList();
+            result.hasRest = first + PlansPerTransaction < planIds.size();
             break;
         }
         result.issued += some.issued;

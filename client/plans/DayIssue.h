@@ -70,6 +70,8 @@ struct IssueResult {
     Status failure;
     /// Instructions that may be stored all the same, because the failure was that of a COMMIT.
     QStringList unknown;
+    /// Whether there are plans behind those of the failure, which were not tried.
+    bool hasRest = false;
     bool cancelled = false;
 };
 

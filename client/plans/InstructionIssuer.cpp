@@ -56,9 +56,11 @@ Result<IssueResult> InstructionIssuer::issueDay(const QDate& day, IssueMode mode
 void InstructionIssuer::finish(IssueResult& result)
 {
     if (!result.unknown.isEmpty()) {
-        result.failure = lookUp(result.unknown, result.failure);
-        if (result.failure)
+        const Status looked = lookUp(result.unknown, result.failure);
+        if (looked)
             result.issued += result.unknown;
+        if (!looked || !result.hasRest)
+            result.failure = looked;
         result.unknown.clear();
     }
     if (!result.issued.isEmpty() || !result.skipped.isEmpty())
