@@ -2,6 +2,7 @@
 
 #include "AutoPlanLogic.h"
 
+#include <QElapsedTimer>
 #include <QSqlDatabase>
 #include <QSqlDriver>
 
@@ -28,7 +29,11 @@ bool isLog(int file)
 int count(long systemCall, int file)
 {
     ++(isLog(file) ? syncs.log : syncs.other);
-    return static_cast<int>(syscall(systemCall, file));
+    QElapsedTimer timer;
+    timer.start();
+    const auto result = static_cast<int>(syscall(systemCall, file));
+    syncs.nanoseconds += timer.nsecsElapsed();
+    return result;
 }
 
 /// Returns the session's connection, which is the first one opened.

@@ -7,9 +7,10 @@
 namespace Syncs {
 
 struct Counts {
-    int log = 0;         ///< flushes of SQLite's log
-    int other = 0;       ///< flushes of other files
-    qint64 logBytes = 0; ///< written to the log by the session
+    int log = 0;            ///< flushes of SQLite's log
+    int other = 0;          ///< flushes of other files
+    qint64 logBytes = 0;    ///< written to the log by the session
+    qint64 nanoseconds = 0; ///< spent in flushes
 };
 
 /// Resets the counters.
