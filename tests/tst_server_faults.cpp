@@ -115,9 +115,8 @@ private Q_SLOTS:
         startWriters(Writers, 0);
         for (int i = 0; i < rounds(); ++i) {
             QVERIFY(waitForAcknowledged(3 * Writers));
-            const int before = refusals();
             FaultServer::fillDisk(LogFiles);
-            const bool areRefused = waitForRefusals(before + Writers);
+            const bool areRefused = waitUntilEachIsRefused();
             FaultServer::makeRoom();
             QVERIFY(areRefused);
             FaultServer::stop(QStringLiteral("immediate"));
@@ -145,10 +144,9 @@ private Q_SLOTS:
         startWriters(Writers, 0);
         for (int i = 0; i < rounds(); ++i) {
             QVERIFY(waitForAcknowledged(3 * Writers));
-            const int before = refusals();
             proxy.stall();
             // Each writer is refused and waits for the connection.
-            const bool areRefused = waitForRefusals(before + Writers);
+            const bool areRefused = waitUntilEachIsRefused();
             proxy.resume();
             QVERIFY(areRefused);
         }

@@ -8,6 +8,9 @@
 #include "PlanStore.h"
 #include "TestStatus.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace {
 
 // Long, so that a busy machine does not fail a test.
@@ -84,9 +87,20 @@ bool WriterTest::waitFor(int number, const QString& answer)
     return QTest::qWaitFor([this, wanted, answer] { return count(answer) >= wanted; }, Timeout);
 }
 
-bool WriterTest::waitForRefusals(int total)
+bool WriterTest::waitUntilEachIsRefused()
 {
-    return QTest::qWaitFor([this, total] { return refusals() >= total; }, Timeout);
+    const QByteArray refused("\nrefused ");
+    std::vector<int> before;
+    for (const auto& writer : m_writers) {
+        const QByteArray output = writer->output();
+        const bool isWaiting = output.lastIndexOf(refused) >= qMax(0, output.lastIndexOf('\n', -2));
+        before.push_back(isWaiting ? -1 : output.count(refused));
+    }
+    const auto areRefused = [&] {
+        return std::equal(m_writers.cbegin(), m_writers.cend(), before.cbegin(),
+            [&](const auto& writer, int former) { return writer->output().count(refused) > former; });
+    };
+    return QTest::qWaitFor(areRefused, Timeout);
 }
 
 void WriterTest::checkStored(const QString& what)

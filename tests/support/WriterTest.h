@@ -34,9 +34,8 @@ protected:
     /// not.
     [[nodiscard]] bool waitForAcknowledged(int number) { return waitFor(number, QStringLiteral("\nstored ")); }
     [[nodiscard]] bool waitForRefused(int number, const QString& reason) { return waitFor(number, reason); }
-    /// How often writers were refused, for whatever reason.
-    int refusals() { return count(QStringLiteral("\nrefused ")); }
-    [[nodiscard]] bool waitForRefusals(int total);
+    /// Waits until each running writer was refused, for any reason, or still waits after an earlier refusal.
+    [[nodiscard]] bool waitUntilEachIsRefused();
 
     /// Whether everything that was acknowledged is stored, whole and once. Prints the figures.
     void checkStored(const QString& what);
