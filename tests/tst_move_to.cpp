@@ -110,11 +110,13 @@ private Q_SLOTS:
                      {}),
             names);
         Server server;
-        QCOMPARE(*server.administration.database().texts(
-                     line("SELECT CAST(relname AS text) FROM pg_class WHERE relkind = 'r' AND relnamespace ="
-                          " 'plandesk'::regnamespace AND relname NOT IN ('schema_version', 'rights_history', 'facts_version')"
-                          " ORDER BY relname COLLATE \"C\""),
-                     {}),
+        QCOMPARE(
+            *server.administration.database().texts(
+                line(
+                    "SELECT CAST(relname AS text) FROM pg_class WHERE relkind = 'r' AND relnamespace ="
+                    " 'plandesk'::regnamespace AND relname NOT IN ('schema_version', 'rights_history', 'facts_version')"
+                    " ORDER BY relname COLLATE \"C\""),
+                {}),
             names);
     }
 

@@ -52,8 +52,8 @@ AlgoErrorCode AlgorithmChoice::takeStrategy(const QMap<QString, QVariant>& data,
 {
     m_confirmed.clear();
     const StrategyDefinition strategy = StrategyLibrary::instance().strategy(name);
-    const Status status =
-        strategy.name.isEmpty() ? Error::UnknownStrategy : StrategyRules::check(strategy, parameterValues(strategy, data));
+    const Status status = strategy.name.isEmpty() ? Error::UnknownStrategy
+                                                  : StrategyRules::check(strategy, parameterValues(strategy, data));
     if (!status) {
         qWarning().noquote() << "AlgorithmChoice::takeStrategy" << name.left(64) << errorText(status).left(200);
         return AlgoErrorCode::UnknownStrategy;

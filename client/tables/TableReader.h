@@ -31,7 +31,8 @@ using Progress = std::function<bool(qint64 bytes)>;
 
 /// Reads a table row by row: a workbook's first sheet (XLSX), a JSON array of objects, whose keys are the first row, or
 /// CSV as of RFC 4180 with commas, tabs or semicolons, in UTF-8 or GB18030. The contents tell which it is. Rows without
-/// any text are left out. `line` is that of the last row, or of what is wrong; 0 for a JSON array without objects, which has no keys.
+/// any text are left out. `line` is that of the last row, or of what is wrong; 0 for a JSON array without objects,
+/// which has no keys.
 Status read(QIODevice& device, qint64& line, const Take& take, const Progress& progress = {});
 
 /// The text of a number in a table: fifteen digits, as spreadsheets show them, without an exponent.
