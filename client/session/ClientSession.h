@@ -55,8 +55,9 @@ public:
     const Market& market() const { return m_market.market(); }
     const AccountDirectory& accounts() const { return m_accounts; }
     /// Reads the accounts and rights again if others may have changed them. If it fails, those that were read before
-    /// stay. Whoever kept some of them must read them again if the number of the accounts has changed, too.
+    /// stay.
     Status refreshAccounts();
+    /// Changes with the accounts and rights: a caller that keeps a copy of them reads it again when this differs.
     int accountsNumber() const { return m_accountsNumber; }
     const TradeCalendar& calendar() const { return ClosureFiles::calendar(); }
     Database& database() { return m_database; }
