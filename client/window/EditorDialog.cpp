@@ -6,17 +6,15 @@
 #include "ChangeNotice.h"
 #include "ClientSession.h"
 #include "ConflictDialog.h"
-#include "DateField.h"
 #include "FormArrangement.h"
+#include "FormDates.h"
 #include "FormInputs.h"
 #include "MessageFocus.h"
-#include "OrloDoubleSpinBox.h"
 #include "OrloWidget.h"
 #include "PlanCodes.h"
 #include "PlanEvents.h"
 #include "PlanSubmission.h"
 #include "Popups.h"
-#include "VorSearchBox.h"
 #include "WindowPlace.h"
 
 #include <QAbstractButton>
@@ -92,7 +90,7 @@ EditorDialog::EditorDialog()
     connect(&PlanEvents::instance(), &PlanEvents::planRefused, this, [this] { m_isSending = false; });
     connect(&PlanEvents::instance(), &PlanEvents::outcomeUnknown, this, [this] {
         if (std::exchange(m_isSending, false))
-            m_sentWith = contents();
+            m_sentWith = FormInputs::contents(*m_editor);
     });
     connect(this, &QDialog::finished, &m_changes, &QTimer::stop);
     connect(this, &QDialog::finished, this, &EditorDialog::unpin);
@@ -169,7 +167,7 @@ void EditorDialog::setSkin(const QString& sheet)
 
 bool EditorDialog::isChanged() const
 {
-    return isVisible() && m_storedPlan.isEmpty() && contents() != m_openedWith;
+    return isVisible() && m_storedPlan.isEmpty() && FormInputs::contents(*m_editor) != m_openedWith;
 }
 
 void EditorDialog::leave()
@@ -209,9 +207,7 @@ void EditorDialog::prepare(const QString& title)
         makeEditor();
         return;
     }
-    const QList<DateField*> dates = m_editor->findChildren<DateField*>();
-    for (DateField* const date : dates)
-        date->forgetEntered();
+    FormDates::forgetEntered(*m_editor);
     m_editor->resetEnable();
 }
 
@@ -227,8 +223,8 @@ void EditorDialog::makeEditor()
         m_editor->loadSkin(m_skin);
     connect(m_editor, &AutoParamSetting::signalBtnCancelClicked, this, &EditorDialog::leave);
     m_area->setWidget(m_editor);
-    tabThroughDates();
-    keepDates();
+    FormDates::tabThrough(*m_editor);
+    FormDates::keepEntered(*m_editor);
     FormInputs::provideUnits(*m_editor);
     connect(new MessageFocus(m_editor), &MessageFocus::fieldShown, m_area,
         [this](QWidget* field) { m_area->ensureWidgetVisible(field); });
@@ -266,34 +262,6 @@ void EditorDialog::focusAdvisor()
         return;
     QWidget* const field = m_lastField ? m_lastField.data() : firstField(m_editor);
     field->setFocus(Qt::ShortcutFocusReason);
-}
-
-// The form's own order has the dates at the end; they are below the executing user.
-void EditorDialog::tabThroughDates()
-{
-    QWidget* before = m_editor->findChild<QWidget*>(QStringLiteral("combx_assignTo"));
-    for (const char* const name : { "date_effectivePeriod_Multi", "date_effectivePeriod_Single" }) {
-        auto* const dates = m_editor->findChild<QWidget*>(QLatin1String(name));
-        QWidget::setTabOrder(before, dates);
-        before = dates;
-    }
-}
-
-// With another security the editor sets the first dates that its exchange offers.
-void EditorDialog::keepDates()
-{
-    const auto* const box = m_editor->findChild<VorSearchBox*>(QStringLiteral("le_symbol"));
-    connect(box, &VorSearchBox::selectStockCodeChange, m_editor, [editor = m_editor] {
-        // A start may move the end, which then forgets what was entered.
-        QVector<std::pair<DateField*, QString>> entered;
-        const QList<DateField*> dates = editor->findChildren<DateField*>();
-        for (DateField* const date : dates) {
-            if (const auto text = date->entered())
-                entered.append({ date, *text });
-        }
-        for (const auto& [date, text] : qAsConst(entered))
-            date->enter(text);
-    });
 }
 
 // The trader's choices show and hide rows, and no row may be compressed.
@@ -338,7 +306,7 @@ void EditorDialog::present()
     m_area->verticalScrollBar()->setValue(0);
     raise();
     activateWindow();
-    m_openedWith = contents();
+    m_openedWith = FormInputs::contents(*m_editor);
 }
 
 // As a click on OK. A field takes its text when it loses the focus.
@@ -391,7 +359,7 @@ void EditorDialog::unpin()
 
 void EditorDialog::closeStored()
 {
-    if (!isVisible() || contents() != m_sentWith)
+    if (!isVisible() || FormInputs::contents(*m_editor) != m_sentWith)
         return;
     // The form was not cleared.
     m_holdsValues = true;
@@ -437,20 +405,4 @@ void EditorDialog::showConflict(const PlanConflict& conflict)
         lookForChange();
     });
     dialog->open();
-}
-
-QStringList EditorDialog::contents() const
-{
-    QStringList texts;
-    const QList<QComboBox*> boxes = m_editor->findChildren<QComboBox*>();
-    const QList<QLineEdit*> inputs = m_editor->findChildren<QLineEdit*>();
-    for (const QComboBox* box : boxes)
-        texts << box->objectName() + QLatin1Char('=') + box->currentText();
-    for (const QLineEdit* line : inputs) {
-        // A number is shown in other forms with and without the focus.
-        const auto* const number = qobject_cast<OrloDoubleSpinBox*>(line->parent());
-        const bool isNumber = number && !number->GetStrValue().isEmpty();
-        texts << line->parent()->objectName() + QLatin1Char('=') + (isNumber ? number->GetStrValue() : line->text());
-    }
-    return texts;
 }

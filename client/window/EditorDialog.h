@@ -69,8 +69,6 @@ private:
     void prepare(const QString& title);
     void makeEditor();
     void focusAdvisor();
-    void tabThroughDates();
-    void keepDates();
     void present();
     void fit();
     void followChanges();
@@ -81,7 +79,6 @@ private:
     void unpin();
     void noteConflict(const PlanConflict& conflict);
     void showConflict(const PlanConflict& conflict);
-    QStringList contents() const;
 
     ChangeNotice* m_notice;
     QScrollArea* m_area;

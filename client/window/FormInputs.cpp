@@ -4,9 +4,12 @@
 #include "FieldUnit.h"
 #include "OrloBusinessDataInterface.h"
 #include "OrloDecimalLineEdit.h"
+#include "OrloDoubleSpinBox.h"
 #include "VorSearchBox.h"
 
+#include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 
 namespace {
 
@@ -40,4 +43,20 @@ Status FormInputs::checkTyped(const QWidget& form)
 {
     const QWidget* const field = refusedField(form);
     return field ? Status(Error::InputRefused, { field->accessibleName(), FieldMark::refusedInput(field) }) : Status();
+}
+
+QStringList FormInputs::contents(const QWidget& form)
+{
+    QStringList texts;
+    const QList<QComboBox*> boxes = form.findChildren<QComboBox*>();
+    const QList<QLineEdit*> inputs = form.findChildren<QLineEdit*>();
+    for (const QComboBox* box : boxes)
+        texts << box->objectName() + QLatin1Char('=') + box->currentText();
+    for (const QLineEdit* line : inputs) {
+        // A number is shown in other forms with and without the focus.
+        const auto* const number = qobject_cast<OrloDoubleSpinBox*>(line->parent());
+        const bool isNumber = number && !number->GetStrValue().isEmpty();
+        texts << line->parent()->objectName() + QLatin1Char('=') + (isNumber ? number->GetStrValue() : line->text());
+    }
+    return texts;
 }

@@ -2,6 +2,8 @@
 
 #include "Status.h"
 
+#include <QStringList>
+
 class QWidget;
 
 // What the window adds to the inputs of a form, which it knows by their object names.
@@ -16,5 +18,8 @@ QWidget* refusedField(const QWidget& form);
 
 /// The same as a failure for the trader; success if there is none.
 Status checkTyped(const QWidget& form);
+
+/// The name and the content of each box and line, to be compared.
+QStringList contents(const QWidget& form);
 
 } // namespace FormInputs
