@@ -9,7 +9,6 @@
 #include "Kelvo_Values.h"
 #include "Orlo_Values.h"
 #include "PlanCodes.h"
-#include "PositionStore.h"
 #include "SecurityStore.h"
 #include "SessionTest.h"
 #include "TradeHours.h"
@@ -93,7 +92,7 @@ private Q_SLOTS:
 
     void aSaleIsAtMostWhatMayBeSold()
     {
-        setSellable(700);
+        QCOMPARE(session().setHoldings(700), Status());
         const QString plan = session().create(sale(QStringLiteral("1000")));
         QVERIFY2(!plan.isEmpty(), qPrintable(session().reason()));
         QCOMPARE(InstructionIssuer::issueDay(Monday)->issued.size(), 1);
@@ -102,7 +101,7 @@ private Q_SLOTS:
 
     void whatOnePlanSellsIsMissingForTheNext()
     {
-        setSellable(1200);
+        QCOMPARE(session().setHoldings(1200), Status());
         const QStringList plans{ session().create(sale(QStringLiteral("1000"))),
             session().create(sale(QStringLiteral("1000"))), session().create(sale(QStringLiteral("1000"))) };
         const auto result = InstructionIssuer::issueDay(Monday);
@@ -116,9 +115,9 @@ private Q_SLOTS:
     void thePreviewOfManyIsWhatIsIssuedOfThem()
     {
         constexpr int Plans = 1003;
-        setSellable(1000 * 300 - 200);
+        QCOMPARE(session().setHoldings(1000 * 300 - 200), Status());
         session().create(sale(QStringLiteral("300")));
-        multiply(Plans);
+        QCOMPARE(session().multiply(Plans), Status());
         const QVector<IssueRow> rows = previewOf(Monday);
         QVector<ConfirmedOrder> orders;
         for (const IssueRow& row : rows) {
@@ -231,7 +230,7 @@ private Q_SLOTS:
     {
         constexpr int PlansOfFirstPart = 500;
         session().create(SampleSession::record());
-        multiply(PlansOfFirstPart + 2);
+        QCOMPARE(session().multiply(PlansOfFirstPart + 2), Status());
         DayIssue issue(ClientSession::instance().database(), InstructionIssuer::scene(Monday));
         QVector<int> told;
         const auto cancel = [&told](int done) {
@@ -324,32 +323,6 @@ private:
             counts << database.value(QStringLiteral("SELECT count(*) FROM ") + QLatin1String(table))->toString();
         return counts.join(QLatin1Char(' '))
             + database.value(QStringLiteral("SELECT count(*) FROM plans WHERE completed_day IS NOT NULL"))->toString();
-    }
-
-    void setSellable(qint64 quantity) const
-    {
-        Database file;
-        QCOMPARE(file.open(session().ownersFile()), Status());
-        const Record record = SampleSession::record();
-        const auto text = [&record](const QString& key) { return record.value(key).toString(); };
-        QCOMPARE(PositionStore(file).set({ text(Kelvo_Fields::UserAccount::tradingAccount),
-                     text(Kelvo_Fields::UserAccount::securityAccount), text(Kelvo_Fields::Security::symbol), quantity,
-                     quantity }),
-            Status());
-    }
-
-    /// Copies the only plan until there are `count`.
-    void multiply(int count) const
-    {
-        Database file;
-        QCOMPARE(file.open(session().ownersFile()), Status());
-        const QString columns = QStringLiteral("version, creator, created_time, changed_time, plan_type,"
-                                               " instruction_type, trading_account, symbol, side, begin_date,"
-                                               " end_date, fields");
-        for (int i = 1; i < count; ++i)
-            QCOMPARE(file.execute(
-                         QStringLiteral("INSERT INTO plans (%1) SELECT %1 FROM plans WHERE number = 1").arg(columns)),
-                Status());
     }
 };
 

@@ -149,7 +149,7 @@ private Q_SLOTS:
 
     void onlyWhatWasConfirmedGoesOut()
     {
-        setHoldings(200000);
+        QCOMPARE(session().setHoldings(200000), Status());
         for (const char* const quantity : { "150000", "100000" })
             QVERIFY(!session().create(sale(QLatin1String(quantity))).isEmpty());
         openSheet(2);
@@ -175,7 +175,7 @@ private Q_SLOTS:
 
     void aPlanThatCannotBeIssuedBesideAnotherComesBack()
     {
-        setHoldings(1000);
+        QCOMPARE(session().setHoldings(1000), Status());
         for (int i = 0; i < 2; ++i)
             QVERIFY(!session().create(sale(QStringLiteral("1000"))).isEmpty());
         openSheet(2);
@@ -247,7 +247,7 @@ private Q_SLOTS:
     {
         constexpr int PlansOfFirstPart = 500;
         createSamples(1);
-        multiply(PlansOfFirstPart + 2);
+        QCOMPARE(session().multiply(PlansOfFirstPart + 2), Status());
         openSheet(PlansOfFirstPart + 2);
         const QString done = QStringLiteral("已下达%1条，此前已下达0个，未下达0个。");
         whileAnotherClientWrites([this] {
@@ -271,7 +271,7 @@ private Q_SLOTS:
 
     void whatIsSoldCannotBeSoldAgain()
     {
-        setHoldings(1000);
+        QCOMPARE(session().setHoldings(1000), Status());
         for (int i = 0; i < 2; ++i)
             QVERIFY(!session().create(sale(QStringLiteral("1000"))).isEmpty());
         openSheet(2);
@@ -290,7 +290,7 @@ private Q_SLOTS:
 
     void whatIsBoughtCanBeSoldOnTheNextDay()
     {
-        setHoldings(0);
+        QCOMPARE(session().setHoldings(0), Status());
         createSamples(1);
         QVERIFY(!session().create(sale(QStringLiteral("300"))).isEmpty());
         openSheet(2);
@@ -391,7 +391,7 @@ private Q_SLOTS:
     void aChangeOfStatesIsCancelled()
     {
         createSamples(1);
-        multiply(1200);
+        QCOMPARE(session().multiply(1200), Status());
         openWindow();
         whileAnotherClientWrites([this] {
             boxOf([this] { act("action_pauseAll"); }, "msgBoxQuestion");
@@ -515,18 +515,6 @@ private:
             Kelvo_Values::OrderSide::sell);
     }
 
-    void setHoldings(qint64 quantity) const
-    {
-        Database file;
-        QCOMPARE(file.open(session().ownersFile()), Status());
-        const auto record = SampleSession::record();
-        const auto text = [&record](const QString& key) { return record.value(key).toString(); };
-        QCOMPARE(PositionStore(file).set({ text(Kelvo_Fields::UserAccount::tradingAccount),
-                     text(Kelvo_Fields::UserAccount::securityAccount), text(Kelvo_Fields::Security::symbol), quantity,
-                     quantity }),
-            Status());
-    }
-
     static Change byColleague() { return { QStringLiteral("trader03"), clientNow() }; }
 
     void changeByColleague(const QString& plan) const
@@ -578,22 +566,6 @@ private:
         QAction* const plans = bar->actions().constFirst();
         QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(plans).center());
         clickOn(plans->menu(), name);
-    }
-
-    /// Copies the only plan until there are `count`.
-    void multiply(int count) const
-    {
-        Database file;
-        QCOMPARE(file.open(session().ownersFile()), Status());
-        const QString columns = QStringLiteral("version, creator, created_time, changed_time, plan_type,"
-                                               " instruction_type, trading_account, symbol, side, begin_date,"
-                                               " end_date, fields");
-        QCOMPARE(file.execute(QStringLiteral("INSERT INTO plans (%1) WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL"
-                                             " SELECT i + 1 FROM n WHERE i + 1 < ?) SELECT %1 FROM n, plans"
-                                             " WHERE number = 1")
-                                  .arg(columns),
-                     { count }),
-            Status());
     }
 
     /// Does something while writing is not possible.

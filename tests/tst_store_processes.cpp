@@ -234,17 +234,7 @@ private:
         QCOMPARE(m_session->reopen(), Status());
         QVERIFY(!m_session->create(SampleSession::record()).isEmpty());
         ClientSession::instance().close();
-        Database file;
-        QCOMPARE(file.open(m_session->file()), Status());
-        const QString columns = QStringLiteral("version, creator, created_time, changed_time, plan_type,"
-                                               " instruction_type, trading_account, symbol, side, begin_date,"
-                                               " end_date, fields");
-        QCOMPARE(file.execute(QStringLiteral("INSERT INTO plans (%1) WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL"
-                                             " SELECT i + 1 FROM n WHERE i + 1 < ?) SELECT %1 FROM n, plans"
-                                             " WHERE number = 1")
-                                  .arg(columns),
-                     { DayPlans }),
-            Status());
+        QCOMPARE(m_session->multiply(DayPlans), Status());
     }
 
     /// How many instructions there are, of how many plans, and how many entries of the history.

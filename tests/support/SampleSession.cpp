@@ -10,6 +10,7 @@
 #include "OrloBusinessDataInterface.h"
 #include "Orlo_Fields.h"
 #include "PlanCodes.h"
+#include "PositionStore.h"
 #include "SampleData.h"
 #include "SecurityStore.h"
 
@@ -97,6 +98,30 @@ QString SampleSession::create(const QMap<QString, QVariant>& record)
 {
     m_reason = AutoPlanLogic::instance().CreateNewPlan(record);
     return m_reason.isEmpty() ? ClientSession::instance().plans().page(0, 1)->value(0).id : QString();
+}
+
+Status SampleSession::multiply(int count) const
+{
+    Database file;
+    if (Status status = file.open(ownersFile()); !status)
+        return status;
+    const QString columns = QStringLiteral("version, creator, created_time, changed_time, plan_type, instruction_type,"
+                                           " trading_account, symbol, side, begin_date, end_date, fields");
+    return file.execute(QStringLiteral("INSERT INTO plans (%1) WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL"
+                                       " SELECT i + 1 FROM n WHERE i + 1 < ?) SELECT %1 FROM n, plans WHERE number = 1")
+                            .arg(columns),
+        { count });
+}
+
+Status SampleSession::setHoldings(qint64 quantity) const
+{
+    Database file;
+    if (Status status = file.open(ownersFile()); !status)
+        return status;
+    const auto plan = record();
+    const auto text = [&plan](const QString& key) { return plan.value(key).toString(); };
+    return PositionStore(file).set({ text(Kelvo_Fields::UserAccount::tradingAccount),
+        text(Kelvo_Fields::UserAccount::securityAccount), text(Kelvo_Fields::Security::symbol), quantity, quantity });
 }
 
 QMap<QString, QVariant> with(QMap<QString, QVariant> record, const QString& key, const QString& value)

@@ -43,6 +43,10 @@ public:
     QString create(const QMap<QString, QVariant>& record);
     /// What the plan service answered to the last `create`.
     QString reason() const { return m_reason; }
+    /// Copies the only plan until there are `count`, without a history.
+    Status multiply(int count) const;
+    /// Sets how many shares of the record's security its account holds and may sell.
+    Status setHoldings(qint64 quantity) const;
 
 private:
     Status open(const QString& userId, int marketSize);
