@@ -253,6 +253,28 @@ private Q_SLOTS:
         QCOMPARE(entries.at(0).plan.id, plans.at(3));
     }
 
+    void aDamagedEntryIsNotShownAsAnotherState_data()
+    {
+        QTest::addColumn<QString>("after");
+        QTest::newRow("no state") << QStringLiteral("{\"state\":\"gone\"}");
+        QTest::newRow("nothing") << QStringLiteral("{}");
+    }
+
+    void aDamagedEntryIsNotShownAsAnotherState()
+    {
+        QFETCH(QString, after);
+        session().create(SampleSession::record());
+        Database database;
+        QCOMPARE(database.open(session().ownersFile()), Status());
+        const Result<qint64> number = database.insert(
+            QStringLiteral("INSERT INTO history (event, plan, version, before, after, \"user\", time, client)"
+                           " VALUES ('state changed', 1, 1, '{\"state\":\"active\"}', ?, ?, ?, 'c') RETURNING number"),
+            { after, Trader, QStringLiteral("2024-05-06T02:00:00.000Z") });
+        QCOMPARE(number.status(), Status());
+        const Status damaged(Error::DamagedHistory, { QString::number(*number) });
+        QCOMPARE(journalStore().page({ Monday, QString(), 0, 100 }).status(), damaged);
+    }
+
     void theJournalHasOnlyPlansThatTheUserSees()
     {
         issue({ session().create(SampleSession::record()) }, Monday);

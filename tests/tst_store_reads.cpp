@@ -1,5 +1,4 @@
 #include "AgreementDC.h"
-#include "AgreementStore.h"
 #include "AutoPlanField.h"
 #include "AutoPlanLogic.h"
 #include "BondConversion.h"
@@ -7,7 +6,6 @@
 #include "CDataBase.h"
 #include "ClientClock.h"
 #include "ClientSession.h"
-#include "ConfigurationStore.h"
 #include "FaultyDisk.h"
 #include "InstructionBusinessDataInterface.h"
 #include "InstructionIssuer.h"
@@ -19,12 +17,10 @@
 #include "PlanCodes.h"
 #include "PlanEvents.h"
 #include "PlanLedger.h"
-#include "PositionStore.h"
 #include "SampleSession.h"
-#include "SecurityStore.h"
+#include "StoreReads.h"
 #include "StrategyLibrary.h"
 #include "TestStatus.h"
-#include "UserStore.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -45,140 +41,10 @@ namespace {
 constexpr int LongestWait = 3000;
 constexpr int MostReads = 2000;
 const QString Account = QStringLiteral("100001");
-QString share; ///< the symbol of the stored plans
 
 ClientSession& client()
 {
     return ClientSession::instance();
-}
-
-/// What a read finds, or its failure.
-using Answer = Result<QStringList>;
-using Read = std::function<Answer()>;
-
-template <typename T> Answer counted(const Result<T>& read)
-{
-    return read ? Answer(QStringList{ QString::number(*read) }) : read.status();
-}
-
-template <typename T, typename Text> Answer listed(const Result<T>& read, Text text)
-{
-    if (!read)
-        return read.status();
-    QStringList texts;
-    for (const auto& each : *read)
-        texts << text(each);
-    return texts;
-}
-
-/// Every read of the store by its name, on the first stored plan.
-QVector<QPair<const char*, Read>> reads()
-{
-    static const QString plan = QStringLiteral("AP00000001");
-    return {
-        { "users",
-            [] {
-                return listed(UserStore(client().database()).users(), [](const StoredUser& user) { return user.id; });
-            } },
-        { "one user",
-            [] {
-                const auto user = UserStore(client().database()).user(QStringLiteral("trader02"));
-                return user ? Answer(QStringList{ user->id, user->name }) : user.status();
-            } },
-        { "accounts",
-            [] {
-                return listed(AccountStore(client().database()).accountsOf(QStringLiteral("trader01")),
-                    [](const StoredAccount& account) {
-                        return account.tradingAccount + account.exchangeAccounts.values().join(QLatin1Char(','));
-                    });
-            } },
-        { "rights",
-            [] {
-                const auto rights =
-                    AuthorityStore(client().database())
-                        .rights(QStringLiteral("trader01"), QStringLiteral("100002"), InstructionType::Ordinary);
-                if (!rights)
-                    return Answer(rights.status());
-                return Answer(QStringList{
-                    QString::number(int(rights->authority)), QString::number(rights->ruleProperty), rights->chainKey });
-            } },
-        { "executors",
-            [] {
-                return AuthorityStore(client().database())
-                    .chainUsers(client().accounts().chainKey(Account, InstructionType::Ordinary), ChainRole::Execute);
-            } },
-        { "agreement",
-            [] {
-                const auto agreement =
-                    AgreementStore(client().database()).agreement(Orlo_Values::ProtocolId::AutoPlanReduceAgree);
-                return agreement ? Answer(QStringList{ agreement->title, agreement->content }) : agreement.status();
-            } },
-        { "signature",
-            [] {
-                const auto time =
-                    AgreementStore(client().database())
-                        .signedTime(Orlo_Values::ProtocolId::AutoPlanReduceAgree, QStringLiteral("C10001"));
-                return time ? Answer(QStringList{ time->toString(Qt::ISODate) }) : time.status();
-            } },
-        { "unsigned clients",
-            [] {
-                return AgreementStore(client().database())
-                    .unsignedClientNumbers(Orlo_Values::ProtocolId::AutoPlanReduceAgree, QStringLiteral("trader07"));
-            } },
-        { "white list",
-            [] {
-                return StrategyStore(client().database())
-                    .whiteList(InstructionType::HkConnect, InstructionTargetType::QtyOrder, share);
-            } },
-        { "black list",
-            [] { return StrategyStore(client().database()).blackList(InstructionTargetType::AmountOrder); } },
-        { "positions",
-            [] {
-                return listed(
-                    PositionStore(client().database()).positions(Account, QString(), share, SampleSession::today()),
-                    [](const StoredPosition& position) { return QString::number(position.quantity); });
-            } },
-        { "closes",
-            [] {
-                const auto closes = SecurityStore(client().database()).closes(share);
-                return closes ? Answer(QStringList{ QString::number(closes->ticks.size()) }) : closes.status();
-            } },
-        { "number of securities", [] { return counted(SecurityStore(client().database()).count()); } },
-        { "market",
-            [] {
-                Market market;
-                const Status status = market.load(client().database());
-                return status ? Answer(QStringList{ QString::number(market.count()) }) : status;
-            } },
-        { "plan",
-            [] {
-                const auto record = client().plans().record(plan);
-                return record ? Answer(record->keys()) : record.status();
-            } },
-        { "page of plans",
-            [] { return listed(client().plans().page(0, 50), [](const StoredPlan& each) { return each.id; }); } },
-        { "number of plans", [] { return counted(client().plans().count()); } },
-        { "places of plans",
-            [] {
-                return listed(client().plans().landmarks({}, 1),
-                    [](const PlanLandmark& each) { return QString::number(each.place.number); });
-            } },
-        { "plans of a day",
-            [] {
-                const auto plans = client().plans().plansOfDay(SampleSession::today());
-                return plans ? Answer(plans->issued + plans->due) : plans.status();
-            } },
-        { "instructions",
-            [] {
-                const auto found = client().instructions().ofPlan(plan);
-                return found ? Answer(found->keys()) : found.status();
-            } },
-        { "instructions of a day",
-            [] {
-                const auto found = client().instructions().ofDay(plan, SampleSession::today());
-                return found ? Answer(found->keys()) : found.status();
-            } },
-    };
 }
 
 } // namespace
@@ -222,7 +88,6 @@ void TestStoreReads::init()
     m_log = std::make_unique<LogCatcher>();
     m_session = std::make_unique<SampleSession>();
     QCOMPARE(m_session->opened(), Status());
-    share = SampleSession::record().value(Kelvo_Fields::Security::symbol).toString();
     QVERIFY(!m_session->create(SampleSession::record()).isEmpty());
 }
 
@@ -239,8 +104,7 @@ void TestStoreReads::addPlans(int count)
     const QMap<QString, QVariant> record = SampleSession::record();
     const Status status = client().database().transaction([&]() -> Status {
         for (int i = 0; i < count; ++i) {
-            const auto id =
-                client().plans().create(record, { QStringLiteral("trader01"), QDateTime::currentDateTime() });
+            const auto id = client().plans().create(record, client().changeNow());
             if (!id)
                 return id.status();
         }
@@ -257,7 +121,7 @@ int TestStoreReads::instructionCount()
 void TestStoreReads::eachReadFindsEverythingOrFails_data()
 {
     QTest::addColumn<int>("number");
-    const auto all = reads();
+    const auto all = StoreReads::all();
     for (int i = 0; i < all.size(); ++i)
         QTest::newRow(all.at(i).first) << i;
 }
@@ -267,8 +131,9 @@ void TestStoreReads::eachReadFindsEverythingOrFails()
     QFETCH(int, number);
     addPlans(40);
     QVERIFY(InstructionIssuer::issueDay(SampleSession::today()));
-    const Read read = reads().at(number).second;
-    const Answer sound = read();
+    QCOMPARE(StoreReads::addContents(), Status());
+    const StoreReads::Read read = StoreReads::all().at(number).second;
+    const StoreReads::Answer sound = read();
     QCOMPARE(sound.status(), Status());
     QVERIFY(!sound->isEmpty());
     int failures = 0;
@@ -277,7 +142,7 @@ void TestStoreReads::eachReadFindsEverythingOrFails()
     for (int nth = 1; nth < MostReads; ++nth) {
         forgetPages();
         FaultyDisk::failAt(nth, Fault::InputOutput, Lasting::Once, Operation::Read);
-        const Answer answer = read();
+        const StoreReads::Answer answer = read();
         const bool failed = FaultyDisk::hasFailed();
         FaultyDisk::heal();
         answers += answer ? 1 : 0;
@@ -294,7 +159,7 @@ void TestStoreReads::eachReadFindsEverythingOrFails()
     QVERIFY(failures > 0);
     reportFaults(QStringLiteral("reads, ") + QString::fromLatin1(QTest::currentDataTag()), failures + answers, answers,
         complete, answers - complete);
-    const Answer again = read();
+    const StoreReads::Answer again = read();
     QCOMPARE(again.status(), Status());
     QCOMPARE(*again, *sound);
 }

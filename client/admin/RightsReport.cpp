@@ -35,9 +35,11 @@ Result<QJsonArray> chainsOf(Database& database, const QString& account)
         return types.status();
     QJsonArray chains;
     for (const QString& type : *types) {
-        const QString key = store.chainKey(account, type).valueOr(QString());
-        const Result<QStringList> executors = store.chainUsers(key, ChainRole::Execute);
-        const Result<QStringList> reviewers = store.chainUsers(key, ChainRole::Forward);
+        const Result<QString> key = store.chainKey(account, type);
+        if (!key)
+            return key.status();
+        const Result<QStringList> executors = store.chainUsers(*key, ChainRole::Execute);
+        const Result<QStringList> reviewers = store.chainUsers(*key, ChainRole::Forward);
         if (!executors || !reviewers)
             return executors ? reviewers.status() : executors.status();
         chains << QJsonObject{ { QStringLiteral("type"), type },

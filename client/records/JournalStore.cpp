@@ -21,31 +21,38 @@ QString startOf(const QDate& day)
     return StoredTime::toText(StoredTime::ofMarket(day, QTime(0, 0)));
 }
 
-PlanState stateOf(const QString& json)
+std::optional<PlanState> stateOf(const QVariantMap& texts)
 {
-    const auto texts = StoredTexts::fromJson(json).value_or(QVariantMap());
-    return PlanRow::state(texts.value(QStringLiteral("state")).toString()).value_or(PlanState::Active);
+    return PlanRow::state(texts.value(QStringLiteral("state")).toString());
 }
 
-JournalEntry entryOf(const QSqlQuery& row)
+/// Refuses what the store does not write.
+Status readChange(const QSqlQuery& row, JournalEntry& entry)
 {
-    JournalEntry entry;
+    const auto before = StoredTexts::fromJson(row.value(6).toString());
+    const auto after = StoredTexts::fromJson(row.value(5).toString());
+    const auto oldState = stateOf(before.value_or(QVariantMap()));
+    const auto newState = stateOf(after.value_or(QVariantMap()));
+    if (!oldState || !newState || !entry.time.isValid())
+        return { Error::DamagedHistory, { row.value(2).toString() } };
+    entry.before = *oldState;
+    entry.after = *newState;
+    entry.reason = after->value(QStringLiteral("reason")).toString();
+    return {};
+}
+
+Status readEntry(const QSqlQuery& row, JournalEntry& entry)
+{
     entry.kind = static_cast<JournalEntry::Kind>(row.value(1).toInt());
     entry.plan.id = PlanId::fromNumber(row.value(0).toLongLong());
     if (entry.kind == JournalEntry::Kind::Instruction) {
         entry.instruction = InstructionRow::id(entry.plan.id, row.value(2).toInt());
-        return entry;
+        return {};
     }
     entry.user = row.value(3).toString();
     entry.time = StoredTime::fromText(row.value(4).toString());
     entry.reason = row.value(5).toString();
-    if (entry.kind == JournalEntry::Kind::Refusal)
-        return entry;
-    const QString after = row.value(5).toString();
-    entry.before = stateOf(row.value(6).toString());
-    entry.after = stateOf(after);
-    entry.reason = StoredTexts::fromJson(after).value_or(QVariantMap()).value(QStringLiteral("reason")).toString();
-    return entry;
+    return entry.kind == JournalEntry::Kind::StateChange ? readChange(row, entry) : Status();
 }
 
 } // namespace
@@ -86,12 +93,18 @@ Result<QVector<JournalEntry>> JournalStore::page(const JournalPage& page)
 {
     const SqlQuery all = entries(page);
     QVector<JournalEntry> entries;
+    Status readable;
     Status status = m_database.read(
         QStringLiteral("SELECT j.plan, j.kind, j.item, j.by_user, j.noted, j.text, j.old_text %1"
                        " ORDER BY j.noted IS NOT NULL, j.noted, j.plan, j.kind, j.item LIMIT ? OFFSET ?")
             .arg(all.text),
-        all.values + QVariantList{ page.limit, page.offset },
-        [&entries](const QSqlQuery& row) { entries << entryOf(row); });
+        all.values + QVariantList{ page.limit, page.offset }, [&entries, &readable](const QSqlQuery& row) {
+            JournalEntry entry;
+            const Status read = readEntry(row, entry);
+            readable = readable ? read : readable;
+            entries << entry;
+        });
+    status = status ? readable : status;
     if (status)
         status = readPlans(entries);
     if (status)
