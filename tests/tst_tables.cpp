@@ -10,6 +10,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QRegularExpression>
+#include <QTemporaryFile>
 #include <QtTest>
 
 namespace {
@@ -208,6 +209,18 @@ private Q_SLOTS:
                                  << QVector<QStringList>{ two.at(0), { QStringLiteral("x"), QStringLiteral("1.5") },
                                         { QString(), QStringLiteral("true") } }
                                  << QVector<qint64>{ 0, 1, 2 };
+        QTest::newRow("objects after a byte order mark, with blanks")
+            << QByteArray("\xEF\xBB\xBF\r\n\t [ {\"a\" : \"1\"\n} ,\r\n{\"b\":2}\n]\n")
+            << QVector<QStringList>{ two.at(0), { QStringLiteral("1"), QString() }, { QString(), QStringLiteral("2") } }
+            << QVector<qint64>{ 0, 1, 2 };
+        QTest::newRow("objects after blanks")
+            << "\n  [" + QByteArray(" ").repeated(70000) + "{\"a\":1,\"b\":2}]" << two << QVector<qint64>{ 0, 1 };
+        QTest::newRow("braces, quotes and backslashes in objects")
+            << QByteArray("[{\"a\":\"}{\\\\\"},{\"a\":\"\\\"}\\\\\\\" ]\"}, {}]")
+            << QVector<QStringList>{ { QStringLiteral("a") }, { QStringLiteral("}{\\") },
+                   { QStringLiteral("\"}\\\" ]") } }
+            << QVector<qint64>{ 0, 1, 2 };
+        QTest::newRow("no objects") << QByteArray(" [ ] \n") << QVector<QStringList>{} << QVector<qint64>{};
         QTest::newRow("a workbook") << workbook(
             "<row r=\"2\"><c r=\"A2\" t=\"str\"><v>a</v></c><c r=\"B2\" t=\"inlineStr\"><is><t>b</t></is>"
             "</c></row><row r=\"4\"><c r=\"A4\"><v>1</v></c><c r=\"B4\"><f>1+1</f><v>2</v></c></row>")
@@ -267,7 +280,24 @@ private Q_SLOTS:
             << QByteArray("a\n\"b\"c\n") << qint64(2) << Status(Error::QuoteMisplaced);
         QTest::newRow("too many cells") << "a\n" + QByteArray(",").repeated(1001) + "x\n"
                                         << qint64(2) << Status(Error::TooManyCells, { QStringLiteral("1000") });
-        QTest::newRow("no JSON") << QByteArray("[{\"a\":1},") << qint64(1) << Status(Error::NoJsonTable);
+        QTest::newRow("a comma at the end of JSON")
+            << QByteArray("[{\"a\":1},") << qint64(2) << Status(Error::NoJsonTable);
+        QTest::newRow("a comma before the end of JSON")
+            << QByteArray("[{\"a\":1},]") << qint64(2) << Status(Error::NoJsonTable);
+        QTest::newRow("no comma in JSON")
+            << QByteArray("[{\"a\":1} {\"a\":2}]") << qint64(1) << Status(Error::NoJsonTable);
+        QTest::newRow("half an object in JSON") << QByteArray("[{\"a\":1") << qint64(1) << Status(Error::NoJsonTable);
+        QTest::newRow("JSON without its end") << QByteArray("[{\"a\":1}") << qint64(1) << Status(Error::NoJsonTable);
+        QTest::newRow("a text after JSON") << QByteArray("[{\"a\":1}]\nx") << qint64(1) << Status(Error::NoJsonTable);
+        QTest::newRow("a NUL after JSON") << QByteArray("[{\"a\":1}]\0", 10) << qint64(1) << Status(Error::NoJsonTable);
+        QTest::newRow("a number in a list of JSON") << QByteArray("[1]") << qint64(1) << Status(Error::NoJsonTable);
+        QTest::newRow("a huge object in JSON") << "[{\"a\":1},{\"a\":\"" + QByteArray("{").repeated(2 << 20)
+                + "\"}]" << qint64(2) << Status(Error::RowTooLong, { QString::number(TableReader::LongestRow) });
+        QTest::newRow("huge keys in JSON")
+            << "[{\"a" + QByteArray("x").repeated(700000) + "\":1},{\"b" + QByteArray("x").repeated(700000) + "\":1}]"
+            << qint64(2) << Status(Error::RowTooLong, { QString::number(TableReader::LongestRow) });
+        QTest::newRow("GB18030 in JSON") << "[{\"a\":\"" + Gb18030Name + "\"}]" << qint64(1)
+                                         << Status(Error::NoJsonTable);
         QTest::newRow("an array in JSON")
             << QByteArray("[{\"a\":1},{\"a\":[1]}]") << qint64(2) << Status(Error::NoJsonTable);
         QTest::newRow("nested JSON") << QByteArray("[").repeated(1000000) << qint64(1) << Status(Error::NoJsonTable);
@@ -287,6 +317,52 @@ private Q_SLOTS:
         const Table table = tableOf(bytes);
         QTEST(table.status, "status");
         QTEST(table.line, "line");
+    }
+
+    void aBigJsonFileNeedsLittleMemory()
+    {
+        QTemporaryFile file;
+        QVERIFY(file.open());
+        const QByteArray object = "{\"a\":\"" + QByteArray("x{").repeated(30000) + "\",\"b\":1}";
+        const int count = static_cast<int>((qint64(70) << 20) / object.size());
+        file.write("[" + object);
+        for (int i = 1; i < count; ++i)
+            file.write("," + object);
+        file.write("]");
+        QVERIFY(file.size() > TableReader::LargestFile);
+        QVERIFY(file.seek(0));
+        const qint64 before = memoryPeak();
+        qint64 line = 0;
+        qint64 rows = 0;
+        qint64 bytes = 0;
+        const auto take = [&rows](const TableRow& row) {
+            ++rows;
+            return row.cells.size() == 2 ? Status() : Error::NoJsonTable;
+        };
+        const auto grows = [&bytes](qint64 read) {
+            const bool isMore = read >= bytes;
+            bytes = read;
+            return isMore;
+        };
+        QCOMPARE(TableReader::read(file, line, take, grows), Status());
+        QCOMPARE(rows, qint64(count) + 1);
+        QCOMPARE(line, qint64(count));
+        QCOMPARE(bytes, file.size());
+        QVERIFY2(memoryPeak() - before < 16 * 1024, qPrintable(QString::number(memoryPeak() - before)));
+    }
+
+    void readingJsonCanBeCancelled()
+    {
+        QByteArray json = "[" + QByteArray("{\"a\":\"1\"},").repeated(20000) + "{\"a\":\"1\"}]";
+        for (const int part : { 4, 2 }) { // in the first and in the second reading
+            QBuffer buffer(&json);
+            buffer.open(QIODevice::ReadOnly);
+            qint64 line = 0;
+            const auto goesOn = [&](qint64 bytes) { return bytes < 3 * json.size() / (2 * part); };
+            const Status status = TableReader::read(
+                buffer, line, [](const TableRow&) { return Status(); }, goesOn);
+            QCOMPARE(status, Status(Error::Cancelled));
+        }
     }
 
     void aHugeRowNeedsLittleTimeAndMemory_data()

@@ -297,7 +297,7 @@ Status SheetTable::read(
 {
     const auto takeAndReport = [&](const TableRow& row) -> Status {
         const Status status = take(row);
-        return status && progress && !progress(row.line) ? Status(Error::Cancelled) : status;
+        return status && progress && !progress(workbook.size()) ? Status(Error::Cancelled) : status;
     };
     return Workbook(workbook, line, takeAndReport).read();
 }

@@ -13,9 +13,9 @@ namespace {
 
 Result<QByteArray> wholeOf(QIODevice& device)
 {
-    const QByteArray bytes = device.read(TableReader::LargestDocument + 1);
-    if (bytes.size() > TableReader::LargestDocument)
-        return { Error::FileTooLarge, { QString::number(TableReader::LargestDocument) } };
+    const QByteArray bytes = device.read(TableReader::LargestFile + 1);
+    if (bytes.size() > TableReader::LargestFile)
+        return { Error::FileTooLarge, { QString::number(TableReader::LargestFile) } };
     return bytes;
 }
 
@@ -28,16 +28,16 @@ bool hasText(const TableRow& row)
 
 Status TableReader::read(QIODevice& device, qint64& line, const Take& take, const Progress& progress)
 {
+    constexpr qint64 StartSize = 65536;
     const Take takeText = [&](const TableRow& row) { return hasText(row) ? take(row) : Status(); };
     line = 1;
-    const QByteArray start = device.peek(4);
-    if (!start.startsWith("PK\x03\x04") && !start.startsWith('['))
+    const QByteArray start = device.peek(StartSize);
+    if (JsonTable::isStart(start))
+        return JsonTable::read(device, line, takeText, progress);
+    if (!start.startsWith("PK\x03\x04"))
         return CsvTable::read(device, line, takeText, progress);
     const Result<QByteArray> bytes = wholeOf(device);
-    if (!bytes)
-        return bytes.status();
-    return start.startsWith('[') ? JsonTable::read(*bytes, line, takeText)
-                                 : SheetTable::read(*bytes, line, takeText, progress);
+    return bytes ? SheetTable::read(*bytes, line, takeText, progress) : bytes.status();
 }
 
 QString TableReader::numberText(double number)

@@ -16,23 +16,24 @@ struct TableRow {
 };
 
 /// Reads tables from files that anybody may have written. Time and memory are bounded by the limits below, not by what
-/// a file says about itself. The memory for a CSV file does not grow with its number of lines.
+/// a file says about itself. The memory for a CSV or JSON file does not grow with its number of rows.
 namespace TableReader {
 
 constexpr qint64 LongestRow = 1 << 20;        ///< bytes
 constexpr int MostCells = 1000;               ///< of a row
-constexpr qint64 LargestDocument = 64 << 20;  ///< bytes of a JSON file or a compressed workbook
+constexpr qint64 LargestFile = 64 << 20;      ///< bytes of a workbook, which is compressed
 constexpr qint64 LargestWorkbook = 256 << 20; ///< bytes of a workbook's contents
 
 /// A failure ends the reading.
 using Take = std::function<Status(const TableRow& row)>;
-/// Called from time to time with the number of bytes that were read. Returning false ends the reading.
+/// Called from time to time with the number of bytes that were read, which for JSON is half of those of two readings.
+/// Returning false ends the reading.
 using Progress = std::function<bool(qint64 bytes)>;
 
 /// Reads a table row by row: a workbook's first sheet (XLSX), a JSON array of objects, whose keys are the first row, or
-/// CSV as of RFC 4180 with commas, tabs or semicolons, in UTF-8 or GB18030. The contents tell which it is. Rows without
+/// CSV as of RFC 4180 with commas, tabs or semicolons, in UTF-8 or GB18030. The contents show which it is. Rows without
 /// any text are left out. `line` is that of the last row, or of what is wrong; 0 for a JSON array without objects,
-/// which has no keys.
+/// which has no keys. JSON needs a device with random access.
 Status read(QIODevice& device, qint64& line, const Take& take, const Progress& progress = {});
 
 /// The text of a number in a table: fifteen digits, as spreadsheets show them, without an exponent.

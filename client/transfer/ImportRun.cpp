@@ -90,7 +90,8 @@ private:
             return Error::FileNotOpened;
         qint64 line = 0;
         const Status read = TableReader::read(
-            *m_device, line, [this](const TableRow& row) { return take(row); }, [this](qint64) { return goesOn(); });
+            *m_device, line, [this](const TableRow& row) { return take(row); },
+            [this](qint64 bytes) { return goesOn(bytes); });
         if (!m_failure || read.error() == Error::Cancelled)
             return m_failure ? read : m_failure;
         m_isRead = read && m_hasHeadings;
@@ -110,7 +111,7 @@ private:
             return m_hasBadHeadings ? Error::NoHeadings : Status();
         }
         // A part of a file may have thousands of rows.
-        if (++m_report.rows % RowsBetweenCalls == 0 && !goesOn())
+        if (++m_report.rows % RowsBetweenCalls == 0 && !goesOn(m_bytes))
             return Error::Cancelled;
         m_report.line = cells.line;
         ImportRow row(m_headings, cells, m_report);
@@ -118,11 +119,12 @@ private:
         return m_failure;
     }
 
-    bool goesOn() const
+    bool goesOn(qint64 bytes)
     {
         constexpr qint64 Whole = 1000;
+        m_bytes = bytes;
         return !m_task.progress
-            || m_task.progress(static_cast<int>(Whole * m_device->pos() / std::max<qint64>(1, m_device->size())));
+            || m_task.progress(static_cast<int>(Whole * bytes / std::max<qint64>(1, m_device->size())));
     }
 
     bool mayLeaveOut() const { return m_isRead && m_task.leavesOut && !m_task.templatePlan.isEmpty(); }
@@ -137,6 +139,7 @@ private:
 
     const ImportTask& m_task;
     QIODevice* m_device = nullptr; ///< while rows are read
+    qint64 m_bytes = 0;            ///< that were read
     Importer& m_importer;
     ImportReport& m_report;
     ImportHeadings m_headings;
