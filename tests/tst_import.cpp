@@ -54,6 +54,38 @@ private Q_SLOTS:
         QCOMPARE(second.changes(), QStringList());
     }
 
+    void fullWidthCharactersMeanPlainOnes_data()
+    {
+        QTest::addColumn<QString>("kind");
+        for (const char* const kind : { "closes", "accounts", "users", "chains", "positions", "plans" })
+            QTest::newRow(kind) << text(kind);
+    }
+
+    void fullWidthCharactersMeanPlainOnes()
+    {
+        QFETCH(QString, kind);
+        importUntil(kind);
+        const ImportReport first = imported(kind, sample(kind));
+        const QString stored = contents();
+        QCOMPARE(counts(imported(kind, inFullWidth(sample(kind)))), Counts({ 0, 0, first.rows, 0 }));
+        QCOMPARE(contents(), stored);
+    }
+
+    void aNameKeepsItsFullWidthCharacters()
+    {
+        imported(text("securities"),
+            add(text("f"),
+                "symbol,name,type,sub-type,decimals,factor,step,limit,flag,flag-text\n"
+                "６０００００．ｓｈ,Ａ１,股票,主板,２,１,１００,１０％,＊ＳＴ,Ｂ２\n"));
+        Database stored;
+        QCOMPARE(stored.open(database().ownersLocation()), Status());
+        const Result<Security> security = SecurityStore(stored).security(text("600000.SH"));
+        QCOMPARE(security->name, text("Ａ１"));
+        QCOMPARE(security->stFlag, text("*ST"));
+        QCOMPARE(security->stText, text("Ｂ２"));
+        QCOMPARE(security->limitPerMille, 100);
+    }
+
     void whatWasImportedIsStored()
     {
         importUntil(QString());
@@ -478,6 +510,22 @@ private Q_SLOTS:
     }
 
 private:
+    /// A copy of a file whose cells have full-width characters.
+    QString inFullWidth(const QString& path) const
+    {
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly))
+            qFatal("No file");
+        const QString headings = QString::fromUtf8(file.readLine());
+        QString rows = QString::fromUtf8(file.readAll());
+        const QChar separator = headings.contains(QLatin1Char(';')) ? QLatin1Char(';') : QLatin1Char(',');
+        for (QChar& c : rows) {
+            if (c != separator && c > QLatin1Char('"') && c <= QLatin1Char('~'))
+                c = QChar(c.unicode() - '!' + 0xFF01);
+        }
+        return add(text("wide.csv"), (headings + rows).toUtf8());
+    }
+
     /// The fields of a plan that a sheet sets.
     static QStringList fieldsOf(PlanStore& plans, const QString& plan)
     {

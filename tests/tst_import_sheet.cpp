@@ -231,6 +231,24 @@ private Q_SLOTS:
         QCOMPARE(*plans().count(), 3);
     }
 
+    void aSheetWithFullWidthCharactersMakesPlans()
+    {
+        const QString plan = createSamples(1).constFirst();
+        openSheetOf(plan);
+        const QString symbol = shares().at(0);
+        QVERIFY(symbol.startsWith(QLatin1String("60")) && symbol.endsWith(QLatin1String(".SH")));
+        pasteText(QStringLiteral("代码\t数量\t价格\t结束\n６０%1．ｓｈ\t２，０００\t（１０．０１）\t２０２４／５／９\n")
+                      .arg(symbol.mid(2, 4)));
+        waitForTheEnd();
+        QCOMPARE(row(0), QStringLiteral("新增|剪贴板|2||新增计划：%1").arg(symbol));
+        click("btn_import");
+        waitForTheEnd();
+        QCOMPARE(fields(QStringLiteral("AP00000002")),
+            QStringList({ symbol, QStringLiteral("2000"), QStringLiteral("6"), QStringLiteral("2024-05-09") }));
+        const PlanStore::Record record = plans().record(QStringLiteral("AP00000002")).valueOr({});
+        QCOMPARE(record.value(AutoPlanField::BaseField::priceFormula1).toString(), QStringLiteral("(10.01)"));
+    }
+
     void anUnknownTemplateIsRefused()
     {
         openWindow();

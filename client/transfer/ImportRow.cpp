@@ -72,7 +72,8 @@ std::string_view ImportRow::bytes(int column) const
 
 QString ImportRow::cell(int column) const
 {
-    return textOf(bytes(column));
+    const QString text = textOf(bytes(column));
+    return m_headings.form().columns.at(column).type == CellType::Text ? text : PlainText::halfWidth(text);
 }
 
 QString ImportRow::text(int column) const

@@ -44,7 +44,7 @@ public:
     bool has(int column) const { return m_headings.placeOf(column) >= 0; }
     /// The cell as it is, empty if the file does not have it.
     std::string_view bytes(int column) const;
-    /// Without blanks around it.
+    /// Without blanks around it; full-width characters become those of ASCII except in a `CellType::Text`.
     QString cell(int column) const;
     /// The same; its default if it is empty.
     QString text(int column) const;

@@ -15,9 +15,19 @@ Column text(const char* id, const char* caption)
     return { QString::fromLatin1(id), QString::fromUtf8(caption), CellType::Text, false };
 }
 
+Column code(const char* id, const char* caption)
+{
+    return { QString::fromLatin1(id), QString::fromUtf8(caption), CellType::Code, false };
+}
+
 Column needed(const char* id, const char* caption, CellType type = CellType::Text)
 {
     return { QString::fromLatin1(id), QString::fromUtf8(caption), type, true };
+}
+
+Column neededCode(const char* id, const char* caption)
+{
+    return needed(id, caption, CellType::Code);
 }
 
 Column number(const char* id, const char* caption)
@@ -38,12 +48,12 @@ Column named(Column column, const char* others)
 
 Column symbol()
 {
-    return named(needed("symbol", "证券代码"), "代码 code");
+    return named(neededCode("symbol", "证券代码"), "代码 code");
 }
 
 Column securityAccount(const QString& exchange, const char* caption)
 {
-    return { exchange, QString::fromUtf8(caption), CellType::Text, false };
+    return { exchange, QString::fromUtf8(caption), CellType::Code, false };
 }
 
 } // namespace
@@ -80,20 +90,20 @@ QVector<TableColumn> TransferForm::tableColumns() const
 const TransferForm& TransferForms::closures()
 {
     static const TransferForm form{ QStringLiteral("closures"), QT_TRANSLATE_NOOP("TransferForm", "休市日"),
-        { needed("market", "市场"), needed("date", "日期", CellType::Date), needed("holiday", "节日"),
-            needed("status", "状态") } };
+        { neededCode("market", "市场"), needed("date", "日期", CellType::Date), needed("holiday", "节日"),
+            neededCode("status", "状态") } };
     return form;
 }
 
 const TransferForm& TransferForms::securities()
 {
     static const TransferForm form{ QStringLiteral("securities"), QT_TRANSLATE_NOOP("TransferForm", "证券"),
-        { symbol(), named(needed("name", "证券名称"), "名称 简称 证券简称"), named(needed("type", "证券类别"), "类别"),
-            named(needed("sub-type", "证券子类"), "子类 板块 board"),
+        { symbol(), named(needed("name", "证券名称"), "名称 简称 证券简称"),
+            named(neededCode("type", "证券类别"), "类别"), named(neededCode("sub-type", "证券子类"), "子类 板块 board"),
             named(needed("decimals", "价格小数位", CellType::Number), "小数位"),
             named(needed("factor", "数量系数", CellType::Number), "系数"),
             named(needed("step", "数量步长", CellType::Number), "步长 每手 lot"),
-            named(needed("limit", "涨跌幅"), "涨跌幅限制"), text("flag", "特别处理"),
+            named(neededCode("limit", "涨跌幅"), "涨跌幅限制"), code("flag", "特别处理"),
             text("flag-text", "特别处理说明") } };
     return form;
 }
@@ -109,8 +119,8 @@ const TransferForm& TransferForms::closes()
 const TransferForm& TransferForms::accounts()
 {
     static const TransferForm form{ QStringLiteral("accounts"), QT_TRANSLATE_NOOP("TransferForm", "账户"),
-        { named(needed("account", "账户"), "交易账户"), text("name", "名称"), text("fund", "资金账号"),
-            text("client", "客户号"), text("branch", "营业部"), text("asset", "资产属性"),
+        { named(neededCode("account", "账户"), "交易账户"), text("name", "名称"), code("fund", "资金账号"),
+            code("client", "客户号"), code("branch", "营业部"), code("asset", "资产属性"),
             securityAccount(Kelvo_Values::Exchange::sh, "上海证券账户"),
             securityAccount(Kelvo_Values::Exchange::sz, "深圳证券账户"),
             securityAccount(Orlo_Values::Exchange::bj, "北京证券账户"),
@@ -121,16 +131,16 @@ const TransferForm& TransferForms::accounts()
 const TransferForm& TransferForms::users()
 {
     static const TransferForm form{ QStringLiteral("users"), QT_TRANSLATE_NOOP("TransferForm", "用户和权限"),
-        { named(needed("user", "用户编号"), "用户 id"), needed("name", "姓名"),
-            named(text("account", "账户"), "交易账户"), text("types", "指令类型"),
-            named(text("review", "复核"), "须复核") } };
+        { named(neededCode("user", "用户编号"), "用户 id"), needed("name", "姓名"),
+            named(code("account", "账户"), "交易账户"), code("types", "指令类型"),
+            named(code("review", "复核"), "须复核") } };
     return form;
 }
 
 const TransferForm& TransferForms::chains()
 {
     static const TransferForm form{ QStringLiteral("chains"), QT_TRANSLATE_NOOP("TransferForm", "审批链"),
-        { named(needed("account", "账户"), "交易账户"), needed("instruction-type", "指令类型"),
+        { named(neededCode("account", "账户"), "交易账户"), neededCode("instruction-type", "指令类型"),
             text("executors", "执行人"), text("reviewers", "复核人") } };
     return form;
 }
@@ -138,7 +148,7 @@ const TransferForm& TransferForms::chains()
 const TransferForm& TransferForms::positions()
 {
     static const TransferForm form{ QStringLiteral("positions"), QT_TRANSLATE_NOOP("TransferForm", "持仓"),
-        { named(needed("account", "账户"), "交易账户"), symbol(), text("security-account", "证券账户"),
+        { named(neededCode("account", "账户"), "交易账户"), symbol(), code("security-account", "证券账户"),
             named(needed("quantity", "持仓数量", CellType::Number), "持仓 数量"),
             named(needed("tradeable", "可卖数量", CellType::Number), "可卖 可用数量") } };
     return form;
@@ -147,15 +157,16 @@ const TransferForm& TransferForms::positions()
 const TransferForm& TransferForms::plans()
 {
     static const TransferForm form{ QStringLiteral("plans"), QT_TRANSLATE_NOOP("TransferForm", "计划"),
-        { named(text("plan", "计划编号"), "编号 reference"), number("version", "版本"), text("created", "创建时间"),
-            text("state", "状态"), named(needed("account", "账户"), "交易账户"), needed("instruction-type", "指令类型"),
-            needed("plan-type", "计划类型"), symbol(), named(needed("side", "交易方向"), "方向 买卖"),
-            text("price-mode", "价格模式"), named(text("price", "价格"), "价格1 price1"), text("price2", "价格2"),
+        { named(code("plan", "计划编号"), "编号 reference"), number("version", "版本"), code("created", "创建时间"),
+            code("state", "状态"), named(neededCode("account", "账户"), "交易账户"),
+            neededCode("instruction-type", "指令类型"), neededCode("plan-type", "计划类型"), symbol(),
+            named(neededCode("side", "交易方向"), "方向 买卖"), code("price-mode", "价格模式"),
+            named(code("price", "价格"), "价格1 price1"), code("price2", "价格2"),
             named(number("quantity", "目标总量"), "数量 目标数量"), named(number("amount", "目标金额"), "金额"),
             named(number("daily", "每日最大委托量"), "每日计划量 每日数量"), number("daily-amount", "每日最大金额"),
             text("ratio", "减持占比"), named(needed("begin", "开始日期", CellType::Date), "开始"),
-            named(day("end", "结束日期"), "结束"), text("mode", "下单模式"), text("assignee", "分配给"),
-            text("executor", "执行人"), text("price-type", "报价类型"), text("entrust-type", "委托类别"),
+            named(day("end", "结束日期"), "结束"), code("mode", "下单模式"), text("assignee", "分配给"),
+            text("executor", "执行人"), code("price-type", "报价类型"), code("entrust-type", "委托类别"),
             text("algorithm", "算法"), text("parameters", "算法参数"), text("remark", "备注") } };
     return form;
 }
