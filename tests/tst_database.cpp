@@ -1,6 +1,6 @@
 #include "Database.h"
+#include "FaultCount.h"
 #include "FaultyDisk.h"
-#include "PlanLedger.h"
 #include "PlanStore.h"
 #include "RawFile.h"
 #include "SqliteSchema.h"
@@ -453,17 +453,27 @@ private Q_SLOTS:
     {
         QFETCH(QString, change);
         PlanStore plans(*m_database);
-        QVERIFY(plans.create(sampleRecord(), AtMorning));
+        UserStore users(*m_database);
+        const QString plan = PlanId::fromNumber(1);
+        const QString user = QStringLiteral("u1");
+        FaultCount count(QStringLiteral("a file ") + QString::fromLatin1(QTest::currentDataTag()));
+        const bool isCreated = bool(plans.create(sampleRecord(), AtMorning));
+        count.add(isCreated, *plans.count() == 1);
+        QVERIFY(isCreated);
         const QString fileName = path(QStringLiteral("plans.db"));
         exchange(fileName, change);
         const Status changed(Error::DatabaseFileChanged);
-        QCOMPARE(plans.create(sampleRecord(), AtMorning).status(), changed);
-        QCOMPARE(plans.modify(PlanId::fromNumber(1), 1, sampleRecord(), AtNoon), changed);
-        QCOMPARE(UserStore(*m_database).add({ QStringLiteral("u1"), QStringLiteral("u1") }), changed);
+        const Status created = plans.create(sampleRecord(), AtMorning).status();
+        const Status modified = plans.modify(plan, 1, sampleRecord(), AtNoon);
+        const Status added = users.add({ user, user });
         m_database->prepareWal();
+        count.add(bool(created), *plans.count() == 2);
+        count.add(bool(modified), plans.plan(plan)->version == 2);
+        count.add(bool(added), users.user(user)->id == user);
+        for (const Status& status : { created, modified, added })
+            QCOMPARE(status, changed);
         QCOMPARE(*plans.count(), 1);
-        QCOMPARE(plans.plan(PlanId::fromNumber(1))->version, 1);
-        reportFaults(QStringLiteral("a file ") + QString::fromLatin1(QTest::currentDataTag()), 4, 1, *plans.count(), 0);
+        QCOMPARE(plans.plan(plan)->version, 1);
     }
 
     void aFileThatIsExchangedWithinATransactionKeepsNothing()
@@ -541,12 +551,17 @@ private Q_SLOTS:
         QVERIFY(!restored.isEmpty() && restored != contentOf(fileName));
         QVERIFY(writeFile(fileName, restored));
         const Status changed(Error::DatabaseFileChanged);
-        QCOMPARE(plans.create(sampleRecord(), AtMorning).status(), changed);
-        QCOMPARE(plans.modify(PlanId::fromNumber(1), 1, sampleRecord(), AtNoon), changed);
+        const Status created = plans.create(sampleRecord(), AtMorning).status();
+        const Status modified = plans.modify(PlanId::fromNumber(1), 1, sampleRecord(), AtNoon);
         m_database->prepareWal();
         m_database->close();
-        QCOMPARE(contentOf(fileName), restored);
-        reportFaults(QStringLiteral("a file copied over ") + QString::fromLatin1(QTest::currentDataTag()), 2, 0, 0, 0);
+        const bool isWritten = contentOf(fileName) != restored;
+        FaultCount count(QStringLiteral("a file copied over ") + QString::fromLatin1(QTest::currentDataTag()));
+        for (const Status& status : { created, modified }) {
+            count.add(bool(status), isWritten);
+            QCOMPARE(status, changed);
+        }
+        QVERIFY(!isWritten);
     }
 
     void aFileThatOthersCheckpointIsWrittenOn()

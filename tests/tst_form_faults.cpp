@@ -1,4 +1,5 @@
 #include "ClientFormTest.h"
+#include "FaultCount.h"
 #include "FaultyDisk.h"
 #include "PlanCodes.h"
 #include "TestStatus.h"
@@ -80,12 +81,15 @@ private:
     void tidyUp() override
     {
         FaultyDisk::heal();
+        m_sent.compare(session().ownersFile());
+        QCOMPARE(m_sent.lost(), 0);
         ClientFormTest::tidyUp();
         m_other.reset();
         endSession();
     }
 
     std::unique_ptr<WriterProcess> m_other;
+    SentPlans m_sent{ QStringLiteral("forms on a failing disk") };
 
 private Q_SLOTS:
     void initTestCase() { FaultyDisk::install(); }

@@ -3,6 +3,7 @@
 #include "AutoPlanField.h"
 #include "ClientWindowTest.h"
 #include "ConflictDialog.h"
+#include "FaultCount.h"
 #include "HistoryTexts.h"
 #include "InstructionTargetType.h"
 #include "PlanCodes.h"
@@ -33,6 +34,16 @@ constexpr int Patience = 5000; // milliseconds until a queued dialog is shown
 
 class PlanConflictTest : public ClientWindowTest {
     Q_OBJECT
+
+private:
+    void tidyUp() override
+    {
+        m_sent.compare(session().ownersFile());
+        QCOMPARE(m_sent.lost(), 0);
+        ClientWindowTest::tidyUp();
+    }
+
+    SentPlans m_sent{ QStringLiteral("two clients on one plan") };
 
 private Q_SLOTS:
     void aRefusedFormIsKeptAndTheDifferenceShown()

@@ -4,6 +4,7 @@
 #include "AutoPlanLogic.h"
 #include "ClientSession.h"
 #include "ErrorText.h"
+#include "FaultCount.h"
 #include "HistoryStore.h"
 #include "InstructionIssuer.h"
 #include "PlanCodes.h"
@@ -45,6 +46,16 @@ qint64 numberOf(const QString& planId)
 
 class PlanHistoryTest : public SessionTest {
     Q_OBJECT
+
+private:
+    void tidyUp() override
+    {
+        m_sent.compare(session().ownersFile());
+        QCOMPARE(m_sent.lost(), 0);
+        SessionTest::tidyUp();
+    }
+
+    SentPlans m_sent{ QStringLiteral("changes at the same time and requests that are sent again") };
 
 private Q_SLOTS:
     // --- A plan that someone else changes meanwhile

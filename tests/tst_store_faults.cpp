@@ -3,6 +3,7 @@
 #include "AutoPlanLogic.h"
 #include "ClientClock.h"
 #include "ClientSession.h"
+#include "FaultCount.h"
 #include "FaultyDisk.h"
 #include "InstructionIssuer.h"
 #include "LoggedTest.h"
@@ -436,6 +437,9 @@ private Q_SLOTS:
         const QByteArray sound = contentOf(m_session->file());
         const int pages = sound.size() / Page;
         int refused = 0;
+        int reported = 0;
+        const QString name = QStringLiteral("damaged files, ") + QString::fromLatin1(QTest::currentDataTag());
+        FaultCount count(name);
         for (int i = 0; i < rounds; ++i) {
             QByteArray damaged = sound;
             const int at = random.bounded(pages) * Page;
@@ -457,19 +461,35 @@ private Q_SLOTS:
             QVERIFY2(!reason.contains(QStringLiteral(" ms")), qPrintable(where + reason));
             if (!reason.isEmpty()) {
                 ++refused;
+                count.add(false, false);
                 // A file that is refused stays unchanged; if the damage shows only later, other pages may have been
                 // written.
                 const bool untaken = reason.startsWith(QStringLiteral("无法打开数据库")) && !damaged.isEmpty();
                 QVERIFY2(!untaken || contentOf(copy()) == damaged, qPrintable(where + reason));
                 continue;
             }
-            // A file that still opens can be used: there is an answer, whatever it is, and no crash.
-            timed([this] { return AutoPlanLogic::instance().CreateNewPlan(m_base); });
+            // A file that still opens can be used: there is an answer, whatever it is, and no crash. A plan that was
+            // acknowledged is there, or the damage is reported.
+            const QString mark = QStringLiteral("round-%1").arg(i);
+            const bool isAcknowledged =
+                AutoPlanLogic::instance().CreateNewPlan(PlanLedger::recordOf(m_base, mark)).isEmpty();
             AutoPlanLogic::instance().GetPlanInfo(m_plan);
             client().close();
+            const bool isOpen = open(copy()).isEmpty();
+            const auto newest =
+                isOpen ? client().plans().page(0, 1) : Result<QVector<StoredPlan>>(Error::DatabaseCorrupt);
+            client().close();
+            reported += isAcknowledged && !newest ? 1 : 0;
+            const bool isStored = newest && newest->value(0).record.value(AutoPlanField::BaseField::remark) == mark;
+            count.add(isAcknowledged && newest, isStored);
         }
-        std::printf("%s: %d files, %d refused, seed %d\n", QTest::currentDataTag(), rounds, refused, given);
+        count.setName(QStringLiteral("%1, %2 refused, %3 reported later, seed %4")
+                          .arg(name)
+                          .arg(refused)
+                          .arg(reported)
+                          .arg(given));
         QVERIFY(refused > 0);
+        QCOMPARE(count.lost(), 0);
     }
 
     void aDamagedLogBringsNothingThatWasNotSent()
@@ -490,6 +510,7 @@ private Q_SLOTS:
             attempts.attempt(QStringLiteral("created-%1").arg(n));
             attempts.attemptChange(m_plan, 0, QStringLiteral("modified-%1").arg(n));
         }
+        FaultCount count(QStringLiteral("damaged logs"));
         for (int i = 0; i < rounds; ++i) {
             QByteArray damaged = sound;
             if (i % 2 == 0)
@@ -498,7 +519,9 @@ private Q_SLOTS:
                 damaged[random.bounded(damaged.size())] = static_cast<char>(random.bounded(256));
             QVERIFY(copyAsLeft(m_session->file(), copy()));
             QVERIFY(writeContent(copy() + log, damaged));
-            QCOMPARE(attempts.differences(copy()), QStringList());
+            const QStringList differences = attempts.differences(copy());
+            count.addFile(differences.isEmpty());
+            QCOMPARE(differences, QStringList());
         }
     }
 

@@ -1,6 +1,7 @@
 #include "AutoPlanField.h"
 #include "ClientSession.h"
 #include "Database.h"
+#include "FaultCount.h"
 #include "LoggedTest.h"
 #include "PlanLedger.h"
 #include "PlanStore.h"
@@ -69,6 +70,7 @@ private Q_SLOTS:
         const quint32 seed = chosenSeed();
         QRandomGenerator random(seed);
         const QTemporaryDir folder;
+        FaultCount count(QStringLiteral("first starts that are killed, seed %1").arg(seed));
         for (int i = 0; i < kills; ++i) {
             const QString file = folder.filePath(QStringLiteral("plans%1.db").arg(i));
             WriterProcess writer;
@@ -79,43 +81,44 @@ private Q_SLOTS:
             options.marketSize = 200;
             const Status opened =
                 ClientSession::instance().open(file, QStringLiteral("trader01"), ClientSession::Progress(), options);
-            QVERIFY2(
-                opened, qPrintable(QStringLiteral("kill %1, seed %2: %3").arg(i + 1).arg(seed).arg(errorText(opened))));
-            QVERIFY(ClientSession::instance().market().find(
-                SampleSession::record().value(QStringLiteral("symbol")).toString()));
+            const bool isComplete = opened
+                && ClientSession::instance().market().find(
+                    SampleSession::record().value(QStringLiteral("symbol")).toString());
+            count.add(bool(opened), isComplete);
+            QVERIFY2(isComplete,
+                qPrintable(QStringLiteral("kill %1, seed %2: %3").arg(i + 1).arg(seed).arg(errorText(opened))));
             ClientSession::instance().close();
         }
-        reportFaults(QStringLiteral("first starts that are killed, seed %1").arg(seed), kills, kills, kills, 0);
     }
 
     void eachOfTwoFirstStartsWorksOrReportsWhy()
     {
         const int rounds = setting("FAULTS_KILLS", 12) / 2;
         const QTemporaryDir folder;
-        int refused = 0;
+        FaultCount count(QStringLiteral("pairs of first starts"));
         for (int i = 0; i < rounds; ++i) {
             const QString file = folder.filePath(QStringLiteral("plans%1.db").arg(i));
             WriterProcess first;
             WriterProcess second;
             QVERIFY(first.launch(file, { QStringLiteral("a"), QStringLiteral("1") }));
             QVERIFY(second.launch(file, { QStringLiteral("b"), QStringLiteral("1") }));
-            int stored = 0;
+            int acknowledged = 0;
             for (WriterProcess* const writer : { &first, &second }) {
                 writer->finish();
                 const QString output = QString::fromUtf8(writer->output());
                 const bool isStored = output.contains(QStringLiteral("stored"));
                 const bool isBusy = output.contains(errorText(Error::DatabaseBusy));
                 QVERIFY2(isStored || isBusy, qPrintable(output));
-                stored += isStored ? 1 : 0;
+                acknowledged += isStored ? 1 : 0;
             }
-            QVERIFY(stored > 0);
-            refused += 2 - stored;
+            QVERIFY(acknowledged > 0);
             Database database;
             QCOMPARE(database.open(file), Status());
-            QCOMPARE(*PlanStore(database).count(), stored);
+            const int stored = *PlanStore(database).count();
+            for (int number = 1; number <= 2; ++number)
+                count.add(number <= acknowledged, number <= stored);
+            QCOMPARE(stored, acknowledged);
         }
-        reportFaults(
-            QStringLiteral("pairs of first starts"), 2 * rounds, 2 * rounds - refused, 2 * rounds - refused, 0);
     }
 
     void twoWritersLoseNothingOfEachOther()
