@@ -87,7 +87,7 @@ private Q_SLOTS:
         createOnServer();
         m_proxy->resume();
         QTRY_VERIFY_WITH_TIMEOUT(!line()->isVisible(), Patience);
-        QCOMPARE(text(window(), "status").section(QChar(0xFF0C), 0, 0), QStringLiteral("连接已恢复"));
+        QCOMPARE(doneText(), QStringLiteral("连接已恢复"));
         QCOMPARE(table().planCount(), 2);
         // Changes are noticed again.
         createOnServer();
@@ -319,7 +319,7 @@ private Q_SLOTS:
             field<QAction>(window(), "action_pause")->trigger();
             QTRY_VERIFY_WITH_TIMEOUT(m_proxy->hasSwallowed(), Patience);
             m_proxy->cut();
-            QTRY_COMPARE_WITH_TIMEOUT(text(window(), "status"), QStringLiteral("0个计划已暂停"), Patience);
+            QTRY_COMPARE_WITH_TIMEOUT(doneText(), QStringLiteral("0个计划已暂停"), Patience);
         };
         QCOMPARE(boxOf(pauseAndLose, "msgBoxError"), errorText({ Error::OutcomeUnknown, {}, Error::ConnectionLost }));
         QCOMPARE(outcomeLater(),
@@ -483,6 +483,8 @@ private Q_SLOTS:
 
 private:
     QLabel* line() const { return field<QLabel>(window(), "outdated"); }
+    /// What was done last, before the number of plans or why they could not be read.
+    QString doneText() const { return text(window(), "status").section(QChar(0xFF0C), 0, 0); }
     PlanTable& table() const { return *field<PlanTable>(window(), "planTable"); }
 
     void lose(bool isStalled)
@@ -563,7 +565,7 @@ private:
     {
         const auto set = [&] {
             field<QAction>(window(), action)->trigger();
-            QTRY_COMPARE_WITH_TIMEOUT(text(window(), "status"), said, Patience);
+            QTRY_COMPARE_WITH_TIMEOUT(doneText(), said, Patience);
         };
         return boxOf(set, box);
     }

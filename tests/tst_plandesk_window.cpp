@@ -9,6 +9,7 @@
 #include "PlanEvents.h"
 #include "PlanFormatter.h"
 #include "ProgramRun.h"
+#include "StatusLine.h"
 #include "TestStatus.h"
 
 #include <QAction>
@@ -580,9 +581,13 @@ private Q_SLOTS:
         QVERIFY(press(&window(), Qt::Key_F5));
         QVERIFY(text(window(), "status").startsWith(failed));
         QCOMPARE(table->model()->rowCount(), 3);
+        // What was done right before the read that fails is shown, too.
+        const QString done = QStringLiteral("1个计划已暂停");
+        field<StatusLine>(window(), "status")->showDone(done);
+        QVERIFY(text(window(), "status").startsWith(done + QStringLiteral("，") + failed));
         QCOMPARE(database.execute(QStringLiteral("ALTER TABLE gone RENAME TO plans")), Status());
         QVERIFY(press(&window(), Qt::Key_F5));
-        QCOMPARE(text(window(), "status"), QStringLiteral("共3个计划"));
+        QCOMPARE(text(window(), "status"), done);
     }
 
     void rowsOfAFileThatIsGoneAreMarked()

@@ -4994,6 +4994,10 @@ Continue?</translation>
         <source>%1（名称含有这些字的证券过多，只搜索了前%2只，请输入更多的字）</source>
         <translation>%1 (too many securities have such a name, the first %2 were searched for; type more)</translation>
     </message>
+    <message>
+        <source>，</source>
+        <translation>, </translation>
+    </message>
 </context>
 <context>
     <name>StrategyReport</name>

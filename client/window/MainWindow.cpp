@@ -106,7 +106,7 @@ MainWindow::MainWindow(QWidget* parent)
     connect(&PlanEvents::instance(), &PlanEvents::connectionRestored, this, &MainWindow::endLoss);
     connect(&PlanEvents::instance(), &PlanEvents::outcomeKnown, this, &MainWindow::showOutcome);
     connect(m_table, &PlanTable::currentPlanChanged, this, &MainWindow::showCurrent);
-    connect(m_pane, &PlanPane::listChanged, this, &MainWindow::showState);
+    connect(m_pane, &PlanPane::listChanged, m_status, &StatusLine::showRead);
     connect(m_table, &PlanTable::counted, this, [this] { m_status->showCount(); });
     connect(m_table, &PlanTable::tooManySelected, this,
         [this](int most) { m_status->showDone(tr("一次最多选择%1个计划，请先筛选或搜索").arg(most)); });
@@ -265,15 +265,6 @@ void MainWindow::formClosed(const QString& storedPlan)
     m_table->setFocus();
 }
 
-/// Whether the list could be read.
-void MainWindow::showState(const Status& read)
-{
-    if (read)
-        m_status->showCount();
-    else
-        m_status->setText(errorText(read));
-}
-
 void MainWindow::refresh()
 {
     const Status shownByTheTable = readTable();
@@ -308,7 +299,7 @@ Status MainWindow::readTable()
     else
         m_outdated->setText(tr("刷新失败：%1。列表仍是%2读取的内容，可能已经过时。")
                                 .arg(errorText(status), HistoryTexts::timeText(m_read)));
-    showState(status);
+    m_status->showRead(status);
     m_outdated->setVisible(!status);
     return status;
 }

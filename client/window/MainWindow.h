@@ -48,7 +48,6 @@ private:
     void buildStatus();
     QAction* addAction(const QString& name, const QString& text, const QList<QKeySequence>& keys);
     void formClosed(const QString& storedPlan);
-    void showState(const Status& read);
     void refresh();
     Status readTable();
     void refreshForOthers();

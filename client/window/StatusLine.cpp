@@ -1,5 +1,6 @@
 #include "StatusLine.h"
 
+#include "ErrorText.h"
 #include "PlanTable.h"
 
 #include <chrono>
@@ -24,7 +25,15 @@ StatusLine::StatusLine(const PlanTable& table, QWidget* parent)
 
 void StatusLine::showCount()
 {
-    setText(m_done.isEmpty() ? countText() : m_done);
+    QStringList texts{ m_done, m_failure };
+    texts.removeAll(QString());
+    setText(texts.isEmpty() ? countText() : texts.join(tr("，")));
+}
+
+void StatusLine::showRead(const Status& read)
+{
+    m_failure = read ? QString() : errorText(read);
+    showCount();
 }
 
 void StatusLine::showDone(const QString& text)

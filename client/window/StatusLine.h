@@ -1,20 +1,23 @@
 #pragma once
 
 #include "OrloElidedLabel.h"
+#include "Status.h"
 
 #include <QTimer>
 
 class PlanTable;
 
-/// The text of the status bar: the number of plans, what was done last, or what is wrong.
+/// The text of the status bar: what was done last, and the number of plans or why they could not be read.
 class StatusLine : public OrloElidedLabel {
     Q_OBJECT
 
 public:
     StatusLine(const PlanTable& table, QWidget* parent);
 
-    /// Shows the number of plans, unless it still shows what was done.
+    /// Shows the number of plans, unless it still shows what was done or that the plans could not be read.
     void showCount();
+    /// Shows why the plans could not be read, until they are read again.
+    void showRead(const Status& read);
     /// Shows for a while what was done.
     void showDone(const QString& text);
     /// The number of plans in words.
@@ -23,5 +26,6 @@ public:
 private:
     const PlanTable& m_table;
     QString m_done;
+    QString m_failure;
     QTimer m_untilCount;
 };
