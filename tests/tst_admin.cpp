@@ -311,18 +311,19 @@ private Q_SLOTS:
         QCOMPARE(
             *team.accounts.addAccount(line("1"),
                 { { line("name"), line("二号") }, { line("XSHE"), line("A2") }, { line("asset"), line("credit") } }),
-            QStringList({ line("账户1：名称由“一号”改为“二号”"), line("账户1：资产属性由“ordinary”改为“credit”"),
-                line("账户1：XSHE由“”改为“A2”") }));
+            QStringList({ line("账户1：名称由“一号”改为“二号”"), line("账户1：资产属性由“普通”改为“信用”"),
+                line("账户1：深圳证券交易所的证券账户由“”改为“A2”") }));
         QCOMPARE(team.asOwner(line("TABLE accounts")), line("1|F1|二号|C1|credit|B1"));
         QCOMPARE(team.asOwner(line("SELECT string_agg(exchange || security_account, ' ' ORDER BY exchange)"
                                    " FROM exchange_accounts")),
             line("XSHEA2 XSHGA1"));
         QCOMPARE(team.accounts.addAccount(line("2"), { { line("name"), line("二号") } }).status(),
-            Status(Error::AccountIncomplete, { line("2"), line("fund、client、branch") }));
+            Status(
+                Error::AccountIncomplete, { line("2"), line("资金账号（fund）、客户号（client）、营业部（branch）") }));
         QCOMPARE(team.accounts.addAccount(line("1"), { { line("asset"), line("gold") } }).status(),
             Status(Error::UnknownCode, { line("资产属性"), line("gold") }));
         QCOMPARE(team.accounts.addAccount(line("1"), { { line("name"), line("") } }).status(),
-            Status(Error::EmptyText, { line("name") }));
+            Status(Error::EmptyText, { line("名称") }));
         QCOMPARE(
             team.accounts.addAccount(QString(), WholeAccount).status(), Status(Error::EmptyText, { line("账户") }));
         QCOMPARE(team.asOwner(line("SELECT count(*) FROM accounts")), line("1"));
@@ -335,19 +336,20 @@ private Q_SLOTS:
         const QString user = QStringLiteral("用户") + team.first;
         QCOMPARE(team.asUser(line("SELECT count(*) FROM accounts")), line("0"));
         QCOMPARE(*team.users.grant(team.first, one, { one, line("5") }, true),
-            QStringList({ user + line("：分配账户1"), user + line("：账户1增加指令类型1"),
-                user + line("：账户1指令类型1须复核"), user + line("：账户1增加指令类型5"),
-                user + line("：账户1指令类型5须复核") }));
+            QStringList({ user + line("：分配账户1"), user + line("：账户1增加指令类型普通交易"),
+                user + line("：账户1指令类型普通交易须复核"), user + line("：账户1增加指令类型债券交易"),
+                user + line("：账户1指令类型债券交易须复核") }));
         QCOMPARE(*team.users.grant(team.first, one, { one, line("5") }, true), QStringList());
         QCOMPARE(team.asUser(line("SELECT count(*) FROM accounts")), line("1"));
+        QCOMPARE(*team.users.grant(team.first, one, { one }, false),
+            QStringList{ user + line("：账户1指令类型普通交易不须复核") });
         QCOMPARE(
-            *team.users.grant(team.first, one, { one }, false), QStringList{ user + line("：账户1指令类型1不须复核") });
-        QCOMPARE(*team.users.revoke(team.first, one, { one }), QStringList{ user + line("：账户1收回指令类型1") });
+            *team.users.revoke(team.first, one, { one }), QStringList{ user + line("：账户1收回指令类型普通交易") });
         QCOMPARE(*team.users.revoke(team.first, one, { one }), QStringList());
         QCOMPARE(team.asUser(line("SELECT instruction_type, property FROM rule_properties")), line("5|1"));
         QCOMPARE(team.asUser(line("SELECT instruction_type FROM order_authorities")), line("5"));
         QCOMPARE(*team.users.revoke(team.first, one, {}),
-            QStringList({ user + line("：账户1收回指令类型5"), user + line("：收回账户1") }));
+            QStringList({ user + line("：账户1收回指令类型债券交易"), user + line("：收回账户1") }));
         QCOMPARE(*team.users.revoke(team.first, one, {}), QStringList());
         QCOMPARE(team.asUser(line("SELECT count(*) FROM accounts")), line("0"));
     }
@@ -378,7 +380,7 @@ private Q_SLOTS:
         QCOMPARE(open.open(team.stored.location(team.first)), Status());
         const QString user = QStringLiteral("用户") + team.first;
         QCOMPARE(*team.users.revokeUser(team.first),
-            QStringList({ user + line("：账户1收回指令类型1"), user + line("：收回账户1"),
+            QStringList({ user + line("：账户1收回指令类型普通交易"), user + line("：收回账户1"),
                 user + line("：登录角色已停用"), user + line("：已结束1个连接") }));
         QCOMPARE(open.value(line("SELECT count(*) FROM securities")).status(), Status(Error::ConnectionLost));
         QCOMPARE(*team.users.revokeUser(team.first), QStringList());
@@ -488,15 +490,15 @@ private Q_SLOTS:
         const auto set = [&team](const char* item, const char* names) {
             return team.chains.setChain(line("1"), line("5"), { { line(item), line(names) } });
         };
-        QCOMPARE(*set("executors", "乙"), QStringList(line("账户1指令类型5：执行人由“”改为“乙”")));
-        QCOMPARE(*set("executors", "甲,乙"), QStringList(line("账户1指令类型5：执行人由“乙”改为“甲、乙”")));
-        QCOMPARE(*set("reviewers", "乙"), QStringList(line("账户1指令类型5：复核人由“”改为“乙”")));
+        QCOMPARE(*set("executors", "乙"), QStringList(line("账户1指令类型债券交易：执行人由“”改为“乙”")));
+        QCOMPARE(*set("executors", "甲,乙"), QStringList(line("账户1指令类型债券交易：执行人由“乙”改为“甲、乙”")));
+        QCOMPARE(*set("reviewers", "乙"), QStringList(line("账户1指令类型债券交易：复核人由“”改为“乙”")));
         QCOMPARE(*set("executors", "甲,乙"), QStringList());
         AuthorityStore store(team.administration.database());
         const QString key = store.rights(QString(), line("1"), line("5"))->chainKey;
         QCOMPARE(*store.chainUsers(key, ChainRole::Execute), QStringList({ line("甲"), line("乙") }));
         QCOMPARE(*store.chainUsers(key, ChainRole::Forward), QStringList(line("乙")));
-        QCOMPARE(*set("reviewers", ""), QStringList(line("账户1指令类型5：复核人由“乙”改为“”")));
+        QCOMPARE(*set("reviewers", ""), QStringList(line("账户1指令类型债券交易：复核人由“乙”改为“”")));
         QCOMPARE(*store.chainUsers(key, ChainRole::Forward), QStringList());
         QCOMPARE(*store.chainUsers(key, ChainRole::Execute), QStringList({ line("甲"), line("乙") }));
     }

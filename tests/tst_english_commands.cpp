@@ -154,6 +154,25 @@ private Q_SLOTS:
         check(words("export plans") + QStringList{ exported } + words("--user wang") + own, 0);
     }
 
+    void changesOfCodes()
+    {
+        m_chinese->allow(words("甲一股份 戊五控股 王一 李二"));
+        const QStringList own{ QStringLiteral("--database"), m_folder->filePath(QStringLiteral("own.sqlite")) };
+        for (const char* const kind : { "securities", "accounts", "users", "chains" })
+            check(words("import --empty") + QStringList{ QLatin1String(kind), sample(kind) } + own, 0);
+        const auto change = [&](const char* kind, const char* text) {
+            check(words("import --dry-run")
+                    + QStringList{ QLatin1String(kind), write("change.csv", QString::fromUtf8(text)) } + own,
+                0);
+        };
+        change("securities",
+            "symbol,name,type,sub-type,decimals,factor,step,limit,flag\n00001.HK,戊五控股,基金,ETF,3,1,500,5%,*ST\n"
+            "600000.SH,甲一股份,债券,国债,2,1,100,无,\n");
+        change("accounts", "account,asset,XSHG,XSHE\n8001,信用,A9,\n");
+        change("users", "user,name,account,types,review\nwang,王一,8001,普通,是\n");
+        change("chains", "account,instruction-type,executors\n8001,普通,王一\n");
+    }
+
     void faultsOfFiles_data()
     {
         QTest::addColumn<QString>("kind");
@@ -167,6 +186,10 @@ private Q_SLOTS:
                                            << "symbol,date,close\n600000.SH,5-6,x\n600000.SH,2024-05-04,-1\n";
         QTest::newRow("an account") << "accounts"
                                     << "account,name,asset\n9001,,q\n";
+        QTest::newRow("a new account") << "accounts"
+                                       << "account,name\n9001,n\n";
+        QTest::newRow("closures") << "closures"
+                                  << "market,date,holiday,status\n香港,2031-01-01,x,暂定\n";
         QTest::newRow("rights") << "users"
                                 << "user,name,account,types,review\na,,x,7,9\n";
         QTest::newRow("positions") << "positions"

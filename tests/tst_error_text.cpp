@@ -70,7 +70,7 @@ void addServerRows()
         { Error::NameOfOtherUser, { QStringLiteral("林岫"), QStringLiteral("u") } });
     addRow("姓名为空，或首尾有空格，或含控制字符", { Error::EmptyText, { QStringLiteral("姓名") } });
     addRow("标准输入的第一行没有密码", Error::NoPassword);
-    addRow("新账户“1”缺少fund", { Error::AccountIncomplete, { QStringLiteral("1"), QStringLiteral("fund") } });
+    addRow("新账户“1”缺少资金账号", { Error::AccountIncomplete, { QStringLiteral("1"), QStringLiteral("资金账号") } });
     addRow("“a”不是可用的“名称=取值”，名称有：fund",
         { Error::MalformedItem, { QStringLiteral("a"), QStringLiteral("fund") } });
     addRow("命令move-to搬移文件的内容，--database应是文件", Error::MoveOfServer);
@@ -124,8 +124,8 @@ void addCalendarRows()
     addRow("没有市场“XNYS”的交易日历", { Error::NoCalendar, { QStringLiteral("XNYS") } });
     addRow("交易日历只到2027-12-31为止，无法确定2028-03-01之后的交易日",
         { Error::BeyondCalendar, { QStringLiteral("2027-12-31"), QStringLiteral("2028-03-01") } });
-    addRow("市场“mainland”缺少2028年的休市安排",
-        { Error::ClosureYearMissing, { QStringLiteral("mainland"), QStringLiteral("2028") } });
+    addRow("市场“内地”缺少2028年的休市安排",
+        { Error::ClosureYearMissing, { QStringLiteral("内地"), QStringLiteral("2028") } });
     addRow("无法使用休市表“a.csv”：文件无法打开",
         { Error::ClosureFileUnreadable, { QStringLiteral("a.csv") }, Error::FileNotOpened });
     addRow("交易日历只到2027-12-31，还剩90天，请用import-closures命令导入之后的休市安排",
@@ -169,8 +169,8 @@ void addPlanRows()
     addRow("没有账户“100001”的下单权限", { Error::NoAuthority, { QStringLiteral("100001") } });
     addRow("未指定证券", Error::NoSecurity);
     addRow("证券“600000.SH”不存在", { Error::UnknownSecurity, { QStringLiteral("600000.SH") } });
-    addRow("证券“600000.SH”不在市场“XSHE”交易",
-        { Error::WrongExchange, { QStringLiteral("600000.SH"), QStringLiteral("XSHE") } });
+    addRow("证券“600000.SH”不在市场“深圳证券交易所”交易",
+        { Error::WrongExchange, { QStringLiteral("600000.SH"), QStringLiteral("深圳证券交易所") } });
     addRow("账户“100001”在该证券的市场没有证券账户", { Error::NoSecurityAccount, { QStringLiteral("100001") } });
     addRow("证券账户“X1”不属于该账户", { Error::ForeignSecurityAccount, { QStringLiteral("X1") } });
 }
@@ -202,8 +202,9 @@ void addRightsRows()
 {
     const QString account = QStringLiteral("100001");
     addRow("计划的创建人“trader03”不是当前用户", { Error::ForeignCreator, { QStringLiteral("trader03") } });
-    addRow("账户“100001”不能使用指令类型“2”", { Error::TypeNotOfAccount, { account, QStringLiteral("2") } });
-    addRow("指令类型“9”只能卖出", { Error::SideNotOfType, { QStringLiteral("9") } });
+    addRow(
+        "账户“100001”不能使用指令类型“信用交易”", { Error::TypeNotOfAccount, { account, QStringLiteral("信用交易") } });
+    addRow("指令类型“港股通交易”只能卖出", { Error::SideNotOfType, { QStringLiteral("港股通交易") } });
     addRow("账户“100001”的指令须经复核，不能主动管理", { Error::ReviewRequired, { account } });
     addRow("减持计划不能买入", Error::ReductionBuys);
     addRow("减持计划未指定执行人", Error::NoExecutor);

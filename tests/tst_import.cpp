@@ -143,9 +143,10 @@ private Q_SLOTS:
                    text("file第5行第2列（日期）：无法识别日期“12-4”，文件中的日期须有年、月、日，例如2026-12-04"),
                    text("file第7行第3列（收盘）：不能小于0.01"),
                    text("file第6行：证券“688001.SH”缺少交易日2024-05-06的收盘价") };
-        QTest::newRow("accounts") << text("accounts") << QByteArray("account,name,asset\n8001,一,期货\n8009,九,普通\n")
-                                  << QStringList{ text("file第2行第3列（asset）：资产属性“期货”未知"),
-                                         text("file第3行：新账户“8009”缺少fund、client、branch") };
+        QTest::newRow("accounts")
+            << text("accounts") << QByteArray("account,name,asset\n8001,一,期货\n8009,九,普通\n")
+            << QStringList{ text("file第2行第3列（asset）：资产属性“期货”未知"),
+                   text("file第3行：新账户“8009”缺少资金账号（fund）、客户号（client）、营业部（branch）") };
         QTest::newRow("users") << text(
             "users") << QByteArray("user,name,account,types,review\nwang,王二,8001,普通,否\nzhao,赵,9,期货,\n")
                                << QStringList{ text("file第3行第4列（types）：指令类型“期货”未知") };
@@ -167,7 +168,7 @@ private Q_SLOTS:
                                              "8001,普通,累计数量,600000.SH,买,,1000,5,2024-05-04,2024-05-10\n"
                                              "100001,普通,累计数量,600000.SH,买,,1000,,2024-05-03,2024-05-10\n")
                                << QStringList{ text("file第3行第7列（数量）：目标总量为空"),
-                                      text("file第4行：账户“8001”不能使用指令类型“2”"),
+                                      text("file第4行：账户“8001”不能使用指令类型“信用交易”"),
                                       text("file第5行：价格公式不正确：公式不完整"),
                                       text("file第6行第8列（金额）：目标总量和目标金额只能有一个"),
                                       text("file第7行第1列（账户）：账户“100001”不存在") };

@@ -119,9 +119,9 @@ private Q_SLOTS:
             QStringLiteral("DELETE FROM order_authorities WHERE instruction_type = '1'"), same,
             { Error::NoAuthority, { Account } });
         row("the account became a credit account", QStringLiteral("UPDATE accounts SET asset_property = 'credit'"),
-            same, { Error::TypeNotOfAccount, { Account, InstructionType::Ordinary } });
+            same, { Error::TypeNotOfAccount, { Account, QStringLiteral("普通交易") } });
         row("a Hong Kong connect plan buys", none, field(Orlo_Fields::AutoPlan::subType, InstructionType::HkConnect),
-            { Error::SideNotOfType, { InstructionType::HkConnect } });
+            { Error::SideNotOfType, { QStringLiteral("港股通交易") } });
         row("the account came under review", QStringLiteral("UPDATE rule_properties SET property = 1"), same,
             { Error::ReviewRequired, { Account } });
         row("another user's name", none, field(UserAccount::userID, QStringLiteral("trader03")),

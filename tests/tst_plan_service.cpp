@@ -172,7 +172,7 @@ private Q_SLOTS:
             { Error::UnknownCode, { QStringLiteral("下单模式"), QString() } });
         row("the security does not trade on the exchange", UserAccount::securityExchange, Kelvo_Values::Exchange::sz,
             { Error::WrongExchange,
-                { record.value(Kelvo_Fields::Security::symbol).toString(), Kelvo_Values::Exchange::sz } });
+                { record.value(Kelvo_Fields::Security::symbol).toString(), QStringLiteral("深圳证券交易所") } });
         row("the security account is another's", UserAccount::securityAccount, QStringLiteral("X1"),
             { Error::ForeignSecurityAccount, { QStringLiteral("X1") } });
         row("the total is missing", BaseField::totalQty, QString(),

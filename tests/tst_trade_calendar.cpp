@@ -224,7 +224,7 @@ private Q_SLOTS:
     {
         TradeCalendar calendar = TradeCalendar::builtIn();
         QCOMPARE(calendar.add(Headings + "mainland,2029-01-01,元旦,announced\n"),
-            Status(Error::ClosureYearMissing, { QStringLiteral("mainland"), QStringLiteral("2028") }));
+            Status(Error::ClosureYearMissing, { QStringLiteral("内地"), QStringLiteral("2028") }));
         QCOMPARE(calendar.lastKnownDay(shanghai()), QDate(2027, 12, 31));
     }
 

@@ -71,6 +71,55 @@ private Q_SLOTS:
         QCOMPARE(report.removals, QStringList());
     }
 
+    void changesOfCodesAreSaidInWords_data()
+    {
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<QByteArray>("file");
+        QTest::addColumn<QStringList>("changes");
+        QTest::newRow("a security") << text("securities")
+                                    << QByteArray("证券代码,证券名称,类别,板块,小数位,系数,步长,涨跌幅,特别处理\n"
+                                                  "00001.HK,戊五控股,基金,ETF,3,1,500,7.5%,*ST\n")
+                                    << QStringList{ text("证券00001.HK：证券类别由“股票”改为“基金”"),
+                                           text("证券00001.HK：证券子类由“港股通股票”改为“ETF”"),
+                                           text("证券00001.HK：涨跌幅由“无”改为“7.5%”"),
+                                           text("证券00001.HK：特别处理由“正常”改为“*ST”") };
+        QTest::newRow("an account") << text("accounts")
+                                    << QByteArray("账户,资产属性,上海证券账户,深圳证券账户\n8001,信用,A9,\n")
+                                    << QStringList{ text("账户8001：资产属性由“普通”改为“信用”"),
+                                           text("账户8001：上海证券交易所的证券账户由“A800100001”改为“A9”"),
+                                           text("账户8001：取消深圳证券交易所的证券账户") };
+        QTest::newRow("a chain") << text("chains") << QByteArray("账户,指令类型,执行人\n8001,普通,王一\n")
+                                 << QStringList{ text("账户8001指令类型普通交易：执行人由“李二”改为“王一”") };
+        const QString wang = text("用户%1：").arg(ownUser("wang"));
+        QTest::newRow("a user") << text("users")
+                                << QByteArray("用户编号,姓名,账户,指令类型,复核\nwang,王一,8001,普通,是\n")
+                                << QStringList{ wang + text("账户8001指令类型普通交易须复核"),
+                                       wang + text("账户8001收回指令类型债券交易"),
+                                       wang + text("账户8001收回指令类型港股通交易") };
+    }
+
+    void changesOfCodesAreSaidInWords()
+    {
+        QFETCH(QString, kind);
+        QFETCH(QByteArray, file);
+        importUntil(QString());
+        const ImportReport report = imported(kind, add(text("f"), file));
+        QTEST(report.changes(), "changes");
+    }
+
+    void faultsOfCodesAreSaidInWords()
+    {
+        importUntil(QString());
+        ImportReport report;
+        QVERIFY(!run(text("accounts"), add(text("f"), "账户,名称\n8009,九\n"), report));
+        QCOMPARE(reasons(report),
+            QStringList{ text("f第2行：新账户“8009”缺少资金账号（fund）、客户号（client）、营业部（branch）") });
+        QVERIFY(!run(text("closures"), add(text("g"), "市场,日期,节日,状态\n香港,2031-01-01,元旦,暂定\n"), report));
+        QCOMPARE(reasons(report).size(), 1);
+        QVERIFY2(reasons(report).constFirst().startsWith(text("g：市场“香港”缺少20")),
+            qPrintable(reasons(report).constFirst()));
+    }
+
     void accountsUsersAndChainsAreExported_data()
     {
         QTest::addColumn<int>("format");

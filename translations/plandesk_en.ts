@@ -211,6 +211,14 @@
         <source>用户%1：已结束%2个连接</source>
         <translation>User %1: %2 connections ended</translation>
     </message>
+    <message>
+        <source>%1（%2）</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1的证券账户</source>
+        <translation>Security account on %1</translation>
+    </message>
 </context>
 <context>
     <name>Advisor</name>
@@ -1390,6 +1398,246 @@
     <message>
         <source>修改时间</source>
         <translation>Time of change</translation>
+    </message>
+    <message>
+        <source>无</source>
+        <translation>none</translation>
+    </message>
+    <message>
+        <source>累计数量</source>
+        <translation>Cumulative quantity</translation>
+    </message>
+    <message>
+        <source>平均数量</source>
+        <translation>Average quantity</translation>
+    </message>
+    <message>
+        <source>相同要素</source>
+        <translation>Same elements</translation>
+    </message>
+    <message>
+        <source>减持</source>
+        <translation>Holdings reduction</translation>
+    </message>
+    <message>
+        <source>普通交易</source>
+        <translation>Ordinary trading</translation>
+    </message>
+    <message>
+        <source>信用交易</source>
+        <translation>Credit trading</translation>
+    </message>
+    <message>
+        <source>债券交易</source>
+        <translation>Bond trading</translation>
+    </message>
+    <message>
+        <source>港股通交易</source>
+        <translation>Hong Kong Connect trading</translation>
+    </message>
+    <message>
+        <source>买入</source>
+        <translation>Buy</translation>
+    </message>
+    <message>
+        <source>卖出</source>
+        <translation>Sell</translation>
+    </message>
+    <message>
+        <source>不限价</source>
+        <translation>No limit</translation>
+    </message>
+    <message>
+        <source>自定义</source>
+        <translation>Custom</translation>
+    </message>
+    <message>
+        <source>比较值取最大</source>
+        <translation>Larger of two prices</translation>
+    </message>
+    <message>
+        <source>比较值取最小</source>
+        <translation>Smaller of two prices</translation>
+    </message>
+    <message>
+        <source>主动管理</source>
+        <translation>Active management</translation>
+    </message>
+    <message>
+        <source>普通交易复核</source>
+        <translation>Ordinary trade review</translation>
+    </message>
+    <message>
+        <source>算法交易复核</source>
+        <translation>Algorithmic trade review</translation>
+    </message>
+    <message>
+        <source>增强限价盘</source>
+        <translation>Enhanced limit order</translation>
+    </message>
+    <message>
+        <source>竞价限价盘</source>
+        <translation>At-auction limit order</translation>
+    </message>
+    <message>
+        <source>上海证券交易所</source>
+        <translation>Shanghai Stock Exchange</translation>
+    </message>
+    <message>
+        <source>深圳证券交易所</source>
+        <translation>Shenzhen Stock Exchange</translation>
+    </message>
+    <message>
+        <source>北京证券交易所</source>
+        <translation>Beijing Stock Exchange</translation>
+    </message>
+    <message>
+        <source>港股通</source>
+        <translation>Hong Kong Connect</translation>
+    </message>
+    <message>
+        <source>股票</source>
+        <translation>Stock</translation>
+    </message>
+    <message>
+        <source>债券</source>
+        <translation>Bond</translation>
+    </message>
+    <message>
+        <source>基金</source>
+        <translation>Fund</translation>
+    </message>
+    <message>
+        <source>主板</source>
+        <translation>Main board</translation>
+    </message>
+    <message>
+        <source>中小板</source>
+        <translation>SME board</translation>
+    </message>
+    <message>
+        <source>创业板</source>
+        <translation>Growth board</translation>
+    </message>
+    <message>
+        <source>科创板</source>
+        <translation>Science and technology board</translation>
+    </message>
+    <message>
+        <source>北交所股票</source>
+        <translation>Beijing stock</translation>
+    </message>
+    <message>
+        <source>港股通股票</source>
+        <translation>Hong Kong Connect stock</translation>
+    </message>
+    <message>
+        <source>配股</source>
+        <translation>Rights issue</translation>
+    </message>
+    <message>
+        <source>ETF</source>
+        <translation>ETF</translation>
+    </message>
+    <message>
+        <source>REITs</source>
+        <translation>REITs</translation>
+    </message>
+    <message>
+        <source>资产支持证券</source>
+        <translation>Asset-backed security</translation>
+    </message>
+    <message>
+        <source>定向可转债</source>
+        <translation>Private convertible bond</translation>
+    </message>
+    <message>
+        <source>配债</source>
+        <translation>Bond rights issue</translation>
+    </message>
+    <message>
+        <source>可转债</source>
+        <translation>Convertible bond</translation>
+    </message>
+    <message>
+        <source>可交换债</source>
+        <translation>Exchangeable bond</translation>
+    </message>
+    <message>
+        <source>国债</source>
+        <translation>Treasury bond</translation>
+    </message>
+    <message>
+        <source>地方政府债</source>
+        <translation>Local government bond</translation>
+    </message>
+    <message>
+        <source>政策性金融债</source>
+        <translation>Policy bank bond</translation>
+    </message>
+    <message>
+        <source>公司债</source>
+        <translation>Corporate bond</translation>
+    </message>
+    <message>
+        <source>企业债</source>
+        <translation>Enterprise bond</translation>
+    </message>
+    <message>
+        <source>普通</source>
+        <translation>Ordinary</translation>
+    </message>
+    <message>
+        <source>信用</source>
+        <translation>Credit</translation>
+    </message>
+    <message>
+        <source>正常</source>
+        <translation>none</translation>
+    </message>
+    <message>
+        <source>是</source>
+        <translation>yes</translation>
+    </message>
+    <message>
+        <source>否</source>
+        <translation>no</translation>
+    </message>
+    <message>
+        <source>内地</source>
+        <translation>Mainland</translation>
+    </message>
+    <message>
+        <source>香港</source>
+        <translation>Hong Kong</translation>
+    </message>
+    <message>
+        <source>已公布</source>
+        <translation>announced</translation>
+    </message>
+    <message>
+        <source>暂定</source>
+        <translation>provisional</translation>
+    </message>
+    <message>
+        <source>推算</source>
+        <translation>computed</translation>
+    </message>
+    <message>
+        <source>进行中</source>
+        <translation>active</translation>
+    </message>
+    <message>
+        <source>已暂停</source>
+        <translation>paused</translation>
+    </message>
+    <message>
+        <source>已停止</source>
+        <translation>stopped</translation>
+    </message>
+    <message>
+        <source>已归档</source>
+        <translation>archived</translation>
     </message>
 </context>
 <context>
@@ -4516,66 +4764,6 @@ Continue?</translation>
 </context>
 <context>
     <name>PlanFormatter</name>
-    <message>
-        <source>累计数量</source>
-        <translation>Cumulative quantity</translation>
-    </message>
-    <message>
-        <source>平均数量</source>
-        <translation>Average quantity</translation>
-    </message>
-    <message>
-        <source>相同要素</source>
-        <translation>Same elements</translation>
-    </message>
-    <message>
-        <source>减持</source>
-        <translation>Holdings reduction</translation>
-    </message>
-    <message>
-        <source>买入</source>
-        <translation>Buy</translation>
-    </message>
-    <message>
-        <source>卖出</source>
-        <translation>Sell</translation>
-    </message>
-    <message>
-        <source>不限价</source>
-        <translation>No limit</translation>
-    </message>
-    <message>
-        <source>自定义</source>
-        <translation>Custom</translation>
-    </message>
-    <message>
-        <source>比较值取最大</source>
-        <translation>Larger of two prices</translation>
-    </message>
-    <message>
-        <source>比较值取最小</source>
-        <translation>Smaller of two prices</translation>
-    </message>
-    <message>
-        <source>主动管理</source>
-        <translation>Active management</translation>
-    </message>
-    <message>
-        <source>普通交易复核</source>
-        <translation>Ordinary trade review</translation>
-    </message>
-    <message>
-        <source>算法交易复核</source>
-        <translation>Algorithmic trade review</translation>
-    </message>
-    <message>
-        <source>增强限价盘</source>
-        <translation>Enhanced limit order</translation>
-    </message>
-    <message>
-        <source>竞价限价盘</source>
-        <translation>At-auction limit order</translation>
-    </message>
     <message>
         <source>是</source>
         <translation>Yes</translation>

@@ -3,6 +3,7 @@
 #include "AccountStore.h"
 #include "CashStore.h"
 #include "ClientClock.h"
+#include "CodeWords.h"
 #include "ErrorText.h"
 #include "Kelvo_Values.h"
 #include "LimitStore.h"
@@ -53,11 +54,17 @@ Status checkComplete(const StoredAccount& account)
     QStringList missing;
     for (const AccountItem& item : itemsOfAccounts()) {
         if ((account.*item.text).isEmpty())
-            missing << item.name;
+            missing << Administration::tr("%1（%2）").arg(captionText(item.caption), item.name);
     }
     if (missing.isEmpty())
         return {};
     return { Error::AccountIncomplete, { account.tradingAccount, listText(missing) } };
+}
+
+QString wordOf(const AccountItem& item, const QString& text)
+{
+    const bool isAsset = item.text == &StoredAccount::assetProperty;
+    return isAsset ? captionText(CodeWords::assetProperties().word(text)) : text;
 }
 
 /// Takes the items and appends a line for each one that differs.
@@ -68,14 +75,15 @@ Status take(const AccountAdministration::Items& items, StoredAccount& account, Q
         QString& text = account.*item.text;
         const QString given = items.value(item.name, text);
         if (given != text)
-            lines << line.arg(account.tradingAccount, captionText(item.caption), text, given);
+            lines << line.arg(
+                account.tradingAccount, captionText(item.caption), wordOf(item, text), wordOf(item, given));
         text = given;
     }
     for (const QString& exchange : exchanges()) {
         QString& text = account.exchangeAccounts[exchange];
         const QString given = items.value(exchange, text);
         if (given != text)
-            lines << line.arg(account.tradingAccount, exchange, text, given);
+            lines << line.arg(account.tradingAccount, AccountAdministration::captionOf(exchange), text, given);
         text = given;
         if (text.isEmpty())
             account.exchangeAccounts.remove(exchange);
@@ -226,7 +234,7 @@ Status AccountAdministration::write(Database& database, const QString& account, 
         !status)
         return status;
     for (auto item = items.cbegin(); item != items.cend(); ++item) {
-        if (Status status = Administration::checkText(item.key(), item.value()); !status)
+        if (Status status = Administration::checkText(captionOf(item.key()), item.value()); !status)
             return status;
     }
     return addOrChange(database, account, items, lines);
@@ -250,6 +258,15 @@ QStringList AccountAdministration::accountItems()
     for (const AccountItem& item : itemsOfAccounts())
         names << item.name;
     return names + exchanges();
+}
+
+QString AccountAdministration::captionOf(const QString& item)
+{
+    for (const AccountItem& known : itemsOfAccounts()) {
+        if (known.name == item)
+            return captionText(known.caption);
+    }
+    return Administration::tr("%1的证券账户").arg(captionText(CodeWords::exchanges().word(item)));
 }
 
 QStringList AccountAdministration::limitItems()

@@ -26,6 +26,8 @@ public:
     Result<QStringList> setCash(const QString& account, const QString& yuan);
 
     static QStringList accountItems();
+    /// The words for an item of an account.
+    static QString captionOf(const QString& item);
     static QStringList limitItems();
 
 private:

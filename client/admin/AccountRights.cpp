@@ -1,6 +1,8 @@
 #include "AccountRights.h"
 
 #include "Administration.h"
+#include "CodeWords.h"
+#include "ErrorText.h"
 
 #include <algorithm>
 
@@ -77,7 +79,8 @@ Result<int> AccountRights::isAssigned()
 void AccountRights::note(const QString& change, const QString& type)
 {
     const QString line = Administration::tr("用户%1：").arg(m_user);
-    m_lines << line + (type.isEmpty() ? change.arg(m_account) : change.arg(m_account, type));
+    const QString word = captionText(CodeWords::instructionTypes().word(type));
+    m_lines << line + (type.isEmpty() ? change.arg(m_account) : change.arg(m_account, word));
 }
 
 Status AccountRights::set(const QMap<QString, int>& types)

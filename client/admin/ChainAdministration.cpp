@@ -2,6 +2,7 @@
 
 #include "AccountStore.h"
 #include "AuthorityStore.h"
+#include "CodeWords.h"
 #include "ErrorText.h"
 #include "UserStore.h"
 
@@ -75,7 +76,8 @@ private:
             return present.status();
         const auto text = [](const QStringList& users) { return listText(users); };
         m_lines << Administration::tr("账户%1指令类型%2：%3由“%4”改为“%5”")
-                       .arg(m_account, m_type, captionText(item.caption), text(*present), text(names));
+                       .arg(m_account, captionText(CodeWords::instructionTypes().word(m_type)),
+                           captionText(item.caption), text(*present), text(names));
         Status status = add();
         if (status)
             status = m_store.removeChainUsers(m_key, item.role);

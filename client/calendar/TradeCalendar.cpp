@@ -1,5 +1,6 @@
 #include "TradeCalendar.h"
 
+#include "CodeWords.h"
 #include "ErrorText.h"
 #include "Kelvo_Values.h"
 #include "Orlo_Values.h"
@@ -103,7 +104,8 @@ Status TradeCalendar::checkYears(const Table& table)
     for (auto market = table.cbegin(); market != table.cend(); ++market) {
         for (int year = market->firstKey(); year < market->lastKey(); ++year) {
             if (!market->contains(year))
-                return { Error::ClosureYearMissing, { market.key(), QString::number(year) } };
+                return { Error::ClosureYearMissing,
+                    { CodeWords::calendarMarkets().word(market.key()), QString::number(year) } };
         }
     }
     return {};
@@ -134,7 +136,7 @@ Result<QList<QDate>> TradeCalendar::tradeDays(const QString& exchange, const QDa
 {
     const QList<const Closures*> closures = closuresOf(exchange);
     if (closures.isEmpty())
-        return { Error::NoCalendar, { exchange } };
+        return { Error::NoCalendar, { CodeWords::exchanges().word(exchange) } };
     const auto knows = [&from](const Closures* market) { return market->contains(from.year()); };
     if (!from.isValid() || !std::all_of(closures.cbegin(), closures.cend(), knows))
         return { Error::BeyondCalendar, { lastKnownDay(exchange).toString(Qt::ISODate), from.toString(Qt::ISODate) } };

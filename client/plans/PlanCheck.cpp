@@ -1,5 +1,6 @@
 #include "PlanCheck.h"
 
+#include "CodeWords.h"
 #include "DayPrice.h"
 #include "EntrustTypes.h"
 #include "Kelvo_Fields.h"
@@ -129,7 +130,9 @@ Status securityTradesOnExchange(const CheckedPlan& plan)
     if (!security)
         return { Error::UnknownSecurity, { symbol } };
     const QString exchange = plan.text(UserAccount::securityExchange);
-    return security->exchange == exchange ? Status() : Status(Error::WrongExchange, { symbol, exchange });
+    return security->exchange == exchange
+        ? Status()
+        : Status(Error::WrongExchange, { symbol, CodeWords::exchanges().word(exchange) });
 }
 
 // Zero is valid for a reduction, whose total may be its holdings, and for an amount order, which is in yuan.

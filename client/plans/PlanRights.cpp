@@ -1,6 +1,7 @@
 #include "PlanRights.h"
 
 #include "AutoPlanField.h"
+#include "CodeWords.h"
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
 #include "Orlo_Fields.h"
@@ -46,9 +47,11 @@ Status PlanRights::tradeError(const PlanStore::Record& record) const
         return { Error::NoAuthority, { name } };
     const bool isCredit = order.assetProperty == Orlo_Values::FundAccountType::Credit;
     if (isCredit != (type == InstructionType::Credit))
-        return { Error::TypeNotOfAccount, { name, type } };
+        return { Error::TypeNotOfAccount, { name, CodeWords::instructionTypes().word(type) } };
     const bool sells = record.value(BaseField::orderSide).toString() == Kelvo_Values::OrderSide::sell;
-    return sells || type != InstructionType::HkConnect ? Status() : Status(Error::SideNotOfType, { type });
+    return sells || type != InstructionType::HkConnect
+        ? Status()
+        : Status(Error::SideNotOfType, { CodeWords::instructionTypes().word(type) });
 }
 
 Status PlanRights::reviewError(const PlanStore::Record& record) const

@@ -40,7 +40,7 @@ constexpr int RatioDecimals = 4;
 /// The word in the window's language.
 QString worded(const CodeWords& words, const QString& code)
 {
-    return QCoreApplication::translate("PlanFormatter", words.word(code).toUtf8().constData());
+    return captionText(words.word(code));
 }
 
 QString configured(const QString& category, const QString& code)

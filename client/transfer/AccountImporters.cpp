@@ -51,7 +51,7 @@ Status AccountImporter::take(ImportRow& row)
         const QString exchange = form().columns.at(column).id;
         if (!row.has(column) || items.contains(exchange) || !stored->exchangeAccounts.contains(exchange))
             continue;
-        lines << line(ImportTexts::tr("账户%1：取消%2"), account, form().columns.at(column).name());
+        lines << line(ImportTexts::tr("账户%1：取消%2"), account, AccountAdministration::captionOf(exchange));
         if (Status status = m_store.removeExchange(account, exchange); !status)
             return status;
     }

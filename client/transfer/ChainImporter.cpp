@@ -1,5 +1,6 @@
 #include "AuthorityStore.h"
 #include "ChainAdministration.h"
+#include "ErrorText.h"
 #include "MasterImporters.h"
 
 #include <QRegularExpression>
@@ -10,7 +11,7 @@ namespace {
 
 QString keyOf(const QString& account, const QString& type)
 {
-    return QStringLiteral("%1 %2").arg(account, CodeWords::instructionTypes().word(type));
+    return QStringLiteral("%1 %2").arg(account, captionText(CodeWords::instructionTypes().word(type)));
 }
 
 QString namesIn(const ImportRow& row, int column)

@@ -1,3 +1,4 @@
+#include "ErrorText.h"
 #include "Kelvo_Values.h"
 #include "MasterImporters.h"
 #include "Orlo_Values.h"
@@ -33,6 +34,13 @@ int perMille(ImportRow& row)
     return static_cast<int>(std::lround(1000 * ratio.value_or(0)));
 }
 
+QString limitText(const Security& security)
+{
+    if (security.limitPerMille == 0)
+        return captionText(QStringLiteral(QT_TRANSLATE_NOOP("Caption", "无")));
+    return QString::number(security.limitPerMille / 10.0) + QLatin1Char('%');
+}
+
 /// What differs, a line each.
 QStringList differences(const Security& before, const Security& after)
 {
@@ -43,14 +51,17 @@ QStringList differences(const Security& before, const Security& after)
                          .arg(after.symbol, TransferForms::securities().columns.at(column).name(), from, to);
     };
     const auto text = [](int number) { return QString::number(number); };
+    const auto noteCode = [&](int column, const CodeWords& words, const QString& from, const QString& to) {
+        note(column, captionText(words.word(from)), captionText(words.word(to)));
+    };
     note(SecurityColumn::Name, before.name, after.name);
-    note(SecurityColumn::Type, before.type, after.type);
-    note(SecurityColumn::SubType, before.subType, after.subType);
+    noteCode(SecurityColumn::Type, CodeWords::securityTypes(), before.type, after.type);
+    noteCode(SecurityColumn::SubType, CodeWords::securitySubTypes(), before.subType, after.subType);
     note(SecurityColumn::Decimals, text(before.pricePrecision), text(after.pricePrecision));
     note(SecurityColumn::Factor, text(before.displayFactor), text(after.displayFactor));
     note(SecurityColumn::Step, text(before.quantityStep), text(after.quantityStep));
-    note(SecurityColumn::Limit, text(before.limitPerMille), text(after.limitPerMille));
-    note(SecurityColumn::Flag, before.stFlag, after.stFlag);
+    note(SecurityColumn::Limit, limitText(before), limitText(after));
+    noteCode(SecurityColumn::Flag, CodeWords::specialTreatments(), before.stFlag, after.stFlag);
     note(SecurityColumn::FlagText, before.stText, after.stText);
     return lines;
 }

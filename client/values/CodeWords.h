@@ -4,7 +4,8 @@
 #include <QStringList>
 #include <QVector>
 
-/// Codes with the words that are shown for them, and other words that mean them in a file.
+/// Codes with the words that are shown for them, and other words that mean them in a file. The words are captions, see
+/// `captionText`.
 class CodeWords {
 public:
     struct Word {
