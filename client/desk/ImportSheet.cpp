@@ -7,6 +7,7 @@
 #include "OrloWidget.h"
 #include "PlainText.h"
 #include "PlanEvents.h"
+#include "TextTable.h"
 #include "TransferForm.h"
 #include "WindowPlace.h"
 
@@ -114,6 +115,7 @@ void ImportSheet::build()
     m_table->verticalHeader()->hide();
     m_table->horizontalHeader()->setStretchLastSection(true);
     m_table->horizontalHeader()->setResizeContentsPrecision(MeasuredRows);
+    m_table->horizontalHeader()->setMaximumSectionSize(TextTable::WidestColumn);
     m_files->setObjectName(QStringLiteral("importFiles"));
     m_columns->setObjectName(QStringLiteral("importColumns"));
     m_columns->setWordWrap(true);
@@ -245,6 +247,8 @@ void ImportSheet::paste()
     const QString text = QGuiApplication::clipboard()->text();
     if (text.isEmpty())
         m_text->setText(tr("剪贴板中没有文字。"));
+    else if (!text.isValidUtf16())
+        m_text->setText(tr("剪贴板中的文字含有无法保存的字符。"));
     else
         setSources({ { tr("剪贴板"), text.toUtf8() } }, tr("剪贴板"));
 }

@@ -8,6 +8,7 @@
 #include "IssueSheetModel.h"
 #include "OrloWidget.h"
 #include "PlainText.h"
+#include "TextTable.h"
 #include "WindowPlace.h"
 
 #include <QCheckBox>
@@ -94,6 +95,7 @@ void IssueSheet::build()
     m_table->verticalHeader()->hide();
     m_table->horizontalHeader()->setStretchLastSection(true);
     m_table->horizontalHeader()->setResizeContentsPrecision(MeasuredRows);
+    m_table->horizontalHeader()->setMaximumSectionSize(TextTable::WidestColumn);
     m_sums->setObjectName(QStringLiteral("issueSums"));
     m_text->setObjectName(QStringLiteral("issueText"));
     m_text->setWordWrap(true);

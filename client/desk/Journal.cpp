@@ -21,6 +21,7 @@ namespace {
 
 constexpr QSize UsualSize(980, 560);
 constexpr int RowsOfPage = 500;
+constexpr int AccountLength = 20; // characters
 
 QPushButton* newButton(const QString& name, const QString& text, QWidget* parent)
 {
@@ -72,6 +73,8 @@ QLayout* Journal::newChoice()
     m_day->setDisplayFormat(QStringLiteral("yyyy-MM-dd"));
     m_account->setObjectName(QStringLiteral("combx_journalAccount"));
     m_account->setAccessibleName(tr("账户"));
+    m_account->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_account->setMinimumContentsLength(AccountLength);
     QPushButton* const before = newButton(QStringLiteral("btn_dayBefore"), tr("前一日"), this);
     QPushButton* const after = newButton(QStringLiteral("btn_dayAfter"), tr("后一日"), this);
     QPushButton* const today = newButton(QStringLiteral("btn_today"), tr("今天"), this);

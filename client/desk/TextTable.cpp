@@ -34,6 +34,7 @@ TextTable::TextTable(const QString& name, QWidget* parent)
     verticalHeader()->hide();
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setMaximumSectionSize(WidestColumn);
     connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& index) { Q_EMIT chosen(index.row()); });
 }
 

@@ -8,6 +8,9 @@ class TextTable : public QTableView {
     Q_OBJECT
 
 public:
+    /// So that no text hides the other columns, in pixels.
+    static constexpr int WidestColumn = 600;
+
     explicit TextTable(const QString& name, QWidget* parent = nullptr);
 
     /// Replaces the rows; the first one becomes the current one.

@@ -11,6 +11,8 @@ constexpr QChar NameEnd;
 constexpr int HeadLength = 4;
 constexpr int CharacterBits = 16;
 constexpr int CharacterCodes = 1 << CharacterBits;
+/// Longest part of a name that is found, in characters. Long names with equal parts would be sorted for hours.
+constexpr int LongestName = 256;
 
 /// Thrown to leave the preparation, even from within a sort.
 struct Stopped { };
@@ -87,7 +89,7 @@ void SymbolIndex::readNames()
     for (const QString& symbol : m_run) {
         throwIfStopped();
         m_starts.append(m_names.size());
-        m_names += searchForm(m_nameOf(symbol)) + NameEnd;
+        m_names += searchForm(m_nameOf(symbol).left(LongestName)) + NameEnd;
     }
     m_names.squeeze();
     collectLetters();
