@@ -2,6 +2,7 @@
 #include "AutoPlanField.h"
 #include "ClientClock.h"
 #include "ClientWindowTest.h"
+#include "DataFolder.h"
 #include "ErrorText.h"
 #include "HistoryStore.h"
 #include "InstructionIssuer.h"
@@ -61,6 +62,25 @@ private Q_SLOTS:
         QCOMPARE(cell(0, IssueSheetModel::Amount), QStringLiteral("5,247.00"));
         QCOMPARE(text("issueSums"), QStringLiteral("账户100001 买入 1笔 5,247.00元，资金未知"));
         QCOMPARE(button("btn_issue")->text(), QStringLiteral("下达1条……"));
+    }
+
+    void nothingIsIssuedWithoutAFileOfClosures()
+    {
+        const DataFolder folder;
+        createSamples(1);
+        openSheet(1);
+        log().allowWarning(QStringLiteral("test.csv"));
+        QVERIFY(folder.addClosures("a,b\n"));
+        const QString missing = errorText(ClosureFiles::status());
+        QVERIFY2(missing.startsWith(QStringLiteral("无法使用休市表")), qPrintable(missing));
+        // The plans that were read before.
+        boxOf([this] { click("btn_issue"); }, "msgBoxQuestion");
+        QTRY_VERIFY_WITH_TIMEOUT(!isWorking(), Patience);
+        QVERIFY2(text("issueText").endsWith(missing), qPrintable(text("issueText")));
+        QCOMPARE(issued(), 0);
+        reopenSheet(0);
+        QCOMPARE(text("issueText"), missing);
+        QVERIFY(!button("btn_issue")->isEnabled());
     }
 
     void noSingleKeyIssues()

@@ -1,6 +1,8 @@
 // The window that imports files, and sheets of securities with a plan as template, filled in by mouse and keyboard.
 #include "AutoPlanField.h"
+#include "ClientClock.h"
 #include "ClientWindowTest.h"
+#include "DataFolder.h"
 #include "ErrorText.h"
 #include "ImportSheet.h"
 #include "Kelvo_Fields.h"
@@ -105,6 +107,22 @@ private Q_SLOTS:
         const auto* const accounts = field<QComboBox>(*dialogEditor(), "combx_fundAccount");
         QVERIFY(accounts->findData(QStringLiteral("9001")) >= 0);
         dialog().leave();
+    }
+
+    void importedClosuresChangeTheEndThatTheWindowShows()
+    {
+        const DataFolder folder;
+        setClientToday(QDate(2027, 10, 2));
+        openWindow();
+        const auto* const end = field<QLabel>(window(), "calendarEnd");
+        QVERIFY(end->isVisible());
+        QVERIFY2(end->text().startsWith(QStringLiteral("交易日历只到2027-12-31")), qPrintable(end->text()));
+        openSheet("closures");
+        choose(write("2028.csv",
+            "market,date,holiday,status\nmainland,2028-01-01,元旦,announced\nhongkong,2028-01-01,元旦,computed\n"));
+        click("btn_import");
+        waitForTheEnd();
+        QTRY_VERIFY_WITH_TIMEOUT(!end->isVisible(), Patience);
     }
 
     void aBadFileIsListedAndNotImported()

@@ -343,12 +343,12 @@ DayIssue::DayIssue(Database& database, const IssueScene& scene)
 
 Result<DayPlans> DayIssue::plans()
 {
-    return PlanStore(m_database, m_scene.user).plansOfDay(m_scene.day);
+    return m_scene.closures ? PlanStore(m_database, m_scene.user).plansOfDay(m_scene.day) : m_scene.closures;
 }
 
 Result<DayPlans> DayIssue::plans(const QStringList& planIds)
 {
-    return PlanStore(m_database, m_scene.user).plansOfDay(m_scene.day, planIds);
+    return m_scene.closures ? PlanStore(m_database, m_scene.user).plansOfDay(m_scene.day, planIds) : m_scene.closures;
 }
 
 Result<QVector<IssueRow>> DayIssue::preview(
@@ -385,7 +385,8 @@ IssueResult DayIssue::issue(const QVector<ConfirmedOrder>& orders, const Progres
 IssueResult DayIssue::issue(const QStringList& planIds, const Confirmed* confirmed, const Progress& progress)
 {
     IssueResult result;
-    for (int first = 0; first < planIds.size() && !result.cancelled; first += PlansPerTransaction) {
+    result.failure = m_scene.closures;
+    for (int first = 0; first < planIds.size() && result.failure && !result.cancelled; first += PlansPerTransaction) {
         // What was read in one transaction may have changed until the next one.
         DayFacts facts(m_database, m_scene);
         SomePlans plans(m_database, m_scene, facts);

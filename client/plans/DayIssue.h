@@ -18,6 +18,9 @@ struct IssueScene {
     const QDate day;
     /// The time at the markets, which must be open on the day; invalid for a simulation, which needs no open market.
     const QDateTime now;
+    /// Why the calendar lacks a file of closures, without which a closed day could be taken for a trade day: nothing is
+    /// issued then. Success if it has all of them.
+    const Status closures;
 };
 
 /// What goes out for one plan on a day.

@@ -2,6 +2,7 @@
 
 #include "ClientClock.h"
 #include "ClientSession.h"
+#include "ClosureFiles.h"
 #include "PlanEvents.h"
 
 namespace {
@@ -33,7 +34,7 @@ IssueScene InstructionIssuer::scene(const QDate& day, IssueMode mode)
 {
     const ClientSession& session = ClientSession::instance();
     const QDateTime now = mode == IssueMode::Live ? clientNow() : QDateTime();
-    return { session.user(), session.market(), session.calendar(), day, now };
+    return { session.user(), session.market(), session.calendar(), day, now, ClosureFiles::status() };
 }
 
 Result<IssueResult> InstructionIssuer::issueDay(const QDate& day, IssueMode mode)

@@ -79,6 +79,7 @@ MainWindow::MainWindow(QWidget* parent)
     , m_pane(new PlanPane(this))
     , m_table(m_pane->table())
     , m_outdated(PlainText::newLabel(QString(), this))
+    , m_calendar(PlainText::newLabel(QString(), this))
     , m_details(new PlanDetails(this))
     , m_halves(new QSplitter(this))
     , m_forms(new EditorForms(this))
@@ -244,15 +245,20 @@ void MainWindow::buildStatus()
 {
     // A message of the status bar itself would vanish as soon as a menu shows its own.
     statusBar()->addWidget(m_status, 1);
-    if (const Status status = checkCalendar(clientToday()); !status) {
-        QLabel* const calendar = PlainText::newLabel(errorText(status), this);
-        calendar->setObjectName(QStringLiteral("calendarEnd"));
-        statusBar()->addPermanentWidget(calendar);
-    }
+    m_calendar->setObjectName(QStringLiteral("calendarEnd"));
+    statusBar()->addPermanentWidget(m_calendar);
+    showCalendar();
     const QString location = ClientSession::instance().database().location();
     QLabel* const database = PlainText::newLabel(QFileInfo(location).fileName(), this);
     database->setToolTip(PlainText::toolTip(location));
     statusBar()->addPermanentWidget(database);
+}
+
+void MainWindow::showCalendar()
+{
+    const Status status = checkCalendar(clientToday());
+    m_calendar->setText(errorText(status));
+    m_calendar->setVisible(!status);
 }
 
 void MainWindow::formClosed(const QString& storedPlan)
@@ -276,6 +282,7 @@ void MainWindow::refresh()
 // The table is painted first, by an event of a low priority: a queued call would precede it.
 void MainWindow::refreshForOthers()
 {
+    showCalendar();
     const Status shownByTheTable = readTable();
     QTimer::singleShot(UntilPainted, this, [this] {
         showCurrent();

@@ -46,6 +46,7 @@ private:
     void buildActions();
     QList<QAction*> stateActions();
     void buildStatus();
+    void showCalendar();
     QAction* addAction(const QString& name, const QString& text, const QList<QKeySequence>& keys);
     void formClosed(const QString& storedPlan);
     void refresh();
@@ -71,6 +72,7 @@ private:
     PlanPane* m_pane;
     PlanTable* m_table;
     QLabel* m_outdated; ///< shown while the rows cannot be read again
+    QLabel* m_calendar; ///< hidden unless the calendar ends soon or lacks a file
     PlanDetails* m_details;
     QSplitter* m_halves;
     EditorForms* m_forms;

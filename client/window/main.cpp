@@ -1,5 +1,4 @@
 #include "ClientSession.h"
-#include "ClosureFiles.h"
 #include "CommandForms.h"
 #include "Console.h"
 #include "ErrorText.h"
@@ -54,9 +53,6 @@ int preview(const Options& options)
 
 int issueDay(const Options& options)
 {
-    // Without a file of closures, a closed day could be taken for a trade day.
-    if (const Status status = ClosureFiles::status(); !status)
-        return fail(status);
     const Status live = InstructionIssuer::liveError(options.issueDay);
     if (!live && modeOf(options) == IssueMode::Live)
         return fail(live);
