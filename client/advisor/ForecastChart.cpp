@@ -6,7 +6,7 @@
 namespace {
 
 constexpr int UsualHeight = 56;
-constexpr double Gap = 0.2; // between bars, in widths of a day
+constexpr int GapPart = 5; // of a column, between the bars
 
 bool isUncertain(const ForecastDay& day)
 {
@@ -24,11 +24,13 @@ ForecastChart::ForecastChart(QWidget* parent)
 
 void ForecastChart::setForecast(const PlanForecast& forecast, const QString& summary)
 {
+    setAccessibleDescription(summary);
+    if (forecast == m_forecast)
+        return;
     m_forecast = forecast;
     m_most = 0;
     for (const ForecastDay& day : m_forecast.days)
         m_most = qMax(m_most, static_cast<double>(day.quantity));
-    setAccessibleDescription(summary);
     update();
 }
 
@@ -44,41 +46,49 @@ void ForecastChart::paintEvent(QPaintEvent* event)
     painter.fillRect(rect(), m_ground);
     if (m_forecast.days.isEmpty())
         return;
+    painter.setPen(Qt::NoPen);
     paintDays(painter);
-    paintBars(painter);
+    if (m_most > 0)
+        paintBars(painter);
     paintRest(painter);
 }
 
-/// The column of a day.
-QRectF ForecastChart::placeOf(int day) const
+// Whole pixels, which are painted many times faster. A column has at least one.
+QRect ForecastChart::placeOf(int day) const
 {
-    const double step = double(width()) / static_cast<double>(m_forecast.days.size());
-    return { day * step, 0, step, double(height()) };
+    const auto days = static_cast<int>(m_forecast.days.size());
+    const int left = day * width() / days;
+    const int right = (day + 1) * width() / days;
+    return { left, 0, qMax(1, right - left), height() };
 }
 
 void ForecastChart::paintDays(QPainter& painter) const
 {
-    const QBrush hatched(m_shade, Qt::BDiagPattern);
+    QVector<QRect> closed;
+    QVector<QRect> uncertain;
     for (int i = 0; i < m_forecast.days.size(); ++i) {
         const ForecastDay& day = m_forecast.days.at(i);
         if (day.kind == TradeCalendar::Day::Closed)
-            painter.fillRect(placeOf(i), m_shade);
+            closed << placeOf(i);
         else if (isUncertain(day))
-            painter.fillRect(placeOf(i), hatched);
+            uncertain << placeOf(i);
     }
+    painter.setBrush(m_shade);
+    painter.drawRects(closed);
+    painter.setBrush(QBrush(m_shade, Qt::BDiagPattern));
+    painter.drawRects(uncertain);
 }
 
 void ForecastChart::paintBars(QPainter& painter) const
 {
-    QVector<QRectF> bars;
+    QVector<QRect> bars;
     for (int i = 0; i < m_forecast.days.size(); ++i) {
-        const double part = m_most > 0 ? static_cast<double>(m_forecast.days.at(i).quantity) / m_most : 0;
-        const QRectF place = placeOf(i);
-        const double side = place.width() * Gap / 2;
+        const QRect place = placeOf(i);
+        const int gap = place.width() / GapPart;
+        const double part = static_cast<double>(m_forecast.days.at(i).quantity) / m_most;
         if (part > 0)
-            bars << place.adjusted(side, place.height() * (1 - part), -side, 0);
+            bars << place.adjusted(gap / 2, qMin(height() - 1, qRound(height() * (1 - part))), gap / 2 - gap, 0);
     }
-    painter.setPen(Qt::NoPen);
     painter.setBrush(m_bar);
     painter.drawRects(bars);
 }
@@ -91,7 +101,7 @@ void ForecastChart::paintRest(QPainter& painter) const
     QPolygonF rest;
     rest << QPointF(0, heightOf(m_forecast.total - m_forecast.used));
     for (int i = 0; i < m_forecast.days.size(); ++i)
-        rest << QPointF(placeOf(i).right(), heightOf(m_forecast.days.at(i).left));
+        rest << QPointF(placeOf(i).right() + 1, heightOf(m_forecast.days.at(i).left));
     painter.setPen(QPen(m_line, 0));
     painter.setBrush(Qt::NoBrush);
     painter.drawPolyline(rest);

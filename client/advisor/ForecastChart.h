@@ -26,7 +26,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QRectF placeOf(int day) const;
+    QRect placeOf(int day) const;
     void paintDays(QPainter& painter) const;
     void paintBars(QPainter& painter) const;
     void paintRest(QPainter& painter) const;

@@ -26,6 +26,8 @@ ForecastTable::ForecastTable(QWidget* parent)
 
 void ForecastTable::setForecast(const PlanForecast& forecast)
 {
+    if (forecast.days == m_days)
+        return;
     m_days = forecast.days;
     const ForecastTexts::Extremes extremes = ForecastTexts::extremes(m_days);
     const bool isWider = !(extremes == m_extremes);
@@ -50,21 +52,28 @@ void ForecastTable::resizeEvent(QResizeEvent* event)
         fill();
 }
 
-ForecastTable::Widths ForecastTable::widthsFor(Detail detail) const
+ForecastTable::Widths ForecastTable::headingWidths() const
+{
+    const auto textWidth = [this](int i) {
+        return header()->fontMetrics().horizontalAdvance(model()->headerData(i, Qt::Horizontal).toString());
+    };
+    // A hidden section has no size hint; the first one is never hidden.
+    const int margin = header()->sectionSizeHint(0) - textWidth(0);
+    Widths widths;
+    for (int i = 0; i < header()->count(); ++i)
+        widths << textWidth(i) + margin;
+    return widths;
+}
+
+ForecastTable::Widths ForecastTable::widthsFor(Detail detail, const Widths& headings) const
 {
     // As the delegate does, with one pixel to spare.
     const int margin = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1) + 1;
     const QStringList texts = ForecastTexts::widest(m_extremes, detail);
-    const auto headingWidth = [this](int i) {
-        return header()->fontMetrics().horizontalAdvance(model()->headerData(i, Qt::Horizontal).toString());
-    };
-    // A hidden section has no size hint; the first one is never hidden.
-    const int headingMargin = header()->sectionSizeHint(0) - headingWidth(0);
     Widths widths;
     for (int i = 0; i < texts.size(); ++i) {
-        const bool isHidden = texts.at(i).isNull();
-        const int width = qMax(headingWidth(i) + headingMargin, fontMetrics().horizontalAdvance(texts.at(i)) + margin);
-        widths << (isHidden ? 0 : width);
+        const int width = qMax(headings.at(i), fontMetrics().horizontalAdvance(texts.at(i)) + margin);
+        widths << (texts.at(i).isNull() ? 0 : width);
     }
     return widths;
 }
@@ -72,10 +81,11 @@ ForecastTable::Widths ForecastTable::widthsFor(Detail detail) const
 void ForecastTable::arrange()
 {
     const int room = viewport()->width();
+    const Widths headings = headingWidths();
     Widths widths;
     for (const Detail detail : Details) {
         m_detail = detail;
-        widths = widthsFor(detail);
+        widths = widthsFor(detail, headings);
         if (sum(widths) <= room)
             break;
     }

@@ -22,7 +22,8 @@ private:
     void fill();
     /// Chooses how the numbers are shown, and sets the widths of the columns.
     void arrange();
-    Widths widthsFor(ForecastTexts::Detail detail) const;
+    Widths headingWidths() const;
+    Widths widthsFor(ForecastTexts::Detail detail, const Widths& headings) const;
 
     QVector<ForecastDay> m_days;
     ForecastTexts::Extremes m_extremes;

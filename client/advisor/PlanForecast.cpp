@@ -4,6 +4,7 @@
 #include "TickPrice.h"
 
 #include <cmath>
+#include <tuple>
 
 namespace {
 
@@ -113,7 +114,28 @@ std::optional<int> daysBeyond(Course& course, int tradeDays)
     return more;
 }
 
+auto values(const ForecastDay& day)
+{
+    return std::tie(day.day, day.kind, day.isProvisional, day.quantity, day.yuan, day.left, day.reason);
+}
+
+auto values(const PlanForecast& forecast)
+{
+    return std::tie(
+        forecast.days, forecast.total, forecast.used, forecast.tradeDays, forecast.neededDays, forecast.lastDay);
+}
+
 } // namespace
+
+bool ForecastDay::operator==(const ForecastDay& other) const
+{
+    return values(*this) == values(other);
+}
+
+bool PlanForecast::operator==(const PlanForecast& other) const
+{
+    return values(*this) == values(other);
+}
 
 PlanForecast Forecast::of(const ForecastedPlan& plan)
 {

@@ -19,6 +19,8 @@ struct ForecastDay {
     double left = 0;
     /// Why nothing goes out; success on a day with an order, and on a day without trading.
     Status reason;
+
+    bool operator==(const ForecastDay& other) const;
 };
 
 /// What a plan would issue on each day if prices stayed as they are.
@@ -37,6 +39,7 @@ struct PlanForecast {
     QDate lastDay;
 
     bool isComplete() const { return lastDay.isValid(); }
+    bool operator==(const PlanForecast& other) const;
 };
 
 /// A plan and what is known about its days.

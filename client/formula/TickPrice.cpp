@@ -15,7 +15,10 @@ qint64 share(qint64 ticks, qint64 perMille)
 
 double ticksPerYuan(int pricePrecision)
 {
-    return std::pow(10.0, pricePrecision);
+    double ticks = 1;
+    for (int i = 0; i < pricePrecision; ++i)
+        ticks *= 10;
+    return ticks;
 }
 
 } // namespace
