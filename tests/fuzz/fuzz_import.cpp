@@ -10,6 +10,8 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
+#include <cstdlib>
+
 namespace {
 
 constexpr size_t HeadSize = 2;
@@ -57,6 +59,8 @@ int LLVMFuzzerInitialize(int* argc, char*** argv)
         importSample(QLatin1String(kind));
     FUZZ_REQUIRE(session.open(location, QStringLiteral("wang")));
     importSample(QStringLiteral("plans"));
+    // Before Qt forgets its databases, which the session's threads use.
+    std::atexit([] { ClientSession::instance().close(); });
     return 0;
 }
 
