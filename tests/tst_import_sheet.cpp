@@ -15,7 +15,6 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
-#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTableView>
@@ -181,6 +180,32 @@ private Q_SLOTS:
         QVERIFY(button("cb_replace")->isEnabled());
     }
 
+    void enterPreviewsAndNeverClosesTheSheet()
+    {
+        const QString plan = createSamples(1).constFirst();
+        openWindow();
+        openSheet("plans");
+        pasteText(sheetOf(1));
+        waitForTheEnd();
+        auto* const name = sheet()->findChild<QLineEdit*>(QStringLiteral("le_template"));
+        QTest::keyClicks(name, plan);
+        QCOMPARE(rows()->rowCount(), 0);
+        for (const Qt::Key key : { Qt::Key_Return, Qt::Key_Enter }) {
+            QVERIFY(press(name, key));
+            QVERIFY(sheet()->isVisible());
+            waitForTheEnd();
+            QCOMPARE(text("importText"), QStringLiteral("剪贴板：新增1，修改0，不变0（试运行，没有保存）"));
+        }
+        for (const char* const other : { "importRows", "combx_importKind", "btn_preview" }) {
+            QVERIFY(press(sheet()->findChild<QWidget*>(QLatin1String(other)), Qt::Key_Return));
+            QVERIFY2(sheet()->isVisible(), other);
+            waitForTheEnd();
+        }
+        QCOMPARE(*plans().count(), 1);
+        QVERIFY(press(name, Qt::Key_Escape));
+        QVERIFY(!sheet()->isVisible());
+    }
+
     void changedSettingsNeedAnotherPreview()
     {
         openWindow();
@@ -327,20 +352,9 @@ private:
         QTRY_VERIFY_WITH_TIMEOUT(button("btn_close")->text() == QStringLiteral("关闭"), Patience);
     }
 
-    /// Types the name of a file into the dialog and presses Enter, or leaves it.
     void choose(const QString& file, bool exists = true)
     {
-        QTimer::singleShot(0, this, [file, exists] {
-            auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            QVERIFY(dialog);
-            auto* const name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-            QTest::keyClick(name, Qt::Key_A, Qt::ControlModifier);
-            name->insert(file);
-            QTest::keyClick(name, exists ? Qt::Key_Return : Qt::Key_Escape);
-            if (QApplication::activeModalWidget() == dialog)
-                dialog->reject();
-        });
-        click("btn_files");
+        chooseFile([this] { click("btn_files"); }, file, exists);
         waitForTheEnd();
     }
 

@@ -94,6 +94,7 @@ ImportSheet::ImportSheet(QWidget* parent)
     build();
     connect(m_kind, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &ImportSheet::showKind);
     connect(m_template, &QLineEdit::textChanged, this, &ImportSheet::showKind);
+    connect(m_template, &QLineEdit::returnPressed, this, &ImportSheet::preview);
     connect(m_replaces, &QCheckBox::toggled, this, &ImportSheet::forgetPreview);
     connect(m_leavesOut, &QCheckBox::toggled, this, &ImportSheet::showButtons);
     connect(&m_work, &LongWork::progressed, this, [this](int done) {
@@ -158,13 +159,12 @@ QLayout* ImportSheet::newChoice()
     return choice;
 }
 
-// No key imports by itself: the button that closes is the default one.
+// No key imports or closes by itself: there is no default button.
 QLayout* ImportSheet::newButtons()
 {
     m_preview = newButton("btn_preview", tr("预览"), &ImportSheet::preview);
     m_import = newButton("btn_import", tr("导入"), &ImportSheet::import);
     m_close = newButton("btn_close", tr("关闭"), &ImportSheet::reject);
-    m_close->setDefault(true);
     auto* const buttons = new QHBoxLayout;
     buttons->addWidget(m_progress, 1);
     buttons->addStretch();

@@ -5,7 +5,10 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QSettings>
+#include <QTimer>
 #include <QtTest>
 
 void ClientWindowTest::prepare()
@@ -53,6 +56,21 @@ QString ClientWindowTest::boxOf(const std::function<void()>& action, const char*
     action();
     const QVector<MessageBoxResponder::Box> seen = boxes().take();
     return seen.size() == 1 && seen.constFirst().name == QLatin1String(box) ? seen.constFirst().text : QString();
+}
+
+void ClientWindowTest::chooseFile(const std::function<void()>& action, const QString& file, bool accepts)
+{
+    QTimer::singleShot(0, this, [file, accepts] {
+        auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        QVERIFY(dialog);
+        auto* const name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        QTest::keyClick(name, Qt::Key_A, Qt::ControlModifier);
+        name->insert(file);
+        QTest::keyClick(name, accepts ? Qt::Key_Return : Qt::Key_Escape);
+        if (QApplication::activeModalWidget() == dialog)
+            dialog->reject();
+    });
+    action();
 }
 
 QString ClientWindowTest::send(const char* box)

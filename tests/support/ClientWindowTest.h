@@ -27,6 +27,8 @@ protected:
     void pressForEditor(Qt::Key key);
     /// Does something that opens one box, and returns its text.
     QString boxOf(const std::function<void()>& action, const char* box = "msgBoxTip", bool accepts = true);
+    /// Does something that opens a dialog for files, types a name and presses Enter, or leaves the dialog by Escape.
+    void chooseFile(const std::function<void()>& action, const QString& file, bool accepts = true);
     /// Presses OK in the dialog and returns the text of the one box.
     QString send(const char* box = "msgBoxTip");
     /// Creates a plan through the form and returns its id; empty when it was not stored.
