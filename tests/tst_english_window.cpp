@@ -28,6 +28,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QProgressDialog>
 #include <QTemporaryDir>
 #include <QTranslator>
 #include <QTreeWidget>
@@ -247,6 +248,25 @@ private Q_SLOTS:
             kinds->setCurrentIndex(kind);
             QCOMPARE(chinese(), QStringList());
         }
+    }
+
+    void theExport()
+    {
+        createSamples(1);
+        openWindow();
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("plans.xlsx"));
+        const auto act = [this] { field<QAction>(window(), "action_export_plans")->trigger(); };
+        chooseFile(act, file);
+        QCOMPARE(field<QProgressDialog>(window(), "exportProgress")->labelText(),
+            QStringLiteral("Exporting Plans to plans.xlsx…"));
+        QCOMPARE(chinese(), QStringList());
+        QTRY_VERIFY_WITH_TIMEOUT(!window().findChild<QProgressDialog*>(), Patience);
+        QCOMPARE(field<QLabel>(window(), "status")->text(), QStringLiteral("Exported to ") + file);
+        boxes().expect(QStringLiteral("msgBoxError"), true);
+        chooseFile(act, folder.filePath(QStringLiteral("plans.doc")));
+        QCOMPARE(m_chinese->linesIn(boxes().take().value(0).text), QStringList());
+        QCOMPARE(chinese(), QStringList());
     }
 
     void theBoxesAndDialogs()

@@ -3692,6 +3692,41 @@
     </message>
 </context>
 <context>
+    <name>ExportActions</name>
+    <message>
+        <source>导出</source>
+        <translation>Export</translation>
+    </message>
+    <message>
+        <source>%1…</source>
+        <translation>%1…</translation>
+    </message>
+    <message>
+        <source>导出%1</source>
+        <translation>Export %1</translation>
+    </message>
+    <message>
+        <source>表格 (*.csv *.xlsx *.json)</source>
+        <translation>Tables (*.csv *.xlsx *.json)</translation>
+    </message>
+    <message>
+        <source>正在导出%1到%2……</source>
+        <translation>Exporting %1 to %2…</translation>
+    </message>
+    <message>
+        <source>取消</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>已导出到%1</source>
+        <translation>Exported to %1</translation>
+    </message>
+    <message>
+        <source>导出已取消，没有写入%1</source>
+        <translation>The export was cancelled; %1 was not written</translation>
+    </message>
+</context>
+<context>
     <name>FormDraft</name>
     <message>
         <source>算法参数 %1</source>

@@ -16,7 +16,6 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QSaveFile>
 
 namespace {
 
@@ -149,23 +148,15 @@ Result<QString> exportKind(const Options& options)
     if (!status)
         return status;
     ClientSession& session = ClientSession::instance();
-    const auto write = [&](QIODevice& device) {
-        return ExportRun::run({ session.database(), session.market(), session.user(), kind, *format,
-                                  options.day.isValid() ? options.day : clientToday() },
-            device);
-    };
+    const ExportRun::Task task{ session.database(), session.market(), session.user(), kind, *format,
+        options.day.isValid() ? options.day : clientToday() };
     if (file.isEmpty()) {
         QFile output;
         if (!output.open(stdout, QIODevice::WriteOnly))
             return Status(Error::FileNotWritten, { QStringLiteral("stdout") });
-        status = write(output);
+        status = ExportRun::run(task, output);
         return status ? Result<QString>(QString()) : status;
     }
-    QSaveFile output(file);
-    if (!output.open(QIODevice::WriteOnly))
-        return Status(Error::FileNotWritten, { file });
-    status = write(output);
-    if (status && !output.commit())
-        status = Status(Error::FileNotWritten, { file });
+    status = ExportRun::toFile(task, file);
     return status ? Result<QString>(CommandTexts::tr("已导出到%1").arg(file)) : status;
 }

@@ -21,6 +21,7 @@
 #include "TradeCalendar.h"
 
 #include <QFileInfo>
+#include <QSaveFile>
 
 #include <functional>
 
@@ -39,6 +40,7 @@ public:
         , m_market(task.market)
         , m_user(task.user)
         , m_day(task.day)
+        , m_progress(task.progress)
         , m_writer(writer)
     {
     }
@@ -174,8 +176,13 @@ public:
     {
         JournalStore store(m_database, m_user);
         JournalPage page{ m_day, QString(), 0, PageSize };
+        const Result<int> count = store.count(page);
+        if (!count)
+            return count.status();
         int read = PageSize;
         while (read == PageSize) {
+            if (!goesOn(page.offset, *count))
+                return Error::Cancelled;
             const auto entries = store.page(page);
             if (!entries)
                 return entries.status();
@@ -199,9 +206,15 @@ private:
             const auto page = store.page(left - size, size);
             status = page.status();
             for (int i = page.valueOr({}).size() - 1; i >= 0 && status; --i)
-                status = take(page->at(i));
+                status = goesOn(*count - left + size - i, *count) ? take(page->at(i)) : Error::Cancelled;
         }
         return status;
+    }
+
+    bool goesOn(int done, int count) const
+    {
+        constexpr qint64 Whole = 1000;
+        return !m_progress || m_progress(static_cast<int>(Whole * done / qMax(1, count)));
     }
 
     void writeCloses(const Security& security, const CloseHistory& closes)
@@ -297,6 +310,7 @@ private:
     const Market& m_market;
     const StoredUser m_user;
     const QDate m_day;
+    const std::function<bool(int perMille)> m_progress;
     TableWriter& m_writer;
 };
 
@@ -336,6 +350,16 @@ Status ExportRun::run(const Task& task, QIODevice& device)
     }
     const Status status = (exporter.*writers().value(task.kind))();
     return status ? writer->finish() : status;
+}
+
+Status ExportRun::toFile(const Task& task, const QString& file)
+{
+    QSaveFile output(file);
+    if (!output.open(QIODevice::WriteOnly))
+        return { Error::FileNotWritten, { file } };
+    if (Status status = run(task, output); !status)
+        return status;
+    return output.commit() ? Status() : Status(Error::FileNotWritten, { file });
 }
 
 Result<TableFormat> ExportRun::formatOf(const QString& file)

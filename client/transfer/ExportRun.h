@@ -9,6 +9,8 @@
 #include <QDate>
 #include <QIODevice>
 
+#include <functional>
+
 namespace ExportRun {
 
 /// What is exported, as which user.
@@ -21,10 +23,15 @@ struct Task {
     TableFormat format = TableFormat::Csv;
     /// Of the journal.
     QDate day = {};
+    /// Called from time to time with the part that was written, in thousandths; returning false cancels the export.
+    std::function<bool(int perMille)> progress = {};
 };
 
 /// Writes everything of a kind that the user may see, which can be imported if there is an importer for it.
 Status run(const Task& task, QIODevice& device);
+
+/// Writes to a file, which is replaced if that succeeds, and otherwise stays as it was.
+Status toFile(const Task& task, const QString& file);
 
 /// The format of a file by its name; fails for an unknown extension.
 Result<TableFormat> formatOf(const QString& file);

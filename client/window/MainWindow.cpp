@@ -8,6 +8,7 @@
 #include "EditorDialog.h"
 #include "EditorForms.h"
 #include "ErrorText.h"
+#include "ExportActions.h"
 #include "HistoryTexts.h"
 #include "ImportSheet.h"
 #include "IssueSheet.h"
@@ -219,6 +220,9 @@ void MainWindow::buildActions()
     auto* const imports = new ImportActions(this, [this] { return currentPlan(); });
     plans->addSeparator();
     plans->addActions(imports->actions());
+    auto* const exports = new ExportActions(this);
+    plans->addMenu(exports->menu());
+    connect(exports, &ExportActions::finished, m_status, &StatusLine::showDone);
     connect(day, &DayWindows::planWanted, this, &MainWindow::goToPlan);
     connect(day, &DayWindows::dayBegan, &m_changes, &NoticeMerger::notice);
     QMenu* const view = menuBar()->addMenu(tr("视图(&V)"));
