@@ -1,4 +1,5 @@
 // What others change while the client's window is open.
+#include "AuthorityStore.h"
 #include "AutoPlanField.h"
 #include "ClientWindowTest.h"
 #include "ConflictDialog.h"
@@ -11,6 +12,7 @@
 #include "PlanTable.h"
 #include "TestStatus.h"
 
+#include <QComboBox>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
@@ -53,6 +55,24 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(
             detailTexts().contains(QStringLiteral("trader02 修改为第2版：目标总量 1,000 股→2,000 股")), Patience);
         QCOMPARE(window().currentPlan(), plan);
+    }
+
+    void aRightThatIsTakenAwayIsNotOfferedInAnOpenForm()
+    {
+        using namespace PlanCodes;
+        openWindow();
+        pressForEditor(Qt::Key_N);
+        choose(*dialogEditor(), "combx_fundAccount", FreeAccount);
+        const auto* const types = field<QComboBox>(*dialogEditor(), "combx_instructionType");
+        QVERIFY(types->findData(InstructionType::Bond) >= 0);
+        const QString user = ClientSession::instance().user().id;
+        QCOMPARE(AuthorityStore(colleague()).revoke(user, FreeAccount, InstructionType::Bond), Status());
+        QTRY_VERIFY_WITH_TIMEOUT(
+            !ClientSession::instance().accounts().hasAuthority(FreeAccount, InstructionType::Bond), Patience);
+        choose(*dialogEditor(), "combx_fundAccount", ReviewedAccount);
+        choose(*dialogEditor(), "combx_fundAccount", FreeAccount);
+        QVERIFY(types->count() > 0);
+        QVERIFY(types->findData(InstructionType::Bond) < 0);
     }
 
     void anInstructionOfAnotherClientAppearsByItself()

@@ -304,6 +304,9 @@ CREATE FUNCTION note_changed_facts() RETURNS trigger
     LANGUAGE plpgsql SECURITY DEFINER SET search_path = plandesk, pg_temp AS $$
 BEGIN
     UPDATE facts_version SET changed_by = pg_current_xact_id() WHERE changed_by <> pg_current_xact_id();
+    IF FOUND THEN
+        PERFORM pg_catalog.pg_notify('plandesk', '');
+    END IF;
     RETURN NULL;
 END $$;
 REVOKE EXECUTE ON FUNCTION note_changed_facts FROM PUBLIC;

@@ -7,6 +7,7 @@
 #include "SampleAccounts.h"
 #include "SampleData.h"
 #include "ServerLocation.h"
+#include "ValueReader.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -364,15 +365,34 @@ Status ClientSession::logIn(const QString& userId)
 
 Status ClientSession::refreshAccounts()
 {
-    return m_open && m_areAccountsOld ? readAccounts() : Status();
+    if (!m_open || !m_areAccountsOld)
+        return {};
+    const Result<QString> version = factsVersion();
+    if (version && *version == m_accountsVersion)
+        m_areAccountsOld = false;
+    return m_areAccountsOld ? readAccounts() : Status();
+}
+
+Result<QString> ClientSession::factsVersion()
+{
+    QString version;
+    ValueReader reader(m_database);
+    reader.addFactsVersion(version);
+    const Status status = reader.read();
+    return status ? Result<QString>(version) : status;
 }
 
 Status ClientSession::readAccounts()
 {
     AccountDirectory present;
+    // First, because they may change while they are read.
+    const Result<QString> version = factsVersion();
+    if (!version)
+        return version.status();
     if (Status status = present.load(m_database, m_user.id); !status)
         return status;
     m_areAccountsOld = false;
+    m_accountsVersion = *version;
     if (!(present == m_accounts))
         ++m_accountsNumber;
     m_accounts = present;

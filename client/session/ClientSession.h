@@ -54,8 +54,7 @@ public:
     /// The following are empty while the session is closed.
     const Market& market() const { return m_market.market(); }
     const AccountDirectory& accounts() const { return m_accounts; }
-    /// Reads the accounts and rights again if others may have changed them. If it fails, those that were read before
-    /// stay.
+    /// Reads the accounts and rights again if others have changed them. If it fails, those that were read before stay.
     Status refreshAccounts();
     /// Changes with the accounts and rights: a caller that keeps a copy of them reads it again when this differs.
     int accountsNumber() const { return m_accountsNumber; }
@@ -116,6 +115,7 @@ private:
     Status fillNew(const QString& userId, const Progress& progress, const Options& options);
     Status logIn(const QString& userId);
     Status readAccounts();
+    Result<QString> factsVersion();
     Status reopen();
     Result<qint64> lookUpElsewhere(const Find& find);
     void repeatLookUps();
@@ -131,6 +131,7 @@ private:
     AccountDirectory m_accounts;
     int m_accountsNumber = 0;      ///< grows when they have changed
     bool m_areAccountsOld = false; ///< others have changed something since they were read
+    QString m_accountsVersion;     ///< of the facts from which they were read
     std::unique_ptr<MovingAverageWorker> m_averages;
     std::unique_ptr<PageChecker> m_checker;
     std::unique_ptr<DatabaseWatch> m_watch;

@@ -20,6 +20,7 @@
 #include "PlanFormatter.h"
 #include "PlanPane.h"
 #include "PlanTable.h"
+#include "ReadReport.h"
 #include "StateActions.h"
 #include "StatusLine.h"
 #include "StrategySheet.h"
@@ -291,6 +292,7 @@ void MainWindow::refreshForOthers()
     QTimer::singleShot(UntilPainted, this, [this] {
         showCurrent();
         m_forms->lookForChange();
+        reportFailure(ClientSession::instance().refreshAccounts());
     });
 }
 
