@@ -155,6 +155,32 @@ SqlQuery PlanListQuery::within(const PlanSlice& slice, const QString& place) con
     return bounds.isEmpty() ? Everything : conjunction(bounds);
 }
 
+/// That a plan is in the list, and in a slice of it.
+SqlQuery PlanListQuery::listed(const PlanSlice& slice) const
+{
+    const bool isOfNumbers = m_list.search && m_list.search->isOfNumbers();
+    return m_list.order == PlanOrder::Number && isOfNumbers
+        ? conjunction({ numbersWithin(slice), filter(false) })
+        : conjunction({ within(slice, column()), condition() });
+}
+
+// SQLite looks up one bound at each end: with two it would read all plans between them.
+SqlQuery PlanListQuery::numbersWithin(const PlanSlice& slice) const
+{
+    const bool isAscending = m_list.isDescending == slice.isBackward;
+    qint64 first = m_list.search->firstNumber;
+    qint64 last = m_list.search->lastNumber;
+    const auto narrow = [&](const std::optional<PlanPlace>& bound, bool isIncluded, bool isFirst) {
+        if (bound && isFirst)
+            first = qMax(first, bound->number + (isIncluded ? 0 : 1));
+        else if (bound)
+            last = qMin(last, bound->number - (isIncluded ? 0 : 1));
+    };
+    narrow(slice.from, slice.isFromIncluded, isAscending);
+    narrow(slice.until, slice.isUntilIncluded, !isAscending);
+    return { QStringLiteral("number BETWEEN ? AND ?"), { first, last } };
+}
+
 SqlQuery PlanListQuery::filter(bool usesIndex) const
 {
     const QString today = m_list.today.toString(Qt::ISODate);
@@ -225,9 +251,8 @@ SqlQuery PlanListQuery::inOrder(const PlanSlice& slice) const
 {
     const int most = slice.offset + slice.limit;
     const QString sorting = QStringLiteral(" ORDER BY ") + this->sorting(slice);
-    const SqlQuery listed = conjunction({ within(slice, column()), condition() });
     const auto of = [&](const SqlQuery& source) {
-        return limited(numbers(conjunction({ source, listed })), sorting, most);
+        return limited(numbers(conjunction({ source, listed(slice) })), sorting, most);
     };
     if (m_scope.isEvery())
         return of(Everything);
@@ -237,9 +262,9 @@ SqlQuery PlanListQuery::inOrder(const PlanSlice& slice) const
 /// At most so many of the first plans of each account.
 SqlQuery PlanListQuery::ofAccountsInOrder(const PlanSlice& slice, int most) const
 {
-    const SqlQuery listed = conjunction({ within(slice, column()), condition(), ofOwnAccounts(false) });
-    return { m_dialect.plansOfAccounts.arg(column(), listed.text, direction(slice)),
-        QVariantList{ m_scope.userId() } + listed.values + QVariantList{ most } };
+    const SqlQuery own = conjunction({ listed(slice), ofOwnAccounts(false) });
+    return { m_dialect.plansOfAccounts.arg(column(), own.text, direction(slice)),
+        QVariantList{ m_scope.userId() } + own.values + QVariantList{ most } };
 }
 
 /// At most so many plans of each source, as "number" and "place". All of them if there are fewer.

@@ -34,6 +34,8 @@ private:
     QString textColumn(const char* name, bool usesIndex) const;
     QString direction(const PlanSlice& slice) const;
     SqlQuery within(const PlanSlice& slice, const QString& place) const;
+    SqlQuery listed(const PlanSlice& slice) const;
+    SqlQuery numbersWithin(const PlanSlice& slice) const;
     SqlQuery filter(bool usesIndex) const;
     SqlQuery ofOwnAccounts(bool usesIndex) const;
     QVector<SqlQuery> matches(bool usesIndex) const;
