@@ -1,12 +1,19 @@
 // Approval chains, users and accounts, which make one's own database complete, and limits of exports.
 #include "AuthorityStore.h"
+#include "AutoPlanField.h"
 #include "ChainAdministration.h"
+#include "ClientClock.h"
+#include "ClientSession.h"
 #include "CodeWords.h"
+#include "PlanStates.h"
+#include "SampleSession.h"
 #include "TableWriter.h"
 #include "TestStatus.h"
 #include "TransferTest.h"
 
 #include <QBuffer>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QtTest>
 
 class TransferKindsTest : public TransferTest {
@@ -120,13 +127,7 @@ private Q_SLOTS:
             qPrintable(reasons(report).constFirst()));
     }
 
-    void accountsUsersAndChainsAreExported_data()
-    {
-        QTest::addColumn<int>("format");
-        QTest::newRow("CSV") << int(TableFormat::Csv);
-        QTest::newRow("JSON") << int(TableFormat::Json);
-        QTest::newRow("a workbook") << int(TableFormat::Workbook);
-    }
+    void accountsUsersAndChainsAreExported_data() { formats(); }
 
     void accountsUsersAndChainsAreExported()
     {
@@ -144,6 +145,58 @@ private Q_SLOTS:
         }
     }
 
+    void theHistoryIsExported_data() { formats(); }
+
+    void theHistoryIsExported()
+    {
+        QFETCH(int, format);
+        importUntil(text("plans"));
+        const QString file = sample(text("plans"));
+        QCOMPARE(counts(imported(text("plans"), file)), Counts({ 2, 0, 0, 0 }));
+        setClientTime({ SampleSession::today(), QTime(13, 14, 15) });
+        QFile plans(file);
+        QVERIFY(plans.open(QIODevice::ReadOnly));
+        QCOMPARE(counts(imported(text("plans"), add(text("g.csv"), plans.readAll().replace("5万", "6万")))),
+            Counts({ 0, 1, 1, 0 }));
+        const QString reason = text("停牌，\"另行\"通知");
+        ClientSession& session = ClientSession::instance();
+        const StateChanges changes =
+            PlanStates(session.database(), session.user(), SampleSession::today())
+                .set({ text("AP00000002") }, PlanState::Stopped, reason, [](int) { return true; });
+        QCOMPARE(changes.changed, QStringList{ text("AP00000002") });
+        const QVector<QStringList> rows =
+            tableOf(exported(text("history"), static_cast<TableFormat>(format)), TransferForms::history());
+        QCOMPARE(rows.size(), 4);
+        const QString client =
+            QStringLiteral("%1:%2").arg(QSysInfo::machineHostName()).arg(QCoreApplication::applicationPid());
+        enum { Time, User, Client, Plan, Version, Event, Subject, Before, After };
+        for (const QStringList& row : rows) {
+            QCOMPARE(row.at(User), ownUser("wang"));
+            QCOMPARE(row.at(Client), client);
+            QCOMPARE(row.at(Subject), QString());
+        }
+        const auto head = [](const QStringList& row) { return QStringList{ row.at(Time) } + row.mid(Plan, 3); };
+        const QString begun = text("2024-05-06 12:00:00");
+        const QString changed = text("2024-05-06 13:14:15");
+        QCOMPARE(head(rows.at(0)), QStringList({ begun, text("AP00000001"), text("1"), text("created") }));
+        QCOMPARE(head(rows.at(1)), QStringList({ changed, text("AP00000001"), text("2"), text("changed") }));
+        QCOMPARE(head(rows.at(2)), QStringList({ begun, text("AP00000002"), text("1"), text("created") }));
+        QCOMPARE(head(rows.at(3)), QStringList({ changed, text("AP00000002"), text("2"), text("state changed") }));
+        const auto total = [](const QString& json) {
+            return QJsonDocument::fromJson(json.toUtf8()).object().value(AutoPlanField::BaseField::totalQty).toString();
+        };
+        QCOMPARE(rows.at(0).at(Before), text("{}"));
+        QCOMPARE(total(rows.at(0).at(After)), text("50000"));
+        QCOMPARE(rows.at(1).at(Before), rows.at(0).at(After));
+        QCOMPARE(total(rows.at(1).at(After)), text("60000"));
+        const auto fields = [](const QString& json) {
+            return QJsonDocument::fromJson(json.toUtf8()).toVariant().toMap();
+        };
+        QCOMPARE(fields(rows.at(3).at(Before)), QVariantMap({ { text("state"), text("active") } }));
+        QCOMPARE(fields(rows.at(3).at(After)),
+            QVariantMap({ { text("state"), text("stopped") }, { text("reason"), reason } }));
+    }
+
     void aWorkbookSaysHowManyRowsItHolds()
     {
         QBuffer buffer;
@@ -153,6 +206,40 @@ private Q_SLOTS:
             writer->write({ QString() });
         writer->write({ QString() });
         QCOMPARE(writer->finish(), Status(Error::TooManyRowsForSheet, { text("1048576") }));
+    }
+
+private:
+    static void formats()
+    {
+        QTest::addColumn<int>("format");
+        QTest::newRow("CSV") << int(TableFormat::Csv);
+        QTest::newRow("JSON") << int(TableFormat::Json);
+        QTest::newRow("a workbook") << int(TableFormat::Workbook);
+    }
+
+    /// The rows of a written table, with the columns in the order of their form.
+    static QVector<QStringList> tableOf(QByteArray bytes, const TransferForm& form)
+    {
+        QBuffer buffer(&bytes);
+        buffer.open(QIODevice::ReadOnly);
+        QVector<int> columns;
+        QVector<QStringList> rows;
+        qint64 line = 0;
+        const Status status = TableReader::read(buffer, line, [&](const TableRow& row) {
+            const bool isFirst = columns.isEmpty();
+            QStringList cells = isFirst ? QStringList() : QVector<QString>(form.columns.size()).toList();
+            for (size_t i = 0; i < row.cells.size(); ++i) {
+                const QString cell = QString::fromUtf8(row.cells[i].data(), static_cast<int>(row.cells[i].size()));
+                if (isFirst)
+                    columns << form.columnNamed(cell);
+                else
+                    cells[columns.at(static_cast<int>(i))] = cell;
+            }
+            if (!isFirst)
+                rows << cells;
+            return Status();
+        });
+        return status ? rows : QVector<QStringList>();
     }
 };
 
