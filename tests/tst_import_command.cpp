@@ -218,6 +218,40 @@ private Q_SLOTS:
             Rows + 3);
     }
 
+    void theCopyOfAKilledImportIsRemovedByTheNextOne()
+    {
+        const auto copies = [this] {
+            return QDir(m_folder->path()).entryList({ QStringLiteral("plandesk-import-*") });
+        };
+        QByteArray many = "symbol,name,type,sub-type,decimals,factor,step,limit\n";
+        for (int i = 0; i < 100000; ++i)
+            many += QByteArray::number(600000 + i) + ".SH,n,股票,主板,2,1,100,10%\n";
+        const QStringList rest{ QStringLiteral("--database"), QStringLiteral("my.sqlite") };
+        QCOMPARE(plandesk(QStringList{ QStringLiteral("import"), QStringLiteral("securities"), sample("securities"),
+                              QStringLiteral("--empty") }
+                     + rest)
+                     .code,
+            0);
+        const auto import = [&](const QString& file) {
+            return QStringList{ QStringLiteral("import"), QStringLiteral("securities"), file } + rest;
+        };
+        QProcess killed;
+        killed.setWorkingDirectory(m_folder->path());
+        killed.setProcessEnvironment(environment());
+        killed.start(QStringLiteral(PLANDESK_PROGRAM), import(write(QStringLiteral("many.csv"), many)));
+        QTRY_VERIFY_WITH_TIMEOUT(copies().size() == 2, 100000);
+        // A running one keeps its copy.
+        const QStringList before = copies();
+        const auto importSample = [&] { return plandesk(import(sample("securities"))).code; };
+        QCOMPARE(importSample(), 0);
+        QCOMPARE(copies(), before);
+        killed.kill();
+        QVERIFY(killed.waitForFinished());
+        QCOMPARE(copies(), before);
+        QCOMPARE(importSample(), 0);
+        QCOMPARE(copies(), QStringList());
+    }
+
     void aCommandWaitsForAnotherProgram()
     {
         const QStringList rest{ QStringLiteral("--database"), QStringLiteral("my.sqlite"), QStringLiteral("--user"),
@@ -314,13 +348,20 @@ private Q_SLOTS:
     }
 
 private:
+    /// With folders of its own for data and temporary files.
+    QProcessEnvironment environment() const
+    {
+        QProcessEnvironment own = QProcessEnvironment::systemEnvironment();
+        own.insert(QStringLiteral("XDG_DATA_HOME"), m_folder->path());
+        own.insert(QStringLiteral("TMPDIR"), m_folder->path());
+        own.insert(
+            QStringLiteral("PATH"), m_folder->filePath(QStringLiteral("bin:")) + own.value(QStringLiteral("PATH")));
+        return own;
+    }
+
     ProgramEnd run(QProcess& program, const QByteArray& input) const
     {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("XDG_DATA_HOME"), m_folder->path());
-        environment.insert(QStringLiteral("PATH"),
-            m_folder->filePath(QStringLiteral("bin:")) + environment.value(QStringLiteral("PATH")));
-        program.setProcessEnvironment(environment);
+        program.setProcessEnvironment(environment());
         program.setWorkingDirectory(m_folder->path());
         program.start();
         program.write(input);

@@ -3,13 +3,41 @@
 #include "PrivateFiles.h"
 #include "SqliteStatus.h"
 
+#include <QDir>
+#include <QFileInfo>
+#include <QUuid>
+
 #include <sqlite3.h>
+#include <unistd.h>
 
 #include <memory>
 
 namespace {
 
+const QString FolderName = QStringLiteral("plandesk-import-");
+const QString LockEnd = QStringLiteral(".lock");
 const QString CopyName = QStringLiteral("copy.sqlite");
+
+// Others can put a link there.
+void removeFolder(const QString& path)
+{
+    const QFileInfo folder(path);
+    if (folder.isDir() && !folder.isSymLink() && folder.ownerId() == getuid())
+        QDir(path).removeRecursively();
+}
+
+// A lock whose owner was killed can be taken. It is older than its folder, so none is removed that is about to be used.
+void removeLeftCopies()
+{
+    const QDir::Filters files = QDir::Files | QDir::NoSymLinks;
+    const QFileInfoList locks = QDir::temp().entryInfoList({ FolderName + QLatin1Char('*') + LockEnd }, files);
+    for (const QFileInfo& file : locks) {
+        QLockFile lock(file.filePath());
+        lock.setStaleLockTime(0);
+        if (lock.tryLock())
+            removeFolder(file.filePath().chopped(LockEnd.size()));
+    }
+}
 
 struct Closer {
     void operator()(sqlite3* connection) const { sqlite3_close(connection); }
@@ -64,7 +92,16 @@ private:
 
 FileTrial::FileTrial(Database& file)
     : m_file(file)
+    , m_folder(QDir::temp().filePath(FolderName + QUuid::createUuid().toString(QUuid::WithoutBraces)))
+    , m_lock(m_folder + LockEnd)
 {
+    m_lock.setStaleLockTime(0);
+    removeLeftCopies();
+}
+
+FileTrial::~FileTrial()
+{
+    removeFolder(m_folder);
 }
 
 Status FileTrial::run(const std::function<Status(Database& copy)>& work)
@@ -72,7 +109,7 @@ Status FileTrial::run(const std::function<Status(Database& copy)>& work)
     if (Status status = copyFile(); !status)
         return status;
     Database copy;
-    if (Status status = copy.open(m_folder.filePath(CopyName)); !status)
+    if (Status status = copy.open(QDir(m_folder).filePath(CopyName)); !status)
         return status;
     bool isDone = false;
     const Status status = copy.transaction([&]() -> Status {
@@ -95,8 +132,8 @@ Status FileTrial::run(const std::function<Status(Database& copy)>& work)
 // One step, because a further one would begin from the start after each change by others.
 Status FileTrial::copyFile()
 {
-    const QString name = m_folder.filePath(CopyName);
-    if (!m_folder.isValid() || !PrivateFiles::makeFile(name))
+    const QString name = QDir(m_folder).filePath(CopyName);
+    if (!m_lock.tryLock() || !PrivateFiles::makeFolder(m_folder) || !PrivateFiles::makeFile(name))
         return { Error::FileNotWritten, { name } };
     sqlite3* opened = nullptr;
     int code = sqlite3_open_v2(QFile::encodeName(name).constData(), &opened, SQLITE_OPEN_READWRITE, nullptr);

@@ -2,7 +2,7 @@
 
 #include "Database.h"
 
-#include <QTemporaryDir>
+#include <QLockFile>
 #include <QTemporaryFile>
 
 #include <optional>
@@ -11,8 +11,11 @@
 /// and then makes the same changes in the file at once.
 class FileTrial {
 public:
-    /// `file`: an opened file.
+    /// Removes the copies of programs that were killed. `file`: an opened file.
     explicit FileTrial(Database& file);
+    ~FileTrial();
+    FileTrial(const FileTrial&) = delete;
+    FileTrial& operator=(const FileTrial&) = delete;
 
     /// Runs `work` within a transaction of the copy. If it succeeds, its changes are kept for `apply`.
     Status run(const std::function<Status(Database& copy)>& work);
@@ -25,7 +28,8 @@ private:
     Status makeChanges(bool& isPossible);
 
     Database& m_file;
-    QTemporaryDir m_folder;
+    const QString m_folder; ///< of the copy
+    QLockFile m_lock;       ///< held as long as the folder may exist
     QTemporaryFile m_changes;
     QString m_version; ///< of the file's contents in the copy
 };
