@@ -1,10 +1,13 @@
 // The client's window while the connection to its server is lost and comes back.
 #include "AgreementDC.h"
+#include "Alerts.h"
 #include "AutoPlanField.h"
 #include "AutoPlanLogic.h"
+#include "ClientClock.h"
 #include "ClientWindowTest.h"
 #include "ErrorText.h"
 #include "HistoryStore.h"
+#include "ImportRun.h"
 #include "InstructionIssuer.h"
 #include "IssueSheet.h"
 #include "Orlo_Values.h"
@@ -21,6 +24,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QSemaphore>
+#include <QTableView>
 #include <QThread>
 #include <QtTest>
 
@@ -326,6 +330,87 @@ private Q_SLOTS:
             isStored ? QStringLiteral("连接中断前变更的计划状态已保存。")
                      : QStringLiteral("连接中断前变更的计划状态未保存，请重新变更。"));
         QCOMPARE(stateOnServer(plan), isStored ? PlanState::Paused : PlanState::Active);
+    }
+
+    void anAlertWhoseCommitWasNotAnsweredIsWorkedOffAgain_data() { addFates(); }
+
+    void anAlertWhoseCommitWasNotAnsweredIsWorkedOffAgain()
+    {
+        createSamples(1);
+        setClientToday(SampleSession::today().addDays(1));
+        openWindow();
+        QVERIFY(press(&window(), Qt::Key_L, Qt::ControlModifier));
+        const auto* const alerts = window().findChild<Alerts*>();
+        const auto* const rows = alerts->findChild<QTableView*>()->model();
+        const auto* const said = field<QLabel>(*alerts, "alertText");
+        auto* const done = field<QAbstractButton>(*alerts, "btn_done");
+        QTRY_COMPARE_WITH_TIMEOUT(rows->rowCount(), 1, Patience);
+        loseCommit();
+        QTest::mouseClick(done, Qt::LeftButton);
+        QCOMPARE(said->text(), errorText({ Error::OutcomeUnknown, {}, Error::ConnectionLost }));
+        QVERIFY(m_proxy->hasSwallowed());
+        m_proxy->resume();
+        QFETCH(bool, isStored);
+        // What is stored is read when the connection is back.
+        QTRY_COMPARE_WITH_TIMEOUT(
+            said->text(), isStored ? QStringLiteral("没有提醒。") : QStringLiteral("1条提醒"), Patience);
+        if (!isStored)
+            QTest::mouseClick(done, Qt::LeftButton);
+        QTRY_COMPARE_WITH_TIMEOUT(rows->rowCount(), 0, Patience);
+    }
+
+    void anImportWhoseCommitWasNotAnsweredIsHarmlessAgain_data()
+    {
+        QTest::addColumn<bool>("isStored");
+        QTest::addColumn<bool>("isPlan");
+        QTest::newRow("plans, stored") << true << true;
+        QTest::newRow("plans, not stored") << false << true;
+        QTest::newRow("securities, stored") << true << false;
+        QTest::newRow("securities, not stored") << false << false;
+    }
+
+    void anImportWhoseCommitWasNotAnsweredIsHarmlessAgain()
+    {
+        QFETCH(bool, isStored);
+        QFETCH(bool, isPlan);
+        ImportTask task;
+        task.file = QStringLiteral("a.csv");
+        if (isPlan) {
+            task.kind = QStringLiteral("plans");
+            task.location = session().file();
+            task.templatePlan = createOnServer();
+            task.scene.emplace(InstructionIssuer::scene(SampleSession::today()));
+            task.contents = QStringLiteral("代码,数量\n%1,500\n").arg(share()).toUtf8();
+        } else {
+            task.kind = QStringLiteral("securities");
+            task.location = session().ownersFile().replace(
+                QStringLiteral(":%1/").arg(TestDatabase::serverPort()), QStringLiteral(":%1/").arg(m_proxy->port()));
+            task.contents = QStringLiteral("symbol,name,type,sub-type,decimals,factor,step,limit\n"
+                                           "600999.SH,新股,股票,主板,2,1,100,10%\n")
+                                .toUtf8();
+        }
+        const QString number =
+            QStringLiteral("SELECT count(*) FROM ") + (isPlan ? QStringLiteral("plans") : QStringLiteral("securities"));
+        const auto count = [&] { return server().value(number)->toInt(); };
+        const int before = count();
+        log().allowLostConnection();
+        if (isStored)
+            m_proxy->swallowAnswersTo(Commit);
+        else
+            m_proxy->swallow(Commit);
+        ImportReport report;
+        Status status;
+        const std::unique_ptr<QThread> import(QThread::create([&] { status = ImportRun::run(task, report); }));
+        import->start();
+        QTRY_VERIFY_WITH_TIMEOUT(m_proxy->hasSwallowed(), Patience);
+        m_proxy->cut();
+        import->wait();
+        QCOMPARE(status, Status(Error::OutcomeUnknown, {}, Error::ConnectionLost));
+        QTRY_COMPARE_WITH_TIMEOUT(count(), before + (isStored ? 1 : 0), Patience);
+        m_proxy->resume();
+        QCOMPARE(ImportRun::run(task, report), Status());
+        QCOMPARE(report.added, isStored ? qint64(0) : qint64(1));
+        QCOMPARE(count(), before + 1);
     }
 
     void aSignatureWhoseOutcomeWasUnknownIsReportedLater_data() { addFates(); }

@@ -226,6 +226,12 @@ Status Database::finish(const Status& worked)
     return status;
 }
 
+Status Database::outcome(const Status& status) const
+{
+    const bool isUnknown = m_commitFailed && status.error() == Error::ConnectionLost;
+    return isUnknown ? Status(Error::OutcomeUnknown, {}, status) : status;
+}
+
 Status Database::execute(const QString& statement, const QVariantList& values)
 {
     return transaction([&] { return run(statement, values, [](QSqlQuery&) { return Status(); }); });

@@ -76,6 +76,9 @@ public:
 
     /// True if the last transaction failed in its COMMIT, which may have been stored all the same.
     bool commitFailed() const { return m_commitFailed; }
+    /// The status of the last transaction: `OutcomeUnknown` with it as the cause if the connection was lost in its
+    /// COMMIT, for what nobody looks up and is harmless if it is done again.
+    Status outcome(const Status& status) const;
     /// Milliseconds since the last transaction began.
     qint64 sinceBegin() const { return m_sinceBegin.isValid() ? m_sinceBegin.elapsed() : 0; }
 

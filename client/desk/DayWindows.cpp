@@ -53,6 +53,7 @@ DayWindows::DayWindows(QMainWindow* window)
     connect(&PlanEvents::instance(), &PlanEvents::planStored, this, later);
     connect(&PlanEvents::instance(), &PlanEvents::plansStored, this, later);
     connect(&PlanEvents::instance(), &PlanEvents::plansChanged, this, later);
+    connect(&PlanEvents::instance(), &PlanEvents::connectionRestored, this, later);
     m_alerts->refresh();
 }
 

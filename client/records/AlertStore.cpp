@@ -55,7 +55,7 @@ Result<QVector<Alert>> AlertStore::alerts(const AlertDays& days, int mostOfKind)
 
 Status AlertStore::setDone(const QVector<Alert>& alerts)
 {
-    return m_database.transaction([&] {
+    return m_database.outcome(m_database.transaction([&] {
         Status status;
         for (auto alert = alerts.cbegin(); alert != alerts.cend() && status; ++alert) {
             status = m_database.execute(
@@ -64,7 +64,7 @@ Status AlertStore::setDone(const QVector<Alert>& alerts)
                 { m_user.id, PlanId::toNumber(alert->plan.id).value_or(0), kindName(alert->kind), alert->subject });
         }
         return status;
-    });
+    }));
 }
 
 SqlQuery AlertStore::undone(Alert::Kind kind, const QString& subject) const

@@ -45,7 +45,8 @@ public:
 
     /// At most a number of each kind, oldest plans first.
     Result<QVector<Alert>> alerts(const AlertDays& days, int mostOfKind);
-    /// Notes that alerts have been worked off.
+    /// Notes that alerts have been worked off. `OutcomeUnknown` if COMMIT was not answered; noting them again is
+    /// harmless.
     Status setDone(const QVector<Alert>& alerts);
 
 private:

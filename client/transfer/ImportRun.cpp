@@ -151,10 +151,10 @@ private:
 
 Status importInto(Database& database, const ImportTask& task, ImportReport& report)
 {
-    return database.transaction([&] {
+    return database.outcome(database.transaction([&] {
         const std::unique_ptr<Importer> importer = importerOf(task, database, report);
         return FileImport(task, *importer, report).run();
-    });
+    }));
 }
 
 // The file is locked only while changes are made that have been checked. Where others change it all the time, it is
@@ -180,8 +180,9 @@ Status importAsAdministrator(const ImportTask& task, ImportReport& report)
     Administration administration;
     if (Status status = administration.open(task.location); !status)
         return status;
-    return administration.run([&](Database& database, QStringList&) { return importInto(database, task, report); })
-        .status();
+    const auto imported =
+        administration.run([&](Database& database, QStringList&) { return importInto(database, task, report); });
+    return administration.database().outcome(imported.status());
 }
 
 // Closures are files of their own, which need no database.

@@ -38,7 +38,8 @@ namespace ImportRun {
 /// Imports a file in one transaction on a connection of its own, so that it can run on any thread. Success means that
 /// it was stored, or could be in a trial. If a row is refused, nothing is stored: `FileNotImported`, and the report has
 /// the reasons. `ImportNotConfirmed`, if something would be removed that the task does not list.
-/// The report is cleared first, except for its limits.
+/// `OutcomeUnknown`, if a server did not answer; what it has stored all the same is not stored twice when the file is
+/// imported again. The report is cleared first, except for its limits.
 Status run(const ImportTask& task, ImportReport& report);
 
 /// Fails if there is no such kind, or if it cannot be replaced.
