@@ -45,6 +45,7 @@ void ForecastTable::fill()
 
 void ForecastTable::resizeEvent(QResizeEvent* event)
 {
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): the columns have widths of their own
     QTreeView::resizeEvent(event);
     const Detail former = m_detail;
     arrange();

@@ -116,7 +116,9 @@ void readRefused(const QWidget& form, FormReading& reading)
     for (const char* const name :
         { "le_targetTotalNum", "le_entrustMaxNum", "le_reduceHRatio", "le_start", "le_end", "le_date" }) {
         const auto* const field = find<QWidget>(form, name);
-        const QString reason = field && field->isVisibleTo(&form) ? FieldMark::refusedInput(field) : QString();
+        if (!field || !field->isVisibleTo(&form))
+            continue;
+        const QString reason = FieldMark::refusedInput(field);
         if (!reason.isEmpty())
             reading.refused << RefusedInput{ QLatin1String(name), field->accessibleName(), reason };
     }

@@ -62,7 +62,7 @@ void RowView::resizeEvent(QResizeEvent* event)
     QTreeView::resizeEvent(event);
     const AdvisorColumns& columns = m_model->columns();
     const auto add = [](int sum, const AdvisorColumn& column) { return sum + column.share; };
-    const int all = std::accumulate(columns.cbegin(), columns.cend(), 0, add);
+    const int all = qMax(1, std::accumulate(columns.cbegin(), columns.cend(), 0, add));
     int left = viewport()->width();
     for (int i = 0; i < columns.size(); ++i) {
         const bool isLast = i + 1 == columns.size();

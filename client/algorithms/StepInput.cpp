@@ -89,8 +89,8 @@ double StepInput::step(bool isLarge) const
 void StepInput::stepNumber(int steps)
 {
     const bool hasLargeStep = !m_control.outerIncrement.isEmpty() || m_control.outerStepPolicy != StepPolicy::Fixed;
-    const bool page = std::abs(steps) >= PageSteps && hasLargeStep;
-    const double change = page ? steps / PageSteps * step(true) : steps * step(false);
+    const int pages = hasLargeStep ? steps / PageSteps : 0;
+    const double change = pages != 0 ? pages * step(true) : steps * step(false);
 
     const QString now = ParameterValue::entered(m_parameter, text());
     double value = (ParameterValue::isDecimal(now) ? now.toDouble() : 0.0) + change;

@@ -130,33 +130,41 @@ Result<QString> importFiles(const Options& options)
     return failure;
 }
 
-Result<QString> exportKind(const Options& options)
+/// That of the file's name, JSON as an option, or CSV.
+Result<TableFormat> formatOf(const Options& options)
 {
     const QString kind = options.arguments.at(0);
+    if (Status status = ExportRun::check(kind); !status)
+        return status;
+    if (options.day.isValid() && kind != TransferForms::journal().id)
+        return Status(Error::OptionOfCommand, { QStringLiteral("day"), QStringLiteral("export journal") });
+    if (options.flags.contains(Flag::Json))
+        return TableFormat::Json;
     const QString file = options.arguments.value(1);
-    Status status = ExportRun::check(kind);
-    if (status && options.day.isValid() && kind != TransferForms::journal().id)
-        status = Status(Error::OptionOfCommand, { QStringLiteral("day"), QStringLiteral("export journal") });
-    const bool isJson = options.flags.contains(Flag::Json);
-    Result<TableFormat> format = isJson ? TableFormat::Json : TableFormat::Csv;
-    if (!file.isEmpty() && !isJson)
-        format = ExportRun::formatOf(file);
-    if (status && !format)
-        status = format.status();
-    if (status)
-        status = startSession(options);
-    if (!status)
+    return file.isEmpty() ? TableFormat::Csv : ExportRun::formatOf(file);
+}
+
+Status exportToStdout(const ExportRun::Task& task)
+{
+    QFile output;
+    if (!output.open(stdout, QIODevice::WriteOnly))
+        return Status(Error::FileNotWritten, { QStringLiteral("stdout") });
+    return ExportRun::run(task, output);
+}
+
+Result<QString> exportKind(const Options& options)
+{
+    const Result<TableFormat> format = formatOf(options);
+    if (!format)
+        return format.status();
+    if (Status status = startSession(options); !status)
         return status;
     ClientSession& session = ClientSession::instance();
-    const ExportRun::Task task{ session.database(), session.market(), session.user(), kind, *format,
+    const ExportRun::Task task{ session.database(), session.market(), session.user(), options.arguments.at(0), *format,
         options.day.isValid() ? options.day : clientToday() };
-    if (file.isEmpty()) {
-        QFile output;
-        if (!output.open(stdout, QIODevice::WriteOnly))
-            return Status(Error::FileNotWritten, { QStringLiteral("stdout") });
-        status = ExportRun::run(task, output);
-        return status ? Result<QString>(QString()) : status;
-    }
-    status = ExportRun::toFile(task, file);
-    return status ? Result<QString>(CommandTexts::tr("已导出到%1").arg(file)) : status;
+    const QString file = options.arguments.value(1);
+    const Status status = file.isEmpty() ? exportToStdout(task) : ExportRun::toFile(task, file);
+    if (!status)
+        return status;
+    return file.isEmpty() ? QString() : CommandTexts::tr("已导出到%1").arg(file);
 }

@@ -41,12 +41,12 @@ constexpr qint64 MostRowsOfPage = 1000;
 constexpr int FramesUntilCheckpoint = 1000;
 constexpr qint64 FrameSize = 4096 + 24;
 // A few transactions fit into the room, and some more into what is added to it, in bytes.
-constexpr qint64 LeastRoom = 256 * 1024;
+constexpr qint64 LeastRoom = 256LL * 1024;
 constexpr int AddedRoom = 512 * 1024;
 // SQLite writes less than 128 KiB at once.
 constexpr int LongestWrite = 64 * 1024;
 // A disk with less free space is left to the data, in bytes.
-constexpr quint64 LeastFreeSpace = 64 * 1024 * 1024;
+constexpr quint64 LeastFreeSpace = 64ULL * 1024 * 1024;
 
 const QString DataVersion = QStringLiteral("PRAGMA data_version");
 

@@ -19,7 +19,7 @@ public:
 
     explicit Alerts(QWidget* parent = nullptr);
 
-    void open();
+    void open() override;
     /// Reads the alerts again, beside the window.
     void refresh();
     /// "3", or "500+" if there may be more; empty if there are none.
