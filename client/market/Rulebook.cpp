@@ -26,6 +26,14 @@ QString keyOf(const QString& exchange, const QString& subType)
     return exchange + QLatin1Char('|') + subType;
 }
 
+Result<QString> codeOf(const CodeWords& words, const QString& heading, const QString& cell)
+{
+    const QString code = words.code(cell);
+    if (code.isNull())
+        return { Error::UnknownCode, { heading, cell } };
+    return code;
+}
+
 /// The value of a rule; absent for another text.
 std::optional<double> valueOf(TradeRule rule, QString text)
 {
@@ -102,19 +110,28 @@ Status Rulebook::add(const QString& line)
     const QStringList cells = line.split(QLatin1Char(','));
     if (cells.size() != Source + 1)
         return { Error::RulebookColumns, { QString::number(cells.size()) } };
-    const QString exchange = CodeWords::exchanges().code(cells.at(Exchange));
-    if (exchange.isNull())
-        return { Error::UnknownCode, { QStringLiteral("exchange"), cells.at(Exchange) } };
-    const QString subType = CodeWords::securitySubTypes().code(cells.at(Board));
-    if (subType.isNull())
-        return { Error::UnknownCode, { QStringLiteral("board"), cells.at(Board) } };
-    const QString flag = cells.at(Flag).isEmpty() ? QString() : CodeWords::specialTreatments().code(cells.at(Flag));
-    if (flag.isNull() && !cells.at(Flag).isEmpty())
-        return { Error::UnknownCode, { QStringLiteral("flag"), cells.at(Flag) } };
-    const int number = RuleNames.indexOf(cells.at(RuleName));
-    if (number < 0)
+    const Result<QString> exchange = codeOf(CodeWords::exchanges(), QStringLiteral("exchange"), cells.at(Exchange));
+    if (!exchange)
+        return exchange.status();
+    const Result<QString> subType = codeOf(CodeWords::securitySubTypes(), QStringLiteral("board"), cells.at(Board));
+    if (!subType)
+        return subType.status();
+    const Result<QString> flag = cells.at(Flag).isEmpty()
+        ? QString()
+        : codeOf(CodeWords::specialTreatments(), QStringLiteral("flag"), cells.at(Flag));
+    if (!flag)
+        return flag.status();
+    const int rule = RuleNames.indexOf(cells.at(RuleName));
+    if (rule < 0)
         return { Error::UnknownCode, { QStringLiteral("rule"), cells.at(RuleName) } };
-    const auto rule = static_cast<TradeRule>(number);
+    const Result<Period> period = periodOf(static_cast<TradeRule>(rule), cells);
+    if (!period)
+        return period.status();
+    return add({ *flag, static_cast<TradeRule>(rule), { *period } }, m_boards[keyOf(*exchange, *subType)]);
+}
+
+Result<Rulebook::Period> Rulebook::periodOf(TradeRule rule, const QStringList& cells)
+{
     const auto value = valueOf(rule, cells.at(Value));
     if (!value)
         return { Error::UnknownCode, { QStringLiteral("value"), cells.at(Value) } };
@@ -126,16 +143,22 @@ Status Rulebook::add(const QString& line)
         return { Error::NotADate, { cells.at(Last) } };
     if (cells.at(Source).isEmpty())
         return { Error::CellMissing, { QStringLiteral("source") } };
-    QVector<Series>& board = m_boards[keyOf(exchange, subType)];
-    const auto known = std::find_if(
-        board.begin(), board.end(), [&](const Series& series) { return series.rule == rule && series.flag == flag; });
+    return period;
+}
+
+/// Adds a series of one period.
+Status Rulebook::add(const Series& added, QVector<Series>& board)
+{
+    const auto known = std::find_if(board.begin(), board.end(),
+        [&added](const Series& series) { return series.rule == added.rule && series.flag == added.flag; });
     if (known == board.end()) {
-        board.append({ flag, rule, { period } });
+        board.append(added);
         return {};
     }
+    const Period& period = added.periods.constFirst();
     const QDate next = known->periods.constLast().last.addDays(1);
     if (period.first != next)
-        return { Error::RulebookGap, { cells.at(First), next.toString(Qt::ISODate) } };
+        return { Error::RulebookGap, { period.first.toString(Qt::ISODate), next.toString(Qt::ISODate) } };
     known->periods << period;
     return {};
 }

@@ -58,6 +58,8 @@ private:
     };
 
     Status add(const QString& line);
+    static Status add(const Series& added, QVector<Series>& board);
+    static Result<Period> periodOf(TradeRule rule, const QStringList& cells);
     const Series* find(const Security& security, TradeRule rule) const;
     /// The same, if the security follows the rule.
     const Series* followed(const Security& security, TradeRule rule, double own) const;
