@@ -269,6 +269,18 @@ private Q_SLOTS:
         QCOMPARE(chinese(), QStringList());
     }
 
+    void theFormWithOldLists()
+    {
+        openWindow();
+        fillForm();
+        Market none;
+        QCOMPARE(ClientSession::instance().takeImported(none), Status());
+        dialog().lookForChange();
+        QVERIFY(field<QWidget>(dialog(), "oldLists")->isVisible());
+        QCOMPARE(chinese(), QStringList());
+        dialog().leave();
+    }
+
     void theBoxesAndDialogs()
     {
         createSamples(1);

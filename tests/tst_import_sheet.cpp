@@ -7,6 +7,7 @@
 #include "ImportSheet.h"
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
+#include "PlanEvents.h"
 #include "TestStatus.h"
 
 #include <QAbstractButton>
@@ -92,19 +93,10 @@ private Q_SLOTS:
     void anImportedAccountIsOfferedAtOnce()
     {
         openWindow();
-        openSheet("accounts");
-        choose(write("a.csv", "account,name,fund,client,branch,asset,XSHG\n9001,九号,F9,C9,B009,普通,A900\n"));
-        click("btn_import");
-        waitForTheEnd();
-        openSheet("users");
-        const QString name = ClientSession::instance().user().name;
-        choose(write("b.csv", "user,name,account,types\ntrader01," + name.toUtf8() + ",9001,普通\n"));
-        click("btn_import");
-        waitForTheEnd();
+        importAccount();
         QVERIFY(press(sheet(), Qt::Key_Escape));
         pressForEditor(Qt::Key_N);
-        const auto* const accounts = field<QComboBox>(*dialogEditor(), "combx_fundAccount");
-        QVERIFY(accounts->findData(QStringLiteral("9001")) >= 0);
+        QVERIFY(offersAccount());
         dialog().leave();
     }
 
@@ -122,6 +114,82 @@ private Q_SLOTS:
         click("btn_import");
         waitForTheEnd();
         QTRY_VERIFY_WITH_TIMEOUT(!end->isVisible(), Patience);
+    }
+
+    void anOpenFormTakesImportedAccountsWhenTheTraderWants()
+    {
+        openFilledForm();
+        const QStringList before = filled();
+        importAccount();
+        QVERIFY(oldLists()->isVisible());
+        QVERIFY(!offersAccount());
+        QCOMPARE(filled(), before);
+        takeLists();
+        QVERIFY(!oldLists()->isVisible());
+        QVERIFY(offersAccount());
+        QCOMPARE(filled(), before);
+        QCOMPARE(dialog().windowTitle(), QStringLiteral("新建计划"));
+        QVERIFY(dialog().isChanged());
+        QVERIFY(!send().isEmpty());
+        QCOMPARE(*plans().count(), 1);
+    }
+
+    void theFormOfAPlanKeepsItsChangesWithNewLists()
+    {
+        const QString plan = createSamples(1).constFirst();
+        openWindow();
+        pressForEditor(Qt::Key_E);
+        dialogDriver().type("le_remark", QStringLiteral("改后"));
+        importAccount();
+        QVERIFY(oldLists()->isVisible());
+        takeLists();
+        QCOMPARE(dialog().windowTitle(), QStringLiteral("修改计划 ") + plan);
+        QCOMPARE(dialog().editedPlan(), plan);
+        QVERIFY(!send().isEmpty());
+        QCOMPARE(plans().record(plan)->value(AutoPlanField::BaseField::remark).toString(), QStringLiteral("改后"));
+        QCOMPARE(plans().plan(plan)->version, 2);
+    }
+
+    void anOpenFormTakesImportedSecuritiesWhenTheTraderWants()
+    {
+        openFilledForm();
+        openSheet("securities");
+        choose(write("a.csv", SecurityHeadings + line(share(), "新名")));
+        click("btn_import");
+        waitForTheEnd();
+        // The list has the same securities.
+        QVERIFY(!oldLists()->isVisible());
+        choose(write("a.csv", SecurityHeadings + "600999.SH,新股,股票,主板,2,1,100,10%\n"));
+        click("btn_import");
+        waitForTheEnd();
+        openSheet("closes");
+        choose(write("b.csv", "symbol,date,close\n600999.SH,2024-04-30,10\n"));
+        click("btn_import");
+        waitForTheEnd();
+        QTRY_VERIFY_WITH_TIMEOUT(oldLists()->isVisible(), Patience);
+        takeLists();
+        FormDriver driver = dialogDriver();
+        field<QLineEdit>(*dialogEditor(), "le_symbol")->clear();
+        driver.enterSymbol(QStringLiteral("600999.SH"));
+        QCOMPARE(driver.takeProblems(), QStringList());
+        QVERIFY(!send().isEmpty());
+        QCOMPARE(fields(newestPlan()).constFirst(), QStringLiteral("600999.SH"));
+    }
+
+    void anImportOfPricesSaysNothingInAForm()
+    {
+        openFilledForm();
+        openSheet("positions");
+        const QString account = FreeAccount;
+        choose(write("a.csv",
+            "account,symbol,quantity,tradeable\n" + account.toUtf8() + ',' + share().toUtf8() + ",1000,1000\n"));
+        QSignalSpy changes(&PlanEvents::instance(), &PlanEvents::plansChanged);
+        click("btn_import");
+        waitForTheEnd();
+        QCOMPARE(changes.count(), 1);
+        dialog().lookForChange();
+        QVERIFY(!oldLists()->isVisible());
+        dialog().leave();
     }
 
     void aBadFileIsListedAndNotImported()
@@ -312,6 +380,53 @@ private:
     void clickBox(const char* name) const
     {
         QTest::mouseClick(button(name), Qt::LeftButton, {}, QPoint(8, button(name)->height() / 2));
+    }
+
+    QWidget* oldLists() const { return field<QWidget>(dialog(), "oldLists"); }
+
+    QStringList filled() const
+    {
+        QStringList fields;
+        for (const FormDraft::Value& value : dialog().draft().values)
+            fields << value.field + QLatin1Char('=') + value.code + QLatin1Char(' ') + value.text;
+        return fields;
+    }
+
+    /// Opens a form and fills it in.
+    void openFilledForm()
+    {
+        openWindow();
+        pressForEditor(Qt::Key_N);
+        FormDriver driver = dialogDriver();
+        driver.fill(ordinary());
+        driver.type("le_remark", QStringLiteral("备注一"));
+        QCOMPARE(driver.takeProblems(), QStringList());
+    }
+
+    void takeLists()
+    {
+        QVERIFY(takeKeyboard(&dialog()));
+        QTest::mouseClick(field<QAbstractButton>(dialog(), "btnTakeLists"), Qt::LeftButton);
+    }
+
+    /// Imports the account 9001 with the user's right to it, while a form is open.
+    void importAccount()
+    {
+        openSheet("accounts");
+        choose(write("a.csv", "account,name,fund,client,branch,asset,XSHG\n9001,九号,F9,C9,B009,普通,A900\n"));
+        click("btn_import");
+        waitForTheEnd();
+        openSheet("users");
+        const QString name = ClientSession::instance().user().name;
+        choose(write("b.csv", "user,name,account,types\ntrader01," + name.toUtf8() + ",9001,普通\n"));
+        click("btn_import");
+        waitForTheEnd();
+        QTRY_VERIFY_WITH_TIMEOUT(!dialog().isVisible() || oldLists()->isVisible(), Patience);
+    }
+
+    bool offersAccount() const
+    {
+        return field<QComboBox>(*dialogEditor(), "combx_fundAccount")->findData(QStringLiteral("9001")) >= 0;
     }
 
     QAbstractButton* button(const char* name) const

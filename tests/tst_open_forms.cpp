@@ -2,6 +2,8 @@
 #include "AutoPlanField.h"
 #include "ClientWindowTest.h"
 #include "PlanCodes.h"
+#include "StrategyFolder.h"
+#include "StrategyTexts.h"
 #include "TestStatus.h"
 
 #include <QAction>
@@ -10,6 +12,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableView>
+#include <QTemporaryDir>
 #include <QWindow>
 #include <QtTest>
 
@@ -180,6 +183,43 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(plans().plan(plan)->state, PlanState::Paused, Patience);
         auto* const notice = field<QWidget>(dialog(), "changeNotice");
         QTRY_VERIFY_WITH_TIMEOUT(notice->isVisible(), Patience);
+    }
+
+    void anOpenFormOffersTheAlgorithmsOfNewFiles()
+    {
+        openWindow();
+        pressForEditor(Qt::Key_N);
+        FormDriver driver = dialogDriver();
+        PlanForm form = ordinary(ReviewedAccount);
+        form.instructionMode = InstMode::AlgoReview;
+        driver.fill(form);
+        const QStringList problems = driver.takeProblems();
+        QVERIFY2(problems.isEmpty(), qPrintable(problems.join(QLatin1Char('\n'))));
+        const auto offered = [this] {
+            QTest::mouseClick(field<QWidget>(*dialogEditor(), "btn_algoParamSetting"), Qt::LeftButton);
+            auto* const panel = field<QWidget>(*dialogEditor(), "algorithmPanel");
+            const auto* const strategies = field<QComboBox>(*panel, "combx_strategy");
+            QStringList names;
+            for (int i = 0; i < strategies->count(); ++i)
+                names << strategies->itemData(i).toString();
+            QTest::mouseClick(field<QWidget>(*panel, "btn_cancel"), Qt::LeftButton);
+            return names;
+        };
+        const QStringList before = offered();
+        QCOMPARE(before.size(), 5);
+        const QTemporaryDir folder;
+        QFile file(folder.filePath(QStringLiteral("own.xml")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(StrategyTexts::strategy(QStringLiteral("<Parameter name=\"P\" xsi:type=\"Int_t\"/>")).toUtf8());
+        file.close();
+        QSignalSpy changes(&StrategyFolder::instance(), &StrategyFolder::changed);
+        StrategyFolder::instance().open(folder.path());
+        QVERIFY(changes.wait(Patience));
+        QCOMPARE(offered(), before + QStringList{ QStringLiteral("S@own") });
+        StrategyFolder::instance().open(QString());
+        QVERIFY(changes.wait(Patience));
+        QCOMPARE(offered(), before);
+        dialog().leave();
     }
 
     // --- Users who cannot make a plan

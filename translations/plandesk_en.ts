@@ -2172,6 +2172,14 @@
         <translation>The following could not be restored, please check:
 %1</translation>
     </message>
+    <message>
+        <source>更新列表</source>
+        <translation>Update the lists</translation>
+    </message>
+    <message>
+        <source>账户、权限或证券已有变化，本表单仍是原来的列表。</source>
+        <translation>Accounts, rights or securities have changed; this form still has the former lists.</translation>
+    </message>
 </context>
 <context>
     <name>EditorForms</name>

@@ -86,6 +86,8 @@ Status ClientSession::takeImported(const Market& market)
     if (!m_open)
         return {};
     ClosureFiles::reload();
+    if (m_market.market().symbols().toStringList() != market.symbols().toStringList())
+        ++m_listsNumber;
     m_market.take(market);
     m_market.prepareSearch();
     m_unsigned.clear();
@@ -394,7 +396,7 @@ Status ClientSession::readAccounts()
     m_areAccountsOld = false;
     m_accountsVersion = *version;
     if (!(present == m_accounts))
-        ++m_accountsNumber;
+        ++m_listsNumber;
     m_accounts = present;
     return {};
 }

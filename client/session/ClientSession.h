@@ -56,8 +56,9 @@ public:
     const AccountDirectory& accounts() const { return m_accounts; }
     /// Reads the accounts and rights again if others have changed them. If it fails, those that were read before stay.
     Status refreshAccounts();
-    /// Changes with the accounts and rights: a caller that keeps a copy of them reads it again when this differs.
-    int accountsNumber() const { return m_accountsNumber; }
+    /// Changes with the accounts and rights, and with the securities that there are: a caller that keeps a copy of them
+    /// reads it again when this differs.
+    int listsNumber() const { return m_listsNumber; }
     const TradeCalendar& calendar() const { return ClosureFiles::calendar(); }
     Database& database() { return m_database; }
     /// The plans of the user's accounts and those assigned to the user.
@@ -129,7 +130,7 @@ private:
     StoredUser m_user;
     SearchableMarket m_market;
     AccountDirectory m_accounts;
-    int m_accountsNumber = 0;      ///< grows when they have changed
+    int m_listsNumber = 0;         ///< grows when accounts, rights or securities have changed
     bool m_areAccountsOld = false; ///< others have changed something since they were read
     QString m_accountsVersion;     ///< of the facts from which they were read
     std::unique_ptr<MovingAverageWorker> m_averages;

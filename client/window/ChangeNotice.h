@@ -1,15 +1,12 @@
 #pragma once
 
+#include "NoticeLine.h"
 #include "PlanEvents.h"
-
-#include <QWidget>
 
 #include <optional>
 
-class QLabel;
-
 /// The line above a form whose plan someone else has changed. Hidden without a change.
-class ChangeNotice : public QWidget {
+class ChangeNotice : public NoticeLine {
     Q_OBJECT
 
 public:
@@ -26,6 +23,5 @@ Q_SIGNALS:
     void differencesWanted(const PlanConflict& change);
 
 private:
-    QLabel* m_text;
     std::optional<PlanConflict> m_change;
 };

@@ -10,6 +10,7 @@
 #include "FormDates.h"
 #include "FormInputs.h"
 #include "MessageFocus.h"
+#include "NoticeLine.h"
 #include "OrloWidget.h"
 #include "PlanCodes.h"
 #include "PlanEvents.h"
@@ -56,6 +57,7 @@ QWidget* firstField(QWidget* form)
 EditorDialog::EditorDialog()
     : QDialog(nullptr, Qt::Window)
     , m_notice(new ChangeNotice(this))
+    , m_oldLists(new NoticeLine(QStringLiteral("oldLists"), this))
     , m_area(new QScrollArea(this))
     , m_side(new AdvisorSide(this))
     , m_advisor(m_side->panel())
@@ -70,6 +72,9 @@ EditorDialog::EditorDialog()
     room->setContentsMargins(0, 0, 0, 0);
     room->setSpacing(0);
     room->addWidget(m_notice);
+    room->addWidget(m_oldLists);
+    m_oldLists->setButton(QStringLiteral("btnTakeLists"), tr("更新列表"));
+    connect(m_oldLists, &NoticeLine::wanted, this, &EditorDialog::takeLists);
     auto* const halves = new QHBoxLayout;
     halves->setSpacing(0);
     halves->addWidget(m_area, 1);
@@ -203,7 +208,7 @@ void EditorDialog::prepare(const QString& title)
     m_isSending = false;
     m_sentWith.clear();
     m_advisor->setPlan(QString());
-    if (!m_editor || m_holdsValues || m_accounts != ClientSession::instance().accountsNumber()) {
+    if (!m_editor || m_holdsValues || m_lists != ClientSession::instance().listsNumber()) {
         makeEditor();
         return;
     }
@@ -218,7 +223,8 @@ void EditorDialog::makeEditor()
     m_editor = new AutoParamSetting(this);
     m_editor->setAttribute(Qt::WA_StyledBackground);
     m_holdsValues = false;
-    m_accounts = ClientSession::instance().accountsNumber();
+    m_lists = ClientSession::instance().listsNumber();
+    m_oldLists->hide();
     if (!m_skin.isEmpty())
         m_editor->loadSkin(m_skin);
     connect(m_editor, &AutoParamSetting::signalBtnCancelClicked, this, &EditorDialog::leave);
@@ -284,7 +290,7 @@ void EditorDialog::fit()
         EditorSize.expandedTo(QSize(m_editor->minimumSizeHint().width(), m_editor->sizeHint().height()));
     const QSize room = screen()->availableSize() - (frameGeometry().size() - size());
     // If the form is higher than the screen, the scroll bar is beside it, not over it.
-    const int notice = m_notice->isHidden() ? 0 : m_notice->heightForWidth(wanted.width());
+    const int notice = noticeHeight(wanted.width());
     const int bar = wanted.height() > room.height() ? m_area->verticalScrollBar()->sizeHint().width() : 0;
     m_editor->setMinimumSize(wanted);
     m_side->fitInto(room.width() - wanted.width() - bar);
@@ -296,6 +302,12 @@ void EditorDialog::fit()
         return;
     resize(enough);
     keepOnScreen(this);
+}
+
+int EditorDialog::noticeHeight(int width) const
+{
+    const auto heightOf = [width](const QWidget* line) { return line->isHidden() ? 0 : line->heightForWidth(width); };
+    return heightOf(m_notice) + heightOf(m_oldLists);
 }
 
 void EditorDialog::present()
@@ -368,6 +380,7 @@ void EditorDialog::closeStored()
 
 void EditorDialog::lookForChange()
 {
+    lookForLists();
     if (m_pinnedPlan.isEmpty() || m_pinnedVersion == 0 || !m_storedPlan.isEmpty())
         return;
     const auto change = PlanSubmission::changeSince(m_pinnedPlan, m_pinnedVersion);
@@ -375,6 +388,23 @@ void EditorDialog::lookForChange()
         return;
     m_notice->showChange(**change, m_pinnedVersion);
     fit();
+}
+
+// The lists of a form that is being filled in change only when the trader wants it.
+void EditorDialog::lookForLists()
+{
+    if (!isVisible() || !m_oldLists->isHidden() || m_lists == ClientSession::instance().listsNumber())
+        return;
+    m_oldLists->showText(tr("账户、权限或证券已有变化，本表单仍是原来的列表。"));
+    fit();
+}
+
+// As a form that was left and is continued.
+void EditorDialog::takeLists()
+{
+    const QString title = windowTitle();
+    openDraft(draft());
+    setWindowTitle(title);
 }
 
 // The editor shows the service's refusal in a box first.

@@ -12,6 +12,7 @@ class AdvisorPanel;
 class AdvisorSide;
 class AutoParamSetting;
 class ChangeNotice;
+class NoticeLine;
 class QScrollArea;
 
 /// A window around the plan editor, with the advisor beside it. It reuses the editor if it can be reset: after a plan
@@ -41,7 +42,7 @@ public:
     void leave();
     /// Closes after it has become known that the form is stored, unless it was changed since it was sent.
     void closeStored();
-    /// Says above the form if someone else has changed the edited plan.
+    /// Says above the form if someone else has changed the edited plan, or if the form has old lists.
     void lookForChange();
     AdvisorPanel* advisor() const { return m_advisor; }
     /// The plan that it edits; empty if none.
@@ -77,10 +78,14 @@ private:
     Status checkSent();
     void pin(const QString& planId, int version);
     void unpin();
+    void lookForLists();
+    void takeLists();
+    int noticeHeight(int width) const;
     void noteConflict(const PlanConflict& conflict);
     void showConflict(const PlanConflict& conflict);
 
     ChangeNotice* m_notice;
+    NoticeLine* m_oldLists; ///< above the form if accounts, rights or securities have changed since it read them
     QScrollArea* m_area;
     AdvisorSide* m_side;
     AdvisorPanel* m_advisor;
@@ -95,6 +100,6 @@ private:
     QString m_draftId;
     QString m_storedPlan;       ///< since the form was opened
     bool m_isSending = false;   ///< the plan service is storing the form
-    int m_accounts = 0;         ///< number of the user's accounts that the editor has read
+    int m_lists = 0;            ///< number of the session's lists that the editor has read
     bool m_holdsValues = false; ///< the form has values that `resetEnable` does not clear
 };
