@@ -416,6 +416,12 @@ private Q_SLOTS:
             QStringList{ line("账户1：最大数量由5改为usual") });
         QCOMPARE(*team.accounts.setLimits(line("usual"), quantity),
             QStringList{ line("通用限额：最大数量由100000000改为5") });
+        for (const char* const name : { "quantity", "amount" })
+            QCOMPARE(
+                team.accounts.setLimits(line("1"), { { line(name), line("9223372036854775807") } }).status().error(),
+                Error::LimitTooLarge);
+        QCOMPARE(team.accounts.setLimits(line("1"), { { line("price-band"), line("1000001") } }).status(),
+            Status(Error::LimitTooLarge, { line("价格偏离（‰）"), line("1000000") }));
         for (const char* const text : { "0", "-1", "x", "", "1.5" })
             QCOMPARE(team.accounts.setLimits(line("1"), { { line("quantity"), line(text) } }).status(),
                 Status(Error::NotPositiveWhole, { line("最大数量"), line(text) }));

@@ -67,6 +67,18 @@ private Q_SLOTS:
         QCOMPARE(clients->item(1)->checkState(), Qt::Checked);
     }
 
+    void whatCannotBeReadIsNotSigned()
+    {
+        WidgetServices::instance().agreementText.clear();
+        OrloAgreementSignWidget dialog(true, true, nullptr);
+        fill(dialog);
+        QVERIFY(!signButton(dialog)->isEnabled());
+        QCOMPARE(child<QPlainTextEdit>(dialog, "agreementText")->placeholderText(),
+            QStringLiteral("无法读取协议的内容，不能签署。"));
+        QTest::mouseClick(signButton(dialog), Qt::LeftButton);
+        QCOMPARE(signatures().size(), 0);
+    }
+
     void textAndClientsCanBeLeftOut()
     {
         OrloAgreementSignWidget dialog(false, false, nullptr);

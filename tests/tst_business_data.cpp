@@ -454,6 +454,14 @@ private Q_SLOTS:
         QCOMPARE(signAgreement(agreement(), {}), Status(Error::NoSigner));
         QCOMPARE(signAgreement(QStringLiteral("nothing"), own),
             Status(Error::UnknownAgreement, { QStringLiteral("nothing") }));
+        Database owned;
+        QCOMPARE(owned.open(m_session->ownersFile()), Status());
+        const QStringList text =
+            *owned.texts(QStringLiteral("SELECT content FROM agreements WHERE protocol = ?"), { agreement() });
+        const QString change = QStringLiteral("UPDATE agreements SET content = ? WHERE protocol = ?");
+        QCOMPARE(owned.execute(change, { QStringLiteral(" "), agreement() }), Status());
+        QCOMPARE(signAgreement(agreement(), own), Status(Error::EmptyAgreement, { agreement() }));
+        QCOMPARE(owned.execute(change, { text.constFirst(), agreement() }), Status());
         QCOMPARE(AgreementDC::instance().GetUnsignedClientNoList(agreement()), own);
         QCOMPARE(m_session->reopen(), Status());
     }

@@ -2,6 +2,7 @@
 #include "ClientSession.h"
 #include "Database.h"
 #include "LoggedTest.h"
+#include "RawFile.h"
 #include "SampleSession.h"
 #include "TestStatus.h"
 
@@ -215,6 +216,22 @@ private Q_SLOTS:
         const QString nowhere = folder.filePath(QStringLiteral("no/backup.db"));
         QCOMPARE(backUpDatabase(session.file(), nowhere),
             notBackedUp(session.file(), { Error::FileNotWritten, { nowhere } }));
+    }
+
+    void aDatabaseThatTheClientDoesNotOpenIsNotBackedUp()
+    {
+        const QTemporaryDir folder;
+        const QString backup = folder.filePath(QStringLiteral("backup.db"));
+        const QString file = folder.filePath(QStringLiteral("plans.db"));
+        QCOMPARE(Database().open(file), Status());
+        QVERIFY(RawFile(file).run(
+            QStringLiteral("CREATE TRIGGER t AFTER INSERT ON users BEGIN DELETE FROM positions; END")));
+        QCOMPARE(backUpDatabase(file, backup),
+            notBackedUp(file, { Error::UnknownObject, { QStringLiteral("触发器"), QStringLiteral("t") } }));
+        QVERIFY(!QFile::exists(backup));
+        QVERIFY(RawFile(file).run(QStringLiteral("PRAGMA user_version = 99")));
+        QCOMPARE(backUpDatabase(file, backup).cause().error(), Error::NewerDatabase);
+        QVERIFY(!QFile::exists(backup));
     }
 
     void onlyADatabaseOfTheClientIsBackedUp()

@@ -83,6 +83,11 @@ void addServerRows()
         { Error::MovedRowsDiffer, { QStringLiteral("plans"), QStringLiteral("多出一行") } });
     addRow("无法确认是否已保存（与数据库服务器的连接已断开），请再运行一次，已保存时只核对",
         { Error::MoveOutcomeUnknown, {}, Error::ConnectionLost });
+    addRow("搬移中断（与数据库服务器的连接已断开），服务器上没有变化，可以再运行一次",
+        { Error::MoveInterrupted, {}, Error::ConnectionLost });
+    addRow("最大数量不能大于5", { Error::LimitTooLarge, { QStringLiteral("最大数量"), QStringLiteral("5") } });
+    addRow("数据库服务器只读（例如是备用服务器），无法写入", Error::ServerReadOnly);
+    addRow("协议“p”没有内容，不能签署", { Error::EmptyAgreement, { QStringLiteral("p") } });
 }
 
 void addSampleRows()

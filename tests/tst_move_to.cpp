@@ -11,6 +11,7 @@
 #include "LoggedTest.h"
 #include "MovedTables.h"
 #include "SampleSession.h"
+#include "TcpProxy.h"
 #include "TestDatabase.h"
 #include "TestStatus.h"
 #include "UserStore.h"
@@ -297,6 +298,31 @@ private Q_SLOTS:
             60000);
         QCOMPARE(server.count("users"), line("0"));
         QCOMPARE(server.count("plans"), line("0"));
+        QCOMPARE(server.take(m_file).status(), Status());
+    }
+
+    void aSecondMoveThatIsInterruptedChangesNothing()
+    {
+        Server server;
+        QCOMPARE(server.take(m_file).status(), Status());
+        TcpProxy proxy(TestDatabase::serverPort());
+        // When the rows are compared.
+        proxy.swallowAnswersTo("COPY");
+        const QString location = server.location().replace(
+            QStringLiteral(":%1/").arg(TestDatabase::serverPort()), QStringLiteral(":%1/").arg(proxy.port()));
+        Status status;
+        const std::unique_ptr<QThread> move(QThread::create([&] {
+            Administration administration;
+            status = administration.open(location);
+            if (status)
+                status = FileMove(administration, [](const QString&) {}).run(m_file).status();
+        }));
+        log().allowLostConnection();
+        move->start();
+        QTRY_VERIFY_WITH_TIMEOUT(proxy.hasSwallowed(), 60000);
+        proxy.cut();
+        move->wait();
+        QCOMPARE(status, Status(Error::MoveInterrupted, {}, Error::ConnectionLost));
         QCOMPARE(server.take(m_file).status(), Status());
     }
 

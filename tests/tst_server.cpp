@@ -67,6 +67,15 @@ class ServerTest : public LoggedTest {
 private Q_SLOTS:
     void initTestCase() { qputenv("TEST_DATABASE", "server"); }
 
+    void aReadOnlyServerIsNotCalledAFile()
+    {
+        const TestDatabase stored(QString(), [](Database&) { return Status(); });
+        Database database;
+        QCOMPARE(database.open(stored.ownersLocation()), Status());
+        QCOMPARE(database.configure(QStringLiteral("SET default_transaction_read_only = on")), Status());
+        QCOMPARE(database.configure(QStringLiteral("DELETE FROM users")), Status(Error::ServerReadOnly));
+    }
+
     void aLocationLeadsToAServer_data()
     {
         QTest::addColumn<QString>("location");

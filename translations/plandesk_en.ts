@@ -3698,6 +3698,22 @@
         <source>算法【%1】没有参数“%2”</source>
         <translation>Algorithm [%1] has no parameter &quot;%2&quot;</translation>
     </message>
+    <message>
+        <source>数据库服务器只读（例如是备用服务器），无法写入</source>
+        <translation>The database server is read-only, for example a standby</translation>
+    </message>
+    <message>
+        <source>%1不能大于%2</source>
+        <translation>%1 may be at most %2</translation>
+    </message>
+    <message>
+        <source>搬移中断（%1），服务器上没有变化，可以再运行一次</source>
+        <translation>The move was interrupted (%1). Nothing has changed on the server, and it can be run again</translation>
+    </message>
+    <message>
+        <source>协议“%1”没有内容，不能签署</source>
+        <translation>The agreement &quot;%1&quot; has no text and cannot be signed</translation>
+    </message>
 </context>
 <context>
     <name>ExportActions</name>
@@ -4559,6 +4575,10 @@ Continue?</translation>
     <message>
         <source>请选择签署客户！</source>
         <translation>Please choose who signs!</translation>
+    </message>
+    <message>
+        <source>无法读取协议的内容，不能签署。</source>
+        <translation>The text of the agreement cannot be read, so it cannot be signed.</translation>
     </message>
 </context>
 <context>

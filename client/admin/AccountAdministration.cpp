@@ -122,17 +122,22 @@ struct LimitItem {
     QString name;
     QString caption;
     std::optional<qint64> AccountLimits::*limit;
+    /// The database computes with a multiple of it.
+    qint64 largest;
 };
+
+constexpr qint64 Largest = 999'999'999'999'999;
+constexpr qint64 LargestBand = 1'000'000;
 
 const QVector<LimitItem>& itemsOfLimits()
 {
     static const QVector<LimitItem> all{
         { QStringLiteral("quantity"), QStringLiteral(QT_TRANSLATE_NOOP("Caption", "最大数量")),
-            &AccountLimits::quantity },
+            &AccountLimits::quantity, Largest },
         { QStringLiteral("amount"), QStringLiteral(QT_TRANSLATE_NOOP("Caption", "最大金额（元）")),
-            &AccountLimits::amount },
+            &AccountLimits::amount, Largest },
         { QStringLiteral("price-band"), QStringLiteral(QT_TRANSLATE_NOOP("Caption", "价格偏离（‰）")),
-            &AccountLimits::priceBandPerMille },
+            &AccountLimits::priceBandPerMille, LargestBand },
     };
     return all;
 }
@@ -150,6 +155,8 @@ Result<std::optional<qint64>> limitOf(const LimitItem& item, const QString& text
     const qint64 number = text.toLongLong(&isNumber);
     if (!isNumber || number <= 0)
         return { Error::NotPositiveWhole, { item.caption, text } };
+    if (number > item.largest)
+        return { Error::LimitTooLarge, { item.caption, QString::number(item.largest) } };
     return std::optional<qint64>(number);
 }
 

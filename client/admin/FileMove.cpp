@@ -99,7 +99,10 @@ Result<QStringList> FileMove::moveFrom(Database& file)
     const Result<QStringList> moved = m_administration.run([&](Database&, QStringList&) { return move(file, done); });
     if (moved)
         return report(done.arg(m_rows));
-    return m_server.commitFailed() ? Status(Error::MoveOutcomeUnknown, {}, moved.status()) : moved.status();
+    if (m_server.commitFailed() && !m_isWritten)
+        return Status(Error::MoveOutcomeUnknown, {}, moved.status());
+    const bool isInterrupted = moved.status().error() == Error::ConnectionLost;
+    return isInterrupted ? Status(Error::MoveInterrupted, {}, moved.status()) : moved.status();
 }
 
 Status FileMove::move(Database& file, QString& done)
@@ -107,7 +110,8 @@ Status FileMove::move(Database& file, QString& done)
     const Result<int> written = isWritten();
     if (!written)
         return written.status();
-    if (*written != 0) {
+    m_isWritten = *written != 0;
+    if (m_isWritten) {
         done = Administration::tr("内容已在服务器上，没有变化，核对%1行");
         return compareAll(file, Error::OtherDataOnServer);
     }

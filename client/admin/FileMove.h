@@ -38,5 +38,6 @@ private:
     Database& m_server;
     const Progress m_progress;
     QVector<MovedTable> m_tables;
-    qint64 m_rows = 0; ///< compared ones
+    qint64 m_rows = 0;        ///< compared ones
+    bool m_isWritten = false; ///< the contents were on the server before
 };

@@ -2,7 +2,6 @@
 
 #include "Database.h"
 #include "PrivateFiles.h"
-#include "SqliteSchema.h"
 #include "SqliteStatus.h"
 #include "UntrustedFile.h"
 
@@ -56,12 +55,17 @@ Status run(const Connection& connection, const char* sql, const QByteArray& valu
     return code == SQLITE_DONE ? Status() : failure(connection.get());
 }
 
-Status checkApplication(const Connection& connection)
+/// Fails for a file that the client would not open.
+Status checkSchema(const Connection& connection)
 {
     int application = 0;
-    if (Status status = run(connection, "PRAGMA application_id", {}, application); !status)
-        return status;
-    return application == SqliteSchema::applicationId() ? Status() : Error::ForeignDatabase;
+    int version = 0;
+    Status status = run(connection, "PRAGMA application_id", {}, application);
+    if (status)
+        status = run(connection, "PRAGMA user_version", {}, version);
+    if (status)
+        status = UntrustedFile::checkVersion(application, version);
+    return status ? UntrustedFile::checkSchema(connection.get(), version) : status;
 }
 
 // SQLite writes into an empty file that exists, so its mode is known from the beginning.
@@ -87,7 +91,9 @@ Status backUp(const QString& database, const QString& file)
     Connection connection;
     if (Status status = open(database, connection); !status)
         return status;
-    if (Status status = checkApplication(connection); !status)
+    const auto check = [&connection] { return checkSchema(connection); };
+    if (Status status = UntrustedFile::withinSeconds(UntrustedFile::LongestSchemaCheck, connection.get(), check);
+        !status)
         return status;
     return copy(connection, file);
 }

@@ -14,7 +14,7 @@ const QMap<QString, Error>& meanings()
     static const QMap<QString, Error> errors{
         { QStringLiteral("2200H"), Error::NumbersExhausted },
         { QStringLiteral("23505"), Error::AlreadyStored }, // unique key
-        { QStringLiteral("25006"), Error::DatabaseReadOnly },
+        { QStringLiteral("25006"), Error::ServerReadOnly },
         { QStringLiteral("40001"), Error::DatabaseBusy }, // serialization failure
         { QStringLiteral("40P01"), Error::DatabaseBusy }, // deadlock
         { QStringLiteral("42501"), Error::NotPermitted },
@@ -35,6 +35,10 @@ Status statusOf(pg_conn* connection, const QString& code, const QString& text)
         return Error::ConnectionLost;
     if (code == QLatin1String("58030")) // input or output of the server's disk
         return { Error::DiskFailed, { code } };
+    // A replica refuses to begin a transaction that writes.
+    const QByteArray standby(PQparameterStatus(connection, "in_hot_standby"));
+    if (code == QLatin1String("0A000") && standby == "on")
+        return Error::ServerReadOnly;
     if (text.contains(Bookings::refusal()))
         return Error::MoreThanSellable;
     const auto meaning = meanings().constFind(code);

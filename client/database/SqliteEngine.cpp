@@ -31,7 +31,6 @@ constexpr int RetryInterval = 10;
 // Pages in memory, in negative KiB.
 constexpr int CacheSize = -2000;
 // In seconds. The schema takes milliseconds; the pages of a million plans a few seconds.
-constexpr int LongestSchemaCheck = 5;
 constexpr int LongestPageCheck = 120;
 // A few hundred pages, unless other clients write, too: well before SQLite's automatic checkpoint within a transaction.
 constexpr int TransactionsPerWal = 50;
@@ -177,7 +176,7 @@ Status SqliteEngine::inspect()
     // One state of the file, although another client may migrate it meanwhile.
     Status status = m_database.configure(QStringLiteral("BEGIN"));
     if (status)
-        status = within(LongestSchemaCheck, &SqliteEngine::checkSchema);
+        status = within(UntrustedFile::LongestSchemaCheck, &SqliteEngine::checkSchema);
     rollBack();
     if (!status)
         return status;
@@ -210,11 +209,7 @@ Status SqliteEngine::checkVersion(int tables, int version, int application)
 {
     if (tables == 0 && version == 0 && application == 0)
         return {};
-    if (application != SqliteSchema::applicationId() || version < 1)
-        return Error::ForeignDatabase;
-    if (version > SqliteSchema::latestVersion())
-        return { Error::NewerDatabase, { QString::number(version), QString::number(SqliteSchema::latestVersion()) } };
-    return {};
+    return UntrustedFile::checkVersion(application, version);
 }
 
 Status SqliteEngine::checkPages()

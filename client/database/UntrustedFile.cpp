@@ -178,6 +178,15 @@ Status UntrustedFile::checkSchema(sqlite3* connection, int version)
 
 // From another thread: SQLite 3.40 does not call a progress handler while it walks through the pages. An interruption
 // only ends statements that run, so it is repeated.
+Status UntrustedFile::checkVersion(int application, int version)
+{
+    if (application != SqliteSchema::applicationId() || version < 1)
+        return Error::ForeignDatabase;
+    const int latest = SqliteSchema::latestVersion();
+    return version > latest ? Status(Error::NewerDatabase, { QString::number(version), QString::number(latest) })
+                            : Status();
+}
+
 Status UntrustedFile::withinSeconds(int seconds, sqlite3* connection, const std::function<Status()>& work)
 {
     QSemaphore done;

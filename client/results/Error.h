@@ -7,6 +7,7 @@ enum class Error {
     DatabaseNotOpen,
     DatabaseBusy,
     DatabaseReadOnly,
+    ServerReadOnly,
     DatabaseCorrupt,
     DiskFull,
     NotADatabase,
@@ -58,6 +59,7 @@ enum class Error {
     NoPassword,
     AccountIncomplete, ///< account, the missing items
     MalformedItem,     ///< text, the items that there are
+    LimitTooLarge,     ///< caption, largest number
     // --- Moving a file's contents to a server
     MoveOfServer,
     MoveToFile,
@@ -65,6 +67,7 @@ enum class Error {
     OtherDataOnServer,  ///< table, what differs
     MovedRowsDiffer,    ///< table, what differs
     MoveOutcomeUnknown, ///< cause
+    MoveInterrupted,    ///< cause
     // --- Stored plans and instructions
     EmptyPlan,
     FieldNotText,         ///< record key
@@ -104,6 +107,7 @@ enum class Error {
     IssuingNeedsLogin,
     SigningNeedsLogin,
     // --- Agreements
+    EmptyAgreement,   ///< protocol
     UnknownAgreement, ///< protocol
     NoSigner,
     ForeignClient, ///< client number

@@ -22,6 +22,7 @@ public:
         { Error::DatabaseNotOpen, QT_TR_NOOP("数据库未打开") },
         { Error::DatabaseBusy, QT_TR_NOOP("数据库正被其他程序或一次导入占用，请稍后再试") },
         { Error::DatabaseReadOnly, QT_TR_NOOP("数据库文件只读，无法写入") },
+        { Error::ServerReadOnly, QT_TR_NOOP("数据库服务器只读（例如是备用服务器），无法写入") },
         { Error::DatabaseCorrupt, QT_TR_NOOP("数据库文件已损坏") },
         { Error::DiskFull, QT_TR_NOOP("磁盘空间不足，无法写入数据库") },
         { Error::NotADatabase, QT_TR_NOOP("该文件不是数据库文件") },
@@ -77,6 +78,7 @@ public:
         { Error::NoPassword, QT_TR_NOOP("标准输入的第一行没有密码") },
         { Error::AccountIncomplete, QT_TR_NOOP("新账户“%1”缺少%2") },
         { Error::MalformedItem, QT_TR_NOOP("“%1”不是可用的“名称=取值”，名称有：%2") },
+        { Error::LimitTooLarge, QT_TR_NOOP("%1不能大于%2") },
         // --- Moving a file's contents to a server
         { Error::MoveOfServer, QT_TR_NOOP("命令move-to搬移文件的内容，--database应是文件") },
         { Error::MoveToFile, QT_TR_NOOP("命令move-to的参数应是服务器上的数据库地址") },
@@ -84,6 +86,7 @@ public:
         { Error::OtherDataOnServer, QT_TR_NOOP("服务器的数据库已有其他内容，没有搬移：表%1%2") },
         { Error::MovedRowsDiffer, QT_TR_NOOP("核对不一致，没有保存任何内容：表%1%2") },
         { Error::MoveOutcomeUnknown, QT_TR_NOOP("无法确认是否已保存（%1），请再运行一次，已保存时只核对") },
+        { Error::MoveInterrupted, QT_TR_NOOP("搬移中断（%1），服务器上没有变化，可以再运行一次") },
         // --- Stored plans and instructions
         { Error::EmptyPlan, QT_TR_NOOP("计划内容为空") },
         { Error::FieldNotText, QT_TR_NOOP("计划字段“%1”的值不是文本") },
@@ -123,6 +126,7 @@ public:
         { Error::IssuingNeedsLogin, QT_TR_NOOP("尚未登录，无法下达指令") },
         { Error::SigningNeedsLogin, QT_TR_NOOP("尚未登录，无法签署协议") },
         // --- Agreements
+        { Error::EmptyAgreement, QT_TR_NOOP("协议“%1”没有内容，不能签署") },
         { Error::UnknownAgreement, QT_TR_NOOP("协议“%1”不存在") },
         { Error::NoSigner, QT_TR_NOOP("请选择签署协议的客户") },
         { Error::ForeignClient, QT_TR_NOOP("客户“%1”不属于当前用户") },

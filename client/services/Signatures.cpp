@@ -25,6 +25,8 @@ Status signingError(const QString& protocolId, const QStringList& clientNumbers)
         return agreement.status();
     if (agreement->protocol.isEmpty())
         return { Error::UnknownAgreement, { protocolId } };
+    if (agreement->content.trimmed().isEmpty())
+        return { Error::EmptyAgreement, { protocolId } };
     if (clientNumbers.isEmpty())
         return Error::NoSigner;
     const auto own = AccountStore(session.database()).accountsOf(session.user().id);

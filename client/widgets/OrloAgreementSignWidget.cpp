@@ -68,6 +68,7 @@ void OrloAgreementSignWidget::Private::build(bool withText, bool withAccounts)
     m_text->setObjectName(QStringLiteral("agreementText"));
     m_text->setReadOnly(true);
     m_text->setTabChangesFocus(true);
+    m_text->setPlaceholderText(tr("无法读取协议的内容，不能签署。"));
     m_text->setVisible(withText);
     m_clients->setObjectName(QStringLiteral("clientList"));
     m_clients->setMaximumHeight(m_clients->fontMetrics().height() * 7);
@@ -108,6 +109,7 @@ void OrloAgreementSignWidget::Private::setAgreement(const QString& protocolId)
     m_title->setText(name);
     m_text->setAccessibleName(q->windowTitle());
     m_text->setPlainText(agreementText(protocolId));
+    updateButton();
 }
 
 void OrloAgreementSignWidget::Private::setCountDown(int seconds)
@@ -173,7 +175,9 @@ void OrloAgreementSignWidget::Private::tick()
 void OrloAgreementSignWidget::Private::updateButton()
 {
     m_signButton->setText(m_remaining > 0 ? tr("签署（%1）").arg(m_remaining) : tr("签署"));
-    m_signButton->setEnabled(m_remaining <= 0 && m_clients->count() > 0);
+    // Nobody signs what cannot be read.
+    const bool isReadable = m_protocol.isEmpty() || !m_text->toPlainText().trimmed().isEmpty();
+    m_signButton->setEnabled(m_remaining <= 0 && m_clients->count() > 0 && isReadable);
 }
 
 void OrloAgreementSignWidget::Private::sign()
