@@ -11,6 +11,8 @@
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
 #include "PlanCodes.h"
+#include "PlanColumns.h"
+#include "PlanPane.h"
 #include "PlanTable.h"
 #include "PositionStore.h"
 #include "TestStatus.h"
@@ -408,6 +410,49 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(status(), QStringLiteral("1个计划已归档"), Patience);
     }
 
+    void archivedPlansAreAListOfTheirOwn()
+    {
+        const QStringList ids = createSamples(2);
+        QCOMPARE(ClientSession::instance().plans().setState(
+                     ids.at(0), 1, PlanState::Stopped, QStringLiteral("r"), ClientSession::instance().changeNow()),
+            Status());
+        openWindow();
+        QTest::mouseClick(
+            table()->viewport(), Qt::LeftButton, {}, table()->visualRect(table()->model()->index(0, 0)).center());
+        QCOMPARE(window().currentPlan(), ids.at(0));
+        act("action_archive");
+        QTRY_COMPARE_WITH_TIMEOUT(status(), QStringLiteral("1个计划已归档"), Patience);
+        QCOMPARE(listed(), QStringList{ ids.at(1) });
+        for (const char* const filter : { "filter_own", "filter_all", "filter_archived" }) {
+            QTest::mouseClick(field<QAbstractButton>(window(), filter), Qt::LeftButton);
+            const bool isArchived = qstrcmp(filter, "filter_archived") == 0;
+            QCOMPARE(listed(), QStringList{ ids.at(isArchived ? 0 : 1) });
+        }
+        QVERIFY(press(field<QWidget>(window(), "le_search"), Qt::Key_3));
+        QCOMPARE(listed(), QStringList());
+        QVERIFY(press(field<QWidget>(window(), "le_search"), Qt::Key_Escape));
+        QCOMPARE(listed(), QStringList{ ids.at(0) });
+    }
+
+    void anArchivedPlanIsShownInItsList()
+    {
+        const QStringList ids = createSamples(2);
+        QCOMPARE(ClientSession::instance().plans().setState(
+                     ids.at(0), 1, PlanState::Archived, {}, ClientSession::instance().changeNow()),
+            Status());
+        openWindow();
+        QCOMPARE(listed(), QStringList{ ids.at(1) });
+        auto* const pane = window().findChild<PlanPane*>();
+        pane->goTo(ids.at(0));
+        QVERIFY(field<QAbstractButton>(window(), "filter_archived")->isChecked());
+        QCOMPARE(window().currentPlan(), ids.at(0));
+        pane->goTo(ids.at(1));
+        QVERIFY(field<QAbstractButton>(window(), "filter_all")->isChecked());
+        QCOMPARE(window().currentPlan(), ids.at(1));
+        pane->goTo(QStringLiteral("AP00000099"));
+        QVERIFY(field<QAbstractButton>(window(), "filter_all")->isChecked());
+    }
+
     void aChangeOfStatesIsCancelled()
     {
         createSamples(1);
@@ -577,6 +622,15 @@ private:
         QVERIFY(open && open->isVisible());
         auto* const action = window().findChild<QAction*>(QLatin1String(name));
         QTest::mouseClick(open, Qt::LeftButton, {}, open->actionGeometry(action).center());
+    }
+
+    /// The ids of the plans in the table.
+    QStringList listed() const
+    {
+        QStringList ids;
+        for (int row = 0; row < table()->model()->rowCount(); ++row)
+            ids << table()->model()->index(row, PlanColumns::Id).data().toString();
+        return ids;
     }
 
     /// Opens the menu of plans and clicks an entry.

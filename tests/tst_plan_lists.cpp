@@ -79,8 +79,8 @@ private Q_SLOTS:
         const QVector<QPair<const char*, PlanOrder>> orders{ { "by number", PlanOrder::Number },
             { "by security", PlanOrder::Security }, { "by end", PlanOrder::End } };
         const QVector<QPair<const char*, PlanFilter>> filters{ { "all", PlanFilter::All },
-            { "of today", PlanFilter::Today }, { "running", PlanFilter::Running }, { "failed", PlanFilter::Failed },
-            { "own", PlanFilter::Own } };
+            { "current", PlanFilter::Current }, { "archived", PlanFilter::Archived }, { "of today", PlanFilter::Today },
+            { "running", PlanFilter::Running }, { "failed", PlanFilter::Failed }, { "own", PlanFilter::Own } };
         const QVector<QPair<const char*, std::optional<PlanSearch>>> searches{ { "", std::nullopt },
             { ", some numbers", searchFor(20, 90, {}) }, { ", some symbols", searchFor(0, 0, m_symbols.at(1).left(5)) },
             { ", of names", searchFor(0, 0, {}, { m_symbols.at(0), m_symbols.at(1) }) },
@@ -131,13 +131,13 @@ private Q_SLOTS:
     void theListsDifferFromEachOther()
     {
         QSet<QStringList> lists;
-        for (const PlanFilter filter :
-            { PlanFilter::All, PlanFilter::Today, PlanFilter::Running, PlanFilter::Failed, PlanFilter::Own }) {
+        for (const PlanFilter filter : { PlanFilter::All, PlanFilter::Current, PlanFilter::Today, PlanFilter::Running,
+                 PlanFilter::Failed, PlanFilter::Own, PlanFilter::Archived }) {
             const int plans = listed({ PlanOrder::Number, true, filter, SampleSession::today(), {}, false }).size();
             QVERIFY(plans > 3 && plans < Plans);
             lists << idsOf(listed({ PlanOrder::Number, true, filter, SampleSession::today(), {}, false }));
         }
-        QCOMPARE(lists.size(), 5);
+        QCOMPARE(lists.size(), 7);
     }
 
     void withoutAUserEveryPlanIsListed()
@@ -182,6 +182,8 @@ private:
         Status done;
         for (const QString& statement :
             { QStringLiteral("UPDATE plans SET state = 'paused', version = version + 1 WHERE number % 13 = 0"),
+                QStringLiteral("UPDATE plans SET state = 'archived', version = version + 1 WHERE number % 8 = 3"
+                               " AND state = 'active'"),
                 QStringLiteral("UPDATE plans SET completed_day = '2024-05-06' WHERE number % 17 = 0"),
                 QStringLiteral("UPDATE plans SET completed_day = '2024-05-03' WHERE number % 19 = 0"),
                 QStringLiteral("INSERT INTO refused_days SELECT number, '2024-05-03', 'r', 'trader01',"
@@ -203,8 +205,13 @@ private:
         const QString today = list.today.toString(Qt::ISODate);
         const bool isActive = plan.state == PlanState::Active && text(plan, BaseField::endDate) >= today;
         const bool isDue = isActive && text(plan, BaseField::beginDate) <= today;
+        const bool isArchived = plan.state == PlanState::Archived;
+        if (list.filter != PlanFilter::All && isArchived != (list.filter == PlanFilter::Archived))
+            return false;
         switch (list.filter) {
         case PlanFilter::All:
+        case PlanFilter::Current:
+        case PlanFilter::Archived:
             break;
         case PlanFilter::Today:
             if (!isDue || (plan.completed.isValid() && plan.completed != list.today))

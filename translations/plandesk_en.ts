@@ -5073,6 +5073,10 @@ Continue?</translation>
         <source>搜索</source>
         <translation>Search</translation>
     </message>
+    <message>
+        <source>已归档</source>
+        <translation>Archived</translation>
+    </message>
 </context>
 <context>
     <name>PlanTable</name>

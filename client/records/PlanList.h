@@ -13,11 +13,13 @@ enum class PlanOrder { Number, Security, End };
 
 /// Which plans are listed, apart from a search.
 enum class PlanFilter {
-    All,
+    All,     ///< also archived ones, which no other filter has
+    Current, ///< all but archived ones
     Today,   ///< those of `PlanStore::plansOfDay`
     Running, ///< active, with today in their period and something left, and not failed
     Failed,  ///< active, not ended, with something left; their last day got no instruction
-    Own      ///< created by the user or assigned to him
+    Own,     ///< created by the user or assigned to him
+    Archived
 };
 
 /// What plans are searched for: they match if any of these applies.
@@ -57,8 +59,8 @@ struct PlanList {
     bool isSmall = false;
     static constexpr int Small = 20000;
 
-    /// True without a filter and a search.
-    bool isWhole() const { return filter == PlanFilter::All && !search; }
+    /// Whether an index has all plans of the list, and no other.
+    bool isWhole() const { return (filter == PlanFilter::All || filter == PlanFilter::Current) && !search; }
     PlanPlace placeOf(const StoredPlan& plan) const;
     /// Whether a place comes before another one.
     bool precedes(const PlanPlace& place, const PlanPlace& other) const;

@@ -48,6 +48,7 @@ const QString Failed = QStringLiteral("EXISTS (SELECT 1 FROM refused_days AS r W
 // With more accounts than this, few plans of each are enough to see how far a slice reaches at most.
 constexpr int FewOf = 8;
 
+const SqlQuery Current{ QStringLiteral("state <> 'archived'"), {} };
 const SqlQuery Everything{ QStringLiteral("TRUE"), {} };
 
 } // namespace
@@ -159,9 +160,8 @@ SqlQuery PlanListQuery::within(const PlanSlice& slice, const QString& place) con
 SqlQuery PlanListQuery::listed(const PlanSlice& slice) const
 {
     const bool isOfNumbers = m_list.search && m_list.search->isOfNumbers();
-    return m_list.order == PlanOrder::Number && isOfNumbers
-        ? conjunction({ numbersWithin(slice), filter(false) })
-        : conjunction({ within(slice, column()), condition() });
+    return m_list.order == PlanOrder::Number && isOfNumbers ? conjunction({ numbersWithin(slice), filter(false) })
+                                                            : conjunction({ within(slice, column()), condition() });
 }
 
 // SQLite looks up one bound at each end: with two it would read all plans between them.
@@ -184,13 +184,18 @@ SqlQuery PlanListQuery::numbersWithin(const PlanSlice& slice) const
 SqlQuery PlanListQuery::filter(bool usesIndex) const
 {
     const QString today = m_list.today.toString(Qt::ISODate);
-    const SqlQuery active{ QStringLiteral("state = 'active'"), {} };
+    // The indexes' condition has to be a part of the statement.
+    const SqlQuery active{ QStringLiteral("state = 'active' AND ") + Current.text, {} };
     const SqlQuery unended{ textColumn("end_date", usesIndex) + QStringLiteral(" >= ?"), { today } };
     const SqlQuery begun{ QStringLiteral("begin_date <= ?"), { today } };
     switch (m_list.filter) {
     case PlanFilter::All:
-    case PlanFilter::Own:
         break;
+    case PlanFilter::Current:
+    case PlanFilter::Own:
+        return Current;
+    case PlanFilter::Archived:
+        return { QStringLiteral("state = 'archived'"), {} };
     case PlanFilter::Today:
         return conjunction(
             { unended, begun, active, { QStringLiteral("(completed_day IS NULL OR completed_day = ?)"), { today } } });

@@ -308,7 +308,7 @@ Result<QVector<StoredPlan>> PlanStore::unended(
     const QString& tradingAccount, const QString& symbol, const QDate& day, int limit)
 {
     return newest({ QStringLiteral("trading_account = ? AND symbol = ? AND end_date >= ?"
-                                   " AND state IN ('active', 'paused')"),
+                                   " AND state IN ('active', 'paused') AND state <> 'archived'"),
                       { tradingAccount, symbol, day.toString(Qt::ISODate) } },
         limit);
 }
@@ -324,7 +324,7 @@ Result<QStringList> PlanStore::runningOf(const QString& tradingAccount, const QD
     QStringList ids;
     const Status status = m_database.read(
         QStringLiteral("SELECT number FROM plans WHERE trading_account = ? AND end_date >= ? AND state = 'active'"
-                       " AND completed_day IS NULL AND %1 ORDER BY number")
+                       " AND state <> 'archived' AND completed_day IS NULL AND %1 ORDER BY number")
             .arg(visible.text),
         QVariantList{ tradingAccount, day.toString(Qt::ISODate) } + visible.values,
         [&ids](const QSqlQuery& row) { ids << PlanId::fromNumber(row.value(0).toLongLong()); });

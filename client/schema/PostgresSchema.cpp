@@ -270,26 +270,30 @@ BEGIN
 END $$
 )";
 
-// Lists are filtered by what their indexes tell, without reading the plans.
+// Lists are filtered by what their indexes tell, without reading the plans. Lists have archived plans only, or none,
+// however many there are.
 const char* const CoveringIndexes = R"(
-DROP INDEX plans_of_accounts, plans_of_assignees, plans_of_executors, securities_of_accounts, securities_of_assignees,
-    securities_of_executors, ends_of_accounts, ends_of_assignees, ends_of_executors;
-CREATE INDEX plans_of_accounts ON plans (trading_account, number) INCLUDE (begin_date, end_date, state, completed_day);
-CREATE INDEX securities_of_accounts ON plans (trading_account, symbol, number)
-    INCLUDE (begin_date, end_date, state, completed_day);
-CREATE INDEX ends_of_accounts ON plans (trading_account, end_date, number) INCLUDE (begin_date, state, completed_day);
-CREATE INDEX plans_of_assignees ON plans (assignee, number)
-    INCLUDE (begin_date, end_date, state, completed_day) WHERE assignee IS NOT NULL;
-CREATE INDEX securities_of_assignees ON plans (assignee, symbol, number)
-    INCLUDE (begin_date, end_date, state, completed_day) WHERE assignee IS NOT NULL;
-CREATE INDEX ends_of_assignees ON plans (assignee, end_date, number)
-    INCLUDE (begin_date, state, completed_day) WHERE assignee IS NOT NULL;
-CREATE INDEX plans_of_executors ON plans (executor, number)
-    INCLUDE (begin_date, end_date, state, completed_day) WHERE executor IS NOT NULL;
-CREATE INDEX securities_of_executors ON plans (executor, symbol, number)
-    INCLUDE (begin_date, end_date, state, completed_day) WHERE executor IS NOT NULL;
-CREATE INDEX ends_of_executors ON plans (executor, end_date, number)
-    INCLUDE (begin_date, state, completed_day) WHERE executor IS NOT NULL
+DROP INDEX securities_of_accounts, securities_of_assignees, securities_of_executors, ends_of_accounts,
+    ends_of_assignees, ends_of_executors, creators_of_accounts;
+CREATE INDEX creators_of_accounts ON plans (trading_account, creator) WHERE state <> 'archived';
+DO $$
+DECLARE
+    source text[];
+    kind text[];
+    list text[];
+BEGIN
+    FOREACH source SLICE 1 IN ARRAY ARRAY[['trading_account', 'accounts'], ['assignee', 'assignees'],
+        ['executor', 'executors']] LOOP
+        FOREACH kind SLICE 1 IN ARRAY ARRAY[['plans', 'number', 'begin_date, end_date'],
+            ['securities', 'symbol, number', 'begin_date, end_date'], ['ends', 'end_date, number', 'begin_date']] LOOP
+            FOREACH list SLICE 1 IN ARRAY ARRAY[['current', '<>'], ['archived', '=']] LOOP
+                EXECUTE format('CREATE INDEX %s_%s_of_%s ON plans (%s, %s) INCLUDE (%s, state, completed_day)'
+                    ' WHERE state %s ''archived'' AND %s IS NOT NULL', list[1], kind[1], source[2], source[1],
+                    kind[2], kind[3], list[2], source[1]);
+            END LOOP;
+        END LOOP;
+    END LOOP;
+END $$
 )";
 
 // The last transaction that has changed what decides whether a plan is stored: a plan can be stored by what was read

@@ -182,21 +182,28 @@ QStringList historyTable()
     };
 }
 
-// Lists are filtered by what their indexes tell, without reading the plans. What a list is sorted by comes first.
+// Lists are filtered by what their indexes tell, without reading the plans. What a list is sorted by comes first. Lists
+// have archived plans only, or none, however many there are.
 QStringList coveringIndexes()
 {
     const QVector<QPair<const char*, const char*>> sources{ { "trading_account", "accounts" },
         { "assignee", "assignees" }, { "executor", "executors" } };
     const QVector<QPair<const char*, const char*>> orders{ { "plans", "number, begin_date, end_date" },
         { "securities", "symbol, number, begin_date, end_date" }, { "ends", "end_date, number, begin_date" } };
-    QStringList statements;
+    const QVector<QPair<const char*, const char*>> lists{ { "current", "<>" }, { "archived", "=" } };
+    QStringList statements{ QStringLiteral("DROP INDEX creators_of_accounts"),
+        QStringLiteral("CREATE INDEX creators_of_accounts ON plans (trading_account, creator)"
+                       " WHERE state <> 'archived'") };
+    for (const char* const source : { "accounts", "assignees", "executors" })
+        statements << QStringLiteral("DROP INDEX securities_of_%1").arg(QLatin1String(source))
+                   << QStringLiteral("DROP INDEX ends_of_%1").arg(QLatin1String(source));
     for (const auto& [column, source] : sources) {
         for (const auto& [kind, sorting] : orders) {
-            const QString index = QStringLiteral("%1_of_%2").arg(QLatin1String(kind), QLatin1String(source));
-            statements << QStringLiteral("DROP INDEX ") + index
-                       << QStringLiteral("CREATE INDEX %1 ON plans (%2, %3, state, completed_day)"
-                                         " WHERE %2 IS NOT NULL")
-                              .arg(index, QLatin1String(column), QLatin1String(sorting));
+            for (const auto& [list, comparison] : lists)
+                statements << QStringLiteral("CREATE INDEX %1_%2_of_%3 ON plans (%4, %5, state, completed_day)"
+                                             " WHERE state %6 'archived' AND %4 IS NOT NULL")
+                                  .arg(QLatin1String(list), QLatin1String(kind), QLatin1String(source),
+                                      QLatin1String(column), QLatin1String(sorting), QLatin1String(comparison));
         }
     }
     return statements;

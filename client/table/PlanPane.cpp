@@ -45,9 +45,13 @@ PlanPane::PlanPane(QWidget* parent)
 void PlanPane::goTo(const QString& planId)
 {
     m_table->selectPlan(planId);
-    if (m_table->currentPlan().id != planId) {
+    QAbstractButton* const all = m_filters->button(static_cast<int>(PlanFilter::Current));
+    QAbstractButton* const archived = m_filters->button(static_cast<int>(PlanFilter::Archived));
+    for (QAbstractButton* const filter : { all, archived, all }) {
+        if (m_table->currentPlan().id == planId)
+            break;
         m_search->clear();
-        m_filters->buttons().constFirst()->click();
+        filter->click();
         m_table->selectPlan(planId);
     }
     m_table->setFocus();
@@ -58,11 +62,12 @@ QHBoxLayout* PlanPane::buildBar()
     buildSearch();
     auto* const bar = new QHBoxLayout;
     bar->setContentsMargins(BarMargin, BarMargin, BarMargin, BarMargin);
-    bar->addWidget(addFilter(QStringLiteral("filter_all"), tr("全部"), PlanFilter::All));
+    bar->addWidget(addFilter(QStringLiteral("filter_all"), tr("全部"), PlanFilter::Current));
     bar->addWidget(addFilter(QStringLiteral("filter_today"), tr("今日"), PlanFilter::Today));
     bar->addWidget(addFilter(QStringLiteral("filter_running"), tr("进行中"), PlanFilter::Running));
     bar->addWidget(addFilter(QStringLiteral("filter_failed"), tr("异常"), PlanFilter::Failed));
     bar->addWidget(addFilter(QStringLiteral("filter_own"), tr("我的"), PlanFilter::Own));
+    bar->addWidget(addFilter(QStringLiteral("filter_archived"), tr("已归档"), PlanFilter::Archived));
     bar->addStretch();
     bar->addWidget(m_search, 1);
     m_filters->buttons().constFirst()->setChecked(true);

@@ -19,7 +19,8 @@ public:
     explicit PlanPane(QWidget* parent);
 
     PlanTable* table() const { return m_table; }
-    /// Makes a plan the current one, in the list of all plans if it is not in this one.
+    /// Makes a plan the current one, in the list of all plans, or of the archived ones, if it is not in
+    /// this one.
     void goTo(const QString& planId);
 
 Q_SIGNALS:

@@ -35,6 +35,7 @@ bool isOpen()
 PlanTableModel::PlanTableModel(QObject* parent)
     : QAbstractTableModel(parent)
 {
+    m_list.filter = PlanFilter::Current;
     m_untilPainted.setSingleShot(true);
     connect(&m_untilPainted, &QTimer::timeout, this, &PlanTableModel::startCounting);
 }
@@ -221,8 +222,10 @@ Result<StoredPlan> PlanTableModel::listed(const QString& planId) const
 {
     const Result<StoredPlan> plan = isOpen() ? plans().plan(planId) : StoredPlan();
     reportFailure(plan.status());
-    if (!plan || plan->id.isEmpty() || m_list.isWhole())
+    if (!plan || plan->id.isEmpty())
         return plan;
+    if (m_list.isWhole())
+        return plan->state == PlanState::Archived ? StoredPlan() : plan;
     PlanSlice slice;
     slice.limit = 1;
     slice.from = m_list.placeOf(*plan);
