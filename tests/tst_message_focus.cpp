@@ -7,12 +7,14 @@
 #include "OrloDateEdit.h"
 #include "PlanCodes.h"
 
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTranslator>
+#include <QWindow>
 #include <QtTest>
 
 namespace BaseField = AutoPlanField::BaseField;
@@ -114,6 +116,15 @@ private:
                 names << widget->objectName();
         }
         return names;
+    }
+
+    // As a window system sends it: the clicked window is activated first.
+    static void clickThroughItsWindow(const QWidget& target)
+    {
+        QWindow* const behind = target.window()->windowHandle();
+        behind->requestActivate();
+        QTest::mouseClick(
+            behind, Qt::LeftButton, Qt::NoModifier, target.mapTo(target.window(), target.rect().center()));
     }
 
 private Q_SLOTS:
@@ -242,18 +253,27 @@ private Q_SLOTS:
     {
         dialogDriver().fill(withTarget(ordinary(), QStringLiteral("0")));
         int returns = 0;
-        boxes().setOnShown([this, &returns](QWidget* box) {
-            for (QWidget* const behind : { static_cast<QWidget*>(&dialog()), static_cast<QWidget*>(&window()) }) {
+        bool isPressed = false;
+        boxes().setOnShown([&](QWidget* box) {
+            const QVector<const QWidget*> targets{ formField("le_remark"), formField("btn_cancel"),
+                field<QWidget>(window(), "filter_today") };
+            for (const QWidget* const target : targets) {
                 QSignalSpy moves(qApp, &QGuiApplication::focusWindowChanged);
-                behind->activateWindow();
+                clickThroughItsWindow(*target);
                 const bool hasMoved = moves.count() > 0 || moves.wait();
                 if (hasMoved && QTest::qWaitFor([box] { return QApplication::activeWindow() == box; }))
                     ++returns;
             }
+            QTest::keyPress(QGuiApplication::focusWindow(), Qt::Key_Space);
+            isPressed = box->findChild<QAbstractButton*>(QStringLiteral("btnConfirm"))->isDown();
         });
         QVERIFY(!send("msgBoxWarning").isEmpty());
         boxes().setOnShown({});
-        QCOMPARE(returns, 2);
+        QCOMPARE(returns, 3);
+        QVERIFY(isPressed);
+        QVERIFY(dialog().isVisible());
+        QVERIFY(!formField("le_remark")->hasFocus());
+        QVERIFY(field<QAbstractButton>(window(), "filter_all")->isChecked());
     }
 };
 

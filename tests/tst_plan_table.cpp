@@ -10,6 +10,7 @@
 
 #include <QAbstractButton>
 #include <QClipboard>
+#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -18,6 +19,8 @@
 #include <QScrollBar>
 #include <QtTest>
 
+#include <chrono>
+
 namespace BaseField = AutoPlanField::BaseField;
 
 namespace {
@@ -25,6 +28,9 @@ namespace {
 const Change ByColleague{ QStringLiteral("trader02"), QDateTime(QDate(2024, 5, 6), QTime(9, 30)) };
 constexpr int Many = 1234;
 constexpr int MostRows = 500;
+constexpr int VeryMany = 100000;
+// On a machine at rest it is a hundredth of this.
+constexpr std::chrono::seconds OneKey(5);
 
 /// What is painted of a widget.
 class PaintedRegion : public QObject {
@@ -103,6 +109,26 @@ private Q_SLOTS:
         QCOMPARE(window().currentPlan(), plans.constFirst());
         QVERIFY(isCurrentVisible());
         QCOMPARE(bar().value(), 0);
+    }
+
+    void aLetterKeyInAFullTableSearchesAtOnce()
+    {
+        create({});
+        QCOMPARE(session().multiply(VeryMany), Status());
+        openWindow();
+        press(&table(), Qt::Key_End, Qt::ControlModifier);
+        while (table().model()->rowCount() < MostRows)
+            press(&table(), Qt::Key_PageUp);
+        QElapsedTimer timer;
+        timer.start();
+        press(&table(), Qt::Key_9);
+        const qint64 taken = timer.elapsed();
+        QVERIFY2(
+            taken < std::chrono::milliseconds(OneKey).count() * TEST_TIMEOUT_SCALE, qPrintable(QString::number(taken)));
+        const auto* const search = field<QLineEdit>(window(), "le_search");
+        QVERIFY(search->hasFocus());
+        QCOMPARE(search->text(), QStringLiteral("9"));
+        QCOMPARE(shownIds(), QStringList{ QStringLiteral("AP00000009") });
     }
 
     void rowsStayIfOthersCannotBeRead()
