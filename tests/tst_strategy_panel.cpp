@@ -209,15 +209,26 @@ private Q_SLOTS:
                 "<lay:Control ID='h' xsi:type='lay:HiddenField_t' parameterRef='P' initValue='hidden'/>"))));
         QCOMPARE(input<QLabel>("input_l")->text(), QStringLiteral("<b>text"));
         QCOMPARE(input<QLabel>("input_l")->textFormat(), Qt::PlainText);
+        QCOMPARE(captionOf("input_l"), QStringLiteral("x"));
         QVERIFY(input<QWidget>("input_P") == nullptr);
         QCOMPARE(value(), QStringLiteral("hidden"));
     }
 
+    void aLabelWithoutAValueShowsItsCaption()
+    {
+        open(definitionOf(parts(QString(), xml("<lay:Control ID='l' xsi:type='lay:Label_t' label='x'/>"))));
+        QCOMPARE(input<QLabel>("input_l")->text(), QStringLiteral("x"));
+        QCOMPARE(captionOf("input_l"), QString());
+    }
+
     void aLabelOfAParameterShowsItsValue()
     {
-        open(definitionOf(
-            parts(parameter(type("Percentage_t")), control(type("lay:Label_t") + xml(" initValue='0.25'")))));
+        open(definitionOf(parts(
+            parameter(type("Percentage_t")), control(type("lay:Label_t") + xml(" initValue='0.25'")))));
         QCOMPARE(input<QLabel>("input_P")->text(), QStringLiteral("25"));
+        QCOMPARE(captionOf("input_P"), QStringLiteral("标签"));
+        QCOMPARE(input<QLabel>("unit_P")->text(), QStringLiteral("%"));
+        QVERIFY(!input<QLabel>("hint_P"));
         QCOMPARE(value(), QStringLiteral("0.25"));
         m_form->setValues({ { QStringLiteral("P"), QStringLiteral("0.5") } });
         QCOMPARE(input<QLabel>("input_P")->text(), QStringLiteral("50"));
@@ -346,6 +357,16 @@ private:
     template <typename Widget> Widget* input(const char* name) const
     {
         return m_form->findChild<Widget*>(QLatin1String(name));
+    }
+    /// The text beside an input; null without one.
+    QString captionOf(const char* name) const
+    {
+        const QList<QLabel*> labels = m_form->findChildren<QLabel*>();
+        for (const QLabel* const label : labels) {
+            if (label->buddy() == input<QWidget>(name))
+                return label->text();
+        }
+        return QString();
     }
     QString value() const { return m_form->values().value(QStringLiteral("P")); }
 

@@ -86,13 +86,19 @@ void makeLabel(ControlInput& input, const StrategyControl& control, QWidget* par
     input.widget = label;
     const QString value = control.initialValue;
     input.value = [value] { return value; };
-    input.setValue = [label, own = control.label, parameter = input.parameter](const QString& text) {
+    const QString own = ControlInputs::isLabelOfValue(control) ? QString() : control.label;
+    input.setValue = [label, own, parameter = input.parameter](const QString& text) {
         label->setText(text.isEmpty() ? own : ParameterValue::shown(parameter, text));
     };
     input.setValue(value);
 }
 
 } // namespace
+
+bool ControlInputs::isLabelOfValue(const StrategyControl& control)
+{
+    return !control.label.isEmpty() && !(control.initialValue.isEmpty() && control.parameter.isEmpty());
+}
 
 ControlInput ControlInputs::make(
     const StrategyDefinition& strategy, int control, QWidget* parent, const std::function<void()>& changed)

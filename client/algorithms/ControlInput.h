@@ -25,6 +25,9 @@ struct ControlInput {
 /// Makes inputs.
 namespace ControlInputs {
 
+/// Whether a label has a caption beside its value. A label without a value shows its caption itself.
+bool isLabelOfValue(const StrategyControl& control);
+
 /// `changed` is called when the input's value changes, also by `setValue`.
 ControlInput make(
     const StrategyDefinition& strategy, int control, QWidget* parent, const std::function<void()>& changed);

@@ -209,28 +209,28 @@ void ParameterForm::describe(const ControlInput& input) const
 
 void ParameterForm::addRow(ControlInput& input, QGridLayout* grid, QWidget* owner)
 {
+    const StrategyControl& control = m_strategy.controls.at(input.control);
     const int line = grid->rowCount();
     input.row.append(input.widget);
-    if (!input.isInput()) {
+    if (!input.isInput() && !ControlInputs::isLabelOfValue(control)) {
         grid->addWidget(input.widget, line, 0, 1, Columns);
         return;
     }
-    QLabel* const label = PlainText::newLabel(m_strategy.controls.at(input.control).label, owner);
+    QLabel* const label = PlainText::newLabel(control.label, owner);
     label->setBuddy(input.widget);
     grid->addWidget(label, line, 0);
     grid->addWidget(input.widget, line, 1);
-    input.row.append(label);
-    addRemarks(input, grid, owner);
-}
-
-void ParameterForm::addRemarks(ControlInput& input, QGridLayout* grid, QWidget* owner)
-{
-    const StrategyControl& control = m_strategy.controls.at(input.control);
-    const int line = grid->rowCount() - 1;
     QLabel* const unit = PlainText::newLabel(unitOf(control, input.parameter), owner);
     unit->setObjectName(QStringLiteral("unit_") + objectNameOf(control));
     grid->addWidget(unit, line, 2);
+    input.row << label << unit;
+    if (input.isInput())
+        addHint(input, grid, owner);
+}
 
+void ParameterForm::addHint(ControlInput& input, QGridLayout* grid, QWidget* owner)
+{
+    const StrategyControl& control = m_strategy.controls.at(input.control);
     QLabel* const hint = PlainText::newLabel(hintOf(input.parameter), owner);
     hint->setObjectName(QStringLiteral("hint_") + objectNameOf(control));
     QPalette faint = hint->palette();
@@ -238,8 +238,8 @@ void ParameterForm::addRemarks(ControlInput& input, QGridLayout* grid, QWidget* 
     ink.setAlpha(HintStrength);
     faint.setColor(QPalette::WindowText, ink);
     hint->setPalette(faint);
-    grid->addWidget(hint, line, 3);
-    input.row << unit << hint;
+    grid->addWidget(hint, grid->rowCount() - 1, 3);
+    input.row << hint;
 }
 
 void ParameterForm::setSecurity(int lot, int decimals)

@@ -54,7 +54,7 @@ private:
     void addHeading(const QString& title, QGridLayout* grid, QWidget* owner);
     void addControl(int control, QGridLayout* grid, QWidget* owner);
     void addRow(ControlInput& input, QGridLayout* grid, QWidget* owner);
-    void addRemarks(ControlInput& input, QGridLayout* grid, QWidget* owner);
+    void addHint(ControlInput& input, QGridLayout* grid, QWidget* owner);
     void describe(const ControlInput& input) const;
 
     Status check(const ControlInput& input, const QString& value) const;
