@@ -309,6 +309,15 @@ private Q_SLOTS:
         row("limits finer than the precision",
             parameter(type("Float_t") + QStringLiteral(" precision=\"0\" minValue=\"-1.5\" maxValue=\"+1.5\"")),
             start("lay:SingleSpinner_t", "-.5"), "-1");
+        const auto constant = [](const char* attributes) {
+            return parameter(type("Boolean_t") + QString::fromLatin1(attributes));
+        };
+        row("a constant yes", constant(" constValue=\"Y\""), {}, "Y");
+        row("a constant yes with another value", constant(" constValue=\"Y\" trueWireValue=\"1\""), {}, "1");
+        row("a constant no with another value", constant(" constValue=\"N\" falseWireValue=\"0\""), {}, "0");
+        row("a constant as it is sent", constant(" constValue=\"0\" falseWireValue=\"0\""), {}, "0");
+        row("a constant of exchanged values", constant(" constValue=\"Y\" trueWireValue=\"N\" falseWireValue=\"Y\""),
+            {}, "Y");
         row("a constant finer than the precision",
             parameter(type("Float_t") + QStringLiteral(" precision=\"1\" constValue=\"1.25\"")), {}, "1.3");
     }

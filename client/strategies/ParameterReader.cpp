@@ -90,6 +90,22 @@ void readLengths(StrategyParameter& parameter, ElementReader& reader)
     reader.refuseOfOtherType("maxLength");
 }
 
+/// A constant as it is sent: the standard writes it as Y or N, whatever is sent for them.
+QString booleanConstant(const StrategyParameter& parameter, ElementReader& reader)
+{
+    const QString constant = parameter.constValue;
+    if (constant == parameter.trueValue || constant == parameter.falseValue)
+        return constant;
+    if (constant == QLatin1String("Y") || constant == QLatin1String("N"))
+        return constant == QLatin1String("Y") ? parameter.trueValue : parameter.falseValue;
+    const bool isTrue = constant.compare(QLatin1String("true"), Qt::CaseInsensitive) == 0;
+    if (!isTrue && constant.compare(QLatin1String("false"), Qt::CaseInsensitive) != 0)
+        return constant;
+    const QString meant = isTrue ? parameter.trueValue : parameter.falseValue;
+    reader.warn({ Error::ValueTakenAs, { QStringLiteral("constValue"), constant, meant } });
+    return meant;
+}
+
 void readWire(StrategyParameter& parameter, ElementReader& reader)
 {
     if (parameter.type == ParameterType::Boolean) {
@@ -99,6 +115,7 @@ void readWire(StrategyParameter& parameter, ElementReader& reader)
         parameter.falseValue = no.isEmpty() ? parameter.falseValue : no;
         if (parameter.trueValue == parameter.falseValue)
             reader.refuse(Error::EqualBooleanValues);
+        parameter.constValue = booleanConstant(parameter, reader);
     }
     reader.refuseOfOtherType("trueWireValue");
     reader.refuseOfOtherType("falseWireValue");
