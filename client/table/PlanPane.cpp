@@ -17,7 +17,7 @@ namespace {
 
 constexpr int BarMargin = 6;
 constexpr int SearchWidth = 300;
-constexpr int NarrowSearch = 120;
+constexpr int NarrowSearch = 80;
 // The frame, and the button that clears the text.
 constexpr int SearchMargin = 40;
 

@@ -286,12 +286,14 @@ void EditorDialog::fit()
     FormArrangement::explainSteps(*m_editor);
     FormArrangement::fitNarrowLabels(*m_editor);
     FormArrangement::lineUpCaptions(*m_editor);
-    const QSize wanted =
-        EditorSize.expandedTo(QSize(m_editor->minimumSizeHint().width(), m_editor->sizeHint().height()));
     const QSize room = screen()->availableSize() - (frameGeometry().size() - size());
+    const int height = qMax(EditorSize.height(), m_editor->sizeHint().height());
     // If the form is higher than the screen, the scroll bar is beside it, not over it.
+    const int bar = height > room.height() ? m_area->verticalScrollBar()->sizeHint().width() : 0;
+    // On a narrow screen, the form is narrower rather than scrolled.
+    const int usual = qMin(EditorSize.width(), room.width() - bar - AdvisorSide::ToggleWidth);
+    const QSize wanted(qMax(m_editor->minimumSizeHint().width(), usual), height);
     const int notice = noticeHeight(wanted.width());
-    const int bar = wanted.height() > room.height() ? m_area->verticalScrollBar()->sizeHint().width() : 0;
     m_editor->setMinimumSize(wanted);
     m_side->fitInto(room.width() - wanted.width() - bar);
     m_area->setMinimumWidth(qMin(room.width() - AdvisorSide::ToggleWidth, wanted.width() + bar));
