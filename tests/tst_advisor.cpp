@@ -204,6 +204,25 @@ private Q_SLOTS:
         QVERIFY2(issued.contains(QLatin1Char(',')), qPrintable(issued));
     }
 
+    void noRowIsPaintedInHalf()
+    {
+        openFilled(ordinary());
+        auto* const rules = field<RowView>(panel(), "rules");
+        const int row = rules->visualRect(rules->model()->index(0, 0)).height();
+        rules->setFixedHeight(rules->height() - rules->viewport()->height() + 3 * row);
+        QCoreApplication::processEvents();
+        const QImage whole = rules->viewport()->grab().toImage();
+        rules->setFixedHeight(rules->height() + row / 2);
+        QCoreApplication::processEvents();
+        QCOMPARE(rules->viewport()->height(), 3 * row + row / 2);
+        const QImage more = rules->viewport()->grab().toImage();
+        QCOMPARE(more.copy(whole.rect()), whole);
+        const QImage rest = more.copy(0, 3 * row, more.width(), row / 2);
+        QImage blank = rest;
+        blank.fill(rest.pixelColor(0, 0));
+        QCOMPARE(rest, blank);
+    }
+
     void otherPlansOnTheSecurityAreListed()
     {
         const QString same = session().create(SampleSession::record());

@@ -550,6 +550,22 @@ private Q_SLOTS:
         QCOMPARE(shownIds(), QStringList{ issued });
     }
 
+    void theWindowShowsTheLastResultAtFirst()
+    {
+        constexpr int UsualTable = 1366 - 300 - 20;
+        const auto restore = qScopeGuard([font = QApplication::font()] { QApplication::setFont(font); });
+        QApplication::setFont(QFont(QStringLiteral("Sans Serif"), 9));
+        openWindow();
+        const QHeaderView& header = *table().horizontalHeader();
+        for (const int column : { PlanColumns::Progress, PlanColumns::RemainingDays, PlanColumns::LastResult }) {
+            const int end = header.sectionPosition(column) + header.sectionSize(column);
+            QVERIFY2(end <= UsualTable, qPrintable(PlanColumns::title(column) + QString::number(end)));
+        }
+        const auto widthOf = [this](const QString& text) { return table().fontMetrics().horizontalAdvance(text); };
+        QVERIFY(header.sectionSize(PlanColumns::LastResult) > widthOf(QStringLiteral("05-06 已下达")) + 6);
+        QVERIFY(header.sectionSize(PlanColumns::RemainingDays) > widthOf(QStringLiteral("260天")) + 6);
+    }
+
     void sidesHaveTheColoursOfTheMarket()
     {
         create({ { BaseField::orderSide, Kelvo_Values::OrderSide::sell } });

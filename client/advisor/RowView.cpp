@@ -48,6 +48,13 @@ void RowView::choose(const QModelIndex& index)
         Q_EMIT rowChosen(m_model->rows().at(index.row()));
 }
 
+// A row that is cut would look like the last one.
+void RowView::drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    if (option.rect.bottom() < viewport()->height())
+        QTreeView::drawRow(painter, option, index);
+}
+
 // Enter must not reach the dialog, which would not react to it either.
 void RowView::keyPressEvent(QKeyEvent* event)
 {

@@ -44,6 +44,7 @@ Q_SIGNALS:
     void rowChosen(const AdvisorRow& row);
 
 protected:
+    void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 

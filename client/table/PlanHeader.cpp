@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int CellMargin = 16;
+constexpr int CellMargin = 14;
 
 const QString StoredColumns = QStringLiteral("planTable/columns");
 
