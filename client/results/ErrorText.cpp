@@ -7,7 +7,7 @@
 QString errorText(const Status& status)
 {
     QStringList values;
-    const QStringList details = status.details();
+    const QStringList& details = status.details();
     for (const QString& detail : details)
         values << captionText(detail);
     if (!status.cause())

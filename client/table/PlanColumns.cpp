@@ -83,7 +83,7 @@ QString lastResult(const Shown& shown)
         missed.isValid() ? translated(QT_TRANSLATE_NOOP("PlanColumns", "漏下达")) : issued);
 }
 
-const Definition definitions[PlanColumns::Count] = {
+const Definition Definitions[PlanColumns::Count] = {
     { "id", QT_TRANSLATE_NOOP("PlanColumns", "计划编号"), "AP00000000", false, PlanOrder::Number,
         [](const Shown& shown) { return shown.listed.plan.id; } },
     { "account", QT_TRANSLATE_NOOP("PlanColumns", "账户"), QT_TRANSLATE_NOOP("PlanColumns", "四字账户（F000000）"),
@@ -131,34 +131,34 @@ bool ListedPlan::operator==(const ListedPlan& other) const
 
 QString PlanColumns::name(int column)
 {
-    return QLatin1String(definitions[column].name);
+    return QLatin1String(Definitions[column].name);
 }
 
 QString PlanColumns::title(int column)
 {
-    return QCoreApplication::translate("PlanColumns", definitions[column].title);
+    return QCoreApplication::translate("PlanColumns", Definitions[column].title);
 }
 
 QString PlanColumns::sample(int column)
 {
-    return QCoreApplication::translate("PlanColumns", definitions[column].sample);
+    return QCoreApplication::translate("PlanColumns", Definitions[column].sample);
 }
 
 bool PlanColumns::isNumber(int column)
 {
-    return definitions[column].isNumber;
+    return Definitions[column].isNumber;
 }
 
 std::optional<PlanOrder> PlanColumns::order(int column)
 {
-    return definitions[column].order;
+    return Definitions[column].order;
 }
 
 QStringList PlanColumns::texts(const ListedPlan& listed, const QDate& today)
 {
     const Shown shown{ listed, PlanFormatter(listed.plan), today };
     QStringList texts;
-    for (const Definition& column : definitions)
+    for (const Definition& column : Definitions)
         texts << column.text(shown);
     return texts;
 }
