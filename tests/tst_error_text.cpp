@@ -233,6 +233,7 @@ void addIssuingRows()
     addRow("计划已完成，剩余不足一手", Error::NothingLeft);
     addRow("可卖数量不足一手", Error::NothingToSell);
     addRow("卖出的数量超过可卖数量，没有保存", Error::MoreThanSellable);
+    addRow("成交的数量超过下达数量，没有保存", Error::MoreThanIssued);
     addRow("资金不足：可用90.00元，一手需要100.00元",
         { Error::NotEnoughCash, { QStringLiteral("90.00"), QStringLiteral("100.00") } });
     addRow("不在该市场的委托时间09:15至15:00内",

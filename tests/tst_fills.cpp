@@ -119,15 +119,40 @@ private Q_SLOTS:
     {
         setPosition(1000, 500);
         const QString instruction = issue(unfilled(sale(QStringLiteral("500"))), Monday);
+        setPosition(1000, 400);
         const auto entries = count("history");
-        const Status refused = fill(instruction, filled(600));
+        const Status refused = fill(instruction, filled(450));
         QCOMPARE(errorText(refused), QStringLiteral("卖出的数量超过可卖数量，没有保存"));
         QCOMPARE(count("history"), entries);
         QCOMPARE(held(), 1000LL);
         QCOMPARE(instructionOf(instruction).value(FieldId::FilledQty).toString(), QStringLiteral("0"));
+        QCOMPARE(fill(instruction, filled(400)), Status());
+        QCOMPARE(held(), 600LL);
+        QCOMPARE(sellable(Monday), 0LL);
+    }
+
+    void aFillLargerThanTheInstructionIsRefused()
+    {
+        setPosition(0, 0);
+        const QString instruction = issue(purchase(QStringLiteral("500")), Monday);
+        QCOMPARE(fill(instruction, filled(0)), Status());
+        const auto entries = count("history");
+        QCOMPARE(fill(instruction, filled(501)), Status(Error::MoreThanIssued));
+        QVERIFY(!fill(instruction, filled(-1)));
+        QCOMPARE(count("history"), entries);
+        QCOMPARE(held(), 0LL);
         QCOMPARE(fill(instruction, filled(500)), Status());
         QCOMPARE(held(), 500LL);
-        QCOMPARE(sellable(Monday), 0LL);
+        const QString plan = session().create(purchase(QStringLiteral("100")));
+        InstructionStore instructions = ClientSession::instance().instructions();
+        const InstructionStore::Fields minted{ { FieldId::FilledQty, QStringLiteral("1") } };
+        QCOMPARE(instructions.add(plan, Monday, minted, now()).status(), Status(Error::MoreThanIssued));
+        // What an owner writes follows the same rule.
+        Database owner;
+        QCOMPARE(owner.open(session().ownersFile()), Status());
+        QCOMPARE(owner.execute(QStringLiteral("UPDATE instructions SET issued_quantity = 499")),
+            Status(Error::MoreThanIssued));
+        QCOMPARE(held(), 500LL);
     }
 
     void moreThanMayBeSoldIsNotIssuedByOtherPrograms()

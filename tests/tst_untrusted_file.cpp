@@ -3,6 +3,7 @@
 #include "LoggedTest.h"
 #include "Market.h"
 #include "RawFile.h"
+#include "SecurityStore.h"
 #include "SqliteSchema.h"
 #include "TestStatus.h"
 #include "UntrustedFile.h"
@@ -112,6 +113,27 @@ QByteArray inner(const QByteArray& header, int firstChild, int child)
     return page;
 }
 
+/// An inner page of an index whose children are one page.
+QByteArray innerOfIndex(int child)
+{
+    constexpr int Children = 40;
+    constexpr int Cell = 7;
+    QByteArray page("\x02\0\0", 3);
+    add16(page, Children);
+    add16(page, PageSize - Children * Cell);
+    page += '\0';
+    add32(page, child);
+    for (int i = 0; i < Children; ++i)
+        add16(page, PageSize - (Children - i) * Cell);
+    page += QByteArray(PageSize - Children * Cell - page.size(), '\0');
+    for (int i = 0; i < Children; ++i) {
+        add32(page, child);
+        // A record of two bytes with NULL.
+        page += QByteArray("\x02\x02\0", 3);
+    }
+    return page;
+}
+
 /// A file whose schema has a few pages and rows without end: every inner page leads to the next one many times.
 QByteArray endlessSchema(const QString& file)
 {
@@ -164,6 +186,28 @@ QByteArray endlessSecurities(const QString& file)
     QByteArray number(4, '\0');
     qToBigEndian<qint32>(pages, number.data());
     return content.replace(start, PageSize, inner(QByteArray(), pages, pages)).replace(28, 4, number);
+}
+
+/// A file of the present schema in which an index of securities leads to the same pages without end.
+QByteArray endlessIndex(const QString& file)
+{
+    constexpr int Levels = 10;
+    makeVersion(file, SqliteSchema::latestVersion());
+    RawFile raw(file);
+    raw.execute("INSERT INTO securities VALUES (1, '600000.SH', 'n', 't', 's', 'e', 2, 1, 100, 100, '', '')");
+    raw.execute("PRAGMA journal_mode = DELETE; PRAGMA page_size = 512; VACUUM");
+    const int root =
+        raw.value(QStringLiteral("SELECT rootpage FROM sqlite_master WHERE type = 'index' AND tbl_name = 'securities'"))
+            .toInt();
+    QByteArray content = contentOf(file);
+    const int start = (root - 1) * PageSize;
+    content += content.mid(start, PageSize);
+    for (int i = 0; i < Levels; ++i)
+        content += innerOfIndex(content.size() / PageSize);
+    const int pages = content.size() / PageSize;
+    QByteArray number(4, '\0');
+    qToBigEndian<qint32>(pages, number.data());
+    return content.replace(start, PageSize, innerOfIndex(pages)).replace(28, 4, number);
 }
 
 } // namespace
@@ -275,6 +319,24 @@ private Q_SLOTS:
         count.add(bool(read), false);
         QCOMPARE(read, Status(Error::DatabaseCorrupt));
         QVERIFY(rows < 1000 * content.size() / PageSize + 65536);
+    }
+
+    void anIndexWithoutEndIsNotCountedForever()
+    {
+        const QString file = path(QStringLiteral("index.db"));
+        const QByteArray content = endlessIndex(file);
+        QVERIFY(writeFile(file, content));
+        Database database;
+        QCOMPARE(database.open(file), Status());
+        FaultCount count(QStringLiteral("counts of an index without end"));
+        QElapsedTimer timer;
+        timer.start();
+        const Result<int> counted = SecurityStore(database).count();
+        count.add(bool(counted), false);
+        QVERIFY2(timer.elapsed() < LongestCheck * 1000 + LongestRefusal, qPrintable(QString::number(timer.elapsed())));
+        QCOMPARE(counted.status(), Status(Error::InspectionTooLong, { QString::number(LongestCheck) }));
+        // The connection can be used afterwards.
+        QCOMPARE(UserStore(database).users()->size(), 0);
     }
 
     void whatIsNoFileIsRefused_data()

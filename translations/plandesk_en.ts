@@ -3714,6 +3714,10 @@
         <source>协议“%1”没有内容，不能签署</source>
         <translation>The agreement &quot;%1&quot; has no text and cannot be signed</translation>
     </message>
+    <message>
+        <source>成交的数量超过下达数量，没有保存</source>
+        <translation>The filled quantity is above the issued one, so nothing was stored</translation>
+    </message>
 </context>
 <context>
     <name>ExportActions</name>
@@ -3858,6 +3862,10 @@
     <message>
         <source>连接中断前变更的计划状态未保存，请重新变更。</source>
         <translation>The plan states changed before the connection was lost have not been stored. Please change them again.</translation>
+    </message>
+    <message>
+        <source>全部完成：%1</source>
+        <translation>completed: %1</translation>
     </message>
 </context>
 <context>

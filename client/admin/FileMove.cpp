@@ -138,7 +138,7 @@ Status FileMove::writeAll(Database& file)
 {
     Status status =
         m_server.configure(QStringLiteral("ALTER TABLE instructions DISABLE TRIGGER instructions_within_limits,"
-                                          " DISABLE TRIGGER is_booked;"
+                                          " DISABLE TRIGGER is_booked, DISABLE TRIGGER fill_is_limited;"
                                           " DELETE FROM account_limits"));
     for (const MovedTable& table : qAsConst(m_tables)) {
         if (status)
@@ -149,7 +149,7 @@ Status FileMove::writeAll(Database& file)
         status = continueNumbers(file, column.key(), column.value());
     return status
         ? m_server.configure(QStringLiteral("ALTER TABLE instructions ENABLE TRIGGER instructions_within_limits,"
-                                            " ENABLE TRIGGER is_booked; ANALYZE %1")
+                                            " ENABLE TRIGGER is_booked, ENABLE TRIGGER fill_is_limited; ANALYZE %1")
                                  .arg(MovedTables::names().join(QStringLiteral(", "))))
         : status;
 }

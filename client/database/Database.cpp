@@ -302,6 +302,20 @@ Result<QVariant> Database::value(const QString& statement, const QVariantList& v
     return status ? Result<QVariant>(found) : status;
 }
 
+// A file from elsewhere may have an index without end, which is counted without reading a row.
+Result<int> Database::count(const QString& statement, const QVariantList& values)
+{
+    if (!isOpen())
+        return notOpen();
+    int counted = 0;
+    const Status status = m_engine->withinTime([&] {
+        const Result<QVariant> found = value(statement, values);
+        counted = found ? found->toInt() : 0;
+        return found.status();
+    });
+    return status ? Result<int>(counted) : status;
+}
+
 Result<QStringList> Database::texts(const QString& statement, const QVariantList& values)
 {
     QStringList found;

@@ -100,6 +100,8 @@ public:
     Status read(const QString& statement, const QVariantList& values, const TakeRow& take);
     /// The first column of the first row; invalid if there is no row.
     Result<QVariant> value(const QString& statement, const QVariantList& values = {});
+    /// The number that a SELECT counts. Ends if a file takes much longer than its size can need.
+    Result<int> count(const QString& statement, const QVariantList& values = {});
     /// The first column of all rows.
     Result<QStringList> texts(const QString& statement, const QVariantList& values);
     /// Reads the rows of a SELECT and keeps others from changing them until the transaction ends. Waits for those who

@@ -82,6 +82,8 @@ public:
         Q_UNUSED(values);
         return Error::DatabaseFailed;
     }
+    /// Ends the statements of `work` if they take much longer than the contents of the database can need.
+    virtual Status withinTime(const std::function<Status()>& work) { return work(); }
     /// Fails if the database cannot have as many rows in any table.
     virtual Status checkRows(qint64 rows)
     {

@@ -41,6 +41,8 @@ Status statusOf(pg_conn* connection, const QString& code, const QString& text)
         return Error::ServerReadOnly;
     if (text.contains(Bookings::refusal()))
         return Error::MoreThanSellable;
+    if (text.contains(Bookings::fillRefusal()))
+        return Error::MoreThanIssued;
     const auto meaning = meanings().constFind(code);
     return meaning == meanings().cend() ? Status(Error::DatabaseFailed, { PostgresStatus::firstLine(text) }) : *meaning;
 }

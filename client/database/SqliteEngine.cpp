@@ -34,6 +34,9 @@ constexpr int CacheSize = -2000;
 constexpr int LongestPageCheck = 120;
 // A few hundred pages, unless other clients write, too: well before SQLite's automatic checkpoint within a transaction.
 constexpr int TransactionsPerWal = 50;
+// For what reads the file once, in seconds, and what a slow disk reads in one, in bytes.
+constexpr int LeastTime = 5;
+constexpr qint64 BytesOfSecond = 10 * 1024 * 1024;
 // A row needs more than four bytes of a page.
 constexpr qint64 MostRowsOfPage = 1000;
 // SQLite's default, which the engine's own hook replaces.
@@ -316,6 +319,12 @@ QString SqliteEngine::contentVersion() const
 std::unique_ptr<EngineRows> SqliteEngine::rows(const QString& statement)
 {
     return std::make_unique<SqliteRows>(m_connection, statement);
+}
+
+Status SqliteEngine::withinTime(const std::function<Status()>& work)
+{
+    const auto seconds = static_cast<int>(LeastTime + QFileInfo(m_fileName).size() / BytesOfSecond);
+    return UntrustedFile::withinSeconds(seconds, m_connection, work);
 }
 
 // A file from elsewhere can lead to the same pages again and again.

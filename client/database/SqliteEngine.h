@@ -26,6 +26,7 @@ public:
     QString contentVersion() const override;
     bool streamsRows() const override { return true; }
     std::unique_ptr<EngineRows> rows(const QString& statement) override;
+    Status withinTime(const std::function<Status()>& work) override;
     Status checkRows(qint64 rows) override;
     Status failure(const QSqlError& error) override;
     void interrupt() override;

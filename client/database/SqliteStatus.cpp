@@ -30,6 +30,8 @@ Status SqliteStatus::of(int code, const QString& text)
     case SQLITE_TOOBIG:
         return Error::ContentTooLarge;
     default:
+        if (text.contains(Bookings::fillRefusal()))
+            return Error::MoreThanIssued;
         return text.contains(Bookings::refusal()) ? Status(Error::MoreThanSellable)
                                                   : Status(Error::DatabaseFailed, { text });
     }

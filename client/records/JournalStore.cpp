@@ -85,8 +85,7 @@ SqlQuery JournalStore::entries(const JournalPage& page) const
 Result<int> JournalStore::count(const JournalPage& page)
 {
     const SqlQuery all = entries(page);
-    const auto found = m_database.value(QStringLiteral("SELECT count(*) ") + all.text, all.values);
-    return found ? Result<int>(found->toInt()) : found.status();
+    return m_database.count(QStringLiteral("SELECT count(*) ") + all.text, all.values);
 }
 
 Result<QVector<JournalEntry>> JournalStore::page(const JournalPage& page)

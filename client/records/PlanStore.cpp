@@ -362,6 +362,5 @@ Result<QVector<StoredPlan>> PlanStore::read(const SqlQuery& condition, const QSt
 
 Result<int> PlanStore::number(const SqlQuery& query)
 {
-    const auto found = m_database.value(query.text, query.values);
-    return found ? Result<int>(found->toInt()) : found.status();
+    return m_database.count(query.text, query.values);
 }

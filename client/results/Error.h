@@ -178,6 +178,7 @@ enum class Error {
     NothingLeft,
     NothingToSell,
     MoreThanSellable,
+    MoreThanIssued,
     NotEnoughCash,     ///< what is left, what a lot costs, both in yuan
     OutsideTradeHours, ///< first, last time of the market's day
     NotToday,          ///< the day, today

@@ -198,6 +198,7 @@ public:
         { Error::NothingLeft, QT_TR_NOOP("计划已完成，剩余不足一手") },
         { Error::NothingToSell, QT_TR_NOOP("可卖数量不足一手") },
         { Error::MoreThanSellable, QT_TR_NOOP("卖出的数量超过可卖数量，没有保存") },
+        { Error::MoreThanIssued, QT_TR_NOOP("成交的数量超过下达数量，没有保存") },
         { Error::NotEnoughCash, QT_TR_NOOP("资金不足：可用%1元，一手需要%2元") },
         { Error::OutsideTradeHours, QT_TR_NOOP("不在该市场的委托时间%1至%2内") },
         { Error::NotToday, QT_TR_NOOP("%1不是今天（%2），只能模拟下达") },

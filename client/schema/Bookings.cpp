@@ -175,6 +175,17 @@ CREATE TRIGGER instructions_are_taken_back BEFORE DELETE ON plans
     FOR EACH ROW EXECUTE FUNCTION take_back_instructions()
 )";
 
+// %1 is the name of the event, %2 the event.
+const char* const SqliteFill = R"(CREATE TRIGGER fill_is_limited_on_%1 BEFORE %2 ON instructions
+    WHEN NEW.filled_quantity > coalesce(NEW.issued_quantity, 0) BEGIN SELECT RAISE(ABORT, '%3'); END)";
+
+const char* const PostgresFill = R"(
+CREATE FUNCTION refuse_fill() RETURNS trigger LANGUAGE plpgsql AS
+    'BEGIN RAISE EXCEPTION ''%1''; END';
+CREATE TRIGGER fill_is_limited BEFORE INSERT OR UPDATE OF issued_quantity, filled_quantity ON instructions FOR EACH ROW
+    WHEN (NEW.filled_quantity > coalesce(NEW.issued_quantity, 0)) EXECUTE FUNCTION refuse_fill()
+)";
+
 QString open(const char* text, const char* row)
 {
     return QStringLiteral("(%1)").arg(QString::fromLatin1(text).arg(QLatin1String(row)));
@@ -229,6 +240,10 @@ QStringList Bookings::sqliteStatements()
     statements << QString::fromLatin1(View) << QString::fromLatin1(SqliteBooking).arg(refusal());
     for (const char* const event : { "INSERT", "UPDATE", "DELETE" })
         statements << booking(QLatin1String(event));
+    const auto limit = [](const char* name, const char* event) {
+        return QString::fromLatin1(SqliteFill).arg(QLatin1String(name), QLatin1String(event), fillRefusal());
+    };
+    statements << limit("INSERT", "INSERT") << limit("UPDATE", "UPDATE OF issued_quantity, filled_quantity");
     return statements << QStringLiteral("CREATE TRIGGER instructions_are_taken_back BEFORE DELETE ON plans"
                                         " BEGIN DELETE FROM instructions WHERE plan = OLD.number; END");
 }
@@ -236,7 +251,13 @@ QStringList Bookings::sqliteStatements()
 QStringList Bookings::postgresStatements()
 {
     return { QString::fromLatin1(PostgresTables).trimmed(),
-        QString::fromLatin1(PostgresBooking).trimmed().arg(refusal()) };
+        QString::fromLatin1(PostgresBooking).trimmed().arg(refusal()),
+        QString::fromLatin1(PostgresFill).trimmed().arg(fillRefusal()) };
+}
+
+QString Bookings::fillRefusal()
+{
+    return QStringLiteral("more is filled than was issued");
 }
 
 QString Bookings::refusal()

@@ -13,5 +13,7 @@ QStringList sqliteStatements();
 QStringList postgresStatements();
 /// The text of the failure when more is sold than may be sold.
 QString refusal();
+/// The text of the failure when more is filled than was issued. Older instructions stay as they are.
+QString fillRefusal();
 
 } // namespace Bookings

@@ -109,8 +109,7 @@ Status SecurityStore::readAll(const std::function<void(Security&&)>& take)
 
 Result<int> SecurityStore::count()
 {
-    const auto found = m_database.value(QStringLiteral("SELECT count(*) FROM securities"));
-    return found ? Result<int>(found->toInt()) : found.status();
+    return m_database.count(QStringLiteral("SELECT count(*) FROM securities"));
 }
 
 Result<CloseHistory> SecurityStore::closes(const QString& symbol)
