@@ -87,7 +87,9 @@ private Q_SLOTS:
     {
         const QString plan = session().create(SampleSession::record());
         QCOMPARE(InstructionIssuer::issueDay(Monday)->issued.size(), 1);
-        QCOMPARE(ClientSession::instance().plans().complete(plan, Monday), Status());
+        QCOMPARE(
+            ClientSession::instance().plans().complete(*ClientSession::instance().plans().plan(plan), Monday, now()),
+            Status());
         QVERIFY(missedDays(plan, Monday.addDays(3)).isEmpty());
         setClientToday(Monday.addDays(3));
         const StoredPlan stored = *ClientSession::instance().plans().plan(plan);

@@ -393,7 +393,9 @@ private:
         QCOMPARE(session.instructions().refuse(
                      line("AP00000001"), SampleSession::today().addDays(1), line("a\treason"), session.changeNow()),
             Status());
-        QCOMPARE(session.plans().complete(line("AP00000002"), SampleSession::today()), Status());
+        QCOMPARE(session.plans().complete(
+                     *session.plans().plan(line("AP00000002")), SampleSession::today(), session.changeNow()),
+            Status());
         Database& file = session.database();
         QCOMPARE(UserStore(file).add({ line("O'Brien"), line("欧 布") }), Status());
         QCOMPARE(UserStore(file).add({ line("clears\x1b[2J"), line("the\nscreen") }), Status());

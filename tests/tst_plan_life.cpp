@@ -3,6 +3,8 @@
 #include "AutoPlanLogic.h"
 #include "ClientSession.h"
 #include "ErrorText.h"
+#include "HistoryStore.h"
+#include "HistoryTexts.h"
 #include "InstructionIssuer.h"
 #include "PlanLife.h"
 #include "PlanStates.h"
@@ -238,7 +240,13 @@ private Q_SLOTS:
     void aChangeStartsACompletedPlanAgain()
     {
         const QString id = create(1).constFirst();
-        QCOMPARE(ClientSession::instance().plans().complete(id, SampleSession::today()), Status());
+        QCOMPARE(ClientSession::instance().plans().complete(
+                     stored(id), SampleSession::today(), ClientSession::instance().changeNow()),
+            Status());
+        const HistoryEntry entry = HistoryStore(database()).ofPlan(PlanId::toNumber(id).value_or(0))->constLast();
+        QCOMPARE(entry.event, HistoryEvent::Completed);
+        QCOMPARE(entry.version, 1);
+        QCOMPARE(HistoryTexts::event(entry), QStringLiteral("全部完成：2024-05-06"));
         QCOMPARE(stored(id).completed, SampleSession::today());
         QCOMPARE(stored(id).version, 1);
         AutoPlanLogic& service = AutoPlanLogic::instance();

@@ -302,7 +302,7 @@ Status SomePlans::issue(
     if (!id)
         return id.status();
     result.issued << *id;
-    return day->completes() ? m_plans.complete(plan.id, m_scene.day) : Status();
+    return day->completes() ? m_plans.complete(plan, m_scene.day, change()) : Status();
 }
 
 // That the market is closed says nothing about the plan.
@@ -315,7 +315,7 @@ Status SomePlans::refuse(const StoredPlan& plan, const Status& reason)
     case Error::OutsideTradeHours:
         return {};
     case Error::NothingLeft:
-        return m_plans.complete(plan.id, m_scene.day);
+        return m_plans.complete(plan, m_scene.day, change());
     default:
         return m_instructions.refuse(plan.id, m_scene.day, errorText(reason), change());
     }

@@ -120,10 +120,14 @@ Status PlanStore::replaceState(const StoredPlan& plan, PlanState state, const QS
         entry, change);
 }
 
-Status PlanStore::complete(const QString& planId, const QDate& day)
+Status PlanStore::complete(const StoredPlan& plan, const QDate& day, const Change& change)
 {
-    return m_database.execute(QStringLiteral("UPDATE plans SET completed_day = ? WHERE number = ?"),
-        { day.toString(Qt::ISODate), PlanId::toNumber(planId).value_or(0) });
+    const QString text = day.toString(Qt::ISODate);
+    const SqlQuery planChange{ QStringLiteral("UPDATE plans SET completed_day = ? WHERE number = ? RETURNING number"),
+        { text, PlanId::toNumber(plan.id).value_or(0) } };
+    return HistoryStore(m_database)
+        .addWith(planChange, { HistoryEvent::Completed, 0, plan.version, text, {}, {} }, change)
+        .status();
 }
 
 // The plan as it is before a change.

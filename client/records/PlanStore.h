@@ -47,7 +47,7 @@ public:
     /// Like `setState`, in the transaction in which the plan was read by `lockedPlan`.
     Status replaceState(const StoredPlan& plan, PlanState state, const QString& reason, const Change& change);
     /// Notes the day on which nothing was left of a plan, which keeps its version.
-    Status complete(const QString& planId, const QDate& day);
+    Status complete(const StoredPlan& plan, const QDate& day, const Change& change);
 
     /// Empty if the id is unknown.
     Result<Record> record(const QString& planId);

@@ -219,6 +219,11 @@ CREATE TRIGGER clients_are_notified AFTER INSERT OR UPDATE OR DELETE ON instruct
     FOR EACH STATEMENT EXECUTE FUNCTION notify_clients()
 )";
 
+const char* const CompletedHistory = R"(
+ALTER TABLE history DROP CONSTRAINT history_event_check, ADD CONSTRAINT history_event_check CHECK (event IN
+    ('created', 'changed', 'state changed', 'issued', 'instruction changed', 'signed', 'completed'))
+)";
+
 // The day on which nothing was left of a plan, which is no change of the plan; since when it is active, if it was not
 // from its creation on; the days on which an active plan got no instruction, and why; and the alerts that a user has
 // worked off.
@@ -385,8 +390,8 @@ const QVector<Migration>& PostgresSchema::migrations()
                 statements(Privileges) } },
         { 2, PostgresRights::statements() },
         { 3,
-            QStringList{
-                statements(PlanLife), statements(CoveringIndexes), statements(FactsVersion), statements(LaterNotices) }
+            QStringList{ statements(CompletedHistory), statements(PlanLife), statements(CoveringIndexes),
+                statements(FactsVersion), statements(LaterNotices) }
                 + Bookings::postgresStatements() + PostgresRights::authorities() },
     };
     return steps;

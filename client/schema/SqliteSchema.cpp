@@ -159,20 +159,25 @@ QStringList limitTables()
 }
 
 // Texts of an entry are NULL if it has none. Entries are kept, and with them the plans that they tell of.
-QStringList historyTable()
+QString newHistory(const char* name, const char* moreEvents)
+{
+    return QStringLiteral("CREATE TABLE %1 ("
+                          "number INTEGER PRIMARY KEY AUTOINCREMENT,"
+                          "event TEXT NOT NULL CHECK (event IN"
+                          " ('created', 'changed', 'state changed', 'issued', 'instruction changed', 'signed'%2)),"
+                          "plan INTEGER REFERENCES plans (number), version INTEGER CHECK (version >= 1), subject TEXT,"
+                          "before TEXT CHECK (before IS NULL OR before GLOB '{*}'),"
+                          "after TEXT CHECK (after IS NULL OR after GLOB '{*}'),"
+                          "user TEXT NOT NULL, time TEXT NOT NULL CHECK (time LIKE '____-__-__T__:__:__.___Z'),"
+                          "client TEXT NOT NULL, request TEXT,"
+                          "CHECK ((plan IS NULL) = (event = 'signed')), CHECK ((plan IS NULL) = (version IS NULL))"
+                          ") STRICT")
+        .arg(QLatin1String(name), QLatin1String(moreEvents));
+}
+
+QStringList historyRules()
 {
     return {
-        QStringLiteral("CREATE TABLE history ("
-                       "number INTEGER PRIMARY KEY AUTOINCREMENT,"
-                       "event TEXT NOT NULL CHECK (event IN"
-                       " ('created', 'changed', 'state changed', 'issued', 'instruction changed', 'signed')),"
-                       "plan INTEGER REFERENCES plans (number), version INTEGER CHECK (version >= 1), subject TEXT,"
-                       "before TEXT CHECK (before IS NULL OR before GLOB '{*}'),"
-                       "after TEXT CHECK (after IS NULL OR after GLOB '{*}'),"
-                       "user TEXT NOT NULL, time TEXT NOT NULL CHECK (time LIKE '____-__-__T__:__:__.___Z'),"
-                       "client TEXT NOT NULL, request TEXT,"
-                       "CHECK ((plan IS NULL) = (event = 'signed')), CHECK ((plan IS NULL) = (version IS NULL))"
-                       ") STRICT"),
         QStringLiteral("CREATE INDEX history_of_plans ON history (plan) WHERE plan IS NOT NULL"),
         QStringLiteral("CREATE UNIQUE INDEX history_of_requests ON history (request) WHERE request IS NOT NULL"),
         QStringLiteral("CREATE TRIGGER history_is_not_changed BEFORE UPDATE ON history"
@@ -180,6 +185,20 @@ QStringList historyTable()
         QStringLiteral("CREATE TRIGGER history_is_not_deleted BEFORE DELETE ON history"
                        " BEGIN SELECT RAISE(ABORT, 'the history is not deleted'); END"),
     };
+}
+
+QStringList historyTable()
+{
+    return QStringList(newHistory("history", "")) + historyRules();
+}
+
+// A check is changed by a new table.
+QStringList completedHistory()
+{
+    return QStringList{ newHistory("new_history", ", 'completed'"),
+        QStringLiteral("INSERT INTO new_history SELECT * FROM history"), QStringLiteral("DROP TABLE history"),
+        QStringLiteral("ALTER TABLE new_history RENAME TO history") }
+    + historyRules();
 }
 
 // Lists are filtered by what their indexes tell, without reading the plans. What a list is sorted by comes first. Lists
@@ -245,7 +264,7 @@ const QVector<Migration>& SqliteSchema::migrations()
         { 4, limitTables() },
         { 5, TypedTables::statements(), TypedTables::obstacles() },
         { 6, historyTable() },
-        { 7, planLife() + coveringIndexes() + Bookings::sqliteStatements() },
+        { 7, completedHistory() + planLife() + coveringIndexes() + Bookings::sqliteStatements() },
     };
     return steps;
 }

@@ -13,7 +13,7 @@ const QStringList& eventNames()
 {
     static const QStringList names{ QStringLiteral("created"), QStringLiteral("changed"),
         QStringLiteral("state changed"), QStringLiteral("issued"), QStringLiteral("instruction changed"),
-        QStringLiteral("signed") };
+        QStringLiteral("signed"), QStringLiteral("completed") };
     return names;
 }
 

@@ -19,7 +19,7 @@ struct Change {
 };
 
 /// What happened to a plan, one of its instructions, or a signature.
-enum class HistoryEvent { Created, Changed, StateChanged, Issued, InstructionChanged, Signed };
+enum class HistoryEvent { Created, Changed, StateChanged, Issued, InstructionChanged, Signed, Completed };
 
 struct HistoryEntry {
     using Fields = QMap<QString, QVariant>;

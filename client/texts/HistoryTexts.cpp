@@ -105,6 +105,8 @@ QString HistoryTexts::event(const HistoryEntry& entry)
         return QCoreApplication::translate("HistoryTexts", "指令变更：") + instructionChanges(entry);
     case HistoryEvent::Signed:
         return QCoreApplication::translate("HistoryTexts", "签署协议：") + entry.subject;
+    case HistoryEvent::Completed:
+        return QCoreApplication::translate("HistoryTexts", "全部完成：%1").arg(entry.subject);
     }
     return QString();
 }
