@@ -562,6 +562,7 @@ private Q_SLOTS:
             QVERIFY2(end <= UsualTable, qPrintable(PlanColumns::title(column) + QString::number(end)));
         }
         const auto widthOf = [this](const QString& text) { return table().fontMetrics().horizontalAdvance(text); };
+        QVERIFY(header.sectionSize(PlanColumns::PerDay) > widthOf(QStringLiteral("100,000.00 元")) + 6);
         QVERIFY(header.sectionSize(PlanColumns::LastResult) > widthOf(QStringLiteral("05-06 已下达")) + 6);
         QVERIFY(header.sectionSize(PlanColumns::RemainingDays) > widthOf(QStringLiteral("260天")) + 6);
     }

@@ -4778,10 +4778,6 @@ Continue?</translation>
         <translation>10,000,000.00 yuan</translation>
     </message>
     <message>
-        <source>1,000,000 股</source>
-        <translation>1,000,000 shares</translation>
-    </message>
-    <message>
         <source>0000-00-00 至 0000-00-00</source>
         <translation>0000-00-00 to 0000-00-00</translation>
     </message>
@@ -4796,6 +4792,10 @@ Continue?</translation>
     <message>
         <source>累计数量</source>
         <translation>Cumulative quantity</translation>
+    </message>
+    <message>
+        <source>100,000.00 元</source>
+        <translation>100,000.00 yuan</translation>
     </message>
 </context>
 <context>

@@ -97,7 +97,7 @@ const Definition Definitions[PlanColumns::Count] = {
     { "target", QT_TRANSLATE_NOOP("PlanColumns", "目标"), QT_TRANSLATE_NOOP("PlanColumns", "10,000,000.00 元"), true,
         {}, [](const Shown& shown) { return shown.words.target(); } },
     { "progress", QT_TRANSLATE_NOOP("PlanColumns", "成交 / 下达"), "1,000,000 / 1,000,000", true, {}, progressText },
-    { "perDay", QT_TRANSLATE_NOOP("PlanColumns", "每日"), QT_TRANSLATE_NOOP("PlanColumns", "1,000,000 股"), true, {},
+    { "perDay", QT_TRANSLATE_NOOP("PlanColumns", "每日"), QT_TRANSLATE_NOOP("PlanColumns", "100,000.00 元"), true, {},
         [](const Shown& shown) { return shown.words.perDay(); } },
     { "remainingDays", QT_TRANSLATE_NOOP("PlanColumns", "剩余"), QT_TRANSLATE_NOOP("PlanColumns", "剩余剩余"), true, {},
         remainingDays },
