@@ -286,6 +286,23 @@ private Q_SLOTS:
         }
     }
 
+    void theHistoryOfAnOlderFileIsKept()
+    {
+        constexpr int FirstWithHistory = 6;
+        const QString file = path(QStringLiteral("history.db"));
+        QVERIFY(makeVersion(file, FirstWithHistory));
+        const QByteArray insert = "INSERT INTO history (event, subject, user, time, client)"
+                                  " VALUES ('signed', 'p', 'u', '2024-05-06T01:30:00.125Z', 'c')";
+        QCOMPARE(RawFile(file).execute("INSERT INTO users VALUES ('u', 'u'); " + insert + "; " + insert), SQLITE_OK);
+        Database database;
+        QCOMPARE(database.open(file), Status());
+        QCOMPARE(database.execute(QString::fromLatin1(insert)), Status());
+        QCOMPARE(*database.texts(QStringLiteral("SELECT number || event || subject FROM history ORDER BY number"), {}),
+            (QStringList{ QStringLiteral("1signedp"), QStringLiteral("2signedp"), QStringLiteral("3signedp") }));
+        QVERIFY(!database.execute(QStringLiteral("UPDATE history SET user = 'x'")));
+        QVERIFY(!database.execute(QStringLiteral("DELETE FROM history")));
+    }
+
     void aSchemaWithoutEndIsRefusedInTime()
     {
         const QString file = path(QStringLiteral("endless.db"));
