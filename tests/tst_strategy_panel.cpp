@@ -223,8 +223,8 @@ private Q_SLOTS:
 
     void aLabelOfAParameterShowsItsValue()
     {
-        open(definitionOf(parts(
-            parameter(type("Percentage_t")), control(type("lay:Label_t") + xml(" initValue='0.25'")))));
+        open(definitionOf(
+            parts(parameter(type("Percentage_t")), control(type("lay:Label_t") + xml(" initValue='0.25'")))));
         QCOMPARE(input<QLabel>("input_P")->text(), QStringLiteral("25"));
         QCOMPARE(captionOf("input_P"), QStringLiteral("标签"));
         QCOMPARE(input<QLabel>("unit_P")->text(), QStringLiteral("%"));

@@ -9,8 +9,8 @@
 
 class QIODevice;
 
-/// What the cells of a column are. In a workbook and in JSON, numbers are numbers; in a workbook, dates are dates. Codes
-/// are written as texts; they are numbers of accounts, words for codes, formulas and the like.
+/// What the cells of a column are. In a workbook and in JSON, numbers are numbers; in a workbook, dates are dates.
+/// Codes are written as texts; they are numbers of accounts, words for codes, formulas and the like.
 enum class CellType { Text, Code, Number, Date };
 
 /// A column of a written table.
