@@ -72,6 +72,41 @@ private Q_SLOTS:
         QVERIFY2(reasons(report).value(0).contains(fault), qPrintable(reasons(report).join(QLatin1Char(' '))));
     }
 
+    void aSecurityMustSuitTheInstructionType_data()
+    {
+        QTest::addColumn<QByteArray>("row");
+        QTest::addColumn<QString>("fault");
+        const auto row = [](const char* name, const char* cells, const char* fault) {
+            QTest::newRow(name) << QByteArray(cells) << QString::fromUtf8(fault);
+        };
+        row("a bond as an ordinary plan", "普通,113001.SH,100,",
+            "第4列（证券代码）：证券113001.SH不能用于指令类型“普通交易”");
+        row("a share as a bond", "债券,600000.SH,1000,", "第4列（证券代码）：证券600000.SH不能用于指令类型“债券交易”");
+        row("a share of the mainland as one of Hong Kong", "港股通,600000.SH,1000,",
+            "第4列（证券代码）：证券600000.SH不能用于指令类型“港股通交易”");
+        row("a share of Hong Kong on credit", "信用,00001.HK,500,",
+            "第4列（证券代码）：证券00001.HK不能用于指令类型“信用交易”");
+        row("a fund by amount", "普通,510300.SH,,50000",
+            "第7列（金额）：证券510300.SH在指令类型“普通交易”中不能按金额交易");
+    }
+
+    void aSecurityMustSuitTheInstructionType()
+    {
+        QFETCH(const QByteArray, row);
+        QFETCH(const QString, fault);
+        importUntil(QString());
+        imported(text("securities"),
+            add(text("f"),
+                "证券代码,证券名称,类别,板块,小数位,系数,步长,涨跌幅\n510300.SH,己六ETF,基金,ETF,3,1,100,10%\n"));
+        const QList<QByteArray> cells = row.split(',');
+        const QByteArray plan = "8001," + cells.at(0) + ",累计数量," + cells.at(1) + ",买," + cells.at(2) + ','
+            + cells.at(3) + ",2024-05-06,2024-05-10\n";
+        ImportReport report;
+        const QByteArray headings = "账户,指令类型,计划类型,证券代码,买卖,数量,金额,开始,结束\n";
+        QVERIFY(!run(text("plans"), add(text("f"), headings + plan), report));
+        QCOMPARE(reasons(report), QStringList{ text("f第2行") + fault });
+    }
+
     void anAlgorithmNeedsAReviewedType()
     {
         importUntil(QString());

@@ -1,6 +1,8 @@
 #include "AdvisorPanel.h"
 #include "ClientWindowTest.h"
+#include "InstructionTargetType.h"
 #include "Kelvo_Values.h"
+#include "OfferedSecurities.h"
 #include "Orlo_Values.h"
 #include "PinyinInitials.h"
 #include "PlanCodes.h"
@@ -9,6 +11,7 @@
 #include "SymbolIndexes.h"
 #include "VorSearchBox.h"
 
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QtTest>
@@ -123,6 +126,50 @@ private Q_SLOTS:
         QCOMPARE(heldOf(wanted), QString());
         type(PinyinInitials::of(nameOf(wanted)).section(QLatin1Char(' '), 0, 0));
         QVERIFY(symbols().contains(wanted));
+    }
+
+    // One of each kind and market.
+    void importsTakeTheSecuritiesOfTheForm_data()
+    {
+        QTest::addColumn<QString>("account");
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<bool>("byAmount");
+        QTest::newRow("ordinary") << FreeAccount << QString(InstructionType::Ordinary) << false;
+        QTest::newRow("ordinary by amount") << ReviewedAccount << QString(InstructionType::Ordinary) << true;
+        QTest::newRow("credit") << CreditAccount << QString(InstructionType::Credit) << false;
+        QTest::newRow("credit by amount") << CreditAccount << QString(InstructionType::Credit) << true;
+        QTest::newRow("bond") << FreeAccount << QString(InstructionType::Bond) << false;
+        QTest::newRow("bond by amount") << ReviewedAccount << QString(InstructionType::Bond) << true;
+        QTest::newRow("Hong Kong") << FreeAccount << QString(InstructionType::HkConnect) << false;
+    }
+
+    void importsTakeTheSecuritiesOfTheForm()
+    {
+        QFETCH(const QString, account);
+        QFETCH(const QString, type);
+        QFETCH(const bool, byAmount);
+        openWindow();
+        pressForEditor(Qt::Key_N);
+        SymbolIndexes::instance().waitForFinished();
+        FormDriver driver = dialogDriver();
+        driver.choose("combx_fundAccount", account);
+        driver.choose("combx_instructionType", type);
+        driver.choose("combx_instructionTargetType",
+            byAmount ? InstructionTargetType::AmountOrder : InstructionTargetType::QtyOrder);
+        QCOMPARE(driver.takeProblems(), QStringList());
+        QVERIFY(press(&box(), Qt::Key_F4));
+        const Market& market = ClientSession::instance().market();
+        QSet<QString> kinds;
+        for (const QString& symbol : market.symbols().toStringList()) {
+            const Security& security = *market.find(symbol);
+            const QString kind = security.type + security.subType + symbol.section(QLatin1Char('.'), 1);
+            if (kinds.contains(kind))
+                continue;
+            kinds << kind;
+            line().setText(symbol);
+            QCOMPARE(symbols().contains(symbol), OfferedSecurities::contains(security, type, byAmount));
+        }
+        QVERIFY(kinds.size() > 10);
     }
 
     void enterFillsTheMarkedOneIn()

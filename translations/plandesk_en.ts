@@ -3718,6 +3718,14 @@
         <source>成交的数量超过下达数量，没有保存</source>
         <translation>The filled quantity is above the issued one, so nothing was stored</translation>
     </message>
+    <message>
+        <source>证券%1不能用于指令类型“%2”</source>
+        <translation>Security %1 cannot be used with instruction type “%2”</translation>
+    </message>
+    <message>
+        <source>证券%1在指令类型“%2”中不能按金额交易</source>
+        <translation>Security %1 cannot be traded by amount with instruction type “%2”</translation>
+    </message>
 </context>
 <context>
     <name>ExportActions</name>

@@ -406,6 +406,8 @@ enum class Error {
     StateNotImported, ///< state
     ReplaceOneFile,
     TooManyRowsForSheet, ///< most rows
+    SecurityNotOffered, ///< symbol, instruction type
+    AmountNotOffered,   ///< symbol, instruction type
     AlgorithmNeedsMode,
     ModeNeedsReview,           ///< mode
     ModeNotOffered,            ///< mode

@@ -5,6 +5,7 @@
 #include "InstructionTargetType.h"
 #include "Kelvo_Fields.h"
 #include "Kelvo_Values.h"
+#include "OfferedSecurities.h"
 #include "Orlo_Fields.h"
 #include "PlanCodes.h"
 #include "PlanTexts.h"
@@ -82,6 +83,7 @@ public:
         readTargets();
         readDates();
         readHandling();
+        checkSecurity();
         m_record.insert(Base::planOtherParam, PlanTexts::jsonText(m_other));
         return m_record;
     }
@@ -186,6 +188,28 @@ private:
                 PlanColumn::EntrustType, { Error::UnknownCode, { caption(PlanColumn::EntrustType), entrust } });
         setText(m_other, FieldId::MarginSide, number);
         readAlgorithm();
+    }
+
+    // A stored plan keeps its security.
+    void checkSecurity()
+    {
+        const QString type = m_record.value(Orlo_Fields::AutoPlan::subType).toString();
+        const QMap<QString, QVariant> otherBase = otherOf(m_base);
+        const bool byAmount = isAmount(m_other);
+        if (type.isEmpty()
+            || (m_base.value(Orlo_Fields::AutoPlan::subType) == type && isAmount(otherBase) == byAmount
+                && m_base.value(Kelvo_Fields::Security::symbol) == m_security.symbol))
+            return;
+        const QStringList details{ m_security.symbol, CodeWords::instructionTypes().word(type) };
+        if (!OfferedSecurities::contains(m_security, type, false))
+            m_row.refuse(PlanColumn::Symbol, { Error::SecurityNotOffered, details });
+        else if (byAmount && !OfferedSecurities::contains(m_security, type, true))
+            m_row.refuse(PlanColumn::Amount, { Error::AmountNotOffered, details });
+    }
+
+    static bool isAmount(const QMap<QString, QVariant>& other)
+    {
+        return other.value(FieldId::TargetType) == InstructionTargetType::AmountOrder;
     }
 
     void readAlgorithm()
