@@ -335,6 +335,8 @@ private Q_SLOTS:
         QCOMPARE(m_edit->GetStrValue(), QStringLiteral("0.125"));
         paste(QStringLiteral("5"));
         QCOMPARE(hintAt(m_edit), QStringLiteral("不能大于1"));
+        paste(QStringLiteral("1000%"));
+        QCOMPARE(hintAt(m_edit), QStringLiteral("不能大于100%"));
     }
 
     void aRatioShowsNoTrailingZeros()

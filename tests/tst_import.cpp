@@ -131,7 +131,7 @@ private Q_SLOTS:
             << QStringList{ text("file第3行第1列（symbol）：证券代码“600008”无效，应为代码、点和市场，例如600000.SH"),
                    text("file第4行第2列（name）：证券名称为空"), text("file第4行第3列（type）：证券类别“股”未知"),
                    text("file第4行第5列（decimals）：不能大于6"), text("file第4行第6列（factor）：不能小于1"),
-                   text("file第4行第7列（step）：只能输入整数"), text("file第4行第8列（limit）：不能大于1"),
+                   text("file第4行第7列（step）：只能输入整数"), text("file第4行第8列（limit）：不能大于100%"),
                    text("file第5行第1列（symbol）：“600009.SH”与第2行重复") };
         QTest::newRow("closes")
             << text("closes")

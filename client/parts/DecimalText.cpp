@@ -107,16 +107,17 @@ bool isGroupedWell(const QString& whole)
     return !whole.contains(QLatin1Char(',')) || form.match(whole).hasMatch();
 }
 
-Status checkRange(double number, const DecimalLimits& limits)
+/// `shown` decides how the limits are written.
+Status checkRange(double number, const DecimalLimits& limits, const NumberUnit& shown)
 {
     if (number > limits.maximum + Tolerance)
-        return { Error::NumberTooLarge, { groupedText(decimalText(limits.maximum, limits.decimals, true)) } };
+        return { Error::NumberTooLarge, { numberInWords(limits.maximum, limits.decimals, shown) } };
     if (number < limits.minimum - Tolerance)
-        return { Error::NumberTooSmall, { groupedText(decimalText(limits.minimum, limits.decimals, true)) } };
+        return { Error::NumberTooSmall, { numberInWords(limits.minimum, limits.decimals, shown) } };
     return {};
 }
 
-Result<double> numberOf(Digits digits, bool isNegative, const DecimalLimits& limits)
+Result<double> numberOf(Digits digits, bool isNegative, const DecimalLimits& limits, const NumberUnit& shown)
 {
     digits = normalized(digits);
     if (digits.scale > limits.decimals)
@@ -127,7 +128,7 @@ Result<double> numberOf(Digits digits, bool isNegative, const DecimalLimits& lim
     if (digits.scale > 0)
         text.insert(text.size() - digits.scale, QLatin1Char('.'));
     const double number = isNegative ? -text.toDouble() : text.toDouble();
-    const Status status = checkRange(number, limits);
+    const Status status = checkRange(number, limits, shown);
     return status ? Result<double>(number) : status;
 }
 
@@ -151,7 +152,10 @@ Result<double> typedNumber(const QString& text, const DecimalLimits& limits, con
         return malformed(text);
     whole.remove(QLatin1Char(','));
     const Result<Digits> digits = withSuffix({ whole + fraction, static_cast<int>(fraction.size()) }, suffix, unit);
-    return digits ? numberOf(*digits, !match.captured(1).isEmpty(), limits) : digits.status();
+    // A typed percentage is compared with one.
+    NumberUnit shown;
+    shown.isRatio = unit.isRatio && suffix.trimmed() == QLatin1String("%");
+    return digits ? numberOf(*digits, !match.captured(1).isEmpty(), limits, shown) : digits.status();
 }
 
 bool isUnfinishedNumber(const QString& text)
