@@ -336,6 +336,8 @@ const QList<Remark> Warnings{
         said(Error::AttributeIgnored, { "Int_t", "precision" }) },
     { "a step of a text field", parts(Good, control(TextField + xml(" increment='1'"))), 5,
         said(Error::AttributeIgnored, { "TextField_t", "increment" }) },
+    { "a policy that the schema lacks", parts(Good, control(Spinner + xml(" incrementPolicy='Static'"))), 5,
+        said(Error::NameNotStandard, { "incrementPolicy", "Static" }) },
     { "another way to write a flag", strategy(parameter(Number + xml(" definedByFIX='True'"))), 3,
         said(Error::ValueTakenAs, { "definedByFIX", "True", "true" }) },
     { "another way to write a word", strategy(parameter(Number + xml(" use='Required' constValue='1'"))), 3,

@@ -81,7 +81,7 @@ StepPolicy readPolicy(ElementReader& reader, const char* name)
     // The text of the standard also has Static, its schema has not.
     const QStringList policies{ QStringLiteral("Static"), QStringLiteral("LotSize"), QStringLiteral("Tick") };
     if (reader.has(name) && reader.text(name) == policies.constFirst())
-        reader.warn({ Error::AttributeIgnored, { policies.constFirst(), QLatin1String(name) } });
+        reader.warn({ Error::NameNotStandard, { QLatin1String(name), policies.constFirst() } });
     return static_cast<StepPolicy>(reader.choice(name, policies, 0));
 }
 
