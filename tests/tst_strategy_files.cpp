@@ -283,6 +283,40 @@ private Q_SLOTS:
             isKnown ? Status() : StrategyRemarks::inLine(3, { Error::UnknownTimeZone, { zone } }));
     }
 
+    void limitsOfTimesAreConvertedToTheZoneOfTheParameterOrItsClock_data()
+    {
+        QTest::addColumn<QString>("given");
+        QTest::addColumn<QString>("clock");
+        QTest::addColumn<QStringList>("limits");
+        const auto row = [](const char* name, const char* given, const char* clock, const char* low, const char* high) {
+            QTest::newRow(name) << QString::fromLatin1(given) << QString::fromLatin1(clock)
+                                << QStringList{ QString::fromLatin1(low), QString::fromLatin1(high) };
+        };
+        const char* const american = "xsi:type='TZTimeOnly_t' minValue='08:00:00-05:00' maxValue='16:00:00-05:00'";
+        row("an American clock", american, "localMktTz='America/Bogota'", "08:00:00", "16:00:00");
+        row("a Japanese clock", "xsi:type='TZTimeOnly_t' minValue='08:00:00+09:00'", "localMktTz='Asia/Tokyo'",
+            "08:00:00", "");
+        row("UTC and a Japanese clock", "xsi:type='UTCTimeOnly_t' minValue='00:30:00Z' maxValue='07:00:00Z'",
+            "localMktTz='Asia/Tokyo'", "09:30:00", "16:00:00");
+        row("the parameter's zone comes first",
+            "xsi:type='UTCTimeOnly_t' localMktTz='Asia/Tokyo' minValue='00:30:00Z' maxValue='17:00:00'",
+            "localMktTz='America/Bogota'", "09:30:00", "17:00:00");
+        row("without zones", "xsi:type='UTCTimeOnly_t' minValue='01:30:00Z' maxValue='07:00:00Z'", "", "09:30:00",
+            "15:00:00");
+    }
+
+    void limitsOfTimesAreConvertedToTheZoneOfTheParameterOrItsClock()
+    {
+        QFETCH(QString, given);
+        QFETCH(QString, clock);
+        QFETCH(QStringList, limits);
+        const ReadStrategy strategy =
+            read(parts(parameter(given), control(type("lay:Clock_t") + QLatin1Char(' ') + clock))).strategies.value(0);
+        QCOMPARE(strategy.remarks.refusal, Status());
+        const StrategyParameter& read = strategy.definition.parameters.constFirst();
+        QCOMPARE(QStringList({ read.minValue, read.maxValue }), limits);
+    }
+
     void whatTheSchemaAllowsIsRead_data()
     {
         QTest::addColumn<QString>("text");

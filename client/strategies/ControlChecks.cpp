@@ -126,16 +126,18 @@ void completeItems(StrategyControl& control, const StrategyParameter* parameter,
         control.items.append({ value.id, value.id });
 }
 
+/// Whether the parameter has its time from the control. Local times are those of the market.
+bool isZonedClock(const StrategyControl& control, const StrategyParameter& parameter)
+{
+    return control.type == ControlType::Clock && parameter.type != ParameterType::LocalTime;
+}
+
 void connectParameter(const StrategyControl& control, StrategyParameter& parameter, StrategyRemarks& remarks)
 {
     if (control.type == ControlType::EditableDropDownList)
         parameter.acceptsOthers = true;
     parameter.holdsSeveral = control.isMultiple();
-    if (control.type != ControlType::Clock || parameter.type == ParameterType::LocalTime)
-        return;
-    if (parameter.zone.isEmpty())
-        parameter.zone = control.zone;
-    if (parameter.zone.isEmpty() && !control.initialValue.isEmpty())
+    if (isZonedClock(control, parameter) && parameter.zone.isEmpty() && !control.initialValue.isEmpty())
         remarks.warn(
             control.line, { Error::AttributeExpected, { QStringLiteral("Control"), QStringLiteral("localMktTz") } });
 }
@@ -190,6 +192,18 @@ void checkNames(const StrategyDefinition& strategy, StrategyRemarks& remarks)
 }
 
 } // namespace
+
+void ControlChecks::takeZones(StrategyDefinition& strategy)
+{
+    for (const StrategyControl& control : qAsConst(strategy.controls)) {
+        const int index = control.zone.isEmpty() ? -1 : strategy.parameterIndex(control.parameter);
+        if (index < 0)
+            continue;
+        StrategyParameter& parameter = strategy.parameters[index];
+        if (isZonedClock(control, parameter) && parameter.zone.isEmpty())
+            parameter.zone = control.zone;
+    }
+}
 
 void ControlChecks::prepare(StrategyDefinition& strategy, StrategyRemarks& remarks)
 {

@@ -25,6 +25,19 @@ ParameterType readType(ElementReader& reader)
     return info ? info->type : ParameterType::String;
 }
 
+/// A time in the time zone of the parameter; other texts as they are.
+QString storedTime(const StrategyParameter& parameter, const QString& text)
+{
+    return MarketTime::converted(text, parameter.zone, parameter.zone).value_or(text);
+}
+
+/// Whether a time is written in another form than that of the standard.
+bool isOddTime(const StrategyParameter& parameter, const QString& text)
+{
+    const std::optional<MarketTime::Written> written = MarketTime::read(text);
+    return written && !written->isUsual && parameter.type != ParameterType::TzTimeOnly;
+}
+
 /// A number or a time as stored; other texts as they are.
 QString storedForm(
     const StrategyParameter& parameter, ElementReader& reader, const char* attribute, const QString& text)
@@ -35,19 +48,29 @@ QString storedForm(
         return ParameterValue::isDecimal(text) ? text : ParameterValue::decimalOf(text).value_or(text);
     if (!ParameterTypes::isTime(parameter.type))
         return text;
-    const std::optional<MarketTime::Written> written = MarketTime::read(text);
-    if (!written)
-        return text;
-    const QTime time =
-        written->offset ? MarketTime::convertOffset(written->time, *written->offset, parameter.zone) : written->time;
-    if (!written->isUsual && parameter.type != ParameterType::TzTimeOnly)
-        reader.warn({ Error::ValueTakenAs, { QLatin1String(attribute), text, MarketTime::toText(time) } });
-    return MarketTime::toText(time);
+    const QString time = storedTime(parameter, text);
+    if (isOddTime(parameter, text))
+        reader.warn({ Error::ValueTakenAs, { QLatin1String(attribute), text, time } });
+    return time;
 }
 
 QString readValue(const StrategyParameter& parameter, ElementReader& reader, const char* attribute)
 {
     return storedForm(parameter, reader, attribute, reader.text(attribute));
+}
+
+/// Times stay as they are written until their time zone is known, which may be that of a clock.
+QString readLimit(const StrategyParameter& parameter, ElementReader& reader, const char* attribute)
+{
+    return ParameterTypes::isTime(parameter.type) ? reader.text(attribute) : readValue(parameter, reader, attribute);
+}
+
+void convertLimit(const StrategyParameter& parameter, QString& limit, const char* attribute, StrategyRemarks& remarks)
+{
+    const QString text = limit;
+    limit = storedTime(parameter, text);
+    if (isOddTime(parameter, text))
+        remarks.warnTakenAs(parameter.line, attribute, text, limit);
 }
 
 void readZone(StrategyParameter& parameter, ElementReader& reader)
@@ -63,8 +86,8 @@ void readLimits(StrategyParameter& parameter, ElementReader& reader)
 {
     const ParameterTypeInfo& info = ParameterTypes::of(parameter.type);
     if (info.hasLimits || info.family == ParameterTypeInfo::Number) {
-        parameter.minValue = readValue(parameter, reader, "minValue");
-        parameter.maxValue = readValue(parameter, reader, "maxValue");
+        parameter.minValue = readLimit(parameter, reader, "minValue");
+        parameter.maxValue = readLimit(parameter, reader, "maxValue");
     }
     reader.refuseOfOtherType("minValue");
     reader.refuseOfOtherType("maxValue");
@@ -199,4 +222,12 @@ StrategyParameter ParameterReader::read(const StrategyElement& element, Strategy
     }
     hinder(parameter, reader);
     return parameter;
+}
+
+void ParameterReader::convertLimits(StrategyParameter& parameter, StrategyRemarks& remarks)
+{
+    if (!ParameterTypes::isTime(parameter.type))
+        return;
+    convertLimit(parameter, parameter.minValue, "minValue", remarks);
+    convertLimit(parameter, parameter.maxValue, "maxValue", remarks);
 }

@@ -1,6 +1,7 @@
 #include "StrategyChecks.h"
 
 #include "ControlChecks.h"
+#include "ParameterReader.h"
 #include "ParameterTypes.h"
 #include "ParameterValue.h"
 
@@ -111,6 +112,9 @@ void checkFilling(const StrategyParameter& parameter, StrategyRemarks& remarks)
 
 void StrategyChecks::prepare(StrategyDefinition& strategy, StrategyRemarks& remarks)
 {
+    ControlChecks::takeZones(strategy);
+    for (StrategyParameter& parameter : strategy.parameters)
+        ParameterReader::convertLimits(parameter, remarks);
     checkParameters(strategy, remarks);
     if (remarks.refusal)
         ControlChecks::prepare(strategy, remarks);
