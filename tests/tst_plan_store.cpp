@@ -3,6 +3,7 @@
 #include "AuthorityStore.h"
 #include "Database.h"
 #include "InstructionStore.h"
+#include "Kelvo_Fields.h"
 #include "LoggedTest.h"
 #include "StoredSample.h"
 #include "TestDatabase.h"
@@ -135,6 +136,28 @@ private Q_SLOTS:
         QCOMPARE(plan.record, changed);
         QCOMPARE(plan.created, Morning);
         QCOMPARE(plan.changed, Noon);
+    }
+
+    void aCompletedPlanIsNotAnUnendedOne()
+    {
+        PlanStore plans(*m_database);
+        PlanStore::Record record = sampleRecord();
+        record.insert(Kelvo_Fields::UserAccount::tradingAccount, QStringLiteral("100001"));
+        record.insert(AutoPlanField::BaseField::endDate, QStringLiteral("2024-05-10"));
+        addAccount(QStringLiteral("100001"), QStringLiteral("C1"));
+        const QString completed = *plans.create(record, AtMorning);
+        const QString running = *plans.create(record, AtMorning);
+        const auto unended = [&plans] {
+            QStringList ids;
+            const auto found =
+                *plans.unended(QStringLiteral("100001"), QStringLiteral("600000.SH"), QDate(2024, 5, 7), 10);
+            for (const StoredPlan& plan : found)
+                ids << plan.id;
+            return ids;
+        };
+        QCOMPARE(unended(), (QStringList{ running, completed }));
+        QCOMPARE(plans.complete(*plans.plan(completed), QDate(2024, 5, 6), AtNoon), Status());
+        QCOMPARE(unended(), QStringList(running));
     }
 
     void pagesShowTheNewestPlansFirst()

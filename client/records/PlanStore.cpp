@@ -311,9 +311,10 @@ Result<DayPlans> PlanStore::plansOfDay(const QDate& day, const SqlQuery& conditi
 Result<QVector<StoredPlan>> PlanStore::unended(
     const QString& tradingAccount, const QString& symbol, const QDate& day, int limit)
 {
-    return newest({ QStringLiteral("trading_account = ? AND symbol = ? AND end_date >= ?"
-                                   " AND state IN ('active', 'paused') AND state <> 'archived'"),
-                      { tradingAccount, symbol, day.toString(Qt::ISODate) } },
+    return newest(
+        { QStringLiteral("trading_account = ? AND symbol = ? AND end_date >= ?"
+                         " AND state IN ('active', 'paused') AND state <> 'archived' AND completed_day IS NULL"),
+            { tradingAccount, symbol, day.toString(Qt::ISODate) } },
         limit);
 }
 

@@ -70,8 +70,8 @@ public:
     Result<QVector<PlanLandmark>> landmarks(const PlanList& list, int step);
     /// Like `plan`; keeps others from changing the plan and its instructions until the transaction ends.
     Result<StoredPlan> lockedPlan(const QString& planId);
-    /// The newest plans of an account that are active or paused and end on a day or later, for one security; and the
-    /// newest ones for any, in every state.
+    /// The newest plans of an account that are active or paused, not completed and end on a day or later, for one
+    /// security; and the newest ones for any, in every state.
     Result<QVector<StoredPlan>> unended(
         const QString& tradingAccount, const QString& symbol, const QDate& day, int limit);
     Result<QVector<StoredPlan>> newestOf(const QString& tradingAccount, int limit);
