@@ -1,5 +1,6 @@
 #include "AdvisorPanel.h"
 #include "AutoPlanField.h"
+#include "ClientClock.h"
 #include "ClientWindowTest.h"
 #include "InstructionIssuer.h"
 #include "InstructionTargetType.h"
@@ -363,6 +364,21 @@ private Q_SLOTS:
             QStringLiteral("每日最多15,000股，即目标的15%；总股本未知，未核对连续90天减持不超过总股本1%"));
         QCOMPARE(headline(), QStringLiteral("预计2024-05-15完成，需7个交易日"));
         QVERIFY(field<QWidget>(panel(), "forecastReduction")->isVisible());
+    }
+
+    void aPlanThatIsStoppedMeanwhileIsRefused()
+    {
+        const QString id = createSamples(1).constFirst();
+        openWindow();
+        window().selectPlan(id);
+        pressForEditor(Qt::Key_E);
+        QVERIFY(QTest::qWaitFor([this] { return panel().isSettled(); }));
+        QCOMPARE(rule(QStringLiteral("计划服务")), QStringLiteral("✓ 通过"));
+        Database file;
+        QCOMPARE(file.open(session().ownersFile()), Status());
+        const Change change{ QStringLiteral("trader03"), clientNow() };
+        QCOMPARE(PlanStore(file).setState(id, 1, PlanState::Stopped, QString(), change), Status());
+        QTRY_COMPARE(rule(QStringLiteral("计划服务")), QStringLiteral("✗ 未通过：计划%1已停止，不能修改").arg(id));
     }
 
     void anEditedPlanStartsWithWhatIsUsed()

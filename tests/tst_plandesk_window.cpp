@@ -557,6 +557,18 @@ private Q_SLOTS:
         QCOMPARE(table->contextMenuPolicy(), Qt::ActionsContextMenu);
     }
 
+    void aStoppedPlanIsNotEdited()
+    {
+        const QString id = createSamples(1).constFirst();
+        const Change now = ClientSession::instance().changeNow();
+        QCOMPARE(plans().setState(id, 1, PlanState::Stopped, QString(), now), Status());
+        openWindow();
+        window().selectPlan(id);
+        const auto edit = [this] { QVERIFY(press(&window(), Qt::Key_E, Qt::ControlModifier)); };
+        QCOMPARE(boxOf(edit, "msgBoxWarning"), QStringLiteral("计划%1已停止，不能修改").arg(id));
+        QVERIFY(!dialog().isVisible());
+    }
+
     void aCopyOfAPlanIsANewPlan()
     {
         openWindow();

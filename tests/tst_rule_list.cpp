@@ -298,6 +298,12 @@ private Q_SLOTS:
             s.facts.edited.record = s.form.record(ClientSession::instance().user().id,
                 *ClientSession::instance().market().find(s.form.symbol), account());
         });
+        row("an edited plan that was stopped", "计划服务", failed, [](Situation& s) {
+            edit(s);
+            s.facts.edited.record = s.form.record(ClientSession::instance().user().id,
+                *ClientSession::instance().market().find(s.form.symbol), account());
+            s.facts.edited.state = PlanState::Stopped;
+        });
 
         row("whole lots", "目标的零股", passed, nothing);
         row("an odd lot", "目标的零股", doubtful, [](Situation& s) { s.form.target = QStringLiteral("1050"); });

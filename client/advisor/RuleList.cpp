@@ -3,6 +3,7 @@
 #include "ErrorText.h"
 #include "PlanCheck.h"
 #include "PlanFacts.h"
+#include "PlanLife.h"
 #include "RuleParts.h"
 
 #include <algorithm>
@@ -22,6 +23,8 @@ Status refusal(const AdvisedPlan& plan)
         facts.rights, plan.closes, plan.sellable() };
     if (facts.edited.id.isEmpty())
         return PlanCheck::creationError(plan.record, known);
+    if (Status ended = PlanLife::changeError(facts.edited); !ended)
+        return ended;
     return PlanCheck::changeError(facts.edited.record, plan.record, PlanFacts::used(facts.edited, facts.used), known);
 }
 

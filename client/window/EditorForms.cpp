@@ -4,6 +4,7 @@
 #include "EditorDialog.h"
 #include "ErrorText.h"
 #include "OrloWidget.h"
+#include "PlanLife.h"
 #include "ReadReport.h"
 
 #include <algorithm>
@@ -33,7 +34,8 @@ void EditorForms::openEdit(const QString& planId)
             return;
         }
     }
-    unused()->openEdit(planId);
+    if (mayOpenEdit(planId))
+        unused()->openEdit(planId);
 }
 
 void EditorForms::openCopy(const QString& planId)
@@ -95,6 +97,19 @@ bool EditorForms::mayOpenNew() const
     Status status = session.refreshAccounts();
     if (status)
         status = session.accounts().newPlanError(session.user().id);
+    return isPossible(status);
+}
+
+// The form itself reports that the plan cannot be read.
+bool EditorForms::mayOpenEdit(const QString& planId) const
+{
+    const Result<StoredPlan> plan = ClientSession::instance().plans().plan(planId);
+    return !plan || isPossible(PlanLife::changeError(*plan));
+}
+
+/// If it is not, says why.
+bool EditorForms::isPossible(const Status& status) const
+{
     if (!status)
         OrloWidget::ShowWarningMsgBox(errorText(status), m_window);
     return bool(status);

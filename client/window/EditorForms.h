@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DraftFile.h"
+#include "Status.h"
 
 #include <QObject>
 #include <QString>
@@ -23,7 +24,7 @@ public:
 
     /// Opens a form, or says why the user cannot fill it in.
     void openNew();
-    /// Brings the form of a plan that is already edited to the front.
+    /// Brings the form of a plan that is already edited to the front. Says why a plan cannot be changed.
     void openEdit(const QString& planId);
     void openCopy(const QString& planId);
     /// Opens a form that was not sent before the client was killed.
@@ -51,6 +52,8 @@ Q_SIGNALS:
 
 private:
     bool mayOpenNew() const;
+    bool mayOpenEdit(const QString& planId) const;
+    bool isPossible(const Status& status) const;
     EditorDialog* add();
     EditorDialog* unused();
     void use(const EditorDialog* form);
