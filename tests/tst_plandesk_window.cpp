@@ -737,6 +737,22 @@ private Q_SLOTS:
         QCOMPARE(words.issued(QStringLiteral("1234.50"), true), QStringLiteral("1,234.50 元"));
     }
 
+    void aDailyMaximumOfZeroIsUnlimited()
+    {
+        const auto perDay = [](const QMap<QString, QVariant>& other) {
+            StoredPlan plan;
+            plan.record = SampleSession::withOther(SampleSession::record(), other);
+            return PlanFormatter(plan).perDay();
+        };
+        const QString quantity = AutoPlanField::Progress::CurrentQty;
+        QCOMPARE(perDay({ { quantity, QStringLiteral("300") } }), QStringLiteral("300 股"));
+        QCOMPARE(perDay({ { quantity, QStringLiteral("0") } }), QStringLiteral("不限"));
+        QCOMPARE(perDay({ { quantity, QString() } }), QString());
+        QCOMPARE(perDay({ { FieldId::TargetType, InstructionTargetType::AmountOrder },
+                     { BaseField::dayMaxTradeAmount, QStringLiteral("0.00") } }),
+            QStringLiteral("不限"));
+    }
+
     void theNumberOfPlansStaysAfterAMenu()
     {
         createSamples(3);

@@ -5015,6 +5015,10 @@ Continue?</translation>
         <source>%1（%2）</source>
         <translation>%1 (%2)</translation>
     </message>
+    <message>
+        <source>不限</source>
+        <translation>No maximum</translation>
+    </message>
 </context>
 <context>
     <name>PlanLife</name>

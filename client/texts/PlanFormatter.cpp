@@ -152,7 +152,10 @@ QString PlanFormatter::target() const
 
 QString PlanFormatter::perDay() const
 {
-    return isAmount() ? amount(other(Base::dayMaxTradeAmount)) : quantity(other(AutoPlanField::Progress::CurrentQty));
+    const QString stored = other(isAmount() ? Base::dayMaxTradeAmount : AutoPlanField::Progress::CurrentQty);
+    if (isPlainNumber(stored) && qFuzzyIsNull(stored.toDouble()))
+        return PlanFormatter::tr("不限");
+    return isAmount() ? amount(stored) : quantity(stored);
 }
 
 QString PlanFormatter::issued(const QString& number, bool isByAmount) const

@@ -24,6 +24,7 @@ public:
     QString side() const;
     /// The plan's total in displayed units or yuan, with its unit.
     QString target() const;
+    /// The daily quantity or maximum in the same way; says so if there is no maximum.
     QString perDay() const;
     /// A quantity or amount of one of the plan's instructions, with its unit.
     QString issued(const QString& number, bool isByAmount) const;
