@@ -145,6 +145,16 @@ private Q_SLOTS:
         QCOMPARE(kindsOf(alertsOn(Monday.addDays(4))), QStringList(alert("ends", plan, QDate(2024, 5, 13))));
     }
 
+    void aPlanEndsUntilItsLastDayIsOver()
+    {
+        const QDate last(2024, 5, 13);
+        const QString plan =
+            createUnchecked(with(with(SampleSession::record(), BaseField::beginDate, QStringLiteral("2024-05-13")),
+                BaseField::endDate, QStringLiteral("2024-05-13")));
+        QCOMPARE(kindsOf(alertsOn(last)), QStringList(alert("ends", plan, last)));
+        QCOMPARE(kindsOf(alertsOn(last.addDays(1))), QStringList(alert("missed", plan, last)));
+    }
+
     void aChangeBySomeoneElseIsAnAlert()
     {
         const QString plan = session().create(SampleSession::record());

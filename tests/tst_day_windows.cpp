@@ -1,5 +1,6 @@
 // The journal and the alerts of the window, missed days and cash in what the window shows, by keys and mouse.
 #include "Alerts.h"
+#include "AutoPlanField.h"
 #include "CashStore.h"
 #include "ClientClock.h"
 #include "ClientWindowTest.h"
@@ -55,6 +56,25 @@ private Q_SLOTS:
         closeWindow();
         openWindow();
         openAlerts(0);
+    }
+
+    void aPlanEndsTodayOrOnTheNextTradeDay()
+    {
+        const QString friday = QStringLiteral("2024-05-10");
+        QVERIFY(!session()
+                     .create(with(with(SampleSession::record(), AutoPlanField::BaseField::beginDate, friday),
+                         AutoPlanField::BaseField::endDate, friday))
+                     .isEmpty());
+        setClientToday(QDate(2024, 5, 9));
+        openWindow();
+        openAlerts(1);
+        QCOMPARE(textsOf(alertRows(), 0).constFirst(), QStringLiteral("即将结束"));
+        QCOMPARE(textsOf(alertRows(), 0).constLast(), QStringLiteral("下一交易日2024-05-10结束"));
+        closeWindow();
+        setClientToday(QDate(2024, 5, 10));
+        openWindow();
+        openAlerts(1);
+        QCOMPARE(textsOf(alertRows(), 0).constLast(), QStringLiteral("今天结束"));
     }
 
     void anAlertLeadsToAPlanThatIsNotListed()

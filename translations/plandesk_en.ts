@@ -883,6 +883,10 @@
         <source>%1条提醒</source>
         <translation>%1 alerts</translation>
     </message>
+    <message>
+        <source>今天结束</source>
+        <translation>Ends today</translation>
+    </message>
 </context>
 <context>
     <name>AlgorithmPanel</name>

@@ -32,7 +32,9 @@ QStringList cellsOf(const Alert& alert)
         case Alert::Kind::Missed:
             return Alerts::tr("%1没有下达，也没有原因").arg(alert.subject);
         case Alert::Kind::Ends:
-            return Alerts::tr("下一交易日%1结束").arg(alert.subject);
+            return alert.subject == clientToday().toString(Qt::ISODate)
+                ? Alerts::tr("今天结束")
+                : Alerts::tr("下一交易日%1结束").arg(alert.subject);
         case Alert::Kind::Changed:
             return Alerts::tr("%1修改为第%2版").arg(alert.text, alert.subject);
         }

@@ -129,7 +129,7 @@ Status AlertStore::readEnds(const AlertDays& days, int most, QVector<Alert>& ale
     const SqlQuery open = undone(Alert::Kind::Ends, QStringLiteral("end_date"));
     const QString statement =
         QStringLiteral("SELECT plans.number, end_date, '' FROM plans JOIN securities AS s ON s.symbol = plans.symbol"
-                       " WHERE end_date > ? AND end_date <= ? AND %1 AND s.exchange IN %2 AND %3")
+                       " WHERE end_date >= ? AND end_date <= ? AND %1 AND s.exchange IN %2 AND %3")
             .arg(Running, m_database.dialect().listedTexts, open.text);
     for (const AlertDays::TradeDay& next : days.next) {
         const QVariantList values{ text(days.today), text(next.day), json(next.exchanges) };
