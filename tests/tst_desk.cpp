@@ -261,6 +261,23 @@ private Q_SLOTS:
             qPrintable(cell(0, IssueSheetModel::ResultColumn)));
     }
 
+    void aChoiceInASheetOfYesterdayReadsToday()
+    {
+        QCOMPARE(session().setHoldings(5000), Status());
+        for (const char* const quantity : { "1000", "2000" })
+            QVERIFY(!session().create(sale(QLatin1String(quantity))).isEmpty());
+        openSheet(2);
+        setClientTime(QDateTime(SampleSession::today().addDays(1), QTime(10, 0), Qt::OffsetFromUTC, 8 * 3600));
+        QCOMPARE(boxOf([this] { toggle(0); }, "msgBoxWarning"),
+            QStringLiteral("2024-05-06已经过去，没有下达。请核对今天的计划。"));
+        QTRY_VERIFY_WITH_TIMEOUT(!isWorking(), Patience);
+        QCOMPARE(sheet()->windowTitle(), QStringLiteral("下达当日指令 - 2024-05-07"));
+        QCOMPARE(rows()->rowCount(), 2);
+        QCOMPARE(cell(0, IssueSheetModel::Quantity), QStringLiteral("1,000 股"));
+        issueChosen();
+        QCOMPARE(issued(), 2);
+    }
+
     void aDayWithoutPlansSaysSo()
     {
         openSheet(0);

@@ -182,7 +182,7 @@ void IssueSheet::retire(IssueSheetRows rows)
 void IssueSheet::computeAgain()
 {
     m_isOutdated = m_work.isRunning();
-    if (m_isOutdated || !m_rows->rows().isOutdated())
+    if (m_isOutdated || !m_rows->rows().isOutdated() || !isOfToday())
         return;
     auto rows = std::make_shared<IssueSheetRows>(m_rows->rows());
     auto read = std::make_shared<Status>();
