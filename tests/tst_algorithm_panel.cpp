@@ -6,6 +6,8 @@
 #include "LoggedTest.h"
 #include "OrloStrategyFactory.h"
 #include "StrategyLibrary.h"
+#include "StrategyTexts.h"
+#include "TestStatus.h"
 
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
@@ -18,7 +20,10 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
+#include <QToolButton>
 #include <QtTest>
 
 namespace Content = Algo_Fields::AlgoInstContentInfo;
@@ -42,6 +47,21 @@ AesStrategy strategy(const QString& name)
     return AlgoTradeLogicNew::GetInstance()->GetStrategy(name);
 }
 
+const QString CheckBox = QStringLiteral("<lay:Control ID='on' label='on' xsi:type='lay:CheckBox_t'/>");
+const QString HiddenBox =
+    QStringLiteral("<lay:Control ID='hidden' label='hidden' xsi:type='lay:TextField_t'><flow:StateRule "
+                   "visible='true'><val:Edit field='on' operator='EQ' value='true'/></flow:StateRule></lay:Control>");
+
+/// A panel of text fields named c0, c1 and so on.
+QString panelOf(int fields, const char* attributes)
+{
+    QString text;
+    for (int i = 0; i < fields; ++i)
+        text += QStringLiteral("<lay:Control ID='c%1' label='c%1' xsi:type='lay:TextField_t'/>").arg(i);
+    return QStringLiteral("<lay:StrategyPanel title='T' %1>%2</lay:StrategyPanel>")
+        .arg(QLatin1String(attributes), text);
+}
+
 } // namespace
 
 class AlgorithmPanelTest : public LoggedTest {
@@ -53,7 +73,12 @@ private:
         m_owner = std::make_unique<QWidget>();
         m_panel = make({}, {}, 3);
     }
-    void tidyUp() override { m_owner.reset(); }
+    void tidyUp() override
+    {
+        m_owner.reset();
+        QVector<StrategyFile> none;
+        StrategyLibrary::instance().setFiles(none);
+    }
 
 private Q_SLOTS:
     void aNewPanelIsEmptyAndHidden()
@@ -576,7 +601,77 @@ private Q_SLOTS:
         QCOMPARE(m_panel->GetParamMap().value(QStringLiteral("DisplayQty")), QVariant(QStringLiteral("1000")));
     }
 
+    void theWindowGrowsAndShrinksWithItsParameters()
+    {
+        openFile(StrategyTexts::parts({}, CheckBox + HiddenBox + panelOf(5, "collapsible='true' collapsed='true'")));
+        const int closed = m_panel->height();
+        QVERIFY(isWhole("input_on"));
+        QTest::mouseClick(child<QToolButton>("panelTitle"), Qt::LeftButton);
+        QTRY_VERIFY(isWhole("input_c4"));
+        QVERIFY(isWhole("btn_ok"));
+        QVERIFY(m_panel->height() > closed);
+        QTest::mouseClick(child<QToolButton>("panelTitle"), Qt::LeftButton);
+        QTRY_COMPARE(m_panel->height(), closed);
+        QTest::keyClick(child<QCheckBox>("input_on"), Qt::Key_Space);
+        QTRY_VERIFY(m_panel->height() > closed);
+        for (const char* const name : { "input_hidden", "panelTitle", "btn_ok" })
+            QVERIFY2(isWhole(name), name);
+    }
+
+    void theWindowIsAsWideAsItsParameters()
+    {
+        // A scroll area of its own accord is at most 36 lines wide.
+        QFont small = m_panel->font();
+        small.setPixelSize(8);
+        m_panel->setFont(small);
+        openFile(StrategyTexts::parts({}, panelOf(4, "orientation='HORIZONTAL'")));
+        QVERIFY(m_panel->width() > 36 * m_panel->fontMetrics().height());
+        for (const char* const name : { "input_c0", "input_c1", "input_c2", "input_c3" })
+            QVERIFY2(isWhole(name), name);
+    }
+
+    void aFormWiderThanTheScreenIsScrolled()
+    {
+        openFile(StrategyTexts::parts({}, panelOf(12, "orientation='HORIZONTAL'")));
+        const auto* const area = child<QScrollArea>("algorithmParameters");
+        QVERIFY(area->horizontalScrollBar()->maximum() > 0);
+        QCOMPARE(area->verticalScrollBar()->maximum(), 0);
+        QVERIFY(isWhole("algorithmParameters"));
+        QVERIFY(isWhole("input_c0"));
+        QVERIFY(room().contains(m_panel->frameGeometry()));
+    }
+
+    void theButtonsStayOnTheScreen()
+    {
+        openFile(StrategyTexts::parts({}, panelOf(60, "collapsible='true' collapsed='true'")));
+        m_panel->move(room().bottomRight() - m_panel->rect().bottomRight());
+        const int closed = m_panel->height();
+        QTest::mouseClick(child<QToolButton>("panelTitle"), Qt::LeftButton);
+        QTRY_VERIFY(m_panel->height() > closed);
+        QVERIFY(child<QScrollArea>("algorithmParameters")->verticalScrollBar()->maximum() > 0);
+        QVERIFY(isWhole("btn_ok") && isWhole("btn_cancel"));
+        QVERIFY(room().contains(m_panel->frameGeometry()));
+    }
+
 private:
+    /// Opens the strategy of a file.
+    void openFile(const QString& text) const
+    {
+        QVector<StrategyFile> files{ StrategyTexts::read(text) };
+        QCOMPARE(files.constFirst().strategies.constFirst().remarks.refusal, Status());
+        StrategyLibrary::instance().setFiles(files);
+        m_panel->RefreshAlgoList();
+        open(StrategyLibrary::instance().names().constLast());
+        QVERIFY(QTest::qWaitForWindowExposed(m_panel));
+    }
+    /// Whether a part is visible and nothing of it is cut.
+    bool isWhole(const char* name) const
+    {
+        const QWidget* const part = child<QWidget>(name);
+        return part && part->visibleRegion().boundingRect() == part->rect();
+    }
+    QRect room() const { return m_panel->screen()->availableGeometry(); }
+
     template <typename Widget> Widget* child(const char* name) const
     {
         Widget* found = nullptr;

@@ -9,10 +9,10 @@
 #include "ParamListWidget.h"
 #include "PlainText.h"
 #include "StrategyLibrary.h"
+#include "WindowPlace.h"
 
 #include <QComboBox>
 #include <QFrame>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -23,6 +23,8 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace Content = Algo_Fields::AlgoInstContentInfo;
 namespace Side = Algo_Values::AlgoOrderSide;
 
@@ -30,8 +32,9 @@ namespace {
 
 const QString Success = QStringLiteral("0");
 constexpr int Narrowest = 420;
-/// Largest part of the screen for the parameters.
-constexpr double FormShare = 0.6;
+/// Largest parts of the screen for the parameters.
+constexpr double FormWidth = 0.9;
+constexpr double FormHeight = 0.6;
 
 QLabel* boldLabel(const QString& text, QWidget* parent)
 {
@@ -244,23 +247,39 @@ void AlgorithmPanel::resizeToContents()
 {
     ensurePolished();
     fitScroll();
-    QSize wanted = sizeHint().expandedTo(minimumSize());
+    // Layouts keep their former size hints until they are activated, the inner ones first.
+    m_formLayout->activate();
+    layout()->activate();
+    QSize wanted = sizeHint().expandedTo({ Narrowest, 0 });
     if (layout()->hasHeightForWidth())
         wanted.setHeight(layout()->totalHeightForWidth(wanted.width()));
     resize(wanted);
+    keepOnScreen(this);
 }
 
-/// A long form is as high as the screen allows, and scrolls.
+/// A large form is as large as the screen allows, and scrolls.
 void AlgorithmPanel::fitScroll()
 {
     if (!m_scroll)
         return;
-    const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
-    const QSize wanted = m_form->sizeHint();
-    const bool isHigh = wanted.height() > room.height() * FormShare;
-    const int bar = isHigh ? m_scroll->verticalScrollBar()->sizeHint().width() : 0;
-    m_scroll->setMinimumSize(qMin(wanted.width() + bar, static_cast<int>(room.width() * FormShare)),
-        isHigh ? static_cast<int>(room.height() * FormShare) : wanted.height());
+    const QList<QLayout*> layouts = m_form->findChildren<QLayout*>();
+    std::for_each(layouts.crbegin(), layouts.crend(), [](QLayout* inner) { inner->activate(); });
+    const QSize room = screen()->availableSize();
+    const QSize most(static_cast<int>(room.width() * FormWidth), static_cast<int>(room.height() * FormHeight));
+    QSize wanted = m_form->sizeHint();
+    if (wanted.height() > most.height())
+        wanted.rwidth() += m_scroll->verticalScrollBar()->sizeHint().width();
+    if (wanted.width() > most.width())
+        wanted.rheight() += m_scroll->horizontalScrollBar()->sizeHint().height();
+    m_scroll->setMinimumSize(wanted.boundedTo(most));
+}
+
+/// The form's layout requests more or less room when a panel is opened or closed, or controls appear or disappear.
+bool AlgorithmPanel::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::LayoutRequest && m_scroll && watched == m_scroll->viewport())
+        resizeToContents();
+    return ParamListWidget_single::eventFilter(watched, event);
 }
 
 void AlgorithmPanel::replaceForm(ParameterForm* form)
@@ -286,6 +305,7 @@ void AlgorithmPanel::replaceForm(ParameterForm* form)
     // The skin of the panel shows through.
     for (QWidget* const part : { m_scroll->viewport(), static_cast<QWidget*>(m_form) })
         part->setAutoFillBackground(false);
+    m_scroll->viewport()->installEventFilter(this);
     m_formLayout->addWidget(m_scroll, 1);
     m_scroll->setVisible((m_offers & Parameters) != 0);
     if (m_form->lastInput())
@@ -361,7 +381,7 @@ void AlgorithmPanel::slotOk()
     m_form->markFault(fault.parameter);
     showMessage(errorText(fault.status));
     if (!fault.status)
-        return;
+        return resizeToContents();
     d->choice.confirm(m_form->strategy(), m_form->values());
     hide();
 }
@@ -380,6 +400,13 @@ void AlgorithmPanel::keyPressEvent(QKeyEvent* event)
         slotOk();
     else
         ParamListWidget_single::keyPressEvent(event);
+}
+
+/// The style has set up all parts now, which can change their sizes.
+void AlgorithmPanel::showEvent(QShowEvent* event)
+{
+    ParamListWidget_single::showEvent(event);
+    resizeToContents();
 }
 
 OrloStrategyFactory& OrloStrategyFactory::instance()
