@@ -24,18 +24,18 @@ void EditorForms::openNew()
         unused()->openNew();
 }
 
-void EditorForms::openEdit(const QString& planId)
+void EditorForms::openEdit(const StoredPlan& plan)
 {
     for (const auto& form : m_forms) {
-        if (form->isVisible() && form->editedPlan() == planId) {
+        if (form->isVisible() && form->editedPlan() == plan.id) {
             form->raise();
             form->activateWindow();
             use(form.get());
             return;
         }
     }
-    if (mayOpenEdit(planId))
-        unused()->openEdit(planId);
+    if (isPossible(PlanLife::changeError(plan)))
+        unused()->openEdit(plan.id);
 }
 
 void EditorForms::openCopy(const QString& planId)
@@ -98,13 +98,6 @@ bool EditorForms::mayOpenNew() const
     if (status)
         status = session.accounts().newPlanError(session.user().id);
     return isPossible(status);
-}
-
-// The form itself reports that the plan cannot be read.
-bool EditorForms::mayOpenEdit(const QString& planId) const
-{
-    const Result<StoredPlan> plan = ClientSession::instance().plans().plan(planId);
-    return !plan || isPossible(PlanLife::changeError(*plan));
 }
 
 /// If it is not, says why.

@@ -2,6 +2,7 @@
 
 #include "DraftFile.h"
 #include "Status.h"
+#include "StoredPlan.h"
 
 #include <QObject>
 #include <QString>
@@ -24,8 +25,9 @@ public:
 
     /// Opens a form, or says why the user cannot fill it in.
     void openNew();
-    /// Brings the form of a plan that is already edited to the front. Says why a plan cannot be changed.
-    void openEdit(const QString& planId);
+    /// Brings the form of a plan that is already edited to the front. Says why a plan cannot be changed, as far as it
+    /// is known without reading it again.
+    void openEdit(const StoredPlan& plan);
     void openCopy(const QString& planId);
     /// Opens a form that was not sent before the client was killed.
     void openDraft(const FormDraft& draft);
@@ -52,7 +54,6 @@ Q_SIGNALS:
 
 private:
     bool mayOpenNew() const;
-    bool mayOpenEdit(const QString& planId) const;
     bool isPossible(const Status& status) const;
     EditorDialog* add();
     EditorDialog* unused();

@@ -436,7 +436,7 @@ QStringList MainWindow::chosenPlans() const
 void MainWindow::openEdit()
 {
     if (!currentPlan().isEmpty())
-        m_forms->openEdit(currentPlan());
+        m_forms->openEdit(m_table->currentPlan());
 }
 
 void MainWindow::openCopy()
