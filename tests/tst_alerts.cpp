@@ -359,7 +359,8 @@ private:
 
     static void setState(const QString& plan, PlanState state)
     {
-        PlanStates states(database(), ClientSession::instance().user(), clientToday());
+        const ClientSession& client = ClientSession::instance();
+        PlanStates states(database(), client.user(), client.calendar(), clientToday());
         const auto changes = states.set({ plan }, state, QStringLiteral("r"), [](int) { return true; });
         QCOMPARE(changes.changed, QStringList(plan));
     }

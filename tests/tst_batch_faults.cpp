@@ -98,8 +98,9 @@ private Q_SLOTS:
         for (int nth = 1; failed && nth < MostOperations; nth += nth < FirstOperations ? 1 : stride) {
             QCOMPARE(client.database().configure(QStringLiteral("PRAGMA shrink_memory")), Status());
             FaultyDisk::failAt(nth, fault, lasting, operation);
-            const StateChanges changes = PlanStates(client.database(), client.user(), SampleSession::today())
-                                             .set(ids, state, QString(), [](int) { return true; });
+            const StateChanges changes =
+                PlanStates(client.database(), client.user(), client.calendar(), SampleSession::today())
+                    .set(ids, state, QString(), [](int) { return true; });
             failed = FaultyDisk::hasFailed();
             FaultyDisk::heal();
             const QStringList stored =
@@ -150,9 +151,8 @@ private:
     static StateChanges set(const QStringList& ids, PlanState state)
     {
         ClientSession& client = ClientSession::instance();
-        return PlanStates(client.database(), client.user(), SampleSession::today()).set(ids, state, QString(), [](int) {
-            return true;
-        });
+        return PlanStates(client.database(), client.user(), client.calendar(), SampleSession::today())
+            .set(ids, state, QString(), [](int) { return true; });
     }
 
     static void addFaults(const std::function<void(const Fill& fill)>& each)

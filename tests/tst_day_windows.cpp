@@ -13,6 +13,7 @@
 #include "TestStatus.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
@@ -176,6 +177,27 @@ private Q_SLOTS:
         QCOMPARE(rows->index(0, IssueSheetModel::ResultColumn).data().toString(),
             QStringLiteral("2024-05-06漏下达，不补下达"));
         QCOMPARE(rows->index(0, IssueSheetModel::Quantity).data().toString(), QStringLiteral("300 股"));
+    }
+
+    void aMissedDayStaysWhenThePlanIsPausedAndResumed()
+    {
+        createSamples(1);
+        setClientToday(Tuesday);
+        openWindow();
+        const auto result = [this] {
+            auto* const table = window().findChild<PlanTable*>();
+            return table->model()->index(0, PlanColumns::LastResult).data().toString();
+        };
+        const QString missed = QStringLiteral("05-06 漏下达");
+        QCOMPARE(result(), missed);
+        for (const auto& [action, done] :
+            { std::pair("action_pause", "1个计划已暂停"), std::pair("action_resume", "1个计划有效") }) {
+            field<QAction>(window(), action)->trigger();
+            QTRY_VERIFY_WITH_TIMEOUT(text(window(), "status").startsWith(QString::fromUtf8(done)), Patience);
+            QCOMPARE(result(), missed);
+            QVERIFY(detailsContain(QStringLiteral("未下达：漏下达")));
+        }
+        QTRY_COMPARE_WITH_TIMEOUT(count()->text(), QStringLiteral("提醒 1"), Patience);
     }
 
     void theDetailsTellWhyADayWasRefused()

@@ -306,6 +306,7 @@ void addStrategyFileRows()
     addRow("第3行：文件中没有策略", { Error::StrategyFileLine, { QStringLiteral("3") }, Error::NoStrategy });
     addRow("--replace一次只能用于一个文件", Error::ReplaceOneFile);
     addRow("工作表最多有5行，请导出为CSV", { Error::TooManyRowsForSheet, { QStringLiteral("5") } });
+    addRow("漏下达", Error::DayMissed);
     addRow("证券113001.SH不能用于指令类型“普通”",
         { Error::SecurityNotOffered, { QStringLiteral("113001.SH"), QStringLiteral("普通") } });
     addRow("证券510300.SH在指令类型“普通”中不能按金额交易",

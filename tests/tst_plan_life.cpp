@@ -295,7 +295,8 @@ private:
 
     static PlanStates states()
     {
-        return PlanStates(database(), ClientSession::instance().user(), SampleSession::today());
+        const ClientSession& client = ClientSession::instance();
+        return PlanStates(database(), client.user(), client.calendar(), SampleSession::today());
     }
 
     static StateChanges set(const QStringList& ids, PlanState state, const QString& reason = {})

@@ -161,7 +161,7 @@ private Q_SLOTS:
         const QString reason = text("停牌，\"另行\"通知");
         ClientSession& session = ClientSession::instance();
         const StateChanges changes =
-            PlanStates(session.database(), session.user(), SampleSession::today())
+            PlanStates(session.database(), session.user(), session.calendar(), SampleSession::today())
                 .set({ text("AP00000002") }, PlanState::Stopped, reason, [](int) { return true; });
         QCOMPARE(changes.changed, QStringList{ text("AP00000002") });
         const QVector<QStringList> rows =

@@ -3730,6 +3730,10 @@
         <source>证券%1在指令类型“%2”中不能按金额交易</source>
         <translation>Security %1 cannot be traded by amount with instruction type “%2”</translation>
     </message>
+    <message>
+        <source>漏下达</source>
+        <translation>Missed</translation>
+    </message>
 </context>
 <context>
     <name>ExportActions</name>

@@ -123,11 +123,12 @@ void StateActions::set(const FindPlans& find, PlanState state, const QString& re
     connect(&m_work, &LongWork::progressed, progress,
         [progress](int done) { progress->setLabelText(tr("已变更%1个计划……").arg(done)); });
     auto changes = std::make_shared<StateChanges>();
-    const auto work = [=, user = ClientSession::instance().user(), day = clientToday()](
+    const auto work = [=, user = ClientSession::instance().user(), calendar = ClientSession::instance().calendar(),
+                          day = clientToday()](
                           Database& database, const Status& opened, const LongWork::Progress& tell) {
         const Result<QStringList> plans = opened ? find(database) : opened;
         if (plans)
-            *changes = PlanStates(database, user, day).set(*plans, state, reason, tell);
+            *changes = PlanStates(database, user, calendar, day).set(*plans, state, reason, tell);
         else
             changes->failure = plans.status();
     };

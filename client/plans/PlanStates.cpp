@@ -1,6 +1,9 @@
 #include "PlanStates.h"
 
 #include "ClientClock.h"
+#include "ErrorText.h"
+#include "InstructionStore.h"
+#include "MissedDays.h"
 #include "PlanLife.h"
 #include "PlanRequests.h"
 #include "PlanRights.h"
@@ -20,9 +23,10 @@ Status reasonError(PlanState state, const QString& reason)
 
 } // namespace
 
-PlanStates::PlanStates(Database& database, const StoredUser& user, const QDate& day)
+PlanStates::PlanStates(Database& database, const StoredUser& user, const TradeCalendar& calendar, const QDate& day)
     : m_database(database)
     , m_user(user)
+    , m_calendar(calendar)
     , m_day(day)
 {
 }
@@ -68,9 +72,28 @@ Status PlanStates::setEach(
             continue;
         }
         const Change change{ m_user.id, clientNow(), changes.changed.isEmpty() ? request : QString() };
+        if (Status kept = keepMissedDays(*plan, change); !kept)
+            return kept;
         if (Status set = plans.replaceState(*plan, state, reason, change); !set)
             return set;
         changes.changed << id;
+    }
+    return {};
+}
+
+// Later they could not be told from days on which the plan was paused.
+Status PlanStates::keepMissedDays(const StoredPlan& plan, const Change& change)
+{
+    if (MissedDays::of(plan, {}, m_calendar, m_day).isEmpty())
+        return {};
+    InstructionStore instructions(m_database);
+    const Result<PlanDays> days = instructions.daysOf(plan.id);
+    if (!days)
+        return days.status();
+    const QVector<QDate> missed = MissedDays::of(plan, days->handled(), m_calendar, m_day);
+    for (const QDate& day : missed) {
+        if (Status kept = instructions.refuse(plan.id, day, errorText(Error::DayMissed), change); !kept)
+            return kept;
     }
     return {};
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "PlanStore.h"
+#include "TradeCalendar.h"
 
 #include <functional>
 #include <optional>
@@ -45,19 +46,22 @@ public:
     static constexpr int LongestReason = 200;
 
     /// `day`: the market's day.
-    PlanStates(Database& database, const StoredUser& user, const QDate& day);
+    PlanStates(Database& database, const StoredUser& user, const TradeCalendar& calendar, const QDate& day);
 
     /// Gives the user's plans a state, each if it can get it, a number of them in each transaction. Stopping needs a
-    /// reason, which the history keeps. If a plan cannot be read or written, those of earlier transactions are changed.
+    /// reason, which the history keeps. Days that a plan has missed so far are kept. If a plan cannot be read or
+    /// written, those of earlier transactions are changed.
     StateChanges set(const QStringList& planIds, PlanState state, const QString& reason, const Progress& progress);
 
 private:
     Status setEach(const QStringList& planIds, PlanState state, const QString& reason, const QString& request,
         StateChanges& changes);
+    Status keepMissedDays(const StoredPlan& plan, const Change& change);
     Status readRefusal(
         PlanRightsReader& rights, const QString& id, const StoredPlan& plan, PlanState state, Status& refused) const;
 
     Database& m_database;
     const StoredUser m_user;
+    const TradeCalendar m_calendar;
     const QDate m_day;
 };

@@ -41,6 +41,16 @@ PlanUse useOf(const QSqlQuery& row, int column)
 
 } // namespace
 
+QSet<QDate> PlanDays::handled() const
+{
+    QSet<QDate> days;
+    for (const InstructionRow::Fields& fields : instructions)
+        days << dayOf(fields.value(PlanCodes::FieldId::TradeDate));
+    for (auto refusal = refusals.cbegin(); refusal != refusals.cend(); ++refusal)
+        days << refusal.key();
+    return days;
+}
+
 InstructionStore::InstructionStore(Database& database)
     : m_database(database)
 {

@@ -6,6 +6,7 @@
 
 #include <QDate>
 #include <QHash>
+#include <QSet>
 
 /// What the instructions of a plan add up to.
 struct PlanUse {
@@ -34,6 +35,9 @@ struct PlanDays {
     QMap<QString, InstructionRow::Fields> instructions;
     /// The reasons why a day got no instruction.
     QMap<QDate, QString> refusals;
+
+    /// The days with an instruction or a reason.
+    QSet<QDate> handled() const;
 };
 
 /// The instructions of plans, with their price, quantities, amounts and fills as fields.

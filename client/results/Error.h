@@ -406,6 +406,7 @@ enum class Error {
     StateNotImported, ///< state
     ReplaceOneFile,
     TooManyRowsForSheet, ///< most rows
+    DayMissed,
     SecurityNotOffered, ///< symbol, instruction type
     AmountNotOffered,   ///< symbol, instruction type
     AlgorithmNeedsMode,

@@ -426,6 +426,7 @@ public:
         { Error::StateNotImported, QT_TR_NOOP("状态为“%1”的计划不能新建，只能导入执行中的计划") },
         { Error::ReplaceOneFile, QT_TR_NOOP("--replace一次只能用于一个文件") },
         { Error::TooManyRowsForSheet, QT_TR_NOOP("工作表最多有%1行，请导出为CSV") },
+        { Error::DayMissed, QT_TR_NOOP("漏下达") },
         { Error::SecurityNotOffered, QT_TR_NOOP("证券%1不能用于指令类型“%2”") },
         { Error::AmountNotOffered, QT_TR_NOOP("证券%1在指令类型“%2”中不能按金额交易") },
         { Error::AlgorithmNeedsMode, QT_TR_NOOP("算法只用于下单模式“算法交易复核”") },

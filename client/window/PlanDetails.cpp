@@ -125,9 +125,8 @@ PlanDetails::Rows PlanDetails::dayRows(const StoredPlan& plan, const Result<Plan
         days[dayOf(fields)] << JournalTexts::instruction(formatter, fields);
     for (auto refusal = stored->refusals.cbegin(); refusal != stored->refusals.cend(); ++refusal)
         days[refusal.key()] << tr("未下达：%1").arg(refusal.value());
-    const QList<QDate> handled = days.keys();
-    const QVector<QDate> missed = MissedDays::of(
-        plan, QSet<QDate>(handled.cbegin(), handled.cend()), ClientSession::instance().calendar(), clientToday());
+    const QVector<QDate> missed =
+        MissedDays::of(plan, stored->handled(), ClientSession::instance().calendar(), clientToday());
     for (const QDate& day : missed)
         days[day] << tr("漏下达");
     if (days.isEmpty())
