@@ -32,6 +32,8 @@ namespace {
 
 const QString Success = QStringLiteral("0");
 constexpr int Narrowest = 420;
+// On a screen that is narrower than this, texts of a large font are not cut: the window hangs over the edge.
+constexpr int WidestMinimum = 600;
 /// Largest parts of the screen for the parameters.
 constexpr double FormWidth = 0.9;
 constexpr double FormHeight = 0.6;
@@ -250,6 +252,7 @@ void AlgorithmPanel::resizeToContents()
     // Layouts keep their former size hints until they are activated, the inner ones first.
     m_formLayout->activate();
     layout()->activate();
+    setMinimumWidth(qBound(Narrowest, sizeHint().width(), WidestMinimum));
     QSize wanted = sizeHint().expandedTo({ Narrowest, 0 });
     if (layout()->hasHeightForWidth())
         wanted.setHeight(layout()->totalHeightForWidth(wanted.width()));
@@ -265,7 +268,8 @@ void AlgorithmPanel::fitScroll()
     const QList<QLayout*> layouts = m_form->findChildren<QLayout*>();
     std::for_each(layouts.crbegin(), layouts.crend(), [](QLayout* inner) { inner->activate(); });
     const QSize room = screen()->availableSize();
-    const QSize most(static_cast<int>(room.width() * FormWidth), static_cast<int>(room.height() * FormHeight));
+    const QSize most(
+        qMax(WidestMinimum, static_cast<int>(room.width() * FormWidth)), static_cast<int>(room.height() * FormHeight));
     QSize wanted = m_form->sizeHint();
     if (wanted.height() > most.height())
         wanted.rwidth() += m_scroll->verticalScrollBar()->sizeHint().width();
@@ -331,6 +335,7 @@ void AlgorithmPanel::showBaseData()
     m_baseData->setText(AlgorithmPanel::tr("账号：%1    证券：%2    方向：%3")
                             .arg(base.value(Content::TradingAccount).toString(), m_symbol,
                                 sideText(base.value(Content::OrderSide).toString())));
+    resizeToContents();
 }
 
 void AlgorithmPanel::showMessage(const QString& message)

@@ -38,6 +38,8 @@
 namespace {
 
 constexpr QSize EditorSize(517, 710);
+// A narrower form cuts texts of a large font.
+constexpr int NarrowestForm = 470;
 constexpr std::chrono::milliseconds UntilFormIsShown(200);
 constexpr std::chrono::milliseconds UntilKept(100);
 
@@ -291,7 +293,7 @@ void EditorDialog::fit()
     // If the form is higher than the screen, the scroll bar is beside it, not over it.
     const int bar = height > room.height() ? m_area->verticalScrollBar()->sizeHint().width() : 0;
     // On a narrow screen, the form is narrower rather than scrolled.
-    const int usual = qMin(EditorSize.width(), room.width() - bar - AdvisorSide::ToggleWidth);
+    const int usual = qBound(NarrowestForm, room.width() - bar - AdvisorSide::ToggleWidth, EditorSize.width());
     const QSize wanted(qMax(m_editor->minimumSizeHint().width(), usual), height);
     const int notice = noticeHeight(wanted.width());
     m_editor->setMinimumSize(wanted);
