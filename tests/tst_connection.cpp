@@ -15,6 +15,7 @@
 #include "PlanSubmission.h"
 #include "PlanTable.h"
 #include "Signatures.h"
+#include "StateActions.h"
 #include "TcpProxy.h"
 #include "TestStatus.h"
 
@@ -319,11 +320,13 @@ private Q_SLOTS:
         openWindow();
         setState("action_archive", QStringLiteral("0个计划已归档"), "msgBoxWarning");
         loseCommit();
-        const auto pauseAndLose = [this] {
+        QSignalSpy done(window().findChild<StateActions*>(), &StateActions::finished);
+        const auto pauseAndLose = [this, &done] {
             field<QAction>(window(), "action_pause")->trigger();
             QTRY_VERIFY_WITH_TIMEOUT(m_proxy->hasSwallowed(), Patience);
             m_proxy->cut();
-            QTRY_COMPARE_WITH_TIMEOUT(doneText(), QStringLiteral("0个计划已暂停"), Patience);
+            QTRY_COMPARE_WITH_TIMEOUT(done.size(), 1, 3 * Patience);
+            QCOMPARE(done.constFirst().constFirst().toString(), QStringLiteral("0个计划已暂停"));
         };
         QCOMPARE(boxOf(pauseAndLose, "msgBoxError"), errorText({ Error::OutcomeUnknown, {}, Error::ConnectionLost }));
         QCOMPARE(outcomeLater(),
