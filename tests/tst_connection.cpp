@@ -327,6 +327,7 @@ private Q_SLOTS:
             m_proxy->cut();
             QTRY_COMPARE_WITH_TIMEOUT(done.size(), 1, 3 * Patience);
             QCOMPARE(done.constFirst().constFirst().toString(), QStringLiteral("0个计划已暂停"));
+            QCOMPARE(doneText(), QStringLiteral("0个计划已暂停"));
         };
         QCOMPARE(boxOf(pauseAndLose, "msgBoxError"), errorText({ Error::OutcomeUnknown, {}, Error::ConnectionLost }));
         QCOMPARE(outcomeLater(),

@@ -597,8 +597,14 @@ private Q_SLOTS:
         const QString done = QStringLiteral("1个计划已暂停");
         field<StatusLine>(window(), "status")->showDone(done);
         QVERIFY(text(window(), "status").startsWith(done + QStringLiteral("，") + failed));
+        const QString lost = errorText(Error::ConnectionLost);
+        log().expectWarning(lost);
+        PlanEvents::instance().report(Error::ConnectionLost);
+        QCOMPARE(text(window(), "status"), done + QStringLiteral("，") + lost);
         QCOMPARE(database.execute(QStringLiteral("ALTER TABLE gone RENAME TO plans")), Status());
         QVERIFY(press(&window(), Qt::Key_F5));
+        QCOMPARE(text(window(), "status"), done);
+        Q_EMIT PlanEvents::instance().connectionRestored();
         QCOMPARE(text(window(), "status"), done);
     }
 

@@ -4544,10 +4544,6 @@ Continue?</translation>
         <translation>%1 The last attempt failed: %2.</translation>
     </message>
     <message>
-        <source>连接已恢复，%1</source>
-        <translation>The connection is restored, %1</translation>
-    </message>
-    <message>
         <source>策略文件…</source>
         <translation>Strategy files…</translation>
     </message>
@@ -5284,6 +5280,10 @@ Continue?</translation>
     <message>
         <source>，</source>
         <translation>, </translation>
+    </message>
+    <message>
+        <source>连接已恢复，%1</source>
+        <translation>The connection is restored, %1</translation>
     </message>
 </context>
 <context>

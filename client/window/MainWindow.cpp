@@ -320,7 +320,7 @@ Status MainWindow::readTable()
 // Services report while the editor waits for their answer, so the box comes after it, and one for all of them.
 void MainWindow::showFailure(const Status& failure)
 {
-    m_status->setText(errorText(failure));
+    m_status->showRead(failure);
     // The window shows a line as long as the connection is lost.
     if (isLoss(failure))
         return;
@@ -350,7 +350,7 @@ void MainWindow::endLoss()
     refresh();
     m_forms->lookForChange();
     if (!m_outdated->isVisible())
-        m_status->setText(tr("连接已恢复，%1").arg(m_status->countText()));
+        m_status->showRestored();
 }
 
 void MainWindow::showOutcome(UnknownRequest request, bool isStored, const QString& planId)

@@ -36,6 +36,12 @@ void StatusLine::showRead(const Status& read)
     showCount();
 }
 
+void StatusLine::showRestored()
+{
+    if (m_done.isEmpty() && m_failure.isEmpty())
+        setText(tr("连接已恢复，%1").arg(countText()));
+}
+
 void StatusLine::showDone(const QString& text)
 {
     m_done = text;

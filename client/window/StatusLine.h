@@ -16,14 +16,17 @@ public:
 
     /// Shows the number of plans, unless it still shows what was done or that the plans could not be read.
     void showCount();
-    /// Shows why the plans could not be read, until they are read again.
+    /// Shows why something could not be read, until the plans are read again.
     void showRead(const Status& read);
+    /// Says that the connection is back, unless it shows something else.
+    void showRestored();
     /// Shows for a while what was done.
     void showDone(const QString& text);
+
+private:
     /// The number of plans in words.
     QString countText() const;
 
-private:
     const PlanTable& m_table;
     QString m_done;
     QString m_failure;
