@@ -306,6 +306,10 @@ private Q_SLOTS:
         QCOMPARE(service().CreateNewPlan(SampleSession::record()), QString());
         exception.authorisedBy = QStringLiteral("nobody");
         QVERIFY(!limits.authorise(exception));
+        QCOMPARE(*owned.texts(QStringLiteral("SELECT authorised_by || ' ' || last_day || ' ' || reason"
+                                             " FROM limit_exceptions ORDER BY number DESC LIMIT 1"),
+                     {}),
+            QStringList(QStringLiteral("trader03 2024-05-06 大宗买入")));
     }
 
     void aRightThatIsGivenCountsAtTheNextCall()

@@ -2,6 +2,7 @@
 #include "AgreementStore.h"
 #include "AuthorityStore.h"
 #include "Database.h"
+#include "HistoryStore.h"
 #include "InstructionStore.h"
 #include "Kelvo_Fields.h"
 #include "LoggedTest.h"
@@ -349,6 +350,41 @@ private Q_SLOTS:
         QCOMPARE(plans.setState(plan, 1, PlanState::Stopped, reason, AtNoon),
             Status(Error::FieldNotStorable, { QStringLiteral("reason") }));
         QCOMPARE(plans.plan(plan)->state, PlanState::Active);
+    }
+
+    // Each change asks with a request id that was used, which the history refuses.
+    void whatIsNotInTheHistoryIsNotStored()
+    {
+        const QString protocol = QStringLiteral("reduce");
+        const QDate day(2024, 5, 6);
+        const Change repeated{ QStringLiteral("u"), Noon, QStringLiteral("used") };
+        PlanStore plans(*m_database);
+        InstructionStore instructions(*m_database);
+        AgreementStore agreements(*m_database);
+        QCOMPARE(agreements.add({ protocol, QStringLiteral("标题"), QStringLiteral("正文") }), Status());
+        const QString id = *plans.create(sampleRecord(), repeated);
+        const QString instruction = *instructions.add(id, day, {}, AtMorning);
+        PlanStore::Record changed = sampleRecord();
+        changed.insert(AutoPlanField::BaseField::remark, QStringLiteral("x"));
+
+        QVERIFY(!plans.create(sampleRecord(), repeated));
+        QVERIFY(!plans.modify(id, 1, changed, repeated));
+        QVERIFY(!plans.setState(id, 1, PlanState::Paused, QString(), repeated));
+        QVERIFY(!plans.complete(*plans.plan(id), day, repeated));
+        QVERIFY(!instructions.add(id, day, {}, repeated));
+        QVERIFY(!instructions.update(id, instruction, { { QStringLiteral("38"), QStringLiteral("1") } }, repeated));
+        QVERIFY(!agreements.sign(protocol, QStringLiteral("C1"), repeated));
+
+        QCOMPARE(*plans.count(), 1);
+        const StoredPlan stored = *plans.plan(id);
+        QCOMPARE(stored.version, 1);
+        QCOMPARE(stored.record, sampleRecord());
+        QCOMPARE(stored.state, PlanState::Active);
+        QVERIFY(!stored.completed.isValid());
+        QCOMPARE(instructions.ofPlan(id)->keys(), QStringList{ instruction });
+        QVERIFY(!instructions.ofPlan(id)->value(instruction).contains(QStringLiteral("38")));
+        QVERIFY(!agreements.signedTime(protocol, QStringLiteral("C1"))->isValid());
+        QCOMPARE(HistoryStore(*m_database).ofPlan(1)->size(), 2);
     }
 
     void accountsComeInTheOrderInWhichTheyWereGiven()
