@@ -565,9 +565,14 @@ private Q_SLOTS:
         QCOMPARE(run("migrate").output, line("已是如此，没有变化\n"));
         QCOMPARE(run("add-account 1 name=一号 fund=F1 client=C1 branch=B1").output, line("账户1：已建立，名称一号\n"));
         QCOMPARE(run("set-limits 1 quantity=5").output, line("账户1：最大数量由usual改为5\n"));
-        QVERIFY(run("set-cash 1 2500.5").errors.endsWith(line("plandesk: 资金（元）“2500.5”不是数字\n")));
-        QCOMPARE(run("set-cash 1 2500.50").output, line("账户1：可用资金由未知改为2500.50元\n"));
-        QCOMPARE(run("set-cash 1 2500.50").output, line("已是如此，没有变化\n"));
+        QCOMPARE(run("set-limits 1 amount=5千万").output, line("账户1：最大金额（元）由usual改为50000000\n"));
+        QVERIFY(run("set-limits 1 amount=5.5").errors.endsWith(line("plandesk: 最大金额（元）“5.5”不是正整数\n")));
+        QVERIFY(run("set-cash 1 50万股").errors.endsWith(line("plandesk: 资金（元）“50万股”不是数字\n")));
+        QVERIFY(run("set-cash 1 2500.505").errors.endsWith(line("plandesk: 资金（元）“2500.505”不是数字\n")));
+        QCOMPARE(run("set-cash 1 50万").output, line("账户1：可用资金由未知改为500000.00元\n"));
+        QCOMPARE(run("set-cash 1 500,000元").output, line("已是如此，没有变化\n"));
+        QCOMPARE(run("set-cash 1 2500.50").output, line("账户1：可用资金由500000.00元改为2500.50元\n"));
+        QCOMPARE(run("set-cash 1 2500.5").output, line("已是如此，没有变化\n"));
         QCOMPARE(run("set-cash 1 unknown").output, line("账户1：可用资金由2500.50元改为未知\n"));
         QCOMPARE(run("set-cash 2 1").code, 1);
         QCOMPARE(run("set-chain 1 5 reviewers=").output, line("已是如此，没有变化\n"));
@@ -596,7 +601,7 @@ private Q_SLOTS:
             line("admin") };
         for (const char* const words : { "list", "init", "init", "migrate",
                  "add-account 1 name=一号 fund=F1 client=C1 branch=B1 XSHG=A1", "add-account 1 name=二号",
-                 "set-limits 1 quantity=5 price-band=10", "set-limits usual amount=x", "set-cash 1 2500.5",
+                 "set-limits 1 quantity=5 price-band=10", "set-limits usual amount=x", "set-cash 1 x",
                  "set-cash 1 2500.50", "set-cash 1 unknown", "add-user USER 丁", "add-user USER 丁 --generate-password",
                  "set-chain 1 5 executors=丁 reviewers=丁", "grant USER 1 5 1 --review", "grant USER 1 5",
                  "grant USER 1 x", "list", "revoke USER 1 5", "revoke USER", "add-account 2 asset=x" }) {

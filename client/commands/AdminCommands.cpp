@@ -4,6 +4,7 @@
 #include "ChainAdministration.h"
 #include "CommandForms.h"
 #include "Console.h"
+#include "DecimalText.h"
 #include "ErrorText.h"
 #include "FileMove.h"
 #include "RightsReport.h"
@@ -137,17 +138,30 @@ Result<QStringList> addAccount(Administration& administration, const Options& op
     return AccountAdministration(administration).addAccount(options.arguments.at(0), *items);
 }
 
+/// The digits of a number like "50万", which is typed as in the form; any other text as it is.
+QString digitsOf(const QString& text, int decimals, const NumberUnit& unit)
+{
+    constexpr double Largest = 1e15;
+    const Result<double> number = typedNumber(text, { 0, Largest, decimals }, unit);
+    return number ? decimalText(*number, decimals, false) : text;
+}
+
 Result<QStringList> setLimits(Administration& administration, const Options& options)
 {
-    const auto items = itemsOf(options, 1, AccountAdministration::limitItems());
+    auto items = itemsOf(options, 1, AccountAdministration::limitItems());
     if (!items)
         return items.status();
+    for (QString& limit : *items)
+        limit = digitsOf(limit, 0, {});
     return AccountAdministration(administration).setLimits(options.arguments.at(0), *items);
 }
 
 Result<QStringList> setCash(Administration& administration, const Options& options)
 {
-    return AccountAdministration(administration).setCash(options.arguments.at(0), options.arguments.at(1));
+    NumberUnit yuan;
+    yuan.name = QStringLiteral("元");
+    return AccountAdministration(administration)
+        .setCash(options.arguments.at(0), digitsOf(options.arguments.at(1), 2, yuan));
 }
 
 Result<QStringList> setChain(Administration& administration, const Options& options)
