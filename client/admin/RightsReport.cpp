@@ -202,7 +202,8 @@ Result<QJsonObject> RightsReport::json(Administration& administration)
     QJsonArray users;
     QJsonArray accounts;
     QJsonObject usual;
-    const Result<QStringList> read = administration.run([&](Database& database, QStringList&) -> Status {
+    Database& database = administration.database();
+    const Status read = database.snapshot([&]() -> Status {
         if (Status status = append(users, database, UserStore(database).users(), userObject); !status)
             return status;
         if (Status status = append(accounts, database, AccountStore(database).accounts(), accountObject); !status)
@@ -212,7 +213,7 @@ Result<QJsonObject> RightsReport::json(Administration& administration)
         return limits.status();
     });
     if (!read)
-        return read.status();
+        return read;
     return QJsonObject{ { QStringLiteral("users"), users }, { QStringLiteral("accounts"), accounts },
         { QStringLiteral("limits"), usual } };
 }

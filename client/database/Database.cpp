@@ -144,12 +144,17 @@ Status Database::transaction(const std::function<Status()>& work)
 {
     if (m_inTransaction)
         return note(work());
-    if (Status status = begin(); !status)
-        return status;
-    return finish(work());
+    const Status begun = begin(dialect().begin);
+    return begun ? finish(work()) : begun;
 }
 
-Status Database::begin()
+Status Database::snapshot(const std::function<Status()>& work)
+{
+    const Status begun = begin(dialect().beginSnapshot);
+    return begun ? finish(work()) : begun;
+}
+
+Status Database::begin(const QString& statement)
 {
     m_commitFailed = false;
     m_sinceBegin.start();
@@ -157,7 +162,7 @@ Status Database::begin()
         return notOpen();
     if (Status status = m_engine->check(); !status)
         return status;
-    if (Status status = configure(m_engine->dialect().begin); !status)
+    if (Status status = configure(statement); !status)
         return status;
     m_inTransaction = true;
     m_failure = Status();

@@ -73,6 +73,9 @@ public:
     /// no later statement runs. A nested `transaction` joins the outer one. Nothing is written once the file was
     /// deleted, exchanged, moved or linked.
     Status transaction(const std::function<Status()>& work);
+    /// Runs `work`, which only reads, on the contents of one moment, outside of a transaction. Waits for nobody, and is
+    /// possible on a replica.
+    Status snapshot(const std::function<Status()>& work);
 
     /// True if the last transaction failed in its COMMIT, which may have been stored all the same.
     bool commitFailed() const { return m_commitFailed; }
@@ -148,7 +151,7 @@ public:
 
 private:
     Status openWith(const QString& location, bool migrates, const FileIdentity& file);
-    Status begin();
+    Status begin(const QString& statement);
     Result<qint64> insertAlone(const QString& statement, const QVariantList& values);
     Status finish(const Status& worked);
     Status run(

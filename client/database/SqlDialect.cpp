@@ -6,6 +6,7 @@ const SqlDialect& SqlDialect::sqlite()
     static const SqlDialect dialect{
         true,
         QStringLiteral("BEGIN IMMEDIATE"),
+        QStringLiteral("BEGIN"),
         QString(),
         QString(),
         false,
@@ -32,6 +33,7 @@ const SqlDialect& SqlDialect::postgres()
     static const SqlDialect dialect{
         false,
         QStringLiteral("BEGIN ISOLATION LEVEL READ COMMITTED READ WRITE"),
+        QStringLiteral("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY"),
         QStringLiteral(" FOR NO KEY UPDATE"),
         // A number of this use.
         QStringLiteral("SELECT pg_advisory_xact_lock(20713)"),

@@ -15,6 +15,8 @@ struct SqlDialect {
     bool isLocal;
     /// Begins a write transaction.
     QString begin;
+    /// Begins a transaction that only reads, on the contents of one moment.
+    QString beginSnapshot;
     /// Appended to a SELECT, keeps others from changing its rows until the transaction ends. Empty if a transaction is
     /// the only one that writes.
     QString rowLock;

@@ -40,6 +40,13 @@ void FaultServer::stop(const QString& mode)
     runScript({ QStringLiteral("stop"), mode });
 }
 
+quint16 FaultServer::startReplica()
+{
+    runScript({ QStringLiteral("replica") });
+    QFile port(TestDatabase::serverFolder() + QStringLiteral("/replica-port"));
+    return port.open(QIODevice::ReadOnly) ? port.readAll().trimmed().toUShort() : 0;
+}
+
 void FaultServer::fillDisk(const QString& part)
 {
     QFile note(noteOfFullDisk());
