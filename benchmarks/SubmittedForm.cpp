@@ -48,9 +48,10 @@ void SubmittedForm::fill()
 
 double SubmittedForm::submit()
 {
+    auto* const ok = field<QAbstractButton>(m_editor, "btn_ok");
     m_seconds = 0;
     m_timer.start();
-    field<QAbstractButton>(m_editor, "btn_ok")->click();
+    ok->click();
     return m_seconds;
 }
 

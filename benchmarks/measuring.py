@@ -19,7 +19,7 @@ TABLE_PLANS = 1_000_000
 TABLE_ACCOUNTS = 100
 CONFIRM_RUNS = 5
 # Version of the generated data; increment it when the output of make_data changes.
-DATA_VERSION = 6
+DATA_VERSION = 7
 
 
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))

@@ -160,23 +160,23 @@ Status Database::begin(const QString& statement)
     m_sinceBegin.start();
     if (!isOpen())
         return notOpen();
-    if (Status status = m_engine->check(); !status)
-        return status;
-    if (Status status = configure(statement); !status)
-        return status;
+    if (Status status = configure(statement); !status) {
+        const Status unchanged = m_engine->check();
+        return unchanged ? status : unchanged;
+    }
     m_inTransaction = true;
     m_failure = Status();
     return {};
 }
 
-// The file is looked at before COMMIT, while nothing is stored yet.
+// The file is looked at before COMMIT, while nothing is stored yet. In an exchanged one, everything else can fail.
 Status Database::finish(const Status& worked)
 {
     Status status = note(worked);
     if (status)
         status = m_failure;
-    if (status)
-        status = m_engine->check();
+    if (const Status unchanged = m_engine->check(); !unchanged)
+        status = unchanged;
     m_inTransaction = false;
     m_failure = Status();
     if (status) {

@@ -97,7 +97,7 @@ public:
     Status execute(const QString& statement, const QVariantList& values = {});
     /// Like `execute`; returns the number of changed rows.
     Result<int> change(const QString& statement, const QVariantList& values);
-    /// Like `execute`, for a statement that returns the number of its new row.
+    /// Like `execute`, for a statement that inserts a row, which a server's statement returns. Returns its number.
     Result<qint64> insert(const QString& statement, const QVariantList& values);
     /// Reads all rows. If it fails, rows that were already taken must be dropped.
     Status read(const QString& statement, const QVariantList& values, const TakeRow& take);

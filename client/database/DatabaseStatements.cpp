@@ -1,6 +1,5 @@
 // The statements that run on an open connection.
 #include "Database.h"
-
 #include "DatabaseEngine.h"
 
 #include <QSqlError>
@@ -69,8 +68,15 @@ Result<qint64> Database::insert(const QString& statement, const QVariantList& va
     if (!m_inTransaction && dialect().nestsChanges)
         return insertAlone(statement, values);
     qint64 number = 0;
+    // For RETURNING, SQLite would make a table each time.
+    const auto lastNumber = [&number](const QSqlQuery& query) {
+        number = query.lastInsertId().toLongLong();
+        return Status();
+    };
     Status status = transaction([&] {
-        return read(statement, values, [&number](const QSqlQuery& row) { number = row.value(0).toLongLong(); });
+        return dialect().isLocal
+            ? run(statement, values, lastNumber)
+            : read(statement, values, [&number](const QSqlQuery& row) { number = row.value(0).toLongLong(); });
     });
     return status ? Result<qint64>(number) : status;
 }

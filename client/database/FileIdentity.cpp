@@ -17,9 +17,9 @@ namespace {
 constexpr int HeaderSize = 100;
 
 /// False if there is no such file.
-bool readState(const QString& fileName, struct stat& state)
+bool readState(const QByteArray& fileName, struct stat& state)
 {
-    return ::stat(QFile::encodeName(fileName).constData(), &state) == 0;
+    return ::stat(fileName.constData(), &state) == 0;
 }
 
 /// Whether the database's name still leads to the file that SQLite opened.
@@ -51,8 +51,9 @@ Status FileIdentity::remember(sqlite3* connection, const QString& fileName)
     // A file that cannot be written may have no log.
     for (const QString& name : { fileName, target + QStringLiteral("-wal"), target + QStringLiteral("-shm") }) {
         struct stat state { };
-        if (readState(name, state))
-            m_files.append({ name, state.st_dev, state.st_ino });
+        const QByteArray encoded = QFile::encodeName(name);
+        if (readState(encoded, state))
+            m_files.append({ encoded, state.st_dev, state.st_ino });
     }
     if (!isUnmoved(connection) || !areFilesSame())
         return Error::DatabaseFileChanged;

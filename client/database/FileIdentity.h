@@ -2,6 +2,7 @@
 
 #include "Status.h"
 
+#include <QByteArray>
 #include <QString>
 #include <QVector>
 
@@ -31,7 +32,7 @@ private:
         quint32 schema = 0;
     };
     struct File {
-        QString name;
+        QByteArray name;
         quint64 device = 0;
         quint64 inode = 0;
     };

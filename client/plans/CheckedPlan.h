@@ -36,7 +36,8 @@ struct Known {
 struct CheckedPlan {
     const PlanStore::Record& record;
     const PlanCheck::Known& known;
-    const QMap<QString, QVariant> otherParam;
+    const QMap<QString, QVariant> otherParam; ///< empty if it is not JSON
+    const bool isOtherParamJson;
 
     QString text(const QString& key) const { return record.value(key).toString(); }
     QString other(const QString& key) const { return otherParam.value(key).toString(); }

@@ -26,9 +26,9 @@ struct CodeRule {
     QStringList codes;
 };
 
-QVector<CodeRule> codeRules()
+const QVector<CodeRule>& codeRules()
 {
-    return {
+    static const QVector<CodeRule> rules{
         { Orlo_Fields::AutoPlan::templateCode, QStringLiteral(QT_TRANSLATE_NOOP("Caption", "计划类型")),
             { PlanType::CumulativeQty, PlanType::AverageQty, PlanType::SameElements, PlanType::ReduceHoldings } },
         { Orlo_Fields::AutoPlan::subType, QStringLiteral(QT_TRANSLATE_NOOP("Caption", "指令类型")),
@@ -40,6 +40,7 @@ QVector<CodeRule> codeRules()
         { BaseField::InstMode, QStringLiteral(QT_TRANSLATE_NOOP("Caption", "下单模式")),
             { InstMode::ActiveManage, InstMode::NormalReview, InstMode::AlgoReview } },
     };
+    return rules;
 }
 
 using PlanCheck::Rule;
@@ -62,15 +63,12 @@ Status otherParamIsReadable(const CheckedPlan& plan)
 {
     if (!plan.record.contains(BaseField::planOtherParam))
         return Error::NoOtherParam;
-    if (!PlanTexts::otherParam(plan.text(BaseField::planOtherParam)))
-        return Error::OtherParamNotJson;
-    return {};
+    return plan.isOtherParamJson ? Status() : Error::OtherParamNotJson;
 }
 
 Status codesAreKnown(const CheckedPlan& plan)
 {
-    const auto rules = codeRules();
-    for (const CodeRule& rule : rules) {
+    for (const CodeRule& rule : codeRules()) {
         if (!rule.codes.contains(plan.text(rule.key)))
             return { Error::UnknownCode, { rule.caption, plan.text(rule.key) } };
     }
@@ -286,8 +284,8 @@ const QVector<Rule>& recordRules()
 
 CheckedPlan checkedPlan(const PlanStore::Record& record, const PlanCheck::Known& known)
 {
-    const QString other = record.value(BaseField::planOtherParam).toString();
-    return { record, known, PlanTexts::otherParam(other).value_or(QMap<QString, QVariant>()) };
+    const auto other = PlanTexts::otherParam(record.value(BaseField::planOtherParam).toString());
+    return { record, known, other.value_or(QMap<QString, QVariant>()), other.has_value() };
 }
 
 Status firstError(const QVector<Rule>& rules, const CheckedPlan& plan)

@@ -42,28 +42,35 @@ const QStringList& stateTexts()
 
 } // namespace
 
-QString PlanRow::recordColumns()
+const QString& PlanRow::recordColumns()
 {
-    QString names;
-    for (const Column& column : fieldColumns())
-        names += column.name + QStringLiteral(", ");
-    return names + QStringLiteral("fields");
+    static const QString columns = [] {
+        QString names;
+        for (const Column& column : fieldColumns())
+            names += column.name + QStringLiteral(", ");
+        return names + QStringLiteral("fields");
+    }();
+    return columns;
 }
 
-QString PlanRow::recordPlaceholders()
+const QString& PlanRow::recordPlaceholders()
 {
-    return QStringLiteral("?, ").repeated(fieldColumns().size()) + QLatin1Char('?');
+    static const QString placeholders = QStringLiteral("?, ").repeated(fieldColumns().size()) + QLatin1Char('?');
+    return placeholders;
 }
 
 QVariantList PlanRow::recordValues(const QMap<QString, QVariant>& record)
 {
-    QVariantMap others = record;
+    static const QSet<QString> fields = [] {
+        QSet<QString> names;
+        for (const Column& column : fieldColumns())
+            names.insert(column.field);
+        return names;
+    }();
     QVariantList values;
-    for (const Column& column : fieldColumns()) {
+    for (const Column& column : fieldColumns())
         values << record.value(column.field);
-        others.remove(column.field);
-    }
-    return values << StoredTexts::toJson(others);
+    return values << StoredTexts::toJson(record, fields);
 }
 
 QString PlanRow::stateText(PlanState state)

@@ -12,8 +12,8 @@
 namespace PlanRow {
 
 /// The columns of a record, separated by commas, and as many placeholders.
-QString recordColumns();
-QString recordPlaceholders();
+const QString& recordColumns();
+const QString& recordPlaceholders();
 /// The values of `recordColumns`, NULL for an absent field.
 QVariantList recordValues(const QMap<QString, QVariant>& record);
 

@@ -14,6 +14,11 @@ namespace {
 const QString Oldest = QStringLiteral("number"); ///< first
 const QString Newest = QStringLiteral("number DESC");
 
+qint64 numberOf(const StoredPlan& plan)
+{
+    return PlanId::toNumber(plan.id).value_or(0);
+}
+
 /// The day in the market's time.
 QString marketDay(const QDateTime& time)
 {
@@ -62,8 +67,7 @@ Result<QString> PlanStore::create(const Record& record, const Change& change, co
     const QString time = StoredTime::toText(change.time);
     const QString values = condition.text.isEmpty() ? QStringLiteral("VALUES (1, ?, ?, ?, %1)")
                                                     : QStringLiteral("SELECT 1, ?, ?, ?, %1 WHERE ") + condition.text;
-    const SqlQuery insertion{ QStringLiteral("INSERT INTO plans (version, creator, created_time, changed_time, %1) %2"
-                                             " RETURNING number")
+    const SqlQuery insertion{ QStringLiteral("INSERT INTO plans (version, creator, created_time, changed_time, %1) %2")
                                   .arg(PlanRow::recordColumns(), values.arg(PlanRow::recordPlaceholders())),
         QVariantList{ change.user, time, time } + PlanRow::recordValues(record) + condition.values };
     const Result<qint64> number =
@@ -92,7 +96,7 @@ Status PlanStore::replace(const StoredPlan& plan, const Record& record, const Ch
             .arg(PlanRow::recordColumns(), PlanRow::recordPlaceholders());
     const QVariantList values{ marketDay(change.time), StoredTime::toText(change.time) };
     return update(plan, { columns, values + PlanRow::recordValues(record) },
-        { HistoryEvent::Changed, 0, plan.version + 1, {}, plan.record, record }, change);
+        { HistoryEvent::Changed, numberOf(plan), plan.version + 1, {}, plan.record, record }, change);
 }
 
 Status PlanStore::setState(
@@ -109,7 +113,7 @@ Status PlanStore::replaceState(const StoredPlan& plan, PlanState state, const QS
     if (!StoredTexts::isStorable(reason))
         return { Error::FieldNotStorable, { QStringLiteral("reason") } };
     const QString text = PlanRow::stateText(state);
-    HistoryEntry entry{ HistoryEvent::StateChanged, 0, plan.version + 1, {}, {}, {} };
+    HistoryEntry entry{ HistoryEvent::StateChanged, numberOf(plan), plan.version + 1, {}, {}, {} };
     entry.before.insert(QStringLiteral("state"), PlanRow::stateText(plan.state));
     entry.after.insert(QStringLiteral("state"), text);
     if (!reason.isEmpty())
@@ -123,10 +127,10 @@ Status PlanStore::replaceState(const StoredPlan& plan, PlanState state, const QS
 Status PlanStore::complete(const StoredPlan& plan, const QDate& day, const Change& change)
 {
     const QString text = day.toString(Qt::ISODate);
-    const SqlQuery planChange{ QStringLiteral("UPDATE plans SET completed_day = ? WHERE number = ? RETURNING number"),
-        { text, PlanId::toNumber(plan.id).value_or(0) } };
+    const SqlQuery planChange{ QStringLiteral("UPDATE plans SET completed_day = ? WHERE number = ?"),
+        { text, numberOf(plan) } };
     return HistoryStore(m_database)
-        .addWith(planChange, { HistoryEvent::Completed, 0, plan.version, text, {}, {} }, change)
+        .addWith(planChange, { HistoryEvent::Completed, numberOf(plan), plan.version, text, {}, {} }, change)
         .status();
 }
 
@@ -144,12 +148,10 @@ Result<StoredPlan> PlanStore::planOfVersion(const QString& planId, int version)
 Status PlanStore::update(
     const StoredPlan& plan, const SqlQuery& assignment, const HistoryEntry& entry, const Change& change)
 {
-    const SqlQuery planChange{
-        QStringLiteral("UPDATE plans SET version = version + 1, changed_time = ?, %1 WHERE number = ? RETURNING number")
-            .arg(assignment.text),
-        QVariantList{ StoredTime::toText(change.time) } + assignment.values
-            + QVariantList{ PlanId::toNumber(plan.id).value_or(0) }
-    };
+    const SqlQuery planChange{ QStringLiteral(
+                                   "UPDATE plans SET version = version + 1, changed_time = ?, %1 WHERE number = ?")
+                                   .arg(assignment.text),
+        QVariantList{ StoredTime::toText(change.time) } + assignment.values + QVariantList{ numberOf(plan) } };
     const Result<qint64> number = HistoryStore(m_database).addWith(planChange, entry, change);
     return number && *number == 0 ? Status(Error::UnknownPlan, { plan.id }) : number.status();
 }
@@ -320,7 +322,16 @@ Result<QVector<StoredPlan>> PlanStore::unended(
 
 Result<QVector<StoredPlan>> PlanStore::newestOf(const QString& tradingAccount, int limit)
 {
-    return newest({ QStringLiteral("trading_account = ?"), { tradingAccount } }, limit);
+    const SqlQuery visible = m_scope.condition();
+    // One index has the plans that are archived, another one all others.
+    const QString each = QStringLiteral("SELECT number FROM (SELECT number FROM plans WHERE trading_account = ?"
+                                        " AND state %2 'archived' AND %1 ORDER BY number DESC LIMIT ?) AS newest")
+                             .arg(visible.text);
+    const QVariantList values = QVariantList{ tradingAccount } + visible.values + QVariantList{ limit };
+    return read({ QStringLiteral("number IN (%1 UNION ALL %2 ORDER BY number DESC LIMIT ?)")
+                        .arg(each.arg(QStringLiteral("<>")), each.arg(QLatin1Char('='))),
+                    values + values + QVariantList{ limit } },
+        Newest);
 }
 
 Result<QStringList> PlanStore::runningOf(const QString& tradingAccount, const QDate& day)

@@ -159,12 +159,11 @@ QStringList limitTables()
 }
 
 // Texts of an entry are NULL if it has none. Entries are kept, and with them the plans that they tell of.
-QString newHistory(const char* name, const char* moreEvents)
+QString newHistory(const char* name, const QString& eventCheck)
 {
     return QStringLiteral("CREATE TABLE %1 ("
                           "number INTEGER PRIMARY KEY AUTOINCREMENT,"
-                          "event TEXT NOT NULL CHECK (event IN"
-                          " ('created', 'changed', 'state changed', 'issued', 'instruction changed', 'signed'%2)),"
+                          "event TEXT NOT NULL CHECK (%2),"
                           "plan INTEGER REFERENCES plans (number), version INTEGER CHECK (version >= 1), subject TEXT,"
                           "before TEXT CHECK (before IS NULL OR before GLOB '{*}'),"
                           "after TEXT CHECK (after IS NULL OR after GLOB '{*}'),"
@@ -172,7 +171,7 @@ QString newHistory(const char* name, const char* moreEvents)
                           "client TEXT NOT NULL, request TEXT,"
                           "CHECK ((plan IS NULL) = (event = 'signed')), CHECK ((plan IS NULL) = (version IS NULL))"
                           ") STRICT")
-        .arg(QLatin1String(name), QLatin1String(moreEvents));
+        .arg(QLatin1String(name), eventCheck);
 }
 
 QStringList historyRules()
@@ -189,20 +188,26 @@ QStringList historyRules()
 
 QStringList historyTable()
 {
-    return QStringList(newHistory("history", "")) + historyRules();
+    const QString check =
+        QStringLiteral("event IN ('created', 'changed', 'state changed', 'issued', 'instruction changed', 'signed')");
+    return QStringList(newHistory("history", check)) + historyRules();
 }
 
-// A check is changed by a new table.
+// A check is changed by a new table. For each row, SQLite would make a table of a list.
 QStringList completedHistory()
 {
-    return QStringList{ newHistory("new_history", ", 'completed'"),
+    const QStringList events{ QStringLiteral("created"), QStringLiteral("changed"), QStringLiteral("state changed"),
+        QStringLiteral("issued"), QStringLiteral("instruction changed"), QStringLiteral("signed"),
+        QStringLiteral("completed") };
+    const QString check = QStringLiteral("event = '%1'").arg(events.join(QStringLiteral("' OR event = '")));
+    return QStringList{ newHistory("new_history", check),
         QStringLiteral("INSERT INTO new_history SELECT * FROM history"), QStringLiteral("DROP TABLE history"),
         QStringLiteral("ALTER TABLE new_history RENAME TO history") }
     + historyRules();
 }
 
 // Lists are filtered by what their indexes tell, without reading the plans. What a list is sorted by comes first. Lists
-// have archived plans only, or none, however many there are.
+// have archived plans only, or none, however many there are. A new plan writes a page of each of its indexes.
 QStringList coveringIndexes()
 {
     const QVector<QPair<const char*, const char*>> sources{ { "trading_account", "accounts" },
@@ -211,8 +216,8 @@ QStringList coveringIndexes()
         { "securities", "symbol, number, begin_date, end_date" }, { "ends", "end_date, number, begin_date" } };
     const QVector<QPair<const char*, const char*>> lists{ { "current", "<>" }, { "archived", "=" } };
     QStringList statements{ QStringLiteral("DROP INDEX creators_of_accounts"),
-        QStringLiteral("CREATE INDEX creators_of_accounts ON plans (trading_account, creator)"
-                       " WHERE state <> 'archived'") };
+        QStringLiteral("DROP INDEX plans_of_accounts"),
+        QStringLiteral("CREATE INDEX creators_of_accounts ON plans (trading_account, creator, state)") };
     for (const char* const source : { "accounts", "assignees", "executors" })
         statements << QStringLiteral("DROP INDEX securities_of_%1").arg(QLatin1String(source))
                    << QStringLiteral("DROP INDEX ends_of_%1").arg(QLatin1String(source));

@@ -21,7 +21,7 @@ const Security* securityOf(ClientSession& session, const Record& record)
 /// What the facts depend on, without what they are read from.
 QStringList keyOf(ClientSession& session, const Record& record)
 {
-    QStringList key{ session.database().process(), session.user().id, clientToday().toString(Qt::ISODate) };
+    QStringList key{ session.database().process(), session.user().id, QString::number(clientToday().toJulianDay()) };
     for (const QString& field :
         { Kelvo_Fields::UserAccount::tradingAccount, Kelvo_Fields::UserAccount::securityExchange,
             Kelvo_Fields::UserAccount::securityAccount, Kelvo_Fields::Security::symbol, Orlo_Fields::AutoPlan::subType,

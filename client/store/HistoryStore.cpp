@@ -47,9 +47,19 @@ QString insertion(const char* values)
         + QString::fromLatin1(values).arg(QStringLiteral("?, ?, ?, ?, ?, ?, ?, ?, ?"));
 }
 
-QString insertion()
+const QString& insertion()
 {
-    return insertion("VALUES (?, %1)");
+    static const QString statement = insertion("VALUES (?, %1)");
+    return statement;
+}
+
+/// Returns the number of the plan, which is a new one for 0; 0 if none was changed.
+Result<qint64> changePlan(Database& database, const SqlQuery& change, qint64 plan)
+{
+    if (plan == 0)
+        return database.insert(change.text, change.values);
+    const Result<int> changed = database.change(change.text, change.values);
+    return changed ? Result<qint64>(*changed == 0 ? 0 : plan) : changed.status();
 }
 
 /// The values of its other columns.
@@ -97,15 +107,16 @@ Result<qint64> HistoryStore::addWith(const SqlQuery& planChange, const HistoryEn
 {
     const QVariantList values = valuesOf(entry, change);
     if (m_database.dialect().nestsChanges) {
-        const QString statement = QStringLiteral("WITH changed AS (%1), noted AS (%2) SELECT number FROM changed")
+        const QString statement = QStringLiteral("WITH changed AS (%1 RETURNING number), noted AS (%2)"
+                                                 " SELECT number FROM changed")
                                       .arg(planChange.text, insertion("SELECT number, %1 FROM changed"));
         return m_database.insert(statement, planChange.values + values);
     }
     qint64 number = 0;
     const Status status = m_database.transaction([&] {
-        const Result<qint64> changed = m_database.insert(planChange.text, planChange.values);
+        const Result<qint64> changed = changePlan(m_database, planChange, entry.plan);
         number = changed.valueOr(0);
-        return changed ? m_database.execute(insertion(), QVariantList{ number } + values) : changed.status();
+        return number != 0 ? m_database.execute(insertion(), QVariantList{ number } + values) : changed.status();
     });
     return status ? Result<qint64>(number) : status;
 }

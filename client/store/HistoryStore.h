@@ -52,8 +52,8 @@ public:
 
     /// Adds an entry; call it in the transaction of the change. Refuses a request id that was used before.
     Status add(const HistoryEntry& entry, const Change& change);
-    /// Changes a plan by a statement that returns its number, and adds the entry for it, whose number is ignored.
-    /// Returns the number; 0 without an entry if the statement changes no plan.
+    /// Changes the plan of an entry by a statement, and adds the entry. A statement for an entry without a plan inserts
+    /// one. Returns the plan's number; 0 without an entry if the statement changes no plan.
     Result<qint64> addWith(const SqlQuery& planChange, const HistoryEntry& entry, const Change& change);
     /// The newest entries of a plan, at most `limit`, oldest first.
     Result<QVector<HistoryEntry>> ofPlan(qint64 plan, int limit = std::numeric_limits<int>::max());

@@ -45,11 +45,13 @@ bool StoredTexts::isStorable(const QString& text)
 }
 
 // Qt's document would copy the texts three times; each plan that is stored needs two of these objects.
-QString StoredTexts::toJson(const QVariantMap& texts)
+QString StoredTexts::toJson(const QVariantMap& texts, const QSet<QString>& without)
 {
     QString json(QLatin1Char('{'));
     for (auto text = texts.cbegin(); text != texts.cend(); ++text) {
-        if (text != texts.cbegin())
+        if (without.contains(text.key()))
+            continue;
+        if (json.size() > 1)
             json.append(QLatin1Char(','));
         appendText(json, text.key());
         json.append(QLatin1Char(':'));
