@@ -14,7 +14,7 @@ public:
     explicit PageChecker(const Database& session);
 
 Q_SIGNALS:
-    /// Emitted from the checker's thread: the database is damaged or cannot be read.
+    /// The database is damaged or cannot be read.
     void failed(const Status& failure);
 
 private:
