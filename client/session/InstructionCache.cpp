@@ -1,6 +1,6 @@
 #include "InstructionCache.h"
 
-#include "PlanEvents.h"
+#include "ReadReport.h"
 
 InstructionCache::InstructionCache(Database& database)
     : m_database(database)
@@ -48,5 +48,5 @@ void InstructionCache::startPrefetcher()
             if (token == m_database.changeToken())
                 m_known = { planId, token, instructions };
         });
-    QObject::connect(m_prefetcher.get(), &InstructionPrefetcher::failed, &PlanEvents::instance(), &PlanEvents::report);
+    QObject::connect(m_prefetcher.get(), &InstructionPrefetcher::failed, m_prefetcher.get(), reportFailure);
 }
