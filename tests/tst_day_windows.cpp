@@ -26,7 +26,6 @@
 
 namespace {
 
-constexpr int Patience = 5000; // milliseconds
 const QDate Monday = SampleSession::today();
 const QDate Tuesday = Monday.addDays(1);
 

@@ -33,12 +33,6 @@
 
 #include <algorithm>
 
-namespace {
-
-constexpr int Patience = 5000; // milliseconds
-
-} // namespace
-
 class DeskTest : public ClientWindowTest {
     Q_OBJECT
 

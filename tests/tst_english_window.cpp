@@ -40,8 +40,6 @@ using namespace PlanCodes;
 
 namespace {
 
-constexpr int Patience = 10000; // milliseconds
-
 void addModel(const QAbstractItemModel* model, QStringList& texts)
 {
     for (int column = 0; model && column < model->columnCount(); ++column) {

@@ -19,7 +19,6 @@
 
 namespace {
 
-constexpr int Patience = 60000; // milliseconds
 constexpr int ManyPlans = 3000;
 
 } // namespace

@@ -19,8 +19,6 @@ using namespace PlanCodes;
 
 namespace {
 
-constexpr int Patience = 60000; // milliseconds
-
 QDir settingsFolder()
 {
     return QFileInfo(QSettings(QStringLiteral("plandesk"), QStringLiteral("plandesk")).fileName()).absoluteDir();

@@ -26,7 +26,6 @@ using namespace HostileTexts;
 
 namespace {
 
-constexpr int Patience = 5000; // milliseconds
 constexpr int WidestWindow = 2000;
 
 } // namespace

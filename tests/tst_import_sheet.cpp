@@ -24,7 +24,6 @@
 
 namespace {
 
-constexpr int Patience = 60000; // milliseconds
 const QByteArray SecurityHeadings = "symbol,name,type,sub-type,decimals,factor,step,limit\n";
 
 } // namespace

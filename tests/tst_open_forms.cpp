@@ -22,8 +22,6 @@ using namespace PlanCodes;
 
 namespace {
 
-constexpr int Patience = 5000; // milliseconds
-
 /// The open forms, in the order of their titles.
 QVector<EditorDialog*> openForms()
 {

@@ -28,7 +28,6 @@ namespace {
 
 const QString Colleague = QStringLiteral("trader02");
 const QDateTime ChangeTime = QDateTime::fromString(QStringLiteral("2024-05-06T10:30:00.000Z"), Qt::ISODateWithMs);
-constexpr int Patience = 5000; // milliseconds until a queued dialog is shown
 
 } // namespace
 

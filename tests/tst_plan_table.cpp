@@ -263,7 +263,7 @@ private Q_SLOTS:
         openWindow();
         setClientToday(QDate(2024, 5, 7));
         QMetaObject::invokeMethod(window().findChild<QTimer*>(QStringLiteral("regularly")), "timeout");
-        QTRY_COMPARE_WITH_TIMEOUT(cell(0, PlanColumns::State), QStringLiteral("进行中"), 5000);
+        QTRY_COMPARE_WITH_TIMEOUT(cell(0, PlanColumns::State), QStringLiteral("进行中"), Patience);
     }
 
     void aPlanThatLeavesTheFilterIsNotCurrent()

@@ -17,7 +17,6 @@ namespace BaseField = AutoPlanField::BaseField;
 namespace {
 
 constexpr int ThreeSeconds = 3000 * TEST_TIMEOUT_SCALE;
-constexpr int Patience = 60000 * TEST_TIMEOUT_SCALE; // until the server answers again
 
 } // namespace
 

@@ -14,6 +14,9 @@
 /// A test of the client's window, on a new sample database for each test function.
 class ClientWindowTest : public ClientFormTest {
 protected:
+    /// The longest wait for what will happen, in milliseconds: on a busy machine a few thousand are not enough.
+    static constexpr int Patience = 60000 * TEST_TIMEOUT_SCALE;
+
     void openWindow();
     void closeWindow() { m_window.reset(); }
     MainWindow& window() const { return *m_window; }
