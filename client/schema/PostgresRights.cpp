@@ -163,7 +163,8 @@ CREATE FUNCTION may_trade(account text, type text, creator text) RETURNS boolean
     LANGUAGE plpgsql STABLE SECURITY DEFINER SET search_path = plandesk, pg_temp AS $$
 BEGIN
     RETURN EXISTS (SELECT FROM order_authorities AS o WHERE o.trading_account = account AND o.instruction_type = type
-        AND o.user = CASE WHEN account = ANY (own_accounts()) THEN session_user::text ELSE creator END);
+        AND o.user = CASE WHEN EXISTS (SELECT FROM user_accounts AS u WHERE u.user = session_user::text
+            AND u.trading_account = account) THEN session_user::text ELSE creator END);
 END $$;
 CREATE FUNCTION check_trade() RETURNS trigger
     LANGUAGE plpgsql SECURITY DEFINER SET search_path = plandesk, pg_temp AS $$
@@ -183,6 +184,24 @@ BEGIN
     END IF;
     RETURN NEW;
 END $$;
+-- Whether the user may create a plan. Each policy that names the table of another would ask that one's policy, too.
+CREATE FUNCTION may_create(account text, type text) RETURNS boolean
+    LANGUAGE plpgsql STABLE SECURITY DEFINER SET search_path = plandesk, pg_temp AS $$
+BEGIN
+    RETURN EXISTS (SELECT FROM user_accounts AS u JOIN order_authorities AS o USING ("user", trading_account)
+        WHERE u.user = session_user::text AND u.trading_account = account AND o.instruction_type = type);
+END $$;
+CREATE POLICY own ON plans FOR INSERT WITH CHECK (creator = session_user::text AND version = 1
+    AND may_create(trading_account, instruction_type));
+CREATE OR REPLACE FUNCTION is_visible_plan(plan_number bigint) RETURNS boolean
+    LANGUAGE plpgsql SECURITY DEFINER SET search_path = plandesk, pg_temp AS $$
+BEGIN
+    RETURN EXISTS (SELECT FROM plans AS p WHERE p.number = plan_number AND (EXISTS
+        (SELECT FROM user_accounts AS u WHERE u.user = session_user::text AND u.trading_account = p.trading_account)
+        OR p.assignee = own_name() OR p.executor = own_name()));
+END $$;
+REVOKE EXECUTE ON FUNCTION may_create FROM PUBLIC;
+GRANT EXECUTE ON FUNCTION may_create TO plandesk_user;
 REVOKE EXECUTE ON FUNCTION may_trade, check_trade FROM PUBLIC;
 CREATE TRIGGER trade_is_checked BEFORE UPDATE ON plans
     FOR EACH ROW WHEN (row_security_active('plandesk.plans'::regclass)) EXECUTE FUNCTION check_trade();

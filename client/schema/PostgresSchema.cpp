@@ -219,9 +219,29 @@ CREATE TRIGGER clients_are_notified AFTER INSERT OR UPDATE OR DELETE ON instruct
     FOR EACH STATEMENT EXECUTE FUNCTION notify_clients()
 )";
 
-const char* const CompletedHistory = R"(
-ALTER TABLE history DROP CONSTRAINT history_event_check, ADD CONSTRAINT history_event_check CHECK (event IN
-    ('created', 'changed', 'state changed', 'issued', 'instruction changed', 'signed', 'completed'))
+// A session prepares the condition of a domain once, but that of a table for each statement. A time that is not finite
+// has no text, which differs from any.
+const char* const CheckedDomains = R"(
+DROP POLICY own ON plans;
+ALTER TABLE plans DROP CONSTRAINT plans_version_check, DROP CONSTRAINT plans_state_check,
+    DROP CONSTRAINT plans_fields_check;
+ALTER TABLE history DROP CONSTRAINT history_version_check, DROP CONSTRAINT history_event_check,
+    DROP CONSTRAINT history_before_check, DROP CONSTRAINT history_after_check;
+CREATE DOMAIN version_number AS integer CHECK (VALUE >= 1);
+CREATE DOMAIN plan_state AS text COLLATE "C" CHECK (VALUE IN ('active', 'paused', 'stopped', 'archived'));
+CREATE DOMAIN event_name AS text COLLATE "C" CHECK (VALUE IN
+    ('created', 'changed', 'state changed', 'issued', 'instruction changed', 'signed', 'completed'));
+CREATE DOMAIN json_object AS json CHECK (json_typeof(VALUE) = 'object');
+ALTER TABLE plans ALTER COLUMN version TYPE version_number, ALTER COLUMN state TYPE plan_state,
+    ALTER COLUMN fields TYPE json_object;
+ALTER TABLE history ALTER COLUMN version TYPE version_number, ALTER COLUMN event TYPE event_name,
+    ALTER COLUMN before TYPE json_object, ALTER COLUMN after TYPE json_object;
+ALTER DOMAIN utc_time DROP CONSTRAINT utc_time_check;
+ALTER DOMAIN utc_time ADD CHECK (length(VALUE) = 24
+    AND VALUE IS NOT DISTINCT FROM to_char(VALUE::timestamp, 'YYYY-MM-DD"T"HH24:MI:SS.MS"Z"'));
+ALTER DOMAIN calendar_day DROP CONSTRAINT calendar_day_check;
+ALTER DOMAIN calendar_day ADD CHECK (length(VALUE) = 10
+    AND VALUE IS NOT DISTINCT FROM to_char(VALUE::date, 'YYYY-MM-DD'))
 )";
 
 // The day on which nothing was left of a plan, which is no change of the plan; since when it is active, if it was not
@@ -272,7 +292,13 @@ BEGIN
         RAISE EXCEPTION 'a plan is not moved to the account of others';
     END IF;
     RETURN NEW;
-END $$
+END $$;
+-- Of most changes, the condition says that they are allowed, for less than the function.
+DROP TRIGGER each_change_is_checked ON plans;
+CREATE TRIGGER each_change_is_checked BEFORE UPDATE ON plans FOR EACH ROW
+    WHEN (NEW.version <> OLD.version + 1 OR OLD.state IN ('stopped', 'archived')
+        OR NEW.trading_account IS DISTINCT FROM OLD.trading_account)
+    EXECUTE FUNCTION check_change()
 )";
 
 // Lists are filtered by what their indexes tell, without reading the plans. Lists have archived plans only, or none,
@@ -390,7 +416,7 @@ const QVector<Migration>& PostgresSchema::migrations()
                 statements(Privileges) } },
         { 2, PostgresRights::statements() },
         { 3,
-            QStringList{ statements(CompletedHistory), statements(PlanLife), statements(CoveringIndexes),
+            QStringList{ statements(CheckedDomains), statements(PlanLife), statements(CoveringIndexes),
                 statements(FactsVersion), statements(LaterNotices) }
                 + Bookings::postgresStatements() + PostgresRights::authorities() },
     };
