@@ -190,7 +190,7 @@ private Q_SLOTS:
         const QString missed = QStringLiteral("05-06 漏下达");
         QCOMPARE(result(), missed);
         for (const auto& [action, done] :
-            { std::pair("action_pause", "1个计划已暂停"), std::pair("action_resume", "1个计划有效") }) {
+            { std::pair("action_pause", "1个计划已暂停"), std::pair("action_resume", "1个计划已恢复") }) {
             field<QAction>(window(), action)->trigger();
             QTRY_VERIFY_WITH_TIMEOUT(text(window(), "status").startsWith(QString::fromUtf8(done)), Patience);
             QCOMPARE(result(), missed);

@@ -5258,6 +5258,10 @@ Continue?</translation>
         <source>，其余已取消</source>
         <translation>, the rest was cancelled</translation>
     </message>
+    <message>
+        <source>已恢复</source>
+        <translation>resumed</translation>
+    </message>
 </context>
 <context>
     <name>StatusLine</name>

@@ -145,7 +145,8 @@ void StateActions::report(StateChanges& done, PlanState state)
         lookUp(done);
     if (!done.changed.isEmpty())
         Q_EMIT PlanEvents::instance().plansStored();
-    QString text = tr("%1个计划%2").arg(QString::number(done.changed.size()), PlanLife::word(state));
+    const QString word = state == PlanState::Active ? tr("已恢复") : PlanLife::word(state);
+    QString text = tr("%1个计划%2").arg(QString::number(done.changed.size()), word);
     if (done.cancelled)
         text += tr("，其余已取消");
     Q_EMIT finished(text);
