@@ -121,7 +121,8 @@ Result<QStringList> revoke(Administration& administration, const Options& option
 Result<QMap<QString, QString>> itemsOf(const Options& options, int first, const QStringList& names)
 {
     QMap<QString, QString> items;
-    for (const QString& argument : options.arguments.mid(first)) {
+    const QStringList arguments = options.arguments.mid(first);
+    for (const QString& argument : arguments) {
         const QString name = argument.section(QLatin1Char('='), 0, 0);
         if (!argument.contains(QLatin1Char('=')) || !names.contains(name) || items.contains(name))
             return { Error::MalformedItem, { argument, listText(names) } };

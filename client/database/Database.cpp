@@ -72,7 +72,7 @@ Status Database::reopen()
     if (status)
         status = endProcess(former);
     if (status)
-        return status;
+        return {};
     close();
     m_location = location;
     m_process = former;

@@ -24,7 +24,8 @@ constexpr int UntilShown = 200; // milliseconds
 QString reasonsOf(const StateChanges& changes)
 {
     QStringList lines;
-    for (const StateChanges::Refused& refused : changes.refused.mid(0, MostReasons))
+    const auto shown = changes.refused.mid(0, MostReasons);
+    for (const StateChanges::Refused& refused : shown)
         lines << errorText(refused.reason);
     if (changes.refused.size() > MostReasons)
         lines << StateActions::tr("……共%1个计划").arg(changes.refused.size());

@@ -13,7 +13,7 @@ using Record = PlanStore::Record;
 
 constexpr int MostKept = 100;
 
-const Security* securityOf(ClientSession& session, const Record& record)
+const Security* securityOf(const ClientSession& session, const Record& record)
 {
     return session.market().find(record.value(Kelvo_Fields::Security::symbol).toString());
 }

@@ -206,6 +206,17 @@ void MainWindow::buildActions()
     connect(reload, &QAction::triggered, this, &MainWindow::refresh);
 
     const QList<QAction*> ofPlans{ create, m_edit, m_copy };
+    buildPlanMenu(ofPlans, issue);
+    QMenu* const view = menuBar()->addMenu(tr("视图(&V)"));
+    view->addActions({ reload, skin, strategies });
+    QToolBar* const bar = addToolBar(tr("工具栏"));
+    bar->setObjectName(QStringLiteral("toolBar"));
+    bar->setMovable(false);
+    bar->addActions(ofPlans + QList<QAction*>{ skin, issue });
+}
+
+void MainWindow::buildPlanMenu(const QList<QAction*>& ofPlans, QAction* issue)
+{
     const QList<QAction*> ofStates = stateActions();
     auto* const line = new QAction(this);
     line->setSeparator(true);
@@ -226,12 +237,6 @@ void MainWindow::buildActions()
     connect(exports, &ExportActions::finished, m_status, &StatusLine::showDone);
     connect(day, &DayWindows::planWanted, this, &MainWindow::goToPlan);
     connect(day, &DayWindows::dayBegan, &m_changes, &NoticeMerger::notice);
-    QMenu* const view = menuBar()->addMenu(tr("视图(&V)"));
-    view->addActions({ reload, skin, strategies });
-    QToolBar* const bar = addToolBar(tr("工具栏"));
-    bar->setObjectName(QStringLiteral("toolBar"));
-    bar->setMovable(false);
-    bar->addActions(ofPlans + QList<QAction*>{ skin, issue });
 }
 
 QList<QAction*> MainWindow::stateActions()

@@ -44,6 +44,7 @@ protected:
 private:
     QWidget* buildList();
     void buildActions();
+    void buildPlanMenu(const QList<QAction*>& ofPlans, QAction* issue);
     QList<QAction*> stateActions();
     void buildStatus();
     void showCalendar();
