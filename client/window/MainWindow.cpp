@@ -207,8 +207,7 @@ void MainWindow::buildActions()
 
     const QList<QAction*> ofPlans{ create, m_edit, m_copy };
     buildPlanMenu(ofPlans, issue);
-    QMenu* const view = menuBar()->addMenu(tr("视图(&V)"));
-    view->addActions({ reload, skin, strategies });
+    menuBar()->addMenu(tr("视图(&V)"))->addActions({ reload, skin, strategies });
     QToolBar* const bar = addToolBar(tr("工具栏"));
     bar->setObjectName(QStringLiteral("toolBar"));
     bar->setMovable(false);
