@@ -193,6 +193,10 @@ private Q_SLOTS:
             { Error::InvalidDate, { QStringLiteral("开始日期") } });
         row("the beginning is in another format", BaseField::beginDate, QStringLiteral("2024-5-6"),
             { Error::InvalidDate, { QStringLiteral("开始日期") } });
+        row("the beginning has a sign", BaseField::beginDate, QStringLiteral("2024-05-+6"),
+            { Error::InvalidDate, { QStringLiteral("开始日期") } });
+        row("the beginning has a time", BaseField::beginDate, QStringLiteral("2024-05-06T00:00:00"),
+            { Error::InvalidDate, { QStringLiteral("开始日期") } });
         row("the beginning is a Saturday", BaseField::beginDate, QStringLiteral("2024-05-04"),
             { Error::NotATradeDay, { QStringLiteral("开始日期"), QStringLiteral("2024-05-04") } });
         row("the beginning is a holiday", BaseField::beginDate, QStringLiteral("2024-05-01"),
