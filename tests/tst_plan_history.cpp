@@ -389,6 +389,19 @@ private Q_SLOTS:
         QCOMPARE(historyOf(id).at(0).user, QStringLiteral("trader01"));
     }
 
+    void anUnknownEventIsRefused()
+    {
+        const QString id = session().create(SampleSession::record());
+        Database owned;
+        QCOMPARE(owned.open(session().ownersFile()), Status());
+        const QString insertion = QStringLiteral("INSERT INTO history (event, plan, version, \"user\", time, client)"
+                                                 " VALUES ('%1', ?, 1, 'trader01', '2024-05-06T01:30:00.000Z', 'c')");
+        const QVariantList plan{ *PlanId::toNumber(id) };
+        QVERIFY(!owned.execute(insertion.arg(QStringLiteral("forgotten")), plan));
+        QCOMPARE(owned.execute(insertion.arg(QStringLiteral("completed")), plan), Status());
+        QCOMPARE(historyOf(id).size(), 2);
+    }
+
 private:
     static QString colleaguesName() { return UserStore(ClientSession::instance().database()).user(Colleague)->name; }
     static StoredPlan stored(const QString& id) { return *ClientSession::instance().plans().plan(id); }
